@@ -1,0 +1,41 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace vemra {
+
+/// What came of a suggestion. The order is the order in which a person is offered the choices.
+enum class GoalOutcomeValue : std::uint8_t {
+  reachedOut,
+  invited,
+  introduced,
+  helped,
+  wasUseful,
+  notAFit,
+  noActionTaken,
+  somethingElse,
+};
+
+/// All outcome values, in index order.
+inline constexpr std::array<GoalOutcomeValue, 8> allGoalOutcomeValues{
+    GoalOutcomeValue::reachedOut,    GoalOutcomeValue::invited,       GoalOutcomeValue::introduced,
+    GoalOutcomeValue::helped,        GoalOutcomeValue::wasUseful,     GoalOutcomeValue::notAFit,
+    GoalOutcomeValue::noActionTaken, GoalOutcomeValue::somethingElse,
+};
+
+/// What kind of subject an outcome is about. The engine may add kinds at the end.
+enum class GoalOutcomeSubjectKind : std::uint8_t { person, path };
+
+/// The name of a case as it is written in documents and stores ("wasUseful"); "" for a value that
+/// is no case.
+std::string_view caseName(GoalOutcomeValue value);
+std::string_view caseName(GoalOutcomeSubjectKind kind);
+
+/// The case of that exact name, or nil.
+std::optional<GoalOutcomeValue> goalOutcomeValueNamed(std::string_view name);
+std::optional<GoalOutcomeSubjectKind> goalOutcomeSubjectKindNamed(std::string_view name);
+
+}  // namespace vemra

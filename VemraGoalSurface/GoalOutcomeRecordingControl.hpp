@@ -1,0 +1,47 @@
+#pragma once
+
+#include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
+#include "VemraPlatform/ui/View.hpp"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// \file
+/// Internal to the screen: hosts use `GoalResultView`.
+
+namespace vemra {
+
+/// Lets the user say what came of one suggestion, and correct what was said before.
+///
+/// It has three faces: a button while nothing is recorded, a summary of the outcome in force, and
+/// the editor while the user is at it. What it shows as recorded is the outcome it was given, never
+/// what it saved itself; leaving the editor clears nothing, for entering it overwrites everything.
+struct GoalOutcomeRecordingControl {
+  static constexpr std::string_view name = "GoalOutcomeRecordingControl";
+
+  struct State {
+    bool isEditing = false;
+    GoalOutcomeValue selectedValue = GoalOutcomeValue::wasUseful;
+    std::string noteText;
+    friend bool operator==(const State&, const State&) = default;  // typed text: byte for byte
+  };
+
+  GoalOutcomeSubjectKind subjectKind;
+  std::optional<std::string> subjectRef;
+  std::optional<GoalOutcomeDTO> effectiveOutcome;
+  std::string identifierPrefix;
+  std::function<void(const GoalOutcomeRecordingInput&)> onRecord;
+
+  ui::View body(const ui::LocalState<State>& state) const;
+  ui::Properties properties(const State& state) const;
+
+ private:
+  ui::Children recordedSummary(const GoalOutcomeDTO& outcome,
+                               const ui::LocalState<State>& state) const;
+  ui::Children editor(const ui::LocalState<State>& state) const;
+  void save(const ui::LocalState<State>& state) const;
+};
+
+}  // namespace vemra

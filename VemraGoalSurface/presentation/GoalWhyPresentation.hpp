@@ -1,0 +1,28 @@
+#pragma once
+
+#include "VemraGoalEngine/GoalWhyDTO.hpp"
+
+#include <string>
+
+/// The line that says why a person or a path is suggested.
+namespace vemra::GoalWhyPresentation {
+
+/// The English line for a reason, shown as it is and never looked up; without a full stop.
+///
+/// Texts of the engine go in byte for byte; counts are plain base-10 integers. Pure, for any
+/// thread.
+///
+/// | reason | line |
+/// |---|---|
+/// | evidence | `label: detail`, whatever the two hold |
+/// | connection, 1 hop | Direct relationship evidence |
+/// | connection, n + 1 hops | Connected through n shared relationship(s); n may be negative |
+/// | shared activity | 3 shared threads, 1 shared meeting; counts below 1 are left out |
+/// | shared activity, no count above 0 | Relationship evidence |
+/// | name match | Matches on name |
+/// | any other plain reason | Candidate person |
+///
+/// A hop count of the smallest 64-bit integer has no predecessor and stops the process.
+std::string text(const GoalWhyDTO& why);
+
+}  // namespace vemra::GoalWhyPresentation

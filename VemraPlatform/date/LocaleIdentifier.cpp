@@ -1,0 +1,132 @@
+#include "VemraPlatform/date/LocaleIdentifier.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <set>
+
+#include <unicode/ucal.h>
+#include <unicode/uenum.h>
+#include <unicode/uloc.h>
+#include <unicode/unumsys.h>
+
+namespace vemra::date {
+namespace {
+
+using Enumeration =
+    std::unique_ptr<UEnumeration, decltype([](UEnumeration* e) { uenum_close(e); })>;
+using Names = std::set<std::string, std::less<>>;
+
+Names namesFrom(UEnumeration* opened) {
+  const Enumeration enumeration(opened);
+  Names names;
+  UErrorCode status = U_ZERO_ERROR;
+  std::int32_t length = 0;
+  while (const char* name = uenum_next(enumeration.get(), &length, &status)) {
+    names.emplace(name, static_cast<std::size_t>(length));
+  }
+  return names;
+}
+
+const Names& listedLocales() {
+  static const Names names = [] {
+    UErrorCode status = U_ZERO_ERROR;
+    return namesFrom(uloc_openAvailableByType(ULOC_AVAILABLE_WITH_LEGACY_ALIASES, &status));
+  }();
+  return names;
+}
+
+bool isCalendar(const std::string& name) {
+  static const Names calendars = [] {
+    UErrorCode status = U_ZERO_ERROR;
+    return namesFrom(ucal_getKeywordValuesForLocale("calendar", "root", false, &status));
+  }();
+  const char* legacy = uloc_toLegacyType("calendar", name.c_str());
+  return legacy != nullptr && calendars.contains(std::string_view(legacy));
+}
+
+bool isNumberingSystem(const std::string& name) {
+  constexpr std::array byLocale{"default", "native", "traditional", "traditio", "finance"};
+  if (std::find(byLocale.begin(), byLocale.end(), name) != byLocale.end()) return true;
+  UErrorCode status = U_ZERO_ERROR;
+  UNumberingSystem* system = unumsys_openByName(name.c_str(), &status);
+  unumsys_close(system);
+  return U_SUCCESS(status);
+}
+
+bool isLetterOrDigit(char character) noexcept {
+  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
+         (character >= '0' && character <= '9');
+}
+
+/// The base, and a BCP 47 extension if there is one, as ICU writes it.
+std::optional<std::string> icuBase(std::string_view base) {
+  if (base == "root" || base == "und") return std::string();
+  std::string name(base);
+  std::replace(name.begin(), name.end(), '-', '_');
+  if (listedLocales().contains(name)) return name;
+
+  std::replace(name.begin(), name.end(), '_', '-');
+  std::array<char, ULOC_FULLNAME_CAPACITY> identifier{};
+  std::array<char, ULOC_FULLNAME_CAPACITY> bare{};
+  std::int32_t parsed = 0;
+  UErrorCode status = U_ZERO_ERROR;
+  uloc_forLanguageTag(name.c_str(), identifier.data(), identifier.size(), &parsed, &status);
+  uloc_getBaseName(identifier.data(), bare.data(), bare.size(), &status);
+  const bool isWhole = parsed == static_cast<std::int32_t>(name.size());
+  if (U_FAILURE(status) || status == U_STRING_NOT_TERMINATED_WARNING || !isWhole) return {};
+  const bool isRoot = bare.front() == '\0' && name.starts_with("und-");
+  if (!isRoot && !listedLocales().contains(std::string_view(bare.data()))) return {};
+  return std::string(identifier.data());
+}
+
+/// Whether what stands behind `@` has the form `key=value;key=value`.
+bool areWellFormedKeywords(std::string_view keywords) {
+  while (true) {
+    const std::string_view pair = keywords.substr(0, keywords.find(';'));
+    const std::size_t sign = pair.find('=');
+    if (sign == 0 || sign == std::string_view::npos || sign + 1 == pair.size()) return false;
+    const auto isPartOfValue = [](char c) { return isLetterOrDigit(c) || c == '-' || c == '_'; };
+    if (!std::all_of(pair.begin(), pair.begin() + static_cast<std::ptrdiff_t>(sign),
+                     isLetterOrDigit) ||
+        !std::all_of(pair.begin() + static_cast<std::ptrdiff_t>(sign) + 1, pair.end(),
+                     isPartOfValue)) {
+      return false;
+    }
+    if (pair.size() == keywords.size()) return true;
+    keywords.remove_prefix(pair.size() + 1);
+  }
+}
+
+/// The value of a keyword, empty when the locale has none.
+std::string keyword(const std::string& identifier, const char* name) {
+  std::array<char, ULOC_KEYWORDS_CAPACITY> value{};
+  UErrorCode status = U_ZERO_ERROR;
+  uloc_getKeywordValue(identifier.c_str(), name, value.data(), value.size(), &status);
+  // A value that does not fit exists, and is no calendar and no numbering system.
+  return U_SUCCESS(status) ? std::string(value.data()) : std::string("?");
+}
+
+}  // namespace
+
+std::optional<std::string> icuLocale(std::string_view locale) {
+  constexpr std::size_t longest = ULOC_FULLNAME_CAPACITY - 1;
+  if (locale.empty() || locale.size() > longest) return std::nullopt;
+  const std::size_t at = locale.find('@');
+  std::optional<std::string> identifier = icuBase(locale.substr(0, at));
+  if (!identifier) return std::nullopt;
+  if (at != std::string_view::npos) {
+    const bool hasExtension = identifier->find('@') != std::string::npos;
+    if (hasExtension || !areWellFormedKeywords(locale.substr(at + 1))) return std::nullopt;
+    identifier->append(locale.substr(at));
+  }
+  const std::string calendar = keyword(*identifier, "calendar");
+  if (!calendar.empty() && !isCalendar(calendar)) return std::nullopt;
+  const std::string numbers = keyword(*identifier, "numbers");
+  if (!numbers.empty() && !isNumberingSystem(numbers)) return std::nullopt;
+  return identifier;
+}
+
+}  // namespace vemra::date

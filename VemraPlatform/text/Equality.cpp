@@ -1,0 +1,133 @@
+#include "VemraPlatform/text/Equality.hpp"
+
+#include "VemraPlatform/text/UTF8.hpp"
+
+#include <algorithm>
+#include <functional>
+#include <new>
+#include <stdexcept>
+
+#include <unicode/normalizer2.h>
+#include <unicode/unistr.h>
+
+namespace vemra::text {
+namespace {
+
+[[noreturn]] void stopFor(UErrorCode status) {
+  if (status == U_MEMORY_ALLOCATION_ERROR) throw std::bad_alloc();
+  throw std::runtime_error(std::string("Unicode normalisation failed: ") + u_errorName(status));
+}
+
+const icu::Normalizer2& decomposition() {
+  static const icu::Normalizer2& instance = [&]() -> const icu::Normalizer2& {
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::Normalizer2* found = icu::Normalizer2::getNFDInstance(status);
+    if (U_FAILURE(status)) stopFor(status);
+    return *found;
+  }();
+  return instance;
+}
+
+/// Normalization Form D of well-formed text (UAX #15), as scalars.
+///
+/// ICU knows what decomposes and how; the order of marks is ours, because ICU's insertion sort
+/// takes half a minute for a hundred thousand marks on one letter, which anyone can put into a
+/// name.
+std::u32string decomposed(std::string_view text) {
+  const icu::Normalizer2& form = decomposition();
+  const auto combiningClass = [&](char32_t scalar) {
+    return form.getCombiningClass(static_cast<UChar32>(scalar));
+  };
+  std::u32string scalars;
+  scalars.reserve(text.size());
+  std::size_t afterStarter = 0;
+  const auto orderMarks = [&] {
+    std::stable_sort(scalars.begin() + static_cast<std::ptrdiff_t>(afterStarter), scalars.end(),
+                     [&](char32_t a, char32_t b) { return combiningClass(a) < combiningClass(b); });
+  };
+  const auto add = [&](char32_t scalar) {
+    const bool isStarter = combiningClass(scalar) == 0;
+    if (isStarter) orderMarks();
+    scalars += scalar;
+    if (isStarter) afterStarter = scalars.size();
+  };
+
+  icu::UnicodeString parts;
+  while (!text.empty()) {
+    const Step step = firstStep(text);
+    text.remove_prefix(step.length);
+    if (!form.getDecomposition(static_cast<UChar32>(*step.scalar), parts)) {
+      add(*step.scalar);
+      continue;
+    }
+    for (std::int32_t index = 0; index < parts.length(); index = parts.moveIndex32(index, 1)) {
+      add(static_cast<char32_t>(parts.char32At(index)));
+    }
+  }
+  orderMarks();
+  return scalars;
+}
+
+bool isASCIIByte(char byte) noexcept {
+  return static_cast<unsigned char>(byte) < 0x80;
+}
+
+bool isTrail(char byte) noexcept {
+  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+/// From where on two texts have to be decomposed to be compared: the start of the last code point
+/// before their difference that nothing behind it reaches across.
+std::size_t boundaryBefore(std::string_view text, std::size_t difference) {
+  std::size_t start = difference;
+  while (start > 0) {
+    const Step step = lastStep(text.substr(0, start));
+    start -= step.length;
+    if (decomposition().hasBoundaryBefore(static_cast<UChar32>(*step.scalar))) break;
+  }
+  return start;
+}
+
+/// Rules 4 and 5, for well-formed texts whose code points first differ at `difference`.
+bool equalFrom(std::size_t difference, std::string_view a, std::string_view b) {
+  const char32_t inA = *firstStep(a.substr(difference)).scalar;
+  const char32_t inB = *firstStep(b.substr(difference)).scalar;
+  if (decomposition().isInert(static_cast<UChar32>(inA)) &&
+      decomposition().isInert(static_cast<UChar32>(inB))) {
+    return false;
+  }
+  const std::size_t start = boundaryBefore(a, difference);
+  return decomposed(a.substr(start)) == decomposed(b.substr(start));
+}
+
+}  // namespace
+
+bool equalBeyondAGlance(std::string_view a, std::string_view b) {
+  if (a == b) return true;
+
+  const auto firsts = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
+  if (firsts.first == a.end() || firsts.second == b.end()) return false;
+  if (isASCIIByte(*firsts.first) && isASCIIByte(*firsts.second)) return false;
+  const auto lasts = std::mismatch(a.rbegin(), a.rend(), b.rbegin(), b.rend());
+  if (lasts.first != a.rend() && lasts.second != b.rend() && isASCIIByte(*lasts.first) &&
+      isASCIIByte(*lasts.second)) {
+    return false;
+  }
+
+  if (!isWellFormed(a) || !isWellFormed(b)) return false;
+  auto difference = static_cast<std::size_t>(firsts.first - a.begin());
+  while (isTrail(a[difference])) --difference;
+  return equalFrom(difference, a, b);
+}
+
+std::size_t hash(std::string_view text) {
+  const std::hash<std::string_view> ofBytes;
+  // ASCII text is its own decomposition, and ill-formed text equals nothing but its own bytes.
+  if (isASCII(text) || !isWellFormed(text)) return ofBytes(text);
+  std::string form;
+  form.reserve(text.size() + text.size() / 2);
+  for (const char32_t scalar : decomposed(text)) append(form, scalar);
+  return ofBytes(form);
+}
+
+}  // namespace vemra::text

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vemra::text {
+
+/// Two texts are the same text when they are canonically equivalent (Unicode Standard Annex #15).
+///
+/// "é" is one text whether it is stored as U+00E9 or as "e" and U+0301, and people who share a name
+/// must not become two because their devices store it differently. So no record compares its
+/// strings with `==`; they compare and hash here. Case, compatibility forms ("ﬁ" and "fi") and
+/// blanks do matter, and stored bytes are never changed.
+///
+/// The rules, the first that applies:
+/// 1. equal bytes: equal;
+/// 2. either is ill-formed UTF-8: different (repairing would make `a\xC3` equal `a\xE9`);
+/// 3. the first, or the last, bytes that differ are both ASCII, or one text is a proper prefix of
+///    the other: different (an ASCII character stays itself in every normal form and no mark moves
+///    across it, and decomposing never shortens);
+/// 4. the first code points that differ are both inert under decomposition: different;
+/// 5. what the decomposed texts say.
+///
+/// Rule 3 gives the same answer whether or not the bytes are well-formed, so it may come before
+/// rule
+/// 2. It settles almost every comparison of identifiers, and its cheapest form is inline here: a
+/// scan that misses costs less than one with `std::string`'s own `==`.
+
+/// Says that two texts certainly differ, from their outermost eight bytes alone.
+///
+/// - Returns: true only for texts that are not canonically equivalent; false decides nothing.
+inline bool differAtAGlance(std::string_view a, std::string_view b) noexcept {
+  constexpr std::uint64_t highBits = 0x8080808080808080U;
+  const auto word = [](const char* bytes) noexcept {
+    std::uint64_t value;
+    std::memcpy(&value, bytes, sizeof value);
+    return value;
+  };
+  if (a.size() >= sizeof(std::uint64_t) && b.size() >= sizeof(std::uint64_t)) {
+    // Identifiers mostly differ at the end, so the end comes first.
+    const std::uint64_t endOfA = word(a.data() + a.size() - sizeof(std::uint64_t));
+    const std::uint64_t endOfB = word(b.data() + b.size() - sizeof(std::uint64_t));
+    if (endOfA != endOfB && ((endOfA | endOfB) & highBits) == 0) return true;
+    const std::uint64_t startOfA = word(a.data());
+    const std::uint64_t startOfB = word(b.data());
+    return startOfA != startOfB && ((startOfA | startOfB) & highBits) == 0;
+  }
+  if (a.empty() || b.empty()) return a.size() != b.size();
+  const auto differInASCII = [](char x, char y) noexcept {
+    return x != y && ((static_cast<unsigned char>(x) | static_cast<unsigned char>(y)) & 0x80U) == 0;
+  };
+  return differInASCII(a.back(), b.back()) || differInASCII(a.front(), b.front());
+}
+
+/// The rest of the rules, for texts that do not differ at a glance. Call `equal` instead.
+bool equalBeyondAGlance(std::string_view a, std::string_view b);
+
+/// Says whether two texts are canonically equivalent, by the rules above.
+///
+/// Safe on every thread. Throws only when memory runs out or the Unicode data cannot be loaded.
+inline bool equal(std::string_view a, std::string_view b) {
+  return !differAtAGlance(a, b) && equalBeyondAGlance(a, b);
+}
+
+/// Compares optional texts: nil equals only nil, and an empty text is not nil.
+///
+/// A template so that it takes nothing but optional texts, and plain texts go to the one above.
+template <std::same_as<std::optional<std::string>> Optional>
+bool equal(const Optional& a, const Optional& b) {
+  if (!a.has_value() || !b.has_value()) return a.has_value() == b.has_value();
+  return equal(std::string_view(*a), std::string_view(*b));
+}
+
+/// Hashes a text so that canonically equivalent texts hash equally.
+///
+/// The value is good for tables in this process only; it may change with the Unicode data.
+std::size_t hash(std::string_view text);
+
+/// Canonical equality as a function object for unordered containers, with lookup by view.
+struct Equal {
+  using is_transparent = void;
+  bool operator()(std::string_view a, std::string_view b) const { return equal(a, b); }
+};
+
+/// The hash that belongs to `Equal`.
+struct Hash {
+  using is_transparent = void;
+  std::size_t operator()(std::string_view text) const { return hash(text); }
+};
+
+}  // namespace vemra::text

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vemra::text {
+
+/// One step through UTF-8 text: the scalar found there, or nothing where the bytes are ill-formed.
+///
+/// An ill-formed byte is a step of its own, one byte long, so that a walk always ends and never
+/// swallows the well-formed text around it.
+struct Step {
+  std::optional<char32_t> scalar;
+  std::size_t length = 0;  ///< In bytes; 1 to 4, and 0 only for empty text.
+};
+
+/// Reads the first scalar of a text.
+///
+/// Well-formed is what Unicode's table 3-7 lists: no overlong forms, no surrogates, nothing above
+/// U+10FFFF.
+/// - Returns: the scalar and its length; `{nothing, 1}` for an ill-formed byte; `{nothing, 0}` for
+///   empty text.
+Step firstStep(std::string_view text) noexcept;
+
+/// Reads the last scalar of a text; the mirror of `firstStep`.
+///
+/// A byte that does not end a well-formed sequence is ill-formed by itself, whatever precedes it.
+Step lastStep(std::string_view text) noexcept;
+
+/// Appends a scalar to UTF-8 text.
+///
+/// - Parameter scalar: a Unicode scalar value; not checked.
+void append(std::string& text, char32_t scalar);
+
+/// Says whether the whole text is well-formed UTF-8. Empty text is.
+bool isWellFormed(std::string_view text) noexcept;
+
+/// Says whether every byte is below 0x80.
+bool isASCII(std::string_view text) noexcept;
+
+}  // namespace vemra::text

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "VemraPlatform/ui/Environment.hpp"
+#include "VemraPlatform/ui/LocalState.hpp"
+#include "VemraPlatform/ui/Property.hpp"
+
+#include <concepts>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+namespace vemra::ui {
+
+class View;
+
+template <class Struct>
+concept StatefulComposite = requires(const Struct& view,
+                                     const LocalState<typename Struct::State>& state) {
+  { view.body(state) } -> std::convertible_to<View>;
+};
+
+template <class Struct>
+concept StatelessComposite = requires(const Struct& view, const Environment& environment) {
+  { view.body(environment) } -> std::convertible_to<View>;
+}
+|| requires(const Struct& view) {
+  { view.body() } -> std::convertible_to<View>;
+};
+
+/// A plain struct with a `body`, in one of three shapes:
+///
+///     View body() const;
+///     View body(const Environment&) const;
+///     View body(const LocalState<State>&) const;   // with a nested `struct State`
+///
+/// It may name itself (`static constexpr std::string_view name`) and tell its properties
+/// (`Properties properties() const`, or `properties(const State&)`), both for developers only.
+template <class Struct>
+concept CompositeView = std::copy_constructible<Struct> &&
+    (StatefulComposite<Struct> || StatelessComposite<Struct>);
+
+/// A composite with its type forgotten: what the view graph sees.
+class AnyComposite {
+ public:
+  virtual ~AnyComposite() = default;
+  /// One address a type: two composites are of one kind when these are equal.
+  virtual const void* type() const = 0;
+  virtual std::string_view name() const = 0;
+  /// A new cell in its initial state, or nullptr when the composite has no state.
+  virtual std::shared_ptr<StateCell> makeState() const = 0;
+  virtual View body(const std::shared_ptr<StateCell>& state, const Environment&) const = 0;
+  virtual Properties properties(const StateCell* state) const = 0;
+};
+
+template <class Struct>
+class ErasedComposite final : public AnyComposite {
+ public:
+  explicit ErasedComposite(Struct value) : value_(std::move(value)) {}
+
+  const void* type() const override {
+    static constexpr char address = 0;
+    return &address;
+  }
+
+  std::string_view name() const override {
+    if constexpr (requires { std::string_view(Struct::name); }) {
+      return Struct::name;
+    } else {
+      return "View";
+    }
+  }
+
+  std::shared_ptr<StateCell> makeState() const override {
+    if constexpr (StatefulComposite<Struct>) {
+      return std::make_shared<StateCellOf<typename Struct::State>>();
+    } else {
+      return nullptr;
+    }
+  }
+
+  View body(const std::shared_ptr<StateCell>& state, const Environment& environment) const override;
+
+  Properties properties(const StateCell* state) const override {
+    if constexpr (StatefulComposite<Struct>) {
+      using Cell = StateCellOf<typename Struct::State>;
+      if constexpr (requires(const Cell& cell) { value_.properties(cell.value()); }) {
+        return value_.properties(static_cast<const Cell*>(state)->value());
+      }
+    } else if constexpr (requires { value_.properties(); }) {
+      return value_.properties();
+    }
+    return {};
+  }
+
+ private:
+  Struct value_;
+};
+
+}  // namespace vemra::ui

@@ -1,0 +1,192 @@
+#include "VemraPlatform/ui/Element.hpp"
+
+namespace vemra::ui {
+
+namespace {
+
+template <class Kind>
+const Kind* firstModifier(const std::vector<Modifier>& modifiers) {
+  for (const Modifier& modifier : modifiers) {
+    if (auto* found = std::get_if<Kind>(&modifier)) return found;
+  }
+  return nullptr;
+}
+
+const Label* labelOf(const Content& content) {
+  if (auto* text = std::get_if<TextContent>(&content)) return &text->text;
+  if (auto* button = std::get_if<ButtonContent>(&content)) return &button->title;
+  if (auto* picker = std::get_if<PickerContent>(&content)) return &picker->title;
+  if (auto* field = std::get_if<TextFieldContent>(&content)) return &field->title;
+  return nullptr;
+}
+
+Style styleInside(const std::vector<Modifier>& modifiers, const Style& inherited) {
+  Style style = inherited;
+  // From the outermost modifier inwards, so that the innermost one has the last word.
+  for (auto modifier = modifiers.rbegin(); modifier != modifiers.rend(); ++modifier) {
+    if (auto* font = std::get_if<FontModifier>(&*modifier)) {
+      style.font = font->font;
+    } else if (auto* weight = std::get_if<FontWeightModifier>(&*modifier)) {
+      style.font.explicitWeight = weight->weight;
+    } else if (auto* foreground = std::get_if<ForegroundStyleModifier>(&*modifier)) {
+      style.foreground = foreground->style;
+    } else if (auto* disabled = std::get_if<DisabledModifier>(&*modifier)) {
+      style.enabled = style.enabled && !disabled->disabled;
+    }
+  }
+  // A weight stands beside the font it was applied with: the font inside it does not undo it.
+  if (!style.font.explicitWeight) {
+    if (auto* weight = firstModifier<FontWeightModifier>(modifiers)) {
+      style.font.explicitWeight = weight->weight;
+    }
+  }
+  return style;
+}
+
+bool sameOwnValues(const Content& a, const Content& b) {
+  if (a.index() != b.index()) return false;
+  if (auto* stack = std::get_if<VStackContent>(&a)) {
+    auto& other = std::get<VStackContent>(b);
+    return stack->alignment == other.alignment && stack->spacing == other.spacing;
+  }
+  if (auto* stack = std::get_if<HStackContent>(&a)) {
+    auto& other = std::get<HStackContent>(b);
+    return stack->alignment == other.alignment && stack->spacing == other.spacing;
+  }
+  if (auto* scroll = std::get_if<ScrollViewContent>(&a)) {
+    auto& other = std::get<ScrollViewContent>(b);
+    return scroll->axis == other.axis && scroll->indicators == other.indicators;
+  }
+  if (auto* composite = std::get_if<CompositeContent>(&a)) {
+    return composite->composite->type() == std::get<CompositeContent>(b).composite->type();
+  }
+  const Label* label = labelOf(a);
+  return !label || *label == *labelOf(b);
+}
+
+}  // namespace
+
+Element::Element(View view, const Style& inherited, const Environment& environment)
+    : view_(std::move(view)), style_(styleInside(description().modifiers, inherited)) {
+  const Content& content = description().content;
+  if (const Label* label = labelOf(content); label && label->isKey()) {
+    localized_ = environment.localized(label->source());
+  }
+  if (auto* field = std::get_if<TextFieldContent>(&content)) text_ = field->text.get();
+  if (auto* picker = std::get_if<PickerContent>(&content)) selection_ = picker->selection.get();
+  if (auto* forEach = std::get_if<ForEachContent>(&content)) rowCount_ = forEach->rows->count();
+}
+
+const Label* Element::label() const {
+  return labelOf(description().content);
+}
+
+std::string_view Element::shownLabel() const {
+  const Label* found = label();
+  if (!found) return {};
+  return found->isKey() ? std::string_view(localized_) : std::string_view(found->source());
+}
+
+int Element::spacing() const {
+  if (auto* stack = std::get_if<VStackContent>(&description().content)) return stack->spacing;
+  if (auto* stack = std::get_if<HStackContent>(&description().content)) return stack->spacing;
+  return 0;
+}
+
+HorizontalAlignment Element::horizontalAlignment() const {
+  auto* stack = std::get_if<VStackContent>(&description().content);
+  return stack ? stack->alignment : HorizontalAlignment::leading;
+}
+
+VerticalAlignment Element::verticalAlignment() const {
+  auto* stack = std::get_if<HStackContent>(&description().content);
+  return stack ? stack->alignment : VerticalAlignment::center;
+}
+
+ScrollIndicators Element::scrollIndicators() const {
+  auto* scroll = std::get_if<ScrollViewContent>(&description().content);
+  return scroll ? scroll->indicators : ScrollIndicators::hidden;
+}
+
+std::string_view Element::compositeName() const {
+  auto* composite = std::get_if<CompositeContent>(&description().content);
+  return composite ? composite->composite->name() : std::string_view();
+}
+
+std::string_view Element::accessibilityIdentifier() const {
+  std::string_view identifier;
+  for (const Modifier& modifier : modifiers()) {
+    if (auto* found = std::get_if<AccessibilityIdentifierModifier>(&modifier)) {
+      identifier = found->identifier;
+    }
+  }
+  return identifier;
+}
+
+ButtonStyle Element::buttonStyle() const {
+  auto* found = firstModifier<ButtonStyleModifier>(modifiers());
+  return found ? found->style : ButtonStyle::automatic;
+}
+
+bool Element::labelsHidden() const {
+  return firstModifier<LabelsHiddenModifier>(modifiers());
+}
+
+Insets Element::padding() const {
+  Insets insets;
+  for (const Modifier& modifier : modifiers()) {
+    auto* padding = std::get_if<PaddingModifier>(&modifier);
+    if (!padding) continue;
+    if (padding->edges != Edges::horizontal) {
+      insets.top += padding->length;
+      insets.bottom += padding->length;
+    }
+    if (padding->edges != Edges::vertical) {
+      insets.leading += padding->length;
+      insets.trailing += padding->length;
+    }
+  }
+  return insets;
+}
+
+const Tag* Element::tag() const {
+  auto* found = firstModifier<TagModifier>(modifiers());
+  return found ? &found->tag : nullptr;
+}
+
+bool operator==(const Element& a, const Element& b) {
+  const Description& left = a.description();
+  const Description& right = b.description();
+  return a.style_ == b.style_ && a.localized_ == b.localized_ && a.text_ == b.text_ &&
+         a.selection_ == b.selection_ && a.rowCount_ == b.rowCount_ &&
+         (&left == &right ||
+          (sameOwnValues(left.content, right.content) && left.modifiers == right.modifiers));
+}
+
+std::string_view kindName(ElementKind kind) {
+  switch (kind) {
+    case ElementKind::text:
+      return "Text";
+    case ElementKind::button:
+      return "Button";
+    case ElementKind::picker:
+      return "Picker";
+    case ElementKind::textField:
+      return "TextField";
+    case ElementKind::vStack:
+      return "VStack";
+    case ElementKind::hStack:
+      return "HStack";
+    case ElementKind::group:
+      return "Group";
+    case ElementKind::scrollView:
+      return "ScrollView";
+    case ElementKind::forEach:
+      return "ForEach";
+    case ElementKind::composite:
+      return "Composite";
+  }
+  return "";
+}
+
+}  // namespace vemra::ui

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vemra::ui {
+
+enum class ColorScheme { light, dark };
+enum class LayoutDirection { leftToRight, rightToLeft };
+
+/// Translations of the screen's own texts.
+class StringsTable {
+ public:
+  virtual ~StringsTable() = default;
+  /// The translation of `key` (which may be ""), or nil when there is none and the key is shown.
+  virtual std::optional<std::string> lookup(std::string_view key) const = 0;
+};
+
+/// What a tree is shown in: an input of the tree, never a global.
+///
+/// Two trees in one process may be in two languages. A body that needs it takes it as an argument.
+struct Environment {
+  std::string locale = "en_US";  ///< an ICU locale identifier; decides how dates are written
+  std::string timeZone = "UTC";  ///< a time zone identifier of the tz database
+  std::shared_ptr<const StringsTable> strings;  ///< none: every key is shown as it is
+  double textScale = 1.0;
+  ColorScheme colorScheme = ColorScheme::light;
+  LayoutDirection layoutDirection = LayoutDirection::leftToRight;
+
+  /// The user's own locale and time zone, asked of the system now.
+  static Environment system();
+
+  /// What is shown for `key`: its translation, or the key itself.
+  std::string localized(std::string_view key) const;
+
+  friend bool operator==(const Environment&, const Environment&) = default;
+};
+
+}  // namespace vemra::ui

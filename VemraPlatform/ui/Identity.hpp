@@ -1,0 +1,57 @@
+#pragma once
+
+#include "VemraPlatform/ui/Element.hpp"
+#include "VemraPlatform/ui/RowSource.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vemra::ui {
+
+/// What makes a node the same node in the next description of its parent.
+///
+/// A child is the same exactly when its kind (for a composite: its type), its branch and its place
+/// agree. The place is the slot among the parent's children, counting absent ones, or the view's
+/// own key, equal keys being told apart by their order:
+///
+///     before              after                  same?
+///     slot 1: Button      slot 1: Button         yes, whatever title and action
+///     slot 1: Button      slot 1: absent         the button goes, slot 2 stays slot 2
+///     slot 1: Button      slot 1: Text           no: another kind
+///     then-branch VStack  else-branch VStack     no: another branch
+///     key "a", slot 0     key "a", slot 5        yes: a key replaces the slot
+///     row "é" (1 scalar)  row "é" (2 scalars)    yes: keys are compared canonically
+struct Identity {
+  const void* type = nullptr;
+  std::uint64_t branch = 0;
+  std::size_t slot = 0;
+  bool keyed = false;
+  std::string key;
+  std::size_t occurrence = 0;
+
+  friend bool operator==(const Identity& a, const Identity& b);
+};
+
+/// The identity of a present view in the given slot; for a keyed one the occurrence is 0.
+Identity identityOf(const View& view, std::size_t slot);
+
+/// The identity of a row: its key and how many equal keys stand before it.
+struct RowIdentity {
+  std::string_view key;
+  std::size_t occurrence = 0;
+};
+
+/// The identities of the rows at `indexes` (ascending), in one pass over the ids up to the last.
+std::vector<RowIdentity> rowIdentities(const RowSource& rows,
+                                       const std::vector<std::size_t>& indexes);
+
+/// Where those rows stand in `rows`, or `absentRow`; one pass over the ids, ended when all are
+/// found.
+inline constexpr std::size_t absentRow = static_cast<std::size_t>(-1);
+std::vector<std::size_t> locateRows(const RowSource& rows,
+                                    const std::vector<RowIdentity>& identities);
+
+}  // namespace vemra::ui

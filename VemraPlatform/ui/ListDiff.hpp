@@ -1,0 +1,30 @@
+#pragma once
+
+#include "VemraPlatform/ui/NodeID.hpp"
+
+#include <span>
+#include <vector>
+
+namespace vemra::ui {
+
+/// One step of turning a list of children into another.
+///
+/// Places are named by neighbour, never by index: an index means something else after every step,
+/// and a list of index-placed steps that looks right goes wrong on about one pair of lists in
+/// seven.
+struct ListOperation {
+  enum class Kind { insert, move, remove };
+  Kind kind;
+  NodeID item;
+  NodeID after;  ///< the item stands right behind this one; none: it is the first
+  friend bool operator==(const ListOperation&, const ListOperation&) = default;
+};
+
+/// The steps that turn `before` into `after`, to be carried out in order: removals first, then
+/// insertions and moves from the front to the back. Neither list may hold an item twice.
+///
+/// Moves are as few as they can be (all but a longest increasing run stays put), so that what holds
+/// the focus is rarely what moves.
+std::vector<ListOperation> diff(std::span<const NodeID> before, std::span<const NodeID> after);
+
+}  // namespace vemra::ui

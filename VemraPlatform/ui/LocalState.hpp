@@ -1,0 +1,93 @@
+#pragma once
+
+#include "VemraPlatform/ui/Binding.hpp"
+
+#include <concepts>
+#include <cstdint>
+#include <memory>
+#include <type_traits>
+#include <utility>
+
+namespace vemra::ui {
+
+/// Where a composite's state lives: owned by its place in the tree, not by the view value.
+///
+/// A cell outlives its place as long as something refers to it, so that a late reader gets the
+/// last value; a late write is ignored.
+class StateCell {
+ public:
+  /// Told of every real change. The view graph is one.
+  class Owner {
+   public:
+    virtual void stateChanged(StateCell& cell) = 0;
+
+   protected:
+    ~Owner() = default;
+  };
+
+  virtual ~StateCell() = default;
+  virtual bool isInitial() const = 0;
+
+  bool isAttached() const { return owner_ != nullptr; }
+  void attach(Owner& owner, std::uint64_t place) { owner_ = &owner, place_ = place; }
+  void detach() { owner_ = nullptr; }
+  /// Keeps the cell alive and writable while no node has it.
+  void sleep() { place_ = 0; }
+  std::uint64_t place() const { return place_; }
+
+ protected:
+  void changed() { owner_->stateChanged(*this); }
+
+ private:
+  Owner* owner_ = nullptr;
+  std::uint64_t place_ = 0;
+};
+
+template <std::equality_comparable State>
+class StateCellOf final : public StateCell {
+ public:
+  const State& value() const { return value_; }
+  bool isInitial() const override { return value_ == State{}; }
+
+  template <class Field>
+  void set(Field State::*field, Field value) {
+    if (!isAttached() || value_.*field == value) return;
+    value_.*field = std::move(value);
+    changed();
+  }
+
+ private:
+  State value_{};
+};
+
+/// A composite's own state, as its `body` and its actions see it.
+///
+/// Copy it into an action freely. A write is visible to the next read, also within the same action;
+/// writing an equal value changes nothing; the body runs once, when the outermost event has ended.
+/// A write after the view has left the screen is ignored. Main thread only.
+template <class State>
+class LocalState {
+ public:
+  explicit LocalState(std::shared_ptr<StateCellOf<State>> cell) : cell_(std::move(cell)) {}
+
+  const State& operator*() const { return cell_->value(); }
+  const State* operator->() const { return &cell_->value(); }
+
+  template <class Field>
+  void set(Field State::*field, std::type_identity_t<Field> value) const {
+    cell_->set(field, std::move(value));
+  }
+
+  /// A way to one field, for a control that edits it.
+  template <class Field>
+  Binding<Field> binding(Field State::*field) const {
+    auto cell = cell_;
+    return Binding<Field>([cell, field] { return cell->value().*field; },
+                          [cell, field](Field value) { cell->set(field, std::move(value)); });
+  }
+
+ private:
+  std::shared_ptr<StateCellOf<State>> cell_;
+};
+
+}  // namespace vemra::ui

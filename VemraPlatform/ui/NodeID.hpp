@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+namespace vemra::ui {
+
+/// Names one node of a view graph, for as long as the graph lives: an id is never used twice.
+///
+/// The default one names nothing.
+struct NodeID {
+  std::uint64_t value = 0;
+  explicit operator bool() const { return value != 0; }
+  friend bool operator==(NodeID, NodeID) = default;
+  friend auto operator<=>(NodeID, NodeID) = default;
+};
+
+}  // namespace vemra::ui
+
+template <>
+struct std::hash<vemra::ui::NodeID> {
+  std::size_t operator()(vemra::ui::NodeID id) const noexcept {
+    return std::hash<std::uint64_t>()(id.value);
+  }
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "VemraPlatform/ui/Element.hpp"
+#include "VemraPlatform/ui/NodeID.hpp"
+
+#include <optional>
+#include <vector>
+
+namespace vemra::ui {
+
+/// One change of the rendered tree. This is the whole language that a renderer must know.
+///
+/// Patches are carried out in order. A place is named by the parent and the sibling right before
+/// it. `remove` takes the whole subtree; an inserted subtree arrives node by node, parents first.
+struct Patch {
+  enum class Kind { insert, move, update, remove };
+  Kind kind;
+  NodeID node;
+  NodeID parent;                   ///< of insert and move; none for the root
+  NodeID after;                    ///< of insert and move; none: first among its siblings
+  std::optional<Element> element;  ///< of insert and update: what the node is now
+};
+
+/// Which rows of a `ForEach` a renderer wants to have.
+enum class RowDemand {
+  everything,  ///< every row, always
+  onRequest,   ///< those that it asks for with `ViewGraph::showRows`
+};
+
+/// What shows the tree: a window, a test harness, a picture.
+class Renderer {
+ public:
+  virtual RowDemand rowDemand() const = 0;
+  /// Carries out the changes of one pass. May ask the graph for rows and may deliver events; what
+  /// it asks for is done when it has returned.
+  virtual void apply(const std::vector<Patch>& patches) = 0;
+
+ protected:
+  ~Renderer() = default;
+};
+
+}  // namespace vemra::ui

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <any>
+#include <concepts>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace vemra::ui {
+
+/// A value that can stand for a choice: copyable, comparable, and with a name found by `caseName`.
+template <class Value>
+concept Choice = std::copyable<Value> && requires(const Value& value) {
+  { caseName(value) } -> std::convertible_to<std::string_view>;
+};
+
+/// What a picker's row stands for: a value of the picker's own type, and its name.
+class Tag {
+ public:
+  template <Choice Value>
+  explicit Tag(Value value) : name_(caseName(value)), value_(std::move(value)) {}
+
+  const std::string& name() const { return name_; }
+
+  /// The value, or nullptr when the tag holds another type.
+  template <class Value>
+  const Value* as() const {
+    return std::any_cast<Value>(&value_);
+  }
+
+  /// Tags are equal when type and name are.
+  friend bool operator==(const Tag& a, const Tag& b) {
+    return a.name_ == b.name_ && a.value_.type() == b.value_.type();
+  }
+
+ private:
+  std::string name_;
+  std::any value_;
+};
+
+}  // namespace vemra::ui

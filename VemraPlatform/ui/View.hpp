@@ -1,0 +1,281 @@
+#pragma once
+
+#include "VemraPlatform/ui/Binding.hpp"
+#include "VemraPlatform/ui/Composite.hpp"
+#include "VemraPlatform/ui/Label.hpp"
+#include "VemraPlatform/ui/Modifier.hpp"
+#include "VemraPlatform/ui/RowSource.hpp"
+
+#include <concepts>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace vemra::ui {
+
+struct Description;
+class View;
+
+/// What a container holds, in order. An absent view keeps its place among them.
+using Children = std::vector<View>;
+using Action = std::function<void()>;
+
+/// A view: a description of a piece of the screen, not the piece itself.
+///
+/// A view is a value. Making one puts nothing on a screen and remembers nothing; copying one costs
+/// one reference count. What lives on a screen are the nodes of a `ViewGraph`, and which node a
+/// view describes is decided by *identity*, never by the view object:
+///
+///     VStack(leading, 4, {
+///         Button(verbatim(name), open),                        // slot 0
+///         If(hasSource, [&] { return sourceButton(); }),       // slot 1, also while absent
+///         OutcomeControl{...},                                 // slot 2: keeps its state
+///     })
+///
+/// The control stays the same node, with its open editor and its text, whether or not the source
+/// button above it comes or goes, because an absent view still holds its slot. Two branches of an
+/// `If` are two identities: switching forgets what was there. A row of a `ForEach` is its id.
+///
+/// Modifiers are applied with dots and kept in order; each returns a new view.
+class View {
+ public:
+  /// The absent view: it shows nothing and holds its slot.
+  View() = default;
+
+  /// A composite: a plain struct with a `body`.
+  template <class Struct>
+  requires(!std::derived_from<Struct, View> && CompositeView<Struct>) View(Struct composite)
+      : View(std::shared_ptr<const AnyComposite>(
+            std::make_shared<ErasedComposite<Struct>>(std::move(composite)))) {}
+
+  View font(Font font) const;
+  View fontWeight(FontWeight weight) const;
+  View foregroundStyle(ForegroundStyle style) const;
+  /// Space around the view, in points, on all four edges or on some.
+  View padding(int length) const;
+  View padding(Edges edges, int length) const;
+  View buttonStyle(ButtonStyle style) const;
+  View pickerStyle(PickerStyle style) const;
+  View textFieldStyle(TextFieldStyle style) const;
+  View labelsHidden() const;
+  View disabled(bool disabled) const;
+  View accessibilityIdentifier(std::string identifier) const;
+  template <Choice Value>
+  View tag(Value value) const {
+    return modified(TagModifier{Tag(std::move(value))});
+  }
+
+  /// Gives the view an identity of its own among its siblings, in place of its slot.
+  View id(std::string key) const;
+
+  bool isAbsent() const { return description_ == nullptr; }
+  /// What the view says; must not be absent.
+  const Description& description() const { return *description_; }
+
+ protected:
+  explicit View(std::shared_ptr<const AnyComposite> composite);
+  explicit View(Description description);
+  void become(Description description);
+
+ private:
+  friend class Element;
+  View modified(Modifier modifier) const;
+
+  std::shared_ptr<const Description> description_;
+};
+
+enum class HorizontalAlignment { leading, center };
+enum class VerticalAlignment { top, center };
+enum class Axis { vertical };
+
+class Text : public View {
+ public:
+  explicit Text(LocalizedKey key);
+  explicit Text(Verbatim text);
+};
+
+class Button : public View {
+ public:
+  Button(LocalizedKey title, Action action);
+  Button(Verbatim title, Action action);
+};
+
+/// A choice among tagged rows, shown as a menu.
+class Picker : public View {
+ public:
+  template <Choice Value>
+  Picker(LocalizedKey title, Binding<Value> selection, Children content)
+      : Picker(title, asTag(std::move(selection)), std::move(content)) {}
+  Picker(LocalizedKey title, Binding<Tag> selection, Children content);
+};
+
+/// A single-line text field; its title is the placeholder.
+class TextField : public View {
+ public:
+  TextField(LocalizedKey title, Binding<std::string> text);
+};
+
+class VStack : public View {
+ public:
+  VStack(HorizontalAlignment alignment, int spacing, Children children);
+};
+
+class HStack : public View {
+ public:
+  HStack(VerticalAlignment alignment, int spacing, Children children);
+};
+
+/// Holds views without laying them out: for modifiers that several share.
+class Group : public View {
+ public:
+  explicit Group(Children children);
+};
+
+enum class ScrollIndicators { hidden, shown };
+
+class ScrollView : public View {
+ public:
+  explicit ScrollView(Children children, Axis axis = Axis::vertical,
+                      ScrollIndicators indicators = ScrollIndicators::shown);
+};
+
+/// One row for each element, described when something asks for it.
+///
+/// `elements` is copied and must be cheap to copy; `id` gives each element's id (a member pointer
+/// or a function that returns a reference or a string_view into the element); `row` makes the view.
+/// Ids are compared under canonical equivalence; equal ids are told apart by their order.
+class ForEach : public View {
+ public:
+  template <class Elements, class ID, class Row>
+  ForEach(Elements elements, ID id, Row row)
+      : ForEach(std::make_shared<RowsOf<Elements, ID, Row>>(std::move(elements), std::move(id),
+                                                            std::move(row))) {}
+  explicit ForEach(std::shared_ptr<const RowSource> rows);
+};
+
+/// Conditional content. Every branch is an identity of its own:
+///
+///     If(isEditing, [&] { return editor(); })
+///         .elseIf(isRecorded, [&] { return summary(); })
+///         .otherwise([&] { return startButton(); })
+///
+/// Without `otherwise`, nothing is shown and the slot is kept. Only the branch taken is made.
+class If : public View {
+ public:
+  template <class Make>
+  If(bool condition, Make make) {
+    branch(condition, make);
+  }
+
+  template <class Make>
+  If elseIf(bool condition, Make make) const {
+    If next = *this;
+    next.branch(condition, make);
+    return next;
+  }
+
+  template <class Make>
+  View otherwise(Make make) const {
+    return elseIf(true, make);
+  }
+
+ private:
+  template <class Make>
+  void branch(bool condition, Make& make) {
+    ++branches_;
+    if (taken_ || !condition) return;
+    taken_ = true;
+    show(make(), branches_);
+  }
+  void show(const View& view, std::uint64_t branch);
+
+  bool taken_ = false;
+  std::uint64_t branches_ = 0;
+};
+
+/// Content for a value that may be absent; an absent one keeps the slot.
+template <class Value, class Make>
+If IfPresent(const std::optional<Value>& value, Make make) {
+  return If(value.has_value(), [&]() -> View { return make(*value); });
+}
+
+/// \name What a view is
+/// The closed set of primitives, for those who walk a description: the view graph.
+/// @{
+struct TextContent {
+  Label text;
+};
+struct ButtonContent {
+  Label title;
+  Action action;
+};
+struct PickerContent {
+  Label title;
+  Binding<Tag> selection;
+  Children children;
+};
+struct TextFieldContent {
+  Label title;
+  Binding<std::string> text;
+};
+struct VStackContent {
+  HorizontalAlignment alignment;
+  int spacing;
+  Children children;
+};
+struct HStackContent {
+  VerticalAlignment alignment;
+  int spacing;
+  Children children;
+};
+struct GroupContent {
+  Children children;
+};
+struct ScrollViewContent {
+  Axis axis;
+  ScrollIndicators indicators;
+  Children children;
+};
+struct ForEachContent {
+  std::shared_ptr<const RowSource> rows;
+};
+struct CompositeContent {
+  std::shared_ptr<const AnyComposite> composite;
+};
+/// @}
+
+using Content =
+    std::variant<TextContent, ButtonContent, PickerContent, TextFieldContent, VStackContent,
+                 HStackContent, GroupContent, ScrollViewContent, ForEachContent, CompositeContent>;
+
+struct Description {
+  Content content;
+  std::vector<Modifier> modifiers;
+  std::optional<std::string> key;
+  std::uint64_t branch = 0;  ///< which branches of conditions it stands in; 0: none
+};
+
+template <class Struct>
+View ErasedComposite<Struct>::body(const std::shared_ptr<StateCell>& state,
+                                   const Environment& environment) const {
+  if constexpr (StatefulComposite<Struct>) {
+    using State = typename Struct::State;
+    return value_.body(LocalState<State>(std::static_pointer_cast<StateCellOf<State>>(state)));
+  } else if constexpr (requires { value_.body(environment); }) {
+    return value_.body(environment);
+  } else {
+    return value_.body();
+  }
+}
+
+template <class Elements, class ID, class Row>
+View RowsOf<Elements, ID, Row>::row(std::size_t index) const {
+  return row_(elements_[index]);
+}
+
+}  // namespace vemra::ui

@@ -1,0 +1,162 @@
+#pragma once
+
+#include "VemraPlatform/ui/Environment.hpp"
+#include "VemraPlatform/ui/Event.hpp"
+#include "VemraPlatform/ui/Node.hpp"
+#include "VemraPlatform/ui/Patch.hpp"
+
+#include <cstdint>
+#include <deque>
+#include <exception>
+#include <memory>
+#include <optional>
+#include <span>
+#include <unordered_map>
+#include <vector>
+
+namespace vemra::ui {
+
+/// The rows from `first` up to, but not including, `last`.
+struct RowRange {
+  std::size_t first = 0;
+  std::size_t last = 0;
+};
+
+/// What the graph has done so far, counted: the guard against work that nobody sees.
+struct WorkCount {
+  std::uint64_t bodies = 0;    ///< composites described
+  std::uint64_t rows = 0;      ///< rows described
+  std::uint64_t nodes = 0;     ///< nodes made
+  std::uint64_t patches = 0;   ///< patches handed to the renderer
+  std::uint64_t idPasses = 0;  ///< passes over all row ids
+};
+
+/// The living tree behind a view: the only part that remembers anything.
+///
+///     describe (body) -> resolve (here) -> diff -> apply (Renderer), and back: deliver(node,
+///     event)
+///
+/// Resolving holds a new description against the nodes: a node whose identity is described again
+/// stays, with its state; one that is not goes, and its state with it. What changed becomes patches
+/// for the renderer. Handlers stay here and are looked up when an event arrives, so that an event
+/// never meets a stale one.
+///
+/// An event is handled to its end before the next one: its action runs, then every composite whose
+/// state it changed is described once, then the renderer is told. Events, roots and row requests
+/// that arrive meanwhile wait their turn; nothing is dropped and nothing recurses.
+///
+/// Rows of a `ForEach` are described when somebody asks. A row that leaves the renderer's rows goes
+/// to sleep: its nodes go, while state that has left its initial value is kept for its return.
+///
+/// Main thread only.
+class ViewGraph final : private StateCell::Owner {
+ public:
+  explicit ViewGraph(Environment environment = {});
+  ~ViewGraph();
+  ViewGraph(const ViewGraph&) = delete;
+  ViewGraph& operator=(const ViewGraph&) = delete;
+
+  /// Shows the tree through `renderer`, which must outlive the graph or be detached.
+  void attach(Renderer& renderer);
+  void detach() { renderer_ = nullptr; }
+
+  /// Describes the whole tree anew. From inside an event the root is taken up when the event ends;
+  /// of several, the last one.
+  void setRoot(View root);
+  void setEnvironment(Environment environment);
+  const Environment& environment() const { return environment_; }
+
+  /// Hands an event to a node. Events for nodes that are gone or disabled do nothing.
+  Delivery deliver(NodeID node, Event event);
+
+  /// Makes exactly these rows of a `ForEach` the shown ones. Ranges are ascending and disjoint;
+  /// what lies past the end is ignored.
+  void showRows(NodeID forEach, std::vector<RowRange> ranges);
+
+  /// Describes one row without showing it (for assistive technology and automation) and returns its
+  /// root, or the shown row's. No patch speaks of it. It stays until the list is described again or
+  /// many other rows have been looked at. None when there is no such row, or while an event is
+  /// being handled and the row is not there yet.
+  NodeID lookAtRow(NodeID forEach, std::size_t index);
+
+  /// The node, or nullptr when it is gone. Valid until the graph is next told anything.
+  const Node* find(NodeID node) const;
+  /// The root, or nullptr when nothing is shown.
+  const Node* root() const { return root_; }
+
+  /// What a composite tells of itself; empty for other nodes.
+  Properties properties(NodeID node) const;
+
+  const WorkCount& work() const { return work_; }
+
+ private:
+  struct QueuedEvent {
+    NodeID node;
+    Event event;
+  };
+  struct RowRequest {
+    NodeID forEach;
+    std::vector<RowRange> ranges;
+  };
+  struct RowPlace {
+    std::size_t index = 0;
+    Node* node = nullptr;  // none: to be made
+    View view;             // absent: to be described
+  };
+  struct Restoring;
+
+  void stateChanged(StateCell& cell) override;
+  Delivery act(NodeID node, const Event& event);
+  void settle(std::exception_ptr error = nullptr);
+  bool runPass();
+  void describeDirty();
+  void flushPatches();
+
+  // Resolving (ViewGraphResolve.cpp)
+  void resolveRoot(const View& root);
+  Node& allocate(Node* parent, const View& view, Identity identity);
+  void mount(Node& node, NodeID after, bool emit);
+  void update(Node& node, const View& view, bool emit);
+  void resolveContent(Node& node, bool emit);
+  void resolveChildren(Node& parent, std::span<const View> views, bool emit);
+  void describeComposite(Node& node, bool emit);
+  void destroy(Node& node);
+  bool emits(const Node& node) const;
+  void emit(Patch::Kind kind, const Node& node, NodeID after);
+  Node* mutableNode(NodeID id) const;
+
+  // Rows (ViewGraphRows.cpp)
+  bool demandsEverything(const Node& forEach) const;
+  void resolveRows(Node& forEach, bool emit);
+  void placeRows(Node& forEach, std::vector<RowPlace> places, bool emit);
+  void applyRowRequest(const RowRequest& request);
+  View describeRow(const Node& forEach, std::size_t index);
+  Node& allocateRow(Node& forEach, std::size_t index, const View& view);
+  void mountRow(Node& forEach, Node& row, NodeID after, bool emit);
+  void sleepRow(Node& forEach, Node& row);
+  void forgetLookedAtRows(Node& forEach);
+  void emitInserted(const Node& node, NodeID after);
+  void restoreState(Node& node);
+
+  Environment environment_;
+  Renderer* renderer_ = nullptr;
+  std::unordered_map<NodeID, std::unique_ptr<Node>> nodes_;
+  std::uint64_t lastID_ = 0;
+  Node* root_ = nullptr;
+  View rootView_;
+
+  std::vector<Patch> patches_;
+  std::vector<NodeID> dirty_;
+  std::optional<View> pendingRoot_;
+  std::optional<Environment> pendingEnvironment_;
+  std::deque<RowRequest> pendingRows_;
+  std::deque<QueuedEvent> pendingEvents_;
+  bool busy_ = false;
+  bool describing_ = false;
+  std::uint64_t pass_ = 0;
+  WorkCount work_;
+
+  Restoring* restoring_ = nullptr;
+};
+
+}  // namespace vemra::ui

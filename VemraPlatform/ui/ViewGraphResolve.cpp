@@ -1,0 +1,223 @@
+// Resolving: a new description against the nodes that are there.
+
+#include "VemraPlatform/ui/ListDiff.hpp"
+#include "VemraPlatform/ui/Rows.hpp"
+#include "VemraPlatform/ui/ViewGraph.hpp"
+
+#include <algorithm>
+#include <utility>
+
+namespace vemra::ui {
+
+namespace {
+
+const Children* childrenOf(const Content& content) {
+  if (auto* stack = std::get_if<VStackContent>(&content)) return &stack->children;
+  if (auto* stack = std::get_if<HStackContent>(&content)) return &stack->children;
+  if (auto* group = std::get_if<GroupContent>(&content)) return &group->children;
+  if (auto* scroll = std::get_if<ScrollViewContent>(&content)) return &scroll->children;
+  if (auto* picker = std::get_if<PickerContent>(&content)) return &picker->children;
+  return nullptr;
+}
+
+struct Wanted {
+  Identity identity;
+  const View* view;
+  Node* node = nullptr;
+  bool isNew = false;
+};
+
+std::vector<Wanted> wantedChildren(std::span<const View> views) {
+  std::vector<Wanted> wanted;
+  wanted.reserve(views.size());
+  for (std::size_t slot = 0; slot < views.size(); ++slot) {
+    if (views[slot].isAbsent()) continue;
+    Identity identity = identityOf(views[slot], slot);
+    if (identity.keyed) {
+      // Equal keys are told apart by order. Keyed children written out by hand are few.
+      for (const Wanted& earlier : wanted) {
+        Identity same = identity;
+        same.occurrence = earlier.identity.occurrence;
+        if (earlier.identity == same) identity.occurrence = same.occurrence + 1;
+      }
+    }
+    wanted.push_back({std::move(identity), &views[slot]});
+  }
+  return wanted;
+}
+
+bool sameIdentities(const std::vector<Node*>& nodes, const std::vector<Wanted>& wanted) {
+  return std::ranges::equal(nodes, wanted, [](const Node* node, const Wanted& child) {
+    return node->identity == child.identity;
+  });
+}
+
+std::vector<NodeID> idsOf(const std::vector<Node*>& nodes) {
+  std::vector<NodeID> ids;
+  ids.reserve(nodes.size());
+  for (const Node* node : nodes) ids.push_back(node->id);
+  return ids;
+}
+
+}  // namespace
+
+void ViewGraph::resolveRoot(const View& root) {
+  if (root_ && (root.isAbsent() || !(root_->identity == identityOf(root, 0)))) {
+    emit(Patch::Kind::remove, *root_, {});
+    destroy(*std::exchange(root_, nullptr));
+  }
+  if (root.isAbsent()) return;
+  if (root_) {
+    update(*root_, root, renderer_ != nullptr);
+  } else {
+    root_ = &allocate(nullptr, root, identityOf(root, 0));
+    mount(*root_, {}, renderer_ != nullptr);
+  }
+}
+
+Node& ViewGraph::allocate(Node* parent, const View& view, Identity identity) {
+  const NodeID id{++lastID_};
+  const Style inherited = parent ? parent->element.style() : Style{};
+  auto node = std::make_unique<Node>(Node{.id = id,
+                                          .parent = parent,
+                                          .identity = std::move(identity),
+                                          .element = Element(view, inherited, environment_),
+                                          .children = {},
+                                          .rowID = {},
+                                          .state = nullptr,
+                                          .rows = nullptr});
+  ++work_.nodes;
+  return *nodes_.emplace(id, std::move(node)).first->second;
+}
+
+/// Gives a new node its state, tells of it, and resolves what it holds.
+void ViewGraph::mount(Node& node, NodeID after, bool emitting) {
+  if (auto* composite = std::get_if<CompositeContent>(&node.element.description().content)) {
+    restoreState(node);
+    if (!node.state) node.state = composite->composite->makeState();
+    if (node.state) node.state->attach(*this, node.id.value);
+  } else if (node.element.kind() == ElementKind::forEach) {
+    node.rows = std::make_shared<Rows>();
+    restoreState(node);
+  }
+  if (emitting) emit(Patch::Kind::insert, node, after);
+  resolveContent(node, emitting);
+}
+
+void ViewGraph::update(Node& node, const View& view, bool emitting) {
+  const Style inherited = node.parent ? node.parent->element.style() : Style{};
+  Element element(view, inherited, environment_);
+  const bool changed = !(element == node.element);
+  node.element = std::move(element);  // also when equal: its handlers are the new ones
+  if (changed && emitting) emit(Patch::Kind::update, node, {});
+  resolveContent(node, emitting);
+}
+
+void ViewGraph::resolveContent(Node& node, bool emitting) {
+  switch (node.element.kind()) {
+    case ElementKind::composite:
+      describeComposite(node, emitting);
+      break;
+    case ElementKind::forEach:
+      resolveRows(node, emitting);
+      break;
+    default:
+      if (auto* children = childrenOf(node.element.description().content)) {
+        resolveChildren(node, *children, emitting);
+      }
+  }
+}
+
+void ViewGraph::describeComposite(Node& node, bool emitting) {
+  const auto composite = std::get<CompositeContent>(node.element.description().content).composite;
+  node.describedInPass = pass_;
+  ++work_.bodies;
+  View body;
+  {
+    struct Describing {
+      bool& flag;
+      bool before = std::exchange(flag, true);
+      ~Describing() { flag = before; }
+    } describing{describing_};
+    body = composite->body(node.state, environment_);
+  }
+  resolveChildren(node, {&body, 1}, emitting);
+}
+
+void ViewGraph::resolveChildren(Node& parent, std::span<const View> views, bool emitting) {
+  std::vector<Wanted> wanted = wantedChildren(views);
+  if (sameIdentities(parent.children, wanted)) {
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+      update(*parent.children[i], *wanted[i].view, emitting);
+    }
+    return;
+  }
+
+  const std::vector<NodeID> before = idsOf(parent.children);
+  std::vector<Node*> leaving = parent.children;
+  std::vector<Node*> children;
+  for (Wanted& child : wanted) {
+    auto same = std::ranges::find_if(
+        leaving, [&](Node* node) { return node && node->identity == child.identity; });
+    child.isNew = same == leaving.end();
+    child.node = child.isNew ? &allocate(&parent, *child.view, child.identity)
+                             : std::exchange(*same, nullptr);
+    children.push_back(child.node);
+  }
+  const std::vector<ListOperation> operations = diff(before, idsOf(children));
+  parent.children = children;
+  for (const ListOperation& operation : operations) {
+    Node& node = *mutableNode(operation.item);
+    switch (operation.kind) {
+      case ListOperation::Kind::remove:
+        if (emitting) emit(Patch::Kind::remove, node, {});
+        destroy(node);
+        break;
+      case ListOperation::Kind::move:
+        if (emitting) emit(Patch::Kind::move, node, operation.after);
+        break;
+      case ListOperation::Kind::insert:
+        mount(node, operation.after, emitting);
+        break;
+    }
+  }
+  for (const Wanted& child : wanted) {
+    if (!child.isNew) update(*child.node, *child.view, emitting);
+  }
+}
+
+void ViewGraph::destroy(Node& node) {
+  for (Node* child : node.children) destroy(*child);
+  if (node.rows) {
+    for (Node* row : node.rows->lookedAt) destroy(*row);
+    for (SleepingRow& row : node.rows->asleep) row.state.detach();
+  }
+  if (node.state && node.state->place() == node.id.value) node.state->detach();
+  nodes_.erase(node.id);
+}
+
+bool ViewGraph::emits(const Node& node) const {
+  if (!renderer_) return false;
+  for (const Node* place = &node; place; place = place->parent) {
+    if (!place->isShown) return false;
+  }
+  return true;
+}
+
+void ViewGraph::emit(Patch::Kind kind, const Node& node, NodeID after) {
+  const bool places = kind == Patch::Kind::insert || kind == Patch::Kind::move;
+  const bool tells = kind == Patch::Kind::insert || kind == Patch::Kind::update;
+  patches_.push_back({kind, node.id, places && node.parent ? node.parent->id : NodeID{}, after,
+                      tells ? std::optional(node.element) : std::nullopt});
+}
+
+void ViewGraph::emitInserted(const Node& node, NodeID after) {
+  emit(Patch::Kind::insert, node, after);
+  NodeID previous;
+  for (const Node* child : node.children) {
+    emitInserted(*child, previous);
+    previous = child->id;
+  }
+}
+
+}  // namespace vemra::ui

@@ -1,0 +1,134 @@
+#include "VemraTesting/Outline.hpp"
+
+#include "VemraTesting/Names.hpp"
+
+#include <variant>
+
+namespace vemra::testing {
+
+namespace {
+
+using namespace vemra::ui;
+
+std::string quoted(std::string_view text) {
+  std::string out = "\"";
+  for (char c : text) {
+    switch (c) {
+      case '\n':
+        out += "\\n";
+        break;
+      case '\r':
+        out += "\\r";
+        break;
+      case '\t':
+        out += "\\t";
+        break;
+      case '"':
+        out += "\\\"";
+        break;
+      case '\\':
+        out += "\\\\";
+        break;
+      default:
+        out += c;
+    }
+  }
+  return out + '"';
+}
+
+struct ModifierText {
+  std::string operator()(const FontModifier& m) const {
+    std::string text = ".font(" + std::string(name(m.font.style));
+    if (m.font.explicitWeight) text += ' ' + std::string(name(*m.font.explicitWeight));
+    return text + ')';
+  }
+  std::string operator()(const FontWeightModifier& m) const {
+    return ".fontWeight(" + std::string(name(m.weight)) + ')';
+  }
+  std::string operator()(const ForegroundStyleModifier& m) const {
+    return ".foregroundStyle(" + std::string(name(m.style)) + ')';
+  }
+  std::string operator()(const PaddingModifier& m) const {
+    const std::string edges = m.edges == Edges::all ? "" : std::string(name(m.edges)) + ' ';
+    return ".padding(" + edges + std::to_string(m.length) + ')';
+  }
+  std::string operator()(const ButtonStyleModifier& m) const {
+    return ".buttonStyle(" + std::string(name(m.style)) + ')';
+  }
+  std::string operator()(const PickerStyleModifier& m) const {
+    return ".pickerStyle(" + std::string(name(m.style)) + ')';
+  }
+  std::string operator()(const TextFieldStyleModifier& m) const {
+    return ".textFieldStyle(" + std::string(name(m.style)) + ')';
+  }
+  std::string operator()(const LabelsHiddenModifier&) const { return ".labelsHidden()"; }
+  std::string operator()(const DisabledModifier& m) const {
+    return m.disabled ? ".disabled(true)" : ".disabled(false)";
+  }
+  std::string operator()(const AccessibilityIdentifierModifier& m) const {
+    return ".accessibilityIdentifier(" + quoted(m.identifier) + ')';
+  }
+  std::string operator()(const TagModifier& m) const { return ".tag(" + m.tag.name() + ')'; }
+};
+
+std::string propertyText(const Property& property) {
+  struct ValueText {
+    std::string operator()(std::monostate) const { return "nil"; }
+    std::string operator()(bool value) const { return value ? "true" : "false"; }
+    std::string operator()(const std::string& value) const { return quoted(value); }
+    std::string operator()(const Properties& values) const {
+      std::string text = "{";
+      for (const Property& value : values) {
+        if (text.size() > 1) text += ' ';
+        text += propertyText(value);
+      }
+      return text + '}';
+    }
+  };
+  return property.name + '=' + std::visit(ValueText{}, property.value);
+}
+
+void write(const RenderedTree& tree, const ViewGraph& graph, NodeID id, std::size_t depth,
+           std::string& out) {
+  const RenderedTree::Node& node = *tree.find(id);
+  out += std::string(2 * depth, ' ') + outlineLine(node.element);
+  for (const Property& property : graph.properties(id)) out += ' ' + propertyText(property);
+  out += '\n';
+  for (NodeID child : node.children) write(tree, graph, child, depth + 1, out);
+}
+
+}  // namespace
+
+std::string outlineLine(const Element& element) {
+  const bool isComposite = element.kind() == ElementKind::composite;
+  std::string line(isComposite ? element.compositeName() : kindName(element.kind()));
+  if (element.kind() == ElementKind::vStack) {
+    line += ' ' + std::string(name(element.horizontalAlignment()));
+  }
+  if (element.kind() == ElementKind::hStack) {
+    line += ' ' + std::string(name(element.verticalAlignment()));
+  }
+  if (element.kind() == ElementKind::vStack || element.kind() == ElementKind::hStack) {
+    line += ' ' + std::to_string(element.spacing());
+  }
+  if (const Label* label = element.label()) {
+    line += (label->isKey() ? " key " : " ") + quoted(label->source());
+    if (label->isKey() && element.shownLabel() != label->source()) {
+      line += " -> " + quoted(element.shownLabel());
+    }
+  }
+  if (element.selection()) line += " selection=" + element.selection()->name();
+  if (element.kind() == ElementKind::textField) line += " text=" + quoted(element.text());
+  for (const Modifier& modifier : element.modifiers()) {
+    line += ' ' + std::visit(ModifierText{}, modifier);
+  }
+  return line;
+}
+
+std::string outline(const RenderedTree& tree, const ViewGraph& graph) {
+  std::string out;
+  if (tree.root()) write(tree, graph, tree.root(), 0, out);
+  return out;
+}
+
+}  // namespace vemra::testing

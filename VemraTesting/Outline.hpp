@@ -1,0 +1,20 @@
+#pragma once
+
+#include "VemraPlatform/ui/ViewGraph.hpp"
+#include "VemraTesting/RenderedTree.hpp"
+
+#include <string>
+
+namespace vemra::testing {
+
+/// The tree as indented text, one element a line: stable, for people and for expected files.
+///
+///     VStack leading 4 .padding(vertical 4)
+///       Button "Ada" .buttonStyle(plain) .font(body medium)
+///       Text key "Supported path" -> "Möglicher Weg" .font(headline)
+std::string outline(const RenderedTree& tree, const ui::ViewGraph& graph);
+
+/// One element as it stands on its line of an outline, without its children.
+std::string outlineLine(const ui::Element& element);
+
+}  // namespace vemra::testing

@@ -1,0 +1,31 @@
+#include "VemraTesting/Query.hpp"
+
+namespace vemra::testing {
+
+bool Query::matches(const ui::Element& element) const {
+  switch (by) {
+    case By::identifier:
+      return element.accessibilityIdentifier() == value;
+    case By::title:
+    case By::text:
+      return element.kind() == kind && element.shownLabel() == value;
+  }
+  return false;
+}
+
+std::string Query::description() const {
+  const std::string quoted = '"' + value + '"';
+  switch (by) {
+    case By::identifier:
+      return "identifier " + quoted;
+    case By::text:
+      return "text " + quoted;
+    case By::title:
+      break;
+  }
+  std::string role(ui::kindName(kind));
+  if (kind == ui::ElementKind::button) role = "button";
+  return role + " titled " + quoted;
+}
+
+}  // namespace vemra::testing

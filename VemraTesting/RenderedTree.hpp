@@ -1,0 +1,45 @@
+#pragma once
+
+#include "VemraPlatform/ui/Patch.hpp"
+
+#include <unordered_map>
+#include <vector>
+
+namespace vemra::testing {
+
+/// The smallest renderer: it keeps what it was told, as a tree of values.
+///
+/// It knows only patches, so that what it holds is what any renderer would have come to. It wants
+/// every row.
+class RenderedTree final : public ui::Renderer {
+ public:
+  struct Node {
+    ui::NodeID id;
+    ui::NodeID parent;
+    ui::Element element;
+    std::vector<ui::NodeID> children;
+  };
+
+  ui::RowDemand rowDemand() const override { return ui::RowDemand::everything; }
+  void apply(const std::vector<ui::Patch>& patches) override;
+
+  /// The root, or none while nothing is shown.
+  ui::NodeID root() const { return root_; }
+  const Node* find(ui::NodeID id) const;
+  /// All nodes in tree order, from the root.
+  std::vector<const Node*> nodes() const;
+  /// How many patches have arrived so far.
+  std::size_t patchCount() const { return patchCount_; }
+
+ private:
+  void place(ui::NodeID node, ui::NodeID parent, ui::NodeID after);
+  void takeOut(ui::NodeID node);
+  void erase(ui::NodeID node);
+  void collect(ui::NodeID node, std::vector<const Node*>& nodes) const;
+
+  std::unordered_map<ui::NodeID, Node> nodes_;
+  ui::NodeID root_;
+  std::size_t patchCount_ = 0;
+};
+
+}  // namespace vemra::testing

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace vemra::documents {
+
+/// A document that cannot be used: which file, where in it, and what was expected there.
+///
+/// `what()` is the whole line for people: `case.json: /goal/title: expected a string; found 12`.
+/// The place is left out when it is the document itself. Every part is well-formed UTF-8 on one
+/// line except the file name, which is given as it was.
+class DocumentError : public std::runtime_error {
+ public:
+  /// `pointer` is a JSON pointer (RFC 6901), "" for the whole document.
+  DocumentError(std::string file, std::string pointer, std::string problem);
+
+  const std::string& file() const { return file_; }
+  const std::string& pointer() const { return pointer_; }
+  const std::string& problem() const { return problem_; }
+
+ private:
+  std::string file_;
+  std::string pointer_;
+  std::string problem_;
+};
+
+/// `text` on one line, for a message: control characters as `\u001b`, ill-formed bytes
+/// replaced by U+FFFD, cut after 60 characters with "…" in place of the rest.
+std::string shortened(std::string_view text);
+
+/// The same between quotation marks, those inside with a backslash before them.
+std::string inQuotes(std::string_view text);
+
+/// `token` as one step of a JSON pointer: "~" is "~0" and "/" is "~1" (RFC 6901, section 3), and,
+/// because it goes into a message, control characters are escaped and a very long one is cut.
+std::string pointerToken(std::string_view token);
+
+}  // namespace vemra::documents

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "apps/documents/JsonPlace.hpp"
+#include "apps/documents/JsonTokens.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <initializer_list>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace vemra::documents {
+
+/// Whether an object has to hold a key.
+enum class Presence { required, optional };
+
+/// One key that an object may hold, and how its value is read.
+struct Field {
+  std::string_view key;  ///< must outlive the reading of the object
+  Presence presence = Presence::required;
+  std::function<void()> read;  ///< reads exactly one value from the reader
+};
+
+/// Reads a JSON text strictly (RFC 8259, UTF-8), led by what the caller expects.
+///
+/// The caller asks for the value that its document has at that place; the first thing that is not
+/// as expected ends the reading with a `DocumentError` that names the place. There is no tree in
+/// between: nesting that no document has is refused at its first bracket, so that neither depth nor
+/// size of a hostile text costs more than reading up to the first surprise.
+///
+///     reader.object({
+///         {"id", Presence::required, [&] { goal.id = reader.string(); }},
+///         {"note", Presence::optional, [&] { goal.note = reader.stringOrNull(); }},
+///     });
+///     reader.finish();
+///
+/// Stricter than many readers: a byte-order mark, ill-formed UTF-8, an escape that is half a
+/// surrogate pair, a key given twice or not known, and text behind the document are errors.
+class JsonReader {
+ public:
+  /// `text` must outlive the reader; `file` is only the name in errors.
+  JsonReader(std::string_view text, std::string file);
+  JsonReader(const JsonReader&) = delete;
+  JsonReader& operator=(const JsonReader&) = delete;
+
+  /// The kind of the next value; an error when none comes. Reads nothing.
+  JsonKind next();
+
+  /// Reads an object with these keys and no others, in any order.
+  void object(std::initializer_list<Field> fields);
+
+  /// Reads an object whose keys are data. `readValue` reads the value of the key it is given.
+  void dictionary(const std::function<void(const std::string& key)>& readValue);
+
+  /// Reads an array; `readElement` reads one element.
+  void array(const std::function<void()>& readElement);
+
+  /// Reads a string. Nothing is normalised: its bytes are those of the text, escapes resolved.
+  std::string string();
+
+  /// Reads a string, or null as nil.
+  std::optional<std::string> stringOrNull();
+
+  /// Reads a signed 64-bit integer. `-0` is 0; a fraction or an exponent is an error, whatever its
+  /// value (`1.0`, `1e2`).
+  std::int64_t integer();
+
+  /// Reads a string that must be one of `names`; its index.
+  std::size_t name(std::span<const std::string_view> names);
+
+  /// Ends the reading: nothing but white space may follow.
+  void finish();
+
+  /// An error at the value that is being read, or at `key` of the object that is being read.
+  ///
+  /// For rules between several values, which can only be tested after they have been read.
+  [[noreturn]] void fail(std::string_view expected, std::string_view found) const;
+  [[noreturn]] void failAt(std::string_view key, std::string_view expected,
+                           std::string_view found) const;
+
+  /// An error at the next value: it is not `expected`. Says what it is.
+  [[noreturn]] void failNext(std::string_view expected);
+
+ private:
+  void expectKind(JsonKind kind, std::string_view expected);
+  void members(const std::function<void(std::string_view key)>& readMember);
+
+  JsonPlace place_;
+  JsonTokens tokens_;
+};
+
+}  // namespace vemra::documents

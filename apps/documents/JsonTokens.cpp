@@ -1,0 +1,268 @@
+#include "apps/documents/JsonTokens.hpp"
+
+#include "VemraPlatform/text/UTF8.hpp"
+
+#include <utility>
+
+namespace vemra::documents {
+namespace {
+
+bool isDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+bool isWord(char c) {
+  return isDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+void appendScalar(std::string& out, char32_t scalar) {
+  const auto byte = [&](char32_t bits) { out += static_cast<char>(bits); };
+  if (scalar < 0x80) {
+    byte(scalar);
+  } else if (scalar < 0x800) {
+    byte(0xC0 | scalar >> 6);
+    byte(0x80 | (scalar & 0x3F));
+  } else if (scalar < 0x10000) {
+    byte(0xE0 | scalar >> 12);
+    byte(0x80 | (scalar >> 6 & 0x3F));
+    byte(0x80 | (scalar & 0x3F));
+  } else {
+    byte(0xF0 | scalar >> 18);
+    byte(0x80 | (scalar >> 12 & 0x3F));
+    byte(0x80 | (scalar >> 6 & 0x3F));
+    byte(0x80 | (scalar & 0x3F));
+  }
+}
+
+}  // namespace
+
+JsonTokens::JsonTokens(std::string_view text, const JsonPlace& place) : text_(text), place_(place) {
+  if (text_.starts_with("\xEF\xBB\xBF")) fail(0, "UTF-8 without a byte-order mark", "U+FEFF");
+}
+
+JsonKind JsonTokens::kind(std::string_view expected) {
+  skipWhiteSpace();
+  const char c = at_ < text_.size() ? text_[at_] : '\0';
+  switch (c) {
+    case '{':
+      return JsonKind::object;
+    case '[':
+      return JsonKind::array;
+    case '"':
+      return JsonKind::string;
+    case 't':
+    case 'f':
+      return JsonKind::boolean;
+    case 'n':
+      return JsonKind::null;
+    default:
+      if (c == '-' || isDigit(c)) return JsonKind::number;
+      failHere(expected);
+  }
+}
+
+bool JsonTokens::take(char c) {
+  skipWhiteSpace();
+  return takeHere(c);
+}
+
+void JsonTokens::expect(char c, std::string_view expected) {
+  if (!take(c)) failHere(expected);
+}
+
+std::string_view JsonTokens::string(std::string& unescaped) {
+  const std::size_t start = ++at_;
+  std::size_t copied = start;
+  bool hasEscapes = false;
+  while (at_ < text_.size()) {
+    const auto c = static_cast<unsigned char>(text_[at_]);
+    if (c == '"') {
+      const std::size_t end = at_++;
+      if (!hasEscapes) return text_.substr(start, end - start);
+      return unescaped.append(text_, copied, end - copied);
+    }
+    if (c == '\\') {
+      if (!std::exchange(hasEscapes, true)) unescaped.clear();
+      unescaped.append(text_, copied, at_ - copied);
+      readEscape(unescaped);
+      copied = at_;
+    } else if (c < 0x20) {
+      failHere("a control character to be written as an escape");
+    } else if (c < 0x80) {
+      ++at_;
+    } else {
+      const text::Step step = text::firstStep(text_.substr(at_));
+      if (!step.scalar) failHere("UTF-8");
+      at_ += step.length;
+    }
+  }
+  failHere("the end of the string");
+}
+
+void JsonTokens::readEscape(std::string& unescaped) {
+  const std::size_t start = at_++;
+  const char c = at_ < text_.size() ? text_[at_] : '\0';
+  switch (c) {
+    case '"':
+    case '\\':
+    case '/':
+      unescaped += c;
+      break;
+    case 'b':
+      unescaped += '\b';
+      break;
+    case 'f':
+      unescaped += '\f';
+      break;
+    case 'n':
+      unescaped += '\n';
+      break;
+    case 'r':
+      unescaped += '\r';
+      break;
+    case 't':
+      unescaped += '\t';
+      break;
+    case 'u': {
+      ++at_;
+      char32_t scalar = readHexDigits();
+      if (scalar >= 0xD800 && scalar < 0xE000) {
+        const std::string_view first = text_.substr(start, at_ - start);
+        char32_t low = 0;
+        if (scalar < 0xDC00 && text_.substr(at_, 2) == "\\u") {
+          at_ += 2;
+          low = readHexDigits();
+        }
+        if (low < 0xDC00 || low >= 0xE000) fail(start, "both halves of a surrogate pair", first);
+        scalar = 0x10000 + ((scalar - 0xD800) << 10) + (low - 0xDC00);
+      }
+      appendScalar(unescaped, scalar);
+      return;
+    }
+    default:
+      failHere(R"(one of the escapes \" \\ \/ \b \f \n \r \t \u)");
+  }
+  ++at_;
+}
+
+char32_t JsonTokens::readHexDigits() {
+  char32_t scalar = 0;
+  for (int i = 0; i < 4; ++i, ++at_) {
+    const char c = at_ < text_.size() ? text_[at_] : '\0';
+    int digit = 0;
+    if (isDigit(c)) {
+      digit = c - '0';
+    } else if (c >= 'a' && c <= 'f') {
+      digit = c - 'a' + 10;
+    } else if (c >= 'A' && c <= 'F') {
+      digit = c - 'A' + 10;
+    } else {
+      failHere("four hexadecimal digits after \\u");
+    }
+    scalar = scalar * 16 + static_cast<char32_t>(digit);
+  }
+  return scalar;
+}
+
+std::string_view JsonTokens::number() {
+  const std::size_t start = at_;
+  const auto digits = [&] {
+    if (at_ == text_.size() || !isDigit(text_[at_])) failHere("a digit");
+    while (at_ < text_.size() && isDigit(text_[at_])) ++at_;
+  };
+  takeHere('-');
+  if (!takeHere('0')) {
+    digits();
+  } else if (at_ < text_.size() && isDigit(text_[at_])) {
+    failHere("a number without leading zeros");
+  }
+  if (takeHere('.')) digits();
+  if (takeHere('e') || takeHere('E')) {
+    if (!takeHere('+')) takeHere('-');
+    digits();
+  }
+  return text_.substr(start, at_ - start);
+}
+
+void JsonTokens::literal(std::string_view literal) {
+  if (text_.substr(at_, literal.size()) != literal) failHere(literal);
+  at_ += literal.size();
+}
+
+void JsonTokens::end() {
+  skipWhiteSpace();
+  if (at_ != text_.size()) failHere("the end of the document");
+}
+
+std::string JsonTokens::describeValue() {
+  switch (kind("a value")) {
+    case JsonKind::array:
+      return "an array";
+    case JsonKind::object:
+      return "an object";
+    case JsonKind::null:
+      literal("null");
+      return "null";
+    case JsonKind::boolean: {
+      const std::string_view word = text_[at_] == 't' ? "true" : "false";
+      literal(word);
+      return std::string(word);
+    }
+    case JsonKind::number:
+      return shortened(number());
+    case JsonKind::string: {
+      std::string unescaped;
+      return inQuotes(string(unescaped));
+    }
+  }
+  return {};
+}
+
+void JsonTokens::skipWhiteSpace() {
+  constexpr std::string_view white = " \n\r\t";
+  while (at_ < text_.size() && white.find(text_[at_]) != std::string_view::npos) ++at_;
+}
+
+bool JsonTokens::takeHere(char c) {
+  if (at_ == text_.size() || text_[at_] != c) return false;
+  ++at_;
+  return true;
+}
+
+/// What stands at the current place: a word, a character, a byte that is none, or the end.
+std::string JsonTokens::describeHere() const {
+  if (at_ == text_.size()) return "the end of the file";
+  const text::Step step = text::firstStep(text_.substr(at_));
+  if (!step.scalar) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    const auto byte = static_cast<unsigned char>(text_[at_]);
+    return std::string("the byte 0x") + digits[byte >> 4] + digits[byte & 15];
+  }
+  std::size_t end = at_ + step.length;
+  if (isWord(text_[at_])) {
+    while (end < text_.size() && end - at_ < 100 && isWord(text_[end])) ++end;
+  }
+  return inQuotes(text_.substr(at_, end - at_));
+}
+
+void JsonTokens::failHere(std::string_view expected) const {
+  const std::string_view rest = text_.substr(at_);
+  const bool wellFormed = rest.empty() || text::firstStep(rest).scalar.has_value();
+  fail(at_, wellFormed ? expected : "UTF-8", describeHere());
+}
+
+void JsonTokens::fail(std::size_t offset, std::string_view expected, std::string_view found) const {
+  std::size_t line = 1;
+  std::size_t lineStart = 0;
+  for (std::size_t i = text_.find('\n'); i < offset; i = text_.find('\n', i + 1)) {
+    ++line;
+    lineStart = i + 1;
+  }
+  std::size_t column = 1;
+  for (std::size_t i = lineStart; i < offset; ++column) {
+    i += text::firstStep(text_.substr(i)).length;
+  }
+  place_.failSyntax(line, column, expected, found);
+}
+
+}  // namespace vemra::documents

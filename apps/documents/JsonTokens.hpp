@@ -1,0 +1,64 @@
+#pragma once
+
+#include "apps/documents/JsonPlace.hpp"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace vemra::documents {
+
+/// The kinds of JSON values.
+enum class JsonKind { null, boolean, number, string, array, object };
+
+/// The tokens of a JSON text (RFC 8259), read strictly and from front to back.
+///
+/// Whatever is no JSON, or no UTF-8, is a `DocumentError` with line and column, the column in
+/// characters.
+class JsonTokens {
+ public:
+  /// Both must outlive the object. A byte-order mark is an error at once.
+  JsonTokens(std::string_view text, const JsonPlace& place);
+
+  /// The kind of the value that comes next; nothing of it is read. Where none comes, the error says
+  /// that `expected` was expected.
+  JsonKind kind(std::string_view expected);
+
+  /// Reads white space and, if it comes next, the character; whether it came.
+  bool take(char c);
+
+  /// Reads white space and the character; an error when another one comes.
+  void expect(char c, std::string_view expected);
+
+  /// Reads a string. The result points into the text, or into `unescaped` if it has escapes.
+  std::string_view string(std::string& unescaped);
+
+  /// Reads a number; its text as it stands.
+  std::string_view number();
+
+  /// Reads `null`, `true` or `false`.
+  void literal(std::string_view literal);
+
+  /// An error unless nothing but white space is left.
+  void end();
+
+  /// Reads the next value as far as a message about it needs, and describes it: a scalar as it
+  /// stands, "an array", "an object". Long ones are cut.
+  std::string describeValue();
+
+ private:
+  void skipWhiteSpace();
+  bool takeHere(char c);
+  void readEscape(std::string& unescaped);
+  char32_t readHexDigits();
+  std::string describeHere() const;
+  [[noreturn]] void failHere(std::string_view expected) const;
+  [[noreturn]] void fail(std::size_t offset, std::string_view expected,
+                         std::string_view found) const;
+
+  std::string_view text_;
+  const JsonPlace& place_;
+  std::size_t at_ = 0;
+};
+
+}  // namespace vemra::documents

@@ -1,0 +1,143 @@
+#include "apps/documents/ResultReader.hpp"
+
+#include "apps/documents/EnumerationNames.hpp"
+#include "apps/documents/SourceFile.hpp"
+#include "apps/documents/WhyReader.hpp"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <utility>
+#include <vector>
+
+namespace vemra::documents {
+namespace {
+
+using enum Presence;
+
+template <class Enumeration>
+Enumeration readCase(JsonReader& reader, std::span<const std::string_view> names) {
+  return static_cast<Enumeration>(reader.name(names));
+}
+
+template <class Element>
+SharedArray<Element> readArray(JsonReader& reader, Element (*readElement)(JsonReader&)) {
+  std::vector<Element> elements;
+  reader.array([&] { elements.push_back(readElement(reader)); });
+  return elements;
+}
+
+std::string readString(JsonReader& reader) {
+  return reader.string();
+}
+
+SharedArray<std::string> readStrings(JsonReader& reader) {
+  return readArray(reader, readString);
+}
+
+GoalDTO readGoal(JsonReader& in) {
+  GoalDTO goal;
+  in.object({
+      {"id", required, [&] { goal.id = in.string(); }},
+      {"title", required, [&] { goal.title = in.string(); }},
+      {"status", optional, [&] { goal.status = readCase<GoalStatus>(in, statusNames); }},
+      {"targetPersonRef", optional, [&] { goal.targetPersonRef = in.stringOrNull(); }},
+      {"createdAt", optional, [&] { goal.createdAt = in.string(); }},
+      {"updatedAt", optional, [&] { goal.updatedAt = in.string(); }},
+      {"priority", optional, [&] { goal.priority = readCase<GoalPriority>(in, priorityNames); }},
+      {"keywords", optional, [&] { goal.keywords = readStrings(in); }},
+      {"keywordsRevision", optional, [&] { goal.keywordsRevision = in.integer(); }},
+      {"constraints", optional, [&] { goal.constraints = readStrings(in); }},
+      {"constraintsRevision", optional, [&] { goal.constraintsRevision = in.integer(); }},
+      {"attachmentRefs", optional, [&] { goal.attachmentRefs = readStrings(in); }},
+  });
+  return goal;
+}
+
+GoalPersonCandidateDTO readPerson(JsonReader& in) {
+  GoalPersonCandidateDTO person;
+  in.object({
+      {"personRef", required, [&] { person.personRef = in.string(); }},
+      {"displayName", optional, [&] { person.displayName = in.stringOrNull(); }},
+      {"why", required, [&] { person.why = readWhy(in); }},
+      {"evidenceIDs", optional, [&] { person.evidenceIDs = readStrings(in); }},
+  });
+  return person;
+}
+
+GoalPathCandidateDTO readPath(JsonReader& in) {
+  GoalPathCandidateDTO path;
+  in.object({
+      {"personRefs", required, [&] { path.personRefs = readStrings(in); }},
+      {"why", required, [&] { path.why = readWhy(in); }},
+      {"strength", optional, [&] { path.strength = in.integer(); }},
+  });
+  return path;
+}
+
+GoalGroupCandidateDTO readGroup(JsonReader& in) {
+  GoalGroupCandidateDTO group;
+  in.object({
+      {"id", required, [&] { group.id = in.string(); }},
+      {"personRefs", optional, [&] { group.personRefs = readStrings(in); }},
+  });
+  return group;
+}
+
+GoalCoverageDTO readCoverage(JsonReader& in) {
+  GoalCoverageDTO coverage;
+  in.object({
+      {"sources", required, [&] { coverage.sources = readStrings(in); }},
+      {"evidenceCount", required, [&] { coverage.evidenceCount = in.integer(); }},
+      {"latestEvidenceAt", optional, [&] { coverage.latestEvidenceAt = in.stringOrNull(); }},
+  });
+  return coverage;
+}
+
+GoalOutcomeDTO readOutcome(JsonReader& in) {
+  GoalOutcomeDTO outcome;
+  const auto subjectKind = [&] {
+    outcome.subjectKind = readCase<GoalOutcomeSubjectKind>(in, subjectKindNames);
+  };
+  const auto value = [&] { outcome.value = readCase<GoalOutcomeValue>(in, outcomeValueNames); };
+  in.object({
+      {"id", required, [&] { outcome.id = in.string(); }},
+      {"goalID", optional, [&] { outcome.goalID = in.string(); }},
+      {"subjectKind", required, subjectKind},
+      {"subjectRef", optional, [&] { outcome.subjectRef = in.stringOrNull(); }},
+      {"value", required, value},
+      {"note", optional, [&] { outcome.note = in.stringOrNull(); }},
+      {"recordedAt", optional, [&] { outcome.recordedAt = in.stringOrNull(); }},
+      {"recordedBy", optional, [&] { outcome.recordedBy = in.stringOrNull(); }},
+      {"correctsOutcomeID", optional, [&] { outcome.correctsOutcomeID = in.stringOrNull(); }},
+  });
+  return outcome;
+}
+
+}  // namespace
+
+GetGoalSnapshotResponse readResult(JsonReader& in) {
+  GetGoalSnapshotResponse result;
+  in.object({
+      {"goal", required, [&] { result.goal = readGoal(in); }},
+      {"people", required, [&] { result.people = readArray(in, readPerson); }},
+      {"paths", required, [&] { result.paths = readArray(in, readPath); }},
+      {"group", required, [&] { result.group = readArray(in, readGroup); }},
+      {"coverage", required, [&] { result.coverage = readCoverage(in); }},
+      {"outcomes", required, [&] { result.outcomes = readArray(in, readOutcome); }},
+  });
+  return result;
+}
+
+GetGoalSnapshotResponse readResultText(std::string_view text, const std::string& file) {
+  JsonReader reader(text, file);
+  GetGoalSnapshotResponse result = readResult(reader);
+  reader.finish();
+  return result;
+}
+
+GetGoalSnapshotResponse readResultFile(const std::string& path) {
+  return readResultText(readSource(path), path);
+}
+
+}  // namespace vemra::documents

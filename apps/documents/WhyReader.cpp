@@ -1,0 +1,97 @@
+#include "apps/documents/WhyReader.hpp"
+
+#include "apps/documents/EnumerationNames.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace vemra::documents {
+namespace {
+
+/// Everything that a reason may carry. Which of it belongs together is known only when `kind` has
+/// been read, and `kind` may come last.
+struct Payload {
+  WhyKind kind = WhyKind::generic;
+  std::optional<std::string> label, detail, reference;
+  std::optional<std::int64_t> hopCount, threadCount, meetingCount;
+};
+
+std::vector<std::string_view> keysOf(WhyKind kind) {
+  switch (kind) {
+    case WhyKind::evidence:
+      return {"label", "detail", "reference"};
+    case WhyKind::connection:
+      return {"hopCount"};
+    case WhyKind::sharedActivity:
+      return {"threadCount", "meetingCount"};
+    case WhyKind::nameMatch:
+    case WhyKind::generic:
+      break;
+  }
+  return {};
+}
+
+/// Holds the keys that were given against those of the kind.
+void checkKeys(const JsonReader& reader, const Payload& payload) {
+  const std::array<std::pair<std::string_view, bool>, 6> given{{
+      {"label", payload.label.has_value()},
+      {"detail", payload.detail.has_value()},
+      {"reference", payload.reference.has_value()},
+      {"hopCount", payload.hopCount.has_value()},
+      {"threadCount", payload.threadCount.has_value()},
+      {"meetingCount", payload.meetingCount.has_value()},
+  }};
+  const std::vector<std::string_view> wanted = keysOf(payload.kind);
+  const std::string_view kind = nameIn(whyKindNames, payload.kind);
+  for (const auto& [key, isGiven] : given) {
+    const bool isWanted = std::ranges::find(wanted, key) != wanted.end();
+    if (isGiven && !isWanted) {
+      std::string expected = "no such key with the kind " + inQuotes(kind);
+      if (!wanted.empty()) {
+        expected += ", which has";
+        for (std::string_view one : wanted) expected.append(" ").append(one);
+      }
+      reader.failAt(key, expected, inQuotes(key));
+    }
+    if (isWanted && !isGiven) reader.fail("the key " + inQuotes(key), "none");
+  }
+}
+
+}  // namespace
+
+GoalWhyDTO readWhy(JsonReader& in) {
+  using enum Presence;
+  Payload payload;
+  in.object({
+      {"kind", required, [&] { payload.kind = static_cast<WhyKind>(in.name(whyKindNames)); }},
+      {"label", optional, [&] { payload.label = in.string(); }},
+      {"detail", optional, [&] { payload.detail = in.string(); }},
+      {"reference", optional, [&] { payload.reference = in.string(); }},
+      {"hopCount", optional, [&] { payload.hopCount = in.integer(); }},
+      {"threadCount", optional, [&] { payload.threadCount = in.integer(); }},
+      {"meetingCount", optional, [&] { payload.meetingCount = in.integer(); }},
+  });
+  checkKeys(in, payload);
+  switch (payload.kind) {
+    case WhyKind::evidence:
+      return GoalWhyDTO::evidence(std::move(*payload.label), std::move(*payload.detail),
+                                  std::move(*payload.reference));
+    case WhyKind::connection:
+      return GoalWhyDTO::connection(*payload.hopCount);
+    case WhyKind::sharedActivity:
+      return GoalWhyDTO::sharedActivity(*payload.threadCount, *payload.meetingCount);
+    case WhyKind::nameMatch:
+      return GoalWhyDTO::nameMatch();
+    case WhyKind::generic:
+      break;
+  }
+  return GoalWhyDTO::generic();
+}
+
+}  // namespace vemra::documents

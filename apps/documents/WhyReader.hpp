@@ -1,0 +1,11 @@
+#pragma once
+
+#include "VemraGoalEngine/GoalWhyDTO.hpp"
+#include "apps/documents/JsonReader.hpp"
+
+namespace vemra::documents {
+
+/// Reads a reason: an object with `kind` and exactly the payload of that kind, in any order.
+GoalWhyDTO readWhy(JsonReader& reader);
+
+}  // namespace vemra::documents

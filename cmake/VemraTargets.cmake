@@ -1,0 +1,72 @@
+# One folder, one target. Every target is made by one of the functions below, so that the include
+# root (the repository), the warnings and the sanitizers are the same everywhere.
+
+set(VEMRA_SOURCE_ROOT "${CMAKE_CURRENT_SOURCE_DIR}")
+
+add_library(vemra_flags INTERFACE)
+target_compile_options(vemra_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor)
+if(VEMRA_WERROR)
+  target_compile_options(vemra_flags INTERFACE -Werror)
+endif()
+if(VEMRA_SANITIZE)
+  target_compile_options(vemra_flags INTERFACE -fsanitize=${VEMRA_SANITIZE} -fno-omit-frame-pointer
+                                               -fno-sanitize-recover=all)
+  target_link_options(vemra_flags INTERFACE -fsanitize=${VEMRA_SANITIZE})
+endif()
+
+# vemra_library(<target> ALIAS <Vemra::Name> [PUBLIC <targets>] [PRIVATE <targets>])
+# Builds the .cpp files of the current folder (not of folders below it) into a static library.
+function(vemra_library target)
+  cmake_parse_arguments(arg "" "ALIAS" "PUBLIC;PRIVATE;FOLDERS" ${ARGN})
+  set(sources "")
+  foreach(folder IN ITEMS "." LISTS arg_FOLDERS)
+    file(GLOB found CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp"
+         "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.hpp")
+    list(APPEND sources ${found})
+  endforeach()
+  add_library(${target} STATIC ${sources})
+  set_target_properties(${target} PROPERTIES LINKER_LANGUAGE CXX)
+  add_library(${arg_ALIAS} ALIAS ${target})
+  string(REPLACE "Vemra::" "" export_name "${arg_ALIAS}")
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${export_name})
+  target_include_directories(${target} PUBLIC "$<BUILD_INTERFACE:${VEMRA_SOURCE_ROOT}>"
+                                              "$<INSTALL_INTERFACE:include>")
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_link_libraries(${target} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE}
+                                         "$<BUILD_INTERFACE:vemra_flags>")
+  set_property(GLOBAL APPEND PROPERTY VEMRA_LIBRARIES ${target})
+endfunction()
+
+# vemra_program(<target> NAME <file name> LINK <targets>): the current folder's .cpp files as a program.
+function(vemra_program target)
+  cmake_parse_arguments(arg "" "NAME" "LINK" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+  add_executable(${target} ${sources})
+  set_target_properties(${target} PROPERTIES OUTPUT_NAME ${arg_NAME})
+  target_link_libraries(${target} PRIVATE ${arg_LINK} vemra_flags)
+endfunction()
+
+# vemra_test(<target> LINK <targets> [LABELS <labels>] [MAIN_OWN] [ENVIRONMENT <pairs>]): the current
+# folder's *Test.cpp and *Tests.cpp files (and what else is .cpp there) as one GoogleTest program.
+function(vemra_test target)
+  cmake_parse_arguments(arg "MAIN_OWN" "TIMEOUT" "LINK;LABELS;ENVIRONMENT" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+  if(NOT sources)
+    return()
+  endif()
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT 600)
+  endif()
+  add_executable(${target} ${sources})
+  set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
+  target_compile_definitions(${target} PRIVATE VEMRA_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}"
+                                               VEMRA_REPOSITORY="${VEMRA_SOURCE_ROOT}"
+                                               VEMRA_BINARY_DIR="${CMAKE_BINARY_DIR}")
+  target_link_libraries(${target} PRIVATE ${arg_LINK} vemra_flags GTest::gtest GTest::gmock)
+  if(NOT arg_MAIN_OWN)
+    target_link_libraries(${target} PRIVATE GTest::gtest_main)
+  endif()
+  target_precompile_headers(${target} PRIVATE <gtest/gtest.h> <string> <vector>)
+  gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60
+    PROPERTIES LABELS "${arg_LABELS}" TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${arg_ENVIRONMENT}")
+endfunction()

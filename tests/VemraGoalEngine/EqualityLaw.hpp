@@ -1,0 +1,31 @@
+#pragma once
+
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace vemra::testing {
+
+/// One way to make a record another one.
+template <class Record>
+struct Change {
+  const char* field;
+  void (*apply)(Record&);
+};
+
+/// Checks that a record equals an independent copy of itself, and that each change alone, seen from
+/// either side, makes it unequal.
+template <class Record>
+void expectEachChangeToMatter(Record (*make)(), const std::vector<Change<Record>>& changes) {
+  EXPECT_TRUE(make() == make()) << "two records of the same values differ";
+  for (const Change<Record>& change : changes) {
+    const Record original = make();
+    Record changed = make();
+    change.apply(changed);
+    EXPECT_FALSE(original == changed) << "no notice was taken of " << change.field;
+    EXPECT_FALSE(changed == original) << "no notice was taken of " << change.field;
+    EXPECT_TRUE(changed == Record(changed)) << "unequal to its copy after " << change.field;
+  }
+}
+
+}  // namespace vemra::testing

@@ -1,0 +1,70 @@
+#include "VemraGoalEngine/GoalOutcomeValue.hpp"
+
+#include <functional>
+#include <unordered_set>
+
+#include <gtest/gtest.h>
+
+namespace vemra {
+namespace {
+
+TEST(GoalOutcomeValue, allCasesStandInIndexOrder) {
+  ASSERT_EQ(allGoalOutcomeValues.size(), 8U);
+  for (std::size_t index = 0; index < allGoalOutcomeValues.size(); ++index) {
+    EXPECT_EQ(static_cast<std::size_t>(allGoalOutcomeValues[index]), index);
+  }
+  EXPECT_EQ(static_cast<int>(GoalOutcomeValue::reachedOut), 0);
+  EXPECT_EQ(static_cast<int>(GoalOutcomeValue::invited), 1);
+  EXPECT_EQ(static_cast<int>(GoalOutcomeValue::introduced), 2);
+  EXPECT_EQ(static_cast<int>(GoalOutcomeValue::helped), 3);
+  EXPECT_EQ(static_cast<int>(GoalOutcomeValue::wasUseful), 4);
+  EXPECT_EQ(static_cast<int>(GoalOutcomeValue::notAFit), 5);
+  EXPECT_EQ(static_cast<int>(GoalOutcomeValue::noActionTaken), 6);
+  EXPECT_EQ(static_cast<int>(GoalOutcomeValue::somethingElse), 7);
+}
+
+TEST(GoalOutcomeValue, hashesByCase) {
+  std::unordered_set<GoalOutcomeValue> values(allGoalOutcomeValues.begin(),
+                                              allGoalOutcomeValues.end());
+  values.insert(GoalOutcomeValue::helped);
+  EXPECT_EQ(values.size(), 8U);
+}
+
+TEST(GoalOutcomeSubjectKind, personComesBeforePath) {
+  EXPECT_EQ(static_cast<int>(GoalOutcomeSubjectKind::person), 0);
+  EXPECT_EQ(static_cast<int>(GoalOutcomeSubjectKind::path), 1);
+}
+
+TEST(CaseNames, valuesGoOutAndComeBack) {
+  const std::string_view names[] = {"reachedOut", "invited", "introduced",    "helped",
+                                    "wasUseful",  "notAFit", "noActionTaken", "somethingElse"};
+  for (GoalOutcomeValue value : allGoalOutcomeValues) {
+    const std::string_view name = names[static_cast<std::size_t>(value)];
+    EXPECT_EQ(caseName(value), name);
+    EXPECT_EQ(goalOutcomeValueNamed(name), value) << name;
+  }
+}
+
+TEST(CaseNames, subjectKindsGoOutAndComeBack) {
+  EXPECT_EQ(caseName(GoalOutcomeSubjectKind::person), "person");
+  EXPECT_EQ(caseName(GoalOutcomeSubjectKind::path), "path");
+  EXPECT_EQ(goalOutcomeSubjectKindNamed("person"), GoalOutcomeSubjectKind::person);
+  EXPECT_EQ(goalOutcomeSubjectKindNamed("path"), GoalOutcomeSubjectKind::path);
+}
+
+TEST(CaseNames, onlyTheExactNameIsACase) {
+  for (std::string_view name : {"", "Helped", "helped ", " helped", "help", "was useful", "8"}) {
+    EXPECT_EQ(goalOutcomeValueNamed(name), std::nullopt) << '"' << name << '"';
+  }
+  for (std::string_view name : {"", "Person", "path ", "group", "0"}) {
+    EXPECT_EQ(goalOutcomeSubjectKindNamed(name), std::nullopt) << '"' << name << '"';
+  }
+}
+
+TEST(CaseNames, whatIsNoCaseHasNoName) {
+  EXPECT_EQ(caseName(static_cast<GoalOutcomeValue>(8)), "");
+  EXPECT_EQ(caseName(static_cast<GoalOutcomeSubjectKind>(2)), "");
+}
+
+}  // namespace
+}  // namespace vemra

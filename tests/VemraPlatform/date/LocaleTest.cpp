@@ -1,0 +1,135 @@
+#include "Environment.hpp"
+#include "VemraPlatform/date/Locale.hpp"
+
+#include <gtest/gtest.h>
+
+namespace vemra::testing {
+namespace {
+
+using namespace std::string_literals;
+
+TEST(KnownLocale, isOneThatICULists) {
+  for (const char* locale :
+       {"en", "en_US", "en-US", "de_DE", "sr_Latn_RS", "sr-Latn-RS", "en_US_POSIX", "es_419",
+        "en_001", "zh_Hant_TW", "nb_NO", "yue", "en_DE", "EN-us"}) {
+    EXPECT_TRUE(date::isKnownLocale(locale)) << locale;
+  }
+  for (const char* locale : {"zh_TW", "zh_CN", "sr_RS", "iw_IL", "no_NO", "tl_PH", "in_ID"}) {
+    EXPECT_TRUE(date::isKnownLocale(locale)) << locale << ", an older name";
+  }
+  EXPECT_TRUE(date::isKnownLocale("root"));
+  EXPECT_TRUE(date::isKnownLocale("und"));
+}
+
+TEST(KnownLocale, mayAskForACalendarAndDigits) {
+  for (const char* locale :
+       {"en-US-u-nu-arab", "en-US-u-ca-buddhist", "en-US-u-ca-buddhist-nu-thai",
+        "en_US@numbers=arab", "en_US@calendar=buddhist;numbers=thai", "en_US@calendar=gregory",
+        "de@collation=phonebook", "und-u-nu-arab", "zh-Hant-TW-u-ca-roc", "hi-IN-u-nu-native"}) {
+    EXPECT_TRUE(date::isKnownLocale(locale)) << locale;
+  }
+}
+
+TEST(KnownLocale, isNothingElse) {
+  for (const std::string& locale : {""s,
+                                    "xx"s,
+                                    "xx_YY"s,
+                                    "en_XX"s,
+                                    "english"s,
+                                    "C"s,
+                                    "POSIX"s,
+                                    "en_US.UTF-8"s,
+                                    "C.UTF-8"s,
+                                    "de_DE@euro"s,
+                                    "sr_RS@latin"s,
+                                    " en_US"s,
+                                    "en_US "s,
+                                    "en US"s,
+                                    "en_US_"s,
+                                    "_US"s,
+                                    "en__US"s,
+                                    "en_US@"s,
+                                    "en_US@x"s,
+                                    "en_US@=x"s,
+                                    "en_US@numbers="s,
+                                    "en_US@numbers=arab;"s,
+                                    "en_US@numbers=nonsense"s,
+                                    "en_US@calendar=nonsense"s,
+                                    "en-US-u"s,
+                                    "en-US-u-nu-nonsense"s,
+                                    "en-US-u-ca-nonsense"s,
+                                    "en-US-u-nu-arab@numbers=thai"s,
+                                    "en_US\0"s,
+                                    "en_US\n"s,
+                                    "\xFF"s,
+                                    "../en_US"s,
+                                    std::string(10000, 'a'),
+                                    "en_US@numbers="s + std::string(10000, 'a'),
+                                    "en_US@x="s + std::string(120, 'a')}) {
+    EXPECT_FALSE(date::isKnownLocale(locale)) << locale.substr(0, 100);
+  }
+}
+
+struct Settings {
+  std::optional<std::string> all;
+  std::optional<std::string> time;
+  std::optional<std::string> language;
+};
+
+std::string systemLocale(const Settings& settings) {
+  const Environment all("LC_ALL", settings.all);
+  const Environment time("LC_TIME", settings.time);
+  const Environment language("LANG", settings.language);
+  const Environment messages("LC_MESSAGES", "ko_KR.UTF-8");  // says nothing about dates
+  return date::systemLocale();
+}
+
+TEST(SystemLocale, comesFromTheFirstVariableThatSaysSomething) {
+  EXPECT_EQ(systemLocale({"de_DE", "fr_FR", "en_GB"}), "de_DE");
+  EXPECT_EQ(systemLocale({std::nullopt, "fr_FR", "en_GB"}), "fr_FR");
+  EXPECT_EQ(systemLocale({"", "fr_FR", "en_GB"}), "fr_FR");
+  EXPECT_EQ(systemLocale({"", "", "en_GB"}), "en_GB");
+  EXPECT_EQ(systemLocale({std::nullopt, std::nullopt, "en_GB"}), "en_GB");
+}
+
+TEST(SystemLocale, hasNoEncodingAndNoModifierOfPOSIX) {
+  const auto read = [](const char* language) {
+    return systemLocale({std::nullopt, std::nullopt, language});
+  };
+  EXPECT_EQ(read("en_GB.UTF-8"), "en_GB");
+  EXPECT_EQ(read("ja_JP.eucJP"), "ja_JP");
+  EXPECT_EQ(read("de_DE@euro"), "de_DE");
+  EXPECT_EQ(read("de_DE.ISO-8859-15@euro"), "de_DE");
+  EXPECT_EQ(read("sr_RS@latin"), "sr_Latn_RS");
+  EXPECT_EQ(read("sr_RS.UTF-8@latin"), "sr_Latn_RS");
+  EXPECT_EQ(read("uz_UZ.UTF-8@cyrillic"), "uz_Cyrl_UZ");
+  EXPECT_EQ(read("en-US-u-nu-arab"), "en-US-u-nu-arab");
+}
+
+TEST(SystemLocale, ofThePortableEnvironmentIsEnglish) {
+  EXPECT_EQ(systemLocale({}), "en_US_POSIX");
+  EXPECT_EQ(systemLocale({"C", "de_DE", "de_DE"}), "en_US_POSIX");
+  EXPECT_EQ(systemLocale({std::nullopt, std::nullopt, "POSIX"}), "en_US_POSIX");
+  EXPECT_EQ(systemLocale({std::nullopt, std::nullopt, "C.UTF-8"}), "en_US_POSIX");
+}
+
+TEST(SystemLocale, ofAnEmptyLanguageIsRoot) {
+  EXPECT_EQ(systemLocale({std::nullopt, std::nullopt, ""}), "root");
+  EXPECT_EQ(systemLocale({"", "", ""}), "root");
+}
+
+TEST(SystemLocale, isKnownWhateverTheEnvironmentSays) {
+  const auto read = [](const char* language) {
+    return systemLocale({std::nullopt, std::nullopt, language});
+  };
+  EXPECT_EQ(read("en_FR.UTF-8"), "en");
+  EXPECT_EQ(read("xx_YY.UTF-8"), "root");
+  EXPECT_EQ(read("sr_XX@latin"), "sr_Latn");
+  for (const char* language :
+       {"@", ".", "_", "-", "@euro", ".UTF-8", "____", "\xFF\xFE", "en_", "@latin"}) {
+    EXPECT_TRUE(date::isKnownLocale(read(language))) << language << " gives " << read(language);
+  }
+}
+
+}  // namespace
+}  // namespace vemra::testing

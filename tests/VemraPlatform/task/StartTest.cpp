@@ -1,0 +1,177 @@
+#include "Gate.hpp"
+#include "VemraPlatform/task/MainActor.hpp"
+#include "VemraPlatform/task/Start.hpp"
+
+#include <memory>
+#include <stdexcept>
+#include <thread>
+
+#include <gtest/gtest.h>
+
+namespace vemra::testing {
+namespace {
+
+using task::MainActor;
+using task::Result;
+using task::start;
+using task::Task;
+using task::wait;
+
+using Threads = std::vector<std::thread>;
+
+void joinAll(Threads& threads) {
+  for (std::thread& thread : threads) thread.join();
+}
+
+Task<int> give(int value) {
+  co_return value;
+}
+
+Task<std::thread::id> whereItGoesOn(Threads* threads) {
+  Elsewhere elsewhere(*threads);
+  co_await elsewhere;
+  co_return std::this_thread::get_id();
+}
+
+Task<bool> staysWhereItsAwaitResumed(Threads* threads) {
+  auto inner = whereItGoesOn(threads);
+  const std::thread::id innerThread = co_await std::move(inner);
+  co_return innerThread == std::this_thread::get_id() && !MainActor::isCurrent();
+}
+
+TEST(Start, tellsTheResultOnce) {
+  int calls = 0;
+  start(give(4), [&](Result<int> result) {
+    ++calls;
+    EXPECT_TRUE(result.hasValue());
+    EXPECT_EQ(result.exception(), nullptr);
+    EXPECT_EQ(std::move(result).take(), 4);
+  });
+  EXPECT_EQ(calls, 1);
+}
+
+TEST(Start, tellsTheExceptionAndThrowsNothing) {
+  struct Source {
+    static Task<> fail(const std::exception** place) {
+      co_await std::suspend_never();
+      try {
+        throw std::runtime_error("failed");
+      } catch (const std::exception& thrown) {
+        *place = &thrown;
+        throw;
+      }
+    }
+  };
+  const std::exception* thrown = nullptr;
+  const std::exception* caught = nullptr;
+  start(Source::fail(&thrown), [&](Result<void> result) {
+    EXPECT_FALSE(result.hasValue());
+    EXPECT_NE(result.exception(), nullptr);
+    try {
+      std::move(result).take();
+    } catch (const std::exception& failure) {
+      caught = &failure;
+    }
+  });
+  EXPECT_NE(caught, nullptr);
+  EXPECT_EQ(caught, thrown);
+}
+
+TEST(Start, freesTheTaskBeforeItTellsTheResult) {
+  struct Source {
+    static Task<> hold(std::shared_ptr<int> held) {
+      EXPECT_NE(held, nullptr);
+      co_return;
+    }
+  };
+  const auto held = std::make_shared<int>(0);
+  long uses = 0;
+  start(Source::hold(held), [&](Result<void>) { uses = held.use_count(); });
+  EXPECT_EQ(uses, 1);
+}
+
+TEST(Start, takesACallbackThatOnlyMoves) {
+  auto owned = std::make_unique<int>(0);
+  int* seen = owned.get();
+  int value = 0;
+  start(give(9), [owned = std::move(owned), &value, &seen](Result<int> result) {
+    EXPECT_EQ(owned.get(), seen);
+    value = std::move(result).take();
+  });
+  EXPECT_EQ(value, 9);
+}
+
+TEST(Start, tellsTheResultOnTheThreadTheTaskEndsOn) {
+  Threads threads;
+  bool calledOnMain = true;
+  start(whereItGoesOn(&threads), [&](Result<std::thread::id> result) {
+    EXPECT_EQ(std::move(result).take(), std::this_thread::get_id());
+    calledOnMain = MainActor::isCurrent();
+  });
+  joinAll(threads);
+  EXPECT_FALSE(calledOnMain);
+}
+
+TEST(Wait, blocksUntilATaskElsewhereHasEnded) {
+  Threads threads;
+  EXPECT_TRUE(wait(staysWhereItsAwaitResumed(&threads)));
+  joinAll(threads);
+}
+
+TEST(Wait, throwsWhatWasThrownElsewhere) {
+  struct Source {
+    static Task<int> fail(Threads* threads) {
+      Elsewhere elsewhere(*threads);
+      co_await elsewhere;
+      throw std::runtime_error("failed elsewhere");
+    }
+  };
+  Threads threads;
+  EXPECT_THROW(wait(Source::fail(&threads)), std::runtime_error);
+  joinAll(threads);
+}
+
+Task<int> hop(Threads* threads, int times) {
+  int value = 0;
+  for (int hopped = 0; hopped < times; ++hopped) {
+    auto next = whereItGoesOn(threads);
+    co_await std::move(next);
+    auto more = give(1);
+    value += co_await std::move(more);
+  }
+  co_return value;
+}
+
+/// The end on one thread and the awaiting of it on another meet in every order.
+TEST(Wait, goesOnWhoeverIsFirst) {
+  for (int round = 0; round < 50; ++round) {
+    Threads threads;
+    threads.reserve(20);
+    EXPECT_EQ(wait(hop(&threads, 20)), 20);
+    joinAll(threads);
+  }
+}
+
+TEST(Wait, isPossibleOnManyThreadsAtOnce) {
+  Threads waiting;
+  std::vector<int> values(4);
+  for (int& value : values) {
+    waiting.emplace_back([&value] {
+      Threads threads;
+      threads.reserve(50);
+      value = wait(hop(&threads, 50));
+      joinAll(threads);
+    });
+  }
+  joinAll(waiting);
+  EXPECT_EQ(values, std::vector<int>(4, 50));
+}
+
+TEST(StartDeathTest, stopsWhenTheCallbackThrows) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(start(give(1), [](Result<int>) { throw std::runtime_error("no"); }),
+              ::testing::KilledBySignal(SIGABRT), "");
+}
+
+}  // namespace
+}  // namespace vemra::testing

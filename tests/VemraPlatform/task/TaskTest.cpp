@@ -1,0 +1,220 @@
+#include "Gate.hpp"
+#include "VemraPlatform/task/Start.hpp"
+#include "VemraPlatform/task/Task.hpp"
+
+#include <memory>
+#include <stdexcept>
+
+#include <gtest/gtest.h>
+
+namespace vemra::testing {
+namespace {
+
+using task::Result;
+using task::start;
+using task::Task;
+using task::wait;
+
+static_assert(!std::is_copy_constructible_v<Task<int>> && !std::is_copy_assignable_v<Task<int>>);
+static_assert(std::is_nothrow_move_constructible_v<Task<int>>);
+static_assert(std::is_nothrow_move_assignable_v<Task<int>>);
+
+Task<int> give(int value) {
+  co_return value;
+}
+
+Task<int> count(std::shared_ptr<int> runs) {
+  ++*runs;
+  co_return *runs;
+}
+
+Task<> touch(std::shared_ptr<int> runs) {
+  ++*runs;
+  co_return;
+}
+
+TEST(Task, givesItsValue) {
+  EXPECT_EQ(wait(give(7)), 7);
+}
+
+TEST(Task, doesNotStartUntilItIsAwaited) {
+  const auto runs = std::make_shared<int>(0);
+  Task<int> task = count(runs);
+  EXPECT_EQ(*runs, 0);
+  EXPECT_EQ(wait(std::move(task)), 1);
+}
+
+TEST(Task, freesWhatItHoldsWhenItNeverStarts) {
+  const auto runs = std::make_shared<int>(0);
+  {
+    const Task<int> task = count(runs);
+    EXPECT_EQ(runs.use_count(), 2);
+  }
+  EXPECT_EQ(runs.use_count(), 1);
+  EXPECT_EQ(*runs, 0);
+}
+
+TEST(Task, movesWithItsWork) {
+  const auto runs = std::make_shared<int>(0);
+  Task<int> first = count(runs);
+  Task<int> second = std::move(first);
+  first = std::move(second);
+  Task<int> third = give(1);
+  third = std::move(first);
+  EXPECT_EQ(wait(std::move(third)), 1);
+  EXPECT_EQ(runs.use_count(), 1);
+}
+
+TEST(Task, givesAValueThatOnlyMoves) {
+  struct Source {
+    static Task<std::unique_ptr<int>> make() { co_return std::make_unique<int>(5); }
+    static Task<std::unique_ptr<int>> passOn() {
+      auto made = make();
+      co_return co_await std::move(made);
+    }
+  };
+  EXPECT_EQ(*wait(Source::passOn()), 5);
+}
+
+TEST(Task, givesAValueWithoutADefault) {
+  struct Name {
+    explicit Name(std::string given) : text(std::move(given)) {}
+    std::string text;
+  };
+  struct Source {
+    static Task<Name> make() { co_return Name("given"); }
+  };
+  EXPECT_EQ(wait(Source::make()).text, "given");
+}
+
+TEST(Task, withoutAValueRunsToItsEnd) {
+  const auto runs = std::make_shared<int>(0);
+  wait(touch(runs));
+  EXPECT_EQ(*runs, 1);
+  EXPECT_EQ(runs.use_count(), 1);
+}
+
+/// An error with an address to tell it by, and no copy.
+struct Failure : std::runtime_error {
+  explicit Failure(const Failure** place) : std::runtime_error("failed") { *place = this; }
+};
+
+Task<int> fail(const Failure** place) {
+  throw Failure(place);
+  co_return 0;
+}
+
+Task<int> passOn(Task<int> task) {
+  co_return co_await std::move(task);
+}
+
+TEST(Task, rethrowsTheVerySameExceptionObject) {
+  const Failure* thrown = nullptr;
+  try {
+    wait(passOn(passOn(passOn(fail(&thrown)))));
+    FAIL() << "nothing was thrown";
+  } catch (const Failure& caught) {
+    EXPECT_EQ(&caught, thrown);
+  }
+}
+
+TEST(Task, withoutAValueRethrowsToo) {
+  struct Source {
+    static Task<> fail(const Failure** place) {
+      co_await std::suspend_never();
+      throw Failure(place);
+    }
+  };
+  const Failure* thrown = nullptr;
+  try {
+    wait(Source::fail(&thrown));
+    FAIL() << "nothing was thrown";
+  } catch (const Failure& caught) {
+    EXPECT_EQ(&caught, thrown);
+  }
+}
+
+TEST(Task, mayCatchAndGoOn) {
+  struct Source {
+    static Task<std::string> recover(const Failure** place) {
+      std::string message;
+      try {
+        auto failing = fail(place);
+        co_await std::move(failing);
+      } catch (const Failure& failure) {
+        message = failure.what();
+      }
+      auto after = give(2);
+      const int value = co_await std::move(after);
+      co_return message + std::to_string(value);
+    }
+  };
+  const Failure* thrown = nullptr;
+  EXPECT_EQ(wait(Source::recover(&thrown)), "failed2");
+}
+
+Task<int> sum(int count) {
+  int total = 0;
+  for (int index = 0; index < count; ++index) {
+    auto next = give(1);
+    total += co_await std::move(next);
+  }
+  co_return total;
+}
+
+TEST(Task, awaitsInALoopDoNotPileUp) {
+  EXPECT_EQ(wait(sum(1000000)), 1000000);
+}
+
+Task<int> depth(int levels) {
+  if (levels == 0) co_return 0;
+  auto deeper = depth(levels - 1);
+  co_return 1 + co_await std::move(deeper);
+}
+
+TEST(Task, awaitsInAChainAreResumedInOrder) {
+  EXPECT_EQ(wait(depth(1000)), 1000);
+}
+
+TEST(Task, aLongChainNeedsNoStackWhereTransferIsAJump) {
+  if (!task::coroutine::transferIsAJump) GTEST_SKIP() << "not in this build";
+  EXPECT_EQ(wait(depth(200000)), 200000);
+}
+
+Task<int> throughGate(Gate* gate, int value) {
+  co_await *gate;
+  co_return value;
+}
+
+TEST(Task, waitsUntilItIsResumed) {
+  Gate gate;
+  std::optional<int> value;
+  start(passOn(passOn(throughGate(&gate, 3))),
+        [&](Result<int> result) { value = std::move(result).take(); });
+  EXPECT_TRUE(gate.hasWaiter());
+  EXPECT_EQ(value, std::nullopt);
+  gate.open();
+  EXPECT_EQ(value, 3);
+}
+
+TEST(TaskDeathTest, awaitedTwiceStopsTheProcess) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  struct Source {
+    static Task<int> twice() {
+      auto once = give(1);
+      const int first = co_await std::move(once);
+      co_return first + co_await std::move(once);
+    }
+  };
+  EXPECT_EXIT(wait(Source::twice()), ::testing::KilledBySignal(SIGABRT), "awaited");
+}
+
+TEST(TaskDeathTest, awaitedAfterAMoveStopsTheProcess) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  Task<int> task = give(1);
+  const Task<int> owner = std::move(task);
+  EXPECT_EXIT(wait(std::move(task)), ::testing::KilledBySignal(SIGABRT), "moved from");
+}
+
+}  // namespace
+}  // namespace vemra::testing

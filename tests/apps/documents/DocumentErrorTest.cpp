@@ -1,0 +1,53 @@
+#include "apps/documents/DocumentError.hpp"
+
+#include <gtest/gtest.h>
+
+namespace vemra::documents {
+namespace {
+
+TEST(DocumentErrorTest, saysFilePlaceAndProblem) {
+  const DocumentError error("case.json", "/goal/title", "expected a string; found 12");
+  EXPECT_STREQ(error.what(), "case.json: /goal/title: expected a string; found 12");
+  EXPECT_EQ(error.file(), "case.json");
+  EXPECT_EQ(error.pointer(), "/goal/title");
+  EXPECT_EQ(error.problem(), "expected a string; found 12");
+}
+
+TEST(DocumentErrorTest, leavesOutThePlaceOfTheWholeDocument) {
+  EXPECT_STREQ(DocumentError("-", "", "expected an object; found 1").what(),
+               "-: expected an object; found 1");
+}
+
+TEST(PointerTokenTest, escapesTildeThenSolidus) {
+  EXPECT_EQ(pointerToken("a/b"), "a~1b");
+  EXPECT_EQ(pointerToken("m~n"), "m~0n");
+  EXPECT_EQ(pointerToken("~1"), "~01");
+  EXPECT_EQ(pointerToken("//~~"), "~1~1~0~0");
+  EXPECT_EQ(pointerToken("\"\\ é"), "\"\\ é");
+}
+
+TEST(PointerTokenTest, staysOnOneLine) {
+  EXPECT_EQ(pointerToken("a\nb\x1B[31m\x7F"), "a\\u000ab\\u001b[31m\\u007f");
+  EXPECT_EQ(pointerToken("a\u2028b\u009Bc"), "a\\u2028b\\u009bc");
+}
+
+TEST(PointerTokenTest, keepsAnUsualKeyWholeAndCutsAHugeOne) {
+  EXPECT_EQ(pointerToken(std::string(200, 'k')), std::string(200, 'k'));
+  EXPECT_EQ(pointerToken(std::string(201, 'k')), std::string(200, 'k') + "…");
+}
+
+TEST(InQuotesTest, cutsAfterSixtyCharactersNotBytes) {
+  std::string sixty;
+  for (int i = 0; i < 60; ++i) sixty += "é";
+  EXPECT_EQ(inQuotes(sixty), '"' + sixty + '"');
+  EXPECT_EQ(inQuotes(sixty + "x"), '"' + sixty + "…\"");
+}
+
+TEST(InQuotesTest, marksQuotesAndReplacesBrokenBytes) {
+  EXPECT_EQ(inQuotes("say \"no\""), "\"say \\\"no\\\"\"");
+  EXPECT_EQ(inQuotes("a\xFFz\xC3"), "\"a\uFFFDz\uFFFD\"");
+  EXPECT_EQ(inQuotes(""), "\"\"");
+}
+
+}  // namespace
+}  // namespace vemra::documents

@@ -1,0 +1,159 @@
+#include "SampleResult.hpp"
+#include "apps/documents/ResultReader.hpp"
+#include "apps/documents/SourceFile.hpp"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <random>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+namespace vemra::documents {
+namespace {
+
+constexpr std::size_t fiftyMegabytes = 50'000'000;
+
+std::string repeated(std::string_view piece, std::size_t count) {
+  std::string text;
+  text.reserve(piece.size() * count);
+  for (std::size_t i = 0; i < count; ++i) text += piece;
+  return text;
+}
+
+std::string inTitle(const std::string& value) {
+  return replacing(sampleResult, "\"Find a design lead\"", value);
+}
+
+TEST(DeepNestingTest, isRefusedAtTheFirstBracketThatNoDocumentHas) {
+  const std::size_t depth = 100'000;
+  EXPECT_EQ(errorIn(repeated("[", depth)), "case.json: expected an object; found an array");
+  EXPECT_EQ(errorIn(repeated("[", depth) + repeated("]", depth)),
+            "case.json: expected an object; found an array");
+  EXPECT_EQ(errorIn(repeated("{\"goal\":", depth)),
+            "case.json: /goal/goal: expected one of the keys id, title, status, targetPersonRef, "
+            "createdAt, updatedAt, priority, keywords, keywordsRevision, constraints, "
+            "constraintsRevision, attachmentRefs; found \"goal\"");
+  EXPECT_EQ(errorIn(inTitle(repeated("[", depth) + repeated("]", depth))),
+            "case.json: /goal/title: expected a string; found an array");
+  EXPECT_EQ(errorIn(replacing(sampleResult, "[\"Mail\"]", repeated("[", depth))),
+            "case.json: /coverage/sources/0: expected a string; found an array");
+}
+
+TEST(NoiseTest, fiftyMegabytesAreRefused) {
+  std::mt19937 random(50);
+  std::string noise(fiftyMegabytes, '\0');
+  for (char& byte : noise) byte = static_cast<char>(random());
+  EXPECT_NE(errorIn(noise), "");
+  EXPECT_NE(errorIn("{\"goal\": {\"id\": \"" + noise), "");
+}
+
+TEST(NoiseTest, fiftyMegabytesOfOneKindAreRefusedWithAShortMessage) {
+  const std::string x(fiftyMegabytes, 'x');
+  const std::string texts[] = {
+      x,
+      std::string(fiftyMegabytes, ' '),
+      std::string(fiftyMegabytes, '\n'),
+      std::string(fiftyMegabytes, '\0'),
+      std::string(fiftyMegabytes, '"'),
+      '"' + x,
+      '"' + x + '"',
+      '{' + ('"' + x) + "\": 1}",
+      '{' + repeated("\"é", fiftyMegabytes / 3),
+      std::string(fiftyMegabytes, '9'),
+      std::string(fiftyMegabytes, '['),
+      "[" + repeated("0,", fiftyMegabytes / 2),
+      repeated("{\"a\":", fiftyMegabytes / 5),
+      inTitle('"' + x),
+      inTitle(std::string(fiftyMegabytes, '1')),
+      inTitle('"' + repeated("\\u0041", fiftyMegabytes / 6) + "\\uD800\""),
+      sampleResult + x,
+      sampleResult + std::string(fiftyMegabytes, '\n') + "x",
+      replacing(sampleResult, "\"hopCount\": 2",
+                "\"hopCount\": " + std::string(fiftyMegabytes, '9')),
+  };
+  for (const std::string& text : texts) {
+    const std::string error = errorIn(text);
+    EXPECT_TRUE(error.starts_with("case.json: ")) << text.substr(0, 40);
+    EXPECT_LT(error.size(), 1000U) << text.substr(0, 40);
+  }
+}
+
+TEST(HugeDocumentTest, aTitleOfFiftyMegabytesIsATitle) {
+  const std::string title(fiftyMegabytes, 't');
+  EXPECT_EQ(readResultText(inTitle('"' + title + '"'), "t").goal.title.size(), fiftyMegabytes);
+}
+
+/// A folder of its own for one test.
+class SourceFileTest : public testing::Test {
+ protected:
+  SourceFileTest() {
+    std::string pattern = testing::TempDir() + "vemra-documents-XXXXXX";
+    folder_ = ::mkdtemp(pattern.data());
+  }
+  ~SourceFileTest() override { std::filesystem::remove_all(folder_); }
+
+  std::string file(const std::string& name, const std::string& content) const {
+    const std::string path = folder_ + "/" + name;
+    std::ofstream(path, std::ios::binary) << content;
+    return path;
+  }
+
+  /// The message of reading a file, without the path it begins with.
+  static std::string error(const std::string& path) {
+    try {
+      readResultFile(path);
+    } catch (const DocumentError& error) {
+      const std::string message = error.what();
+      EXPECT_TRUE(message.starts_with(path + ": ")) << message;
+      return message.substr(path.size() + 2);
+    }
+    return "";
+  }
+
+  std::string folder_;
+};
+
+TEST_F(SourceFileTest, readsAFile) {
+  EXPECT_EQ(readResultFile(file("case.json", sampleResult)).goal.id, "g1");
+  const std::string content = "a\0b\r\n\xFF" + std::string(3'000'000, 'x');
+  EXPECT_EQ(readSource(file("bytes", content)), content);
+  EXPECT_EQ(readSource(file("empty", "")), "");
+}
+
+TEST_F(SourceFileTest, saysWhatIsWrongWithAFile) {
+  EXPECT_EQ(error(folder_ + "/missing.json"),
+            "expected a file that can be read; found: No such file or directory");
+  EXPECT_EQ(error(folder_), "expected a file that can be read; found: Is a directory");
+  EXPECT_EQ(error(file("a", "") + "/b"),
+            "expected a file that can be read; found: Not a directory");
+  EXPECT_EQ(error(file("empty.json", "")),
+            "line 1, column 1: expected an object; found the end of the file");
+  EXPECT_EQ(error(""), "expected a file that can be read; found: No such file or directory");
+}
+
+TEST_F(SourceFileTest, readsAPipeOfUnknownLength) {
+  const std::string path = folder_ + "/pipe";
+  ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+  const std::string content(5'000'000, 'y');
+  if (::fork() == 0) {
+    std::ofstream(path, std::ios::binary) << content;
+    ::_exit(0);
+  }
+  EXPECT_EQ(readSource(path), content);
+}
+
+TEST_F(SourceFileTest, readsStandardInputUnderTheNameDash) {
+  const int saved = ::dup(STDIN_FILENO);
+  ASSERT_NE(std::freopen(file("in", "[]").c_str(), "r", stdin), nullptr);
+  EXPECT_EQ(error("-"), "expected an object; found an array");
+  ::dup2(saved, STDIN_FILENO);
+  ::close(saved);
+}
+
+}  // namespace
+}  // namespace vemra::documents

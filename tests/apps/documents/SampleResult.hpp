@@ -1,0 +1,54 @@
+#pragma once
+
+#include "apps/documents/DocumentError.hpp"
+#include "apps/documents/ResultReader.hpp"
+
+#include <string>
+#include <string_view>
+
+namespace vemra::documents {
+
+/// A document that holds every key a result document can hold, and every kind of reason.
+inline const std::string sampleResult = R"json({
+  "goal": {"id": "g1", "title": "Find a design lead", "status": "paused", "targetPersonRef": "p9",
+           "createdAt": "2024-12-01T08:00:00Z", "updatedAt": "2025-01-02T08:00:00Z",
+           "priority": "high", "keywords": ["design", "lead"], "keywordsRevision": 3,
+           "constraints": ["remote"], "constraintsRevision": 4, "attachmentRefs": ["a1"]},
+  "people": [
+    {"personRef": "p1", "displayName": "Ada", "why": {"kind": "connection", "hopCount": 2},
+     "evidenceIDs": ["ev9", "ev3"]},
+    {"personRef": "p2", "displayName": null,
+     "why": {"kind": "evidence", "label": "Email", "detail": "Asked", "reference": "ev1"}},
+    {"personRef": "p3", "why": {"kind": "sharedActivity", "threadCount": 5, "meetingCount": -1}},
+    {"personRef": "p4", "displayName": "", "why": {"kind": "nameMatch"}, "evidenceIDs": []}
+  ],
+  "paths": [{"personRefs": ["p1", "p9"], "why": {"kind": "generic"}, "strength": 7}],
+  "group": [{"id": "grp1", "personRefs": ["p1"]}],
+  "coverage": {"sources": ["Mail"], "evidenceCount": 12,
+               "latestEvidenceAt": "2025-01-05T10:00:00Z"},
+  "outcomes": [
+    {"id": "o1", "goalID": "g1", "subjectKind": "person", "subjectRef": "p1", "value": "helped",
+     "note": "met", "recordedAt": "2025-01-03T08:00:00Z", "recordedBy": "me",
+     "correctsOutcomeID": null},
+    {"id": "o2", "subjectKind": "path", "value": "somethingElse", "correctsOutcomeID": ""}
+  ]
+})json";
+
+/// `text` with the first occurrence of `what` replaced; `what` must be there.
+inline std::string replacing(std::string text, std::string_view what, std::string_view by) {
+  const std::size_t at = text.find(what);
+  if (at == std::string::npos) throw std::logic_error("the sample has no " + std::string(what));
+  return text.replace(at, what.size(), by);
+}
+
+/// The message for a document named "case.json", or "" when it is read without one.
+inline std::string errorIn(std::string_view text) {
+  try {
+    readResultText(text, "case.json");
+  } catch (const DocumentError& error) {
+    return error.what();
+  }
+  return "";
+}
+
+}  // namespace vemra::documents
