@@ -1,83 +1,58 @@
 #include "VemraTesting/Names.hpp"
 
+#include <array>
+#include <cstddef>
+
 namespace vemra::testing {
 
 using namespace vemra::ui;
 
+namespace {
+
+template <class Value, std::size_t count>
+std::string_view nameIn(const std::array<std::string_view, count>& names, Value value) {
+  return names.at(static_cast<std::size_t>(value));
+}
+
+}  // namespace
+
+// Each in the order of its enumeration.
+
 std::string_view name(TextStyle style) {
-  switch (style) {
-    case TextStyle::title2:
-      return "title2";
-    case TextStyle::headline:
-      return "headline";
-    case TextStyle::body:
-      return "body";
-    case TextStyle::subheadline:
-      return "subheadline";
-    case TextStyle::caption:
-      return "caption";
-    case TextStyle::caption2:
-      return "caption2";
-  }
-  return "";
+  return nameIn<TextStyle, 6>({"title2", "headline", "body", "subheadline", "caption", "caption2"},
+                              style);
 }
 
 std::string_view name(FontWeight weight) {
-  switch (weight) {
-    case FontWeight::regular:
-      return "regular";
-    case FontWeight::medium:
-      return "medium";
-    case FontWeight::semibold:
-      return "semibold";
-    case FontWeight::bold:
-      return "bold";
-  }
-  return "";
+  return nameIn<FontWeight, 4>({"regular", "medium", "semibold", "bold"}, weight);
 }
 
 std::string_view name(ForegroundStyle style) {
-  switch (style) {
-    case ForegroundStyle::primary:
-      return "primary";
-    case ForegroundStyle::secondary:
-      return "secondary";
-    case ForegroundStyle::tertiary:
-      return "tertiary";
-  }
-  return "";
+  return nameIn<ForegroundStyle, 3>({"primary", "secondary", "tertiary"}, style);
 }
 
 std::string_view name(Edges edges) {
-  switch (edges) {
-    case Edges::all:
-      return "all";
-    case Edges::horizontal:
-      return "horizontal";
-    case Edges::vertical:
-      return "vertical";
-  }
-  return "";
+  return nameIn<Edges, 3>({"all", "horizontal", "vertical"}, edges);
 }
 
 std::string_view name(ButtonStyle style) {
-  return style == ButtonStyle::plain ? "plain" : "automatic";
+  return nameIn<ButtonStyle, 2>({"automatic", "plain"}, style);
 }
 
-std::string_view name(PickerStyle) {
-  return "menu";
+std::string_view name(PickerStyle style) {
+  return nameIn<PickerStyle, 1>({"menu"}, style);
 }
 
-std::string_view name(TextFieldStyle) {
-  return "roundedBorder";
+std::string_view name(TextFieldStyle style) {
+  return nameIn<TextFieldStyle, 1>({"roundedBorder"}, style);
 }
 
 std::string_view name(HorizontalAlignment alignment) {
-  return alignment == HorizontalAlignment::leading ? "leading" : "center";
+  return nameIn<HorizontalAlignment, 2>({"leading", "center"}, alignment);
 }
 
 std::string_view name(VerticalAlignment alignment) {
-  return alignment == VerticalAlignment::top ? "top" : "center";
+  return nameIn<VerticalAlignment, 2>({"top", "center"}, alignment);
 }
 
 }  // namespace vemra::testing

@@ -10,6 +10,7 @@ namespace {
 
 using namespace vemra::ui;
 
+// One line, whatever the text holds.
 std::string quoted(std::string_view text) {
   std::string out = "\"";
   for (char c : text) {
@@ -30,7 +31,12 @@ std::string quoted(std::string_view text) {
         out += "\\\\";
         break;
       default:
-        out += c;
+        if (const auto byte = static_cast<unsigned char>(c); byte < 0x20 || byte == 0x7F) {
+          constexpr std::string_view digits = "0123456789abcdef";
+          out += {'\\', 'x', digits[byte / 16], digits[byte % 16]};
+        } else {
+          out += c;
+        }
     }
   }
   return out + '"';

@@ -1,6 +1,7 @@
 #include "VemraTesting/RenderedTree.hpp"
 
-#include <algorithm>
+#include <stdexcept>
+#include <utility>
 
 namespace vemra::testing {
 
@@ -12,15 +13,18 @@ void RenderedTree::apply(const std::vector<Patch>& patches) {
   for (const Patch& patch : patches) {
     switch (patch.kind) {
       case Patch::Kind::insert:
-        nodes_.insert_or_assign(patch.node, Node{patch.node, {}, *patch.element, {}});
-        place(patch.node, patch.parent, patch.after);
+        if (!places_.emplace(patch.node, Place{{patch.node, {}, *patch.element, {}}, {}, {}, {}})
+                 .second) {
+          throw std::out_of_range("a node was inserted twice");
+        }
+        putIn(patch.node, patch.parent, patch.after);
         break;
       case Patch::Kind::move:
         takeOut(patch.node);
-        place(patch.node, patch.parent, patch.after);
+        putIn(patch.node, patch.parent, patch.after);
         break;
       case Patch::Kind::update:
-        nodes_.at(patch.node).element = *patch.element;
+        places_.at(patch.node).node.element = *patch.element;
         break;
       case Patch::Kind::remove:
         takeOut(patch.node);
@@ -28,52 +32,68 @@ void RenderedTree::apply(const std::vector<Patch>& patches) {
         break;
     }
   }
+  for (const NodeID id : std::exchange(changed_, {})) {
+    Place& parent = places_.at(id);
+    parent.node.children.clear();
+    for (NodeID child = parent.firstChild; child; child = places_.at(child).next) {
+      parent.node.children.push_back(child);
+    }
+  }
 }
 
 const RenderedTree::Node* RenderedTree::find(NodeID id) const {
-  auto found = nodes_.find(id);
-  return found == nodes_.end() ? nullptr : &found->second;
+  const auto found = places_.find(id);
+  return found == places_.end() ? nullptr : &found->second.node;
 }
 
 std::vector<const RenderedTree::Node*> RenderedTree::nodes() const {
   std::vector<const Node*> nodes;
+  nodes.reserve(places_.size());
   if (root_) collect(root_, nodes);
   return nodes;
 }
 
 void RenderedTree::collect(NodeID id, std::vector<const Node*>& nodes) const {
-  const Node& node = nodes_.at(id);
+  const Node& node = places_.at(id).node;
   nodes.push_back(&node);
-  for (NodeID child : node.children) collect(child, nodes);
+  for (const NodeID child : node.children) collect(child, nodes);
 }
 
-void RenderedTree::place(NodeID node, NodeID parent, NodeID after) {
-  nodes_.at(node).parent = parent;
+void RenderedTree::putIn(NodeID id, NodeID parent, NodeID after) {
+  Place& place = places_.at(id);
+  place.node.parent = parent;
   if (!parent) {
-    root_ = node;
+    root_ = id;
     return;
   }
-  std::vector<NodeID>& siblings = nodes_.at(parent).children;
-  // Rows mostly arrive at the end: look there first.
-  const bool last = !siblings.empty() && siblings.back() == after;
-  auto where = last     ? siblings.end()
-               : !after ? siblings.begin()
-                        : std::next(std::ranges::find(siblings, after));
-  siblings.insert(where, node);
+  if (after && places_.at(after).node.parent != parent) {
+    throw std::out_of_range("a node was placed behind one that is not its sibling");
+  }
+  NodeID& before = after ? places_.at(after).next : places_.at(parent).firstChild;
+  place.previous = after;
+  place.next = std::exchange(before, id);
+  if (place.next) places_.at(place.next).previous = id;
+  changed_.insert(parent);
 }
 
-void RenderedTree::takeOut(NodeID node) {
-  const NodeID parent = nodes_.at(node).parent;
-  if (!parent) {
+void RenderedTree::takeOut(NodeID id) {
+  const Place& place = places_.at(id);
+  if (!place.node.parent) {
     root_ = {};
     return;
   }
-  std::erase(nodes_.at(parent).children, node);
+  (place.previous ? places_.at(place.previous).next : places_.at(place.node.parent).firstChild) =
+      place.next;
+  if (place.next) places_.at(place.next).previous = place.previous;
+  changed_.insert(place.node.parent);
 }
 
 void RenderedTree::erase(NodeID id) {
-  const Node node = std::move(nodes_.extract(id).mapped());
-  for (NodeID child : node.children) erase(child);
+  for (NodeID child = places_.at(id).firstChild; child;) {
+    erase(std::exchange(child, places_.at(child).next));
+  }
+  places_.erase(id);
+  changed_.erase(id);
 }
 
 }  // namespace vemra::testing

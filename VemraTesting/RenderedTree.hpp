@@ -3,6 +3,7 @@
 #include "VemraPlatform/ui/Patch.hpp"
 
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace vemra::testing {
@@ -10,7 +11,7 @@ namespace vemra::testing {
 /// The smallest renderer: it keeps what it was told, as a tree of values.
 ///
 /// It knows only patches, so that what it holds is what any renderer would have come to. It wants
-/// every row.
+/// every row. A patch that speaks of an unknown node throws `std::out_of_range`.
 class RenderedTree final : public ui::Renderer {
  public:
   struct Node {
@@ -32,12 +33,22 @@ class RenderedTree final : public ui::Renderer {
   std::size_t patchCount() const { return patchCount_; }
 
  private:
-  void place(ui::NodeID node, ui::NodeID parent, ui::NodeID after);
+  // Siblings are chained while patches arrive, so that each patch costs the same in lists of any
+  // length; `children` is written out afterwards.
+  struct Place {
+    Node node;
+    ui::NodeID previous;
+    ui::NodeID next;
+    ui::NodeID firstChild;
+  };
+
+  void putIn(ui::NodeID node, ui::NodeID parent, ui::NodeID after);
   void takeOut(ui::NodeID node);
   void erase(ui::NodeID node);
   void collect(ui::NodeID node, std::vector<const Node*>& nodes) const;
 
-  std::unordered_map<ui::NodeID, Node> nodes_;
+  std::unordered_map<ui::NodeID, Place> places_;
+  std::unordered_set<ui::NodeID> changed_;  // whose chain of children is newer than `children`
   ui::NodeID root_;
   std::size_t patchCount_ = 0;
 };

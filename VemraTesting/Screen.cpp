@@ -3,14 +3,21 @@
 #include "VemraTesting/Outline.hpp"
 
 #include <algorithm>
+#include <cstddef>
 #include <numeric>
+#include <utility>
 
 namespace vemra::testing {
 
 namespace {
 
+// Identifiers may be of any length; what tells them apart for a reader comes early enough.
+constexpr std::size_t comparedLength = 256;
+
 /// How many single bytes must change to make one identifier the other.
 std::size_t editDistance(std::string_view a, std::string_view b) {
+  a = a.substr(0, comparedLength);
+  b = b.substr(0, comparedLength);
   std::vector<std::size_t> row(b.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
   for (std::size_t i = 1; i <= a.size(); ++i) {
@@ -22,6 +29,12 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
     }
   }
   return row[b.size()];
+}
+
+/// The element itself, as the subject of a sentence.
+std::string subject(const Query& query) {
+  return query.by == Query::By::identifier ? "element with " + query.description()
+                                           : query.description();
 }
 
 }  // namespace
@@ -58,38 +71,33 @@ void Screen::press(const Query& query) {
   act(query, get(query), ui::Press{});
 }
 
-void Screen::select(std::string_view identifier, std::string_view tagName) {
-  const Query query = byIdentifier(std::string(identifier));
+void Screen::select(const Query& query, std::string_view tagName) {
   const RenderedTree::Node& node = get(query);
-  if (node.element.kind() == ui::ElementKind::picker) {
-    std::vector<ui::NodeID> pending(node.children.rbegin(), node.children.rend());
-    while (!pending.empty()) {
-      const RenderedTree::Node& row = *tree_.find(pending.back());
-      pending.pop_back();
-      if (const ui::Tag* tag = row.element.tag(); tag && tag->name() == tagName) {
-        act(query, node, ui::Select{*tag});
-        return;
-      }
-      pending.insert(pending.end(), row.children.rbegin(), row.children.rend());
+  std::vector<ui::NodeID> pending(node.children.rbegin(), node.children.rend());
+  if (node.element.kind() != ui::ElementKind::picker) pending.clear();
+  while (!pending.empty()) {
+    const RenderedTree::Node& row = *tree_.find(pending.back());
+    pending.pop_back();
+    if (const ui::Tag* tag = row.element.tag(); tag && tag->name() == tagName) {
+      return act(query, node, ui::Select{*tag});
     }
-    fail("no choice \"" + std::string(tagName) + "\" in element with " + query.description());
+    pending.insert(pending.end(), row.children.rbegin(), row.children.rend());
   }
-  fail("element with " + query.description() + " is not a picker");
+  if (!node.element.style().enabled) fail(subject(query) + " is disabled");
+  if (node.element.kind() != ui::ElementKind::picker) fail(subject(query) + " is not a picker");
+  fail("no choice \"" + std::string(tagName) + "\" in " + subject(query));
 }
 
-void Screen::type(std::string_view identifier, std::string_view text) {
-  const Query query = byIdentifier(std::string(identifier));
+void Screen::type(const Query& query, std::string_view text) {
   act(query, get(query), ui::EditText{std::string(text)});
 }
 
-void Screen::submit(std::string_view identifier) {
-  const Query query = byIdentifier(std::string(identifier));
+void Screen::submit(const Query& query) {
   act(query, get(query), ui::Submit{});
 }
 
 void Screen::act(const Query& query, const RenderedTree::Node& node, ui::Event event) {
-  const std::string who = query.by == Query::By::identifier ? "element with " + query.description()
-                                                            : query.description();
+  const std::string who = subject(query);
   const char* const wanted = std::holds_alternative<ui::Press>(event)    ? "button"
                              : std::holds_alternative<ui::Select>(event) ? "picker"
                                                                          : "text field";
@@ -128,17 +136,22 @@ std::string Screen::outline() const {
 }
 
 void Screen::fail(std::string reason, std::string_view sought) const {
-  std::string context;
-  if (!sought.empty()) {
-    std::vector<std::string> nearest = identifiers();
-    const std::size_t shown = std::min<std::size_t>(3, nearest.size());
-    std::ranges::partial_sort(nearest, nearest.begin() + static_cast<std::ptrdiff_t>(shown), {},
-                              [&](const std::string& id) { return editDistance(id, sought); });
-    for (std::size_t i = 0; i < shown; ++i) {
-      context += (i == 0 ? "\nnearest: " : ", ") + nearest[i];
-    }
+  const std::string nearest = sought.empty() ? "" : nearestIdentifiers(sought);
+  throw ElementError(std::move(reason), nearest + "\nthe tree:\n" + outline());
+}
+
+std::string Screen::nearestIdentifiers(std::string_view sought) const {
+  std::vector<std::pair<std::size_t, std::string>> byDistance;
+  for (std::string& identifier : identifiers()) {
+    byDistance.emplace_back(editDistance(identifier, sought), std::move(identifier));
   }
-  throw ElementError(std::move(reason), context + "\nthe tree:\n" + outline());
+  const std::size_t shown = std::min<std::size_t>(3, byDistance.size());
+  std::ranges::partial_sort(byDistance, byDistance.begin() + static_cast<std::ptrdiff_t>(shown));
+  std::string line;
+  for (std::size_t i = 0; i < shown; ++i) {
+    line += (i == 0 ? "\nnearest: " : ", ") + byDistance[i].second;
+  }
+  return line;
 }
 
 }  // namespace vemra::testing

@@ -34,7 +34,8 @@ class ElementError : public std::runtime_error {
 ///     screen.press("vemra.goal.person.p1.outcome.save");
 ///
 /// Every act settles: the next line sees its result. An act that a person could not do throws
-/// `ElementError`. Where several elements match, the first in tree order is meant.
+/// `ElementError` and changes nothing. Where several elements match, the first in tree order is
+/// meant, disabled ones counted. From inside a callback an act waits for the event to end.
 class Screen {
  public:
   explicit Screen(ui::View root, ui::Environment environment = {});
@@ -50,11 +51,18 @@ class Screen {
   void press(const Query& query);
   void press(std::string_view identifier) { press(byIdentifier(std::string(identifier))); }
   /// Chooses the picker's row whose tag has that name.
-  void select(std::string_view identifier, std::string_view tagName);
+  void select(const Query& query, std::string_view tagName);
+  void select(std::string_view identifier, std::string_view tagName) {
+    select(byIdentifier(std::string(identifier)), tagName);
+  }
   /// Replaces the field's whole text.
-  void type(std::string_view identifier, std::string_view text);
+  void type(const Query& query, std::string_view text);
+  void type(std::string_view identifier, std::string_view text) {
+    type(byIdentifier(std::string(identifier)), text);
+  }
   /// The Return key in a field.
-  void submit(std::string_view identifier);
+  void submit(const Query& query);
+  void submit(std::string_view identifier) { submit(byIdentifier(std::string(identifier))); }
 
   /// The element, or nullptr.
   const RenderedTree::Node* find(const Query& query) const;
@@ -68,8 +76,9 @@ class Screen {
   }
   bool has(const Query& query) const { return find(query) != nullptr; }
   bool has(std::string_view identifier) const { return find(identifier) != nullptr; }
+  bool isEnabled(const Query& query) const { return get(query).element.style().enabled; }
   bool isEnabled(std::string_view identifier) const {
-    return get(identifier).element.style().enabled;
+    return isEnabled(byIdentifier(std::string(identifier)));
   }
   /// How many elements match, whatever the query's index.
   std::size_t count(const Query& query) const;
@@ -87,6 +96,7 @@ class Screen {
  private:
   void act(const Query& query, const RenderedTree::Node& node, ui::Event event);
   [[noreturn]] void fail(std::string reason, std::string_view soughtIdentifier = {}) const;
+  std::string nearestIdentifiers(std::string_view sought) const;
 
   RenderedTree tree_;
   ui::ViewGraph graph_;

@@ -23,6 +23,7 @@ std::string_view nameIn(std::string_view setting) {
 bool isKnownTimeZone(std::string_view timeZone) {
   constexpr std::size_t longest = 64;
   if (timeZone.empty() || timeZone.size() > longest || timeZone == "Etc/Unknown") return false;
+  if (timeZone.find('\0') != std::string_view::npos) return false;  // ICU would read up to there
   const auto name = icu::UnicodeString::fromUTF8(
       icu::StringPiece(timeZone.data(), static_cast<std::int32_t>(timeZone.size())));
   icu::UnicodeString canonical;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <cstddef>
 #include <exception>
+#include <optional>
 #include <type_traits>
 #include <utility>
 #include <variant>
@@ -12,37 +12,35 @@ namespace vemra::task {
 template <class T>
 class Result {
  public:
-  /// What is kept for a task without a value.
+  /// What is kept for a task that gives no value.
   using Value = std::conditional_t<std::is_void_v<T>, std::monostate, T>;
 
   /// A task that returned.
-  static Result returned(Value value) { return Result(std::in_place_index<0>, std::move(value)); }
+  static Result returned(Value value) { return Result(std::move(value), nullptr); }
 
   /// A task that threw.
   static Result threw(std::exception_ptr exception) {
-    return Result(std::in_place_index<1>, std::move(exception));
+    return Result(std::nullopt, std::move(exception));
   }
 
-  bool hasValue() const noexcept { return ending_.index() == 0; }
+  bool hasValue() const noexcept { return value_.has_value(); }
 
   /// The exception that left the task, or null when it returned.
-  std::exception_ptr exception() const noexcept {
-    const auto* thrown = std::get_if<1>(&ending_);
-    return thrown != nullptr ? *thrown : nullptr;
-  }
+  std::exception_ptr exception() const noexcept { return exception_; }
 
   /// Hands out the value, or throws the very same exception object that left the task.
   T take() && {
-    if (auto* thrown = std::get_if<1>(&ending_)) std::rethrow_exception(std::move(*thrown));
-    if constexpr (!std::is_void_v<T>) return std::move(*std::get_if<0>(&ending_));
+    if (!value_) std::rethrow_exception(std::move(exception_));
+    if constexpr (!std::is_void_v<T>) return std::move(*value_);
   }
 
  private:
-  template <std::size_t index, class Ending>
-  Result(std::in_place_index_t<index> place, Ending&& ending)
-      : ending_(place, std::forward<Ending>(ending)) {}
+  Result(std::optional<Value> value, std::exception_ptr exception)
+      : value_(std::move(value)), exception_(std::move(exception)) {}
 
-  std::variant<Value, std::exception_ptr> ending_;
+  // Not a variant: GCC 12 takes the alternative that is not there for an uninitialised one.
+  std::optional<Value> value_;
+  std::exception_ptr exception_;
 };
 
 }  // namespace vemra::task

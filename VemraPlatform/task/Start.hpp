@@ -42,9 +42,10 @@ Detached run(Task<T> task, Callback callback) {
 ///
 /// Returns when the task ends or waits for the first time. The task's frame is gone by the time the
 /// callback runs.
-/// - Parameter callback: called exactly once with a `Result<T>`, on the thread the task ends on,
-/// which
-///   may be the caller's, before this returns. It must not throw: an exception stops the process.
+///
+/// - Parameter callback: called exactly once with a `Result<T>`, on the thread the task ends on;
+///   that may be the caller's, before this returns. It must not throw: an exception stops the
+///   process.
 template <class T, std::invocable<Result<T>> Callback>
 void start(Task<T> task, Callback callback) {
   coroutine::run(std::move(task), std::move(callback));

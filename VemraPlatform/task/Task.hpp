@@ -1,136 +1,12 @@
 #pragma once
 
-#include "VemraPlatform/task/Result.hpp"
+#include "VemraPlatform/task/Coroutine.hpp"
 
-#include <atomic>
 #include <coroutine>
-#include <optional>
 #include <type_traits>
 #include <utility>
 
 namespace vemra::task {
-
-template <class T>
-class Task;
-
-namespace coroutine {
-
-// Whether the compiler turns "resume that one next" into a jump. GCC does not without optimisation
-// and not under the sanitizers: there, every await that completes at once would leave a frame on
-// the stack, and a loop of some ten thousand of them overflows it.
-#if defined(__clang__)
-inline constexpr bool transferIsAJump = true;
-#elif defined(__OPTIMIZE__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-inline constexpr bool transferIsAJump = true;
-#else
-inline constexpr bool transferIsAJump = false;
-#endif
-
-/// What every task's promise has: whom to continue, and who comes first, the end or the waiter.
-class PromiseBase {
- public:
-  struct FinalAwaiter {
-    bool await_ready() const noexcept { return false; }
-
-    template <class Promise>
-    std::coroutine_handle<> await_suspend(std::coroutine_handle<Promise> ended) const noexcept {
-      PromiseBase& promise = ended.promise();
-      // Nothing of the frame may be touched once the waiter knows: it may be gone by then.
-      const std::coroutine_handle<> waiter = promise.waiter_;
-      return promise.isSecond() ? waiter : std::noop_coroutine();
-    }
-
-    void await_resume() const noexcept {}
-  };
-
-  std::suspend_always initial_suspend() const noexcept { return {}; }
-  FinalAwaiter final_suspend() const noexcept { return {}; }
-
-  void setWaiter(std::coroutine_handle<> waiter) noexcept { waiter_ = waiter; }
-
-  /// Called once by the task when it ends and once by its waiter when it is ready to be continued,
-  /// possibly on two threads: whoever is second sees to it that the waiter continues.
-  bool isSecond() noexcept { return met_.exchange(true, std::memory_order_acq_rel); }
-
- private:
-  std::coroutine_handle<> waiter_;
-  std::atomic<bool> met_ = false;
-};
-
-template <class T>
-class Promise final : public PromiseBase {
- public:
-  Task<T> get_return_object() noexcept;
-
-  template <class Value>
-  requires std::is_convertible_v<Value&&, T>
-  void return_value(Value&& value) {
-    result_.emplace(Result<T>::returned(std::forward<Value>(value)));
-  }
-
-  void unhandled_exception() noexcept {
-    result_.emplace(Result<T>::threw(std::current_exception()));
-  }
-
-  Result<T> takeResult() { return std::move(*result_); }
-
- private:
-  std::optional<Result<T>> result_;
-};
-
-template <>
-class Promise<void> final : public PromiseBase {
- public:
-  Task<void> get_return_object() noexcept;
-  void return_void() { result_.emplace(Result<void>::returned({})); }
-
-  void unhandled_exception() noexcept {
-    result_.emplace(Result<void>::threw(std::current_exception()));
-  }
-
-  Result<void> takeResult() { return std::move(*result_); }
-
- private:
-  std::optional<Result<void>> result_;
-};
-
-/// Starts a task by jumping into it; it jumps back when it ends.
-template <class T>
-struct JumpingStart {
-  std::coroutine_handle<Promise<T>> task;
-
-  bool await_ready() const noexcept { return false; }
-
-  std::coroutine_handle<> await_suspend(std::coroutine_handle<> waiter) const noexcept {
-    task.promise().setWaiter(waiter);
-    task.promise().isSecond();
-    return task;
-  }
-};
-
-/// Starts a task by calling it, and does not suspend when it has ended by the time the call
-/// returns.
-template <class T>
-struct CallingStart {
-  std::coroutine_handle<Promise<T>> task;
-
-  bool await_ready() const noexcept { return false; }
-
-  bool await_suspend(std::coroutine_handle<> waiter) const noexcept {
-    // This awaiter lives in the waiter's frame, which may be gone after the second of the two.
-    const std::coroutine_handle<Promise<T>> started = task;
-    started.promise().setWaiter(waiter);
-    started.resume();
-    return !started.promise().isSecond();
-  }
-};
-
-template <class T>
-using Start = std::conditional_t<transferIsAJump, JumpingStart<T>, CallingStart<T>>;
-
-[[noreturn]] void stopForTaskWithoutWork() noexcept;
-
-}  // namespace coroutine
 
 /// Work that has not begun: a coroutine that starts when it is awaited and gives a `T` or throws.
 ///
@@ -143,11 +19,11 @@ using Start = std::conditional_t<transferIsAJump, JumpingStart<T>, CallingStart<
 ///
 /// - Lazy: until it is awaited nothing runs; destroying a task that never started is fine.
 /// - Move-only, and awaited at most once: awaiting takes the value out.
-/// - No executor and no thread: it runs on the awaiting thread, and goes on wherever what it waits
-/// for
-///   resumes it. It never hops to the main thread by itself.
+/// - No executor and no thread: it runs on the awaiting thread and goes on wherever what it waits
+///   for resumes it. It never hops to the main thread by itself.
 /// - An exception passes through every await as the very same object.
-/// - Awaits that complete at once do not pile up on the stack, in any build.
+/// - Awaits that complete at once do not pile up on the stack, in any build. Tasks that each wait
+///   for the next use it as calls would.
 ///
 /// A coroutine's arguments are kept in it and are to be values: a reference would outlive what it
 /// refers to. Name the awaited task before awaiting it, as above; GCC 12 destroys an owning
@@ -173,7 +49,7 @@ class [[nodiscard]] Task {
 
   /// Starts the task and waits for its value; an exception of the task is thrown here.
   ///
-  /// A programmer error that stops the process: awaiting a task that was moved from.
+  /// A programmer error that stops the process: a task that was moved from, or awaited before.
   auto operator co_await() && noexcept {
     struct Awaiter : coroutine::Start<T> {
       T await_resume() const { return this->task.promise().takeResult().take(); }

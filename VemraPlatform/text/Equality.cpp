@@ -35,8 +35,9 @@ const icu::Normalizer2& decomposition() {
 /// name.
 std::u32string decomposed(std::string_view text) {
   const icu::Normalizer2& form = decomposition();
-  const auto combiningClass = [&](char32_t scalar) {
-    return form.getCombiningClass(static_cast<UChar32>(scalar));
+  // Below U+0300 nothing is a mark, and below U+00C0 nothing decomposes: most of most texts.
+  const auto combiningClass = [&](char32_t scalar) -> int {
+    return scalar < 0x300 ? 0 : form.getCombiningClass(static_cast<UChar32>(scalar));
   };
   std::u32string scalars;
   scalars.reserve(text.size());
@@ -56,7 +57,7 @@ std::u32string decomposed(std::string_view text) {
   while (!text.empty()) {
     const Step step = firstStep(text);
     text.remove_prefix(step.length);
-    if (!form.getDecomposition(static_cast<UChar32>(*step.scalar), parts)) {
+    if (*step.scalar < 0xC0 || !form.getDecomposition(static_cast<UChar32>(*step.scalar), parts)) {
       add(*step.scalar);
       continue;
     }
@@ -74,6 +75,18 @@ bool isASCIIByte(char byte) noexcept {
 
 bool isTrail(char byte) noexcept {
   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+/// The index of the first byte that is not the same; the length of the shorter text if there is
+/// none.
+std::size_t firstDifference(std::string_view a, std::string_view b) noexcept {
+  const std::size_t shorter = std::min(a.size(), b.size());
+  std::size_t index = 0;
+  for (; index + sizeof(std::uint64_t) <= shorter; index += sizeof(std::uint64_t)) {
+    if (std::memcmp(a.data() + index, b.data() + index, sizeof(std::uint64_t)) != 0) break;
+  }
+  while (index < shorter && a[index] == b[index]) ++index;
+  return index;
 }
 
 /// From where on two texts have to be decomposed to be compared: the start of the last code point
@@ -103,11 +116,9 @@ bool equalFrom(std::size_t difference, std::string_view a, std::string_view b) {
 }  // namespace
 
 bool equalBeyondAGlance(std::string_view a, std::string_view b) {
-  if (a == b) return true;
-
-  const auto firsts = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
-  if (firsts.first == a.end() || firsts.second == b.end()) return false;
-  if (isASCIIByte(*firsts.first) && isASCIIByte(*firsts.second)) return false;
+  std::size_t difference = firstDifference(a, b);
+  if (difference == a.size() || difference == b.size()) return a.size() == b.size();
+  if (isASCIIByte(a[difference]) && isASCIIByte(b[difference])) return false;
   const auto lasts = std::mismatch(a.rbegin(), a.rend(), b.rbegin(), b.rend());
   if (lasts.first != a.rend() && lasts.second != b.rend() && isASCIIByte(*lasts.first) &&
       isASCIIByte(*lasts.second)) {
@@ -115,7 +126,6 @@ bool equalBeyondAGlance(std::string_view a, std::string_view b) {
   }
 
   if (!isWellFormed(a) || !isWellFormed(b)) return false;
-  auto difference = static_cast<std::size_t>(firsts.first - a.begin());
   while (isTrail(a[difference])) --difference;
   return equalFrom(difference, a, b);
 }

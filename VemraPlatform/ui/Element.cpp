@@ -1,5 +1,7 @@
 #include "VemraPlatform/ui/Element.hpp"
 
+#include <array>
+
 namespace vemra::ui {
 
 namespace {
@@ -26,20 +28,16 @@ Style styleInside(const std::vector<Modifier>& modifiers, const Style& inherited
   for (auto modifier = modifiers.rbegin(); modifier != modifiers.rend(); ++modifier) {
     if (auto* font = std::get_if<FontModifier>(&*modifier)) {
       style.font = font->font;
+      if (font->font.explicitWeight) style.fontWeight = std::nullopt;
     } else if (auto* weight = std::get_if<FontWeightModifier>(&*modifier)) {
-      style.font.explicitWeight = weight->weight;
+      style.fontWeight = weight->weight;
     } else if (auto* foreground = std::get_if<ForegroundStyleModifier>(&*modifier)) {
       style.foreground = foreground->style;
     } else if (auto* disabled = std::get_if<DisabledModifier>(&*modifier)) {
       style.enabled = style.enabled && !disabled->disabled;
     }
   }
-  // A weight stands beside the font it was applied with: the font inside it does not undo it.
-  if (!style.font.explicitWeight) {
-    if (auto* weight = firstModifier<FontWeightModifier>(modifiers)) {
-      style.font.explicitWeight = weight->weight;
-    }
-  }
+  if (style.fontWeight) style.font.explicitWeight = style.fontWeight;
   return style;
 }
 
@@ -67,7 +65,9 @@ bool sameOwnValues(const Content& a, const Content& b) {
 }  // namespace
 
 Element::Element(View view, const Style& inherited, const Environment& environment)
-    : view_(std::move(view)), style_(styleInside(description().modifiers, inherited)) {
+    : view_(std::move(view)) {
+  // Not in the initialiser: g++ 12 fails there when it inlines the call.
+  style_ = styleInside(description().modifiers, inherited);
   const Content& content = description().content;
   if (const Label* label = labelOf(content); label && label->isKey()) {
     localized_ = environment.localized(label->source());
@@ -164,29 +164,11 @@ bool operator==(const Element& a, const Element& b) {
 }
 
 std::string_view kindName(ElementKind kind) {
-  switch (kind) {
-    case ElementKind::text:
-      return "Text";
-    case ElementKind::button:
-      return "Button";
-    case ElementKind::picker:
-      return "Picker";
-    case ElementKind::textField:
-      return "TextField";
-    case ElementKind::vStack:
-      return "VStack";
-    case ElementKind::hStack:
-      return "HStack";
-    case ElementKind::group:
-      return "Group";
-    case ElementKind::scrollView:
-      return "ScrollView";
-    case ElementKind::forEach:
-      return "ForEach";
-    case ElementKind::composite:
-      return "Composite";
-  }
-  return "";
+  // In the order of `Content`, as the kinds are.
+  constexpr std::array<std::string_view, std::variant_size_v<Content>> names = {
+      "Text",   "Button", "Picker",     "TextField", "VStack",
+      "HStack", "Group",  "ScrollView", "ForEach",   "Composite"};
+  return names[static_cast<std::size_t>(kind)];
 }
 
 }  // namespace vemra::ui

@@ -25,10 +25,16 @@ enum class ElementKind {
 };
 
 /// What reaches an element from the modifiers above it and its own.
+///
+/// Of the fonts, the foreground styles and the weights, the innermost has the last word; being
+/// disabled adds up, so that inside a disabled view nothing is enabled again.
 struct Style {
   Font font = Font::body;
   ForegroundStyle foreground = ForegroundStyle::primary;
   bool enabled = true;
+  /// The weight that a modifier beside the font asks for; `font` already has it. Kept so that it
+  /// outlives a font further in that names no weight of its own.
+  std::optional<FontWeight> fontWeight = std::nullopt;
   friend bool operator==(const Style&, const Style&) = default;
 };
 

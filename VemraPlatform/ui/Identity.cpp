@@ -2,6 +2,7 @@
 
 #include "VemraPlatform/text/Equality.hpp"
 
+#include <functional>
 #include <unordered_map>
 
 namespace vemra::ui {
@@ -14,16 +15,28 @@ using ByKey = std::unordered_map<std::string_view, Value, text::Hash, text::Equa
 constexpr char kindAddresses[std::variant_size_v<Content>] = {};
 
 const void* typeOf(const Content& content) {
-  if (auto* composite = std::get_if<CompositeContent>(&content))
+  if (auto* composite = std::get_if<CompositeContent>(&content)) {
     return composite->composite->type();
+  }
   return &kindAddresses[content.index()];
 }
 
 }  // namespace
 
 bool operator==(const Identity& a, const Identity& b) {
-  if (a.type != b.type || a.branch != b.branch || a.keyed != b.keyed) return false;
+  if (!sameKind(a, b) || a.keyed != b.keyed) return false;
   return a.keyed ? a.occurrence == b.occurrence && text::equal(a.key, b.key) : a.slot == b.slot;
+}
+
+std::size_t IdentityHash::operator()(const Identity& identity) const {
+  const std::size_t place =
+      identity.keyed ? text::hash(identity.key) + identity.occurrence : identity.slot;
+  return std::hash<const void*>()(identity.type) ^ std::hash<std::uint64_t>()(identity.branch) ^
+         place * 0x9E3779B97F4A7C15U;
+}
+
+bool sameKind(const Identity& a, const Identity& b) {
+  return a.type == b.type && a.branch == b.branch;
 }
 
 Identity identityOf(const View& view, std::size_t slot) {

@@ -35,6 +35,14 @@ struct Identity {
   friend bool operator==(const Identity& a, const Identity& b);
 };
 
+/// The hash that belongs to the equality of identities.
+struct IdentityHash {
+  std::size_t operator()(const Identity& identity) const;
+};
+
+/// Says whether kind, composite type and branch agree: what a row needs beside its id.
+bool sameKind(const Identity& a, const Identity& b);
+
 /// The identity of a present view in the given slot; for a keyed one the occurrence is 0.
 Identity identityOf(const View& view, std::size_t slot);
 
@@ -48,9 +56,11 @@ struct RowIdentity {
 std::vector<RowIdentity> rowIdentities(const RowSource& rows,
                                        const std::vector<std::size_t>& indexes);
 
-/// Where those rows stand in `rows`, or `absentRow`; one pass over the ids, ended when all are
-/// found.
+/// Stands for the index of a row that is not in the list.
 inline constexpr std::size_t absentRow = static_cast<std::size_t>(-1);
+
+/// Where those rows stand in `rows`, or `absentRow`: one pass over the ids that ends as soon as all
+/// are found.
 std::vector<std::size_t> locateRows(const RowSource& rows,
                                     const std::vector<RowIdentity>& identities);
 

@@ -1,10 +1,9 @@
 #include "VemraPlatform/ui/ViewGraph.hpp"
 
+#include "VemraPlatform/ui/ProgrammerError.hpp"
 #include "VemraPlatform/ui/Rows.hpp"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <utility>
 
 namespace vemra::ui {
@@ -13,12 +12,6 @@ namespace {
 
 // More passes than any screen needs to come to rest; a loop of writes is a programmer's error.
 constexpr int maximumPasses = 10'000;
-
-[[noreturn]] void programmerError(const char* what, std::string_view view) {
-  std::fprintf(stderr, "vemra::ui: %s (in %.*s)\n", what, static_cast<int>(view.size()),
-               view.data());
-  std::abort();
-}
 
 int depthOf(const Node* node) {
   int depth = 0;
@@ -31,15 +24,20 @@ int depthOf(const Node* node) {
 ViewGraph::ViewGraph(Environment environment) : environment_(std::move(environment)) {}
 
 ViewGraph::~ViewGraph() {
+  if (busy_) programmerError("a view graph was destroyed by what it called", root_);
+  busy_ = true;  // what goes with the nodes may still write state
   if (root_) destroy(*root_);
 }
 
 void ViewGraph::attach(Renderer& renderer) {
-  renderer_ = &renderer;
-  if (!root_) return;
-  emitInserted(*root_, {});
-  pendingRoot_ = rootView_;  // the new renderer may demand rows that the last one did not
+  pendingRenderer_ = &renderer;
   if (!busy_) settle();
+}
+
+void ViewGraph::detach() {
+  renderer_ = nullptr;
+  pendingRenderer_ = nullptr;
+  shownRoot_ = {};
 }
 
 void ViewGraph::setRoot(View root) {
@@ -63,15 +61,18 @@ Delivery ViewGraph::deliver(NodeID node, Event event) {
     return Delivery::queued;
   }
   busy_ = true;
-  Delivery delivery = Delivery::gone;
-  std::exception_ptr error;
-  try {
-    delivery = act(node, event);
-  } catch (...) {
-    error = std::current_exception();
-  }
-  settle(error);
+  const Delivery delivery = actCatching(node, event);
+  settle();
   return delivery;
+}
+
+Delivery ViewGraph::actCatching(NodeID node, const Event& event) {
+  try {
+    return act(node, event);
+  } catch (...) {
+    rememberError();
+    return Delivery::acted;
+  }
 }
 
 Delivery ViewGraph::act(NodeID id, const Event& event) {
@@ -102,36 +103,61 @@ Delivery ViewGraph::act(NodeID id, const Event& event) {
   return Delivery::refused;
 }
 
-/// Works until nothing waits. An exception of an action or a body does not stop the rest; the first
-/// one comes out at the end.
-void ViewGraph::settle(std::exception_ptr error) {
+/// Works until nothing waits, one event after the other. What was remembered as an error comes out
+/// at the end.
+void ViewGraph::settle() {
   busy_ = true;
   int passes = 0;
   for (;;) {
-    try {
-      if (runPass()) {
-        if (++passes > maximumPasses) programmerError("the tree never comes to rest", "settle");
-        continue;
+    if (somethingWaits()) {
+      if (++passes > maximumPasses) {
+        const Node* restless = dirty_.empty() ? nullptr : find(dirty_.front());
+        programmerError("the tree never comes to rest", restless ? restless : root_);
       }
-      if (pendingEvents_.empty()) break;
-      QueuedEvent next = std::move(pendingEvents_.front());
+      runPass();
+    } else if (!pendingEvents_.empty()) {
+      const QueuedEvent next = std::move(pendingEvents_.front());
       pendingEvents_.pop_front();
-      act(next.node, next.event);
-    } catch (...) {
-      if (!error) error = std::current_exception();
+      passes = 0;
+      actCatching(next.node, next.event);
+    } else {
+      break;
     }
   }
   busy_ = false;
-  if (error) std::rethrow_exception(error);
+  if (error_) std::rethrow_exception(std::exchange(error_, nullptr));
 }
 
-/// Takes up what waits, in one go, and tells the renderer. False when nothing waited.
-bool ViewGraph::runPass() {
-  if (!pendingRoot_ && !pendingEnvironment_ && dirty_.empty() && pendingRows_.empty() &&
-      patches_.empty()) {
-    return false;
-  }
+bool ViewGraph::somethingWaits() const {
+  return pendingRenderer_ || pendingRoot_ || pendingEnvironment_ || !dirty_.empty() ||
+         !pendingRows_.empty() || !patches_.empty();
+}
+
+/// Takes up what waits, in one go, and tells the renderer.
+void ViewGraph::runPass() {
   ++pass_;
+  try {
+    takeUp();
+  } catch (...) {
+    rememberError();
+    abandonTree();
+  }
+  try {
+    flushPatches();
+  } catch (...) {
+    rememberError();
+  }
+}
+
+void ViewGraph::takeUp() {
+  if (pendingRenderer_) {
+    renderer_ = std::exchange(pendingRenderer_, nullptr);
+    patches_.clear();  // what was meant for the last one
+    shownRoot_ = {};
+    if (root_) emitInserted(*root_, {});
+    // It may demand rows that the last renderer did not.
+    if (!pendingRoot_) pendingRoot_ = rootView_;
+  }
   if (pendingEnvironment_) {
     environment_ = *std::exchange(pendingEnvironment_, std::nullopt);
     if (!pendingRoot_) pendingRoot_ = rootView_;
@@ -142,12 +168,10 @@ bool ViewGraph::runPass() {
   }
   describeDirty();
   while (!pendingRows_.empty()) {
-    RowRequest request = std::move(pendingRows_.front());
+    const RowRequest request = std::move(pendingRows_.front());
     pendingRows_.pop_front();
     applyRowRequest(request);
   }
-  flushPatches();
-  return true;
 }
 
 void ViewGraph::describeDirty() {
@@ -164,18 +188,34 @@ void ViewGraph::describeDirty() {
 }
 
 void ViewGraph::flushPatches() {
-  if (patches_.empty()) return;
   const std::vector<Patch> patches = std::exchange(patches_, {});
+  if (patches.empty() || !renderer_) return;
+  shownRoot_ = root_ ? root_->id : NodeID{};
   work_.patches += patches.size();
-  if (renderer_) renderer_->apply(patches);
+  renderer_->apply(patches);
+}
+
+/// The way out when resolving broke off halfway: lists of children, nodes and patches no longer
+/// agree, so that nothing is left of them. The renderer is told to take away what it was told last.
+void ViewGraph::abandonTree() {
+  const auto nodes = std::exchange(nodes_, {});
+  for (const auto& [id, node] : nodes) {
+    if (node->state) node->state->detach();
+  }
+  root_ = nullptr;
+  rootView_ = View();
+  dirty_.clear();
+  patches_.clear();
+  if (shownRoot_) patches_.push_back({Patch::Kind::remove, shownRoot_, {}, {}, std::nullopt});
+}
+
+void ViewGraph::rememberError() {
+  if (!error_) error_ = std::current_exception();
 }
 
 void ViewGraph::stateChanged(StateCell& cell) {
   const Node* node = find(NodeID{cell.place()});
-  if (describing_) {
-    programmerError("state was written while a body was being described",
-                    node ? node->element.compositeName() : "a sleeping row");
-  }
+  if (describing_) programmerError("state was written while a view was being described", node);
   if (!node) return;  // asleep: the value waits there for the row's return
   dirty_.push_back(node->id);
   if (!busy_) settle();

@@ -12,9 +12,12 @@
 #include <optional>
 #include <span>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace vemra::ui {
+
+struct SavedState;
 
 /// The rows from `first` up to, but not including, `last`.
 struct RowRange {
@@ -48,7 +51,15 @@ struct WorkCount {
 /// Rows of a `ForEach` are described when somebody asks. A row that leaves the renderer's rows goes
 /// to sleep: its nodes go, while state that has left its initial value is kept for its return.
 ///
-/// Main thread only.
+/// Exceptions never stop the rest, and the first one comes out of the call that led to it, after
+/// everything has settled. After one of
+/// - an action or a binding's `set`: what it had written until then stays written;
+/// - a body or a row's closure: the composite, or the row, goes on showing what it showed before
+///   (a new one nothing), and is described again like any other;
+/// - anything else that a description calls (a binding's `get`, a strings table, a row's id): the
+///   whole tree is gone, its state with it, and the renderer is told; the next root starts afresh.
+///
+/// A graph must not be destroyed by what it calls; that stops the process. Main thread only.
 class ViewGraph final : private StateCell::Owner {
  public:
   explicit ViewGraph(Environment environment = {});
@@ -56,9 +67,11 @@ class ViewGraph final : private StateCell::Owner {
   ViewGraph(const ViewGraph&) = delete;
   ViewGraph& operator=(const ViewGraph&) = delete;
 
-  /// Shows the tree through `renderer`, which must outlive the graph or be detached.
+  /// Shows the tree through `renderer`, in place of any other: it gets the whole tree as insertions
+  /// and, when it wants every row, the rows too. It must outlive the graph or be detached.
   void attach(Renderer& renderer);
-  void detach() { renderer_ = nullptr; }
+  /// Tells the renderer nothing more, not even that the tree is gone. The tree stays.
+  void detach();
 
   /// Describes the whole tree anew. From inside an event the root is taken up when the event ends;
   /// of several, the last one.
@@ -66,17 +79,19 @@ class ViewGraph final : private StateCell::Owner {
   void setEnvironment(Environment environment);
   const Environment& environment() const { return environment_; }
 
-  /// Hands an event to a node. Events for nodes that are gone or disabled do nothing.
+  /// Hands an event to a node. Events for nodes that are gone or disabled do nothing. One from
+  /// inside a callback is queued, and what becomes of it is not told.
   Delivery deliver(NodeID node, Event event);
 
-  /// Makes exactly these rows of a `ForEach` the shown ones. Ranges are ascending and disjoint;
-  /// what lies past the end is ignored.
+  /// Makes exactly these rows of a `ForEach` the shown ones. Ranges may touch, overlap and stand in
+  /// any order; what lies past the end is ignored. Does nothing for a renderer of every row, or
+  /// when the node is not a `ForEach` (any more).
   void showRows(NodeID forEach, std::vector<RowRange> ranges);
 
   /// Describes one row without showing it (for assistive technology and automation) and returns its
   /// root, or the shown row's. No patch speaks of it. It stays until the list is described again or
-  /// many other rows have been looked at. None when there is no such row, or while an event is
-  /// being handled and the row is not there yet.
+  /// 64 other rows have been looked at; its state stays longer. None when there is no such row, or
+  /// while an event is being handled and the row is not there yet.
   NodeID lookAtRow(NodeID forEach, std::size_t index);
 
   /// The node, or nullptr when it is gone. Valid until the graph is next told anything.
@@ -107,10 +122,29 @@ class ViewGraph final : private StateCell::Owner {
 
   void stateChanged(StateCell& cell) override;
   Delivery act(NodeID node, const Event& event);
-  void settle(std::exception_ptr error = nullptr);
-  bool runPass();
+  Delivery actCatching(NodeID node, const Event& event);
+  void settle();
+  bool somethingWaits() const;
+  void runPass();
+  void takeUp();
   void describeDirty();
   void flushPatches();
+  void abandonTree();
+  void rememberError();
+
+  /// Runs a body or a row's closure. Nil when it threw; the error is remembered.
+  template <class Make>
+  std::optional<View> describe(const Make& make) {
+    const bool outer = std::exchange(describing_, true);
+    std::optional<View> view;
+    try {
+      view = make();
+    } catch (...) {
+      rememberError();
+    }
+    describing_ = outer;
+    return view;
+  }
 
   // Resolving (ViewGraphResolve.cpp)
   void resolveRoot(const View& root);
@@ -123,6 +157,7 @@ class ViewGraph final : private StateCell::Owner {
   void destroy(Node& node);
   bool emits(const Node& node) const;
   void emit(Patch::Kind kind, const Node& node, NodeID after);
+  void emitInserted(const Node& node, NodeID after);
   Node* mutableNode(NodeID id) const;
 
   // Rows (ViewGraphRows.cpp)
@@ -130,16 +165,21 @@ class ViewGraph final : private StateCell::Owner {
   void resolveRows(Node& forEach, bool emit);
   void placeRows(Node& forEach, std::vector<RowPlace> places, bool emit);
   void applyRowRequest(const RowRequest& request);
-  View describeRow(const Node& forEach, std::size_t index);
+  std::optional<View> describeRow(const Node& forEach, std::size_t index);
   Node& allocateRow(Node& forEach, std::size_t index, const View& view);
+
+  // Rows that sleep and wake (ViewGraphSleep.cpp)
+  NodeID lookAt(Node& forEach, std::size_t index);
   void mountRow(Node& forEach, Node& row, NodeID after, bool emit);
   void sleepRow(Node& forEach, Node& row);
-  void forgetLookedAtRows(Node& forEach);
-  void emitInserted(const Node& node, NodeID after);
+  SavedState wake(Node& forEach, const Node& row);
   void restoreState(Node& node);
+  void forgetLookedAtRows(Node& forEach);
 
   Environment environment_;
   Renderer* renderer_ = nullptr;
+  Renderer* pendingRenderer_ = nullptr;
+  NodeID shownRoot_;  // the root that the renderer knows of
   std::unordered_map<NodeID, std::unique_ptr<Node>> nodes_;
   std::uint64_t lastID_ = 0;
   Node* root_ = nullptr;
@@ -154,9 +194,9 @@ class ViewGraph final : private StateCell::Owner {
   bool busy_ = false;
   bool describing_ = false;
   std::uint64_t pass_ = 0;
+  std::exception_ptr error_;        // the first one of what is being handled
+  Restoring* restoring_ = nullptr;  // the row that is waking
   WorkCount work_;
-
-  Restoring* restoring_ = nullptr;
 };
 
 }  // namespace vemra::ui

@@ -5,6 +5,7 @@
 #include "VemraPlatform/ui/ViewGraph.hpp"
 
 #include <algorithm>
+#include <unordered_map>
 #include <utility>
 
 namespace vemra::ui {
@@ -30,17 +31,11 @@ struct Wanted {
 std::vector<Wanted> wantedChildren(std::span<const View> views) {
   std::vector<Wanted> wanted;
   wanted.reserve(views.size());
+  std::unordered_map<Identity, std::size_t, IdentityHash> seen;  // keyed ones only
   for (std::size_t slot = 0; slot < views.size(); ++slot) {
     if (views[slot].isAbsent()) continue;
     Identity identity = identityOf(views[slot], slot);
-    if (identity.keyed) {
-      // Equal keys are told apart by order. Keyed children written out by hand are few.
-      for (const Wanted& earlier : wanted) {
-        Identity same = identity;
-        same.occurrence = earlier.identity.occurrence;
-        if (earlier.identity == same) identity.occurrence = same.occurrence + 1;
-      }
-    }
+    if (identity.keyed) identity.occurrence = seen[identity]++;
     wanted.push_back({std::move(identity), &views[slot]});
   }
   return wanted;
@@ -62,16 +57,17 @@ std::vector<NodeID> idsOf(const std::vector<Node*>& nodes) {
 }  // namespace
 
 void ViewGraph::resolveRoot(const View& root) {
+  const bool emitting = renderer_ != nullptr;
   if (root_ && (root.isAbsent() || !(root_->identity == identityOf(root, 0)))) {
-    emit(Patch::Kind::remove, *root_, {});
+    if (emitting) emit(Patch::Kind::remove, *root_, {});
     destroy(*std::exchange(root_, nullptr));
   }
   if (root.isAbsent()) return;
   if (root_) {
-    update(*root_, root, renderer_ != nullptr);
+    update(*root_, root, emitting);
   } else {
     root_ = &allocate(nullptr, root, identityOf(root, 0));
-    mount(*root_, {}, renderer_ != nullptr);
+    mount(*root_, {}, emitting);
   }
 }
 
@@ -132,16 +128,10 @@ void ViewGraph::describeComposite(Node& node, bool emitting) {
   const auto composite = std::get<CompositeContent>(node.element.description().content).composite;
   node.describedInPass = pass_;
   ++work_.bodies;
-  View body;
-  {
-    struct Describing {
-      bool& flag;
-      bool before = std::exchange(flag, true);
-      ~Describing() { flag = before; }
-    } describing{describing_};
-    body = composite->body(node.state, environment_);
-  }
-  resolveChildren(node, {&body, 1}, emitting);
+  const std::optional<View> body =
+      describe([&] { return composite->body(node.state, environment_); });
+  // A body that threw leaves what is there.
+  if (body) resolveChildren(node, {&*body, 1}, emitting);
 }
 
 void ViewGraph::resolveChildren(Node& parent, std::span<const View> views, bool emitting) {
@@ -154,14 +144,14 @@ void ViewGraph::resolveChildren(Node& parent, std::span<const View> views, bool 
   }
 
   const std::vector<NodeID> before = idsOf(parent.children);
-  std::vector<Node*> leaving = parent.children;
+  std::unordered_map<Identity, Node*, IdentityHash> there;
+  for (Node* node : parent.children) there.emplace(node->identity, node);
   std::vector<Node*> children;
+  children.reserve(wanted.size());
   for (Wanted& child : wanted) {
-    auto same = std::ranges::find_if(
-        leaving, [&](Node* node) { return node && node->identity == child.identity; });
-    child.isNew = same == leaving.end();
-    child.node = child.isNew ? &allocate(&parent, *child.view, child.identity)
-                             : std::exchange(*same, nullptr);
+    const auto same = there.find(child.identity);
+    child.isNew = same == there.end();
+    child.node = child.isNew ? &allocate(&parent, *child.view, child.identity) : same->second;
     children.push_back(child.node);
   }
   const std::vector<ListOperation> operations = diff(before, idsOf(children));
@@ -190,10 +180,10 @@ void ViewGraph::destroy(Node& node) {
   for (Node* child : node.children) destroy(*child);
   if (node.rows) {
     for (Node* row : node.rows->lookedAt) destroy(*row);
-    for (SleepingRow& row : node.rows->asleep) row.state.detach();
   }
-  if (node.state && node.state->place() == node.id.value) node.state->detach();
-  nodes_.erase(node.id);
+  if (node.state) node.state->detach();
+  // Out of the map first: what goes with the node may ask the graph something.
+  const auto gone = nodes_.extract(node.id);
 }
 
 bool ViewGraph::emits(const Node& node) const {

@@ -11,62 +11,6 @@
 
 namespace vemra::ui {
 
-namespace {
-
-// Rows that are described for a look only are kept for the next look, up to so many.
-constexpr std::size_t maximumLookedAt = 64;
-
-bool hasState(const Node& node) {
-  if (node.state && !node.state->isInitial()) return true;
-  if (node.rows && !node.rows->asleep.empty()) return true;
-  return std::ranges::any_of(node.children, [](const Node* child) { return hasState(*child); });
-}
-
-SleepingRow putToSleep(const RowSource& rows, Node& row);
-
-/// Takes the state that left its initial value out of a subtree.
-void collectState(Node& node, IdentityPath& path, SavedState& saved) {
-  if (node.state && !node.state->isInitial()) {
-    node.state->sleep();
-    saved.cells.emplace_back(path, std::exchange(node.state, nullptr));
-  }
-  if (node.rows) {
-    std::vector<SleepingRow> asleep = std::exchange(node.rows->asleep, {});
-    for (Node* row : node.children) {
-      if (hasState(*row)) asleep.push_back(putToSleep(*node.rows->source, *row));
-    }
-    if (!asleep.empty()) saved.lists.emplace_back(path, std::move(asleep));
-    return;
-  }
-  for (Node* child : node.children) {
-    path.push_back(child->identity);
-    collectState(*child, path, saved);
-    path.pop_back();
-  }
-}
-
-SleepingRow putToSleep(const RowSource& rows, Node& row) {
-  SleepingRow sleeping{row.rowID, rowIdentities(rows, {row.rowIndex}).front().occurrence, {}};
-  IdentityPath path;
-  collectState(row, path, sleeping.state);
-  return sleeping;
-}
-
-}  // namespace
-
-/// The row that is being woken, and what it had.
-struct ViewGraph::Restoring {
-  const Node* row;
-  SavedState state;
-};
-
-void SavedState::detach() {
-  for (auto& [path, cell] : cells) cell->detach();
-  for (auto& [path, list] : lists) {
-    for (SleepingRow& row : list) row.state.detach();
-  }
-}
-
 bool ViewGraph::demandsEverything(const Node& forEach) const {
   if (renderer_ && renderer_->rowDemand() == RowDemand::everything) return true;
   // A menu's rows are part of the picker: few, and wanted as soon as it is there.
@@ -109,13 +53,11 @@ void ViewGraph::resolveRows(Node& forEach, bool emitting) {
     places = locateRows(after, identities);
     std::vector<SleepingRow> asleep;
     for (std::size_t i = 0; i < rows.asleep.size(); ++i) {
-      if (places[indexes.size() + i] == absentRow) {
-        rows.asleep[i].state.detach();
-      } else {
+      if (places[indexes.size() + i] != absentRow) {
         asleep.push_back(std::move(rows.asleep[i]));
       }
     }
-    rows.asleep = std::move(asleep);
+    rows.asleep = std::move(asleep);  // the others are gone for good
   }
 
   // Rows that are still in the list, each with its new description; the others go for good.
@@ -127,9 +69,8 @@ void ViewGraph::resolveRows(Node& forEach, bool emitting) {
     View view;
     bool same = false;
     if (places[i] != absentRow) {
-      view = describeRow(forEach, places[i]);
-      const Identity identity = identityOf(view, 0);
-      same = identity.type == row->identity.type && identity.branch == row->identity.branch;
+      view = describeRow(forEach, places[i]).value_or(row->element.view());
+      same = sameKind(identityOf(view, 0), row->identity);
       indexesChanged = indexesChanged || places[i] != row->rowIndex;
       kept.push_back({places[i], same ? row : nullptr, std::move(view)});
     }
@@ -179,7 +120,9 @@ void ViewGraph::placeRows(Node& forEach, std::vector<RowPlace> places, bool emit
         rows.lookedAt.erase(lookedAt);
         arrival = Arrival::uncovered;
       } else {
-        if (place.view.isAbsent()) place.view = describeRow(forEach, place.index);
+        if (place.view.isAbsent()) {
+          place.view = describeRow(forEach, place.index).value_or(Group({}));
+        }
         place.node = &allocateRow(forEach, place.index, place.view);
         arrival = Arrival::mounted;
       }
@@ -215,47 +158,27 @@ void ViewGraph::applyRowRequest(const RowRequest& request) {
   Node* forEach = mutableNode(request.forEach);
   if (!forEach || !forEach->rows || demandsEverything(*forEach)) return;
   const std::size_t count = forEach->rows->source->count();
+  std::vector<RowRange> ranges = request.ranges;
+  std::ranges::sort(ranges, {}, &RowRange::first);
   std::vector<RowPlace> places;
+  std::size_t next = 0;
   auto shown = forEach->children.begin();
-  for (const RowRange& range : request.ranges) {
-    for (std::size_t index = range.first; index < std::min(range.last, count); ++index) {
-      while (shown != forEach->children.end() && (*shown)->rowIndex < index) ++shown;
-      const bool there = shown != forEach->children.end() && (*shown)->rowIndex == index;
-      places.push_back({index, there ? *shown : nullptr, {}});
+  for (const RowRange& range : ranges) {
+    for (next = std::max(next, range.first); next < std::min(range.last, count); ++next) {
+      while (shown != forEach->children.end() && (*shown)->rowIndex < next) ++shown;
+      const bool there = shown != forEach->children.end() && (*shown)->rowIndex == next;
+      places.push_back({next, there ? *shown : nullptr, {}});
     }
   }
   placeRows(*forEach, std::move(places), emits(*forEach));
 }
 
-NodeID ViewGraph::lookAtRow(NodeID id, std::size_t index) {
-  Node* forEach = mutableNode(id);
-  if (!forEach || !forEach->rows || index >= forEach->rows->source->count()) return {};
-  auto shown = std::ranges::lower_bound(forEach->children, index, {}, &Node::rowIndex);
-  if (shown != forEach->children.end() && (*shown)->rowIndex == index) return (*shown)->id;
-  std::vector<Node*>& lookedAt = forEach->rows->lookedAt;
-  auto found = std::ranges::find(lookedAt, index, &Node::rowIndex);
-  if (found != lookedAt.end()) return (*found)->id;
-  if (busy_) return {};
-
-  ++pass_;
-  Node& row = allocateRow(*forEach, index, describeRow(*forEach, index));
-  row.isShown = false;
-  lookedAt.push_back(&row);
-  mountRow(*forEach, row, {}, false);
-  if (lookedAt.size() > maximumLookedAt) {
-    Node& oldest = *lookedAt.front();
-    lookedAt.erase(lookedAt.begin());
-    sleepRow(*forEach, oldest);
-  }
-  return row.id;
-}
-
-View ViewGraph::describeRow(const Node& forEach, std::size_t index) {
+std::optional<View> ViewGraph::describeRow(const Node& forEach, std::size_t index) {
   ++work_.rows;
-  const bool outer = std::exchange(describing_, true);
-  View row = forEach.rows->source->row(index);
-  describing_ = outer;
-  return row.isAbsent() ? View(Group({})) : row;
+  std::optional<View> row = describe([&] { return forEach.rows->source->row(index); });
+  // An absent row is still a row.
+  if (row && row->isAbsent()) row = Group({});
+  return row;
 }
 
 Node& ViewGraph::allocateRow(Node& forEach, std::size_t index, const View& view) {
@@ -264,63 +187,6 @@ Node& ViewGraph::allocateRow(Node& forEach, std::size_t index, const View& view)
   row.rowIndex = index;
   row.rowID = forEach.rows->source->key(index);
   return row;
-}
-
-void ViewGraph::mountRow(Node& forEach, Node& row, NodeID after, bool emitting) {
-  std::vector<SleepingRow>& asleep = forEach.rows->asleep;
-  Restoring restoring{&row, {}};
-  const bool maySleep = std::ranges::any_of(
-      asleep, [&](const SleepingRow& other) { return text::equal(other.key, row.rowID); });
-  if (maySleep) {
-    ++work_.idPasses;
-    const auto occurrence = rowIdentities(*forEach.rows->source, {row.rowIndex}).front().occurrence;
-    auto same = std::ranges::find_if(asleep, [&](const SleepingRow& other) {
-      return other.occurrence == occurrence && text::equal(other.key, row.rowID);
-    });
-    if (same != asleep.end()) {
-      restoring.state = std::move(same->state);
-      asleep.erase(same);
-    }
-  }
-  Restoring* outer = std::exchange(restoring_, &restoring);
-  mount(row, after, emitting);
-  restoring_ = outer;
-  restoring.state.detach();  // what found no place again is gone
-}
-
-void ViewGraph::restoreState(Node& node) {
-  if (!restoring_ || restoring_->state.isEmpty()) return;
-  IdentityPath path;
-  for (const Node* place = &node; place != restoring_->row; place = place->parent) {
-    if (!place) return;
-    path.insert(path.begin(), place->identity);
-  }
-  if (node.rows) {
-    std::erase_if(restoring_->state.lists, [&](auto& saved) {
-      if (saved.first != path) return false;
-      node.rows->asleep = std::move(saved.second);
-      return true;
-    });
-    return;
-  }
-  std::erase_if(restoring_->state.cells, [&](auto& saved) {
-    if (saved.first != path) return false;
-    node.state = std::move(saved.second);
-    return true;
-  });
-}
-
-/// Takes a row's nodes away and keeps what state has left its initial value.
-void ViewGraph::sleepRow(Node& forEach, Node& row) {
-  if (hasState(row)) {
-    ++work_.idPasses;
-    forEach.rows->asleep.push_back(putToSleep(*forEach.rows->source, row));
-  }
-  destroy(row);
-}
-
-void ViewGraph::forgetLookedAtRows(Node& forEach) {
-  for (Node* row : std::exchange(forEach.rows->lookedAt, {})) sleepRow(forEach, *row);
 }
 
 }  // namespace vemra::ui

@@ -2,6 +2,7 @@
 
 #include "VemraPlatform/text/UTF8.hpp"
 
+#include <algorithm>
 #include <utility>
 
 namespace vemra::documents {
@@ -219,8 +220,8 @@ std::string JsonTokens::describeValue() {
 }
 
 void JsonTokens::skipWhiteSpace() {
-  constexpr std::string_view white = " \n\r\t";
-  while (at_ < text_.size() && white.find(text_[at_]) != std::string_view::npos) ++at_;
+  const auto isWhite = [](char c) { return c == ' ' || c == '\n' || c == '\r' || c == '\t'; };
+  while (at_ < text_.size() && isWhite(text_[at_])) ++at_;
 }
 
 bool JsonTokens::takeHere(char c) {
@@ -258,10 +259,12 @@ void JsonTokens::fail(std::size_t offset, std::string_view expected, std::string
     ++line;
     lineStart = i + 1;
   }
-  std::size_t column = 1;
-  for (std::size_t i = lineStart; i < offset; ++column) {
-    i += text::firstStep(text_.substr(i)).length;
-  }
+  // Everything before the offset has been read and is UTF-8: each byte that continues no character
+  // begins one.
+  const auto begins = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
+  const auto characters =
+      std::ranges::count_if(text_.substr(lineStart, offset - lineStart), begins);
+  const auto column = static_cast<std::size_t>(characters) + 1;
   place_.failSyntax(line, column, expected, found);
 }
 

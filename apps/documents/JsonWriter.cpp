@@ -131,14 +131,17 @@ void JsonWriter::beginValue() {
 void JsonWriter::begin(char bracket, Layout layout) {
   beginValue();
   text_ += bracket;
-  const bool inLine = !open_.empty() && open_.back().layout == Layout::inLine;
-  open_.push_back({inLine ? Layout::inLine : layout, true});
+  open_.push_back({layout, true});
+  if (layout == Layout::lines) ++indentation_;
 }
 
 void JsonWriter::end(char bracket) {
   const Open closed = open_.back();
   open_.pop_back();
-  if (closed.layout == Layout::lines && !closed.empty) newLine();
+  if (closed.layout == Layout::lines) {
+    --indentation_;
+    if (!closed.empty) newLine();
+  }
   text_ += bracket;
 }
 
@@ -156,7 +159,7 @@ void JsonWriter::startEntry() {
 
 void JsonWriter::newLine() {
   text_ += '\n';
-  text_.append(2 * open_.size(), ' ');
+  text_.append(2 * indentation_, ' ');
 }
 
 }  // namespace vemra::documents

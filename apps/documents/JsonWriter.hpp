@@ -15,7 +15,7 @@ namespace vemra::documents {
 /// anything.
 void appendJsonEscaped(std::string& out, std::string_view utf8);
 
-/// How the entries of an object or array are laid out. Whatever is inside `inLine` is in line too.
+/// How the entries of an object or array are laid out: all on one line, or one a line, indented.
 enum class Layout { inLine, lines };
 
 /// Writes a JSON text piece by piece into one string, without a tree in between, so that a result
@@ -55,6 +55,7 @@ class JsonWriter {
 
   std::string text_;
   std::vector<Open> open_;
+  std::size_t indentation_ = 0;
   bool afterKey_ = false;
 };
 

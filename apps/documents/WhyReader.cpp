@@ -55,7 +55,9 @@ void checkKeys(const JsonReader& reader, const Payload& payload) {
       std::string expected = "no such key with the kind " + inQuotes(kind);
       if (!wanted.empty()) {
         expected += ", which has";
-        for (std::string_view one : wanted) expected.append(" ").append(one);
+        for (std::string_view one : wanted) {
+          expected.append(one == wanted.front() ? " " : ", ").append(one);
+        }
       }
       reader.failAt(key, expected, inQuotes(key));
     }

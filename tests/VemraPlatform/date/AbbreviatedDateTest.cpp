@@ -60,6 +60,7 @@ TEST(AbbreviatedDate, usesTheCalendarAndTheDigitsAskedFor) {
   EXPECT_EQ(day("ar-EG-u-nu-latn"), "5 يناير 2025");
   EXPECT_EQ(day("th-TH-u-ca-gregory"), "5 ม.ค. 2025");
   EXPECT_EQ(day("th_TH@calendar=gregorian"), "5 ม.ค. 2025");
+  EXPECT_EQ(day("en_US@x=" + std::string(120, 'a')), "Jan 5, 2025");
   EXPECT_NE(day("en-US-u-ca-buddhist").find("2568"), std::string::npos);
 }
 

@@ -17,10 +17,12 @@ TEST(KnownTimeZone, isANameOfTheDatabase) {
 }
 
 TEST(KnownTimeZone, isNothingElse) {
-  for (const std::string& timeZone :
-       {""s, "Mars/Olympus"s, "Etc/Unknown"s, "GMT+2"s, "GMT+02:00"s, "+02:00"s, "europe/berlin"s,
-        "Europe/Berlin "s, ":Europe/Berlin"s, "Europe"s, "UTC\0"s, "\xFF"s, "CET-1CEST"s,
-        std::string(10000, 'a')}) {
+  std::vector<std::string> timeZones = {
+      "",       "Mars/Olympus",  "Etc/Unknown",    "GMT+2",          "GMT+02:00",
+      "+02:00", "europe/berlin", ":Europe/Berlin", "Europe/Berlin ", "Europe",
+      "UTC\0"s, "\xFF",          "CET-1CEST"};
+  timeZones.emplace_back(10000, 'a');
+  for (const std::string& timeZone : timeZones) {
     EXPECT_FALSE(date::isKnownTimeZone(timeZone)) << timeZone.substr(0, 100);
   }
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <coroutine>
-#include <functional>
+#include <mutex>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -22,19 +22,43 @@ class Gate {
   std::coroutine_handle<> waiter_;
 };
 
+/// Threads that tasks go on on. Started from any thread, joined by the test.
+class Threads {
+ public:
+  template <class Work>
+  void add(Work work) {
+    // Under the lock: the work itself may add the next thread, or let the test join this one.
+    const std::lock_guard lock(mutex_);
+    threads_.emplace_back(std::move(work));
+  }
+
+  void join() {
+    std::vector<std::thread> threads;
+    {
+      const std::lock_guard lock(mutex_);
+      threads.swap(threads_);
+    }
+    for (std::thread& thread : threads) thread.join();
+  }
+
+ private:
+  std::mutex mutex_;
+  std::vector<std::thread> threads_;
+};
+
 /// Waiting for this goes on, at once, on a thread of its own.
 class Elsewhere {
  public:
-  explicit Elsewhere(std::vector<std::thread>& threads) : threads_(threads) {}
+  explicit Elsewhere(Threads& threads) : threads_(threads) {}
 
   bool await_ready() const noexcept { return false; }
-  void await_suspend(std::coroutine_handle<> waiter) {
-    threads_.emplace_back([waiter] { waiter.resume(); });
+  void await_suspend(std::coroutine_handle<> waiter) const {
+    threads_.add([waiter] { waiter.resume(); });
   }
   void await_resume() const noexcept {}
 
  private:
-  std::vector<std::thread>& threads_;
+  Threads& threads_;
 };
 
 }  // namespace vemra::testing

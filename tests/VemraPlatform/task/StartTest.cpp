@@ -17,12 +17,6 @@ using task::start;
 using task::Task;
 using task::wait;
 
-using Threads = std::vector<std::thread>;
-
-void joinAll(Threads& threads) {
-  for (std::thread& thread : threads) thread.join();
-}
-
 Task<int> give(int value) {
   co_return value;
 }
@@ -108,14 +102,14 @@ TEST(Start, tellsTheResultOnTheThreadTheTaskEndsOn) {
     EXPECT_EQ(std::move(result).take(), std::this_thread::get_id());
     calledOnMain = MainActor::isCurrent();
   });
-  joinAll(threads);
+  threads.join();
   EXPECT_FALSE(calledOnMain);
 }
 
 TEST(Wait, blocksUntilATaskElsewhereHasEnded) {
   Threads threads;
   EXPECT_TRUE(wait(staysWhereItsAwaitResumed(&threads)));
-  joinAll(threads);
+  threads.join();
 }
 
 TEST(Wait, throwsWhatWasThrownElsewhere) {
@@ -128,7 +122,7 @@ TEST(Wait, throwsWhatWasThrownElsewhere) {
   };
   Threads threads;
   EXPECT_THROW(wait(Source::fail(&threads)), std::runtime_error);
-  joinAll(threads);
+  threads.join();
 }
 
 Task<int> hop(Threads* threads, int times) {
@@ -146,9 +140,8 @@ Task<int> hop(Threads* threads, int times) {
 TEST(Wait, goesOnWhoeverIsFirst) {
   for (int round = 0; round < 50; ++round) {
     Threads threads;
-    threads.reserve(20);
     EXPECT_EQ(wait(hop(&threads, 20)), 20);
-    joinAll(threads);
+    threads.join();
   }
 }
 
@@ -156,14 +149,13 @@ TEST(Wait, isPossibleOnManyThreadsAtOnce) {
   Threads waiting;
   std::vector<int> values(4);
   for (int& value : values) {
-    waiting.emplace_back([&value] {
+    waiting.add([&value] {
       Threads threads;
-      threads.reserve(50);
       value = wait(hop(&threads, 50));
-      joinAll(threads);
+      threads.join();
     });
   }
-  joinAll(waiting);
+  waiting.join();
   EXPECT_EQ(values, std::vector<int>(4, 50));
 }
 

@@ -9,6 +9,7 @@
 #include <functional>
 #include <random>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
@@ -140,11 +141,13 @@ TEST_F(SourceFileTest, readsAPipeOfUnknownLength) {
   const std::string path = folder_ + "/pipe";
   ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
   const std::string content(5'000'000, 'y');
-  if (::fork() == 0) {
+  const pid_t writer = ::fork();
+  if (writer == 0) {
     std::ofstream(path, std::ios::binary) << content;
     ::_exit(0);
   }
   EXPECT_EQ(readSource(path), content);
+  ::waitpid(writer, nullptr, 0);
 }
 
 TEST_F(SourceFileTest, readsStandardInputUnderTheNameDash) {

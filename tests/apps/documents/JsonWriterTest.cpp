@@ -22,7 +22,7 @@ TEST(JsonWriterTest, layoutsAreTheCallers) {
   out.integer(1);
   out.beginArray(Layout::inLine);
   out.string("x");
-  out.beginObject(Layout::lines);  // within a line everything is
+  out.beginObject(Layout::lines);
   out.key("k");
   out.null();
   out.key("l");
@@ -40,7 +40,10 @@ TEST(JsonWriterTest, layoutsAreTheCallers) {
   EXPECT_EQ(out.take(), R"json({
   "a": [
     1,
-    ["x", {"k": null, "l": true}]
+    ["x", {
+      "k": null,
+      "l": true
+    }]
   ],
   "none": [],
   "empty": {}

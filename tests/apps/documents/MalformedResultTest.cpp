@@ -255,8 +255,8 @@ const Malformed syntax[] = {
     {"{\n  \"goal\"", "{\n  // a goal\n  \"goal\"",
      "case.json: line 2, column 3: expected a key; found \"/\""},
     {"\"g1\",", "\"g1\"",
-     "case.json: /goal: line 2, column 24: expected \",\" or \"}\"; found \"\\\"\""},
-    {"\"g1\",", "\"g1\",,", "case.json: /goal: line 2, column 24: expected a key; found \",\""},
+     "case.json: /goal: line 2, column 23: expected \",\" or \"}\"; found \"\\\"\""},
+    {"\"g1\",", "\"g1\",,", "case.json: /goal: line 2, column 23: expected a key; found \",\""},
     {"\"id\": \"g1\"", "\"id\" \"g1\"",
      "case.json: /goal: line 2, column 17: expected \":\"; found \"\\\"\""},
     {"\"g1\"", "\"g\t1\"",
@@ -281,15 +281,15 @@ const Malformed syntax[] = {
     {"\"people\": [", "\"people\": \xFF[",
      "case.json: /people: line 6, column 13: expected UTF-8; found the byte 0xFF"},
     {"\"hopCount\": 2", "\"hopCount\": 02",
-     "case.json: /people/0/why/hopCount: line 7, column 88: expected a number without leading "
+     "case.json: /people/0/why/hopCount: line 7, column 90: expected a number without leading "
      "zeros; found \"2\""},
     {"\"hopCount\": 2", "\"hopCount\": +2",
-     "case.json: /people/0/why/hopCount: line 7, column 87: expected an integer from "
+     "case.json: /people/0/why/hopCount: line 7, column 89: expected an integer from "
      "-9223372036854775808 to 9223372036854775807, without fraction or exponent; found \"+\""},
     {"\"hopCount\": 2", "\"hopCount\": 2x",
-     "case.json: /people/0/why: line 7, column 88: expected \",\" or \"}\"; found \"x\""},
+     "case.json: /people/0/why: line 7, column 90: expected \",\" or \"}\"; found \"x\""},
     {"\"hopCount\": 2", "\"hopCount\": ",
-     "case.json: /people/0/why/hopCount: line 7, column 87: expected an integer from "
+     "case.json: /people/0/why/hopCount: line 7, column 89: expected an integer from "
      "-9223372036854775808 to 9223372036854775807, without fraction or exponent; found \"}\""},
     {"[\"ev9\", \"ev3\"]", "[\"ev9\", ]",
      "case.json: /people/0/evidenceIDs/1: line 8, column 29: expected a string; found \"]\""},
@@ -297,12 +297,12 @@ const Malformed syntax[] = {
      "case.json: /people/0/evidenceIDs: line 8, column 28: expected \",\" or \"]\"; found "
      "\"\\\"\""},
     {"\"displayName\": null", "\"displayName\": nil",
-     "case.json: /people/1/displayName: line 9, column 41: expected null; found \"nil\""},
+     "case.json: /people/1/displayName: line 9, column 40: expected null; found \"nil\""},
     {"\"displayName\": null", "\"displayName\": Null",
-     "case.json: /people/1/displayName: line 9, column 41: expected a string or null; found "
+     "case.json: /people/1/displayName: line 9, column 40: expected a string or null; found "
      "\"Null\""},
     {"\"displayName\": null", "\"displayName\": NaN",
-     "case.json: /people/1/displayName: line 9, column 41: expected a string or null; found "
+     "case.json: /people/1/displayName: line 9, column 40: expected a string or null; found "
      "\"NaN\""},
 };
 INSTANTIATE_TEST_SUITE_P(syntax, MalformedResultTest, testing::ValuesIn(syntax));
@@ -310,11 +310,11 @@ INSTANTIATE_TEST_SUITE_P(syntax, MalformedResultTest, testing::ValuesIn(syntax))
 TEST(MalformedResultTest, refusesTextBehindTheDocument) {
   EXPECT_EQ(errorIn(sampleResult + " \n"), "");
   EXPECT_EQ(errorIn(sampleResult + "x"),
-            "case.json: line 27, column 2: expected the end of the document; found \"x\"");
+            "case.json: line 24, column 2: expected the end of the document; found \"x\"");
   EXPECT_EQ(errorIn(sampleResult + "\n{}"),
-            "case.json: line 28, column 1: expected the end of the document; found \"{\"");
+            "case.json: line 25, column 1: expected the end of the document; found \"{\"");
   EXPECT_EQ(errorIn(sampleResult + std::string(1, '\0')),
-            "case.json: line 27, column 2: expected the end of the document; found \"\\u0000\"");
+            "case.json: line 24, column 2: expected the end of the document; found \"\\u0000\"");
 }
 
 TEST(MalformedResultTest, refusesEveryBeginningOfADocument) {

@@ -1,0 +1,67 @@
+#include "apps/inspect/Program.hpp"
+
+#include "apps/documents/DocumentError.hpp"
+#include "apps/documents/SourceFile.hpp"
+#include "apps/inspect/Case.hpp"
+#include "apps/inspect/Inspection.hpp"
+#include "apps/inspect/Options.hpp"
+#include "apps/inspect/Report.hpp"
+
+#include <ostream>
+#include <stdexcept>
+#include <variant>
+
+namespace vemra::inspect {
+namespace {
+
+enum ExitCode { done = 0, notAllDone = 1, unusable = 2 };
+
+int inspect(const Options& options, const Case& inspected, std::ostream& output,
+            std::ostream& diagnostics, const DrawPicture& drawPicture) {
+  ExitCode code = done;
+  Inspection inspection(inspected);
+  const auto report = makeReport(options);
+  for (const Step& step : inspected.steps) {
+    const StepResult result = inspection.carryOut(step);
+    if (result) code = notAllDone;
+    report->step(step, result, inspection);
+  }
+  output << report->finish(inspection) << std::flush;
+  if (!output) {
+    diagnostics << "vemra-inspect: standard output cannot be written\n";
+    code = notAllDone;
+  }
+  if (options.png) {
+    try {
+      drawPicture(inspection.screen().graph(), *options.png);
+    } catch (const std::runtime_error& error) {
+      diagnostics << *options.png << ": " << error.what() << '\n';
+      code = notAllDone;
+    }
+  }
+  return code;
+}
+
+}  // namespace
+
+int run(int argumentCount, const char* const* arguments, std::ostream& output,
+        std::ostream& diagnostics, const DrawPicture& drawPicture) {
+  const auto read =
+      readOptions(argumentCount, arguments, drawPicture ? Pictures::drawn : Pictures::notDrawn);
+  if (const auto* farewell = std::get_if<Farewell>(&read)) {
+    output << farewell->output << std::flush;
+    diagnostics << farewell->diagnostic;
+    return farewell->exitCode;
+  }
+  const Options& options = std::get<Options>(read);
+  try {
+    const Case inspected =
+        readCase(documents::readSource(options.file), options.file, ui::Environment::system());
+    return inspect(options, inspected, output, diagnostics, drawPicture);
+  } catch (const documents::DocumentError& error) {
+    diagnostics << error.what() << '\n';
+    return unusable;
+  }
+}
+
+}  // namespace vemra::inspect

@@ -1,0 +1,42 @@
+# Read by the other scripts: where the repository is, and how they speak.
+# shellcheck shell=bash
+
+root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
+cd "$root"
+
+say() { printf '%s: %s\n' "scripts/${0##*/}" "$*"; }
+fail() {
+  printf '%s: %s\n' "scripts/${0##*/}" "$*" >&2
+  exit 1
+}
+
+# usage SCRIPT: the comment at a script's head is its help.
+usage() { sed -n '2,/^[^#]/ s/^# \{0,1\}//p' "$1"; }
+
+# Tracked files and new ones that are not ignored; in an exported tree without git, all but the builds.
+repository_files() {
+  if git -c safe.directory='*' rev-parse --is-inside-work-tree >/dev/null 2>&1; then
+    git -c safe.directory='*' ls-files --cached --others --exclude-standard -- "$@" |
+      while IFS= read -r file; do [[ ! -f $file ]] || printf '%s\n' "$file"; done
+  else
+    local patterns=() pattern
+    for pattern in "$@"; do patterns+=(-o -name "$pattern"); done
+    find . -path ./build -prune -o -type f \( "${patterns[@]:1}" \) -print | sed 's|^\./||'
+  fi
+}
+
+# configure_and_build PRESET [NINJA ARGUMENT...]: quiet while it works, everything when it does not.
+configure_and_build() {
+  local preset=$1 log
+  shift
+  mkdir -p "build/$preset"
+  log="build/$preset/configure.log"
+  if ! cmake --preset "$preset" >"$log" 2>&1 </dev/null; then
+    cat "$log" >&2
+    fail "cannot configure the preset $preset"
+  fi
+  # Test programs of the window are started once after linking, to list their tests.
+  QT_QPA_PLATFORM="${QT_QPA_PLATFORM:-offscreen}" \
+    cmake --build --preset "$preset" -- "$@" </dev/null ||
+    fail "cannot build the preset $preset"
+}

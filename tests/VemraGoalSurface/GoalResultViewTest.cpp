@@ -1,0 +1,130 @@
+#include "VemraGoalSurface/GoalResultView.hpp"
+#include "tests/VemraGoalSurface/SampleScreen.hpp"
+#include "tests/VemraGoalSurface/Shape.hpp"
+
+#include <type_traits>
+
+#include <gmock/gmock.h>
+
+namespace vemra::screentest {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::Screen;
+
+static_assert(std::is_copy_constructible_v<GoalResultView>);
+
+class WholeScreen : public ::testing::Test {
+ protected:
+  Calls calls_;
+};
+
+TEST_F(WholeScreen, isOneColumnOfTitlePeoplePathAndFooter) {
+  const Screen screen(viewOf(ordinaryResult(), calls_));
+  EXPECT_THAT(
+      shape(screen),
+      ElementsAre(
+          "GoalResultView",  //
+          "  ScrollView",    //
+          "    VStack leading 20 .padding(24)",
+          "      Text \"Find a design lead\" .font(title2) .fontWeight(semibold)",
+          "      VStack leading 10",
+          "        Text key \"People worth considering\" .font(headline)",
+          "        ForEach",  //
+          "          VStack leading 4 .padding(vertical 4)",
+          "            Button \"Ada\" .buttonStyle(plain) .font(body medium)",
+          "            Text \"Matches on name\" .font(subheadline) .foregroundStyle(secondary)",
+          "            Button key \"Show source\" .font(caption) "
+          ".accessibilityIdentifier(\"vemra.goal.person.p1.show-source\")",
+          "            GoalOutcomeRecordingControl",
+          "              Button key \"Record outcome\" .font(caption) "
+          ".accessibilityIdentifier(\"vemra.goal.person.p1.outcome.start\")",
+          "      VStack leading 10", "        Text key \"Supported path\" .font(headline)",
+          "        VStack leading 4",
+          "          Text \"Connected through 1 shared relationship\" .font(subheadline)",
+          "          Button key \"See in Starfold\" .font(caption) "
+          ".accessibilityIdentifier(\"vemra.goal.path.see-in-starfold\")",
+          "          GoalOutcomeRecordingControl",
+          "            Button key \"Record outcome\" .font(caption) "
+          ".accessibilityIdentifier(\"vemra.goal.path.outcome.start\")",
+          "      Group .font(caption) .foregroundStyle(secondary)",
+          "        Text \"Based on 12 piece(s) of evidence from Mail.\""));
+}
+
+TEST_F(WholeScreen, scrollsVerticallyWithItsIndicatorsShown) {
+  const Screen screen(viewOf(ordinaryResult(), calls_));
+  const auto& scrollView = *nodesOf(screen, ui::ElementKind::scrollView).at(0);
+  EXPECT_EQ(scrollView.element.scrollIndicators(), ui::ScrollIndicators::shown);
+  const auto& content = std::get<ui::ScrollViewContent>(scrollView.element.description().content);
+  EXPECT_EQ(content.axis, ui::Axis::vertical);
+  EXPECT_TRUE(scrollView.element.modifiers().empty());
+}
+
+TEST_F(WholeScreen, keepsAnEmptyTitleAsAnEmptyFirstLine) {
+  Result result = ordinaryResult();
+  const Lines withTitle = shape(Screen(viewOf(result, calls_)));
+  result.goal.title = "";
+  Lines lines = shape(Screen(viewOf(result, calls_)));
+  EXPECT_EQ(lines.at(3), "      Text \"\" .font(title2) .fontWeight(semibold)");
+  lines[3] = withTitle.at(3);
+  EXPECT_EQ(lines, withTitle);
+}
+
+TEST_F(WholeScreen, showsNothingOfTheGroup) {
+  Result result = ordinaryResult();
+  const Lines without = shape(Screen(viewOf(result, calls_)));
+  result.group = {GoalGroupCandidateDTO{"grp1", {"p1", "p2"}}};
+  EXPECT_EQ(shape(Screen(viewOf(result, calls_))), without);
+}
+
+TEST_F(WholeScreen, asksNothingOfItsHostByBeingShown) {
+  Screen screen(viewOf(ordinaryResult(), calls_));
+  screen.show(viewOf(ordinaryResult(), calls_));
+  EXPECT_THAT(calls_.log, ElementsAre());
+}
+
+TEST_F(WholeScreen, hasExactlyTheseIdentifiersWhenAllIsClosed) {
+  Result result = ordinaryResult();
+  result.people = {person("p1", "Ada", {"ev9"}), person("a.b c", "Bo", {"ev1"}), person("p3")};
+  result.outcomes = {
+      outcome("o1", SubjectKind::person, "p1", Value::helped, "met", "o0"),
+      outcome("o2", SubjectKind::path, "p9", Value::invited),
+  };
+  EXPECT_THAT(
+      Screen(viewOf(result, calls_)).identifiers(),
+      ElementsAre("vemra.goal.person.p1.show-source",
+                  "vemra.goal.person.p1.outcome.corrected-marker",
+                  "vemra.goal.person.p1.outcome.correct", "vemra.goal.person.a.b c.show-source",
+                  "vemra.goal.person.a.b c.outcome.start", "vemra.goal.person.p3.outcome.start",
+                  "vemra.goal.path.see-in-starfold", "vemra.goal.path.outcome.correct"));
+}
+
+TEST_F(WholeScreen, aCopyOfTheViewShowsTheSame) {
+  const GoalResultView view = viewOf(ordinaryResult(), calls_);
+  const GoalResultView copy = view;
+  EXPECT_EQ(shape(Screen(copy)), shape(Screen(view)));
+}
+
+TEST_F(WholeScreen, handingInAnEqualSnapshotChangesNothing) {
+  Screen screen(viewOf(ordinaryResult(), calls_));
+  const std::size_t patches = screen.tree().patchCount();
+  screen.show(viewOf(ordinaryResult(), calls_));
+  EXPECT_EQ(screen.tree().patchCount(), patches);
+}
+
+TEST_F(WholeScreen, callsTheCallbacksOfTheViewThatWasHandedInLast) {
+  Calls later;
+  Screen screen(viewOf(ordinaryResult(), calls_));
+  screen.show(viewOf(ordinaryResult(), later));
+  screen.press(testing::button("Ada"));
+  screen.press("vemra.goal.person.p1.show-source");
+  screen.press("vemra.goal.path.see-in-starfold");
+  screen.press("vemra.goal.path.outcome.start");
+  screen.press("vemra.goal.path.outcome.save");
+  EXPECT_THAT(calls_.log, ElementsAre());
+  EXPECT_THAT(later.log, ElementsAre("open \"p1\"", "evidence \"ev9\"", "focus",
+                                     "record path \"p9\" wasUseful note=nil corrects=nil"));
+}
+
+}  // namespace
+}  // namespace vemra::screentest

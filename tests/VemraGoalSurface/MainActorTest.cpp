@@ -1,0 +1,214 @@
+// Everything of the screen belongs to the main thread, and says so by stopping the process.
+
+#include "VemraGoalSurface/GoalOutcomeRecordingControl.hpp"
+#include "tests/VemraGoalSurface/SampleScreen.hpp"
+#include "tests/VemraGoalSurface/Shape.hpp"
+
+#include <memory>
+#include <thread>
+
+#include <gtest/gtest.h>
+
+namespace vemra::screentest {
+namespace {
+
+using testing::Screen;
+using Control = GoalOutcomeRecordingControl;
+using ControlState = ui::LocalState<Control::State>;
+
+// The sections are private and are reached only through `body`, which stops the process first. To
+// see that each of them insists by itself, their addresses are taken where the language allows it:
+// in an explicit instantiation, access is not checked.
+template <class Name, typename Name::Member member>
+struct Open {
+  friend typename Name::Member address(Name) { return member; }
+};
+
+struct PeopleSectionMember {
+  using Member = ui::View (GoalResultView::*)() const;
+  friend Member address(PeopleSectionMember);
+};
+struct PersonRowMember {
+  using Member = ui::Children (GoalResultView::*)(const GoalPersonCandidateDTO&) const;
+  friend Member address(PersonRowMember);
+};
+struct PathSectionMember {
+  using Member = ui::View (GoalResultView::*)() const;
+  friend Member address(PathSectionMember);
+};
+struct CoverageFooterMember {
+  using Member = ui::View (GoalResultView::*)(const ui::Environment&) const;
+  friend Member address(CoverageFooterMember);
+};
+struct CoverageTextMember {
+  using Member = std::string (GoalResultView::*)(const ui::Environment&) const;
+  friend Member address(CoverageTextMember);
+};
+struct RecordedSummaryMember {
+  using Member = ui::Children (Control::*)(const GoalOutcomeDTO&, const ControlState&) const;
+  friend Member address(RecordedSummaryMember);
+};
+struct EditorMember {
+  using Member = ui::Children (Control::*)(const ControlState&) const;
+  friend Member address(EditorMember);
+};
+struct SaveMember {
+  using Member = void (Control::*)(const ControlState&) const;
+  friend Member address(SaveMember);
+};
+
+template struct Open<PeopleSectionMember, &GoalResultView::peopleSection>;
+template struct Open<PersonRowMember, &GoalResultView::personRow>;
+template struct Open<PathSectionMember, &GoalResultView::pathSection>;
+template struct Open<CoverageFooterMember, &GoalResultView::coverageFooter>;
+template struct Open<CoverageTextMember, &GoalResultView::coverageText>;
+template struct Open<RecordedSummaryMember, &Control::recordedSummary>;
+template struct Open<EditorMember, &Control::editor>;
+template struct Open<SaveMember, &Control::save>;
+
+template <class Work>
+void onAnotherThread(Work work) {
+  std::thread(work).join();
+}
+
+std::string offTheMainThread(const std::string& member) {
+  return member + " was called off the main thread";
+}
+
+class MainActorDeathTest : public ::testing::Test {
+ protected:
+  MainActorDeathTest() {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    result_.outcomes = {outcome("o1", SubjectKind::person, "p1", Value::helped)};
+  }
+
+  GoalResultView view() { return viewOf(result_, calls_); }
+
+  /// Runs a button's action on a thread of its own.
+  static void pressElsewhere(const Screen& screen, const testing::Query& query) {
+    const ui::View held = screen.get(query).element.view();
+    onAnotherThread([&] { std::get<ui::ButtonContent>(held.description().content).action(); });
+  }
+
+  static Control control() {
+    return {.subjectKind = SubjectKind::person,
+            .subjectRef = "p1",
+            .effectiveOutcome = std::nullopt,
+            .identifierPrefix = "x",
+            .onRecord = [](const GoalOutcomeRecordingInput&) {}};
+  }
+  static ControlState state() {
+    return ControlState(std::make_shared<ui::StateCellOf<Control::State>>());
+  }
+
+  Result result_ = ordinaryResult();
+  Calls calls_;
+};
+
+TEST_F(MainActorDeathTest, bodyOfTheScreen) {
+  EXPECT_DEATH(onAnotherThread([&] { view().body({}); }), offTheMainThread("GoalResultView.body"));
+}
+
+TEST_F(MainActorDeathTest, peopleSection) {
+  EXPECT_DEATH(onAnotherThread([&] { (view().*address(PeopleSectionMember{}))(); }),
+               offTheMainThread("GoalResultView.peopleSection"));
+}
+
+TEST_F(MainActorDeathTest, personRow) {
+  EXPECT_DEATH(onAnotherThread([&] { (view().*address(PersonRowMember{}))(person("p1")); }),
+               offTheMainThread("GoalResultView.personRow"));
+}
+
+TEST_F(MainActorDeathTest, rowsThatARendererAsksFor) {
+  const Screen screen(view());
+  const ui::View held = nodesOf(screen, ui::ElementKind::forEach).at(0)->element.view();
+  const auto rows = std::get<ui::ForEachContent>(held.description().content).rows;
+  EXPECT_DEATH(onAnotherThread([&] { rows->row(0); }),
+               offTheMainThread("GoalResultView.personRow"));
+}
+
+TEST_F(MainActorDeathTest, pathSection) {
+  EXPECT_DEATH(onAnotherThread([&] { (view().*address(PathSectionMember{}))(); }),
+               offTheMainThread("GoalResultView.pathSection"));
+}
+
+TEST_F(MainActorDeathTest, coverageFooter) {
+  EXPECT_DEATH(onAnotherThread([&] { (view().*address(CoverageFooterMember{}))({}); }),
+               offTheMainThread("GoalResultView.coverageFooter"));
+}
+
+TEST_F(MainActorDeathTest, coverageText) {
+  EXPECT_DEATH(onAnotherThread([&] { (view().*address(CoverageTextMember{}))({}); }),
+               offTheMainThread("GoalResultView.coverageText"));
+}
+
+TEST_F(MainActorDeathTest, openingAPerson) {
+  const Screen screen(view());
+  EXPECT_DEATH(pressElsewhere(screen, testing::button("Ada")),
+               offTheMainThread("GoalResultView.openPerson"));
+}
+
+TEST_F(MainActorDeathTest, showingASource) {
+  const Screen screen(view());
+  EXPECT_DEATH(pressElsewhere(screen, testing::button("Show source")),
+               offTheMainThread("GoalResultView.showSource"));
+}
+
+TEST_F(MainActorDeathTest, seeingThePathInStarfold) {
+  const Screen screen(view());
+  EXPECT_DEATH(pressElsewhere(screen, testing::button("See in Starfold")),
+               offTheMainThread("GoalResultView.seeInStarfold"));
+}
+
+TEST_F(MainActorDeathTest, bodyOfTheControl) {
+  EXPECT_DEATH(onAnotherThread([&] { control().body(state()); }),
+               offTheMainThread("GoalOutcomeRecordingControl.body"));
+}
+
+TEST_F(MainActorDeathTest, recordedSummary) {
+  EXPECT_DEATH(onAnotherThread([&] {
+                 (control().*address(RecordedSummaryMember{}))(GoalOutcomeDTO{}, state());
+               }),
+               offTheMainThread("GoalOutcomeRecordingControl.recordedSummary"));
+}
+
+TEST_F(MainActorDeathTest, editor) {
+  EXPECT_DEATH(onAnotherThread([&] { (control().*address(EditorMember{}))(state()); }),
+               offTheMainThread("GoalOutcomeRecordingControl.editor"));
+}
+
+TEST_F(MainActorDeathTest, save) {
+  EXPECT_DEATH(onAnotherThread([&] { (control().*address(SaveMember{}))(state()); }),
+               offTheMainThread("GoalOutcomeRecordingControl.save"));
+}
+
+TEST_F(MainActorDeathTest, recordOutcomeButton) {
+  const Screen screen(view());
+  EXPECT_DEATH(pressElsewhere(screen, testing::button("Record outcome")),
+               offTheMainThread("GoalOutcomeRecordingControl.recordOutcome"));
+}
+
+TEST_F(MainActorDeathTest, correctButton) {
+  const Screen screen(view());
+  EXPECT_DEATH(pressElsewhere(screen, testing::button("Correct")),
+               offTheMainThread("GoalOutcomeRecordingControl.correct"));
+}
+
+TEST_F(MainActorDeathTest, saveAndCancelButtons) {
+  Screen screen(view());
+  screen.press("vemra.goal.path.outcome.start");
+  EXPECT_DEATH(pressElsewhere(screen, testing::button("Save")),
+               offTheMainThread("GoalOutcomeRecordingControl.save"));
+  EXPECT_DEATH(pressElsewhere(screen, testing::button("Cancel")),
+               offTheMainThread("GoalOutcomeRecordingControl.cancel"));
+}
+
+// The sentence is defined for counts that the footer never asks it for.
+TEST_F(MainActorDeathTest, coverageTextIsDefinedForEveryCount) {
+  result_.coverage.evidenceCount = -3;
+  EXPECT_EQ((view().*address(CoverageTextMember{}))({}),
+            "Based on -3 piece(s) of evidence from Mail.");
+}
+
+}  // namespace
+}  // namespace vemra::screentest

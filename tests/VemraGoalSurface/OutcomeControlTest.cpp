@@ -1,0 +1,217 @@
+#include "tests/VemraGoalSurface/SampleScreen.hpp"
+#include "tests/VemraGoalSurface/Shape.hpp"
+
+#include <gmock/gmock.h>
+
+namespace vemra::screentest {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::Screen;
+
+const std::string prefix = "vemra.goal.person.p1";
+
+std::string id(const std::string& text) {
+  return ".accessibilityIdentifier(\"" + text + "\")";
+}
+
+/// The faces of one person's control, and how it goes from one to another.
+class OutcomeControl : public ::testing::Test {
+ protected:
+  OutcomeControl() {
+    result_.people = {person("p1", "Ada")};
+    result_.paths = {};
+  }
+
+  Result withOutcome(GoalOutcomeDTO record) {
+    result_.outcomes = {std::move(record)};
+    return result_;
+  }
+
+  Screen screenOf(const Result& result) { return Screen(viewOf(result, calls_)); }
+
+  /// The screen with one outcome in force for p1.
+  Screen recorded(Value value, OptionalText note = std::nullopt,
+                  OptionalText correctsOutcomeID = std::nullopt) {
+    return screenOf(withOutcome(
+        outcome("o1", SubjectKind::person, "p1", value, std::move(note), correctsOutcomeID)));
+  }
+
+  Result result_ = ordinaryResult();
+  Calls calls_;
+};
+
+TEST_F(OutcomeControl, showsOnlyRecordOutcomeWhileNothingIsRecorded) {
+  const Screen screen = screenOf(result_);
+  EXPECT_THAT(face(screen), ElementsAre("Button key \"Record outcome\" .font(caption) " +
+                                        id(prefix + ".outcome.start")));
+}
+
+TEST_F(OutcomeControl, showsThePlainLabelOfTheOutcomeInForceAndCorrect) {
+  EXPECT_THAT(
+      face(recorded(Value::helped)),
+      ElementsAre("VStack leading 2", "  HStack center 8",
+                  "    Text \"Helped\" .font(caption) .foregroundStyle(secondary)",
+                  "    Button key \"Correct\" .font(caption) " + id(prefix + ".outcome.correct")));
+}
+
+TEST_F(OutcomeControl, showsMarkerAndNoteBelow) {
+  EXPECT_THAT(
+      face(recorded(Value::notAFit, "too busy", "o0")),
+      ElementsAre("VStack leading 2", "  HStack center 8",
+                  "    Text \"Not a fit\" .font(caption) .foregroundStyle(secondary)",
+                  "    Text key \"\u00B7 corrected\" .font(caption2) "
+                  ".foregroundStyle(tertiary) " +
+                      id(prefix + ".outcome.corrected-marker"),
+                  "    Button key \"Correct\" .font(caption) " + id(prefix + ".outcome.correct"),
+                  "  Text \"too busy\" .font(caption) .foregroundStyle(secondary)"));
+}
+
+TEST_F(OutcomeControl, spellsTheMarkerWithAMiddleDot) {
+  const Screen screen = recorded(Value::helped, std::nullopt, "o0");
+  EXPECT_EQ(screen.get(prefix + ".outcome.corrected-marker").element.label()->source(),
+            "\xC2\xB7 corrected");
+}
+
+TEST_F(OutcomeControl, labelsEveryValue) {
+  const std::vector<std::pair<Value, std::string>> labels{
+      {Value::reachedOut, "Reached out"},        {Value::invited, "Invited"},
+      {Value::introduced, "Introduced"},         {Value::helped, "Helped"},
+      {Value::wasUseful, "Was useful"},          {Value::notAFit, "Not a fit"},
+      {Value::noActionTaken, "No action taken"}, {Value::somethingElse, "Something else"},
+  };
+  for (const auto& [value, label] : labels) {
+    EXPECT_EQ(face(recorded(value)).at(2),
+              "    Text \"" + label + "\" .font(caption) .foregroundStyle(secondary)");
+  }
+}
+
+TEST_F(OutcomeControl, showsNoSecondLineForANoteThatIsNilOrEmpty) {
+  EXPECT_EQ(face(recorded(Value::helped, std::nullopt)).size(), 4u);
+  EXPECT_EQ(face(recorded(Value::helped, "")).size(), 4u);
+}
+
+TEST_F(OutcomeControl, showsANoteOfOnlySpacesAsASecondLine) {
+  EXPECT_EQ(face(recorded(Value::helped, "   ")).back(),
+            "  Text \"   \" .font(caption) .foregroundStyle(secondary)");
+}
+
+TEST_F(OutcomeControl, marksACorrectionOfAnEmptyID) {
+  EXPECT_TRUE(recorded(Value::helped, std::nullopt, "").has(prefix + ".outcome.corrected-marker"));
+  EXPECT_FALSE(recorded(Value::helped).has(prefix + ".outcome.corrected-marker"));
+}
+
+TEST_F(OutcomeControl, usesTheIdentifiersOfItsPlace) {
+  result_.paths = {path({"p9"})};
+  const Screen screen = recorded(Value::helped);
+  EXPECT_TRUE(screen.has("vemra.goal.path.outcome.start"));
+  EXPECT_TRUE(screen.has("vemra.goal.person.p1.outcome.correct"));
+}
+
+TEST_F(OutcomeControl, opensOnWasUsefulWithAnEmptyNote) {
+  Screen screen = screenOf(result_);
+  screen.press(prefix + ".outcome.start");
+  EXPECT_EQ(screen.get(prefix + ".outcome.picker").element.selection()->name(), "wasUseful");
+  EXPECT_EQ(screen.get(prefix + ".outcome.note").element.text(), "");
+}
+
+TEST_F(OutcomeControl, opensOnWasUsefulWhateverWasChosenInACancelledAttempt) {
+  Screen screen = screenOf(result_);
+  screen.press(prefix + ".outcome.start");
+  screen.select(prefix + ".outcome.picker", "notAFit");
+  screen.type(prefix + ".outcome.note", "no time");
+  screen.press(prefix + ".outcome.cancel");
+  screen.press(prefix + ".outcome.start");
+  EXPECT_EQ(screen.get(prefix + ".outcome.picker").element.selection()->name(), "wasUseful");
+  EXPECT_EQ(screen.get(prefix + ".outcome.note").element.text(), "");
+}
+
+TEST_F(OutcomeControl, showsTheEditorAndNoSummaryWhileEditing) {
+  Screen screen = recorded(Value::notAFit, "too busy", "o0");
+  screen.press(prefix + ".outcome.correct");
+  EXPECT_EQ(face(screen).at(0), "VStack leading 6");
+  EXPECT_TRUE(screen.has(prefix + ".outcome.picker"));
+  EXPECT_FALSE(screen.has(prefix + ".outcome.correct"));
+  EXPECT_FALSE(screen.has(prefix + ".outcome.corrected-marker"));
+  EXPECT_FALSE(screen.has(testing::byText("too busy")));
+}
+
+TEST_F(OutcomeControl, showsTheEditorWhenAnOutcomeArrivesWhileEditing) {
+  Screen screen = screenOf(result_);
+  screen.press(prefix + ".outcome.start");
+  screen.show(viewOf(withOutcome(outcome("o1", SubjectKind::person, "p1", Value::helped)), calls_));
+  EXPECT_TRUE(screen.has(prefix + ".outcome.save"));
+  EXPECT_FALSE(screen.has(prefix + ".outcome.correct"));
+  screen.press(prefix + ".outcome.cancel");
+  EXPECT_EQ(face(screen).at(2), "    Text \"Helped\" .font(caption) .foregroundStyle(secondary)");
+}
+
+TEST_F(OutcomeControl, correctOpensOnTheOutcomeInForceAndCancelReturnsToItUnchanged) {
+  Screen screen = recorded(Value::notAFit, "too busy");
+  screen.press(prefix + ".outcome.correct");
+  EXPECT_EQ(screen.get(prefix + ".outcome.picker").element.selection()->name(), "notAFit");
+  EXPECT_EQ(screen.get(prefix + ".outcome.note").element.text(), "too busy");
+  const Lines summary = face(recorded(Value::notAFit, "too busy"));
+  screen.press(prefix + ".outcome.cancel");
+  EXPECT_EQ(face(screen), summary);
+  EXPECT_THAT(calls_.log, ElementsAre());
+}
+
+TEST_F(OutcomeControl, correctTakesTheNoteAsStored) {
+  for (const OptionalText& note : {OptionalText("  two \n"), OptionalText(""), OptionalText()}) {
+    Screen screen = recorded(Value::helped, note);
+    screen.press(prefix + ".outcome.correct");
+    EXPECT_EQ(screen.get(prefix + ".outcome.note").element.text(), note.value_or(""));
+  }
+}
+
+TEST_F(OutcomeControl, correctStartsFromTheOutcomeInForceWhateverWasTypedBefore) {
+  Screen screen = recorded(Value::helped, "met");
+  screen.press(prefix + ".outcome.correct");
+  screen.select(prefix + ".outcome.picker", "invited");
+  screen.type(prefix + ".outcome.note", "changed my mind");
+  screen.press(prefix + ".outcome.cancel");
+  screen.press(prefix + ".outcome.correct");
+  EXPECT_EQ(screen.get(prefix + ".outcome.picker").element.selection()->name(), "helped");
+  EXPECT_EQ(screen.get(prefix + ".outcome.note").element.text(), "met");
+}
+
+TEST_F(OutcomeControl, showsRecordOutcomeAgainAfterSaveUntilANewOutcomeIsHandedIn) {
+  Screen screen = screenOf(result_);
+  screen.press(prefix + ".outcome.start");
+  screen.press(prefix + ".outcome.save");
+  EXPECT_TRUE(screen.has(prefix + ".outcome.start"));
+  screen.show(
+      viewOf(withOutcome(outcome("o1", SubjectKind::person, "p1", Value::wasUseful)), calls_));
+  EXPECT_TRUE(screen.has(prefix + ".outcome.correct"));
+}
+
+TEST_F(OutcomeControl, showsTheOldSummaryAfterACorrectionUntilANewOutcomeIsHandedIn) {
+  Screen screen = recorded(Value::helped, "met");
+  const Lines summary = face(screen);
+  screen.press(prefix + ".outcome.correct");
+  screen.select(prefix + ".outcome.picker", "invited");
+  screen.press(prefix + ".outcome.save");
+  EXPECT_EQ(face(screen), summary);
+}
+
+TEST_F(OutcomeControl, goesBackToRecordOutcomeWhenTheOutcomeIsTakenAway) {
+  Screen screen = recorded(Value::helped);
+  result_.outcomes = {};
+  screen.show(viewOf(result_, calls_));
+  EXPECT_TRUE(screen.has(prefix + ".outcome.start"));
+}
+
+TEST_F(OutcomeControl, keepsWhatWasTypedInItsStateAfterLeavingTheEditor) {
+  Screen screen = screenOf(result_);
+  screen.press(prefix + ".outcome.start");
+  screen.select(prefix + ".outcome.picker", "notAFit");
+  screen.type(prefix + ".outcome.note", " typed ");
+  screen.press(prefix + ".outcome.save");
+  EXPECT_THAT(screen.outline(),
+              ::testing::HasSubstr(
+                  "state={isEditing=false selectedValue=\"notAFit\" noteText=\" typed \"}"));
+}
+
+}  // namespace
+}  // namespace vemra::screentest

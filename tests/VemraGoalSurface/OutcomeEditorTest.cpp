@@ -1,0 +1,236 @@
+#include "tests/VemraGoalSurface/SampleScreen.hpp"
+#include "tests/VemraGoalSurface/Shape.hpp"
+
+#include <memory>
+
+#include <gmock/gmock.h>
+
+namespace vemra::screentest {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using testing::Screen;
+
+const std::string prefix = "vemra.goal.person.p1";
+const std::string picker = prefix + ".outcome.picker";
+const std::string note = prefix + ".outcome.note";
+const std::string save = prefix + ".outcome.save";
+const std::string cancel = prefix + ".outcome.cancel";
+
+// All scalars with Unicode's White_Space property (PropList.txt).
+const std::vector<std::string> blanks{
+    "\t",     "\n",     "\v",     "\f",     "\r",     " ",      "\u0085", "\u00A0", "\u1680",
+    "\u2000", "\u2001", "\u2002", "\u2003", "\u2004", "\u2005", "\u2006", "\u2007", "\u2008",
+    "\u2009", "\u200A", "\u2028", "\u2029", "\u202F", "\u205F", "\u3000"};
+
+/// The editor of one person's control, open for a first recording or for a correction.
+class OutcomeEditor : public ::testing::Test {
+ protected:
+  OutcomeEditor() {
+    result_.people = {person("p1", "Ada")};
+    result_.paths = {};
+  }
+
+  Screen& openFirst() {
+    screen_ = std::make_unique<Screen>(viewOf(result_, calls_));
+    screen_->press(prefix + ".outcome.start");
+    return *screen_;
+  }
+
+  Screen& openCorrection(Value value, OptionalText noteText) {
+    result_.outcomes = {outcome("o1", SubjectKind::person, "p1", value, std::move(noteText), "o0")};
+    screen_ = std::make_unique<Screen>(viewOf(result_, calls_));
+    screen_->press(prefix + ".outcome.correct");
+    return *screen_;
+  }
+
+  Result result_ = ordinaryResult();
+  Calls calls_;
+  std::unique_ptr<Screen> screen_;
+};
+
+TEST_F(OutcomeEditor, hasPickerNoteAndButtonsInThisOrder) {
+  EXPECT_THAT(
+      face(openFirst()),
+      ElementsAre(
+          "VStack leading 6",
+          "  Picker key \"Outcome\" selection=wasUseful .labelsHidden() "
+          ".pickerStyle(menu) .accessibilityIdentifier(\"" +
+              picker + "\")",
+          "    ForEach",  //
+          "      Text \"Reached out\" .tag(reachedOut)", "      Text \"Invited\" .tag(invited)",
+          "      Text \"Introduced\" .tag(introduced)", "      Text \"Helped\" .tag(helped)",
+          "      Text \"Was useful\" .tag(wasUseful)", "      Text \"Not a fit\" .tag(notAFit)",
+          "      Text \"No action taken\" .tag(noActionTaken)",
+          "      Text \"Something else\" .tag(somethingElse)",
+          "  TextField key \"Note (optional)\" text=\"\" .textFieldStyle(roundedBorder) "
+          ".accessibilityIdentifier(\"" +
+              note + "\")",
+          "  HStack center 12 .font(caption)",
+          "    Button key \"Save\" .disabled(false) .accessibilityIdentifier(\"" + save + "\")",
+          "    Button key \"Cancel\" .accessibilityIdentifier(\"" + cancel + "\")"));
+}
+
+TEST_F(OutcomeEditor, tagsEachRowWithItsCase) {
+  const Screen& screen = openFirst();
+  std::vector<Value> tags;
+  for (const auto* node : nodesOf(screen, ui::ElementKind::text)) {
+    if (const ui::Tag* tag = node->element.tag()) {
+      ASSERT_NE(tag->as<Value>(), nullptr);
+      tags.push_back(*tag->as<Value>());
+    }
+  }
+  EXPECT_THAT(tags, ::testing::ElementsAreArray(allGoalOutcomeValues));
+}
+
+TEST_F(OutcomeEditor, writesTheButtonsInTheRowsFontAndPickerAndFieldInTheirOwn) {
+  const Screen& screen = openFirst();
+  EXPECT_EQ(screen.get(save).element.style().font, ui::Font::caption);
+  EXPECT_EQ(screen.get(cancel).element.style().font, ui::Font::caption);
+  EXPECT_EQ(screen.get(picker).element.style().font, ui::Font::body);
+  EXPECT_EQ(screen.get(note).element.style().font, ui::Font::body);
+  EXPECT_EQ(screen.get(save).element.buttonStyle(), ui::ButtonStyle::automatic);
+  EXPECT_EQ(screen.get(cancel).element.buttonStyle(), ui::ButtonStyle::automatic);
+}
+
+TEST_F(OutcomeEditor, keepsTheHiddenTitleForAssistiveTechnology) {
+  const Screen& screen = openFirst();
+  EXPECT_TRUE(screen.get(picker).element.labelsHidden());
+  EXPECT_EQ(screen.get(picker).element.shownLabel(), "Outcome");
+}
+
+TEST_F(OutcomeEditor, demandsANoteForSomethingElse) {
+  Screen& screen = openFirst();
+  screen.select(picker, "somethingElse");
+  EXPECT_FALSE(screen.isEnabled(save));
+  EXPECT_THROW(screen.press(save), testing::ElementError);
+  EXPECT_THAT(calls_.log, ElementsAre());
+  EXPECT_THAT(face(screen), ::testing::Contains(HasSubstr("\"Save\" .disabled(true)")));
+
+  std::string all;
+  for (const std::string& blank : blanks) {
+    screen.type(note, blank);
+    EXPECT_FALSE(screen.isEnabled(save)) << ::testing::PrintToString(blank);
+    all += blank;
+  }
+  screen.type(note, all);
+  EXPECT_FALSE(screen.isEnabled(save));
+}
+
+TEST_F(OutcomeEditor, enablesSaveForSomethingElseWithAnyCharacterThatIsNotBlank) {
+  Screen& screen = openFirst();
+  screen.select(picker, "somethingElse");
+  for (const char* text : {"x", ".", "0", "\u00e9", "\u200b", "\ufeff", "\u180e", "\x1f", "💡",
+                           "  a  ", "\n-\n", "\u05d0", "\xff"}) {
+    screen.type(note, "");
+    ASSERT_FALSE(screen.isEnabled(save));
+    screen.type(note, text);
+    EXPECT_TRUE(screen.isEnabled(save)) << ::testing::PrintToString(text);
+  }
+}
+
+TEST_F(OutcomeEditor, savesEveryOtherValueWithAnEmptyNote) {
+  for (Value value : allGoalOutcomeValues) {
+    if (value == Value::somethingElse) continue;
+    calls_.log.clear();
+    Screen& screen = openFirst();
+    screen.select(picker, caseName(value));
+    ASSERT_TRUE(screen.isEnabled(save)) << caseName(value);
+    screen.press(save);
+    EXPECT_THAT(calls_.log, ElementsAre("record person \"p1\" " + std::string(caseName(value)) +
+                                        " note=nil corrects=nil"));
+  }
+}
+
+TEST_F(OutcomeEditor, followsPickerAndNoteWithSave) {
+  Screen& screen = openFirst();
+  screen.type(note, " ");
+  EXPECT_TRUE(screen.isEnabled(save));
+  screen.select(picker, "somethingElse");
+  EXPECT_FALSE(screen.isEnabled(save));
+  screen.type(note, " a");
+  EXPECT_TRUE(screen.isEnabled(save));
+  screen.type(note, "");
+  EXPECT_FALSE(screen.isEnabled(save));
+  screen.select(picker, "invited");
+  EXPECT_TRUE(screen.isEnabled(save));
+}
+
+TEST_F(OutcomeEditor, sendsTheWordsOfTheNoteAlone) {
+  Screen& screen = openFirst();
+  screen.type(note, "  met at  the\nfair \n");
+  screen.press(save);
+  EXPECT_THAT(calls_.log, ElementsAre("record person \"p1\" wasUseful "
+                                      "note=\"met at  the\nfair\" corrects=nil"));
+}
+
+TEST_F(OutcomeEditor, sendsANoteOfOnlyBlanksAsNone) {
+  Screen& screen = openFirst();
+  screen.type(note, "  \n \n");
+  screen.press(save);
+  EXPECT_THAT(calls_.log, ElementsAre("record person \"p1\" wasUseful note=nil corrects=nil"));
+}
+
+TEST_F(OutcomeEditor, keepsTheNoteAsTypedUntilItIsSent) {
+  Screen& screen = openFirst();
+  screen.type(note, "  met \n");
+  EXPECT_EQ(screen.get(note).element.text(), "  met \n");
+}
+
+TEST_F(OutcomeEditor, namesTheCorrectedOutcomeEvenWhenNothingWasChanged) {
+  openCorrection(Value::helped, "met").press(save);
+  EXPECT_THAT(calls_.log, ElementsAre("record person \"p1\" helped note=\"met\" corrects=\"o1\""));
+}
+
+TEST_F(OutcomeEditor, namesTheOutcomeInForceNotTheOneThatItCorrects) {
+  Screen& screen = openCorrection(Value::helped, "met");
+  screen.select(picker, "notAFit");
+  screen.type(note, "");
+  screen.press(save);
+  EXPECT_THAT(calls_.log, ElementsAre("record person \"p1\" notAFit note=nil corrects=\"o1\""));
+}
+
+TEST_F(OutcomeEditor, sendsNothingOnCancelAndForgetsTheEntry) {
+  Screen& screen = openFirst();
+  screen.select(picker, "somethingElse");
+  screen.type(note, "abandoned");
+  screen.press(cancel);
+  EXPECT_THAT(calls_.log, ElementsAre());
+  EXPECT_FALSE(screen.has(picker));
+  screen.press(prefix + ".outcome.start");
+  screen.press(save);
+  EXPECT_THAT(calls_.log, ElementsAre("record person \"p1\" wasUseful note=nil corrects=nil"));
+}
+
+TEST_F(OutcomeEditor, doesNothingOnReturn) {
+  Screen& screen = openFirst();
+  screen.type(note, "met");
+  const std::string before = screen.outline();
+  screen.submit(note);
+  EXPECT_EQ(screen.outline(), before);
+  EXPECT_THAT(calls_.log, ElementsAre());
+}
+
+TEST_F(OutcomeEditor, recordsOnceAndIsGoneAfterSave) {
+  Screen& screen = openFirst();
+  screen.press(save);
+  EXPECT_EQ(calls_.log.size(), 1u);
+  for (const std::string& id : {picker, note, save, cancel}) EXPECT_FALSE(screen.has(id)) << id;
+}
+
+TEST_F(OutcomeEditor, callsTheHostBeforeItCloses) {
+  std::string duringTheCall = "not called";
+  Screen* shown = nullptr;
+  GoalResultView view(GoalResultSnapshotV1(result_), {}, {}, {},
+                      [&](const GoalOutcomeRecordingInput&) { duringTheCall = shown->outline(); });
+  Screen screen(view);
+  shown = &screen;
+  screen.press(prefix + ".outcome.start");
+  screen.press(save);
+  EXPECT_THAT(duringTheCall, HasSubstr("state={isEditing=true"));
+  EXPECT_THAT(screen.outline(), HasSubstr("state={isEditing=false"));
+}
+
+}  // namespace
+}  // namespace vemra::screentest

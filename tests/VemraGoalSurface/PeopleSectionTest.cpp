@@ -1,0 +1,194 @@
+#include "tests/VemraGoalSurface/SampleScreen.hpp"
+#include "tests/VemraGoalSurface/Shape.hpp"
+
+#include <gmock/gmock.h>
+
+namespace vemra::screentest {
+namespace {
+
+using testing::button;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::Not;
+using testing::Screen;
+using ::testing::StartsWith;
+
+class PeopleSection : public ::testing::Test {
+ protected:
+  Screen screenOf(std::vector<GoalPersonCandidateDTO> people, std::int64_t evidenceCount = 1) {
+    result_.people = std::move(people);
+    result_.coverage.evidenceCount = evidenceCount;
+    return Screen(viewOf(result_, calls_));
+  }
+
+  Result result_ = ordinaryResult();
+  Calls calls_;
+};
+
+TEST_F(PeopleSection, saysNobodyWasFoundWhileThereIsNoEvidence) {
+  EXPECT_THAT(
+      peopleSection(screenOf({}, 0)),
+      ElementsAre("VStack leading 10", "  Text key \"People worth considering\" .font(headline)",
+                  "  Text \"No relevant people found yet.\" .foregroundStyle(secondary)"));
+}
+
+TEST_F(PeopleSection, saysNothingPointsToAPersonForAnyOtherCountNegativeOnesIncluded) {
+  for (std::int64_t count : {5, 1, -1, -3}) {
+    EXPECT_THAT(
+        peopleSection(screenOf({}, count)),
+        ElementsAre("VStack leading 10", "  Text key \"People worth considering\" .font(headline)",
+                    "  Text \"Nothing points to a specific person for this yet.\" "
+                    ".foregroundStyle(secondary)"))
+        << count;
+  }
+}
+
+TEST_F(PeopleSection, andTheFooterDisagreeOnNegativeCounts) {
+  const Screen screen = screenOf({}, -1);
+  EXPECT_TRUE(screen.has(testing::byText("Nothing points to a specific person for this yet.")));
+  EXPECT_TRUE(screen.has(testing::byText("No source evidence yet.")));
+}
+
+TEST_F(PeopleSection, showsARowAndNoGapWhateverTheCount) {
+  for (std::int64_t count : {0, 5, -1}) {
+    const Lines lines = peopleSection(screenOf({person("p1", "Ada")}, count));
+    ASSERT_GE(lines.size(), 4u);
+    EXPECT_EQ(lines[2], "  ForEach") << count;
+    EXPECT_EQ(lines[3], "    VStack leading 4 .padding(vertical 4)") << count;
+    EXPECT_THAT(lines, Not(Contains("  Text \"No relevant people found yet.\" "
+                                    ".foregroundStyle(secondary)")));
+  }
+}
+
+TEST_F(PeopleSection, showsEveryoneInTheEnginesOrder) {
+  const Screen screen =
+      screenOf({person("p3", "Cy"), person("p1", "Ada"), person("p2", "Bo"), person("p0", "Ada")});
+  Lines names;
+  for (const auto* node : nodesOf(screen, ui::ElementKind::button)) {
+    if (node->element.buttonStyle() == ui::ButtonStyle::plain) {
+      names.emplace_back(node->element.shownLabel());
+    }
+  }
+  EXPECT_THAT(names, ElementsAre("Cy", "Ada", "Bo", "Ada"));
+}
+
+TEST_F(PeopleSection, identifiesRowsByTheReferenceByteForByte) {
+  const Screen screen = screenOf({person("a.b c"), person(decomposed), person("")});
+  Lines ids;
+  for (ui::NodeID row : nodesOf(screen, ui::ElementKind::forEach).at(0)->children) {
+    ids.push_back(screen.graph().find(row)->rowID);
+  }
+  EXPECT_THAT(ids, ElementsAre("a.b c", decomposed, ""));
+}
+
+class PersonRow : public PeopleSection {
+ protected:
+  /// The row of the only person.
+  Lines rowOf(GoalPersonCandidateDTO person) {
+    const Screen screen = screenOf({std::move(person)});
+    const auto& forEach = *nodesOf(screen, ui::ElementKind::forEach).at(0);
+    return shape(screen, *screen.tree().find(forEach.children.at(0)));
+  }
+};
+
+TEST_F(PersonRow, hasNameReasonSourceAndControlInThisOrder) {
+  GoalPersonCandidateDTO ada = person("p1", "Ada", {"ev9", "ev2"});
+  ada.why = GoalWhyDTO::evidence("Email", "Asked about the launch", "mail-7");
+  EXPECT_THAT(rowOf(ada),
+              ElementsAre("VStack leading 4 .padding(vertical 4)",
+                          "  Button \"Ada\" .buttonStyle(plain) .font(body medium)",
+                          "  Text \"Email: Asked about the launch\" .font(subheadline) "
+                          ".foregroundStyle(secondary)",
+                          "  Button key \"Show source\" .font(caption) "
+                          ".accessibilityIdentifier(\"vemra.goal.person.p1.show-source\")",
+                          "  GoalOutcomeRecordingControl",
+                          "    Button key \"Record outcome\" .font(caption) "
+                          ".accessibilityIdentifier(\"vemra.goal.person.p1.outcome.start\")"));
+}
+
+TEST_F(PersonRow, hasThreeElementsWithoutEvidence) {
+  EXPECT_THAT(rowOf(person("p1", "Ada")),
+              ElementsAre("VStack leading 4 .padding(vertical 4)", StartsWith("  Button \"Ada\""),
+                          StartsWith("  Text "), "  GoalOutcomeRecordingControl",
+                          StartsWith("    Button key \"Record outcome\"")));
+}
+
+TEST_F(PersonRow, showsTheSourceButtonForAnEmptyEvidenceID) {
+  Screen screen = screenOf({person("p1", "Ada", {""})});
+  screen.press("vemra.goal.person.p1.show-source");
+  EXPECT_THAT(calls_.log, ElementsAre("evidence \"\""));
+}
+
+TEST_F(PersonRow, callsAPersonWithoutANameUnnamedPerson) {
+  Screen screen = screenOf({person("p1")});
+  EXPECT_EQ(around(screen, button("Unnamed person")).children.size(), 3u);
+  screen.press(button("Unnamed person"));
+  EXPECT_THAT(calls_.log, ElementsAre("open \"p1\""));
+}
+
+TEST_F(PersonRow, showsAnEmptyNameAsAnEmptyTitle) {
+  const Screen screen = screenOf({person("p1", "")});
+  EXPECT_TRUE(screen.has(button("")));
+  EXPECT_FALSE(screen.has(button("Unnamed person")));
+}
+
+TEST_F(PersonRow, opensThePersonByReferenceNeverByName) {
+  Screen screen = screenOf({person("p1", "Ada"), person("p2", "p1")});
+  screen.press(button("p1"));
+  screen.press(button("Ada"));
+  EXPECT_THAT(calls_.log, ElementsAre("open \"p2\"", "open \"p1\""));
+}
+
+TEST_F(PersonRow, showsTheStrongestPieceOfEvidence) {
+  Screen screen = screenOf({person("p1", "Ada", {"ev9", "ev1"})});
+  screen.press("vemra.goal.person.p1.show-source");
+  EXPECT_THAT(calls_.log, ElementsAre("evidence \"ev9\""));
+}
+
+TEST_F(PersonRow, givesTheNameButtonNoIdentifierAndTheSourceButtonTheDefaultStyle) {
+  const Screen screen = screenOf({person("p1", "Ada", {"ev9"})});
+  EXPECT_EQ(screen.get(button("Ada")).element.accessibilityIdentifier(), "");
+  EXPECT_EQ(screen.get(button("Show source")).element.buttonStyle(), ui::ButtonStyle::automatic);
+}
+
+TEST_F(PersonRow, putsTheReferenceIntoIdentifiersUnchanged) {
+  result_.outcomes = {outcome("o1", SubjectKind::person, "p1", Value::helped)};
+  for (const std::string& ref :
+       {std::string("a.b c"), decomposed, std::string("\"<&\n"), std::string(), std::string("💡")}) {
+    const Screen screen = screenOf({person(ref, "Ada", {"ev9"})});
+    EXPECT_TRUE(screen.has("vemra.goal.person." + ref + ".show-source")) << screen.outline();
+    EXPECT_TRUE(screen.has("vemra.goal.person." + ref + ".outcome.start")) << screen.outline();
+  }
+  EXPECT_TRUE(screenOf({person("p1")}).has("vemra.goal.person.p1.outcome.correct"));
+}
+
+TEST_F(PersonRow, tellsItsControlWhoItSpeaksFor) {
+  result_.outcomes = {outcome("o1", SubjectKind::person, "p1", Value::helped)};
+  const Screen screen = screenOf({person("p1", "Ada")});
+  EXPECT_THAT(
+      screen.outline(),
+      ::testing::HasSubstr("GoalOutcomeRecordingControl subjectKind=\"person\" subjectRef=\"p1\" "
+                           "effectiveOutcome=\"o1\" identifierPrefix=\"vemra.goal.person.p1\" "
+                           "state={isEditing=false selectedValue=\"wasUseful\" noteText=\"\"}"));
+}
+
+TEST_F(PersonRow, showsOutcomesOfItsKindOnly) {
+  result_.outcomes = {outcome("o1", SubjectKind::person, "p1", Value::helped),
+                      outcome("o2", SubjectKind::path, "p1", Value::invited)};
+  const Screen screen = screenOf({person("p1", "Ada")});
+  EXPECT_TRUE(screen.has(testing::byText("Helped")));
+  EXPECT_FALSE(screen.has(testing::byText("Invited")));
+}
+
+TEST_F(PersonRow, showsTheLatestOutcomeOfThatPersonOnly) {
+  result_.outcomes = {outcome("o1", SubjectKind::person, "p1", Value::helped),
+                      outcome("o2", SubjectKind::person, "p1", Value::introduced),
+                      outcome("o3", SubjectKind::person, "p2", Value::invited)};
+  const Screen screen = screenOf({person("p1", "Ada")});
+  EXPECT_TRUE(screen.has(testing::byText("Introduced")));
+  EXPECT_FALSE(screen.has(testing::byText("Helped")));
+  EXPECT_FALSE(screen.has(testing::byText("Invited")));
+}
+
+}  // namespace
+}  // namespace vemra::screentest

@@ -1,0 +1,67 @@
+#include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
+
+#include <type_traits>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace vemra {
+namespace {
+
+using Input = GoalOutcomeRecordingInput;
+constexpr GoalOutcomeSubjectKind person = GoalOutcomeSubjectKind::person;
+constexpr GoalOutcomeSubjectKind path = GoalOutcomeSubjectKind::path;
+constexpr GoalOutcomeValue helped = GoalOutcomeValue::helped;
+
+TEST(GoalOutcomeRecordingInput, storesTheFiveValuesAsGiven) {
+  const Input input{path, "  Rene\u0301 ", GoalOutcomeValue::somethingElse, " \n ", ""};
+  EXPECT_EQ(input.subjectKind, path);
+  EXPECT_EQ(input.subjectRef, "  Rene\u0301 ");
+  EXPECT_EQ(input.outcome, GoalOutcomeValue::somethingElse);
+  EXPECT_EQ(input.note, " \n ") << "nothing is trimmed here";
+  EXPECT_EQ(input.correctsOutcomeID, "");
+}
+
+TEST(GoalOutcomeRecordingInput, everyFieldTakesPartInEquality) {
+  const auto original = [] { return Input{person, "anna", helped, "thanks", "o-1"}; };
+  EXPECT_TRUE(original() == original());
+  const std::vector<Input> others = {
+      {path, "anna", helped, "thanks", "o-1"},
+      {person, "bo", helped, "thanks", "o-1"},
+      {person, std::nullopt, helped, "thanks", "o-1"},
+      {person, "anna", GoalOutcomeValue::introduced, "thanks", "o-1"},
+      {person, "anna", helped, "thanks!", "o-1"},
+      {person, "anna", helped, std::nullopt, "o-1"},
+      {person, "anna", helped, "thanks", "o-2"},
+      {person, "anna", helped, "thanks", std::nullopt},
+  };
+  for (std::size_t i = 0; i < others.size(); ++i) {
+    EXPECT_FALSE(original() == others[i]) << "change " << i;
+    EXPECT_FALSE(others[i] == original()) << "change " << i;
+  }
+}
+
+TEST(GoalOutcomeRecordingInput, anAbsentStringIsNotAnEmptyOne) {
+  EXPECT_FALSE(
+      (Input{person, "a", helped, std::nullopt, {}} == Input{person, "a", helped, "", {}}));
+  EXPECT_FALSE((Input{person, {}, helped, {}, {}} == Input{person, "", helped, {}, {}}));
+  EXPECT_FALSE((Input{person, {}, helped, {}, {}} == Input{person, {}, helped, {}, ""}));
+  EXPECT_TRUE((Input{person, {}, helped, {}, {}} == Input{person, {}, helped, {}, {}}));
+}
+
+TEST(GoalOutcomeRecordingInput, stringsAreComparedUnderCanonicalEquivalence) {
+  EXPECT_TRUE((Input{person, "\u00e9", helped, "\u00c5", "\uac00"} ==
+               Input{person, "e\u0301", helped, "A\u030a", "\u1100\u1161"}));
+}
+
+TEST(GoalOutcomeRecordingInput, canBeKeptButNotChanged) {
+  static_assert(std::is_copy_constructible_v<Input>);
+  static_assert(!std::is_copy_assignable_v<Input> && !std::is_move_assignable_v<Input>);
+  const Input input{person, "anna", helped, {}, {}};
+  std::vector<Input> kept{input};
+  kept.push_back(input);
+  EXPECT_TRUE(kept[0] == kept[1]);
+}
+
+}  // namespace
+}  // namespace vemra

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <string>
+
+namespace vemra::desk {
+
+/// A connection past the store's own code: another program with the same file open.
+class RawDatabase {
+ public:
+  explicit RawDatabase(const std::string& file) {
+    EXPECT_EQ(sqlite3_open(file.c_str(), &connection_), SQLITE_OK) << file;
+  }
+  RawDatabase(const RawDatabase&) = delete;
+  RawDatabase& operator=(const RawDatabase&) = delete;
+  ~RawDatabase() { sqlite3_close(connection_); }
+
+  /// The error message, "" when all went well.
+  std::string run(const std::string& sql) {
+    char* message = nullptr;
+    sqlite3_exec(connection_, sql.c_str(), nullptr, nullptr, &message);
+    const std::string text = message != nullptr ? message : "";
+    sqlite3_free(message);
+    return text;
+  }
+
+  /// The first column of the first row, as text.
+  std::string value(const std::string& sql) {
+    std::string value;
+    const auto keep = [](void* context, int, char** columns, char**) {
+      *static_cast<std::string*>(context) = columns[0] != nullptr ? columns[0] : "NULL";
+      return 0;
+    };
+    EXPECT_EQ(sqlite3_exec(connection_, sql.c_str(), keep, &value, nullptr), SQLITE_OK) << sql;
+    return value;
+  }
+
+ private:
+  sqlite3* connection_ = nullptr;
+};
+
+}  // namespace vemra::desk

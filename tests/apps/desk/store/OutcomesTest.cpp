@@ -1,0 +1,109 @@
+#include "VemraPlatform/date/InternetDateTime.hpp"
+#include "apps/desk/store/GoalStore.hpp"
+#include "apps/desk/store/StoreError.hpp"
+#include "tests/apps/desk/RawDatabase.hpp"
+#include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/TemporaryFolder.hpp"
+
+#include <ctime>
+#include <gtest/gtest.h>
+#include <set>
+
+namespace vemra::desk {
+namespace {
+
+class OutcomesTest : public testing::Test {
+ protected:
+  OutcomesTest() { store.import({goal("g1", "t")}); }
+
+  TemporaryFolder folder;
+  std::string file = folder.file("goals.sqlite");
+  GoalStore store = GoalStore::open(file);
+};
+
+TEST_F(OutcomesTest, ARecordHoldsWhatTheScreenHandedOut) {
+  const auto returned = store.record(
+      "g1", {GoalOutcomeSubjectKind::path, "p9", GoalOutcomeValue::introduced, "a\n\"b\"", "o7"});
+  const auto recorded = store.outcomes("g1");
+  ASSERT_EQ(recorded.size(), 1u);
+  EXPECT_EQ(recorded[0], returned);
+  EXPECT_EQ(recorded[0].goalID, "g1");
+  EXPECT_EQ(recorded[0].subjectKind, GoalOutcomeSubjectKind::path);
+  EXPECT_EQ(recorded[0].subjectRef, "p9");
+  EXPECT_EQ(recorded[0].value, GoalOutcomeValue::introduced);
+  EXPECT_EQ(recorded[0].note, "a\n\"b\"");
+  EXPECT_EQ(recorded[0].correctsOutcomeID, "o7");
+  ASSERT_TRUE(recorded[0].recordedAt);
+  const auto instant = date::parseInternetDateTime(*recorded[0].recordedAt);
+  ASSERT_TRUE(instant) << *recorded[0].recordedAt;
+  EXPECT_NEAR(static_cast<double>(instant->secondsSinceEpoch),
+              static_cast<double>(std::time(nullptr)), 5);
+}
+
+TEST_F(OutcomesTest, KeepsNilNil) {
+  store.record("g1", {GoalOutcomeSubjectKind::path, {}, GoalOutcomeValue::helped, {}, {}});
+  const auto recorded = store.outcomes("g1")[0];
+  EXPECT_FALSE(recorded.subjectRef || recorded.note || recorded.correctsOutcomeID);
+}
+
+TEST_F(OutcomesTest, EveryKindAndValueCanBeRecorded) {
+  for (const auto kind : {GoalOutcomeSubjectKind::person, GoalOutcomeSubjectKind::path}) {
+    for (const auto value : allGoalOutcomeValues) store.record("g1", {kind, "p", value, {}, {}});
+  }
+  const auto recorded = store.outcomes("g1");
+  ASSERT_EQ(recorded.size(), 16u);
+  for (std::size_t i = 0; i < 16; ++i) EXPECT_EQ(recorded[i].value, allGoalOutcomeValues[i % 8]);
+}
+
+TEST_F(OutcomesTest, ComeInTheOrderOfRecordingUnderIdsOfTheirOwn) {
+  std::vector<std::string> ids;
+  for (int i = 0; i < 200; ++i) {
+    ids.push_back(store
+                      .record("g1", {GoalOutcomeSubjectKind::person, "p1",
+                                     GoalOutcomeValue::helped, std::to_string(i), {}})
+                      .id);
+  }
+  EXPECT_EQ(std::set<std::string>(ids.begin(), ids.end()).size(), 200u);
+  const auto recorded = store.outcomes("g1");
+  ASSERT_EQ(recorded.size(), 200u);
+  for (std::size_t i = 0; i < 200; ++i) EXPECT_EQ(recorded[i].note, std::to_string(i));
+}
+
+TEST_F(OutcomesTest, OfAGoalThatIsNotThereAreAnError) {
+  EXPECT_THROW(store.outcomes("nope"), UnknownGoal);
+  EXPECT_THROW(store.result("nope"), UnknownGoal);
+  EXPECT_THROW(
+      store.record("nope", {GoalOutcomeSubjectKind::person, "p", GoalOutcomeValue::helped, {}, {}}),
+      UnknownGoal);
+}
+
+// The database itself keeps what was recorded, whoever writes.
+TEST_F(OutcomesTest, CannotBeRewrittenRemovedOrReplaced) {
+  store.import({goal("g1", "t", {outcome("o1", "p1", GoalOutcomeValue::helped)})});
+  RawDatabase other(file);
+  EXPECT_NE(other.run("UPDATE outcomes SET note = 'changed'"), "");
+  EXPECT_NE(other.run("UPDATE outcomes SET value = 'helped' WHERE id = 'o1'"), "");
+  EXPECT_NE(other.run("DELETE FROM outcomes"), "");
+  EXPECT_NE(other.run("INSERT OR REPLACE INTO outcomes SELECT number, goal, id, goal_id, "
+                      "subject_kind, subject_ref, 'invited', note, recorded_at, recorded_by, "
+                      "corrects_outcome_id FROM outcomes"),
+            "");
+  EXPECT_NE(other.run("PRAGMA foreign_keys = ON; DELETE FROM goals"), "");
+  const auto recorded = store.outcomes("g1");
+  ASSERT_EQ(recorded.size(), 1u);
+  EXPECT_EQ(recorded[0], outcome("o1", "p1", GoalOutcomeValue::helped));
+}
+
+TEST_F(OutcomesTest, OfAnUnknownKindOrValueAreRefusedByTheTables) {
+  RawDatabase other(file);
+  const std::string insert = "INSERT INTO outcomes (goal, id, goal_id, subject_kind, value) ";
+  EXPECT_NE(other.run(insert + "VALUES (1, 'o', '', 'dog', 'helped')"), "");
+  EXPECT_NE(other.run(insert + "VALUES (1, 'o', '', 'person', 'barked')"), "");
+  EXPECT_NE(other.run("PRAGMA foreign_keys = ON; " + insert +
+                      "VALUES (99, 'o', '', 'person', 'helped')"),
+            "");
+  EXPECT_EQ(other.run(insert + "VALUES (1, 'o', '', 'person', 'helped')"), "");
+}
+
+}  // namespace
+}  // namespace vemra::desk

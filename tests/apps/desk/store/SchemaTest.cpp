@@ -1,0 +1,153 @@
+#include "apps/desk/store/GoalStore.hpp"
+#include "apps/desk/store/StoreError.hpp"
+#include "tests/apps/desk/RawDatabase.hpp"
+#include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/TemporaryFolder.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace vemra::desk {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+std::string errorOf(const std::function<void()>& act) {
+  try {
+    act();
+  } catch (const StoreError& error) {
+    return error.what();
+  }
+  return "no error";
+}
+
+std::string errorOfOpening(const std::string& file) {
+  const std::string writing = errorOf([&] { GoalStore::open(file); });
+  const std::string reading = errorOf([&] { GoalStore::openExisting(file); });
+  EXPECT_EQ(writing, reading);
+  return writing;
+}
+
+TEST(Schema, AStoreCarriesItsMarksAndUsesAWriteAheadLog) {
+  const TemporaryFolder folder;
+  const std::string file = folder.file("goals.sqlite");
+  GoalStore store = GoalStore::open(file);
+  EXPECT_THAT(folder.read("goals.sqlite"), StartsWith("SQLite format 3"));
+  RawDatabase raw(file);
+  EXPECT_EQ(raw.value("PRAGMA user_version"), "1");
+  EXPECT_EQ(raw.value("PRAGMA application_id"), std::to_string(0x566D446B));
+  EXPECT_EQ(raw.value("PRAGMA journal_mode"), "wal");
+  EXPECT_EQ(raw.value("PRAGMA integrity_check"), "ok");
+  EXPECT_EQ(raw.value("SELECT count(*) FROM pragma_table_list "
+                      "WHERE type = 'table' AND name NOT LIKE 'sqlite_%' AND NOT strict"),
+            "0");
+}
+
+TEST(Schema, ANewFileIsForItsOwnerAlone) {
+  const TemporaryFolder folder;
+  const std::string file = folder.file("goals.sqlite");
+  GoalStore store = GoalStore::open(file);
+  store.import({goal("g", "t")});
+  for (const char* suffix : {"", "-wal", "-shm"}) {
+    struct stat status {};
+    ASSERT_EQ(::stat((file + suffix).c_str(), &status), 0) << suffix;
+    EXPECT_EQ(status.st_mode & 0777, 0600u) << suffix;
+  }
+}
+
+TEST(Schema, AnEmptyFileIsANewStore) {
+  const TemporaryFolder folder;
+  const std::string file = folder.write("empty", "");
+  EXPECT_FALSE(GoalStore::openExisting(file));
+  EXPECT_EQ(folder.read("empty"), "") << "reading must not write";
+  GoalStore::open(file).import({goal("g", "t")});
+  EXPECT_EQ(GoalStore::openExisting(file)->goals().size(), 1u);
+}
+
+TEST(Schema, ReadingWhatIsNotThereMakesNothing) {
+  const TemporaryFolder folder;
+  EXPECT_FALSE(GoalStore::openExisting(folder.file("new")));
+  EXPECT_FALSE(std::filesystem::exists(folder.file("new")));
+}
+
+TEST(Schema, ANewerVersionIsRefusedUntouched) {
+  const TemporaryFolder folder;
+  const std::string file = folder.file("goals.sqlite");
+  GoalStore::open(file).import({goal("g", "t")});
+  RawDatabase(file).run("PRAGMA user_version = 2");
+  const std::string before = folder.read("goals.sqlite");
+  EXPECT_EQ(errorOfOpening(file), file + ": was written by a newer vemra-desk: its version is 2, "
+                                         "this one knows 1");
+  EXPECT_EQ(folder.read("goals.sqlite"), before);
+}
+
+TEST(Schema, AnotherProgramsDatabaseIsRefusedUntouched) {
+  const TemporaryFolder folder;
+  const std::string file = folder.file("other.sqlite");
+  RawDatabase(file).run("CREATE TABLE recipes (name)");
+  const std::string before = folder.read("other.sqlite");
+  EXPECT_EQ(errorOfOpening(file), file + ": is an SQLite database, but not a store of goals");
+  EXPECT_EQ(folder.read("other.sqlite"), before);
+
+  const std::string marked = folder.file("marked.sqlite");
+  RawDatabase(marked).run("PRAGMA application_id = 77; PRAGMA user_version = 1");
+  EXPECT_EQ(errorOfOpening(marked), marked + ": is an SQLite database, but not a store of goals");
+}
+
+TEST(Schema, AFileThatIsNoDatabaseIsRefusedUntouched) {
+  const TemporaryFolder folder;
+  for (const std::string& bytes :
+       {std::string("hello"), std::string(100'000, 'x'), std::string("SQLite format 3\0", 16),
+        std::string(4096, '\0')}) {
+    const std::string file = folder.write("letter.txt", bytes);
+    EXPECT_EQ(errorOfOpening(file), file + ": is not an SQLite database");
+    EXPECT_EQ(folder.read("letter.txt"), bytes);
+  }
+}
+
+TEST(Schema, ADamagedStoreIsAnErrorNotACrash) {
+  const TemporaryFolder folder;
+  const std::string file = folder.file("goals.sqlite");
+  auto big = goal("g", "t");
+  std::vector<GoalPersonCandidateDTO> people(2000, big.people[0]);
+  big.people = people;
+  GoalStore::open(file).import({big});
+  std::string bytes = folder.read("goals.sqlite");
+  ASSERT_GT(bytes.size(), 40u * 4096u);
+  for (std::size_t i = 3 * 4096; i < bytes.size(); ++i) bytes[i] = static_cast<char>(i * 7919);
+  folder.write("goals.sqlite", bytes);
+  EXPECT_THAT(errorOf([&] { GoalStore::open(file).result("g"); }), StartsWith(file + ": "));
+}
+
+TEST(Schema, PlacesThatCannotHoldAStoreAreRefused) {
+  const TemporaryFolder folder;
+  const std::string missing = folder.file("no/such/folder/goals.sqlite");
+  EXPECT_THAT(errorOf([&] { GoalStore::open(missing); }),
+              testing::AllOf(StartsWith(missing + ": "), HasSubstr("No such file or directory")));
+  EXPECT_THAT(errorOf([&] { GoalStore::openExisting(missing); }),
+              testing::AllOf(StartsWith(missing + ": "), HasSubstr("No such file or directory")));
+  EXPECT_EQ(errorOfOpening(folder.path().string()),
+            folder.path().string() + ": cannot be opened: not a file");
+  const std::string pipe = folder.file("pipe");
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_EQ(errorOfOpening(pipe), pipe + ": cannot be opened: not a file");
+  EXPECT_EQ(errorOfOpening(""), "\"\": is not the name of a file");
+}
+
+// SQLite has a meaning of its own for these; to a user they are files.
+TEST(Schema, SpecialNamesAreFiles) {
+  const TemporaryFolder folder;
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(folder.path());
+  for (const char* name : {":memory:", "file:x?mode=memory", "with space ' \" é"}) {
+    GoalStore::open(name).import({goal("g", name)});
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / name)) << name;
+    EXPECT_EQ(GoalStore::open(name).goals()[0].title, name);
+  }
+  std::filesystem::current_path(before);
+}
+
+}  // namespace
+}  // namespace vemra::desk

@@ -1,0 +1,103 @@
+#include "VemraGoalSurface/model/GoalResultProjectionReader.hpp"
+#include "VemraPlatform/task/Start.hpp"
+#include "apps/desk/store/StoreEngine.hpp"
+#include "apps/desk/store/StoreError.hpp"
+#include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/TemporaryFolder.hpp"
+
+#include <atomic>
+#include <future>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace vemra::desk {
+namespace {
+
+class StoreEngineTest : public testing::Test {
+ protected:
+  StoreEngineTest() {
+    GoalStore::open(file).import({goal("g1", "One"), goal("g2", "Two")});
+  }
+
+  TemporaryFolder folder;
+  std::string file = folder.file("goals.sqlite");
+  std::shared_ptr<StoreEngine> engine = std::make_shared<StoreEngine>(file);
+};
+
+TEST_F(StoreEngineTest, AnswersWithTheStoresResult) {
+  EXPECT_EQ(task::wait(engine->getGoalSnapshot("g1")), GoalStore::open(file).result("g1"));
+}
+
+TEST_F(StoreEngineTest, AnswersOnAThreadOfItsOwn) {
+  std::set<std::thread::id> threads;
+  for (int i = 0; i < 5; ++i) {
+    std::promise<std::thread::id> ended;
+    task::start(GoalResultProjectionReader::makeSnapshot(engine, "g1"),
+                [&](task::Result<GoalResultSnapshotV1>) {
+                  ended.set_value(std::this_thread::get_id());
+                });
+    threads.insert(ended.get_future().get());
+  }
+  EXPECT_EQ(threads.size(), 1u);
+  EXPECT_FALSE(threads.contains(std::this_thread::get_id()));
+}
+
+TEST_F(StoreEngineTest, IsLazy) {
+  { auto never = engine->record("g1", {GoalOutcomeSubjectKind::path, {}, {}, {}, {}}); }
+  EXPECT_TRUE(task::wait(engine->getGoalSnapshot("g1")).outcomes.empty());
+}
+
+TEST_F(StoreEngineTest, ThrowsWhatTheStoreThrows) {
+  EXPECT_THROW(task::wait(engine->getGoalSnapshot("nope")), UnknownGoal);
+  EXPECT_EQ(task::wait(engine->getGoalSnapshot("g2")).goal.title, "Two");
+}
+
+TEST_F(StoreEngineTest, TriesAgainAfterAStoreThatCouldNotBeOpened) {
+  const std::string later = folder.file("later/goals.sqlite");
+  StoreEngine waiting(later);
+  EXPECT_THROW(task::wait(waiting.goals()), StoreError);
+  std::filesystem::create_directory(folder.path() / "later");
+  EXPECT_TRUE(task::wait(waiting.goals()).empty());
+}
+
+TEST_F(StoreEngineTest, CarriesOutInTheOrderOfStarting) {
+  std::vector<std::string> order;
+  for (int i = 0; i < 50; ++i) {
+    task::start(engine->record("g1", {GoalOutcomeSubjectKind::person, "p1",
+                                      GoalOutcomeValue::helped, std::to_string(i), {}}),
+                [&](task::Result<GoalOutcomeDTO> result) {
+                  order.push_back(*std::move(result).take().note);
+                });
+  }
+  engine->finish();
+  ASSERT_EQ(order.size(), 50u);
+  for (std::size_t i = 0; i < 50; ++i) EXPECT_EQ(order[i], std::to_string(i));
+  const auto outcomes = task::wait(engine->getGoalSnapshot("g1")).outcomes;
+  for (std::size_t i = 0; i < 50; ++i) EXPECT_EQ(outcomes[i].note, std::to_string(i));
+}
+
+TEST_F(StoreEngineTest, MayGoWhileATaskRuns) {
+  for (int i = 0; i < 50; ++i) {
+    std::promise<std::string> title;
+    auto shortLived = std::make_shared<StoreEngine>(file);
+    task::start(GoalResultProjectionReader::makeSnapshot(shortLived, "g2"),
+                [&](task::Result<GoalResultSnapshotV1> result) {
+                  title.set_value(std::move(result).take().goal().title);
+                });
+    shortLived.reset();  // the task may be the last owner, and end on the engine's thread
+    EXPECT_EQ(title.get_future().get(), "Two");
+  }
+}
+
+TEST_F(StoreEngineTest, NoticesWhatOthersChangeAndNotItsOwn) {
+  const auto version = [&] { return task::wait(engine->version()); };
+  const auto first = version();
+  EXPECT_EQ(version(), first);
+  task::wait(engine->record("g1", {GoalOutcomeSubjectKind::path, {}, {}, {}, {}}));
+  EXPECT_EQ(version(), first);
+  GoalStore::open(file).import({goal("g1", "Changed elsewhere")});
+  EXPECT_NE(version(), first);
+}
+
+}  // namespace
+}  // namespace vemra::desk

@@ -1,0 +1,78 @@
+#include "apps/inspect/Options.hpp"
+
+#include <gtest/gtest.h>
+
+namespace vemra::inspect {
+namespace {
+
+std::variant<Options, Farewell> read(std::vector<const char*> arguments,
+                                     Pictures pictures = Pictures::drawn) {
+  arguments.insert(arguments.begin(), "vemra-inspect");
+  return readOptions(static_cast<int>(arguments.size()), arguments.data(), pictures);
+}
+
+TEST(OptionsTest, takesOptionsBeforeAndAfterTheFile) {
+  for (const auto& arguments : std::vector<std::vector<const char*>>{
+           {"--trace", "--outline", "--png", "p.png", "case.json"},
+           {"case.json", "--png", "p.png", "--outline", "--trace"},
+           {"--png=p.png", "case.json", "--trace", "--outline"}}) {
+    const auto options = std::get<Options>(read(arguments));
+    EXPECT_EQ(options.file, "case.json");
+    EXPECT_TRUE(options.trace);
+    EXPECT_TRUE(options.outline);
+    EXPECT_EQ(options.png, "p.png");
+  }
+}
+
+TEST(OptionsTest, isPlainWithoutOptions) {
+  const auto options = std::get<Options>(read({"-"}));
+  EXPECT_EQ(options.file, "-");
+  EXPECT_FALSE(options.trace);
+  EXPECT_FALSE(options.outline);
+  EXPECT_EQ(options.png, std::nullopt);
+}
+
+TEST(OptionsTest, takesDashAmongOptions) {
+  EXPECT_EQ(std::get<Options>(read({"--trace", "-", "--outline"})).file, "-");
+  EXPECT_EQ(std::get<Options>(read({"-", "--trace"})).file, "-");
+}
+
+TEST(OptionsTest, takesAFileThatLooksLikeAnOptionBehindTwoDashes) {
+  EXPECT_EQ(std::get<Options>(read({"--", "--trace"})).file, "--trace");
+}
+
+TEST(OptionsTest, refusesOtherCommandLines) {
+  for (const auto& arguments : std::vector<std::vector<const char*>>{{},
+                                                                     {"--trace"},
+                                                                     {"a.json", "b.json"},
+                                                                     {"-", "-"},
+                                                                     {"a.json", "--png"},
+                                                                     {"a.json", "--colour"},
+                                                                     {"a.json", "-x"},
+                                                                     {"a.json", "--trace=maybe"}}) {
+    const auto answer = read(arguments);
+    ASSERT_TRUE(std::holds_alternative<Farewell>(answer)) << testing::PrintToString(arguments);
+    const auto& farewell = std::get<Farewell>(answer);
+    EXPECT_EQ(farewell.exitCode, 2);
+    EXPECT_EQ(farewell.output, "");
+    EXPECT_NE(farewell.diagnostic, "");
+  }
+}
+
+TEST(OptionsTest, helps) {
+  const auto farewell = std::get<Farewell>(read({"--help"}));
+  EXPECT_EQ(farewell.exitCode, 0);
+  EXPECT_EQ(farewell.diagnostic, "");
+  for (const char* part : {"vemra-inspect", "CASE", "--trace", "--outline", "--png"}) {
+    EXPECT_NE(farewell.output.find(part), std::string::npos) << farewell.output;
+  }
+}
+
+TEST(OptionsTest, refusesAPictureThatCannotBeDrawn) {
+  const auto farewell = std::get<Farewell>(read({"a.json", "--png", "p.png"}, Pictures::notDrawn));
+  EXPECT_EQ(farewell.exitCode, 2);
+  EXPECT_NE(farewell.diagnostic.find("draws no pictures"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace vemra::inspect

@@ -1,0 +1,297 @@
+#include "CaseText.hpp"
+#include "Ran.hpp"
+
+#include <csignal>
+
+namespace vemra::inspect {
+namespace {
+
+using nlohmann::ordered_json;
+
+const std::string onPerson = "vemra.goal.person.p1.outcome.";
+
+std::string press(const std::string& identifier) {
+  return R"({"press": ")" + identifier + "\"}";
+}
+
+TEST_F(ProgramTest, writesOneDocument) {
+  const ordered_json document = inspect(withSteps(oneOfEach, ""));
+  ASSERT_EQ(document.size(), 3U);
+  EXPECT_EQ(document["steps"], ordered_json::array());
+  EXPECT_EQ(document["calls"], ordered_json::array());
+  EXPECT_EQ(document["tree"]["element"], "ScrollView");
+  std::vector<std::string> keys;
+  for (const auto& entry : document.items()) keys.push_back(entry.key());
+  EXPECT_EQ(keys, (std::vector<std::string>{"steps", "calls", "tree"}));
+}
+
+TEST_F(ProgramTest, writesWhatTheScreenAsksOfItsHost) {
+  const Ran ran = run("-", withSteps(oneOfEach, R"({"press": {"title": "Ada"}},
+      {"press": "vemra.goal.person.p1.show-source"}, {"press": "vemra.goal.path.see-in-starfold"},)" +
+                                                    press(onPerson + "correct") + R"(,
+      {"select": "vemra.goal.person.p1.outcome.picker", "value": "somethingElse"},
+      {"type": "vemra.goal.person.p1.outcome.note", "text": " met at the fair\n"},
+      {"submit": "vemra.goal.person.p1.outcome.note"},)" +
+                                                    press(onPerson + "save")));
+  EXPECT_EQ(ran.exitCode, 0) << ran.diagnostics;
+  const ordered_json document = ran.json();
+  for (const auto& step : document["steps"]) EXPECT_EQ(step.dump(), R"({"ok":true})");
+  EXPECT_EQ(document["steps"].size(), 8U);
+  EXPECT_EQ(document["calls"].dump(1), ordered_json::parse(R"json([
+    {"callback": "onOpenPerson", "argument": "p1"},
+    {"callback": "onShowEvidence", "argument": "ev9"},
+    {"callback": "onFocusPathInStarfold",
+     "argument": {"personRefs": ["p1", "p9"], "why": {"kind": "nameMatch"}}},
+    {"callback": "onRecordOutcome",
+     "argument": {"subjectKind": "person", "subjectRef": "p1", "outcome": "somethingElse",
+                  "note": "met at the fair", "correctsOutcomeID": "o1"}}
+  ])json")
+                                           .dump(1));
+}
+
+TEST_F(ProgramTest, writesNilsOfARecordingAsNull) {
+  std::string result = oneOfEach;
+  result.replace(result.find(R"(["p1", "p9"])"), 12, "[]");
+  const auto document = inspect(withSteps(result, press("vemra.goal.path.outcome.start") + "," +
+                                                      press("vemra.goal.path.outcome.save")));
+  EXPECT_EQ(document["calls"][0]["argument"].dump(),
+            R"({"subjectKind":"path","subjectRef":null,"outcome":"wasUseful","note":null,)"
+            R"("correctsOutcomeID":null})");
+}
+
+TEST_F(ProgramTest, writesAnEngineFieldOfThePathOnlyWhenItIsSet) {
+  std::string result = oneOfEach;
+  result.replace(result.find(R"("why": {"kind": "nameMatch"})"), 28,
+                 R"("strength": -7, "why": {"kind": "nameMatch"})");
+  const auto document = inspect(withSteps(result, press("vemra.goal.path.see-in-starfold")));
+  EXPECT_EQ(document["calls"][0]["argument"].dump(),
+            R"({"personRefs":["p1","p9"],"why":{"kind":"nameMatch"},"strength":-7})");
+}
+
+TEST_F(ProgramTest, reportsAStepThatCannotBeCarriedOutAndGoesOn) {
+  const Ran ran = run(
+      "-", withSteps(oneOfEach, press("x") + "," + press(onPerson + "correct") + R"(,
+      {"select": "vemra.goal.person.p1.outcome.picker", "value": "somethingElse"},
+      {"type": "vemra.goal.person.p1.outcome.note", "text": "  "},)" +
+                                    press(onPerson + "save") + "," + press(onPerson + "note") + R"(,
+      {"type": "vemra.goal.person.p1.outcome.picker", "text": "a"},
+      {"select": "vemra.goal.person.p1.outcome.note", "value": "helped"},
+      {"submit": "vemra.goal.person.p1.outcome.save"},
+      {"press": {"title": "Ada", "index": 1}}, {"press": {"title": "ada"}},
+      {"press": {"title": "Find a design lead"}},
+      {"press": {"title": "Ada"}})"));
+  EXPECT_EQ(ran.exitCode, 1);
+  EXPECT_EQ(ran.diagnostics, "");
+  const ordered_json document = ran.json();
+  const auto& steps = document["steps"];
+  ASSERT_EQ(steps.size(), 13U);
+  EXPECT_EQ(steps[0].dump(), R"({"error":"no element with identifier \"x\""})");
+  for (std::size_t ok : {1U, 2U, 3U, 12U}) EXPECT_EQ(steps[ok].dump(), R"({"ok":true})") << ok;
+  EXPECT_EQ(steps[4]["error"],
+            "element with identifier \"vemra.goal.person.p1.outcome.save\" is disabled");
+  for (std::size_t failed : {5U, 6U, 7U, 8U, 9U, 10U, 11U}) {
+    EXPECT_TRUE(steps[failed].contains("error")) << failed;
+    EXPECT_EQ(steps[failed].size(), 1U) << failed;
+  }
+  EXPECT_EQ(document["calls"].size(), 1U) << "only the last press reached the host";
+  EXPECT_NE(document["tree"].dump().find(R"("noteText":"  ")"), std::string::npos)
+      << "a step that fails changes nothing";
+}
+
+TEST_F(ProgramTest, countsDisabledButtonsAmongThoseOfATitle) {
+  const std::string two = R"json({"goal": {"id": "g", "title": ""}, "people": [
+      {"personRef": "p1", "why": {"kind": "generic"}}, {"personRef": "p2", "why": {"kind": "generic"}}
+    ], "paths": [], "group": [], "coverage": {"sources": [], "evidenceCount": 1}, "outcomes": []})json";
+  const Ran ran = run("-", withSteps(two, press("vemra.goal.person.p1.outcome.start") + "," +
+                                              press("vemra.goal.person.p2.outcome.start") + R"(,
+      {"select": "vemra.goal.person.p1.outcome.picker", "value": "somethingElse"},
+      {"press": {"title": "Save", "index": 0}}, {"press": {"title": "Save", "index": 1}})"));
+  EXPECT_EQ(ran.exitCode, 1);
+  const auto document = ran.json();
+  EXPECT_TRUE(document["steps"][3].contains("error")) << "the first is disabled, not skipped";
+  EXPECT_TRUE(document["steps"][4].contains("ok"));
+  ASSERT_EQ(document["calls"].size(), 1U);
+  EXPECT_EQ(document["calls"][0]["argument"]["subjectRef"], "p2");
+}
+
+TEST_F(ProgramTest, takesAButtonsShownTitle) {
+  const std::string more = R"(, "strings": {"Show source": "Quelle zeigen"}, "steps": [)";
+  EXPECT_EQ(
+      run("-", caseOf(oneOfEach, more + R"({"press": {"title": "Quelle zeigen"}}])")).exitCode, 0);
+  EXPECT_EQ(run("-", caseOf(oneOfEach, more + R"({"press": {"title": "Show source"}}])")).exitCode,
+            1);
+}
+
+TEST_F(ProgramTest, meansTheFirstOfTwoElementsWithOneIdentifier) {
+  const std::string two = R"json({"goal": {"id": "g", "title": ""}, "people": [
+      {"personRef": "p1", "why": {"kind": "generic"}, "evidenceIDs": ["first"]},
+      {"personRef": "p1", "why": {"kind": "generic"}, "evidenceIDs": ["second"]}
+    ], "paths": [], "group": [], "coverage": {"sources": [], "evidenceCount": 1}, "outcomes": []})json";
+  const auto document = inspect(withSteps(two, press("vemra.goal.person.p1.show-source")));
+  EXPECT_EQ(document["calls"].dump(), R"([{"callback":"onShowEvidence","argument":"first"}])");
+}
+
+TEST_F(ProgramTest, matchesIdentifiersAndTitlesByteForByte) {
+  const std::string accented = R"json({"goal": {"id": "g", "title": ""}, "people": [
+      {"personRef": "\u00e9", "displayName": "\u00e9", "why": {"kind": "generic"}, "evidenceIDs": ["e"]}
+    ], "paths": [], "group": [], "coverage": {"sources": [], "evidenceCount": 1}, "outcomes": []})json";
+  const Ran ran = run("-", withSteps(accented, R"({"press": "vemra.goal.person.\u00e9.show-source"},
+      {"press": "vemra.goal.person.e\u0301.show-source"}, {"press": {"title": "\u00e9"}},
+      {"press": {"title": "e\u0301"}})"));
+  EXPECT_EQ(ran.exitCode, 1);
+  const auto steps = ran.json()["steps"];
+  EXPECT_TRUE(steps[0].contains("ok"));
+  EXPECT_TRUE(steps[1].contains("error"));
+  EXPECT_TRUE(steps[2].contains("ok"));
+  EXPECT_TRUE(steps[3].contains("error"));
+}
+
+TEST_F(ProgramTest, takesANewResultFromTheHost) {
+  std::string later = oneOfEach;
+  later.replace(later.find("\"o1\""), 4, "\"o2\"");
+  const auto document = inspect(withSteps(oneOfEach, press(onPerson + "correct") + R"(,
+        {"type": "vemra.goal.person.p1.outcome.note", "text": "typed"},
+        {"result": )" + later + "}," + press(onPerson + "save") +
+                                                         R"(, {"result": )" + nothing + "}"));
+  EXPECT_EQ(document["calls"][0]["argument"]["note"], "typed") << "the open editor stays";
+  EXPECT_EQ(document["calls"][0]["argument"]["correctsOutcomeID"], "o2") << "the new record";
+  EXPECT_NE(document["tree"].dump().find("No relevant people found yet."), std::string::npos);
+}
+
+TEST_F(ProgramTest, keepsLineBreaksThatAreTyped) {
+  const auto document = inspect(withSteps(oneOfEach, press(onPerson + "correct") + R"(,
+        {"type": "vemra.goal.person.p1.outcome.note", "text": "one\ntwo\r\n\u2028three"},)" +
+                                                         press(onPerson + "save")));
+  EXPECT_EQ(document["calls"][0]["argument"]["note"], "one\ntwo\r\n\u2028three");
+}
+
+TEST_F(ProgramTest, tracesTheTreeAfterEachStep) {
+  const std::string text = withSteps(
+      oneOfEach, press(onPerson + "correct") + "," + press("x") + "," + press(onPerson + "cancel"));
+  for (const char* arguments : {"--trace -", "- --trace"}) {
+    const Ran ran = run(arguments, text);
+    EXPECT_EQ(ran.exitCode, 1);
+    const auto document = ran.json();
+    const auto& steps = document["steps"];
+    ASSERT_EQ(steps.size(), 3U);
+    const auto isEditing = [](const ordered_json& tree) {
+      return tree.dump().find(R"("isEditing":true)") != std::string::npos;
+    };
+    EXPECT_TRUE(isEditing(steps[0]["tree"]));
+    EXPECT_TRUE(isEditing(steps[1]["tree"])) << "a step that failed is traced too";
+    EXPECT_EQ(steps[2]["tree"], document["tree"]);
+    EXPECT_FALSE(isEditing(document["tree"]));
+  }
+  for (const auto& step : run("-", text).json()["steps"]) EXPECT_FALSE(step.contains("tree"));
+}
+
+TEST_F(ProgramTest, outlinesForPeople) {
+  const Ran ran =
+      run("- --outline", withSteps(oneOfEach, press("x") + R"(, {"press": {"title": "Ada"}})"));
+  EXPECT_EQ(ran.exitCode, 1);
+  const std::string start =
+      "step 1: press \"x\": error: no element with identifier \"x\"\n"
+      "step 2: press button \"Ada\" at index 0: done\n"
+      "call: {\"callback\": \"onOpenPerson\", \"argument\": \"p1\"}\n\n"
+      "GoalResultView\n  ScrollView\n    VStack leading 20 .padding(24)\n";
+  EXPECT_EQ(ran.output.substr(0, start.size()), start);
+  const Ran traced = run("--trace --outline -", withSteps(oneOfEach, press("x")));
+  EXPECT_NE(traced.output.find("\n\nGoalResultView\n"), std::string::npos) << traced.output;
+}
+
+TEST_F(ProgramTest, readsAFileOrStandardInputAndNamesIt) {
+  file("my case.json", withSteps(nothing, ""));
+  EXPECT_EQ(run("'my case.json'").exitCode, 0);
+  EXPECT_EQ(run("-", withSteps(nothing, "")).exitCode, 0);
+  file("bad.json", "{\"result\": 1}");
+  EXPECT_EQ(run("bad.json").diagnostics, "bad.json: /result: expected an object; found 1\n");
+  EXPECT_EQ(run("-", "{\"result\": 1}").diagnostics, "-: /result: expected an object; found 1\n");
+  EXPECT_EQ(run("missing.json").diagnostics,
+            "missing.json: expected a file that can be read; found: No such file or directory\n");
+  EXPECT_EQ(run(".").diagnostics, ".: expected a file that can be read; found: Is a directory\n");
+}
+
+TEST_F(ProgramTest, saysNothingOnStandardOutputWhenTheInputIsUnusable) {
+  file("case.json", withSteps(nothing, ""));
+  for (const char* arguments :
+       {"", "a b", "--colour case.json", "missing.json", ".", "case.json --png"}) {
+    const Ran ran = run(arguments);
+    EXPECT_EQ(ran.exitCode, 2) << arguments;
+    EXPECT_EQ(ran.output, "") << arguments;
+    EXPECT_NE(ran.diagnostics, "") << arguments;
+  }
+  for (const std::string& text :
+       {std::string(), std::string("{"), std::string(100'000, '['), std::string("\xEF\xBB\xBF{}"),
+        std::string(1, '\0'), caseOf(nothing, R"(, "locale": "xx")"),
+        caseOf(nothing, R"(, "timeZone": "xx")")}) {
+    const Ran ran = run("-", text);
+    EXPECT_EQ(ran.exitCode, 2) << text.substr(0, 40);
+    EXPECT_EQ(ran.output, "");
+    EXPECT_TRUE(ran.diagnostics.starts_with("-: ")) << ran.diagnostics;
+  }
+}
+
+TEST_F(ProgramTest, findsABadStepBeforeTheFirstOneRuns) {
+  for (const char* bad :
+       {R"({"select": "x", "value": "nope"})", R"({"tap": "x"})", R"({"result": {}})"}) {
+    const Ran ran =
+        run("-", withSteps(oneOfEach, R"({"press": {"title": "Ada"}}, )" + std::string(bad)));
+    EXPECT_EQ(ran.exitCode, 2) << bad;
+    EXPECT_EQ(ran.output, "") << bad;
+    EXPECT_TRUE(ran.diagnostics.starts_with("-: /steps/1")) << ran.diagnostics;
+  }
+}
+
+TEST_F(ProgramTest, endsByASignalWhenAHopCountOverflows) {
+  std::string result = oneOfEach;
+  result.replace(result.find("\"hopCount\": 2"), 13, "\"hopCount\": -9223372036854775808");
+  const Ran first = run("-", withSteps(result, ""));
+  EXPECT_NE(first.signal, 0);
+  EXPECT_EQ(first.output, "");
+  const Ran later = run("- --trace", withSteps(oneOfEach, R"({"result": )" + result + "}"));
+  EXPECT_NE(later.signal, 0);
+  EXPECT_EQ(later.output, "");
+}
+
+TEST_F(ProgramTest, takesLocaleAndTimeZoneFromTheEnvironment) {
+  const auto footer = [&](const std::string& variables, const std::string& more = "") {
+    const Ran ran = run("-", caseOf(oneOfEach, more), "-i " + variables);
+    EXPECT_EQ(ran.exitCode, 0) << ran.diagnostics;
+    const std::string text =
+        ran.json()["tree"]["children"][0]["children"][3]["children"][0]["content"]["verbatim"];
+    const std::string_view start = "Based on 12 piece(s) of evidence from Mail, through ";
+    EXPECT_TRUE(text.starts_with(start)) << text;
+    return text.substr(start.size());
+  };
+  EXPECT_EQ(footer("LC_ALL=en_US.UTF-8 TZ=UTC"), "Jan 5, 2025.");
+  EXPECT_EQ(footer("LC_ALL=de_DE.UTF-8 TZ=Europe/Berlin"), "6. Jan. 2025.");
+  EXPECT_EQ(footer("LC_TIME=en_GB.UTF-8 LANG=de_DE.UTF-8 TZ=UTC"), "5 Jan 2025.");
+  EXPECT_EQ(footer("LC_ALL= LC_TIME= LANG=en_GB TZ=UTC"), "5 Jan 2025.");
+  EXPECT_EQ(footer("LC_ALL=en_GB LC_TIME=en_US TZ=UTC"), "5 Jan 2025.");
+  EXPECT_EQ(footer("LC_ALL=en_GB TZ=UTC", R"(, "locale": "en_US", "timeZone": "Asia/Tokyo")"),
+            "Jan 6, 2025.")
+      << "the case's own come first";
+}
+
+TEST_F(ProgramTest, helps) {
+  const Ran ran = run("--help");
+  EXPECT_EQ(ran.exitCode, 0);
+  EXPECT_EQ(ran.diagnostics, "");
+  EXPECT_NE(ran.output.find("--trace"), std::string::npos);
+}
+
+TEST_F(ProgramTest, endsSoonWhateverItIsGiven) {
+  // The limit is generous: what matters is that nothing is read again and again, or kept.
+  const std::string megabytes(50'000'000, 'x');
+  for (const std::string& text :
+       {megabytes, '"' + megabytes, "{\"result\": {\"goal\": {\"id\": \"" + megabytes,
+        caseOf(nothing, ", \"strings\": {\"" + megabytes + "\": 1}")}) {
+    const Ran ran = run("-", text, "timeout 20");
+    EXPECT_EQ(ran.exitCode, 2);
+    EXPECT_EQ(ran.output, "");
+    EXPECT_LT(ran.diagnostics.size(), 2000U);
+  }
+}
+
+}  // namespace
+}  // namespace vemra::inspect

@@ -1,0 +1,172 @@
+// References that are equal, or equal as text and different as bytes.
+
+#include "tests/VemraGoalSurface/Shape.hpp"
+#include "tests/journeys/MemoryHost.hpp"
+
+#include <gmock/gmock.h>
+
+namespace vemra::screentest {
+namespace {
+
+using testing::button;
+using ::testing::ElementsAre;
+
+struct Pair {
+  const char* name;
+  std::string first;
+  std::string second;
+};
+
+/// Two people whose references are one and the same text.
+class EqualReferences : public ::testing::TestWithParam<Pair> {
+ protected:
+  static Result twoPeople() {
+    Result result = ordinaryResult();
+    result.paths = {};
+    GoalPersonCandidateDTO bo = person(GetParam().second, "Bo", {"ev-bo"});
+    bo.why = GoalWhyDTO::generic();
+    result.people = {person(GetParam().first, "Ada", {"ev-ada"}), bo};
+    return result;
+  }
+
+  /// A button inside the control at `index`, in tree order.
+  ui::NodeID inControl(std::size_t index, const std::string& title) const {
+    std::vector<ui::NodeID> pending{controls(host.screen).at(index)->id};
+    while (!pending.empty()) {
+      const auto& node = *host.screen.tree().find(pending.back());
+      pending.pop_back();
+      if (button(title).matches(node.element)) return node.id;
+      pending.insert(pending.end(), node.children.begin(), node.children.end());
+    }
+    return {};
+  }
+
+  void press(std::size_t index, const std::string& title) {
+    ASSERT_EQ(host.screen.graph().deliver(inControl(index, title), ui::Press{}),
+              ui::Delivery::acted)
+        << title << '\n'
+        << host.screen.outline();
+  }
+
+  MemoryHost host{twoPeople()};
+};
+
+INSTANTIATE_TEST_SUITE_P(References, EqualReferences,
+                         ::testing::Values(Pair{"sameBytes", "p1", "p1"}, Pair{"emptyOnes", "", ""},
+                                           Pair{"twoNormalForms", composed, decomposed},
+                                           Pair{"twoNormalFormsTheOtherWay", decomposed, composed}),
+                         [](const auto& sample) { return sample.param.name; });
+
+TEST_P(EqualReferences, showBothPeopleEachWithTheirOwnContent) {
+  EXPECT_THAT(
+      host.screen.shownTexts(),
+      ElementsAre("Find a design lead", "People worth considering",           //
+                  "Ada", "Matches on name", "Show source", "Record outcome",  //
+                  "Bo", "Candidate person", "Show source", "Record outcome", "Supported path",
+                  "No supported path to them yet.", "Based on 12 piece(s) of evidence from Mail."));
+  EXPECT_THAT(host.screen.identifiers(),
+              ElementsAre("vemra.goal.person." + GetParam().first + ".show-source",
+                          "vemra.goal.person." + GetParam().first + ".outcome.start",
+                          "vemra.goal.person." + GetParam().second + ".show-source",
+                          "vemra.goal.person." + GetParam().second + ".outcome.start"));
+}
+
+TEST_P(EqualReferences, callBackWithTheBytesOfTheirOwnRow) {
+  host.screen.press(button("Ada"));
+  host.screen.press(button("Bo"));
+  host.screen.press(button("Show source", 0));
+  host.screen.press(button("Show source", 1));
+  EXPECT_THAT(host.log,
+              ElementsAre("open \"" + GetParam().first + '"', "open \"" + GetParam().second + '"',
+                          "evidence \"ev-ada\"", "evidence \"ev-bo\""));
+}
+
+TEST_P(EqualReferences, haveEditorsOfTheirOwnAndOneOutcome) {
+  press(0, "Record outcome");
+  EXPECT_EQ(face(host.screen, 0).at(0), "VStack leading 6");
+  EXPECT_EQ(face(host.screen, 1).size(), 1u);
+  press(1, "Record outcome");
+  press(1, "Save");
+  EXPECT_THAT(host.log,
+              ElementsAre("person \"" + GetParam().second + "\" wasUseful note=nil corrects=nil"));
+  EXPECT_EQ(face(host.screen, 0).at(0), "VStack leading 6") << "the first is still editing";
+  EXPECT_EQ(face(host.screen, 1).at(0), "VStack leading 2") << "the second is recorded";
+  press(0, "Save");
+  EXPECT_EQ(host.log.back(),
+            "person \"" + GetParam().first + "\" wasUseful note=nil corrects=\"o1\"");
+}
+
+TEST_P(EqualReferences, areToldApartByTheirOrder) {
+  press(0, "Record outcome");
+  host.change([](Result& result) {
+    std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
+    std::swap(people[0], people[1]);
+    result.people = people;
+  });
+  EXPECT_EQ(host.screen.shownTexts().at(2), "Bo");
+  EXPECT_EQ(face(host.screen, 0).at(0), "VStack leading 6") << host.screen.outline();
+  EXPECT_EQ(face(host.screen, 1).size(), 1u);
+}
+
+TEST_P(EqualReferences, surviveTheOtherOnesLeaving) {
+  press(0, "Record outcome");
+  press(1, "Record outcome");
+  host.change([](Result& result) { result.people = {result.people[1]}; });
+  EXPECT_EQ(controls(host.screen).size(), 1u);
+  EXPECT_EQ(face(host.screen, 0).at(0), "VStack leading 6");
+  host.change([](Result& result) { result.people = {result.people[0], result.people[0]}; });
+  EXPECT_EQ(face(host.screen, 0).at(0), "VStack leading 6");
+  EXPECT_EQ(face(host.screen, 1).size(), 1u) << "the second left and returned";
+}
+
+TEST_P(EqualReferences, showTheSameEveryTime) {
+  MemoryHost again{twoPeople()};
+  EXPECT_EQ(again.screen.outline(), host.screen.outline());
+}
+
+TEST(NormalForms, areOneSubjectAndKeepTheirBytes) {
+  const std::vector<std::pair<std::string, std::string>> forms{{composed, decomposed},
+                                                               {decomposed, composed}};
+  for (const auto& [asked, stored] : forms) {
+    Result result = ordinaryResult();
+    result.people = {person(asked, "René")};
+    result.paths = {path({"p1", asked})};
+    result.outcomes = {outcome("o1", SubjectKind::person, stored, Value::helped),
+                       outcome("o2", SubjectKind::path, stored, Value::invited)};
+    MemoryHost host{result};
+    personControl(host, asked).correct();
+    personControl(host, asked).save();
+    pathControl(host).correct();
+    pathControl(host).save();
+    host.screen.press(button("René"));
+    EXPECT_THAT(host.log, ElementsAre("person \"" + asked + "\" helped note=nil corrects=\"o1\"",
+                                      "path \"" + asked + "\" invited note=nil corrects=\"o2\"",
+                                      "open \"" + asked + '"'));
+  }
+}
+
+TEST(NormalForms, ofOtherLettersStayApart) {
+  Result result = ordinaryResult();
+  result.people = {person("e", "E"), person("\ufb01", "Ligature"), person("E", "Capital")};
+  result.outcomes = {outcome("o1", SubjectKind::person, composed, Value::helped),
+                     outcome("o2", SubjectKind::person, "fi", Value::helped)};
+  MemoryHost host{result};
+  EXPECT_TRUE(personControl(host, "e").isOffering());
+  EXPECT_TRUE(personControl(host, "\ufb01").isOffering());
+  EXPECT_TRUE(personControl(host, "E").isOffering());
+}
+
+TEST(IllFormedReferences, areShownAndRecordedAsTheyAre) {
+  Result result = ordinaryResult();
+  result.people = {person("a\xC3", "Half"), person("a\xE9", "Latin")};
+  result.outcomes = {outcome("o1", SubjectKind::person, "a\xE9", Value::helped)};
+  MemoryHost host{result};
+  EXPECT_TRUE(personControl(host, "a\xE9").isRecorded());
+  ControlOnScreen half = personControl(host, "a\xC3");
+  half.recordOutcome();
+  half.save();
+  EXPECT_THAT(host.log, ElementsAre("person \"a\xC3\" wasUseful note=nil corrects=nil"));
+}
+
+}  // namespace
+}  // namespace vemra::screentest
