@@ -30,3 +30,9 @@ write_basic_package_version_file("${CMAKE_BINARY_DIR}/VemraConfigVersion.cmake"
                                  COMPATIBILITY SameMinorVersion)
 install(FILES "${CMAKE_BINARY_DIR}/VemraConfig.cmake" "${CMAKE_BINARY_DIR}/VemraConfigVersion.cmake"
         DESTINATION "${package_folder}")
+
+foreach(program vemra_inspect vemra_desk)
+  if(TARGET ${program})
+    install(TARGETS ${program} RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
+  endif()
+endforeach()

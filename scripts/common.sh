@@ -2,7 +2,7 @@
 # shellcheck shell=bash
 
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
-cd "$root"
+cd "$root" || exit
 
 say() { printf '%s: %s\n' "scripts/${0##*/}" "$*"; }
 fail() {
@@ -31,9 +31,12 @@ configure_and_build() {
   shift
   mkdir -p "build/$preset"
   log="build/$preset/configure.log"
-  if ! cmake --preset "$preset" >"$log" 2>&1 </dev/null; then
-    cat "$log" >&2
-    fail "cannot configure the preset $preset"
+  # Ninja configures again by itself when a CMakeLists.txt changes, but it does not know the presets.
+  if [[ ! build/$preset/build.ninja -nt CMakePresets.json ]]; then
+    if ! cmake --preset "$preset" >"$log" 2>&1 </dev/null; then
+      cat "$log" >&2
+      fail "cannot configure the preset $preset"
+    fi
   fi
   # Test programs of the window are started once after linking, to list their tests.
   QT_QPA_PLATFORM="${QT_QPA_PLATFORM:-offscreen}" \

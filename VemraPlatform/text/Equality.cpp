@@ -89,28 +89,17 @@ std::size_t firstDifference(std::string_view a, std::string_view b) noexcept {
   return index;
 }
 
-/// From where on two texts have to be decomposed to be compared: the start of the last code point
-/// before their difference that nothing behind it reaches across.
-std::size_t boundaryBefore(std::string_view text, std::size_t difference) {
-  std::size_t start = difference;
-  while (start > 0) {
-    const Step step = lastStep(text.substr(0, start));
-    start -= step.length;
-    if (decomposition().hasBoundaryBefore(static_cast<UChar32>(*step.scalar))) break;
-  }
-  return start;
-}
-
-/// Rules 4 and 5, for well-formed texts whose code points first differ at `difference`.
-bool equalFrom(std::size_t difference, std::string_view a, std::string_view b) {
-  const char32_t inA = *firstStep(a.substr(difference)).scalar;
-  const char32_t inB = *firstStep(b.substr(difference)).scalar;
-  if (decomposition().isInert(static_cast<UChar32>(inA)) &&
-      decomposition().isInert(static_cast<UChar32>(inB))) {
-    return false;
-  }
-  const std::size_t start = boundaryBefore(a, difference);
-  return decomposed(a.substr(start)) == decomposed(b.substr(start));
+/// Rules 4 and 5, for the rests of two well-formed texts from where they differ.
+///
+/// The equal beginnings need not be looked at: decomposing goes by code point, and ordering
+/// exchanges marks of different classes and nothing else, so what stands equal in front cancels
+/// out.
+bool areEqualRests(std::string_view a, std::string_view b) {
+  const auto startsInert = [](std::string_view text) {
+    return decomposition().isInert(static_cast<UChar32>(*firstStep(text).scalar));
+  };
+  if (startsInert(a) && startsInert(b)) return false;
+  return decomposed(a) == decomposed(b);
 }
 
 }  // namespace
@@ -127,7 +116,7 @@ bool equalBeyondAGlance(std::string_view a, std::string_view b) {
 
   if (!isWellFormed(a) || !isWellFormed(b)) return false;
   while (isTrail(a[difference])) --difference;
-  return equalFrom(difference, a, b);
+  return areEqualRests(a.substr(difference), b.substr(difference));
 }
 
 std::size_t hash(std::string_view text) {

@@ -10,25 +10,25 @@
 
 namespace vemra::text {
 
-/// Two texts are the same text when they are canonically equivalent (Unicode Standard Annex #15).
-///
-/// "é" is one text whether it is stored as U+00E9 or as "e" and U+0301, and people who share a name
-/// must not become two because their devices store it differently. So no record compares its
-/// strings with `==`; they compare and hash here. Case, compatibility forms ("ﬁ" and "fi") and
-/// blanks do matter, and stored bytes are never changed.
-///
-/// The rules, the first that applies:
-/// 1. equal bytes: equal;
-/// 2. either is ill-formed UTF-8: different (repairing would make `a\xC3` equal `a\xE9`);
-/// 3. the first, or the last, bytes that differ are both ASCII, or one text is a proper prefix of
-///    the other: different (an ASCII character stays itself in every normal form and no mark moves
-///    across it, and decomposing never shortens);
-/// 4. the first code points that differ are both inert under decomposition: different;
-/// 5. what the decomposed texts say.
-///
-/// The third rule gives the same answer for ill-formed texts, so it may come before the second. It
-/// settles almost every comparison of identifiers, and its cheapest form is inline here: a scan
-/// that misses costs less than one with `std::string`'s own `==`.
+// Two texts are the same text when they are canonically equivalent (Unicode Standard Annex #15).
+//
+// "é" is one text whether it is stored as U+00E9 or as "e" and U+0301, and people who share a name
+// must not become two because their devices store it differently. So no record compares its
+// strings with `==`; they compare and hash here. Case, compatibility forms ("ﬁ" and "fi") and
+// blanks do matter, and stored bytes are never changed.
+//
+// The rules, the first that applies:
+// 1. equal bytes: equal;
+// 2. either is ill-formed UTF-8: different (repairing would make `a\xC3` equal `a\xE9`);
+// 3. the first, or the last, bytes that differ are both ASCII, or one text is a proper prefix of
+//    the other: different (an ASCII character stays itself in every normal form and no mark moves
+//    across it, and decomposing never shortens);
+// 4. the first code points that differ are both inert under decomposition: different;
+// 5. what the decomposed texts say.
+//
+// The third rule gives the same answer for ill-formed texts, so it may come before the second. It
+// settles almost every comparison of identifiers, and its cheapest form is inline here: a scan
+// that misses costs less than one with `std::string`'s own `==`.
 
 /// Says that the outermost bytes of two texts, as many as a `Word` has, are ASCII and differ.
 ///

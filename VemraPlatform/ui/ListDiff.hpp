@@ -9,9 +9,9 @@ namespace vemra::ui {
 
 /// One step of turning a list of children into another.
 ///
-/// Places are named by neighbour, never by index: an index means something else after every step,
-/// and a list of index-placed steps that looks right goes wrong on about one pair of lists in
-/// seven.
+/// Places are named by neighbour, never by index: what still has to move away counts in an index
+/// too, so that a list of index-placed steps looks right and goes wrong on one pair of lists in ten
+/// or so. A test keeps the count.
 struct ListOperation {
   enum class Kind { insert, move, remove };
   Kind kind;

@@ -188,10 +188,18 @@ class Story {
       screen_.press("vemra.goal.path.see-in-starfold");
       return;
     }
+    const ui::NodeID row = controls(screen_).at(index)->parent;
+    const std::vector<ui::NodeID>& elements = screen_.tree().find(row)->children;
+    const auto& evidenceID = model_.world().people.at(index).evidenceID;
+    if (evidenceID && oneIn(2)) {
+      tell("evidence");
+      expected_.push_back("evidence " + inQuotes(evidenceID));
+      screen_.graph().deliver(elements.at(2), ui::Press{});
+      return;
+    }
     tell("open");
     expected_.push_back("open " + inQuotes(bytes(*subject.reference)));
-    const ui::NodeID row = controls(screen_).at(index)->parent;
-    screen_.graph().deliver(screen_.tree().find(row)->children.front(), ui::Press{});
+    screen_.graph().deliver(elements.front(), ui::Press{});
   }
 
   void edit(std::size_t index, const model::Subject& subject) {
@@ -301,9 +309,9 @@ TEST(ScreenModel, agreesWithTheScreenUnderRandomEvents) {
     ASSERT_EQ(difference, "");
     for (const auto& [event, count] : story.counts) counts[event] += count;
   }
-  for (const char* event :
-       {"snapshot", "record outcome", "correct", "choose", "write", "return", "cancel",
-        "save while disabled", "save, stored at once", "save, never stored", "open", "focus"}) {
+  for (const char* event : {"snapshot", "record outcome", "correct", "choose", "write", "return",
+                            "cancel", "save while disabled", "save, stored at once",
+                            "save, never stored", "open", "evidence", "focus"}) {
     EXPECT_GE(counts[event], 500) << event << " hardly ever happened";
   }
 }

@@ -132,6 +132,21 @@ TEST(Equality, aHundredThousandMarksAreOrdered) {
   expectDifferent(ascending, descending + "\u0323");
 }
 
+TEST(Equality, manyMarksOfOneClassKeepTheirOrder) {
+  std::string mixed = "a";
+  std::string below = "a";
+  std::string above;
+  std::string reversed;
+  for (int count = 0; count < 40; ++count) {
+    mixed += "\u0301\u0300\u0323";
+    below += "\u0323";
+    above += "\u0301\u0300";
+    reversed += "\u0300\u0301";
+  }
+  expectEqual(mixed, below + above);
+  expectDifferent(mixed, below + reversed);
+}
+
 TEST(Equality, tablesFindATextByAnyOfItsForms) {
   std::unordered_map<std::string, int, text::Hash, text::Equal> table;
   table["Jos\u00E9"] = 1;

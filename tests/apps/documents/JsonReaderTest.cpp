@@ -70,6 +70,7 @@ TEST(JsonReaderStringTest, refusesHalfASurrogatePair) {
   EXPECT_EQ(stringError(R"("x\uD800\u0041")"), expected + R"(\uD800)");
   EXPECT_EQ(stringError(R"("x\uD800\uD800")"), expected + R"(\uD800)");
   EXPECT_EQ(stringError(R"("x\uDC00\uD800")"), expected + R"(\uDC00)");
+  EXPECT_EQ(stringError(R"("x\uDC00\uDC00")"), expected + R"(\uDC00)");
 }
 
 TEST(JsonReaderStringTest, refusesOtherEscapes) {

@@ -182,7 +182,8 @@ TEST_F(ProgramTest, tracesTheTreeAfterEachStep) {
     EXPECT_EQ(steps[2]["tree"], document["tree"]);
     EXPECT_FALSE(isEditing(document["tree"]));
   }
-  for (const auto& step : run("-", text).json()["steps"]) EXPECT_FALSE(step.contains("tree"));
+  const auto untraced = run("-", text).json();
+  for (const auto& step : untraced["steps"]) EXPECT_FALSE(step.contains("tree"));
 }
 
 TEST_F(ProgramTest, outlinesForPeople) {

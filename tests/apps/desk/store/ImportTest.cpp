@@ -126,12 +126,5 @@ TEST_F(ImportTest, StoresAllOrNone) {
   EXPECT_EQ(store.result("g3"), refused) << "the store must go on after a failure";
 }
 
-TEST_F(ImportTest, RefusesATextThatIsTooLongAndChangesNothing) {
-  auto huge = goal("g1", "t");
-  huge.people = {{"p1", std::string(1'000'000'001, 'x'), {}, {}}};
-  EXPECT_THROW(store.import({goal("g0", "t"), huge}), StoreError);
-  EXPECT_TRUE(store.goals().empty());
-}
-
 }  // namespace
 }  // namespace vemra::desk

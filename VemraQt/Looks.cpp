@@ -1,0 +1,134 @@
+#include "VemraQt/Looks.hpp"
+
+#include "VemraQt/Contrast.hpp"
+
+#include <cmath>
+
+namespace vemra::qt {
+
+using ui::ColorScheme;
+using ui::FontWeight;
+using ui::ForegroundStyle;
+using ui::TextStyle;
+
+namespace {
+
+constexpr double bodySize = 13;
+
+double sizeOf(TextStyle style) {
+  switch (style) {
+    case TextStyle::title2:
+      return 17;
+    case TextStyle::headline:
+    case TextStyle::body:
+      return bodySize;
+    case TextStyle::subheadline:
+      return 11;
+    case TextStyle::caption:
+    case TextStyle::caption2:
+      return 10;
+  }
+  return bodySize;
+}
+
+FontWeight usualWeight(TextStyle style) {
+  switch (style) {
+    case TextStyle::headline:
+      return FontWeight::bold;
+    case TextStyle::caption2:
+      return FontWeight::medium;
+    default:
+      return FontWeight::regular;
+  }
+}
+
+QFont::Weight weightOf(FontWeight weight) {
+  switch (weight) {
+    case FontWeight::regular:
+      return QFont::Normal;
+    case FontWeight::medium:
+      return QFont::Medium;
+    case FontWeight::semibold:
+      return QFont::DemiBold;
+    case FontWeight::bold:
+      return QFont::Bold;
+  }
+  return QFont::Normal;
+}
+
+/// For a page in the other scheme than the system's.
+QPalette ownPalette(ColorScheme scheme) {
+  const bool dark = scheme == ColorScheme::dark;
+  const QColor page = dark ? QColor(0x1e, 0x1f, 0x22) : QColor(0xff, 0xff, 0xff);
+  const QColor window = dark ? QColor(0x2b, 0x2d, 0x30) : QColor(0xf3, 0xf3, 0xf4);
+  const QColor button = dark ? QColor(0x3a, 0x3d, 0x41) : QColor(0xf3, 0xf3, 0xf4);
+  const QColor ink = dark ? QColor(0xec, 0xed, 0xee) : QColor(0x1b, 0x1c, 0x1e);
+  const QColor accent = dark ? QColor(0x4c, 0x9a, 0xf0) : QColor(0x1a, 0x66, 0xc8);
+  QPalette palette(ink, button, button.lighter(130), button.darker(150), button.darker(120), ink,
+                   dark ? QColor(Qt::white) : QColor(Qt::black), page, window);
+  palette.setColor(QPalette::AlternateBase, window);
+  palette.setColor(QPalette::Highlight, accent);
+  palette.setColor(QPalette::HighlightedText, dark ? QColor(Qt::black) : QColor(Qt::white));
+  palette.setColor(QPalette::Link, accent);
+  const QColor faint = dark ? QColor(0x8b, 0x8e, 0x93) : QColor(0x8a, 0x8c, 0x90);
+  for (auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+    palette.setColor(QPalette::Disabled, role, faint);
+  }
+  palette.setColor(QPalette::PlaceholderText, faint);
+  return palette;
+}
+
+}  // namespace
+
+Looks::Looks(const QFont& systemFont, const QPalette& systemPalette,
+             const ui::Environment& environment)
+    : systemFont_(systemFont),
+      palette_(colorSchemeOf(systemPalette) == environment.colorScheme
+                   ? systemPalette
+                   : ownPalette(environment.colorScheme)),
+      textScale_(environment.textScale) {
+  const QColor page = background();
+  const QColor ink = palette_.color(QPalette::Text);
+  secondary_ = readable(page, ink, page, 6.2);
+  tertiary_ = readable(page, ink, page, 4.55);
+  // Where no theme has set one, Qt's link is pure blue, harsh on light pages and unreadable on dark.
+  const bool isThemed = palette_.color(QPalette::Link) != QColor(Qt::blue);
+  link_ = readable(isThemed ? palette_.color(QPalette::Link)
+                            : ownPalette(colorSchemeOf(palette_)).color(QPalette::Link),
+                   ink, page, 4.55);
+  disabled_ = palette_.color(QPalette::Disabled, QPalette::Text);
+  outline_ = readable(page, ink, page, 3.05);
+  focusRing_ = readable(palette_.color(QPalette::Highlight), ink, page, 3.1);
+}
+
+QFont Looks::font(const ui::Font& font) const {
+  QFont result = systemFont_;
+  const double ratio = sizeOf(font.style) / bodySize * textScale_;
+  if (systemFont_.pixelSize() > 0) {
+    result.setPixelSize(std::max(1, static_cast<int>(std::lround(systemFont_.pixelSize() * ratio))));
+  } else {
+    result.setPointSizeF(std::max(1.0, systemFont_.pointSizeF() * ratio));
+  }
+  result.setWeight(weightOf(font.explicitWeight.value_or(usualWeight(font.style))));
+  return result;
+}
+
+QColor Looks::text(ForegroundStyle style) const {
+  switch (style) {
+    case ForegroundStyle::secondary:
+      return secondary_;
+    case ForegroundStyle::tertiary:
+      return tertiary_;
+    case ForegroundStyle::primary:
+      break;
+  }
+  return palette_.color(QPalette::Text);
+}
+
+ColorScheme colorSchemeOf(const QPalette& palette) {
+  return palette.color(QPalette::Base).lightness() < palette.color(QPalette::Text).lightness()
+             ? ColorScheme::dark
+             : ColorScheme::light;
+}
+
+}  // namespace vemra::qt

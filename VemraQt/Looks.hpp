@@ -1,0 +1,42 @@
+#pragma once
+
+#include "VemraPlatform/ui/Environment.hpp"
+#include "VemraPlatform/ui/Font.hpp"
+
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+
+namespace vemra::qt {
+
+/// Fonts and colours of the page: the system's own, in the sizes and levels that the tree asks for.
+///
+/// A text style is a ratio of the system's font, so that the page follows the user's font size. The
+/// two quieter levels of the text colour are mixed from the palette and keep a contrast of at least
+/// 4.5 to 1 against the page; so does the colour of links.
+class Looks {
+ public:
+  Looks() : Looks(QFont(), QPalette(), {}) {}
+  Looks(const QFont& systemFont, const QPalette& systemPalette, const ui::Environment& environment);
+
+  QFont font(const ui::Font& font) const;
+  QColor text(ui::ForegroundStyle style) const;
+  QColor link() const { return link_; }
+  QColor disabledText() const { return disabled_; }
+  QColor outline() const { return outline_; }
+  QColor focusRing() const { return focusRing_; }
+  QColor background() const { return palette_.color(QPalette::Base); }
+  /// The system's palette, or one of our own when the environment asks for the other scheme.
+  const QPalette& palette() const { return palette_; }
+
+ private:
+  QFont systemFont_;
+  QPalette palette_;
+  double textScale_ = 1;
+  QColor secondary_, tertiary_, link_, disabled_, outline_, focusRing_;
+};
+
+/// Whether a palette writes light text on a dark page.
+ui::ColorScheme colorSchemeOf(const QPalette& palette);
+
+}  // namespace vemra::qt

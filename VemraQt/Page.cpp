@@ -1,0 +1,355 @@
+#include "VemraQt/Page.hpp"
+
+#include "VemraQt/Layout.hpp"
+
+#include <algorithm>
+#include <cstdlib>
+#include <ranges>
+
+#include <QAbstractScrollArea>
+#include <QScrollBar>
+
+namespace vemra::qt {
+
+namespace {
+
+// Rows this far beyond the viewport are there already when a small step brings them in.
+constexpr int margin = 96;
+// Rows are kept a little longer than they are asked for, so that small steps do not swap them.
+constexpr int keepMargin = 3 * margin;
+// Rows with a text field keep their widgets, cursor and undo history wherever they are; up to so
+// many, so that a page full of open fields does not become a page full of widgets.
+constexpr std::size_t mostPinnedRows = 16;
+// More rounds than a page of rows of any height needs.
+constexpr int mostRounds = 12;
+
+bool holdsTextField(const RenderNode& row) {
+  bool holds = false;
+  std::vector<const RenderNode*> pending{&row};
+  while (!pending.empty() && !holds) {
+    const RenderNode* node = pending.back();
+    pending.pop_back();
+    holds = node->element.kind() == ui::ElementKind::textField;
+    pending.insert(pending.end(), node->children.begin(), node->children.end());
+  }
+  return holds;
+}
+
+}  // namespace
+
+Page::Page(QAbstractScrollArea& area, ui::ViewGraph& graph)
+    : area_(area),
+      graph_(graph),
+      metrics_(area, context_.looks),
+      pool_(area.viewport(), context_),
+      tree_([this](RenderNode& node) { leaving(node); }) {
+  context_.sink = this;
+}
+
+Page::~Page() {
+  graph_.detach();
+}
+
+void Page::apply(const std::vector<ui::Patch>& patches) {
+  if (!anchor_) captureAnchor(AnchorReason::changed);
+  tree_.apply(patches);
+  for (RenderNode* list : tree_.lists()) {
+    for (RenderNode* row : list->children) {
+      if (const ui::Node* node = graph_.find(row->id)) row->rowIndex = node->rowIndex;
+    }
+  }
+  needsSettle_ = true;
+  if (filling_) return;
+  applying_ = true;
+  settle();
+  applying_ = false;
+}
+
+void Page::deliver(ui::NodeID node, ui::Event event) {
+  const ui::NodeID outer = pressed_;
+  if (std::holds_alternative<ui::Press>(event)) pressed_ = node;
+  graph_.deliver(node, std::move(event));
+  pressed_ = outer;
+  settleIfNeeded();
+}
+
+void Page::settleIfNeeded() {
+  if (needsSettle_ && !filling_ && !applying_) settle();
+}
+
+void Page::restyle() {
+  captureAnchor(AnchorReason::resized);
+  context_.looks = Looks(area_.font(), area_.palette(), graph_.environment());
+  pool_.restyle();
+  tree_.invalidateAll();
+  settle();
+}
+
+void Page::resized() {
+  if (filling_) return;  // the scroll bar came or went: the next round takes it up
+  if (!anchor_) captureAnchor(AnchorReason::resized);
+  settle();
+}
+
+void Page::scrolled() {
+  if (settingScroll_) return;
+  const int position = area_.verticalScrollBar()->value();
+  const int distance = scroll_ - position;
+  scroll_ = position;
+  if (std::abs(distance) < area_.viewport()->height()) area_.viewport()->scroll(0, distance);
+  captureAnchor(AnchorReason::scrolled);
+  settle();
+}
+
+void Page::scrollTo(int position) {
+  area_.verticalScrollBar()->setValue(position);
+}
+
+void Page::settle() {
+  needsSettle_ = true;
+  if (!area_.isVisible() || filling_) return;
+  filling_ = true;
+  for (int round = 0; round < mostRounds; ++round) {
+    const int width = area_.viewport()->width();
+    layout();
+    restoreAnchor();
+    if (area_.viewport()->width() != width) continue;
+    if (!askForRows()) break;
+    if (applying_) {  // the rows come in the graph's next pass
+      filling_ = false;
+      return;
+    }
+  }
+  needsSettle_ = false;
+  anchor_.reset();
+  place();
+  filling_ = false;
+  restoreFocus();
+}
+
+void Page::layout() {
+  RenderNode* root = tree_.root();
+  if (root) {
+    // Where rows are certain to reach past the viewport, the scroll bar is there from the first
+    // measure on.
+    if (root->measuredWidth < 0) {
+      std::int64_t rows = 0;
+      for (const RenderNode* list : tree_.lists()) {
+        rows += static_cast<std::int64_t>(list->element.rowCount()) * list->rows->estimate();
+      }
+      if (rows > area_.viewport()->height()) showScrollBar(true);
+    }
+    measureScope(*root, area_.viewport()->width(), 0, metrics_);
+  }
+  contentHeight_ = root ? root->size.height() : 0;
+}
+
+/// Qt's own "as needed" takes effect only in the next turn of the event loop, one layout too late.
+void Page::showScrollBar(bool needed) {
+  bool wanted = true;
+  for (const RenderNode* node = tree_.root(); node; node = node->children.front()) {
+    if (node->element.kind() == ui::ElementKind::scrollView) {
+      wanted = node->element.scrollIndicators() == ui::ScrollIndicators::shown;
+    }
+    if (node->children.size() != 1) break;
+  }
+  const auto policy = needed && wanted ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff;
+  if (area_.verticalScrollBarPolicy() != policy) area_.setVerticalScrollBarPolicy(policy);
+}
+
+void Page::setScrollRange() {
+  QScrollBar* bar = area_.verticalScrollBar();
+  const int page = area_.viewport()->height();
+  const int maximum = std::max(0, contentHeight_ - page);
+  scroll_ = std::clamp(scroll_, 0, maximum);
+  settingScroll_ = true;
+  bar->setRange(0, maximum);
+  bar->setPageStep(page);
+  bar->setSingleStep(std::max(12, area_.fontMetrics().height() + 4));
+  bar->setValue(scroll_);
+  settingScroll_ = false;
+  showScrollBar(maximum > 0);
+}
+
+void Page::captureAnchor(AnchorReason reason) {
+  Anchor anchor;
+  const int page = area_.viewport()->height();
+  const RenderNode* focused = focusedNode();
+  const auto seen = [&](const RenderNode& leaf) {
+    const QRect frame = frameOnPage(leaf).translated(0, -scroll_);
+    return frame.bottom() >= 0 && frame.top() < page;
+  };
+  const bool followsFocus = reason == AnchorReason::changed && focused && seen(*focused);
+  if (reason == AnchorReason::scrolled && scroll_ > 0 &&
+      scroll_ == area_.verticalScrollBar()->maximum()) {
+    anchor.kind = Anchor::Kind::bottom;
+  } else if (scroll_ > 0 || followsFocus) {
+    anchor.kind = Anchor::Kind::inside;
+    const auto add = [&](const RenderNode& leaf) {
+      const QRect frame = frameOnPage(leaf).translated(0, -scroll_);
+      anchor.points.push_back({leaf.id, frame.top(), frame.height()});
+    };
+    if (focused && seen(*focused)) add(*focused);
+    if (tree_.root()) {
+      forEachLeaf(*tree_.root(), [&](RenderNode& leaf) {
+        if (leaf.frame.isValid() && seen(leaf)) add(leaf);
+      });
+    }
+    for (const RenderNode* list : tree_.lists()) {
+      if (list->rows->count() == 0) continue;
+      const int inList = scroll_ - list->frame.top();
+      if (inList < 0 || inList >= list->frame.height()) continue;
+      anchor.list = list->id;
+      anchor.row = list->rows->rowAt(inList);
+      anchor.offset = inList - static_cast<int>(list->rows->top(anchor.row));
+    }
+  }
+  anchor_ = std::move(anchor);
+}
+
+void Page::restoreAnchor() {
+  if (anchor_ && anchor_->kind == Anchor::Kind::bottom) {
+    scroll_ = contentHeight_;
+  } else if (anchor_ && anchor_->kind == Anchor::Kind::inside) {
+    const auto still = std::ranges::find_if(
+        anchor_->points, [&](const Anchor::Point& point) { return tree_.find(point.node); });
+    if (still != anchor_->points.end()) {
+      const QRect frame = frameOnPage(*tree_.find(still->node));
+      // Of a tall text whose top is above the viewport, the same part stays in view.
+      const int top = still->top < 0 && still->height > 0
+                          ? still->top * frame.height() / still->height
+                          : still->top;
+      scroll_ = frame.top() - top;
+    } else if (const RenderNode* list = tree_.find(anchor_->list); list && list->rows->count()) {
+      const std::size_t row = std::min(anchor_->row, list->rows->count() - 1);
+      scroll_ = list->frame.top() + static_cast<int>(list->rows->top(row)) +
+                std::min(anchor_->offset, list->rows->height(row) - 1);
+    }
+  }
+  setScrollRange();
+}
+
+bool Page::isPinned(const RenderNode& row) const {
+  return &row == rowOf(focusedNode()) || holdsTextField(row);
+}
+
+std::vector<ui::RowRange> Page::wantedRows(const RenderNode& list) const {
+  const RowHeights& heights = *list.rows;
+  std::vector<ui::RowRange> ranges;
+  const std::int64_t from = scroll_ - list.frame.top() - margin;
+  const std::int64_t to = scroll_ - list.frame.top() + area_.viewport()->height() + margin;
+  if (heights.count() > 0 && to > 0 && from < heights.total()) {
+    ui::RowRange near{heights.rowAt(from), heights.rowAt(to) + 1};
+    // What is there already and only a little further away stays.
+    for (const RenderNode* row : list.children | std::views::reverse) {
+      const std::int64_t top = heights.top(row->rowIndex);
+      if (row->rowIndex + 1 == near.first && top > from - keepMargin) --near.first;
+    }
+    for (const RenderNode* row : list.children) {
+      if (row->rowIndex == near.last && heights.top(row->rowIndex) < to + keepMargin) ++near.last;
+    }
+    ranges.push_back(near);
+  }
+  const RenderNode* focused = rowOf(focusedNode());
+  std::size_t pinned = 0;
+  for (const RenderNode* row : list.children) {
+    if (row->rowIndex >= heights.count()) continue;
+    const bool stays = row == focused || (holdsTextField(*row) && ++pinned <= mostPinnedRows);
+    if (stays) ranges.push_back({row->rowIndex, row->rowIndex + 1});
+  }
+  std::ranges::sort(ranges, {}, &ui::RowRange::first);
+  std::vector<ui::RowRange> joined;
+  for (const ui::RowRange& range : ranges) {
+    if (!joined.empty() && range.first <= joined.back().last) {
+      joined.back().last = std::max(joined.back().last, range.last);
+    } else {
+      joined.push_back(range);
+    }
+  }
+  return joined;
+}
+
+bool Page::askForRows() {
+  bool asked = false;
+  // A copy: rows that come may bring lists of their own.
+  const std::vector<RenderNode*> lists = tree_.lists();
+  std::vector<std::pair<ui::NodeID, std::vector<ui::RowRange>>> requests;
+  for (const RenderNode* list : lists) {
+    std::vector<ui::RowRange> wanted = wantedRows(*list);
+    std::size_t row = 0;
+    bool same = true;
+    for (const ui::RowRange& range : wanted) {
+      for (std::size_t index = range.first; same && index < range.last; ++index, ++row) {
+        same = row < list->children.size() && list->children[row]->rowIndex == index;
+      }
+    }
+    if (!same || row != list->children.size()) requests.emplace_back(list->id, std::move(wanted));
+  }
+  for (auto& [list, ranges] : requests) {
+    graph_.showRows(list, std::move(ranges));
+    asked = true;
+  }
+  return asked;
+}
+
+QRect Page::frameOnPage(const RenderNode& leaf) const {
+  const bool rightToLeft = area_.layoutDirection() == Qt::RightToLeft;
+  const int pageWidth = tree_.root() ? tree_.root()->measuredWidth : 0;
+  const RenderNode* row = rowOf(const_cast<RenderNode*>(&leaf));
+  if (!row) return rightToLeft ? mirrored(leaf.frame, pageWidth) : leaf.frame;
+  const RenderNode& list = *row->parent;
+  const ui::Insets padding = list.element.padding();
+  const QRect rows = rightToLeft ? mirrored(list.frame, pageWidth) : list.frame;
+  const QRect frame = rightToLeft ? mirrored(leaf.frame, row->measuredWidth) : leaf.frame;
+  const int leading = rightToLeft ? padding.trailing : padding.leading;
+  const int top = static_cast<int>(list.rows->top(row->rowIndex)) + padding.top;
+  return frame.translated(rows.left() + leading, rows.top() + top);
+}
+
+bool Page::isNearViewport(const RenderNode& leaf) const {
+  const QRect frame = frameOnPage(leaf);
+  return frame.bottom() >= scroll_ - keepMargin &&
+         frame.top() < scroll_ + area_.viewport()->height() + keepMargin;
+}
+
+bool Page::keepsWidget(const RenderNode& leaf) const {
+  if (isNearViewport(leaf)) return true;
+  if (!leaf.widget) return false;
+  const RenderNode* row = rowOf(const_cast<RenderNode*>(&leaf));
+  return row ? isPinned(*row) : leaf.widget->widget().hasFocus();
+}
+
+void Page::place() {
+  if (tree_.root()) {
+    std::vector<RenderNode*> placed;
+    forEachLeaf(*tree_.root(), [&](RenderNode& leaf) {
+      if (keepsWidget(leaf)) {
+        placed.push_back(&leaf);
+      } else if (leaf.widget) {
+        pool_.giveBack(*leaf.widget);
+        leaf.widget = nullptr;
+      }
+    });
+    for (RenderNode* leaf : placed) placeLeaf(*leaf);
+  }
+  pool_.hideResting();
+}
+
+void Page::placeLeaf(RenderNode& leaf) {
+  const bool isNew = !leaf.widget;
+  if (isNew) {
+    leaf.widget = &pool_.take(leaf.element);
+    leaf.stale = true;
+  }
+  QWidget& widget = leaf.widget->widget();
+  const QRect frame =
+      frameOnPage(leaf).translated(0, -scroll_).marginsAdded(overhang(leaf.element));
+  if (widget.geometry() != frame) widget.setGeometry(frame);
+  if (leaf.stale) {
+    leaf.widget->show(leaf);
+    leaf.stale = false;
+  }
+  if (widget.isHidden()) widget.show();
+}
+
+}  // namespace vemra::qt

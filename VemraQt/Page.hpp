@@ -1,0 +1,117 @@
+#pragma once
+
+#include "VemraPlatform/ui/ViewGraph.hpp"
+#include "VemraQt/Anchor.hpp"
+#include "VemraQt/StyleMetrics.hpp"
+#include "VemraQt/widgets/WidgetPool.hpp"
+
+#include <optional>
+#include <vector>
+
+class QAbstractScrollArea;
+
+namespace vemra::qt {
+
+/// The tree in a scroll area: takes patches, lays out, asks for rows, places widgets.
+///
+/// One pass an event, always in this order, until nothing is missing:
+///
+///     1. measure what changed, arrange what was measured
+///     2. put the scroll position where the reader's eye stays (Anchor)
+///     3. ask the graph for the rows in and near the viewport; if some come, begin again
+///     4. place widgets on what is near the viewport; hand on a focus that was lost
+///
+/// Rows away from the viewport have no nodes here and no widgets, only an estimated height; except
+/// the row with the focus and rows with a text field, which stay as they are.
+class Page final : public ui::Renderer, public EventSink {
+ public:
+  Page(QAbstractScrollArea& area, ui::ViewGraph& graph);
+  ~Page();
+  Page(const Page&) = delete;
+  Page& operator=(const Page&) = delete;
+
+  ui::RowDemand rowDemand() const override { return ui::RowDemand::onRequest; }
+  void apply(const std::vector<ui::Patch>& patches) override;
+  void deliver(ui::NodeID node, ui::Event event) override;
+
+  /// Fonts, colours, style or environment are others now.
+  void restyle();
+  void resized();
+  void scrolled();
+  void shown() { settle(); }
+  /// Brings the page up to date where that had to wait.
+  void settleIfNeeded();
+
+  /// \name Focus, in tree order over all rows (PageFocus.cpp) @{
+  /// Moves the focus to the next control; false at the end of the page.
+  bool focusNext(bool forward);
+  /// Gives the focus to the first control of the page, or to the last one.
+  bool focusEnd(bool first);
+  bool focusElement(ui::NodeID node, Qt::FocusReason reason);
+  RenderNode* focusedNode() const;
+  /// @}
+
+  /// Scrolls just as far as it takes to see it, with its row when that fits.
+  void reveal(const RenderNode& node);
+  void scrollTo(int position);
+
+  const RenderTree& tree() const { return tree_; }
+  ui::ViewGraph& graph() const { return graph_; }
+  const Looks& looks() const { return context_.looks; }
+  /// The element's frame on the whole page, in pixels from its top left corner.
+  QRect frameOnPage(const RenderNode& leaf) const;
+  int contentHeight() const { return contentHeight_; }
+  int scrollPosition() const { return scroll_; }
+  std::size_t widgetCount() const { return pool_.size(); }
+
+ private:
+  /// Where a focused, or just pressed, element was when it went.
+  struct LostFocus {
+    ui::NodeID within;  ///< the nearest element that is still there
+    ui::NodeID after;   ///< what stood before it in there; none: it was the first
+    std::optional<std::size_t> row;  ///< of a row of `within`: its index
+    bool wasSeen = true;
+  };
+
+  void settle();
+  void layout();
+  bool askForRows();
+  std::vector<ui::RowRange> wantedRows(const RenderNode& list) const;
+  void place();
+  void placeLeaf(RenderNode& leaf);
+  void setScrollRange();
+  void showScrollBar(bool needed);
+
+  void captureAnchor(AnchorReason reason);
+  void restoreAnchor();
+
+  void leaving(RenderNode& node);
+  void restoreFocus();
+  bool keepsWidget(const RenderNode& leaf) const;
+  bool isNearViewport(const RenderNode& leaf) const;
+  bool isPinned(const RenderNode& row) const;
+  RenderNode* nextControl(RenderNode* from, bool forward);
+  RenderNode* controlIn(RenderNode& node, bool forward);
+  RenderNode* rowAt(RenderNode& list, std::size_t index);
+  void focus(RenderNode& control, Qt::FocusReason reason);
+
+  QAbstractScrollArea& area_;
+  ui::ViewGraph& graph_;
+  PageContext context_;
+  StyleMetrics metrics_;
+  WidgetPool pool_;
+  RenderTree tree_;
+
+  int scroll_ = 0;
+  int contentHeight_ = 0;
+  std::optional<Anchor> anchor_;
+  std::optional<LostFocus> lostFocus_;
+  ElementWidget* orphan_ = nullptr;  ///< has the focus, but its element has gone
+  ui::NodeID pressed_;
+  bool applying_ = false;
+  bool filling_ = false;
+  bool needsSettle_ = false;
+  bool settingScroll_ = false;
+};
+
+}  // namespace vemra::qt

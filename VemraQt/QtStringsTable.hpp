@@ -1,0 +1,31 @@
+#pragma once
+
+#include "VemraPlatform/ui/Environment.hpp"
+
+#include <memory>
+
+#include <QString>
+
+class QTranslator;
+
+namespace vemra::qt {
+
+/// A strings table kept as a Qt Linguist translation file (`.qm`).
+///
+/// The context of its messages is `VemraScreen` and the source texts are the screen's keys, byte
+/// for byte; disambiguations are not used. A message that is marked unfinished or left empty in
+/// the `.ts` file counts as not translated.
+class QtStringsTable final : public ui::StringsTable {
+ public:
+  /// The table in a file or resource; nullptr when it cannot be read.
+  static std::shared_ptr<const QtStringsTable> load(const QString& file);
+  ~QtStringsTable() override;
+
+  std::optional<std::string> lookup(std::string_view key) const override;
+
+ private:
+  explicit QtStringsTable(std::unique_ptr<QTranslator> translator);
+  std::unique_ptr<QTranslator> translator_;
+};
+
+}  // namespace vemra::qt

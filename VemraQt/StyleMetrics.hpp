@@ -1,0 +1,29 @@
+#pragma once
+
+#include "VemraQt/Layout.hpp"
+#include "VemraQt/Looks.hpp"
+
+class QWidget;
+
+namespace vemra::qt {
+
+/// How large the elements are in the widget style of a page.
+///
+/// A control is never smaller than 24 by 24 pixels, so that it can be hit. A title that is wider
+/// than the page goes on in further lines.
+class StyleMetrics final : public LeafMetrics {
+ public:
+  StyleMetrics(const QWidget& page, const Looks& looks) : page_(page), looks_(looks) {}
+
+  QSize measure(RenderNode& leaf, int width) const override;
+
+ private:
+  QSize button(RenderNode& leaf, int width) const;
+  QSize picker(RenderNode& leaf, int width) const;
+  QSize field(RenderNode& leaf, int width) const;
+
+  const QWidget& page_;
+  const Looks& looks_;
+};
+
+}  // namespace vemra::qt

@@ -1,0 +1,88 @@
+#include "VemraQt/TextShape.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QPainter>
+#include <QTextLayout>
+#include <QTextOption>
+
+namespace vemra::qt {
+
+QString withLineSeparators(const QString& text) {
+  // The mandatory breaks of Unicode Standard Annex #14.
+  const auto breaks = [](QChar c) {
+    const char16_t u = c.unicode();
+    return (u >= 0x0A && u <= 0x0D) || u == 0x85 || u == 0x2029;
+  };
+  if (std::none_of(text.begin(), text.end(), breaks)) return text;
+  QString lines;
+  lines.reserve(text.size());
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') continue;
+    lines += breaks(text[i]) ? QChar(QChar::LineSeparator) : text[i];
+  }
+  return lines;
+}
+
+TextShape::TextShape(const QString& text, const QFont& font, int width)
+    : layout_(std::make_shared<QTextLayout>(withLineSeparators(text), font)) {
+  QTextOption option;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  option.setTextDirection(Qt::LayoutDirectionAuto);
+  option.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
+  layout_->setTextOption(option);
+  layout_->setCacheEnabled(true);
+  layout_->beginLayout();
+  qreal height = 0;
+  qreal widest = 0;
+  for (QTextLine line = layout_->createLine(); line.isValid(); line = layout_->createLine()) {
+    line.setLineWidth(std::max(1, width));
+    line.setPosition(QPointF(0, height));
+    height += std::ceil(line.height());
+    widest = std::max(widest, line.naturalTextWidth());
+  }
+  layout_->endLayout();
+  if (text.isEmpty()) height = TextShape(QStringLiteral(" "), font, width).size().height();
+  size_ = QSize(static_cast<int>(std::ceil(widest)), static_cast<int>(height));
+}
+
+namespace {
+
+/// Where a line begins: at the leading edge of the place, or so that it stands in the middle.
+qreal startOf(const QTextLine& line, const QRect& place, Qt::LayoutDirection direction,
+              Qt::Alignment alignment) {
+  if (alignment & Qt::AlignHCenter) {
+    return place.left() + std::floor((place.width() - line.naturalTextWidth()) / 2);
+  }
+  if (direction == Qt::RightToLeft) {
+    return place.left() + place.width() - std::ceil(line.naturalTextWidth());
+  }
+  return place.left();
+}
+
+}  // namespace
+
+void TextShape::draw(QPainter& painter, const QRect& place, Qt::LayoutDirection direction,
+                     Qt::Alignment alignment) const {
+  if (!layout_) return;
+  for (int i = 0; i < layout_->lineCount(); ++i) {
+    const QTextLine line = layout_->lineAt(i);
+    // A right-to-left paragraph is laid out against the far end of its line.
+    const qreal x = startOf(line, place, direction, alignment) - line.naturalTextRect().left();
+    line.draw(&painter, QPointF(x, place.top()));
+  }
+}
+
+void TextShape::underline(QPainter& painter, const QRect& place,
+                          Qt::LayoutDirection direction) const {
+  if (!layout_) return;
+  for (int i = 0; i < layout_->lineCount(); ++i) {
+    const QTextLine line = layout_->lineAt(i);
+    const qreal x = startOf(line, place, direction, Qt::AlignLeading);
+    const qreal y = std::floor(place.top() + line.y() + line.ascent() + 2) + 0.5;
+    painter.drawLine(QPointF(x, y), QPointF(x + line.naturalTextWidth(), y));
+  }
+}
+
+}  // namespace vemra::qt

@@ -1,0 +1,162 @@
+#include "VemraQt/ViewWidget.hpp"
+
+#include "VemraQt/Page.hpp"
+#include "VemraQt/SystemEnvironment.hpp"
+
+#include <QApplication>
+#include <QEvent>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+namespace vemra::qt {
+
+ViewWidget::ViewWidget(QWidget* parent)
+    : QAbstractScrollArea(parent),
+      ownGraph_(std::make_unique<ui::ViewGraph>(systemEnvironment())),
+      graph_(*ownGraph_) {
+  prepare();
+}
+
+ViewWidget::ViewWidget(ui::ViewGraph& graph, QWidget* parent)
+    : QAbstractScrollArea(parent), graph_(graph), followsSystem_(false) {
+  prepare();
+}
+
+ViewWidget::~ViewWidget() {
+  page_.reset();
+}
+
+void ViewWidget::prepare() {
+  setFrameShape(QFrame::NoFrame);
+  setFocusPolicy(Qt::StrongFocus);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // until the page knows better
+  viewport()->setBackgroundRole(QPalette::Base);
+  viewport()->setAutoFillBackground(true);
+  page_ = std::make_unique<Page>(*this, graph_);
+  applyLooks();
+  graph_.attach(*page_);
+}
+
+void ViewWidget::setRoot(ui::View root) {
+  graph_.setRoot(std::move(root));
+  page_->settleIfNeeded();
+}
+
+void ViewWidget::setEnvironment(ui::Environment environment) {
+  followsSystem_ = false;
+  graph_.setEnvironment(std::move(environment));
+  applyLooks();
+}
+
+const ui::Environment& ViewWidget::environment() const {
+  return graph_.environment();
+}
+
+ui::ViewGraph& ViewWidget::graph() const {
+  return graph_;
+}
+
+int ViewWidget::contentHeight() const {
+  return page_->contentHeight();
+}
+
+std::size_t ViewWidget::widgetCount() const {
+  return page_->widgetCount();
+}
+
+void ViewWidget::followSystem() {
+  if (followsSystem_) {
+    ui::Environment environment = systemEnvironment();
+    environment.strings = graph_.environment().strings;
+    environment.textScale = graph_.environment().textScale;
+    graph_.setEnvironment(std::move(environment));
+  }
+  applyLooks();
+}
+
+void ViewWidget::applyLooks() {
+  if (applyingLooks_) return;
+  applyingLooks_ = true;
+  const ui::Environment& environment = graph_.environment();
+  setLayoutDirection(environment.layoutDirection == ui::LayoutDirection::rightToLeft
+                         ? Qt::RightToLeft
+                         : Qt::LeftToRight);
+  // The system's own palette is inherited, so that its changes arrive by themselves.
+  const QPalette system = QApplication::palette();
+  const bool fits = colorSchemeOf(system) == environment.colorScheme;
+  setPalette(fits ? QPalette() : Looks(font(), system, environment).palette());
+  page_->restyle();
+  applyingLooks_ = false;
+}
+
+bool ViewWidget::event(QEvent* event) {
+  const bool handled = QAbstractScrollArea::event(event);
+  switch (event->type()) {
+    case QEvent::ApplicationPaletteChange:
+    case QEvent::PaletteChange:
+    case QEvent::LocaleChange:
+      if (page_ && !applyingLooks_) followSystem();
+      break;
+    case QEvent::FontChange:
+    case QEvent::StyleChange:
+      if (page_ && !applyingLooks_) applyLooks();
+      break;
+    default:
+      break;
+  }
+  return handled;
+}
+
+void ViewWidget::resizeEvent(QResizeEvent* event) {
+  QAbstractScrollArea::resizeEvent(event);
+  page_->resized();
+}
+
+void ViewWidget::showEvent(QShowEvent* event) {
+  QAbstractScrollArea::showEvent(event);
+  page_->shown();
+}
+
+void ViewWidget::scrollContentsBy(int, int) {
+  page_->scrolled();
+}
+
+void ViewWidget::keyPressEvent(QKeyEvent* event) {
+  QScrollBar* bar = verticalScrollBar();
+  switch (event->key()) {
+    case Qt::Key_Home:
+      bar->setValue(bar->minimum());
+      return;
+    case Qt::Key_End:
+      bar->setValue(bar->maximum());
+      return;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+      event->ignore();
+      return;
+    default:
+      QAbstractScrollArea::keyPressEvent(event);
+  }
+}
+
+void ViewWidget::focusInEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusInEvent(event);
+  if (leaving_) return;
+  if (event->reason() == Qt::TabFocusReason) page_->focusEnd(true);
+  if (event->reason() == Qt::BacktabFocusReason) page_->focusEnd(false);
+}
+
+bool ViewWidget::focusNextPrevChild(bool next) {
+  if (hasFocus() ? page_->focusEnd(next) : page_->focusNext(next)) return true;
+  // Qt looks for the next control from here on, so that the page counts as one stop.
+  leaving_ = true;
+  setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  const bool left = QAbstractScrollArea::focusNextPrevChild(next);
+  leaving_ = false;
+  if (left && !hasFocus()) return true;
+  return page_->focusEnd(next);  // nothing else in the window: round and round
+}
+
+}  // namespace vemra::qt

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "VemraPlatform/ui/ViewGraph.hpp"
+
+#include <memory>
+
+#include <QAbstractScrollArea>
+
+namespace vemra::qt {
+
+class Page;
+
+/// A view in a window: real widgets for what is near the viewport, one scroll area around it all.
+///
+///     vemra::qt::ViewWidget widget;
+///     widget.setRoot(GoalResultView(snapshot, …));
+///     widget.show();
+///
+/// Shows any view. The whole tree scrolls as one page; a `ScrollView` inside says only whether the
+/// scroll bar is seen. A widget's `objectName` is its element's accessibility identifier.
+///
+/// Until `setEnvironment` is called the widget follows the system: its palette, its direction and
+/// the user's locale and time zone. Main thread only.
+class ViewWidget : public QAbstractScrollArea {
+  Q_OBJECT
+
+ public:
+  /// Owns its view graph.
+  explicit ViewWidget(QWidget* parent = nullptr);
+  /// Shows a view graph that lives elsewhere and outlives the widget. Roots may be handed to the
+  /// graph; an environment must be handed to the widget.
+  explicit ViewWidget(ui::ViewGraph& graph, QWidget* parent = nullptr);
+  ~ViewWidget() override;
+
+  /// Shows `root` in place of what is shown. May be called from inside an action of the tree.
+  void setRoot(ui::View root);
+  void setEnvironment(ui::Environment environment);
+  const ui::Environment& environment() const;
+  ui::ViewGraph& graph() const;
+
+  /// The length of the page, in pixels: as far as rows were measured, the rest estimated.
+  int contentHeight() const;
+  /// How many widgets there are for the elements of the page, resting ones included.
+  std::size_t widgetCount() const;
+
+  /// What stands behind the widget, for the library's own parts and its tests.
+  Page& page() const { return *page_; }
+
+ protected:
+  bool event(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+
+ private:
+  void prepare();
+  void followSystem();
+  void applyLooks();
+
+  std::unique_ptr<ui::ViewGraph> ownGraph_;
+  ui::ViewGraph& graph_;
+  std::unique_ptr<Page> page_;
+  bool followsSystem_ = true;
+  bool applyingLooks_ = false;
+  bool leaving_ = false;
+};
+
+}  // namespace vemra::qt

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QAccessible>
+#include <QList>
+#include <QString>
+
+/// \file
+/// The exact identifier of every element, for assistive technology and automation over AT-SPI.
+
+namespace vemra::qt {
+
+/// What knows the identifiers of a tree of accessible elements.
+///
+/// A tree of elements registers one while it is on the screen. Main thread only.
+class IdentifierSource {
+ public:
+  /// The identifier of an element of this tree, byte for byte; "" when it has none; a null string
+  /// when the id is not of this tree.
+  virtual QString identifier(QAccessible::Id element) const = 0;
+  /// The elements with that identifier in tree order, at most `most` (0: all). Does not walk the
+  /// accessibility tree: what it costs is the source's own look-up.
+  virtual QList<QAccessible::Id> find(const QString& identifier, int most) const = 0;
+
+ protected:
+  ~IdentifierSource() = default;
+};
+
+/// Publishes identifiers on the accessibility bus where Qt itself does not.
+///
+/// Before Qt 6.9 an accessible element has no exact identifier on the bus (none at all before 6.5,
+/// a chain of object names up to 6.8). This object stands in front of Qt's own on the
+/// accessibility bus, with public interfaces only, and forwards all but four questions: the
+/// property `AccessibleId`, the attribute `id`, the list of interfaces (`Collection` comes in) and
+/// `Collection.GetMatches` for a rule on the attribute `id`. If anything on the bus is not as
+/// expected, Qt's own stays in place. From Qt 6.9 on only the look-up through `Collection` is
+/// added.
+///
+/// The bus appears some time after the program starts, so installing is tried again whenever
+/// accessibility becomes active. Call from the main thread after QApplication is made; more calls
+/// do nothing.
+void publishIdentifiers();
+
+/// Adds or removes a tree whose identifiers are published.
+void addIdentifierSource(const IdentifierSource& source);
+void removeIdentifierSource(const IdentifierSource& source);
+
+/// Whether the identifiers are on the bus now.
+bool identifiersArePublished();
+
+}  // namespace vemra::qt

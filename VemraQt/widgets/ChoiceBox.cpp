@@ -1,0 +1,142 @@
+#include "VemraQt/widgets/ChoiceBox.hpp"
+
+#include <algorithm>
+
+#include <QKeyEvent>
+#include <QMenu>
+#include <QPainter>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
+#include <QWheelEvent>
+
+namespace vemra::qt {
+
+namespace {
+
+void collect(const RenderNode& node, std::vector<Choice>& choices) {
+  if (const ui::Tag* tag = node.element.tag()) {
+    choices.push_back({toQString(node.element.shownLabel()), *tag});
+    return;
+  }
+  for (const RenderNode* child : node.children) collect(*child, choices);
+}
+
+bool sameLabels(const QComboBox& box, const std::vector<Choice>& choices) {
+  if (box.count() != static_cast<int>(choices.size())) return false;
+  for (int i = 0; i < box.count(); ++i) {
+    if (box.itemText(i) != choices[static_cast<std::size_t>(i)].label) return false;
+  }
+  return true;
+}
+
+QString literal(QString text) {
+  return text.replace(u'&', QLatin1String("&&")).replace(u'\t', u' ');
+}
+
+}  // namespace
+
+std::vector<Choice> choicesOf(const RenderNode& picker) {
+  std::vector<Choice> choices;
+  for (const RenderNode* child : picker.children) collect(*child, choices);
+  return choices;
+}
+
+int currentChoice(const RenderNode& picker, const std::vector<Choice>& choices) {
+  const auto& selection = picker.element.selection();
+  if (!selection) return -1;
+  auto found = std::ranges::find(choices, *selection, &Choice::tag);
+  return found == choices.end() ? -1 : static_cast<int>(found - choices.begin());
+}
+
+ChoiceBox::ChoiceBox(QWidget* parent, const PageContext& page)
+    : QComboBox(parent), ElementWidget(page) {
+  setFocusPolicy(Qt::ClickFocus);
+  connect(this, &QComboBox::activated, this, [this](int index) { choose(index); });
+}
+
+void ChoiceBox::take(const RenderNode& leaf) {
+  choices_ = choicesOf(leaf);
+  if (!sameLabels(*this, choices_)) {
+    clear();
+    for (const Choice& choice : choices_) addItem(choice.label);
+  }
+  const int index = currentChoice(leaf, choices_);
+  if (currentIndex() != index) setCurrentIndex(index);
+  shape_ = leaf.shape;
+  update();
+}
+
+void ChoiceBox::choose(int index) {
+  if (!node() || index < 0 || index >= static_cast<int>(choices_.size())) return;
+  deliver(ui::Select{ui::Tag(choices_[static_cast<std::size_t>(index)].tag)});
+}
+
+void ChoiceBox::showPopup() {
+  if (menu_ || choices_.empty()) return;
+  menu_ = new QMenu(this);
+  menu_->setAttribute(Qt::WA_DeleteOnClose);
+  menu_->setFont(font());
+  menu_->setMinimumWidth(width());
+  QAction* current = nullptr;
+  for (int i = 0; i < count(); ++i) {
+    QAction* action = menu_->addAction(literal(itemText(i)));
+    action->setCheckable(true);
+    action->setChecked(i == currentIndex());
+    if (i == currentIndex()) current = action;
+    connect(action, &QAction::triggered, this, [this, i] {
+      setCurrentIndex(i);
+      Q_EMIT activated(i);
+    });
+  }
+  connect(menu_, &QMenu::aboutToHide, this, [this] {
+    menu_ = nullptr;
+    update();
+  });
+  const int x = layoutDirection() == Qt::RightToLeft ? width() - menu_->sizeHint().width() : 0;
+  menu_->popup(mapToGlobal(QPoint(x, height())));
+  if (current) menu_->setActiveAction(current);
+}
+
+void ChoiceBox::hidePopup() {
+  if (menu_) menu_->close();
+}
+
+void ChoiceBox::paintEvent(QPaintEvent*) {
+  QStylePainter painter(this);
+  QStyleOptionComboBox option;
+  initStyleOption(&option);
+  option.currentText.clear();
+  option.state &= ~QStyle::State_HasFocus;
+  painter.drawComplexControl(QStyle::CC_ComboBox, option);
+  const QRect field = style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                              QStyle::SC_ComboBoxEditField, this);
+  painter.setPen(option.palette.color(QPalette::ButtonText));
+  const int above = (height() - shape_.size().height()) / 2;
+  shape_.draw(painter, QRect(field.x() + 2, above, field.width() - 4, shape_.size().height()),
+              layoutDirection());
+  if (hasFocus()) drawFocusRing(painter, rect(), looks());
+}
+
+void ChoiceBox::wheelEvent(QWheelEvent* event) {
+  event->ignore();
+}
+
+void ChoiceBox::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+      event->ignore();  // these scroll the page
+      return;
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      showPopup();
+      return;
+    default:
+      QComboBox::keyPressEvent(event);
+  }
+}
+
+}  // namespace vemra::qt

@@ -1,0 +1,40 @@
+#include "VemraQt/widgets/ElementWidget.hpp"
+
+#include <QPainter>
+#include <QPen>
+
+namespace vemra::qt {
+
+void ElementWidget::show(const RenderNode& leaf) {
+  node_ = leaf.id;
+  const QString identifier = toQString(leaf.element.accessibilityIdentifier());
+  if (widget().objectName() != identifier) widget().setObjectName(identifier);
+  if (widget().isEnabledTo(widget().parentWidget()) != leaf.element.style().enabled) {
+    widget().setEnabled(leaf.element.style().enabled);
+  }
+  take(leaf);
+}
+
+void ElementWidget::rest() {
+  if (!node_) return;
+  letGo();
+  node_ = {};
+  widget().setAttribute(Qt::WA_UnderMouse, false);
+}
+
+QMargins overhang(const ui::Element& element) {
+  const bool plain = element.kind() == ui::ElementKind::button &&
+                     element.buttonStyle() == ui::ButtonStyle::plain;
+  return plain ? QMargins(4, 0, 4, 0) : QMargins();
+}
+
+void drawFocusRing(QPainter& painter, const QRect& place, const Looks& looks) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(looks.focusRing(), 2));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(QRectF(place).adjusted(1, 1, -1, -1), 4, 4);
+  painter.restore();
+}
+
+}  // namespace vemra::qt

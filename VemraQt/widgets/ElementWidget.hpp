@@ -1,0 +1,63 @@
+#pragma once
+
+#include "VemraPlatform/ui/Event.hpp"
+#include "VemraQt/Looks.hpp"
+#include "VemraQt/RenderTree.hpp"
+
+#include <QWidget>
+
+namespace vemra::qt {
+
+/// What takes the events of the widgets.
+class EventSink {
+ public:
+  virtual void deliver(ui::NodeID node, ui::Event event) = 0;
+
+ protected:
+  ~EventSink() = default;
+};
+
+/// What the widgets of one page have in common. Outlives them.
+struct PageContext {
+  Looks looks;
+  EventSink* sink = nullptr;
+};
+
+/// A widget that shows one element for a while, and then perhaps another one.
+class ElementWidget {
+ public:
+  explicit ElementWidget(const PageContext& page) : page_(page) {}
+  virtual ~ElementWidget() = default;
+  virtual QWidget& widget() = 0;
+
+  /// The element it shows; none while it rests.
+  ui::NodeID node() const { return node_; }
+  /// Shows a measured leaf of its own kind.
+  void show(const RenderNode& leaf);
+  /// Ends what a person was doing with it: it shows nothing for now, or another element next.
+  void rest();
+
+ protected:
+  /// Takes up everything that can be seen of the element. Must not deliver an event.
+  virtual void take(const RenderNode& leaf) = 0;
+  virtual void letGo() {}
+
+  const Looks& looks() const { return page_.looks; }
+  void deliver(ui::Event event) const { page_.sink->deliver(node_, std::move(event)); }
+
+ private:
+  const PageContext& page_;
+  ui::NodeID node_;
+};
+
+/// How far a widget's rectangle reaches past its element's frame, for its focus ring.
+QMargins overhang(const ui::Element& element);
+
+/// Draws the focus ring just inside `place`.
+void drawFocusRing(QPainter& painter, const QRect& place, const Looks& looks);
+
+inline QString toQString(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace vemra::qt

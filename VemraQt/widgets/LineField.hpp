@@ -1,0 +1,36 @@
+#pragma once
+
+#include "VemraQt/widgets/ElementWidget.hpp"
+
+#include <QLineEdit>
+
+namespace vemra::qt {
+
+/// A TextField: one line of any length.
+///
+/// Its text is the real text. A line break in it is kept and shown as a small mark in the place of
+/// the blank that Qt shows. The tree's text is written into it only when it is another one, so that
+/// cursor and selection stay where they are. Return does nothing but tell the element.
+class LineField final : public QLineEdit, public ElementWidget {
+  Q_OBJECT
+
+ public:
+  LineField(QWidget* parent, const PageContext& page);
+  QWidget& widget() override { return *this; }
+
+ protected:
+  void take(const RenderNode& leaf) override;
+  void letGo() override;
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void paintFrame(QPainter& painter);
+  void paintPrompt(QPainter& painter);
+  void paintLineBreaks(QPainter& painter);
+
+  TextShape prompt_;
+  bool taking_ = false;
+};
+
+}  // namespace vemra::qt

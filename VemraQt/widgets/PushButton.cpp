@@ -1,0 +1,86 @@
+#include "VemraQt/widgets/PushButton.hpp"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+namespace vemra::qt {
+
+PushButton::PushButton(QWidget* parent, const PageContext& page, ui::ButtonStyle style)
+    : QPushButton(parent), ElementWidget(page), style_(style) {
+  setFocusPolicy(Qt::ClickFocus);  // the page itself walks from control to control
+  setAutoDefault(false);
+  if (style == ui::ButtonStyle::plain) setCursor(Qt::PointingHandCursor);
+  connect(this, &QPushButton::clicked, this, [this] {
+    if (node()) deliver(ui::Press{});
+  });
+}
+
+void PushButton::take(const RenderNode& leaf) {
+  QString title = toQString(leaf.element.shownLabel());
+  title.replace(u'&', QLatin1String("&&"));
+  if (text() != title) setText(title);
+  shape_ = leaf.shape;
+  update();
+}
+
+void PushButton::letGo() {
+  if (isDown()) setDown(false);
+}
+
+void PushButton::paintEvent(QPaintEvent*) {
+  QStylePainter painter(this);
+  style_ == ui::ButtonStyle::plain ? paintPlain(painter) : paintFramed(painter);
+  if (hasFocus()) drawFocusRing(painter, rect(), looks());
+}
+
+void PushButton::paintPlain(QPainter& painter) {
+  const QColor color = isEnabled() ? looks().link() : looks().disabledText();
+  painter.setPen(color);
+  const QRect inside = rect().marginsRemoved(QMargins(4, 0, 4, 0));
+  const int above = (inside.height() - shape_.size().height()) / 2;
+  const QRect lines(inside.x(), inside.y() + above, inside.width(), shape_.size().height());
+  shape_.draw(painter, lines, layoutDirection());
+  if (isEnabled() && (underMouse() || isDown())) {
+    shape_.underline(painter, lines, layoutDirection());
+  }
+}
+
+void PushButton::paintFramed(QPainter& painter) {
+  QStyleOptionButton option;
+  initStyleOption(&option);
+  option.text.clear();
+  option.state &= ~QStyle::State_HasFocus;
+  style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
+  painter.setPen(option.palette.color(QPalette::ButtonText));
+  const int above = (height() - shape_.size().height()) / 2;
+  shape_.draw(painter, QRect(0, above, width(), shape_.size().height()), layoutDirection(),
+              Qt::AlignHCenter);
+}
+
+void PushButton::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (!event->isAutoRepeat()) click();
+      return;
+    case Qt::Key_Space:
+      QPushButton::keyPressEvent(event);
+      return;
+    default:
+      event->ignore();  // arrows scroll the page
+  }
+}
+
+void PushButton::enterEvent(QEnterEvent* event) {
+  QPushButton::enterEvent(event);
+  update();
+}
+
+void PushButton::leaveEvent(QEvent* event) {
+  QPushButton::leaveEvent(event);
+  update();
+}
+
+}  // namespace vemra::qt

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "VemraQt/widgets/ElementWidget.hpp"
+
+#include <QPushButton>
+
+namespace vemra::qt {
+
+/// A Button: the platform's frame around the very lines that were measured, or, in the plain
+/// style, those lines alone, written like a link.
+class PushButton final : public QPushButton, public ElementWidget {
+  Q_OBJECT
+
+ public:
+  PushButton(QWidget* parent, const PageContext& page, ui::ButtonStyle style);
+  QWidget& widget() override { return *this; }
+
+ protected:
+  void take(const RenderNode& leaf) override;
+  void letGo() override;
+  void paintEvent(QPaintEvent*) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+
+ private:
+  void paintPlain(QPainter& painter);
+  void paintFramed(QPainter& painter);
+
+  TextShape shape_;
+  ui::ButtonStyle style_;
+};
+
+}  // namespace vemra::qt

@@ -1,0 +1,27 @@
+#include "VemraQt/widgets/TextLabel.hpp"
+
+#include <QPainter>
+
+namespace vemra::qt {
+
+TextLabel::TextLabel(QWidget* parent, const PageContext& page)
+    : QLabel(parent), ElementWidget(page) {
+  setTextFormat(Qt::PlainText);
+  setFocusPolicy(Qt::NoFocus);
+}
+
+void TextLabel::take(const RenderNode& leaf) {
+  const QString shown = toQString(leaf.element.shownLabel());
+  if (text() != shown) setText(shown);
+  shape_ = leaf.shape;
+  foreground_ = leaf.element.style().foreground;
+  update();
+}
+
+void TextLabel::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setPen(isEnabled() ? looks().text(foreground_) : looks().disabledText());
+  shape_.draw(painter, rect(), layoutDirection());
+}
+
+}  // namespace vemra::qt

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "VemraQt/widgets/ElementWidget.hpp"
+
+#include <QLabel>
+
+namespace vemra::qt {
+
+/// A Text: a label that draws the very lines that were measured.
+class TextLabel final : public QLabel, public ElementWidget {
+  Q_OBJECT
+
+ public:
+  TextLabel(QWidget* parent, const PageContext& page);
+  QWidget& widget() override { return *this; }
+
+ protected:
+  void take(const RenderNode& leaf) override;
+  void paintEvent(QPaintEvent*) override;
+
+ private:
+  TextShape shape_;
+  ui::ForegroundStyle foreground_ = ui::ForegroundStyle::primary;
+};
+
+}  // namespace vemra::qt

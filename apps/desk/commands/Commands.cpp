@@ -1,0 +1,107 @@
+#include "apps/desk/commands/Commands.hpp"
+
+#include "apps/desk/commands/GoalLine.hpp"
+#include "apps/desk/store/GoalStore.hpp"
+#include "apps/desk/store/StoreError.hpp"
+#include "apps/desk/store/StoreLocation.hpp"
+#include "apps/documents/DocumentError.hpp"
+#include "apps/documents/ResultReader.hpp"
+#include "apps/documents/ResultWriter.hpp"
+
+#include <filesystem>
+#include <new>
+#include <optional>
+#include <stdexcept>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+namespace vemra::desk {
+namespace {
+
+void importDocuments(const Request& request, std::ostream& diagnostics) {
+  // Read to the last one before the store is touched.
+  std::vector<GetGoalSnapshotResponse> results;
+  for (const std::string& document : request.documents) {
+    results.push_back(documents::readResultFile(document));
+  }
+  GoalStore store = GoalStore::open(storeFileToWrite(request));
+  for (const LeftOutOutcome& leftOut : store.import(results)) {
+    diagnostics << request.documents[leftOut.document] << ": /outcomes/" << leftOut.outcome
+                << ": the outcome "
+                << documents::inQuotes(results[leftOut.document].outcomes[leftOut.outcome].id)
+                << " is recorded with another content, which stays\n";
+  }
+}
+
+std::string listGoals(const Request& request) {
+  std::optional<GoalStore> store = existingStore(request);
+  std::string lines;
+  if (!store) return lines;
+  for (const GoalListing& goal : store->goals()) lines += goalLine(goal);
+  return lines;
+}
+
+GoalStore storeWithGoals(const Request& request) {
+  std::optional<GoalStore> store = existingStore(request);
+  if (!store) throw UnknownGoal(storeFile(request), *request.goal);
+  return std::move(*store);
+}
+
+std::string answer(const Request& request, std::ostream& diagnostics) {
+  switch (request.command) {
+    case Request::Command::importDocuments:
+      importDocuments(request, diagnostics);
+      return "";
+    case Request::Command::listGoals:
+      return listGoals(request);
+    case Request::Command::showOutcomes:
+      return documents::writeOutcomes(storeWithGoals(request).outcomes(*request.goal));
+    case Request::Command::exportGoal:
+      return documents::writeResult(storeWithGoals(request).result(*request.goal));
+    case Request::Command::showWindow:
+      break;
+  }
+  throw std::logic_error("The window is not a command.");
+}
+
+}  // namespace
+
+std::string storeFile(const Request& request) {
+  return request.store ? *request.store : userStoreFile();
+}
+
+std::string storeFileToWrite(const Request& request) {
+  const std::string file = storeFile(request);
+  if (!request.store) makeFolderOf(file);
+  return file;
+}
+
+std::optional<GoalStore> existingStore(const Request& request) {
+  const std::string file = storeFile(request);
+  std::error_code error;
+  if (!request.store && !std::filesystem::exists(file, error) && !error) return std::nullopt;
+  return GoalStore::openExisting(file);
+}
+
+int runCommand(const Request& request, std::ostream& output, std::ostream& diagnostics) {
+  std::string text;
+  try {
+    text = answer(request, diagnostics);
+  } catch (const documents::DocumentError& error) {
+    diagnostics << error.what() << '\n';
+    return 2;
+  } catch (const StoreError& error) {
+    diagnostics << error.what() << '\n';
+    return 2;
+  } catch (const std::bad_alloc&) {
+    diagnostics << "vemra-desk: there is not enough memory\n";
+    return 2;
+  }
+  output << text << std::flush;
+  if (output) return 0;
+  diagnostics << "vemra-desk: the result could not be written to standard output\n";
+  return 1;
+}
+
+}  // namespace vemra::desk

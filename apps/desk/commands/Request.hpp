@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace vemra::desk {
+
+/// What a command line asks for.
+struct Request {
+  enum class Command { showWindow, importDocuments, listGoals, showOutcomes, exportGoal };
+
+  Command command = Command::showWindow;
+  std::optional<std::string> store;    ///< a file; nil is the user's own store
+  std::optional<std::string> goal;     ///< the id of a goal; nil only for the window
+  std::vector<std::string> documents;  ///< files to import; at least one then
+};
+
+/// A command line that asks for nothing to be done: the exit code and what is to be said.
+struct Farewell {
+  int exitCode = 0;
+  std::string output;      ///< for standard output
+  std::string diagnostic;  ///< for standard error
+};
+
+/// Reads a command line. `--store` may stand before the name of a command or anywhere behind it.
+std::variant<Request, Farewell> readRequest(int argumentCount, const char* const* arguments);
+
+}  // namespace vemra::desk

@@ -1,0 +1,20 @@
+#include "apps/desk/commands/Commands.hpp"
+#include "apps/desk/window/ShowWindow.hpp"
+
+#include <iostream>
+#include <variant>
+
+int main(int argumentCount, char** arguments) {
+  const auto asked = vemra::desk::readRequest(argumentCount, arguments);
+  if (const auto* farewell = std::get_if<vemra::desk::Farewell>(&asked)) {
+    std::cout << farewell->output << std::flush;
+    std::cerr << farewell->diagnostic;
+    return farewell->exitCode;
+  }
+  const auto& request = std::get<vemra::desk::Request>(asked);
+  // A command needs no display, and starts nothing that would look for one.
+  if (request.command != vemra::desk::Request::Command::showWindow) {
+    return vemra::desk::runCommand(request, std::cout, std::cerr);
+  }
+  return vemra::desk::showWindow(request, std::cerr);
+}

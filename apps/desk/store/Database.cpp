@@ -1,0 +1,205 @@
+#include "apps/desk/store/Database.hpp"
+
+#include "VemraPlatform/text/Equality.hpp"
+#include "apps/desk/store/StoreError.hpp"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <sqlite3.h>
+
+namespace vemra::desk {
+namespace {
+
+constexpr int patienceInMilliseconds = 10'000;
+
+/// SQLite gives ":memory:" and "" a meaning of their own; an absolute path is always a file.
+std::string absolutePath(const std::string& file) {
+  if (file.empty()) throw StoreError("\"\"", "is not the name of a file");
+  if (file.find('\0') != std::string::npos) throw StoreError(file, "is not the name of a file");
+  return std::filesystem::absolute(file).string();
+}
+
+/// Makes sure that there is a file, and that it is one: opening a pipe would wait for ever.
+void prepareFile(const std::string& file, const std::string& path, Database::Opening opening) {
+  if (opening == Database::Opening::orCreate) {
+    // Only a file that was not there is opened and closed here: closing one that SQLite has open
+    // elsewhere in this process would drop its locks.
+    const int made = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (made >= 0) ::close(made);
+    if (made < 0 && errno != EEXIST) {
+      throw StoreError(file, std::string("cannot be made: ") + std::strerror(errno));
+    }
+  }
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0) {
+    throw StoreError(file, std::string("cannot be opened: ") + std::strerror(errno));
+  }
+  if (!S_ISREG(status.st_mode)) throw StoreError(file, "cannot be opened: not a file");
+}
+
+std::string problem(int code, sqlite3* connection) {
+  const int systemError = connection != nullptr ? sqlite3_system_errno(connection) : 0;
+  switch (code & 0xFF) {
+    case SQLITE_NOTADB:
+      return "is not an SQLite database";
+    case SQLITE_CANTOPEN:
+      return std::string("cannot be opened: ") +
+             (systemError != 0 ? std::strerror(systemError) : "its folder may be read-only");
+    case SQLITE_READONLY:
+      return "cannot be changed: it is read-only";
+    case SQLITE_BUSY:
+      return "is in use by another program that does not let go of it";
+    case SQLITE_CORRUPT:
+      return "is damaged";
+    case SQLITE_FULL:
+      return "cannot be changed: the disk is full";
+    case SQLITE_TOOBIG:
+      return "cannot hold a text as long as that";
+    default:
+      return std::string("failed: ") +
+             (connection != nullptr ? sqlite3_errmsg(connection) : sqlite3_errstr(code));
+  }
+}
+
+/// same_text(a, b): whether two texts are canonically equivalent; nil is the same as nothing.
+void sameText(sqlite3_context* context, int, sqlite3_value** values) {
+  const auto isNil = [&](int i) { return sqlite3_value_type(values[i]) == SQLITE_NULL; };
+  const auto view = [&](int i) {
+    const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(values[i]));
+    return std::string_view(bytes, static_cast<std::size_t>(sqlite3_value_bytes(values[i])));
+  };
+  const bool same = !isNil(0) && !isNil(1) && text::equal(view(0), view(1));
+  sqlite3_result_int(context, same ? 1 : 0);
+}
+
+}  // namespace
+
+void Database::Close::operator()(sqlite3* connection) const {
+  sqlite3_close_v2(connection);
+}
+
+Database::Database(const std::string& file, Opening opening) : file_(file) {
+  const std::string path = absolutePath(file);
+  prepareFile(file, path, opening);
+  sqlite3* connection = nullptr;
+  const int code = sqlite3_open_v2(path.c_str(), &connection,
+                                   SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  connection_.reset(connection);
+  if (code != SQLITE_OK) fail(code);
+  sqlite3_extended_result_codes(connection, 1);
+  sqlite3_busy_timeout(connection, patienceInMilliseconds);
+  sqlite3_create_function_v2(connection, "same_text", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+                             nullptr, sameText, nullptr, nullptr, nullptr);
+  run("PRAGMA foreign_keys = ON; PRAGMA trusted_schema = OFF");
+}
+
+void Database::run(const char* sql) {
+  const int code = sqlite3_exec(handle(), sql, nullptr, nullptr, nullptr);
+  if (code != SQLITE_OK) fail(code);
+}
+
+std::int64_t Database::number(const char* sql) {
+  Statement statement(*this, sql);
+  statement.query();
+  return statement.next() ? statement.integer(0) : 0;
+}
+
+void Database::fail(int code) {
+  throw StoreError(file_, problem(code, handle()));
+}
+
+void Statement::Finalize::operator()(sqlite3_stmt* statement) const {
+  sqlite3_finalize(statement);
+}
+
+Statement::Statement(Database& database, std::string_view sql) : database_(&database) {
+  sqlite3_stmt* statement = nullptr;
+  const int code = sqlite3_prepare_v2(database.handle(), sql.data(), static_cast<int>(sql.size()),
+                                      &statement, nullptr);
+  statement_.reset(statement);
+  check(code);
+}
+
+bool Statement::next() {
+  const int code = sqlite3_step(statement_.get());
+  if (code == SQLITE_ROW) return true;
+  if (code != SQLITE_DONE) database_->fail(code);
+  reset();
+  return false;
+}
+
+std::string Statement::text(int column) {
+  const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
+  const int length = sqlite3_column_bytes(statement_.get(), column);
+  return bytes != nullptr ? std::string(bytes, static_cast<std::size_t>(length)) : std::string();
+}
+
+std::optional<std::string> Statement::optionalText(int column) {
+  if (sqlite3_column_type(statement_.get(), column) == SQLITE_NULL) return std::nullopt;
+  return text(column);
+}
+
+std::int64_t Statement::integer(int column) {
+  return sqlite3_column_int64(statement_.get(), column);
+}
+
+void Statement::bind(int index, std::string_view text) {
+  // A null pointer would mean NULL, which an empty text is not.
+  const char* bytes = text.data() != nullptr ? text.data() : "";
+  check(sqlite3_bind_text64(statement_.get(), index, bytes, text.size(), SQLITE_STATIC,
+                            SQLITE_UTF8));
+}
+
+void Statement::bind(int index, const std::optional<std::string>& text) {
+  if (text) {
+    bind(index, std::string_view(*text));
+  } else {
+    check(sqlite3_bind_null(statement_.get(), index));
+  }
+}
+
+void Statement::bind(int index, std::int64_t number) {
+  check(sqlite3_bind_int64(statement_.get(), index, number));
+}
+
+void Statement::bind(int index, const std::optional<std::int64_t>& number) {
+  if (number) {
+    bind(index, *number);
+  } else {
+    check(sqlite3_bind_null(statement_.get(), index));
+  }
+}
+
+void Statement::check(int code) {
+  if (code != SQLITE_OK) database_->fail(code);
+}
+
+void Statement::runBound() {
+  while (next()) {
+  }
+}
+
+void Statement::reset() {
+  sqlite3_reset(statement_.get());
+}
+
+Transaction::Transaction(Database& database, Kind kind) : database_(database) {
+  database.run(kind == Kind::writing ? "BEGIN IMMEDIATE" : "BEGIN");
+}
+
+Transaction::~Transaction() {
+  // A failure may have rolled everything back already; then there is nothing left to do.
+  if (open_) sqlite3_exec(database_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void Transaction::commit() {
+  database_.run("COMMIT");
+  open_ = false;
+}
+
+}  // namespace vemra::desk

@@ -1,0 +1,121 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace vemra::desk {
+
+/// A connection to an SQLite 3 database file, closed at the end of its scope.
+///
+/// Waits for other processes up to ten seconds before it gives up. Every failure, here and in the
+/// statements, is a `StoreError` that names the file. To be used by one thread at a time.
+class Database {
+ public:
+  enum class Opening { existing, orCreate };
+
+  /// Opens the file. Nothing in it is looked at yet, so what is no database is noticed later. A
+  /// file that is made is readable by its owner alone.
+  Database(const std::string& file, Opening opening);
+
+  const std::string& file() const { return file_; }
+
+  /// Runs statements that give no rows and take no values.
+  void run(const char* sql);
+
+  /// The one number that a query gives.
+  std::int64_t number(const char* sql);
+
+  /// The last failure of this connection as a `StoreError`.
+  [[noreturn]] void fail(int code);
+
+  sqlite3* handle() { return connection_.get(); }
+
+ private:
+  struct Close {
+    void operator()(sqlite3* connection) const;
+  };
+
+  std::string file_;
+  std::unique_ptr<sqlite3, Close> connection_;
+};
+
+/// A prepared statement.
+///
+/// Texts go in and come out byte for byte: with their length, so that U+0000 may stand in them.
+class Statement {
+ public:
+  Statement(Database& database, std::string_view sql);
+
+  /// Binds the values to ?1, ?2, … and runs the statement to its end. It can be run again.
+  template <class... Values>
+  void run(const Values&... values) {
+    bindAll(values...);
+    runBound();
+  }
+
+  /// Binds the values; the rows are then fetched with `next`. The values must live until the last.
+  template <class... Values>
+  void query(const Values&... values) {
+    reset();
+    bindAll(values...);
+  }
+
+  /// Goes to the next row; false behind the last one.
+  bool next();
+
+  /// \name The current row, its columns counted from 0.
+  /// @{
+  std::string text(int column);
+  std::optional<std::string> optionalText(int column);
+  std::int64_t integer(int column);
+  /// @}
+
+ private:
+  struct Finalize {
+    void operator()(sqlite3_stmt* statement) const;
+  };
+
+  template <class... Values>
+  void bindAll(const Values&... values) {
+    int index = 0;
+    (bind(++index, values), ...);
+  }
+  void bind(int index, std::string_view text);
+  void bind(int index, const std::string& text) { bind(index, std::string_view(text)); }
+  void bind(int index, const std::optional<std::string>& text);
+  void bind(int index, std::int64_t number);
+  void bind(int index, const std::optional<std::int64_t>& number);
+  void check(int code);
+  void runBound();
+  void reset();
+
+  Database* database_;
+  std::unique_ptr<sqlite3_stmt, Finalize> statement_;
+};
+
+/// A transaction: all of what happens in its scope, or, without `commit`, none of it.
+class Transaction {
+ public:
+  /// A reading one sees one state of the store throughout. A writing one waits for other writers
+  /// first, so that what it reads is still so when it writes.
+  enum class Kind { reading, writing };
+
+  Transaction(Database& database, Kind kind);
+  ~Transaction();
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+
+  void commit();
+
+ private:
+  Database& database_;
+  bool open_ = true;
+};
+
+}  // namespace vemra::desk

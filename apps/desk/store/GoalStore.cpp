@@ -1,0 +1,159 @@
+#include "apps/desk/store/GoalStore.hpp"
+
+#include "apps/desk/store/OutcomeRows.hpp"
+#include "apps/desk/store/ResultRows.hpp"
+#include "apps/desk/store/Schema.hpp"
+#include "apps/desk/store/StoreError.hpp"
+
+#include <ctime>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace vemra::desk {
+namespace {
+
+using enum Transaction::Kind;
+
+/// Readers and a writer do not wait for each other in this mode, which stays with the file.
+void useWriteAheadLog(Database& database) {
+  Statement(database, "PRAGMA journal_mode = WAL").run();
+}
+
+/// The present moment as an internet date-time in UTC.
+std::string now() {
+  const std::time_t time = std::time(nullptr);
+  std::tm parts{};
+  gmtime_r(&time, &parts);
+  char text[32];
+  const std::size_t length = std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &parts);
+  return {text, length};
+}
+
+}  // namespace
+
+GoalStore GoalStore::open(const std::string& file) {
+  Database database(file, Database::Opening::orCreate);
+  prepareSchema(database);
+  useWriteAheadLog(database);
+  return GoalStore(std::move(database));
+}
+
+std::optional<GoalStore> GoalStore::openExisting(const std::string& file) {
+  std::error_code error;
+  const auto path = std::filesystem::absolute(file.empty() ? "." : file, error);
+  const bool missing = !file.empty() && !std::filesystem::exists(path, error) && !error;
+  if (missing && std::filesystem::is_directory(path.parent_path(), error)) return std::nullopt;
+  Database database(file, Database::Opening::existing);
+  if (!hasSchema(database)) return std::nullopt;
+  return GoalStore(std::move(database));
+}
+
+std::vector<GoalListing> GoalStore::goals() {
+  Statement row(database_, "SELECT id, title FROM goals ORDER BY number");
+  std::vector<GoalListing> goals;
+  row.query();
+  while (row.next()) goals.push_back({row.text(0), row.text(1)});
+  return goals;
+}
+
+bool GoalStore::hasGoal(const std::string& goalID) {
+  return find(goalID).has_value();
+}
+
+GetGoalSnapshotResponse GoalStore::result(const std::string& goalID) {
+  const Transaction transaction(database_, reading);
+  const std::int64_t goal = findOrThrow(goalID);
+  GetGoalSnapshotResponse result = readResultRows(database_, goal);
+  result.outcomes = readOutcomes(database_, goal);
+  return result;
+}
+
+SharedArray<GoalOutcomeDTO> GoalStore::outcomes(const std::string& goalID) {
+  const Transaction transaction(database_, reading);
+  return readOutcomes(database_, findOrThrow(goalID));
+}
+
+std::vector<LeftOutOutcome> GoalStore::import(const std::vector<GetGoalSnapshotResponse>& results) {
+  Transaction transaction(database_, writing);
+  std::vector<LeftOutOutcome> leftOut;
+  for (std::size_t i = 0; i < results.size(); ++i) {
+    std::optional<std::int64_t> goal = find(results[i].goal.id);
+    if (goal) {
+      replaceResult(database_, *goal, results[i]);
+    } else {
+      goal = addResult(database_, results[i]);
+    }
+    for (const std::size_t outcome : mergeOutcomes(database_, *goal, results[i].outcomes)) {
+      leftOut.push_back({i, outcome});
+    }
+  }
+  transaction.commit();
+  return leftOut;
+}
+
+GoalOutcomeDTO GoalStore::record(const std::string& goalID,
+                                 const GoalOutcomeRecordingInput& input) {
+  Transaction transaction(database_, writing);
+  const std::int64_t goal = findOrThrow(goalID);
+  GoalOutcomeDTO outcome;
+  outcome.id = newOutcomeID(database_);
+  outcome.goalID = goalID;
+  outcome.subjectKind = input.subjectKind;
+  outcome.subjectRef = input.subjectRef;
+  outcome.value = input.outcome;
+  outcome.note = input.note;
+  outcome.recordedAt = now();
+  outcome.correctsOutcomeID = input.correctsOutcomeID;
+  appendOutcome(database_, goal, outcome);
+  transaction.commit();
+  return outcome;
+}
+
+PersonKnowledge GoalStore::person(const std::string& personRef) {
+  const Transaction transaction(database_, reading);
+  return readPersonKnowledge(database_, personRef);
+}
+
+EvidenceKnowledge GoalStore::evidence(const std::string& evidenceID) {
+  const Transaction transaction(database_, reading);
+  return readEvidenceKnowledge(database_, evidenceID);
+}
+
+std::vector<std::optional<std::string>> GoalStore::names(
+    const std::string& goalID, const SharedArray<std::string>& personRefs) {
+  const Transaction transaction(database_, reading);
+  const std::int64_t goal = find(goalID).value_or(0);
+  std::vector<std::optional<std::string>> names;
+  Statement row(database_,
+                "SELECT display_name FROM people WHERE same_text(person_ref, ?1) "
+                "AND display_name IS NOT NULL ORDER BY goal <> ?2, goal, position LIMIT 1");
+  for (const std::string& personRef : personRefs) {
+    row.query(personRef, goal);
+    names.push_back(row.next() ? row.optionalText(0) : std::nullopt);
+  }
+  return names;
+}
+
+std::int64_t GoalStore::version() {
+  return database_.number("PRAGMA data_version");
+}
+
+std::optional<std::int64_t> GoalStore::find(const std::string& goalID) {
+  // The id byte for byte, through the index, settles almost every question.
+  for (const char* sql : {"SELECT number FROM goals WHERE id = ?1",
+                          "SELECT number FROM goals WHERE same_text(id, ?1) ORDER BY number"}) {
+    Statement row(database_, sql);
+    row.query(goalID);
+    if (row.next()) return row.integer(0);
+  }
+  return std::nullopt;
+}
+
+std::int64_t GoalStore::findOrThrow(const std::string& goalID) {
+  const std::optional<std::int64_t> goal = find(goalID);
+  if (!goal) throw UnknownGoal(file(), goalID);
+  return *goal;
+}
+
+}  // namespace vemra::desk

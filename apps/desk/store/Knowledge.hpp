@@ -1,0 +1,64 @@
+#pragma once
+
+#include "VemraGoalEngine/GoalRecords.hpp"
+#include "apps/desk/store/Database.hpp"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// \file
+/// What the whole store knows of one person or one piece of evidence, across its goals.
+/// References are compared under canonical equivalence.
+
+namespace vemra::desk {
+
+/// What is known of a person.
+struct PersonKnowledge {
+  /// The person as one of a goal's people.
+  struct Suggestion {
+    std::string goalTitle;
+    std::optional<std::string> displayName;
+    GoalWhyDTO why;
+    std::vector<std::string> evidenceIDs;  ///< strongest first
+  };
+  struct Outcome {
+    std::string goalTitle;
+    GoalOutcomeDTO outcome;
+  };
+
+  std::string personRef;
+  std::optional<std::string> name;          ///< the first name any goal has
+  std::vector<Suggestion> suggestions;      ///< in the order of the goals
+  std::vector<std::string> goalsTowards;    ///< titles of the goals that aim at the person
+  std::vector<std::string> goalsWithPaths;  ///< titles of the goals with a path over the person
+  std::vector<Outcome> outcomes;            ///< what was recorded about the person, oldest first
+};
+
+/// What is known of a piece of evidence.
+struct EvidenceKnowledge {
+  /// A person's or a path's reason that rests on it.
+  struct Statement {
+    std::string goalTitle;
+    std::string label;
+    std::string detail;
+  };
+  /// A person it speaks for.
+  struct Person {
+    std::string goalTitle;
+    std::string personRef;
+    std::optional<std::string> displayName;
+    std::size_t rank;  ///< 0: the strongest evidence for that person
+    GoalWhyDTO why;    ///< why that person is suggested
+  };
+
+  std::string evidenceID;
+  std::vector<Statement> statements;
+  std::vector<Person> people;
+};
+
+PersonKnowledge readPersonKnowledge(Database& database, const std::string& personRef);
+EvidenceKnowledge readEvidenceKnowledge(Database& database, const std::string& evidenceID);
+
+}  // namespace vemra::desk

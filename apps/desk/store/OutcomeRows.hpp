@@ -1,0 +1,36 @@
+#pragma once
+
+#include "VemraGoalEngine/GoalRecords.hpp"
+#include "apps/desk/store/Database.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// \file
+/// Recorded outcomes as rows: they are added and read, and nothing else is ever done with them.
+/// To be called inside a transaction.
+
+namespace vemra::desk {
+
+/// The outcomes of a goal in the order in which they were recorded.
+std::vector<GoalOutcomeDTO> readOutcomes(Database& database, std::int64_t goal);
+
+/// Records an outcome behind all others of its goal.
+void appendOutcome(Database& database, std::int64_t goal, const GoalOutcomeDTO& outcome);
+
+/// Records those of a document's outcomes that are not recorded yet, in the document's order.
+///
+/// An outcome is recorded already when the goal has one of the same id. Where a document uses an id
+/// several times, its first use stands for the first record of that id, and so on; so importing a
+/// document twice adds nothing, and a document always comes out as it went in. A record is never
+/// touched: where the document says something else about it, the record stays.
+/// - Returns: the indices of the document's outcomes that were left out for that reason.
+std::vector<std::size_t> mergeOutcomes(Database& database, std::int64_t goal,
+                                       const SharedArray<GoalOutcomeDTO>& outcomes);
+
+/// An id that no outcome in the store has.
+std::string newOutcomeID(Database& database);
+
+}  // namespace vemra::desk

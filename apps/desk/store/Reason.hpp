@@ -1,0 +1,33 @@
+#pragma once
+
+#include "VemraGoalEngine/GoalWhyDTO.hpp"
+#include "apps/desk/store/Database.hpp"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace vemra::desk {
+
+/// A reason as the columns of a row: the kind, and nil in every column that the kind does not use.
+struct ReasonColumns {
+  explicit ReasonColumns(const GoalWhyDTO& why);
+
+  std::string kind;
+  std::optional<std::string> label;
+  std::optional<std::string> detail;
+  std::optional<std::string> reference;
+  std::optional<std::int64_t> hopCount;
+  std::optional<std::int64_t> threadCount;
+  std::optional<std::int64_t> meetingCount;
+};
+
+/// The names of those columns, in that order, for a list in SQL.
+inline constexpr const char* reasonColumnNames =
+    "why_kind, why_label, why_detail, why_reference, why_hop_count, why_thread_count, "
+    "why_meeting_count";
+
+/// Reads the reason from the seven columns of the current row that begin at `first`.
+GoalWhyDTO readReason(Database& database, Statement& row, int first);
+
+}  // namespace vemra::desk

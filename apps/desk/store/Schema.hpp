@@ -1,0 +1,27 @@
+#pragma once
+
+#include "apps/desk/store/Database.hpp"
+
+/// \file
+/// The tables of a store, and how a file is recognised as one.
+///
+/// A store carries an application id and a schema version in its header (SQLite's `application_id`
+/// and `user_version`). A file without tables is a new store. What a person wrote is kept by the
+/// database itself: triggers refuse to change, replace or remove a recorded outcome, whoever asks.
+
+namespace vemra::desk {
+
+/// The version of the tables that this program writes and reads.
+inline constexpr int schemaVersion = 1;
+
+/// Makes the tables in a file that has none, and makes sure that the file is a store of a version
+/// that is known. Several processes may do so at once.
+///
+/// Throws a `StoreError` for anything else; the file is then as it was.
+void prepareSchema(Database& database);
+
+/// Says whether the file is a store, or throws a `StoreError` when it is something else. False means
+/// that it has no tables yet. Changes nothing.
+bool hasSchema(Database& database);
+
+}  // namespace vemra::desk

@@ -1,0 +1,82 @@
+#include "apps/desk/store/StoreEngine.hpp"
+
+#include "VemraPlatform/task/Start.hpp"
+#include "apps/desk/store/StoreError.hpp"
+
+#include <functional>
+#include <utility>
+
+namespace vemra::desk {
+namespace {
+
+/// Does `work` with the store, on the store's thread. Holds the thread as long as it is needed.
+template <class Answer>
+task::Task<Answer> onThread(std::shared_ptr<StoreThread> thread,
+                            std::function<Answer(GoalStore&)> work) {
+  auto turn = thread->turn();
+  GoalStore& store = co_await turn;
+  co_return work(store);
+}
+
+}  // namespace
+
+StoreEngine::StoreEngine(std::string file)
+    : thread_(std::make_shared<StoreThread>(std::move(file))) {}
+
+task::Task<GetGoalSnapshotResponse> StoreEngine::getGoalSnapshot(std::string goalID) {
+  return onThread<GetGoalSnapshotResponse>(
+      thread_, [goalID = std::move(goalID)](GoalStore& store) { return store.result(goalID); });
+}
+
+task::Task<GoalOutcomeDTO> StoreEngine::record(std::string goalID,
+                                               GoalOutcomeRecordingInput input) {
+  return onThread<GoalOutcomeDTO>(
+      thread_, [goalID = std::move(goalID), input = std::move(input)](GoalStore& store) {
+        return store.record(goalID, input);
+      });
+}
+
+task::Task<std::vector<GoalListing>> StoreEngine::goals() {
+  return onThread<std::vector<GoalListing>>(thread_, &GoalStore::goals);
+}
+
+task::Task<std::vector<LeftOutOutcome>> StoreEngine::import(
+    std::vector<GetGoalSnapshotResponse> results) {
+  return onThread<std::vector<LeftOutOutcome>>(
+      thread_,
+      [results = std::move(results)](GoalStore& store) { return store.import(results); });
+}
+
+task::Task<PersonKnowledge> StoreEngine::person(std::string personRef) {
+  return onThread<PersonKnowledge>(thread_, [personRef = std::move(personRef)](GoalStore& store) {
+    return store.person(personRef);
+  });
+}
+
+task::Task<EvidenceKnowledge> StoreEngine::evidence(std::string evidenceID) {
+  return onThread<EvidenceKnowledge>(
+      thread_,
+      [evidenceID = std::move(evidenceID)](GoalStore& store) { return store.evidence(evidenceID); });
+}
+
+task::Task<std::vector<std::optional<std::string>>> StoreEngine::names(
+    std::string goalID, SharedArray<std::string> personRefs) {
+  return onThread<std::vector<std::optional<std::string>>>(
+      thread_, [goalID = std::move(goalID), personRefs = std::move(personRefs)](GoalStore& store) {
+        return store.names(goalID, personRefs);
+      });
+}
+
+task::Task<std::int64_t> StoreEngine::version() {
+  return onThread<std::int64_t>(thread_, &GoalStore::version);
+}
+
+void StoreEngine::finish() {
+  try {
+    task::wait(version());
+  } catch (const StoreError&) {
+    // Turns come in order, so this one has come and with it the end of the others.
+  }
+}
+
+}  // namespace vemra::desk

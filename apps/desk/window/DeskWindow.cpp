@@ -1,0 +1,225 @@
+#include "apps/desk/window/DeskWindow.hpp"
+
+#include "VemraGoalSurface/GoalResultView.hpp"
+#include "VemraGoalSurface/model/GoalResultProjectionReader.hpp"
+#include "VemraPlatform/text/Equality.hpp"
+#include "VemraQt/ViewWidget.hpp"
+#include "apps/desk/store/SampleGoals.hpp"
+#include "apps/desk/window/GoalList.hpp"
+#include "apps/desk/window/Notice.hpp"
+#include "apps/desk/window/OnMainThread.hpp"
+#include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/SidePane.hpp"
+#include "apps/desk/window/Welcome.hpp"
+
+#include <exception>
+#include <utility>
+
+#include <QShortcut>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace vemra::desk {
+namespace {
+
+constexpr int millisecondsBetweenLooks = 400;
+
+/// What a failed task has to say; "" for one that succeeded.
+template <class T>
+QString failureOf(const task::Result<T>& result) {
+  if (result.hasValue()) return {};
+  try {
+    std::rethrow_exception(result.exception());
+  } catch (const std::exception& error) {
+    return fromUTF8(error.what());
+  } catch (...) {
+    return "unknown failure";
+  }
+}
+
+}  // namespace
+
+DeskWindow::DeskWindow(std::shared_ptr<StoreEngine> engine, std::optional<std::string> goalID)
+    : engine_(std::move(engine)), goalID_(std::move(goalID)) {
+  setObjectName("desk");
+  setWindowTitle("Vemra Desk");
+  resize(1080, 760);
+
+  auto* page = new QWidget;
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  notice_ = new Notice;
+  column->addWidget(makePanes(), 1);
+  column->addWidget(notice_);
+  setCentralWidget(page);
+
+  connect(goals_, &GoalList::goalChosen, this, &DeskWindow::openGoal);
+  connect(welcome_, &Welcome::samplesWanted, this, &DeskWindow::addSampleGoals);
+  connect(side_, &SidePane::closed, this, &DeskWindow::closeSide);
+  connect(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, this,
+          &DeskWindow::closeSide);
+  auto* timer = new QTimer(this);
+  connect(timer, &QTimer::timeout, this, &DeskWindow::lookForChanges);
+  timer->start(millisecondsBetweenLooks);
+
+  lookForChanges();  // before the first load, so that no change falls in between
+  loadGoals();
+}
+
+QWidget* DeskWindow::makePanes() {
+  auto* panes = new QSplitter;
+  panes->setChildrenCollapsible(false);
+  panes->setHandleWidth(1);
+  goals_ = new GoalList;
+  centre_ = new QStackedWidget;
+  screen_ = new qt::ViewWidget;
+  welcome_ = new Welcome;
+  side_ = new SidePane;
+  side_->setEnvironment(screen_->environment());
+  centre_->addWidget(screen_);
+  centre_->addWidget(welcome_);
+  for (QWidget* pane : {static_cast<QWidget*>(goals_), static_cast<QWidget*>(centre_),
+                        static_cast<QWidget*>(side_)}) {
+    panes->addWidget(pane);
+  }
+  goals_->setMinimumWidth(160);
+  centre_->setMinimumWidth(320);
+  panes->setStretchFactor(1, 1);
+  panes->setSizes({230, 560, 290});
+  return panes;
+}
+
+void DeskWindow::loadGoals() {
+  startOnMainThread(*this, engine_->goals(), [this](auto result) { takeGoals(std::move(result)); });
+}
+
+void DeskWindow::takeGoals(task::Result<std::vector<GoalListing>> result) {
+  if (const QString failure = failureOf(result); !failure.isEmpty()) {
+    notice_->show("The goals could not be loaded. " + failure, [this] { loadGoals(); });
+    return;
+  }
+  const std::vector<GoalListing> goals = std::move(result).take();
+  if (!goalID_ && !goals.empty()) goalID_ = goals.front().id;
+  goals_->setGoals(goals, goalID_.value_or(""));
+  goals_->setVisible(!goals.empty());
+  centre_->setCurrentWidget(goals.empty() ? static_cast<QWidget*>(welcome_) : screen_);
+  if (goalID_) loadSnapshot();
+}
+
+void DeskWindow::openGoal(const std::string& goalID) {
+  if (goalID_ && text::equal(*goalID_, goalID)) return;
+  goalID_ = goalID;
+  closeSide();
+  loadSnapshot();
+}
+
+void DeskWindow::loadSnapshot() {
+  const std::string goalID = *goalID_;
+  startOnMainThread(*this, GoalResultProjectionReader::makeSnapshot(engine_, goalID),
+                    [this, goalID](auto result) { takeSnapshot(goalID, std::move(result)); });
+}
+
+void DeskWindow::takeSnapshot(const std::string& goalID, task::Result<GoalResultSnapshotV1> result) {
+  if (goalID_ != goalID) return;  // the reader has gone on to another goal
+  if (const QString failure = failureOf(result); !failure.isEmpty()) {
+    notice_->show("The goal could not be loaded. " + failure, [this] { loadSnapshot(); });
+    return;
+  }
+  const ui::View view = GoalResultView(
+      std::move(result).take(), [this](const std::string& personRef) { openPerson(personRef); },
+      [this](const std::string& evidenceID) { showEvidence(evidenceID); },
+      [this](const GoalPathCandidateDTO& path) { showPath(path); },
+      [this, goalID](const GoalOutcomeRecordingInput& input) { record(goalID, input); });
+  // The id keeps an editor that is open in one goal from appearing in the next.
+  screen_->setRoot(view.id(goalID));
+}
+
+void DeskWindow::record(const std::string& goalID, const GoalOutcomeRecordingInput& input) {
+  startOnMainThread(*this, engine_->record(goalID, input), [this, goalID, input](auto result) {
+    if (const QString failure = failureOf(result); !failure.isEmpty()) {
+      notice_->show("The outcome was not recorded. " + failure,
+                    [this, goalID, input] { record(goalID, input); });
+      return;
+    }
+    loadSnapshot();
+    if (refreshSide_) refreshSide_();
+  });
+}
+
+void DeskWindow::addSampleGoals() {
+  startOnMainThread(*this, engine_->import(sampleGoals()), [this](auto result) {
+    if (const QString failure = failureOf(result); !failure.isEmpty()) {
+      notice_->show("The sample goals were not added. " + failure);
+      return;
+    }
+    loadGoals();
+  });
+}
+
+void DeskWindow::openPerson(const std::string& personRef) {
+  refreshSide_ = [this, personRef] {
+    startOnMainThread(*this, engine_->person(personRef), [this](auto result) {
+      if (const QString failure = failureOf(result); !failure.isEmpty()) {
+        notice_->show("The person could not be looked up. " + failure);
+      } else {
+        side_->showPerson(std::move(result).take());
+      }
+    });
+  };
+  refreshSide_();
+}
+
+void DeskWindow::showEvidence(const std::string& evidenceID) {
+  refreshSide_ = [this, evidenceID] {
+    startOnMainThread(*this, engine_->evidence(evidenceID), [this](auto result) {
+      if (const QString failure = failureOf(result); !failure.isEmpty()) {
+        notice_->show("The source could not be looked up. " + failure);
+      } else {
+        side_->showEvidence(std::move(result).take());
+      }
+    });
+  };
+  refreshSide_();
+}
+
+void DeskWindow::showPath(const GoalPathCandidateDTO& path) {
+  refreshSide_ = [this, path, goalID = goalID_.value_or("")] {
+    startOnMainThread(*this, engine_->names(goalID, path.personRefs), [this, path](auto result) {
+      if (const QString failure = failureOf(result); !failure.isEmpty()) {
+        notice_->show("The people on the path could not be looked up. " + failure);
+      } else {
+        side_->showPath(path, std::move(result).take());
+      }
+    });
+  };
+  refreshSide_();
+}
+
+void DeskWindow::closeSide() {
+  refreshSide_ = nullptr;
+  if (side_->isHidden()) return;
+  const bool hadFocus = side_->isAncestorOf(focusWidget());
+  side_->hide();
+  if (hadFocus) screen_->setFocus();
+}
+
+void DeskWindow::lookForChanges() {
+  if (std::exchange(looking_, true)) return;  // a slow disk is not asked twice at once
+  startOnMainThread(*this, engine_->version(), [this](auto result) {
+    looking_ = false;
+    const QString failure = failureOf(result);
+    if (failure != std::exchange(lookingFailed_, failure) && !failure.isEmpty()) {
+      notice_->show("The store could not be read. " + failure);
+    }
+    if (!failure.isEmpty()) return;
+    const std::int64_t version = std::move(result).take();
+    if (std::exchange(version_, version).value_or(version) == version) return;
+    loadGoals();
+    if (refreshSide_) refreshSide_();
+  });
+}
+
+}  // namespace vemra::desk

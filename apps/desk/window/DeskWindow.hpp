@@ -1,0 +1,77 @@
+#pragma once
+
+#include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
+#include "VemraGoalSurface/model/GoalResultSnapshotV1.hpp"
+#include "VemraPlatform/task/Result.hpp"
+#include "apps/desk/store/StoreEngine.hpp"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <QMainWindow>
+
+class QStackedWidget;
+
+namespace vemra::qt {
+class ViewWidget;
+}
+
+namespace vemra::desk {
+
+class GoalList;
+class Notice;
+class SidePane;
+class Welcome;
+
+/// The window of the reference host: the goals at the left, the result screen of the open one, and
+/// beside it what the store knows of a person, a source or a path.
+///
+/// This is the whole of a host's part: load a snapshot off the main thread, hand a view made from it
+/// to the screen, and when the screen hands out a recording, store it, load again, hand in a new
+/// view. Changes that other processes make to the store show up by themselves.
+class DeskWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  /// Starts to load at once, and opens the goal of that id or else the first one there is.
+  DeskWindow(std::shared_ptr<StoreEngine> engine, std::optional<std::string> goalID);
+
+  qt::ViewWidget& screen() { return *screen_; }
+
+ private:
+  void loadGoals();
+  void takeGoals(task::Result<std::vector<GoalListing>> result);
+  void openGoal(const std::string& goalID);
+  void loadSnapshot();
+  void takeSnapshot(const std::string& goalID, task::Result<GoalResultSnapshotV1> result);
+  void record(const std::string& goalID, const GoalOutcomeRecordingInput& input);
+  void addSampleGoals();
+
+  void openPerson(const std::string& personRef);
+  void showEvidence(const std::string& evidenceID);
+  void showPath(const GoalPathCandidateDTO& path);
+  void closeSide();
+
+  void lookForChanges();
+  QWidget* makePanes();
+
+  std::shared_ptr<StoreEngine> engine_;
+  std::optional<std::string> goalID_;    // of the open goal
+  std::function<void()> refreshSide_;    // asks once more for what the side pane shows
+  std::optional<std::int64_t> version_;  // of the store, when it was last looked at
+  bool looking_ = false;
+  QString lookingFailed_;  // what was said about it last
+
+  GoalList* goals_;
+  QStackedWidget* centre_;
+  qt::ViewWidget* screen_;
+  Welcome* welcome_;
+  SidePane* side_;
+  Notice* notice_;
+};
+
+}  // namespace vemra::desk

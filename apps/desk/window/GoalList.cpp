@@ -1,0 +1,54 @@
+#include "apps/desk/window/GoalList.hpp"
+
+#include "VemraPlatform/text/Equality.hpp"
+#include "apps/desk/window/GoalRow.hpp"
+#include "apps/desk/window/PlainText.hpp"
+
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+namespace vemra::desk {
+
+GoalList::GoalList(QWidget* parent) : QScrollArea(parent) {
+  setObjectName("desk.goals");
+  setAccessibleName("Goals");
+  setFrameShape(QFrame::NoFrame);
+  setWidgetResizable(true);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setFocusPolicy(Qt::NoFocus);
+  auto* page = new QWidget;
+  rows_ = new QVBoxLayout(page);
+  rows_->setContentsMargins(10, 14, 10, 14);
+  rows_->setSpacing(2);
+  QLabel* heading = makeLabel("Goals", TextRole::heading);
+  heading->setContentsMargins(10, 0, 10, 6);
+  rows_->addWidget(heading);
+  rows_->addStretch(1);
+  setWidget(page);
+  viewport()->setAutoFillBackground(false);
+  page->setAutoFillBackground(false);
+}
+
+void GoalList::setGoals(const std::vector<GoalListing>& goals, const std::string& openGoalID) {
+  while (buttons_.size() > goals.size()) {
+    delete buttons_.back();
+    buttons_.pop_back();
+  }
+  for (std::size_t i = 0; i < goals.size(); ++i) {
+    if (i == buttons_.size()) {
+      auto* row = new GoalRow;
+      rows_->insertWidget(rows_->count() - 1, row);
+      buttons_.push_back(row);
+      connect(row, &QPushButton::clicked, this, [this, row] {
+        Q_EMIT goalChosen(row->property("goalID").toByteArray().toStdString());
+      });
+    }
+    auto* row = static_cast<GoalRow*>(buttons_[i]);
+    row->setTitle(fromUTF8(goals[i].title));
+    row->setProperty("goalID", QByteArray::fromStdString(goals[i].id));
+    row->setObjectName("desk.goal." + fromUTF8(goals[i].id));
+    if (text::equal(goals[i].id, openGoalID)) row->setChecked(true);
+  }
+}
+
+}  // namespace vemra::desk

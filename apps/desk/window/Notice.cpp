@@ -1,0 +1,50 @@
+#include "apps/desk/window/Notice.hpp"
+
+#include "apps/desk/window/PlainText.hpp"
+
+#include <utility>
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QPushButton>
+
+namespace vemra::desk {
+
+Notice::Notice(QWidget* parent) : QFrame(parent), label_(makeLabel({}, TextRole::body)) {
+  setObjectName("desk.notice");
+  setFrameShape(QFrame::StyledPanel);
+  setAutoFillBackground(true);
+  setBackgroundRole(QPalette::AlternateBase);
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(16, 8, 12, 8);
+  row->addWidget(label_, 1);
+  again_ = new QPushButton("Try again");
+  again_->setObjectName("desk.notice.again");
+  auto* dismiss = new QPushButton("Dismiss");
+  dismiss->setObjectName("desk.notice.dismiss");
+  row->addWidget(again_);
+  row->addWidget(dismiss);
+  connect(dismiss, &QPushButton::clicked, this, &QWidget::hide);
+  connect(again_, &QPushButton::clicked, this, [this] {
+    hide();
+    const auto tryAgain = std::exchange(tryAgain_, nullptr);
+    if (tryAgain) tryAgain();
+  });
+  hide();
+}
+
+void Notice::show(const QString& text, std::function<void()> again) {
+  label_->setText(text);
+  setAccessibleName(text);
+  tryAgain_ = std::move(again);
+  again_->setVisible(tryAgain_ != nullptr);
+  QFrame::show();
+  QAccessibleEvent alert(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
+}
+
+QString Notice::text() const {
+  return label_->text();
+}
+
+}  // namespace vemra::desk

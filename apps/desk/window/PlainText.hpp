@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <QLabel>
+#include <QString>
+
+/// \file
+/// Texts of people and engines in widgets: shown literally, whatever characters they hold.
+
+namespace vemra::desk {
+
+inline QString fromUTF8(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// The roles of text in the panes.
+enum class TextRole { title, heading, strong, body, quiet };
+
+/// A label with wrapped, literal text.
+QLabel* makeLabel(const QString& text, TextRole role);
+
+/// The same for the title of a button, in which Qt would read "&" as a mark.
+QString asButtonTitle(QString text);
+
+}  // namespace vemra::desk

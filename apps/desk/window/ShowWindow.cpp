@@ -1,0 +1,71 @@
+#include "apps/desk/window/ShowWindow.hpp"
+
+#include "apps/desk/commands/Commands.hpp"
+#include "apps/desk/store/GoalStore.hpp"
+#include "apps/desk/store/StoreEngine.hpp"
+#include "apps/desk/store/StoreError.hpp"
+#include "apps/desk/window/DeskWindow.hpp"
+
+#include <cstdlib>
+#include <memory>
+
+#include <QApplication>
+
+namespace vemra::desk {
+namespace {
+
+/// Without one the toolkit would end the process in its own way.
+bool hasDisplay() {
+  for (const char* variable : {"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY"}) {
+    const char* value = std::getenv(variable);
+    if (value != nullptr && *value != '\0') return true;
+  }
+  return false;
+}
+
+/// Makes sure that the store can be used before there is a window; gives its file.
+std::string readyStore(const Request& request) {
+  if (request.goal) {
+    std::optional<GoalStore> store = existingStore(request);
+    if (!store || !store->hasGoal(*request.goal)) {
+      throw UnknownGoal(storeFile(request), *request.goal);
+    }
+  }
+  const std::string file = storeFileToWrite(request);
+  GoalStore::open(file);
+  return file;
+}
+
+}  // namespace
+
+int showWindow(const Request& request, std::ostream& diagnostics) {
+  if (!hasDisplay()) {
+    diagnostics << "vemra-desk: there is no display to show the window on\n";
+    return 2;
+  }
+  std::string file;
+  try {
+    file = readyStore(request);
+  } catch (const StoreError& error) {
+    diagnostics << error.what() << '\n';
+    return 2;
+  }
+  int argumentCount = 1;
+  char name[] = "vemra-desk";
+  char* arguments[] = {name, nullptr};
+  QApplication application(argumentCount, arguments);
+  QApplication::setApplicationName("vemra-desk");
+  QApplication::setDesktopFileName("vemra-desk");
+
+  const auto engine = std::make_shared<StoreEngine>(file);
+  int exitCode = 0;
+  {
+    DeskWindow window(engine, request.goal);
+    window.show();
+    exitCode = QApplication::exec();
+  }
+  engine->finish();
+  return exitCode;
+}
+
+}  // namespace vemra::desk

@@ -1,0 +1,173 @@
+#include "Sample.hpp"
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace vemra::ui {
+
+namespace {
+
+using namespace sample;
+
+using Kind = Patch::Kind;
+
+View screen() {
+  return Group({Counter{"it"}, list(numbered(5)), Text("end")});
+}
+
+}  // namespace
+
+TEST(RendererTest, GetsTheWholeTreeParentsFirst) {
+  ViewGraph graph;
+  Window window;
+  graph.setRoot(screen());
+  graph.attach(window);
+  ASSERT_FALSE(window.log.empty());
+  for (const Patch& patch : window.log) EXPECT_EQ(patch.kind, Kind::insert);
+  EXPECT_FALSE(window.log.front().parent);
+  EXPECT_EQ(difference(graph, window.tree), "");
+}
+
+TEST(RendererTest, OneThatComesLateFindsTheTreeAsItIsAndItsState) {
+  ViewGraph graph;
+  graph.setRoot(screen());
+  press(graph, "+");
+  testing::RenderedTree late;
+  graph.attach(late);
+  EXPECT_EQ(difference(graph, late), "");
+  EXPECT_EQ(texts(graph.root()).size(), 7U) << "this renderer wants every row";
+  EXPECT_EQ(texts(graph.root()).front(), "it=1");
+}
+
+TEST(RendererTest, WithoutARendererNoRowIsDescribedAndNothingIsLost) {
+  ViewGraph graph;
+  graph.setRoot(screen());
+  EXPECT_EQ(graph.work().rows, 0U);
+  EXPECT_EQ(graph.work().patches, 0U);
+  press(graph, "+");
+  graph.setRoot(Text("other kind of root"));
+  EXPECT_EQ(graph.work().patches, 0U);
+}
+
+TEST(RendererTest, ADetachedOneHearsNothingMore) {
+  ViewGraph graph;
+  {
+    testing::RenderedTree first;
+    graph.attach(first);
+    graph.setRoot(screen());
+    graph.detach();
+  }
+  press(graph, "+");
+  graph.setRoot(screen());
+  testing::RenderedTree second;
+  graph.attach(second);
+  EXPECT_EQ(difference(graph, second), "");
+  EXPECT_EQ(texts(graph.root()).front(), "it=1");
+}
+
+TEST(RendererTest, AnotherTakesOver) {
+  ViewGraph graph;
+  Window first;
+  testing::RenderedTree second;
+  graph.attach(first);
+  graph.setRoot(screen());
+  graph.attach(second);
+  const std::size_t heard = first.log.size();
+  press(graph, "+");
+  EXPECT_EQ(first.log.size(), heard);
+  EXPECT_EQ(difference(graph, second), "");
+}
+
+TEST(RendererTest, OneAttachedFromInsideACallbackGetsTheNewRootToo) {
+  ViewGraph graph;
+  testing::RenderedTree first;
+  Window second;
+  graph.attach(first);
+  graph.setRoot(Group({Counter{}, Button("go", [&] {
+                         press(graph, "+");
+                         graph.setRoot(Group({Counter{"new"}}));
+                         graph.attach(second);
+                       })}));
+  press(graph, "go");
+  EXPECT_EQ(difference(graph, second.tree), "");
+  EXPECT_EQ(texts(graph.root()).front().substr(0, 3), "new");
+}
+
+TEST(RendererTest, OneDetachedFromInsideApplyIsLeftAlone) {
+  ViewGraph graph;
+  Window window;
+  graph.attach(window);
+  window.onApply = [&](const std::vector<Patch>&) { graph.detach(); };
+  graph.setRoot(screen());
+  const std::size_t heard = window.log.size();
+  graph.setRoot(Text("x"));
+  EXPECT_EQ(window.log.size(), heard);
+}
+
+TEST(RendererTest, AnEmptyScreenIsNoPatch) {
+  ViewGraph graph;
+  testing::RenderedTree tree;
+  graph.attach(tree);
+  graph.setRoot(View());
+  graph.setEnvironment({});
+  EXPECT_EQ(tree.patchCount(), 0U);
+  graph.setRoot(Text("x"));
+  graph.setRoot(View());
+  EXPECT_FALSE(tree.root());
+}
+
+TEST(RendererTest, APatchSaysNoMoreThanItsKindNeeds) {
+  ViewGraph graph;
+  Window window;
+  graph.attach(window);
+  const auto show = [&](std::vector<View> children) {
+    graph.setRoot(Group(std::move(children)));
+    return window.take();
+  };
+  show({Text("a").id("a"), Text("b").id("b")});
+  const auto node = [&](std::size_t i) { return graph.root()->children[i]->id; };
+
+  auto patches = show({Text("b").id("b"), Text("a").id("a")});
+  ASSERT_EQ(patches.size(), 1U);
+  EXPECT_EQ(patches[0].kind, Kind::move);
+  EXPECT_EQ(patches[0].node, node(0));
+  EXPECT_EQ(patches[0].parent, graph.root()->id);
+  EXPECT_FALSE(patches[0].after);
+  EXPECT_FALSE(patches[0].element);
+
+  patches = show({Text("b!").id("b"), Text("a").id("a")});
+  ASSERT_EQ(patches.size(), 1U);
+  EXPECT_EQ(patches[0].kind, Kind::update);
+  EXPECT_FALSE(patches[0].parent);
+  EXPECT_EQ(patches[0].element->shownLabel(), "b!");
+
+  patches = show({Text("b!").id("b"), Text("a").id("a"), Text("c").id("c")});
+  ASSERT_EQ(patches.size(), 1U);
+  EXPECT_EQ(patches[0].kind, Kind::insert);
+  EXPECT_EQ(patches[0].after, node(1));
+
+  const NodeID gone = node(1);
+  patches = show({Text("b!").id("b"), Text("c").id("c")});
+  ASSERT_EQ(patches.size(), 1U);
+  EXPECT_EQ(patches[0].kind, Kind::remove);
+  EXPECT_EQ(patches[0].node, gone);
+  EXPECT_FALSE(patches[0].element);
+}
+
+TEST(RendererTest, ALeavingSubtreeIsOnePatch) {
+  ViewGraph graph;
+  Window window;
+  graph.attach(window);
+  const auto show = [&](bool all) {
+    graph.setRoot(Group({If(all, [] {
+      return VStack(HorizontalAlignment::leading, 0, {Text("1"), Group({Text("2"), Counter{}})});
+    })}));
+    return window.take().size();
+  };
+  show(true);
+  EXPECT_EQ(show(false), 1U);
+}
+
+}  // namespace vemra::ui

@@ -1,0 +1,35 @@
+#include "Sample.hpp"
+
+namespace vemra::ui::sample {
+
+namespace {
+
+std::string differenceAt(const Node& node, const testing::RenderedTree& tree, std::size_t& seen) {
+  ++seen;
+  const std::string who =
+      std::string(kindName(node.element.kind())) + " #" + std::to_string(node.id.value);
+  const testing::RenderedTree::Node* shown = tree.find(node.id);
+  if (!shown) return who + " is not shown";
+  if (shown->parent != (node.parent ? node.parent->id : NodeID{})) return who + ": other parent";
+  if (!(shown->element == node.element)) return who + ": other element";
+  if (shown->children.size() != node.children.size()) return who + ": other count of children";
+  for (std::size_t i = 0; i < node.children.size(); ++i) {
+    if (shown->children[i] != node.children[i]->id) return who + ": other order of children";
+    std::string below = differenceAt(*node.children[i], tree, seen);
+    if (!below.empty()) return below;
+  }
+  return "";
+}
+
+}  // namespace
+
+std::string difference(const ViewGraph& graph, const testing::RenderedTree& tree) {
+  if (!graph.root()) return tree.root() ? "something is shown that is gone" : "";
+  if (tree.root() != graph.root()->id) return "another root is shown";
+  std::size_t seen = 0;
+  std::string found = differenceAt(*graph.root(), tree, seen);
+  if (found.empty() && tree.nodes().size() != seen) return "more is shown than there is";
+  return found;
+}
+
+}  // namespace vemra::ui::sample

@@ -1,0 +1,154 @@
+#include "Sample.hpp"
+
+#include <algorithm>
+#include <ctime>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+// Long lists, held by a renderer of every row. What grows faster than the list shows here long
+// before it can be felt: eight times the rows may take eight times as long and a little more; a
+// step that looks through the list for every row would take sixty-four times as long.
+
+namespace vemra::ui {
+
+namespace {
+
+using namespace sample;
+
+constexpr std::size_t fewRows = 1'000;
+constexpr std::size_t manyRows = 8 * fewRows;
+constexpr double tolerated = 24;
+
+using Change = std::vector<Line> (*)(std::vector<Line>);
+enum class Written { asList, asChildren, asKeyedChildren };
+
+View screen(const std::vector<Line>& lines, Written written) {
+  if (written == Written::asList) return list(lines);
+  Children children;
+  for (const Line& line : lines) {
+    children.push_back(Text(verbatim(line.id)));
+    if (written == Written::asKeyedChildren) children.back() = children.back().id(line.id);
+  }
+  return Group(std::move(children));
+}
+
+/// The least of three times, in seconds of this process, from new root to shown tree.
+template <class Make>
+double secondsFor(const View& before, const Make& makeAfter) {
+  double least = std::numeric_limits<double>::max();
+  for (int round = 0; round < 3; ++round) {
+    testing::RenderedTree tree;
+    ViewGraph graph;
+    graph.attach(tree);
+    graph.setRoot(before);
+    const View after = makeAfter(graph);
+    const std::clock_t start = std::clock();
+    graph.setRoot(after);
+    least = std::min(least, static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
+    EXPECT_EQ(difference(graph, tree), "");
+  }
+  return least;
+}
+
+double secondsFor(std::size_t rows, Change change, Written written) {
+  const std::vector<Line> lines = numbered(rows);
+  return secondsFor(screen(lines, written),
+                    [&](ViewGraph&) { return screen(change(lines), written); });
+}
+
+void expectLinear(const char* name, Change change, Written written) {
+  const double few = secondsFor(fewRows, change, written);
+  const double many = secondsFor(manyRows, change, written);
+  EXPECT_LT(many / few, tolerated) << name << ": " << few << " s and " << many << " s";
+}
+
+std::vector<Line> insertedAtFront(std::vector<Line> lines) {
+  lines.insert(lines.begin(), {"new"});
+  return lines;
+}
+std::vector<Line> removedAtFront(std::vector<Line> lines) {
+  lines.erase(lines.begin());
+  return lines;
+}
+std::vector<Line> emptied(std::vector<Line>) {
+  return {};
+}
+std::vector<Line> reversed(std::vector<Line> lines) {
+  std::ranges::reverse(lines);
+  return lines;
+}
+std::vector<Line> replaced(std::vector<Line> lines) {
+  for (Line& line : lines) line.id += "!";
+  return lines;
+}
+std::vector<Line> halved(std::vector<Line> lines) {
+  lines.resize(lines.size() / 2);
+  return lines;
+}
+std::vector<Line> allTheSame(std::vector<Line> lines) {
+  for (Line& line : lines) line.id = "same";
+  return lines;
+}
+
+void expectAllLinear(Written written) {
+  expectLinear("insert at front", insertedAtFront, written);
+  expectLinear("remove at front", removedAtFront, written);
+  expectLinear("remove all", emptied, written);
+  expectLinear("reverse", reversed, written);
+  expectLinear("replace all", replaced, written);
+  expectLinear("remove half", halved, written);
+  expectLinear("make all ids equal", allTheSame, written);
+}
+
+View nested(int depth) {
+  View view = Counter{};
+  for (int level = 0; level < depth; ++level) view = Group({std::move(view)});
+  return view;
+}
+
+}  // namespace
+
+TEST(ScaleTest, NoChangeOfALongListIsQuadratic) {
+  expectAllLinear(Written::asList);
+}
+
+TEST(ScaleTest, NorOfManyChildrenInSlotsOrWithKeys) {
+  expectAllLinear(Written::asChildren);
+  expectAllLinear(Written::asKeyedChildren);
+}
+
+TEST(ScaleTest, NorIsAListWhoseEveryRowHasState) {
+  const auto screenOf = [](std::size_t rows) {
+    return list(numbered(rows), [](const Line& line) { return View(Counter{line.id}); });
+  };
+  const auto secondsOf = [&](std::size_t rows) {
+    return secondsFor(screenOf(rows), [&](ViewGraph& graph) {
+      for (const Node* row : graph.root()->children) {
+        static_cast<StateCellOf<Counter::State>&>(*row->state).set(&Counter::State::count, 1);
+      }
+      return screenOf(rows);
+    });
+  };
+  const double few = secondsOf(fewRows);
+  const double many = secondsOf(manyRows);
+  EXPECT_LT(many / few, tolerated) << few << " s and " << many << " s";
+}
+
+TEST(ScaleTest, AThousandLevelsAreNoTrouble) {
+  ViewGraph graph;
+  testing::RenderedTree tree;
+  graph.attach(tree);
+  graph.setRoot(nested(1'000));
+  EXPECT_EQ(difference(graph, tree), "");
+  EXPECT_EQ(press(graph, "+"), Delivery::acted);
+  EXPECT_EQ(texts(graph.root()), std::vector<std::string>{"counter=1"});
+  graph.setRoot(nested(1'001));
+  EXPECT_EQ(difference(graph, tree), "");
+  graph.setRoot(View());
+  EXPECT_FALSE(tree.root());
+}
+
+}  // namespace vemra::ui

@@ -1,0 +1,98 @@
+#include "VemraQt/Looks.hpp"
+
+#include "VemraQt/Contrast.hpp"
+
+#include <array>
+
+#include <QApplication>
+#include <gtest/gtest.h>
+
+using namespace vemra;
+using qt::contrast;
+using qt::Looks;
+using ui::ForegroundStyle;
+
+namespace {
+
+QPalette paletteOf(const QColor& ink, const QColor& page) {
+  QPalette palette(ink, page, page, page, page, ink, page);
+  palette.setColor(QPalette::Base, page);
+  palette.setColor(QPalette::Text, ink);
+  return palette;
+}
+
+ui::Environment inScheme(ui::ColorScheme scheme, double scale = 1) {
+  ui::Environment environment;
+  environment.colorScheme = scheme;
+  environment.textScale = scale;
+  return environment;
+}
+
+}  // namespace
+
+TEST(Contrast, IsThatOfTheGuidelines) {
+  EXPECT_NEAR(contrast(Qt::black, Qt::white), 21, 0.001);
+  EXPECT_NEAR(contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.478, 0.001);
+  EXPECT_NEAR(contrast(Qt::red, Qt::red), 1, 0.001);
+}
+
+TEST(Looks, TheThreeLevelsAreReadableAndDistinctOnEveryPalette) {
+  const std::array palettes{
+      paletteOf(Qt::black, Qt::white),           paletteOf(Qt::white, Qt::black),
+      paletteOf(Qt::yellow, Qt::black),          paletteOf(QColor(0x33, 0x33, 0x33), QColor(0xf5, 0xf5, 0xdc)),
+      paletteOf(QColor(0xdd, 0xdd, 0xdd), QColor(0x22, 0x22, 0x33)), QApplication::palette(),
+  };
+  for (const QPalette& system : palettes) {
+    for (auto scheme : {ui::ColorScheme::light, ui::ColorScheme::dark}) {
+      const Looks looks(QFont(), system, inScheme(scheme));
+      const QColor page = looks.background();
+      const QColor primary = looks.text(ForegroundStyle::primary);
+      const QColor secondary = looks.text(ForegroundStyle::secondary);
+      const QColor tertiary = looks.text(ForegroundStyle::tertiary);
+      EXPECT_GE(contrast(secondary, page), 4.5) << qPrintable(page.name());
+      EXPECT_GE(contrast(tertiary, page), 4.5) << qPrintable(page.name());
+      EXPECT_GE(contrast(looks.link(), page), 4.5) << qPrintable(page.name());
+      EXPECT_GE(contrast(looks.focusRing(), page), 3) << qPrintable(page.name());
+      EXPECT_GE(contrast(looks.outline(), page), 3) << qPrintable(page.name());
+      EXPECT_GT(contrast(primary, page), contrast(secondary, page) + 0.5);
+      EXPECT_GT(contrast(secondary, page), contrast(tertiary, page) + 0.5);
+      EXPECT_EQ(qt::colorSchemeOf(looks.palette()), scheme);
+    }
+  }
+}
+
+TEST(Looks, ASystemPaletteOfTheRightSchemeIsTakenAsItIs) {
+  const QPalette contrasty = paletteOf(Qt::yellow, Qt::black);
+  const Looks looks(QFont(), contrasty, inScheme(ui::ColorScheme::dark));
+  EXPECT_EQ(looks.text(ForegroundStyle::primary), QColor(Qt::yellow));
+  EXPECT_EQ(looks.background(), QColor(Qt::black));
+}
+
+TEST(Looks, TextStylesAreRatiosOfTheSystemFont) {
+  QFont system("DejaVu Sans");
+  system.setPixelSize(26);
+  const Looks looks(system, QPalette(), {});
+  EXPECT_EQ(looks.font(ui::Font::title2).pixelSize(), 34);
+  EXPECT_EQ(looks.font(ui::Font::headline).pixelSize(), 26);
+  EXPECT_EQ(looks.font(ui::Font::body).pixelSize(), 26);
+  EXPECT_EQ(looks.font(ui::Font::subheadline).pixelSize(), 22);
+  EXPECT_EQ(looks.font(ui::Font::caption).pixelSize(), 20);
+  EXPECT_EQ(looks.font(ui::Font::caption2).pixelSize(), 20);
+  system.setPointSizeF(13);
+  EXPECT_DOUBLE_EQ(Looks(system, QPalette(), {}).font(ui::Font::title2).pointSizeF(), 17);
+}
+
+TEST(Looks, WeightsAreTheStylesOwnUnlessAskedFor) {
+  const Looks looks;
+  EXPECT_EQ(looks.font(ui::Font::title2).weight(), QFont::Normal);
+  EXPECT_EQ(looks.font(ui::Font::headline).weight(), QFont::Bold);
+  EXPECT_EQ(looks.font(ui::Font::caption2).weight(), QFont::Medium);
+  EXPECT_EQ(looks.font(ui::Font::title2.weight(ui::FontWeight::semibold)).weight(), QFont::DemiBold);
+  EXPECT_EQ(looks.font(ui::Font::body.weight(ui::FontWeight::medium)).weight(), QFont::Medium);
+}
+
+TEST(Looks, TextScaleMultiplies) {
+  QFont system;
+  system.setPixelSize(13);
+  EXPECT_EQ(Looks(system, QPalette(), inScheme(ui::ColorScheme::light, 3)).font(ui::Font::caption).pixelSize(), 30);
+}

@@ -1,0 +1,81 @@
+#include "VemraQt/RowHeights.hpp"
+
+#include <numeric>
+#include <random>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+using vemra::qt::RowHeights;
+
+namespace {
+
+/// The same, the slow way.
+struct Plain {
+  std::vector<int> heights;
+  int gap;
+  std::int64_t top(std::size_t row) const {
+    return std::accumulate(heights.begin(), heights.begin() + static_cast<long>(row),
+                           static_cast<std::int64_t>(row) * gap);
+  }
+  std::size_t rowAt(std::int64_t distance) const {
+    std::size_t row = 0;
+    while (row + 1 < heights.size() && top(row + 1) <= distance) ++row;
+    return row;
+  }
+};
+
+}  // namespace
+
+TEST(RowHeights, UnmeasuredRowsStandByTheEstimate) {
+  RowHeights rows;
+  rows.reset(100'000, 10);
+  rows.setEstimate(70);
+  EXPECT_EQ(rows.top(99'999), 99'999LL * 80);
+  EXPECT_EQ(rows.total(), 100'000LL * 80 - 10);
+  EXPECT_EQ(rows.rowAt(0), 0u);
+  EXPECT_EQ(rows.rowAt(79), 0u);
+  EXPECT_EQ(rows.rowAt(80), 1u);
+  EXPECT_EQ(rows.rowAt(1LL << 40), 99'999u);
+  EXPECT_EQ(rows.rowAt(-5), 0u);
+}
+
+TEST(RowHeights, AgreesWithAPlainSumWhateverIsMeasured) {
+  std::mt19937 random(7);
+  for (std::size_t count : {1u, 2u, 3u, 7u, 8u, 9u, 64u, 1000u}) {
+    const int gap = static_cast<int>(random() % 12);
+    RowHeights rows;
+    rows.reset(count, gap);
+    rows.setEstimate(50);
+    Plain plain{std::vector<int>(count, 50), gap};
+    for (int step = 0; step < 200; ++step) {
+      const std::size_t row = random() % count;
+      const int height = 1 + static_cast<int>(random() % 300);
+      rows.setHeight(row, height);
+      plain.heights[row] = height;
+      const std::size_t asked = random() % count;
+      ASSERT_EQ(rows.height(asked), plain.heights[asked]) << "row " << asked << " of " << count;
+      ASSERT_EQ(rows.top(asked), plain.top(asked)) << "row " << asked << " of " << count;
+      const std::int64_t distance =
+          static_cast<std::int64_t>(random() % static_cast<unsigned>(plain.top(count) + 50));
+      ASSERT_EQ(rows.rowAt(distance), plain.rowAt(distance)) << distance << " in " << count;
+    }
+    ASSERT_EQ(rows.total(), plain.top(count) - gap);
+  }
+}
+
+TEST(RowHeights, ResettingForgetsWhatWasMeasuredAndKeepsTheEstimate) {
+  RowHeights rows;
+  rows.reset(10, 0);
+  rows.setEstimate(30);
+  rows.setHeight(2, 500);
+  rows.reset(20, 0);
+  EXPECT_EQ(rows.total(), 600);
+  EXPECT_TRUE(rows.isCalibrated());
+}
+
+TEST(RowHeights, AnEmptyListHasNoHeight) {
+  RowHeights rows;
+  rows.reset(0, 10);
+  EXPECT_EQ(rows.total(), 0);
+}

@@ -1,0 +1,135 @@
+#include "tests/VemraQt/WindowHost.hpp"
+
+#include "VemraQt/widgets/ElementWidget.hpp"
+
+#include <algorithm>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QWheelEvent>
+
+namespace vemra::qttest {
+
+namespace {
+
+GoalWhyDTO whyOf(std::size_t i) {
+  switch (i % 5) {
+    case 0:
+      return GoalWhyDTO::evidence("Email", "Asked about design leads in March", "ev");
+    case 1:
+      return GoalWhyDTO::connection(static_cast<std::int64_t>(1 + i % 3));
+    case 2:
+      return GoalWhyDTO::sharedActivity(4, static_cast<std::int64_t>(i % 7));
+    case 3:
+      return GoalWhyDTO::nameMatch();
+    default:
+      return GoalWhyDTO::generic();
+  }
+}
+
+}  // namespace
+
+Result resultWith(std::size_t people) {
+  Result result;
+  result.goal.id = "g1";
+  result.goal.title = "Find a design lead";
+  result.goal.targetPersonRef = "p9";
+  std::vector<GoalPersonCandidateDTO> list;
+  list.reserve(people);
+  for (std::size_t i = 0; i < people; ++i) {
+    GoalPersonCandidateDTO person;
+    person.personRef = "p" + std::to_string(i);
+    if (i % 11 != 10) person.displayName = "Person Number " + std::to_string(i);
+    person.why = whyOf(i);
+    if (i % 2 == 0) person.evidenceIDs = {"ev" + std::to_string(i)};
+    list.push_back(std::move(person));
+  }
+  result.people = std::move(list);
+  GoalPathCandidateDTO path;
+  path.personRefs = {"p1", "p9"};
+  path.why = GoalWhyDTO::connection(2);
+  result.paths = {path};
+  result.coverage.sources = {"Mail", "Calendar"};
+  result.coverage.evidenceCount = 12;
+  result.coverage.latestEvidenceAt = "2025-01-05T10:00:00Z";
+  return result;
+}
+
+WindowHost::WindowHost(Result newResult, QSize size) : result(std::move(newResult)) {
+  ui::Environment environment;
+  widget.setEnvironment(environment);
+  widget.resize(size);
+  show();
+  widget.show();
+}
+
+GoalResultView WindowHost::view() {
+  return GoalResultView(
+      GoalResultSnapshotV1(result), [this](const std::string& ref) { log.push_back("open " + ref); },
+      [this](const std::string& id) { log.push_back("evidence " + id); },
+      [this](const GoalPathCandidateDTO&) { log.push_back("focus"); },
+      [this](const GoalOutcomeRecordingInput& input) {
+        log.push_back("record " + input.subjectRef.value_or("nil") + " " +
+                      std::string(caseName(input.outcome)) + " " + input.note.value_or("nil") +
+                      " " + input.correctsOutcomeID.value_or("nil"));
+        std::vector<GoalOutcomeDTO> outcomes(result.outcomes.begin(), result.outcomes.end());
+        GoalOutcomeDTO outcome;
+        outcome.id = "o" + std::to_string(outcomes.size() + 1);
+        outcome.subjectKind = input.subjectKind;
+        outcome.subjectRef = input.subjectRef;
+        outcome.value = input.outcome;
+        outcome.note = input.note;
+        outcome.correctsOutcomeID = input.correctsOutcomeID;
+        outcomes.push_back(std::move(outcome));
+        result.outcomes = std::move(outcomes);
+        show();
+      });
+}
+
+void WindowHost::change(const std::function<void(Result&)>& edit) {
+  edit(result);
+  show();
+}
+
+QWidget* WindowHost::find(const std::string& identifier) const {
+  const QString name = QString::fromStdString(identifier);
+  for (QWidget* child : widget.viewport()->findChildren<QWidget*>(name)) {
+    auto* shown = dynamic_cast<qt::ElementWidget*>(child);
+    if (shown && shown->node()) return child;
+  }
+  return nullptr;
+}
+
+void WindowHost::press(const std::string& identifier) const {
+  get<QAbstractButton>(identifier).click();
+}
+
+std::vector<std::string> WindowHost::visibleTexts() const {
+  struct Found {
+    int y, x;
+    std::string text;
+  };
+  std::vector<Found> found;
+  for (QWidget* child : widget.viewport()->findChildren<QWidget*>()) {
+    auto* shown = dynamic_cast<qt::ElementWidget*>(child);
+    if (!shown || !shown->node() || child->visibleRegion().isEmpty()) continue;
+    QString text;
+    if (auto* label = qobject_cast<QLabel*>(child)) text = label->text();
+    if (auto* button = qobject_cast<QAbstractButton*>(child)) text = button->text();
+    found.push_back({child->y(), child->x(), text.toStdString()});
+  }
+  std::ranges::sort(found, {}, [](const Found& f) { return std::pair(f.y, f.x); });
+  std::vector<std::string> texts;
+  for (Found& f : found) texts.push_back(std::move(f.text));
+  return texts;
+}
+
+void wheel(QWidget& over, int notches) {
+  const QPointF middle = over.rect().center();
+  QWheelEvent event(middle, over.mapToGlobal(middle), QPoint(), QPoint(0, notches * 120),
+                    Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&over, &event);
+}
+
+}  // namespace vemra::qttest

@@ -1,0 +1,245 @@
+// Rows have widgets only near the viewport; nobody can tell.
+
+#include "VemraQt/Page.hpp"
+#include "tests/VemraQt/WindowHost.hpp"
+
+#include <random>
+#include <set>
+
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTest>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace vemra;
+using namespace vemra::qttest;
+using ::testing::Contains;
+
+namespace {
+
+/// The people whose names stand in view, from top to bottom.
+std::vector<int> peopleInView(const WindowHost& host) {
+  std::vector<int> people;
+  for (const std::string& text : host.visibleTexts()) {
+    if (text.starts_with("Person Number ")) people.push_back(std::stoi(text.substr(14)));
+  }
+  return people;
+}
+
+/// Every person, named by number, so that a gap in view is a gap in the numbers.
+Result numbered(std::size_t count) {
+  Result result = resultWith(count);
+  std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
+  for (std::size_t i = 0; i < people.size(); ++i) {
+    people[i].displayName = "Person Number " + std::to_string(i);
+  }
+  result.people = people;
+  return result;
+}
+
+void expectNoGap(const std::vector<int>& people, const std::string& where) {
+  for (std::size_t i = 1; i < people.size(); ++i) {
+    ASSERT_EQ(people[i], people[i - 1] + 1) << where;
+  }
+}
+
+/// The widgets in view stand in the tree's distances: nothing overlaps.
+void expectNothingOverlaps(const WindowHost& host) {
+  std::vector<std::pair<int, int>> spans;
+  qt::Page& page = host.widget.page();
+  qt::forEachLeaf(*page.tree().root(), [&](qt::RenderNode& leaf) {
+    if (!leaf.widget) return;
+    const QRect frame = leaf.widget->widget().geometry().marginsRemoved(overhang(leaf.element));
+    EXPECT_EQ(frame, page.frameOnPage(leaf).translated(0, -page.scrollPosition()));
+  });
+}
+
+QScrollBar& bar(const WindowHost& host) { return *host.widget.verticalScrollBar(); }
+
+}  // namespace
+
+TEST(Windowing, AsManyWidgetsAsFitWhateverTheLength) {
+  std::vector<std::size_t> counts;
+  for (std::size_t people : {100u, 10'000u, 100'000u}) {
+    WindowHost host(resultWith(people));
+    counts.push_back(host.widget.widgetCount());
+    const std::uint64_t rowsAtFirst = host.widget.graph().work().rows;
+    EXPECT_LT(rowsAtFirst, 40u);
+    bar(host).setValue(bar(host).maximum());
+    EXPECT_LT(host.widget.widgetCount(), 80u);
+    EXPECT_LT(host.widget.graph().work().rows, rowsAtFirst + 60);
+  }
+  EXPECT_EQ(counts[0], counts[1]);
+  EXPECT_EQ(counts[0], counts[2]);
+}
+
+TEST(Windowing, TheEndIsReachable) {
+  for (std::size_t people : {10u, 500u, 100'000u}) {
+    WindowHost host(numbered(people));
+    bar(host).setValue(bar(host).maximum());
+    EXPECT_EQ(bar(host).value(), bar(host).maximum());
+    EXPECT_THAT(host.visibleTexts(), Contains("Person Number " + std::to_string(people - 1)));
+    EXPECT_THAT(host.visibleTexts().back(), ::testing::StartsWith("Based on 12"));
+    const QRect last = [&] {
+      QRect frame;
+      qt::forEachLeaf(*host.widget.page().tree().root(),
+                      [&](qt::RenderNode& leaf) { frame = host.widget.page().frameOnPage(leaf); });
+      return frame;
+    }();
+    EXPECT_EQ(last.bottom() + 1 + 24, host.widget.contentHeight());
+    bar(host).setValue(0);
+    EXPECT_EQ(host.visibleTexts().front(), "Find a design lead");
+  }
+}
+
+TEST(Windowing, WhereverOneScrollsThereIsNoGap) {
+  WindowHost host(numbered(3000));
+  std::mt19937 random(3);
+  for (int step = 0; step < 400; ++step) {
+    const auto kind = random() % 4;
+    if (kind == 0) {
+      bar(host).setValue(static_cast<int>(random() % static_cast<unsigned>(bar(host).maximum())));
+    } else if (kind == 1) {
+      bar(host).triggerAction(QAbstractSlider::SliderPageStepAdd);
+    } else if (kind == 2) {
+      wheel(*host.widget.viewport(), -1);
+    } else {
+      wheel(*host.widget.viewport(), 2);
+    }
+    const std::vector<int> people = peopleInView(host);
+    ASSERT_FALSE(people.empty() && bar(host).value() < bar(host).maximum() - 800 && bar(host).value() > 200);
+    expectNoGap(people, "step " + std::to_string(step));
+    if (step % 20 == 0) expectNothingOverlaps(host);
+  }
+}
+
+TEST(Windowing, ASmallStepMovesEverythingByThatMuch) {
+  WindowHost host(numbered(2000));
+  bar(host).setValue(70'000);
+  for (int step = 0; step < 60; ++step) {
+    const auto before = host.widget.page().tree().lists().at(0)->children;
+    qt::RenderNode* seen = nullptr;
+    for (qt::RenderNode* row : before) {
+      qt::forEachLeaf(*row, [&](qt::RenderNode& leaf) {
+        if (leaf.widget && leaf.widget->widget().y() > 300 && !seen) seen = &leaf;
+      });
+    }
+    ASSERT_NE(seen, nullptr);
+    const int y = seen->widget->widget().y();
+    const int value = bar(host).value();
+    bar(host).setValue(value + (step % 3 == 0 ? -37 : 53));
+    const int expected = y - (step % 3 == 0 ? -37 : 53);
+    EXPECT_EQ(seen->widget->widget().y(), expected) << "step " << step;
+  }
+}
+
+TEST(Windowing, PeopleWhoComeAboveDoNotMoveWhatIsRead) {
+  WindowHost host(numbered(500));
+  bar(host).setValue(20'000);
+  const std::vector<std::string> before = host.visibleTexts();
+  host.change([](Result& result) {
+    std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
+    for (int i = 0; i < 7; ++i) {
+      GoalPersonCandidateDTO fresh;
+      fresh.personRef = "fresh" + std::to_string(i);
+      fresh.displayName = "Fresh";
+      people.insert(people.begin() + i * 3, fresh);
+    }
+    result.people = people;
+  });
+  EXPECT_EQ(host.visibleTexts(), before);
+}
+
+TEST(Windowing, ResizingKeepsTheSameRowInView) {
+  WindowHost host(numbered(2000));
+  bar(host).setValue(60'000);
+  const int reading = peopleInView(host).at(1);
+  for (const QSize size : {QSize(320, 800), QSize(1200, 500), QSize(400, 300), QSize(720, 800)}) {
+    host.widget.resize(size);
+    EXPECT_THAT(peopleInView(host), Contains(reading)) << size.width();
+    expectNothingOverlaps(host);
+  }
+}
+
+TEST(Windowing, ScalingKeepsTheSameRowInView) {
+  WindowHost host(numbered(2000));
+  bar(host).setValue(60'000);
+  const int reading = peopleInView(host).at(1);
+  for (double scale : {2.0, 3.0, 1.5, 1.0}) {
+    ui::Environment environment;
+    environment.textScale = scale;
+    host.widget.setEnvironment(environment);
+    EXPECT_THAT(peopleInView(host), Contains(reading)) << scale;
+    expectNothingOverlaps(host);
+  }
+}
+
+TEST(Windowing, AnOpenEditorKeepsFieldTextCursorAndFocusFarAway) {
+  WindowHost host(numbered(5000));
+  host.press("vemra.goal.person.p1.outcome.start");
+  auto& note = host.get<QLineEdit>("vemra.goal.person.p1.outcome.note");
+  note.setFocus();
+  QTest::keyClicks(&note, "half a sen");
+  QTest::keyClick(&note, Qt::Key_Left);
+  bar(host).setValue(bar(host).maximum());
+  EXPECT_TRUE(note.visibleRegion().isEmpty());
+  EXPECT_TRUE(note.hasFocus());
+  bar(host).setValue(0);
+  EXPECT_EQ(host.find("vemra.goal.person.p1.outcome.note"), &note);
+  EXPECT_TRUE(note.hasFocus());
+  EXPECT_EQ(note.cursorPosition(), 9);
+  QTest::keyClicks(&note, "x");
+  EXPECT_EQ(note.text(), "half a sexn");
+}
+
+TEST(Windowing, AnEditorWithoutFocusKeepsItsStateAcrossTheList) {
+  WindowHost host(numbered(5000));
+  host.press("vemra.goal.person.p1.outcome.start");
+  host.get<QLineEdit>("vemra.goal.person.p1.outcome.note").setText("kept");
+  host.widget.setFocus();
+  bar(host).setValue(200'000);
+  bar(host).setValue(0);
+  EXPECT_EQ(host.get<QLineEdit>("vemra.goal.person.p1.outcome.note").text(), "kept");
+}
+
+TEST(Windowing, ANewSnapshotTouchesVisibleRowsOnly) {
+  WindowHost host(resultWith(10'000));
+  const ui::WorkCount before = host.widget.graph().work();
+  host.change([](Result& result) {
+    GoalOutcomeDTO outcome;
+    outcome.id = "o1";
+    outcome.subjectRef = "p2";
+    result.outcomes = {outcome};
+  });
+  const ui::WorkCount after = host.widget.graph().work();
+  EXPECT_LT(after.rows - before.rows, 40u);
+  EXPECT_LT(after.patches - before.patches, 40u);
+}
+
+TEST(Windowing, AKeyInANoteDescribesOneControl) {
+  WindowHost host(resultWith(10'000));
+  host.press("vemra.goal.person.p1.outcome.start");
+  auto& note = host.get<QLineEdit>("vemra.goal.person.p1.outcome.note");
+  note.setFocus();
+  const ui::WorkCount before = host.widget.graph().work();
+  QTest::keyClicks(&note, "k");
+  const ui::WorkCount after = host.widget.graph().work();
+  EXPECT_EQ(after.bodies - before.bodies, 1u);
+  EXPECT_EQ(after.rows, before.rows);
+  EXPECT_EQ(after.patches - before.patches, 1u);
+}
+
+TEST(Windowing, ManyOpenEditorsDoNotBecomeManyWidgets) {
+  WindowHost host(numbered(400));
+  for (int i = 0; i < 120; ++i) {
+    const std::string start = "vemra.goal.person.p" + std::to_string(i) + ".outcome.start";
+    for (int tries = 0; !host.find(start) && tries < 50; ++tries) {
+      bar(host).setValue(bar(host).value() + 100);
+    }
+    host.press(start);
+  }
+  EXPECT_LT(host.widget.widgetCount(), 320u);
+  bar(host).setValue(0);
+  EXPECT_NE(host.find("vemra.goal.person.p0.outcome.note"), nullptr);
+}

@@ -1,0 +1,159 @@
+#include "tests/apps/desk/RawDatabase.hpp"
+#include "tests/apps/desk/program/DeskTest.hpp"
+
+namespace vemra::desk {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class ErrorsTest : public DeskTest {
+ protected:
+  /// Expects exit code 2, an empty output, a line that begins as given, and an untouched folder.
+  void expectRefused(const Invocation& invocation, const std::string& diagnostics) {
+    const auto before = everything();
+    const Ending ending = run(invocation);
+    std::string said = "vemra-desk";
+    for (const auto& argument : invocation.arguments) said += " " + argument;
+    EXPECT_EQ(ending.exitCode, 2) << said;
+    EXPECT_EQ(ending.output, "") << said;
+    EXPECT_THAT(ending.diagnostics, StartsWith(diagnostics)) << said;
+    EXPECT_EQ(everything(), before) << said << " changed something";
+  }
+  void expectRefused(std::vector<std::string> arguments, const std::string& diagnostics) {
+    expectRefused(commandLine(std::move(arguments)), diagnostics);
+  }
+
+  void expectEachCommandRefused(const std::string& file, const std::string& diagnostics) {
+    const std::string fine = document("fine.json", goal("g1", "t"));
+    expectRefused({"import", "--store", file, fine}, diagnostics);
+    expectRefused({"goals", "--store", file}, diagnostics);
+    expectRefused({"outcomes", "--store", file, "--goal", "g1"}, diagnostics);
+    expectRefused({"export", "--store", file, "--goal", "g1"}, diagnostics);
+  }
+};
+
+TEST_F(ErrorsTest, ArgumentsThatMeanNothing) {
+  const std::string fine = document("fine.json", goal("g1", "t"));
+  for (const auto& arguments : std::vector<std::vector<std::string>>{
+           {"frobnicate"},
+           {"--frobnicate"},
+           {"goals", "surplus"},
+           {"goals", "--goal", "g1"},
+           {"import", "--store", store},
+           {"import", fine, "--goal", "g1"},
+           {"export", "--store", store},
+           {"outcomes", "--store", store},
+           {"export", "--goal", "g1", "surplus", "--store", store},
+           {"goals", "--store"},
+           {"goals", "--store", store, "--store", store},
+           {"--store", store, "goals", "--store", store},
+           {"--goal", "g1", "export", "--goal", "g1", "--store", store},
+           {"--goal", "g1", "goals", "--store", store},
+           {"goals", "export", "--goal", "g1"},
+           {"goals", "--sto", store}}) {
+    expectRefused(arguments, "");
+  }
+  EXPECT_NE(desk({"frobnicate"}).diagnostics, "");
+}
+
+TEST_F(ErrorsTest, HelpIsNoError) {
+  const Ending ending = desk({"--help"});
+  EXPECT_EQ(ending.exitCode, 0);
+  EXPECT_THAT(ending.output, AllOf(HasSubstr("import"), HasSubstr("--store")));
+}
+
+TEST_F(ErrorsTest, AGoalThatIsNotThere) {
+  outputOf({"import", "--store", store, document("a.json", goal("g1", "t"))});
+  for (const char* command : {"export", "outcomes"}) {
+    expectRefused({command, "--store", store, "--goal", "g2\n"},
+                  store + ": has no goal with the id \"g2\\u000a\"\n");
+    expectRefused({command, "--store", folder.file("new"), "--goal", ""},
+                  folder.file("new") + ": has no goal with the id \"\"\n");
+  }
+}
+
+TEST_F(ErrorsTest, OneBadDocumentStopsAllOfTheCall) {
+  const std::string fine = document("fine.json", goal("g1", "t"));
+  const std::string bad = folder.write("bad.json", R"({"goal": {"id": 7}})");
+  expectRefused({"import", "--store", store, fine, bad},
+                bad + ": /goal/id: expected a string; found 7");
+  expectRefused({"import", "--store", store, bad, fine}, bad + ": /goal/id: ");
+  EXPECT_FALSE(std::filesystem::exists(store)) << "not even an empty store may be left behind";
+
+  outputOf({"import", "--store", store, fine});
+  const std::string changed = document("changed.json", goal("g1", "changed"));
+  expectRefused({"import", "--store", store, changed, bad}, bad + ": ");
+  expectRefused({"import", "--store", store, changed, folder.file("missing.json")},
+                folder.file("missing.json") + ": ");
+  EXPECT_EQ(outputOf({"goals", "--store", store}), "g1\tt\n");
+}
+
+TEST_F(ErrorsTest, WhatIsNoStore) {
+  const std::string letter = folder.write("letter.txt", "Dear Ada,\n");
+  expectEachCommandRefused(letter, letter + ": is not an SQLite database\n");
+
+  const std::string other = folder.file("other.sqlite");
+  RawDatabase(other).run("CREATE TABLE recipes (name)");
+  expectEachCommandRefused(other, other + ": is an SQLite database, but not a store of goals\n");
+
+  expectEachCommandRefused(folder.path().string(), folder.path().string() + ": ");
+  const std::string missing = folder.file("no/goals.sqlite");
+  expectEachCommandRefused(missing, missing + ": ");
+  expectEachCommandRefused("", "\"\": is not the name of a file\n");
+}
+
+TEST_F(ErrorsTest, AStoreOfANewerVersion) {
+  outputOf({"import", "--store", store, document("a.json", goal("g1", "t"))});
+  RawDatabase(store).run("PRAGMA user_version = 7");
+  expectEachCommandRefused(store, store + ": was written by a newer vemra-desk: its version is 7, "
+                                          "this one knows 1\n");
+}
+
+TEST_F(ErrorsTest, AStoreThatMayNotBeWritten) {
+  outputOf({"import", "--store", store, document("a.json", goal("g1", "t"))});
+  const std::string b = document("b.json", goal("g2", "t"));
+  namespace fs = std::filesystem;
+  fs::permissions(folder.path(), fs::perms(0755));
+  fs::permissions(store, fs::perms(0444));
+  Invocation import = commandLine({"import", "--store", store, b});
+  import.rights = Rights::ofNobody;
+  expectRefused(import, store + ": ");
+  import.arguments[2] = folder.file("new.sqlite");
+  expectRefused(import, folder.file("new.sqlite") + ": cannot be made: Permission denied\n");
+
+  fs::permissions(store, fs::perms(0000));
+  Invocation list = commandLine({"goals", "--store", store});
+  list.rights = Rights::ofNobody;
+  expectRefused(list, store + ": cannot be opened: Permission denied\n");
+}
+
+TEST_F(ErrorsTest, ADamagedStoreSaysSoAndGivesNothing) {
+  auto big = goal("g1", "t");
+  big.people = std::vector<GoalPersonCandidateDTO>(5000, big.people[0]);
+  outputOf({"import", "--store", store, document("a.json", big)});
+  std::string bytes = folder.read("goals.sqlite");
+  for (std::size_t i = bytes.size() / 3; i < bytes.size(); ++i) bytes[i] = 'x';
+  folder.write("goals.sqlite", bytes);
+  const Ending ending = desk({"export", "--store", store, "--goal", "g1"});
+  EXPECT_EQ(ending.exitCode, 2);
+  EXPECT_EQ(ending.output, "");
+  EXPECT_THAT(ending.diagnostics, StartsWith(store + ": "));
+}
+
+TEST_F(ErrorsTest, AnOutputThatCannotBeWritten) {
+  outputOf({"import", "--store", store, document("a.json", goal("g1", "t"))});
+  Process process("/bin/sh", {{"-c", "exec \"$0\" \"$@\" > /dev/full", vemraDesk, "export",
+                               "--store", store, "--goal", "g1"}});
+  const Ending ending = process.wait();
+  EXPECT_EQ(ending.exitCode, 1);
+  EXPECT_THAT(ending.diagnostics, HasSubstr("standard output"));
+}
+
+TEST_F(ErrorsTest, AWindowWithoutADisplay) {
+  expectRefused({"--store", store}, "vemra-desk: ");
+}
+
+}  // namespace
+}  // namespace vemra::desk

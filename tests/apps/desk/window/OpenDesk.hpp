@@ -1,0 +1,125 @@
+#pragma once
+
+#include "apps/desk/store/GoalStore.hpp"
+#include "apps/desk/store/SampleGoals.hpp"
+#include "apps/desk/store/StoreEngine.hpp"
+#include "apps/desk/window/DeskWindow.hpp"
+#include "tests/apps/desk/Process.hpp"
+#include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/TemporaryFolder.hpp"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QPushButton>
+#include <QStringList>
+#include <QThread>
+#include <gtest/gtest.h>
+
+namespace vemra::desk {
+
+/// A store, and the window on it.
+class OpenDesk : public testing::Test {
+ protected:
+  ~OpenDesk() override { close(); }
+
+  void open(std::optional<std::string> goalID = std::nullopt) {
+    engine = std::make_shared<StoreEngine>(file);
+    window = std::make_unique<DeskWindow>(engine, std::move(goalID));
+    window->resize(1200, 1500);  // every row of the samples is in view, and so has its widgets
+    window->show();
+  }
+
+  void close() {
+    window.reset();
+    if (engine) engine->finish();
+    engine.reset();
+  }
+
+  /// Lets the window work until it is so, for at most ten seconds.
+  static bool becomes(const std::function<bool()>& condition) {
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < 10'000) {
+      QApplication::processEvents();
+      if (condition()) return true;
+      QThread::msleep(5);
+    }
+    return false;
+  }
+
+  /// Lets the window work for a while, for what must not happen.
+  static void pass(int milliseconds) {
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < milliseconds) {
+      QApplication::processEvents();
+      QThread::msleep(5);
+    }
+  }
+
+  template <class Widget>
+  Widget* find(const std::string& name) const {
+    for (Widget* widget : window->findChildren<Widget*>(QString::fromStdString(name))) {
+      if (widget->isVisible()) return widget;
+    }
+    return nullptr;
+  }
+
+  template <class Widget>
+  Widget* wait(const std::string& name) const {
+    const bool found = becomes([&] { return find<Widget>(name) != nullptr; });
+    EXPECT_TRUE(found) << "not on the screen: " << name << "\n" << texts().join("\n").toStdString();
+    return found ? find<Widget>(name) : nullptr;
+  }
+
+  void press(const std::string& name) const {
+    if (auto* button = wait<QAbstractButton>(name)) {
+      EXPECT_TRUE(button->isEnabled()) << name;
+      button->click();
+    }
+  }
+
+  /// The button with that title; on the screen, the first one.
+  void pressTitled(const QString& title) const {
+    const auto titled = [&]() -> QAbstractButton* {
+      for (auto* button : window->findChildren<QAbstractButton*>()) {
+        if (button->isVisible() && button->text() == title) return button;
+      }
+      return nullptr;
+    };
+    ASSERT_TRUE(becomes([&] { return titled() != nullptr; })) << title.toStdString();
+    titled()->click();
+  }
+
+  /// All texts that can be seen under the widget of that name, or anywhere.
+  QStringList texts(const std::string& within = "") const {
+    QStringList texts;
+    const QWidget* root = within.empty() ? window.get()
+                                         : window->findChild<QWidget*>(within.c_str());
+    if (root == nullptr) return texts;
+    for (const auto* label : root->findChildren<QLabel*>()) {
+      if (label->isVisible()) texts.append(label->text());
+    }
+    for (const auto* button : root->findChildren<QAbstractButton*>()) {
+      if (button->isVisible()) texts.append(button->text());
+    }
+    return texts;
+  }
+
+  bool shows(const QString& text, const std::string& within = "") const {
+    return texts(within).contains(text);
+  }
+
+  TemporaryFolder folder;
+  std::string file = folder.file("goals.sqlite");
+  std::shared_ptr<StoreEngine> engine;
+  std::unique_ptr<DeskWindow> window;
+};
+
+}  // namespace vemra::desk

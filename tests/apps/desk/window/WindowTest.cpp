@@ -1,0 +1,188 @@
+#include "VemraQt/ViewWidget.hpp"
+#include "apps/desk/window/PathGraph.hpp"
+#include "apps/documents/ResultWriter.hpp"
+#include "tests/apps/desk/RawDatabase.hpp"
+#include "tests/apps/desk/window/OpenDesk.hpp"
+
+#include <csignal>
+#include <QTest>
+
+namespace vemra::desk {
+namespace {
+
+class WindowTest : public OpenDesk {
+ protected:
+  void addSamples() const { GoalStore::open(file).import(sampleGoals()); }
+};
+
+TEST_F(WindowTest, ANewStoreOffersTheSampleGoalsAndIsNotFilledUnasked) {
+  open();
+  ASSERT_NE(wait<QAbstractButton>("desk.addSampleGoals"), nullptr);
+  pass(100);
+  EXPECT_TRUE(GoalStore::open(file).goals().empty());
+  press("desk.addSampleGoals");
+  ASSERT_TRUE(becomes([&] { return shows("Find a design lead for the spring launch"); }));
+  ASSERT_TRUE(becomes([&] { return shows("People worth considering"); }));
+  EXPECT_EQ(GoalStore::open(file).goals().size(), 3u);
+  EXPECT_EQ(find<QWidget>("desk.welcome"), nullptr);
+}
+
+TEST_F(WindowTest, AStoreWithGoalsOffersNothing) {
+  addSamples();
+  open();
+  ASSERT_TRUE(becomes([&] { return shows("People worth considering"); }));
+  EXPECT_EQ(find<QWidget>("desk.addSampleGoals"), nullptr);
+}
+
+TEST_F(WindowTest, OpensTheGoalItIsToldTo) {
+  addSamples();
+  open("sample-sail-the-baltic");
+  ASSERT_TRUE(becomes([&] { return shows("No source evidence yet."); }));
+  EXPECT_TRUE(shows("No relevant people found yet."));
+  EXPECT_TRUE(shows("This goal doesn't name someone to find a path to."));
+}
+
+TEST_F(WindowTest, TheThirdSampleHasEvidenceThatPointsAtNobody) {
+  addSamples();
+  open("sample-meet-the-curator");
+  ASSERT_TRUE(becomes([&] { return shows("Nothing points to a specific person for this yet."); }));
+  EXPECT_TRUE(shows("No supported path to them yet."));
+}
+
+TEST_F(WindowTest, GoesFromGoalToGoalByPressAndByArrowKey) {
+  addSamples();
+  open();
+  press("desk.goal.sample-sail-the-baltic");
+  ASSERT_TRUE(becomes([&] { return shows("No source evidence yet."); }));
+  auto* row = wait<QAbstractButton>("desk.goal.sample-sail-the-baltic");
+  row->setFocus();
+  QTest::keyClick(row, Qt::Key_Down);
+  ASSERT_TRUE(becomes([&] { return shows("No supported path to them yet."); }));
+  EXPECT_TRUE(find<QAbstractButton>("desk.goal.sample-meet-the-curator")->isChecked());
+}
+
+TEST_F(WindowTest, APersonOpensBesideTheScreen) {
+  addSamples();
+  open();
+  pressTitled("Søren Ångström");
+  ASSERT_NE(wait<QWidget>("desk.side"), nullptr);
+  for (const char* text : {"Søren Ångström", "Direct relationship evidence",
+                           "Sources: calendar-880", "He did write after all, and put Tomas in copy."}) {
+    EXPECT_TRUE(becomes([&] { return shows(text, "desk.side"); }))
+        << text << "\n" << texts("desk.side").join("\n").toStdString();
+  }
+  press("desk.side.close");
+  EXPECT_EQ(find<QWidget>("desk.side"), nullptr);
+}
+
+TEST_F(WindowTest, ASourceOpensBesideTheScreen) {
+  addSamples();
+  open();
+  press("vemra.goal.person.amara-okafor.show-source");
+  EXPECT_TRUE(becomes([&] {
+    return shows("mail-2291", "desk.side") &&
+           shows("Asked who is leading design for the launch", "desk.side");
+  })) << texts("desk.side").join("\n").toStdString();
+}
+
+TEST_F(WindowTest, APathIsDrawnWithTheNamesOfItsPeople) {
+  addSamples();
+  auto elsewhere = goal("x", "t");
+  elsewhere.people = {{"tomas-lindqvist", "Tomas <Lindqvist>", {}, {}}};
+  GoalStore::open(file).import({elsewhere});
+  open();
+  press("vemra.goal.path.see-in-starfold");
+  auto* graph = wait<PathGraph>("desk.path");
+  ASSERT_NE(graph, nullptr);
+  EXPECT_EQ(graph->accessibleName(), "Path to Tomas <Lindqvist>");
+  EXPECT_EQ(graph->accessibleDescription(),
+            "Amara Okafor, then Søren Ångström, then Tomas <Lindqvist>");
+  EXPECT_GE(graph->height(), graph->heightForWidth(graph->width()));
+}
+
+TEST_F(WindowTest, SidePanesNeverStandInsideTheScreen) {
+  addSamples();
+  open();
+  press("vemra.goal.path.see-in-starfold");
+  auto* side = wait<QWidget>("desk.side");
+  EXPECT_FALSE(window->screen().isAncestorOf(side));
+  const QRect screen(window->screen().mapTo(window.get(), QPoint()), window->screen().size());
+  const QRect beside(side->mapTo(window.get(), QPoint()), side->size());
+  EXPECT_FALSE(screen.intersects(beside));
+}
+
+TEST_F(WindowTest, TheSidePaneFollowsWhatIsRecorded) {
+  addSamples();
+  open();
+  pressTitled("Nguyễn Thị Mai");
+  ASSERT_TRUE(becomes([&] { return shows("Nguyễn Thị Mai", "desk.side"); }));
+  EXPECT_FALSE(shows("Recorded", "desk.side"));
+  press("vemra.goal.person.nguyen-thi-mai.outcome.start");
+  press("vemra.goal.person.nguyen-thi-mai.outcome.save");
+  EXPECT_TRUE(becomes([&] { return shows("Recorded", "desk.side"); }));
+}
+
+TEST_F(WindowTest, OddTextsAreShownLiterally) {
+  auto odd = goal("<id>&", "<h1>Fish & chips</h1>\n[*]");
+  odd.people = {{"p", "<i>&amp;</i> & Co", GoalWhyDTO::evidence("<b>", "&", "ev"), {"<ev>"}}};
+  odd.paths = {{{"p"}, GoalWhyDTO::connection(INT64_MIN + 1), 0}};
+  GoalStore::open(file).import({odd});
+  open();
+  const QString name = "<i>&amp;</i> & Co";
+  press("vemra.goal.person.p.show-source");
+  EXPECT_TRUE(becomes([&] { return shows(name, "desk.side") && shows("<ev>", "desk.side"); }))
+      << texts("desk.side").join("\n").toStdString();
+  for (const auto* label : window->findChildren<QLabel*>()) {
+    EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+  }
+  auto* row = wait<QPushButton>("desk.goal.<id>&");
+  EXPECT_EQ(row->accessibleName(), "<h1>Fish & chips</h1>\n[*]");
+  EXPECT_EQ(row->text(), "<h1>Fish && chips</h1>\n[*]") << "one & for the eye";
+}
+
+TEST_F(WindowTest, ReasonsThatStopTheScreenDoNotStopThePane) {
+  auto fatal = goal("other", "t");
+  fatal.people = {{"p1", "Ada", GoalWhyDTO::connection(INT64_MIN), {}}};
+  GoalStore::open(file).import({goal("g", "t"), fatal});
+  open("g");
+  pressTitled("Ada");
+  EXPECT_TRUE(becomes([&] { return shows("Connected", "desk.side"); }));
+}
+
+TEST_F(WindowTest, AGoalThatCannotBeLoadedIsSaid) {
+  addSamples();
+  RawDatabase(file).run("DROP TABLE coverage");
+  open();
+  ASSERT_NE(wait<QWidget>("desk.notice"), nullptr);
+  EXPECT_TRUE(texts("desk.notice").join(" ").contains("The goal could not be loaded."));
+}
+
+// The program itself, as a user starts it.
+TEST_F(WindowTest, TheProgramShowsItselfQuietly) {
+  addSamples();
+  Invocation invocation{{"--store", file, "--goal", "sample-design-lead"}};
+  invocation.environment = {{"QT_QPA_PLATFORM", "offscreen"}};
+  Process process(vemraDesk, invocation);
+  QThread::msleep(1500);
+  process.kill(SIGTERM);
+  const Ending ending = process.wait();
+  EXPECT_EQ(ending.signal, SIGTERM) << "it must still have been running";
+  EXPECT_EQ(ending.output, "");
+  EXPECT_EQ(ending.diagnostics, "");
+}
+
+TEST_F(WindowTest, TheProgramRefusesAGoalThatIsNotThere) {
+  addSamples();
+  for (const std::string& store : {file, folder.file("new")}) {
+    Invocation invocation{{"--store", store, "--goal", "nope"}};
+    invocation.environment = {{"QT_QPA_PLATFORM", "offscreen"}};
+    const Ending ending = run(invocation);
+    EXPECT_EQ(ending.exitCode, 2);
+    EXPECT_EQ(ending.output, "");
+    EXPECT_EQ(ending.diagnostics, store + ": has no goal with the id \"nope\"\n");
+  }
+  EXPECT_FALSE(std::filesystem::exists(folder.file("new")));
+}
+
+}  // namespace
+}  // namespace vemra::desk

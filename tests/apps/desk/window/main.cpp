@@ -1,0 +1,25 @@
+#include "tests/VemraQt/QuietQt.hpp"
+
+#include <QApplication>
+#include <QFont>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+/// The tests run without a display, with one font, one size and one style, whatever the machine's.
+int main(int argumentCount, char** arguments) {
+  ::testing::InitGoogleTest(&argumentCount, arguments);
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QTemporaryDir runtime;
+  if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
+    qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
+  }
+  qputenv("LC_ALL", "C.UTF-8");
+  vemra::qttest::watchQtMessages();
+  QApplication::setStyle("fusion");
+  QApplication application(argumentCount, arguments);
+  QFont font("DejaVu Sans");
+  font.setPointSizeF(10);
+  QApplication::setFont(font);
+  ::testing::UnitTest::GetInstance()->listeners().Append(new vemra::qttest::QuietQt);
+  return RUN_ALL_TESTS();
+}

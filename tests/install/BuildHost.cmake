@@ -1,0 +1,31 @@
+# cmake -D build=… -D work=… -D compiler=… -D generator=… -P BuildHost.cmake
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "${ARGN}\nended with ${result}:\n${output}")
+  endif()
+  set(output "${output}" PARENT_SCOPE)
+endfunction()
+
+file(REMOVE_RECURSE "${work}")
+run("${CMAKE_COMMAND}" --install "${build}" --prefix "${work}/prefix")
+run("${CMAKE_COMMAND}" -S "${CMAKE_CURRENT_LIST_DIR}/host" -B "${work}/host" -G "${generator}"
+    "-DCMAKE_CXX_COMPILER=${compiler}" "-DCMAKE_PREFIX_PATH=${work}/prefix")
+run("${CMAKE_COMMAND}" --build "${work}/host")
+run("${work}/host/host")
+foreach(line "Recorded for p1: Was useful\n" "\"Find a design lead\"" "\"Ada\"")
+  string(FIND "${output}" "${line}" place)
+  if(place EQUAL -1)
+    message(FATAL_ERROR "the host's output does not contain ${line}:\n${output}")
+  endif()
+endforeach()
+
+# The headers must come from the installed copy alone.
+file(GLOB_RECURSE dependencies "${work}/host/*.ninja" "${work}/host/CMakeCache.txt")
+get_filename_component(repository "${CMAKE_CURRENT_LIST_DIR}/../.." ABSOLUTE)
+foreach(file IN LISTS dependencies)
+  file(STRINGS "${file}" lines REGEX "-I${repository}( |$)")
+  if(lines)
+    message(FATAL_ERROR "the host looks for headers in the repository: ${lines}")
+  endif()
+endforeach()
