@@ -14,6 +14,10 @@ if(VEMRA_SANITIZE)
   target_link_options(vemra_flags INTERFACE -fsanitize=${VEMRA_SANITIZE})
 endif()
 
+# Tests are compiled more often than they run. What they test is optimised as ever.
+add_library(vemra_test_flags INTERFACE)
+target_compile_options(vemra_test_flags INTERFACE "$<$<CONFIG:Release>:-O1>")
+
 # vemra_library(<target> ALIAS <Vemra::Name> [PUBLIC <targets>] [PRIVATE <targets>])
 # Builds the .cpp files of the current folder (not of folders below it) into a static library.
 function(vemra_library target)
@@ -50,9 +54,6 @@ endfunction()
 function(vemra_program target)
   cmake_parse_arguments(arg "" "NAME" "LINK" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
-  if(NOT sources)
-    return()
-  endif()
   add_executable(${target} ${sources})
   set_target_properties(${target} PROPERTIES OUTPUT_NAME ${arg_NAME})
   target_link_libraries(${target} PRIVATE ${arg_LINK} vemra_flags)
@@ -74,7 +75,8 @@ function(vemra_test target)
   target_compile_definitions(${target} PRIVATE VEMRA_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}"
                                                VEMRA_REPOSITORY="${VEMRA_SOURCE_ROOT}"
                                                VEMRA_BINARY_DIR="${CMAKE_BINARY_DIR}")
-  target_link_libraries(${target} PRIVATE ${arg_LINK} vemra_flags GTest::gtest GTest::gmock)
+  target_link_libraries(${target} PRIVATE ${arg_LINK} vemra_flags vemra_test_flags GTest::gtest
+                                          GTest::gmock)
   if(NOT arg_MAIN_OWN)
     target_link_libraries(${target} PRIVATE GTest::gtest_main)
   endif()
@@ -95,7 +97,8 @@ function(vemra_test_precompiled_header)
   if(NOT TARGET vemra_test_precompiled)
     file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/test_precompiled.cpp" CONTENT "")
     add_library(vemra_test_precompiled OBJECT "${CMAKE_BINARY_DIR}/test_precompiled.cpp")
-    target_link_libraries(vemra_test_precompiled PRIVATE vemra_flags GTest::gtest Threads::Threads)
+    target_link_libraries(vemra_test_precompiled PRIVATE vemra_flags vemra_test_flags GTest::gtest
+                                                         Threads::Threads)
     target_precompile_headers(vemra_test_precompiled PRIVATE <gtest/gtest.h> <string> <vector>)
   endif()
 endfunction()

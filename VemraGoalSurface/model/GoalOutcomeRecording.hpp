@@ -19,8 +19,7 @@ struct GoalOutcomeRecordingInput {
   const std::optional<std::string> note;               ///< nil when the user wrote none
   const std::optional<std::string> correctsOutcomeID;  ///< nil for a first recording
 
-  /// Compares field by field in their order; strings under canonical equivalence, nil only with
-  /// nil.
+  /// Compares field by field in their order; strings canonically, nil only with nil.
   friend bool operator==(const GoalOutcomeRecordingInput& a, const GoalOutcomeRecordingInput& b);
 };
 
@@ -35,9 +34,8 @@ struct FormValues {
 
 /// What the form shows when it opens.
 ///
-/// - Parameter outcome: the outcome to correct; its note is shown as stored, blanks and all. Nil
-/// for
-///   a first recording, which begins at `wasUseful`, on purpose not the first of the choices.
+/// `outcome` is the one to correct; its note is shown as stored, blanks and all. Nil stands for a
+/// first recording, which begins at `wasUseful`, on purpose not the first of the choices.
 FormValues initialFormValues(const std::optional<GoalOutcomeDTO>& outcome);
 
 /// Whether Save may be pressed.
@@ -49,9 +47,8 @@ bool canSave(GoalOutcomeValue selectedValue, std::string_view noteText);
 /// What is handed to the host when Save is pressed.
 ///
 /// The note loses the blanks at either end and is nil when nothing is left; blanks and line breaks
-/// inside it stay. Never refuses, not even what `canSave` would: guarding Save is the caller's
-/// part.
-/// - Parameter correcting: the outcome this one corrects, or nil.
+/// inside it stay. `correcting` is the outcome that this one corrects, or nil. Never refuses, not
+/// even what `canSave` would: guarding Save is for the caller.
 GoalOutcomeRecordingInput recordingInput(GoalOutcomeSubjectKind subjectKind,
                                          std::optional<std::string> subjectRef,
                                          GoalOutcomeValue selectedValue, std::string_view noteText,

@@ -61,9 +61,7 @@ class GoalResultSnapshotV1 {
   /// the link from a correction to what it corrects is not followed. Walks backwards and stops at
   /// the first match; there is deliberately no index and no cache, for one is asked for only by a
   /// row that is on the screen.
-  /// - Parameter subjectRef: compared under canonical equivalence; nil matches only nil, and ""
-  /// only
-  ///   "".
+  /// References are compared under canonical equivalence; nil matches only nil, and "" only "".
   std::optional<GoalOutcomeDTO> effectiveOutcome(GoalOutcomeSubjectKind subjectKind,
                                                  std::optional<std::string_view> subjectRef) const;
 

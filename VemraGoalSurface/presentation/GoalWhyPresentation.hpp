@@ -9,8 +9,7 @@ namespace vemra::GoalWhyPresentation {
 
 /// The English line for a reason, shown as it is and never looked up; without a full stop.
 ///
-/// Texts of the engine go in byte for byte; counts are plain base-10 integers. Pure, for any
-/// thread.
+/// Texts of the engine go in byte for byte; counts are plain base-10 integers. For any thread.
 ///
 /// | reason | line |
 /// |---|---|

@@ -43,7 +43,9 @@ std::string withoutEncoding(std::string_view posix) {
 }  // namespace
 
 bool isKnownLocale(std::string_view locale) {
-  return icuLocale(locale).has_value();
+  // The root is what locales fall back to; nobody's locale, and not in the list.
+  const bool isRoot = locale == "root" || locale == "und";
+  return !isRoot && icuLocale(locale).has_value();
 }
 
 std::string systemLocale() {

@@ -8,8 +8,8 @@ namespace vemra::date {
 /// Says whether a locale is one whose dates can be written.
 ///
 /// It is known when its base (language, script, region, variant, joined by `_` or `-`) is one that
-/// ICU lists, old names such as zh_TW or iw_IL included, or is `root` or `und`. Behind the base
-/// there may be keywords, as `@calendar=buddhist;numbers=thai` or as a BCP 47 extension
+/// ICU lists, old names such as zh_TW or iw_IL included. The root (`root`, `und`) is what locales
+/// fall back to and no locale itself. Behind the base there may be keywords, as `@calendar=buddhist;numbers=thai` or as a BCP 47 extension
 /// `-u-nu-arab`; then they have to be well-formed, and a calendar or a numbering system has to
 /// exist. An encoding as in `en_US.UTF-8` is not part of a locale. Empty text is not a locale.
 bool isKnownLocale(std::string_view locale);
@@ -21,7 +21,8 @@ bool isKnownLocale(std::string_view locale);
 /// stand for and others (`@euro`) are dropped. A name that is not known loses its last part until
 /// it is; when nothing is left, it is `root`. `C` and `POSIX`, and no variable at all, are
 /// `en_US_POSIX`; an empty LANG is `root`.
-/// - Returns: a known locale. Reads the environment on every call.
+///
+/// Gives a known locale or `root`. Reads the environment on every call.
 std::string systemLocale();
 
 }  // namespace vemra::date

@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include <unicode/timezone.h>
 #include <unicode/unistr.h>
@@ -16,6 +18,49 @@ std::string_view nameIn(std::string_view setting) {
   const std::size_t path = setting.find(folder);
   if (path != std::string_view::npos) setting.remove_prefix(path + folder.size());
   return setting.substr(0, setting.find(','));
+}
+
+/// Reads up to two digits off the front of a text; nothing when it begins with none.
+std::optional<int> takeNumber(std::string_view& text) {
+  std::size_t length = 0;
+  int number = 0;
+  for (; length < 2 && length < text.size() && text[length] >= '0' && text[length] <= '9';
+       ++length) {
+    number = number * 10 + (text[length] - '0');
+  }
+  text.remove_prefix(length);
+  return length > 0 ? std::optional(number) : std::nullopt;
+}
+
+/// The zone of a POSIX rule (`UTC-3`, `<+0530>-5:30`, `CET-1CEST`), as a fixed offset: "GMT+03:00".
+///
+/// POSIX counts westward, so the sign turns. A rule's summer time is left out: which days it has
+/// stands in no database, and a date is seldom another for it.
+std::optional<std::string> zoneOfRule(std::string_view rule) {
+  const bool isQuoted = rule.starts_with('<');
+  const auto endsName = [&](char c) {
+    return isQuoted ? c == '>' : !((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'));
+  };
+  std::size_t length = isQuoted ? 1 : 0;
+  while (length < rule.size() && !endsName(rule[length])) ++length;
+  if (isQuoted && length < rule.size()) ++length;
+  if (length < 3 || length >= rule.size()) return std::nullopt;
+  rule.remove_prefix(length);
+
+  const bool isWest = rule.front() != '-';
+  if (rule.front() == '-' || rule.front() == '+') rule.remove_prefix(1);
+  const std::optional<int> hours = takeNumber(rule);
+  if (!hours || *hours > 23) return std::nullopt;
+  int minutes = 0;
+  if (rule.starts_with(':')) {
+    rule.remove_prefix(1);
+    minutes = takeNumber(rule).value_or(60);
+    if (minutes > 59) return std::nullopt;
+  }
+  const auto twoDigits = [](int number) {
+    return std::string{static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
+  };
+  return std::string("GMT") + (isWest ? '-' : '+') + twoDigits(*hours) + ':' + twoDigits(minutes);
 }
 
 }  // namespace
@@ -38,6 +83,7 @@ std::string systemTimeZone() {
     if (*setting == '\0') return "UTC";
     const std::string_view name = nameIn(setting);
     if (isKnownTimeZone(name)) return std::string(name);
+    if (auto zone = zoneOfRule(name)) return *std::move(zone);
   }
   const std::unique_ptr<icu::TimeZone> host(icu::TimeZone::detectHostTimeZone());
   icu::UnicodeString identifier;

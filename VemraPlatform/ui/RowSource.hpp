@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -21,6 +22,15 @@ class RowSource {
   virtual View row(std::size_t index) const = 0;
 };
 
+/// A way to an element's id: a member pointer or a function. The id must live in the element, so
+/// that it is a reference or a string_view, never a string made on the spot.
+template <class ID, class Elements>
+concept RowIDOf = requires(const ID& id, const Elements& elements) {
+  { std::invoke(id, elements[0]) } -> std::convertible_to<std::string_view>;
+  requires std::is_reference_v<decltype(std::invoke(id, elements[0]))> ||
+      std::is_same_v<decltype(std::invoke(id, elements[0])), std::string_view>;
+};
+
 /// Rows over a range that is cheap to copy (a shared array, a span over constants).
 template <class Elements, class ID, class Row>
 class RowsOf final : public RowSource {
@@ -31,9 +41,6 @@ class RowsOf final : public RowSource {
   std::size_t count() const override { return elements_.size(); }
 
   std::string_view key(std::size_t index) const override {
-    using Key = decltype(std::invoke(id_, elements_[index]));
-    static_assert(std::is_reference_v<Key> || std::is_same_v<Key, std::string_view>,
-                  "a row's id must live in the element: return a reference or a string_view");
     return std::invoke(id_, elements_[index]);
   }
 

@@ -151,7 +151,7 @@ class ScrollView : public View {
 /// Ids are compared under canonical equivalence; equal ids are told apart by their order.
 class ForEach : public View {
  public:
-  template <class Elements, class ID, class Row>
+  template <class Elements, RowIDOf<Elements> ID, class Row>
   ForEach(Elements elements, ID id, Row row)
       : ForEach(std::make_shared<RowsOf<Elements, ID, Row>>(std::move(elements), std::move(id),
                                                             std::move(row))) {}

@@ -149,28 +149,28 @@ class ViewGraph final : private StateCell::Owner {
   // Resolving (ViewGraphResolve.cpp)
   void resolveRoot(const View& root);
   Node& allocate(Node* parent, const View& view, Identity identity);
-  void mount(Node& node, NodeID after, bool emit);
-  void update(Node& node, const View& view, bool emit);
-  void resolveContent(Node& node, bool emit);
-  void resolveChildren(Node& parent, std::span<const View> views, bool emit);
-  void describeComposite(Node& node, bool emit);
+  void mount(Node& node, NodeID after, bool emitting);
+  void update(Node& node, const View& view, bool emitting);
+  void resolveContent(Node& node, bool emitting);
+  void resolveChildren(Node& parent, std::span<const View> views, bool emitting);
+  void describeComposite(Node& node, bool emitting);
   void destroy(Node& node);
   bool emits(const Node& node) const;
-  void emit(Patch::Kind kind, const Node& node, NodeID after);
+  void recordPatch(Patch::Kind kind, const Node& node, NodeID after);
   void emitInserted(const Node& node, NodeID after);
   Node* mutableNode(NodeID id) const;
 
   // Rows (ViewGraphRows.cpp)
   bool demandsEverything(const Node& forEach) const;
-  void resolveRows(Node& forEach, bool emit);
-  void placeRows(Node& forEach, std::vector<RowPlace> places, bool emit);
+  void resolveRows(Node& forEach, bool emitting);
+  void placeRows(Node& forEach, std::vector<RowPlace> places, bool emitting);
   void applyRowRequest(const RowRequest& request);
   std::optional<View> describeRow(const Node& forEach, std::size_t index);
   Node& allocateRow(Node& forEach, std::size_t index, const View& view);
 
   // Rows that sleep and wake (ViewGraphSleep.cpp)
   NodeID lookAt(Node& forEach, std::size_t index);
-  void mountRow(Node& forEach, Node& row, NodeID after, bool emit);
+  void mountRow(Node& forEach, Node& row, NodeID after, bool emitting);
   void sleepRow(Node& forEach, Node& row);
   SavedState wake(Node& forEach, const Node& row);
   void restoreState(Node& node);

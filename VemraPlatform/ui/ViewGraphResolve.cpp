@@ -59,7 +59,7 @@ std::vector<NodeID> idsOf(const std::vector<Node*>& nodes) {
 void ViewGraph::resolveRoot(const View& root) {
   const bool emitting = renderer_ != nullptr;
   if (root_ && (root.isAbsent() || !(root_->identity == identityOf(root, 0)))) {
-    if (emitting) emit(Patch::Kind::remove, *root_, {});
+    if (emitting) recordPatch(Patch::Kind::remove, *root_, {});
     destroy(*std::exchange(root_, nullptr));
   }
   if (root.isAbsent()) return;
@@ -96,7 +96,7 @@ void ViewGraph::mount(Node& node, NodeID after, bool emitting) {
     node.rows = std::make_shared<Rows>();
     restoreState(node);
   }
-  if (emitting) emit(Patch::Kind::insert, node, after);
+  if (emitting) recordPatch(Patch::Kind::insert, node, after);
   resolveContent(node, emitting);
 }
 
@@ -105,7 +105,7 @@ void ViewGraph::update(Node& node, const View& view, bool emitting) {
   Element element(view, inherited, environment_);
   const bool changed = !(element == node.element);
   node.element = std::move(element);  // also when equal: its handlers are the new ones
-  if (changed && emitting) emit(Patch::Kind::update, node, {});
+  if (changed && emitting) recordPatch(Patch::Kind::update, node, {});
   resolveContent(node, emitting);
 }
 
@@ -160,11 +160,11 @@ void ViewGraph::resolveChildren(Node& parent, std::span<const View> views, bool 
     Node& node = *mutableNode(operation.item);
     switch (operation.kind) {
       case ListOperation::Kind::remove:
-        if (emitting) emit(Patch::Kind::remove, node, {});
+        if (emitting) recordPatch(Patch::Kind::remove, node, {});
         destroy(node);
         break;
       case ListOperation::Kind::move:
-        if (emitting) emit(Patch::Kind::move, node, operation.after);
+        if (emitting) recordPatch(Patch::Kind::move, node, operation.after);
         break;
       case ListOperation::Kind::insert:
         mount(node, operation.after, emitting);
@@ -194,7 +194,7 @@ bool ViewGraph::emits(const Node& node) const {
   return true;
 }
 
-void ViewGraph::emit(Patch::Kind kind, const Node& node, NodeID after) {
+void ViewGraph::recordPatch(Patch::Kind kind, const Node& node, NodeID after) {
   const bool places = kind == Patch::Kind::insert || kind == Patch::Kind::move;
   const bool tells = kind == Patch::Kind::insert || kind == Patch::Kind::update;
   patches_.push_back({kind, node.id, places && node.parent ? node.parent->id : NodeID{}, after,
@@ -202,7 +202,7 @@ void ViewGraph::emit(Patch::Kind kind, const Node& node, NodeID after) {
 }
 
 void ViewGraph::emitInserted(const Node& node, NodeID after) {
-  emit(Patch::Kind::insert, node, after);
+  recordPatch(Patch::Kind::insert, node, after);
   NodeID previous;
   for (const Node* child : node.children) {
     emitInserted(*child, previous);

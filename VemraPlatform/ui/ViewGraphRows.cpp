@@ -77,7 +77,7 @@ void ViewGraph::resolveRows(Node& forEach, bool emitting) {
     if (same) {
       forEach.children.push_back(row);
     } else {
-      if (emitting) emit(Patch::Kind::remove, *row, {});
+      if (emitting) recordPatch(Patch::Kind::remove, *row, {});
       destroy(*row);
     }
   }
@@ -89,7 +89,7 @@ void ViewGraph::resolveRows(Node& forEach, bool emitting) {
     for (RowPlace& place : kept) wanted[place.index] = place;
   } else if (emitting && indexesChanged) {
     // The rows' order may be the same while their places in the whole list are not.
-    emit(Patch::Kind::update, forEach, {});
+    recordPatch(Patch::Kind::update, forEach, {});
   }
   placeRows(forEach, std::move(wanted), emitting);
   for (const RowPlace& place : kept) {
@@ -137,11 +137,11 @@ void ViewGraph::placeRows(Node& forEach, std::vector<RowPlace> places, bool emit
     Node& row = *mutableNode(operation.item);
     switch (operation.kind) {
       case ListOperation::Kind::remove:
-        if (emitting) emit(Patch::Kind::remove, row, {});
+        if (emitting) recordPatch(Patch::Kind::remove, row, {});
         sleepRow(forEach, row);
         break;
       case ListOperation::Kind::move:
-        if (emitting) emit(Patch::Kind::move, row, operation.after);
+        if (emitting) recordPatch(Patch::Kind::move, row, operation.after);
         break;
       case ListOperation::Kind::insert:
         if (arrivals.at(row.id) == Arrival::mounted) {

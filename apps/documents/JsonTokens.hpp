@@ -13,8 +13,7 @@ enum class JsonKind { null, boolean, number, string, array, object };
 
 /// The tokens of a JSON text (RFC 8259), read strictly and from front to back.
 ///
-/// Whatever is no JSON, or no UTF-8, is a `DocumentError` with line and column, the column in
-/// characters.
+/// Whatever is no JSON, or no UTF-8, is a `DocumentError` with line and column (in characters).
 class JsonTokens {
  public:
   /// Both must outlive the object. A byte-order mark is an error at once.

@@ -11,8 +11,7 @@ namespace vemra::documents {
 
 /// Appends `utf8` to `out` as the inside of a JSON string: quotation mark, reverse solidus and
 /// control characters escaped, everything else as it is. Each ill-formed byte is replaced by
-/// U+FFFD, because a JSON text has to be UTF-8 (RFC 8259, section 8.1) and a record's bytes may be
-/// anything.
+/// U+FFFD: a JSON text has to be UTF-8 (RFC 8259, section 8.1), a record's bytes may be anything.
 void appendJsonEscaped(std::string& out, std::string_view utf8);
 
 /// How the entries of an object or array are laid out: all on one line, or one a line, indented.

@@ -7,6 +7,7 @@
 #include "apps/inspect/Options.hpp"
 #include "apps/inspect/Report.hpp"
 
+#include <new>
 #include <ostream>
 #include <stdexcept>
 #include <variant>
@@ -60,6 +61,9 @@ int run(int argumentCount, const char* const* arguments, std::ostream& output,
     return inspect(options, inspected, output, diagnostics, drawPicture);
   } catch (const documents::DocumentError& error) {
     diagnostics << error.what() << '\n';
+    return unusable;
+  } catch (const std::bad_alloc&) {
+    diagnostics << options.file << ": too large for the memory of this machine\n";
     return unusable;
   }
 }

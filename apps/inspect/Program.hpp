@@ -1,15 +1,10 @@
 #pragma once
 
-#include "VemraPlatform/ui/ViewGraph.hpp"
+#include "apps/inspect/Picture.hpp"
 
-#include <functional>
 #include <iosfwd>
-#include <string>
 
 namespace vemra::inspect {
-
-/// Draws what a view graph shows to a PNG file. Throws a `std::runtime_error` that says why not.
-using DrawPicture = std::function<void(ui::ViewGraph& graph, const std::string& path)>;
 
 /// The program `vemra-inspect`, but for its process.
 ///

@@ -203,10 +203,13 @@ TEST_F(MainActorDeathTest, saveAndCancelButtons) {
                offTheMainThread("GoalOutcomeRecordingControl.cancel"));
 }
 
-// The sentence is defined for counts that the footer never asks it for.
-TEST_F(MainActorDeathTest, coverageTextIsDefinedForEveryCount) {
-  result_.coverage.evidenceCount = -3;
-  EXPECT_EQ((view().*address(CoverageTextMember{}))({}),
+// Not about threads, but private too: the sentence is defined for counts that the footer never asks
+// it for.
+TEST(CoverageText, isDefinedForEveryCount) {
+  Calls calls;
+  Result result = ordinaryResult();
+  result.coverage.evidenceCount = -3;
+  EXPECT_EQ((viewOf(result, calls).*address(CoverageTextMember{}))({}),
             "Based on -3 piece(s) of evidence from Mail.");
 }
 

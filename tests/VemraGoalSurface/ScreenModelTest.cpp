@@ -13,7 +13,9 @@
 namespace vemra::screentest {
 namespace {
 
-constexpr int sequences = 5'000;
+// In parts, so that they can run side by side.
+constexpr int parts = 4;
+constexpr int sequencesInAPart = 1'250;
 constexpr int eventsInASequence = 14;
 
 const std::vector<model::Reference> references{
@@ -301,10 +303,14 @@ class Story {
   testing::Screen screen_;
 };
 
-TEST(ScreenModel, agreesWithTheScreenUnderRandomEvents) {
+class ScreenModel : public ::testing::TestWithParam<int> {};
+
+INSTANTIATE_TEST_SUITE_P(Part, ScreenModel, ::testing::Range(0, parts));
+
+TEST_P(ScreenModel, agreesWithTheScreenUnderRandomEvents) {
   std::map<std::string, int> counts;
-  for (std::uint64_t seed = 1; seed <= sequences; ++seed) {
-    Story story(seed);
+  for (int sequence = 1; sequence <= sequencesInAPart; ++sequence) {
+    Story story(static_cast<std::uint64_t>(GetParam() * sequencesInAPart + sequence));
     const std::string difference = story.run();
     ASSERT_EQ(difference, "");
     for (const auto& [event, count] : story.counts) counts[event] += count;
@@ -312,7 +318,7 @@ TEST(ScreenModel, agreesWithTheScreenUnderRandomEvents) {
   for (const char* event : {"snapshot", "record outcome", "correct", "choose", "write", "return",
                             "cancel", "save while disabled", "save, stored at once",
                             "save, never stored", "open", "evidence", "focus"}) {
-    EXPECT_GE(counts[event], 500) << event << " hardly ever happened";
+    EXPECT_GE(counts[event], 100) << event << " hardly ever happened";
   }
 }
 

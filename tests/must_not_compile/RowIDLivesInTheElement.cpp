@@ -9,7 +9,8 @@ vemra::ui::View tryToList(const std::vector<std::string>& names) {
   static_cast<void>(vemra::ui::ForEach(
       names, [](const std::string& name) -> const std::string& { return name; }, row));
 #ifdef MUST_NOT_COMPILE
-  return vemra::ui::ForEach(names, [](const std::string& name) { return name + "!"; }, row);
+  return vemra::ui::ForEach(
+      names, [](const std::string& name) { return name + "!"; }, row);
 #endif
   return {};
 }

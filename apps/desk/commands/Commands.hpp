@@ -23,8 +23,8 @@ std::optional<GoalStore> existingStore(const Request& request);
 /// Carries out every request but the window.
 ///
 /// - Returns: the exit code. 0: done. 1: done, but the result could not be written to `output`. 2:
-///   a document or a store that cannot be used, or a goal that the store does not have; then nothing
-///   is on `output`, nothing is changed, and `diagnostics` says why.
+///   a document or a store that cannot be used, or a goal that the store does not have; then
+///   nothing is on `output`, nothing is changed, and `diagnostics` says why.
 int runCommand(const Request& request, std::ostream& output, std::ostream& diagnostics);
 
 }  // namespace vemra::desk

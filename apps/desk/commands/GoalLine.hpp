@@ -9,10 +9,8 @@ namespace vemra::desk {
 
 /// A goal on one line: id, a tab, title, a line break.
 ///
-/// So that a line is always a goal and a tab always the border, what would break a line or steer a
-/// terminal is written as an escape, in the id and in the title: `\t`, `\n`, `\r`, `\\` for the
-/// reverse solidus itself, and `\u0085` for the other control characters, U+2028 and U+2029.
-/// Everything else, ill-formed bytes included, is written as it is.
+/// Id and title stand as they are, byte for byte, so that an id can be handed back to the program.
+/// Only what would break the line or move its border is written as an escape: `\t`, `\n`, `\r`.
 std::string goalLine(const GoalListing& goal);
 
 /// A text with those escapes.

@@ -86,9 +86,8 @@ std::variant<Request, Farewell> readRequest(int argumentCount, const char* const
   given.offerGoal(
       *command(Command::showOutcomes, "outcomes", "Write what was recorded for a goal, as JSON"),
       "The goal");
-  given.offerGoal(
-      *command(Command::exportGoal, "export", "Write a goal's current result document"),
-      "The goal");
+  given.offerGoal(*command(Command::exportGoal, "export", "Write a goal's current result document"),
+                  "The goal");
 
   try {
     app.parse(reversed(argumentCount, arguments));

@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 #include <sqlite3.h>
@@ -21,7 +22,10 @@ constexpr int patienceInMilliseconds = 10'000;
 std::string absolutePath(const std::string& file) {
   if (file.empty()) throw StoreError("\"\"", "is not the name of a file");
   if (file.find('\0') != std::string::npos) throw StoreError(file, "is not the name of a file");
-  return std::filesystem::absolute(file).string();
+  std::error_code error;
+  const std::filesystem::path path = std::filesystem::absolute(file, error);
+  if (error) throw StoreError(file, "cannot be opened: " + error.message());
+  return path.string();
 }
 
 /// Makes sure that there is a file, and that it is one: opening a pipe would wait for ever.
@@ -151,8 +155,8 @@ std::int64_t Statement::integer(int column) {
 void Statement::bind(int index, std::string_view text) {
   // A null pointer would mean NULL, which an empty text is not.
   const char* bytes = text.data() != nullptr ? text.data() : "";
-  check(sqlite3_bind_text64(statement_.get(), index, bytes, text.size(), SQLITE_STATIC,
-                            SQLITE_UTF8));
+  check(
+      sqlite3_bind_text64(statement_.get(), index, bytes, text.size(), SQLITE_STATIC, SQLITE_UTF8));
 }
 
 void Statement::bind(int index, const std::optional<std::string>& text) {

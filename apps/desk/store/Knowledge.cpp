@@ -26,8 +26,7 @@ std::vector<PersonKnowledge::Suggestion> suggestions(Database& database,
   std::vector<PersonKnowledge::Suggestion> suggestions;
   row.query(personRef);
   while (row.next()) {
-    suggestions.push_back(
-        {row.text(2), row.optionalText(3), readReason(database, row, 4), {}});
+    suggestions.push_back({row.text(2), row.optionalText(3), readReason(database, row, 4), {}});
     const std::int64_t goal = row.integer(0);
     const std::int64_t person = row.integer(1);
     evidence.query(goal, person);

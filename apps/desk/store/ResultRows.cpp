@@ -110,8 +110,9 @@ class Reading {
   }
 
   SharedArray<GoalPersonCandidateDTO> people() {
-    auto evidence = lists("SELECT person, evidence_id FROM person_evidence WHERE goal = ?1 "
-                          "ORDER BY person, position");
+    auto evidence = lists(
+        "SELECT person, evidence_id FROM person_evidence WHERE goal = ?1 "
+        "ORDER BY person, position");
     Statement row(database_, std::string("SELECT person_ref, display_name, ") + reasonColumnNames +
                                  " FROM people WHERE goal = ?1 ORDER BY position");
     std::vector<GoalPersonCandidateDTO> people;
@@ -124,22 +125,23 @@ class Reading {
   }
 
   SharedArray<GoalPathCandidateDTO> paths() {
-    auto refs = lists("SELECT path, person_ref FROM path_people WHERE goal = ?1 "
-                      "ORDER BY path, position");
+    auto refs = lists(
+        "SELECT path, person_ref FROM path_people WHERE goal = ?1 "
+        "ORDER BY path, position");
     Statement row(database_, std::string("SELECT strength, ") + reasonColumnNames +
                                  " FROM paths WHERE goal = ?1 ORDER BY position");
     std::vector<GoalPathCandidateDTO> paths;
     row.query(goal_);
     while (row.next()) {
-      paths.push_back(
-          {take(refs, paths.size()), readReason(database_, row, 1), row.integer(0)});
+      paths.push_back({take(refs, paths.size()), readReason(database_, row, 1), row.integer(0)});
     }
     return paths;
   }
 
   SharedArray<GoalGroupCandidateDTO> groups() {
-    auto refs = lists("SELECT \"group\", person_ref FROM group_people WHERE goal = ?1 "
-                      "ORDER BY \"group\", position");
+    auto refs = lists(
+        "SELECT \"group\", person_ref FROM group_people WHERE goal = ?1 "
+        "ORDER BY \"group\", position");
     Statement row(database_, "SELECT id FROM groups WHERE goal = ?1 ORDER BY position");
     std::vector<GoalGroupCandidateDTO> groups;
     row.query(goal_);
@@ -201,8 +203,7 @@ std::int64_t addResult(Database& database, const GetGoalSnapshotResponse& result
   return number;
 }
 
-void replaceResult(Database& database, std::int64_t number,
-                   const GetGoalSnapshotResponse& result) {
+void replaceResult(Database& database, std::int64_t number, const GetGoalSnapshotResponse& result) {
   for (const char* table : {"goal_texts", "people", "paths", "groups", "coverage"}) {
     Statement(database, std::string("DELETE FROM ") + table + " WHERE goal = ?1").run(number);
   }

@@ -154,9 +154,8 @@ std::int64_t tableCount(Database& database) {
   return database.number("SELECT count(*) FROM sqlite_schema");
 }
 
-}  // namespace
-
-bool hasSchema(Database& database) {
+/// Reads in several steps: the caller holds a transaction, so that they speak of one moment.
+bool hasSchemaNow(Database& database) {
   const std::int64_t owner = database.number("PRAGMA application_id");
   const std::int64_t version = database.number("PRAGMA user_version");
   if (owner == 0 && version == 0 && tableCount(database) == 0) return false;
@@ -172,10 +171,18 @@ bool hasSchema(Database& database) {
   return true;
 }
 
+}  // namespace
+
+bool hasSchema(Database& database) {
+  // Another process may be making the schema right now: all of it is seen, or nothing.
+  const Transaction transaction(database, Transaction::Kind::reading);
+  return hasSchemaNow(database);
+}
+
 void prepareSchema(Database& database) {
   if (hasSchema(database)) return;
   Transaction transaction(database, Transaction::Kind::writing);
-  if (hasSchema(database)) return;  // another process was faster
+  if (hasSchemaNow(database)) return;  // another process was faster
   database.run(tables);
   database.run(("PRAGMA application_id = " + std::to_string(applicationID)).c_str());
   database.run(("PRAGMA user_version = " + std::to_string(schemaVersion)).c_str());

@@ -20,8 +20,8 @@ inline constexpr int schemaVersion = 1;
 /// Throws a `StoreError` for anything else; the file is then as it was.
 void prepareSchema(Database& database);
 
-/// Says whether the file is a store, or throws a `StoreError` when it is something else. False means
-/// that it has no tables yet. Changes nothing.
+/// Says whether the file is a store, or throws a `StoreError` when it is something else. False
+/// means that it has no tables yet. Changes nothing.
 bool hasSchema(Database& database);
 
 }  // namespace vemra::desk

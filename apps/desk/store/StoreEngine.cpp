@@ -43,8 +43,7 @@ task::Task<std::vector<GoalListing>> StoreEngine::goals() {
 task::Task<std::vector<LeftOutOutcome>> StoreEngine::import(
     std::vector<GetGoalSnapshotResponse> results) {
   return onThread<std::vector<LeftOutOutcome>>(
-      thread_,
-      [results = std::move(results)](GoalStore& store) { return store.import(results); });
+      thread_, [results = std::move(results)](GoalStore& store) { return store.import(results); });
 }
 
 task::Task<PersonKnowledge> StoreEngine::person(std::string personRef) {
@@ -54,9 +53,10 @@ task::Task<PersonKnowledge> StoreEngine::person(std::string personRef) {
 }
 
 task::Task<EvidenceKnowledge> StoreEngine::evidence(std::string evidenceID) {
-  return onThread<EvidenceKnowledge>(
-      thread_,
-      [evidenceID = std::move(evidenceID)](GoalStore& store) { return store.evidence(evidenceID); });
+  return onThread<EvidenceKnowledge>(thread_,
+                                     [evidenceID = std::move(evidenceID)](GoalStore& store) {
+                                       return store.evidence(evidenceID);
+                                     });
 }
 
 task::Task<std::vector<std::optional<std::string>>> StoreEngine::names(

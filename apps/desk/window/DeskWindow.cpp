@@ -45,6 +45,8 @@ DeskWindow::DeskWindow(std::shared_ptr<StoreEngine> engine, std::optional<std::s
     : engine_(std::move(engine)), goalID_(std::move(goalID)) {
   setObjectName("desk");
   setWindowTitle("Vemra Desk");
+  // Said once; otherwise panes that come and go would change it all the time.
+  setMinimumSize(640, 360);
   resize(1080, 760);
 
   auto* page = new QWidget;
@@ -85,8 +87,8 @@ QWidget* DeskWindow::makePanes() {
                         static_cast<QWidget*>(side_)}) {
     panes->addWidget(pane);
   }
-  goals_->setMinimumWidth(160);
-  centre_->setMinimumWidth(320);
+  goals_->setMinimumWidth(140);
+  centre_->setMinimumWidth(260);
   panes->setStretchFactor(1, 1);
   panes->setSizes({230, 560, 290});
   return panes;
@@ -122,7 +124,8 @@ void DeskWindow::loadSnapshot() {
                     [this, goalID](auto result) { takeSnapshot(goalID, std::move(result)); });
 }
 
-void DeskWindow::takeSnapshot(const std::string& goalID, task::Result<GoalResultSnapshotV1> result) {
+void DeskWindow::takeSnapshot(const std::string& goalID,
+                              task::Result<GoalResultSnapshotV1> result) {
   if (goalID_ != goalID) return;  // the reader has gone on to another goal
   if (const QString failure = failureOf(result); !failure.isEmpty()) {
     notice_->show("The goal could not be loaded. " + failure, [this] { loadSnapshot(); });

@@ -30,8 +30,8 @@ class Welcome;
 /// The window of the reference host: the goals at the left, the result screen of the open one, and
 /// beside it what the store knows of a person, a source or a path.
 ///
-/// This is the whole of a host's part: load a snapshot off the main thread, hand a view made from it
-/// to the screen, and when the screen hands out a recording, store it, load again, hand in a new
+/// This is the whole of a host's part: load a snapshot off the main thread, hand a view made from
+/// it to the screen, and when the screen hands out a recording, store it, load again, hand in a new
 /// view. Changes that other processes make to the store show up by themselves.
 class DeskWindow : public QMainWindow {
   Q_OBJECT

@@ -44,8 +44,8 @@ std::vector<PathGraph::Star> PathGraph::layout(int width, double& height) const 
     const double x = radius + 4 + (i % 2 == 0 ? 0 : swing);
     const double nameLeft = x + radius + 10;
     const double nameWidth = std::max(40.0, width - nameLeft - 4);
-    const QRectF text = QFontMetricsF(font()).boundingRect(QRectF(0, 0, nameWidth, 100'000),
-                                                           nameFlags, names_[i]);
+    const QRectF text =
+        QFontMetricsF(font()).boundingRect(QRectF(0, 0, nameWidth, 100'000), nameFlags, names_[i]);
     const double nameHeight = std::max(text.height(), QFontMetricsF(font()).height());
     const double firstLine = QFontMetricsF(font()).height() / 2;
     stars.push_back({{x, top + firstLine}, {nameLeft, top, nameWidth, nameHeight}});
@@ -86,8 +86,8 @@ void PathGraph::paintEvent(QPaintEvent*) {
     painter.drawEllipse(stars[i].centre, radius, radius);
     painter.setPen(palette().color(QPalette::WindowText));
     const int side = mirrored ? Qt::AlignRight : Qt::AlignLeft;
-    painter.drawText(stars[i].name,
-                     (nameFlags & ~Qt::AlignLeft) | side | Qt::AlignAbsolute, names_[i]);
+    painter.drawText(stars[i].name, (nameFlags & ~Qt::AlignLeft) | side | Qt::AlignAbsolute,
+                     names_[i]);
   }
 }
 

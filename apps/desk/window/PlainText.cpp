@@ -13,7 +13,9 @@ QLabel* makeLabel(const QString& text, TextRole role) {
   label->setText(text);
   label->setWordWrap(true);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
+  QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  policy.setHeightForWidth(true);
+  label->setSizePolicy(policy);
   QFont font = label->font();
   switch (role) {
     case TextRole::title:
@@ -21,19 +23,23 @@ QLabel* makeLabel(const QString& text, TextRole role) {
       font.setWeight(QFont::DemiBold);
       break;
     case TextRole::heading:
+      font.setPointSizeF(font.pointSizeF() * 0.9);
+      font.setWeight(QFont::DemiBold);
+      break;
     case TextRole::strong:
-      font.setWeight(role == TextRole::heading ? QFont::DemiBold : QFont::Medium);
+      font.setWeight(QFont::DemiBold);
       break;
     case TextRole::body:
     case TextRole::quiet:
       break;
   }
   label->setFont(font);
-  if (role == TextRole::quiet) {
+  if (role == TextRole::quiet || role == TextRole::heading) {
     // The screen's own secondary level, so that both read as one window.
     QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText,
-                     qt::Looks(font, palette, {}).text(ui::ForegroundStyle::secondary));
+    const QColor quiet = qt::Looks(font, palette, {}).text(ui::ForegroundStyle::secondary);
+    palette.setColor(QPalette::WindowText, quiet);
+    palette.setColor(QPalette::Text, quiet);  // taken on a ground of the page's colour
     label->setPalette(palette);
   }
   return label;

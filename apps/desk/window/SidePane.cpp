@@ -19,8 +19,7 @@ namespace {
 /// The reason in the screen's words. A count that the screen stops at is no reason to stop here.
 QString reason(const GoalWhyDTO& why) {
   const auto* connection = std::get_if<GoalWhyDTO::Connection>(&why.reason);
-  if (connection != nullptr &&
-      connection->hopCount == std::numeric_limits<std::int64_t>::min()) {
+  if (connection != nullptr && connection->hopCount == std::numeric_limits<std::int64_t>::min()) {
     return "Connected";
   }
   return fromUTF8(GoalWhyPresentation::text(why));

@@ -26,6 +26,7 @@ Welcome::Welcome(QWidget* parent) : QWidget(parent) {
   page->addSpacing(10);
   auto* add = new QPushButton("Add sample goals");
   add->setObjectName("desk.addSampleGoals");
+  add->setMinimumSize(add->sizeHint() + QSize(28, 8));
   connect(add, &QPushButton::clicked, this, &Welcome::samplesWanted);
   page->addWidget(add, 0, Qt::AlignHCenter);
   page->addStretch(3);

@@ -1,7 +1,9 @@
+#include "apps/inspect/Picture.hpp"
 #include "apps/inspect/Program.hpp"
 
 #include <iostream>
 
 int main(int argumentCount, char** arguments) {
-  return vemra::inspect::run(argumentCount, arguments, std::cout, std::cerr);
+  using namespace vemra::inspect;
+  return run(argumentCount, arguments, std::cout, std::cerr, pictureDrawer());
 }

@@ -1,4 +1,5 @@
 #include "Environment.hpp"
+#include "VemraPlatform/date/AbbreviatedDate.hpp"
 #include "VemraPlatform/date/TimeZone.hpp"
 
 #include <gtest/gtest.h>
@@ -41,8 +42,20 @@ TEST(SystemTimeZone, isTheOneOfTZ) {
   EXPECT_EQ(systemTimeZone(""), "UTC");
 }
 
+TEST(SystemTimeZone, ofAPOSIXRuleIsItsStandardTime) {
+  EXPECT_EQ(systemTimeZone("UTC-3"), "GMT+03:00") << "POSIX counts westward";
+  EXPECT_EQ(systemTimeZone("JST-9"), "GMT+09:00");
+  EXPECT_EQ(systemTimeZone("XYZ+5"), "GMT-05:00");
+  EXPECT_EQ(systemTimeZone("<+0530>-5:30"), "GMT+05:30");
+  EXPECT_EQ(systemTimeZone("CET-1CEST,M3.5.0,M10.5.0/3"), "GMT+01:00");
+  const date::Instant lateEvening{*date::parseInternetDateTime("2025-01-05T23:30:00Z")};
+  EXPECT_EQ(date::abbreviatedDate(lateEvening, "en_US", systemTimeZone("CET-1CEST")),
+            "Jan 6, 2025");
+}
+
 TEST(SystemTimeZone, isKnownWhateverTZSays) {
-  for (const char* setting : {"Mars/Olympus", "CET-1CEST,M3.5.0,M10.5.0/3", "\xFF", ":", ","}) {
+  for (const char* setting :
+       {"Mars/Olympus", "UTC-99", "<+03", "AB-3", "UTC-3:77", "\xFF", ":", ","}) {
     EXPECT_TRUE(date::isKnownTimeZone(systemTimeZone(setting))) << setting;
   }
   EXPECT_TRUE(date::isKnownTimeZone(systemTimeZone(std::nullopt)));

@@ -1,6 +1,5 @@
 // Random pairs against the definition, written down plainly: equal bytes, or both well-formed and
-// with the same Normalization Form D. Everything that makes the comparison fast has to agree with
-// it.
+// with the same Normalization Form D. Whatever makes the comparison fast has to agree with it.
 
 #include "Samples.hpp"
 #include "VemraPlatform/text/Equality.hpp"

@@ -16,7 +16,7 @@ using sample::Random;
 using Kind = ListOperation::Kind;
 using Items = std::vector<NodeID>;
 
-constexpr int pairs = 30'000;
+constexpr int pairs = sample::rounds(25'000);
 
 /// Up to twelve of sixteen items, in any order.
 Items randomItems(Random& random) {

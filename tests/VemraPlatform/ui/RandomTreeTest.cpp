@@ -43,7 +43,7 @@ Plan presentPlan(Random& random) {
 // The laws of identity, of state and of patches, held against an account of places that knows
 // nothing of the view layer's own.
 TEST(RandomTreeTest, NodesStateAndPatchesFollowIdentity) {
-  constexpr int chains = 1'700;
+  constexpr int chains = rounds(1'700);
   constexpr int steps = 12;
   Random random(7);
   int lastNumber = 0;
@@ -94,8 +94,8 @@ TEST(RandomTreeTest, NodesStateAndPatchesFollowIdentity) {
       plan.absent = false;
     }
   }
-  EXPECT_GE(compared, 20'000);
-  EXPECT_GT(kept, 40'000) << "or there is little to keep";
+  EXPECT_GE(compared, rounds(20'000));
+  EXPECT_GT(kept, rounds(40'000)) << "or there is little to keep";
 }
 
 }  // namespace vemra::ui

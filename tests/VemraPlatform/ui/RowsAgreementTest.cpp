@@ -134,7 +134,7 @@ RowList changed(RowList rows, Random& random) {
 }  // namespace
 
 TEST(RowsAgreementTest, WindowsAndWholeListsComeToTheSameStates) {
-  constexpr int sequences = 5'000;
+  constexpr int sequences = rounds(5'000);
   constexpr int steps = 12;
   Random random(99);
   int slept = 0;
@@ -201,7 +201,7 @@ TEST(RowsAgreementTest, WindowsAndWholeListsComeToTheSameStates) {
       }
     }
   }
-  EXPECT_GT(slept, 1'000) << "or nothing was at stake";
+  EXPECT_GT(slept, rounds(1'000)) << "or nothing was at stake";
 }
 
 }  // namespace vemra::ui

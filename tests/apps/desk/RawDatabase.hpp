@@ -1,8 +1,9 @@
 #pragma once
 
+#include <string>
+
 #include <gtest/gtest.h>
 #include <sqlite3.h>
-#include <string>
 
 namespace vemra::desk {
 

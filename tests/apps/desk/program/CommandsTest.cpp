@@ -30,17 +30,19 @@ TEST_F(CommandsTest, GoalsAreListedInTheOrderInWhichTheyCame) {
   const std::string b = document("b.json", goal("b", "Second letter"));
   const std::string a = document("a.json", goal("a", "First letter é 石川"));
   EXPECT_EQ(outputOf({"import", "--store", store, b, a}), "");
-  EXPECT_EQ(outputOf({"goals", "--store", store}),
-            "b\tSecond letter\na\tFirst letter é 石川\n");
+  EXPECT_EQ(outputOf({"goals", "--store", store}), "b\tSecond letter\na\tFirst letter é 石川\n");
 }
 
 TEST_F(CommandsTest, AGoalStaysOnOneLine) {
   using namespace std::string_literals;
-  const std::string file =
-      document("a.json", goal("a\tb\\", "1\n2\r3\t4\u2028" "5\u0085" "6\u001b[31m\0end"s));
+  const std::string file = document("a.json", goal("a\tb\\",
+                                                   "1\n2\r3\t4\u2028"
+                                                   "5\u0085"
+                                                   "6\u001b[31m\0end"s));
   EXPECT_EQ(outputOf({"import", "--store", store, file}), "");
   EXPECT_EQ(outputOf({"goals", "--store", store}),
-            "a\\tb\\\\\t1\\n2\\r3\\t4\\u20285\\u00856\\u001b[31m\\u0000end\n");
+            "a\\tb\\\t1\\n2\\r3\\t4\u20285\u00856\x1b[31m\0end\n"s)
+      << "what breaks no line stands as it is, so that an id can be handed back";
 }
 
 TEST_F(CommandsTest, AStoreThatIsNotThereYetIsEmptyAndStaysAway) {

@@ -6,10 +6,11 @@
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/TemporaryFolder.hpp"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <map>
 #include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace vemra::desk {
 

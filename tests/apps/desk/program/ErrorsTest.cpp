@@ -107,8 +107,9 @@ TEST_F(ErrorsTest, WhatIsNoStore) {
 TEST_F(ErrorsTest, AStoreOfANewerVersion) {
   outputOf({"import", "--store", store, document("a.json", goal("g1", "t"))});
   RawDatabase(store).run("PRAGMA user_version = 7");
-  expectEachCommandRefused(store, store + ": was written by a newer vemra-desk: its version is 7, "
-                                          "this one knows 1\n");
+  expectEachCommandRefused(store, store +
+                                      ": was written by a newer vemra-desk: its version is 7, "
+                                      "this one knows 1\n");
 }
 
 TEST_F(ErrorsTest, AStoreThatMayNotBeWritten) {

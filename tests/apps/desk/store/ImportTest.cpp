@@ -57,16 +57,17 @@ TEST_F(ImportTest, RecordsNewOutcomesBehindTheOthers) {
   store.import({goal("g1", "t", {outcome("o1", "p1", helped)})});
   const std::string mine =
       store.record("g1", {GoalOutcomeSubjectKind::person, "p1", invited, {}, {}}).id;
-  store.import({goal("g1", "t", {outcome("o0", "p1", notAFit), outcome("o1", "p1", helped),
-                                 outcome("o2", "p1", helped)})});
+  store.import({goal(
+      "g1", "t",
+      {outcome("o0", "p1", notAFit), outcome("o1", "p1", helped), outcome("o2", "p1", helped)})});
   EXPECT_EQ(recordedIDs("g1"), (IDs{"o1", mine, "o0", "o2"}));
 }
 
 TEST_F(ImportTest, NeverRewritesARecordAndSaysSo) {
   store.import({goal("g1", "t", {outcome("o1", "p1", helped), outcome("o2", "p1", helped)})});
-  const auto leftOut = store.import({goal("other", "t"), goal("g1", "t",
-                                                              {outcome("o2", "p1", helped),
-                                                               outcome("o1", "p1", notAFit)})});
+  const auto leftOut =
+      store.import({goal("other", "t"),
+                    goal("g1", "t", {outcome("o2", "p1", helped), outcome("o1", "p1", notAFit)})});
   EXPECT_EQ(store.outcomes("g1")[0].value, helped);
   EXPECT_EQ(recordedIDs("g1"), (IDs{"o1", "o2"}));
   ASSERT_EQ(leftOut.size(), 1u);

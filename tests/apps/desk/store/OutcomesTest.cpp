@@ -6,8 +6,9 @@
 #include "tests/apps/desk/TemporaryFolder.hpp"
 
 #include <ctime>
-#include <gtest/gtest.h>
 #include <set>
+
+#include <gtest/gtest.h>
 
 namespace vemra::desk {
 namespace {
@@ -59,8 +60,11 @@ TEST_F(OutcomesTest, ComeInTheOrderOfRecordingUnderIdsOfTheirOwn) {
   std::vector<std::string> ids;
   for (int i = 0; i < 200; ++i) {
     ids.push_back(store
-                      .record("g1", {GoalOutcomeSubjectKind::person, "p1",
-                                     GoalOutcomeValue::helped, std::to_string(i), {}})
+                      .record("g1", {GoalOutcomeSubjectKind::person,
+                                     "p1",
+                                     GoalOutcomeValue::helped,
+                                     std::to_string(i),
+                                     {}})
                       .id);
   }
   EXPECT_EQ(std::set<std::string>(ids.begin(), ids.end()).size(), 200u);
@@ -99,9 +103,9 @@ TEST_F(OutcomesTest, OfAnUnknownKindOrValueAreRefusedByTheTables) {
   const std::string insert = "INSERT INTO outcomes (goal, id, goal_id, subject_kind, value) ";
   EXPECT_NE(other.run(insert + "VALUES (1, 'o', '', 'dog', 'helped')"), "");
   EXPECT_NE(other.run(insert + "VALUES (1, 'o', '', 'person', 'barked')"), "");
-  EXPECT_NE(other.run("PRAGMA foreign_keys = ON; " + insert +
-                      "VALUES (99, 'o', '', 'person', 'helped')"),
-            "");
+  EXPECT_NE(
+      other.run("PRAGMA foreign_keys = ON; " + insert + "VALUES (99, 'o', '', 'person', 'helped')"),
+      "");
   EXPECT_EQ(other.run(insert + "VALUES (1, 'o', '', 'person', 'helped')"), "");
 }
 

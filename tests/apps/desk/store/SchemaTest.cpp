@@ -4,9 +4,10 @@
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/TemporaryFolder.hpp"
 
+#include <sys/stat.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 namespace vemra::desk {
 namespace {
@@ -78,8 +79,9 @@ TEST(Schema, ANewerVersionIsRefusedUntouched) {
   GoalStore::open(file).import({goal("g", "t")});
   RawDatabase(file).run("PRAGMA user_version = 2");
   const std::string before = folder.read("goals.sqlite");
-  EXPECT_EQ(errorOfOpening(file), file + ": was written by a newer vemra-desk: its version is 2, "
-                                         "this one knows 1");
+  EXPECT_EQ(errorOfOpening(file), file +
+                                      ": was written by a newer vemra-desk: its version is 2, "
+                                      "this one knows 1");
   EXPECT_EQ(folder.read("goals.sqlite"), before);
 }
 
@@ -98,9 +100,8 @@ TEST(Schema, AnotherProgramsDatabaseIsRefusedUntouched) {
 
 TEST(Schema, AFileThatIsNoDatabaseIsRefusedUntouched) {
   const TemporaryFolder folder;
-  for (const std::string& bytes :
-       {std::string("hello"), std::string(100'000, 'x'), std::string("SQLite format 3\0", 16),
-        std::string(4096, '\0')}) {
+  for (const std::string& bytes : {std::string("hello"), std::string(100'000, 'x'),
+                                   std::string("SQLite format 3\0", 16), std::string(4096, '\0')}) {
     const std::string file = folder.write("letter.txt", bytes);
     EXPECT_EQ(errorOfOpening(file), file + ": is not an SQLite database");
     EXPECT_EQ(folder.read("letter.txt"), bytes);

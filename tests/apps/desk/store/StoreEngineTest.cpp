@@ -7,17 +7,16 @@
 
 #include <atomic>
 #include <future>
-#include <gtest/gtest.h>
 #include <thread>
+
+#include <gtest/gtest.h>
 
 namespace vemra::desk {
 namespace {
 
 class StoreEngineTest : public testing::Test {
  protected:
-  StoreEngineTest() {
-    GoalStore::open(file).import({goal("g1", "One"), goal("g2", "Two")});
-  }
+  StoreEngineTest() { GoalStore::open(file).import({goal("g1", "One"), goal("g2", "Two")}); }
 
   TemporaryFolder folder;
   std::string file = folder.file("goals.sqlite");
@@ -32,10 +31,9 @@ TEST_F(StoreEngineTest, AnswersOnAThreadOfItsOwn) {
   std::set<std::thread::id> threads;
   for (int i = 0; i < 5; ++i) {
     std::promise<std::thread::id> ended;
-    task::start(GoalResultProjectionReader::makeSnapshot(engine, "g1"),
-                [&](task::Result<GoalResultSnapshotV1>) {
-                  ended.set_value(std::this_thread::get_id());
-                });
+    task::start(
+        GoalResultProjectionReader::makeSnapshot(engine, "g1"),
+        [&](task::Result<GoalResultSnapshotV1>) { ended.set_value(std::this_thread::get_id()); });
     threads.insert(ended.get_future().get());
   }
   EXPECT_EQ(threads.size(), 1u);
@@ -63,8 +61,11 @@ TEST_F(StoreEngineTest, TriesAgainAfterAStoreThatCouldNotBeOpened) {
 TEST_F(StoreEngineTest, CarriesOutInTheOrderOfStarting) {
   std::vector<std::string> order;
   for (int i = 0; i < 50; ++i) {
-    task::start(engine->record("g1", {GoalOutcomeSubjectKind::person, "p1",
-                                      GoalOutcomeValue::helped, std::to_string(i), {}}),
+    task::start(engine->record("g1", {GoalOutcomeSubjectKind::person,
+                                      "p1",
+                                      GoalOutcomeValue::helped,
+                                      std::to_string(i),
+                                      {}}),
                 [&](task::Result<GoalOutcomeDTO> result) {
                   order.push_back(*std::move(result).take().note);
                 });

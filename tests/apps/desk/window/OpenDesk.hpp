@@ -41,11 +41,11 @@ class OpenDesk : public testing::Test {
     engine.reset();
   }
 
-  /// Lets the window work until it is so, for at most ten seconds.
+  /// Lets the window work until it is so, for at most half a minute.
   static bool becomes(const std::function<bool()>& condition) {
     QElapsedTimer timer;
     timer.start();
-    while (timer.elapsed() < 10'000) {
+    while (timer.elapsed() < 30'000) {
       QApplication::processEvents();
       if (condition()) return true;
       QThread::msleep(5);
@@ -100,8 +100,8 @@ class OpenDesk : public testing::Test {
   /// All texts that can be seen under the widget of that name, or anywhere.
   QStringList texts(const std::string& within = "") const {
     QStringList texts;
-    const QWidget* root = within.empty() ? window.get()
-                                         : window->findChild<QWidget*>(within.c_str());
+    const QWidget* root =
+        within.empty() ? window.get() : window->findChild<QWidget*>(within.c_str());
     if (root == nullptr) return texts;
     for (const auto* label : root->findChildren<QLabel*>()) {
       if (label->isVisible()) texts.append(label->text());

@@ -81,9 +81,9 @@ TEST_F(RecordingTest, AFailureIsShownAndCanBeTriedAgain) {
   press(mai + ".outcome.save");
   auto* notice = wait<QWidget>("desk.notice");
   ASSERT_NE(notice, nullptr);
-  EXPECT_TRUE(shows("The outcome was not recorded. " + QString::fromStdString(file) +
-                        ": failed: the dog ate it",
-                    "desk.notice"))
+  EXPECT_TRUE(shows(
+      "The outcome was not recorded. " + QString::fromStdString(file) + ": failed: the dog ate it",
+      "desk.notice"))
       << texts("desk.notice").join("\n").toStdString();
   EXPECT_EQ(recorded().size(), 4u);
 

@@ -32,7 +32,7 @@ GoalOutcomeDTO earlier(GoalOutcomeValue value, std::optional<std::string> note) 
   return outcome;
 }
 
-// MARK: initial values
+// initial values
 
 TEST(InitialFormValues, aFirstRecordingBeginsAtWasUseful) {
   const form::FormValues values = form::initialFormValues(std::nullopt);
@@ -61,7 +61,7 @@ TEST(InitialFormValues, theNoteIsTakenAsStored) {
   }
 }
 
-// MARK: can save
+// can save
 
 TEST(CanSave, everyValueButSomethingElseMayGoWithoutANote) {
   for (GoalOutcomeValue value : allGoalOutcomeValues) {
@@ -90,7 +90,7 @@ TEST(CanSave, somethingElseNeedsMoreThanBlanks) {
   }
 }
 
-// MARK: what leaves the form
+// what leaves the form
 
 std::optional<std::string> recordedNote(const std::string& noteText) {
   return form::recordingInput(person, "anna", GoalOutcomeValue::helped, noteText, std::nullopt)
@@ -159,7 +159,7 @@ TEST(RecordingInput, isBuiltEvenWhenSaveWouldBeRefused) {
                                                   std::nullopt, std::nullopt}));
 }
 
-// MARK: labels
+// labels
 
 TEST(OutcomeLabel, everyValueHasItsWords) {
   const std::string_view labels[] = {"Reached out",     "Invited",       "Introduced",

@@ -105,7 +105,7 @@ TEST(MakeSnapshot, holdsTheEngineUntilTheQueryHasEnded) {
   EXPECT_TRUE(observer.expired());
 }
 
-// MARK: failures
+// failures
 
 struct EngineError : std::runtime_error {
   using std::runtime_error::runtime_error;
@@ -166,7 +166,7 @@ TEST(MakeSnapshot, aFailureIsNotTriedAgain) {
   EXPECT_EQ(engine->queries, 1);
 }
 
-// MARK: threads
+// threads
 
 // Leaves every query waiting until the test answers it, in any order and from any thread.
 class WaitingEngine : public GoalToolExecutor {
