@@ -19,8 +19,12 @@ Insets operator+(const Insets& a, const Insets& b) {
   return {a.top + b.top, a.leading + b.leading, a.bottom + b.bottom, a.trailing + b.trailing};
 }
 
-int across(const Insets& insets) { return insets.leading + insets.trailing; }
-int along(const Insets& insets) { return insets.top + insets.bottom; }
+int across(const Insets& insets) {
+  return insets.leading + insets.trailing;
+}
+int along(const Insets& insets) {
+  return insets.top + insets.bottom;
+}
 
 void collectItems(const RenderNode& holder, const Insets& around, std::vector<Item>& items) {
   for (RenderNode* child : holder.children) {
@@ -63,7 +67,8 @@ QSize measureList(RenderNode& list, int width, int spacing, const LeafMetrics& m
     heights.setEstimate(static_cast<int>((sum + rows / 2) / rows));
   }
   for (RenderNode* row : list.children) {
-    if (row->rowIndex < count) heights.setHeight(row->rowIndex, row->size.height() + along(padding));
+    if (row->rowIndex < count)
+      heights.setHeight(row->rowIndex, row->size.height() + along(padding));
   }
   return QSize(width, static_cast<int>(heights.total()));
 }
@@ -134,8 +139,8 @@ QSize measure(RenderNode& node, int width, int spacing, const LeafMetrics& metri
   } else if (node.element.kind() == ElementKind::hStack) {
     inner = measureFlow(node, room, node.element.spacing(), metrics);
   } else {
-    inner = measureColumn(node, room, node.isTransparent() ? spacing : node.element.spacing(),
-                          metrics);
+    inner =
+        measureColumn(node, room, node.isTransparent() ? spacing : node.element.spacing(), metrics);
   }
   node.size = QSize(inner.width() + across(padding), inner.height() + along(padding));
   node.measuredWidth = width;

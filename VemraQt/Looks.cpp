@@ -105,7 +105,8 @@ QFont Looks::font(const ui::Font& font) const {
   QFont result = systemFont_;
   const double ratio = sizeOf(font.style) / bodySize * textScale_;
   if (systemFont_.pixelSize() > 0) {
-    result.setPixelSize(std::max(1, static_cast<int>(std::lround(systemFont_.pixelSize() * ratio))));
+    result.setPixelSize(
+        std::max(1, static_cast<int>(std::lround(systemFont_.pixelSize() * ratio))));
   } else {
     result.setPointSizeF(std::max(1.0, systemFont_.pointSizeF() * ratio));
   }

@@ -42,17 +42,21 @@ Page::Page(QAbstractScrollArea& area, ui::ViewGraph& graph)
       graph_(graph),
       metrics_(area, context_.looks),
       pool_(area.viewport(), context_),
-      tree_([this](RenderNode& node) { leaving(node); }) {
+      tree_([this](RenderNode& node) { leaving(node); }),
+      accessible_(std::make_unique<AccessibleTree>(area, *this)) {
   context_.sink = this;
 }
 
 Page::~Page() {
+  accessible_.reset();
   graph_.detach();
 }
 
 void Page::apply(const std::vector<ui::Patch>& patches) {
   if (!anchor_) captureAnchor(AnchorReason::changed);
+  ++version_;
   tree_.apply(patches);
+  tellAccessibility(patches);
   for (RenderNode* list : tree_.lists()) {
     for (RenderNode* row : list->children) {
       if (const ui::Node* node = graph_.find(row->id)) row->rowIndex = node->rowIndex;
@@ -63,6 +67,17 @@ void Page::apply(const std::vector<ui::Patch>& patches) {
   applying_ = true;
   settle();
   applying_ = false;
+}
+
+void Page::tellAccessibility(const std::vector<ui::Patch>& patches) {
+  if (!accessible_->isWatched()) return;
+  for (const ui::Patch& patch : patches) {
+    const RenderNode* node = tree_.find(patch.node);
+    if (!node) continue;  // removals are told while the node is there
+    if (patch.kind == ui::Patch::Kind::update) accessible_->elementUpdated(*node);
+    if (patch.kind == ui::Patch::Kind::insert && node->isRow()) accessible_->rowInserted(node->id);
+    if (node->parent) accessible_->childrenChanged(*node->parent);
+  }
 }
 
 void Page::deliver(ui::NodeID node, ui::Event event) {
@@ -125,6 +140,7 @@ void Page::settle() {
   place();
   filling_ = false;
   restoreFocus();
+  accessible_->announce();
 }
 
 void Page::layout() {
@@ -284,6 +300,11 @@ bool Page::askForRows() {
       }
     }
     if (!same || row != list->children.size()) requests.emplace_back(list->id, std::move(wanted));
+  }
+  for (const RenderNode* list : tree_.wholeLists()) {
+    // A picker's choices are there by themselves.
+    const std::size_t count = list->element.rowCount();
+    if (list->children.size() != count) requests.push_back({list->id, {{0, count}}});
   }
   for (auto& [list, ranges] : requests) {
     graph_.showRows(list, std::move(ranges));

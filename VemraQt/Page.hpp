@@ -3,8 +3,10 @@
 #include "VemraPlatform/ui/ViewGraph.hpp"
 #include "VemraQt/Anchor.hpp"
 #include "VemraQt/StyleMetrics.hpp"
+#include "VemraQt/accessibility/AccessibleTree.hpp"
 #include "VemraQt/widgets/WidgetPool.hpp"
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -49,6 +51,10 @@ class Page final : public ui::Renderer, public EventSink {
   bool focusEnd(bool first);
   bool focusElement(ui::NodeID node, Qt::FocusReason reason);
   RenderNode* focusedNode() const;
+  /// Scrolls a row in when it is not there.
+  void bringRow(ui::NodeID list, std::size_t index);
+  /// Gives the focus to the first control in `within` behind `after`, or to the nearest one.
+  void focusInPlace(ui::NodeID within, ui::NodeID after);
   /// @}
 
   /// Scrolls just as far as it takes to see it, with its row when that fits.
@@ -57,6 +63,9 @@ class Page final : public ui::Renderer, public EventSink {
 
   const RenderTree& tree() const { return tree_; }
   ui::ViewGraph& graph() const { return graph_; }
+  AccessibleTree& accessibleTree() const { return *accessible_; }
+  /// Another number whenever the nodes have changed.
+  std::uint64_t version() const { return version_; }
   const Looks& looks() const { return context_.looks; }
   /// The element's frame on the whole page, in pixels from its top left corner.
   QRect frameOnPage(const RenderNode& leaf) const;
@@ -67,8 +76,8 @@ class Page final : public ui::Renderer, public EventSink {
  private:
   /// Where a focused, or just pressed, element was when it went.
   struct LostFocus {
-    ui::NodeID within;  ///< the nearest element that is still there
-    ui::NodeID after;   ///< what stood before it in there; none: it was the first
+    ui::NodeID within;               ///< the nearest element that is still there
+    ui::NodeID after;                ///< what stood before it in there; none: it was the first
     std::optional<std::size_t> row;  ///< of a row of `within`: its index
     bool wasSeen = true;
   };
@@ -85,6 +94,7 @@ class Page final : public ui::Renderer, public EventSink {
   void captureAnchor(AnchorReason reason);
   void restoreAnchor();
 
+  void tellAccessibility(const std::vector<ui::Patch>& patches);
   void leaving(RenderNode& node);
   void restoreFocus();
   bool keepsWidget(const RenderNode& leaf) const;
@@ -101,7 +111,9 @@ class Page final : public ui::Renderer, public EventSink {
   StyleMetrics metrics_;
   WidgetPool pool_;
   RenderTree tree_;
+  std::unique_ptr<AccessibleTree> accessible_;
 
+  std::uint64_t version_ = 0;
   int scroll_ = 0;
   int contentHeight_ = 0;
   std::optional<Anchor> anchor_;

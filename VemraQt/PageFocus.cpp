@@ -140,7 +140,18 @@ void Page::reveal(const RenderNode& node) {
   if (position != scroll_) scrollTo(position);
 }
 
+void Page::bringRow(ui::NodeID list, std::size_t index) {
+  RenderNode* node = tree_.find(list);
+  if (node && node->rows && index < node->rows->count()) rowAt(*node, index);
+}
+
+void Page::focusInPlace(ui::NodeID within, ui::NodeID after) {
+  lostFocus_ = LostFocus{within, after, std::nullopt, true};
+  restoreFocus();
+}
+
 void Page::leaving(RenderNode& node) {
+  if (node.parent && accessible_) accessible_->childrenChanged(*node.parent);
   RenderNode* focused = focusedNode();
   const bool losesFocus = focused && isInside(focused, node);
   const RenderNode* pressed = pressed_ ? tree_.find(pressed_) : nullptr;

@@ -8,6 +8,20 @@ using ui::ElementKind;
 using ui::NodeID;
 using ui::Patch;
 
+namespace {
+
+/// Rows can be left out only where they stand one below the other and nothing else depends on
+/// them: in a column of the page itself. A list beside something, or inside a row, is shown whole.
+bool standsInColumn(const RenderNode& node) {
+  for (const RenderNode* place = node.parent; place; place = place->parent) {
+    const ElementKind kind = place->element.kind();
+    if (kind == ElementKind::hStack || kind == ElementKind::picker || place->rows) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
 bool RenderNode::isLeaf() const {
   switch (element.kind()) {
     case ElementKind::text:
@@ -38,9 +52,10 @@ void RenderTree::apply(const std::vector<Patch>& patches) {
         auto made = std::make_unique<RenderNode>(patch.node, *patch.element);
         RenderNode& node = *nodes_.insert_or_assign(patch.node, std::move(made)).first->second;
         place(node, patch.parent, patch.after);
-        if (node.element.kind() == ElementKind::forEach && standsInColumn(node)) {
-          node.rows = std::make_unique<RowHeights>();
-          lists_.push_back(&node);
+        if (node.element.kind() == ElementKind::forEach) {
+          const bool windowed = standsInColumn(node);
+          if (windowed) node.rows = std::make_unique<RowHeights>();
+          (windowed ? lists_ : wholeLists_).push_back(&node);
         }
         break;
       }
@@ -122,18 +137,10 @@ void RenderTree::takeOut(RenderNode& node) {
 
 void RenderTree::erase(RenderNode& node) {
   for (RenderNode* child : node.children) erase(*child);
-  if (node.rows) std::erase(lists_, &node);
-  nodes_.erase(node.id);
-}
-
-/// Rows can be left out only where they stand one below the other and nothing else depends on
-/// them: in a column of the page itself. A list beside something, or inside a row, is shown whole.
-bool RenderTree::standsInColumn(const RenderNode& node) {
-  for (const RenderNode* place = node.parent; place; place = place->parent) {
-    const ElementKind kind = place->element.kind();
-    if (kind == ElementKind::hStack || kind == ElementKind::picker || place->rows) return false;
+  if (node.element.kind() == ElementKind::forEach) {
+    std::erase(node.rows ? lists_ : wholeLists_, &node);
   }
-  return true;
+  nodes_.erase(node.id);
 }
 
 RenderNode* rowOf(RenderNode* node) {

@@ -47,7 +47,7 @@ struct RenderNode {
   TextShape shape;
 
   ElementWidget* widget = nullptr;  ///< shows the element while it is near the viewport
-  bool stale = true;          ///< the widget does not show `element` yet
+  bool stale = true;                ///< the widget does not show `element` yet
 
   bool isLeaf() const;
   /// Adds no layout of its own: what it holds stands in its parent.
@@ -69,6 +69,8 @@ class RenderTree {
   RenderNode* find(ui::NodeID id) const;
   /// The windowed lists, in no particular order.
   const std::vector<RenderNode*>& lists() const { return lists_; }
+  /// The other lists outside pickers: all their rows are wanted.
+  const std::vector<RenderNode*>& wholeLists() const { return wholeLists_; }
 
   /// Forgets what was measured of the node and of all that hold it.
   static void invalidate(RenderNode* node);
@@ -79,11 +81,10 @@ class RenderTree {
   void place(RenderNode& node, ui::NodeID parent, ui::NodeID after);
   void takeOut(RenderNode& node);
   void erase(RenderNode& node);
-  static bool standsInColumn(const RenderNode& node);
 
   std::function<void(RenderNode&)> leaving_;
   std::unordered_map<ui::NodeID, std::unique_ptr<RenderNode>> nodes_;
-  std::vector<RenderNode*> lists_;
+  std::vector<RenderNode*> lists_, wholeLists_;
   RenderNode* root_ = nullptr;
 };
 

@@ -41,7 +41,8 @@ std::size_t RowHeights::rowAt(std::int64_t distance) const {
   if (distance < 0) return 0;
   const std::int64_t extent = estimate_ + gap_;
   if (deviations_.empty()) {
-    return std::min(count_ - 1, static_cast<std::size_t>(distance / std::max<std::int64_t>(extent, 1)));
+    return std::min(count_ - 1,
+                    static_cast<std::size_t>(distance / std::max<std::int64_t>(extent, 1)));
   }
   // Down the tree: the most rows whose heights together do not exceed the distance.
   std::size_t row = 0;

@@ -101,8 +101,7 @@ QSize StyleMetrics::field(RenderNode& leaf, int width) const {
   leaf.shape = TextShape(toQString(leaf.element.shownLabel()), font, wide - 2 * fieldMargin - 4);
   const int lines = std::max(metrics.height(), leaf.shape.size().height());
   const QSize text(wide, lines + 4);
-  const QSize size =
-      page_.style()->sizeFromContents(QStyle::CT_LineEdit, &option, text, nullptr);
+  const QSize size = page_.style()->sizeFromContents(QStyle::CT_LineEdit, &option, text, nullptr);
   return QSize(wide, std::max(size.height(), smallestTarget));
 }
 

@@ -9,6 +9,26 @@
 
 namespace vemra::qt {
 
+namespace {
+
+// Looking for a word's end takes Qt, at every line of it, the rest of the word: quadratic. A text
+// with such a word in it is not for reading; it breaks wherever a line is full.
+constexpr qsizetype endlessWord = 2000;
+
+qsizetype longestWord(const QString& text) {
+  if (text.size() < endlessWord) return text.size() - 1;
+  qsizetype longest = 0;
+  qsizetype start = 0;
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    if (!text[i].isSpace()) continue;
+    longest = std::max(longest, i - start);
+    start = i + 1;
+  }
+  return std::max(longest, text.size() - start);
+}
+
+}  // namespace
+
 QString withLineSeparators(const QString& text) {
   // The mandatory breaks of Unicode Standard Annex #14.
   const auto breaks = [](QChar c) {
@@ -28,7 +48,8 @@ QString withLineSeparators(const QString& text) {
 TextShape::TextShape(const QString& text, const QFont& font, int width)
     : layout_(std::make_shared<QTextLayout>(withLineSeparators(text), font)) {
   QTextOption option;
-  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  option.setWrapMode(longestWord(text) < endlessWord ? QTextOption::WrapAtWordBoundaryOrAnywhere
+                                                     : QTextOption::WrapAnywhere);
   option.setTextDirection(Qt::LayoutDirectionAuto);
   option.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
   layout_->setTextOption(option);

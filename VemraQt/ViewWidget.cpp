@@ -2,6 +2,7 @@
 
 #include "VemraQt/Page.hpp"
 #include "VemraQt/SystemEnvironment.hpp"
+#include "VemraQt/accessibility/AccessiblePage.hpp"
 
 #include <QApplication>
 #include <QEvent>
@@ -34,6 +35,7 @@ void ViewWidget::prepare() {
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // until the page knows better
   viewport()->setBackgroundRole(QPalette::Base);
   viewport()->setAutoFillBackground(true);
+  installAccessiblePages();
   page_ = std::make_unique<Page>(*this, graph_);
   applyLooks();
   graph_.attach(*page_);
@@ -149,13 +151,14 @@ void ViewWidget::focusInEvent(QFocusEvent* event) {
 }
 
 bool ViewWidget::focusNextPrevChild(bool next) {
-  if (hasFocus() ? page_->focusEnd(next) : page_->focusNext(next)) return true;
+  const bool isEntered = window()->focusWidget() == this;
+  if (isEntered ? page_->focusEnd(next) : page_->focusNext(next)) return true;
   // Qt looks for the next control from here on, so that the page counts as one stop.
   leaving_ = true;
   setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
   const bool left = QAbstractScrollArea::focusNextPrevChild(next);
   leaving_ = false;
-  if (left && !hasFocus()) return true;
+  if (left && window()->focusWidget() != this) return true;
   return page_->focusEnd(next);  // nothing else in the window: round and round
 }
 

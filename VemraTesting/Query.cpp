@@ -5,7 +5,8 @@ namespace vemra::testing {
 bool Query::matches(const ui::Element& element) const {
   switch (by) {
     case By::identifier:
-      return element.accessibilityIdentifier() == value;
+      // An element without an identifier is not one whose identifier is "".
+      return !value.empty() && element.accessibilityIdentifier() == value;
     case By::title:
     case By::text:
       return element.kind() == kind && element.shownLabel() == value;

@@ -23,11 +23,13 @@ class RowSource {
 };
 
 /// A way to an element's id: a member pointer or a function. The id must live in the element, so
-/// that it is a reference or a string_view, never a string made on the spot.
+/// that it is a reference or a string_view, never a string made on the spot; and the element must
+/// live in the range, never be made on the spot either.
 template <class ID, class Elements>
 concept RowIDOf = requires(const ID& id, const Elements& elements) {
   { std::invoke(id, elements[0]) } -> std::convertible_to<std::string_view>;
-  requires std::is_reference_v<decltype(std::invoke(id, elements[0]))> ||
+  requires std::is_lvalue_reference_v<decltype(elements[0])>;
+  requires std::is_lvalue_reference_v<decltype(std::invoke(id, elements[0]))> ||
       std::is_same_v<decltype(std::invoke(id, elements[0])), std::string_view>;
 };
 

@@ -14,10 +14,16 @@ concept Choice = std::copyable<Value> && requires(const Value& value) {
   { caseName(value) } -> std::convertible_to<std::string_view>;
 };
 
+class Tag;
+
+/// A choice that is not itself a tag; asked first, so that a tag's own copying never depends on it.
+template <class Value>
+concept Taggable = !std::same_as<Value, Tag> && Choice<Value>;
+
 /// What a picker's row stands for: a value of the picker's own type, and its name.
 class Tag {
  public:
-  template <Choice Value>
+  template <Taggable Value>
   explicit Tag(Value value) : name_(caseName(value)), value_(std::move(value)) {}
 
   const std::string& name() const { return name_; }

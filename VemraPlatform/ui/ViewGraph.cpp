@@ -214,9 +214,11 @@ void ViewGraph::rememberError() {
 }
 
 void ViewGraph::stateChanged(StateCell& cell) {
-  const Node* node = find(NodeID{cell.place()});
+  Node* node = mutableNode(NodeID{cell.place()});
   if (describing_) programmerError("state was written while a view was being described", node);
   if (!node) return;  // asleep: the value waits there for the row's return
+  // Also one that was described in this very pass has to be described again.
+  node->describedInPass = 0;
   dirty_.push_back(node->id);
   if (!busy_) settle();
 }

@@ -143,6 +143,7 @@ class IdentifierBus final : public QDBusVirtualObject {
     if (message.interface() != accessibleInterface) return false;
     if (member == QLatin1String("GetAttributes")) return answerAttributes(message, connection);
     if (member == QLatin1String("GetInterfaces")) return answerInterfaces(message, connection);
+    if (member == QLatin1String("GetState")) return answerState(message, connection);
     return false;
   }
 
@@ -166,6 +167,32 @@ class IdentifierBus final : public QDBusVirtualObject {
     if (interface->valueInterface()) names << QStringLiteral("org.a11y.atspi.Value");
     if (interface->tableInterface()) names << QStringLiteral("org.a11y.atspi.Table");
     return connection.send(message.createReply(QVariant::fromValue(names)));
+  }
+
+  /// Qt takes what is outside the viewport for invisible as well, and knows no single line.
+  bool answerState(const QDBusMessage& message, const QDBusConnection& connection) const {
+    const QAccessible::Id element = elementAt(message.path());
+    QAccessibleInterface* interface = QAccessible::accessibleInterface(element);
+    if (!interface || identifierOf(element).isNull()) return false;
+    const QAccessible::State state = interface->state();
+    // The places of the bits are those of AtspiStateType.
+    const std::pair<bool, int> bits[] = {
+        {state.active, 1},      {state.collapsed, 5},
+        {state.editable, 7},    {!state.disabled, 8},
+        {state.expandable, 9},  {state.expanded, 10},
+        {state.focusable, 11},  {state.focused, 12},
+        {state.selectable, 22}, {state.selected, 23},
+        {!state.disabled, 24},  {!state.invisible && !state.offscreen, 25},
+        {state.editable, 26},   {interface->role() == QAccessible::ListItem, 28},
+        {!state.invisible, 30}, {state.selectableText, 38},
+        {state.hasPopup, 42},
+    };
+    quint64 set = 0;
+    for (const auto& [isSet, bit] : bits) {
+      if (isSet) set |= quint64{1} << bit;
+    }
+    const QList<uint> words{static_cast<uint>(set), static_cast<uint>(set >> 32)};
+    return connection.send(message.createReply(QVariant::fromValue(words)));
   }
 
   bool answerMatches(const QDBusMessage& message, const QDBusConnection& connection,
@@ -199,6 +226,7 @@ class Installer final : public QObject, public QAccessible::ActivationObserver {
     qDBusRegisterMetaType<Reference>();
     qDBusRegisterMetaType<QList<Reference>>();
     qDBusRegisterMetaType<QMap<QString, QString>>();
+    qDBusRegisterMetaType<QList<uint>>();
     retry_.setInterval(20);
     connect(&retry_, &QTimer::timeout, this, [this] { attempt(); });
     QAccessible::installActivationObserver(this);
@@ -211,7 +239,15 @@ class Installer final : public QObject, public QAccessible::ActivationObserver {
   void accessibilityActiveChanged(bool active) override {
     if (!active || isInstalled()) return;
     attempts_ = 0;
-    if (!attempt()) retry_.start();
+    if (attempt()) return;
+    // Qt puts its object on the bus right after it has told of being active. A posted call comes
+    // before any that a client can make.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+          if (!isInstalled() && !attempt()) retry_.start();
+        },
+        Qt::QueuedConnection);
   }
 
  private:

@@ -108,8 +108,8 @@ void ChoiceBox::paintEvent(QPaintEvent*) {
   option.currentText.clear();
   option.state &= ~QStyle::State_HasFocus;
   painter.drawComplexControl(QStyle::CC_ComboBox, option);
-  const QRect field = style()->subControlRect(QStyle::CC_ComboBox, &option,
-                                              QStyle::SC_ComboBoxEditField, this);
+  const QRect field =
+      style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
   painter.setPen(option.palette.color(QPalette::ButtonText));
   const int above = (height() - shape_.size().height()) / 2;
   shape_.draw(painter, QRect(field.x() + 2, above, field.width() - 4, shape_.size().height()),

@@ -7,24 +7,26 @@ namespace vemra::qt {
 
 void ElementWidget::show(const RenderNode& leaf) {
   node_ = leaf.id;
+  taking_ = true;
   const QString identifier = toQString(leaf.element.accessibilityIdentifier());
   if (widget().objectName() != identifier) widget().setObjectName(identifier);
   if (widget().isEnabledTo(widget().parentWidget()) != leaf.element.style().enabled) {
     widget().setEnabled(leaf.element.style().enabled);
   }
   take(leaf);
+  taking_ = false;
 }
 
 void ElementWidget::rest() {
   if (!node_) return;
-  letGo();
   node_ = {};
+  letGo();
   widget().setAttribute(Qt::WA_UnderMouse, false);
 }
 
 QMargins overhang(const ui::Element& element) {
-  const bool plain = element.kind() == ui::ElementKind::button &&
-                     element.buttonStyle() == ui::ButtonStyle::plain;
+  const bool plain =
+      element.kind() == ui::ElementKind::button && element.buttonStyle() == ui::ButtonStyle::plain;
   return plain ? QMargins(4, 0, 4, 0) : QMargins();
 }
 

@@ -32,6 +32,8 @@ class ElementWidget {
 
   /// The element it shows; none while it rests.
   ui::NodeID node() const { return node_; }
+  /// It is changing what it shows: what Qt says of that is nothing a person did.
+  bool isTaking() const { return taking_; }
   /// Shows a measured leaf of its own kind.
   void show(const RenderNode& leaf);
   /// Ends what a person was doing with it: it shows nothing for now, or another element next.
@@ -48,6 +50,7 @@ class ElementWidget {
  private:
   const PageContext& page_;
   ui::NodeID node_;
+  bool taking_ = false;
 };
 
 /// How far a widget's rectangle reaches past its element's frame, for its focus ring.

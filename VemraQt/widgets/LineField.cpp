@@ -32,18 +32,16 @@ LineField::LineField(QWidget* parent, const PageContext& page)
   setTextMargins(4, 2, 4, 2);
   setMaxLength(std::numeric_limits<int>::max());
   connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
-    if (!taking_ && node()) deliver(ui::EditText{text.toStdString()});
+    if (!isTaking() && node()) deliver(ui::EditText{text.toStdString()});
   });
 }
 
 void LineField::take(const RenderNode& leaf) {
   const QString wanted = toQString(leaf.element.text());
   if (text() != wanted) {
-    taking_ = true;
     const int cursor = cursorPosition();
     setText(wanted);
     setCursorPosition(hasFocus() ? cursor : static_cast<int>(wanted.size()));
-    taking_ = false;
   }
   const QString title = toQString(leaf.element.shownLabel());
   if (accessibleName() != title) setAccessibleName(title);
@@ -52,9 +50,7 @@ void LineField::take(const RenderNode& leaf) {
 }
 
 void LineField::letGo() {
-  taking_ = true;
-  clear();  // with its undo history, which is another element's next time
-  taking_ = false;
+  clear();  // with its undo history: the next element's begins anew
 }
 
 void LineField::paintEvent(QPaintEvent* event) {
@@ -83,9 +79,11 @@ void LineField::paintFrame(QPainter& painter) {
 void LineField::paintPrompt(QPainter& painter) {
   QStyleOptionFrame option;
   initStyleOption(&option);
-  const QRect inside = style()->subElementRect(QStyle::SE_LineEditContents, &option, this)
+  const QRect inside = style()
+                           ->subElementRect(QStyle::SE_LineEditContents, &option, this)
                            .marginsRemoved(textMargins());
-  painter.setPen(isEnabled() ? looks().text(ui::ForegroundStyle::tertiary) : looks().disabledText());
+  painter.setPen(isEnabled() ? looks().text(ui::ForegroundStyle::tertiary)
+                             : looks().disabledText());
   const int above = (height() - prompt_.size().height()) / 2;
   prompt_.draw(painter, QRect(inside.x() + 2, above, inside.width() - 4, prompt_.size().height()),
                layoutDirection());

@@ -30,7 +30,6 @@ class LineField final : public QLineEdit, public ElementWidget {
   void paintLineBreaks(QPainter& painter);
 
   TextShape prompt_;
-  bool taking_ = false;
 };
 
 }  // namespace vemra::qt

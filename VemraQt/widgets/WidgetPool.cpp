@@ -56,7 +56,8 @@ void WidgetPool::hideResting() {
 
 void WidgetPool::restyle() {
   for (Shelf& shelf : shelves_) {
-    for (const auto& widget : shelf.all) widget->widget().setFont(page_.looks.font(shelf.shape.font));
+    for (const auto& widget : shelf.all)
+      widget->widget().setFont(page_.looks.font(shelf.shape.font));
   }
 }
 

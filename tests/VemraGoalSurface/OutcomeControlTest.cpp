@@ -202,15 +202,18 @@ TEST_F(OutcomeControl, goesBackToRecordOutcomeWhenTheOutcomeIsTakenAway) {
   EXPECT_TRUE(screen.has(prefix + ".outcome.start"));
 }
 
-TEST_F(OutcomeControl, keepsWhatWasTypedInItsStateAfterLeavingTheEditor) {
-  Screen screen = screenOf(result_);
-  screen.press(prefix + ".outcome.start");
-  screen.select(prefix + ".outcome.picker", "notAFit");
-  screen.type(prefix + ".outcome.note", " typed ");
-  screen.press(prefix + ".outcome.save");
-  EXPECT_THAT(screen.outline(),
-              ::testing::HasSubstr(
-                  "state={isEditing=false selectedValue=\"notAFit\" noteText=\" typed \"}"));
+TEST_F(OutcomeControl, clearsNothingWhenItLeavesTheEditor) {
+  for (const char* door : {".outcome.save", ".outcome.cancel"}) {
+    Screen screen = screenOf(result_);
+    screen.press(prefix + ".outcome.start");
+    screen.select(prefix + ".outcome.picker", "notAFit");
+    screen.type(prefix + ".outcome.note", " typed ");
+    screen.press(prefix + door);
+    EXPECT_THAT(screen.outline(),
+                ::testing::HasSubstr(
+                    "state={isEditing=false selectedValue=\"notAFit\" noteText=\" typed \"}"))
+        << door;
+  }
 }
 
 }  // namespace

@@ -42,8 +42,8 @@ std::vector<std::string> controlsInOrder(const Result& result) {
     if (!person.evidenceIDs.empty()) names.push_back(prefix + ".show-source");
     names.push_back(prefix + ".outcome.start");
   }
-  names.push_back("vemra.goal.path.see-in-starfold");
-  names.push_back("vemra.goal.path.outcome.start");
+  names.emplace_back("vemra.goal.path.see-in-starfold");
+  names.emplace_back("vemra.goal.path.outcome.start");
   return names;
 }
 
@@ -98,6 +98,7 @@ TEST(Focus, ThePageIsOneStopBetweenItsNeighbours) {
   window.resize(900, 700);
   window.show();
   host.widget.show();
+  QApplication::setActiveWindow(&window);
   before->setFocus();
   std::vector<std::string> walked;
   for (int i = 0; i < 9; ++i) {
@@ -105,8 +106,8 @@ TEST(Focus, ThePageIsOneStopBetweenItsNeighbours) {
     walked.push_back(focusedName(window));
   }
   std::vector<std::string> expected = controlsInOrder(host.result);
-  expected.push_back("after");
-  expected.push_back("before");
+  expected.emplace_back("after");
+  expected.emplace_back("before");
   EXPECT_EQ(walked, expected);
   walked.clear();
   for (int i = 0; i < 9; ++i) {
@@ -114,9 +115,9 @@ TEST(Focus, ThePageIsOneStopBetweenItsNeighbours) {
     walked.push_back(focusedName(window));
   }
   std::vector<std::string> back = controlsInOrder(host.result);
+  back.emplace_back("after");
   std::ranges::reverse(back);
-  back.insert(back.begin(), "after");
-  back.push_back("before");
+  back.emplace_back("before");
   EXPECT_EQ(walked, back);
   host.widget.setParent(nullptr);
 }

@@ -1,6 +1,5 @@
-#include "VemraQt/Layout.hpp"
-
 #include "VemraPlatform/ui/ViewGraph.hpp"
+#include "VemraQt/Layout.hpp"
 
 #include <map>
 #include <string>
@@ -53,14 +52,19 @@ class Laid final : public Renderer {
   ViewGraph graph_;
 };
 
-Text text(const char* content) { return Text(verbatim(content)); }
-Button button(const char* title) { return Button(verbatim(title), [] {}); }
+Text text(const char* content) {
+  return Text(verbatim(content));
+}
+Button button(const char* title) {
+  return Button(verbatim(title), [] {});
+}
 
 }  // namespace
 
 TEST(Layout, AColumnStacksWithItsSpacingAndPadding) {
-  Laid laid(VStack(HorizontalAlignment::leading, 7, {text("ab"), text("abcd"), text("a")}).padding(24),
-            500);
+  Laid laid(
+      VStack(HorizontalAlignment::leading, 7, {text("ab"), text("abcd"), text("a")}).padding(24),
+      500);
   EXPECT_EQ(laid.frames["ab"], QRect(24, 24, 20, 20));
   EXPECT_EQ(laid.frames["abcd"], QRect(24, 51, 40, 20));
   EXPECT_EQ(laid.frames["a"], QRect(24, 78, 10, 20));
@@ -68,9 +72,10 @@ TEST(Layout, AColumnStacksWithItsSpacingAndPadding) {
 }
 
 TEST(Layout, PaddingOnSomeEdgesOnly) {
-  Laid laid(VStack(HorizontalAlignment::leading, 0,
-                   {text("a").padding(Edges::vertical, 4), text("b").padding(Edges::horizontal, 9)}),
-            500);
+  Laid laid(
+      VStack(HorizontalAlignment::leading, 0,
+             {text("a").padding(Edges::vertical, 4), text("b").padding(Edges::horizontal, 9)}),
+      500);
   EXPECT_EQ(laid.frames["a"], QRect(0, 4, 10, 20));
   EXPECT_EQ(laid.frames["b"], QRect(9, 28, 10, 20));
 }
@@ -112,9 +117,11 @@ TEST(Layout, NothingIsWiderThanThePageItStandsOn) {
 }
 
 TEST(Layout, GroupsAddNothingAndHandTheirPaddingOn) {
-  Laid plain(VStack(HorizontalAlignment::leading, 5, {text("a"), Group({text("b"), text("c")})}), 99);
+  Laid plain(VStack(HorizontalAlignment::leading, 5, {text("a"), Group({text("b"), text("c")})}),
+             99);
   EXPECT_EQ(plain.frames["c"], QRect(0, 50, 10, 20));
-  Laid padded(VStack(HorizontalAlignment::leading, 5, {Group({text("b"), text("c")}).padding(3)}), 99);
+  Laid padded(VStack(HorizontalAlignment::leading, 5, {Group({text("b"), text("c")}).padding(3)}),
+              99);
   EXPECT_EQ(padded.frames["b"], QRect(3, 3, 10, 20));
   EXPECT_EQ(padded.frames["c"], QRect(3, 34, 10, 20));
 }

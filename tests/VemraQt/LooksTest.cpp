@@ -1,6 +1,5 @@
-#include "VemraQt/Looks.hpp"
-
 #include "VemraQt/Contrast.hpp"
+#include "VemraQt/Looks.hpp"
 
 #include <array>
 
@@ -38,9 +37,12 @@ TEST(Contrast, IsThatOfTheGuidelines) {
 
 TEST(Looks, TheThreeLevelsAreReadableAndDistinctOnEveryPalette) {
   const std::array palettes{
-      paletteOf(Qt::black, Qt::white),           paletteOf(Qt::white, Qt::black),
-      paletteOf(Qt::yellow, Qt::black),          paletteOf(QColor(0x33, 0x33, 0x33), QColor(0xf5, 0xf5, 0xdc)),
-      paletteOf(QColor(0xdd, 0xdd, 0xdd), QColor(0x22, 0x22, 0x33)), QApplication::palette(),
+      paletteOf(Qt::black, Qt::white),
+      paletteOf(Qt::white, Qt::black),
+      paletteOf(Qt::yellow, Qt::black),
+      paletteOf(QColor(0x33, 0x33, 0x33), QColor(0xf5, 0xf5, 0xdc)),
+      paletteOf(QColor(0xdd, 0xdd, 0xdd), QColor(0x22, 0x22, 0x33)),
+      QApplication::palette(),
   };
   for (const QPalette& system : palettes) {
     for (auto scheme : {ui::ColorScheme::light, ui::ColorScheme::dark}) {
@@ -87,12 +89,16 @@ TEST(Looks, WeightsAreTheStylesOwnUnlessAskedFor) {
   EXPECT_EQ(looks.font(ui::Font::title2).weight(), QFont::Normal);
   EXPECT_EQ(looks.font(ui::Font::headline).weight(), QFont::Bold);
   EXPECT_EQ(looks.font(ui::Font::caption2).weight(), QFont::Medium);
-  EXPECT_EQ(looks.font(ui::Font::title2.weight(ui::FontWeight::semibold)).weight(), QFont::DemiBold);
+  EXPECT_EQ(looks.font(ui::Font::title2.weight(ui::FontWeight::semibold)).weight(),
+            QFont::DemiBold);
   EXPECT_EQ(looks.font(ui::Font::body.weight(ui::FontWeight::medium)).weight(), QFont::Medium);
 }
 
 TEST(Looks, TextScaleMultiplies) {
   QFont system;
   system.setPixelSize(13);
-  EXPECT_EQ(Looks(system, QPalette(), inScheme(ui::ColorScheme::light, 3)).font(ui::Font::caption).pixelSize(), 30);
+  EXPECT_EQ(Looks(system, QPalette(), inScheme(ui::ColorScheme::light, 3))
+                .font(ui::Font::caption)
+                .pixelSize(),
+            30);
 }

@@ -13,7 +13,9 @@ TextShape shaped(const QString& text, int width) {
   return TextShape(text, QApplication::font(), width);
 }
 
-int lineHeight() { return shaped("x", 100).size().height(); }
+int lineHeight() {
+  return shaped("x", 100).size().height();
+}
 
 }  // namespace
 
@@ -28,7 +30,8 @@ TEST(TextShape, LongWordsBreak) {
 }
 
 TEST(TextShape, EveryKindOfLineBreakStartsALine) {
-  for (const char16_t* text : {u"a\nb", u"a\r\nb", u"a\rb", u"a\u2028b", u"a\u2029b", u"a\u0085b"}) {
+  for (const char16_t* text :
+       {u"a\nb", u"a\r\nb", u"a\rb", u"a\u2028b", u"a\u2029b", u"a\u0085b"}) {
     EXPECT_EQ(shaped(QString::fromUtf16(text), 500).size().height(), 2 * lineHeight());
   }
   EXPECT_EQ(shaped("a\n\nb", 500).size().height(), 3 * lineHeight());
@@ -40,7 +43,8 @@ TEST(TextShape, MarkupIsText) {
 }
 
 TEST(TextShape, NeverWiderThanAskedForAtAnyWidth) {
-  const QString text = QString::fromUtf8("Søren Æ 张伟 محمد علي naïve 👩‍👩‍👧 extraordinarily-long-word");
+  const QString text = QString::fromUtf8(
+      "Søren Æ 张伟 محمد علي naïve 👩‍👩‍👧 extraordinarily-long-word");
   for (int width = 24; width < 400; width += 7) {
     EXPECT_LE(shaped(text, width).size().width(), width) << width;
   }

@@ -8,7 +8,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QSignalSpy>
 #include <QTest>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -34,23 +33,24 @@ Result onePerson(std::string name) {
 
 TEST(WholeScreen, StandsInTreeOrderFromTopToBottom) {
   WindowHost host(resultWith(2));
-  EXPECT_THAT(host.visibleTexts(),
-              ElementsAre("Find a design lead", "People worth considering", "Person Number 0",
-                          "Email: Asked about design leads in March", "Show source",
-                          "Record outcome", "Person Number 1", "Connected through 1 shared relationship",
-                          "Record outcome", "Supported path", "Connected through 1 shared relationship",
-                          "See in Starfold", "Record outcome",
-                          "Based on 12 piece(s) of evidence from Mail, Calendar, through Jan 5, 2025."));
+  EXPECT_THAT(
+      host.visibleTexts(),
+      ElementsAre("Find a design lead", "People worth considering", "Person Number 0",
+                  "Email: Asked about design leads in March", "Show source", "Record outcome",
+                  "Person Number 1", "Connected through 1 shared relationship", "Record outcome",
+                  "Supported path", "Connected through 1 shared relationship", "See in Starfold",
+                  "Record outcome",
+                  "Based on 12 piece(s) of evidence from Mail, Calendar, through Jan 5, 2025."));
 }
 
 TEST(WholeScreen, AnEmptyResultSaysWhy) {
   Result result;
   result.goal.title = "";
   WindowHost host(result);
-  EXPECT_THAT(host.visibleTexts(),
-              ElementsAre("", "People worth considering", "No relevant people found yet.",
-                          "Supported path", "This goal doesn't name someone to find a path to.",
-                          "No source evidence yet."));
+  EXPECT_THAT(
+      host.visibleTexts(),
+      ElementsAre("People worth considering", "No relevant people found yet.", "Supported path",
+                  "This goal doesn't name someone to find a path to.", "No source evidence yet."));
 }
 
 TEST(WholeScreen, ButtonsTellTheHost) {
@@ -107,7 +107,7 @@ TEST(WholeScreen, CancelRecordsNothing) {
 }
 
 TEST(WholeScreen, TypingCursorAndFocusSurviveASnapshotBetweenTwoKeys) {
-  WindowHost host(resultWith(3));
+  WindowHost host(resultWith(30));
   host.press(p1 + ".outcome.start");
   auto& note = host.get<QLineEdit>(p1 + ".outcome.note");
   note.setFocus();
@@ -160,14 +160,16 @@ TEST(WholeScreen, VeryLongNamesWrapAndNothingScrollsSideways) {
   WindowHost host(onePerson(std::string(100'000, 'w')), QSize(320, 600));
   for (auto* child : host.widget.viewport()->findChildren<QWidget*>()) {
     if (!child->isVisible()) continue;
-    EXPECT_LE(child->geometry().right(), host.widget.viewport()->width()) << qPrintable(child->objectName());
+    EXPECT_LE(child->geometry().right(), host.widget.viewport()->width())
+        << qPrintable(child->objectName());
   }
   EXPECT_GT(host.widget.contentHeight(), 40'000);
   EXPECT_FALSE(host.widget.horizontalScrollBar()->isVisible());
 }
 
 TEST(WholeScreen, ALongOrBrokenNoteSurvivesCorrectAndSave) {
-  for (const std::string& note : {std::string(100'000, 'n'), std::string("one\ntwo\r\nthree\u2028four")}) {
+  for (const std::string& note :
+       {std::string(100'000, 'n'), std::string("one\ntwo\r\nthree\u2028four")}) {
     WindowHost host(resultWith(1));
     host.change([&](Result& result) {
       GoalOutcomeDTO outcome;
@@ -242,6 +244,8 @@ TEST(WholeScreen, SaveRecordsOnceHoweverOftenItIsPressed) {
   WindowHost host(resultWith(1));
   host.press(p0 + ".outcome.start");
   auto& save = host.get<QPushButton>(p0 + ".outcome.save");
-  QTest::mouseDClick(&save, Qt::LeftButton);
+  QTest::mouseClick(&save, Qt::LeftButton);
+  save.click();
+  save.click();
   EXPECT_EQ(host.log.size(), 1u);
 }

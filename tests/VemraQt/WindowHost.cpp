@@ -62,17 +62,19 @@ WindowHost::WindowHost(Result newResult, QSize size) : result(std::move(newResul
   widget.resize(size);
   show();
   widget.show();
+  widget.activateWindow();
+  QApplication::setActiveWindow(&widget);
 }
 
 GoalResultView WindowHost::view() {
   return GoalResultView(
-      GoalResultSnapshotV1(result), [this](const std::string& ref) { log.push_back("open " + ref); },
-      [this](const std::string& id) { log.push_back("evidence " + id); },
-      [this](const GoalPathCandidateDTO&) { log.push_back("focus"); },
+      GoalResultSnapshotV1(result), [this](const std::string& ref) { note("open " + ref); },
+      [this](const std::string& id) { note("evidence " + id); },
+      [this](const GoalPathCandidateDTO&) { note("focus"); },
       [this](const GoalOutcomeRecordingInput& input) {
-        log.push_back("record " + input.subjectRef.value_or("nil") + " " +
-                      std::string(caseName(input.outcome)) + " " + input.note.value_or("nil") +
-                      " " + input.correctsOutcomeID.value_or("nil"));
+        note("record " + input.subjectRef.value_or("nil") + " " +
+             std::string(caseName(input.outcome)) + " " + input.note.value_or("nil") + " " +
+             input.correctsOutcomeID.value_or("nil"));
         std::vector<GoalOutcomeDTO> outcomes(result.outcomes.begin(), result.outcomes.end());
         GoalOutcomeDTO outcome;
         outcome.id = "o" + std::to_string(outcomes.size() + 1);
@@ -85,6 +87,11 @@ GoalResultView WindowHost::view() {
         result.outcomes = std::move(outcomes);
         show();
       });
+}
+
+void WindowHost::note(const std::string& entry) {
+  log.push_back(entry);
+  if (onLog) onLog(entry);
 }
 
 void WindowHost::change(const std::function<void(Result&)>& edit) {
@@ -126,10 +133,14 @@ std::vector<std::string> WindowHost::visibleTexts() const {
 }
 
 void wheel(QWidget& over, int notches) {
-  const QPointF middle = over.rect().center();
-  QWheelEvent event(middle, over.mapToGlobal(middle), QPoint(), QPoint(0, notches * 120),
-                    Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-  QApplication::sendEvent(&over, &event);
+  // As the window system does it: up from the widget under the mouse until one takes it.
+  for (QWidget* widget = &over; widget; widget = widget->parentWidget()) {
+    const QPointF middle = widget->rect().center();
+    QWheelEvent event(middle, widget->mapToGlobal(middle), QPoint(), QPoint(0, notches * 120),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(widget, &event);
+    if (event.isAccepted()) return;
+  }
 }
 
 }  // namespace vemra::qttest

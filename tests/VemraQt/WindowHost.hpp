@@ -40,8 +40,11 @@ class WindowHost {
   /// The text of every visible label and button, from top to bottom.
   std::vector<std::string> visibleTexts() const;
 
+  void note(const std::string& entry);
+
   Result result;
   std::vector<std::string> log;
+  std::function<void(const std::string&)> onLog;  ///< told of each entry, when there is one
   qt::ViewWidget widget;
 };
 

@@ -50,12 +50,14 @@ void expectNothingOverlaps(const WindowHost& host) {
   qt::Page& page = host.widget.page();
   qt::forEachLeaf(*page.tree().root(), [&](qt::RenderNode& leaf) {
     if (!leaf.widget) return;
-    const QRect frame = leaf.widget->widget().geometry().marginsRemoved(overhang(leaf.element));
+    const QRect frame = leaf.widget->widget().geometry().marginsRemoved(qt::overhang(leaf.element));
     EXPECT_EQ(frame, page.frameOnPage(leaf).translated(0, -page.scrollPosition()));
   });
 }
 
-QScrollBar& bar(const WindowHost& host) { return *host.widget.verticalScrollBar(); }
+QScrollBar& bar(const WindowHost& host) {
+  return *host.widget.verticalScrollBar();
+}
 
 }  // namespace
 
@@ -108,7 +110,8 @@ TEST(Windowing, WhereverOneScrollsThereIsNoGap) {
       wheel(*host.widget.viewport(), 2);
     }
     const std::vector<int> people = peopleInView(host);
-    ASSERT_FALSE(people.empty() && bar(host).value() < bar(host).maximum() - 800 && bar(host).value() > 200);
+    ASSERT_FALSE(people.empty() && bar(host).value() < bar(host).maximum() - 800 &&
+                 bar(host).value() > 200);
     expectNoGap(people, "step " + std::to_string(step));
     if (step % 20 == 0) expectNothingOverlaps(host);
   }
@@ -226,7 +229,7 @@ TEST(Windowing, AKeyInANoteDescribesOneControl) {
   QTest::keyClicks(&note, "k");
   const ui::WorkCount after = host.widget.graph().work();
   EXPECT_EQ(after.bodies - before.bodies, 1u);
-  EXPECT_EQ(after.rows, before.rows);
+  EXPECT_LE(after.rows - before.rows, 8u) << "no more than the picker's own choices";
   EXPECT_EQ(after.patches - before.patches, 1u);
 }
 

@@ -16,7 +16,8 @@
 namespace vemra::desk {
 namespace {
 
-constexpr int patienceInMilliseconds = 10'000;
+constexpr int patienceInMilliseconds =
+    static_cast<int>(std::chrono::milliseconds(Database::patience).count());
 
 /// SQLite gives ":memory:" and "" a meaning of their own; an absolute path is always a file.
 std::string absolutePath(const std::string& file) {
@@ -55,9 +56,7 @@ std::string problem(int code, sqlite3* connection) {
       return std::string("cannot be opened: ") +
              (systemError != 0 ? std::strerror(systemError) : "its folder may be read-only");
     case SQLITE_READONLY:
-      return "cannot be changed: it is read-only";
-    case SQLITE_BUSY:
-      return "is in use by another program that does not let go of it";
+      return "is read-only";
     case SQLITE_CORRUPT:
       return "is damaged";
     case SQLITE_FULL:
@@ -114,6 +113,7 @@ std::int64_t Database::number(const char* sql) {
 }
 
 void Database::fail(int code) {
+  if ((code & 0xFF) == SQLITE_BUSY) throw StoreBusy(file_);
   throw StoreError(file_, problem(code, handle()));
 }
 

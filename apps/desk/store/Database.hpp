@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -13,11 +14,13 @@ namespace vemra::desk {
 
 /// A connection to an SQLite 3 database file, closed at the end of its scope.
 ///
-/// Waits for other processes up to ten seconds before it gives up. Every failure, here and in the
+/// Waits for other processes with some patience before it gives up. Every failure, here and in the
 /// statements, is a `StoreError` that names the file. To be used by one thread at a time.
 class Database {
  public:
   enum class Opening { existing, orCreate };
+
+  static constexpr std::chrono::seconds patience{10};
 
   /// Opens the file. Nothing in it is looked at yet, so what is no database is noticed later. A
   /// file that is made is readable by its owner alone.

@@ -5,9 +5,11 @@
 #include "apps/desk/store/Schema.hpp"
 #include "apps/desk/store/StoreError.hpp"
 
+#include <chrono>
 #include <ctime>
 #include <filesystem>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 namespace vemra::desk {
@@ -16,8 +18,19 @@ namespace {
 using enum Transaction::Kind;
 
 /// Readers and a writer do not wait for each other in this mode, which stays with the file.
+///
+/// SQLite does not wait for others here, where it would have to raise a lock that it holds already.
 void useWriteAheadLog(Database& database) {
-  Statement(database, "PRAGMA journal_mode = WAL").run();
+  const auto deadline = std::chrono::steady_clock::now() + Database::patience;
+  while (true) {
+    try {
+      Statement(database, "PRAGMA journal_mode = WAL").run();
+      return;
+    } catch (const StoreBusy&) {
+      if (std::chrono::steady_clock::now() > deadline) throw;
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+  }
 }
 
 /// The present moment as an internet date-time in UTC.
@@ -98,7 +111,7 @@ GoalOutcomeDTO GoalStore::record(const std::string& goalID,
   const std::int64_t goal = findOrThrow(goalID);
   GoalOutcomeDTO outcome;
   outcome.id = newOutcomeID(database_);
-  outcome.goalID = goalID;
+  outcome.goalID = idOf(goal);
   outcome.subjectKind = input.subjectKind;
   outcome.subjectRef = input.subjectRef;
   outcome.value = input.outcome;
@@ -148,6 +161,13 @@ std::optional<std::int64_t> GoalStore::find(const std::string& goalID) {
     if (row.next()) return row.integer(0);
   }
   return std::nullopt;
+}
+
+std::string GoalStore::idOf(std::int64_t goal) {
+  Statement row(database_, "SELECT id FROM goals WHERE number = ?1");
+  row.query(goal);
+  row.next();
+  return row.text(0);
 }
 
 std::int64_t GoalStore::findOrThrow(const std::string& goalID) {

@@ -83,6 +83,7 @@ class GoalStore {
 
   std::optional<std::int64_t> find(const std::string& goalID);
   std::int64_t findOrThrow(const std::string& goalID);
+  std::string idOf(std::int64_t goal);
 
   Database database_;
 };

@@ -7,6 +7,9 @@ namespace vemra::desk {
 StoreError::StoreError(const std::string& file, const std::string& problem)
     : std::runtime_error(file + ": " + problem), file_(file) {}
 
+StoreBusy::StoreBusy(const std::string& file)
+    : StoreError(file, "is in use by another program that does not let go of it") {}
+
 UnknownGoal::UnknownGoal(const std::string& file, const std::string& goalID)
     : StoreError(file, "has no goal with the id " + documents::inQuotes(goalID)) {}
 

@@ -18,6 +18,12 @@ class StoreError : public std::runtime_error {
   std::string file_;
 };
 
+/// Another process keeps the store to itself.
+class StoreBusy : public StoreError {
+ public:
+  explicit StoreBusy(const std::string& file);
+};
+
 /// The store has no goal of that id.
 class UnknownGoal : public StoreError {
  public:

@@ -13,7 +13,7 @@
 namespace vemra::desk {
 namespace {
 
-/// The value of a variable that holds an absolute path; the specification has others ignored.
+/// The value of a variable that holds an absolute path; XDG has others ignored.
 std::string absoluteFolder(const char* variable) {
   const char* value = std::getenv(variable);
   return value != nullptr && value[0] == '/' ? value : "";

@@ -100,7 +100,7 @@ void DeskWindow::loadGoals() {
 
 void DeskWindow::takeGoals(task::Result<std::vector<GoalListing>> result) {
   if (const QString failure = failureOf(result); !failure.isEmpty()) {
-    notice_->show("The goals could not be loaded. " + failure, [this] { loadGoals(); });
+    tellFailure("The goals could not be loaded. " + failure, [this] { loadGoals(); });
     return;
   }
   const std::vector<GoalListing> goals = std::move(result).take();
@@ -128,7 +128,7 @@ void DeskWindow::takeSnapshot(const std::string& goalID,
                               task::Result<GoalResultSnapshotV1> result) {
   if (goalID_ != goalID) return;  // the reader has gone on to another goal
   if (const QString failure = failureOf(result); !failure.isEmpty()) {
-    notice_->show("The goal could not be loaded. " + failure, [this] { loadSnapshot(); });
+    tellFailure("The goal could not be loaded. " + failure, [this] { loadSnapshot(); });
     return;
   }
   const ui::View view = GoalResultView(
@@ -143,8 +143,9 @@ void DeskWindow::takeSnapshot(const std::string& goalID,
 void DeskWindow::record(const std::string& goalID, const GoalOutcomeRecordingInput& input) {
   startOnMainThread(*this, engine_->record(goalID, input), [this, goalID, input](auto result) {
     if (const QString failure = failureOf(result); !failure.isEmpty()) {
-      notice_->show("The outcome was not recorded. " + failure,
-                    [this, goalID, input] { record(goalID, input); });
+      // Its editor has closed: what was written must not be lost to the next failure.
+      unrecorded_.emplace_back(goalID, input);
+      tellFailure("The outcome was not recorded. " + failure);
       return;
     }
     loadSnapshot();
@@ -152,10 +153,21 @@ void DeskWindow::record(const std::string& goalID, const GoalOutcomeRecordingInp
   });
 }
 
+void DeskWindow::tellFailure(const QString& text, std::function<void()> again) {
+  if (unrecorded_.empty()) {
+    notice_->show(text, std::move(again));
+    return;
+  }
+  notice_->show(text, [this, again = std::move(again)] {
+    for (const auto& [goalID, input] : std::exchange(unrecorded_, {})) record(goalID, input);
+    if (again) again();
+  });
+}
+
 void DeskWindow::addSampleGoals() {
   startOnMainThread(*this, engine_->import(sampleGoals()), [this](auto result) {
     if (const QString failure = failureOf(result); !failure.isEmpty()) {
-      notice_->show("The sample goals were not added. " + failure);
+      tellFailure("The sample goals were not added. " + failure);
       return;
     }
     loadGoals();
@@ -164,45 +176,54 @@ void DeskWindow::addSampleGoals() {
 
 void DeskWindow::openPerson(const std::string& personRef) {
   refreshSide_ = [this, personRef] {
-    startOnMainThread(*this, engine_->person(personRef), [this](auto result) {
-      if (const QString failure = failureOf(result); !failure.isEmpty()) {
-        notice_->show("The person could not be looked up. " + failure);
-      } else {
-        side_->showPerson(std::move(result).take());
-      }
-    });
+    startOnMainThread(*this, engine_->person(personRef),
+                      [this, wanted = ++sideRequest_](auto result) {
+                        if (wanted != sideRequest_)
+                          return;  // closed, or another thing was asked for since
+                        if (const QString failure = failureOf(result); !failure.isEmpty()) {
+                          tellFailure("The person could not be looked up. " + failure);
+                        } else {
+                          side_->showPerson(std::move(result).take());
+                        }
+                      });
   };
   refreshSide_();
 }
 
 void DeskWindow::showEvidence(const std::string& evidenceID) {
   refreshSide_ = [this, evidenceID] {
-    startOnMainThread(*this, engine_->evidence(evidenceID), [this](auto result) {
-      if (const QString failure = failureOf(result); !failure.isEmpty()) {
-        notice_->show("The source could not be looked up. " + failure);
-      } else {
-        side_->showEvidence(std::move(result).take());
-      }
-    });
+    startOnMainThread(*this, engine_->evidence(evidenceID),
+                      [this, wanted = ++sideRequest_](auto result) {
+                        if (wanted != sideRequest_)
+                          return;  // closed, or another thing was asked for since
+                        if (const QString failure = failureOf(result); !failure.isEmpty()) {
+                          tellFailure("The source could not be looked up. " + failure);
+                        } else {
+                          side_->showEvidence(std::move(result).take());
+                        }
+                      });
   };
   refreshSide_();
 }
 
 void DeskWindow::showPath(const GoalPathCandidateDTO& path) {
   refreshSide_ = [this, path, goalID = goalID_.value_or("")] {
-    startOnMainThread(*this, engine_->names(goalID, path.personRefs), [this, path](auto result) {
-      if (const QString failure = failureOf(result); !failure.isEmpty()) {
-        notice_->show("The people on the path could not be looked up. " + failure);
-      } else {
-        side_->showPath(path, std::move(result).take());
-      }
-    });
+    startOnMainThread(*this, engine_->names(goalID, path.personRefs),
+                      [this, path, wanted = ++sideRequest_](auto result) {
+                        if (wanted != sideRequest_) return;
+                        if (const QString failure = failureOf(result); !failure.isEmpty()) {
+                          tellFailure("The people on the path could not be looked up. " + failure);
+                        } else {
+                          side_->showPath(path, std::move(result).take());
+                        }
+                      });
   };
   refreshSide_();
 }
 
 void DeskWindow::closeSide() {
   refreshSide_ = nullptr;
+  ++sideRequest_;
   if (side_->isHidden()) return;
   const bool hadFocus = side_->isAncestorOf(focusWidget());
   side_->hide();
@@ -215,7 +236,7 @@ void DeskWindow::lookForChanges() {
     looking_ = false;
     const QString failure = failureOf(result);
     if (failure != std::exchange(lookingFailed_, failure) && !failure.isEmpty()) {
-      notice_->show("The store could not be read. " + failure);
+      tellFailure("The store could not be read. " + failure);
     }
     if (!failure.isEmpty()) return;
     const std::int64_t version = std::move(result).take();

@@ -57,10 +57,15 @@ class DeskWindow : public QMainWindow {
   void closeSide();
 
   void lookForChanges();
+  /// Shows a failure; trying again also records what could not be recorded so far.
+  void tellFailure(const QString& text, std::function<void()> again = nullptr);
   QWidget* makePanes();
 
   std::shared_ptr<StoreEngine> engine_;
-  std::optional<std::string> goalID_;    // of the open goal
+  std::optional<std::string> goalID_;  // of the open goal
+  std::uint64_t sideRequest_ = 0;      // the last thing that was asked for the side pane
+  /// Outcomes that could not be stored, for the next try; each with its goal's id.
+  std::vector<std::pair<std::string, GoalOutcomeRecordingInput>> unrecorded_;
   std::function<void()> refreshSide_;    // asks once more for what the side pane shows
   std::optional<std::int64_t> version_;  // of the store, when it was last looked at
   bool looking_ = false;

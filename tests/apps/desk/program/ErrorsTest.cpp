@@ -120,7 +120,7 @@ TEST_F(ErrorsTest, AStoreThatMayNotBeWritten) {
   fs::permissions(store, fs::perms(0444));
   Invocation import = commandLine({"import", "--store", store, b});
   import.rights = Rights::ofNobody;
-  expectRefused(import, store + ": ");
+  expectRefused(import, store + ": is read-only\n");
   import.arguments[2] = folder.file("new.sqlite");
   expectRefused(import, folder.file("new.sqlite") + ": cannot be made: Permission denied\n");
 

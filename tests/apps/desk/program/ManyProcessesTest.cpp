@@ -52,6 +52,20 @@ TEST_F(ManyProcessesTest, ImportAndRecordIntoOneGoalAndKeepEveryOutcome) {
   EXPECT_EQ(ids.size(), 46u);
 }
 
+TEST_F(ManyProcessesTest, WaitForAWriterThatIsAtIt) {
+  GoalStore::open(store);
+  RawDatabase other(store);
+  ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
+  Process process(vemraDesk,
+                  commandLine({"import", "--store", store, document("a.json", goal("g1", "t"))}));
+  std::this_thread::sleep_for(std::chrono::milliseconds(400));
+  EXPECT_EQ(outputOf({"goals", "--store", store}), "") << "readers need not wait";
+  ASSERT_EQ(other.run("COMMIT"), "");
+  const Ending ending = process.wait();
+  EXPECT_EQ(ending.exitCode, 0) << ending.diagnostics;
+  EXPECT_EQ(outputOf({"goals", "--store", store}), "g1\tt\n");
+}
+
 TEST_F(ManyProcessesTest, EveryCommandWorksWhileTheStoreIsOpenElsewhere) {
   GoalStore open = GoalStore::open(store);
   EXPECT_EQ(outputOf({"import", "--store", store, document("a.json", goal("g1", "t"))}), "");

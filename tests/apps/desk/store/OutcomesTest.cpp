@@ -41,6 +41,12 @@ TEST_F(OutcomesTest, ARecordHoldsWhatTheScreenHandedOut) {
               static_cast<double>(std::time(nullptr)), 5);
 }
 
+TEST_F(OutcomesTest, CarryTheGoalsIdAsTheStoreHasIt) {
+  store.import({goal("e\u0301", "t")});
+  const auto composed = store.record("\u00E9", {GoalOutcomeSubjectKind::path, {}, {}, {}, {}});
+  EXPECT_TRUE(composed.goalID == "e\u0301") << composed.goalID;
+}
+
 TEST_F(OutcomesTest, KeepsNilNil) {
   store.record("g1", {GoalOutcomeSubjectKind::path, {}, GoalOutcomeValue::helped, {}, {}});
   const auto recorded = store.outcomes("g1")[0];

@@ -1,0 +1,238 @@
+#include "VemraQt/accessibility/AccessibleControls.hpp"
+
+#include "VemraQt/Page.hpp"
+#include "VemraQt/widgets/ChoiceBox.hpp"
+#include "VemraQt/widgets/LineField.hpp"
+
+#include <algorithm>
+
+namespace vemra::qt {
+
+QString ReadOnlyText::text(int start, int end) const {
+  const QString whole = wholeText();
+  const int size = static_cast<int>(whole.size());
+  start = std::clamp(start, 0, size);
+  end = end < 0 ? size : std::clamp(end, start, size);
+  return whole.mid(start, end - start);
+}
+
+QRect ReadOnlyText::characterRect(int offset) const {
+  // An even share of the element: nobody can see the single character of what has no widget.
+  const int count = std::max(1, characterCount());
+  const QRect whole = textRect();
+  const int width = std::max(1, whole.width() / count);
+  return QRect(whole.x() + whole.width() * std::clamp(offset, 0, count) / count, whole.y(), width,
+               whole.height());
+}
+
+int ReadOnlyText::offsetAtPoint(const QPoint& point) const {
+  const QRect whole = textRect();
+  if (!whole.contains(point)) return -1;
+  return (point.x() - whole.x()) * characterCount() / std::max(1, whole.width());
+}
+
+QString ReadOnlyText::attributes(int, int* start, int* end) const {
+  *start = 0;
+  *end = characterCount();
+  return {};
+}
+
+namespace {
+
+void collectTagged(const ui::Node& node, std::vector<const ui::Node*>& tagged) {
+  if (node.element.tag()) {
+    tagged.push_back(&node);
+    return;
+  }
+  for (const ui::Node* child : node.children) collectTagged(*child, tagged);
+}
+
+}  // namespace
+
+std::vector<const ui::Node*> AccessiblePicker::choices() const {
+  std::vector<const ui::Node*> tagged;
+  if (const ui::Node* picker = node()) {
+    for (const ui::Node* child : picker->children) collectTagged(*child, tagged);
+  }
+  return tagged;
+}
+
+QString AccessiblePicker::wholeText() const {
+  const ui::Node* picker = node();
+  if (!picker || !picker->element.selection()) return {};
+  for (const ui::Node* choice : choices()) {
+    if (*choice->element.tag() == *picker->element.selection()) {
+      return toQString(choice->element.shownLabel());
+    }
+  }
+  return {};
+}
+
+QString AccessiblePicker::text(QAccessible::Text kind) const {
+  return kind == QAccessible::Value ? wholeText() : AccessibleElement::text(kind);
+}
+
+QAccessible::State AccessiblePicker::state() const {
+  QAccessible::State state = AccessibleElement::state();
+  state.hasPopup = true;
+  state.expandable = true;
+  state.collapsed = true;
+  return state;
+}
+
+int AccessiblePicker::childCount() const {
+  return static_cast<int>(choices().size());
+}
+
+QAccessibleInterface* AccessiblePicker::child(int place) const {
+  if (place < 0 || place >= childCount()) return nullptr;
+  while (static_cast<int>(choices_.size()) <= place) {
+    auto* choice = new AccessibleChoice(const_cast<AccessiblePicker&>(*this), choices_.size());
+    choice->remember(QAccessible::registerAccessibleInterface(choice));
+    choices_.push_back(choice);
+  }
+  return choices_[static_cast<std::size_t>(place)];
+}
+
+int AccessiblePicker::indexOfChild(const QAccessibleInterface* object) const {
+  auto found = std::ranges::find(choices_, object);
+  return found == choices_.end() ? -1 : static_cast<int>(found - choices_.begin());
+}
+
+void* AccessiblePicker::interface_cast(QAccessible::InterfaceType type) {
+  if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
+  return AccessibleElement::interface_cast(type);
+}
+
+void AccessiblePicker::doAction(const QString& name) {
+  if (name != showMenuAction()) {
+    AccessibleElement::doAction(name);
+    return;
+  }
+  const ui::Node* picker = node();
+  if (!picker || !picker->element.style().enabled) return;
+  const ui::NodeID id = picker->id;
+  AccessibleTree& itsTree = tree();
+  itsTree.focus(row(), id);
+  const RenderNode* leaf = itsTree.page().tree().find(id);
+  auto* box = leaf ? dynamic_cast<ChoiceBox*>(leaf->widget) : nullptr;
+  if (box) box->showPopup();
+}
+
+const ui::Node* AccessibleChoice::node() const {
+  if (isLeaving()) return nullptr;
+  const auto choices = picker_.choices();
+  return index_ < choices.size() ? choices[index_] : nullptr;
+}
+
+QString AccessibleChoice::text(QAccessible::Text kind) const {
+  const ui::Node* choice = node();
+  return choice && kind == QAccessible::Name ? toQString(choice->element.shownLabel()) : QString();
+}
+
+QAccessible::State AccessibleChoice::state() const {
+  QAccessible::State state;
+  const ui::Node* choice = node();
+  const ui::Node* picker = choice ? picker_.node() : nullptr;
+  state.offscreen = true;  // they are seen in a menu, which has items of its own
+  state.disabled = !picker || !picker->element.style().enabled;
+  state.selectable = true;
+  state.selected = picker && picker->element.selection() &&
+                   *picker->element.selection() == *choice->element.tag();
+  return state;
+}
+
+QString AccessibleChoice::identifier() const {
+  const ui::Node* choice = node();
+  return choice ? toQString(choice->element.accessibilityIdentifier()) + QStringLiteral("")
+                : QStringLiteral("");
+}
+
+void* AccessibleChoice::interface_cast(QAccessible::InterfaceType type) {
+  return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
+                                              : nullptr;
+}
+
+void AccessibleChoice::doAction(const QString& name) {
+  const ui::Node* choice = node();
+  const ui::Node* picker = choice ? picker_.node() : nullptr;
+  if (!picker || name != pressAction()) return;
+  tree().deliver(picker->id, ui::Select{*choice->element.tag()});
+}
+
+QLineEdit* AccessibleField::widget() const {
+  const ui::Node* field = node();
+  const RenderNode* leaf = field ? tree().page().tree().find(field->id) : nullptr;
+  return leaf ? dynamic_cast<LineField*>(leaf->widget) : nullptr;
+}
+
+QString AccessibleField::wholeText() const {
+  const ui::Node* field = node();
+  return field ? toQString(field->element.text()) : QString();
+}
+
+QString AccessibleField::text(QAccessible::Text kind) const {
+  return kind == QAccessible::Value ? wholeText() : AccessibleElement::text(kind);
+}
+
+void AccessibleField::setText(QAccessible::Text kind, const QString& text) {
+  if (kind == QAccessible::Value) replaceText(0, characterCount(), text);
+}
+
+QAccessible::State AccessibleField::state() const {
+  QAccessible::State state = AccessibleElement::state();
+  state.editable = !state.disabled;
+  state.selectableText = true;
+  return state;
+}
+
+void* AccessibleField::interface_cast(QAccessible::InterfaceType type) {
+  if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
+  if (type == QAccessible::EditableTextInterface) {
+    return static_cast<QAccessibleEditableTextInterface*>(this);
+  }
+  return AccessibleElement::interface_cast(type);
+}
+
+void AccessibleField::selection(int, int* start, int* end) const {
+  *start = *end = 0;
+  const QLineEdit* edit = widget();
+  if (!edit || !edit->hasSelectedText()) return;
+  *start = edit->selectionStart();
+  *end = edit->selectionEnd();
+}
+
+int AccessibleField::selectionCount() const {
+  const QLineEdit* edit = widget();
+  return edit && edit->hasSelectedText() ? 1 : 0;
+}
+
+void AccessibleField::removeSelection(int) {
+  if (QLineEdit* edit = widget()) edit->deselect();
+}
+
+void AccessibleField::setSelection(int, int start, int end) {
+  if (QLineEdit* edit = widget()) edit->setSelection(start, end - start);
+}
+
+int AccessibleField::cursorPosition() const {
+  const QLineEdit* edit = widget();
+  return edit ? edit->cursorPosition() : characterCount();
+}
+
+void AccessibleField::setCursorPosition(int position) {
+  if (QLineEdit* edit = widget()) edit->setCursorPosition(position);
+}
+
+void AccessibleField::replaceText(int start, int end, const QString& text) {
+  const ui::Node* field = node();
+  if (!field || !field->element.style().enabled) return;
+  QString whole = wholeText();
+  const int size = static_cast<int>(whole.size());
+  start = std::clamp(start, 0, size);
+  end = end < 0 ? size : std::clamp(end, start, size);
+  whole.replace(start, end - start, text);
+  tree().deliver(field->id, ui::EditText{whole.toStdString()});
+}
+
+}  // namespace vemra::qt

@@ -1,0 +1,127 @@
+#pragma once
+
+#include "VemraQt/accessibility/AccessibleObjects.hpp"
+
+class QLineEdit;
+
+namespace vemra::qt {
+
+/// A Text: a label named by what it shows.
+class AccessibleText final : public AccessibleElement {
+ public:
+  using AccessibleElement::AccessibleElement;
+  QAccessible::Role role() const override { return QAccessible::StaticText; }
+};
+
+/// A Button.
+class AccessibleButton final : public AccessibleElement {
+ public:
+  using AccessibleElement::AccessibleElement;
+  QAccessible::Role role() const override { return QAccessible::Button; }
+};
+
+/// What a text that can only be read has to answer of itself.
+class ReadOnlyText : public QAccessibleTextInterface {
+ public:
+  void selection(int, int* start, int* end) const override { *start = *end = 0; }
+  int selectionCount() const override { return 0; }
+  void addSelection(int, int) override {}
+  void removeSelection(int) override {}
+  void setSelection(int, int, int) override {}
+  int cursorPosition() const override { return 0; }
+  void setCursorPosition(int) override {}
+  QString text(int start, int end) const override;
+  int characterCount() const override { return static_cast<int>(wholeText().size()); }
+  QRect characterRect(int offset) const override;
+  int offsetAtPoint(const QPoint& point) const override;
+  void scrollToSubstring(int, int) override {}
+  QString attributes(int offset, int* start, int* end) const override;
+
+ protected:
+  virtual QString wholeText() const = 0;
+  virtual QRect textRect() const = 0;
+};
+
+/// A Picker: named by its title, with its choice as a text to read and its choices as list items.
+class AccessiblePicker final : public AccessibleElement, public ReadOnlyText {
+ public:
+  using AccessibleElement::AccessibleElement;
+  QAccessible::Role role() const override { return QAccessible::ComboBox; }
+  QString text(QAccessible::Text kind) const override;
+  QAccessible::State state() const override;
+  int childCount() const override;
+  QAccessibleInterface* child(int index) const override;
+  int indexOfChild(const QAccessibleInterface* object) const override;
+  void* interface_cast(QAccessible::InterfaceType type) override;
+  void doAction(const QString& name) override;
+  std::vector<AccessibleObject*> ownObjects() const override { return choices_; }
+
+  /// The nodes of the picker's tagged rows, in tree order.
+  std::vector<const ui::Node*> choices() const;
+
+ protected:
+  QString wholeText() const override;
+  QRect textRect() const override { return rect(); }
+
+ private:
+  mutable std::vector<AccessibleObject*> choices_;
+};
+
+/// One choice of a picker.
+class AccessibleChoice final : public AccessibleObject, public QAccessibleActionInterface {
+ public:
+  AccessibleChoice(AccessiblePicker& picker, std::size_t index)
+      : AccessibleObject(picker.tree()), picker_(picker), index_(index) {}
+
+  QAccessibleInterface* parent() const override { return &picker_; }
+  QAccessible::Role role() const override { return QAccessible::ListItem; }
+  QString text(QAccessible::Text kind) const override;
+  QRect rect() const override { return picker_.rect(); }
+  QAccessible::State state() const override;
+  QString identifier() const override;
+  void* interface_cast(QAccessible::InterfaceType type) override;
+  QStringList actionNames() const override { return {pressAction()}; }
+  void doAction(const QString& name) override;
+  QStringList keyBindingsForAction(const QString&) const override { return {}; }
+
+ private:
+  const ui::Node* node() const;
+
+  AccessiblePicker& picker_;
+  std::size_t index_;
+};
+
+/// A TextField: named by its title, its text to be read and edited, also without a widget.
+class AccessibleField final : public AccessibleElement,
+                              public ReadOnlyText,
+                              public QAccessibleEditableTextInterface {
+ public:
+  using AccessibleElement::AccessibleElement;
+  QAccessible::Role role() const override { return QAccessible::EditableText; }
+  QString text(QAccessible::Text kind) const override;
+  void setText(QAccessible::Text kind, const QString& text) override;
+  QString text(int start, int end) const override { return ReadOnlyText::text(start, end); }
+  QAccessible::State state() const override;
+  void* interface_cast(QAccessible::InterfaceType type) override;
+
+  void selection(int index, int* start, int* end) const override;
+  int selectionCount() const override;
+  void addSelection(int start, int end) override { setSelection(0, start, end); }
+  void removeSelection(int index) override;
+  void setSelection(int index, int start, int end) override;
+  int cursorPosition() const override;
+  void setCursorPosition(int position) override;
+
+  void deleteText(int start, int end) override { replaceText(start, end, QString()); }
+  void insertText(int offset, const QString& text) override { replaceText(offset, offset, text); }
+  void replaceText(int start, int end, const QString& text) override;
+
+ protected:
+  QString wholeText() const override;
+  QRect textRect() const override { return rect(); }
+
+ private:
+  QLineEdit* widget() const;
+};
+
+}  // namespace vemra::qt

@@ -1,0 +1,157 @@
+#include "VemraQt/accessibility/AccessibleObjects.hpp"
+
+#include "VemraQt/Page.hpp"
+#include "VemraQt/accessibility/AccessibleControls.hpp"
+
+#include <algorithm>
+
+#include <QAbstractScrollArea>
+
+namespace vemra::qt {
+
+QAccessibleInterface* AccessibleObject::childAt(int x, int y) const {
+  for (int i = 0; i < childCount(); ++i) {
+    QAccessibleInterface* found = child(i);
+    if (found && found->rect().contains(x, y)) return found;
+  }
+  return nullptr;
+}
+
+int AccessibleRow::childCount() const {
+  return static_cast<int>(tree().elementsOf(const_cast<AccessibleRow*>(this)).size());
+}
+
+QAccessibleInterface* AccessibleRow::child(int place) const {
+  auto* self = const_cast<AccessibleRow*>(this);
+  auto& elements = tree().elementsOf(self);
+  if (place < 0 || place >= static_cast<int>(elements.size())) return nullptr;
+  return tree().object(self, elements[static_cast<std::size_t>(place)]);
+}
+
+int AccessibleRow::indexOfChild(const QAccessibleInterface* object) const {
+  const auto& elements = tree().elementsOf(const_cast<AccessibleRow*>(this));
+  auto found = std::ranges::find_if(elements,
+                                    [&](const ElementSlot& slot) { return slot.object == object; });
+  return found == elements.end() ? -1 : static_cast<int>(found - elements.begin());
+}
+
+QString AccessibleRow::text(QAccessible::Text kind) const {
+  if (kind != QAccessible::Name) return {};
+  for (const ElementSlot& slot : tree().elementsOf(const_cast<AccessibleRow*>(this))) {
+    if (slot.kind != ui::ElementKind::text && slot.kind != ui::ElementKind::button) continue;
+    const ui::Node* node = tree().find(slot.node);
+    return node ? toQString(node->element.shownLabel()) : QString();
+  }
+  return {};
+}
+
+QRect AccessibleRow::rect() const {
+  return tree().rectOf(*const_cast<AccessibleRow*>(this));
+}
+
+QAccessible::State AccessibleRow::state() const {
+  QAccessible::State state;
+  state.offscreen = !tree().isInViewport(rect());
+  state.invisible = !tree().area().isVisible();
+  return state;
+}
+
+QString AccessibleRow::identifier() const {
+  const ui::Node* node = tree().nodeOf(*const_cast<AccessibleRow*>(this));
+  return node ? toQString(node->element.accessibilityIdentifier()) + QStringLiteral("")
+              : QStringLiteral("");
+}
+
+const ui::Node* AccessibleElement::node() const {
+  if (isLeaving()) return nullptr;
+  const ElementSlot* slot = tree().slot(row_, path_);
+  return slot ? tree().find(slot->node) : nullptr;
+}
+
+QAccessibleInterface* AccessibleElement::parent() const {
+  return row_ ? static_cast<QAccessibleInterface*>(row_) : tree().pageObject();
+}
+
+QString AccessibleElement::text(QAccessible::Text kind) const {
+  const ui::Node* element = node();
+  if (!element || kind != QAccessible::Name) return {};
+  return toQString(element->element.shownLabel());
+}
+
+QRect AccessibleElement::rect() const {
+  const ui::Node* element = node();
+  return element ? tree().rectOf(row_, element->id) : QRect();
+}
+
+QAccessible::State AccessibleElement::state() const {
+  QAccessible::State state;
+  const ui::Node* element = node();
+  if (!element) {
+    state.invalid = true;
+    state.disabled = true;
+    state.invisible = true;
+    return state;
+  }
+  state.disabled = !element->element.style().enabled;
+  state.invisible = !tree().area().isVisible();
+  state.offscreen = !tree().isInViewport(tree().rectOf(row_, element->id));
+  if (element->element.kind() != ui::ElementKind::text && !state.disabled) {
+    state.focusable = true;
+    const RenderNode* focused = tree().page().focusedNode();
+    state.focused = focused && focused->id == element->id && tree().area().isActiveWindow();
+  }
+  return state;
+}
+
+QString AccessibleElement::identifier() const {
+  const ui::Node* element = node();
+  return element ? toQString(element->element.accessibilityIdentifier()) + QStringLiteral("")
+                 : QStringLiteral("");
+}
+
+void* AccessibleElement::interface_cast(QAccessible::InterfaceType type) {
+  if (type != QAccessible::ActionInterface || actionNames().isEmpty()) return nullptr;
+  return static_cast<QAccessibleActionInterface*>(this);
+}
+
+QStringList AccessibleElement::actionNames() const {
+  const ui::Node* element = node();
+  if (!element || element->element.kind() == ui::ElementKind::text) return {};
+  QStringList names;
+  if (element->element.kind() == ui::ElementKind::button) names << pressAction();
+  if (element->element.kind() == ui::ElementKind::picker) names << showMenuAction();
+  return names << setFocusAction();
+}
+
+void AccessibleElement::doAction(const QString& name) {
+  const ui::Node* element = node();
+  if (!element || !element->element.style().enabled) return;
+  // Whatever is done may take this very object away: nothing of it is touched afterwards.
+  if (name == setFocusAction()) {
+    tree().focus(row_, element->id);
+  } else if (name == pressAction() && element->element.kind() == ui::ElementKind::button) {
+    tree().press(row_, element->id);
+  }
+}
+
+AccessibleElement* makeAccessibleElement(AccessibleTree& tree, AccessibleRow* row,
+                                         const ElementSlot& slot) {
+  AccessibleElement* made = nullptr;
+  switch (slot.kind) {
+    case ui::ElementKind::button:
+      made = new AccessibleButton(tree, row, slot.path);
+      break;
+    case ui::ElementKind::picker:
+      made = new AccessiblePicker(tree, row, slot.path);
+      break;
+    case ui::ElementKind::textField:
+      made = new AccessibleField(tree, row, slot.path);
+      break;
+    default:
+      made = new AccessibleText(tree, row, slot.path);
+  }
+  made->remember(QAccessible::registerAccessibleInterface(made));
+  return made;
+}
+
+}  // namespace vemra::qt

@@ -1,0 +1,140 @@
+#pragma once
+
+#include "VemraPlatform/ui/ViewGraph.hpp"
+#include "VemraQt/accessibility/IdentifierBus.hpp"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include <QAccessible>
+#include <QObject>
+#include <QPointer>
+#include <QRect>
+
+class QAbstractScrollArea;
+
+namespace vemra::qt {
+
+class AccessibleElement;
+class AccessibleRow;
+class Page;
+struct RenderNode;
+
+/// One element of a page or of a row as assistive technology sees it, and the object that stands
+/// for it once somebody has asked.
+struct ElementSlot {
+  std::uint64_t path = 0;  ///< its place in the page or row: the same as long as its identity is
+  ui::ElementKind kind = ui::ElementKind::text;
+  ui::NodeID node;
+  AccessibleElement* object = nullptr;
+  bool enabled = true;  ///< as last told
+};
+
+/// The whole page as one tree of accessible objects: every text and control of every row, whether
+/// or not it has a widget just now.
+///
+///     page
+///       text, button, …           the elements outside lists, in tree order
+///       row "Ada"                 a group named by its first text or title
+///         button, text, …         its elements, in tree order
+///       row "Bo"
+///
+/// Objects are made when somebody asks for them and last as long as what they stand for: an element
+/// by its identity, a row by its id, also while its nodes come and go with scrolling. A row without
+/// nodes is described for a look (`ViewGraph::lookAtRow`). What an object stands for may go at any
+/// moment; from then on the object answers like an empty one, and is deleted with the next turn of
+/// the event loop. Finding a child or its index looks at no other row.
+class AccessibleTree final : public QObject, public IdentifierSource {
+ public:
+  AccessibleTree(QAbstractScrollArea& area, Page& page);
+  ~AccessibleTree() override;
+
+  /// \name The page's children: elements and rows @{
+  int childCount();
+  QAccessibleInterface* child(int index);
+  int indexOf(const QAccessibleInterface* object);
+  /// @}
+
+  /// The object of an element that is shown; nullptr when it is no accessible element.
+  AccessibleElement* objectOf(const RenderNode& leaf);
+
+  QString identifier(QAccessible::Id element) const override;
+  QList<QAccessible::Id> find(const QString& identifier, int most) const override;
+
+  /// \name Telling clients what has changed
+  /// What is told before is sent with `announce`, when the page has come to rest. @{
+  /// Whether anybody may be there to be told: a client on the bus, or one who has asked before.
+  bool isWatched() const { return hasBeenAsked() || QAccessible::isActive(); }
+  /// A child of the node came, went or moved.
+  void childrenChanged(const RenderNode& parent);
+  void rowInserted(ui::NodeID row) { insertedRows_.push_back(row); }
+  void elementUpdated(const RenderNode& node);
+  void announce();
+  void focusMoved(ui::NodeID node);
+  /// @}
+
+  /// \name For the objects @{
+  /// The slots of the page, or of a row; up to date.
+  std::vector<ElementSlot>& elementsOf(AccessibleRow* row);
+  const ElementSlot* slot(AccessibleRow* row, std::uint64_t path);
+  AccessibleElement* object(AccessibleRow* row, ElementSlot& slot);
+  /// The row's node, described for a look if need be; nullptr when the row is gone.
+  const ui::Node* nodeOf(AccessibleRow& row);
+  const ui::Node* find(ui::NodeID node) const;
+  /// On the screen. Of what has no frame just now, an estimate.
+  QRect rectOf(AccessibleRow* row, ui::NodeID node);
+  QRect rectOf(AccessibleRow& row);
+  bool isInViewport(const QRect& onScreen) const;
+  void press(AccessibleRow* row, ui::NodeID node);
+  void focus(AccessibleRow* row, ui::NodeID node);
+  void deliver(ui::NodeID node, ui::Event event);
+  QAccessibleInterface* pageObject() const;
+  QAbstractScrollArea& area() const { return area_; }
+  Page& page() const { return page_; }
+  /// @}
+
+ private:
+  bool hasBeenAsked() const { return pageVersion_ != neverAsked; }
+
+  static constexpr std::uint64_t neverAsked = ~std::uint64_t{0};
+  struct Segment {
+    std::size_t slot = 0;  ///< of an element outside lists
+    ui::NodeID list;       ///< of a list: its node; none for an element
+    std::size_t first = 0, count = 1;
+  };
+  struct List {
+    std::shared_ptr<const ui::RowSource> source;  ///< as of when `rows` was last right
+    std::unordered_map<std::size_t, AccessibleRow*> rows;
+  };
+
+  void refreshPage();
+  void collect(const ui::Node& node, std::uint64_t path, std::vector<ElementSlot>& elements);
+  void adopt(AccessibleRow* row, std::vector<ElementSlot>& elements,
+             std::vector<ElementSlot> fresh);
+  void announceUpdate(ui::NodeID node);
+  AccessibleElement* knownObject(ui::NodeID node, ElementSlot** slot = nullptr);
+  void refreshList(ui::NodeID list);
+  AccessibleRow* rowAt(ui::NodeID list, std::size_t index);
+  AccessibleRow* knownRow(ui::NodeID rowNode) const;
+  void findInRow(ui::NodeID list, std::size_t index, const std::string& identifier,
+                 QList<QAccessible::Id>& found);
+  void bury(QAccessibleInterface& object);
+  void bury(AccessibleRow& row);
+  void deleteBuried();
+
+  QAbstractScrollArea& area_;
+  Page& page_;
+  std::uint64_t pageVersion_ = neverAsked;
+  std::vector<ElementSlot> slots_;
+  std::vector<Segment> segments_;
+  std::unordered_map<ui::NodeID, List> lists_;
+  std::vector<QAccessible::Id> buried_;
+
+  std::vector<ui::NodeID> changedRows_, insertedRows_, changedLists_, updated_;
+  bool announcing_ = false;  ///< what comes and goes while refreshing is told to clients
+};
+
+}  // namespace vemra::qt

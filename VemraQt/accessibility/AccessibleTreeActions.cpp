@@ -1,0 +1,191 @@
+// What objects of the tree do and where they stand, and what clients are told of.
+
+#include "VemraQt/Page.hpp"
+#include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/accessibility/AccessibleTree.hpp"
+
+#include <algorithm>
+
+#include <QAbstractScrollArea>
+#include <QLineEdit>
+
+namespace vemra::qt {
+
+using ui::ElementKind;
+using ui::NodeID;
+
+QAccessibleInterface* AccessibleTree::pageObject() const {
+  return QAccessible::queryAccessibleInterface(&area_);
+}
+
+namespace {
+
+QRect onScreen(const QAbstractScrollArea& area, const QRect& onPage, int scroll) {
+  return QRect(area.viewport()->mapToGlobal(onPage.topLeft() - QPoint(0, scroll)), onPage.size());
+}
+
+}  // namespace
+
+QRect AccessibleTree::rectOf(AccessibleRow& row) {
+  refreshList(row.list);
+  const RenderNode* list = page_.tree().find(row.list);
+  if (!list || !list->rows || row.index >= list->rows->count()) return QRect();
+  const QRect frame(list->frame.x(), list->frame.y() + static_cast<int>(list->rows->top(row.index)),
+                    list->frame.width(), list->rows->height(row.index));
+  return onScreen(area_, frame, page_.scrollPosition());
+}
+
+QRect AccessibleTree::rectOf(AccessibleRow* row, NodeID node) {
+  const RenderNode* leaf = page_.tree().find(node);
+  if (leaf && leaf->measuredWidth >= 0) {
+    return onScreen(area_, page_.frameOnPage(*leaf), page_.scrollPosition());
+  }
+  if (!row) return QRect();
+  // Not laid out: an even share of the row, in order.
+  const QRect whole = rectOf(*row);
+  const auto& elements = elementsOf(row);
+  const auto place = std::ranges::find(elements, node, &ElementSlot::node) - elements.begin();
+  const int count = std::max(1, static_cast<int>(elements.size()));
+  const int height = std::max(1, whole.height() / count);
+  return QRect(whole.x(), whole.y() + static_cast<int>(place) * height, whole.width(), height);
+}
+
+bool AccessibleTree::isInViewport(const QRect& rect) const {
+  const QRect page(area_.viewport()->mapToGlobal(QPoint(0, 0)), area_.viewport()->size());
+  return page.intersects(rect);
+}
+
+void AccessibleTree::deliver(NodeID node, ui::Event event) {
+  page_.deliver(node, std::move(event));
+}
+
+void AccessibleTree::focus(AccessibleRow* row, NodeID node) {
+  if (row && !page_.tree().find(node)) page_.bringRow(row->list, row->index);
+  page_.focusElement(node, Qt::OtherFocusReason);
+}
+
+/// Where the pressed element is drawn, the page itself hands the focus on to what takes its place.
+/// Where it is not, its row is brought in for that.
+void AccessibleTree::press(AccessibleRow* row, NodeID pressed) {
+  if (!row || page_.tree().find(pressed)) {
+    page_.deliver(pressed, ui::Press{});
+    return;
+  }
+  struct Place {
+    NodeID within, after;
+  };
+  std::vector<Place> places;
+  for (const ui::Node* node = find(pressed); node && !node->isRow; node = node->parent) {
+    const auto& siblings = node->parent->children;
+    const auto self = std::ranges::find(siblings, node);
+    const NodeID before =
+        self == siblings.begin() || self == siblings.end() ? NodeID{} : (*std::prev(self))->id;
+    places.push_back({node->parent->id, before});
+  }
+  page_.deliver(pressed, ui::Press{});
+  if (find(pressed) || row->isLeaving()) return;
+  refreshList(row->list);
+  if (row->isLeaving()) return;
+  for (const Place& place : places) {
+    if (!find(place.within)) continue;
+    page_.bringRow(row->list, row->index);
+    page_.focusInPlace(place.within, place.after);
+    return;
+  }
+}
+
+void AccessibleTree::childrenChanged(const RenderNode& parent) {
+  if (!hasBeenAsked()) return;
+  announcing_ = true;
+  if (parent.rows) return;
+  const RenderNode* row = rowOf(const_cast<RenderNode*>(&parent));
+  if (row) changedRows_.push_back(row->id);
+}
+
+void AccessibleTree::elementUpdated(const RenderNode& node) {
+  if (!hasBeenAsked()) return;
+  announcing_ = true;
+  if (node.element.kind() == ElementKind::forEach) {
+    changedLists_.push_back(node.id);
+  } else if (node.isLeaf()) {
+    updated_.push_back(node.id);
+  }
+}
+
+void AccessibleTree::announce() {
+  if (!announcing_) {
+    insertedRows_.clear();
+    return;
+  }
+  refreshPage();
+  for (auto& [node, list] : lists_) refreshList(node);
+  for (const NodeID inserted : std::exchange(insertedRows_, {})) {
+    const RenderNode* row = page_.tree().find(inserted);
+    // A row that was only scrolled in has been in the tree all along.
+    if (!row || !row->isRow() || std::ranges::count(changedLists_, row->parent->id) == 0) continue;
+    if (knownRow(inserted)) continue;
+    if (AccessibleRow* object = rowAt(row->parent->id, row->rowIndex)) {
+      QAccessibleEvent event(object, QAccessible::ObjectCreated);
+      QAccessible::updateAccessibility(&event);
+    }
+  }
+  changedLists_.clear();
+  std::ranges::sort(changedRows_);
+  const auto same = std::ranges::unique(changedRows_);
+  changedRows_.erase(same.begin(), same.end());
+  for (const NodeID changed : std::exchange(changedRows_, {})) {
+    if (AccessibleRow* row = knownRow(changed)) elementsOf(row);
+  }
+  announcing_ = false;
+  for (const NodeID updated : std::exchange(updated_, {})) announceUpdate(updated);
+}
+
+AccessibleElement* AccessibleTree::knownObject(NodeID node, ElementSlot** its) {
+  const RenderNode* leaf = page_.tree().find(node);
+  const RenderNode* rowNode = leaf ? rowOf(const_cast<RenderNode*>(leaf)) : nullptr;
+  AccessibleRow* row = rowNode ? knownRow(rowNode->id) : nullptr;
+  if (!leaf || (rowNode && !row)) return nullptr;
+  for (ElementSlot& slot : elementsOf(row)) {
+    if (slot.node != node) continue;
+    if (its) *its = &slot;
+    return slot.object;
+  }
+  return nullptr;
+}
+
+void AccessibleTree::announceUpdate(NodeID node) {
+  ElementSlot* slot = nullptr;
+  AccessibleElement* object = knownObject(node, &slot);
+  if (!object) return;
+  const ui::Element& element = find(node)->element;
+  if (const bool enabled = element.style().enabled; enabled != slot->enabled) {
+    slot->enabled = enabled;
+    QAccessible::State changed;
+    changed.disabled = true;
+    QAccessibleStateChangeEvent event(object, changed);
+    QAccessible::updateAccessibility(&event);
+  }
+  switch (element.kind()) {
+    case ElementKind::picker: {
+      QAccessibleValueChangeEvent event(object, object->text(QAccessible::Value));
+      QAccessible::updateAccessibility(&event);
+      break;
+    }
+    case ElementKind::textField:
+      break;  // told by its widget, or by what sets it
+    default: {
+      QAccessibleEvent event(object, QAccessible::NameChanged);
+      QAccessible::updateAccessibility(&event);
+    }
+  }
+}
+
+void AccessibleTree::focusMoved(NodeID node) {
+  const RenderNode* leaf = page_.tree().find(node);
+  AccessibleElement* object = leaf ? objectOf(*leaf) : nullptr;
+  if (!object) return;
+  QAccessibleEvent event(object, QAccessible::Focus);
+  QAccessible::updateAccessibility(&event);
+}
+
+}  // namespace vemra::qt

@@ -1,0 +1,102 @@
+#include "tests/VemraQt/Accessibility.hpp"
+
+#include "VemraQt/Page.hpp"
+#include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/accessibility/AccessiblePage.hpp"
+
+#include <utility>
+
+namespace vemra::qttest {
+
+QAccessibleInterface& accessiblePage(const WindowHost& host) {
+  return *QAccessible::queryAccessibleInterface(const_cast<qt::ViewWidget*>(&host.widget));
+}
+
+QAccessibleInterface* accessible(const WindowHost& host, const std::string& identifier) {
+  const auto found =
+      host.widget.page().accessibleTree().find(QString::fromStdString(identifier), 1);
+  return found.isEmpty() ? nullptr : QAccessible::accessibleInterface(found.front());
+}
+
+bool act(QAccessibleInterface& element, const QString& action) {
+  QAccessibleActionInterface* actions = element.actionInterface();
+  if (!actions || !actions->actionNames().contains(action)) return false;
+  actions->doAction(action);
+  return true;
+}
+
+std::string name(const QAccessibleInterface& element) {
+  return element.text(QAccessible::Name).toStdString();
+}
+
+std::string identifier(const QAccessibleInterface& element) {
+  return dynamic_cast<const qt::AccessibleObject&>(element).identifier().toStdString();
+}
+
+std::vector<QAccessibleInterface*> elementsBelow(QAccessibleInterface& element) {
+  std::vector<QAccessibleInterface*> elements;
+  for (int i = 0; i < element.childCount(); ++i) {
+    QAccessibleInterface* child = element.child(i);
+    elements.push_back(child);
+    for (QAccessibleInterface* below : elementsBelow(*child)) elements.push_back(below);
+  }
+  return elements;
+}
+
+namespace {
+
+std::vector<std::string> announcements;
+QAccessible::UpdateHandler before = nullptr;
+
+void writeDown(QAccessibleEvent* event) {
+  // Only what is said of the page's own objects: they have no QObject.
+  if (event->object()) {
+    if (before) before(event);
+    return;
+  }
+  QAccessibleInterface* about = event->accessibleInterface();
+  const std::string whom = about ? name(*about) : "nothing";
+  switch (event->type()) {
+    case QAccessible::ObjectCreated:
+      announcements.push_back("created " + whom);
+      break;
+    case QAccessible::ObjectDestroyed:
+      announcements.push_back("destroyed " + whom);
+      break;
+    case QAccessible::Focus:
+      announcements.push_back("focus " + whom);
+      break;
+    case QAccessible::NameChanged:
+      announcements.push_back("name " + whom);
+      break;
+    case QAccessible::StateChanged:
+      announcements.push_back("state " + whom);
+      break;
+    case QAccessible::ValueChanged:
+      announcements.push_back("value " + whom);
+      break;
+    case QAccessible::TextInserted:
+      announcements.push_back("typed in " + whom);
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace
+
+Listener::Listener() {
+  qt::installAccessiblePages();
+  announcements.clear();
+  before = QAccessible::installUpdateHandler(writeDown);
+}
+
+Listener::~Listener() {
+  QAccessible::installUpdateHandler(before);
+}
+
+std::vector<std::string> Listener::heard() const {
+  return std::exchange(announcements, {});
+}
+
+}  // namespace vemra::qttest

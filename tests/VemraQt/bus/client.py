@@ -1,0 +1,367 @@
+"""The window as a client in another process meets it: client.py PROGRAM [walk COUNT].
+
+Without more arguments it runs the checks below against a screen of 200 people. With "walk COUNT" it
+measures a walk over a screen of COUNT people instead.
+"""
+
+import subprocess
+import sys
+import time
+import warnings
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+warnings.simplefilter("ignore", DeprecationWarning)
+from gi.repository import Atspi, GLib  # noqa: E402
+
+PEOPLE = 200
+SHOWING = Atspi.StateType.SHOWING
+
+
+class Window:
+    """The program, and its root on the bus."""
+
+    def __init__(self, program, people):
+        self.process = subprocess.Popen(
+            [program, str(people)],
+            stdin=subprocess.PIPE,
+            stdout=subprocess.PIPE,
+            stderr=subprocess.PIPE,
+            text=True,
+        )
+        self.read_until("ready")
+        self.root = wait_for(self.find_root, "the program on the bus")
+        self.page = self.root.get_child_at_index(0)
+
+    def find_root(self):
+        desktop = Atspi.get_desktop(0)
+        for i in range(desktop.get_child_count()):
+            child = desktop.get_child_at_index(i)
+            if child and child.get_name() == "window_on_the_bus":
+                return child if child.get_child_count() else None
+        return None
+
+    def read_until(self, wanted):
+        """Everything the host wrote before the line, which must come."""
+        lines = []
+        while True:
+            line = self.process.stdout.readline()
+            if not line:
+                raise AssertionError(f"the program ended before it wrote {wanted!r}: {lines}")
+            line = line.rstrip("\n")
+            if line == wanted:
+                return lines
+            lines.append(line)
+
+    def tell(self, line):
+        self.process.stdin.write(line + "\n")
+        self.process.stdin.flush()
+        return self.read_until("done " + line)
+
+    def heard(self):
+        """What the host was asked since the last time."""
+        return self.tell("size 720 800")
+
+    def find(self, identifier):
+        """By the collection interface: without a walk."""
+        rule = Atspi.MatchRule.new(
+            Atspi.StateSet.new([]), Atspi.CollectionMatchType.ALL,
+            {"id": identifier}, Atspi.CollectionMatchType.ALL,
+            [], Atspi.CollectionMatchType.ALL,
+            [], Atspi.CollectionMatchType.ALL, False)
+        found = self.page.get_matches(rule, Atspi.CollectionSortOrder.CANONICAL, 0, True)
+        return found[0] if found else None
+
+    def get(self, identifier):
+        found = wait_for(lambda: self.find(identifier), identifier)
+        found.clear_cache()
+        return found
+
+    def quit(self):
+        self.process.stdin.write("quit\n")
+        self.process.stdin.flush()
+        stderr = self.process.communicate(timeout=20)[1]
+        return self.process.returncode, stderr
+
+
+def wait_for(ask, what, seconds=5):
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        answer = ask()
+        if answer:
+            return answer
+        time.sleep(0.01)
+    raise AssertionError(f"waited in vain for {what}")
+
+
+def walk(node):
+    """Every element below, in tree order."""
+    for i in range(node.get_child_count()):
+        child = node.get_child_at_index(i)
+        yield child
+        yield from walk(child)
+
+
+def actions(node):
+    return [node.get_action_name(i) for i in range(node.get_n_actions())]
+
+
+def act(node, name):
+    assert node.do_action(actions(node).index(name)), f"{node.get_name()} does not {name}"
+
+
+def has(node, state):
+    return node.get_state_set().contains(state)
+
+
+def focused_id(window):
+    for node in walk(window.page):
+        node.clear_cache()
+        if has(node, Atspi.StateType.FOCUSED):
+            return node.get_accessible_id() or node.get_name()
+    return None
+
+
+def expected_identifiers():
+    identifiers = []
+    for i in range(PEOPLE):
+        prefix = f"vemra.goal.person.p{i}"
+        if i % 2 == 0:
+            identifiers.append(prefix + ".show-source")
+        identifiers.append(prefix + ".outcome.start")
+    return identifiers + ["vemra.goal.path.see-in-starfold", "vemra.goal.path.outcome.start"]
+
+
+def equal(got, wanted):
+    if got == wanted:
+        return
+    if isinstance(got, list) and isinstance(wanted, list) and len(wanted) > 12:
+        place = next((i for i, (a, b) in enumerate(zip(got, wanted)) if a != b),
+                     min(len(got), len(wanted)))
+        raise AssertionError(f"{len(got)} entries, wanted {len(wanted)}; from {place} on: "
+                             f"{got[place:place + 3]!r}, wanted {wanted[place:place + 3]!r}")
+    raise AssertionError(f"got {got!r}, wanted {wanted!r}")
+
+
+# Each check takes the window as the one before it left it.
+
+
+def every_row_is_there_in_order(window):
+    found = [node.get_accessible_id() for node in walk(window.page)]
+    equal([i for i in found if i], expected_identifiers())
+    rows = [n for n in (window.page.get_child_at_index(i)
+                        for i in range(window.page.get_child_count()))
+            if n.get_role_name() == "panel"]
+    equal(len(rows), PEOPLE)
+    equal(rows[7].get_name(), "Person Number 7")
+    equal(rows[10].get_name(), "Unnamed person")
+    equal([c.get_role_name() for c in walk(rows[150])],
+          ["push button", "label", "push button", "push button"])
+    for place in (0, 1, 2, 60, 199, 203, 206):
+        equal(window.page.get_child_at_index(place).get_index_in_parent(), place)
+    equal(rows[150].get_child_at_index(2).get_index_in_parent(), 2)
+    equal(rows[150].get_child_at_index(2).get_parent().get_name(), rows[150].get_name())
+
+
+def what_is_outside_the_viewport_only_lacks_showing(window):
+    near, far = window.get("vemra.goal.person.p0.outcome.start"), window.get(
+        "vemra.goal.person.p150.outcome.start")
+    assert has(near, SHOWING) and not has(far, SHOWING)
+    for node in (near, far):
+        equal(node.get_role_name(), "push button")
+        equal(node.get_name(), "Record outcome")
+        assert has(node, Atspi.StateType.VISIBLE)
+        assert has(node, Atspi.StateType.SENSITIVE) and has(node, Atspi.StateType.FOCUSABLE)
+        equal(actions(node)[0], "Press")
+    extents = far.get_extents(Atspi.CoordType.WINDOW)
+    assert extents.y > 5000 and extents.width > 0 and extents.height > 0, extents.y
+
+
+def pressing_far_away_acts(window):
+    act(window.get("vemra.goal.person.p150.show-source"), "Press")
+    equal(window.heard(), ["evidence ev150"])
+    assert not has(window.get("vemra.goal.person.p150.show-source"), SHOWING)
+    name = window.get("vemra.goal.person.p77.outcome.start").get_parent().get_child_at_index(0)
+    act(name, "Press")
+    equal(window.heard(), ["open p77"])
+
+
+def recording_and_correcting(window, ref="p1"):
+    prefix = f"vemra.goal.person.{ref}.outcome"
+    act(window.get(prefix + ".start"), "Press")
+    picker = window.get(prefix + ".picker")
+    equal(picker.get_role_name(), "combo box")
+    equal(picker.get_name(), "Outcome")
+    equal(picker.get_text(0, -1), "Was useful")
+    assert has(picker, Atspi.StateType.FOCUSED), "the opened editor has the focus"
+    choices = [picker.get_child_at_index(i) for i in range(picker.get_child_count())]
+    equal([c.get_role_name() for c in choices], ["list item"] * 8)
+    equal([c.get_name() for c in choices],
+          ["Reached out", "Invited", "Introduced", "Helped", "Was useful", "Not a fit",
+           "No action taken", "Something else"])
+    act(choices[7], "Press")
+    equal(picker.get_text(0, -1), "Something else")
+    save = window.get(prefix + ".save")
+    assert not has(save, Atspi.StateType.SENSITIVE), "no note yet"
+    note = window.get(prefix + ".note")
+    equal(note.get_role_name(), "text")
+    equal(note.get_name(), "Note (optional)")
+    assert has(note, Atspi.StateType.EDITABLE)
+    assert has(note, Atspi.StateType.SINGLE_LINE) and not has(note, Atspi.StateType.MULTI_LINE)
+    assert note.set_text_contents("  met at the fair")
+    assert note.insert_text(5, "again ", 6)
+    equal(note.get_text(0, -1), "  metagain  at the fair")
+    save.clear_cache()
+    assert has(window.get(prefix + ".save"), Atspi.StateType.SENSITIVE)
+    act(window.get(prefix + ".save"), "Press")
+    equal(window.heard(), [f"record {ref} somethingElse metagain  at the fair nil"])
+    correct = window.get(prefix + ".correct")
+    assert has(correct, Atspi.StateType.FOCUSED), "what took the place has the focus"
+    act(correct, "Press")
+    equal(window.get(prefix + ".note").get_text(0, -1), "metagain  at the fair")
+    act(window.get(prefix + ".save"), "Press")
+    heard = window.heard()
+    assert heard[0].startswith(f"record {ref} somethingElse metagain  at the fair o"), heard
+    equal(window.get(prefix + ".corrected-marker").get_name(), "\u00b7 corrected")
+
+
+def recording_far_away(window):
+    recording_and_correcting(window, "p180")
+
+
+def focus_scrolls_in(window):
+    far = window.get("vemra.goal.person.p100.outcome.start")
+    assert not has(far, SHOWING)
+    assert far.grab_focus()
+    far.clear_cache()
+    assert has(far, SHOWING) and has(far, Atspi.StateType.FOCUSED)
+    window.tell("scroll 0")
+    far.clear_cache()
+    assert not has(far, SHOWING) and has(far, Atspi.StateType.FOCUSED)
+    act(far, "SetFocus")
+    far.clear_cache()
+    assert has(far, SHOWING)
+
+
+def objects_follow_their_rows_and_die_with_them(window):
+    kept = window.get("vemra.goal.person.p50.outcome.start")
+    row = kept.get_parent()
+    place = row.get_index_in_parent()
+    gone = window.get("vemra.goal.person.p3.outcome.start")
+    gone_row = gone.get_parent()
+    window.tell("remove p3")
+    window.tell("insert fresh")
+    window.tell("insert fresher")
+    for node in (kept, row, gone, gone_row):
+        node.clear_cache()
+    equal(row.get_name(), "Unnamed person" if 50 % 11 == 10 else "Person Number 50")
+    equal(row.get_index_in_parent(), place + 1)
+    equal(kept.get_accessible_id(), "vemra.goal.person.p50.outcome.start")
+    for dead in (gone, gone_row):
+        try:
+            dead.clear_cache()
+            assert not dead.do_action(0), "a dead element acted"
+        except GLib.Error:
+            pass
+    equal(window.find("vemra.goal.person.p3.outcome.start"), None)
+    window.tell("shuffle")
+    row.clear_cache()
+    kept.clear_cache()
+    equal(row.get_name(), "Person Number 50")
+    act(kept, "Press")
+    wait_for(lambda: window.find("vemra.goal.person.p50.outcome.picker"), "the opened editor")
+    act(window.get("vemra.goal.person.p50.outcome.cancel"), "Press")
+    equal(window.heard(), [])
+
+
+def an_identifier_is_found_without_a_walk(window):
+    wait_for(lambda: window.find("vemra.goal.person.p199.outcome.start"), "it")
+    equal(window.find("vemra.goal.person.p1"), None)
+    equal(window.find("VEMRA.goal.person.p19.outcome.start"), None)
+    first = window.find("vemra.goal.path.outcome.start")
+    equal(first.get_name(), "Record outcome")
+    equal(first.get_attributes().get("id"), "vemra.goal.path.outcome.start")
+
+
+def the_keyboard_alone(window):
+    window.tell("scroll 0")
+    start = window.get("vemra.goal.path.outcome.start")
+    assert start.grab_focus()
+
+    def key(symbol):
+        Atspi.generate_keyboard_event(symbol, None, Atspi.KeySynthType.SYM)
+        time.sleep(0.15)
+
+    tab, enter, down = 0xFF09, 0xFF0D, 0xFF54
+    key(enter)
+    wait_for(lambda: window.find("vemra.goal.path.outcome.picker"), "the editor")
+    key(down)
+    key(tab)
+    for letter in "hello":
+        key(ord(letter))
+    key(enter)
+    equal(window.get("vemra.goal.path.outcome.note").get_text(0, -1), "hello")
+    key(tab)
+    key(enter)
+    equal(window.heard(), ["record p9 notAFit hello nil"])
+    wait_for(lambda: has(window.get("vemra.goal.path.outcome.correct"), Atspi.StateType.FOCUSED),
+             "the focus on Correct")
+
+
+CHECKS = [
+    every_row_is_there_in_order,
+    what_is_outside_the_viewport_only_lacks_showing,
+    an_identifier_is_found_without_a_walk,
+    pressing_far_away_acts,
+    recording_and_correcting,
+    recording_far_away,
+    focus_scrolls_in,
+    the_keyboard_alone,
+    objects_follow_their_rows_and_die_with_them,
+]
+
+
+def check(program):
+    window = Window(program, PEOPLE)
+    failures = 0
+    for one in CHECKS:
+        try:
+            one(window)
+            print("ok    ", one.__name__.replace("_", " "))
+        except (AssertionError, GLib.Error, AttributeError, TypeError) as error:
+            failures += 1
+            print("FAILED", one.__name__.replace("_", " "), "\n      ", repr(error))
+            if window.process.poll() is not None:
+                break
+    status, stderr = window.quit()
+    if status != 0 or stderr.strip():
+        failures += 1
+        print(f"FAILED the program ended with {status} and wrote: {stderr}")
+    return failures
+
+
+def measure(program, people):
+    window = Window(program, people)
+    start = time.monotonic()
+    count = sum(1 for _ in walk(window.page))
+    first = time.monotonic() - start
+    print(f"{people} people: {count} elements walked in {first:.2f} s, "
+          f"{1000 * first / count:.3f} ms an element")
+    with open(f"/proc/{window.process.pid}/stat") as stat:
+        fields = stat.read().rsplit(")", 1)[1].split()
+    print(f"of it {(int(fields[11]) + int(fields[12])) / 100:.2f} s in the program, "
+          f"{time.process_time():.2f} s in the client")
+    last = f"vemra.goal.person.p{people - 1}.outcome.start"
+    start = time.monotonic()
+    for _ in range(20):
+        assert window.find(last)
+    print(f"the last identifier found in {1000 * (time.monotonic() - start) / 20:.2f} ms")
+    window.quit()
+    return 0
+
+
+Atspi.init()
+if len(sys.argv) > 3 and sys.argv[2] == "walk":
+    sys.exit(measure(sys.argv[1], int(sys.argv[3])))
+sys.exit(1 if check(sys.argv[1]) else 0)

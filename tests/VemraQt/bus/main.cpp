@@ -1,0 +1,92 @@
+// The goal screen in a window, for a client on the accessibility bus. Tells on standard output what
+// the host is asked, and takes from standard input what the host does:
+//
+//     remove REF       the person leaves        insert REF     a new person comes first
+//     shuffle          the order is reversed    scroll TO      the page scrolls, to pixels
+//     size W H         the window's size        quit
+
+#include "tests/VemraQt/WindowHost.hpp"
+
+#include <algorithm>
+#include <cstdio>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QScrollBar>
+#include <QSocketNotifier>
+
+using namespace vemra;
+using namespace vemra::qttest;
+
+namespace {
+
+void edit(Result& result, const std::string& what, const std::string& ref) {
+  std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
+  if (what == "remove") {
+    std::erase_if(people, [&](const auto& person) { return person.personRef == ref; });
+  } else if (what == "insert") {
+    GoalPersonCandidateDTO person;
+    person.personRef = ref;
+    person.displayName = "New " + ref;
+    people.insert(people.begin(), person);
+  } else {
+    std::ranges::reverse(people);
+  }
+  result.people = people;
+}
+
+void obey(WindowHost& host, const std::string& line) {
+  std::istringstream words(line);
+  std::string what, ref;
+  words >> what;
+  if (what == "quit") {
+    QApplication::quit();
+  } else if (what == "scroll") {
+    int to = 0;
+    words >> to;
+    host.widget.verticalScrollBar()->setValue(to);
+  } else if (what == "size") {
+    int width = 0, height = 0;
+    words >> width >> height;
+    host.widget.resize(width, height);
+  } else {
+    words >> ref;
+    host.change([&](Result& result) { edit(result, what, ref); });
+  }
+  std::cout << "done " << line << std::endl;
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+  QApplication::setStyle("fusion");
+  QApplication application(argumentCount, arguments);
+  application.setApplicationName("window_on_the_bus");
+  QFont font("DejaVu Sans");
+  font.setPixelSize(13);
+  QApplication::setFont(font);
+  WindowHost host(resultWith(argumentCount > 1 ? std::stoul(arguments[1]) : 200));
+  host.onLog = [](const std::string& entry) { std::cout << entry << std::endl; };
+  host.widget.setWindowTitle("Goal");
+  QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
+  std::string pending;
+  QObject::connect(&input, &QSocketNotifier::activated, [&] {
+    char bytes[4096];
+    const ssize_t count = read(STDIN_FILENO, bytes, sizeof bytes);
+    if (count <= 0) {
+      QApplication::quit();
+      return;
+    }
+    pending.append(bytes, static_cast<std::size_t>(count));
+    for (auto end = pending.find('\n'); end != std::string::npos; end = pending.find('\n')) {
+      const std::string line = pending.substr(0, end);
+      pending.erase(0, end + 1);
+      obey(host, line);
+    }
+  });
+  std::cout << "ready" << std::endl;
+  return application.exec();
+}
