@@ -139,8 +139,8 @@ void Page::settle() {
   anchor_.reset();
   place();
   filling_ = false;
+  accessible_->announce();  // first what there is, then where the focus is in it
   restoreFocus();
-  accessible_->announce();
 }
 
 void Page::layout() {

@@ -1,6 +1,12 @@
 #include "VemraQt/QtStringsTable.hpp"
 
+#include <QDir>
 #include <QTranslator>
+
+// The resources of a static library come in only when somebody asks, from outside any namespace.
+static void bringInTranslations() {
+  Q_INIT_RESOURCE(vemra_translations);
+}
 
 namespace vemra::qt {
 
@@ -13,6 +19,17 @@ std::shared_ptr<const QtStringsTable> QtStringsTable::load(const QString& file) 
   auto translator = std::make_unique<QTranslator>();
   if (!translator->load(file)) return nullptr;
   return std::shared_ptr<const QtStringsTable>(new QtStringsTable(std::move(translator)));
+}
+
+std::shared_ptr<const QtStringsTable> QtStringsTable::builtIn(const QStringList& languages) {
+  bringInTranslations();
+  for (const QString& language : languages) {
+    const QString plain = QString(language).replace(u'_', u'-').section(u'-', 0, 0).toLower();
+    if (plain == QLatin1String("en") || plain == QLatin1String("c")) return nullptr;
+    const QString file = QStringLiteral(":/vemra/vemra_%1.qm").arg(plain);
+    if (QFile::exists(file)) return load(file);
+  }
+  return nullptr;
 }
 
 std::optional<std::string> QtStringsTable::lookup(std::string_view key) const {

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include <QString>
+#include <QStringList>
 
 class QTranslator;
 
@@ -19,6 +20,9 @@ class QtStringsTable final : public ui::StringsTable {
  public:
   /// The table in a file or resource; nullptr when it cannot be read.
   static std::shared_ptr<const QtStringsTable> load(const QString& file);
+  /// The table that comes with the library for the first of `languages` ("de-AT", "en") that is
+  /// English, whose keys are shown as they are, or has one; nullptr when no table is needed.
+  static std::shared_ptr<const QtStringsTable> builtIn(const QStringList& languages);
   ~QtStringsTable() override;
 
   std::optional<std::string> lookup(std::string_view key) const override;

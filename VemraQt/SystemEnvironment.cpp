@@ -1,13 +1,16 @@
 #include "VemraQt/SystemEnvironment.hpp"
 
 #include "VemraQt/Looks.hpp"
+#include "VemraQt/QtStringsTable.hpp"
 
 #include <QApplication>
+#include <QLocale>
 
 namespace vemra::qt {
 
 ui::Environment systemEnvironment() {
   ui::Environment environment = ui::Environment::system();
+  environment.strings = QtStringsTable::builtIn(QLocale::system().uiLanguages());
   environment.colorScheme = colorSchemeOf(QApplication::palette());
   environment.layoutDirection = QApplication::layoutDirection() == Qt::RightToLeft
                                     ? ui::LayoutDirection::rightToLeft

@@ -74,33 +74,33 @@ void passOnText(QAccessibleEvent& event, AccessibleElement& element) {
     case QAccessible::TextInserted: {
       const auto& inserted = static_cast<QAccessibleTextInsertEvent&>(event);
       QAccessibleTextInsertEvent own(&element, inserted.changePosition(), inserted.textInserted());
-      passOn(own);
+      QAccessible::updateAccessibility(&own);
       break;
     }
     case QAccessible::TextRemoved: {
       const auto& removed = static_cast<QAccessibleTextRemoveEvent&>(event);
       QAccessibleTextRemoveEvent own(&element, removed.changePosition(), removed.textRemoved());
-      passOn(own);
+      QAccessible::updateAccessibility(&own);
       break;
     }
     case QAccessible::TextUpdated: {
       const auto& updated = static_cast<QAccessibleTextUpdateEvent&>(event);
       QAccessibleTextUpdateEvent own(&element, updated.changePosition(), updated.textRemoved(),
                                      updated.textInserted());
-      passOn(own);
+      QAccessible::updateAccessibility(&own);
       break;
     }
     case QAccessible::TextCaretMoved: {
       const auto& moved = static_cast<QAccessibleTextCursorEvent&>(event);
       QAccessibleTextCursorEvent own(&element, moved.cursorPosition());
-      passOn(own);
+      QAccessible::updateAccessibility(&own);
       break;
     }
     case QAccessible::TextSelectionChanged: {
       const auto& selected = static_cast<QAccessibleTextSelectionEvent&>(event);
       QAccessibleTextSelectionEvent own(&element, selected.selectionStart(),
                                         selected.selectionEnd());
-      passOn(own);
+      QAccessible::updateAccessibility(&own);
       break;
     }
     default:
@@ -131,9 +131,9 @@ void handle(QAccessibleEvent* event) {
 
 /// To whoever would have been told without us.
 void passOn(QAccessibleEvent& event) {
-  QAccessible::installUpdateHandler(otherHandler);
+  const QAccessible::UpdateHandler current = QAccessible::installUpdateHandler(otherHandler);
   QAccessible::updateAccessibility(&event);
-  QAccessible::installUpdateHandler(handle);
+  QAccessible::installUpdateHandler(current);
 }
 
 }  // namespace

@@ -51,6 +51,14 @@ std::shared_ptr<const ui::RowSource> sourceOf(const ui::Node& forEach) {
 
 }  // namespace
 
+std::size_t hashOfShown(const ui::Element& element) {
+  if (element.kind() == ElementKind::picker) {
+    const auto& chosen = element.selection();
+    return chosen ? std::hash<std::string>()(chosen->name()) : 0;
+  }
+  return std::hash<std::string_view>()(element.shownLabel());
+}
+
 AccessibleTree::AccessibleTree(QAbstractScrollArea& area, Page& page) : area_(area), page_(page) {
   publishIdentifiers();
   addIdentifierSource(*this);
@@ -212,7 +220,8 @@ void AccessibleTree::collect(const ui::Node& node, std::uint64_t path,
   path = step(path, node);
   const ElementKind kind = node.element.kind();
   if (isElement(kind)) {
-    elements.push_back({path, kind, node.id, nullptr, node.element.style().enabled});
+    elements.push_back(
+        {path, kind, node.id, nullptr, node.element.style().enabled, hashOfShown(node.element)});
     return;
   }
   if (kind == ElementKind::forEach) {
@@ -223,7 +232,7 @@ void AccessibleTree::collect(const ui::Node& node, std::uint64_t path,
       return false;
     }();
     if (!insideRow) {
-      elements.push_back({path, kind, node.id, nullptr, true});
+      elements.push_back({path, kind, node.id, nullptr, true, 0});
       return;
     }
     if (node.children.size() < node.element.rowCount()) {
@@ -251,6 +260,7 @@ void AccessibleTree::adopt(AccessibleRow* row, std::vector<ElementSlot>& element
       isOld[place] = true;
       fresh[place].object = old.object;
       fresh[place].enabled = old.enabled;
+      fresh[place].shown = old.shown;
       next = place + 1;
     } else if (old.object) {
       leaving.push_back(old.object);
@@ -258,17 +268,13 @@ void AccessibleTree::adopt(AccessibleRow* row, std::vector<ElementSlot>& element
   }
   elements = std::move(fresh);
   for (AccessibleElement* gone : leaving) {
-    if (announcing_) {
-      QAccessibleEvent event(gone, QAccessible::ObjectDestroyed);
-      QAccessible::updateAccessibility(&event);
-    }
+    if (announcing_) departed_.push_back(gone->id());
     bury(*gone);
   }
   if (!announcing_ || !wasKnown) return;
   for (std::size_t i = 0; i < isOld.size() && i < elements.size(); ++i) {
     if (isOld[i] || elements[i].kind == ElementKind::forEach) continue;
-    QAccessibleEvent event(object(row, elements[i]), QAccessible::ObjectCreated);
-    QAccessible::updateAccessibility(&event);
+    arrived_.push_back(object(row, elements[i])->id());
   }
 }
 
@@ -336,10 +342,7 @@ void AccessibleTree::refreshList(NodeID listID) {
       if (after[i] != ui::absentRow && rows.try_emplace(after[i], row).second) {
         row->index = after[i];
       } else {
-        if (announcing_) {
-          QAccessibleEvent event(row, QAccessible::ObjectDestroyed);
-          QAccessible::updateAccessibility(&event);
-        }
+        if (announcing_) departed_.push_back(row->id());
         bury(*row);
       }
     }
@@ -382,8 +385,8 @@ void AccessibleTree::bury(QAccessibleInterface& object) {
 void AccessibleTree::bury(AccessibleRow& row) {
   for (ElementSlot& slot : row.known) {
     if (slot.object) bury(*slot.object);
-    slot.object = nullptr;
   }
+  row.known.clear();
   bury(static_cast<QAccessibleInterface&>(row));
 }
 

@@ -30,8 +30,14 @@ struct ElementSlot {
   ui::ElementKind kind = ui::ElementKind::text;
   ui::NodeID node;
   AccessibleElement* object = nullptr;
-  bool enabled = true;  ///< as last told
+  /// \name As clients last heard of it @{
+  bool enabled = true;
+  std::size_t shown = 0;  ///< a hash of its name, or of what is chosen in it
+  /// @}
 };
+
+/// The hash for `ElementSlot::shown`.
+std::size_t hashOfShown(const ui::Element& element);
 
 /// The whole page as one tree of accessible objects: every text and control of every row, whether
 /// or not it has a widget just now.
@@ -114,6 +120,7 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   void collect(const ui::Node& node, std::uint64_t path, std::vector<ElementSlot>& elements);
   void adopt(AccessibleRow* row, std::vector<ElementSlot>& elements,
              std::vector<ElementSlot> fresh);
+  void tell(QAccessible::Event what, const std::vector<QAccessible::Id>& ids);
   void announceUpdate(ui::NodeID node);
   AccessibleElement* knownObject(ui::NodeID node, ElementSlot** slot = nullptr);
   void refreshList(ui::NodeID list);
@@ -134,7 +141,9 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   std::vector<QAccessible::Id> buried_;
 
   std::vector<ui::NodeID> changedRows_, insertedRows_, changedLists_, updated_;
-  bool announcing_ = false;  ///< what comes and goes while refreshing is told to clients
+  bool announcing_ = false;  ///< what comes and goes while refreshing is to be told
+  /// Told when all is up to date: a client may ask the tree anything while it is being told.
+  std::vector<QAccessible::Id> departed_, arrived_;
 };
 
 }  // namespace vemra::qt

@@ -125,8 +125,7 @@ void AccessibleTree::announce() {
     if (!row || !row->isRow() || std::ranges::count(changedLists_, row->parent->id) == 0) continue;
     if (knownRow(inserted)) continue;
     if (AccessibleRow* object = rowAt(row->parent->id, row->rowIndex)) {
-      QAccessibleEvent event(object, QAccessible::ObjectCreated);
-      QAccessible::updateAccessibility(&event);
+      arrived_.push_back(object->id());
     }
   }
   changedLists_.clear();
@@ -137,7 +136,19 @@ void AccessibleTree::announce() {
     if (AccessibleRow* row = knownRow(changed)) elementsOf(row);
   }
   announcing_ = false;
+  tell(QAccessible::ObjectDestroyed, std::exchange(departed_, {}));
+  tell(QAccessible::ObjectCreated, std::exchange(arrived_, {}));
   for (const NodeID updated : std::exchange(updated_, {})) announceUpdate(updated);
+}
+
+void AccessibleTree::tell(QAccessible::Event what, const std::vector<QAccessible::Id>& ids) {
+  for (const QAccessible::Id id : ids) {
+    // Whoever was told of the one before may have made this one go.
+    QAccessibleInterface* object = QAccessible::accessibleInterface(id);
+    if (!object) continue;
+    QAccessibleEvent event(object, what);
+    QAccessible::updateAccessibility(&event);
+  }
 }
 
 AccessibleElement* AccessibleTree::knownObject(NodeID node, ElementSlot** its) {
@@ -158,25 +169,27 @@ void AccessibleTree::announceUpdate(NodeID node) {
   AccessibleElement* object = knownObject(node, &slot);
   if (!object) return;
   const ui::Element& element = find(node)->element;
-  if (const bool enabled = element.style().enabled; enabled != slot->enabled) {
-    slot->enabled = enabled;
+  const ElementKind kind = element.kind();
+  const bool wasEnabled = std::exchange(slot->enabled, element.style().enabled);
+  const std::size_t wasShown = std::exchange(slot->shown, hashOfShown(element));
+  const bool enabled = wasEnabled != slot->enabled, shown = wasShown != slot->shown;
+  // From here on a client that is told may change anything.
+  const QAccessible::Id id = object->id();
+  if (enabled) {
     QAccessible::State changed;
     changed.disabled = true;
     QAccessibleStateChangeEvent event(object, changed);
     QAccessible::updateAccessibility(&event);
   }
-  switch (element.kind()) {
-    case ElementKind::picker: {
-      QAccessibleValueChangeEvent event(object, object->text(QAccessible::Value));
-      QAccessible::updateAccessibility(&event);
-      break;
-    }
-    case ElementKind::textField:
-      break;  // told by its widget, or by what sets it
-    default: {
-      QAccessibleEvent event(object, QAccessible::NameChanged);
-      QAccessible::updateAccessibility(&event);
-    }
+  // What is typed into a field is told by its widget, or by what sets it.
+  QAccessibleInterface* still = QAccessible::accessibleInterface(id);
+  if (!shown || !still || kind == ElementKind::textField) return;
+  if (kind == ElementKind::picker) {
+    QAccessibleValueChangeEvent event(still, still->text(QAccessible::Value));
+    QAccessible::updateAccessibility(&event);
+  } else {
+    QAccessibleEvent event(still, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
   }
 }
 

@@ -1,15 +1,15 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
-<TS version="2.1" language="de" sourcelanguage="en">
+<TS version="2.1" language="de_DE" sourcelanguage="en">
 <context>
     <name>VemraScreen</name>
     <message>
         <source>People worth considering</source>
-        <translation>Personen, die infrage kommen</translation>
+        <translation>Menschen, die infrage kommen</translation>
     </message>
     <message>
         <source>Show source</source>
-        <translation>Quelle zeigen</translation>
+        <translation>Quelle anzeigen</translation>
     </message>
     <message>
         <source>Supported path</source>
@@ -20,16 +20,20 @@
         <translation>In Starfold ansehen</translation>
     </message>
     <message>
+        <source>No source evidence yet.</source>
+        <translation>Noch keine Belege aus Quellen.</translation>
+    </message>
+    <message>
         <source>Record outcome</source>
         <translation>Ergebnis festhalten</translation>
     </message>
     <message>
-        <source>Correct</source>
-        <translation>Berichtigen</translation>
+        <source>· corrected</source>
+        <translation>· korrigiert</translation>
     </message>
     <message>
-        <source>· corrected</source>
-        <translation>· berichtigt</translation>
+        <source>Correct</source>
+        <translation>Korrigieren</translation>
     </message>
     <message>
         <source>Outcome</source>
@@ -46,10 +50,6 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
-    </message>
-    <message>
-        <source>No source evidence yet.</source>
-        <translation>Noch keine Quellen ausgewertet.</translation>
     </message>
 </context>
 </TS>

@@ -1,0 +1,146 @@
+// Looks that change while the page is in use.
+
+#include "VemraQt/Contrast.hpp"
+#include "VemraQt/Page.hpp"
+#include "VemraQt/Picture.hpp"
+#include "tests/VemraQt/WindowHost.hpp"
+
+#include <QApplication>
+#include <QFontInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <gtest/gtest.h>
+
+using namespace vemra;
+using namespace vemra::qttest;
+
+namespace {
+
+QColor pageColor(const qt::ViewWidget& widget) {
+  return const_cast<qt::ViewWidget&>(widget).grab().toImage().pixelColor(3, 3);
+}
+
+/// Puts the application's own palette and font back.
+struct AsBefore {
+  QPalette palette = QApplication::palette();
+  QFont font = QApplication::font();
+  ~AsBefore() {
+    QApplication::setPalette(palette);
+    QApplication::setFont(font);
+  }
+};
+
+QPalette highContrast() {
+  QPalette palette(Qt::yellow, Qt::black);
+  palette.setColor(QPalette::Base, Qt::black);
+  palette.setColor(QPalette::Text, Qt::yellow);
+  palette.setColor(QPalette::WindowText, Qt::yellow);
+  palette.setColor(QPalette::Link, Qt::cyan);
+  return palette;
+}
+
+}  // namespace
+
+TEST(LiveLooks, TheEnvironmentsSchemeIsTakenUp) {
+  WindowHost host(resultWith(3));
+  EXPECT_EQ(pageColor(host.widget), QApplication::palette().color(QPalette::Base));
+  ui::Environment environment;
+  environment.colorScheme = ui::ColorScheme::dark;
+  host.widget.setEnvironment(environment);
+  EXPECT_LT(pageColor(host.widget).lightness(), 60);
+  environment.colorScheme = ui::ColorScheme::light;
+  host.widget.setEnvironment(environment);
+  EXPECT_GT(pageColor(host.widget).lightness(), 200);
+}
+
+TEST(LiveLooks, AWindowThatFollowsTheSystemTurnsDarkAndHighContrastWithIt) {
+  AsBefore asBefore;
+  qt::ViewWidget widget;
+  WindowHost host(resultWith(3));
+  widget.setRoot(host.view());
+  widget.resize(400, 400);
+  widget.show();
+  QApplication::setPalette(highContrast());
+  QApplication::processEvents();
+  EXPECT_EQ(widget.environment().colorScheme, ui::ColorScheme::dark);
+  EXPECT_EQ(pageColor(widget), QColor(Qt::black));
+  EXPECT_EQ(widget.page().looks().text(ui::ForegroundStyle::primary), QColor(Qt::yellow));
+  EXPECT_EQ(widget.page().looks().link(), QColor(Qt::cyan));
+  QApplication::setPalette(asBefore.palette);
+  QApplication::processEvents();
+  EXPECT_EQ(widget.environment().colorScheme, ui::ColorScheme::light);
+  EXPECT_GT(pageColor(widget).lightness(), 200);
+}
+
+TEST(LiveLooks, TheSystemsFontSizeIsTakenUp) {
+  AsBefore asBefore;
+  WindowHost host(resultWith(3));
+  const auto& button = host.get<QPushButton>("vemra.goal.person.p0.outcome.start");
+  const int size = QFontInfo(button.font()).pixelSize();
+  const int height = host.widget.contentHeight();
+  QFont larger = QApplication::font();
+  larger.setPixelSize(26);
+  QApplication::setFont(larger);
+  QApplication::processEvents();
+  const auto& same = host.get<QPushButton>("vemra.goal.person.p0.outcome.start");
+  EXPECT_EQ(QFontInfo(same.font()).pixelSize(), 2 * size);
+  EXPECT_GT(host.widget.contentHeight(), height * 5 / 4);
+}
+
+TEST(LiveLooks, WhatIsTypedSurvivesEveryChangeOfLooks) {
+  WindowHost host(resultWith(30));
+  host.press("vemra.goal.person.p1.outcome.start");
+  auto& note = host.get<QLineEdit>("vemra.goal.person.p1.outcome.note");
+  note.setFocus();
+  note.setText("typed");
+  note.setCursorPosition(2);
+  ui::Environment environment;
+  for (double scale : {2.0, 1.0}) {
+    environment.textScale = scale;
+    environment.colorScheme = ui::ColorScheme::dark;
+    environment.layoutDirection = ui::LayoutDirection::rightToLeft;
+    host.widget.setEnvironment(environment);
+    EXPECT_EQ(host.find("vemra.goal.person.p1.outcome.note"), &note);
+    EXPECT_TRUE(note.hasFocus());
+    EXPECT_EQ(note.text(), "typed");
+    EXPECT_EQ(note.cursorPosition(), 2);
+  }
+}
+
+TEST(LiveLooks, APictureIsMadeWithoutAWindow) {
+  WindowHost host(resultWith(3));
+  ui::Environment environment;
+  const QImage image = qt::picture(host.view(), environment, QSize(480, 640));
+  EXPECT_EQ(image.size(), QSize(480, 640));
+  const QImage whole = qt::picture(host.view(), environment, QSize(480, 0));
+  EXPECT_EQ(whole.width(), 480);
+  EXPECT_GT(whole.height(), 300);
+  ui::ViewGraph graph;
+  graph.setRoot(host.view());
+  EXPECT_EQ(qt::picture(graph, QSize(480, 0)).height(), whole.height());
+}
+
+TEST(LiveLooks, TheFocusCanBeSeenOnEveryKindOfControl) {
+  WindowHost host(resultWith(2));
+  host.press("vemra.goal.person.p0.outcome.start");
+  for (const char* name : {".picker", ".note", ".save"}) {
+    auto& control = host.get<QWidget>(std::string("vemra.goal.person.p0.outcome") + name);
+    host.widget.setFocus();
+    const QImage without = control.grab().toImage();
+    control.setFocus();
+    const QImage with = control.grab().toImage();
+    int ringed = 0;
+    for (int x = 0; x < with.width(); ++x) {
+      for (int y = 0; y < with.height(); ++y) {
+        const QColor color = with.pixelColor(x, y);
+        if (color != without.pixelColor(x, y) &&
+            qt::contrast(color, host.widget.page().looks().background()) >= 3) {
+          ++ringed;
+        }
+      }
+    }
+    EXPECT_GT(ringed, control.width()) << name;
+  }
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "VemraPlatform/ui/Environment.hpp"
+
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+
+/// \file
+/// Strings tables that try a screen's patience.
+
+namespace vemra::qttest {
+
+/// Every key in brackets, with accents and two fifths longer: "[Şåvé one]".
+class PseudoStrings final : public ui::StringsTable {
+ public:
+  std::optional<std::string> lookup(std::string_view key) const override;
+  /// What has been asked for so far.
+  const std::set<std::string>& asked() const { return asked_; }
+
+ private:
+  mutable std::set<std::string> asked_;
+};
+
+/// Hebrew, for pages that are read from right to left.
+class HebrewStrings final : public ui::StringsTable {
+ public:
+  std::optional<std::string> lookup(std::string_view key) const override;
+};
+
+}  // namespace vemra::qttest

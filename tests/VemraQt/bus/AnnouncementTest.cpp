@@ -1,0 +1,92 @@
+// What a screen reader is told. Qt tells only while one may be listening, so these tests run on a
+// display with an accessibility bus.
+
+#include "tests/VemraQt/Accessibility.hpp"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace vemra;
+using namespace vemra::qttest;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace {
+
+void erasePerson(WindowHost& host, std::size_t index) {
+  host.change([&](Result& result) {
+    std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
+    people.erase(people.begin() + static_cast<long>(index));
+    result.people = people;
+  });
+}
+
+class Announcements : public ::testing::Test {
+ protected:
+  /// Qt meets the bus some turns of the event loop after it has started.
+  void SetUp() override {
+    ASSERT_TRUE(QTest::qWaitFor([] { return QAccessible::isActive(); }))
+        << "nothing is told without an accessibility bus";
+  }
+};
+
+}  // namespace
+
+TEST_F(Announcements, TellWhatChanges) {
+  Listener listener;
+  WindowHost host(resultWith(5));
+  elementsBelow(accessiblePage(host));
+  (void)listener.heard();
+  host.press("vemra.goal.person.p1.outcome.start");
+  EXPECT_THAT(listener.heard(),
+              ElementsAre("destroyed ", "created Outcome", "created Note (optional)",
+                          "created Save", "created Cancel", "focus Outcome"));
+  auto& picker = host.get<QComboBox>("vemra.goal.person.p1.outcome.picker");
+  for (int i = 0; i < 3; ++i) QTest::keyClick(&picker, Qt::Key_Down);
+  EXPECT_THAT(listener.heard(),
+              ElementsAre("value Outcome", "value Outcome", "value Outcome", "state Save"));
+  auto& note = host.get<QLineEdit>("vemra.goal.person.p1.outcome.note");
+  note.setFocus();
+  QTest::keyClicks(&note, "a");
+  EXPECT_THAT(listener.heard(),
+              ElementsAre("focus Note (optional)", "typed in Note (optional)", "state Save"));
+  host.change([](Result& result) { result.goal.title = "Another"; });
+  EXPECT_THAT(listener.heard(), ElementsAre("name Another"));
+}
+
+TEST_F(Announcements, TellOfRowsThatComeAndGoButNotOfThoseThatScroll) {
+  Listener listener;
+  WindowHost host(resultWith(500));
+  elementsBelow(accessiblePage(host));
+  (void)listener.heard();
+  host.widget.verticalScrollBar()->setValue(10'000);
+  host.widget.verticalScrollBar()->setValue(0);
+  EXPECT_THAT(listener.heard(), IsEmpty());
+  erasePerson(host, 2);
+  EXPECT_THAT(listener.heard(), Contains("destroyed "));
+  host.change([](Result& result) {
+    std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
+    GoalPersonCandidateDTO fresh;
+    fresh.personRef = "fresh";
+    fresh.displayName = "Fresh";
+    people.insert(people.begin() + 1, fresh);
+    result.people = people;
+  });
+  EXPECT_THAT(listener.heard(), Contains("created Fresh"));
+}
+
+TEST_F(Announcements, TakeNoNoticeOfWidgetsThatAreUsedAgain) {
+  Listener listener;
+  WindowHost host(resultWith(2000));
+  host.press("vemra.goal.person.p0.outcome.start");
+  elementsBelow(*accessiblePage(host).child(2));
+  (void)listener.heard();
+  for (int i = 0; i < 40; ++i) host.widget.verticalScrollBar()->setValue(i * 1700);
+  EXPECT_THAT(listener.heard(), IsEmpty());
+}
