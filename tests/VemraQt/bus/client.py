@@ -7,13 +7,11 @@ measures a walk over a screen of COUNT people instead.
 import subprocess
 import sys
 import time
-import warnings
 
-import gi
-
-gi.require_version("Atspi", "2.0")
-warnings.simplefilter("ignore", DeprecationWarning)
-from gi.repository import Atspi, GLib  # noqa: E402
+from accessible import (
+    DOWN, ENTER, TAB, Atspi, act, actions, application, equal, find, has, key, run_checks, wait_for,
+    walk)
+from gi.repository import GLib
 
 PEOPLE = 200
 SHOWING = Atspi.StateType.SHOWING
@@ -31,16 +29,8 @@ class Window:
             text=True,
         )
         self.read_until("ready")
-        self.root = wait_for(self.find_root, "the program on the bus")
+        self.root = wait_for(lambda: application("window_on_the_bus"), "the program on the bus")
         self.page = self.root.get_child_at_index(0)
-
-    def find_root(self):
-        desktop = Atspi.get_desktop(0)
-        for i in range(desktop.get_child_count()):
-            child = desktop.get_child_at_index(i)
-            if child and child.get_name() == "window_on_the_bus":
-                return child if child.get_child_count() else None
-        return None
 
     def read_until(self, wanted):
         """Everything the host wrote before the line, which must come."""
@@ -64,14 +54,7 @@ class Window:
         return self.tell("size 720 800")
 
     def find(self, identifier):
-        """By the collection interface: without a walk."""
-        rule = Atspi.MatchRule.new(
-            Atspi.StateSet.new([]), Atspi.CollectionMatchType.ALL,
-            {"id": identifier}, Atspi.CollectionMatchType.ALL,
-            [], Atspi.CollectionMatchType.ALL,
-            [], Atspi.CollectionMatchType.ALL, False)
-        found = self.page.get_matches(rule, Atspi.CollectionSortOrder.CANONICAL, 0, True)
-        return found[0] if found else None
+        return find(self.page, identifier)
 
     def get(self, identifier):
         found = wait_for(lambda: self.find(identifier), identifier)
@@ -85,44 +68,6 @@ class Window:
         return self.process.returncode, stderr
 
 
-def wait_for(ask, what, seconds=5):
-    end = time.monotonic() + seconds
-    while time.monotonic() < end:
-        answer = ask()
-        if answer:
-            return answer
-        time.sleep(0.01)
-    raise AssertionError(f"waited in vain for {what}")
-
-
-def walk(node):
-    """Every element below, in tree order."""
-    for i in range(node.get_child_count()):
-        child = node.get_child_at_index(i)
-        yield child
-        yield from walk(child)
-
-
-def actions(node):
-    return [node.get_action_name(i) for i in range(node.get_n_actions())]
-
-
-def act(node, name):
-    assert node.do_action(actions(node).index(name)), f"{node.get_name()} does not {name}"
-
-
-def has(node, state):
-    return node.get_state_set().contains(state)
-
-
-def focused_id(window):
-    for node in walk(window.page):
-        node.clear_cache()
-        if has(node, Atspi.StateType.FOCUSED):
-            return node.get_accessible_id() or node.get_name()
-    return None
-
-
 def expected_identifiers():
     identifiers = []
     for i in range(PEOPLE):
@@ -131,17 +76,6 @@ def expected_identifiers():
             identifiers.append(prefix + ".show-source")
         identifiers.append(prefix + ".outcome.start")
     return identifiers + ["vemra.goal.path.see-in-starfold", "vemra.goal.path.outcome.start"]
-
-
-def equal(got, wanted):
-    if got == wanted:
-        return
-    if isinstance(got, list) and isinstance(wanted, list) and len(wanted) > 12:
-        place = next((i for i, (a, b) in enumerate(zip(got, wanted)) if a != b),
-                     min(len(got), len(wanted)))
-        raise AssertionError(f"{len(got)} entries, wanted {len(wanted)}; from {place} on: "
-                             f"{got[place:place + 3]!r}, wanted {wanted[place:place + 3]!r}")
-    raise AssertionError(f"got {got!r}, wanted {wanted!r}")
 
 
 # Each check takes the window as the one before it left it.
@@ -289,21 +223,16 @@ def the_keyboard_alone(window):
     start = window.get("vemra.goal.path.outcome.start")
     assert start.grab_focus()
 
-    def key(symbol):
-        Atspi.generate_keyboard_event(symbol, None, Atspi.KeySynthType.SYM)
-        time.sleep(0.15)
-
-    tab, enter, down = 0xFF09, 0xFF0D, 0xFF54
-    key(enter)
+    key(ENTER)
     wait_for(lambda: window.find("vemra.goal.path.outcome.picker"), "the editor")
-    key(down)
-    key(tab)
+    key(DOWN)
+    key(TAB)
     for letter in "hello":
         key(ord(letter))
-    key(enter)
+    key(ENTER)
     equal(window.get("vemra.goal.path.outcome.note").get_text(0, -1), "hello")
-    key(tab)
-    key(enter)
+    key(TAB)
+    key(ENTER)
     equal(window.heard(), ["record p9 notAFit hello nil"])
     wait_for(lambda: has(window.get("vemra.goal.path.outcome.correct"), Atspi.StateType.FOCUSED),
              "the focus on Correct")
@@ -324,16 +253,7 @@ CHECKS = [
 
 def check(program):
     window = Window(program, PEOPLE)
-    failures = 0
-    for one in CHECKS:
-        try:
-            one(window)
-            print("ok    ", one.__name__.replace("_", " "))
-        except (AssertionError, GLib.Error, AttributeError, TypeError) as error:
-            failures += 1
-            print("FAILED", one.__name__.replace("_", " "), "\n      ", repr(error))
-            if window.process.poll() is not None:
-                break
+    failures = run_checks(CHECKS, window, lambda: window.process.poll() is None)
     status, stderr = window.quit()
     if status != 0 or stderr.strip():
         failures += 1

@@ -1,0 +1,224 @@
+#include "VemraQt/accessibility/IdentifierAnswers.hpp"
+
+#include "VemraQt/accessibility/IdentifierBus.hpp"
+
+#include <algorithm>
+#include <vector>
+
+#include <QCoreApplication>
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusObjectPath>
+#include <QDBusVariant>
+#include <QMap>
+
+namespace vemra::qt {
+
+namespace {
+
+const QString accessiblePath = QStringLiteral("/org/a11y/atspi/accessible");
+const QString accessibleInterface = QStringLiteral("org.a11y.atspi.Accessible");
+const QString collectionInterface = QStringLiteral("org.a11y.atspi.Collection");
+const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+
+// Qt puts the id on the bus itself from this version on.
+constexpr bool qtPublishesIdentifiers = QT_VERSION >= QT_VERSION_CHECK(6, 9, 0);
+
+/// An object of the bus, as AT-SPI names it.
+struct Reference {
+  QString service;
+  QDBusObjectPath path;
+};
+
+QDBusArgument& operator<<(QDBusArgument& argument, const Reference& reference) {
+  argument.beginStructure();
+  argument << reference.service << reference.path;
+  argument.endStructure();
+  return argument;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& argument, Reference& reference) {
+  argument.beginStructure();
+  argument >> reference.service >> reference.path;
+  argument.endStructure();
+  return argument;
+}
+
+/// The element that a bus path speaks of: the last part of the path is its id.
+QAccessible::Id elementAt(const QString& path) {
+  bool isNumber = false;
+  const QAccessible::Id id = path.section(QLatin1Char('/'), -1).toUInt(&isNumber);
+  return isNumber ? id : 0;
+}
+
+QString identifierOf(QAccessible::Id element) {
+  for (const IdentifierSource* source : identifierSources()) {
+    const QString identifier = source->identifier(element);
+    if (!identifier.isNull()) return identifier;
+  }
+  return QString();
+}
+
+/// Whether an element lies below another one; walks upward, which is short.
+bool isWithin(QAccessible::Id element, QAccessible::Id ancestor) {
+  const QAccessibleInterface* place = QAccessible::accessibleInterface(element);
+  for (; place; place = place->parent()) {
+    if (QAccessible::uniqueId(const_cast<QAccessibleInterface*>(place)) == ancestor) return true;
+  }
+  return false;
+}
+
+/// The identifier that a match rule asks for, null when the rule asks anything else.
+///
+/// The rule is read through a const argument: the other overloads would write to it.
+QString identifierSought(const QVariant& rule) {
+  const QDBusArgument argument = rule.value<QDBusArgument>();
+  if (argument.currentType() != QDBusArgument::StructureType) return QString();
+  QList<int> states, roles;
+  int statesMatch = 0, attributesMatch = 0, rolesMatch = 0, interfacesMatch = 0;
+  QMap<QString, QString> attributes;
+  QStringList interfaces;
+  bool isInverted = false;
+  argument.beginStructure();
+  argument >> states >> statesMatch >> attributes >> attributesMatch >> roles >> rolesMatch >>
+      interfaces >> interfacesMatch >> isInverted;
+  argument.endStructure();
+  const bool asksStates =
+      std::any_of(states.begin(), states.end(), [](int bits) { return bits != 0; });
+  const bool asksRoles =
+      std::any_of(roles.begin(), roles.end(), [](int bits) { return bits != 0; });
+  if (isInverted || asksStates || asksRoles || !interfaces.isEmpty() || attributes.size() != 1) {
+    return QString();
+  }
+  return attributes.value(QStringLiteral("id"));
+}
+
+/// An element of no tree of ours has no identifier: the empty one.
+bool answerIdentifier(const QDBusMessage& message, const QDBusConnection& connection,
+                      QAccessible::Id element) {
+  const QList<QVariant> arguments = message.arguments();
+  if (qtPublishesIdentifiers || arguments.size() != 2 ||
+      arguments[0].toString() != accessibleInterface ||
+      arguments[1].toString() != QLatin1String("AccessibleId")) {
+    return false;
+  }
+  const QString identifier = element ? identifierOf(element) : QString();
+  const QVariant text = identifier.isNull() ? QStringLiteral("") : identifier;
+  return connection.send(message.createReply(QVariant::fromValue(QDBusVariant(text))));
+}
+
+bool answerAttributes(const QDBusMessage& message, const QDBusConnection& connection) {
+  const QString identifier = identifierOf(elementAt(message.path()));
+  if (identifier.isEmpty()) return false;
+  const QMap<QString, QString> attributes{{QStringLiteral("id"), identifier}};
+  return connection.send(message.createReply(QVariant::fromValue(attributes)));
+}
+
+/// What Qt answers, and the collection: a client may search below any element, also below the
+/// window or the application that hold a page.
+bool answerInterfaces(const QDBusMessage& message, const QDBusConnection& connection,
+                      QAccessible::Id element) {
+  QAccessibleInterface* interface = element ? QAccessible::accessibleInterface(element)
+                                            : QAccessible::queryAccessibleInterface(qApp);
+  if (!interface || !interface->isValid()) return false;
+  QStringList names{accessibleInterface, collectionInterface};
+  const auto add = [&names](bool offered, const char* name) {
+    if (offered) names << QLatin1String("org.a11y.atspi.") + QLatin1String(name);
+  };
+  add(element != 0, "Component");
+  add(element == 0, "Application");
+  add(interface->actionInterface(), "Action");
+  add(interface->textInterface(), "Text");
+  add(interface->editableTextInterface(), "EditableText");
+  add(interface->valueInterface(), "Value");
+  add(interface->tableInterface(), "Table");
+  return connection.send(message.createReply(QVariant::fromValue(names)));
+}
+
+/// Qt takes what is outside the viewport for invisible as well, and knows no single line.
+bool answerState(const QDBusMessage& message, const QDBusConnection& connection) {
+  const QAccessible::Id element = elementAt(message.path());
+  QAccessibleInterface* interface = QAccessible::accessibleInterface(element);
+  if (!interface || identifierOf(element).isNull()) return false;
+  const QAccessible::State state = interface->state();
+  // The places of the bits are those of AtspiStateType.
+  const std::pair<bool, int> bits[] = {
+      {state.active, 1},      {state.collapsed, 5},
+      {state.editable, 7},    {!state.disabled, 8},
+      {state.expandable, 9},  {state.expanded, 10},
+      {state.focusable, 11},  {state.focused, 12},
+      {state.selectable, 22}, {state.selected, 23},
+      {!state.disabled, 24},  {!state.invisible && !state.offscreen, 25},
+      {state.editable, 26},   {interface->role() == QAccessible::ListItem, 28},
+      {!state.invisible, 30}, {state.selectableText, 38},
+      {state.hasPopup, 42},
+  };
+  quint64 set = 0;
+  for (const auto& [isSet, bit] : bits) {
+    if (isSet) set |= quint64{1} << bit;
+  }
+  const QList<uint> words{static_cast<uint>(set), static_cast<uint>(set >> 32)};
+  return connection.send(message.createReply(QVariant::fromValue(words)));
+}
+
+bool answerMatches(const QDBusMessage& message, const QDBusConnection& connection,
+                   QAccessible::Id within) {
+  const QList<QVariant> arguments = message.arguments();
+  if (arguments.size() < 3) return false;
+  const QString identifier = identifierSought(arguments[0]);
+  if (identifier.isNull()) return false;
+  const int most = std::max(0, arguments[2].toInt());
+  QList<Reference> found;
+  for (const IdentifierSource* source : identifierSources()) {
+    for (const QAccessible::Id element : source->find(identifier, 0)) {
+      if (within && !isWithin(element, within)) continue;
+      found.push_back({connection.baseService(), QDBusObjectPath(accessiblePath + QLatin1Char('/') +
+                                                                 QString::number(element))});
+      if (most && found.size() == most) break;
+    }
+  }
+  return connection.send(message.createReply(QVariant::fromValue(found)));
+}
+
+/// No element stands for the application.
+bool answer(const QDBusMessage& message, const QDBusConnection& connection,
+            QAccessible::Id element) {
+  const QString member = message.member();
+  if (message.interface() == propertiesInterface) {
+    return member == QLatin1String("Get") && answerIdentifier(message, connection, element);
+  }
+  if (message.interface() == collectionInterface) {
+    return member == QLatin1String("GetMatches") && answerMatches(message, connection, element);
+  }
+  if (message.interface() != accessibleInterface) return false;
+  if (member == QLatin1String("GetInterfaces")) {
+    return answerInterfaces(message, connection, element);
+  }
+  if (!element) return false;
+  if (member == QLatin1String("GetAttributes")) return answerAttributes(message, connection);
+  if (member == QLatin1String("GetState")) return answerState(message, connection);
+  return false;
+}
+
+}  // namespace
+
+QString IdentifierAnswers::introspect(const QString& path) const {
+  return original_ ? original_->introspect(path) : QString();
+}
+
+bool IdentifierAnswers::handleMessage(const QDBusMessage& message,
+                                      const QDBusConnection& connection) {
+  if (answer(message, connection, elementAt(message.path()))) return true;
+  return original_ && original_->handleMessage(message, connection);
+}
+
+void IdentifierAnswers::registerTypes() {
+  qDBusRegisterMetaType<Reference>();
+  qDBusRegisterMetaType<QList<Reference>>();
+  qDBusRegisterMetaType<QMap<QString, QString>>();
+  qDBusRegisterMetaType<QList<uint>>();
+}
+
+}  // namespace vemra::qt

@@ -1,0 +1,97 @@
+"""Looking at a window on the accessibility bus."""
+
+import time
+import warnings
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+warnings.simplefilter("ignore", DeprecationWarning)
+from gi.repository import Atspi  # noqa: E402
+
+
+def application(name):
+    """The program of that name, once it shows something; None before."""
+    desktop = Atspi.get_desktop(0)
+    desktop.clear_cache()
+    for i in range(desktop.get_child_count()):
+        child = desktop.get_child_at_index(i)
+        if child and child.get_name() == name:
+            return child if child.get_child_count() else None
+    return None
+
+
+def find(root, identifier):
+    """The first element below with that identifier, without a walk; None when there is none."""
+    rule = Atspi.MatchRule.new(
+        Atspi.StateSet.new([]), Atspi.CollectionMatchType.ALL,
+        {"id": identifier}, Atspi.CollectionMatchType.ALL,
+        [], Atspi.CollectionMatchType.ALL,
+        [], Atspi.CollectionMatchType.ALL, False)
+    found = root.get_matches(rule, Atspi.CollectionSortOrder.CANONICAL, 0, True)
+    return found[0] if found else None
+
+
+def wait_for(ask, what, seconds=5):
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        answer = ask()
+        if answer:
+            return answer
+        time.sleep(0.01)
+    raise AssertionError(f"waited in vain for {what}")
+
+
+def walk(node):
+    """Every element below, in tree order."""
+    for i in range(node.get_child_count()):
+        child = node.get_child_at_index(i)
+        yield child
+        yield from walk(child)
+
+
+def actions(node):
+    return [node.get_action_name(i) for i in range(node.get_n_actions())]
+
+
+def act(node, name):
+    assert node.do_action(actions(node).index(name)), f"{node.get_name()} does not {name}"
+
+
+def has(node, state):
+    return node.get_state_set().contains(state)
+
+
+def equal(got, wanted):
+    if got == wanted:
+        return
+    if isinstance(got, list) and isinstance(wanted, list) and len(wanted) > 12:
+        place = next((i for i, (a, b) in enumerate(zip(got, wanted)) if a != b),
+                     min(len(got), len(wanted)))
+        raise AssertionError(f"{len(got)} entries, wanted {len(wanted)}; from {place} on: "
+                             f"{got[place:place + 3]!r}, wanted {wanted[place:place + 3]!r}")
+    raise AssertionError(f"got {got!r}, wanted {wanted!r}")
+
+
+def key(symbol):
+    """A key of the keyboard, pressed and let go."""
+    Atspi.generate_keyboard_event(symbol, None, Atspi.KeySynthType.SYM)
+    time.sleep(0.15)
+
+
+TAB, ENTER, DOWN = 0xFF09, 0xFF0D, 0xFF54
+
+
+def run_checks(checks, window, still_runs):
+    """How many checks fail; each takes the window as the one before it left it."""
+    failures = 0
+    for one in checks:
+        try:
+            one(window)
+            print("ok    ", one.__name__.replace("_", " "))
+        except Exception as error:  # whatever a client library throws is a failure of the check
+            failures += 1
+            print("FAILED", one.__name__.replace("_", " "), "\n      ", repr(error))
+            if not still_runs():
+                break
+    return failures

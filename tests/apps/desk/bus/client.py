@@ -1,0 +1,194 @@
+"""vemra-desk as a client in another process drives it: client.py PROGRAM BUS_FOLDER.
+
+Imports a goal with 200 people, opens the window on it, records and corrects outcomes over the
+accessibility bus, and looks into the store for what came of it.
+"""
+
+import json
+import os
+import sqlite3
+import subprocess
+import sys
+import tempfile
+
+sys.path.insert(0, sys.argv[2])
+from accessible import (  # noqa: E402
+    DOWN, ENTER, TAB, Atspi, act, application, equal, find, has, key, run_checks, wait_for, walk)
+
+PEOPLE = 200
+SHOWING, FOCUSED = Atspi.StateType.SHOWING, Atspi.StateType.FOCUSED
+
+
+def reference(index):
+    # References are anybody's: blanks, dots, umlauts and other scripts come through as they are.
+    return ["p {}", "p.{}.outcome", "pä{}", "人{}"][index % 4].format(index)
+
+
+def document():
+    people = [
+        {
+            "personRef": reference(i),
+            "displayName": f"Person <b>{i}</b> & more",
+            "why": {"kind": "nameMatch"},
+            **({"evidenceIDs": [f"ev{i}"]} if i % 3 == 0 else {}),
+        }
+        for i in range(PEOPLE)
+    ]
+    return {
+        "goal": {"id": "g1", "title": "Find a design lead", "targetPersonRef": reference(9)},
+        "people": people,
+        "paths": [{"personRefs": [reference(1), reference(9)],
+                   "why": {"kind": "connection", "hopCount": 2}}],
+        "group": [],
+        "coverage": {"sources": ["Mail"], "evidenceCount": 12},
+        "outcomes": [{"id": "o0", "subjectKind": "person", "subjectRef": reference(4),
+                      "value": "helped", "note": "long ago"}],
+    }
+
+
+def expected_identifiers():
+    identifiers = []
+    for i in range(PEOPLE):
+        prefix = "vemra.goal.person." + reference(i)
+        if i % 3 == 0:
+            identifiers.append(prefix + ".show-source")
+        identifiers.append(prefix + (".outcome.correct" if i == 4 else ".outcome.start"))
+    return identifiers + ["vemra.goal.path.see-in-starfold", "vemra.goal.path.outcome.start"]
+
+
+class Desk:
+    """The program with a store of its own."""
+
+    def __init__(self, program, folder):
+        self.program = program
+        self.store = os.path.join(folder, "goals.sqlite")
+        file = os.path.join(folder, "result.json")
+        with open(file, "w", encoding="utf-8") as out:
+            json.dump(document(), out, ensure_ascii=False)
+        subprocess.run([program, "import", "--store", self.store, file], check=True)
+        self.process = subprocess.Popen(
+            [program, "--store", self.store, "--goal", "g1"],
+            stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+        self.root = wait_for(lambda: application("vemra-desk"), "the program on the bus", 20)
+
+    def find(self, identifier):
+        return find(self.root, identifier)
+
+    def get(self, identifier):
+        found = wait_for(lambda: self.find(identifier), identifier)
+        found.clear_cache()
+        return found
+
+    def outcomes(self):
+        """What the store holds of the goal, by the program that the window knows nothing of."""
+        told = subprocess.run([self.program, "outcomes", "--store", self.store, "--goal", "g1"],
+                              check=True, capture_output=True, text=True).stdout
+        return json.loads(told)
+
+    def newest(self, count):
+        """The outcomes once there are so many: what is recorded is stored off the main thread."""
+        wait_for(lambda: len(self.outcomes()) >= count, f"{count} outcomes in the store")
+        outcomes = self.outcomes()
+        equal(len(outcomes), count)
+        return outcomes[-1]
+
+    def quit(self):
+        self.process.terminate()
+        return self.process.communicate(timeout=20)[1]
+
+
+def every_identifier_is_there_and_no_other(desk):
+    wait_for(lambda: desk.find("vemra.goal.path.outcome.start"), "the goal on the screen", 20)
+    found = [node.get_accessible_id() for node in walk(desk.root)]
+    equal([i for i in found if i.startswith("vemra.goal.")], expected_identifiers())
+
+
+def names_are_shown_as_they_are(desk):
+    row = desk.get(f"vemra.goal.person.{reference(150)}.outcome.start").get_parent()
+    equal(row.get_role_name(), "panel")
+    equal(row.get_name(), "Person <b>150</b> & more")
+    equal(row.get_child_at_index(0).get_name(), "Person <b>150</b> & more")
+
+
+def record(desk, index, note, count):
+    prefix = f"vemra.goal.person.{reference(index)}.outcome"
+    act(desk.get(prefix + ".start"), "Press")
+    picker = desk.get(prefix + ".picker")
+    act(picker.get_child_at_index(5), "Press")
+    assert desk.get(prefix + ".note").set_text_contents(note)
+    act(desk.get(prefix + ".save"), "Press")
+    stored = desk.newest(count)
+    equal({k: stored[k] for k in ("subjectKind", "subjectRef", "value", "note")},
+          {"subjectKind": "person", "subjectRef": reference(index), "value": "notAFit",
+           "note": note.strip()})
+    equal(stored.get("correctsOutcomeID"), None)
+    return stored
+
+
+def correct(desk, index, earlier, count):
+    prefix = f"vemra.goal.person.{reference(index)}.outcome"
+    act(desk.get(prefix + ".correct"), "Press")
+    equal(desk.get(prefix + ".note").get_text(0, -1), earlier["note"])
+    equal(desk.get(prefix + ".picker").get_text(0, -1), "Not a fit")
+    act(desk.get(prefix + ".picker").get_child_at_index(3), "Press")
+    act(desk.get(prefix + ".save"), "Press")
+    stored = desk.newest(count)
+    equal((stored["value"], stored["note"], stored["correctsOutcomeID"]),
+          ("helped", earlier["note"], earlier["id"]))
+    equal(desk.get(prefix + ".corrected-marker").get_name(), "\u00b7 corrected")
+
+
+def a_recording_and_its_correction_reach_the_store(desk):
+    correct(desk, 1, record(desk, 1, "  bei der Messe getroffen ", 2), 3)
+
+
+def so_they_do_outside_the_viewport(desk):
+    assert not has(desk.get(f"vemra.goal.person.{reference(170)}.outcome.start"), SHOWING)
+    correct(desk, 170, record(desk, 170, "far away", 4), 5)
+
+
+def and_by_the_keyboard_alone(desk):
+    assert desk.get(f"vemra.goal.person.{reference(2)}.outcome.start").grab_focus()
+    prefix = f"vemra.goal.person.{reference(2)}.outcome"
+    key(ENTER)
+    wait_for(lambda: desk.find(prefix + ".picker"), "the editor")
+    key(DOWN)
+    key(TAB)
+    for letter in "hello":
+        key(ord(letter))
+    key(ENTER)  # does nothing in a note
+    equal(desk.get(prefix + ".note").get_text(0, -1), "hello")
+    key(TAB)
+    key(ENTER)
+    stored = desk.newest(6)
+    equal((stored["subjectRef"], stored["value"], stored["note"]),
+          (reference(2), "notAFit", "hello"))
+    wait_for(lambda: has(desk.get(prefix + ".correct"), FOCUSED), "the focus on Correct")
+
+
+def the_store_is_whole(desk):
+    with sqlite3.connect(f"file:{desk.store}?mode=ro", uri=True) as store:
+        equal(store.execute("PRAGMA integrity_check").fetchone()[0], "ok")
+        equal(store.execute("PRAGMA foreign_key_check").fetchall(), [])
+    equal(desk.outcomes()[0]["id"], "o0")
+    equal(len({outcome["id"] for outcome in desk.outcomes()}), 6)
+
+
+CHECKS = [
+    every_identifier_is_there_and_no_other,
+    names_are_shown_as_they_are,
+    a_recording_and_its_correction_reach_the_store,
+    so_they_do_outside_the_viewport,
+    and_by_the_keyboard_alone,
+    the_store_is_whole,
+]
+
+Atspi.init()
+with tempfile.TemporaryDirectory() as temporary:
+    window = Desk(sys.argv[1], temporary)
+    failed = run_checks(CHECKS, window, lambda: window.process.poll() is None)
+    written = window.quit()
+    if written.strip():
+        failed += 1
+        print("FAILED the program wrote:", written)
+sys.exit(1 if failed else 0)
