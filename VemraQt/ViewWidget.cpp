@@ -4,6 +4,8 @@
 #include "VemraQt/SystemEnvironment.hpp"
 #include "VemraQt/accessibility/AccessiblePage.hpp"
 
+#include <utility>
+
 #include <QApplication>
 #include <QEvent>
 #include <QFocusEvent>
@@ -94,7 +96,10 @@ void ViewWidget::applyLooks() {
 }
 
 bool ViewWidget::event(QEvent* event) {
+  const bool isInside = std::exchange(inEvent_, true);
   const bool handled = QAbstractScrollArea::event(event);
+  inEvent_ = isInside;
+  if (!inEvent_ && std::exchange(resized_, false)) page_->resized();
   switch (event->type()) {
     case QEvent::ApplicationPaletteChange:
     case QEvent::PaletteChange:
@@ -113,7 +118,10 @@ bool ViewWidget::event(QEvent* event) {
 
 void ViewWidget::resizeEvent(QResizeEvent* event) {
   QAbstractScrollArea::resizeEvent(event);
-  page_->resized();
+  // The scroll area is laying itself out: if the page took its scroll bar away now, the scroll area
+  // would bring it back right after.
+  resized_ = inEvent_;
+  if (!inEvent_) page_->resized();
 }
 
 void ViewWidget::showEvent(QShowEvent* event) {

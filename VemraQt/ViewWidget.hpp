@@ -66,6 +66,7 @@ class ViewWidget : public QAbstractScrollArea {
   bool followsSystem_ = true;
   bool applyingLooks_ = false;
   bool leaving_ = false;
+  bool inEvent_ = false, resized_ = false;
 };
 
 }  // namespace vemra::qt

@@ -13,6 +13,9 @@ if(VEMRA_SANITIZE)
   target_compile_options(vemra_flags INTERFACE -fsanitize=${VEMRA_SANITIZE} -fno-omit-frame-pointer
                                                -fno-sanitize-recover=all)
   target_link_options(vemra_flags INTERFACE -fsanitize=${VEMRA_SANITIZE})
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(vemra_flags INTERFACE -Wno-maybe-uninitialized)
+  endif()
 endif()
 
 # Tests are compiled more often than they run. What they test is optimised as ever.

@@ -246,3 +246,15 @@ TEST(Windowing, ManyOpenEditorsDoNotBecomeManyWidgets) {
   bar(host).setValue(0);
   EXPECT_NE(host.find("vemra.goal.person.p0.outcome.note"), nullptr);
 }
+
+TEST(Windowing, TheScrollBarIsThereWhileThereIsSomethingToScroll) {
+  WindowHost host(resultWith(6), QSize(720, 300));
+  EXPECT_TRUE(host.widget.verticalScrollBar()->isVisible());
+  host.widget.resize(720, 2000);  // every row is measured
+  EXPECT_FALSE(host.widget.verticalScrollBar()->isVisible());
+  host.widget.resize(720, host.widget.contentHeight());
+  EXPECT_FALSE(host.widget.verticalScrollBar()->isVisible());
+  EXPECT_EQ(host.widget.viewport()->width(), 720);
+  host.widget.resize(720, host.widget.contentHeight() - 1);
+  EXPECT_TRUE(host.widget.verticalScrollBar()->isVisible());
+}
