@@ -1,6 +1,8 @@
 #include "VemraQt/accessibility/IdentifierAnswers.hpp"
 
+#include "VemraQt/accessibility/BusReference.hpp"
 #include "VemraQt/accessibility/IdentifierBus.hpp"
+#include "VemraQt/accessibility/SelectionAnswers.hpp"
 
 #include <algorithm>
 #include <vector>
@@ -18,33 +20,13 @@ namespace vemra::qt {
 
 namespace {
 
-const QString accessiblePath = QStringLiteral("/org/a11y/atspi/accessible");
 const QString accessibleInterface = QStringLiteral("org.a11y.atspi.Accessible");
 const QString collectionInterface = QStringLiteral("org.a11y.atspi.Collection");
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
-// Qt puts the id on the bus itself from this version on.
+// Qt puts these on the bus itself from these versions on.
+constexpr bool qtPublishesSelections = QT_VERSION >= QT_VERSION_CHECK(6, 5, 0);
 constexpr bool qtPublishesIdentifiers = QT_VERSION >= QT_VERSION_CHECK(6, 9, 0);
-
-/// An object of the bus, as AT-SPI names it.
-struct Reference {
-  QString service;
-  QDBusObjectPath path;
-};
-
-QDBusArgument& operator<<(QDBusArgument& argument, const Reference& reference) {
-  argument.beginStructure();
-  argument << reference.service << reference.path;
-  argument.endStructure();
-  return argument;
-}
-
-const QDBusArgument& operator>>(const QDBusArgument& argument, Reference& reference) {
-  argument.beginStructure();
-  argument >> reference.service >> reference.path;
-  argument.endStructure();
-  return argument;
-}
 
 /// The element that a bus path speaks of: the last part of the path is its id.
 QAccessible::Id elementAt(const QString& path) {
@@ -96,12 +78,16 @@ QString identifierSought(const QVariant& rule) {
 }
 
 /// An element of no tree of ours has no identifier: the empty one.
-bool answerIdentifier(const QDBusMessage& message, const QDBusConnection& connection,
-                      QAccessible::Id element) {
+bool answerProperty(const QDBusMessage& message, const QDBusConnection& connection,
+                    QAccessible::Id element) {
   const QList<QVariant> arguments = message.arguments();
-  if (qtPublishesIdentifiers || arguments.size() != 2 ||
-      arguments[0].toString() != accessibleInterface ||
-      arguments[1].toString() != QLatin1String("AccessibleId")) {
+  if (arguments.size() != 2) return false;
+  const QString interface = arguments[0].toString(), name = arguments[1].toString();
+  if (interface == QLatin1String(selectionInterface)) {
+    return !qtPublishesSelections && answerSelectionProperty(name, message, connection, element);
+  }
+  if (qtPublishesIdentifiers || interface != accessibleInterface ||
+      name != QLatin1String("AccessibleId")) {
     return false;
   }
   const QString identifier = element ? identifierOf(element) : QString();
@@ -134,6 +120,7 @@ bool answerInterfaces(const QDBusMessage& message, const QDBusConnection& connec
   add(interface->editableTextInterface(), "EditableText");
   add(interface->valueInterface(), "Value");
   add(interface->tableInterface(), "Table");
+  add(!qtPublishesSelections && offersSelection(element), "Selection");
   return connection.send(message.createReply(QVariant::fromValue(names)));
 }
 
@@ -170,12 +157,11 @@ bool answerMatches(const QDBusMessage& message, const QDBusConnection& connectio
   const QString identifier = identifierSought(arguments[0]);
   if (identifier.isNull()) return false;
   const int most = std::max(0, arguments[2].toInt());
-  QList<Reference> found;
+  QList<BusReference> found;
   for (const IdentifierSource* source : identifierSources()) {
     for (const QAccessible::Id element : source->find(identifier, 0)) {
       if (within && !isWithin(element, within)) continue;
-      found.push_back({connection.baseService(), QDBusObjectPath(accessiblePath + QLatin1Char('/') +
-                                                                 QString::number(element))});
+      found.push_back(busReference(connection, element));
       if (most && found.size() == most) break;
     }
   }
@@ -187,7 +173,10 @@ bool answer(const QDBusMessage& message, const QDBusConnection& connection,
             QAccessible::Id element) {
   const QString member = message.member();
   if (message.interface() == propertiesInterface) {
-    return member == QLatin1String("Get") && answerIdentifier(message, connection, element);
+    return member == QLatin1String("Get") && answerProperty(message, connection, element);
+  }
+  if (message.interface() == QLatin1String(selectionInterface)) {
+    return !qtPublishesSelections && answerSelection(message, connection, element);
   }
   if (message.interface() == collectionInterface) {
     return member == QLatin1String("GetMatches") && answerMatches(message, connection, element);
@@ -215,8 +204,8 @@ bool IdentifierAnswers::handleMessage(const QDBusMessage& message,
 }
 
 void IdentifierAnswers::registerTypes() {
-  qDBusRegisterMetaType<Reference>();
-  qDBusRegisterMetaType<QList<Reference>>();
+  qDBusRegisterMetaType<BusReference>();
+  qDBusRegisterMetaType<QList<BusReference>>();
   qDBusRegisterMetaType<QMap<QString, QString>>();
   qDBusRegisterMetaType<QList<uint>>();
 }

@@ -1,5 +1,6 @@
 #include "VemraQt/accessibility/IdentifierBus.hpp"
 
+#include "VemraQt/accessibility/BusReference.hpp"
 #include "VemraQt/accessibility/IdentifierAnswers.hpp"
 
 #include <memory>
@@ -19,8 +20,6 @@ std::vector<const IdentifierSource*>& identifierSources() {
 }
 
 namespace {
-
-const QString accessiblePath = QStringLiteral("/org/a11y/atspi/accessible");
 
 /// Tries to get in front of Qt's object until it is there.
 class Installer final : public QObject, public QAccessible::ActivationObserver {

@@ -134,6 +134,13 @@ def recording_and_correcting(window, ref="p1"):
     equal([c.get_name() for c in choices],
           ["Reached out", "Invited", "Introduced", "Helped", "Was useful", "Not a fit",
            "No action taken", "Something else"])
+    equal(picker.get_n_selected_children(), 1)
+    equal(picker.get_selected_child(0).get_name(), "Was useful")
+    assert picker.is_child_selected(4) and not picker.is_child_selected(5)
+    assert picker.select_child(2)
+    equal(picker.get_text(0, -1), "Introduced")
+    equal(picker.get_selected_child(0).get_name(), "Introduced")
+    assert not picker.clear_selection(), "something is always chosen"
     act(choices[7], "Press")
     equal(picker.get_text(0, -1), "Something else")
     save = window.get(prefix + ".save")
