@@ -6,29 +6,27 @@ namespace vemra::ui {
 
 namespace {
 
-void collectRows(Node& forEach, const std::vector<Node*>& rows, std::vector<SleepingRow>& asleep) {
-  for (Node* row : rows) {
-    if (hasState(*row)) asleep.push_back(putToSleep(*forEach.rows->source, *row));
-  }
-}
-
-void collectState(Node& node, IdentityPath& path, SavedState& saved) {
+std::uint64_t collectState(Node& node, IdentityPath& path, SavedState& saved) {
   if (node.state && !node.state->isInitial()) {
     node.state->sleep();
     saved.cells.emplace_back(path, std::exchange(node.state, nullptr));
   }
   if (node.rows) {
-    std::vector<SleepingRow> asleep = std::exchange(node.rows->asleep, {});
-    collectRows(node, node.children, asleep);
-    collectRows(node, node.rows->lookedAt, asleep);
-    if (!asleep.empty()) saved.lists.emplace_back(path, std::move(asleep));
-    return;
+    std::vector<Node*> rows = node.children;
+    rows.insert(rows.end(), node.rows->lookedAt.begin(), node.rows->lookedAt.end());
+    const std::uint64_t idPasses = putToSleep(*node.rows, std::move(rows));
+    if (!node.rows->asleep.empty()) {
+      saved.lists.emplace_back(path, std::exchange(node.rows->asleep, {}));
+    }
+    return idPasses;
   }
+  std::uint64_t idPasses = 0;
   for (Node* child : node.children) {
     path.push_back(child->identity);
-    collectState(*child, path, saved);
+    idPasses += collectState(*child, path, saved);
     path.pop_back();
   }
+  return idPasses;
 }
 
 }  // namespace
@@ -59,12 +57,22 @@ bool hasState(const Node& node) {
   return std::ranges::any_of(node.children, has);
 }
 
-SleepingRow putToSleep(const RowSource& rows, Node& row) {
-  const RowIdentity identity = rowIdentities(rows, {row.rowIndex}).front();
-  SleepingRow sleeping{row.rowID, identity.occurrence, row.identity, {}};
-  IdentityPath path;
-  collectState(row, path, sleeping.state);
-  return sleeping;
+std::uint64_t putToSleep(Rows& list, std::vector<Node*> rows) {
+  std::erase_if(rows, [](const Node* row) { return !hasState(*row); });
+  if (rows.empty()) return 0;
+  std::ranges::sort(rows, {}, &Node::rowIndex);
+  std::vector<std::size_t> indexes;
+  indexes.reserve(rows.size());
+  for (const Node* row : rows) indexes.push_back(row->rowIndex);
+  const std::vector<RowIdentity> identities = rowIdentities(*list.source, indexes);
+  std::uint64_t idPasses = 1;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    SleepingRow sleeping{rows[i]->identity, {}};
+    IdentityPath path;
+    idPasses += collectState(*rows[i], path, sleeping.state);
+    list.asleep[rows[i]->rowID].insert_or_assign(identities[i].occurrence, std::move(sleeping));
+  }
+  return idPasses;
 }
 
 }  // namespace vemra::ui

@@ -55,7 +55,7 @@ struct WorkCount {
 /// everything has settled. After one of
 /// - an action or a binding's `set`: what it had written until then stays written;
 /// - a body or a row's closure: the composite, or the row, goes on showing what it showed before
-///   (a new one nothing), and is described again like any other;
+///   (a new one nothing; a row that was to wake sleeps on), and is described again like any other;
 /// - anything else that a description calls (a binding's `get`, a strings table, a row's id): the
 ///   whole tree is gone, its state with it, and the renderer is told; the next root starts afresh.
 ///
@@ -124,6 +124,7 @@ class ViewGraph final : private StateCell::Owner {
   Delivery act(NodeID node, const Event& event);
   Delivery actCatching(NodeID node, const Event& event);
   void settle();
+  using WakingRows = std::unordered_map<NodeID, SavedState>;
   bool somethingWaits() const;
   void runPass();
   void takeUp();
@@ -166,13 +167,13 @@ class ViewGraph final : private StateCell::Owner {
   void placeRows(Node& forEach, std::vector<RowPlace> places, bool emitting);
   void applyRowRequest(const RowRequest& request);
   std::optional<View> describeRow(const Node& forEach, std::size_t index);
-  Node& allocateRow(Node& forEach, std::size_t index, const View& view);
+  Node& allocateRow(Node& forEach, std::size_t index, const std::optional<View>& view);
 
   // Rows that sleep and wake (ViewGraphSleep.cpp)
   NodeID lookAt(Node& forEach, std::size_t index);
-  void mountRow(Node& forEach, Node& row, NodeID after, bool emitting);
-  void sleepRow(Node& forEach, Node& row);
-  SavedState wake(Node& forEach, const Node& row);
+  void mountRow(Node& row, WakingRows& waking, NodeID after, bool emitting);
+  WakingRows wakeRows(Node& forEach, std::vector<Node*> rows);
+  void sleepRows(Node& forEach, const std::vector<Node*>& rows);
   void restoreState(Node& node);
   void forgetLookedAtRows(Node& forEach);
 

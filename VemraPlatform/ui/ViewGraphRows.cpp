@@ -49,12 +49,15 @@ void ViewGraph::resolveRows(Node& forEach, bool emitting) {
     for (const Node* row : forEach.children) indexes.push_back(row->rowIndex);
     std::vector<RowIdentity> identities;
     if (before) identities = rowIdentities(*before, indexes);
-    for (const SleepingRow& row : rows.asleep) identities.push_back({row.key, row.occurrence});
+    for (const auto& [key, occurrences] : rows.asleep) {
+      for (const auto& [occurrence, row] : occurrences) identities.push_back({key, occurrence});
+    }
     places = locateRows(after, identities);
-    std::vector<SleepingRow> asleep;
-    for (std::size_t i = 0; i < rows.asleep.size(); ++i) {
-      if (places[indexes.size() + i] != absentRow) {
-        asleep.push_back(std::move(rows.asleep[i]));
+    auto place = places.begin() + static_cast<std::ptrdiff_t>(indexes.size());
+    SleepingRows asleep;
+    for (auto& [key, occurrences] : rows.asleep) {
+      for (auto& [occurrence, row] : occurrences) {
+        if (*place++ != absentRow) asleep[key].emplace(occurrence, std::move(row));
       }
     }
     rows.asleep = std::move(asleep);  // the others are gone for good
@@ -69,8 +72,9 @@ void ViewGraph::resolveRows(Node& forEach, bool emitting) {
     View view;
     bool same = false;
     if (places[i] != absentRow) {
-      view = describeRow(forEach, places[i]).value_or(row->element.view());
-      same = sameKind(identityOf(view, 0), row->identity);
+      const std::optional<View> described = describeRow(forEach, places[i]);
+      view = described ? *described : row->element.view();
+      same = !described || sameKind(identityOf(view, 0), row->identity);
       indexesChanged = indexesChanged || places[i] != row->rowIndex;
       kept.push_back({places[i], same ? row : nullptr, std::move(view)});
     }
@@ -109,6 +113,8 @@ void ViewGraph::placeRows(Node& forEach, std::vector<RowPlace> places, bool emit
 
   std::vector<NodeID> after;
   std::vector<Node*> children;
+  std::vector<Node*> mounted;
+  std::vector<Node*> leaving;
   std::unordered_map<NodeID, Arrival> arrivals;
   for (RowPlace& place : places) {
     Arrival arrival = Arrival::stays;
@@ -120,11 +126,11 @@ void ViewGraph::placeRows(Node& forEach, std::vector<RowPlace> places, bool emit
         rows.lookedAt.erase(lookedAt);
         arrival = Arrival::uncovered;
       } else {
-        if (place.view.isAbsent()) {
-          place.view = describeRow(forEach, place.index).value_or(Group({}));
-        }
-        place.node = &allocateRow(forEach, place.index, place.view);
+        place.node = &allocateRow(
+            forEach, place.index,
+            place.view.isAbsent() ? describeRow(forEach, place.index) : std::optional(place.view));
         arrival = Arrival::mounted;
+        mounted.push_back(place.node);
       }
     }
     arrivals.emplace(place.node->id, arrival);
@@ -133,25 +139,27 @@ void ViewGraph::placeRows(Node& forEach, std::vector<RowPlace> places, bool emit
   }
   const std::vector<ListOperation> operations = diff(before, after);
   forEach.children = std::move(children);
+  WakingRows waking = wakeRows(forEach, mounted);
   for (const ListOperation& operation : operations) {
     Node& row = *mutableNode(operation.item);
     switch (operation.kind) {
       case ListOperation::Kind::remove:
         if (emitting) recordPatch(Patch::Kind::remove, row, {});
-        sleepRow(forEach, row);
+        leaving.push_back(&row);
         break;
       case ListOperation::Kind::move:
         if (emitting) recordPatch(Patch::Kind::move, row, operation.after);
         break;
       case ListOperation::Kind::insert:
         if (arrivals.at(row.id) == Arrival::mounted) {
-          mountRow(forEach, row, operation.after, emitting);
+          mountRow(row, waking, operation.after, emitting);
         } else if (emitting) {
           emitInserted(row, operation.after);
         }
         break;
     }
   }
+  sleepRows(forEach, leaving);
 }
 
 void ViewGraph::applyRowRequest(const RowRequest& request) {
@@ -181,8 +189,11 @@ std::optional<View> ViewGraph::describeRow(const Node& forEach, std::size_t inde
   return row;
 }
 
-Node& ViewGraph::allocateRow(Node& forEach, std::size_t index, const View& view) {
-  Node& row = allocate(&forEach, view, identityOf(view, 0));
+/// Makes the node of a row, or, for one that could not be described, an empty stand-in: no view has
+/// its identity, so that the next description takes its place.
+Node& ViewGraph::allocateRow(Node& forEach, std::size_t index, const std::optional<View>& view) {
+  const View shown = view ? *view : Group({});
+  Node& row = allocate(&forEach, shown, view ? identityOf(shown, 0) : Identity{});
   row.isRow = true;
   row.rowIndex = index;
   row.rowID = forEach.rows->source->key(index);

@@ -1,6 +1,5 @@
 // Rows that nobody sees: described for a look, put to sleep, woken with their state.
 
-#include "VemraPlatform/text/Equality.hpp"
 #include "VemraPlatform/ui/Rows.hpp"
 #include "VemraPlatform/ui/ViewGraph.hpp"
 
@@ -13,6 +12,11 @@ namespace {
 
 // Rows that are described for a look only are kept for the next look, up to so many.
 constexpr std::size_t maximumLookedAt = 64;
+
+/// Says whether a row is there only because it could not be described.
+bool isStandIn(const Node& row) {
+  return !row.identity.type;
+}
 
 }  // namespace
 
@@ -56,38 +60,50 @@ NodeID ViewGraph::lookAtRow(NodeID id, std::size_t index) {
 }
 
 NodeID ViewGraph::lookAt(Node& forEach, std::size_t index) {
-  Node& row = allocateRow(forEach, index, describeRow(forEach, index).value_or(Group({})));
+  Node& row = allocateRow(forEach, index, describeRow(forEach, index));
   row.isShown = false;
   std::vector<Node*>& lookedAt = forEach.rows->lookedAt;
   lookedAt.push_back(&row);
-  mountRow(forEach, row, {}, false);
+  WakingRows waking = wakeRows(forEach, {&row});
+  mountRow(row, waking, {}, false);
   if (lookedAt.size() > maximumLookedAt) {
     Node& oldest = *lookedAt.front();
     lookedAt.erase(lookedAt.begin());
-    sleepRow(forEach, oldest);
+    sleepRows(forEach, {&oldest});
   }
   return row.id;
 }
 
-void ViewGraph::mountRow(Node& forEach, Node& row, NodeID after, bool emitting) {
-  Restoring restoring(*this, row, wake(forEach, row));
+/// Mounts a new row, with what it had when it went to sleep.
+void ViewGraph::mountRow(Node& row, WakingRows& waking, NodeID after, bool emitting) {
+  const auto woken = waking.find(row.id);
+  Restoring restoring(*this, row, woken == waking.end() ? SavedState() : std::move(woken->second));
   mount(row, after, emitting);
 }
 
-/// Takes out what a row left behind when it went to sleep; nothing when it did not.
-SavedState ViewGraph::wake(Node& forEach, const Node& row) {
-  std::vector<SleepingRow>& asleep = forEach.rows->asleep;
-  const auto hasKey = [&](const SleepingRow& other) { return text::equal(other.key, row.rowID); };
-  if (std::ranges::none_of(asleep, hasKey)) return {};
+/// Takes out what these rows (ascending) left behind when they went to sleep. A row that cannot be
+/// described leaves it there for the next try.
+ViewGraph::WakingRows ViewGraph::wakeRows(Node& forEach, std::vector<Node*> rows) {
+  SleepingRows& asleep = forEach.rows->asleep;
+  WakingRows waking;
+  std::erase_if(rows,
+                [&](const Node* row) { return isStandIn(*row) || !asleep.contains(row->rowID); });
+  if (rows.empty()) return waking;
   ++work_.idPasses;
-  const auto occurrence = rowIdentities(*forEach.rows->source, {row.rowIndex}).front().occurrence;
-  const auto same = std::ranges::find_if(asleep, [&](const SleepingRow& other) {
-    return other.occurrence == occurrence && hasKey(other);
-  });
-  if (same == asleep.end()) return {};
-  SleepingRow sleeping = std::move(*same);
-  asleep.erase(same);
-  return sameKind(sleeping.content, row.identity) ? std::move(sleeping.state) : SavedState();
+  std::vector<std::size_t> indexes;
+  indexes.reserve(rows.size());
+  for (const Node* row : rows) indexes.push_back(row->rowIndex);
+  const std::vector<RowIdentity> identities = rowIdentities(*forEach.rows->source, indexes);
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    const auto sameID = asleep.find(rows[i]->rowID);
+    if (sameID == asleep.end()) continue;
+    auto taken = sameID->second.extract(identities[i].occurrence);
+    if (sameID->second.empty()) asleep.erase(sameID);
+    if (taken && sameKind(taken.mapped().content, rows[i]->identity)) {
+      waking.emplace(rows[i]->id, std::move(taken.mapped().state));
+    }
+  }
+  return waking;
 }
 
 /// Gives a node of a waking row what stood in its place before.
@@ -113,17 +129,14 @@ void ViewGraph::restoreState(Node& node) {
   }
 }
 
-/// Takes a row's nodes away and keeps what state has left its initial value.
-void ViewGraph::sleepRow(Node& forEach, Node& row) {
-  if (hasState(row)) {
-    ++work_.idPasses;
-    forEach.rows->asleep.push_back(putToSleep(*forEach.rows->source, row));
-  }
-  destroy(row);
+/// Takes the rows' nodes away and keeps what state has left its initial value.
+void ViewGraph::sleepRows(Node& forEach, const std::vector<Node*>& rows) {
+  work_.idPasses += putToSleep(*forEach.rows, rows);
+  for (Node* row : rows) destroy(*row);
 }
 
 void ViewGraph::forgetLookedAtRows(Node& forEach) {
-  for (Node* row : std::exchange(forEach.rows->lookedAt, {})) sleepRow(forEach, *row);
+  sleepRows(forEach, std::exchange(forEach.rows->lookedAt, {}));
 }
 
 }  // namespace vemra::ui

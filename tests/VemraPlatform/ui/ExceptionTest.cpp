@@ -211,6 +211,47 @@ TEST_F(ExceptionTest, SoItDoesInALookAndSleepingStateGoesWithIt) {
   graph.detach();
 }
 
+TEST_F(ExceptionTest, ARowThatThrowsWhileItWakesKeepsItsStateForTheNextTry) {
+  Window window;
+  graph.attach(window);
+  bool fails = false;
+  // One row is of the kind that stands in for a row that cannot be described, one is not.
+  const View screen = list({{"a"}, {"b"}, {"c"}}, [&](const Line& line) -> View {
+    if (fails) throw Fault("row " + line.id);
+    return line.id == "a" ? Group({Counter{"a"}}) : View(Counter{line.id});
+  });
+  graph.setRoot(screen);
+  const NodeID forEach = graph.root()->id;
+  graph.showRows(forEach, {{0, 2}});
+  for (const Node* row : graph.find(forEach)->children) {
+    graph.deliver(buttonTitled(row, "+")->id, Press{});
+  }
+  const auto tryInVain = [&] {
+    graph.showRows(forEach, {});
+    fails = true;
+    EXPECT_THROW(graph.showRows(forEach, {{0, 2}}), Fault);
+    EXPECT_EQ(texts(graph.root()), Texts{});
+    EXPECT_THROW(graph.setRoot(screen), Fault) << "and once more in vain";
+    fails = false;
+  };
+  const Texts both = {"a=1", "b=1"};
+  tryInVain();
+  graph.setRoot(screen);
+  EXPECT_EQ(texts(graph.root()), both) << "with the next description";
+  tryInVain();
+  graph.showRows(forEach, {{2, 3}});
+  graph.showRows(forEach, {{0, 2}});
+  EXPECT_EQ(texts(graph.root()), both) << "with the next request";
+  graph.showRows(forEach, {});
+  fails = true;
+  EXPECT_THROW(graph.lookAtRow(forEach, 0), Fault);
+  fails = false;
+  graph.setRoot(screen);
+  EXPECT_EQ(texts(graph.find(graph.lookAtRow(forEach, 0))), Texts{"a=1"}) << "with the next look";
+  EXPECT_EQ(difference(graph, window.tree), "");
+  graph.detach();
+}
+
 TEST_F(ExceptionTest, AWakingRowThatFailsTakesItsStateWithIt) {
   Window window;
   graph.attach(window);

@@ -137,6 +137,94 @@ TEST(ScaleTest, NorIsAListWhoseEveryRowHasState) {
   EXPECT_LT(many / few, tolerated) << few << " s and " << many << " s";
 }
 
+namespace {
+
+void writeInto(const Node& counter, int count) {
+  static_cast<StateCellOf<Counter::State>&>(*counter.state).set(&Counter::State::count, count);
+}
+
+/// Expects that all rows of a list go to sleep, and wake with their state, in one pass over its ids
+/// each, and that a new list takes one over the old ids and the new.
+void expectOnePassEach(std::vector<Line> lines) {
+  const std::size_t count = lines.size();
+  const View screen =
+      list(std::move(lines), [](const Line& line) { return View(Counter{line.id}); });
+  Window window;
+  ViewGraph graph;
+  graph.attach(window);
+  graph.setRoot(screen);
+  const NodeID forEach = graph.root()->id;
+  graph.showRows(forEach, {{0, count}});
+  for (std::size_t i = 0; i < count; ++i) {
+    writeInto(*graph.root()->children[i], static_cast<int>(i) + 1);
+  }
+  std::uint64_t passes = graph.work().idPasses;
+  const auto passesSince = [&] {
+    return graph.work().idPasses - std::exchange(passes, graph.work().idPasses);
+  };
+  graph.showRows(forEach, {});
+  EXPECT_EQ(passesSince(), 1U) << "all leave";
+  graph.setRoot(screen);
+  EXPECT_EQ(passesSince(), 1U) << "asleep, all follow their ids";
+  graph.showRows(forEach, {{0, count}});
+  EXPECT_EQ(passesSince(), 1U) << "all return";
+  for (std::size_t i = 0; i < count; ++i) {
+    const Node& row = *graph.root()->children[i];
+    ASSERT_EQ(texts(&row).front(), row.rowID + "=" + std::to_string(i + 1));
+  }
+  graph.showRows(forEach, {{0, count / 2}});
+  EXPECT_EQ(passesSince(), 1U) << "half of them leave";
+  graph.showRows(forEach, {{count / 2, count}});
+  EXPECT_EQ(passesSince(), 2U) << "some leave, others return";
+}
+
+}  // namespace
+
+TEST(ScaleTest, ManyRowsWithStateLeaveAndReturnInOnePassOverTheIds) {
+  expectOnePassEach(numbered(2'000));
+  expectOnePassEach(allTheSame(numbered(2'000)));
+}
+
+TEST(ScaleTest, ManyLooksAtRowsWithStateEndInOnePass) {
+  const View screen = list(numbered(100), [](const Line& line) { return View(Counter{line.id}); });
+  ViewGraph graph;
+  graph.setRoot(screen);
+  for (std::size_t index = 0; index < 50; ++index) {
+    const NodeID row = graph.lookAtRow(graph.root()->id, index);
+    writeInto(*graph.find(row), 1);
+  }
+  const auto before = graph.work();
+  graph.setRoot(screen);
+  EXPECT_EQ(graph.work().idPasses, before.idPasses + 2) << "one to sleep, one to follow the ids";
+  EXPECT_EQ(texts(graph.find(graph.lookAtRow(graph.root()->id, 49))).front(), "row49=1");
+}
+
+TEST(ScaleTest, AListInsideARowSleepsInOnePassOfItsOwn) {
+  const View screen = list({{"a"}, {"b"}}, [](const Line&) {
+    return list(numbered(500), [](const Line& line) { return View(Counter{line.id}); });
+  });
+  Window window;
+  ViewGraph graph;
+  graph.attach(window);
+  graph.setRoot(screen);
+  const NodeID outer = graph.root()->id;
+  graph.showRows(outer, {{0, 1}});
+  const NodeID inner = graph.root()->children[0]->id;
+  graph.showRows(inner, {{0, 400}});
+  for (const Node* row : graph.find(inner)->children) writeInto(*row, 1);
+  writeInto(*graph.find(graph.lookAtRow(inner, 450)), 1);
+  auto passes = graph.work().idPasses;
+  graph.showRows(outer, {{1, 2}});
+  EXPECT_EQ(graph.work().idPasses, passes + 2) << "one over the outer list, one over the inner one";
+  graph.showRows(outer, {{0, 1}});
+  passes = graph.work().idPasses;
+  graph.showRows(graph.root()->children[0]->id, {{0, 500}});
+  EXPECT_EQ(graph.work().idPasses, passes + 1);
+  const auto shown = texts(graph.root());
+  EXPECT_EQ(std::ranges::count_if(shown, [](const auto& text) { return text.ends_with("=1"); }),
+            401);
+}
+
 TEST(ScaleTest, AThousandLevelsAreNoTrouble) {
   ViewGraph graph;
   testing::RenderedTree tree;
