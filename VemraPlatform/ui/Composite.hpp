@@ -84,7 +84,8 @@ class ErasedComposite final : public AnyComposite {
     if constexpr (StatefulComposite<Struct>) {
       using Cell = StateCellOf<typename Struct::State>;
       if constexpr (requires(const Cell& cell) { value_.properties(cell.value()); }) {
-        return value_.properties(static_cast<const Cell*>(state)->value());
+        // A node that is being made has none yet.
+        if (state) return value_.properties(static_cast<const Cell*>(state)->value());
       }
     } else if constexpr (requires { value_.properties(); }) {
       return value_.properties();

@@ -26,7 +26,9 @@ ViewGraph::ViewGraph(Environment environment) : environment_(std::move(environme
 ViewGraph::~ViewGraph() {
   if (busy_) programmerError("a view graph was destroyed by what it called", root_);
   busy_ = true;  // what goes with the nodes may still write state
-  if (root_) destroy(*root_);
+  if (root_) destroy(*std::exchange(root_, nullptr));
+  rootView_ = View();
+  bury();
 }
 
 void ViewGraph::attach(Renderer& renderer) {
@@ -115,6 +117,7 @@ void ViewGraph::settle() {
         programmerError("the tree never comes to rest", restless ? restless : root_);
       }
       runPass();
+    bury();
     } else if (!pendingEvents_.empty()) {
       const QueuedEvent next = std::move(pendingEvents_.front());
       pendingEvents_.pop_front();

@@ -162,6 +162,7 @@ class ViewGraph final : private StateCell::Owner {
   Node* mutableNode(NodeID id) const;
 
   // Rows (ViewGraphRows.cpp)
+  void bury();
   bool demandsEverything(const Node& forEach) const;
   void resolveRows(Node& forEach, bool emitting);
   void placeRows(Node& forEach, std::vector<RowPlace> places, bool emitting);
@@ -188,6 +189,7 @@ class ViewGraph final : private StateCell::Owner {
 
   std::vector<Patch> patches_;
   std::vector<NodeID> dirty_;
+  std::vector<std::unique_ptr<Node>> gone_;  // of this pass, not freed yet
   std::optional<View> pendingRoot_;
   std::optional<Environment> pendingEnvironment_;
   std::deque<RowRequest> pendingRows_;

@@ -176,14 +176,22 @@ void ViewGraph::resolveChildren(Node& parent, std::span<const View> views, bool 
   }
 }
 
+/// Takes a subtree out of the graph. Its nodes name each other until `bury` frees them all: what
+/// goes with them (a closure, a state) may ask the graph something, or write, from its destructor.
 void ViewGraph::destroy(Node& node) {
   for (Node* child : node.children) destroy(*child);
   if (node.rows) {
     for (Node* row : node.rows->lookedAt) destroy(*row);
   }
   if (node.state) node.state->detach();
-  // Out of the map first: what goes with the node may ask the graph something.
-  const auto gone = nodes_.extract(node.id);
+  gone_.push_back(std::move(nodes_.extract(node.id).mapped()));
+}
+
+/// Frees what has been taken out, once the tree agrees with itself again.
+void ViewGraph::bury() {
+  while (!gone_.empty()) {
+    const auto gone = std::exchange(gone_, {});
+  }
 }
 
 bool ViewGraph::emits(const Node& node) const {

@@ -298,6 +298,19 @@ TEST(StateDeathTest, WritingWhileDescribingStopsAndNamesTheView) {
       },
       "vemra::ui: state was written while a view was being described in Lending \"the.one\"");
 }
+TEST(StateTest, AViewThatIsBeingMadeHasNoPropertiesYet) {
+  ViewGraph graph;
+  std::size_t told = 99;
+  graph.setRoot(column({Body{[&] {
+                          const Node* sibling = graph.root()->children[1];
+                          told = graph.properties(sibling->id).size();
+                          return View();
+                        }},
+                        Counter{}}));
+  EXPECT_EQ(told, 0U);
+  EXPECT_EQ(graph.properties(graph.root()->children[1]->id).size(), 1U);
+}
+
 
 TEST(StateDeathTest, TheMessageNamesTheRow) {
   const auto lent = borrowed();
