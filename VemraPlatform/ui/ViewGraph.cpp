@@ -36,10 +36,16 @@ void ViewGraph::attach(Renderer& renderer) {
   if (!busy_) settle();
 }
 
-void ViewGraph::detach() {
+void ViewGraph::detach(const Renderer& renderer) {
+  if (pendingRenderer_ == &renderer) pendingRenderer_ = nullptr;
+  if (renderer_ != &renderer) return;
   renderer_ = nullptr;
-  pendingRenderer_ = nullptr;
   shownRoot_ = {};
+}
+
+void ViewGraph::detach() {
+  pendingRenderer_ = nullptr;
+  if (renderer_) detach(*renderer_);
 }
 
 void ViewGraph::setRoot(View root) {
@@ -111,13 +117,13 @@ void ViewGraph::settle() {
   busy_ = true;
   int passes = 0;
   for (;;) {
+    bury();
     if (somethingWaits()) {
       if (++passes > maximumPasses) {
         const Node* restless = dirty_.empty() ? nullptr : find(dirty_.front());
         programmerError("the tree never comes to rest", restless ? restless : root_);
       }
       runPass();
-    bury();
     } else if (!pendingEvents_.empty()) {
       const QueuedEvent next = std::move(pendingEvents_.front());
       pendingEvents_.pop_front();
@@ -153,14 +159,7 @@ void ViewGraph::runPass() {
 }
 
 void ViewGraph::takeUp() {
-  if (pendingRenderer_) {
-    renderer_ = std::exchange(pendingRenderer_, nullptr);
-    patches_.clear();  // what was meant for the last one
-    shownRoot_ = {};
-    if (root_) emitInserted(*root_, {});
-    // It may demand rows that the last renderer did not.
-    if (!pendingRoot_) pendingRoot_ = rootView_;
-  }
+  if (pendingRenderer_) changeRenderer();
   if (pendingEnvironment_) {
     environment_ = *std::exchange(pendingEnvironment_, std::nullopt);
     if (!pendingRoot_) pendingRoot_ = rootView_;
@@ -175,6 +174,24 @@ void ViewGraph::takeUp() {
     pendingRows_.pop_front();
     applyRowRequest(request);
   }
+}
+
+void ViewGraph::changeRenderer() {
+  Renderer* const next = std::exchange(pendingRenderer_, nullptr);
+  if (next == renderer_) return;
+  Renderer* const last = std::exchange(renderer_, next);
+  const NodeID shown = std::exchange(shownRoot_, {});
+  patches_.clear();  // what was meant for the last one
+  if (last && shown) {
+    try {
+      last->apply({{Patch::Kind::remove, shown, {}, {}, std::nullopt}});
+    } catch (...) {
+      rememberError();
+    }
+  }
+  if (renderer_ && root_) emitInserted(*root_, {});
+  // It may demand rows that the last renderer did not.
+  if (!pendingRoot_) pendingRoot_ = rootView_;
 }
 
 void ViewGraph::describeDirty() {

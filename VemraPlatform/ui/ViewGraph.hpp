@@ -67,10 +67,15 @@ class ViewGraph final : private StateCell::Owner {
   ViewGraph(const ViewGraph&) = delete;
   ViewGraph& operator=(const ViewGraph&) = delete;
 
-  /// Shows the tree through `renderer`, in place of any other: it gets the whole tree as insertions
-  /// and, when it wants every row, the rows too. It must outlive the graph or be detached.
+  /// Shows the tree through `renderer`: it gets the whole tree as insertions and, when it wants
+  /// every row, the rows too. Another one that showed it is told that its tree is gone and hears
+  /// nothing more; attaching the one that shows it already changes nothing. It must outlive the
+  /// graph or be detached.
   void attach(Renderer& renderer);
-  /// Tells the renderer nothing more, not even that the tree is gone. The tree stays.
+  /// Tells this renderer nothing more, not even that the tree is gone. The tree stays. Does nothing
+  /// to another one that has taken its place.
+  void detach(const Renderer& renderer);
+  /// The same for whichever renderer there is.
   void detach();
 
   /// Describes the whole tree anew. From inside an event the root is taken up when the event ends;
@@ -119,15 +124,16 @@ class ViewGraph final : private StateCell::Owner {
     View view;             // absent: to be described
   };
   struct Restoring;
+  using WakingRows = std::unordered_map<NodeID, SavedState>;
 
   void stateChanged(StateCell& cell) override;
   Delivery act(NodeID node, const Event& event);
   Delivery actCatching(NodeID node, const Event& event);
   void settle();
-  using WakingRows = std::unordered_map<NodeID, SavedState>;
   bool somethingWaits() const;
   void runPass();
   void takeUp();
+  void changeRenderer();
   void describeDirty();
   void flushPatches();
   void abandonTree();
@@ -156,13 +162,13 @@ class ViewGraph final : private StateCell::Owner {
   void resolveChildren(Node& parent, std::span<const View> views, bool emitting);
   void describeComposite(Node& node, bool emitting);
   void destroy(Node& node);
+  void bury();
   bool emits(const Node& node) const;
   void recordPatch(Patch::Kind kind, const Node& node, NodeID after);
   void emitInserted(const Node& node, NodeID after);
   Node* mutableNode(NodeID id) const;
 
   // Rows (ViewGraphRows.cpp)
-  void bury();
   bool demandsEverything(const Node& forEach) const;
   void resolveRows(Node& forEach, bool emitting);
   void placeRows(Node& forEach, std::vector<RowPlace> places, bool emitting);
@@ -183,13 +189,13 @@ class ViewGraph final : private StateCell::Owner {
   Renderer* pendingRenderer_ = nullptr;
   NodeID shownRoot_;  // the root that the renderer knows of
   std::unordered_map<NodeID, std::unique_ptr<Node>> nodes_;
+  std::vector<std::unique_ptr<Node>> gone_;  // of this pass, not freed yet
   std::uint64_t lastID_ = 0;
   Node* root_ = nullptr;
   View rootView_;
 
   std::vector<Patch> patches_;
   std::vector<NodeID> dirty_;
-  std::vector<std::unique_ptr<Node>> gone_;  // of this pass, not freed yet
   std::optional<View> pendingRoot_;
   std::optional<Environment> pendingEnvironment_;
   std::deque<RowRequest> pendingRows_;

@@ -1,5 +1,6 @@
 #include "Sample.hpp"
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -78,6 +79,85 @@ TEST(RendererTest, AnotherTakesOver) {
   press(graph, "+");
   EXPECT_EQ(first.log.size(), heard);
   EXPECT_EQ(difference(graph, second), "");
+}
+
+TEST(RendererTest, TheOneBeforeIsToldThatItsTreeIsGoneAndMayComeBack) {
+  ViewGraph graph;
+  testing::RenderedTree first;
+  Window second;
+  graph.attach(first);
+  graph.setRoot(screen());
+  graph.attach(second);
+  EXPECT_FALSE(first.root());
+  EXPECT_TRUE(first.nodes().empty());
+  press(graph, "+");
+  graph.attach(first);
+  EXPECT_EQ(difference(graph, first), "");
+  EXPECT_EQ(texts(graph.root()).front(), "it=1");
+  EXPECT_FALSE(second.tree.root());
+}
+
+TEST(RendererTest, TheOneThatIsAttachedAlreadyHearsNothingNew) {
+  ViewGraph graph;
+  testing::RenderedTree tree;
+  Window other;
+  graph.attach(tree);
+  graph.setRoot(Group({Counter{}, Button("there and back", [&] {
+                         graph.attach(other);
+                         graph.attach(tree);
+                       })}));
+  const std::size_t heard = tree.patchCount();
+  graph.attach(tree);
+  press(graph, "there and back");
+  EXPECT_EQ(tree.patchCount(), heard);
+  EXPECT_TRUE(other.log.empty());
+  press(graph, "+");
+  EXPECT_EQ(difference(graph, tree), "");
+}
+
+TEST(RendererTest, TheOneBeforeMayLeaveLaterWithoutTakingTheOtherAway) {
+  ViewGraph graph;
+  testing::RenderedTree second;
+  {
+    Window first;
+    first.onApply = [&](const std::vector<Patch>& patches) {
+      if (patches.front().kind == Kind::remove) graph.detach(first);
+    };
+    graph.attach(first);
+    graph.setRoot(screen());
+    graph.attach(second);
+    graph.detach(first);
+  }
+  press(graph, "+");
+  EXPECT_EQ(difference(graph, second), "");
+  EXPECT_TRUE(second.root());
+}
+
+TEST(RendererTest, OneThatLeavesBeforeItsTurnLeavesTheOtherInPlace) {
+  ViewGraph graph;
+  testing::RenderedTree first;
+  graph.attach(first);
+  graph.setRoot(Group({Counter{}, Button("try", [&] {
+                         Window brief;
+                         graph.attach(brief);
+                         graph.detach(brief);
+                       })}));
+  press(graph, "try");
+  press(graph, "+");
+  EXPECT_EQ(difference(graph, first), "");
+  EXPECT_TRUE(first.root());
+}
+
+TEST(RendererTest, OneThatThrowsOnItsWayOutStopsNobody) {
+  ViewGraph graph;
+  Window first;
+  testing::RenderedTree second;
+  graph.attach(first);
+  graph.setRoot(screen());
+  first.onApply = [](const std::vector<Patch>&) { throw std::runtime_error("closing"); };
+  EXPECT_THROW(graph.attach(second), std::runtime_error);
+  EXPECT_EQ(difference(graph, second), "");
+  EXPECT_TRUE(second.root());
 }
 
 TEST(RendererTest, OneAttachedFromInsideACallbackGetsTheNewRootToo) {
