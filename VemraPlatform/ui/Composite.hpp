@@ -27,6 +27,9 @@ concept StatelessComposite = requires(const Struct& view, const Environment& env
   { view.body() } -> std::convertible_to<View>;
 };
 
+template <class Struct>
+concept HasBody = StatefulComposite<Struct> || StatelessComposite<Struct>;
+
 /// A plain struct with a `body`, in one of three shapes:
 ///
 ///     View body() const;
@@ -36,8 +39,9 @@ concept StatelessComposite = requires(const Struct& view, const Environment& env
 /// It may name itself (`static constexpr std::string_view name`) and tell its properties
 /// (`Properties properties() const`, or `properties(const State&)`), both for developers only.
 template <class Struct>
-concept CompositeView = std::copy_constructible<Struct> &&
-    (StatefulComposite<Struct> || StatelessComposite<Struct>);
+concept CompositeView = HasBody<Struct> && std::copy_constructible<Struct>;
+// The body comes first: whether a class that is made from a view can be copied may turn on whether
+// it is itself a view.
 
 /// A composite with its type forgotten: what the view graph sees.
 class AnyComposite {

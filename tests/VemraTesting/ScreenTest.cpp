@@ -1,6 +1,7 @@
 #include "Questionnaire.hpp"
 #include "VemraTesting/Screen.hpp"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -189,6 +190,13 @@ TEST_F(ScreenTest, AnEmptyScreenHasNothing) {
   EXPECT_EQ(screen.outline(), "");
   EXPECT_FALSE(screen.has("ask.Ada.note"));
   EXPECT_TRUE(screen.shownTexts().empty());
+}
+
+TEST_F(ScreenTest, MayComeLaterAsAnOptional) {
+  std::optional<Screen> late;
+  EXPECT_FALSE(late.has_value());
+  late.emplace(ui::Text("here"));
+  EXPECT_THAT(late->shownTexts(), ElementsAre("here"));
 }
 
 }  // namespace vemra::testing
