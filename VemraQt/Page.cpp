@@ -49,7 +49,7 @@ Page::Page(QAbstractScrollArea& area, ui::ViewGraph& graph)
 
 Page::~Page() {
   accessible_.reset();
-  graph_.detach();
+  graph_.detach(*this);
 }
 
 void Page::apply(const std::vector<ui::Patch>& patches) {
