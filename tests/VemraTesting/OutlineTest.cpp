@@ -1,6 +1,6 @@
-#include "Questionnaire.hpp"
 #include "VemraTesting/Outline.hpp"
 #include "VemraTesting/Screen.hpp"
+#include "tests/VemraTesting/Questionnaire.hpp"
 
 #include <cstdlib>
 #include <fstream>

@@ -1,4 +1,4 @@
-#include "Questionnaire.hpp"
+#include "tests/VemraTesting/Questionnaire.hpp"
 
 namespace vemra::testing::sample {
 

@@ -1,5 +1,5 @@
-#include "Questionnaire.hpp"
 #include "VemraTesting/Screen.hpp"
+#include "tests/VemraTesting/Questionnaire.hpp"
 
 #include <optional>
 #include <string>

@@ -1,5 +1,5 @@
-#include "Environment.hpp"
 #include "VemraPlatform/date/AbbreviatedDate.hpp"
+#include "tests/VemraPlatform/date/Environment.hpp"
 
 #include <fstream>
 #include <set>

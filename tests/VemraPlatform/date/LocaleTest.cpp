@@ -1,5 +1,5 @@
-#include "Environment.hpp"
 #include "VemraPlatform/date/Locale.hpp"
+#include "tests/VemraPlatform/date/Environment.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "Environment.hpp"
 #include "VemraPlatform/date/AbbreviatedDate.hpp"
 #include "VemraPlatform/date/TimeZone.hpp"
+#include "tests/VemraPlatform/date/Environment.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "Gate.hpp"
 #include "VemraPlatform/task/Start.hpp"
 #include "VemraPlatform/task/Task.hpp"
+#include "tests/VemraPlatform/task/Gate.hpp"
 
 #include <memory>
 #include <stdexcept>

@@ -1,5 +1,5 @@
-#include "Samples.hpp"
 #include "VemraPlatform/text/Equality.hpp"
+#include "tests/VemraPlatform/text/Samples.hpp"
 
 #include <unordered_map>
 #include <unordered_set>

@@ -1,8 +1,8 @@
 // Unicode's NormalizationTest.txt as an oracle: columns 1 to 3 of a row are canonically equivalent
 // to each other, columns 4 and 5 to each other, and column 3 is Normalization Form D of column 1.
 
-#include "Samples.hpp"
 #include "VemraPlatform/text/Equality.hpp"
+#include "tests/VemraPlatform/text/Samples.hpp"
 
 #include <array>
 #include <fstream>

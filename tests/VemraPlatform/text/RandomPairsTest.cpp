@@ -1,8 +1,8 @@
 // Random pairs against the definition, written down plainly: equal bytes, or both well-formed and
 // with the same Normalization Form D. Whatever makes the comparison fast has to agree with it.
 
-#include "Samples.hpp"
 #include "VemraPlatform/text/Equality.hpp"
+#include "tests/VemraPlatform/text/Samples.hpp"
 
 #include <random>
 

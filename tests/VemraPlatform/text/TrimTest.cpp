@@ -1,5 +1,5 @@
-#include "Samples.hpp"
 #include "VemraPlatform/text/Trim.hpp"
+#include "tests/VemraPlatform/text/Samples.hpp"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
-#include "Samples.hpp"
 #include "VemraPlatform/text/UTF8.hpp"
+#include "tests/VemraPlatform/text/Samples.hpp"
 
 #include <array>
 

@@ -1,6 +1,6 @@
-#include "Sample.hpp"
 #include "VemraPlatform/date/Locale.hpp"
 #include "VemraPlatform/date/TimeZone.hpp"
+#include "tests/VemraPlatform/ui/Sample.hpp"
 
 #include <map>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "Sample.hpp"
+#include "tests/VemraPlatform/ui/Sample.hpp"
 
 #include <functional>
 #include <ostream>

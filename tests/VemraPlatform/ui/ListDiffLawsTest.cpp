@@ -1,5 +1,5 @@
-#include "Sample.hpp"
 #include "VemraPlatform/ui/ListDiff.hpp"
+#include "tests/VemraPlatform/ui/Sample.hpp"
 
 #include <algorithm>
 #include <string>

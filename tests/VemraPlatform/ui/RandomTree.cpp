@@ -1,4 +1,4 @@
-#include "RandomTree.hpp"
+#include "tests/VemraPlatform/ui/RandomTree.hpp"
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Sample.hpp"
+#include "tests/VemraPlatform/ui/Sample.hpp"
 
 #include <map>
 #include <optional>

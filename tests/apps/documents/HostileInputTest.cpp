@@ -1,6 +1,6 @@
-#include "SampleResult.hpp"
 #include "apps/documents/ResultReader.hpp"
 #include "apps/documents/SourceFile.hpp"
+#include "tests/apps/documents/SampleResult.hpp"
 
 #include <cerrno>
 #include <cstring>

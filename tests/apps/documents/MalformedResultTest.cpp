@@ -1,5 +1,5 @@
-#include "SampleResult.hpp"
 #include "apps/documents/ResultReader.hpp"
+#include "tests/apps/documents/SampleResult.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "RandomResult.hpp"
-#include "SampleResult.hpp"
 #include "VemraPlatform/text/UTF8.hpp"
 #include "apps/documents/ResultReader.hpp"
 #include "apps/documents/ResultWriter.hpp"
+#include "tests/apps/documents/RandomResult.hpp"
+#include "tests/apps/documents/SampleResult.hpp"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
-#include "SampleResult.hpp"
 #include "apps/documents/EnumerationNames.hpp"
 #include "apps/documents/ResultWriter.hpp"
+#include "tests/apps/documents/SampleResult.hpp"
 
 #include <gtest/gtest.h>
 

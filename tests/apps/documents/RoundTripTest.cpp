@@ -1,7 +1,7 @@
-#include "RandomResult.hpp"
-#include "SampleResult.hpp"
 #include "apps/documents/ResultReader.hpp"
 #include "apps/documents/ResultWriter.hpp"
+#include "tests/apps/documents/RandomResult.hpp"
+#include "tests/apps/documents/SampleResult.hpp"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>

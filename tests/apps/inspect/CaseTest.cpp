@@ -1,6 +1,6 @@
-#include "CaseText.hpp"
 #include "apps/documents/DocumentError.hpp"
 #include "apps/inspect/Case.hpp"
+#include "tests/apps/inspect/CaseText.hpp"
 
 #include <gtest/gtest.h>
 
