@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <unordered_map>
+#include <utility>
 
 namespace vemra::ui {
 
@@ -39,14 +39,17 @@ std::vector<ListOperation> diff(std::span<const NodeID> before, std::span<const 
   std::vector<ListOperation> operations;
   if (std::ranges::equal(before, after)) return operations;
 
-  std::unordered_map<NodeID, std::size_t> placeBefore;
-  placeBefore.reserve(before.size());
-  for (std::size_t i = 0; i < before.size(); ++i) placeBefore.emplace(before[i], i);
+  std::vector<std::pair<NodeID, std::size_t>> placesBefore;
+  placesBefore.reserve(before.size());
+  for (std::size_t i = 0; i < before.size(); ++i) placesBefore.emplace_back(before[i], i);
+  std::ranges::sort(placesBefore);
 
   std::vector<std::size_t> places(after.size(), isNew);
   std::vector<bool> kept(before.size(), false);
   for (std::size_t i = 0; i < after.size(); ++i) {
-    if (auto found = placeBefore.find(after[i]); found != placeBefore.end()) {
+    const auto found = std::ranges::lower_bound(placesBefore, after[i], {},
+                                                &decltype(placesBefore)::value_type::first);
+    if (found != placesBefore.end() && found->first == after[i]) {
       places[i] = found->second;
       kept[found->second] = true;
     }

@@ -2,72 +2,107 @@
 
 namespace vemra::ui {
 
+namespace {
+
+// Room for those of one view, so that a chain of modifiers allocates once.
+constexpr std::size_t usualModifiers = 4;
+
+}  // namespace
+
 View::View(std::shared_ptr<const AnyComposite> composite)
     : View(Description{CompositeContent{std::move(composite)}, {}, {}}) {}
 
 View::View(Description description)
-    : description_(std::make_shared<const Description>(std::move(description))) {}
+    : description_(std::make_shared<Description>(std::move(description))) {}
 
-void View::become(Description description) {
-  description_ = std::make_shared<const Description>(std::move(description));
+Description& View::ownDescription() {
+  if (description_.use_count() > 1) description_ = std::make_shared<Description>(*description_);
+  return *description_;
 }
 
-View View::modified(Modifier modifier) const {
-  if (isAbsent()) return *this;
-  Description description = *description_;
-  description.modifiers.push_back(std::move(modifier));
-  return View(std::move(description));
+View View::modified(Modifier modifier) && {
+  if (!isAbsent()) {
+    std::vector<Modifier>& modifiers = ownDescription().modifiers;
+    if (modifiers.empty()) modifiers.reserve(usualModifiers);
+    modifiers.push_back(std::move(modifier));
+  }
+  return std::move(*this);
 }
 
-View View::font(Font font) const {
-  return modified(FontModifier{font});
+View View::font(Font font) const& {
+  return View(*this).font(font);
+}
+View View::font(Font font) && {
+  return std::move(*this).modified(FontModifier{font});
 }
 
-View View::fontWeight(FontWeight weight) const {
-  return modified(FontWeightModifier{weight});
+View View::fontWeight(FontWeight weight) const& {
+  return View(*this).fontWeight(weight);
+}
+View View::fontWeight(FontWeight weight) && {
+  return std::move(*this).modified(FontWeightModifier{weight});
 }
 
-View View::foregroundStyle(ForegroundStyle style) const {
-  return modified(ForegroundStyleModifier{style});
+View View::foregroundStyle(ForegroundStyle style) const& {
+  return View(*this).foregroundStyle(style);
+}
+View View::foregroundStyle(ForegroundStyle style) && {
+  return std::move(*this).modified(ForegroundStyleModifier{style});
 }
 
-View View::padding(int length) const {
-  return padding(Edges::all, length);
+View View::padding(Edges edges, int length) const& {
+  return View(*this).padding(edges, length);
+}
+View View::padding(Edges edges, int length) && {
+  return std::move(*this).modified(PaddingModifier{edges, length});
 }
 
-View View::padding(Edges edges, int length) const {
-  return modified(PaddingModifier{edges, length});
+View View::buttonStyle(ButtonStyle style) const& {
+  return View(*this).buttonStyle(style);
+}
+View View::buttonStyle(ButtonStyle style) && {
+  return std::move(*this).modified(ButtonStyleModifier{style});
 }
 
-View View::buttonStyle(ButtonStyle style) const {
-  return modified(ButtonStyleModifier{style});
+View View::pickerStyle(PickerStyle style) const& {
+  return View(*this).pickerStyle(style);
+}
+View View::pickerStyle(PickerStyle style) && {
+  return std::move(*this).modified(PickerStyleModifier{style});
 }
 
-View View::pickerStyle(PickerStyle style) const {
-  return modified(PickerStyleModifier{style});
+View View::textFieldStyle(TextFieldStyle style) const& {
+  return View(*this).textFieldStyle(style);
+}
+View View::textFieldStyle(TextFieldStyle style) && {
+  return std::move(*this).modified(TextFieldStyleModifier{style});
 }
 
-View View::textFieldStyle(TextFieldStyle style) const {
-  return modified(TextFieldStyleModifier{style});
+View View::labelsHidden() const& {
+  return View(*this).labelsHidden();
+}
+View View::labelsHidden() && {
+  return std::move(*this).modified(LabelsHiddenModifier{});
 }
 
-View View::labelsHidden() const {
-  return modified(LabelsHiddenModifier{});
+View View::disabled(bool disabled) const& {
+  return View(*this).disabled(disabled);
+}
+View View::disabled(bool disabled) && {
+  return std::move(*this).modified(DisabledModifier{disabled});
 }
 
-View View::disabled(bool disabled) const {
-  return modified(DisabledModifier{disabled});
+View View::accessibilityIdentifier(std::string identifier) const& {
+  return View(*this).accessibilityIdentifier(std::move(identifier));
 }
-
-View View::accessibilityIdentifier(std::string identifier) const {
-  return modified(AccessibilityIdentifierModifier{std::move(identifier)});
+View View::accessibilityIdentifier(std::string identifier) && {
+  return std::move(*this).modified(AccessibilityIdentifierModifier{std::move(identifier)});
 }
 
 View View::id(std::string key) const {
-  if (isAbsent()) return *this;
-  Description description = *description_;
-  description.key = std::move(key);
-  return View(std::move(description));
+  View view = *this;
+  if (!isAbsent()) view.ownDescription().key = std::move(key);
+  return view;
 }
 
 Text::Text(LocalizedKey key) : View(Description{TextContent{key}, {}, {}}) {}
@@ -98,12 +133,12 @@ ScrollView::ScrollView(Children children, Axis axis, ScrollIndicators indicators
 ForEach::ForEach(std::shared_ptr<const RowSource> rows)
     : View(Description{ForEachContent{std::move(rows)}, {}, {}}) {}
 
-void If::show(const View& view, std::uint64_t branch) {
+void If::show(View view, std::uint64_t branch) {
   if (view.isAbsent()) return;
-  Description description = view.description();
+  View::operator=(std::move(view));
+  Description& description = ownDescription();
   // Branches nest: 64-bit mixing keeps every path through them apart.
   description.branch = (description.branch + branch) * 0x9E3779B97F4A7C15ULL;
-  become(std::move(description));
 }
 
 }  // namespace vemra::ui

@@ -53,25 +53,40 @@ class View {
       : View(std::shared_ptr<const AnyComposite>(
             std::make_shared<ErasedComposite<Struct>>(std::move(composite)))) {}
 
-  View font(Font font) const;
-  View fontWeight(FontWeight weight) const;
-  View foregroundStyle(ForegroundStyle style) const;
+  /// \name Modifiers
+  /// Of a view that is kept, each makes another one; a temporary is changed itself, so that a chain
+  /// of them copies nothing.
+  /// @{
+  View font(Font font) const&;
+  View font(Font font) &&;
+  View fontWeight(FontWeight weight) const&;
+  View fontWeight(FontWeight weight) &&;
+  View foregroundStyle(ForegroundStyle style) const&;
+  View foregroundStyle(ForegroundStyle style) &&;
   /// Space around the view, in points, on all four edges or on some.
-  View padding(int length) const;
-  View padding(Edges edges, int length) const;
-  View buttonStyle(ButtonStyle style) const;
-  View pickerStyle(PickerStyle style) const;
-  View textFieldStyle(TextFieldStyle style) const;
-  View labelsHidden() const;
-  View disabled(bool disabled) const;
-  View accessibilityIdentifier(std::string identifier) const;
+  View padding(int length) const& { return padding(Edges::all, length); }
+  View padding(int length) && { return std::move(*this).padding(Edges::all, length); }
+  View padding(Edges edges, int length) const&;
+  View padding(Edges edges, int length) &&;
+  View buttonStyle(ButtonStyle style) const&;
+  View buttonStyle(ButtonStyle style) &&;
+  View pickerStyle(PickerStyle style) const&;
+  View pickerStyle(PickerStyle style) &&;
+  View textFieldStyle(TextFieldStyle style) const&;
+  View textFieldStyle(TextFieldStyle style) &&;
+  View labelsHidden() const&;
+  View labelsHidden() &&;
+  View disabled(bool disabled) const&;
+  View disabled(bool disabled) &&;
+  View accessibilityIdentifier(std::string identifier) const&;
+  View accessibilityIdentifier(std::string identifier) &&;
   template <Choice Value>
   View tag(Value value) const {
-    return modified(TagModifier{Tag(std::move(value))});
+    return View(*this).modified(TagModifier{Tag(std::move(value))});
   }
-
   /// Gives the view an identity of its own among its siblings, in place of its slot.
   View id(std::string key) const;
+  /// @}
 
   bool isAbsent() const { return description_ == nullptr; }
   /// What the view says; must not be absent.
@@ -80,13 +95,15 @@ class View {
  protected:
   explicit View(std::shared_ptr<const AnyComposite> composite);
   explicit View(Description description);
-  void become(Description description);
+  /// The description, to be changed: this view's own, or a copy of one that others share. The view
+  /// must not be absent.
+  Description& ownDescription();
 
  private:
   friend class Element;
-  View modified(Modifier modifier) const;
+  View modified(Modifier modifier) &&;
 
-  std::shared_ptr<const Description> description_;
+  std::shared_ptr<Description> description_;
 };
 
 enum class HorizontalAlignment { leading, center };
@@ -192,7 +209,7 @@ class If : public View {
     taken_ = true;
     show(make(), branches_);
   }
-  void show(const View& view, std::uint64_t branch);
+  void show(View view, std::uint64_t branch);
 
   bool taken_ = false;
   std::uint64_t branches_ = 0;

@@ -220,7 +220,7 @@ void ViewGraph::flushPatches() {
 void ViewGraph::abandonTree() {
   const auto nodes = std::exchange(nodes_, {});
   for (const auto& [id, node] : nodes) {
-    if (node->state) node->state->detach();
+    if (node.state) node.state->detach();
   }
   root_ = nullptr;
   rootView_ = View();
@@ -244,12 +244,13 @@ void ViewGraph::stateChanged(StateCell& cell) {
 }
 
 const Node* ViewGraph::find(NodeID node) const {
-  return mutableNode(node);
+  const auto found = nodes_.find(node);
+  return found == nodes_.end() ? nullptr : &found->second;
 }
 
-Node* ViewGraph::mutableNode(NodeID id) const {
+Node* ViewGraph::mutableNode(NodeID id) {
   auto found = nodes_.find(id);
-  return found == nodes_.end() ? nullptr : found->second.get();
+  return found == nodes_.end() ? nullptr : &found->second;
 }
 
 Properties ViewGraph::properties(NodeID id) const {

@@ -166,7 +166,7 @@ class ViewGraph final : private StateCell::Owner {
   bool emits(const Node& node) const;
   void recordPatch(Patch::Kind kind, const Node& node, NodeID after);
   void emitInserted(const Node& node, NodeID after);
-  Node* mutableNode(NodeID id) const;
+  Node* mutableNode(NodeID id);
 
   // Rows (ViewGraphRows.cpp)
   bool demandsEverything(const Node& forEach) const;
@@ -187,9 +187,9 @@ class ViewGraph final : private StateCell::Owner {
   Environment environment_;
   Renderer* renderer_ = nullptr;
   Renderer* pendingRenderer_ = nullptr;
-  NodeID shownRoot_;  // the root that the renderer knows of
-  std::unordered_map<NodeID, std::unique_ptr<Node>> nodes_;
-  std::vector<std::unique_ptr<Node>> gone_;  // of this pass, not freed yet
+  NodeID shownRoot_;                               // the root that the renderer knows of
+  std::unordered_map<NodeID, Node> nodes_;         // where a node stays put
+  std::vector<decltype(nodes_)::node_type> gone_;  // of this pass, not freed yet
   std::uint64_t lastID_ = 0;
   Node* root_ = nullptr;
   View rootView_;

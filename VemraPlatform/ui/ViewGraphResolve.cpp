@@ -74,16 +74,17 @@ void ViewGraph::resolveRoot(const View& root) {
 Node& ViewGraph::allocate(Node* parent, const View& view, Identity identity) {
   const NodeID id{++lastID_};
   const Style inherited = parent ? parent->element.style() : Style{};
-  auto node = std::make_unique<Node>(Node{.id = id,
-                                          .parent = parent,
-                                          .identity = std::move(identity),
-                                          .element = Element(view, inherited, environment_),
-                                          .children = {},
-                                          .rowID = {},
-                                          .state = nullptr,
-                                          .rows = nullptr});
   ++work_.nodes;
-  return *nodes_.emplace(id, std::move(node)).first->second;
+  return nodes_
+      .try_emplace(id, Node{.id = id,
+                            .parent = parent,
+                            .identity = std::move(identity),
+                            .element = Element(view, inherited, environment_),
+                            .children = {},
+                            .rowID = {},
+                            .state = nullptr,
+                            .rows = nullptr})
+      .first->second;
 }
 
 /// Gives a new node its state, tells of it, and resolves what it holds.
@@ -184,7 +185,7 @@ void ViewGraph::destroy(Node& node) {
     for (Node* row : node.rows->lookedAt) destroy(*row);
   }
   if (node.state) node.state->detach();
-  gone_.push_back(std::move(nodes_.extract(node.id).mapped()));
+  gone_.push_back(nodes_.extract(node.id));
 }
 
 /// Frees what has been taken out, once the tree agrees with itself again.

@@ -6,7 +6,6 @@
 #include "VemraPlatform/ui/ViewGraph.hpp"
 
 #include <algorithm>
-#include <unordered_map>
 #include <utility>
 
 namespace vemra::ui {
@@ -106,38 +105,36 @@ void ViewGraph::resolveRows(Node& forEach, bool emitting) {
 
 /// Makes the shown rows be those in `places` (ascending). Others go to sleep.
 void ViewGraph::placeRows(Node& forEach, std::vector<RowPlace> places, bool emitting) {
-  enum class Arrival { stays, mounted, uncovered };
   Rows& rows = *forEach.rows;
   std::vector<NodeID> before;
+  before.reserve(forEach.children.size());
   for (const Node* row : forEach.children) before.push_back(row->id);
 
   std::vector<NodeID> after;
   std::vector<Node*> children;
   std::vector<Node*> mounted;
   std::vector<Node*> leaving;
-  std::unordered_map<NodeID, Arrival> arrivals;
+  after.reserve(places.size());
+  children.reserve(places.size());
   for (RowPlace& place : places) {
-    Arrival arrival = Arrival::stays;
     if (!place.node) {
       auto lookedAt = std::ranges::find(rows.lookedAt, place.index, &Node::rowIndex);
       if (lookedAt != rows.lookedAt.end()) {
         place.node = *lookedAt;
         place.node->isShown = true;
         rows.lookedAt.erase(lookedAt);
-        arrival = Arrival::uncovered;
       } else {
         place.node = &allocateRow(
             forEach, place.index,
             place.view.isAbsent() ? describeRow(forEach, place.index) : std::optional(place.view));
-        arrival = Arrival::mounted;
         mounted.push_back(place.node);
       }
     }
-    arrivals.emplace(place.node->id, arrival);
     after.push_back(place.node->id);
     children.push_back(place.node);
   }
   const std::vector<ListOperation> operations = diff(before, after);
+  auto nextMounted = mounted.begin();  // in the order of the list, as insertions are
   forEach.children = std::move(children);
   WakingRows waking = wakeRows(forEach, mounted);
   for (const ListOperation& operation : operations) {
@@ -151,7 +148,8 @@ void ViewGraph::placeRows(Node& forEach, std::vector<RowPlace> places, bool emit
         if (emitting) recordPatch(Patch::Kind::move, row, operation.after);
         break;
       case ListOperation::Kind::insert:
-        if (arrivals.at(row.id) == Arrival::mounted) {
+        if (nextMounted != mounted.end() && *nextMounted == &row) {
+          ++nextMounted;
           mountRow(row, waking, operation.after, emitting);
         } else if (emitting) {
           emitInserted(row, operation.after);
@@ -169,6 +167,7 @@ void ViewGraph::applyRowRequest(const RowRequest& request) {
   std::vector<RowRange> ranges = request.ranges;
   std::ranges::sort(ranges, {}, &RowRange::first);
   std::vector<RowPlace> places;
+  places.reserve(forEach->children.size() + 1);
   std::size_t next = 0;
   auto shown = forEach->children.begin();
   for (const RowRange& range : ranges) {
