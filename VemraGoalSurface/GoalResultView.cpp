@@ -16,10 +16,9 @@ GoalResultView::GoalResultView(GoalResultSnapshotV1 snapshot, OnOpenPerson onOpe
                                OnShowEvidence onShowEvidence, OnFocusPath onFocusPathInStarfold,
                                OnRecordOutcome onRecordOutcome)
     : snapshot_(std::move(snapshot)),
-      onOpenPerson_(std::move(onOpenPerson)),
-      onShowEvidence_(std::move(onShowEvidence)),
-      onFocusPathInStarfold_(std::move(onFocusPathInStarfold)),
-      onRecordOutcome_(std::move(onRecordOutcome)) {}
+      callbacks_(std::make_shared<Callbacks>(
+          Callbacks{std::move(onOpenPerson), std::move(onShowEvidence),
+                    std::move(onFocusPathInStarfold), std::move(onRecordOutcome)})) {}
 
 View GoalResultView::body(const Environment& environment) const {
   MainActor::assertIsolated("GoalResultView.body");
@@ -64,9 +63,9 @@ Children GoalResultView::personRow(const GoalPersonCandidateDTO& person) const {
   const std::string identifierPrefix = "vemra.goal.person." + person.personRef;
   return {
       Button(verbatim(person.displayName.value_or("Unnamed person")),
-             [view = *this, person] {
+             [view = *this, &person] {
                MainActor::assertIsolated("GoalResultView.openPerson");
-               view.onOpenPerson_(person.personRef);
+               view.callbacks_->onOpenPerson(person.personRef);
              })
           .buttonStyle(ButtonStyle::plain)
           .font(Font::body.weight(FontWeight::medium)),
@@ -80,7 +79,7 @@ Children GoalResultView::personRow(const GoalPersonCandidateDTO& person) const {
                   return Button("Show source",
                                 [view = *this, evidenceID] {
                                   MainActor::assertIsolated("GoalResultView.showSource");
-                                  view.onShowEvidence_(evidenceID);
+                                  view.callbacks_->onShowEvidence(evidenceID);
                                 })
                       .font(Font::caption)
                       .accessibilityIdentifier(identifierPrefix + ".show-source");
@@ -92,7 +91,7 @@ Children GoalResultView::personRow(const GoalPersonCandidateDTO& person) const {
           .effectiveOutcome =
               snapshot_.effectiveOutcome(GoalOutcomeSubjectKind::person, person.personRef),
           .identifierPrefix = identifierPrefix,
-          .onRecord = onRecordOutcome_,
+          .onRecord = callbacks_->onRecordOutcome,
       },
   };
 }
@@ -108,9 +107,9 @@ View GoalResultView::pathSection() const {
                       Text(verbatim(GoalWhyPresentation::text(path.why))).font(Font::subheadline),
 
                       Button("See in Starfold",
-                             [view = *this, path] {
+                             [view = *this, &path] {
                                MainActor::assertIsolated("GoalResultView.seeInStarfold");
-                               view.onFocusPathInStarfold_(path);
+                               view.callbacks_->onFocusPathInStarfold(path);
                              })
                           .font(Font::caption)
                           .accessibilityIdentifier("vemra.goal.path.see-in-starfold"),
@@ -121,7 +120,7 @@ View GoalResultView::pathSection() const {
                           .effectiveOutcome =
                               snapshot_.effectiveOutcome(GoalOutcomeSubjectKind::path, subjectRef),
                           .identifierPrefix = "vemra.goal.path",
-                          .onRecord = onRecordOutcome_,
+                          .onRecord = callbacks_->onRecordOutcome,
                       },
                   });
   };

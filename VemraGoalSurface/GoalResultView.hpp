@@ -5,6 +5,7 @@
 #include "VemraPlatform/ui/View.hpp"
 
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace vemra {
@@ -42,6 +43,10 @@ class GoalResultView {
                  OnShowEvidence onShowEvidence, OnFocusPath onFocusPathInStarfold,
                  OnRecordOutcome onRecordOutcome);
 
+  // Declared so that there are no moves: what a view is moved from stays a whole view.
+  GoalResultView(const GoalResultView&) = default;
+  GoalResultView& operator=(const GoalResultView&) = default;
+
   /// The screen, from top to bottom. The environment decides how the date in the footer is written.
   ui::View body(const ui::Environment& environment) const;
 
@@ -52,11 +57,17 @@ class GoalResultView {
   ui::View coverageFooter(const ui::Environment& environment) const;
   std::string coverageText(const ui::Environment& environment) const;
 
+  struct Callbacks {
+    OnOpenPerson onOpenPerson;
+    OnShowEvidence onShowEvidence;
+    OnFocusPath onFocusPathInStarfold;
+    OnRecordOutcome onRecordOutcome;
+  };
+
+  // Both are shared by all copies, so that every action of every row can hold the whole view, and
+  // refer to the records in its snapshot, for the price of two reference counts.
   GoalResultSnapshotV1 snapshot_;
-  OnOpenPerson onOpenPerson_;
-  OnShowEvidence onShowEvidence_;
-  OnFocusPath onFocusPathInStarfold_;
-  OnRecordOutcome onRecordOutcome_;
+  std::shared_ptr<const Callbacks> callbacks_;  // never null
 };
 
 }  // namespace vemra

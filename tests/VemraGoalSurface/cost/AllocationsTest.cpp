@@ -1,0 +1,110 @@
+#include "VemraPlatform/ui/ViewGraph.hpp"
+#include "tests/VemraGoalSurface/SampleScreen.hpp"
+#include "tests/VemraGoalSurface/cost/Allocations.hpp"
+
+#include <memory>
+#include <string>
+
+#include <gtest/gtest.h>
+
+// What scrolling costs, in allocations: a number that is the same on every machine, where a time is
+// not. The bounds leave room for another standard library, and none for a step that copies the
+// host's callbacks or a person for every modifier or button.
+
+namespace vemra::screentest {
+
+namespace {
+
+constexpr std::size_t rowCount = 100;
+
+/// Asks for windows of rows and shows them nowhere.
+class Nowhere final : public ui::Renderer {
+ public:
+  ui::RowDemand rowDemand() const override { return ui::RowDemand::onRequest; }
+  void apply(const std::vector<ui::Patch>&) override {}
+};
+
+/// People whose texts are too long to be held without an allocation, and callbacks likewise.
+GoalResultView longScreen() {
+  Result result = ordinaryResult();
+  std::vector<GoalPersonCandidateDTO> people;
+  for (std::size_t i = 0; i < rowCount; ++i) {
+    const std::string number = std::to_string(i);
+    people.push_back(person("a-reference-to-a-person-" + number,
+                            "Somebody with a long name " + number,
+                            {"an-identifier-of-evidence-" + number}));
+  }
+  result.people = people;
+  const auto host = std::make_shared<std::string>("host");
+  return GoalResultView(
+      GoalResultSnapshotV1(result), [host](const std::string&) {}, [host](const std::string&) {},
+      [host](const GoalPathCandidateDTO&) {}, [host](const GoalOutcomeRecordingInput&) {});
+}
+
+const ui::Node* listBelow(const ui::Node* node) {
+  if (node->element.kind() == ui::ElementKind::forEach) return node;
+  for (const ui::Node* child : node->children) {
+    if (const ui::Node* list = listBelow(child)) return list;
+  }
+  return nullptr;
+}
+
+class AllocationsTest : public ::testing::Test {
+ protected:
+  AllocationsTest() {
+    graph.attach(nowhere);
+    graph.setRoot(screen);
+  }
+
+  const ui::Node& list() { return *listBelow(graph.root()); }
+  /// How many allocations `act` makes for each row.
+  template <class Act>
+  static double perRow(std::size_t rows, const Act& act) {
+    const std::size_t before = allocationsSoFar();
+    act();
+    return static_cast<double>(allocationsSoFar() - before) / static_cast<double>(rows);
+  }
+
+  const GoalResultView screen = longScreen();
+  Nowhere nowhere;
+  ui::ViewGraph graph;
+};
+
+}  // namespace
+
+TEST_F(AllocationsTest, OfDescribingAPerson) {
+  const ui::View view = list().element.view();
+  const auto& rows = *std::get<ui::ForEachContent>(view.description().content).rows;
+  const double made = perRow(rowCount, [&] {
+    for (std::size_t i = 0; i < rowCount; ++i) rows.row(i);
+  });
+  RecordProperty("perRow", std::to_string(made));
+  EXPECT_GT(made, 5) << "they are counted";
+  EXPECT_LE(made, 30);
+}
+
+TEST_F(AllocationsTest, OfShowingAPerson) {
+  const double made = perRow(rowCount, [&] { graph.showRows(list().id, {{0, rowCount}}); });
+  RecordProperty("perRow", std::to_string(made));
+  EXPECT_LE(made, 65);
+}
+
+TEST_F(AllocationsTest, OfANewSnapshotForThoseShown) {
+  graph.showRows(list().id, {{0, rowCount}});
+  const double made = perRow(rowCount, [&] { graph.setRoot(screen); });
+  RecordProperty("perRow", std::to_string(made));
+  EXPECT_LE(made, 40);
+}
+
+TEST_F(AllocationsTest, OfScrollingByARow) {
+  constexpr std::size_t shown = 20;
+  constexpr std::size_t steps = rowCount - shown;
+  graph.showRows(list().id, {{0, shown}});
+  const double made = perRow(steps, [&] {
+    for (std::size_t i = 1; i <= steps; ++i) graph.showRows(list().id, {{i, i + shown}});
+  });
+  RecordProperty("perRow", std::to_string(made));
+  EXPECT_LE(made, 95) << "whatever stays is not made again";
+}
+
+}  // namespace vemra::screentest
