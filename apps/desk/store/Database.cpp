@@ -5,8 +5,10 @@
 
 #include <cerrno>
 #include <cstring>
+#include <exception>
 #include <fcntl.h>
 #include <filesystem>
+#include <new>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -61,6 +63,8 @@ std::string problem(int code, sqlite3* connection) {
       return "is damaged";
     case SQLITE_FULL:
       return "cannot be changed: the disk is full";
+    case SQLITE_NOMEM:
+      return "needs more memory than there is";
     case SQLITE_TOOBIG:
       return "cannot hold a text as long as that";
     default:
@@ -70,14 +74,25 @@ std::string problem(int code, sqlite3* connection) {
 }
 
 /// same_text(a, b): whether two texts are canonically equivalent; nil is the same as nothing.
-void sameText(sqlite3_context* context, int, sqlite3_value** values) {
+///
+/// SQLite calls it from C, which nothing may be thrown through: a failure becomes the statement's.
+void sameText(sqlite3_context* context, int, sqlite3_value** values) noexcept {
   const auto isNil = [&](int i) { return sqlite3_value_type(values[i]) == SQLITE_NULL; };
   const auto view = [&](int i) {
     const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(values[i]));
+    if (bytes == nullptr) throw std::bad_alloc();
     return std::string_view(bytes, static_cast<std::size_t>(sqlite3_value_bytes(values[i])));
   };
-  const bool same = !isNil(0) && !isNil(1) && text::equal(view(0), view(1));
-  sqlite3_result_int(context, same ? 1 : 0);
+  try {
+    const bool same = !isNil(0) && !isNil(1) && text::equal(view(0), view(1));
+    sqlite3_result_int(context, same ? 1 : 0);
+  } catch (const std::bad_alloc&) {
+    sqlite3_result_error_nomem(context);
+  } catch (const std::exception& error) {
+    sqlite3_result_error(context, error.what(), -1);
+  } catch (...) {
+    sqlite3_result_error(context, "two texts could not be compared", -1);
+  }
 }
 
 }  // namespace

@@ -1,0 +1,68 @@
+#include "apps/desk/store/GoalStore.hpp"
+#include "apps/desk/store/StoreError.hpp"
+#include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/TemporaryFolder.hpp"
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Blocks of at least so many bytes are refused.
+std::atomic<std::size_t> refusedFrom{SIZE_MAX};
+
+}  // namespace
+
+// Not inline: g++ 12 would take the halves of a pair apart and warn that they do not match.
+[[gnu::noinline]] void* operator new(std::size_t size) {
+  void* const block = size < refusedFrom ? std::malloc(size) : nullptr;
+  if (block == nullptr) throw std::bad_alloc();
+  return block;
+}
+[[gnu::noinline]] void operator delete(void* block) noexcept {
+  std::free(block);
+}
+[[gnu::noinline]] void operator delete(void* block, std::size_t) noexcept {
+  std::free(block);
+}
+
+namespace vemra::desk {
+namespace {
+
+std::string repeated(std::string_view piece, int count) {
+  std::string text;
+  for (int i = 0; i < count; ++i) text += piece;
+  return text;
+}
+
+TEST(MemoryTest, TextsThatCannotBeComparedFailTheQuestionAndNothingElse) {
+  const TemporaryFolder folder;
+  const std::string file = folder.file("goals.sqlite");
+  // Comparing takes the texts apart, four bytes a character; everything else is smaller.
+  const std::string composed = repeated("\u00e9", 50'000);
+  const std::string decomposed = repeated("e\u0301", 50'000);
+  GoalStore store = GoalStore::open(file);
+  store.import({goal(composed, "Found")});
+
+  refusedFrom = 300'000;
+  std::string said = "nothing was thrown";
+  try {
+    store.result(decomposed);
+  } catch (const StoreError& error) {
+    said = error.what();
+  } catch (const std::bad_alloc&) {
+    said = "an exception came through SQLite";
+  }
+  refusedFrom = SIZE_MAX;
+
+  EXPECT_EQ(said, file + ": needs more memory than there is");
+  EXPECT_EQ(store.result(decomposed).goal.title, "Found");
+  store.import({goal(decomposed, "Replaced")});
+  EXPECT_EQ(store.goals().size(), 1u);
+}
+
+}  // namespace
+}  // namespace vemra::desk
