@@ -3,15 +3,9 @@
 #include "VemraPlatform/text/Equality.hpp"
 #include "apps/desk/store/StoreError.hpp"
 
-#include <cerrno>
 #include <cstring>
 #include <exception>
-#include <fcntl.h>
-#include <filesystem>
 #include <new>
-#include <sys/stat.h>
-#include <system_error>
-#include <unistd.h>
 
 #include <sqlite3.h>
 
@@ -20,34 +14,6 @@ namespace {
 
 constexpr int patienceInMilliseconds =
     static_cast<int>(std::chrono::milliseconds(Database::patience).count());
-
-/// SQLite gives ":memory:" and "" a meaning of their own; an absolute path is always a file.
-std::string absolutePath(const std::string& file) {
-  if (file.empty()) throw StoreError("\"\"", "is not the name of a file");
-  if (file.find('\0') != std::string::npos) throw StoreError(file, "is not the name of a file");
-  std::error_code error;
-  const std::filesystem::path path = std::filesystem::absolute(file, error);
-  if (error) throw StoreError(file, "cannot be opened: " + error.message());
-  return path.string();
-}
-
-/// Makes sure that there is a file, and that it is one: opening a pipe would wait for ever.
-void prepareFile(const std::string& file, const std::string& path, Database::Opening opening) {
-  if (opening == Database::Opening::orCreate) {
-    // Only a file that was not there is opened and closed here: closing one that SQLite has open
-    // elsewhere in this process would drop its locks.
-    const int made = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-    if (made >= 0) ::close(made);
-    if (made < 0 && errno != EEXIST) {
-      throw StoreError(file, std::string("cannot be made: ") + std::strerror(errno));
-    }
-  }
-  struct stat status {};
-  if (::stat(path.c_str(), &status) != 0) {
-    throw StoreError(file, std::string("cannot be opened: ") + std::strerror(errno));
-  }
-  if (!S_ISREG(status.st_mode)) throw StoreError(file, "cannot be opened: not a file");
-}
 
 std::string problem(int code, sqlite3* connection) {
   const int systemError = connection != nullptr ? sqlite3_system_errno(connection) : 0;
@@ -58,7 +24,8 @@ std::string problem(int code, sqlite3* connection) {
       return std::string("cannot be opened: ") +
              (systemError != 0 ? std::strerror(systemError) : "its folder may be read-only");
     case SQLITE_READONLY:
-      return "is read-only";
+      return code == SQLITE_READONLY_DIRECTORY ? "cannot be changed: its folder is read-only"
+                                               : "is read-only";
     case SQLITE_CORRUPT:
       return "is damaged";
     case SQLITE_FULL:
@@ -101,12 +68,11 @@ void Database::Close::operator()(sqlite3* connection) const {
   sqlite3_close_v2(connection);
 }
 
-Database::Database(const std::string& file, Opening opening) : file_(file) {
-  const std::string path = absolutePath(file);
-  prepareFile(file, path, opening);
+Database::Database(const std::string& file, Opening opening) : file_(file, opening) {
   sqlite3* connection = nullptr;
-  const int code = sqlite3_open_v2(path.c_str(), &connection,
-                                   SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int manner = file_.isAtRest() ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+  const int code = sqlite3_open_v2(file_.uri().c_str(), &connection,
+                                   manner | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX, nullptr);
   connection_.reset(connection);
   if (code != SQLITE_OK) fail(code);
   sqlite3_extended_result_codes(connection, 1);
@@ -128,8 +94,8 @@ std::int64_t Database::number(const char* sql) {
 }
 
 void Database::fail(int code) {
-  if ((code & 0xFF) == SQLITE_BUSY) throw StoreBusy(file_);
-  throw StoreError(file_, problem(code, handle()));
+  if ((code & 0xFF) == SQLITE_BUSY) throw StoreBusy(file());
+  throw StoreError(file(), problem(code, handle()));
 }
 
 void Statement::Finalize::operator()(sqlite3_stmt* statement) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apps/desk/store/DatabaseFile.hpp"
+
 #include <chrono>
 #include <cstdint>
 #include <memory>
@@ -18,21 +20,23 @@ namespace vemra::desk {
 /// statements, is a `StoreError` that names the file. To be used by one thread at a time.
 class Database {
  public:
-  enum class Opening { existing, orCreate };
+  using Opening = DatabaseFile::Opening;
 
   static constexpr std::chrono::seconds patience{10};
 
-  /// Opens the file. Nothing in it is looked at yet, so what is no database is noticed later. A
-  /// file that is made is readable by its owner alone.
+  /// Opens the file. Nothing in it is looked at yet, so what is no database is noticed later.
   Database(const std::string& file, Opening opening);
 
-  const std::string& file() const { return file_; }
+  const std::string& file() const { return file_.name(); }
 
   /// Runs statements that give no rows and take no values.
   void run(const char* sql);
 
   /// The one number that a query gives.
   std::int64_t number(const char* sql);
+
+  /// After reading: makes sure that it was one state of the file, or throws a `StoreError`.
+  void confirm() const { file_.confirm(); }
 
   /// The last failure of this connection as a `StoreError`.
   [[noreturn]] void fail(int code);
@@ -44,7 +48,7 @@ class Database {
     void operator()(sqlite3* connection) const;
   };
 
-  std::string file_;
+  DatabaseFile file_;
   std::unique_ptr<sqlite3, Close> connection_;
 };
 

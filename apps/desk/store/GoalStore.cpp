@@ -67,6 +67,7 @@ std::vector<GoalListing> GoalStore::goals() {
   std::vector<GoalListing> goals;
   row.query();
   while (row.next()) goals.push_back({row.text(0), row.text(1)});
+  database_.confirm();
   return goals;
 }
 
@@ -79,12 +80,15 @@ GetGoalSnapshotResponse GoalStore::result(const std::string& goalID) {
   const std::int64_t goal = findOrThrow(goalID);
   GetGoalSnapshotResponse result = readResultRows(database_, goal);
   result.outcomes = readOutcomes(database_, goal);
+  database_.confirm();
   return result;
 }
 
 SharedArray<GoalOutcomeDTO> GoalStore::outcomes(const std::string& goalID) {
   const Transaction transaction(database_, reading);
-  return readOutcomes(database_, findOrThrow(goalID));
+  SharedArray<GoalOutcomeDTO> outcomes = readOutcomes(database_, findOrThrow(goalID));
+  database_.confirm();
+  return outcomes;
 }
 
 std::vector<LeftOutOutcome> GoalStore::import(const std::vector<GetGoalSnapshotResponse>& results) {

@@ -39,8 +39,8 @@ class GoalStore {
   /// Opens a store for reading and writing. A file that is not there is made, its folder is not.
   static GoalStore open(const std::string& file);
 
-  /// Opens a store to read from it, changing nothing. None when there is no such file: nothing has
-  /// been stored there yet. Its folder must be there.
+  /// Opens a store to read from it, changing nothing; it may be read-only. None when there is no
+  /// such file: nothing has been stored there yet. Its folder must be there.
   static std::optional<GoalStore> openExisting(const std::string& file);
 
   const std::string& file() const { return database_.file(); }

@@ -130,6 +130,37 @@ TEST_F(ErrorsTest, AStoreThatMayNotBeWritten) {
   expectRefused(list, store + ": cannot be opened: Permission denied\n");
 }
 
+TEST_F(ErrorsTest, AStoreInAFolderThatMayNotBeWritten) {
+  outputOf({"import", "--store", store, document("a.json", goal("g1", "t"))});
+  const std::string b = document("b.json", goal("g2", "t"));
+  namespace fs = std::filesystem;
+  fs::permissions(store, fs::perms(0666));
+  fs::permissions(folder.path(), fs::perms(0555));
+  Invocation import = commandLine({"import", "--store", store, b});
+  import.rights = Rights::ofNobody;
+  expectRefused(import, store + ": cannot be changed: its folder is read-only\n");
+  fs::permissions(store, fs::perms(0444));
+  expectRefused(import, store + ": is read-only\n");
+
+  const std::vector<std::pair<std::vector<std::string>, std::string>> readings = {
+      {{"goals", "--store", store}, "g1\tt\n"},
+      {{"outcomes", "--store", store, "--goal", "g1"},
+       outputOf({"outcomes", "--store", store, "--goal", "g1"})},
+      {{"export", "--store", store, "--goal", "g1"},
+       TemporaryFolder::readFile(folder.file("a.json"))}};
+  const auto before = everything();
+  for (const auto& [arguments, output] : readings) {
+    Invocation reading = commandLine(arguments);
+    reading.rights = Rights::ofNobody;
+    const Ending ending = run(reading);
+    EXPECT_EQ(ending.exitCode, 0) << arguments[0];
+    EXPECT_EQ(ending.output, output) << arguments[0];
+    EXPECT_EQ(ending.diagnostics, "") << arguments[0];
+  }
+  EXPECT_EQ(everything(), before);
+  fs::permissions(folder.path(), fs::perms(0755));
+}
+
 TEST_F(ErrorsTest, ADamagedStoreSaysSoAndGivesNothing) {
   auto big = goal("g1", "t");
   big.people = std::vector<GoalPersonCandidateDTO>(5000, big.people[0]);
