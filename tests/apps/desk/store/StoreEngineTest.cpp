@@ -5,8 +5,9 @@
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/TemporaryFolder.hpp"
 
-#include <atomic>
+#include <chrono>
 #include <future>
+#include <set>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -77,16 +78,19 @@ TEST_F(StoreEngineTest, CarriesOutInTheOrderOfStarting) {
   for (std::size_t i = 0; i < 50; ++i) EXPECT_EQ(outcomes[i].note, std::to_string(i));
 }
 
-TEST_F(StoreEngineTest, MayGoWhileATaskRuns) {
+TEST_F(StoreEngineTest, MayGoWhileATaskRunsAndTakesItsThreadAlong) {
   for (int i = 0; i < 50; ++i) {
-    std::promise<std::string> title;
+    std::promise<std::string> title;  // kept when the thread has come to its very end
+    auto ended = title.get_future();
     auto shortLived = std::make_shared<StoreEngine>(file);
     task::start(GoalResultProjectionReader::makeSnapshot(shortLived, "g2"),
                 [&](task::Result<GoalResultSnapshotV1> result) {
-                  title.set_value(std::move(result).take().goal().title);
+                  title.set_value_at_thread_exit(std::move(result).take().goal().title);
                 });
     shortLived.reset();  // the task may be the last owner, and end on the engine's thread
-    EXPECT_EQ(title.get_future().get(), "Two");
+    ASSERT_EQ(ended.wait_for(std::chrono::seconds(30)), std::future_status::ready)
+        << "the thread outlives its engine";
+    EXPECT_EQ(ended.get(), "Two");
   }
 }
 
