@@ -130,6 +130,18 @@ TEST_F(OutcomeEditor, enablesSaveForSomethingElseWithAnyCharacterThatIsNotBlank)
   }
 }
 
+// The button is the only guard: what it does when it is asked all the same is to save.
+TEST_F(OutcomeEditor, doesNotTestAgainWhenItSaves) {
+  Screen& screen = openFirst();
+  screen.select(picker, "somethingElse");
+  screen.type(note, " ");
+  const ui::View button = screen.get(save).element.view();
+  ASSERT_FALSE(screen.isEnabled(save));
+  std::get<ui::ButtonContent>(button.description().content).action();
+  EXPECT_THAT(calls_.log, ElementsAre("record person \"p1\" somethingElse note=nil corrects=nil"));
+  EXPECT_FALSE(screen.has(save)) << "the editor closes";
+}
+
 TEST_F(OutcomeEditor, savesEveryOtherValueWithAnEmptyNote) {
   for (Value value : allGoalOutcomeValues) {
     if (value == Value::somethingElse) continue;
