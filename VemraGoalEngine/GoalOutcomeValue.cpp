@@ -34,18 +34,4 @@ std::string_view caseName(GoalOutcomeSubjectKind kind) {
   return "";
 }
 
-std::optional<GoalOutcomeValue> goalOutcomeValueNamed(std::string_view name) {
-  for (GoalOutcomeValue value : allGoalOutcomeValues) {
-    if (caseName(value) == name) return value;
-  }
-  return std::nullopt;
-}
-
-std::optional<GoalOutcomeSubjectKind> goalOutcomeSubjectKindNamed(std::string_view name) {
-  for (auto kind : {GoalOutcomeSubjectKind::person, GoalOutcomeSubjectKind::path}) {
-    if (caseName(kind) == name) return kind;
-  }
-  return std::nullopt;
-}
-
 }  // namespace vemra

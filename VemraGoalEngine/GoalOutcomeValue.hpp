@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
 #include <string_view>
 
 namespace vemra {
@@ -33,9 +32,5 @@ enum class GoalOutcomeSubjectKind : std::uint8_t { person, path };
 /// is no case.
 std::string_view caseName(GoalOutcomeValue value);
 std::string_view caseName(GoalOutcomeSubjectKind kind);
-
-/// The case of that exact name, or nil.
-std::optional<GoalOutcomeValue> goalOutcomeValueNamed(std::string_view name);
-std::optional<GoalOutcomeSubjectKind> goalOutcomeSubjectKindNamed(std::string_view name);
 
 }  // namespace vemra

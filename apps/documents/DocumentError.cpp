@@ -3,7 +3,6 @@
 #include "VemraPlatform/text/UTF8.hpp"
 
 #include <cstddef>
-#include <utility>
 
 namespace vemra::documents {
 namespace {
@@ -52,11 +51,9 @@ std::string replaced(std::string text, char what, std::string_view by) {
 
 }  // namespace
 
-DocumentError::DocumentError(std::string file, std::string pointer, std::string problem)
-    : std::runtime_error(line(file, pointer, problem)),
-      file_(std::move(file)),
-      pointer_(std::move(pointer)),
-      problem_(std::move(problem)) {}
+DocumentError::DocumentError(const std::string& file, const std::string& pointer,
+                             const std::string& problem)
+    : std::runtime_error(line(file, pointer, problem)) {}
 
 std::string shortened(std::string_view text) {
   return shortenedTo(longestValue, text);

@@ -14,16 +14,7 @@ namespace vemra::documents {
 class DocumentError : public std::runtime_error {
  public:
   /// `pointer` is a JSON pointer (RFC 6901), "" for the whole document.
-  DocumentError(std::string file, std::string pointer, std::string problem);
-
-  const std::string& file() const { return file_; }
-  const std::string& pointer() const { return pointer_; }
-  const std::string& problem() const { return problem_; }
-
- private:
-  std::string file_;
-  std::string pointer_;
-  std::string problem_;
+  DocumentError(const std::string& file, const std::string& pointer, const std::string& problem);
 };
 
 /// `text` on one line, for a message: control characters as `\u001b`, ill-formed bytes

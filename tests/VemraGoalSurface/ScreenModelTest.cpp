@@ -24,6 +24,11 @@ const std::vector<model::Note> notes{
     {"", std::nullopt}, {"  ", std::nullopt},    {"\u00A0\u2003", std::nullopt},
     {"met", "met"},     {" met <b>", "met <b>"}, {"two  words ", "two  words"}};
 
+GoalOutcomeValue valueNamed(std::string_view name) {
+  return *std::ranges::find(allGoalOutcomeValues, name,
+                            [](GoalOutcomeValue value) { return caseName(value); });
+}
+
 /// One random story, told to the screen and to the model at once.
 class Story {
  public:
@@ -130,11 +135,10 @@ class Story {
     }
     std::vector<GoalOutcomeDTO> outcomes;
     for (const model::Record& record : world_.records) {
-      outcomes.push_back(
-          outcome(record.id, record.isPath ? SubjectKind::path : SubjectKind::person,
-                  record.reference ? OptionalText(bytes(*record.reference)) : std::nullopt,
-                  *goalOutcomeValueNamed(model::valueNames[record.value].code), record.note,
-                  record.correctsID));
+      outcomes.push_back(outcome(
+          record.id, record.isPath ? SubjectKind::path : SubjectKind::person,
+          record.reference ? OptionalText(bytes(*record.reference)) : std::nullopt,
+          valueNamed(model::valueNames[record.value].code), record.note, record.correctsID));
     }
     result.people = people;
     result.paths = paths;

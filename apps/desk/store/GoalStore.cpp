@@ -176,7 +176,7 @@ std::string GoalStore::idOf(std::int64_t goal) {
 
 std::int64_t GoalStore::findOrThrow(const std::string& goalID) {
   const std::optional<std::int64_t> goal = find(goalID);
-  if (!goal) throw UnknownGoal(file(), goalID);
+  if (!goal) throw UnknownGoal(database_.file(), goalID);
   return *goal;
 }
 

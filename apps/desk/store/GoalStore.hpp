@@ -43,8 +43,6 @@ class GoalStore {
   /// such file: nothing has been stored there yet. Its folder must be there.
   static std::optional<GoalStore> openExisting(const std::string& file);
 
-  const std::string& file() const { return database_.file(); }
-
   /// All goals, in the order in which they came.
   std::vector<GoalListing> goals();
 

@@ -5,7 +5,7 @@
 namespace vemra::desk {
 
 StoreError::StoreError(const std::string& file, const std::string& problem)
-    : std::runtime_error(file + ": " + problem), file_(file) {}
+    : std::runtime_error(file + ": " + problem) {}
 
 StoreBusy::StoreBusy(const std::string& file)
     : StoreError(file, "is in use by another program that does not let go of it") {}

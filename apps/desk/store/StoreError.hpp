@@ -11,11 +11,6 @@ namespace vemra::desk {
 class StoreError : public std::runtime_error {
  public:
   StoreError(const std::string& file, const std::string& problem);
-
-  const std::string& file() const { return file_; }
-
- private:
-  std::string file_;
 };
 
 /// Another process keeps the store to itself.

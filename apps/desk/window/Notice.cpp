@@ -43,8 +43,4 @@ void Notice::show(const QString& text, std::function<void()> again) {
   QAccessible::updateAccessibility(&alert);
 }
 
-QString Notice::text() const {
-  return label_->text();
-}
-
 }  // namespace vemra::desk

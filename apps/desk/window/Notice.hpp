@@ -18,7 +18,6 @@ class Notice : public QFrame {
 
   /// Shows a failure. With `again` it offers to try again.
   void show(const QString& text, std::function<void()> again = nullptr);
-  QString text() const;
 
  private:
   QLabel* label_;
