@@ -1,10 +1,41 @@
 #include "apps/inspect/Options.hpp"
 
+#include <algorithm>
 #include <sstream>
+#include <vector>
 
 #include <CLI/CLI.hpp>
 
 namespace vemra::inspect {
+
+namespace {
+
+/// The arguments in reverse, as the parser wants them. It would take `--png=` for an option whose
+/// value comes next; to the user it is an empty value.
+std::vector<std::string> reversed(int argumentCount, const char* const* arguments) {
+  std::vector<std::string> reversed(arguments + std::min(argumentCount, 1),
+                                    arguments + argumentCount);
+  const auto end = std::ranges::find(reversed, "--");
+  // The parser would take some values of a flag, and `--trace=0` for one that is not there.
+  for (const std::string flag : {"--trace", "--outline"}) {
+    for (auto argument = reversed.begin(); argument != end; ++argument) {
+      if (argument->starts_with(flag + '=')) throw CLI::ValidationError(flag, "takes no value");
+    }
+  }
+  const auto picture = std::find(reversed.begin(), end, "--png");
+  if (picture != end && picture + 1 != reversed.end() && picture[1].starts_with("--")) {
+    throw CLI::ValidationError("--png", "the name of its FILE is missing before " + picture[1]);
+  }
+  const auto empty = std::find(reversed.begin(), end, "--png=");
+  if (empty != end) {
+    *empty = "--png";
+    reversed.insert(empty + 1, "");
+  }
+  std::ranges::reverse(reversed);
+  return reversed;
+}
+
+}  // namespace
 
 std::variant<Options, Farewell> readOptions(int argumentCount, const char* const* arguments,
                                             Pictures pictures) {
@@ -19,7 +50,10 @@ std::variant<Options, Farewell> readOptions(int argumentCount, const char* const
       app.add_option("--png", png, "Draw the screen after the last step to a picture")
           ->type_name("FILE");
   try {
-    app.parse(argumentCount, arguments);
+    app.parse(reversed(argumentCount, arguments));
+    if (*picture && (png.empty() || png == "-")) {
+      throw CLI::ValidationError("--png", "a picture wants a file; standard output has the report");
+    }
     if (*picture && pictures == Pictures::notDrawn) {
       throw CLI::ValidationError("--png", "this build has no window and draws no pictures");
     }

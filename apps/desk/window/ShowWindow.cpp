@@ -28,7 +28,7 @@ bool hasDisplay() {
 /// Passes on what the toolkit has to say, but for a remark about the user's environment that
 /// nothing in this program could heed.
 void passOn(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-  if (text.startsWith("QStandardPaths: XDG_RUNTIME_DIR not set")) return;
+  if (text.startsWith("QStandardPaths: ")) return;
   toolkitHandler(type, context, text);
 }
 

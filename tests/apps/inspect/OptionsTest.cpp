@@ -41,21 +41,60 @@ TEST(OptionsTest, takesAFileThatLooksLikeAnOptionBehindTwoDashes) {
   EXPECT_EQ(std::get<Options>(read({"--", "--trace"})).file, "--trace");
 }
 
+TEST(OptionsTest, takesAFlagGivenTwiceForGivenOnce) {
+  const auto options =
+      std::get<Options>(read({"--trace", "a.json", "--trace", "--outline", "--outline"}));
+  EXPECT_TRUE(options.trace);
+  EXPECT_TRUE(options.outline);
+}
+
+TEST(OptionsTest, takesNamesAsTheyAre) {
+  for (const char* name : {"[a].json", "a=b", "a b", "é", "%{x}", "\"q\"", "'q'", "{}"}) {
+    const auto options = std::get<Options>(read({name, "--png", name}));
+    EXPECT_EQ(options.file, name);
+    EXPECT_EQ(options.png, name);
+  }
+  EXPECT_EQ(std::get<Options>(read({"--png", "./-", "--", "--png="})).file, "--png=");
+}
+
 TEST(OptionsTest, refusesOtherCommandLines) {
-  for (const auto& arguments : std::vector<std::vector<const char*>>{{},
-                                                                     {"--trace"},
-                                                                     {"a.json", "b.json"},
-                                                                     {"-", "-"},
-                                                                     {"a.json", "--png"},
-                                                                     {"a.json", "--colour"},
-                                                                     {"a.json", "-x"},
-                                                                     {"a.json", "--trace=maybe"}}) {
+  const std::pair<std::vector<const char*>, const char*> lines[] = {
+      {{}, "CASE"},
+      {{"--trace"}, "CASE"},
+      {{"a.json", "b.json"}, "b.json"},
+      {{"-", "-"}, "-"},
+      {{"a.json", "--colour"}, "--colour"},
+      {{"a.json", "-x"}, "-x"},
+      {{"a.json", "-trace"}, "-trace"},
+      {{"a.json", "--Trace"}, "--Trace"},
+      {{"a.json", "--trac"}, "--trac"},
+      {{"a.json", "---trace"}, "---trace"},
+      {{"a.json", "--trace=1"}, "--trace"},
+      {{"a.json", "--trace=0"}, "--trace"},
+      {{"a.json", "--trace=true"}, "--trace"},
+      {{"a.json", "--trace=false"}, "--trace"},
+      {{"a.json", "--trace=maybe"}, "--trace"},
+      {{"a.json", "--trace="}, "--trace"},
+      {{"a.json", "--outline=1"}, "--outline"},
+      {{"a.json", "--outline=x"}, "--outline"},
+      {{"a.json", "--png"}, "--png"},
+      {{"a.json", "--png", "--trace"}, "--png"},
+      {{"--png", "a.json"}, "CASE"},
+      {{"a.json", "--png", ""}, "--png"},
+      {{"a.json", "--png="}, "--png"},
+      {{"--png=", "a.json"}, "--png"},
+      {{"a.json", "--png", "-"}, "--png"},
+      {{"a.json", "--png", "a.png", "--png", "b.png"}, "--png"},
+      {{"a.json", "--png=a.png", "--png", "a.png"}, "--png"},
+  };
+  for (const auto& [arguments, named] : lines) {
     const auto answer = read(arguments);
     ASSERT_TRUE(std::holds_alternative<Farewell>(answer)) << testing::PrintToString(arguments);
     const auto& farewell = std::get<Farewell>(answer);
-    EXPECT_EQ(farewell.exitCode, 2);
-    EXPECT_EQ(farewell.output, "");
-    EXPECT_NE(farewell.diagnostic, "");
+    EXPECT_EQ(farewell.exitCode, 2) << testing::PrintToString(arguments);
+    EXPECT_EQ(farewell.output, "") << testing::PrintToString(arguments);
+    EXPECT_NE(farewell.diagnostic.find(named), std::string::npos)
+        << testing::PrintToString(arguments) << ": " << farewell.diagnostic;
   }
 }
 

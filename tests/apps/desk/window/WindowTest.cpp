@@ -164,15 +164,22 @@ TEST_F(WindowTest, AGoalThatCannotBeLoadedIsSaid) {
 // The program itself, as a user starts it.
 TEST_F(WindowTest, TheProgramShowsItselfQuietly) {
   addSamples();
-  Invocation invocation{{"--store", file, "--goal", "sample-design-lead"}};
-  invocation.environment = {{"QT_QPA_PLATFORM", "offscreen"}};
-  Process process(vemraDesk, invocation);
-  QThread::msleep(1500);
-  process.kill(SIGTERM);
-  const Ending ending = process.wait();
-  EXPECT_EQ(ending.signal, SIGTERM) << "it must still have been running";
-  EXPECT_EQ(ending.output, "");
-  EXPECT_EQ(ending.diagnostics, "");
+  for (const char* runtimeFolder : {"", "/missing", folder.path().c_str()}) {
+    Invocation invocation{{"--store", file, "--goal", "sample-design-lead"}};
+    invocation.environment = {{"QT_QPA_PLATFORM", "offscreen"}};
+    if (*runtimeFolder == '\0') {
+      invocation.withoutVariables = {"XDG_RUNTIME_DIR"};
+    } else {
+      invocation.environment.emplace_back("XDG_RUNTIME_DIR", runtimeFolder);
+    }
+    Process process(vemraDesk, invocation);
+    QThread::msleep(1500);
+    process.kill(SIGTERM);
+    const Ending ending = process.wait();
+    EXPECT_EQ(ending.signal, SIGTERM) << "it must still have been running";
+    EXPECT_EQ(ending.output, "");
+    EXPECT_EQ(ending.diagnostics, "") << runtimeFolder;
+  }
 }
 
 TEST_F(WindowTest, TheProgramRefusesAGoalThatIsNotThere) {

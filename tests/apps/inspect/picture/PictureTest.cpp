@@ -53,6 +53,16 @@ TEST_F(PictureTest, needsNoDisplay) {
   EXPECT_EQ(ran.diagnostics, "");
 }
 
+TEST_F(PictureTest, isQuietWhateverTheEnvironmentLacks) {
+  file("nobodys", "");
+  for (const char* variables :
+       {"-u XDG_RUNTIME_DIR", "XDG_RUNTIME_DIR=/missing", "XDG_RUNTIME_DIR=nobodys", "-i"}) {
+    const Ran ran = run("- --png out.png", withSteps(oneOfEach, ""), variables);
+    EXPECT_EQ(ran.exitCode, 0) << variables;
+    EXPECT_EQ(ran.diagnostics, "") << variables;
+  }
+}
+
 TEST_F(PictureTest, saysWhenThePictureCannotBeWritten) {
   const Ran ran = draw("- --png missing/out.png", withSteps(oneOfEach, ""));
   EXPECT_EQ(ran.exitCode, 1);
