@@ -1,6 +1,6 @@
 #include "apps/desk/window/PathGraph.hpp"
 
-#include "VemraQt/Looks.hpp"
+#include "apps/desk/window/PlainText.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -73,7 +73,7 @@ void PathGraph::paintEvent(QPaintEvent*) {
   }
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  const QColor quiet = qt::Looks(font(), palette(), {}).text(ui::ForegroundStyle::tertiary);
+  const QColor quiet = inkOf(ui::ForegroundStyle::tertiary, palette());
   const QColor bright = palette().color(QPalette::Highlight);
   painter.setPen(QPen(quiet, 1.5));
   for (std::size_t i = 1; i < stars.size(); ++i) {

@@ -2,13 +2,48 @@
 
 #include "VemraQt/Looks.hpp"
 
+#include <QApplication>
+#include <QEvent>
 #include <QFont>
-#include <QPalette>
 
 namespace vemra::desk {
 
+namespace {
+
+/// A label in the quieter colour, which it keeps readable when the user's colours change.
+class QuietLabel : public QLabel {
+ public:
+  QuietLabel() { takeColour(); }
+
+ protected:
+  void changeEvent(QEvent* event) override {
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) takeColour();
+  }
+
+ private:
+  void takeColour() {
+    // What the palette says of text is the label's own by now; the user's is the application's.
+    const QColor quiet = inkOf(ui::ForegroundStyle::secondary, QApplication::palette());
+    if (palette().color(QPalette::WindowText) == quiet) return;
+    QPalette own = palette();
+    own.setColor(QPalette::WindowText, quiet);
+    own.setColor(QPalette::Text, quiet);  // taken on a ground of the page's colour
+    setPalette(own);
+  }
+};
+
+}  // namespace
+
+QColor inkOf(ui::ForegroundStyle style, const QPalette& palette) {
+  ui::Environment environment;
+  environment.colorScheme = qt::colorSchemeOf(palette);
+  return qt::Looks({}, palette, environment).text(style);
+}
+
 QLabel* makeLabel(const QString& text, TextRole role) {
-  auto* label = new QLabel;
+  const bool isQuiet = role == TextRole::quiet || role == TextRole::heading;
+  QLabel* label = isQuiet ? new QuietLabel : new QLabel;
   label->setTextFormat(Qt::PlainText);
   label->setText(text);
   label->setWordWrap(true);
@@ -34,14 +69,6 @@ QLabel* makeLabel(const QString& text, TextRole role) {
       break;
   }
   label->setFont(font);
-  if (role == TextRole::quiet || role == TextRole::heading) {
-    // The screen's own secondary level, so that both read as one window.
-    QPalette palette = label->palette();
-    const QColor quiet = qt::Looks(font, palette, {}).text(ui::ForegroundStyle::secondary);
-    palette.setColor(QPalette::WindowText, quiet);
-    palette.setColor(QPalette::Text, quiet);  // taken on a ground of the page's colour
-    label->setPalette(palette);
-  }
   return label;
 }
 

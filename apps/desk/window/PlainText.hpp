@@ -1,9 +1,13 @@
 #pragma once
 
+#include "VemraPlatform/ui/Font.hpp"
+
 #include <string>
 #include <string_view>
 
+#include <QColor>
 #include <QLabel>
+#include <QPalette>
 #include <QString>
 
 /// \file
@@ -17,6 +21,10 @@ inline QString fromUTF8(std::string_view text) {
 
 /// The roles of text in the panes.
 enum class TextRole { title, heading, strong, body, quiet };
+
+/// The colour of a level of text, as the screen has it under the same palette: both read as one
+/// window.
+QColor inkOf(ui::ForegroundStyle style, const QPalette& palette);
 
 /// A label with wrapped, literal text.
 QLabel* makeLabel(const QString& text, TextRole role);
