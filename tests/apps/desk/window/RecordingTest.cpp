@@ -3,11 +3,32 @@
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
-#include <QComboBox>
+#include <csignal>
+#include <sys/resource.h>
+
 #include <QLineEdit>
 
 namespace vemra::desk {
 namespace {
+
+/// No file of this process grows for a while, as on a disk that is full.
+class NoRoom {
+ public:
+  NoRoom() {
+    ::getrlimit(RLIMIT_FSIZE, &before_);
+    rlimit none = before_;
+    none.rlim_cur = 0;
+    std::signal(SIGXFSZ, SIG_IGN);
+    ::setrlimit(RLIMIT_FSIZE, &none);
+  }
+  ~NoRoom() {
+    ::setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, SIG_DFL);
+  }
+
+ private:
+  rlimit before_{};
+};
 
 class RecordingTest : public OpenDesk {
  protected:
@@ -18,6 +39,7 @@ class RecordingTest : public OpenDesk {
   }
 
   const std::string mai = "vemra.goal.person.nguyen-thi-mai";
+  const std::string tomas = "vemra.goal.person.tomas-lindqvist";
 };
 
 TEST_F(RecordingTest, AnOutcomeGoesThroughTheStoreBackToTheScreen) {
@@ -92,6 +114,72 @@ TEST_F(RecordingTest, AFailureIsShownAndCanBeTriedAgain) {
   ASSERT_NE(wait<QAbstractButton>(mai + ".outcome.correct"), nullptr);
   EXPECT_EQ(recorded().size(), 5u);
   EXPECT_FALSE(notice->isVisible());
+}
+
+TEST_F(RecordingTest, WhatCouldNotBeRecordedIsKeptThroughEveryFurtherFailure) {
+  open();
+  RawDatabase other(file);
+  ASSERT_EQ(other.run("CREATE TRIGGER refuse BEFORE INSERT ON outcomes "
+                      "BEGIN SELECT RAISE(ABORT, 'not now'); END"),
+            "");
+  const auto save = [&](const std::string& person, const char* note) {
+    press(person + ".outcome.start");
+    wait<QLineEdit>(person + ".outcome.note")->setText(note);
+    press(person + ".outcome.save");
+    EXPECT_NE(wait<QWidget>("desk.notice"), nullptr);
+  };
+  save(mai, "first");
+  press("desk.notice.again");
+  ASSERT_NE(wait<QWidget>("desk.notice"), nullptr) << "it fails once more";
+  press("desk.notice.dismiss");
+  save(tomas, "second");
+  EXPECT_EQ(recorded().size(), 4u);
+
+  ASSERT_EQ(other.run("DROP TRIGGER refuse"), "");
+  press("desk.notice.again");
+  ASSERT_NE(wait<QAbstractButton>(tomas + ".outcome.correct"), nullptr);
+  ASSERT_EQ(recorded().size(), 6u) << "the dismissed one too";
+  EXPECT_EQ(recorded()[4].note, "first");
+  EXPECT_EQ(recorded()[5].note, "second");
+  pass(100);
+  EXPECT_EQ(recorded().size(), 6u) << "each once";
+}
+
+TEST_F(RecordingTest, AStoreThatAnotherProgramKeepsIsTriedAgain) {
+  open();
+  wait<QAbstractButton>(mai + ".outcome.start");
+  RawDatabase other(file);
+  ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
+  press(mai + ".outcome.start");
+  press(mai + ".outcome.save");
+  ASSERT_NE(wait<QWidget>("desk.notice"), nullptr);
+  EXPECT_TRUE(shows("The outcome was not recorded. " + QString::fromStdString(file) +
+                        ": is in use by another program that does not let go of it",
+                    "desk.notice"))
+      << texts("desk.notice").join("\n").toStdString();
+  ASSERT_EQ(other.run("ROLLBACK"), "");
+  press("desk.notice.again");
+  ASSERT_NE(wait<QAbstractButton>(mai + ".outcome.correct"), nullptr);
+  EXPECT_EQ(recorded().size(), 5u);
+}
+
+TEST_F(RecordingTest, ADiskThatTakesNoMoreIsTriedAgain) {
+  open();
+  wait<QAbstractButton>(mai + ".outcome.start");
+  press(mai + ".outcome.start");
+  {
+    const NoRoom noRoom;
+    press(mai + ".outcome.save");
+    ASSERT_NE(wait<QWidget>("desk.notice"), nullptr);
+  }
+  EXPECT_TRUE(
+      texts("desk.notice")
+          .join(" ")
+          .contains("The outcome was not recorded. " + QString::fromStdString(file) + ": "));
+  EXPECT_EQ(recorded().size(), 4u);
+  press("desk.notice.again");
+  ASSERT_NE(wait<QAbstractButton>(mai + ".outcome.correct"), nullptr);
+  EXPECT_EQ(recorded().size(), 5u);
 }
 
 TEST_F(RecordingTest, WhatAnotherProcessImportsAppearsAndDoesNotDisturbTyping) {

@@ -126,6 +126,28 @@ TEST_F(WindowTest, TheSidePaneFollowsWhatIsRecorded) {
   EXPECT_TRUE(becomes([&] { return shows("Recorded", "desk.side"); }));
 }
 
+// Each time the answer is on its way when the reader has gone on.
+TEST_F(WindowTest, AnAnswerThatComesLateIsNotShown) {
+  addSamples();
+  open();
+  const auto side = [&] { return find<QWidget>("desk.side"); };
+  for (const char* asks :
+       {"vemra.goal.person.amara-okafor.show-source", "vemra.goal.path.see-in-starfold"}) {
+    wait<QAbstractButton>(asks);
+    press(asks);
+    find<QAbstractButton>("desk.goal.sample-sail-the-baltic")->click();
+    ASSERT_TRUE(becomes([&] { return shows("No source evidence yet."); }));
+    pass(200);
+    EXPECT_EQ(side(), nullptr) << asks << " was answered in another goal";
+    press("desk.goal.sample-design-lead");
+    ASSERT_TRUE(becomes([&] { return shows("People worth considering"); }));
+  }
+  pressTitled("Amara Okafor");
+  find<QAbstractButton>("desk.goal.sample-sail-the-baltic")->click();
+  pass(200);
+  EXPECT_EQ(side(), nullptr) << "the person was answered in another goal";
+}
+
 TEST_F(WindowTest, OddTextsAreShownLiterally) {
   auto odd = goal("<id>&", "<h1>Fish & chips</h1>\n[*]");
   odd.people = {{"p", "<i>&amp;</i> & Co", GoalWhyDTO::evidence("<b>", "&", "ev"), {"<ev>"}}};
