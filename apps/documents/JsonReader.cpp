@@ -2,7 +2,6 @@
 
 #include <cassert>
 #include <charconv>
-#include <set>
 #include <utility>
 
 namespace vemra::documents {
@@ -61,13 +60,11 @@ void JsonReader::object(std::initializer_list<Field> fields) {
 }
 
 void JsonReader::dictionary(const std::function<void(const std::string& key)>& readValue) {
-  std::set<std::string> seen;
   expectKind(JsonKind::object, "an object");
   members([&](std::string_view key) {
-    const auto [own, isNew] = seen.emplace(key);
-    if (!isNew) failAt(key, "each key once", inQuotes(key) + " again");
-    place_.enterKey(*own);
-    readValue(*own);
+    const std::string own(key);
+    place_.enterKey(own);
+    readValue(own);
     place_.leave();
   });
 }

@@ -52,7 +52,8 @@ class JsonReader {
   /// Reads an object with these keys and no others, in any order.
   void object(std::initializer_list<Field> fields);
 
-  /// Reads an object whose keys are data. `readValue` reads the value of the key it is given.
+  /// Reads an object whose keys are data. `readValue` reads the value of the key it is given; a key
+  /// given twice comes twice, for the caller to refuse.
   void dictionary(const std::function<void(const std::string& key)>& readValue);
 
   /// Reads an array; `readElement` reads one element.

@@ -26,7 +26,7 @@ struct Descriptor {
 
 [[noreturn]] void failToRead(const std::string& path, int error) {
   throw DocumentError(path, "",
-                      std::string("expected a file that can be read; found: ") + strerror(error));
+                      std::string("expected a file that can be read; found an error: ") + strerror(error));
 }
 
 }  // namespace

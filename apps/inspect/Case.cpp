@@ -24,11 +24,13 @@ std::string readKnown(JsonReader& in, bool (*isKnown)(std::string_view), const c
 
 std::shared_ptr<const ui::StringsTable> readStrings(JsonReader& in) {
   auto strings = std::make_shared<CaseStrings>();
-  in.dictionary([&](const std::string& key) {
-    if (!strings->add(key, in.string())) {
-      in.fail("keys that are not canonically equal", inQuotes(key) + " again");
-    }
-  });
+  in.dictionary([&](const std::string& key) { strings->add(key, in.string()); });
+  if (const auto repeated = strings->putInOrder()) {
+    in.failAt(repeated->second,
+              repeated->first == repeated->second ? "each key once"
+                                                  : "keys that are not canonically equal",
+              inQuotes(repeated->second) + " again");
+  }
   return strings;
 }
 

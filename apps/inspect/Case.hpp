@@ -4,6 +4,7 @@
 #include "VemraPlatform/ui/Environment.hpp"
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -49,7 +50,7 @@ struct Submit {
 
 /// The host hands in a new result.
 struct NewResult {
-  GetGoalSnapshotResponse result;
+  std::shared_ptr<const GetGoalSnapshotResponse> result;  ///< shared, to keep the other steps small
 };
 /// @}
 

@@ -23,7 +23,7 @@ StepResult Inspection::carryOut(const Step& step) {
     }
     void operator()(const Type& type) { screen.type(type.identifier, type.text); }
     void operator()(const Submit& submit) { screen.submit(submit.identifier); }
-    void operator()(const NewResult& handedIn) { screen.show(inspection.view(handedIn.result)); }
+    void operator()(const NewResult& handedIn) { screen.show(inspection.view(*handedIn.result)); }
   };
   try {
     std::visit(Act{*this, screen_}, step);

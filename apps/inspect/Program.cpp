@@ -63,7 +63,8 @@ int run(int argumentCount, const char* const* arguments, std::ostream& output,
     diagnostics << error.what() << '\n';
     return unusable;
   } catch (const std::bad_alloc&) {
-    diagnostics << options.file << ": too large for the memory of this machine\n";
+    diagnostics << options.file
+                << ": expected a document that fits into memory; found a larger one\n";
     return unusable;
   }
 }

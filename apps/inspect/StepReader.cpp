@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -21,7 +22,7 @@ struct Said {
   std::optional<Step> press;
   std::optional<std::string> select, type, submit, text;
   std::optional<GoalOutcomeValue> value;
-  std::optional<GetGoalSnapshotResponse> result;
+  std::shared_ptr<const GetGoalSnapshotResponse> result;
 };
 
 std::size_t readIndex(JsonReader& in) {
@@ -48,7 +49,7 @@ std::string_view readVerb(const JsonReader& in, const Said& said) {
       {"select", said.select.has_value()},
       {"type", said.type.has_value()},
       {"submit", said.submit.has_value()},
-      {"result", said.result.has_value()},
+      {"result", said.result != nullptr},
   }};
   std::string_view given;
   for (const auto& [verb, isGiven] : verbs) {
@@ -85,7 +86,10 @@ Step readStep(JsonReader& in) {
       {"type", optional, [&] { said.type = in.string(); }},
       {"text", optional, [&] { said.text = in.string(); }},
       {"submit", optional, [&] { said.submit = in.string(); }},
-      {"result", optional, [&] { said.result = documents::readResult(in); }},
+      {"result", optional,
+       [&] {
+         said.result = std::make_shared<const GetGoalSnapshotResponse>(documents::readResult(in));
+       }},
   });
   const std::string_view verb = readVerb(in, said);
   checkCompanion(in, "value", said.value.has_value(), "select", verb);
@@ -94,7 +98,7 @@ Step readStep(JsonReader& in) {
   if (said.select) return Select{*std::move(said.select), *said.value};
   if (said.type) return Type{*std::move(said.type), *std::move(said.text)};
   if (said.submit) return Submit{*std::move(said.submit)};
-  return NewResult{*std::move(said.result)};
+  return NewResult{std::move(said.result)};
 }
 
 }  // namespace vemra::inspect

@@ -131,13 +131,14 @@ TEST_F(SourceFileTest, readsAFile) {
 
 TEST_F(SourceFileTest, saysWhatIsWrongWithAFile) {
   EXPECT_EQ(error(folder_ + "/missing.json"),
-            "expected a file that can be read; found: No such file or directory");
-  EXPECT_EQ(error(folder_), "expected a file that can be read; found: Is a directory");
+            "expected a file that can be read; found an error: No such file or directory");
+  EXPECT_EQ(error(folder_), "expected a file that can be read; found an error: Is a directory");
   EXPECT_EQ(error(file("a", "") + "/b"),
-            "expected a file that can be read; found: Not a directory");
+            "expected a file that can be read; found an error: Not a directory");
   EXPECT_EQ(error(file("empty.json", "")),
             "line 1, column 1: expected an object; found the end of the file");
-  EXPECT_EQ(error(""), "expected a file that can be read; found: No such file or directory");
+  EXPECT_EQ(error(""),
+            "expected a file that can be read; found an error: No such file or directory");
 }
 
 TEST_F(SourceFileTest, readsAPipeOfUnknownLength) {

@@ -137,7 +137,7 @@ TEST(StepTest, readsEveryForm) {
   EXPECT_EQ(std::get<Type>(steps[5]).text, " a\n b ");
   EXPECT_EQ(std::get<Type>(steps[6]).text, "");
   EXPECT_EQ(std::get<Submit>(steps[7]).identifier, "d");
-  EXPECT_EQ(std::get<NewResult>(steps[8]).result.goal.id, "g1");
+  EXPECT_EQ(std::get<NewResult>(steps[8]).result->goal.id, "g1");
 }
 
 TEST(StepTest, refusesEveryOtherForm) {

@@ -1,0 +1,189 @@
+#include "CaseText.hpp"
+#include "Ran.hpp"
+
+#include <random>
+#include <sys/resource.h>
+
+#include <gmock/gmock.h>
+
+namespace vemra::inspect {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+using ::testing::Lt;
+using ::testing::SizeIs;
+using ::testing::StartsWith;
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr double secondsAllowed = 20;  // checked at every step
+#else
+constexpr double secondsAllowed = 1;
+#endif
+
+constexpr std::size_t fiftyMegabytes = 50'000'000;
+constexpr std::size_t deep = 100'000;
+
+double seconds(const timeval& time) {
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+}
+
+/// The processor time, of its own and of the system for it, that all ended children have taken.
+double childrensSeconds() {
+  rusage usage{};
+  ::getrusage(RUSAGE_CHILDREN, &usage);
+  return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+std::string repeated(std::string_view piece, std::size_t count) {
+  std::string text;
+  text.reserve(piece.size() * count);
+  for (std::size_t i = 0; i < count; ++i) text += piece;
+  return text;
+}
+
+/// A piece again and again, up to that many bytes.
+std::string filled(std::string_view piece, std::size_t bytes = fiftyMegabytes) {
+  return repeated(piece, bytes / piece.size());
+}
+
+/// What is malformed is refused with one short line in a second of processor time.
+class MalformedInputTest : public ProgramTest {
+ protected:
+  void expectRefusedFile(const std::string& name, const std::string& message) const {
+    const double before = childrensSeconds();
+    const Ran ran = run("'" + name + "'");
+    EXPECT_LT(childrensSeconds() - before, secondsAllowed) << message;
+    EXPECT_EQ(ran.exitCode, 2) << message;
+    EXPECT_EQ(ran.output, "") << message;
+    EXPECT_THAT(ran.diagnostics, AllOf(StartsWith(name + ": "), SizeIs(Lt(1000U)))) << message;
+    EXPECT_EQ(ran.diagnostics.find('\n'), ran.diagnostics.size() - 1) << "one line";
+    const std::size_t expected = ran.diagnostics.find("expected ");
+    EXPECT_NE(ran.diagnostics.find("; found ", expected), std::string::npos) << ran.diagnostics;
+    EXPECT_THAT(ran.diagnostics, HasSubstr(message));
+  }
+
+  void expectRefused(const std::string& text, const std::string& message) const {
+    file("case.json", text);
+    expectRefusedFile("case.json", message);
+  }
+};
+
+TEST_F(MalformedInputTest, noise) {
+  std::mt19937_64 random(50);
+  std::string bytes(fiftyMegabytes, '\0');
+  for (std::size_t i = 0; i + 8 <= bytes.size(); i += 8) {
+    const std::uint64_t word = random();
+    std::copy_n(reinterpret_cast<const char*>(&word), 8, bytes.begin() + static_cast<long>(i));
+  }
+  expectRefused(bytes, "line 1, column 1: expected an object");
+  expectRefused("{\"result\": {\"goal\": {\"id\": \"" + bytes, "/result/goal/id: line 1, column ");
+  expectRefused(std::string(fiftyMegabytes, ' '), "line 1, column 50000001: expected an object");
+  expectRefused(std::string(fiftyMegabytes, '\0'), "line 1, column 1: expected an object");
+  expectRefused('"' + filled("x") + '"', "expected an object; found \"xxx");
+}
+
+TEST_F(MalformedInputTest, whatLooksRightToItsEnd) {
+  const std::string goal = R"({"result": {"goal": {"id": "g", "title": "t"}, )";
+  expectRefused(goal + "\"people\": [" +
+                    filled(R"({"personRef": "p", "displayName": "Ada", "why": {"kind": )"
+                           R"("connection", "hopCount": 2}, "evidenceIDs": ["ev1"]}, )") +
+                    "{\"personRef\": 1}]}}",
+                "/personRef: expected a string; found 1");
+  expectRefused(
+      goal + "\"outcomes\": [" +
+          filled(R"({"id": "o", "subjectKind": "person", "value": "helped", "note": "n"}, )") +
+          "{}]}}",
+      ": expected the key \"id\"; found none");
+  expectRefused(caseOf(nothing, ", \"steps\": [" + filled(R"({"submit": "x.note"}, )") + "{}]"),
+                ": expected one of the keys press, select");
+  std::string strings;
+  for (int i = 0; strings.size() < fiftyMegabytes; ++i) {
+    strings += "\"a key é " + std::to_string(i) + "\": \"\", ";
+  }
+  expectRefused(caseOf(nothing, ", \"strings\": {" + strings + "\"a\": 1}"),
+                "/strings/a: expected a string; found 1");
+  expectRefused("{\"result\": {\"goal\": {\"id\": \"" + filled("\\u00e9") + "\\ud800\"",
+                "/result/goal/id: line 1, column ");
+  expectRefused("{\"" + filled("key "), "expected the end of the string");
+}
+
+TEST_F(MalformedInputTest, nesting) {
+  for (const char* bracket : {"[", "{\"result\": "}) {
+    for (const char* before :
+         {"", "{\"result\": ", "{\"steps\": [{\"press\": ", "{\"strings\": "}) {
+      expectRefused(before + repeated(bracket, deep), "expected ");
+    }
+  }
+  expectRefused(repeated("[", deep) + repeated("]", deep), "expected an object; found an array");
+  expectRefused(
+      caseOf(nothing, ", \"strings\": {\"a\": " + repeated("[", deep) + repeated("]", deep) + "}"),
+      "/strings/a: expected a string; found an array");
+}
+
+TEST_F(MalformedInputTest, keysGivenTwice) {
+  expectRefused(caseOf(nothing, ", \"result\": " + nothing),
+                "case.json: /result: expected each key once; found \"result\" again");
+  expectRefused(R"({"result": {"goal": {"id": "a", "id": "a"}}})",
+                "case.json: /result/goal/id: expected each key once; found \"id\" again");
+  expectRefused(caseOf(nothing, R"(, "strings": {"a": "", "b": "", "a": ""})"),
+                "case.json: /strings/a: expected each key once; found \"a\" again");
+  expectRefused(caseOf(nothing, ", \"strings\": {" + filled("\"a\": \"\", ") + "\"b\": \"\"}"),
+                "case.json: /strings/a: expected each key once; found \"a\" again");
+}
+
+TEST_F(MalformedInputTest, illFormedUTF8) {
+  const std::pair<const char*, const char*> pieces[] = {{"\xFF", "0xFF"},
+                                                        {"\x80", "0x80"},
+                                                        {"\xC0\xAF", "0xC0"},
+                                                        {"\xE2\x82", "0xE2"},
+                                                        {"\xED\xA0\x80", "0xED"},
+                                                        {"\xF5\x80", "0xF5"},
+                                                        {"\xF4\x90\x80\x80", "0xF4"}};
+  for (const auto& [bytes, named] : pieces) {
+    expectRefused(caseOf(R"({"goal": {"id": ")" + std::string(bytes) + "\"}}"),
+                  "case.json: /result/goal/id: line 1, column 29: expected UTF-8; found the byte " +
+                      std::string(named));
+    expectRefused(
+        bytes, "case.json: line 1, column 1: expected UTF-8; found the byte " + std::string(named));
+    expectRefused(caseOf(nothing) + bytes, ": expected UTF-8; found the byte ");
+  }
+  expectRefused("{\"result\": {\"goal\": {\"id\": \"" + filled("é") + "\xFF\"}}}",
+                "/result/goal/id: line 1, column 25000029: expected UTF-8; found the byte 0xFF");
+}
+
+TEST_F(MalformedInputTest, filesThatCannotBeRead) {
+  const std::string expected = ": expected a file that can be read; found an error: ";
+  expectRefusedFile("missing.json", "missing.json" + expected + "No such file or directory");
+  expectRefusedFile(".", "." + expected + "Is a directory");
+  expectRefusedFile("/proc/self/mem", expected);
+  file("empty.json", "");
+  expectRefusedFile("empty.json", "empty.json: line 1, column 1: expected an object");
+  expectRefusedFile("empty.json/case.json", expected + "Not a directory");
+}
+
+TEST_F(MalformedInputTest, aFileThatMayNotBeRead) {
+  file("closed.json", withSteps(nothing, ""));
+  namespace fs = std::filesystem;
+  fs::permissions(folder_, fs::perms(0777));
+  fs::permissions(folder_ + "/closed.json", fs::perms(0000));
+  if (::geteuid() != 0) {
+    expectRefusedFile("closed.json", "Permission denied");
+    return;
+  }
+  // Nothing is closed to root: run with nobody's rights.
+  if (std::system("setpriv --reuid=65534 --clear-groups true 2>/dev/null") != 0) {
+    GTEST_SKIP() << "running as root, and setpriv is not there to give rights away";
+  }
+  const int status = std::system(("cd '" + folder_ +
+                                  "' && setpriv --reuid=65534 --clear-groups '" VEMRA_BINARY_DIR
+                                  "/bin/vemra-inspect' closed.json >out 2>err")
+                                     .c_str());
+  EXPECT_EQ(WEXITSTATUS(status), 2);
+  EXPECT_EQ(content("out"), "");
+  EXPECT_EQ(content("err"),
+            "closed.json: expected a file that can be read; found an error: Permission denied\n");
+}
+
+}  // namespace
+}  // namespace vemra::inspect
