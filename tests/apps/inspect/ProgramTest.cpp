@@ -131,6 +131,25 @@ TEST_F(ProgramTest, meansTheFirstOfTwoElementsWithOneIdentifier) {
   EXPECT_EQ(document["calls"].dump(), R"([{"callback":"onShowEvidence","argument":"first"}])");
 }
 
+TEST_F(ProgramTest, typesSelectsAndSubmitsInTheFirstOfTwoElementsWithOneIdentifier) {
+  const std::string two = R"json({"goal": {"id": "g", "title": ""}, "people": [
+      {"personRef": "p1", "why": {"kind": "generic"}}, {"personRef": "p1", "why": {"kind": "generic"}}
+    ], "paths": [], "group": [], "coverage": {"sources": [], "evidenceCount": 1}, "outcomes": []})json";
+  const Ran ran = run("-", withSteps(two, R"({"press": {"title": "Record outcome", "index": 0}},
+      {"press": {"title": "Record outcome", "index": 0}},
+      {"select": "vemra.goal.person.p1.outcome.picker", "value": "helped"},
+      {"type": "vemra.goal.person.p1.outcome.note", "text": "first"},
+      {"submit": "vemra.goal.person.p1.outcome.note"}, {"press": {"title": "Save"}},
+      {"press": {"title": "Save"}})"));
+  EXPECT_EQ(ran.exitCode, 0) << ran.output.substr(0, 400);
+  const auto calls = ran.json()["calls"];
+  ASSERT_EQ(calls.size(), 2U);
+  EXPECT_EQ(calls[0]["argument"]["outcome"], "helped");
+  EXPECT_EQ(calls[0]["argument"]["note"], "first");
+  EXPECT_EQ(calls[1]["argument"]["outcome"], "wasUseful");
+  EXPECT_EQ(calls[1]["argument"]["note"], nullptr);
+}
+
 TEST_F(ProgramTest, matchesIdentifiersAndTitlesByteForByte) {
   const std::string accented = R"json({"goal": {"id": "g", "title": ""}, "people": [
       {"personRef": "\u00e9", "displayName": "\u00e9", "why": {"kind": "generic"}, "evidenceIDs": ["e"]}
@@ -208,8 +227,10 @@ TEST_F(ProgramTest, readsAFileOrStandardInputAndNamesIt) {
   EXPECT_EQ(run("bad.json").diagnostics, "bad.json: /result: expected an object; found 1\n");
   EXPECT_EQ(run("-", "{\"result\": 1}").diagnostics, "-: /result: expected an object; found 1\n");
   EXPECT_EQ(run("missing.json").diagnostics,
-            "missing.json: expected a file that can be read; found an error: No such file or directory\n");
-  EXPECT_EQ(run(".").diagnostics, ".: expected a file that can be read; found an error: Is a directory\n");
+            "missing.json: expected a file that can be read; found an error: No such file or "
+            "directory\n");
+  EXPECT_EQ(run(".").diagnostics,
+            ".: expected a file that can be read; found an error: Is a directory\n");
 }
 
 TEST_F(ProgramTest, saysNothingOnStandardOutputWhenTheInputIsUnusable) {
@@ -272,6 +293,8 @@ TEST_F(ProgramTest, takesLocaleAndTimeZoneFromTheEnvironment) {
   EXPECT_EQ(footer("LC_ALL=en_GB TZ=UTC", R"(, "locale": "en_US", "timeZone": "Asia/Tokyo")"),
             "Jan 6, 2025.")
       << "the case's own come first";
+  EXPECT_NE(footer("LC_ALL=xx_YY.UTF-8 TZ=Mars/Olympus"), "")
+      << "what nobody knows is no reason to stop when it is only the environment's";
 }
 
 TEST_F(ProgramTest, helps) {

@@ -19,6 +19,7 @@ class ErrorsTest : public DeskTest {
     EXPECT_EQ(ending.exitCode, 2) << said;
     EXPECT_EQ(ending.output, "") << said;
     EXPECT_THAT(ending.diagnostics, StartsWith(diagnostics)) << said;
+    EXPECT_NE(ending.diagnostics, "") << said;
     EXPECT_EQ(everything(), before) << said << " changed something";
   }
   void expectRefused(std::vector<std::string> arguments, const std::string& diagnostics) {

@@ -53,6 +53,21 @@ TEST_F(PictureTest, needsNoDisplay) {
   EXPECT_EQ(ran.diagnostics, "");
 }
 
+TEST_F(PictureTest, drawsNothingForAnInputThatCannotBeUsed) {
+  for (const std::string& text : {std::string("{"), caseOf(nothing, R"(, "locale": "xx")"),
+                                  withSteps(nothing, R"({"tap": "x"})")}) {
+    EXPECT_EQ(draw("- --png out.png", text).exitCode, 2);
+    EXPECT_FALSE(std::filesystem::exists(folder_ + "/out.png")) << text;
+  }
+}
+
+TEST_F(PictureTest, drawsAlsoWhenAStepCouldNotBeCarriedOut) {
+  const Ran ran = draw("- --png out.png", withSteps(oneOfEach, R"({"press": "x"})"));
+  EXPECT_EQ(ran.exitCode, 1);
+  EXPECT_EQ(ran.diagnostics, "");
+  EXPECT_EQ(pictureSize(content("out.png")).first, 720U);
+}
+
 TEST_F(PictureTest, isQuietWhateverTheEnvironmentLacks) {
   file("nobodys", "");
   for (const char* variables :
