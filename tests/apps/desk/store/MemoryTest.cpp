@@ -22,6 +22,9 @@ std::atomic<std::size_t> refusedFrom{SIZE_MAX};
   if (block == nullptr) throw std::bad_alloc();
   return block;
 }
+[[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return size < refusedFrom ? std::malloc(size) : nullptr;
+}
 [[gnu::noinline]] void operator delete(void* block) noexcept {
   std::free(block);
 }
