@@ -267,10 +267,14 @@ std::vector<ui::RowRange> Page::wantedRows(const RenderNode& list) const {
     ranges.push_back(near);
   }
   const RenderNode* focused = rowOf(focusedNode());
+  // Its control takes the focus as soon as the page is at rest.
+  const RenderNode* next =
+      lostFocus_ && lostFocus_->wasSeen ? rowOf(tree_.find(lostFocus_->within)) : nullptr;
   std::size_t pinned = 0;
   for (const RenderNode* row : list.children) {
     if (row->rowIndex >= heights.count()) continue;
-    const bool stays = row == focused || (holdsTextField(*row) && ++pinned <= mostPinnedRows);
+    const bool stays =
+        row == focused || row == next || (holdsTextField(*row) && ++pinned <= mostPinnedRows);
     if (stays) ranges.push_back({row->rowIndex, row->rowIndex + 1});
   }
   std::ranges::sort(ranges, {}, &ui::RowRange::first);

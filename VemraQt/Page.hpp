@@ -122,6 +122,7 @@ class Page final : public ui::Renderer, public EventSink {
   ui::NodeID pressed_;
   bool applying_ = false;
   bool filling_ = false;
+  bool restoringFocus_ = false;
   bool needsSettle_ = false;
   bool settingScroll_ = false;
 };

@@ -185,10 +185,13 @@ void Page::leaving(RenderNode& node) {
   });
 }
 
-/// Hands a focus that was lost to what took the element's place, or comes after it, or before.
+/// Hands a focus that was lost to what took the element's place, or comes after it, or before. Where
+/// rows on the way there come only with the graph's next pass, it is tried again after that.
 void Page::restoreFocus() {
+  if (restoringFocus_) return;
+  restoringFocus_ = true;
   if (lostFocus_) {
-    const LostFocus lost = *std::exchange(lostFocus_, std::nullopt);
+    const LostFocus lost = *lostFocus_;
     RenderNode* within = tree_.find(lost.within);
     RenderNode* control = nullptr;
     if (within && lost.wasSeen) {
@@ -204,19 +207,24 @@ void Page::restoreFocus() {
           control = controlIn(**place, true);
         }
       }
-      if (!control) control = nextControl(within, true);
-      if (!control) control = nextControl(within, false);
+      if (!control && !needsSettle_) control = nextControl(within, true);
+      if (!control && !needsSettle_) control = nextControl(within, false);
     }
-    if (control) {
-      focus(*control, Qt::OtherFocusReason);
-    } else if (orphan_) {
-      area_.setFocus(Qt::OtherFocusReason);
+    const ui::NodeID id = control ? control->id : ui::NodeID{};
+    if (control) focus(*control, Qt::OtherFocusReason);
+    const RenderNode* focused = focusedNode();
+    if (within && lost.wasSeen && needsSettle_ && (!focused || focused->id != id)) {
+      restoringFocus_ = false;
+      return;
     }
+    lostFocus_.reset();
+    if (!control && orphan_) area_.setFocus(Qt::OtherFocusReason);
   }
   if (orphan_) {
     pool_.giveBack(*std::exchange(orphan_, nullptr));
     pool_.hideResting();
   }
+  restoringFocus_ = false;
 }
 
 }  // namespace vemra::qt

@@ -1,0 +1,60 @@
+// The keyboard where its place is not near the viewport, or comes only with rows that have to be
+// asked for first.
+
+#include "VemraQt/Page.hpp"
+#include "tests/VemraQt/Accessibility.hpp"
+
+#include <QApplication>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace vemra;
+using namespace vemra::qttest;
+
+namespace {
+
+std::string focusedIdentifier(const WindowHost& host) {
+  const qt::RenderNode* focused = host.widget.page().focusedNode();
+  if (!focused) return "nothing";
+  const std::string_view identifier = focused->element.accessibilityIdentifier();
+  return std::string(identifier.empty() ? focused->element.shownLabel() : identifier);
+}
+
+void takeOff(Result& result, const std::string& ref) {
+  std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
+  std::erase_if(people, [&](const auto& person) { return person.personRef == ref; });
+  result.people = people;
+}
+
+}  // namespace
+
+TEST(FocusFarAway, AnEditorOpenedBelowAllRowsHasIt) {
+  WindowHost host(resultWith(200));
+  ASSERT_TRUE(press(*accessible(host, "vemra.goal.path.outcome.start")));
+  EXPECT_EQ(focusedIdentifier(host), "vemra.goal.path.outcome.picker");
+}
+
+TEST(FocusFarAway, AnEditorClosedWhereItWasScrolledAwayLeavesItInPlace) {
+  for (const char* ends : {".save", ".cancel"}) {
+    WindowHost host(resultWith(200));
+    const std::string p3 = "vemra.goal.person.p3.outcome";
+    host.press(p3 + ".start");
+    host.widget.verticalScrollBar()->setValue(host.widget.verticalScrollBar()->maximum());
+    ASSERT_TRUE(press(*accessible(host, "vemra.goal.path.see-in-starfold")));
+    ASSERT_TRUE(press(*accessible(host, p3 + ends)));
+    EXPECT_EQ(focusedIdentifier(host), p3 + (ends[1] == 's' ? ".correct" : ".start"));
+  }
+}
+
+TEST(FocusFarAway, APersonWhoLeavesWithASaveHandsItToTheNext) {
+  WindowHost host(resultWith(200));
+  host.onLog = [&](const std::string& entry) {
+    if (entry.starts_with("record")) takeOff(host.result, "p3");
+  };
+  host.press("vemra.goal.person.p3.outcome.start");
+  host.widget.verticalScrollBar()->setValue(host.widget.verticalScrollBar()->maximum());
+  ASSERT_TRUE(press(*accessible(host, "vemra.goal.person.p3.outcome.save")));
+  EXPECT_EQ(focusedIdentifier(host), "Person Number 4");
+}
