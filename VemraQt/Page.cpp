@@ -53,7 +53,12 @@ Page::~Page() {
 }
 
 void Page::apply(const std::vector<ui::Patch>& patches) {
-  if (!anchor_) captureAnchor(AnchorReason::changed);
+  if (!anchor_) {
+    // Now, because no frame is right any more once the first patch has been applied.
+    const RenderNode* focused = focusedNode();
+    focusWasSeen_ = focused && isInViewport(*focused);
+    captureAnchor(AnchorReason::changed);
+  }
   ++version_;
   tree_.apply(patches);
   tellAccessibility(patches);
@@ -189,13 +194,8 @@ void Page::setScrollRange() {
 
 void Page::captureAnchor(AnchorReason reason) {
   Anchor anchor;
-  const int page = area_.viewport()->height();
   const RenderNode* focused = focusedNode();
-  const auto seen = [&](const RenderNode& leaf) {
-    const QRect frame = frameOnPage(leaf).translated(0, -scroll_);
-    return frame.bottom() >= 0 && frame.top() < page;
-  };
-  const bool followsFocus = reason == AnchorReason::changed && focused && seen(*focused);
+  const bool followsFocus = reason == AnchorReason::changed && focused && isInViewport(*focused);
   if (reason == AnchorReason::scrolled && scroll_ > 0 &&
       scroll_ == area_.verticalScrollBar()->maximum()) {
     anchor.kind = Anchor::Kind::bottom;
@@ -205,10 +205,10 @@ void Page::captureAnchor(AnchorReason reason) {
       const QRect frame = frameOnPage(leaf).translated(0, -scroll_);
       anchor.points.push_back({leaf.id, frame.top(), frame.height()});
     };
-    if (focused && seen(*focused)) add(*focused);
+    if (focused && isInViewport(*focused)) add(*focused);
     if (tree_.root()) {
       forEachLeaf(*tree_.root(), [&](RenderNode& leaf) {
-        if (leaf.frame.isValid() && seen(leaf)) add(leaf);
+        if (leaf.frame.isValid() && isInViewport(leaf)) add(leaf);
       });
     }
     for (const RenderNode* list : tree_.lists()) {
@@ -329,6 +329,11 @@ QRect Page::frameOnPage(const RenderNode& leaf) const {
   const int leading = rightToLeft ? padding.trailing : padding.leading;
   const int top = static_cast<int>(list.rows->top(row->rowIndex)) + padding.top;
   return frame.translated(rows.left() + leading, rows.top() + top);
+}
+
+bool Page::isInViewport(const RenderNode& leaf) const {
+  const QRect frame = frameOnPage(leaf);
+  return frame.bottom() >= scroll_ && frame.top() < scroll_ + area_.viewport()->height();
 }
 
 bool Page::isNearViewport(const RenderNode& leaf) const {

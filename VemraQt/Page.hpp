@@ -98,6 +98,7 @@ class Page final : public ui::Renderer, public EventSink {
   void leaving(RenderNode& node);
   void restoreFocus();
   bool keepsWidget(const RenderNode& leaf) const;
+  bool isInViewport(const RenderNode& leaf) const;
   bool isNearViewport(const RenderNode& leaf) const;
   bool isPinned(const RenderNode& row) const;
   RenderNode* nextControl(RenderNode* from, bool forward);
@@ -120,6 +121,7 @@ class Page final : public ui::Renderer, public EventSink {
   std::optional<LostFocus> lostFocus_;
   ElementWidget* orphan_ = nullptr;  ///< has the focus, but its element has gone
   ui::NodeID pressed_;
+  bool focusWasSeen_ = false;  ///< when the first of the patches arrived
   bool applying_ = false;
   bool filling_ = false;
   bool restoringFocus_ = false;

@@ -160,11 +160,7 @@ void Page::leaving(RenderNode& node) {
   if (losesFocus || losesPressed || (within && isInside(within, node))) {
     LostFocus lost;
     lost.wasSeen = losesPressed || (lostFocus_ && lostFocus_->wasSeen);
-    if (losesFocus) {
-      const QRect frame = frameOnPage(*focused);
-      lost.wasSeen = lost.wasSeen || (frame.bottom() >= scroll_ &&
-                                      frame.top() < scroll_ + area_.viewport()->height());
-    }
+    if (losesFocus) lost.wasSeen = lost.wasSeen || focusWasSeen_;
     if (RenderNode* parent = node.parent) {
       lost.within = parent->id;
       auto place = std::ranges::find(parent->children, &node);

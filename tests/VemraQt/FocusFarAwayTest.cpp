@@ -58,3 +58,15 @@ TEST(FocusFarAway, APersonWhoLeavesWithASaveHandsItToTheNext) {
   ASSERT_TRUE(press(*accessible(host, "vemra.goal.person.p3.outcome.save")));
   EXPECT_EQ(focusedIdentifier(host), "Person Number 4");
 }
+
+TEST(FocusFarAway, ARowThatIsSeenHandsItOnHoweverTallTheRowsAboveAre) {
+  WindowHost host(resultWith(60));
+  for (int i = 0; i < 12; ++i) {
+    press(*accessible(host, "vemra.goal.person.p" + std::to_string(i) + ".outcome.start"));
+  }
+  act(*accessible(host, "vemra.goal.person.p50.outcome.start"),
+      QAccessibleActionInterface::setFocusAction());
+  ASSERT_EQ(focusedIdentifier(host), "vemra.goal.person.p50.outcome.start");
+  host.change([](Result& result) { takeOff(result, "p50"); });
+  EXPECT_EQ(focusedIdentifier(host), "Person Number 51");
+}
