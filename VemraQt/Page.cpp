@@ -346,7 +346,7 @@ bool Page::keepsWidget(const RenderNode& leaf) const {
   if (isNearViewport(leaf)) return true;
   if (!leaf.widget) return false;
   const RenderNode* row = rowOf(const_cast<RenderNode*>(&leaf));
-  return row ? isPinned(*row) : leaf.widget->widget().hasFocus();
+  return row ? isPinned(*row) : &leaf == focusedNode();  // in a window without the keyboard, too
 }
 
 void Page::place() {

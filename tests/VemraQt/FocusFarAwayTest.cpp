@@ -70,3 +70,12 @@ TEST(FocusFarAway, ARowThatIsSeenHandsItOnHoweverTallTheRowsAboveAre) {
   host.change([](Result& result) { takeOff(result, "p50"); });
   EXPECT_EQ(focusedIdentifier(host), "Person Number 51");
 }
+
+TEST(FocusFarAway, AWindowWithoutTheKeyboardKeepsItForItsReturn) {
+  WindowHost host(resultWith(200));
+  act(*accessible(host, "vemra.goal.path.see-in-starfold"),
+      QAccessibleActionInterface::setFocusAction());
+  QApplication::setActiveWindow(nullptr);
+  host.widget.verticalScrollBar()->setValue(0);
+  EXPECT_EQ(focusedIdentifier(host), "vemra.goal.path.see-in-starfold");
+}
