@@ -13,11 +13,14 @@ QStringList& messages() {
   return list;
 }
 
+int count = 0;
+
 void keep(QtMsgType type, const QMessageLogContext&, const QString& text) {
   if (type == QtDebugMsg || type == QtInfoMsg) return;
   // The display-less platform says so of itself whenever a window is raised.
   if (text.startsWith(QLatin1String("This plugin does not support"))) return;
   messages().append(text);
+  ++count;
   std::fprintf(stderr, "Qt: %s\n", qPrintable(text));
 }
 
@@ -25,6 +28,10 @@ void keep(QtMsgType type, const QMessageLogContext&, const QString& text) {
 
 void watchQtMessages() {
   qInstallMessageHandler(keep);
+}
+
+int messageCount() {
+  return count;
 }
 
 void QuietQt::OnTestEnd(const ::testing::TestInfo&) {

@@ -1,0 +1,313 @@
+#include "tests/VemraQt/monkey/Agreement.hpp"
+
+#include "VemraQt/Page.hpp"
+#include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/widgets/ChoiceBox.hpp"
+#include "VemraTesting/Outline.hpp"
+
+#include <algorithm>
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+
+namespace vemra::monkey {
+
+namespace {
+
+using Element = Twins::Element;
+using ui::ElementKind;
+
+// Rows near the viewport of the largest window the monkey makes, sixteen open editors elsewhere and
+// the row with the keyboard; each of up to nine elements. Measured: below 330.
+constexpr std::size_t mostWidgets = 500;
+constexpr std::size_t mostPinnedRows = 16 + 1;
+
+[[noreturn]] void fail(const std::string& what) {
+  throw Disagreement(what);
+}
+
+std::string described(const ui::Element& element) {
+  return "\n  " + testing::outlineLine(element);
+}
+
+bool sameProperties(const ui::Properties& a, const ui::Properties& b) {
+  return std::ranges::equal(a, b, [](const ui::Property& x, const ui::Property& y) {
+    const auto* nested = std::get_if<ui::Properties>(&x.value);
+    const auto* other = std::get_if<ui::Properties>(&y.value);
+    if (x.name != y.name || x.value.index() != y.value.index()) return false;
+    if (nested) return sameProperties(*nested, *other);
+    if (auto* text = std::get_if<std::string>(&x.value)) {
+      return *text == std::get<std::string>(y.value);
+    }
+    if (auto* flag = std::get_if<bool>(&x.value)) return *flag == std::get<bool>(y.value);
+    return true;
+  });
+}
+
+/// The window's nodes as far as it has any, against the whole tree.
+void expectSame(Twins& twins, const ui::Node& mine, const Element& theirs) {
+  if (!(mine.element == theirs.element)) {
+    fail("the window's tree has" + described(mine.element) + "\nwhere the screen has" +
+         described(theirs.element));
+  }
+  if (mine.element.kind() == ElementKind::composite &&
+      !sameProperties(twins.widget.graph().properties(mine.id),
+                      twins.screen.graph().properties(theirs.id))) {
+    fail("another state in" + described(mine.element));
+  }
+  const bool byRows = !mine.children.empty() && mine.children.front()->isRow;
+  if (!byRows && mine.children.size() != theirs.children.size() && theirs.element.rowCount() == 0) {
+    fail("another number of children in" + described(mine.element));
+  }
+  for (std::size_t i = 0; i < mine.children.size(); ++i) {
+    const std::size_t place = byRows ? mine.children[i]->rowIndex : i;
+    if (place >= theirs.children.size()) fail("one child too many in" + described(mine.element));
+    expectSame(twins, *mine.children[i], *twins.screen.tree().find(theirs.children[place]));
+  }
+}
+
+/// What is laid out is what the graph shows.
+void expectSame(const ui::Node& graph, const qt::RenderNode& page) {
+  if (graph.id != page.id || !graph.isShown || !(graph.element == page.element) ||
+      graph.children.size() != page.children.size()) {
+    fail("the page has" + described(page.element) + "\nwhere its graph has" +
+         described(graph.element));
+  }
+  if (page.isRow() && page.rowIndex != graph.rowIndex) fail("a row has another place on the page");
+  for (std::size_t i = 0; i < graph.children.size(); ++i) {
+    expectSame(*graph.children[i], *page.children[i]);
+  }
+}
+
+std::string chosenLabel(const qt::RenderNode& picker) {
+  for (const qt::Choice& choice : qt::choicesOf(picker)) {
+    if (choice.tag == *picker.element.selection()) return choice.label.toStdString();
+  }
+  return "";
+}
+
+void expectShows(QWidget& widget, const qt::RenderNode& leaf) {
+  std::string shown;
+  std::string wanted(leaf.element.shownLabel());
+  switch (leaf.element.kind()) {
+    case ElementKind::button:
+      shown = dynamic_cast<QAbstractButton&>(widget).text().replace("&&", "&").toStdString();
+      break;
+    case ElementKind::textField:
+      shown = dynamic_cast<QLineEdit&>(widget).text().toStdString();
+      wanted = leaf.element.text();
+      break;
+    case ElementKind::picker:
+      shown = dynamic_cast<QComboBox&>(widget).currentText().toStdString();
+      wanted = chosenLabel(leaf);
+      break;
+    default:
+      shown = dynamic_cast<QLabel&>(widget).text().toStdString();
+  }
+  if (shown != wanted) {
+    fail("the widget shows \"" + shown + "\" for" + described(leaf.element));
+  }
+  if (widget.isEnabled() != leaf.element.style().enabled) {
+    fail("the widget is enabled or not, other than" + described(leaf.element));
+  }
+  if (widget.objectName().toStdString() != leaf.element.accessibilityIdentifier()) {
+    fail("the widget is named \"" + widget.objectName().toStdString() + "\" for" +
+         described(leaf.element));
+  }
+}
+
+/// Every widget shows its element, in its place; what is in view has one.
+void expectWidgets(Twins& twins, const std::vector<qt::RenderNode*>& leaves) {
+  const qt::Page& page = twins.widget.page();
+  const QRect viewport(QPoint(0, 0), twins.widget.viewport()->size());
+  for (const qt::RenderNode* leaf : leaves) {
+    const QRect frame = page.frameOnPage(*leaf).translated(0, -page.scrollPosition());
+    const bool isBlank = leaf->element.shownLabel().empty();
+    if (frame.height() <= 0 || (frame.width() <= 0 && !isBlank))
+      fail("no room for" + described(leaf->element));
+    if (frame.left() < 0 || frame.right() >= viewport.right() + 1) {
+      fail("reaches out of the page sideways:" + described(leaf->element));
+    }
+    if (!leaf->widget) {
+      if (frame.intersects(viewport))
+        fail("in view and without a widget:" + described(leaf->element));
+      continue;
+    }
+    QWidget& widget = leaf->widget->widget();
+    if (leaf->widget->node() != leaf->id) fail("another's widget for" + described(leaf->element));
+    if (leaf->stale) fail("not shown yet:" + described(leaf->element));
+    if (widget.isHidden()) fail("hidden:" + described(leaf->element));
+    if (widget.geometry() != frame.marginsAdded(qt::overhang(leaf->element))) {
+      fail("its widget is elsewhere:" + described(leaf->element));
+    }
+    expectShows(widget, *leaf);
+  }
+  std::size_t shown = 0;
+  for (QObject* child : twins.widget.viewport()->children()) {
+    auto* widget = qobject_cast<QWidget*>(child);
+    auto* element = dynamic_cast<qt::ElementWidget*>(child);
+    if (!widget || !element || widget->isHidden()) continue;
+    ++shown;
+    const qt::RenderNode* node = element->node() ? page.tree().find(element->node()) : nullptr;
+    if (!node || node->widget != element) fail("a widget of nothing is seen");
+  }
+  if (twins.widget.widgetCount() > mostWidgets) {
+    fail("there are " + std::to_string(twins.widget.widgetCount()) + " widgets, " +
+         std::to_string(shown) + " of them shown");
+  }
+}
+
+/// No element covers another, and they stand as they are read: each below, or behind on the line.
+void expectReadingOrder(Twins& twins, const std::vector<qt::RenderNode*>& leaves) {
+  const qt::Page& page = twins.widget.page();
+  const bool mirrored = twins.widget.layoutDirection() == Qt::RightToLeft;
+  for (std::size_t i = 1; i < leaves.size(); ++i) {
+    const QRect before = page.frameOnPage(*leaves[i - 1]), after = page.frameOnPage(*leaves[i]);
+    const bool below = after.top() > before.bottom();
+    const bool behind = mirrored ? after.right() < before.left() : after.left() > before.right();
+    if (!below && !behind) {
+      fail("not in reading order:" + described(leaves[i - 1]->element) +
+           described(leaves[i]->element));
+    }
+  }
+}
+
+/// The rows in view are there, and of the others no more than may be kept.
+void expectRows(Twins& twins) {
+  const qt::Page& page = twins.widget.page();
+  const int height = twins.widget.viewport()->height();
+  for (const qt::RenderNode* list : page.tree().lists()) {
+    const qt::RowHeights& heights = *list->rows;
+    if (heights.count() != list->element.rowCount()) fail("the page knows another number of rows");
+    const int top = list->frame.top() - page.scrollPosition();
+    std::size_t pinned = 0;
+    std::vector<std::size_t> there;
+    for (const qt::RenderNode* row : list->children) {
+      there.push_back(row->rowIndex);
+      const std::int64_t rowTop = top + heights.top(row->rowIndex);
+      const bool far = rowTop > height + 3 * 96 || rowTop + heights.height(row->rowIndex) < -3 * 96;
+      if (far) ++pinned;
+    }
+    if (!std::ranges::is_sorted(there)) fail("the rows are not in order");
+    if (pinned > mostPinnedRows) fail(std::to_string(pinned) + " rows are kept far away");
+    for (std::size_t row = heights.rowAt(-top); row < heights.count(); ++row) {
+      if (top + heights.top(row) >= height) break;
+      if (top + heights.top(row) + heights.height(row) < 0) continue;
+      if (!std::ranges::binary_search(there, row)) {
+        fail("row " + std::to_string(row) + " is in view and not there");
+      }
+    }
+  }
+  const QScrollBar& bar = *twins.widget.verticalScrollBar();
+  if (bar.value() != page.scrollPosition() ||
+      bar.maximum() != std::max(0, page.contentHeight() - height)) {
+    fail("the scroll bar is not where the page is");
+  }
+}
+
+void expectFocus(Twins& twins) {
+  QWidget* focused = twins.widget.focusWidget();
+  if (!focused || focused == &twins.widget) return;
+  auto* element = dynamic_cast<qt::ElementWidget*>(focused);
+  const qt::RenderNode* node =
+      element && element->node() ? twins.widget.page().tree().find(element->node()) : nullptr;
+  if (!node || node->widget != element) fail("the keyboard is with a dead widget");
+  if (!focused->isEnabled()) fail("the keyboard is with a disabled widget");
+  if (!focused->isVisible()) fail("the keyboard is with a hidden widget");
+}
+
+void expectSameLogs(Twins& twins) {
+  if (twins.windowHost.log == twins.screenHost.log) return;
+  std::string text = "the hosts were asked different things\nthe window's:";
+  for (const std::string& entry : twins.windowHost.log) text += "\n  " + entry;
+  text += "\nthe screen's:";
+  for (const std::string& entry : twins.screenHost.log) text += "\n  " + entry;
+  fail(text);
+}
+
+void expectHeard(QAccessibleInterface* object, const Element& element) {
+  auto* known = dynamic_cast<qt::AccessibleObject*>(object);
+  if (!known) fail("assistive technology misses" + described(element.element));
+  const auto complain = [&](const std::string& what) {
+    fail("assistive technology hears another " + what + " of" + described(element.element));
+  };
+  QAccessible::Role role = QAccessible::StaticText;
+  if (element.element.kind() == ElementKind::button) role = QAccessible::Button;
+  if (element.element.kind() == ElementKind::picker) role = QAccessible::ComboBox;
+  if (element.element.kind() == ElementKind::textField) role = QAccessible::EditableText;
+  if (object->role() != role) complain("role");
+  if (object->text(QAccessible::Name).toStdString() != element.element.shownLabel()) {
+    complain("name");
+  }
+  if (known->identifier().toStdString() != element.element.accessibilityIdentifier()) {
+    complain("identifier");
+  }
+  if (object->state().disabled == element.element.style().enabled) complain("state");
+  if (element.element.kind() == ElementKind::textField &&
+      object->text(QAccessible::Value).toStdString() != element.element.text()) {
+    complain("value");
+  }
+}
+
+void expectHeardRow(Twins& twins, QAccessibleInterface& page, std::size_t first, std::size_t row) {
+  QAccessibleInterface* group = page.child(static_cast<int>(first + row));
+  const auto elements = twins.elementsOf(row);
+  if (!group || group->role() != QAccessible::Grouping) fail("no group for a row");
+  if (page.indexOfChild(group) != static_cast<int>(first + row)) fail("a group is elsewhere");
+  if (group->childCount() != static_cast<int>(elements.size())) {
+    fail("a group of " + std::to_string(group->childCount()) + " for a row of " +
+         std::to_string(elements.size()));
+  }
+  if (group->text(QAccessible::Name).toStdString() != elements.front()->element.shownLabel()) {
+    fail("a group has another name than its person");
+  }
+  for (std::size_t i = 0; i < elements.size(); ++i) {
+    expectHeard(group->child(static_cast<int>(i)), *elements[i]);
+  }
+}
+
+}  // namespace
+
+void expectAgreement(Twins& twins) {
+  expectSameLogs(twins);
+  const ui::Node* mine = twins.widget.graph().root();
+  const Element* theirs = twins.screen.tree().find(twins.screen.tree().root());
+  const qt::RenderNode* page = twins.widget.page().tree().root();
+  if (!mine || !theirs || !page) fail("nothing is shown");
+  expectSame(twins, *mine, *theirs);
+  expectSame(*mine, *page);
+  const auto leaves = twins.nearElements();
+  expectRows(twins);
+  expectWidgets(twins, leaves);
+  expectReadingOrder(twins, leaves);
+  expectFocus(twins);
+}
+
+void expectAgreementEverywhere(Twins& twins) {
+  expectAgreement(twins);
+  QAccessibleInterface& page = *QAccessible::queryAccessibleInterface(&twins.widget);
+  const auto outside = twins.elementsOf(std::nullopt);
+  const std::size_t rows = twins.rowCount();
+  if (page.childCount() != static_cast<int>(outside.size() + rows)) {
+    fail("assistive technology counts " + std::to_string(page.childCount()) + " children, not " +
+         std::to_string(outside.size() + rows));
+  }
+  // The title and the heading stand before the people.
+  constexpr std::size_t first = 2;
+  for (std::size_t i = 0; i < outside.size(); ++i) {
+    expectHeard(page.child(static_cast<int>(i < first ? i : i + rows)), *outside[i]);
+  }
+  const auto& lists = twins.widget.page().tree().lists();
+  const std::size_t step = 1 + rows / 500;
+  for (std::size_t row = 0; row < rows; row += step) {
+    const ui::NodeID looked = twins.widget.graph().lookAtRow(lists.front()->id, row);
+    const ui::Node* node = twins.widget.graph().find(looked);
+    if (!node) fail("row " + std::to_string(row) + " cannot be looked at");
+    expectSame(twins, *node, *twins.screen.tree().find(twins.people()->children[row]));
+    expectHeardRow(twins, page, first, row);
+  }
+}
+
+}  // namespace vemra::monkey

@@ -1,0 +1,56 @@
+// A monkey at the window: at random it presses, types, chooses, scrolls and resizes while results
+// change under its hands; a screen without a window is told what that must amount to, and both
+// have to agree after every step.
+//
+// When they do not, the test prints the shortest story it can find that ends the same way, to be
+// pasted into a test of its own: EXPECT_EQ(tell(0, Story{…}), std::nullopt). A story is chosen by its seed:
+//
+//     VEMRA_MONKEY_SEED=12 VEMRA_MONKEY_STEPS=400 build/debug/tests/test_monkey --gtest_filter='*ASeed*'
+
+#include "tests/VemraQt/monkey/Run.hpp"
+
+#include <cstdlib>
+
+#include <gtest/gtest.h>
+
+using namespace vemra;
+using namespace vemra::monkey;
+
+namespace {
+
+#ifdef __SANITIZE_ADDRESS__
+constexpr std::size_t storiesInAShard = 32;  // 102,400 steps
+#else
+constexpr std::size_t storiesInAShard = 16;
+#endif
+constexpr std::size_t stepsInAStory = 400;
+
+std::uint64_t numberFrom(const char* variable, std::uint64_t otherwise) {
+  const char* text = std::getenv(variable);
+  return text ? std::strtoull(text, nullptr, 10) : otherwise;
+}
+
+class Shards : public ::testing::TestWithParam<std::uint64_t> {};
+
+}  // namespace
+
+TEST_P(Shards, WindowAndScreenAgreeWhateverHappens) {
+  for (std::uint64_t i = 0; i < storiesInAShard; ++i) {
+    const std::uint64_t seed = GetParam() * 1000 + i;
+    const auto failure = tell(seed, randomStory(seed, stepsInAStory));
+    ASSERT_FALSE(failure) << *failure;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Monkey, Shards, ::testing::Range<std::uint64_t>(1, 9));
+
+TEST(Monkey, AgreesOnTwentyThousandPeople) {
+  const auto failure = tell(20'000, randomStory(20'000, 60, 20'000));
+  ASSERT_FALSE(failure) << *failure;
+}
+
+TEST(Monkey, ASeedOfOnesOwn) {
+  const std::uint64_t seed = numberFrom("VEMRA_MONKEY_SEED", 1);
+  const auto failure = tell(seed, randomStory(seed, numberFrom("VEMRA_MONKEY_STEPS", 100)));
+  ASSERT_FALSE(failure) << *failure;
+}

@@ -1,0 +1,370 @@
+// What a person does to the window, and what the other screen must come to by it.
+
+#include "VemraQt/Page.hpp"
+#include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/widgets/ChoiceBox.hpp"
+#include "tests/VemraQt/WindowHost.hpp"
+#include "tests/VemraQt/monkey/Twins.hpp"
+
+#include <algorithm>
+#include <array>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScrollBar>
+#include <QTest>
+#include <QTextBoundaryFinder>
+
+namespace vemra::monkey {
+
+using ui::ElementKind;
+
+namespace {
+
+bool endsWith(const std::string& text, std::string_view end) {
+  return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+void act(QAccessibleInterface* object, const QString& action) {
+  if (!object || !object->actionInterface()) {
+    throw Disagreement("a control without actions for assistive technology");
+  }
+  object->actionInterface()->doAction(action);
+}
+
+/// In the middle of what can be seen of it; none when nothing can.
+std::optional<QPoint> seenPoint(const QWidget& widget) {
+  const QRegion seen = widget.visibleRegion();
+  if (seen.isEmpty()) return std::nullopt;
+  return seen.begin()->center();
+}
+
+/// What a line edit makes of a text by its own rules, told anew.
+struct Line {
+  QString text;
+  int cursor = 0;
+  int selectionStart = -1, selectionEnd = -1;
+
+  explicit Line(const QLineEdit& field)
+      : text(field.text()),
+        cursor(field.cursorPosition()),
+        selectionStart(field.selectionStart()),
+        selectionEnd(field.selectionEnd()) {}
+
+  bool removeSelected() {
+    if (selectionStart < 0) return false;
+    text.remove(selectionStart, selectionEnd - selectionStart);
+    cursor = selectionStart;
+    selectionStart = -1;
+    return true;
+  }
+  void insert(const QString& what) {
+    removeSelected();
+    text.insert(cursor, what);
+  }
+  void backspace() {
+    if (removeSelected() || cursor == 0) return;
+    const bool isPair = cursor > 1 && text[cursor - 1].isLowSurrogate();
+    text.remove(cursor - (isPair ? 2 : 1), isPair ? 2 : 1);
+  }
+  void remove() {
+    if (removeSelected() || cursor == text.size()) return;
+    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
+    characters.setPosition(cursor);
+    text.remove(cursor, static_cast<int>(characters.toNextBoundary()) - cursor);
+  }
+};
+
+void commit(QWidget& widget, const QString& text) {
+  QInputMethodEvent event;
+  event.setCommitString(text);
+  QApplication::sendEvent(&widget, &event);
+}
+
+}  // namespace
+
+void Twins::press(const Step& step) {
+  const auto place = drawControl(step, ElementKind::button);
+  if (!place) return;
+  const Element& button = *at(*place);
+  const std::string identifier(button.element.accessibilityIdentifier());
+  const bool enabled = button.element.style().enabled;
+  qt::RenderNode* leaf = nodeAt(*place);
+  QWidget* shown = leaf && leaf->widget ? &leaf->widget->widget() : nullptr;
+  const auto point = shown ? seenPoint(*shown) : std::nullopt;
+  if (point && step.a % 3 == 0) {
+    QTest::mouseClick(shown, Qt::LeftButton, {}, *point);
+  } else if (point && enabled && step.a % 3 == 1) {
+    shown->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(shown, step.b % 2 ? Qt::Key_Space : Qt::Key_Return);
+  } else {
+    act(accessible(*place), QAccessibleActionInterface::pressAction());
+  }
+  deliver(*place, ui::Press{});
+  if (enabled) expectFocusAt(*place, identifier);
+}
+
+/// An opened editor has the keyboard at its picker; a closed one leaves it where it was opened.
+void Twins::expectFocusAt(const Place& pressed, const std::string& identifier) const {
+  std::string prefix = identifier;
+  std::vector<std::string> wanted;
+  for (const char* end : {".start", ".correct", ".save", ".cancel"}) {
+    if (!endsWith(identifier, end)) continue;
+    prefix.resize(prefix.size() - std::string_view(end).size());
+    const bool opens = end[1] == 's' ? end[2] == 't' : end[2] == 'o';
+    wanted = opens ? std::vector{prefix + ".picker"}
+                   : std::vector{prefix + ".start", prefix + ".correct"};
+  }
+  if (wanted.empty()) return;
+  const auto focused = focus();
+  const Element* element = focused ? at(*focused) : nullptr;
+  // The host may have taken the person off the list: then another has the keyboard.
+  const auto inRow = elementsOf(pressed.row);
+  const bool isThere = std::ranges::any_of(inRow, [&](const Element* other) {
+    return std::ranges::count(wanted, other->element.accessibilityIdentifier()) > 0;
+  });
+  if (!isThere || windowHost.answer == Answer::drops) {
+    if (!focused && nextControl(std::nullopt, true)) {
+      throw Disagreement("the keyboard got lost with " + identifier);
+    }
+    return;
+  }
+  const std::string found(element ? element->element.accessibilityIdentifier() : "nothing");
+  if (!element || focused->row != pressed.row || std::ranges::count(wanted, found) == 0) {
+    throw Disagreement("after " + identifier + " the keyboard is at " + found);
+  }
+}
+
+void Twins::type(const Step& step) {
+  const auto place = drawControl({step.act, step.a, step.b, 1}, ElementKind::textField);
+  if (!place) return;
+  const qt::RenderNode* leaf = nodeAt(*place);
+  auto* field = leaf && leaf->widget ? qobject_cast<QLineEdit*>(&leaf->widget->widget()) : nullptr;
+  if (!field) return;
+  if (!field->hasFocus()) {
+    const auto point = seenPoint(*field);
+    if (point && step.c % 2) {
+      QTest::mouseClick(field, Qt::LeftButton, {}, *point);
+    } else {
+      field->setFocus(Qt::OtherFocusReason);
+    }
+    if (widget.focusWidget() != field) throw Disagreement("a field does not take the keyboard");
+  }
+  static const std::array<QString, 10> texts{
+      QStringLiteral("x"),
+      QStringLiteral(" "),
+      QStringLiteral("\u00e9"),
+      QStringLiteral("e\u0301"),
+      QStringLiteral("\U0001F600"),
+      QStringLiteral("\u05d3\u05e0"),
+      QStringLiteral("two\nlines"),
+      QStringLiteral("&<b>%1"),
+      QStringLiteral("\u3000"),
+      QStringLiteral("a rather long text, as one pastes it from somewhere else at times"),
+  };
+  Line line(*field);
+  const Qt::KeyboardModifiers shift = step.c % 3 == 0 ? Qt::ShiftModifier : Qt::NoModifier;
+  switch (step.c % 14) {
+    case 0:
+      line.backspace();
+      QTest::keyClick(field, Qt::Key_Backspace);
+      break;
+    case 1:
+      line.remove();
+      QTest::keyClick(field, Qt::Key_Delete);
+      break;
+    case 2:
+      QTest::keyClick(field, Qt::Key_Left, shift);
+      break;
+    case 3:
+      QTest::keyClick(field, Qt::Key_Right, shift);
+      break;
+    case 4:
+      QTest::keyClick(field, Qt::Key_Home, shift);
+      break;
+    case 5:
+      QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+      break;
+    case 6:
+      QTest::keyClick(field, step.a % 2 ? Qt::Key_Return : Qt::Key_Enter);
+      deliver(*place, ui::Submit{});
+      break;
+    case 7:
+    case 8:
+    case 9:
+      line.insert(texts[step.a % texts.size()]);
+      commit(*field, texts[step.a % texts.size()]);
+      break;
+    default: {
+      const char letter = static_cast<char>('a' + step.a % 26);
+      line.insert(QString(QLatin1Char(letter)));
+      QTest::keyClick(field, letter);
+    }
+  }
+  if (field->text() != line.text) {
+    throw Disagreement("the field has \"" + field->text().toStdString() + "\" where \"" +
+                       line.text.toStdString() + "\" was typed");
+  }
+  deliver(*place, ui::EditText{line.text.toStdString()});
+}
+
+void Twins::write(const Step& step) {
+  const auto place = drawControl(step, ElementKind::textField);
+  if (!place) return;
+  QAccessibleInterface* object = accessible(*place);
+  if (!object || !object->editableTextInterface()) {
+    throw Disagreement("a field that assistive technology cannot write in");
+  }
+  const std::string text =
+      step.a % 4 == 0 ? "" : (step.a % 4 == 1 ? " \n\t" : "note " + std::to_string(step.a));
+  object->setText(QAccessible::Value, QString::fromStdString(text));
+  deliver(*place, ui::EditText{text});
+}
+
+void Twins::choose(const Step& step) {
+  const auto place = drawControl(step, ElementKind::picker);
+  if (!place) return;
+  const qt::RenderNode* leaf = nodeAt(*place);
+  auto* box = leaf && leaf->widget ? dynamic_cast<qt::ChoiceBox*>(leaf->widget) : nullptr;
+  const auto& values = allGoalOutcomeValues;
+  const auto current = static_cast<std::size_t>(
+      std::ranges::find(values, at(*place)->element.selection()->name(),
+                        [](GoalOutcomeValue value) { return caseName(value); }) -
+      values.begin());
+  std::size_t chosen = step.a % values.size();
+  if (box && seenPoint(*box) && step.b % 4 == 0) {
+    // A menu is open while the result changes; when its person goes, so does the menu.
+    chooseInMenu(*box, step, chosen);
+    return;
+  }
+  if (box && step.b % 4 != 3) {
+    box->setFocus(Qt::TabFocusReason);
+    const bool down = step.a % 2;
+    QTest::keyClick(box, down ? Qt::Key_Down : Qt::Key_Up);
+    chosen = down ? std::min(current + 1, values.size() - 1) : current - (current > 0 ? 1 : 0);
+  } else {
+    QAccessibleInterface* picker = accessible(*place);
+    if (picker->childCount() != static_cast<int>(values.size())) {
+      throw Disagreement("a picker of " + std::to_string(picker->childCount()) + " choices");
+    }
+    act(picker->child(static_cast<int>(chosen)), QAccessibleActionInterface::pressAction());
+  }
+  deliver(*place, ui::Select{ui::Tag(values[chosen])});
+}
+
+void Twins::chooseInMenu(qt::ChoiceBox& box, const Step& step, std::size_t index) {
+  const ui::NodeID node = box.node();
+  QTest::keyClick(&box, Qt::Key_Space);
+  auto* menu = box.findChild<QMenu*>();
+  if (!menu || menu->actions().size() != static_cast<int>(allGoalOutcomeValues.size())) {
+    throw Disagreement("a picker without a menu of its choices");
+  }
+  if (step.b % 8 == 0) changeBoth(step);
+  const qt::RenderNode* still = widget.page().tree().find(node);
+  if (!still || still->widget != &box) {
+    if (QApplication::activePopupWidget()) throw Disagreement("the menu of a picker that has gone");
+    return;
+  }
+  const Place place = *placeOf(*still);
+  menu->setActiveAction(menu->actions().at(static_cast<int>(index)));
+  QTest::keyClick(menu, Qt::Key_Return);
+  deliver(place, ui::Select{ui::Tag(allGoalOutcomeValues[index])});
+}
+
+void Twins::scroll(const Step& step) {
+  QScrollBar& bar = *widget.verticalScrollBar();
+  switch (step.a % 8) {
+    case 0:
+      bar.setValue(static_cast<int>(static_cast<std::int64_t>(bar.maximum()) * step.b / 9999));
+      break;
+    case 1:
+      bar.setValue(bar.maximum());
+      break;
+    case 2:
+    case 3: {
+      QWidget* focused = widget.focusWidget() ? widget.focusWidget() : &widget;
+      QTest::keyClick(focused, step.b % 2 ? Qt::Key_PageDown : Qt::Key_PageUp);
+      break;
+    }
+    default: {
+      const auto near = nearElements();
+      qt::RenderNode* over = near.empty() ? nullptr : near[step.c % near.size()];
+      QWidget& under = over && over->widget ? over->widget->widget() : *widget.viewport();
+      qttest::wheel(under, static_cast<int>(step.b % 9) - 5);
+    }
+  }
+}
+
+void Twins::tab(const Step& step) {
+  const bool forward = step.a % 4 != 0;
+  const auto wanted = nextControl(focus(), forward);
+  QWidget* focused = widget.focusWidget() ? widget.focusWidget() : &widget;
+  QTest::keyClick(focused, forward ? Qt::Key_Tab : Qt::Key_Backtab,
+                  forward ? Qt::NoModifier : Qt::ShiftModifier);
+  const auto found = focus();
+  if (found == wanted) return;
+  const auto described = [&](const std::optional<Place>& place) {
+    return place ? "element " + std::to_string(place->element) + " of row " +
+                       (place->row ? std::to_string(*place->row) : "none")
+                 : "nothing";
+  };
+  throw Disagreement((forward ? "Tab" : "Backtab") + std::string(" went to ") + described(found) +
+                     ", not " + described(wanted));
+}
+
+/// An object that was taken hold of some time ago acts on its element or, when that has gone, on
+/// nothing.
+void Twins::pressHeld(const Step& step) {
+  if (held_.empty()) return;
+  const auto& [id, identifier] = held_[step.a % held_.size()];
+  QAccessibleInterface* object = QAccessible::accessibleInterface(id);
+  if (!object) return;
+  (void)object->text(QAccessible::Name);
+  (void)object->rect();
+  (void)object->state();
+  (void)object->parent();
+  auto* element = dynamic_cast<qt::AccessibleElement*>(object);
+  const ui::Node* node = element ? element->node() : nullptr;
+  if (!node) {
+    if (object->actionInterface()) {
+      object->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    }
+    return;  // nothing may come of it
+  }
+  if (node->element.kind() != ElementKind::button) return;
+  const Place place{
+      element->row() ? std::optional(element->row()->index) : std::nullopt,
+      static_cast<std::size_t>(element->parent()->indexOfChild(element)) -
+          (element->row() || element->parent()->indexOfChild(element) < 2 ? 0 : rowCount())};
+  const Element* its = at(place);
+  if (!its || !(its->element == node->element)) {
+    throw Disagreement("a held object stands for another element");
+  }
+  act(object, QAccessibleActionInterface::pressAction());
+  deliver(place, ui::Press{});
+}
+
+/// What a client of the window does to it, done to the other screen.
+void Twins::follow(ui::NodeID windowNode, const ui::Event& event) {
+  const ui::Node* node = widget.graph().find(windowNode);
+  if (!node) return;
+  // The steps from the root down: of a row its index, else the place among its siblings.
+  std::vector<std::size_t> steps;
+  for (const ui::Node* place = node; place->parent; place = place->parent) {
+    const auto& siblings = place->parent->children;
+    steps.push_back(place->isRow ? place->rowIndex
+                                 : static_cast<std::size_t>(std::ranges::find(siblings, place) -
+                                                            siblings.begin()));
+  }
+  ui::NodeID theirs = screen.tree().root();
+  for (auto place = steps.rbegin(); place != steps.rend(); ++place) {
+    const auto& children = screen.tree().find(theirs)->children;
+    if (*place >= children.size()) throw Disagreement("a client acts on what is not there");
+    theirs = children[*place];
+  }
+  screen.graph().deliver(theirs, event);
+}
+
+}  // namespace vemra::monkey
