@@ -14,49 +14,8 @@ namespace vemra::qt {
 using ui::ElementKind;
 using ui::NodeID;
 
-namespace {
-
-/// One step down the tree, mixed into the path so far (64-bit FNV-1a over what makes the identity).
-std::uint64_t step(std::uint64_t path, const ui::Node& node) {
-  const auto mix = [&path](std::uint64_t value) {
-    path = (path ^ value) * 0x100000001b3ULL;
-    path ^= path >> 29;
-  };
-  const ui::Identity& identity = node.identity;
-  const bool isStart = path == 0;
-  mix(reinterpret_cast<std::uintptr_t>(identity.type));
-  mix(identity.branch);
-  if (node.isRow) {
-    // The row that paths are counted from may stand anywhere; one inside it is known by its id.
-    if (!isStart) {
-      for (const char c : node.rowID) mix(static_cast<unsigned char>(c));
-    }
-  } else if (identity.keyed) {
-    for (const char c : identity.key) mix(static_cast<unsigned char>(c));
-    mix(identity.occurrence);
-  } else {
-    mix(identity.slot);
-  }
-  return path;
-}
-
-bool isElement(ElementKind kind) {
-  return kind == ElementKind::text || kind == ElementKind::button || kind == ElementKind::picker ||
-         kind == ElementKind::textField;
-}
-
-std::shared_ptr<const ui::RowSource> sourceOf(const ui::Node& forEach) {
+std::shared_ptr<const ui::RowSource> rowSourceOf(const ui::Node& forEach) {
   return std::get<ui::ForEachContent>(forEach.element.description().content).rows;
-}
-
-}  // namespace
-
-std::size_t hashOfShown(const ui::Element& element) {
-  if (element.kind() == ElementKind::picker) {
-    const auto& chosen = element.selection();
-    return chosen ? std::hash<std::string>()(chosen->name()) : 0;
-  }
-  return std::hash<std::string_view>()(element.shownLabel());
 }
 
 AccessibleTree::AccessibleTree(QAbstractScrollArea& area, Page& page) : area_(area), page_(page) {
@@ -120,78 +79,12 @@ AccessibleElement* AccessibleTree::objectOf(const RenderNode& leaf) {
   return nullptr;
 }
 
-QString AccessibleTree::identifier(QAccessible::Id id) const {
-  QAccessibleInterface* interface = QAccessible::accessibleInterface(id);
-  if (auto* object = dynamic_cast<AccessibleObject*>(interface)) {
-    return &object->tree() == this ? object->identifier() : QString();
-  }
-  if (interface && interface->object() == &area_) return area_.objectName() + QStringLiteral("");
-  return QString();
-}
-
-/// Rows are many and describing one costs. An identifier inside a row is made with the row's id in
-/// it, as a rule, so the rows whose id it holds are looked at; only when the rule finds nothing are
-/// all of them.
-QList<QAccessible::Id> AccessibleTree::find(const QString& sought, int most) const {
-  auto* self = const_cast<AccessibleTree*>(this);
-  const std::string identifier = sought.toStdString();
-  const auto enough = [&](const QList<QAccessible::Id>& found) {
-    return most > 0 && found.size() >= most;
-  };
-  for (const bool everyRow : {false, true}) {
-    QList<QAccessible::Id> found;
-    self->refreshPage();
-    const std::vector<Segment> segments = segments_;
-    for (const Segment& segment : segments) {
-      if (enough(found)) break;
-      if (!segment.list) {
-        const ui::Node* node = self->find(slots_[segment.slot].node);
-        if (node && node->element.accessibilityIdentifier() == identifier) {
-          found << self->object(nullptr, self->slots_[segment.slot])->id();
-        }
-        continue;
-      }
-      const ui::Node* list = self->find(segment.list);
-      if (!list) continue;
-      const auto source = sourceOf(*list);
-      for (std::size_t index = 0; index < source->count() && !enough(found); ++index) {
-        if (everyRow || identifier.find(source->key(index)) != std::string::npos) {
-          self->findInRow(segment.list, index, identifier, found);
-        }
-      }
-    }
-    if (!found.isEmpty()) return found;
-  }
-  return {};
-}
-
-void AccessibleTree::findInRow(NodeID list, std::size_t index, const std::string& identifier,
-                               QList<QAccessible::Id>& found) {
-  // Looked at without an object first: most candidates are not the row that is sought.
-  const ui::Node* node = find(page_.graph().lookAtRow(list, index));
-  if (!node) return;
-  std::vector<ElementSlot> elements;
-  collect(*node, 0, elements);
-  const bool holds = std::ranges::any_of(elements, [&](const ElementSlot& slot) {
-    const ui::Node* element = find(slot.node);
-    return element && element->element.accessibilityIdentifier() == identifier;
-  });
-  if (!holds) return;
-  AccessibleRow* row = rowAt(list, index);
-  for (ElementSlot& slot : elementsOf(row)) {
-    const ui::Node* element = find(slot.node);
-    if (element && element->element.accessibilityIdentifier() == identifier) {
-      found << object(row, slot)->id();
-    }
-  }
-}
-
 void AccessibleTree::refreshPage() {
   if (pageVersion_ == page_.version()) return;
   pageVersion_ = page_.version();
-  std::vector<ElementSlot> fresh;
   const ui::Node* root = page_.graph().root();
-  if (root) collect(*root, 0, fresh);
+  std::vector<ElementSlot> fresh;
+  if (root) fresh = elementsUnder(*root, page_.graph());
   adopt(nullptr, slots_, std::move(fresh));
   segments_.clear();
   std::size_t first = 0;
@@ -211,35 +104,6 @@ void AccessibleTree::refreshPage() {
   for (auto& [node, list] : lists) {
     for (auto& [index, row] : list.rows) bury(*row);
   }
-}
-
-/// The elements under a node, in tree order. Outside rows a list is one entry of its own; inside,
-/// its rows are like other content.
-void AccessibleTree::collect(const ui::Node& node, std::uint64_t path,
-                             std::vector<ElementSlot>& elements) {
-  path = step(path, node);
-  const ElementKind kind = node.element.kind();
-  if (isElement(kind)) {
-    elements.push_back(
-        {path, kind, node.id, nullptr, node.element.style().enabled, hashOfShown(node.element)});
-    return;
-  }
-  if (kind == ElementKind::forEach) {
-    const bool insideRow = [&] {
-      for (const ui::Node* place = &node; place; place = place->parent) {
-        if (place->isRow) return true;
-      }
-      return false;
-    }();
-    if (!insideRow) {
-      elements.push_back({path, kind, node.id, nullptr, true, 0});
-      return;
-    }
-    if (node.children.size() < node.element.rowCount()) {
-      page_.graph().showRows(node.id, {{0, node.element.rowCount()}});
-    }
-  }
-  for (const ui::Node* child : node.children) collect(*child, path, elements);
 }
 
 /// Takes up a new list of elements; objects stay with their paths.
@@ -285,9 +149,7 @@ std::vector<ElementSlot>& AccessibleTree::elementsOf(AccessibleRow* row) {
   }
   // While an event is being handled a row may be impossible to look at: it is as it was.
   if (const ui::Node* node = nodeOf(*row)) {
-    std::vector<ElementSlot> fresh;
-    collect(*node, 0, fresh);
-    adopt(row, row->known, std::move(fresh));
+    adopt(row, row->known, elementsUnder(*node, page_.graph()));
   }
   return row->known;
 }
@@ -309,7 +171,7 @@ AccessibleRow* AccessibleTree::rowAt(NodeID listID, std::size_t index) {
   const ui::Node* node = find(listID);
   if (!node || index >= node->element.rowCount()) return nullptr;
   List& list = lists_[listID];
-  list.source = sourceOf(*node);
+  list.source = rowSourceOf(*node);
   auto [found, isNew] = list.rows.try_emplace(index, nullptr);
   if (isNew) {
     found->second = new AccessibleRow(*this, listID, index, std::string(list.source->key(index)));
@@ -324,7 +186,7 @@ void AccessibleTree::refreshList(NodeID listID) {
   const ui::Node* node = find(listID);
   if (known == lists_.end() || !node) return;
   List& list = known->second;
-  const auto source = sourceOf(*node);
+  const auto source = rowSourceOf(*node);
   if (list.source == source) return;
   const bool inPlace = std::ranges::all_of(list.rows, [&](const auto& entry) {
     return entry.first < source->count() &&

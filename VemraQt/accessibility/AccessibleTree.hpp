@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VemraPlatform/ui/ViewGraph.hpp"
+#include "VemraQt/accessibility/ElementSlot.hpp"
 #include "VemraQt/accessibility/IdentifierBus.hpp"
 
 #include <cstdint>
@@ -23,21 +24,8 @@ class AccessibleRow;
 class Page;
 struct RenderNode;
 
-/// One element of a page or of a row as assistive technology sees it, and the object that stands
-/// for it once somebody has asked.
-struct ElementSlot {
-  std::uint64_t path = 0;  ///< its place in the page or row: the same as long as its identity is
-  ui::ElementKind kind = ui::ElementKind::text;
-  ui::NodeID node;
-  AccessibleElement* object = nullptr;
-  /// \name As clients last heard of it @{
-  bool enabled = true;
-  std::size_t shown = 0;  ///< a hash of its name, or of what is chosen in it
-  /// @}
-};
-
-/// The hash for `ElementSlot::shown`.
-std::size_t hashOfShown(const ui::Element& element);
+/// The rows of a list as the view that made it gives them.
+std::shared_ptr<const ui::RowSource> rowSourceOf(const ui::Node& forEach);
 
 /// The whole page as one tree of accessible objects: every text and control of every row, whether
 /// or not it has a widget just now.
@@ -117,7 +105,6 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   };
 
   void refreshPage();
-  void collect(const ui::Node& node, std::uint64_t path, std::vector<ElementSlot>& elements);
   void adopt(AccessibleRow* row, std::vector<ElementSlot>& elements,
              std::vector<ElementSlot> fresh);
   void tell(QAccessible::Event what, const std::vector<QAccessible::Id>& ids);

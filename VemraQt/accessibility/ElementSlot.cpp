@@ -1,0 +1,85 @@
+#include "VemraQt/accessibility/ElementSlot.hpp"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace vemra::qt {
+
+using ui::ElementKind;
+
+namespace {
+
+/// One step down the tree, mixed into the path so far (64-bit FNV-1a over what makes the identity).
+std::uint64_t step(std::uint64_t path, const ui::Node& node) {
+  const auto mix = [&path](std::uint64_t value) {
+    path = (path ^ value) * 0x100000001b3ULL;
+    path ^= path >> 29;
+  };
+  const ui::Identity& identity = node.identity;
+  const bool isStart = path == 0;
+  mix(reinterpret_cast<std::uintptr_t>(identity.type));
+  mix(identity.branch);
+  if (node.isRow) {
+    // The row that paths are counted from may stand anywhere; one inside it is known by its id.
+    if (!isStart) {
+      for (const char c : node.rowID) mix(static_cast<unsigned char>(c));
+    }
+  } else if (identity.keyed) {
+    for (const char c : identity.key) mix(static_cast<unsigned char>(c));
+    mix(identity.occurrence);
+  } else {
+    mix(identity.slot);
+  }
+  return path;
+}
+
+bool isElement(ElementKind kind) {
+  return kind == ElementKind::text || kind == ElementKind::button || kind == ElementKind::picker ||
+         kind == ElementKind::textField;
+}
+
+void collect(const ui::Node& node, std::uint64_t path, ui::ViewGraph& graph,
+             std::vector<ElementSlot>& elements) {
+  path = step(path, node);
+  const ElementKind kind = node.element.kind();
+  if (isElement(kind)) {
+    elements.push_back(
+        {path, kind, node.id, nullptr, node.element.style().enabled, hashOfShown(node.element)});
+    return;
+  }
+  if (kind == ElementKind::forEach) {
+    const bool insideRow = [&] {
+      for (const ui::Node* place = &node; place; place = place->parent) {
+        if (place->isRow) return true;
+      }
+      return false;
+    }();
+    if (!insideRow) {
+      elements.push_back({path, kind, node.id, nullptr, true, 0});
+      return;
+    }
+    if (node.children.size() < node.element.rowCount()) {
+      graph.showRows(node.id, {{0, node.element.rowCount()}});
+    }
+  }
+  for (const ui::Node* child : node.children) collect(*child, path, graph, elements);
+}
+
+}  // namespace
+
+std::size_t hashOfShown(const ui::Element& element) {
+  if (element.kind() == ElementKind::picker) {
+    const auto& chosen = element.selection();
+    return chosen ? std::hash<std::string>()(chosen->name()) : 0;
+  }
+  return std::hash<std::string_view>()(element.shownLabel());
+}
+
+std::vector<ElementSlot> elementsUnder(const ui::Node& node, ui::ViewGraph& graph) {
+  std::vector<ElementSlot> elements;
+  collect(node, 0, graph, elements);
+  return elements;
+}
+
+}  // namespace vemra::qt
