@@ -25,8 +25,9 @@ struct Descriptor {
 };
 
 [[noreturn]] void failToRead(const std::string& path, int error) {
-  throw DocumentError(path, "",
-                      std::string("expected a file that can be read; found an error: ") + strerror(error));
+  throw DocumentError(
+      path, "",
+      std::string("expected a file that can be read; found an error: ") + std::strerror(error));
 }
 
 }  // namespace

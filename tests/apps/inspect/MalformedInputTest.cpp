@@ -1,5 +1,5 @@
-#include "CaseText.hpp"
-#include "Ran.hpp"
+#include "tests/apps/inspect/CaseText.hpp"
+#include "tests/apps/inspect/Ran.hpp"
 
 #include <random>
 #include <sys/resource.h>
