@@ -45,7 +45,7 @@ TEST_P(Shards, WindowAndScreenAgreeWhateverHappens) {
 INSTANTIATE_TEST_SUITE_P(Monkey, Shards, ::testing::Range<std::uint64_t>(1, 9));
 
 TEST(Monkey, AgreesOnTwentyThousandPeople) {
-  const auto failure = tell(20'000, randomStory(20'000, 60, 20'000));
+  const auto failure = tell(20'000, randomStory(20'000, 25, 20'000));
   ASSERT_FALSE(failure) << *failure;
 }
 
