@@ -88,6 +88,7 @@ void Page::tellAccessibility(const std::vector<ui::Patch>& patches) {
 void Page::deliver(ui::NodeID node, ui::Event event) {
   const ui::NodeID outer = pressed_;
   if (std::holds_alternative<ui::Press>(event)) pressed_ = node;
+  if (onDeliver) onDeliver(node, event);
   graph_.deliver(node, std::move(event));
   pressed_ = outer;
   settleIfNeeded();

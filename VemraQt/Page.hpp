@@ -6,6 +6,7 @@
 #include "VemraQt/accessibility/AccessibleTree.hpp"
 #include "VemraQt/widgets/WidgetPool.hpp"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -35,6 +36,8 @@ class Page final : public ui::Renderer, public EventSink {
   ui::RowDemand rowDemand() const override { return ui::RowDemand::onRequest; }
   void apply(const std::vector<ui::Patch>& patches) override;
   void deliver(ui::NodeID node, ui::Event event) override;
+  /// Told of every event right before the graph is, whoever caused it: for records and tests.
+  std::function<void(ui::NodeID, const ui::Event&)> onDeliver;
 
   /// Fonts, colours, style or environment are others now.
   void restyle();

@@ -140,7 +140,10 @@ void expectWidgets(Twins& twins, const std::vector<qt::RenderNode*>& leaves) {
     if (leaf->stale) fail("not shown yet:" + described(leaf->element));
     if (widget.isHidden()) fail("hidden:" + described(leaf->element));
     if (widget.geometry() != frame.marginsAdded(qt::overhang(leaf->element))) {
-      fail("its widget is elsewhere:" + described(leaf->element));
+      const QRect at = widget.geometry();
+      fail("its widget is at " + std::to_string(at.x()) + ", " + std::to_string(at.y()) +
+           ", not at " + std::to_string(frame.x()) + ", " + std::to_string(frame.y()) + ":" +
+           described(leaf->element));
     }
     expectShows(widget, *leaf);
   }

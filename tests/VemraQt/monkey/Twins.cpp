@@ -53,6 +53,9 @@ Twins::Twins(std::size_t people)
     : screen(ui::View{}),
       windowHost(resultOf(people), [this] { widget.setRoot(windowHost.view()); }),
       screenHost(windowHost.result, [this] { screen.show(screenHost.view()); }) {
+  widget.page().onDeliver = [this](ui::NodeID node, const ui::Event& event) {
+    if (isTurning_) follow(node, event);
+  };
   widget.setEnvironment(ui::Environment{});
   widget.resize(640, 500);
   windowHost.show();
@@ -270,7 +273,8 @@ void Twins::perform(const Step& step) {
       screenHost.show();
       break;
     case Act::turn:
-      QApplication::processEvents();
+      turn();
+      if (hasClients_) return;
       break;
     case Act::away:
       widget.hide();
@@ -281,6 +285,13 @@ void Twins::perform(const Step& step) {
       break;
   }
   expectKept(before);
+}
+
+void Twins::turn() {
+  isTurning_ = true;
+  QApplication::processEvents();
+  isTurning_ = false;
+  if (clientError_) std::rethrow_exception(std::exchange(clientError_, nullptr));
 }
 
 void Twins::surround(const Step& step) {

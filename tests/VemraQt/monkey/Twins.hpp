@@ -6,6 +6,7 @@
 #include "tests/VemraQt/monkey/Step.hpp"
 
 #include <cstddef>
+#include <exception>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -46,8 +47,13 @@ class Twins {
   /// Does the step to both; throws `Disagreement` where the window answers wrongly at once.
   void perform(const Step& step);
 
-  /// Does to the screen without a window what a client of the window has done to it by itself.
-  void follow(ui::NodeID windowNode, const ui::Event& event);
+  /// A turn of the event loop. What a client in another process does to the window in it is done
+  /// to the other screen, too.
+  void turn();
+  /// How much clients have done so far.
+  std::size_t clientEvents() const { return clientEvents_; }
+  /// From now on the keyboard may move by itself in a turn of the event loop.
+  void expectClients() { hasClients_ = true; }
 
   /// \name The screen without a window @{
   using Element = testing::RenderedTree::Node;
@@ -82,6 +88,7 @@ class Twins {
     int cursor = 0, selectionStart = -1, selectionLength = 0;
   };
 
+  void follow(ui::NodeID windowNode, const ui::Event& event);
   void press(const Step& step);
   void type(const Step& step);
   void write(const Step& step);
@@ -104,6 +111,9 @@ class Twins {
   void expectFocusAt(const Place& pressed, const std::string& identifier) const;
 
   std::vector<std::pair<QAccessible::Id, std::string>> held_;
+  bool isTurning_ = false, hasClients_ = false;
+  std::size_t clientEvents_ = 0;
+  std::exception_ptr clientError_;
 };
 
 }  // namespace vemra::monkey

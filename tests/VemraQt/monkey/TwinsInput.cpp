@@ -348,6 +348,7 @@ void Twins::pressHeld(const Step& step) {
 
 /// What a client of the window does to it, done to the other screen.
 void Twins::follow(ui::NodeID windowNode, const ui::Event& event) {
+  ++clientEvents_;
   const ui::Node* node = widget.graph().find(windowNode);
   if (!node) return;
   // The steps from the root down: of a row its index, else the place among its siblings.
@@ -361,7 +362,11 @@ void Twins::follow(ui::NodeID windowNode, const ui::Event& event) {
   ui::NodeID theirs = screen.tree().root();
   for (auto place = steps.rbegin(); place != steps.rend(); ++place) {
     const auto& children = screen.tree().find(theirs)->children;
-    if (*place >= children.size()) throw Disagreement("a client acts on what is not there");
+    if (*place >= children.size()) {
+      // Not through the event loop, which lets no exception pass.
+      clientError_ = std::make_exception_ptr(Disagreement("a client acts on what is not there"));
+      return;
+    }
     theirs = children[*place];
   }
   screen.graph().deliver(theirs, event);

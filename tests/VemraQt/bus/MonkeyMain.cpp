@@ -1,0 +1,66 @@
+// The monkey at a window that clients on the accessibility bus use meanwhile. Writes "ready", waits
+// for a line on standard input, and tells one long story; what a client does in between is done to
+// the screen without a window, too. Ends with what clients have done, or with what went wrong.
+
+#include "tests/VemraQt/monkey/Agreement.hpp"
+#include "tests/VemraQt/monkey/Twins.hpp"
+
+#include <iostream>
+#include <string>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QFont>
+#include <QSocketNotifier>
+
+using namespace vemra::monkey;
+
+namespace {
+
+constexpr std::size_t stepsBetweenLooks = 4;
+constexpr std::size_t stepsBetweenFullLooks = 250;
+
+void waitForALine() {
+  QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
+  QEventLoop loop;
+  QObject::connect(&input, &QSocketNotifier::activated, &loop, [&] {
+    char bytes[64];
+    if (read(STDIN_FILENO, bytes, sizeof bytes) >= 0) loop.quit();
+  });
+  std::cout << "ready" << std::endl;
+  loop.exec();
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+  QApplication::setStyle("fusion");
+  QApplication application(argumentCount, arguments);
+  application.setApplicationName("monkey_on_the_bus");
+  application.setQuitOnLastWindowClosed(false);
+  QFont font("DejaVu Sans");
+  font.setPixelSize(13);
+  QApplication::setFont(font);
+  const std::size_t count = argumentCount > 1 ? std::stoul(arguments[1]) : 4000;
+  const std::uint64_t seed = argumentCount > 2 ? std::stoull(arguments[2]) : 1;
+  const Story story = randomStory(seed, count, 40);
+  std::size_t step = 0;
+  try {
+    Twins twins(story.people);
+    twins.expectClients();
+    waitForALine();
+    for (; step < story.steps.size(); ++step) {
+      twins.perform(story.steps[step]);
+      if (step % stepsBetweenLooks == 0) expectAgreement(twins);
+      if (step % stepsBetweenFullLooks == 0) expectAgreementEverywhere(twins);
+      twins.turn();
+    }
+    expectAgreementEverywhere(twins);
+    std::cout << "agreed " << twins.clientEvents() << std::endl;
+  } catch (const std::exception& error) {
+    std::cout << "seed " << seed << ", step " << step << ": " << error.what() << std::endl;
+    return 1;
+  }
+  return 0;
+}
