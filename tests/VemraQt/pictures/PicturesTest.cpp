@@ -234,7 +234,7 @@ TEST_F(Pictures, WhatOnlyRoundsInAnotherWayIsNot) {
   for (int y = 0; y < light.height(); ++y) {
     for (int x = 0; x < light.width(); ++x) {
       const QColor colour(light.pixel(x, y));
-      const int by = (x * 7 + y * 13) % 9 == 0 ? 8 : (x + y) % 2;
+      const int by = (x * 7 + y * 13) % 9 == 0 ? 3 : (x + y) % 2;
       rounded.setPixelColor(x, y,
                             QColor(std::abs(colour.red() - by), std::abs(colour.green() - by),
                                    std::abs(colour.blue() - by)));
