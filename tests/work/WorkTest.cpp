@@ -1,0 +1,175 @@
+// The cost of what happens on a screen follows what changed and what is visible, never the length of
+// the list: the same things are done for 10,000 people as for 100. Counted, not timed, so that a
+// busy machine says the same as an idle one.
+
+#include "tests/work/Allocations.hpp"
+#include "tests/work/WorkScreen.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <gtest/gtest.h>
+
+using namespace vemra::work;
+
+namespace {
+
+constexpr std::size_t few = 100;
+constexpr std::size_t many = 10'000;
+constexpr std::size_t choices = vemra::allGoalOutcomeValues.size();
+
+void type(QLineEdit& field, char letter) {
+  const QString text{QLatin1Char(letter)};
+  QKeyEvent press(QEvent::KeyPress, Qt::Key_A + (letter - 'a'), Qt::NoModifier, text);
+  QKeyEvent release(QEvent::KeyRelease, Qt::Key_A + (letter - 'a'), Qt::NoModifier, text);
+  QApplication::sendEvent(&field, &press);
+  QApplication::sendEvent(&field, &release);
+}
+
+/// Opens an editor and types until whatever is kept from the first time on is there.
+void beginNote(WorkScreen& screen) {
+  screen.press(WorkScreen::identifierOf(1, "outcome.start"));
+  for (const char letter : {'a', 'b', 'c', 'd'}) type(screen.noteOf(1), letter);
+}
+
+/// As many snapshots as it takes until nothing is new about one.
+void recordSome(WorkScreen& screen) {
+  for (const std::size_t person : {1, 2, 1, 2}) {
+    screen.recordOutcome(person);
+    screen.costOf([&] { screen.show(); });
+  }
+}
+
+/// One of four that did the same, with the fewest allocations: Qt keeps something now and then.
+template <class Cost>
+Work leastOf(const Cost& cost) {
+  Work least = cost();
+  for (int again = 0; again < 3; ++again) {
+    Work work = cost();
+    const std::uint64_t allocations = std::exchange(work.allocations, least.allocations);
+    EXPECT_TRUE(work == least) << work << "\nand before: " << least;
+    least.allocations = std::min(allocations, least.allocations);
+  }
+  return least;
+}
+
+/// Where Qt makes widgets and keeps glyphs, its own allocations are not the same from run to run.
+Work butAllocations(Work work) {
+  work.allocations = 0;
+  return work;
+}
+
+template <class Measure>
+void expectTheSame(const Measure& measure) {
+  measure(few);  // what the program keeps from the first time on is there afterwards
+  const Work small = measure(few);
+  const Work large = measure(many);
+  EXPECT_TRUE(small == large) << few << " people: " << small << '\n'
+                              << many << " people: " << large;
+}
+
+}  // namespace
+
+TEST(Work, CountsAllocations) {
+#ifdef VEMRA_ALLOCATIONS_ARE_NOT_COUNTED
+  GTEST_SKIP() << "the sanitizers count on their own operator new";
+#endif
+  const std::uint64_t before = allocations();
+  QObject object;  // allocates its private part, in Qt's own library
+  const std::uint64_t one = allocations() - before;
+  EXPECT_EQ(one, 1U);
+}
+
+TEST(Work, OfTheFirstFrame) {
+  expectTheSame([](std::size_t people) {
+    WorkScreen screen(people);
+    const Work work = butAllocations(screen.costSoFar());
+    EXPECT_GT(work.rowsDescribed, 5U);
+    EXPECT_LT(work.rowsDescribed, 40U) << "about a window full";
+    EXPECT_LT(work.widgetsAlive, 150U);
+    return work;
+  });
+}
+
+TEST(Work, OfAKeyInAnOpenNote) {
+  expectTheSame([](std::size_t people) {
+    WorkScreen screen(people);
+    beginNote(screen);
+    QLineEdit& note = screen.noteOf(1);
+    const Work work = leastOf([&] { return screen.costOf([&] { type(note, 'e'); }); });
+    EXPECT_EQ(note.text(), "abcdeeee");
+    EXPECT_EQ(work.rowsDescribed, choices) << "of the picker beside it, and no person";
+    EXPECT_EQ(work.bodiesDescribed, 1U) << "the control whose note it is";
+    EXPECT_EQ(work.nodesMade, 0U);
+    EXPECT_EQ(work.patches, 1U) << "the field's text";
+    return work;
+  });
+}
+
+TEST(Work, OfASnapshotWithOneOutcomeMore) {
+  expectTheSame([](std::size_t people) {
+    WorkScreen screen(people);
+    recordSome(screen);
+    const Work work = leastOf([&] {
+      screen.recordOutcome(1);
+      return screen.costOf([&] { screen.show(); });
+    });
+    EXPECT_EQ(work.patches, 1U) << "the label of that person's outcome";
+    EXPECT_EQ(work.idPasses, 0U) << "nobody has typed anything: no id needs to be looked at";
+    return work;
+  });
+}
+
+TEST(Work, OfASnapshotUnderAnOpenNote) {
+  expectTheSame([](std::size_t people) {
+    WorkScreen screen(people);
+    recordSome(screen);
+    screen.press(WorkScreen::identifierOf(3, "outcome.start"));
+    screen.recordOutcome(1);
+    const Work work = screen.costOf([&] { screen.show(); });
+    EXPECT_LE(work.idPasses, 1U);
+    return butAllocations(work);
+  });
+}
+
+TEST(Work, OfOpeningAnEditor) {
+  expectTheSame([](std::size_t people) {
+    WorkScreen screen(people);
+    beginNote(screen);
+    screen.press(WorkScreen::identifierOf(1, "outcome.cancel"));
+    const Work work =
+        screen.costOf([&] { screen.press(WorkScreen::identifierOf(1, "outcome.start")); });
+    EXPECT_EQ(work.bodiesDescribed, 1U);
+    EXPECT_EQ(work.rowsDescribed, choices);
+    return butAllocations(work);
+  });
+}
+
+TEST(Work, OfAWheelStep) {
+  expectTheSame([](std::size_t people) {
+    WorkScreen screen(people);
+    for (int step = 0; step < 6; ++step) screen.costOf([&] { screen.wheelDown(); });
+    Work total;
+    for (int step = 0; step < 6; ++step) {
+      const Work work = screen.costOf([&] { screen.wheelDown(); });
+      total.rowsDescribed += work.rowsDescribed;
+      total.nodesMade += work.nodesMade;
+      total.patches += work.patches;
+      total.widgetsAlive = work.widgetsAlive;
+    }
+    EXPECT_GT(total.rowsDescribed, 0U) << "new rows came in";
+    return total;
+  });
+}
+
+TEST(Work, OfAJumpToTheEnd) {
+  expectTheSame([](std::size_t people) {
+    WorkScreen screen(people);
+    const Work work = screen.costOf([&] { screen.scrollToEnd(); });
+    EXPECT_GT(work.rowsDescribed, 5U);
+    return butAllocations(work);
+  });
+}

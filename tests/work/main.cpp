@@ -1,0 +1,26 @@
+#include "tests/VemraQt/QuietQt.hpp"
+
+#include <QApplication>
+#include <QFont>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+/// One font, one size and one style, whatever the machine's, so that a window holds as many rows.
+int main(int argumentCount, char** arguments) {
+  ::testing::InitGoogleTest(&argumentCount, arguments);
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_SCALE_FACTOR", "1");
+  QTemporaryDir runtime;
+  if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
+    qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
+  }
+  vemra::qttest::watchQtMessages();
+  QApplication::setStyle("fusion");
+  QApplication application(argumentCount, arguments);
+  QApplication::setCursorFlashTime(0);
+  QFont font("DejaVu Sans");
+  font.setPixelSize(13);
+  QApplication::setFont(font);
+  ::testing::UnitTest::GetInstance()->listeners().Append(new vemra::qttest::QuietQt);
+  return RUN_ALL_TESTS();
+}
