@@ -1,0 +1,126 @@
+"""Who is measured, at which sizes, and how a figure comes out of a program."""
+import dataclasses
+import json
+import os
+import pathlib
+import subprocess
+import tempfile
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+BIN = ROOT / "build/bench/bin"
+OUT = ROOT / "build/bench"
+
+SIZES = [100, 1_000, 10_000, 100_000]
+PEERS = ["widgets-column", "widgets-rows", "listview", "quick-listview", "quick-repeater"]
+# One widget or item for every element: at 100,000 people a first frame takes the better part of a
+# minute, or (the repeater) far more.
+LARGEST = {"widgets-column": 10_000, "widgets-rows": 10_000, "quick-repeater": 10_000}
+
+
+@dataclasses.dataclass(frozen=True)
+class Job:
+    """One process; each of its figures is one run of one measure."""
+    candidate: str
+    size: int
+    mode: str
+    stray: int = 0
+
+    def run(self):
+        """Figures by measure. Raises SystemExit with the program's own words when it fails."""
+        if self.candidate == "vemra-inspect":
+            return self.run_inspect()
+        if self.candidate == "vemra-headless":
+            return self.run_headless()
+        command = [BIN / "vemra-bench-screen", self.candidate, self.mode, str(self.size),
+                   str(self.stray)]
+        return figures(output_of(command))
+
+    def document(self):
+        file = OUT / f"sample-{self.size}-{self.stray}.json"
+        if not file.exists():
+            text = output_of([BIN / "vemra-bench-document", str(self.size), str(self.stray)])
+            file.write_text(text, encoding="utf-8")
+        return file
+
+    def run_inspect(self):
+        file = self.document()
+        started = time.perf_counter()
+        process = subprocess.Popen([BIN / "vemra-inspect", file], stdout=subprocess.DEVNULL)
+        _, status, usage = os.wait4(process.pid, 0)
+        elapsed = time.perf_counter() - started
+        process.returncode = os.waitstatus_to_exitcode(status)
+        if process.returncode != 0:
+            raise SystemExit(f"vemra-inspect {file} ended with {process.returncode}")
+        return {"inspect.time": 1000 * elapsed, "inspect.peak": usage.ru_maxrss / 1024}
+
+    def run_headless(self):
+        """The whole tree without a window, all of its rows there."""
+        found = micro_benchmarks("graph/headless-tree", 0.2)
+        return {"headless.hot": found["graph/headless-tree/10000"] / 1e6}
+
+
+def environment():
+    """The same for every program, whatever this machine's desktop is set to."""
+    kept = {name: os.environ[name] for name in ("PATH", "HOME", "TMPDIR") if name in os.environ}
+    folder = pathlib.Path(tempfile.gettempdir()) / f"vemra-bench-{os.getuid()}"
+    folder.mkdir(mode=0o700, exist_ok=True)
+    return kept | {"LC_ALL": "C.UTF-8", "TZ": "UTC", "XDG_RUNTIME_DIR": str(folder)}
+
+
+def output_of(command, variables=None):
+    done = subprocess.run([str(word) for word in command], env=environment() | (variables or {}),
+                          text=True, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                          stderr=subprocess.PIPE, check=False)
+    if done.returncode != 0:
+        raise SystemExit(f"{' '.join(map(str, command))} ended with {done.returncode}: "
+                         f"{done.stderr.strip()}")
+    return done.stdout
+
+
+def figures(text):
+    found = {}
+    for line in text.splitlines():
+        measure, _, value = line.partition("\t")
+        if value:
+            found[measure] = float(value)
+    return found
+
+
+def micro_benchmarks(pattern, seconds):
+    """Nanoseconds of processor time by name; per element where a benchmark counts elements."""
+    report = json.loads(output_of([
+        BIN / "vemra-bench-model", f"--benchmark_filter={pattern}", "--benchmark_format=json",
+        f"--benchmark_min_time={seconds}"]))
+    nanoseconds = {"ns": 1.0, "us": 1e3, "ms": 1e6}
+    found = {}
+    for entry in report["benchmarks"]:
+        if "error_message" in entry:
+            raise SystemExit(f"{entry['name']}: {entry['error_message']}")
+        time_of_one = entry["cpu_time"] * nanoseconds[entry["time_unit"]]
+        rate = entry.get("items_per_second")
+        found[entry["name"]] = 1e9 / rate if rate else time_of_one
+    return found
+
+
+def jobs(quick):
+    """What one round runs, in its order: the candidates of a size right after each other."""
+    if quick:
+        # Of the slow peer only what is quick to have.
+        every = [Job("widgets-column", 10_000, mode) for mode in ("first-frames", "memory")]
+        for size in (100, 10_000):
+            for candidate in ("vemra", "listview", "quick-listview"):
+                every += [Job(candidate, size, "times"), Job(candidate, size, "memory")]
+    else:
+        every = []
+        for size in SIZES:
+            for candidate in ["vemra", *PEERS]:
+                if size <= LARGEST.get(candidate, size):
+                    every += [Job(candidate, size, "times"), Job(candidate, size, "memory")]
+            every.append(Job("vemra-inspect", size, "inspect"))
+    every.append(Job("empty-scroll-area", 100, "first-frames"))
+    every += [Job("vemra", 10_000, "first-frames", stray) for stray in (100, 10_000)]
+    every.append(Job("vemra-headless", 10_000, "headless"))
+    if quick:
+        every.append(Job("vemra-inspect", 10_000, "inspect"))
+    return every

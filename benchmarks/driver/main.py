@@ -1,0 +1,115 @@
+"""Measures, prints tables and writes build/bench/results.json; see scripts/bench."""
+import argparse
+import os
+import platform
+import sys
+import time
+
+import instructions
+import tables
+from candidates import BIN, OUT, ROOT, SIZES, figures, jobs, micro_benchmarks, output_of
+from results import Results
+
+WALKED = ["vemra", "widgets-rows", "listview", "quick-listview"]
+
+
+def say(text):
+    print(text, file=sys.stderr, flush=True)
+
+
+def interleaved(results, quick, rounds):
+    """Every job once a round, so that whatever the machine is busy with meets all of them alike."""
+    every = jobs(quick)
+    for number in range(rounds + 1):
+        started = time.monotonic()
+        for job in every:
+            for measure, value in job.run().items():
+                if number:  # the first round warms up: files, and the processor
+                    results.add(job.candidate, job.size, measure, value, job.stray)
+        say(f"round {number} of {rounds} took {time.monotonic() - started:.0f} s"
+            + ("" if number else " (not counted)"))
+
+
+def models(results, rounds, seconds):
+    for _ in range(rounds):
+        for name, value in micro_benchmarks("-headless", seconds).items():
+            results.add("vemra-model", 0, name, value)
+
+
+def counts(results):
+    for name in instructions.COUNTED:
+        results.add("vemra-model", 0, f"instructions/{name}", instructions.per_element(name))
+    results.add("vemra", 10_000, "own share", instructions.own_share("vemra", 10_000))
+
+
+def bus(results, rounds):
+    command = [ROOT / "benchmarks/bus/run", BIN / "vemra-bench-screen"]
+    for _ in range(rounds):
+        for candidate in WALKED:
+            for measure, value in figures(output_of([*command, candidate, "1000"])).items():
+                results.add(candidate, 1_000, measure, value)
+    for measure, value in figures(output_of([*command, "vemra", "10000", "find"])).items():
+        results.add("vemra", 10_000, measure, value)
+
+
+def machine():
+    with open("/proc/cpuinfo", encoding="utf-8") as lines:
+        model = next((line.split(":")[1].strip() for line in lines if line.startswith("model name")),
+                     platform.machine())
+    return f"{model}, {os.cpu_count()} processors, {platform.system()} {platform.release()}"
+
+
+def report(results):
+    print("Medians in milliseconds, memory in MiB; in brackets the library's ratio to the peer.\n")
+    for size in SIZES:
+        if text := tables.candidates_table(results, size):
+            print(text + "\n")
+    for text in (
+        tables.list_table(results, ["vemra-inspect, from start to end", "median"], [
+            (f"{size:,} people, {unit}", "vemra-inspect", size, measure)
+            for size in SIZES for measure, unit in (("inspect.time", "ms"),
+                                                    ("inspect.peak", "MiB at the most"))]),
+        tables.list_table(results, ["accessibility bus, 1,000 people", "median"], [
+            (f"{candidate}: {measure}", candidate, 1_000, measure) for candidate in WALKED
+            for measure in ("elements", "exposed", "walk per 1,000 elements",
+                            "program per 1,000 elements", "find by walking",
+                            "find by collection")]),
+        tables.list_table(results, ["first frames", "median, ms"], [
+            ("an empty QScrollArea, cold", "empty-scroll-area", 100, "firstFrame.first"),
+            ("an empty QScrollArea, warm", "empty-scroll-area", 100, "firstFrame.hot"),
+            ("10,000 people, 100 stray outcomes", "vemra", 10_000, "firstFrame.hot", 100),
+            ("10,000 people, 10,000 stray outcomes", "vemra", 10_000, "firstFrame.hot", 10_000),
+            ("headless, every row, 10,000 people", "vemra-headless", 10_000, "headless.hot")]),
+        tables.list_table(results, ["model, each or per element", "ns or instructions"], [
+            (key[2], *key[:3]) for key in sorted(results.runs) if key[0] == "vemra-model"]),
+        tables.targets_table(results),
+    ):
+        if text:
+            print(text + "\n")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--quick", action="store_true")
+    parser.add_argument("--report", action="store_true")
+    wanted = parser.parse_args()
+    if wanted.report:
+        report(Results.read(OUT / "results.json"))
+        return
+    results = Results()
+    say(f"{machine()}, load {os.getloadavg()[0]:.1f}")
+    started = time.monotonic()
+    if wanted.quick:
+        interleaved(results, quick=True, rounds=3)
+        models(results, rounds=1, seconds=0.05)
+    else:
+        interleaved(results, quick=False, rounds=7)
+        models(results, rounds=7, seconds=0.1)
+        bus(results, rounds=3)
+        counts(results)
+    results.write(OUT / "results.json")
+    report(results)
+    say(f"took {time.monotonic() - started:.0f} s; every figure is in build/bench/results.json")
+
+
+main()

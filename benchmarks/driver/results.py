@@ -1,0 +1,51 @@
+"""What was measured: runs, and records of them."""
+import json
+import statistics
+
+
+class Results:
+    def __init__(self):
+        self.runs = {}  # (candidate, size, measure, stray) -> values
+
+    def add(self, candidate, size, measure, value, stray=0):
+        self.runs.setdefault((candidate, size, measure, stray), []).append(value)
+
+    def median(self, candidate, size, measure, stray=0):
+        """Nothing when it was not measured."""
+        values = self.runs.get((candidate, size, measure, stray))
+        return statistics.median(values) if values else None
+
+    def records(self):
+        for (candidate, size, measure, stray), values in self.runs.items():
+            record = {"candidate": candidate, "size": size, "measure": measure,
+                      "unit": unit_of(measure), "median": statistics.median(values),
+                      "minimum": min(values), "maximum": max(values), "runs": len(values)}
+            if stray:
+                record["strayOutcomes"] = stray
+            yield record
+
+    @classmethod
+    def read(cls, file):
+        """What an earlier run wrote, as far as tables need it: the medians."""
+        results = cls()
+        for record in json.loads(file.read_text(encoding="utf-8")):
+            results.add(record["candidate"], record["size"], record["measure"], record["median"],
+                        record.get("strayOutcomes", 0))
+        return results
+
+    def write(self, file):
+        file.write_text(json.dumps(list(self.records()), indent=1) + "\n", encoding="utf-8")
+
+
+def unit_of(measure):
+    if measure.startswith(("memory", "anonymous", "inspect.peak")):
+        return "MiB"
+    if measure.startswith("instructions"):
+        return "instructions"
+    if "/" in measure:
+        return "ns"
+    if measure.startswith(("exposed", "own share")):
+        return "share"
+    if measure == "elements":
+        return "elements"
+    return "ms"

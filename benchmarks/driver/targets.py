@@ -1,0 +1,93 @@
+"""The targets: a ratio of two medians of one interleaved run, and the most it may be (or nothing,
+where a ratio is reported and no target set)."""
+
+MEASURES = [
+    ("firstFrame.first", "first painted frame, cold"),
+    ("firstFrame.hot", "first painted frame, warm"),
+    ("outcome.first", "one outcome more, first"),
+    ("outcome.hot", "one outcome more"),
+    ("noted.first", "one outcome with a note more, first"),
+    ("noted.hot", "one outcome with a note more"),
+    ("key.first", "key in an open note, first"),
+    ("key.hot", "key in an open note"),
+    ("editor.first", "opening an editor, first"),
+    ("editor.hot", "opening an editor"),
+    ("wheel.first", "wheel step, first"),
+    ("wheel.hot", "wheel step"),
+    ("end.first", "jump to the end, first"),
+    ("end.hot", "jump to the end"),
+    ("floor.hot", "the same frame again"),
+    ("memory.first", "memory over an empty window"),
+    ("anonymous.first", "of it, allocated"),
+]
+
+# measure, the most against widgets, the most against Qt Quick's ListView; at 10,000 people. A first
+# time is reported beside the hot figure that a target is about.
+AGAINST_PEERS = [
+    ("firstFrame.hot", 1 / 120, 0.75),
+    ("firstFrame.first", None, None),
+    ("outcome.hot", 1 / 500, 0.6),
+    ("outcome.first", None, None),
+    ("noted.hot", None, None),
+    ("key.hot", 1 / 5, 2),
+    ("key.first", None, None),
+    ("end.hot", 1 / 4, 2.2),
+    ("end.first", None, 1.0),
+    ("editor.hot", 1 / 300, 1.2),
+    ("editor.first", None, None),
+    ("wheel.hot", None, 2),
+    ("wheel.first", None, None),
+    ("memory.first", 1 / 35, 1.0),
+    ("anonymous.first", None, None),
+]
+FLAT = ["firstFrame.hot", "outcome.hot", "key.hot", "end.hot", "end.first", "editor.hot",
+        "wheel.hot", "memory.first"]
+
+
+def name_of(measure):
+    return dict(MEASURES).get(measure, measure)
+
+
+def rows(results):
+    """(what, against what, target, ratio or None) for every target."""
+    def ratio(above, below):
+        one, other = results.median(*above), results.median(*below)
+        return one / other if one is not None and other else None
+
+    model = ("vemra-model", 0)
+    for measure, widgets, quick in AGAINST_PEERS:
+        for peer, most in (("widgets-column", widgets), ("quick-listview", quick)):
+            yield (name_of(measure), peer, most,
+                   ratio(("vemra", 10_000, measure), (peer, 10_000, measure)))
+    for measure in FLAT:
+        yield (name_of(measure) + ", 100,000 people", "100 people", 1.3,
+               ratio(("vemra", 100_000, measure), ("vemra", 100, measure)))
+    yield ("first painted frame, warm, 10,000 stray outcomes", "100 stray outcomes", 1.25,
+           ratio(("vemra", 10_000, "firstFrame.hot", 10_000),
+                 ("vemra", 10_000, "firstFrame.hot", 100)))
+    share = results.median("vemra", 10_000, "own share")
+    for measure, when, most in (("firstFrame.first", "the first in its process", 0.3),
+                                ("firstFrame.hot", "warm", None)):
+        frame = ratio(("vemra", 10_000, "firstFrame.hot"), ("empty-scroll-area", 100, measure))
+        yield ("own time in a warm first frame", f"showing an empty QScrollArea, {when}", most,
+               share * frame if share is not None and frame is not None else None)
+    yield ("AT-SPI: rows and controls not exposed", "all of them", 0,
+           None if (shown := results.median("vemra", 1_000, "exposed")) is None else 1 - shown)
+    yield ("AT-SPI: walk per element", "widgets-rows", 0.8,
+           ratio(("vemra", 1_000, "walk per 1,000 elements"),
+                 ("widgets-rows", 1_000, "walk per 1,000 elements")))
+    yield ("AT-SPI: walk per element, processor time of the program", "widgets-rows", None,
+           ratio(("vemra", 1_000, "program per 1,000 elements"),
+                 ("widgets-rows", 1_000, "program per 1,000 elements")))
+    yield ("AT-SPI: finding an identifier by collection, 10,000 people", "by walking", 1 / 1000,
+           ratio(("vemra", 10_000, "find by collection"), ("vemra", 10_000, "find by walking")))
+    yield ("effectiveOutcome, ASCII, all miss", "with std::string's ==", 1.0,
+           ratio((*model, "effectiveOutcome/miss/ascii"),
+                 (*model, "effectiveOutcome/miss/ascii/std::string")))
+    yield ("copy of a snapshot", "a deep copy", 1 / 1000,
+           ratio((*model, "snapshot/copy/shared/10000"), (*model, "snapshot/copy/deep/10000")))
+    yield ("equality of shared snapshots, 100,000 people", "100 people", 1.3,
+           ratio((*model, "snapshot/equal/shared/100000"), (*model, "snapshot/equal/shared/100")))
+    yield ("whole headless tree, 10,000 people", "widgets-column's first frame", 1 / 100,
+           ratio(("vemra-headless", 10_000, "headless.hot"),
+                 ("widgets-column", 10_000, "firstFrame.hot")))

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "benchmarks/data/SampleResult.hpp"
+#include "benchmarks/screen/Candidate.hpp"
+#include "benchmarks/screen/FrameClock.hpp"
+
+#include <string>
+
+namespace vemra::bench {
+
+/// What is measured in one process. Every figure is printed as soon as it is there, one a line: the
+/// measure, a tab and the number, in milliseconds, or in MiB for memory.
+///
+/// A measure has up to two figures: ".first", the first time that it happens in the process, and
+/// ".hot", the median of the times after that.
+class Measurement {
+ public:
+  Measurement(FrameClock& clock, const CandidateKind& kind, SampleSize size);
+
+  /// Every time from the first frame to the last; where a picture is wanted, `<folder>/<name>.png`
+  /// after every step.
+  void times(const std::string& pictures);
+  /// The first frames alone.
+  void firstFrames();
+  /// Resident memory with the screen, over that with an empty window, in MiB.
+  void memory();
+  /// Shows the screen and stays until standard input ends.
+  void serve();
+  /// Ten warm first frames, for a profiler.
+  void repeatFirstFrames();
+
+ private:
+  static void print(const std::string& measure, double value);
+  double frameOf(const std::string& what, const std::function<void()>& action);
+  /// The first time and the median of the others. `undo` is done in between and not counted.
+  void repeated(const std::string& measure, const std::function<void()>& action,
+                const std::function<void()>& undo);
+  void coldFirstFrame();
+  /// By this name a profiler counts in warm first frames alone.
+  [[gnu::noinline]] double warmFrame();
+  void warmFirstFrames(int times);
+  void checkPixels(const std::string& what);
+  void keepPicture(const std::string& name);
+  void sendKey();
+
+  FrameClock& clock_;
+  const CandidateKind& kind_;
+  GetGoalSnapshotResponse result_;
+  GoalResultSnapshotV1 snapshot_;
+  std::unique_ptr<Candidate> candidate_;
+  std::string pictures_;
+};
+
+}  // namespace vemra::bench

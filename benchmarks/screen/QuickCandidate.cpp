@@ -1,0 +1,117 @@
+#include "benchmarks/screen/QuickCandidate.hpp"
+
+#include "benchmarks/screen/FrameClock.hpp"
+#include "benchmarks/screen/PeerParts.hpp"
+#include "benchmarks/screen/PeopleModel.hpp"
+
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QQmlPropertyMap>
+#include <QQuickItem>
+#include <QQuickView>
+
+namespace vemra::bench {
+
+namespace {
+
+/// The library's fonts and colours, for QML.
+class QuickLooks final : public QQmlPropertyMap {
+ public:
+  QuickLooks() {
+    const auto font = [](ui::Font wanted) { return QVariant(looks().font(wanted)); };
+    insert("title", font(ui::Font::title2.weight(ui::FontWeight::semibold)));
+    insert("headline", font(ui::Font::headline));
+    insert("name", font(ui::Font::body.weight(ui::FontWeight::medium)));
+    insert("body", font(ui::Font::body));
+    insert("subheadline", font(ui::Font::subheadline));
+    insert("caption", font(ui::Font::caption));
+    insert("caption2", font(ui::Font::caption2));
+    insert("ink", looks().text(ui::ForegroundStyle::primary));
+    insert("secondary", looks().text(ui::ForegroundStyle::secondary));
+    insert("tertiary", looks().text(ui::ForegroundStyle::tertiary));
+    insert("link", looks().link());
+    insert("outline", looks().outline());
+    insert("page", looks().background());
+    const QColor button = looks().palette().color(QPalette::Button);
+    insert("buttonTop", button.lighter(104));
+    insert("buttonBottom", button.darker(104));
+    insert("buttonOutline", looks().palette().color(QPalette::Window).darker(140));
+  }
+};
+
+QUrl page(const char* name) {
+  return QUrl(QStringLiteral("qrc:/VemraBench/quick/") + QLatin1String(name));
+}
+
+class QuickCandidate final : public Candidate {
+ public:
+  explicit QuickCandidate(QuickPage page) : page_(page) {
+    // As a program has it: one engine for all of its windows.
+    engine_.rootContext()->setContextProperty("looks", &looks_);
+  }
+
+  void showEmptyWindow() override {
+    empty_ = makeView(nullptr, "EmptyPage.qml");
+    empty_->show();
+  }
+  void hideEmptyWindow() override { empty_.reset(); }
+
+  void show(const GoalResultSnapshotV1& snapshot) override {
+    model_ = std::make_unique<PeopleModel>(snapshot);
+    view_ =
+        makeView(model_.get(), page_ == QuickPage::listView ? "ListPage.qml" : "RepeaterPage.qml");
+    view_->show();
+    view_->requestActivate();
+  }
+
+  void update(const GoalResultSnapshotV1& snapshot) override { model_->update(snapshot); }
+  void openEditor(std::size_t person) override { press(person, "openEditor"); }
+  void closeEditor(std::size_t person) override { press(person, "closeEditor"); }
+  void focusNote(std::size_t person) override { press(person, "focusNote"); }
+  void scrollToEnd() override { QMetaObject::invokeMethod(view_->rootObject(), "scrollToEnd"); }
+  void scrollToStart() override { QMetaObject::invokeMethod(view_->rootObject(), "scrollToStart"); }
+  void repaint() override { view_->update(); }
+  QObject* keyReceiver() override { return view_.get(); }
+  /// What a wheel handler does: Qt Quick's own answer to a wheel is an animation, whose first frame
+  /// comes a timer's tick later and moves by little.
+  void turnWheel() override { QMetaObject::invokeMethod(view_->rootObject(), "turnWheel"); }
+  QWindow* window() override { return view_.get(); }
+
+ private:
+  std::unique_ptr<QQuickView> makeView(PeopleModel* model, const char* name) {
+    auto view = std::make_unique<QQuickView>(&engine_, nullptr);
+    auto* clock = static_cast<FrameClock*>(QCoreApplication::instance());
+    QObject::connect(
+        view.get(), &QQuickWindow::afterRendering, clock, [clock] { clock->notePaint(); },
+        Qt::DirectConnection);
+    view->setResizeMode(QQuickView::SizeRootObjectToView);
+    view->setColor(looks().background());
+    view->resize(windowSize);
+    if (model != nullptr) {
+      view->setInitialProperties({{"people", QVariant::fromValue<QObject*>(model)}});
+    }
+    view->setSource(page(name));
+    for (const QQmlError& error : view->errors()) qFatal("%s", qPrintable(error.toString()));
+    return view;
+  }
+
+  void press(std::size_t person, const char* method) {
+    QMetaObject::invokeMethod(view_->rootObject(), method,
+                              Q_ARG(QVariant, static_cast<int>(person)));
+  }
+
+  QuickPage page_;
+  QuickLooks looks_;
+  QQmlEngine engine_;
+  std::unique_ptr<PeopleModel> model_;
+  std::unique_ptr<QQuickView> empty_;
+  std::unique_ptr<QQuickView> view_;
+};
+
+}  // namespace
+
+std::unique_ptr<Candidate> makeQuickCandidate(QuickPage page) {
+  return std::make_unique<QuickCandidate>(page);
+}
+
+}  // namespace vemra::bench

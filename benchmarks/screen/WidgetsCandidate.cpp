@@ -1,0 +1,211 @@
+#include "benchmarks/screen/WidgetsCandidate.hpp"
+
+#include "benchmarks/data/SampleResult.hpp"
+#include "benchmarks/screen/PeerData.hpp"
+#include "benchmarks/screen/PeerParts.hpp"
+
+#include <optional>
+#include <vector>
+
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+namespace vemra::bench {
+
+namespace {
+
+class ScrollAreaCandidate : public Candidate {
+ public:
+  void showEmptyWindow() override {
+    empty_ = std::make_unique<QWidget>();
+    empty_->resize(windowSize);
+    empty_->show();
+  }
+  void hideEmptyWindow() override { empty_.reset(); }
+
+  void show(const GoalResultSnapshotV1& snapshot) override {
+    area_ = std::make_unique<QScrollArea>();
+    area_->setFrameShape(QFrame::NoFrame);
+    area_->setWidgetResizable(true);
+    area_->viewport()->setBackgroundRole(QPalette::Base);
+    area_->resize(windowSize);
+    fill(snapshot);
+    area_->show();
+    area_->activateWindow();
+  }
+
+  void scrollToEnd() override {
+    area_->verticalScrollBar()->setValue(area_->verticalScrollBar()->maximum());
+  }
+  void scrollToStart() override { area_->verticalScrollBar()->setValue(0); }
+  void repaint() override { (area_->widget() ? area_->widget() : area_->viewport())->update(); }
+  QObject* keyReceiver() override { return area_->focusWidget(); }
+  void turnWheel() override { turnWheelOver(*area_->viewport()); }
+  QWindow* window() override { return area_->windowHandle(); }
+
+ protected:
+  virtual void fill(const GoalResultSnapshotV1& snapshot) = 0;
+
+  std::unique_ptr<QWidget> empty_;
+  std::unique_ptr<QScrollArea> area_;
+};
+
+class EmptyScrollArea final : public ScrollAreaCandidate {
+ public:
+  void update(const GoalResultSnapshotV1&) override {}
+  void openEditor(std::size_t) override {}
+  void closeEditor(std::size_t) override {}
+  void focusNote(std::size_t) override {}
+
+ protected:
+  void fill(const GoalResultSnapshotV1&) override {}
+};
+
+class WidgetsCandidate final : public ScrollAreaCandidate {
+ public:
+  explicit WidgetsCandidate(WidgetArrangement arrangement) : arrangement_(arrangement) {}
+
+  void update(const GoalResultSnapshotV1& snapshot) override {
+    if (data_->update(snapshot) == PeerData::Change::people) {
+      fill(snapshot);
+      return;
+    }
+    for (std::size_t person = 0; person < rows_.size(); ++person) {
+      const GoalOutcomeDTO* outcome = data_->outcome(person);
+      const std::string_view id = outcome ? std::string_view(outcome->id) : std::string_view();
+      if (rows_[person].shownOutcome == id || editorOf(person)) continue;
+      replaceControl(person, resting(person));
+    }
+  }
+
+  void openEditor(std::size_t person) override {
+    // As a press does it: by way of the button's signal.
+    static_cast<QPushButton*>(rows_[person].control)->click();
+  }
+  void closeEditor(std::size_t person) override { editorOf(person)->cancel().click(); }
+  void focusNote(std::size_t person) override { editorOf(person)->note().setFocus(); }
+
+ protected:
+  void fill(const GoalResultSnapshotV1& snapshot) override {
+    data_.emplace(snapshot);
+    rows_.clear();
+    rows_.reserve(data_->size());
+    page_ = new QWidget;
+    page_->setBackgroundRole(QPalette::Base);
+    column_ = new QVBoxLayout(page_);
+    column_->setContentsMargins(24, 24, 24, 24);
+    column_->setSpacing(0);
+    addText(toQString(snapshot.goal().title), ui::Font::title2.weight(ui::FontWeight::semibold));
+    column_->addSpacing(20);
+    addText(QStringLiteral("People worth considering"), ui::Font::headline);
+    for (std::size_t person = 0; person < data_->size(); ++person) addPerson(person);
+    column_->addSpacing(24);
+    addText(QStringLiteral("Supported path"), ui::Font::headline);
+    column_->addSpacing(10);
+    addText(data_->path(), ui::Font::subheadline);
+    column_->addSpacing(4);
+    column_->addWidget(new SmallButton(QStringLiteral("See in Starfold"), page_));
+    column_->addSpacing(4);
+    column_->addWidget(new SmallButton(QStringLiteral("Record outcome"), page_));
+    column_->addSpacing(20);
+    addText(data_->footer(), ui::Font::caption, ui::ForegroundStyle::secondary);
+    column_->addStretch();
+    area_->setWidget(page_);
+  }
+
+ private:
+  struct Row {
+    QBoxLayout* layout = nullptr;
+    QWidget* parent = nullptr;
+    QWidget* control = nullptr;  ///< the button, the summary or the editor
+    std::string shownOutcome;    ///< its id; "" for none
+  };
+
+  void addText(const QString& text, ui::Font font,
+               ui::ForegroundStyle style = ui::ForegroundStyle::primary) {
+    column_->addWidget(makeText(text, font, style, page_));
+  }
+
+  void addPerson(std::size_t person) {
+    Row row{column_, page_, nullptr, {}};
+    column_->addSpacing(arrangement_ == WidgetArrangement::rows ? 10 : 14);
+    if (arrangement_ == WidgetArrangement::rows) {
+      row.parent = new QWidget(page_);
+      row.layout = new QVBoxLayout(row.parent);
+      row.layout->setContentsMargins(0, 4, 0, 4);
+      row.layout->setSpacing(4);
+      column_->addWidget(row.parent);
+    }
+    const auto add = [&](QWidget* widget) {
+      if (arrangement_ == WidgetArrangement::column && widget != nullptr) row.layout->addSpacing(4);
+      row.layout->addWidget(widget);
+    };
+    row.layout->addWidget(new NameButton(data_->name(person), row.parent));
+    add(makeText(data_->why(person), ui::Font::subheadline, ui::ForegroundStyle::secondary,
+                 row.parent));
+    if (data_->hasSource(person)) {
+      auto* source = new SmallButton(QStringLiteral("Show source"), row.parent);
+      source->setObjectName(QString::fromStdString(identifierOf(person, "show-source")));
+      add(source);
+    }
+    rows_.push_back(row);
+    rows_.back().control = resting(person);
+    add(rows_.back().control);
+    if (arrangement_ == WidgetArrangement::column) column_->addSpacing(4);
+  }
+
+  /// What stands there while nobody edits.
+  QWidget* resting(std::size_t person) {
+    const GoalOutcomeDTO* outcome = data_->outcome(person);
+    rows_[person].shownOutcome = outcome ? outcome->id : std::string();
+    if (outcome) {
+      return new OutcomeSummary(*outcome, rows_[person].parent);
+    }
+    auto* start = new SmallButton(QStringLiteral("Record outcome"), rows_[person].parent);
+    start->setObjectName(QString::fromStdString(identifierOf(person, "outcome.start")));
+    QObject::connect(start, &QPushButton::clicked, page_, [this, person] { edit(person); });
+    return start;
+  }
+
+  void edit(std::size_t person) {
+    auto* editor =
+        new OutcomeEditor(QString::fromStdString(identifierPrefixOf(person)), rows_[person].parent);
+    QObject::connect(&editor->cancel(), &QPushButton::clicked, page_,
+                     [this, person] { replaceControl(person, resting(person)); });
+    replaceControl(person, editor);
+    editor->setFocus();
+  }
+
+  void replaceControl(std::size_t person, QWidget* control) {
+    Row& row = rows_[person];
+    delete row.layout->replaceWidget(row.control, control, Qt::FindDirectChildrenOnly);
+    row.control->hide();
+    row.control->deleteLater();
+    row.control = control;
+    control->show();
+  }
+
+  /// The open editor of a person, or nullptr.
+  OutcomeEditor* editorOf(std::size_t person) {
+    return qobject_cast<OutcomeEditor*>(rows_[person].control);
+  }
+
+  WidgetArrangement arrangement_;
+  std::optional<PeerData> data_;
+  QWidget* page_ = nullptr;
+  QBoxLayout* column_ = nullptr;
+  std::vector<Row> rows_;
+};
+
+}  // namespace
+
+std::unique_ptr<Candidate> makeWidgetsCandidate(WidgetArrangement arrangement) {
+  return std::make_unique<WidgetsCandidate>(arrangement);
+}
+
+std::unique_ptr<Candidate> makeEmptyScrollArea() {
+  return std::make_unique<EmptyScrollArea>();
+}
+
+}  // namespace vemra::bench
