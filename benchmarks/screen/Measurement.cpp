@@ -45,7 +45,11 @@ void Measurement::print(const std::string& measure, double value) {
 double Measurement::frameOf(const std::string& what, const std::function<void()>& action) {
   const auto time = clock_.timeToFrame(action);
   if (!time) throw std::runtime_error(kind_.name + ": no frame within a minute: " + what);
+  const QImage frame = pictures_.empty() ? QImage() : pixelsOf(*candidate_->window());
   clock_.settle();
+  if (!pictures_.empty() && pixelsOf(*candidate_->window()) != frame) {
+    std::cerr << kind_.name << ": a frame that was not the last: " << what << '\n';
+  }
   return time->count();
 }
 

@@ -17,8 +17,8 @@ class Measurement {
  public:
   Measurement(FrameClock& clock, const CandidateKind& kind, SampleSize size);
 
-  /// Every time from the first frame to the last; where a picture is wanted, `<folder>/<name>.png`
-  /// after every step.
+  /// Every time from the first frame to the last. With a folder for pictures, one after every step,
+  /// and a word on standard error when a measured frame was not what the window comes to in the end.
   void times(const std::string& pictures);
   /// The first frames alone.
   void firstFrames();
