@@ -39,7 +39,8 @@ std::optional<int> takeNumber(std::string_view& text) {
 std::optional<std::string> zoneOfRule(std::string_view rule) {
   const bool isQuoted = rule.starts_with('<');
   const auto endsName = [&](char c) {
-    return isQuoted ? c == '>' : !((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'));
+    const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+    return isQuoted ? c == '>' : !isLetter;
   };
   std::size_t length = isQuoted ? 1 : 0;
   while (length < rule.size() && !endsName(rule[length])) ++length;

@@ -83,7 +83,7 @@ Delivery ViewGraph::actCatching(NodeID node, const Event& event) {
   }
 }
 
-Delivery ViewGraph::act(NodeID id, const Event& event) {
+Delivery ViewGraph::act(NodeID id, const Event& event) const {
   const Node* node = find(id);
   if (!node) return Delivery::gone;
   if (!node->element.style().enabled) return Delivery::disabled;

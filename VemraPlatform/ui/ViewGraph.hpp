@@ -127,7 +127,7 @@ class ViewGraph final : private StateCell::Owner {
   using WakingRows = std::unordered_map<NodeID, SavedState>;
 
   void stateChanged(StateCell& cell) override;
-  Delivery act(NodeID node, const Event& event);
+  Delivery act(NodeID node, const Event& event) const;
   Delivery actCatching(NodeID node, const Event& event);
   void settle();
   bool somethingWaits() const;

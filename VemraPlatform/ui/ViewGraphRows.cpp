@@ -45,6 +45,7 @@ void ViewGraph::resolveRows(Node& forEach, bool emitting) {
   } else {
     ++work_.idPasses;
     std::vector<std::size_t> indexes;
+    indexes.reserve(forEach.children.size());
     for (const Node* row : forEach.children) indexes.push_back(row->rowIndex);
     std::vector<RowIdentity> identities;
     if (before) identities = rowIdentities(*before, indexes);

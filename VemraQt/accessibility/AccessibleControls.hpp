@@ -47,6 +47,7 @@ class AccessiblePicker final : public AccessibleElement, public ReadOnlyText {
  public:
   using AccessibleElement::AccessibleElement;
   QAccessible::Role role() const override { return QAccessible::ComboBox; }
+  using ReadOnlyText::text;
   QString text(QAccessible::Text kind) const override;
   QAccessible::State state() const override;
   int childCount() const override;

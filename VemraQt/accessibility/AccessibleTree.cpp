@@ -194,6 +194,7 @@ void AccessibleTree::refreshList(NodeID listID) {
   });
   if (!inPlace) {
     std::vector<std::size_t> before;
+    before.reserve(list.rows.size());
     for (const auto& [index, row] : list.rows) before.push_back(index);
     std::ranges::sort(before);
     const auto identities = ui::rowIdentities(*list.source, before);

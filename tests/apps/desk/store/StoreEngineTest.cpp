@@ -78,19 +78,30 @@ TEST_F(StoreEngineTest, CarriesOutInTheOrderOfStarting) {
   for (std::size_t i = 0; i < 50; ++i) EXPECT_EQ(outcomes[i].note, std::to_string(i));
 }
 
+/// Keeps a promise when the thread that it is a `thread_local` of has come to its very end.
+struct AtThreadEnd {
+  std::promise<void>* ended = nullptr;
+  ~AtThreadEnd() {
+    if (ended) ended->set_value();
+  }
+};
+
 TEST_F(StoreEngineTest, MayGoWhileATaskRunsAndTakesItsThreadAlong) {
   for (int i = 0; i < 50; ++i) {
-    std::promise<std::string> title;  // kept when the thread has come to its very end
-    auto ended = title.get_future();
+    std::string title;
+    std::promise<void> promise;
+    auto ended = promise.get_future();
     auto shortLived = std::make_shared<StoreEngine>(file);
     task::start(GoalResultProjectionReader::makeSnapshot(shortLived, "g2"),
                 [&](task::Result<GoalResultSnapshotV1> result) {
-                  title.set_value_at_thread_exit(std::move(result).take().goal().title);
+                  thread_local AtThreadEnd atEnd;
+                  title = std::move(result).take().goal().title;
+                  atEnd.ended = &promise;
                 });
     shortLived.reset();  // the task may be the last owner, and end on the engine's thread
     ASSERT_EQ(ended.wait_for(std::chrono::seconds(30)), std::future_status::ready)
         << "the thread outlives its engine";
-    EXPECT_EQ(ended.get(), "Two");
+    EXPECT_EQ(title, "Two");
   }
 }
 
