@@ -18,6 +18,11 @@ using namespace vemra::monkey;
 
 namespace {
 
+#ifdef __SANITIZE_ADDRESS__
+constexpr std::size_t usualSteps = 1000;  // a client asks thirty times between two of these
+#else
+constexpr std::size_t usualSteps = 4000;
+#endif
 constexpr std::size_t stepsBetweenLooks = 4;
 constexpr std::size_t stepsBetweenFullLooks = 250;
 
@@ -42,7 +47,7 @@ int main(int argumentCount, char** arguments) {
   QFont font("DejaVu Sans");
   font.setPixelSize(13);
   QApplication::setFont(font);
-  const std::size_t count = argumentCount > 1 ? std::stoul(arguments[1]) : 4000;
+  const std::size_t count = argumentCount > 1 ? std::stoul(arguments[1]) : usualSteps;
   const std::uint64_t seed = argumentCount > 2 ? std::stoull(arguments[2]) : 1;
   const Story story = randomStory(seed, count, 40);
   std::size_t step = 0;
