@@ -1,18 +1,29 @@
 #include "VemraQt/Contrast.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
 
 namespace vemra::qt {
 
 namespace {
 
+/// How much light each of the 256 levels of a channel gives.
+std::array<double, 256> linearLevels() {
+  std::array<double, 256> levels{};
+  for (std::size_t level = 0; level < levels.size(); ++level) {
+    const double c = static_cast<double>(level) / 255;
+    levels[level] = c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+  }
+  return levels;
+}
+
 double luminance(const QColor& color) {
-  const auto linear = [](double c) {
-    return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-         0.0722 * linear(color.blueF());
+  // Looking for a readable colour compares dozens, and every page looks for five.
+  static const std::array<double, 256> linear = linearLevels();
+  const auto of = [](int level) { return linear[static_cast<std::size_t>(level)]; };
+  return 0.2126 * of(color.red()) + 0.7152 * of(color.green()) + 0.0722 * of(color.blue());
 }
 
 QColor mixed(const QColor& a, const QColor& b, int percent) {

@@ -71,14 +71,10 @@ QSize StyleMetrics::button(RenderNode& leaf, int width) const {
 
 QSize StyleMetrics::picker(RenderNode& leaf, int width) const {
   const QFont font = looks_.font(leaf.element.style().font);
-  const QFontMetrics metrics(font);
   auto option = optionFor<QStyleOptionComboBox>(page_, font);
   const std::vector<Choice> choices = choicesOf(leaf);
   // As wide as its widest choice, so that choosing moves nothing.
-  int widest = 0;
-  for (const Choice& choice : choices) {
-    widest = std::max(widest, metrics.horizontalAdvance(choice.label));
-  }
+  const int widest = widestOf(choices, font);
   const auto framed = [&](QSize text) {
     return page_.style()->sizeFromContents(QStyle::CT_ComboBox, &option, text, nullptr);
   };
@@ -90,6 +86,20 @@ QSize StyleMetrics::picker(RenderNode& leaf, int width) const {
   size.setHeight(std::max(size.height(), leaf.shape.size().height() + 8));
   size.setWidth(std::min(size.width(), std::max(width, smallestTarget)));
   return size.expandedTo(QSize(smallestTarget, smallestTarget));
+}
+
+int StyleMetrics::widestOf(const std::vector<Choice>& choices, const QFont& font) const {
+  if (font != choicesFont_ || !std::ranges::equal(choices, choices_, {}, &Choice::label)) {
+    const QFontMetrics metrics(font);
+    choicesFont_ = font;
+    choices_.clear();
+    widestChoice_ = 0;
+    for (const Choice& choice : choices) {
+      choices_.append(choice.label);
+      widestChoice_ = std::max(widestChoice_, metrics.horizontalAdvance(choice.label));
+    }
+  }
+  return widestChoice_;
 }
 
 QSize StyleMetrics::field(RenderNode& leaf, int width) const {

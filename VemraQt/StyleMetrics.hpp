@@ -3,9 +3,16 @@
 #include "VemraQt/Layout.hpp"
 #include "VemraQt/Looks.hpp"
 
+#include <vector>
+
+#include <QFont>
+#include <QStringList>
+
 class QWidget;
 
 namespace vemra::qt {
+
+struct Choice;
 
 /// How large the elements are in the widget style of a page.
 ///
@@ -22,8 +29,14 @@ class StyleMetrics final : public LeafMetrics {
   QSize picker(RenderNode& leaf, int width) const;
   QSize field(RenderNode& leaf, int width) const;
 
+  int widestOf(const std::vector<Choice>& choices, const QFont& font) const;
+
   const QWidget& page_;
   const Looks& looks_;
+  /// The pickers of a page mostly have the same choices: those of the last one, and their width.
+  mutable QFont choicesFont_;
+  mutable QStringList choices_;
+  mutable int widestChoice_ = 0;
 };
 
 }  // namespace vemra::qt

@@ -59,6 +59,8 @@ class AccessibleRow final : public AccessibleObject {
   std::size_t index;
   const std::string rowID;
   std::vector<ElementSlot> known;
+  ui::NodeID knownNode;       ///< whose elements `known` are
+  std::uint64_t knownAt = 0;  ///< how much had been described then
 };
 
 /// An element (a text, button, picker or text field), by its path in the page (no row) or in a row.

@@ -149,7 +149,15 @@ std::vector<ElementSlot>& AccessibleTree::elementsOf(AccessibleRow* row) {
   }
   // While an event is being handled a row may be impossible to look at: it is as it was.
   if (const ui::Node* node = nodeOf(*row)) {
-    adopt(row, row->known, elementsUnder(*node, page_.graph()));
+    // Nothing in a row changes unless something is described.
+    const auto described = [this] {
+      return page_.graph().work().bodies + page_.graph().work().rows;
+    };
+    if (row->knownNode != node->id || row->knownAt != described()) {
+      row->knownNode = node->id;
+      adopt(row, row->known, elementsUnder(*node, page_.graph()));
+      row->knownAt = described();
+    }
   }
   return row->known;
 }
