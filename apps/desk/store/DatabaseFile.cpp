@@ -15,6 +15,10 @@
 namespace vemra::desk {
 namespace {
 
+/// What every database begins with. SQLite reads zeros where a file ends before that, and a file of
+/// one byte, which it makes itself on some systems, as an empty database that it may write over.
+constexpr off_t headerSize = 100;
+
 /// An absolute path is always a file; SQLite gives ":memory:" and "" a meaning of their own.
 std::filesystem::path absolutePath(const std::string& file) {
   if (file.empty()) throw StoreError("\"\"", "is not the name of a file");
@@ -91,6 +95,9 @@ DatabaseFile::DatabaseFile(const std::string& name, Opening opening) : name_(nam
   if (::stat(given.c_str(), &status) != 0) failToOpen(name, errno);
   if (!S_ISREG(status.st_mode)) {
     throw StoreError(name, "cannot be opened: not a file");  // a pipe would keep us waiting
+  }
+  if (status.st_size > 0 && status.st_size < headerSize) {
+    throw StoreError(name, "is not an SQLite database");
   }
   std::error_code error;
   const std::filesystem::path real = std::filesystem::canonical(given, error);

@@ -108,6 +108,22 @@ TEST(Schema, AFileThatIsNoDatabaseIsRefusedUntouched) {
   }
 }
 
+// A header takes 100 bytes. SQLite itself reads a file of one byte as an empty database.
+TEST(Schema, AFileTooShortForAHeaderIsRefusedUntouchedUnlessItIsEmpty) {
+  const TemporaryFolder folder;
+  GoalStore::open(folder.file("goals.sqlite"));
+  const std::string whole = folder.read("goals.sqlite");
+  ASSERT_GE(whole.size(), 100u);
+  for (std::size_t size = 1; size < 100; ++size) {
+    for (const std::string& bytes :
+         {std::string(size, 'x'), std::string(size, '\0'), whole.substr(0, size)}) {
+      const std::string file = folder.write("short", bytes);
+      ASSERT_EQ(errorOfOpening(file), file + ": is not an SQLite database") << size;
+      ASSERT_EQ(folder.read("short"), bytes) << size;
+    }
+  }
+}
+
 TEST(Schema, ADamagedStoreIsAnErrorNotACrash) {
   const TemporaryFolder folder;
   const std::string file = folder.file("goals.sqlite");
