@@ -16,6 +16,9 @@ std::string onOneLine(std::string_view text) {
       case '\r':
         line += "\\r";
         break;
+      case '\\':
+        line += "\\\\";
+        break;
       default:
         line += byte;
         break;

@@ -9,8 +9,9 @@ namespace vemra::desk {
 
 /// A goal on one line: id, a tab, title, a line break.
 ///
-/// Id and title stand as they are, byte for byte, so that an id can be handed back to the program.
-/// Only what would break the line or move its border is written as an escape: `\t`, `\n`, `\r`.
+/// What would break the line or move its border is written as an escape: `\t`, `\n`, `\r`, and so
+/// that these can be told from text, `\\` for a backslash. All other bytes of id and title stand as
+/// they are: a reader can turn the line back, and hand the id to the program.
 std::string goalLine(const GoalListing& goal);
 
 /// A text with those escapes.

@@ -1,5 +1,8 @@
 #include "tests/apps/desk/program/DeskTest.hpp"
 
+#include <sstream>
+#include <string_view>
+
 namespace vemra::desk {
 namespace {
 
@@ -41,8 +44,43 @@ TEST_F(CommandsTest, AGoalStaysOnOneLine) {
                                                    "6\u001b[31m\0end"s));
   EXPECT_EQ(outputOf({"import", "--store", store, file}), "");
   EXPECT_EQ(outputOf({"goals", "--store", store}),
-            "a\\tb\\\t1\\n2\\r3\\t4\u20285\u00856\x1b[31m\0end\n"s)
-      << "what breaks no line stands as it is, so that an id can be handed back";
+            "a\\tb\\\\\t1\\n2\\r3\\t4\u20285\u00856\x1b[31m\0end\n"s)
+      << "what breaks no line stands as it is";
+}
+
+/// What a script makes of an id or a title in a line of `goals`.
+std::string turnedBack(std::string_view escaped) {
+  std::string text;
+  for (std::size_t i = 0; i < escaped.size(); ++i) {
+    if (escaped[i] != '\\') {
+      text += escaped[i];
+      continue;
+    }
+    const char letter = escaped.at(++i);
+    text += letter == 't' ? '\t' : letter == 'n' ? '\n' : letter == 'r' ? '\r' : letter;
+  }
+  return text;
+}
+
+TEST_F(CommandsTest, ALineOfAGoalCanBeTurnedBackIntoItsIdAndTitle) {
+  const std::vector<std::string> texts = {"a\tb", "a\\tb", "a\\\tb", "a\\\\tb", "\\",
+                                          "\\\\", "\n",    "\\n",    "\r\\r",   "C:\\new\\recipes"};
+  std::vector<std::string> arguments{"import", "--store", store};
+  for (const std::string& text : texts) {
+    arguments.push_back(
+        document(std::to_string(arguments.size()) + ".json", goal(text, "title " + text)));
+  }
+  EXPECT_EQ(outputOf(arguments), "");
+
+  std::istringstream lines(outputOf({"goals", "--store", store}));
+  for (const std::string& text : texts) {
+    std::string id, title;
+    ASSERT_TRUE(std::getline(lines, id, '\t') && std::getline(lines, title));
+    EXPECT_EQ(turnedBack(id), text) << id;
+    EXPECT_EQ(turnedBack(title), "title " + text) << title;
+    EXPECT_NE(outputOf({"export", "--store", store, "--goal", turnedBack(id)}), "");
+  }
+  EXPECT_EQ(lines.peek(), std::istringstream::traits_type::eof()) << "a line too many";
 }
 
 TEST_F(CommandsTest, AStoreThatIsNotThereYetIsEmptyAndStaysAway) {
