@@ -9,12 +9,23 @@ namespace {
 
 constexpr std::int64_t applicationID = 0x566D446B;  // "VmDk"
 
-// Lists keep their order in `position`, counted from 0. `number` of a goal is the order in which
-// goals came, that of an outcome the order of recording.
-//
 // The reason of a person or a path stands in its row: the kind, and exactly the columns that the
 // kind has a use for.
-constexpr const char* tables = R"sql(
+constexpr const char* reasonColumns = R"sql(
+  why_kind          TEXT NOT NULL
+    CHECK (why_kind IN ('evidence', 'connection', 'sharedActivity', 'nameMatch', 'generic')),
+  why_label         TEXT CHECK ((why_kind = 'evidence') = (why_label IS NOT NULL)),
+  why_detail        TEXT CHECK ((why_kind = 'evidence') = (why_detail IS NOT NULL)),
+  why_reference     TEXT CHECK ((why_kind = 'evidence') = (why_reference IS NOT NULL)),
+  why_hop_count     INTEGER CHECK ((why_kind = 'connection') = (why_hop_count IS NOT NULL)),
+  why_thread_count  INTEGER CHECK ((why_kind = 'sharedActivity') = (why_thread_count IS NOT NULL)),
+  why_meeting_count INTEGER
+    CHECK ((why_kind = 'sharedActivity') = (why_meeting_count IS NOT NULL)),)sql";
+
+// Lists keep their order in `position`, counted from 0. `number` of a goal is the order in which
+// goals came, that of an outcome the order of recording.
+std::string tables() {
+  return std::string(R"sql(
 CREATE TABLE goals (
   number               INTEGER PRIMARY KEY,
   id                   TEXT NOT NULL UNIQUE,
@@ -41,22 +52,9 @@ CREATE TABLE people (
   goal              INTEGER NOT NULL REFERENCES goals (number) ON DELETE CASCADE,
   position          INTEGER NOT NULL CHECK (position >= 0),
   person_ref        TEXT NOT NULL,
-  display_name      TEXT,
-  why_kind          TEXT NOT NULL,
-  why_label         TEXT,
-  why_detail        TEXT,
-  why_reference     TEXT,
-  why_hop_count     INTEGER,
-  why_thread_count  INTEGER,
-  why_meeting_count INTEGER,
-  PRIMARY KEY (goal, position),
-  CHECK (why_kind IN ('evidence', 'connection', 'sharedActivity', 'nameMatch', 'generic')),
-  CHECK ((why_kind = 'evidence') = (why_label IS NOT NULL)),
-  CHECK ((why_kind = 'evidence') = (why_detail IS NOT NULL)),
-  CHECK ((why_kind = 'evidence') = (why_reference IS NOT NULL)),
-  CHECK ((why_kind = 'connection') = (why_hop_count IS NOT NULL)),
-  CHECK ((why_kind = 'sharedActivity') = (why_thread_count IS NOT NULL)),
-  CHECK ((why_kind = 'sharedActivity') = (why_meeting_count IS NOT NULL))
+  display_name      TEXT,)sql") +
+         reasonColumns + R"sql(
+  PRIMARY KEY (goal, position)
 ) STRICT, WITHOUT ROWID;
 
 CREATE TABLE person_evidence (
@@ -71,22 +69,9 @@ CREATE TABLE person_evidence (
 CREATE TABLE paths (
   goal              INTEGER NOT NULL REFERENCES goals (number) ON DELETE CASCADE,
   position          INTEGER NOT NULL CHECK (position >= 0),
-  strength          INTEGER NOT NULL,
-  why_kind          TEXT NOT NULL,
-  why_label         TEXT,
-  why_detail        TEXT,
-  why_reference     TEXT,
-  why_hop_count     INTEGER,
-  why_thread_count  INTEGER,
-  why_meeting_count INTEGER,
-  PRIMARY KEY (goal, position),
-  CHECK (why_kind IN ('evidence', 'connection', 'sharedActivity', 'nameMatch', 'generic')),
-  CHECK ((why_kind = 'evidence') = (why_label IS NOT NULL)),
-  CHECK ((why_kind = 'evidence') = (why_detail IS NOT NULL)),
-  CHECK ((why_kind = 'evidence') = (why_reference IS NOT NULL)),
-  CHECK ((why_kind = 'connection') = (why_hop_count IS NOT NULL)),
-  CHECK ((why_kind = 'sharedActivity') = (why_thread_count IS NOT NULL)),
-  CHECK ((why_kind = 'sharedActivity') = (why_meeting_count IS NOT NULL))
+  strength          INTEGER NOT NULL,)sql" +
+         reasonColumns + R"sql(
+  PRIMARY KEY (goal, position)
 ) STRICT, WITHOUT ROWID;
 
 CREATE TABLE path_people (
@@ -149,6 +134,7 @@ CREATE TRIGGER outcomes_are_appended BEFORE INSERT ON outcomes
 WHEN EXISTS (SELECT 1 FROM outcomes WHERE number = NEW.number)
 BEGIN SELECT RAISE(ABORT, 'a recorded outcome is never replaced'); END;
 )sql";
+}
 
 std::int64_t tableCount(Database& database) {
   return database.number("SELECT count(*) FROM sqlite_schema");
@@ -183,7 +169,7 @@ void prepareSchema(Database& database) {
   if (hasSchema(database)) return;
   Transaction transaction(database, Transaction::Kind::writing);
   if (hasSchemaNow(database)) return;  // another process was faster
-  database.run(tables);
+  database.run(tables().c_str());
   database.run(("PRAGMA application_id = " + std::to_string(applicationID)).c_str());
   database.run(("PRAGMA user_version = " + std::to_string(schemaVersion)).c_str());
   transaction.commit();

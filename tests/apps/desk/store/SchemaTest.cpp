@@ -46,6 +46,29 @@ TEST(Schema, AStoreCarriesItsMarksAndUsesAWriteAheadLog) {
             "0");
 }
 
+TEST(Schema, AReasonHasAllColumnsOfItsKindAndNoOthers) {
+  const TemporaryFolder folder;
+  const std::string file = folder.file("goals.sqlite");
+  GoalStore::open(file).import({goal("g", "t")});
+  RawDatabase raw(file);
+  // A bit a column: label, detail, reference, hop count, thread count, meeting count.
+  constexpr unsigned none = 0, noneWillDo = 64;
+  const std::pair<const char*, unsigned> kinds[] = {
+      {"evidence", 0b000'111},       {"connection", 0b001'000}, {"nameMatch", none},
+      {"sharedActivity", 0b110'000}, {"generic", none},         {"rumour", noneWillDo}};
+  for (const std::string row : {"people VALUES (1, 7, 'p', NULL, ", "paths VALUES (1, 7, 0, "}) {
+    for (const auto& [kind, wanted] : kinds) {
+      for (unsigned given = 0; given < 64; ++given) {
+        std::string insertion = "INSERT INTO " + row + "'" + kind + "'";
+        for (unsigned i = 0; i < 6; ++i) insertion += (given >> i & 1) != 0 ? ", 1" : ", NULL";
+        const std::string error = raw.run("BEGIN; " + insertion + ")");
+        EXPECT_EQ(error.empty(), given == wanted) << insertion << ": " << error;
+        raw.run("ROLLBACK");
+      }
+    }
+  }
+}
+
 TEST(Schema, ANewFileIsForItsOwnerAlone) {
   const TemporaryFolder folder;
   const std::string file = folder.file("goals.sqlite");
