@@ -12,9 +12,6 @@
 namespace vemra::desk {
 namespace {
 
-constexpr int patienceInMilliseconds =
-    static_cast<int>(std::chrono::milliseconds(Database::patience).count());
-
 std::string problem(int code, sqlite3* connection) {
   const int systemError = connection != nullptr ? sqlite3_system_errno(connection) : 0;
   switch (code & 0xFF) {
@@ -68,7 +65,8 @@ void Database::Close::operator()(sqlite3* connection) const {
   sqlite3_close_v2(connection);
 }
 
-Database::Database(const std::string& file, Opening opening) : file_(file, opening) {
+Database::Database(const std::string& file, Opening opening, Patience patience)
+    : file_(file, opening), patience_(patience) {
   sqlite3* connection = nullptr;
   const int manner = file_.isAtRest() ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
   const int code = sqlite3_open_v2(file_.uri().c_str(), &connection,
@@ -76,7 +74,7 @@ Database::Database(const std::string& file, Opening opening) : file_(file, openi
   connection_.reset(connection);
   if (code != SQLITE_OK) fail(code);
   sqlite3_extended_result_codes(connection, 1);
-  sqlite3_busy_timeout(connection, patienceInMilliseconds);
+  sqlite3_busy_timeout(connection, static_cast<int>(patience.count()));
   sqlite3_create_function_v2(connection, "same_text", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
                              nullptr, sameText, nullptr, nullptr, nullptr);
   run("PRAGMA foreign_keys = ON; PRAGMA trusted_schema = OFF");

@@ -14,20 +14,23 @@ struct sqlite3_stmt;
 
 namespace vemra::desk {
 
+/// How long one waits for other processes before one gives up.
+using Patience = std::chrono::milliseconds;
+inline constexpr Patience usualPatience{10'000};
+
 /// A connection to an SQLite 3 database file, closed at the end of its scope.
 ///
-/// Waits for other processes with some patience before it gives up. Every failure, here and in the
-/// statements, is a `StoreError` that names the file. To be used by one thread at a time.
+/// Waits for other processes, but not for ever. Every failure, here and in the statements, is a
+/// `StoreError` that names the file. To be used by one thread at a time.
 class Database {
  public:
   using Opening = DatabaseFile::Opening;
 
-  static constexpr std::chrono::seconds patience{10};
-
   /// Opens the file. Nothing in it is looked at yet, so what is no database is noticed later.
-  Database(const std::string& file, Opening opening);
+  Database(const std::string& file, Opening opening, Patience patience);
 
   const std::string& file() const { return file_.name(); }
+  Patience patience() const { return patience_; }
 
   /// Runs statements that give no rows and take no values.
   void run(const char* sql);
@@ -49,6 +52,7 @@ class Database {
   };
 
   DatabaseFile file_;
+  Patience patience_;
   std::unique_ptr<sqlite3, Close> connection_;
 };
 

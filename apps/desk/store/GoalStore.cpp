@@ -21,7 +21,7 @@ using enum Transaction::Kind;
 ///
 /// SQLite does not wait for others here, where it would have to raise a lock that it holds already.
 void useWriteAheadLog(Database& database) {
-  const auto deadline = std::chrono::steady_clock::now() + Database::patience;
+  const auto deadline = std::chrono::steady_clock::now() + database.patience();
   while (true) {
     try {
       Statement(database, "PRAGMA journal_mode = WAL").run();
@@ -45,8 +45,8 @@ std::string now() {
 
 }  // namespace
 
-GoalStore GoalStore::open(const std::string& file) {
-  Database database(file, Database::Opening::orCreate);
+GoalStore GoalStore::open(const std::string& file, Patience patience) {
+  Database database(file, Database::Opening::orCreate, patience);
   prepareSchema(database);
   useWriteAheadLog(database);
   return GoalStore(std::move(database));
@@ -57,7 +57,7 @@ std::optional<GoalStore> GoalStore::openExisting(const std::string& file) {
   const auto path = std::filesystem::absolute(file.empty() ? "." : file, error);
   const bool missing = !file.empty() && !std::filesystem::exists(path, error) && !error;
   if (missing && std::filesystem::is_directory(path.parent_path(), error)) return std::nullopt;
-  Database database(file, Database::Opening::existing);
+  Database database(file, Database::Opening::existing, usualPatience);
   if (!hasSchema(database)) return std::nullopt;
   return GoalStore(std::move(database));
 }

@@ -37,7 +37,8 @@ struct LeftOutOutcome {
 class GoalStore {
  public:
   /// Opens a store for reading and writing. A file that is not there is made, its folder is not.
-  static GoalStore open(const std::string& file);
+  /// When another process keeps the store for longer than `patience`, calls throw a `StoreBusy`.
+  static GoalStore open(const std::string& file, Patience patience = usualPatience);
 
   /// Opens a store to read from it, changing nothing; it may be read-only. None when there is no
   /// such file: nothing has been stored there yet. Its folder must be there.

@@ -20,8 +20,8 @@ task::Task<Answer> onThread(std::shared_ptr<StoreThread> thread,
 
 }  // namespace
 
-StoreEngine::StoreEngine(std::string file)
-    : thread_(std::make_shared<StoreThread>(std::move(file))) {}
+StoreEngine::StoreEngine(std::string file, Patience patience)
+    : thread_(std::make_shared<StoreThread>(std::move(file), patience)) {}
 
 task::Task<GetGoalSnapshotResponse> StoreEngine::getGoalSnapshot(std::string goalID) {
   return onThread<GetGoalSnapshotResponse>(

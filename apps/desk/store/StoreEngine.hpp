@@ -21,7 +21,7 @@ namespace vemra::desk {
 class StoreEngine final : public GoalToolExecutor {
  public:
   /// Opens nothing yet: the first task does.
-  explicit StoreEngine(std::string file);
+  explicit StoreEngine(std::string file, Patience patience = usualPatience);
 
   task::Task<GetGoalSnapshotResponse> getGoalSnapshot(std::string goalID) override;
 

@@ -12,7 +12,7 @@ namespace vemra::desk {
 /// What the thread and its owner share. The thread keeps it to its own end, and so may outlive the
 /// owner.
 struct StoreThread::Work {
-  explicit Work(std::string name) : file(std::move(name)) {}
+  Work(std::string name, Patience wait) : file(std::move(name)), patience(wait) {}
 
   void runTurns() {
     while (true) {
@@ -28,6 +28,7 @@ struct StoreThread::Work {
   }
 
   const std::string file;
+  const Patience patience;
   std::optional<GoalStore> store;  // touched by the thread alone
 
   std::mutex mutex;
@@ -37,7 +38,8 @@ struct StoreThread::Work {
   std::thread thread;
 };
 
-StoreThread::StoreThread(std::string file) : work_(std::make_shared<Work>(std::move(file))) {
+StoreThread::StoreThread(std::string file, Patience patience)
+    : work_(std::make_shared<Work>(std::move(file), patience)) {
   work_->thread = std::thread([work = work_] { work->runTurns(); });
 }
 
@@ -67,7 +69,7 @@ void StoreThread::Turn::await_suspend(std::coroutine_handle<> waiter) {
 
 GoalStore& StoreThread::Turn::await_resume() {
   Work& work = *thread_.work_;
-  if (!work.store) work.store.emplace(GoalStore::open(work.file));
+  if (!work.store) work.store.emplace(GoalStore::open(work.file, work.patience));
   return *work.store;
 }
 

@@ -22,7 +22,7 @@ namespace vemra::desk {
 /// that fails the turn throws the `StoreError`, and the next one tries again.
 class StoreThread {
  public:
-  explicit StoreThread(std::string file);
+  StoreThread(std::string file, Patience patience);
 
   /// Ends the thread after the turns that were asked for. May happen on the thread itself, when the
   /// last owner is a coroutine that ran there.

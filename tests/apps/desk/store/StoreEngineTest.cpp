@@ -2,6 +2,7 @@
 #include "VemraPlatform/task/Start.hpp"
 #include "apps/desk/store/StoreEngine.hpp"
 #include "apps/desk/store/StoreError.hpp"
+#include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/TemporaryFolder.hpp"
 
@@ -57,6 +58,21 @@ TEST_F(StoreEngineTest, TriesAgainAfterAStoreThatCouldNotBeOpened) {
   EXPECT_THROW(task::wait(waiting.goals()), StoreError);
   std::filesystem::create_directory(folder.path() / "later");
   EXPECT_TRUE(task::wait(waiting.goals()).empty());
+}
+
+TEST_F(StoreEngineTest, WaitsForAnotherProgramAsLongAsItsPatienceLasts) {
+  using Clock = std::chrono::steady_clock;
+  RawDatabase other(file);
+  ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
+  const std::chrono::milliseconds patience(200);
+  StoreEngine waiting(file, patience);
+  const auto start = Clock::now();
+  EXPECT_THROW(task::wait(waiting.import({goal("g3", "Three")})), StoreBusy);
+  EXPECT_GE(Clock::now() - start, patience / 2);
+  EXPECT_LT(Clock::now() - start, usualPatience / 2);
+  ASSERT_EQ(other.run("ROLLBACK"), "");
+  task::wait(waiting.import({goal("g3", "Three")}));
+  EXPECT_EQ(task::wait(waiting.goals()).size(), 3u);
 }
 
 TEST_F(StoreEngineTest, CarriesOutInTheOrderOfStarting) {

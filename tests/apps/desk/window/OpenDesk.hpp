@@ -29,7 +29,7 @@ class OpenDesk : public testing::Test {
   ~OpenDesk() override { close(); }
 
   void open(std::optional<std::string> goalID = std::nullopt) {
-    engine = std::make_shared<StoreEngine>(file);
+    engine = std::make_shared<StoreEngine>(file, patience);
     window = std::make_unique<DeskWindow>(engine, std::move(goalID));
     window->resize(1200, 1500);  // every row of the samples is in view, and so has its widgets
     window->show();
@@ -118,6 +118,7 @@ class OpenDesk : public testing::Test {
 
   TemporaryFolder folder;
   std::string file = folder.file("goals.sqlite");
+  Patience patience = usualPatience;  // of the window's engine
   std::shared_ptr<StoreEngine> engine;
   std::unique_ptr<DeskWindow> window;
 };

@@ -3,6 +3,7 @@
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
+#include <chrono>
 #include <csignal>
 #include <sys/resource.h>
 
@@ -146,6 +147,7 @@ TEST_F(RecordingTest, WhatCouldNotBeRecordedIsKeptThroughEveryFurtherFailure) {
 }
 
 TEST_F(RecordingTest, AStoreThatAnotherProgramKeepsIsTriedAgain) {
+  patience = std::chrono::milliseconds(100);
   open();
   wait<QAbstractButton>(mai + ".outcome.start");
   RawDatabase other(file);
