@@ -174,51 +174,40 @@ void DeskWindow::addSampleGoals() {
   });
 }
 
-void DeskWindow::openPerson(const std::string& personRef) {
-  refreshSide_ = [this, personRef] {
-    startOnMainThread(*this, engine_->person(personRef),
-                      [this, wanted = ++sideRequest_](auto result) {
-                        if (wanted != sideRequest_)
-                          return;  // closed, or another thing was asked for since
-                        if (const QString failure = failureOf(result); !failure.isEmpty()) {
-                          tellFailure("The person could not be looked up. " + failure);
-                        } else {
-                          side_->showPerson(std::move(result).take());
-                        }
-                      });
+template <class Ask, class Show>
+void DeskWindow::lookUp(Ask ask, const QString& failure, Show show) {
+  refreshSide_ = [this, ask, failure, show] {
+    startOnMainThread(*this, ask(), [this, failure, show, wanted = ++sideRequest_](auto result) {
+      if (wanted != sideRequest_) return;  // closed, or another thing was asked for since
+      if (const QString why = failureOf(result); !why.isEmpty()) {
+        tellFailure(failure + ' ' + why);
+      } else {
+        show(std::move(result).take());
+      }
+    });
   };
   refreshSide_();
+}
+
+void DeskWindow::openPerson(const std::string& personRef) {
+  lookUp([this, personRef] { return engine_->person(personRef); },
+         "The person could not be looked up.",
+         [this](const PersonKnowledge& person) { side_->showPerson(person); });
 }
 
 void DeskWindow::showEvidence(const std::string& evidenceID) {
-  refreshSide_ = [this, evidenceID] {
-    startOnMainThread(*this, engine_->evidence(evidenceID),
-                      [this, wanted = ++sideRequest_](auto result) {
-                        if (wanted != sideRequest_)
-                          return;  // closed, or another thing was asked for since
-                        if (const QString failure = failureOf(result); !failure.isEmpty()) {
-                          tellFailure("The source could not be looked up. " + failure);
-                        } else {
-                          side_->showEvidence(std::move(result).take());
-                        }
-                      });
-  };
-  refreshSide_();
+  lookUp([this, evidenceID] { return engine_->evidence(evidenceID); },
+         "The source could not be looked up.",
+         [this](const EvidenceKnowledge& evidence) { side_->showEvidence(evidence); });
 }
 
 void DeskWindow::showPath(const GoalPathCandidateDTO& path) {
-  refreshSide_ = [this, path, goalID = goalID_.value_or("")] {
-    startOnMainThread(*this, engine_->names(goalID, path.personRefs),
-                      [this, path, wanted = ++sideRequest_](auto result) {
-                        if (wanted != sideRequest_) return;
-                        if (const QString failure = failureOf(result); !failure.isEmpty()) {
-                          tellFailure("The people on the path could not be looked up. " + failure);
-                        } else {
-                          side_->showPath(path, std::move(result).take());
-                        }
-                      });
-  };
-  refreshSide_();
+  lookUp([this, path,
+          goalID = goalID_.value_or("")] { return engine_->names(goalID, path.personRefs); },
+         "The people on the path could not be looked up.",
+         [this, path](const std::vector<std::optional<std::string>>& names) {
+           side_->showPath(path, names);
+         });
 }
 
 void DeskWindow::closeSide() {

@@ -51,6 +51,12 @@ class DeskWindow : public QMainWindow {
   void record(const std::string& goalID, const GoalOutcomeRecordingInput& input);
   void addSampleGoals();
 
+  /// Asks for something, now and whenever the store has changed, and shows it beside the screen.
+  ///
+  /// - Parameters ask, show: give the task to be started, and take what it comes to.
+  /// - Parameter failure: the sentence before the reason when the task fails.
+  template <class Ask, class Show>
+  void lookUp(Ask ask, const QString& failure, Show show);
   void openPerson(const std::string& personRef);
   void showEvidence(const std::string& evidenceID);
   void showPath(const GoalPathCandidateDTO& path);
