@@ -1,5 +1,4 @@
 #include "apps/desk/store/GoalStore.hpp"
-#include "apps/desk/store/SampleGoals.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/TemporaryFolder.hpp"
 
@@ -70,36 +69,6 @@ TEST_F(KnowledgeTest, NamesComeFromTheGoalFirstAndThenFromAnyOther) {
   EXPECT_EQ(names("g1"), (Names{"Bo", std::nullopt, "Renée"}));
   EXPECT_EQ(names("g3"), (Names{"Bodil", std::nullopt, "Renée"}));
   EXPECT_EQ(names("not there"), (Names{"Bo", std::nullopt, "Renée"}));
-}
-
-// What the sample goals are for: every face of the screen is in one of them.
-TEST(SampleGoals, ShowEveryFaceOfTheScreen) {
-  const auto goals = sampleGoals();
-  ASSERT_EQ(goals.size(), 3u);
-  std::set<std::size_t> reasons;
-  bool source = false, noSource = false, nameless = false;
-  for (const auto& person : goals[0].people) {
-    const auto* plain = std::get_if<GoalWhyDTO::Plain>(&person.why.reason);
-    reasons.insert(person.why.reason.index() + (plain != nullptr ? std::size_t(*plain) : 0));
-    (person.topEvidenceID() ? source : noSource) = true;
-    nameless |= !person.displayName;
-  }
-  EXPECT_EQ(reasons.size(), 5u);
-  EXPECT_TRUE(source && noSource && nameless);
-  EXPECT_FALSE(goals[0].paths.empty());
-  bool noted = false, corrected = false;
-  for (const auto& outcome : goals[0].outcomes) {
-    noted |= outcome.note.has_value();
-    corrected |= outcome.correctsOutcomeID.has_value();
-  }
-  EXPECT_TRUE(noted && corrected);
-
-  EXPECT_TRUE(goals[1].people.empty() && !goals[1].goal.targetPersonRef);
-  EXPECT_EQ(goals[1].coverage.evidenceCount, 0);
-
-  EXPECT_TRUE(goals[2].people.empty() && goals[2].paths.empty());
-  EXPECT_TRUE(goals[2].goal.targetPersonRef);
-  EXPECT_GT(goals[2].coverage.evidenceCount, 0);
 }
 
 }  // namespace
