@@ -1,3 +1,4 @@
+#include "tests/VemraGoalSurface/Blanks.hpp"
 #include "tests/VemraGoalSurface/SampleScreen.hpp"
 #include "tests/VemraGoalSurface/Shape.hpp"
 
@@ -17,12 +18,6 @@ const std::string picker = prefix + ".outcome.picker";
 const std::string note = prefix + ".outcome.note";
 const std::string save = prefix + ".outcome.save";
 const std::string cancel = prefix + ".outcome.cancel";
-
-// All scalars with Unicode's White_Space property (PropList.txt).
-const std::vector<std::string> blanks{
-    "\t",     "\n",     "\v",     "\f",     "\r",     " ",      "\u0085", "\u00A0", "\u1680",
-    "\u2000", "\u2001", "\u2002", "\u2003", "\u2004", "\u2005", "\u2006", "\u2007", "\u2008",
-    "\u2009", "\u200A", "\u2028", "\u2029", "\u202F", "\u205F", "\u3000"};
 
 /// The editor of one person's control, open for a first recording or for a correction.
 class OutcomeEditor : public ::testing::Test {

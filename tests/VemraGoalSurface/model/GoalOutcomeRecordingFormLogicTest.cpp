@@ -1,5 +1,6 @@
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
 #include "tests/VemraGoalEngine/SampleRecords.hpp"
+#include "tests/VemraGoalSurface/Blanks.hpp"
 
 #include <string>
 #include <vector>
@@ -12,12 +13,6 @@ namespace {
 namespace form = GoalOutcomeRecordingFormLogic;
 constexpr GoalOutcomeSubjectKind person = GoalOutcomeSubjectKind::person;
 constexpr GoalOutcomeSubjectKind path = GoalOutcomeSubjectKind::path;
-
-// The characters with Unicode's White_Space property, each in UTF-8.
-const std::vector<std::string> blanks = {
-    "\t",     "\n",     "\v",     "\f",     "\r",     " ",      "\u0085", "\u00a0", "\u1680",
-    "\u2000", "\u2001", "\u2002", "\u2003", "\u2004", "\u2005", "\u2006", "\u2007", "\u2008",
-    "\u2009", "\u200a", "\u2028", "\u2029", "\u202f", "\u205f", "\u3000"};
 
 // Characters that look like nothing, and are something.
 const std::vector<std::string> almostBlanks = {

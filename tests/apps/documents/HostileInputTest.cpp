@@ -1,5 +1,6 @@
 #include "apps/documents/ResultReader.hpp"
 #include "apps/documents/SourceFile.hpp"
+#include "tests/apps/Repeated.hpp"
 #include "tests/apps/documents/SampleResult.hpp"
 
 #include <cerrno>
@@ -19,13 +20,6 @@ namespace {
 
 constexpr std::size_t twoMegabytes = 2'000'000;
 constexpr std::size_t fiftyMegabytes = 50'000'000;
-
-std::string repeated(std::string_view piece, std::size_t count) {
-  std::string text;
-  text.reserve(piece.size() * count);
-  for (std::size_t i = 0; i < count; ++i) text += piece;
-  return text;
-}
 
 std::string inTitle(const std::string& value) {
   return replacing(sampleResult, "\"Find a design lead\"", value);

@@ -1,3 +1,4 @@
+#include "tests/apps/Repeated.hpp"
 #include "tests/apps/inspect/CaseText.hpp"
 #include "tests/apps/inspect/Ran.hpp"
 
@@ -33,13 +34,6 @@ double childrensSeconds() {
   rusage usage{};
   ::getrusage(RUSAGE_CHILDREN, &usage);
   return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
-
-std::string repeated(std::string_view piece, std::size_t count) {
-  std::string text;
-  text.reserve(piece.size() * count);
-  for (std::size_t i = 0; i < count; ++i) text += piece;
-  return text;
 }
 
 /// A piece again and again, up to that many bytes.

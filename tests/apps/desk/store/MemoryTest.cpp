@@ -1,5 +1,6 @@
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/store/StoreError.hpp"
+#include "tests/apps/Repeated.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/TemporaryFolder.hpp"
 
@@ -34,12 +35,6 @@ std::atomic<std::size_t> refusedFrom{SIZE_MAX};
 
 namespace vemra::desk {
 namespace {
-
-std::string repeated(std::string_view piece, int count) {
-  std::string text;
-  for (int i = 0; i < count; ++i) text += piece;
-  return text;
-}
 
 TEST(MemoryTest, TextsThatCannotBeComparedFailTheQuestionAndNothingElse) {
   const TemporaryFolder folder;
