@@ -94,8 +94,4 @@ void removeIdentifierSource(const IdentifierSource& source) {
   std::erase(identifierSources(), &source);
 }
 
-bool identifiersArePublished() {
-  return installer && installer->isInstalled();
-}
-
 }  // namespace vemra::qt

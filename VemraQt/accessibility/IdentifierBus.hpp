@@ -44,7 +44,4 @@ void publishIdentifiers();
 void addIdentifierSource(const IdentifierSource& source);
 void removeIdentifierSource(const IdentifierSource& source);
 
-/// Whether the identifiers are on the bus now.
-bool identifiersArePublished();
-
 }  // namespace vemra::qt
