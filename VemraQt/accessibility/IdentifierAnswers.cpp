@@ -37,7 +37,7 @@ QAccessible::Id elementAt(const QString& path) {
 
 QString identifierOf(QAccessible::Id element) {
   for (const IdentifierSource* source : identifierSources()) {
-    const QString identifier = source->identifier(element);
+    QString identifier = source->identifier(element);
     if (!identifier.isNull()) return identifier;
   }
   return QString();

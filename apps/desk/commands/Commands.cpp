@@ -22,6 +22,7 @@ namespace {
 void importDocuments(const Request& request, std::ostream& diagnostics) {
   // Read to the last one before the store is touched.
   std::vector<GetGoalSnapshotResponse> results;
+  results.reserve(request.documents.size());
   for (const std::string& document : request.documents) {
     results.push_back(documents::readResultFile(document));
   }
@@ -72,7 +73,7 @@ std::string storeFile(const Request& request) {
 }
 
 std::string storeFileToWrite(const Request& request) {
-  const std::string file = storeFile(request);
+  std::string file = storeFile(request);
   if (!request.store) makeFolderOf(file);
   return file;
 }

@@ -24,7 +24,7 @@ std::filesystem::path absolutePath(const std::string& file) {
   if (file.empty()) throw StoreError("\"\"", "is not the name of a file");
   if (file.find('\0') != std::string::npos) throw StoreError(file, "is not the name of a file");
   std::error_code error;
-  const std::filesystem::path path = std::filesystem::absolute(file, error);
+  std::filesystem::path path = std::filesystem::absolute(file, error);
   if (error) throw StoreError(file, "cannot be opened: " + error.message());
   return path;
 }

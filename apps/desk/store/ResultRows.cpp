@@ -76,7 +76,7 @@ class Writing {
   }
 
  private:
-  void each(Statement& insert, std::size_t owner, const Texts& texts) {
+  void each(Statement& insert, std::size_t owner, const Texts& texts) const {
     for (std::size_t i = 0; i < texts.size(); ++i) insert.run(goal_, owner, i, texts[i]);
   }
 

@@ -40,7 +40,7 @@ std::string readyStore(const Request& request) {
       throw UnknownGoal(storeFile(request), *request.goal);
     }
   }
-  const std::string file = storeFileToWrite(request);
+  std::string file = storeFileToWrite(request);
   GoalStore::open(file);
   return file;
 }
