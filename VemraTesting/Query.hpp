@@ -10,11 +10,12 @@ namespace vemra::testing {
 
 /// How a person, or a script, points at an element: by what it is called, never by where it stands.
 ///
-/// Texts and identifiers match byte for byte. `index` picks among several, in tree order.
+/// Texts and identifiers match byte for byte. `index` picks among several, in tree order, from 0.
 struct Query {
   enum class By { identifier, title, text };
-  By by;
-  ui::ElementKind kind = ui::ElementKind::text;  ///< of a title: the role
+  By by = By::identifier;
+  /// The kind that a title or a text is sought on; of an identifier it says nothing.
+  ui::ElementKind kind = ui::ElementKind::text;
   std::string value;
   std::size_t index = 0;
 
@@ -23,9 +24,11 @@ struct Query {
   std::string description() const;
 };
 
-inline Query byIdentifier(std::string identifier) {
-  return {Query::By::identifier, {}, std::move(identifier), 0};
+/// By accessibility identifier, on an element of any kind.
+inline Query byIdentifier(std::string identifier, std::size_t index = 0) {
+  return {Query::By::identifier, {}, std::move(identifier), index};
 }
+/// By what a Text shows: of a key, its translation.
 inline Query byText(std::string shown, std::size_t index = 0) {
   return {Query::By::text, ui::ElementKind::text, std::move(shown), index};
 }
@@ -33,6 +36,7 @@ inline Query byText(std::string shown, std::size_t index = 0) {
 inline Query byTitle(ui::ElementKind kind, std::string shown, std::size_t index = 0) {
   return {Query::By::title, kind, std::move(shown), index};
 }
+/// A button by its shown title.
 inline Query button(std::string shown, std::size_t index = 0) {
   return byTitle(ui::ElementKind::button, std::move(shown), index);
 }

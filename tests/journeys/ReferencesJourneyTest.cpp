@@ -9,6 +9,7 @@ namespace vemra::screentest {
 namespace {
 
 using testing::button;
+using testing::byIdentifier;
 using ::testing::ElementsAre;
 
 struct Pair {
@@ -29,23 +30,12 @@ class EqualReferences : public ::testing::TestWithParam<Pair> {
     return result;
   }
 
-  /// A button inside the control at `index`, in tree order.
-  ui::NodeID inControl(std::size_t index, const std::string& title) const {
-    std::vector<ui::NodeID> pending{controls(host.screen).at(index)->id};
-    while (!pending.empty()) {
-      const auto& node = *host.screen.tree().find(pending.back());
-      pending.pop_back();
-      if (button(title).matches(node.element)) return node.id;
-      pending.insert(pending.end(), node.children.begin(), node.children.end());
-    }
-    return {};
-  }
-
-  void press(std::size_t index, const std::string& title) {
-    ASSERT_EQ(host.screen.graph().deliver(inControl(index, title), ui::Press{}),
-              ui::Delivery::acted)
-        << title << '\n'
-        << host.screen.outline();
+  /// What is called so in the control of the person at `index`. Where the identifiers of the two are
+  /// one, it is pointed at by its order, as long as the first person's control has it too.
+  static testing::Query inControl(std::size_t index, const std::string& name) {
+    const auto& [pair, first, second] = GetParam();
+    return byIdentifier("vemra.goal.person." + (index == 0 ? first : second) + ".outcome." + name,
+                        first == second ? index : 0);
   }
 
   MemoryHost host{twoPeople()};
@@ -82,22 +72,22 @@ TEST_P(EqualReferences, callBackWithTheBytesOfTheirOwnRow) {
 }
 
 TEST_P(EqualReferences, haveEditorsOfTheirOwnAndOneOutcome) {
-  press(0, "Record outcome");
-  EXPECT_EQ(face(host.screen, 0).at(0), "VStack leading 6");
-  EXPECT_EQ(face(host.screen, 1).size(), 1u);
-  press(1, "Record outcome");
-  press(1, "Save");
+  host.screen.press(inControl(1, "start"));
+  EXPECT_EQ(face(host.screen, 0).size(), 1u);
+  EXPECT_EQ(face(host.screen, 1).at(0), "VStack leading 6");
+  host.screen.press(inControl(0, "start"));
+  host.screen.press(inControl(1, "save"));
   EXPECT_THAT(host.log,
               ElementsAre("person \"" + GetParam().second + "\" wasUseful note=nil corrects=nil"));
   EXPECT_EQ(face(host.screen, 0).at(0), "VStack leading 6") << "the first is still editing";
   EXPECT_EQ(face(host.screen, 1).at(0), "VStack leading 2") << "the second is recorded";
-  press(0, "Save");
+  host.screen.press(inControl(0, "save"));
   EXPECT_EQ(host.log.back(),
             "person \"" + GetParam().first + "\" wasUseful note=nil corrects=\"o1\"");
 }
 
 TEST_P(EqualReferences, areToldApartByTheirOrder) {
-  press(0, "Record outcome");
+  host.screen.press(inControl(0, "start"));
   host.change([](Result& result) {
     std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
     std::swap(people[0], people[1]);
@@ -109,8 +99,8 @@ TEST_P(EqualReferences, areToldApartByTheirOrder) {
 }
 
 TEST_P(EqualReferences, surviveTheOtherOnesLeaving) {
-  press(0, "Record outcome");
-  press(1, "Record outcome");
+  host.screen.press(inControl(1, "start"));
+  host.screen.press(inControl(0, "start"));
   host.change([](Result& result) { result.people = {result.people[1]}; });
   EXPECT_EQ(controls(host.screen).size(), 1u);
   EXPECT_EQ(face(host.screen, 0).at(0), "VStack leading 6");
