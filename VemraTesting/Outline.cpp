@@ -1,5 +1,6 @@
 #include "VemraTesting/Outline.hpp"
 
+#include "VemraPlatform/text/UTF8.hpp"
 #include "VemraTesting/Names.hpp"
 
 #include <variant>
@@ -10,11 +11,28 @@ namespace {
 
 using namespace vemra::ui;
 
-// One line, whatever the text holds.
+/// Says whether a scalar beyond ASCII ends a line for some reader, or turns the order of what is
+/// shown around: the C1 controls, the line and paragraph separators, and what has Unicode's
+/// Bidi_Control property (PropList.txt).
+bool isDisruptive(char32_t scalar) {
+  return (scalar >= 0x80 && scalar <= 0x9F) || scalar == 0x61C || scalar == 0x200E ||
+         scalar == 0x200F || (scalar >= 0x2028 && scalar <= 0x202E) ||
+         (scalar >= 0x2066 && scalar <= 0x2069);
+}
+
+void appendHex(std::string& out, char32_t value, int digits) {
+  constexpr std::string_view hex = "0123456789abcdef";
+  for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) out += hex[(value >> shift) & 0xF];
+}
+
+// One line, whatever the text holds. Ill-formed bytes stay as they are.
 std::string quoted(std::string_view text) {
   std::string out = "\"";
-  for (char c : text) {
-    switch (c) {
+  while (!text.empty()) {
+    const auto [scalar, length] = text::firstStep(text);
+    const std::string_view bytes = text.substr(0, length);
+    text.remove_prefix(length);
+    switch (scalar.value_or(U'?')) {
       case '\n':
         out += "\\n";
         break;
@@ -31,11 +49,14 @@ std::string quoted(std::string_view text) {
         out += "\\\\";
         break;
       default:
-        if (const auto byte = static_cast<unsigned char>(c); byte < 0x20 || byte == 0x7F) {
-          constexpr std::string_view digits = "0123456789abcdef";
-          out += {'\\', 'x', digits[byte / 16], digits[byte % 16]};
+        if (scalar && (*scalar < 0x20 || *scalar == 0x7F)) {
+          out += "\\x";
+          appendHex(out, *scalar, 2);
+        } else if (scalar && isDisruptive(*scalar)) {
+          out += "\\u";
+          appendHex(out, *scalar, 4);
         } else {
-          out += c;
+          out += bytes;
         }
     }
   }

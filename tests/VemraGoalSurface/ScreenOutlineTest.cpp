@@ -1,13 +1,14 @@
 // The faces of the screen as texts to look at: tests/expected/screen-*.txt.
 // VEMRA_UPDATE_EXPECTED=1 in the environment rewrites them.
 
+#include "tests/ExpectedFile.hpp"
 #include "tests/VemraGoalSurface/SampleScreen.hpp"
 #include "tests/VemraGoalSurface/Shape.hpp"
 
-#include <cstdlib>
-#include <fstream>
 #include <memory>
-#include <sstream>
+#include <optional>
+#include <string>
+#include <string_view>
 
 #include <gtest/gtest.h>
 
@@ -17,15 +18,7 @@ namespace {
 using testing::Screen;
 
 void expectOutline(const Screen& screen, const std::string& name) {
-  const std::string file =
-      std::string(VEMRA_REPOSITORY) + "/tests/expected/screen-" + name + ".txt";
-  const char* update = std::getenv("VEMRA_UPDATE_EXPECTED");
-  if (update && std::string(update) == "1") std::ofstream(file) << screen.outline();
-  std::ifstream in(file);
-  ASSERT_TRUE(in) << file << " is missing; VEMRA_UPDATE_EXPECTED=1 writes it";
-  std::ostringstream expected;
-  expected << in.rdbuf();
-  EXPECT_EQ(screen.outline(), expected.str()) << "in " << file;
+  testing::expectAsInFile(screen.outline(), "screen-" + name + ".txt");
 }
 
 /// Four people, one of each kind, and a path with an outcome.

@@ -1,12 +1,12 @@
 #include "VemraTesting/Outline.hpp"
 #include "VemraTesting/Screen.hpp"
+#include "tests/ExpectedFile.hpp"
 #include "tests/VemraTesting/Questionnaire.hpp"
 
-#include <cstdlib>
-#include <fstream>
 #include <memory>
-#include <sstream>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include <gtest/gtest.h>
 
@@ -15,22 +15,6 @@ namespace vemra::testing {
 namespace {
 
 using namespace sample;
-
-/// Holds a text against the file of that name in tests/expected, or with VEMRA_UPDATE_EXPECTED=1 in
-/// the environment writes the file.
-void expectAsInFile(const std::string& actual, const std::string& name) {
-  const std::string path = std::string(VEMRA_REPOSITORY) + "/tests/expected/" + name;
-  const char* update = std::getenv("VEMRA_UPDATE_EXPECTED");
-  if (update && std::string_view(update) == "1") {
-    std::ofstream(path, std::ios::binary) << actual;
-    return;
-  }
-  std::ifstream file(path, std::ios::binary);
-  ASSERT_TRUE(file) << path << " is not there; VEMRA_UPDATE_EXPECTED=1 writes it";
-  std::stringstream expected;
-  expected << file.rdbuf();
-  EXPECT_EQ(actual, expected.str()) << path << "; VEMRA_UPDATE_EXPECTED=1 rewrites it";
-}
 
 class German final : public ui::StringsTable {
  public:
@@ -59,8 +43,24 @@ TEST(OutlineTest, TellsKeysFromTheirTranslations) {
 }
 
 TEST(OutlineTest, OneLineAnElementWhateverItsTextHolds) {
-  const ui::View view = ui::Text(ui::verbatim(std::string("a\0b\n\r\t\v\"\\\x1f\x7f", 11)));
-  EXPECT_EQ(outlineLine(ui::Element(view, {}, {})), R"(Text "a\x00b\n\r\t\x0b\"\\\x1f\x7f")");
+  const auto line = [](std::string text) {
+    return outlineLine(ui::Element(ui::Text(ui::verbatim(std::move(text))), {}, {}));
+  };
+  EXPECT_EQ(line(std::string("a\0b\n\r\t\v\"\\\x1f\x7f", 11)),
+            R"(Text "a\x00b\n\r\t\x0b\"\\\x1f\x7f")");
+  EXPECT_EQ(line("\u0085\u2028\u2029"), R"(Text "\u0085\u2028\u2029")") << "these end a line";
+  EXPECT_EQ(line("\xC2\x80\xC2\x9B\xC2\x9F"), R"(Text "\u0080\u009b\u009f")");
+  EXPECT_EQ(line("\u061C\u200E\u200F"), R"(Text "\u061c\u200e\u200f")") << "these turn it";
+  EXPECT_EQ(line("\u202A\u202B\u202C\u202D\u202E"), R"(Text "\u202a\u202b\u202c\u202d\u202e")");
+  EXPECT_EQ(line("\u2066\u2067\u2068\u2069"), R"(Text "\u2066\u2067\u2068\u2069")");
+}
+
+TEST(OutlineTest, OtherTextIsByteForByteAsGiven) {
+  // The neighbours of what is escaped, a letter in two forms, and bytes that are no text.
+  const std::string text =
+      "\u00A0\u061B\u061D\u200D\u2010\u2027\u202F\u2065\u206A\u00E9e\u0301\U0001F600 \x80\xC2 "
+      "\xE2\x80";
+  EXPECT_EQ(outlineLine(ui::Element(ui::Text(ui::verbatim(text)), {}, {})), "Text \"" + text + '"');
 }
 
 }  // namespace vemra::testing
