@@ -59,59 +59,65 @@ std::size_t Screen::count(const Query& query) const {
 
 const RenderedTree::Node& Screen::get(const Query& query) const {
   if (const RenderedTree::Node* node = find(query)) return *node;
-  if (query.by == Query::By::identifier) {
-    fail("no element with " + query.description(), query.value);
+  fail(query, missing(query));
+}
+
+std::string Screen::missing(const Query& query) const {
+  std::string reason = "no " + subject(query);
+  if (query.index > 0) {
+    reason +=
+        " at index " + std::to_string(query.index) + ": there are " + std::to_string(count(query));
   }
-  if (query.index == 0) fail("no " + query.description());
-  fail("no " + query.description() + " at index " + std::to_string(query.index) + ": there are " +
-       std::to_string(count(query)));
+  return reason;
 }
 
-void Screen::press(const Query& query) {
-  act(query, get(query), ui::Press{});
+void Screen::carryOut(const Query& query, const Act& act) {
+  if (auto reason = attempt(query, act)) fail(query, *std::move(reason));
 }
 
-void Screen::select(const Query& query, std::string_view tagName) {
-  const RenderedTree::Node& node = get(query);
+std::optional<std::string> Screen::attempt(const Query& query, const Act& act) {
+  const RenderedTree::Node* const node = find(query);
+  if (!node) return missing(query);
+  const std::string who = subject(query);
+  const auto* const choose = std::get_if<Choose>(&act);
+  const std::optional<ui::Event> event = eventOf(*node, act);
+  if (!event) {
+    if (!node->element.style().enabled) return who + " is disabled";
+    if (node->element.kind() != ui::ElementKind::picker) return who + " is not a picker";
+    return "no choice \"" + choose->tagName + "\" in " + who;
+  }
+  switch (graph_.deliver(node->id, *event)) {
+    case ui::Delivery::acted:
+    case ui::Delivery::queued:
+      return std::nullopt;
+    case ui::Delivery::disabled:
+      return who + " is disabled";
+    case ui::Delivery::refused:
+      return who + " is not a " +
+             (choose                                   ? "picker"
+              : std::holds_alternative<ui::Press>(act) ? "button"
+                                                       : "text field");
+    case ui::Delivery::gone:
+      return who + " is gone";
+  }
+  return std::nullopt;
+}
+
+/// The event that the act is for this element; nil when it has no such choice.
+std::optional<ui::Event> Screen::eventOf(const RenderedTree::Node& node, const Act& act) const {
+  if (const auto* press = std::get_if<ui::Press>(&act)) return *press;
+  if (const auto* edit = std::get_if<ui::EditText>(&act)) return *edit;
+  if (const auto* submit = std::get_if<ui::Submit>(&act)) return *submit;
+  if (node.element.kind() != ui::ElementKind::picker) return std::nullopt;
   std::vector<ui::NodeID> pending(node.children.rbegin(), node.children.rend());
-  if (node.element.kind() != ui::ElementKind::picker) pending.clear();
   while (!pending.empty()) {
     const RenderedTree::Node& row = *tree_.find(pending.back());
     pending.pop_back();
-    if (const ui::Tag* tag = row.element.tag(); tag && tag->name() == tagName) {
-      return act(query, node, ui::Select{*tag});
-    }
+    const ui::Tag* const tag = row.element.tag();
+    if (tag && tag->name() == std::get<Choose>(act).tagName) return ui::Select{*tag};
     pending.insert(pending.end(), row.children.rbegin(), row.children.rend());
   }
-  if (!node.element.style().enabled) fail(subject(query) + " is disabled");
-  if (node.element.kind() != ui::ElementKind::picker) fail(subject(query) + " is not a picker");
-  fail("no choice \"" + std::string(tagName) + "\" in " + subject(query));
-}
-
-void Screen::type(const Query& query, std::string_view text) {
-  act(query, get(query), ui::EditText{std::string(text)});
-}
-
-void Screen::submit(const Query& query) {
-  act(query, get(query), ui::Submit{});
-}
-
-void Screen::act(const Query& query, const RenderedTree::Node& node, ui::Event event) {
-  const std::string who = subject(query);
-  const char* const wanted = std::holds_alternative<ui::Press>(event)    ? "button"
-                             : std::holds_alternative<ui::Select>(event) ? "picker"
-                                                                         : "text field";
-  switch (graph_.deliver(node.id, std::move(event))) {
-    case ui::Delivery::acted:
-    case ui::Delivery::queued:
-      return;
-    case ui::Delivery::disabled:
-      fail(who + " is disabled");
-    case ui::Delivery::refused:
-      fail(who + " is not a " + wanted);
-    case ui::Delivery::gone:
-      fail(who + " is gone");
-  }
+  return std::nullopt;
 }
 
 std::vector<std::string> Screen::shownTexts() const {
@@ -135,8 +141,9 @@ std::string Screen::outline() const {
   return testing::outline(tree_, graph_);
 }
 
-void Screen::fail(std::string reason, std::string_view sought) const {
-  const std::string nearest = sought.empty() ? "" : nearestIdentifiers(sought);
+void Screen::fail(const Query& query, std::string reason) const {
+  const bool unknown = query.by == Query::By::identifier && count(query) == 0;
+  const std::string nearest = unknown ? nearestIdentifiers(query.value) : "";
   throw ElementError(std::move(reason), nearest + "\nthe tree:\n" + outline());
 }
 

@@ -10,27 +10,33 @@ Inspection::Inspection(const Case& inspected)
     : screen_(view(inspected.result), inspected.environment) {}
 
 StepResult Inspection::carryOut(const Step& step) {
-  struct Act {
+  using testing::byIdentifier;
+  struct Doer {
     Inspection& inspection;
     testing::Screen& screen;
 
-    void operator()(const PressIdentifier& press) { screen.press(press.identifier); }
-    void operator()(const PressTitle& press) {
-      screen.press(testing::button(press.title, press.index));
+    StepResult operator()(const PressIdentifier& press) {
+      return screen.attempt(byIdentifier(press.identifier), ui::Press{});
     }
-    void operator()(const Select& select) {
-      screen.select(select.identifier, caseName(select.value));
+    StepResult operator()(const PressTitle& press) {
+      return screen.attempt(testing::button(press.title, press.index), ui::Press{});
     }
-    void operator()(const Type& type) { screen.type(type.identifier, type.text); }
-    void operator()(const Submit& submit) { screen.submit(submit.identifier); }
-    void operator()(const NewResult& handedIn) { screen.show(inspection.view(*handedIn.result)); }
+    StepResult operator()(const Select& select) {
+      return screen.attempt(byIdentifier(select.identifier),
+                            testing::Choose{std::string(caseName(select.value))});
+    }
+    StepResult operator()(const Type& type) {
+      return screen.attempt(byIdentifier(type.identifier), ui::EditText{type.text});
+    }
+    StepResult operator()(const Submit& submit) {
+      return screen.attempt(byIdentifier(submit.identifier), ui::Submit{});
+    }
+    StepResult operator()(const NewResult& handedIn) {
+      screen.show(inspection.view(*handedIn.result));
+      return std::nullopt;
+    }
   };
-  try {
-    std::visit(Act{*this, screen_}, step);
-  } catch (const testing::ElementError& error) {
-    return error.reason();
-  }
-  return std::nullopt;
+  return std::visit(Doer{*this, screen_}, step);
 }
 
 ui::View Inspection::view(const GetGoalSnapshotResponse& result) {

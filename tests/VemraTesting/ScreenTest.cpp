@@ -86,6 +86,10 @@ TEST_F(ScreenTest, OfEqualIdentifiersTheFirstInTreeOrderIsMeant) {
   EXPECT_EQ(screen.get("id").element.shownLabel(), "first");
   EXPECT_EQ(screen.count(byIdentifier("id")), 2U);
   EXPECT_THAT(screen.identifiers(), ElementsAre("id", "id"));
+  EXPECT_EQ(screen.get(byIdentifier("id", 1)).element.shownLabel(), "second");
+  EXPECT_EQ(reasonOf([&] { screen.get(byIdentifier("id", 2)); }),
+            "no element with identifier \"id\" at index 2: there are 2");
+  EXPECT_THAT(what, Not(HasSubstr("nearest"))) << "it is spelt as it should be";
 }
 
 TEST_F(ScreenTest, IdentifiersAndTextsMatchByteForByte) {
@@ -151,6 +155,52 @@ TEST_F(ScreenTest, ADisabledElementIsAnErrorAndNothingHappens) {
             "element with identifier \"ask.Ada.mood\" is disabled");
   EXPECT_EQ(reasonOf([&] { screen.type("ask.Ada.note", "x"); }),
             "element with identifier \"ask.Ada.note\" is disabled");
+}
+
+namespace {
+
+/// Counts how often it is described for developers.
+struct Described {
+  static constexpr std::string_view name = "Described";
+  int* times;
+  ui::View body() const { return ui::Button("Go", nullptr).accessibilityIdentifier("go"); }
+  ui::Properties properties() const {
+    ++*times;
+    return {};
+  }
+};
+
+}  // namespace
+
+TEST_F(ScreenTest, AnAttemptSaysWhatTheVerbsThrow) {
+  const Query send = byIdentifier("ask.Ada.send");
+  const Query note = byIdentifier("ask.Ada.note");
+  const Query mood = byIdentifier("ask.Ada.mood");
+  EXPECT_EQ(screen.attempt(byIdentifier("x"), ui::Press{}), "no element with identifier \"x\"");
+  EXPECT_EQ(screen.attempt(send, ui::Press{}),
+            "element with identifier \"ask.Ada.send\" is disabled");
+  EXPECT_EQ(screen.attempt(note, ui::Press{}),
+            "element with identifier \"ask.Ada.note\" is not a button");
+  EXPECT_EQ(screen.attempt(mood, Choose{"bad"}),
+            "no choice \"bad\" in element with identifier \"ask.Ada.mood\"");
+  EXPECT_EQ(screen.attempt(mood, Choose{"good"}), std::nullopt);
+  EXPECT_EQ(screen.attempt(note, ui::EditText{"x"}), std::nullopt);
+  EXPECT_EQ(screen.attempt(note, ui::Submit{}), std::nullopt);
+  EXPECT_EQ(screen.attempt(send, ui::Press{}), std::nullopt);
+  EXPECT_THAT(log, ElementsAre("Ada:good:x"));
+}
+
+TEST_F(ScreenTest, AnAttemptInVainDoesNotDescribeTheTree) {
+  int described = 0;
+  screen.show(Described{&described});
+  const Query go = byIdentifier("go");
+  EXPECT_TRUE(screen.attempt(byIdentifier("gone"), ui::Press{}));
+  EXPECT_TRUE(screen.attempt(button("Stay"), ui::Press{}));
+  EXPECT_TRUE(screen.attempt(go, ui::Submit{}));
+  EXPECT_TRUE(screen.attempt(go, Choose{"x"}));
+  EXPECT_EQ(described, 0);
+  EXPECT_THROW(screen.press("gone"), ElementError);
+  EXPECT_EQ(described, 1) << "the error of a verb shows the tree";
 }
 
 TEST_F(ScreenTest, AnActFromInsideACallbackWaitsForTheEventToEnd) {
