@@ -21,15 +21,19 @@ class StringsTable {
 /// What a tree is shown in: an input of the tree, never a global.
 ///
 /// Two trees in one process may be in two languages. A body that needs it takes it as an argument.
+///
+/// A default one is fixed (en_US, UTC, no translations), so that tests and reproducible output do
+/// not turn on the machine they run on. It is not the user's: a host that shows a screen hands in
+/// `Environment::system()`, with its own strings table.
 struct Environment {
   std::string locale = "en_US";  ///< an ICU locale identifier; decides how dates are written
   std::string timeZone = "UTC";  ///< a time zone identifier of the tz database
   std::shared_ptr<const StringsTable> strings;  ///< none: every key is shown as it is
-  double textScale = 1.0;
+  double textScale = 1.0;  ///< how much larger than usual the user wants text; 1: as usual
   ColorScheme colorScheme = ColorScheme::light;
   LayoutDirection layoutDirection = LayoutDirection::leftToRight;
 
-  /// The user's own locale and time zone, asked of the system now.
+  /// The user's own locale and time zone, asked of the system now; all else as by default.
   static Environment system();
 
   /// What is shown for `key`: its translation, or the key itself.

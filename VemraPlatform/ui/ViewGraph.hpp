@@ -62,6 +62,8 @@ struct WorkCount {
 /// A graph must not be destroyed by what it calls; that stops the process. Main thread only.
 class ViewGraph final : private StateCell::Owner {
  public:
+  /// The default environment is fixed (en_US, UTC, no translations), for tests and reproducible
+  /// output; a host hands in `Environment::system()`.
   explicit ViewGraph(Environment environment = {});
   ~ViewGraph();
   ViewGraph(const ViewGraph&) = delete;
