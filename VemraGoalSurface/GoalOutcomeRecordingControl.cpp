@@ -112,8 +112,10 @@ Children Control::editor(const LocalState<State>& state) const {
 
 void Control::save(const LocalState<State>& state) const {
   MainActor::assertIsolated("GoalOutcomeRecordingControl.save");
-  onRecord(Form::recordingInput(subjectKind, subjectRef, state->selectedValue, state->noteText,
-                                effectiveOutcome));
+  if (onRecord) {
+    onRecord(Form::recordingInput(subjectKind, subjectRef, state->selectedValue, state->noteText,
+                                  effectiveOutcome));
+  }
   state.set(&State::isEditing, false);
 }
 

@@ -65,7 +65,7 @@ Children GoalResultView::personRow(const GoalPersonCandidateDTO& person) const {
       Button(verbatim(person.displayName.value_or("Unnamed person")),
              [view = *this, &person] {
                MainActor::assertIsolated("GoalResultView.openPerson");
-               view.callbacks_->onOpenPerson(person.personRef);
+               if (const auto& open = view.callbacks_->onOpenPerson) open(person.personRef);
              })
           .buttonStyle(ButtonStyle::plain)
           .font(Font::body.weight(FontWeight::medium)),
@@ -79,7 +79,9 @@ Children GoalResultView::personRow(const GoalPersonCandidateDTO& person) const {
                   return Button("Show source",
                                 [view = *this, evidenceID] {
                                   MainActor::assertIsolated("GoalResultView.showSource");
-                                  view.callbacks_->onShowEvidence(evidenceID);
+                                  if (const auto& show = view.callbacks_->onShowEvidence) {
+                                    show(evidenceID);
+                                  }
                                 })
                       .font(Font::caption)
                       .accessibilityIdentifier(identifierPrefix + ".show-source");
@@ -109,7 +111,9 @@ View GoalResultView::pathSection() const {
                       Button("See in Starfold",
                              [view = *this, &path] {
                                MainActor::assertIsolated("GoalResultView.seeInStarfold");
-                               view.callbacks_->onFocusPathInStarfold(path);
+                               if (const auto& focus = view.callbacks_->onFocusPathInStarfold) {
+                                 focus(path);
+                               }
                              })
                           .font(Font::caption)
                           .accessibilityIdentifier("vemra.goal.path.see-in-starfold"),

@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace vemra {
 
@@ -14,8 +15,10 @@ namespace vemra {
 ///
 /// Shows a snapshot and hands every action to the host through a callback, synchronously, on the
 /// main thread, once a press. It owns no data and does no work of its own; the host answers by
-/// showing a new view made from a new snapshot:
+/// showing a new view made from a new snapshot, also from inside a callback: it is taken up when the
+/// press has been handled, and the callback returns before that.
 ///
+///     ui::ViewGraph graph(ui::Environment::system());
 ///     graph.setRoot(GoalResultView(
 ///         snapshot,
 ///         [&](const std::string& personRef) { host.open(personRef); },
@@ -29,16 +32,35 @@ namespace vemra {
 /// ".outcome.picker", ".outcome.note", ".outcome.save", ".outcome.cancel", ".outcome.correct" and
 /// ".outcome.corrected-marker".
 ///
+/// What it is shown in is the graph's environment, by default a fixed one (en_US, UTC, no
+/// translations); a host hands in the user's, `ui::Environment::system()`.
+///
 /// Main thread only: `body` and every action stop the process when they run elsewhere.
 class GoalResultView {
  public:
   static constexpr std::string_view name = "GoalResultView";
 
-  using OnOpenPerson = std::function<void(const std::string& personRef)>;
-  using OnShowEvidence = std::function<void(const std::string& evidenceID)>;
-  using OnFocusPath = std::function<void(const GoalPathCandidateDTO& path)>;
-  using OnRecordOutcome = std::function<void(const GoalOutcomeRecordingInput& input)>;
+  /// \name Callbacks
+  /// Arguments are references into the snapshot, or to what lives as long as the call: a host that
+  /// works on later copies what it needs. What a callback throws comes out of the call that delivered
+  /// the press.
+  /// @{
 
+  /// A person's name was pressed: open the person. Called with the person's reference.
+  using OnOpenPerson = std::function<void(const std::string& personRef)>;
+  /// "Show source" of a person was pressed. Called with the id of the strongest piece of evidence.
+  using OnShowEvidence = std::function<void(const std::string& evidenceID)>;
+  /// "See in Starfold" was pressed: show the path in the relationship graph. Called with the path as
+  /// it stands in the snapshot.
+  using OnFocusPath = std::function<void(const GoalPathCandidateDTO& path)>;
+  /// "Save" was pressed in an editor: store the outcome. Called with what is to be stored; the editor
+  /// closes once the callback has returned, and what is shown as recorded changes with the next
+  /// snapshot only.
+  using OnRecordOutcome = std::function<void(const GoalOutcomeRecordingInput& input)>;
+  /// @}
+
+  /// The screen of one snapshot, with what is to be called for each action. A callback may be empty:
+  /// its button is shown all the same, and pressing it asks nothing of the host.
   GoalResultView(GoalResultSnapshotV1 snapshot, OnOpenPerson onOpenPerson,
                  OnShowEvidence onShowEvidence, OnFocusPath onFocusPathInStarfold,
                  OnRecordOutcome onRecordOutcome);

@@ -2,6 +2,7 @@
 #include "tests/VemraGoalSurface/SampleScreen.hpp"
 #include "tests/VemraGoalSurface/Shape.hpp"
 
+#include <optional>
 #include <type_traits>
 
 #include <gmock/gmock.h>
@@ -110,6 +111,34 @@ TEST_F(WholeScreen, handingInAnEqualSnapshotChangesNothing) {
   const std::size_t patches = screen.tree().patchCount();
   screen.show(viewOf(ordinaryResult(), calls_));
   EXPECT_EQ(screen.tree().patchCount(), patches);
+}
+
+TEST_F(WholeScreen, anEmptyCallbackAsksNothingOfTheHost) {
+  Screen screen(GoalResultView(GoalResultSnapshotV1(ordinaryResult()), {}, {}, {}, {}));
+  screen.press(testing::button("Ada"));
+  screen.press("vemra.goal.person.p1.show-source");
+  screen.press("vemra.goal.path.see-in-starfold");
+  screen.press("vemra.goal.path.outcome.start");
+  screen.press("vemra.goal.path.outcome.save");
+  EXPECT_EQ(shape(screen), shape(Screen(viewOf(ordinaryResult(), calls_))))
+      << "all is shown as ever, and Save has closed the editor";
+}
+
+TEST_F(WholeScreen, aNewViewMayBeHandedInFromInsideACallback) {
+  Result next = ordinaryResult();
+  next.goal.title = "Answered";
+  std::optional<Screen> screen;
+  const auto answer = [&](const auto&) {
+    screen->show(viewOf(next, calls_));
+    EXPECT_FALSE(screen->has(testing::byText("Answered"))) << "the press is still being handled";
+  };
+  const GoalResultView view(GoalResultSnapshotV1(ordinaryResult()), answer, answer, answer, answer);
+  for (const char* title : {"Ada", "Show source", "See in Starfold", "Save"}) {
+    screen.emplace(view);
+    screen->press("vemra.goal.path.outcome.start");
+    screen->press(testing::button(title));
+    EXPECT_TRUE(screen->has(testing::byText("Answered"))) << title;
+  }
 }
 
 TEST_F(WholeScreen, callsTheCallbacksOfTheViewThatWasHandedInLast) {
