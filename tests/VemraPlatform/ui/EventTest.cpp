@@ -1,6 +1,5 @@
 #include "tests/VemraPlatform/ui/Sample.hpp"
 
-#include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -187,54 +186,6 @@ TEST(EventTest, SavePressedTwiceInOneGoActsOnce) {
   press(graph, "twice");
   EXPECT_EQ(saved, 1) << "both presses were queued; the first one took the button away";
   EXPECT_EQ(graph.deliver(save, Press{}), Delivery::gone);
-}
-
-TEST(EventTest, ARootFromInsideACallbackIsTakenUpWhenTheEventEnds) {
-  ViewGraph graph;
-  testing::RenderedTree tree;
-  graph.attach(tree);
-  std::vector<std::string> during;
-  graph.setRoot(Group({Counter{}, Button("new", [&] {
-                         graph.setRoot(Text("first"));
-                         graph.setRoot(Text("second"));
-                         during = texts(graph.root());
-                       })}));
-  const auto bodies = graph.work().bodies;
-  press(graph, "new");
-  EXPECT_EQ(during, std::vector<std::string>{"counter=0"});
-  EXPECT_EQ(texts(graph.root()), std::vector<std::string>{"second"});
-  EXPECT_EQ(graph.work().bodies, bodies);
-  EXPECT_EQ(difference(graph, tree), "");
-}
-
-TEST(EventTest, ARootFromInsideApplyOrABodyIsTakenUpAfterwards) {
-  ViewGraph graph;
-  Window window;
-  graph.attach(window);
-  window.onApply = [&](const std::vector<Patch>&) {
-    window.onApply = nullptr;
-    graph.setRoot(Body{[&]() -> View {
-      graph.setRoot(Text("third"));
-      return Text("second");
-    }});
-    EXPECT_EQ(texts(graph.root()), std::vector<std::string>{"first"});
-  };
-  graph.setRoot(Text("first"));
-  EXPECT_EQ(texts(graph.root()), std::vector<std::string>{"third"});
-  EXPECT_EQ(difference(graph, window.tree), "");
-}
-
-TEST(EventTest, AnActionMayReplaceTheVeryButtonThatRunsIt) {
-  ViewGraph graph;
-  auto alive = std::make_shared<int>(1);
-  const std::weak_ptr<int> watch = alive;
-  graph.setRoot(Button("go", [&graph, &watch, held = std::move(alive)] {
-    graph.setRoot(View());
-    EXPECT_FALSE(watch.expired()) << "what the action holds must live as long as it runs";
-  }));
-  press(graph, "go");
-  EXPECT_EQ(graph.root(), nullptr);
-  EXPECT_TRUE(watch.expired());
 }
 
 TEST(EventTest, AnExceptionOfAnActionComesOutAfterSettling) {

@@ -1,7 +1,10 @@
-#include "tests/VemraPlatform/ui/Sample.hpp"
+// Which rows of a list are described, and how each is found again in the next list.
+
+#include "tests/VemraPlatform/ui/ListInWindow.hpp"
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -20,40 +23,7 @@ std::string_view caseName(Only) {
   return "one";
 }
 
-View counterRow(const Line& line) {
-  return Counter{line.id};
-}
-
-/// A list in a window that shows some of its rows.
-class RowsTest : public ::testing::Test {
- protected:
-  RowsTest() { graph.attach(window); }
-  ~RowsTest() override { graph.detach(); }
-
-  void show(std::vector<Line> lines, std::function<View(const Line&)> row = counterRow) {
-    graph.setRoot(list(std::move(lines), std::move(row)));
-    EXPECT_EQ(difference(graph, window.tree), "");
-  }
-  void showRows(std::size_t first, std::size_t last) {
-    graph.showRows(forEach().id, {{first, last}});
-    EXPECT_EQ(difference(graph, window.tree), "");
-  }
-  const Node& forEach() { return *firstOf(graph.root(), ElementKind::forEach); }
-  Texts shown() { return texts(graph.root()); }
-  /// Presses "+" in a row, which is looked at when it is not shown.
-  void pressRow(std::size_t index) {
-    const Node* row = graph.find(graph.lookAtRow(forEach().id, index));
-    ASSERT_TRUE(row);
-    graph.deliver(buttonTitled(row, "+")->id, Press{});
-    EXPECT_EQ(difference(graph, window.tree), "");
-  }
-  Texts lookedAt(std::size_t index) {
-    return texts(graph.find(graph.lookAtRow(forEach().id, index)));
-  }
-
-  Window window;
-  ViewGraph graph;
-};
+class RowsTest : public ListInWindow {};
 
 }  // namespace
 
@@ -134,69 +104,6 @@ TEST_F(RowsTest, RequestsFromInsideApplyAreServedAfterIt) {
   EXPECT_EQ(shown().size(), 2U);
 }
 
-TEST_F(RowsTest, ASleepingRowKeepsItsStateAndReturnsWithIt) {
-  show(numbered(100));
-  showRows(0, 3);
-  pressRow(1);
-  const auto state = forEach().children[1]->state;
-  showRows(50, 53);
-  EXPECT_TRUE(state->isAttached());
-  EXPECT_EQ(shown(), (Texts{"row50=0", "row51=0", "row52=0"}));
-  showRows(0, 3);
-  EXPECT_EQ(shown(), (Texts{"row0=0", "row1=1", "row2=0"}));
-  EXPECT_EQ(forEach().children[1]->state, state);
-  pressRow(1);
-  EXPECT_EQ(shown(), (Texts{"row0=0", "row1=2", "row2=0"}));
-}
-
-TEST_F(RowsTest, AWriteToASleepingRowWaitsThereForItsReturn) {
-  show(numbered(10));
-  showRows(0, 1);
-  pressRow(0);
-  const auto state =
-      std::static_pointer_cast<StateCellOf<Counter::State>>(forEach().children[0]->state);
-  showRows(5, 6);
-  const auto bodies = graph.work().bodies;
-  state->set(&Counter::State::count, 9);
-  EXPECT_EQ(graph.work().bodies, bodies);
-  showRows(0, 1);
-  EXPECT_EQ(shown(), Texts{"row0=9"});
-}
-
-TEST_F(RowsTest, ASleepingRowFollowsItsIdAndIsForgottenWhenItLeavesTheList) {
-  show({{"a"}, {"b"}, {"c"}});
-  showRows(0, 3);
-  pressRow(0);
-  pressRow(1);
-  showRows(2, 3);
-  show({{"c"}, {"x"}, {"b"}});
-  showRows(0, 3);
-  EXPECT_EQ(shown(), (Texts{"c=0", "x=0", "b=1"}));
-  show({{"a"}, {"b"}});
-  showRows(0, 2);
-  EXPECT_EQ(shown(), (Texts{"a=0", "b=1"})) << "a left while it slept";
-}
-
-TEST_F(RowsTest, AStateThatLeavesWhileAsleepTakesNoMoreWrites) {
-  show({{"a"}, {"b"}});
-  showRows(0, 1);
-  pressRow(0);
-  const auto state = forEach().children[0]->state;
-  showRows(1, 2);
-  show({{"b"}});
-  EXPECT_FALSE(state->isAttached());
-}
-
-TEST_F(RowsTest, TheWholeListMayLeaveWithSleepersInIt) {
-  show({{"a"}, {"b"}});
-  showRows(0, 1);
-  pressRow(0);
-  const auto state = forEach().children[0]->state;
-  showRows(1, 2);
-  graph.setRoot(Text("x"));
-  EXPECT_FALSE(state->isAttached());
-}
-
 TEST_F(RowsTest, EqualIdsAreToldApartByOrderInEveryForm) {
   const std::string composed = "\u00E9";
   const std::string decomposed = "e\u0301";
@@ -242,64 +149,6 @@ TEST_F(RowsTest, AChangeInsideTheWindowReordersTheRowsThatAreThere) {
   EXPECT_EQ(forEach().children[1]->rowIndex, 3U);
 }
 
-TEST_F(RowsTest, ALookMakesNoPatchAndIsTheShownRowOnceItIsShown) {
-  show(numbered(100));
-  showRows(0, 2);
-  window.take();
-  const NodeID looked = graph.lookAtRow(forEach().id, 40);
-  EXPECT_EQ(texts(graph.find(looked)), Texts{"row40=0"});
-  EXPECT_FALSE(graph.find(looked)->isShown);
-  EXPECT_EQ(graph.lookAtRow(forEach().id, 40), looked);
-  EXPECT_EQ(graph.lookAtRow(forEach().id, 1), forEach().children[1]->id);
-  pressRow(40);
-  EXPECT_TRUE(window.take().empty());
-  EXPECT_EQ(lookedAt(40), Texts{"row40=1"}) << "a change inside it is described all the same";
-  showRows(40, 41);
-  EXPECT_EQ(forEach().children[0]->id, looked);
-  EXPECT_TRUE(forEach().children[0]->isShown);
-  EXPECT_EQ(shown(), Texts{"row40=1"});
-  pressRow(40);
-  EXPECT_EQ(shown(), Texts{"row40=2"});
-}
-
-TEST_F(RowsTest, OfManyLooksTheOldestIsForgottenAndItsStateIsNot) {
-  show(numbered(200));
-  const NodeID first = graph.lookAtRow(forEach().id, 0);
-  pressRow(0);
-  for (std::size_t index = 1; index < 64; ++index) graph.lookAtRow(forEach().id, index);
-  EXPECT_TRUE(graph.find(first));
-  graph.lookAtRow(forEach().id, 64);
-  EXPECT_FALSE(graph.find(first));
-  EXPECT_EQ(lookedAt(0), Texts{"row0=1"});
-  EXPECT_LT(graph.work().nodes, 66U * 4U + 10U);
-}
-
-TEST_F(RowsTest, LooksEndWithTheDescriptionOfTheirList) {
-  show(numbered(10));
-  const NodeID looked = graph.lookAtRow(forEach().id, 3);
-  pressRow(3);
-  std::vector<Line> lines = numbered(10);
-  std::swap(lines[3], lines[7]);
-  show(lines);
-  EXPECT_FALSE(graph.find(looked));
-  EXPECT_EQ(lookedAt(7), Texts{"row3=1"});
-  EXPECT_EQ(lookedAt(3), Texts{"row7=0"});
-}
-
-TEST_F(RowsTest, ALookFromABodyFindsNothingNewAndItsOtherWishesWaitTheirTurn) {
-  NodeID fromRow;
-  show({{"a"}, {"b"}}, [&](const Line& line) -> View {
-    if (line.id == "b") {
-      fromRow = graph.lookAtRow(forEach().id, 0);
-      graph.setRoot(Text("next"));
-    }
-    return Text(verbatim(line.id));
-  });
-  graph.lookAtRow(forEach().id, 1);
-  EXPECT_FALSE(fromRow);
-  EXPECT_EQ(shown(), Texts{"next"}) << "taken up after the look";
-}
-
 TEST_F(RowsTest, ANewRootCostsNoPassOverIdsWithoutStateAndOneWithIt) {
   const std::vector<Line> lines = numbered(100'000);
   show(lines);
@@ -332,74 +181,6 @@ TEST_F(RowsTest, ARowOfAnotherKindOrBranchStartsAfresh) {
   other = true;
   show({{"a"}}, row);
   EXPECT_EQ(shown(), Texts{"a=0"});
-}
-
-namespace {
-
-/// Has another state than `Counter`, in the same place.
-struct Note {
-  struct State {
-    std::string text = "initial";
-    friend bool operator==(const State&, const State&) = default;
-  };
-  View body(const LocalState<State>& state) const { return Text(verbatim(state->text)); }
-};
-
-}  // namespace
-
-TEST_F(RowsTest, ARowThatWakesAsAnotherKindOrBranchStartsAfresh) {
-  int kind = 0;
-  const auto row = [&](const Line& line) -> View {
-    if (kind == 0) return Counter{line.id};
-    if (kind == 1) return Note{};
-    return If(true, [&] { return View(Counter{line.id}); });
-  };
-  show({{"a"}, {"b"}}, row);
-  showRows(0, 2);
-  pressRow(0);
-  pressRow(1);
-  showRows(0, 0);
-  kind = 1;
-  show({{"a"}, {"b"}}, row);
-  showRows(0, 1);
-  EXPECT_EQ(shown(), Texts{"initial"});
-  kind = 2;
-  showRows(0, 2);
-  EXPECT_EQ(shown(), (Texts{"initial", "b=0"})) << "described as it is when it is asked for";
-}
-
-TEST_F(RowsTest, WhatARowHoldsSleepsAndWakesWithIt) {
-  bool nested = true;
-  const auto row = [&](const Line& line) -> View {
-    return Group({Text(verbatim(line.id)), View(Counter{"x"}).id("x"), If(nested, [] {
-                    return list({{"i"}, {"j"}, {"k"}}, counterRow);
-                  })});
-  };
-  show({{"a"}, {"b"}}, row);
-  showRows(0, 1);
-  const auto inner = [&] { return firstOf(forEach().children[0], ElementKind::forEach)->id; };
-  graph.showRows(inner(), {{0, 2}});
-  pressRow(0);  // its first "+": the counter beside the inner list
-  graph.deliver(buttonTitled(graph.find(inner())->children[1], "+")->id, Press{});
-  graph.deliver(buttonTitled(graph.find(graph.lookAtRow(inner(), 2)), "+")->id, Press{});
-  EXPECT_EQ(shown(), (Texts{"a", "x=1", "i=0", "j=1"}));
-  for (int times = 0; times < 2; ++times) {
-    showRows(1, 2);
-    showRows(0, 1);
-    EXPECT_EQ(shown(), (Texts{"a", "x=1"}));
-  }
-  graph.showRows(inner(), {{0, 3}});
-  EXPECT_EQ(shown(), (Texts{"a", "x=1", "i=0", "j=1", "k=1"}));
-
-  showRows(1, 2);
-  nested = false;
-  show({{"a"}, {"b"}}, row);
-  showRows(0, 1);
-  EXPECT_EQ(shown(), (Texts{"a", "x=1"}));
-  nested = true;
-  show({{"a"}, {"b"}}, row);
-  graph.showRows(inner(), {{0, 3}});
-  EXPECT_EQ(shown(), (Texts{"a", "x=1", "i=0", "j=0", "k=0"})) << "it had no place when it woke";
 }
 
 TEST_F(RowsTest, AnAbsentRowIsAnEmptyOne) {

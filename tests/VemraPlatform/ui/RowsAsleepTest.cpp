@@ -1,0 +1,150 @@
+// Rows that leave the window and return: their state sleeps and wakes with them.
+
+#include "tests/VemraPlatform/ui/ListInWindow.hpp"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace vemra::ui {
+
+namespace {
+
+using namespace sample;
+
+using Texts = std::vector<std::string>;
+
+/// Has another state than `Counter`, in the same place.
+struct Note {
+  struct State {
+    std::string text = "initial";
+    friend bool operator==(const State&, const State&) = default;
+  };
+  View body(const LocalState<State>& state) const { return Text(verbatim(state->text)); }
+};
+
+class RowsAsleepTest : public ListInWindow {};
+
+}  // namespace
+
+TEST_F(RowsAsleepTest, ASleepingRowKeepsItsStateAndReturnsWithIt) {
+  show(numbered(100));
+  showRows(0, 3);
+  pressRow(1);
+  const auto state = forEach().children[1]->state;
+  showRows(50, 53);
+  EXPECT_TRUE(state->isAttached());
+  EXPECT_EQ(shown(), (Texts{"row50=0", "row51=0", "row52=0"}));
+  showRows(0, 3);
+  EXPECT_EQ(shown(), (Texts{"row0=0", "row1=1", "row2=0"}));
+  EXPECT_EQ(forEach().children[1]->state, state);
+  pressRow(1);
+  EXPECT_EQ(shown(), (Texts{"row0=0", "row1=2", "row2=0"}));
+}
+
+TEST_F(RowsAsleepTest, AWriteToASleepingRowWaitsThereForItsReturn) {
+  show(numbered(10));
+  showRows(0, 1);
+  pressRow(0);
+  const auto state =
+      std::static_pointer_cast<StateCellOf<Counter::State>>(forEach().children[0]->state);
+  showRows(5, 6);
+  const auto bodies = graph.work().bodies;
+  state->set(&Counter::State::count, 9);
+  EXPECT_EQ(graph.work().bodies, bodies);
+  showRows(0, 1);
+  EXPECT_EQ(shown(), Texts{"row0=9"});
+}
+
+TEST_F(RowsAsleepTest, ASleepingRowFollowsItsIdAndIsForgottenWhenItLeavesTheList) {
+  show({{"a"}, {"b"}, {"c"}});
+  showRows(0, 3);
+  pressRow(0);
+  pressRow(1);
+  showRows(2, 3);
+  show({{"c"}, {"x"}, {"b"}});
+  showRows(0, 3);
+  EXPECT_EQ(shown(), (Texts{"c=0", "x=0", "b=1"}));
+  show({{"a"}, {"b"}});
+  showRows(0, 2);
+  EXPECT_EQ(shown(), (Texts{"a=0", "b=1"})) << "a left while it slept";
+}
+
+TEST_F(RowsAsleepTest, AStateThatLeavesWhileAsleepTakesNoMoreWrites) {
+  show({{"a"}, {"b"}});
+  showRows(0, 1);
+  pressRow(0);
+  const auto state = forEach().children[0]->state;
+  showRows(1, 2);
+  show({{"b"}});
+  EXPECT_FALSE(state->isAttached());
+}
+
+TEST_F(RowsAsleepTest, TheWholeListMayLeaveWithSleepersInIt) {
+  show({{"a"}, {"b"}});
+  showRows(0, 1);
+  pressRow(0);
+  const auto state = forEach().children[0]->state;
+  showRows(1, 2);
+  graph.setRoot(Text("x"));
+  EXPECT_FALSE(state->isAttached());
+}
+
+TEST_F(RowsAsleepTest, ARowThatWakesAsAnotherKindOrBranchStartsAfresh) {
+  int kind = 0;
+  const auto row = [&](const Line& line) -> View {
+    if (kind == 0) return Counter{line.id};
+    if (kind == 1) return Note{};
+    return If(true, [&] { return View(Counter{line.id}); });
+  };
+  show({{"a"}, {"b"}}, row);
+  showRows(0, 2);
+  pressRow(0);
+  pressRow(1);
+  showRows(0, 0);
+  kind = 1;
+  show({{"a"}, {"b"}}, row);
+  showRows(0, 1);
+  EXPECT_EQ(shown(), Texts{"initial"});
+  kind = 2;
+  showRows(0, 2);
+  EXPECT_EQ(shown(), (Texts{"initial", "b=0"})) << "described as it is when it is asked for";
+}
+
+TEST_F(RowsAsleepTest, WhatARowHoldsSleepsAndWakesWithIt) {
+  bool nested = true;
+  const auto row = [&](const Line& line) -> View {
+    return Group({Text(verbatim(line.id)), View(Counter{"x"}).id("x"), If(nested, [] {
+                    return list({{"i"}, {"j"}, {"k"}}, counterRow);
+                  })});
+  };
+  show({{"a"}, {"b"}}, row);
+  showRows(0, 1);
+  const auto inner = [&] { return firstOf(forEach().children[0], ElementKind::forEach)->id; };
+  graph.showRows(inner(), {{0, 2}});
+  pressRow(0);  // its first "+": the counter beside the inner list
+  graph.deliver(buttonTitled(graph.find(inner())->children[1], "+")->id, Press{});
+  graph.deliver(buttonTitled(graph.find(graph.lookAtRow(inner(), 2)), "+")->id, Press{});
+  EXPECT_EQ(shown(), (Texts{"a", "x=1", "i=0", "j=1"}));
+  for (int times = 0; times < 2; ++times) {
+    showRows(1, 2);
+    showRows(0, 1);
+    EXPECT_EQ(shown(), (Texts{"a", "x=1"}));
+  }
+  graph.showRows(inner(), {{0, 3}});
+  EXPECT_EQ(shown(), (Texts{"a", "x=1", "i=0", "j=1", "k=1"}));
+
+  showRows(1, 2);
+  nested = false;
+  show({{"a"}, {"b"}}, row);
+  showRows(0, 1);
+  EXPECT_EQ(shown(), (Texts{"a", "x=1"}));
+  nested = true;
+  show({{"a"}, {"b"}}, row);
+  graph.showRows(inner(), {{0, 3}});
+  EXPECT_EQ(shown(), (Texts{"a", "x=1", "i=0", "j=0", "k=0"})) << "it had no place when it woke";
+}
+
+}  // namespace vemra::ui
