@@ -67,7 +67,8 @@ class ErasedComposite final : public AnyComposite {
   }
 
   std::string_view name() const override {
-    if constexpr (requires { std::string_view(Struct::name); }) {
+    // Through its address: a member of each value's own, which may be called so too, has none here.
+    if constexpr (requires { std::string_view(*&Struct::name); }) {
       return Struct::name;
     } else {
       return "View";

@@ -17,6 +17,11 @@ struct Silent {
   View body() const { return Text("x"); }
 };
 
+struct Person {
+  std::string name;
+  View body() const { return Text(verbatim(name)); }
+};
+
 struct Telling {
   static constexpr std::string_view name = "Telling";
   View body(const Environment&) const { return Text("x"); }
@@ -55,6 +60,8 @@ TEST(PropertiesTest, ACompositeMaySayNothingOfItselfOrTellWithoutState) {
   graph.setRoot(Silent{});
   EXPECT_EQ(graph.root()->element.compositeName(), "View");
   EXPECT_TRUE(graph.properties(graph.root()->id).empty());
+  graph.setRoot(Person{"Ada"});
+  EXPECT_EQ(graph.root()->element.compositeName(), "View") << "that is the person's name";
   graph.setRoot(Telling{});
   EXPECT_EQ(graph.root()->element.compositeName(), "Telling");
   EXPECT_EQ(graph.properties(graph.root()->id).size(), 1U);
