@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VemraPlatform/ui/View.hpp"
+#include "VemraPlatform/ui/Description.hpp"
 
 #include <cstddef>
 #include <optional>

@@ -1,5 +1,7 @@
 #include "VemraPlatform/ui/View.hpp"
 
+#include "VemraPlatform/ui/Description.hpp"
+
 namespace vemra::ui {
 
 namespace {

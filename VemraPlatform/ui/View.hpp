@@ -7,13 +7,13 @@
 #include "VemraPlatform/ui/RowSource.hpp"
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <utility>
-#include <variant>
 #include <vector>
 
 namespace vemra::ui {
@@ -23,6 +23,7 @@ class View;
 
 /// What a container holds, in order. An absent view keeps its place among them.
 using Children = std::vector<View>;
+/// What a button does; an empty one does nothing.
 using Action = std::function<void()>;
 
 /// A view: a description of a piece of the screen, not the piece itself.
@@ -31,14 +32,15 @@ using Action = std::function<void()>;
 /// one reference count. What lives on a screen are the nodes of a `ViewGraph`, and which node a
 /// view describes is decided by *identity*, never by the view object:
 ///
-///     VStack(leading, 4, {
-///         Button(verbatim(name), open),                        // slot 0
-///         If(hasSource, [&] { return sourceButton(); }),       // slot 1, also while absent
-///         OutcomeControl{...},                                 // slot 2: keeps its state
-///     })
+///     return VStack(HorizontalAlignment::leading, 4,
+///                   {
+///                       Button(verbatim(name), open),                   // slot 0
+///                       If(hasSource, [&] { return sourceButton(); }),  // slot 1, also while absent
+///                       NoteEditor{name},                               // slot 2: keeps its state
+///                   });
 ///
-/// The control stays the same node, with its open editor and its text, whether or not the source
-/// button above it comes or goes, because an absent view still holds its slot. Two branches of an
+/// The editor stays the same node, with the text typed into it, whether or not the source button
+/// above it comes or goes, because an absent view still holds its slot. Two branches of an
 /// `If` are two identities: switching forgets what was there. A row of a `ForEach` is its id.
 ///
 /// Modifiers are applied with dots and kept in order; each returns a new view.
@@ -55,41 +57,57 @@ class View {
 
   /// \name Modifiers
   /// Of a view that is kept, each makes another one; a temporary is changed itself, so that a chain
-  /// of them copies nothing.
+  /// of them copies nothing. On an absent view they do nothing.
+  ///
+  /// Font, weight, foreground style and disabled reach down to everything the view holds; the others
+  /// are the view's own. Of two of a kind the inner one, which is the one applied first, wins where
+  /// nothing else is said. Lengths are in points.
   /// @{
+
+  /// The font of all texts and titles; reaches down.
   View font(Font font) const&;
   View font(Font font) &&;
+  /// The weight of all texts and titles; reaches down. A font that names a weight counts as one too.
   View fontWeight(FontWeight weight) const&;
   View fontWeight(FontWeight weight) &&;
+  /// The level of the text colour; reaches down.
   View foregroundStyle(ForegroundStyle style) const&;
   View foregroundStyle(ForegroundStyle style) &&;
-  /// Space around the view, in points, on all four edges or on some.
+  /// Space around the view, in points, on all four edges or on some. Several add up.
   View padding(int length) const& { return padding(Edges::all, length); }
   View padding(int length) && { return std::move(*this).padding(Edges::all, length); }
   View padding(Edges edges, int length) const&;
   View padding(Edges edges, int length) &&;
+  /// How a button is drawn: with the platform's frame, or as its bare title.
   View buttonStyle(ButtonStyle style) const&;
   View buttonStyle(ButtonStyle style) &&;
+  /// How a picker lets choose.
   View pickerStyle(PickerStyle style) const&;
   View pickerStyle(PickerStyle style) &&;
+  /// How a text field is drawn.
   View textFieldStyle(TextFieldStyle style) const&;
   View textFieldStyle(TextFieldStyle style) &&;
+  /// Hides the view's title from the eye; assistive technology still has it.
   View labelsHidden() const&;
   View labelsHidden() &&;
+  /// With `true`, nothing in the view takes events; reaches down, where nothing enables it again.
   View disabled(bool disabled) const&;
   View disabled(bool disabled) &&;
+  /// Names the view for automation, byte for byte. Of several, the one applied last counts.
   View accessibilityIdentifier(std::string identifier) const&;
   View accessibilityIdentifier(std::string identifier) &&;
+  /// The value that the view stands for as a row of a picker.
   template <Choice Value>
   View tag(Value value) const {
     return View(*this).modified(TagModifier{Tag(std::move(value))});
   }
-  /// Gives the view an identity of its own among its siblings, in place of its slot.
+  /// Gives the view an identity of its own among its siblings, in place of its slot. Keys are
+  /// compared under canonical equivalence.
   View id(std::string key) const;
   /// @}
 
   bool isAbsent() const { return description_ == nullptr; }
-  /// What the view says; must not be absent.
+  /// What the view says (Description.hpp); must not be absent.
   const Description& description() const { return *description_; }
 
  protected:
@@ -106,16 +124,22 @@ class View {
   std::shared_ptr<Description> description_;
 };
 
+/// Where a column puts children that are narrower than it; `leading` is where lines begin: on the
+/// left, or on the right in a layout from right to left.
 enum class HorizontalAlignment { leading, center };
+/// Where a row of views puts children that are lower than it.
 enum class VerticalAlignment { top, center };
-enum class Axis { vertical };
 
+/// A piece of text, of one line or as many as it takes. Not for a name or a note without
+/// `verbatim`: what is shown as it is says so.
 class Text : public View {
  public:
   explicit Text(LocalizedKey key);
   explicit Text(Verbatim text);
 };
 
+/// A title to press. The action runs on the main thread, once a press, and may replace the whole
+/// tree.
 class Button : public View {
  public:
   Button(LocalizedKey title, Action action);
@@ -137,13 +161,17 @@ class TextField : public View {
   TextField(LocalizedKey title, Binding<std::string> text);
 };
 
+/// Its children below each other, the first on top.
 class VStack : public View {
  public:
+  /// `spacing` is the room between two neighbours, in points; an absent child takes none.
   VStack(HorizontalAlignment alignment, int spacing, Children children);
 };
 
+/// Its children beside each other, from where lines begin.
 class HStack : public View {
  public:
+  /// `spacing` is the room between two neighbours, in points; an absent child takes none.
   HStack(VerticalAlignment alignment, int spacing, Children children);
 };
 
@@ -153,8 +181,13 @@ class Group : public View {
   explicit Group(Children children);
 };
 
+/// The direction in which a view scrolls.
+enum class Axis { vertical };
+/// Whether a scroll view shows where it stands and how much there is.
 enum class ScrollIndicators { hidden, shown };
 
+/// A window onto children that may be larger than the screen has room for; they stand below each
+/// other.
 class ScrollView : public View {
  public:
   explicit ScrollView(Children children, Axis axis = Axis::vertical,
@@ -220,62 +253,6 @@ template <class Value, class Make>
 If IfPresent(const std::optional<Value>& value, Make make) {
   return If(value.has_value(), [&]() -> View { return make(*value); });
 }
-
-/// \name What a view is
-/// The closed set of primitives, for those who walk a description: the view graph.
-/// @{
-struct TextContent {
-  Label text;
-};
-struct ButtonContent {
-  Label title;
-  Action action;
-};
-struct PickerContent {
-  Label title;
-  Binding<Tag> selection;
-  Children children;
-};
-struct TextFieldContent {
-  Label title;
-  Binding<std::string> text;
-};
-struct VStackContent {
-  HorizontalAlignment alignment;
-  int spacing;
-  Children children;
-};
-struct HStackContent {
-  VerticalAlignment alignment;
-  int spacing;
-  Children children;
-};
-struct GroupContent {
-  Children children;
-};
-struct ScrollViewContent {
-  Axis axis;
-  ScrollIndicators indicators;
-  Children children;
-};
-struct ForEachContent {
-  std::shared_ptr<const RowSource> rows;
-};
-struct CompositeContent {
-  std::shared_ptr<const AnyComposite> composite;
-};
-/// @}
-
-using Content =
-    std::variant<TextContent, ButtonContent, PickerContent, TextFieldContent, VStackContent,
-                 HStackContent, GroupContent, ScrollViewContent, ForEachContent, CompositeContent>;
-
-struct Description {
-  Content content;
-  std::vector<Modifier> modifiers;
-  std::optional<std::string> key;
-  std::uint64_t branch = 0;  ///< which branches of conditions it stands in; 0: none
-};
 
 template <class Struct>
 View ErasedComposite<Struct>::body(const std::shared_ptr<StateCell>& state,

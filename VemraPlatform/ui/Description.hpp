@@ -1,0 +1,75 @@
+#pragma once
+
+#include "VemraPlatform/ui/View.hpp"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+/// \file
+/// What a view says, for those who walk it: the view graph and what shows it. Who writes a screen
+/// needs View.hpp only.
+
+namespace vemra::ui {
+
+/// \name What a view is
+/// The closed set of primitives. Lengths are in points.
+/// @{
+struct TextContent {
+  Label text;
+};
+struct ButtonContent {
+  Label title;
+  Action action;
+};
+struct PickerContent {
+  Label title;
+  Binding<Tag> selection;
+  Children children;
+};
+struct TextFieldContent {
+  Label title;
+  Binding<std::string> text;
+};
+struct VStackContent {
+  HorizontalAlignment alignment;
+  int spacing;
+  Children children;
+};
+struct HStackContent {
+  VerticalAlignment alignment;
+  int spacing;
+  Children children;
+};
+struct GroupContent {
+  Children children;
+};
+struct ScrollViewContent {
+  Axis axis;
+  ScrollIndicators indicators;
+  Children children;
+};
+struct ForEachContent {
+  std::shared_ptr<const RowSource> rows;
+};
+struct CompositeContent {
+  std::shared_ptr<const AnyComposite> composite;
+};
+/// @}
+
+using Content =
+    std::variant<TextContent, ButtonContent, PickerContent, TextFieldContent, VStackContent,
+                 HStackContent, GroupContent, ScrollViewContent, ForEachContent, CompositeContent>;
+
+/// What a view is, and what was said of it.
+struct Description {
+  Content content;
+  std::vector<Modifier> modifiers;  ///< in the order in which they were applied
+  std::optional<std::string> key;   ///< the identity given with `View::id`
+  std::uint64_t branch = 0;         ///< which branches of conditions it stands in; 0: none
+};
+
+}  // namespace vemra::ui
