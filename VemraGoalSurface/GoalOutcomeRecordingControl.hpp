@@ -9,7 +9,7 @@
 #include <string_view>
 
 /// \file
-/// Internal to the screen: hosts use `GoalResultView`.
+/// Internal to the screen and not installed: hosts use `GoalResultView`.
 
 namespace vemra {
 
@@ -32,9 +32,11 @@ struct GoalOutcomeRecordingControl {
   std::optional<std::string> subjectRef;
   std::optional<GoalOutcomeDTO> effectiveOutcome;
   std::string identifierPrefix;
-  std::function<void(const GoalOutcomeRecordingInput&)> onRecord;
+  std::function<void(const GoalOutcomeRecordingInput&)> onRecord;  ///< empty: nobody is told
 
   ui::View body(const ui::LocalState<State>& state) const;
+  /// Its inputs and its state, by the names of their members. vemra-inspect writes them as the
+  /// element's keys, which its readers rely on: names, order and meaning are fixed.
   ui::Properties properties(const State& state) const;
 
  private:

@@ -9,6 +9,15 @@ endfunction()
 
 file(REMOVE_RECURSE "${work}")
 run("${CMAKE_COMMAND}" --install "${build}" --prefix "${work}/prefix")
+# What a library keeps to itself must not be there to be included; what it offers must.
+foreach(header VemraGoalSurface/GoalOutcomeRecordingControl.hpp VemraPlatform/ui/Rows.hpp)
+  if(EXISTS "${work}/prefix/include/${header}")
+    message(FATAL_ERROR "${header} is installed, and is nobody's but its library's")
+  endif()
+endforeach()
+if(NOT EXISTS "${work}/prefix/include/VemraGoalSurface/GoalResultView.hpp")
+  message(FATAL_ERROR "the headers are not where they are looked for")
+endif()
 run("${CMAKE_COMMAND}" -S "${CMAKE_CURRENT_LIST_DIR}/host" -B "${work}/host" -G "${generator}"
     "-DCMAKE_CXX_COMPILER=${compiler}" "-DCMAKE_PREFIX_PATH=${work}/prefix")
 run("${CMAKE_COMMAND}" --build "${work}/host")
