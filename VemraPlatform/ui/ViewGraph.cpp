@@ -203,7 +203,7 @@ void ViewGraph::describeDirty() {
   std::ranges::sort(dirty);
   for (const auto& [depth, id] : dirty) {
     Node* node = mutableNode(id);
-    if (node && node->describedInPass != pass_) describeComposite(*node, emits(*node));
+    if (node && node->describedInPass != pass_) describeComposite(*node, emissionOf(*node));
   }
 }
 

@@ -125,6 +125,8 @@ class ViewGraph final : private StateCell::Owner {
     Node* node = nullptr;  // none: to be made
     View view;             // absent: to be described
   };
+  /// Whether the renderer is told of a change. It never hears of rows that were only looked at.
+  enum class Emission { silent, told };
   struct Restoring;
   using WakingRows = std::unordered_map<NodeID, SavedState>;
 
@@ -158,29 +160,29 @@ class ViewGraph final : private StateCell::Owner {
   // Resolving (ViewGraphResolve.cpp)
   void resolveRoot(const View& root);
   Node& allocate(Node* parent, const View& view, Identity identity);
-  void mount(Node& node, NodeID after, bool emitting);
-  void update(Node& node, const View& view, bool emitting);
-  void resolveContent(Node& node, bool emitting);
-  void resolveChildren(Node& parent, std::span<const View> views, bool emitting);
-  void describeComposite(Node& node, bool emitting);
+  void mount(Node& node, NodeID after, Emission emission);
+  void update(Node& node, const View& view, Emission emission);
+  void resolveContent(Node& node, Emission emission);
+  void resolveChildren(Node& parent, std::span<const View> views, Emission emission);
+  void describeComposite(Node& node, Emission emission);
   void destroy(Node& node);
   void bury();
-  bool emits(const Node& node) const;
-  void recordPatch(Patch::Kind kind, const Node& node, NodeID after);
+  Emission emissionOf(const Node& node) const;
+  void recordPatch(Patch::Kind kind, const Node& node, NodeID after, Emission emission);
   void emitInserted(const Node& node, NodeID after);
   Node* mutableNode(NodeID id);
 
   // Rows (ViewGraphRows.cpp)
   bool demandsEverything(const Node& forEach) const;
-  void resolveRows(Node& forEach, bool emitting);
-  void placeRows(Node& forEach, std::vector<RowPlace> places, bool emitting);
+  void resolveRows(Node& forEach, Emission emission);
+  void placeRows(Node& forEach, std::vector<RowPlace> places, Emission emission);
   void applyRowRequest(const RowRequest& request);
   std::optional<View> describeRow(const Node& forEach, std::size_t index);
   Node& allocateRow(Node& forEach, std::size_t index, const std::optional<View>& view);
 
   // Rows that sleep and wake (ViewGraphSleep.cpp)
   NodeID lookAt(Node& forEach, std::size_t index);
-  void mountRow(Node& row, WakingRows& waking, NodeID after, bool emitting);
+  void mountRow(Node& row, WakingRows& waking, NodeID after, Emission emission);
   WakingRows wakeRows(Node& forEach, std::vector<Node*> rows);
   void sleepRows(Node& forEach, const std::vector<Node*>& rows);
   void restoreState(Node& node);

@@ -57,17 +57,17 @@ std::vector<NodeID> idsOf(const std::vector<Node*>& nodes) {
 }  // namespace
 
 void ViewGraph::resolveRoot(const View& root) {
-  const bool emitting = renderer_ != nullptr;
+  const Emission emission = renderer_ ? Emission::told : Emission::silent;
   if (root_ && (root.isAbsent() || !(root_->identity == identityOf(root, 0)))) {
-    if (emitting) recordPatch(Patch::Kind::remove, *root_, {});
+    recordPatch(Patch::Kind::remove, *root_, {}, emission);
     destroy(*std::exchange(root_, nullptr));
   }
   if (root.isAbsent()) return;
   if (root_) {
-    update(*root_, root, emitting);
+    update(*root_, root, emission);
   } else {
     root_ = &allocate(nullptr, root, identityOf(root, 0));
-    mount(*root_, {}, emitting);
+    mount(*root_, {}, emission);
   }
 }
 
@@ -88,7 +88,7 @@ Node& ViewGraph::allocate(Node* parent, const View& view, Identity identity) {
 }
 
 /// Gives a new node its state, tells of it, and resolves what it holds.
-void ViewGraph::mount(Node& node, NodeID after, bool emitting) {
+void ViewGraph::mount(Node& node, NodeID after, Emission emission) {
   if (auto* composite = std::get_if<CompositeContent>(&node.element.description().content)) {
     restoreState(node);
     if (!node.state) node.state = composite->composite->makeState();
@@ -97,49 +97,49 @@ void ViewGraph::mount(Node& node, NodeID after, bool emitting) {
     node.rows = std::make_shared<Rows>();
     restoreState(node);
   }
-  if (emitting) recordPatch(Patch::Kind::insert, node, after);
-  resolveContent(node, emitting);
+  recordPatch(Patch::Kind::insert, node, after, emission);
+  resolveContent(node, emission);
 }
 
-void ViewGraph::update(Node& node, const View& view, bool emitting) {
+void ViewGraph::update(Node& node, const View& view, Emission emission) {
   const Style inherited = node.parent ? node.parent->element.style() : Style{};
   Element element(view, inherited, environment_);
   const bool changed = !(element == node.element);
   node.element = std::move(element);  // also when equal: its handlers are the new ones
-  if (changed && emitting) recordPatch(Patch::Kind::update, node, {});
-  resolveContent(node, emitting);
+  if (changed) recordPatch(Patch::Kind::update, node, {}, emission);
+  resolveContent(node, emission);
 }
 
-void ViewGraph::resolveContent(Node& node, bool emitting) {
+void ViewGraph::resolveContent(Node& node, Emission emission) {
   switch (node.element.kind()) {
     case ElementKind::composite:
-      describeComposite(node, emitting);
+      describeComposite(node, emission);
       break;
     case ElementKind::forEach:
-      resolveRows(node, emitting);
+      resolveRows(node, emission);
       break;
     default:
       if (auto* children = childrenOf(node.element.description().content)) {
-        resolveChildren(node, *children, emitting);
+        resolveChildren(node, *children, emission);
       }
   }
 }
 
-void ViewGraph::describeComposite(Node& node, bool emitting) {
+void ViewGraph::describeComposite(Node& node, Emission emission) {
   const auto composite = std::get<CompositeContent>(node.element.description().content).composite;
   node.describedInPass = pass_;
   ++work_.bodies;
   const std::optional<View> body =
       describe([&] { return composite->body(node.state, environment_); });
   // A body that threw leaves what is there.
-  if (body) resolveChildren(node, {&*body, 1}, emitting);
+  if (body) resolveChildren(node, {&*body, 1}, emission);
 }
 
-void ViewGraph::resolveChildren(Node& parent, std::span<const View> views, bool emitting) {
+void ViewGraph::resolveChildren(Node& parent, std::span<const View> views, Emission emission) {
   std::vector<Wanted> wanted = wantedChildren(views);
   if (sameIdentities(parent.children, wanted)) {
     for (std::size_t i = 0; i < wanted.size(); ++i) {
-      update(*parent.children[i], *wanted[i].view, emitting);
+      update(*parent.children[i], *wanted[i].view, emission);
     }
     return;
   }
@@ -161,19 +161,19 @@ void ViewGraph::resolveChildren(Node& parent, std::span<const View> views, bool 
     Node& node = *mutableNode(operation.item);
     switch (operation.kind) {
       case ListOperation::Kind::remove:
-        if (emitting) recordPatch(Patch::Kind::remove, node, {});
+        recordPatch(Patch::Kind::remove, node, {}, emission);
         destroy(node);
         break;
       case ListOperation::Kind::move:
-        if (emitting) recordPatch(Patch::Kind::move, node, operation.after);
+        recordPatch(Patch::Kind::move, node, operation.after, emission);
         break;
       case ListOperation::Kind::insert:
-        mount(node, operation.after, emitting);
+        mount(node, operation.after, emission);
         break;
     }
   }
   for (const Wanted& child : wanted) {
-    if (!child.isNew) update(*child.node, *child.view, emitting);
+    if (!child.isNew) update(*child.node, *child.view, emission);
   }
 }
 
@@ -195,15 +195,16 @@ void ViewGraph::bury() {
   }
 }
 
-bool ViewGraph::emits(const Node& node) const {
-  if (!renderer_) return false;
+ViewGraph::Emission ViewGraph::emissionOf(const Node& node) const {
+  if (!renderer_) return Emission::silent;
   for (const Node* place = &node; place; place = place->parent) {
-    if (!place->isShown) return false;
+    if (!place->isShown) return Emission::silent;
   }
-  return true;
+  return Emission::told;
 }
 
-void ViewGraph::recordPatch(Patch::Kind kind, const Node& node, NodeID after) {
+void ViewGraph::recordPatch(Patch::Kind kind, const Node& node, NodeID after, Emission emission) {
+  if (emission == Emission::silent) return;
   const bool places = kind == Patch::Kind::insert || kind == Patch::Kind::move;
   const bool tells = kind == Patch::Kind::insert || kind == Patch::Kind::update;
   patches_.push_back({kind, node.id, places && node.parent ? node.parent->id : NodeID{}, after,
@@ -211,7 +212,7 @@ void ViewGraph::recordPatch(Patch::Kind kind, const Node& node, NodeID after) {
 }
 
 void ViewGraph::emitInserted(const Node& node, NodeID after) {
-  recordPatch(Patch::Kind::insert, node, after);
+  recordPatch(Patch::Kind::insert, node, after, Emission::told);
   NodeID previous;
   for (const Node* child : node.children) {
     emitInserted(*child, previous);

@@ -24,7 +24,7 @@ bool ViewGraph::demandsEverything(const Node& forEach) const {
 /// As long as no row has state and every row that is there still stands at its index, no id but
 /// theirs is looked at. Otherwise one pass over the old ids and one over the new ones find each row
 /// that matters, exactly.
-void ViewGraph::resolveRows(Node& forEach, bool emitting) {
+void ViewGraph::resolveRows(Node& forEach, Emission emission) {
   forgetLookedAtRows(forEach);
   Rows& rows = *forEach.rows;
   const auto before = std::exchange(
@@ -81,7 +81,7 @@ void ViewGraph::resolveRows(Node& forEach, bool emitting) {
     if (same) {
       forEach.children.push_back(row);
     } else {
-      if (emitting) recordPatch(Patch::Kind::remove, *row, {});
+      recordPatch(Patch::Kind::remove, *row, {}, emission);
       destroy(*row);
     }
   }
@@ -91,21 +91,21 @@ void ViewGraph::resolveRows(Node& forEach, bool emitting) {
     wanted.assign(count, {});
     for (std::size_t index = 0; index < count; ++index) wanted[index].index = index;
     for (RowPlace& place : kept) wanted[place.index] = place;
-  } else if (emitting && indexesChanged) {
+  } else if (indexesChanged) {
     // The rows' order may be the same while their places in the whole list are not.
-    recordPatch(Patch::Kind::update, forEach, {});
+    recordPatch(Patch::Kind::update, forEach, {}, emission);
   }
-  placeRows(forEach, std::move(wanted), emitting);
+  placeRows(forEach, std::move(wanted), emission);
   for (const RowPlace& place : kept) {
     if (!place.node) continue;
     place.node->rowIndex = place.index;
     place.node->rowID = after.key(place.index);
-    update(*place.node, place.view, emitting);
+    update(*place.node, place.view, emission);
   }
 }
 
 /// Makes the shown rows be those in `places` (ascending). Others go to sleep.
-void ViewGraph::placeRows(Node& forEach, std::vector<RowPlace> places, bool emitting) {
+void ViewGraph::placeRows(Node& forEach, std::vector<RowPlace> places, Emission emission) {
   Rows& rows = *forEach.rows;
   std::vector<NodeID> before;
   before.reserve(forEach.children.size());
@@ -142,17 +142,17 @@ void ViewGraph::placeRows(Node& forEach, std::vector<RowPlace> places, bool emit
     Node& row = *mutableNode(operation.item);
     switch (operation.kind) {
       case ListOperation::Kind::remove:
-        if (emitting) recordPatch(Patch::Kind::remove, row, {});
+        recordPatch(Patch::Kind::remove, row, {}, emission);
         leaving.push_back(&row);
         break;
       case ListOperation::Kind::move:
-        if (emitting) recordPatch(Patch::Kind::move, row, operation.after);
+        recordPatch(Patch::Kind::move, row, operation.after, emission);
         break;
       case ListOperation::Kind::insert:
         if (nextMounted != mounted.end() && *nextMounted == &row) {
           ++nextMounted;
-          mountRow(row, waking, operation.after, emitting);
-        } else if (emitting) {
+          mountRow(row, waking, operation.after, emission);
+        } else if (emission == Emission::told) {
           emitInserted(row, operation.after);
         }
         break;
@@ -178,7 +178,7 @@ void ViewGraph::applyRowRequest(const RowRequest& request) {
       places.push_back({next, there ? *shown : nullptr, {}});
     }
   }
-  placeRows(*forEach, std::move(places), emits(*forEach));
+  placeRows(*forEach, std::move(places), emissionOf(*forEach));
 }
 
 std::optional<View> ViewGraph::describeRow(const Node& forEach, std::size_t index) {

@@ -65,7 +65,7 @@ NodeID ViewGraph::lookAt(Node& forEach, std::size_t index) {
   std::vector<Node*>& lookedAt = forEach.rows->lookedAt;
   lookedAt.push_back(&row);
   WakingRows waking = wakeRows(forEach, {&row});
-  mountRow(row, waking, {}, false);
+  mountRow(row, waking, {}, Emission::silent);
   if (lookedAt.size() > maximumLookedAt) {
     Node& oldest = *lookedAt.front();
     lookedAt.erase(lookedAt.begin());
@@ -75,10 +75,10 @@ NodeID ViewGraph::lookAt(Node& forEach, std::size_t index) {
 }
 
 /// Mounts a new row, with what it had when it went to sleep.
-void ViewGraph::mountRow(Node& row, WakingRows& waking, NodeID after, bool emitting) {
+void ViewGraph::mountRow(Node& row, WakingRows& waking, NodeID after, Emission emission) {
   const auto woken = waking.find(row.id);
   Restoring restoring(*this, row, woken == waking.end() ? SavedState() : std::move(woken->second));
-  mount(row, after, emitting);
+  mount(row, after, emission);
 }
 
 /// Takes out what these rows (ascending) left behind when they went to sleep. A row that cannot be
