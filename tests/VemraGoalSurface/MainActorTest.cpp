@@ -1,6 +1,7 @@
 // Everything of the screen belongs to the main thread, and says so by stopping the process.
 
 #include "VemraGoalSurface/GoalOutcomeRecordingControl.hpp"
+#include "tests/VemraGoalSurface/PrivateMembers.hpp"
 #include "tests/VemraGoalSurface/SampleScreen.hpp"
 #include "tests/VemraGoalSurface/Shape.hpp"
 
@@ -15,56 +16,6 @@ namespace {
 using testing::Screen;
 using Control = GoalOutcomeRecordingControl;
 using ControlState = ui::LocalState<Control::State>;
-
-// The sections are private and are reached only through `body`, which stops the process first. To
-// see that each of them insists by itself, their addresses are taken where the language allows it:
-// in an explicit instantiation, access is not checked.
-template <class Name, typename Name::Member member>
-struct Open {
-  friend typename Name::Member address(Name) { return member; }
-};
-
-struct PeopleSectionMember {
-  using Member = ui::View (GoalResultView::*)() const;
-  friend Member address(PeopleSectionMember);
-};
-struct PersonRowMember {
-  using Member = ui::Children (GoalResultView::*)(const GoalPersonCandidateDTO&) const;
-  friend Member address(PersonRowMember);
-};
-struct PathSectionMember {
-  using Member = ui::View (GoalResultView::*)() const;
-  friend Member address(PathSectionMember);
-};
-struct CoverageFooterMember {
-  using Member = ui::View (GoalResultView::*)(const ui::Environment&) const;
-  friend Member address(CoverageFooterMember);
-};
-struct CoverageTextMember {
-  using Member = std::string (GoalResultView::*)(const ui::Environment&) const;
-  friend Member address(CoverageTextMember);
-};
-struct RecordedSummaryMember {
-  using Member = ui::Children (Control::*)(const GoalOutcomeDTO&, const ControlState&) const;
-  friend Member address(RecordedSummaryMember);
-};
-struct EditorMember {
-  using Member = ui::Children (Control::*)(const ControlState&) const;
-  friend Member address(EditorMember);
-};
-struct SaveMember {
-  using Member = void (Control::*)(const ControlState&) const;
-  friend Member address(SaveMember);
-};
-
-template struct Open<PeopleSectionMember, &GoalResultView::peopleSection>;
-template struct Open<PersonRowMember, &GoalResultView::personRow>;
-template struct Open<PathSectionMember, &GoalResultView::pathSection>;
-template struct Open<CoverageFooterMember, &GoalResultView::coverageFooter>;
-template struct Open<CoverageTextMember, &GoalResultView::coverageText>;
-template struct Open<RecordedSummaryMember, &Control::recordedSummary>;
-template struct Open<EditorMember, &Control::editor>;
-template struct Open<SaveMember, &Control::save>;
 
 template <class Work>
 void onAnotherThread(Work work) {
