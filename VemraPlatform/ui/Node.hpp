@@ -12,6 +12,7 @@
 namespace vemra::ui {
 
 struct Rows;
+struct SavedState;
 
 /// One place of the tree, as long as it lasts: what a view describes and what owns state.
 ///
@@ -32,6 +33,8 @@ struct Node {
 
   std::shared_ptr<StateCell> state;  ///< of a composite with state
   std::shared_ptr<Rows> rows;        ///< of a ForEach
+  /// Of a composite whose body threw when its row woke: what slept below it.
+  std::shared_ptr<SavedState> asleepBelow;
   std::uint64_t describedInPass = 0;
 };
 

@@ -1,6 +1,8 @@
 #include "VemraPlatform/ui/Rows.hpp"
 
 #include <algorithm>
+#include <cstddef>
+#include <span>
 
 namespace vemra::ui {
 
@@ -11,6 +13,7 @@ std::uint64_t collectState(Node& node, IdentityPath& path, SavedState& saved) {
     node.state->sleep();
     saved.cells.emplace_back(path, std::exchange(node.state, nullptr));
   }
+  if (node.asleepBelow) saved.takeBelow(path, *std::exchange(node.asleepBelow, nullptr));
   if (node.rows) {
     std::vector<Node*> rows = node.children;
     rows.insert(rows.end(), node.rows->lookedAt.begin(), node.rows->lookedAt.end());
@@ -49,9 +52,41 @@ bool SavedState::isEmpty() const {
   return cells.empty() && lists.empty();
 }
 
+void SavedState::takeBelow(const IdentityPath& path, SavedState& other) {
+  const auto take = [&path](auto& to, auto& from) {
+    for (auto& [below, what] : from) {
+      IdentityPath whole = path;
+      whole.insert(whole.end(), below.begin(), below.end());
+      to.emplace_back(std::move(whole), std::move(what));
+    }
+    from.clear();
+  };
+  take(cells, other.cells);
+  take(lists, other.lists);
+}
+
+SavedState SavedState::splitBelow(const IdentityPath& path) {
+  SavedState below;
+  const auto split = [&path](auto& from, auto& to) {
+    const auto others = std::ranges::stable_partition(from, [&path](const auto& saved) {
+      return saved.first.size() < path.size() ||
+             !std::ranges::equal(path, std::span(saved.first).first(path.size()));
+    });
+    for (auto& [whole, what] : others) {
+      whole.erase(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(path.size()));
+      to.emplace_back(std::move(whole), std::move(what));
+    }
+    from.erase(others.begin(), others.end());
+  };
+  split(cells, below.cells);
+  split(lists, below.lists);
+  return below;
+}
+
 bool hasState(const Node& node) {
   const auto has = [](const Node* other) { return hasState(*other); };
   if (node.state && !node.state->isInitial()) return true;
+  if (node.asleepBelow) return true;
   if (node.rows && !node.rows->asleep.empty()) return true;
   if (node.rows && std::ranges::any_of(node.rows->lookedAt, has)) return true;
   return std::ranges::any_of(node.children, has);

@@ -37,6 +37,10 @@ struct SavedState {
   SavedState& operator=(SavedState&& other) noexcept;
   ~SavedState();
   bool isEmpty() const;
+  /// Takes over what stands below `path` here, by its places from there.
+  void takeBelow(const IdentityPath& path, SavedState& other);
+  /// Takes out what stands below `path`, and names its places from there.
+  SavedState splitBelow(const IdentityPath& path);
 };
 
 /// A row without nodes whose state waits for its return.

@@ -55,7 +55,8 @@ struct WorkCount {
 /// everything has settled. After one of
 /// - an action or a binding's `set`: what it had written until then stays written;
 /// - a body or a row's closure: the composite, or the row, goes on showing what it showed before
-///   (a new one nothing; a row that was to wake sleeps on), and is described again like any other;
+///   (a new one nothing; a row that was to wake sleeps on, and so does what slept below a composite
+///   in it), and is described again like any other;
 /// - anything else that a description calls (a binding's `get`, a strings table, a row's id): the
 ///   whole tree is gone, its state with it, and the renderer is told; the next root starts afresh.
 ///
@@ -186,6 +187,8 @@ class ViewGraph final : private StateCell::Owner {
   WakingRows wakeRows(Node& forEach, std::vector<Node*> rows);
   void sleepRows(Node& forEach, const std::vector<Node*>& rows);
   void restoreState(Node& node);
+  void resolveBody(Node& node, const View& body, Emission emission);
+  void keepAsleepBelow(Node& node);
   void forgetLookedAtRows(Node& forEach);
 
   Environment environment_;

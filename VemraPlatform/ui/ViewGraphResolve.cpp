@@ -83,7 +83,8 @@ Node& ViewGraph::allocate(Node* parent, const View& view, Identity identity) {
                             .children = {},
                             .rowID = {},
                             .state = nullptr,
-                            .rows = nullptr})
+                            .rows = nullptr,
+                            .asleepBelow = nullptr})
       .first->second;
 }
 
@@ -132,7 +133,11 @@ void ViewGraph::describeComposite(Node& node, Emission emission) {
   const std::optional<View> body =
       describe([&] { return composite->body(node.state, environment_); });
   // A body that threw leaves what is there.
-  if (body) resolveChildren(node, {&*body, 1}, emission);
+  if (body) {
+    resolveBody(node, *body, emission);
+  } else {
+    keepAsleepBelow(node);
+  }
 }
 
 void ViewGraph::resolveChildren(Node& parent, std::span<const View> views, Emission emission) {

@@ -4,6 +4,8 @@
 #include "VemraPlatform/ui/ViewGraph.hpp"
 
 #include <algorithm>
+#include <memory>
+#include <optional>
 #include <utility>
 
 namespace vemra::ui {
@@ -18,12 +20,23 @@ bool isStandIn(const Node& row) {
   return !row.identity.type;
 }
 
+/// The way down from `top`, which is above it, to `node`.
+IdentityPath pathFrom(const Node& top, const Node& node) {
+  IdentityPath path;
+  for (const Node* place = &node; place != &top; place = place->parent) {
+    path.push_back(place->identity);
+  }
+  std::ranges::reverse(path);
+  return path;
+}
+
 }  // namespace
 
-/// The row that is being woken, and what it had. What finds no place again is gone in the end.
+/// The row, or the composite in it, below which state is being woken, and what there was. What finds
+/// no place again is gone in the end.
 struct ViewGraph::Restoring {
   Restoring(ViewGraph& owner, const Node& waking, SavedState saved)
-      : graph(owner), row(waking), state(std::move(saved)), outer(owner.restoring_) {
+      : graph(owner), top(waking), state(std::move(saved)), outer(owner.restoring_) {
     graph.restoring_ = this;
   }
   ~Restoring() { graph.restoring_ = outer; }
@@ -31,7 +44,7 @@ struct ViewGraph::Restoring {
   Restoring& operator=(const Restoring&) = delete;
 
   ViewGraph& graph;
-  const Node& row;
+  const Node& top;
   SavedState state;
   Restoring* outer;
 };
@@ -109,11 +122,7 @@ ViewGraph::WakingRows ViewGraph::wakeRows(Node& forEach, std::vector<Node*> rows
 /// Gives a node of a waking row what stood in its place before.
 void ViewGraph::restoreState(Node& node) {
   if (!restoring_ || restoring_->state.isEmpty()) return;
-  IdentityPath path;
-  for (const Node* place = &node; place != &restoring_->row; place = place->parent) {
-    path.push_back(place->identity);
-  }
-  std::ranges::reverse(path);
+  const IdentityPath path = pathFrom(restoring_->top, node);
   const auto atPath = [&](const auto& saved) { return saved.first == path; };
   SavedState& state = restoring_->state;
   if (node.rows) {
@@ -127,6 +136,21 @@ void ViewGraph::restoreState(Node& node) {
     node.state = std::move(cell->second);
     state.cells.erase(cell);
   }
+}
+
+/// Resolves what a composite is made of, with what is still asleep below it.
+void ViewGraph::resolveBody(Node& node, const View& body, Emission emission) {
+  const auto below = std::exchange(node.asleepBelow, nullptr);
+  std::optional<Restoring> restoring;
+  if (below) restoring.emplace(*this, node, std::move(*below));
+  resolveChildren(node, {&body, 1}, emission);
+}
+
+/// Leaves what slept below a composite of a waking row there, for a body that does not throw.
+void ViewGraph::keepAsleepBelow(Node& node) {
+  if (!restoring_ || restoring_->state.isEmpty()) return;
+  SavedState below = restoring_->state.splitBelow(pathFrom(restoring_->top, node));
+  if (!below.isEmpty()) node.asleepBelow = std::make_shared<SavedState>(std::move(below));
 }
 
 /// Takes the rows' nodes away and keeps what state has left its initial value.

@@ -1,7 +1,6 @@
-#include "tests/VemraPlatform/ui/Sample.hpp"
+#include "tests/VemraPlatform/ui/Fault.hpp"
 
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -14,10 +13,6 @@ namespace {
 using namespace sample;
 
 using Texts = std::vector<std::string>;
-
-struct Fault : std::runtime_error {
-  using std::runtime_error::runtime_error;
-};
 
 /// Shows its text, unless it is told to fail.
 struct Fragile {
@@ -149,15 +144,6 @@ TEST_F(ExceptionTest, ALookAtARowThatThrowsTellsAndLeavesAnEmptyRow) {
 
 // What else a description calls may fail halfway through a list of children. Then the tree goes.
 
-namespace {
-
-View broken() {
-  return TextField("field", Binding<std::string>([]() -> std::string { throw Fault("get"); },
-                                                 [](const std::string&) {}));
-}
-
-}  // namespace
-
 TEST_F(ExceptionTest, ABindingThatCannotBeReadTakesTheWholeTreeAway) {
   graph.setRoot(Group({Counter{"a"}, Text("b")}));
   const NodeID counter = graph.root()->children[0]->id;
@@ -207,65 +193,6 @@ TEST_F(ExceptionTest, SoItDoesInALookAndSleepingStateGoesWithIt) {
   EXPECT_THROW(graph.lookAtRow(forEach, 2), Fault);
   EXPECT_EQ(graph.root(), nullptr);
   EXPECT_FALSE(window.tree.root());
-  EXPECT_FALSE(state->isAttached());
-  graph.detach();
-}
-
-TEST_F(ExceptionTest, ARowThatThrowsWhileItWakesKeepsItsStateForTheNextTry) {
-  Window window;
-  graph.attach(window);
-  bool fails = false;
-  // One row is of the kind that stands in for a row that cannot be described, one is not.
-  const View screen = list({{"a"}, {"b"}, {"c"}}, [&](const Line& line) -> View {
-    if (fails) throw Fault("row " + line.id);
-    return line.id == "a" ? Group({Counter{"a"}}) : View(Counter{line.id});
-  });
-  graph.setRoot(screen);
-  const NodeID forEach = graph.root()->id;
-  graph.showRows(forEach, {{0, 2}});
-  for (const Node* row : graph.find(forEach)->children) {
-    graph.deliver(buttonTitled(row, "+")->id, Press{});
-  }
-  const auto tryInVain = [&] {
-    graph.showRows(forEach, {});
-    fails = true;
-    EXPECT_THROW(graph.showRows(forEach, {{0, 2}}), Fault);
-    EXPECT_EQ(texts(graph.root()), Texts{});
-    EXPECT_THROW(graph.setRoot(screen), Fault) << "and once more in vain";
-    fails = false;
-  };
-  const Texts both = {"a=1", "b=1"};
-  tryInVain();
-  graph.setRoot(screen);
-  EXPECT_EQ(texts(graph.root()), both) << "with the next description";
-  tryInVain();
-  graph.showRows(forEach, {{2, 3}});
-  graph.showRows(forEach, {{0, 2}});
-  EXPECT_EQ(texts(graph.root()), both) << "with the next request";
-  graph.showRows(forEach, {});
-  fails = true;
-  EXPECT_THROW(graph.lookAtRow(forEach, 0), Fault);
-  fails = false;
-  graph.setRoot(screen);
-  EXPECT_EQ(texts(graph.find(graph.lookAtRow(forEach, 0))), Texts{"a=1"}) << "with the next look";
-  EXPECT_EQ(difference(graph, window.tree), "");
-  graph.detach();
-}
-
-TEST_F(ExceptionTest, AWakingRowThatFailsTakesItsStateWithIt) {
-  Window window;
-  graph.attach(window);
-  bool fails = false;
-  graph.setRoot(list({{"a"}, {"b"}}, [&](const Line& line) -> View {
-    return Group({fails ? broken() : Text("fine"), Counter{line.id}});
-  }));
-  const NodeID forEach = graph.root()->id;
-  graph.showRows(forEach, {{0, 1}});
-  const auto state = graph.find(forEach)->children[0]->children[1]->state;
-  press(graph, "+");
-  graph.showRows(forEach, {});
-  fails = true;
-  EXPECT_THROW(graph.showRows(forEach, {{0, 2}}), Fault);
   EXPECT_FALSE(state->isAttached());
   graph.detach();
 }

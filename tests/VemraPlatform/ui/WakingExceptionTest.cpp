@@ -1,0 +1,129 @@
+// What is left of the state that slept in a row when something throws as the row wakes.
+
+#include "tests/VemraPlatform/ui/Fault.hpp"
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace vemra::ui {
+
+namespace {
+
+using namespace sample;
+
+using Texts = std::vector<std::string>;
+
+class WakingExceptionTest : public ::testing::Test {
+ protected:
+  WakingExceptionTest() { graph.attach(window); }
+  ~WakingExceptionTest() override { graph.detach(); }
+
+  Window window;
+  ViewGraph graph;
+};
+
+/// Presses every "+" below a node once.
+void countUp(ViewGraph& graph, const Node* node) {
+  if (node->element.shownLabel() == "+") graph.deliver(node->id, Press{});
+  for (const Node* child : std::vector<Node*>(node->children)) countUp(graph, child);
+}
+
+/// Holds a counter, unless it is told to fail.
+struct FragileHolder {
+  const bool* fails;
+  std::string title;
+  View body() const {
+    if (*fails) throw Fault("holder " + title);
+    return Group({Counter{title}});
+  }
+};
+
+}  // namespace
+
+TEST_F(WakingExceptionTest, ARowThatThrowsWhileItWakesKeepsItsStateForTheNextTry) {
+  bool fails = false;
+  // One row is of the kind that stands in for a row that cannot be described, one is not.
+  const View screen = list({{"a"}, {"b"}, {"c"}}, [&](const Line& line) -> View {
+    if (fails) throw Fault("row " + line.id);
+    return line.id == "a" ? Group({Counter{"a"}}) : View(Counter{line.id});
+  });
+  graph.setRoot(screen);
+  const NodeID forEach = graph.root()->id;
+  graph.showRows(forEach, {{0, 2}});
+  for (const Node* row : graph.find(forEach)->children) {
+    graph.deliver(buttonTitled(row, "+")->id, Press{});
+  }
+  const auto tryInVain = [&] {
+    graph.showRows(forEach, {});
+    fails = true;
+    EXPECT_THROW(graph.showRows(forEach, {{0, 2}}), Fault);
+    EXPECT_EQ(texts(graph.root()), Texts{});
+    EXPECT_THROW(graph.setRoot(screen), Fault) << "and once more in vain";
+    fails = false;
+  };
+  const Texts both = {"a=1", "b=1"};
+  tryInVain();
+  graph.setRoot(screen);
+  EXPECT_EQ(texts(graph.root()), both) << "with the next description";
+  tryInVain();
+  graph.showRows(forEach, {{2, 3}});
+  graph.showRows(forEach, {{0, 2}});
+  EXPECT_EQ(texts(graph.root()), both) << "with the next request";
+  graph.showRows(forEach, {});
+  fails = true;
+  EXPECT_THROW(graph.lookAtRow(forEach, 0), Fault);
+  fails = false;
+  graph.setRoot(screen);
+  EXPECT_EQ(texts(graph.find(graph.lookAtRow(forEach, 0))), Texts{"a=1"}) << "with the next look";
+  EXPECT_EQ(difference(graph, window.tree), "");
+}
+
+TEST_F(WakingExceptionTest, ABodyThatThrowsWhileItsRowWakesKeepsWhatSleptBelowIt) {
+  bool fails = false;
+  // One row is the composite itself, in one it stands between others.
+  const View screen = list({{"a"}, {"b"}, {"c"}}, [&](const Line& line) -> View {
+    if (line.id == "a") return FragileHolder{&fails, "a"};
+    return Group({Counter{"x"}, FragileHolder{&fails, line.id}, Counter{"y"}});
+  });
+  graph.setRoot(screen);
+  const NodeID forEach = graph.root()->id;
+  graph.showRows(forEach, {{0, 2}});
+  countUp(graph, graph.root());
+  const Texts all = {"a=1", "x=1", "b=1", "y=1"};
+  ASSERT_EQ(texts(graph.root()), all);
+  const auto wakeInVain = [&] {
+    graph.showRows(forEach, {});
+    fails = true;
+    EXPECT_THROW(graph.showRows(forEach, {{0, 2}}), Fault);
+    EXPECT_EQ(texts(graph.root()), (Texts{"x=1", "y=1"})) << "the rest of the row is there";
+    EXPECT_THROW(graph.setRoot(screen), Fault) << "and once more in vain";
+    fails = false;
+  };
+  wakeInVain();
+  graph.setRoot(screen);
+  EXPECT_EQ(texts(graph.root()), all) << "with the next description";
+  wakeInVain();
+  graph.showRows(forEach, {{2, 3}});
+  graph.showRows(forEach, {{0, 2}});
+  EXPECT_EQ(texts(graph.root()), all) << "having slept once more";
+  EXPECT_EQ(difference(graph, window.tree), "");
+}
+
+TEST_F(WakingExceptionTest, AWakingRowThatFailsTakesItsStateWithIt) {
+  bool fails = false;
+  graph.setRoot(list({{"a"}, {"b"}}, [&](const Line& line) -> View {
+    return Group({fails ? broken() : Text("fine"), Counter{line.id}});
+  }));
+  const NodeID forEach = graph.root()->id;
+  graph.showRows(forEach, {{0, 1}});
+  const auto state = graph.find(forEach)->children[0]->children[1]->state;
+  press(graph, "+");
+  graph.showRows(forEach, {});
+  fails = true;
+  EXPECT_THROW(graph.showRows(forEach, {{0, 2}}), Fault);
+  EXPECT_FALSE(state->isAttached());
+}
+
+}  // namespace vemra::ui
