@@ -12,10 +12,10 @@ namespace vemra {
 using namespace ui;
 using task::MainActor;
 
-GoalResultView::GoalResultView(GoalResultSnapshotV1 snapshot, OnOpenPerson onOpenPerson,
+GoalResultView::GoalResultView(const GoalResultSnapshotV1& snapshot, OnOpenPerson onOpenPerson,
                                OnShowEvidence onShowEvidence, OnFocusPath onFocusPathInStarfold,
                                OnRecordOutcome onRecordOutcome)
-    : snapshot_(std::move(snapshot)),
+    : snapshot_(snapshot),
       callbacks_(std::make_shared<Callbacks>(
           Callbacks{std::move(onOpenPerson), std::move(onShowEvidence),
                     std::move(onFocusPathInStarfold), std::move(onRecordOutcome)})) {}

@@ -61,7 +61,7 @@ class GoalResultView {
 
   /// The screen of one snapshot, with what is to be called for each action. A callback may be empty:
   /// its button is shown all the same, and pressing it asks nothing of the host.
-  GoalResultView(GoalResultSnapshotV1 snapshot, OnOpenPerson onOpenPerson,
+  GoalResultView(const GoalResultSnapshotV1& snapshot, OnOpenPerson onOpenPerson,
                  OnShowEvidence onShowEvidence, OnFocusPath onFocusPathInStarfold,
                  OnRecordOutcome onRecordOutcome);
 
