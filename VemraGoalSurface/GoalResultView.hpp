@@ -15,8 +15,8 @@ namespace vemra {
 ///
 /// Shows a snapshot and hands every action to the host through a callback, synchronously, on the
 /// main thread, once a press. It owns no data and does no work of its own; the host answers by
-/// showing a new view made from a new snapshot, also from inside a callback: it is taken up when the
-/// press has been handled, and the callback returns before that.
+/// showing a new view made from a new snapshot, also from inside a callback: it is taken up when
+/// the press has been handled, and the callback returns before that.
 ///
 ///     ui::ViewGraph graph(ui::Environment::system());
 ///     graph.setRoot(GoalResultView(
@@ -42,25 +42,25 @@ class GoalResultView {
 
   /// \name Callbacks
   /// Arguments are references into the snapshot, or to what lives as long as the call: a host that
-  /// works on later copies what it needs. What a callback throws comes out of the call that delivered
-  /// the press.
+  /// works on later copies what it needs. What a callback throws comes out of the call that
+  /// delivered the press.
   /// @{
 
   /// A person's name was pressed: open the person. Called with the person's reference.
   using OnOpenPerson = std::function<void(const std::string& personRef)>;
   /// "Show source" of a person was pressed. Called with the id of the strongest piece of evidence.
   using OnShowEvidence = std::function<void(const std::string& evidenceID)>;
-  /// "See in Starfold" was pressed: show the path in the relationship graph. Called with the path as
-  /// it stands in the snapshot.
+  /// "See in Starfold" was pressed: show the path in the relationship graph. Called with the path
+  /// as it stands in the snapshot.
   using OnFocusPath = std::function<void(const GoalPathCandidateDTO& path)>;
-  /// "Save" was pressed in an editor: store the outcome. Called with what is to be stored; the editor
-  /// closes once the callback has returned, and what is shown as recorded changes with the next
-  /// snapshot only.
+  /// "Save" was pressed in an editor: store the outcome. Called with what is to be stored; the
+  /// editor closes once the callback has returned, and what is shown as recorded changes with the
+  /// next snapshot only.
   using OnRecordOutcome = std::function<void(const GoalOutcomeRecordingInput& input)>;
   /// @}
 
-  /// The screen of one snapshot, with what is to be called for each action. A callback may be empty:
-  /// its button is shown all the same, and pressing it asks nothing of the host.
+  /// The screen of one snapshot, with what is to be called for each action. A callback may be
+  /// empty: its button is shown all the same, and pressing it asks nothing of the host.
   GoalResultView(const GoalResultSnapshotV1& snapshot, OnOpenPerson onOpenPerson,
                  OnShowEvidence onShowEvidence, OnFocusPath onFocusPathInStarfold,
                  OnRecordOutcome onRecordOutcome);

@@ -37,9 +37,10 @@ concept HasBody = StatefulComposite<Struct> || StatelessComposite<Struct>;
 ///     View body(const LocalState<State>&) const;   // with a nested `struct State`
 ///
 /// It may name itself (`static constexpr std::string_view name`) and tell its properties
-/// (`Properties properties() const`, or `properties(const State&)`). Nothing on the screen depends on
-/// either; they are for developers, and for tools: vemra-inspect writes the name and the properties
-/// of a composite that has any as an element with these very keys, so that its readers rely on them.
+/// (`Properties properties() const`, or `properties(const State&)`). Nothing on the screen depends
+/// on either; they are for developers, and for tools: vemra-inspect writes the name and the
+/// properties of a composite that has any as an element with these very keys, so that its readers
+/// rely on them.
 template <class Struct>
 concept CompositeView = HasBody<Struct> && std::copy_constructible<Struct>;
 // The body comes first: whether a class that is made from a view can be copied may turn on whether

@@ -33,11 +33,11 @@ using Action = std::function<void()>;
 /// view describes is decided by *identity*, never by the view object:
 ///
 ///     return VStack(HorizontalAlignment::leading, 4,
-///                   {
-///                       Button(verbatim(name), open),                   // slot 0
-///                       If(hasSource, [&] { return sourceButton(); }),  // slot 1, also while absent
-///                       NoteEditor{name},                               // slot 2: keeps its state
-///                   });
+///         {
+///             Button(verbatim(name), open),                   // slot 0
+///             If(hasSource, [&] { return sourceButton(); }),  // slot 1, also while absent
+///             NoteEditor{name},                               // slot 2: keeps its state
+///         });
 ///
 /// The editor stays the same node, with the text typed into it, whether or not the source button
 /// above it comes or goes, because an absent view still holds its slot. Two branches of an
@@ -59,15 +59,16 @@ class View {
   /// Of a view that is kept, each makes another one; a temporary is changed itself, so that a chain
   /// of them copies nothing. On an absent view they do nothing.
   ///
-  /// Font, weight, foreground style and disabled reach down to everything the view holds; the others
-  /// are the view's own. Of two of a kind the inner one, which is the one applied first, wins where
-  /// nothing else is said. Lengths are in points.
+  /// Font, weight, foreground style and disabled reach down to everything the view holds; the
+  /// others are the view's own. Of two of a kind the inner one, which is the one applied first,
+  /// wins where nothing else is said. Lengths are in points.
   /// @{
 
   /// The font of all texts and titles; reaches down.
   View font(Font font) const&;
   View font(Font font) &&;
-  /// The weight of all texts and titles; reaches down. A font that names a weight counts as one too.
+  /// The weight of all texts and titles; reaches down. A font that names a weight counts as one
+  /// too.
   View fontWeight(FontWeight weight) const&;
   View fontWeight(FontWeight weight) &&;
   /// The level of the text colour; reaches down.

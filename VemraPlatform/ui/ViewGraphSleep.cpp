@@ -32,8 +32,8 @@ IdentityPath pathFrom(const Node& top, const Node& node) {
 
 }  // namespace
 
-/// The row, or the composite in it, below which state is being woken, and what there was. What finds
-/// no place again is gone in the end.
+/// The row, or the composite in it, below which state is being woken, and what there was. What
+/// finds no place again is gone in the end.
 struct ViewGraph::Restoring {
   Restoring(ViewGraph& owner, const Node& waking, SavedState saved)
       : graph(owner), top(waking), state(std::move(saved)), outer(owner.restoring_) {

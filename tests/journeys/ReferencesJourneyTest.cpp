@@ -30,8 +30,8 @@ class EqualReferences : public ::testing::TestWithParam<Pair> {
     return result;
   }
 
-  /// What is called so in the control of the person at `index`. Where the identifiers of the two are
-  /// one, it is pointed at by its order, as long as the first person's control has it too.
+  /// What is called so in the control of the person at `index`. Where the identifiers of the two
+  /// are one, it is pointed at by its order, as long as the first person's control has it too.
   static testing::Query inControl(std::size_t index, const std::string& name) {
     const auto& [pair, first, second] = GetParam();
     return byIdentifier("vemra.goal.person." + (index == 0 ? first : second) + ".outcome." + name,
