@@ -231,8 +231,15 @@ void AccessibleField::replaceText(int start, int end, const QString& text) {
   const int size = static_cast<int>(whole.size());
   start = std::clamp(start, 0, size);
   end = end < 0 ? size : std::clamp(end, start, size);
+  const QString removed = whole.mid(start, end - start);
   whole.replace(start, end - start, text);
+  const QAccessible::Id self = id();
   tree().deliver(field->id, ui::EditText{whole.toStdString()});
+  // The field's widget tells of what is typed into it; of this, nobody would.
+  auto* still = dynamic_cast<AccessibleField*>(QAccessible::accessibleInterface(self));
+  if (!still || still->wholeText() != whole || removed == text) return;
+  QAccessibleTextUpdateEvent event(still, start, removed, text);
+  QAccessible::updateAccessibility(&event);
 }
 
 }  // namespace vemra::qt

@@ -102,7 +102,10 @@ void AccessibleTree::refreshPage() {
   }
   std::swap(lists, lists_);
   for (auto& [node, list] : lists) {
-    for (auto& [index, row] : list.rows) bury(*row);
+    for (auto& [index, row] : list.rows) {
+      if (announcing_) departed_.push_back(row->id());
+      bury(*row);
+    }
   }
 }
 
@@ -137,8 +140,12 @@ void AccessibleTree::adopt(AccessibleRow* row, std::vector<ElementSlot>& element
   }
   if (!announcing_ || !wasKnown) return;
   for (std::size_t i = 0; i < isOld.size() && i < elements.size(); ++i) {
-    if (isOld[i] || elements[i].kind == ElementKind::forEach) continue;
-    arrived_.push_back(object(row, elements[i])->id());
+    if (isOld[i]) continue;
+    if (elements[i].kind == ElementKind::forEach) {
+      changedLists_.push_back(elements[i].node);  // its rows have arrived with it
+    } else {
+      arrived_.push_back(object(row, elements[i])->id());
+    }
   }
 }
 

@@ -76,6 +76,7 @@ void writeDown(QAccessibleEvent* event) {
       announcements.push_back("value " + whom);
       break;
     case QAccessible::TextInserted:
+    case QAccessible::TextUpdated:
       announcements.push_back("typed in " + whom);
       break;
     default:

@@ -3,6 +3,8 @@
 
 #include "tests/VemraQt/Accessibility.hpp"
 
+#include <algorithm>
+
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -89,4 +91,40 @@ TEST_F(Announcements, TakeNoNoticeOfWidgetsThatAreUsedAgain) {
   (void)listener.heard();
   for (int i = 0; i < 40; ++i) host.widget.verticalScrollBar()->setValue(i * 1700);
   EXPECT_THAT(listener.heard(), IsEmpty());
+}
+
+TEST_F(Announcements, TellOfElementsOutsideRowsToo) {
+  Listener listener;
+  WindowHost host(resultWith(1));
+  elementsBelow(accessiblePage(host));
+  (void)listener.heard();
+  host.press("vemra.goal.path.outcome.start");
+  EXPECT_THAT(listener.heard(),
+              ElementsAre("destroyed ", "created Outcome", "created Note (optional)",
+                          "created Save", "created Cancel", "focus Outcome"));
+}
+
+TEST_F(Announcements, TellOfAListThatEmptiesAndFills) {
+  Listener listener;
+  WindowHost host(resultWith(2));
+  elementsBelow(accessiblePage(host));
+  (void)listener.heard();
+  const auto people = host.result.people;
+  host.change([](Result& result) { result.people = {}; });
+  const auto emptied = listener.heard();
+  EXPECT_EQ(std::ranges::count(emptied, "destroyed "), 2) << "the rows";
+  host.change([&](Result& result) { result.people = people; });
+  EXPECT_THAT(listener.heard(), Contains("created Person Number 0"));
+}
+
+TEST_F(Announcements, TellOfATextThatAClientSets) {
+  Listener listener;
+  WindowHost host(resultWith(2));
+  host.press("vemra.goal.person.p1.outcome.start");
+  QAccessibleInterface* note = accessible(host, "vemra.goal.person.p1.outcome.note");
+  (void)listener.heard();
+  note->editableTextInterface()->insertText(0, "hello");
+  EXPECT_THAT(listener.heard(), Contains("typed in Note (optional)"));
+  note->editableTextInterface()->replaceText(0, 5, "hello");
+  EXPECT_THAT(listener.heard(), IsEmpty()) << "nothing has changed";
 }

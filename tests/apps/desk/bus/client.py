@@ -70,6 +70,12 @@ class Desk:
             [program, "--store", self.store, "--goal", "g1"],
             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
         self.root = wait_for(lambda: application("vemra-desk"), "the program on the bus", 20)
+        wait_for(self.is_active, "the window with the focus", 20)
+
+    def is_active(self):
+        frame = self.root.get_child_at_index(0)
+        frame.clear_cache()
+        return has(frame, Atspi.StateType.ACTIVE)
 
     def find(self, identifier):
         return find(self.root, identifier)
