@@ -2,8 +2,8 @@
 // the list: the same things are done for 10,000 people as for 100. Counted, not timed, so that a
 // busy machine says the same as an idle one.
 
-#include "tests/work/Allocations.hpp"
-#include "tests/work/WorkScreen.hpp"
+#include "tests/counts/Allocations.hpp"
+#include "tests/counts/WorkScreen.hpp"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
-#include "tests/work/WorkScreen.hpp"
+#include "tests/counts/WorkScreen.hpp"
 
-#include "tests/work/Allocations.hpp"
+#include "tests/counts/Allocations.hpp"
 
 #include <vector>
 

@@ -1,4 +1,4 @@
-#include "tests/work/Allocations.hpp"
+#include "tests/counts/Allocations.hpp"
 
 #include <cstdlib>
 #include <new>
