@@ -257,36 +257,50 @@ bool Page::keepsWidget(const RenderNode& leaf) const {
 }
 
 void Page::place() {
+  std::vector<Placement> placements;
+  QRect touched;
   if (tree_.root()) {
-    std::vector<RenderNode*> placed;
     forEachLeaf(*tree_.root(), [&](RenderNode& leaf) {
-      if (keepsWidget(leaf)) {
-        placed.push_back(&leaf);
+      const bool keeps = keepsWidget(leaf);
+      const QRect before = leaf.widget ? leaf.widget->widget().geometry() : QRect();
+      const QRect after = keeps ? widgetFrame(leaf) : QRect();
+      if (before != after) touched |= before | after;
+      if (keeps) {
+        placements.push_back({&leaf, after});
       } else if (leaf.widget) {
         pool_.giveBack(*leaf.widget);
         leaf.widget = nullptr;
       }
     });
-    for (RenderNode* leaf : placed) placeLeaf(*leaf);
   }
+  // Widgets that move one by one leave a region of many small rectangles to be painted; one large
+  // one takes a fraction of the time.
+  area_.viewport()->update(touched & area_.viewport()->rect());
+  for (const Placement& placement : placements) place(placement);
   pool_.hideResting();
 }
 
-void Page::placeLeaf(RenderNode& leaf) {
-  const bool isNew = !leaf.widget;
-  if (isNew) {
+void Page::place(const Placement& placement) {
+  RenderNode& leaf = *placement.leaf;
+  if (!leaf.widget) {
     leaf.widget = &pool_.take(leaf.element);
     leaf.stale = true;
   }
   QWidget& widget = leaf.widget->widget();
-  const QRect frame =
-      frameOnPage(leaf).translated(0, -scroll_).marginsAdded(overhang(leaf.element));
-  if (widget.geometry() != frame) widget.setGeometry(frame);
+  if (widget.geometry() != placement.frame) {
+    widget.setAttribute(Qt::WA_UpdatesDisabled);
+    widget.setGeometry(placement.frame);
+    widget.setAttribute(Qt::WA_UpdatesDisabled, false);
+  }
   if (leaf.stale) {
     leaf.widget->show(leaf);
     leaf.stale = false;
   }
   if (widget.isHidden()) widget.show();
+}
+
+QRect Page::widgetFrame(const RenderNode& leaf) const {
+  return frameOnPage(leaf).translated(0, -scroll_).marginsAdded(overhang(leaf.element));
 }
 
 }  // namespace vemra::qt

@@ -85,12 +85,18 @@ class Page final : public ui::Renderer, public EventSink {
     bool wasSeen = true;
   };
 
+  struct Placement {
+    RenderNode* leaf;
+    QRect frame;  ///< of its widget, in the viewport
+  };
+
   void settle();
   void layout();
   bool askForRows();
   std::vector<ui::RowRange> wantedRows(const RenderNode& list) const;
   void place();
-  void placeLeaf(RenderNode& leaf);
+  void place(const Placement& placement);
+  QRect widgetFrame(const RenderNode& leaf) const;
   void setScrollRange();
   void showScrollBar(bool needed);
 

@@ -3,6 +3,7 @@
 #include "VemraQt/Page.hpp"
 #include "VemraQt/SystemEnvironment.hpp"
 #include "VemraQt/accessibility/AccessiblePage.hpp"
+#include "VemraQt/widgets/PageScrollBar.hpp"
 
 #include <utility>
 
@@ -10,7 +11,6 @@
 #include <QEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
-#include <QScrollBar>
 
 namespace vemra::qt {
 
@@ -33,6 +33,7 @@ ViewWidget::~ViewWidget() {
 void ViewWidget::prepare() {
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::StrongFocus);
+  setVerticalScrollBar(new PageScrollBar(Qt::Vertical));
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // until the page knows better
   viewport()->setBackgroundRole(QPalette::Base);

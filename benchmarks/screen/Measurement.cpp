@@ -18,7 +18,8 @@ namespace vemra::bench {
 
 namespace {
 
-constexpr int mostRepetitions = 9;
+constexpr std::size_t mostRepetitions = 9;
+constexpr std::size_t profiledRepetitions = 1000;
 constexpr Milliseconds enough{1500};  // a slow measure is not repeated for longer
 constexpr std::size_t subject = 1;    // who is edited: in view, without an outcome
 
@@ -55,12 +56,14 @@ double Measurement::frameOf(const std::string& what, const std::function<void()>
 
 void Measurement::repeated(const std::string& measure, const std::function<void()>& action,
                            const std::function<void()>& undo) {
+  if (!only_.empty() && measure != only_) return;
   const double first = frameOf(measure, action);
   keepPicture(measure);
   print(measure + ".first", first);
   std::vector<double> hot;
   Milliseconds spent{0};
-  while (hot.size() < mostRepetitions && (spent < enough || hot.empty())) {
+  const auto most = only_.empty() ? mostRepetitions : profiledRepetitions;
+  while (hot.size() < most && (spent < enough || hot.empty() || !only_.empty())) {
     const auto start = std::chrono::steady_clock::now();
     if (undo) undo();
     clock_.settle();
@@ -81,10 +84,10 @@ double Measurement::warmFrame() {
   return frameOf("warm first frame", [this] { candidate_->show(snapshot_); });
 }
 
-void Measurement::warmFirstFrames(int times) {
+void Measurement::warmFirstFrames(std::size_t times) {
   std::vector<double> hot;
   Milliseconds spent{0};
-  for (int i = 0; i < times && (spent < enough || i == 0); ++i) {
+  for (std::size_t i = 0; i < times && (spent < enough || i == 0); ++i) {
     candidate_.reset();
     clock_.settle();
     candidate_ = kind_.make();
@@ -104,7 +107,20 @@ void Measurement::times(const std::string& pictures) {
   coldFirstFrame();
   checkPixels("first frame");
   keepPicture("firstFrame");
+  measureEvents();
+  warmFirstFrames(mostRepetitions);
+}
 
+void Measurement::repeatOne(const std::string& measure) {
+  static const std::set<std::string> events{"outcome", "noted", "editor", "key",
+                                            "wheel",   "end",   "floor"};
+  if (!events.contains(measure)) throw std::runtime_error("there is no measure " + measure);
+  only_ = measure;
+  coldFirstFrame();
+  measureEvents();
+}
+
+void Measurement::measureEvents() {
   const GoalResultSnapshotV1 more(withOneOutcomeMore(result_, subject));
   repeated(
       "outcome", [&] { candidate_->update(more); }, [&] { candidate_->update(snapshot_); });
@@ -116,10 +132,13 @@ void Measurement::times(const std::string& pictures) {
   repeated(
       "editor", [&] { candidate_->openEditor(subject); },
       [&] { candidate_->closeEditor(subject); });
-  candidate_->focusNote(subject);
-  repeated(
-      "key", [this] { sendKey(); }, nullptr);
-  candidate_->closeEditor(subject);
+  if (only_.empty() || only_ == "key") {
+    if (!only_.empty()) candidate_->openEditor(subject);  // it is still open otherwise
+    candidate_->focusNote(subject);
+    repeated(
+        "key", [this] { sendKey(); }, nullptr);
+    candidate_->closeEditor(subject);
+  }
   repeated(
       "wheel", [this] { candidate_->turnWheel(); }, nullptr);
   candidate_->scrollToStart();
@@ -128,7 +147,6 @@ void Measurement::times(const std::string& pictures) {
   candidate_->scrollToStart();
   repeated(
       "floor", [&] { candidate_->repaint(); }, nullptr);
-  warmFirstFrames(mostRepetitions);
 }
 
 void Measurement::memory() {

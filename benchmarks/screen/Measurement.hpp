@@ -20,6 +20,8 @@ class Measurement {
   /// Every time from the first frame to the last. With a folder for pictures, one after every step,
   /// and a word on standard error when a measured frame was not what the window comes to in the end.
   void times(const std::string& pictures);
+  /// One measure of those a thousand times, for a profiler; throws when there is none of that name.
+  void repeatOne(const std::string& measure);
   /// The first frames alone.
   void firstFrames();
   /// Resident memory with the screen, over that with an empty window, in MiB.
@@ -38,7 +40,8 @@ class Measurement {
   void coldFirstFrame();
   /// By this name a profiler counts in warm first frames alone.
   [[gnu::noinline]] double warmFrame();
-  void warmFirstFrames(int times);
+  void warmFirstFrames(std::size_t times);
+  void measureEvents();
   void checkPixels(const std::string& what);
   void keepPicture(const std::string& name);
   void sendKey();
@@ -49,6 +52,7 @@ class Measurement {
   GoalResultSnapshotV1 snapshot_;
   std::unique_ptr<Candidate> candidate_;
   std::string pictures_;
+  std::string only_;  ///< the one measure that is repeated; empty: all are measured
 };
 
 }  // namespace vemra::bench

@@ -2,7 +2,8 @@
 //
 //     vemra-bench-screen CANDIDATE MODE PEOPLE [STRAY OUTCOMES [FOLDER FOR PICTURES]]
 //
-// MODE is times, first-frames, memory, serve (until standard input ends) or profile.
+// MODE is times, first-frames, memory or serve (until standard input ends); for a profiler, profile
+// (ten warm first frames) or repeat-MEASURE (one of the times, a thousand times over).
 
 #include "benchmarks/screen/Measurement.hpp"
 
@@ -36,6 +37,8 @@ void measure(Measurement& measurement, const std::string& mode, const std::strin
     measurement.memory();
   } else if (mode == "profile") {
     measurement.repeatFirstFrames();
+  } else if (mode.starts_with("repeat-")) {
+    measurement.repeatOne(mode.substr(mode.find('-') + 1));
   } else if (mode == "serve") {
     QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     quitWithStandardInput(input);

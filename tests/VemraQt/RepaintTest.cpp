@@ -1,0 +1,120 @@
+// What is painted again: all that has changed, and of the scroll bar nothing that has not.
+
+#include "tests/VemraQt/WindowHost.hpp"
+
+#include <algorithm>
+#include <random>
+
+#include <QApplication>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTest>
+#include <QWindow>
+#include <gtest/gtest.h>
+
+using namespace vemra;
+using namespace vemra::qttest;
+
+namespace {
+
+/// Counts how often a widget is painted.
+class PaintCount final : public QObject {
+ public:
+  explicit PaintCount(QWidget& widget) { widget.installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++count;
+    return false;
+  }
+  int count = 0;
+};
+
+/// What is in the window now, as it was flushed, in the end.
+QImage shown(const WindowHost& host) {
+  QTest::qWait(0);
+  QCoreApplication::processEvents();
+  QWindow& window = *host.widget.windowHandle();
+  return window.screen()
+      ->grabWindow(window.winId())
+      .toImage()
+      .convertToFormat(QImage::Format_RGB32);
+}
+
+/// The same, painted from nothing.
+QImage painted(WindowHost& host) {
+  QImage image(host.widget.size(), QImage::Format_RGB32);
+  host.widget.render(&image);
+  return image;
+}
+
+QScrollBar& bar(const WindowHost& host) {
+  return *host.widget.verticalScrollBar();
+}
+
+std::string recording(int person) {
+  return "vemra.goal.person.p" + std::to_string(person) + ".outcome.";
+}
+
+}  // namespace
+
+TEST(Repaint, NothingStaleStaysOnTheScreen) {
+  QApplication::setCursorFlashTime(0);
+  WindowHost host(resultWith(60), QSize(480, 600));
+  std::mt19937 random(7);
+  for (int step = 0; step < 120; ++step) {
+    const int person = static_cast<int>(random() % 4);
+    const auto press = [&](const std::string& control) {
+      const std::string identifier = recording(person) + control;
+      if (host.find(identifier)) host.press(identifier);
+    };
+    switch (random() % 8) {
+      case 0:
+        press("start");
+        break;
+      case 1:
+        press("cancel");
+        break;
+      case 2:
+        press("save");
+        break;
+      case 3:
+        wheel(host.widget, random() % 2 == 0 ? 1 : -1);
+        break;
+      case 4:
+        bar(host).setValue(static_cast<int>(random() % 900));
+        break;
+      case 5:
+        bar(host).setValue(bar(host).maximum());
+        break;
+      case 6:
+        host.widget.resize(440 + static_cast<int>(random() % 60), 600);
+        break;
+      default:
+        host.change([&](Result& result) {
+          std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
+          std::ranges::rotate(people, people.begin() + 1);
+          result.people = people;
+        });
+    }
+    ASSERT_EQ(shown(host), painted(host)) << "after step " << step;
+  }
+}
+
+TEST(Repaint, TheScrollBarOnlyWhereItsHandleMoves) {
+  WindowHost host(resultWith(10'000));
+  host.press(recording(0) + "start");  // the first focus paints the whole window
+  bar(host).setValue(40);              // away from the top, where its upper end is disabled
+  shown(host);
+  PaintCount paints(bar(host));
+  bar(host).setValue(42);  // of a million pixels
+  shown(host);
+  EXPECT_EQ(paints.count, 0);
+  host.press(recording(1) + "start");
+  shown(host);
+  EXPECT_EQ(paints.count, 0);
+  bar(host).setValue(bar(host).maximum() / 2);
+  shown(host);
+  EXPECT_EQ(paints.count, 1);
+  host.widget.resize(720, 500);
+  shown(host);
+  EXPECT_GT(paints.count, 1);
+}
