@@ -13,18 +13,16 @@ void RenderedTree::apply(const std::vector<Patch>& patches) {
   for (const Patch& patch : patches) {
     switch (patch.kind) {
       case Patch::Kind::insert:
-        if (!places_.emplace(patch.node, Place{{patch.node, {}, *patch.element, {}}, {}, {}, {}})
-                 .second) {
-          throw std::out_of_range("a node was inserted twice");
-        }
-        putIn(patch.node, patch.parent, patch.after);
+        if (places_.find(patch.node)) throw std::out_of_range("a node was inserted twice");
+        putIn(places_.insert(patch.node, Place{{patch.node, {}, *patch.element, {}}, {}, {}, {}}),
+              patch.parent, patch.after);
         break;
       case Patch::Kind::move:
         takeOut(patch.node);
-        putIn(patch.node, patch.parent, patch.after);
+        putIn(at(patch.node), patch.parent, patch.after);
         break;
       case Patch::Kind::update:
-        places_.at(patch.node).node.element = *patch.element;
+        at(patch.node).node.element = *patch.element;
         break;
       case Patch::Kind::remove:
         takeOut(patch.node);
@@ -33,67 +31,79 @@ void RenderedTree::apply(const std::vector<Patch>& patches) {
     }
   }
   for (const NodeID id : std::exchange(changed_, {})) {
-    Place& parent = places_.at(id);
-    parent.node.children.clear();
-    for (NodeID child = parent.firstChild; child; child = places_.at(child).next) {
-      parent.node.children.push_back(child);
+    Place* const parent = places_.find(id);
+    if (!parent) continue;  // it has gone since
+    parent->isChanged = false;
+    parent->node.children.clear();
+    for (NodeID child = parent->firstChild; child; child = at(child).next) {
+      parent->node.children.push_back(child);
     }
   }
 }
 
 const RenderedTree::Node* RenderedTree::find(NodeID id) const {
-  const auto found = places_.find(id);
-  return found == places_.end() ? nullptr : &found->second.node;
+  const Place* const found = places_.find(id);
+  return found ? &found->node : nullptr;
 }
 
 std::vector<const RenderedTree::Node*> RenderedTree::nodes() const {
   std::vector<const Node*> nodes;
-  nodes.reserve(places_.size());
   if (root_) collect(root_, nodes);
   return nodes;
 }
 
 void RenderedTree::collect(NodeID id, std::vector<const Node*>& nodes) const {
-  const Node& node = places_.at(id).node;
+  const Node& node = *find(id);
   nodes.push_back(&node);
   for (const NodeID child : node.children) collect(child, nodes);
 }
 
-void RenderedTree::putIn(NodeID id, NodeID parent, NodeID after) {
-  Place& place = places_.at(id);
-  place.node.parent = parent;
-  if (!parent) {
+void RenderedTree::putIn(Place& place, NodeID parentID, NodeID after) {
+  const NodeID id = place.node.id;
+  place.node.parent = parentID;
+  if (!parentID) {
     root_ = id;
     return;
   }
-  if (after && places_.at(after).node.parent != parent) {
+  Place& parent = at(parentID);
+  Place* const sibling = after ? &at(after) : nullptr;
+  if (sibling && sibling->node.parent != parentID) {
     throw std::out_of_range("a node was placed behind one that is not its sibling");
   }
-  NodeID& before = after ? places_.at(after).next : places_.at(parent).firstChild;
+  NodeID& before = sibling ? sibling->next : parent.firstChild;
   place.previous = after;
   place.next = std::exchange(before, id);
-  if (place.next) places_.at(place.next).previous = id;
-  changed_.insert(parent);
+  if (place.next) at(place.next).previous = id;
+  changed(parent);
+}
+
+void RenderedTree::changed(Place& parent) {
+  if (std::exchange(parent.isChanged, true)) return;
+  changed_.push_back(parent.node.id);
+}
+
+RenderedTree::Place& RenderedTree::at(NodeID id) {
+  Place* const found = places_.find(id);
+  if (!found) throw std::out_of_range("a patch speaks of a node that is not there");
+  return *found;
 }
 
 void RenderedTree::takeOut(NodeID id) {
-  const Place& place = places_.at(id);
+  const Place& place = at(id);
   if (!place.node.parent) {
     root_ = {};
     return;
   }
-  (place.previous ? places_.at(place.previous).next : places_.at(place.node.parent).firstChild) =
-      place.next;
-  if (place.next) places_.at(place.next).previous = place.previous;
-  changed_.insert(place.node.parent);
+  (place.previous ? at(place.previous).next : at(place.node.parent).firstChild) = place.next;
+  if (place.next) at(place.next).previous = place.previous;
+  changed(at(place.node.parent));
 }
 
 void RenderedTree::erase(NodeID id) {
-  for (NodeID child = places_.at(id).firstChild; child;) {
-    erase(std::exchange(child, places_.at(child).next));
+  for (NodeID child = at(id).firstChild; child;) {
+    erase(std::exchange(child, at(child).next));
   }
   places_.erase(id);
-  changed_.erase(id);
 }
 
 }  // namespace vemra::testing

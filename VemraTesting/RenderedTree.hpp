@@ -1,9 +1,8 @@
 #pragma once
 
+#include "VemraPlatform/ui/NodeTable.hpp"
 #include "VemraPlatform/ui/Patch.hpp"
 
-#include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 namespace vemra::testing {
@@ -40,15 +39,18 @@ class RenderedTree final : public ui::Renderer {
     ui::NodeID previous;
     ui::NodeID next;
     ui::NodeID firstChild;
+    bool isChanged = false;  ///< its chain of children is newer than `children`
   };
 
-  void putIn(ui::NodeID node, ui::NodeID parent, ui::NodeID after);
+  void putIn(Place& place, ui::NodeID parent, ui::NodeID after);
   void takeOut(ui::NodeID node);
   void erase(ui::NodeID node);
+  void changed(Place& parent);
+  Place& at(ui::NodeID node);
   void collect(ui::NodeID node, std::vector<const Node*>& nodes) const;
 
-  std::unordered_map<ui::NodeID, Place> places_;
-  std::unordered_set<ui::NodeID> changed_;  // whose chain of children is newer than `children`
+  ui::NodeTable<Place> places_;
+  std::vector<ui::NodeID> changed_;
   ui::NodeID root_;
   std::size_t patchCount_ = 0;
 };

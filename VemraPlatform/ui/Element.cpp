@@ -64,16 +64,28 @@ bool sameOwnValues(const Content& a, const Content& b) {
 
 }  // namespace
 
+struct Element::Found {
+  std::optional<std::string> translation;
+  std::string text;
+  std::optional<Tag> selection;
+};
+
 Element::Element(View view, const Style& inherited, const Environment& environment)
     : view_(std::move(view)) {
   // Not in the initialiser: g++ 12 fails there when it inlines the call.
   style_ = styleInside(description().modifiers, inherited);
   const Content& content = description().content;
-  if (const Label* label = labelOf(content); label && label->isKey()) {
-    localized_ = environment.localized(label->source());
+  Found found;
+  if (const Label* label = labelOf(content); label && label->isKey() && environment.strings) {
+    found.translation = environment.strings->lookup(label->source());
   }
-  if (auto* field = std::get_if<TextFieldContent>(&content)) text_ = field->text.get();
-  if (auto* picker = std::get_if<PickerContent>(&content)) selection_ = picker->selection.get();
+  if (auto* field = std::get_if<TextFieldContent>(&content)) found.text = field->text.get();
+  if (auto* picker = std::get_if<PickerContent>(&content)) {
+    found.selection = picker->selection.get();
+  }
+  if (found.translation || !found.text.empty() || found.selection) {
+    found_ = std::make_shared<const Found>(std::move(found));
+  }
   if (auto* forEach = std::get_if<ForEachContent>(&content)) rowCount_ = forEach->rows->count();
 }
 
@@ -82,9 +94,19 @@ const Label* Element::label() const {
 }
 
 std::string_view Element::shownLabel() const {
+  if (found_ && found_->translation) return *found_->translation;
   const Label* found = label();
-  if (!found) return {};
-  return found->isKey() ? std::string_view(localized_) : std::string_view(found->source());
+  return found ? std::string_view(found->source()) : std::string_view();
+}
+
+const std::string& Element::text() const {
+  static const std::string none;
+  return found_ ? found_->text : none;
+}
+
+const std::optional<Tag>& Element::selection() const {
+  static const std::optional<Tag> none;
+  return found_ ? found_->selection : none;
 }
 
 int Element::spacing() const {
@@ -157,8 +179,10 @@ const Tag* Element::tag() const {
 bool operator==(const Element& a, const Element& b) {
   const Description& left = a.description();
   const Description& right = b.description();
-  return a.style_ == b.style_ && a.localized_ == b.localized_ && a.text_ == b.text_ &&
-         a.selection_ == b.selection_ && a.rowCount_ == b.rowCount_ &&
+  const bool sameFound =
+      a.found_ == b.found_ ||
+      (a.shownLabel() == b.shownLabel() && a.text() == b.text() && a.selection() == b.selection());
+  return sameFound && a.style_ == b.style_ && a.rowCount_ == b.rowCount_ &&
          (&left == &right ||
           (sameOwnValues(left.content, right.content) && left.modifiers == right.modifiers));
 }

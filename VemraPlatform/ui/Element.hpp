@@ -3,6 +3,7 @@
 #include "VemraPlatform/ui/Description.hpp"
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -61,9 +62,9 @@ class Element {
   std::string_view shownLabel() const;
 
   /// What stands in a TextField; "" for other kinds.
-  const std::string& text() const { return text_; }
+  const std::string& text() const;
   /// What is chosen in a Picker; nil for other kinds.
-  const std::optional<Tag>& selection() const { return selection_; }
+  const std::optional<Tag>& selection() const;
 
   /// Space between children of a stack, in points; 0 for other kinds.
   int spacing() const;
@@ -88,12 +89,13 @@ class Element {
   friend bool operator==(const Element& a, const Element& b);
 
  private:
+  /// What the description does not say by itself. Few elements have any of it.
+  struct Found;
+
   View view_;
   Style style_;
-  std::string localized_;
-  std::string text_;
-  std::optional<Tag> selection_;
   std::size_t rowCount_ = 0;
+  std::shared_ptr<const Found> found_;
 };
 
 /// The name of a kind as developers write it ("VStack").

@@ -36,6 +36,7 @@ struct Node {
   /// Of a composite whose body threw when its row woke: what slept below it.
   std::shared_ptr<SavedState> asleepBelow;
   std::uint64_t describedInPass = 0;
+  bool isGone = false;  ///< taken out of the tree, not freed yet
 };
 
 }  // namespace vemra::ui

@@ -218,12 +218,13 @@ void ViewGraph::flushPatches() {
 /// The way out when resolving broke off halfway: lists of children, nodes and patches no longer
 /// agree, so that nothing is left of them. The renderer is told to take away what it was told last.
 void ViewGraph::abandonTree() {
-  const auto nodes = std::exchange(nodes_, {});
-  for (const auto& [id, node] : nodes) {
+  NodeTable<Node> nodes = std::exchange(nodes_, {});
+  nodes.forEach([](const Node& node) {
     if (node.state) node.state->detach();
-  }
+  });
   root_ = nullptr;
   rootView_ = View();
+  gone_.clear();
   dirty_.clear();
   patches_.clear();
   if (shownRoot_) patches_.push_back({Patch::Kind::remove, shownRoot_, {}, {}, std::nullopt});
@@ -244,13 +245,13 @@ void ViewGraph::stateChanged(StateCell& cell) {
 }
 
 const Node* ViewGraph::find(NodeID node) const {
-  const auto found = nodes_.find(node);
-  return found == nodes_.end() ? nullptr : &found->second;
+  const Node* const found = nodes_.find(node);
+  return found && !found->isGone ? found : nullptr;
 }
 
 Node* ViewGraph::mutableNode(NodeID id) {
-  auto found = nodes_.find(id);
-  return found == nodes_.end() ? nullptr : &found->second;
+  Node* const found = nodes_.find(id);
+  return found && !found->isGone ? found : nullptr;
 }
 
 Properties ViewGraph::properties(NodeID id) const {

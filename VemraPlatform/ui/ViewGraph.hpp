@@ -3,6 +3,7 @@
 #include "VemraPlatform/ui/Environment.hpp"
 #include "VemraPlatform/ui/Event.hpp"
 #include "VemraPlatform/ui/Node.hpp"
+#include "VemraPlatform/ui/NodeTable.hpp"
 #include "VemraPlatform/ui/Patch.hpp"
 
 #include <cstdint>
@@ -177,8 +178,10 @@ class ViewGraph final : private StateCell::Owner {
   bool demandsEverything(const Node& forEach) const;
   void resolveRows(Node& forEach, Emission emission);
   void placeRows(Node& forEach, std::vector<RowPlace> places, Emission emission);
+  void placeFirstRows(Node& forEach, const std::vector<RowPlace>& places, Emission emission);
   void applyRowRequest(const RowRequest& request);
   std::optional<View> describeRow(const Node& forEach, std::size_t index);
+  Node& allocateRow(Node& forEach, const RowPlace& place);
   Node& allocateRow(Node& forEach, std::size_t index, const std::optional<View>& view);
 
   // Rows that sleep and wake (ViewGraphSleep.cpp)
@@ -194,9 +197,9 @@ class ViewGraph final : private StateCell::Owner {
   Environment environment_;
   Renderer* renderer_ = nullptr;
   Renderer* pendingRenderer_ = nullptr;
-  NodeID shownRoot_;                               // the root that the renderer knows of
-  std::unordered_map<NodeID, Node> nodes_;         // where a node stays put
-  std::vector<decltype(nodes_)::node_type> gone_;  // of this pass, not freed yet
+  NodeID shownRoot_;  // the root that the renderer knows of
+  NodeTable<Node> nodes_;
+  std::vector<NodeID> gone_;  // of this pass, not freed yet
   std::uint64_t lastID_ = 0;
   Node* root_ = nullptr;
   View rootView_;

@@ -75,17 +75,15 @@ Node& ViewGraph::allocate(Node* parent, const View& view, Identity identity) {
   const NodeID id{++lastID_};
   const Style inherited = parent ? parent->element.style() : Style{};
   ++work_.nodes;
-  return nodes_
-      .try_emplace(id, Node{.id = id,
-                            .parent = parent,
-                            .identity = std::move(identity),
-                            .element = Element(view, inherited, environment_),
-                            .children = {},
-                            .rowID = {},
-                            .state = nullptr,
-                            .rows = nullptr,
-                            .asleepBelow = nullptr})
-      .first->second;
+  return nodes_.insert(id, Node{.id = id,
+                                .parent = parent,
+                                .identity = std::move(identity),
+                                .element = Element(view, inherited, environment_),
+                                .children = {},
+                                .rowID = {},
+                                .state = nullptr,
+                                .rows = nullptr,
+                                .asleepBelow = nullptr});
 }
 
 /// Gives a new node its state, tells of it, and resolves what it holds.
@@ -149,6 +147,19 @@ void ViewGraph::resolveChildren(Node& parent, std::span<const View> views, Emiss
     return;
   }
 
+  if (parent.children.empty()) {
+    for (Wanted& child : wanted) {
+      child.node = &allocate(&parent, *child.view, std::move(child.identity));
+      parent.children.push_back(child.node);
+    }
+    NodeID after;
+    for (const Wanted& child : wanted) {
+      mount(*child.node, after, emission);
+      after = child.node->id;
+    }
+    return;
+  }
+
   const std::vector<NodeID> before = idsOf(parent.children);
   std::unordered_map<Identity, Node*, IdentityHash> there;
   for (Node* node : parent.children) there.emplace(node->identity, node);
@@ -157,7 +168,8 @@ void ViewGraph::resolveChildren(Node& parent, std::span<const View> views, Emiss
   for (Wanted& child : wanted) {
     const auto same = there.find(child.identity);
     child.isNew = same == there.end();
-    child.node = child.isNew ? &allocate(&parent, *child.view, child.identity) : same->second;
+    child.node =
+        child.isNew ? &allocate(&parent, *child.view, std::move(child.identity)) : same->second;
     children.push_back(child.node);
   }
   const std::vector<ListOperation> operations = diff(before, idsOf(children));
@@ -190,13 +202,14 @@ void ViewGraph::destroy(Node& node) {
     for (Node* row : node.rows->lookedAt) destroy(*row);
   }
   if (node.state) node.state->detach();
-  gone_.push_back(nodes_.extract(node.id));
+  node.isGone = true;
+  gone_.push_back(node.id);
 }
 
 /// Frees what has been taken out, once the tree agrees with itself again.
 void ViewGraph::bury() {
   while (!gone_.empty()) {
-    const auto gone = std::exchange(gone_, {});
+    for (const NodeID id : std::exchange(gone_, {})) nodes_.erase(id);
   }
 }
 

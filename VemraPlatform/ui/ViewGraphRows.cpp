@@ -107,6 +107,10 @@ void ViewGraph::resolveRows(Node& forEach, Emission emission) {
 /// Makes the shown rows be those in `places` (ascending). Others go to sleep.
 void ViewGraph::placeRows(Node& forEach, std::vector<RowPlace> places, Emission emission) {
   Rows& rows = *forEach.rows;
+  if (forEach.children.empty() && rows.asleep.empty() && rows.lookedAt.empty()) {
+    placeFirstRows(forEach, places, emission);
+    return;
+  }
   std::vector<NodeID> before;
   before.reserve(forEach.children.size());
   for (const Node* row : forEach.children) before.push_back(row->id);
@@ -125,9 +129,7 @@ void ViewGraph::placeRows(Node& forEach, std::vector<RowPlace> places, Emission 
         place.node->isShown = true;
         rows.lookedAt.erase(lookedAt);
       } else {
-        place.node = &allocateRow(
-            forEach, place.index,
-            place.view.isAbsent() ? describeRow(forEach, place.index) : std::optional(place.view));
+        place.node = &allocateRow(forEach, place);
         mounted.push_back(place.node);
       }
     }
@@ -161,6 +163,21 @@ void ViewGraph::placeRows(Node& forEach, std::vector<RowPlace> places, Emission 
   sleepRows(forEach, leaving);
 }
 
+/// The same where there are none yet, neither shown nor asleep: one row after the other, so that
+/// what a row says is still in the processor's cache when its nodes are made.
+void ViewGraph::placeFirstRows(Node& forEach, const std::vector<RowPlace>& places,
+                               Emission emission) {
+  forEach.children.reserve(places.size());
+  WakingRows nothingAsleep;
+  NodeID after;
+  for (const RowPlace& place : places) {
+    Node& row = allocateRow(forEach, place);
+    forEach.children.push_back(&row);
+    mountRow(row, nothingAsleep, after, emission);
+    after = row.id;
+  }
+}
+
 void ViewGraph::applyRowRequest(const RowRequest& request) {
   Node* forEach = mutableNode(request.forEach);
   if (!forEach || !forEach->rows || demandsEverything(*forEach)) return;
@@ -187,6 +204,12 @@ std::optional<View> ViewGraph::describeRow(const Node& forEach, std::size_t inde
   // An absent row is still a row.
   if (row && row->isAbsent()) row = Group({});
   return row;
+}
+
+Node& ViewGraph::allocateRow(Node& forEach, const RowPlace& place) {
+  return allocateRow(
+      forEach, place.index,
+      place.view.isAbsent() ? describeRow(forEach, place.index) : std::optional(place.view));
 }
 
 /// Makes the node of a row, or, for one that could not be described, an empty stand-in: no view has

@@ -88,6 +88,8 @@ def rows(results):
            ratio((*model, "snapshot/copy/shared/10000"), (*model, "snapshot/copy/deep/10000")))
     yield ("equality of shared snapshots, 100,000 people", "100 people", 1.3,
            ratio((*model, "snapshot/equal/shared/100000"), (*model, "snapshot/equal/shared/100")))
-    yield ("whole headless tree, 10,000 people", "widgets-column's first frame", 1 / 100,
-           ratio(("vemra-headless", 10_000, "headless.hot"),
-                 ("widgets-column", 10_000, "firstFrame.hot")))
+    for tree, measure, most in (("every row", "headless.hot", 1 / 100),
+                                ("ten rows", "headless in view.hot", None)):
+        yield (f"whole headless tree, 10,000 people, {tree}", "widgets-column's first frame", most,
+               ratio(("vemra-headless", 10_000, measure),
+                     ("widgets-column", 10_000, "firstFrame.hot")))

@@ -21,6 +21,13 @@ class NoRenderer final : public ui::Renderer {
   std::size_t count = 0;
 };
 
+/// The same for a window's rows.
+class FewRows final : public ui::Renderer {
+ public:
+  ui::RowDemand rowDemand() const override { return ui::RowDemand::onRequest; }
+  void apply(const std::vector<ui::Patch>&) override {}
+};
+
 std::size_t peopleOf(const benchmark::State& state) {
   return static_cast<std::size_t>(state.range(0));
 }
@@ -80,6 +87,23 @@ void headless(benchmark::State& state) {
   }
 }
 
+/// The whole tree with the rows of a window.
+void headlessInView(benchmark::State& state) {
+  const ui::View view = sampleView({.people = peopleOf(state)});
+  for (auto _ : state) {
+    FewRows renderer;
+    auto graph = std::make_unique<ui::ViewGraph>();
+    graph->attach(renderer);
+    graph->setRoot(view);
+    graph->showRows(listOf(*graph->root()).id, {{0, 10}});
+    benchmark::DoNotOptimize(graph->root());
+    state.PauseTiming();
+    graph->detach();
+    graph.reset();
+    state.ResumeTiming();
+  }
+}
+
 /// Per element: every tenth one moves to the end.
 void diffLists(benchmark::State& state) {
   std::vector<ui::NodeID> before;
@@ -99,5 +123,9 @@ BENCHMARK(resolveFirst)->Name("graph/resolve-a-new-node")->Arg(1000);
 BENCHMARK(resolveAgain)->Name("graph/resolve-a-known-node")->Arg(1000);
 BENCHMARK(diffLists)->Name("graph/diff-an-element")->Arg(100)->Arg(10'000);
 BENCHMARK(headless)->Name("graph/headless-tree")->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(headlessInView)
+    ->Name("graph/headless-in-view")
+    ->Arg(10'000)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "VemraPlatform/ui/NodeID.hpp"
+
+#include <bit>
+#include <cstdint>
+#include <memory>
+#include <unordered_map>
+#include <utility>
+
+namespace vemra::ui {
+
+/// One value for each node, found by the node's id. A value stays where it is until it is erased.
+///
+/// The graph numbers its nodes in turn, so that those of a row, and of neighbouring rows, have
+/// neighbouring numbers. They share a page: a tree of thousands of nodes takes a fraction of the
+/// allocations and of the cache misses of a hash table. A page goes with its last value.
+///
+/// A value's destructor may ask the table for other values; its own is not found any more. Not safe
+/// to use from several threads at once.
+template <class Value>
+class NodeTable {
+ public:
+  /// The value, or nullptr when the node has none.
+  Value* find(NodeID id) {
+    const auto page = pages_.find(id.value / pageSize);
+    if (page == pages_.end() || !(page->second->used & bitOf(id))) return nullptr;
+    return &page->second->places[id.value % pageSize].value;
+  }
+  const Value* find(NodeID id) const { return const_cast<NodeTable*>(this)->find(id); }
+
+  /// Puts a value in. The node must not have one.
+  Value& insert(NodeID id, Value value) {
+    std::unique_ptr<Page>& page = pages_[id.value / pageSize];
+    if (!page) page = std::make_unique_for_overwrite<Page>();
+    Value& made = *std::construct_at(&page->places[id.value % pageSize].value, std::move(value));
+    page->used |= bitOf(id);
+    return made;
+  }
+
+  /// Destroys the node's value; does nothing when it has none.
+  void erase(NodeID id) {
+    Value* const value = find(id);
+    if (!value) return;
+    const std::uint64_t number = id.value / pageSize;
+    pages_.at(number)->used &= ~bitOf(id);
+    std::destroy_at(value);
+    if (const auto page = pages_.find(number); page->second->used == 0) pages_.erase(page);
+  }
+
+  /// Calls `visit` with every value, in no particular order. It must not change the table.
+  template <class Visit>
+  void forEach(const Visit& visit) {
+    for (auto& [number, page] : pages_) {
+      for (std::uint32_t left = page->used; left != 0; left &= left - 1) {
+        visit(page->places[std::countr_zero(left)].value);
+      }
+    }
+  }
+
+ private:
+  static constexpr std::uint64_t pageSize = 32;
+
+  union Place {
+    Place() {}
+    ~Place() {}
+    Value value;
+  };
+  struct Page {
+    Page() = default;
+    Page(const Page&) = delete;
+    Page& operator=(const Page&) = delete;
+    ~Page() {
+      while (used != 0) {
+        const int place = std::countr_zero(used);
+        used &= used - 1;
+        std::destroy_at(&places[place].value);
+      }
+    }
+    std::uint32_t used = 0;  ///< a bit for every place that holds a value
+    Place places[pageSize];
+  };
+
+  static std::uint32_t bitOf(NodeID id) { return std::uint32_t{1} << (id.value % pageSize); }
+
+  std::unordered_map<std::uint64_t, std::unique_ptr<Page>> pages_;
+};
+
+}  // namespace vemra::ui

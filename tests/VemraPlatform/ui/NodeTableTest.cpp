@@ -1,0 +1,95 @@
+#include "VemraPlatform/ui/NodeTable.hpp"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <random>
+#include <string>
+
+#include <gtest/gtest.h>
+
+using vemra::ui::NodeID;
+using vemra::ui::NodeTable;
+
+namespace {
+
+/// A value that says goodbye.
+struct Mortal {
+  explicit Mortal(std::function<void()> farewell) : farewell_(std::move(farewell)) {}
+  Mortal(Mortal&& other) noexcept : farewell_(std::exchange(other.farewell_, nullptr)) {}
+  ~Mortal() {
+    if (farewell_) farewell_();
+  }
+  std::function<void()> farewell_;
+};
+
+}  // namespace
+
+TEST(NodeTable, HoldsWhatAMapHoldsWhereItWasPut) {
+  NodeTable<std::string> table;
+  std::map<std::uint64_t, std::string> expected;
+  std::map<std::uint64_t, const std::string*> places;
+  std::mt19937_64 random(11);
+  std::uint64_t last = 0;
+  for (int step = 0; step < 20'000; ++step) {
+    const std::uint64_t known = last == 0 ? 1 : 1 + random() % last;
+    if (random() % 2 == 0) {
+      last += 1 + random() % 3;
+      const std::string value = "value of node " + std::to_string(last);
+      places[last] = &table.insert(NodeID{last}, value);
+      expected[last] = value;
+    } else {
+      table.erase(NodeID{known});
+      expected.erase(known);
+    }
+    const std::string* const found = table.find(NodeID{known});
+    ASSERT_EQ(found != nullptr, expected.contains(known)) << known;
+  }
+  for (const auto& [id, value] : expected) {
+    ASSERT_EQ(table.find(NodeID{id}), places[id]) << "it has moved";
+    ASSERT_EQ(*table.find(NodeID{id}), value);
+  }
+  std::map<std::string, int> visited;
+  table.forEach([&](const std::string& value) { ++visited[value]; });
+  EXPECT_EQ(visited.size(), expected.size());
+}
+
+TEST(NodeTable, NothingIsThereForAnIdOfNothing) {
+  NodeTable<int> table;
+  EXPECT_EQ(table.find(NodeID{}), nullptr);
+  EXPECT_EQ(table.find(NodeID{64}), nullptr);
+  table.insert(NodeID{64}, 1);
+  EXPECT_EQ(table.find(NodeID{}), nullptr);
+  EXPECT_EQ(table.find(NodeID{32}), nullptr) << "the same place of another page";
+}
+
+TEST(NodeTable, EveryValueIsDestroyedOnce) {
+  int farewells = 0;
+  {
+    NodeTable<Mortal> table;
+    for (std::uint64_t id = 1; id <= 100; ++id) {
+      table.insert(NodeID{id}, Mortal([&] { ++farewells; }));
+    }
+    for (std::uint64_t id = 1; id <= 100; id += 2) table.erase(NodeID{id});
+    table.erase(NodeID{1});
+    EXPECT_EQ(farewells, 50);
+    const NodeTable<Mortal> moved = std::move(table);
+    EXPECT_EQ(farewells, 50);
+    EXPECT_NE(moved.find(NodeID{2}), nullptr);
+  }
+  EXPECT_EQ(farewells, 100);
+}
+
+TEST(NodeTable, AValueThatGoesSeesTheOthersAndNotItself) {
+  NodeTable<Mortal> table;
+  table.insert(NodeID{1}, Mortal(nullptr));
+  bool sawOther = false;
+  bool sawItself = true;
+  table.insert(NodeID{2}, Mortal([&] {
+                 sawOther = table.find(NodeID{1}) != nullptr;
+                 sawItself = table.find(NodeID{2}) != nullptr;
+               }));
+  table.erase(NodeID{2});
+  EXPECT_TRUE(sawOther);
+  EXPECT_FALSE(sawItself);
+}
