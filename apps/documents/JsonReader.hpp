@@ -72,6 +72,9 @@ class JsonReader {
   /// Reads a string that must be one of `names`; its index.
   std::size_t name(std::span<const std::string_view> names);
 
+  /// How many bytes of the text have not been read yet.
+  std::size_t unread() const { return tokens_.unread(); }
+
   /// Ends the reading: nothing but white space may follow.
   void finish();
 

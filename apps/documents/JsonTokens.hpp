@@ -38,6 +38,9 @@ class JsonTokens {
   /// Reads `null`, `true` or `false`.
   void literal(std::string_view literal);
 
+  /// How many bytes come after what has been read.
+  std::size_t unread() const { return text_.size() - at_; }
+
   /// An error unless nothing but white space is left.
   void end();
 

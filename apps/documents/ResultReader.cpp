@@ -4,6 +4,8 @@
 #include "apps/documents/SourceFile.hpp"
 #include "apps/documents/WhyReader.hpp"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -20,10 +22,33 @@ Enumeration readCase(JsonReader& reader, std::span<const std::string_view> names
   return static_cast<Enumeration>(reader.name(names));
 }
 
+/// From this length on an array is worth a guess at how long it will be.
+constexpr std::size_t longArray = std::size_t{1} << 16;
+/// A guess asks for no more memory than this, since it may be wrong.
+constexpr std::size_t mostGuessedBytes = std::size_t{1} << 30;
+
+/// Makes room for what the `unread` bytes of the text hold if they go on like the `read` ones, which
+/// the elements so far came from. A list of millions that grew by doubling alone would take most of
+/// its time in the system, which would have to find the memory twice.
+template <class Element>
+void makeRoom(std::vector<Element>& elements, std::size_t read, std::size_t unread) {
+  const std::size_t twice = 2 * elements.size();
+  const std::size_t guess = unread / (read / elements.size());
+  const std::size_t mostGuessed = mostGuessedBytes / sizeof(Element);
+  elements.reserve(std::max(twice, std::min(twice + guess, mostGuessed)));
+}
+
 template <class Element>
 SharedArray<Element> readArray(JsonReader& reader, Element (*readElement)(JsonReader&)) {
   std::vector<Element> elements;
-  reader.array([&] { elements.push_back(readElement(reader)); });
+  const std::size_t start = reader.unread();
+  reader.array([&] {
+    if (elements.size() >= longArray && elements.size() == elements.capacity()) {
+      makeRoom(elements, start - reader.unread(), reader.unread());
+    }
+    elements.push_back(readElement(reader));
+  });
+  if (elements.capacity() > 2 * elements.size()) elements.shrink_to_fit();
   return elements;
 }
 

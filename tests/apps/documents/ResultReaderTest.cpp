@@ -199,5 +199,24 @@ TEST(ResultReaderTest, keepsPeopleWithEqualReferences) {
   EXPECT_EQ(people[1].personRef, "p1");
 }
 
+// How long a list will be is guessed from how it begins; whatever follows, nothing is lost.
+TEST(ResultReaderTest, keepsEveryElementOfALongListWhoseLengthCannotBeGuessed) {
+  constexpr std::size_t half = 150'000;
+  for (const std::size_t firstLength : {std::size_t{0}, std::size_t{200}}) {
+    Strings sources(2 * half);
+    for (std::size_t i = 0; i < sources.size(); ++i) {
+      const std::size_t length = i < half ? firstLength : 200 - firstLength;
+      sources[i] = std::to_string(i) + std::string(length, 'x');
+    }
+    std::string elements;
+    for (const std::string& source : sources) {
+      elements += (elements.empty() ? "\"" : ",\"") + source + '"';
+    }
+    const auto text = replacing(sampleResult, "[\"Mail\"]", "[" + elements + "]");
+    EXPECT_TRUE(list(readResultText(text, "case.json").coverage.sources) == sources)
+        << "beginning with " << firstLength << " bytes each";
+  }
+}
+
 }  // namespace
 }  // namespace vemra::documents

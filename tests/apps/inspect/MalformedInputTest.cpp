@@ -91,6 +91,8 @@ TEST_F(MalformedInputTest, whatLooksRightToItsEnd) {
           filled(R"({"id": "o", "subjectKind": "person", "value": "helped", "note": "n"}, )") +
           "{}]}}",
       ": expected the key \"id\"; found none");
+  expectRefused(goal + "\"coverage\": {\"sources\": [" + filled("\"\",") + "1]}}}",
+                "/sources/16666666: expected a string; found 1");
   expectRefused(caseOf(nothing, ", \"steps\": [" + filled(R"({"submit": "x.note"}, )") + "{}]"),
                 ": expected one of the keys press, select");
   std::string strings;
