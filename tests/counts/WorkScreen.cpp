@@ -1,6 +1,6 @@
 #include "tests/counts/WorkScreen.hpp"
 
-#include "tests/counts/Allocations.hpp"
+#include "tests/Allocations.hpp"
 
 #include <vector>
 
@@ -73,7 +73,7 @@ Work WorkScreen::costSoFar() const {
           .nodesMade = done.nodes,
           .patches = done.patches,
           .idPasses = done.idPasses,
-          .allocations = allocations(),
+          .allocations = testing::allocations(),
           .widgetsAlive = host_->widget.widgetCount()};
 }
 

@@ -2,7 +2,7 @@
 // the list: the same things are done for 10,000 people as for 100. Counted, not timed, so that a
 // busy machine says the same as an idle one.
 
-#include "tests/counts/Allocations.hpp"
+#include "tests/Allocations.hpp"
 #include "tests/counts/WorkScreen.hpp"
 
 #include <algorithm>
@@ -77,9 +77,9 @@ TEST(Work, CountsAllocations) {
 #ifdef VEMRA_ALLOCATIONS_ARE_NOT_COUNTED
   GTEST_SKIP() << "the sanitizers count on their own operator new";
 #endif
-  const std::uint64_t before = allocations();
+  const std::uint64_t before = vemra::testing::allocations();
   QObject object;  // allocates its private part, in Qt's own library
-  const std::uint64_t one = allocations() - before;
+  const std::uint64_t one = vemra::testing::allocations() - before;
   EXPECT_EQ(one, 1U);
 }
 

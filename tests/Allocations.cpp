@@ -1,4 +1,4 @@
-#include "tests/counts/Allocations.hpp"
+#include "tests/Allocations.hpp"
 
 #include <cstdlib>
 #include <new>
@@ -9,7 +9,7 @@ std::uint64_t count = 0;  // the main thread's; no test here has another one tha
 
 }  // namespace
 
-std::uint64_t vemra::work::allocations() {
+std::uint64_t vemra::testing::allocations() {
   return count;
 }
 

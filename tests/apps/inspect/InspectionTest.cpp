@@ -1,0 +1,65 @@
+#include "apps/inspect/Inspection.hpp"
+#include "tests/Allocations.hpp"
+#include "tests/apps/inspect/CaseText.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace vemra::inspect {
+namespace {
+
+/// The screen of a goal with that many people, each with an outcome to correct.
+Inspection inspectionOf(std::size_t people) {
+  Case inspected;
+  std::vector<GoalPersonCandidateDTO> list(people);
+  for (std::size_t i = 0; i < people; ++i) list[i].personRef = "p" + std::to_string(i);
+  inspected.result.people = std::move(list);
+  return Inspection(inspected);
+}
+
+/// What a user cannot do, in each way of not being able to.
+const std::pair<Step, std::string> impossible[] = {
+    {PressIdentifier{"nowhere"}, "no element with identifier \"nowhere\""},
+    {PressTitle{"Nobody"}, "no button titled \"Nobody\""},
+    {PressTitle{"Nobody", 3}, "no button titled \"Nobody\" at index 3: there are 0"},
+    {Select{"vemra.goal.person.p0.outcome.start", GoalOutcomeValue::helped},
+     "element with identifier \"vemra.goal.person.p0.outcome.start\" is not a picker"},
+    {Type{"vemra.goal.person.p0.outcome.start", "text"},
+     "element with identifier \"vemra.goal.person.p0.outcome.start\" is not a text field"},
+    {Submit{"nowhere"}, "no element with identifier \"nowhere\""},
+};
+
+std::uint64_t allocationsOf(Inspection& inspection, const Step& step) {
+  const std::uint64_t before = testing::allocations();
+  inspection.carryOut(step);
+  return testing::allocations() - before;
+}
+
+TEST(ImpossibleStepTest, saysWhyAndDoesNothing) {
+  Inspection inspection = inspectionOf(2);
+  const std::string before = inspection.screen().outline();
+  for (const auto& [step, reason] : impossible) {
+    EXPECT_EQ(inspection.carryOut(step), reason);
+  }
+  EXPECT_EQ(inspection.screen().outline(), before);
+  EXPECT_TRUE(inspection.calls().empty());
+}
+
+// A script may ask for a thousand of them of a screen of ten thousand people.
+TEST(ImpossibleStepTest, costsASearchAndNoDescriptionOfTheTree) {
+#ifdef VEMRA_ALLOCATIONS_ARE_NOT_COUNTED
+  GTEST_SKIP() << "the sanitizers count on their own operator new";
+#endif
+  Inspection small = inspectionOf(10);
+  Inspection large = inspectionOf(1000);
+  for (const auto& [step, reason] : impossible) {
+    allocationsOf(small, step);  // what is kept from the first time on is there afterwards
+    EXPECT_EQ(allocationsOf(large, step), allocationsOf(small, step)) << reason;
+  }
+}
+
+}  // namespace
+}  // namespace vemra::inspect
