@@ -9,9 +9,10 @@ namespace vemra::date {
 ///
 /// It is known when its base (language, script, region, variant, joined by `_` or `-`) is one that
 /// ICU lists, old names such as zh_TW or iw_IL included. The root (`root`, `und`) is what locales
-/// fall back to and no locale itself. Behind the base there may be keywords, as `@calendar=buddhist;numbers=thai` or as a BCP 47 extension
-/// `-u-nu-arab`; then they have to be well-formed, and a calendar or a numbering system has to
-/// exist. An encoding as in `en_US.UTF-8` is not part of a locale. Empty text is not a locale.
+/// fall back to and no locale itself. Behind the base there may be keywords, as
+/// `@calendar=buddhist;numbers=thai` or as a BCP 47 extension `-u-nu-arab`; then they have to be
+/// well-formed, and a calendar or a numbering system has to exist. An encoding as in `en_US.UTF-8`
+/// is not part of a locale. Empty text is not a locale.
 bool isKnownLocale(std::string_view locale);
 
 /// The locale for dates of the user who started the process.
