@@ -4,9 +4,11 @@
 
 #include <algorithm>
 
+#include <QHelpEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QTextLayout>
+#include <QToolTip>
 
 namespace vemra::desk {
 namespace {
@@ -14,28 +16,40 @@ namespace {
 constexpr int margin = 10;
 constexpr int mostLines = 3;
 constexpr qsizetype mostCharacters = 400;  // three lines hold less, and laying out costs time
+constexpr qsizetype mostInToolTip = 2000;  // about what a screen has room for
 
-/// The lines of a text in that width; the last of too many ends in "…".
-QStringList linesOf(const QString& text, const QFont& font, int width) {
+int widthOfText(int widthOfRow) {
+  return std::max(1, widthOfRow - 2 * margin);
+}
+
+/// A text as lines of that width.
+struct Lines {
+  QStringList texts;
+  bool allOfIt = true;  ///< false: the last line ends in "…" and leaves out the rest
+};
+
+Lines linesOf(const QString& text, const QFont& font, int width) {
   QTextLayout layout(text, font);
   QTextOption option;
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   layout.setTextOption(option);
-  QStringList lines;
+  Lines lines;
   layout.beginLayout();
   while (true) {
     QTextLine line = layout.createLine();
     if (!line.isValid()) break;
     line.setLineWidth(width);
-    if (lines.size() + 1 == mostLines) {
+    if (lines.texts.size() + 1 == mostLines) {
       const QString rest = text.mid(line.textStart());
-      lines.append(QFontMetrics(font).elidedText(rest, Qt::ElideRight, width));
+      const QString last = QFontMetrics(font).elidedText(rest, Qt::ElideRight, width);
+      lines.allOfIt = last == rest;
+      lines.texts.append(last);
       break;
     }
-    lines.append(text.mid(line.textStart(), line.textLength()));
+    lines.texts.append(text.mid(line.textStart(), line.textLength()));
   }
   layout.endLayout();
-  if (lines.isEmpty()) lines.append(QString());
+  if (lines.texts.isEmpty()) lines.texts.append(QString());
   return lines;
 }
 
@@ -51,17 +65,20 @@ GoalRow::GoalRow(QWidget* parent) : QPushButton(parent) {
 }
 
 void GoalRow::setTitle(const QString& title) {
-  if (title == accessibleName()) return;
-  shown_ = title.left(mostCharacters).simplified();
+  if (title_ == title) return;
+  title_ = title;
+  const QString inOneLine = title.simplified();
+  shown_ = inOneLine.left(mostCharacters);
   if (shown_.isEmpty()) shown_ = QStringLiteral("(no title)");
+  showsAll_ = inOneLine.size() <= mostCharacters;
   setText(asButtonTitle(title));
-  setAccessibleName(title);
+  setAccessibleName(inOneLine.isEmpty() ? shown_ : title);
   updateGeometry();
   update();
 }
 
 int GoalRow::heightForWidth(int width) const {
-  const auto lines = linesOf(shown_, font(), std::max(1, width - 2 * margin)).size();
+  const auto lines = linesOf(shown_, font(), widthOfText(width)).texts.size();
   return static_cast<int>(lines) * fontMetrics().lineSpacing() + 2 * margin - 4;
 }
 
@@ -72,6 +89,20 @@ QSize GoalRow::sizeHint() const {
 
 QSize GoalRow::minimumSizeHint() const {
   return {80, fontMetrics().lineSpacing() + 2 * margin - 4};
+}
+
+bool GoalRow::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QPushButton::event(event);
+  // Told when asked for, since the width decides whether there is more to say than is shown. A
+  // property would also be read out as a description, right behind the same words as the name.
+  if (showsAll_ && linesOf(shown_, font(), widthOfText(width())).allOfIt) {
+    QToolTip::hideText();
+    event->ignore();
+  } else {
+    const QPoint at = static_cast<QHelpEvent*>(event)->globalPos();
+    QToolTip::showText(at, asToolTip(title_->left(mostInToolTip)), this);
+  }
+  return true;
 }
 
 void GoalRow::paintEvent(QPaintEvent*) {
@@ -100,7 +131,7 @@ void GoalRow::paintEvent(QPaintEvent*) {
   }
   painter.setPen(ink);
   QRect line(margin, margin - 2, width() - 2 * margin, fontMetrics().lineSpacing());
-  for (const QString& text : linesOf(shown_, font(), std::max(1, line.width()))) {
+  for (const QString& text : linesOf(shown_, font(), widthOfText(width())).texts) {
     painter.drawText(line, Qt::AlignLeading | Qt::AlignVCenter | Qt::TextSingleLine, text);
     line.translate(0, line.height());
   }

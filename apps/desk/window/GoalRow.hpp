@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include <QPushButton>
 
 namespace vemra::desk {
@@ -11,7 +13,8 @@ class GoalRow : public QPushButton {
  public:
   explicit GoalRow(QWidget* parent = nullptr);
 
-  /// Shows the title literally; what does not fit is left to its accessible name.
+  /// Shows the title literally. The whole of it is its accessible name, and a tool tip where it does
+  /// not fit. A blank one is shown and named as "(no title)".
   void setTitle(const QString& title);
 
   bool hasHeightForWidth() const override { return true; }
@@ -20,10 +23,13 @@ class GoalRow : public QPushButton {
   QSize minimumSizeHint() const override;
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QString shown_;
+  std::optional<QString> title_;
+  QString shown_;          // in one line, as far as it can be seen
+  bool showsAll_ = false;  // all of it, if the lines have room
 };
 
 }  // namespace vemra::desk

@@ -76,4 +76,8 @@ QString asButtonTitle(QString text) {
   return text.replace(u'&', QStringLiteral("&&"));
 }
 
+QString asToolTip(const QString& text) {
+  return "<p style=\"white-space:pre-wrap\">" + text.toHtmlEscaped() + "</p>";
+}
+
 }  // namespace vemra::desk

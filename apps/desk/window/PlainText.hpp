@@ -32,4 +32,7 @@ QLabel* makeLabel(const QString& text, TextRole role);
 /// The same for the title of a button, in which Qt would read "&" as a mark.
 QString asButtonTitle(QString text);
 
+/// The same for a tool tip, which Qt would take for rich text if it looked like it. Lines wrap.
+QString asToolTip(const QString& text);
+
 }  // namespace vemra::desk

@@ -1,0 +1,84 @@
+#include "apps/desk/window/GoalRow.hpp"
+
+#include <string>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QHelpEvent>
+#include <QToolTip>
+#include <gtest/gtest.h>
+
+namespace vemra::desk {
+namespace {
+
+class GoalRowTest : public ::testing::Test {
+ protected:
+  GoalRowTest() {
+    row.resize(200, 60);
+    row.show();
+  }
+  ~GoalRowTest() override { QToolTip::hideText(); }
+
+  /// What somebody hears of the row.
+  std::string name() {
+    return QAccessible::queryAccessibleInterface(&row)->text(QAccessible::Name).toStdString();
+  }
+
+  /// The tool tip after the mouse has rested on the row; "" when there is none.
+  std::string toolTip() {
+    const QPoint middle = row.rect().center();
+    QHelpEvent help(QEvent::ToolTip, middle, row.mapToGlobal(middle));
+    QApplication::sendEvent(&row, &help);
+    if (!help.isAccepted()) return "";  // Qt lets one that was there go, a little later
+    return QToolTip::isVisible() ? QToolTip::text().toStdString() : "";
+  }
+
+  GoalRow row;
+};
+
+QString words(int count) {
+  return QStringLiteral("word ").repeated(count) + "end";
+}
+
+TEST_F(GoalRowTest, ALongTitleIsNamedInFullAndHasAToolTip) {
+  row.setTitle(words(100));
+  EXPECT_EQ(name(), words(100).toStdString());
+  EXPECT_NE(toolTip().find(words(100).toStdString()), std::string::npos) << toolTip();
+}
+
+TEST_F(GoalRowTest, ATitleThatFitsHasNoToolTip) {
+  row.setTitle("Find a design lead");
+  EXPECT_EQ(name(), "Find a design lead");
+  EXPECT_EQ(toolTip(), "");
+  row.resize(30, 60);
+  EXPECT_NE(toolTip(), "") << "it no longer fits";
+  row.resize(200, 60);
+  EXPECT_EQ(toolTip(), "") << "it fits again";
+}
+
+TEST_F(GoalRowTest, TheToolTipIsLiteral) {
+  row.setTitle("<b>Ada</b> &amp; \"Bo\" " + words(100));
+  const std::string shown = toolTip();
+  EXPECT_NE(shown.find("&lt;b&gt;Ada&lt;/b&gt; &amp;amp; "), std::string::npos) << shown;
+}
+
+TEST_F(GoalRowTest, AnEndlessTitleIsNamedInFullAndHasAToolTipThatFitsAScreen) {
+  const QString endless = words(20'000);
+  row.setTitle(endless);
+  EXPECT_EQ(name(), endless.toStdString());
+  EXPECT_LT(toolTip().size(), 3000U);
+  EXPECT_NE(toolTip(), "");
+}
+
+TEST_F(GoalRowTest, ABlankTitleIsNamedAsWhatIsShown) {
+  row.setTitle("");
+  EXPECT_EQ(name(), "(no title)");
+  row.setTitle(" \n ");
+  EXPECT_EQ(name(), "(no title)");
+  row.setTitle("Sail the Baltic");
+  EXPECT_EQ(name(), "Sail the Baltic");
+  EXPECT_EQ(toolTip(), "");
+}
+
+}  // namespace
+}  // namespace vemra::desk
