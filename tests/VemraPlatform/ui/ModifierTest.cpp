@@ -191,4 +191,41 @@ TEST(ModifierTest, AChangeOfAnOuterModifierReachesEveryViewItConcerns) {
   EXPECT_EQ(press(graph, "+"), Delivery::acted);
 }
 
+// A host may keep a view and show it in several ways.
+TEST(ModifierTest, AViewThatHasANameStaysAsItIs) {
+  const std::pair<View (*)(const View&), View (*)(View)> modified[] = {
+      {[](const View& v) { return v.font(Font::caption); },
+       [](View v) { return std::move(v).font(Font::caption); }},
+      {[](const View& v) { return v.fontWeight(FontWeight::semibold); },
+       [](View v) { return std::move(v).fontWeight(FontWeight::semibold); }},
+      {[](const View& v) { return v.foregroundStyle(ForegroundStyle::secondary); },
+       [](View v) { return std::move(v).foregroundStyle(ForegroundStyle::secondary); }},
+      {[](const View& v) { return v.padding(24); },
+       [](View v) { return std::move(v).padding(24); }},
+      {[](const View& v) { return v.padding(Edges::vertical, 4); },
+       [](View v) { return std::move(v).padding(Edges::vertical, 4); }},
+      {[](const View& v) { return v.buttonStyle(ButtonStyle::plain); },
+       [](View v) { return std::move(v).buttonStyle(ButtonStyle::plain); }},
+      {[](const View& v) { return v.pickerStyle(PickerStyle::menu); },
+       [](View v) { return std::move(v).pickerStyle(PickerStyle::menu); }},
+      {[](const View& v) { return v.textFieldStyle(TextFieldStyle::roundedBorder); },
+       [](View v) { return std::move(v).textFieldStyle(TextFieldStyle::roundedBorder); }},
+      {[](const View& v) { return v.labelsHidden(); },
+       [](View v) { return std::move(v).labelsHidden(); }},
+      {[](const View& v) { return v.disabled(true); },
+       [](View v) { return std::move(v).disabled(true); }},
+      {[](const View& v) { return v.accessibilityIdentifier("x"); },
+       [](View v) { return std::move(v).accessibilityIdentifier("x"); }},
+  };
+  const View named = plain().disabled(false);
+  for (const auto& [copied, moved] : modified) {
+    const View result = copied(named);
+    const std::size_t kind = result.description().modifiers.back().index();
+    EXPECT_EQ(named.description().modifiers.size(), 1U) << "modifier " << kind;
+    EXPECT_EQ(result.description().modifiers.size(), 2U) << "modifier " << kind;
+    EXPECT_TRUE(result.description().modifiers == moved(named).description().modifiers)
+        << "modifier " << kind;
+  }
+}
+
 }  // namespace vemra::ui
