@@ -205,18 +205,14 @@ TEST_F(ProgramTest, tracesTheTreeAfterEachStep) {
   for (const auto& step : untraced["steps"]) EXPECT_FALSE(step.contains("tree"));
 }
 
-TEST_F(ProgramTest, outlinesForPeople) {
-  const Ran ran =
-      run("- --outline", withSteps(oneOfEach, press("x") + R"(, {"press": {"title": "Ada"}})"));
-  EXPECT_EQ(ran.exitCode, 1);
-  const std::string start =
-      "step 1: press \"x\": error: no element with identifier \"x\"\n"
-      "step 2: press button \"Ada\" at index 0: done\n"
-      "call: {\"callback\": \"onOpenPerson\", \"argument\": \"p1\"}\n\n"
-      "GoalResultView\n  ScrollView\n    VStack leading 20 .padding(24)\n";
-  EXPECT_EQ(ran.output.substr(0, start.size()), start);
-  const Ran traced = run("--trace --outline -", withSteps(oneOfEach, press("x")));
-  EXPECT_NE(traced.output.find("\n\nGoalResultView\n"), std::string::npos) << traced.output;
+TEST_F(ProgramTest, anOutputThatCannotBeWrittenIsSaid) {
+  file("case.json", caseOf(nothing));
+  const int status =
+      std::system(("cd '" + folder_ +
+                   "' && '" VEMRA_BINARY_DIR "/bin/vemra-inspect' case.json >/dev/full 2>err")
+                      .c_str());
+  EXPECT_EQ(WEXITSTATUS(status), 1);
+  EXPECT_EQ(content("err"), "vemra-inspect: standard output cannot be written\n");
 }
 
 TEST_F(ProgramTest, readsAFileOrStandardInputAndNamesIt) {

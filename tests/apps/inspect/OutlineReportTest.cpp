@@ -1,0 +1,46 @@
+#include "tests/apps/inspect/CaseText.hpp"
+#include "tests/apps/inspect/Ran.hpp"
+
+namespace vemra::inspect {
+namespace {
+
+std::string press(const std::string& identifier) {
+  return R"({"press": ")" + identifier + "\"}";
+}
+
+class OutlineReportTest : public ProgramTest {};
+
+TEST_F(OutlineReportTest, saysStepsCallsAndTheTree) {
+  const Ran ran =
+      run("- --outline", withSteps(oneOfEach, press("x") + R"(, {"press": {"title": "Ada"}})"));
+  EXPECT_EQ(ran.exitCode, 1);
+  const std::string start =
+      "step 1: press \"x\": error: no element with identifier \"x\"\n"
+      "step 2: press button \"Ada\" at index 0: done\n"
+      "call: {\"callback\": \"onOpenPerson\", \"argument\": \"p1\"}\n\n"
+      "GoalResultView\n  ScrollView\n    VStack leading 20 .padding(24)\n";
+  EXPECT_EQ(ran.output.substr(0, start.size()), start);
+  const Ran traced = run("--trace --outline -", withSteps(oneOfEach, press("x")));
+  EXPECT_NE(traced.output.find("\n\nGoalResultView\n"), std::string::npos) << traced.output;
+}
+
+TEST_F(OutlineReportTest, saysEveryKindOfStepInWords) {
+  const std::string control = "vemra.goal.person.p1.outcome.";
+  const Ran ran =
+      run("- --outline",
+          withSteps(oneOfEach, press(control + "correct") + R"(, {"select": ")" + control +
+                                   R"(picker", "value": "notAFit"}, {"type": ")" + control +
+                                   R"(note", "text": "a \"word\""}, {"submit": ")" + control +
+                                   R"(note"}, {"result": )" + nothing + R"(}, {"submit": "x"})"));
+  EXPECT_EQ(ran.exitCode, 1) << ran.diagnostics;
+  const std::string said = ran.output.substr(0, ran.output.find("\n\n"));
+  EXPECT_EQ(said, "step 1: press \"" + control + "correct\": done\n" +
+                      "step 2: select notAFit in \"" + control + "picker\": done\n" +
+                      "step 3: type \"a \\\"word\\\"\" into \"" + control + "note\": done\n" +
+                      "step 4: submit \"" + control + "note\": done\n" +
+                      "step 5: hand in a new result: done\n"
+                      "step 6: submit \"x\": error: no element with identifier \"x\"");
+}
+
+}  // namespace
+}  // namespace vemra::inspect
