@@ -1,6 +1,7 @@
 #include "tests/VemraQt/WindowHost.hpp"
 
 #include "VemraQt/widgets/ElementWidget.hpp"
+#include "tests/RecordedOutcomes.hpp"
 
 #include <algorithm>
 
@@ -75,16 +76,7 @@ GoalResultView WindowHost::view() {
         note("record " + input.subjectRef.value_or("nil") + " " +
              std::string(caseName(input.outcome)) + " " + input.note.value_or("nil") + " " +
              input.correctsOutcomeID.value_or("nil"));
-        std::vector<GoalOutcomeDTO> outcomes(result.outcomes.begin(), result.outcomes.end());
-        GoalOutcomeDTO outcome;
-        outcome.id = "o" + std::to_string(outcomes.size() + 1);
-        outcome.subjectKind = input.subjectKind;
-        outcome.subjectRef = input.subjectRef;
-        outcome.value = input.outcome;
-        outcome.note = input.note;
-        outcome.correctsOutcomeID = input.correctsOutcomeID;
-        outcomes.push_back(std::move(outcome));
-        result.outcomes = std::move(outcomes);
+        append(result, input);
         show();
       });
 }

@@ -1,7 +1,5 @@
 #include "tests/VemraQt/QuietQt.hpp"
 
-#include <cstdlib>
-
 #include <QApplication>
 #include <QFont>
 #include <QTemporaryDir>
@@ -19,6 +17,7 @@ int main(int argumentCount, char** arguments) {
   vemra::qttest::watchQtMessages();
   QApplication::setStyle("fusion");
   QApplication application(argumentCount, arguments);
+  QApplication::setCursorFlashTime(0);  // nothing is painted but for what a test does
   QFont font("DejaVu Sans");
   font.setPixelSize(13);
   QApplication::setFont(font);

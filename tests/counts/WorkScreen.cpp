@@ -1,5 +1,6 @@
 #include "tests/counts/WorkScreen.hpp"
 
+#include "benchmarks/data/SampleResult.hpp"
 #include "tests/Allocations.hpp"
 
 #include <vector>
@@ -12,43 +13,11 @@ namespace vemra::work {
 
 namespace {
 
-std::string numbered(std::size_t number) {
-  const std::string digits = std::to_string(number);
-  return std::string(6 - digits.size(), '0') + digits;
-}
-
-GoalWhyDTO reasonOf(std::size_t person) {
-  switch (person % 5) {
-    case 0:
-      return GoalWhyDTO::evidence("Email", "Asked about design leads in March", "ev");
-    case 1:
-      return GoalWhyDTO::connection(3);
-    case 2:
-      return GoalWhyDTO::sharedActivity(4, 2);
-    case 3:
-      return GoalWhyDTO::nameMatch();
-    default:
-      return GoalWhyDTO::generic();
-  }
-}
-
+/// People who repeat every ten, and nothing recorded of them: the rows at the end look like those of
+/// a shorter list.
 qttest::Result resultOf(std::size_t people) {
-  qttest::Result result;
-  result.goal.title = "Find a design lead";
-  result.goal.targetPersonRef = WorkScreen::reference(9);
-  std::vector<GoalPersonCandidateDTO> list;
-  list.reserve(people);
-  for (std::size_t i = 0; i < people; ++i) {
-    GoalPersonCandidateDTO person;
-    person.personRef = WorkScreen::reference(i);
-    person.displayName = "Person Number " + numbered(i);
-    person.why = reasonOf(i);
-    if (i % 2 == 0) person.evidenceIDs = {"ev" + numbered(i)};
-    list.push_back(std::move(person));
-  }
-  result.people = std::move(list);
-  result.coverage.sources = {"Mail", "Calendar"};
-  result.coverage.evidenceCount = 12;
+  qttest::Result result = bench::sampleResult({.people = people});
+  result.outcomes = {};
   return result;
 }
 
@@ -93,7 +62,7 @@ Work WorkScreen::costOf(const std::function<void()>& action) {
 }
 
 QLineEdit& WorkScreen::noteOf(std::size_t person) {
-  return host_->get<QLineEdit>(identifierOf(person, "outcome.note"));
+  return host_->get<QLineEdit>(bench::identifierOf(person, "outcome.note"));
 }
 
 void WorkScreen::scrollToEnd() {
@@ -106,22 +75,7 @@ void WorkScreen::wheelDown() {
 }
 
 void WorkScreen::recordOutcome(std::size_t person) {
-  std::vector<GoalOutcomeDTO> outcomes(host_->result.outcomes.begin(),
-                                       host_->result.outcomes.end());
-  GoalOutcomeDTO outcome;
-  outcome.id = "o" + std::to_string(outcomes.size() + 1);
-  outcome.subjectRef = reference(person);
-  outcome.value = allGoalOutcomeValues.at(outcomes.size() % allGoalOutcomeValues.size());
-  outcomes.push_back(std::move(outcome));
-  host_->result.outcomes = std::move(outcomes);
-}
-
-std::string WorkScreen::reference(std::size_t person) {
-  return "p" + numbered(person);
-}
-
-std::string WorkScreen::identifierOf(std::size_t person, const std::string& control) {
-  return "vemra.goal.person." + reference(person) + "." + control;
+  host_->result = bench::withOneOutcomeMore(host_->result, person);
 }
 
 }  // namespace vemra::work

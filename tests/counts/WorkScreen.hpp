@@ -28,9 +28,7 @@ struct Work {
 std::ostream& operator<<(std::ostream& out, const Work& work);
 
 /// The goal screen in a window of which only the number of people differs from another.
-///
-/// The people repeat every ten, so that the rows at the end look like those of a shorter list, and
-/// their names and references are of one length.
+/// It shows what the benchmarks time, so that what is counted here is what takes the time there.
 class WorkScreen {
  public:
   explicit WorkScreen(std::size_t people);
@@ -47,9 +45,6 @@ class WorkScreen {
   /// Records an outcome for a person in the data; `show` is what brings it to the screen.
   void recordOutcome(std::size_t person);
   void show() { host_->show(); }
-
-  static std::string reference(std::size_t person);
-  static std::string identifierOf(std::size_t person, const std::string& control);
 
  private:
   std::unique_ptr<qttest::WindowHost> host_;

@@ -2,6 +2,7 @@
 // the list: the same things are done for 10,000 people as for 100. Counted, not timed, so that a
 // busy machine says the same as an idle one.
 
+#include "benchmarks/data/SampleResult.hpp"
 #include "tests/Allocations.hpp"
 #include "tests/counts/WorkScreen.hpp"
 
@@ -13,6 +14,7 @@
 #include <QLineEdit>
 #include <gtest/gtest.h>
 
+namespace bench = vemra::bench;
 using namespace vemra::work;
 
 namespace {
@@ -31,7 +33,7 @@ void type(QLineEdit& field, char letter) {
 
 /// Opens an editor and types until whatever is kept from the first time on is there.
 void beginNote(WorkScreen& screen) {
-  screen.press(WorkScreen::identifierOf(1, "outcome.start"));
+  screen.press(bench::identifierOf(1, "outcome.start"));
   for (const char letter : {'a', 'b', 'c', 'd'}) type(screen.noteOf(1), letter);
 }
 
@@ -127,7 +129,7 @@ TEST(Work, OfASnapshotUnderAnOpenNote) {
   expectTheSame([](std::size_t people) {
     WorkScreen screen(people);
     recordSome(screen);
-    screen.press(WorkScreen::identifierOf(3, "outcome.start"));
+    screen.press(bench::identifierOf(3, "outcome.start"));
     screen.recordOutcome(1);
     const Work work = screen.costOf([&] { screen.show(); });
     EXPECT_LE(work.idPasses, 1U);
@@ -139,9 +141,8 @@ TEST(Work, OfOpeningAnEditor) {
   expectTheSame([](std::size_t people) {
     WorkScreen screen(people);
     beginNote(screen);
-    screen.press(WorkScreen::identifierOf(1, "outcome.cancel"));
-    const Work work =
-        screen.costOf([&] { screen.press(WorkScreen::identifierOf(1, "outcome.start")); });
+    screen.press(bench::identifierOf(1, "outcome.cancel"));
+    const Work work = screen.costOf([&] { screen.press(bench::identifierOf(1, "outcome.start")); });
     EXPECT_EQ(work.bodiesDescribed, 1U);
     EXPECT_EQ(work.rowsDescribed, choices);
     return butAllocations(work);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VemraTesting/Screen.hpp"
+#include "tests/RecordedOutcomes.hpp"
 #include "tests/VemraGoalSurface/SampleScreen.hpp"
 
 #include <functional>
@@ -42,11 +43,7 @@ class MemoryHost {
  private:
   void record(const GoalOutcomeRecordingInput& input) {
     log.push_back(described(input));
-    std::vector<GoalOutcomeDTO> outcomes(result_.outcomes.begin(), result_.outcomes.end());
-    outcomes.push_back(outcome("o" + std::to_string(outcomes.size() + 1), input.subjectKind,
-                               input.subjectRef, input.outcome, input.note,
-                               input.correctsOutcomeID));
-    result_.outcomes = std::move(outcomes);
+    append(result_, input);
     if (answer_ == Answer::insideTheCallback) catchUp();
   }
 

@@ -1,5 +1,7 @@
 #include "tests/VemraQt/monkey/Source.hpp"
 
+#include "tests/RecordedOutcomes.hpp"
+
 #include <algorithm>
 #include <array>
 
@@ -222,16 +224,7 @@ void Host::record(const GoalOutcomeRecordingInput& input) {
                 input.subjectRef.value_or("nil") + " " + std::string(caseName(input.outcome)) +
                 " \"" + input.note.value_or("nil") + "\" " +
                 input.correctsOutcomeID.value_or("nil"));
-  std::vector<GoalOutcomeDTO> outcomes(result.outcomes.begin(), result.outcomes.end());
-  GoalOutcomeDTO outcome;
-  outcome.id = "o" + std::to_string(outcomes.size() + 1);
-  outcome.subjectKind = input.subjectKind;
-  outcome.subjectRef = input.subjectRef;
-  outcome.value = input.outcome;
-  outcome.note = input.note;
-  outcome.correctsOutcomeID = input.correctsOutcomeID;
-  outcomes.push_back(std::move(outcome));
-  result.outcomes = std::move(outcomes);
+  append(result, input);
   if (answer == Answer::later) return;
   if (answer == Answer::drops && input.subjectKind == GoalOutcomeSubjectKind::person) {
     People people(result.people.begin(), result.people.end());
