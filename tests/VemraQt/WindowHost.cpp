@@ -124,6 +124,12 @@ std::vector<std::string> WindowHost::visibleTexts() const {
   return texts;
 }
 
+std::optional<QPoint> seenPoint(const QWidget& widget) {
+  const QRegion seen = widget.visibleRegion();
+  if (seen.isEmpty()) return std::nullopt;
+  return seen.begin()->center();
+}
+
 void wheel(QWidget& over, int notches) {
   // As the window system does it: up from the widget under the mouse until one takes it.
   for (QWidget* widget = &over; widget; widget = widget->parentWidget()) {

@@ -4,6 +4,8 @@
 #include "VemraQt/ViewWidget.hpp"
 
 #include <functional>
+#include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -47,6 +49,9 @@ class WindowHost {
   std::function<void(const std::string&)> onLog;  ///< told of each entry, when there is one
   qt::ViewWidget widget;
 };
+
+/// The middle of what can be seen of a widget; none when nothing can.
+std::optional<QPoint> seenPoint(const QWidget& widget);
 
 /// Scrolls by a turn of the mouse wheel, over the widget's middle; negative: further down.
 void wheel(QWidget& over, int notches);

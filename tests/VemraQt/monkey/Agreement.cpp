@@ -3,7 +3,7 @@
 #include "VemraQt/Page.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
-#include "VemraTesting/Outline.hpp"
+#include "tests/VemraQt/monkey/SameTrees.hpp"
 
 #include <algorithm>
 
@@ -23,63 +23,6 @@ using ui::ElementKind;
 // the row with the keyboard; each of up to nine elements. Measured: below 330.
 constexpr std::size_t mostWidgets = 500;
 constexpr std::size_t mostPinnedRows = 16 + 1;
-
-[[noreturn]] void fail(const std::string& what) {
-  throw Disagreement(what);
-}
-
-std::string described(const ui::Element& element) {
-  return "\n  " + testing::outlineLine(element);
-}
-
-bool sameProperties(const ui::Properties& a, const ui::Properties& b) {
-  return std::ranges::equal(a, b, [](const ui::Property& x, const ui::Property& y) {
-    const auto* nested = std::get_if<ui::Properties>(&x.value);
-    const auto* other = std::get_if<ui::Properties>(&y.value);
-    if (x.name != y.name || x.value.index() != y.value.index()) return false;
-    if (nested) return sameProperties(*nested, *other);
-    if (auto* text = std::get_if<std::string>(&x.value)) {
-      return *text == std::get<std::string>(y.value);
-    }
-    if (auto* flag = std::get_if<bool>(&x.value)) return *flag == std::get<bool>(y.value);
-    return true;
-  });
-}
-
-/// The window's nodes as far as it has any, against the whole tree.
-void expectSame(Twins& twins, const ui::Node& mine, const Element& theirs) {
-  if (!(mine.element == theirs.element)) {
-    fail("the window's tree has" + described(mine.element) + "\nwhere the screen has" +
-         described(theirs.element));
-  }
-  if (mine.element.kind() == ElementKind::composite &&
-      !sameProperties(twins.widget.graph().properties(mine.id),
-                      twins.screen.graph().properties(theirs.id))) {
-    fail("another state in" + described(mine.element));
-  }
-  const bool byRows = !mine.children.empty() && mine.children.front()->isRow;
-  if (!byRows && mine.children.size() != theirs.children.size() && theirs.element.rowCount() == 0) {
-    fail("another number of children in" + described(mine.element));
-  }
-  for (std::size_t i = 0; i < mine.children.size(); ++i) {
-    const std::size_t place = byRows ? mine.children[i]->rowIndex : i;
-    if (place >= theirs.children.size()) fail("one child too many in" + described(mine.element));
-    expectSame(twins, *mine.children[i], *twins.screen.tree().find(theirs.children[place]));
-  }
-}
-
-/// What is laid out is what the graph shows.
-void expectSame(const ui::Node& graph, const qt::RenderNode& page) {
-  if (graph.id != page.id || !graph.isShown || !(graph.element == page.element) ||
-      graph.children.size() != page.children.size()) {
-    fail("the page has" + described(page.element) + "\nwhere its graph has" +
-         described(graph.element));
-  }
-  if (page.isRow() && page.rowIndex != graph.rowIndex) fail("a row has another place on the page");
-  for (std::size_t i = 0; i < graph.children.size(); ++i) {
-    expectSame(*graph.children[i], *page.children[i]);
-  }
-}
 
 std::string chosenLabel(const qt::RenderNode& picker) {
   for (const qt::Choice& choice : qt::choicesOf(picker)) {

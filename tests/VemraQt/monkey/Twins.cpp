@@ -1,53 +1,12 @@
 #include "tests/VemraQt/monkey/Twins.hpp"
 
 #include "VemraQt/Page.hpp"
-#include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "tests/VemraQt/Strings.hpp"
-
-#include <algorithm>
 
 #include <QApplication>
 #include <QLineEdit>
 
 namespace vemra::monkey {
-
-using ui::ElementKind;
-
-namespace {
-
-bool isSeen(ElementKind kind) {
-  return kind == ElementKind::text || kind == ElementKind::button || kind == ElementKind::picker ||
-         kind == ElementKind::textField;
-}
-
-bool isControl(const ui::Element& element) {
-  return isSeen(element.kind()) && element.kind() != ElementKind::text;
-}
-
-bool isListOfPeople(const ui::Element& element) {
-  return element.kind() == ElementKind::forEach;
-}
-
-void collect(const testing::RenderedTree& tree, const Twins::Element& node,
-             std::vector<const Twins::Element*>& elements) {
-  if (isSeen(node.element.kind())) {
-    elements.push_back(&node);
-    return;
-  }
-  if (isListOfPeople(node.element)) return;
-  for (const ui::NodeID child : node.children) collect(tree, *tree.find(child), elements);
-}
-
-const Twins::Element* findList(const testing::RenderedTree& tree, const Twins::Element& node) {
-  if (isListOfPeople(node.element)) return &node;
-  if (isSeen(node.element.kind())) return nullptr;
-  for (const ui::NodeID child : node.children) {
-    if (const Twins::Element* found = findList(tree, *tree.find(child))) return found;
-  }
-  return nullptr;
-}
-
-}  // namespace
 
 Twins::Twins(std::size_t people)
     : screen(ui::View{}),
@@ -65,132 +24,8 @@ Twins::Twins(std::size_t people)
   QApplication::setActiveWindow(&widget);
 }
 
-const Twins::Element* Twins::people() const {
-  const Element* root = screen.tree().find(screen.tree().root());
-  return root ? findList(screen.tree(), *root) : nullptr;
-}
-
-std::size_t Twins::rowCount() const {
-  const Element* list = people();
-  return list ? list->children.size() : 0;
-}
-
-std::vector<const Twins::Element*> Twins::elementsOf(std::optional<std::size_t> row) const {
-  std::vector<const Element*> elements;
-  const Element* list = row ? people() : nullptr;
-  if (row && (!list || *row >= list->children.size())) return {};
-  collect(screen.tree(), *screen.tree().find(row ? list->children[*row] : screen.tree().root()),
-          elements);
-  return elements;
-}
-
-const Twins::Element* Twins::at(const Place& place) const {
-  const auto elements = elementsOf(place.row);
-  return place.element < elements.size() ? elements[place.element] : nullptr;
-}
-
-std::optional<Place> Twins::nextControl(std::optional<Place> from, bool forward) const {
-  // The page's own elements come before the people (the title and the heading) and after them. One
-  // row is one station; so are the elements before the rows and those behind them.
-  const std::size_t rows = rowCount();
-  const auto outside = elementsOf(std::nullopt);
-  const std::size_t before = std::min<std::size_t>(2, outside.size());
-  const std::size_t stations = rows + 2;
-  std::size_t station = forward ? 0 : stations - 1;
-  bool isInside = from.has_value();
-  const std::size_t element = from ? from->element : 0;
-  if (from) {
-    station = from->row ? *from->row + 1 : (from->element < before ? 0 : rows + 1);
-  }
-  for (std::size_t round = 0; round < stations + 1; ++round) {
-    std::optional<std::size_t> row;
-    if (station > 0 && station <= rows) row = station - 1;
-    const auto elements = row ? elementsOf(row) : outside;
-    const std::size_t first = station == rows + 1 ? before : 0;
-    const std::size_t last = station == 0 ? before : elements.size();
-    std::size_t place = forward ? first : last;
-    if (std::exchange(isInside, false)) place = forward ? element + 1 : element;
-    while (forward ? place < last : place > first) {
-      if (!forward) --place;
-      const ui::Element& candidate = elements[place]->element;
-      if (isControl(candidate) && candidate.style().enabled) return Place{row, place};
-      if (forward) ++place;
-    }
-    station = (station + (forward ? 1 : stations - 1)) % stations;
-  }
-  return std::nullopt;
-}
-
-std::vector<qt::RenderNode*> Twins::nearElements() const {
-  std::vector<qt::RenderNode*> elements;
-  qt::RenderNode* root = widget.page().tree().root();
-  if (root) {
-    qt::forEachLeaf(*root, [&](qt::RenderNode& leaf) { elements.push_back(&leaf); });
-  }
-  return elements;
-}
-
-std::optional<Place> Twins::placeOf(const qt::RenderNode& leaf) const {
-  const qt::RenderNode* row = qt::rowOf(const_cast<qt::RenderNode*>(&leaf));
-  Place place;
-  if (row) place.row = row->rowIndex;
-  bool found = false;
-  auto* within = const_cast<qt::RenderNode*>(row ? row : widget.page().tree().root());
-  qt::forEachLeaf(*within, [&](const qt::RenderNode& other) {
-    if (!row && qt::rowOf(const_cast<qt::RenderNode*>(&other))) return;
-    found = found || &other == &leaf;
-    if (!found) ++place.element;
-  });
-  return found ? std::optional(place) : std::nullopt;
-}
-
-qt::RenderNode* Twins::nodeAt(const Place& place) const {
-  qt::RenderNode* found = nullptr;
-  for (qt::RenderNode* leaf : nearElements()) {
-    const qt::RenderNode* row = qt::rowOf(leaf);
-    const bool sameRow = row ? place.row == row->rowIndex : !place.row;
-    if (sameRow && placeOf(*leaf) == place) found = leaf;
-  }
-  return found;
-}
-
-std::optional<Place> Twins::focus() const {
-  const qt::RenderNode* focused = widget.page().focusedNode();
-  return focused ? placeOf(*focused) : std::nullopt;
-}
-
-QAccessibleInterface* Twins::accessible(const Place& place) const {
-  QAccessibleInterface* page =
-      QAccessible::queryAccessibleInterface(const_cast<qt::ViewWidget*>(&widget));
-  const std::size_t rows = rowCount();
-  if (place.row) {
-    QAccessibleInterface* row = page->child(static_cast<int>(2 + *place.row));
-    return row ? row->child(static_cast<int>(place.element)) : nullptr;
-  }
-  return page->child(static_cast<int>(place.element < 2 ? place.element : place.element + rows));
-}
-
 void Twins::deliver(const Place& place, ui::Event event) {
   if (const Element* element = at(place)) screen.graph().deliver(element->id, std::move(event));
-}
-
-std::optional<Place> Twins::drawControl(const Step& step, ElementKind kind) const {
-  std::vector<Place> candidates;
-  if (step.c % 4 != 0) {  // near
-    for (const qt::RenderNode* leaf : nearElements()) {
-      if (leaf->element.kind() == kind) candidates.push_back(*placeOf(*leaf));
-    }
-  }
-  if (candidates.empty()) {
-    const std::size_t row = step.a % (rowCount() + 1);
-    const auto where = row < rowCount() ? std::optional(row) : std::nullopt;
-    const auto elements = elementsOf(where);
-    for (std::size_t i = 0; i < elements.size(); ++i) {
-      if (elements[i]->element.kind() == kind) candidates.push_back({where, i});
-    }
-  }
-  if (candidates.empty()) return std::nullopt;
-  return candidates[step.b % candidates.size()];
 }
 
 Twins::Keyboard Twins::keyboard() const {

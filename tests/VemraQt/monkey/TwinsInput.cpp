@@ -7,15 +7,12 @@
 #include "tests/VemraQt/monkey/Twins.hpp"
 
 #include <algorithm>
-#include <array>
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QLineEdit>
 #include <QMenu>
 #include <QScrollBar>
 #include <QTest>
-#include <QTextBoundaryFinder>
 
 namespace vemra::monkey {
 
@@ -34,55 +31,6 @@ void act(QAccessibleInterface* object, const QString& action) {
   object->actionInterface()->doAction(action);
 }
 
-/// In the middle of what can be seen of it; none when nothing can.
-std::optional<QPoint> seenPoint(const QWidget& widget) {
-  const QRegion seen = widget.visibleRegion();
-  if (seen.isEmpty()) return std::nullopt;
-  return seen.begin()->center();
-}
-
-/// What a line edit makes of a text by its own rules, told anew.
-struct Line {
-  QString text;
-  int cursor = 0;
-  int selectionStart = -1, selectionEnd = -1;
-
-  explicit Line(const QLineEdit& field)
-      : text(field.text()),
-        cursor(field.cursorPosition()),
-        selectionStart(field.selectionStart()),
-        selectionEnd(field.selectionEnd()) {}
-
-  bool removeSelected() {
-    if (selectionStart < 0) return false;
-    text.remove(selectionStart, selectionEnd - selectionStart);
-    cursor = selectionStart;
-    selectionStart = -1;
-    return true;
-  }
-  void insert(const QString& what) {
-    removeSelected();
-    text.insert(cursor, what);
-  }
-  void backspace() {
-    if (removeSelected() || cursor == 0) return;
-    const bool isPair = cursor > 1 && text[cursor - 1].isLowSurrogate();
-    text.remove(cursor - (isPair ? 2 : 1), isPair ? 2 : 1);
-  }
-  void remove() {
-    if (removeSelected() || cursor == text.size()) return;
-    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, text);
-    characters.setPosition(cursor);
-    text.remove(cursor, static_cast<int>(characters.toNextBoundary()) - cursor);
-  }
-};
-
-void commit(QWidget& widget, const QString& text) {
-  QInputMethodEvent event;
-  event.setCommitString(text);
-  QApplication::sendEvent(&widget, &event);
-}
-
 }  // namespace
 
 void Twins::press(const Step& step) {
@@ -93,7 +41,7 @@ void Twins::press(const Step& step) {
   const bool enabled = button.element.style().enabled;
   qt::RenderNode* leaf = nodeAt(*place);
   QWidget* shown = leaf && leaf->widget ? &leaf->widget->widget() : nullptr;
-  const auto point = shown ? seenPoint(*shown) : std::nullopt;
+  const auto point = shown ? qttest::seenPoint(*shown) : std::nullopt;
   if (point && step.a % 3 == 0) {
     QTest::mouseClick(shown, Qt::LeftButton, {}, *point);
   } else if (point && enabled && step.a % 3 == 1) {
@@ -137,79 +85,6 @@ void Twins::expectFocusAt(const Place& pressed, const std::string& identifier) c
   }
 }
 
-void Twins::type(const Step& step) {
-  const auto place = drawControl({step.act, step.a, step.b, 1}, ElementKind::textField);
-  if (!place) return;
-  const qt::RenderNode* leaf = nodeAt(*place);
-  auto* field = leaf && leaf->widget ? qobject_cast<QLineEdit*>(&leaf->widget->widget()) : nullptr;
-  if (!field) return;
-  if (!field->hasFocus()) {
-    const auto point = seenPoint(*field);
-    if (point && step.c % 2) {
-      QTest::mouseClick(field, Qt::LeftButton, {}, *point);
-    } else {
-      field->setFocus(Qt::OtherFocusReason);
-    }
-    if (widget.focusWidget() != field) throw Disagreement("a field does not take the keyboard");
-  }
-  static const std::array<QString, 10> texts{
-      QStringLiteral("x"),
-      QStringLiteral(" "),
-      QStringLiteral("\u00e9"),
-      QStringLiteral("e\u0301"),
-      QStringLiteral("\U0001F600"),
-      QStringLiteral("\u05d3\u05e0"),
-      QStringLiteral("two\nlines"),
-      QStringLiteral("&<b>%1"),
-      QStringLiteral("\u3000"),
-      QStringLiteral("a rather long text, as one pastes it from somewhere else at times"),
-  };
-  Line line(*field);
-  const Qt::KeyboardModifiers shift = step.c % 3 == 0 ? Qt::ShiftModifier : Qt::NoModifier;
-  switch (step.c % 14) {
-    case 0:
-      line.backspace();
-      QTest::keyClick(field, Qt::Key_Backspace);
-      break;
-    case 1:
-      line.remove();
-      QTest::keyClick(field, Qt::Key_Delete);
-      break;
-    case 2:
-      QTest::keyClick(field, Qt::Key_Left, shift);
-      break;
-    case 3:
-      QTest::keyClick(field, Qt::Key_Right, shift);
-      break;
-    case 4:
-      QTest::keyClick(field, Qt::Key_Home, shift);
-      break;
-    case 5:
-      QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
-      break;
-    case 6:
-      QTest::keyClick(field, step.a % 2 ? Qt::Key_Return : Qt::Key_Enter);
-      deliver(*place, ui::Submit{});
-      break;
-    case 7:
-    case 8:
-    case 9:
-      line.insert(texts[step.a % texts.size()]);
-      commit(*field, texts[step.a % texts.size()]);
-      break;
-    default: {
-      const char letter = static_cast<char>('a' + step.a % 26);
-      line.insert(QString(QLatin1Char(letter)));
-      QTest::keyClick(field, letter);
-    }
-  }
-  if (field->text() != line.text) {
-    throw Disagreement("the field has \"" + field->text().toStdString() + "\" where \"" +
-                       line.text.toStdString() + "\" was typed");
-  }
-  deliver(*place, ui::EditText{line.text.toStdString()});
-}
-
 void Twins::write(const Step& step) {
   const auto place = drawControl(step, ElementKind::textField);
   if (!place) return;
@@ -234,7 +109,7 @@ void Twins::choose(const Step& step) {
                         [](GoalOutcomeValue value) { return caseName(value); }) -
       values.begin());
   std::size_t chosen = step.a % values.size();
-  if (box && seenPoint(*box) && step.b % 4 == 0) {
+  if (box && qttest::seenPoint(*box) && step.b % 4 == 0) {
     // A menu is open while the result changes; when its person goes, so does the menu.
     chooseInMenu(*box, step, chosen);
     return;

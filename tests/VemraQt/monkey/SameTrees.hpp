@@ -1,0 +1,21 @@
+#pragma once
+
+#include "VemraQt/RenderTree.hpp"
+#include "tests/VemraQt/monkey/Twins.hpp"
+
+#include <string>
+
+namespace vemra::monkey {
+
+[[noreturn]] void fail(const std::string& what);
+
+/// The element on a line of its own, for a message.
+std::string described(const ui::Element& element);
+
+/// The window's nodes as far as it has any, against the whole tree.
+void expectSame(Twins& twins, const ui::Node& mine, const Twins::Element& theirs);
+
+/// What is laid out is what the graph shows.
+void expectSame(const ui::Node& graph, const qt::RenderNode& page);
+
+}  // namespace vemra::monkey
