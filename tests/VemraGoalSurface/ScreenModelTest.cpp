@@ -1,11 +1,11 @@
 // The screen against a model of it, under random events: presses, typing, snapshots in between.
 
+#include "tests/VemraGoalSurface/RandomWorld.hpp"
 #include "tests/VemraGoalSurface/SampleScreen.hpp"
 #include "tests/VemraGoalSurface/ScreenModel.hpp"
 #include "tests/VemraGoalSurface/Shape.hpp"
 
 #include <algorithm>
-#include <random>
 #include <sstream>
 
 #include <gmock/gmock.h>
@@ -18,22 +18,14 @@ constexpr int shares = 4;
 constexpr int sequencesInAShare = 1'250;
 constexpr int eventsInASequence = 14;
 
-const std::vector<model::Reference> references{
-    {"a", 0}, {composed, 1}, {decomposed, 1}, {"b.c d", 2}, {"", 3}};
 const std::vector<model::Note> notes{
     {"", std::nullopt}, {"  ", std::nullopt},    {"\u00A0\u2003", std::nullopt},
     {"met", "met"},     {" met <b>", "met <b>"}, {"two  words ", "two  words"}};
 
-GoalOutcomeValue valueNamed(std::string_view name) {
-  return *std::ranges::find(allGoalOutcomeValues, name,
-                            [](GoalOutcomeValue value) { return caseName(value); });
-}
-
 /// One random story, told to the screen and to the model at once.
 class Story {
  public:
-  explicit Story(std::uint64_t seed)
-      : random_(seed), model_(references, notes), screen_((change(), model_.show(world_), view())) {
+  explicit Story(std::uint64_t seed) : dice_(seed), model_(references, notes), screen_(moved()) {
     log_ << "seed " << seed << '\n';
   }
 
@@ -51,100 +43,16 @@ class Story {
   std::map<std::string, int> counts;  ///< what happened, to see that everything does
 
  private:
-  std::size_t below(std::size_t bound) {
-    return std::uniform_int_distribution<std::size_t>(0, bound - 1)(random_);
-  }
-  bool oneIn(std::size_t n) { return below(n) == 0; }
-
-  model::Person randomPerson() {
-    model::Person person{static_cast<int>(below(references.size())), std::nullopt, std::nullopt};
-    if (!oneIn(4)) person.name = std::string(1, static_cast<char>('A' + below(5)));
-    if (oneIn(2)) person.evidenceID = "ev" + std::to_string(below(3));
-    return person;
-  }
-
-  model::Record randomRecord() {
-    model::Record record{"r" + std::to_string(++lastID_), oneIn(3),     std::nullopt,
-                         static_cast<int>(below(8)),      std::nullopt, std::nullopt};
-    if (!oneIn(6)) record.reference = static_cast<int>(below(references.size()));
-    if (!record.isPath && !record.reference) record.reference = 0;
-    if (oneIn(2)) record.note = oneIn(3) ? "" : "stored";
-    if (oneIn(3)) record.correctsID = oneIn(3) ? "" : "r0";
-    return record;
-  }
-
-  /// The world moves on.
-  void change() {
-    switch (below(8)) {
-      case 0:
-        std::ranges::shuffle(world_.people, random_);
-        break;
-      case 1:
-      case 2:
-        world_.people.insert(
-            world_.people.begin() + static_cast<std::ptrdiff_t>(below(world_.people.size() + 1)),
-            randomPerson());
-        break;
-      case 3:
-        if (!world_.people.empty()) {
-          world_.people.erase(world_.people.begin() +
-                              static_cast<std::ptrdiff_t>(below(world_.people.size())));
-        }
-        break;
-      case 4:
-        for (model::Person& person : world_.people) {
-          const int reference = person.reference;
-          person = randomPerson();
-          person.reference = reference;
-        }
-        break;
-      case 5:
-        world_.paths.clear();
-        while (oneIn(2)) {
-          world_.paths.push_back(oneIn(4) ? std::optional<int>()
-                                          : static_cast<int>(below(references.size())));
-        }
-        break;
-      case 6:
-        world_.records.push_back(randomRecord());
-        break;
-      case 7:
-        if (oneIn(4)) {
-          world_.people.clear();
-        } else if (!world_.records.empty()) {
-          world_.records.pop_back();
-        }
-        break;
-    }
+  /// The view after the world has moved on, of which the model hears, too.
+  GoalResultView moved() {
+    world_.change();
+    model_.show(world_.world());
+    return view();
   }
 
   GoalResultView view() {
-    Result result;
-    result.goal.title = "Goal";
-    std::vector<GoalPersonCandidateDTO> people;
-    for (const model::Person& one : world_.people) {
-      people.push_back(person(bytes(one.reference), one.name));
-      people.back().why = GoalWhyDTO::generic();
-      if (one.evidenceID) people.back().evidenceIDs = {*one.evidenceID};
-    }
-    std::vector<GoalPathCandidateDTO> paths;
-    for (const auto& last : world_.paths) {
-      paths.push_back(
-          path(last ? std::vector<std::string>{"x", bytes(*last)} : std::vector<std::string>{},
-               GoalWhyDTO::generic()));
-    }
-    std::vector<GoalOutcomeDTO> outcomes;
-    for (const model::Record& record : world_.records) {
-      outcomes.push_back(outcome(
-          record.id, record.isPath ? SubjectKind::path : SubjectKind::person,
-          record.reference ? OptionalText(bytes(*record.reference)) : std::nullopt,
-          valueNamed(model::valueNames[record.value].code), record.note, record.correctsID));
-    }
-    result.people = people;
-    result.paths = paths;
-    result.outcomes = outcomes;
     return GoalResultView(
-        GoalResultSnapshotV1(result),
+        GoalResultSnapshotV1(world_.result()),
         [this](const std::string& ref) { asked_.push_back("open " + inQuotes(ref)); },
         [this](const std::string& id) { asked_.push_back("evidence " + inQuotes(id)); },
         [this](const GoalPathCandidateDTO&) { asked_.push_back("focus"); },
@@ -154,10 +62,6 @@ class Story {
         });
   }
 
-  static const std::string& bytes(int reference) {
-    return references[static_cast<std::size_t>(reference)].bytes;
-  }
-
   void tell(const std::string& event) {
     ++counts[event];
     log_ << "  " << event << '\n';
@@ -165,16 +69,14 @@ class Story {
 
   void step() {
     const std::vector<model::Subject> subjects = model_.subjects();
-    if (subjects.empty() || oneIn(5)) {
+    if (subjects.empty() || dice_.oneIn(5)) {
       tell("snapshot");
-      change();
-      model_.show(world_);
-      screen_.show(view());
+      screen_.show(moved());
       return;
     }
-    const std::size_t index = below(subjects.size());
+    const std::size_t index = dice_.below(subjects.size());
     const model::Subject& subject = subjects[index];
-    if (oneIn(8)) return leave(index, subject);
+    if (dice_.oneIn(8)) return leave(index, subject);
     if (model_.form(subject).isEditing) return edit(index, subject);
     if (model_.inForce(subject)) {
       tell("correct");
@@ -197,7 +99,7 @@ class Story {
     const ui::NodeID row = controls(screen_).at(index)->parent;
     const std::vector<ui::NodeID>& elements = screen_.tree().find(row)->children;
     const auto& evidenceID = model_.world().people.at(index).evidenceID;
-    if (evidenceID && oneIn(2)) {
+    if (evidenceID && dice_.oneIn(2)) {
       tell("evidence");
       expected_.push_back("evidence " + inQuotes(evidenceID));
       screen_.graph().deliver(elements.at(2), ui::Press{});
@@ -210,18 +112,18 @@ class Story {
 
   void edit(std::size_t index, const model::Subject& subject) {
     const std::string prefix = subject.prefix + ".outcome.";
-    switch (below(6)) {
+    switch (dice_.below(6)) {
       case 0:
       case 1: {
         tell("choose");
-        const std::size_t value = oneIn(3) ? model::somethingElse : below(8);
+        const std::size_t value = dice_.oneIn(3) ? model::somethingElse : dice_.below(8);
         model_.choose(subject, static_cast<int>(value));
         act(index, prefix + "picker", ui::Select{ui::Tag(allGoalOutcomeValues[value])});
         break;
       }
       case 2: {
         tell("write");
-        const model::Note& note = notes[below(notes.size())];
+        const model::Note& note = notes[dice_.below(notes.size())];
         model_.write(subject, note.typed);
         act(index, prefix + "note", ui::EditText{note.typed});
         break;
@@ -247,18 +149,17 @@ class Story {
       act(index, identifier, ui::Press{}, ui::Delivery::disabled);
       return;
     }
-    storesAtOnce_ = oneIn(2);
+    storesAtOnce_ = dice_.oneIn(2);
     tell(storesAtOnce_ ? "save, stored at once" : "save, never stored");
     const model::Form form = model_.form(subject);
     const model::Record* corrected = model_.inForce(subject);
-    model::Record record{
-        "r" + std::to_string(++lastID_), subject.isPath, subject.reference, form.value,
-        model_.sent(form.note),          std::nullopt};
+    model::Record record{"",         subject.isPath,         subject.reference,
+                         form.value, model_.sent(form.note), std::nullopt};
     if (corrected) record.correctsID = corrected->id;
     expected_.push_back(model_.save(subject));
-    if (storesAtOnce_) world_.records.push_back(record);
+    if (storesAtOnce_) world_.record(std::move(record));
     act(index, identifier, ui::Press{});
-    if (storesAtOnce_) model_.show(world_);
+    if (storesAtOnce_) model_.show(world_.world());
   }
 
   /// Acts on the element of that identifier inside the control at `index`.
@@ -323,11 +224,10 @@ class Story {
     });
   }
 
-  std::mt19937_64 random_;
+  Dice dice_;
   std::ostringstream log_;
-  model::World world_;
+  RandomWorld world_{dice_};
   model::Screen model_;
-  int lastID_ = 0;
   bool storesAtOnce_ = false;
   std::vector<std::string> asked_;
   std::vector<std::string> expected_;
