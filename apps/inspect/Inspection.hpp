@@ -4,7 +4,6 @@
 #include "apps/inspect/Call.hpp"
 #include "apps/inspect/Case.hpp"
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>

@@ -10,9 +10,11 @@ namespace vemra::inspect {
 
 namespace {
 
-/// The arguments in reverse, as the parser wants them. It would take `--png=` for an option whose
-/// value comes next; to the user it is an empty value.
-std::vector<std::string> reversed(int argumentCount, const char* const* arguments) {
+/// The arguments in reverse, as the parser wants them, but for what it would misunderstand.
+///
+/// It would take `--png=` for an option whose value comes next; to the user it is an empty value.
+/// Throws a `CLI::ValidationError` for a flag with a value and for a picture without a name.
+std::vector<std::string> forTheParser(int argumentCount, const char* const* arguments) {
   std::vector<std::string> reversed(arguments + std::min(argumentCount, 1),
                                     arguments + argumentCount);
   const auto end = std::ranges::find(reversed, "--");
@@ -50,7 +52,7 @@ std::variant<Options, Farewell> readOptions(int argumentCount, const char* const
       app.add_option("--png", png, "Draw the screen after the last step to a picture")
           ->type_name("FILE");
   try {
-    app.parse(reversed(argumentCount, arguments));
+    app.parse(forTheParser(argumentCount, arguments));
     if (*picture && (png.empty() || png == "-")) {
       throw CLI::ValidationError("--png", "a picture wants a file; standard output has the report");
     }

@@ -46,7 +46,7 @@ void checkGoal(const Request& request) {
 
 /// The arguments in reverse, as the parser wants them. It would take `--goal=` for an option whose
 /// value comes next; to the user it is an empty value.
-std::vector<std::string> reversed(int argumentCount, const char* const* arguments) {
+std::vector<std::string> forTheParser(int argumentCount, const char* const* arguments) {
   std::vector<std::string> reversed;
   bool optionsEnded = false;
   for (int i = 1; i < argumentCount; ++i) {
@@ -90,7 +90,7 @@ std::variant<Request, Farewell> readRequest(int argumentCount, const char* const
                   "The goal");
 
   try {
-    app.parse(reversed(argumentCount, arguments));
+    app.parse(forTheParser(argumentCount, arguments));
     request.store = Given::value(given.stores, given.store);
     request.goal = Given::value(given.goals, given.goal);
     checkGoal(request);

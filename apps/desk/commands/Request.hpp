@@ -12,8 +12,10 @@ struct Request {
   enum class Command { showWindow, importDocuments, listGoals, showOutcomes, exportGoal };
 
   Command command = Command::showWindow;
-  std::optional<std::string> store;    ///< a file; nil is the user's own store
-  std::optional<std::string> goal;     ///< the id of a goal; nil only for the window
+  std::optional<std::string> store;  ///< a file; nil is the user's own store
+  /// The id of the goal that the command is about: never nil for one that shows or exports a goal,
+  /// always nil for one that imports or lists, either for the window.
+  std::optional<std::string> goal;
   std::vector<std::string> documents;  ///< files to import; at least one then
 };
 

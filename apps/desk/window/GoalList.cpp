@@ -17,33 +17,33 @@ GoalList::GoalList(QWidget* parent) : QScrollArea(parent) {
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setFocusPolicy(Qt::NoFocus);
   auto* page = new QWidget;
-  rows_ = new QVBoxLayout(page);
-  rows_->setContentsMargins(10, 14, 10, 14);
-  rows_->setSpacing(2);
+  column_ = new QVBoxLayout(page);
+  column_->setContentsMargins(10, 14, 10, 14);
+  column_->setSpacing(2);
   QLabel* heading = makeLabel("Goals", TextRole::heading);
   heading->setContentsMargins(10, 0, 10, 6);
-  rows_->addWidget(heading);
-  rows_->addStretch(1);
+  column_->addWidget(heading);
+  column_->addStretch(1);
   setWidget(page);
   viewport()->setAutoFillBackground(false);
   page->setAutoFillBackground(false);
 }
 
 void GoalList::setGoals(const std::vector<GoalListing>& goals, const std::string& openGoalID) {
-  while (buttons_.size() > goals.size()) {
-    delete buttons_.back();
-    buttons_.pop_back();
+  while (rows_.size() > goals.size()) {
+    delete rows_.back();
+    rows_.pop_back();
   }
   for (std::size_t i = 0; i < goals.size(); ++i) {
-    if (i == buttons_.size()) {
+    if (i == rows_.size()) {
       auto* row = new GoalRow;
-      rows_->insertWidget(rows_->count() - 1, row);
-      buttons_.push_back(row);
+      column_->insertWidget(column_->count() - 1, row);
+      rows_.push_back(row);
       connect(row, &QPushButton::clicked, this, [this, row] {
         Q_EMIT goalChosen(row->property("goalID").toByteArray().toStdString());
       });
     }
-    auto* row = static_cast<GoalRow*>(buttons_[i]);
+    GoalRow* const row = rows_[i];
     row->setTitle(fromUTF8(goals[i].title));
     row->setProperty("goalID", QByteArray::fromStdString(goals[i].id));
     row->setObjectName("desk.goal." + fromUTF8(goals[i].id));

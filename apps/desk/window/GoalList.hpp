@@ -7,10 +7,11 @@
 
 #include <QScrollArea>
 
-class QPushButton;
 class QVBoxLayout;
 
 namespace vemra::desk {
+
+class GoalRow;
 
 /// The goals of the store, one below the other; one of them is open.
 ///
@@ -28,8 +29,8 @@ class GoalList : public QScrollArea {
   void goalChosen(const std::string& goalID);
 
  private:
-  QVBoxLayout* rows_;
-  std::vector<QPushButton*> buttons_;
+  QVBoxLayout* column_;
+  std::vector<GoalRow*> rows_;
 };
 
 }  // namespace vemra::desk

@@ -14,8 +14,7 @@ namespace vemra::desk {
 /// Starts a task and brings its end to the main thread, wherever the task ends.
 ///
 /// - Parameter receiver: whose affair it is: when it is gone by then, nobody is told.
-/// - Parameter callback: called with a `Result<T>` from the event loop, never from inside this
-/// call.
+/// - Parameter callback: called with a `Result<T>` from the event loop, never before this returns.
 ///
 /// Main thread only. The task must have ended before the application object goes.
 template <class T, class Callback>
