@@ -103,6 +103,11 @@ class ViewGraph final : private StateCell::Owner {
   /// while an event is being handled and the row is not there yet.
   NodeID lookAtRow(NodeID forEach, std::size_t index);
 
+  /// The rows of a `ForEach` that need not look as their source alone describes them: those with
+  /// state in them that has left its initial value, asleep or not. By index, ascending, each once.
+  /// Asks no row for its description.
+  std::vector<std::size_t> rowsWithState(NodeID forEach);
+
   /// The node, or nullptr when it is gone. Valid until the graph is next told anything.
   const Node* find(NodeID node) const;
   /// The root, or nullptr when nothing is shown.

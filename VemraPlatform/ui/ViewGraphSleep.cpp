@@ -87,6 +87,32 @@ NodeID ViewGraph::lookAt(Node& forEach, std::size_t index) {
   return row.id;
 }
 
+std::vector<std::size_t> ViewGraph::rowsWithState(NodeID id) {
+  std::vector<std::size_t> indexes;
+  const Node* forEach = find(id);
+  if (!forEach || !forEach->rows) return indexes;
+  const Rows& rows = *forEach->rows;
+  for (const auto* present : {&forEach->children, &rows.lookedAt}) {
+    for (const Node* row : *present) {
+      if (hasState(*row)) indexes.push_back(row->rowIndex);
+    }
+  }
+  if (!rows.asleep.empty()) {
+    ++work_.idPasses;
+    std::vector<RowIdentity> identities;
+    for (const auto& [key, occurrences] : rows.asleep) {
+      for (const auto& [occurrence, row] : occurrences) identities.push_back({key, occurrence});
+    }
+    for (const std::size_t index : locateRows(*rows.source, identities)) {
+      if (index != absentRow) indexes.push_back(index);
+    }
+  }
+  std::ranges::sort(indexes);
+  const auto repeated = std::ranges::unique(indexes);
+  indexes.erase(repeated.begin(), repeated.end());
+  return indexes;
+}
+
 /// Mounts a new row, with what it had when it went to sleep.
 void ViewGraph::mountRow(Node& row, WakingRows& waking, NodeID after, Emission emission) {
   const auto woken = waking.find(row.id);

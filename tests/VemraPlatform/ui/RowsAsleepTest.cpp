@@ -72,6 +72,24 @@ TEST_F(RowsAsleepTest, ASleepingRowFollowsItsIdAndIsForgottenWhenItLeavesTheList
   EXPECT_EQ(shown(), (Texts{"a=0", "b=1"})) << "a left while it slept";
 }
 
+TEST_F(RowsAsleepTest, RowsWithStateAreNamedShownLookedAtOrAsleep) {
+  show(numbered(200));
+  showRows(0, 3);
+  EXPECT_EQ(graph.rowsWithState(forEach().id), std::vector<std::size_t>{});
+  pressRow(150);
+  pressRow(1);
+  pressRow(90);
+  showRows(150, 152);  // 1 is asleep, 90 looked at, 150 shown
+  const auto rows = graph.work().rows;
+  EXPECT_EQ(graph.rowsWithState(forEach().id), (std::vector<std::size_t>{1, 90, 150}));
+  EXPECT_EQ(graph.work().rows, rows) << "no row is described for it";
+  std::vector<Line> lines = numbered(200);
+  lines.erase(lines.begin());
+  show(lines);
+  EXPECT_EQ(graph.rowsWithState(forEach().id), (std::vector<std::size_t>{0, 89, 149}));
+  EXPECT_EQ(graph.rowsWithState({}), std::vector<std::size_t>{});
+}
+
 TEST_F(RowsAsleepTest, AStateThatLeavesWhileAsleepTakesNoMoreWrites) {
   show({{"a"}, {"b"}});
   showRows(0, 1);
