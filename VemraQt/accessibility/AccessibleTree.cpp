@@ -227,6 +227,7 @@ void AccessibleTree::refreshList(NodeID listID) {
     list.rows = std::move(rows);
   }
   list.source = source;
+  list.identifiers.reset();
 }
 
 const ui::Node* AccessibleTree::nodeOf(AccessibleRow& row) {

@@ -3,9 +3,11 @@
 #include "VemraPlatform/ui/ViewGraph.hpp"
 #include "VemraQt/accessibility/ElementSlot.hpp"
 #include "VemraQt/accessibility/IdentifierBus.hpp"
+#include "VemraQt/accessibility/RowIdentifiers.hpp"
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -102,7 +104,10 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   struct List {
     std::shared_ptr<const ui::RowSource> source;  ///< as of when `rows` was last right
     std::unordered_map<std::size_t, AccessibleRow*> rows;
+    std::optional<RowIdentifiers> identifiers;  ///< once somebody has looked in every row
   };
+  /// In which rows an identifier is looked for.
+  enum class Search { rowsNamedInIt, everyRow };
 
   void refreshPage();
   void adopt(AccessibleRow* row, std::vector<ElementSlot>& elements,
@@ -113,6 +118,10 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   void refreshList(ui::NodeID list);
   AccessibleRow* rowAt(ui::NodeID list, std::size_t index);
   AccessibleRow* knownRow(ui::NodeID rowNode) const;
+  std::vector<std::size_t> rowsToSearch(ui::NodeID list, const std::string& identifier,
+                                        Search search);
+  const RowIdentifiers* notedIdentifiers(ui::NodeID list) const;
+  void noteIdentifiers(ui::NodeID list);
   void findInRow(ui::NodeID list, std::size_t index, const std::string& identifier,
                  QList<QAccessible::Id>& found);
   void bury(QAccessibleInterface& object);

@@ -21,14 +21,15 @@ QString AccessibleTree::identifier(QAccessible::Id id) const {
 
 /// Rows are many and describing one costs. An identifier inside a row is made with the row's id in
 /// it, as a rule, so the rows whose id it holds are looked at; only when the rule finds nothing are
-/// all of them.
+/// all of them, and then it is noted what is where: asking again costs next to nothing.
 QList<QAccessible::Id> AccessibleTree::find(const QString& sought, int most) const {
+  if (sought.isEmpty()) return {};  // what has no identifier is not found by it
   auto* self = const_cast<AccessibleTree*>(this);
   const std::string identifier = sought.toStdString();
   const auto enough = [&](const QList<QAccessible::Id>& found) {
     return most > 0 && found.size() >= most;
   };
-  for (const bool everyRow : {false, true}) {
+  for (const Search search : {Search::rowsNamedInIt, Search::everyRow}) {
     QList<QAccessible::Id> found;
     self->refreshPage();
     const std::vector<Segment> segments = segments_;
@@ -41,18 +42,70 @@ QList<QAccessible::Id> AccessibleTree::find(const QString& sought, int most) con
         }
         continue;
       }
-      const ui::Node* list = self->find(segment.list);
-      if (!list) continue;
-      const auto source = rowSourceOf(*list);
-      for (std::size_t index = 0; index < source->count() && !enough(found); ++index) {
-        if (everyRow || identifier.find(source->key(index)) != std::string::npos) {
-          self->findInRow(segment.list, index, identifier, found);
-        }
+      for (const std::size_t index : self->rowsToSearch(segment.list, identifier, search)) {
+        if (enough(found)) break;
+        self->findInRow(segment.list, index, identifier, found);
       }
     }
     if (!found.isEmpty()) return found;
   }
   return {};
+}
+
+std::vector<std::size_t> AccessibleTree::rowsToSearch(ui::NodeID listID,
+                                                      const std::string& identifier,
+                                                      Search search) {
+  if (search == Search::everyRow) noteIdentifiers(listID);
+  const ui::Node* node = find(listID);
+  if (!node) return {};
+  const auto source = rowSourceOf(*node);
+  const auto mayHold = [&](std::size_t row) {
+    return search == Search::everyRow || identifier.find(source->key(row)) != std::string::npos;
+  };
+  std::vector<std::size_t> rows;
+  if (const RowIdentifiers* noted = notedIdentifiers(listID)) {
+    rows = noted->rowsWith(identifier);
+    const std::vector<std::size_t> changed = page_.graph().rowsWithState(listID);
+    rows.insert(rows.end(), changed.begin(), changed.end());
+    std::ranges::sort(rows);
+    const auto repeated = std::ranges::unique(rows);
+    rows.erase(repeated.begin(), repeated.end());
+    std::erase_if(rows, [&](std::size_t row) { return !mayHold(row); });
+  } else {
+    for (std::size_t row = 0; row < source->count(); ++row) {
+      if (mayHold(row)) rows.push_back(row);
+    }
+  }
+  return rows;
+}
+
+const RowIdentifiers* AccessibleTree::notedIdentifiers(ui::NodeID listID) const {
+  const auto known = lists_.find(listID);
+  const ui::Node* node = find(listID);
+  if (known == lists_.end() || !node || !known->second.identifiers) return nullptr;
+  const RowIdentifiers& noted = *known->second.identifiers;
+  return noted.areOf(rowSourceOf(*node), page_.graph().environment()) ? &noted : nullptr;
+}
+
+void AccessibleTree::noteIdentifiers(ui::NodeID listID) {
+  const ui::Node* list = find(listID);
+  if (!list || notedIdentifiers(listID)) return;
+  const auto source = rowSourceOf(*list);
+  RowIdentifiers notes(source, page_.graph().environment(), page_.graph().rowsWithState(listID));
+  for (std::size_t index = 0; index < source->count(); ++index) {
+    const ui::Node* row = find(page_.graph().lookAtRow(listID, index));
+    if (!row) return;  // an event is being handled, or the list is another one by now
+    for (const ElementSlot& slot : elementsUnder(*row, page_.graph())) {
+      const ui::Node* element = find(slot.node);
+      if (!element) continue;
+      const auto& identifier = element->element.accessibilityIdentifier();
+      if (!identifier.empty()) notes.note(identifier, index);
+    }
+  }
+  notes.finish();
+  List& known = lists_[listID];
+  refreshList(listID);  // what was noted of other rows goes now, not with the next question
+  known.identifiers = std::move(notes);
 }
 
 void AccessibleTree::findInRow(ui::NodeID list, std::size_t index, const std::string& identifier,
