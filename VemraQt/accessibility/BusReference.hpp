@@ -11,6 +11,9 @@ namespace vemra::qt {
 /// Where Qt has its accessible objects on the bus; below it they are named by their ids.
 inline const QString accessiblePath = QStringLiteral("/org/a11y/atspi/accessible");
 
+/// What Qt calls its connection to the accessibility bus.
+inline const QString accessibilityConnection = QStringLiteral("a11y");
+
 /// An object of the bus, as AT-SPI names it.
 struct BusReference {
   QString service;
@@ -20,6 +23,11 @@ struct BusReference {
 inline BusReference busReference(const QDBusConnection& connection, QAccessible::Id element) {
   return {connection.baseService(),
           QDBusObjectPath(accessiblePath + QLatin1Char('/') + QString::number(element))};
+}
+
+/// AT-SPI's reference to no object.
+inline BusReference referenceToNothing() {
+  return {QStringLiteral(""), QDBusObjectPath(QStringLiteral("/org/a11y/atspi/null"))};
 }
 
 inline QDBusArgument& operator<<(QDBusArgument& argument, const BusReference& reference) {

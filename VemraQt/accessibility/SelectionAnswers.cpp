@@ -28,11 +28,6 @@ bool choose(QAccessibleInterface* child) {
   return true;
 }
 
-/// AT-SPI's reference to nothing.
-BusReference nothing() {
-  return {QStringLiteral(""), QDBusObjectPath(accessiblePath + QStringLiteral("/null"))};
-}
-
 }  // namespace
 
 bool offersSelection(QAccessible::Id element) {
@@ -52,7 +47,7 @@ bool answerSelection(const QDBusMessage& message, const QDBusConnection& connect
     const BusReference child =
         isThere ? busReference(connection,
                                QAccessible::uniqueId(chosen[static_cast<std::size_t>(place)]))
-                : nothing();
+                : referenceToNothing();
     return connection.send(message.createReply(QVariant::fromValue(child)));
   }
   if (member == QLatin1String("IsChildSelected")) {

@@ -137,6 +137,7 @@ def recording_and_correcting(window, ref="p1"):
     equal(picker.get_n_selected_children(), 1)
     equal(picker.get_selected_child(0).get_name(), "Was useful")
     assert picker.is_child_selected(4) and not picker.is_child_selected(5)
+    equal(picker.get_selected_child(1), None)
     assert picker.select_child(2)
     equal(picker.get_text(0, -1), "Introduced")
     equal(picker.get_selected_child(0).get_name(), "Introduced")
