@@ -80,7 +80,6 @@ void Page::tellAccessibility(const std::vector<ui::Patch>& patches) {
     const RenderNode* node = tree_.find(patch.node);
     if (!node) continue;  // removals are told while the node is there
     if (patch.kind == ui::Patch::Kind::update) accessible_->elementUpdated(*node);
-    if (patch.kind == ui::Patch::Kind::insert && node->isRow()) accessible_->rowInserted(node->id);
     if (node->parent) accessible_->childrenChanged(*node->parent);
   }
 }

@@ -3,6 +3,7 @@
 #include "VemraQt/Page.hpp"
 #include "VemraQt/ViewWidget.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/accessibility/ChildSignals.hpp"
 
 #include <QAccessibleWidget>
 
@@ -108,9 +109,19 @@ void passOnText(QAccessibleEvent& event, AccessibleElement& element) {
   }
 }
 
+/// Whether clients hear of it by a signal of our own: twice would be wrong.
+bool isSentOtherwise(const QAccessibleEvent& event) {
+  if (event.type() != QAccessible::ObjectCreated && event.type() != QAccessible::ObjectDestroyed) {
+    return false;
+  }
+  return !event.object() && sendsChildSignals() &&
+         dynamic_cast<AccessibleObject*>(event.accessibleInterface());
+}
+
 /// The widgets on a page are no part of the accessible tree: what they say is said of the element
 /// that they show, or not at all.
 void handle(QAccessibleEvent* event) {
+  if (isSentOtherwise(*event)) return;
   ViewWidget* view = event->object() ? pageOf(event->object()) : nullptr;
   if (!view) {
     passOn(*event);

@@ -1,6 +1,5 @@
 #include "VemraQt/accessibility/AccessibleTree.hpp"
 
-#include "VemraPlatform/text/Equality.hpp"
 #include "VemraQt/Page.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 
@@ -79,76 +78,6 @@ AccessibleElement* AccessibleTree::objectOf(const RenderNode& leaf) {
   return nullptr;
 }
 
-void AccessibleTree::refreshPage() {
-  if (pageVersion_ == page_.version()) return;
-  pageVersion_ = page_.version();
-  const ui::Node* root = page_.graph().root();
-  std::vector<ElementSlot> fresh;
-  if (root) fresh = elementsUnder(*root, page_.graph());
-  adopt(nullptr, slots_, std::move(fresh));
-  segments_.clear();
-  std::size_t first = 0;
-  std::unordered_map<NodeID, List> lists;
-  for (std::size_t place = 0; place < slots_.size(); ++place) {
-    Segment segment{place, {}, first, 1};
-    if (slots_[place].kind == ElementKind::forEach) {
-      const ui::Node* list = find(slots_[place].node);
-      segment.list = slots_[place].node;
-      segment.count = list ? list->element.rowCount() : 0;
-      if (auto known = lists_.extract(segment.list)) lists.insert(std::move(known));
-    }
-    first += segment.count;
-    segments_.push_back(segment);
-  }
-  std::swap(lists, lists_);
-  for (auto& [node, list] : lists) {
-    for (auto& [index, row] : list.rows) {
-      if (announcing_) departed_.push_back(row->id());
-      bury(*row);
-    }
-  }
-}
-
-/// Takes up a new list of elements; objects stay with their paths.
-void AccessibleTree::adopt(AccessibleRow* row, std::vector<ElementSlot>& elements,
-                           std::vector<ElementSlot> fresh) {
-  const bool wasKnown = !elements.empty();
-  std::vector<bool> isOld(fresh.size(), false);
-  std::vector<AccessibleElement*> leaving;
-  std::size_t next = 0;  // what stood behind the last one stands there still, mostly
-  for (const ElementSlot& old : elements) {
-    std::size_t place = fresh.size();
-    for (std::size_t i = 0; i < fresh.size() && place == fresh.size(); ++i) {
-      const std::size_t candidate = (next + i) % fresh.size();
-      const bool same = fresh[candidate].path == old.path && fresh[candidate].kind == old.kind;
-      if (same && !isOld[candidate]) place = candidate;
-    }
-    if (place < fresh.size()) {
-      isOld[place] = true;
-      fresh[place].object = old.object;
-      fresh[place].enabled = old.enabled;
-      fresh[place].shown = old.shown;
-      next = place + 1;
-    } else if (old.object) {
-      leaving.push_back(old.object);
-    }
-  }
-  elements = std::move(fresh);
-  for (AccessibleElement* gone : leaving) {
-    if (announcing_) departed_.push_back(gone->id());
-    bury(*gone);
-  }
-  if (!announcing_ || !wasKnown) return;
-  for (std::size_t i = 0; i < isOld.size() && i < elements.size(); ++i) {
-    if (isOld[i]) continue;
-    if (elements[i].kind == ElementKind::forEach) {
-      changedLists_.push_back(elements[i].node);  // its rows have arrived with it
-    } else {
-      arrived_.push_back(object(row, elements[i])->id());
-    }
-  }
-}
-
 std::vector<ElementSlot>& AccessibleTree::elementsOf(AccessibleRow* row) {
   if (!row) {
     refreshPage();
@@ -162,8 +91,10 @@ std::vector<ElementSlot>& AccessibleTree::elementsOf(AccessibleRow* row) {
     };
     if (row->knownNode != node->id || row->knownAt != described()) {
       row->knownNode = node->id;
-      adopt(row, row->known, elementsUnder(*node, page_.graph()));
+      const bool wasKnown = !row->known.empty();
+      const ChildSteps steps = adopt(row->known, elementsUnder(*node, page_.graph()));
       row->knownAt = described();
+      if (wasKnown) note(row, steps);
     }
   }
   return row->known;
@@ -195,43 +126,7 @@ AccessibleRow* AccessibleTree::rowAt(NodeID listID, std::size_t index) {
   return found->second;
 }
 
-/// Rows that are known follow their ids to other places; rows whose id is gone go.
-void AccessibleTree::refreshList(NodeID listID) {
-  auto known = lists_.find(listID);
-  const ui::Node* node = find(listID);
-  if (known == lists_.end() || !node) return;
-  List& list = known->second;
-  const auto source = rowSourceOf(*node);
-  if (list.source == source) return;
-  const bool inPlace = std::ranges::all_of(list.rows, [&](const auto& entry) {
-    return entry.first < source->count() &&
-           text::equal(source->key(entry.first), entry.second->rowID);
-  });
-  if (!inPlace) {
-    std::vector<std::size_t> before;
-    before.reserve(list.rows.size());
-    for (const auto& [index, row] : list.rows) before.push_back(index);
-    std::ranges::sort(before);
-    const auto identities = ui::rowIdentities(*list.source, before);
-    const auto after = ui::locateRows(*source, identities);
-    std::unordered_map<std::size_t, AccessibleRow*> rows;
-    for (std::size_t i = 0; i < before.size(); ++i) {
-      AccessibleRow* row = list.rows.at(before[i]);
-      if (after[i] != ui::absentRow && rows.try_emplace(after[i], row).second) {
-        row->index = after[i];
-      } else {
-        if (announcing_) departed_.push_back(row->id());
-        bury(*row);
-      }
-    }
-    list.rows = std::move(rows);
-  }
-  list.source = source;
-  list.identifiers.reset();
-}
-
 const ui::Node* AccessibleTree::nodeOf(AccessibleRow& row) {
-  refreshPage();
   refreshList(row.list);
   return row.isLeaving() ? nullptr : find(page_.graph().lookAtRow(row.list, row.index));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VemraPlatform/ui/ViewGraph.hpp"
+#include "VemraQt/accessibility/ChildSignals.hpp"
 #include "VemraQt/accessibility/ElementSlot.hpp"
 #include "VemraQt/accessibility/IdentifierBus.hpp"
 #include "VemraQt/accessibility/RowIdentifiers.hpp"
@@ -66,7 +67,6 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   bool isWatched() const { return hasBeenAsked() || QAccessible::isActive(); }
   /// A child of the node came, went or moved.
   void childrenChanged(const RenderNode& parent);
-  void rowInserted(ui::NodeID row) { insertedRows_.push_back(row); }
   void elementUpdated(const RenderNode& node);
   void announce();
   void focusMoved(ui::NodeID node);
@@ -104,15 +104,31 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   struct List {
     std::shared_ptr<const ui::RowSource> source;  ///< as of when `rows` was last right
     std::unordered_map<std::size_t, AccessibleRow*> rows;
+    QAccessible::Id idAt(std::size_t index) const;
     std::optional<RowIdentifiers> identifiers;  ///< once somebody has looked in every row
   };
   /// In which rows an identifier is looked for.
   enum class Search { rowsNamedInIt, everyRow };
 
+  /// How one list of children became another one.
+  struct ChildSteps {
+    struct Left {
+      std::size_t index;
+      QAccessible::Id child;  ///< 0: nobody has asked for it
+    };
+    std::vector<Left> left;         ///< by their places before, ascending
+    std::vector<std::size_t> came;  ///< their places afterwards, ascending
+    bool areComplete = true;        ///< false: too much has changed to be told one by one
+  };
+
   void refreshPage();
-  void adopt(AccessibleRow* row, std::vector<ElementSlot>& elements,
-             std::vector<ElementSlot> fresh);
-  void tell(QAccessible::Event what, const std::vector<QAccessible::Id>& ids);
+  std::vector<Segment> segmentsOf(const std::vector<ElementSlot>& elements) const;
+  ChildSteps stepsOfPage(const std::vector<Segment>& before, const ChildSteps& ofElements,
+                         const std::unordered_map<ui::NodeID, ChildSteps>& ofRows) const;
+  ChildSteps adopt(std::vector<ElementSlot>& elements, std::vector<ElementSlot> fresh);
+  ChildSteps followRows(ui::NodeID list);
+  void note(AccessibleRow* row, const ChildSteps& steps);
+  void tell(const ChildChange& change);
   void announceUpdate(ui::NodeID node);
   AccessibleElement* knownObject(ui::NodeID node, ElementSlot** slot = nullptr);
   void refreshList(ui::NodeID list);
@@ -136,10 +152,9 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   std::unordered_map<ui::NodeID, List> lists_;
   std::vector<QAccessible::Id> buried_;
 
-  std::vector<ui::NodeID> changedRows_, insertedRows_, changedLists_, updated_;
-  bool announcing_ = false;  ///< what comes and goes while refreshing is to be told
+  std::vector<ui::NodeID> changedRows_, updated_;
   /// Told when all is up to date: a client may ask the tree anything while it is being told.
-  std::vector<QAccessible::Id> departed_, arrived_;
+  std::vector<ChildChange> childChanges_;
 };
 
 }  // namespace vemra::qt

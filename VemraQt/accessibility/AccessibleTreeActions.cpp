@@ -95,60 +95,54 @@ void AccessibleTree::press(AccessibleRow* row, NodeID pressed) {
 }
 
 void AccessibleTree::childrenChanged(const RenderNode& parent) {
-  if (!hasBeenAsked()) return;
-  announcing_ = true;
-  if (parent.rows) return;
   const RenderNode* row = rowOf(const_cast<RenderNode*>(&parent));
-  if (row) changedRows_.push_back(row->id);
+  if (row && !parent.rows && isWatched()) changedRows_.push_back(row->id);
 }
 
 void AccessibleTree::elementUpdated(const RenderNode& node) {
-  if (!hasBeenAsked()) return;
-  announcing_ = true;
-  if (node.element.kind() == ElementKind::forEach) {
-    changedLists_.push_back(node.id);
-  } else if (node.isLeaf()) {
-    updated_.push_back(node.id);
-  }
+  if (node.isLeaf() && isWatched()) updated_.push_back(node.id);
 }
 
 void AccessibleTree::announce() {
-  if (!announcing_) {
-    insertedRows_.clear();
-    return;
-  }
+  if (!isWatched()) return;
   refreshPage();
-  for (auto& [node, list] : lists_) refreshList(node);
-  for (const NodeID inserted : std::exchange(insertedRows_, {})) {
-    const RenderNode* row = page_.tree().find(inserted);
-    // A row that was only scrolled in has been in the tree all along.
-    if (!row || !row->isRow() || std::ranges::count(changedLists_, row->parent->id) == 0) continue;
-    if (knownRow(inserted)) continue;
-    if (AccessibleRow* object = rowAt(row->parent->id, row->rowIndex)) {
-      arrived_.push_back(object->id());
-    }
-  }
-  changedLists_.clear();
   std::ranges::sort(changedRows_);
   const auto same = std::ranges::unique(changedRows_);
   changedRows_.erase(same.begin(), same.end());
   for (const NodeID changed : std::exchange(changedRows_, {})) {
     if (AccessibleRow* row = knownRow(changed)) elementsOf(row);
   }
-  announcing_ = false;
-  tell(QAccessible::ObjectDestroyed, std::exchange(departed_, {}));
-  tell(QAccessible::ObjectCreated, std::exchange(arrived_, {}));
+  for (const ChildChange& change : std::exchange(childChanges_, {})) tell(change);
   for (const NodeID updated : std::exchange(updated_, {})) announceUpdate(updated);
 }
 
-void AccessibleTree::tell(QAccessible::Event what, const std::vector<QAccessible::Id>& ids) {
-  for (const QAccessible::Id id : ids) {
-    // Whoever was told of the one before may have made this one go.
-    QAccessibleInterface* object = QAccessible::accessibleInterface(id);
-    if (!object) continue;
-    QAccessibleEvent event(object, what);
-    QAccessible::updateAccessibility(&event);
-  }
+namespace {
+
+/// The object of that id, as long as it stands for something.
+QAccessibleInterface* living(QAccessible::Id id) {
+  QAccessibleInterface* interface = id ? QAccessible::accessibleInterface(id) : nullptr;
+  const auto* object = dynamic_cast<AccessibleObject*>(interface);
+  return object && object->isLeaving() ? nullptr : interface;
+}
+
+}  // namespace
+
+/// Whoever was told of what was before may have made any of them go.
+void AccessibleTree::tell(const ChildChange& change) {
+  using Kind = ChildChange::Kind;
+  QAccessibleInterface* parent = change.parent ? living(change.parent) : pageObject();
+  if (!parent) return;
+  const QAccessible::Id parentID = QAccessible::uniqueId(parent);
+  ChildChange told = change;
+  if (change.kind != Kind::removed && !living(change.child)) told.child = 0;
+  if (sendsChildSignals()) sendChildSignal(parentID, told);
+  // Of an unlisted change there is no event: Qt 6.4 would make one of every child there is.
+  if (!told.child || change.kind == Kind::unlisted) return;
+  QAccessibleInterface* child = QAccessible::accessibleInterface(told.child);
+  if (!child) return;
+  QAccessibleEvent event(child, change.kind == Kind::added ? QAccessible::ObjectCreated
+                                                           : QAccessible::ObjectDestroyed);
+  QAccessible::updateAccessibility(&event);
 }
 
 AccessibleElement* AccessibleTree::knownObject(NodeID node, ElementSlot** its) {

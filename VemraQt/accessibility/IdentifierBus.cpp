@@ -52,7 +52,7 @@ class Installer final : public QObject, public QAccessible::ActivationObserver {
  private:
   bool attempt() {
     constexpr int most = 500;  // ten seconds; then the next activation tries again
-    QDBusConnection connection(QStringLiteral("a11y"));
+    QDBusConnection connection(accessibilityConnection);
     if (connection.isConnected()) {
       auto* original =
           dynamic_cast<QDBusVirtualObject*>(connection.objectRegisteredAt(accessiblePath));
@@ -84,6 +84,10 @@ QPointer<Installer> installer;
 
 void publishIdentifiers() {
   if (!installer && qApp) installer = new Installer;
+}
+
+bool areIdentifiersPublished() {
+  return installer && installer->isInstalled();
 }
 
 void addIdentifierSource(const IdentifierSource& source) {

@@ -39,6 +39,8 @@ class IdentifierSource {
 /// accessibility becomes active. Call from the main thread after QApplication is made; more calls
 /// do nothing.
 void publishIdentifiers();
+/// Whether the object that publishes them is on the bus now.
+bool areIdentifiersPublished();
 
 /// Adds or removes a tree whose identifiers are published.
 void addIdentifierSource(const IdentifierSource& source);

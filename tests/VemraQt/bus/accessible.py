@@ -7,7 +7,7 @@ import gi
 
 gi.require_version("Atspi", "2.0")
 warnings.simplefilter("ignore", DeprecationWarning)
-from gi.repository import Atspi  # noqa: E402
+from gi.repository import Atspi, GLib  # noqa: E402
 
 
 def application(name):
@@ -71,6 +71,37 @@ def equal(got, wanted):
         raise AssertionError(f"{len(got)} entries, wanted {len(wanted)}; from {place} on: "
                              f"{got[place:place + 3]!r}, wanted {wanted[place:place + 3]!r}")
     raise AssertionError(f"got {got!r}, wanted {wanted!r}")
+
+
+class Ear:
+    """Listens to one kind of event for a while."""
+
+    def __init__(self, kind):
+        self.kind = kind
+        self.events = []
+        self.listener = Atspi.EventListener.new(self.hear)
+
+    def hear(self, event):
+        what = event.type.rsplit(":", 1)[1]
+        self.events.append((what, event.detail1, event.any_data, event.source))
+
+    def __enter__(self):
+        assert self.listener.register(self.kind)
+        self.heard(0.5)  # until the program knows that somebody listens
+        return self
+
+    def __exit__(self, *_):
+        self.listener.deregister(self.kind)
+
+    def heard(self, seconds=0.2):
+        """(what, detail, any data, source) of each event since the last time."""
+        end = time.monotonic() + seconds
+        while time.monotonic() < end:
+            while GLib.MainContext.default().iteration(False):
+                pass
+            time.sleep(0.01)
+        events, self.events = self.events, []
+        return events
 
 
 def key(symbol):

@@ -9,8 +9,8 @@ import sys
 import time
 
 from accessible import (
-    DOWN, ENTER, TAB, Atspi, act, actions, application, equal, find, has, key, run_checks, wait_for,
-    walk)
+    DOWN, ENTER, TAB, Atspi, Ear, act, actions, application, equal, find, has, key, run_checks,
+    wait_for, walk)
 from gi.repository import GLib
 
 PEOPLE = 200
@@ -246,6 +246,46 @@ def the_keyboard_alone(window):
              "the focus on Correct")
 
 
+def comings_and_goings_are_heard(window):
+    with Ear("object:children-changed") as ear:
+        def heard():
+            return [(what, index, child.path if child else None, about.path)
+                    for what, index, child, about in ear.heard()]
+
+        def row_of(ref):
+            row = window.get(f"vemra.goal.person.{ref}.outcome.start").get_parent()
+            return row.get_index_in_parent(), row.path
+
+        page = window.page.path
+        heard()
+        for ref in ("p199", "p20"):  # at the top by now, and far away
+            index, row = row_of(ref)
+            window.tell("remove " + ref)
+            equal(heard(), [("remove", index, row, page)])
+        window.tell("scroll 5000")
+        equal(heard(), [])
+        window.tell("insert outside")
+        equal(heard(), [("add", 2, row_of("outside")[1], page)])
+        window.tell("scroll 0")
+        window.tell("insert inside")
+        equal(heard(), [("add", 2, row_of("inside")[1], page)])
+        start = window.get("vemra.goal.person.inside.outcome.start")
+        row, gone, place = start.get_parent(), start.path, start.get_index_in_parent()
+        act(start, "Press")
+        editor = [window.get("vemra.goal.person.inside.outcome." + name).path
+                  for name in ("picker", "note", "save", "cancel")]
+        equal(heard(), [("remove", place, gone, row.path)] +
+              [("add", place + i, path, row.path) for i, path in enumerate(editor)])
+        window.tell("shuffle")
+        equal(heard(), [("remove", -1, None, page),
+                        ("add", -1, window.page.get_child_at_index(0).path, page)])
+        # Whoever listens to states as well would hear a removal from the toolkit, too.
+        with Ear("object:state-changed"):
+            index, row = row_of("p30")
+            window.tell("remove p30")
+            equal(heard(), [("remove", index, row, page)])
+
+
 CHECKS = [
     every_row_is_there_in_order,
     what_is_outside_the_viewport_only_lacks_showing,
@@ -256,6 +296,7 @@ CHECKS = [
     focus_scrolls_in,
     the_keyboard_alone,
     objects_follow_their_rows_and_die_with_them,
+    comings_and_goings_are_heard,
 ]
 
 
