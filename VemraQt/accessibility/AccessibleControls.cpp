@@ -68,8 +68,8 @@ QString AccessiblePicker::wholeText() const {
   return {};
 }
 
-QString AccessiblePicker::text(QAccessible::Text kind) const {
-  return kind == QAccessible::Value ? wholeText() : AccessibleElement::text(kind);
+QString AccessiblePicker::textOf(QAccessible::Text kind) const {
+  return kind == QAccessible::Value ? wholeText() : AccessibleElement::textOf(kind);
 }
 
 QAccessible::State AccessiblePicker::state() const {
@@ -99,7 +99,22 @@ int AccessiblePicker::indexOfChild(const QAccessibleInterface* object) const {
   return found == choices_.end() ? -1 : static_cast<int>(found - choices_.begin());
 }
 
+QList<QAccessibleInterface*> AccessiblePicker::selectedItems() const {
+  QList<QAccessibleInterface*> selected;
+  for (int place = 0; place < childCount(); ++place) {
+    if (child(place)->state().selected) selected << child(place);
+  }
+  return selected;
+}
+
+bool AccessiblePicker::select(QAccessibleInterface* choice) {
+  if (indexOfChild(choice) < 0 || choice->state().disabled) return false;
+  choice->actionInterface()->doAction(pressAction());
+  return true;
+}
+
 void* AccessiblePicker::interface_cast(QAccessible::InterfaceType type) {
+  if (asksForSelection(type)) return static_cast<SelectionInterface*>(this);
   if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
   return AccessibleElement::interface_cast(type);
 }
@@ -125,7 +140,7 @@ const ui::Node* AccessibleChoice::node() const {
   return index_ < choices.size() ? choices[index_] : nullptr;
 }
 
-QString AccessibleChoice::text(QAccessible::Text kind) const {
+QString AccessibleChoice::textOf(QAccessible::Text kind) const {
   const ui::Node* choice = node();
   return choice && kind == QAccessible::Name ? toQString(choice->element.shownLabel()) : QString();
 }
@@ -171,8 +186,8 @@ QString AccessibleField::wholeText() const {
   return field ? toQString(field->element.text()) : QString();
 }
 
-QString AccessibleField::text(QAccessible::Text kind) const {
-  return kind == QAccessible::Value ? wholeText() : AccessibleElement::text(kind);
+QString AccessibleField::textOf(QAccessible::Text kind) const {
+  return kind == QAccessible::Value ? wholeText() : AccessibleElement::textOf(kind);
 }
 
 void AccessibleField::setText(QAccessible::Text kind, const QString& text) {

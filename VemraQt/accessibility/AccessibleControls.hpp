@@ -43,12 +43,15 @@ class ReadOnlyText : public QAccessibleTextInterface {
 };
 
 /// A Picker: named by its title, with its choice as a text to read and its choices as list items.
-class AccessiblePicker final : public AccessibleElement, public ReadOnlyText {
+class AccessiblePicker final : public AccessibleElement,
+                               public ReadOnlyText,
+                               public SelectionInterface {
  public:
   using AccessibleElement::AccessibleElement;
   QAccessible::Role role() const override { return QAccessible::ComboBox; }
+  using AccessibleElement::text;
   using ReadOnlyText::text;
-  QString text(QAccessible::Text kind) const override;
+  QString textOf(QAccessible::Text kind) const override;
   QAccessible::State state() const override;
   int childCount() const override;
   QAccessibleInterface* child(int index) const override;
@@ -56,6 +59,14 @@ class AccessiblePicker final : public AccessibleElement, public ReadOnlyText {
   void* interface_cast(QAccessible::InterfaceType type) override;
   void doAction(const QString& name) override;
   std::vector<AccessibleObject*> ownObjects() const override { return choices_; }
+
+  int selectedItemCount() const override { return static_cast<int>(selectedItems().size()); }
+  QList<QAccessibleInterface*> selectedItems() const override;
+  bool select(QAccessibleInterface* choice) override;
+  // There is always one choice: it can be replaced, but neither taken away nor added to.
+  bool unselect(QAccessibleInterface*) override { return false; }
+  bool selectAll() override { return false; }
+  bool clear() override { return false; }
 
   /// The nodes of the picker's tagged rows, in tree order.
   std::vector<const ui::Node*> choices() const;
@@ -76,7 +87,7 @@ class AccessibleChoice final : public AccessibleObject, public QAccessibleAction
 
   QAccessibleInterface* parent() const override { return &picker_; }
   QAccessible::Role role() const override { return QAccessible::ListItem; }
-  QString text(QAccessible::Text kind) const override;
+  QString textOf(QAccessible::Text kind) const override;
   QRect rect() const override { return picker_.rect(); }
   QAccessible::State state() const override;
   QString identifier() const override;
@@ -99,8 +110,9 @@ class AccessibleField final : public AccessibleElement,
  public:
   using AccessibleElement::AccessibleElement;
   QAccessible::Role role() const override { return QAccessible::EditableText; }
-  QString text(QAccessible::Text kind) const override;
+  QString textOf(QAccessible::Text kind) const override;
   void setText(QAccessible::Text kind, const QString& text) override;
+  using AccessibleElement::text;
   QString text(int start, int end) const override { return ReadOnlyText::text(start, end); }
   QAccessible::State state() const override;
   void* interface_cast(QAccessible::InterfaceType type) override;

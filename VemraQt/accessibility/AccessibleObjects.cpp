@@ -35,7 +35,7 @@ int AccessibleRow::indexOfChild(const QAccessibleInterface* object) const {
   return found == elements.end() ? -1 : static_cast<int>(found - elements.begin());
 }
 
-QString AccessibleRow::text(QAccessible::Text kind) const {
+QString AccessibleRow::textOf(QAccessible::Text kind) const {
   if (kind != QAccessible::Name) return {};
   for (const ElementSlot& slot : tree().elementsOf(const_cast<AccessibleRow*>(this))) {
     if (slot.kind != ui::ElementKind::text && slot.kind != ui::ElementKind::button) continue;
@@ -72,7 +72,7 @@ QAccessibleInterface* AccessibleElement::parent() const {
   return row_ ? static_cast<QAccessibleInterface*>(row_) : tree().pageObject();
 }
 
-QString AccessibleElement::text(QAccessible::Text kind) const {
+QString AccessibleElement::textOf(QAccessible::Text kind) const {
   const ui::Node* element = node();
   if (!element || kind != QAccessible::Name) return {};
   return toQString(element->element.shownLabel());

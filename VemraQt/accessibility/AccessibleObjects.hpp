@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VemraQt/accessibility/AccessibleTree.hpp"
+#include "VemraQt/accessibility/LaterQt.hpp"
 
 #include <QAccessibleInterface>
 
@@ -18,6 +19,9 @@ class AccessibleObject : public QAccessibleInterface {
   // An object that stands for nothing any more is deleted soon; until then it answers.
   bool isValid() const override { return true; }
   QObject* object() const override { return nullptr; }
+  QString text(QAccessible::Text kind) const final {
+    return asksForIdentifier(kind) ? identifier() : textOf(kind);
+  }
   void setText(QAccessible::Text, const QString&) override {}
   QAccessibleInterface* childAt(int x, int y) const override;
   int childCount() const override { return 0; }
@@ -27,6 +31,8 @@ class AccessibleObject : public QAccessibleInterface {
   QAccessible::Id id() const { return id_; }
   /// Byte for byte; "" without one.
   virtual QString identifier() const { return QStringLiteral(""); }
+  /// Its name, its value; null of what it does not have.
+  virtual QString textOf(QAccessible::Text kind) const = 0;
   AccessibleTree& tree() const { return tree_; }
   void remember(QAccessible::Id id) { id_ = id; }
   /// It stands for nothing any more and will be deleted.
@@ -49,7 +55,7 @@ class AccessibleRow final : public AccessibleObject {
   int childCount() const override;
   QAccessibleInterface* child(int index) const override;
   int indexOfChild(const QAccessibleInterface* object) const override;
-  QString text(QAccessible::Text kind) const override;
+  QString textOf(QAccessible::Text kind) const override;
   QRect rect() const override;
   QAccessible::Role role() const override { return QAccessible::Grouping; }
   QAccessible::State state() const override;
@@ -70,7 +76,7 @@ class AccessibleElement : public AccessibleObject, public QAccessibleActionInter
       : AccessibleObject(tree), row_(row), path_(path) {}
 
   QAccessibleInterface* parent() const override;
-  QString text(QAccessible::Text kind) const override;
+  QString textOf(QAccessible::Text kind) const override;
   QRect rect() const override;
   QAccessible::State state() const override;
   QString identifier() const override;

@@ -19,6 +19,9 @@ class AccessiblePage final : public QAccessibleWidget {
   QAccessible::Role role() const override {
     return widget()->isWindow() ? QAccessible::Window : QAccessible::Client;
   }
+  QString text(QAccessible::Text kind) const override {
+    return asksForIdentifier(kind) ? view().objectName() : QAccessibleWidget::text(kind);
+  }
   int childCount() const override { return tree().childCount(); }
   QAccessibleInterface* child(int index) const override { return tree().child(index); }
   int indexOfChild(const QAccessibleInterface* child) const override {

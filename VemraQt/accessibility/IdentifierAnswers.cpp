@@ -2,6 +2,7 @@
 
 #include "VemraQt/accessibility/BusReference.hpp"
 #include "VemraQt/accessibility/IdentifierBus.hpp"
+#include "VemraQt/accessibility/LaterQt.hpp"
 #include "VemraQt/accessibility/SelectionAnswers.hpp"
 
 #include <algorithm>
@@ -23,10 +24,6 @@ namespace {
 const QString accessibleInterface = QStringLiteral("org.a11y.atspi.Accessible");
 const QString collectionInterface = QStringLiteral("org.a11y.atspi.Collection");
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
-
-// Qt puts these on the bus itself from these versions on.
-constexpr bool qtPublishesSelections = QT_VERSION >= QT_VERSION_CHECK(6, 5, 0);
-constexpr bool qtPublishesIdentifiers = QT_VERSION >= QT_VERSION_CHECK(6, 9, 0);
 
 /// The element that a bus path speaks of: the last part of the path is its id.
 QAccessible::Id elementAt(const QString& path) {
@@ -77,7 +74,8 @@ QString identifierSought(const QVariant& rule) {
   return attributes.value(QStringLiteral("id"));
 }
 
-/// An element of no tree of ours has no identifier: the empty one.
+/// An element of no tree of ours is Qt's to answer for, where it does; it has no identifier, the
+/// empty one, where Qt does not. To one of ours without an identifier Qt would give a made-up one.
 bool answerProperty(const QDBusMessage& message, const QDBusConnection& connection,
                     QAccessible::Id element) {
   const QList<QVariant> arguments = message.arguments();
@@ -86,11 +84,9 @@ bool answerProperty(const QDBusMessage& message, const QDBusConnection& connecti
   if (interface == QLatin1String(selectionInterface)) {
     return !qtPublishesSelections && answerSelectionProperty(name, message, connection, element);
   }
-  if (qtPublishesIdentifiers || interface != accessibleInterface ||
-      name != QLatin1String("AccessibleId")) {
-    return false;
-  }
+  if (interface != accessibleInterface || name != QLatin1String("AccessibleId")) return false;
   const QString identifier = element ? identifierOf(element) : QString();
+  if (identifier.isNull() && qtPublishesIdentifiers) return false;
   const QVariant text = identifier.isNull() ? QStringLiteral("") : identifier;
   return connection.send(message.createReply(QVariant::fromValue(QDBusVariant(text))));
 }

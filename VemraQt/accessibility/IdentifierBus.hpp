@@ -25,15 +25,16 @@ class IdentifierSource {
   ~IdentifierSource() = default;
 };
 
-/// Publishes identifiers on the accessibility bus where Qt itself does not.
+/// Publishes identifiers on the accessibility bus.
 ///
 /// Before Qt 6.9 an accessible element has no exact identifier on the bus (none at all before 6.5,
-/// a chain of object names up to 6.8). This object stands in front of Qt's own on the
-/// accessibility bus, with public interfaces only, and forwards all but six questions: the
-/// property `AccessibleId`, the attribute `id`, the list of interfaces (`Collection` comes in),
-/// `Collection.GetMatches` for a rule on the attribute `id`, the states (what is outside the
-/// viewport is visible and not showing), and what is chosen in a picker (`Selection`, which Qt has
-/// from 6.5 on). If anything on the bus is not as expected, Qt's own stays in place.
+/// a chain of object names up to 6.8); from 6.9 on one without an identifier has that chain still.
+/// This object stands in front of Qt's own on the accessibility bus, with public interfaces only,
+/// and forwards all but six questions: the property `AccessibleId`, the attribute `id`, the list of
+/// interfaces (`Collection` comes in), `Collection.GetMatches` for a rule on the attribute `id`,
+/// the states (what is outside the viewport is visible and not showing), and what is chosen in a
+/// picker (`Selection`, which Qt has from 6.5 on). If anything on the bus is not as expected, Qt's
+/// own stays in place.
 ///
 /// The bus appears some time after the program starts, so installing is tried again whenever
 /// accessibility becomes active. Call from the main thread after QApplication is made; more calls

@@ -1,8 +1,7 @@
 #include "VemraQt/accessibility/SelectionAnswers.hpp"
 
 #include "VemraQt/accessibility/BusReference.hpp"
-
-#include <vector>
+#include "VemraQt/accessibility/LaterQt.hpp"
 
 #include <QDBusMessage>
 #include <QDBusMetaType>
@@ -12,64 +11,48 @@ namespace vemra::qt {
 
 namespace {
 
-std::vector<QAccessibleInterface*> chosenChildren(QAccessibleInterface& holder) {
-  std::vector<QAccessibleInterface*> chosen;
-  for (int i = 0; i < holder.childCount(); ++i) {
-    QAccessibleInterface* child = holder.child(i);
-    if (child && child->state().selected) chosen.push_back(child);
-  }
-  return chosen;
-}
-
-bool choose(QAccessibleInterface* child) {
-  QAccessibleActionInterface* actions = child ? child->actionInterface() : nullptr;
-  if (!actions || child->state().disabled) return false;
-  actions->doAction(QAccessibleActionInterface::pressAction());
-  return true;
+SelectionInterface* selectionOf(QAccessible::Id element) {
+  return dynamic_cast<SelectionInterface*>(QAccessible::accessibleInterface(element));
 }
 
 }  // namespace
 
 bool offersSelection(QAccessible::Id element) {
-  QAccessibleInterface* interface = QAccessible::accessibleInterface(element);
-  return interface && interface->role() == QAccessible::ComboBox;
+  return selectionOf(element) != nullptr;
 }
 
 bool answerSelection(const QDBusMessage& message, const QDBusConnection& connection,
                      QAccessible::Id element) {
-  if (!offersSelection(element)) return false;
-  QAccessibleInterface& holder = *QAccessible::accessibleInterface(element);
+  SelectionInterface* selection = selectionOf(element);
+  if (!selection) return false;
+  const auto reply = [&](const QVariant& answer) {
+    return connection.send(message.createReply(answer));
+  };
   const QString member = message.member();
   const int place = message.arguments().isEmpty() ? -1 : message.arguments().front().toInt();
+  QAccessibleInterface* child = QAccessible::accessibleInterface(element)->child(place);
+  const QList<QAccessibleInterface*> selected = selection->selectedItems();
+  QAccessibleInterface* chosen = selected.value(place, nullptr);
   if (member == QLatin1String("GetSelectedChild")) {
-    const auto chosen = chosenChildren(holder);
-    const bool isThere = place >= 0 && place < static_cast<int>(chosen.size());
-    const BusReference child =
-        isThere ? busReference(connection,
-                               QAccessible::uniqueId(chosen[static_cast<std::size_t>(place)]))
-                : referenceToNothing();
-    return connection.send(message.createReply(QVariant::fromValue(child)));
+    return reply(QVariant::fromValue(
+        chosen ? busReference(connection, QAccessible::uniqueId(chosen)) : referenceToNothing()));
   }
-  if (member == QLatin1String("IsChildSelected")) {
-    QAccessibleInterface* child = holder.child(place);
-    return connection.send(message.createReply(child && child->state().selected));
+  if (member == QLatin1String("IsChildSelected")) return reply(child && selected.contains(child));
+  if (member == QLatin1String("SelectChild")) return reply(child && selection->select(child));
+  if (member == QLatin1String("DeselectChild")) return reply(child && selection->unselect(child));
+  if (member == QLatin1String("DeselectSelectedChild")) {
+    return reply(chosen && selection->unselect(chosen));
   }
-  if (member == QLatin1String("SelectChild")) {
-    return connection.send(message.createReply(choose(holder.child(place))));
-  }
-  // There is always one choice: it can be replaced, but neither taken away nor added to.
-  for (const char* refused :
-       {"DeselectSelectedChild", "DeselectChild", "SelectAll", "ClearSelection"}) {
-    if (member == QLatin1String(refused)) return connection.send(message.createReply(false));
-  }
+  if (member == QLatin1String("SelectAll")) return reply(selection->selectAll());
+  if (member == QLatin1String("ClearSelection")) return reply(selection->clear());
   return false;
 }
 
 bool answerSelectionProperty(const QString& name, const QDBusMessage& message,
                              const QDBusConnection& connection, QAccessible::Id element) {
-  if (name != QLatin1String("NSelectedChildren") || !offersSelection(element)) return false;
-  const auto chosen = chosenChildren(*QAccessible::accessibleInterface(element));
-  const QDBusVariant count(static_cast<int>(chosen.size()));
+  const SelectionInterface* selection = selectionOf(element);
+  if (name != QLatin1String("NSelectedChildren") || !selection) return false;
+  const QDBusVariant count(selection->selectedItemCount());
   return connection.send(message.createReply(QVariant::fromValue(count)));
 }
 

@@ -1,6 +1,7 @@
 // One tree over the whole page: every row and control is there, drawn or not, and acts.
 
 #include "VemraQt/Page.hpp"
+#include "VemraQt/accessibility/LaterQt.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
 
 #include <QApplication>
@@ -122,6 +123,22 @@ TEST(AccessibleTree, RolesStatesAndValuesOfAnOpenEditor) {
   EXPECT_FALSE(accessible(host, prefix + ".save")->state().disabled);
   EXPECT_TRUE(press(*accessible(host, prefix + ".save")));
   EXPECT_THAT(host.log, ElementsAre("record p1 somethingElse Hello nil"));
+}
+
+TEST(AccessibleTree, APickerChoosesAmongItsChildren) {
+  WindowHost host(resultWith(2));
+  host.press("vemra.goal.person.p1.outcome.start");
+  QAccessibleInterface& picker = *accessible(host, "vemra.goal.person.p1.outcome.picker");
+  auto& selection = dynamic_cast<qt::SelectionInterface&>(picker);
+  EXPECT_THAT(selection.selectedItems(), ElementsAre(picker.child(4)));
+  EXPECT_EQ(selection.selectedItemCount(), 1);
+  EXPECT_TRUE(selection.select(picker.child(2)));
+  EXPECT_TRUE(selection.isSelected(picker.child(2)));
+  EXPECT_FALSE(selection.isSelected(picker.child(4)));
+  EXPECT_EQ(picker.text(QAccessible::Value), "Introduced");
+  EXPECT_FALSE(selection.select(&picker)) << "it is no choice of its own";
+  EXPECT_FALSE(selection.unselect(picker.child(2)) || selection.selectAll() || selection.clear());
+  EXPECT_THAT(selection.selectedItems(), ElementsAre(picker.child(2)));
 }
 
 TEST(AccessibleTree, WhatIsNotDrawnLacksShowingOnlyAndActs) {
