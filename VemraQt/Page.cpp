@@ -225,16 +225,21 @@ bool Page::askForRows() {
 
 QRect Page::frameOnPage(const RenderNode& leaf) const {
   const bool rightToLeft = area_.layoutDirection() == Qt::RightToLeft;
-  const int pageWidth = tree_.root() ? tree_.root()->measuredWidth : 0;
   const RenderNode* row = rowOf(const_cast<RenderNode*>(&leaf));
-  if (!row) return rightToLeft ? mirrored(leaf.frame, pageWidth) : leaf.frame;
-  const RenderNode& list = *row->parent;
-  const ui::Insets padding = list.element.padding();
-  const QRect rows = rightToLeft ? mirrored(list.frame, pageWidth) : list.frame;
-  const QRect frame = rightToLeft ? mirrored(leaf.frame, row->measuredWidth) : leaf.frame;
-  const int leading = rightToLeft ? padding.trailing : padding.leading;
-  const int top = static_cast<int>(list.rows->top(row->rowIndex)) + padding.top;
-  return frame.translated(rows.left() + leading, rows.top() + top);
+  const int scopeWidth = (row ? row : tree_.root())->measuredWidth;
+  const QRect frame = rightToLeft ? mirrored(leaf.frame, scopeWidth) : leaf.frame;
+  if (!row) return frame;
+  const ui::Insets padding = row->parent->element.padding();
+  const QRect whole = rowFrameOnPage(*row->parent, row->rowIndex);
+  return frame.translated(whole.left() + (rightToLeft ? padding.trailing : padding.leading),
+                          whole.top() + padding.top);
+}
+
+QRect Page::rowFrameOnPage(const RenderNode& list, std::size_t index) const {
+  const bool rightToLeft = area_.layoutDirection() == Qt::RightToLeft;
+  const QRect rows = rightToLeft ? mirrored(list.frame, tree_.root()->measuredWidth) : list.frame;
+  return QRect(rows.x(), rows.y() + static_cast<int>(list.rows->top(index)), rows.width(),
+               list.rows->height(index));
 }
 
 bool Page::isInViewport(const RenderNode& leaf) const {

@@ -72,6 +72,8 @@ class Page final : public ui::Renderer, public EventSink {
   const Looks& looks() const { return context_.looks; }
   /// The element's frame on the whole page, in pixels from its top left corner.
   QRect frameOnPage(const RenderNode& leaf) const;
+  /// The same of a row of a windowed list, there or not; what nobody has measured is estimated.
+  QRect rowFrameOnPage(const RenderNode& list, std::size_t index) const;
   int contentHeight() const { return contentHeight_; }
   int scrollPosition() const { return scroll_; }
   std::size_t widgetCount() const { return pool_.size(); }

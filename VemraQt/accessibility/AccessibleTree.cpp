@@ -69,7 +69,7 @@ int AccessibleTree::indexOf(const QAccessibleInterface* object) {
 }
 
 AccessibleElement* AccessibleTree::objectOf(const RenderNode& leaf) {
-  const RenderNode* rowNode = rowOf(const_cast<RenderNode*>(&leaf));
+  const ui::Node* rowNode = rowHolding(leaf.id);
   AccessibleRow* row = rowNode ? rowAt(rowNode->parent->id, rowNode->rowIndex) : nullptr;
   if (rowNode && !row) return nullptr;
   for (ElementSlot& slot : elementsOf(row)) {
@@ -131,9 +131,18 @@ const ui::Node* AccessibleTree::nodeOf(AccessibleRow& row) {
   return row.isLeaving() ? nullptr : find(page_.graph().lookAtRow(row.list, row.index));
 }
 
+/// Of rows in rows the outermost one: what is in it is all on one level.
+const ui::Node* AccessibleTree::rowHolding(NodeID id) const {
+  const ui::Node* row = nullptr;
+  for (const ui::Node* node = find(id); node; node = node->parent) {
+    if (node->isRow) row = node;
+  }
+  return row;
+}
+
 AccessibleRow* AccessibleTree::knownRow(NodeID rowNode) const {
-  const RenderNode* node = page_.tree().find(rowNode);
-  if (!node || !node->isRow()) return nullptr;
+  const ui::Node* node = find(rowNode);
+  if (!node || !node->isRow) return nullptr;
   auto list = lists_.find(node->parent->id);
   if (list == lists_.end()) return nullptr;
   auto row = list->second.rows.find(node->rowIndex);

@@ -133,6 +133,7 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   AccessibleElement* knownObject(ui::NodeID node, ElementSlot** slot = nullptr);
   void refreshList(ui::NodeID list);
   AccessibleRow* rowAt(ui::NodeID list, std::size_t index);
+  const ui::Node* rowHolding(ui::NodeID node) const;
   AccessibleRow* knownRow(ui::NodeID rowNode) const;
   std::vector<std::size_t> rowsToSearch(ui::NodeID list, const std::string& identifier,
                                         Search search);

@@ -29,10 +29,16 @@ QRect onScreen(const QAbstractScrollArea& area, const QRect& onPage, int scroll)
 QRect AccessibleTree::rectOf(AccessibleRow& row) {
   refreshList(row.list);
   const RenderNode* list = page_.tree().find(row.list);
-  if (!list || !list->rows || row.index >= list->rows->count()) return QRect();
-  const QRect frame(list->frame.x(), list->frame.y() + static_cast<int>(list->rows->top(row.index)),
-                    list->frame.width(), list->rows->height(row.index));
-  return onScreen(area_, frame, page_.scrollPosition());
+  if (!list) return QRect();
+  if (!list->rows) {  // a list that is never windowed has no frames for its rows
+    const ui::Node* node = nodeOf(row);
+    RenderNode* shown = node ? page_.tree().find(node->id) : nullptr;
+    QRect whole;
+    if (shown) forEachLeaf(*shown, [&](RenderNode& leaf) { whole |= page_.frameOnPage(leaf); });
+    return onScreen(area_, whole, page_.scrollPosition());
+  }
+  if (row.index >= list->rows->count()) return QRect();
+  return onScreen(area_, page_.rowFrameOnPage(*list, row.index), page_.scrollPosition());
 }
 
 QRect AccessibleTree::rectOf(AccessibleRow* row, NodeID node) {
@@ -95,8 +101,8 @@ void AccessibleTree::press(AccessibleRow* row, NodeID pressed) {
 }
 
 void AccessibleTree::childrenChanged(const RenderNode& parent) {
-  const RenderNode* row = rowOf(const_cast<RenderNode*>(&parent));
-  if (row && !parent.rows && isWatched()) changedRows_.push_back(row->id);
+  if (!isWatched()) return;
+  if (const ui::Node* row = rowHolding(parent.id)) changedRows_.push_back(row->id);
 }
 
 void AccessibleTree::elementUpdated(const RenderNode& node) {
@@ -146,10 +152,9 @@ void AccessibleTree::tell(const ChildChange& change) {
 }
 
 AccessibleElement* AccessibleTree::knownObject(NodeID node, ElementSlot** its) {
-  const RenderNode* leaf = page_.tree().find(node);
-  const RenderNode* rowNode = leaf ? rowOf(const_cast<RenderNode*>(leaf)) : nullptr;
+  const ui::Node* rowNode = rowHolding(node);
   AccessibleRow* row = rowNode ? knownRow(rowNode->id) : nullptr;
-  if (!leaf || (rowNode && !row)) return nullptr;
+  if (rowNode && !row) return nullptr;
   for (ElementSlot& slot : elementsOf(row)) {
     if (slot.node != node) continue;
     if (its) *its = &slot;

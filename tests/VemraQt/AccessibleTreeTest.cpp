@@ -155,6 +155,34 @@ TEST(AccessibleTree, WhatIsNotDrawnLacksShowingOnlyAndActs) {
   EXPECT_EQ(host.widget.verticalScrollBar()->value(), 0) << "pressing alone scrolls nowhere";
 }
 
+TEST(AccessibleTree, EveryRowStandsAroundItsElementsInEitherDirection) {
+  const std::vector<std::string> names{"Ada", "Bo", "Cleo"};
+  const auto itself = [](const std::string& name) { return std::string_view(name); };
+  const auto text = [](const std::string& name) { return ui::Text(ui::verbatim(name)); };
+  for (const auto direction :
+       {ui::LayoutDirection::leftToRight, ui::LayoutDirection::rightToLeft}) {
+    qt::ViewWidget widget;
+    widget.resize(400, 300);
+    ui::Environment environment;
+    environment.layoutDirection = direction;
+    widget.setEnvironment(environment);
+    // Beside a text, the rows are not in the middle of the page.
+    const ui::View rows = ui::VStack(ui::HorizontalAlignment::leading, 4,
+                                     {ui::ForEach(std::span(names), itself, text)});
+    widget.setRoot(ui::HStack(ui::VerticalAlignment::top, 8, {text("beside"), rows}));
+    widget.show();
+    QAccessibleInterface& page = *QAccessible::queryAccessibleInterface(&widget);
+    ASSERT_EQ(page.childCount(), 4);
+    for (int i = 1; i < 4; ++i) {
+      QAccessibleInterface& row = *page.child(i);
+      EXPECT_TRUE(row.rect().contains(row.child(0)->rect())) << name(row);
+      EXPECT_FALSE(row.state().offscreen);
+      const QPoint middle = row.child(0)->rect().center();
+      EXPECT_EQ(page.childAt(middle.x(), middle.y()), &row) << name(row);
+    }
+  }
+}
+
 TEST(AccessibleTree, AnEditorOpenedFarAwayIsScrolledInWithTheFocus) {
   WindowHost host(resultWith(5000));
   EXPECT_TRUE(press(*accessible(host, far + ".outcome.start")));
