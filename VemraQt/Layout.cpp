@@ -70,7 +70,7 @@ QSize measureList(RenderNode& list, int width, int spacing, const LeafMetrics& m
     if (row->rowIndex < count)
       heights.setHeight(row->rowIndex, row->size.height() + along(padding));
   }
-  return QSize(width, static_cast<int>(heights.total()));
+  return QSize(width, heights.totalOnPage());
 }
 
 QSize measureColumn(RenderNode& node, int width, int spacing, const LeafMetrics& metrics) {

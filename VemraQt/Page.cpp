@@ -238,7 +238,7 @@ QRect Page::frameOnPage(const RenderNode& leaf) const {
 QRect Page::rowFrameOnPage(const RenderNode& list, std::size_t index) const {
   const bool rightToLeft = area_.layoutDirection() == Qt::RightToLeft;
   const QRect rows = rightToLeft ? mirrored(list.frame, tree_.root()->measuredWidth) : list.frame;
-  return QRect(rows.x(), rows.y() + static_cast<int>(list.rows->top(index)), rows.width(),
+  return QRect(rows.x(), rows.y() + list.rows->topOnPage(index), rows.width(),
                list.rows->height(index));
 }
 

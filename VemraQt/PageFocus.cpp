@@ -117,7 +117,7 @@ RenderNode* Page::rowAt(RenderNode& list, std::size_t index) {
   };
   if (RenderNode* row = find()) return row;
   if (filling_) return nullptr;
-  const int top = list.frame.top() + static_cast<int>(list.rows->top(index));
+  const int top = list.frame.top() + list.rows->topOnPage(index);
   scrollTo(top - area_.viewport()->height() / 3);
   return find();
 }

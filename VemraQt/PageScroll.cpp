@@ -76,7 +76,7 @@ void Page::captureAnchor(AnchorReason reason) {
       if (inList < 0 || inList >= list->frame.height()) continue;
       anchor.list = list->id;
       anchor.row = list->rows->rowAt(inList);
-      anchor.offset = inList - static_cast<int>(list->rows->top(anchor.row));
+      anchor.offset = inList - list->rows->topOnPage(anchor.row);
     }
   }
   anchor_ = std::move(anchor);
@@ -97,7 +97,7 @@ void Page::restoreAnchor() {
       scroll_ = frame.top() - top;
     } else if (const RenderNode* list = tree_.find(anchor_->list); list && list->rows->count()) {
       const std::size_t row = std::min(anchor_->row, list->rows->count() - 1);
-      scroll_ = list->frame.top() + static_cast<int>(list->rows->top(row)) +
+      scroll_ = list->frame.top() + list->rows->topOnPage(row) +
                 std::min(anchor_->offset, list->rows->height(row) - 1);
     }
   }

@@ -37,6 +37,14 @@ std::int64_t RowHeights::total() const {
   return count_ == 0 ? 0 : top(count_) - gap_;
 }
 
+int RowHeights::topOnPage(std::size_t row) const {
+  return static_cast<int>(std::min(top(row), farthest));
+}
+
+int RowHeights::totalOnPage() const {
+  return static_cast<int>(std::min(total(), farthest));
+}
+
 std::size_t RowHeights::rowAt(std::int64_t distance) const {
   if (distance < 0) return 0;
   const std::int64_t extent = estimate_ + gap_;

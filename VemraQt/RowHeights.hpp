@@ -17,6 +17,10 @@ namespace vemra::qt {
 /// Lengths are whole pixels. `gap` is the space between two rows.
 class RowHeights {
  public:
+  /// As far as a page reaches down a list, in pixels: a widget's coordinates are 32 bits wide, and
+  /// there must be room for what else is on the page. Ten million rows of a hundred pixels.
+  static constexpr std::int64_t farthest = std::int64_t{1} << 30;
+
   /// Takes every row for unmeasured; the estimate stays.
   void reset(std::size_t count, int gap);
   /// What unmeasured rows are taken for. Takes every row for unmeasured.
@@ -35,6 +39,9 @@ class RowHeights {
   int height(std::size_t row) const;
   /// From the first row's top to the last row's bottom.
   std::int64_t total() const;
+  /// `top` and `total` as coordinates on a page: what lies beyond the farthest place stands there.
+  int topOnPage(std::size_t row) const;
+  int totalOnPage() const;
   /// The row at a distance from the first row's top; the nearest one outside. Needs a row.
   std::size_t rowAt(std::int64_t distance) const;
 

@@ -258,3 +258,24 @@ TEST(Windowing, TheScrollBarIsThereWhileThereIsSomethingToScroll) {
   host.widget.resize(720, host.widget.contentHeight() - 1);
   EXPECT_TRUE(host.widget.verticalScrollBar()->isVisible());
 }
+
+TEST(Windowing, AListHigherThanAWidgetCanBeEndsEarlier) {
+  struct Endless final : ui::RowSource {
+    std::size_t count() const override { return 200'000'000; }
+    std::string_view key(std::size_t) const override { return "row"; }
+    ui::View row(std::size_t) const override { return ui::Text(ui::verbatim("row")); }
+  };
+  qt::ViewWidget widget;
+  widget.resize(300, 400);
+  widget.setRoot(ui::VStack(ui::HorizontalAlignment::leading, 0,
+                            {ui::ForEach(std::make_shared<Endless>()),
+                             ui::Text(ui::verbatim("foot")).accessibilityIdentifier("foot")}));
+  widget.show();
+  QScrollBar& scrollBar = *widget.verticalScrollBar();
+  EXPECT_GE(widget.contentHeight(), 1 << 30);
+  scrollBar.setValue(scrollBar.maximum());
+  const auto* foot = widget.findChild<QWidget*>("foot");
+  ASSERT_TRUE(foot);
+  EXPECT_FALSE(foot->visibleRegion().isEmpty());
+  EXPECT_LT(widget.widgetCount(), 100U);
+}
