@@ -15,7 +15,6 @@ namespace vemra::qt {
 
 namespace {
 
-constexpr int smallestTarget = 24;
 constexpr int fieldMargin = 6;
 // A line for a note is wide enough for a sentence, not as wide as any screen.
 constexpr int widestFieldInEms = 34;

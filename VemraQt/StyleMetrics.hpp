@@ -14,9 +14,13 @@ namespace vemra::qt {
 
 struct Choice;
 
+/// What can be hit is this large at least, in pixels either way (Web Content Accessibility
+/// Guidelines 2.2, "target size").
+inline constexpr int smallestTarget = 24;
+
 /// How large the elements are in the widget style of a page.
 ///
-/// A control is never smaller than 24 by 24 pixels, so that it can be hit. A title that is wider
+/// A control is never smaller than `smallestTarget`. A title that is wider
 /// than the page goes on in further lines.
 class StyleMetrics final : public LeafMetrics {
  public:

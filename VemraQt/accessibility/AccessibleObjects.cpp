@@ -1,5 +1,6 @@
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 
+#include "VemraPlatform/text/Trim.hpp"
 #include "VemraQt/Page.hpp"
 #include "VemraQt/accessibility/AccessibleControls.hpp"
 
@@ -40,7 +41,10 @@ QString AccessibleRow::textOf(QAccessible::Text kind) const {
   for (const ElementSlot& slot : tree().elementsOf(const_cast<AccessibleRow*>(this))) {
     if (slot.kind != ui::ElementKind::text && slot.kind != ui::ElementKind::button) continue;
     const ui::Node* node = tree().find(slot.node);
-    return node ? toQString(node->element.shownLabel()) : QString();
+    if (!node) return {};
+    // A group without a name could not be told from its neighbours by ear.
+    const std::string_view shown = node->element.shownLabel();
+    if (!text::isBlank(shown)) return toQString(shown);
   }
   return {};
 }

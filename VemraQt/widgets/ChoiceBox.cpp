@@ -1,10 +1,13 @@
 #include "VemraQt/widgets/ChoiceBox.hpp"
 
+#include "VemraQt/StyleMetrics.hpp"
+
 #include <algorithm>
 
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
+#include <QProxyStyle>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
 #include <QWheelEvent>
@@ -32,6 +35,18 @@ bool sameLabels(const QComboBox& box, const std::vector<Choice>& choices) {
 QString literal(QString text) {
   return text.replace(u'&', QLatin1String("&&")).replace(u'\t', u' ');
 }
+
+/// Another style with choices that are as large as any other target.
+class LargeChoices final : public QProxyStyle {
+ public:
+  explicit LargeChoices(const QString& style) : QProxyStyle(style) {}
+
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                         const QWidget* widget) const override {
+    const QSize usual = QProxyStyle::sizeFromContents(type, option, size, widget);
+    return type == CT_MenuItem ? usual.expandedTo(QSize(0, smallestTarget)) : usual;
+  }
+};
 
 }  // namespace
 
@@ -75,7 +90,11 @@ void ChoiceBox::showPopup() {
   if (menu_ || choices_.empty()) return;
   menu_ = new QMenu(this);
   menu_->setAttribute(Qt::WA_DeleteOnClose);
+  auto* large = new LargeChoices(style()->name());
+  large->setParent(menu_);
+  menu_->setStyle(large);
   menu_->setFont(font());
+  menu_->setPalette(looks().palette());  // windows do not take it from the page
   menu_->setMinimumWidth(width());
   QAction* current = nullptr;
   for (int i = 0; i < count(); ++i) {

@@ -1,108 +1,155 @@
 // What a person who audits the page for accessibility would hold against it.
 
-#include "VemraQt/Page.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
-#include "tests/VemraQt/Strings.hpp"
+#include "tests/VemraQt/HardScreen.hpp"
+#include "tests/VemraQt/Palettes.hpp"
 
 #include <map>
 #include <set>
 
 #include <QApplication>
-#include <QScrollBar>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTest>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace vemra;
 using namespace vemra::qttest;
+using ::testing::ElementsAreArray;
 
 namespace {
 
-/// Every face of the screen in one: open editors, outcomes, corrections with notes, long names.
-void makeItHard(WindowHost& host) {
-  host.change([](Result& result) {
-    std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
-    people[1].displayName = "Maximiliane-Friederike Rosenbaum-Oberhuber von und zu Tannenwald";
-    people[2].displayName = std::string(150, 'W');
-    people[3].why = GoalWhyDTO::evidence("Email", "Weitergeleitet <b>& besprochen</b>", "x");
-    result.people = people;
-    GoalOutcomeDTO first, second;
-    first.id = "a";
-    first.subjectRef = "p4";
-    first.value = GoalOutcomeValue::noActionTaken;
-    first.note =
-        "A note that is long enough to go on in another line, even on a wide page, which "
-        "it has to do without being cut.\nAnd a second paragraph.";
-    second = first;
-    second.id = "b";
-    second.subjectRef = "p5";
-    second.correctsOutcomeID = "a";
-    result.outcomes = {first, second};
-  });
-  for (const char* ref : {"person.p0", "person.p5", "path"}) {
-    const std::string prefix = std::string("vemra.goal.") + ref + ".outcome.";
-    QAccessibleInterface* button = accessible(host, prefix + "start");
-    if (!button) button = accessible(host, prefix + "correct");
-    press(*button);
-  }
-  QApplication::processEvents();
+std::string roleOf(const QAccessibleInterface& element) {
+  static const std::map<QAccessible::Role, std::string> names{
+      {QAccessible::StaticText, "text"},    {QAccessible::Button, "button"},
+      {QAccessible::ComboBox, "picker"},    {QAccessible::ListItem, "choice"},
+      {QAccessible::EditableText, "field"}, {QAccessible::Grouping, "group"},
+  };
+  auto found = names.find(element.role());
+  return found == names.end() ? "role " + std::to_string(element.role()) : found->second;
 }
 
-struct Look {
-  const char* name;
-  int width;
-  double scale;
-  ui::LayoutDirection direction;
-  std::shared_ptr<const ui::StringsTable> strings;
+/// "role: name #identifier", what assistive technology tells of an element.
+std::vector<std::string> told(QAccessibleInterface& page) {
+  std::vector<std::string> lines;
+  for (QAccessibleInterface* element : elementsBelow(page)) {
+    std::string line = roleOf(*element) + ": " + name(*element);
+    if (!identifier(*element).empty()) line += " #" + identifier(*element);
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+/// The focused control's identifier or title, and its place on the page.
+struct Stop {
+  std::string name;
+  QRect place;
 };
 
-std::vector<Look> looks() {
-  const auto left = ui::LayoutDirection::leftToRight;
-  const auto right = ui::LayoutDirection::rightToLeft;
-  const auto pseudo = std::make_shared<PseudoStrings>();
-  const auto hebrew = std::make_shared<HebrewStrings>();
-  return {
-      {"wide", 900, 1, left, nullptr},
-      {"narrow", 320, 1, left, nullptr},
-      {"at 200 %", 640, 2, left, nullptr},
-      {"narrow at 200 %", 320, 2, left, nullptr},
-      {"at 300 %", 700, 3, left, nullptr},
-      {"narrow at 300 %", 320, 3, left, pseudo},
-      {"longer words", 420, 1.5, left, pseudo},
-      {"right to left", 500, 1, right, hebrew},
-      {"narrow, right to left, at 200 %", 320, 2, right, hebrew},
-  };
-}
-
-void dress(WindowHost& host, const Look& look) {
-  ui::Environment environment;
-  environment.textScale = look.scale;
-  environment.layoutDirection = look.direction;
-  environment.strings = look.strings;
-  host.widget.setEnvironment(environment);
-  host.widget.resize(look.width, 700);
-}
-
-template <class Visit>
-void forEachPlaced(const WindowHost& host, Visit visit) {
-  qt::Page& page = host.widget.page();
-  QScrollBar& bar = *host.widget.verticalScrollBar();
-  for (int position = 0;; position += 500) {
-    bar.setValue(position);
-    qt::forEachLeaf(*page.tree().root(), [&](qt::RenderNode& leaf) {
-      if (leaf.widget) visit(leaf);
-    });
-    if (position >= bar.maximum()) break;
+/// The stops of Tab from the page's first control to its last one.
+std::vector<Stop> tabStops(WindowHost& host) {
+  std::vector<Stop> stops;
+  host.widget.setFocus();
+  for (int i = 0; i < 200; ++i) {
+    QWidget* from = host.widget.focusWidget();
+    QTest::keyClick(from ? from : &host.widget, Qt::Key_Tab);
+    const qt::RenderNode* focused = host.widget.page().focusedNode();
+    if (!focused) break;
+    const QRect place = host.widget.page().frameOnPage(*focused);
+    if (!stops.empty() && place == stops.front().place) break;
+    stops.push_back({called(*focused), place});
   }
+  return stops;
 }
 
 }  // namespace
 
-TEST(Audit, EveryControlHasARoleAndAName) {
+TEST(Audit, EveryKindOfElementHasItsRole) {
+  WindowHost host(resultWith(4));
+  host.press("vemra.goal.person.p1.outcome.start");
+  host.change([](Result& result) {
+    GoalOutcomeDTO outcome;
+    outcome.id = "o2";
+    outcome.subjectRef = "p2";
+    outcome.note = "by phone";
+    outcome.correctsOutcomeID = "o1";
+    result.outcomes = {outcome};
+  });
+  const std::vector<std::string> expected{
+      "text: Find a design lead",
+      "text: People worth considering",
+      "group: Person Number 0",
+      "button: Person Number 0",
+      "text: Email: Asked about design leads in March",
+      "button: Show source #vemra.goal.person.p0.show-source",
+      "button: Record outcome #vemra.goal.person.p0.outcome.start",
+      "group: Person Number 1",
+      "button: Person Number 1",
+      "text: Connected through 1 shared relationship",
+      "picker: Outcome #vemra.goal.person.p1.outcome.picker",
+      "choice: Reached out",
+      "choice: Invited",
+      "choice: Introduced",
+      "choice: Helped",
+      "choice: Was useful",
+      "choice: Not a fit",
+      "choice: No action taken",
+      "choice: Something else",
+      "field: Note (optional) #vemra.goal.person.p1.outcome.note",
+      "button: Save #vemra.goal.person.p1.outcome.save",
+      "button: Cancel #vemra.goal.person.p1.outcome.cancel",
+      "group: Person Number 2",
+      "button: Person Number 2",
+      "text: 4 shared threads, 2 shared meetings",
+      "button: Show source #vemra.goal.person.p2.show-source",
+      "text: Reached out",
+      "text: \u00b7 corrected #vemra.goal.person.p2.outcome.corrected-marker",
+      "button: Correct #vemra.goal.person.p2.outcome.correct",
+      "text: by phone",
+      "group: Person Number 3",
+      "button: Person Number 3",
+      "text: Matches on name",
+      "button: Record outcome #vemra.goal.person.p3.outcome.start",
+      "text: Supported path",
+      "text: Connected through 1 shared relationship",
+      "button: See in Starfold #vemra.goal.path.see-in-starfold",
+      "button: Record outcome #vemra.goal.path.outcome.start",
+      "text: Based on 12 piece(s) of evidence from Mail, Calendar, through Jan 5, 2025.",
+  };
+  EXPECT_THAT(told(accessiblePage(host)), ElementsAreArray(expected));
+}
+
+TEST(Audit, EveryElementHasANameUnlessTheDataGiveItNone) {
   WindowHost host(resultWith(30));
   makeItHard(host);
+  std::vector<std::string> nameless;
   for (QAccessibleInterface* element : elementsBelow(accessiblePage(host))) {
-    EXPECT_NE(element->role(), QAccessible::NoRole);
-    EXPECT_FALSE(name(*element).empty()) << identifier(*element);
+    if (name(*element).empty()) nameless.push_back(roleOf(*element));
   }
+  EXPECT_THAT(nameless, ElementsAreArray({"button"})) << "that of the person with an empty name";
+}
+
+TEST(Audit, AGroupOfAPersonWithoutANameIsCalledByWhatIsSaidOfThem) {
+  Result result = resultWith(4);
+  std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
+  people[0].displayName = "";
+  people[1].displayName = " \t";
+  people[2].displayName = std::nullopt;
+  result.people = people;
+  WindowHost host(result);
+  std::vector<std::string> groups;
+  std::set<std::string> identifiers;
+  for (QAccessibleInterface* element : elementsBelow(accessiblePage(host))) {
+    if (roleOf(*element) == "group") groups.push_back(name(*element));
+    if (!identifier(*element).empty()) {
+      EXPECT_TRUE(identifiers.insert(identifier(*element)).second) << identifier(*element);
+    }
+  }
+  EXPECT_THAT(groups, ElementsAreArray({"Email: Asked about design leads in March",
+                                        "Connected through 1 shared relationship", "Unnamed person",
+                                        "Person Number 3"}));
 }
 
 TEST(Audit, IdentifiersAreUniqueWhenReferencesAre) {
@@ -116,26 +163,63 @@ TEST(Audit, IdentifiersAreUniqueWhenReferencesAre) {
   for (const auto& [identifier, times] : count) EXPECT_EQ(times, 1) << identifier;
 }
 
-TEST(Audit, TargetsAreLargeEnoughToHit) {
-  WindowHost host(resultWith(30));
-  makeItHard(host);
-  forEachPlaced(host, [](qt::RenderNode& leaf) {
-    if (leaf.element.kind() == ui::ElementKind::text) return;
-    EXPECT_GE(leaf.frame.width(), 24) << leaf.element.shownLabel();
-    EXPECT_GE(leaf.frame.height(), 24) << leaf.element.shownLabel();
-  });
+TEST(Audit, TargetsAreLargeEnoughToHitInEveryLook) {
+  AsBefore asBefore;
+  std::map<std::string, int> audited;
+  const auto audit = [&](const WindowHost& host, const std::string& look) {
+    forEachPlaced(host, [&](qt::RenderNode& leaf) {
+      if (leaf.element.kind() == ui::ElementKind::text) return;
+      ++audited[look];
+      for (const QSize& size : {leaf.frame.size(), leaf.widget->widget().size()}) {
+        EXPECT_GE(size.width(), 24) << look << ": " << called(leaf);
+        EXPECT_GE(size.height(), 24) << look << ": " << called(leaf);
+      }
+    });
+  };
+  for (const Look& look : looks()) {
+    WindowHost host(resultWith(8));
+    dress(host, look);
+    makeItHard(host);
+    audit(host, look.name);
+  }
+  for (const Colours& each : colours()) {
+    WindowHost host(resultWith(8));
+    dress(host, each);
+    makeItHard(host);
+    audit(host, each.name);
+  }
+  for (const auto& [look, count] : audited) EXPECT_GE(count, 8 * 2) << look;
 }
 
-TEST(Audit, NothingIsCutOrCoveredInAnyLook) {
+TEST(Audit, ChoicesInAMenuAreLargeEnoughToHitAndAsDarkAsThePage) {
+  for (const double scale : {1.0, 2.0}) {
+    WindowHost host(resultWith(1));
+    ui::Environment environment;
+    environment.textScale = scale;
+    environment.colorScheme = ui::ColorScheme::dark;
+    host.widget.setEnvironment(environment);
+    host.press("vemra.goal.person.p0.outcome.start");
+    host.get<QComboBox>("vemra.goal.person.p0.outcome.picker").showPopup();
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    ASSERT_EQ(menu->actions().size(), 8);
+    for (QAction* action : menu->actions()) {
+      EXPECT_GE(menu->actionGeometry(action).height(), 24) << qPrintable(action->text());
+    }
+    EXPECT_EQ(menu->palette().color(QPalette::Base), host.widget.page().looks().background());
+    menu->close();
+  }
+}
+
+TEST(Audit, NothingIsOutsideThePageOrCoveredInAnyLook) {
   for (const Look& look : looks()) {
-    WindowHost host(resultWith(12));
+    WindowHost host(resultWith(8));
     dress(host, look);
     makeItHard(host);
     const int width = host.widget.viewport()->width();
     forEachPlaced(host, [&](qt::RenderNode& leaf) {
       const QWidget& widget = leaf.widget->widget();
-      const std::string what =
-          std::string(look.name) + ": " + std::string(leaf.element.shownLabel());
+      const std::string what = look.name + ": " + called(leaf);
       const QRect frame = host.widget.page().frameOnPage(leaf);
       EXPECT_GE(frame.left(), 24) << what;
       EXPECT_LE(frame.right() + 1, width - 24) << what;
@@ -144,7 +228,7 @@ TEST(Audit, NothingIsCutOrCoveredInAnyLook) {
       qt::forEachLeaf(*host.widget.page().tree().root(), [&](qt::RenderNode& other) {
         if (&other == &leaf || !other.widget) return;
         EXPECT_FALSE(frame.intersects(host.widget.page().frameOnPage(other)))
-            << what << " and " << other.element.shownLabel();
+            << what << " and " << called(other);
       });
     });
     EXPECT_FALSE(host.widget.horizontalScrollBar()->isVisible()) << look.name;
@@ -179,5 +263,50 @@ TEST(Audit, AccessibleOrderIsReadingOrder) {
   for (int i = 0; i < page.childCount(); ++i) {
     EXPECT_GE(page.child(i)->rect().y(), y) << name(*page.child(i));
     y = page.child(i)->rect().y();
+  }
+}
+
+TEST(Audit, FocusOrderIsReadingOrderInARowAndInAnOpenEditor) {
+  WindowHost host(resultWith(3));
+  host.press("vemra.goal.person.p0.outcome.start");
+  host.press("vemra.goal.person.p1.outcome.start");
+  host.press("vemra.goal.person.p1.outcome.save");
+  std::vector<std::string> names;
+  for (const Stop& stop : tabStops(host)) names.push_back(stop.name);
+  const std::string p0 = "vemra.goal.person.p0", p2 = "vemra.goal.person.p2";
+  const std::vector<std::string> expected{
+      "Person Number 0",
+      p0 + ".show-source",
+      p0 + ".outcome.picker",
+      p0 + ".outcome.note",
+      p0 + ".outcome.save",
+      p0 + ".outcome.cancel",
+      "Person Number 1",
+      "vemra.goal.person.p1.outcome.correct",
+      "Person Number 2",
+      p2 + ".show-source",
+      p2 + ".outcome.start",
+      "vemra.goal.path.see-in-starfold",
+      "vemra.goal.path.outcome.start",
+  };
+  EXPECT_THAT(names, ElementsAreArray(expected));
+}
+
+TEST(Audit, FocusGoesDownThePageAndAlongTheLineInEveryLook) {
+  for (const Look& look : looks()) {
+    WindowHost host(resultWith(8));
+    dress(host, look);
+    makeItHard(host);
+    const std::vector<Stop> stops = tabStops(host);
+    EXPECT_GE(stops.size(), 8u * 2 + 2 + 3 * 3) << look.name;
+    const bool rightToLeft = look.direction == ui::LayoutDirection::rightToLeft;
+    for (std::size_t i = 1; i < stops.size(); ++i) {
+      const QRect before = stops[i - 1].place, now = stops[i].place;
+      const bool isBelow = now.top() > before.bottom();
+      const bool isNext = now.bottom() >= before.top() && now.top() <= before.bottom() &&
+                          (rightToLeft ? now.right() < before.left() : now.left() > before.right());
+      EXPECT_TRUE(isBelow || isNext)
+          << look.name << ": " << stops[i].name << " after " << stops[i - 1].name;
+    }
   }
 }
