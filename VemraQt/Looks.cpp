@@ -2,6 +2,7 @@
 
 #include "VemraQt/Contrast.hpp"
 
+#include <algorithm>
 #include <cmath>
 
 namespace vemra::qt {
@@ -56,6 +57,13 @@ QFont::Weight weightOf(FontWeight weight) {
   return QFont::Normal;
 }
 
+/// The window's colour for which a style that draws its own frames gives them this colour: styles
+/// take the window's, darker by two fifths.
+QColor outlinedBy(const QColor& outline) {
+  const QColor hsv = outline.toHsv();
+  return QColor::fromHsv(hsv.hsvHue(), hsv.hsvSaturation(), std::min(255, hsv.value() * 7 / 5 + 1));
+}
+
 /// For a page in the other scheme than the system's.
 QPalette ownPalette(ColorScheme scheme) {
   const bool dark = scheme == ColorScheme::dark;
@@ -89,16 +97,25 @@ Looks::Looks(const QFont& systemFont, const QPalette& systemPalette,
       textScale_(environment.textScale) {
   const QColor page = background();
   const QColor ink = palette_.color(QPalette::Text);
-  secondary_ = readable(page, ink, page, 6.2);
-  tertiary_ = readable(page, ink, page, 4.55);
+  const QColor face = palette_.color(QPalette::Button);
+  // In high contrast a button has no face of its own, and everything has to stand out more.
+  const double strongest = contrast(ink, page);
+  const bool isHighContrast = strongest >= 10 && contrast(face, page) < 1.05;
+  secondary_ = readable(page, ink, page, isHighContrast ? (7.05 + strongest) / 2 : 6.2);
+  tertiary_ = readable(page, ink, page, isHighContrast ? 7.05 : 4.55);
   // Where no theme has set one, Qt's link is pure blue, harsh on light pages and unreadable on dark.
   const bool isThemed = palette_.color(QPalette::Link) != QColor(Qt::blue);
   link_ = readable(isThemed ? palette_.color(QPalette::Link)
                             : ownPalette(colorSchemeOf(palette_)).color(QPalette::Link),
                    ink, page, 4.55);
   disabled_ = palette_.color(QPalette::Disabled, QPalette::Text);
-  outline_ = readable(page, ink, page, 3.05);
-  focusRing_ = readable(palette_.color(QPalette::Highlight), ink, page, 3.1);
+  outline_ = readable(page, ink, page, isHighContrast ? 7.05 : 3.05);
+  windowForFrames_ = outlinedBy(outline_);
+  focusRing_ = palette_.color(QPalette::Highlight);
+  // Styles shade a button's face, and dark ones get an edge of light.
+  for (const QColor& behind : {page, face.lighter(180), face.darker(110)}) {
+    focusRing_ = readable(focusRing_, ink, behind, 3.1);
+  }
 }
 
 QFont Looks::font(const ui::Font& font) const {

@@ -109,7 +109,8 @@ QSize StyleMetrics::field(RenderNode& leaf, int width) const {
   option.lineWidth = page_.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, nullptr);
   leaf.shape = TextShape(toQString(leaf.element.shownLabel()), font, wide - 2 * fieldMargin - 4);
   const int lines = std::max(metrics.height(), leaf.shape.size().height());
-  const QSize text(wide, lines + 4);
+  // High accents reach past a font's ascent.
+  const QSize text(wide, lines + std::max(4, metrics.height() / 4));
   const QSize size = page_.style()->sizeFromContents(QStyle::CT_LineEdit, &option, text, nullptr);
   return QSize(wide, std::max(size.height(), smallestTarget));
 }

@@ -125,6 +125,7 @@ void ChoiceBox::paintEvent(QPaintEvent*) {
   QStyleOptionComboBox option;
   initStyleOption(&option);
   option.currentText.clear();
+  option.palette.setColor(QPalette::Window, looks().windowForFrames());
   option.state &= ~QStyle::State_HasFocus;
   painter.drawComplexControl(QStyle::CC_ComboBox, option);
   const QRect field =
@@ -133,7 +134,7 @@ void ChoiceBox::paintEvent(QPaintEvent*) {
   const int above = (height() - shape_.size().height()) / 2;
   shape_.draw(painter, QRect(field.x() + 2, above, field.width() - 4, shape_.size().height()),
               layoutDirection());
-  if (hasFocus()) drawFocusRing(painter, rect(), looks());
+  if (hasFocus()) drawFocusRing(painter, rect(), looks(), RingAround::frame);
 }
 
 void ChoiceBox::wheelEvent(QWheelEvent* event) {

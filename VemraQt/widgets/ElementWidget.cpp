@@ -30,12 +30,14 @@ QMargins overhang(const ui::Element& element) {
   return plain ? QMargins(4, 0, 4, 0) : QMargins();
 }
 
-void drawFocusRing(QPainter& painter, const QRect& place, const Looks& looks) {
+void drawFocusRing(QPainter& painter, const QRect& place, const Looks& looks, RingAround what) {
+  const int width = what == RingAround::text ? 2 : 3;
+  const double inset = width / 2.0;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(looks.focusRing(), 2));
+  painter.setPen(QPen(looks.focusRing(), width));
   painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(QRectF(place).adjusted(1, 1, -1, -1), 4, 4);
+  painter.drawRoundedRect(QRectF(place).adjusted(inset, inset, -inset, -inset), 4, 4);
   painter.restore();
 }
 

@@ -56,8 +56,11 @@ class ElementWidget {
 /// How far a widget's rectangle reaches past its element's frame, for its focus ring.
 QMargins overhang(const ui::Element& element);
 
+/// What a focus ring is drawn around: it is wider where it has to cover a frame.
+enum class RingAround { text, frame };
+
 /// Draws the focus ring just inside `place`.
-void drawFocusRing(QPainter& painter, const QRect& place, const Looks& looks);
+void drawFocusRing(QPainter& painter, const QRect& place, const Looks& looks, RingAround what);
 
 inline QString toQString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));

@@ -1,7 +1,10 @@
 #include "VemraQt/widgets/LineField.hpp"
 
+#include <algorithm>
+#include <cmath>
 #include <limits>
 
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionFrame>
@@ -23,15 +26,40 @@ QString displayed(QString text) {
   return text;
 }
 
+bool hasLineBreak(const QString& text) {
+  return std::any_of(text.begin(), text.end(), isLineBreak);
+}
+
+/// How the blank of a line break is written: with room for a mark as wide as a capital is high, and
+/// for some air on both sides.
+QTextCharFormat wideBreak(const QFont& font) {
+  QTextCharFormat format;
+  format.setFontLetterSpacingType(QFont::AbsoluteSpacing);
+  format.setFontLetterSpacing(QFontMetrics(font).capHeight() * 1.2);
+  return format;
+}
+
+/// A paste may have any number of lines; so many are marked.
+constexpr int mostWideBreaks = 500;
+
+QList<QTextLayout::FormatRange> wideBreaks(const QString& text, const QFont& font) {
+  QList<QTextLayout::FormatRange> ranges;
+  for (qsizetype i = 0; i < text.size() && ranges.size() < mostWideBreaks; ++i) {
+    if (isLineBreak(text[i])) ranges.append({static_cast<int>(i), 1, wideBreak(font)});
+  }
+  return ranges;
+}
+
 }  // namespace
 
 LineField::LineField(QWidget* parent, const PageContext& page)
     : QLineEdit(parent), ElementWidget(page) {
   setFocusPolicy(Qt::ClickFocus);
-  setFrame(false);  // it draws its own
-  setTextMargins(4, 2, 4, 2);
+  setFrame(false);             // it draws its own
+  setTextMargins(4, 0, 4, 0);  // high accents may use all of its height
   setMaxLength(std::numeric_limits<int>::max());
   connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
+    widenLineBreaks();
     if (!isTaking() && node()) deliver(ui::EditText{text.toStdString()});
   });
 }
@@ -58,15 +86,12 @@ void LineField::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   paintFrame(painter);
   if (displayText().isEmpty()) paintPrompt(painter);
-  if (text().contains(u'\n') || text().contains(u'\r') || text().contains(QChar::LineSeparator) ||
-      text().contains(QChar::ParagraphSeparator)) {
-    paintLineBreaks(painter);
-  }
+  if (hasWideBreaks_) paintLineBreaks(painter);
 }
 
 void LineField::paintFrame(QPainter& painter) {
   if (hasFocus()) {
-    drawFocusRing(painter, rect(), looks());
+    drawFocusRing(painter, rect(), looks(), RingAround::frame);
     return;
   }
   painter.save();
@@ -89,29 +114,63 @@ void LineField::paintPrompt(QPainter& painter) {
                layoutDirection());
 }
 
-/// A small arrow in the middle of every blank that stands for a line break. Where the text begins
-/// is told by the cursor, the only place of it that a line edit gives away.
+/// Writes the line breaks wider. A line edit takes formats for its text as an input method hands them
+/// in: relative to the cursor, in an event that changes nothing.
+void LineField::widenLineBreaks() {
+  const bool hasBreaks = hasLineBreak(text());
+  if (isComposing_ || (!hasBreaks && !hasWideBreaks_)) return;
+  hasWideBreaks_ = hasBreaks;
+  QList<QInputMethodEvent::Attribute> formats;
+  for (const QTextLayout::FormatRange& range : wideBreaks(text(), font())) {
+    formats.append({QInputMethodEvent::TextFormat, range.start - cursorPosition(), range.length,
+                    QVariant::fromValue(QTextFormat(range.format))});
+  }
+  QInputMethodEvent event(QString(), formats);
+  QLineEdit::inputMethodEvent(&event);
+}
+
+/// An arrow back to the line's start in the middle of every blank that stands for a line break.
+/// Where the text begins is told by the cursor, the only place of it that a line edit gives away.
 void LineField::paintLineBreaks(QPainter& painter) {
+  if (isComposing_) return;
   QTextLayout layout(displayed(text()), font());
+  layout.setFormats(wideBreaks(text(), font()));
   layout.beginLayout();
   QTextLine line = layout.createLine();
   layout.endLayout();
   if (!line.isValid()) return;
   const QRect cursor = cursorRect();
-  const qreal start = cursor.center().x() - line.cursorToX(cursorPosition());
-  const qreal middle = cursor.center().y() + 1;
+  const QFontMetrics metrics(font());
+  const qreal start = cursor.center().x() - std::round(line.cursorToX(cursorPosition()));
+  const qreal size = metrics.capHeight();
+  const qreal foot = cursor.top() + metrics.ascent() - size / 4;
   painter.setClipRect(rect().adjusted(4, 2, -4, -2));
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(looks().text(ui::ForegroundStyle::tertiary), 1));
-  for (qsizetype i = 0; i < text().size(); ++i) {
-    if (!isLineBreak(text()[i])) continue;
-    const qreal left = start + line.cursorToX(static_cast<int>(i));
-    const qreal right = start + line.cursorToX(static_cast<int>(i) + 1);
-    const qreal from = std::max(left, right);
-    const qreal to = std::min(left, right);
-    painter.drawPolyline(QPolygonF({{from, middle - 4}, {from, middle}, {to, middle}}));
-    painter.drawPolyline(QPolygonF({{to + 2, middle - 2}, {to, middle}, {to + 2, middle + 2}}));
+  painter.setPen(QPen(looks().text(ui::ForegroundStyle::tertiary), std::max(1.0, size / 9)));
+  for (const QTextLayout::FormatRange& range : wideBreaks(text(), font())) {
+    const qreal from = start + line.cursorToX(range.start);
+    const qreal to = start + line.cursorToX(range.start + 1);
+    const qreal middle = (from + to) / 2;
+    const qreal forward = from < to ? size / 2 : -size / 2;
+    const qreal tip = size / 4 * (from < to ? 1 : -1);
+    painter.drawPolyline(QPolygonF({{middle + forward, foot - size * 0.6},
+                                    {middle + forward, foot},
+                                    {middle - forward, foot}}));
+    painter.drawPolyline(QPolygonF({{middle - forward + tip, foot - size / 4},
+                                    {middle - forward, foot},
+                                    {middle - forward + tip, foot + size / 4}}));
   }
+}
+
+void LineField::inputMethodEvent(QInputMethodEvent* event) {
+  isComposing_ = !event->preeditString().isEmpty();
+  QLineEdit::inputMethodEvent(event);
+  widenLineBreaks();  // the event has brought other formats
+}
+
+void LineField::changeEvent(QEvent* event) {
+  QLineEdit::changeEvent(event);
+  if (event->type() == QEvent::FontChange) widenLineBreaks();
 }
 
 void LineField::keyPressEvent(QKeyEvent* event) {

@@ -31,8 +31,11 @@ void PushButton::letGo() {
 
 void PushButton::paintEvent(QPaintEvent*) {
   QStylePainter painter(this);
-  style_ == ui::ButtonStyle::plain ? paintPlain(painter) : paintFramed(painter);
-  if (hasFocus()) drawFocusRing(painter, rect(), looks());
+  const bool isPlain = style_ == ui::ButtonStyle::plain;
+  isPlain ? paintPlain(painter) : paintFramed(painter);
+  if (hasFocus()) {
+    drawFocusRing(painter, rect(), looks(), isPlain ? RingAround::text : RingAround::frame);
+  }
 }
 
 void PushButton::paintPlain(QPainter& painter) {
@@ -51,6 +54,7 @@ void PushButton::paintFramed(QPainter& painter) {
   QStyleOptionButton option;
   initStyleOption(&option);
   option.text.clear();
+  option.palette.setColor(QPalette::Window, looks().windowForFrames());
   option.state &= ~QStyle::State_HasFocus;
   style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
   painter.setPen(option.palette.color(QPalette::ButtonText));

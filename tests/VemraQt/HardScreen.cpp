@@ -16,7 +16,7 @@ void makeItHard(WindowHost& host) {
     people[3].why = GoalWhyDTO::evidence("Email", "Weitergeleitet <b>& besprochen</b>", "x");
     people[3].displayName = "";
     result.people = people;
-    GoalOutcomeDTO first, second;
+    GoalOutcomeDTO first, second, third;
     first.id = "a";
     first.subjectRef = "p4";
     first.value = GoalOutcomeValue::noActionTaken;
@@ -27,7 +27,11 @@ void makeItHard(WindowHost& host) {
     second.id = "b";
     second.subjectRef = "p5";
     second.correctsOutcomeID = "a";
-    result.outcomes = {first, second};
+    third = second;
+    second.note = "Met at the fair";
+    third.id = "c";
+    third.subjectRef = "p6";
+    result.outcomes = {first, second, third};
   });
   for (const char* ref : {"person.p0", "person.p5", "path"}) {
     const std::string prefix = std::string("vemra.goal.") + ref + ".outcome.";

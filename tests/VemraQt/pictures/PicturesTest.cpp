@@ -2,6 +2,7 @@
 // the environment rewrites them; look at them before they are kept.
 
 #include "VemraQt/Page.hpp"
+#include "tests/VemraQt/Palettes.hpp"
 #include "tests/VemraQt/Strings.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
 #include "tests/VemraQt/pictures/PictureDifference.hpp"
@@ -137,6 +138,24 @@ TEST_F(Pictures, Dark) {
   WindowHost host(oneOfEach(), pageSize);
   host.widget.setEnvironment(in(ui::ColorScheme::dark));
   expectPicture("dark", pictureOf(host));
+}
+
+TEST_F(Pictures, HighContrast) {
+  AsBefore asBefore;
+  QApplication::setPalette(highContrast());
+  WindowHost host(oneOfEach(), pageSize);
+  host.widget.setEnvironment(in(ui::ColorScheme::dark));
+  host.press("vemra.goal.person.p3.outcome.correct");
+  expectPicture("high-contrast", pictureOf(host));
+}
+
+TEST_F(Pictures, Narrow) {
+  Result result = oneOfEach();
+  result.outcomes = {
+      outcome("p3", GoalOutcomeValue::notAFit, "Moved to Lisbon\nback in autumn", std::nullopt)};
+  WindowHost host(result, QSize(320, 640));
+  host.press("vemra.goal.person.p3.outcome.correct");
+  expectPicture("narrow", pictureOf(host));
 }
 
 TEST_F(Pictures, TwiceTheSize) {

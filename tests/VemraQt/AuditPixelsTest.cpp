@@ -1,0 +1,270 @@
+// What a person sees of the page, told from its pixels: contrast, nothing cut, the focus ring.
+
+#include "VemraQt/Contrast.hpp"
+#include "tests/VemraQt/HardScreen.hpp"
+#include "tests/VemraQt/Palettes.hpp"
+#include "tests/VemraQt/Writing.hpp"
+
+#include <map>
+#include <set>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyleOptionComboBox>
+#include <gtest/gtest.h>
+
+using namespace vemra;
+using namespace vemra::qttest;
+using ui::ElementKind;
+
+namespace {
+
+class AuditPixels : public ::testing::Test {
+ protected:
+  void SetUp() override { QApplication::setFont(hardEdgedFont()); }
+
+ private:
+  AsBefore asBefore_;
+};
+
+const std::string p0 = "vemra.goal.person.p0.outcome";
+
+/// The kinds of things that are written on a page, for telling that all have been looked at.
+std::string kindOf(const qt::RenderNode& leaf) {
+  switch (leaf.element.kind()) {
+    case ElementKind::button:
+      return leaf.element.buttonStyle() == ui::ButtonStyle::plain ? "link" : "button";
+    case ElementKind::picker:
+      return "picker";
+    case ElementKind::textField:
+      return leaf.element.text().empty() ? "placeholder" : "note";
+    default:
+      switch (leaf.element.style().foreground) {
+        case ui::ForegroundStyle::primary:
+          return "text";
+        case ui::ForegroundStyle::secondary:
+          return "secondary text";
+        case ui::ForegroundStyle::tertiary:
+          return "tertiary text";
+      }
+  }
+  return "";
+}
+
+bool isFramed(const qt::RenderNode& leaf) {
+  const std::string kind = kindOf(leaf);
+  return kind != "link" && leaf.element.kind() != ElementKind::text;
+}
+
+/// Where the text of an element may stand in its widget's picture, its frame left out.
+QRect insideOf(const qt::RenderNode& leaf) {
+  const QRect all = leaf.widget->widget().rect();
+  return isFramed(leaf) ? all.adjusted(3, 3, -3, -3) : all;
+}
+
+/// The pixels of an element's lines where there is room on all sides.
+int pixelsOf(const qt::RenderNode& leaf, Qt::LayoutDirection direction) {
+  QImage canvas(leaf.shape.size() + QSize(200, 200), QImage::Format_RGB32);
+  canvas.fill(Qt::white);
+  QPainter painter(&canvas);
+  painter.setPen(Qt::black);
+  const bool isCentred = kindOf(leaf) == "button";
+  leaf.shape.draw(painter, QRect(QPoint(100, 100), leaf.shape.size()), direction,
+                  isCentred ? Qt::AlignHCenter : Qt::AlignLeading);
+  painter.end();
+  return writingIn(canvas, canvas.rect()).pixels;
+}
+
+/// Makes the window as high as its page, so that all of it can be seen at once.
+void unroll(WindowHost& host) {
+  for (int round = 0; round < 4; ++round) {
+    host.widget.resize(host.widget.width(), host.widget.contentHeight());
+  }
+  QApplication::processEvents();
+}
+
+void withoutFocus(WindowHost& host) {
+  host.widget.setFocus();
+}
+
+QImage pictureOf(const WindowHost& host) {
+  return host.widget.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+/// A widget as it stands on the page.
+QImage pictureOf(const WindowHost& host, const QWidget& control) {
+  const QRect place(control.mapTo(host.widget.viewport(), QPoint()), control.size());
+  return host.widget.viewport()->grab(place).toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+/// Calls `visit` for every element that shows something and can be used, with its own part of the
+/// whole page's picture.
+template <class Visit>
+void forEachDrawn(WindowHost& host, Visit visit) {
+  unroll(host);
+  withoutFocus(host);
+  const QImage page = pictureOf(host);
+  forEachPlaced(host, [&](qt::RenderNode& leaf) {
+    if (!leaf.element.style().enabled || called(leaf).empty()) return;
+    visit(leaf, page.copy(leaf.widget->widget().geometry()));
+  });
+}
+
+std::string hex(const QColor& color) {
+  return color.name().toStdString();
+}
+
+}  // namespace
+
+TEST_F(AuditPixels, EveryTextStandsOutFromWhatIsBehindItInEveryColour) {
+  for (const Colours& each : colours()) {
+    const bool isHighContrast = std::string(each.name) == "high contrast";
+    WindowHost host(resultWith(8));
+    dress(host, each);
+    makeItHard(host);
+    std::map<std::string, int> audited;
+    forEachDrawn(host, [&](const qt::RenderNode& leaf, const QImage& picture) {
+      const Writing writing = writingIn(picture, insideOf(leaf));
+      ++audited[kindOf(leaf)];
+      EXPECT_GE(writing.pixels, 10) << each.name << ": " << called(leaf);
+      EXPECT_GE(writing.contrast, isHighContrast ? 7 : 4.5)
+          << each.name << ": " << kindOf(leaf) << " " << called(leaf) << " in " << hex(writing.ink);
+    });
+    for (const char* kind : {"text", "secondary text", "tertiary text", "link", "button", "picker",
+                             "placeholder", "note"}) {
+      EXPECT_GE(audited[kind], 1) << each.name << " has no " << kind;
+    }
+  }
+}
+
+TEST_F(AuditPixels, TheFrameOfEveryControlThatHasOneStandsOutFromThePage) {
+  for (const Colours& each : colours()) {
+    WindowHost host(resultWith(8));
+    dress(host, each);
+    makeItHard(host);
+    const QColor page = pictureOf(host).pixelColor(3, 3);
+    std::set<std::string> audited;
+    forEachDrawn(host, [&](const qt::RenderNode& leaf, const QImage& picture) {
+      if (!isFramed(leaf) || !audited.insert(kindOf(leaf)).second) return;
+      // From the middle of each side, the strongest pixel of the outermost three.
+      const int x = picture.width() / 2, y = picture.height() / 2;
+      const int right = picture.width() - 1, bottom = picture.height() - 1;
+      const QPoint sides[4][2] = {
+          {{x, 0}, {0, 1}}, {{x, bottom}, {0, -1}}, {{0, y}, {1, 0}}, {{right, y}, {-1, 0}}};
+      for (const auto& [from, step] : sides) {
+        double best = 0;
+        for (int i = 0; i < 3; ++i) {
+          best = std::max(best, qt::contrast(picture.pixelColor(from + i * step), page));
+        }
+        EXPECT_GE(best, 3) << each.name << ": the side of " << kindOf(leaf) << " " << called(leaf)
+                           << " at " << from.x() << ", " << from.y();
+      }
+    });
+    EXPECT_EQ(audited, (std::set<std::string>{"button", "picker", "placeholder", "note"}))
+        << each.name;
+  }
+}
+
+TEST_F(AuditPixels, NoTextLosesAPixelInAnyLook) {
+  for (const Look& look : looks()) {
+    WindowHost host(resultWith(8));
+    dress(host, look);
+    makeItHard(host);
+    const Qt::LayoutDirection direction = host.widget.layoutDirection();
+    std::map<std::string, int> audited;
+    forEachDrawn(host, [&](const qt::RenderNode& leaf, const QImage& picture) {
+      const std::string kind = kindOf(leaf);
+      if (kind == "note") return;
+      const Writing writing = writingIn(picture, insideOf(leaf));
+      ++audited[kind];
+      EXPECT_EQ(writing.pixels, pixelsOf(leaf, direction))
+          << look.name << ": " << kind << " " << called(leaf);
+    });
+    for (const char* kind : {"text", "secondary text", "link", "button", "picker", "placeholder"}) {
+      EXPECT_GE(audited[kind], 1) << look.name << " has no " << kind;
+    }
+  }
+}
+
+TEST_F(AuditPixels, ThePickersLabelIsNotUnderItsArrow) {
+  for (const Look& look : looks()) {
+    WindowHost host(resultWith(1));
+    dress(host, look);
+    host.press(p0 + ".start");
+    withoutFocus(host);
+    auto& picker = host.get<QComboBox>(p0 + ".picker");
+    for (int choice = 0; choice < picker.count(); ++choice) {
+      picker.setCurrentIndex(choice);
+      Q_EMIT picker.activated(choice);
+      QStyleOptionComboBox option;
+      option.initFrom(&picker);
+      option.subControls = QStyle::SC_All;
+      const QRect arrow = picker.style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                         QStyle::SC_ComboBoxArrow, &picker);
+      const Writing label =
+          writingIn(pictureOf(host, picker), picker.rect().adjusted(3, 3, -3, -3));
+      ASSERT_GE(label.pixels, 10) << look.name;
+      EXPECT_FALSE(label.place.intersects(arrow))
+          << look.name << ": " << qPrintable(picker.currentText()) << " ends at "
+          << label.place.right() << ", the arrow begins at " << arrow.left();
+    }
+  }
+}
+
+TEST_F(AuditPixels, TheNotesTextFitsItsFieldAtEveryScale) {
+  const QString tall = QString::fromUtf8("\u00c5j\u1ea4g\u1ef5|");
+  for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
+    WindowHost host(resultWith(1));
+    ui::Environment environment;
+    environment.textScale = scale;
+    host.widget.setEnvironment(environment);
+    host.press(p0 + ".start");
+    auto& note = host.get<QLineEdit>(p0 + ".note");
+    note.setText(tall);
+    withoutFocus(host);
+    const Writing writing = writingIn(pictureOf(host, note), note.rect().adjusted(1, 1, -1, -1));
+    const qt::TextShape free(tall, note.font(), 10'000);
+    QImage canvas(free.size() + QSize(200, 200), QImage::Format_RGB32);
+    canvas.fill(Qt::white);
+    QPainter painter(&canvas);
+    painter.setPen(Qt::black);
+    free.draw(painter, QRect(QPoint(100, 100), free.size()), Qt::LeftToRight);
+    painter.end();
+    const Writing whole = writingIn(canvas, canvas.rect());
+    EXPECT_EQ(writing.pixels, whole.pixels)
+        << "at " << scale << ": " << writing.place.height() << " of " << whole.place.height()
+        << " rows, " << writing.place.width() << " of " << whole.place.width() << " columns";
+  }
+}
+
+TEST_F(AuditPixels, TheFocusCanBeSeenOnEveryKindOfControlInEveryColour) {
+  for (const Colours& each : colours()) {
+    WindowHost host(resultWith(8));
+    dress(host, each);
+    makeItHard(host);
+    unroll(host);
+    std::set<std::string> audited;
+    qt::forEachLeaf(*host.widget.page().tree().root(), [&](qt::RenderNode& leaf) {
+      if (!leaf.widget || leaf.element.kind() == ElementKind::text) return;
+      if (!leaf.element.style().enabled) return;
+      QWidget& control = leaf.widget->widget();
+      withoutFocus(host);
+      const QImage without = pictureOf(host, control);
+      control.setFocus();
+      ASSERT_TRUE(control.hasFocus()) << called(leaf);
+      const QImage with = pictureOf(host, control);
+      audited.insert(kindOf(leaf));
+      // A line two pixels wide all around, but for the round corners, that was of quite another
+      // brightness before.
+      const int around = 2 * 2 * (control.width() + control.height()) - 80;
+      EXPECT_GE(changed(without, with, 3), around)
+          << each.name << ": " << kindOf(leaf) << " " << called(leaf);
+    });
+    for (const char* kind : {"link", "button", "picker", "placeholder", "note"}) {
+      EXPECT_TRUE(audited.contains(kind)) << each.name << " has no " << kind;
+    }
+  }
+}
