@@ -1,6 +1,7 @@
 // The screen in other words: complete, never translating what is verbatim.
 
 #include "VemraQt/QtStringsTable.hpp"
+#include "tests/VemraQt/Accessibility.hpp"
 #include "tests/VemraQt/Strings.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
 
@@ -15,7 +16,7 @@
 using namespace vemra;
 using namespace vemra::qttest;
 using ::testing::Contains;
-using ::testing::Not;
+using ::testing::ElementsAreArray;
 
 namespace {
 
@@ -94,18 +95,83 @@ TEST(Strings, AKeyWithoutATranslationIsShown) {
 }
 
 TEST(Strings, VerbatimTextsAreLeftAloneByATableThatTranslatesEverything) {
-  Result result = resultWith(2);
+  Result result = resultWith(3);
   result.goal.title = "Save";
   std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
   people[0].displayName = "Cancel";
   people[1].displayName = "Record outcome";
+  people[2].displayName = std::nullopt;
   result.people = people;
+  GoalOutcomeDTO outcome;
+  outcome.id = "o2";
+  outcome.subjectRef = "p2";
+  outcome.note = "Outcome";
+  outcome.correctsOutcomeID = "o1";
+  result.outcomes = {outcome};
+  const auto everything = std::make_shared<PseudoStrings>();
+  const auto own = [&](const char* key) { return *everything->lookup(key); };
   WindowHost host(result);
-  host.widget.setEnvironment(with(std::make_shared<PseudoStrings>()));
-  EXPECT_THAT(host.visibleTexts(), Contains("Save"));
-  EXPECT_THAT(host.visibleTexts(), Contains("Cancel"));
-  EXPECT_THAT(host.visibleTexts(), Contains("Record outcome"));
-  EXPECT_THAT(host.visibleTexts(), Not(Contains("Supported path")));
+  host.widget.setEnvironment(with(everything));
+  press(*accessible(host, "vemra.goal.person.p1.outcome.start"));
+  std::vector<std::string> shown;
+  for (QAccessibleInterface* element : elementsBelow(accessiblePage(host))) {
+    shown.push_back(name(*element));
+  }
+  const std::vector<std::string> expected{
+      "Save",
+      own("People worth considering"),
+      "Cancel",  // the group
+      "Cancel",
+      "Email: Asked about design leads in March",
+      own("Show source"),
+      own("Record outcome"),
+      "Record outcome",  // the group
+      "Record outcome",
+      "Connected through 1 shared relationship",
+      own("Outcome"),
+      "Reached out",
+      "Invited",
+      "Introduced",
+      "Helped",
+      "Was useful",
+      "Not a fit",
+      "No action taken",
+      "Something else",
+      own("Note (optional)"),
+      own("Save"),
+      own("Cancel"),
+      "Unnamed person",  // the group
+      "Unnamed person",
+      "4 shared threads, 2 shared meetings",
+      own("Show source"),
+      "Reached out",
+      own("\u00b7 corrected"),
+      own("Correct"),
+      "Outcome",
+      own("Supported path"),
+      "Connected through 1 shared relationship",
+      own("See in Starfold"),
+      own("Record outcome"),
+      "Based on 12 piece(s) of evidence from Mail, Calendar, through Jan 5, 2025.",
+  };
+  EXPECT_THAT(shown, ElementsAreArray(expected));
+  EXPECT_EQ(accessible(host, "vemra.goal.person.p1.outcome.picker")->text(QAccessible::Value),
+            "Was useful");
+}
+
+TEST(Strings, TheWordsThatTryTheScreenAreLongerAndAccented) {
+  PseudoStrings pseudo;
+  for (const std::string& key : keysOfTheScreen()) {
+    const std::string text = *pseudo.lookup(key);
+    const auto letters = [](const std::string& of) { return QString::fromStdString(of).size(); };
+    EXPECT_GE(letters(text), letters(key) * 14 / 10 + 2) << text;
+    EXPECT_EQ(text.front(), '[') << text;
+    EXPECT_EQ(text.back(), ']') << text;
+    EXPECT_NE(text.find_first_of("\xc3\xc5"), std::string::npos) << text << " has no accent";
+    const auto hebrew = HebrewStrings().lookup(key);
+    ASSERT_TRUE(hebrew) << key;
+    EXPECT_TRUE(QString::fromStdString(*hebrew).isRightToLeft() || key[0] == '\xc2') << *hebrew;
+  }
 }
 
 TEST(Strings, ALanguageIsTakenUpLiveAndKeepsWhatIsTyped) {
