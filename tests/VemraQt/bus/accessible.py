@@ -110,7 +110,16 @@ def key(symbol):
     time.sleep(0.15)
 
 
-TAB, ENTER, DOWN = 0xFF09, 0xFF0D, 0xFF54
+TAB, BACKTAB, ENTER, DOWN, UP = 0xFF09, 0xFE20, 0xFF0D, 0xFF54, 0xFF52
+
+
+def go_to(symbol, get, identifier, presses):
+    """Moves the focus by that many presses of a key alone; it must be on the element then, and was
+    not before."""
+    for _ in range(presses):
+        assert not has(get(identifier), Atspi.StateType.FOCUSED), f"{identifier} has it too soon"
+        key(symbol)
+    wait_for(lambda: has(get(identifier), Atspi.StateType.FOCUSED), f"the focus on {identifier}")
 
 
 def run_checks(checks, window, still_runs):

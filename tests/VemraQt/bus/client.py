@@ -9,8 +9,8 @@ import sys
 import time
 
 from accessible import (
-    DOWN, ENTER, TAB, Atspi, Ear, act, actions, application, equal, find, has, key, run_checks,
-    wait_for, walk)
+    BACKTAB, DOWN, ENTER, TAB, UP, Atspi, Ear, act, actions, application, equal, find, go_to, has,
+    key, run_checks, wait_for, walk)
 from gi.repository import GLib
 
 PEOPLE = 200
@@ -227,23 +227,40 @@ def an_identifier_is_found_without_a_walk(window):
 
 
 def the_keyboard_alone(window):
-    window.tell("scroll 0")
-    start = window.get("vemra.goal.path.outcome.start")
-    assert start.grab_focus()
+    """From a window just opened to a recorded and a corrected outcome, and no client's focus."""
+    prefix = "vemra.goal.person.p0.outcome"
+    focused = [node for node in walk(window.page) if has(node, Atspi.StateType.FOCUSED)]
+    equal(focused, [])
+    go_to(TAB, window.get, prefix + ".start", 3)  # the name, the source, the outcome
 
     key(ENTER)
-    wait_for(lambda: window.find("vemra.goal.path.outcome.picker"), "the editor")
+    wait_for(lambda: window.find(prefix + ".picker"), "the editor")
+    go_to(TAB, window.get, prefix + ".picker", 0)
     key(DOWN)
-    key(TAB)
+    key(DOWN)
+    key(UP)
+    equal(window.get(prefix + ".picker").get_text(0, -1), "Not a fit")
+    go_to(TAB, window.get, prefix + ".note", 1)
     for letter in "hello":
         key(ord(letter))
+    key(ENTER)  # does nothing in a note
+    equal(window.get(prefix + ".note").get_text(0, -1), "hello")
+    equal(window.heard(), [])
+    go_to(TAB, window.get, prefix + ".save", 1)
     key(ENTER)
-    equal(window.get("vemra.goal.path.outcome.note").get_text(0, -1), "hello")
-    key(TAB)
+    equal(window.heard(), ["record p0 notAFit hello nil"])
+
+    go_to(TAB, window.get, prefix + ".correct", 0)
+    key(TAB)  # away to the next person, and back
+    go_to(BACKTAB, window.get, prefix + ".correct", 1)
     key(ENTER)
-    equal(window.heard(), ["record p9 notAFit hello nil"])
-    wait_for(lambda: has(window.get("vemra.goal.path.outcome.correct"), Atspi.StateType.FOCUSED),
-             "the focus on Correct")
+    go_to(TAB, window.get, prefix + ".picker", 0)
+    key(UP)
+    equal(window.get(prefix + ".picker").get_text(0, -1), "Was useful")
+    go_to(TAB, window.get, prefix + ".save", 2)
+    key(ENTER)
+    equal(window.heard(), ["record p0 wasUseful hello o1"])
+    equal(window.get(prefix + ".corrected-marker").get_name(), "\u00b7 corrected")
 
 
 def comings_and_goings_are_heard(window):
@@ -290,11 +307,11 @@ CHECKS = [
     every_row_is_there_in_order,
     what_is_outside_the_viewport_only_lacks_showing,
     an_identifier_is_found_without_a_walk,
+    the_keyboard_alone,
     pressing_far_away_acts,
     recording_and_correcting,
     recording_far_away,
     focus_scrolls_in,
-    the_keyboard_alone,
     objects_follow_their_rows_and_die_with_them,
     comings_and_goings_are_heard,
 ]
