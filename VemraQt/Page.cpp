@@ -304,7 +304,7 @@ void Page::place(const Placement& placement) {
 }
 
 QRect Page::widgetFrame(const RenderNode& leaf) const {
-  return frameOnPage(leaf).translated(0, -scroll_).marginsAdded(overhang(leaf.element));
+  return frameOnPage(leaf).translated(0, -scroll_).marginsAdded(overhang(leaf));
 }
 
 }  // namespace vemra::qt

@@ -61,6 +61,7 @@ TextShape::TextShape(const QString& text, const QFont& font, int width)
     line.setLineWidth(std::max(1, width));
     line.setPosition(QPointF(0, height));
     height += std::ceil(line.height());
+    if (lineHeight_ == 0) lineHeight_ = static_cast<int>(height);
     widest = std::max(widest, line.naturalTextWidth());
   }
   layout_->endLayout();

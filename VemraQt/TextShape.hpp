@@ -25,6 +25,8 @@ class TextShape {
 
   bool isEmpty() const { return !layout_; }
   QSize size() const { return size_; }
+  /// Of its first line, in pixels.
+  int lineHeight() const { return lineHeight_; }
   /// Draws in the painter's pen. Lines begin at the leading edge, or stand in the middle.
   void draw(QPainter& painter, const QRect& place, Qt::LayoutDirection direction,
             Qt::Alignment alignment = Qt::AlignLeading) const;
@@ -34,6 +36,7 @@ class TextShape {
  private:
   std::shared_ptr<QTextLayout> layout_;
   QSize size_;
+  int lineHeight_ = 0;
 };
 
 /// The text with every line break as one U+2028, which is what makes a line in a text layout.

@@ -24,10 +24,13 @@ void ElementWidget::rest() {
   widget().setAttribute(Qt::WA_UnderMouse, false);
 }
 
-QMargins overhang(const ui::Element& element) {
+QMargins overhang(const RenderNode& leaf) {
+  const ui::Element& element = leaf.element;
+  const int accents = leaf.shape.lineHeight() / 7;
+  if (element.kind() == ui::ElementKind::text) return {0, accents, 0, accents};
   const bool plain =
       element.kind() == ui::ElementKind::button && element.buttonStyle() == ui::ButtonStyle::plain;
-  return plain ? QMargins(4, 0, 4, 0) : QMargins();
+  return plain ? QMargins(4, accents, 4, accents) : QMargins();
 }
 
 void drawFocusRing(QPainter& painter, const QRect& place, const Looks& looks, RingAround what) {

@@ -53,8 +53,9 @@ class ElementWidget {
   bool taking_ = false;
 };
 
-/// How far a widget's rectangle reaches past its element's frame, for its focus ring.
-QMargins overhang(const ui::Element& element);
+/// How far a widget's rectangle reaches past its element's frame: for high accents, which reach past
+/// the line that they stand in, and for its focus ring.
+QMargins overhang(const RenderNode& leaf);
 
 /// What a focus ring is drawn around: it is wider where it has to cover a frame.
 enum class RingAround { text, frame };

@@ -14,6 +14,7 @@ void TextLabel::take(const RenderNode& leaf) {
   const QString shown = toQString(leaf.element.shownLabel());
   if (text() != shown) setText(shown);
   shape_ = leaf.shape;
+  margins_ = overhang(leaf);
   foreground_ = leaf.element.style().foreground;
   update();
 }
@@ -21,7 +22,7 @@ void TextLabel::take(const RenderNode& leaf) {
 void TextLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setPen(isEnabled() ? looks().text(foreground_) : looks().disabledText());
-  shape_.draw(painter, rect(), layoutDirection());
+  shape_.draw(painter, rect().marginsRemoved(margins_), layoutDirection());
 }
 
 }  // namespace vemra::qt

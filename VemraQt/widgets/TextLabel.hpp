@@ -20,6 +20,7 @@ class TextLabel final : public QLabel, public ElementWidget {
 
  private:
   TextShape shape_;
+  QMargins margins_;
   ui::ForegroundStyle foreground_ = ui::ForegroundStyle::primary;
 };
 

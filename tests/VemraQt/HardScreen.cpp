@@ -15,6 +15,8 @@ void makeItHard(WindowHost& host) {
     people[2].displayName = std::string(150, 'W');
     people[3].why = GoalWhyDTO::evidence("Email", "Weitergeleitet <b>& besprochen</b>", "x");
     people[3].displayName = "";
+    people[7].displayName = "\u1ea4n \u1ed2g";
+    result.goal.title = "\u1ea4n \u1ed2g";
     result.people = people;
     GoalOutcomeDTO first, second, third;
     first.id = "a";

@@ -50,7 +50,7 @@ void expectNothingOverlaps(const WindowHost& host) {
   qt::Page& page = host.widget.page();
   qt::forEachLeaf(*page.tree().root(), [&](qt::RenderNode& leaf) {
     if (!leaf.widget) return;
-    const QRect frame = leaf.widget->widget().geometry().marginsRemoved(qt::overhang(leaf.element));
+    const QRect frame = leaf.widget->widget().geometry().marginsRemoved(qt::overhang(leaf));
     EXPECT_EQ(frame, page.frameOnPage(leaf).translated(0, -page.scrollPosition()));
   });
 }

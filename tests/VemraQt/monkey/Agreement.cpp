@@ -82,7 +82,7 @@ void expectWidgets(Twins& twins, const std::vector<qt::RenderNode*>& leaves) {
     if (leaf->widget->node() != leaf->id) fail("another's widget for" + described(leaf->element));
     if (leaf->stale) fail("not shown yet:" + described(leaf->element));
     if (widget.isHidden()) fail("hidden:" + described(leaf->element));
-    if (widget.geometry() != frame.marginsAdded(qt::overhang(leaf->element))) {
+    if (widget.geometry() != frame.marginsAdded(qt::overhang(*leaf))) {
       const QRect at = widget.geometry();
       fail("its widget is at " + std::to_string(at.x()) + ", " + std::to_string(at.y()) +
            ", not at " + std::to_string(frame.x()) + ", " + std::to_string(frame.y()) + ":" +
