@@ -114,6 +114,7 @@ TEST_F(LineBreaks, MarksFollowTheTextWhileItIsEdited) {
   host.widget.setFocus();
   WindowHost fresh(resultWith(1));
   EXPECT_EQ(inside(note), inside(fieldWith(fresh, "HHH\nH", 1)));
+  EXPECT_EQ(blocks(inside(note)).size(), 5u) << "three letters, the mark, a letter";
   note.setFocus();
   note.setSelection(3, 1);
   QTest::keyClick(&note, Qt::Key_Delete);

@@ -27,7 +27,6 @@ struct Writing {
 /// What stands out most within `inside`: the colour that differs most from that of its corner.
 Writing writingIn(const QImage& picture, const QRect& inside);
 
-
 /// How many pixels of `after` differ from those of `before` with a contrast of at least `ratio`.
 int changed(const QImage& before, const QImage& after, double ratio);
 
