@@ -92,6 +92,9 @@ class Page final : public ui::Renderer, public EventSink {
     QRect frame;  ///< of its widget, in the viewport
   };
 
+  /// Rows are kept a little longer than they are asked for, so that small steps do not swap them.
+  static constexpr int keepMargin = 288;
+
   void settle();
   void layout();
   bool askForRows();

@@ -10,7 +10,6 @@
 
 namespace vemra::qt {
 
-using ui::ElementKind;
 using ui::NodeID;
 
 std::shared_ptr<const ui::RowSource> rowSourceOf(const ui::Node& forEach) {

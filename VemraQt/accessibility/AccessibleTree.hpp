@@ -128,7 +128,7 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   ChildSteps adopt(std::vector<ElementSlot>& elements, std::vector<ElementSlot> fresh);
   ChildSteps followRows(ui::NodeID list);
   void note(AccessibleRow* row, const ChildSteps& steps);
-  void tell(const ChildChange& change);
+  void tell(const ChildChange& change) const;
   void announceUpdate(ui::NodeID node);
   AccessibleElement* knownObject(ui::NodeID node, ElementSlot** slot = nullptr);
   void refreshList(ui::NodeID list);

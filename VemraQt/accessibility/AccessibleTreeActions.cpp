@@ -134,7 +134,7 @@ QAccessibleInterface* living(QAccessible::Id id) {
 }  // namespace
 
 /// Whoever was told of what was before may have made any of them go.
-void AccessibleTree::tell(const ChildChange& change) {
+void AccessibleTree::tell(const ChildChange& change) const {
   using Kind = ChildChange::Kind;
   QAccessibleInterface* parent = change.parent ? living(change.parent) : pageObject();
   if (!parent) return;

@@ -219,13 +219,7 @@ TEST_F(AuditPixels, TheNotesTextFitsItsFieldAtEveryScale) {
   const QString tall = QString::fromUtf8("\u00c5j\u1ea4g\u1ef5|");
   for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
     WindowHost host(resultWith(1));
-    ui::Environment environment;
-    environment.textScale = scale;
-    host.widget.setEnvironment(environment);
-    host.press(p0 + ".start");
-    auto& note = host.get<QLineEdit>(p0 + ".note");
-    note.setText(tall);
-    withoutFocus(host);
+    QLineEdit& note = noteWith(host, tall, scale);
     const Writing writing = writingIn(pictureOf(host, note), note.rect().adjusted(1, 1, -1, -1));
     const qt::TextShape free(tall, note.font(), 10'000);
     QImage canvas(free.size() + QSize(200, 200), QImage::Format_RGB32);

@@ -16,23 +16,9 @@ using namespace vemra::qttest;
 
 namespace {
 
-const std::string p0 = "vemra.goal.person.p0.outcome";
-
 class LineBreaks : public ::testing::Test {
  protected:
   void SetUp() override { QApplication::setFont(hardEdgedFont()); }
-
-  /// A field in which a text stands, without the focus.
-  static QLineEdit& fieldWith(WindowHost& host, const QString& text, double scale) {
-    ui::Environment environment;
-    environment.textScale = scale;
-    host.widget.setEnvironment(environment);
-    host.press(p0 + ".start");
-    auto& note = host.get<QLineEdit>(p0 + ".note");
-    note.setText(text);
-    host.widget.setFocus();
-    return note;
-  }
 
   static QImage inside(QLineEdit& note) {
     return note.grab(note.rect().adjusted(3, 3, -3, -3)).toImage();
@@ -76,7 +62,7 @@ class LineBreaks : public ::testing::Test {
 TEST_F(LineBreaks, TheMarkGrowsWithTheTextAndTouchesNoLetter) {
   for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
     WindowHost host(resultWith(1));
-    QLineEdit& note = fieldWith(host, "H\nH", scale);
+    QLineEdit& note = noteWith(host, "H\nH", scale);
     const QImage picture = inside(note);
     const auto found = blocks(picture);
     ASSERT_EQ(found.size(), 3u) << "H, the mark and H, apart from each other, at " << scale;
@@ -97,15 +83,15 @@ TEST_F(LineBreaks, EveryKindOfBreakIsMarkedAndABlankIsNot) {
   for (const QString& text : {QString("H\nH"), QString("H\rH"), QStringLiteral(u"H\u2028H"),
                               QStringLiteral(u"H\u2029H")}) {
     WindowHost host(resultWith(1));
-    EXPECT_EQ(blocks(inside(fieldWith(host, text, 1))).size(), 3u) << qPrintable(text);
+    EXPECT_EQ(blocks(inside(noteWith(host, text, 1))).size(), 3u) << qPrintable(text);
   }
   WindowHost host(resultWith(1));
-  EXPECT_EQ(blocks(inside(fieldWith(host, "H H", 1))).size(), 2u);
+  EXPECT_EQ(blocks(inside(noteWith(host, "H H", 1))).size(), 2u);
 }
 
 TEST_F(LineBreaks, MarksFollowTheTextWhileItIsEdited) {
   WindowHost host(resultWith(1));
-  QLineEdit& note = fieldWith(host, "H\nH", 1);
+  QLineEdit& note = noteWith(host, "H\nH", 1);
   note.setFocus();
   note.setCursorPosition(0);
   QTest::keyClicks(&note, "HH");
@@ -113,14 +99,14 @@ TEST_F(LineBreaks, MarksFollowTheTextWhileItIsEdited) {
   EXPECT_EQ(note.cursorPosition(), 2);
   host.widget.setFocus();
   WindowHost fresh(resultWith(1));
-  EXPECT_EQ(inside(note), inside(fieldWith(fresh, "HHH\nH", 1)));
+  EXPECT_EQ(inside(note), inside(noteWith(fresh, "HHH\nH", 1)));
   EXPECT_EQ(blocks(inside(note)).size(), 5u) << "three letters, the mark, a letter";
   note.setFocus();
   note.setSelection(3, 1);
   QTest::keyClick(&note, Qt::Key_Delete);
   host.widget.setFocus();
   WindowHost joined(resultWith(1));
-  EXPECT_EQ(inside(note), inside(fieldWith(joined, "HHHH", 1))) << "no room is left of the break";
+  EXPECT_EQ(inside(note), inside(noteWith(joined, "HHHH", 1))) << "no room is left of the break";
   note.setFocus();
   QTest::keyClick(&note, Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(note.text(), "HHH\nH") << "undone";
@@ -129,7 +115,7 @@ TEST_F(LineBreaks, MarksFollowTheTextWhileItIsEdited) {
 
 TEST_F(LineBreaks, WhatAnInputMethodComposesIsLeftAlone) {
   WindowHost host(resultWith(1));
-  QLineEdit& note = fieldWith(host, "H\nH", 1);
+  QLineEdit& note = noteWith(host, "H\nH", 1);
   note.setFocus();
   note.setCursorPosition(1);
   QInputMethodEvent composing("ka", {});

@@ -102,12 +102,7 @@ TEST(Strings, VerbatimTextsAreLeftAloneByATableThatTranslatesEverything) {
   people[1].displayName = "Record outcome";
   people[2].displayName = std::nullopt;
   result.people = people;
-  GoalOutcomeDTO outcome;
-  outcome.id = "o2";
-  outcome.subjectRef = "p2";
-  outcome.note = "Outcome";
-  outcome.correctsOutcomeID = "o1";
-  result.outcomes = {outcome};
+  result.outcomes = {correctedOutcome("p2", "Outcome")};
   const auto everything = std::make_shared<PseudoStrings>();
   const auto own = [&](const char* key) { return *everything->lookup(key); };
   WindowHost host(result);

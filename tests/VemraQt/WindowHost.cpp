@@ -57,6 +57,15 @@ Result resultWith(std::size_t people) {
   return result;
 }
 
+GoalOutcomeDTO correctedOutcome(const std::string& subjectRef, const std::string& note) {
+  GoalOutcomeDTO outcome;
+  outcome.id = "o2";
+  outcome.subjectRef = subjectRef;
+  outcome.note = note;
+  outcome.correctsOutcomeID = "o1";
+  return outcome;
+}
+
 WindowHost::WindowHost(Result newResult, QSize size) : result(std::move(newResult)) {
   ui::Environment environment;
   widget.setEnvironment(environment);

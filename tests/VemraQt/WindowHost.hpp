@@ -18,6 +18,9 @@ using Result = GetGoalSnapshotResponse;
 /// A result with that many people, named and reasoned in turn in every way the screen knows.
 Result resultWith(std::size_t people);
 
+/// What was recorded of that subject, in place of an earlier record that is not there any more.
+GoalOutcomeDTO correctedOutcome(const std::string& subjectRef, const std::string& note);
+
 /// A host without a store around the goal screen in a window: it writes down what it is asked,
 /// appends an outcome for each recording, and shows the new snapshot at once.
 class WindowHost {

@@ -14,6 +14,18 @@ QFont hardEdgedFont() {
   return font;
 }
 
+QLineEdit& noteWith(WindowHost& host, const QString& text, double scale) {
+  const std::string p0 = "vemra.goal.person.p0.outcome";
+  ui::Environment environment;
+  environment.textScale = scale;
+  host.widget.setEnvironment(environment);
+  host.press(p0 + ".start");
+  auto& note = host.get<QLineEdit>(p0 + ".note");
+  note.setText(text);
+  host.widget.setFocus();
+  return note;
+}
+
 Writing writingIn(const QImage& picture, const QRect& inside) {
   std::map<QRgb, int> counts;
   const QRect area = inside & picture.rect();

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "tests/VemraQt/WindowHost.hpp"
+
 #include <QColor>
 #include <QFont>
 #include <QImage>
+#include <QLineEdit>
 #include <QRect>
 
 /// \file
@@ -15,6 +18,10 @@ namespace vemra::qttest {
 
 /// The font of the tests, not smoothed.
 QFont hardEdgedFont();
+
+/// The note of the first person's opened editor with that text, at that text scale and without the
+/// focus.
+QLineEdit& noteWith(WindowHost& host, const QString& text, double scale);
 
 /// A text in a picture.
 struct Writing {

@@ -122,6 +122,15 @@ def go_to(symbol, get, identifier, presses):
     wait_for(lambda: has(get(identifier), Atspi.StateType.FOCUSED), f"the focus on {identifier}")
 
 
+def type_note(get, identifier, text):
+    """Goes on to the note by Tab and types; Enter does nothing there."""
+    go_to(TAB, get, identifier, 1)
+    for letter in text:
+        key(ord(letter))
+    key(ENTER)
+    equal(get(identifier).get_text(0, -1), text)
+
+
 def run_checks(checks, window, still_runs):
     """How many checks fail; each takes the window as the one before it left it."""
     failures = 0
