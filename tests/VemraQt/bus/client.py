@@ -299,6 +299,28 @@ def comings_and_goings_are_heard(window):
             equal(heard(), [("remove", index, row, page)])
 
 
+def enabling_is_heard(window):
+    prefix = "vemra.goal.person.p40.outcome"
+    act(window.get(prefix + ".start"), "Press")
+    save = window.get(prefix + ".save")
+    note = window.get(prefix + ".note")
+    states = ("enabled", "sensitive")
+    with Ear("object:state-changed") as ear:
+        def heard():
+            return sorted((what, number) for what, number, _, about in ear.heard()
+                          if about.path == save.path and what in states)
+
+        for choose, is_enabled in ((7, False), (0, True), (7, False)):  # "Something else" wants a note
+            act(window.get(prefix + ".picker").get_child_at_index(choose), "Press")
+            equal(heard(), [(state, int(is_enabled)) for state in states])
+            equal(has(save, Atspi.StateType.SENSITIVE), is_enabled)
+        note.set_text_contents("by phone")
+        equal(heard(), [(state, 1) for state in states])
+        note.set_text_contents("by letter")
+        equal(heard(), [])
+    act(window.get(prefix + ".cancel"), "Press")
+
+
 CHECKS = [
     every_row_is_there_in_order,
     what_is_outside_the_viewport_only_lacks_showing,
@@ -310,6 +332,7 @@ CHECKS = [
     focus_scrolls_in,
     objects_follow_their_rows_and_die_with_them,
     comings_and_goings_are_heard,
+    enabling_is_heard,
 ]
 
 
