@@ -74,7 +74,7 @@ TEST(JsonWriterTest, replacesEachIllFormedByte) {
 TEST(JsonWriterTest, anotherReaderReadsEveryCharacterBack) {
   for (char32_t scalar = 0; scalar < 0x110000; scalar += scalar < 0x300 ? 1 : 257) {
     if (scalar >= 0xD800 && scalar < 0xE000) continue;
-    char escape[16];
+    char escape[32];
     if (scalar < 0x10000) {
       std::snprintf(escape, sizeof escape, "\"\\u%04x\"", static_cast<unsigned>(scalar));
     } else {
