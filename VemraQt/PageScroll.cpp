@@ -91,10 +91,10 @@ void Page::restoreAnchor() {
     if (still != anchor_->points.end()) {
       const QRect frame = frameOnPage(*tree_.find(still->node));
       // Of a tall text whose top is above the viewport, the same part stays in view.
-      const int top = still->top < 0 && still->height > 0
-                          ? still->top * frame.height() / still->height
-                          : still->top;
-      scroll_ = frame.top() - top;
+      const std::int64_t top = still->top < 0 && still->height > 0
+                                   ? std::int64_t{still->top} * frame.height() / still->height
+                                   : still->top;
+      scroll_ = static_cast<int>(frame.top() - top);
     } else if (const RenderNode* list = tree_.find(anchor_->list); list && list->rows->count()) {
       const std::size_t row = std::min(anchor_->row, list->rows->count() - 1);
       scroll_ = list->frame.top() + list->rows->topOnPage(row) +

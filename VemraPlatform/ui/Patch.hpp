@@ -34,6 +34,9 @@ class Renderer {
   /// Carries out the changes of one pass. May ask the graph for rows and may deliver events; what
   /// it asks for is done when it has returned.
   virtual void apply(const std::vector<Patch>& patches) = 0;
+  /// A list has got new rows: those that are not shown may be others now, without any patch. Comes
+  /// after the patches of the pass.
+  virtual void rowsReplaced() {}
 
  protected:
   ~Renderer() = default;

@@ -209,10 +209,14 @@ void ViewGraph::describeDirty() {
 
 void ViewGraph::flushPatches() {
   const std::vector<Patch> patches = std::exchange(patches_, {});
-  if (patches.empty() || !renderer_) return;
-  shownRoot_ = root_ ? root_->id : NodeID{};
-  work_.patches += patches.size();
-  renderer_->apply(patches);
+  const bool rowsReplaced = std::exchange(rowsReplaced_, false);
+  if (!renderer_) return;
+  if (!patches.empty()) {
+    shownRoot_ = root_ ? root_->id : NodeID{};
+    work_.patches += patches.size();
+    renderer_->apply(patches);
+  }
+  if (rowsReplaced) renderer_->rowsReplaced();
 }
 
 /// The way out when resolving broke off halfway: lists of children, nodes and patches no longer

@@ -210,6 +210,7 @@ class ViewGraph final : private StateCell::Owner {
   View rootView_;
 
   std::vector<Patch> patches_;
+  bool rowsReplaced_ = false;
   std::vector<NodeID> dirty_;
   std::optional<View> pendingRoot_;
   std::optional<Environment> pendingEnvironment_;

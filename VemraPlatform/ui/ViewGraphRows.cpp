@@ -30,6 +30,7 @@ void ViewGraph::resolveRows(Node& forEach, Emission emission) {
   const auto before = std::exchange(
       rows.source, std::get<ForEachContent>(forEach.element.description().content).rows);
   const RowSource& after = *rows.source;
+  if (before && before != rows.source) rowsReplaced_ = true;
   const std::size_t count = after.count();
 
   const bool inPlace = std::ranges::all_of(forEach.children, [&](const Node* row) {

@@ -21,14 +21,15 @@ QRect ReadOnlyText::characterRect(int offset) const {
   const int count = std::max(1, characterCount());
   const QRect whole = textRect();
   const int width = std::max(1, whole.width() / count);
-  return QRect(whole.x() + whole.width() * std::clamp(offset, 0, count) / count, whole.y(), width,
-               whole.height());
+  const std::int64_t before = std::int64_t{whole.width()} * std::clamp(offset, 0, count) / count;
+  return QRect(whole.x() + static_cast<int>(before), whole.y(), width, whole.height());
 }
 
 int ReadOnlyText::offsetAtPoint(const QPoint& point) const {
   const QRect whole = textRect();
   if (!whole.contains(point)) return -1;
-  return (point.x() - whole.x()) * characterCount() / std::max(1, whole.width());
+  const std::int64_t along = point.x() - whole.x();
+  return static_cast<int>(along * characterCount() / std::max(1, whole.width()));
 }
 
 QString ReadOnlyText::attributes(int, int* start, int* end) const {

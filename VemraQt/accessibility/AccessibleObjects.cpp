@@ -18,6 +18,12 @@ QAccessibleInterface* AccessibleObject::childAt(int x, int y) const {
   return nullptr;
 }
 
+AccessibleObject* AccessibleObject::living(QAccessible::Id id) {
+  auto* object =
+      id ? dynamic_cast<AccessibleObject*>(QAccessible::accessibleInterface(id)) : nullptr;
+  return object && !object->leaving_ ? object : nullptr;
+}
+
 int AccessibleRow::childCount() const {
   return static_cast<int>(tree().elementsOf(const_cast<AccessibleRow*>(this)).size());
 }
@@ -38,6 +44,18 @@ int AccessibleRow::indexOfChild(const QAccessibleInterface* object) const {
 
 QString AccessibleRow::textOf(QAccessible::Text kind) const {
   if (kind != QAccessible::Name) return {};
+  const QString name = shownName();
+  heardName_ = qHash(name);
+  return name;
+}
+
+bool AccessibleRow::hearName() {
+  if (!heardName_) return false;
+  const std::size_t name = qHash(shownName());
+  return std::exchange(*heardName_, name) != name;
+}
+
+QString AccessibleRow::shownName() const {
   for (const ElementSlot& slot : tree().elementsOf(const_cast<AccessibleRow*>(this))) {
     if (slot.kind != ui::ElementKind::text && slot.kind != ui::ElementKind::button) continue;
     const ui::Node* node = tree().find(slot.node);
@@ -57,6 +75,7 @@ QAccessible::State AccessibleRow::state() const {
   QAccessible::State state;
   state.offscreen = !tree().isInViewport(rect());
   state.invisible = !tree().area().isVisible();
+  tree().noteShowing(*const_cast<AccessibleRow*>(this), !state.offscreen);
   return state;
 }
 
@@ -99,6 +118,7 @@ QAccessible::State AccessibleElement::state() const {
   state.disabled = !element->element.style().enabled;
   state.invisible = !tree().area().isVisible();
   state.offscreen = !tree().isInViewport(tree().rectOf(row_, element->id));
+  tree().noteShowing(*const_cast<AccessibleElement*>(this), !state.offscreen);
   if (element->element.kind() != ui::ElementKind::text && !state.disabled) {
     state.focusable = true;
     const RenderNode* focused = tree().page().focusedNode();

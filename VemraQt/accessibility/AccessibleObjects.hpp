@@ -38,6 +38,11 @@ class AccessibleObject : public QAccessibleInterface {
   /// It stands for nothing any more and will be deleted.
   void leave() { leaving_ = true; }
   bool isLeaving() const { return leaving_; }
+  /// The object of that id, as long as it stands for something.
+  static AccessibleObject* living(QAccessible::Id id);
+
+  enum class Heard { nothing, no, yes };
+  Heard showing = Heard::nothing;  ///< what clients have heard of it
 
  private:
   AccessibleTree& tree_;
@@ -56,6 +61,9 @@ class AccessibleRow final : public AccessibleObject {
   QAccessibleInterface* child(int index) const override;
   int indexOfChild(const QAccessibleInterface* object) const override;
   QString textOf(QAccessible::Text kind) const override;
+  /// Whether its name is another one than clients have heard, which they are about to hear; false
+  /// when none has asked.
+  bool hearName();
   QRect rect() const override;
   QAccessible::Role role() const override { return QAccessible::Grouping; }
   QAccessible::State state() const override;
@@ -67,6 +75,11 @@ class AccessibleRow final : public AccessibleObject {
   std::vector<ElementSlot> known;
   ui::NodeID knownNode;       ///< whose elements `known` are
   std::uint64_t knownAt = 0;  ///< how much had been described then
+
+ private:
+  QString shownName() const;
+
+  mutable std::optional<std::size_t> heardName_;  ///< a hash of it
 };
 
 /// An element (a text, button, picker or text field), by its path in the page (no row) or in a row.

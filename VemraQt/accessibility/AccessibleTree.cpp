@@ -17,6 +17,8 @@ std::shared_ptr<const ui::RowSource> rowSourceOf(const ui::Node& forEach) {
 }
 
 AccessibleTree::AccessibleTree(QAbstractScrollArea& area, Page& page) : area_(area), page_(page) {
+  comparing_.setInterval(0);
+  QObject::connect(&comparing_, &QTimer::timeout, this, &AccessibleTree::compareSomeRows);
   publishIdentifiers();
   addIdentifierSource(*this);
 }

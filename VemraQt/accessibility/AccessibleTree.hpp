@@ -17,12 +17,14 @@
 #include <QObject>
 #include <QPointer>
 #include <QRect>
+#include <QTimer>
 
 class QAbstractScrollArea;
 
 namespace vemra::qt {
 
 class AccessibleElement;
+class AccessibleObject;
 class AccessibleRow;
 class Page;
 struct RenderNode;
@@ -69,6 +71,8 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   void childrenChanged(const RenderNode& parent);
   void elementUpdated(const RenderNode& node);
   void announce();
+  /// Rows without nodes may be others now; told later.
+  void rowsReplaced();
   void focusMoved(ui::NodeID node);
   /// @}
 
@@ -84,6 +88,8 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   QRect rectOf(AccessibleRow* row, ui::NodeID node);
   QRect rectOf(AccessibleRow& row);
   bool isInViewport(const QRect& onScreen) const;
+  /// A client has been told whether that object is showing, and will hear when it changes.
+  void noteShowing(AccessibleObject& object, bool isShowing);
   void press(AccessibleRow* row, ui::NodeID node);
   void focus(AccessibleRow* row, ui::NodeID node);
   void deliver(ui::NodeID node, ui::Event event);
@@ -106,6 +112,13 @@ class AccessibleTree final : public QObject, public IdentifierSource {
     std::unordered_map<std::size_t, AccessibleRow*> rows;
     QAccessible::Id idAt(std::size_t index) const;
     std::optional<RowIdentifiers> identifiers;  ///< once somebody has looked in every row
+    std::vector<QAccessible::Id> uncompared;    ///< rows that may be others than clients have heard
+  };
+  /// What is other than clients have heard of an object.
+  struct Change {
+    enum class What { name, value, enabled, shown, hidden };
+    QAccessible::Id object;
+    What what;
   };
   /// In which rows an identifier is looked for.
   enum class Search { rowsNamedInIt, everyRow };
@@ -129,7 +142,13 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   ChildSteps followRows(ui::NodeID list);
   void note(AccessibleRow* row, const ChildSteps& steps);
   void tell(const ChildChange& change) const;
-  void announceUpdate(ui::NodeID node);
+  void tell(const std::vector<Change>& changes);
+  void compare(ElementSlot& slot, std::vector<Change>& changes) const;
+  void compareName(AccessibleRow& row, std::vector<Change>& changes) const;
+  void compareShowing(std::vector<Change>& changes);
+  void compareSomeRows();
+  bool isShowing(AccessibleObject& object);
+  std::vector<AccessibleObject*> knownInViewport();
   AccessibleElement* knownObject(ui::NodeID node, ElementSlot** slot = nullptr);
   void refreshList(ui::NodeID list);
   AccessibleRow* rowAt(ui::NodeID list, std::size_t index);
@@ -156,6 +175,8 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   std::vector<ui::NodeID> changedRows_, updated_;
   /// Told when all is up to date: a client may ask the tree anything while it is being told.
   std::vector<ChildChange> childChanges_;
+  std::vector<QAccessible::Id> showing_;  ///< what clients have heard to be in the viewport
+  QTimer comparing_;
 };
 
 }  // namespace vemra::qt

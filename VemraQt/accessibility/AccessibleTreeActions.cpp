@@ -1,4 +1,4 @@
-// What objects of the tree do and where they stand, and what clients are told of.
+// What objects of the tree do and where they stand.
 
 #include "VemraQt/Page.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
@@ -7,11 +7,9 @@
 #include <algorithm>
 
 #include <QAbstractScrollArea>
-#include <QLineEdit>
 
 namespace vemra::qt {
 
-using ui::ElementKind;
 using ui::NodeID;
 
 QAccessibleInterface* AccessibleTree::pageObject() const {
@@ -88,8 +86,11 @@ void AccessibleTree::press(AccessibleRow* row, NodeID pressed) {
         self == siblings.begin() || self == siblings.end() ? NodeID{} : (*std::prev(self))->id;
     places.push_back({node->parent->id, before});
   }
+  const QAccessible::Id id = row->id();
   page_.deliver(pressed, ui::Press{});
-  if (find(pressed) || row->isLeaving()) return;
+  // Whoever was pressed may have turned the event loop: the row is asked for anew.
+  row = dynamic_cast<AccessibleRow*>(AccessibleObject::living(id));
+  if (!row || find(pressed)) return;
   refreshList(row->list);
   if (row->isLeaving()) return;
   for (const Place& place : places) {
@@ -98,106 +99,6 @@ void AccessibleTree::press(AccessibleRow* row, NodeID pressed) {
     page_.focusInPlace(place.within, place.after);
     return;
   }
-}
-
-void AccessibleTree::childrenChanged(const RenderNode& parent) {
-  if (!isWatched()) return;
-  if (const ui::Node* row = rowHolding(parent.id)) changedRows_.push_back(row->id);
-}
-
-void AccessibleTree::elementUpdated(const RenderNode& node) {
-  if (node.isLeaf() && isWatched()) updated_.push_back(node.id);
-}
-
-void AccessibleTree::announce() {
-  if (!isWatched()) return;
-  refreshPage();
-  std::ranges::sort(changedRows_);
-  const auto same = std::ranges::unique(changedRows_);
-  changedRows_.erase(same.begin(), same.end());
-  for (const NodeID changed : std::exchange(changedRows_, {})) {
-    if (AccessibleRow* row = knownRow(changed)) elementsOf(row);
-  }
-  for (const ChildChange& change : std::exchange(childChanges_, {})) tell(change);
-  for (const NodeID updated : std::exchange(updated_, {})) announceUpdate(updated);
-}
-
-namespace {
-
-/// The object of that id, as long as it stands for something.
-QAccessibleInterface* living(QAccessible::Id id) {
-  QAccessibleInterface* interface = id ? QAccessible::accessibleInterface(id) : nullptr;
-  const auto* object = dynamic_cast<AccessibleObject*>(interface);
-  return object && object->isLeaving() ? nullptr : interface;
-}
-
-}  // namespace
-
-/// Whoever was told of what was before may have made any of them go.
-void AccessibleTree::tell(const ChildChange& change) const {
-  using Kind = ChildChange::Kind;
-  QAccessibleInterface* parent = change.parent ? living(change.parent) : pageObject();
-  if (!parent) return;
-  const QAccessible::Id parentID = QAccessible::uniqueId(parent);
-  ChildChange told = change;
-  if (change.kind != Kind::removed && !living(change.child)) told.child = 0;
-  if (sendsChildSignals()) sendChildSignal(parentID, told);
-  // Of an unlisted change there is no event: Qt 6.4 would make one of every child there is.
-  if (!told.child || change.kind == Kind::unlisted) return;
-  QAccessibleInterface* child = QAccessible::accessibleInterface(told.child);
-  if (!child) return;
-  QAccessibleEvent event(child, change.kind == Kind::added ? QAccessible::ObjectCreated
-                                                           : QAccessible::ObjectDestroyed);
-  QAccessible::updateAccessibility(&event);
-}
-
-AccessibleElement* AccessibleTree::knownObject(NodeID node, ElementSlot** its) {
-  const ui::Node* rowNode = rowHolding(node);
-  AccessibleRow* row = rowNode ? knownRow(rowNode->id) : nullptr;
-  if (rowNode && !row) return nullptr;
-  for (ElementSlot& slot : elementsOf(row)) {
-    if (slot.node != node) continue;
-    if (its) *its = &slot;
-    return slot.object;
-  }
-  return nullptr;
-}
-
-void AccessibleTree::announceUpdate(NodeID node) {
-  ElementSlot* slot = nullptr;
-  AccessibleElement* object = knownObject(node, &slot);
-  if (!object) return;
-  const ui::Element& element = find(node)->element;
-  const ElementKind kind = element.kind();
-  const bool wasEnabled = std::exchange(slot->enabled, element.style().enabled);
-  const std::size_t wasShown = std::exchange(slot->shown, hashOfShown(element));
-  const bool enabled = wasEnabled != slot->enabled, shown = wasShown != slot->shown;
-  // From here on a client that is told may change anything.
-  const QAccessible::Id id = object->id();
-  if (enabled) {
-    QAccessible::State changed;
-    changed.disabled = true;
-    QAccessibleStateChangeEvent event(object, changed);
-    QAccessible::updateAccessibility(&event);
-  }
-  // What is typed into a field is told by its widget, or by what sets it.
-  QAccessibleInterface* still = QAccessible::accessibleInterface(id);
-  if (!shown || !still || kind == ElementKind::textField) return;
-  if (kind == ElementKind::picker) {
-    QAccessibleValueChangeEvent event(still, still->text(QAccessible::Value));
-    QAccessible::updateAccessibility(&event);
-  } else {
-    QAccessibleEvent event(still, QAccessible::NameChanged);
-    QAccessible::updateAccessibility(&event);
-  }
-}
-
-void AccessibleTree::focusMoved(NodeID node) {
-  const RenderNode* leaf = page_.tree().find(node);
-  AccessibleElement* object = leaf ? objectOf(*leaf) : nullptr;
-  if (!object) return;
-  QAccessibleEvent event(object, QAccessible::Focus);
-  QAccessible::updateAccessibility(&event);
 }
 
 }  // namespace vemra::qt

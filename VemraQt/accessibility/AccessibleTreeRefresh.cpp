@@ -189,6 +189,8 @@ AccessibleTree::ChildSteps AccessibleTree::followRows(NodeID listID) {
   }
   list.source = source;
   list.identifiers.reset();
+  list.uncompared.clear();
+  for (const auto& [index, row] : list.rows) list.uncompared.push_back(row->id());
   return steps;
 }
 

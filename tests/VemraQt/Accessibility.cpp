@@ -75,6 +75,12 @@ void writeDown(QAccessibleEvent* event) {
     case QAccessible::ValueChanged:
       announcements.push_back("value " + whom);
       break;
+    case QAccessible::ObjectShow:
+      announcements.push_back("shows " + whom);
+      break;
+    case QAccessible::ObjectHide:
+      announcements.push_back("hides " + whom);
+      break;
     case QAccessible::TextInserted:
     case QAccessible::TextUpdated:
       announcements.push_back("typed in " + whom);

@@ -31,7 +31,7 @@ std::string identifier(const QAccessibleInterface& element);
 std::vector<QAccessibleInterface*> elementsBelow(QAccessibleInterface& element);
 
 /// While it lives, what is announced of a page's elements is written down: "created Ada",
-/// "focus Outcome", "name …", "state …", "value …", "typed in …", "destroyed …".
+/// "focus Outcome", "name …", "state …", "value …", "shows …", "hides …", "typed in …", "destroyed …".
 class Listener {
  public:
   Listener();

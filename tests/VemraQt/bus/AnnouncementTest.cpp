@@ -128,3 +128,57 @@ TEST_F(Announcements, TellOfATextThatAClientSets) {
   note->editableTextInterface()->replaceText(0, 5, "hello");
   EXPECT_THAT(listener.heard(), IsEmpty()) << "nothing has changed";
 }
+
+TEST_F(Announcements, TellOfNewNamesNearAndFarAway) {
+  Listener listener;
+  WindowHost host(resultWith(300));
+  QAccessibleInterface& page = accessiblePage(host);
+  for (const int row : {3, 3 + 150, 3 + 250}) elementsBelow(*page.child(row));
+  for (const int row : {3, 3 + 150})
+    (void)name(*page.child(row));  // of the third only the button's
+  (void)listener.heard();
+  host.change([](Result& result) {
+    std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
+    for (const std::size_t person : {1, 151, 251}) people[person].displayName = "Ada";
+    result.people = people;
+  });
+  std::vector<std::string> heard;
+  ASSERT_TRUE(QTest::qWaitFor([&] {
+    for (std::string& one : listener.heard()) heard.push_back(std::move(one));
+    return heard.size() >= 5;
+  }));
+  QTest::qWait(20);
+  for (std::string& one : listener.heard()) heard.push_back(std::move(one));
+  EXPECT_THAT(heard, ElementsAre("name Ada", "name Ada", "name Ada", "name Ada", "name Ada"));
+  host.change([](Result& result) { result.goal.title = "Another"; });
+  QTest::qWait(20);
+  EXPECT_THAT(listener.heard(), IsEmpty()) << "nobody has asked for the title, and Ada is Ada";
+  host.change([](Result& result) {
+    std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
+    people[151].displayName = "Bo";
+    result.people = people;
+  });
+  QTest::qWait(20);
+  EXPECT_THAT(listener.heard(), ElementsAre("name Bo", "name Bo")) << "nothing in view has changed";
+}
+
+TEST_F(Announcements, TellWhatScrollsInAndOutOnlyToThoseWhoAsked) {
+  Listener listener;
+  WindowHost host(resultWith(300));
+  QAccessibleInterface& page = accessiblePage(host);
+  elementsBelow(page);
+  QAccessibleInterface& near = *page.child(3);
+  QAccessibleInterface& far = *page.child(3 + 150);
+  EXPECT_FALSE(near.state().offscreen);
+  EXPECT_FALSE(near.child(0)->state().offscreen);
+  EXPECT_TRUE(far.state().offscreen);
+  EXPECT_TRUE(far.child(0)->state().offscreen);
+  (void)listener.heard();
+  host.widget.verticalScrollBar()->setValue(host.widget.verticalScrollBar()->maximum());
+  EXPECT_THAT(listener.heard(),
+              ElementsAre("hides " + name(near), "hides " + name(*near.child(0))));
+  act(*far.child(0), QAccessibleActionInterface::setFocusAction());
+  EXPECT_THAT(listener.heard(), ElementsAre("shows " + name(far), "shows " + name(*far.child(0)),
+                                            "focus " + name(*far.child(0))));
+  EXPECT_FALSE(far.state().offscreen);
+}

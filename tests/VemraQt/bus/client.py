@@ -299,6 +299,44 @@ def comings_and_goings_are_heard(window):
             equal(heard(), [("remove", index, row, page)])
 
 
+def names_focus_and_text_are_heard(window):
+    start = window.get("vemra.goal.person.p60.outcome.start")
+    row = start.get_parent()
+    button = row.get_child_at_index(0)
+    equal(row.get_name(), button.get_name())
+    with Ear("object:property-change:accessible-name") as ear:
+        window.tell("rename p60 Ada Lovelace")
+        equal(sorted(about.path for _, _, _, about in ear.heard(0.4)),
+              sorted([row.path, button.path]))
+        equal((row.get_name(), button.get_name()), ("Ada Lovelace", "Ada Lovelace"))
+    with Ear("object:state-changed:focused") as ear:
+        start.grab_focus()
+        equal([(gained, about.path) for _, gained, _, about in ear.heard() if gained],
+              [(1, start.path)])
+    act(start, "Press")
+    note = window.get("vemra.goal.person.p60.outcome.note")
+    with Ear("object:text-changed") as ear:
+        note.set_text_contents("ink")
+        equal([(what, data, about.path) for what, _, data, about in ear.heard()
+               if what.startswith("insert")], [("insert", "ink", note.path)])
+    act(window.get("vemra.goal.person.p60.outcome.cancel"), "Press")
+
+
+def what_scrolls_is_heard_to_show(window):
+    window.tell("scroll 0")
+    near = window.get("vemra.goal.person.p1.outcome.correct")
+    far = window.get("vemra.goal.person.p120.outcome.start")
+    equal((has(near, SHOWING), has(far, SHOWING)), (True, False))
+    with Ear("object:state-changed:showing") as ear:
+        def heard():
+            return {(showing, about.path) for _, showing, _, about in ear.heard()
+                    if about.path in (near.path, far.path)}
+
+        far.grab_focus()
+        equal(heard(), {(0, near.path), (1, far.path)})
+        equal((has(near, SHOWING), has(far, SHOWING)), (False, True))
+
+
 def enabling_is_heard(window):
     prefix = "vemra.goal.person.p40.outcome"
     act(window.get(prefix + ".start"), "Press")
@@ -333,6 +371,8 @@ CHECKS = [
     objects_follow_their_rows_and_die_with_them,
     comings_and_goings_are_heard,
     enabling_is_heard,
+    names_focus_and_text_are_heard,
+    what_scrolls_is_heard_to_show,
 ]
 
 

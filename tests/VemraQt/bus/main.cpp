@@ -3,7 +3,8 @@
 //
 //     remove REF       the person leaves        insert REF     a new person comes first
 //     shuffle          the order is reversed    scroll TO      the page scrolls, to pixels
-//     size W H         the window's size        quit
+//     rename REF NAME  a person's name          size W H       the window's size
+//     quit
 
 #include "tests/VemraQt/WindowHost.hpp"
 
@@ -23,7 +24,8 @@ using namespace vemra::qttest;
 
 namespace {
 
-void edit(Result& result, const std::string& what, const std::string& ref) {
+void edit(Result& result, const std::string& what, const std::string& ref,
+          const std::string& name) {
   std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
   if (what == "remove") {
     std::erase_if(people, [&](const auto& person) { return person.personRef == ref; });
@@ -32,6 +34,8 @@ void edit(Result& result, const std::string& what, const std::string& ref) {
     person.personRef = ref;
     person.displayName = "New " + ref;
     people.insert(people.begin(), person);
+  } else if (what == "rename") {
+    std::ranges::find(people, ref, &GoalPersonCandidateDTO::personRef)->displayName = name;
   } else {
     std::ranges::reverse(people);
   }
@@ -53,8 +57,9 @@ void obey(WindowHost& host, const std::string& line) {
     words >> width >> height;
     host.widget.resize(width, height);
   } else {
-    words >> ref;
-    host.change([&](Result& result) { edit(result, what, ref); });
+    std::string name;
+    std::getline(words >> ref >> std::ws, name);
+    host.change([&](Result& result) { edit(result, what, ref, name); });
   }
   std::cout << "done " << line << std::endl;
 }
