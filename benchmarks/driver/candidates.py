@@ -1,5 +1,6 @@
 """Who is measured, at which sizes, and how a figure comes out of a program."""
 import dataclasses
+import functools
 import json
 import os
 import pathlib
@@ -36,29 +37,42 @@ class Job:
                    str(self.stray)]
         return figures(output_of(command))
 
-    def document(self):
-        file = OUT / f"sample-{self.size}-{self.stray}.json"
-        if not file.exists():
-            text = output_of([BIN / "vemra-bench-document", str(self.size), str(self.stray)])
-            file.write_text(text, encoding="utf-8")
-        return file
-
     def run_inspect(self):
-        file = self.document()
+        command = [BIN / "vemra-inspect", document(self.size, self.stray)]
         started = time.perf_counter()
-        process = subprocess.Popen([BIN / "vemra-inspect", file], stdout=subprocess.DEVNULL)
-        _, status, usage = os.wait4(process.pid, 0)
+        done = subprocess.run(command, env=environment(), stdin=subprocess.DEVNULL,
+                              stdout=subprocess.DEVNULL, check=False)
         elapsed = time.perf_counter() - started
-        process.returncode = os.waitstatus_to_exitcode(status)
-        if process.returncode != 0:
-            raise SystemExit(f"vemra-inspect {file} ended with {process.returncode}")
-        return {"inspect.time": 1000 * elapsed, "inspect.peak": usage.ru_maxrss / 1024}
+        if done.returncode != 0:
+            raise SystemExit(f"{' '.join(map(str, command))} ended with {done.returncode}")
+        return {"inspect.time": 1000 * elapsed, "inspect.peak": peak_of(command)}
 
     def run_headless(self):
         """The whole tree without a window: with all of its rows, and with those of a window."""
         found = micro_benchmarks("graph/headless", 0.2)
         return {"headless.hot": found["graph/headless-tree/10000"] / 1e6,
                 "headless in view.hot": found["graph/headless-in-view/10000"] / 1e6}
+
+
+@functools.cache
+def document(size, stray):
+    """The sample result as a file, written anew once a run: an older program's would be kept for ever."""
+    file = OUT / f"sample-{size}-{stray}.json"
+    text = output_of([BIN / "vemra-bench-document", str(size), str(stray)])
+    file.write_text(text, encoding="utf-8")
+    return file
+
+
+def peak_of(command):
+    """MiB that a program had resident at the most.
+
+    A process counts what its memory held before it became the program, so one started from here
+    would show at least this driver's own. A shell of a megabyte starts it instead, and then turns into
+    what can ask the kernel for the most that any child of that shell had.
+    """
+    ask = "import resource; print(resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss)"
+    return int(output_of(["/bin/sh", "-c", f'"$@" >/dev/null || exit; exec python3 -S -c "{ask}"',
+                          "sh", *command])) / 1024
 
 
 def environment():
