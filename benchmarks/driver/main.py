@@ -75,7 +75,7 @@ def report(results):
                                                     ("inspect.peak", "MiB at the most"))]),
         *(tables.list_table(results, [f"accessibility bus, {people:,} people", "median"], [
             (f"{candidate}: {measure}", candidate, people, measure) for candidate in candidates
-            for measure in ("elements", "exposed", "walk per 1,000 elements",
+            for measure in ("elements", "missing", "exposed", "walk per 1,000 elements",
                             "program per 1,000 elements", "find by walking",
                             "find by collection")])
           for people, candidates in WALKED.items()),

@@ -15,6 +15,11 @@ class Results:
         values = self.runs.get((candidate, size, measure, stray))
         return statistics.median(values) if values else None
 
+    def most(self, candidate, size, measure):
+        """The worst count of all runs, where one is one too many: a median would forgive three of seven."""
+        values = self.runs.get((candidate, size, measure, 0))
+        return int(max(values)) if values else None
+
     def records(self):
         for (candidate, size, measure, stray), values in self.runs.items():
             record = {"candidate": candidate, "size": size, "measure": measure,
@@ -26,11 +31,12 @@ class Results:
 
     @classmethod
     def read(cls, file):
-        """What an earlier run wrote, as far as tables need it: the medians."""
+        """What an earlier run wrote, as far as tables need it: the medians, and the most."""
         results = cls()
         for record in json.loads(file.read_text(encoding="utf-8")):
-            results.add(record["candidate"], record["size"], record["measure"], record["median"],
-                        record.get("strayOutcomes", 0))
+            for value in (record["minimum"], record["median"], record["maximum"]):
+                results.add(record["candidate"], record["size"], record["measure"], value,
+                            record.get("strayOutcomes", 0))
         return results
 
     def write(self, file):
@@ -46,6 +52,6 @@ def unit_of(measure):
         return "ns"
     if measure.startswith(("exposed", "own share")):
         return "share"
-    if measure == "elements":
+    if measure in ("elements", "missing"):
         return "elements"
     return "ms"

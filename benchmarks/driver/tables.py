@@ -21,15 +21,17 @@ def number(value):
         return "-"
     if value >= 100:
         return f"{value:,.0f}"
+    if value == int(value):
+        return str(int(value))  # a count; a time is never that round
     return f"{value:.2f}" if value >= 1 else f"{value:.3f}"
 
 
 def ratio(value):
-    """0.55, or 1/240 where that says more."""
+    """0.55, or 1/240 where that says more; a count as it is."""
     if value is None:
         return "not measured"
-    if value == 0:
-        return "0"
+    if isinstance(value, int):
+        return f"{value:,}"
     return f"{value:.2f}" if value >= 0.1 else f"1/{1 / value:,.0f}"
 
 
