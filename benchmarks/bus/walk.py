@@ -4,6 +4,7 @@ Prints one figure a line: the measure, a tab and the number. A walk asks every e
 its role and its children, as a screen reader does.
 """
 import os
+import statistics
 import subprocess
 import sys
 import time
@@ -116,6 +117,7 @@ def walk(screen, people):
 
 
 def find_by_collection(screen, people):
+    """By its identifier: the first question that the process is asked, and the median of those after."""
     page = screen.root.get_child_at_index(0)
     wanted = f"vemra.goal.person.p{people - 1}.outcome.start"
     times = []
@@ -129,7 +131,8 @@ def find_by_collection(screen, people):
         times.append(time.monotonic() - start)
         if not found:
             raise SystemExit(f"no {wanted}")
-    print(f"find by collection\t{1000 * sorted(times)[len(times) // 2]:.4f}")
+    print(f"find by collection, first\t{1000 * times[0]:.4f}")
+    print(f"find by collection\t{1000 * statistics.median(times[1:]):.4f}")
 
 
 def main():

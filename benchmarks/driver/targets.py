@@ -82,8 +82,11 @@ def rows(results):
     yield ("AT-SPI: walk per element, processor time of the program", "widgets-rows", None,
            ratio(("vemra", 10_000, "program per 1,000 elements"),
                  ("widgets-rows", 10_000, "program per 1,000 elements")))
-    yield ("AT-SPI: finding an identifier by collection, 10,000 people", "by walking", 1 / 1000,
-           ratio(("vemra", 10_000, "find by collection"), ("vemra", 10_000, "find by walking")))
+    # A walk is the first thing that its process is asked, so the question that is held against it is, too.
+    for measure, which, most in (("find by collection, first", "the first time", 1 / 1000),
+                                 ("find by collection", "after that", None)):
+        yield (f"AT-SPI: finding an identifier by collection, {which}", "by walking", most,
+               ratio(("vemra", 10_000, measure), ("vemra", 10_000, "find by walking")))
     yield ("effectiveOutcome, ASCII, all miss", "with std::string's ==", 1.0,
            ratio((*model, "effectiveOutcome/miss/ascii"),
                  (*model, "effectiveOutcome/miss/ascii/std::string")))
