@@ -1,4 +1,4 @@
-"""Measures, prints tables and writes build/bench/results.json; see scripts/bench."""
+"""Measures, prints tables and writes what was measured into build/bench; see scripts/bench."""
 import argparse
 import os
 import platform
@@ -15,6 +15,10 @@ from results import Results
 # calls inside a program weigh more than the bus.
 WALKED = {1_000: ["vemra", "widgets-rows", "listview", "quick-listview"],
           10_000: ["vemra", "widgets-rows"]}
+
+# A quick run leaves out so much that it must not take the place of a full one.
+FULL = OUT / "results.json"
+QUICK = OUT / "results-quick.json"
 
 
 def say(text):
@@ -101,28 +105,37 @@ def report(results):
             print(text + "\n")
 
 
+def parts(quick):
+    """What a run consists of, in its order: the dearest last."""
+    if quick:
+        return [lambda results: interleaved(results, quick=True, rounds=3),
+                lambda results: models(results, rounds=1, seconds=0.05)]
+    return [lambda results: interleaved(results, quick=False, rounds=7),
+            lambda results: models(results, rounds=7, seconds=0.1),
+            counts,
+            lambda results: bus(results, rounds=7)]
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--quick", action="store_true")
     parser.add_argument("--report", action="store_true")
     wanted = parser.parse_args()
     if wanted.report:
-        report(Results.read(OUT / "results.json"))
+        if not FULL.exists():
+            raise SystemExit(f"there is no {FULL.relative_to(ROOT)} yet; scripts/bench writes it")
+        report(Results.read(FULL))
         return
     results = Results()
     say(f"{machine()}, load {os.getloadavg()[0]:.1f}")
     started = time.monotonic()
-    if wanted.quick:
-        interleaved(results, quick=True, rounds=3)
-        models(results, rounds=1, seconds=0.05)
-    else:
-        interleaved(results, quick=False, rounds=7)
-        models(results, rounds=7, seconds=0.1)
-        bus(results, rounds=7)
-        counts(results)
-    results.write(OUT / "results.json")
+    file = QUICK if wanted.quick else FULL
+    for part in parts(wanted.quick):
+        part(results)
+        results.write(file)  # after each, so that a part that fails takes no other with it
     report(results)
-    say(f"took {time.monotonic() - started:.0f} s; every figure is in build/bench/results.json")
+    say(f"took {time.monotonic() - started:.0f} s; every figure is in {file.relative_to(ROOT)}"
+        + (", the last full run still in " + FULL.name if wanted.quick and FULL.exists() else ""))
 
 
 main()
