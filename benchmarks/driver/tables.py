@@ -1,6 +1,7 @@
 """Tables, as Markdown that reads well in a terminal too."""
 from candidates import PEERS
-from targets import MEASURES, rows
+from instructions import TOLERANCE
+from targets import MEASURES, changes, rows
 
 
 def table(head, lines):
@@ -63,4 +64,9 @@ def targets_table(results):
     for what, against, most, value in rows(results):
         verdict = "" if value is None or most is None else "met" if value <= most else "MISSED"
         lines.append([what, against, "" if most is None else ratio(most), ratio(value), verdict])
+    for what, recorded, change in changes(results):
+        # Fewer are flagged, too: what is recorded no longer says what the code does.
+        verdict = "" if change is None else "met" if abs(change) <= TOLERANCE else "MISSED"
+        lines.append([what, f"those recorded, {number(recorded)}", f"±{100 * TOLERANCE:.0f} %",
+                      ratio(None) if change is None else f"{100 * change:+.1f} %", verdict])
     return table(["measure", "against", "at most", "is", ""], lines)

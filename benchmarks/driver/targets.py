@@ -1,6 +1,7 @@
 """The targets: a ratio of two medians of one interleaved run, and the most it may be (or nothing,
 where a ratio is reported and no target set)."""
 from candidates import WITH_STRAY
+from instructions import RECORDED
 
 MEASURES = [
     ("firstFrame.first", "first painted frame, cold"),
@@ -109,3 +110,13 @@ def rows(results):
         yield (f"whole headless tree, 10,000 people, {tree}", "widgets-column's first frame", most,
                ratio(("vemra-headless", 10_000, measure),
                      ("widgets-column", 10_000, "firstFrame.hot")))
+
+
+def changes(results):
+    """(what, its recorded count, by how much it differs from that or None): counted instructions."""
+    for name, what in (("scan", "per record of a scan"),
+                       ("equality", "per record of an equality"),
+                       ("resolve", "per patch of a first tree")):
+        count = results.median("vemra-model", 0, f"instructions/{name}")
+        yield ("instructions " + what, RECORDED[name],
+               None if count is None else count / RECORDED[name] - 1)
