@@ -94,8 +94,8 @@ def report(results):
             *((f"{candidate}: 10,000 people, {stray:,} stray outcomes", candidate, 10_000,
                "firstFrame.hot", stray)
               for candidate in ("vemra", *WITH_STRAY) for stray in (100, 10_000)),
-            ("headless, every row, 10,000 people", "vemra-headless", 10_000, "headless.hot"),
-            ("headless, ten rows, 10,000 people", "vemra-headless", 10_000,
+            ("headless tree of every row, 10,000 people", "vemra-headless", 10_000, "headless.hot"),
+            ("graph whose renderer asks for ten rows, 10,000 people", "vemra-headless", 10_000,
              "headless in view.hot")]),
         tables.list_table(results, ["model, each or per element", "ns or instructions"], [
             (key[2], *key[:3]) for key in sorted(results.runs) if key[0] == "vemra-model"]),
