@@ -80,9 +80,9 @@ def expected_of(people):
 
 
 def walk(screen, people):
-    """The whole tree: how long it took, how much there is, and what is missing of its rows and controls.
+    """The whole tree: how long it took, how much there is, what rows and controls are missing.
 
-    Each is looked for by itself, so that nothing that is there twice stands in for what is not there.
+    Each is looked for by itself, so that what is there twice does not stand in for what is not.
     On the way it comes by the button that records an outcome for the last person, which is how a
     script finds it where nothing else is offered.
     """
@@ -117,7 +117,7 @@ def walk(screen, people):
 
 
 def find_by_collection(screen, people):
-    """By its identifier: the first question that the process is asked, and the median of those after."""
+    """By its identifier: the first question the process is asked, and the median of those after."""
     page = screen.root.get_child_at_index(0)
     wanted = f"vemra.goal.person.p{people - 1}.outcome.start"
     times = []

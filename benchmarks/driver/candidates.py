@@ -50,7 +50,7 @@ class Job:
         return {"inspect.time": 1000 * elapsed, "inspect.peak": peak_of(command)}
 
     def run_headless(self):
-        """Without a window: the whole tree, and a graph whose renderer asks for ten rows as a window does."""
+        """Without a window: all rows in a tree, and a graph whose renderer asks for ten of them."""
         found = micro_benchmarks("graph/headless", 0.2)
         return {"headless.hot": found["graph/headless-tree/10000"] / 1e6,
                 "headless in view.hot": found["graph/headless-in-view/10000"] / 1e6}
@@ -58,7 +58,7 @@ class Job:
 
 @functools.cache
 def document(size, stray):
-    """The sample result as a file, written anew once a run: an older program's would be kept for ever."""
+    """The sample result as a file, written anew once a run: what an older program wrote is not it."""
     file = OUT / f"sample-{size}-{stray}.json"
     text = output_of([BIN / "vemra-bench-document", str(size), str(stray)])
     file.write_text(text, encoding="utf-8")
@@ -69,8 +69,8 @@ def peak_of(command):
     """MiB that a program had resident at the most.
 
     A process counts what its memory held before it became the program, so one started from here
-    would show at least this driver's own. A shell of a megabyte starts it instead, and then turns into
-    what can ask the kernel for the most that any child of that shell had.
+    would show at least this driver's own. A shell of a megabyte starts it instead, and then turns
+    into what can ask the kernel for the most that any child of that shell had.
     """
     ask = "import resource; print(resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss)"
     return int(output_of(["/bin/sh", "-c", f'"$@" >/dev/null || exit; exec python3 -S -c "{ask}"',

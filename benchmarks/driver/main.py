@@ -51,8 +51,8 @@ def counts(results):
 
 
 def bus(results, rounds):
-    """Walks, each from a process just started. The uncounted round is of 1,000 people alone, for files
-    and the processor: one of 10,000 takes minutes, and would have nothing left to warm up."""
+    """Walks, each from a process just started. The uncounted round is of 1,000 people alone, for
+    files and the processor: one of 10,000 takes minutes, and would have nothing left to warm up."""
     command = [ROOT / "benchmarks/bus/run", BIN / "vemra-bench-screen"]
     for number in range(rounds + 1):
         started = time.monotonic()

@@ -16,7 +16,7 @@ class Results:
         return statistics.median(values) if values else None
 
     def most(self, candidate, size, measure):
-        """The worst count of all runs, where one is one too many: a median would forgive three of seven."""
+        """The worst count of all runs: a median would forgive three bad ones of seven."""
         values = self.runs.get((candidate, size, measure, 0))
         return int(max(values)) if values else None
 

@@ -24,8 +24,8 @@ MEASURES = [
 ]
 
 # measure, the most against widgets, the most against Qt Quick's ListView; at 10,000 people. A first
-# time is reported beside the hot figure that a target is about; and so is the quicker one of the two
-# arrangements of widgets, where the target is about the plain one.
+# time is reported beside the hot figure that a target is about; and so is the other arrangement of
+# widgets, where the target is about the plain one.
 AGAINST_PEERS = [
     ("firstFrame.hot", 1 / 120, 0.75),
     ("firstFrame.first", None, None),
@@ -69,12 +69,12 @@ def rows(results):
                ratio(("vemra", 100_000, measure), ("vemra", 100, measure)))
     for candidate, most in (("vemra", 1.25), *((peer, None) for peer in WITH_STRAY)):
         whose = "" if candidate == "vemra" else f"{candidate}'s "
-        yield (f"{whose}first painted frame, warm, 10,000 stray outcomes", "100 stray outcomes", most,
-               ratio((candidate, 10_000, "firstFrame.hot", 10_000),
-                     (candidate, 10_000, "firstFrame.hot", 100)))
+        yield (f"{whose}first painted frame, warm, 10,000 stray outcomes", "100 stray outcomes",
+               most, ratio((candidate, 10_000, "firstFrame.hot", 10_000),
+                           (candidate, 10_000, "firstFrame.hot", 100)))
     share = results.median("vemra", 10_000, "own share")
-    # Warm against warm: a cold scroll area pays for fonts and style that our warm frame has behind it,
-    # and would make any frame look small.
+    # Warm against warm: a cold scroll area pays for fonts and style that our warm frame has behind
+    # it, and would make any frame look small.
     for measure, when, most in (("firstFrame.hot", "warm", 0.3),
                                 ("firstFrame.first", "the first in its process", None)):
         frame = ratio(("vemra", 10_000, "firstFrame.hot"), ("empty-scroll-area", 100, measure))
@@ -89,7 +89,7 @@ def rows(results):
     yield ("AT-SPI: walk per element, processor time of the program", "widgets-rows", None,
            ratio(("vemra", 10_000, "program per 1,000 elements"),
                  ("widgets-rows", 10_000, "program per 1,000 elements")))
-    # A walk is the first thing that its process is asked, so the question that is held against it is, too.
+    # A walk is the first thing that its process is asked; so is the question held against it.
     for measure, which, most in (("find by collection, first", "the first time", 1 / 1000),
                                  ("find by collection", "after that", None)):
         yield (f"AT-SPI: finding an identifier by collection, {which}", "by walking", most,
@@ -114,7 +114,7 @@ def rows(results):
 
 
 def changes(results):
-    """(what, its recorded count, by how much it differs from that or None): counted instructions."""
+    """(what, its recorded count, the difference from that or None) for counted instructions."""
     for name, what in (("scan", "per record of a scan"),
                        ("equality", "per record of an equality"),
                        ("resolve", "per patch of a first tree")):
