@@ -42,6 +42,7 @@ void ViewWidget::prepare() {
   page_ = std::make_unique<Page>(*this, graph_);
   applyLooks();
   graph_.attach(*page_);
+  connect(qApp, &QGuiApplication::layoutDirectionChanged, this, [this] { followSystem(); });
 }
 
 void ViewWidget::setRoot(ui::View root) {
@@ -72,12 +73,7 @@ std::size_t ViewWidget::widgetCount() const {
 }
 
 void ViewWidget::followSystem() {
-  if (followsSystem_) {
-    ui::Environment environment = systemEnvironment();
-    environment.strings = graph_.environment().strings;
-    environment.textScale = graph_.environment().textScale;
-    graph_.setEnvironment(std::move(environment));
-  }
+  if (followsSystem_) graph_.setEnvironment(systemEnvironment());
   applyLooks();
 }
 

@@ -55,6 +55,25 @@ TEST(LiveLooks, AWindowThatFollowsTheSystemTurnsDarkAndHighContrastWithIt) {
   EXPECT_GT(pageColor(widget).lightness(), 200);
 }
 
+TEST(LiveLooks, TheSystemsDirectionIsFollowed) {
+  WindowHost host(resultWith(3));
+  qt::ViewWidget following;
+  following.setRoot(host.view());
+  following.resize(400, 400);
+  following.show();
+  const auto place = [&] {
+    const auto* name = following.findChild<QWidget*>("vemra.goal.person.p0.outcome.start");
+    return name->mapTo(&following, name->rect().center()).x();
+  };
+  EXPECT_LT(place(), 200);
+  QApplication::setLayoutDirection(Qt::RightToLeft);
+  EXPECT_EQ(following.environment().layoutDirection, ui::LayoutDirection::rightToLeft);
+  EXPECT_GT(place(), 200);
+  EXPECT_EQ(host.widget.layoutDirection(), Qt::LeftToRight) << "its host has said otherwise";
+  QApplication::setLayoutDirection(Qt::LeftToRight);
+  EXPECT_LT(place(), 200);
+}
+
 TEST(LiveLooks, TheSystemsFontSizeIsTakenUp) {
   AsBefore asBefore;
   WindowHost host(resultWith(3));
