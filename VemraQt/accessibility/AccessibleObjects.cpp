@@ -85,6 +85,11 @@ QString AccessibleRow::identifier() const {
               : QStringLiteral("");
 }
 
+void AccessibleRow::scrollIn() {
+  const auto& elements = tree().elementsOf(this);
+  if (!elements.empty()) tree().scrollIn(this, elements.front().node);
+}
+
 const ui::Node* AccessibleElement::node() const {
   if (isLeaving()) return nullptr;
   const ElementSlot* slot = tree().slot(row_, path_);
@@ -133,6 +138,10 @@ QString AccessibleElement::identifier() const {
                  : QStringLiteral("");
 }
 
+void AccessibleElement::scrollIn() {
+  if (const ui::Node* element = node()) tree().scrollIn(row_, element->id);
+}
+
 void* AccessibleElement::interface_cast(QAccessible::InterfaceType type) {
   if (type != QAccessible::ActionInterface || actionNames().isEmpty()) return nullptr;
   return static_cast<QAccessibleActionInterface*>(this);
@@ -149,11 +158,12 @@ QStringList AccessibleElement::actionNames() const {
 
 void AccessibleElement::doAction(const QString& name) {
   const ui::Node* element = node();
-  if (!element || !element->element.style().enabled) return;
+  if (!element) return;
+  const bool isButton = element->element.kind() == ui::ElementKind::button;
   // Whatever is done may take this very object away: nothing of it is touched afterwards.
   if (name == setFocusAction()) {
     tree().focus(row_, element->id);
-  } else if (name == pressAction() && element->element.kind() == ui::ElementKind::button) {
+  } else if (name == pressAction() && isButton && element->element.style().enabled) {
     tree().press(row_, element->id);
   }
 }

@@ -33,6 +33,7 @@ class AccessibleObject : public QAccessibleInterface {
   virtual QString identifier() const { return QStringLiteral(""); }
   /// Its name, its value; null of what it does not have.
   virtual QString textOf(QAccessible::Text kind) const = 0;
+  virtual void scrollIn() {}
   AccessibleTree& tree() const { return tree_; }
   void remember(QAccessible::Id id) { id_ = id; }
   /// It stands for nothing any more and will be deleted.
@@ -68,6 +69,7 @@ class AccessibleRow final : public AccessibleObject {
   QAccessible::Role role() const override { return QAccessible::Grouping; }
   QAccessible::State state() const override;
   QString identifier() const override;
+  void scrollIn() override;
 
   const ui::NodeID list;
   std::size_t index;
@@ -93,6 +95,7 @@ class AccessibleElement : public AccessibleObject, public QAccessibleActionInter
   QRect rect() const override;
   QAccessible::State state() const override;
   QString identifier() const override;
+  void scrollIn() override;
   void* interface_cast(QAccessible::InterfaceType type) override;
 
   QStringList actionNames() const override;

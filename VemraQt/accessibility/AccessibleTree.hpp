@@ -91,7 +91,9 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   /// A client has been told whether that object is showing, and will hear when it changes.
   void noteShowing(AccessibleObject& object, bool isShowing);
   void press(AccessibleRow* row, ui::NodeID node);
+  /// Scrolls an element in and gives it the focus, unless it cannot have it.
   void focus(AccessibleRow* row, ui::NodeID node);
+  void scrollIn(AccessibleRow* row, ui::NodeID node);
   void deliver(ui::NodeID node, ui::Event event);
   QAccessibleInterface* pageObject() const;
   QAbstractScrollArea& area() const { return area_; }

@@ -65,7 +65,12 @@ void AccessibleTree::deliver(NodeID node, ui::Event event) {
 
 void AccessibleTree::focus(AccessibleRow* row, NodeID node) {
   if (row && !page_.tree().find(node)) page_.bringRow(row->list, row->index);
-  page_.focusElement(node, Qt::OtherFocusReason);
+  if (!page_.focusElement(node, Qt::OtherFocusReason)) scrollIn(row, node);
+}
+
+void AccessibleTree::scrollIn(AccessibleRow* row, NodeID node) {
+  if (row && !page_.tree().find(node)) page_.bringRow(row->list, row->index);
+  if (const RenderNode* leaf = page_.tree().find(node)) page_.reveal(*leaf);
 }
 
 /// Where the pressed element is drawn, the page itself hands the focus on to what takes its place.

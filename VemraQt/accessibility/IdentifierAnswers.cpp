@@ -1,5 +1,6 @@
 #include "VemraQt/accessibility/IdentifierAnswers.hpp"
 
+#include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/accessibility/BusReference.hpp"
 #include "VemraQt/accessibility/IdentifierBus.hpp"
 #include "VemraQt/accessibility/LaterQt.hpp"
@@ -23,6 +24,7 @@ namespace {
 
 const QString accessibleInterface = QStringLiteral("org.a11y.atspi.Accessible");
 const QString collectionInterface = QStringLiteral("org.a11y.atspi.Collection");
+const QString componentInterface = QStringLiteral("org.a11y.atspi.Component");
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
 /// The element that a bus path speaks of: the last part of the path is its id.
@@ -157,11 +159,22 @@ bool answerMatches(const QDBusMessage& message, const QDBusConnection& connectio
   for (const IdentifierSource* source : identifierSources()) {
     for (const QAccessible::Id element : source->find(identifier, 0)) {
       if (within && !isWithin(element, within)) continue;
-      found.push_back(busReference(connection, element));
-      if (most && found.size() == most) break;
+      if (!most || found.size() < most) found.push_back(busReference(connection, element));
     }
   }
   return connection.send(message.createReply(QVariant::fromValue(found)));
+}
+
+/// Qt gives the focus to what can have it; and 6.4 scrolls to nothing.
+bool answerScrolling(const QDBusMessage& message, const QDBusConnection& connection,
+                     QAccessible::Id element) {
+  AccessibleObject* object = AccessibleObject::living(element);
+  if (!object) return false;
+  const bool grabsFocus = message.member() == QLatin1String("GrabFocus");
+  if (!grabsFocus && message.member() != QLatin1String("ScrollTo")) return false;
+  if (grabsFocus && object->actionInterface()) return false;
+  object->scrollIn();
+  return connection.send(message.createReply(!grabsFocus));
 }
 
 /// No element stands for the application.
@@ -176,6 +189,9 @@ bool answer(const QDBusMessage& message, const QDBusConnection& connection,
   }
   if (message.interface() == collectionInterface) {
     return member == QLatin1String("GetMatches") && answerMatches(message, connection, element);
+  }
+  if (message.interface() == componentInterface) {
+    return answerScrolling(message, connection, element);
   }
   if (message.interface() != accessibleInterface) return false;
   if (member == QLatin1String("GetInterfaces")) {

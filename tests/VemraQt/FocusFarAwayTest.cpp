@@ -36,6 +36,21 @@ TEST(FocusFarAway, AnEditorOpenedBelowAllRowsHasIt) {
   EXPECT_EQ(focusedIdentifier(host), "vemra.goal.path.outcome.picker");
 }
 
+TEST(FocusFarAway, AControlThatCannotHaveItIsScrolledInAllTheSame) {
+  WindowHost host(resultWith(200));
+  const std::string prefix = "vemra.goal.person.p0.outcome";
+  host.press(prefix + ".start");
+  press(*accessible(host, prefix + ".picker")->child(7));  // "Something else" wants a note
+  QScrollBar& bar = *host.widget.verticalScrollBar();
+  bar.setValue(bar.maximum());
+  QAccessibleInterface& save = *accessible(host, prefix + ".save");
+  ASSERT_TRUE(save.state().disabled);
+  ASSERT_TRUE(save.state().offscreen);
+  act(save, QAccessibleActionInterface::setFocusAction());
+  EXPECT_FALSE(accessible(host, prefix + ".save")->state().offscreen);
+  EXPECT_FALSE(accessible(host, prefix + ".save")->state().focused);
+}
+
 TEST(FocusFarAway, AnEditorClosedWhereItWasScrolledAwayLeavesItInPlace) {
   for (const char* ends : {".save", ".cancel"}) {
     WindowHost host(resultWith(200));

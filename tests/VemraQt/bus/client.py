@@ -335,6 +335,16 @@ def what_scrolls_is_heard_to_show(window):
         far.grab_focus()
         equal(heard(), {(0, near.path), (1, far.path)})
         equal((has(near, SHOWING), has(far, SHOWING)), (False, True))
+    # What cannot have the focus comes into view all the same.
+    window.tell("scroll 0")
+    row = far.get_parent()
+    label = row.get_child_at_index(1)
+    for scroll in (lambda: label.scroll_to(Atspi.ScrollType.ANYWHERE), lambda: not label.grab_focus(),
+                   lambda: row.scroll_to(Atspi.ScrollType.ANYWHERE), lambda: not row.grab_focus()):
+        wait_for(lambda: not has(label, SHOWING), "the top")
+        assert scroll()
+        wait_for(lambda: has(label, SHOWING) and has(row, SHOWING), "the label")
+        window.tell("scroll 0")
 
 
 def enabling_is_heard(window):
