@@ -1,11 +1,15 @@
 #include "tests/Allocations.hpp"
 
 #include <cstdlib>
+#include <limits>
 #include <new>
 
 namespace {
 
 std::uint64_t count = 0;  // the main thread's; no test here has another one that allocates
+
+constexpr std::uint64_t never = std::numeric_limits<std::uint64_t>::max();
+std::uint64_t refused = never;  // the number of the allocation that is not granted
 
 }  // namespace
 
@@ -13,11 +17,19 @@ std::uint64_t vemra::testing::allocations() {
   return count;
 }
 
+void vemra::testing::refuseAllocationAfter(std::uint64_t granted) {
+  refused = count + granted;
+}
+
+void vemra::testing::refuseNoAllocation() {
+  refused = never;
+}
+
 #ifndef VEMRA_ALLOCATIONS_ARE_NOT_COUNTED
 
 // The other forms of new and delete are defined by these.
 void* operator new(std::size_t size) {
-  ++count;
+  if (count++ == refused) throw std::bad_alloc();
   if (void* memory = std::malloc(size != 0 ? size : 1)) return memory;
   throw std::bad_alloc();
 }

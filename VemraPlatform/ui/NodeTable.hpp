@@ -29,12 +29,17 @@ class NodeTable {
   }
   const Value* find(NodeID id) const { return const_cast<NodeTable*>(this)->find(id); }
 
-  /// Puts a value in. The node must not have one.
+  /// Puts a value in. The node must not have one. Without memory the table is as it was.
   Value& insert(NodeID id, Value value) {
-    std::unique_ptr<Page>& page = pages_[id.value / pageSize];
-    if (!page) page = std::make_unique_for_overwrite<Page>();
-    Value& made = *std::construct_at(&page->places[id.value % pageSize].value, std::move(value));
-    page->used |= bitOf(id);
+    const std::uint64_t number = id.value / pageSize;
+    auto found = pages_.find(number);
+    // The page comes first: without the memory for it, none is entered.
+    if (found == pages_.end()) {
+      found = pages_.emplace(number, std::make_unique_for_overwrite<Page>()).first;
+    }
+    Page& page = *found->second;
+    Value& made = *std::construct_at(&page.places[id.value % pageSize].value, std::move(value));
+    page.used |= bitOf(id);
     return made;
   }
 

@@ -1,8 +1,10 @@
 #include "VemraPlatform/ui/NodeTable.hpp"
+#include "tests/Allocations.hpp"
 
 #include <functional>
 #include <map>
 #include <memory>
+#include <new>
 #include <random>
 #include <string>
 
@@ -92,4 +94,38 @@ TEST(NodeTable, AValueThatGoesSeesTheOthersAndNotItself) {
   table.erase(NodeID{2});
   EXPECT_TRUE(sawOther);
   EXPECT_FALSE(sawItself);
+}
+
+TEST(NodeTable, WithoutMemoryForAPageItIsAsItWas) {
+#ifdef VEMRA_ALLOCATIONS_ARE_NOT_COUNTED
+  GTEST_SKIP() << "no allocation can be refused here";
+#endif
+  const auto insertIsRefused = [](NodeTable<int>& table, std::uint64_t granted) {
+    vemra::testing::refuseAllocationAfter(granted);
+    bool refused = false;
+    try {
+      table.insert(NodeID{1000}, 20);
+    } catch (const std::bad_alloc&) {
+      refused = true;
+    }
+    vemra::testing::refuseNoAllocation();
+    return refused;
+  };
+  std::uint64_t granted = 0;
+  for (; granted < 100; ++granted) {
+    SCOPED_TRACE("after " + std::to_string(granted) + " allocations");
+    NodeTable<int> table;
+    table.insert(NodeID{1}, 10);
+    if (!insertIsRefused(table, granted)) break;
+    EXPECT_EQ(table.find(NodeID{1000}), nullptr);
+    int sum = 0;
+    table.forEach([&](int value) { sum += value; });
+    EXPECT_EQ(sum, 10);
+    table.erase(NodeID{1000});
+    table.insert(NodeID{1000}, 30);
+    EXPECT_EQ(*table.find(NodeID{1000}), 30);
+    EXPECT_EQ(*table.find(NodeID{1}), 10);
+  }
+  EXPECT_GE(granted, 2U) << "a page and its entry are allocations to be refused";
+  EXPECT_LT(granted, 100U);
 }
