@@ -14,7 +14,6 @@ void RenderedTree::apply(const std::vector<Patch>& patches) {
     switch (patch.kind) {
       case Patch::Kind::insert:
         if (places_.find(patch.node)) throw std::out_of_range("a node was inserted twice");
-        ++nodeCount_;
         putIn(places_.insert(patch.node, Place{{patch.node, {}, *patch.element, {}}, {}, {}, {}}),
               patch.parent, patch.after);
         break;
@@ -49,7 +48,7 @@ const RenderedTree::Node* RenderedTree::find(NodeID id) const {
 
 std::vector<const RenderedTree::Node*> RenderedTree::nodes() const {
   std::vector<const Node*> nodes;
-  nodes.reserve(nodeCount_);
+  nodes.reserve(places_.size());
   if (root_) collect(root_, nodes);
   return nodes;
 }
@@ -106,7 +105,6 @@ void RenderedTree::erase(NodeID id) {
     erase(std::exchange(child, at(child).next));
   }
   places_.erase(id);
-  --nodeCount_;
 }
 
 }  // namespace vemra::testing

@@ -52,7 +52,6 @@ class RenderedTree final : public ui::Renderer {
   ui::NodeTable<Place> places_;
   std::vector<ui::NodeID> changed_;
   ui::NodeID root_;
-  std::size_t nodeCount_ = 0;
   std::size_t patchCount_ = 0;
 };
 

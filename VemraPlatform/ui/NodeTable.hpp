@@ -3,6 +3,7 @@
 #include "VemraPlatform/ui/NodeID.hpp"
 
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <unordered_map>
@@ -16,8 +17,9 @@ namespace vemra::ui {
 /// neighbouring numbers. They share a page: a tree of thousands of nodes takes a fraction of the
 /// allocations and of the cache misses of a hash table. A page goes with its last value.
 ///
-/// A value's destructor may ask the table for other values; its own is not found any more. Not safe
-/// to use from several threads at once.
+/// A value's destructor may ask the table for other values; its own is not found any more. It must
+/// neither put a value in nor erase one: the page that its own place is on could go too early. Not
+/// safe to use from several threads at once.
 template <class Value>
 class NodeTable {
  public:
@@ -51,6 +53,13 @@ class NodeTable {
     pages_.at(number)->used &= ~bitOf(id);
     std::destroy_at(value);
     if (const auto page = pages_.find(number); page->second->used == 0) pages_.erase(page);
+  }
+
+  /// How many nodes have a value. Costs a step for each page.
+  std::size_t size() const {
+    std::size_t size = 0;
+    for (const auto& [number, page] : pages_) size += std::popcount(page->used);
+    return size;
   }
 
   /// Calls `visit` with every value, in no particular order. It must not change the table.

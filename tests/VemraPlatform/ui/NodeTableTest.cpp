@@ -46,6 +46,9 @@ TEST(NodeTable, HoldsWhatAMapHoldsWhereItWasPut) {
     }
     const std::string* const found = table.find(NodeID{known});
     ASSERT_EQ(found != nullptr, expected.contains(known)) << known;
+    if (step % 100 == 0) {
+      ASSERT_EQ(table.size(), expected.size());
+    }
   }
   for (const auto& [id, value] : expected) {
     ASSERT_EQ(table.find(NodeID{id}), places[id]) << "it has moved";
