@@ -1,6 +1,7 @@
 #include "apps/documents/ResultReader.hpp"
 #include "apps/documents/SourceFile.hpp"
 #include "tests/apps/Repeated.hpp"
+#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/documents/SampleResult.hpp"
 
 #include <cerrno>
@@ -86,21 +87,9 @@ TEST(HugeDocumentTest, aTitleOfFiftyMegabytesIsATitle) {
   EXPECT_EQ(readResultText(inTitle('"' + title + '"'), "t").goal.title.size(), fiftyMegabytes);
 }
 
-/// A folder of its own for one test.
+/// Files in a folder of their own.
 class SourceFileTest : public testing::Test {
  protected:
-  SourceFileTest() {
-    std::string pattern = testing::TempDir() + "vemra-documents-XXXXXX";
-    folder_ = ::mkdtemp(pattern.data());
-  }
-  ~SourceFileTest() override { std::filesystem::remove_all(folder_); }
-
-  std::string file(const std::string& name, const std::string& content) const {
-    const std::string path = folder_ + "/" + name;
-    std::ofstream(path, std::ios::binary) << content;
-    return path;
-  }
-
   /// The message of reading a file, without the path it begins with.
   static std::string error(const std::string& path) {
     try {
@@ -113,30 +102,31 @@ class SourceFileTest : public testing::Test {
     return "";
   }
 
-  std::string folder_;
+  TemporaryFolder folder;
 };
 
 TEST_F(SourceFileTest, readsAFile) {
-  EXPECT_EQ(readResultFile(file("case.json", sampleResult)).goal.id, "g1");
+  EXPECT_EQ(readResultFile(folder.write("case.json", sampleResult)).goal.id, "g1");
   const std::string content = "a\0b\r\n\xFF" + std::string(3'000'000, 'x');
-  EXPECT_EQ(readSource(file("bytes", content)), content);
-  EXPECT_EQ(readSource(file("empty", "")), "");
+  EXPECT_EQ(readSource(folder.write("bytes", content)), content);
+  EXPECT_EQ(readSource(folder.write("empty", "")), "");
 }
 
 TEST_F(SourceFileTest, saysWhatIsWrongWithAFile) {
-  EXPECT_EQ(error(folder_ + "/missing.json"),
+  EXPECT_EQ(error(folder.file("missing.json")),
             "expected a file that can be read; found an error: No such file or directory");
-  EXPECT_EQ(error(folder_), "expected a file that can be read; found an error: Is a directory");
-  EXPECT_EQ(error(file("a", "") + "/b"),
+  EXPECT_EQ(error(folder.path().string()),
+            "expected a file that can be read; found an error: Is a directory");
+  EXPECT_EQ(error(folder.write("a", "") + "/b"),
             "expected a file that can be read; found an error: Not a directory");
-  EXPECT_EQ(error(file("empty.json", "")),
+  EXPECT_EQ(error(folder.write("empty.json", "")),
             "line 1, column 1: expected an object; found the end of the file");
   EXPECT_EQ(error(""),
             "expected a file that can be read; found an error: No such file or directory");
 }
 
 TEST_F(SourceFileTest, readsAPipeOfUnknownLength) {
-  const std::string path = folder_ + "/pipe";
+  const std::string path = folder.file("pipe");
   ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
   const std::string content(5'000'000, 'y');
   const pid_t writer = ::fork();
@@ -150,7 +140,7 @@ TEST_F(SourceFileTest, readsAPipeOfUnknownLength) {
 
 TEST_F(SourceFileTest, readsStandardInputUnderTheNameDash) {
   const int saved = ::dup(STDIN_FILENO);
-  ASSERT_NE(std::freopen(file("in", "[]").c_str(), "r", stdin), nullptr);
+  ASSERT_NE(std::freopen(folder.write("in", "[]").c_str(), "r", stdin), nullptr);
   EXPECT_EQ(error("-"), "expected an object; found an array");
   ::dup2(saved, STDIN_FILENO);
   ::close(saved);

@@ -31,4 +31,9 @@ inline std::string withSteps(const std::string& result, const std::string& steps
   return caseOf(result, R"(, "locale": "en_US", "timeZone": "UTC", "steps": [)" + steps + "]");
 }
 
+/// The step that presses that element; the identifier stands in it as it is.
+inline std::string press(const std::string& identifier) {
+  return R"({"press": ")" + identifier + "\"}";
+}
+
 }  // namespace vemra::inspect

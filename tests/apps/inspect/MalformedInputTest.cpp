@@ -163,23 +163,15 @@ TEST_F(MalformedInputTest, filesThatCannotBeRead) {
 TEST_F(MalformedInputTest, aFileThatMayNotBeRead) {
   file("closed.json", withSteps(nothing, ""));
   namespace fs = std::filesystem;
-  fs::permissions(folder_, fs::perms(0777));
-  fs::permissions(folder_ + "/closed.json", fs::perms(0000));
-  if (::geteuid() != 0) {
-    expectRefusedFile("closed.json", "Permission denied");
-    return;
-  }
-  // Nothing is closed to root: run with nobody's rights.
-  if (std::system("setpriv --reuid=65534 --clear-groups true 2>/dev/null") != 0) {
-    GTEST_SKIP() << "running as root, and setpriv is not there to give rights away";
-  }
-  const int status = std::system(("cd '" + folder_ +
-                                  "' && setpriv --reuid=65534 --clear-groups '" VEMRA_BINARY_DIR
-                                  "/bin/vemra-inspect' closed.json >out 2>err")
-                                     .c_str());
-  EXPECT_EQ(WEXITSTATUS(status), 2);
-  EXPECT_EQ(content("out"), "");
-  EXPECT_EQ(content("err"),
+  fs::permissions(folder.path(), fs::perms(0777));
+  fs::permissions(folder.file("closed.json"), fs::perms(0000));
+  Invocation invocation{{"closed.json"}};
+  invocation.folder = folder.path().string();
+  invocation.rights = Rights::ofNobody;  // nothing is closed to root
+  const Ending ending = Process(vemraInspect, invocation).wait();
+  EXPECT_EQ(ending.exitCode, 2);
+  EXPECT_EQ(ending.output, "");
+  EXPECT_EQ(ending.diagnostics,
             "closed.json: expected a file that can be read; found an error: Permission denied\n");
 }
 

@@ -4,10 +4,6 @@
 namespace vemra::inspect {
 namespace {
 
-std::string press(const std::string& identifier) {
-  return R"({"press": ")" + identifier + "\"}";
-}
-
 class OutlineReportTest : public ProgramTest {};
 
 TEST_F(OutlineReportTest, saysStepsCallsAndTheTree) {

@@ -10,10 +10,6 @@ using nlohmann::ordered_json;
 
 const std::string onPerson = "vemra.goal.person.p1.outcome.";
 
-std::string press(const std::string& identifier) {
-  return R"({"press": ")" + identifier + "\"}";
-}
-
 TEST_F(ProgramTest, writesOneDocument) {
   const ordered_json document = inspect(withSteps(oneOfEach, ""));
   ASSERT_EQ(document.size(), 3U);
@@ -207,12 +203,9 @@ TEST_F(ProgramTest, tracesTheTreeAfterEachStep) {
 
 TEST_F(ProgramTest, anOutputThatCannotBeWrittenIsSaid) {
   file("case.json", caseOf(nothing));
-  const int status =
-      std::system(("cd '" + folder_ +
-                   "' && '" VEMRA_BINARY_DIR "/bin/vemra-inspect' case.json >/dev/full 2>err")
-                      .c_str());
-  EXPECT_EQ(WEXITSTATUS(status), 1);
-  EXPECT_EQ(content("err"), "vemra-inspect: standard output cannot be written\n");
+  const Ran ran = inShell("exec \"$0\" case.json >/dev/full");
+  EXPECT_EQ(ran.exitCode, 1);
+  EXPECT_EQ(ran.diagnostics, "vemra-inspect: standard output cannot be written\n");
 }
 
 TEST_F(ProgramTest, readsAFileOrStandardInputAndNamesIt) {

@@ -1,25 +1,19 @@
 #pragma once
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <stdlib.h>
+#include "tests/apps/Process.hpp"
+#include "tests/apps/TemporaryFolder.hpp"
+
 #include <string>
-#include <sys/wait.h>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 namespace vemra::inspect {
 
-/// What a run of the program came to.
-struct Ran {
-  int exitCode = -1;  ///< -1 when a signal ended it
-  int signal = 0;
-  std::string output;
-  std::string diagnostics;
+inline const std::string vemraInspect = VEMRA_BINARY_DIR "/bin/vemra-inspect";
 
+/// What a run of the program came to.
+struct Ran : Ending {
   /// The output, read by another JSON reader with its keys in order.
   nlohmann::ordered_json json() const { return nlohmann::ordered_json::parse(output); }
 };
@@ -27,31 +21,15 @@ struct Ran {
 /// Runs the built program in a process of its own, in a folder of its own.
 class ProgramTest : public testing::Test {
  protected:
-  ProgramTest() {
-    std::string pattern = testing::TempDir() + "vemra-inspect-XXXXXX";
-    folder_ = ::mkdtemp(pattern.data());
-  }
-  ~ProgramTest() override { std::filesystem::remove_all(folder_); }
-
   /// Writes a file of that content into the folder.
   void file(const std::string& name, const std::string& content) const {
-    std::ofstream(folder_ + "/" + name, std::ios::binary) << content;
+    folder.write(name, content);
   }
 
   /// `arguments` are the shell's words after the program's name; `variables` stand before it.
   Ran run(const std::string& arguments, const std::string& input = "",
           const std::string& variables = "LC_ALL=en_US.UTF-8 TZ=UTC") const {
-    file("in", input);
-    const std::string command = "cd '" + folder_ + "' && exec env " + variables +
-                                " '" VEMRA_BINARY_DIR "/bin/vemra-inspect' " + arguments +
-                                " <in >out 2>err";
-    const int status = std::system(command.c_str());
-    Ran ran;
-    if (WIFEXITED(status)) ran.exitCode = WEXITSTATUS(status);
-    if (WIFSIGNALED(status)) ran.signal = WTERMSIG(status);
-    ran.output = content("out");
-    ran.diagnostics = content("err");
-    return ran;
+    return inShell("exec env " + variables + " \"$0\" " + arguments, input);
   }
 
   /// Runs a case document given on standard input; the program must end well.
@@ -62,12 +40,17 @@ class ProgramTest : public testing::Test {
     return ran.json();
   }
 
-  std::string content(const std::string& name) const {
-    std::ifstream in(folder_ + "/" + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
+  /// Runs a command of the shell, to which the program is `$0`.
+  Ran inShell(const std::string& command, const std::string& input = "") const {
+    Invocation invocation{{"-c", command, vemraInspect}};
+    invocation.input = input;
+    invocation.folder = folder.path().string();
+    return {Process("/bin/sh", invocation).wait()};
   }
 
-  std::string folder_;
+  std::string content(const std::string& name) const { return folder.read(name); }
+
+  TemporaryFolder folder;
 };
 
 }  // namespace vemra::inspect

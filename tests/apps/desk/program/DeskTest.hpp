@@ -2,9 +2,9 @@
 
 #include "VemraGoalEngine/GoalRecords.hpp"
 #include "apps/documents/ResultWriter.hpp"
-#include "tests/apps/desk/Process.hpp"
+#include "tests/apps/TemporaryFolder.hpp"
+#include "tests/apps/desk/RunDesk.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
-#include "tests/apps/desk/TemporaryFolder.hpp"
 
 #include <map>
 #include <string>

@@ -1,8 +1,8 @@
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/store/StoreError.hpp"
+#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
-#include "tests/apps/desk/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
 

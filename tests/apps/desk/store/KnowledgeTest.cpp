@@ -1,6 +1,6 @@
 #include "apps/desk/store/GoalStore.hpp"
+#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
-#include "tests/apps/desk/TemporaryFolder.hpp"
 
 #include <gtest/gtest.h>
 

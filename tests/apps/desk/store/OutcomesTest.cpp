@@ -1,9 +1,9 @@
 #include "VemraPlatform/date/InternetDateTime.hpp"
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/store/StoreError.hpp"
+#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
-#include "tests/apps/desk/TemporaryFolder.hpp"
 
 #include <ctime>
 #include <set>

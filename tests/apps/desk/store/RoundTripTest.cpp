@@ -1,7 +1,7 @@
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/documents/ResultWriter.hpp"
+#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
-#include "tests/apps/desk/TemporaryFolder.hpp"
 #include "tests/apps/documents/RandomResult.hpp"
 
 #include <gtest/gtest.h>

@@ -4,9 +4,9 @@
 #include "apps/desk/store/SampleGoals.hpp"
 #include "apps/desk/store/StoreEngine.hpp"
 #include "apps/desk/window/DeskWindow.hpp"
-#include "tests/apps/desk/Process.hpp"
+#include "tests/apps/TemporaryFolder.hpp"
+#include "tests/apps/desk/RunDesk.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
-#include "tests/apps/desk/TemporaryFolder.hpp"
 
 #include <functional>
 #include <memory>

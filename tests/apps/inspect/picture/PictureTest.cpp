@@ -21,8 +21,9 @@ class PictureTest : public ProgramTest {
   /// The toolkit wants a private folder of the user's, as a login has one.
   Ran draw(const std::string& arguments, const std::string& text,
            const std::string& variables = "") const {
-    return run(arguments, text,
-               variables + " LC_ALL=en_US.UTF-8 TZ=UTC XDG_RUNTIME_DIR='" + folder_ + "'");
+    return run(
+        arguments, text,
+        variables + " LC_ALL=en_US.UTF-8 TZ=UTC XDG_RUNTIME_DIR='" + folder.path().string() + "'");
   }
 };
 
@@ -57,7 +58,7 @@ TEST_F(PictureTest, drawsNothingForAnInputThatCannotBeUsed) {
   for (const std::string& text : {std::string("{"), caseOf(nothing, R"(, "locale": "xx")"),
                                   withSteps(nothing, R"({"tap": "x"})")}) {
     EXPECT_EQ(draw("- --png out.png", text).exitCode, 2);
-    EXPECT_FALSE(std::filesystem::exists(folder_ + "/out.png")) << text;
+    EXPECT_FALSE(std::filesystem::exists(folder.file("out.png"))) << text;
   }
 }
 

@@ -7,13 +7,13 @@
 #include <stdexcept>
 #include <string>
 
-namespace vemra::desk {
+namespace vemra {
 
 /// A folder that is there for one test.
 class TemporaryFolder {
  public:
   TemporaryFolder() {
-    std::string name = (std::filesystem::temp_directory_path() / "vemra-desk-XXXXXX").string();
+    std::string name = (std::filesystem::temp_directory_path() / "vemra-test-XXXXXX").string();
     if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
     path_ = name;
   }
@@ -44,4 +44,4 @@ class TemporaryFolder {
   std::filesystem::path path_;
 };
 
-}  // namespace vemra::desk
+}  // namespace vemra

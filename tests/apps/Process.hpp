@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-namespace vemra::desk {
+namespace vemra {
 
 /// Whose rights a program is run with.
 enum class Rights { mine, ofNobody };
@@ -107,11 +107,4 @@ class Process {
   bool running_ = true;
 };
 
-inline const std::string vemraDesk = VEMRA_BINARY_DIR "/bin/vemra-desk";
-
-/// Runs vemra-desk to its end.
-inline Ending run(const Invocation& invocation) {
-  return Process(vemraDesk, invocation).wait();
-}
-
-}  // namespace vemra::desk
+}  // namespace vemra
