@@ -1,6 +1,6 @@
 #include "VemraTesting/Outline.hpp"
 
-#include "VemraPlatform/text/UTF8.hpp"
+#include "VemraPlatform/text/OneLine.hpp"
 #include "VemraTesting/Names.hpp"
 
 #include <variant>
@@ -10,58 +10,7 @@ namespace vemra::testing {
 namespace {
 
 using namespace vemra::ui;
-
-/// Says whether a scalar beyond ASCII ends a line for some reader, or turns the order of what is
-/// shown around: the C1 controls, the line and paragraph separators, and what has Unicode's
-/// Bidi_Control property (PropList.txt).
-bool isDisruptive(char32_t scalar) {
-  return (scalar >= 0x80 && scalar <= 0x9F) || scalar == 0x61C || scalar == 0x200E ||
-         scalar == 0x200F || (scalar >= 0x2028 && scalar <= 0x202E) ||
-         (scalar >= 0x2066 && scalar <= 0x2069);
-}
-
-void appendHex(std::string& out, char32_t value, int digits) {
-  constexpr std::string_view hex = "0123456789abcdef";
-  for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) out += hex[(value >> shift) & 0xF];
-}
-
-// One line, whatever the text holds. Ill-formed bytes stay as they are.
-std::string quoted(std::string_view text) {
-  std::string out = "\"";
-  while (!text.empty()) {
-    const auto [scalar, length] = text::firstStep(text);
-    const std::string_view bytes = text.substr(0, length);
-    text.remove_prefix(length);
-    switch (scalar.value_or(U'?')) {
-      case '\n':
-        out += "\\n";
-        break;
-      case '\r':
-        out += "\\r";
-        break;
-      case '\t':
-        out += "\\t";
-        break;
-      case '"':
-        out += "\\\"";
-        break;
-      case '\\':
-        out += "\\\\";
-        break;
-      default:
-        if (scalar && (*scalar < 0x20 || *scalar == 0x7F)) {
-          out += "\\x";
-          appendHex(out, *scalar, 2);
-        } else if (scalar && isDisruptive(*scalar)) {
-          out += "\\u";
-          appendHex(out, *scalar, 4);
-        } else {
-          out += bytes;
-        }
-    }
-  }
-  return out + '"';
-}
+using text::quotedOnOneLine;
 
 struct ModifierText {
   std::string operator()(const FontModifier& m) const {
@@ -93,7 +42,7 @@ struct ModifierText {
     return m.disabled ? ".disabled(true)" : ".disabled(false)";
   }
   std::string operator()(const AccessibilityIdentifierModifier& m) const {
-    return ".accessibilityIdentifier(" + quoted(m.identifier) + ')';
+    return ".accessibilityIdentifier(" + quotedOnOneLine(m.identifier) + ')';
   }
   std::string operator()(const TagModifier& m) const { return ".tag(" + m.tag.name() + ')'; }
 };
@@ -102,7 +51,7 @@ std::string propertyText(const Property& property) {
   struct ValueText {
     std::string operator()(std::monostate) const { return "nil"; }
     std::string operator()(bool value) const { return value ? "true" : "false"; }
-    std::string operator()(const std::string& value) const { return quoted(value); }
+    std::string operator()(const std::string& value) const { return quotedOnOneLine(value); }
     std::string operator()(const Properties& values) const {
       std::string text = "{";
       for (const Property& value : values) {
@@ -139,13 +88,13 @@ std::string outlineLine(const Element& element) {
     line += ' ' + std::to_string(element.spacing());
   }
   if (const Label* label = element.label()) {
-    line += (label->isKey() ? " key " : " ") + quoted(label->source());
+    line += (label->isKey() ? " key " : " ") + quotedOnOneLine(label->source());
     if (label->isKey() && element.shownLabel() != label->source()) {
-      line += " -> " + quoted(element.shownLabel());
+      line += " -> " + quotedOnOneLine(element.shownLabel());
     }
   }
   if (element.selection()) line += " selection=" + element.selection()->name();
-  if (element.kind() == ElementKind::textField) line += " text=" + quoted(element.text());
+  if (element.kind() == ElementKind::textField) line += " text=" + quotedOnOneLine(element.text());
   for (const Modifier& modifier : element.modifiers()) {
     line += ' ' + std::visit(ModifierText{}, modifier);
   }

@@ -13,9 +13,7 @@ namespace vemra::testing {
 ///       Button "Ada" .buttonStyle(plain) .font(body medium)
 ///       Text key "Supported path" -> "Möglicher Weg" .font(headline)
 ///
-/// In texts a backslash stands before `n`, `r`, `t`, a quotation mark and itself; other controls
-/// are `\x1b` or, beyond ASCII, `\u0085`, and so are the line and paragraph separators and the
-/// marks that turn the direction of writing. Everything else is byte for byte as it was given.
+/// Texts are written by `text::quotedOnOneLine`.
 std::string outline(const RenderedTree& tree, const ui::ViewGraph& graph);
 
 /// One element as it stands on its line of an outline, without its children.

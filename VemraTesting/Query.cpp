@@ -1,5 +1,7 @@
 #include "VemraTesting/Query.hpp"
 
+#include "VemraPlatform/text/OneLine.hpp"
+
 namespace vemra::testing {
 
 bool Query::matches(const ui::Element& element) const {
@@ -15,7 +17,7 @@ bool Query::matches(const ui::Element& element) const {
 }
 
 std::string Query::description() const {
-  const std::string quoted = '"' + value + '"';
+  const std::string quoted = text::quotedOnOneLine(value);
   switch (by) {
     case By::identifier:
       return "identifier " + quoted;

@@ -20,7 +20,7 @@ struct Query {
   std::size_t index = 0;
 
   bool matches(const ui::Element& element) const;
-  /// `identifier "x"`, `button titled "Ada"`, `text "…"`.
+  /// `identifier "x"`, `button titled "Ada"`, `text "…"`; one line, see `text::quotedOnOneLine`.
   std::string description() const;
 };
 

@@ -1,5 +1,6 @@
 #include "VemraTesting/Screen.hpp"
 
+#include "VemraPlatform/text/OneLine.hpp"
 #include "VemraTesting/Outline.hpp"
 
 #include <algorithm>
@@ -84,7 +85,7 @@ std::optional<std::string> Screen::attempt(const Query& query, const Act& act) {
   if (!event) {
     if (!node->element.style().enabled) return who + " is disabled";
     if (node->element.kind() != ui::ElementKind::picker) return who + " is not a picker";
-    return "no choice \"" + choose->tagName + "\" in " + who;
+    return "no choice " + text::quotedOnOneLine(choose->tagName) + " in " + who;
   }
   switch (graph_.deliver(node->id, *event)) {
     case ui::Delivery::acted:
@@ -156,7 +157,7 @@ std::string Screen::nearestIdentifiers(std::string_view sought) const {
   std::ranges::partial_sort(byDistance, byDistance.begin() + static_cast<std::ptrdiff_t>(shown));
   std::string line;
   for (std::size_t i = 0; i < shown; ++i) {
-    line += (i == 0 ? "\nnearest: " : ", ") + byDistance[i].second;
+    line += (i == 0 ? "\nnearest: " : ", ") + text::onOneLine(byDistance[i].second);
   }
   return line;
 }

@@ -1,5 +1,6 @@
 #include "apps/documents/DocumentError.hpp"
 
+#include "VemraPlatform/text/OneLine.hpp"
 #include "VemraPlatform/text/UTF8.hpp"
 
 #include <cstddef>
@@ -14,27 +15,16 @@ std::string line(const std::string& file, const std::string& pointer, const std:
   return pointer.empty() ? file + ": " + problem : file + ": " + pointer + ": " + problem;
 }
 
-bool breaksALine(char32_t scalar) {
-  return scalar < 0x20 || (scalar >= 0x7F && scalar < 0xA0) || scalar == 0x2028 || scalar == 0x2029;
-}
-
-void appendEscape(std::string& out, char32_t scalar) {
-  constexpr std::string_view digits = "0123456789abcdef";
-  out += "\\u";
-  for (int shift = 12; shift >= 0; shift -= 4) out += digits[scalar >> shift & 15];
-}
-
-std::string shortenedTo(std::size_t longest, std::string_view text) {
+/// Well-formed, and no longer than a message has room for.
+std::string cutTo(std::size_t longest, std::string_view text) {
   std::string out;
   for (std::size_t characters = 0; !text.empty(); ++characters) {
     if (characters == longest) return out + "…";
     const text::Step step = text::firstStep(text);
-    if (!step.scalar) {
-      out += "\uFFFD";
-    } else if (breaksALine(*step.scalar)) {
-      appendEscape(out, *step.scalar);
-    } else {
+    if (step.scalar) {
       out += text.substr(0, step.length);
+    } else {
+      out += "\uFFFD";
     }
     text.remove_prefix(step.length);
   }
@@ -56,15 +46,15 @@ DocumentError::DocumentError(const std::string& file, const std::string& pointer
     : std::runtime_error(line(file, pointer, problem)) {}
 
 std::string shortened(std::string_view text) {
-  return shortenedTo(longestValue, text);
+  return text::onOneLine(cutTo(longestValue, text));
 }
 
 std::string inQuotes(std::string_view text) {
-  return '"' + replaced(shortened(text), '"', "\\\"") + '"';
+  return text::quotedOnOneLine(cutTo(longestValue, text));
 }
 
 std::string pointerToken(std::string_view token) {
-  return replaced(replaced(shortenedTo(longestKey, token), '~', "~0"), '/', "~1");
+  return replaced(replaced(text::onOneLine(cutTo(longestKey, token)), '~', "~0"), '/', "~1");
 }
 
 }  // namespace vemra::documents

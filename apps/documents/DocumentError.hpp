@@ -17,15 +17,15 @@ class DocumentError : public std::runtime_error {
   DocumentError(const std::string& file, const std::string& pointer, const std::string& problem);
 };
 
-/// `text` on one line, for a message: control characters as `\u001b`, ill-formed bytes
-/// replaced by U+FFFD, cut after 60 characters with "…" in place of the rest.
+/// `text` on one line, for a message: as by `text::onOneLine`, but with ill-formed bytes replaced
+/// by U+FFFD and cut after 60 characters with "…" in place of the rest.
 std::string shortened(std::string_view text);
 
-/// The same between quotation marks, those inside with a backslash before them.
+/// The same between quotation marks, as by `text::quotedOnOneLine`.
 std::string inQuotes(std::string_view text);
 
-/// `token` as one step of a JSON pointer: "~" is "~0" and "/" is "~1" (RFC 6901, section 3), and,
-/// because it goes into a message, control characters are escaped and a very long one is cut.
+/// `token` as one step of a JSON pointer: "~" is "~0" and "/" is "~1" (RFC 6901, section 3). Because
+/// it goes into a message, it is on one line, as by `text::onOneLine`, and a very long one is cut.
 std::string pointerToken(std::string_view token);
 
 }  // namespace vemra::documents

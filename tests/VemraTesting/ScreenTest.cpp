@@ -110,6 +110,19 @@ TEST_F(ScreenTest, AMissingElementIsAnErrorWithTheNearestIdentifiersAndTheTree) 
   EXPECT_THAT(log, ElementsAre());
 }
 
+TEST_F(ScreenTest, AReasonIsOneLineWhateverIsSought) {
+  EXPECT_EQ(reasonOf([&] { screen.press("a\nb \"c\"\u202E"); }),
+            R"(no element with identifier "a\nb \"c\"\u202e")");
+  EXPECT_EQ(reasonOf([&] { screen.press(button("a\"\r\n\\")); }),
+            R"(no button titled "a\"\r\n\\")");
+  EXPECT_EQ(reasonOf([&] { screen.get(byText("\u2028")); }), R"(no text "\u2028")");
+  EXPECT_EQ(reasonOf([&] { screen.select("ask.Ada.mood", "good\nbad"); }),
+            R"(no choice "good\nbad" in element with identifier "ask.Ada.mood")");
+  screen.show(ui::Text("bare").accessibilityIdentifier("one\ntwo"));
+  reasonOf([&] { screen.get("x"); });
+  EXPECT_THAT(what, HasSubstr("\nnearest: one\\ntwo\nthe tree:\n"));
+}
+
 TEST_F(ScreenTest, NearestAreAtMostThreeAndNoneWhenThereAreNone) {
   reasonOf([&] { screen.get("ask.Ada.moot"); });
   const std::string line = what.substr(what.find("nearest:"), what.find("\nthe tree") - 41);

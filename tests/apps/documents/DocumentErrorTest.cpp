@@ -24,7 +24,7 @@ TEST(PointerTokenTest, escapesTildeThenSolidus) {
 }
 
 TEST(PointerTokenTest, staysOnOneLine) {
-  EXPECT_EQ(pointerToken("a\nb\x1B[31m\x7F"), "a\\u000ab\\u001b[31m\\u007f");
+  EXPECT_EQ(pointerToken("a\nb\x1B[31m\x7F"), "a\\nb\\x1b[31m\\x7f");
   EXPECT_EQ(pointerToken("a\u2028b\u009Bc"), "a\\u2028b\\u009bc");
 }
 
@@ -38,6 +38,12 @@ TEST(InQuotesTest, cutsAfterSixtyCharactersNotBytes) {
   for (int i = 0; i < 60; ++i) sixty += "é";
   EXPECT_EQ(inQuotes(sixty), '"' + sixty + '"');
   EXPECT_EQ(inQuotes(sixty + "x"), '"' + sixty + "…\"");
+}
+
+TEST(InQuotesTest, staysOnOneLineReadInOrder) {
+  EXPECT_EQ(inQuotes("a\nb\u2028\u202Ec"), R"("a\nb\u2028\u202ec")");
+  EXPECT_EQ(inQuotes("a\\nb"), R"("a\\nb")") << "a backslash is none of ours";
+  EXPECT_EQ(inQuotes(std::string(60, '\n')).find("…"), std::string::npos) << "sixty are shown";
 }
 
 TEST(InQuotesTest, marksQuotesAndReplacesBrokenBytes) {

@@ -32,7 +32,7 @@ TEST(JsonReaderTest, countsLinesAndCharacters) {
   EXPECT_EQ(stringError(""), "t: line 1, column 1: expected a string; found the end of the file");
   EXPECT_EQ(stringError("nul"), "t: line 1, column 1: expected null; found \"nul\"");
   EXPECT_EQ(stringError(std::string_view("\0", 1)),
-            "t: line 1, column 1: expected a string; found \"\\u0000\"");
+            "t: line 1, column 1: expected a string; found \"\\x00\"");
 }
 
 TEST(JsonReaderTest, refusesAByteOrderMark) {

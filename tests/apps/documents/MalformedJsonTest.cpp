@@ -31,7 +31,7 @@ const Malformed syntax[] = {
      "case.json: /goal: line 2, column 17: expected \":\"; found \"\\\"\""},
     {"\"g1\"", "\"g\t1\"",
      "case.json: /goal/id: line 2, column 20: expected a control character to be written as an "
-     "escape; found \"\\u0009\""},
+     "escape; found \"\\t\""},
     {"\"g1\"", "\"g\\q\"",
      "case.json: /goal/id: line 2, column 21: expected one of the escapes \\\" \\\\ \\/ \\b \\f "
      "\\n "
@@ -84,7 +84,7 @@ TEST(MalformedJsonTest, refusesTextBehindTheDocument) {
   EXPECT_EQ(errorIn(sampleResult + "\n{}"),
             "case.json: line 25, column 1: expected the end of the document; found \"{\"");
   EXPECT_EQ(errorIn(sampleResult + std::string(1, '\0')),
-            "case.json: line 24, column 2: expected the end of the document; found \"\\u0000\"");
+            "case.json: line 24, column 2: expected the end of the document; found \"\\x00\"");
 }
 
 TEST(MalformedJsonTest, refusesEveryBeginningOfADocument) {

@@ -38,5 +38,13 @@ TEST_F(OutlineReportTest, saysEveryKindOfStepInWords) {
                       "step 6: submit \"x\": error: no element with identifier \"x\"");
 }
 
+TEST_F(OutlineReportTest, aStepIsOneLineWhateverItHolds) {
+  const Ran ran =
+      run("- --outline", withSteps(oneOfEach, press(R"(a\nstep 9: press \"b\": done)")));
+  const std::string line = R"(step 1: press "a\nstep 9: press \"b\": done": )"
+                           R"(error: no element with identifier "a\nstep 9: press \"b\": done")";
+  EXPECT_EQ(ran.output.substr(0, ran.output.find('\n')), line);
+}
+
 }  // namespace
 }  // namespace vemra::inspect

@@ -69,7 +69,7 @@ TEST_F(ErrorsTest, AGoalThatIsNotThere) {
   outputOf({"import", "--store", store, document("a.json", goal("g1", "t"))});
   for (const char* command : {"export", "outcomes"}) {
     expectRefused({command, "--store", store, "--goal", "g2\n"},
-                  store + ": has no goal with the id \"g2\\u000a\"\n");
+                  store + ": has no goal with the id \"g2\\n\"\n");
     expectRefused({command, "--store", folder.file("new"), "--goal", ""},
                   folder.file("new") + ": has no goal with the id \"\"\n");
   }

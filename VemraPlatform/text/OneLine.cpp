@@ -1,0 +1,71 @@
+#include "VemraPlatform/text/OneLine.hpp"
+
+#include "VemraPlatform/text/UTF8.hpp"
+
+namespace vemra::text {
+namespace {
+
+constexpr bool isASCIIControl(char32_t scalar) noexcept {
+  return scalar < 0x20 || scalar == 0x7F;
+}
+
+/// Says whether a scalar beyond ASCII ends a line for some reader, or turns the order of what is
+/// shown around.
+constexpr bool isDisruptive(char32_t scalar) noexcept {
+  return (scalar >= 0x80 && scalar <= 0x9F) || scalar == 0x61C || scalar == 0x200E ||
+         scalar == 0x200F || (scalar >= 0x2028 && scalar <= 0x202E) ||
+         (scalar >= 0x2066 && scalar <= 0x2069);
+}
+
+void appendHex(std::string& out, char32_t value, int digits) {
+  constexpr std::string_view hex = "0123456789abcdef";
+  for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) out += hex[(value >> shift) & 0xF];
+}
+
+/// Appends the escape for a scalar that does not fit a line; false when it does and has none.
+bool appendEscape(std::string& out, char32_t scalar) {
+  if (scalar == '\n') {
+    out += "\\n";
+  } else if (scalar == '\r') {
+    out += "\\r";
+  } else if (scalar == '\t') {
+    out += "\\t";
+  } else if (isASCIIControl(scalar)) {
+    out += "\\x";
+    appendHex(out, scalar, 2);
+  } else if (isDisruptive(scalar)) {
+    out += "\\u";
+    appendHex(out, scalar, 4);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+/// Appends the text as it fits a line, with a backslash before each of the `marked`.
+void appendOnOneLine(std::string& out, std::string_view text, std::string_view marked) {
+  while (!text.empty()) {
+    const auto [scalar, length] = firstStep(text);
+    const std::string_view bytes = text.substr(0, length);
+    text.remove_prefix(length);
+    if (scalar && appendEscape(out, *scalar)) continue;
+    if (marked.find(bytes) != std::string_view::npos) out += '\\';
+    out += bytes;
+  }
+}
+
+}  // namespace
+
+std::string onOneLine(std::string_view text) {
+  std::string out;
+  appendOnOneLine(out, text, "");
+  return out;
+}
+
+std::string quotedOnOneLine(std::string_view text) {
+  std::string out = "\"";
+  appendOnOneLine(out, text, "\"\\");
+  return out + '"';
+}
+
+}  // namespace vemra::text
