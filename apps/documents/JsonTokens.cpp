@@ -16,25 +16,6 @@ bool isWord(char c) {
   return isDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
-void appendScalar(std::string& out, char32_t scalar) {
-  const auto byte = [&](char32_t bits) { out += static_cast<char>(bits); };
-  if (scalar < 0x80) {
-    byte(scalar);
-  } else if (scalar < 0x800) {
-    byte(0xC0 | scalar >> 6);
-    byte(0x80 | (scalar & 0x3F));
-  } else if (scalar < 0x10000) {
-    byte(0xE0 | scalar >> 12);
-    byte(0x80 | (scalar >> 6 & 0x3F));
-    byte(0x80 | (scalar & 0x3F));
-  } else {
-    byte(0xF0 | scalar >> 18);
-    byte(0x80 | (scalar >> 12 & 0x3F));
-    byte(0x80 | (scalar >> 6 & 0x3F));
-    byte(0x80 | (scalar & 0x3F));
-  }
-}
-
 }  // namespace
 
 JsonTokens::JsonTokens(std::string_view text, const JsonPlace& place) : text_(text), place_(place) {
@@ -137,7 +118,7 @@ void JsonTokens::readEscape(std::string& unescaped) {
         if (low < 0xDC00 || low >= 0xE000) fail(start, "both halves of a surrogate pair", first);
         scalar = 0x10000 + ((scalar - 0xD800) << 10) + (low - 0xDC00);
       }
-      appendScalar(unescaped, scalar);
+      text::append(unescaped, scalar);
       return;
     }
     default:
