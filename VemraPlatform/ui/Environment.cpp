@@ -11,11 +11,4 @@ Environment Environment::system() {
   return environment;
 }
 
-std::string Environment::localized(std::string_view key) const {
-  if (strings) {
-    if (auto translation = strings->lookup(key)) return *std::move(translation);
-  }
-  return std::string(key);
-}
-
 }  // namespace vemra::ui

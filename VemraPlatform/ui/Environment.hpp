@@ -36,9 +36,6 @@ struct Environment {
   /// The user's own locale and time zone, asked of the system now; all else as by default.
   static Environment system();
 
-  /// What is shown for `key`: its translation, or the key itself.
-  std::string localized(std::string_view key) const;
-
   friend bool operator==(const Environment&, const Environment&) = default;
 };
 

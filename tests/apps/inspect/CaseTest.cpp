@@ -36,7 +36,7 @@ TEST(CaseTest, needsOnlyTheResult) {
   EXPECT_EQ(plain.result.goal.title, "Find a design lead");
   EXPECT_EQ(plain.environment.locale, "fr_FR") << "the default";
   EXPECT_EQ(plain.environment.timeZone, "Asia/Tokyo") << "the default";
-  EXPECT_EQ(plain.environment.localized("Show source"), "Show source");
+  EXPECT_EQ(plain.environment.strings, nullptr) << "every key is shown as it is";
   EXPECT_TRUE(plain.steps.empty());
   EXPECT_EQ(errorIn("{}"), "case.json: expected the key \"result\"; found none");
 }
@@ -69,12 +69,13 @@ TEST(CaseTest, takesAStringsTable) {
       read(caseOf(nothing,
                   ", \"strings\": {\"Show source\": \"Quelle\", \"Save\": \"\", "
                   "\"caf\u00E9\": \"one scalar\"}"));
-  const ui::Environment& environment = translated.environment;
-  EXPECT_EQ(environment.localized("Show source"), "Quelle");
-  EXPECT_EQ(environment.localized("Save"), "") << "an empty translation is one";
-  EXPECT_EQ(environment.localized("Cancel"), "Cancel");
-  EXPECT_EQ(environment.localized("show source"), "show source");
-  EXPECT_EQ(environment.localized("cafe\u0301"), "one scalar") << "canonically equal";
+  ASSERT_NE(translated.environment.strings, nullptr);
+  const ui::StringsTable& strings = *translated.environment.strings;
+  EXPECT_EQ(strings.lookup("Show source"), "Quelle");
+  EXPECT_EQ(strings.lookup("Save"), "") << "an empty translation is one";
+  EXPECT_EQ(strings.lookup("Cancel"), std::nullopt);
+  EXPECT_EQ(strings.lookup("show source"), std::nullopt);
+  EXPECT_EQ(strings.lookup("cafe\u0301"), "one scalar") << "canonically equal";
 }
 
 TEST(CaseTest, refusesTwoTranslationsOfOneKey) {
