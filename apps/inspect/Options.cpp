@@ -1,7 +1,8 @@
 #include "apps/inspect/Options.hpp"
 
+#include "apps/commandline/Words.hpp"
+
 #include <algorithm>
-#include <sstream>
 #include <vector>
 
 #include <CLI/CLI.hpp>
@@ -10,37 +11,29 @@ namespace vemra::inspect {
 
 namespace {
 
-/// The arguments in reverse, as the parser wants them, but for what it would misunderstand.
+/// The words, once they are none that the parser would misunderstand.
 ///
-/// It would take `--png=` for an option whose value comes next; to the user it is an empty value.
 /// Throws a `CLI::ValidationError` for a flag with a value and for a picture without a name.
-std::vector<std::string> forTheParser(int argumentCount, const char* const* arguments) {
-  std::vector<std::string> reversed(arguments + std::min(argumentCount, 1),
-                                    arguments + argumentCount);
-  const auto end = std::ranges::find(reversed, "--");
+std::vector<std::string> checked(std::vector<std::string> words) {
+  const auto end = std::ranges::find(words, "--");
   // The parser would take some values of a flag, and `--trace=0` for one that is not there.
   for (const std::string flag : {"--trace", "--outline"}) {
-    for (auto argument = reversed.begin(); argument != end; ++argument) {
-      if (argument->starts_with(flag + '=')) throw CLI::ValidationError(flag, "takes no value");
+    for (auto word = words.begin(); word != end; ++word) {
+      if (word->starts_with(flag + '=')) throw CLI::ValidationError(flag, "takes no value");
     }
   }
-  const auto picture = std::find(reversed.begin(), end, "--png");
-  if (picture != end && picture + 1 != reversed.end() && picture[1].starts_with("--")) {
+  const auto picture = std::find(words.begin(), end, "--png");
+  if (picture != end && picture + 1 != words.end() && picture[1].starts_with("--")) {
     throw CLI::ValidationError("--png", "the name of its FILE is missing before " + picture[1]);
   }
-  const auto empty = std::find(reversed.begin(), end, "--png=");
-  if (empty != end) {
-    *empty = "--png";
-    reversed.insert(empty + 1, "");
-  }
-  std::ranges::reverse(reversed);
-  return reversed;
+  return words;
 }
 
 }  // namespace
 
-std::variant<Options, Farewell> readOptions(int argumentCount, const char* const* arguments,
-                                            Pictures pictures) {
+std::variant<Options, commandline::Farewell> readOptions(int argumentCount,
+                                                         const char* const* arguments,
+                                                         Pictures pictures) {
   Options options;
   std::string png;
   CLI::App app("Renders and drives the goal result screen of a case document without a window.",
@@ -52,7 +45,8 @@ std::variant<Options, Farewell> readOptions(int argumentCount, const char* const
       app.add_option("--png", png, "Draw the screen after the last step to a picture")
           ->type_name("FILE");
   try {
-    app.parse(forTheParser(argumentCount, arguments));
+    const auto words = checked(commandline::wordsOf(argumentCount, arguments));
+    commandline::parse(app, commandline::withEmptyValues(words, {"--png"}));
     if (*picture && (png.empty() || png == "-")) {
       throw CLI::ValidationError("--png", "a picture wants a file; standard output has the report");
     }
@@ -60,10 +54,7 @@ std::variant<Options, Farewell> readOptions(int argumentCount, const char* const
       throw CLI::ValidationError("--png", "this build has no window and draws no pictures");
     }
   } catch (const CLI::ParseError& error) {
-    std::ostringstream output;
-    std::ostringstream diagnostic;
-    const bool done = app.exit(error, output, diagnostic) == 0;
-    return Farewell{done ? 0 : 2, output.str(), diagnostic.str()};
+    return commandline::farewellOf(app, error);
   }
   if (*picture) options.png = png;
   return options;

@@ -49,10 +49,8 @@ int run(int argumentCount, const char* const* arguments, std::ostream& output,
         std::ostream& diagnostics, const DrawPicture& drawPicture) {
   const auto read =
       readOptions(argumentCount, arguments, drawPicture ? Pictures::drawn : Pictures::notDrawn);
-  if (const auto* farewell = std::get_if<Farewell>(&read)) {
-    output << farewell->output << std::flush;
-    diagnostics << farewell->diagnostic;
-    return farewell->exitCode;
+  if (const auto* farewell = std::get_if<commandline::Farewell>(&read)) {
+    return commandline::say(*farewell, output, diagnostics);
   }
   const Options& options = std::get<Options>(read);
   try {

@@ -1,7 +1,6 @@
 #include "apps/desk/commands/Request.hpp"
 
-#include <algorithm>
-#include <sstream>
+#include "apps/commandline/Words.hpp"
 
 #include <CLI/CLI.hpp>
 
@@ -44,28 +43,10 @@ void checkGoal(const Request& request) {
   }
 }
 
-/// The arguments in reverse, as the parser wants them. It would take `--goal=` for an option whose
-/// value comes next; to the user it is an empty value.
-std::vector<std::string> forTheParser(int argumentCount, const char* const* arguments) {
-  std::vector<std::string> reversed;
-  bool optionsEnded = false;
-  for (int i = 1; i < argumentCount; ++i) {
-    const std::string argument = arguments[i];
-    optionsEnded |= argument == "--";
-    if (!optionsEnded && (argument == "--goal=" || argument == "--store=")) {
-      reversed.push_back(argument.substr(0, argument.size() - 1));
-      reversed.emplace_back();
-    } else {
-      reversed.push_back(argument);
-    }
-  }
-  std::reverse(reversed.begin(), reversed.end());
-  return reversed;
-}
-
 }  // namespace
 
-std::variant<Request, Farewell> readRequest(int argumentCount, const char* const* arguments) {
+std::variant<Request, commandline::Farewell> readRequest(int argumentCount,
+                                                         const char* const* arguments) {
   Request request;
   Given given;
   CLI::App app("Shows the goals of a store and records what came of them.", "vemra-desk");
@@ -90,15 +71,13 @@ std::variant<Request, Farewell> readRequest(int argumentCount, const char* const
                   "The goal");
 
   try {
-    app.parse(forTheParser(argumentCount, arguments));
+    const std::vector<std::string> words = commandline::wordsOf(argumentCount, arguments);
+    commandline::parse(app, commandline::withEmptyValues(words, {"--goal", "--store"}));
     request.store = Given::value(given.stores, given.store);
     request.goal = Given::value(given.goals, given.goal);
     checkGoal(request);
   } catch (const CLI::ParseError& error) {
-    std::ostringstream output;
-    std::ostringstream diagnostic;
-    const bool done = app.exit(error, output, diagnostic) == 0;
-    return Farewell{done ? 0 : 2, output.str(), diagnostic.str()};
+    return commandline::farewellOf(app, error);
   }
   return request;
 }

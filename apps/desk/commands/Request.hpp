@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apps/commandline/Farewell.hpp"
+
 #include <optional>
 #include <string>
 #include <variant>
@@ -19,14 +21,8 @@ struct Request {
   std::vector<std::string> documents;  ///< files to import; at least one then
 };
 
-/// A command line that asks for nothing to be done: the exit code and what is to be said.
-struct Farewell {
-  int exitCode = 0;
-  std::string output;      ///< for standard output
-  std::string diagnostic;  ///< for standard error
-};
-
 /// Reads a command line. `--store` may stand before the name of a command or anywhere behind it.
-std::variant<Request, Farewell> readRequest(int argumentCount, const char* const* arguments);
+std::variant<Request, commandline::Farewell> readRequest(int argumentCount,
+                                                         const char* const* arguments);
 
 }  // namespace vemra::desk

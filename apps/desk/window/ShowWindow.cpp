@@ -5,6 +5,7 @@
 #include "apps/desk/store/StoreEngine.hpp"
 #include "apps/desk/store/StoreError.hpp"
 #include "apps/desk/window/DeskWindow.hpp"
+#include "apps/toolkit/ToolkitMessages.hpp"
 
 #include <cstdlib>
 #include <memory>
@@ -14,8 +15,6 @@
 namespace vemra::desk {
 namespace {
 
-QtMessageHandler toolkitHandler = nullptr;
-
 /// Without one the toolkit would end the process in its own way.
 bool hasDisplay() {
   for (const char* variable : {"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY"}) {
@@ -23,13 +22,6 @@ bool hasDisplay() {
     if (value != nullptr && *value != '\0') return true;
   }
   return false;
-}
-
-/// Passes on what the toolkit has to say, but for a remark about the user's environment that
-/// nothing in this program could heed.
-void passOn(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-  if (text.startsWith("QStandardPaths: ")) return;
-  toolkitHandler(type, context, text);
 }
 
 /// Makes sure that the store can be used before there is a window; gives its file.
@@ -59,7 +51,7 @@ int showWindow(const Request& request, std::ostream& diagnostics) {
     diagnostics << error.what() << '\n';
     return 2;
   }
-  toolkitHandler = qInstallMessageHandler(passOn);
+  toolkit::leaveOutRemarksAboutFolders();
   int argumentCount = 1;
   char name[] = "vemra-desk";
   char* arguments[] = {name, nullptr};

@@ -1,6 +1,7 @@
 #include "apps/inspect/Picture.hpp"
 
 #include "VemraQt/Picture.hpp"
+#include "apps/toolkit/ToolkitMessages.hpp"
 
 #include <array>
 #include <stdexcept>
@@ -14,15 +15,6 @@ namespace {
 
 constexpr int pictureWidth = 720;
 
-QtMessageHandler toolkitHandler = nullptr;
-
-/// Passes on what the toolkit has to say, but for a remark about the user's environment that says
-/// nothing about the picture.
-void passOn(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-  if (text.startsWith("QStandardPaths: ")) return;
-  toolkitHandler(type, context, text);
-}
-
 void drawPicture(ui::ViewGraph& graph, const std::string& path) {
   // No display is needed, and one that is there is left alone.
   std::array<char, 14> program{"vemra-inspect"};
@@ -30,7 +22,7 @@ void drawPicture(ui::ViewGraph& graph, const std::string& path) {
   std::array<char, 10> platform{"offscreen"};
   std::array<char*, 4> arguments{program.data(), option.data(), platform.data(), nullptr};
   int count = 3;
-  toolkitHandler = qInstallMessageHandler(passOn);
+  toolkit::leaveOutRemarksAboutFolders();
   const QApplication application(count, arguments.data());
   const QImage image = qt::picture(graph, QSize(pictureWidth, 0));
   if (!image.save(QString::fromStdString(path), "PNG")) {

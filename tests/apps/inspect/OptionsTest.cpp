@@ -5,6 +5,8 @@
 namespace vemra::inspect {
 namespace {
 
+using commandline::Farewell;
+
 std::variant<Options, Farewell> read(std::vector<const char*> arguments,
                                      Pictures pictures = Pictures::drawn) {
   arguments.insert(arguments.begin(), "vemra-inspect");
