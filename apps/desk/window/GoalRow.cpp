@@ -18,6 +18,13 @@ constexpr int mostLines = 3;
 constexpr qsizetype mostCharacters = 400;  // three lines hold less, and laying out costs time
 constexpr qsizetype mostInToolTip = 2000;  // about what a screen has room for
 
+/// The text, or as much of it as is at most that long, with an ellipsis for the rest.
+QString atMost(qsizetype most, const QString& text) {
+  if (text.size() <= most) return text;
+  const bool cutsAPair = text[most - 1].isHighSurrogate() && text[most].isLowSurrogate();
+  return text.left(cutsAPair ? most - 1 : most) + u'…';
+}
+
 int widthOfText(int widthOfRow) {
   return std::max(1, widthOfRow - 2 * margin);
 }
@@ -62,13 +69,17 @@ GoalRow::GoalRow(QWidget* parent) : QPushButton(parent) {
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
+  takeTitle({});
 }
 
 void GoalRow::setTitle(const QString& title) {
-  if (title_ == title) return;
+  if (title_ != title) takeTitle(title);
+}
+
+void GoalRow::takeTitle(const QString& title) {
   title_ = title;
   const QString inOneLine = title.simplified();
-  shown_ = inOneLine.left(mostCharacters);
+  shown_ = atMost(mostCharacters, inOneLine);
   if (shown_.isEmpty()) shown_ = QStringLiteral("(no title)");
   showsAll_ = inOneLine.size() <= mostCharacters;
   setText(asButtonTitle(title));
@@ -100,7 +111,7 @@ bool GoalRow::event(QEvent* event) {
     event->ignore();
   } else {
     const QPoint at = static_cast<QHelpEvent*>(event)->globalPos();
-    QToolTip::showText(at, asToolTip(title_->left(mostInToolTip)), this);
+    QToolTip::showText(at, asToolTip(atMost(mostInToolTip, title_)), this);
   }
   return true;
 }

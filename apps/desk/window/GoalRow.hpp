@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-
 #include <QPushButton>
 
 namespace vemra::desk {
@@ -27,7 +25,9 @@ class GoalRow : public QPushButton {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  std::optional<QString> title_;
+  void takeTitle(const QString& title);
+
+  QString title_;
   QString shown_;          // in one line, as far as it can be seen
   bool showsAll_ = false;  // all of it, if the lines have room
 };

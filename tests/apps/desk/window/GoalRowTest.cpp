@@ -70,6 +70,20 @@ TEST_F(GoalRowTest, AnEndlessTitleIsNamedInFullAndHasAToolTipThatFitsAScreen) {
   EXPECT_NE(toolTip(), "");
 }
 
+TEST_F(GoalRowTest, AToolTipThatIsCutSaysSoAndCutsNoCharacter) {
+  const QString rest = QString::fromUtf8("\U0001F600").repeated(600);
+  row.setTitle(QString(1999, u'a') + rest);
+  EXPECT_NE(toolTip().find("a…</p>"), std::string::npos) << toolTip();
+  row.setTitle(QString(1998, u'a') + rest);
+  EXPECT_NE(toolTip().find("a\U0001F600…</p>"), std::string::npos) << toolTip();
+}
+
+TEST_F(GoalRowTest, BeforeItsFirstTitleItHasABlankOne) {
+  EXPECT_EQ(name(), "(no title)");
+  row.resize(30, 60);
+  EXPECT_NO_FATAL_FAILURE(toolTip());
+}
+
 TEST_F(GoalRowTest, ABlankTitleIsNamedAsWhatIsShown) {
   row.setTitle("");
   EXPECT_EQ(name(), "(no title)");
