@@ -40,12 +40,13 @@ void GoalList::setGoals(const std::vector<GoalListing>& goals, const std::string
       column_->insertWidget(column_->count() - 1, row);
       rows_.push_back(row);
       connect(row, &QPushButton::clicked, this, [this, row] {
-        Q_EMIT goalChosen(row->property("goalID").toByteArray().toStdString());
+        // A copy: who hears of it may give the row another goal.
+        Q_EMIT goalChosen(std::string(row->goalID()));
       });
     }
     GoalRow* const row = rows_[i];
     row->setTitle(fromUTF8(goals[i].title));
-    row->setProperty("goalID", QByteArray::fromStdString(goals[i].id));
+    row->setGoalID(goals[i].id);
     row->setObjectName("desk.goal." + fromUTF8(goals[i].id));
     if (text::equal(goals[i].id, openGoalID)) row->setChecked(true);
   }

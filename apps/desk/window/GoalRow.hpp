@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include <QPushButton>
 
 namespace vemra::desk {
@@ -15,6 +17,10 @@ class GoalRow : public QPushButton {
   /// not fit. A blank one is shown and named as "(no title)".
   void setTitle(const QString& title);
 
+  /// The id of the goal that is shown, byte for byte.
+  const std::string& goalID() const { return goalID_; }
+  void setGoalID(const std::string& goalID) { goalID_ = goalID; }
+
   bool hasHeightForWidth() const override { return true; }
   int heightForWidth(int width) const override;
   QSize sizeHint() const override;
@@ -27,6 +33,7 @@ class GoalRow : public QPushButton {
  private:
   void takeTitle(const QString& title);
 
+  std::string goalID_;
   QString title_;
   QString shown_;          // in one line, as far as it can be seen
   bool showsAll_ = false;  // all of it, if the lines have room

@@ -16,6 +16,8 @@
 namespace vemra::desk {
 namespace {
 
+constexpr const char* unnamed = "Unnamed person";
+
 /// The reason in the screen's words. A count that the screen stops at is no reason to stop here.
 QString reason(const GoalWhyDTO& why) {
   const auto* connection = std::get_if<GoalWhyDTO::Connection>(&why.reason);
@@ -86,7 +88,7 @@ void SidePane::section(QVBoxLayout* page, const QString& heading) {
 }
 
 void SidePane::showPerson(const PersonKnowledge& person) {
-  const QString name = nameOr(person.name, "Unnamed person");
+  const QString name = nameOr(person.name, unnamed);
   QVBoxLayout* page = begin("Person", name);
   add(page, "Reference: " + fromUTF8(person.personRef), TextRole::quiet);
   if (!person.suggestions.empty()) section(page, "Worth considering for");
@@ -131,7 +133,7 @@ void SidePane::showEvidence(const EvidenceKnowledge& evidence) {
   }
   if (!evidence.people.empty()) section(page, "Whom it speaks for");
   for (const auto& person : evidence.people) {
-    add(page, nameOr(person.displayName, "Unnamed person"), TextRole::strong);
+    add(page, nameOr(person.displayName, unnamed), TextRole::strong);
     add(page, reason(person.why), TextRole::body);
     add(page, person.rank == 0 ? "The strongest source for them" : "One of several sources",
         TextRole::body);
