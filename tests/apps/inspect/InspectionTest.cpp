@@ -11,7 +11,7 @@
 namespace vemra::inspect {
 namespace {
 
-/// The screen of a goal with that many people, each with an outcome to correct.
+/// The screen of a goal with that many people, and nothing recorded yet.
 Inspection inspectionOf(std::size_t people) {
   Case inspected;
   std::vector<GoalPersonCandidateDTO> list(people);
