@@ -13,7 +13,7 @@
 namespace vemra {
 
 /// Puts an outcome behind those that the result holds.
-inline void append(GetGoalSnapshotResponse& result, GoalOutcomeDTO outcome) {
+inline void appendOutcome(GetGoalSnapshotResponse& result, GoalOutcomeDTO outcome) {
   std::vector<GoalOutcomeDTO> outcomes(result.outcomes.begin(), result.outcomes.end());
   outcomes.push_back(std::move(outcome));
   result.outcomes = std::move(outcomes);
@@ -28,7 +28,7 @@ inline void append(GetGoalSnapshotResponse& result, const GoalOutcomeRecordingIn
   outcome.value = input.outcome;
   outcome.note = input.note;
   outcome.correctsOutcomeID = input.correctsOutcomeID;
-  append(result, std::move(outcome));
+  appendOutcome(result, std::move(outcome));
 }
 
 }  // namespace vemra
