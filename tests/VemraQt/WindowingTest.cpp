@@ -1,13 +1,11 @@
 // Rows have widgets only near the viewport; nobody can tell.
 
 #include "VemraQt/Page.hpp"
-#include "tests/VemraQt/WindowHost.hpp"
+#include "tests/VemraQt/LongList.hpp"
 
 #include <random>
-#include <set>
 
 #include <QLineEdit>
-#include <QScrollBar>
 #include <QTest>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,45 +16,10 @@ using ::testing::Contains;
 
 namespace {
 
-/// The people whose names stand in view, from top to bottom.
-std::vector<int> peopleInView(const WindowHost& host) {
-  std::vector<int> people;
-  for (const std::string& text : host.visibleTexts()) {
-    if (text.starts_with("Person Number ")) people.push_back(std::stoi(text.substr(14)));
-  }
-  return people;
-}
-
-/// Every person, named by number, so that a gap in view is a gap in the numbers.
-Result numbered(std::size_t count) {
-  Result result = resultWith(count);
-  std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
-  for (std::size_t i = 0; i < people.size(); ++i) {
-    people[i].displayName = "Person Number " + std::to_string(i);
-  }
-  result.people = people;
-  return result;
-}
-
 void expectNoGap(const std::vector<int>& people, const std::string& where) {
   for (std::size_t i = 1; i < people.size(); ++i) {
     ASSERT_EQ(people[i], people[i - 1] + 1) << where;
   }
-}
-
-/// The widgets in view stand in the tree's distances: nothing overlaps.
-void expectNothingOverlaps(const WindowHost& host) {
-  std::vector<std::pair<int, int>> spans;
-  qt::Page& page = host.widget.page();
-  qt::forEachLeaf(*page.tree().root(), [&](qt::RenderNode& leaf) {
-    if (!leaf.widget) return;
-    const QRect frame = leaf.widget->widget().geometry().marginsRemoved(qt::overhang(leaf));
-    EXPECT_EQ(frame, page.frameOnPage(leaf).translated(0, -page.scrollPosition()));
-  });
-}
-
-QScrollBar& bar(const WindowHost& host) {
-  return *host.widget.verticalScrollBar();
 }
 
 }  // namespace
@@ -113,67 +76,6 @@ TEST(Windowing, WhereverOneScrollsThereIsNoGap) {
                  bar(host).value() > 200);
     expectNoGap(people, "step " + std::to_string(step));
     if (step % 20 == 0) expectNothingOverlaps(host);
-  }
-}
-
-TEST(Windowing, ASmallStepMovesEverythingByThatMuch) {
-  WindowHost host(numbered(2000));
-  bar(host).setValue(70'000);
-  for (int step = 0; step < 60; ++step) {
-    const auto before = host.widget.page().tree().lists().at(0)->children;
-    qt::RenderNode* seen = nullptr;
-    for (qt::RenderNode* row : before) {
-      qt::forEachLeaf(*row, [&](qt::RenderNode& leaf) {
-        if (leaf.widget && leaf.widget->widget().y() > 300 && !seen) seen = &leaf;
-      });
-    }
-    ASSERT_NE(seen, nullptr);
-    const int y = seen->widget->widget().y();
-    const int value = bar(host).value();
-    bar(host).setValue(value + (step % 3 == 0 ? -37 : 53));
-    const int expected = y - (step % 3 == 0 ? -37 : 53);
-    EXPECT_EQ(seen->widget->widget().y(), expected) << "step " << step;
-  }
-}
-
-TEST(Windowing, PeopleWhoComeAboveDoNotMoveWhatIsRead) {
-  WindowHost host(numbered(500));
-  bar(host).setValue(20'000);
-  const std::vector<std::string> before = host.visibleTexts();
-  host.change([](Result& result) {
-    std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
-    for (int i = 0; i < 7; ++i) {
-      GoalPersonCandidateDTO fresh;
-      fresh.personRef = "fresh" + std::to_string(i);
-      fresh.displayName = "Fresh";
-      people.insert(people.begin() + i * 3, fresh);
-    }
-    result.people = people;
-  });
-  EXPECT_EQ(host.visibleTexts(), before);
-}
-
-TEST(Windowing, ResizingKeepsTheSameRowInView) {
-  WindowHost host(numbered(2000));
-  bar(host).setValue(60'000);
-  const int reading = peopleInView(host).at(1);
-  for (const QSize size : {QSize(320, 800), QSize(1200, 500), QSize(400, 300), QSize(720, 800)}) {
-    host.widget.resize(size);
-    EXPECT_THAT(peopleInView(host), Contains(reading)) << size.width();
-    expectNothingOverlaps(host);
-  }
-}
-
-TEST(Windowing, ScalingKeepsTheSameRowInView) {
-  WindowHost host(numbered(2000));
-  bar(host).setValue(60'000);
-  const int reading = peopleInView(host).at(1);
-  for (double scale : {2.0, 3.0, 1.5, 1.0}) {
-    ui::Environment environment;
-    environment.textScale = scale;
-    host.widget.setEnvironment(environment);
-    EXPECT_THAT(peopleInView(host), Contains(reading)) << scale;
-    expectNothingOverlaps(host);
   }
 }
 

@@ -1,0 +1,117 @@
+// What is read stays where it is, whatever is measured, comes or changes above it.
+
+#include "VemraQt/Page.hpp"
+#include "VemraQt/widgets/ElementWidget.hpp"
+#include "tests/VemraQt/HardScreen.hpp"
+#include "tests/VemraQt/LongList.hpp"
+
+#include <map>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace vemra;
+using namespace vemra::qttest;
+using ::testing::Contains;
+
+namespace {
+
+/// The elements that are seen and will be seen after a step of so many pixels, each with the top of
+/// its widget in the viewport.
+std::map<ui::NodeID, int> topsThatStay(const WindowHost& host, int step) {
+  const int height = host.widget.viewport()->height();
+  std::map<ui::NodeID, int> tops;
+  qt::forEachLeaf(*host.widget.page().tree().root(), [&](qt::RenderNode& leaf) {
+    if (!leaf.widget) return;
+    const QRect frame = leaf.widget->widget().geometry();
+    const auto isSeen = [&](int top) { return top > 8 && top + frame.height() < height - 8; };
+    if (isSeen(frame.top()) && isSeen(frame.top() - step)) tops[leaf.id] = frame.top();
+  });
+  return tops;
+}
+
+/// Scrolls on by equal steps; each has to move all that is seen by just that much.
+void expectEvenSteps(const WindowHost& host, int step) {
+  for (int i = 0; i < 60; ++i) {
+    const auto tops = topsThatStay(host, step);
+    ASSERT_GE(tops.size(), 3U) << "step " << i;
+    bar(host).setValue(bar(host).value() + step);
+    for (const auto& [id, top] : tops) {
+      const qt::RenderNode* leaf = host.widget.page().tree().find(id);
+      ASSERT_TRUE(leaf && leaf->widget) << "step " << i << " took away what was seen";
+      ASSERT_EQ(leaf->widget->widget().y(), top - step) << "step " << i << ": " << called(*leaf);
+    }
+  }
+}
+
+}  // namespace
+
+TEST(ScrollAnchor, UpwardsPastRowsOfUnknownHeightEverythingMovesByTheStep) {
+  WindowHost host(numberedUnevenly(2000));
+  bar(host).setValue(70'000);
+  const int first = peopleInView(host).front();
+  expectEvenSteps(host, -53);
+  EXPECT_LT(peopleInView(host).front(), first - 10) << "rows that nobody had seen have come in";
+}
+
+TEST(ScrollAnchor, DownwardsPastRowsOfUnknownHeightEverythingMovesByTheStep) {
+  WindowHost host(numberedUnevenly(2000));
+  bar(host).setValue(70'000);
+  const int first = peopleInView(host).front();
+  expectEvenSteps(host, 53);
+  EXPECT_GT(peopleInView(host).front(), first + 10) << "rows that nobody had seen have come in";
+}
+
+TEST(ScrollAnchor, AJumpToAnEndThatIsLongerThanWasThoughtEndsThere) {
+  Result result = numbered(500);
+  std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
+  for (std::size_t i = 450; i < 500; ++i) *people[i].displayName += " " + std::string(150, 'W');
+  result.people = people;
+  WindowHost host(result);
+  const int estimated = bar(host).maximum();
+  bar(host).setValue(estimated);
+  EXPECT_GT(bar(host).maximum(), estimated) << "the last rows are no higher than was thought";
+  EXPECT_EQ(bar(host).value(), bar(host).maximum());
+  EXPECT_THAT(peopleInView(host), Contains(499));
+}
+
+TEST(ScrollAnchor, PeopleWhoComeAboveDoNotMoveWhatIsRead) {
+  WindowHost host(numbered(500));
+  bar(host).setValue(20'000);
+  const std::vector<std::string> before = host.visibleTexts();
+  host.change([](Result& result) {
+    std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
+    for (int i = 0; i < 7; ++i) {
+      GoalPersonCandidateDTO fresh;
+      fresh.personRef = "fresh" + std::to_string(i);
+      fresh.displayName = "Fresh";
+      people.insert(people.begin() + i * 3, fresh);
+    }
+    result.people = people;
+  });
+  EXPECT_EQ(host.visibleTexts(), before);
+}
+
+TEST(ScrollAnchor, ResizingKeepsTheSameRowInView) {
+  WindowHost host(numbered(2000));
+  bar(host).setValue(60'000);
+  const int reading = peopleInView(host).at(1);
+  for (const QSize size : {QSize(320, 800), QSize(1200, 500), QSize(400, 300), QSize(720, 800)}) {
+    host.widget.resize(size);
+    EXPECT_THAT(peopleInView(host), Contains(reading)) << size.width();
+    expectNothingOverlaps(host);
+  }
+}
+
+TEST(ScrollAnchor, ScalingKeepsTheSameRowInView) {
+  WindowHost host(numbered(2000));
+  bar(host).setValue(60'000);
+  const int reading = peopleInView(host).at(1);
+  for (double scale : {2.0, 3.0, 1.5, 1.0}) {
+    ui::Environment environment;
+    environment.textScale = scale;
+    host.widget.setEnvironment(environment);
+    EXPECT_THAT(peopleInView(host), Contains(reading)) << scale;
+    expectNothingOverlaps(host);
+  }
+}
