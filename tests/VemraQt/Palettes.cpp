@@ -1,6 +1,7 @@
 #include "tests/VemraQt/Palettes.hpp"
 
 #include <QApplication>
+#include <QStyle>
 
 namespace vemra::qttest {
 
@@ -19,9 +20,14 @@ QPalette highContrast() {
   return palette;
 }
 
-AsBefore::AsBefore() : palette(QApplication::palette()), font(QApplication::font()) {}
+AsBefore::AsBefore()
+    : style(QApplication::style()->name()),
+      palette(QApplication::palette()),
+      font(QApplication::font()),
+      styleObject_(QApplication::style()) {}
 
 AsBefore::~AsBefore() {
+  if (QApplication::style() != styleObject_) QApplication::setStyle(style);
   QApplication::setPalette(palette);
   QApplication::setFont(font);
 }

@@ -2,6 +2,9 @@
 
 #include <QFont>
 #include <QPalette>
+#include <QPointer>
+#include <QString>
+#include <QStyle>
 
 namespace vemra::qttest {
 
@@ -9,7 +12,7 @@ namespace vemra::qttest {
 /// buttons as black as the page.
 QPalette highContrast();
 
-/// Puts the application's own palette and font back when it goes.
+/// Puts the application's own style, palette and font back when it goes.
 class AsBefore {
  public:
   AsBefore();
@@ -17,8 +20,12 @@ class AsBefore {
   AsBefore(const AsBefore&) = delete;
   AsBefore& operator=(const AsBefore&) = delete;
 
+  const QString style;
   const QPalette palette;
   const QFont font;
+
+ private:
+  QPointer<QStyle> styleObject_;
 };
 
 }  // namespace vemra::qttest

@@ -4,9 +4,12 @@
 #include "VemraQt/widgets/ElementWidget.hpp"
 #include "tests/VemraQt/HardScreen.hpp"
 #include "tests/VemraQt/LongList.hpp"
+#include "tests/VemraQt/Palettes.hpp"
 
 #include <map>
 
+#include <QApplication>
+#include <QProxyStyle>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -43,6 +46,18 @@ void expectEvenSteps(const WindowHost& host, int step) {
     }
   }
 }
+
+/// A style that makes every row much higher.
+class HighButtons final : public QProxyStyle {
+ public:
+  HighButtons() : QProxyStyle("fusion") {}
+
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                         const QWidget* widget) const override {
+    const QSize usual = QProxyStyle::sizeFromContents(type, option, size, widget);
+    return type == CT_PushButton ? usual + QSize(0, 60) : usual;
+  }
+};
 
 }  // namespace
 
@@ -112,6 +127,44 @@ TEST(ScrollAnchor, ScalingKeepsTheSameRowInView) {
     environment.textScale = scale;
     host.widget.setEnvironment(environment);
     EXPECT_THAT(peopleInView(host), Contains(reading)) << scale;
+    expectNothingOverlaps(host);
+  }
+}
+
+TEST(ScrollAnchor, AnotherStyleKeepsTheSameRowInView) {
+  AsBefore asBefore;
+  WindowHost host(numbered(2000));
+  bar(host).setValue(60'000);
+  const int reading = peopleInView(host).at(1);
+  const int height = host.widget.contentHeight();
+  const auto expectReading = [&](const char* style) {
+    QApplication::processEvents();
+    EXPECT_THAT(peopleInView(host), Contains(reading)) << style;
+    expectNothingOverlaps(host);
+  };
+  QApplication::setStyle("windows");
+  expectReading("windows");
+  QApplication::setStyle(new HighButtons);
+  expectReading("high buttons");
+  EXPECT_GT(host.widget.contentHeight(), height * 5 / 4) << "the style's sizes are taken up";
+  QApplication::setStyle("fusion");
+  expectReading("fusion");
+  EXPECT_LT(host.widget.contentHeight(), height * 5 / 4);
+}
+
+TEST(ScrollAnchor, AnotherFontKeepsTheSameRowInView) {
+  AsBefore asBefore;
+  WindowHost host(numbered(2000));
+  bar(host).setValue(60'000);
+  const int reading = peopleInView(host).at(1);
+  const int height = host.widget.contentHeight();
+  for (const int size : {26, 18, 13}) {
+    QFont font = asBefore.font;
+    font.setPixelSize(size);
+    QApplication::setFont(font);
+    QApplication::processEvents();
+    EXPECT_THAT(peopleInView(host), Contains(reading)) << size << " pixels";
+    EXPECT_EQ(size > 13, host.widget.contentHeight() > height) << size << " pixels";
     expectNothingOverlaps(host);
   }
 }
