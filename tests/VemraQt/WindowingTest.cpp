@@ -6,6 +6,7 @@
 #include <random>
 
 #include <QLineEdit>
+#include <QPointer>
 #include <QTest>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,6 +16,8 @@ using namespace vemra::qttest;
 using ::testing::Contains;
 
 namespace {
+
+const std::string noteOfP1 = "vemra.goal.person.p1.outcome.note";
 
 void expectNoGap(const std::vector<int>& people, const std::string& where) {
   for (std::size_t i = 1; i < people.size(); ++i) {
@@ -79,32 +82,54 @@ TEST(Windowing, WhereverOneScrollsThereIsNoGap) {
   }
 }
 
-TEST(Windowing, AnOpenEditorKeepsFieldTextCursorAndFocusFarAway) {
+TEST(Windowing, AnOpenEditorKeepsAllOfItsStateAndTheFocusFarAway) {
   WindowHost host(numbered(5000));
   host.press("vemra.goal.person.p1.outcome.start");
-  auto& note = host.get<QLineEdit>("vemra.goal.person.p1.outcome.note");
+  auto& note = host.get<QLineEdit>(noteOfP1);
   note.setFocus();
   QTest::keyClicks(&note, "half a sen");
   QTest::keyClick(&note, Qt::Key_Left);
+  QTest::keyClick(&note, Qt::Key_Left, Qt::ShiftModifier);
   bar(host).setValue(bar(host).maximum());
   EXPECT_TRUE(note.visibleRegion().isEmpty());
   EXPECT_TRUE(note.hasFocus());
   bar(host).setValue(0);
-  EXPECT_EQ(host.find("vemra.goal.person.p1.outcome.note"), &note);
+  EXPECT_EQ(host.find(noteOfP1), &note);
   EXPECT_TRUE(note.hasFocus());
-  EXPECT_EQ(note.cursorPosition(), 9);
+  EXPECT_EQ(note.cursorPosition(), 8);
+  EXPECT_EQ(note.selectedText(), "e");
   QTest::keyClicks(&note, "x");
-  EXPECT_EQ(note.text(), "half a sexn");
+  EXPECT_EQ(note.text(), "half a sxn");
+  QTest::keyClick(&note, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(note.text(), "half a sen") << "what was typed last is undone first";
+  while (note.isUndoAvailable()) QTest::keyClick(&note, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(note.text(), "") << "what was typed before is undone, too";
+  host.press("vemra.goal.person.p1.outcome.save");
+  EXPECT_EQ(host.log.back(), "record p1 wasUseful nil nil");
 }
 
-TEST(Windowing, AnEditorWithoutFocusKeepsItsStateAcrossTheList) {
+TEST(Windowing, AnEditorWithoutFocusKeepsAllOfItsStateAcrossTheList) {
   WindowHost host(numbered(5000));
   host.press("vemra.goal.person.p1.outcome.start");
-  host.get<QLineEdit>("vemra.goal.person.p1.outcome.note").setText("kept");
+  auto& note = host.get<QLineEdit>(noteOfP1);
+  note.setFocus();
+  QTest::keyClicks(&note, "kept words");
+  QTest::keyClick(&note, Qt::Key_Backspace);
   host.widget.setFocus();
-  bar(host).setValue(200'000);
+  note.setSelection(2, 3);
+  const QPointer<QLineEdit> same = &note;
+  for (const int far : {200'000, bar(host).maximum(), 20'000}) bar(host).setValue(far);
+  EXPECT_TRUE(note.visibleRegion().isEmpty());
   bar(host).setValue(0);
-  EXPECT_EQ(host.get<QLineEdit>("vemra.goal.person.p1.outcome.note").text(), "kept");
+  ASSERT_EQ(host.find(noteOfP1), same) << "another widget shows the note";
+  EXPECT_EQ(note.text(), "kept word");
+  EXPECT_EQ(note.selectionStart(), 2);
+  EXPECT_EQ(note.selectedText(), "pt ");
+  EXPECT_EQ(note.cursorPosition(), 5);
+  ASSERT_TRUE(note.isUndoAvailable());
+  note.setFocus();
+  QTest::keyClick(&note, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(note.text(), "kept words");
 }
 
 TEST(Windowing, ANewSnapshotTouchesVisibleRowsOnly) {
