@@ -1,10 +1,12 @@
 """Uses the monkey's window while the monkey does: monkey.py PROGRAM [STEPS [SEED]].
 
 Walks, looks identifiers up, presses, writes and takes the focus; most of it with objects that were
-taken hold of some time ago and may be dead by now. The program has to live, stay quiet and agree
-with its screen without a window to the end.
+taken hold of some time ago and may be gone by now. Of an object that it holds, and of nothing else,
+an error is an answer. The program has to live, stay quiet and agree with its screen without a
+window to the end; and enough of all this has to reach it.
 """
 
+import collections
 import random
 import subprocess
 import sys
@@ -13,7 +15,7 @@ import threading
 from accessible import application, find, wait_for
 from gi.repository import Atspi, GLib
 
-LEAST_CLIENT_EVENTS = 10
+LEAST_CLIENT_EVENTS = 50  # of 105 to 155 in 4,000 steps
 
 
 class Client:
@@ -22,25 +24,48 @@ class Client:
         self.root = wait_for(lambda: application("monkey_on_the_bus"), "the program on the bus")
         self.page = self.root.get_child_at_index(0)
         self.held = []
-        self.calls = self.dead = 0
+        self.calls = self.gone = 0
+        self.done = collections.Counter()
 
     def hold(self):
         """Some row's object, and all that is in it."""
-        row = self.page.get_child_at_index(self.random.randrange(max(1, self.page.get_child_count())))
-        if not row:
-            return
-        self.held.append(row)
-        self.held += [c for c in map(row.get_child_at_index, range(row.get_child_count())) if c]
+        count = self.page.get_child_count()
+        row = self.page.get_child_at_index(self.random.randrange(max(1, count)))
+        if row:
+            self.held.append(row)
+            self.use(self.hold_children, row)
         del self.held[:-60]
 
+    def hold_children(self, row):
+        children = map(row.get_child_at_index, range(row.get_child_count()))
+        self.held += [child for child in children if child]
+
+    def use(self, how, node):
+        """Does that with an object, which may have gone since it was handed out."""
+        try:
+            how(node)
+        except GLib.Error:
+            self.gone += 1
+
     def look_up(self):
-        ref = f"p{self.random.randrange(40)}"
+        prefix = f"vemra.goal.person.p{self.random.randrange(40)}"
         end = self.random.choice([".show-source", ".outcome.start", ".outcome.correct",
                                   ".outcome.save", ".outcome.picker", ".outcome.note"])
-        found = find(self.page, f"vemra.goal.person.{ref}{end}")
+        self.find_and(self.random.choice([self.act, self.choose, self.write, self.read]),
+                      prefix + end)
+
+    def edit(self):
+        """Some person's editor: opens and fills it in."""
+        prefix = f"vemra.goal.person.p{self.random.randrange(40)}.outcome"
+        for end, how in ((".start", self.act), (".correct", self.act), (".picker", self.choose),
+                         (".note", self.write)):
+            self.find_and(how, prefix + end)
+
+    def find_and(self, how, identifier):
+        found = find(self.page, identifier)
         if found:
             self.held.append(found)
-            self.random.choice([self.act, self.choose, self.write, self.read])(found)
+            self.use(how, found)
 
     def read(self, node):
         node.clear_cache()
@@ -53,29 +78,58 @@ class Client:
     def act(self, node):
         # A menu belongs to whoever opened it with the mouse; choices are pressed instead.
         if node.get_n_actions() > 0 and node.get_role_name() != "combo box":
-            node.do_action(0)
+            self.done["acts"] += node.do_action(0)
 
     def choose(self, node):
         if node.get_role_name() == "combo box":
             choice = node.get_child_at_index(self.random.randrange(8))
             if choice:
-                choice.do_action(0)
+                self.done["choices"] += choice.do_action(0)
 
     def write(self, node):
         if node.get_role_name() == "text":
-            node.set_text_contents(f"note {self.calls}")
+            self.done["writes"] += node.set_text_contents(f"note {self.calls}")
 
     def step(self):
         self.calls += 1
         one = self.random.random()
         if not self.held or one < 0.1:
             return self.hold()
+        if one < 0.2:
+            return self.edit()
         if one < 0.5:
             return self.look_up()
-        node = self.random.choice(self.held)
-        use = self.random.choices([self.read, self.act, self.choose, self.write,
-                                   lambda n: n.grab_focus()], [4, 4, 2, 2, 1])[0]
-        use(node)
+        how = self.random.choices([self.read, self.act, self.choose, self.write,
+                                   lambda node: node.grab_focus()], [4, 4, 2, 2, 1])[0]
+        self.use(how, self.random.choice(self.held))
+
+    def was_busy(self):
+        """Whether the program was asked for all kinds of things and knew most of them."""
+        return (self.gone < self.calls / 2
+                and all(self.done[kind] > 0 for kind in ("acts", "choices", "writes")))
+
+
+class Output:
+    """What the program writes; read meanwhile, so that the program never waits for us."""
+
+    def __init__(self, process):
+        self.lines = []
+        self.spoke = threading.Event()  # it has come to its end, and takes its window down
+        self.threads = [threading.Thread(target=self.read, args=[stream])
+                        for stream in (process.stdout, process.stderr)]
+        for thread in self.threads:
+            thread.start()
+
+    def read(self, stream):
+        for line in stream:
+            self.lines.append(line)
+            self.spoke.set()
+        self.spoke.set()
+
+    def whole(self):
+        for thread in self.threads:
+            thread.join()
+        return "".join(self.lines)
 
 
 def main(program, arguments):
@@ -84,26 +138,25 @@ def main(program, arguments):
     assert process.stdout.readline() == "ready\n"
     client = Client(int(arguments[1]) if len(arguments) > 1 else 1)
     client.hold()
-    said = []
-    # Read meanwhile, so that the program never waits for us.
-    readers = [threading.Thread(target=lambda stream=stream: said.append(stream.read()))
-               for stream in (process.stdout, process.stderr)]
-    for reader in readers:
-        reader.start()
+    output = Output(process)
     process.stdin.write("go\n")
     process.stdin.flush()
-    while process.poll() is None:
-        try:
+    try:
+        while not output.spoke.is_set():
             client.step()
-        except (GLib.Error, AttributeError, TypeError):
-            client.dead += 1  # what it held is gone
-    for reader in readers:
-        reader.join()
-    text = "".join(said)
-    print(f"{client.calls} requests, {client.dead} of them to what was gone; the program: {text}")
+    except GLib.Error as error:
+        if not output.spoke.wait(5):  # the page itself does not answer
+            process.kill()
+            print(f"request {client.calls} failed: {error}")
+            return 1
+    text = output.whole()
+    process.wait()
+    done = ", ".join(f"{count} {kind}" for kind, count in sorted(client.done.items()))
+    print(f"{client.calls} requests, {client.gone} of them to what was gone; {done}; "
+          f"the program: {text}")
     if process.returncode != 0 or not text.startswith("agreed ") or text.count("\n") != 1:
         return 1
-    return 0 if int(text.split()[1]) >= LEAST_CLIENT_EVENTS else 1
+    return 0 if int(text.split()[1]) >= LEAST_CLIENT_EVENTS and client.was_busy() else 1
 
 
 Atspi.init()
