@@ -32,11 +32,22 @@ class AuditPixels : public ::testing::Test {
 
 const std::string p0 = "vemra.goal.person.p0.outcome";
 
+/// An element whose text is drawn but that cannot be used: Save, with nothing to save.
+void disableSave(WindowHost& host) {
+  auto& picker = host.get<QComboBox>(p0 + ".picker");
+  const int somethingElse = picker.findText(QStringLiteral("Something else"));
+  ASSERT_GE(somethingElse, 0);
+  picker.setCurrentIndex(somethingElse);
+  Q_EMIT picker.activated(somethingElse);
+  ASSERT_FALSE(host.get<QPushButton>(p0 + ".save").isEnabled());
+}
+
 /// The kinds of things that are written on a page, for telling that all have been looked at.
 std::string kindOf(const qt::RenderNode& leaf) {
   switch (leaf.element.kind()) {
     case ElementKind::button:
-      return leaf.element.buttonStyle() == ui::ButtonStyle::plain ? "link" : "button";
+      if (leaf.element.buttonStyle() == ui::ButtonStyle::plain) return "link";
+      return leaf.element.style().enabled ? "button" : "disabled button";
     case ElementKind::picker:
       return "picker";
     case ElementKind::textField:
@@ -70,7 +81,7 @@ int pixelsOf(const qt::RenderNode& leaf, Qt::LayoutDirection direction) {
   canvas.fill(Qt::white);
   QPainter painter(&canvas);
   painter.setPen(Qt::black);
-  const bool isCentred = kindOf(leaf) == "button";
+  const bool isCentred = kindOf(leaf).ends_with("button");
   leaf.shape.draw(painter, QRect(QPoint(100, 100), leaf.shape.size()), direction,
                   isCentred ? Qt::AlignHCenter : Qt::AlignLeading);
   painter.end();
@@ -99,16 +110,24 @@ QImage pictureOf(const WindowHost& host, const QWidget& control) {
   return host.widget.viewport()->grab(place).toImage().convertToFormat(QImage::Format_RGB32);
 }
 
-/// Calls `visit` for every element that shows something and can be used, with its frame's part of
-/// the whole page's picture.
+/// Calls `visit` for every element that shows something, with its frame's part of the whole page's
+/// picture.
 template <class Visit>
-void forEachDrawn(WindowHost& host, Visit visit) {
+void forEachWritten(WindowHost& host, Visit visit) {
   unroll(host);
   withoutFocus(host);
   const QImage page = pictureOf(host);
   forEachPlaced(host, [&](qt::RenderNode& leaf) {
-    if (!leaf.element.style().enabled || called(leaf).empty()) return;
+    if (called(leaf).empty()) return;
     visit(leaf, page.copy(host.widget.page().frameOnPage(leaf)));
+  });
+}
+
+/// The same for the elements that can be used.
+template <class Visit>
+void forEachUsable(WindowHost& host, Visit visit) {
+  forEachWritten(host, [&](const qt::RenderNode& leaf, const QImage& picture) {
+    if (leaf.element.style().enabled) visit(leaf, picture);
   });
 }
 
@@ -125,7 +144,7 @@ TEST_F(AuditPixels, EveryTextStandsOutFromWhatIsBehindItInEveryColour) {
     dress(host, each);
     makeItHard(host);
     std::map<std::string, int> audited;
-    forEachDrawn(host, [&](const qt::RenderNode& leaf, const QImage& picture) {
+    forEachUsable(host, [&](const qt::RenderNode& leaf, const QImage& picture) {
       const Writing writing = writingIn(picture, insideOf(leaf, picture));
       ++audited[kindOf(leaf)];
       EXPECT_GE(writing.pixels, 10) << each.name << ": " << called(leaf);
@@ -146,7 +165,7 @@ TEST_F(AuditPixels, TheFrameOfEveryControlThatHasOneStandsOutFromThePage) {
     makeItHard(host);
     const QColor page = pictureOf(host).pixelColor(3, 3);
     std::set<std::string> audited;
-    forEachDrawn(host, [&](const qt::RenderNode& leaf, const QImage& picture) {
+    forEachUsable(host, [&](const qt::RenderNode& leaf, const QImage& picture) {
       if (!isFramed(leaf) || !audited.insert(kindOf(leaf)).second) return;
       // From the middle of each side, the strongest pixel of the outermost three.
       const int x = picture.width() / 2, y = picture.height() / 2;
@@ -172,9 +191,10 @@ TEST_F(AuditPixels, NoTextLosesAPixelInAnyLook) {
     WindowHost host(resultWith(8));
     dress(host, look);
     makeItHard(host);
+    disableSave(host);
     const Qt::LayoutDirection direction = host.widget.layoutDirection();
     std::map<std::string, int> audited;
-    forEachDrawn(host, [&](const qt::RenderNode& leaf, const QImage&) {
+    forEachWritten(host, [&](const qt::RenderNode& leaf, const QImage&) {
       const std::string kind = kindOf(leaf);
       if (kind == "note") return;
       // Alone: high accents reach past its frame, but so may those of the next line into it.
@@ -184,7 +204,8 @@ TEST_F(AuditPixels, NoTextLosesAPixelInAnyLook) {
       EXPECT_EQ(writing.pixels, pixelsOf(leaf, direction))
           << look.name << ": " << kind << " " << called(leaf);
     });
-    for (const char* kind : {"text", "secondary text", "link", "button", "picker", "placeholder"}) {
+    for (const char* kind : {"text", "secondary text", "tertiary text", "link", "button",
+                             "disabled button", "picker", "placeholder"}) {
       EXPECT_GE(audited[kind], 1) << look.name << " has no " << kind;
     }
   }
