@@ -36,6 +36,14 @@ QString literal(QString text) {
   return text.replace(u'&', QLatin1String("&&")).replace(u'\t', u' ');
 }
 
+/// Whether a key stands for a letter and not for a command.
+bool isTyped(const QKeyEvent& event) {
+  const auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+  const QString text = event.text();
+  return !(event.modifiers() & commands) && !text.isEmpty() &&
+         text.front().category() != QChar::Other_Control;
+}
+
 /// Another style with choices that are as large as any other target.
 class LargeChoices final : public QProxyStyle {
  public:
@@ -154,8 +162,37 @@ void ChoiceBox::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Enter:
       showPopup();
       return;
-    default:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_F4:
       QComboBox::keyPressEvent(event);
+      return;
+    default:
+      if (isTyped(*event)) {
+        chooseByPrefix(event->text());
+      } else {
+        event->ignore();
+      }
+  }
+}
+
+/// A combo box makes its hidden item view in order to tell it of another font or style.
+void ChoiceBox::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    QWidget::changeEvent(event);
+  } else {
+    QComboBox::changeEvent(event);
+  }
+}
+
+void ChoiceBox::chooseByPrefix(const QString& typed) {
+  for (int i = 1; i <= count(); ++i) {
+    const int index = (currentIndex() + i) % count();
+    if (!itemText(index).startsWith(typed, Qt::CaseInsensitive)) continue;
+    if (index == currentIndex()) return;  // the only one
+    setCurrentIndex(index);
+    Q_EMIT activated(index);
+    return;
   }
 }
 

@@ -26,7 +26,8 @@ int currentChoice(const RenderNode& picker, const std::vector<Choice>& choices);
 /// A Picker: a button that shows the choice and opens a menu.
 ///
 /// It does not answer the wheel, which belongs to the page. Its menu is a plain menu and not an
-/// item view, whose accessible table does not survive a change of its rows.
+/// item view, whose accessible table does not survive a change of its rows; so a letter does not
+/// search in one, either.
 class ChoiceBox final : public QComboBox, public ElementWidget {
   Q_OBJECT
 
@@ -43,9 +44,13 @@ class ChoiceBox final : public QComboBox, public ElementWidget {
   void paintEvent(QPaintEvent*) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   void choose(int index);
+  /// Chooses the next one, after the current one and round, whose label begins with `typed` in
+  /// either case.
+  void chooseByPrefix(const QString& typed);
 
   std::vector<Choice> choices_;
   TextShape shape_;

@@ -16,7 +16,7 @@ enum class Act : std::uint8_t {
   press,      ///< a button: by mouse, by keyboard, or the way assistive technology does
   type,       ///< one key, or a text at once, into a note
   write,      ///< a note's whole text, the way assistive technology does
-  choose,     ///< in a picker: by arrow key, in its menu, or the way assistive technology does
+  choose,     ///< in a picker: by arrow key or letter, in its menu, or as assistive technology does
   scroll,     ///< by wheel, scroll bar or key
   resize,     ///< the window
   tab,        ///< forward or back

@@ -1,5 +1,6 @@
 // What a person does to the window, and what the other screen must come to by it.
 
+#include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
 #include "VemraQt/Page.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
@@ -7,6 +8,7 @@
 #include "tests/VemraQt/monkey/Twins.hpp"
 
 #include <algorithm>
+#include <cctype>
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -29,6 +31,25 @@ void act(QAccessibleInterface* object, const QString& action) {
     throw Disagreement("a control without actions for assistive technology");
   }
   object->actionInterface()->doAction(action);
+}
+
+/// Mostly one that some choice begins with, in either case.
+char letterFor(const Step& step) {
+  if (step.c % 8 == 0) return static_cast<char>('a' + step.a % 26);
+  const std::string_view label = GoalOutcomeRecordingFormLogic::label(
+      allGoalOutcomeValues[step.a % allGoalOutcomeValues.size()]);
+  return static_cast<char>(step.c % 2 ? label.front() : std::tolower(label.front()));
+}
+
+/// What a letter chooses: the next outcome, and after the last one the first, that begins with it.
+std::optional<std::size_t> choiceByLetter(std::size_t current, char letter) {
+  const std::size_t count = allGoalOutcomeValues.size();
+  for (std::size_t index = (current + 1) % count; index != current; index = (index + 1) % count) {
+    const std::string_view label =
+        GoalOutcomeRecordingFormLogic::label(allGoalOutcomeValues[index]);
+    if (std::tolower(label.front()) == std::tolower(letter)) return index;
+  }
+  return std::nullopt;
 }
 
 }  // namespace
@@ -114,7 +135,14 @@ void Twins::choose(const Step& step) {
     chooseInMenu(*box, step, chosen);
     return;
   }
-  if (box && step.b % 4 != 3) {
+  if (box && step.b % 4 == 2) {
+    box->setFocus(Qt::TabFocusReason);
+    const char letter = letterFor(step);
+    QTest::keyClick(box, letter);
+    const auto found = choiceByLetter(current, letter);
+    if (!found) return;
+    chosen = *found;
+  } else if (box && step.b % 4 != 3) {
     box->setFocus(Qt::TabFocusReason);
     const bool down = step.a % 2;
     QTest::keyClick(box, down ? Qt::Key_Down : Qt::Key_Up);
