@@ -136,6 +136,7 @@ class Page final : public ui::Renderer, public EventSink {
   std::optional<LostFocus> lostFocus_;
   ElementWidget* orphan_ = nullptr;  ///< has the focus, but its element has gone
   ui::NodeID pressed_;
+  std::uint64_t focusCount_ = 0;
   bool focusWasSeen_ = false;  ///< when the first of the patches arrived
   bool applying_ = false;
   bool filling_ = false;

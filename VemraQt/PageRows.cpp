@@ -13,8 +13,8 @@ namespace {
 
 // Rows this far beyond the viewport are there already when a small step brings them in.
 constexpr int askMargin = 96;
-// Rows with a text field keep their widgets, cursor and undo history wherever they are; up to so
-// many, so that a page full of open fields does not become a page full of widgets.
+// Rows with a text field keep their widgets, cursor and undo history wherever they are; the so many
+// that had the focus last, so that a page full of open fields does not become one full of widgets.
 constexpr std::size_t mostPinnedRows = 16;
 
 bool holdsTextField(const RenderNode& row) {
@@ -81,17 +81,20 @@ std::vector<ui::RowRange> Page::wantedRows(const RenderNode& list) const {
   // Its control takes the focus as soon as the page is at rest.
   const RenderNode* next =
       lostFocus_ && lostFocus_->wasSeen ? rowOf(tree_.find(lostFocus_->within)) : nullptr;
-  std::size_t pinned = 0;
+  std::vector<const RenderNode*> pinned;
   for (const RenderNode* row : list.children) {
     if (row->rowIndex >= heights.count()) continue;
-    const bool stays =
-        row == focused || row == next || (holdsTextField(*row) && ++pinned <= mostPinnedRows);
-    if (stays) ranges.push_back({row->rowIndex, row->rowIndex + 1});
+    if (row == focused || row == next) ranges.push_back({row->rowIndex, row->rowIndex + 1});
+    if (holdsTextField(*row)) pinned.push_back(row);
   }
+  std::ranges::sort(pinned, std::ranges::greater(), &RenderNode::focusedAt);
+  pinned.resize(std::min(pinned.size(), mostPinnedRows));
+  for (const RenderNode* row : pinned) ranges.push_back({row->rowIndex, row->rowIndex + 1});
   return joined(std::move(ranges));
 }
 
 bool Page::askForRows() {
+  if (RenderNode* row = rowOf(focusedNode())) row->focusedAt = ++focusCount_;
   std::vector<std::pair<ui::NodeID, std::vector<ui::RowRange>>> requests;
   for (const RenderNode* list : tree_.lists()) {
     std::vector<ui::RowRange> wanted = wantedRows(*list);

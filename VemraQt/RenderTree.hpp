@@ -5,6 +5,7 @@
 #include "VemraQt/TextShape.hpp"
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -37,6 +38,8 @@ struct RenderNode {
 
   /// Of a row in a windowed list: its place among all rows. Kept by `RenderTree`'s owner.
   std::size_t rowIndex = 0;
+  /// Of the same: a larger number the later the focus was in it; 0: it never was.
+  std::uint64_t focusedAt = 0;
   /// Of a `ForEach` whose rows are asked for by range; none for other nodes.
   std::unique_ptr<RowHeights> rows;
   int rowWidth = -1;  ///< the width its rows were measured for

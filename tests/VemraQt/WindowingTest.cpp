@@ -1,6 +1,7 @@
 // Rows have widgets only near the viewport; nobody can tell.
 
 #include "VemraQt/Page.hpp"
+#include "tests/VemraQt/Accessibility.hpp"
 #include "tests/VemraQt/LongList.hpp"
 
 #include <random>
@@ -171,6 +172,25 @@ TEST(Windowing, ManyOpenEditorsDoNotBecomeManyWidgets) {
   EXPECT_LT(host.widget.widgetCount(), 320u);
   bar(host).setValue(0);
   EXPECT_NE(host.find("vemra.goal.person.p0.outcome.note"), nullptr);
+}
+
+TEST(Windowing, OfManyOpenEditorsThoseUsedLastKeepTheirWidgets) {
+  WindowHost host(numbered(400));
+  for (int person = 0; person < 20; ++person) {
+    const std::string start = "vemra.goal.person.p" + std::to_string(person) + ".outcome.start";
+    ASSERT_TRUE(press(*accessible(host, start)));
+  }
+  const std::string last = "vemra.goal.person.p19.outcome.note";
+  auto& note = host.get<QLineEdit>(last);
+  note.setFocus();
+  QTest::keyClicks(&note, "kept");
+  note.setCursorPosition(2);
+  host.widget.setFocus();
+  const QPointer<QLineEdit> same = &note;
+  for (const int to : {0, bar(host).maximum(), 0}) bar(host).setValue(to);
+  ASSERT_TRUE(act(*accessible(host, last), QAccessibleActionInterface::setFocusAction()));
+  ASSERT_EQ(host.find(last), same) << "another widget shows the note";
+  EXPECT_TRUE(note.isUndoAvailable());
 }
 
 TEST(Windowing, TheScrollBarIsThereWhileThereIsSomethingToScroll) {
