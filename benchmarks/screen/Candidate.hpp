@@ -18,10 +18,11 @@ namespace vemra::bench {
 /// The window of every candidate.
 inline constexpr QSize windowSize(720, 800);
 
-/// One way to show the goal screen: the library's, or a peer's.
+/// One way to show the goal screen: the library's, or a peer's, as a program that uses it has it.
 ///
-/// Candidates get the same snapshots, fonts, colours and window size. Making one builds nothing
-/// yet; its destructor takes the window away.
+/// Candidates get the same snapshots, fonts, colours and window size. There is one in a process. What
+/// a program sets up once for all of its windows, like an engine for QML, is set up when the first
+/// window is asked for and stays until the candidate goes; making one builds nothing yet.
 class Candidate {
  public:
   Candidate() = default;
@@ -34,6 +35,8 @@ class Candidate {
   virtual void hideEmptyWindow() = 0;
   /// Builds the whole screen and shows it in a window of its own.
   virtual void show(const GoalResultSnapshotV1& snapshot) = 0;
+  /// Takes the window away, and everything that was built for it.
+  virtual void close() = 0;
   /// The host hands in a newer snapshot.
   virtual void update(const GoalResultSnapshotV1& snapshot) = 0;
 

@@ -36,6 +36,11 @@ class ListViewCandidate final : public Candidate {
     list_->activateWindow();
   }
 
+  void close() override {
+    list_.reset();
+    model_.reset();
+  }
+
   void update(const GoalResultSnapshotV1& snapshot) override {
     if (model_->update(snapshot) == PeerData::Change::heights) {
       Q_EMIT delegate_->sizeHintChanged(model_->indexOf(0));  // lays out all rows again

@@ -88,9 +88,8 @@ void Measurement::warmFirstFrames(std::size_t times) {
   std::vector<double> hot;
   Milliseconds spent{0};
   for (std::size_t i = 0; i < times && (spent < enough || i == 0); ++i) {
-    candidate_.reset();
+    candidate_->close();
     clock_.settle();
-    candidate_ = kind_.make();
     hot.push_back(warmFrame());
     spent += Milliseconds(hot.back());
   }
@@ -174,9 +173,8 @@ void Measurement::serve() {
 void Measurement::repeatFirstFrames() {
   coldFirstFrame();
   for (int i = 0; i < 10; ++i) {
-    candidate_.reset();
+    candidate_->close();
     clock_.settle();
-    candidate_ = kind_.make();
     warmFrame();
   }
 }

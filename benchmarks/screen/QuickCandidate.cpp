@@ -4,6 +4,8 @@
 #include "benchmarks/screen/PeerParts.hpp"
 #include "benchmarks/screen/PeopleModel.hpp"
 
+#include <optional>
+
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQmlPropertyMap>
@@ -43,12 +45,17 @@ QUrl page(const char* name) {
   return QUrl(QStringLiteral("qrc:/VemraBench/quick/") + QLatin1String(name));
 }
 
+/// What a program has once, whatever becomes of its windows: compiled components and imports stay.
+struct QuickProgram {
+  QuickProgram() { engine.rootContext()->setContextProperty("looks", &looks); }
+
+  QuickLooks looks;
+  QQmlEngine engine;
+};
+
 class QuickCandidate final : public Candidate {
  public:
-  explicit QuickCandidate(QuickPage page) : page_(page) {
-    // As a program has it: one engine for all of its windows.
-    engine_.rootContext()->setContextProperty("looks", &looks_);
-  }
+  explicit QuickCandidate(QuickPage page) : page_(page) {}
 
   void showEmptyWindow() override {
     empty_ = makeView(nullptr, "EmptyPage.qml");
@@ -62,6 +69,11 @@ class QuickCandidate final : public Candidate {
         makeView(model_.get(), page_ == QuickPage::listView ? "ListPage.qml" : "RepeaterPage.qml");
     view_->show();
     view_->requestActivate();
+  }
+
+  void close() override {
+    view_.reset();
+    model_.reset();
   }
 
   void update(const GoalResultSnapshotV1& snapshot) override { model_->update(snapshot); }
@@ -79,7 +91,8 @@ class QuickCandidate final : public Candidate {
 
  private:
   std::unique_ptr<QQuickView> makeView(PeopleModel* model, const char* name) {
-    auto view = std::make_unique<QQuickView>(&engine_, nullptr);
+    if (!program_) program_.emplace();
+    auto view = std::make_unique<QQuickView>(&program_->engine, nullptr);
     auto* clock = static_cast<FrameClock*>(QCoreApplication::instance());
     QObject::connect(
         view.get(), &QQuickWindow::afterRendering, clock, [clock] { clock->notePaint(); },
@@ -101,8 +114,7 @@ class QuickCandidate final : public Candidate {
   }
 
   QuickPage page_;
-  QuickLooks looks_;
-  QQmlEngine engine_;
+  std::optional<QuickProgram> program_;
   std::unique_ptr<PeopleModel> model_;
   std::unique_ptr<QQuickView> empty_;
   std::unique_ptr<QQuickView> view_;

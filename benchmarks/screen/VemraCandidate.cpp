@@ -29,6 +29,8 @@ class VemraCandidate final : public Candidate {
     view_->activateWindow();
   }
 
+  void close() override { view_.reset(); }
+
   void update(const GoalResultSnapshotV1& snapshot) override {
     view_->setRoot(GoalResultView(
         snapshot, [](const std::string&) {}, [](const std::string&) {},

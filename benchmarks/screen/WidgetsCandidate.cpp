@@ -34,6 +34,10 @@ class ScrollAreaCandidate : public Candidate {
     area_->show();
     area_->activateWindow();
   }
+  void close() override {
+    area_.reset();
+    forget();
+  }
 
   void scrollToEnd() override {
     area_->verticalScrollBar()->setValue(area_->verticalScrollBar()->maximum());
@@ -46,6 +50,8 @@ class ScrollAreaCandidate : public Candidate {
 
  protected:
   virtual void fill(const GoalResultSnapshotV1& snapshot) = 0;
+  /// Lets go of what `fill` kept besides the widgets.
+  virtual void forget() {}
 
   std::unique_ptr<QWidget> empty_;
   std::unique_ptr<QScrollArea> area_;
@@ -112,6 +118,11 @@ class WidgetsCandidate final : public ScrollAreaCandidate {
     addText(data_->footer(), ui::Font::caption, ui::ForegroundStyle::secondary);
     column_->addStretch();
     area_->setWidget(page_);
+  }
+
+  void forget() override {
+    rows_.clear();
+    data_.reset();
   }
 
  private:
