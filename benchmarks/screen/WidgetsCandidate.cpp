@@ -15,6 +15,10 @@ namespace vemra::bench {
 
 namespace {
 
+constexpr int betweenElements = 4;
+constexpr int betweenRows = 10;
+constexpr int rowPadding = 4;  // above and below a person, besides
+
 class ScrollAreaCandidate : public Candidate {
  public:
   void showEmptyWindow() override {
@@ -101,21 +105,25 @@ class WidgetsCandidate final : public ScrollAreaCandidate {
     page_->setBackgroundRole(QPalette::Base);
     column_ = new QVBoxLayout(page_);
     column_->setContentsMargins(24, 24, 24, 24);
-    column_->setSpacing(0);
-    addText(toQString(snapshot.goal().title), ui::Font::title2.weight(ui::FontWeight::semibold));
-    column_->addSpacing(20);
-    addText(QStringLiteral("People worth considering"), ui::Font::headline);
+    const bool inRows = arrangement_ == WidgetArrangement::rows;
+    column_->setSpacing(inRows ? betweenRows : betweenElements);
+    addText(*column_, toQString(snapshot.goal().title),
+            ui::Font::title2.weight(ui::FontWeight::semibold));
+    widenGap(20);
+    addText(*column_, QStringLiteral("People worth considering"), ui::Font::headline);
+    if (!inRows) widenGap(betweenRows + rowPadding);
     for (std::size_t person = 0; person < data_->size(); ++person) addPerson(person);
-    column_->addSpacing(24);
-    addText(QStringLiteral("Supported path"), ui::Font::headline);
-    column_->addSpacing(10);
-    addText(data_->path(), ui::Font::subheadline);
-    column_->addSpacing(4);
-    column_->addWidget(new SmallButton(QStringLiteral("See in Starfold"), page_));
-    column_->addSpacing(4);
-    column_->addWidget(new SmallButton(QStringLiteral("Record outcome"), page_));
-    column_->addSpacing(20);
-    addText(data_->footer(), ui::Font::caption, ui::ForegroundStyle::secondary);
+    widenGap(inRows ? 20 + rowPadding : 20 + 2 * rowPadding);
+    addText(*column_, QStringLiteral("Supported path"), ui::Font::headline);
+    widenGap(betweenRows);
+    auto* path = new QVBoxLayout;
+    path->setSpacing(betweenElements);
+    column_->addLayout(path);
+    addText(*path, data_->path(), ui::Font::subheadline);
+    path->addWidget(new SmallButton(QStringLiteral("See in Starfold"), page_));
+    path->addWidget(new SmallButton(QStringLiteral("Record outcome"), page_));
+    widenGap(20);
+    addText(*column_, data_->footer(), ui::Font::caption, ui::ForegroundStyle::secondary);
     column_->addStretch();
     area_->setWidget(page_);
   }
@@ -133,37 +141,38 @@ class WidgetsCandidate final : public ScrollAreaCandidate {
     std::string shownOutcome;    ///< its id; "" for none
   };
 
-  void addText(const QString& text, ui::Font font,
+  void addText(QBoxLayout& layout, const QString& text, ui::Font font,
                ui::ForegroundStyle style = ui::ForegroundStyle::primary) {
-    column_->addWidget(makeText(text, font, style, page_));
+    layout.addWidget(makeText(text, font, style, page_));
+  }
+
+  /// Makes the gap that follows this wide; the column's own spacing is in it already.
+  void widenGap(int gap) {
+    if (gap > column_->spacing()) column_->addSpacing(gap - column_->spacing());
   }
 
   void addPerson(std::size_t person) {
     Row row{column_, page_, nullptr, {}};
-    column_->addSpacing(arrangement_ == WidgetArrangement::rows ? 10 : 14);
     if (arrangement_ == WidgetArrangement::rows) {
       row.parent = new QWidget(page_);
       row.layout = new QVBoxLayout(row.parent);
-      row.layout->setContentsMargins(0, 4, 0, 4);
-      row.layout->setSpacing(4);
+      row.layout->setContentsMargins(0, rowPadding, 0, rowPadding);
+      row.layout->setSpacing(betweenElements);
       column_->addWidget(row.parent);
+    } else if (person > 0) {
+      widenGap(betweenRows + 2 * rowPadding);
     }
-    const auto add = [&](QWidget* widget) {
-      if (arrangement_ == WidgetArrangement::column && widget != nullptr) row.layout->addSpacing(4);
-      row.layout->addWidget(widget);
-    };
     row.layout->addWidget(new NameButton(data_->name(person), row.parent));
-    add(makeText(data_->why(person), ui::Font::subheadline, ui::ForegroundStyle::secondary,
-                 row.parent));
+    row.layout->addWidget(makeText(data_->why(person), ui::Font::subheadline,
+                                   ui::ForegroundStyle::secondary, row.parent));
     if (data_->hasSource(person)) {
       auto* source = new SmallButton(QStringLiteral("Show source"), row.parent);
       source->setObjectName(QString::fromStdString(identifierOf(person, "show-source")));
-      add(source);
+      row.layout->addWidget(source);
     }
     rows_.push_back(row);
     rows_.back().control = resting(person);
-    add(rows_.back().control);
-    if (arrangement_ == WidgetArrangement::column) column_->addSpacing(4);
+    row.layout->addWidget(rows_.back().control);
   }
 
   /// What stands there while nobody edits.
