@@ -19,7 +19,7 @@ void turnWheelOver(QObject& widget) {
 
 const std::vector<CandidateKind>& candidateKinds() {
   static const std::vector<CandidateKind> kinds{
-      {"vemra", makeVemraCandidate},
+      {std::string(libraryName), makeVemraCandidate},
       {"widgets-column", [] { return makeWidgetsCandidate(WidgetArrangement::column); }},
       {"widgets-rows", [] { return makeWidgetsCandidate(WidgetArrangement::rows); }},
       {"listview", makeListViewCandidate},

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <QSize>
@@ -67,6 +68,9 @@ struct CandidateKind {
   std::string name;
   std::function<std::unique_ptr<Candidate>()> make;
 };
+
+/// The library's own among them.
+inline constexpr std::string_view libraryName = "vemra";
 
 /// All of them, the library's first.
 const std::vector<CandidateKind>& candidateKinds();

@@ -23,6 +23,7 @@ bool FrameClock::notify(QObject* receiver, QEvent* event) {
     if (std::exchange(painting_, false) && !frameDone_) {
       frameDone_ = true;
       lastFrame_ = std::chrono::steady_clock::now();
+      if (atFrame) atFrame();
     }
   }
   return handled;

@@ -25,6 +25,9 @@ class FrameClock : public QApplication {
   /// Handles events until there are no more.
   void settle();
 
+  /// Called at the end of every frame that `timeToFrame` waits for, when its time is taken already.
+  std::function<void()> atFrame;
+
   /// Something was painted. Called by windows of which the application sees no paint events.
   void notePaint() { painting_ = true; }
 

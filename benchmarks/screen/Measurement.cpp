@@ -4,11 +4,9 @@
 
 #include <algorithm>
 #include <iostream>
-#include <set>
 #include <stdexcept>
 #include <vector>
 
-#include <QImage>
 #include <QKeyEvent>
 #include <QPixmap>
 #include <QScreen>
@@ -44,14 +42,23 @@ void Measurement::print(const std::string& measure, double value) {
 }
 
 double Measurement::frameOf(const std::string& what, const std::function<void()>& action) {
+  QImage frame;
+  if (checks_) clock_.atFrame = [&] { frame = pixelsOf(*candidate_->window()); };
   const auto time = clock_.timeToFrame(action);
+  clock_.atFrame = nullptr;
   if (!time) throw std::runtime_error(kind_.name + ": no frame within a minute: " + what);
-  const QImage frame = pictures_.empty() ? QImage() : pixelsOf(*candidate_->window());
   clock_.settle();
-  if (!pictures_.empty() && pixelsOf(*candidate_->window()) != frame) {
-    std::cerr << kind_.name << ": a frame that was not the last: " << what << '\n';
-  }
+  if (checks_) checkWhole(what, frame);
   return time->count();
+}
+
+void Measurement::checkWhole(const std::string& what, const QImage& frame) {
+  // Nothing blinks or moves by itself: whatever differs was missing.
+  if (pixelsOf(*candidate_->window()) == frame || !unwhole_.insert(what).second) return;
+  std::cerr << kind_.name << ": a frame that was not whole: " << what << std::endl;
+  if (!pictures_.empty()) {
+    frame.save(QString::fromStdString(pictures_ + "/" + kind_.name + "-" + what + "-partly.png"));
+  }
 }
 
 void Measurement::repeated(const std::string& measure, const std::function<void()>& action,
@@ -108,6 +115,14 @@ void Measurement::times(const std::string& pictures) {
   keepPicture("firstFrame");
   measureEvents();
   warmFirstFrames(mostRepetitions);
+}
+
+void Measurement::check(const std::string& pictures) {
+  checks_ = true;
+  times(pictures);
+  if (kind_.name == libraryName && !unwhole_.empty()) {
+    throw std::runtime_error(kind_.name + " was measured to frames that were not whole");
+  }
 }
 
 void Measurement::repeatOne(const std::string& measure) {

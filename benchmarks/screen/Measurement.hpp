@@ -4,7 +4,10 @@
 #include "benchmarks/screen/Candidate.hpp"
 #include "benchmarks/screen/FrameClock.hpp"
 
+#include <set>
 #include <string>
+
+#include <QImage>
 
 namespace vemra::bench {
 
@@ -17,9 +20,12 @@ class Measurement {
  public:
   Measurement(FrameClock& clock, const CandidateKind& kind, SampleSize size);
 
-  /// Every time from the first frame to the last. With a folder for pictures, one after every step,
-  /// and a word on standard error when a measured frame was not what the window comes to in the end.
+  /// Every time from the first frame to the last. With a folder for pictures, one after every step.
   void times(const std::string& pictures);
+  /// The same, and holds what is on the screen when the clock stops against what the window comes to
+  /// in the end. A frame that was not whole is named on standard error, once for each measure;
+  /// throws at the end when there was one of the library's own. With a folder, its picture is kept.
+  void check(const std::string& pictures);
   /// One measure of those a thousand times, for a profiler; throws when there is none of that name.
   void repeatOne(const std::string& measure);
   /// The first frames alone.
@@ -34,6 +40,7 @@ class Measurement {
  private:
   static void print(const std::string& measure, double value);
   double frameOf(const std::string& what, const std::function<void()>& action);
+  void checkWhole(const std::string& what, const QImage& frame);
   /// The first time and the median of the others. `undo` is done in between and not counted.
   void repeated(const std::string& measure, const std::function<void()>& action,
                 const std::function<void()>& undo);
@@ -52,7 +59,9 @@ class Measurement {
   GoalResultSnapshotV1 snapshot_;
   std::unique_ptr<Candidate> candidate_;
   std::string pictures_;
-  std::string only_;  ///< the one measure that is repeated; empty: all are measured
+  bool checks_ = false;
+  std::set<std::string> unwhole_;  ///< what was measured to a frame that was not whole
+  std::string only_;               ///< the one measure that is repeated; empty: all are measured
 };
 
 }  // namespace vemra::bench

@@ -2,8 +2,9 @@
 //
 //     vemra-bench-screen CANDIDATE MODE PEOPLE [STRAY OUTCOMES [FOLDER FOR PICTURES]]
 //
-// MODE is times, first-frames, memory or serve (until standard input ends); for a profiler, profile
-// (ten warm first frames) or repeat-MEASURE (one of the times, a thousand times over).
+// MODE is times, check (times too, and whether each measured frame was whole), first-frames, memory
+// or serve (until standard input ends); for a profiler, profile (ten warm first frames) or
+// repeat-MEASURE (one of the times, a thousand times over).
 
 #include "benchmarks/screen/Measurement.hpp"
 
@@ -31,6 +32,8 @@ void quitWithStandardInput(QSocketNotifier& input) {
 void measure(Measurement& measurement, const std::string& mode, const std::string& pictures) {
   if (mode == "times") {
     measurement.times(pictures);
+  } else if (mode == "check") {
+    measurement.check(pictures);
   } else if (mode == "first-frames") {
     measurement.firstFrames();
   } else if (mode == "memory") {
