@@ -1,5 +1,6 @@
 #include "benchmarks/screen/ListViewCandidate.hpp"
 
+#include "benchmarks/screen/PeerHost.hpp"
 #include "benchmarks/screen/PeerParts.hpp"
 #include "benchmarks/screen/RowDelegate.hpp"
 
@@ -55,6 +56,10 @@ class ListViewCandidate final : public Candidate {
     editor_ = static_cast<OutcomeEditor*>(list_->indexWidget(index));
     QObject::connect(&editor_->cancel(), &QPushButton::clicked, list_.get(),
                      [this, index] { close(index); });
+    QObject::connect(&editor_->save(), &QPushButton::clicked, list_.get(), [this, index] {
+      ++host_.recordedOutcomes;
+      close(index);
+    });
     editor_->setFocus();
   }
   void closeEditor(std::size_t) override { editor_->cancel().click(); }
@@ -75,6 +80,7 @@ class ListViewCandidate final : public Candidate {
     Q_EMIT delegate_->sizeHintChanged(index);
   }
 
+  PeerHost host_;
   std::unique_ptr<QWidget> empty_;
   std::unique_ptr<PageModel> model_;
   std::unique_ptr<QListView> list_;

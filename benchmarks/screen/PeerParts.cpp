@@ -27,7 +27,18 @@ const qt::Looks& looks() {
   return looks;
 }
 
-SmallButton::SmallButton(const QString& title, QWidget* parent) : QPushButton(title, parent) {
+const QPalette& framingPalette() {
+  static const QPalette palette = [] {
+    QPalette made = looks().palette();
+    made.setColor(QPalette::Window, looks().windowForFrames());
+    return made;
+  }();
+  return palette;
+}
+
+SmallButton::SmallButton(const QString& title, const QString& identifier, QWidget* parent)
+    : QPushButton(title, parent) {
+  setObjectName(identifier);
   setFont(looks().font(ui::Font::caption));
   setAutoDefault(false);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -68,7 +79,11 @@ QLabel* makeText(const QString& text, ui::Font font, ui::ForegroundStyle style, 
   return label;
 }
 
-OutcomeSummary::OutcomeSummary(const GoalOutcomeDTO& outcome, QWidget* parent) : QWidget(parent) {
+OutcomeSummary::OutcomeSummary(const GoalOutcomeDTO& outcome, const QString& identifierPrefix,
+                               QWidget* parent)
+    : QWidget(parent),
+      correct_(new SmallButton(QStringLiteral("Correct"),
+                               identifierPrefix + QLatin1String(".outcome.correct"), this)) {
   const auto quiet = ui::ForegroundStyle::secondary;
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
@@ -80,7 +95,7 @@ OutcomeSummary::OutcomeSummary(const GoalOutcomeDTO& outcome, QWidget* parent) :
     line->addWidget(makeText(QStringLiteral("\u00B7 corrected"), ui::Font::caption2,
                              ui::ForegroundStyle::tertiary, this));
   }
-  line->addWidget(new SmallButton(QStringLiteral("Correct"), this));
+  line->addWidget(correct_);
   line->addStretch();
   column->addLayout(line);
   if (outcome.note && !outcome.note->empty()) {
@@ -92,8 +107,11 @@ OutcomeEditor::OutcomeEditor(const QString& identifierPrefix, QWidget* parent)
     : QWidget(parent),
       picker_(new QComboBox(this)),
       note_(new QLineEdit(this)),
-      save_(new SmallButton(QStringLiteral("Save"), this)),
-      cancel_(new SmallButton(QStringLiteral("Cancel"), this)) {
+      save_(new SmallButton(QStringLiteral("Save"),
+                            identifierPrefix + QLatin1String(".outcome.save"), this)),
+      cancel_(new SmallButton(QStringLiteral("Cancel"),
+                              identifierPrefix + QLatin1String(".outcome.cancel"), this)) {
+  setPalette(framingPalette());
   picker_->setObjectName(identifierPrefix + QLatin1String(".outcome.picker"));
   picker_->setAccessibleName(QStringLiteral("Outcome"));
   for (const GoalOutcomeValue value : allGoalOutcomeValues) picker_->addItem(labelOf(value));
@@ -102,8 +120,6 @@ OutcomeEditor::OutcomeEditor(const QString& identifierPrefix, QWidget* parent)
   note_->setAccessibleName(QStringLiteral("Note (optional)"));
   note_->setPlaceholderText(QStringLiteral("Note (optional)"));
   note_->setFixedWidth(fontMetrics().horizontalAdvance(u'm') * 34);
-  save_->setObjectName(identifierPrefix + QLatin1String(".outcome.save"));
-  cancel_->setObjectName(identifierPrefix + QLatin1String(".outcome.cancel"));
 
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);

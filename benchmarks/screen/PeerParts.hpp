@@ -3,8 +3,6 @@
 #include "VemraGoalEngine/GoalRecords.hpp"
 #include "VemraQt/Looks.hpp"
 
-#include <functional>
-
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -17,11 +15,13 @@ namespace vemra::bench {
 
 /// Fonts and colours of the page, the same for every candidate.
 const qt::Looks& looks();
+/// The page's palette, with which the style frames controls as the library's own are framed.
+const QPalette& framingPalette();
 
 /// A button as small as its title allows.
 class SmallButton : public QPushButton {
  public:
-  SmallButton(const QString& title, QWidget* parent);
+  SmallButton(const QString& title, const QString& identifier, QWidget* parent);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 };
@@ -42,7 +42,11 @@ QLabel* makeText(const QString& text, ui::Font font, ui::ForegroundStyle style, 
 /// What is recorded for a person.
 class OutcomeSummary final : public QWidget {
  public:
-  OutcomeSummary(const GoalOutcomeDTO& outcome, QWidget* parent);
+  OutcomeSummary(const GoalOutcomeDTO& outcome, const QString& identifierPrefix, QWidget* parent);
+  QPushButton& correct() const { return *correct_; }
+
+ private:
+  QPushButton* correct_;
 };
 
 /// The choice, the note, Save and Cancel.
@@ -52,6 +56,7 @@ class OutcomeEditor final : public QWidget {
  public:
   OutcomeEditor(const QString& identifierPrefix, QWidget* parent);
   QLineEdit& note() const { return *note_; }
+  QPushButton& save() const { return *save_; }
   QPushButton& cancel() const { return *cancel_; }
 
  private:

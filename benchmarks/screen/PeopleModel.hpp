@@ -1,6 +1,7 @@
 #pragma once
 
 #include "benchmarks/screen/PeerData.hpp"
+#include "benchmarks/screen/PeerHost.hpp"
 
 #include <optional>
 
@@ -31,6 +32,10 @@ class PeopleModel final : public QAbstractListModel {
 
   void update(const GoalResultSnapshotV1& snapshot);
   Q_INVOKABLE void setEditing(int row, bool editing);
+  Q_INVOKABLE void openPerson() { ++host_.openedPeople; }
+  Q_INVOKABLE void showSource() { ++host_.shownSources; }
+  Q_INVOKABLE void focusPath() { ++host_.focusedPaths; }
+  Q_INVOKABLE void recordOutcome() { ++host_.recordedOutcomes; }
   Q_INVOKABLE bool canSave(int choice, const QString& note) const;
 
  private:
@@ -46,6 +51,7 @@ class PeopleModel final : public QAbstractListModel {
   };
 
   PeerData data_;
+  PeerHost host_;
   std::optional<std::size_t> editing_;
 };
 

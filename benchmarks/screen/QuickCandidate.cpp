@@ -37,7 +37,6 @@ class QuickLooks final : public QQmlPropertyMap {
     const QColor button = looks().palette().color(QPalette::Button);
     insert("buttonTop", button.lighter(104));
     insert("buttonBottom", button.darker(104));
-    insert("buttonOutline", looks().palette().color(QPalette::Window).darker(140));
   }
 };
 

@@ -2,6 +2,7 @@
 
 #include "benchmarks/data/SampleResult.hpp"
 #include "benchmarks/screen/PeerData.hpp"
+#include "benchmarks/screen/PeerHost.hpp"
 #include "benchmarks/screen/PeerParts.hpp"
 
 #include <optional>
@@ -103,6 +104,7 @@ class WidgetsCandidate final : public ScrollAreaCandidate {
     rows_.reserve(data_->size());
     page_ = new QWidget;
     page_->setBackgroundRole(QPalette::Base);
+    page_->setPalette(framingPalette());
     column_ = new QVBoxLayout(page_);
     column_->setContentsMargins(24, 24, 24, 24);
     const bool inRows = arrangement_ == WidgetArrangement::rows;
@@ -119,11 +121,19 @@ class WidgetsCandidate final : public ScrollAreaCandidate {
     auto* path = new QVBoxLayout;
     path->setSpacing(betweenElements);
     column_->addLayout(path);
-    addText(*path, data_->path(), ui::Font::subheadline);
-    path->addWidget(new SmallButton(QStringLiteral("See in Starfold"), page_));
-    path->addWidget(new SmallButton(QStringLiteral("Record outcome"), page_));
+    path->addWidget(
+        makeText(data_->path(), ui::Font::subheadline, ui::ForegroundStyle::primary, page_));
+    auto* focus = new SmallButton(QStringLiteral("See in Starfold"),
+                                  QStringLiteral("vemra.goal.path.see-in-starfold"), page_);
+    QObject::connect(focus, &QPushButton::clicked, page_, [this] { ++host_.focusedPaths; });
+    path->addWidget(focus);
+    auto* record = new SmallButton(QStringLiteral("Record outcome"),
+                                   QStringLiteral("vemra.goal.path.outcome.start"), page_);
+    QObject::connect(record, &QPushButton::clicked, page_, [this] { ++host_.recordedOutcomes; });
+    path->addWidget(record);
     widenGap(20);
-    addText(*column_, data_->footer(), ui::Font::caption, ui::ForegroundStyle::secondary);
+    column_->addWidget(
+        makeText(data_->footer(), ui::Font::caption, ui::ForegroundStyle::secondary, page_));
     column_->addStretch();
     area_->setWidget(page_);
   }
@@ -162,12 +172,16 @@ class WidgetsCandidate final : public ScrollAreaCandidate {
     } else if (person > 0) {
       widenGap(betweenRows + 2 * rowPadding);
     }
-    row.layout->addWidget(new NameButton(data_->name(person), row.parent));
+    auto* name = new NameButton(data_->name(person), row.parent);
+    QObject::connect(name, &QPushButton::clicked, page_, [this] { ++host_.openedPeople; });
+    row.layout->addWidget(name);
     row.layout->addWidget(makeText(data_->why(person), ui::Font::subheadline,
                                    ui::ForegroundStyle::secondary, row.parent));
     if (data_->hasSource(person)) {
-      auto* source = new SmallButton(QStringLiteral("Show source"), row.parent);
-      source->setObjectName(QString::fromStdString(identifierOf(person, "show-source")));
+      auto* source =
+          new SmallButton(QStringLiteral("Show source"),
+                          QString::fromStdString(identifierOf(person, "show-source")), row.parent);
+      QObject::connect(source, &QPushButton::clicked, page_, [this] { ++host_.shownSources; });
       row.layout->addWidget(source);
     }
     rows_.push_back(row);
@@ -180,10 +194,15 @@ class WidgetsCandidate final : public ScrollAreaCandidate {
     const GoalOutcomeDTO* outcome = data_->outcome(person);
     rows_[person].shownOutcome = outcome ? outcome->id : std::string();
     if (outcome) {
-      return new OutcomeSummary(*outcome, rows_[person].parent);
+      auto* summary = new OutcomeSummary(
+          *outcome, QString::fromStdString(identifierPrefixOf(person)), rows_[person].parent);
+      QObject::connect(&summary->correct(), &QPushButton::clicked, page_,
+                       [this, person] { edit(person); });
+      return summary;
     }
-    auto* start = new SmallButton(QStringLiteral("Record outcome"), rows_[person].parent);
-    start->setObjectName(QString::fromStdString(identifierOf(person, "outcome.start")));
+    auto* start = new SmallButton(QStringLiteral("Record outcome"),
+                                  QString::fromStdString(identifierOf(person, "outcome.start")),
+                                  rows_[person].parent);
     QObject::connect(start, &QPushButton::clicked, page_, [this, person] { edit(person); });
     return start;
   }
@@ -193,6 +212,10 @@ class WidgetsCandidate final : public ScrollAreaCandidate {
         new OutcomeEditor(QString::fromStdString(identifierPrefixOf(person)), rows_[person].parent);
     QObject::connect(&editor->cancel(), &QPushButton::clicked, page_,
                      [this, person] { replaceControl(person, resting(person)); });
+    QObject::connect(&editor->save(), &QPushButton::clicked, page_, [this, person] {
+      ++host_.recordedOutcomes;
+      replaceControl(person, resting(person));
+    });
     replaceControl(person, editor);
     editor->setFocus();
   }
@@ -212,6 +235,7 @@ class WidgetsCandidate final : public ScrollAreaCandidate {
   }
 
   WidgetArrangement arrangement_;
+  PeerHost host_;
   std::optional<PeerData> data_;
   QWidget* page_ = nullptr;
   QBoxLayout* column_ = nullptr;

@@ -30,7 +30,7 @@ Rectangle {
         footer: Item {
             width: list.width
             height: foot.height
-            PageFoot { id: foot; path: page.people.path; footer: page.people.footer }
+            PageFoot { id: foot; people: page.people }
         }
         T.ScrollBar.vertical: PageScrollBar {}
     }

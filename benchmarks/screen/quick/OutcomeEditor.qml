@@ -4,6 +4,8 @@ import QtQuick.Templates as T
 Column {
     id: editor
     required property QtObject people
+    required property string prefix
+    signal saved
     signal cancelled
     spacing: 6
 
@@ -11,11 +13,13 @@ Column {
 
     Picker {
         id: picker
+        objectName: editor.prefix + ".outcome.picker"
         model: editor.people.choices
         currentIndex: 4
     }
     T.TextField {
         id: note
+        objectName: editor.prefix + ".outcome.note"
         width: 34 * metrics.advanceWidth
         height: 24
         leftPadding: 6
@@ -41,10 +45,16 @@ Column {
     Row {
         spacing: 12
         SmallButton {
+            objectName: editor.prefix + ".outcome.save"
             text: "Save"
+            onClicked: editor.saved()
             enabled: editor.people.canSave(picker.currentIndex, note.text)
         }
-        SmallButton { text: "Cancel"; onClicked: editor.cancelled() }
+        SmallButton {
+            objectName: editor.prefix + ".outcome.cancel"
+            text: "Cancel"
+            onClicked: editor.cancelled()
+        }
     }
     Component.onCompleted: picker.forceActiveFocus()
 }

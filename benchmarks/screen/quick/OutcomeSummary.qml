@@ -2,9 +2,11 @@ import QtQuick
 
 Column {
     id: summary
+    required property string prefix
     required property string outcome
     required property bool corrected
     required property string note
+    signal correctClicked
     spacing: 2
     Row {
         spacing: 8
@@ -22,10 +24,16 @@ Column {
             font: looks.caption2
             color: looks.tertiary
         }
-        SmallButton { text: "Correct" }
+        SmallButton {
+            objectName: summary.prefix + ".outcome.correct"
+            text: "Correct"
+            onClicked: summary.correctClicked()
+        }
     }
     Text {
+        width: summary.width
         visible: text !== ""
+        wrapMode: Text.Wrap
         text: summary.note
         font: looks.caption
         color: looks.secondary

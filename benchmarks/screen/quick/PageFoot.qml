@@ -2,8 +2,7 @@ import QtQuick
 
 Column {
     id: foot
-    required property string path
-    required property string footer
+    required property QtObject people
     x: 24
     topPadding: 24
     bottomPadding: 24
@@ -14,12 +13,29 @@ Column {
         color: looks.ink
         bottomPadding: 6
     }
-    Text { text: foot.path; font: looks.subheadline; color: looks.ink; textFormat: Text.PlainText }
-    SmallButton { text: "See in Starfold" }
-    SmallButton { text: "Record outcome" }
     Text {
+        width: foot.parent ? foot.parent.width - 48 : 0
+        text: foot.people.path
+        font: looks.subheadline
+        color: looks.ink
+        textFormat: Text.PlainText
+        wrapMode: Text.Wrap
+    }
+    SmallButton {
+        objectName: "vemra.goal.path.see-in-starfold"
+        text: "See in Starfold"
+        onClicked: foot.people.focusPath()
+    }
+    SmallButton {
+        objectName: "vemra.goal.path.outcome.start"
+        text: "Record outcome"
+        onClicked: foot.people.recordOutcome()
+    }
+    Text {
+        width: foot.parent ? foot.parent.width - 48 : 0
+        wrapMode: Text.Wrap
         topPadding: 16
-        text: foot.footer
+        text: foot.people.footer
         font: looks.caption
         color: looks.secondary
         textFormat: Text.PlainText

@@ -19,7 +19,7 @@ Column {
     bottomPadding: 4
     spacing: 4
 
-    NameButton { text: row.name }
+    NameButton { text: row.name; onClicked: row.people.openPerson() }
     Text {
         width: row.parent ? row.parent.width - 48 : 0
         text: row.why
@@ -32,6 +32,7 @@ Column {
         objectName: row.prefix + ".show-source"
         visible: row.hasSource
         text: "Show source"
+        onClicked: row.people.showSource()
     }
     Loader {
         id: loader
@@ -47,12 +48,24 @@ Column {
     }
     Component {
         id: summary
-        OutcomeSummary { outcome: row.outcome; corrected: row.corrected; note: row.note }
+        OutcomeSummary {
+            width: row.parent ? row.parent.width - 48 : 0
+            prefix: row.prefix
+            outcome: row.outcome
+            corrected: row.corrected
+            note: row.note
+            onCorrectClicked: row.people.setEditing(row.index, true)
+        }
     }
     Component {
         id: editor
         OutcomeEditor {
             people: row.people
+            prefix: row.prefix
+            onSaved: {
+                row.people.recordOutcome()
+                row.people.setEditing(row.index, false)
+            }
             onCancelled: row.people.setEditing(row.index, false)
         }
     }

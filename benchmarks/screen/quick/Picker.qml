@@ -18,7 +18,7 @@ T.ComboBox {
     }
     background: Rectangle {
         radius: 2
-        border.color: picker.activeFocus ? looks.link : looks.buttonOutline
+        border.color: picker.activeFocus ? looks.link : looks.outline
         gradient: Gradient {
             GradientStop { position: 0; color: looks.buttonTop }
             GradientStop { position: 1; color: looks.buttonBottom }

@@ -29,7 +29,7 @@ Rectangle {
                 model: page.people
                 delegate: PersonRow { people: page.people }
             }
-            PageFoot { path: page.people.path; footer: page.people.footer }
+            PageFoot { people: page.people }
         }
         T.ScrollBar.vertical: PageScrollBar {}
     }

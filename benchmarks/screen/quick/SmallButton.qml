@@ -20,7 +20,7 @@ T.AbstractButton {
     }
     background: Rectangle {
         radius: 2
-        border.color: button.activeFocus ? looks.link : looks.buttonOutline
+        border.color: button.activeFocus ? looks.link : looks.outline
         gradient: Gradient {
             GradientStop { position: 0; color: looks.buttonTop }
             GradientStop { position: 1; color: looks.buttonBottom }
