@@ -5,6 +5,7 @@ import json
 import os
 import pathlib
 import subprocess
+import sys
 import tempfile
 import time
 
@@ -29,15 +30,21 @@ class Job:
     mode: str
     stray: int = 0
 
-    def run(self):
-        """Figures by measure. Raises SystemExit with the program's own words when it fails."""
+    def run(self, checking=False):
+        """Figures by measure. Raises SystemExit with the program's own words when it fails.
+
+        When checking, the program that takes times looks whether each frame was whole: it fails
+        where one of our own was not, and what it notes of peers goes to the terminal. The looking
+        costs time, so such figures are not to be counted.
+        """
         if self.candidate == "vemra-inspect":
             return self.run_inspect()
         if self.candidate == "vemra-headless":
             return self.run_headless()
-        command = [BIN / "vemra-bench-screen", self.candidate, self.mode, str(self.size),
+        mode = "check" if checking and self.mode == "times" else self.mode
+        command = [BIN / "vemra-bench-screen", self.candidate, mode, str(self.size),
                    str(self.stray)]
-        return figures(output_of(command))
+        return figures(output_of(command, notes=sys.stderr if mode == "check" else None))
 
     def run_inspect(self):
         command = [BIN / "vemra-inspect", document(self.size, self.stray)]
@@ -58,7 +65,7 @@ class Job:
 
 @functools.cache
 def document(size, stray):
-    """The sample result as a file, written anew once a run: what an older program wrote is not it."""
+    """The sample result as a file, written anew once a run: an older program's may differ."""
     file = OUT / f"sample-{size}-{stray}.json"
     text = output_of([BIN / "vemra-bench-document", str(size), str(stray)])
     file.write_text(text, encoding="utf-8")
@@ -85,13 +92,16 @@ def environment():
     return kept | {"LC_ALL": "C.UTF-8", "TZ": "UTC", "XDG_RUNTIME_DIR": str(folder)}
 
 
-def output_of(command, variables=None):
+def output_of(command, variables=None, notes=None):
+    """What a program says; what it notes beside that goes to NOTES, if anywhere."""
     done = subprocess.run([str(word) for word in command], env=environment() | (variables or {}),
                           text=True, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                           stderr=subprocess.PIPE, check=False)
     if done.returncode != 0:
         raise SystemExit(f"{' '.join(map(str, command))} ended with {done.returncode}: "
                          f"{done.stderr.strip()}")
+    if notes and done.stderr:
+        print(done.stderr.rstrip(), file=notes, flush=True)
     return done.stdout
 
 

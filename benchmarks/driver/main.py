@@ -26,13 +26,16 @@ def say(text):
 
 
 def interleaved(results, quick, rounds):
-    """Every job once a round, so that whatever the machine is busy with meets all of them alike."""
+    """Every job once a round, so that whatever the machine is busy with meets all of them alike.
+
+    The first round warms up, files and the processor, and looks whether frames are whole.
+    """
     every = jobs(quick)
     for number in range(rounds + 1):
         started = time.monotonic()
         for job in every:
-            for measure, value in job.run().items():
-                if number:  # the first round warms up: files, and the processor
+            for measure, value in job.run(checking=number == 0).items():
+                if number:
                     results.add(job.candidate, job.size, measure, value, job.stray)
         say(f"round {number} of {rounds} took {time.monotonic() - started:.0f} s"
             + ("" if number else " (not counted)"))
