@@ -1,5 +1,7 @@
 #include "VemraQt/RenderTree.hpp"
 
+#include "VemraQt/RowChanges.hpp"
+
 #include <algorithm>
 
 namespace vemra::qt {
@@ -9,6 +11,19 @@ using ui::NodeID;
 using ui::Patch;
 
 namespace {
+
+// Of a list that has changed more than that, all heights are estimated again.
+constexpr std::size_t mostFollowed = 256;
+
+/// Heights stay with their rows, so that the page is as long as before but for who came and went.
+void follow(RowHeights& heights, const ui::RowSource& before, const ui::RowSource& after) {
+  const RowChanges changes = rowChanges(before, after, mostFollowed);
+  if (changes.areComplete && heights.count() == before.count()) {
+    heights.follow(changes.left, changes.came);
+  } else {
+    heights.reset(after.count(), heights.gap());
+  }
+}
 
 /// Rows can be left out only where they stand one below the other and nothing else depends on
 /// them: in a column of the page itself. A list beside something, or inside a row, is shown whole.
@@ -67,11 +82,11 @@ void RenderTree::apply(const std::vector<Patch>& patches) {
       }
       case Patch::Kind::update: {
         RenderNode& node = *nodes_.at(patch.node);
+        const auto before = node.rows ? rowSourceOf(node.element) : nullptr;
         node.element = *patch.element;
         node.stale = true;
         node.shape = {};
-        // Rows of a changed list may stand at other places than their heights were kept for.
-        if (node.rows) node.rows->reset(node.element.rowCount(), node.rows->gap());
+        if (node.rows) follow(*node.rows, *before, *rowSourceOf(node.element));
         invalidate(&node);
         break;
       }

@@ -2,8 +2,18 @@
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 namespace vemra::qt {
+
+namespace {
+
+/// The next entry of a Fenwick tree that this one is part of.
+std::size_t above(std::size_t entry) {
+  return entry + (entry & (~entry + 1));
+}
+
+}  // namespace
 
 void RowHeights::reset(std::size_t count, int gap) {
   count_ = count;
@@ -21,7 +31,33 @@ void RowHeights::setHeight(std::size_t row, int height) {
   const int change = height - this->height(row);
   if (change == 0) return;
   if (deviations_.empty()) deviations_.assign(count_ + 1, 0);
-  for (std::size_t i = row + 1; i <= count_; i += i & (~i + 1)) deviations_[i] += change;
+  for (std::size_t i = row + 1; i <= count_; i = above(i)) deviations_[i] += change;
+}
+
+void RowHeights::follow(const std::vector<std::size_t>& left,
+                        const std::vector<std::size_t>& came) {
+  const std::size_t before = std::exchange(count_, count_ - left.size() + came.size());
+  if (deviations_.empty()) return;
+  // Each row's own deviation, then the sums anew.
+  for (std::size_t i = before; i > 0; --i) {
+    if (above(i) <= before) deviations_[above(i)] -= deviations_[i];
+  }
+  std::vector<std::int32_t> after(count_ + 1, 0);
+  auto nextLeft = left.begin();
+  auto nextCame = came.begin();
+  std::size_t place = 0;
+  for (std::size_t row = 0; row < before; ++row) {
+    if (nextLeft != left.end() && *nextLeft == row) {
+      ++nextLeft;
+      continue;
+    }
+    for (; nextCame != came.end() && *nextCame == place; ++nextCame) ++place;
+    after[++place] = deviations_[row + 1];
+  }
+  deviations_ = std::move(after);
+  for (std::size_t i = 1; i <= count_; ++i) {
+    if (above(i) <= count_) deviations_[above(i)] += deviations_[i];
+  }
 }
 
 std::int64_t RowHeights::top(std::size_t row) const {

@@ -1,6 +1,7 @@
 #include "VemraQt/accessibility/AccessibleTree.hpp"
 
 #include "VemraQt/Page.hpp"
+#include "VemraQt/RowChanges.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 
 #include <algorithm>
@@ -11,10 +12,6 @@
 namespace vemra::qt {
 
 using ui::NodeID;
-
-std::shared_ptr<const ui::RowSource> rowSourceOf(const ui::Node& forEach) {
-  return std::get<ui::ForEachContent>(forEach.element.description().content).rows;
-}
 
 AccessibleTree::AccessibleTree(QAbstractScrollArea& area, Page& page) : area_(area), page_(page) {
   comparing_.setInterval(0);
@@ -118,7 +115,7 @@ AccessibleRow* AccessibleTree::rowAt(NodeID listID, std::size_t index) {
   const ui::Node* node = find(listID);
   if (!node || index >= node->element.rowCount()) return nullptr;
   List& list = lists_[listID];
-  list.source = rowSourceOf(*node);
+  list.source = rowSourceOf(node->element);
   auto [found, isNew] = list.rows.try_emplace(index, nullptr);
   if (isNew) {
     found->second = new AccessibleRow(*this, listID, index, std::string(list.source->key(index)));

@@ -29,9 +29,6 @@ class AccessibleRow;
 class Page;
 struct RenderNode;
 
-/// The rows of a list as the view that made it gives them.
-std::shared_ptr<const ui::RowSource> rowSourceOf(const ui::Node& forEach);
-
 /// The whole page as one tree of accessible objects: every text and control of every row, whether
 /// or not it has a widget just now.
 ///

@@ -2,9 +2,9 @@
 
 #include "VemraPlatform/text/Equality.hpp"
 #include "VemraQt/Page.hpp"
+#include "VemraQt/RowChanges.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
-#include "VemraQt/accessibility/RowChanges.hpp"
 
 #include <algorithm>
 #include <numeric>
@@ -152,7 +152,7 @@ AccessibleTree::ChildSteps AccessibleTree::followRows(NodeID listID) {
   const ui::Node* node = find(listID);
   if (known == lists_.end() || !node) return steps;
   List& list = known->second;
-  const auto source = rowSourceOf(*node);
+  const auto source = rowSourceOf(node->element);
   if (list.source == source) return steps;
   if (list.source) {
     RowChanges changes = rowChanges(*list.source, *source, mostToldOneByOne);

@@ -1,6 +1,7 @@
 // Identifiers, and what is found by them.
 
 #include "VemraQt/Page.hpp"
+#include "VemraQt/RowChanges.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
 
@@ -58,7 +59,7 @@ std::vector<std::size_t> AccessibleTree::rowsToSearch(ui::NodeID listID,
   if (search == Search::everyRow) noteIdentifiers(listID);
   const ui::Node* node = find(listID);
   if (!node) return {};
-  const auto source = rowSourceOf(*node);
+  const auto source = rowSourceOf(node->element);
   const auto mayHold = [&](std::size_t row) {
     return search == Search::everyRow || identifier.find(source->key(row)) != std::string::npos;
   };
@@ -84,13 +85,13 @@ const RowIdentifiers* AccessibleTree::notedIdentifiers(ui::NodeID listID) const 
   const ui::Node* node = find(listID);
   if (known == lists_.end() || !node || !known->second.identifiers) return nullptr;
   const RowIdentifiers& noted = *known->second.identifiers;
-  return noted.areOf(rowSourceOf(*node), page_.graph().environment()) ? &noted : nullptr;
+  return noted.areOf(rowSourceOf(node->element), page_.graph().environment()) ? &noted : nullptr;
 }
 
 void AccessibleTree::noteIdentifiers(ui::NodeID listID) {
   const ui::Node* list = find(listID);
   if (!list || notedIdentifiers(listID)) return;
-  const auto source = rowSourceOf(*list);
+  const auto source = rowSourceOf(list->element);
   RowIdentifiers notes(source, page_.graph().environment(), page_.graph().rowsWithState(listID));
   for (std::size_t index = 0; index < source->count(); ++index) {
     const ui::Node* row = find(page_.graph().lookAtRow(listID, index));
@@ -120,6 +121,7 @@ void AccessibleTree::findInRow(ui::NodeID list, std::size_t index, const std::st
   });
   if (!holds) return;
   AccessibleRow* row = rowAt(list, index);
+  if (!row) return;
   for (ElementSlot& slot : elementsOf(row)) {
     const ui::Node* element = find(slot.node);
     if (element && element->element.accessibilityIdentifier() == identifier) {

@@ -1,7 +1,7 @@
 // Which rows came and which left, between two lists.
 
 #include "VemraPlatform/ui/View.hpp"
-#include "VemraQt/accessibility/RowChanges.hpp"
+#include "VemraQt/RowChanges.hpp"
 
 #include <random>
 #include <ranges>

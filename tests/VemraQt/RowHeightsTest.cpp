@@ -79,3 +79,41 @@ TEST(RowHeights, AnEmptyListHasNoHeight) {
   rows.reset(0, 10);
   EXPECT_EQ(rows.total(), 0);
 }
+
+TEST(RowHeights, HeightsGoWithTheirRows) {
+  std::mt19937 random(11);
+  for (int round = 0; round < 200; ++round) {
+    const std::size_t count = 1 + random() % 40;
+    RowHeights rows;
+    rows.reset(count, 7);
+    rows.setEstimate(50);
+    Plain plain{std::vector<int>(count, 50), 7};
+    for (std::size_t measured = random() % 30; measured > 0; --measured) {
+      const std::size_t row = random() % count;
+      plain.heights[row] = 1 + static_cast<int>(random() % 300);
+      rows.setHeight(row, plain.heights[row]);
+    }
+    std::vector<std::size_t> left, came;
+    std::vector<int> after;
+    for (std::size_t row = 0; row < count; ++row) {
+      if (random() % 4 == 0) {
+        left.push_back(row);
+      } else {
+        after.push_back(plain.heights[row]);
+      }
+    }
+    for (std::size_t place = 0; place <= after.size(); ++place) {
+      if (random() % 4 != 0) continue;
+      after.insert(after.begin() + static_cast<long>(place), 50);
+      came.push_back(place);
+    }
+    plain.heights = after;
+    rows.follow(left, came);
+    ASSERT_EQ(rows.count(), after.size());
+    for (std::size_t row = 0; row < after.size(); ++row) {
+      ASSERT_EQ(rows.height(row), after[row]) << "row " << row << " of round " << round;
+      ASSERT_EQ(rows.top(row), plain.top(row)) << "row " << row << " of round " << round;
+    }
+    ASSERT_EQ(rows.total(), after.empty() ? 0 : plain.top(after.size()) - 7);
+  }
+}

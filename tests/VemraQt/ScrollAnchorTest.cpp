@@ -168,3 +168,27 @@ TEST(ScrollAnchor, AnotherFontKeepsTheSameRowInView) {
     expectNothingOverlaps(host);
   }
 }
+
+TEST(ScrollAnchor, ThePageGrowsByWhoComesAndShrinksByWhoGoes) {
+  WindowHost host(numberedUnevenly(600));
+  for (int to = 0; to < 40'000; to += 400) bar(host).setValue(to);
+  bar(host).setValue(20'000);
+  const int before = host.widget.contentHeight();
+  const auto people = host.result.people;
+  host.change([](Result& result) {
+    std::vector<GoalPersonCandidateDTO> list(result.people.begin(), result.people.end());
+    GoalPersonCandidateDTO fresh;
+    fresh.personRef = "fresh";
+    fresh.displayName = "Fresh";
+    list.insert(list.begin(), fresh);
+    list.erase(list.begin() + 590);
+    list.insert(list.begin() + 400, list.front());
+    list[400].personRef = "fresher";
+    result.people = list;
+  });
+  const int estimate = host.widget.page().tree().lists().front()->rows->estimate() +
+                       host.widget.page().tree().lists().front()->rows->gap();
+  EXPECT_EQ(host.widget.contentHeight(), before + estimate) << "two came and one left, unmeasured";
+  host.change([&](Result& result) { result.people = people; });
+  EXPECT_EQ(host.widget.contentHeight(), before);
+}

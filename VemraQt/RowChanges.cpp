@@ -1,4 +1,4 @@
-#include "VemraQt/accessibility/RowChanges.hpp"
+#include "VemraQt/RowChanges.hpp"
 
 #include "VemraPlatform/text/Equality.hpp"
 #include "VemraPlatform/ui/Identity.hpp"
@@ -31,6 +31,10 @@ std::vector<std::size_t> placesIn(const ui::RowSource& other, const ui::RowSourc
 }
 
 }  // namespace
+
+std::shared_ptr<const ui::RowSource> rowSourceOf(const ui::Element& forEach) {
+  return std::get<ui::ForEachContent>(forEach.description().content).rows;
+}
 
 RowChanges rowChanges(const ui::RowSource& before, const ui::RowSource& after, std::size_t most) {
   const std::size_t fewer = std::min(before.count(), after.count());

@@ -1,11 +1,16 @@
 #pragma once
 
+#include "VemraPlatform/ui/Element.hpp"
 #include "VemraPlatform/ui/RowSource.hpp"
 
 #include <cstddef>
+#include <memory>
 #include <vector>
 
 namespace vemra::qt {
+
+/// The rows of a list as the view that made it gives them.
+std::shared_ptr<const ui::RowSource> rowSourceOf(const ui::Element& forEach);
 
 /// How the rows of a list became those of another one.
 struct RowChanges {
