@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace vemra::qt {
 
@@ -91,30 +92,38 @@ QPalette ownPalette(ColorScheme scheme) {
 Looks::Looks(const QFont& systemFont, const QPalette& systemPalette,
              const ui::Environment& environment)
     : systemFont_(systemFont),
-      palette_(colorSchemeOf(systemPalette) == environment.colorScheme
-                   ? systemPalette
-                   : ownPalette(environment.colorScheme)),
-      textScale_(environment.textScale) {
-  const QColor page = background();
-  const QColor ink = palette_.color(QPalette::Text);
-  const QColor face = palette_.color(QPalette::Button);
+      colours_(coloursOf(colorSchemeOf(systemPalette) == environment.colorScheme
+                             ? systemPalette
+                             : ownPalette(environment.colorScheme))),
+      textScale_(environment.textScale) {}
+
+const Looks::Colours& Looks::coloursOf(const QPalette& palette) {
+  static std::optional<Colours> last;
+  if (!last || last->palette != palette) last.emplace(palette);
+  return *last;
+}
+
+Looks::Colours::Colours(const QPalette& itsPalette) : palette(itsPalette), framing(itsPalette) {
+  const QColor page = palette.color(QPalette::Base);
+  const QColor ink = palette.color(QPalette::Text);
+  const QColor face = palette.color(QPalette::Button);
   // In high contrast a button has no face of its own, and everything has to stand out more.
   const double strongest = contrast(ink, page);
   const bool isHighContrast = strongest >= 10 && contrast(face, page) < 1.05;
-  secondary_ = readable(page, ink, page, isHighContrast ? (7.05 + strongest) / 2 : 6.2);
-  tertiary_ = readable(page, ink, page, isHighContrast ? 7.05 : 4.55);
+  secondary = readable(page, ink, page, isHighContrast ? (7.05 + strongest) / 2 : 6.2);
+  tertiary = readable(page, ink, page, isHighContrast ? 7.05 : 4.55);
   // Where no theme has set one, Qt's link is pure blue, harsh on light pages and unreadable on dark.
-  const bool isThemed = palette_.color(QPalette::Link) != QColor(Qt::blue);
-  link_ = readable(isThemed ? palette_.color(QPalette::Link)
-                            : ownPalette(colorSchemeOf(palette_)).color(QPalette::Link),
-                   ink, page, 4.55);
-  disabled_ = palette_.color(QPalette::Disabled, QPalette::Text);
-  outline_ = readable(page, ink, page, isHighContrast ? 7.05 : 3.05);
-  windowForFrames_ = outlinedBy(outline_);
-  focusRing_ = palette_.color(QPalette::Highlight);
+  const bool isThemed = palette.color(QPalette::Link) != QColor(Qt::blue);
+  link = readable(isThemed ? palette.color(QPalette::Link)
+                           : ownPalette(colorSchemeOf(palette)).color(QPalette::Link),
+                  ink, page, 4.55);
+  disabled = palette.color(QPalette::Disabled, QPalette::Text);
+  outline = readable(page, ink, page, isHighContrast ? 7.05 : 3.05);
+  framing.setColor(QPalette::Window, outlinedBy(outline));
+  focusRing = palette.color(QPalette::Highlight);
   // Styles shade a button's face, and dark ones get an edge of light.
   for (const QColor& behind : {page, face.lighter(180), face.darker(110)}) {
-    focusRing_ = readable(focusRing_, ink, behind, 3.1);
+    focusRing = readable(focusRing, ink, behind, 3.1);
   }
 }
 
@@ -134,13 +143,13 @@ QFont Looks::font(const ui::Font& font) const {
 QColor Looks::text(ForegroundStyle style) const {
   switch (style) {
     case ForegroundStyle::secondary:
-      return secondary_;
+      return colours_.secondary;
     case ForegroundStyle::tertiary:
-      return tertiary_;
+      return colours_.tertiary;
     case ForegroundStyle::primary:
       break;
   }
-  return palette_.color(QPalette::Text);
+  return palette().color(QPalette::Text);
 }
 
 ColorScheme colorSchemeOf(const QPalette& palette) {

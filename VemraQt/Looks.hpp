@@ -22,22 +22,30 @@ class Looks {
 
   QFont font(const ui::Font& font) const;
   QColor text(ui::ForegroundStyle style) const;
-  QColor link() const { return link_; }
-  QColor disabledText() const { return disabled_; }
-  QColor outline() const { return outline_; }
-  QColor focusRing() const { return focusRing_; }
-  QColor background() const { return palette_.color(QPalette::Base); }
-  /// What the style is to take for the window's colour when it draws a control, so that it frames
-  /// it in `outline`.
-  QColor windowForFrames() const { return windowForFrames_; }
+  QColor link() const { return colours_.link; }
+  QColor disabledText() const { return colours_.disabled; }
+  QColor outline() const { return colours_.outline; }
+  QColor focusRing() const { return colours_.focusRing; }
+  QColor background() const { return palette().color(QPalette::Base); }
+  /// The palette with another colour of the window, which makes the style frame a control in
+  /// `outline`. One and the same for all: styles keep what they have drawn by its `cacheKey`.
+  const QPalette& paletteForFrames() const { return colours_.framing; }
   /// The system's palette, or one of our own when the environment asks for the other scheme.
-  const QPalette& palette() const { return palette_; }
+  const QPalette& palette() const { return colours_.palette; }
 
  private:
+  struct Colours {
+    QPalette palette, framing;
+    QColor secondary, tertiary, link, disabled, outline, focusRing;
+    explicit Colours(const QPalette& itsPalette);
+  };
+  /// Kept from the last time: most windows of a program have the same palette, and to tell what can
+  /// be read on what takes as long as to describe a window full of rows.
+  static const Colours& coloursOf(const QPalette& palette);
+
   QFont systemFont_;
-  QPalette palette_;
+  Colours colours_;
   double textScale_ = 1;
-  QColor secondary_, tertiary_, link_, disabled_, outline_, windowForFrames_, focusRing_;
 };
 
 /// Whether a palette writes light text on a dark page.

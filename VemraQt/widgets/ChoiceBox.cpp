@@ -133,7 +133,7 @@ void ChoiceBox::paintEvent(QPaintEvent*) {
   QStyleOptionComboBox option;
   initStyleOption(&option);
   option.currentText.clear();
-  option.palette.setColor(QPalette::Window, looks().windowForFrames());
+  frameIn(looks(), option);
   option.state &= ~QStyle::State_HasFocus;
   painter.drawComplexControl(QStyle::CC_ComboBox, option);
   const QRect field =

@@ -33,6 +33,12 @@ QMargins overhang(const RenderNode& leaf) {
   return plain ? QMargins(4, accents, 4, accents) : QMargins();
 }
 
+void frameIn(const Looks& looks, QStyleOption& option) {
+  const QPalette::ColorGroup group = option.palette.currentColorGroup();
+  option.palette = looks.paletteForFrames();
+  option.palette.setCurrentColorGroup(group);
+}
+
 void drawFocusRing(QPainter& painter, const QRect& place, const Looks& looks, RingAround what) {
   const int width = what == RingAround::text ? 2 : 3;
   const double inset = width / 2.0;

@@ -4,6 +4,7 @@
 #include "VemraQt/Looks.hpp"
 #include "VemraQt/RenderTree.hpp"
 
+#include <QStyleOption>
 #include <QWidget>
 
 namespace vemra::qt {
@@ -56,6 +57,9 @@ class ElementWidget {
 /// How far a widget's rectangle reaches past its element's frame: for high accents, which reach past
 /// the line that they stand in, and for its focus ring.
 QMargins overhang(const RenderNode& leaf);
+
+/// Makes the style frame the control in the page's own outline.
+void frameIn(const Looks& looks, QStyleOption& option);
 
 /// What a focus ring is drawn around: it is wider where it has to cover a frame.
 enum class RingAround { text, frame };

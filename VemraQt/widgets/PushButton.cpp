@@ -54,7 +54,7 @@ void PushButton::paintFramed(QPainter& painter) {
   QStyleOptionButton option;
   initStyleOption(&option);
   option.text.clear();
-  option.palette.setColor(QPalette::Window, looks().windowForFrames());
+  frameIn(looks(), option);
   option.state &= ~QStyle::State_HasFocus;
   style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
   painter.setPen(option.palette.color(QPalette::ButtonText));

@@ -27,15 +27,6 @@ const qt::Looks& looks() {
   return looks;
 }
 
-const QPalette& framingPalette() {
-  static const QPalette palette = [] {
-    QPalette made = looks().palette();
-    made.setColor(QPalette::Window, looks().windowForFrames());
-    return made;
-  }();
-  return palette;
-}
-
 SmallButton::SmallButton(const QString& title, const QString& identifier, QWidget* parent)
     : QPushButton(title, parent) {
   setObjectName(identifier);
@@ -111,7 +102,7 @@ OutcomeEditor::OutcomeEditor(const QString& identifierPrefix, QWidget* parent)
                             identifierPrefix + QLatin1String(".outcome.save"), this)),
       cancel_(new SmallButton(QStringLiteral("Cancel"),
                               identifierPrefix + QLatin1String(".outcome.cancel"), this)) {
-  setPalette(framingPalette());
+  setPalette(looks().paletteForFrames());
   picker_->setObjectName(identifierPrefix + QLatin1String(".outcome.picker"));
   picker_->setAccessibleName(QStringLiteral("Outcome"));
   for (const GoalOutcomeValue value : allGoalOutcomeValues) picker_->addItem(labelOf(value));

@@ -15,8 +15,6 @@ namespace vemra::bench {
 
 /// Fonts and colours of the page, the same for every candidate.
 const qt::Looks& looks();
-/// The page's palette, with which the style frames controls as the library's own are framed.
-const QPalette& framingPalette();
 
 /// A button as small as its title allows.
 class SmallButton : public QPushButton {

@@ -72,7 +72,7 @@ void RowDelegate::paintText(QPainter& painter, QRect area, const Line& line, con
 void RowDelegate::paintButton(QPainter& painter, const QStyleOptionViewItem& option, QPoint corner,
                               const QString& title) const {
   QStyleOptionButton button;
-  button.palette = framingPalette();
+  button.palette = looks().paletteForFrames();
   button.direction = option.direction;
   button.state = QStyle::State_Enabled | QStyle::State_Raised;
   button.fontMetrics = caption_.metrics;

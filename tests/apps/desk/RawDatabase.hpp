@@ -12,6 +12,7 @@ class RawDatabase {
  public:
   explicit RawDatabase(const std::string& file) {
     EXPECT_EQ(sqlite3_open(file.c_str(), &connection_), SQLITE_OK) << file;
+    sqlite3_busy_timeout(connection_, 5000);  // the store may be at work just then
   }
   RawDatabase(const RawDatabase&) = delete;
   RawDatabase& operator=(const RawDatabase&) = delete;
