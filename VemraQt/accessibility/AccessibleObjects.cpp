@@ -44,7 +44,7 @@ int AccessibleRow::indexOfChild(const QAccessibleInterface* object) const {
 
 QString AccessibleRow::textOf(QAccessible::Text kind) const {
   if (kind != QAccessible::Name) return {};
-  const QString name = shownName();
+  QString name = shownName();
   heardName_ = qHash(name);
   return name;
 }

@@ -59,6 +59,7 @@ void AccessibleTree::rowsReplaced() {
 void AccessibleTree::compareSomeRows() {
   refreshPage();
   std::vector<NodeID> known;
+  known.reserve(lists_.size());
   for (const auto& [node, list] : lists_) known.push_back(node);
   for (const NodeID list : known) refreshList(list);
   std::vector<Change> changes;

@@ -179,7 +179,7 @@ void ChoiceBox::keyPressEvent(QKeyEvent* event) {
 /// A combo box makes its hidden item view in order to tell it of another font or style.
 void ChoiceBox::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
-    QWidget::changeEvent(event);
+    QWidget::changeEvent(event);  // NOLINT(bugprone-parent-virtual-call): past the combo box
   } else {
     QComboBox::changeEvent(event);
   }
