@@ -15,8 +15,8 @@ int main(int argumentCount, char** arguments) {
     qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
   }
   vemra::qttest::watchQtMessages();
-  QApplication::setStyle("fusion");
   QApplication application(argumentCount, arguments);
+  QApplication::setStyle("fusion");  // not before: then the application would not own it
   QApplication::setCursorFlashTime(0);  // nothing is painted but for what a test does
   QFont font("DejaVu Sans");
   font.setPixelSize(13);
