@@ -16,7 +16,7 @@ int main(int argumentCount, char** arguments) {
   }
   vemra::qttest::watchQtMessages();
   QApplication application(argumentCount, arguments);
-  QApplication::setStyle("fusion");  // not before: then the application would not own it
+  QApplication::setStyle("fusion");     // not before: then the application would not own it
   QApplication::setCursorFlashTime(0);  // nothing is painted but for what a test does
   QFont font("DejaVu Sans");
   font.setPixelSize(13);
