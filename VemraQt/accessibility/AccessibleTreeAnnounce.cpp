@@ -62,19 +62,22 @@ void AccessibleTree::compareSomeRows() {
   known.reserve(lists_.size());
   for (const auto& [node, list] : lists_) known.push_back(node);
   for (const NodeID list : known) refreshList(list);
-  std::vector<Change> changes;
-  std::size_t compared = 0;
+  // Taken out first: to describe a row that holds a list of its own may change what lists there are.
+  std::vector<QAccessible::Id> some;
   for (auto& [node, list] : lists_) {
-    while (!list.uncompared.empty() && compared < mostComparedATurn) {
-      auto* row = dynamic_cast<AccessibleRow*>(AccessibleObject::living(list.uncompared.back()));
+    while (!list.uncompared.empty() && some.size() < mostComparedATurn) {
+      some.push_back(list.uncompared.back());
       list.uncompared.pop_back();
-      if (!row) continue;
-      ++compared;
-      for (ElementSlot& slot : elementsOf(row)) compare(slot, changes);
-      compareName(*row, changes);
     }
   }
-  if (compared < mostComparedATurn) comparing_.stop();
+  if (some.size() < mostComparedATurn) comparing_.stop();
+  std::vector<Change> changes;
+  for (const QAccessible::Id id : some) {
+    auto* row = dynamic_cast<AccessibleRow*>(AccessibleObject::living(id));
+    if (!row) continue;
+    for (ElementSlot& slot : elementsOf(row)) compare(slot, changes);
+    compareName(*row, changes);
+  }
   for (const ChildChange& change : std::exchange(childChanges_, {})) tell(change);
   tell(changes);
 }
@@ -120,15 +123,18 @@ std::vector<AccessibleObject*> AccessibleTree::knownInViewport() {
     }
   };
   addKnown(slots_);
+  std::vector<AccessibleRow*> rows;
   for (auto& [node, list] : lists_) {
     const RenderNode* shown = page_.tree().find(node);
     if (!shown) continue;
     for (const RenderNode* rendered : shown->children) {
       const auto row = list.rows.find(rendered->rowIndex);
-      if (row == list.rows.end()) continue;
-      objects.push_back(row->second);
-      addKnown(elementsOf(row->second));
+      if (row != list.rows.end()) rows.push_back(row->second);
     }
+  }
+  for (AccessibleRow* row : rows) {
+    objects.push_back(row);
+    addKnown(elementsOf(row));
   }
   return objects;
 }
