@@ -2,6 +2,7 @@
 
 #include "apps/desk/commands/GoalLine.hpp"
 #include "apps/desk/store/GoalStore.hpp"
+#include "apps/desk/store/ResultFault.hpp"
 #include "apps/desk/store/StoreError.hpp"
 #include "apps/desk/store/StoreLocation.hpp"
 #include "apps/documents/DocumentError.hpp"
@@ -25,6 +26,9 @@ void importDocuments(const Request& request, std::ostream& diagnostics) {
   results.reserve(request.documents.size());
   for (const std::string& document : request.documents) {
     results.push_back(documents::readResultFile(document));
+    if (const auto fault = faultIn(results.back())) {
+      throw documents::DocumentError(document, fault->pointer, fault->problem);
+    }
   }
   GoalStore store = GoalStore::open(storeFileToWrite(request));
   for (const LeftOutOutcome& leftOut : store.import(results)) {

@@ -1,9 +1,11 @@
 #include "apps/desk/store/GoalStore.hpp"
 
 #include "apps/desk/store/OutcomeRows.hpp"
+#include "apps/desk/store/ResultFault.hpp"
 #include "apps/desk/store/ResultRows.hpp"
 #include "apps/desk/store/Schema.hpp"
 #include "apps/desk/store/StoreError.hpp"
+#include "apps/documents/DocumentError.hpp"
 
 #include <chrono>
 #include <ctime>
@@ -41,6 +43,15 @@ std::string now() {
   char text[32];
   const std::size_t length = std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &parts);
   return {text, length};
+}
+
+/// Throws a `StoreError` when no screen can show the result.
+void refuseFault(const Database& database, const GetGoalSnapshotResponse& result,
+                 const std::string& refusal) {
+  if (const auto fault = faultIn(result)) {
+    throw StoreError(database.file(), refusal + " the goal " + documents::inQuotes(result.goal.id) +
+                                          ": " + fault->pointer + ": " + fault->problem);
+  }
 }
 
 }  // namespace
@@ -81,6 +92,7 @@ GetGoalSnapshotResponse GoalStore::result(const std::string& goalID) {
   GetGoalSnapshotResponse result = readResultRows(database_, goal);
   result.outcomes = readOutcomes(database_, goal);
   database_.confirm();
+  refuseFault(database_, result, "holds a result that cannot be shown, of");
   return result;
 }
 
@@ -92,6 +104,9 @@ SharedArray<GoalOutcomeDTO> GoalStore::outcomes(const std::string& goalID) {
 }
 
 std::vector<LeftOutOutcome> GoalStore::import(const std::vector<GetGoalSnapshotResponse>& results) {
+  for (const GetGoalSnapshotResponse& result : results) {
+    refuseFault(database_, result, "does not take in the result of");
+  }
   Transaction transaction(database_, writing);
   std::vector<LeftOutOutcome> leftOut;
   for (std::size_t i = 0; i < results.size(); ++i) {

@@ -49,13 +49,14 @@ class GoalStore {
 
   bool hasGoal(const std::string& goalID);
 
-  /// A goal's current result. Throws `UnknownGoal`.
+  /// A goal's current result. Throws `UnknownGoal`, and a `StoreError` that names goal and place
+  /// when the result has a `ResultFault`.
   GetGoalSnapshotResponse result(const std::string& goalID);
 
   /// What was recorded for a goal, oldest first. Throws `UnknownGoal`.
   SharedArray<GoalOutcomeDTO> outcomes(const std::string& goalID);
 
-  /// Stores results one after the other, all or none.
+  /// Stores results one after the other, all or none. One with a `ResultFault` is refused.
   ///
   /// A result of a goal that is there takes the place of the goal's; what was recorded stays, and
   /// the result's own outcomes count as recorded: those whose id the goal does not have yet are

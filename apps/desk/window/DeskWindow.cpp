@@ -5,6 +5,7 @@
 #include "VemraPlatform/text/Equality.hpp"
 #include "VemraQt/ViewWidget.hpp"
 #include "apps/desk/store/SampleGoals.hpp"
+#include "apps/desk/window/FailurePage.hpp"
 #include "apps/desk/window/GoalList.hpp"
 #include "apps/desk/window/Notice.hpp"
 #include "apps/desk/window/OnMainThread.hpp"
@@ -60,6 +61,7 @@ DeskWindow::DeskWindow(std::shared_ptr<StoreEngine> engine, std::optional<std::s
 
   connect(goals_, &GoalList::goalChosen, this, &DeskWindow::openGoal);
   connect(welcome_, &Welcome::samplesWanted, this, &DeskWindow::addSampleGoals);
+  connect(failure_, &FailurePage::tryAgainWanted, this, &DeskWindow::loadSnapshot);
   connect(side_, &SidePane::closed, this, &DeskWindow::closeSide);
   connect(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, this,
           &DeskWindow::closeSide);
@@ -79,10 +81,12 @@ QWidget* DeskWindow::makePanes() {
   centre_ = new QStackedWidget;
   screen_ = new qt::ViewWidget;
   welcome_ = new Welcome;
+  failure_ = new FailurePage;
   side_ = new SidePane;
   side_->setEnvironment(screen_->environment());
   centre_->addWidget(screen_);
   centre_->addWidget(welcome_);
+  centre_->addWidget(failure_);
   for (QWidget* pane : {static_cast<QWidget*>(goals_), static_cast<QWidget*>(centre_),
                         static_cast<QWidget*>(side_)}) {
     panes->addWidget(pane);
@@ -107,7 +111,11 @@ void DeskWindow::takeGoals(task::Result<std::vector<GoalListing>> result) {
   if (!goalID_ && !goals.empty()) goalID_ = goals.front().id;
   goals_->setGoals(goals, goalID_.value_or(""));
   goals_->setVisible(!goals.empty());
-  centre_->setCurrentWidget(goals.empty() ? static_cast<QWidget*>(welcome_) : screen_);
+  if (goals.empty()) {
+    centre_->setCurrentWidget(welcome_);
+  } else if (centre_->currentWidget() == welcome_) {
+    centre_->setCurrentWidget(screen_);
+  }
   if (goalID_) loadSnapshot();
 }
 
@@ -128,7 +136,13 @@ void DeskWindow::takeSnapshot(const std::string& goalID,
                               task::Result<GoalResultSnapshotV1> result) {
   if (goalID_ != goalID) return;  // the reader has gone on to another goal
   if (const QString failure = failureOf(result); !failure.isEmpty()) {
-    tellFailure("The goal could not be loaded. " + failure, [this] { loadSnapshot(); });
+    if (shownGoalID_ == goalID) {  // the screen stays, with the editors that are open in it
+      centre_->setCurrentWidget(screen_);
+      tellFailure("The goal could not be loaded. " + failure, [this] { loadSnapshot(); });
+    } else {
+      failure_->setReason(failure);
+      centre_->setCurrentWidget(failure_);
+    }
     return;
   }
   const ui::View view = GoalResultView(
@@ -138,6 +152,8 @@ void DeskWindow::takeSnapshot(const std::string& goalID,
       [this, goalID](const GoalOutcomeRecordingInput& input) { record(goalID, input); });
   // The id keeps an editor that is open in one goal from appearing in the next.
   screen_->setRoot(view.id(goalID));
+  shownGoalID_ = goalID;
+  centre_->setCurrentWidget(screen_);
 }
 
 void DeskWindow::record(const std::string& goalID, const GoalOutcomeRecordingInput& input) {

@@ -22,6 +22,7 @@ class ViewWidget;
 
 namespace vemra::desk {
 
+class FailurePage;
 class GoalList;
 class Notice;
 class SidePane;
@@ -68,8 +69,9 @@ class DeskWindow : public QMainWindow {
   QWidget* makePanes();
 
   std::shared_ptr<StoreEngine> engine_;
-  std::optional<std::string> goalID_;  // of the open goal
-  std::uint64_t sideRequest_ = 0;      // the last thing that was asked for the side pane
+  std::optional<std::string> goalID_;       // of the open goal
+  std::optional<std::string> shownGoalID_;  // of the goal that the screen shows
+  std::uint64_t sideRequest_ = 0;           // the last thing that was asked for the side pane
   /// Outcomes that could not be stored, for the next try; each with its goal's id.
   std::vector<std::pair<std::string, GoalOutcomeRecordingInput>> unrecorded_;
   std::function<void()> refreshSide_;    // asks once more for what the side pane shows
@@ -81,6 +83,7 @@ class DeskWindow : public QMainWindow {
   QStackedWidget* centre_;
   qt::ViewWidget* screen_;
   Welcome* welcome_;
+  FailurePage* failure_;
   SidePane* side_;
   Notice* notice_;
 };

@@ -91,6 +91,35 @@ TEST_F(ErrorsTest, OneBadDocumentStopsAllOfTheCall) {
   EXPECT_EQ(outputOf({"goals", "--store", store}), "g1\tt\n");
 }
 
+// With it the screen would stop the window, at every start if the goal is the first one.
+TEST_F(ErrorsTest, AHopCountThatNoScreenCanShow) {
+  const std::string fine = document("fine.json", goal("g1", "t"));
+  const std::string problem =
+      "/why/hopCount: expected an integer from -9223372036854775807, which a screen can show; "
+      "found -9223372036854775808\n";
+  auto person = goal("g2", "t");
+  person.people = {{"a", {}, GoalWhyDTO::connection(INT64_MIN + 1), {}},
+                   {"b", {}, GoalWhyDTO::connection(INT64_MIN), {}}};
+  auto path = goal("g3", "t");
+  path.paths = {{{"p1"}, GoalWhyDTO::connection(INT64_MIN), 0}};
+  const std::string people = document("people.json", person);
+  const std::string paths = document("paths.json", path);
+  expectRefused({"import", "--store", store, fine, people}, people + ": /people/1" + problem);
+  expectRefused({"import", "--store", store, paths, fine}, paths + ": /paths/0" + problem);
+  EXPECT_FALSE(std::filesystem::exists(store)) << "not even an empty store may be left behind";
+
+  person.people = {{"a", {}, GoalWhyDTO::connection(INT64_MIN + 1), {}}};
+  outputOf({"import", "--store", store, document("border.json", person)});
+  RawDatabase(store).run("UPDATE people SET why_hop_count = -9223372036854775808");
+  const Ending ending = desk({"export", "--store", store, "--goal", "g2"});
+  EXPECT_EQ(ending.exitCode, 2);
+  EXPECT_EQ(ending.output, "");
+  EXPECT_EQ(
+      ending.diagnostics,
+      store + ": holds a result that cannot be shown, of the goal \"g2\": /people/0" + problem);
+  EXPECT_EQ(outputOf({"goals", "--store", store}), "g2\tt\n");
+}
+
 TEST_F(ErrorsTest, WhatIsNoStore) {
   const std::string letter = folder.write("letter.txt", "Dear Ada,\n");
   expectEachCommandRefused(letter, letter + ": is not an SQLite database\n");

@@ -1,4 +1,5 @@
 #include "apps/desk/store/GoalStore.hpp"
+#include "apps/desk/store/ResultFault.hpp"
 #include "apps/documents/ResultWriter.hpp"
 #include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
@@ -16,7 +17,10 @@ TEST(StoreRoundTrip, WhatIsImportedComesOutAsItWas) {
   documents::RandomResult random(20250105);
   std::vector<GetGoalSnapshotResponse> results;
   for (int i = 0; i < 400; ++i) {
-    results.push_back(random.result());
+    do {
+      results.resize(static_cast<std::size_t>(i));
+      results.push_back(random.result());
+    } while (faultIn(results.back()));
     results.back().goal.id += "#" + std::to_string(i);
   }
   store.import(results);

@@ -7,6 +7,7 @@
 #include <csignal>
 
 #include <QKeyEvent>
+#include <QLineEdit>
 
 namespace vemra::desk {
 namespace {
@@ -14,6 +15,14 @@ namespace {
 class WindowTest : public OpenDesk {
  protected:
   void addSamples() const { GoalStore::open(file).import(sampleGoals()); }
+
+  /// Another program writes the hop count at which a screen stops into a goal.
+  void plantSmallestHopCount(int goalNumber) const {
+    EXPECT_EQ(RawDatabase(file).run("UPDATE people SET why_hop_count = -9223372036854775808 "
+                                    "WHERE goal = " +
+                                    std::to_string(goalNumber)),
+              "");
+  }
 };
 
 TEST_F(WindowTest, ANewStoreOffersTheSampleGoalsAndIsNotFilledUnasked) {
@@ -167,20 +176,54 @@ TEST_F(WindowTest, OddTextsAreShownLiterally) {
 }
 
 TEST_F(WindowTest, ReasonsThatStopTheScreenDoNotStopThePane) {
-  auto fatal = goal("other", "t");
-  fatal.people = {{"p1", "Ada", GoalWhyDTO::connection(INT64_MIN), {}}};
-  GoalStore::open(file).import({goal("g", "t"), fatal});
+  GoalStore::open(file).import({goal("g", "t"), goal("other", "t")});
+  plantSmallestHopCount(2);
   open("g");
   pressTitled("Ada");
   EXPECT_TRUE(becomes([&] { return shows("Connected", "desk.side"); }));
+}
+
+TEST_F(WindowTest, AGoalThatNoScreenCanShowHasItsErrorInPlaceOfTheScreen) {
+  GoalStore::open(file).import({goal("fatal", "t"), goal("fine", "t")});
+  plantSmallestHopCount(1);
+  open();  // the first goal is the one
+  ASSERT_NE(wait<QWidget>("desk.failure"), nullptr);
+  const QString reason = texts("desk.failure").join(" ");
+  EXPECT_TRUE(reason.contains("the goal \"fatal\": /people/0/why/hopCount: expected"))
+      << reason.toStdString();
+  EXPECT_FALSE(window->screen().isVisible());
+  EXPECT_EQ(find<QWidget>("desk.notice"), nullptr);
+
+  press("desk.goal.fine");
+  ASSERT_TRUE(becomes([&] { return shows("People worth considering"); }));
+  EXPECT_EQ(find<QWidget>("desk.failure"), nullptr);
+  press("desk.goal.fatal");
+  ASSERT_NE(wait<QWidget>("desk.failure"), nullptr) << "the previous goal must not stand under it";
+  EXPECT_FALSE(window->screen().isVisible());
+
+  RawDatabase(file).run("UPDATE people SET why_hop_count = 2");
+  press("desk.failure.again");
+  ASSERT_TRUE(becomes([&] { return shows("People worth considering"); }));
+  EXPECT_EQ(find<QWidget>("desk.failure"), nullptr);
+}
+
+TEST_F(WindowTest, AGoalThatIsShownStaysWhenItCannotBeLoadedAgain) {
+  GoalStore::open(file).import({goal("g", "t")});
+  open();
+  press("vemra.goal.person.p1.outcome.start");
+  wait<QLineEdit>("vemra.goal.person.p1.outcome.note")->setText("half a note");
+  plantSmallestHopCount(1);
+  ASSERT_TRUE(becomes(
+      [&] { return texts("desk.notice").join(" ").contains("The goal could not be loaded."); }));
+  EXPECT_EQ(find<QWidget>("desk.failure"), nullptr);
+  EXPECT_EQ(wait<QLineEdit>("vemra.goal.person.p1.outcome.note")->text(), "half a note");
 }
 
 TEST_F(WindowTest, AGoalThatCannotBeLoadedIsSaid) {
   addSamples();
   RawDatabase(file).run("DROP TABLE coverage");
   open();
-  ASSERT_NE(wait<QWidget>("desk.notice"), nullptr);
-  EXPECT_TRUE(texts("desk.notice").join(" ").contains("The goal could not be loaded."));
+  ASSERT_NE(wait<QWidget>("desk.failure"), nullptr);
 }
 
 // The program itself, as a user starts it.
