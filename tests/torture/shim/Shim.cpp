@@ -1,0 +1,132 @@
+#include "tests/torture/shim/Shim.hpp"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace vemra::torture {
+namespace {
+
+std::string variable(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
+
+long numberIn(const char* name, long otherwise) {
+  const std::string text = variable(name);
+  return text.empty() ? otherwise : std::stol(text);
+}
+
+}  // namespace
+
+Shim& Shim::instance() {
+  static Shim shim;
+  return shim;
+}
+
+Shim::Shim()
+    : folder_(variable("VEMRA_SHIM_FOLDER")),
+      off_(variable("VEMRA_SHIM_OFF")),
+      act_(variable("VEMRA_SHIM_ACT")),
+      at_(numberIn("VEMRA_SHIM_AT", 0)),
+      times_(numberIn("VEMRA_SHIM_TIMES", 1)),
+      quota_(numberIn("VEMRA_SHIM_QUOTA", -1)),
+      isInAHurry_(!variable("VEMRA_SHIM_HURRY").empty()) {
+  const std::string log = variable("VEMRA_SHIM_LOG");
+  if (log.empty()) return;
+  static const auto open = following<decltype(::open)>("open");
+  log_ = open(log.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+  if (log_ < 0) ::_exit(99);
+}
+
+bool Shim::concerns(const char* path) const {
+  return path != nullptr && !folder_.empty() &&
+         std::strncmp(path, folder_.c_str(), folder_.size()) == 0;
+}
+
+bool Shim::concerns(int descriptor) {
+  const std::lock_guard lock(mutex_);
+  return open_.contains(descriptor);
+}
+
+void Shim::opened(int descriptor, const char* path) {
+  const std::lock_guard lock(mutex_);
+  open_[descriptor] = path;
+}
+
+void Shim::closed(int descriptor) {
+  const std::lock_guard lock(mutex_);
+  open_.erase(descriptor);
+}
+
+bool Shim::isOff() const {
+  static const auto access = following<decltype(::access)>("access");
+  return !off_.empty() && access(off_.c_str(), F_OK) == 0;
+}
+
+Verdict Shim::next(const char* call, const std::string& path, Kind kind) {
+  long number = 0;
+  {
+    const std::lock_guard lock(mutex_);
+    number = ++count_;
+  }
+  const bool passes = act_.empty() || number < at_ || number - at_ >= times_ || isOff();
+  if (isLogging()) log(passes ? "call" : "fault", std::string(call) + ' ' + path, 0);
+  if (passes) return Verdict::pass;
+  if ((act_ == "kill-half" || act_ == "short") && kind == Kind::writes) return Verdict::half;
+  if (act_ == "short") return Verdict::pass;
+  if (act_ == "kill" || act_ == "kill-half") ::raise(SIGKILL);
+  errno = std::stoi(act_);
+  return Verdict::fail;
+}
+
+Verdict Shim::next(const char* call, int descriptor, Kind kind) {
+  return next(call, pathOf(descriptor), kind);
+}
+
+void Shim::endAfterHalf() const {
+  if (act_ == "kill-half") ::raise(SIGKILL);
+}
+
+std::string Shim::pathOf(int descriptor) {
+  const std::lock_guard lock(mutex_);
+  return open_[descriptor];
+}
+
+std::size_t Shim::room(std::size_t growth) {
+  const std::lock_guard lock(mutex_);
+  if (quota_ < 0 || isOff()) return growth;
+  const std::size_t taken = std::min(growth, static_cast<std::size_t>(quota_));
+  quota_ -= static_cast<long>(taken);
+  return taken;
+}
+
+void Shim::giveBack(std::size_t shrinkage) {
+  const std::lock_guard lock(mutex_);
+  if (quota_ >= 0) quota_ += static_cast<long>(shrinkage);
+}
+
+void Shim::log(const char* call, const std::string& path, ino_t inode, off_t offset,
+               const void* data, std::size_t length) {
+  static const auto write = following<decltype(::write)>("write");
+  std::string record = std::string(call) + '\t' + path + '\t' + std::to_string(inode) + '\t' +
+                       std::to_string(offset) + '\t' + std::to_string(length) + '\n';
+  if (data != nullptr) record.append(static_cast<const char*>(data), length);
+  if (write(log_, record.data(), record.size()) < 0) ::_exit(99);
+}
+
+void Shim::log(const char* call, int descriptor, off_t offset, const void* data,
+               std::size_t length) {
+  const std::string path = pathOf(descriptor);
+  static const auto fstat = following<decltype(::fstat)>("fstat");
+  struct stat status {};
+  fstat(descriptor, &status);
+  log(call, path, status.st_ino, offset, data, length);
+}
+
+}  // namespace vemra::torture
