@@ -1,7 +1,9 @@
 #include "VemraPlatform/date/TimeZone.hpp"
 
+#include "VemraPlatform/date/TimeZoneRule.hpp"
+#include "VemraPlatform/date/ZoneinfoFolder.hpp"
+
 #include <cstdlib>
-#include <memory>
 #include <optional>
 #include <string>
 
@@ -11,65 +13,7 @@
 namespace vemra::date {
 namespace {
 
-/// The name in a TZ: behind a colon, a `zoneinfo` folder, and before a POSIX rule.
-std::string_view nameIn(std::string_view setting) {
-  if (setting.starts_with(':')) setting.remove_prefix(1);
-  constexpr std::string_view folder = "/zoneinfo/";
-  const std::size_t path = setting.find(folder);
-  if (path != std::string_view::npos) setting.remove_prefix(path + folder.size());
-  return setting.substr(0, setting.find(','));
-}
-
-/// Reads up to two digits off the front of a text; nothing when it begins with none.
-std::optional<int> takeNumber(std::string_view& text) {
-  std::size_t length = 0;
-  int number = 0;
-  for (; length < 2 && length < text.size() && text[length] >= '0' && text[length] <= '9';
-       ++length) {
-    number = number * 10 + (text[length] - '0');
-  }
-  text.remove_prefix(length);
-  return length > 0 ? std::optional(number) : std::nullopt;
-}
-
-/// The zone of a POSIX rule (`UTC-3`, `<+0530>-5:30`, `CET-1CEST`), as a fixed offset: "GMT+03:00".
-///
-/// POSIX counts westward, so the sign turns. A rule's summer time is left out: which days it has
-/// stands in no database, and a date is seldom another for it.
-std::optional<std::string> zoneOfRule(std::string_view rule) {
-  const bool isQuoted = rule.starts_with('<');
-  const auto endsName = [&](char c) {
-    const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-    return isQuoted ? c == '>' : !isLetter;
-  };
-  std::size_t length = isQuoted ? 1 : 0;
-  while (length < rule.size() && !endsName(rule[length])) ++length;
-  if (isQuoted && length < rule.size()) ++length;
-  if (length < 3 || length >= rule.size()) return std::nullopt;
-  rule.remove_prefix(length);
-
-  const bool isWest = rule.front() != '-';
-  if (rule.front() == '-' || rule.front() == '+') rule.remove_prefix(1);
-  const std::optional<int> hours = takeNumber(rule);
-  if (!hours || *hours > 23) return std::nullopt;
-  int minutes = 0;
-  if (rule.starts_with(':')) {
-    rule.remove_prefix(1);
-    minutes = takeNumber(rule).value_or(60);
-    if (minutes > 59) return std::nullopt;
-  }
-  const auto twoDigits = [](int number) {
-    return std::string{static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
-  };
-  return std::string("GMT") + (isWest ? '-' : '+') + twoDigits(*hours) + ':' + twoDigits(minutes);
-}
-
-}  // namespace
-
-bool isKnownTimeZone(std::string_view timeZone) {
-  constexpr std::size_t longest = 64;
-  if (timeZone.empty() || timeZone.size() > longest || timeZone == "Etc/Unknown") return false;
-  if (timeZone.find('\0') != std::string_view::npos) return false;  // ICU would read up to there
+bool isListedByICU(std::string_view timeZone) {
   const auto name = icu::UnicodeString::fromUTF8(
       icu::StringPiece(timeZone.data(), static_cast<std::int32_t>(timeZone.size())));
   icu::UnicodeString canonical;
@@ -79,18 +23,31 @@ bool isKnownTimeZone(std::string_view timeZone) {
   return U_SUCCESS(status) && isListed;
 }
 
+/// The time zone that a TZ without its colon means.
+std::optional<std::string> zoneOfSetting(const std::string& setting) {
+  if (setting.empty()) return "UTC";
+  if (isKnownTimeZone(setting)) return setting;
+  const bool isAbsolute = setting.front() == '/';
+  if (auto zone = zoneOfPath(isAbsolute ? setting : std::string(zoneinfoFolder) + '/' + setting)) {
+    return zone;
+  }
+  return TimeZoneRule::parse(setting) ? std::optional(setting) : std::nullopt;
+}
+
+}  // namespace
+
+bool isKnownTimeZone(std::string_view timeZone) {
+  constexpr std::size_t longest = 64;
+  if (timeZone.empty() || timeZone.size() > longest || timeZone == "Etc/Unknown") return false;
+  if (timeZone.find('\0') != std::string_view::npos) return false;  // ICU would read up to there
+  return isListedByICU(timeZone) || zoneOfDatabase(timeZone).has_value();
+}
+
 std::string systemTimeZone() {
   if (const char* setting = std::getenv("TZ")) {
-    if (*setting == '\0') return "UTC";
-    const std::string_view name = nameIn(setting);
-    if (isKnownTimeZone(name)) return std::string(name);
-    if (auto zone = zoneOfRule(name)) return *std::move(zone);
+    if (auto zone = zoneOfSetting(*setting == ':' ? setting + 1 : setting)) return *std::move(zone);
   }
-  const std::unique_ptr<icu::TimeZone> host(icu::TimeZone::detectHostTimeZone());
-  icu::UnicodeString identifier;
-  std::string name;
-  host->getID(identifier).toUTF8String(name);
-  return isKnownTimeZone(name) ? name : "UTC";
+  return zoneOfPath("/etc/localtime").value_or("UTC");
 }
 
 }  // namespace vemra::date

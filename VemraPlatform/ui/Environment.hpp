@@ -27,7 +27,7 @@ class StringsTable {
 /// `Environment::system()`, with its own strings table.
 struct Environment {
   std::string locale = "en_US";  ///< an ICU locale identifier; decides how dates are written
-  std::string timeZone = "UTC";  ///< a time zone identifier of the tz database
+  std::string timeZone = "UTC";  ///< a name of the tz database, or a POSIX rule as in TZ
   std::shared_ptr<const StringsTable> strings;  ///< none: every key is shown as it is
   double textScale = 1.0;  ///< how much larger than usual the user wants text; 1: as usual
   ColorScheme colorScheme = ColorScheme::light;

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "VemraPlatform/date/InternetDateTime.hpp"
+#include "VemraPlatform/date/TimeZoneRule.hpp"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vemra::date {
+
+/// A compiled time zone of the tz database, in the form of RFC 9636 ("TZif", versions 1 to 4).
+///
+/// Leap seconds in it are ignored: an `Instant` does not count them.
+class TimeZoneFile {
+ public:
+  /// The content of a file that may be a time zone; nothing when it is no regular file, cannot be
+  /// read, has no TZif header or is larger than any time zone is.
+  static std::optional<std::string> contentOf(const std::string& path);
+
+  /// Reads the content of a file; nothing when it is not a whole and valid one. Bytes behind the
+  /// last field are ignored.
+  static std::optional<TimeZoneFile> parse(std::string_view content);
+
+  /// Seconds that local time is ahead of UTC at an instant. Total: any instant will do.
+  int secondsAheadOfUTC(Instant instant) const noexcept;
+
+  /// The rule for instants after the last change in the file, empty when it has none.
+  const std::string& footer() const noexcept { return footer_; }
+
+ private:
+  struct Change {
+    std::int64_t secondsSinceEpoch;
+    int secondsAhead;
+  };
+
+  int secondsAheadBefore_ = 0;  ///< before the first change
+  std::vector<Change> changes_;
+  std::string footer_;
+  std::optional<TimeZoneRule> rule_;
+};
+
+}  // namespace vemra::date

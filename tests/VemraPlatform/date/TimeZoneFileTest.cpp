@@ -1,0 +1,191 @@
+#include "VemraPlatform/date/TimeZoneFile.hpp"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+
+#include <gtest/gtest.h>
+
+namespace vemra::testing {
+namespace {
+
+using namespace std::string_literals;
+using date::TimeZoneFile;
+
+constexpr int hour = 3600;
+
+std::string bytes(std::int64_t number, int size) {
+  std::string text;
+  while (size-- > 0) text += static_cast<char>(number >> (8 * size) & 0xFF);
+  return text;
+}
+
+/// A TZif file in pieces, as RFC 9636 has them.
+struct Pieces {
+  char version = '2';
+  std::vector<std::int64_t> times = {};
+  std::string types = {};  // one byte a time
+  std::vector<std::int64_t> offsets = {0};
+  int leapSeconds = 0;
+  std::string marks = {};  // of "is standard" and of "is UT", as many of either
+  std::string footer = "\n\n";
+
+  std::string block(char ofVersion, int timeSize) const {
+    std::string text = "TZif"s + ofVersion + std::string(15, '\0');
+    const auto count = [](std::size_t number) {
+      return bytes(static_cast<std::int64_t>(number), 4);
+    };
+    text += count(marks.size()) + count(marks.size()) + bytes(leapSeconds, 4) +
+            count(times.size()) + count(offsets.size()) + count(4);
+    for (const std::int64_t time : times) text += bytes(time, timeSize);
+    text += types;
+    for (const std::int64_t offset : offsets) text += bytes(offset, 4) + "\0\0"s;
+    text += "XYZ\0"s;
+    for (int leap = 0; leap < leapSeconds; ++leap) text += bytes(78796800, timeSize) + bytes(1, 4);
+    return text + marks + marks;
+  }
+
+  std::string content() const {
+    if (version == '\0') return block(version, 4);
+    return block(version, 4) + block(version, 8) + footer;
+  }
+};
+
+std::optional<int> aheadAt(const Pieces& pieces, std::int64_t instant) {
+  const auto zone = TimeZoneFile::parse(pieces.content());
+  return zone ? std::optional(zone->secondsAheadOfUTC({instant})) : std::nullopt;
+}
+
+Pieces sample() {
+  return {.times = {-100, 1000, 5000000000},
+          .types = "\1\2\1",
+          .offsets = {-1234, hour, -2 * hour},
+          .leapSeconds = 2,
+          .marks = "\0\1\1"s,
+          .footer = "\nXYZ-3\n"};
+}
+
+TEST(TimeZoneFile, changesAtTheTimesInIt) {
+  const Pieces pieces = sample();
+  EXPECT_EQ(aheadAt(pieces, std::numeric_limits<std::int64_t>::min()), -1234);
+  EXPECT_EQ(aheadAt(pieces, -101), -1234);
+  EXPECT_EQ(aheadAt(pieces, -100), hour);
+  EXPECT_EQ(aheadAt(pieces, 999), hour);
+  EXPECT_EQ(aheadAt(pieces, 1000), -2 * hour);
+  EXPECT_EQ(aheadAt(pieces, 4999999999), -2 * hour);
+}
+
+TEST(TimeZoneFile, followsItsRuleAfterTheLastChange) {
+  Pieces pieces = sample();
+  EXPECT_EQ(TimeZoneFile::parse(pieces.content())->footer(), "XYZ-3");
+  EXPECT_EQ(aheadAt(pieces, 5000000000), 3 * hour);
+  EXPECT_EQ(aheadAt(pieces, std::numeric_limits<std::int64_t>::max()), 3 * hour);
+  pieces.footer = "\n\n";
+  EXPECT_EQ(TimeZoneFile::parse(pieces.content())->footer(), "");
+  EXPECT_EQ(aheadAt(pieces, 5000000000), hour);
+}
+
+TEST(TimeZoneFile, withoutChangesIsItsRuleOrItsFirstType) {
+  EXPECT_EQ(aheadAt({.offsets = {hour}, .footer = "\nXYZ-2\n"}, 0), 2 * hour);
+  EXPECT_EQ(aheadAt({.offsets = {hour}, .footer = "\n\n"}, 0), hour);
+}
+
+TEST(TimeZoneFile, ofVersion1HasShortTimesAndNoRule) {
+  Pieces pieces = sample();
+  pieces.version = '\0';
+  pieces.times = {-100, 1000, 2000};
+  EXPECT_EQ(aheadAt(pieces, -101), -1234);
+  EXPECT_EQ(aheadAt(pieces, -100), hour);
+  EXPECT_EQ(aheadAt(pieces, 1999), -2 * hour);
+  EXPECT_EQ(aheadAt(pieces, 2000), hour);
+  EXPECT_EQ(TimeZoneFile::parse(pieces.content())->footer(), "");
+}
+
+TEST(TimeZoneFile, mayBeOfAnyLaterVersionAndHaveMoreBehind) {
+  Pieces pieces = sample();
+  for (const char version : {'2', '3', '4', '9'}) {
+    pieces.version = version;
+    EXPECT_EQ(aheadAt(pieces, 0), hour) << version;
+  }
+  EXPECT_TRUE(TimeZoneFile::parse(pieces.content() + "more"));
+}
+
+TEST(TimeZoneFile, isNothingWhenAByteIsMissing) {
+  for (const char version : {'\0', '2'}) {
+    Pieces pieces = sample();
+    pieces.version = version;
+    const std::string whole = pieces.content();
+    ASSERT_TRUE(TimeZoneFile::parse(whole));
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+      EXPECT_FALSE(TimeZoneFile::parse(whole.substr(0, length))) << length;
+    }
+  }
+}
+
+TEST(TimeZoneFile, isNothingWhenItSaysWhatCannotBe) {
+  const auto isNothing = [](const auto& change) {
+    Pieces pieces = sample();
+    change(pieces);
+    return !TimeZoneFile::parse(pieces.content());
+  };
+  EXPECT_FALSE(isNothing([](Pieces&) {}));
+  EXPECT_TRUE(isNothing([](Pieces& p) { p.types = "\1\2\3"; })) << "there are three types";
+  EXPECT_TRUE(isNothing([](Pieces& p) { p.types = "\1\2\xFF"; }));
+  EXPECT_TRUE(isNothing([](Pieces& p) { p.offsets = {}, p.times = {}, p.types = ""; }));
+  EXPECT_TRUE(isNothing([](Pieces& p) { p.times[1] = p.times[0]; }));
+  EXPECT_TRUE(isNothing([](Pieces& p) { p.times[2] = p.times[1] - 1; }));
+  EXPECT_TRUE(isNothing([](Pieces& p) { p.offsets[2] = 26 * hour; }));
+  EXPECT_FALSE(isNothing([](Pieces& p) { p.offsets[2] = 26 * hour - 1; }));
+  EXPECT_TRUE(isNothing([](Pieces& p) { p.offsets[0] = -25 * hour; }));
+  EXPECT_FALSE(isNothing([](Pieces& p) { p.offsets[0] = -25 * hour + 1; }));
+  EXPECT_TRUE(isNothing([](Pieces& p) { p.footer = "\nnonsense\n"; }));
+  EXPECT_TRUE(isNothing([](Pieces& p) { p.footer = "XYZ-3\n"; }));
+  EXPECT_TRUE(isNothing([](Pieces& p) { p.footer = "\nXYZ-3"; }));
+  EXPECT_TRUE(isNothing([](Pieces& p) { p.leapSeconds = -1; })) << "four thousand million";
+}
+
+TEST(TimeZoneFile, isNothingWhenAHeaderIsNotThere) {
+  const std::string whole = sample().content();
+  EXPECT_FALSE(TimeZoneFile::parse("x" + whole.substr(1)));
+  const std::size_t second = whole.find("TZif", 1);
+  ASSERT_NE(second, std::string::npos);
+  EXPECT_FALSE(TimeZoneFile::parse(whole.substr(0, second) + "x" + whole.substr(second + 1)));
+}
+
+/// Any byte may be any other: whatever is read is an offset in bounds, and nothing is read outside.
+TEST(TimeZoneFile, isReadWhateverItsBytesAre) {
+  const std::string whole = sample().content();
+  for (std::size_t place = 0; place < whole.size(); ++place) {
+    for (const char byte : {'\0', '\1', '\x7F', '\x80', '\xFF', '\n'}) {
+      const auto zone = TimeZoneFile::parse(std::string(whole).replace(place, 1, 1, byte));
+      if (!zone) continue;
+      for (const std::int64_t instant : {INT64_MIN, INT64_C(0), INT64_C(1000), INT64_MAX}) {
+        EXPECT_LT(std::abs(zone->secondsAheadOfUTC({instant})), 26 * hour) << place;
+      }
+    }
+  }
+}
+
+TEST(TimeZoneFile, isARegularFileOfModerateSize) {
+  namespace fs = std::filesystem;
+  const fs::path folder = fs::path(::testing::TempDir()) / "vemra-time-zone-file";
+  fs::create_directories(folder);
+  const auto write = [&](const char* name, const std::string& content) {
+    std::ofstream(folder / name, std::ios::binary) << content;
+    return (folder / name).string();
+  };
+  constexpr std::size_t largest = 1 << 20;
+  const std::string content = "TZif" + std::string(largest - 4, 'x');
+  EXPECT_EQ(TimeZoneFile::contentOf(write("largest", content)), content);
+  EXPECT_EQ(TimeZoneFile::contentOf(write("larger", content + 'x')), std::nullopt);
+  EXPECT_EQ(TimeZoneFile::contentOf(write("other", "TZig")), std::nullopt);
+  EXPECT_EQ(TimeZoneFile::contentOf(write("empty", "")), std::nullopt);
+  EXPECT_EQ(TimeZoneFile::contentOf(folder.string()), std::nullopt);
+  EXPECT_EQ(TimeZoneFile::contentOf((folder / "missing").string()), std::nullopt);
+  EXPECT_EQ(TimeZoneFile::contentOf("/dev/zero"), std::nullopt);
+  fs::remove_all(folder);
+}
+
+}  // namespace
+}  // namespace vemra::testing

@@ -1,0 +1,106 @@
+#include "VemraPlatform/date/TimeZone.hpp"
+#include "VemraPlatform/date/ZoneinfoFolder.hpp"
+
+#include <filesystem>
+#include <fstream>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+namespace vemra::testing {
+namespace {
+
+namespace fs = std::filesystem;
+using date::zoneOfDatabase;
+using date::zoneOfPath;
+
+class ZoneOfPath : public ::testing::Test {
+ protected:
+  ZoneOfPath() { fs::create_directories(folder / "below"); }
+  ~ZoneOfPath() override { fs::remove_all(folder); }
+  ZoneOfPath(const ZoneOfPath&) = delete;
+  ZoneOfPath& operator=(const ZoneOfPath&) = delete;
+
+  std::string copy(const std::string& name) const {
+    fs::copy_file(fs::path(date::zoneinfoFolder) / name, folder / "copy",
+                  fs::copy_options::overwrite_existing);
+    return (folder / "copy").string();
+  }
+
+  std::string link(const std::string& target, const std::string& name = "link") const {
+    fs::remove(folder / name);
+    fs::create_symlink(target, folder / name);
+    return (folder / name).string();
+  }
+
+  const fs::path folder =
+      fs::path(::testing::TempDir()) / ("vemra-zone-of-path-" + std::to_string(getpid()));
+};
+
+TEST_F(ZoneOfPath, isTheNameBelowAZoneinfoFolder) {
+  EXPECT_EQ(zoneOfPath("/usr/share/zoneinfo/Europe/Berlin"), "Europe/Berlin");
+  EXPECT_EQ(zoneOfPath("/no/such/zoneinfo/Europe/Berlin"), "Europe/Berlin");
+  EXPECT_EQ(zoneOfPath("/no/such/zoneinfo/posix/Europe/Berlin"), "Europe/Berlin");
+  EXPECT_EQ(zoneOfPath("/no/such/zoneinfo/right/Europe/Berlin"), "Europe/Berlin");
+  EXPECT_EQ(zoneOfPath("/no/such/zoneinfo/right/posix/Europe/Berlin"), std::nullopt);
+  EXPECT_EQ(zoneOfPath("/no/such/zoneinfo/Mars/Olympus"), std::nullopt);
+  EXPECT_EQ(zoneOfPath("/no/such/folder/Europe/Berlin"), std::nullopt);
+}
+
+TEST_F(ZoneOfPath, followsLinks) {
+  EXPECT_EQ(zoneOfPath(link("/usr/share/zoneinfo/Asia/Tokyo")), "Asia/Tokyo");
+  EXPECT_EQ(zoneOfPath(link("/no/such/zoneinfo/Asia/Tokyo")), "Asia/Tokyo") << "no such file";
+  link("/usr/share/zoneinfo/Asia/Tokyo");
+  link("../link", "below/relative");
+  EXPECT_EQ(zoneOfPath((folder / "below/relative").string()), "Asia/Tokyo");
+  EXPECT_EQ(zoneOfPath(link("link", "twice")), "Asia/Tokyo");
+  fs::create_directory_symlink(folder / "below", folder / "elsewhere");
+  EXPECT_EQ(zoneOfPath((folder / "elsewhere/relative").string()), "Asia/Tokyo");
+  EXPECT_EQ(zoneOfPath(link("link")), std::nullopt) << "of a circle, nothing";
+}
+
+TEST_F(ZoneOfPath, ofACopyIsTheZoneWithTheSameContent) {
+  EXPECT_EQ(zoneOfPath(copy("Asia/Kathmandu")), "Asia/Kathmandu") << "the first of two names";
+  EXPECT_EQ(zoneOfPath(link("copy")), "Asia/Kathmandu");
+  EXPECT_EQ(zoneOfPath(copy("right/America/St_Johns")), "America/St_Johns");
+  EXPECT_EQ(zoneOfPath(copy("posix/America/St_Johns")), "America/St_Johns");
+}
+
+TEST_F(ZoneOfPath, ofAFileOfNoZoneIsItsRule) {
+  std::string content = *date::TimeZoneFile::contentOf(copy("Europe/Berlin"));
+  const std::size_t rule = content.rfind("CET-1CEST");
+  ASSERT_NE(rule, std::string::npos);
+  content.replace(rule, 3, "XYZ");
+  std::ofstream(folder / "copy", std::ios::binary) << content;
+  EXPECT_EQ(zoneOfPath((folder / "copy").string()), "XYZ-1CEST,M3.5.0,M10.5.0/3");
+  content.erase(rule, content.size() - rule - 1);
+  std::ofstream(folder / "copy", std::ios::binary) << content;
+  EXPECT_EQ(zoneOfPath((folder / "copy").string()), std::nullopt) << "has no rule";
+}
+
+TEST_F(ZoneOfPath, ofAFileThatIsNoTimeZoneIsNothing) {
+  std::ofstream(folder / "copy") << "TZif and nothing else";
+  EXPECT_EQ(zoneOfPath((folder / "copy").string()), std::nullopt);
+  EXPECT_EQ(zoneOfPath((folder / "missing").string()), std::nullopt);
+  EXPECT_EQ(zoneOfPath(folder.string()), std::nullopt);
+  EXPECT_EQ(zoneOfPath(""), std::nullopt);
+}
+
+TEST(ZoneOfDatabase, hasAName) {
+  for (const char* name : {"Asia/Tokyo", "Zulu", "America/Port-au-Prince", "Etc/GMT+9",
+                           "America/Argentina/Buenos_Aires", "EST5EDT"}) {
+    EXPECT_TRUE(zoneOfDatabase(name)) << name;
+  }
+  EXPECT_TRUE(date::isKnownTimeZone("America/Coyhaique")) << "younger than ICU's database";
+}
+
+TEST(ZoneOfDatabase, isNoOtherFile) {
+  for (const char* name : {"", "localtime", "posixrules", "posix/Asia/Tokyo", "right/Asia/Tokyo",
+                           "tzdata.zi", "zone.tab", "Asia", "Asia/", "/usr/share/zoneinfo/UTC",
+                           "Asia/../Asia/Tokyo", "Asia/./Tokyo", "Asia/Tokyo ", "asia/Tokyo"}) {
+    EXPECT_FALSE(zoneOfDatabase(name)) << name;
+  }
+}
+
+}  // namespace
+}  // namespace vemra::testing
