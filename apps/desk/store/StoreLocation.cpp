@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <pwd.h>
 #include <sys/stat.h>
@@ -25,6 +26,15 @@ std::string homeFolder() {
   return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "";
 }
 
+/// Writes a folder's names to the disk: a file in a new folder is lost in a power cut as long as the
+/// folder's own name is not there. A file system that cannot do so is no reason to stop.
+void sync(const std::filesystem::path& folder) {
+  const int opened = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (opened < 0) return;
+  ::fsync(opened);
+  ::close(opened);
+}
+
 }  // namespace
 
 std::string userStoreFile() {
@@ -42,7 +52,10 @@ void makeFolderOf(const std::string& file) {
   std::filesystem::path made;
   for (const auto& part : folder) {
     made /= part;
-    if (::mkdir(made.c_str(), 0700) == 0) continue;
+    if (::mkdir(made.c_str(), 0700) == 0) {
+      sync(made.parent_path());
+      continue;
+    }
     const int error = errno;
     struct stat status {};
     if (::stat(made.c_str(), &status) == 0 && S_ISDIR(status.st_mode)) continue;

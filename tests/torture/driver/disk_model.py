@@ -19,9 +19,14 @@ class File:
         pending = self.pending
         if kept != "all":
             pending = [change for change in pending if random.random() < 0.5]
-        if kept == "torn":
+        if kept in ("torn", "garbage"):
             pending = [part for change in pending for part in torn(change, random)]
-        return played(self.synced, pending)
+        content = played(self.synced, pending)
+        if kept != "garbage":
+            return content
+        # What the file grew by and no write reached holds what the disk had there before.
+        old = self.synced + random.randbytes(max(0, len(content) - len(self.synced)))
+        return played(old[:len(content)], pending)
 
 
 def torn(change, random):
@@ -53,24 +58,32 @@ def played(content, changes):
 
 
 class Disk:
-    """The files of one folder, by inode, and their names. What readers share (-shm) is not kept."""
+    """The files of one folder and of those below, by inode, and their names.
+
+    A name is on the disk when the folder it stands in was synced. Of the others the disk keeps as many
+    as it likes, in their order. What readers share (-shm) is not kept.
+    """
+
+    FOLDER = object()
 
     def __init__(self, folder):
-        self.folder = folder
+        self.folder = pathlib.Path(folder)
         self.files = {}
-        self.names = {}  # as they were when the folder was last synced
-        self.renamed = []  # (name, inode or None) since then
+        self.names = {}  # path: inode, or FOLDER
+        self.pending = []  # (path, inode, FOLDER or None)
 
     def apply(self, call, path, inode, offset, data):
-        name = pathlib.Path(path).name
+        path = pathlib.Path(path)
         if call == "create":
             self.files[inode] = File()
-            self.renamed.append((name, inode))
+            self.pending.append((path, inode))
         elif call == "unlink":
-            self.renamed.append((name, None))
-        elif call == "sync" and path == self.folder:
-            self.names = self.names_now(len(self.renamed))
-            self.renamed = []
+            self.pending.append((path, None))
+        elif call == "mkdir":
+            self.pending.append((path, self.FOLDER))
+        elif call == "sync" and inode not in self.files:
+            self.names.update(change for change in self.pending if change[0].parent == path)
+            self.pending = [change for change in self.pending if change[0].parent != path]
         elif call == "sync":
             self.files[inode].sync()
         elif call == "write":
@@ -81,12 +94,16 @@ class Disk:
             raise ValueError(f"the model knows no {call}")
 
     def names_now(self, count):
-        names = {**self.names, **dict(self.renamed[:count])}
-        return {name: inode for name, inode in names.items() if inode is not None}
+        """{path: inode} of the files that can be reached when so many pending names were kept."""
+        names = {**self.names, **dict(self.pending[:count])}
+        return {path: inode for path, inode in names.items() if isinstance(inode, int) and all(
+            names.get(above) is self.FOLDER for above in path.parents if self.folder in above.parents)}
 
-    def after_power_loss(self, kept, random):
-        """{name: content} as the next start finds it."""
-        count = {"all": len(self.renamed), "nothing": 0}.get(
-            kept, random.randint(0, len(self.renamed)))
-        return {name: self.files[inode].after_power_loss(kept, random)
-                for name, inode in self.names_now(count).items() if not name.endswith("-shm")}
+    def restore(self, kept, random):
+        """Writes the files as the next start finds them, into folders that may be new."""
+        count = {"all": len(self.pending), "nothing": 0}.get(
+            kept, random.randint(0, len(self.pending)))
+        for path, inode in self.names_now(count).items():
+            if not path.name.endswith("-shm"):
+                path.parent.mkdir(parents=True, exist_ok=True)
+                path.write_bytes(self.files[inode].after_power_loss(kept, random))

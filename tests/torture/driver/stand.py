@@ -77,7 +77,8 @@ class Stand:
         return str(self.folder / "goals.sqlite")
 
     def environment(self, shim):
-        variables = {"PATH": os.environ.get("PATH", ""), "LC_ALL": "C.UTF-8", "TZ": "UTC"}
+        variables = {"PATH": os.environ.get("PATH", ""), "LC_ALL": "C.UTF-8", "TZ": "UTC",
+                     "HOME": str(self.folder)}
         variables.update({name: value for name, value in os.environ.items() if name.startswith("ASAN")})
         if shim is not None:
             variables["LD_PRELOAD"] = self.shim
