@@ -1,30 +1,62 @@
 #include "VemraPlatform/task/MainActor.hpp"
 
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
-#include <thread>
+#include <pthread.h>
+#include <unistd.h>
 
 namespace vemra::task {
 namespace {
 
-std::thread::id mainThread() noexcept {
-  static const std::thread::id thread = std::this_thread::get_id();
-  return thread;
+enum class Thread { unknown, first, other, adopted };
+
+// What the calling thread is. Kept, because asking the system takes as long as describing a button.
+// A thread's id cannot stand for it, as that of an ended thread is given to another.
+thread_local Thread current = Thread::unknown;
+
+std::atomic<bool> hasAdopted = false;
+
+/// The thread that called fork is the only one of the child, and so its first.
+void becomeFirstInChild() noexcept {
+  current = Thread::first;
+  hasAdopted = false;
 }
 
-// Asks once while the program is being initialised. The function is there for those whose own
-// initialisers run even earlier.
-[[maybe_unused]] const std::thread::id asked = mainThread();
+Thread currentThread() noexcept {
+  if (current == Thread::unknown) {
+    [[maybe_unused]] static const int once = pthread_atfork(nullptr, nullptr, becomeFirstInChild);
+    current = gettid() == getpid() ? Thread::first : Thread::other;
+  }
+  return current;
+}
 
 }  // namespace
 
+void MainActor::adoptCurrentThread() noexcept {
+  if (currentThread() == Thread::adopted) return;
+  if (hasAdopted.exchange(true)) {
+    std::fputs(
+        "MainActor::adoptCurrentThread was called on a second thread; call it once, on the thread "
+        "that runs the user interface.\n",
+        stderr);
+    std::fflush(stderr);
+    std::abort();
+  }
+  current = Thread::adopted;
+}
+
 bool MainActor::isCurrent() noexcept {
-  return std::this_thread::get_id() == mainThread();
+  const Thread thread = currentThread();
+  return thread == Thread::adopted || (thread == Thread::first && !hasAdopted);
 }
 
 void MainActor::assertIsolated(std::string_view member) noexcept {
   if (isCurrent()) return;
-  std::fprintf(stderr, "%.*s was called off the main thread; it belongs to the main actor.\n",
+  std::fprintf(stderr,
+               "%.*s was called off the main thread; it belongs to the main actor. Call it on the "
+               "first thread of the process, or name the thread of the user interface with "
+               "MainActor::adoptCurrentThread.\n",
                static_cast<int>(member.size()), member.data());
   std::fflush(stderr);
   std::abort();

@@ -197,6 +197,56 @@ TEST(Task, waitsUntilItIsResumed) {
   EXPECT_EQ(value, 3);
 }
 
+Task<int> openAndGive(Gate* gate, int value) {
+  gate->open();
+  co_return value;
+}
+
+Task<int> addOne(Task<int> task) {
+  co_return 1 + co_await std::move(task);
+}
+
+TEST(Task, mayEndWhileAnotherIsBeingStarted) {
+  Gate gate;
+  std::vector<int> ends;
+  const auto note = [&](Result<int> result) { ends.push_back(std::move(result).take()); };
+  start(addOne(throughGate(&gate, 3)), note);
+  EXPECT_EQ(ends, std::vector<int>());
+  start(addOne(openAndGive(&gate, 7)), note);
+  EXPECT_EQ(ends, (std::vector<int>{4, 8})) << "each has a waiter of its own";
+}
+
+/// Goes on within a task that is started meanwhile.
+struct WithinAnother {
+  Task<int> (*other)(std::coroutine_handle<>);
+
+  bool await_ready() const noexcept { return false; }
+  void await_suspend(std::coroutine_handle<> waiter) const {
+    start(addOne(other(waiter)), [](Result<int>) {});
+  }
+  void await_resume() const noexcept {}
+};
+
+TEST(Task, mayEndWithinATaskThatItsOwnStartStarted) {
+  struct Source {
+    static Task<int> resume(std::coroutine_handle<> waiter) {
+      waiter.resume();
+      co_return 0;
+    }
+    static Task<int> wait() {
+      const WithinAnother another{&resume};
+      co_await another;
+      co_return 5;
+    }
+  };
+  int calls = 0;
+  start(addOne(Source::wait()), [&](Result<int> result) {
+    ++calls;
+    EXPECT_EQ(std::move(result).take(), 6);
+  });
+  EXPECT_EQ(calls, 1);
+}
+
 TEST(TaskDeathTest, awaitedTwiceStopsTheProcess) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   struct Source {

@@ -1,0 +1,14 @@
+#include "VemraPlatform/task/MainActor.hpp"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+/// What each view pays before it is described.
+void isCurrent(benchmark::State& state) {
+  for (auto _ : state) benchmark::DoNotOptimize(vemra::task::MainActor::isCurrent());
+}
+
+BENCHMARK(isCurrent)->Name("main actor/is current");
+
+}  // namespace
