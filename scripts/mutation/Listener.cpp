@@ -1,0 +1,31 @@
+#include "scripts/mutation/Switch.hpp"
+
+#include <cstdlib>
+#include <string>
+
+#include <gtest/gtest.h>
+
+// Linked into every test program of the build that `scripts/mutate` makes: tells the switch, and the
+// programs that a test starts, which test is running.
+namespace {
+
+class Listener : public testing::EmptyTestEventListener {
+  void OnTestStart(const testing::TestInfo& test) override { begin(name(test)); }
+  void OnTestEnd(const testing::TestInfo&) override { begin(""); }
+
+  static std::string name(const testing::TestInfo& test) {
+    return std::string(test.test_suite_name()) + "." + test.name();
+  }
+  static void begin(const std::string& name) {
+    if (std::getenv("VEMRA_MUTANTS_REACHED") == nullptr) return;
+    ::setenv("VEMRA_MUTANTS_TEST", name.c_str(), 1);
+    vemra_mutants::beginTest(name.c_str());
+  }
+};
+
+[[maybe_unused]] const bool listening = [] {
+  testing::UnitTest::GetInstance()->listeners().Append(new Listener);
+  return true;
+}();
+
+}  // namespace

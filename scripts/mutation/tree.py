@@ -1,0 +1,173 @@
+"""A copy of the repository in which the sources hold their mutants, and its build."""
+import concurrent.futures
+import hashlib
+import json
+import os
+import pathlib
+import shlex
+import shutil
+import subprocess
+import sys
+
+import blame
+import mutants as finder
+import schema
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+FOLDERS = ["VemraPlatform", "VemraGoalEngine", "VemraGoalSurface", "VemraTesting", "VemraQt", "apps"]
+QT = ("VemraQt/", "apps/desk/window/", "apps/toolkit/", "apps/inspect/picture/")
+WITHOUT_QT = ("apps/desk/windowless/", "apps/inspect/pictureless/")
+
+
+class Tree:
+    """One of four copies below build/mutate: without Qt or with it, and with mutants in the .cpp files or
+    in the headers. Mutants in headers are compiled again into every test that includes them; tests of
+    the other kind come out of ccache as they were compiled for the release build."""
+
+    def __init__(self, with_qt, headers):
+        self.with_qt, self.headers = with_qt, headers
+        name = ("qt" if with_qt else "plain") + ("-headers" if headers else "")
+        base = ROOT / "build" / "mutate" / name
+        # The build is where the presets put it, so that ccache sees the paths that it knows.
+        self.source, self.build = base, base / "build" / "release"
+        self.memory = ROOT / "build/mutate/mutants.json"  # what libclang found, by the text of the file
+        self.refused_file = base / "refused.json"         # the mutants that do not compile
+        self.refused = json.loads(self.refused_file.read_text()) if self.refused_file.exists() else {}
+        self.mutants, self.written = [], {}
+
+    def ours(self, name):
+        """Whether this copy can have mutants of a file."""
+        return (name.endswith(".hpp" if self.headers else ".cpp")
+                and name.startswith(tuple(f + "/" for f in FOLDERS))
+                and name.startswith(QT) == self.with_qt and not name.startswith(WITHOUT_QT))
+
+    # The copy
+
+    def copy(self):
+        """Brings the copy up to date; a file that has not changed keeps its time stamp."""
+        listed = subprocess.run(["git", "ls-files", "--cached", "--others", "--exclude-standard", "-z"],
+                                cwd=ROOT, check=True, capture_output=True, text=True).stdout
+        wanted = {name for name in listed.split("\0") if name and (ROOT / name).is_file()}
+        self.sources = sorted(name for name in wanted if self.ours(name))
+        for name in sorted(wanted - set(self.sources)):
+            replace(self.source / name, (ROOT / name).read_bytes())
+            shutil.copymode(ROOT / name, self.source / name)
+        for top in {name.split("/")[0] for name in wanted}:
+            for path in (self.source / top).rglob("*"):
+                if path.is_file() and str(path.relative_to(self.source)) not in wanted:
+                    path.unlink()
+
+    def configure(self):
+        if (self.build / "build.ninja").exists():
+            return
+        for name in self.sources:  # CMake looks for files
+            if not (self.source / name).exists():
+                replace(self.source / name, (ROOT / name).read_bytes())
+        run(["cmake", "--preset", "release", f"-DVEMRA_WITH_QT={'ON' if self.with_qt else 'OFF'}",
+             "-DVEMRA_TEST_INSTALL=OFF", "-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST",
+             "-DCMAKE_PROJECT_VemraGoalSurface_INCLUDE=scripts/mutation/mutation.cmake"],
+            self.build / "configure.log", self.source)
+
+    # The mutants
+
+    def find(self, folders):
+        """Finds the mutants of the sources in the folders; what was read before is not read again."""
+        memory = json.loads(self.memory.read_text()) if self.memory.exists() else {}
+        tool = "".join((ROOT / "scripts/mutation" / n).read_text() for n in ("mutants.py", "rules.py"))
+        arguments = self.arguments()
+        jobs = []
+        for name in self.sources:
+            key = hashlib.sha256((tool + finder.read(ROOT / name)).encode()).hexdigest()
+            if name.startswith(folders) and memory.get(name, {}).get("key") != key:
+                jobs.append((name, key, arguments_of(arguments, name)))
+        if jobs:
+            say(f"reading {len(jobs)} sources")
+        with concurrent.futures.ProcessPoolExecutor(max_workers=2) as pool:
+            for name, key, found in pool.map(read_one, jobs):
+                memory[name] = {"key": key, "mutants": found}
+        replace(self.memory, json.dumps(memory).encode())
+        self.mutants = [finder.Mutant(**m) for name in self.sources if name.startswith(folders)
+                        for m in memory[name]["mutants"]]
+
+    def arguments(self):
+        """The compiler's arguments for each .cpp file, without those of precompiled headers."""
+        run(["cmake", self.build], self.build / "configure.log", self.source)
+        entries = json.loads((self.build / "compile_commands.json").read_text())
+        found = {}
+        for entry in entries:
+            words = shlex.split(entry["command"])
+            kept = [w for w in words if w.startswith(("-I", "-D", "-std", "-isystem", "/usr/include"))]
+            name = str(pathlib.Path(entry["file"]).resolve())
+            # Headers are read where they are, not in the copy, which holds mutants.
+            found[name.removeprefix(str(self.source) + "/")] = [
+                w.replace(str(self.source), str(ROOT)) for w in kept] + [f"-I{ROOT}"]
+        return found
+
+    # The build
+
+    def write(self):
+        by_file = {}
+        for mutant in self.mutants:
+            if mutant.id not in self.refused:
+                by_file.setdefault(mutant.file, []).append(mutant)
+        for name in self.sources:
+            text = finder.read(ROOT / name)
+            if name in by_file:
+                self.written[name] = schema.write(text, by_file[name])
+                text = self.written[name].text()
+            replace(self.source / name, text.encode("latin-1"))
+
+    def make(self, targets):
+        """Builds; a mutant that does not compile is left out, and the rest is built again."""
+        while True:
+            self.write()
+            done = subprocess.run(["nice", "ninja", "-C", self.build, "-k", "0", *targets],
+                                  capture_output=True, text=True, errors="replace")
+            if done.returncode == 0:
+                return
+            blamed = blame.blamed(done.stdout, self.build, self.source, self.written)
+            if not blamed:
+                sys.stderr.write(done.stdout[-6000:] + done.stderr[-2000:])
+                raise SystemExit("scripts/mutate: the copy cannot be built, and no mutant is to blame")
+            self.refused.update(blamed)
+            replace(self.refused_file, json.dumps(self.refused, indent=0).encode())
+            say(f"{len(blamed)} mutants do not compile; building without them")
+
+
+def read_one(job):
+    name, key, arguments = job
+    found = finder.find(name, str(ROOT / name), arguments)
+    return name, key, [vars(m) for m in found]
+
+
+def arguments_of(arguments, name):
+    """Those of the file itself, or for a header those of a source in the nearest folder."""
+    if name in arguments:
+        return arguments[name]
+    folder = os.path.dirname(name)
+    while folder:
+        near = [a for n, a in arguments.items() if n.startswith(folder + "/")]
+        if near:
+            return near[0] + ["-xc++"]
+        folder = os.path.dirname(folder)
+    raise SystemExit(f"scripts/mutate: nothing near {name} is compiled")
+
+
+def replace(path, content):
+    """Writes a file, unless it has that content already."""
+    if path.exists() and path.read_bytes() == content:
+        return
+    path.parent.mkdir(parents=True, exist_ok=True)
+    path.write_bytes(content)
+
+
+def run(command, log, folder):
+    log.parent.mkdir(parents=True, exist_ok=True)
+    with open(log, "w") as output:
+        if subprocess.run([str(c) for c in command], cwd=folder, stdout=output, stderr=output).returncode:
+            sys.stderr.write(log.read_text())
+            raise SystemExit(f"scripts/mutate: {command[0]} failed; its output is in {log}")
+
+
+def say(text):
+    print(f"scripts/mutate: {text}", flush=True)

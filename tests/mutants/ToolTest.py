@@ -1,0 +1,86 @@
+#!/usr/bin/python3
+"""Tests scripts/mutate on a source of a few lines: which mutants it finds, that they compile side by
+side, that the compiler's messages about the others name them, and which ones the sample's own test kills.
+
+    tests/mutants/ToolTest.py [--update-expected]
+
+Exit code 77 (skipped) where the packages of scripts/debian-packages-mutate are not installed.
+"""
+import pathlib
+import subprocess
+import sys
+import tempfile
+
+HERE = pathlib.Path(__file__).resolve().parent
+ROOT = HERE.parents[1]
+sys.path.insert(0, str(ROOT / "scripts/mutation"))
+try:
+    import clang.cindex  # noqa: F401
+except ImportError:
+    print("python3-clang-16 is not installed")
+    sys.exit(77)
+
+import blame  # noqa: E402
+import mutants  # noqa: E402
+import schema  # noqa: E402
+
+SAMPLE = HERE / "sample/Sample.cpp"
+EXPECTED = HERE / "sample/expected.txt"
+
+
+def compiled(folder, chosen):
+    """Compiles the sample with these mutants; the compiler's messages, "" where it is content."""
+    written = schema.write(mutants.read(SAMPLE), chosen)
+    (folder / "Sample.cpp").write_text(written.text())
+    done = subprocess.run(
+        ["g++", "-std=c++20", "-w", "-fmax-errors=0", "-I", ROOT, folder / "Sample.cpp",
+         HERE / "sample/SampleTest.cpp", ROOT / "scripts/mutation/Switch.cpp", "-o", folder / "sample"], capture_output=True, text=True)
+    return done.stderr if done.returncode else "", written
+
+
+def verdicts(folder, found):
+    """A line for each mutant of the sample, in the order of the text."""
+    refused = set()
+    while True:
+        messages, written = compiled(folder, [m for m in found if m.id not in refused])
+        if not messages:
+            break
+        more = blame.blamed(messages, folder, folder, {"Sample.cpp": written})
+        assert more, f"no mutant is blamed for\n{messages}"
+        refused |= more.keys()
+    for mutant in found:
+        if mutant.id in refused:
+            verdict = "does not compile"
+        else:
+            try:
+                code = subprocess.run([folder / "sample"], env={"VEMRA_MUTANT": mutant.id}, timeout=60).returncode
+                verdict = "killed" if code else "alive"
+            except subprocess.TimeoutExpired:
+                verdict = "killed"
+        yield f"{mutant.line}: {mutant.kind}: {mutant.change}: {verdict}"
+
+
+def main():
+    found = mutants.find("Sample.cpp", str(SAMPLE), ["-std=c++20", f"-I{ROOT}"])
+    assert len({m.id for m in found}) == len(found), "two mutants have the same number"
+    with tempfile.TemporaryDirectory() as folder:
+        actual = list(verdicts(pathlib.Path(folder), found))
+        without = subprocess.run([f"{folder}/sample"], env={}).returncode
+        assert without == 0, "the sample's test fails without a mutant"
+        reached = pathlib.Path(folder) / "reached"
+        subprocess.run([f"{folder}/sample"], env={"VEMRA_MUTANTS_REACHED": str(reached),
+                                                  "VEMRA_MUTANTS_TEST": "Sample.main"}, check=True)
+        lines = reached.read_text().splitlines()
+        assert lines and all(line.endswith(" Sample.main") for line in lines), lines
+        assert len(lines) == len(set(lines)), "a mutant was written down twice"
+    if sys.argv[1:] == ["--update-expected"]:
+        EXPECTED.write_text("\n".join(actual) + "\n")
+    if EXPECTED.read_text().splitlines() != actual:
+        import difflib
+        print("\n".join(difflib.unified_diff(EXPECTED.read_text().splitlines(), actual, "expected", "actual",
+                                             lineterm="")))
+        sys.exit(1)
+
+
+if __name__ == "__main__":
+    main()

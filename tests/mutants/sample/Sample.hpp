@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace sample {
+
+int countUpTo(const std::vector<int>& numbers, int largest);
+std::string named(const std::string& name, bool polite);
+bool isBefore(int left, int right);
+
+}  // namespace sample
