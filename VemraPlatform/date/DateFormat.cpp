@@ -33,6 +33,18 @@ std::string calendarOf(const icu::Locale& locale) {
   return U_SUCCESS(status) && first != nullptr ? first : "gregorian";
 }
 
+/// The locale with the calendar and the digits that it asks for, and nothing else: ICU takes no
+/// locale for a pattern that other keywords make longer than its own names.
+icu::Locale localeForDates(const icu::Locale& asked) {
+  icu::Locale locale(asked.getBaseName());
+  UErrorCode status = U_ZERO_ERROR;
+  locale.setKeywordValue("calendar", calendarOf(asked).c_str(), status);
+  const auto numbers = asked.getKeywordValue<std::string>("numbers", status);
+  if (!numbers.empty()) locale.setKeywordValue("numbers", numbers.c_str(), status);
+  require(status);
+  return locale;
+}
+
 std::unique_ptr<icu::Calendar> makeCalendar(const icu::Locale& locale) {
   UErrorCode status = U_ZERO_ERROR;
   // Local time is handed in, so the calendar's own zone is never ahead nor behind.
@@ -54,10 +66,8 @@ std::unique_ptr<icu::Calendar> makeCalendar(const icu::Locale& locale) {
 DateFormat::DateFormat(const std::string& localeName) {
   const std::string identifier = icuLocale(localeName).value_or("");
   // An empty name is the root locale for this class; only a null one is the process's own.
-  icu::Locale locale(identifier.c_str());
+  const icu::Locale locale = localeForDates(icu::Locale(identifier.c_str()));
   UErrorCode status = U_ZERO_ERROR;
-  locale.setKeywordValue("calendar", calendarOf(locale).c_str(), status);
-  require(status);
   const std::unique_ptr<icu::DateTimePatternGenerator> generator(
       icu::DateTimePatternGenerator::createInstance(locale, status));
   require(status);

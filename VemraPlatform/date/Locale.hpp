@@ -11,7 +11,8 @@ namespace vemra::date {
 /// ICU lists, old names such as zh_TW or iw_IL included. The root (`root`, `und`) is what locales
 /// fall back to and no locale itself. Behind the base there may be keywords, as
 /// `@calendar=buddhist;numbers=thai` or as a BCP 47 extension `-u-nu-arab`; then they have to be
-/// well-formed, and a calendar or a numbering system has to exist. An encoding as in `en_US.UTF-8`
+/// well-formed, and a calendar or a numbering system has to exist, by any name that CLDR or BCP 47 has
+/// for it (`gregorian`, `gregory`) and in any case. An encoding as in `en_US.UTF-8`
 /// is not part of a locale. Empty text is not a locale.
 bool isKnownLocale(std::string_view locale);
 

@@ -43,12 +43,11 @@ bool isCalendar(const std::string& name) {
     UErrorCode status = U_ZERO_ERROR;
     return namesFrom(ucal_getKeywordValuesForLocale("calendar", "root", false, &status));
   }();
-  const char* legacy = uloc_toLegacyType("calendar", name.c_str());
-  return legacy != nullptr && calendars.contains(std::string_view(legacy));
+  return calendars.contains(name);
 }
 
 bool isNumberingSystem(const std::string& name) {
-  constexpr std::array byLocale{"default", "native", "traditional", "traditio", "finance"};
+  constexpr std::array byLocale{"default", "native", "traditional", "finance"};
   if (std::find(byLocale.begin(), byLocale.end(), name) != byLocale.end()) return true;
   UErrorCode status = U_ZERO_ERROR;
   UNumberingSystem* system = unumsys_openByName(name.c_str(), &status);
@@ -100,13 +99,31 @@ bool areWellFormedKeywords(std::string_view keywords) {
   }
 }
 
-/// The value of a keyword, empty when the locale has none.
-std::string keyword(const std::string& identifier, const char* name) {
-  std::array<char, ULOC_KEYWORDS_CAPACITY> value{};
+/// Writes the value of a keyword as ICU does: "islamic-civil" for `islamicc`, "arab" for `ARAB`.
+/// ICU takes the other spellings for no value, or only half of it does.
+///
+/// - Returns: false when there is a value that does not exist; true, too, when there is none.
+bool makeCanonical(std::string& identifier, const char* keyword,
+                   bool (*exists)(const std::string&)) {
+  std::array<char, ULOC_FULLNAME_CAPACITY> value{};
   UErrorCode status = U_ZERO_ERROR;
-  uloc_getKeywordValue(identifier.c_str(), name, value.data(), value.size(), &status);
-  // A value that does not fit exists, and is no calendar and no numbering system.
-  return U_SUCCESS(status) ? std::string(value.data()) : std::string("?");
+  uloc_getKeywordValue(identifier.c_str(), keyword, value.data(), value.size(), &status);
+  if (U_FAILURE(status)) return false;
+  if (value.front() == '\0') return true;
+  const char* legacy = uloc_toLegacyType(keyword, value.data());
+  if (legacy == nullptr) return false;
+  // ICU gives a value that it has only one spelling for as it is.
+  std::string name(legacy);
+  std::transform(name.begin(), name.end(), name.begin(), [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  });
+  if (!exists(name)) return false;
+  // The longest identifier with the longest value in it has room.
+  std::array<char, 2 * ULOC_FULLNAME_CAPACITY> canonical{};
+  identifier.copy(canonical.data(), canonical.size() - 1);
+  uloc_setKeywordValue(keyword, name.c_str(), canonical.data(), canonical.size(), &status);
+  identifier = canonical.data();
+  return U_SUCCESS(status);
 }
 
 }  // namespace
@@ -122,10 +139,8 @@ std::optional<std::string> icuLocale(std::string_view locale) {
     if (hasExtension || !areWellFormedKeywords(locale.substr(at + 1))) return std::nullopt;
     identifier->append(locale.substr(at));
   }
-  const std::string calendar = keyword(*identifier, "calendar");
-  if (!calendar.empty() && !isCalendar(calendar)) return std::nullopt;
-  const std::string numbers = keyword(*identifier, "numbers");
-  if (!numbers.empty() && !isNumberingSystem(numbers)) return std::nullopt;
+  if (!makeCanonical(*identifier, "calendar", isCalendar)) return std::nullopt;
+  if (!makeCanonical(*identifier, "numbers", isNumberingSystem)) return std::nullopt;
   return identifier;
 }
 

@@ -35,7 +35,7 @@ struct MainActor {
   static void assertIsolated(std::string_view member) noexcept;
 
   /// Says whether the caller runs on the main thread. Safe on every thread, locks nothing, and takes
-  /// about a nanosecond after the first call on a thread.
+  /// nanoseconds after the first call on a thread.
   static bool isCurrent() noexcept;
 };
 
