@@ -112,9 +112,9 @@ Children Control::editor(const LocalState<State>& state) const {
 
 void Control::save(const LocalState<State>& state) const {
   MainActor::assertIsolated("GoalOutcomeRecordingControl.save");
-  if (onRecord) {
-    onRecord(Form::recordingInput(subjectKind, subjectRef, state->selectedValue, state->noteText,
-                                  effectiveOutcome));
+  if (onRecord && *onRecord) {
+    (*onRecord)(Form::recordingInput(subjectKind, subjectRef, state->selectedValue, state->noteText,
+                                     effectiveOutcome));
   }
   state.set(&State::isEditing, false);
 }

@@ -4,6 +4,7 @@
 #include "VemraPlatform/ui/View.hpp"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,7 +33,8 @@ struct GoalOutcomeRecordingControl {
   std::optional<std::string> subjectRef;
   std::optional<GoalOutcomeDTO> effectiveOutcome;
   std::string identifierPrefix;
-  std::function<void(const GoalOutcomeRecordingInput&)> onRecord;  ///< empty: nobody is told
+  /// The host's callback itself, shared by all controls. Null or empty: Save calls nothing.
+  std::shared_ptr<const std::function<void(const GoalOutcomeRecordingInput&)>> onRecord;
 
   ui::View body(const ui::LocalState<State>& state) const;
   /// Its inputs and its state, by the names of their members. vemra-inspect writes them as the

@@ -93,9 +93,13 @@ Children GoalResultView::personRow(const GoalPersonCandidateDTO& person) const {
           .effectiveOutcome =
               snapshot_.effectiveOutcome(GoalOutcomeSubjectKind::person, person.personRef),
           .identifierPrefix = identifierPrefix,
-          .onRecord = callbacks_->onRecordOutcome,
+          .onRecord = onRecordOutcome(),
       },
   };
+}
+
+std::shared_ptr<const GoalResultView::OnRecordOutcome> GoalResultView::onRecordOutcome() const {
+  return {callbacks_, &callbacks_->onRecordOutcome};
 }
 
 View GoalResultView::pathSection() const {
@@ -124,7 +128,7 @@ View GoalResultView::pathSection() const {
                           .effectiveOutcome =
                               snapshot_.effectiveOutcome(GoalOutcomeSubjectKind::path, subjectRef),
                           .identifierPrefix = "vemra.goal.path",
-                          .onRecord = callbacks_->onRecordOutcome,
+                          .onRecord = onRecordOutcome(),
                       },
                   });
   };

@@ -61,6 +61,9 @@ class GoalResultView {
 
   /// The screen of one snapshot, with what is to be called for each action. A callback may be
   /// empty: its button is shown all the same, and pressing it asks nothing of the host.
+  ///
+  /// Each callback stays one object: all rows and all copies of the view call the same one, which
+  /// keeps its state, and none copies what it captures.
   GoalResultView(const GoalResultSnapshotV1& snapshot, OnOpenPerson onOpenPerson,
                  OnShowEvidence onShowEvidence, OnFocusPath onFocusPathInStarfold,
                  OnRecordOutcome onRecordOutcome);
@@ -78,6 +81,7 @@ class GoalResultView {
   ui::View pathSection() const;
   ui::View coverageFooter(const ui::Environment& environment) const;
   std::string coverageText(const ui::Environment& environment) const;
+  std::shared_ptr<const OnRecordOutcome> onRecordOutcome() const;
 
   struct Callbacks {
     OnOpenPerson onOpenPerson;

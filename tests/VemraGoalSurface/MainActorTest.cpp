@@ -46,7 +46,7 @@ class MainActorDeathTest : public ::testing::Test {
             .subjectRef = "p1",
             .effectiveOutcome = std::nullopt,
             .identifierPrefix = "x",
-            .onRecord = [](const GoalOutcomeRecordingInput&) {}};
+            .onRecord = {}};
   }
   static ControlState state() {
     return ControlState(std::make_shared<ui::StateCellOf<Control::State>>());
