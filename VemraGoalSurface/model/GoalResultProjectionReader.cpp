@@ -6,8 +6,14 @@ namespace vemra::GoalResultProjectionReader {
 
 task::Task<GoalResultSnapshotV1> makeSnapshot(std::shared_ptr<GoalToolExecutor> executor,
                                               std::string goalID) {
-  task::Task<GetGoalSnapshotResponse> query = executor->getGoalSnapshot(std::move(goalID));
-  GetGoalSnapshotResponse response = co_await std::move(query);
+  GetGoalSnapshotResponse response;
+  {
+    // Destroyed at the end of this block, the query first. The coroutine's own arguments live until
+    // its frame is destroyed, which may be long after the awaiting caller has the snapshot.
+    const std::shared_ptr<GoalToolExecutor> asked = std::move(executor);
+    task::Task<GetGoalSnapshotResponse> query = asked->getGoalSnapshot(std::move(goalID));
+    response = co_await std::move(query);
+  }
   co_return GoalResultSnapshotV1(std::move(response));
 }
 

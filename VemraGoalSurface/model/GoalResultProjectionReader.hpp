@@ -15,7 +15,8 @@ namespace vemra::GoalResultProjectionReader {
 /// Nothing is kept between calls; two calls make two queries. The task begins when it is awaited
 /// and goes on wherever the engine resumes it; it never moves to the main thread, which is the
 /// host's step before it shows the snapshot. Cancelling is the engine's affair.
-/// - Parameter executor: not null; held until the query has ended.
+/// - Parameter executor: not null; kept until the query has ended, with a value or an exception,
+///   and released before the awaiting caller continues.
 /// - Parameter goalID: goes to the engine byte for byte, blank or empty as it may be.
 /// - Throws: what the query throws, as the very same exception object; nothing else is ever thrown.
 task::Task<GoalResultSnapshotV1> makeSnapshot(std::shared_ptr<GoalToolExecutor> executor,

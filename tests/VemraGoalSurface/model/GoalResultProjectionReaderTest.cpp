@@ -6,6 +6,7 @@
 #include <coroutine>
 #include <stdexcept>
 #include <thread>
+#include <type_traits>
 
 #include <gtest/gtest.h>
 
@@ -96,13 +97,20 @@ TEST(MakeSnapshot, anOverrideInASubclassIsHonoured) {
   EXPECT_TRUE(engine->askedFor.empty());
 }
 
-TEST(MakeSnapshot, holdsTheEngineUntilTheQueryHasEnded) {
-  auto engine = std::make_shared<RecordingEngine>();
-  const std::weak_ptr<RecordingEngine> observer = engine;
-  task::Task<GoalResultSnapshotV1> snapshot = makeSnapshot(std::move(engine), "goal");
+// The awaited task stays alive after the await, and must not keep the engine by that.
+template <class Engine>
+task::Task<> awaitAndLookForTheEngine(std::shared_ptr<Engine> engine) {
+  const std::weak_ptr<Engine> observer = engine;
+  task::Task<GoalResultSnapshotV1> awaited = makeSnapshot(std::move(engine), "goal");
   EXPECT_FALSE(observer.expired());
-  EXPECT_TRUE(task::wait(std::move(snapshot)) == sample::snapshot());
+  auto ending = std::move(awaited).result();
+  const task::Result<GoalResultSnapshotV1> ended = co_await ending;
+  EXPECT_EQ(ended.hasValue(), (std::is_same_v<Engine, RecordingEngine>));
   EXPECT_TRUE(observer.expired());
+}
+
+TEST(MakeSnapshot, releasesTheEngineBeforeTheCallerContinuesWithTheSnapshot) {
+  task::wait(awaitAndLookForTheEngine(std::make_shared<RecordingEngine>()));
 }
 
 // failures
@@ -136,12 +144,21 @@ TEST(MakeSnapshot, rethrowsTheVeryObjectTheEngineThrew) {
   }
 }
 
+TEST(MakeSnapshot, releasesTheEngineBeforeTheCallerContinuesWithAnError) {
+  task::wait(awaitAndLookForTheEngine(std::make_shared<FailingEngine>()));
+}
+
 // An override need not be a coroutine: it may throw before there is a task.
+class RefusingEngine : public GoalToolExecutor {
+ public:
+  task::Task<GetGoalSnapshotResponse> getGoalSnapshot(std::string) override { throw 42; }
+};
+
+TEST(MakeSnapshot, releasesAnEngineThatThrowsBeforeThereIsATask) {
+  task::wait(awaitAndLookForTheEngine(std::make_shared<RefusingEngine>()));
+}
+
 TEST(MakeSnapshot, passesOnWhatIsThrownBeforeThereIsATask) {
-  class RefusingEngine : public GoalToolExecutor {
-   public:
-    task::Task<GetGoalSnapshotResponse> getGoalSnapshot(std::string) override { throw 42; }
-  };
   task::Task<GoalResultSnapshotV1> snapshot =
       makeSnapshot(std::make_shared<RefusingEngine>(), "goal");
   try {
@@ -164,6 +181,34 @@ TEST(MakeSnapshot, aFailureIsNotTriedAgain) {
   const auto engine = std::make_shared<CountingEngine>();
   EXPECT_THROW(task::wait(makeSnapshot(engine, "goal")), EngineError);
   EXPECT_EQ(engine->queries, 1);
+}
+
+// A query may use its engine until its own frame is gone.
+TEST(MakeSnapshot, keepsTheEngineUntilTheQueryItselfIsGone) {
+  // Lives in the query's frame.
+  struct AtTheEnd {
+    const std::shared_ptr<bool> engineIsGone;
+    bool* cameFirst;
+    ~AtTheEnd() { *cameFirst = !*engineIsGone; }
+  };
+  class Engine : public GoalToolExecutor {
+   public:
+    explicit Engine(bool* queryCameFirst) : queryCameFirst_(queryCameFirst) {}
+    ~Engine() override { *isGone_ = true; }
+    task::Task<GetGoalSnapshotResponse> getGoalSnapshot(std::string) override {
+      const AtTheEnd atTheEnd{isGone_, queryCameFirst_};
+      return answer(atTheEnd);
+    }
+
+   private:
+    static task::Task<GetGoalSnapshotResponse> answer(AtTheEnd) { co_return sample::response(); }
+
+    const std::shared_ptr<bool> isGone_ = std::make_shared<bool>(false);
+    bool* queryCameFirst_;
+  };
+  bool queryCameFirst = false;
+  task::wait(makeSnapshot(std::make_shared<Engine>(&queryCameFirst), "goal"));
+  EXPECT_TRUE(queryCameFirst);
 }
 
 // threads
