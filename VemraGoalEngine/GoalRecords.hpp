@@ -4,6 +4,7 @@
 #include "VemraGoalEngine/GoalWhyDTO.hpp"
 #include "VemraGoalEngine/SharedArray.hpp"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -13,6 +14,9 @@
 /// no screen shows included. Strings are UTF-8 and equal under canonical equivalence (Unicode
 /// Standard Annex #15); an absent string never equals a present one, not even "". Their bytes are
 /// passed on as they are.
+///
+/// No record is aligned to more than `std::max_align_t`: g++ and clang align coroutine frames to 16
+/// bytes whatever they hold, so that a record kept over a `co_await` would be misplaced.
 
 namespace vemra {
 
@@ -78,9 +82,13 @@ struct GoalCoverageDTO {
 
 /// One recorded outcome. Records are only ever added: a correction is a later record.
 ///
-/// Finding a subject's outcome reads kind and reference of many records; aligned like this, the two
-/// share a cache line of 64 bytes.
-struct alignas(64) GoalOutcomeDTO {
+/// Finding a subject's outcome reads kind and reference of many records. With libstdc++ the padding
+/// makes a record five cache lines of 64 bytes long, so that in an array that begins with a line the
+/// two always lie in one.
+struct GoalOutcomeDTO {
+  /// Where a `SharedArray` of these begins, in bytes: a property of the array, not of the record.
+  static constexpr std::size_t arrayAlignment = 64;
+
   std::string id;
   std::string goalID;
   GoalOutcomeSubjectKind subjectKind = GoalOutcomeSubjectKind::person;
@@ -90,6 +98,12 @@ struct alignas(64) GoalOutcomeDTO {
   std::optional<std::string> recordedAt;
   std::optional<std::string> recordedBy;
   std::optional<std::string> correctsOutcomeID;  ///< present (even when "") marks a correction
+  // Not members: they have no name, no value and no part in the equality.
+  std::uint64_t : 64;
+  std::uint64_t : 64;
+  std::uint64_t : 64;
+  std::uint64_t : 64;
+  std::uint64_t : 64;
   friend bool operator==(const GoalOutcomeDTO& a, const GoalOutcomeDTO& b);
 };
 

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "VemraGoalEngine/ArrayAllocator.hpp"
 #include "VemraPlatform/text/Equality.hpp"
 
 #include <cstddef>
 #include <initializer_list>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <type_traits>
@@ -18,6 +20,10 @@ namespace vemra {
 /// button; sharing makes each of those copies one reference count, however long the list. Nothing
 /// ever changes the elements, so the array may be read from any thread.
 ///
+/// An element type that declares `static constexpr std::size_t arrayAlignment` gets arrays that begin
+/// at a multiple of that many bytes; making one then moves each element once. Other arrays take over
+/// the vector that they are made of.
+///
 /// Two arrays over the same storage are equal without a look at the elements. Strings are compared
 /// under canonical equivalence, other elements by their own `==`.
 template <class Element>
@@ -30,9 +36,7 @@ class SharedArray {
   SharedArray(std::initializer_list<Element> elements)
       : SharedArray(std::vector<Element>(elements)) {}
   SharedArray(std::vector<Element> elements)
-      : storage_(elements.empty()
-                     ? nullptr
-                     : std::make_shared<const std::vector<Element>>(std::move(elements))) {}
+      : storage_(elements.empty() ? nullptr : stored(std::move(elements))) {}
 
   std::size_t size() const { return storage_ ? storage_->size() : 0; }
   bool empty() const { return storage_ == nullptr; }
@@ -62,7 +66,18 @@ class SharedArray {
   }
 
  private:
-  std::shared_ptr<const std::vector<Element>> storage_;
+  using Storage = std::vector<Element, ArrayAllocator<Element>>;
+
+  static std::shared_ptr<const Storage> stored(std::vector<Element> elements) {
+    if constexpr (std::is_same_v<Storage, std::vector<Element>>) {
+      return std::make_shared<const Storage>(std::move(elements));
+    } else {
+      return std::make_shared<const Storage>(std::make_move_iterator(elements.begin()),
+                                             std::make_move_iterator(elements.end()));
+    }
+  }
+
+  std::shared_ptr<const Storage> storage_;
 };
 
 }  // namespace vemra

@@ -2,6 +2,7 @@
 
 #include "VemraPlatform/text/Equality.hpp"
 
+#include <algorithm>
 #include <cstddef>
 #include <utility>
 
@@ -10,15 +11,22 @@ namespace {
 
 // A record is settled in less time than the next one takes to come from memory, and one record of
 // some hundred bytes after the other, backwards, is more than a processor fetches by itself.
-constexpr std::ptrdiff_t recordsAhead = 8;
+constexpr std::size_t recordsAhead = 8;
 
 // Hands the presence test out of the loop: a scan over many records runs one comparison a record.
+// The first loop stops where there is no record `recordsAhead` before the next one.
 template <class Matches>
 const GoalOutcomeDTO* lastOutcome(const SharedArray<GoalOutcomeDTO>& outcomes, Matches matches) {
   const GoalOutcomeDTO* const first = outcomes.begin();
-  for (const GoalOutcomeDTO* next = outcomes.end(); next != first;) {
+  const GoalOutcomeDTO* const nearFirst = first + std::min(outcomes.size(), recordsAhead);
+  const GoalOutcomeDTO* next = outcomes.end();
+  while (next != nearFirst) {
     --next;
-    if (next - first >= recordsAhead) __builtin_prefetch(&next[-recordsAhead].subjectRef);
+    __builtin_prefetch(&(next - recordsAhead)->subjectKind);
+    if (matches(*next)) return next;
+  }
+  while (next != first) {
+    --next;
     if (matches(*next)) return next;
   }
   return nullptr;

@@ -1,5 +1,7 @@
 #include "VemraGoalEngine/SharedArray.hpp"
 
+#include <cstddef>
+#include <cstdint>
 #include <numeric>
 
 #include <gtest/gtest.h>
@@ -15,6 +17,12 @@ struct Watched {
     ++*a.comparisons;
     return a.equal;
   }
+};
+
+// An element that is not over-aligned itself and wants its arrays to be.
+struct Wide {
+  static constexpr std::size_t arrayAlignment = 256;
+  std::string text;
 };
 
 TEST(SharedArray, keepsTheElementsInOrder) {
@@ -45,6 +53,17 @@ TEST(SharedArray, takesAVectorWithoutCopyingTheElements) {
   const std::string* place = elements.data();
   const SharedArray<std::string> array(std::move(elements));
   EXPECT_EQ(array.data(), place);
+}
+
+TEST(SharedArray, beginsAtTheAlignmentThatItsElementTypeAsksFor) {
+  std::vector<SharedArray<Wide>> arrays;
+  for (std::size_t count = 1; count <= 16; ++count) {
+    const SharedArray<Wide> array = std::vector<Wide>(count, Wide{"text"});
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(array.data()) % Wide::arrayAlignment, 0U);
+    EXPECT_EQ(array.size(), count);
+    EXPECT_EQ(array.back().text, "text");
+    arrays.push_back(array);
+  }
 }
 
 TEST(SharedArray, copiesShareOneStorage) {

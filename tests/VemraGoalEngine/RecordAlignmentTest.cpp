@@ -1,0 +1,80 @@
+#include "VemraPlatform/task/Start.hpp"
+#include "tests/VemraGoalEngine/KeepOverAnAwait.hpp"
+#include "tests/VemraGoalEngine/SampleRecords.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+// An engine that waits keeps records in coroutine frames, which g++ and clang align to 16 bytes and
+// no more, whatever the frame holds. A record that asks for more is misplaced there, and a program
+// that moves it with aligned vector instructions crashes.
+
+namespace vemra {
+namespace {
+
+template <class... Record>
+constexpr bool noneIsOverAligned = ((alignof(Record) <= alignof(std::max_align_t)) && ...);
+
+static_assert(
+    noneIsOverAligned<GoalDTO, GoalPersonCandidateDTO, GoalPathCandidateDTO, GoalGroupCandidateDTO,
+                      GoalCoverageDTO, GoalOutcomeDTO, GoalWhyDTO, GetGoalSnapshotResponse>);
+
+template <class Record>
+void expectToBeKeptOverAnAwait(const Record& record) {
+  testing::ManyKeeping<Record> many(record);
+  for (task::Task<Record>& keeping : many.tasks) {
+    EXPECT_EQ(task::wait(std::move(keeping)), record);
+  }
+}
+
+// The build that checks alignment stops at the first record that is misplaced.
+TEST(RecordAlignment, aGoalIsKeptOverAnAwait) {
+  expectToBeKeptOverAnAwait(sample::goal());
+}
+
+TEST(RecordAlignment, aPersonIsKeptOverAnAwait) {
+  expectToBeKeptOverAnAwait(sample::person());
+}
+
+TEST(RecordAlignment, aPathIsKeptOverAnAwait) {
+  expectToBeKeptOverAnAwait(sample::path());
+}
+
+TEST(RecordAlignment, aGroupIsKeptOverAnAwait) {
+  expectToBeKeptOverAnAwait(sample::group());
+}
+
+TEST(RecordAlignment, aCoverageIsKeptOverAnAwait) {
+  expectToBeKeptOverAnAwait(sample::coverage());
+}
+
+TEST(RecordAlignment, anOutcomeIsKeptOverAnAwait) {
+  expectToBeKeptOverAnAwait(sample::outcome());
+}
+
+TEST(RecordAlignment, aReasonIsKeptOverAnAwait) {
+  expectToBeKeptOverAnAwait(sample::person().why);
+}
+
+TEST(RecordAlignment, aResponseIsKeptOverAnAwait) {
+  expectToBeKeptOverAnAwait(sample::response());
+}
+
+#ifdef __GLIBCXX__  // the padding of an outcome counts with this library's strings
+// A scan over many outcomes then waits for one cache line of each.
+TEST(RecordAlignment, kindAndReferenceOfEachOutcomeInAnArrayLieInOneCacheLine) {
+  constexpr std::uintptr_t cacheLine = 64;
+  const SharedArray<GoalOutcomeDTO> outcomes = std::vector<GoalOutcomeDTO>(5, sample::outcome());
+  for (const GoalOutcomeDTO& outcome : outcomes) {
+    const auto first = reinterpret_cast<std::uintptr_t>(&outcome.subjectKind);
+    const auto last = reinterpret_cast<std::uintptr_t>(&outcome.subjectRef + 1) - 1;
+    EXPECT_EQ(first / cacheLine, last / cacheLine);
+  }
+}
+#endif
+
+}  // namespace
+}  // namespace vemra
