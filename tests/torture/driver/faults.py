@@ -85,17 +85,23 @@ def run(stand, random, case):
     if command == "story":
         check_story(stand, case, shim)
         return
-    before = {} if command == "import-new" else stand.once(
-        ("content", state), lambda: content_of_copy(stand))
     ending = stand.desk(*command_line(stand, command, documents), shim=shim)
+    require(act != "short" or ending.code == 0, f"half a write is no error: {ending.diagnostics}")
+    require(ending.code != 2 or str(stand.folder) in ending.diagnostics,
+            f"names no file: {ending.diagnostics!r}")
+    judge(stand, command, state, ending, uncertain(case))
+
+
+def judge(stand, command, state, ending, is_uncertain=False):
+    """A command that worked did all of it, and one that failed has changed nothing and says why."""
+    before = content_before(stand, command, state)
     ended_well(ending)
     require(ending.code in (0, 2), f"exit code {ending.code}: {ending.diagnostics}")
-    require(act != "short" or ending.code == 0, f"half a write is no error: {ending.diagnostics}")
     if ending.code == 2:
-        require(ending.output == "", "it failed, and yet there is output")
-        require(str(stand.folder) in ending.diagnostics, f"names no file: {ending.diagnostics!r}")
-        if not uncertain(case) or stand.content() == before:
-            require(stand.content() == before, "it failed, and yet something is changed")
+        require(ending.diagnostics != "" and ending.output == "", "it failed, and yet there is output")
+        after = stand.content()
+        require(after == before or is_uncertain, "it failed, and yet something is changed")
+        if after == before:
             return
     if command in ("import", "import-new"):
         after = stand.content()
@@ -117,9 +123,15 @@ def uncertain(case):
     return times == FOREVER and call == "fdatasync goals.sqlite-wal"
 
 
-def content_of_copy(stand):
+def content_before(stand, command, state):
+    if command == "import-new":
+        return {}
+    return stand.once(("content", state), lambda: content_of_copy(stand, state))
+
+
+def content_of_copy(stand, state):
     copy = stand.root / "copy"
-    shutil.copytree(stand.folder, copy, dirs_exist_ok=True)
+    shutil.copytree(stand.once(("faults", state), lambda: make(stand, state)), copy)
     content = stand.content(copy / "goals.sqlite")
     shutil.rmtree(copy)
     return content

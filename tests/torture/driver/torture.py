@@ -8,7 +8,7 @@ import time
 
 from stand import Failure, Stand
 
-NAMES = ("kill", "faults", "disk", "power", "processes", "replaced", "rows", "damage")
+NAMES = ("kill", "faults", "memory", "disk", "power", "processes", "replaced", "rows", "damage")
 ROOT = pathlib.Path(__file__).resolve().parents[3]
 SHOWN = 5  # failures that are printed in full
 
@@ -55,7 +55,7 @@ def main():
     parser.add_argument("--case", type=int)
     parser.add_argument("--programs", type=pathlib.Path, default=ROOT / "build/release")
     options = parser.parse_args()
-    stand = Stand(options.programs)
+    stand = Stand(options.programs, options.quick)
     try:
         failures = sum(torture(name, stand, options) for name in options.names or NAMES)
     finally:

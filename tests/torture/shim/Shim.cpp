@@ -1,6 +1,7 @@
 #include "tests/torture/shim/Shim.hpp"
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -22,7 +23,36 @@ long numberIn(const char* name, long otherwise) {
   return text.empty() ? otherwise : std::stol(text);
 }
 
+// Free of construction: the first allocation comes before anything else.
+std::atomic<long> memoryAt{0};  // counted down to 0, where the first one fails; 0 and less: no more
+std::atomic<long> memoryTimes{0};
+std::atomic<bool> isCountingMemory{false};
+
+/// While the shim itself is at work, which it can only do with memory.
+struct Own {
+  static inline thread_local int depth = 0;
+  Own() { ++depth; }
+  ~Own() { --depth; }
+  Own(const Own&) = delete;
+  Own& operator=(const Own&) = delete;
+};
+
 }  // namespace
+
+bool Shim::allocates() {
+  if (!isCountingMemory || Own::depth > 0 || --memoryAt > 0) return true;
+  if (memoryTimes-- <= 0) return true;
+  errno = ENOMEM;
+  return false;
+}
+
+void Shim::beginToCountMemory() {
+  static const long at = numberIn("VEMRA_SHIM_MEMORY_AT", 0);
+  if (at == 0 || isCountingMemory) return;
+  memoryTimes = numberIn("VEMRA_SHIM_MEMORY_TIMES", 1);
+  memoryAt = at;
+  isCountingMemory = true;
+}
 
 Shim& Shim::instance() {
   static Shim shim;
@@ -55,6 +85,7 @@ bool Shim::concerns(int descriptor) {
 }
 
 void Shim::opened(int descriptor, const char* path) {
+  const Own own;
   const std::lock_guard lock(mutex_);
   open_[descriptor] = path;
 }
@@ -69,14 +100,16 @@ bool Shim::isOff() const {
   return !off_.empty() && access(off_.c_str(), F_OK) == 0;
 }
 
-Verdict Shim::next(const char* call, const std::string& path, Kind kind) {
+Verdict Shim::next(const char* call, const char* path, Kind kind) {
+  const Own own;
+  beginToCountMemory();
   long number = 0;
   {
     const std::lock_guard lock(mutex_);
     number = ++count_;
   }
   const bool passes = act_.empty() || number < at_ || number - at_ >= times_ || isOff();
-  if (isLogging()) log(passes ? "call" : "fault", std::string(call) + ' ' + path, 0);
+  if (isLogging()) log(passes ? "call" : "fault", (std::string(call) + ' ' + path).c_str(), 0);
   if (passes) return Verdict::pass;
   if ((act_ == "kill-half" || act_ == "short") && kind == Kind::writes) return Verdict::half;
   if (act_ == "short") return Verdict::pass;
@@ -86,7 +119,8 @@ Verdict Shim::next(const char* call, const std::string& path, Kind kind) {
 }
 
 Verdict Shim::next(const char* call, int descriptor, Kind kind) {
-  return next(call, pathOf(descriptor), kind);
+  const Own own;
+  return next(call, pathOf(descriptor).c_str(), kind);
 }
 
 void Shim::endAfterHalf() const {
@@ -111,8 +145,9 @@ void Shim::giveBack(std::size_t shrinkage) {
   if (quota_ >= 0) quota_ += static_cast<long>(shrinkage);
 }
 
-void Shim::log(const char* call, const std::string& path, ino_t inode, off_t offset,
-               const void* data, std::size_t length) {
+void Shim::log(const char* call, const char* path, ino_t inode, off_t offset, const void* data,
+               std::size_t length) {
+  const Own own;
   static const auto write = following<decltype(::write)>("write");
   std::string record = std::string(call) + '\t' + path + '\t' + std::to_string(inode) + '\t' +
                        std::to_string(offset) + '\t' + std::to_string(length) + '\n';
@@ -122,11 +157,12 @@ void Shim::log(const char* call, const std::string& path, ino_t inode, off_t off
 
 void Shim::log(const char* call, int descriptor, off_t offset, const void* data,
                std::size_t length) {
+  const Own own;
   const std::string path = pathOf(descriptor);
   static const auto fstat = following<decltype(::fstat)>("fstat");
   struct stat status {};
   fstat(descriptor, &status);
-  log(call, path, status.st_ino, offset, data, length);
+  log(call, path.c_str(), status.st_ino, offset, data, length);
 }
 
 }  // namespace vemra::torture

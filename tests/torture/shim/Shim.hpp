@@ -17,6 +17,8 @@
 ///     VEMRA_SHIM_TIMES=N    … and so many in all (1) …
 ///     VEMRA_SHIM_ACT=…      … fail with an errno (its number), are `short` (half of the bytes), or
 ///                           end the process by SIGKILL: `kill` before, `kill-half` in the middle
+///     VEMRA_SHIM_MEMORY_AT=N  after the first call the N-th allocation fails, and so many in all:
+///     VEMRA_SHIM_MEMORY_TIMES=N
 ///     VEMRA_SHIM_QUOTA=N    files may grow by N bytes, then the disk is full
 ///     VEMRA_SHIM_HURRY=1    usleep returns at once: the database asks again without a pause
 ///     VEMRA_SHIM_OFF=FILE   nothing fails any more once this file is there
@@ -45,11 +47,14 @@ class Shim {
 
   /// Counts a call. `fail` leaves its errno in `errno`; only what `writes` can be `half`.
   enum class Kind { other, writes };
-  Verdict next(const char* call, const std::string& path, Kind kind = Kind::other);
+  Verdict next(const char* call, const char* path, Kind kind = Kind::other);
   Verdict next(const char* call, int descriptor, Kind kind = Kind::other);
 
   /// After a call that was half: ends the process, if that is to come then.
   void endAfterHalf() const;
+
+  /// Counts an allocation; false when it is to fail. The shim's own ones never do.
+  static bool allocates();
 
   /// Takes growth from the quota: how much of it there is room for.
   std::size_t room(std::size_t growth);
@@ -58,7 +63,7 @@ class Shim {
 
   /// Appends to the log: call, path, inode, offset and length with tabs between them and a line feed
   /// behind them, then that many bytes of data.
-  void log(const char* call, const std::string& path, ino_t inode, off_t offset = 0,
+  void log(const char* call, const char* path, ino_t inode, off_t offset = 0,
            const void* data = nullptr, std::size_t length = 0);
   void log(const char* call, int descriptor, off_t offset = 0, const void* data = nullptr,
            std::size_t length = 0);
@@ -68,6 +73,7 @@ class Shim {
  private:
   Shim();
   bool isOff() const;
+  void beginToCountMemory();
   std::string pathOf(int descriptor);
 
   std::mutex mutex_;
