@@ -4,18 +4,29 @@
 #include "apps/desk/store/StoreError.hpp"
 
 #include <functional>
+#include <optional>
 #include <utility>
 
 namespace vemra::desk {
 namespace {
 
-/// Does `work` with the store, on the store's thread. Holds the thread as long as it is needed.
+/// Does `work` with the store, on the store's thread.
+///
+/// Keeps the thread and the work until the work has ended, with an answer or an exception, and
+/// releases both before the awaiting caller continues.
 template <class Answer>
 task::Task<Answer> onThread(std::shared_ptr<StoreThread> thread,
                             std::function<Answer(GoalStore&)> work) {
-  auto turn = thread->turn();
-  GoalStore& store = co_await turn;
-  co_return work(store);
+  std::optional<Answer> answer;
+  {
+    // The arguments themselves live until the frame is destroyed, which may be much later.
+    const std::shared_ptr<StoreThread> worker = std::move(thread);
+    const std::function<Answer(GoalStore&)> working = std::move(work);
+    auto turn = worker->turn();
+    GoalStore& store = co_await turn;
+    answer.emplace(working(store));
+  }
+  co_return *std::move(answer);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "tests/apps/desk/SampleResults.hpp"
 
 #include <chrono>
+#include <coroutine>
 #include <future>
 #include <set>
 #include <thread>
@@ -118,6 +119,43 @@ TEST_F(StoreEngineTest, MayGoWhileATaskRunsAndTakesItsThreadAlong) {
     ASSERT_EQ(ended.wait_for(std::chrono::seconds(30)), std::future_status::ready)
         << "the thread outlives its engine";
     EXPECT_EQ(title, "Two");
+  }
+}
+
+/// Suspends a coroutine until the test resumes it.
+struct Hold {
+  std::coroutine_handle<>* held;
+  bool await_ready() const noexcept { return false; }
+  void await_suspend(std::coroutine_handle<> coroutine) const { *held = coroutine; }
+  void await_resume() const noexcept {}
+};
+
+/// Asks an engine that nobody else owns, and keeps the task that it awaited.
+task::Task<> askAndHold(std::shared_ptr<StoreEngine> engine, std::string goalID,
+                        std::promise<void>* threadEnded, std::coroutine_handle<>* held) {
+  task::Task<GetGoalSnapshotResponse> asked = engine->getGoalSnapshot(std::move(goalID));
+  engine.reset();
+  auto ending = std::move(asked).result();
+  co_await ending;
+  const auto watchThisThread = [threadEnded] {
+    thread_local AtThreadEnd atEnd;
+    atEnd.ended = threadEnded;
+  };
+  watchThisThread();
+  const Hold hold{held};
+  co_await hold;
+}
+
+TEST_F(StoreEngineTest, AnAwaitedTaskKeepsNoThread) {
+  for (const std::string goalID : {"g1", "no such goal"}) {
+    std::promise<void> threadEnded;
+    std::coroutine_handle<> held;
+    task::start(askAndHold(std::make_shared<StoreEngine>(file), goalID, &threadEnded, &held),
+                [](const task::Result<void>&) {});
+    ASSERT_EQ(threadEnded.get_future().wait_for(std::chrono::seconds(30)),
+              std::future_status::ready)
+        << goalID;
+    held.resume();
   }
 }
 
