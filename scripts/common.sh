@@ -26,6 +26,8 @@ repository_files() {
 }
 
 # configure_and_build PRESET [NINJA ARGUMENT...]: quiet while it works, everything when it does not.
+# The options in configure_options go to cmake behind the preset.
+configure_options=()
 configure_and_build() {
   local preset=$1 log
   shift
@@ -33,7 +35,7 @@ configure_and_build() {
   log="build/$preset/configure.log"
   # Ninja configures again by itself when a CMakeLists.txt changes, but it does not know the presets.
   if [[ ! build/$preset/build.ninja -nt CMakePresets.json ]]; then
-    if ! cmake --preset "$preset" >"$log" 2>&1 </dev/null; then
+    if ! cmake --preset "$preset" "${configure_options[@]}" >"$log" 2>&1 </dev/null; then
       cat "$log" >&2
       fail "cannot configure the preset $preset"
     fi
