@@ -22,12 +22,12 @@ namespace vemra::date {
 ///   westward: `<+03>-3`, `CET-1CEST,M3.5.0,M10.5.0/3`. Any other is taken for UTC.
 /// - Returns: the date as UTF-8.
 ///
-/// Safe on every thread, and locks nothing once a thread has written a date in a locale and a time
-/// zone: what they need is made once a thread, which takes milliseconds, kept for the last 16
-/// locales and 16 time zones, and freed when the thread ends. ICU itself takes a lock while it makes
-/// that, and for dates in calendars that follow the moon. A change in the machine's time zone files
-/// is seen by threads that begin after it. Throws only when memory runs out or CLDR's data cannot be
-/// loaded.
+/// Safe on every thread, also while the thread or the program ends. Locks nothing once a thread has
+/// written some dates in a locale and a time zone: what they need is made once a thread, which takes
+/// milliseconds, kept for the last 16 locales and 16 time zones, and freed when the thread ends. ICU
+/// takes locks of its own while it makes that, and in calendars whose months follow the moon. A
+/// change in the machine's time zone files is seen by threads that begin after it. Throws only when
+/// memory runs out or CLDR's data cannot be loaded.
 std::string abbreviatedDate(Instant instant, const std::string& locale,
                             const std::string& timeZone);
 

@@ -19,9 +19,10 @@ using Enumeration =
     std::unique_ptr<UEnumeration, decltype([](UEnumeration* e) { uenum_close(e); })>;
 using Names = std::set<std::string, std::less<>>;
 
-Names namesFrom(UEnumeration* opened) {
+// Kept to the very end of the program: destructors of others may write dates.
+const Names& namesFrom(UEnumeration* opened) {
   const Enumeration enumeration(opened);
-  Names names;
+  Names& names = *new Names;
   UErrorCode status = U_ZERO_ERROR;
   std::int32_t length = 0;
   while (const char* name = uenum_next(enumeration.get(), &length, &status)) {
@@ -31,7 +32,7 @@ Names namesFrom(UEnumeration* opened) {
 }
 
 const Names& listedLocales() {
-  static const Names names = [] {
+  static const Names& names = []() -> const Names& {
     UErrorCode status = U_ZERO_ERROR;
     return namesFrom(uloc_openAvailableByType(ULOC_AVAILABLE_WITH_LEGACY_ALIASES, &status));
   }();
@@ -39,7 +40,7 @@ const Names& listedLocales() {
 }
 
 bool isCalendar(const std::string& name) {
-  static const Names calendars = [] {
+  static const Names& calendars = []() -> const Names& {
     UErrorCode status = U_ZERO_ERROR;
     return namesFrom(ucal_getKeywordValuesForLocale("calendar", "root", false, &status));
   }();
