@@ -2,9 +2,9 @@
 
 #include "VemraPlatform/ui/ViewGraph.hpp"
 #include "VemraTesting/RenderedTree.hpp"
+#include "tests/Random.hpp"
 
 #include <functional>
-#include <random>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -131,16 +131,6 @@ constexpr int rounds(int full) {
 #endif
 }
 
-/// Numbers that are the same on every machine.
-class Random {
- public:
-  explicit Random(std::uint64_t seed) : engine_(seed) {}
-  /// At least 0 and below `bound`.
-  std::size_t below(std::size_t bound) { return engine_() % bound; }
-  bool oneIn(std::size_t bound) { return below(bound) == 0; }
-
- private:
-  std::mt19937_64 engine_;
-};
+using testing::Random;
 
 }  // namespace vemra::ui::sample

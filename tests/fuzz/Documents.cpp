@@ -1,0 +1,28 @@
+// Any text as a result document. One that is accepted is JSON to another reader too, and written and
+// read again it is the same record, byte for byte; one that is refused has an error with its place.
+
+#include "apps/documents/ResultReader.hpp"
+#include "apps/documents/ResultWriter.hpp"
+#include "tests/fuzz/JsonErrors.hpp"
+#include "tests/fuzz/Target.hpp"
+
+#include <nlohmann/json.hpp>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace vemra;
+  const std::string_view text = fuzz::textOf(data, size);
+  GetGoalSnapshotResponse result;
+  try {
+    result = documents::readResultText(text, "case.json");
+  } catch (const documents::DocumentError& error) {
+    fuzz::requireGoodError(error);
+    return 0;
+  }
+  fuzz::require(nlohmann::json::accept(text), "what is accepted is JSON", text);
+  const std::string once = documents::writeResult(result);
+  const GetGoalSnapshotResponse again = documents::readResultText(once, "written.json");
+  fuzz::require(again == result, "what is written is the record that was read", once);
+  // Equality of records is canonical; the texts show the bytes.
+  fuzz::require(documents::writeResult(again) == once, "writing again gives the same bytes", once);
+  return 0;
+}
