@@ -4,7 +4,7 @@ import shutil
 from hostile import copy_of_sample, use
 from stand import require
 
-QUICK = 150
+QUICK = 400
 KINDS = ("bytes", "header", "cut", "swapped", "copied", "zeros", "log", "journal")
 PAGE = 4096
 

@@ -2,7 +2,7 @@
 from stand import ended_well, require
 from story import Story, usual
 
-QUICK = 120
+QUICK = 200
 STEP = 512
 
 

@@ -6,7 +6,7 @@ import shutil
 from stand import document, ended_well, require
 from story import Story
 
-QUICK = 350
+QUICK = 800
 ERRORS = ("EIO", "ENOSPC", "EMFILE", "EINTR", "ENOMEM")
 FOREVER = 10**9
 COMMANDS = ("import-new", "import", "goals", "outcomes", "export", "story")

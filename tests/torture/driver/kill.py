@@ -2,7 +2,7 @@
 from stand import require
 from story import Story, usual
 
-QUICK = 250
+QUICK = 300
 
 
 def cases(stand):

@@ -2,7 +2,7 @@
 from faults import FOREVER, command_line, judge, prepare
 from stand import require
 
-QUICK = 200
+QUICK = 300
 COMMANDS = ("import-new", "import", "goals", "outcomes", "export")
 EACH = 300  # so many of the first allocations one by one, of the others some
 

@@ -2,7 +2,7 @@
 from stand import GOALS, check_integrity, notes_of, require, version_of
 from story import Story
 
-QUICK = 25
+QUICK = 50
 
 
 def cases(stand):

@@ -4,7 +4,7 @@ import shutil
 from stand import Failure, check_integrity, ended_well, notes_of, require
 from story import Story
 
-QUICK = 60
+QUICK = 72
 KINDS = ("moved", "removed", "replaced", "replaced-over", "folder moved", "replaced by another goal's")
 
 

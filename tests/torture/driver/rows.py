@@ -3,7 +3,7 @@ import sqlite3
 
 from hostile import copy_of_sample, use
 
-QUICK = 120
+QUICK = 300
 VALUES = (None, 0, 1, -1, -2, 2**31, 2**30, 2**62, 2**63 - 1, -(2**63), 0.5, 1e300, "", "x", "g1", "p1",
           b"", b"\xff\xfe", b"\x00", "\0", "évidence", "connection", "evidence", "1", "a" * 100_000)
 KINDS = ("values", "rows", "deletion", "schema")
