@@ -1,6 +1,7 @@
 #include "apps/desk/store/Database.hpp"
 
 #include "VemraPlatform/text/Equality.hpp"
+#include "apps/desk/store/Distrust.hpp"
 #include "apps/desk/store/StoreError.hpp"
 
 #include <cstring>
@@ -75,9 +76,11 @@ Database::Database(const std::string& file, Opening opening, Patience patience)
   if (code != SQLITE_OK) fail(code);
   sqlite3_extended_result_codes(connection, 1);
   sqlite3_busy_timeout(connection, static_cast<int>(patience.count()));
-  sqlite3_create_function_v2(connection, "same_text", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
-                             nullptr, sameText, nullptr, nullptr, nullptr);
-  run("PRAGMA foreign_keys = ON; PRAGMA trusted_schema = OFF");
+  sqlite3_create_function_v2(connection, "same_text", 2,
+                             SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY, nullptr,
+                             sameText, nullptr, nullptr, nullptr);
+  distrustContents(connection);
+  run("PRAGMA foreign_keys = ON; PRAGMA cell_size_check = ON");
 }
 
 void Database::run(const char* sql) {
@@ -100,7 +103,8 @@ void Statement::Finalize::operator()(sqlite3_stmt* statement) const {
   sqlite3_finalize(statement);
 }
 
-Statement::Statement(Database& database, std::string_view sql) : database_(&database) {
+Statement::Statement(Database& database, std::string_view sql, RowsOf rows)
+    : database_(&database), rows_(rows) {
   sqlite3_stmt* statement = nullptr;
   const int code = sqlite3_prepare_v2(database.handle(), sql.data(), static_cast<int>(sql.size()),
                                       &statement, nullptr);
@@ -114,21 +118,6 @@ bool Statement::next() {
   if (code != SQLITE_DONE) database_->fail(code);
   reset();
   return false;
-}
-
-std::string Statement::text(int column) {
-  const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
-  const int length = sqlite3_column_bytes(statement_.get(), column);
-  return bytes != nullptr ? std::string(bytes, static_cast<std::size_t>(length)) : std::string();
-}
-
-std::optional<std::string> Statement::optionalText(int column) {
-  if (sqlite3_column_type(statement_.get(), column) == SQLITE_NULL) return std::nullopt;
-  return text(column);
-}
-
-std::int64_t Statement::integer(int column) {
-  return sqlite3_column_int64(statement_.get(), column);
 }
 
 void Statement::bind(int index, std::string_view text) {

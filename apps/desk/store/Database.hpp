@@ -3,6 +3,7 @@
 #include "apps/desk/store/DatabaseFile.hpp"
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -56,12 +57,18 @@ class Database {
   std::unique_ptr<sqlite3, Close> connection_;
 };
 
+/// How errors name the rows of a query: by a table and the columns that tell its rows apart.
+struct RowsOf {
+  const char* table = "";
+  int keyColumns = 0;  ///< the query gives the key first, in so many columns
+};
+
 /// A prepared statement.
 ///
 /// Texts go in and come out byte for byte: with their length, so that U+0000 may stand in them.
 class Statement {
  public:
-  Statement(Database& database, std::string_view sql);
+  Statement(Database& database, std::string_view sql, RowsOf rows = {});
 
   /// Binds the values to ?1, ?2, … and runs the statement to its end. It can be run again.
   template <class... Values>
@@ -81,10 +88,21 @@ class Statement {
   bool next();
 
   /// \name The current row, its columns counted from 0.
+  ///
+  /// Values are checked as they are read: another program may have written the row, or damaged it.
+  /// One of another type is a `StoreError` that names table, row and column.
   /// @{
   std::string text(int column);
   std::optional<std::string> optionalText(int column);
   std::int64_t integer(int column);
+  /// An integer that is no less than 0.
+  std::size_t index(int column);
+  /// Makes sure that the column is NULL.
+  void expectNull(int column);
+  /// Makes sure that the column has the position that is due, where positions count up from 0.
+  void expectPosition(int column, std::size_t due);
+  /// Throws the `StoreError` for a column that breaks a rule of its own.
+  [[noreturn]] void damaged(int column, std::string_view expected);
   /// @}
 
  private:
@@ -105,8 +123,10 @@ class Statement {
   void check(int code);
   void runBound();
   void reset();
+  std::string describe(int column);
 
   Database* database_;
+  RowsOf rows_;
   std::unique_ptr<sqlite3_stmt, Finalize> statement_;
 };
 

@@ -45,10 +45,18 @@ std::string now() {
   return {text, length};
 }
 
-/// Throws a `StoreError` when no screen can show the result.
+/// A transaction on a schema that is a store's own.
+class Work : public Transaction {
+ public:
+  Work(Database& database, SchemaWatch& schema, Kind kind) : Transaction(database, kind) {
+    schema.confirm(database);
+  }
+};
+
+/// Throws a `StoreError` when the result has a fault.
 void refuseFault(const Database& database, const GetGoalSnapshotResponse& result,
-                 const std::string& refusal) {
-  if (const auto fault = faultIn(result)) {
+                 const std::optional<ResultFault>& fault, const std::string& refusal) {
+  if (fault) {
     throw StoreError(database.file(), refusal + " the goal " + documents::inQuotes(result.goal.id) +
                                           ": " + fault->pointer + ": " + fault->problem);
   }
@@ -74,30 +82,32 @@ std::optional<GoalStore> GoalStore::openExisting(const std::string& file) {
 }
 
 std::vector<GoalListing> GoalStore::goals() {
-  Statement row(database_, "SELECT id, title FROM goals ORDER BY number");
+  const Work work(database_, schema_, reading);
+  Statement row(database_, "SELECT number, id, title FROM goals ORDER BY number", {"goals", 1});
   std::vector<GoalListing> goals;
   row.query();
-  while (row.next()) goals.push_back({row.text(0), row.text(1)});
+  while (row.next()) goals.push_back({row.text(1), row.text(2)});
   database_.confirm();
   return goals;
 }
 
 bool GoalStore::hasGoal(const std::string& goalID) {
+  const Work work(database_, schema_, reading);
   return find(goalID).has_value();
 }
 
 GetGoalSnapshotResponse GoalStore::result(const std::string& goalID) {
-  const Transaction transaction(database_, reading);
+  const Work work(database_, schema_, reading);
   const std::int64_t goal = findOrThrow(goalID);
   GetGoalSnapshotResponse result = readResultRows(database_, goal);
   result.outcomes = readOutcomes(database_, goal);
   database_.confirm();
-  refuseFault(database_, result, "holds a result that cannot be shown, of");
+  refuseFault(database_, result, faultIn(result), "holds a result that cannot be shown, of");
   return result;
 }
 
 SharedArray<GoalOutcomeDTO> GoalStore::outcomes(const std::string& goalID) {
-  const Transaction transaction(database_, reading);
+  const Work work(database_, schema_, reading);
   SharedArray<GoalOutcomeDTO> outcomes = readOutcomes(database_, findOrThrow(goalID));
   database_.confirm();
   return outcomes;
@@ -105,9 +115,9 @@ SharedArray<GoalOutcomeDTO> GoalStore::outcomes(const std::string& goalID) {
 
 std::vector<LeftOutOutcome> GoalStore::import(const std::vector<GetGoalSnapshotResponse>& results) {
   for (const GetGoalSnapshotResponse& result : results) {
-    refuseFault(database_, result, "does not take in the result of");
+    refuseFault(database_, result, faultIn(result), "does not take in the result of");
   }
-  Transaction transaction(database_, writing);
+  Work work(database_, schema_, writing);
   std::vector<LeftOutOutcome> leftOut;
   for (std::size_t i = 0; i < results.size(); ++i) {
     std::optional<std::int64_t> goal = find(results[i].goal.id);
@@ -120,13 +130,13 @@ std::vector<LeftOutOutcome> GoalStore::import(const std::vector<GetGoalSnapshotR
       leftOut.push_back({i, outcome});
     }
   }
-  transaction.commit();
+  work.commit();
   return leftOut;
 }
 
 GoalOutcomeDTO GoalStore::record(const std::string& goalID,
                                  const GoalOutcomeRecordingInput& input) {
-  Transaction transaction(database_, writing);
+  Work work(database_, schema_, writing);
   const std::int64_t goal = findOrThrow(goalID);
   GoalOutcomeDTO outcome;
   outcome.id = newOutcomeID(database_);
@@ -137,32 +147,33 @@ GoalOutcomeDTO GoalStore::record(const std::string& goalID,
   outcome.note = input.note;
   outcome.recordedAt = now();
   outcome.correctsOutcomeID = input.correctsOutcomeID;
-  appendOutcome(database_, goal, outcome);
-  transaction.commit();
+  OutcomeInsertion(database_).append(goal, outcome);
+  work.commit();
   return outcome;
 }
 
 PersonKnowledge GoalStore::person(const std::string& personRef) {
-  const Transaction transaction(database_, reading);
+  const Work work(database_, schema_, reading);
   return readPersonKnowledge(database_, personRef);
 }
 
 EvidenceKnowledge GoalStore::evidence(const std::string& evidenceID) {
-  const Transaction transaction(database_, reading);
+  const Work work(database_, schema_, reading);
   return readEvidenceKnowledge(database_, evidenceID);
 }
 
 std::vector<std::optional<std::string>> GoalStore::names(
     const std::string& goalID, const SharedArray<std::string>& personRefs) {
-  const Transaction transaction(database_, reading);
+  const Work work(database_, schema_, reading);
   const std::int64_t goal = find(goalID).value_or(0);
   std::vector<std::optional<std::string>> names;
   Statement row(database_,
-                "SELECT display_name FROM people WHERE same_text(person_ref, ?1) "
-                "AND display_name IS NOT NULL ORDER BY goal <> ?2, goal, position LIMIT 1");
+                "SELECT goal, position, display_name FROM people WHERE same_text(person_ref, ?1) "
+                "AND display_name IS NOT NULL ORDER BY goal <> ?2, goal, position LIMIT 1",
+                {"people", 2});
   for (const std::string& personRef : personRefs) {
     row.query(personRef, goal);
-    names.push_back(row.next() ? row.optionalText(0) : std::nullopt);
+    names.push_back(row.next() ? row.optionalText(2) : std::nullopt);
   }
   return names;
 }
@@ -175,7 +186,7 @@ std::optional<std::int64_t> GoalStore::find(const std::string& goalID) {
   // The id byte for byte, through the index, settles almost every question.
   for (const char* sql : {"SELECT number FROM goals WHERE id = ?1",
                           "SELECT number FROM goals WHERE same_text(id, ?1) ORDER BY number"}) {
-    Statement row(database_, sql);
+    Statement row(database_, sql, {"goals", 0});
     row.query(goalID);
     if (row.next()) return row.integer(0);
   }
@@ -183,10 +194,10 @@ std::optional<std::int64_t> GoalStore::find(const std::string& goalID) {
 }
 
 std::string GoalStore::idOf(std::int64_t goal) {
-  Statement row(database_, "SELECT id FROM goals WHERE number = ?1");
+  Statement row(database_, "SELECT number, id FROM goals WHERE number = ?1", {"goals", 1});
   row.query(goal);
   row.next();
-  return row.text(0);
+  return row.text(1);
 }
 
 std::int64_t GoalStore::findOrThrow(const std::string& goalID) {

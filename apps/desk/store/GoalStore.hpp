@@ -4,6 +4,7 @@
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
 #include "apps/desk/store/Database.hpp"
 #include "apps/desk/store/Knowledge.hpp"
+#include "apps/desk/store/Schema.hpp"
 
 #include <cstddef>
 #include <cstdint>
@@ -86,6 +87,7 @@ class GoalStore {
   std::string idOf(std::int64_t goal);
 
   Database database_;
+  SchemaWatch schema_;
 };
 
 }  // namespace vemra::desk

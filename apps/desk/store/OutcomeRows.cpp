@@ -11,27 +11,37 @@ namespace vemra::desk {
 using documents::outcomeValueNames;
 using documents::subjectKindNames;
 
+GoalOutcomeDTO readOutcome(Statement& row, int first) {
+  return {row.text(first),
+          row.text(first + 1),
+          readCase<GoalOutcomeSubjectKind>(row, first + 2, subjectKindNames),
+          row.optionalText(first + 3),
+          readCase<GoalOutcomeValue>(row, first + 4, outcomeValueNames),
+          row.optionalText(first + 5),
+          row.optionalText(first + 6),
+          row.optionalText(first + 7),
+          row.optionalText(first + 8)};
+}
+
 std::vector<GoalOutcomeDTO> readOutcomes(Database& database, std::int64_t goal) {
   Statement row(database,
-                "SELECT id, goal_id, subject_kind, subject_ref, value, note, recorded_at, "
-                "recorded_by, corrects_outcome_id FROM outcomes WHERE goal = ?1 ORDER BY number");
+                std::string("SELECT number, ") + outcomeColumnNames +
+                    " FROM outcomes WHERE goal = ?1 ORDER BY number",
+                {"outcomes", 1});
   std::vector<GoalOutcomeDTO> outcomes;
   row.query(goal);
-  while (row.next()) {
-    outcomes.push_back(
-        {row.text(0), row.text(1),
-         readCase<GoalOutcomeSubjectKind>(database, row.text(2), subjectKindNames),
-         row.optionalText(3), readCase<GoalOutcomeValue>(database, row.text(4), outcomeValueNames),
-         row.optionalText(5), row.optionalText(6), row.optionalText(7), row.optionalText(8)});
-  }
+  while (row.next()) outcomes.push_back(readOutcome(row, 1));
   return outcomes;
 }
 
-void appendOutcome(Database& database, std::int64_t goal, const GoalOutcomeDTO& outcome) {
-  Statement(database, "INSERT INTO outcomes VALUES (NULL, ?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10)")
-      .run(goal, outcome.id, outcome.goalID, caseName(outcome.subjectKind), outcome.subjectRef,
-           caseName(outcome.value), outcome.note, outcome.recordedAt, outcome.recordedBy,
-           outcome.correctsOutcomeID);
+OutcomeInsertion::OutcomeInsertion(Database& database)
+    : insert_(database,
+              "INSERT INTO outcomes VALUES (NULL, ?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10)") {}
+
+void OutcomeInsertion::append(std::int64_t goal, const GoalOutcomeDTO& outcome) {
+  insert_.run(goal, outcome.id, outcome.goalID, caseName(outcome.subjectKind), outcome.subjectRef,
+              caseName(outcome.value), outcome.note, outcome.recordedAt, outcome.recordedBy,
+              outcome.correctsOutcomeID);
 }
 
 std::vector<std::size_t> mergeOutcomes(Database& database, std::int64_t goal,
@@ -45,11 +55,12 @@ std::vector<std::size_t> mergeOutcomes(Database& database, std::int64_t goal,
   for (const GoalOutcomeDTO& record : recorded) usesOfID[record.id].records.push_back(&record);
 
   std::vector<std::size_t> leftOut;
+  OutcomeInsertion insertion(database);
   for (std::size_t i = 0; i < outcomes.size(); ++i) {
     Uses& uses = usesOfID[outcomes[i].id];
     const std::size_t use = uses.seen++;
     if (use >= uses.records.size()) {
-      appendOutcome(database, goal, outcomes[i]);
+      insertion.append(goal, outcomes[i]);
     } else if (!(outcomes[i] == *uses.records[use])) {
       leftOut.push_back(i);
     }

@@ -14,11 +14,28 @@
 
 namespace vemra::desk {
 
+/// The columns of an outcome, for a list in SQL that names no other table with such columns.
+inline constexpr const char* outcomeColumnNames =
+    "outcomes.id, goal_id, subject_kind, subject_ref, value, note, recorded_at, recorded_by, "
+    "corrects_outcome_id";
+
+/// Reads the outcome from those columns of the current row, which begin at `first`.
+GoalOutcomeDTO readOutcome(Statement& row, int first);
+
 /// The outcomes of a goal in the order in which they were recorded.
 std::vector<GoalOutcomeDTO> readOutcomes(Database& database, std::int64_t goal);
 
-/// Records an outcome behind all others of its goal.
-void appendOutcome(Database& database, std::int64_t goal, const GoalOutcomeDTO& outcome);
+/// Records outcomes; many with one statement, which takes most of the time to prepare.
+class OutcomeInsertion {
+ public:
+  explicit OutcomeInsertion(Database& database);
+
+  /// Records an outcome behind all others of its goal.
+  void append(std::int64_t goal, const GoalOutcomeDTO& outcome);
+
+ private:
+  Statement insert_;
+};
 
 /// Records those of a document's outcomes that are not recorded yet, in the document's order.
 ///

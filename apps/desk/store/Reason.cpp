@@ -38,8 +38,15 @@ ReasonColumns::ReasonColumns(const GoalWhyDTO& why) {
   kind = documents::nameIn(documents::whyKindNames, std::visit(Filler{*this}, why.reason));
 }
 
-GoalWhyDTO readReason(Database& database, Statement& row, int first) {
-  switch (readCase<WhyKind>(database, row.text(first), documents::whyKindNames)) {
+GoalWhyDTO readReason(Statement& row, int first) {
+  const auto kind = readCase<WhyKind>(row, first, documents::whyKindNames);
+  const auto expectNulls = [&](int from, int to) {
+    for (int column = from; column <= to; ++column) row.expectNull(first + column);
+  };
+  if (kind != WhyKind::evidence) expectNulls(1, 3);
+  if (kind != WhyKind::connection) expectNulls(4, 4);
+  if (kind != WhyKind::sharedActivity) expectNulls(5, 6);
+  switch (kind) {
     case WhyKind::evidence:
       return GoalWhyDTO::evidence(row.text(first + 1), row.text(first + 2), row.text(first + 3));
     case WhyKind::connection:

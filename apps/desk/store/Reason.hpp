@@ -27,7 +27,8 @@ inline constexpr const char* reasonColumnNames =
     "why_kind, why_label, why_detail, why_reference, why_hop_count, why_thread_count, "
     "why_meeting_count";
 
-/// Reads the reason from the seven columns of the current row that begin at `first`.
-GoalWhyDTO readReason(Database& database, Statement& row, int first);
+/// Reads the reason from the seven columns of the current row that begin at `first`. Those that its
+/// kind does not use must be NULL.
+GoalWhyDTO readReason(Statement& row, int first);
 
 }  // namespace vemra::desk

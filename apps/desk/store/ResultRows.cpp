@@ -2,6 +2,7 @@
 
 #include "apps/desk/store/CaseNames.hpp"
 #include "apps/desk/store/Reason.hpp"
+#include "apps/desk/store/StoreError.hpp"
 
 #include <string>
 #include <string_view>
@@ -15,6 +16,12 @@ using documents::nameIn;
 using documents::priorityNames;
 using documents::statusNames;
 using Texts = SharedArray<std::string>;
+
+/// The tables of what a goal has; inner ones come before those of their owners. The last one keeps
+/// what was recorded.
+constexpr const char* tablesOfAGoal[] = {"goal_texts",  "person_evidence", "people",
+                                         "path_people", "paths",           "group_people",
+                                         "groups",      "coverage",        "outcomes"};
 
 /// One result on its way into the tables.
 class Writing {
@@ -84,111 +91,159 @@ class Writing {
   std::int64_t goal_;
 };
 
+/// The texts of inner lists, such as the evidence of each person, in the order of their owners.
+class InnerLists {
+ public:
+  /// \param sql gives goal, owner, position and text of the goal ?1, in this order.
+  InnerLists(Database& database, std::string_view sql, const char* table, std::int64_t goal)
+      : row_(database, sql, {table, 3}) {
+    row_.query(goal);
+    isThere_ = row_.next();
+  }
+
+  /// The list of the owner that is next. Owners are asked for in ascending order, each once.
+  template <class Owner>
+  Texts of(const Owner& owner) {
+    std::vector<std::string> texts;
+    for (; isThere_ && isOf(owner); isThere_ = row_.next()) {
+      row_.expectPosition(2, texts.size());
+      texts.push_back(row_.text(3));
+    }
+    return texts;
+  }
+
+  /// To be called after the last owner: a row that is left over belongs to none.
+  void finish() {
+    if (isThere_) row_.damaged(1, "something that the goal has");
+  }
+
+ private:
+  bool isOf(std::size_t owner) { return row_.integer(1) == static_cast<std::int64_t>(owner); }
+  bool isOf(std::string_view owner) { return row_.text(1) == owner; }
+
+  Statement row_;
+  bool isThere_ = false;
+};
+
 /// One result on its way out of the tables.
 class Reading {
  public:
   Reading(Database& database, std::int64_t goal) : database_(database), goal_(goal) {}
 
-  GoalDTO goal() {
+  /// The goal, and the sources of its coverage.
+  std::pair<GoalDTO, Texts> goalAndSources() {
+    InnerLists lists(database_,
+                     "SELECT goal, list, position, text FROM goal_texts WHERE goal = ?1 "
+                     "ORDER BY list, position",
+                     "goal_texts", goal_);
+    Texts attachments = lists.of("attachment");
+    Texts constraints = lists.of("constraint");
+    Texts keywords = lists.of("keyword");
+    Texts sources = lists.of("source");
+    lists.finish();
     Statement row(database_,
-                  "SELECT id, title, status, target_person_ref, created_at, updated_at, priority, "
-                  "keywords_revision, constraints_revision FROM goals WHERE number = ?1");
+                  "SELECT number, id, title, status, target_person_ref, created_at, updated_at, "
+                  "priority, keywords_revision, constraints_revision FROM goals "
+                  "WHERE number = ?1",
+                  {"goals", 1});
     row.query(goal_);
     if (!row.next()) throw StoreError(database_.file(), "is damaged: a goal is gone");
-    return {row.text(0),
-            row.text(1),
-            readCase<GoalStatus>(database_, row.text(2), statusNames),
-            row.optionalText(3),
-            row.text(4),
-            row.text(5),
-            readCase<GoalPriority>(database_, row.text(6), priorityNames),
-            list("keyword"),
-            row.integer(7),
-            list("constraint"),
-            row.integer(8),
-            list("attachment")};
+    return {{row.text(1), row.text(2), readCase<GoalStatus>(row, 3, statusNames),
+             row.optionalText(4), row.text(5), row.text(6),
+             readCase<GoalPriority>(row, 7, priorityNames), std::move(keywords), row.integer(8),
+             std::move(constraints), row.integer(9), std::move(attachments)},
+            std::move(sources)};
   }
 
   SharedArray<GoalPersonCandidateDTO> people() {
-    auto evidence = lists(
-        "SELECT person, evidence_id FROM person_evidence WHERE goal = ?1 "
-        "ORDER BY person, position");
-    Statement row(database_, std::string("SELECT person_ref, display_name, ") + reasonColumnNames +
-                                 " FROM people WHERE goal = ?1 ORDER BY position");
+    InnerLists evidence(database_,
+                        "SELECT goal, person, position, evidence_id FROM person_evidence "
+                        "WHERE goal = ?1 ORDER BY person, position",
+                        "person_evidence", goal_);
+    Statement row(database_,
+                  std::string("SELECT goal, position, person_ref, display_name, ") +
+                      reasonColumnNames + " FROM people WHERE goal = ?1 ORDER BY position",
+                  {"people", 2});
     std::vector<GoalPersonCandidateDTO> people;
     row.query(goal_);
     while (row.next()) {
-      people.push_back({row.text(0), row.optionalText(1), readReason(database_, row, 2),
-                        take(evidence, people.size())});
+      row.expectPosition(1, people.size());
+      people.push_back(
+          {row.text(2), row.optionalText(3), readReason(row, 4), evidence.of(people.size())});
     }
+    evidence.finish();
     return people;
   }
 
   SharedArray<GoalPathCandidateDTO> paths() {
-    auto refs = lists(
-        "SELECT path, person_ref FROM path_people WHERE goal = ?1 "
-        "ORDER BY path, position");
-    Statement row(database_, std::string("SELECT strength, ") + reasonColumnNames +
-                                 " FROM paths WHERE goal = ?1 ORDER BY position");
+    InnerLists refs(database_,
+                    "SELECT goal, path, position, person_ref FROM path_people WHERE goal = ?1 "
+                    "ORDER BY path, position",
+                    "path_people", goal_);
+    Statement row(database_,
+                  std::string("SELECT goal, position, strength, ") + reasonColumnNames +
+                      " FROM paths WHERE goal = ?1 ORDER BY position",
+                  {"paths", 2});
     std::vector<GoalPathCandidateDTO> paths;
     row.query(goal_);
     while (row.next()) {
-      paths.push_back({take(refs, paths.size()), readReason(database_, row, 1), row.integer(0)});
+      row.expectPosition(1, paths.size());
+      paths.push_back({refs.of(paths.size()), readReason(row, 3), row.integer(2)});
     }
+    refs.finish();
     return paths;
   }
 
   SharedArray<GoalGroupCandidateDTO> groups() {
-    auto refs = lists(
-        "SELECT \"group\", person_ref FROM group_people WHERE goal = ?1 "
-        "ORDER BY \"group\", position");
-    Statement row(database_, "SELECT id FROM groups WHERE goal = ?1 ORDER BY position");
+    InnerLists refs(database_,
+                    "SELECT goal, \"group\", position, person_ref FROM group_people "
+                    "WHERE goal = ?1 ORDER BY \"group\", position",
+                    "group_people", goal_);
+    Statement row(database_,
+                  "SELECT goal, position, id FROM groups WHERE goal = ?1 ORDER BY position",
+                  {"groups", 2});
     std::vector<GoalGroupCandidateDTO> groups;
     row.query(goal_);
-    while (row.next()) groups.push_back({row.text(0), take(refs, groups.size())});
+    while (row.next()) {
+      row.expectPosition(1, groups.size());
+      groups.push_back({row.text(2), refs.of(groups.size())});
+    }
+    refs.finish();
     return groups;
   }
 
-  GoalCoverageDTO coverage() {
+  GoalCoverageDTO coverage(Texts sources) {
     Statement row(database_,
-                  "SELECT evidence_count, latest_evidence_at FROM coverage WHERE goal = ?1");
+                  "SELECT goal, evidence_count, latest_evidence_at FROM coverage WHERE goal = ?1",
+                  {"coverage", 1});
     row.query(goal_);
-    if (!row.next()) throw StoreError(database_.file(), "is damaged: a goal has no coverage");
-    return {list("source"), row.integer(0), row.optionalText(1)};
+    if (!row.next()) {
+      throw StoreError(database_.file(),
+                       "is damaged: coverage has no row of the goal " + std::to_string(goal_));
+    }
+    return {std::move(sources), row.integer(1), row.optionalText(2)};
   }
 
  private:
-  /// The texts that belong to each element of an outer list.
-  using Lists = std::vector<std::vector<std::string>>;
-
-  Texts list(std::string_view name) {
-    Statement row(database_,
-                  "SELECT text FROM goal_texts WHERE goal = ?1 AND list = ?2 ORDER BY position");
-    std::vector<std::string> texts;
-    row.query(goal_, name);
-    while (row.next()) texts.push_back(row.text(0));
-    return texts;
-  }
-
-  Lists lists(std::string_view sql) {
-    Statement row(database_, sql);
-    Lists lists;
-    row.query(goal_);
-    while (row.next()) {
-      const auto owner = static_cast<std::size_t>(row.integer(0));
-      if (lists.size() <= owner) lists.resize(owner + 1);
-      lists[owner].push_back(row.text(1));
-    }
-    return lists;
-  }
-
-  static Texts take(Lists& lists, std::size_t owner) {
-    return owner < lists.size() ? Texts(std::move(lists[owner])) : Texts();
-  }
-
   Database& database_;
   std::int64_t goal_;
 };
+
+/// Rows of a goal that was not there would become part of a new one of that number.
+void refuseStrayRows(Database& database, std::int64_t goal) {
+  std::string sql;
+  for (const char* table : tablesOfAGoal) {
+    sql += sql.empty() ? "" : " UNION ALL ";
+    sql += std::string("SELECT '") + table + "' WHERE EXISTS (SELECT 1 FROM " + table +
+           " WHERE goal = ?1)";
+  }
+  Statement row(database, sql);
+  row.query(goal);
+  if (row.next()) {
+    throw StoreError(database.file(), "is damaged: " + row.text(0) + " has rows of the goal " +
+                                          std::to_string(goal) + ", which is not there");
+  }
+}
 
 }  // namespace
 
@@ -199,13 +254,16 @@ std::int64_t addResult(Database& database, const GetGoalSnapshotResponse& result
            goal.createdAt, goal.updatedAt, nameIn(priorityNames, goal.priority),
            goal.keywordsRevision, goal.constraintsRevision);
   const std::int64_t number = database.number("SELECT last_insert_rowid()");
+  refuseStrayRows(database, number);
   Writing(database, number).everything(result);
   return number;
 }
 
 void replaceResult(Database& database, std::int64_t number, const GetGoalSnapshotResponse& result) {
-  for (const char* table : {"goal_texts", "people", "paths", "groups", "coverage"}) {
-    Statement(database, std::string("DELETE FROM ") + table + " WHERE goal = ?1").run(number);
+  // Inner rows go by themselves, and not with their owners: those without one go too.
+  for (const std::string_view table : tablesOfAGoal) {
+    if (table == "outcomes") continue;
+    Statement(database, std::string("DELETE FROM ").append(table) + " WHERE goal = ?1").run(number);
   }
   const GoalDTO& goal = result.goal;
   Statement(database,
@@ -221,11 +279,12 @@ void replaceResult(Database& database, std::int64_t number, const GetGoalSnapsho
 GetGoalSnapshotResponse readResultRows(Database& database, std::int64_t number) {
   Reading reading(database, number);
   GetGoalSnapshotResponse result;
-  result.goal = reading.goal();
+  auto [goal, sources] = reading.goalAndSources();
+  result.goal = std::move(goal);
   result.people = reading.people();
   result.paths = reading.paths();
   result.group = reading.groups();
-  result.coverage = reading.coverage();
+  result.coverage = reading.coverage(std::move(sources));
   return result;
 }
 

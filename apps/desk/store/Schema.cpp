@@ -1,150 +1,64 @@
 #include "apps/desk/store/Schema.hpp"
 
 #include "apps/desk/store/StoreError.hpp"
+#include "apps/desk/store/Tables.hpp"
+#include "apps/documents/DocumentError.hpp"
 
+#include <set>
 #include <string>
+#include <tuple>
 
 namespace vemra::desk {
 namespace {
 
 constexpr std::int64_t applicationID = 0x566D446B;  // "VmDk"
 
-// The reason of a person or a path stands in its row: the kind, and exactly the columns that the
-// kind has a use for.
-constexpr const char* reasonColumns = R"sql(
-  why_kind          TEXT NOT NULL
-    CHECK (why_kind IN ('evidence', 'connection', 'sharedActivity', 'nameMatch', 'generic')),
-  why_label         TEXT CHECK ((why_kind = 'evidence') = (why_label IS NOT NULL)),
-  why_detail        TEXT CHECK ((why_kind = 'evidence') = (why_detail IS NOT NULL)),
-  why_reference     TEXT CHECK ((why_kind = 'evidence') = (why_reference IS NOT NULL)),
-  why_hop_count     INTEGER CHECK ((why_kind = 'connection') = (why_hop_count IS NOT NULL)),
-  why_thread_count  INTEGER CHECK ((why_kind = 'sharedActivity') = (why_thread_count IS NOT NULL)),
-  why_meeting_count INTEGER
-    CHECK ((why_kind = 'sharedActivity') = (why_meeting_count IS NOT NULL)),)sql";
-
-// Lists keep their order in `position`, counted from 0. `number` of a goal is the order in which
-// goals came, that of an outcome the order of recording.
-std::string tables() {
-  return std::string(R"sql(
-CREATE TABLE goals (
-  number               INTEGER PRIMARY KEY,
-  id                   TEXT NOT NULL UNIQUE,
-  title                TEXT NOT NULL,
-  status               TEXT NOT NULL
-    CHECK (status IN ('active', 'paused', 'reached', 'abandoned')),
-  target_person_ref    TEXT,
-  created_at           TEXT NOT NULL,
-  updated_at           TEXT NOT NULL,
-  priority             TEXT NOT NULL CHECK (priority IN ('normal', 'high', 'low')),
-  keywords_revision    INTEGER NOT NULL,
-  constraints_revision INTEGER NOT NULL
-) STRICT;
-
-CREATE TABLE goal_texts (
-  goal     INTEGER NOT NULL REFERENCES goals (number) ON DELETE CASCADE,
-  list     TEXT NOT NULL CHECK (list IN ('keyword', 'constraint', 'attachment', 'source')),
-  position INTEGER NOT NULL CHECK (position >= 0),
-  text     TEXT NOT NULL,
-  PRIMARY KEY (goal, list, position)
-) STRICT, WITHOUT ROWID;
-
-CREATE TABLE people (
-  goal              INTEGER NOT NULL REFERENCES goals (number) ON DELETE CASCADE,
-  position          INTEGER NOT NULL CHECK (position >= 0),
-  person_ref        TEXT NOT NULL,
-  display_name      TEXT,)sql") +
-         reasonColumns + R"sql(
-  PRIMARY KEY (goal, position)
-) STRICT, WITHOUT ROWID;
-
-CREATE TABLE person_evidence (
-  goal        INTEGER NOT NULL,
-  person      INTEGER NOT NULL,
-  position    INTEGER NOT NULL CHECK (position >= 0),
-  evidence_id TEXT NOT NULL,
-  PRIMARY KEY (goal, person, position),
-  FOREIGN KEY (goal, person) REFERENCES people (goal, position) ON DELETE CASCADE
-) STRICT, WITHOUT ROWID;
-
-CREATE TABLE paths (
-  goal              INTEGER NOT NULL REFERENCES goals (number) ON DELETE CASCADE,
-  position          INTEGER NOT NULL CHECK (position >= 0),
-  strength          INTEGER NOT NULL,)sql" +
-         reasonColumns + R"sql(
-  PRIMARY KEY (goal, position)
-) STRICT, WITHOUT ROWID;
-
-CREATE TABLE path_people (
-  goal       INTEGER NOT NULL,
-  path       INTEGER NOT NULL,
-  position   INTEGER NOT NULL CHECK (position >= 0),
-  person_ref TEXT NOT NULL,
-  PRIMARY KEY (goal, path, position),
-  FOREIGN KEY (goal, path) REFERENCES paths (goal, position) ON DELETE CASCADE
-) STRICT, WITHOUT ROWID;
-
-CREATE TABLE groups (
-  goal     INTEGER NOT NULL REFERENCES goals (number) ON DELETE CASCADE,
-  position INTEGER NOT NULL CHECK (position >= 0),
-  id       TEXT NOT NULL,
-  PRIMARY KEY (goal, position)
-) STRICT, WITHOUT ROWID;
-
-CREATE TABLE group_people (
-  goal        INTEGER NOT NULL,
-  "group"     INTEGER NOT NULL,
-  position    INTEGER NOT NULL CHECK (position >= 0),
-  person_ref  TEXT NOT NULL,
-  PRIMARY KEY (goal, "group", position),
-  FOREIGN KEY (goal, "group") REFERENCES groups (goal, position) ON DELETE CASCADE
-) STRICT, WITHOUT ROWID;
-
-CREATE TABLE coverage (
-  goal               INTEGER PRIMARY KEY REFERENCES goals (number) ON DELETE CASCADE,
-  evidence_count     INTEGER NOT NULL,
-  latest_evidence_at TEXT
-) STRICT;
-
-CREATE TABLE outcomes (
-  number              INTEGER PRIMARY KEY AUTOINCREMENT,
-  goal                INTEGER NOT NULL REFERENCES goals (number) ON DELETE RESTRICT,
-  id                  TEXT NOT NULL,
-  goal_id             TEXT NOT NULL,
-  subject_kind        TEXT NOT NULL CHECK (subject_kind IN ('person', 'path')),
-  subject_ref         TEXT,
-  value               TEXT NOT NULL
-    CHECK (value IN ('reachedOut', 'invited', 'introduced', 'helped', 'wasUseful', 'notAFit',
-                     'noActionTaken', 'somethingElse')),
-  note                TEXT,
-  recorded_at         TEXT,
-  recorded_by         TEXT,
-  corrects_outcome_id TEXT
-) STRICT;
-CREATE INDEX outcomes_of_goal ON outcomes (goal, number);
-CREATE INDEX outcomes_by_id ON outcomes (id);
-
-CREATE TRIGGER outcomes_stay_as_recorded BEFORE UPDATE ON outcomes
-BEGIN SELECT RAISE(ABORT, 'a recorded outcome is never rewritten'); END;
-
-CREATE TRIGGER outcomes_stay BEFORE DELETE ON outcomes
-BEGIN SELECT RAISE(ABORT, 'a recorded outcome is never removed'); END;
-
--- INSERT OR REPLACE would remove the old row without a word to the trigger above.
-CREATE TRIGGER outcomes_are_appended BEFORE INSERT ON outcomes
-WHEN EXISTS (SELECT 1 FROM outcomes WHERE number = NEW.number)
-BEGIN SELECT RAISE(ABORT, 'a recorded outcome is never replaced'); END;
-)sql";
+/// What SQLite itself adds: for UNIQUE, for AUTOINCREMENT, and when somebody asks it to ANALYZE.
+bool isOfSQLite(const std::string& type, const std::string& name,
+                const std::optional<std::string>& sql) {
+  static const std::set<std::tuple<std::string, std::string, std::optional<std::string>>> objects{
+      {"index", "sqlite_autoindex_goals_1", std::nullopt},
+      {"table", "sqlite_sequence", "CREATE TABLE sqlite_sequence(name,seq)"},
+      {"table", "sqlite_stat1", "CREATE TABLE sqlite_stat1(tbl,idx,stat)"},
+      {"table", "sqlite_stat4", "CREATE TABLE sqlite_stat4(tbl,idx,neq,nlt,ndlt,sample)"}};
+  return objects.contains({type, name, sql});
 }
 
-std::int64_t tableCount(Database& database) {
-  return database.number("SELECT count(*) FROM sqlite_schema");
+/// Makes sure that there is every table, index and trigger of a store, and nothing else: a trigger
+/// of somebody else's could remove what is recorded, a table without checks could hold anything.
+void confirmObjects(Database& database) {
+  std::set<std::string> missing;
+  for (const SchemaObject& object : tablesOfVersion1()) missing.insert(object.name);
+  Statement row(database, "SELECT type, name, sql FROM sqlite_schema", {"sqlite_schema", 2});
+  row.query();
+  while (row.next()) {
+    const std::string type = row.text(0);
+    const std::string name = row.text(1);
+    const std::optional<std::string> sql = row.optionalText(2);
+    if (isOfSQLite(type, name, sql)) continue;
+    const std::string named = "the " + documents::shortened(type) + ' ' + documents::inQuotes(name);
+    if (missing.erase(name) == 0) {
+      throw StoreError(database.file(), "is damaged: " + named + " is not part of a store");
+    }
+    for (const SchemaObject& object : tablesOfVersion1()) {
+      if (object.name == name && (object.type != type || object.sql != sql)) {
+        throw StoreError(database.file(), "is damaged: " + named + " is not as a store has it");
+      }
+    }
+  }
+  for (const SchemaObject& object : tablesOfVersion1()) {
+    if (!missing.contains(object.name)) continue;
+    throw StoreError(database.file(), std::string("is damaged: the ") + object.type + ' ' +
+                                          documents::inQuotes(object.name) + " is missing");
+  }
 }
 
 /// Reads in several steps: the caller holds a transaction, so that they speak of one moment.
 bool hasSchemaNow(Database& database) {
   const std::int64_t owner = database.number("PRAGMA application_id");
   const std::int64_t version = database.number("PRAGMA user_version");
-  if (owner == 0 && version == 0 && tableCount(database) == 0) return false;
+  const bool isEmpty = database.number("SELECT count(*) FROM sqlite_schema") == 0;
+  if (owner == 0 && version == 0 && isEmpty) return false;
   if (owner != applicationID) {
     throw StoreError(database.file(), "is an SQLite database, but not a store of goals");
   }
@@ -154,6 +68,7 @@ bool hasSchemaNow(Database& database) {
                                           std::to_string(schemaVersion));
   }
   if (version < schemaVersion) throw StoreError(database.file(), "is damaged: it has no version");
+  confirmObjects(database);
   return true;
 }
 
@@ -169,10 +84,17 @@ void prepareSchema(Database& database) {
   if (hasSchema(database)) return;
   Transaction transaction(database, Transaction::Kind::writing);
   if (hasSchemaNow(database)) return;  // another process was faster
-  database.run(tables().c_str());
+  for (const SchemaObject& object : tablesOfVersion1()) database.run(object.sql.c_str());
   database.run(("PRAGMA application_id = " + std::to_string(applicationID)).c_str());
   database.run(("PRAGMA user_version = " + std::to_string(schemaVersion)).c_str());
   transaction.commit();
+}
+
+void SchemaWatch::confirm(Database& database) {
+  const std::int64_t change = database.number("PRAGMA schema_version");
+  if (change == confirmed_) return;
+  if (!hasSchemaNow(database)) throw StoreError(database.file(), "is damaged: it has no tables");
+  confirmed_ = change;
 }
 
 }  // namespace vemra::desk

@@ -2,11 +2,16 @@
 
 #include "apps/desk/store/Database.hpp"
 
+#include <cstdint>
+#include <optional>
+
 /// \file
 /// The tables of a store, and how a file is recognised as one.
 ///
 /// A store carries an application id and a schema version in its header (SQLite's `application_id`
-/// and `user_version`). A file without tables is a new store. What a person wrote is kept by the
+/// and `user_version`), and exactly the tables, indexes and triggers of that version, word for word.
+/// Whatever else stands in its schema is not ours and may do anything: such a file is refused. A file
+/// without tables is a new store. What a person wrote is kept by the
 /// database itself: triggers refuse to change, replace or remove a recorded outcome, whoever asks.
 
 namespace vemra::desk {
@@ -23,5 +28,17 @@ void prepareSchema(Database& database);
 /// Says whether the file is a store, or throws a `StoreError` when it is something else. False
 /// means that it has no tables yet. Changes nothing.
 bool hasSchema(Database& database);
+
+/// Watches the schema of a store that stays open, because another program may change it meanwhile.
+class SchemaWatch {
+ public:
+  /// To be called inside each transaction, before anything else happens in it: makes sure that the
+  /// file is a store still, or throws a `StoreError`. Costs one look into the file's header unless
+  /// the schema has changed.
+  void confirm(Database& database);
+
+ private:
+  std::optional<std::int64_t> confirmed_;  // SQLite's counter of schema changes
+};
 
 }  // namespace vemra::desk

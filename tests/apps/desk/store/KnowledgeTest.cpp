@@ -58,6 +58,52 @@ TEST_F(KnowledgeTest, OfEvidenceSaysWhatItSaysAndForWhomItSpeaks) {
   EXPECT_TRUE(store.evidence("ev7").people.empty());
 }
 
+TEST_F(KnowledgeTest, OfAPersonHoldsNoOutcomeOfAPath) {
+  store.record("g1", {GoalOutcomeSubjectKind::path, "bo", GoalOutcomeValue::helped, {}, {}});
+  EXPECT_TRUE(store.person("bo").outcomes.empty());
+  store.record("g2", {GoalOutcomeSubjectKind::person, "bo", GoalOutcomeValue::invited, "n", "o"});
+  const auto outcomes = store.person("bo").outcomes;
+  ASSERT_EQ(outcomes.size(), 1u);
+  EXPECT_EQ(outcomes[0].goalTitle, "Second");
+  EXPECT_EQ(outcomes[0].outcome, store.outcomes("g2")[0]);
+}
+
+TEST_F(KnowledgeTest, OfAPersonComesInTheOrderOfGoalsAndOfRecording) {
+  auto early = goal("g0", "Third");  // the third goal that came
+  early.people = {{"ren\u00E9e", "Later name", {}, {}}, {"ren\u00E9e", {}, {}, {"ev5"}}};
+  early.goal.targetPersonRef = "ren\u00E9e";
+  early.paths = {{{"ren\u00E9e"}, {}, 0}, {{"ren\u00E9e"}, {}, 0}};
+  store.import({early});
+  store.record("g0", {GoalOutcomeSubjectKind::person, "ren\u00E9e", {}, "second", {}});
+  store.record("g1", {GoalOutcomeSubjectKind::person, "ren\u00E9e", {}, "third", {}});
+  const PersonKnowledge person = store.person("ren\u00E9e");
+  std::vector<std::string> titles;
+  for (const auto& suggestion : person.suggestions) titles.push_back(suggestion.goalTitle);
+  EXPECT_EQ(titles, (std::vector<std::string>{"First", "Second", "Third", "Third"}));
+  EXPECT_EQ(person.suggestions[3].evidenceIDs, std::vector<std::string>{"ev5"});
+  EXPECT_EQ(person.name, "Ren\u00E9e") << "the first one";
+  EXPECT_EQ(person.goalsTowards, (std::vector<std::string>{"Second", "Third"}));
+  EXPECT_EQ(person.goalsWithPaths, (std::vector<std::string>{"First", "Third"})) << "each once";
+  ASSERT_EQ(person.outcomes.size(), 3u);
+  EXPECT_EQ(person.outcomes[1].outcome.note, "second");
+  EXPECT_EQ(person.outcomes[2].outcome.note, "third");
+}
+
+TEST_F(KnowledgeTest, OfEvidenceHasEachStatementOnceAndPeopleBeforePaths) {
+  auto third = goal("g3", "Third");
+  const auto why = GoalWhyDTO::evidence("Email", "Twice", "ev8");
+  third.people = {{"a", {}, why, {}}, {"b", {}, why, {}}};
+  third.paths = {{{"a"}, GoalWhyDTO::evidence("Call", "Later", "ev8"), 0}};
+  store.import({third});
+  const auto statements = store.evidence("ev8").statements;
+  ASSERT_EQ(statements.size(), 2u);
+  EXPECT_EQ(statements[0].goalTitle, "Third");
+  EXPECT_EQ(statements[0].label, "Email");
+  EXPECT_EQ(statements[0].detail, "Twice");
+  EXPECT_EQ(statements[1].label, "Call");
+  EXPECT_EQ(store.evidence("ev8").evidenceID, "ev8");
+}
+
 TEST_F(KnowledgeTest, NamesComeFromTheGoalFirstAndThenFromAnyOther) {
   store.import({[] {
     auto third = goal("g3", "Third");

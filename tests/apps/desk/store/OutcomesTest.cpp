@@ -79,6 +79,19 @@ TEST_F(OutcomesTest, ComeInTheOrderOfRecordingUnderIdsOfTheirOwn) {
   for (std::size_t i = 0; i < 200; ++i) EXPECT_EQ(recorded[i].note, std::to_string(i));
 }
 
+TEST_F(OutcomesTest, AnIdHas128RandomBitsInHexadecimalDigits) {
+  std::set<char> seen[32];
+  for (int i = 0; i < 300; ++i) {
+    const std::string id = store.record("g1", {}).id;
+    ASSERT_EQ(id.substr(0, 8), "outcome-");
+    ASSERT_EQ(id.size(), 40u) << id;
+    for (std::size_t digit = 0; digit < 32; ++digit) seen[digit].insert(id[8 + digit]);
+  }
+  for (const auto& digits : seen) {
+    EXPECT_EQ(std::string(digits.begin(), digits.end()), "0123456789abcdef");
+  }
+}
+
 TEST_F(OutcomesTest, OfAGoalThatIsNotThereAreAnError) {
   EXPECT_THROW(store.outcomes("nope"), UnknownGoal);
   EXPECT_THROW(store.result("nope"), UnknownGoal);

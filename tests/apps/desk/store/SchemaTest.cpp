@@ -116,6 +116,16 @@ TEST(Schema, AnotherProgramsDatabaseIsRefusedUntouched) {
   EXPECT_EQ(errorOfOpening(file), file + ": is an SQLite database, but not a store of goals");
   EXPECT_EQ(folder.read("other.sqlite"), before);
 
+  for (const char* mark : {"PRAGMA user_version = 1", "PRAGMA application_id = 77"}) {
+    const std::string half = folder.file("half.sqlite");
+    RawDatabase(half).run(mark);
+    EXPECT_EQ(errorOfOpening(half), half + ": is an SQLite database, but not a store of goals");
+    std::filesystem::remove(half);
+  }
+  const std::string early = folder.file("early.sqlite");
+  RawDatabase(early).run("PRAGMA application_id = " + std::to_string(0x566D446B));
+  EXPECT_EQ(errorOfOpening(early), early + ": is damaged: it has no version");
+
   const std::string marked = folder.file("marked.sqlite");
   RawDatabase(marked).run("PRAGMA application_id = 77; PRAGMA user_version = 1");
   EXPECT_EQ(errorOfOpening(marked), marked + ": is an SQLite database, but not a store of goals");

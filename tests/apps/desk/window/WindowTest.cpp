@@ -219,11 +219,12 @@ TEST_F(WindowTest, AGoalThatIsShownStaysWhenItCannotBeLoadedAgain) {
   EXPECT_EQ(wait<QLineEdit>("vemra.goal.person.p1.outcome.note")->text(), "half a note");
 }
 
-TEST_F(WindowTest, AGoalThatCannotBeLoadedIsSaid) {
+TEST_F(WindowTest, AStoreThatIsNotAsItWasMadeIsSaid) {
   addSamples();
   RawDatabase(file).run("DROP TABLE coverage");
   open();
-  ASSERT_NE(wait<QWidget>("desk.failure"), nullptr);
+  ASSERT_NE(wait<QWidget>("desk.notice"), nullptr);
+  EXPECT_TRUE(texts("desk.notice").join(" ").contains("the table \"coverage\" is missing"));
 }
 
 // The program itself, as a user starts it.

@@ -1,0 +1,77 @@
+#include "apps/desk/store/Database.hpp"
+#include "apps/desk/store/StoreError.hpp"
+#include "apps/documents/DocumentError.hpp"
+
+#include <sqlite3.h>
+
+// The values of a row: each of the type that is expected, or a `StoreError` that names the row.
+
+namespace vemra::desk {
+
+std::string Statement::text(int column) {
+  if (sqlite3_column_type(statement_.get(), column) != SQLITE_TEXT) damaged(column, "a text");
+  const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
+  if (bytes == nullptr) database_->fail(SQLITE_NOMEM);
+  const int length = sqlite3_column_bytes(statement_.get(), column);
+  return {bytes, static_cast<std::size_t>(length)};
+}
+
+std::optional<std::string> Statement::optionalText(int column) {
+  const int type = sqlite3_column_type(statement_.get(), column);
+  if (type == SQLITE_NULL) return std::nullopt;
+  if (type != SQLITE_TEXT) damaged(column, "a text or NULL");
+  return text(column);
+}
+
+std::int64_t Statement::integer(int column) {
+  if (sqlite3_column_type(statement_.get(), column) != SQLITE_INTEGER) {
+    damaged(column, "an integer");
+  }
+  return sqlite3_column_int64(statement_.get(), column);
+}
+
+std::size_t Statement::index(int column) {
+  const std::int64_t value = integer(column);
+  if (value < 0) damaged(column, "0 or more");
+  return static_cast<std::size_t>(value);
+}
+
+void Statement::expectNull(int column) {
+  if (sqlite3_column_type(statement_.get(), column) != SQLITE_NULL) damaged(column, "NULL");
+}
+
+void Statement::expectPosition(int column, std::size_t due) {
+  if (integer(column) != static_cast<std::int64_t>(due)) damaged(column, std::to_string(due));
+}
+
+void Statement::damaged(int column, std::string_view expected) {
+  const auto nameOf = [&](int one) {
+    const char* name = sqlite3_column_name(statement_.get(), one);
+    return std::string(name != nullptr ? name : "?");
+  };
+  std::string problem = std::string("is damaged: ") + rows_.table;
+  for (int key = 0; key < rows_.keyColumns; ++key) {
+    problem += (key == 0 ? " (" : ", ") + nameOf(key) + ' ' + describe(key);
+  }
+  if (rows_.keyColumns > 0) problem += ')';
+  throw StoreError(database_->file(), problem + ": " + nameOf(column) + ": expected " +
+                                          std::string(expected) + "; found " + describe(column));
+}
+
+/// A value for a message, on one line and not longer than a message has room for.
+std::string Statement::describe(int column) {
+  switch (sqlite3_column_type(statement_.get(), column)) {
+    case SQLITE_NULL:
+      return "NULL";
+    case SQLITE_BLOB:
+      return "a blob";
+    case SQLITE_TEXT:
+      return documents::inQuotes(text(column));
+    default: {
+      const auto* number = sqlite3_column_text(statement_.get(), column);
+      return number != nullptr ? reinterpret_cast<const char*>(number) : "a number";
+    }
+  }
+}
+
+}  // namespace vemra::desk

@@ -1,0 +1,65 @@
+#include "apps/desk/store/Database.hpp"
+#include "apps/desk/store/StoreError.hpp"
+#include "tests/apps/TemporaryFolder.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace vemra::desk {
+namespace {
+
+class DistrustTest : public testing::Test {
+ protected:
+  std::string errorOf(const char* sql) {
+    try {
+      database.run(sql);
+    } catch (const StoreError& error) {
+      return error.what();
+    }
+    return "no error";
+  }
+
+  TemporaryFolder folder;
+  Database database{folder.file("goals.sqlite"), Database::Opening::orCreate, usualPatience};
+};
+
+TEST_F(DistrustTest, AConnectionNeitherTrustsASchemaNorWritesIt) {
+  EXPECT_EQ(database.number("PRAGMA trusted_schema"), 0);
+  EXPECT_EQ(database.number("PRAGMA cell_size_check"), 1);
+  EXPECT_EQ(database.number("PRAGMA foreign_keys"), 1);
+  database.run("CREATE TABLE t (a)");
+  EXPECT_NE(errorOf("PRAGMA writable_schema = ON; UPDATE sqlite_schema SET sql = ''"), "no error");
+}
+
+TEST_F(DistrustTest, ViewsAndAttachedFilesAreOff) {
+  database.run("CREATE VIEW v AS SELECT 1");
+  EXPECT_THAT(errorOf("SELECT * FROM v"), testing::HasSubstr("prohibited"));
+  EXPECT_NE(errorOf("ATTACH ':memory:' AS more"), "no error");
+}
+
+TEST_F(DistrustTest, TriggersRunButCannotCallTheStoresFunction) {
+  database.run(
+      "CREATE TABLE t (a); CREATE TABLE u (a);"
+      "CREATE TRIGGER copies AFTER INSERT ON t BEGIN INSERT INTO u VALUES (NEW.a); END;"
+      "INSERT INTO t VALUES (7)");
+  EXPECT_EQ(database.number("SELECT a FROM u"), 7);
+  EXPECT_NE(errorOf("CREATE TRIGGER asks AFTER INSERT ON u "
+                    "BEGIN SELECT same_text(NEW.a, NEW.a); END; INSERT INTO u VALUES (1)"),
+            "no error");
+}
+
+TEST_F(DistrustTest, AStatementThatIsMuchLongerThanOursIsRefused) {
+  std::string deep = "SELECT 1";
+  for (int i = 0; i < 60; ++i) deep += " + (1";
+  deep += std::string(60, ')');
+  EXPECT_NE(errorOf(deep.c_str()), "no error");
+  const std::string wide = "CREATE TABLE wide (a" + [] {
+    std::string columns;
+    for (int i = 0; i < 60; ++i) columns += ", c" + std::to_string(i);
+    return columns + ")";
+  }();
+  EXPECT_NE(errorOf(wide.c_str()), "no error");
+}
+
+}  // namespace
+}  // namespace vemra::desk
