@@ -26,7 +26,7 @@ void importDocuments(const Request& request, std::ostream& diagnostics) {
   results.reserve(request.documents.size());
   for (const std::string& document : request.documents) {
     results.push_back(documents::readResultFile(document));
-    if (const auto fault = faultIn(results.back())) {
+    if (const auto fault = faultOfImport(results.back())) {
       throw documents::DocumentError(document, fault->pointer, fault->problem);
     }
   }

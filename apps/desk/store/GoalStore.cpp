@@ -115,7 +115,7 @@ SharedArray<GoalOutcomeDTO> GoalStore::outcomes(const std::string& goalID) {
 
 std::vector<LeftOutOutcome> GoalStore::import(const std::vector<GetGoalSnapshotResponse>& results) {
   for (const GetGoalSnapshotResponse& result : results) {
-    refuseFault(database_, result, faultIn(result), "does not take in the result of");
+    refuseFault(database_, result, faultOfImport(result), "does not take in the result of");
   }
   Work work(database_, schema_, writing);
   std::vector<LeftOutOutcome> leftOut;

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <utility>
 #include <variant>
 
 namespace vemra::desk {
@@ -23,7 +24,49 @@ std::optional<ResultFault> faultAmong(const Candidates& candidates, const char* 
   return std::nullopt;
 }
 
+/// Adds up the texts of the lists of a result until they are too many.
+class TextCount {
+ public:
+  template <class Pointer>
+  void add(const SharedArray<std::string>& texts, const Pointer& pointer) {
+    if (fault_) return;
+    count_ += texts.size();
+    if (count_ <= mostTexts) return;
+    fault_ = ResultFault{pointer(), "expected at most " + std::to_string(mostTexts) +
+                                        " texts in the lists of a result; found " +
+                                        std::to_string(count_) + " up to here"};
+  }
+
+  std::optional<ResultFault> fault() { return std::move(fault_); }
+
+ private:
+  std::size_t count_ = 0;
+  std::optional<ResultFault> fault_;
+};
+
+/// The texts of each element of a list.
+template <class Elements, class Texts>
+void addEach(TextCount& count, const Elements& elements, Texts texts, const std::string& list,
+             const std::string& key) {
+  for (std::size_t i = 0; i < elements.size(); ++i) {
+    count.add(elements[i].*texts, [&] { return "/" + list + '/' + std::to_string(i) + '/' + key; });
+  }
+}
+
 }  // namespace
+
+std::optional<ResultFault> faultOfImport(const GetGoalSnapshotResponse& result) {
+  if (auto fault = faultIn(result)) return fault;
+  TextCount count;
+  count.add(result.goal.keywords, [] { return "/goal/keywords"; });
+  count.add(result.goal.constraints, [] { return "/goal/constraints"; });
+  count.add(result.goal.attachmentRefs, [] { return "/goal/attachmentRefs"; });
+  addEach(count, result.people, &GoalPersonCandidateDTO::evidenceIDs, "people", "evidenceIDs");
+  addEach(count, result.paths, &GoalPathCandidateDTO::personRefs, "paths", "personRefs");
+  addEach(count, result.group, &GoalGroupCandidateDTO::personRefs, "group", "personRefs");
+  count.add(result.coverage.sources, [] { return "/coverage/sources"; });
+  return count.fault();
+}
 
 std::optional<ResultFault> faultIn(const GetGoalSnapshotResponse& result) {
   if (auto fault = faultAmong(result.people, "people")) return fault;

@@ -2,12 +2,13 @@
 
 #include "VemraGoalEngine/GoalRecords.hpp"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 
 namespace vemra::desk {
 
-/// A value of a result that keeps the result out of the store.
+/// A value of a result with which the store does not take it in.
 struct ResultFault {
   std::string pointer;  ///< its place in the result document, as a JSON pointer (RFC 6901)
   std::string problem;  ///< "expected …; found …"
@@ -20,5 +21,14 @@ struct ResultFault {
 /// in nor hands out such a result: one document must not end the window at every start.
 /// - Returns: none when the result can be shown.
 std::optional<ResultFault> faultIn(const GetGoalSnapshotResponse& result);
+
+/// How many texts the lists of one result may have in all: keywords, constraints, attachments,
+/// sources, evidence of people, people of paths and groups. Each is a row of its own, so that one
+/// short document could keep the store busy for a minute; a million takes a few seconds.
+inline constexpr std::size_t mostTexts = 1'000'000;
+
+/// Finds what keeps a result from being taken in: the above, or the list that goes beyond
+/// `mostTexts`.
+std::optional<ResultFault> faultOfImport(const GetGoalSnapshotResponse& result);
 
 }  // namespace vemra::desk
