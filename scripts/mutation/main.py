@@ -96,7 +96,7 @@ def work(copy, folders, options):
         counts.append(count)
     for mutant in copy.mutants:
         known.reason(mutant)
-    for file, line, change in known.stale({m.file for f in folders for m in copy.mutants if belongs(m.file, f)}):
+    for file, line, change in known.stale({mutant.file for mutant in copy.mutants}):
         tree.say(f"{equivalents.LIST}: nothing matches any more: {file}: {line}: {change}")
     return counts
 

@@ -111,6 +111,8 @@ class Finder:
         if cursor.kind in SCOPES or cursor.kind in FUNCTIONS:
             self.declaration(cursor)
             return
+        if rules.SPEED_ONLY.match(self.of(cursor)) and cursor.kind == Kind.CALL_EXPR:
+            return
         children = list(cursor.get_children())
         rules.mutate(self, cursor, children, context)
         for child in children:

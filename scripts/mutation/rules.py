@@ -239,7 +239,11 @@ def return_statement(finder, cursor, children, context):
             finder.replace(from_, to, f"!({text})", "condition")
     elif context.returns is not None:
         result = context.returns.get_canonical()
-        if result.kind not in (TypeKind.LVALUEREFERENCE, TypeKind.RVALUEREFERENCE, TypeKind.VOID):
+        if result.kind == TypeKind.ENUM:
+            other = (f"static_cast<std::remove_cvref_t<decltype({text})>>"
+                     f"(static_cast<int>({text}) == 0)")
+            finder.add("expression", from_, to, other, f"{clipped(text)} -> another one", "constant")
+        elif result.kind not in (TypeKind.LVALUEREFERENCE, TypeKind.RVALUEREFERENCE, TypeKind.VOID):
             change = f"return {clipped(' '.join(text.split()))}; -> return {{}};"
             finder.add("statement", start, end, "return {};", change, "flow")
 

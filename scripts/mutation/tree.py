@@ -82,10 +82,12 @@ class Tree:
                 jobs.append((name, key, arguments_of(arguments, name)))
         if jobs:
             say(f"reading {len(jobs)} sources")
-        with concurrent.futures.ProcessPoolExecutor(max_workers=2) as pool:
-            for name, key, found in pool.map(read_one, jobs):
-                memory[name] = {"key": key, "mutants": found}
-        replace(self.memory, json.dumps(memory).encode())
+        try:
+            with concurrent.futures.ProcessPoolExecutor(max_workers=2) as pool:
+                for name, key, found in pool.map(read_one, jobs):
+                    memory[name] = {"key": key, "mutants": found}
+        finally:
+            replace(self.memory, json.dumps(memory).encode())
         self.mutants = [finder.Mutant(**m) for name in self.sources if name.startswith(folders)
                         for m in memory[name]["mutants"]]
 
@@ -96,7 +98,8 @@ class Tree:
         found = {}
         for entry in entries:
             words = shlex.split(entry["command"])
-            kept = [w for w in words if w.startswith(("-I", "-D", "-std", "-isystem", "/usr/include"))]
+            kept = [w for before, w in zip(["", *words], words)
+                    if before == "-isystem" or w.startswith(("-I", "-D", "-std", "-isystem"))]
             name = str(pathlib.Path(entry["file"]).resolve())
             # Headers are read where they are, not in the copy, which holds mutants.
             found[name.removeprefix(str(self.source) + "/")] = [
