@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -120,7 +121,7 @@ bool makeCanonical(std::string& identifier, const char* keyword,
   });
   if (!exists(name)) return false;
   // The longest identifier with the longest value in it has room.
-  std::array<char, 2 * ULOC_FULLNAME_CAPACITY> canonical{};
+  std::array<char, std::size_t{2} * ULOC_FULLNAME_CAPACITY> canonical{};
   identifier.copy(canonical.data(), canonical.size() - 1);
   uloc_setKeywordValue(keyword, name.c_str(), canonical.data(), canonical.size(), &status);
   identifier = canonical.data();

@@ -119,8 +119,8 @@ std::optional<TimeZoneFile> TimeZoneFile::parse(std::string_view content) {
   for (std::size_t index = 0; index < header.typeCount; ++index) {
     const std::int64_t offset = reader.number(4);
     reader.bytes(2);  // whether it is summer time, and what it is called
-    constexpr std::int64_t mostWest = -25 * 3600;
-    constexpr std::int64_t mostEast = 26 * 3600;
+    constexpr int mostWest = -25 * 3600;
+    constexpr int mostEast = 26 * 3600;
     if (offset <= mostWest || offset >= mostEast) return std::nullopt;
     offsets.push_back(static_cast<int>(offset));
   }
