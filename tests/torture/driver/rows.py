@@ -14,21 +14,28 @@ def cases(stand):
 
 
 def run(stand, random, case):
+    kind, _ = case
     copy_of_sample(stand)
-    connection = sqlite3.connect(stand.store, isolation_level=None)
-    connection.execute("PRAGMA foreign_keys = OFF")
-    kept = loosen(connection)
-    connection.close()
-    connection = sqlite3.connect(stand.store, isolation_level=None)
-    connection.execute("PRAGMA foreign_keys = OFF")
+    kept = None
+    if kind != "schema":
+        connection = opened(stand)
+        kept = loosen(connection)
+        connection.close()
+    connection = opened(stand)
     tables = [name for name, in connection.execute(
         "SELECT name FROM sqlite_schema WHERE type = 'table' AND name NOT LIKE 'sqlite_%'")]
     for _ in range(random.randint(1, 3)):
-        spoil(connection, random, case[0], tables)
-    if case[0] != "schema":  # as if the tables were as they ever were
+        spoil(connection, random, kind, tables)
+    if kept:  # as if the tables were as they ever were
         restore(connection, kept)
     connection.close()
     use(stand, random)
+
+
+def opened(stand):
+    connection = sqlite3.connect(stand.store, isolation_level=None)
+    connection.execute("PRAGMA foreign_keys = OFF")
+    return connection
 
 
 def loosen(connection):
@@ -71,6 +78,8 @@ def restore(connection, kept):
 def spoil(connection, random, kind, tables):
     table = random.choice(tables)
     columns = [row[1] for row in connection.execute(f'PRAGMA table_info("{table}")')]
+    if not columns:
+        return  # the table is gone by now
     column = random.choice(columns)
     try:
         if kind == "values":

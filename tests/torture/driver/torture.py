@@ -3,6 +3,7 @@ import argparse
 import importlib
 import pathlib
 import random
+import resource
 import sys
 import time
 
@@ -41,7 +42,6 @@ def torture(name, stand, options):
 
 
 def children():
-    import resource
     used = resource.getrusage(resource.RUSAGE_CHILDREN)
     return used.ru_utime + used.ru_stime
 
