@@ -1,9 +1,9 @@
 #include "VemraPlatform/text/Equality.hpp"
 
+#include "VemraPlatform/text/KeyedHash.hpp"
 #include "VemraPlatform/text/UTF8.hpp"
 
 #include <algorithm>
-#include <functional>
 #include <new>
 #include <stdexcept>
 
@@ -117,13 +117,13 @@ bool equalBeyondAGlance(std::string_view a, std::string_view b) {
 }
 
 std::size_t hash(std::string_view text) {
-  const std::hash<std::string_view> ofBytes;
+  const KeyedHash ofBytes = sipHash<1, 3>(text, processHashKey());
   // ASCII text is its own decomposition, and ill-formed text equals nothing but its own bytes.
-  if (isASCII(text) || !isWellFormed(text)) return ofBytes(text);
+  if (ofBytes.isASCII || !isWellFormed(text)) return static_cast<std::size_t>(ofBytes.value);
   std::string form;
   form.reserve(text.size() + text.size() / 2);
   for (const char32_t scalar : decomposed(text)) append(form, scalar);
-  return ofBytes(form);
+  return hashOfBytes(form);
 }
 
 }  // namespace vemra::text

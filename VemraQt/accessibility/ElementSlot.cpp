@@ -1,8 +1,6 @@
 #include "VemraQt/accessibility/ElementSlot.hpp"
 
-#include <functional>
-#include <string>
-#include <string_view>
+#include "VemraPlatform/text/KeyedHash.hpp"
 
 namespace vemra::qt {
 
@@ -10,7 +8,7 @@ using ui::ElementKind;
 
 namespace {
 
-/// One step down the tree, mixed into the path so far (64-bit FNV-1a over what makes the identity).
+/// One step down the tree, mixed into the path so far (what makes its identity).
 std::uint64_t step(std::uint64_t path, const ui::Node& node) {
   const auto mix = [&path](std::uint64_t value) {
     path = (path ^ value) * 0x100000001b3ULL;
@@ -23,10 +21,10 @@ std::uint64_t step(std::uint64_t path, const ui::Node& node) {
   if (node.isRow) {
     // The row that paths are counted from may stand anywhere; one inside it is known by its id.
     if (!isStart) {
-      for (const char c : node.rowID) mix(static_cast<unsigned char>(c));
+      mix(text::hashOfBytes(node.rowID));
     }
   } else if (identity.keyed) {
-    for (const char c : identity.key) mix(static_cast<unsigned char>(c));
+    mix(text::hashOfBytes(identity.key));
     mix(identity.occurrence);
   } else {
     mix(identity.slot);
@@ -71,9 +69,9 @@ void collect(const ui::Node& node, std::uint64_t path, ui::ViewGraph& graph,
 std::size_t hashOfShown(const ui::Element& element) {
   if (element.kind() == ElementKind::picker) {
     const auto& chosen = element.selection();
-    return chosen ? std::hash<std::string>()(chosen->name()) : 0;
+    return chosen ? text::hashOfBytes(chosen->name()) : 0;
   }
-  return std::hash<std::string_view>()(element.shownLabel());
+  return text::hashOfBytes(element.shownLabel());
 }
 
 std::vector<ElementSlot> elementsUnder(const ui::Node& node, ui::ViewGraph& graph) {

@@ -1,14 +1,15 @@
 #include "VemraQt/accessibility/RowIdentifiers.hpp"
 
+#include "VemraPlatform/text/KeyedHash.hpp"
+
 #include <algorithm>
-#include <functional>
 
 namespace vemra::qt {
 
 namespace {
 
 std::uint32_t hashOf(std::string_view identifier) {
-  return static_cast<std::uint32_t>(std::hash<std::string_view>()(identifier));
+  return static_cast<std::uint32_t>(text::hashOfBytes(identifier));
 }
 
 }  // namespace

@@ -16,14 +16,23 @@ std::optional<CaseStrings::Repetition> CaseStrings::putInOrder() {
     order_.emplace_back(text::hash(entries_[i].key), i);
   }
   std::ranges::sort(order_);
+  // Hashes differ from run to run, so all of them are looked at: the first repetition in the
+  // document is the one to report.
+  std::size_t repeated = entries_.size();
+  std::optional<Repetition> repetition;
   for (std::size_t i = 0; i < order_.size(); ++i) {
     for (std::size_t j = i + 1; j < order_.size() && order_[j].first == order_[i].first; ++j) {
       const std::string& first = entries_[order_[i].second].key;
       const std::string& second = entries_[order_[j].second].key;
-      if (text::equal(first, second)) return Repetition{first, second};
+      if (!text::equal(first, second)) continue;
+      if (order_[j].second < repeated) {
+        repeated = order_[j].second;
+        repetition = Repetition{first, second};
+      }
+      break;
     }
   }
-  return std::nullopt;
+  return repetition;
 }
 
 std::optional<std::string> CaseStrings::lookup(std::string_view key) const {

@@ -86,6 +86,16 @@ TEST(CaseTest, refusesTwoTranslationsOfOneKey) {
             "\"e\u0301\" again");
 }
 
+// Whatever the hashes of this run are: with many repetitions, the first one in the document.
+TEST(CaseTest, namesTheFirstRepetitionOfMany) {
+  std::string strings;
+  for (int i = 0; i < 50; ++i) strings += "\"a" + std::to_string(i) + "\": \"\", ";
+  for (int i = 49; i >= 0; --i) strings += "\"a" + std::to_string(i) + "\": \"\", ";
+  strings += "\"end\": \"\"";
+  EXPECT_EQ(errorIn(caseOf(nothing, ", \"strings\": {" + strings + "}")),
+            "case.json: /strings/a49: expected each key once; found \"a49\" again");
+}
+
 TEST(CaseTest, refusesOtherTables) {
   EXPECT_EQ(errorIn(caseOf(nothing, R"(, "strings": {"Save": null})")),
             "case.json: /strings/Save: expected a string; found null");
