@@ -24,6 +24,10 @@ struct Descriptor {
   }
 };
 
+[[noreturn]] void failAsTooLong(const std::string& path) {
+  throw DocumentError(path, "", "expected a file of at most 1 GiB; found a longer one");
+}
+
 [[noreturn]] void failToRead(const std::string& path, int error) {
   throw DocumentError(
       path, "",
@@ -38,6 +42,7 @@ std::string readSource(const std::string& path) {
 
   struct stat status {};
   const bool sizeKnown = ::fstat(file.number, &status) == 0 && S_ISREG(status.st_mode);
+  if (sizeKnown && status.st_size > static_cast<off_t>(longest)) failAsTooLong(path);
   std::string text;
   std::size_t length = 0;
   while (true) {
@@ -50,9 +55,7 @@ std::string readSource(const std::string& path) {
     if (count < 0) failToRead(path, errno);
     if (count == 0) break;
     length += static_cast<std::size_t>(count);
-    if (length > longest) {
-      throw DocumentError(path, "", "expected a file of at most 1 GiB; found a longer one");
-    }
+    if (length > longest) failAsTooLong(path);
   }
   text.resize(length);
   return text;

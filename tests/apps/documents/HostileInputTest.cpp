@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -125,6 +126,25 @@ TEST_F(SourceFileTest, saysWhatIsWrongWithAFile) {
             "expected a file that can be read; found an error: No such file or directory");
 }
 
+TEST_F(SourceFileTest, refusesMoreThanAGibibyteBeforeItIsRead) {
+  const std::string path = folder.write("long", "");
+  ASSERT_EQ(::truncate(path.c_str(), (off_t{1} << 30) + 1), 0);
+  EXPECT_EQ(error(path), "expected a file of at most 1 GiB; found a longer one");
+}
+
+TEST_F(SourceFileTest, leavesNoFileOpen) {
+  const std::string path = folder.write("case.json", sampleResult);
+  const auto nextDescriptor = [] {
+    const int descriptor = ::dup(STDERR_FILENO);
+    ::close(descriptor);
+    return descriptor;
+  };
+  const int before = nextDescriptor();
+  for (int i = 0; i < 3; ++i) readSource(path);
+  EXPECT_NE(error(folder.path().string()), "");
+  EXPECT_EQ(nextDescriptor(), before);
+}
+
 TEST_F(SourceFileTest, readsAPipeOfUnknownLength) {
   const std::string path = folder.file("pipe");
   ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
@@ -142,6 +162,7 @@ TEST_F(SourceFileTest, readsStandardInputUnderTheNameDash) {
   const int saved = ::dup(STDIN_FILENO);
   ASSERT_NE(std::freopen(folder.write("in", "[]").c_str(), "r", stdin), nullptr);
   EXPECT_EQ(error("-"), "expected an object; found an array");
+  EXPECT_NE(::fcntl(STDIN_FILENO, F_GETFD), -1) << "standard input must stay open";
   ::dup2(saved, STDIN_FILENO);
   ::close(saved);
 }
