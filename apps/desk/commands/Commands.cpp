@@ -30,8 +30,7 @@ void importDocuments(const Request& request, std::ostream& diagnostics) {
       throw documents::DocumentError(document, fault->pointer, fault->problem);
     }
   }
-  GoalStore store = GoalStore::open(storeFileToWrite(request));
-  for (const LeftOutOutcome& leftOut : store.import(results)) {
+  for (const LeftOutOutcome& leftOut : GoalStore::importInto(storeFileToWrite(request), results)) {
     diagnostics << request.documents[leftOut.document] << ": /outcomes/" << leftOut.outcome
                 << ": the outcome "
                 << documents::inQuotes(results[leftOut.document].outcomes[leftOut.outcome].id)

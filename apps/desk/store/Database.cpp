@@ -2,8 +2,11 @@
 
 #include "VemraPlatform/text/Equality.hpp"
 #include "apps/desk/store/Distrust.hpp"
+#include "apps/desk/store/FileLocks.hpp"
+#include "apps/desk/store/Problem.hpp"
 #include "apps/desk/store/StoreError.hpp"
 
+#include <cerrno>
 #include <cstring>
 #include <exception>
 #include <new>
@@ -12,31 +15,6 @@
 
 namespace vemra::desk {
 namespace {
-
-std::string problem(int code, sqlite3* connection) {
-  const int systemError = connection != nullptr ? sqlite3_system_errno(connection) : 0;
-  switch (code & 0xFF) {
-    case SQLITE_NOTADB:
-      return "is not an SQLite database";
-    case SQLITE_CANTOPEN:
-      return std::string("cannot be opened: ") +
-             (systemError != 0 ? std::strerror(systemError) : "its folder may be read-only");
-    case SQLITE_READONLY:
-      return code == SQLITE_READONLY_DIRECTORY ? "cannot be changed: its folder is read-only"
-                                               : "is read-only";
-    case SQLITE_CORRUPT:
-      return "is damaged";
-    case SQLITE_FULL:
-      return "cannot be changed: the disk is full";
-    case SQLITE_NOMEM:
-      return "needs more memory than there is";
-    case SQLITE_TOOBIG:
-      return "cannot hold a text as long as that";
-    default:
-      return std::string("failed: ") +
-             (connection != nullptr ? sqlite3_errmsg(connection) : sqlite3_errstr(code));
-  }
-}
 
 /// same_text(a, b): whether two texts are canonically equivalent; nil is the same as nothing.
 ///
@@ -60,6 +38,19 @@ void sameText(sqlite3_context* context, int, sqlite3_value** values) noexcept {
   }
 }
 
+/// What must not depend on how somebody has built SQLite.
+///
+/// - synchronous: what is acknowledged survives a loss of power, in write-ahead mode too.
+/// - mmap_size: a disk that fails under a mapped file ends the process by a signal.
+/// - locking_mode: others work on the same store.
+constexpr const char* settings = R"sql(
+PRAGMA synchronous = FULL;
+PRAGMA mmap_size = 0;
+PRAGMA locking_mode = NORMAL;
+PRAGMA foreign_keys = ON;
+PRAGMA recursive_triggers = OFF;
+PRAGMA cell_size_check = ON)sql";
+
 }  // namespace
 
 void Database::Close::operator()(sqlite3* connection) const {
@@ -70,17 +61,31 @@ Database::Database(const std::string& file, Opening opening, Patience patience)
     : file_(file, opening), patience_(patience) {
   sqlite3* connection = nullptr;
   const int manner = file_.isAtRest() ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+  errno = 0;
   const int code = sqlite3_open_v2(file_.uri().c_str(), &connection,
                                    manner | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int error = errno;
   connection_.reset(connection);
-  if (code != SQLITE_OK) fail(code);
+  if (code != SQLITE_OK) fail(connection != nullptr ? sqlite3_extended_errcode(connection) : code);
+  // Where the system refuses to open a file for writing, SQLite opens it for reading and says no
+  // word. Such a connection would never write again.
+  if (file_.isForWriting() && sqlite3_db_readonly(connection, "main") != 0) {
+    throw StoreFailure(file, std::string("cannot be opened for writing: ") +
+                                 (error != 0 ? std::strerror(error) : "it is read-only"));
+  }
+  file_.noteFile();
+  confirmPlace();
   sqlite3_extended_result_codes(connection, 1);
   sqlite3_busy_timeout(connection, static_cast<int>(patience.count()));
   sqlite3_create_function_v2(connection, "same_text", 2,
                              SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY, nullptr,
                              sameText, nullptr, nullptr, nullptr);
   distrustContents(connection);
-  run("PRAGMA foreign_keys = ON; PRAGMA cell_size_check = ON");
+  run(settings);
+}
+
+Database::~Database() {
+  if (connection_) settleLog();
 }
 
 void Database::run(const char* sql) {
@@ -94,9 +99,72 @@ std::int64_t Database::number(const char* sql) {
   return statement.next() ? statement.integer(0) : 0;
 }
 
+std::int64_t Database::version() {
+  return version_ = number("PRAGMA data_version");
+}
+
+void Database::accept() {
+  file_.keep();
+  Statement mode(*this, "PRAGMA journal_mode");
+  mode.query();
+  const bool hasLog = mode.next() && mode.text(0) == "wal";
+  while (mode.next()) {
+  }
+  if (hasLog) file_.noteCompanions();
+  version();
+}
+
+std::optional<std::string> Database::displacement() {
+  if (auto displacement = file_.displacement()) return displacement;
+  // The path again, as SQLite knows it: it may have opened the file just before that was replaced.
+  int hasMoved = 0;
+  sqlite3_file_control(handle(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
+  if (hasMoved != 0) return "was replaced by another file while it was open";
+  return std::nullopt;
+}
+
+void Database::confirmPlace() {
+  if (const auto displacement = this->displacement()) throw StoreMoved(file(), *displacement);
+}
+
+bool Database::mayBeAnothersLog() {
+  const std::optional<FileIdentity> successor = identityAt(file_.path());
+  if (!successor) return false;
+  const auto holders = lockHolders(*successor);
+  if (holders && holders->empty()) return false;
+  const std::int64_t before = version_;
+  return version() != before;
+}
+
+void Database::settleLog() {
+  if (file_.isAtRest() || identityAt(file_.path()) == file_.identity()) return;
+  try {
+    if (mayBeAnothersLog()) return;
+  } catch (const std::exception&) {
+    return;
+  }
+  const int code =
+      sqlite3_wal_checkpoint_v2(handle(), "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
+  if (code == SQLITE_OK) file_.removeCompanions();
+}
+
 void Database::fail(int code) {
-  if ((code & 0xFF) == SQLITE_BUSY) throw StoreBusy(file());
-  throw StoreError(file(), problem(code, handle()));
+  switch (code & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_PROTOCOL:  // somebody was quicker at every single try
+      throw StoreBusy(file());
+    case SQLITE_CONSTRAINT:
+    case SQLITE_TOOBIG:
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      throw StoreError(file(), problem(code, handle()));
+    case SQLITE_READONLY:
+      if (code == SQLITE_READONLY_DBMOVED) confirmPlace();
+      break;
+    default:
+      break;
+  }
+  throw StoreFailure(file(), problem(code, handle()));
 }
 
 void Statement::Finalize::operator()(sqlite3_stmt* statement) const {
@@ -161,17 +229,30 @@ void Statement::reset() {
 }
 
 Transaction::Transaction(Database& database, Kind kind) : database_(database) {
+  database.confirmPlace();
   database.run(kind == Kind::writing ? "BEGIN IMMEDIATE" : "BEGIN");
+  try {
+    database.confirmPlace();  // it has waited for others meanwhile
+  } catch (const StoreMoved&) {
+    rollBack();
+    throw;
+  }
 }
 
 Transaction::~Transaction() {
   // A failure may have rolled everything back already; then there is nothing left to do.
-  if (open_) sqlite3_exec(database_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+  if (open_) rollBack();
+}
+
+void Transaction::rollBack() noexcept {
+  sqlite3_exec(database_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
 void Transaction::commit() {
+  database_.confirmPlace();
   database_.run("COMMIT");
   open_ = false;
+  database_.confirmPlace();
 }
 
 }  // namespace vemra::desk

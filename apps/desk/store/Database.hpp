@@ -27,8 +27,14 @@ class Database {
  public:
   using Opening = DatabaseFile::Opening;
 
-  /// Opens the file. Nothing in it is looked at yet, so what is no database is noticed later.
+  /// Opens the file, which must be a database, or empty.
   Database(const std::string& file, Opening opening, Patience patience);
+
+  Database(Database&&) = default;
+  Database& operator=(Database&&) = default;
+  /// When the file has been moved away meanwhile, brings into it what stands in its log only, and
+  /// removes that log: SQLite would take it into the next database at the same path.
+  ~Database();
 
   const std::string& file() const { return file_.name(); }
   Patience patience() const { return patience_; }
@@ -39,8 +45,22 @@ class Database {
   /// The one number that a query gives.
   std::int64_t number(const char* sql);
 
+  /// A number that changes when another connection changes the database.
+  std::int64_t version();
+
+  /// To be called when the database has turned out to be the right one: its file stays, and from
+  /// now on `confirmPlace` looks after its log as well.
+  void accept();
+
+  /// Makes sure that the file is still the one at its path, with the same log; throws a
+  /// `StoreMoved` otherwise. What is written into another file is lost to everybody else.
+  void confirmPlace();
+
   /// After reading: makes sure that it was one state of the file, or throws a `StoreError`.
   void confirm() const { file_.confirm(); }
+
+  /// Which file SQLite has open.
+  FileIdentity identity() const { return file_.identity(); }
 
   /// The last failure of this connection as a `StoreError`.
   [[noreturn]] void fail(int code);
@@ -52,9 +72,16 @@ class Database {
     void operator()(sqlite3* connection) const;
   };
 
+  std::optional<std::string> displacement();
+  void settleLog();
+  /// After the file has moved: whether somebody has opened another file at its path and may have
+  /// written into our log, which has the name of theirs.
+  bool mayBeAnothersLog();
+
   DatabaseFile file_;
   Patience patience_;
   std::unique_ptr<sqlite3, Close> connection_;
+  std::int64_t version_ = 0;  // when it was last asked for
 };
 
 /// How errors name the rows of a query: by a table and the columns that tell its rows apart.
@@ -131,6 +158,8 @@ class Statement {
 };
 
 /// A transaction: all of what happens in its scope, or, without `commit`, none of it.
+///
+/// At its beginning and at its end the file must be at its path (`Database::confirmPlace`).
 class Transaction {
  public:
   /// A reading one sees one state of the store throughout. A writing one waits for other writers
@@ -142,9 +171,13 @@ class Transaction {
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;
 
+  /// Throws a `StoreMoved` also when the file has gone while the change was being written: then it
+  /// may be in the file that was moved, and is not acknowledged.
   void commit();
 
  private:
+  void rollBack() noexcept;
+
   Database& database_;
   bool open_ = true;
 };

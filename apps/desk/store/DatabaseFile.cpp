@@ -2,8 +2,8 @@
 
 #include "apps/desk/store/StoreError.hpp"
 
+#include <algorithm>
 #include <cerrno>
-#include <cstdint>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
@@ -33,32 +33,15 @@ std::filesystem::path absolutePath(const std::string& file) {
   throw StoreError(file, std::string("cannot be opened: ") + std::strerror(error));
 }
 
-/// Makes a file that is not there.
-///
-/// Only such a one is opened and closed here: closing one that SQLite has open elsewhere in this
-/// process would drop its locks.
-void make(const std::string& file, const std::filesystem::path& path) {
-  const int made = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-  if (made >= 0) ::close(made);
-  if (made < 0 && errno != EEXIST) {
-    throw StoreError(file, std::string("cannot be made: ") + std::strerror(errno));
-  }
-}
-
 /// Whether this user may write there; on a file system that is read-only nobody may.
 bool mayBeWritten(const std::string& path) {
   return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
-/// The size of a file; 0 when there is none.
-std::int64_t sizeOf(const std::string& path) {
-  struct stat status {};
-  return ::stat(path.c_str(), &status) == 0 ? std::int64_t{status.st_size} : 0;
-}
-
 /// Whether SQLite keeps something beside the file: somebody has it open, or was killed meanwhile.
 bool isInUse(const std::string& path) {
-  return sizeOf(path + "-shm") > 0 || sizeOf(path + "-wal") > 0 || sizeOf(path + "-journal") > 0;
+  return std::any_of(companionSuffixes.begin(), companionSuffixes.end(),
+                     [&](const char* suffix) { return sizeOf(path + suffix) > 0; });
 }
 
 /// What changes when somebody writes the file.
@@ -88,11 +71,13 @@ std::string uriOf(std::string_view path) {
 
 }  // namespace
 
-DatabaseFile::DatabaseFile(const std::string& name, Opening opening) : name_(name) {
-  const std::filesystem::path given = absolutePath(name);
-  if (opening == Opening::orCreate) make(name, given);
+DatabaseFile::DatabaseFile(const std::string& name, Opening opening)
+    : name_(name),
+      given_(absolutePath(name).string()),
+      access_(opening == Opening::existing ? Access::reading : Access::writing) {
+  if (opening == Opening::orCreate) newFile_ = NewFile(name, given_);
   struct stat status {};
-  if (::stat(given.c_str(), &status) != 0) failToOpen(name, errno);
+  if (::stat(given_.c_str(), &status) != 0) failToOpen(name, errno);
   if (!S_ISREG(status.st_mode)) {
     throw StoreError(name, "cannot be opened: not a file");  // a pipe would keep us waiting
   }
@@ -100,23 +85,30 @@ DatabaseFile::DatabaseFile(const std::string& name, Opening opening) : name_(nam
     throw StoreError(name, "is not an SQLite database");
   }
   std::error_code error;
-  const std::filesystem::path real = std::filesystem::canonical(given, error);
+  const std::filesystem::path real = std::filesystem::canonical(given_, error);
   if (error) failToOpen(name, error.value());
   path_ = real.string();
   uri_ = uriOf(path_);
 
+  checkOwners(name, path_, access_);
   const bool isWritable = mayBeWritten(path_);
-  const bool isFolderWritable = mayBeWritten(real.parent_path().string());
-  if (opening == Opening::orCreate) {
+  if (access_ == Access::writing) {
     if (!isWritable) throw StoreError(name, "is read-only");
-  } else if (!(isWritable && isFolderWritable)) {
+    return;
+  }
+  // Files that a reader makes beside another user's store would keep that user from it; those that
+  // root makes, SQLite gives to the owner of the store.
+  const bool isOnlyLent = ::geteuid() != 0 && belongsToAnotherUser(path_);
+  const bool mayHaveFilesMade = mayBeWritten(real.parent_path().string()) && !isOnlyLent;
+  if (!(isWritable && mayHaveFilesMade)) {
     if (!isInUse(path_)) {
       stateAtRest_ = stateOf(path_);
       uri_ += "?immutable=1";
-    } else if (!isFolderWritable && sizeOf(path_ + "-shm") == 0) {
-      throw StoreError(name,
-                       "has changes in a log beside it, which cannot be read in a folder "
-                       "that is read-only");
+    } else if (!mayHaveFilesMade && sizeOf(path_ + "-shm") == 0) {
+      throw StoreError(
+          name, isOnlyLent ? "has changes in a log beside it, which only its owner can take up"
+                           : "has changes in a log beside it, which cannot be read in a "
+                             "folder that is read-only");
     }
   }
 }
@@ -125,6 +117,38 @@ void DatabaseFile::confirm() const {
   if (!isAtRest()) return;
   if (isInUse(path_) || stateOf(path_) != stateAtRest_) {
     throw StoreError(name_, "was changed by another program while it was read");
+  }
+}
+
+void DatabaseFile::noteFile() {
+  identity_ = identityAt(given_);
+}
+
+void DatabaseFile::noteCompanions() {
+  if (isAtRest()) return;
+  checkOwners(name_, path_, access_);
+  for (std::size_t i = 0; i < companions_.size(); ++i) {
+    companions_[i] = identityAt(path_ + companionSuffixes[i]);
+  }
+}
+
+std::optional<std::string> DatabaseFile::displacement() const {
+  const std::optional<FileIdentity> now = identityAt(given_);
+  if (!now) return "was moved or removed while it was open";
+  if (now != identity_) return "was replaced by another file while it was open";
+  for (std::size_t i = 0; i < companions_.size(); ++i) {
+    const std::string companion = path_ + companionSuffixes[i];
+    if (companions_[i] && identityAt(companion) != companions_[i]) {
+      return "was open while the file " + companion + " beside it was moved, removed or replaced";
+    }
+  }
+  return std::nullopt;
+}
+
+void DatabaseFile::removeCompanions() const {
+  for (std::size_t i = 0; i < companions_.size(); ++i) {
+    const std::string companion = path_ + companionSuffixes[i];
+    if (companions_[i] && identityAt(companion) == companions_[i]) ::unlink(companion.c_str());
   }
 }
 

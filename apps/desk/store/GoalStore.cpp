@@ -35,6 +35,19 @@ void useWriteAheadLog(Database& database) {
   }
 }
 
+/// Another process may remove the empty file that it has made just when this one has opened it.
+template <class Open>
+auto despiteRemovals(const Open& open) {
+  constexpr int tries = 3;
+  for (int i = 1; i < tries; ++i) {
+    try {
+      return open();
+    } catch (const StoreMoved&) {
+    }
+  }
+  return open();
+}
+
 /// The present moment as an internet date-time in UTC.
 std::string now() {
   const std::time_t time = std::time(nullptr);
@@ -65,10 +78,46 @@ void refuseFault(const Database& database, const GetGoalSnapshotResponse& result
 }  // namespace
 
 GoalStore GoalStore::open(const std::string& file, Patience patience) {
-  Database database(file, Database::Opening::orCreate, patience);
-  prepareSchema(database);
+  return despiteRemovals([&] {
+    Database database(file, Database::Opening::orCreate, patience);
+    prepareSchema(database);
+    useWriteAheadLog(database);
+    database.accept();
+    return GoalStore(std::move(database));
+  });
+}
+
+GoalStore GoalStore::reopen(const std::string& file, Patience patience) {
+  if (!identityAt(file)) throw StoreMoved(file, "was moved or removed while it was open");
+  Database database(file, Database::Opening::existingToWrite, patience);
+  // Tables are not made here: somebody may be about to copy a store into an empty file.
+  if (!hasSchema(database)) throw StoreError(file, "is empty, and was a store before");
   useWriteAheadLog(database);
+  database.accept();
   return GoalStore(std::move(database));
+}
+
+std::vector<LeftOutOutcome> GoalStore::importInto(
+    const std::string& file, const std::vector<GetGoalSnapshotResponse>& results,
+    Patience patience) {
+  return despiteRemovals([&] {
+    GoalStore store(Database(file, Database::Opening::orCreate, patience));
+    if (hasSchema(store.database_)) {
+      useWriteAheadLog(store.database_);
+      store.database_.accept();
+      return store.import(results);
+    }
+    Transaction transaction(store.database_, writing);
+    prepareSchemaWithin(store.database_);
+    std::vector<LeftOutOutcome> leftOut = store.importWithin(results);
+    transaction.commit();
+    try {
+      useWriteAheadLog(store.database_);
+    } catch (const StoreError&) {
+      // The import is done; the next one to open the store sets its mode.
+    }
+    return leftOut;
+  });
 }
 
 std::optional<GoalStore> GoalStore::openExisting(const std::string& file) {
@@ -78,6 +127,7 @@ std::optional<GoalStore> GoalStore::openExisting(const std::string& file) {
   if (missing && std::filesystem::is_directory(path.parent_path(), error)) return std::nullopt;
   Database database(file, Database::Opening::existing, usualPatience);
   if (!hasSchema(database)) return std::nullopt;
+  database.accept();
   return GoalStore(std::move(database));
 }
 
@@ -114,10 +164,17 @@ SharedArray<GoalOutcomeDTO> GoalStore::outcomes(const std::string& goalID) {
 }
 
 std::vector<LeftOutOutcome> GoalStore::import(const std::vector<GetGoalSnapshotResponse>& results) {
+  Work work(database_, schema_, writing);
+  std::vector<LeftOutOutcome> leftOut = importWithin(results);
+  work.commit();
+  return leftOut;
+}
+
+std::vector<LeftOutOutcome> GoalStore::importWithin(
+    const std::vector<GetGoalSnapshotResponse>& results) {
   for (const GetGoalSnapshotResponse& result : results) {
     refuseFault(database_, result, faultOfImport(result), "does not take in the result of");
   }
-  Work work(database_, schema_, writing);
   std::vector<LeftOutOutcome> leftOut;
   for (std::size_t i = 0; i < results.size(); ++i) {
     std::optional<std::int64_t> goal = find(results[i].goal.id);
@@ -130,7 +187,6 @@ std::vector<LeftOutOutcome> GoalStore::import(const std::vector<GetGoalSnapshotR
       leftOut.push_back({i, outcome});
     }
   }
-  work.commit();
   return leftOut;
 }
 
@@ -179,7 +235,8 @@ std::vector<std::optional<std::string>> GoalStore::names(
 }
 
 std::int64_t GoalStore::version() {
-  return database_.number("PRAGMA data_version");
+  database_.confirmPlace();
+  return database_.version();
 }
 
 std::optional<std::int64_t> GoalStore::find(const std::string& goalID) {

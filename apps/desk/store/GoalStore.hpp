@@ -34,12 +34,23 @@ struct LeftOutOutcome {
 /// whole or not at all, also when the process is killed in the middle of it. Goals are found by
 /// their id under canonical equivalence; all strings are kept byte for byte.
 ///
-/// Every call may throw a `StoreError`. One thread at a time; another thread opens its own.
+/// Every call may throw a `StoreError`. When somebody has moved, removed or replaced the file that
+/// was opened, each throws a `StoreMoved`, and nothing is acknowledged. One thread at a time; another thread opens its own.
 class GoalStore {
  public:
   /// Opens a store for reading and writing. A file that is not there is made, its folder is not.
   /// When another process keeps the store for longer than `patience`, calls throw a `StoreBusy`.
   static GoalStore open(const std::string& file, Patience patience = usualPatience);
+
+  /// Opens a store again that was open before. Makes nothing: throws a `StoreMoved` when there is no
+  /// file at its path, and a `StoreError` when there is one that is no store (yet).
+  static GoalStore reopen(const std::string& file, Patience patience = usualPatience);
+
+  /// Opens a store and imports into it, as `open` and `import` do. When a store is made for it and
+  /// the import fails, no file is left behind.
+  static std::vector<LeftOutOutcome> importInto(const std::string& file,
+                                                const std::vector<GetGoalSnapshotResponse>& results,
+                                                Patience patience = usualPatience);
 
   /// Opens a store to read from it, changing nothing; it may be read-only. None when there is no
   /// such file: nothing has been stored there yet. Its folder must be there.
@@ -79,9 +90,13 @@ class GoalStore {
   /// A number that changes when another connection changes the store.
   std::int64_t version();
 
+  /// Which file is open.
+  FileIdentity identity() const { return database_.identity(); }
+
  private:
   explicit GoalStore(Database database) : database_(std::move(database)) {}
 
+  std::vector<LeftOutOutcome> importWithin(const std::vector<GetGoalSnapshotResponse>& results);
   std::optional<std::int64_t> find(const std::string& goalID);
   std::int64_t findOrThrow(const std::string& goalID);
   std::string idOf(std::int64_t goal);

@@ -83,11 +83,15 @@ bool hasSchema(Database& database) {
 void prepareSchema(Database& database) {
   if (hasSchema(database)) return;
   Transaction transaction(database, Transaction::Kind::writing);
+  prepareSchemaWithin(database);
+  transaction.commit();
+}
+
+void prepareSchemaWithin(Database& database) {
   if (hasSchemaNow(database)) return;  // another process was faster
   for (const SchemaObject& object : tablesOfVersion1()) database.run(object.sql.c_str());
   database.run(("PRAGMA application_id = " + std::to_string(applicationID)).c_str());
   database.run(("PRAGMA user_version = " + std::to_string(schemaVersion)).c_str());
-  transaction.commit();
 }
 
 void SchemaWatch::confirm(Database& database) {

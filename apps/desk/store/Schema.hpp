@@ -25,6 +25,9 @@ inline constexpr int schemaVersion = 1;
 /// Throws a `StoreError` for anything else; the file is then as it was.
 void prepareSchema(Database& database);
 
+/// The same inside a writing transaction, of which the tables become a part.
+void prepareSchemaWithin(Database& database);
+
 /// Says whether the file is a store, or throws a `StoreError` when it is something else. False
 /// means that it has no tables yet. Changes nothing.
 bool hasSchema(Database& database);

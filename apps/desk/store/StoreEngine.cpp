@@ -10,6 +10,26 @@
 namespace vemra::desk {
 namespace {
 
+/// Does `work` with the open store. After a failure of the connection the next turn opens the store
+/// anew. That goes for a store in use, too: a lock that this connection could not give back looks
+/// like another program's.
+template <class Answer>
+Answer working(StoreThread& thread, GoalStore& store,
+               const std::function<Answer(GoalStore&)>& work) {
+  try {
+    return work(store);
+  } catch (const StoreMoved&) {
+    thread.giveUp(StoreThread::Moved::yes);
+    throw;
+  } catch (const StoreFailure&) {
+    thread.giveUp(StoreThread::Moved::no);
+    throw;
+  } catch (const StoreBusy&) {
+    thread.giveUp(StoreThread::Moved::no);
+    throw;
+  }
+}
+
 /// Does `work` with the store, on the store's thread.
 ///
 /// Keeps the thread and the work until the work has ended, with an answer or an exception, and
@@ -21,10 +41,10 @@ task::Task<Answer> onThread(std::shared_ptr<StoreThread> thread,
   {
     // The arguments themselves live until the frame is destroyed, which may be much later.
     const std::shared_ptr<StoreThread> worker = std::move(thread);
-    const std::function<Answer(GoalStore&)> working = std::move(work);
+    const std::function<Answer(GoalStore&)> ownWork = std::move(work);
     auto turn = worker->turn();
     GoalStore& store = co_await turn;
-    answer.emplace(working(store));
+    answer.emplace(working(*worker, store, ownWork));
   }
   co_return *std::move(answer);
 }
@@ -39,12 +59,19 @@ task::Task<GetGoalSnapshotResponse> StoreEngine::getGoalSnapshot(std::string goa
       thread_, [goalID = std::move(goalID)](GoalStore& store) { return store.result(goalID); });
 }
 
-task::Task<GoalOutcomeDTO> StoreEngine::record(std::string goalID,
-                                               GoalOutcomeRecordingInput input) {
-  return onThread<GoalOutcomeDTO>(
-      thread_, [goalID = std::move(goalID), input = std::move(input)](GoalStore& store) {
-        return store.record(goalID, input);
-      });
+task::Task<GoalOutcomeDTO> StoreEngine::record(std::string goalID, GoalOutcomeRecordingInput input,
+                                               std::optional<std::uint64_t> storeNumber) {
+  return onThread<GoalOutcomeDTO>(thread_, [goalID = std::move(goalID), input = std::move(input),
+                                            storeNumber, thread = thread_](GoalStore& store) {
+    if (storeNumber && *storeNumber != thread->storeNumber()) {
+      throw StoreError(thread->file(), "was replaced by another file while it was open");
+    }
+    return store.record(goalID, input);
+  });
+}
+
+std::uint64_t StoreEngine::storeNumber() const {
+  return thread_->storeNumber();
 }
 
 task::Task<std::vector<GoalListing>> StoreEngine::goals() {
@@ -79,7 +106,10 @@ task::Task<std::vector<std::optional<std::string>>> StoreEngine::names(
 }
 
 task::Task<std::int64_t> StoreEngine::version() {
-  return onThread<std::int64_t>(thread_, &GoalStore::version);
+  return onThread<std::int64_t>(thread_, [thread = thread_](GoalStore& store) {
+    // SQLite counts in 32 bits, from the opening.
+    return (thread->openings() << 32) + store.version();
+  });
 }
 
 void StoreEngine::finish() {

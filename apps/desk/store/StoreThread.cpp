@@ -1,5 +1,6 @@
 #include "apps/desk/store/StoreThread.hpp"
 
+#include <atomic>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
@@ -27,9 +28,27 @@ struct StoreThread::Work {
     store.reset();
   }
 
+  GoalStore& openStore() {
+    if (!store) {
+      store.emplace(lastFile ? GoalStore::reopen(file, patience) : GoalStore::open(file, patience));
+      ++openings;
+      // A number of its own also when the system gives the new file the inode of the one removed.
+      if (lastFile && (hasMoved || lastFile != store->identity())) ++storeNumber;
+      lastFile = store->identity();
+      hasMoved = false;
+    }
+    return *store;
+  }
+
   const std::string file;
   const Patience patience;
-  std::optional<GoalStore> store;  // touched by the thread alone
+  std::atomic<std::uint64_t> storeNumber = 0;
+
+  // Touched by the thread alone:
+  std::optional<GoalStore> store;
+  std::int64_t openings = 0;
+  std::optional<FileIdentity> lastFile;  // the last one that was opened
+  bool hasMoved = false;                 // it has left its path
 
   std::mutex mutex;
   std::condition_variable changed;
@@ -68,9 +87,24 @@ void StoreThread::Turn::await_suspend(std::coroutine_handle<> waiter) {
 }
 
 GoalStore& StoreThread::Turn::await_resume() {
-  Work& work = *thread_.work_;
-  if (!work.store) work.store.emplace(GoalStore::open(work.file, work.patience));
-  return *work.store;
+  return thread_.work_->openStore();
+}
+
+void StoreThread::giveUp(Moved moved) {
+  work_->store.reset();
+  if (moved == Moved::yes) work_->hasMoved = true;
+}
+
+std::int64_t StoreThread::openings() const {
+  return work_->openings;
+}
+
+std::uint64_t StoreThread::storeNumber() const {
+  return work_->storeNumber;
+}
+
+const std::string& StoreThread::file() const {
+  return work_->file;
 }
 
 }  // namespace vemra::desk

@@ -26,6 +26,8 @@ namespace vemra::desk {
 namespace {
 
 constexpr int millisecondsBetweenLooks = 400;
+constexpr const char* loadingGoals = "The goals could not be loaded.";
+constexpr const char* loadingGoal = "The goal could not be loaded.";
 
 /// What a failed task has to say; "" for one that succeeded.
 template <class T>
@@ -104,9 +106,10 @@ void DeskWindow::loadGoals() {
 
 void DeskWindow::takeGoals(task::Result<std::vector<GoalListing>> result) {
   if (const QString failure = failureOf(result); !failure.isEmpty()) {
-    tellFailure("The goals could not be loaded. " + failure, [this] { loadGoals(); });
+    tellLoadingFailure(loadingGoals, failure, [this] { loadGoals(); });
     return;
   }
+  told_.remove(loadingGoals);
   const std::vector<GoalListing> goals = std::move(result).take();
   if (!goalID_ && !goals.empty()) goalID_ = goals.front().id;
   goals_->setGoals(goals, goalID_.value_or(""));
@@ -122,51 +125,64 @@ void DeskWindow::takeGoals(task::Result<std::vector<GoalListing>> result) {
 void DeskWindow::openGoal(const std::string& goalID) {
   if (goalID_ && text::equal(*goalID_, goalID)) return;
   goalID_ = goalID;
+  told_.remove(loadingGoal);
   closeSide();
   loadSnapshot();
 }
 
 void DeskWindow::loadSnapshot() {
   const std::string goalID = *goalID_;
+  const std::uint64_t store = engine_->storeNumber();
   startOnMainThread(*this, GoalResultProjectionReader::makeSnapshot(engine_, goalID),
-                    [this, goalID](auto result) { takeSnapshot(goalID, std::move(result)); });
+                    [this, goalID, store](auto result) {
+                      if (engine_->storeNumber() == store) {
+                        takeSnapshot(goalID, store, std::move(result));
+                      } else if (goalID_ == goalID) {
+                        loadSnapshot();  // another store is there; the result may be of either
+                      }
+                    });
 }
 
-void DeskWindow::takeSnapshot(const std::string& goalID,
+void DeskWindow::takeSnapshot(const std::string& goalID, std::uint64_t store,
                               task::Result<GoalResultSnapshotV1> result) {
   if (goalID_ != goalID) return;  // the reader has gone on to another goal
   if (const QString failure = failureOf(result); !failure.isEmpty()) {
     if (shownGoalID_ == goalID) {  // the screen stays, with the editors that are open in it
       centre_->setCurrentWidget(screen_);
-      tellFailure("The goal could not be loaded. " + failure, [this] { loadSnapshot(); });
+      tellLoadingFailure(loadingGoal, failure, [this] { loadSnapshot(); });
     } else {
       failure_->setReason(failure);
       centre_->setCurrentWidget(failure_);
     }
     return;
   }
+  told_.remove(loadingGoal);
   const ui::View view = GoalResultView(
       std::move(result).take(), [this](const std::string& personRef) { openPerson(personRef); },
       [this](const std::string& evidenceID) { showEvidence(evidenceID); },
       [this](const GoalPathCandidateDTO& path) { showPath(path); },
-      [this, goalID](const GoalOutcomeRecordingInput& input) { record(goalID, input); });
+      [this, goalID, store](const GoalOutcomeRecordingInput& input) {
+        record(goalID, input, store);
+      });
   // The id keeps an editor that is open in one goal from appearing in the next.
   screen_->setRoot(view.id(goalID));
   shownGoalID_ = goalID;
   centre_->setCurrentWidget(screen_);
 }
 
-void DeskWindow::record(const std::string& goalID, const GoalOutcomeRecordingInput& input) {
-  startOnMainThread(*this, engine_->record(goalID, input), [this, goalID, input](auto result) {
-    if (const QString failure = failureOf(result); !failure.isEmpty()) {
-      // Its editor has closed: what was written must not be lost to the next failure.
-      unrecorded_.emplace_back(goalID, input);
-      tellFailure("The outcome was not recorded. " + failure);
-      return;
-    }
-    loadSnapshot();
-    if (refreshSide_) refreshSide_();
-  });
+void DeskWindow::record(const std::string& goalID, const GoalOutcomeRecordingInput& input,
+                        std::uint64_t store) {
+  startOnMainThread(*this, engine_->record(goalID, input, store),
+                    [this, goalID, input](auto result) {
+                      if (const QString failure = failureOf(result); !failure.isEmpty()) {
+                        // Its editor has closed: what was written must not be lost to the next failure.
+                        unrecorded_.emplace_back(goalID, input);
+                        tellFailure("The outcome was not recorded. " + failure);
+                        return;
+                      }
+                      loadSnapshot();
+                      if (refreshSide_) refreshSide_();
+                    });
 }
 
 void DeskWindow::tellFailure(const QString& text, std::function<void()> again) {
@@ -175,9 +191,29 @@ void DeskWindow::tellFailure(const QString& text, std::function<void()> again) {
     return;
   }
   notice_->show(text, [this, again = std::move(again)] {
-    for (const auto& [goalID, input] : std::exchange(unrecorded_, {})) record(goalID, input);
+    for (const auto& [goalID, input] : std::exchange(unrecorded_, {})) {
+      record(goalID, input, engine_->storeNumber());
+    }
     if (again) again();
   });
+}
+
+void DeskWindow::tellLoadingFailure(const QString& what, const QString& failure,
+                                    std::function<void()> again) {
+  if (std::exchange(told_[what], failure) == failure) return;
+  if (!again) {
+    tellFailure(what + ' ' + failure);
+    return;
+  }
+  tellFailure(what + ' ' + failure, [this, what, again = std::move(again)] {
+    told_.remove(what);
+    again();
+  });
+}
+
+QString DeskWindow::remarkOnUnrecorded() const {
+  if (unrecorded_.empty()) return {};
+  return QString(" Outcomes that are not recorded yet: %1.").arg(unrecorded_.size());
 }
 
 void DeskWindow::addSampleGoals() {
@@ -196,12 +232,14 @@ void DeskWindow::lookUp(Ask ask, const QString& failure, Show show) {
     startOnMainThread(*this, ask(), [this, failure, show, wanted = ++sideRequest_](auto result) {
       if (wanted != sideRequest_) return;  // closed, or another thing was asked for since
       if (const QString why = failureOf(result); !why.isEmpty()) {
-        tellFailure(failure + ' ' + why);
+        tellLoadingFailure(failure, why);
       } else {
+        told_.remove(failure);
         show(std::move(result).take());
       }
     });
   };
+  told_.remove(failure);
   refreshSide_();
 }
 
@@ -240,10 +278,17 @@ void DeskWindow::lookForChanges() {
   startOnMainThread(*this, engine_->version(), [this](auto result) {
     looking_ = false;
     const QString failure = failureOf(result);
-    if (failure != std::exchange(lookingFailed_, failure) && !failure.isEmpty()) {
-      tellFailure("The store could not be read. " + failure);
+    const QString before = std::exchange(lookingFailed_, failure);
+    if (!failure.isEmpty()) {
+      if (failure != before) {
+        tellFailure("The store could not be read. " + failure + remarkOnUnrecorded());
+      }
+      return;
     }
-    if (!failure.isEmpty()) return;
+    if (!before.isEmpty()) {
+      tellFailure("The store is shown as it is now, after it could not be read. " + before +
+                  remarkOnUnrecorded());
+    }
     const std::int64_t version = std::move(result).take();
     if (std::exchange(version_, version).value_or(version) == version) return;
     loadGoals();

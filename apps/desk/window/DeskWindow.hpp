@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include <QHash>
 #include <QMainWindow>
 
 class QStackedWidget;
@@ -48,8 +49,11 @@ class DeskWindow : public QMainWindow {
   void takeGoals(task::Result<std::vector<GoalListing>> result);
   void openGoal(const std::string& goalID);
   void loadSnapshot();
-  void takeSnapshot(const std::string& goalID, task::Result<GoalResultSnapshotV1> result);
-  void record(const std::string& goalID, const GoalOutcomeRecordingInput& input);
+  /// - Parameter store: the number of the store (`StoreEngine::storeNumber`) that the result is of.
+  void takeSnapshot(const std::string& goalID, std::uint64_t store,
+                    task::Result<GoalResultSnapshotV1> result);
+  void record(const std::string& goalID, const GoalOutcomeRecordingInput& input,
+              std::uint64_t store);
   void addSampleGoals();
 
   /// Asks for something, now and whenever the store has changed, and shows it beside the screen.
@@ -66,6 +70,10 @@ class DeskWindow : public QMainWindow {
   void lookForChanges();
   /// Shows a failure; trying again also records what could not be recorded so far.
   void tellFailure(const QString& text, std::function<void()> again = nullptr);
+  /// Shows that something could not be loaded; once, however often the window tries by itself.
+  void tellLoadingFailure(const QString& what, const QString& failure,
+                          std::function<void()> again = nullptr);
+  QString remarkOnUnrecorded() const;
   QWidget* makePanes();
 
   std::shared_ptr<StoreEngine> engine_;
@@ -77,7 +85,8 @@ class DeskWindow : public QMainWindow {
   std::function<void()> refreshSide_;    // asks once more for what the side pane shows
   std::optional<std::int64_t> version_;  // of the store, when it was last looked at
   bool looking_ = false;
-  QString lookingFailed_;  // what was said about it last
+  QString lookingFailed_;         // what was said about it last
+  QHash<QString, QString> told_;  // of what could not be loaded: the failure shown
 
   GoalList* goals_;
   QStackedWidget* centre_;

@@ -1,11 +1,11 @@
 #include "apps/desk/store/GoalStore.hpp"
-#include "apps/desk/store/StoreError.hpp"
 #include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/store/AsNobody.hpp"
+#include "tests/apps/desk/store/ErrorOf.hpp"
 
 #include <map>
-#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -16,20 +16,6 @@ namespace fs = std::filesystem;
 
 constexpr auto readable = fs::perms(0444);
 constexpr auto enterable = fs::perms(0555);
-
-/// Acts with the rights of nobody for a while, when the tests run with those of root.
-class AsNobody {
- public:
-  AsNobody() {
-    if (::geteuid() == 0) wasRoot_ = ::seteuid(65534) == 0;
-  }
-  ~AsNobody() {
-    if (wasRoot_ && ::seteuid(0) != 0) ADD_FAILURE() << "the rights did not come back";
-  }
-
- private:
-  bool wasRoot_ = false;
-};
 
 class ReadOnlyStoreTest : public testing::Test {
  protected:
@@ -132,15 +118,10 @@ TEST_F(ReadOnlyStoreTest, ALogThatCannotBeTakenUpIsNotLeftOut) {
   }
   fs::permissions(folder.path(), enterable);
   const AsNobody rights;
-  std::string said = "no error";
-  try {
-    GoalStore::openExisting(copy)->goals();
-  } catch (const StoreError& error) {
-    said = error.what();
-  }
-  EXPECT_EQ(said, copy +
-                      ": has changes in a log beside it, which cannot be read in a folder "
-                      "that is read-only");
+  EXPECT_EQ(errorOf([&] { GoalStore::openExisting(copy)->goals(); }),
+            copy +
+                ": has changes in a log beside it, which cannot be read in a folder "
+                "that is read-only");
 }
 
 TEST_F(ReadOnlyStoreTest, AChangeWhileItIsReadIsNoticed) {
@@ -154,14 +135,6 @@ TEST_F(ReadOnlyStoreTest, AChangeWhileItIsReadIsNoticed) {
   fs::permissions(file, fs::perms(0644));
   fs::permissions(folder.path(), fs::perms(0755));
   GoalStore::open(file).import({goal("g1", "Changed")});
-  const auto errorOf = [&](const auto& act) -> std::string {
-    try {
-      act();
-    } catch (const StoreError& error) {
-      return error.what();
-    }
-    return "no error";
-  };
   const std::string changed = file + ": was changed by another program while it was read";
   EXPECT_EQ(errorOf([&] { store->goals(); }), changed);
   EXPECT_EQ(errorOf([&] { store->result("g1"); }), changed);

@@ -1,8 +1,8 @@
 #include "apps/desk/store/GoalStore.hpp"
-#include "apps/desk/store/StoreError.hpp"
 #include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/store/ErrorOf.hpp"
 
 #include <sys/stat.h>
 
@@ -14,15 +14,6 @@ namespace {
 
 using testing::HasSubstr;
 using testing::StartsWith;
-
-std::string errorOf(const std::function<void()>& act) {
-  try {
-    act();
-  } catch (const StoreError& error) {
-    return error.what();
-  }
-  return "no error";
-}
 
 std::string errorOfOpening(const std::string& file) {
   const std::string writing = errorOf([&] { GoalStore::open(file); });

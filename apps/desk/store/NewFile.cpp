@@ -1,0 +1,50 @@
+#include "apps/desk/store/NewFile.hpp"
+
+#include "apps/desk/store/StoreError.hpp"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace vemra::desk {
+
+// Only a file that was not there is opened and closed here: closing one that SQLite has open
+// elsewhere in this process would drop its locks.
+NewFile::NewFile(const std::string& name, const std::string& path) : path_(path) {
+  const int made = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+  if (made < 0) {
+    if (errno == EEXIST) return;
+    throw StoreError(name, std::string("cannot be made: ") + std::strerror(errno));
+  }
+  struct stat status {};
+  if (::fstat(made, &status) == 0) made_ = FileIdentity{status.st_dev, status.st_ino};
+  ::close(made);
+}
+
+NewFile::NewFile(NewFile&& other) noexcept
+    : path_(std::move(other.path_)), made_(std::exchange(other.made_, std::nullopt)) {}
+
+NewFile& NewFile::operator=(NewFile&& other) noexcept {
+  removeIfEmpty();
+  path_ = std::move(other.path_);
+  made_ = std::exchange(other.made_, std::nullopt);
+  return *this;
+}
+
+NewFile::~NewFile() {
+  removeIfEmpty();
+}
+
+void NewFile::removeIfEmpty() const {
+  if (!made_ || identityAt(path_) != made_ || sizeOf(path_) > 0) return;
+  // What lies beside the file belongs to a change that another process has begun.
+  for (const char* suffix : companionSuffixes) {
+    if (sizeOf(path_ + suffix) > 0) return;
+  }
+  ::unlink(path_.c_str());
+}
+
+}  // namespace vemra::desk

@@ -1,0 +1,86 @@
+#include "apps/desk/store/GoalStore.hpp"
+#include "tests/apps/TemporaryFolder.hpp"
+#include "tests/apps/desk/RawDatabase.hpp"
+#include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/store/ErrorOf.hpp"
+#include "tests/apps/desk/store/SystemCallFault.hpp"
+
+#include <cerrno>
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+namespace vemra::desk {
+namespace {
+
+using Call = SystemCallFault::Call;
+
+class FirstImportTest : public testing::Test {
+ protected:
+  bool isEmptyFolder() const { return std::filesystem::is_empty(folder.path()); }
+
+  TemporaryFolder folder;
+  std::string file = folder.file("goals.sqlite");
+};
+
+TEST_F(FirstImportTest, MakesAStoreWithALog) {
+  EXPECT_TRUE(GoalStore::importInto(file, {goal("g1", "One")}).empty());
+  EXPECT_EQ(GoalStore::openExisting(file)->goals().size(), 1u);
+  EXPECT_EQ(RawDatabase(file).value("PRAGMA journal_mode"), "wal");
+}
+
+TEST_F(FirstImportTest, ReportsWhatItLeavesOut) {
+  GoalStore::importInto(file, {goal("g1", "One", {outcome("o1", "p1", {})})});
+  const auto leftOut = GoalStore::importInto(file, {goal("g1", "One", {outcome("o1", "p2", {})})});
+  EXPECT_EQ(leftOut.size(), 1u);
+  EXPECT_EQ(GoalStore::open(file).outcomes("g1").size(), 1u);
+}
+
+TEST_F(FirstImportTest, LeavesNoFileBehindWhenItFails) {
+  const std::pair<Call, const char*> faults[] = {
+      {Call::open, "goals.sqlite"},           {Call::open, "goals.sqlite-journal"},
+      {Call::openForWriting, "goals.sqlite"}, {Call::openForWriting, "goals.sqlite-journal"},
+      {Call::read, "goals.sqlite"},           {Call::write, "goals.sqlite"},
+      {Call::write, "goals.sqlite-journal"},  {Call::lock, "goals.sqlite"}};
+  for (const auto& [call, name] : faults) {
+    const SystemCallFault fault(call, EIO, name, SystemCallFault::always);
+    const std::string error = errorOf([&] { GoalStore::importInto(file, {goal("g1", "One")}); });
+    EXPECT_GT(fault.count(), 0) << static_cast<int>(call) << name;
+    EXPECT_NE(error, "no error") << static_cast<int>(call) << name;
+    EXPECT_TRUE(isEmptyFolder()) << static_cast<int>(call) << name << error;
+  }
+}
+
+TEST_F(FirstImportTest, LeavesNoFileBehindWhenAGoalIsRefused) {
+  auto refused = goal("g1", "One");
+  refused.people = {{"p1", "Ada", GoalWhyDTO::connection(INT64_MIN), {}}};
+  EXPECT_NE(errorOf([&] { GoalStore::importInto(file, {refused}); }), "no error");
+  EXPECT_TRUE(isEmptyFolder());
+}
+
+TEST_F(FirstImportTest, KeepsTheEmptyFileOfSomebodyElse) {
+  folder.write("goals.sqlite", "");
+  const SystemCallFault fault(Call::write, EIO, "goals.sqlite", SystemCallFault::always);
+  EXPECT_NE(errorOf([&] { GoalStore::importInto(file, {goal("g1", "One")}); }), "no error");
+  EXPECT_TRUE(std::filesystem::exists(file));
+}
+
+TEST_F(FirstImportTest, WithoutEffectAlsoLeavesNoStoreOfAWindowBehind) {
+  const SystemCallFault fault(Call::write, ENOSPC, "goals.sqlite", SystemCallFault::always);
+  EXPECT_EQ(errorOf([&] { GoalStore::open(file); }),
+            file + ": cannot be changed: the disk is full");
+  EXPECT_TRUE(isEmptyFolder());
+}
+
+// Copying onto a store empties the file first: the copy must not lose its file in that moment.
+TEST_F(FirstImportTest, AStoreThatWasMadeHereStaysWhenSomebodyEmptiesIt) {
+  {
+    const GoalStore store = GoalStore::open(file);
+    std::filesystem::resize_file(file, 0);
+    for (const char* suffix : {"-wal", "-shm"}) std::filesystem::remove(file + suffix);
+  }
+  EXPECT_TRUE(std::filesystem::exists(file));
+}
+
+}  // namespace
+}  // namespace vemra::desk

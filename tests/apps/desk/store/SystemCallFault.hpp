@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+namespace vemra::desk {
+
+/// Lets a system call of SQLite's fail for a while, in this process.
+///
+/// SQLite makes its calls through a table that a program may change; so the whole of SQLite, and all
+/// that this project builds upon it, runs as it does on a machine where the call fails. One at a
+/// time.
+class SystemCallFault {
+ public:
+  enum class Call { openForWriting, open, read, write, lock, unlock };
+
+  /// - Parameter error: the errno of the call that fails.
+  /// - Parameter nameEnding: only files whose names end so.
+  /// - Parameter times: how many calls fail, from now on.
+  SystemCallFault(Call call, int error, std::string nameEnding, int times);
+  SystemCallFault(const SystemCallFault&) = delete;
+  SystemCallFault& operator=(const SystemCallFault&) = delete;
+  ~SystemCallFault();
+
+  static constexpr int always = 1 << 30;
+
+  /// How many calls have failed so far.
+  int count() const;
+};
+
+}  // namespace vemra::desk

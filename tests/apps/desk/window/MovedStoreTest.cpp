@@ -1,0 +1,121 @@
+#include "VemraPlatform/task/Start.hpp"
+#include "tests/apps/desk/RawDatabase.hpp"
+#include "tests/apps/desk/window/OpenDesk.hpp"
+
+#include <filesystem>
+
+#include <QLineEdit>
+
+namespace vemra::desk {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A window whose store is moved, removed or replaced.
+class MovedStoreWindowTest : public OpenDesk {
+ protected:
+  MovedStoreWindowTest() { GoalStore::open(file).import({goal("g1", "One")}); }
+
+  bool notices(const std::string& text) const {
+    return becomes(
+        [&] { return texts("desk.notice").join("\n").contains(QString::fromStdString(text)); });
+  }
+  std::string notice() const { return texts("desk.notice").join("\n").toStdString(); }
+
+  void replaceBy(const std::string& goalID, const std::string& title) const {
+    const std::string backup = folder.file("backup.sqlite");
+    GoalStore::open(backup).import({goal(goalID, title)});
+    fs::rename(backup, file);
+  }
+
+  std::size_t recorded() const { return GoalStore::openExisting(file)->outcomes("g1").size(); }
+
+  const std::string person = "vemra.goal.person.p1";
+  const std::string away = folder.file("away.sqlite");
+};
+
+TEST_F(MovedStoreWindowTest, AStoreThatIsGoneIsNoticedWithoutAnythingBeingPressed) {
+  open();
+  wait<QAbstractButton>(person + ".outcome.start");
+  fs::remove(file);
+  EXPECT_TRUE(notices("goals.sqlite: was moved or removed while it was open")) << notice();
+}
+
+TEST_F(MovedStoreWindowTest, AnOutcomeForAStoreThatIsGoneIsKeptAndRecordedWhenItIsBack) {
+  open();
+  press(person + ".outcome.start");
+  wait<QLineEdit>(person + ".outcome.note")->setText("kept");
+  fs::rename(file, away);
+  press(person + ".outcome.save");
+  EXPECT_TRUE(notices("The outcome was not recorded.")) << notice();
+  EXPECT_TRUE(notices("was moved or removed while it was open")) << notice();
+  EXPECT_TRUE(notices("The store could not be read.")) << notice();
+  EXPECT_FALSE(fs::exists(file));
+
+  fs::rename(away, file);
+  EXPECT_TRUE(notices("The store is shown as it is now")) << notice();
+  EXPECT_TRUE(notices("Outcomes that are not recorded yet: 1.")) << notice();
+  EXPECT_EQ(recorded(), 0u) << "only when the user says so";
+  press("desk.notice.again");
+  ASSERT_NE(wait<QAbstractButton>(person + ".outcome.correct"), nullptr) << notice();
+  EXPECT_EQ(recorded(), 1u);
+}
+
+TEST_F(MovedStoreWindowTest, AStoreThatTookItsPlaceIsShownAndNothingGoesIntoItUnasked) {
+  open();
+  press(person + ".outcome.start");
+  replaceBy("g1", "Of the backup");
+  press(person + ".outcome.save");
+  EXPECT_TRUE(notices("was replaced by another file while it was open")) << notice();
+  EXPECT_TRUE(becomes([&] { return shows("Of the backup", "desk.goals"); }));
+  pass(600);
+  EXPECT_EQ(recorded(), 0u);
+  EXPECT_TRUE(notices("was replaced by another file while it was open")) << notice();
+  press("desk.notice.again");
+  EXPECT_TRUE(becomes([&] { return recorded() == 1; })) << notice();
+}
+
+TEST_F(MovedStoreWindowTest, AnOutcomeOfAGoalThatTheNewStoreDoesNotHaveIsKept) {
+  open();
+  press(person + ".outcome.start");
+  replaceBy("g9", "Of the backup");
+  press(person + ".outcome.save");
+  EXPECT_TRUE(notices("was replaced by another file while it was open")) << notice();
+  EXPECT_TRUE(becomes([&] { return shows("Of the backup", "desk.goals"); }));
+  press("desk.notice.again");
+  EXPECT_TRUE(notices("has no goal with the id \"g1\"")) << notice();
+  EXPECT_NE(find<QAbstractButton>("desk.notice.again"), nullptr) << "it is still there to be tried";
+  EXPECT_EQ(RawDatabase(file).value("SELECT count(*) FROM outcomes"), "0");
+}
+
+TEST_F(MovedStoreWindowTest, WhatTheScreenStillShowsOfTheOldStoreIsNotRecordedInTheNewOne) {
+  open();
+  press(person + ".outcome.start");
+  wait<QAbstractButton>(person + ".outcome.save");
+  replaceBy("g1", "Of the backup");
+  // The store is looked at, and the new one opened, before the window hears of it.
+  for (int i = 0; i < 2; ++i) {
+    try {
+      task::wait(engine->version());
+    } catch (const std::exception&) {
+    }
+  }
+  press(person + ".outcome.save");
+  EXPECT_TRUE(notices("was replaced by another file while it was open")) << notice();
+  EXPECT_EQ(recorded(), 0u);
+}
+
+TEST_F(MovedStoreWindowTest, AFailureToLoadIsToldOnceHoweverOftenTheWindowTriesByItself) {
+  open();
+  wait<QAbstractButton>(person + ".outcome.start");
+  replaceBy("g9", "Of the backup");
+  EXPECT_TRUE(notices("The goal could not be loaded.")) << notice();
+  press("desk.notice.dismiss");
+  GoalStore::open(file).import({goal("g8", "More")});
+  EXPECT_TRUE(becomes([&] { return shows("More", "desk.goals"); }));
+  pass(300);
+  EXPECT_EQ(find<QAbstractButton>("desk.notice.dismiss"), nullptr) << notice();
+}
+
+}  // namespace
+}  // namespace vemra::desk
