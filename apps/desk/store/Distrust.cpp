@@ -8,10 +8,9 @@ namespace vemra::desk {
 namespace {
 
 constexpr std::pair<int, int> switches[] = {
-    {SQLITE_DBCONFIG_DEFENSIVE, 1},        // nobody writes the schema or the log's mode by hand
-    {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},   // no functions in checks, indexes and triggers
-    {SQLITE_DBCONFIG_ENABLE_VIEW, 0},      // a store has none
-    {SQLITE_DBCONFIG_WRITABLE_SCHEMA, 0},  // nor does a schema with errors pass
+    {SQLITE_DBCONFIG_DEFENSIVE, 1},       // nobody writes the schema or the log's mode by hand
+    {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},  // no functions in checks, indexes and triggers
+    {SQLITE_DBCONFIG_ENABLE_VIEW, 0},     // a store has none
 };
 
 /// A little more than the store's own statements and tables need.

@@ -49,7 +49,8 @@ void Statement::damaged(int column, std::string_view expected) {
     const char* name = sqlite3_column_name(statement_.get(), one);
     return std::string(name != nullptr ? name : "?");
   };
-  std::string problem = std::string("is damaged: ") + rows_.table;
+  std::string problem =
+      std::string("is damaged: ") + (*rows_.table != '\0' ? rows_.table : "a query");
   for (int key = 0; key < rows_.keyColumns; ++key) {
     problem += (key == 0 ? " (" : ", ") + nameOf(key) + ' ' + describe(key);
   }

@@ -116,6 +116,29 @@ TEST_F(ForeignSchemaTest, ATriggerThatComesWhileAStoreIsOpenNeverRuns) {
   EXPECT_EQ(store.outcomes("g").size(), 2u) << "the store must go on";
 }
 
+TEST_F(ForeignSchemaTest, AStoreThatIsEmptiedWhileItIsOpenIsAnError) {
+  GoalStore store = GoalStore::open(file);
+  ASSERT_EQ(store.goals().size(), 1u);
+  std::string drops =
+      "PRAGMA application_id = 0; PRAGMA user_version = 0; "
+      "PRAGMA writable_schema = RESET; DROP TRIGGER outcomes_stay; ";
+  for (const SchemaObject& object : tablesOfVersion1()) {
+    if (object.type == std::string_view("table"))
+      drops += std::string("DROP TABLE ") + object.name + ";";
+  }
+  RawDatabase other(file);
+  ASSERT_EQ(other.run(drops), "");
+  ASSERT_EQ(other.run("PRAGMA writable_schema = ON; DELETE FROM sqlite_schema; "
+                      "PRAGMA schema_version = 4711"),
+            "");
+  try {
+    store.goals();
+    ADD_FAILURE() << "there are no goals";
+  } catch (const StoreError& error) {
+    EXPECT_EQ(error.what(), file + ": is damaged: it has no tables");
+  }
+}
+
 TEST_F(ForeignSchemaTest, AStoreOfVersion1IsReadAndWritten) {
   file = folder.file("version-1.sqlite");
   ASSERT_EQ(RawDatabase(file).run(TemporaryFolder::readFile(VEMRA_STORE_OF_VERSION_1)), "");
