@@ -51,8 +51,8 @@ Identity identityOf(const View& view, std::size_t slot) {
 
 std::vector<RowIdentity> rowIdentities(const RowSource& rows,
                                        const std::vector<std::size_t>& indexes) {
+  if (indexes.empty()) return {};
   std::vector<RowIdentity> identities;
-  if (indexes.empty()) return identities;
   ByKey<std::size_t> seen;
   for (std::size_t index : indexes) seen.emplace(rows.key(index), 0);
   auto wanted = indexes.begin();
@@ -71,7 +71,6 @@ std::vector<RowIdentity> rowIdentities(const RowSource& rows,
 std::vector<std::size_t> locateRows(const RowSource& rows,
                                     const std::vector<RowIdentity>& identities) {
   std::vector<std::size_t> places(identities.size(), absentRow);
-  if (identities.empty()) return places;
   struct Sought {
     std::size_t seen = 0;
     std::vector<std::size_t> positions;  // of the identities with this key

@@ -13,12 +13,6 @@ namespace {
 // More passes than any screen needs to come to rest; a loop of writes is a programmer's error.
 constexpr int maximumPasses = 10'000;
 
-int depthOf(const Node* node) {
-  int depth = 0;
-  for (; node->parent; node = node->parent) ++depth;
-  return depth;
-}
-
 }  // namespace
 
 ViewGraph::ViewGraph(Environment environment) : environment_(std::move(environment)) {}
@@ -195,13 +189,11 @@ void ViewGraph::changeRenderer() {
 }
 
 void ViewGraph::describeDirty() {
-  std::vector<std::pair<int, NodeID>> dirty;
-  for (NodeID id : std::exchange(dirty_, {})) {
-    if (const Node* node = find(id)) dirty.emplace_back(depthOf(node), id);
-  }
-  // Outer ones first: describing one may describe, or remove, those inside it.
+  std::vector<NodeID> dirty = std::exchange(dirty_, {});
+  // Outer ones first: describing one may describe, or remove, those inside it. A node is made after
+  // those above it and stays below them, so that its id is larger than theirs.
   std::ranges::sort(dirty);
-  for (const auto& [depth, id] : dirty) {
+  for (const NodeID id : dirty) {
     Node* node = mutableNode(id);
     if (node && node->describedInPass != pass_) describeComposite(*node, emissionOf(*node));
   }

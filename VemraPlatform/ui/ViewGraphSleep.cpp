@@ -60,7 +60,6 @@ NodeID ViewGraph::lookAtRow(NodeID id, std::size_t index) {
   if (busy_) return {};
 
   busy_ = true;  // a row's closure may ask the graph for something: after this
-  ++pass_;
   NodeID row;
   try {
     row = lookAt(*forEach, index);

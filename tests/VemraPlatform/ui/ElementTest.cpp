@@ -1,3 +1,4 @@
+#include "tests/Allocations.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
 
 #include <functional>
@@ -64,6 +65,7 @@ TEST(ElementTest, SaysNothingOfWhatItsKindHasNot) {
   EXPECT_EQ(text.rowCount(), 0U);
   EXPECT_EQ(text.compositeName(), "");
   EXPECT_EQ(text.buttonStyle(), ButtonStyle::automatic);
+  EXPECT_EQ(text.padding(), Insets{});
   EXPECT_EQ(elementOf(Group({})).label(), nullptr);
   EXPECT_EQ(elementOf(Group({})).shownLabel(), "");
 }
@@ -125,6 +127,14 @@ TEST(ElementTest, IsEqualExactlyWhenNothingSeenOrHeardDiffers) {
   EXPECT_EQ(elementOf(Counter{"a"}), elementOf(Counter{"b"}));
   EXPECT_FALSE(Element(Text("a"), Style{}, {}) ==
                Element(Text("a"), Style{.font = Font::caption}, {}));
+}
+
+TEST(ElementTest, AllocatesNothingWhereNothingIsReadOrTranslated) {
+  const View view = Text("a");
+  const Environment environment;
+  const auto before = testing::allocations();
+  { const Element element(view, Style{}, environment); }
+  EXPECT_EQ(testing::allocations(), before) << "ten thousand rows are mostly such elements";
 }
 
 }  // namespace vemra::ui

@@ -1,4 +1,4 @@
-#include "tests/VemraPlatform/ui/Sample.hpp"
+#include "tests/VemraPlatform/ui/Lending.hpp"
 
 #include <stdexcept>
 #include <string>
@@ -248,6 +248,17 @@ TEST(EventDeathTest, ATreeThatNeverComesToRestStops) {
     return View();
   };
   EXPECT_DEATH(graph.setRoot(Body{again}), "vemra::ui: the tree never comes to rest in Body");
+}
+
+TEST(EventDeathTest, AViewWhoseStateIsWrittenWithoutEndIsNamed) {
+  ViewGraph graph;
+  Window window;
+  const auto lent = borrowed();
+  graph.setRoot(Group({Text("x"), Lending{lent}}));
+  window.onApply = [&](const std::vector<Patch>&) {
+    (*lent)->set(&Counter::State::count, (**lent)->count + 1);
+  };
+  EXPECT_DEATH(graph.attach(window), "vemra::ui: the tree never comes to rest in Lending");
 }
 
 TEST(EventDeathTest, DestroyingTheGraphFromInsideStops) {

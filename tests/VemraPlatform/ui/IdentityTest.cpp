@@ -232,4 +232,14 @@ TEST(IdentityLawsTest, EqualIdentitiesHashEqually) {
   EXPECT_NE(IdentityHash()(one), IdentityHash()(second));
 }
 
+TEST(IdentityLawsTest, KindBranchSlotAndKeyEachChangeTheHash) {
+  const auto hash = [](const View& view, std::size_t slot = 1) {
+    return IdentityHash()(identityOf(view, slot));
+  };
+  EXPECT_NE(hash(it()), hash(Group({})));
+  EXPECT_NE(hash(inBranch(1, it())), hash(inBranch(2, it())));
+  EXPECT_NE(hash(it(), 1), hash(it(), 2));
+  EXPECT_NE(hash(it().id("a")), hash(it().id("b")));
+}
+
 }  // namespace vemra::ui

@@ -69,6 +69,13 @@ TEST(ModifierTest, EachGivesANewViewAndLeavesTheOld) {
   EXPECT_EQ(after.description().modifiers.size(), 1U);
 }
 
+TEST(ModifierTest, AViewThatNobodyElseHoldsTakesItInPlace) {
+  View view = plain();
+  const Description* const before = &view.description();
+  const View after = std::move(view).padding(1).font(Font::caption);
+  EXPECT_EQ(&after.description(), before) << "ten thousand rows are not copied once a modifier";
+}
+
 TEST(ModifierTest, FontForegroundAndDisabledReachDown) {
   const Style style = inside(around(around(plain()))
                                  .font(Font::caption)
@@ -150,6 +157,9 @@ TEST(ModifierTest, OfSeveralWeightsTheInnermostWins) {
 TEST(ModifierTest, PaddingAddsUpByEdge) {
   EXPECT_EQ(elementOf(plain().padding(24)).padding(), (Insets{24, 24, 24, 24}));
   EXPECT_EQ(elementOf(plain().padding(Edges::vertical, 4)).padding(), (Insets{4, 0, 4, 0}));
+  EXPECT_EQ(elementOf(plain().font(Font::body).padding(5).labelsHidden().padding(1)).padding(),
+            (Insets{6, 6, 6, 6}))
+      << "whatever stands between";
   EXPECT_EQ(elementOf(plain().padding(Edges::vertical, 4).padding(Edges::horizontal, 3).padding(1))
                 .padding(),
             (Insets{5, 4, 5, 4}));

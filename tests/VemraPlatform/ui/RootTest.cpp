@@ -52,6 +52,14 @@ TEST(RootTest, ARootFromInsideApplyOrABodyIsTakenUpAfterwards) {
   EXPECT_EQ(difference(graph, window.tree), "");
 }
 
+TEST(RootTest, EveryNodeThatIsMadeIsCountedOnce) {
+  ViewGraph graph;
+  graph.setRoot(Group({Text("a"), Counter{}, View()}));
+  EXPECT_EQ(graph.work().nodes, 6U) << "the group, the text, the counter and the three in it";
+  graph.setRoot(Group({Text("b"), Counter{}, Text("c")}));
+  EXPECT_EQ(graph.work().nodes, 7U);
+}
+
 TEST(RootTest, AnActionMayReplaceTheVeryButtonThatRunsIt) {
   ViewGraph graph;
   auto alive = std::make_shared<int>(1);

@@ -40,6 +40,9 @@ TEST_F(RowsAsleepTest, ASleepingRowKeepsItsStateAndReturnsWithIt) {
   showRows(0, 3);
   EXPECT_EQ(shown(), (Texts{"row0=0", "row1=1", "row2=0"}));
   EXPECT_EQ(forEach().children[1]->state, state);
+  const auto passes = graph.work().idPasses;
+  EXPECT_EQ(graph.rowsWithState(forEach().id), std::vector<std::size_t>{1});
+  EXPECT_EQ(graph.work().idPasses, passes) << "nothing sleeps any more";
   pressRow(1);
   EXPECT_EQ(shown(), (Texts{"row0=0", "row1=2", "row2=0"}));
 }
@@ -76,13 +79,15 @@ TEST_F(RowsAsleepTest, RowsWithStateAreNamedShownLookedAtOrAsleep) {
   show(numbered(200));
   showRows(0, 3);
   EXPECT_EQ(graph.rowsWithState(forEach().id), std::vector<std::size_t>{});
+  EXPECT_EQ(graph.work().idPasses, 0U) << "nothing sleeps";
   pressRow(150);
   pressRow(1);
   pressRow(90);
   showRows(150, 152);  // 1 is asleep, 90 looked at, 150 shown
-  const auto rows = graph.work().rows;
+  const WorkCount before = graph.work();
   EXPECT_EQ(graph.rowsWithState(forEach().id), (std::vector<std::size_t>{1, 90, 150}));
-  EXPECT_EQ(graph.work().rows, rows) << "no row is described for it";
+  EXPECT_EQ(graph.work().rows, before.rows) << "no row is described for it";
+  EXPECT_EQ(graph.work().idPasses, before.idPasses + 1) << "to find the sleeping one";
   std::vector<Line> lines = numbered(200);
   lines.erase(lines.begin());
   show(lines);
@@ -163,6 +168,36 @@ TEST_F(RowsAsleepTest, WhatARowHoldsSleepsAndWakesWithIt) {
   show({{"a"}, {"b"}}, row);
   graph.showRows(inner(), {{0, 3}});
   EXPECT_EQ(shown(), (Texts{"a", "x=1", "i=0", "j=0", "k=0"})) << "it had no place when it woke";
+}
+
+TEST_F(RowsAsleepTest, AWakingRowPassesByAListInItThatHasNothingAsleep) {
+  const auto row = [](const Line& line) -> View {
+    return Group({list({{"i"}, {"j"}}, counterRow), View(Counter{line.id}).id("counter"),
+                  list({{"k"}, {"l"}}, counterRow)});
+  };
+  show({{"a"}, {"b"}}, row);
+  showRows(0, 1);
+  const auto listAt = [&](std::size_t child) { return forEach().children[0]->children[child]->id; };
+  graph.showRows(listAt(2), {{0, 1}});
+  graph.deliver(buttonTitled(graph.find(listAt(1)), "+")->id, Press{});
+  graph.deliver(buttonTitled(graph.find(listAt(2)), "+")->id, Press{});
+  showRows(1, 2);
+  showRows(0, 1);
+  graph.showRows(listAt(0), {{0, 2}});
+  graph.showRows(listAt(2), {{0, 2}});
+  EXPECT_EQ(shown(), (Texts{"i=0", "j=0", "a=1", "k=1", "l=0"}));
+}
+
+TEST_F(RowsAsleepTest, AListInARowIsNoStateOfTheRow) {
+  show({{"a"}, {"b"}}, [](const Line&) { return Group({list({{"i"}, {"j"}}, counterRow)}); });
+  showRows(0, 1);
+  const NodeID inner = firstOf(forEach().children[0], ElementKind::forEach)->id;
+  graph.showRows(inner, {{0, 1}});
+  graph.lookAtRow(inner, 1);
+  EXPECT_EQ(graph.rowsWithState(forEach().id), std::vector<std::size_t>{});
+  const auto passes = graph.work().idPasses;
+  showRows(1, 2);
+  EXPECT_EQ(graph.work().idPasses, passes) << "nothing of it is kept while it sleeps";
 }
 
 }  // namespace vemra::ui

@@ -92,6 +92,20 @@ TEST_F(RowsTest, APickersRowsAreThereWithThePicker) {
   EXPECT_EQ(shown().size(), 4U);
 }
 
+TEST_F(RowsTest, ARendererIsToldOnceWhenListsGetNewRows) {
+  show(numbered(5));
+  EXPECT_EQ(window.timesReplaced, 0) << "the first rows replace none";
+  const View screen = Group({list(numbered(5)), list(numbered(2))});
+  graph.setRoot(screen);
+  EXPECT_EQ(window.timesReplaced, 0) << "these are other lists";
+  graph.setRoot(screen);
+  EXPECT_EQ(window.timesReplaced, 0) << "these are the same rows";
+  graph.setRoot(Group({list(numbered(5)), list(numbered(2))}));
+  EXPECT_EQ(window.timesReplaced, 1) << "rows that nobody has described may differ";
+  graph.showRows(forEach().id, {{0, 2}});
+  EXPECT_EQ(window.timesReplaced, 1);
+}
+
 TEST_F(RowsTest, RequestsFromInsideApplyAreServedAfterIt) {
   window.onApply = [&](const std::vector<Patch>& patches) {
     for (const Patch& patch : patches) {
@@ -102,6 +116,20 @@ TEST_F(RowsTest, RequestsFromInsideApplyAreServedAfterIt) {
   };
   show(numbered(5));
   EXPECT_EQ(shown().size(), 2U);
+}
+
+TEST_F(RowsTest, RequestsThatWaitAreServedInTheOrderTheyCameIn) {
+  window.onApply = [&](const std::vector<Patch>& patches) {
+    for (const Patch& patch : patches) {
+      if (patch.kind != Kind::insert || patch.element->kind() != ElementKind::forEach) continue;
+      graph.showRows(patch.node, {{0, 2}});
+      graph.showRows(patch.node, {{3, 4}});
+      graph.showRows(patch.node, {{2, 4}});
+    }
+  };
+  show(numbered(5));
+  EXPECT_EQ(shown(), (Texts{"row2=0", "row3=0"})) << "the last request decides";
+  EXPECT_EQ(graph.work().rows, 4U) << "row 3 stays from the second request to the third";
 }
 
 TEST_F(RowsTest, EqualIdsAreToldApartByOrderInEveryForm) {
@@ -179,8 +207,10 @@ TEST_F(RowsTest, ARowOfAnotherKindOrBranchStartsAfresh) {
   showRows(0, 1);
   pressRow(0);
   other = true;
+  const auto rows = graph.work().rows;
   show({{"a"}}, row);
   EXPECT_EQ(shown(), Texts{"a=0"});
+  EXPECT_EQ(graph.work().rows, rows + 1) << "described once";
 }
 
 TEST_F(RowsTest, AnAbsentRowIsAnEmptyOne) {

@@ -72,11 +72,13 @@ class Window final : public Renderer {
     log.insert(log.end(), patches.begin(), patches.end());
     if (onApply) onApply(patches);
   }
+  void rowsReplaced() override { ++timesReplaced; }
   /// What has arrived since the last call.
   std::vector<Patch> take() { return std::exchange(log, {}); }
 
   testing::RenderedTree tree;
   std::vector<Patch> log;
+  int timesReplaced = 0;
   std::function<void(const std::vector<Patch>&)> onApply;
 };
 

@@ -69,6 +69,20 @@ TEST(StateChangeTest, AWriteAfterTheDescriptionInTheSamePassIsSeen) {
   EXPECT_EQ(difference(graph, tree), "");
 }
 
+TEST(StateChangeTest, SoIsOneInTheVeryFirstPass) {
+  ViewGraph graph;
+  const auto lent = borrowed();
+  bool writes = true;
+  const Binding<std::string> field(
+      [&] {
+        if (std::exchange(writes, false)) (*lent)->set(&Counter::State::count, 7);
+        return std::string();
+      },
+      [](const std::string&) {});
+  graph.setRoot(column({Lending{lent}, Group({TextField("field", field)})}));
+  EXPECT_EQ(texts(graph.root()), Texts{"7"});
+}
+
 TEST(StateChangeTest, AnInnerViewThatTheOuterOneTakesAwayIsNotDescribed) {
   struct Outer {
     using State = Counter::State;

@@ -2,6 +2,7 @@
 
 #include "tests/VemraPlatform/ui/Fault.hpp"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,15 @@ struct FragileHolder {
   View body() const {
     if (*fails) throw Fault("holder " + title);
     return Group({Counter{title}});
+  }
+};
+
+/// The same with a list.
+struct FragileList {
+  const bool* fails;
+  View body() const {
+    if (*fails) throw Fault("list");
+    return Group({list({{"i"}, {"j"}}, [](const Line& line) { return View(Counter{line.id}); })});
   }
 };
 
@@ -109,6 +119,46 @@ TEST_F(WakingExceptionTest, ABodyThatThrowsWhileItsRowWakesKeepsWhatSleptBelowIt
   graph.showRows(forEach, {{0, 2}});
   EXPECT_EQ(texts(graph.root()), all) << "having slept once more";
   EXPECT_EQ(difference(graph, window.tree), "");
+}
+
+TEST_F(WakingExceptionTest, ABodyThatThrowsWithNothingAsleepBelowItIsNoState) {
+  bool fails = false;
+  graph.setRoot(list({{"a"}, {"b"}}, [&](const Line&) -> View {
+    return Group({FragileHolder{&fails, "h"}, Counter{"x"}});
+  }));
+  const NodeID forEach = graph.root()->id;
+  const auto counter = [&] { return graph.find(forEach)->children[0]->children[1]; };
+  graph.showRows(forEach, {{0, 1}});
+  countUp(graph, counter());
+  graph.showRows(forEach, {});
+  fails = true;
+  EXPECT_THROW(graph.showRows(forEach, {{0, 1}}), Fault);
+  EXPECT_EQ(texts(graph.root()), Texts{"x=1"});
+  std::static_pointer_cast<StateCellOf<Counter::State>>(counter()->state)
+      ->set(&Counter::State::count, 0);
+  EXPECT_EQ(graph.rowsWithState(forEach), std::vector<std::size_t>{});
+}
+
+TEST_F(WakingExceptionTest, SoItDoesWithTheRowsOfAList) {
+  bool fails = false;
+  graph.setRoot(list({{"a"}, {"b"}}, [&](const Line&) { return View(FragileList{&fails}); }));
+  const NodeID forEach = graph.root()->id;
+  const auto showInner = [&] {
+    graph.showRows(forEach, {{0, 1}});
+    const Node* row = graph.find(forEach)->children[0];
+    graph.showRows(firstOf(row, ElementKind::forEach)->id, {{0, 2}});
+  };
+  showInner();
+  press(graph, "+");
+  for (int times = 0; times < 2; ++times) {
+    graph.showRows(forEach, {});
+    fails = true;
+    EXPECT_THROW(graph.showRows(forEach, {{0, 1}}), Fault);
+    fails = false;
+  }
+  graph.showRows(forEach, {});
+  showInner();
+  EXPECT_EQ(texts(graph.root()), (Texts{"i=1", "j=0"}));
 }
 
 TEST_F(WakingExceptionTest, AWakingRowThatFailsTakesItsStateWithIt) {
