@@ -5,6 +5,7 @@
 #include "VemraQt/Layout.hpp"
 
 #include <QAbstractScrollArea>
+#include <QScopedValueRollback>
 
 namespace vemra::qt {
 
@@ -38,7 +39,7 @@ void Page::apply(const std::vector<ui::Patch>& patches) {
     captureAnchor(AnchorReason::changed);
   }
   ++version_;
-  tree_.apply(patches);
+  errors_.attempt([&] { tree_.apply(patches); });
   tellAccessibility(patches);
   for (RenderNode* list : tree_.lists()) {
     for (RenderNode* row : list->children) {
@@ -47,9 +48,8 @@ void Page::apply(const std::vector<ui::Patch>& patches) {
   }
   needsSettle_ = true;
   if (filling_) return;
-  applying_ = true;
+  const QScopedValueRollback<bool> applying(applying_, true);
   settle();
-  applying_ = false;
 }
 
 void Page::tellAccessibility(const std::vector<ui::Patch>& patches) {
@@ -63,11 +63,12 @@ void Page::tellAccessibility(const std::vector<ui::Patch>& patches) {
 }
 
 void Page::deliver(ui::NodeID node, ui::Event event) {
-  const ui::NodeID outer = pressed_;
-  if (std::holds_alternative<ui::Press>(event)) pressed_ = node;
-  if (onDeliver) onDeliver(node, event);
-  graph_.deliver(node, std::move(event));
-  pressed_ = outer;
+  {
+    const bool isPress = std::holds_alternative<ui::Press>(event);
+    const QScopedValueRollback<ui::NodeID> pressed(pressed_, isPress ? node : pressed_);
+    if (onDeliver) errors_.attempt([&] { onDeliver(node, event); });
+    errors_.attempt([&] { graph_.deliver(node, std::move(event)); });
+  }
   settleIfNeeded();
 }
 
@@ -92,24 +93,26 @@ void Page::resized() {
 void Page::settle() {
   needsSettle_ = true;
   if (!area_.isVisible() || filling_) return;
-  filling_ = true;
+  if (!fill()) return;
+  accessible_->announce();  // first what there is, then where the focus is in it
+  restoreFocus();
+}
+
+/// Goes round until nothing is missing; false when that takes another pass of the graph.
+bool Page::fill() {
+  const QScopedValueRollback<bool> filling(filling_, true);
   for (int round = 0; round < mostRounds; ++round) {
     const int width = area_.viewport()->width();
     layout();
     restoreAnchor();
     if (area_.viewport()->width() != width) continue;
     if (!askForRows()) break;
-    if (applying_) {  // the rows come in the graph's next pass
-      filling_ = false;
-      return;
-    }
+    if (applying_) return false;  // the rows come in the graph's next pass
   }
   needsSettle_ = false;
   anchor_.reset();
   place();
-  filling_ = false;
-  accessible_->announce();  // first what there is, then where the focus is in it
-  restoreFocus();
+  return true;
 }
 
 void Page::layout() {

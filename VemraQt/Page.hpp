@@ -2,6 +2,7 @@
 
 #include "VemraPlatform/ui/ViewGraph.hpp"
 #include "VemraQt/Anchor.hpp"
+#include "VemraQt/PageErrors.hpp"
 #include "VemraQt/StyleMetrics.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
 #include "VemraQt/widgets/WidgetPool.hpp"
@@ -23,6 +24,8 @@ namespace vemra::qt {
 ///     2. put the scroll position where the reader's eye stays (Anchor)
 ///     3. ask the graph for the rows in and near the viewport; if some come, begin again
 ///     4. place widgets on what is near the viewport; hand on a focus that was lost
+///
+/// Nothing in it throws: what a description throws is kept, and thrown by `errors()`.
 ///
 /// Rows away from the viewport have no nodes here and no widgets, only an estimated height; except
 /// the row with the focus and rows with a text field, which stay as they are.
@@ -67,6 +70,7 @@ class Page final : public ui::Renderer, public EventSink {
 
   const RenderTree& tree() const { return tree_; }
   ui::ViewGraph& graph() const { return graph_; }
+  PageErrors& errors() { return errors_; }
   AccessibleTree& accessibleTree() const { return *accessible_; }
   /// Another number whenever the nodes have changed.
   std::uint64_t version() const { return version_; }
@@ -97,6 +101,7 @@ class Page final : public ui::Renderer, public EventSink {
   static constexpr int keepMargin = 288;
 
   void settle();
+  bool fill();
   void layout();
   bool askForRows();
   std::vector<ui::RowRange> wantedRows(const RenderNode& list) const;
@@ -123,6 +128,7 @@ class Page final : public ui::Renderer, public EventSink {
 
   QAbstractScrollArea& area_;
   ui::ViewGraph& graph_;
+  PageErrors errors_;
   PageContext context_;
   StyleMetrics metrics_;
   WidgetPool pool_;
@@ -138,8 +144,8 @@ class Page final : public ui::Renderer, public EventSink {
   ui::NodeID pressed_;
   std::uint64_t focusCount_ = 0;
   bool focusWasSeen_ = false;  ///< when the first of the patches arrived
-  bool applying_ = false;
-  bool filling_ = false;
+  bool applying_ = false;  ///< inside of the graph: rows that are asked for come in its next pass
+  bool filling_ = false;   ///< inside of the pass, which takes up what changes meanwhile
   bool restoringFocus_ = false;
   bool needsSettle_ = false;
   bool settingScroll_ = false;

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include <QAbstractScrollArea>
+#include <QScopedValueRollback>
 
 namespace vemra::qt {
 
@@ -185,7 +186,7 @@ void Page::leaving(RenderNode& node) {
 /// rows on the way there come only with the graph's next pass, it is tried again after that.
 void Page::restoreFocus() {
   if (restoringFocus_) return;
-  restoringFocus_ = true;
+  const QScopedValueRollback<bool> restoring(restoringFocus_, true);
   if (lostFocus_) {
     const LostFocus lost = *lostFocus_;
     RenderNode* within = tree_.find(lost.within);
@@ -209,10 +210,7 @@ void Page::restoreFocus() {
     const ui::NodeID id = control ? control->id : ui::NodeID{};
     if (control) focus(*control, Qt::OtherFocusReason);
     const RenderNode* focused = focusedNode();
-    if (within && lost.wasSeen && needsSettle_ && (!focused || focused->id != id)) {
-      restoringFocus_ = false;
-      return;
-    }
+    if (within && lost.wasSeen && needsSettle_ && (!focused || focused->id != id)) return;
     lostFocus_.reset();
     if (!control && orphan_) area_.setFocus(Qt::OtherFocusReason);
   }
@@ -220,7 +218,6 @@ void Page::restoreFocus() {
     pool_.giveBack(*std::exchange(orphan_, nullptr));
     pool_.hideResting();
   }
-  restoringFocus_ = false;
 }
 
 }  // namespace vemra::qt

@@ -106,7 +106,9 @@ bool Page::askForRows() {
     if (list->children.size() != count) requests.push_back({list->id, {{0, count}}});
   }
   // Not before all have been found: rows that come may bring lists of their own.
-  for (auto& [list, ranges] : requests) graph_.showRows(list, std::move(ranges));
+  for (auto& [list, ranges] : requests) {
+    errors_.attempt([&] { graph_.showRows(list, std::move(ranges)); });
+  }
   return !requests.empty();
 }
 

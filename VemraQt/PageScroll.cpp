@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include <QAbstractScrollArea>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 namespace vemra::qt {
@@ -42,12 +43,13 @@ void Page::setScrollRange() {
   const int page = area_.viewport()->height();
   const int maximum = std::max(0, contentHeight_ - page);
   scroll_ = std::clamp(scroll_, 0, maximum);
-  settingScroll_ = true;
-  bar->setRange(0, maximum);
-  bar->setPageStep(page);
-  bar->setSingleStep(std::max(12, area_.fontMetrics().height() + 4));
-  bar->setValue(scroll_);
-  settingScroll_ = false;
+  {
+    const QScopedValueRollback<bool> setting(settingScroll_, true);
+    bar->setRange(0, maximum);
+    bar->setPageStep(page);
+    bar->setSingleStep(std::max(12, area_.fontMetrics().height() + 4));
+    bar->setValue(scroll_);
+  }
   showScrollBar(maximum > 0);
 }
 

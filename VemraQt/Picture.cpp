@@ -1,5 +1,6 @@
 #include "VemraQt/Picture.hpp"
 
+#include "VemraQt/Page.hpp"
 #include "VemraQt/ViewWidget.hpp"
 
 #include <algorithm>
@@ -13,13 +14,15 @@ constexpr int highestPicture = 16'000;
 QImage pictureOf(ViewWidget& widget, QSize size) {
   widget.setAttribute(Qt::WA_DontShowOnScreen);
   widget.resize(size.width(), size.height() > 0 ? size.height() : 600);
-  widget.show();
-  if (size.height() <= 0) {
+  const auto show = [&] {
+    widget.show();
+    if (size.height() > 0) return;
     // The page gets longer or shorter as its rows are measured.
     for (int round = 0; round < 4 && widget.height() != widget.contentHeight(); ++round) {
       widget.resize(size.width(), std::clamp(widget.contentHeight(), 1, highestPicture));
     }
-  }
+  };
+  widget.page().errors().hostCall(show);
   return widget.grab().toImage();
 }
 

@@ -61,6 +61,7 @@ bool RenderNode::isTransparent() const {
 }
 
 void RenderTree::apply(const std::vector<Patch>& patches) {
+  std::exception_ptr error;
   for (const Patch& patch : patches) {
     switch (patch.kind) {
       case Patch::Kind::insert: {
@@ -86,7 +87,15 @@ void RenderTree::apply(const std::vector<Patch>& patches) {
         node.element = *patch.element;
         node.stale = true;
         node.shape = {};
-        if (node.rows) follow(*node.rows, *before, *rowSourceOf(node.element));
+        if (node.rows) {
+          const auto after = rowSourceOf(node.element);
+          try {
+            follow(*node.rows, *before, *after);
+          } catch (...) {
+            error = std::current_exception();
+            node.rows->reset(after->count(), node.rows->gap());
+          }
+        }
         invalidate(&node);
         break;
       }
@@ -99,6 +108,7 @@ void RenderTree::apply(const std::vector<Patch>& patches) {
       }
     }
   }
+  if (error) std::rethrow_exception(error);
 }
 
 RenderNode* RenderTree::find(NodeID id) const {

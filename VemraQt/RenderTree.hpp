@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -66,6 +67,7 @@ class RenderTree {
   RenderTree(const RenderTree&) = delete;
   RenderTree& operator=(const RenderTree&) = delete;
 
+  /// Throws when a list's ids cannot be read, after all patches are applied.
   void apply(const std::vector<ui::Patch>& patches);
 
   RenderNode* root() const { return root_; }

@@ -11,6 +11,7 @@
 #include <QEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 
 namespace vemra::qt {
 
@@ -41,19 +42,19 @@ void ViewWidget::prepare() {
   installAccessiblePages();
   page_ = std::make_unique<Page>(*this, graph_);
   applyLooks();
-  graph_.attach(*page_);
+  page_->errors().attempt([this] { graph_.attach(*page_); });
   connect(qApp, &QGuiApplication::layoutDirectionChanged, this, [this] { followSystem(); });
 }
 
 void ViewWidget::setRoot(ui::View root) {
-  graph_.setRoot(std::move(root));
-  page_->settleIfNeeded();
+  page_->errors().hostCall([&] { graph_.setRoot(std::move(root)); },
+                           [this] { page_->settleIfNeeded(); });
 }
 
 void ViewWidget::setEnvironment(ui::Environment environment) {
   followsSystem_ = false;
-  graph_.setEnvironment(std::move(environment));
-  applyLooks();
+  page_->errors().hostCall([&] { graph_.setEnvironment(std::move(environment)); },
+                           [this] { applyLooks(); });
 }
 
 const ui::Environment& ViewWidget::environment() const {
@@ -73,13 +74,15 @@ std::size_t ViewWidget::widgetCount() const {
 }
 
 void ViewWidget::followSystem() {
-  if (followsSystem_) graph_.setEnvironment(systemEnvironment());
+  if (followsSystem_) {
+    page_->errors().attempt([this] { graph_.setEnvironment(systemEnvironment()); });
+  }
   applyLooks();
 }
 
 void ViewWidget::applyLooks() {
   if (applyingLooks_) return;
-  applyingLooks_ = true;
+  const QScopedValueRollback<bool> applying(applyingLooks_, true);
   const ui::Environment& environment = graph_.environment();
   setLayoutDirection(environment.layoutDirection == ui::LayoutDirection::rightToLeft
                          ? Qt::RightToLeft
@@ -89,13 +92,14 @@ void ViewWidget::applyLooks() {
   const bool fits = colorSchemeOf(system) == environment.colorScheme;
   setPalette(fits ? QPalette() : Looks(font(), system, environment).palette());
   page_->restyle();
-  applyingLooks_ = false;
 }
 
 bool ViewWidget::event(QEvent* event) {
-  const bool isInside = std::exchange(inEvent_, true);
-  const bool handled = QAbstractScrollArea::event(event);
-  inEvent_ = isInside;
+  bool handled = false;
+  {
+    const QScopedValueRollback<bool> inside(inEvent_, true);
+    handled = QAbstractScrollArea::event(event);
+  }
   if (!inEvent_ && std::exchange(resized_, false)) page_->resized();
   switch (event->type()) {
     case QEvent::ApplicationPaletteChange:
@@ -159,10 +163,12 @@ bool ViewWidget::focusNextPrevChild(bool next) {
   const bool isEntered = window()->focusWidget() == this;
   if (isEntered ? page_->focusEnd(next) : page_->focusNext(next)) return true;
   // Qt looks for the next control from here on, so that the page counts as one stop.
-  leaving_ = true;
-  setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-  const bool left = QAbstractScrollArea::focusNextPrevChild(next);
-  leaving_ = false;
+  bool left = false;
+  {
+    const QScopedValueRollback<bool> leaving(leaving_, true);
+    setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    left = QAbstractScrollArea::focusNextPrevChild(next);
+  }
   if (left && window()->focusWidget() != this) return true;
   return page_->focusEnd(next);  // nothing else in the window: round and round
 }

@@ -19,6 +19,9 @@ class Page;
 /// Shows any view. The whole tree scrolls as one page; a `ScrollView` inside says only whether the
 /// scroll bar is seen. A widget's `objectName` is its element's accessibility identifier.
 ///
+/// What a description of the tree throws stops nothing. A call of the host throws it when all else
+/// is done; what an event brings up is thrown from the event loop, never into Qt (`PageErrors`).
+///
 /// Until `setEnvironment` is called the widget follows the system: its palette, its direction and
 /// the user's locale and time zone. Main thread only.
 class ViewWidget : public QAbstractScrollArea {

@@ -90,7 +90,7 @@ std::vector<ElementSlot>& AccessibleTree::elementsOf(AccessibleRow* row) {
     if (row->knownNode != node->id || row->knownAt != described()) {
       row->knownNode = node->id;
       const bool wasKnown = !row->known.empty();
-      const ChildSteps steps = adopt(row->known, elementsUnder(*node, page_.graph()));
+      const ChildSteps steps = adopt(row->known, elementsUnder(node->id, page_));
       row->knownAt = described();
       if (wasKnown) note(row, steps);
     }
@@ -116,17 +116,32 @@ AccessibleRow* AccessibleTree::rowAt(NodeID listID, std::size_t index) {
   if (!node || index >= node->element.rowCount()) return nullptr;
   List& list = lists_[listID];
   list.source = rowSourceOf(node->element);
-  auto [found, isNew] = list.rows.try_emplace(index, nullptr);
-  if (isNew) {
-    found->second = new AccessibleRow(*this, listID, index, std::string(list.source->key(index)));
-    found->second->remember(QAccessible::registerAccessibleInterface(found->second));
-  }
-  return found->second;
+  if (const auto known = list.rows.find(index); known != list.rows.end()) return known->second;
+  std::string rowID;
+  if (!page_.errors().attempt([&] { rowID = list.source->key(index); })) return nullptr;
+  auto* row = new AccessibleRow(*this, listID, index, std::move(rowID));
+  row->remember(QAccessible::registerAccessibleInterface(row));
+  list.rows.emplace(index, row);
+  return row;
 }
 
 const ui::Node* AccessibleTree::nodeOf(AccessibleRow& row) {
   refreshList(row.list);
-  return row.isLeaving() ? nullptr : find(page_.graph().lookAtRow(row.list, row.index));
+  return row.isLeaving() ? nullptr : find(lookAtRow(row.list, row.index));
+}
+
+NodeID AccessibleTree::lookAtRow(NodeID list, std::size_t index) {
+  NodeID row;
+  const auto look = [&] { row = page_.graph().lookAtRow(list, index); };
+  // After an exception there is an empty row in its place, unless the whole tree has gone.
+  if (!page_.errors().attempt(look)) page_.errors().attempt(look);
+  return row;
+}
+
+std::vector<std::size_t> AccessibleTree::rowsWithState(NodeID list) {
+  std::vector<std::size_t> rows;
+  page_.errors().attempt([&] { rows = page_.graph().rowsWithState(list); });
+  return rows;
 }
 
 /// Of rows in rows the outermost one: what is in it is all on one level.

@@ -134,6 +134,10 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   };
 
   void refreshPage();
+  /// The row's node, described for a look if need be: an empty one when that throws. None when there
+  /// is no such row, or no answer while an event is being handled.
+  ui::NodeID lookAtRow(ui::NodeID list, std::size_t index);
+  std::vector<std::size_t> rowsWithState(ui::NodeID list);
   std::vector<Segment> segmentsOf(const std::vector<ElementSlot>& elements) const;
   ChildSteps stepsOfPage(const std::vector<Segment>& before, const ChildSteps& ofElements,
                          const std::unordered_map<ui::NodeID, ChildSteps>& ofRows) const;
@@ -155,6 +159,7 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   AccessibleRow* knownRow(ui::NodeID rowNode) const;
   std::vector<std::size_t> rowsToSearch(ui::NodeID list, const std::string& identifier,
                                         Search search);
+  ChildSteps moveRows(List& list, const std::shared_ptr<const ui::RowSource>& source);
   const RowIdentifiers* notedIdentifiers(ui::NodeID list) const;
   void noteIdentifiers(ui::NodeID list);
   void findInRow(ui::NodeID list, std::size_t index, const std::string& identifier,

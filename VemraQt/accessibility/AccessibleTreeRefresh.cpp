@@ -28,7 +28,7 @@ void AccessibleTree::refreshPage() {
   pageVersion_ = page_.version();
   const ui::Node* root = page_.graph().root();
   const ChildSteps ofElements =
-      adopt(slots_, root ? elementsUnder(*root, page_.graph()) : std::vector<ElementSlot>());
+      adopt(slots_, root ? elementsUnder(root->id, page_) : std::vector<ElementSlot>());
   const std::vector<Segment> before = std::exchange(segments_, segmentsOf(slots_));
   std::unordered_map<NodeID, List> gone = std::exchange(lists_, {});
   std::unordered_map<NodeID, ChildSteps> ofRows;
@@ -154,6 +154,23 @@ AccessibleTree::ChildSteps AccessibleTree::followRows(NodeID listID) {
   List& list = known->second;
   const auto source = rowSourceOf(node->element);
   if (list.source == source) return steps;
+  if (!page_.errors().attempt([&] { steps = moveRows(list, source); })) {
+    // Ids that cannot be read: of the rows that were known none can be found again.
+    for (auto& [index, row] : list.rows) bury(*row);
+    list.rows.clear();
+    steps.areComplete = false;
+  }
+  list.source = source;
+  list.identifiers.reset();
+  list.uncompared.clear();
+  for (const auto& [index, row] : list.rows) list.uncompared.push_back(row->id());
+  return steps;
+}
+
+/// Moves the known rows of a list to the places that they have in its new source.
+AccessibleTree::ChildSteps AccessibleTree::moveRows(
+    List& list, const std::shared_ptr<const ui::RowSource>& source) {
+  ChildSteps steps;
   if (list.source) {
     RowChanges changes = rowChanges(*list.source, *source, mostToldOneByOne);
     steps.areComplete = changes.areComplete;
@@ -187,10 +204,6 @@ AccessibleTree::ChildSteps AccessibleTree::followRows(NodeID listID) {
     }
     list.rows = std::move(rows);
   }
-  list.source = source;
-  list.identifiers.reset();
-  list.uncompared.clear();
-  for (const auto& [index, row] : list.rows) list.uncompared.push_back(row->id());
   return steps;
 }
 

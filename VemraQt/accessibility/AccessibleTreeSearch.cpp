@@ -61,12 +61,17 @@ std::vector<std::size_t> AccessibleTree::rowsToSearch(ui::NodeID listID,
   if (!node) return {};
   const auto source = rowSourceOf(node->element);
   const auto mayHold = [&](std::size_t row) {
-    return search == Search::everyRow || identifier.find(source->key(row)) != std::string::npos;
+    bool holds = search == Search::everyRow;
+    if (!holds) {
+      page_.errors().attempt(
+          [&] { holds = identifier.find(source->key(row)) != std::string::npos; });
+    }
+    return holds;
   };
   std::vector<std::size_t> rows;
   if (const RowIdentifiers* noted = notedIdentifiers(listID)) {
     rows = noted->rowsWith(identifier);
-    const std::vector<std::size_t> changed = page_.graph().rowsWithState(listID);
+    const std::vector<std::size_t> changed = rowsWithState(listID);
     rows.insert(rows.end(), changed.begin(), changed.end());
     std::ranges::sort(rows);
     const auto repeated = std::ranges::unique(rows);
@@ -92,11 +97,11 @@ void AccessibleTree::noteIdentifiers(ui::NodeID listID) {
   const ui::Node* list = find(listID);
   if (!list || notedIdentifiers(listID)) return;
   const auto source = rowSourceOf(list->element);
-  RowIdentifiers notes(source, page_.graph().environment(), page_.graph().rowsWithState(listID));
+  RowIdentifiers notes(source, page_.graph().environment(), rowsWithState(listID));
   for (std::size_t index = 0; index < source->count(); ++index) {
-    const ui::Node* row = find(page_.graph().lookAtRow(listID, index));
-    if (!row) return;  // an event is being handled, or the list is another one by now
-    for (const ElementSlot& slot : elementsUnder(*row, page_.graph())) {
+    const ui::NodeID row = lookAtRow(listID, index);
+    if (!find(row)) return;  // an event is being handled, or the list is another one by now
+    for (const ElementSlot& slot : elementsUnder(row, page_)) {
       const ui::Node* element = find(slot.node);
       if (!element) continue;
       const auto& identifier = element->element.accessibilityIdentifier();
@@ -112,9 +117,7 @@ void AccessibleTree::noteIdentifiers(ui::NodeID listID) {
 void AccessibleTree::findInRow(ui::NodeID list, std::size_t index, const std::string& identifier,
                                QList<QAccessible::Id>& found) {
   // Looked at without an object first: most candidates are not the row that is sought.
-  const ui::Node* node = find(page_.graph().lookAtRow(list, index));
-  if (!node) return;
-  const std::vector<ElementSlot> elements = elementsUnder(*node, page_.graph());
+  const std::vector<ElementSlot> elements = elementsUnder(lookAtRow(list, index), page_);
   const bool holds = std::ranges::any_of(elements, [&](const ElementSlot& slot) {
     const ui::Node* element = find(slot.node);
     return element && element->element.accessibilityIdentifier() == identifier;

@@ -1,6 +1,9 @@
 #include "VemraQt/accessibility/ElementSlot.hpp"
 
 #include "VemraPlatform/text/KeyedHash.hpp"
+#include "VemraQt/Page.hpp"
+
+#include <algorithm>
 
 namespace vemra::qt {
 
@@ -37,12 +40,16 @@ bool isElement(ElementKind kind) {
          kind == ElementKind::textField;
 }
 
-void collect(const ui::Node& node, std::uint64_t path, ui::ViewGraph& graph,
-             std::vector<ElementSlot>& elements) {
+struct Collected {
+  std::vector<ElementSlot> elements;
+  std::vector<ui::NodeID> incomplete;  ///< lists inside rows without all of their rows
+};
+
+void collect(const ui::Node& node, std::uint64_t path, Collected& collected) {
   path = step(path, node);
   const ElementKind kind = node.element.kind();
   if (isElement(kind)) {
-    elements.push_back(
+    collected.elements.push_back(
         {path, kind, node.id, nullptr, node.element.style().enabled, hashOfShown(node.element)});
     return;
   }
@@ -54,14 +61,12 @@ void collect(const ui::Node& node, std::uint64_t path, ui::ViewGraph& graph,
       return false;
     }();
     if (!insideRow) {
-      elements.push_back({path, kind, node.id, nullptr, true, 0});
+      collected.elements.push_back({path, kind, node.id, nullptr, true, 0});
       return;
     }
-    if (node.children.size() < node.element.rowCount()) {
-      graph.showRows(node.id, {{0, node.element.rowCount()}});
-    }
+    if (node.children.size() < node.element.rowCount()) collected.incomplete.push_back(node.id);
   }
-  for (const ui::Node* child : node.children) collect(*child, path, graph, elements);
+  for (const ui::Node* child : node.children) collect(*child, path, collected);
 }
 
 }  // namespace
@@ -74,10 +79,24 @@ std::size_t hashOfShown(const ui::Element& element) {
   return text::hashOfBytes(element.shownLabel());
 }
 
-std::vector<ElementSlot> elementsUnder(const ui::Node& node, ui::ViewGraph& graph) {
-  std::vector<ElementSlot> elements;
-  collect(node, 0, graph, elements);
-  return elements;
+std::vector<ElementSlot> elementsUnder(ui::NodeID top, Page& page) {
+  ui::ViewGraph& graph = page.graph();
+  std::vector<ui::NodeID> asked;
+  for (;;) {
+    Collected collected;
+    const ui::Node* node = graph.find(top);
+    if (node) collect(*node, 0, collected);
+    // Once each: inside an event the rows come later, and rows that come may bring more lists.
+    std::erase_if(collected.incomplete,
+                  [&](ui::NodeID list) { return std::ranges::find(asked, list) != asked.end(); });
+    if (collected.incomplete.empty()) return std::move(collected.elements);
+    for (const ui::NodeID list : collected.incomplete) {
+      asked.push_back(list);
+      const ui::Node* still = graph.find(list);
+      const std::size_t count = still ? still->element.rowCount() : 0;
+      page.errors().attempt([&] { graph.showRows(list, {{0, count}}); });
+    }
+  }
 }
 
 }  // namespace vemra::qt

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "VemraPlatform/ui/ViewGraph.hpp"
+#include "VemraPlatform/ui/Element.hpp"
+#include "VemraPlatform/ui/NodeID.hpp"
 
 #include <cstdint>
 #include <vector>
@@ -8,6 +9,7 @@
 namespace vemra::qt {
 
 class AccessibleElement;
+class Page;
 
 /// One element of a page or of a row as assistive technology sees it, and the object that stands
 /// for it once somebody has asked.
@@ -26,7 +28,8 @@ struct ElementSlot {
 std::size_t hashOfShown(const ui::Element& element);
 
 /// The elements under a node, in tree order. Outside rows a list is one entry of its own; inside a
-/// row, its rows are like other content, and are asked for if they are not there.
-std::vector<ElementSlot> elementsUnder(const ui::Node& node, ui::ViewGraph& graph);
+/// row, its rows are like other content, and are asked for if they are not there. None under a node
+/// that is gone.
+std::vector<ElementSlot> elementsUnder(ui::NodeID node, Page& page);
 
 }  // namespace vemra::qt

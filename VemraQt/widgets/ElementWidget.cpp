@@ -2,19 +2,19 @@
 
 #include <QPainter>
 #include <QPen>
+#include <QScopedValueRollback>
 
 namespace vemra::qt {
 
 void ElementWidget::show(const RenderNode& leaf) {
   node_ = leaf.id;
-  taking_ = true;
+  const QScopedValueRollback<bool> taking(taking_, true);
   const QString identifier = toQString(leaf.element.accessibilityIdentifier());
   if (widget().objectName() != identifier) widget().setObjectName(identifier);
   if (widget().isEnabledTo(widget().parentWidget()) != leaf.element.style().enabled) {
     widget().setEnabled(leaf.element.style().enabled);
   }
   take(leaf);
-  taking_ = false;
 }
 
 void ElementWidget::rest() {

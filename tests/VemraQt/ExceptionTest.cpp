@@ -1,0 +1,424 @@
+// What a description or an action throws stops neither the page nor Qt, and comes out once.
+
+#include "VemraQt/Page.hpp"
+#include "VemraQt/Picture.hpp"
+#include "tests/VemraPlatform/ui/Fault.hpp"
+#include "tests/VemraQt/Accessibility.hpp"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QScrollBar>
+#include <QTest>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace vemra;
+using namespace vemra::qttest;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ui::sample::Counter;
+using ui::sample::Fault;
+
+namespace {
+
+using Faults = std::vector<std::string>;
+
+using IsID = std::function<bool(const std::string&)>;
+
+/// What throws, of the rows with which ids.
+struct Breaks {
+  IsID row = {};   ///< the row's closure
+  IsID body = {};  ///< the body of the row's view
+  IsID tree = {};  ///< the row's view, in a way after which nothing of the tree is left
+  IsID key = {};   ///< the row's id itself
+};
+
+/// Rows of counters.
+struct FragileRows final : ui::RowSource {
+  std::vector<std::string> ids;
+  Breaks breaks;
+
+  std::size_t count() const override { return ids.size(); }
+  std::string_view key(std::size_t index) const override {
+    if (breaks.key && breaks.key(ids[index])) throw Fault("key " + ids[index]);
+    return ids[index];
+  }
+  ui::View row(std::size_t index) const override {
+    const std::string& id = ids[index];
+    if (breaks.row && breaks.row(id)) throw Fault("row " + id);
+    if (breaks.tree && breaks.tree(id)) return ui::sample::broken();
+    if (breaks.body && breaks.body(id)) {
+      return ui::sample::Body{[id]() -> ui::View { throw Fault("body " + id); }};
+    }
+    return Counter{id};
+  }
+};
+
+IsID is(const std::string& id) {
+  return [id](const std::string& other) { return other == id; };
+}
+
+class PageException : public ::testing::Test {
+ protected:
+  PageException() { widget.resize(300, 400); }
+
+  void showWindow() {
+    widget.show();
+    widget.activateWindow();
+    QApplication::setActiveWindow(&widget);
+  }
+
+  /// Rows "a0", "a1", … and how they break.
+  static ui::View rows(const std::string& name, const Breaks& breaks = {}, int count = 300) {
+    auto source = std::make_shared<FragileRows>();
+    source->breaks = breaks;
+    for (int i = 0; i < count; ++i) source->ids.push_back(name + std::to_string(i));
+    return ui::ForEach(std::shared_ptr<const ui::RowSource>(std::move(source)));
+  }
+
+  /// What comes out of `work`, and later out of the event loop, in order.
+  static Faults faultsOf(const std::function<void()>& work) {
+    Faults faults;
+    const auto throws = [&](const std::function<void()>& part, const std::string& when) {
+      try {
+        part();
+      } catch (const Fault& fault) {
+        faults.push_back(fault.what() + when);
+        return true;
+      }
+      return false;
+    };
+    throws(work, "");
+    for (int turn = 0; turn < 20; ++turn) {
+      throws([] { QApplication::processEvents(); }, ", later");
+    }
+    return faults;
+  }
+
+  std::vector<std::string> texts() const {
+    std::vector<std::string> texts;
+    for (const auto* label : widget.viewport()->findChildren<QLabel*>()) {
+      if (!label->visibleRegion().isEmpty()) texts.push_back(label->text().toStdString());
+    }
+    return texts;
+  }
+
+  /// The first button with that title on the page.
+  QAbstractButton* button(const QString& title) const {
+    QAbstractButton* first = nullptr;
+    for (auto* found : widget.viewport()->findChildren<QAbstractButton*>()) {
+      if (!found->isVisible() || found->text() != title) continue;
+      if (!first || found->y() < first->y()) first = found;
+    }
+    return first;
+  }
+
+  QScrollBar& bar() const { return *widget.verticalScrollBar(); }
+
+  /// A new root is shown, a press acts once, and every place can be scrolled to.
+  void expectThePageGoesOn() {
+    EXPECT_THAT(faultsOf([&] { widget.setRoot(rows("new")); }), IsEmpty());
+    EXPECT_THAT(texts(), Contains(::testing::StartsWith("new")));
+    EXPECT_THAT(faultsOf([&] {
+                  bar().setValue(0);
+                  ASSERT_TRUE(button("+"));
+                  button("+")->click();
+                  bar().setValue(bar().maximum());
+                }),
+                IsEmpty());
+    EXPECT_THAT(texts(), Contains("new299=0"));
+    bar().setValue(0);
+    EXPECT_THAT(texts(), Contains("new0=1"));
+    EXPECT_THAT(texts(), Contains("new1=0"));
+  }
+
+  qt::ViewWidget widget;
+};
+
+}  // namespace
+
+TEST_F(PageException, AFirstRootThatBreaksWhileTheWindowIsShownLeavesAWindowThatIsShown) {
+  EXPECT_THAT(faultsOf([&] { widget.setRoot(rows("a", {.row = is("a3")})); }), IsEmpty())
+      << "no row is wanted yet";
+  EXPECT_THAT(faultsOf([&] { showWindow(); }), ElementsAre("row a3, later"))
+      << "Qt shows a window in several steps, and an exception would break off in the middle";
+  EXPECT_THAT(texts(), Contains("a2=0"));
+  EXPECT_THAT(texts(), Contains("a4=0"));
+  widget.hide();
+  EXPECT_FALSE(widget.isVisible());
+  EXPECT_THAT(faultsOf([&] { showWindow(); }), IsEmpty());
+  EXPECT_TRUE(widget.isVisible());
+  expectThePageGoesOn();
+}
+
+TEST_F(PageException, ARootThatBreaksThrowsToTheHostThatHandsItIn) {
+  showWindow();
+  for (const auto& [root, fault] : {std::pair(rows("a", {.row = is("a3")}), "row a3"),
+                                    std::pair(rows("b", {.body = is("b3")}), "body b3"),
+                                    std::pair(rows("c", {.tree = is("c3")}), "get")}) {
+    EXPECT_THAT(faultsOf([&] { widget.setRoot(root); }), ElementsAre(fault));
+    expectThePageGoesOn();
+  }
+}
+
+TEST_F(PageException, ScrollingPastARowThatBreaksGoesOn) {
+  widget.setRoot(rows("a", {.row = is("a299"), .body = is("a298")}));
+  showWindow();
+  EXPECT_THAT(faultsOf([&] { bar().setValue(bar().maximum()); }), ElementsAre("row a299, later"))
+      << "of several the first comes out";
+  EXPECT_THAT(texts(), Contains("a297=0"));
+  bar().setValue(0);
+  EXPECT_THAT(texts(), Contains("a0=0"));
+  expectThePageGoesOn();
+}
+
+TEST_F(PageException, RowsThatAllBreakLeaveThePageToBeScrolledBack) {
+  const auto isFar = [](const std::string& id) { return id.size() == 4; };
+  widget.setRoot(rows("a", {.row = isFar}));
+  showWindow();
+  EXPECT_THAT(faultsOf([&] { bar().setValue(bar().maximum()); }).size(), 1u);
+  faultsOf([&] { bar().setValue(0); });
+  EXPECT_THAT(texts(), Contains("a0=0"));
+  expectThePageGoesOn();
+}
+
+TEST_F(PageException, ATreeThatGoesWhileItIsScrolledLeavesAnEmptyPage) {
+  widget.setRoot(rows("a", {.tree = is("a299")}));
+  showWindow();
+  EXPECT_THAT(faultsOf([&] { bar().setValue(bar().maximum()); }), ElementsAre("get, later"));
+  EXPECT_THAT(texts(), IsEmpty());
+  EXPECT_EQ(widget.contentHeight(), 0);
+  expectThePageGoesOn();
+}
+
+TEST_F(PageException, AfterOneListsRowsThrowTheOtherListGetsIts) {
+  showWindow();
+  widget.setRoot(ui::Group({rows("a", {}, 50), rows("b", {}, 50)}));
+  const auto page = ui::Group({rows("x", {.row = is("x1")}, 3), rows("y", {.row = is("y1")}, 3)});
+  EXPECT_THAT(faultsOf([&] {
+                widget.hide();
+                widget.setRoot(page);
+                widget.show();
+              }),
+              ElementsAre("row x1, later"));
+  for (const char* text : {"x0=0", "x2=0", "y0=0", "y2=0"}) EXPECT_THAT(texts(), Contains(text));
+}
+
+TEST_F(PageException, ARowThatBreaksWhenItWakesKeepsItsStateForTheNextRoot) {
+  bool breaks = false;
+  const auto page = [&] {
+    return rows("a", {.row = [&](const std::string& id) { return breaks && id == "a0"; }});
+  };
+  widget.setRoot(page());
+  showWindow();
+  button("+")->click();
+  EXPECT_THAT(texts(), Contains("a0=1"));
+  bar().setValue(bar().maximum());
+  breaks = true;
+  EXPECT_THAT(faultsOf([&] { bar().setValue(0); }), ElementsAre("row a0, later"));
+  EXPECT_THAT(texts(), Contains("a1=0"));
+  breaks = false;
+  widget.setRoot(page());
+  EXPECT_THAT(texts(), Contains("a0=1"));
+  expectThePageGoesOn();
+}
+
+TEST_F(PageException, AnActionThatThrowsIsOverAndItsButtonActsAgain) {
+  struct Flaky {
+    using State = Counter::State;
+    ui::View body(const ui::LocalState<State>& state) const {
+      if (state->count == 1) throw Fault("body at 1");
+      return ui::Button(ui::verbatim("at " + std::to_string(state->count)), [state] {
+        state.set(&State::count, state->count + 1);
+        if (state->count == 3) throw Fault("action at 3");
+      });
+    }
+  };
+  widget.setRoot(Flaky{});
+  showWindow();
+  EXPECT_THAT(faultsOf([&] { button("at 0")->click(); }), ElementsAre("body at 1, later"));
+  EXPECT_THAT(faultsOf([&] { button("at 0")->click(); }), IsEmpty());
+  EXPECT_THAT(faultsOf([&] { button("at 2")->click(); }), ElementsAre("action at 3, later"));
+  EXPECT_TRUE(button("at 3")) << "what it had written stays";
+  expectThePageGoesOn();
+}
+
+TEST_F(PageException, AButtonWhoseActionThrewIsNotTakenForPressedAnyMore) {
+  const auto page = [](bool hasFaulty) {
+    return ui::Group(
+        {ui::If(hasFaulty, [] { return ui::Button("faulty", [] { throw Fault("action"); }); }),
+         ui::Button("other", [] {})});
+  };
+  widget.setRoot(page(true));
+  showWindow();
+  faultsOf([&] { button("faulty")->click(); });
+  widget.setRoot(page(false));
+  ASSERT_TRUE(button("other"));
+  EXPECT_FALSE(button("other")->hasFocus()) << "nobody has pressed anything, and nothing lost it";
+}
+
+TEST_F(PageException, TabGoesOnPastRowsThatBreak) {
+  widget.setRoot(rows("a", {.row = is("a20"), .body = is("a30")}, 60));
+  showWindow();
+  ASSERT_TRUE(widget.page().focusEnd(true));
+  const Faults faults = faultsOf([&] {
+    for (int i = 0; i < 57; ++i) QTest::keyClick(widget.focusWidget(), Qt::Key_Tab);
+    ASSERT_TRUE(widget.page().focusedNode());
+    EXPECT_EQ(qt::rowOf(widget.page().focusedNode())->rowIndex, 59u);
+  });
+  EXPECT_THAT(faults, Contains("row a20, later"));
+  faultsOf([&] {
+    for (int i = 0; i < 57; ++i) QTest::keyClick(widget.focusWidget(), Qt::Key_Backtab);
+  });
+  EXPECT_EQ(qt::rowOf(widget.page().focusedNode())->rowIndex, 0u);
+  expectThePageGoesOn();
+}
+
+TEST_F(PageException, AResizeThatBringsInARowThatBreaksGoesOn) {
+  widget.setRoot(rows("a", {.row = is("a20")}));
+  showWindow();
+  EXPECT_THAT(faultsOf([&] { widget.resize(300, 1600); }), ElementsAre("row a20, later"));
+  EXPECT_THAT(texts(), Contains("a19=0"));
+  EXPECT_THAT(texts(), Contains("a21=0"));
+  expectThePageGoesOn();
+}
+
+TEST_F(PageException, AnEnvironmentThatBreaksABodyIsTakenUpAllTheSame) {
+  struct LeftToRightOnly {
+    ui::View body(const ui::Environment& environment) const {
+      if (environment.layoutDirection == ui::LayoutDirection::rightToLeft) throw Fault("direction");
+      return ui::Text("text");
+    }
+  };
+  widget.setRoot(LeftToRightOnly{});
+  showWindow();
+  ui::Environment environment;
+  environment.layoutDirection = ui::LayoutDirection::rightToLeft;
+  EXPECT_THAT(faultsOf([&] { widget.setEnvironment(environment); }), ElementsAre("direction"));
+  EXPECT_EQ(widget.layoutDirection(), Qt::RightToLeft);
+  widget.setEnvironment({});
+  EXPECT_EQ(widget.layoutDirection(), Qt::LeftToRight);
+  expectThePageGoesOn();
+}
+
+TEST_F(PageException, ASystemThatChangesBreaksABodyOnlyForTheEventLoop) {
+  bool breaks = false;
+  widget.setRoot(ui::sample::Body{[&]() -> ui::View {
+    if (breaks) throw Fault("body");
+    return ui::Text("text");
+  }});
+  showWindow();
+  breaks = true;
+  EXPECT_THAT(faultsOf([&] {
+                QEvent changed(QEvent::LocaleChange);
+                QApplication::sendEvent(&widget, &changed);
+              }),
+              ElementsAre("body, later"));
+  expectThePageGoesOn();
+}
+
+TEST_F(PageException, AssistiveTechnologyGetsAnEmptyRowForOneThatBreaks) {
+  widget.setRoot(rows("a", {.row = is("a200"), .body = is("a201")}));
+  showWindow();
+  QAccessibleInterface& page = *QAccessible::queryAccessibleInterface(&widget);
+  EXPECT_THAT(faultsOf([&] {
+                EXPECT_EQ(name(*page.child(200)), "");
+                EXPECT_EQ(page.child(200)->childCount(), 0);
+              }),
+              ElementsAre("row a200, later"))
+      << "the bus that asks cannot be thrown at";
+  EXPECT_THAT(faultsOf([&] { EXPECT_EQ(name(*page.child(201)), ""); }),
+              ElementsAre("body a201, later"));
+  EXPECT_EQ(name(*page.child(202)), "a202=0");
+  EXPECT_THAT(faultsOf([&] { widget.page().accessibleTree().find("nowhere", 0); }),
+              Not(Contains(Not(::testing::EndsWith(", later")))));
+  expectThePageGoesOn();
+}
+
+TEST_F(PageException, AssistiveTechnologyThatAsksForARowWithoutWhichThereIsNoTreeGoesOn) {
+  widget.setRoot(rows("a", {.tree = is("a200")}));
+  showWindow();
+  QAccessibleInterface& page = *QAccessible::queryAccessibleInterface(&widget);
+  EXPECT_EQ(page.childCount(), 300);
+  EXPECT_THAT(faultsOf([&] { EXPECT_EQ(name(*page.child(200)), ""); }), ElementsAre("get, later"));
+  EXPECT_EQ(page.childCount(), 0);
+  expectThePageGoesOn();
+  EXPECT_EQ(page.childCount(), 300);
+}
+
+TEST_F(PageException, ARowWhoseIdCannotBeReadIsNoneForAssistiveTechnology) {
+  bool breaks = false;
+  const auto keyBreaks = [&](const std::string& id) { return breaks && id == "a200"; };
+  widget.setRoot(rows("a", {.key = keyBreaks}));
+  showWindow();
+  QAccessibleInterface& page = *QAccessible::queryAccessibleInterface(&widget);
+  EXPECT_EQ(name(*page.child(199)), "a199=0");
+  breaks = true;
+  EXPECT_THAT(faultsOf([&] { EXPECT_EQ(page.child(200), nullptr); }),
+              ElementsAre("key a200, later"));
+  EXPECT_THAT(faultsOf([&] { widget.page().accessibleTree().find("a1", 0); }),
+              Contains("key a200, later"));
+  faultsOf([&] { widget.setRoot(rows("a", {.key = keyBreaks})); });
+  EXPECT_EQ(page.childCount(), 300);
+  EXPECT_EQ(name(*page.child(199)), "a199=0");
+  breaks = false;
+  expectThePageGoesOn();
+}
+
+TEST_F(PageException, ANewListWhoseIdsCannotBeReadIsShownByWhatIsAsked) {
+  bool breaks = false;
+  const auto keyBreaks = [&](const std::string& id) { return breaks && id == "a200"; };
+  widget.setRoot(rows("a", {.key = keyBreaks}));
+  showWindow();
+  breaks = true;
+  EXPECT_THAT(faultsOf([&] { widget.setRoot(rows("a", {.key = keyBreaks}, 299)); }),
+              ElementsAre("key a200"));
+  EXPECT_THAT(texts(), Contains("a0=0"));
+  breaks = false;
+  bar().setValue(bar().maximum());
+  EXPECT_THAT(texts(), Contains("a298=0"));
+  expectThePageGoesOn();
+}
+
+TEST_F(PageException, AWindowOnATreeThatBreaksIsMade) {
+  ui::ViewGraph graph;
+  bool breaks = false;
+  graph.setRoot(ui::sample::Body{[&]() -> ui::View {
+    if (breaks) throw Fault("body");
+    return ui::Text("text");
+  }});
+  breaks = true;
+  std::unique_ptr<qt::ViewWidget> other;
+  EXPECT_THAT(faultsOf([&] { other = std::make_unique<qt::ViewWidget>(graph); }),
+              ElementsAre("body, later"));
+  ASSERT_TRUE(other);
+  other->show();
+  EXPECT_EQ(other->viewport()->findChild<QLabel*>()->text(), "text") << "what it showed before";
+}
+
+TEST_F(PageException, APictureThrowsToItsCaller) {
+  EXPECT_THROW(qt::picture(rows("a", {.row = is("a3")}), {}, QSize(300, 0)), Fault);
+  EXPECT_NO_THROW(qt::picture(rows("a"), {}, QSize(300, 0)));
+  ui::ViewGraph graph;
+  graph.setRoot(rows("a", {.row = is("a3")}));
+  EXPECT_THROW(qt::picture(graph, QSize(300, 0)), Fault);
+}
+
+TEST_F(PageException, AnErrorOfAWindowThatIsGoneIsGone) {
+  auto gone = std::make_unique<qt::ViewWidget>();
+  gone->setRoot(rows("a", {.row = is("a3")}));
+  gone->resize(300, 400);
+  EXPECT_THAT(faultsOf([&] {
+                gone->show();
+                gone.reset();
+              }),
+              IsEmpty());
+}
