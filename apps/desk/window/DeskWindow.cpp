@@ -246,13 +246,13 @@ void DeskWindow::lookUp(Ask ask, const QString& failure, Show show) {
 void DeskWindow::openPerson(const std::string& personRef) {
   lookUp([this, personRef] { return engine_->person(personRef); },
          "The person could not be looked up.",
-         [this](const PersonKnowledge& person) { side_->showPerson(person); });
+         [this](PersonKnowledge person) { side_->showPerson(std::move(person)); });
 }
 
 void DeskWindow::showEvidence(const std::string& evidenceID) {
   lookUp([this, evidenceID] { return engine_->evidence(evidenceID); },
          "The source could not be looked up.",
-         [this](const EvidenceKnowledge& evidence) { side_->showEvidence(evidence); });
+         [this](EvidenceKnowledge evidence) { side_->showEvidence(std::move(evidence)); });
 }
 
 void DeskWindow::showPath(const GoalPathCandidateDTO& path) {

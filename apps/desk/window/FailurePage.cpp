@@ -1,5 +1,6 @@
 #include "apps/desk/window/FailurePage.hpp"
 
+#include "apps/desk/window/Pieces.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
 #include <QAccessible>
@@ -26,7 +27,8 @@ FailurePage::FailurePage(QWidget* parent)
   page->addStretch(1);
 }
 
-void FailurePage::setReason(const QString& reason) {
+void FailurePage::setReason(const QString& whole) {
+  const QString reason = firstPiece(whole);
   if (reason_->text() == reason) return;
   reason_->setText(reason);
   setAccessibleName("The goal could not be loaded. " + reason);

@@ -13,8 +13,9 @@ class FailurePage : public QWidget {
  public:
   explicit FailurePage(QWidget* parent = nullptr);
 
-  /// Shows `reason`, a sentence or a line for people; announces it when it is another than before.
-  void setReason(const QString& reason);
+  /// Shows a reason, a sentence or a line for people, of a long one the beginning; announces it when
+  /// it is another than before.
+  void setReason(const QString& whole);
 
  Q_SIGNALS:
   void tryAgainWanted();

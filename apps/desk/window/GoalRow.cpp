@@ -1,5 +1,6 @@
 #include "apps/desk/window/GoalRow.hpp"
 
+#include "apps/desk/window/Pieces.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
 #include <algorithm>
@@ -16,13 +17,24 @@ namespace {
 constexpr int margin = 10;
 constexpr int mostLines = 3;
 constexpr qsizetype mostCharacters = 400;  // three lines hold less, and laying out costs time
-constexpr qsizetype mostInToolTip = 2000;  // about what a screen has room for
+constexpr int mostLinesInToolTip = 30;     // about what a screen has room for
 
 /// The text, or as much of it as is at most that long, with an ellipsis for the rest.
 QString atMost(qsizetype most, const QString& text) {
   if (text.size() <= most) return text;
   const bool cutsAPair = text[most - 1].isHighSurrogate() && text[most].isLowSurrogate();
   return text.left(cutsAPair ? most - 1 : most) + u'…';
+}
+
+/// As much of a title as a tool tip has room for.
+QString forToolTip(const QString& title) {
+  const QString text = firstPiece(title);
+  qsizetype end = -1;
+  for (int line = 0; line < mostLinesInToolTip; ++line) {
+    end = text.indexOf(u'\n', end + 1);
+    if (end < 0) return text;
+  }
+  return text.left(end + 1) + u'…';
 }
 
 int widthOfText(int widthOfRow) {
@@ -111,7 +123,7 @@ bool GoalRow::event(QEvent* event) {
     event->ignore();
   } else {
     const QPoint at = static_cast<QHelpEvent*>(event)->globalPos();
-    QToolTip::showText(at, asToolTip(atMost(mostInToolTip, title_)), this);
+    QToolTip::showText(at, asToolTip(forToolTip(title_)), this);
   }
   return true;
 }

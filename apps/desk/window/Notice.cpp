@@ -1,5 +1,6 @@
 #include "apps/desk/window/Notice.hpp"
 
+#include "apps/desk/window/Pieces.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
 #include <utility>
@@ -34,8 +35,9 @@ Notice::Notice(QWidget* parent) : QFrame(parent), label_(makeLabel({}, TextRole:
 }
 
 void Notice::show(const QString& text, std::function<void()> again) {
-  label_->setText(text);
-  setAccessibleName(text);
+  const QString shown = firstPiece(text);
+  label_->setText(shown);
+  setAccessibleName(shown);
   tryAgain_ = std::move(again);
   again_->setVisible(tryAgain_ != nullptr);
   QFrame::show();

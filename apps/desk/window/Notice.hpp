@@ -16,7 +16,7 @@ class Notice : public QFrame {
  public:
   explicit Notice(QWidget* parent = nullptr);
 
-  /// Shows a failure. With `again` it offers to try again.
+  /// Shows a failure, of a long text the beginning. With `again` it offers to try again.
   void show(const QString& text, std::function<void()> again = nullptr);
 
  private:

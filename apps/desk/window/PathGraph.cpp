@@ -1,5 +1,6 @@
 #include "apps/desk/window/PathGraph.hpp"
 
+#include "apps/desk/window/Pieces.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
 #include <algorithm>
@@ -27,10 +28,14 @@ QString inWords(const std::vector<QString>& names) {
 }  // namespace
 
 PathGraph::PathGraph(std::vector<QString> names, QWidget* parent)
-    : QWidget(parent), names_(std::move(names)) {
+    : PathGraph(names, names.empty() ? QString() : names.back(), PathEnd::here, parent) {}
+
+PathGraph::PathGraph(std::vector<QString> names, const QString& target, PathEnd end,
+                     QWidget* parent)
+    : QWidget(parent), names_(std::move(names)), end_(end) {
   setObjectName("desk.path");
-  const QString target = names_.empty() ? QString() : names_.back();
-  setAccessibleName(names_.empty() ? "A path over nobody" : "Path to " + target);
+  for (QString& name : names_) name = firstPiece(name);
+  setAccessibleName(names_.empty() ? "A path over nobody" : "Path to " + firstPiece(target));
   setAccessibleDescription(inWords(names_));
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   policy.setHeightForWidth(true);
@@ -80,7 +85,7 @@ void PathGraph::paintEvent(QPaintEvent*) {
     painter.drawLine(stars[i - 1].centre, stars[i].centre);
   }
   for (std::size_t i = 0; i < stars.size(); ++i) {
-    const bool isTarget = i + 1 == stars.size();
+    const bool isTarget = end_ == PathEnd::here && i + 1 == stars.size();
     painter.setPen(QPen(isTarget ? bright : quiet, 2));
     painter.setBrush(isTarget ? bright : palette().color(QPalette::Base));
     painter.drawEllipse(stars[i].centre, radius, radius);

@@ -7,13 +7,20 @@
 
 namespace vemra::desk {
 
+/// Whether a path ends with the last person who is drawn.
+enum class PathEnd { here, later };
+
 /// A path as a small graph: a star for each person, in path order, joined by lines, with the name
-/// beside it. The person whom the path leads to is the bright one.
+/// beside it. The person whom the path leads to is the bright one. Of a name as long as a page there is
+/// the beginning.
 class PathGraph : public QWidget {
   Q_OBJECT
 
  public:
   explicit PathGraph(std::vector<QString> names, QWidget* parent = nullptr);
+  /// A stretch of a path that leads to `target`.
+  PathGraph(std::vector<QString> names, const QString& target, PathEnd end,
+            QWidget* parent = nullptr);
 
   bool hasHeightForWidth() const override { return true; }
   int heightForWidth(int width) const override;
@@ -32,6 +39,7 @@ class PathGraph : public QWidget {
   std::vector<Star> layout(int width, double& height) const;
 
   std::vector<QString> names_;
+  PathEnd end_;
 };
 
 }  // namespace vemra::desk

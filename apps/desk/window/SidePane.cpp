@@ -4,9 +4,13 @@
 #include "VemraGoalSurface/presentation/GoalWhyPresentation.hpp"
 #include "VemraPlatform/date/AbbreviatedDate.hpp"
 #include "apps/desk/window/PathGraph.hpp"
+#include "apps/desk/window/Pieces.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
+#include <algorithm>
 #include <limits>
+#include <memory>
+#include <utility>
 
 #include <QAccessible>
 #include <QHBoxLayout>
@@ -38,8 +42,27 @@ QString day(const std::optional<std::string>& time, const ui::Environment& envir
   return fromUTF8(date::abbreviatedDate(*instant, environment.locale, environment.timeZone));
 }
 
-void add(QVBoxLayout* page, const QString& text, TextRole role) {
-  if (!text.isEmpty()) page->addWidget(makeLabel(text, role));
+/// The sources of a reason, as many at once as a few lines hold.
+void addSources(QVBoxLayout& page, const std::shared_ptr<const std::vector<std::string>>& ids) {
+  constexpr std::size_t mostAtOnce = 50;
+  const auto line = [](const std::vector<std::string>& all, std::size_t first, std::size_t last) {
+    QStringList some;
+    for (std::size_t i = first; i < last; ++i) some.append(fromUTF8(all[i]));
+    return some.join(", ");
+  };
+  if (ids->empty()) return;
+  if (ids->size() <= mostAtOnce) {
+    addText(page, "Sources: " + line(*ids, 0, ids->size()), TextRole::quiet);
+    return;
+  }
+  page.addWidget(
+      new Pieces("the sources", [ids, line, next = std::size_t{0}](QVBoxLayout& pieces) mutable {
+        const std::size_t end = std::min(ids->size(), next + mostAtOnce);
+        const QString some = line(*ids, next, end);
+        addText(pieces, next == 0 ? "Sources: " + some : some, TextRole::quiet);
+        next = end;
+        return next < ids->size();
+      }));
 }
 
 }  // namespace
@@ -69,11 +92,11 @@ QVBoxLayout* SidePane::begin(const QString& kind, const QString& title) {
   connect(close, &QToolButton::clicked, this, &SidePane::closed);
   head->addWidget(close);
   page->addLayout(head);
-  page->addWidget(makeLabel(title, TextRole::title));
+  addText(*page, title, TextRole::title);
   setWidget(content);  // takes the place of what was there
   content->setAutoFillBackground(false);
   viewport()->setAutoFillBackground(false);
-  setAccessibleName(kind + ": " + title);
+  setAccessibleName(kind + ": " + firstPiece(title));
   return page;
 }
 
@@ -82,66 +105,88 @@ void SidePane::end() {
   show();
 }
 
-void SidePane::section(QVBoxLayout* page, const QString& heading) {
+template <class Add>
+void SidePane::section(QVBoxLayout* page, const QString& heading, const QString& what,
+                       std::size_t count, Add add) {
+  if (count == 0) return;
   page->addSpacing(14);
   page->addWidget(makeLabel(heading, TextRole::heading));
+  addEntries(*page, what, count, std::move(add));
 }
 
-void SidePane::showPerson(const PersonKnowledge& person) {
-  const QString name = nameOr(person.name, unnamed);
-  QVBoxLayout* page = begin("Person", name);
-  add(page, "Reference: " + fromUTF8(person.personRef), TextRole::quiet);
-  if (!person.suggestions.empty()) section(page, "Worth considering for");
-  for (const auto& suggestion : person.suggestions) {
-    add(page, fromUTF8(suggestion.goalTitle), TextRole::strong);
-    if (suggestion.displayName && fromUTF8(*suggestion.displayName) != name) {
-      add(page, "As " + fromUTF8(*suggestion.displayName), TextRole::quiet);
-    }
-    add(page, reason(suggestion.why), TextRole::body);
-    QStringList sources;
-    for (const std::string& id : suggestion.evidenceIDs) sources.append(fromUTF8(id));
-    if (!sources.isEmpty()) add(page, "Sources: " + sources.join(", "), TextRole::quiet);
-    page->addSpacing(6);
+/// What is known of a person is shared: pieces that are shown later are made of it then.
+void SidePane::addSuggestion(QVBoxLayout& page,
+                             const std::shared_ptr<const PersonKnowledge>& person,
+                             std::size_t index) {
+  const PersonKnowledge::Suggestion& suggestion = person->suggestions[index];
+  const QString name = nameOr(person->name, unnamed);
+  addText(page, fromUTF8(suggestion.goalTitle), TextRole::strong);
+  if (suggestion.displayName && fromUTF8(*suggestion.displayName) != name) {
+    addText(page, "As " + fromUTF8(*suggestion.displayName), TextRole::quiet);
   }
-  if (!person.goalsTowards.empty()) section(page, "The person to reach for");
-  for (const std::string& title : person.goalsTowards) add(page, fromUTF8(title), TextRole::body);
-  if (!person.goalsWithPaths.empty()) section(page, "On a path for");
-  for (const std::string& title : person.goalsWithPaths) add(page, fromUTF8(title), TextRole::body);
-  if (!person.outcomes.empty()) section(page, "Recorded");
-  for (const auto& [goalTitle, outcome] : person.outcomes) {
-    QString line = fromUTF8(GoalOutcomeRecordingFormLogic::label(outcome.value));
-    if (const QString when = day(outcome.recordedAt, environment_); !when.isEmpty()) {
-      line += ", " + when;
-    }
-    if (outcome.correctsOutcomeID) line += " · corrected";
-    add(page, line, TextRole::strong);
-    if (outcome.note) add(page, fromUTF8(*outcome.note), TextRole::body);
-    add(page, fromUTF8(goalTitle), TextRole::quiet);
-    page->addSpacing(6);
+  addText(page, reason(suggestion.why), TextRole::body);
+  addSources(page, {person, &suggestion.evidenceIDs});
+  page.addSpacing(6);
+}
+
+void SidePane::addOutcome(QVBoxLayout& page, const PersonKnowledge::Outcome& recorded) const {
+  const GoalOutcomeDTO& outcome = recorded.outcome;
+  QString line = fromUTF8(GoalOutcomeRecordingFormLogic::label(outcome.value));
+  if (const QString when = day(outcome.recordedAt, environment_); !when.isEmpty()) {
+    line += ", " + when;
   }
+  if (outcome.correctsOutcomeID) line += " · corrected";
+  addText(page, line, TextRole::strong);
+  if (outcome.note) addText(page, fromUTF8(*outcome.note), TextRole::body);
+  addText(page, fromUTF8(recorded.goalTitle), TextRole::quiet);
+  page.addSpacing(6);
+}
+
+void SidePane::showPerson(PersonKnowledge known) {
+  const auto person = std::make_shared<const PersonKnowledge>(std::move(known));
+  QVBoxLayout* page = begin("Person", nameOr(person->name, unnamed));
+  addText(*page, "Reference: " + fromUTF8(person->personRef), TextRole::quiet);
+  section(page, "Worth considering for", "the goals", person->suggestions.size(),
+          [person](QVBoxLayout& column, std::size_t i) { addSuggestion(column, person, i); });
+  section(page, "The person to reach for", "the goals", person->goalsTowards.size(),
+          [person](QVBoxLayout& column, std::size_t i) {
+            addText(column, fromUTF8(person->goalsTowards[i]), TextRole::body);
+          });
+  section(page, "On a path for", "the goals", person->goalsWithPaths.size(),
+          [person](QVBoxLayout& column, std::size_t i) {
+            addText(column, fromUTF8(person->goalsWithPaths[i]), TextRole::body);
+          });
+  section(page, "Recorded", "the outcomes", person->outcomes.size(),
+          [this, person](QVBoxLayout& column, std::size_t i) {
+            addOutcome(column, person->outcomes[i]);
+          });
   end();
 }
 
-void SidePane::showEvidence(const EvidenceKnowledge& evidence) {
-  QVBoxLayout* page = begin("Source", fromUTF8(evidence.evidenceID));
-  if (!evidence.statements.empty()) section(page, "What it says");
-  for (const auto& statement : evidence.statements) {
-    add(page, fromUTF8(statement.label), TextRole::strong);
-    add(page, fromUTF8(statement.detail), TextRole::body);
-    add(page, fromUTF8(statement.goalTitle), TextRole::quiet);
-    page->addSpacing(6);
-  }
-  if (!evidence.people.empty()) section(page, "Whom it speaks for");
-  for (const auto& person : evidence.people) {
-    add(page, nameOr(person.displayName, unnamed), TextRole::strong);
-    add(page, reason(person.why), TextRole::body);
-    add(page, person.rank == 0 ? "The strongest source for them" : "One of several sources",
-        TextRole::body);
-    add(page, fromUTF8(person.goalTitle), TextRole::quiet);
-    page->addSpacing(6);
-  }
-  if (evidence.statements.empty() && evidence.people.empty()) {
-    add(page, "The store holds nothing more about this source.", TextRole::body);
+void SidePane::showEvidence(EvidenceKnowledge known) {
+  const auto evidence = std::make_shared<const EvidenceKnowledge>(std::move(known));
+  QVBoxLayout* page = begin("Source", fromUTF8(evidence->evidenceID));
+  section(page, "What it says", "the statements", evidence->statements.size(),
+          [evidence](QVBoxLayout& column, std::size_t i) {
+            const EvidenceKnowledge::Statement& statement = evidence->statements[i];
+            addText(column, fromUTF8(statement.label), TextRole::strong);
+            addText(column, fromUTF8(statement.detail), TextRole::body);
+            addText(column, fromUTF8(statement.goalTitle), TextRole::quiet);
+            column.addSpacing(6);
+          });
+  section(page, "Whom it speaks for", "the people", evidence->people.size(),
+          [evidence](QVBoxLayout& column, std::size_t i) {
+            const EvidenceKnowledge::Person& person = evidence->people[i];
+            addText(column, nameOr(person.displayName, unnamed), TextRole::strong);
+            addText(column, reason(person.why), TextRole::body);
+            addText(column,
+                    person.rank == 0 ? "The strongest source for them" : "One of several sources",
+                    TextRole::body);
+            addText(column, fromUTF8(person.goalTitle), TextRole::quiet);
+            column.addSpacing(6);
+          });
+  if (evidence->statements.empty() && evidence->people.empty()) {
+    addText(*page, "The store holds nothing more about this source.", TextRole::body);
   }
   end();
 }
@@ -155,9 +200,22 @@ void SidePane::showPath(const GoalPathCandidateDTO& path,
   }
   const QString target = shown.empty() ? QString("Nobody") : shown.back();
   QVBoxLayout* page = begin("Starfold", "Path to " + target);
-  add(page, reason(path.why), TextRole::quiet);
+  addText(*page, reason(path.why), TextRole::quiet);
   page->addSpacing(12);
-  page->addWidget(new PathGraph(std::move(shown)));
+  if (shown.size() <= mostEntriesAtOnce) {
+    page->addWidget(new PathGraph(std::move(shown)));
+  } else {
+    page->addWidget(new Pieces(
+        "the path", [shown = std::move(shown), next = std::size_t{0}](QVBoxLayout& pieces) mutable {
+          const std::size_t end = std::min(shown.size(), next + mostEntriesAtOnce);
+          pieces.addWidget(new PathGraph({shown.begin() + static_cast<std::ptrdiff_t>(next),
+                                          shown.begin() + static_cast<std::ptrdiff_t>(end)},
+                                         shown.back(),
+                                         end == shown.size() ? PathEnd::here : PathEnd::later));
+          next = end;
+          return next < shown.size();
+        }));
+  }
   end();
 }
 

@@ -4,6 +4,7 @@
 #include "VemraPlatform/ui/Environment.hpp"
 #include "apps/desk/store/Knowledge.hpp"
 
+#include <memory>
 #include <vector>
 
 #include <QScrollArea>
@@ -13,7 +14,8 @@ class QVBoxLayout;
 namespace vemra::desk {
 
 /// What stands beside the screen: what the store knows of a person, of a piece of evidence, or a
-/// path as a graph. Hidden while there is nothing to show.
+/// path as a graph. Hidden while there is nothing to show. Long texts and long lists are shown piece
+/// by piece (`Pieces`).
 class SidePane : public QScrollArea {
   Q_OBJECT
 
@@ -23,8 +25,8 @@ class SidePane : public QScrollArea {
   /// Locale and time zone in which days are written.
   void setEnvironment(ui::Environment environment) { environment_ = std::move(environment); }
 
-  void showPerson(const PersonKnowledge& person);
-  void showEvidence(const EvidenceKnowledge& evidence);
+  void showPerson(PersonKnowledge person);
+  void showEvidence(EvidenceKnowledge evidence);
   void showPath(const GoalPathCandidateDTO& path,
                 const std::vector<std::optional<std::string>>& names);
 
@@ -35,7 +37,13 @@ class SidePane : public QScrollArea {
  private:
   QVBoxLayout* begin(const QString& kind, const QString& title);
   void end();
-  void section(QVBoxLayout* page, const QString& heading);
+  /// A heading and the entries 0 to `count` under it; nothing when there are none.
+  template <class Add>
+  void section(QVBoxLayout* page, const QString& heading, const QString& what, std::size_t count,
+               Add add);
+  static void addSuggestion(QVBoxLayout& page, const std::shared_ptr<const PersonKnowledge>& person,
+                            std::size_t index);
+  void addOutcome(QVBoxLayout& page, const PersonKnowledge::Outcome& recorded) const;
 
   ui::Environment environment_;
 };

@@ -72,9 +72,9 @@ TEST_F(GoalRowTest, AnEndlessTitleIsNamedInFullAndHasAToolTipThatFitsAScreen) {
 
 TEST_F(GoalRowTest, AToolTipThatIsCutSaysSoAndCutsNoCharacter) {
   const QString rest = QString::fromUtf8("\U0001F600").repeated(600);
-  row.setTitle(QString(1999, u'a') + rest);
+  row.setTitle(QString(1000, u'a') + rest);
   EXPECT_NE(toolTip().find("a…</p>"), std::string::npos) << toolTip();
-  row.setTitle(QString(1998, u'a') + rest);
+  row.setTitle(QString(999, u'a') + rest);
   EXPECT_NE(toolTip().find("a\U0001F600…</p>"), std::string::npos) << toolTip();
 }
 

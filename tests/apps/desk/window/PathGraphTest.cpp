@@ -1,4 +1,8 @@
 #include "apps/desk/window/PathGraph.hpp"
+#include "apps/desk/window/PlainText.hpp"
+
+#include <cmath>
+#include <vector>
 
 #include <QAccessible>
 #include <QImage>
@@ -48,6 +52,73 @@ TEST_F(PathGraphTest, SaysThePathToWhoDoesNotSeeIt) {
   QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(&graph);
   EXPECT_EQ(heard->text(QAccessible::Name), "Path to Dee");
   EXPECT_EQ(heard->text(QAccessible::Description), "Ada, then Bo, then Dee");
+}
+
+/// How many pixels of a picture of the graph have that colour.
+int pixels(PathGraph& graph, const QColor& colour) {
+  graph.resize(220, graph.heightForWidth(220));
+  const QImage image = graph.grab().toImage();
+  int count = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) count += image.pixelColor(x, y) == colour ? 1 : 0;
+  }
+  return count;
+}
+
+TEST_F(PathGraphTest, StarsStandLeftAndRightByTurns) {
+  const auto starOfLast = [](const std::vector<QString>& names) {
+    PathGraph path(names);
+    path.resize(220, path.heightForWidth(220));
+    return desk::brightStar(path.grab().toImage(), path.palette().color(QPalette::Highlight));
+  };
+  const QPoint first = starOfLast({"Ada"});
+  const QPoint second = starOfLast({"Ada", "Bo"});
+  const QPoint third = starOfLast({"Ada", "Bo", "Dee"});
+  EXPECT_NEAR(first.x(), 11, 1);
+  EXPECT_NEAR(second.x(), first.x() + 22, 1);
+  EXPECT_EQ(third.x(), first.x());
+  EXPECT_EQ(third.y() - second.y(), second.y() - first.y());
+}
+
+TEST_F(PathGraphTest, ItIsAsHighAsItsNamesAndWhatIsBetweenThem) {
+  const qreal name = QFontMetricsF(graph.font()).height();
+  EXPECT_EQ(PathGraph({"Ada"}).heightForWidth(220), std::ceil(name + 16));
+  EXPECT_EQ(graph.heightForWidth(220), std::ceil(3 * name + 2 * 34 + 16));
+  EXPECT_EQ(PathGraph(std::vector<QString>()).heightForWidth(220), 0);
+  const PathGraph wordy({QString("wordword ").repeated(6), "Bo"});
+  EXPECT_GT(wordy.heightForWidth(120), wordy.heightForWidth(400));
+  EXPECT_EQ(wordy.sizeHint(), QSize(220, wordy.heightForWidth(220)));
+  EXPECT_EQ(wordy.minimumSizeHint(), QSize(120, wordy.heightForWidth(220)));
+  EXPECT_TRUE(wordy.hasHeightForWidth() && wordy.sizePolicy().hasHeightForWidth());
+  EXPECT_GT(wordy.heightForWidth(0), 0) << "a name has some room however narrow it is";
+}
+
+TEST_F(PathGraphTest, NeighboursAreJoined) {
+  const QColor line = inkOf(ui::ForegroundStyle::tertiary, graph.palette());
+  PathGraph one({"Ada"});
+  PathGraph two({"Ada", "Bo"});
+  EXPECT_EQ(pixels(one, line), 0);
+  EXPECT_GT(pixels(two, line), 20);
+}
+
+TEST_F(PathGraphTest, AStretchThatGoesOnHasNoBrightStar) {
+  const QColor bright = graph.palette().color(QPalette::Highlight);
+  PathGraph later({"Ada", "Bo"}, "Dee", PathEnd::later);
+  EXPECT_EQ(pixels(later, bright), 0);
+  EXPECT_EQ(later.accessibleName(), "Path to Dee");
+  EXPECT_EQ(later.accessibleDescription(), "Ada, then Bo");
+  PathGraph here({"Ada", "Bo"}, "Bo", PathEnd::here);
+  EXPECT_GT(pixels(here, bright), 20);
+}
+
+TEST_F(PathGraphTest, NamesAreWrittenInTheTextsColour) {
+  EXPECT_GT(pixels(graph, graph.palette().color(QPalette::WindowText)), 3);
+}
+
+TEST_F(PathGraphTest, APathOverNobodyIsSaid) {
+  const PathGraph nobody{std::vector<QString>()};
+  EXPECT_EQ(nobody.accessibleName(), "A path over nobody");
+  EXPECT_EQ(nobody.accessibleDescription(), "");
 }
 
 }  // namespace

@@ -1,0 +1,112 @@
+#include "apps/desk/window/Pieces.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include <QPushButton>
+#include <QTextBoundaryFinder>
+#include <QVBoxLayout>
+
+namespace vemra::desk {
+
+namespace {
+
+/// So near to the end of a piece a blank is looked for, so that words stay whole.
+constexpr qsizetype farthestBlank = 80;
+
+}  // namespace
+
+qsizetype endOfPiece(const QString& text, qsizetype from) {
+  const qsizetype left = text.size() - from;
+  QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text.constData() + from,
+                             std::min(left, mostUnitsAtOnce + 1));
+  qsizetype length = 0;
+  for (qsizetype i = 0; i < mostCharactersAtOnce && length < left; ++i) {
+    const qsizetype next = finder.toNextBoundary();
+    if (next < 0 || next > mostUnitsAtOnce || next - length > mostUnitsOfACharacter) break;
+    length = next;
+  }
+  if (length == left) return text.size();
+  const qsizetype end = from + length;
+  if (length == 0) {
+    const qsizetype cut = from + mostUnitsOfACharacter;
+    return text[cut].isLowSurrogate() ? cut - 1 : cut;
+  }
+  for (qsizetype blank = end; blank > end - farthestBlank && blank > from; --blank) {
+    if (text[blank - 1].isSpace()) return blank;
+  }
+  return end;
+}
+
+QString firstPiece(const QString& text) {
+  const qsizetype end = endOfPiece(text, 0);
+  return end == text.size() ? text : text.left(end) + u'…';
+}
+
+Pieces::Pieces(const QString& what, AddNext addNext, QWidget* parent)
+    : QWidget(parent), addNext_(std::move(addNext)) {
+  QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  policy.setHeightForWidth(true);
+  setSizePolicy(policy);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(4);
+  pieces_ = new QVBoxLayout;
+  pieces_->setSpacing(4);
+  column->addLayout(pieces_);
+  more_ = new QPushButton("Show more");
+  more_->setObjectName("desk.side.more");
+  more_->setAccessibleName("Show more of " + what);
+  more_->setFocusPolicy(Qt::StrongFocus);
+  more_->setAutoDefault(false);
+  column->addWidget(more_, 0, Qt::AlignLeading);
+  connect(more_, &QPushButton::clicked, this, &Pieces::showNext);
+  showNext();
+}
+
+void Pieces::showNext() {
+  const QList<QPushButton*> before = findChildren<QPushButton*>();
+  const bool hasMore = addNext_(*pieces_);
+  // Tab goes on in the order of reading: past the buttons in the new piece before this one.
+  for (QPushButton* button : findChildren<QPushButton*>()) {
+    if (before.contains(button)) continue;
+    QWidget* last = more_->previousInFocusChain();
+    while (last != window() && !(last->focusPolicy() & Qt::TabFocus)) {
+      last = last->previousInFocusChain();
+    }
+    // The window is where the chain begins: in front of this button there is no other.
+    last == window() ? setTabOrder(button, more_) : setTabOrder(last, button);
+  }
+  if (!hasMore) more_->hide();  // the focus goes to the next control
+}
+
+void addText(QVBoxLayout& column, const QString& text, TextRole role) {
+  if (text.isEmpty()) return;
+  if (endOfPiece(text, 0) == text.size()) {
+    column.addWidget(makeLabel(text, role));
+    return;
+  }
+  column.addWidget(
+      new Pieces("the text", [text, role, from = qsizetype{0}](QVBoxLayout& pieces) mutable {
+        const qsizetype end = endOfPiece(text, from);
+        pieces.addWidget(makeLabel(text.mid(from, end - from), role));
+        from = end;
+        return from < text.size();
+      }));
+}
+
+void addEntries(QVBoxLayout& column, const QString& what, std::size_t count,
+                std::function<void(QVBoxLayout& column, std::size_t index)> add) {
+  if (count <= mostEntriesAtOnce) {
+    for (std::size_t index = 0; index < count; ++index) add(column, index);
+    return;
+  }
+  column.addWidget(new Pieces(
+      what, [count, add = std::move(add), next = std::size_t{0}](QVBoxLayout& pieces) mutable {
+        const std::size_t end = std::min(count, next + mostEntriesAtOnce);
+        for (; next < end; ++next) add(pieces, next);
+        return next < count;
+      }));
+}
+
+}  // namespace vemra::desk
