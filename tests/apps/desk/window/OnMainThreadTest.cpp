@@ -1,0 +1,73 @@
+#include "VemraPlatform/task/Task.hpp"
+#include "apps/desk/window/OnMainThread.hpp"
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <thread>
+
+#include <QApplication>
+#include <QThread>
+#include <gtest/gtest.h>
+
+namespace vemra::desk {
+namespace {
+
+task::Task<std::string> ends(std::string with) {
+  co_return with;
+}
+
+task::Task<std::string> fails() {
+  throw std::runtime_error("it failed");
+  co_return "";
+}
+
+class OnMainThreadTest : public ::testing::Test {
+ protected:
+  /// Starts a task whose end is written down.
+  void start(task::Task<std::string> task) {
+    startOnMainThread(*receiver, std::move(task), [this](task::Result<std::string> result) {
+      EXPECT_EQ(QThread::currentThread(), QApplication::instance()->thread());
+      try {
+        heard += std::move(result).take() + " ";
+      } catch (const std::runtime_error& error) {
+        heard += std::string("failed: ") + error.what() + " ";
+      }
+    });
+  }
+
+  std::unique_ptr<QObject> receiver = std::make_unique<QObject>();
+  std::string heard;
+};
+
+TEST_F(OnMainThreadTest, TheEndComesFromTheEventLoopAndNeverAtOnce) {
+  start(ends("done"));
+  EXPECT_EQ(heard, "") << "the task has ended, but its caller goes on first";
+  QApplication::processEvents();
+  EXPECT_EQ(heard, "done ");
+  QApplication::processEvents();
+  EXPECT_EQ(heard, "done ") << "once";
+}
+
+TEST_F(OnMainThreadTest, AFailureIsHandedOn) {
+  start(fails());
+  QApplication::processEvents();
+  EXPECT_EQ(heard, "failed: it failed ");
+}
+
+TEST_F(OnMainThreadTest, SeveralEndInTheirOrder) {
+  start(ends("one"));
+  start(ends("two"));
+  QApplication::processEvents();
+  EXPECT_EQ(heard, "one two ");
+}
+
+TEST_F(OnMainThreadTest, AReceiverThatHasGoneHearsNothing) {
+  start(ends("done"));
+  receiver.reset();
+  QApplication::processEvents();
+  EXPECT_EQ(heard, "");
+}
+
+}  // namespace
+}  // namespace vemra::desk

@@ -1,0 +1,97 @@
+#include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/Welcome.hpp"
+
+#include <memory>
+
+#include <QApplication>
+#include <QPushButton>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace vemra::desk {
+namespace {
+
+TEST(PlainText, ALabelShowsItsTextLiterallyAndWraps) {
+  const std::unique_ptr<QLabel> label(makeLabel("<b>Ada</b> &amp; co", TextRole::body));
+  EXPECT_EQ(label->text(), "<b>Ada</b> &amp; co");
+  EXPECT_EQ(label->textFormat(), Qt::PlainText);
+  EXPECT_TRUE(label->wordWrap());
+  EXPECT_EQ(label->textInteractionFlags(), Qt::TextSelectableByMouse);
+  EXPECT_EQ(label->sizePolicy().horizontalPolicy(), QSizePolicy::Ignored);
+  EXPECT_EQ(label->sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
+  EXPECT_TRUE(label->sizePolicy().hasHeightForWidth());
+}
+
+TEST(PlainText, RolesAreSizesAndWeightsOfTheSystemFont) {
+  const QFont system = QApplication::font("QLabel");
+  const auto fontOf = [](TextRole role) {
+    return std::unique_ptr<QLabel>(makeLabel("text", role))->font();
+  };
+  EXPECT_DOUBLE_EQ(fontOf(TextRole::title).pointSizeF(), system.pointSizeF() * 1.25);
+  EXPECT_EQ(fontOf(TextRole::title).weight(), QFont::DemiBold);
+  EXPECT_DOUBLE_EQ(fontOf(TextRole::heading).pointSizeF(), system.pointSizeF() * 0.9);
+  EXPECT_EQ(fontOf(TextRole::heading).weight(), QFont::DemiBold);
+  EXPECT_EQ(fontOf(TextRole::strong).pointSizeF(), system.pointSizeF());
+  EXPECT_EQ(fontOf(TextRole::strong).weight(), QFont::DemiBold);
+  for (const TextRole role : {TextRole::body, TextRole::quiet}) {
+    EXPECT_EQ(fontOf(role).pointSizeF(), system.pointSizeF());
+    EXPECT_EQ(fontOf(role).weight(), system.weight());
+  }
+}
+
+TEST(PlainText, QuietRolesHaveTheQuieterColour) {
+  const QPalette palette = QApplication::palette();
+  const QColor quiet = inkOf(ui::ForegroundStyle::secondary, palette);
+  EXPECT_NE(quiet, palette.color(QPalette::WindowText));
+  const auto inkOfRole = [](TextRole role) {
+    const std::unique_ptr<QLabel> label(makeLabel("text", role));
+    EXPECT_EQ(label->palette().color(QPalette::Text), label->palette().color(QPalette::WindowText));
+    return label->palette().color(QPalette::WindowText);
+  };
+  EXPECT_EQ(inkOfRole(TextRole::quiet), quiet);
+  EXPECT_EQ(inkOfRole(TextRole::heading), quiet);
+  for (const TextRole role : {TextRole::title, TextRole::strong, TextRole::body}) {
+    EXPECT_EQ(inkOfRole(role), palette.color(QPalette::WindowText));
+  }
+}
+
+TEST(PlainText, ATitleOfAButtonHasNoMnemonic) {
+  EXPECT_EQ(asButtonTitle("Fish & chips && more"), "Fish && chips &&&& more");
+}
+
+TEST(PlainText, AToolTipIsEscapedAndKeepsItsLines) {
+  EXPECT_EQ(asToolTip("<b>\n&"), "<p style=\"white-space:pre-wrap\">&lt;b&gt;\n&amp;</p>");
+}
+
+TEST(PlainText, TextsComeFromTheirBytes) {
+  EXPECT_EQ(fromUTF8("S\u00f8ren"), QString::fromUtf8("S\u00f8ren"));
+  EXPECT_EQ(fromUTF8(std::string_view("ab\0c", 4)).size(), 4);
+}
+
+TEST(Welcome, SaysHowToFillTheStoreAndOffersTheSamples) {
+  Welcome welcome;
+  welcome.resize(600, 400);
+  QStringList texts;
+  for (const auto* label : welcome.findChildren<QLabel*>()) {
+    texts.append(label->text());
+    EXPECT_EQ(label->alignment() & Qt::AlignHorizontal_Mask, Qt::AlignHCenter);
+  }
+  EXPECT_EQ(texts.size(), 3);
+  EXPECT_EQ(texts.value(0), "No goals yet");
+  EXPECT_TRUE(texts.value(1).contains("vemra-desk import DOC.json"));
+  EXPECT_EQ(welcome.objectName(), "desk.welcome");
+  EXPECT_TRUE(welcome.autoFillBackground());
+  EXPECT_EQ(welcome.backgroundRole(), QPalette::Base);
+  int wanted = 0;
+  QObject::connect(&welcome, &Welcome::samplesWanted, [&] { ++wanted; });
+  auto* add = welcome.findChild<QPushButton*>("desk.addSampleGoals");
+  ASSERT_TRUE(add);
+  EXPECT_EQ(add->text(), "Add sample goals");
+  EXPECT_GT(add->minimumWidth(), add->sizeHint().width());
+  EXPECT_EQ(wanted, 0);
+  add->click();
+  EXPECT_EQ(wanted, 1);
+}
+
+}  // namespace
+}  // namespace vemra::desk
