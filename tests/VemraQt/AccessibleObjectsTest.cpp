@@ -1,0 +1,236 @@
+// What an object answers: while its element is drawn, while it is not, and when it has gone.
+
+#include "VemraPlatform/ui/View.hpp"
+#include "VemraQt/Page.hpp"
+#include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "tests/VemraPlatform/ui/Sample.hpp"
+#include "tests/VemraQt/Accessibility.hpp"
+
+#include <string>
+#include <vector>
+
+#include <QApplication>
+#include <QLabel>
+#include <QMainWindow>
+#include <QScrollBar>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace vemra;
+using namespace vemra::qttest;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace {
+
+const QString pressAction = QAccessibleActionInterface::pressAction();
+const QString setFocusAction = QAccessibleActionInterface::setFocusAction();
+const QString showMenuAction = QAccessibleActionInterface::showMenuAction();
+
+/// What a choice stands for.
+struct Letter {
+  std::string value;
+  friend const std::string& caseName(const Letter& letter) { return letter.value; }
+};
+
+class AccessibleObjectsTest : public ::testing::Test {
+ protected:
+  AccessibleObjectsTest() {
+    widget.setEnvironment({});
+    widget.resize(300, 400);
+    widget.setObjectName("the.page");
+    widget.show();
+    widget.activateWindow();
+    QApplication::setActiveWindow(&widget);
+  }
+
+  /// A text, a button, a picker and a field, which change what the test can see.
+  ui::View controls(const std::string& prefix = "") {
+    return ui::VStack(
+        ui::HorizontalAlignment::leading, 4,
+        {ui::Text(ui::verbatim(prefix + "text")).accessibilityIdentifier(prefix + "text"),
+         ui::Button(ui::verbatim(prefix + "button"), [this] { done += "press "; })
+             .accessibilityIdentifier(prefix + "button"),
+         ui::Picker("Picker",
+                    ui::Binding<Letter>([] { return Letter{"a"}; },
+                                        [this](const Letter&) { done += "choose "; }),
+                    {ui::Text("A").tag(Letter{"a"}), ui::Text("B").tag(Letter{"b"})})
+             .accessibilityIdentifier(prefix + "picker"),
+         ui::TextField("Field",
+                       ui::Binding<std::string>([] { return std::string("note"); },
+                                                [this](const std::string&) { done += "write "; }))
+             .accessibilityIdentifier(prefix + "field")});
+  }
+
+  QAccessibleInterface& page() { return *QAccessible::queryAccessibleInterface(&widget); }
+  qt::AccessibleTree& tree() { return widget.page().accessibleTree(); }
+  QAccessibleInterface* find(const std::string& identifier) {
+    const auto found = tree().find(QString::fromStdString(identifier), 1);
+    return found.isEmpty() ? nullptr : QAccessible::accessibleInterface(found.front());
+  }
+
+  std::string done;
+  qt::ViewWidget widget;
+};
+
+}  // namespace
+
+TEST_F(AccessibleObjectsTest, ThePageItselfHasTheIdentifierOfItsWidget) {
+  widget.setRoot(ui::Text("text"));
+  const QAccessible::Id id = QAccessible::uniqueId(&page());
+  EXPECT_EQ(tree().identifier(id), "the.page");
+  widget.setObjectName("");
+  EXPECT_EQ(tree().identifier(id), "");
+  EXPECT_FALSE(tree().identifier(id).isNull()) << "it is known, and has none";
+  EXPECT_EQ(tree().identifier(QAccessible::uniqueId(page().child(0))), "");
+  EXPECT_FALSE(tree().identifier(QAccessible::uniqueId(page().child(0))).isNull());
+  qt::ViewWidget other;
+  other.setRoot(ui::Text("text"));
+  QAccessibleInterface* elsewhere = QAccessible::queryAccessibleInterface(&other);
+  EXPECT_TRUE(tree().identifier(QAccessible::uniqueId(elsewhere)).isNull());
+  EXPECT_TRUE(tree().identifier(QAccessible::uniqueId(elsewhere->child(0))).isNull());
+  EXPECT_TRUE(tree().identifier(0).isNull());
+}
+
+TEST_F(AccessibleObjectsTest, ThePageIsAWindowOnlyWhenItIsOne) {
+  EXPECT_EQ(page().role(), QAccessible::Window);
+  QMainWindow window;
+  auto* inside = new qt::ViewWidget;
+  window.setCentralWidget(inside);
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(inside)->role(), QAccessible::Client);
+}
+
+TEST_F(AccessibleObjectsTest, AnActionOnAnElementThatHasGoneDoesNothing) {
+  widget.setRoot(controls());
+  QAccessibleInterface& button = *find("button");
+  QAccessibleInterface& picker = *find("picker");
+  QAccessibleInterface& field = *find("field");
+  QAccessibleInterface& choice = *picker.child(1);
+  QAccessibleActionInterface* const actions[] = {button.actionInterface(), picker.actionInterface(),
+                                                 field.actionInterface(), choice.actionInterface()};
+  QAccessibleEditableTextInterface* const editable = field.editableTextInterface();
+  auto* selection = dynamic_cast<qt::SelectionInterface*>(&picker);
+  for (auto* action : actions) ASSERT_TRUE(action);
+  widget.setRoot(ui::Button("other", [this] { done += "other "; }));
+  for (auto* action : actions) {
+    for (const QString& name : {pressAction, setFocusAction, showMenuAction})
+      action->doAction(name);
+  }
+  editable->insertText(0, "x");
+  EXPECT_EQ(selection->selectedItemCount(), 0);
+  EXPECT_FALSE(selection->select(&choice));
+  EXPECT_EQ(done, "");
+  EXPECT_FALSE(QApplication::activePopupWidget());
+  for (QAccessibleInterface* gone : {&button, &picker, &field}) {
+    const QAccessible::State state = gone->state();
+    EXPECT_TRUE(state.invalid && state.disabled && state.invisible);
+    EXPECT_FALSE(state.focusable || state.focused);
+    EXPECT_EQ(name(*gone), "");
+    EXPECT_EQ(identifier(*gone), "");
+    EXPECT_TRUE(gone->rect().isNull());
+    EXPECT_EQ(gone->childCount(), 0);
+    EXPECT_FALSE(qt::AccessibleObject::living(QAccessible::uniqueId(gone)));
+  }
+}
+
+TEST_F(AccessibleObjectsTest, EveryElementHasTheActionsOfItsKind) {
+  widget.setRoot(controls());
+  EXPECT_FALSE(find("text")->actionInterface());
+  EXPECT_THAT(find("button")->actionInterface()->actionNames(),
+              ElementsAre(pressAction, setFocusAction));
+  EXPECT_THAT(find("picker")->actionInterface()->actionNames(),
+              ElementsAre(showMenuAction, setFocusAction));
+  EXPECT_THAT(find("field")->actionInterface()->actionNames(), ElementsAre(setFocusAction));
+  EXPECT_THAT(find("button")->actionInterface()->keyBindingsForAction(pressAction), IsEmpty());
+  find("button")->actionInterface()->doAction(showMenuAction);
+  find("picker")->actionInterface()->doAction(pressAction);
+  find("field")->actionInterface()->doAction(pressAction);
+  EXPECT_EQ(done, "");
+  find("button")->actionInterface()->doAction(pressAction);
+  EXPECT_EQ(done, "press ");
+  find("field")->actionInterface()->doAction(setFocusAction);
+  EXPECT_TRUE(find("field")->state().focused);
+  EXPECT_FALSE(find("button")->state().focused);
+  EXPECT_EQ(page().focusChild(), find("field"));
+}
+
+TEST_F(AccessibleObjectsTest, StatesFollowTheWindowAndTheElement) {
+  widget.setRoot(ui::Group({controls(), controls("off ").disabled(true)}));
+  EXPECT_TRUE(find("button")->state().focusable);
+  EXPECT_FALSE(find("button")->state().disabled || find("button")->state().offscreen);
+  EXPECT_FALSE(find("text")->state().focusable);
+  EXPECT_TRUE(find("off button")->state().disabled);
+  EXPECT_FALSE(find("off button")->state().focusable);
+  find("off button")->actionInterface()->doAction(pressAction);
+  EXPECT_EQ(done, "");
+  EXPECT_FALSE(find("button")->state().invisible);
+  widget.hide();
+  EXPECT_TRUE(find("button")->state().invisible);
+}
+
+TEST_F(AccessibleObjectsTest, IsFoundWhereItIsDrawn) {
+  widget.setRoot(ui::Group({controls(), ui::sample::list(ui::sample::numbered(3))}));
+  for (const char* drawn : {"text", "button", "picker", "field"}) {
+    const QPoint middle = find(drawn)->rect().center();
+    EXPECT_EQ(page().childAt(middle.x(), middle.y()), find(drawn)) << drawn;
+  }
+  QAccessibleInterface& row = *page().child(5);
+  EXPECT_EQ(name(row), "row1");
+  const QPoint inRow = row.child(0)->rect().center();
+  EXPECT_EQ(page().childAt(inRow.x(), inRow.y()), &row);
+  EXPECT_EQ(row.childAt(inRow.x(), inRow.y()), row.child(0));
+  EXPECT_EQ(row.childAt(inRow.x(), row.rect().bottom() + 50), nullptr);
+  EXPECT_EQ(page().childAt(page().rect().right() - 1, page().rect().bottom() - 1), nullptr);
+  EXPECT_EQ(page().childAt(page().rect().right() + 9, inRow.y()), nullptr);
+}
+
+TEST_F(AccessibleObjectsTest, ARowThatIsNotDrawnSharesItsPlaceAmongItsElements) {
+  widget.setRoot(ui::sample::list(ui::sample::numbered(300), [](const ui::sample::Line& line) {
+    return ui::View(ui::sample::Counter{line.id});
+  }));
+  QAccessibleInterface& row = *page().child(250);
+  ASSERT_EQ(row.childCount(), 2);
+  const QRect whole = row.rect();
+  EXPECT_GT(whole.top(), widget.mapToGlobal(QPoint(0, 400)).y());
+  EXPECT_EQ(row.child(0)->rect(), QRect(whole.topLeft(), QSize(whole.width(), whole.height() / 2)));
+  EXPECT_EQ(row.child(1)->rect().top(), whole.top() + whole.height() / 2);
+  EXPECT_TRUE(row.state().offscreen);
+  EXPECT_TRUE(row.child(0)->state().offscreen);
+  EXPECT_EQ(row.child(-1), nullptr);
+  EXPECT_EQ(row.child(2), nullptr);
+  EXPECT_EQ(row.indexOfChild(row.child(1)), 1);
+  EXPECT_EQ(row.indexOfChild(&page()), -1);
+  EXPECT_EQ(row.parent(), &page());
+  EXPECT_EQ(page().indexOfChild(&row), 250);
+  EXPECT_EQ(page().child(300), nullptr);
+  dynamic_cast<qt::AccessibleObject&>(row).scrollIn();
+  EXPECT_FALSE(row.state().offscreen);
+  EXPECT_FALSE(row.child(0)->state().offscreen);
+}
+
+TEST_F(AccessibleObjectsTest, ARowIsNamedByTheFirstOfItsTextsThatIsNotBlank) {
+  const auto rows = [](const std::string& first, const std::string& second) {
+    return ui::sample::list({{"a"}}, [first, second](const ui::sample::Line&) -> ui::View {
+      return ui::VStack(ui::HorizontalAlignment::leading, 0,
+                        {ui::Text(ui::verbatim(first)), ui::Text(ui::verbatim(second))})
+          .accessibilityIdentifier("row");
+    });
+  };
+  widget.setRoot(rows(" ", "second"));
+  EXPECT_EQ(name(*page().child(0)), "second");
+  EXPECT_EQ(page().child(0)->text(QAccessible::Value), "");
+  EXPECT_EQ(identifier(*page().child(0)), "row");
+  widget.setRoot(rows("first", "second"));
+  EXPECT_EQ(name(*page().child(0)), "first");
+  widget.setRoot(rows("", " "));
+  EXPECT_EQ(name(*page().child(0)), "");
+}
+
+TEST_F(AccessibleObjectsTest, FindsAsManyAsAskedForAndNothingByNoIdentifier) {
+  widget.setRoot(ui::Group({controls(), controls()}));
+  EXPECT_EQ(tree().find("button", 0).size(), 2);
+  EXPECT_EQ(tree().find("button", 1).size(), 1);
+  EXPECT_EQ(tree().find("button", 5).size(), 2);
+  EXPECT_THAT(tree().find("", 0), IsEmpty());
+  EXPECT_THAT(tree().find("butto", 0), IsEmpty());
+}

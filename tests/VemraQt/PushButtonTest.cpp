@@ -1,0 +1,140 @@
+// The button's widget: the keys that press it, and what ends a press.
+
+#include "VemraQt/ViewWidget.hpp"
+#include "VemraQt/widgets/PushButton.hpp"
+#include "tests/VemraPlatform/ui/Sample.hpp"
+
+#include <stdexcept>
+#include <string>
+
+#include <QApplication>
+#include <QEnterEvent>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace vemra;
+
+namespace {
+
+class PushButtonTest : public ::testing::Test {
+ protected:
+  PushButtonTest() {
+    widget.setEnvironment({});
+    widget.resize(300, 400);
+    widget.show();
+    widget.activateWindow();
+    QApplication::setActiveWindow(&widget);
+  }
+
+  ui::View button(const std::string& title, ui::ButtonStyle style = ui::ButtonStyle::automatic) {
+    return ui::Button(ui::verbatim(title), [this, title] { pressed += title; }).buttonStyle(style);
+  }
+  qt::PushButton& shown() const {
+    for (auto* found : widget.viewport()->findChildren<qt::PushButton*>()) {
+      if (found->node()) return *found;
+    }
+    throw std::logic_error("there is no button");
+  }
+
+  std::string pressed;
+  qt::ViewWidget widget;
+};
+
+}  // namespace
+
+TEST_F(PushButtonTest, ReturnAndEnterPressOnceHoweverLongTheyAreHeld) {
+  widget.setRoot(button("a"));
+  QTest::keyClick(&shown(), Qt::Key_Return);
+  QTest::keyClick(&shown(), Qt::Key_Enter);
+  EXPECT_EQ(pressed, "aa");
+  for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
+    QKeyEvent again(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+    QApplication::sendEvent(&shown(), &again);
+    EXPECT_TRUE(again.isAccepted()) << "no default button of the window hears of it";
+  }
+  EXPECT_EQ(pressed, "aa");
+}
+
+TEST_F(PushButtonTest, SpacePressesWhenItIsLetGo) {
+  widget.setRoot(button("a"));
+  shown().setFocus();
+  QTest::keyPress(&shown(), Qt::Key_Space);
+  EXPECT_EQ(pressed, "");
+  EXPECT_TRUE(shown().isDown());
+  QTest::keyRelease(&shown(), Qt::Key_Space);
+  EXPECT_EQ(pressed, "a");
+}
+
+// The widget is lent to the next element of its kind, with the key still down.
+TEST_F(PushButtonTest, SpaceThatIsDownWhenTheElementGoesDoesNotPressTheNextOne) {
+  widget.setRoot(ui::Group({button("a").id("a")}));
+  qt::PushButton& first = shown();
+  first.setFocus();
+  QTest::keyPress(&first, Qt::Key_Space);
+  widget.setRoot(ui::Group({button("b").id("b")}));
+  EXPECT_FALSE(first.isDown());
+  QTest::keyRelease(&first, Qt::Key_Space);
+  QTest::keyRelease(&shown(), Qt::Key_Space);
+  EXPECT_EQ(pressed, "");
+  QTest::keyClick(&shown(), Qt::Key_Space);
+  EXPECT_EQ(pressed, "b");
+}
+
+TEST_F(PushButtonTest, OtherKeysAreThePages) {
+  widget.setRoot(button("a"));
+  for (const auto key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Select, Qt::Key_A, Qt::Key_Escape}) {
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+    QApplication::sendEvent(&shown(), &event);
+    EXPECT_FALSE(event.isAccepted()) << key;
+  }
+  EXPECT_EQ(pressed, "");
+}
+
+TEST_F(PushButtonTest, APlainOneHasTheHandOfALink) {
+  widget.setRoot(button("a & b", ui::ButtonStyle::plain));
+  EXPECT_EQ(shown().cursor().shape(), Qt::PointingHandCursor);
+  EXPECT_EQ(shown().text(), "a && b") << "no mnemonic";
+  EXPECT_EQ(shown().focusPolicy(), Qt::ClickFocus);
+  EXPECT_FALSE(shown().autoDefault());
+  widget.setRoot(ui::View());
+  widget.setRoot(button("c"));
+  EXPECT_EQ(shown().cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(PushButtonTest, APlainOneIsUnderlinedUnderTheMouse) {
+  widget.setRoot(button("link", ui::ButtonStyle::plain));
+  const QImage before = shown().grab().toImage();
+  QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+  shown().setAttribute(Qt::WA_UnderMouse, true);
+  QApplication::sendEvent(&shown(), &enter);
+  EXPECT_NE(shown().grab().toImage(), before);
+  shown().setAttribute(Qt::WA_UnderMouse, false);
+  EXPECT_EQ(shown().grab().toImage(), before);
+  shown().setDown(true);
+  EXPECT_NE(shown().grab().toImage(), before) << "also while it is down";
+}
+
+TEST_F(PushButtonTest, ADisabledOneIsFainterAndNotUnderlined) {
+  widget.setRoot(button("link", ui::ButtonStyle::plain));
+  const QImage enabled = shown().grab().toImage();
+  widget.setRoot(button("link", ui::ButtonStyle::plain).disabled(true));
+  EXPECT_FALSE(shown().isEnabled());
+  const QImage disabled = shown().grab().toImage();
+  EXPECT_NE(disabled, enabled);
+  shown().setAttribute(Qt::WA_UnderMouse, true);
+  EXPECT_EQ(shown().grab().toImage(), disabled);
+  shown().click();
+  EXPECT_EQ(pressed, "");
+  widget.setRoot(button("link", ui::ButtonStyle::plain));
+  EXPECT_TRUE(shown().isEnabled());
+}
+
+TEST_F(PushButtonTest, AnElementThatGoesTakesTheMouseAlong) {
+  widget.setRoot(ui::Group({button("a", ui::ButtonStyle::plain).id("a")}));
+  qt::PushButton& first = shown();
+  first.setAttribute(Qt::WA_UnderMouse, true);
+  widget.setRoot(ui::View());
+  EXPECT_FALSE(first.underMouse());
+  EXPECT_FALSE(first.node());
+  EXPECT_TRUE(first.isHidden());
+}

@@ -1,0 +1,101 @@
+// Widgets are lent by what is costly to change about them, and as many are kept as a page needs.
+
+#include "VemraPlatform/ui/View.hpp"
+#include "VemraQt/widgets/WidgetPool.hpp"
+
+#include <vector>
+
+#include <QApplication>
+#include <QPointer>
+#include <gtest/gtest.h>
+
+using namespace vemra;
+using namespace vemra::qt;
+
+namespace {
+
+class WidgetPoolTest : public ::testing::Test {
+ protected:
+  WidgetPoolTest() { context.looks = Looks(QApplication::font(), QApplication::palette(), {}); }
+
+  static ui::Element element(const ui::View& view) { return ui::Element(view, {}, {}); }
+
+  QWidget page;
+  PageContext context;
+  WidgetPool pool{&page, context};
+  const ui::Element text = element(ui::Text("text"));
+};
+
+}  // namespace
+
+TEST_F(WidgetPoolTest, WhatIsGivenBackIsLentAgainTheLastFirst) {
+  ElementWidget& one = pool.take(text);
+  ElementWidget& other = pool.take(text);
+  EXPECT_NE(&one, &other);
+  EXPECT_EQ(pool.size(), 2u);
+  pool.giveBack(one);
+  pool.giveBack(other);
+  EXPECT_EQ(pool.size(), 2u);
+  EXPECT_EQ(&pool.take(element(ui::Text("another"))), &other);
+  EXPECT_EQ(&pool.take(text), &one);
+  EXPECT_EQ(pool.size(), 2u);
+}
+
+TEST_F(WidgetPoolTest, EveryLookHasWidgetsOfItsOwn) {
+  const std::vector<ui::Element> looks = {
+      text,
+      element(ui::Text("t").font(ui::Font::caption)),
+      element(ui::Text("t").foregroundStyle(ui::ForegroundStyle::secondary)),
+      element(ui::Button("t", [] {})),
+      element(ui::Button("t", [] {}).buttonStyle(ui::ButtonStyle::plain)),
+      element(ui::TextField(
+          "t", ui::Binding<std::string>([] { return std::string(); }, [](const std::string&) {}))),
+  };
+  std::vector<ElementWidget*> widgets;
+  for (const ui::Element& look : looks) widgets.push_back(&pool.take(look));
+  for (ElementWidget* widget : widgets) pool.giveBack(*widget);
+  for (std::size_t i = 0; i < looks.size(); ++i) EXPECT_EQ(&pool.take(looks[i]), widgets[i]) << i;
+  EXPECT_EQ(pool.size(), looks.size());
+  const ui::Element quietButton =
+      element(ui::Button("t", [] {}).foregroundStyle(ui::ForegroundStyle::secondary));
+  pool.giveBack(*widgets[3]);
+  EXPECT_EQ(&pool.take(quietButton), widgets[3]) << "a button's colour is not its own";
+  EXPECT_EQ(widgets[1]->widget().font(), context.looks.font(ui::Font::caption));
+}
+
+TEST_F(WidgetPoolTest, RestingOnesAreHiddenOnlyWhenThePassIsOver) {
+  page.show();
+  ElementWidget& one = pool.take(text);
+  one.widget().show();
+  pool.giveBack(one);
+  EXPECT_FALSE(one.widget().isHidden()) << "it may only move";
+  pool.hideResting();
+  EXPECT_TRUE(one.widget().isHidden());
+}
+
+TEST_F(WidgetPoolTest, OfManyRestingOnesTheOldestAreDeletedLater) {
+  std::vector<ElementWidget*> widgets;
+  for (int i = 0; i < 30; ++i) widgets.push_back(&pool.take(text));
+  const QPointer<QWidget> oldest = &widgets.front()->widget();
+  for (ElementWidget* widget : widgets) pool.giveBack(*widget);
+  EXPECT_EQ(pool.size(), 30u);
+  pool.hideResting();
+  EXPECT_EQ(pool.size(), 24u);
+  EXPECT_TRUE(oldest) << "its own signal may be the one that is handled";
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_FALSE(oldest);
+  for (std::size_t i = 30; i-- > 6;) EXPECT_EQ(&pool.take(text), widgets[i]);
+  EXPECT_EQ(pool.size(), 24u);
+}
+
+TEST_F(WidgetPoolTest, AnotherFontReachesRestingWidgetsToo) {
+  ElementWidget& lent = pool.take(text);
+  ElementWidget& resting = pool.take(text);
+  pool.giveBack(resting);
+  ui::Environment environment;
+  environment.textScale = 2;
+  context.looks = Looks(QApplication::font(), QApplication::palette(), environment);
+  pool.restyle();
+  EXPECT_EQ(lent.widget().font(), context.looks.font(ui::Font::body));
+  EXPECT_EQ(resting.widget().font(), context.looks.font(ui::Font::body));
+}
