@@ -42,7 +42,7 @@ class FileOwnersTest : public testing::Test {
 
   std::string errorOfReading() const {
     const AsNobody rights;
-    return errorOf([&] { GoalStore::openExisting(file)->goals(); });
+    return errorOf([&] { GoalStore::openExisting(file).value().goals(); });
   }
   std::string errorOfWriting() const {
     const AsNobody rights;
