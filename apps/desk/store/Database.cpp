@@ -114,12 +114,19 @@ void Database::accept() {
   version();
 }
 
+bool Database::hasMoved() {
+  int moved = 0;
+  sqlite3_file_control(handle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+  return moved != 0;
+}
+
 std::optional<std::string> Database::displacement() {
   if (auto displacement = file_.displacement()) return displacement;
   // The path again, as SQLite knows it: it may have opened the file just before that was replaced.
-  int hasMoved = 0;
-  sqlite3_file_control(handle(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
-  if (hasMoved != 0) return "was replaced by another file while it was open";
+  // It takes a path that cannot be looked at for a moved file: that is asked again, and looked at.
+  if (hasMoved() && hasMoved() && identityAt(file_.path())) {
+    return "was replaced by another file while it was open";
+  }
   return std::nullopt;
 }
 
@@ -140,12 +147,12 @@ void Database::settleLog() {
   if (file_.isAtRest() || identityAt(file_.path()) == file_.identity()) return;
   try {
     if (mayBeAnothersLog()) return;
+    const int code =
+        sqlite3_wal_checkpoint_v2(handle(), "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
+    if (code == SQLITE_OK) file_.removeCompanions();
   } catch (const std::exception&) {
-    return;
+    // The log stays where it is: this runs at the connection's end, which fails for nothing.
   }
-  const int code =
-      sqlite3_wal_checkpoint_v2(handle(), "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
-  if (code == SQLITE_OK) file_.removeCompanions();
 }
 
 void Database::fail(int code) {
@@ -252,7 +259,11 @@ void Transaction::commit() {
   database_.confirmPlace();
   database_.run("COMMIT");
   open_ = false;
-  database_.confirmPlace();
+  try {
+    database_.confirmPlace();
+  } catch (const std::bad_alloc&) {
+    // It is committed. Only where the file is could not be asked.
+  }
 }
 
 }  // namespace vemra::desk

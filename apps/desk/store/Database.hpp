@@ -73,6 +73,7 @@ class Database {
   };
 
   std::optional<std::string> displacement();
+  bool hasMoved();
   void settleLog();
   /// After the file has moved: whether somebody has opened another file at its path and may have
   /// written into our log, which has the name of theirs.

@@ -44,6 +44,13 @@ bool isInUse(const std::string& path) {
                      [&](const char* suffix) { return sizeOf(path + suffix) > 0; });
 }
 
+/// Whether the file at a path is for certain not the one noted. A path that cannot be looked at, for
+/// whatever reason, says nothing: what is committed by then must not be called refused.
+bool isAnother(const std::string& path, const std::optional<FileIdentity>& noted) {
+  const std::optional<FileIdentity> now = identityAt(path);
+  return now && now != noted;
+}
+
 /// What changes when somebody writes the file.
 std::string stateOf(const std::string& path) {
   struct stat status {};
@@ -133,12 +140,11 @@ void DatabaseFile::noteCompanions() {
 }
 
 std::optional<std::string> DatabaseFile::displacement() const {
-  const std::optional<FileIdentity> now = identityAt(given_);
-  if (!now) return "was moved or removed while it was open";
-  if (now != identity_) return "was replaced by another file while it was open";
+  if (isMissing(given_)) return "was moved or removed while it was open";
+  if (isAnother(given_, identity_)) return "was replaced by another file while it was open";
   for (std::size_t i = 0; i < companions_.size(); ++i) {
     const std::string companion = path_ + companionSuffixes[i];
-    if (companions_[i] && identityAt(companion) != companions_[i]) {
+    if (companions_[i] && (isMissing(companion) || isAnother(companion, companions_[i]))) {
       return "was open while the file " + companion + " beside it was moved, removed or replaced";
     }
   }

@@ -17,6 +17,9 @@ struct FileIdentity {
 /// The file at a path, behind symbolic links; none when there is no file or it cannot be looked at.
 std::optional<FileIdentity> identityAt(const std::string& path);
 
+/// Whether there is nothing at a path, for certain: false when the path cannot be looked at.
+bool isMissing(const std::string& path);
+
 /// The size of a file in bytes; 0 when there is none.
 off_t sizeOf(const std::string& path);
 

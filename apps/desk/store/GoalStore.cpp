@@ -113,7 +113,7 @@ std::vector<LeftOutOutcome> GoalStore::importInto(
     transaction.commit();
     try {
       useWriteAheadLog(store.database_);
-    } catch (const StoreError&) {
+    } catch (const std::exception&) {
       // The import is done; the next one to open the store sets its mode.
     }
     return leftOut;

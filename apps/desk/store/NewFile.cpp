@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <new>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -38,13 +39,15 @@ NewFile::~NewFile() {
   removeIfEmpty();
 }
 
-void NewFile::removeIfEmpty() const {
+void NewFile::removeIfEmpty() const noexcept try {
   if (!made_ || identityAt(path_) != made_ || sizeOf(path_) > 0) return;
   // What lies beside the file belongs to a change that another process has begun.
   for (const char* suffix : companionSuffixes) {
     if (sizeOf(path_ + suffix) > 0) return;
   }
   ::unlink(path_.c_str());
+} catch (const std::bad_alloc&) {
+  // An empty file stays, which is a store without goals.
 }
 
 }  // namespace vemra::desk

@@ -31,7 +31,7 @@ class NewFile {
   void keep() { made_.reset(); }
 
  private:
-  void removeIfEmpty() const;
+  void removeIfEmpty() const noexcept;
 
   std::string path_;
   std::optional<FileIdentity> made_;
