@@ -134,6 +134,30 @@ TEST_F(ScreenTest, NearestAreAtMostThreeAndNoneWhenThereAreNone) {
   EXPECT_THAT(what, StartsWith("no text \"missing\"\nthe tree:\nText key \"bare\"\n"));
 }
 
+TEST_F(ScreenTest, NearestAreThoseWithTheFewestBytesAddedLeftOutOrReplaced) {
+  const auto nearest = [&](const std::vector<std::string>& identifiers, const std::string& sought) {
+    screen.show(ui::ForEach(
+        identifiers, [](const std::string& id) -> const std::string& { return id; },
+        [](const std::string& id) { return ui::Text("x").accessibilityIdentifier(id); }));
+    reasonOf([&] { screen.get(sought); });
+    const std::size_t from = what.find("\nnearest: ") + 10;
+    return what.substr(from, what.find('\n', from) - from);
+  };
+  EXPECT_EQ(nearest({"sitting", "witted", "kitten.s", "mitten"}, "kitten"),
+            "mitten, kitten.s, witted");
+  EXPECT_EQ(nearest({"bitter", "kitten"}, "sitting"), "kitten, bitter") << "three, and four";
+  EXPECT_EQ(nearest({"abxyz", "ab"}, "abc"), "ab, abxyz");
+  EXPECT_EQ(nearest({"b", "a"}, "c"), "a, b") << "equally near ones by the alphabet";
+
+  const std::string long255(255, 'x');
+  EXPECT_EQ(nearest({long255 + "a", long255 + "b"}, long255 + "bz"),
+            long255 + "b, " + long255 + "a");
+  const std::string long256(256, 'x');
+  EXPECT_EQ(nearest({long256 + "a", long256 + "b"}, long256 + "bz"),
+            long256 + "a, " + long256 + "b")
+      << "only the first 256 bytes count";
+}
+
 TEST_F(ScreenTest, IdentifiersOfAnyLengthAreComparedSoonEnough) {
   const std::string longOne(1'000'000, 'x');
   screen.show(ui::Text("x").accessibilityIdentifier(longOne));
