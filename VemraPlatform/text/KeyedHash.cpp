@@ -16,7 +16,7 @@ HashKey randomHashKey() noexcept {
     // No random numbers, as when the process may open no more files: the time and where the system
     // put us are better than a key that everybody knows.
     const auto time = std::chrono::high_resolution_clock::now().time_since_epoch().count();
-    const char place = 0;
+    static const char place = 0;
     return {static_cast<std::uint64_t>(time), reinterpret_cast<std::uintptr_t>(&place)};
   }
 }

@@ -49,7 +49,10 @@ template <class Elements, class Texts>
 void addEach(TextCount& count, const Elements& elements, Texts texts, const std::string& list,
              const std::string& key) {
   for (std::size_t i = 0; i < elements.size(); ++i) {
-    count.add(elements[i].*texts, [&] { return "/" + list + '/' + std::to_string(i) + '/' + key; });
+    count.add(elements[i].*texts, [&] {
+      std::string pointer = "/" + list;
+      return pointer.append("/").append(std::to_string(i)).append("/").append(key);
+    });
   }
 }
 
