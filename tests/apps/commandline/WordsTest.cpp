@@ -30,6 +30,11 @@ TEST(WordsTest, othersStayAsTheyAre) {
   EXPECT_EQ(withEmptyValues(words, {"--x", "--y"}), words);
 }
 
+TEST(WordsTest, onlyTwoDashesEndTheOptions) {
+  EXPECT_EQ(withEmptyValues({"", "-", "--x="}, {"--x"}), (Words{"", "-", "--x", ""}));
+  EXPECT_EQ(withEmptyValues({"--", "--x="}, {"--x"}), (Words{"--", "--x="}));
+}
+
 TEST(WordsTest, theParserReadsThemInTheirOrder) {
   CLI::App app("test", "test");
   std::string option = "none";
@@ -64,6 +69,9 @@ TEST(FarewellTest, helpIsDoneAndAMistakeIsTwo) {
   EXPECT_EQ(say(mistake, output, diagnostics), 2);
   EXPECT_EQ(output.str(), "");
   EXPECT_EQ(diagnostics.str(), mistake.diagnostic);
+  EXPECT_EQ(say(help, output, diagnostics), 0);
+  EXPECT_EQ(output.str(), help.output);
+  EXPECT_EQ(diagnostics.str(), mistake.diagnostic) << "nothing more";
 }
 
 }  // namespace
