@@ -87,9 +87,9 @@ NodeID ViewGraph::lookAt(Node& forEach, std::size_t index) {
 }
 
 std::vector<std::size_t> ViewGraph::rowsWithState(NodeID id) {
-  std::vector<std::size_t> indexes;
   const Node* forEach = find(id);
-  if (!forEach || !forEach->rows) return indexes;
+  if (!forEach || !forEach->rows) return {};
+  std::vector<std::size_t> indexes;
   const Rows& rows = *forEach->rows;
   for (const auto* present : {&forEach->children, &rows.lookedAt}) {
     for (const Node* row : *present) {

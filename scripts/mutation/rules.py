@@ -18,6 +18,8 @@ INTEGER = re.compile(r"(0[xX][0-9a-fA-F']+|0[bB][01']+|[0-9][0-9']*)(([uU]?([lL]
 NUMBER = re.compile(r"[0-9][0-9'.eE+-]*[fFlL]?$")
 # A result that is what an empty pair of braces gives anyway.
 EMPTY = {"{}", "nullptr", "std::nullopt", '""', "0", "false"}
+# What follows the last statement of the last case.
+LAST_CASE = re.compile(r"\s*\}(?!\s*(case|default)\b)")
 # Calls that make later ones faster and change nothing else.
 SPEED_ONLY = re.compile(r"[\w.>\[\]()-]*(\.|->)(reserve|shrink_to_fit)\(")
 
@@ -214,7 +216,8 @@ def jump(finder, cursor, context):
     if end is None:
         return
     word = finder.of(cursor)
-    finder.add("statement", start, end, "", f"leave out {word};", "flow")
+    if context.leaves != "switch" or not LAST_CASE.match(finder.text, end):
+        finder.add("statement", start, end, "", f"leave out {word};", "flow")
     if word == "continue" and context.leaves == "loop":
         finder.add("statement", start, end, "break;", "continue; -> break;", "flow")
     elif word == "break" and context.leaves == "loop":

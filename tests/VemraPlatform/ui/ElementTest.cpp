@@ -2,7 +2,11 @@
 #include "tests/VemraPlatform/ui/Sample.hpp"
 
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -31,6 +35,13 @@ View field(const std::string& text) {
 }
 
 struct OtherComposite : Counter {};
+
+/// Translates everything in the same way.
+struct Strings final : StringsTable {
+  explicit Strings(std::string shown) : translation(std::move(shown)) {}
+  std::optional<std::string> lookup(std::string_view) const override { return translation; }
+  std::string translation;
+};
 
 }  // namespace
 
@@ -127,6 +138,16 @@ TEST(ElementTest, IsEqualExactlyWhenNothingSeenOrHeardDiffers) {
   EXPECT_EQ(elementOf(Counter{"a"}), elementOf(Counter{"b"}));
   EXPECT_FALSE(Element(Text("a"), Style{}, {}) ==
                Element(Text("a"), Style{.font = Font::caption}, {}));
+}
+
+TEST(ElementTest, IsAnotherOneInAnotherTranslation) {
+  Environment one;
+  Environment two;
+  one.strings = std::make_shared<Strings>("eins");
+  two.strings = std::make_shared<Strings>("zwei");
+  EXPECT_EQ(elementOf(Text("1"), one), elementOf(Text("1"), one));
+  EXPECT_FALSE(elementOf(Text("1"), one) == elementOf(Text("1"), two));
+  EXPECT_FALSE(elementOf(Text("1"), one) == elementOf(Text("1")));
 }
 
 TEST(ElementTest, AllocatesNothingWhereNothingIsReadOrTranslated) {

@@ -160,6 +160,19 @@ TEST_F(ExceptionTest, ABindingThatCannotBeReadTakesTheWholeTreeAway) {
   EXPECT_EQ(shown(), Texts{"a=0"});
 }
 
+TEST_F(ExceptionTest, AnotherEnvironmentDoesNotBringTheLostTreeBack) {
+  bool fails = false;
+  const Binding<std::string> field([&]() -> std::string { return fails ? throw Fault("get") : ""; },
+                                   [](const std::string&) {});
+  const View screen = Group({Text("x"), TextField("field", field)});
+  graph.setRoot(screen);
+  fails = true;
+  EXPECT_EQ(faultOf(screen), "get");
+  fails = false;
+  graph.setEnvironment(Environment{});
+  EXPECT_EQ(graph.root(), nullptr);
+}
+
 TEST_F(ExceptionTest, SoItDoesBeforeAnythingWasShown) {
   EXPECT_EQ(faultOf(Group({Text("x"), broken()})), "get");
   EXPECT_EQ(graph.root(), nullptr);

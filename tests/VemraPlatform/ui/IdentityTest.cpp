@@ -226,6 +226,7 @@ TEST(IdentityLawsTest, EqualIdentitiesHashEqually) {
   const Identity two = identityOf(other().id(decomposed), 9);
   EXPECT_EQ(one, two);
   EXPECT_EQ(IdentityHash()(one), IdentityHash()(two));
+  EXPECT_EQ(one.occurrence, 0U);
   Identity second = two;
   second.occurrence = 1;
   EXPECT_FALSE(one == second);

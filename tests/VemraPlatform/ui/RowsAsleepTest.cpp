@@ -93,6 +93,8 @@ TEST_F(RowsAsleepTest, RowsWithStateAreNamedShownLookedAtOrAsleep) {
   show(lines);
   EXPECT_EQ(graph.rowsWithState(forEach().id), (std::vector<std::size_t>{0, 89, 149}));
   EXPECT_EQ(graph.rowsWithState({}), std::vector<std::size_t>{});
+  const NodeID row = forEach().children[0]->id;
+  EXPECT_EQ(graph.rowsWithState(row), std::vector<std::size_t>{}) << "which is no list";
 }
 
 TEST_F(RowsAsleepTest, AStateThatLeavesWhileAsleepTakesNoMoreWrites) {

@@ -169,6 +169,17 @@ TEST_F(RowsTest, AChangeAboveTheWindowMovesTheIndexesAndIsTold) {
   EXPECT_EQ(patches[0].node, forEach().id);
 }
 
+TEST_F(RowsTest, OneRowAmongOthersThatStayIsToldToo) {
+  show({{"a"}, {"b"}, {"c"}});
+  graph.showRows(forEach().id, {{0, 1}, {2, 3}});
+  window.take();
+  show({{"b"}, {"a"}, {"c"}});
+  const auto patches = window.take();
+  ASSERT_EQ(patches.size(), 1U);
+  EXPECT_EQ(patches[0].kind, Kind::update);
+  EXPECT_EQ(patches[0].node, forEach().id);
+}
+
 TEST_F(RowsTest, AChangeInsideTheWindowReordersTheRowsThatAreThere) {
   show({{"a"}, {"b"}, {"c"}, {"d"}});
   showRows(0, 3);
