@@ -186,6 +186,21 @@ TEST(RendererTest, OneDetachedFromInsideApplyIsLeftAlone) {
   EXPECT_EQ(window.log.size(), heard);
 }
 
+TEST(RendererTest, OneThatLeavesFromInsideApplyLeavesTheNextInPlace) {
+  ViewGraph graph;
+  Window first;
+  Window next;
+  first.onApply = [&](const std::vector<Patch>&) {
+    graph.attach(next);
+    graph.detach(first);
+  };
+  graph.attach(first);
+  graph.setRoot(screen());
+  EXPECT_EQ(difference(graph, next.tree), "");
+  EXPECT_TRUE(next.tree.root());
+  graph.detach();
+}
+
 TEST(RendererTest, AnEmptyScreenIsNoPatch) {
   ViewGraph graph;
   testing::RenderedTree tree;
