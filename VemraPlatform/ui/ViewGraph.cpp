@@ -208,7 +208,8 @@ void ViewGraph::flushPatches() {
     work_.patches += patches.size();
     renderer_->apply(patches);
   }
-  if (rowsReplaced) renderer_->rowsReplaced();
+  // It may have been detached from inside `apply`.
+  if (rowsReplaced && renderer_) renderer_->rowsReplaced();
 }
 
 /// The way out when resolving broke off halfway: lists of children, nodes and patches no longer

@@ -201,6 +201,16 @@ TEST(RendererTest, OneThatLeavesFromInsideApplyLeavesTheNextInPlace) {
   graph.detach();
 }
 
+TEST(RendererTest, OneDetachedFromInsideApplyHearsNothingOfNewRowsEither) {
+  ViewGraph graph;
+  Window window;
+  graph.attach(window);
+  graph.setRoot(list(numbered(5)));
+  window.onApply = [&](const std::vector<Patch>&) { graph.detach(window); };
+  graph.setRoot(list(numbered(6)));
+  EXPECT_EQ(window.timesReplaced, 0);
+}
+
 TEST(RendererTest, AnEmptyScreenIsNoPatch) {
   ViewGraph graph;
   testing::RenderedTree tree;
