@@ -14,7 +14,8 @@ inline constexpr std::string_view zoneinfoFolder = "/usr/share/zoneinfo";
 /// The time zone of that name in the machine's database; nothing when there is none.
 ///
 /// Only names of the form `Area/Location` or `Name`, so that no name leads out of the folder, to
-/// the copies below `posix` and `right`, or to the files that say what the machine is set to.
+/// the copies below `posix` and `right`, or to the files that say what the machine is set to, and
+/// that each file has one spelling of its name: not `Area//Location`.
 std::optional<TimeZoneFile> zoneOfDatabase(std::string_view name);
 
 /// The time zone that a path leads to, as a known name or, failing that, as a POSIX rule.

@@ -21,7 +21,7 @@ TEST(KnownTimeZone, isNothingElse) {
   std::vector<std::string> timeZones = {
       "",       "Mars/Olympus",  "Etc/Unknown",    "GMT+2",          "GMT+02:00",
       "+02:00", "europe/berlin", ":Europe/Berlin", "Europe/Berlin ", "Europe",
-      "UTC\0"s, "\xFF",          "CET-1CEST"};
+      "UTC\0"s, "\xFF",          "CET-1CEST",      "Europe//Berlin"};
   timeZones.emplace_back(10000, 'a');
   for (const std::string& timeZone : timeZones) {
     EXPECT_FALSE(date::isKnownTimeZone(timeZone)) << timeZone.substr(0, 100);
@@ -38,6 +38,7 @@ TEST(SystemTimeZone, isTheOneOfTZ) {
   EXPECT_EQ(systemTimeZone(":Asia/Tokyo"), "Asia/Tokyo");
   EXPECT_EQ(systemTimeZone("/usr/share/zoneinfo/America/New_York"), "America/New_York");
   EXPECT_EQ(systemTimeZone("UTC"), "UTC");
+  EXPECT_EQ(systemTimeZone("JST"), "JST") << "ICU alone has it";
 }
 
 TEST(SystemTimeZone, isUTCWhenTZIsEmpty) {
@@ -55,6 +56,7 @@ TEST(SystemTimeZone, followsAPathToTheZoneOfTheFile) {
   EXPECT_EQ(systemTimeZone("posix/Asia/Tokyo"), "Asia/Tokyo");
   EXPECT_EQ(systemTimeZone(":right/Asia/Tokyo"), "Asia/Tokyo");
   EXPECT_EQ(systemTimeZone("/usr/share/zoneinfo//Asia/../Asia/Tokyo"), "Asia/Tokyo");
+  EXPECT_EQ(systemTimeZone("Asia//Tokyo"), "Asia/Tokyo");
 }
 
 TEST(SystemTimeZone, ofAPOSIXRuleIsTheRule) {

@@ -95,9 +95,10 @@ TEST(ZoneOfDatabase, hasAName) {
 }
 
 TEST(ZoneOfDatabase, isNoOtherFile) {
-  for (const char* name : {"", "localtime", "posixrules", "posix/Asia/Tokyo", "right/Asia/Tokyo",
-                           "tzdata.zi", "zone.tab", "Asia", "Asia/", "/usr/share/zoneinfo/UTC",
-                           "Asia/../Asia/Tokyo", "Asia/./Tokyo", "Asia/Tokyo ", "asia/Tokyo"}) {
+  for (const char* name :
+       {"", "localtime", "posixrules", "posix/Asia/Tokyo", "right/Asia/Tokyo", "tzdata.zi",
+        "zone.tab", "Asia", "Asia/", "/usr/share/zoneinfo/UTC", "Asia/../Asia/Tokyo",
+        "Asia/./Tokyo", "Asia//Tokyo", "Asia/Tokyo/", "Asia/Tokyo ", "asia/Tokyo"}) {
     EXPECT_FALSE(zoneOfDatabase(name)) << name;
   }
 }
