@@ -57,6 +57,13 @@ def environment(more):
                    "MALLOC_PERTURB_": "165"} | more
 
 
+def confined(folder, program, more):
+    """The environment of a run: a mutant may ignore where a test told it to write, and must then not
+    find the user's own files."""
+    own = dict.fromkeys(("HOME", "XDG_DATA_HOME", "TMPDIR"), folder)
+    return environment(program.environment | own | more)
+
+
 def record(programs, build):
     """Runs every program once without a mutant: which tests reach which mutants, and how long they take.
 
@@ -83,8 +90,7 @@ def run_once(program):
         reached, results = f"{folder}/reached", f"{folder}/results.json"
         subprocess.run([program.path, f"--gtest_output=json:{results}", "--gtest_brief=1"], cwd=folder,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, stdin=subprocess.DEVNULL,
-                       env=environment(program.environment | {"VEMRA_MUTANTS_REACHED": reached,
-                                                              "TMPDIR": folder}))
+                       env=confined(folder, program, {"VEMRA_MUTANTS_REACHED": reached}))
         if not os.path.exists(results):
             raise SystemExit(f"scripts/mutate: {program.name} does not come to its end without a mutant")
         seconds, failing = {}, []
@@ -162,7 +168,7 @@ def run_tests(program, mutant, tests):
             [program.path, f"--gtest_filter={chosen}", "--gtest_fail_fast", "--gtest_brief=1"], cwd=folder,
             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
             errors="replace", start_new_session=True, preexec_fn=lambda: limit(processor),
-            env=environment(program.environment | {"VEMRA_MUTANT": mutant.id, "TMPDIR": folder}))
+            env=confined(folder, program, {"VEMRA_MUTANT": mutant.id}))
         try:
             # The machine may be busy with other things: the time of the processor is what is limited.
             output, _ = process.communicate(timeout=60 + 30 * seconds)

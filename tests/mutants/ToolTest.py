@@ -22,6 +22,7 @@ except ImportError:
 
 import blame  # noqa: E402
 import mutants  # noqa: E402
+import programs  # noqa: E402
 import schema  # noqa: E402
 
 SAMPLE = HERE / "sample/Sample.cpp"
@@ -60,7 +61,16 @@ def verdicts(folder, found):
         yield f"{mutant.line}: {mutant.kind}: {mutant.change}: {verdict}"
 
 
+def mutants_do_not_find_the_users_own_files():
+    program = programs.Program(pathlib.Path("test_desk_program"), {"VEMRA_PLACE": "here"}, "apps/desk")
+    given = programs.confined("/scratch", program, {"VEMRA_MUTANT": "1"})
+    for name in ("HOME", "XDG_DATA_HOME", "TMPDIR"):
+        assert given[name] == "/scratch", f"{name} is {given[name]}"
+    assert given["VEMRA_PLACE"] == "here" and given["VEMRA_MUTANT"] == "1", given
+
+
 def main():
+    mutants_do_not_find_the_users_own_files()
     found = mutants.find("Sample.cpp", str(SAMPLE), ["-std=c++20", f"-I{ROOT}"])
     assert len({m.id for m in found}) == len(found), "two mutants have the same number"
     with tempfile.TemporaryDirectory() as folder:
