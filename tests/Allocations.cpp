@@ -27,7 +27,7 @@ void vemra::testing::refuseNoAllocation() {
 
 #ifndef VEMRA_ALLOCATIONS_ARE_NOT_COUNTED
 
-// The other forms of new and delete are defined by these.
+// The other forms of new and delete are defined by these, but for those with an alignment.
 void* operator new(std::size_t size) {
   if (count++ == refused) throw std::bad_alloc();
   if (void* memory = std::malloc(size != 0 ? size : 1)) return memory;

@@ -11,7 +11,7 @@
 namespace vemra::date {
 namespace {
 
-/// What was made for the names asked for last.
+/// The values made last, each for a name. One more than there is room for replaces the oldest.
 template <class Value>
 class Recent {
  public:

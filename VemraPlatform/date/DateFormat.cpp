@@ -33,8 +33,8 @@ std::string calendarOf(const icu::Locale& locale) {
   return U_SUCCESS(status) && first != nullptr ? first : "gregorian";
 }
 
-/// The locale with the calendar and the digits that it asks for, and nothing else: ICU takes no
-/// locale for a pattern that other keywords make longer than its own names.
+/// The locale with the calendar and the digits that it asks for, without other keywords: with them
+/// its name may be longer than ICU's pattern generator accepts.
 icu::Locale localeForDates(const icu::Locale& asked) {
   icu::Locale locale(asked.getBaseName());
   UErrorCode status = U_ZERO_ERROR;

@@ -12,8 +12,8 @@ namespace vemra::date {
 /// fall back to and no locale itself. Behind the base there may be keywords, as
 /// `@calendar=buddhist;numbers=thai` or as a BCP 47 extension `-u-nu-arab`; then they have to be
 /// well-formed, and a calendar or a numbering system has to exist, by any name that CLDR or BCP 47 has
-/// for it (`gregorian`, `gregory`) and in any case. An encoding as in `en_US.UTF-8`
-/// is not part of a locale. Empty text is not a locale.
+/// for it (`gregorian`, `gregory`) and in any case. An encoding as in `en_US.UTF-8` is not part of
+/// a locale. Empty text is not a locale.
 bool isKnownLocale(std::string_view locale);
 
 /// The locale for dates of the user who started the process.

@@ -101,10 +101,10 @@ bool areWellFormedKeywords(std::string_view keywords) {
   }
 }
 
-/// Writes the value of a keyword as ICU does: "islamic-civil" for `islamicc`, "arab" for `ARAB`.
-/// ICU takes the other spellings for no value, or only half of it does.
+/// Replaces the value of a keyword by ICU's own spelling: `islamicc` by "islamic-civil", `ARAB` by
+/// "arab". Parts of ICU ignore the other spellings.
 ///
-/// - Returns: false when there is a value that does not exist; true, too, when there is none.
+/// - Returns: false when the value is not one that exists; true without the keyword.
 bool makeCanonical(std::string& identifier, const char* keyword,
                    bool (*exists)(const std::string&)) {
   std::array<char, ULOC_FULLNAME_CAPACITY> value{};
@@ -114,7 +114,7 @@ bool makeCanonical(std::string& identifier, const char* keyword,
   if (value.front() == '\0') return true;
   const char* legacy = uloc_toLegacyType(keyword, value.data());
   if (legacy == nullptr) return false;
-  // ICU gives a value that it has only one spelling for as it is.
+  // ICU returns a value that has one spelling only unchanged, capitals included.
   std::string name(legacy);
   std::transform(name.begin(), name.end(), name.begin(), [](char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;

@@ -7,7 +7,8 @@
 
 #include <gtest/gtest.h>
 
-// As the engine's records: a coroutine frame is aligned to 16 bytes, whatever a host keeps in it.
+// A host may keep these over a `co_await`, in a coroutine frame, which is aligned to 16 bytes only.
+// The build that checks alignment stops at the first one that is misplaced.
 
 namespace vemra {
 namespace {
