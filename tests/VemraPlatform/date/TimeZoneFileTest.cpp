@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <limits>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -169,7 +170,9 @@ TEST(TimeZoneFile, isReadWhateverItsBytesAre) {
 
 TEST(TimeZoneFile, isARegularFileOfModerateSize) {
   namespace fs = std::filesystem;
-  const fs::path folder = fs::path(::testing::TempDir()) / "vemra-time-zone-file";
+  // Builds run this test side by side.
+  const fs::path folder =
+      fs::path(::testing::TempDir()) / ("vemra-time-zone-file-" + std::to_string(getpid()));
   fs::create_directories(folder);
   const auto write = [&](const char* name, const std::string& content) {
     std::ofstream(folder / name, std::ios::binary) << content;
