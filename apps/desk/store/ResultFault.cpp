@@ -27,12 +27,14 @@ std::optional<ResultFault> faultAmong(const Candidates& candidates, const char* 
 /// Adds up the texts of the lists of a result until they are too many.
 class TextCount {
  public:
+  explicit TextCount(std::size_t most) : most_(most) {}
+
   template <class Pointer>
   void add(const SharedArray<std::string>& texts, const Pointer& pointer) {
     if (fault_) return;
     count_ += texts.size();
-    if (count_ <= mostTexts) return;
-    fault_ = ResultFault{pointer(), "expected at most " + std::to_string(mostTexts) +
+    if (count_ <= most_) return;
+    fault_ = ResultFault{pointer(), "expected at most " + std::to_string(most_) +
                                         " texts in the lists of a result; found " +
                                         std::to_string(count_) + " up to here"};
   }
@@ -40,6 +42,7 @@ class TextCount {
   std::optional<ResultFault> fault() { return std::move(fault_); }
 
  private:
+  std::size_t most_;
   std::size_t count_ = 0;
   std::optional<ResultFault> fault_;
 };
@@ -58,9 +61,13 @@ void addEach(TextCount& count, const Elements& elements, Texts texts, const std:
 
 }  // namespace
 
+std::size_t mostTexts(const GetGoalSnapshotResponse& result) {
+  return 1'000'000 + 10 * (result.people.size() + result.paths.size() + result.group.size());
+}
+
 std::optional<ResultFault> faultOfImport(const GetGoalSnapshotResponse& result) {
   if (auto fault = faultIn(result)) return fault;
-  TextCount count;
+  TextCount count(mostTexts(result));
   count.add(result.goal.keywords, [] { return "/goal/keywords"; });
   count.add(result.goal.constraints, [] { return "/goal/constraints"; });
   count.add(result.goal.attachmentRefs, [] { return "/goal/attachmentRefs"; });

@@ -22,10 +22,13 @@ struct ResultFault {
 /// - Returns: none when the result can be shown.
 std::optional<ResultFault> faultIn(const GetGoalSnapshotResponse& result);
 
-/// How many texts the lists of one result may have in all: keywords, constraints, attachments,
-/// sources, evidence of people, people of paths and groups. Each is a row of its own, so that one
-/// short document could keep the store busy for a minute; a million takes a few seconds.
-inline constexpr std::size_t mostTexts = 1'000'000;
+/// How many texts the lists of a result may have in all: keywords, constraints, attachments, sources,
+/// evidence of people, people of paths and groups. A million, and ten more for each person, path and
+/// group, so that a long result may have its evidence.
+///
+/// Each text is a row of its own. A million takes the store a few seconds; 50 MB of empty texts
+/// would keep it busy for half a minute.
+std::size_t mostTexts(const GetGoalSnapshotResponse& result);
 
 /// Finds what keeps a result from being taken in: the above, or the list that goes beyond
 /// `mostTexts`.

@@ -40,45 +40,51 @@ TEST(ResultFault, NamesTheFirstPlace) {
             "-9223372036854775808");
 }
 
+SharedArray<std::string> many(std::size_t count) {
+  return SharedArray<std::string>(std::vector<std::string>(count));
+}
+
 TEST(ResultFault, IsTheListWithWhichTheTextsBecomeTooMany) {
-  const auto many = [](std::size_t count) {
-    return SharedArray<std::string>(std::vector<std::string>(count));
+  const auto fill = [](GetGoalSnapshotResponse& result, int list, std::size_t count) {
+    if (list == 0) result.goal.keywords = many(count);
+    if (list == 1) result.goal.constraints = many(count);
+    if (list == 2) result.goal.attachmentRefs = many(count);
+    if (list == 3) result.people = {{"a", {}, {}, {}}, {"b", {}, {}, many(count)}};
+    if (list == 4) result.paths = {{many(count), {}, 0}};
+    if (list == 5) result.group = {{"a", {}}, {"b", many(count)}};
+    if (list == 6) result.coverage.sources = many(count);
   };
-  const GetGoalSnapshotResponse plain =
-      goal("g", "t");  // with one source and one piece of evidence
-  std::vector<std::pair<GetGoalSnapshotResponse, std::string>> cases(7, {plain, ""});
-  const auto half = many(mostTexts / 2);
-  const auto rest = many(mostTexts / 2 - 1);  // one too many, with the two above
-  for (std::size_t i = 0; i < cases.size(); ++i) {
-    GetGoalSnapshotResponse& result = cases[i].first;
-    result.paths = {{i == 4 ? rest : many(0), {}, 0}};
-    result.group = {{"a", many(0)}, {"b", i == 5 ? rest : many(0)}};
-    if (i < 6) result.goal.keywords = i == 0 ? many(mostTexts + 1) : half;
-    if (i == 1) result.goal.constraints = many(mostTexts / 2 + 1);
-    if (i == 2) result.goal.attachmentRefs = many(mostTexts / 2 + 1);
-    if (i == 3) result.people = {plain.people[0], {"p", {}, {}, half}};
-    if (i == 6) result.coverage.sources = many(mostTexts);
-  }
   const char* const pointers[] = {
-      "/goal/keywords",    "/goal/constraints", "/goal/attachmentRefs", "/people/1/evidenceIDs",
-      "/coverage/sources", "/coverage/sources", "/coverage/sources"};
-  for (std::size_t i = 0; i < cases.size(); ++i) {
-    const auto fault = faultOfImport(cases[i].first);
-    ASSERT_TRUE(fault) << i;
-    EXPECT_EQ(fault->pointer, pointers[i]) << i;
-    EXPECT_EQ(fault->problem,
-              "expected at most 1000000 texts in the lists of a result; found 1000001 up to here");
-    EXPECT_FALSE(faultIn(cases[i].first)) << "it can be shown";
+      "/goal/keywords",      "/goal/constraints",   "/goal/attachmentRefs", "/people/1/evidenceIDs",
+      "/paths/0/personRefs", "/group/1/personRefs", "/coverage/sources"};
+  for (int last = 0; last < 7; ++last) {
+    GetGoalSnapshotResponse result;
+    for (int list = 0; list <= last; ++list) fill(result, list, 1);
+    const std::size_t most = mostTexts(result);
+    const auto before = static_cast<std::size_t>(last);
+    fill(result, last, most - before);
+    EXPECT_FALSE(faultOfImport(result)) << pointers[last] << ": exactly as many as there may be";
+    fill(result, last, most - before + 1);
+    const auto fault = faultOfImport(result);
+    ASSERT_TRUE(fault) << pointers[last];
+    EXPECT_EQ(fault->pointer, pointers[last]);
+    EXPECT_EQ(fault->problem, "expected at most " + std::to_string(most) +
+                                  " texts in the lists of a result; found " +
+                                  std::to_string(most + 1) + " up to here");
+    EXPECT_FALSE(faultIn(result)) << "it can be shown";
   }
-  GetGoalSnapshotResponse paths = plain;
-  paths.coverage.sources = {};
-  paths.paths = {{many(mostTexts - 1), {}, 0}};
-  EXPECT_FALSE(faultOfImport(paths)) << "exactly as many as there may be";
-  paths.paths = {{many(mostTexts - 1), {}, 0}, {many(1), {}, 0}};
-  EXPECT_EQ(faultOfImport(paths)->pointer, "/paths/1/personRefs");
-  paths.paths = {{many(mostTexts - 1), {}, 0}};
-  paths.group = {{"a", many(1)}};
-  EXPECT_EQ(faultOfImport(paths)->pointer, "/group/0/personRefs");
+}
+
+TEST(ResultFault, LeavesTenTextsMoreToEachPersonPathAndGroup) {
+  GetGoalSnapshotResponse result;
+  EXPECT_EQ(mostTexts(result), 1'000'000U);
+  result.people = std::vector<GoalPersonCandidateDTO>(200'000, {"p", {}, {}, many(10)});
+  EXPECT_EQ(mostTexts(result), 3'000'000U);
+  EXPECT_FALSE(faultOfImport(result)) << "two million pieces of evidence";
+  result.paths = {{{}, {}, 0}};
+  EXPECT_EQ(mostTexts(result), 3'000'010U);
+  result.group = {{"g", {}}};
+  EXPECT_EQ(mostTexts(result), 3'000'020U);
 }
 
 TEST(ResultFault, KeepsEveryResultOfOneImportOutOfTheStore) {
