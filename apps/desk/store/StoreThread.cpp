@@ -1,5 +1,7 @@
 #include "apps/desk/store/StoreThread.hpp"
 
+#include "apps/desk/store/StoreError.hpp"
+
 #include <atomic>
 #include <condition_variable>
 #include <deque>
@@ -30,7 +32,13 @@ struct StoreThread::Work {
 
   GoalStore& openStore() {
     if (!store) {
-      store.emplace(lastFile ? GoalStore::reopen(file, patience) : GoalStore::open(file, patience));
+      try {
+        store.emplace(lastFile ? GoalStore::reopen(file, patience)
+                               : GoalStore::open(file, patience));
+      } catch (const StoreMoved&) {
+        hasMoved = true;
+        throw;
+      }
       ++openings;
       // A number of its own also when the system gives the new file the inode of the one removed.
       if (lastFile && (hasMoved || lastFile != store->identity())) ++storeNumber;

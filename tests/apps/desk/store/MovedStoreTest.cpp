@@ -1,5 +1,6 @@
 #include "VemraPlatform/task/Start.hpp"
 #include "apps/desk/store/StoreEngine.hpp"
+#include "apps/desk/store/StoreError.hpp"
 #include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
@@ -146,6 +147,19 @@ TEST_F(MovedStoreTest, TheSameStoreBackAtItsPathIsTakenUpAgain) {
   fs::rename(away, file);
   record();
   EXPECT_EQ(recorded(file), 1u);
+}
+
+// The connection has been given up already, so it is the opening that finds no file.
+TEST_F(MovedStoreTest, AStoreThatGoesAfterAFailureIsAnotherStoreWhenThereIsOneAgain) {
+  RawDatabase other(file);
+  ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
+  EXPECT_THROW(record(), StoreBusy);
+  ASSERT_EQ(other.run("ROLLBACK"), "");
+  fs::rename(file, away);
+  EXPECT_EQ(errorOfRecording(), gone);
+  fs::rename(away, file);
+  task::wait(engine.version());
+  EXPECT_EQ(engine.storeNumber(), 1u) << "a new file may have the inode of the one removed";
 }
 
 TEST_F(MovedStoreTest, AFileThatIsNoStoreYetIsLeftAlone) {
