@@ -137,7 +137,7 @@ void Database::confirmPlace() {
 bool Database::mayBeAnothersLog() {
   const std::optional<FileIdentity> successor = identityAt(file_.path());
   if (!successor) return false;
-  const auto holders = lockHolders(*successor);
+  const auto holders = lockHolders(*successor, identity());
   if (holders && holders->empty()) return false;
   const std::int64_t before = version_;
   return version() != before;
@@ -240,7 +240,8 @@ Transaction::Transaction(Database& database, Kind kind) : database_(database) {
   database.run(kind == Kind::writing ? "BEGIN IMMEDIATE" : "BEGIN");
   try {
     database.confirmPlace();  // it has waited for others meanwhile
-  } catch (const StoreMoved&) {
+  } catch (...) {
+    // The destructor does not run.
     rollBack();
     throw;
   }

@@ -5,6 +5,7 @@
 #include "tests/apps/desk/SampleResults.hpp"
 
 #include <atomic>
+#include <cstdint>
 #include <cstdlib>
 #include <new>
 
@@ -14,12 +15,15 @@ namespace {
 
 /// Blocks of at least so many bytes are refused.
 std::atomic<std::size_t> refusedFrom{SIZE_MAX};
+/// So many blocks are granted, the next one is refused, and then all are granted again.
+std::atomic<std::int64_t> granted{INT64_MAX};
 
 }  // namespace
 
 // Not inline: g++ 12 would take the halves of a pair apart and warn that they do not match.
 [[gnu::noinline]] void* operator new(std::size_t size) {
-  void* const block = size < refusedFrom ? std::malloc(size) : nullptr;
+  const bool isGranted = size < refusedFrom && granted-- != 0;
+  void* const block = isGranted ? std::malloc(size) : nullptr;
   if (block == nullptr) throw std::bad_alloc();
   return block;
 }
@@ -60,6 +64,25 @@ TEST(MemoryTest, TextsThatCannotBeComparedFailTheQuestionAndNothingElse) {
   EXPECT_EQ(store.result(decomposed).goal.title, "Found");
   store.import({goal(decomposed, "Replaced")});
   EXPECT_EQ(store.goals().size(), 1u);
+}
+
+TEST(MemoryTest, AnAllocationThatFailsLeavesNoTransactionOpen) {
+  const TemporaryFolder folder;
+  GoalStore store = GoalStore::open(folder.file("goals.sqlite"));
+  store.import({goal("g", "There")});
+  int failures = 0;
+  for (int number = 0; number < 100; ++number) {
+    granted = number;
+    try {
+      store.goals();
+    } catch (const std::bad_alloc&) {
+      ++failures;
+    }
+    granted = INT64_MAX;
+    ASSERT_EQ(store.goals().size(), 1u) << "after " << number << " allocations";
+  }
+  EXPECT_GT(failures, 5);
+  EXPECT_LT(failures, 100) << "beyond the last allocation nothing fails";
 }
 
 }  // namespace
