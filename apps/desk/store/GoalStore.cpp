@@ -221,17 +221,7 @@ EvidenceKnowledge GoalStore::evidence(const std::string& evidenceID) {
 std::vector<std::optional<std::string>> GoalStore::names(
     const std::string& goalID, const SharedArray<std::string>& personRefs) {
   const Work work(database_, schema_, reading);
-  const std::int64_t goal = find(goalID).value_or(0);
-  std::vector<std::optional<std::string>> names;
-  Statement row(database_,
-                "SELECT goal, position, display_name FROM people WHERE same_text(person_ref, ?1) "
-                "AND display_name IS NOT NULL ORDER BY goal <> ?2, goal, position LIMIT 1",
-                {"people", 2});
-  for (const std::string& personRef : personRefs) {
-    row.query(personRef, goal);
-    names.push_back(row.next() ? row.optionalText(2) : std::nullopt);
-  }
-  return names;
+  return readNames(database_, find(goalID).value_or(0), personRefs);
 }
 
 std::int64_t GoalStore::version() {

@@ -1,7 +1,11 @@
 #include "apps/desk/store/Knowledge.hpp"
 
+#include "VemraPlatform/text/Equality.hpp"
 #include "apps/desk/store/OutcomeRows.hpp"
 #include "apps/desk/store/Reason.hpp"
+
+#include <string_view>
+#include <unordered_map>
 
 namespace vemra::desk {
 namespace {
@@ -109,6 +113,30 @@ EvidenceKnowledge readEvidenceKnowledge(Database& database, const std::string& e
                                person.index(2), readReason(person, 6)});
   }
   return evidence;
+}
+
+std::vector<std::optional<std::string>> readNames(Database& database, std::int64_t goal,
+                                                  const SharedArray<std::string>& personRefs) {
+  std::unordered_map<std::string_view, std::optional<std::string>, text::Hash, text::Equal> names;
+  for (const std::string& personRef : personRefs) names.try_emplace(personRef);
+  std::size_t missing = names.size();
+  for (const char* sql :
+       {"SELECT goal, position, person_ref, display_name FROM people "
+        "WHERE goal = ?1 AND display_name IS NOT NULL ORDER BY position",
+        "SELECT goal, position, person_ref, display_name FROM people "
+        "WHERE goal <> ?1 AND display_name IS NOT NULL ORDER BY goal, position"}) {
+    Statement row(database, sql, {"people", 2});
+    row.query(goal);
+    while (missing > 0 && row.next()) {
+      const auto name = names.find(row.text(2));
+      if (name == names.end() || name->second) continue;
+      name->second = row.text(3);
+      --missing;
+    }
+  }
+  std::vector<std::optional<std::string>> inOrder;
+  for (const std::string& personRef : personRefs) inOrder.push_back(names.at(personRef));
+  return inOrder;
 }
 
 }  // namespace vemra::desk

@@ -4,6 +4,7 @@
 #include "apps/desk/store/Database.hpp"
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -60,5 +61,10 @@ struct EvidenceKnowledge {
 
 PersonKnowledge readPersonKnowledge(Database& database, const std::string& personRef);
 EvidenceKnowledge readEvidenceKnowledge(Database& database, const std::string& evidenceID);
+
+/// For each reference the first name that the store knows: of the goal of that number, or else of
+/// any other goal. Reads the people once, however many references there are.
+std::vector<std::optional<std::string>> readNames(Database& database, std::int64_t goal,
+                                                  const SharedArray<std::string>& personRefs);
 
 }  // namespace vemra::desk

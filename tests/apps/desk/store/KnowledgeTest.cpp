@@ -2,6 +2,9 @@
 #include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 
+#include <algorithm>
+#include <chrono>
+
 #include <gtest/gtest.h>
 
 namespace vemra::desk {
@@ -115,6 +118,24 @@ TEST_F(KnowledgeTest, NamesComeFromTheGoalFirstAndThenFromAnyOther) {
   EXPECT_EQ(names("g1"), (Names{"Bo", std::nullopt, "Renée"}));
   EXPECT_EQ(names("g3"), (Names{"Bodil", std::nullopt, "Renée"}));
   EXPECT_EQ(names("not there"), (Names{"Bo", std::nullopt, "Renée"}));
+}
+
+// With a search for each reference, this took minutes, in which the window's other questions waited.
+TEST_F(KnowledgeTest, NamesOfALongPathTakeOnePassOverThePeople) {
+  constexpr std::size_t count = 30'000;
+  std::vector<GoalPersonCandidateDTO> people(count, {"", "Somebody", {}, {}});
+  std::vector<std::string> path;
+  for (std::size_t i = 0; i < count; ++i) {
+    people[i].personRef = "person " + std::to_string(i);
+    path.push_back("person " + std::to_string(2 * i));
+  }
+  auto third = goal("g3", "Third");
+  third.people = people;
+  store.import({third});
+  const auto start = std::chrono::steady_clock::now();
+  const auto names = store.names("g1", path);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+  EXPECT_EQ(std::count(names.begin(), names.end(), "Somebody"), count / 2);
 }
 
 }  // namespace
