@@ -66,6 +66,7 @@ def check_record(stand, ask, store, note, kept):
     notes = [text for goal in goals.values() for text in notes_of(goal)]
     require(not acknowledged or note in notes, f"{note!r} is acknowledged into nothing")
     require(acknowledged or note not in notes, f"{note!r} is refused, but there")
+    require(len(set(notes)) == len(notes), f"an outcome is there twice: {notes}")
     if "of the backup" in notes:
         require(not {*notes} & {*kept}, f"outcomes of two stores in one: {notes}")
 
