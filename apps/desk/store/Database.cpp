@@ -5,6 +5,7 @@
 #include "apps/desk/store/FileLocks.hpp"
 #include "apps/desk/store/Problem.hpp"
 #include "apps/desk/store/StoreError.hpp"
+#include "apps/documents/DocumentError.hpp"
 
 #include <cerrno>
 #include <cstring>
@@ -112,6 +113,28 @@ void Database::accept() {
   }
   if (hasLog) file_.noteCompanions();
   version();
+}
+
+void Database::countText(std::size_t bytes) {
+  if (!textsLeft_) return;
+  if (bytes <= *textsLeft_) {
+    *textsLeft_ -= bytes;
+    return;
+  }
+  // Before the check, whose answer is a text as well.
+  textsLeft_.reset();
+  checkFile();
+}
+
+void Database::checkFile() {
+  Statement check(*this, "PRAGMA quick_check(1)");
+  check.query();
+  const std::string answer = check.next() ? check.text(0) : "";
+  if (answer == "ok") return;
+  // A line of its own, "*** in database main ***", comes before what is wrong with a page.
+  const std::size_t heading = answer.starts_with("***") ? answer.find('\n') + 1 : 0;
+  throw StoreError(file(), "is damaged: SQLite found " +
+                               documents::inQuotes(std::string_view(answer).substr(heading)));
 }
 
 bool Database::hasMoved() {
@@ -240,6 +263,7 @@ Transaction::Transaction(Database& database, Kind kind) : database_(database) {
   database.run(kind == Kind::writing ? "BEGIN IMMEDIATE" : "BEGIN");
   try {
     database.confirmPlace();  // it has waited for others meanwhile
+    database.startTextCount();
   } catch (...) {
     // The destructor does not run.
     rollBack();

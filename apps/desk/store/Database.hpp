@@ -19,6 +19,9 @@ namespace vemra::desk {
 using Patience = std::chrono::milliseconds;
 inline constexpr Patience usualPatience{10'000};
 
+/// So many bytes of texts are read in one transaction before SQLite checks the whole file.
+inline constexpr std::size_t uncheckedTextBytes = std::size_t{256} << 20;
+
 /// A connection to an SQLite 3 database file, closed at the end of its scope.
 ///
 /// Waits for other processes, but not for ever. Every failure, here and in the statements, is a
@@ -59,6 +62,22 @@ class Database {
   /// After reading: makes sure that it was one state of the file, or throws a `StoreError`.
   void confirm() const { file_.confirm(); }
 
+  /// \name The texts that a transaction reads
+  ///
+  /// A damaged file can claim far more text than it holds: SQLite compares the length that a row
+  /// claims with the size of the file only, which may be sparse, and a chain of pages that leads
+  /// back to itself has no end. A check of the whole file finds such a chain. It takes as long as
+  /// reading the file, so only a transaction that reads very much waits for it.
+  /// @{
+  /// To be called at the beginning of a transaction: counts from 0 again.
+  void startTextCount() { textsLeft_ = textBound_; }
+  /// To be called before a text of so many bytes is copied. The first time that a transaction goes
+  /// beyond the bound, SQLite checks the file; a `StoreError` names what it finds.
+  void countText(std::size_t bytes);
+  /// For tests: a bound in place of `uncheckedTextBytes`, from the next transaction on.
+  void setTextBound(std::size_t bytes) { textBound_ = bytes; }
+  /// @}
+
   /// Which file SQLite has open.
   FileIdentity identity() const { return file_.identity(); }
 
@@ -74,6 +93,7 @@ class Database {
 
   std::optional<std::string> displacement();
   bool hasMoved();
+  void checkFile();
   void settleLog();
   /// After the file has moved: whether somebody has opened another file at its path and may have
   /// written into our log, which has the name of theirs.
@@ -83,6 +103,8 @@ class Database {
   Patience patience_;
   std::unique_ptr<sqlite3, Close> connection_;
   std::int64_t version_ = 0;  // when it was last asked for
+  std::size_t textBound_ = uncheckedTextBytes;
+  std::optional<std::size_t> textsLeft_ = textBound_;  // bytes; none once the file is checked
 };
 
 /// How errors name the rows of a query: by a table and the columns that tell its rows apart.

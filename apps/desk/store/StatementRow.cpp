@@ -12,8 +12,9 @@ std::string Statement::text(int column) {
   if (sqlite3_column_type(statement_.get(), column) != SQLITE_TEXT) damaged(column, "a text");
   const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
   if (bytes == nullptr) database_->fail(SQLITE_NOMEM);
-  const int length = sqlite3_column_bytes(statement_.get(), column);
-  return {bytes, static_cast<std::size_t>(length)};
+  const auto length = static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column));
+  database_->countText(length);
+  return {bytes, length};
 }
 
 std::optional<std::string> Statement::optionalText(int column) {
