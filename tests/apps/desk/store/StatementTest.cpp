@@ -34,11 +34,14 @@ class StatementTest : public testing::Test {
 TEST_F(StatementTest, ValuesOfTheirTypesAreRead) {
   using namespace std::string_literals;
   Statement row(database, "SELECT ?1, ?2, ?3, ?4, ?5");
-  row.query("a\0b"s, std::optional<std::string>(), std::optional<std::string>(""), INT64_MIN,
-            std::optional<std::int64_t>(7));
+  // SQLite reads the texts when a row is fetched, so they live until the last one.
+  const std::string text = "a\0b"s;
+  const std::optional<std::string> none;
+  const std::optional<std::string> empty = "";
+  row.query(text, none, empty, INT64_MIN, std::optional<std::int64_t>(7));
   ASSERT_TRUE(row.next());
-  EXPECT_EQ(row.text(0), "a\0b"s);
-  EXPECT_EQ(row.optionalText(0), "a\0b"s);
+  EXPECT_EQ(row.text(0), text);
+  EXPECT_EQ(row.optionalText(0), text);
   EXPECT_EQ(row.optionalText(1), std::nullopt);
   row.expectNull(1);
   EXPECT_EQ(row.optionalText(2), "");
