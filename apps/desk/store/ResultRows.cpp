@@ -148,11 +148,19 @@ class Reading {
                   {"goals", 1});
     row.query(goal_);
     if (!row.next()) throw StoreError(database_.file(), "is damaged: a goal is gone");
-    return {{row.text(1), row.text(2), readCase<GoalStatus>(row, 3, statusNames),
-             row.optionalText(4), row.text(5), row.text(6),
-             readCase<GoalPriority>(row, 7, priorityNames), std::move(keywords), row.integer(8),
-             std::move(constraints), row.integer(9), std::move(attachments)},
-            std::move(sources)};
+    GoalDTO goal{row.text(1),
+                 row.text(2),
+                 readCase<GoalStatus>(row, 3, statusNames),
+                 row.optionalText(4),
+                 row.text(5),
+                 row.text(6),
+                 readCase<GoalPriority>(row, 7, priorityNames),
+                 std::move(keywords),
+                 row.integer(8),
+                 std::move(constraints),
+                 row.integer(9),
+                 std::move(attachments)};
+    return {std::move(goal), std::move(sources)};
   }
 
   SharedArray<GoalPersonCandidateDTO> people() {

@@ -28,7 +28,7 @@ QString atMost(qsizetype most, const QString& text) {
 
 /// As much of a title as a tool tip has room for.
 QString forToolTip(const QString& title) {
-  const QString text = firstPiece(title);
+  QString text = firstPiece(title);
   qsizetype end = -1;
   for (int line = 0; line < mostLinesInToolTip; ++line) {
     end = text.indexOf(u'\n', end + 1);
