@@ -85,7 +85,7 @@ struct Header {
 }  // namespace
 
 std::optional<std::string> TimeZoneFile::contentOf(const std::string& path) {
-  // The largest of the database has 4 kB. A device, or a pipe that nobody writes to, is not opened.
+  // The database's largest file has 4 kB. Opening a device or an idle pipe could wait for ever.
   constexpr std::uintmax_t largest = 1 << 20;
   std::error_code error;
   if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;

@@ -36,7 +36,7 @@ inline Word wordAt(const char* at) noexcept {
 
 /// SipHash (Aumasson, Bernstein: "SipHash: a fast short-input PRF", 2012) with so many rounds.
 ///
-/// Without the key nobody can make texts that hash alike. A table keyed by texts from outside needs
+/// Texts that hash alike cannot be made without the key. A table keyed by texts from outside needs
 /// that: with `std::hash`, whose key is the same everywhere, a document can bring any number of ids
 /// of one hash, and every search for one of them then compares it with all others. 1 and 3 rounds
 /// are what tables use; 2 and 4 are what the paper gives vectors for.
@@ -89,7 +89,7 @@ inline KeyedHash sipHash(std::string_view bytes, const HashKey& key) noexcept {
   return {a ^ b ^ c ^ d, (seen & 0x8080808080808080U) == 0};
 }
 
-/// A key that nobody can foresee.
+/// A key that cannot be predicted.
 HashKey randomHashKey() noexcept;
 
 /// The key of this process: random, and the same as long as the process runs.

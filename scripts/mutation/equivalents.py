@@ -10,7 +10,7 @@ class Equivalents:
         the file
           the line that is changed, without its indentation
           the change, as scripts/mutate prints it
-          why nobody can see it, in as many lines as it takes
+          why no test can see it, in as many lines as it takes
 
     Lines that begin with # are comments.
     """

@@ -145,7 +145,7 @@ class Statement {
   std::string text(int column);
   std::optional<std::string> optionalText(int column);
   std::int64_t integer(int column);
-  /// An integer that is no less than 0.
+  /// A non-negative integer.
   std::size_t index(int column);
   /// Makes sure that the column is NULL.
   void expectNull(int column);

@@ -8,7 +8,7 @@ namespace vemra::desk {
 namespace {
 
 constexpr std::pair<int, int> switches[] = {
-    {SQLITE_DBCONFIG_DEFENSIVE, 1},       // nobody writes the schema or the log's mode by hand
+    {SQLITE_DBCONFIG_DEFENSIVE, 1},       // no SQL writes the schema or the log's mode
     {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},  // no functions in checks, indexes and triggers
     {SQLITE_DBCONFIG_ENABLE_VIEW, 0},     // a store has none
 };

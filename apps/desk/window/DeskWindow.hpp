@@ -85,7 +85,7 @@ class DeskWindow : public QMainWindow {
   std::function<void()> refreshSide_;    // asks once more for what the side pane shows
   std::optional<std::int64_t> version_;  // of the store, when it was last looked at
   bool looking_ = false;
-  QString lookingFailed_;         // what was said about it last
+  QString lookingFailed_;         // the last message about it
   QHash<QString, QString> told_;  // of what could not be loaded: the failure shown
 
   GoalList* goals_;
