@@ -1,5 +1,6 @@
 #include "tests/VemraPlatform/date/threads/Locks.hpp"
 
+#include <atomic>
 #include <dlfcn.h>
 #include <pthread.h>
 
@@ -17,11 +18,17 @@ long locksTaken() noexcept {
 }  // namespace vemra::testing
 
 #ifndef VEMRA_LOCKS_ARE_NOT_COUNTED
-// A program's own function takes the place of the C library's, also for shared libraries.
+// A program's own function takes the place of the C library's, also for shared libraries. It keeps no
+// static that is initialised on first use: libc++abi takes a mutex for that, which would end here again.
 extern "C" int pthread_mutex_lock(pthread_mutex_t* mutex) noexcept {
   using Function = int (*)(pthread_mutex_t*);
-  static const auto lock = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "pthread_mutex_lock"));
+  static std::atomic<Function> found = nullptr;
   ++vemra::testing::taken;
+  Function lock = found.load(std::memory_order_acquire);
+  if (lock == nullptr) {
+    lock = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "pthread_mutex_lock"));
+    found.store(lock, std::memory_order_release);
+  }
   return lock(mutex);
 }
 #endif
