@@ -111,11 +111,11 @@ def run_once(program):
 def attempt(mutant, programs):
     """Runs the tests that reach a mutant until one fails.
 
-    Returns what killed it, or None where all tests pass; raises KeyError where no test reaches it.
+    Returns ("killed", what killed it), ("alive", "") where all tests pass, or ("unreached", "").
     """
     reaching = [p for p in programs if mutant.id in p.reached]
     if not reaching:
-        raise KeyError(mutant.id)
+        return "unreached", ""
     # The tests of the mutant's own folder first, then the quicker program first.
     reaching.sort(key=lambda p: (distance(mutant.file, p.folder), sum(p.seconds.values())))
     later = []
@@ -135,12 +135,12 @@ def attempt(mutant, programs):
         if quick:
             killer = run_tests(program, mutant, quick)
             if killer:
-                return killer
+                return "killed", killer
     for program, tests in later:
         killer = run_tests(program, mutant, tests)
         if killer:
-            return killer
-    return None
+            return "killed", killer
+    return "alive", ""
 
 
 def scratch():

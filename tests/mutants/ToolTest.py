@@ -21,6 +21,8 @@ except ImportError:
     sys.exit(77)
 
 import blame  # noqa: E402
+import equivalents  # noqa: E402
+import main as tool  # noqa: E402
 import mutants  # noqa: E402
 import programs  # noqa: E402
 import schema  # noqa: E402
@@ -69,10 +71,17 @@ def mutants_do_not_find_the_users_own_files():
     assert given["VEMRA_PLACE"] == "here" and given["VEMRA_MUTANT"] == "1", given
 
 
+def a_mutant_that_no_test_reaches_is_alive(mutant):
+    nothing_listed = equivalents.Equivalents(HERE / "no such file")
+    outcome = programs.attempt(mutant, [])
+    assert tool.judged(mutant, outcome, nothing_listed) == ("alive", "ALIVE: no test reaches it"), outcome
+
+
 def main():
     mutants_do_not_find_the_users_own_files()
     found = mutants.find("Sample.cpp", str(SAMPLE), ["-std=c++20", f"-I{ROOT}"])
     assert len({m.id for m in found}) == len(found), "two mutants have the same number"
+    a_mutant_that_no_test_reaches_is_alive(found[0])
     with tempfile.TemporaryDirectory() as folder:
         actual = list(verdicts(pathlib.Path(folder), found))
         without = subprocess.run([f"{folder}/sample"], env={}).returncode
