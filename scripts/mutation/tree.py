@@ -101,10 +101,14 @@ class Tree:
             kept = [w for before, w in zip(["", *words], words)
                     if before == "-isystem" or w.startswith(("-I", "-D", "-std", "-isystem"))]
             name = str(pathlib.Path(entry["file"]).resolve())
-            # Headers are read where they are, not in the copy, which holds mutants.
             found[name.removeprefix(str(self.source) + "/")] = [
-                w.replace(str(self.source), str(ROOT)) for w in kept] + [f"-I{ROOT}"]
+                self.where_it_is_read(w) for w in kept] + [f"-I{ROOT}"]
         return found
+
+    def where_it_is_read(self, argument):
+        """Headers are read in the repository, not in the copy, which holds mutants; only generated ones
+        are in the copy's build alone."""
+        return argument if str(self.build) in argument else argument.replace(str(self.source), str(ROOT))
 
     # The build
 

@@ -26,6 +26,7 @@ import main as tool  # noqa: E402
 import mutants  # noqa: E402
 import programs  # noqa: E402
 import schema  # noqa: E402
+import tree  # noqa: E402
 
 SAMPLE = HERE / "sample/Sample.cpp"
 EXPECTED = HERE / "sample/expected.txt"
@@ -77,7 +78,15 @@ def a_mutant_that_no_test_reaches_is_alive(mutant):
     assert tool.judged(mutant, outcome, nothing_listed) == ("alive", "ALIVE: no test reaches it"), outcome
 
 
+def headers_are_read_in_the_repository_and_generated_ones_in_the_copy():
+    copy = tree.Tree(with_qt=False, headers=False)
+    assert copy.where_it_is_read(f"-I{copy.source}") == f"-I{ROOT}"
+    generated = f"-I{copy.build}/apps/generated"
+    assert copy.where_it_is_read(generated) == generated
+
+
 def main():
+    headers_are_read_in_the_repository_and_generated_ones_in_the_copy()
     mutants_do_not_find_the_users_own_files()
     found = mutants.find("Sample.cpp", str(SAMPLE), ["-std=c++20", f"-I{ROOT}"])
     assert len({m.id for m in found}) == len(found), "two mutants have the same number"
