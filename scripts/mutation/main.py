@@ -73,6 +73,7 @@ def work(copy, folders, options):
             print(f"{mutant.id}  {place(mutant)}  {mutant.kind}")
         return []
 
+    copy.choose([mutant for folder in folders for mutant in chosen[folder]])
     tree.say("building")
     pattern = re.compile(options.tests or ".")
     copy.make(targets(copy, pattern))

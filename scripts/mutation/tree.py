@@ -24,15 +24,17 @@ class Tree:
     in the headers. Mutants in headers are compiled again into every test that includes them; tests of
     the other kind come out of ccache as they were compiled for the release build."""
 
-    def __init__(self, with_qt, headers):
+    def __init__(self, with_qt, headers, below=ROOT / "build/mutate"):
         self.with_qt, self.headers = with_qt, headers
-        name = ("qt" if with_qt else "plain") + ("-headers" if headers else "")
-        base = ROOT / "build" / "mutate" / name
+        base = below / (("qt" if with_qt else "plain") + ("-headers" if headers else ""))
         # The build is where the presets put it, so that ccache sees the paths that it knows.
         self.source, self.build = base, base / "build" / "release"
-        self.memory = ROOT / "build/mutate/mutants.json"  # what libclang found, by the text of the file
+        self.memory = below / "mutants.json"              # what libclang found, by the text of the file
         self.refused_file = base / "refused.json"         # the mutants that do not compile
         self.refused = json.loads(self.refused_file.read_text()) if self.refused_file.exists() else {}
+        self.compiled_file = base / "compiled.json"       # the mutants that the sources hold
+        self.compiled = (
+            set(json.loads(self.compiled_file.read_text())) if self.compiled_file.exists() else set())
         self.mutants, self.written = [], {}
 
     def ours(self, name):
@@ -112,10 +114,16 @@ class Tree:
 
     # The build
 
+    def choose(self, chosen):
+        """Has these mutants compiled, and those that are compiled already: to leave one out means to compile
+        its source again. The others of a sample's folder would cost much and serve nothing."""
+        self.compiled |= {mutant.id for mutant in chosen}
+        replace(self.compiled_file, json.dumps(sorted(self.compiled), indent=0).encode())
+
     def write(self):
         by_file = {}
         for mutant in self.mutants:
-            if mutant.id not in self.refused:
+            if mutant.id in self.compiled and mutant.id not in self.refused:
                 by_file.setdefault(mutant.file, []).append(mutant)
         for name in self.sources:
             text = finder.read(ROOT / name)

@@ -85,12 +85,21 @@ def headers_are_read_in_the_repository_and_generated_ones_in_the_copy():
     assert copy.where_it_is_read(generated) == generated
 
 
+def a_sample_is_compiled_with_what_was_compiled_before(found):
+    with tempfile.TemporaryDirectory() as folder:
+        tree.Tree(with_qt=False, headers=False, below=pathlib.Path(folder)).choose(found[:1])
+        later = tree.Tree(with_qt=False, headers=False, below=pathlib.Path(folder))
+        later.choose(found[1:2])
+    assert later.compiled == {mutant.id for mutant in found[:2]}, later.compiled
+
+
 def main():
     headers_are_read_in_the_repository_and_generated_ones_in_the_copy()
     mutants_do_not_find_the_users_own_files()
     found = mutants.find("Sample.cpp", str(SAMPLE), ["-std=c++20", f"-I{ROOT}"])
     assert len({m.id for m in found}) == len(found), "two mutants have the same number"
     a_mutant_that_no_test_reaches_is_alive(found[0])
+    a_sample_is_compiled_with_what_was_compiled_before(found)
     with tempfile.TemporaryDirectory() as folder:
         actual = list(verdicts(pathlib.Path(folder), found))
         without = subprocess.run([f"{folder}/sample"], env={}).returncode
