@@ -1,5 +1,6 @@
 """The test programs of the build: what reaches which mutant, and what a mutant does to them."""
 import collections
+import contextlib
 import dataclasses
 import json
 import os
@@ -143,8 +144,12 @@ def attempt(mutant, programs):
     return "alive", ""
 
 
+@contextlib.contextmanager
 def scratch():
-    return tempfile.TemporaryDirectory(prefix="vemra-mutate-", ignore_cleanup_errors=True)
+    """A folder for one run. Other users may enter it, as they may /tmp: some tests change to another user."""
+    with tempfile.TemporaryDirectory(prefix="vemra-mutate-", ignore_cleanup_errors=True) as folder:
+        os.chmod(folder, 0o755)
+        yield folder
 
 
 def distance(file, folder):

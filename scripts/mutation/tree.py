@@ -35,7 +35,7 @@ class Tree:
         self.compiled_file = base / "compiled.json"       # the mutants that the sources hold
         self.compiled = (
             set(json.loads(self.compiled_file.read_text())) if self.compiled_file.exists() else set())
-        self.mutants, self.written = [], {}
+        self.mutants, self.elsewhere, self.written = [], [], {}
 
     def ours(self, name):
         """Whether this copy can have mutants of a file."""
@@ -73,15 +73,21 @@ class Tree:
     # The mutants
 
     def find(self, folders):
-        """Finds the mutants of the sources in the folders; what was read before is not read again."""
+        """Finds the mutants of the sources in the folders; what was read before is not read again.
+
+        Those of other folders stay in the sources, switched off: without them they would be compiled again.
+        """
         memory = json.loads(self.memory.read_text()) if self.memory.exists() else {}
         tool = "".join((ROOT / "scripts/mutation" / n).read_text() for n in ("mutants.py", "rules.py"))
         arguments = self.arguments()
-        jobs = []
+        jobs, elsewhere = [], []
         for name in self.sources:
             key = hashlib.sha256((tool + finder.read(ROOT / name)).encode()).hexdigest()
-            if name.startswith(folders) and memory.get(name, {}).get("key") != key:
+            is_known = memory.get(name, {}).get("key") == key
+            if name.startswith(folders) and not is_known:
                 jobs.append((name, key, arguments_of(arguments, name)))
+            elif is_known and not name.startswith(folders):
+                elsewhere.append(name)
         if jobs:
             say(f"reading {len(jobs)} sources")
         try:
@@ -92,6 +98,7 @@ class Tree:
             replace(self.memory, json.dumps(memory).encode())
         self.mutants = [finder.Mutant(**m) for name in self.sources if name.startswith(folders)
                         for m in memory[name]["mutants"]]
+        self.elsewhere = [finder.Mutant(**m) for name in elsewhere for m in memory[name]["mutants"]]
 
     def arguments(self):
         """The compiler's arguments for each .cpp file, without those of precompiled headers."""
@@ -122,7 +129,7 @@ class Tree:
 
     def write(self):
         by_file = {}
-        for mutant in self.mutants:
+        for mutant in self.mutants + self.elsewhere:
             if mutant.id in self.compiled and mutant.id not in self.refused:
                 by_file.setdefault(mutant.file, []).append(mutant)
         for name in self.sources:

@@ -93,7 +93,13 @@ def a_sample_is_compiled_with_what_was_compiled_before(found):
     assert later.compiled == {mutant.id for mutant in found[:2]}, later.compiled
 
 
+def tests_that_change_to_another_user_reach_their_files():
+    with programs.scratch() as folder:
+        assert pathlib.Path(folder).stat().st_mode & 0o777 == 0o755
+
+
 def main():
+    tests_that_change_to_another_user_reach_their_files()
     headers_are_read_in_the_repository_and_generated_ones_in_the_copy()
     mutants_do_not_find_the_users_own_files()
     found = mutants.find("Sample.cpp", str(SAMPLE), ["-std=c++20", f"-I{ROOT}"])
