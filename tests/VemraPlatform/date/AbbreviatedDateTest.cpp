@@ -51,6 +51,20 @@ TEST(AbbreviatedDate, usesTheCalendarAndTheDigitsOfTheLocale) {
   EXPECT_EQ(day("ar_EG"), "٥ يناير ٢٠٢٥");
 }
 
+TEST(AbbreviatedDate, usesTheCalendarOfTheRegionAskedFor) {
+  EXPECT_EQ(written("2025-01-05T10:00:00Z", "en-US-u-rg-thzzzz"), "Jan 5, 2568 BE");
+  EXPECT_EQ(written("2025-01-05T10:00:00Z", "en_US@rg=thzzzz"), "Jan 5, 2568 BE");
+}
+
+TEST(AbbreviatedDate, knowsTheTimeZonesThatICUAloneKnows) {
+  const auto inSydney = [](const std::string& instant) { return written(instant, "en_US", "AET"); };
+  ASSERT_FALSE(std::ifstream("/usr/share/zoneinfo/AET"));
+  EXPECT_EQ(inSydney("2025-01-05T12:59:59Z"), "Jan 5, 2025") << "eleven hours ahead in summer";
+  EXPECT_EQ(inSydney("2025-01-05T13:00:00Z"), "Jan 6, 2025");
+  EXPECT_EQ(inSydney("2025-07-05T13:59:59Z"), "Jul 5, 2025") << "and ten in winter";
+  EXPECT_EQ(inSydney("2025-07-05T14:00:00Z"), "Jul 6, 2025");
+}
+
 TEST(AbbreviatedDate, usesTheCalendarAndTheDigitsAskedFor) {
   const auto day = [](const std::string& locale) {
     return written("2025-01-05T10:00:00Z", locale);

@@ -154,6 +154,16 @@ TEST(TimeZoneFile, isNothingWhenAHeaderIsNotThere) {
   EXPECT_FALSE(TimeZoneFile::parse(whole.substr(0, second) + "x" + whole.substr(second + 1)));
 }
 
+TEST(TimeZoneFile, isNothingWhenItsPartForVersion1IsShorterThanItsHeaderSays) {
+  constexpr std::size_t headerSize = 44;
+  constexpr std::size_t changeCountAt = 32;
+  const Pieces pieces = sample();
+  std::string header = pieces.block('2', 4).substr(0, headerSize);
+  header.replace(changeCountAt, 4, bytes(1 << 20, 4));
+  EXPECT_FALSE(TimeZoneFile::parse(header + pieces.block('2', 8) + pieces.footer))
+      << "the second header does not stand in for what is missing of the first part";
+}
+
 /// Any byte may be any other: whatever is read is an offset in bounds, and nothing is read outside.
 TEST(TimeZoneFile, isReadWhateverItsBytesAre) {
   const std::string whole = sample().content();

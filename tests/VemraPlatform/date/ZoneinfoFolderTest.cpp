@@ -1,9 +1,12 @@
 #include "VemraPlatform/date/TimeZone.hpp"
 #include "VemraPlatform/date/ZoneinfoFolder.hpp"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <string>
 #include <unistd.h>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -64,6 +67,17 @@ TEST_F(ZoneOfPath, ofACopyIsTheZoneWithTheSameContent) {
   EXPECT_EQ(zoneOfPath(link("copy")), "Asia/Kathmandu");
   EXPECT_EQ(zoneOfPath(copy("right/America/St_Johns")), "America/St_Johns");
   EXPECT_EQ(zoneOfPath(copy("posix/America/St_Johns")), "America/St_Johns");
+}
+
+TEST_F(ZoneOfPath, ofACopyWithManyNamesIsTheFirstOfThemInTheAlphabet) {
+  const std::vector<std::string> names = {"Etc/UCT", "Etc/UTC", "Etc/Universal", "Etc/Zulu",
+                                          "UCT",     "UTC",     "Universal",     "Zulu"};
+  const auto first = std::find_if(names.begin(), names.end(), [](const std::string& name) {
+    return fs::exists(fs::path(date::zoneinfoFolder) / name);
+  });
+  ASSERT_NE(first, names.end());
+  EXPECT_EQ(zoneOfPath(copy(*first)), *first);
+  EXPECT_EQ(zoneOfPath(copy("UTC")), *first);
 }
 
 TEST_F(ZoneOfPath, ofAFileOfNoZoneIsItsRule) {
