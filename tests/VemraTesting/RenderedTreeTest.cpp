@@ -69,13 +69,22 @@ TEST_F(RenderedTreeTest, TheRootMayGoAndAnotherCome) {
   EXPECT_EQ(tree.root(), NodeID{20});
 }
 
-TEST_F(RenderedTreeTest, APatchThatSpeaksOfNothingThrows) {
-  EXPECT_THROW(tree.apply({removal(99)}), std::out_of_range);
-  EXPECT_THROW(tree.apply({move(99, 1, 0)}), std::out_of_range);
-  EXPECT_THROW(tree.apply({insert(2, 1, 0)}), std::out_of_range) << "it is there already";
-  EXPECT_THROW(tree.apply({insert(30, 99, 0)}), std::out_of_range);
-  EXPECT_THROW(tree.apply({insert(31, 1, 99)}), std::out_of_range);
-  EXPECT_THROW(tree.apply({insert(32, 1, 5)}), std::out_of_range) << "5 is no child of 1";
+TEST_F(RenderedTreeTest, APatchThatSpeaksOfNothingThrowsAndSaysSo) {
+  const auto problemWith = [&](const Patch& patch) -> std::string {
+    try {
+      tree.apply({patch});
+    } catch (const std::out_of_range& error) {
+      return error.what();
+    }
+    return "";
+  };
+  const std::string notThere = "a patch speaks of a node that is not there";
+  EXPECT_EQ(problemWith(removal(99)), notThere);
+  EXPECT_EQ(problemWith(move(99, 1, 0)), notThere);
+  EXPECT_EQ(problemWith(insert(30, 99, 0)), notThere);
+  EXPECT_EQ(problemWith(insert(31, 1, 99)), notThere);
+  EXPECT_EQ(problemWith(insert(2, 1, 0)), "a node was inserted twice");
+  EXPECT_EQ(problemWith(insert(32, 1, 5)), "a node was placed behind one that is not its sibling");
 }
 
 }  // namespace vemra::testing

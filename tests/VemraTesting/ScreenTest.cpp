@@ -148,6 +148,7 @@ TEST_F(ScreenTest, NearestAreThoseWithTheFewestBytesAddedLeftOutOrReplaced) {
   EXPECT_EQ(nearest({"bitter", "kitten"}, "sitting"), "kitten, bitter") << "three, and four";
   EXPECT_EQ(nearest({"abxyz", "ab"}, "abc"), "ab, abxyz");
   EXPECT_EQ(nearest({"b", "a"}, "c"), "a, b") << "equally near ones by the alphabet";
+  EXPECT_EQ(nearest({"f", "abcde"}, "abcdef"), "abcde, f") << "what is missing in front counts too";
 
   const std::string long255(255, 'x');
   EXPECT_EQ(nearest({long255 + "a", long255 + "b"}, long255 + "bz"),
@@ -156,6 +157,12 @@ TEST_F(ScreenTest, NearestAreThoseWithTheFewestBytesAddedLeftOutOrReplaced) {
   EXPECT_EQ(nearest({long256 + "a", long256 + "b"}, long256 + "bz"),
             long256 + "a, " + long256 + "b")
       << "only the first 256 bytes count";
+  EXPECT_EQ(nearest({long256 + "b", long256 + "aaaa"}, long256), long256 + "aaaa, " + long256 + "b")
+      << "of the identifiers as well";
+  const std::string long250(250, 'x');
+  EXPECT_EQ(nearest({long256, long250 + "aaaaaa"}, long256 + "aaaaaaaaaa"),
+            long256 + ", " + long250 + "aaaaaa")
+      << "and of the one that is sought";
 }
 
 TEST_F(ScreenTest, IdentifiersOfAnyLengthAreComparedSoonEnough) {

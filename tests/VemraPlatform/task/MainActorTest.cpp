@@ -1,4 +1,5 @@
 #include "VemraPlatform/task/MainActor.hpp"
+#include "tests/VemraPlatform/task/BufferedStandardError.hpp"
 
 #include <atomic>
 #include <cstdlib>
@@ -135,6 +136,17 @@ TEST_F(MainActorDeathTest, stopsWhenASecondThreadIsAdopted) {
   EXPECT_EXIT(adoptTwo(), ::testing::KilledBySignal(SIGABRT),
               "^MainActor::adoptCurrentThread was called on a second thread.*once, on the thread "
               "that runs the user interface");
+}
+
+TEST_F(MainActorDeathTest, writesItsMessagesWhereStandardErrorIsBuffered) {
+  EXPECT_EXIT(withBufferedStandardError(
+                  [] { std::thread([] { MainActor::assertIsolated("Row.body"); }).join(); }),
+              ::testing::KilledBySignal(SIGABRT), "Row\\.body was called off the main thread");
+  EXPECT_EXIT(withBufferedStandardError([] {
+                std::thread(MainActor::adoptCurrentThread).join();
+                MainActor::adoptCurrentThread();
+              }),
+              ::testing::KilledBySignal(SIGABRT), "was called on a second thread");
 }
 
 TEST_F(MainActorDeathTest, startsAnewInAChild) {

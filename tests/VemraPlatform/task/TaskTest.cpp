@@ -1,5 +1,6 @@
 #include "VemraPlatform/task/Start.hpp"
 #include "VemraPlatform/task/Task.hpp"
+#include "tests/VemraPlatform/task/BufferedStandardError.hpp"
 #include "tests/VemraPlatform/task/Gate.hpp"
 
 #include <memory>
@@ -264,6 +265,9 @@ TEST(TaskDeathTest, awaitedAfterAMoveStopsTheProcess) {
   Task<int> task = give(1);
   const Task<int> owner = std::move(task);
   EXPECT_EXIT(wait(std::move(task)), ::testing::KilledBySignal(SIGABRT), "moved from");
+  EXPECT_EXIT(withBufferedStandardError([&] { wait(std::move(task)); }),
+              ::testing::KilledBySignal(SIGABRT), "moved from")
+      << "a host may have its messages buffered";
 }
 
 }  // namespace
