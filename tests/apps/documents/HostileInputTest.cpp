@@ -11,6 +11,7 @@
 #include <fstream>
 #include <functional>
 #include <random>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -129,7 +130,26 @@ TEST_F(SourceFileTest, saysWhatIsWrongWithAFile) {
 TEST_F(SourceFileTest, refusesMoreThanAGibibyteBeforeItIsRead) {
   const std::string path = folder.write("long", "");
   ASSERT_EQ(::truncate(path.c_str(), (off_t{1} << 30) + 1), 0);
+  const auto mostKilobytes = [] {
+    rusage used{};
+    ::getrusage(RUSAGE_SELF, &used);
+    return used.ru_maxrss;
+  };
+  const long before = mostKilobytes();
   EXPECT_EQ(error(path), "expected a file of at most 1 GiB; found a longer one");
+  EXPECT_LT(mostKilobytes() - before, 1 << 19) << "it was read first";
+}
+
+TEST_F(SourceFileTest, readsAGibibyteToItsLastByte) {
+  const std::string path = folder.write("long", "");
+  ASSERT_EQ(::truncate(path.c_str(), off_t{1} << 30), 0);
+  EXPECT_EQ(readSource(path).size(), std::size_t{1} << 30);
+}
+
+TEST_F(SourceFileTest, isNotMisledByAnInterruptionOfAnEarlierCall) {
+  const std::string path = folder.write("file", "text");
+  errno = EINTR;
+  EXPECT_EQ(readSource(path), "text");
 }
 
 TEST_F(SourceFileTest, leavesNoFileOpen) {

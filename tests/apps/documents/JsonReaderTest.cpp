@@ -27,12 +27,19 @@ TEST(JsonReaderTest, saysWhatAValueOfAnotherKindIs) {
 
 TEST(JsonReaderTest, countsLinesAndCharacters) {
   EXPECT_EQ(stringError("\n \n  é"), "t: line 3, column 3: expected a string; found \"é\"");
+  EXPECT_EQ(stringError("\n\n\n é"), "t: line 4, column 2: expected a string; found \"é\"")
+      << "empty lines count";
   EXPECT_EQ(stringError("\r\n\"ééé\" x"),
             "t: line 2, column 7: expected the end of the document; found \"x\"");
   EXPECT_EQ(stringError(""), "t: line 1, column 1: expected a string; found the end of the file");
   EXPECT_EQ(stringError("nul"), "t: line 1, column 1: expected null; found \"nul\"");
   EXPECT_EQ(stringError(std::string_view("\0", 1)),
             "t: line 1, column 1: expected a string; found \"\\x00\"");
+}
+
+TEST(JsonReaderTest, saysWhatWasExpectedWhereNoValueBegins) {
+  EXPECT_EQ(errorOf(" ]", [](JsonReader& reader) { reader.failNext("a colour"); }),
+            "t: line 1, column 2: expected a colour; found \"]\"");
 }
 
 TEST(JsonReaderTest, refusesAByteOrderMark) {

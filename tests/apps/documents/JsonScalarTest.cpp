@@ -47,6 +47,8 @@ TEST(JsonReaderStringTest, refusesHalfASurrogatePair) {
   EXPECT_EQ(stringError(R"("x\uD800\uD800")"), expected + R"(\uD800)");
   EXPECT_EQ(stringError(R"("x\uDC00\uD800")"), expected + R"(\uDC00)");
   EXPECT_EQ(stringError(R"("x\uDC00\uDC00")"), expected + R"(\uDC00)");
+  EXPECT_EQ(stringError(R"("x\uDFFF")"), expected + R"(\uDFFF)") << "the last of the second halves";
+  EXPECT_EQ(stringError(R"("x\uDBFF\uE000")"), expected + R"(\uDBFF)") << "the first behind them";
 }
 
 TEST(JsonReaderStringTest, refusesOtherEscapes) {
