@@ -49,7 +49,7 @@ QSize measure(RenderNode& node, int width, int spacing, const LeafMetrics& metri
 /// A list whose rows are asked for by range: those that are there are measured, the others
 /// estimated.
 QSize measureList(RenderNode& list, int width, int spacing, const LeafMetrics& metrics) {
-  RowHeights& heights = *list.rows;
+  page::RowHeights& heights = *list.rows;
   // A padding of the list itself goes to each of its rows.
   const Insets padding = list.element.padding();
   const std::size_t count = list.element.rowCount();

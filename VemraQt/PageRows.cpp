@@ -61,7 +61,7 @@ bool Page::isPinned(const RenderNode& row) const {
 }
 
 std::vector<ui::RowRange> Page::wantedRows(const RenderNode& list) const {
-  const RowHeights& heights = *list.rows;
+  const page::RowHeights& heights = *list.rows;
   std::vector<ui::RowRange> ranges;
   const std::int64_t from = scroll_ - list.frame.top() - askMargin;
   const std::int64_t to = scroll_ - list.frame.top() + area_.viewport()->height() + askMargin;

@@ -1,6 +1,6 @@
 #include "VemraQt/RenderTree.hpp"
 
-#include "VemraQt/RowChanges.hpp"
+#include "VemraPlatform/page/RowChanges.hpp"
 
 #include <algorithm>
 
@@ -16,8 +16,8 @@ namespace {
 constexpr std::size_t mostFollowed = 256;
 
 /// Heights stay with their rows, so that the page is as long as before but for who came and went.
-void follow(RowHeights& heights, const ui::RowSource& before, const ui::RowSource& after) {
-  const RowChanges changes = rowChanges(before, after, mostFollowed);
+void follow(page::RowHeights& heights, const ui::RowSource& before, const ui::RowSource& after) {
+  const page::RowChanges changes = page::rowChanges(before, after, mostFollowed);
   if (changes.areComplete && heights.count() == before.count()) {
     heights.follow(changes.left, changes.came);
   } else {
@@ -70,7 +70,7 @@ void RenderTree::apply(const std::vector<Patch>& patches) {
         place(node, patch.parent, patch.after);
         if (node.element.kind() == ElementKind::forEach) {
           const bool windowed = standsInColumn(node);
-          if (windowed) node.rows = std::make_unique<RowHeights>();
+          if (windowed) node.rows = std::make_unique<page::RowHeights>();
           (windowed ? lists_ : wholeLists_).push_back(&node);
         }
         break;
@@ -83,12 +83,12 @@ void RenderTree::apply(const std::vector<Patch>& patches) {
       }
       case Patch::Kind::update: {
         RenderNode& node = *nodes_.at(patch.node);
-        const auto before = node.rows ? rowSourceOf(node.element) : nullptr;
+        const auto before = node.rows ? page::rowSourceOf(node.element) : nullptr;
         node.element = *patch.element;
         node.stale = true;
         node.shape = {};
         if (node.rows) {
-          const auto after = rowSourceOf(node.element);
+          const auto after = page::rowSourceOf(node.element);
           try {
             follow(*node.rows, *before, *after);
           } catch (...) {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/page/RowHeights.hpp"
 #include "VemraPlatform/ui/Patch.hpp"
-#include "VemraQt/RowHeights.hpp"
 #include "VemraQt/TextShape.hpp"
 
 #include <cstddef>
@@ -42,7 +42,7 @@ struct RenderNode {
   /// Of the same: a larger number the later the focus was in it; 0: it never was.
   std::uint64_t focusedAt = 0;
   /// Of a `ForEach` whose rows are asked for by range; none for other nodes.
-  std::unique_ptr<RowHeights> rows;
+  std::unique_ptr<page::RowHeights> rows;
   int rowWidth = -1;  ///< the width its rows were measured for
 
   int measuredWidth = -1;  ///< the width `size` was measured for; -1: not measured

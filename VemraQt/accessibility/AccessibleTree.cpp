@@ -1,7 +1,7 @@
 #include "VemraQt/accessibility/AccessibleTree.hpp"
 
+#include "VemraPlatform/page/RowChanges.hpp"
 #include "VemraQt/Page.hpp"
-#include "VemraQt/RowChanges.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 
 #include <algorithm>
@@ -115,7 +115,7 @@ AccessibleRow* AccessibleTree::rowAt(NodeID listID, std::size_t index) {
   const ui::Node* node = find(listID);
   if (!node || index >= node->element.rowCount()) return nullptr;
   List& list = lists_[listID];
-  list.source = rowSourceOf(node->element);
+  list.source = page::rowSourceOf(node->element);
   if (const auto known = list.rows.find(index); known != list.rows.end()) return known->second;
   std::string rowID;
   if (!page_.errors().attempt([&] { rowID = list.source->key(index); })) return nullptr;

@@ -1,8 +1,8 @@
 // The tree's own picture of the page, brought up to date; what came and went is noted for clients.
 
+#include "VemraPlatform/page/RowChanges.hpp"
 #include "VemraPlatform/text/Equality.hpp"
 #include "VemraQt/Page.hpp"
-#include "VemraQt/RowChanges.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
 
@@ -152,7 +152,7 @@ AccessibleTree::ChildSteps AccessibleTree::followRows(NodeID listID) {
   const ui::Node* node = find(listID);
   if (known == lists_.end() || !node) return steps;
   List& list = known->second;
-  const auto source = rowSourceOf(node->element);
+  const auto source = page::rowSourceOf(node->element);
   if (list.source == source) return steps;
   if (!page_.errors().attempt([&] { steps = moveRows(list, source); })) {
     // Ids that cannot be read: of the rows that were known none can be found again.
@@ -172,7 +172,7 @@ AccessibleTree::ChildSteps AccessibleTree::moveRows(
     List& list, const std::shared_ptr<const ui::RowSource>& source) {
   ChildSteps steps;
   if (list.source) {
-    RowChanges changes = rowChanges(*list.source, *source, mostToldOneByOne);
+    page::RowChanges changes = page::rowChanges(*list.source, *source, mostToldOneByOne);
     steps.areComplete = changes.areComplete;
     for (const std::size_t row : changes.left) steps.left.push_back({row, list.idAt(row)});
     steps.came = std::move(changes.came);

@@ -1,7 +1,7 @@
 // Identifiers, and what is found by them.
 
+#include "VemraPlatform/page/RowChanges.hpp"
 #include "VemraQt/Page.hpp"
-#include "VemraQt/RowChanges.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
 
@@ -59,7 +59,7 @@ std::vector<std::size_t> AccessibleTree::rowsToSearch(ui::NodeID listID,
   if (search == Search::everyRow) noteIdentifiers(listID);
   const ui::Node* node = find(listID);
   if (!node) return {};
-  const auto source = rowSourceOf(node->element);
+  const auto source = page::rowSourceOf(node->element);
   const auto mayHold = [&](std::size_t row) {
     bool holds = search == Search::everyRow;
     if (!holds) {
@@ -90,13 +90,14 @@ const RowIdentifiers* AccessibleTree::notedIdentifiers(ui::NodeID listID) const 
   const ui::Node* node = find(listID);
   if (known == lists_.end() || !node || !known->second.identifiers) return nullptr;
   const RowIdentifiers& noted = *known->second.identifiers;
-  return noted.areOf(rowSourceOf(node->element), page_.graph().environment()) ? &noted : nullptr;
+  return noted.areOf(page::rowSourceOf(node->element), page_.graph().environment()) ? &noted
+                                                                                    : nullptr;
 }
 
 void AccessibleTree::noteIdentifiers(ui::NodeID listID) {
   const ui::Node* list = find(listID);
   if (!list || notedIdentifiers(listID)) return;
-  const auto source = rowSourceOf(list->element);
+  const auto source = page::rowSourceOf(list->element);
   RowIdentifiers notes(source, page_.graph().environment(), rowsWithState(listID));
   for (std::size_t index = 0; index < source->count(); ++index) {
     const ui::NodeID row = lookAtRow(listID, index);

@@ -126,7 +126,7 @@ void expectRows(Twins& twins) {
   const qt::Page& page = twins.widget.page();
   const int height = twins.widget.viewport()->height();
   for (const qt::RenderNode* list : page.tree().lists()) {
-    const qt::RowHeights& heights = *list->rows;
+    const page::RowHeights& heights = *list->rows;
     if (heights.count() != list->element.rowCount()) fail("the page knows another number of rows");
     const int top = list->frame.top() - page.scrollPosition();
     std::size_t pinned = 0;

@@ -1,7 +1,7 @@
 // Which rows came and which left, between two lists.
 
+#include "VemraPlatform/page/RowChanges.hpp"
 #include "VemraPlatform/ui/View.hpp"
-#include "VemraQt/RowChanges.hpp"
 
 #include <random>
 #include <ranges>
@@ -30,12 +30,12 @@ class Rows final : public ui::RowSource {
   IDs ids_;
 };
 
-qt::RowChanges changes(const IDs& before, const IDs& after, std::size_t most = 4) {
-  return qt::rowChanges(Rows(before), Rows(after), most);
+page::RowChanges changes(const IDs& before, const IDs& after, std::size_t most = 4) {
+  return page::rowChanges(Rows(before), Rows(after), most);
 }
 
 /// What somebody has who takes out what left, from the end, and puts in what came, from the front.
-IDs followed(IDs rows, const IDs& after, const qt::RowChanges& changes) {
+IDs followed(IDs rows, const IDs& after, const page::RowChanges& changes) {
   for (const std::size_t index : changes.left | std::views::reverse) {
     rows.erase(rows.begin() + static_cast<long>(index));
   }
@@ -48,11 +48,11 @@ IDs followed(IDs rows, const IDs& after, const qt::RowChanges& changes) {
 }  // namespace
 
 TEST(RowChanges, NameWhatLeftAndWhatCame) {
-  const qt::RowChanges both = changes({"a", "b", "c", "d"}, {"x", "b", "d", "y"});
+  const page::RowChanges both = changes({"a", "b", "c", "d"}, {"x", "b", "d", "y"});
   EXPECT_TRUE(both.areComplete);
   EXPECT_THAT(both.left, ElementsAre(0, 2));
   EXPECT_THAT(both.came, ElementsAre(0, 3));
-  const qt::RowChanges none = changes({"a", "b"}, {"a", "b"});
+  const page::RowChanges none = changes({"a", "b"}, {"a", "b"});
   EXPECT_TRUE(none.areComplete);
   EXPECT_THAT(none.left, IsEmpty());
   EXPECT_THAT(none.came, IsEmpty());
@@ -68,14 +68,14 @@ TEST(RowChanges, OfTooManyOrOfRowsThatChangedPlacesNothingIsTold) {
 }
 
 TEST(RowChanges, AreThoseOfIdsComparedCanonically) {
-  const qt::RowChanges same = changes({"\u00e9", "b"}, {"e\u0301", "b"});
+  const page::RowChanges same = changes({"\u00e9", "b"}, {"e\u0301", "b"});
   EXPECT_TRUE(same.areComplete);
   EXPECT_THAT(same.left, IsEmpty());
 }
 
 TEST(RowChanges, OfEqualIdsTheLastOneLeaves) {
   EXPECT_THAT(changes({"a", "b", "a"}, {"a", "b"}).left, ElementsAre(2));
-  const qt::RowChanges moved = changes({"a", "b", "a"}, {"b", "a"});
+  const page::RowChanges moved = changes({"a", "b", "a"}, {"b", "a"});
   EXPECT_FALSE(moved.areComplete) << "the first a stands behind the b now";
 }
 
@@ -95,7 +95,7 @@ TEST(RowChanges, LeadFromOneListToTheOther) {
         after.insert(place, std::string(1, 'a' + below(20)));
       }
     }
-    const qt::RowChanges told = changes(before, after, 8);
+    const page::RowChanges told = changes(before, after, 8);
     if (!told.areComplete) continue;
     ++complete;
     ASSERT_EQ(followed(before, after, told), after) << ::testing::PrintToString(before);

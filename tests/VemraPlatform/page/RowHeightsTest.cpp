@@ -1,4 +1,4 @@
-#include "VemraQt/RowHeights.hpp"
+#include "VemraPlatform/page/RowHeights.hpp"
 
 #include <numeric>
 #include <random>
@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-using vemra::qt::RowHeights;
+using vemra::page::RowHeights;
 
 namespace {
 

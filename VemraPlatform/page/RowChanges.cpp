@@ -1,4 +1,4 @@
-#include "VemraQt/RowChanges.hpp"
+#include "VemraPlatform/page/RowChanges.hpp"
 
 #include "VemraPlatform/text/Equality.hpp"
 #include "VemraPlatform/ui/Identity.hpp"
@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <numeric>
 
-namespace vemra::qt {
+namespace vemra::page {
 
 namespace {
 
@@ -72,4 +72,4 @@ RowChanges rowChanges(const ui::RowSource& before, const ui::RowSource& after, s
   return changes.left.size() + changes.came.size() > most ? incomplete : changes;
 }
 
-}  // namespace vemra::qt
+}  // namespace vemra::page

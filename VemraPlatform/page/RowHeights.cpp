@@ -1,10 +1,10 @@
-#include "VemraQt/RowHeights.hpp"
+#include "VemraPlatform/page/RowHeights.hpp"
 
 #include <algorithm>
 #include <bit>
 #include <utility>
 
-namespace vemra::qt {
+namespace vemra::page {
 
 namespace {
 
@@ -108,4 +108,4 @@ std::int64_t RowHeights::deviationBefore(std::size_t row) const {
   return sum;
 }
 
-}  // namespace vemra::qt
+}  // namespace vemra::page
