@@ -196,5 +196,13 @@ TEST_F(FileOwnersTest, RootReadsAndWritesTheStoreOfAUser) {
   EXPECT_EQ(errorOf([&] { GoalStore::open(file).import({goal("g1", "One")}); }), "no error");
 }
 
+TEST_F(FileOwnersTest, RootSeesWhatIsWrittenToTheStoreOfAUserMeanwhile) {
+  give("", stranger);
+  GoalStore read = GoalStore::openExisting(file).value();
+  EXPECT_EQ(read.goals().size(), 1u);
+  GoalStore::open(file).import({goal("g2", "Two")});
+  EXPECT_EQ(read.goals().size(), 2u);
+}
+
 }  // namespace
 }  // namespace vemra::desk

@@ -66,6 +66,22 @@ TEST_F(StoreLocationTest, IsBelowTheHomeOfTheUsersEntryWithoutTheVariable) {
   }
 }
 
+TEST_F(StoreLocationTest, IsNowhereForAUserWithoutAHome) {
+  if (::geteuid() != 0) GTEST_SKIP() << "only root can become a user without an entry";
+  constexpr uid_t withoutEntry = 4711;
+  ASSERT_EQ(::getpwuid(withoutEntry), nullptr);
+  const auto ask = [] {
+    if (::setuid(withoutEntry) != 0 || ::unsetenv("HOME") != 0 ||
+        ::unsetenv("XDG_DATA_HOME") != 0) {
+      ::_exit(2);
+    }
+    const bool isNowhere =
+        errorOf([] { userStoreFile(); }) == "goals.sqlite: has no place: there is no home folder";
+    ::_exit(isNowhere ? 0 : 1);
+  };
+  EXPECT_EXIT(ask(), testing::ExitedWithCode(0), "");
+}
+
 TEST_F(StoreLocationTest, FoldersAreMadeForTheUserAlone) {
   const TemporaryFolder folder;
   makeFolderOf(folder.file("a/b/goals.sqlite"));
