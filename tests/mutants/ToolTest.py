@@ -7,6 +7,7 @@ side, that the compiler's messages about the others name them, and which ones th
 Exit code 77 (skipped) where the packages of scripts/debian-packages-mutate are not installed.
 """
 import pathlib
+import resource
 import subprocess
 import sys
 import tempfile
@@ -72,6 +73,15 @@ def mutants_do_not_find_the_users_own_files():
     assert given["VEMRA_PLACE"] == "here" and given["VEMRA_MUTANT"] == "1", given
 
 
+def reached_with_a_limit_of_files(folder):
+    """The reached mutants of the sample where a test lets no file grow beyond 40 bytes."""
+    reached = folder / "reached with a limit"
+    subprocess.run([folder / "sample"], check=True, restore_signals=False,  # SIGXFSZ stays ignored
+                   env={"VEMRA_MUTANTS_REACHED": str(reached), "VEMRA_MUTANTS_TEST": "Sample.main"},
+                   preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (40, resource.RLIM_INFINITY)))
+    return reached.read_text().splitlines()
+
+
 def a_mutant_that_no_test_reaches_is_alive(mutant):
     nothing_listed = equivalents.Equivalents(HERE / "no such file")
     outcome = programs.attempt(mutant, [])
@@ -116,6 +126,7 @@ def main():
         lines = reached.read_text().splitlines()
         assert lines and all(line.endswith(" Sample.main") for line in lines), lines
         assert len(lines) == len(set(lines)), "a mutant was written down twice"
+        assert reached_with_a_limit_of_files(pathlib.Path(folder)) == lines
     if sys.argv[1:] == ["--update-expected"]:
         EXPECTED.write_text("\n".join(actual) + "\n")
     if EXPECTED.read_text().splitlines() != actual:
