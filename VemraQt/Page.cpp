@@ -2,7 +2,7 @@
 
 #include "VemraQt/Page.hpp"
 
-#include "VemraQt/Layout.hpp"
+#include "VemraPlatform/page/Layout.hpp"
 
 #include <QAbstractScrollArea>
 #include <QScopedValueRollback>
@@ -19,9 +19,9 @@ constexpr int mostRounds = 12;
 Page::Page(QAbstractScrollArea& area, ui::ViewGraph& graph)
     : area_(area),
       graph_(graph),
-      metrics_(area, context_.looks),
+      metrics_(area, context_.looks, leaves_),
       pool_(area.viewport(), context_),
-      tree_([this](RenderNode& node) { leaving(node); }),
+      tree_([this](page::Node& node) { leaving(node); }),
       accessible_(std::make_unique<AccessibleTree>(area, *this)) {
   context_.sink = this;
 }
@@ -34,16 +34,16 @@ Page::~Page() {
 void Page::apply(const std::vector<ui::Patch>& patches) {
   if (!anchor_) {
     // Now, because no frame is right any more once the first patch has been applied.
-    const RenderNode* focused = focusedNode();
-    focusWasSeen_ = focused && isInViewport(*focused);
-    captureAnchor(AnchorReason::changed);
+    const page::Node* focused = focusedNode();
+    focusWasSeen_ = focused && viewport().shows(frames().of(*focused));
+    captureAnchor(page::Anchor::Reason::changed);
   }
   ++version_;
   errors_.attempt([&] { tree_.apply(patches); });
   tellAccessibility(patches);
-  for (RenderNode* list : tree_.lists()) {
-    for (RenderNode* row : list->children) {
-      if (const ui::Node* node = graph_.find(row->id)) row->rowIndex = node->rowIndex;
+  for (page::Node* list : tree_.lists()) {
+    for (page::Node& row : list->children()) {
+      if (const ui::Node* node = graph_.find(row.id)) row.rowIndex = node->rowIndex;
     }
   }
   needsSettle_ = true;
@@ -55,7 +55,7 @@ void Page::apply(const std::vector<ui::Patch>& patches) {
 void Page::tellAccessibility(const std::vector<ui::Patch>& patches) {
   if (!accessible_->isWatched()) return;
   for (const ui::Patch& patch : patches) {
-    const RenderNode* node = tree_.find(patch.node);
+    const page::Node* node = tree_.find(patch.node);
     if (!node) continue;  // removals are told while the node is there
     if (patch.kind == ui::Patch::Kind::update) accessible_->elementUpdated(*node);
     if (node->parent) accessible_->childrenChanged(*node->parent);
@@ -77,7 +77,7 @@ void Page::settleIfNeeded() {
 }
 
 void Page::restyle() {
-  captureAnchor(AnchorReason::resized);
+  captureAnchor(page::Anchor::Reason::resized);
   context_.looks = Looks(area_.font(), area_.palette(), graph_.environment());
   pool_.restyle();
   tree_.invalidateAll();
@@ -86,7 +86,7 @@ void Page::restyle() {
 
 void Page::resized() {
   if (filling_) return;  // the scroll bar came or went: the next round takes it up
-  if (!anchor_) captureAnchor(AnchorReason::resized);
+  if (!anchor_) captureAnchor(page::Anchor::Reason::resized);
   settle();
 }
 
@@ -116,20 +116,20 @@ bool Page::fill() {
 }
 
 void Page::layout() {
-  RenderNode* root = tree_.root();
+  page::Node* root = tree_.root();
   if (root) {
     // Where rows are certain to reach past the viewport, the scroll bar is there from the first
     // measure on.
     if (root->measuredWidth < 0) {
       std::int64_t rows = 0;
-      for (const RenderNode* list : tree_.lists()) {
+      for (const page::Node* list : tree_.lists()) {
         rows += static_cast<std::int64_t>(list->element.rowCount()) * list->rows->estimate();
       }
       if (rows > area_.viewport()->height()) showScrollBar(true);
     }
     measureScope(*root, area_.viewport()->width(), 0, metrics_);
   }
-  contentHeight_ = root ? root->size.height() : 0;
+  contentHeight_ = root ? root->size.height : 0;
 }
 
 }  // namespace vemra::qt

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "VemraPlatform/page/Anchor.hpp"
+#include "VemraPlatform/page/FocusOrder.hpp"
+#include "VemraPlatform/page/WantedRows.hpp"
 #include "VemraPlatform/ui/ViewGraph.hpp"
-#include "VemraQt/Anchor.hpp"
 #include "VemraQt/PageErrors.hpp"
+#include "VemraQt/ShownLeaf.hpp"
 #include "VemraQt/StyleMetrics.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
 #include "VemraQt/widgets/WidgetPool.hpp"
@@ -29,7 +32,7 @@ namespace vemra::qt {
 ///
 /// Rows away from the viewport have no nodes here and no widgets, only an estimated height; except
 /// the row with the focus and rows with a text field, which stay as they are.
-class Page final : public ui::Renderer, public EventSink {
+class Page final : public ui::Renderer, public EventSink, private page::RowSupply {
  public:
   Page(QAbstractScrollArea& area, ui::ViewGraph& graph);
   ~Page();
@@ -57,7 +60,7 @@ class Page final : public ui::Renderer, public EventSink {
   /// Gives the focus to the first control of the page, or to the last one.
   bool focusEnd(bool first);
   bool focusElement(ui::NodeID node, Qt::FocusReason reason);
-  RenderNode* focusedNode() const;
+  const page::Node* focusedNode() const;
   /// Scrolls a row in when it is not there.
   void bringRow(ui::NodeID list, std::size_t index);
   /// Gives the focus to the first control in `within` behind `after`, or to the nearest one.
@@ -65,10 +68,12 @@ class Page final : public ui::Renderer, public EventSink {
   /// @}
 
   /// Scrolls just as far as it takes to see it, with its row when that fits.
-  void reveal(const RenderNode& node);
+  void reveal(const page::Node& node);
   void scrollTo(int position);
 
-  const RenderTree& tree() const { return tree_; }
+  const page::WindowedTree& tree() const { return tree_; }
+  /// The lines and the widget of a leaf; empty ones of a leaf that has not been measured.
+  const ShownLeaf& shown(const page::Node& leaf) const;
   ui::ViewGraph& graph() const { return graph_; }
   PageErrors& errors() { return errors_; }
   AccessibleTree& accessibleTree() const { return *accessible_; }
@@ -76,9 +81,9 @@ class Page final : public ui::Renderer, public EventSink {
   std::uint64_t version() const { return version_; }
   const Looks& looks() const { return context_.looks; }
   /// The element's frame on the whole page, in pixels from its top left corner.
-  QRect frameOnPage(const RenderNode& leaf) const;
+  QRect frameOnPage(const page::Node& leaf) const;
   /// The same of a row of a windowed list, there or not; what nobody has measured is estimated.
-  QRect rowFrameOnPage(const RenderNode& list, std::size_t index) const;
+  QRect rowFrameOnPage(const page::Node& list, std::size_t index) const;
   int contentHeight() const { return contentHeight_; }
   int scrollPosition() const { return scroll_; }
   std::size_t widgetCount() const { return pool_.size(); }
@@ -86,59 +91,54 @@ class Page final : public ui::Renderer, public EventSink {
  private:
   /// Where a focused, or just pressed, element was when it went.
   struct LostFocus {
-    ui::NodeID within;               ///< the nearest element that is still there
-    ui::NodeID after;                ///< what stood before it in there; none: it was the first
-    std::optional<std::size_t> row;  ///< of a row of `within`: its index
+    page::LostPlace place;
     bool wasSeen = true;
   };
 
   struct Placement {
-    RenderNode* leaf;
+    const page::Node* leaf;
     QRect frame;  ///< of its widget, in the viewport
   };
-
-  /// Rows are kept a little longer than they are asked for, so that small steps do not swap them.
-  static constexpr int keepMargin = 288;
 
   void settle();
   bool fill();
   void layout();
   bool askForRows();
-  std::vector<ui::RowRange> wantedRows(const RenderNode& list) const;
   void place();
   void place(const Placement& placement);
-  QRect widgetFrame(const RenderNode& leaf) const;
+  page::Viewport viewport() const;
+  page::Frames frames() const;
+  page::PinnedRows pinnedRows() const;
+  QRect widgetFrame(const page::Node& leaf) const;
   void setScrollRange();
   void showScrollBar(bool needed);
 
-  void captureAnchor(AnchorReason reason);
+  void captureAnchor(page::Anchor::Reason reason);
   void restoreAnchor();
 
   void tellAccessibility(const std::vector<ui::Patch>& patches);
-  void leaving(RenderNode& node);
+  void leaving(page::Node& node);
   void restoreFocus();
-  bool keepsWidget(const RenderNode& leaf) const;
-  bool isInViewport(const RenderNode& leaf) const;
-  bool isNearViewport(const RenderNode& leaf) const;
-  bool isPinned(const RenderNode& row) const;
-  RenderNode* nextControl(RenderNode* from, bool forward);
-  RenderNode* controlIn(RenderNode& node, bool forward);
-  RenderNode* rowAt(RenderNode& list, std::size_t index);
-  void focus(RenderNode& control, Qt::FocusReason reason);
+  bool keepsWidget(const page::Node& leaf, const page::Frames& frames,
+                   const page::PinnedRows& pinned) const;
+  page::Node* bringRow(page::Node& list, std::size_t index) override;
+  void focus(const page::Node& control, Qt::FocusReason reason);
 
   QAbstractScrollArea& area_;
   ui::ViewGraph& graph_;
   PageErrors errors_;
   PageContext context_;
+  ShownLeaves leaves_;
   StyleMetrics metrics_;
   WidgetPool pool_;
-  RenderTree tree_;
+  page::WindowedTree tree_;
+  page::Margins margins_;
   std::unique_ptr<AccessibleTree> accessible_;
 
   std::uint64_t version_ = 0;
   int scroll_ = 0;
   int contentHeight_ = 0;
-  std::optional<Anchor> anchor_;
+  std::optional<page::Anchor> anchor_;
   std::optional<LostFocus> lostFocus_;
   ElementWidget* orphan_ = nullptr;  ///< has the focus, but its element has gone
   ui::NodeID pressed_;

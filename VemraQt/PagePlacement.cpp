@@ -1,63 +1,68 @@
 // Where the elements are on the page, which of them have a widget, and where those go.
 
-#include "VemraQt/Layout.hpp"
 #include "VemraQt/Page.hpp"
 
 #include <QAbstractScrollArea>
 
 namespace vemra::qt {
 
-QRect Page::frameOnPage(const RenderNode& leaf) const {
-  const bool rightToLeft = area_.layoutDirection() == Qt::RightToLeft;
-  const RenderNode* row = rowOf(const_cast<RenderNode*>(&leaf));
-  const int scopeWidth = (row ? row : tree_.root())->measuredWidth;
-  const QRect frame = rightToLeft ? mirrored(leaf.frame, scopeWidth) : leaf.frame;
-  if (!row) return frame;
-  const ui::Insets padding = row->parent->element.padding();
-  const QRect whole = rowFrameOnPage(*row->parent, row->rowIndex);
-  return frame.translated(whole.left() + (rightToLeft ? padding.trailing : padding.leading),
-                          whole.top() + padding.top);
+namespace {
+
+QRect toQRect(const page::Rect& rect) {
+  return {rect.x, rect.y, rect.width, rect.height};
 }
 
-QRect Page::rowFrameOnPage(const RenderNode& list, std::size_t index) const {
-  const bool rightToLeft = area_.layoutDirection() == Qt::RightToLeft;
-  const QRect rows = rightToLeft ? mirrored(list.frame, tree_.root()->measuredWidth) : list.frame;
-  return QRect(rows.x(), rows.y() + list.rows->topOnPage(index), rows.width(),
-               list.rows->height(index));
+}  // namespace
+
+page::Viewport Page::viewport() const {
+  return {area_.viewport()->width(), area_.viewport()->height(), scroll_};
 }
 
-bool Page::isInViewport(const RenderNode& leaf) const {
-  const QRect frame = frameOnPage(leaf);
-  return frame.bottom() >= scroll_ && frame.top() < scroll_ + area_.viewport()->height();
+page::Frames Page::frames() const {
+  return {tree_, area_.layoutDirection() == Qt::RightToLeft ? ui::LayoutDirection::rightToLeft
+                                                            : ui::LayoutDirection::leftToRight};
 }
 
-bool Page::isNearViewport(const RenderNode& leaf) const {
-  const QRect frame = frameOnPage(leaf);
-  return frame.bottom() >= scroll_ - keepMargin &&
-         frame.top() < scroll_ + area_.viewport()->height() + keepMargin;
+QRect Page::frameOnPage(const page::Node& leaf) const {
+  return toQRect(frames().of(leaf));
 }
 
-bool Page::keepsWidget(const RenderNode& leaf) const {
-  if (isNearViewport(leaf)) return true;
-  if (!leaf.widget) return false;
-  const RenderNode* row = rowOf(const_cast<RenderNode*>(&leaf));
-  return row ? isPinned(*row) : &leaf == focusedNode();  // in a window without the keyboard, too
+QRect Page::rowFrameOnPage(const page::Node& list, std::size_t index) const {
+  return toQRect(frames().ofRow(list, index));
+}
+
+const ShownLeaf& Page::shown(const page::Node& leaf) const {
+  static const ShownLeaf none;
+  const ShownLeaf* const found = leaves_.find(leaf);
+  return found ? *found : none;
+}
+
+bool Page::keepsWidget(const page::Node& leaf, const page::Frames& frames,
+                       const page::PinnedRows& pinned) const {
+  if (viewport().shows(frames.of(leaf), margins_.keep)) return true;
+  if (!shown(leaf).widget) return false;
+  const page::Node* const row = page::rowOf(&leaf);
+  // The focused element keeps it in a window without the keyboard, too.
+  return row ? page::isPinned(*row, pinned) : &leaf == focusedNode();
 }
 
 void Page::place() {
   std::vector<Placement> placements;
   QRect touched;
   if (tree_.root()) {
-    forEachLeaf(*tree_.root(), [&](RenderNode& leaf) {
-      const bool keeps = keepsWidget(leaf);
-      const QRect before = leaf.widget ? leaf.widget->widget().geometry() : QRect();
+    const page::Frames frames = this->frames();
+    const page::PinnedRows pinned = pinnedRows();
+    forEachLeaf(*tree_.root(), [&](const page::Node& leaf) {
+      const bool keeps = keepsWidget(leaf, frames, pinned);
+      ElementWidget* const widget = shown(leaf).widget;
+      const QRect before = widget ? widget->widget().geometry() : QRect();
       const QRect after = keeps ? widgetFrame(leaf) : QRect();
       if (before != after) touched |= before | after;
       if (keeps) {
         placements.push_back({&leaf, after});
-      } else if (leaf.widget) {
-        pool_.giveBack(*leaf.widget);
-        leaf.widget = nullptr;
+      } else if (widget) {
+        pool_.giveBack(*widget);
+        leaves_.of(leaf).widget = nullptr;
       }
     });
   }
@@ -69,26 +74,29 @@ void Page::place() {
 }
 
 void Page::place(const Placement& placement) {
-  RenderNode& leaf = *placement.leaf;
-  if (!leaf.widget) {
-    leaf.widget = &pool_.take(leaf.element);
-    leaf.stale = true;
+  const page::Node& leaf = *placement.leaf;
+  ShownLeaf& shown = leaves_.of(leaf);
+  if (!shown.widget) {
+    shown.widget = &pool_.take(leaf.element);
+    shown.stale = true;
   }
-  QWidget& widget = leaf.widget->widget();
+  QWidget& widget = shown.widget->widget();
   if (widget.geometry() != placement.frame) {
     widget.setAttribute(Qt::WA_UpdatesDisabled);
     widget.setGeometry(placement.frame);
     widget.setAttribute(Qt::WA_UpdatesDisabled, false);
   }
-  if (leaf.stale) {
-    leaf.widget->show(leaf);
-    leaf.stale = false;
+  if (shown.stale) {
+    shown.widget->show(leaf, shown.shape);
+    shown.stale = false;
   }
   if (widget.isHidden()) widget.show();
 }
 
-QRect Page::widgetFrame(const RenderNode& leaf) const {
-  return frameOnPage(leaf).translated(0, -scroll_).marginsAdded(overhang(leaf));
+QRect Page::widgetFrame(const page::Node& leaf) const {
+  return frameOnPage(leaf)
+      .translated(0, -scroll_)
+      .marginsAdded(overhang(leaf.element, shown(leaf).shape));
 }
 
 }  // namespace vemra::qt

@@ -29,28 +29,38 @@ Option optionFor(const QWidget& page, const QFont& font) {
 
 }  // namespace
 
-QSize StyleMetrics::measure(RenderNode& leaf, int width) const {
-  leaf.stale = true;  // its widget has the old lines
+page::Size StyleMetrics::measure(const page::Node& leaf, int width) {
+  ShownLeaf& shown = leaves_.of(leaf);
+  shown.stale = true;  // its widget has the old lines
+  QSize size;
   switch (leaf.element.kind()) {
     case ui::ElementKind::button:
-      return button(leaf, width);
+      size = button(leaf, shown.shape, width);
+      break;
     case ui::ElementKind::picker:
-      return picker(leaf, width);
+      size = picker(leaf, shown.shape, width);
+      break;
     case ui::ElementKind::textField:
-      return field(leaf, width);
+      size = field(leaf, shown.shape, width);
+      break;
     default:
-      leaf.shape = TextShape(toQString(leaf.element.shownLabel()),
-                             looks_.font(leaf.element.style().font), width);
-      return leaf.shape.size();
+      size = text(leaf, shown.shape, width);
   }
+  return {size.width(), size.height()};
 }
 
-QSize StyleMetrics::button(RenderNode& leaf, int width) const {
+QSize StyleMetrics::text(const page::Node& leaf, TextShape& shape, int width) const {
+  shape = TextShape(toQString(leaf.element.shownLabel()), looks_.font(leaf.element.style().font),
+                    width);
+  return shape.size();
+}
+
+QSize StyleMetrics::button(const page::Node& leaf, TextShape& shape, int width) const {
   const QString title = toQString(leaf.element.shownLabel());
   const QFont font = looks_.font(leaf.element.style().font);
   if (leaf.element.buttonStyle() == ui::ButtonStyle::plain) {
-    leaf.shape = TextShape(title, font, width);
-    return leaf.shape.size().expandedTo(QSize(smallestTarget, smallestTarget));
+    shape = TextShape(title, font, width);
+    return shape.size().expandedTo(QSize(smallestTarget, smallestTarget));
   }
   auto option = optionFor<QStyleOptionButton>(page_, font);
   const auto framed = [&](QSize text) {
@@ -60,15 +70,15 @@ QSize StyleMetrics::button(RenderNode& leaf, int width) const {
   const int frame = framed(QSize(1000, 20)).width() - 1000;
   // Some styles leave hardly any air beside a title.
   const int air = option.fontMetrics.height() / 2;
-  leaf.shape = TextShape(title, font, width - frame - 2 * air);
-  QSize size = framed(leaf.shape.size() + QSize(2 * air, 0));
-  size.setHeight(std::max(size.height(), leaf.shape.size().height() + air));
+  shape = TextShape(title, font, width - frame - 2 * air);
+  QSize size = framed(shape.size() + QSize(2 * air, 0));
+  size.setHeight(std::max(size.height(), shape.size().height() + air));
   size = size.expandedTo(QSize(smallestTarget, smallestTarget));
   size.setWidth(std::min(size.width(), std::max(width, smallestTarget)));
   return size;
 }
 
-QSize StyleMetrics::picker(RenderNode& leaf, int width) const {
+QSize StyleMetrics::picker(const page::Node& leaf, TextShape& shape, int width) {
   const QFont font = looks_.font(leaf.element.style().font);
   auto option = optionFor<QStyleOptionComboBox>(page_, font);
   const std::vector<Choice> choices = choicesOf(leaf);
@@ -80,14 +90,14 @@ QSize StyleMetrics::picker(RenderNode& leaf, int width) const {
   const int frame = framed(QSize(1000, 20)).width() - 1000 + 8;
   const int current = currentChoice(leaf, choices);
   const QString shown = current < 0 ? QString() : choices[static_cast<std::size_t>(current)].label;
-  leaf.shape = TextShape(shown, font, std::max(1, std::min(widest + 4, width - frame)));
-  QSize size = framed(QSize(widest + 8, leaf.shape.size().height()));
-  size.setHeight(std::max(size.height(), leaf.shape.size().height() + 8));
+  shape = TextShape(shown, font, std::max(1, std::min(widest + 4, width - frame)));
+  QSize size = framed(QSize(widest + 8, shape.size().height()));
+  size.setHeight(std::max(size.height(), shape.size().height() + 8));
   size.setWidth(std::min(size.width(), std::max(width, smallestTarget)));
   return size.expandedTo(QSize(smallestTarget, smallestTarget));
 }
 
-int StyleMetrics::widestOf(const std::vector<Choice>& choices, const QFont& font) const {
+int StyleMetrics::widestOf(const std::vector<Choice>& choices, const QFont& font) {
   if (font != choicesFont_ || !std::ranges::equal(choices, choices_, {}, &Choice::label)) {
     const QFontMetrics metrics(font);
     choicesFont_ = font;
@@ -101,14 +111,14 @@ int StyleMetrics::widestOf(const std::vector<Choice>& choices, const QFont& font
   return widestChoice_;
 }
 
-QSize StyleMetrics::field(RenderNode& leaf, int width) const {
+QSize StyleMetrics::field(const page::Node& leaf, TextShape& shape, int width) const {
   const QFont font = looks_.font(leaf.element.style().font);
   const QFontMetrics metrics(font);
   const int wide = std::min(width, metrics.horizontalAdvance(u'm') * widestFieldInEms);
   auto option = optionFor<QStyleOptionFrame>(page_, font);
   option.lineWidth = page_.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, nullptr);
-  leaf.shape = TextShape(toQString(leaf.element.shownLabel()), font, wide - 2 * fieldMargin - 4);
-  const int lines = std::max(metrics.height(), leaf.shape.size().height());
+  shape = TextShape(toQString(leaf.element.shownLabel()), font, wide - 2 * fieldMargin - 4);
+  const int lines = std::max(metrics.height(), shape.size().height());
   // High accents reach past a font's ascent.
   const QSize text(wide, lines + std::max(4, metrics.height() / 4));
   const QSize size = page_.style()->sizeFromContents(QStyle::CT_LineEdit, &option, text, nullptr);

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "VemraQt/Layout.hpp"
+#include "VemraPlatform/page/Layout.hpp"
 #include "VemraQt/Looks.hpp"
+#include "VemraQt/ShownLeaf.hpp"
 
 #include <vector>
 
@@ -22,25 +23,29 @@ inline constexpr int smallestTarget = 24;
 ///
 /// A control is never smaller than `smallestTarget`. A title that is wider
 /// than the page goes on in further lines.
-class StyleMetrics final : public LeafMetrics {
+class StyleMetrics final : public page::LeafMetrics {
  public:
-  StyleMetrics(const QWidget& page, const Looks& looks) : page_(page), looks_(looks) {}
+  /// Keeps the lines of what it measures in `leaves`.
+  StyleMetrics(const QWidget& page, const Looks& looks, ShownLeaves& leaves)
+      : page_(page), looks_(looks), leaves_(leaves) {}
 
-  QSize measure(RenderNode& leaf, int width) const override;
+  page::Size measure(const page::Node& leaf, int width) override;
 
  private:
-  QSize button(RenderNode& leaf, int width) const;
-  QSize picker(RenderNode& leaf, int width) const;
-  QSize field(RenderNode& leaf, int width) const;
+  QSize text(const page::Node& leaf, TextShape& shape, int width) const;
+  QSize button(const page::Node& leaf, TextShape& shape, int width) const;
+  QSize picker(const page::Node& leaf, TextShape& shape, int width);
+  QSize field(const page::Node& leaf, TextShape& shape, int width) const;
 
-  int widestOf(const std::vector<Choice>& choices, const QFont& font) const;
+  int widestOf(const std::vector<Choice>& choices, const QFont& font);
 
   const QWidget& page_;
   const Looks& looks_;
+  ShownLeaves& leaves_;
   /// The pickers of a page mostly have the same choices: those of the last one, and their width.
-  mutable QFont choicesFont_;
-  mutable QStringList choices_;
-  mutable int widestChoice_ = 0;
+  QFont choicesFont_;
+  QStringList choices_;
+  int widestChoice_ = 0;
 };
 
 }  // namespace vemra::qt

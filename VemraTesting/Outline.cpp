@@ -64,13 +64,12 @@ std::string propertyText(const Property& property) {
   return property.name + '=' + std::visit(ValueText{}, property.value);
 }
 
-void write(const RenderedTree& tree, const ViewGraph& graph, NodeID id, std::size_t depth,
+void write(const RenderedTree::Node& node, const ViewGraph& graph, std::size_t depth,
            std::string& out) {
-  const RenderedTree::Node& node = *tree.find(id);
   out += std::string(2 * depth, ' ') + outlineLine(node.element);
-  for (const Property& property : graph.properties(id)) out += ' ' + propertyText(property);
+  for (const Property& property : graph.properties(node.id)) out += ' ' + propertyText(property);
   out += '\n';
-  for (NodeID child : node.children) write(tree, graph, child, depth + 1, out);
+  for (const RenderedTree::Node& child : node.children()) write(child, graph, depth + 1, out);
 }
 
 }  // namespace
@@ -103,7 +102,7 @@ std::string outlineLine(const Element& element) {
 
 std::string outline(const RenderedTree& tree, const ViewGraph& graph) {
   std::string out;
-  if (tree.root()) write(tree, graph, tree.root(), 0, out);
+  if (tree.root()) write(*tree.root(), graph, 0, out);
   return out;
 }
 

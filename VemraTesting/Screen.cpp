@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <numeric>
+#include <ranges>
 #include <utility>
 
 namespace vemra::testing {
@@ -110,13 +111,15 @@ std::optional<ui::Event> Screen::eventOf(const RenderedTree::Node& node, const A
   if (const auto* edit = std::get_if<ui::EditText>(&act)) return *edit;
   if (const auto* submit = std::get_if<ui::Submit>(&act)) return *submit;
   if (node.element.kind() != ui::ElementKind::picker) return std::nullopt;
-  std::vector<ui::NodeID> pending(node.children.rbegin(), node.children.rend());
+  std::vector<const RenderedTree::Node*> pending{&node};
   while (!pending.empty()) {
-    const RenderedTree::Node& row = *tree_.find(pending.back());
+    const RenderedTree::Node& row = *pending.back();
     pending.pop_back();
-    const ui::Tag* const tag = row.element.tag();
+    const ui::Tag* const tag = &row == &node ? nullptr : row.element.tag();
     if (tag && tag->name() == std::get<Choose>(act).tagName) return ui::Select{*tag};
-    pending.insert(pending.end(), row.children.rbegin(), row.children.rend());
+    for (const RenderedTree::Node& child : row.children() | std::views::reverse) {
+      pending.push_back(&child);
+    }
   }
   return std::nullopt;
 }

@@ -130,8 +130,8 @@ void AccessiblePicker::doAction(const QString& name) {
   const ui::NodeID id = picker->id;
   AccessibleTree& itsTree = tree();
   itsTree.focus(row(), id);
-  const RenderNode* leaf = itsTree.page().tree().find(id);
-  auto* box = leaf ? dynamic_cast<ChoiceBox*>(leaf->widget) : nullptr;
+  const page::Node* leaf = itsTree.page().tree().find(id);
+  auto* box = leaf ? dynamic_cast<ChoiceBox*>(itsTree.page().shown(*leaf).widget) : nullptr;
   if (box) box->showPopup();
 }
 
@@ -178,8 +178,8 @@ void AccessibleChoice::doAction(const QString& name) {
 
 QLineEdit* AccessibleField::widget() const {
   const ui::Node* field = node();
-  const RenderNode* leaf = field ? tree().page().tree().find(field->id) : nullptr;
-  return leaf ? dynamic_cast<LineField*>(leaf->widget) : nullptr;
+  const page::Node* leaf = field ? tree().page().tree().find(field->id) : nullptr;
+  return leaf ? dynamic_cast<LineField*>(tree().page().shown(*leaf).widget) : nullptr;
 }
 
 QString AccessibleField::wholeText() const {

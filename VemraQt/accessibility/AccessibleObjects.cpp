@@ -126,7 +126,7 @@ QAccessible::State AccessibleElement::state() const {
   tree().noteShowing(*const_cast<AccessibleElement*>(this), !state.offscreen);
   if (element->element.kind() != ui::ElementKind::text && !state.disabled) {
     state.focusable = true;
-    const RenderNode* focused = tree().page().focusedNode();
+    const page::Node* focused = tree().page().focusedNode();
     state.focused = focused && focused->id == element->id && tree().area().isActiveWindow();
   }
   return state;

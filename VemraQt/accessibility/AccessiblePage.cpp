@@ -28,16 +28,16 @@ class AccessiblePage final : public QAccessibleWidget {
     return tree().indexOf(child);
   }
   QAccessibleInterface* focusChild() const override {
-    const RenderNode* focused = view().page().focusedNode();
+    const page::Node* focused = view().page().focusedNode();
     return focused ? tree().objectOf(*focused) : nullptr;
   }
   QAccessibleInterface* childAt(int x, int y) const override {
     // Only what is near the viewport can be under a point.
     QAccessibleInterface* found = nullptr;
-    RenderNode* root = view().page().tree().root();
+    const page::Node* root = view().page().tree().root();
     if (!root || !rect().contains(x, y)) return nullptr;
-    forEachLeaf(*root, [&](RenderNode& leaf) {
-      if (found || !leaf.widget) return;
+    forEachLeaf(*root, [&](const page::Node& leaf) {
+      if (found || !view().page().shown(leaf).widget) return;
       AccessibleElement* object = tree().objectOf(leaf);
       if (!object || !object->rect().contains(x, y)) return;
       found = object->row() ? static_cast<QAccessibleInterface*>(object->row()) : object;
@@ -138,7 +138,7 @@ void handle(QAccessibleEvent* event) {
     tree.focusMoved(shown->node());
     return;
   }
-  const RenderNode* leaf = view->page().tree().find(shown->node());
+  const page::Node* leaf = view->page().tree().find(shown->node());
   if (!leaf || leaf->element.kind() != ui::ElementKind::textField) return;
   if (AccessibleElement* element = tree.objectOf(*leaf)) passOnText(*event, *element);
 }

@@ -66,7 +66,7 @@ int AccessibleTree::indexOf(const QAccessibleInterface* object) {
   return -1;
 }
 
-AccessibleElement* AccessibleTree::objectOf(const RenderNode& leaf) {
+AccessibleElement* AccessibleTree::objectOf(const page::Node& leaf) {
   const ui::Node* rowNode = rowHolding(leaf.id);
   AccessibleRow* row = rowNode ? rowAt(rowNode->parent->id, rowNode->rowIndex) : nullptr;
   if (rowNode && !row) return nullptr;

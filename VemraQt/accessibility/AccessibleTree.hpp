@@ -21,13 +21,16 @@
 
 class QAbstractScrollArea;
 
+namespace vemra::page {
+struct Node;
+}  // namespace vemra::page
+
 namespace vemra::qt {
 
 class AccessibleElement;
 class AccessibleObject;
 class AccessibleRow;
 class Page;
-struct RenderNode;
 
 /// The whole page as one tree of accessible objects: every text and control of every row, whether
 /// or not it has a widget just now.
@@ -55,7 +58,7 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   /// @}
 
   /// The object of an element that is shown; nullptr when it is no accessible element.
-  AccessibleElement* objectOf(const RenderNode& leaf);
+  AccessibleElement* objectOf(const page::Node& leaf);
 
   QString identifier(QAccessible::Id element) const override;
   QList<QAccessible::Id> find(const QString& identifier, int most) const override;
@@ -65,8 +68,8 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   /// Whether anybody may be there to be told: a client on the bus, or one who has asked before.
   bool isWatched() const { return hasBeenAsked() || QAccessible::isActive(); }
   /// A child of the node came, went or moved.
-  void childrenChanged(const RenderNode& parent);
-  void elementUpdated(const RenderNode& node);
+  void childrenChanged(const page::Node& parent);
+  void elementUpdated(const page::Node& node);
   void announce();
   /// Rows without nodes may be others now; told later.
   void rowsReplaced();

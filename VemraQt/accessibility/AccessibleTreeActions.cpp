@@ -26,13 +26,14 @@ QRect onScreen(const QAbstractScrollArea& area, const QRect& onPage, int scroll)
 
 QRect AccessibleTree::rectOf(AccessibleRow& row) {
   refreshList(row.list);
-  const RenderNode* list = page_.tree().find(row.list);
+  const page::Node* list = page_.tree().find(row.list);
   if (!list) return QRect();
   if (!list->rows) {  // a list that is never windowed has no frames for its rows
     const ui::Node* node = nodeOf(row);
-    RenderNode* shown = node ? page_.tree().find(node->id) : nullptr;
+    const page::Node* shown = node ? page_.tree().find(node->id) : nullptr;
     QRect whole;
-    if (shown) forEachLeaf(*shown, [&](RenderNode& leaf) { whole |= page_.frameOnPage(leaf); });
+    if (shown)
+      forEachLeaf(*shown, [&](const page::Node& leaf) { whole |= page_.frameOnPage(leaf); });
     return onScreen(area_, whole, page_.scrollPosition());
   }
   if (row.index >= list->rows->count()) return QRect();
@@ -40,7 +41,7 @@ QRect AccessibleTree::rectOf(AccessibleRow& row) {
 }
 
 QRect AccessibleTree::rectOf(AccessibleRow* row, NodeID node) {
-  const RenderNode* leaf = page_.tree().find(node);
+  const page::Node* leaf = page_.tree().find(node);
   if (leaf && leaf->measuredWidth >= 0) {
     return onScreen(area_, page_.frameOnPage(*leaf), page_.scrollPosition());
   }
@@ -70,7 +71,7 @@ void AccessibleTree::focus(AccessibleRow* row, NodeID node) {
 
 void AccessibleTree::scrollIn(AccessibleRow* row, NodeID node) {
   if (row && !page_.tree().find(node)) page_.bringRow(row->list, row->index);
-  if (const RenderNode* leaf = page_.tree().find(node)) page_.reveal(*leaf);
+  if (const page::Node* leaf = page_.tree().find(node)) page_.reveal(*leaf);
 }
 
 /// Where the pressed element is drawn, the page itself hands the focus on to what takes its place.

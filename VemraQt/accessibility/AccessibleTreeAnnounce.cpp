@@ -19,12 +19,12 @@ constexpr std::size_t mostComparedATurn = 32;
 
 }  // namespace
 
-void AccessibleTree::childrenChanged(const RenderNode& parent) {
+void AccessibleTree::childrenChanged(const page::Node& parent) {
   if (!isWatched()) return;
   if (const ui::Node* row = rowHolding(parent.id)) changedRows_.push_back(row->id);
 }
 
-void AccessibleTree::elementUpdated(const RenderNode& node) {
+void AccessibleTree::elementUpdated(const page::Node& node) {
   if (node.isLeaf() && isWatched()) updated_.push_back(node.id);
 }
 
@@ -125,10 +125,10 @@ std::vector<AccessibleObject*> AccessibleTree::knownInViewport() {
   addKnown(slots_);
   std::vector<AccessibleRow*> rows;
   for (auto& [node, list] : lists_) {
-    const RenderNode* shown = page_.tree().find(node);
+    const page::Node* shown = page_.tree().find(node);
     if (!shown) continue;
-    for (const RenderNode* rendered : shown->children) {
-      const auto row = list.rows.find(rendered->rowIndex);
+    for (const page::Node& rendered : shown->children()) {
+      const auto row = list.rows.find(rendered.rowIndex);
       if (row != list.rows.end()) rows.push_back(row->second);
     }
   }
@@ -211,7 +211,7 @@ AccessibleElement* AccessibleTree::knownObject(NodeID node, ElementSlot** its) {
 }
 
 void AccessibleTree::focusMoved(NodeID node) {
-  const RenderNode* leaf = page_.tree().find(node);
+  const page::Node* leaf = page_.tree().find(node);
   AccessibleElement* object = leaf ? objectOf(*leaf) : nullptr;
   if (!object) return;
   QAccessibleEvent event(object, QAccessible::Focus);

@@ -16,12 +16,12 @@ namespace vemra::qt {
 
 namespace {
 
-void collect(const RenderNode& node, std::vector<Choice>& choices) {
+void collect(const page::Node& node, std::vector<Choice>& choices) {
   if (const ui::Tag* tag = node.element.tag()) {
     choices.push_back({toQString(node.element.shownLabel()), *tag});
     return;
   }
-  for (const RenderNode* child : node.children) collect(*child, choices);
+  for (const page::Node& child : node.children()) collect(child, choices);
 }
 
 bool sameLabels(const QComboBox& box, const std::vector<Choice>& choices) {
@@ -58,13 +58,13 @@ class LargeChoices final : public QProxyStyle {
 
 }  // namespace
 
-std::vector<Choice> choicesOf(const RenderNode& picker) {
+std::vector<Choice> choicesOf(const page::Node& picker) {
   std::vector<Choice> choices;
-  for (const RenderNode* child : picker.children) collect(*child, choices);
+  for (const page::Node& child : picker.children()) collect(child, choices);
   return choices;
 }
 
-int currentChoice(const RenderNode& picker, const std::vector<Choice>& choices) {
+int currentChoice(const page::Node& picker, const std::vector<Choice>& choices) {
   const auto& selection = picker.element.selection();
   if (!selection) return -1;
   auto found = std::ranges::find(choices, *selection, &Choice::tag);
@@ -77,7 +77,7 @@ ChoiceBox::ChoiceBox(QWidget* parent, const PageContext& page)
   connect(this, &QComboBox::activated, this, [this](int index) { choose(index); });
 }
 
-void ChoiceBox::take(const RenderNode& leaf) {
+void ChoiceBox::take(const page::Node& leaf, const TextShape& shape) {
   choices_ = choicesOf(leaf);
   if (!sameLabels(*this, choices_)) {
     clear();
@@ -85,7 +85,7 @@ void ChoiceBox::take(const RenderNode& leaf) {
   }
   const int index = currentChoice(leaf, choices_);
   if (currentIndex() != index) setCurrentIndex(index);
-  shape_ = leaf.shape;
+  shape_ = shape;
   update();
 }
 

@@ -19,9 +19,9 @@ struct Choice {
 };
 
 /// The tagged rows of a picker, in tree order.
-std::vector<Choice> choicesOf(const RenderNode& picker);
+std::vector<Choice> choicesOf(const page::Node& picker);
 /// The place of the picker's selection among them; -1 when it is none of them.
-int currentChoice(const RenderNode& picker, const std::vector<Choice>& choices);
+int currentChoice(const page::Node& picker, const std::vector<Choice>& choices);
 
 /// A Picker: a button that shows the choice and opens a menu.
 ///
@@ -39,7 +39,7 @@ class ChoiceBox final : public QComboBox, public ElementWidget {
   void hidePopup() override;
 
  protected:
-  void take(const RenderNode& leaf) override;
+  void take(const page::Node& leaf, const TextShape& shape) override;
   void letGo() override { hidePopup(); }
   void paintEvent(QPaintEvent*) override;
   void wheelEvent(QWheelEvent* event) override;

@@ -6,7 +6,7 @@
 
 namespace vemra::qt {
 
-void ElementWidget::show(const RenderNode& leaf) {
+void ElementWidget::show(const page::Node& leaf, const TextShape& shape) {
   node_ = leaf.id;
   const QScopedValueRollback<bool> taking(taking_, true);
   const QString identifier = toQString(leaf.element.accessibilityIdentifier());
@@ -14,7 +14,7 @@ void ElementWidget::show(const RenderNode& leaf) {
   if (widget().isEnabledTo(widget().parentWidget()) != leaf.element.style().enabled) {
     widget().setEnabled(leaf.element.style().enabled);
   }
-  take(leaf);
+  take(leaf, shape);
 }
 
 void ElementWidget::rest() {
@@ -24,9 +24,8 @@ void ElementWidget::rest() {
   widget().setAttribute(Qt::WA_UnderMouse, false);
 }
 
-QMargins overhang(const RenderNode& leaf) {
-  const ui::Element& element = leaf.element;
-  const int accents = leaf.shape.lineHeight() / 7;
+QMargins overhang(const ui::Element& element, const TextShape& shape) {
+  const int accents = shape.lineHeight() / 7;
   if (element.kind() == ui::ElementKind::text) return {0, accents, 0, accents};
   const bool plain =
       element.kind() == ui::ElementKind::button && element.buttonStyle() == ui::ButtonStyle::plain;

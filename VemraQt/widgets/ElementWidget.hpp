@@ -1,8 +1,9 @@
 #pragma once
 
+#include "VemraPlatform/page/Node.hpp"
 #include "VemraPlatform/ui/Event.hpp"
 #include "VemraQt/Looks.hpp"
-#include "VemraQt/RenderTree.hpp"
+#include "VemraQt/TextShape.hpp"
 
 #include <QStyleOption>
 #include <QWidget>
@@ -35,14 +36,14 @@ class ElementWidget {
   ui::NodeID node() const { return node_; }
   /// It is changing what it shows: what Qt says of that is nothing a person did.
   bool isTaking() const { return taking_; }
-  /// Shows a measured leaf of its own kind.
-  void show(const RenderNode& leaf);
+  /// Shows a leaf of its own kind; `shape` is its text in the lines that were measured.
+  void show(const page::Node& leaf, const TextShape& shape);
   /// Ends what a person was doing with it: it shows nothing for now, or another element next.
   void rest();
 
  protected:
   /// Takes up everything that can be seen of the element. Must not deliver an event.
-  virtual void take(const RenderNode& leaf) = 0;
+  virtual void take(const page::Node& leaf, const TextShape& shape) = 0;
   virtual void letGo() {}
 
   const Looks& looks() const { return page_.looks; }
@@ -56,7 +57,7 @@ class ElementWidget {
 
 /// How far a widget's rectangle reaches past its element's frame: for high accents, which reach past
 /// the line that they stand in, and for its focus ring.
-QMargins overhang(const RenderNode& leaf);
+QMargins overhang(const ui::Element& element, const TextShape& shape);
 
 /// Makes the style frame the control in the page's own outline.
 void frameIn(const Looks& looks, QStyleOption& option);

@@ -64,7 +64,7 @@ LineField::LineField(QWidget* parent, const PageContext& page)
   });
 }
 
-void LineField::take(const RenderNode& leaf) {
+void LineField::take(const page::Node& leaf, const TextShape& shape) {
   const QString wanted = toQString(leaf.element.text());
   if (text() != wanted) {
     const int cursor = cursorPosition();
@@ -73,7 +73,7 @@ void LineField::take(const RenderNode& leaf) {
   }
   const QString title = toQString(leaf.element.shownLabel());
   if (accessibleName() != title) setAccessibleName(title);
-  prompt_ = leaf.shape;
+  prompt_ = shape;
   update();
 }
 

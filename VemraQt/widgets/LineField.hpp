@@ -19,7 +19,7 @@ class LineField final : public QLineEdit, public ElementWidget {
   QWidget& widget() override { return *this; }
 
  protected:
-  void take(const RenderNode& leaf) override;
+  void take(const page::Node& leaf, const TextShape& shape) override;
   void letGo() override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;

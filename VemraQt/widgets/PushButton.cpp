@@ -17,11 +17,11 @@ PushButton::PushButton(QWidget* parent, const PageContext& page, ui::ButtonStyle
   });
 }
 
-void PushButton::take(const RenderNode& leaf) {
+void PushButton::take(const page::Node& leaf, const TextShape& shape) {
   QString title = toQString(leaf.element.shownLabel());
   title.replace(u'&', QLatin1String("&&"));
   if (text() != title) setText(title);
-  shape_ = leaf.shape;
+  shape_ = shape;
   update();
 }
 

@@ -16,7 +16,7 @@ class PushButton final : public QPushButton, public ElementWidget {
   QWidget& widget() override { return *this; }
 
  protected:
-  void take(const RenderNode& leaf) override;
+  void take(const page::Node& leaf, const TextShape& shape) override;
   void letGo() override;
   void paintEvent(QPaintEvent*) override;
   void keyPressEvent(QKeyEvent* event) override;

@@ -10,11 +10,11 @@ TextLabel::TextLabel(QWidget* parent, const PageContext& page)
   setFocusPolicy(Qt::NoFocus);
 }
 
-void TextLabel::take(const RenderNode& leaf) {
+void TextLabel::take(const page::Node& leaf, const TextShape& shape) {
   const QString shown = toQString(leaf.element.shownLabel());
   if (text() != shown) setText(shown);
-  shape_ = leaf.shape;
-  margins_ = overhang(leaf);
+  shape_ = shape;
+  margins_ = overhang(leaf.element, shape);
   foreground_ = leaf.element.style().foreground;
   update();
 }

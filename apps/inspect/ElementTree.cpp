@@ -94,18 +94,16 @@ bool holdsOthers(ElementKind kind) {
 
 class TreeWriter {
  public:
-  TreeWriter(JsonWriter& out, const testing::Screen& screen)
-      : out_(out), tree_(screen.tree()), graph_(screen.graph()) {}
+  TreeWriter(JsonWriter& out, const testing::Screen& screen) : out_(out), graph_(screen.graph()) {}
 
-  /// Writes the element at `id`; `row` is the id of the row whose root it is.
-  void write(ui::NodeID id, const std::string* row) {
-    const RenderedTree::Node& node = *tree_.find(id);
-    const ui::Node* place = graph_.find(id);
+  /// Writes the element; `row` is the id of the row whose root it is.
+  void write(const RenderedTree::Node& node, const std::string* row) {
+    const ui::Node* place = graph_.find(node.id);
     if (place != nullptr && place->isRow) row = &place->rowID;
     const ElementKind kind = node.element.kind();
-    const ui::Properties properties = graph_.properties(id);
+    const ui::Properties properties = graph_.properties(node.id);
     if (kind == ElementKind::composite && properties.empty()) {
-      for (ui::NodeID child : node.children) write(child, row);
+      for (const RenderedTree::Node& child : node.children()) write(child, row);
       return;
     }
     out_.beginObject(Layout::inLine);
@@ -119,7 +117,7 @@ class TreeWriter {
     if (holdsOthers(kind)) {
       out_.key("children");
       out_.beginArray(Layout::lines);
-      for (ui::NodeID child : node.children) write(child, nullptr);
+      for (const RenderedTree::Node& child : node.children()) write(child, nullptr);
       out_.endArray();
     }
     out_.endObject();
@@ -127,19 +125,18 @@ class TreeWriter {
 
  private:
   JsonWriter& out_;
-  const RenderedTree& tree_;
   const ui::ViewGraph& graph_;
 };
 
 }  // namespace
 
 void writeElementTree(JsonWriter& out, const testing::Screen& screen) {
-  const ui::NodeID root = screen.tree().root();
+  const RenderedTree::Node* const root = screen.tree().root();
   if (!root) {
     out.null();
     return;
   }
-  TreeWriter(out, screen).write(root, nullptr);
+  TreeWriter(out, screen).write(*root, nullptr);
 }
 
 }  // namespace vemra::inspect

@@ -27,7 +27,7 @@ ui::Environment environment(std::string locale, std::string timeZone) {
 }
 
 Lines footer(const Screen& screen) {
-  return shape(screen, *nodesOf(screen, ui::ElementKind::group).back());
+  return shape(*nodesOf(screen, ui::ElementKind::group).back());
 }
 
 class CoverageFooter : public ::testing::Test {
@@ -53,8 +53,8 @@ class CoverageFooter : public ::testing::Test {
 TEST_F(CoverageFooter, isTheLastElementOfTheColumn) {
   const Screen screen(viewOf(ordinaryResult(), calls_));
   const auto& column = around(screen, testing::byText("Find a design lead"));
-  ASSERT_EQ(column.children.size(), 4u) << screen.outline();
-  EXPECT_EQ(column.children.back(), nodesOf(screen, ui::ElementKind::group).back()->id);
+  ASSERT_EQ(column.childCount, 4u) << screen.outline();
+  EXPECT_EQ(column.lastChild, nodesOf(screen, ui::ElementKind::group).back());
 }
 
 TEST_F(CoverageFooter, holdsTheSentenceInAGroupThatIsSmallAndSecondary) {
@@ -66,7 +66,7 @@ TEST_F(CoverageFooter, holdsTheSentenceInAGroupThatIsSmallAndSecondary) {
 TEST_F(CoverageFooter, givesItsFontAndStyleToTheText) {
   const Screen screen(viewOf(ordinaryResult(), calls_));
   const auto& group = *nodesOf(screen, ui::ElementKind::group).back();
-  const ui::Style& style = screen.tree().find(group.children.front())->element.style();
+  const ui::Style& style = group.firstChild->element.style();
   EXPECT_EQ(style.font, ui::Font::caption);
   EXPECT_EQ(style.foreground, ui::ForegroundStyle::secondary);
 }

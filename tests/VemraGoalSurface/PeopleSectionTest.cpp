@@ -80,8 +80,8 @@ TEST_F(PeopleSection, showsEveryoneInTheEnginesOrder) {
 TEST_F(PeopleSection, identifiesRowsByTheReferenceByteForByte) {
   const Screen screen = screenOf({person("a.b c"), person(decomposed), person("")});
   Lines ids;
-  for (ui::NodeID row : nodesOf(screen, ui::ElementKind::forEach).at(0)->children) {
-    ids.push_back(screen.graph().find(row)->rowID);
+  for (const auto& row : nodesOf(screen, ui::ElementKind::forEach).at(0)->children()) {
+    ids.push_back(screen.graph().find(row.id)->rowID);
   }
   EXPECT_THAT(ids, ElementsAre("a.b c", decomposed, ""));
 }
@@ -92,7 +92,7 @@ class PersonRow : public PeopleSection {
   Lines rowOf(GoalPersonCandidateDTO person) {
     const Screen screen = screenOf({std::move(person)});
     const auto& forEach = *nodesOf(screen, ui::ElementKind::forEach).at(0);
-    return shape(screen, *screen.tree().find(forEach.children.at(0)));
+    return shape(*forEach.firstChild);
   }
 };
 
@@ -126,7 +126,7 @@ TEST_F(PersonRow, showsTheSourceButtonForAnEmptyEvidenceID) {
 
 TEST_F(PersonRow, callsAPersonWithoutANameUnnamedPerson) {
   Screen screen = screenOf({person("p1")});
-  EXPECT_EQ(around(screen, button("Unnamed person")).children.size(), 3u);
+  EXPECT_EQ(around(screen, button("Unnamed person")).childCount, 3u);
   screen.press(button("Unnamed person"));
   EXPECT_THAT(calls_.log, ElementsAre("open \"p1\""));
 }

@@ -96,18 +96,17 @@ class Story {
       screen_.press("vemra.goal.path.see-in-starfold");
       return;
     }
-    const ui::NodeID row = controls(screen_).at(index)->parent;
-    const std::vector<ui::NodeID>& elements = screen_.tree().find(row)->children;
+    const auto elements = controls(screen_).at(index)->parent->children();
     const auto& evidenceID = model_.world().people.at(index).evidenceID;
     if (evidenceID && dice_.oneIn(2)) {
       tell("evidence");
       expected_.push_back("evidence " + inQuotes(evidenceID));
-      screen_.graph().deliver(elements.at(2), ui::Press{});
+      screen_.graph().deliver(std::next(elements.begin(), 2)->id, ui::Press{});
       return;
     }
     tell("open");
     expected_.push_back("open " + inQuotes(bytes(*subject.reference)));
-    screen_.graph().deliver(elements.front(), ui::Press{});
+    screen_.graph().deliver(elements.front().id, ui::Press{});
   }
 
   void edit(std::size_t index, const model::Subject& subject) {
@@ -165,16 +164,16 @@ class Story {
   /// Acts on the element of that identifier inside the control at `index`.
   void act(std::size_t index, const std::string& identifier, ui::Event event,
            ui::Delivery wanted = ui::Delivery::acted) {
-    std::vector<ui::NodeID> pending{controls(screen_).at(index)->id};
+    std::vector<const testing::RenderedTree::Node*> pending{controls(screen_).at(index)};
     while (!pending.empty()) {
-      const auto& node = *screen_.tree().find(pending.back());
+      const auto& node = *pending.back();
       pending.pop_back();
       if (node.element.accessibilityIdentifier() == identifier) {
         const ui::Delivery delivery = screen_.graph().deliver(node.id, std::move(event));
         if (delivery != wanted) problem_ = "another delivery at " + identifier;
         return;
       }
-      pending.insert(pending.end(), node.children.begin(), node.children.end());
+      for (const auto& child : node.children()) pending.push_back(&child);
     }
     problem_ = "no " + identifier;
   }

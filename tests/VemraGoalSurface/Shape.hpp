@@ -13,39 +13,33 @@ namespace vemra::screentest {
 
 using Lines = std::vector<std::string>;
 
-inline void collectShape(const testing::RenderedTree& tree, const testing::RenderedTree::Node& node,
-                         std::size_t depth, Lines& lines) {
+inline void collectShape(const testing::RenderedTree::Node& node, std::size_t depth, Lines& lines) {
   lines.push_back(std::string(2 * depth, ' ') + testing::outlineLine(node.element));
-  for (ui::NodeID child : node.children) collectShape(tree, *tree.find(child), depth + 1, lines);
+  for (const auto& child : node.children()) collectShape(child, depth + 1, lines);
 }
 
-inline Lines shape(const testing::Screen& screen, const testing::RenderedTree::Node& node) {
+inline Lines shape(const testing::RenderedTree::Node& node) {
   Lines lines;
-  collectShape(screen.tree(), node, 0, lines);
+  collectShape(node, 0, lines);
   return lines;
 }
 
 inline Lines shape(const testing::Screen& screen) {
-  return shape(screen, *screen.tree().find(screen.tree().root()));
-}
-
-inline const testing::RenderedTree::Node& parentOf(const testing::Screen& screen,
-                                                   const testing::RenderedTree::Node& node) {
-  return *screen.tree().find(node.parent);
+  return shape(*screen.tree().root());
 }
 
 /// The section under a heading, or the row that holds a button of that title.
 inline const testing::RenderedTree::Node& around(const testing::Screen& screen,
                                                  const testing::Query& query) {
-  return parentOf(screen, screen.get(query));
+  return *screen.get(query).parent;
 }
 
 inline Lines peopleSection(const testing::Screen& screen) {
-  return shape(screen, around(screen, testing::byText("People worth considering")));
+  return shape(around(screen, testing::byText("People worth considering")));
 }
 
 inline Lines pathSection(const testing::Screen& screen) {
-  return shape(screen, around(screen, testing::byText("Supported path")));
+  return shape(around(screen, testing::byText("Supported path")));
 }
 
 /// All nodes of a kind, in tree order.
@@ -71,7 +65,7 @@ inline std::vector<const testing::RenderedTree::Node*> controls(const testing::S
 inline Lines face(const testing::Screen& screen, std::size_t index = 0) {
   const auto all = controls(screen);
   if (index >= all.size()) throw std::out_of_range("no such control\n" + screen.outline());
-  return shape(screen, *screen.tree().find(all[index]->children.front()));
+  return shape(*all[index]->firstChild);
 }
 
 }  // namespace vemra::screentest

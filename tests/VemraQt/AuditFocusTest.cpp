@@ -26,7 +26,7 @@ std::vector<Stop> tabStops(WindowHost& host) {
   for (int i = 0; i < 200; ++i) {
     QWidget* from = host.widget.focusWidget();
     QTest::keyClick(from ? from : &host.widget, Qt::Key_Tab);
-    const qt::RenderNode* focused = host.widget.page().focusedNode();
+    const page::Node* focused = host.widget.page().focusedNode();
     if (!focused) break;
     const QRect place = host.widget.page().frameOnPage(*focused);
     if (!stops.empty() && place == stops.front().place) break;

@@ -43,7 +43,7 @@ void disableSave(WindowHost& host) {
 }
 
 /// The kinds of things that are written on a page, for telling that all have been looked at.
-std::string kindOf(const qt::RenderNode& leaf) {
+std::string kindOf(const page::Node& leaf) {
   switch (leaf.element.kind()) {
     case ElementKind::button:
       if (leaf.element.buttonStyle() == ui::ButtonStyle::plain) return "link";
@@ -65,25 +65,25 @@ std::string kindOf(const qt::RenderNode& leaf) {
   return "";
 }
 
-bool isFramed(const qt::RenderNode& leaf) {
+bool isFramed(const page::Node& leaf) {
   const std::string kind = kindOf(leaf);
   return kind != "link" && leaf.element.kind() != ElementKind::text;
 }
 
 /// Where the text of an element may stand in its picture, the control's frame left out.
-QRect insideOf(const qt::RenderNode& leaf, const QImage& picture) {
+QRect insideOf(const page::Node& leaf, const QImage& picture) {
   return isFramed(leaf) ? picture.rect().adjusted(3, 3, -3, -3) : picture.rect();
 }
 
 /// The pixels of an element's lines where there is room on all sides.
-int pixelsOf(const qt::RenderNode& leaf, Qt::LayoutDirection direction) {
-  QImage canvas(leaf.shape.size() + QSize(200, 200), QImage::Format_RGB32);
+int pixelsOf(const page::Node& leaf, const qt::TextShape& shape, Qt::LayoutDirection direction) {
+  QImage canvas(shape.size() + QSize(200, 200), QImage::Format_RGB32);
   canvas.fill(Qt::white);
   QPainter painter(&canvas);
   painter.setPen(Qt::black);
   const bool isCentred = kindOf(leaf).ends_with("button");
-  leaf.shape.draw(painter, QRect(QPoint(100, 100), leaf.shape.size()), direction,
-                  isCentred ? Qt::AlignHCenter : Qt::AlignLeading);
+  shape.draw(painter, QRect(QPoint(100, 100), shape.size()), direction,
+             isCentred ? Qt::AlignHCenter : Qt::AlignLeading);
   painter.end();
   return writingIn(canvas, canvas.rect()).pixels;
 }
@@ -117,7 +117,7 @@ void forEachWritten(WindowHost& host, Visit visit) {
   unroll(host);
   withoutFocus(host);
   const QImage page = pictureOf(host);
-  forEachPlaced(host, [&](qt::RenderNode& leaf) {
+  forEachPlaced(host, [&](const page::Node& leaf) {
     if (called(leaf).empty()) return;
     visit(leaf, page.copy(host.widget.page().frameOnPage(leaf)));
   });
@@ -126,7 +126,7 @@ void forEachWritten(WindowHost& host, Visit visit) {
 /// The same for the elements that can be used.
 template <class Visit>
 void forEachUsable(WindowHost& host, Visit visit) {
-  forEachWritten(host, [&](const qt::RenderNode& leaf, const QImage& picture) {
+  forEachWritten(host, [&](const page::Node& leaf, const QImage& picture) {
     if (leaf.element.style().enabled) visit(leaf, picture);
   });
 }
@@ -144,7 +144,7 @@ TEST_F(AuditPixels, EveryTextStandsOutFromWhatIsBehindItInEveryColour) {
     dress(host, each);
     makeItHard(host);
     std::map<std::string, int> audited;
-    forEachUsable(host, [&](const qt::RenderNode& leaf, const QImage& picture) {
+    forEachUsable(host, [&](const page::Node& leaf, const QImage& picture) {
       const Writing writing = writingIn(picture, insideOf(leaf, picture));
       ++audited[kindOf(leaf)];
       EXPECT_GE(writing.pixels, 10) << each.name << ": " << called(leaf);
@@ -165,7 +165,7 @@ TEST_F(AuditPixels, TheFrameOfEveryControlThatHasOneStandsOutFromThePage) {
     makeItHard(host);
     const QColor page = pictureOf(host).pixelColor(3, 3);
     std::set<std::string> audited;
-    forEachUsable(host, [&](const qt::RenderNode& leaf, const QImage& picture) {
+    forEachUsable(host, [&](const page::Node& leaf, const QImage& picture) {
       if (!isFramed(leaf) || !audited.insert(kindOf(leaf)).second) return;
       // From the middle of each side, the strongest pixel of the outermost three.
       const int x = picture.width() / 2, y = picture.height() / 2;
@@ -194,14 +194,15 @@ TEST_F(AuditPixels, NoTextLosesAPixelInAnyLook) {
     disableSave(host);
     const Qt::LayoutDirection direction = host.widget.layoutDirection();
     std::map<std::string, int> audited;
-    forEachWritten(host, [&](const qt::RenderNode& leaf, const QImage&) {
+    forEachWritten(host, [&](const page::Node& leaf, const QImage&) {
       const std::string kind = kindOf(leaf);
       if (kind == "note") return;
       // Alone: high accents reach past its frame, but so may those of the next line into it.
-      const QImage alone = leaf.widget->widget().grab().toImage();
+      const qt::ShownLeaf& shown = host.widget.page().shown(leaf);
+      const QImage alone = shown.widget->widget().grab().toImage();
       const Writing writing = writingIn(alone, insideOf(leaf, alone));
       ++audited[kind];
-      EXPECT_EQ(writing.pixels, pixelsOf(leaf, direction))
+      EXPECT_EQ(writing.pixels, pixelsOf(leaf, shown.shape, direction))
           << look.name << ": " << kind << " " << called(leaf);
     });
     for (const char* kind : {"text", "secondary text", "tertiary text", "link", "button",
@@ -263,10 +264,11 @@ TEST_F(AuditPixels, TheFocusCanBeSeenOnEveryKindOfControlInEveryColour) {
     makeItHard(host);
     unroll(host);
     std::set<std::string> audited;
-    qt::forEachLeaf(*host.widget.page().tree().root(), [&](qt::RenderNode& leaf) {
-      if (!leaf.widget || leaf.element.kind() == ElementKind::text) return;
+    page::forEachLeaf(*host.widget.page().tree().root(), [&](const page::Node& leaf) {
+      const qt::ShownLeaf& shown = host.widget.page().shown(leaf);
+      if (!shown.widget || leaf.element.kind() == ElementKind::text) return;
       if (!leaf.element.style().enabled) return;
-      QWidget& control = leaf.widget->widget();
+      QWidget& control = shown.widget->widget();
       withoutFocus(host);
       const QImage without = pictureOf(host, control);
       control.setFocus();

@@ -136,10 +136,11 @@ TEST(Audit, TargetsAreLargeEnoughToHitInEveryLook) {
   AsBefore asBefore;
   std::map<std::string, int> audited;
   const auto audit = [&](const WindowHost& host, const std::string& look) {
-    forEachPlaced(host, [&](qt::RenderNode& leaf) {
+    forEachPlaced(host, [&](const page::Node& leaf) {
       if (leaf.element.kind() == ui::ElementKind::text) return;
       ++audited[look];
-      for (const QSize& size : {leaf.frame.size(), leaf.widget->widget().size()}) {
+      for (const QSize& size : {host.widget.page().frameOnPage(leaf).size(),
+                                host.widget.page().shown(leaf).widget->widget().size()}) {
         EXPECT_GE(size.width(), 24) << look << ": " << called(leaf);
         EXPECT_GE(size.height(), 24) << look << ": " << called(leaf);
       }
@@ -186,16 +187,17 @@ TEST(Audit, NothingIsOutsideThePageOrCoveredInAnyLook) {
     dress(host, look);
     makeItHard(host);
     const int width = host.widget.viewport()->width();
-    forEachPlaced(host, [&](qt::RenderNode& leaf) {
-      const QWidget& widget = leaf.widget->widget();
+    forEachPlaced(host, [&](const page::Node& leaf) {
+      const qt::ShownLeaf& shown = host.widget.page().shown(leaf);
+      const QWidget& widget = shown.widget->widget();
       const std::string what = look.name + ": " + called(leaf);
       const QRect frame = host.widget.page().frameOnPage(leaf);
       EXPECT_GE(frame.left(), 24) << what;
       EXPECT_LE(frame.right() + 1, width - 24) << what;
-      EXPECT_LE(leaf.shape.size().width(), widget.width()) << what;
-      EXPECT_LE(leaf.shape.size().height(), widget.height()) << what;
-      qt::forEachLeaf(*host.widget.page().tree().root(), [&](qt::RenderNode& other) {
-        if (&other == &leaf || !other.widget) return;
+      EXPECT_LE(shown.shape.size().width(), widget.width()) << what;
+      EXPECT_LE(shown.shape.size().height(), widget.height()) << what;
+      page::forEachLeaf(*host.widget.page().tree().root(), [&](const page::Node& other) {
+        if (&other == &leaf || !host.widget.page().shown(other).widget) return;
         EXPECT_FALSE(frame.intersects(host.widget.page().frameOnPage(other)))
             << what << " and " << called(other);
       });
@@ -214,11 +216,11 @@ TEST(Audit, RightToLeftIsTheMirrorImage) {
   makeItHard(right);
   std::vector<QRect> frames, mirrored;
   const int width = left.widget.viewport()->width();
-  qt::forEachLeaf(*left.widget.page().tree().root(), [&](qt::RenderNode& leaf) {
+  page::forEachLeaf(*left.widget.page().tree().root(), [&](const page::Node& leaf) {
     const QRect frame = left.widget.page().frameOnPage(leaf);
     frames.push_back(QRect(width - frame.right() - 1, frame.y(), frame.width(), frame.height()));
   });
-  qt::forEachLeaf(*right.widget.page().tree().root(), [&](qt::RenderNode& leaf) {
+  page::forEachLeaf(*right.widget.page().tree().root(), [&](const page::Node& leaf) {
     mirrored.push_back(right.widget.page().frameOnPage(leaf));
   });
   EXPECT_EQ(frames, mirrored);

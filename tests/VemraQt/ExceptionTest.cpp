@@ -272,13 +272,13 @@ TEST_F(PageException, TabGoesOnPastRowsThatBreak) {
   const Faults faults = faultsOf([&] {
     for (int i = 0; i < 57; ++i) QTest::keyClick(widget.focusWidget(), Qt::Key_Tab);
     ASSERT_TRUE(widget.page().focusedNode());
-    EXPECT_EQ(qt::rowOf(widget.page().focusedNode())->rowIndex, 59u);
+    EXPECT_EQ(page::rowOf(widget.page().focusedNode())->rowIndex, 59u);
   });
   EXPECT_THAT(faults, Contains("row a20, later"));
   faultsOf([&] {
     for (int i = 0; i < 57; ++i) QTest::keyClick(widget.focusWidget(), Qt::Key_Backtab);
   });
-  EXPECT_EQ(qt::rowOf(widget.page().focusedNode())->rowIndex, 0u);
+  EXPECT_EQ(page::rowOf(widget.page().focusedNode())->rowIndex, 0u);
   expectThePageGoesOn();
 }
 

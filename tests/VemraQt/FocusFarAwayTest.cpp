@@ -16,7 +16,7 @@ using namespace vemra::qttest;
 namespace {
 
 std::string focusedIdentifier(const WindowHost& host) {
-  const qt::RenderNode* focused = host.widget.page().focusedNode();
+  const page::Node* focused = host.widget.page().focusedNode();
   if (!focused) return "nothing";
   const std::string_view identifier = focused->element.accessibilityIdentifier();
   return std::string(identifier.empty() ? focused->element.shownLabel() : identifier);

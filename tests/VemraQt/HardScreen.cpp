@@ -104,7 +104,7 @@ void dress(WindowHost& host, const Colours& colours) {
   host.widget.setEnvironment(environment);
 }
 
-std::string called(const qt::RenderNode& leaf) {
+std::string called(const page::Node& leaf) {
   const std::string identifier(leaf.element.accessibilityIdentifier());
   return identifier.empty() ? std::string(leaf.element.shownLabel()) : identifier;
 }

@@ -51,14 +51,14 @@ void forEachPlaced(const WindowHost& host, Visit visit) {
   QScrollBar& bar = *host.widget.verticalScrollBar();
   for (int position = 0;; position += 500) {
     bar.setValue(position);
-    qt::forEachLeaf(*page.tree().root(), [&](qt::RenderNode& leaf) {
-      if (leaf.widget) visit(leaf);
+    page::forEachLeaf(*page.tree().root(), [&](const page::Node& leaf) {
+      if (page.shown(leaf).widget) visit(leaf);
     });
     if (position >= bar.maximum()) break;
   }
 }
 
 /// How a message calls an element: its identifier, or what it shows.
-std::string called(const qt::RenderNode& leaf);
+std::string called(const page::Node& leaf);
 
 }  // namespace vemra::qttest

@@ -1,6 +1,6 @@
 #include "tests/VemraQt/LongList.hpp"
 
-#include "VemraQt/Layout.hpp"
+#include "VemraPlatform/page/Layout.hpp"
 #include "VemraQt/Page.hpp"
 #include "VemraQt/widgets/ElementWidget.hpp"
 #include "tests/VemraQt/HardScreen.hpp"
@@ -17,7 +17,7 @@ constexpr std::string_view personPrefix = "Person Number ";
 struct Occupant {
   std::string name;
   QRect frame;
-  const qt::RenderNode* row;  ///< that it is, or stands in; none outside the list
+  const page::Node* row;  ///< that it is, or stands in; none outside the list
 };
 
 std::string written(const QRect& frame) {
@@ -66,17 +66,19 @@ void expectNothingOverlaps(const WindowHost& host) {
   qt::Page& page = host.widget.page();
   std::vector<Occupant> leaves, rows;
   // The page places a widget by its element's frame; one that it has forgotten is elsewhere.
-  qt::forEachLeaf(*page.tree().root(), [&](qt::RenderNode& leaf) {
-    if (!leaf.widget) return;
-    const QRect frame = leaf.widget->widget().geometry().marginsRemoved(qt::overhang(leaf));
+  page::forEachLeaf(*page.tree().root(), [&](const page::Node& leaf) {
+    const qt::ShownLeaf& shown = page.shown(leaf);
+    if (!shown.widget) return;
+    const QRect frame =
+        shown.widget->widget().geometry().marginsRemoved(qt::overhang(leaf.element, shown.shape));
     EXPECT_EQ(frame, page.frameOnPage(leaf).translated(0, -page.scrollPosition()));
-    leaves.push_back({called(leaf), frame, qt::rowOf(&leaf)});
+    leaves.push_back({called(leaf), frame, page::rowOf(&leaf)});
   });
-  for (const qt::RenderNode* list : page.tree().lists()) {
-    for (const qt::RenderNode* row : list->children) {
+  for (const page::Node* list : page.tree().lists()) {
+    for (const page::Node& row : list->children()) {
       const QRect frame =
-          page.rowFrameOnPage(*list, row->rowIndex).translated(0, -page.scrollPosition());
-      rows.push_back({"row " + std::to_string(row->rowIndex), frame, row});
+          page.rowFrameOnPage(*list, row.rowIndex).translated(0, -page.scrollPosition());
+      rows.push_back({"row " + std::to_string(row.rowIndex), frame, &row});
     }
   }
   ASSERT_FALSE(leaves.empty());

@@ -24,9 +24,10 @@ namespace {
 std::map<ui::NodeID, int> topsThatStay(const WindowHost& host, int step) {
   const int height = host.widget.viewport()->height();
   std::map<ui::NodeID, int> tops;
-  qt::forEachLeaf(*host.widget.page().tree().root(), [&](qt::RenderNode& leaf) {
-    if (!leaf.widget) return;
-    const QRect frame = leaf.widget->widget().geometry();
+  page::forEachLeaf(*host.widget.page().tree().root(), [&](const page::Node& leaf) {
+    qt::ElementWidget* widget = host.widget.page().shown(leaf).widget;
+    if (!widget) return;
+    const QRect frame = widget->widget().geometry();
     const auto isSeen = [&](int top) { return top > 8 && top + frame.height() < height - 8; };
     if (isSeen(frame.top()) && isSeen(frame.top() - step)) tops[leaf.id] = frame.top();
   });
@@ -40,9 +41,10 @@ void expectEvenSteps(const WindowHost& host, int step) {
     ASSERT_GE(tops.size(), 3U) << "step " << i;
     bar(host).setValue(bar(host).value() + step);
     for (const auto& [id, top] : tops) {
-      const qt::RenderNode* leaf = host.widget.page().tree().find(id);
-      ASSERT_TRUE(leaf && leaf->widget) << "step " << i << " took away what was seen";
-      ASSERT_EQ(leaf->widget->widget().y(), top - step) << "step " << i << ": " << called(*leaf);
+      const page::Node* leaf = host.widget.page().tree().find(id);
+      qt::ElementWidget* widget = leaf ? host.widget.page().shown(*leaf).widget : nullptr;
+      ASSERT_TRUE(widget) << "step " << i << " took away what was seen";
+      ASSERT_EQ(widget->widget().y(), top - step) << "step " << i << ": " << called(*leaf);
     }
   }
 }

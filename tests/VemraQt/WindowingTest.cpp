@@ -51,8 +51,9 @@ TEST(Windowing, TheEndIsReachable) {
     EXPECT_THAT(host.visibleTexts().back(), ::testing::StartsWith("Based on 12"));
     const QRect last = [&] {
       QRect frame;
-      qt::forEachLeaf(*host.widget.page().tree().root(),
-                      [&](qt::RenderNode& leaf) { frame = host.widget.page().frameOnPage(leaf); });
+      page::forEachLeaf(*host.widget.page().tree().root(), [&](const page::Node& leaf) {
+        frame = host.widget.page().frameOnPage(leaf);
+      });
       return frame;
     }();
     EXPECT_EQ(last.bottom() + 1 + 24, host.widget.contentHeight());

@@ -276,7 +276,7 @@ TEST_F(ScreenTest, TakesANewRootAndAnotherEnvironment) {
   const Screen& reader = screen;
   EXPECT_TRUE(reader.graph().root());
   EXPECT_EQ(reader.find("nowhere"), nullptr);
-  EXPECT_EQ(reader.tree().root(), reader.graph().root()->id);
+  EXPECT_EQ(reader.tree().root()->id, reader.graph().root()->id);
 }
 
 TEST_F(ScreenTest, AnEmptyScreenHasNothing) {

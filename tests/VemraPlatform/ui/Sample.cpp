@@ -10,12 +10,16 @@ std::string differenceAt(const Node& node, const testing::RenderedTree& tree, st
       std::string(kindName(node.element.kind())) + " #" + std::to_string(node.id.value);
   const testing::RenderedTree::Node* shown = tree.find(node.id);
   if (!shown) return who + " is not shown";
-  if (shown->parent != (node.parent ? node.parent->id : NodeID{})) return who + ": other parent";
+  if (shown->parent != (node.parent ? tree.find(node.parent->id) : nullptr)) {
+    return who + ": other parent";
+  }
   if (!(shown->element == node.element)) return who + ": other element";
-  if (shown->children.size() != node.children.size()) return who + ": other count of children";
-  for (std::size_t i = 0; i < node.children.size(); ++i) {
-    if (shown->children[i] != node.children[i]->id) return who + ": other order of children";
-    std::string below = differenceAt(*node.children[i], tree, seen);
+  if (shown->childCount != node.children.size()) return who + ": other count of children";
+  const page::Node* shownChild = shown->firstChild;
+  for (const Node* child : node.children) {
+    if (shownChild->id != child->id) return who + ": other order of children";
+    shownChild = shownChild->next;
+    std::string below = differenceAt(*child, tree, seen);
     if (!below.empty()) return below;
   }
   return "";
@@ -25,7 +29,7 @@ std::string differenceAt(const Node& node, const testing::RenderedTree& tree, st
 
 std::string difference(const ViewGraph& graph, const testing::RenderedTree& tree) {
   if (!graph.root()) return tree.root() ? "something is shown that is gone" : "";
-  if (tree.root() != graph.root()->id) return "another root is shown";
+  if (tree.root() != tree.find(graph.root()->id)) return "another root is shown";
   std::size_t seen = 0;
   std::string found = differenceAt(*graph.root(), tree, seen);
   if (found.empty() && tree.nodes().size() != seen) return "more is shown than there is";

@@ -25,14 +25,14 @@ using ui::ElementKind;
 constexpr std::size_t mostWidgets = 500;
 constexpr std::size_t mostPinnedRows = 16 + 1;
 
-std::string chosenLabel(const qt::RenderNode& picker) {
+std::string chosenLabel(const page::Node& picker) {
   for (const qt::Choice& choice : qt::choicesOf(picker)) {
     if (choice.tag == *picker.element.selection()) return choice.label.toStdString();
   }
   return "";
 }
 
-void expectShows(QWidget& widget, const qt::RenderNode& leaf) {
+void expectShows(QWidget& widget, const page::Node& leaf) {
   std::string shown;
   std::string wanted(leaf.element.shownLabel());
   switch (leaf.element.kind()) {
@@ -63,10 +63,10 @@ void expectShows(QWidget& widget, const qt::RenderNode& leaf) {
 }
 
 /// Every widget shows its element, in its place; what is in view has one.
-void expectWidgets(Twins& twins, const std::vector<qt::RenderNode*>& leaves) {
+void expectWidgets(Twins& twins, const std::vector<const page::Node*>& leaves) {
   const qt::Page& page = twins.widget.page();
   const QRect viewport(QPoint(0, 0), twins.widget.viewport()->size());
-  for (const qt::RenderNode* leaf : leaves) {
+  for (const page::Node* leaf : leaves) {
     const QRect frame = page.frameOnPage(*leaf).translated(0, -page.scrollPosition());
     const bool isBlank = leaf->element.shownLabel().empty();
     if (frame.height() <= 0 || (frame.width() <= 0 && !isBlank))
@@ -74,16 +74,17 @@ void expectWidgets(Twins& twins, const std::vector<qt::RenderNode*>& leaves) {
     if (frame.left() < 0 || frame.right() >= viewport.right() + 1) {
       fail("reaches out of the page sideways:" + described(leaf->element));
     }
-    if (!leaf->widget) {
+    const qt::ShownLeaf& shown = page.shown(*leaf);
+    if (!shown.widget) {
       if (frame.intersects(viewport))
         fail("in view and without a widget:" + described(leaf->element));
       continue;
     }
-    QWidget& widget = leaf->widget->widget();
-    if (leaf->widget->node() != leaf->id) fail("another's widget for" + described(leaf->element));
-    if (leaf->stale) fail("not shown yet:" + described(leaf->element));
+    QWidget& widget = shown.widget->widget();
+    if (shown.widget->node() != leaf->id) fail("another's widget for" + described(leaf->element));
+    if (shown.stale) fail("not shown yet:" + described(leaf->element));
     if (widget.isHidden()) fail("hidden:" + described(leaf->element));
-    if (widget.geometry() != frame.marginsAdded(qt::overhang(*leaf))) {
+    if (widget.geometry() != frame.marginsAdded(qt::overhang(leaf->element, shown.shape))) {
       const QRect at = widget.geometry();
       fail("its widget is at " + std::to_string(at.x()) + ", " + std::to_string(at.y()) +
            ", not at " + std::to_string(frame.x()) + ", " + std::to_string(frame.y()) + ":" +
@@ -97,8 +98,8 @@ void expectWidgets(Twins& twins, const std::vector<qt::RenderNode*>& leaves) {
     auto* element = dynamic_cast<qt::ElementWidget*>(child);
     if (!widget || !element || widget->isHidden()) continue;
     ++shown;
-    const qt::RenderNode* node = element->node() ? page.tree().find(element->node()) : nullptr;
-    if (!node || node->widget != element) fail("a widget of nothing is seen");
+    const page::Node* node = element->node() ? page.tree().find(element->node()) : nullptr;
+    if (!node || twins.widgetOf(*node) != element) fail("a widget of nothing is seen");
   }
   if (twins.widget.widgetCount() > mostWidgets) {
     fail("there are " + std::to_string(twins.widget.widgetCount()) + " widgets, " +
@@ -107,7 +108,7 @@ void expectWidgets(Twins& twins, const std::vector<qt::RenderNode*>& leaves) {
 }
 
 /// No element covers another, and they stand as they are read: each below, or behind on the line.
-void expectReadingOrder(Twins& twins, const std::vector<qt::RenderNode*>& leaves) {
+void expectReadingOrder(Twins& twins, const std::vector<const page::Node*>& leaves) {
   const qt::Page& page = twins.widget.page();
   const bool mirrored = twins.widget.layoutDirection() == Qt::RightToLeft;
   for (std::size_t i = 1; i < leaves.size(); ++i) {
@@ -125,16 +126,16 @@ void expectReadingOrder(Twins& twins, const std::vector<qt::RenderNode*>& leaves
 void expectRows(Twins& twins) {
   const qt::Page& page = twins.widget.page();
   const int height = twins.widget.viewport()->height();
-  for (const qt::RenderNode* list : page.tree().lists()) {
+  for (const page::Node* list : page.tree().lists()) {
     const page::RowHeights& heights = *list->rows;
     if (heights.count() != list->element.rowCount()) fail("the page knows another number of rows");
-    const int top = list->frame.top() - page.scrollPosition();
+    const int top = list->frame.y - page.scrollPosition();
     std::size_t pinned = 0;
     std::vector<std::size_t> there;
-    for (const qt::RenderNode* row : list->children) {
-      there.push_back(row->rowIndex);
-      const std::int64_t rowTop = top + heights.top(row->rowIndex);
-      const bool far = rowTop > height + 3 * 96 || rowTop + heights.height(row->rowIndex) < -3 * 96;
+    for (const page::Node& row : list->children()) {
+      there.push_back(row.rowIndex);
+      const std::int64_t rowTop = top + heights.top(row.rowIndex);
+      const bool far = rowTop > height + 3 * 96 || rowTop + heights.height(row.rowIndex) < -3 * 96;
       if (far) ++pinned;
     }
     if (!std::ranges::is_sorted(there)) fail("the rows are not in order");
@@ -158,9 +159,9 @@ void expectFocus(Twins& twins) {
   QWidget* focused = twins.widget.focusWidget();
   if (!focused || focused == &twins.widget) return;
   auto* element = dynamic_cast<qt::ElementWidget*>(focused);
-  const qt::RenderNode* node =
+  const page::Node* node =
       element && element->node() ? twins.widget.page().tree().find(element->node()) : nullptr;
-  if (!node || node->widget != element) fail("the keyboard is with a dead widget");
+  if (!node || twins.widgetOf(*node) != element) fail("the keyboard is with a dead widget");
   if (!focused->isEnabled()) fail("the keyboard is with a disabled widget");
   if (!focused->isVisible()) fail("the keyboard is with a hidden widget");
 }
@@ -223,8 +224,8 @@ void expectHeardRow(Twins& twins, QAccessibleInterface& page, std::size_t first,
 void expectAgreement(Twins& twins) {
   expectSameLogs(twins);
   const ui::Node* mine = twins.widget.graph().root();
-  const Element* theirs = twins.screen.tree().find(twins.screen.tree().root());
-  const qt::RenderNode* page = twins.widget.page().tree().root();
+  const Element* theirs = twins.screen.tree().root();
+  const page::Node* page = twins.widget.page().tree().root();
   if (!mine || !theirs || !page) fail("nothing is shown");
   expectSame(twins, *mine, *theirs);
   expectSame(*mine, *page);
@@ -255,7 +256,7 @@ void expectAgreementEverywhere(Twins& twins) {
     const ui::NodeID looked = twins.widget.graph().lookAtRow(lists.front()->id, row);
     const ui::Node* node = twins.widget.graph().find(looked);
     if (!node) fail("row " + std::to_string(row) + " cannot be looked at");
-    expectSame(twins, *node, *twins.screen.tree().find(twins.people()->children[row]));
+    expectSame(twins, *node, childAt(*twins.people(), row));
     expectHeardRow(twins, page, first, row);
   }
 }

@@ -44,25 +44,27 @@ void expectSame(Twins& twins, const ui::Node& mine, const Twins::Element& theirs
     fail("another state in" + described(mine.element));
   }
   const bool byRows = !mine.children.empty() && mine.children.front()->isRow;
-  if (!byRows && mine.children.size() != theirs.children.size() && theirs.element.rowCount() == 0) {
+  if (!byRows && mine.children.size() != theirs.childCount && theirs.element.rowCount() == 0) {
     fail("another number of children in" + described(mine.element));
   }
   for (std::size_t i = 0; i < mine.children.size(); ++i) {
     const std::size_t place = byRows ? mine.children[i]->rowIndex : i;
-    if (place >= theirs.children.size()) fail("one child too many in" + described(mine.element));
-    expectSame(twins, *mine.children[i], *twins.screen.tree().find(theirs.children[place]));
+    if (place >= theirs.childCount) fail("one child too many in" + described(mine.element));
+    expectSame(twins, *mine.children[i], childAt(theirs, place));
   }
 }
 
-void expectSame(const ui::Node& graph, const qt::RenderNode& page) {
+void expectSame(const ui::Node& graph, const page::Node& page) {
   if (graph.id != page.id || !graph.isShown || !(graph.element == page.element) ||
-      graph.children.size() != page.children.size()) {
+      graph.children.size() != page.childCount) {
     fail("the page has" + described(page.element) + "\nwhere its graph has" +
          described(graph.element));
   }
   if (page.isRow() && page.rowIndex != graph.rowIndex) fail("a row has another place on the page");
-  for (std::size_t i = 0; i < graph.children.size(); ++i) {
-    expectSame(*graph.children[i], *page.children[i]);
+  const page::Node* shown = page.firstChild;
+  for (const ui::Node* child : graph.children) {
+    expectSame(*child, *shown);
+    shown = shown->next;
   }
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VemraQt/RenderTree.hpp"
+#include "VemraPlatform/page/WindowedTree.hpp"
 #include "tests/VemraQt/monkey/Twins.hpp"
 
 #include <string>
@@ -16,6 +16,6 @@ std::string described(const ui::Element& element);
 void expectSame(Twins& twins, const ui::Node& mine, const Twins::Element& theirs);
 
 /// What is laid out is what the graph shows.
-void expectSame(const ui::Node& graph, const qt::RenderNode& page);
+void expectSame(const ui::Node& graph, const page::Node& page);
 
 }  // namespace vemra::monkey

@@ -30,9 +30,9 @@ void Twins::deliver(const Place& place, ui::Event event) {
 
 Twins::Keyboard Twins::keyboard() const {
   Keyboard now;
-  const qt::RenderNode* focused = widget.page().focusedNode();
-  if (!focused || !focused->widget) return now;
-  const QWidget& shown = focused->widget->widget();
+  const page::Node* focused = widget.page().focusedNode();
+  if (!focused || !widgetOf(*focused)) return now;
+  const QWidget& shown = widgetOf(*focused)->widget();
   now.node = focused->id;
   now.wasSeen = !shown.visibleRegion().isEmpty();
   if (auto* field = qobject_cast<const QLineEdit*>(&shown)) {
@@ -49,7 +49,7 @@ Twins::Keyboard Twins::keyboard() const {
 void Twins::expectKept(const Keyboard& before) const {
   if (!before.node) return;
   const ui::Node* still = widget.graph().find(before.node);
-  const qt::RenderNode* focused = widget.page().focusedNode();
+  const page::Node* focused = widget.page().focusedNode();
   if (!still || !still->element.style().enabled) {
     if (before.wasSeen && !focused && nextControl(std::nullopt, true)) {
       throw Disagreement("what had the keyboard has gone, and nothing took it");

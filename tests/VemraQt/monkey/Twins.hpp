@@ -18,7 +18,7 @@ class QLineEdit;
 
 namespace vemra::qt {
 class ChoiceBox;
-struct RenderNode;
+class ElementWidget;
 }  // namespace vemra::qt
 
 namespace vemra::monkey {
@@ -68,10 +68,12 @@ class Twins {
   /// @}
 
   /// \name The window @{
-  std::optional<Place> placeOf(const qt::RenderNode& leaf) const;
+  std::optional<Place> placeOf(const page::Node& leaf) const;
   std::optional<Place> focus() const;
   /// The elements near the viewport and those of open editors, in tree order.
-  std::vector<qt::RenderNode*> nearElements() const;
+  std::vector<const page::Node*> nearElements() const;
+  /// The widget that shows the element; nullptr when it has none.
+  qt::ElementWidget* widgetOf(const page::Node& leaf) const;
   /// @}
 
   qt::ViewWidget widget;
@@ -105,7 +107,7 @@ class Twins {
   void expectKept(const Keyboard& before) const;
   /// A control of that kind that the figures point at: near the viewport, or anywhere.
   std::optional<Place> drawControl(const Step& step, ui::ElementKind kind) const;
-  qt::RenderNode* nodeAt(const Place& place) const;
+  const page::Node* nodeAt(const Place& place) const;
   QAccessibleInterface* accessible(const Place& place) const;
   void deliver(const Place& place, ui::Event event);
   void expectFocusAt(const Place& pressed, const std::string& identifier) const;
@@ -115,5 +117,8 @@ class Twins {
   std::size_t clientEvents_ = 0;
   std::exception_ptr clientError_;
 };
+
+/// The child at that place among its siblings; it must be there.
+const Twins::Element& childAt(const Twins::Element& node, std::size_t index);
 
 }  // namespace vemra::monkey

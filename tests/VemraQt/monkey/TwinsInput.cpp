@@ -60,8 +60,9 @@ void Twins::press(const Step& step) {
   const Element& button = *at(*place);
   const std::string identifier(button.element.accessibilityIdentifier());
   const bool enabled = button.element.style().enabled;
-  qt::RenderNode* leaf = nodeAt(*place);
-  QWidget* shown = leaf && leaf->widget ? &leaf->widget->widget() : nullptr;
+  const page::Node* leaf = nodeAt(*place);
+  qt::ElementWidget* lent = leaf ? widgetOf(*leaf) : nullptr;
+  QWidget* shown = lent ? &lent->widget() : nullptr;
   const auto point = shown ? qttest::seenPoint(*shown) : std::nullopt;
   if (point && step.a % 3 == 0) {
     QTest::mouseClick(shown, Qt::LeftButton, {}, *point);
@@ -122,8 +123,8 @@ void Twins::write(const Step& step) {
 void Twins::choose(const Step& step) {
   const auto place = drawControl(step, ElementKind::picker);
   if (!place) return;
-  const qt::RenderNode* leaf = nodeAt(*place);
-  auto* box = leaf && leaf->widget ? dynamic_cast<qt::ChoiceBox*>(leaf->widget) : nullptr;
+  const page::Node* leaf = nodeAt(*place);
+  auto* box = leaf ? dynamic_cast<qt::ChoiceBox*>(widgetOf(*leaf)) : nullptr;
   const auto& values = allGoalOutcomeValues;
   const auto current = static_cast<std::size_t>(
       std::ranges::find(values, at(*place)->element.selection()->name(),
@@ -165,8 +166,8 @@ void Twins::chooseInMenu(qt::ChoiceBox& box, const Step& step, std::size_t index
     throw Disagreement("a picker without a menu of its choices");
   }
   if (step.b % 8 == 0) changeBoth(step);
-  const qt::RenderNode* still = widget.page().tree().find(node);
-  if (!still || still->widget != &box) {
+  const page::Node* still = widget.page().tree().find(node);
+  if (!still || widgetOf(*still) != &box) {
     if (QApplication::activePopupWidget()) throw Disagreement("the menu of a picker that has gone");
     return;
   }
@@ -193,8 +194,8 @@ void Twins::scroll(const Step& step) {
     }
     default: {
       const auto near = nearElements();
-      qt::RenderNode* over = near.empty() ? nullptr : near[step.c % near.size()];
-      QWidget& under = over && over->widget ? over->widget->widget() : *widget.viewport();
+      qt::ElementWidget* over = near.empty() ? nullptr : widgetOf(*near[step.c % near.size()]);
+      QWidget& under = over ? over->widget() : *widget.viewport();
       qttest::wheel(under, static_cast<int>(step.b % 9) - 5);
     }
   }
@@ -262,17 +263,16 @@ void Twins::follow(ui::NodeID windowNode, const ui::Event& event) {
                                  : static_cast<std::size_t>(std::ranges::find(siblings, place) -
                                                             siblings.begin()));
   }
-  ui::NodeID theirs = screen.tree().root();
+  const Element* theirs = screen.tree().root();
   for (auto place = steps.rbegin(); place != steps.rend(); ++place) {
-    const auto& children = screen.tree().find(theirs)->children;
-    if (*place >= children.size()) {
+    if (*place >= theirs->childCount) {
       // Not through the event loop, which lets no exception pass.
       clientError_ = std::make_exception_ptr(Disagreement("a client acts on what is not there"));
       return;
     }
-    theirs = children[*place];
+    theirs = &childAt(*theirs, *place);
   }
-  screen.graph().deliver(theirs, event);
+  screen.graph().deliver(theirs->id, event);
 }
 
 }  // namespace vemra::monkey

@@ -25,43 +25,45 @@ bool isListOfPeople(const ui::Element& element) {
   return element.kind() == ElementKind::forEach;
 }
 
-void collect(const testing::RenderedTree& tree, const Twins::Element& node,
-             std::vector<const Twins::Element*>& elements) {
+void collect(const Twins::Element& node, std::vector<const Twins::Element*>& elements) {
   if (isSeen(node.element.kind())) {
     elements.push_back(&node);
     return;
   }
   if (isListOfPeople(node.element)) return;
-  for (const ui::NodeID child : node.children) collect(tree, *tree.find(child), elements);
+  for (const Twins::Element& child : node.children()) collect(child, elements);
 }
 
-const Twins::Element* findList(const testing::RenderedTree& tree, const Twins::Element& node) {
+const Twins::Element* findList(const Twins::Element& node) {
   if (isListOfPeople(node.element)) return &node;
   if (isSeen(node.element.kind())) return nullptr;
-  for (const ui::NodeID child : node.children) {
-    if (const Twins::Element* found = findList(tree, *tree.find(child))) return found;
+  for (const Twins::Element& child : node.children()) {
+    if (const Twins::Element* found = findList(child)) return found;
   }
   return nullptr;
 }
 
 }  // namespace
 
+const Twins::Element& childAt(const Twins::Element& node, std::size_t index) {
+  return *std::next(node.children().begin(), static_cast<std::ptrdiff_t>(index));
+}
+
 const Twins::Element* Twins::people() const {
-  const Element* root = screen.tree().find(screen.tree().root());
-  return root ? findList(screen.tree(), *root) : nullptr;
+  const Element* root = screen.tree().root();
+  return root ? findList(*root) : nullptr;
 }
 
 std::size_t Twins::rowCount() const {
   const Element* list = people();
-  return list ? list->children.size() : 0;
+  return list ? list->childCount : 0;
 }
 
 std::vector<const Twins::Element*> Twins::elementsOf(std::optional<std::size_t> row) const {
   std::vector<const Element*> elements;
   const Element* list = row ? people() : nullptr;
-  if (row && (!list || *row >= list->children.size())) return {};
-  collect(screen.tree(), *screen.tree().find(row ? list->children[*row] : screen.tree().root()),
-          elements);
+  if (row && (!list || *row >= list->childCount)) return {};
+  collect(row ? childAt(*list, *row) : *screen.tree().root(), elements);
   return elements;
 }
 
@@ -102,33 +104,36 @@ std::optional<Place> Twins::nextControl(std::optional<Place> from, bool forward)
   return std::nullopt;
 }
 
-std::vector<qt::RenderNode*> Twins::nearElements() const {
-  std::vector<qt::RenderNode*> elements;
-  qt::RenderNode* root = widget.page().tree().root();
+std::vector<const page::Node*> Twins::nearElements() const {
+  std::vector<const page::Node*> elements;
+  const page::Node* root = widget.page().tree().root();
   if (root) {
-    qt::forEachLeaf(*root, [&](qt::RenderNode& leaf) { elements.push_back(&leaf); });
+    page::forEachLeaf(*root, [&](const page::Node& leaf) { elements.push_back(&leaf); });
   }
   return elements;
 }
 
-std::optional<Place> Twins::placeOf(const qt::RenderNode& leaf) const {
-  const qt::RenderNode* row = qt::rowOf(const_cast<qt::RenderNode*>(&leaf));
+qt::ElementWidget* Twins::widgetOf(const page::Node& leaf) const {
+  return widget.page().shown(leaf).widget;
+}
+
+std::optional<Place> Twins::placeOf(const page::Node& leaf) const {
+  const page::Node* row = page::rowOf(&leaf);
   Place place;
   if (row) place.row = row->rowIndex;
   bool found = false;
-  auto* within = const_cast<qt::RenderNode*>(row ? row : widget.page().tree().root());
-  qt::forEachLeaf(*within, [&](const qt::RenderNode& other) {
-    if (!row && qt::rowOf(const_cast<qt::RenderNode*>(&other))) return;
+  page::forEachLeaf(row ? *row : *widget.page().tree().root(), [&](const page::Node& other) {
+    if (!row && page::rowOf(&other)) return;
     found = found || &other == &leaf;
     if (!found) ++place.element;
   });
   return found ? std::optional(place) : std::nullopt;
 }
 
-qt::RenderNode* Twins::nodeAt(const Place& place) const {
-  qt::RenderNode* found = nullptr;
-  for (qt::RenderNode* leaf : nearElements()) {
-    const qt::RenderNode* row = qt::rowOf(leaf);
+const page::Node* Twins::nodeAt(const Place& place) const {
+  const page::Node* found = nullptr;
+  for (const page::Node* leaf : nearElements()) {
+    const page::Node* row = page::rowOf(leaf);
     const bool sameRow = row ? place.row == row->rowIndex : !place.row;
     if (sameRow && placeOf(*leaf) == place) found = leaf;
   }
@@ -136,7 +141,7 @@ qt::RenderNode* Twins::nodeAt(const Place& place) const {
 }
 
 std::optional<Place> Twins::focus() const {
-  const qt::RenderNode* focused = widget.page().focusedNode();
+  const page::Node* focused = widget.page().focusedNode();
   return focused ? placeOf(*focused) : std::nullopt;
 }
 
@@ -154,7 +159,7 @@ QAccessibleInterface* Twins::accessible(const Place& place) const {
 std::optional<Place> Twins::drawControl(const Step& step, ElementKind kind) const {
   std::vector<Place> candidates;
   if (step.c % 4 != 0) {  // near
-    for (const qt::RenderNode* leaf : nearElements()) {
+    for (const page::Node* leaf : nearElements()) {
       if (leaf->element.kind() == kind) candidates.push_back(*placeOf(*leaf));
     }
   }

@@ -1,6 +1,6 @@
 // What a person types into a field of the window, against what a line edit makes of it.
 
-#include "VemraQt/RenderTree.hpp"
+#include "VemraPlatform/page/WindowedTree.hpp"
 #include "VemraQt/widgets/ElementWidget.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
 #include "tests/VemraQt/monkey/Twins.hpp"
@@ -65,8 +65,9 @@ void commit(QWidget& widget, const QString& text) {
 void Twins::type(const Step& step) {
   const auto place = drawControl({step.act, step.a, step.b, 1}, ElementKind::textField);
   if (!place) return;
-  const qt::RenderNode* leaf = nodeAt(*place);
-  auto* field = leaf && leaf->widget ? qobject_cast<QLineEdit*>(&leaf->widget->widget()) : nullptr;
+  const page::Node* leaf = nodeAt(*place);
+  qt::ElementWidget* lent = leaf ? widgetOf(*leaf) : nullptr;
+  auto* field = lent ? qobject_cast<QLineEdit*>(&lent->widget()) : nullptr;
   if (!field) return;
   if (!field->hasFocus()) {
     const auto point = qttest::seenPoint(*field);

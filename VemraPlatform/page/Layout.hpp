@@ -1,12 +1,9 @@
 #pragma once
 
-#include "VemraQt/RenderTree.hpp"
-
-#include <QRect>
-#include <QSize>
+#include "VemraPlatform/page/Node.hpp"
 
 /// \file
-/// Where everything stands: whole pixels, two passes, no state but what is kept in the nodes.
+/// Where everything stands: whole units, two passes, no state but what is kept in the nodes.
 ///
 /// Measuring goes down with the width there is and comes back with the size that is taken; it stops
 /// at every node that was measured for that width and has not changed since. Arranging gives each
@@ -19,12 +16,15 @@
 ///
 /// Everything is laid out from the leading edge; `mirrored` turns a frame for right-to-left.
 
-namespace vemra::qt {
+namespace vemra::page {
 
-/// How large a leaf is within a width. May keep the text's lines in the node.
+/// How large a renderer draws a text or a control.
 class LeafMetrics {
  public:
-  virtual QSize measure(RenderNode& leaf, int width) const = 0;
+  /// The size of a leaf that may be `width` wide, 1 or more. Called again only when the leaf, a leaf
+  /// below it or the width has changed, or after `WindowedTree::invalidateAll`; so a renderer may
+  /// keep the broken lines of the text until it draws them.
+  virtual Size measure(const Node& leaf, int width) = 0;
 
  protected:
   ~LeafMetrics() = default;
@@ -34,9 +34,6 @@ class LeafMetrics {
 /// width before, gives its leaves their frames, from its own top leading corner; and a windowed
 /// list the frame that all its rows fill. `spacing` separates the children of a scope that has no
 /// layout of its own.
-QSize measureScope(RenderNode& scope, int width, int spacing, const LeafMetrics& metrics);
+Size measureScope(Node& scope, int width, int spacing, LeafMetrics& metrics);
 
-/// A frame turned about the middle of its scope.
-QRect mirrored(const QRect& frame, int scopeWidth);
-
-}  // namespace vemra::qt
+}  // namespace vemra::page

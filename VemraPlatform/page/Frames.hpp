@@ -1,0 +1,33 @@
+#pragma once
+
+#include "VemraPlatform/page/Viewport.hpp"
+#include "VemraPlatform/page/WindowedTree.hpp"
+#include "VemraPlatform/ui/Environment.hpp"
+
+#include <cstddef>
+
+namespace vemra::page {
+
+/// Where the elements of a tree that has been laid out are on the whole page, from its top left
+/// corner, for the given reading direction.
+class Frames {
+ public:
+  /// The tree must outlive the object.
+  Frames(const WindowedTree& tree, ui::LayoutDirection direction)
+      : tree_(tree), direction_(direction) {}
+
+  Rect of(const Node& leaf) const;
+  /// The frame of a row of a windowed list, whether or not the row is there. A height that has not
+  /// been measured is estimated.
+  Rect ofRow(const Node& list, std::size_t index) const;
+
+ private:
+  const WindowedTree& tree_;
+  ui::LayoutDirection direction_;
+};
+
+/// How far the page must be scrolled to show the leaf, with its whole row when that fits, moving as
+/// little as possible from where the viewport is.
+int positionShowing(const Node& leaf, const Frames& frames, const Viewport& viewport, int air);
+
+}  // namespace vemra::page

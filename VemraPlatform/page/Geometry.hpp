@@ -1,0 +1,46 @@
+#pragma once
+
+#include <algorithm>
+
+/// \file
+/// Places and sizes on a page, in whole units of whatever draws it: pixels, or character cells. They
+/// count from the top left corner, y grows downwards.
+
+namespace vemra::page {
+
+struct Point {
+  int x = 0, y = 0;
+  friend bool operator==(const Point&, const Point&) = default;
+};
+
+struct Size {
+  int width = 0, height = 0;
+  friend bool operator==(const Size&, const Size&) = default;
+};
+
+/// A rectangle. Its right and bottom edges are the first places that are no longer part of it.
+struct Rect {
+  int x = 0, y = 0, width = 0, height = 0;
+
+  int right() const { return x + width; }
+  int bottom() const { return y + height; }
+  bool isEmpty() const { return width <= 0 || height <= 0; }
+  Rect movedBy(int right, int down) const { return {x + right, y + down, width, height}; }
+
+  friend bool operator==(const Rect&, const Rect&) = default;
+};
+
+/// The smallest rectangle that holds both. One without width and height holds nothing.
+inline Rect united(const Rect& a, const Rect& b) {
+  if (a.width == 0 && a.height == 0) return b;
+  if (b.width == 0 && b.height == 0) return a;
+  const int x = std::min(a.x, b.x), y = std::min(a.y, b.y);
+  return {x, y, std::max(a.right(), b.right()) - x, std::max(a.bottom(), b.bottom()) - y};
+}
+
+/// The frame turned about the middle of a scope of that width, for reading from right to left.
+inline Rect mirrored(const Rect& frame, int scopeWidth) {
+  return {scopeWidth - frame.right(), frame.y, frame.width, frame.height};
+}
+
+}  // namespace vemra::page

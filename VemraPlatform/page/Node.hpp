@@ -1,0 +1,130 @@
+#pragma once
+
+#include "VemraPlatform/page/Geometry.hpp"
+#include "VemraPlatform/page/RowHeights.hpp"
+#include "VemraPlatform/ui/Element.hpp"
+#include "VemraPlatform/ui/NodeID.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <memory>
+#include <ranges>
+#include <utility>
+
+namespace vemra::page {
+
+template <class AnyNode>
+class ChildrenOf;
+
+/// One element as patches placed it, and where it stands on the page.
+///
+/// `PatchedTree` makes nodes and links them; siblings are chained, so that a patch costs the same
+/// among any number of them. The layout is filled in by `measureScope` and is empty in a tree that
+/// nobody lays out. Frames are relative to a *scope*: the row of a windowed list that the node
+/// stands in, or the whole page. So a row that moves, as many do when a list is scrolled or
+/// corrected, costs one addition.
+struct Node {
+  Node(ui::NodeID newID, ui::Element newElement) : id(newID), element(std::move(newElement)) {}
+
+  /// \name The tree @{
+  ui::NodeID id;
+  ui::Element element;
+  Node* parent = nullptr;
+  Node* previous = nullptr;
+  Node* next = nullptr;
+  Node* firstChild = nullptr;
+  Node* lastChild = nullptr;
+  std::size_t childCount = 0;
+  /// @}
+
+  /// \name Rows of windowed lists @{
+  std::unique_ptr<RowHeights> rows;  ///< of a `ForEach` whose rows come by range; else none
+  int rowWidth = -1;                 ///< of the same: the width its rows were measured for
+  std::size_t rowIndex = 0;          ///< of a row: its place among all rows of the list
+  std::uint64_t focusedAt = 0;       ///< of a row: larger the later it had the focus; 0: never
+  /// @}
+
+  /// \name The layout @{
+  int measuredWidth = -1;  ///< the width `size` was measured for; -1: not measured
+  Size size;
+  Rect frame;  ///< in its scope, counted from the leading edge
+  /// @}
+
+  ChildrenOf<Node> children();
+  ChildrenOf<const Node> children() const;
+
+  /// Whether a renderer shows the element itself, and nothing below it as an element of its own: a
+  /// text or a control.
+  bool isLeaf() const;
+  /// Whether it adds no layout: its children stand in its parent.
+  bool isTransparent() const;
+  bool isRow() const { return parent && parent->rows; }
+};
+
+/// The children of a node in order, also backwards. `AnyNode` is `Node` or `const Node`.
+template <class AnyNode>
+class ChildrenOf : public std::ranges::view_interface<ChildrenOf<AnyNode>> {
+ public:
+  class Iterator {
+   public:
+    using iterator_category = std::bidirectional_iterator_tag;
+    using value_type = Node;
+    using difference_type = std::ptrdiff_t;
+    using pointer = AnyNode*;
+    using reference = AnyNode&;
+
+    Iterator() = default;
+    Iterator(AnyNode* parent, AnyNode* child) : parent_(parent), child_(child) {}
+
+    reference operator*() const { return *child_; }
+    pointer operator->() const { return child_; }
+    Iterator& operator++() { return child_ = child_->next, *this; }
+    Iterator& operator--() {
+      child_ = child_ ? child_->previous : parent_->lastChild;
+      return *this;
+    }
+    Iterator operator++(int) { return std::exchange(*this, std::next(*this)); }
+    Iterator operator--(int) { return std::exchange(*this, std::prev(*this)); }
+    friend bool operator==(const Iterator& a, const Iterator& b) { return a.child_ == b.child_; }
+
+   private:
+    AnyNode* parent_ = nullptr;
+    AnyNode* child_ = nullptr;  // none: behind the last one
+  };
+
+  explicit ChildrenOf(AnyNode& parent) : parent_(&parent) {}
+  Iterator begin() const { return {parent_, parent_->firstChild}; }
+  Iterator end() const { return {parent_, nullptr}; }
+  std::size_t size() const { return parent_->childCount; }
+
+ private:
+  AnyNode* parent_;
+};
+
+inline ChildrenOf<Node> Node::children() {
+  return ChildrenOf<Node>(*this);
+}
+inline ChildrenOf<const Node> Node::children() const {
+  return ChildrenOf<const Node>(*this);
+}
+
+/// The row of a windowed list that holds the node, the node itself included; nullptr outside one.
+Node* rowOf(Node* node);
+const Node* rowOf(const Node* node);
+
+/// Calls `visit` for the leaves under `node` in tree order, pickers' own rows left out.
+template <class AnyNode, class Visit>
+void forEachLeaf(AnyNode& node, const Visit& visit) {
+  if (node.isLeaf()) {
+    visit(node);
+    return;
+  }
+  for (AnyNode& child : node.children()) forEachLeaf(child, visit);
+}
+
+}  // namespace vemra::page
+
+/// The range only refers to the parent, so that its iterators outlive it.
+template <class AnyNode>
+inline constexpr bool std::ranges::enable_borrowed_range<vemra::page::ChildrenOf<AnyNode>> = true;

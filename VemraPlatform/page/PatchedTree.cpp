@@ -1,0 +1,98 @@
+#include "VemraPlatform/page/PatchedTree.hpp"
+
+#include <stdexcept>
+#include <utility>
+
+namespace vemra::page {
+
+using ui::NodeID;
+using ui::Patch;
+
+void PatchedTree::apply(const std::vector<Patch>& patches) {
+  for (const Patch& patch : patches) {
+    switch (patch.kind) {
+      case Patch::Kind::insert: {
+        if (find(patch.node)) throw std::out_of_range("a node was inserted twice");
+        Node& node = nodes_.insert(patch.node, Node(patch.node, *patch.element));
+        link(node, patch.parent, patch.after);
+        if (observer_) observer_->inserted(node);
+        break;
+      }
+      case Patch::Kind::move: {
+        Node& node = at(patch.node);
+        unlink(node);
+        link(node, patch.parent, patch.after);
+        break;
+      }
+      case Patch::Kind::update: {
+        Node& node = at(patch.node);
+        const ui::Element before = std::exchange(node.element, *patch.element);
+        if (observer_) observer_->updated(node, before);
+        break;
+      }
+      case Patch::Kind::remove: {
+        Node& node = at(patch.node);
+        if (observer_) observer_->removing(node);
+        unlink(node);
+        erase(node);
+        break;
+      }
+    }
+  }
+}
+
+Node* PatchedTree::find(NodeID id) {
+  return nodes_.find(id);
+}
+
+const Node* PatchedTree::find(NodeID id) const {
+  return nodes_.find(id);
+}
+
+Node& PatchedTree::at(NodeID id) {
+  Node* const found = find(id);
+  if (!found) throw std::out_of_range("a patch speaks of a node that is not there");
+  return *found;
+}
+
+void PatchedTree::link(Node& node, NodeID parentID, NodeID after) {
+  if (!parentID) {
+    root_ = &node;
+    return;
+  }
+  Node& parent = at(parentID);
+  Node* const sibling = after ? &at(after) : nullptr;
+  if (sibling && sibling->parent != &parent) {
+    throw std::out_of_range("a node was placed behind one that is not its sibling");
+  }
+  node.parent = &parent;
+  node.previous = sibling;
+  node.next = std::exchange(sibling ? sibling->next : parent.firstChild, &node);
+  (node.next ? node.next->previous : parent.lastChild) = &node;
+  ++parent.childCount;
+  if (observer_) observer_->childrenChanged(parent);
+}
+
+void PatchedTree::unlink(Node& node) {
+  Node* const parent = std::exchange(node.parent, nullptr);
+  if (!parent) {
+    if (root_ == &node) root_ = nullptr;
+    return;
+  }
+  Node* const previous = std::exchange(node.previous, nullptr);
+  Node* const next = std::exchange(node.next, nullptr);
+  (previous ? previous->next : parent->firstChild) = next;
+  (next ? next->previous : parent->lastChild) = previous;
+  --parent->childCount;
+  if (observer_) observer_->childrenChanged(*parent);
+}
+
+void PatchedTree::erase(Node& node) {
+  while (Node* const child = node.firstChild) {
+    node.firstChild = child->next;
+    erase(*child);
+  }
+  nodes_.erase(node.id);
+}
+
+}  // namespace vemra::page

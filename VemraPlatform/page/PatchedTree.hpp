@@ -1,0 +1,59 @@
+#pragma once
+
+#include "VemraPlatform/page/Node.hpp"
+#include "VemraPlatform/ui/NodeTable.hpp"
+#include "VemraPlatform/ui/Patch.hpp"
+
+#include <vector>
+
+namespace vemra::page {
+
+/// The tree that patches describe: what every renderer has to keep, kept once.
+///
+/// It knows only patches, so that it holds what any renderer would come to. A node stays where it is
+/// in memory until a patch removes it.
+class PatchedTree {
+ public:
+  /// Learns of every change when it has happened, and of a removal before. Must not throw.
+  class Observer {
+   public:
+    virtual void inserted(Node&) {}
+    virtual void updated(Node&, const ui::Element& /*before*/) {}
+    /// A child came, went, or changed its place.
+    virtual void childrenChanged(Node& /*parent*/) {}
+    /// The node and everything below it go; they are still in their places.
+    virtual void removing(Node&) {}
+
+   protected:
+    ~Observer() = default;
+  };
+
+  PatchedTree() = default;
+  /// `observer` must outlive the tree. It hears nothing when the tree is destroyed.
+  explicit PatchedTree(Observer& observer) : observer_(&observer) {}
+  PatchedTree(const PatchedTree&) = delete;
+  PatchedTree& operator=(const PatchedTree&) = delete;
+
+  /// Carries the patches out in order. Throws `std::out_of_range` at one that speaks of a node that
+  /// is not there, or inserts one that is; those before it have been carried out.
+  void apply(const std::vector<ui::Patch>& patches);
+
+  /// The root, or nullptr while nothing is shown.
+  Node* root() { return root_; }
+  const Node* root() const { return root_; }
+  /// The node, or nullptr.
+  Node* find(ui::NodeID id);
+  const Node* find(ui::NodeID id) const;
+
+ private:
+  Node& at(ui::NodeID id);
+  void link(Node& node, ui::NodeID parent, ui::NodeID after);
+  void unlink(Node& node);
+  void erase(Node& node);
+
+  Observer* observer_ = nullptr;
+  ui::NodeTable<Node> nodes_;
+  Node* root_ = nullptr;
+};
+
+}  // namespace vemra::page

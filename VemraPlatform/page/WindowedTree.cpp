@@ -1,0 +1,94 @@
+#include "VemraPlatform/page/WindowedTree.hpp"
+
+#include "VemraPlatform/page/RowChanges.hpp"
+
+#include <utility>
+
+namespace vemra::page {
+
+using ui::ElementKind;
+
+namespace {
+
+// When more rows than that came and went, all heights are estimated again.
+constexpr std::size_t mostFollowed = 256;
+
+/// Heights stay with their rows: the page gets as much longer or shorter as the rows that came and
+/// went are high.
+void follow(RowHeights& heights, const ui::RowSource& before, const ui::RowSource& after) {
+  const RowChanges changes = rowChanges(before, after, mostFollowed);
+  if (changes.areComplete && heights.count() == before.count()) {
+    heights.follow(changes.left, changes.came);
+  } else {
+    heights.reset(after.count(), heights.gap());
+  }
+}
+
+bool standsInColumn(const Node& node) {
+  for (const Node* place = node.parent; place; place = place->parent) {
+    const ElementKind kind = place->element.kind();
+    if (kind == ElementKind::hStack || kind == ElementKind::picker || place->rows) return false;
+  }
+  return true;
+}
+
+void invalidate(Node* node) {
+  for (; node; node = node->parent) node->measuredWidth = -1;
+}
+
+}  // namespace
+
+void WindowedTree::apply(const std::vector<ui::Patch>& patches) {
+  tree_.apply(patches);
+  if (error_) std::rethrow_exception(std::exchange(error_, nullptr));
+}
+
+void WindowedTree::inserted(Node& node) {
+  if (node.element.kind() != ElementKind::forEach) return;
+  const bool windowed = standsInColumn(node);
+  if (windowed) node.rows = std::make_unique<RowHeights>();
+  (windowed ? lists_ : wholeLists_).push_back(&node);
+}
+
+void WindowedTree::updated(Node& node, const ui::Element& before) {
+  if (node.rows) {
+    const auto after = rowSourceOf(node.element);
+    try {
+      follow(*node.rows, *rowSourceOf(before), *after);
+    } catch (...) {
+      if (!error_) error_ = std::current_exception();
+      node.rows->reset(after->count(), node.rows->gap());
+    }
+  }
+  invalidate(&node);
+}
+
+void WindowedTree::childrenChanged(Node& parent) {
+  invalidate(&parent);
+}
+
+void WindowedTree::removing(Node& node) {
+  removing_(node);
+  forgetLists(node);
+}
+
+void WindowedTree::forgetLists(Node& node) {
+  if (node.element.kind() == ElementKind::forEach) {
+    std::erase(node.rows ? lists_ : wholeLists_, &node);
+  }
+  for (Node& child : node.children()) forgetLists(child);
+}
+
+void WindowedTree::invalidateAll() {
+  std::vector<Node*> pending;
+  if (root()) pending.push_back(root());
+  while (!pending.empty()) {
+    Node& node = *pending.back();
+    pending.pop_back();
+    node.measuredWidth = -1;
+    node.rowWidth = -1;
+    for (Node& child : node.children()) pending.push_back(&child);
+  }
+}
+
+}  // namespace vemra::page

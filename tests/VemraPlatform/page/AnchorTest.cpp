@@ -1,0 +1,99 @@
+#include "VemraPlatform/page/Anchor.hpp"
+#include "tests/VemraPlatform/page/Laid.hpp"
+
+#include <gtest/gtest.h>
+
+namespace vemra::page {
+
+using namespace sample;
+using Reason = Anchor::Reason;
+
+namespace {
+
+/// A column of texts, each of 20, below one as high as `lines` lines.
+ui::View texts(int lines, IDs names) {
+  std::string tall(static_cast<std::size_t>(lines) * 10, 'x');
+  ui::Children children{text(std::move(tall))};
+  for (const std::string& name : names) children.push_back(ui::View(text(name)).id(name));
+  return column(std::move(children));
+}
+
+class AnchorTest : public ::testing::Test {
+ protected:
+  AnchorTest() : laid(texts(10, {"a", "b", "c", "d", "e", "f"}), 100) {}
+  Anchor anchor(Reason reason, const Node* focused = nullptr) {
+    return {reason, laid.tree, laid.frames(), viewport, focused};
+  }
+  int position(const Anchor& anchor) { return anchor.position(laid.tree, laid.frames(), viewport); }
+  Laid laid;
+  Viewport viewport{100, 60, 210};  ///< shows the second half of "a", then "b", "c" and half of "d"
+};
+
+}  // namespace
+
+TEST_F(AnchorTest, TheFirstElementInViewStaysWhereItIs) {
+  const Anchor before = anchor(Reason::changed);
+  laid.show(texts(15, {"a", "b", "c", "d", "e", "f"}));
+  EXPECT_EQ(position(before), 310);
+}
+
+TEST_F(AnchorTest, TheNextElementStaysWhenTheFirstOneGoes) {
+  const Anchor before = anchor(Reason::changed);
+  laid.show(texts(10, {"b", "c", "d", "e", "f"}));
+  EXPECT_EQ(position(before), 190) << "b stands twenty higher";
+}
+
+TEST_F(AnchorTest, TheFocusedElementComesFirstWhenItIsInView) {
+  const Anchor before = anchor(Reason::changed, &laid.leaf("c"));
+  laid.show(texts(10, {"a", "b", "new", "c", "d", "e", "f"}));
+  const int top = laid.frames().of(laid.leaf("c")).y - position(before);
+  EXPECT_EQ(top, 240 - 210);
+}
+
+TEST_F(AnchorTest, AFocusedElementOutOfViewCountsForNothing) {
+  const Anchor before = anchor(Reason::changed, &laid.leaf("f"));
+  laid.show(texts(15, {"a", "b", "c", "d", "e", "f"}));
+  EXPECT_EQ(position(before), 310);
+}
+
+TEST_F(AnchorTest, OfATallElementWhoseTopIsAboveTheSamePartStays) {
+  viewport.position = 100;  // half of the tall text is above
+  const Anchor before = anchor(Reason::resized);
+  laid.width = 50;
+  laid.layOut();
+  EXPECT_EQ(laid.tree.root()->firstChild->frame.height, 400);
+  EXPECT_EQ(position(before), 200);
+}
+
+TEST_F(AnchorTest, AtTheVeryTopThePageStaysThere) {
+  viewport.position = 0;
+  const Anchor before = anchor(Reason::changed);
+  laid.show(texts(15, {"a", "b"}));
+  EXPECT_EQ(position(before), 0);
+}
+
+TEST_F(AnchorTest, AtTheVeryTopAFocusedElementInViewStaysAllTheSame) {
+  viewport = {100, 300, 0};
+  const Anchor before = anchor(Reason::changed, &laid.leaf("b"));
+  laid.show(texts(15, {"a", "b"}));
+  EXPECT_EQ(position(before), 100);
+}
+
+TEST_F(AnchorTest, AfterAJumpToTheEndTheEndStays) {
+  const Anchor before = anchor(Reason::scrolledToEnd);
+  laid.show(texts(15, {"a", "b"}));
+  EXPECT_EQ(position(before), 340) << "the whole page; the caller keeps it on the page";
+}
+
+TEST_F(AnchorTest, WhenEverythingInViewGoesTheRowStaysAtItsPlace) {
+  Laid rows(column({list(numbered(100))}), 100);
+  rows.ask({{0, 30}});
+  const Viewport seen{100, 60, 205};
+  const Anchor before(Reason::changed, rows.tree, rows.frames(), seen, nullptr);
+  rows.ask({});
+  EXPECT_EQ(before.position(rows.tree, rows.frames(), seen), 205);
+  rows.list().rows->setHeight(3, 120);
+  EXPECT_EQ(before.position(rows.tree, rows.frames(), seen), 305);
+}
+
+}  // namespace vemra::page

@@ -1,0 +1,148 @@
+#include "VemraPlatform/page/FocusOrder.hpp"
+#include "tests/VemraPlatform/page/Laid.hpp"
+
+#include <algorithm>
+
+#include <gtest/gtest.h>
+
+namespace vemra::page {
+
+using namespace sample;
+using Direction = FocusOrder::Direction;
+
+namespace {
+
+/// Rows come when they are asked for, beside those that are there.
+class FocusOrderTest : public ::testing::Test, protected RowSupply {
+ protected:
+  std::string first(Laid& laid, Direction direction = Direction::forward) {
+    supplied = &laid;
+    return shown(FocusOrder(laid.tree, *this).firstIn(*laid.tree.root(), direction));
+  }
+  std::string next(Laid& laid, std::string_view from, Direction direction = Direction::forward) {
+    supplied = &laid;
+    return shown(FocusOrder(laid.tree, *this).next(laid.leaf(from), direction));
+  }
+  std::string inPlaceOf(Laid& laid, const LostPlace& lost) {
+    supplied = &laid;
+    return shown(FocusOrder(laid.tree, *this).inPlaceOf(lost));
+  }
+  static std::string shown(const Node* leaf) { return leaf ? nameOf(*leaf) : "none"; }
+
+  Node* bringRow(Node& list, std::size_t index) override {
+    ++asked;
+    std::vector<ui::RowRange> ranges{{index, index + 1}};
+    for (const Node& row : list.children()) ranges.push_back({row.rowIndex, row.rowIndex + 1});
+    const ui::NodeID id = list.id;
+    supplied->graph.showRows(id, std::move(ranges));
+    Node* const still = supplied->tree.find(id);
+    if (!still) return nullptr;
+    const auto row = std::ranges::find(still->children(), index, &Node::rowIndex);
+    return row == still->children().end() ? nullptr : &*row;
+  }
+
+  Laid* supplied = nullptr;
+  int asked = 0;
+};
+
+ui::View controls(std::size_t count) {
+  return column({text("head"), button("one"), column({button("off").disabled(true), field("two")}),
+                 list(numbered(count), button), text("between"), button("last")});
+}
+
+}  // namespace
+
+TEST_F(FocusOrderTest, OnlyEnabledControlsTakeTheFocus) {
+  Laid laid(controls(0));
+  EXPECT_FALSE(takesFocus(laid.leaf("head")));
+  EXPECT_TRUE(takesFocus(laid.leaf("one")));
+  EXPECT_FALSE(takesFocus(laid.leaf("off")));
+  EXPECT_TRUE(takesFocus(laid.leaf("two")));
+  EXPECT_FALSE(takesFocus(*laid.tree.root()));
+}
+
+TEST_F(FocusOrderTest, GoesInTreeOrderThroughRowsThatAreNotThere) {
+  Laid laid(controls(3));
+  EXPECT_EQ(first(laid), "one");
+  EXPECT_EQ(next(laid, "one"), "two");
+  EXPECT_EQ(next(laid, "two"), "row0");
+  EXPECT_EQ(next(laid, "row0"), "row1");
+  EXPECT_EQ(next(laid, "row1"), "row2");
+  EXPECT_EQ(next(laid, "row2"), "last");
+  EXPECT_EQ(next(laid, "last"), "none");
+}
+
+TEST_F(FocusOrderTest, GoesBackwardsTheSameWay) {
+  Laid laid(controls(3));
+  EXPECT_EQ(first(laid, Direction::backward), "last");
+  EXPECT_EQ(next(laid, "last", Direction::backward), "row2");
+  EXPECT_EQ(next(laid, "row2", Direction::backward), "row1");
+  EXPECT_EQ(next(laid, "row1", Direction::backward), "row0");
+  EXPECT_EQ(next(laid, "row0", Direction::backward), "two");
+  EXPECT_EQ(next(laid, "two", Direction::backward), "one");
+  EXPECT_EQ(next(laid, "one", Direction::backward), "none");
+}
+
+TEST_F(FocusOrderTest, LeavesAListWithoutControlsAfterSixtyFourRows) {
+  Laid laid(column({button("before"), list(numbered(10'000)), button("after")}));
+  EXPECT_EQ(next(laid, "before"), "after");
+  EXPECT_EQ(asked, 64);
+  asked = 0;
+  EXPECT_EQ(next(laid, "after", Direction::backward), "before");
+  EXPECT_EQ(asked, 64);
+}
+
+TEST_F(FocusOrderTest, ARowTakesThePlaceOfALostRow) {
+  Laid laid(controls(5));
+  LostPlace lost;
+  lost.within = laid.list().id;
+  lost.row = 3;
+  EXPECT_EQ(inPlaceOf(laid, lost), "row3");
+  lost.row = 9;
+  EXPECT_EQ(inPlaceOf(laid, lost), "row4") << "the last row, when the lost one was behind it";
+}
+
+TEST_F(FocusOrderTest, WhatStandsBehindTheSameNeighbourTakesThePlaceOfALostElement) {
+  Laid laid(column({text("a"), button("b"), button("c")}));
+  const LostPlace lost = LostPlace::of(laid.leaf("b"));
+  EXPECT_EQ(lost.within, laid.tree.root()->id);
+  EXPECT_EQ(lost.after, laid.leaf("a").id);
+  EXPECT_FALSE(lost.row);
+  laid.show(column({text("a"), column({text("x"), button("y")}), button("c")}));
+  EXPECT_EQ(inPlaceOf(laid, lost), "y");
+  EXPECT_EQ(LostPlace::of(laid.leaf("a")).after, ui::NodeID{}) << "nothing before it";
+}
+
+TEST_F(FocusOrderTest, NothingTakesThePlaceInAParentThatHasGone) {
+  Laid laid(controls(2));
+  LostPlace lost;
+  lost.within = laid.leaf("two").parent->id;
+  laid.show(text("all gone"));
+  EXPECT_EQ(inPlaceOf(laid, lost), "none");
+}
+
+TEST_F(FocusOrderTest, EndsWhenTheTreeGoesWhileRowsComeIn) {
+  // What a row shows cannot be read: the graph gives the whole tree up.
+  const auto broken = [](const std::string&) -> ui::View {
+    return ui::TextField(
+        "f", ui::Binding<std::string>([]() -> std::string { throw 1; }, [](const std::string&) {}));
+  };
+  Laid laid(column({button("before"), list(numbered(10), broken), button("after")}));
+  supplied = &laid;
+  struct Guard final : RowSupply {
+    explicit Guard(RowSupply& newRows) : rows(newRows) {}
+    Node* bringRow(Node& list, std::size_t index) override {
+      try {
+        return rows.bringRow(list, index);
+      } catch (int) {
+        return nullptr;
+      }
+    }
+    RowSupply& rows;
+  } guard(*this);
+  EXPECT_EQ(shown(FocusOrder(laid.tree, guard).next(laid.leaf("before"), Direction::forward)),
+            "none");
+  EXPECT_EQ(laid.tree.root(), nullptr);
+}
+
+}  // namespace vemra::page

@@ -1,0 +1,152 @@
+#include "VemraPlatform/page/PatchedTree.hpp"
+
+#include <ranges>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace vemra::page {
+
+namespace {
+
+using namespace ui;
+using Kind = Patch::Kind;
+using page::Node;
+
+Patch insert(std::uint64_t node, std::uint64_t parent, std::uint64_t after) {
+  const View view = Text(verbatim(std::to_string(node)));
+  return {Kind::insert, NodeID{node}, NodeID{parent}, NodeID{after}, Element(view, {}, {})};
+}
+Patch move(std::uint64_t node, std::uint64_t parent, std::uint64_t after) {
+  return {Kind::move, NodeID{node}, NodeID{parent}, NodeID{after}, std::nullopt};
+}
+Patch removal(std::uint64_t node) {
+  return {Kind::remove, NodeID{node}, {}, {}, std::nullopt};
+}
+
+/// The ids in tree order; also checks that every link between two nodes leads back.
+std::string order(const Node* node) {
+  if (!node) return "";
+  std::string ids = std::to_string(node->id.value);
+  std::size_t count = 0;
+  const Node* previous = nullptr;
+  for (const Node& child : node->children()) {
+    EXPECT_EQ(child.parent, node);
+    EXPECT_EQ(child.previous, previous);
+    previous = &child;
+    ++count;
+    ids += order(&child);
+  }
+  EXPECT_EQ(node->lastChild, previous);
+  EXPECT_EQ(node->childCount, count);
+  return ids;
+}
+std::string order(const PatchedTree& tree) {
+  return order(tree.root());
+}
+
+class PatchedTreeTest : public ::testing::Test {
+ protected:
+  PatchedTreeTest() {
+    tree.apply(
+        {insert(1, 0, 0), insert(2, 1, 0), insert(3, 1, 2), insert(4, 1, 3), insert(5, 3, 0)});
+  }
+  PatchedTree tree;
+};
+
+}  // namespace
+
+TEST_F(PatchedTreeTest, PutsInMovesAndTakesOut) {
+  EXPECT_EQ(order(tree), "12354");
+  tree.apply({move(4, 1, 0)});
+  EXPECT_EQ(order(tree), "14235");
+  tree.apply({move(4, 1, 2)});
+  EXPECT_EQ(order(tree), "12435");
+  tree.apply({insert(6, 1, 4), removal(2), insert(7, 1, 0)});
+  EXPECT_EQ(order(tree), "174635");
+  tree.apply({removal(3)});
+  EXPECT_EQ(order(tree), "1746");
+  EXPECT_EQ(tree.find(NodeID{5}), nullptr) << "a removal takes the whole subtree";
+}
+
+TEST_F(PatchedTreeTest, WhatIsPutIntoASubtreeGoesWithItEvenInOneGo) {
+  tree.apply({insert(8, 5, 0), insert(9, 3, 5), move(9, 3, 0), removal(3)});
+  EXPECT_EQ(order(tree), "124");
+  for (const std::uint64_t gone : {3U, 5U, 8U, 9U}) EXPECT_EQ(tree.find(NodeID{gone}), nullptr);
+}
+
+TEST_F(PatchedTreeTest, TheRootMayGoAndAnotherCome) {
+  tree.apply({removal(1)});
+  EXPECT_FALSE(tree.root());
+  tree.apply({insert(20, 0, 0)});
+  EXPECT_EQ(tree.root(), tree.find(NodeID{20}));
+}
+
+TEST_F(PatchedTreeTest, APatchThatSpeaksOfNothingThrowsAndSaysSo) {
+  const auto problemWith = [&](const Patch& patch) -> std::string {
+    try {
+      tree.apply({patch});
+    } catch (const std::out_of_range& error) {
+      return error.what();
+    }
+    return "";
+  };
+  const std::string notThere = "a patch speaks of a node that is not there";
+  EXPECT_EQ(problemWith(removal(99)), notThere);
+  EXPECT_EQ(problemWith(move(99, 1, 0)), notThere);
+  EXPECT_EQ(problemWith(insert(30, 99, 0)), notThere);
+  EXPECT_EQ(problemWith(insert(31, 1, 99)), notThere);
+  EXPECT_EQ(problemWith(insert(2, 1, 0)), "a node was inserted twice");
+  EXPECT_EQ(problemWith(insert(32, 1, 5)), "a node was placed behind one that is not its sibling");
+}
+
+TEST_F(PatchedTreeTest, TheChildrenCanBeReadBackwards) {
+  std::string ids;
+  for (const Node& child : tree.root()->children() | std::views::reverse) {
+    ids += std::to_string(child.id.value);
+  }
+  EXPECT_EQ(ids, "432");
+}
+
+TEST_F(PatchedTreeTest, ANodeStaysTheSameObjectUntilItIsRemoved) {
+  const Node* const four = tree.find(NodeID{4});
+  tree.apply({move(4, 3, 5), insert(6, 1, 0), removal(2)});
+  EXPECT_EQ(tree.find(NodeID{4}), four);
+}
+
+namespace {
+
+struct Log final : PatchedTree::Observer {
+  std::string lines;
+  void inserted(Node& node) override { add("insert", node); }
+  void updated(Node& node, const Element& before) override {
+    add("update", node);
+    lines += "was " + std::string(before.shownLabel()) + " ";
+  }
+  void childrenChanged(Node& parent) override { add("children", parent); }
+  void removing(Node& node) override { add("remove", node); }
+  void add(const std::string& what, const Node& node) { lines += what + " " + order(&node) + " "; }
+};
+
+}  // namespace
+
+TEST(PatchedTreeObserver, HearsOfEveryChangeWhileTheTreeIsWhole) {
+  Log log;
+  PatchedTree tree(log);
+  tree.apply({insert(1, 0, 0), insert(2, 1, 0)});
+  EXPECT_EQ(log.lines, "insert 1 children 12 insert 2 ");
+  log.lines.clear();
+  Patch other = insert(2, 1, 0);
+  other.kind = Kind::update;
+  other.element = Element(Text(verbatim("new")), {}, {});
+  tree.apply({other});
+  EXPECT_EQ(log.lines, "update 2 was 2 ");
+  EXPECT_EQ(tree.find(NodeID{2})->element.shownLabel(), "new");
+  log.lines.clear();
+  tree.apply({insert(3, 2, 0), removal(2)});
+  EXPECT_EQ(log.lines, "children 23 insert 3 remove 23 children 1 ");
+}
+
+}  // namespace vemra::page
