@@ -46,5 +46,28 @@ TEST_F(OutlineReportTest, aStepIsOneLineWhateverItHolds) {
   EXPECT_EQ(ran.output.substr(0, ran.output.find('\n')), line);
 }
 
+TEST_F(OutlineReportTest, writesTheTreeOnceAtTheEndOrAfterEachStep) {
+  const auto treesIn = [](const std::string& text) {
+    int trees = 0;
+    for (std::size_t at = 0; (at = text.find("GoalResultView\n", at)) != std::string::npos; ++at) {
+      ++trees;
+    }
+    return trees;
+  };
+  const std::string none = run("- --outline", caseOf(nothing)).output;
+  EXPECT_TRUE(none.starts_with("GoalResultView\n")) << none;
+  EXPECT_EQ(treesIn(none), 1);
+  EXPECT_EQ(run("- --outline --trace", caseOf(nothing)).output, none)
+      << "there is no step to trace";
+
+  const std::string twoSteps = withSteps(nothing, press("x") + ", " + press("y"));
+  const std::string plain = run("- --outline", twoSteps).output;
+  EXPECT_EQ(treesIn(plain), 1);
+  EXPECT_NE(plain.find("\n\nGoalResultView\n"), std::string::npos) << plain;
+  const std::string traced = run("- --outline --trace", twoSteps).output;
+  EXPECT_EQ(treesIn(traced), 2) << traced;
+  EXPECT_FALSE(traced.ends_with("\n\n\n")) << traced;
+}
+
 }  // namespace
 }  // namespace vemra::inspect

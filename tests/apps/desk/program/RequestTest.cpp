@@ -1,0 +1,53 @@
+#include "apps/desk/commands/Request.hpp"
+
+#include <vector>
+
+#include <gmock/gmock.h>
+
+namespace vemra::desk {
+namespace {
+
+using testing::HasSubstr;
+
+/// What a command line is answered with instead of being carried out.
+commandline::Farewell farewellTo(std::vector<const char*> words) {
+  words.insert(words.begin(), "vemra-desk");
+  const auto read = readRequest(static_cast<int>(words.size()), words.data());
+  const auto* farewell = std::get_if<commandline::Farewell>(&read);
+  return farewell != nullptr ? *farewell : commandline::Farewell{};
+}
+
+/// What is wrong with a command line, "" where it is a request.
+std::string diagnosticOf(std::vector<const char*> words) {
+  return farewellTo(std::move(words)).diagnostic;
+}
+
+TEST(RequestTest, AnOptionThatIsGivenTwiceIsNamed) {
+  EXPECT_THAT(diagnosticOf({"--goal", "g1", "export", "--goal", "g1"}),
+              HasSubstr("--goal: is given twice"));
+  EXPECT_THAT(diagnosticOf({"--store", "a", "goals", "--store", "b"}),
+              HasSubstr("--store: is given twice"));
+}
+
+TEST(RequestTest, AGoalIsNeededForACommandAboutOneAndRefusedForTheOthers) {
+  EXPECT_THAT(diagnosticOf({"export"}), HasSubstr("--goal is required"));
+  EXPECT_THAT(diagnosticOf({"outcomes"}), HasSubstr("--goal is required"));
+  EXPECT_THAT(diagnosticOf({"--goal", "g1", "goals"}),
+              HasSubstr("--goal: this command is not about one goal"));
+  EXPECT_EQ(diagnosticOf({"--goal", "g1"}), "") << "the window is about the goal";
+}
+
+TEST(RequestTest, HelpSaysWhatEachCommandAndOptionIsFor) {
+  const std::string help = farewellTo({"--help"}).output;
+  for (const char* purpose :
+       {"Store result documents, all of them or none", "List the goals: id, a tab, title",
+        "Write what was recorded for a goal, as JSON", "Write a goal's current result document",
+        "Open this goal at once", "The store, an SQLite 3 file; the user's own without it"}) {
+    EXPECT_THAT(help, HasSubstr(purpose));
+  }
+  EXPECT_THAT(farewellTo({"import", "--help"}).output,
+              HasSubstr("Result documents; - is standard input"));
+}
+
+}  // namespace
+}  // namespace vemra::desk
