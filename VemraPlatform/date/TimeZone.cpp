@@ -23,10 +23,19 @@ bool isListedByICU(std::string_view timeZone) {
   return U_SUCCESS(status) && isListed;
 }
 
+/// Whether the machine has time zone files of its own, and none of that name.
+bool isUnknownToTheMachine(const std::string& timeZone) {
+  return zoneOfDatabase("UTC") && !zoneOfDatabase(timeZone);
+}
+
 /// The time zone that a TZ without its colon means.
 std::optional<std::string> zoneOfSetting(const std::string& setting) {
   if (setting.empty()) return "UTC";
-  if (isKnownTimeZone(setting)) return setting;
+  if (isKnownTimeZone(setting)) {
+    // A name that only ICU has is no name to the C library: `JST` is UTC, `PST8PDT` a rule.
+    const bool isUTC = isUnknownToTheMachine(setting) && !TimeZoneRule::parse(setting);
+    return isUTC ? "UTC" : setting;
+  }
   const bool isAbsolute = setting.front() == '/';
   if (auto zone = zoneOfPath(isAbsolute ? setting : std::string(zoneinfoFolder) + '/' + setting)) {
     return zone;

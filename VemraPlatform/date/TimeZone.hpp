@@ -17,7 +17,9 @@ bool isKnownTimeZone(std::string_view timeZone);
 ///
 /// TZ is, with or without a colon in front, and the first of these that it can be:
 /// - empty, which is UTC, as POSIX has it;
-/// - a known name;
+/// - a known name. One that only ICU has (`JST`) is UTC, unless it is a POSIX rule as well
+///   (`PST8PDT`): that is what it means to the C library, and so what `date` shows. A machine
+///   without time zone files takes all names from ICU;
 /// - the path of a time zone file, absolute or below `/usr/share/zoneinfo`. A path or a symbolic
 ///   link with a `zoneinfo` folder names the zone, below `posix` and `right` too. Any other file,
 ///   such as a copy, is the zone of the database with the same content; without one, the rule that
@@ -29,7 +31,7 @@ bool isKnownTimeZone(std::string_view timeZone);
 /// is Asia/Tokyo.
 ///
 /// Gives a known time zone or a POSIX rule, either good for `abbreviatedDate`. Reads the
-/// environment, and files when TZ is not a known name, on every call.
+/// environment and files on every call.
 std::string systemTimeZone();
 
 }  // namespace vemra::date

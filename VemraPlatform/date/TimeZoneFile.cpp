@@ -1,10 +1,10 @@
 #include "VemraPlatform/date/TimeZoneFile.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <system_error>
 
 namespace vemra::date {
@@ -12,20 +12,21 @@ namespace {
 
 constexpr std::string_view magic = "TZif";
 
-/// Reads fields from left to right. A field that is not wholly there is empty or 0, as are all after it.
+/// Reads fields from left to right. A field that is not wholly there is empty or 0, as are all
+/// after it.
 class FieldReader {
  public:
   explicit FieldReader(std::string_view content) noexcept : rest_(content) {}
 
   std::string_view rest() const noexcept { return rest_; }
 
-  std::string_view bytes(std::size_t count) noexcept {
+  std::string_view bytes(std::uint64_t count) noexcept {
     if (count > rest_.size()) {
       rest_ = {};
       return {};
     }
-    const std::string_view field = rest_.substr(0, count);
-    rest_.remove_prefix(count);
+    const std::string_view field = rest_.substr(0, static_cast<std::size_t>(count));
+    rest_.remove_prefix(field.size());
     return field;
   }
 
@@ -37,23 +38,22 @@ class FieldReader {
     return static_cast<std::int64_t>(value);
   }
 
-  std::size_t count() noexcept {
-    return static_cast<std::size_t>(static_cast<std::uint32_t>(number(4)));
-  }
+  std::uint32_t count() noexcept { return static_cast<std::uint32_t>(number(4)); }
 
  private:
   std::string_view rest_;
 };
 
+/// Sizes of blocks are computed with 64 bits: no six counts of 32 bits overflow them.
 struct Header {
   bool isThere = false;
   char version = '\0';
-  std::size_t isUTCount = 0;
-  std::size_t isStandardCount = 0;
-  std::size_t leapCount = 0;
-  std::size_t changeCount = 0;
-  std::size_t typeCount = 0;
-  std::size_t characterCount = 0;
+  std::uint64_t isUTCount = 0;
+  std::uint64_t isStandardCount = 0;
+  std::uint64_t leapCount = 0;
+  std::uint64_t changeCount = 0;
+  std::uint64_t typeCount = 0;
+  std::uint64_t characterCount = 0;
 
   static Header read(FieldReader& reader) noexcept {
     Header header;
@@ -72,12 +72,12 @@ struct Header {
   }
 
   /// The bytes behind the local time types.
-  std::size_t sizeOfTail(std::size_t timeSize) const noexcept {
+  std::uint64_t sizeOfTail(std::uint64_t timeSize) const noexcept {
     return characterCount + leapCount * (timeSize + 4) + isStandardCount + isUTCount;
   }
 
-  std::size_t sizeOfBlock(std::size_t timeSize) const noexcept {
-    constexpr std::size_t typeSize = 6;
+  std::uint64_t sizeOfBlock(std::uint64_t timeSize) const noexcept {
+    constexpr std::uint64_t typeSize = 6;
     return changeCount * (timeSize + 1) + typeCount * typeSize + sizeOfTail(timeSize);
   }
 };
@@ -85,14 +85,19 @@ struct Header {
 }  // namespace
 
 std::optional<std::string> TimeZoneFile::contentOf(const std::string& path) {
-  // The database's largest file has 4 kB. Opening a device or an idle pipe could wait for ever.
-  constexpr std::uintmax_t largest = 1 << 20;
+  // Opening a device or an idle pipe could wait for ever.
   std::error_code error;
   if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
-  if (std::filesystem::file_size(path, error) > largest) return std::nullopt;
+  // The size of a file says little: those that the kernel makes up have none, and may have no end.
+  constexpr std::size_t largest = 1 << 20;
+  std::string content;
   std::ifstream file(path, std::ios::binary);
-  std::string content{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  if (!content.starts_with(magic)) return std::nullopt;
+  std::array<char, 16384> piece;
+  while (file && content.size() <= largest) {
+    file.read(piece.data(), piece.size());
+    content.append(piece.data(), static_cast<std::size_t>(file.gcount()));
+  }
+  if (content.size() > largest || !content.starts_with(magic)) return std::nullopt;
   return content;
 }
 
@@ -111,12 +116,12 @@ std::optional<TimeZoneFile> TimeZoneFile::parse(std::string_view content) {
   if (!header.isThere || header.sizeOfBlock(timeSize) > reader.rest().size()) return std::nullopt;
 
   TimeZoneFile zone;
-  for (std::size_t index = 0; index < header.changeCount; ++index) {
+  for (std::uint64_t index = 0; index < header.changeCount; ++index) {
     zone.changes_.push_back({reader.number(timeSize), 0});
   }
   const std::string_view types = reader.bytes(header.changeCount);
   std::vector<int> offsets;
-  for (std::size_t index = 0; index < header.typeCount; ++index) {
+  for (std::uint64_t index = 0; index < header.typeCount; ++index) {
     const std::int64_t offset = reader.number(4);
     reader.bytes(2);  // whether it is summer time, and what it is called
     constexpr int mostWest = -25 * 3600;

@@ -17,7 +17,7 @@ namespace vemra::date {
 class TimeZoneFile {
  public:
   /// The content of a file that may be a time zone; nothing when it is no regular file, cannot be
-  /// read, has no TZif header or is larger than any time zone is.
+  /// read, has no TZif header or is larger than 1 MiB (those of the database have a few kB).
   static std::optional<std::string> contentOf(const std::string& path);
 
   /// Reads the content of a file; nothing when it is not a whole and valid one. Bytes behind the

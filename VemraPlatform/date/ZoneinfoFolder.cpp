@@ -28,11 +28,11 @@ std::optional<std::string> nameInPath(const fs::path& path) {
 }
 
 /// The first known name in the order of names, so that the same file always has the same.
-std::optional<std::string> nameOfContent(const std::string& content) {
+std::optional<std::string> nameOfContent(const std::string& content, std::string_view database) {
   std::optional<std::string> first;
   std::error_code error;
   const auto options = fs::directory_options::skip_permission_denied;
-  for (auto entry = fs::recursive_directory_iterator(zoneinfoFolder, options, error);
+  for (auto entry = fs::recursive_directory_iterator(database, options, error);
        !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
     std::error_code none;
     if (entry->file_size(none) != content.size() || none) continue;
@@ -58,7 +58,7 @@ std::optional<TimeZoneFile> zoneOfDatabase(std::string_view name) {
   return content ? TimeZoneFile::parse(*content) : std::nullopt;
 }
 
-std::optional<std::string> zoneOfPath(const std::string& path) {
+std::optional<std::string> zoneOfPath(const std::string& path, std::string_view database) {
   // As many links as Linux follows.
   constexpr int mostLinks = 40;
   fs::path step(path);
@@ -72,7 +72,7 @@ std::optional<std::string> zoneOfPath(const std::string& path) {
   const std::optional<std::string> content = TimeZoneFile::contentOf(path);
   const auto zone = content ? TimeZoneFile::parse(*content) : std::nullopt;
   if (!zone) return std::nullopt;
-  if (auto name = nameOfContent(*content)) return name;
+  if (auto name = nameOfContent(*content, database)) return name;
   return zone->footer().empty() ? std::nullopt : std::optional(zone->footer());
 }
 

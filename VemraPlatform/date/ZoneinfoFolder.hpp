@@ -27,7 +27,9 @@ std::optional<TimeZoneFile> zoneOfDatabase(std::string_view name);
 /// 3. the rule that the file has for the time after its last change.
 ///
 /// - Parameter path: absolute. A relative link counts from the folder it is in.
+/// - Parameter database: the folder of the machine's database, with the name `zoneinfo`.
 /// - Returns: nothing when none of these is there, as for a file that is no time zone.
-std::optional<std::string> zoneOfPath(const std::string& path);
+std::optional<std::string> zoneOfPath(const std::string& path,
+                                      std::string_view database = zoneinfoFolder);
 
 }  // namespace vemra::date

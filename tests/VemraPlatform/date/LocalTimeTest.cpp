@@ -5,9 +5,12 @@
 #include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <random>
 
 #include <gtest/gtest.h>
+#include <unicode/strenum.h>
+#include <unicode/timezone.h>
 
 // Local time as the C library computes it for a TZ, which is what the rest of the machine shows.
 
@@ -102,6 +105,24 @@ TEST(LocalTime, isThatOfTheCLibraryInEveryZoneOfTheMachine) {
     }
   }
   EXPECT_GE(compared, 10000U);
+}
+
+TEST(LocalTime, isThatOfTheCLibraryUnderANameThatOnlyICUHas) {
+  UErrorCode status = U_ZERO_ERROR;
+  const std::unique_ptr<icu::StringEnumeration> names(
+      icu::TimeZone::createTimeZoneIDEnumeration(UCAL_ZONE_TYPE_ANY, nullptr, nullptr, status));
+  ASSERT_TRUE(U_SUCCESS(status));
+  Instants instants(1900, 2400);
+  int compared = 0;
+  while (const char* name = names->next(nullptr, status)) {
+    // To the C library, Etc/Unknown is as good as any other name that it does not have.
+    if (fs::exists(zoneinfo / name) || !date::isKnownTimeZone(name)) continue;
+    const LocalTime local(name);
+    for (int round = 0; round < 8; ++round, ++compared) {
+      EXPECT_EQ(local.differenceAround(instants.next()), "") << name;
+    }
+  }
+  EXPECT_GE(compared, 100) << "JST, IST, PST and the like";
 }
 
 TEST(LocalTime, isThatOfTheCLibraryUnderARule) {

@@ -197,6 +197,8 @@ TEST(TimeZoneFile, isARegularFileOfModerateSize) {
   EXPECT_EQ(TimeZoneFile::contentOf(folder.string()), std::nullopt);
   EXPECT_EQ(TimeZoneFile::contentOf((folder / "missing").string()), std::nullopt);
   EXPECT_EQ(TimeZoneFile::contentOf("/dev/zero"), std::nullopt);
+  // A regular file of size 0, and of 256 gigabytes when it is read.
+  EXPECT_EQ(TimeZoneFile::contentOf("/proc/self/pagemap"), std::nullopt);
   fs::remove_all(folder);
 }
 

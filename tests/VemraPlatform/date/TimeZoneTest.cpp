@@ -38,7 +38,12 @@ TEST(SystemTimeZone, isTheOneOfTZ) {
   EXPECT_EQ(systemTimeZone(":Asia/Tokyo"), "Asia/Tokyo");
   EXPECT_EQ(systemTimeZone("/usr/share/zoneinfo/America/New_York"), "America/New_York");
   EXPECT_EQ(systemTimeZone("UTC"), "UTC");
-  EXPECT_EQ(systemTimeZone("JST"), "JST") << "ICU alone has it";
+}
+
+TEST(SystemTimeZone, ofANameThatOnlyICUHasIsUTC) {
+  ASSERT_TRUE(date::isKnownTimeZone("JST"));
+  EXPECT_EQ(systemTimeZone("JST"), "UTC");
+  EXPECT_EQ(systemTimeZone(":IST"), "UTC");
 }
 
 TEST(SystemTimeZone, isUTCWhenTZIsEmpty) {

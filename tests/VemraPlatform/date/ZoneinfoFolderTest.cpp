@@ -24,10 +24,22 @@ class ZoneOfPath : public ::testing::Test {
   ZoneOfPath(const ZoneOfPath&) = delete;
   ZoneOfPath& operator=(const ZoneOfPath&) = delete;
 
-  std::string copy(const std::string& name) const {
-    fs::copy_file(fs::path(date::zoneinfoFolder) / name, folder / "copy",
-                  fs::copy_options::overwrite_existing);
+  std::string copy(const std::string& name, const fs::path& database = date::zoneinfoFolder) const {
+    fs::copy_file(database / name, folder / "copy", fs::copy_options::overwrite_existing);
     return (folder / "copy").string();
+  }
+
+  /// A database of our own: copies below `posix` and `right` are not installed everywhere.
+  fs::path database() const {
+    const fs::path plain = fs::path(date::zoneinfoFolder) / "America/St_Johns";
+    const fs::path zoneinfo = folder / "zoneinfo";
+    for (const char* copies : {"", "posix", "right"}) {
+      fs::create_directories(zoneinfo / copies / "America");
+      fs::copy_file(plain, zoneinfo / copies / "America/St_Johns");
+    }
+    // Leap seconds make other content of it. More bytes behind the last field do, too.
+    std::ofstream(zoneinfo / "right/America/St_Johns", std::ios::binary | std::ios::app) << "more";
+    return zoneinfo;
   }
 
   std::string link(const std::string& target, const std::string& name = "link") const {
@@ -65,8 +77,16 @@ TEST_F(ZoneOfPath, followsLinks) {
 TEST_F(ZoneOfPath, ofACopyIsTheZoneWithTheSameContent) {
   EXPECT_EQ(zoneOfPath(copy("Asia/Kathmandu")), "Asia/Kathmandu") << "the first of two names";
   EXPECT_EQ(zoneOfPath(link("copy")), "Asia/Kathmandu");
-  EXPECT_EQ(zoneOfPath(copy("right/America/St_Johns")), "America/St_Johns");
-  EXPECT_EQ(zoneOfPath(copy("posix/America/St_Johns")), "America/St_Johns");
+}
+
+TEST_F(ZoneOfPath, ofACopyIsTheZoneWithTheSameContentBelowPosixAndRight) {
+  const fs::path zoneinfo = database();
+  EXPECT_EQ(zoneOfPath(copy("posix/America/St_Johns", zoneinfo), zoneinfo.string()),
+            "America/St_Johns");
+  const std::string right = copy("right/America/St_Johns", zoneinfo);
+  EXPECT_EQ(zoneOfPath(right, zoneinfo.string()), "America/St_Johns");
+  fs::remove(zoneinfo / "right/America/St_Johns");
+  EXPECT_EQ(zoneOfPath(right, zoneinfo.string()), "NST3:30NDT,M3.2.0,M11.1.0") << "its rule";
 }
 
 TEST_F(ZoneOfPath, ofACopyWithManyNamesIsTheFirstOfThemInTheAlphabet) {
