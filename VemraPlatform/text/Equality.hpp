@@ -80,7 +80,7 @@ bool equal(const Optional& a, const Optional& b) {
 
 /// Hashes a text so that canonically equivalent texts hash equally.
 ///
-/// The value holds in this process alone: it depends on a random key (see KeyedHash.hpp).
+/// The value holds in this process alone: it depends on a random key of SipHash-1-3.
 std::size_t hash(std::string_view text);
 
 /// Canonical equality as a function object for unordered containers, with lookup by view.

@@ -10,7 +10,8 @@ endfunction()
 file(REMOVE_RECURSE "${work}")
 run("${CMAKE_COMMAND}" --install "${build}" --prefix "${work}/prefix")
 # What a library keeps to itself must not be there to be included; what it offers must.
-foreach(header VemraGoalSurface/GoalOutcomeRecordingControl.hpp VemraPlatform/ui/Rows.hpp)
+foreach(header VemraGoalSurface/GoalOutcomeRecordingControl.hpp VemraPlatform/text/KeyedHash.hpp
+        VemraPlatform/ui/Rows.hpp)
   if(EXISTS "${work}/prefix/include/${header}")
     message(FATAL_ERROR "${header} is installed, and is nobody's but its library's")
   endif()
