@@ -27,10 +27,18 @@ void vemra::testing::refuseNoAllocation() {
 
 #ifndef VEMRA_ALLOCATIONS_ARE_NOT_COUNTED
 
-// The other forms of new and delete are defined by these, but for those with an alignment.
+// The other forms of new and delete are defined by these.
 void* operator new(std::size_t size) {
   if (count++ == refused) throw std::bad_alloc();
   if (void* memory = std::malloc(size != 0 ? size : 1)) return memory;
+  throw std::bad_alloc();
+}
+
+void* operator new(std::size_t size, std::align_val_t alignment) {
+  if (count++ == refused) throw std::bad_alloc();
+  const auto step = static_cast<std::size_t>(alignment);
+  // The C library wants a multiple of the alignment.
+  if (void* memory = std::aligned_alloc(step, (size + step - 1) / step * step)) return memory;
   throw std::bad_alloc();
 }
 
@@ -39,6 +47,14 @@ void operator delete(void* memory) noexcept {
 }
 
 void operator delete(void* memory, std::size_t) noexcept {
+  std::free(memory);
+}
+
+void operator delete(void* memory, std::align_val_t) noexcept {
+  std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
   std::free(memory);
 }
 

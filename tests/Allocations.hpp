@@ -4,8 +4,8 @@
 
 namespace vemra::testing {
 
-/// How often this program has called `operator new` so far, in whatever library. Calls with an
-/// alignment, as for an array of outcomes, do not count and are never refused.
+/// How often this program has called `operator new` so far, with or without an alignment, in
+/// whatever library.
 ///
 /// Always 0 where the program cannot replace it (under the sanitizers).
 std::uint64_t allocations();

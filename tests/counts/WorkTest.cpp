@@ -1,5 +1,5 @@
-// The cost of what happens on a screen follows what changed and what is visible, never the length of
-// the list: the same things are done for 10,000 people as for 100. Counted, not timed, so that a
+// The cost of what happens on a screen follows what changed and what is visible, never the length
+// of the list: the same things are done for 10,000 people as for 100. Counted, not timed, so that a
 // busy machine says the same as an idle one.
 
 #include "benchmarks/data/SampleResult.hpp"
@@ -83,6 +83,9 @@ TEST(Work, CountsAllocations) {
   QObject object;  // allocates its private part, in Qt's own library
   const std::uint64_t one = vemra::testing::allocations() - before;
   EXPECT_EQ(one, 1U);
+  constexpr std::align_val_t cacheLine{64};
+  ::operator delete(::operator new(100, cacheLine), cacheLine);
+  EXPECT_EQ(vemra::testing::allocations() - before, 2U) << "arrays of outcomes are aligned";
 }
 
 TEST(Work, OfTheFirstFrame) {
