@@ -84,7 +84,9 @@ std::string storeFileToWrite(const Request& request) {
 std::optional<GoalStore> existingStore(const Request& request) {
   const std::string file = storeFile(request);
   std::error_code error;
-  if (!request.store && !std::filesystem::exists(file, error) && !error) return std::nullopt;
+  const auto status = std::filesystem::symlink_status(file, error);
+  const bool missing = status.type() == std::filesystem::file_type::not_found;
+  if (!request.store && missing) return std::nullopt;
   return GoalStore::openExisting(file);
 }
 

@@ -13,11 +13,11 @@ namespace vemra::desk {
 std::string storeFile(const Request& request);
 
 /// The same for one that will be written: makes the folder of the user's own store. The folder of a
-/// file that somebody named is never made.
+/// file that the user named is never made.
 std::string storeFileToWrite(const Request& request);
 
 /// The store that a request is about, to read from it; none when nothing has been stored in it yet.
-/// The folder of a file that somebody named must be there. May throw a `StoreError`.
+/// The folder of a file that the user named must be there. May throw a `StoreError`.
 std::optional<GoalStore> existingStore(const Request& request);
 
 /// Carries out every request but the window.

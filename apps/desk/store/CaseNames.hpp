@@ -1,6 +1,6 @@
 #pragma once
 
-#include "apps/desk/store/Database.hpp"
+#include "apps/desk/store/Statement.hpp"
 #include "apps/documents/EnumerationNames.hpp"
 
 #include <span>

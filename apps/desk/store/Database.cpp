@@ -1,45 +1,24 @@
 #include "apps/desk/store/Database.hpp"
 
-#include "VemraPlatform/text/Equality.hpp"
 #include "apps/desk/store/Distrust.hpp"
 #include "apps/desk/store/FileLocks.hpp"
 #include "apps/desk/store/Problem.hpp"
+#include "apps/desk/store/SameText.hpp"
+#include "apps/desk/store/Statement.hpp"
 #include "apps/desk/store/StoreError.hpp"
 #include "apps/documents/DocumentError.hpp"
 
 #include <cerrno>
 #include <cstring>
 #include <exception>
-#include <new>
+#include <string_view>
 
 #include <sqlite3.h>
 
 namespace vemra::desk {
 namespace {
 
-/// same_text(a, b): whether two texts are canonically equivalent; nil is the same as nothing.
-///
-/// SQLite calls it from C, which nothing may be thrown through: a failure becomes the statement's.
-void sameText(sqlite3_context* context, int, sqlite3_value** values) noexcept {
-  const auto isNil = [&](int i) { return sqlite3_value_type(values[i]) == SQLITE_NULL; };
-  const auto view = [&](int i) {
-    const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(values[i]));
-    if (bytes == nullptr) throw std::bad_alloc();
-    return std::string_view(bytes, static_cast<std::size_t>(sqlite3_value_bytes(values[i])));
-  };
-  try {
-    const bool same = !isNil(0) && !isNil(1) && text::equal(view(0), view(1));
-    sqlite3_result_int(context, same ? 1 : 0);
-  } catch (const std::bad_alloc&) {
-    sqlite3_result_error_nomem(context);
-  } catch (const std::exception& error) {
-    sqlite3_result_error(context, error.what(), -1);
-  } catch (...) {
-    sqlite3_result_error(context, "two texts could not be compared", -1);
-  }
-}
-
-/// What must not depend on how somebody has built SQLite.
+/// Settings that must not depend on how a distribution has built SQLite.
 ///
 /// - synchronous: what is acknowledged survives a loss of power, in write-ahead mode too.
 /// - mmap_size: a disk that fails under a mapped file ends the process by a signal.
@@ -68,8 +47,8 @@ Database::Database(const std::string& file, Opening opening, Patience patience)
   const int error = errno;
   connection_.reset(connection);
   if (code != SQLITE_OK) fail(connection != nullptr ? sqlite3_extended_errcode(connection) : code);
-  // Where the system refuses to open a file for writing, SQLite opens it for reading and says no
-  // word. Such a connection would never write again.
+  // Where the system refuses to open a file for writing, SQLite silently opens it for reading. Such
+  // a connection would never write.
   if (file_.isForWriting() && sqlite3_db_readonly(connection, "main") != 0) {
     throw StoreFailure(file, std::string("cannot be opened for writing: ") +
                                  (error != 0 ? std::strerror(error) : "it is read-only"));
@@ -78,15 +57,15 @@ Database::Database(const std::string& file, Opening opening, Patience patience)
   confirmPlace();
   sqlite3_extended_result_codes(connection, 1);
   sqlite3_busy_timeout(connection, static_cast<int>(patience.count()));
-  sqlite3_create_function_v2(connection, "same_text", 2,
-                             SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY, nullptr,
-                             sameText, nullptr, nullptr, nullptr);
+  addSameText(connection);
   distrustContents(connection);
   run(settings);
 }
 
 Database::~Database() {
-  if (connection_) settleLog();
+  if (!connection_) return;
+  settleLog();
+  removeNewFile();
 }
 
 void Database::run(const char* sql) {
@@ -113,6 +92,24 @@ void Database::accept() {
   }
   if (hasLog) file_.noteCompanions();
   version();
+}
+
+void Database::removeNewFile() {
+  if (!file_.isNewAndEmpty()) return;
+  // With this lock, no other program writes the file between the look at it and its removal.
+  sqlite3_busy_timeout(handle(), 0);
+  const int code = sqlite3_exec(handle(), "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+  if ((code & 0xFF) == SQLITE_BUSY) {
+    file_.keep();  // another program is about to fill it
+  } else if (code == SQLITE_OK) {
+    file_.removeNewUnderLock();
+  }
+}
+
+void Database::makeDurable() {
+  const int code =
+      sqlite3_wal_checkpoint_v2(handle(), "main", SQLITE_CHECKPOINT_FULL, nullptr, nullptr);
+  if (code != SQLITE_OK) fail(code);
 }
 
 void Database::countText(std::size_t bytes) {
@@ -181,114 +178,17 @@ void Database::settleLog() {
 void Database::fail(int code) {
   switch (code & 0xFF) {
     case SQLITE_BUSY:
-    case SQLITE_PROTOCOL:  // somebody was quicker at every single try
+    case SQLITE_PROTOCOL:  // another program was quicker at every single try
       throw StoreBusy(file());
-    case SQLITE_CONSTRAINT:
-    case SQLITE_TOOBIG:
-    case SQLITE_CORRUPT:
-    case SQLITE_NOTADB:
-      throw StoreError(file(), problem(code, handle()));
     case SQLITE_READONLY:
       if (code == SQLITE_READONLY_DBMOVED) confirmPlace();
       break;
     default:
       break;
   }
-  throw StoreFailure(file(), problem(code, handle()));
-}
-
-void Statement::Finalize::operator()(sqlite3_stmt* statement) const {
-  sqlite3_finalize(statement);
-}
-
-Statement::Statement(Database& database, std::string_view sql, RowsOf rows)
-    : database_(&database), rows_(rows) {
-  sqlite3_stmt* statement = nullptr;
-  const int code = sqlite3_prepare_v2(database.handle(), sql.data(), static_cast<int>(sql.size()),
-                                      &statement, nullptr);
-  statement_.reset(statement);
-  check(code);
-}
-
-bool Statement::next() {
-  const int code = sqlite3_step(statement_.get());
-  if (code == SQLITE_ROW) return true;
-  if (code != SQLITE_DONE) database_->fail(code);
-  reset();
-  return false;
-}
-
-void Statement::bind(int index, std::string_view text) {
-  // A null pointer would mean NULL, which an empty text is not.
-  const char* bytes = text.data() != nullptr ? text.data() : "";
-  check(
-      sqlite3_bind_text64(statement_.get(), index, bytes, text.size(), SQLITE_STATIC, SQLITE_UTF8));
-}
-
-void Statement::bind(int index, const std::optional<std::string>& text) {
-  if (text) {
-    bind(index, std::string_view(*text));
-  } else {
-    check(sqlite3_bind_null(statement_.get(), index));
-  }
-}
-
-void Statement::bind(int index, std::int64_t number) {
-  check(sqlite3_bind_int64(statement_.get(), index, number));
-}
-
-void Statement::bind(int index, const std::optional<std::int64_t>& number) {
-  if (number) {
-    bind(index, *number);
-  } else {
-    check(sqlite3_bind_null(statement_.get(), index));
-  }
-}
-
-void Statement::check(int code) {
-  if (code != SQLITE_OK) database_->fail(code);
-}
-
-void Statement::runBound() {
-  while (next()) {
-  }
-}
-
-void Statement::reset() {
-  sqlite3_reset(statement_.get());
-}
-
-Transaction::Transaction(Database& database, Kind kind) : database_(database) {
-  database.confirmPlace();
-  database.run(kind == Kind::writing ? "BEGIN IMMEDIATE" : "BEGIN");
-  try {
-    database.confirmPlace();  // it has waited for others meanwhile
-    database.startTextCount();
-  } catch (...) {
-    // The destructor does not run.
-    rollBack();
-    throw;
-  }
-}
-
-Transaction::~Transaction() {
-  // A failure may have rolled everything back already; then there is nothing left to do.
-  if (open_) rollBack();
-}
-
-void Transaction::rollBack() noexcept {
-  sqlite3_exec(database_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
-}
-
-void Transaction::commit() {
-  database_.confirmPlace();
-  database_.run("COMMIT");
-  open_ = false;
-  try {
-    database_.confirmPlace();
-  } catch (const std::bad_alloc&) {
-    // It is committed. Only where the file is could not be asked.
-  }
+  const Problem problem = problemOf(code, handle());
+  if (problem.isOfContent) throw StoreError(file(), problem.text);
+  throw StoreFailure(file(), problem.text);
 }
 
 }  // namespace vemra::desk

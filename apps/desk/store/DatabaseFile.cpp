@@ -1,10 +1,12 @@
 #include "apps/desk/store/DatabaseFile.hpp"
 
 #include "apps/desk/store/StoreError.hpp"
+#include "apps/documents/DocumentError.hpp"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <ctime>
 #include <fcntl.h>
 #include <filesystem>
 #include <string_view>
@@ -33,30 +35,42 @@ std::filesystem::path absolutePath(const std::string& file) {
   throw StoreError(file, std::string("cannot be opened: ") + std::strerror(error));
 }
 
-/// Whether this user may write there; on a file system that is read-only nobody may.
+/// Whether this user may write there. On a file system that is read-only no user may.
 bool mayBeWritten(const std::string& path) {
   return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
-/// Whether SQLite keeps something beside the file: somebody has it open, or was killed meanwhile.
+/// Whether SQLite keeps something beside the file: a program has it open, or was killed meanwhile.
 bool isInUse(const std::string& path) {
   return std::any_of(companionSuffixes.begin(), companionSuffixes.end(),
                      [&](const char* suffix) { return sizeOf(path + suffix) > 0; });
 }
 
-/// Whether the file at a path is for certain not the one noted. A path that cannot be looked at, for
-/// whatever reason, says nothing: what is committed by then must not be called refused.
+/// Whether the file at a path is for certain not the one noted. A path that cannot be looked at
+/// decides nothing: a change that is committed by then must not be reported as refused.
 bool isAnother(const std::string& path, const std::optional<FileIdentity>& noted) {
   const std::optional<FileIdentity> now = identityAt(path);
   return now && now != noted;
 }
 
-/// What changes when somebody writes the file.
-std::string stateOf(const std::string& path) {
-  struct stat status {};
-  if (::stat(path.c_str(), &status) != 0) return "gone";
+/// What changes when a program writes the file.
+std::string stateOf(const struct stat& status) {
   return std::to_string(status.st_ino) + ' ' + std::to_string(status.st_size) + ' ' +
          std::to_string(status.st_mtim.tv_sec) + ' ' + std::to_string(status.st_mtim.tv_nsec);
+}
+
+std::string stateOf(const std::string& path) {
+  struct stat status {};
+  return ::stat(path.c_str(), &status) == 0 ? stateOf(status) : "gone";
+}
+
+/// Throws the `StoreError` for a file that is not there.
+[[noreturn]] void failToFind(const std::string& name, const std::string& path, int error) {
+  std::error_code noLink;
+  const std::filesystem::path target = std::filesystem::read_symlink(path, noLink);
+  if (error != ENOENT || noLink) failToOpen(name, error);
+  throw StoreError(name, "is a symbolic link to " + documents::inQuotes(target.string()) +
+                             ", where there is no file");
 }
 
 /// The path as a URI, every byte that could mean something else there as an escape.
@@ -84,7 +98,7 @@ DatabaseFile::DatabaseFile(const std::string& name, Opening opening)
       access_(opening == Opening::existing ? Access::reading : Access::writing) {
   if (opening == Opening::orCreate) newFile_ = NewFile(name, given_);
   struct stat status {};
-  if (::stat(given_.c_str(), &status) != 0) failToOpen(name, errno);
+  if (::stat(given_.c_str(), &status) != 0) failToFind(name, given_, errno);
   if (!S_ISREG(status.st_mode)) {
     throw StoreError(name, "cannot be opened: not a file");  // a pipe would keep us waiting
   }
@@ -125,6 +139,29 @@ void DatabaseFile::confirm() const {
   if (isInUse(path_) || stateOf(path_) != stateAtRest_) {
     throw StoreError(name_, "was changed by another program while it was read");
   }
+}
+
+std::optional<std::string> DatabaseFile::state() const {
+  // The coarsest clock of a file system counts in steps of two seconds.
+  constexpr std::time_t longestStep = 2;
+  std::string state;
+  for (const char* suffix : {"", "-wal"}) {
+    struct stat status {};
+    const bool isLog = *suffix != '\0';
+    if (::stat((path_ + suffix).c_str(), &status) != 0) {
+      if (isLog && errno == ENOENT) continue;
+      return std::nullopt;
+    }
+    // SQLite makes and removes an empty log without any change.
+    if (isLog && status.st_size == 0) continue;
+    if (status.st_mtim.tv_sec + longestStep >= std::time(nullptr)) return std::nullopt;
+    state += stateOf(status) + '\n';
+  }
+  return state;
+}
+
+void DatabaseFile::confirmOwners() const {
+  if (!isAtRest() && !companions_[0]) checkOwners(name_, path_, access_);
 }
 
 void DatabaseFile::noteFile() {

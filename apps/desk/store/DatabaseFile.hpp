@@ -13,19 +13,20 @@ namespace vemra::desk {
 /// The file of a database: what is checked before SQLite opens it, and whether it is still the file
 /// at its path.
 ///
-/// SQLite reads and writes a store with the help of files beside it (its log and what readers and
-/// writers share), and makes them even for a reader. Where this user cannot have them made, because
-/// the file or its folder is read-only, a reader takes the file *at rest* when nobody has it open:
-/// alone and without locks. Whether it stayed so is asked afterwards.
+/// SQLite reads and writes a store with the help of files beside it (a log, and memory that readers
+/// and writers share), and makes them even for a reader. Where this user may not make them, because
+/// the file or its folder is read-only, and no program has the store open, a reader reads the file
+/// *at rest*: without locks and without those files. `confirm` checks afterwards that it stayed at
+/// rest.
 class DatabaseFile {
  public:
-  /// What for: to read what is there; to write what is there; or to write, into a file that is made
-  /// when it is not there.
+  /// The purpose: to read a file that exists; to write a file that exists; or to write a file that
+  /// is made when it does not exist.
   enum class Opening { existing, existingToWrite, orCreate };
 
-  /// Makes sure that there is a file, that it can be opened so and that nobody else has put
-  /// something beside it (`checkOwners`); a `StoreError` otherwise. A file that is made is readable
-  /// by its owner alone, and removed at the end when nothing has come into it.
+  /// Makes sure that there is a file, that this user may open it for the purpose, and that no other
+  /// user has put a file beside it (`checkOwners`); throws a `StoreError` otherwise. Only its owner
+  /// may read a file that is made. It is removed at the end if it is still empty.
   DatabaseFile(const std::string& name, Opening opening);
 
   /// As it was given.
@@ -39,11 +40,27 @@ class DatabaseFile {
   bool isAtRest() const { return !stateAtRest_.empty(); }
   bool isForWriting() const { return access_ == Access::writing; }
 
-  /// Keeps a file that was made, whatever comes into it.
+  /// \name A file that was made here.
+  /// @{
+  /// Keeps it, even if it stays empty.
   void keep() { newFile_.keep(); }
+  bool isNewAndEmpty() const noexcept { return newFile_.isEmpty(); }
+  /// As `NewFile::removeUnderLock`.
+  void removeNewUnderLock() noexcept { newFile_.removeUnderLock(); }
+  /// @}
 
   /// Throws a `StoreError` when a file at rest has been changed since.
   void confirm() const;
+
+  /// A text that differs when the database or its log has been written since. None when that cannot
+  /// be told: a file cannot be looked at, or was written so recently that its time may stay the
+  /// same over the next change.
+  std::optional<std::string> state() const;
+
+  /// Checks the owners of the files beside the database again, unless SQLite has opened a log
+  /// already and `noteCompanions` was called, or reads the file at rest, which it does without
+  /// them.
+  void confirmOwners() const;
 
   /// \name Whether the file is still the one at its path.
   /// @{
@@ -54,8 +71,8 @@ class DatabaseFile {
   /// in write-ahead mode; they stay then as long as the connection does. Checks their owners once
   /// more, because another user may have been quicker than SQLite.
   void noteCompanions();
-  /// What has happened to the file or to its companions since they were noted; nil when they are at
-  /// their place.
+  /// What has happened to the file, its log or its shared memory since they were noted; nil when
+  /// they are at their paths.
   std::optional<std::string> displacement() const;
   /// Removes the log and the shared memory beside the path, as far as they are those noted.
   void removeCompanions() const;

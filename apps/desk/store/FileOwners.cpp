@@ -1,7 +1,7 @@
 #include "apps/desk/store/FileOwners.hpp"
 
 #include "apps/desk/store/FileIdentity.hpp"
-#include "apps/desk/store/StoreError.hpp"
+#include "apps/desk/store/ForeignFile.hpp"
 
 #include <cerrno>
 #include <cstring>
@@ -35,8 +35,8 @@ void checkCompanion(const std::string& name, const std::string& file, uid_t owne
     throw StoreError(name, "cannot be opened: " + file + ": " + std::strerror(errno));
   }
   const auto refuse = [&](const std::string& problem) {
-    throw StoreError(name, "cannot be used with the file " + file + " beside it, which " + problem +
-                               "; find out who put it there, and remove it");
+    throw ForeignFile(name, "cannot be used with the file " + file + " beside it, which " +
+                                problem + "; find out who put it there, and remove it");
   };
   if (S_ISLNK(status.st_mode)) refuse("is a symbolic link");
   if (!S_ISREG(status.st_mode)) refuse("is not a regular file");

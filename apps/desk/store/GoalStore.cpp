@@ -1,10 +1,13 @@
 #include "apps/desk/store/GoalStore.hpp"
 
+#include "apps/desk/store/ForeignFile.hpp"
 #include "apps/desk/store/OutcomeRows.hpp"
 #include "apps/desk/store/ResultFault.hpp"
 #include "apps/desk/store/ResultRows.hpp"
 #include "apps/desk/store/Schema.hpp"
+#include "apps/desk/store/Statement.hpp"
 #include "apps/desk/store/StoreError.hpp"
+#include "apps/desk/store/Transaction.hpp"
 #include "apps/documents/DocumentError.hpp"
 
 #include <chrono>
@@ -90,7 +93,7 @@ GoalStore GoalStore::open(const std::string& file, Patience patience) {
 GoalStore GoalStore::reopen(const std::string& file, Patience patience) {
   if (!identityAt(file)) throw StoreMoved(file, "was moved or removed while it was open");
   Database database(file, Database::Opening::existingToWrite, patience);
-  // Tables are not made here: somebody may be about to copy a store into an empty file.
+  // Tables are not made here: the user may be about to copy a store into an empty file.
   if (!hasSchema(database)) throw StoreError(file, "is empty, and was a store before");
   useWriteAheadLog(database);
   database.accept();
@@ -114,7 +117,14 @@ std::vector<LeftOutOutcome> GoalStore::importInto(
     try {
       useWriteAheadLog(store.database_);
     } catch (const std::exception&) {
-      // The import is done; the next one to open the store sets its mode.
+      // The import is done; the next program that opens the store sets its mode.
+    }
+    try {
+      store.database_.confirmOwners();  // SQLite has just opened the log
+    } catch (const ForeignFile&) {
+      throw;
+    } catch (const std::exception&) {
+      // The import is done; a file that cannot be looked at does not undo it.
     }
     return leftOut;
   });
@@ -123,7 +133,9 @@ std::vector<LeftOutOutcome> GoalStore::importInto(
 std::optional<GoalStore> GoalStore::openExisting(const std::string& file) {
   std::error_code error;
   const auto path = std::filesystem::absolute(file.empty() ? "." : file, error);
-  const bool missing = !file.empty() && !std::filesystem::exists(path, error) && !error;
+  // A link that leads nowhere is an error: its store may be on a disk that is not there today.
+  const auto status = std::filesystem::symlink_status(path, error);
+  const bool missing = !file.empty() && status.type() == std::filesystem::file_type::not_found;
   if (missing && std::filesystem::is_directory(path.parent_path(), error)) return std::nullopt;
   Database database(file, Database::Opening::existing, usualPatience);
   if (!hasSchema(database)) return std::nullopt;
@@ -190,12 +202,12 @@ std::vector<LeftOutOutcome> GoalStore::importWithin(
   return leftOut;
 }
 
-GoalOutcomeDTO GoalStore::record(const std::string& goalID,
-                                 const GoalOutcomeRecordingInput& input) {
+GoalOutcomeDTO GoalStore::record(const std::string& goalID, const GoalOutcomeRecordingInput& input,
+                                 const std::string& outcomeID) {
   Work work(database_, schema_, writing);
   const std::int64_t goal = findOrThrow(goalID);
   GoalOutcomeDTO outcome;
-  outcome.id = newOutcomeID(database_);
+  outcome.id = outcomeID;
   outcome.goalID = idOf(goal);
   outcome.subjectKind = input.subjectKind;
   outcome.subjectRef = input.subjectRef;
@@ -203,9 +215,13 @@ GoalOutcomeDTO GoalStore::record(const std::string& goalID,
   outcome.note = input.note;
   outcome.recordedAt = now();
   outcome.correctsOutcomeID = input.correctsOutcomeID;
-  OutcomeInsertion(database_).append(goal, outcome);
+  std::optional<GoalOutcomeDTO> before = recordedBefore(database_, goal, outcome);
+  if (!before) OutcomeInsertion(database_).append(goal, outcome);
   work.commit();
-  return outcome;
+  if (!before) return outcome;
+  // The try that recorded it may have failed while it was written to the disk.
+  database_.makeDurable();
+  return *std::move(before);
 }
 
 PersonKnowledge GoalStore::person(const std::string& personRef) {

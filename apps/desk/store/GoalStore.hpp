@@ -4,6 +4,7 @@
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
 #include "apps/desk/store/Database.hpp"
 #include "apps/desk/store/Knowledge.hpp"
+#include "apps/desk/store/OutcomeID.hpp"
 #include "apps/desk/store/Schema.hpp"
 
 #include <cstddef>
@@ -34,16 +35,17 @@ struct LeftOutOutcome {
 /// whole or not at all, also when the process is killed in the middle of it. Goals are found by
 /// their id under canonical equivalence; all strings are kept byte for byte.
 ///
-/// Every call may throw a `StoreError`. When somebody has moved, removed or replaced the file that
-/// was opened, each throws a `StoreMoved`, and nothing is acknowledged. One thread at a time; another thread opens its own.
+/// Every call may throw a `StoreError`. When the file that was opened has been moved, removed or
+/// replaced, each throws a `StoreMoved`, and nothing is acknowledged. One thread at a time; another
+/// thread opens its own.
 class GoalStore {
  public:
   /// Opens a store for reading and writing. A file that is not there is made, its folder is not.
   /// When another process keeps the store for longer than `patience`, calls throw a `StoreBusy`.
   static GoalStore open(const std::string& file, Patience patience = usualPatience);
 
-  /// Opens a store again that was open before. Makes nothing: throws a `StoreMoved` when there is no
-  /// file at its path, and a `StoreError` when there is one that is no store (yet).
+  /// Opens a store again that was open before. Makes nothing: throws a `StoreMoved` when there is
+  /// no file at its path, and a `StoreError` when there is one that is no store (yet).
   static GoalStore reopen(const std::string& file, Patience patience = usualPatience);
 
   /// Opens a store and imports into it, as `open` and `import` do. When a store is made for it and
@@ -76,8 +78,15 @@ class GoalStore {
   /// - Returns: the outcomes whose id is recorded with another content. The records stay.
   std::vector<LeftOutOutcome> import(const std::vector<GetGoalSnapshotResponse>& results);
 
-  /// Records an outcome under a new id. Throws `UnknownGoal`.
-  GoalOutcomeDTO record(const std::string& goalID, const GoalOutcomeRecordingInput& input);
+  /// Records an outcome and gives the record. Throws `UnknownGoal`.
+  ///
+  /// A call that throws may have recorded the outcome all the same, for instance when the file
+  /// moves while it is written. So try again with the same id: an outcome that is recorded already
+  /// is not recorded again; its record is made durable and is the answer.
+  /// - Parameter outcomeID: from `newOutcomeID`. When the store has another outcome of that id,
+  ///   this throws a `StoreError`.
+  GoalOutcomeDTO record(const std::string& goalID, const GoalOutcomeRecordingInput& input,
+                        const std::string& outcomeID = newOutcomeID());
 
   PersonKnowledge person(const std::string& personRef);
   EvidenceKnowledge evidence(const std::string& evidenceID);
@@ -89,6 +98,9 @@ class GoalStore {
 
   /// A number that changes when another connection changes the store.
   std::int64_t version();
+
+  /// As `Database::state`.
+  std::optional<std::string> state() const { return database_.state(); }
 
   /// Which file is open.
   FileIdentity identity() const { return database_.identity(); }

@@ -2,6 +2,7 @@
 
 #include "apps/desk/store/StoreError.hpp"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -29,25 +30,32 @@ NewFile::NewFile(NewFile&& other) noexcept
     : path_(std::move(other.path_)), made_(std::exchange(other.made_, std::nullopt)) {}
 
 NewFile& NewFile::operator=(NewFile&& other) noexcept {
-  removeIfEmpty();
+  if (isEmpty()) ::unlink(path_.c_str());
   path_ = std::move(other.path_);
   made_ = std::exchange(other.made_, std::nullopt);
   return *this;
 }
 
 NewFile::~NewFile() {
-  removeIfEmpty();
+  if (isEmpty()) ::unlink(path_.c_str());
 }
 
-void NewFile::removeIfEmpty() const noexcept try {
-  if (!made_ || identityAt(path_) != made_ || sizeOf(path_) > 0) return;
-  // What lies beside the file belongs to a change that another process has begun.
-  for (const char* suffix : companionSuffixes) {
-    if (sizeOf(path_ + suffix) > 0) return;
-  }
-  ::unlink(path_.c_str());
+bool NewFile::isFileEmpty() const {
+  return made_ && identityAt(path_) == made_ && sizeOf(path_) == 0;
+}
+
+bool NewFile::isEmpty() const noexcept try {
+  return isFileEmpty() &&
+         std::all_of(companionSuffixes.begin(), companionSuffixes.end(),
+                     [&](const char* suffix) { return sizeOf(path_ + suffix) == 0; });
 } catch (const std::bad_alloc&) {
-  // An empty file stays, which is a store without goals.
+  return false;  // The file stays, which is a store without goals.
+}
+
+// A journal beside the file is that of the lock.
+void NewFile::removeUnderLock() noexcept {
+  if (isFileEmpty()) ::unlink(path_.c_str());
+  keep();
 }
 
 }  // namespace vemra::desk

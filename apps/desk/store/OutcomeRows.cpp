@@ -2,11 +2,36 @@
 
 #include "VemraPlatform/text/Equality.hpp"
 #include "apps/desk/store/CaseNames.hpp"
+#include "apps/desk/store/StoreError.hpp"
+#include "apps/documents/DocumentError.hpp"
 
-#include <random>
+#include <algorithm>
+#include <limits>
+#include <string>
 #include <unordered_map>
 
 namespace vemra::desk {
+namespace {
+
+/// How many outcomes can still be recorded, at least one: numbers only go up, and SQLite calls it a
+/// full disk when there is no higher one.
+std::int64_t numbersAbove(Database& database) {
+  constexpr std::int64_t highest = std::numeric_limits<std::int64_t>::max();
+  std::int64_t last = 0;
+  const auto look = [&](const char* sql, const char* table, int column) {
+    Statement row(database, sql, {table, 1});
+    row.query();
+    while (row.next()) {
+      last = std::max(last, row.integer(column));
+      if (last == highest) row.damaged(column, "a number that leaves one for another outcome");
+    }
+  };
+  look("SELECT name, seq FROM sqlite_sequence WHERE name = 'outcomes'", "sqlite_sequence", 1);
+  look("SELECT number FROM outcomes ORDER BY number DESC LIMIT 1", "outcomes", 0);
+  return highest - last;
+}
+
+}  // namespace
 
 using documents::outcomeValueNames;
 using documents::subjectKindNames;
@@ -35,10 +60,13 @@ std::vector<GoalOutcomeDTO> readOutcomes(Database& database, std::int64_t goal) 
 }
 
 OutcomeInsertion::OutcomeInsertion(Database& database)
-    : insert_(database,
+    : database_(database),
+      insert_(database,
               "INSERT INTO outcomes VALUES (NULL, ?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10)") {}
 
 void OutcomeInsertion::append(std::int64_t goal, const GoalOutcomeDTO& outcome) {
+  if (numbersLeft_ == 0) numbersLeft_ = numbersAbove(database_);
+  --numbersLeft_;
   insert_.run(goal, outcome.id, outcome.goalID, caseName(outcome.subjectKind), outcome.subjectRef,
               caseName(outcome.value), outcome.note, outcome.recordedAt, outcome.recordedBy,
               outcome.correctsOutcomeID);
@@ -68,19 +96,24 @@ std::vector<std::size_t> mergeOutcomes(Database& database, std::int64_t goal,
   return leftOut;
 }
 
-std::string newOutcomeID(Database& database) {
-  std::random_device random;
-  Statement used(database, "SELECT 1 FROM outcomes WHERE id = ?1");
-  while (true) {
-    // 128 random bits never meet in practice; the question makes it a certainty for this store.
-    std::string id = "outcome-";
-    for (int word = 0; word < 4; ++word) {
-      const std::uint32_t bits = random();
-      for (int shift = 28; shift >= 0; shift -= 4) id += "0123456789abcdef"[(bits >> shift) & 15];
-    }
-    used.query(id);
-    if (!used.next()) return id;
+std::optional<GoalOutcomeDTO> recordedBefore(Database& database, std::int64_t goal,
+                                             const GoalOutcomeDTO& outcome) {
+  Statement row(
+      database,
+      std::string("SELECT number, goal, ") + outcomeColumnNames + " FROM outcomes WHERE id = ?1",
+      {"outcomes", 1});
+  row.query(outcome.id);
+  bool isUsed = false;
+  while (row.next()) {
+    GoalOutcomeDTO record = readOutcome(row, 2);
+    GoalOutcomeDTO sameDate = outcome;
+    sameDate.recordedAt = record.recordedAt;
+    if (row.integer(1) == goal && record == sameDate) return record;
+    isUsed = true;
   }
+  if (!isUsed) return std::nullopt;
+  throw StoreError(database.file(), "has another outcome of the id " +
+                                        documents::inQuotes(outcome.id) + ", which stays");
 }
 
 }  // namespace vemra::desk

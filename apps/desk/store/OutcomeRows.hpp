@@ -1,11 +1,11 @@
 #pragma once
 
 #include "VemraGoalEngine/GoalRecords.hpp"
-#include "apps/desk/store/Database.hpp"
+#include "apps/desk/store/Statement.hpp"
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
+#include <optional>
 #include <vector>
 
 /// \file
@@ -30,11 +30,14 @@ class OutcomeInsertion {
  public:
   explicit OutcomeInsertion(Database& database);
 
-  /// Records an outcome behind all others of its goal.
+  /// Records an outcome behind all others of its goal. Throws a `StoreError` that names table and
+  /// row when a store has been tampered with so that no number is left for another outcome.
   void append(std::int64_t goal, const GoalOutcomeDTO& outcome);
 
  private:
+  Database& database_;
   Statement insert_;
+  std::int64_t numbersLeft_ = 0;
 };
 
 /// Records those of a document's outcomes that are not recorded yet, in the document's order.
@@ -47,7 +50,12 @@ class OutcomeInsertion {
 std::vector<std::size_t> mergeOutcomes(Database& database, std::int64_t goal,
                                        const SharedArray<GoalOutcomeDTO>& outcomes);
 
-/// An id that no outcome in the store has.
-std::string newOutcomeID(Database& database);
+/// Looks for the record that an earlier try to record an outcome has left.
+///
+/// - Parameter outcome: as it is to be recorded. The date of the record may be another.
+/// - Returns: the record; none when there is no outcome of that id. Throws a `StoreError` when
+///   there is one, and it is of another goal or says something else.
+std::optional<GoalOutcomeDTO> recordedBefore(Database& database, std::int64_t goal,
+                                             const GoalOutcomeDTO& outcome);
 
 }  // namespace vemra::desk

@@ -62,6 +62,11 @@ int systemError(int code, sqlite3* connection) {
   return sqlite3_system_errno(connection);
 }
 
+/// SQLite calls a disk that cannot be read a damaged database.
+bool isUnreadable(int code, int error) {
+  return primary(code) == SQLITE_CORRUPT && (error == EIO || error == ENXIO);
+}
+
 std::string withCause(const char* problem, int error) {
   if (error == ENOSPC) return "cannot be changed: the disk is full";
   if (error == 0) return problem;
@@ -89,10 +94,7 @@ const char* failedTransfer(int code) {
   }
 }
 
-}  // namespace
-
-std::string problem(int code, sqlite3* connection) {
-  const int error = systemError(code, connection);
+std::string describe(int code, int error, sqlite3* connection) {
   switch (primary(code)) {
     case SQLITE_NOTADB:
       return "is not an SQLite database";
@@ -108,8 +110,7 @@ std::string problem(int code, sqlite3* connection) {
       return code == SQLITE_READONLY_DIRECTORY ? "cannot be changed: its folder is read-only"
                                                : "is read-only";
     case SQLITE_CORRUPT:
-      // SQLite calls a disk that cannot be read a damaged database.
-      return error == EIO || error == ENXIO ? withCause("cannot be read", error) : "is damaged";
+      return isUnreadable(code, error) ? withCause("cannot be read", error) : "is damaged";
     case SQLITE_IOERR:
       if (code == SQLITE_IOERR_NOMEM) return "needs more memory than there is";
       if (code == SQLITE_IOERR_SHORT_READ) return "is damaged: it ends too early";
@@ -124,6 +125,26 @@ std::string problem(int code, sqlite3* connection) {
       return std::string("failed: ") +
              (connection != nullptr ? sqlite3_errmsg(connection) : sqlite3_errstr(code));
   }
+}
+
+bool isOfContent(int code, int error) {
+  switch (primary(code)) {
+    case SQLITE_CONSTRAINT:
+    case SQLITE_TOOBIG:
+    case SQLITE_NOTADB:
+      return true;
+    case SQLITE_CORRUPT:
+      return !isUnreadable(code, error);
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+Problem problemOf(int code, sqlite3* connection) {
+  const int error = systemError(code, connection);
+  return {describe(code, error, connection), isOfContent(code, error)};
 }
 
 }  // namespace vemra::desk

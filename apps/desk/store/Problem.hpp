@@ -6,11 +6,18 @@ struct sqlite3;
 
 namespace vemra::desk {
 
-/// The failure of an SQLite call in words: what cannot be done with the store, and the cause as the
-/// system names it.
+/// The failure of an SQLite call.
+struct Problem {
+  std::string text;  ///< what cannot be done with the store, and the cause as the system names it
+  /// Whether it lies in what the file holds, or in what was asked of it. Another connection would
+  /// fail in the same way; after any other failure it may succeed.
+  bool isOfContent = false;
+};
+
+/// Describes the failure of an SQLite call.
 ///
 /// - Parameter code: the extended result code.
 /// - Parameter connection: the connection that the call was made with, or null.
-std::string problem(int code, sqlite3* connection);
+Problem problemOf(int code, sqlite3* connection);
 
 }  // namespace vemra::desk

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "VemraGoalEngine/GoalWhyDTO.hpp"
-#include "apps/desk/store/Database.hpp"
+#include "apps/desk/store/Statement.hpp"
 
 #include <cstdint>
 #include <optional>

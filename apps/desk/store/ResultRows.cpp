@@ -2,12 +2,12 @@
 
 #include "apps/desk/store/CaseNames.hpp"
 #include "apps/desk/store/Reason.hpp"
-#include "apps/desk/store/StoreError.hpp"
+#include "apps/desk/store/Statement.hpp"
 
+#include <algorithm>
+#include <limits>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 namespace vemra::desk {
 namespace {
@@ -91,178 +91,35 @@ class Writing {
   std::int64_t goal_;
 };
 
-/// The texts of inner lists, such as the evidence of each person, in the order of their owners.
-class InnerLists {
- public:
-  /// \param sql gives goal, owner, position and text of the goal ?1, in this order.
-  InnerLists(Database& database, std::string_view sql, const char* table, std::int64_t goal)
-      : row_(database, sql, {table, 3}) {
-    row_.query(goal);
-    isThere_ = row_.next();
-  }
-
-  /// The list of the owner that is next. Owners are asked for in ascending order, each once.
-  template <class Owner>
-  Texts of(const Owner& owner) {
-    std::vector<std::string> texts;
-    for (; isThere_ && isOf(owner); isThere_ = row_.next()) {
-      row_.expectPosition(2, texts.size());
-      texts.push_back(row_.text(3));
-    }
-    return texts;
-  }
-
-  /// To be called after the last owner: a row that is left over belongs to none.
-  void finish() {
-    if (isThere_) row_.damaged(1, "something that the goal has");
-  }
-
- private:
-  bool isOf(std::size_t owner) { return row_.integer(1) == static_cast<std::int64_t>(owner); }
-  bool isOf(std::string_view owner) { return row_.text(1) == owner; }
-
-  Statement row_;
-  bool isThere_ = false;
-};
-
-/// One result on its way out of the tables.
-class Reading {
- public:
-  Reading(Database& database, std::int64_t goal) : database_(database), goal_(goal) {}
-
-  /// The goal, and the sources of its coverage.
-  std::pair<GoalDTO, Texts> goalAndSources() {
-    InnerLists lists(database_,
-                     "SELECT goal, list, position, text FROM goal_texts WHERE goal = ?1 "
-                     "ORDER BY list, position",
-                     "goal_texts", goal_);
-    Texts attachments = lists.of("attachment");
-    Texts constraints = lists.of("constraint");
-    Texts keywords = lists.of("keyword");
-    Texts sources = lists.of("source");
-    lists.finish();
-    Statement row(database_,
-                  "SELECT number, id, title, status, target_person_ref, created_at, updated_at, "
-                  "priority, keywords_revision, constraints_revision FROM goals "
-                  "WHERE number = ?1",
-                  {"goals", 1});
-    row.query(goal_);
-    if (!row.next()) throw StoreError(database_.file(), "is damaged: a goal is gone");
-    GoalDTO goal{row.text(1),
-                 row.text(2),
-                 readCase<GoalStatus>(row, 3, statusNames),
-                 row.optionalText(4),
-                 row.text(5),
-                 row.text(6),
-                 readCase<GoalPriority>(row, 7, priorityNames),
-                 std::move(keywords),
-                 row.integer(8),
-                 std::move(constraints),
-                 row.integer(9),
-                 std::move(attachments)};
-    return {std::move(goal), std::move(sources)};
-  }
-
-  SharedArray<GoalPersonCandidateDTO> people() {
-    InnerLists evidence(database_,
-                        "SELECT goal, person, position, evidence_id FROM person_evidence "
-                        "WHERE goal = ?1 ORDER BY person, position",
-                        "person_evidence", goal_);
-    Statement row(database_,
-                  std::string("SELECT goal, position, person_ref, display_name, ") +
-                      reasonColumnNames + " FROM people WHERE goal = ?1 ORDER BY position",
-                  {"people", 2});
-    std::vector<GoalPersonCandidateDTO> people;
-    row.query(goal_);
-    while (row.next()) {
-      row.expectPosition(1, people.size());
-      people.push_back(
-          {row.text(2), row.optionalText(3), readReason(row, 4), evidence.of(people.size())});
-    }
-    evidence.finish();
-    return people;
-  }
-
-  SharedArray<GoalPathCandidateDTO> paths() {
-    InnerLists refs(database_,
-                    "SELECT goal, path, position, person_ref FROM path_people WHERE goal = ?1 "
-                    "ORDER BY path, position",
-                    "path_people", goal_);
-    Statement row(database_,
-                  std::string("SELECT goal, position, strength, ") + reasonColumnNames +
-                      " FROM paths WHERE goal = ?1 ORDER BY position",
-                  {"paths", 2});
-    std::vector<GoalPathCandidateDTO> paths;
-    row.query(goal_);
-    while (row.next()) {
-      row.expectPosition(1, paths.size());
-      paths.push_back({refs.of(paths.size()), readReason(row, 3), row.integer(2)});
-    }
-    refs.finish();
-    return paths;
-  }
-
-  SharedArray<GoalGroupCandidateDTO> groups() {
-    InnerLists refs(database_,
-                    "SELECT goal, \"group\", position, person_ref FROM group_people "
-                    "WHERE goal = ?1 ORDER BY \"group\", position",
-                    "group_people", goal_);
-    Statement row(database_,
-                  "SELECT goal, position, id FROM groups WHERE goal = ?1 ORDER BY position",
-                  {"groups", 2});
-    std::vector<GoalGroupCandidateDTO> groups;
-    row.query(goal_);
-    while (row.next()) {
-      row.expectPosition(1, groups.size());
-      groups.push_back({row.text(2), refs.of(groups.size())});
-    }
-    refs.finish();
-    return groups;
-  }
-
-  GoalCoverageDTO coverage(Texts sources) {
-    Statement row(database_,
-                  "SELECT goal, evidence_count, latest_evidence_at FROM coverage WHERE goal = ?1",
-                  {"coverage", 1});
-    row.query(goal_);
-    if (!row.next()) {
-      throw StoreError(database_.file(),
-                       "is damaged: coverage has no row of the goal " + std::to_string(goal_));
-    }
-    return {std::move(sources), row.integer(1), row.optionalText(2)};
-  }
-
- private:
-  Database& database_;
-  std::int64_t goal_;
-};
-
-/// Rows of a goal that was not there would become part of a new one of that number.
-void refuseStrayRows(Database& database, std::int64_t goal) {
-  std::string sql;
-  for (const char* table : tablesOfAGoal) {
-    sql += sql.empty() ? "" : " UNION ALL ";
-    sql += std::string("SELECT '") + table + "' WHERE EXISTS (SELECT 1 FROM " + table +
-           " WHERE goal = ?1)";
-  }
-  Statement row(database, sql);
-  row.query(goal);
-  if (row.next()) {
-    throw StoreError(database.file(), "is damaged: " + row.text(0) + " has rows of the goal " +
-                                          std::to_string(goal) + ", which is not there");
-  }
+/// The number for a new goal: above those of all goals, and of all rows that have lost their goal.
+/// Such rows would become part of a goal that gets their number; they stay, for outcomes are never
+/// removed.
+std::int64_t newGoalNumber(Database& database) {
+  constexpr std::int64_t highest = std::numeric_limits<std::int64_t>::max();
+  std::int64_t last = 0;
+  const auto look = [&](const char* table, const std::string& column) {
+    Statement row(database,
+                  "SELECT " + column + " FROM " + table + " ORDER BY " + column + " DESC LIMIT 1",
+                  {table, 1});
+    row.query();
+    if (!row.next()) return;
+    last = std::max(last, row.integer(0));
+    if (last == highest) row.damaged(0, "a number that leaves one for another goal");
+  };
+  look("goals", "number");
+  for (const char* table : tablesOfAGoal) look(table, "goal");
+  return last + 1;
 }
 
 }  // namespace
 
 std::int64_t addResult(Database& database, const GetGoalSnapshotResponse& result) {
   const GoalDTO& goal = result.goal;
-  Statement(database, "INSERT INTO goals VALUES (NULL, ?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9)")
-      .run(goal.id, goal.title, nameIn(statusNames, goal.status), goal.targetPersonRef,
+  const std::int64_t number = newGoalNumber(database);
+  Statement(database, "INSERT INTO goals VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10)")
+      .run(number, goal.id, goal.title, nameIn(statusNames, goal.status), goal.targetPersonRef,
            goal.createdAt, goal.updatedAt, nameIn(priorityNames, goal.priority),
            goal.keywordsRevision, goal.constraintsRevision);
-  const std::int64_t number = database.number("SELECT last_insert_rowid()");
-  refuseStrayRows(database, number);
   Writing(database, number).everything(result);
   return number;
 }
@@ -282,18 +139,6 @@ void replaceResult(Database& database, std::int64_t number, const GetGoalSnapsho
            goal.createdAt, goal.updatedAt, nameIn(priorityNames, goal.priority),
            goal.keywordsRevision, goal.constraintsRevision);
   Writing(database, number).everything(result);
-}
-
-GetGoalSnapshotResponse readResultRows(Database& database, std::int64_t number) {
-  Reading reading(database, number);
-  GetGoalSnapshotResponse result;
-  auto [goal, sources] = reading.goalAndSources();
-  result.goal = std::move(goal);
-  result.people = reading.people();
-  result.paths = reading.paths();
-  result.group = reading.groups();
-  result.coverage = reading.coverage(std::move(sources));
-  return result;
 }
 
 }  // namespace vemra::desk

@@ -1,7 +1,9 @@
 #include "apps/desk/store/Schema.hpp"
 
+#include "apps/desk/store/Statement.hpp"
 #include "apps/desk/store/StoreError.hpp"
 #include "apps/desk/store/Tables.hpp"
+#include "apps/desk/store/Transaction.hpp"
 #include "apps/documents/DocumentError.hpp"
 
 #include <set>
@@ -13,7 +15,7 @@ namespace {
 
 constexpr std::int64_t applicationID = 0x566D446B;  // "VmDk"
 
-/// What SQLite itself adds: for UNIQUE, for AUTOINCREMENT, and when somebody asks it to ANALYZE.
+/// What SQLite itself adds: for UNIQUE, for AUTOINCREMENT, and when a user runs ANALYZE.
 bool isOfSQLite(const std::string& type, const std::string& name,
                 const std::optional<std::string>& sql) {
   static const std::set<std::tuple<std::string, std::string, std::optional<std::string>>> objects{
@@ -24,10 +26,10 @@ bool isOfSQLite(const std::string& type, const std::string& name,
   return objects.contains({type, name, sql});
 }
 
-/// Makes sure that there is every table, index and trigger of a store, and nothing else: a trigger
-/// of somebody else's could remove what is recorded, a table without checks could hold anything.
+/// Makes sure that there is every table, index and trigger of a store, and nothing else: a foreign
+/// trigger could remove what is recorded, and a table without checks could hold anything.
 void confirmObjects(Database& database) {
-  std::set<std::string> missing;
+  std::set<std::string> missing{"sqlite_sequence"};
   for (const SchemaObject& object : tablesOfVersion1()) missing.insert(object.name);
   Statement row(database, "SELECT type, name, sql FROM sqlite_schema", {"sqlite_schema", 2});
   row.query();
@@ -35,7 +37,10 @@ void confirmObjects(Database& database) {
     const std::string type = row.text(0);
     const std::string name = row.text(1);
     const std::optional<std::string> sql = row.optionalText(2);
-    if (isOfSQLite(type, name, sql)) continue;
+    if (isOfSQLite(type, name, sql)) {
+      missing.erase(name);
+      continue;
+    }
     const std::string named = "the " + documents::shortened(type) + ' ' + documents::inQuotes(name);
     if (missing.erase(name) == 0) {
       throw StoreError(database.file(), "is damaged: " + named + " is not part of a store");
@@ -50,6 +55,9 @@ void confirmObjects(Database& database) {
     if (!missing.contains(object.name)) continue;
     throw StoreError(database.file(), std::string("is damaged: the ") + object.type + ' ' +
                                           documents::inQuotes(object.name) + " is missing");
+  }
+  if (!missing.empty()) {
+    throw StoreError(database.file(), "is damaged: the table \"sqlite_sequence\" is missing");
   }
 }
 

@@ -9,10 +9,10 @@
 /// The tables of a store, and how a file is recognised as one.
 ///
 /// A store carries an application id and a schema version in its header (SQLite's `application_id`
-/// and `user_version`), and exactly the tables, indexes and triggers of that version, word for word.
-/// Whatever else stands in its schema is not ours and may do anything: such a file is refused. A file
-/// without tables is a new store. What a person wrote is kept by the
-/// database itself: triggers refuse to change, replace or remove a recorded outcome, whoever asks.
+/// and `user_version`), and exactly the tables, indexes and triggers of that version, word for
+/// word. A file with anything else in its schema is refused: a foreign trigger may do anything. A
+/// file without tables is a new store. The database itself keeps what a person recorded: triggers
+/// refuse to change, replace or remove an outcome, whichever program asks.
 
 namespace vemra::desk {
 

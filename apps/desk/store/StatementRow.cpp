@@ -1,4 +1,5 @@
-#include "apps/desk/store/Database.hpp"
+#include "VemraPlatform/text/UTF8.hpp"
+#include "apps/desk/store/Statement.hpp"
 #include "apps/desk/store/StoreError.hpp"
 #include "apps/documents/DocumentError.hpp"
 
@@ -10,11 +11,16 @@ namespace vemra::desk {
 
 std::string Statement::text(int column) {
   if (sqlite3_column_type(statement_.get(), column) != SQLITE_TEXT) damaged(column, "a text");
+  const std::string_view bytes = bytesOf(column);
+  database_->countText(bytes.size());
+  if (!text::isWellFormed(bytes)) damaged(column, "a text in UTF-8");
+  return std::string(bytes);
+}
+
+std::string_view Statement::bytesOf(int column) {
   const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
   if (bytes == nullptr) database_->fail(SQLITE_NOMEM);
-  const auto length = static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column));
-  database_->countText(length);
-  return {bytes, length};
+  return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column))};
 }
 
 std::optional<std::string> Statement::optionalText(int column) {
@@ -68,7 +74,7 @@ std::string Statement::describe(int column) {
     case SQLITE_BLOB:
       return "a blob";
     case SQLITE_TEXT:
-      return documents::inQuotes(text(column));
+      return documents::inQuotes(bytesOf(column));
     default: {
       const auto* number = sqlite3_column_text(statement_.get(), column);
       return number != nullptr ? reinterpret_cast<const char*>(number) : "a number";

@@ -13,21 +13,22 @@ class StoreError : public std::runtime_error {
   StoreError(const std::string& file, const std::string& problem);
 };
 
-/// Another process keeps the store to itself, or it looks so.
+/// Another process holds a lock on the store, or a lock that this connection could not release
+/// makes it look so.
 class StoreBusy : public StoreError {
  public:
   explicit StoreBusy(const std::string& file);
 };
 
-/// The file that was opened as the store is no longer at its path, or its log is not: somebody has
-/// moved, removed or replaced it. What was to be changed has not been acknowledged.
+/// The file that was opened as the store is no longer at its path, or its log is not: it has been
+/// moved, removed or replaced. The change that the call was to make is not acknowledged.
 class StoreMoved : public StoreError {
  public:
   using StoreError::StoreError;
 };
 
-/// The system or SQLite could not do what a call needs. The same connection may fail again for a
-/// cause that is long over; a new one may succeed.
+/// The system or SQLite could not do what a call needs. The same connection may keep failing after
+/// the cause is over; a new one may succeed.
 class StoreFailure : public StoreError {
  public:
   using StoreError::StoreError;

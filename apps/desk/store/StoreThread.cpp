@@ -1,10 +1,11 @@
 #include "apps/desk/store/StoreThread.hpp"
 
-#include "apps/desk/store/StoreError.hpp"
+#include "apps/desk/store/Pause.hpp"
 
 #include <atomic>
 #include <condition_variable>
 #include <deque>
+#include <exception>
 #include <mutex>
 #include <optional>
 #include <thread>
@@ -31,21 +32,30 @@ struct StoreThread::Work {
   }
 
   GoalStore& openStore() {
-    if (!store) {
-      try {
-        store.emplace(lastFile ? GoalStore::reopen(file, patience)
-                               : GoalStore::open(file, patience));
-      } catch (const StoreMoved&) {
-        hasMoved = true;
-        throw;
-      }
-      ++openings;
-      // A number of its own also when the system gives the new file the inode of the one removed.
-      if (lastFile && (hasMoved || lastFile != store->identity())) ++storeNumber;
-      lastFile = store->identity();
-      hasMoved = false;
-    }
+    if (store) return *store;
+    store.emplace(lastFile ? GoalStore::reopen(file, patience) : GoalStore::open(file, patience));
+    // The system may give a new file the inode of the one removed.
+    const bool isAnother = hasMoved || lastFile != store->identity();
+    if (lastFile && isAnother) ++storeNumber;
+    if (isAnother) state.reset();
+    lastFile = store->identity();
+    hasMoved = false;
+    wasOpenedAnew = true;
+    connectionVersion = store->version();
     return *store;
+  }
+
+  /// Compares the store with what it was at the last call.
+  std::int64_t countChanges() {
+    // The state comes first: a change in between then counts once too often, and not once too few.
+    std::optional<std::string> stateNow = store->state();
+    const std::int64_t versionNow = store->version();
+    const bool isSameState = state && stateNow == state;
+    if (versionNow != connectionVersion || (wasOpenedAnew && !isSameState)) ++changes;
+    connectionVersion = versionNow;
+    state = std::move(stateNow);
+    wasOpenedAnew = false;
+    return changes;
   }
 
   const std::string file;
@@ -54,9 +64,14 @@ struct StoreThread::Work {
 
   // Touched by the thread alone:
   std::optional<GoalStore> store;
-  std::int64_t openings = 0;
   std::optional<FileIdentity> lastFile;  // the last one that was opened
   bool hasMoved = false;                 // it has left its path
+  Pause pause;                           // after the last failure
+  std::exception_ptr versionFailure;     // of the last call of `version`
+  std::int64_t changes = 0;              // the last answer of `version`; 0 before the first
+  bool wasOpenedAnew = false;            // since then
+  std::int64_t connectionVersion = 0;    // of the connection, then or when it was opened
+  std::optional<std::string> state;      // of the file, then
 
   std::mutex mutex;
   std::condition_variable changed;
@@ -94,17 +109,35 @@ void StoreThread::Turn::await_suspend(std::coroutine_handle<> waiter) {
   work->changed.notify_one();
 }
 
-GoalStore& StoreThread::Turn::await_resume() {
-  return thread_.work_->openStore();
+GoalStore& StoreThread::openStore() {
+  return work_->openStore();
 }
 
 void StoreThread::giveUp(Moved moved) {
   work_->store.reset();
-  if (moved == Moved::yes) work_->hasMoved = true;
+  if (moved == Moved::yes) {
+    // Looking whether there is a file at the path again costs next to nothing.
+    work_->hasMoved = true;
+    work_->pause.end();
+  } else {
+    work_->pause.begin();
+  }
 }
 
-std::int64_t StoreThread::openings() const {
-  return work_->openings;
+std::int64_t StoreThread::version() {
+  Work& work = *work_;
+  const bool hasAnswer = work.changes > 0 || work.versionFailure;
+  if (hasAnswer && !work.store && work.pause.isOn()) {
+    if (work.versionFailure) std::rethrow_exception(work.versionFailure);
+    return work.changes;
+  }
+  work.versionFailure = nullptr;
+  try {
+    return use<std::int64_t>([&](GoalStore&) { return work.countChanges(); });
+  } catch (...) {
+    work.versionFailure = std::current_exception();
+    throw;
+  }
 }
 
 std::uint64_t StoreThread::storeNumber() const {

@@ -2,9 +2,11 @@
 
 #include "VemraPlatform/task/Task.hpp"
 #include "apps/desk/store/GoalStore.hpp"
+#include "apps/desk/store/StoreError.hpp"
 
 #include <coroutine>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -17,11 +19,10 @@ namespace vemra::desk {
 /// next awaits something else:
 ///
 ///     auto turn = thread->turn();
-///     GoalStore& store = co_await turn;
+///     co_await turn;
+///     thread->use<int>([](GoalStore& store) { … });
 ///
-/// Turns come in the order in which they were asked for. The store is opened at the first one; when
-/// that fails the turn throws the `StoreError`, and the next one tries again. So does the next turn
-/// after `giveUp`, but it makes no file: a store that was there and is gone is not a new one.
+/// Turns come in the order in which they were asked for.
 class StoreThread {
  public:
   StoreThread(std::string file, Patience patience);
@@ -37,7 +38,7 @@ class StoreThread {
    public:
     bool await_ready() const noexcept { return false; }
     void await_suspend(std::coroutine_handle<> waiter);
-    GoalStore& await_resume();
+    void await_resume() const noexcept {}
 
    private:
     friend class StoreThread;
@@ -48,16 +49,38 @@ class StoreThread {
   /// To be awaited at once, while the thread lives.
   Turn turn() { return Turn(*this); }
 
-  /// Closes the store after a failure, so that the next turn opens it anew: SQLite keeps a
-  /// connection as a failure has left it, be it read-only or with a lock of its own in its way.
-  /// From inside a turn only.
+  /// \name From inside a turn only.
+  /// @{
+  /// Does `work` with the store and gives what it gives. Opens the store first if it is not open;
+  /// only the very first time does that make a file. What `work` or the opening throws comes out.
   ///
-  /// - Parameter moved: whether the failure was that the store is no longer at its path.
-  enum class Moved { no, yes };
-  void giveUp(Moved moved);
+  /// After a failure of the system, after waiting in vain for another process, and when the file
+  /// has moved, this closes the store, and the next call opens it anew: SQLite keeps a connection
+  /// as a failure has left it, be it read-only or with a lock of its own in its way.
+  template <class Answer>
+  Answer use(const std::function<Answer(GoalStore&)>& work) {
+    try {
+      return work(openStore());
+    } catch (const StoreMoved&) {
+      giveUp(Moved::yes);
+      throw;
+    } catch (const StoreFailure&) {
+      giveUp(Moved::no);
+      throw;
+    } catch (const StoreBusy&) {
+      giveUp(Moved::no);
+      throw;
+    }
+  }
 
-  /// How often the store has been opened. From inside a turn only.
-  std::int64_t openings() const;
+  /// A number that changes when another connection may have changed the store.
+  ///
+  /// That it was opened anew is no change by itself: the file and its log are compared with what
+  /// they were before. A window asks for the number several times a second. So that a store which
+  /// keeps failing is not opened as often, this does not open a store that was closed after a
+  /// failure before a `Pause` is over; until then it answers as the last time.
+  std::int64_t version();
+  /// @}
 
   /// Which store is open: a number that changes when another file has come to its path. For any
   /// thread.
@@ -66,6 +89,10 @@ class StoreThread {
   const std::string& file() const;
 
  private:
+  enum class Moved { no, yes };
+  void giveUp(Moved moved);
+  GoalStore& openStore();
+
   struct Work;
   std::shared_ptr<Work> work_;
 };

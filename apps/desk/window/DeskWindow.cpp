@@ -162,7 +162,7 @@ void DeskWindow::takeSnapshot(const std::string& goalID, std::uint64_t store,
       [this](const std::string& evidenceID) { showEvidence(evidenceID); },
       [this](const GoalPathCandidateDTO& path) { showPath(path); },
       [this, goalID, store](const GoalOutcomeRecordingInput& input) {
-        record(goalID, input, store);
+        record({goalID, input, newOutcomeID()}, store);
       });
   // The id keeps an editor that is open in one goal from appearing in the next.
   screen_->setRoot(view.id(goalID));
@@ -170,13 +170,13 @@ void DeskWindow::takeSnapshot(const std::string& goalID, std::uint64_t store,
   centre_->setCurrentWidget(screen_);
 }
 
-void DeskWindow::record(const std::string& goalID, const GoalOutcomeRecordingInput& input,
-                        std::uint64_t store) {
-  startOnMainThread(*this, engine_->record(goalID, input, store),
-                    [this, goalID, input](auto result) {
+void DeskWindow::record(const OutcomeToRecord& outcome, std::uint64_t store) {
+  startOnMainThread(*this, engine_->record(outcome.goalID, outcome.input, store, outcome.id),
+                    [this, outcome](auto result) {
                       if (const QString failure = failureOf(result); !failure.isEmpty()) {
-                        // Its editor has closed: what was written must not be lost to the next failure.
-                        unrecorded_.emplace_back(goalID, input);
+                        // Its editor has closed: what was written must not be lost to the next
+                        // failure.
+                        unrecorded_.push_back(outcome);
                         tellFailure("The outcome was not recorded. " + failure);
                         return;
                       }
@@ -191,8 +191,8 @@ void DeskWindow::tellFailure(const QString& text, std::function<void()> again) {
     return;
   }
   notice_->show(text, [this, again = std::move(again)] {
-    for (const auto& [goalID, input] : std::exchange(unrecorded_, {})) {
-      record(goalID, input, engine_->storeNumber());
+    for (const OutcomeToRecord& outcome : std::exchange(unrecorded_, {})) {
+      record(outcome, engine_->storeNumber());
     }
     if (again) again();
   });
@@ -290,7 +290,8 @@ void DeskWindow::lookForChanges() {
                   remarkOnUnrecorded());
     }
     const std::int64_t version = std::move(result).take();
-    if (std::exchange(version_, version).value_or(version) == version) return;
+    const bool isSame = std::exchange(version_, version).value_or(version) == version;
+    if (isSame && before.isEmpty()) return;
     loadGoals();
     if (refreshSide_) refreshSide_();
   });

@@ -52,8 +52,13 @@ class DeskWindow : public QMainWindow {
   /// - Parameter store: the number of the store (`StoreEngine::storeNumber`) that the result is of.
   void takeSnapshot(const std::string& goalID, std::uint64_t store,
                     task::Result<GoalResultSnapshotV1> result);
-  void record(const std::string& goalID, const GoalOutcomeRecordingInput& input,
-              std::uint64_t store);
+  /// What the user wants recorded. Each try uses the same id, so that it is recorded once.
+  struct OutcomeToRecord {
+    std::string goalID;
+    GoalOutcomeRecordingInput input;
+    std::string id;
+  };
+  void record(const OutcomeToRecord& outcome, std::uint64_t store);
   void addSampleGoals();
 
   /// Asks for something, now and whenever the store has changed, and shows it beside the screen.
@@ -77,13 +82,12 @@ class DeskWindow : public QMainWindow {
   QWidget* makePanes();
 
   std::shared_ptr<StoreEngine> engine_;
-  std::optional<std::string> goalID_;       // of the open goal
-  std::optional<std::string> shownGoalID_;  // of the goal that the screen shows
-  std::uint64_t sideRequest_ = 0;           // the last thing that was asked for the side pane
-  /// Outcomes that could not be stored, for the next try; each with its goal's id.
-  std::vector<std::pair<std::string, GoalOutcomeRecordingInput>> unrecorded_;
-  std::function<void()> refreshSide_;    // asks once more for what the side pane shows
-  std::optional<std::int64_t> version_;  // of the store, when it was last looked at
+  std::optional<std::string> goalID_;        // of the open goal
+  std::optional<std::string> shownGoalID_;   // of the goal that the screen shows
+  std::uint64_t sideRequest_ = 0;            // the last thing that was asked for the side pane
+  std::vector<OutcomeToRecord> unrecorded_;  // those whose last try failed, for the next one
+  std::function<void()> refreshSide_;        // asks once more for what the side pane shows
+  std::optional<std::int64_t> version_;      // of the store, when it was last looked at
   bool looking_ = false;
   QString lookingFailed_;         // the last message about it
   QHash<QString, QString> told_;  // of what could not be loaded: the failure shown

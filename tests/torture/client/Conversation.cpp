@@ -71,7 +71,8 @@ std::string Conversation::obey(const std::vector<std::string>& words) {
   if (verb == "record") {
     GoalOutcomeRecordingInput input{GoalOutcomeSubjectKind::person, "p1", GoalOutcomeValue::helped,
                                     words.at(2), std::nullopt};
-    return task::wait(engine().record(words.at(1), std::move(input))).id;
+    const std::string id = words.size() > 3 ? words[3] : newOutcomeID();
+    return task::wait(engine().record(words.at(1), std::move(input), std::nullopt, id)).id;
   }
   if (verb == "import") {
     std::vector<GetGoalSnapshotResponse> results;

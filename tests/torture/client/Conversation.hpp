@@ -8,13 +8,13 @@
 
 namespace vemra::desk {
 
-/// A client of a store that obeys lines, so that a test can act on a store as a window does: with one
-/// engine that stays open, and an answer only when the engine has answered.
+/// A client of a store that obeys lines, so that a test can act on a store as a window does: with
+/// one engine that stays open, and an answer only when the engine has answered.
 ///
 /// A line is words between tabs:
 ///
 ///     open FILE [MILLISECONDS]    forget the engine and take a new one; how long it waits for others
-///     record GOAL NOTE            the answer is the new outcome's id
+///     record GOAL NOTE [ID]       the answer is the outcome's id; with an id it can be tried again
 ///     import DOC…
 ///     goals
 ///     export GOAL                 the result document, on one line

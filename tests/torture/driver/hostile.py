@@ -1,6 +1,7 @@
 """A client at a store that somebody has spoilt: it works or refuses, and ends by itself either way."""
 import json
 import shutil
+import sqlite3
 
 from stand import ended_well, require
 from story import Story
@@ -53,12 +54,32 @@ def use(stand, random):
         require(stand.store in ending.diagnostics, f"{command[0]}: names no file: {ending.diagnostics!r}")
         require(ending.output == "", f"{command[0]}: it failed, and yet there is output")
         require(len(ending.diagnostics) < 2000, f"{command[0]}: a message of {len(ending.diagnostics)}")
+    record = "record\tg1\tnote"
     lines = [f"content\t{stand.store}", f"open\t{stand.store}\t300", "goals", "export\tg1", "export\tg2",
-             "record\tg1\tnote", f"import\t{stand.document('g2', 2)}", "export\tg2"]
+             record, f"import\t{stand.document('g2', 2)}", "export\tg2", "export\tg1"]
     ending = stand.talk(lines)
     ended_well(ending)
     require(ending.code == 0 and len(ending.answers) == len(lines),
             f"ended with {ending.code}: {ending.diagnostics[-300:]}")
     for line, (good, text) in zip(lines, ending.answers):
         require(good or stand.store in text, f"{line.split()[0]} names no file: {text!r}")
-    return ending
+    acknowledged, outcome = ending.answers[lines.index(record)]
+    if acknowledged:
+        look_for(stand, outcome, *ending.answers[-1])
+
+
+def look_for(stand, outcome, is_read, document):
+    """What was acknowledged is there, as far as the store can be read at all."""
+    if is_read:
+        ids = [each["id"] for each in json.loads(document)["outcomes"]]
+        require(ids.count(outcome) == 1, "acknowledged, but not in the goal")
+    try:
+        connection = sqlite3.connect(stand.store)
+        try:
+            count, = connection.execute("SELECT count(*) FROM outcomes NOT INDEXED WHERE id = ?",
+                                        (outcome,)).fetchone()
+        finally:
+            connection.close()
+    except sqlite3.Error:
+        return
+    require(count == 1, f"acknowledged, but {count} times in the table")

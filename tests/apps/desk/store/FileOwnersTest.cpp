@@ -1,11 +1,14 @@
 #include "apps/desk/store/GoalStore.hpp"
+#include "apps/desk/store/Transaction.hpp"
 #include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/store/AsNobody.hpp"
+#include "tests/apps/desk/store/AtCommit.hpp"
 #include "tests/apps/desk/store/ErrorOf.hpp"
 
 #include <filesystem>
+#include <functional>
 #include <unistd.h>
 
 #include <gmock/gmock.h>
@@ -19,6 +22,13 @@ namespace fs = std::filesystem;
 using testing::HasSubstr;
 
 constexpr uid_t stranger = 4711;
+
+/// With the rights of root for a while, inside of `AsNobody`.
+void asRoot(const std::function<void()>& act) {
+  ASSERT_EQ(::seteuid(0), 0);
+  act();
+  ASSERT_EQ(::seteuid(AsNobody::id), 0);
+}
 
 /// Files of several users: needs the rights of root.
 class FileOwnersTest : public testing::Test {
@@ -187,6 +197,43 @@ TEST_F(FileOwnersTest, ALogOfTheWrongOwnerBesideAStoreOfAnotherUserIsRefused) {
   fs::permissions(file, fs::perms(0644));
   plant("-wal", stranger + 1);
   EXPECT_THAT(errorOfReading(), HasSubstr("belongs to another user (user id 4712)"));
+}
+
+// SQLite takes a journal into the database at the beginning of a transaction.
+TEST_F(FileOwnersTest, AJournalThatIsPutThereAfterTheOpeningIsRefused) {
+  const auto withOpenDatabase = [&](const std::function<void(Database&)>& act) {
+    const AsNobody rights;
+    return errorOf([&] {
+      Database database(file, Database::Opening::existingToWrite, Patience(300));
+      act(database);
+    });
+  };
+  for (const Transaction::Kind kind : {Transaction::Kind::reading, Transaction::Kind::writing}) {
+    EXPECT_THAT(withOpenDatabase([&](Database& database) {
+                  asRoot([&] { plant("-journal", stranger); });
+                  const Transaction transaction(database, kind);
+                }),
+                HasSubstr("belongs to another user (user id 4711)"));
+    fs::remove(file + "-journal");
+  }
+  EXPECT_EQ(withOpenDatabase([&](Database& database) {
+              database.accept();
+              asRoot([&] { plant("-journal", stranger); });
+              const Transaction transaction(database, Transaction::Kind::reading);
+            }),
+            "no error")
+      << "with its log open, SQLite does not look at a journal";
+}
+
+TEST_F(FileOwnersTest, ALogThatIsPutThereDuringTheFirstImportIsReported) {
+  fs::remove(file);
+  const AtCommit planting([&] {
+    asRoot([&] { plant("-wal", stranger); });
+    return 0;
+  });
+  const AsNobody rights;
+  EXPECT_THAT(errorOf([&] { GoalStore::importInto(file, {goal("g1", "One")}); }),
+              HasSubstr("belongs to another user (user id 4711)"));
 }
 
 TEST_F(FileOwnersTest, RootReadsAndWritesTheStoreOfAUser) {

@@ -1,12 +1,15 @@
+#include "apps/desk/store/Database.hpp"
 #include "apps/desk/store/GoalStore.hpp"
 #include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/store/AtCommit.hpp"
 #include "tests/apps/desk/store/ErrorOf.hpp"
 #include "tests/apps/desk/store/SystemCallFault.hpp"
 
 #include <cerrno>
 #include <filesystem>
+#include <optional>
 
 #include <gtest/gtest.h>
 
@@ -58,11 +61,37 @@ TEST_F(FirstImportTest, LeavesNoFileBehindWhenAGoalIsRefused) {
   EXPECT_TRUE(isEmptyFolder());
 }
 
+TEST_F(FirstImportTest, ALockThatCannotBeGivenBackAfterTheCommitIsNoFailure) {
+  for (const Call call : {Call::lock, Call::unlock}) {
+    std::filesystem::remove(file);
+    std::optional<SystemCallFault> fault;
+    const AtCommit failing([&] {
+      fault.emplace(call, ENOLCK, "goals.sqlite", 2);
+      return 0;
+    });
+    EXPECT_EQ(errorOf([&] { GoalStore::importInto(file, {goal("g1", "One")}); }), "no error");
+    EXPECT_GT(fault->count(), 0);
+    fault.reset();
+    EXPECT_EQ(GoalStore::openExisting(file)->goals().size(), 1u);
+  }
+}
+
 TEST_F(FirstImportTest, KeepsTheEmptyFileOfSomebodyElse) {
   folder.write("goals.sqlite", "");
   const SystemCallFault fault(Call::write, EIO, "goals.sqlite", SystemCallFault::always);
   EXPECT_NE(errorOf([&] { GoalStore::importInto(file, {goal("g1", "One")}); }), "no error");
   EXPECT_TRUE(std::filesystem::exists(file));
+}
+
+// The other program has looked into the file, and writes nothing before its transaction ends.
+TEST_F(FirstImportTest, KeepsAnEmptyFileThatAnotherProgramIsAboutToFill) {
+  std::optional<Database> database(std::in_place, file, Database::Opening::orCreate, Patience(300));
+  RawDatabase other(file);
+  ASSERT_EQ(other.run("BEGIN; SELECT * FROM sqlite_schema"), "");
+  database.reset();
+  EXPECT_TRUE(std::filesystem::exists(file));
+  EXPECT_EQ(other.run("CREATE TABLE t (c); COMMIT"), "");
+  EXPECT_EQ(RawDatabase(file).value("SELECT count(*) FROM t"), "0");
 }
 
 TEST_F(FirstImportTest, WithoutEffectAlsoLeavesNoStoreOfAWindowBehind) {

@@ -1,6 +1,7 @@
 #include "VemraPlatform/task/Start.hpp"
 #include "apps/desk/store/StoreEngine.hpp"
 #include "apps/desk/store/StoreError.hpp"
+#include "apps/desk/store/Transaction.hpp"
 #include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"

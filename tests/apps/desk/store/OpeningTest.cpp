@@ -5,6 +5,7 @@
 #include "tests/apps/desk/store/ErrorOf.hpp"
 
 #include <chrono>
+#include <filesystem>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -27,6 +28,17 @@ TEST_F(OpeningTest, AFinishedStoreIsOpenedWhileAnotherProgramWrites) {
   RawDatabase other(file);
   ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
   EXPECT_EQ(errorOf([&] { GoalStore::open(file, Patience(0)); }), "no error");
+}
+
+// The store may be on a disk that is not there today: it is no store without goals.
+TEST_F(OpeningTest, ALinkThatLeadsNowhereIsNamed) {
+  const std::string link = folder.file("link.sqlite");
+  std::filesystem::create_symlink("/no/such/disk.sqlite", link);
+  const std::string problem =
+      link + ": is a symbolic link to \"/no/such/disk.sqlite\", where there is no file";
+  EXPECT_EQ(errorOf([&] { GoalStore::open(link); }), problem);
+  EXPECT_EQ(errorOf([&] { GoalStore::openExisting(link); }), problem);
+  EXPECT_EQ(errorOf([&] { GoalStore::importInto(link, {goal("g1", "One")}); }), problem);
 }
 
 TEST_F(OpeningTest, TheModeIsChangedWhenAnotherProgramHasRead) {

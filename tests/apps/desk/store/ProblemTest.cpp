@@ -6,6 +6,19 @@
 namespace vemra::desk {
 namespace {
 
+std::string problem(int code, sqlite3* connection) {
+  return problemOf(code, connection).text;
+}
+
+TEST(ProblemTest, LiesInTheContentWhenAnotherConnectionWouldFailToo) {
+  for (const int code : {SQLITE_CONSTRAINT, SQLITE_TOOBIG, SQLITE_NOTADB, SQLITE_CORRUPT}) {
+    EXPECT_TRUE(problemOf(code, nullptr).isOfContent) << code;
+  }
+  for (const int code : {SQLITE_CANTOPEN, SQLITE_FULL, SQLITE_IOERR, SQLITE_NOMEM, SQLITE_ERROR}) {
+    EXPECT_FALSE(problemOf(code, nullptr).isOfContent) << code;
+  }
+}
+
 TEST(ProblemTest, EachFailureThatNeedsNoStoreToHappenHasItsWords) {
   EXPECT_EQ(problem(SQLITE_NOTADB, nullptr), "is not an SQLite database");
   EXPECT_EQ(problem(SQLITE_CANTOPEN, nullptr), "cannot be opened: its folder may be read-only");

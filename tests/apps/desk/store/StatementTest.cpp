@@ -1,4 +1,4 @@
-#include "apps/desk/store/Database.hpp"
+#include "apps/desk/store/Statement.hpp"
 #include "apps/desk/store/StoreError.hpp"
 #include "tests/apps/TemporaryFolder.hpp"
 

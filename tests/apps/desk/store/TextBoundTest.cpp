@@ -1,6 +1,6 @@
-#include "apps/desk/store/Database.hpp"
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/store/ResultRows.hpp"
+#include "apps/desk/store/Transaction.hpp"
 #include "tests/apps/Repeated.hpp"
 #include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/SampleResults.hpp"

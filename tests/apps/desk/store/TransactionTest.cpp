@@ -1,5 +1,5 @@
-#include "apps/desk/store/Database.hpp"
 #include "apps/desk/store/GoalStore.hpp"
+#include "apps/desk/store/Transaction.hpp"
 #include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 

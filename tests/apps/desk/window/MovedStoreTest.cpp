@@ -1,4 +1,5 @@
 #include "VemraPlatform/task/Start.hpp"
+#include "tests/apps/desk/AfterCommit.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
@@ -59,6 +60,32 @@ TEST_F(MovedStoreWindowTest, AnOutcomeForAStoreThatIsGoneIsKeptAndRecordedWhenIt
   press("desk.notice.again");
   ASSERT_NE(wait<QAbstractButton>(person + ".outcome.correct"), nullptr) << notice();
   EXPECT_EQ(recorded(), 1u);
+}
+
+// The store moves after the commit and before the acknowledgement.
+TEST_F(MovedStoreWindowTest, AnOutcomeThatWasRefusedThoughCommittedIsRecordedOnce) {
+  const AfterCommit moving([&] { fs::rename(file, away); });
+  open();
+  press(person + ".outcome.start");
+  press(person + ".outcome.save");
+  EXPECT_TRUE(notices("The outcome was not recorded.")) << notice();
+  ASSERT_TRUE(moving.hasHappened());
+  fs::rename(away, file);
+  EXPECT_EQ(recorded(), 1u) << "it was committed";
+  press("desk.notice.again");
+  EXPECT_TRUE(becomes([&] { return find<QAbstractButton>("desk.notice.again") == nullptr; }));
+  pass(600);
+  EXPECT_EQ(recorded(), 1u) << notice();
+}
+
+TEST_F(MovedStoreWindowTest, AStoreThatCannotBeReadAtFirstIsShownAsSoonAsItCan) {
+  fs::rename(file, away);
+  fs::create_directory(file);
+  open();
+  EXPECT_TRUE(notices("cannot be opened: not a file")) << notice();
+  fs::remove(file);
+  fs::rename(away, file);
+  EXPECT_TRUE(becomes([&] { return shows("One", "desk.goals"); })) << notice();
 }
 
 TEST_F(MovedStoreWindowTest, AStoreThatTookItsPlaceIsShownAndNothingGoesIntoItUnasked) {

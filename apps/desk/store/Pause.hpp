@@ -1,0 +1,34 @@
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+
+namespace vemra::desk {
+
+/// The pause after a failure, in which a periodic task does not try again. It doubles, from half a
+/// second to ten seconds, when the next failure comes soon after it.
+class Pause {
+ public:
+  using Clock = std::chrono::steady_clock;
+  static constexpr std::chrono::milliseconds shortest{500};
+  static constexpr std::chrono::milliseconds longest{10'000};
+
+  /// Begins after a failure.
+  void begin() {
+    const Clock::time_point now = Clock::now();
+    const bool isSoon = now < end_ + longest;
+    length_ = isSoon ? std::clamp(2 * length_, shortest, longest) : shortest;
+    end_ = now + length_;
+  }
+
+  /// Forgets all failures.
+  void end() { *this = Pause(); }
+
+  bool isOn() const { return Clock::now() < end_; }
+
+ private:
+  std::chrono::milliseconds length_{0};
+  Clock::time_point end_;
+};
+
+}  // namespace vemra::desk

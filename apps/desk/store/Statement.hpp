@@ -1,0 +1,92 @@
+#pragma once
+
+#include "apps/desk/store/Database.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+struct sqlite3_stmt;
+
+namespace vemra::desk {
+
+/// How errors name the rows of a query: by a table and the columns that tell its rows apart.
+struct RowsOf {
+  const char* table = "";
+  int keyColumns = 0;  ///< the query gives the key first, in so many columns
+};
+
+/// A prepared statement.
+///
+/// Texts go in and come out byte for byte: with their length, so that U+0000 may stand in them.
+/// They are well-formed UTF-8: a statement that writes refuses any other with a `StoreError`.
+class Statement {
+ public:
+  Statement(Database& database, std::string_view sql, RowsOf rows = {});
+
+  /// Binds the values to ?1, ?2, … and runs the statement to its end. It can be run again.
+  template <class... Values>
+  void run(const Values&... values) {
+    bindAll(values...);
+    runBound();
+  }
+
+  /// Binds the values; the rows are then fetched with `next`. The values must live until the last.
+  template <class... Values>
+  void query(const Values&... values) {
+    reset();
+    bindAll(values...);
+  }
+
+  /// Goes to the next row; false behind the last one.
+  bool next();
+
+  /// \name The current row, its columns counted from 0.
+  ///
+  /// Values are checked as they are read: another program may have written the row, or damaged it.
+  /// One of another type, or a text that is not UTF-8, is a `StoreError` that names table, row and
+  /// column.
+  /// @{
+  std::string text(int column);
+  std::optional<std::string> optionalText(int column);
+  std::int64_t integer(int column);
+  /// A non-negative integer.
+  std::size_t index(int column);
+  /// Makes sure that the column is NULL.
+  void expectNull(int column);
+  /// Makes sure that the column has the position that is due, where positions count up from 0.
+  void expectPosition(int column, std::size_t due);
+  /// Throws the `StoreError` for a column that breaks a rule of its own.
+  [[noreturn]] void damaged(int column, std::string_view expected);
+  /// @}
+
+ private:
+  struct Finalize {
+    void operator()(sqlite3_stmt* statement) const;
+  };
+
+  template <class... Values>
+  void bindAll(const Values&... values) {
+    int index = 0;
+    (bind(++index, values), ...);
+  }
+  void bind(int index, std::string_view text);
+  void bind(int index, const std::string& text) { bind(index, std::string_view(text)); }
+  void bind(int index, const std::optional<std::string>& text);
+  void bind(int index, std::int64_t number);
+  void bind(int index, const std::optional<std::int64_t>& number);
+  void check(int code);
+  void runBound();
+  void reset();
+  std::string_view bytesOf(int column);
+  std::string describe(int column);
+
+  Database* database_;
+  RowsOf rows_;
+  std::unique_ptr<sqlite3_stmt, Finalize> statement_;
+};
+
+}  // namespace vemra::desk
