@@ -47,6 +47,17 @@ TEST(RequestTest, HelpSaysWhatEachCommandAndOptionIsFor) {
   }
   EXPECT_THAT(farewellTo({"import", "--help"}).output,
               HasSubstr("Result documents; - is standard input"));
+  for (const char* command : {"export", "outcomes"}) {
+    EXPECT_THAT(farewellTo({command, "--help"}).output, HasSubstr("The goal")) << command;
+  }
+}
+
+TEST(RequestTest, AnEmptyStoreIsAValueLikeAnyOther) {
+  const std::vector<const char*> words = {"vemra-desk", "goals", "--store", ""};
+  const auto read = readRequest(static_cast<int>(words.size()), words.data());
+  const auto* request = std::get_if<Request>(&read);
+  ASSERT_NE(request, nullptr);
+  EXPECT_EQ(request->store, "");
 }
 
 }  // namespace
