@@ -1,54 +1,167 @@
 #include "apps/desk/window/GoalList.hpp"
 
 #include "VemraPlatform/text/Equality.hpp"
+#include "apps/desk/window/AccessibleGoals.hpp"
 #include "apps/desk/window/GoalRow.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
+#include <algorithm>
+
+#include <QKeyEvent>
 #include <QScrollBar>
-#include <QVBoxLayout>
 
 namespace vemra::desk {
 
-GoalList::GoalList(QWidget* parent) : QScrollArea(parent) {
+GoalList::GoalList(QWidget* parent) : QAbstractScrollArea(parent) {
   setObjectName("desk.goals");
   setAccessibleName("Goals");
   setFrameShape(QFrame::NoFrame);
-  setWidgetResizable(true);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setFocusPolicy(Qt::NoFocus);
-  auto* page = new QWidget;
-  column_ = new QVBoxLayout(page);
-  column_->setContentsMargins(10, 14, 10, 14);
-  column_->setSpacing(2);
-  QLabel* heading = makeLabel("Goals", TextRole::heading);
-  heading->setContentsMargins(10, 0, 10, 6);
-  column_->addWidget(heading);
-  column_->addStretch(1);
-  setWidget(page);
+  setViewport(new GoalColumn(*this));
   viewport()->setAutoFillBackground(false);
-  page->setAutoFillBackground(false);
+  measured_ = new GoalRow(viewport());
+  measured_->hide();  // or it would be shown with the viewport
+  heading_ = makeLabel("Goals", TextRole::heading);
+  heading_->setContentsMargins(10, 0, 10, 6);
+  heading_->setParent(viewport());
+  heading_->show();
+  measureAnew();
+}
+
+/// Assistive technology may ask the viewport about its rows until that is destroyed, after the list.
+GoalList::~GoalList() {
+  static_cast<GoalColumn*>(viewport())->forgetList();
 }
 
 void GoalList::setGoals(const std::vector<GoalListing>& goals, const std::string& openGoalID) {
-  while (rows_.size() > goals.size()) {
-    delete rows_.back();
-    rows_.pop_back();
+  const std::string before = open_ ? goals_[*open_].id : std::string();
+  const bool sameTitles =
+      std::ranges::equal(goals, goals_, {}, &GoalListing::title, &GoalListing::title);
+  goals_ = goals;
+  const auto open = std::ranges::find_if(
+      goals_, [&](const GoalListing& goal) { return text::equal(goal.id, openGoalID); });
+  open_.reset();
+  if (open != goals_.end()) open_ = static_cast<std::size_t>(open - goals_.begin());
+  if (open_ && !text::equal(before, openGoalID)) wantsOpenSeen_ = true;
+  while (!rows_.empty() && rows_.rbegin()->first >= goals_.size()) {
+    putAside(std::prev(rows_.end()));
   }
-  for (std::size_t i = 0; i < goals.size(); ++i) {
-    if (i == rows_.size()) {
-      auto* row = new GoalRow;
-      column_->insertWidget(column_->count() - 1, row);
-      rows_.push_back(row);
-      connect(row, &QPushButton::clicked, this, [this, row] {
-        // A copy: who hears of it may give the row another goal.
-        Q_EMIT goalChosen(std::string(row->goalID()));
-      });
+  if (!sameTitles) forgetHeights();
+  for (const auto& [index, row] : rows_) fillRow(*row, index);
+  layOut();
+  showOpen();
+}
+
+GoalRow* GoalList::row(std::size_t index) const {
+  const auto found = rows_.find(index);
+  return found == rows_.end() ? nullptr : found->second;
+}
+
+std::optional<std::size_t> GoalList::indexOf(const GoalRow& row) const {
+  const auto found = std::ranges::find_if(rows_, [&](const auto& e) { return e.second == &row; });
+  return found == rows_.end() ? std::nullopt : std::optional(found->first);
+}
+
+void GoalList::choose(std::size_t index) {
+  if (index >= goals_.size()) return;
+  open_ = index;
+  if (!row(index)) layOut();
+  row(index)->click();
+}
+
+void GoalList::focusRow(std::size_t index) {
+  if (index >= goals_.size()) return;
+  scrollTo(index);
+  if (GoalRow* shown = row(index)) shown->setFocus(Qt::OtherFocusReason);
+}
+
+bool GoalList::event(QEvent* event) {
+  const bool handled = QAbstractScrollArea::event(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    measureAnew();
+    layOut();
+  }
+  return handled;
+}
+
+/// Rows hand their keys and the focus to the list, which knows the rows without a widget.
+bool GoalList::eventFilter(QObject* object, QEvent* event) {
+  auto* row = qobject_cast<GoalRow*>(object);
+  const auto index = row ? indexOf(*row) : std::nullopt;
+  if (index && event->type() == QEvent::KeyPress) {
+    return handleKey(*index, static_cast<QKeyEvent*>(event)->key());
+  }
+  if (index && event->type() == QEvent::FocusIn) {
+    const auto reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason) scrollTo(*index);
+  }
+  return QAbstractScrollArea::eventFilter(object, event);
+}
+
+/// Whether the key is the list's own. What a row does with another one, its reader sees.
+bool GoalList::handleKey(std::size_t index, int key) {
+  std::size_t next = index;
+  switch (key) {
+    case Qt::Key_Up:
+      if (index == 0) return false;  // scrolls
+      next = index - 1;
+      break;
+    case Qt::Key_Down:
+      if (index + 1 == goals_.size()) return false;
+      next = index + 1;
+      break;
+    case Qt::Key_Home:
+      next = 0;
+      break;
+    case Qt::Key_End:
+      next = goals_.size() - 1;
+      break;
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Select:
+      scrollTo(index);
+      return false;
+    default:
+      return false;
+  }
+  focusRow(next);
+  if (next != open_) choose(next);
+  return true;
+}
+
+void GoalList::resizeEvent(QResizeEvent* event) {
+  QAbstractScrollArea::resizeEvent(event);
+  if (event->size().width() != event->oldSize().width()) measureAnew();
+  layOut();
+}
+
+void GoalList::showEvent(QShowEvent* event) {
+  QAbstractScrollArea::showEvent(event);
+  layOut();
+  showOpen();
+}
+
+void GoalList::scrollContentsBy(int, int) {
+  layOut();
+}
+
+/// Scrolls to a goal that has become the open one, when the list has its size.
+void GoalList::showOpen() {
+  if (isVisible() && std::exchange(wantsOpenSeen_, false) && open_) scrollTo(*open_);
+}
+
+/// Scrolls just as far as it takes to see a row.
+void GoalList::scrollTo(std::size_t index) {
+  QScrollBar& bar = *verticalScrollBar();
+  for (int round = 0; round < 3; ++round) {  // its height is estimated before it comes into view
+    const QRect rect = rowRect(index);
+    if (rect.top() < 0) {
+      bar.setValue(index == 0 ? 0 : bar.value() + rect.top());
+    } else if (rect.bottom() >= viewport()->height()) {
+      bar.setValue(bar.value() + rect.bottom() + 1 - viewport()->height());
     }
-    GoalRow* const row = rows_[i];
-    row->setTitle(fromUTF8(goals[i].title));
-    row->setGoalID(goals[i].id);
-    row->setObjectName("desk.goal." + fromUTF8(goals[i].id));
-    if (text::equal(goals[i].id, openGoalID)) row->setChecked(true);
   }
 }
 

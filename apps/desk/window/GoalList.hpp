@@ -1,13 +1,16 @@
 #pragma once
 
+#include "VemraPlatform/page/RowHeights.hpp"
 #include "apps/desk/store/GoalStore.hpp"
 
+#include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include <QScrollArea>
+#include <QAbstractScrollArea>
 
-class QVBoxLayout;
+class QLabel;
 
 namespace vemra::desk {
 
@@ -15,22 +18,76 @@ class GoalRow;
 
 /// The goals of the store, one below the other; one of them is open.
 ///
-/// The arrow keys go from goal to goal and open it; the list is one stop of the Tab key.
-class GoalList : public QScrollArea {
+/// The arrow keys go from goal to goal and open it, Home and End open the first and the last one; the
+/// list is one stop of the Tab key. Only the rows near the viewport have a widget, besides the open
+/// one and the one with the focus. Assistive technology finds all of them (`AccessibleGoals`).
+class GoalList : public QAbstractScrollArea {
   Q_OBJECT
 
  public:
   explicit GoalList(QWidget* parent = nullptr);
+  ~GoalList() override;
 
-  /// Shows these goals, and the one of that id as the open one. Rows that stay keep the focus.
+  /// Shows these goals, and the one of that id as the open one. Rows that stay keep the focus. Scrolls
+  /// to the open goal when it is another one than before.
   void setGoals(const std::vector<GoalListing>& goals, const std::string& openGoalID);
+
+  /// \name For assistive technology; `index` counts the goals from the top. @{
+  const std::vector<GoalListing>& goals() const { return goals_; }
+  QLabel& heading() const { return *heading_; }
+  std::optional<std::size_t> openIndex() const { return open_; }
+  /// The widget of a row; nullptr while it has none.
+  GoalRow* row(std::size_t index) const;
+  std::optional<std::size_t> indexOf(const GoalRow& row) const;
+  /// Where a row is in the viewport; estimated where it has never been there.
+  QRect rowRect(std::size_t index) const;
+  /// Opens a goal as a click does.
+  void choose(std::size_t index);
+  /// Scrolls a row into view and gives it the focus.
+  void focusRow(std::size_t index);
+  /// @}
 
  Q_SIGNALS:
   void goalChosen(const std::string& goalID);
 
+ protected:
+  bool event(QEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+
  private:
-  QVBoxLayout* column_;
-  std::vector<GoalRow*> rows_;
+  struct Range {
+    std::size_t first = 0, last = 0;  ///< `last` excluded
+  };
+
+  int top() const;
+  int rowWidth() const;
+  void measureAnew();
+  void forgetHeights();
+  void layOut();
+  Range rowsInView() const;
+  void measure(const Range& range);
+  void setScrollRange();
+  void placeRows(const Range& range);
+  bool isPinned(std::size_t index) const;
+  GoalRow& makeRow(std::size_t index);
+  void fillRow(GoalRow& row, std::size_t index) const;
+  void putAside(std::map<std::size_t, GoalRow*>::iterator entry);
+  void showOpen();
+  void scrollTo(std::size_t index);
+  bool handleKey(std::size_t index, int key);
+
+  std::vector<GoalListing> goals_;
+  std::optional<std::size_t> open_;
+  page::RowHeights heights_;
+  QLabel* heading_;
+  std::map<std::size_t, GoalRow*> rows_;
+  std::vector<GoalRow*> spare_;
+  GoalRow* measured_;           ///< never shown: tells how high a row is
+  bool wantsOpenSeen_ = false;  ///< as soon as the list has its size
+  bool layingOut_ = false;
 };
 
 }  // namespace vemra::desk

@@ -14,6 +14,7 @@
 namespace vemra::desk {
 namespace {
 
+constexpr const char* noTitle = "(no title)";
 constexpr int margin = 10;
 constexpr int mostLines = 3;
 constexpr qsizetype mostCharacters = 400;  // three lines hold less, and laying out costs time
@@ -92,12 +93,16 @@ void GoalRow::takeTitle(const QString& title) {
   title_ = title;
   const QString inOneLine = title.simplified();
   shown_ = atMost(mostCharacters, inOneLine);
-  if (shown_.isEmpty()) shown_ = QStringLiteral("(no title)");
+  if (shown_.isEmpty()) shown_ = noTitle;
   showsAll_ = inOneLine.size() <= mostCharacters;
   setText(asButtonTitle(title));
-  setAccessibleName(inOneLine.isEmpty() ? shown_ : title);
+  setAccessibleName(nameOf(title));
   updateGeometry();
   update();
+}
+
+QString GoalRow::nameOf(const QString& title) {
+  return title.simplified().isEmpty() ? QString(noTitle) : title;
 }
 
 int GoalRow::heightForWidth(int width) const {

@@ -16,6 +16,8 @@ class GoalRow : public QPushButton {
   /// Shows the title literally. The whole of it is its accessible name, and a tool tip where it does
   /// not fit. A blank one is shown and named as "(no title)".
   void setTitle(const QString& title);
+  /// The accessible name of a goal with that title.
+  static QString nameOf(const QString& title);
 
   /// The id of the goal that is shown, byte for byte.
   const std::string& goalID() const { return goalID_; }

@@ -2,6 +2,7 @@
 #include "apps/desk/window/GoalRow.hpp"
 #include "tests/apps/desk/window/Keys.hpp"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -10,7 +11,6 @@
 #include <QHelpEvent>
 #include <QLabel>
 #include <QToolTip>
-#include <QVBoxLayout>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -33,10 +33,10 @@ class GoalListTest : public ::testing::Test {
   /// The rows from top to bottom.
   std::vector<GoalRow*> rows() const {
     std::vector<GoalRow*> rows;
-    const auto* column = static_cast<QVBoxLayout*>(list.widget()->layout());
-    for (int i = 0; i < column->count(); ++i) {
-      if (auto* row = qobject_cast<GoalRow*>(column->itemAt(i)->widget())) rows.push_back(row);
+    for (auto* row : list.viewport()->findChildren<GoalRow*>()) {
+      if (!row->isHidden()) rows.push_back(row);
     }
+    std::ranges::sort(rows, {}, [](const GoalRow* row) { return row->y(); });
     return rows;
   }
   std::vector<std::string> titles() const {
