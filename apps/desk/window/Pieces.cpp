@@ -44,7 +44,7 @@ QString firstPiece(const QString& text) {
 }
 
 Pieces::Pieces(const QString& what, AddNext addNext, QWidget* parent)
-    : QWidget(parent), addNext_(std::move(addNext)) {
+    : QWidget(parent), addNext_(std::move(addNext)), key_(what) {
   QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
@@ -64,9 +64,22 @@ Pieces::Pieces(const QString& what, AddNext addNext, QWidget* parent)
   showNext();
 }
 
+QStringList Pieces::path() const {
+  QStringList path;
+  for (const QWidget* widget = this; widget; widget = widget->parentWidget()) {
+    if (const auto* pieces = qobject_cast<const Pieces*>(widget)) path.prepend(pieces->key_);
+  }
+  return path;
+}
+
+void Pieces::showUpTo(int count) {
+  while (shown_ < count && hasMore_) showNext();
+}
+
 void Pieces::showNext() {
   const QList<QPushButton*> before = findChildren<QPushButton*>();
-  const bool hasMore = addNext_(*pieces_);
+  hasMore_ = addNext_(*pieces_);
+  ++shown_;
   // Tab goes on in the order of reading: past the buttons in the new piece before this one.
   for (QPushButton* button : findChildren<QPushButton*>()) {
     if (before.contains(button)) continue;
@@ -77,7 +90,7 @@ void Pieces::showNext() {
     // The window is where the chain begins: in front of this button there is no other.
     last == window() ? setTabOrder(button, more_) : setTabOrder(last, button);
   }
-  if (!hasMore) more_->hide();  // the focus goes to the next control
+  if (!hasMore_) more_->hide();  // the focus goes to the next control
 }
 
 void addText(QVBoxLayout& column, const QString& text, TextRole role) {
@@ -86,27 +99,31 @@ void addText(QVBoxLayout& column, const QString& text, TextRole role) {
     column.addWidget(makeLabel(text, role));
     return;
   }
-  column.addWidget(
+  auto* made =
       new Pieces("the text", [text, role, from = qsizetype{0}](QVBoxLayout& pieces) mutable {
         const qsizetype end = endOfPiece(text, from);
         pieces.addWidget(makeLabel(text.mid(from, end - from), role));
         from = end;
         return from < text.size();
-      }));
+      });
+  made->setKey("the text\n" + text);
+  column.addWidget(made);
 }
 
-void addEntries(QVBoxLayout& column, const QString& what, std::size_t count,
-                std::function<void(QVBoxLayout& column, std::size_t index)> add) {
+Pieces* addEntries(QVBoxLayout& column, const QString& what, std::size_t count,
+                   std::function<void(QVBoxLayout& column, std::size_t index)> add) {
   if (count <= mostEntriesAtOnce) {
     for (std::size_t index = 0; index < count; ++index) add(column, index);
-    return;
+    return nullptr;
   }
-  column.addWidget(new Pieces(
+  auto* made = new Pieces(
       what, [count, add = std::move(add), next = std::size_t{0}](QVBoxLayout& pieces) mutable {
         const std::size_t end = std::min(count, next + mostEntriesAtOnce);
         for (; next < end; ++next) add(pieces, next);
         return next < count;
-      }));
+      });
+  column.addWidget(made);
+  return made;
 }
 
 }  // namespace vemra::desk

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
 class QPushButton;
@@ -47,10 +48,24 @@ class Pieces : public QWidget {
   /// - Parameter what: what there is more of, for a reader who hears the button without its place.
   Pieces(const QString& what, AddNext addNext, QWidget* parent = nullptr);
 
+  /// What there is more of, told from all others that stand in the same `Pieces`: it finds what was
+  /// shown when a pane is made anew. `what` until it is set.
+  void setKey(const QString& key) { key_ = key; }
+  /// The keys of the `Pieces` that it stands in, from the outermost, and its own.
+  QStringList path() const;
+  /// How many pieces are shown.
+  int shown() const { return shown_; }
+  /// Shows further pieces until there are so many, or no more.
+  void showUpTo(int count);
+  QPushButton& more() const { return *more_; }
+
  private:
   void showNext();
 
   AddNext addNext_;
+  QString key_;
+  int shown_ = 0;
+  bool hasMore_ = true;
   QVBoxLayout* pieces_;
   QPushButton* more_;
 };
@@ -61,7 +76,8 @@ void addText(QVBoxLayout& column, const QString& text, TextRole role);
 /// Adds the entries 0 to `count` of a list to a column, of a long one the first few.
 ///
 /// - Parameter add: adds entry `index` to the column that it is given; kept as long as the pieces.
-void addEntries(QVBoxLayout& column, const QString& what, std::size_t count,
-                std::function<void(QVBoxLayout& column, std::size_t index)> add);
+/// - Returns: the pieces of a long list, which the column owns; nullptr for a short one.
+Pieces* addEntries(QVBoxLayout& column, const QString& what, std::size_t count,
+                   std::function<void(QVBoxLayout& column, std::size_t index)> add);
 
 }  // namespace vemra::desk

@@ -13,7 +13,9 @@
 #include <utility>
 
 #include <QAccessible>
+#include <QApplication>
 #include <QHBoxLayout>
+#include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -55,14 +57,16 @@ void addSources(QVBoxLayout& page, const std::shared_ptr<const std::vector<std::
     addText(page, "Sources: " + line(*ids, 0, ids->size()), TextRole::quiet);
     return;
   }
-  page.addWidget(
+  auto* sources =
       new Pieces("the sources", [ids, line, next = std::size_t{0}](QVBoxLayout& pieces) mutable {
         const std::size_t end = std::min(ids->size(), next + mostAtOnce);
         const QString some = line(*ids, next, end);
         addText(pieces, next == 0 ? "Sources: " + some : some, TextRole::quiet);
         next = end;
         return next < ids->size();
-      }));
+      });
+  sources->setKey("the sources\n" + line(*ids, 0, mostAtOnce));
+  page.addWidget(sources);
 }
 
 }  // namespace
@@ -77,7 +81,40 @@ SidePane::SidePane(QWidget* parent) : QScrollArea(parent) {
   hide();
 }
 
-QVBoxLayout* SidePane::begin(const QString& kind, const QString& title) {
+SidePane::Reading SidePane::reading() const {
+  Reading reading;
+  reading.scroll = verticalScrollBar()->value();
+  const QWidget* focus = window()->focusWidget();
+  reading.hasFocus = focus && isAncestorOf(focus);
+  for (const auto* pieces : widget()->findChildren<Pieces*>()) {
+    reading.opened.push_back({pieces->path(), pieces->shown(), &pieces->more() == focus});
+  }
+  return reading;
+}
+
+QWidget* SidePane::reopen(QWidget& content, Reading& reading) {
+  QWidget* focus = nullptr;
+  QList<Pieces*> done;
+  for (bool hasNew = true; hasNew;) {  // pieces that are opened may hold others
+    hasNew = false;
+    for (auto* pieces : content.findChildren<Pieces*>()) {
+      if (done.contains(pieces)) continue;
+      done.append(pieces);
+      hasNew = true;
+      const auto opened = std::ranges::find(reading.opened, pieces->path(), &Reading::Opened::path);
+      if (opened == reading.opened.end()) continue;
+      pieces->showUpTo(opened->shown);
+      if (opened->hasFocus) focus = &pieces->more();
+      reading.opened.erase(opened);  // of two with one text, each is found once
+    }
+  }
+  return focus;
+}
+
+QVBoxLayout* SidePane::begin(const QString& kind, const QString& title, const QString& subject) {
+  const QString what = kind + '\n' + subject;
+  reading_.reset();
+  if (std::exchange(subject_, what) == what && !isHidden()) reading_ = reading();
   auto* content = new QWidget;
   auto* page = new QVBoxLayout(content);
   page->setContentsMargins(18, 14, 14, 18);
@@ -93,16 +130,29 @@ QVBoxLayout* SidePane::begin(const QString& kind, const QString& title) {
   head->addWidget(close);
   page->addLayout(head);
   addText(*page, title, TextRole::title);
-  setWidget(content);  // takes the place of what was there
-  content->setAutoFillBackground(false);
-  viewport()->setAutoFillBackground(false);
   setAccessibleName(kind + ": " + firstPiece(title));
   return page;
 }
 
-void SidePane::end() {
-  static_cast<QVBoxLayout*>(widget()->layout())->addStretch(1);
+void SidePane::end(QVBoxLayout* page) {
+  page->addStretch(1);
+  QWidget* const content = page->parentWidget();
+  // Before it is shown: what is added to a widget on the screen is shown, and measured, only later.
+  QWidget* focus = reading_ ? reopen(*content, *reading_) : nullptr;
+  setWidget(content);  // takes the place of the previous content
+  content->setAutoFillBackground(false);
+  viewport()->setAutoFillBackground(false);
   show();
+  if (!reading_) return;
+  content->layout()->activate();
+  QEvent measured(QEvent::LayoutRequest);
+  QApplication::sendEvent(this, &measured);
+  verticalScrollBar()->setValue(reading_->scroll);
+  if (reading_->hasFocus && (!focus || focus->isHidden())) {
+    focus = content->findChild<QToolButton*>("desk.side.close");
+  }
+  if (focus) focus->setFocus(Qt::OtherFocusReason);
+  reading_.reset();
 }
 
 template <class Add>
@@ -111,7 +161,8 @@ void SidePane::section(QVBoxLayout* page, const QString& heading, const QString&
   if (count == 0) return;
   page->addSpacing(14);
   page->addWidget(makeLabel(heading, TextRole::heading));
-  addEntries(*page, what, count, std::move(add));
+  Pieces* pieces = addEntries(*page, what, count, std::move(add));
+  if (pieces) pieces->setKey(heading);
 }
 
 /// What is known of a person is shared: pieces that are shown later are made of it then.
@@ -144,7 +195,7 @@ void SidePane::addOutcome(QVBoxLayout& page, const PersonKnowledge::Outcome& rec
 
 void SidePane::showPerson(PersonKnowledge known) {
   const auto person = std::make_shared<const PersonKnowledge>(std::move(known));
-  QVBoxLayout* page = begin("Person", nameOr(person->name, unnamed));
+  QVBoxLayout* page = begin("Person", nameOr(person->name, unnamed), fromUTF8(person->personRef));
   addText(*page, "Reference: " + fromUTF8(person->personRef), TextRole::quiet);
   section(page, "Worth considering for", "the goals", person->suggestions.size(),
           [person](QVBoxLayout& column, std::size_t i) { addSuggestion(column, person, i); });
@@ -160,12 +211,13 @@ void SidePane::showPerson(PersonKnowledge known) {
           [this, person](QVBoxLayout& column, std::size_t i) {
             addOutcome(column, person->outcomes[i]);
           });
-  end();
+  end(page);
 }
 
 void SidePane::showEvidence(EvidenceKnowledge known) {
   const auto evidence = std::make_shared<const EvidenceKnowledge>(std::move(known));
-  QVBoxLayout* page = begin("Source", fromUTF8(evidence->evidenceID));
+  QVBoxLayout* page =
+      begin("Source", fromUTF8(evidence->evidenceID), fromUTF8(evidence->evidenceID));
   section(page, "What it says", "the statements", evidence->statements.size(),
           [evidence](QVBoxLayout& column, std::size_t i) {
             const EvidenceKnowledge::Statement& statement = evidence->statements[i];
@@ -188,7 +240,7 @@ void SidePane::showEvidence(EvidenceKnowledge known) {
   if (evidence->statements.empty() && evidence->people.empty()) {
     addText(*page, "The store holds nothing more about this source.", TextRole::body);
   }
-  end();
+  end(page);
 }
 
 void SidePane::showPath(const GoalPathCandidateDTO& path,
@@ -199,7 +251,9 @@ void SidePane::showPath(const GoalPathCandidateDTO& path,
     shown.push_back(nameOr(name, fromUTF8(path.personRefs[i])));
   }
   const QString target = shown.empty() ? QString("Nobody") : shown.back();
-  QVBoxLayout* page = begin("Starfold", "Path to " + target);
+  QStringList refs;
+  for (const std::string& ref : path.personRefs) refs.append(fromUTF8(ref));
+  QVBoxLayout* page = begin("Starfold", "Path to " + target, refs.join('\n'));
   addText(*page, reason(path.why), TextRole::quiet);
   page->addSpacing(12);
   if (shown.size() <= mostEntriesAtOnce) {
@@ -216,7 +270,7 @@ void SidePane::showPath(const GoalPathCandidateDTO& path,
           return next < shown.size();
         }));
   }
-  end();
+  end(page);
 }
 
 }  // namespace vemra::desk

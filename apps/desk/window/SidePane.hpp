@@ -5,6 +5,7 @@
 #include "apps/desk/store/Knowledge.hpp"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include <QScrollArea>
@@ -16,6 +17,9 @@ namespace vemra::desk {
 /// What stands beside the screen: what the store knows of a person, of a piece of evidence, or a
 /// path as a graph. Hidden while there is nothing to show. Long texts and long lists are shown piece
 /// by piece (`Pieces`).
+///
+/// When the same person, source or path is shown once more, with what the store knows by now, the
+/// pieces that the reader has opened stay open, and the scroll position and the focus stay.
 class SidePane : public QScrollArea {
   Q_OBJECT
 
@@ -35,8 +39,24 @@ class SidePane : public QScrollArea {
   void closed();
 
  private:
-  QVBoxLayout* begin(const QString& kind, const QString& title);
-  void end();
+  /// What a reader has done with the pane.
+  struct Reading {
+    struct Opened {
+      QStringList path;  ///< of the pieces (`Pieces::path`)
+      int shown = 0;
+      bool hasFocus = false;
+    };
+    std::vector<Opened> opened;
+    int scroll = 0;
+    bool hasFocus = false;
+  };
+
+  /// - Parameter subject: what is shown, told from everything else that may be.
+  QVBoxLayout* begin(const QString& kind, const QString& title, const QString& subject);
+  void end(QVBoxLayout* page);
+  Reading reading() const;
+  /// Opens in new content what was open. Gives the button that is to have the focus, or nullptr.
+  static QWidget* reopen(QWidget& content, Reading& reading);
   /// A heading and the entries 0 to `count` under it; nothing when there are none.
   template <class Add>
   void section(QVBoxLayout* page, const QString& heading, const QString& what, std::size_t count,
@@ -46,6 +66,8 @@ class SidePane : public QScrollArea {
   void addOutcome(QVBoxLayout& page, const PersonKnowledge::Outcome& recorded) const;
 
   ui::Environment environment_;
+  QString subject_;                 // of what is shown
+  std::optional<Reading> reading_;  // while the same thing is being shown once more
 };
 
 }  // namespace vemra::desk
