@@ -30,8 +30,23 @@ foreach(line "Recorded for p1: Was useful\n" "\"Find a design lead\"" "\"Ada\"")
   endif()
 endforeach()
 
+# A host with a window may use Qt's keywords, and include every header that is installed after them.
+file(GLOB_RECURSE headers RELATIVE "${work}/prefix/include" "${work}/prefix/include/*.hpp")
+list(TRANSFORM headers REPLACE "(.+)" "#include \"\\1\"")
+list(JOIN headers "\n" headers)
+file(WRITE "${work}/every_header.hpp" "#include <iostream>\n#include <QtWidgets/QtWidgets>\n${headers}\n")
+run("${CMAKE_COMMAND}" -S "${CMAKE_CURRENT_LIST_DIR}/window" -B "${work}/window" -G "${generator}"
+    "-DCMAKE_CXX_COMPILER=${compiler}" "-DCMAKE_PREFIX_PATH=${work}/prefix"
+    "-DVEMRA_EVERY_HEADER=${work}/every_header.hpp")
+run("${CMAKE_COMMAND}" --build "${work}/window")
+run("${CMAKE_COMMAND}" -E env QT_QPA_PLATFORM=offscreen "${work}/window/window")
+if(NOT output MATCHES "Opened: p1\n")
+  message(FATAL_ERROR "the host's window does not answer:\n${output}")
+endif()
+
 # The headers must come from the installed copy alone.
-file(GLOB_RECURSE dependencies "${work}/host/*.ninja" "${work}/host/CMakeCache.txt")
+file(GLOB_RECURSE dependencies "${work}/host/*.ninja" "${work}/host/CMakeCache.txt"
+     "${work}/window/*.ninja" "${work}/window/CMakeCache.txt")
 get_filename_component(repository "${CMAKE_CURRENT_LIST_DIR}/../.." ABSOLUTE)
 foreach(file IN LISTS dependencies)
   file(STRINGS "${file}" lines REGEX "-I${repository}( |$)")
