@@ -1,13 +1,11 @@
 #include "VemraPlatform/date/InternetDateTime.hpp"
 
+#include "VemraPlatform/date/TimeUnits.hpp"
+
 #include <chrono>
 
 namespace vemra::date {
 namespace {
-
-constexpr int secondsPerMinute = 60;
-constexpr int secondsPerHour = 3600;
-constexpr std::int64_t secondsPerDay = 86400;
 
 /// Reads a text from left to right; the first thing that does not fit makes it unreadable for good.
 class Reader {

@@ -1,13 +1,11 @@
 #include "VemraPlatform/date/TimeZoneRule.hpp"
 
+#include "VemraPlatform/date/TimeUnits.hpp"
+
 #include <chrono>
 
 namespace vemra::date {
 namespace {
-
-constexpr int secondsPerMinute = 60;
-constexpr int secondsPerHour = 3600;
-constexpr std::int64_t secondsPerDay = 86400;
 
 bool isDigit(char character) noexcept {
   return character >= '0' && character <= '9';

@@ -13,11 +13,11 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using testing::Screen;
 
-const std::string prefix = "vemra.goal.person.p1";
-const std::string picker = prefix + ".outcome.picker";
-const std::string note = prefix + ".outcome.note";
-const std::string save = prefix + ".outcome.save";
-const std::string cancel = prefix + ".outcome.cancel";
+const std::string amara = "vemra.goal.person.p1";
+const std::string picker = amara + ".outcome.picker";
+const std::string note = amara + ".outcome.note";
+const std::string save = amara + ".outcome.save";
+const std::string cancel = amara + ".outcome.cancel";
 
 /// The editor of one person's control, open for a first recording or for a correction.
 class OutcomeEditor : public ::testing::Test {
@@ -29,14 +29,14 @@ class OutcomeEditor : public ::testing::Test {
 
   Screen& openFirst() {
     screen_ = std::make_unique<Screen>(viewOf(result_, calls_));
-    screen_->press(prefix + ".outcome.start");
+    screen_->press(amara + ".outcome.start");
     return *screen_;
   }
 
   Screen& openCorrection(Value value, OptionalText noteText) {
     result_.outcomes = {outcome("o1", SubjectKind::person, "p1", value, std::move(noteText), "o0")};
     screen_ = std::make_unique<Screen>(viewOf(result_, calls_));
-    screen_->press(prefix + ".outcome.correct");
+    screen_->press(amara + ".outcome.correct");
     return *screen_;
   }
 
@@ -205,7 +205,7 @@ TEST_F(OutcomeEditor, sendsNothingOnCancelAndForgetsTheEntry) {
   screen.press(cancel);
   EXPECT_THAT(calls_.log, ElementsAre());
   EXPECT_FALSE(screen.has(picker));
-  screen.press(prefix + ".outcome.start");
+  screen.press(amara + ".outcome.start");
   screen.press(save);
   EXPECT_THAT(calls_.log, ElementsAre("record person \"p1\" wasUseful note=nil corrects=nil"));
 }
@@ -233,7 +233,7 @@ TEST_F(OutcomeEditor, callsTheHostBeforeItCloses) {
                       [&](const GoalOutcomeRecordingInput&) { duringTheCall = shown->outline(); });
   Screen screen(view);
   shown = &screen;
-  screen.press(prefix + ".outcome.start");
+  screen.press(amara + ".outcome.start");
   screen.press(save);
   EXPECT_THAT(duringTheCall, HasSubstr("state={isEditing=true"));
   EXPECT_THAT(screen.outline(), HasSubstr("state={isEditing=false"));

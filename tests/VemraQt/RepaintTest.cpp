@@ -1,5 +1,6 @@
 // What is painted again: all that has changed, and of the scroll bar nothing that has not.
 
+#include "tests/VemraQt/LongList.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
 
 #include <algorithm>
@@ -44,10 +45,6 @@ QImage painted(WindowHost& host) {
   QImage image(host.widget.size(), QImage::Format_RGB32);
   host.widget.render(&image);
   return image;
-}
-
-QScrollBar& bar(const WindowHost& host) {
-  return *host.widget.verticalScrollBar();
 }
 
 std::string recording(int person) {

@@ -10,8 +10,7 @@ namespace {
 
 using sample::outcomeAbout;
 using sample::snapshotWithOutcomes;
-constexpr GoalOutcomeSubjectKind person = GoalOutcomeSubjectKind::person;
-constexpr GoalOutcomeSubjectKind path = GoalOutcomeSubjectKind::path;
+using enum GoalOutcomeSubjectKind;
 
 // The id of the outcome in force, or "none".
 std::string inForce(const GoalResultSnapshotV1& snapshot, GoalOutcomeSubjectKind kind,

@@ -11,8 +11,7 @@ namespace vemra {
 namespace {
 
 namespace form = GoalOutcomeRecordingFormLogic;
-constexpr GoalOutcomeSubjectKind person = GoalOutcomeSubjectKind::person;
-constexpr GoalOutcomeSubjectKind path = GoalOutcomeSubjectKind::path;
+using enum GoalOutcomeSubjectKind;
 
 // Characters that look like nothing, and are something.
 const std::vector<std::string> almostBlanks = {

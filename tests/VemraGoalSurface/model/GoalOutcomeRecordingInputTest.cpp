@@ -9,8 +9,7 @@ namespace vemra {
 namespace {
 
 using Input = GoalOutcomeRecordingInput;
-constexpr GoalOutcomeSubjectKind person = GoalOutcomeSubjectKind::person;
-constexpr GoalOutcomeSubjectKind path = GoalOutcomeSubjectKind::path;
+using enum GoalOutcomeSubjectKind;
 constexpr GoalOutcomeValue helped = GoalOutcomeValue::helped;
 
 TEST(GoalOutcomeRecordingInput, storesTheFiveValuesAsGiven) {

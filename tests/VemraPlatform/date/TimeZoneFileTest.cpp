@@ -1,3 +1,4 @@
+#include "VemraPlatform/date/TimeUnits.hpp"
 #include "VemraPlatform/date/TimeZoneFile.hpp"
 
 #include <cstdlib>
@@ -14,7 +15,7 @@ namespace {
 using namespace std::string_literals;
 using date::TimeZoneFile;
 
-constexpr int hour = 3600;
+using date::secondsPerHour;
 
 std::string bytes(std::int64_t number, int size) {
   std::string text;
@@ -61,7 +62,7 @@ std::optional<int> aheadAt(const Pieces& pieces, std::int64_t instant) {
 Pieces sample() {
   return {.times = {-100, 1000, 5000000000},
           .types = "\1\2\1",
-          .offsets = {-1234, hour, -2 * hour},
+          .offsets = {-1234, secondsPerHour, -2 * secondsPerHour},
           .leapSeconds = 2,
           .marks = "\0\1\1"s,
           .footer = "\nXYZ-3\n"};
@@ -71,25 +72,25 @@ TEST(TimeZoneFile, changesAtTheTimesInIt) {
   const Pieces pieces = sample();
   EXPECT_EQ(aheadAt(pieces, std::numeric_limits<std::int64_t>::min()), -1234);
   EXPECT_EQ(aheadAt(pieces, -101), -1234);
-  EXPECT_EQ(aheadAt(pieces, -100), hour);
-  EXPECT_EQ(aheadAt(pieces, 999), hour);
-  EXPECT_EQ(aheadAt(pieces, 1000), -2 * hour);
-  EXPECT_EQ(aheadAt(pieces, 4999999999), -2 * hour);
+  EXPECT_EQ(aheadAt(pieces, -100), secondsPerHour);
+  EXPECT_EQ(aheadAt(pieces, 999), secondsPerHour);
+  EXPECT_EQ(aheadAt(pieces, 1000), -2 * secondsPerHour);
+  EXPECT_EQ(aheadAt(pieces, 4999999999), -2 * secondsPerHour);
 }
 
 TEST(TimeZoneFile, followsItsRuleAfterTheLastChange) {
   Pieces pieces = sample();
   EXPECT_EQ(TimeZoneFile::parse(pieces.content())->footer(), "XYZ-3");
-  EXPECT_EQ(aheadAt(pieces, 5000000000), 3 * hour);
-  EXPECT_EQ(aheadAt(pieces, std::numeric_limits<std::int64_t>::max()), 3 * hour);
+  EXPECT_EQ(aheadAt(pieces, 5000000000), 3 * secondsPerHour);
+  EXPECT_EQ(aheadAt(pieces, std::numeric_limits<std::int64_t>::max()), 3 * secondsPerHour);
   pieces.footer = "\n\n";
   EXPECT_EQ(TimeZoneFile::parse(pieces.content())->footer(), "");
-  EXPECT_EQ(aheadAt(pieces, 5000000000), hour);
+  EXPECT_EQ(aheadAt(pieces, 5000000000), secondsPerHour);
 }
 
 TEST(TimeZoneFile, withoutChangesIsItsRuleOrItsFirstType) {
-  EXPECT_EQ(aheadAt({.offsets = {hour}, .footer = "\nXYZ-2\n"}, 0), 2 * hour);
-  EXPECT_EQ(aheadAt({.offsets = {hour}, .footer = "\n\n"}, 0), hour);
+  EXPECT_EQ(aheadAt({.offsets = {secondsPerHour}, .footer = "\nXYZ-2\n"}, 0), 2 * secondsPerHour);
+  EXPECT_EQ(aheadAt({.offsets = {secondsPerHour}, .footer = "\n\n"}, 0), secondsPerHour);
 }
 
 TEST(TimeZoneFile, ofVersion1HasShortTimesAndNoRule) {
@@ -97,9 +98,9 @@ TEST(TimeZoneFile, ofVersion1HasShortTimesAndNoRule) {
   pieces.version = '\0';
   pieces.times = {-100, 1000, 2000};
   EXPECT_EQ(aheadAt(pieces, -101), -1234);
-  EXPECT_EQ(aheadAt(pieces, -100), hour);
-  EXPECT_EQ(aheadAt(pieces, 1999), -2 * hour);
-  EXPECT_EQ(aheadAt(pieces, 2000), hour);
+  EXPECT_EQ(aheadAt(pieces, -100), secondsPerHour);
+  EXPECT_EQ(aheadAt(pieces, 1999), -2 * secondsPerHour);
+  EXPECT_EQ(aheadAt(pieces, 2000), secondsPerHour);
   EXPECT_EQ(TimeZoneFile::parse(pieces.content())->footer(), "");
 }
 
@@ -107,7 +108,7 @@ TEST(TimeZoneFile, mayBeOfAnyLaterVersionAndHaveMoreBehind) {
   Pieces pieces = sample();
   for (const char version : {'2', '3', '4', '9'}) {
     pieces.version = version;
-    EXPECT_EQ(aheadAt(pieces, 0), hour) << version;
+    EXPECT_EQ(aheadAt(pieces, 0), secondsPerHour) << version;
   }
   EXPECT_TRUE(TimeZoneFile::parse(pieces.content() + "more"));
 }
@@ -136,10 +137,10 @@ TEST(TimeZoneFile, isNothingWhenItSaysWhatCannotBe) {
   EXPECT_TRUE(isNothing([](Pieces& p) { p.offsets = {}, p.times = {}, p.types = ""; }));
   EXPECT_TRUE(isNothing([](Pieces& p) { p.times[1] = p.times[0]; }));
   EXPECT_TRUE(isNothing([](Pieces& p) { p.times[2] = p.times[1] - 1; }));
-  EXPECT_TRUE(isNothing([](Pieces& p) { p.offsets[2] = 26 * hour; }));
-  EXPECT_FALSE(isNothing([](Pieces& p) { p.offsets[2] = 26 * hour - 1; }));
-  EXPECT_TRUE(isNothing([](Pieces& p) { p.offsets[0] = -25 * hour; }));
-  EXPECT_FALSE(isNothing([](Pieces& p) { p.offsets[0] = -25 * hour + 1; }));
+  EXPECT_TRUE(isNothing([](Pieces& p) { p.offsets[2] = 26 * secondsPerHour; }));
+  EXPECT_FALSE(isNothing([](Pieces& p) { p.offsets[2] = 26 * secondsPerHour - 1; }));
+  EXPECT_TRUE(isNothing([](Pieces& p) { p.offsets[0] = -25 * secondsPerHour; }));
+  EXPECT_FALSE(isNothing([](Pieces& p) { p.offsets[0] = -25 * secondsPerHour + 1; }));
   EXPECT_TRUE(isNothing([](Pieces& p) { p.footer = "\nnonsense\n"; }));
   EXPECT_TRUE(isNothing([](Pieces& p) { p.footer = "XYZ-3\n"; }));
   EXPECT_TRUE(isNothing([](Pieces& p) { p.footer = "\nXYZ-3"; }));
@@ -172,7 +173,7 @@ TEST(TimeZoneFile, isReadWhateverItsBytesAre) {
       const auto zone = TimeZoneFile::parse(std::string(whole).replace(place, 1, 1, byte));
       if (!zone) continue;
       for (const std::int64_t instant : {INT64_MIN, INT64_C(0), INT64_C(1000), INT64_MAX}) {
-        EXPECT_LT(std::abs(zone->secondsAheadOfUTC({instant})), 26 * hour) << place;
+        EXPECT_LT(std::abs(zone->secondsAheadOfUTC({instant})), 26 * secondsPerHour) << place;
       }
     }
   }

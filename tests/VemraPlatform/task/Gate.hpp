@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/task/Task.hpp"
+
 #include <coroutine>
 #include <mutex>
 #include <thread>
@@ -7,6 +9,10 @@
 #include <vector>
 
 namespace vemra::testing {
+
+inline task::Task<int> give(int value) {
+  co_return value;
+}
 
 /// Something to wait for that the test opens by hand, once, on whatever thread it likes.
 class Gate {

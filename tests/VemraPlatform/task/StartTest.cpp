@@ -17,10 +17,6 @@ using task::start;
 using task::Task;
 using task::wait;
 
-Task<int> give(int value) {
-  co_return value;
-}
-
 Task<std::thread::id> whereItGoesOn(Threads* threads) {
   Elsewhere elsewhere(*threads);
   co_await elsewhere;

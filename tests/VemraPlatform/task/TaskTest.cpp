@@ -20,10 +20,6 @@ static_assert(!std::is_copy_constructible_v<Task<int>> && !std::is_copy_assignab
 static_assert(std::is_nothrow_move_constructible_v<Task<int>>);
 static_assert(std::is_nothrow_move_assignable_v<Task<int>>);
 
-Task<int> give(int value) {
-  co_return value;
-}
-
 Task<int> count(std::shared_ptr<int> runs) {
   ++*runs;
   co_return *runs;

@@ -22,10 +22,6 @@ std::string_view caseName(Pet pet) {
   return pet == Pet::cat ? "cat" : "dog";
 }
 
-Element elementOf(const View& view, const Environment& environment = {}) {
-  return Element(view, Style{}, environment);
-}
-
 View picker(Pet chosen, Children rows = {}) {
   return Picker("Pet", Binding<Pet>([chosen] { return chosen; }, [](Pet) {}), std::move(rows));
 }

@@ -13,7 +13,6 @@ namespace vemra::ui {
 namespace {
 
 using sample::Random;
-using Kind = ListOperation::Kind;
 using Items = std::vector<NodeID>;
 
 constexpr int pairs = sample::rounds(25'000);
@@ -52,10 +51,10 @@ std::string written(const Items& items) {
 
 Items carriedOut(Items list, const std::vector<ListOperation>& steps) {
   for (const ListOperation& step : steps) {
-    if (step.kind != Kind::insert) {
+    if (step.kind != ListOperation::Kind::insert) {
       EXPECT_EQ(std::erase(list, step.item), 1U) << "not there to be taken";
     }
-    if (step.kind == Kind::remove) continue;
+    if (step.kind == ListOperation::Kind::remove) continue;
     auto place = list.begin();
     if (step.after) {
       place = std::ranges::find(list, step.after);
@@ -126,12 +125,12 @@ TEST(ListDiffLawsTest, MovesAreAsFewAsTheyCanBe) {
   forRandomPairs([](const Items& before, const Items& after) {
     const auto steps = diff(before, after);
     const std::size_t shared = common(before, after);
-    const auto count = [&](Kind kind) {
+    const auto count = [&](ListOperation::Kind kind) {
       return static_cast<std::size_t>(std::ranges::count(steps, kind, &ListOperation::kind));
     };
-    EXPECT_EQ(count(Kind::remove), before.size() - shared);
-    EXPECT_EQ(count(Kind::insert), after.size() - shared);
-    EXPECT_EQ(count(Kind::move), shared - longestKeptRun(before, after));
+    EXPECT_EQ(count(ListOperation::Kind::remove), before.size() - shared);
+    EXPECT_EQ(count(ListOperation::Kind::insert), after.size() - shared);
+    EXPECT_EQ(count(ListOperation::Kind::move), shared - longestKeptRun(before, after));
   });
 }
 
@@ -141,8 +140,8 @@ TEST(ListDiffLawsTest, RemovalsComeFirstAndNoItemIsNamedTwice) {
     bool removing = true;
     for (const ListOperation& step : diff(before, after)) {
       EXPECT_TRUE(named.insert(step.item).second) << step.item.value << " is named twice";
-      if (step.kind != Kind::remove) removing = false;
-      EXPECT_EQ(step.kind == Kind::remove, removing);
+      if (step.kind != ListOperation::Kind::remove) removing = false;
+      EXPECT_EQ(step.kind == ListOperation::Kind::remove, removing);
     }
   });
 }
@@ -155,8 +154,8 @@ TEST(ListDiffLawsTest, TheSameStepsPlacedByIndexGoWrong) {
   forRandomPairs([&](const Items& before, const Items& after) {
     Items list = before;
     for (const ListOperation& step : diff(before, after)) {
-      if (step.kind != Kind::insert) std::erase(list, step.item);
-      if (step.kind == Kind::remove) continue;
+      if (step.kind != ListOperation::Kind::insert) std::erase(list, step.item);
+      if (step.kind == ListOperation::Kind::remove) continue;
       const auto index = std::ranges::find(after, step.item) - after.begin();
       list.insert(list.begin() + std::min<std::ptrdiff_t>(index, std::ssize(list)), step.item);
     }

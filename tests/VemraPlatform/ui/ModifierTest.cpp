@@ -16,10 +16,6 @@ std::string_view caseName(Fruit choice) {
   return choice == Fruit::apple ? "apple" : "pear";
 }
 
-Element elementOf(const View& view) {
-  return Element(view, Style{}, Environment{});
-}
-
 View plain() {
   return Text("x");
 }

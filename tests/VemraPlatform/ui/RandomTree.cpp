@@ -8,8 +8,6 @@ namespace vemra::ui::sample {
 
 namespace {
 
-using Kind = Plan::Kind;
-
 // Each row: ways to write one and the same key.
 const std::array<std::vector<std::string>, 5> spellings = {{
     {"a"},
@@ -37,9 +35,9 @@ struct Holder {
   View body(const LocalState<State>&) const { return inside; }
 };
 
-bool holdsOthers(Kind kind) {
-  return kind != Kind::text && kind != Kind::button && kind != Kind::field &&
-         kind != Kind::picker && kind != Kind::counter;
+bool holdsOthers(Plan::Kind kind) {
+  return kind != Plan::Kind::text && kind != Plan::Kind::button && kind != Plan::Kind::field &&
+         kind != Plan::Kind::picker && kind != Plan::Kind::counter;
 }
 
 Plan::Key randomKey(Random& random) {
@@ -47,8 +45,8 @@ Plan::Key randomKey(Random& random) {
 }
 
 void addChild(Plan& parent, Plan child, Random& random) {
-  if (parent.kind == Kind::holder && !parent.children.empty()) return;
-  if (parent.kind == Kind::list) {
+  if (parent.kind == Plan::Kind::holder && !parent.children.empty()) return;
+  if (parent.kind == Plan::Kind::list) {
     child.key = randomKey(random);
   } else if (random.oneIn(4)) {
     child.key = randomKey(random);
@@ -71,32 +69,32 @@ View inBranches(View view, const std::vector<int>& branches) {
 View content(const Plan& plan) {
   const std::string shown = "look" + std::to_string(plan.look % 3);
   Children children;
-  if (plan.kind != Kind::list) {
+  if (plan.kind != Plan::Kind::list) {
     for (const Plan& child : plan.children) children.push_back(makeView(child));
   }
   switch (plan.kind) {
-    case Kind::text:
+    case Plan::Kind::text:
       return Text(verbatim(shown));
-    case Kind::button:
+    case Plan::Kind::button:
       return Button(verbatim(shown), [] {});
-    case Kind::picker:
+    case Plan::Kind::picker:
       return Picker(
           "fruit",
           Binding<Fruit>([look = plan.look] { return look % 2 ? Fruit::apple : Fruit::pear; },
                          [](Fruit) {}),
           {Text("Apple").tag(Fruit::apple), Text("Pear").tag(Fruit::pear)});
-    case Kind::field:
+    case Plan::Kind::field:
       return TextField("field",
                        Binding<std::string>([shown] { return shown; }, [](const std::string&) {}));
-    case Kind::vStack:
+    case Plan::Kind::vStack:
       return VStack(HorizontalAlignment::leading, plan.look % 2, std::move(children));
-    case Kind::hStack:
+    case Plan::Kind::hStack:
       return HStack(VerticalAlignment::center, plan.look % 2, std::move(children));
-    case Kind::group:
+    case Plan::Kind::group:
       return Group(std::move(children));
-    case Kind::scroll:
+    case Plan::Kind::scroll:
       return ScrollView(std::move(children));
-    case Kind::list: {
+    case Plan::Kind::list: {
       std::vector<std::pair<std::string, Plan>> rows;
       for (const Plan& child : plan.children) rows.emplace_back(written(*child.key), child);
       return ForEach(std::move(rows), &std::pair<std::string, Plan>::first, [](const auto& row) {
@@ -105,9 +103,9 @@ View content(const Plan& plan) {
         return makeView(inside);
       });
     }
-    case Kind::counter:
+    case Plan::Kind::counter:
       return Counter{shown};
-    case Kind::holder:
+    case Plan::Kind::holder:
       return Holder{children.empty() ? View() : children.front()};
   }
   return View();
@@ -127,11 +125,11 @@ void addNames(const Plan& plan, const Node& node, const std::string& name, Names
   std::size_t next = 0;
   for (std::size_t slot = 0; slot < plan.children.size(); ++slot) {
     const Plan& child = plan.children[slot];
-    const bool isRow = plan.kind == Kind::list;
+    const bool isRow = plan.kind == Plan::Kind::list;
     if (child.absent && !isRow) continue;
     // An absent row is shown as an empty group that stands in no branch.
     const std::string what =
-        child.absent ? std::to_string(static_cast<int>(Kind::group)) : kindAndBranch(child);
+        child.absent ? std::to_string(static_cast<int>(Plan::Kind::group)) : kindAndBranch(child);
     std::string place = "slot" + std::to_string(slot);
     if (child.key) {
       const std::string key = "key" + std::to_string(child.key->meaning);
@@ -140,11 +138,12 @@ void addNames(const Plan& plan, const Node& node, const std::string& name, Names
       place = key + "#" + std::to_string(occurrence);
     }
     ASSERT_LT(next, node.children.size()) << name;
-    addNames(
-        child.absent ? Plan{.kind = Kind::group, .branches = {}, .key = {}, .children = {}} : child,
-        *node.children[next++], name + "/" + place + ":" + what, names);
+    addNames(child.absent
+                 ? Plan{.kind = Plan::Kind::group, .branches = {}, .key = {}, .children = {}}
+                 : child,
+             *node.children[next++], name + "/" + place + ":" + what, names);
   }
-  if (plan.kind != Kind::counter && plan.kind != Kind::picker) {
+  if (plan.kind != Plan::Kind::counter && plan.kind != Plan::Kind::picker) {
     EXPECT_EQ(next, node.children.size()) << name;
   }
 }
@@ -153,7 +152,7 @@ void addNames(const Plan& plan, const Node& node, const std::string& name, Names
 
 Plan randomPlan(Random& random, int depth) {
   Plan plan;
-  plan.kind = static_cast<Kind>(random.below(11));
+  plan.kind = static_cast<Plan::Kind>(random.below(11));
   plan.look = static_cast<int>(random.below(6));
   plan.absent = random.oneIn(8);
   while (random.oneIn(4)) plan.branches.push_back(static_cast<int>(random.below(3)));

@@ -44,6 +44,11 @@ struct Body {
   View body() const { return make(); }
 };
 
+/// What a view says of itself, outside any tree.
+inline Element elementOf(const View& view, const Environment& environment = {}) {
+  return Element(view, Style{}, environment);
+}
+
 /// One line of a list: an id and what is shown for it.
 struct Line {
   std::string id;

@@ -7,8 +7,8 @@ namespace {
 
 using commandline::Farewell;
 
-std::variant<Options, Farewell> read(std::vector<const char*> arguments,
-                                     Pictures pictures = Pictures::drawn) {
+std::variant<Options, Farewell> readArguments(std::vector<const char*> arguments,
+                                              Pictures pictures = Pictures::drawn) {
   arguments.insert(arguments.begin(), "vemra-inspect");
   return readOptions(static_cast<int>(arguments.size()), arguments.data(), pictures);
 }
@@ -18,7 +18,7 @@ TEST(OptionsTest, takesOptionsBeforeAndAfterTheFile) {
            {"--trace", "--outline", "--png", "p.png", "case.json"},
            {"case.json", "--png", "p.png", "--outline", "--trace"},
            {"--png=p.png", "case.json", "--trace", "--outline"}}) {
-    const auto options = std::get<Options>(read(arguments));
+    const auto options = std::get<Options>(readArguments(arguments));
     EXPECT_EQ(options.file, "case.json");
     EXPECT_TRUE(options.trace);
     EXPECT_TRUE(options.outline);
@@ -27,7 +27,7 @@ TEST(OptionsTest, takesOptionsBeforeAndAfterTheFile) {
 }
 
 TEST(OptionsTest, isPlainWithoutOptions) {
-  const auto options = std::get<Options>(read({"-"}));
+  const auto options = std::get<Options>(readArguments({"-"}));
   EXPECT_EQ(options.file, "-");
   EXPECT_FALSE(options.trace);
   EXPECT_FALSE(options.outline);
@@ -35,28 +35,28 @@ TEST(OptionsTest, isPlainWithoutOptions) {
 }
 
 TEST(OptionsTest, takesDashAmongOptions) {
-  EXPECT_EQ(std::get<Options>(read({"--trace", "-", "--outline"})).file, "-");
-  EXPECT_EQ(std::get<Options>(read({"-", "--trace"})).file, "-");
+  EXPECT_EQ(std::get<Options>(readArguments({"--trace", "-", "--outline"})).file, "-");
+  EXPECT_EQ(std::get<Options>(readArguments({"-", "--trace"})).file, "-");
 }
 
 TEST(OptionsTest, takesAFileThatLooksLikeAnOptionBehindTwoDashes) {
-  EXPECT_EQ(std::get<Options>(read({"--", "--trace"})).file, "--trace");
+  EXPECT_EQ(std::get<Options>(readArguments({"--", "--trace"})).file, "--trace");
 }
 
 TEST(OptionsTest, takesAFlagGivenTwiceForGivenOnce) {
   const auto options =
-      std::get<Options>(read({"--trace", "a.json", "--trace", "--outline", "--outline"}));
+      std::get<Options>(readArguments({"--trace", "a.json", "--trace", "--outline", "--outline"}));
   EXPECT_TRUE(options.trace);
   EXPECT_TRUE(options.outline);
 }
 
 TEST(OptionsTest, takesNamesAsTheyAre) {
   for (const char* name : {"[a].json", "a=b", "a b", "é", "%{x}", "\"q\"", "'q'", "{}"}) {
-    const auto options = std::get<Options>(read({name, "--png", name}));
+    const auto options = std::get<Options>(readArguments({name, "--png", name}));
     EXPECT_EQ(options.file, name);
     EXPECT_EQ(options.png, name);
   }
-  EXPECT_EQ(std::get<Options>(read({"--png", "./-", "--", "--png="})).file, "--png=");
+  EXPECT_EQ(std::get<Options>(readArguments({"--png", "./-", "--", "--png="})).file, "--png=");
 }
 
 TEST(OptionsTest, refusesOtherCommandLines) {
@@ -90,18 +90,18 @@ TEST(OptionsTest, refusesOtherCommandLines) {
       {{"a.json", "--png=a.png", "--png", "a.png"}, "--png"},
   };
   for (const auto& [arguments, named] : lines) {
-    const auto answer = read(arguments);
-    ASSERT_TRUE(std::holds_alternative<Farewell>(answer)) << testing::PrintToString(arguments);
+    const auto answer = readArguments(arguments);
+    ASSERT_TRUE(std::holds_alternative<Farewell>(answer)) << ::testing::PrintToString(arguments);
     const auto& farewell = std::get<Farewell>(answer);
-    EXPECT_EQ(farewell.exitCode, 2) << testing::PrintToString(arguments);
-    EXPECT_EQ(farewell.output, "") << testing::PrintToString(arguments);
+    EXPECT_EQ(farewell.exitCode, 2) << ::testing::PrintToString(arguments);
+    EXPECT_EQ(farewell.output, "") << ::testing::PrintToString(arguments);
     EXPECT_NE(farewell.diagnostic.find(named), std::string::npos)
-        << testing::PrintToString(arguments) << ": " << farewell.diagnostic;
+        << ::testing::PrintToString(arguments) << ": " << farewell.diagnostic;
   }
 }
 
 TEST(OptionsTest, helps) {
-  const auto farewell = std::get<Farewell>(read({"--help"}));
+  const auto farewell = std::get<Farewell>(readArguments({"--help"}));
   EXPECT_EQ(farewell.exitCode, 0);
   EXPECT_EQ(farewell.diagnostic, "");
   for (const char* part : {"vemra-inspect", "CASE", "--trace", "--outline", "--png"}) {
@@ -110,7 +110,8 @@ TEST(OptionsTest, helps) {
 }
 
 TEST(OptionsTest, refusesAPictureThatCannotBeDrawn) {
-  const auto farewell = std::get<Farewell>(read({"a.json", "--png", "p.png"}, Pictures::notDrawn));
+  const auto farewell =
+      std::get<Farewell>(readArguments({"a.json", "--png", "p.png"}, Pictures::notDrawn));
   EXPECT_EQ(farewell.exitCode, 2);
   EXPECT_NE(farewell.diagnostic.find("draws no pictures"), std::string::npos);
 }

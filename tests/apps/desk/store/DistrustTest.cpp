@@ -9,7 +9,7 @@
 namespace vemra::desk {
 namespace {
 
-class DistrustTest : public testing::Test {
+class DistrustTest : public ::testing::Test {
  protected:
   std::string errorOf(const char* sql) {
     try {
@@ -34,7 +34,7 @@ TEST_F(DistrustTest, AConnectionNeitherTrustsASchemaNorWritesIt) {
 
 TEST_F(DistrustTest, ViewsAndAttachedFilesAreOff) {
   database.run("CREATE VIEW v AS SELECT 1");
-  EXPECT_THAT(errorOf("SELECT * FROM v"), testing::HasSubstr("prohibited"));
+  EXPECT_THAT(errorOf("SELECT * FROM v"), ::testing::HasSubstr("prohibited"));
   EXPECT_NE(errorOf("ATTACH ':memory:' AS more"), "no error");
 }
 

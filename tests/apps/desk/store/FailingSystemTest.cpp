@@ -19,7 +19,7 @@ using Call = SystemCallFault::Call;
 
 /// A store on a machine on which a system call fails. What is expected goes for each cause: the
 /// message names it, nothing is half done, and when the cause is over everything works again.
-class FailingSystemTest : public testing::Test {
+class FailingSystemTest : public ::testing::Test {
  protected:
   FailingSystemTest() { GoalStore::open(file).import({goal("g1", "One")}); }
 

@@ -9,7 +9,7 @@
 namespace vemra::desk {
 namespace {
 
-class FileLocksTest : public testing::Test {
+class FileLocksTest : public ::testing::Test {
  protected:
   FileLocksTest() : opened_(::open(locked.c_str(), O_RDWR | O_CLOEXEC)) {
     struct flock lock {};

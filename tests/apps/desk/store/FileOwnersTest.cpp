@@ -19,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using testing::HasSubstr;
+using ::testing::HasSubstr;
 
 constexpr uid_t stranger = 4711;
 
@@ -31,7 +31,7 @@ void asRoot(const std::function<void()>& act) {
 }
 
 /// Files of several users: needs the rights of root.
-class FileOwnersTest : public testing::Test {
+class FileOwnersTest : public ::testing::Test {
  protected:
   void SetUp() override {
     if (::geteuid() != 0) GTEST_SKIP() << "only root can give files to other users";

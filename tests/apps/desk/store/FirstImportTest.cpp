@@ -18,7 +18,7 @@ namespace {
 
 using Call = SystemCallFault::Call;
 
-class FirstImportTest : public testing::Test {
+class FirstImportTest : public ::testing::Test {
  protected:
   bool isEmptyFolder() const { return std::filesystem::is_empty(folder.path()); }
 

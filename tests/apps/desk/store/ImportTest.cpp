@@ -11,7 +11,7 @@ namespace {
 
 using enum GoalOutcomeValue;
 
-class ImportTest : public testing::Test {
+class ImportTest : public ::testing::Test {
  protected:
   std::vector<std::string> recordedIDs(const std::string& goalID) {
     std::vector<std::string> ids;

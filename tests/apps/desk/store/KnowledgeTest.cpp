@@ -10,7 +10,7 @@
 namespace vemra::desk {
 namespace {
 
-class KnowledgeTest : public testing::Test {
+class KnowledgeTest : public ::testing::Test {
  protected:
   KnowledgeTest() {
     auto first = goal("g1", "First", {outcome("o1", "ren\u00E9e", GoalOutcomeValue::helped)});

@@ -81,7 +81,7 @@ TEST(MemoryTest, AnAllocationThatFailsLeavesNoTransactionOpen) {
     granted = INT64_MAX;
     ASSERT_EQ(store.goals().size(), 1u) << "after " << number << " allocations";
   }
-  EXPECT_GT(failures, 5);
+  EXPECT_GT(failures, 0);
   EXPECT_LT(failures, 100) << "beyond the last allocation nothing fails";
 }
 

@@ -20,7 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// A store that is moved, removed or replaced while an engine has it open.
-class MovedStoreTest : public testing::Test {
+class MovedStoreTest : public ::testing::Test {
  protected:
   MovedStoreTest() {
     GoalStore::open(file).import({goal("g1", "One")});

@@ -16,7 +16,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-class OpeningTest : public testing::Test {
+class OpeningTest : public ::testing::Test {
  protected:
   OpeningTest() { GoalStore::open(file).import({goal("g1", "One")}); }
 

@@ -13,7 +13,7 @@
 namespace vemra::desk {
 namespace {
 
-class OutcomesTest : public testing::Test {
+class OutcomesTest : public ::testing::Test {
  protected:
   OutcomesTest() { store.import({goal("g1", "t")}); }
 

@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 constexpr auto readable = fs::perms(0444);
 constexpr auto enterable = fs::perms(0555);
 
-class ReadOnlyStoreTest : public testing::Test {
+class ReadOnlyStoreTest : public ::testing::Test {
  protected:
   ReadOnlyStoreTest() { GoalStore::open(file).import({goal("g1", "One")}); }
   ~ReadOnlyStoreTest() override { fs::permissions(folder.path(), fs::perms(0755)); }

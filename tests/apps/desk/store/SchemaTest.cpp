@@ -12,8 +12,8 @@
 namespace vemra::desk {
 namespace {
 
-using testing::HasSubstr;
-using testing::StartsWith;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 std::string errorOfOpening(const std::string& file) {
   const std::string writing = errorOf([&] { GoalStore::open(file); });
@@ -166,9 +166,9 @@ TEST(Schema, PlacesThatCannotHoldAStoreAreRefused) {
   const TemporaryFolder folder;
   const std::string missing = folder.file("no/such/folder/goals.sqlite");
   EXPECT_THAT(errorOf([&] { GoalStore::open(missing); }),
-              testing::AllOf(StartsWith(missing + ": "), HasSubstr("No such file or directory")));
+              ::testing::AllOf(StartsWith(missing + ": "), HasSubstr("No such file or directory")));
   EXPECT_THAT(errorOf([&] { GoalStore::openExisting(missing); }),
-              testing::AllOf(StartsWith(missing + ": "), HasSubstr("No such file or directory")));
+              ::testing::AllOf(StartsWith(missing + ": "), HasSubstr("No such file or directory")));
   EXPECT_EQ(errorOfOpening(folder.path().string()),
             folder.path().string() + ": cannot be opened: not a file");
   const std::string pipe = folder.file("pipe");

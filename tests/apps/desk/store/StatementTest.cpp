@@ -9,7 +9,7 @@
 namespace vemra::desk {
 namespace {
 
-class StatementTest : public testing::Test {
+class StatementTest : public ::testing::Test {
  protected:
   /// What reading the one row of the query fails with, behind "is damaged: ".
   std::string errorOf(const char* sql, RowsOf rows, const std::function<void(Statement&)>& read) {

@@ -17,7 +17,7 @@
 namespace vemra::desk {
 namespace {
 
-class StoreEngineTest : public testing::Test {
+class StoreEngineTest : public ::testing::Test {
  protected:
   StoreEngineTest() { GoalStore::open(file).import({goal("g1", "One"), goal("g2", "Two")}); }
 

@@ -15,7 +15,7 @@ namespace vemra::desk {
 namespace {
 
 /// The variables that the location depends on, as they were before, at the end.
-class StoreLocationTest : public testing::Test {
+class StoreLocationTest : public ::testing::Test {
  protected:
   StoreLocationTest() {
     for (const char* name : {"HOME", "XDG_DATA_HOME"}) {

@@ -19,7 +19,7 @@ namespace {
 constexpr std::size_t textSize = 20'000;
 
 /// A store of one goal with three long keywords, which continue on pages of their own.
-class TextBoundTest : public testing::Test {
+class TextBoundTest : public ::testing::Test {
  protected:
   TextBoundTest() {
     GetGoalSnapshotResponse result = goal("g", "t");
