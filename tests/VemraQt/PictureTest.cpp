@@ -5,23 +5,24 @@
 
 using namespace vemra;
 using ui::sample::list;
-using ui::sample::numbered;
 
 TEST(Picture, IsAsLargeAsAskedFor) {
-  EXPECT_EQ(qt::picture(list(numbered(5)), {}, QSize(300, 200)).size(), QSize(300, 200));
-  EXPECT_EQ(qt::picture(list(numbered(500)), {}, QSize(300, 200)).size(), QSize(300, 200));
+  EXPECT_EQ(qt::picture(list(ui::sample::numbered(5)), {}, QSize(300, 200)).size(),
+            QSize(300, 200));
+  EXPECT_EQ(qt::picture(list(ui::sample::numbered(500)), {}, QSize(300, 200)).size(),
+            QSize(300, 200));
 }
 
 TEST(Picture, WithoutAHeightIsAsHighAsThePage) {
-  const int five = qt::picture(list(numbered(5)), {}, QSize(300, 0)).height();
-  const int ten = qt::picture(list(numbered(10)), {}, QSize(300, 0)).height();
+  const int five = qt::picture(list(ui::sample::numbered(5)), {}, QSize(300, 0)).height();
+  const int ten = qt::picture(list(ui::sample::numbered(10)), {}, QSize(300, 0)).height();
   EXPECT_EQ(ten, 2 * five);
   EXPECT_LT(ten, 600);
-  EXPECT_GT(qt::picture(list(numbered(100)), {}, QSize(300, 0)).height(), 1200);
+  EXPECT_GT(qt::picture(list(ui::sample::numbered(100)), {}, QSize(300, 0)).height(), 1200);
 }
 
 TEST(Picture, OfAPageHigherThanSixteenThousandPixelsEndsThere) {
-  const QImage cut = qt::picture(list(numbered(3000)), {}, QSize(300, 0));
+  const QImage cut = qt::picture(list(ui::sample::numbered(3000)), {}, QSize(300, 0));
   EXPECT_EQ(cut.size(), QSize(300, 16'000));
   const QRect lastLines(0, 15'900, 300, 100);
   const QColor ground = cut.pixelColor(299, 15'999);

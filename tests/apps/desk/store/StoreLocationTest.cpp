@@ -79,7 +79,7 @@ TEST_F(StoreLocationTest, IsNowhereForAUserWithoutAHome) {
         errorOf([] { userStoreFile(); }) == "goals.sqlite: has no place: there is no home folder";
     ::_exit(isNowhere ? 0 : 1);
   };
-  EXPECT_EXIT(ask(), testing::ExitedWithCode(0), "");
+  EXPECT_EXIT(ask(), ::testing::ExitedWithCode(0), "");
 }
 
 TEST_F(StoreLocationTest, FoldersAreMadeForTheUserAlone) {
