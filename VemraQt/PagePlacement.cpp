@@ -79,6 +79,8 @@ void Page::place(const Placement& placement) {
   if (!shown.widget) {
     shown.widget = &pool_.take(leaf.element);
     shown.stale = true;
+  } else if (shown.stale) {
+    pool_.reshape(*shown.widget, leaf.element);
   }
   QWidget& widget = shown.widget->widget();
   if (widget.geometry() != placement.frame) {

@@ -1,5 +1,7 @@
 #include "VemraQt/widgets/PushButton.hpp"
 
+#include <utility>
+
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
@@ -7,11 +9,10 @@
 
 namespace vemra::qt {
 
-PushButton::PushButton(QWidget* parent, const PageContext& page, ui::ButtonStyle style)
-    : QPushButton(parent), ElementWidget(page), style_(style) {
+PushButton::PushButton(QWidget* parent, const PageContext& page)
+    : QPushButton(parent), ElementWidget(page) {
   setFocusPolicy(Qt::ClickFocus);  // the page itself walks from control to control
   setAutoDefault(false);
-  if (style == ui::ButtonStyle::plain) setCursor(Qt::PointingHandCursor);
   connect(this, &QPushButton::clicked, this, [this] {
     if (node()) deliver(ui::Press{});
   });
@@ -22,6 +23,9 @@ void PushButton::take(const page::Node& leaf, const TextShape& shape) {
   title.replace(u'&', QLatin1String("&&"));
   if (text() != title) setText(title);
   shape_ = shape;
+  if (std::exchange(style_, leaf.element.buttonStyle()) != style_) {
+    style_ == ui::ButtonStyle::plain ? setCursor(Qt::PointingHandCursor) : unsetCursor();
+  }
   update();
 }
 

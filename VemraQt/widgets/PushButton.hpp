@@ -12,7 +12,7 @@ class PushButton final : public QPushButton, public ElementWidget {
   Q_OBJECT
 
  public:
-  PushButton(QWidget* parent, const PageContext& page, ui::ButtonStyle style);
+  PushButton(QWidget* parent, const PageContext& page);
   QWidget& widget() override { return *this; }
 
  protected:
@@ -28,7 +28,7 @@ class PushButton final : public QPushButton, public ElementWidget {
   void paintFramed(QPainter& painter);
 
   TextShape shape_;
-  ui::ButtonStyle style_;
+  ui::ButtonStyle style_ = ui::ButtonStyle::automatic;
 };
 
 }  // namespace vemra::qt

@@ -16,26 +16,42 @@ constexpr std::size_t mostResting = 24;
 }  // namespace
 
 ElementWidget& WidgetPool::take(const ui::Element& element) {
-  const Shape shape = shapeOf(element);
-  auto shelf = std::ranges::find(shelves_, shape, &Shelf::shape);
-  if (shelf == shelves_.end()) shelf = shelves_.insert(shelf, Shelf{shape, {}, {}});
-  if (!shelf->resting.empty()) {
-    ElementWidget* widget = shelf->resting.back();
-    shelf->resting.pop_back();
+  Shelf& shelf = shelfFor(shapeOf(element));
+  if (!shelf.resting.empty()) {
+    ElementWidget* widget = shelf.resting.back();
+    shelf.resting.pop_back();
     return *widget;
   }
-  shelf->all.push_back(make(shape));
-  return *shelf->all.back();
+  shelf.all.push_back(make(shelf.shape));
+  return *shelf.all.back();
+}
+
+void WidgetPool::reshape(ElementWidget& widget, const ui::Element& element) {
+  const Shape shape = shapeOf(element);
+  if (shelfOf(widget).shape == shape) return;
+  Shelf& after = shelfFor(shape);
+  Shelf& before = shelfOf(widget);  // not earlier: a new shelf moves the others
+  auto owned = std::ranges::find(before.all, &widget, &std::unique_ptr<ElementWidget>::get);
+  after.all.push_back(std::move(*owned));
+  before.all.erase(owned);
+  widget.widget().setFont(page_.looks.font(shape.font));
 }
 
 void WidgetPool::giveBack(ElementWidget& widget) {
   widget.rest();
-  for (Shelf& shelf : shelves_) {
-    if (std::ranges::find(shelf.all, &widget, &std::unique_ptr<ElementWidget>::get) !=
-        shelf.all.end()) {
-      shelf.resting.push_back(&widget);
-    }
-  }
+  shelfOf(widget).resting.push_back(&widget);
+}
+
+WidgetPool::Shelf& WidgetPool::shelfFor(const Shape& shape) {
+  const auto shelf = std::ranges::find(shelves_, shape, &Shelf::shape);
+  return shelf != shelves_.end() ? *shelf : shelves_.emplace_back(Shelf{shape, {}, {}});
+}
+
+WidgetPool::Shelf& WidgetPool::shelfOf(const ElementWidget& widget) {
+  return *std::ranges::find_if(shelves_, [&](const Shelf& shelf) {
+    return std::ranges::find(shelf.all, &widget, &std::unique_ptr<ElementWidget>::get) !=
+           shelf.all.end();
+  });
 }
 
 void WidgetPool::hideResting() {
@@ -78,7 +94,7 @@ std::unique_ptr<ElementWidget> WidgetPool::make(const Shape& shape) const {
   std::unique_ptr<ElementWidget> made;
   switch (shape.kind) {
     case ui::ElementKind::button:
-      made = std::make_unique<PushButton>(parent_, page_, shape.buttonStyle);
+      made = std::make_unique<PushButton>(parent_, page_);
       break;
     case ui::ElementKind::picker:
       made = std::make_unique<ChoiceBox>(parent_, page_);

@@ -18,6 +18,9 @@ class WidgetPool {
 
   /// A resting widget of the element's shape, or a new one.
   ElementWidget& take(const ui::Element& element);
+  /// Gives a lent widget the shape that its element has now. It stays the same widget, with its
+  /// focus, its cursor and what else a person has done with it.
+  void reshape(ElementWidget& widget, const ui::Element& element);
   void giveBack(ElementWidget& widget);
   /// Hides what was given back, and deletes what is more than a page is likely to need.
   void hideResting();
@@ -41,6 +44,9 @@ class WidgetPool {
     std::vector<ElementWidget*> resting;  // the last ones given back come first
   };
   static Shape shapeOf(const ui::Element& element);
+  Shelf& shelfFor(const Shape& shape);
+  /// The shelf of a widget of this pool.
+  Shelf& shelfOf(const ElementWidget& widget);
   std::unique_ptr<ElementWidget> make(const Shape& shape) const;
 
   QWidget* parent_;

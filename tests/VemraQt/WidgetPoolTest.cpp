@@ -99,3 +99,21 @@ TEST_F(WidgetPoolTest, AnotherFontReachesRestingWidgetsToo) {
   EXPECT_EQ(lent.widget().font(), context.looks.font(ui::Font::body));
   EXPECT_EQ(resting.widget().font(), context.looks.font(ui::Font::body));
 }
+
+TEST_F(WidgetPoolTest, AWidgetOfAnotherShapeIsLentAndRestyledAsSuch) {
+  const ui::Element caption = element(ui::Text("t").font(ui::Font::caption));
+  ElementWidget& one = pool.take(text);
+  pool.reshape(one, text);
+  EXPECT_EQ(one.widget().font(), context.looks.font(ui::Font::body));
+  pool.reshape(one, caption);
+  EXPECT_EQ(one.widget().font(), context.looks.font(ui::Font::caption));
+  EXPECT_EQ(pool.size(), 1u);
+  ui::Environment environment;
+  environment.textScale = 2;
+  context.looks = Looks(QApplication::font(), QApplication::palette(), environment);
+  pool.restyle();
+  EXPECT_EQ(one.widget().font(), context.looks.font(ui::Font::caption));
+  pool.giveBack(one);
+  EXPECT_NE(&pool.take(text), &one);
+  EXPECT_EQ(&pool.take(caption), &one);
+}
