@@ -57,7 +57,7 @@ void WindowedTree::updated(Node& node, const ui::Element& before) {
       follow(*node.rows, *rowSourceOf(before), *after);
     } catch (...) {
       if (!error_) error_ = std::current_exception();
-      node.rows->reset(after->count(), node.rows->gap());
+      node.rows->reset(node.element.rowCount(), node.rows->gap());
     }
   }
   invalidate(&node);

@@ -41,8 +41,11 @@ void AccessibleTree::refreshPage() {
   }
   for (auto& [id, list] : gone) {
     ChildSteps& steps = ofRows[id];
-    steps.areComplete = list.source && list.source->count() <= mostToldOneByOne;
-    for (std::size_t row = 0; steps.areComplete && row < list.source->count(); ++row) {
+    std::size_t count = 0;
+    const bool isCounted =
+        list.source && page_.errors().attempt([&] { count = list.source->count(); });
+    steps.areComplete = isCounted && count <= mostToldOneByOne;
+    for (std::size_t row = 0; steps.areComplete && row < count; ++row) {
       steps.left.push_back({row, list.idAt(row)});
     }
     for (auto& [index, row] : list.rows) bury(*row);

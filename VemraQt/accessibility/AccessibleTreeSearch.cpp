@@ -78,7 +78,7 @@ std::vector<std::size_t> AccessibleTree::rowsToSearch(ui::NodeID listID,
     rows.erase(repeated.begin(), repeated.end());
     std::erase_if(rows, [&](std::size_t row) { return !mayHold(row); });
   } else {
-    for (std::size_t row = 0; row < source->count(); ++row) {
+    for (std::size_t row = 0; row < node->element.rowCount(); ++row) {
       if (mayHold(row)) rows.push_back(row);
     }
   }
@@ -99,7 +99,8 @@ void AccessibleTree::noteIdentifiers(ui::NodeID listID) {
   if (!list || notedIdentifiers(listID)) return;
   const auto source = page::rowSourceOf(list->element);
   RowIdentifiers notes(source, page_.graph().environment(), rowsWithState(listID));
-  for (std::size_t index = 0; index < source->count(); ++index) {
+  const std::size_t count = list->element.rowCount();  // the list may go meanwhile
+  for (std::size_t index = 0; index < count; ++index) {
     const ui::NodeID row = lookAtRow(listID, index);
     if (!find(row)) return;  // an event is being handled, or the list is another one by now
     for (const ElementSlot& slot : elementsUnder(row, page_)) {

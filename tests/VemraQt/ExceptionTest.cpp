@@ -1,22 +1,10 @@
 // What a description or an action throws stops neither the page nor Qt, and comes out once.
 
-#include "VemraQt/Page.hpp"
 #include "VemraQt/Picture.hpp"
-#include "tests/VemraPlatform/ui/Fault.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
+#include "tests/VemraQt/PageException.hpp"
 
-#include <functional>
-#include <string>
-#include <string_view>
-#include <vector>
-
-#include <QAbstractButton>
-#include <QApplication>
-#include <QLabel>
-#include <QScrollBar>
 #include <QTest>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace vemra;
 using namespace vemra::qttest;
@@ -24,126 +12,6 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Not;
-using ui::sample::Counter;
-using ui::sample::Fault;
-
-namespace {
-
-using Faults = std::vector<std::string>;
-
-using IsID = std::function<bool(const std::string&)>;
-
-/// What throws, of the rows with which ids.
-struct Breaks {
-  IsID row = {};   ///< the row's closure
-  IsID body = {};  ///< the body of the row's view
-  IsID tree = {};  ///< the row's view, in a way after which nothing of the tree is left
-  IsID key = {};   ///< the row's id itself
-};
-
-/// Rows of counters.
-struct FragileRows final : ui::RowSource {
-  std::vector<std::string> ids;
-  Breaks breaks;
-
-  std::size_t count() const override { return ids.size(); }
-  std::string_view key(std::size_t index) const override {
-    if (breaks.key && breaks.key(ids[index])) throw Fault("key " + ids[index]);
-    return ids[index];
-  }
-  ui::View row(std::size_t index) const override {
-    const std::string& id = ids[index];
-    if (breaks.row && breaks.row(id)) throw Fault("row " + id);
-    if (breaks.tree && breaks.tree(id)) return ui::sample::broken();
-    if (breaks.body && breaks.body(id)) {
-      return ui::sample::Body{[id]() -> ui::View { throw Fault("body " + id); }};
-    }
-    return Counter{id};
-  }
-};
-
-IsID is(const std::string& id) {
-  return [id](const std::string& other) { return other == id; };
-}
-
-class PageException : public ::testing::Test {
- protected:
-  PageException() { widget.resize(300, 400); }
-
-  void showWindow() {
-    widget.show();
-    widget.activateWindow();
-    QApplication::setActiveWindow(&widget);
-  }
-
-  /// Rows "a0", "a1", … and how they break.
-  static ui::View rows(const std::string& name, const Breaks& breaks = {}, int count = 300) {
-    auto source = std::make_shared<FragileRows>();
-    source->breaks = breaks;
-    for (int i = 0; i < count; ++i) source->ids.push_back(name + std::to_string(i));
-    return ui::ForEach(std::shared_ptr<const ui::RowSource>(std::move(source)));
-  }
-
-  /// What comes out of `work`, and later out of the event loop, in order.
-  static Faults faultsOf(const std::function<void()>& work) {
-    Faults faults;
-    const auto throws = [&](const std::function<void()>& part, const std::string& when) {
-      try {
-        part();
-      } catch (const Fault& fault) {
-        faults.push_back(fault.what() + when);
-        return true;
-      }
-      return false;
-    };
-    throws(work, "");
-    for (int turn = 0; turn < 20; ++turn) {
-      throws([] { QApplication::processEvents(); }, ", later");
-    }
-    return faults;
-  }
-
-  std::vector<std::string> texts() const {
-    std::vector<std::string> texts;
-    for (const auto* label : widget.viewport()->findChildren<QLabel*>()) {
-      if (!label->visibleRegion().isEmpty()) texts.push_back(label->text().toStdString());
-    }
-    return texts;
-  }
-
-  /// The first button with that title on the page.
-  QAbstractButton* button(const QString& title) const {
-    QAbstractButton* first = nullptr;
-    for (auto* found : widget.viewport()->findChildren<QAbstractButton*>()) {
-      if (!found->isVisible() || found->text() != title) continue;
-      if (!first || found->y() < first->y()) first = found;
-    }
-    return first;
-  }
-
-  QScrollBar& bar() const { return *widget.verticalScrollBar(); }
-
-  /// A new root is shown, a press acts once, and every place can be scrolled to.
-  void expectThePageGoesOn() {
-    EXPECT_THAT(faultsOf([&] { widget.setRoot(rows("new")); }), IsEmpty());
-    EXPECT_THAT(texts(), Contains(::testing::StartsWith("new")));
-    EXPECT_THAT(faultsOf([&] {
-                  bar().setValue(0);
-                  ASSERT_TRUE(button("+"));
-                  button("+")->click();
-                  bar().setValue(bar().maximum());
-                }),
-                IsEmpty());
-    EXPECT_THAT(texts(), Contains("new299=0"));
-    bar().setValue(0);
-    EXPECT_THAT(texts(), Contains("new0=1"));
-    EXPECT_THAT(texts(), Contains("new1=0"));
-  }
-
-  qt::ViewWidget widget;
-};
-
-}  // namespace
 
 TEST_F(PageException, AFirstRootThatBreaksWhileTheWindowIsShownLeavesAWindowThatIsShown) {
   EXPECT_THAT(faultsOf([&] { widget.setRoot(rows("a", {.row = is("a3")})); }), IsEmpty())
