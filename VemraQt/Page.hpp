@@ -43,6 +43,7 @@ class Page final : public ui::Renderer, public EventSink, private page::RowSuppl
   void apply(const std::vector<ui::Patch>& patches) override;
   void rowsReplaced() override { accessible_->rowsReplaced(); }
   void deliver(ui::NodeID node, ui::Event event) override;
+  void scrollIn(ui::NodeID node) override;
   /// Told of every event right before the graph is, whoever caused it: for records and tests.
   std::function<void(ui::NodeID, const ui::Event&)> onDeliver;
 

@@ -81,6 +81,15 @@ void Page::reveal(const page::Node& node) {
   if (position != scroll_) scrollTo(position);
 }
 
+void Page::scrollIn(ui::NodeID id) {
+  const page::Node* node = tree_.find(id);
+  if (!node) return;
+  const QRect frame = frameOnPage(*node);
+  const QRect view(frame.x(), scroll_, frame.width(), area_.viewport()->height());
+  // One that is taller than the viewport is never all in view: half of the viewport is enough.
+  if ((frame & view).height() < std::min(frame.height(), view.height() / 2)) reveal(*node);
+}
+
 void Page::bringRow(ui::NodeID list, std::size_t index) {
   page::Node* node = tree_.find(list);
   if (node && node->rows && index < node->rows->count()) bringRow(*node, index);

@@ -44,6 +44,23 @@ bool isTyped(const QKeyEvent& event) {
          text.front().category() != QChar::Other_Control;
 }
 
+/// A menu whose Home and End keys go to its ends. Qt's own only scroll, and only what is too long.
+class ChoiceMenu final : public QMenu {
+ public:
+  using QMenu::QMenu;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Home) {
+      setActiveAction(actions().front());
+    } else if (event->key() == Qt::Key_End) {
+      setActiveAction(actions().back());
+    } else {
+      QMenu::keyPressEvent(event);
+    }
+  }
+};
+
 /// Another style with choices that are as large as any other target.
 class LargeChoices final : public QProxyStyle {
  public:
@@ -79,12 +96,18 @@ ChoiceBox::ChoiceBox(QWidget* parent, const PageContext& page)
 
 void ChoiceBox::take(const page::Node& leaf, const TextShape& shape) {
   choices_ = choicesOf(leaf);
+  // Its menu shows what could be chosen before.
   if (!sameLabels(*this, choices_)) {
+    hidePopup();
     clear();
     for (const Choice& choice : choices_) addItem(choice.label);
   }
   const int index = currentChoice(leaf, choices_);
   if (currentIndex() != index) setCurrentIndex(index);
+  if (!isEnabled()) hidePopup();
+  if (menu_) {
+    for (int i = 0; i < count(); ++i) menu_->actions()[i]->setChecked(i == index);
+  }
   shape_ = shape;
   update();
 }
@@ -96,7 +119,7 @@ void ChoiceBox::choose(int index) {
 
 void ChoiceBox::showPopup() {
   if (menu_ || choices_.empty()) return;
-  menu_ = new QMenu(this);
+  menu_ = new ChoiceMenu(this);
   menu_->setAttribute(Qt::WA_DeleteOnClose);
   auto* large = new LargeChoices(style()->name());
   large->setParent(menu_);
@@ -151,27 +174,29 @@ void ChoiceBox::wheelEvent(QWheelEvent* event) {
 
 void ChoiceBox::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
     case Qt::Key_Home:
     case Qt::Key_End:
-      event->ignore();  // these scroll the page
+      if (event->modifiers() & Qt::ControlModifier) {
+        event->ignore();  // scrolls the page
+      } else if (scrollIn()) {
+        moveTo(event->key() == Qt::Key_Home ? 0 : count() - 1);
+      }
       return;
     case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      showPopup();
+      if (scrollIn()) showPopup();
       return;
     case Qt::Key_Up:
     case Qt::Key_Down:
     case Qt::Key_F4:
-      QComboBox::keyPressEvent(event);
+      if (scrollIn()) QComboBox::keyPressEvent(event);
       return;
     default:
-      if (isTyped(*event)) {
+      if (!isTyped(*event)) {
+        event->ignore();  // the page's, or the window's
+      } else if (scrollIn()) {
         chooseByPrefix(event->text());
-      } else {
-        event->ignore();
       }
   }
 }
@@ -189,11 +214,15 @@ void ChoiceBox::chooseByPrefix(const QString& typed) {
   for (int i = 1; i <= count(); ++i) {
     const int index = (currentIndex() + i) % count();
     if (!itemText(index).startsWith(typed, Qt::CaseInsensitive)) continue;
-    if (index == currentIndex()) return;  // the only one
-    setCurrentIndex(index);
-    Q_EMIT activated(index);
+    moveTo(index);
     return;
   }
+}
+
+void ChoiceBox::moveTo(int index) {
+  if (index < 0 || index == currentIndex()) return;
+  setCurrentIndex(index);
+  Q_EMIT activated(index);
 }
 
 }  // namespace vemra::qt

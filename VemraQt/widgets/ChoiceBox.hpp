@@ -48,6 +48,8 @@ class ChoiceBox final : public QComboBox, public ElementWidget {
 
  private:
   void choose(int index);
+  /// Makes another choice the current one, as a person does.
+  void moveTo(int index);
   /// Chooses the next one, after the current one and round, whose label begins with `typed` in
   /// either case.
   void chooseByPrefix(const QString& typed);

@@ -24,6 +24,11 @@ void ElementWidget::rest() {
   widget().setAttribute(Qt::WA_UnderMouse, false);
 }
 
+bool ElementWidget::scrollIn() const {
+  if (node_) page_.sink->scrollIn(node_);
+  return bool(node_);
+}
+
 QMargins overhang(const ui::Element& element, const TextShape& shape) {
   const int accents = shape.lineHeight() / 7;
   if (element.kind() == ui::ElementKind::text) return {0, accents, 0, accents};

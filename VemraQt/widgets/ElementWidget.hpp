@@ -14,6 +14,8 @@ namespace vemra::qt {
 class EventSink {
  public:
   virtual void deliver(ui::NodeID node, ui::Event event) = 0;
+  /// Scrolls an element into view, before a key acts on it.
+  virtual void scrollIn(ui::NodeID node) = 0;
 
  protected:
   ~EventSink() = default;
@@ -48,6 +50,9 @@ class ElementWidget {
 
   const Looks& looks() const { return page_.looks; }
   void deliver(ui::Event event) const { page_.sink->deliver(node_, std::move(event)); }
+  /// Scrolls the element into view: a key must never act where its reader does not see it.
+  /// \return Whether it shows an element still. Rows that come in on the way may end the tree.
+  bool scrollIn() const;
 
  private:
   const PageContext& page_;

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include <QContextMenuEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -37,6 +38,23 @@ QTextCharFormat wideBreak(const QFont& font) {
   format.setFontLetterSpacingType(QFont::AbsoluteSpacing);
   format.setFontLetterSpacing(QFontMetrics(font).capHeight() * 1.2);
   return format;
+}
+
+/// Whether a line edit acts on a key. It leaves the others to the page and the window.
+bool actsOn(const QKeyEvent& event) {
+  switch (event.key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_Backspace:
+    case Qt::Key_Delete:
+      return true;
+    case Qt::Key_Escape:
+      return false;
+    default:
+      return !event.text().isEmpty() || event.matches(QKeySequence::Paste);
+  }
 }
 
 /// A paste may have any number of lines; so many are marked.
@@ -164,6 +182,7 @@ void LineField::paintLineBreaks(QPainter& painter) {
 
 void LineField::inputMethodEvent(QInputMethodEvent* event) {
   isComposing_ = !event->preeditString().isEmpty();
+  if (isComposing_ || !event->commitString().isEmpty()) scrollIn();
   QLineEdit::inputMethodEvent(event);
   widenLineBreaks();  // the event has brought other formats
 }
@@ -175,10 +194,21 @@ void LineField::changeEvent(QEvent* event) {
 
 void LineField::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-    if (node()) deliver(ui::Submit{});
+    if (scrollIn()) deliver(ui::Submit{});
     return;
   }
+  if (actsOn(*event) && !scrollIn()) return;
   QLineEdit::keyPressEvent(event);
+}
+
+void LineField::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() != QContextMenuEvent::Keyboard) {
+    QLineEdit::contextMenuEvent(event);
+  } else if (scrollIn()) {
+    const QPoint at = cursorRect().center();  // which may be another place by now
+    QContextMenuEvent moved(QContextMenuEvent::Keyboard, at, mapToGlobal(at), event->modifiers());
+    QLineEdit::contextMenuEvent(&moved);
+  }
 }
 
 }  // namespace vemra::qt

@@ -71,10 +71,10 @@ void PushButton::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (!event->isAutoRepeat()) click();
+      if (scrollIn() && !event->isAutoRepeat()) click();
       return;
     case Qt::Key_Space:
-      QPushButton::keyPressEvent(event);
+      if (scrollIn()) QPushButton::keyPressEvent(event);
       return;
     default:
       event->ignore();  // arrows scroll the page

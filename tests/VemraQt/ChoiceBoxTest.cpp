@@ -194,6 +194,48 @@ TEST_F(ChoiceBoxTest, KeysOpenTheMenuOrGoFromChoiceToChoice) {
   EXPECT_EQ(selected, 2);
 }
 
+TEST_F(ChoiceBoxTest, HomeAndEndChooseTheFirstAndTheLastChoice) {
+  show({{"Zero", 0}, {"One", 1}, {"Two", 2}});
+  QTest::keyClick(&box(), Qt::Key_End);
+  EXPECT_EQ(selected, 2);
+  QTest::keyClick(&box(), Qt::Key_End);
+  EXPECT_EQ(chosen.size(), 1u) << "it is chosen already";
+  QTest::keyClick(&box(), Qt::Key_Home);
+  EXPECT_EQ(selected, 0);
+  show({});
+  QTest::keyClick(&box(), Qt::Key_End);
+  QTest::keyClick(&box(), Qt::Key_Home);
+  EXPECT_EQ(chosen.size(), 2u) << "there is nothing to choose";
+}
+
+TEST_F(ChoiceBoxTest, HomeAndEndGoToTheEndsOfTheOpenMenu) {
+  show({{"Zero", 0}, {"One", 1}, {"Two", 2}});
+  box().showPopup();
+  ASSERT_TRUE(menu());
+  QTest::keyClick(menu(), Qt::Key_End);
+  EXPECT_EQ(menu()->activeAction(), menu()->actions().back());
+  QTest::keyClick(menu(), Qt::Key_Home);
+  EXPECT_EQ(menu()->activeAction(), menu()->actions().front());
+  EXPECT_THAT(chosen, IsEmpty());
+  QTest::keyClick(menu(), Qt::Key_Return);
+  EXPECT_EQ(selected, 0);
+}
+
+TEST_F(ChoiceBoxTest, AnOpenMenuFollowsTheView) {
+  show({{"One", 1}, {"Two", 2}});
+  box().showPopup();
+  selected = 2;
+  show({{"One", 1}, {"Two", 2}});
+  ASSERT_TRUE(menu());
+  EXPECT_FALSE(menu()->actions()[0]->isChecked());
+  EXPECT_TRUE(menu()->actions()[1]->isChecked());
+  show({{"One", 1}, {"Two", 2}, {"Three", 3}});
+  EXPECT_FALSE(menu()) << "it showed other choices";
+  box().showPopup();
+  widget.setRoot(picker({{"One", 1}, {"Two", 2}, {"Three", 3}}).disabled(true));
+  EXPECT_FALSE(menu()) << "nothing can be chosen any more";
+}
+
 TEST_F(ChoiceBoxTest, TakesTheFocusFromAClickAndFromThePageOnly) {
   show({{"One", 1}});
   EXPECT_EQ(box().focusPolicy(), Qt::ClickFocus);
