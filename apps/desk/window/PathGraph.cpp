@@ -13,7 +13,7 @@ namespace {
 
 constexpr double radius = 7;
 constexpr double swing = 22;  // stars stand left and right by turns, like a constellation
-constexpr double gap = 34;
+constexpr double gapBetweenNames = 34;
 constexpr int nameFlags = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap | Qt::TextWrapAnywhere;
 
 QString inWords(const std::vector<QString>& names) {
@@ -54,9 +54,9 @@ std::vector<PathGraph::Star> PathGraph::layout(int width, double& height) const 
     const double nameHeight = std::max(text.height(), QFontMetricsF(font()).height());
     const double firstLine = QFontMetricsF(font()).height() / 2;
     stars.push_back({{x, top + firstLine}, {nameLeft, top, nameWidth, nameHeight}});
-    top += nameHeight + gap;
+    top += nameHeight + gapBetweenNames;
   }
-  height = names_.empty() ? 0 : top - gap + 8;
+  height = names_.empty() ? 0 : top - gapBetweenNames + 8;
   return stars;
 }
 
