@@ -4,6 +4,12 @@ namespace vemra::testing {
 
 namespace {
 
+std::size_t countOf(const page::Node& node) {
+  std::size_t count = 1;
+  for (const page::Node& child : node.children()) count += countOf(child);
+  return count;
+}
+
 void collect(const page::Node& node, std::vector<const page::Node*>& nodes) {
   nodes.push_back(&node);
   for (const page::Node& child : node.children()) collect(child, nodes);
@@ -18,7 +24,9 @@ void RenderedTree::apply(const std::vector<ui::Patch>& patches) {
 
 std::vector<const RenderedTree::Node*> RenderedTree::nodes() const {
   std::vector<const Node*> nodes;
-  if (root()) collect(*root(), nodes);
+  if (!root()) return nodes;
+  nodes.reserve(countOf(*root()));  // one allocation, however large the tree
+  collect(*root(), nodes);
   return nodes;
 }
 
