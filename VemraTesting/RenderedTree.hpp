@@ -8,7 +8,7 @@
 
 namespace vemra::testing {
 
-/// The smallest renderer: it keeps the tree that it was told of, and wants every row.
+/// The smallest renderer: it keeps the tree that patches describe, and wants every row.
 ///
 /// A patch that speaks of an unknown node throws `std::out_of_range`.
 class RenderedTree final : public ui::Renderer {

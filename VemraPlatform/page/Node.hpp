@@ -20,8 +20,8 @@ class ChildrenOf;
 /// One element as patches placed it, and where it stands on the page.
 ///
 /// `PatchedTree` makes nodes and links them; siblings are chained, so that a patch costs the same
-/// among any number of them. The layout is filled in by `measureScope` and is empty in a tree that
-/// nobody lays out. Frames are relative to a *scope*: the row of a windowed list that the node
+/// among any number of them. The layout is filled in by `measureScope` and is empty in a tree
+/// without a layout. Frames are relative to a *scope*: the row of a windowed list that the node
 /// stands in, or the whole page. So a row that moves, as many do when a list is scrolled or
 /// corrected, costs one addition.
 struct Node {

@@ -66,7 +66,7 @@ class Database {
   void confirm() const { file_.confirm(); }
 
   /// A text that differs when the file has been written since, through whichever connection; none
-  /// when that cannot be told. Unlike `version`, it can be compared with one of an earlier
+  /// when that is unknown. Unlike `version`, it can be compared with one of an earlier
   /// connection.
   std::optional<std::string> state() const { return file_.state(); }
 

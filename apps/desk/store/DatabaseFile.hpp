@@ -53,7 +53,7 @@ class DatabaseFile {
   void confirm() const;
 
   /// A text that differs when the database or its log has been written since. None when that cannot
-  /// be told: a file cannot be looked at, or was written so recently that its time may stay the
+  /// be known: a file cannot be looked at, or was written so recently that its time may stay the
   /// same over the next change.
   std::optional<std::string> state() const;
 
