@@ -1,4 +1,5 @@
 #include "VemraTesting/RenderedTree.hpp"
+#include "tests/VemraPlatform/ui/Patches.hpp"
 
 #include <stdexcept>
 #include <string>
@@ -11,18 +12,10 @@ namespace vemra::testing {
 namespace {
 
 using namespace ui;
+using ui::sample::insert;
+using ui::sample::move;
+using ui::sample::removal;
 using Kind = Patch::Kind;
-
-Patch insert(std::uint64_t node, std::uint64_t parent, std::uint64_t after) {
-  const View view = Text(verbatim(std::to_string(node)));
-  return {Kind::insert, NodeID{node}, NodeID{parent}, NodeID{after}, Element(view, {}, {})};
-}
-Patch move(std::uint64_t node, std::uint64_t parent, std::uint64_t after) {
-  return {Kind::move, NodeID{node}, NodeID{parent}, NodeID{after}, std::nullopt};
-}
-Patch removal(std::uint64_t node) {
-  return {Kind::remove, NodeID{node}, {}, {}, std::nullopt};
-}
 
 std::string order(const RenderedTree& tree) {
   std::string ids;

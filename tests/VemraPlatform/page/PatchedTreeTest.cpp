@@ -1,4 +1,5 @@
 #include "VemraPlatform/page/PatchedTree.hpp"
+#include "tests/VemraPlatform/ui/Patches.hpp"
 
 #include <ranges>
 #include <stdexcept>
@@ -12,19 +13,11 @@ namespace vemra::page {
 namespace {
 
 using namespace ui;
+using ui::sample::insert;
+using ui::sample::move;
+using ui::sample::removal;
 using Kind = Patch::Kind;
 using page::Node;
-
-Patch insert(std::uint64_t node, std::uint64_t parent, std::uint64_t after) {
-  const View view = Text(verbatim(std::to_string(node)));
-  return {Kind::insert, NodeID{node}, NodeID{parent}, NodeID{after}, Element(view, {}, {})};
-}
-Patch move(std::uint64_t node, std::uint64_t parent, std::uint64_t after) {
-  return {Kind::move, NodeID{node}, NodeID{parent}, NodeID{after}, std::nullopt};
-}
-Patch removal(std::uint64_t node) {
-  return {Kind::remove, NodeID{node}, {}, {}, std::nullopt};
-}
 
 /// The ids in tree order; also checks that every link between two nodes leads back.
 std::string order(const Node* node) {
