@@ -4,12 +4,6 @@ namespace vemra::testing {
 
 namespace {
 
-std::size_t countOf(const page::Node& node) {
-  std::size_t count = 1;
-  for (const page::Node& child : node.children()) count += countOf(child);
-  return count;
-}
-
 void collect(const page::Node& node, std::vector<const page::Node*>& nodes) {
   nodes.push_back(&node);
   for (const page::Node& child : node.children()) collect(child, nodes);
@@ -25,7 +19,7 @@ void RenderedTree::apply(const std::vector<ui::Patch>& patches) {
 std::vector<const RenderedTree::Node*> RenderedTree::nodes() const {
   std::vector<const Node*> nodes;
   if (!root()) return nodes;
-  nodes.reserve(countOf(*root()));  // one allocation, however large the tree
+  nodes.reserve(tree_.size());  // one allocation, however large the tree
   collect(*root(), nodes);
   return nodes;
 }

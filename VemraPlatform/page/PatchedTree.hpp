@@ -4,6 +4,7 @@
 #include "VemraPlatform/ui/NodeTable.hpp"
 #include "VemraPlatform/ui/Patch.hpp"
 
+#include <cstddef>
 #include <vector>
 
 namespace vemra::page {
@@ -44,6 +45,8 @@ class PatchedTree {
   /// The node, or nullptr.
   Node* find(ui::NodeID id);
   const Node* find(ui::NodeID id) const;
+  /// How many nodes the tree has. Costs far less than a walk (`NodeTable::size`).
+  std::size_t size() const { return nodes_.size(); }
 
  private:
   Node& at(ui::NodeID id);

@@ -103,6 +103,17 @@ TEST_F(PatchedTreeTest, TheChildrenCanBeReadBackwards) {
   EXPECT_EQ(ids, "432");
 }
 
+TEST_F(PatchedTreeTest, ItsSizeCountsTheNodesBelowARemovedOneOut) {
+  EXPECT_EQ(PatchedTree().size(), 0U);
+  EXPECT_EQ(tree.size(), 5U);
+  tree.apply({move(5, 1, 0), insert(6, 3, 0)});
+  EXPECT_EQ(tree.size(), 6U);
+  tree.apply({removal(3)});
+  EXPECT_EQ(tree.size(), 4U);
+  tree.apply({removal(1)});
+  EXPECT_EQ(tree.size(), 0U);
+}
+
 TEST_F(PatchedTreeTest, ANodeStaysTheSameObjectUntilItIsRemoved) {
   const Node* const four = tree.find(NodeID{4});
   tree.apply({move(4, 3, 5), insert(6, 1, 0), removal(2)});
