@@ -63,9 +63,7 @@ Database::Database(const std::string& file, Opening opening, Patience patience)
 }
 
 Database::~Database() {
-  if (!connection_) return;
-  settleLog();
-  removeNewFile();
+  if (connection_) settleLog();
 }
 
 void Database::run(const char* sql) {
@@ -92,18 +90,6 @@ void Database::accept() {
   }
   if (hasLog) file_.noteCompanions();
   version();
-}
-
-void Database::removeNewFile() {
-  if (!file_.isNewAndEmpty()) return;
-  // With this lock, no other program writes the file between the look at it and its removal.
-  sqlite3_busy_timeout(handle(), 0);
-  const int code = sqlite3_exec(handle(), "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
-  if ((code & 0xFF) == SQLITE_BUSY) {
-    file_.keep();  // another program is about to fill it
-  } else if (code == SQLITE_OK) {
-    file_.removeNewUnderLock();
-  }
 }
 
 void Database::makeDurable() {

@@ -107,12 +107,11 @@ class Database {
   bool hasMoved();
   void checkFile();
   void settleLog();
-  void removeNewFile();
   /// After the file has moved: whether another program has opened another file at its path and may
   /// have written into our log, which has the name of that file's log.
   bool mayBeAnothersLog();
 
-  DatabaseFile file_;
+  DatabaseFile file_;  // before the connection, so that it goes after it
   Patience patience_;
   std::unique_ptr<sqlite3, Close> connection_;
   std::int64_t version_ = 0;  // when it was last asked for

@@ -40,14 +40,8 @@ class DatabaseFile {
   bool isAtRest() const { return !stateAtRest_.empty(); }
   bool isForWriting() const { return access_ == Access::writing; }
 
-  /// \name A file that was made here.
-  /// @{
-  /// Keeps it, even if it stays empty.
+  /// Keeps a file that was made here, even if it stays empty.
   void keep() { newFile_.keep(); }
-  bool isNewAndEmpty() const noexcept { return newFile_.isEmpty(); }
-  /// As `NewFile::removeUnderLock`.
-  void removeNewUnderLock() noexcept { newFile_.removeUnderLock(); }
-  /// @}
 
   /// Throws a `StoreError` when a file at rest has been changed since.
   void confirm() const;

@@ -12,6 +12,24 @@
 #include <utility>
 
 namespace vemra::desk {
+namespace {
+
+/// Locks the file against all who use it through SQLite; false when one of them has locked it, or
+/// when it cannot be locked.
+///
+/// SQLite's locks are on these bytes (https://www.sqlite.org/fileformat2.html, "The Lock-Byte
+/// Page"). A lock of the open file description conflicts with those of other connections in this
+/// process as well.
+bool lockExclusively(int file) {
+  struct flock lock {};
+  lock.l_type = F_WRLCK;
+  lock.l_whence = SEEK_SET;
+  lock.l_start = 0x4000'0000;
+  lock.l_len = 512;
+  return ::fcntl(file, F_OFD_SETLK, &lock) == 0;
+}
+
+}  // namespace
 
 // Only a file that was not there is opened and closed here: closing one that SQLite has open
 // elsewhere in this process would drop its locks.
@@ -30,32 +48,33 @@ NewFile::NewFile(NewFile&& other) noexcept
     : path_(std::move(other.path_)), made_(std::exchange(other.made_, std::nullopt)) {}
 
 NewFile& NewFile::operator=(NewFile&& other) noexcept {
-  if (isEmpty()) ::unlink(path_.c_str());
+  removeUnlessUsed();
   path_ = std::move(other.path_);
   made_ = std::exchange(other.made_, std::nullopt);
   return *this;
 }
 
 NewFile::~NewFile() {
-  if (isEmpty()) ::unlink(path_.c_str());
+  removeUnlessUsed();
 }
 
-bool NewFile::isFileEmpty() const {
-  return made_ && identityAt(path_) == made_ && sizeOf(path_) == 0;
+void NewFile::removeUnlessUsed() const noexcept {
+  if (!isEmpty()) return;
+  const int file = ::open(path_.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK);
+  if (file < 0) return;
+  // Where the lock belongs to another connection in this process, closing the file would drop it:
+  // so the file stays open, which happens once at the most for each store that is made.
+  if (!lockExclusively(file)) return;
+  if (isEmpty()) ::unlink(path_.c_str());
+  ::close(file);
 }
 
 bool NewFile::isEmpty() const noexcept try {
-  return isFileEmpty() &&
+  return made_ && identityAt(path_) == made_ && sizeOf(path_) == 0 &&
          std::all_of(companionSuffixes.begin(), companionSuffixes.end(),
                      [&](const char* suffix) { return sizeOf(path_ + suffix) == 0; });
 } catch (const std::bad_alloc&) {
   return false;  // The file stays, which is a store without goals.
-}
-
-// A journal beside the file is that of the lock.
-void NewFile::removeUnderLock() noexcept {
-  if (isFileEmpty()) ::unlink(path_.c_str());
-  keep();
 }
 
 }  // namespace vemra::desk

@@ -10,11 +10,12 @@ namespace vemra::desk {
 /// A file that was made for a database, and is removed again at the end of the scope when nothing
 /// has come into it: a store that could not be filled leaves no file behind.
 ///
-/// Only the file that was made is removed, and only while it is empty. Another process may write it
-/// between the look at its size and its removal; so a connection to it removes it under SQLite's
-/// exclusive lock. A process that waits for that lock finds the file removed before it acknowledges
-/// anything. At the end of the scope the file is removed without a lock: that is for a file that
-/// SQLite could not open or lock.
+/// Only the file that was made is removed, only while it is empty, and only under an exclusive lock
+/// like those of SQLite. Another process that uses the file has locked it: then the file stays. One
+/// that waits for the lock finds the file removed before it acknowledges anything. A file that cannot
+/// be locked stays too: an empty file is a store without goals.
+///
+/// To be destroyed after the connection to the file.
 class NewFile {
  public:
   NewFile() = default;
@@ -33,16 +34,12 @@ class NewFile {
   /// Leaves the file where it is.
   void keep() { made_.reset(); }
 
+ private:
+  void removeUnlessUsed() const noexcept;
   /// Whether the file that was made is at its path, empty, and without anything beside it that
   /// belongs to a change by another process.
   bool isEmpty() const noexcept;
 
-  /// Removes the file if it is empty, and else leaves it where it is for good. To be called by a
-  /// connection with an exclusive lock on it.
-  void removeUnderLock() noexcept;
-
- private:
-  bool isFileEmpty() const;
   std::string path_;
   std::optional<FileIdentity> made_;
 };
