@@ -3,6 +3,7 @@
 #include "VemraPlatform/ui/Element.hpp"
 #include "VemraPlatform/ui/NodeID.hpp"
 
+#include <cstddef>
 #include <optional>
 #include <vector>
 
@@ -25,6 +26,12 @@ struct Patch {
 enum class RowDemand {
   everything,  ///< every row, always
   onRequest,   ///< those that it asks for with `ViewGraph::showRows`
+};
+
+/// The rows of a `ForEach` from `first` up to, but not including, `last`.
+struct RowRange {
+  std::size_t first = 0;
+  std::size_t last = 0;
 };
 
 /// What shows the tree: a window, a test harness, a picture.

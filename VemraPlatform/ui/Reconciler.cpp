@@ -1,8 +1,7 @@
-// Resolving: a new description against the nodes that are there.
+#include "VemraPlatform/ui/Reconciler.hpp"
 
 #include "VemraPlatform/ui/ListDiff.hpp"
 #include "VemraPlatform/ui/Rows.hpp"
-#include "VemraPlatform/ui/ViewGraph.hpp"
 
 #include <algorithm>
 #include <unordered_map>
@@ -56,22 +55,51 @@ std::vector<NodeID> idsOf(const std::vector<Node*>& nodes) {
 
 }  // namespace
 
-void ViewGraph::resolveRoot(const View& root) {
-  const Emission emission = renderer_ ? Emission::told : Emission::silent;
-  if (root_ && (root.isAbsent() || !(root_->identity == identityOf(root, 0)))) {
-    recordPatch(Patch::Kind::remove, *root_, {}, emission);
-    destroy(*std::exchange(root_, nullptr));
+Reconciler::Reconciler(StateCell::Owner& states, FirstError& errors, Environment environment)
+    : states_(states), errors_(errors), environment_(std::move(environment)) {}
+
+void Reconciler::setRoot(View root) {
+  rootView_ = std::move(root);
+  const Emission emission = patches_.emissionAtRoot();
+  const bool isAbsent = rootView_.isAbsent();
+  if (root_ && (isAbsent || !(root_->identity == identityOf(rootView_, 0)))) {
+    patches_.record(Patch::Kind::remove, *root_, {}, emission);
+    remove(*std::exchange(root_, nullptr));
   }
-  if (root.isAbsent()) return;
+  if (isAbsent) return;
   if (root_) {
-    update(*root_, root, emission);
+    update(*root_, rootView_, emission);
   } else {
-    root_ = &allocate(nullptr, root, identityOf(root, 0));
+    root_ = &allocate(nullptr, rootView_, identityOf(rootView_, 0));
     mount(*root_, {}, emission);
   }
 }
 
-Node& ViewGraph::allocate(Node* parent, const View& view, Identity identity) {
+Node* Reconciler::find(NodeID id) {
+  Node* const found = nodes_.find(id);
+  return found && !found->isGone ? found : nullptr;
+}
+
+void Reconciler::markOutOfDate(Node& node) {
+  // Also one that was described in this very pass has to be described again.
+  node.describedInPass = 0;
+  dirty_.push_back(node.id);
+}
+
+void Reconciler::update() {
+  std::vector<NodeID> dirty = std::exchange(dirty_, {});
+  // Outer ones first: describing one may describe, or remove, those inside it. A node is made after
+  // those above it and stays below them, so that its id is larger than theirs.
+  std::ranges::sort(dirty);
+  for (const NodeID id : dirty) {
+    Node* node = find(id);
+    if (node && node->describedInPass != pass_) {
+      describeComposite(*node, patches_.emissionAt(*node));
+    }
+  }
+}
+
+Node& Reconciler::allocate(Node* parent, const View& view, Identity identity) {
   const NodeID id{++lastID_};
   const Style inherited = parent ? parent->element.style() : Style{};
   ++work_.nodes;
@@ -86,59 +114,59 @@ Node& ViewGraph::allocate(Node* parent, const View& view, Identity identity) {
                                 .asleepBelow = nullptr});
 }
 
-/// Gives a new node its state, tells of it, and resolves what it holds.
-void ViewGraph::mount(Node& node, NodeID after, Emission emission) {
+void Reconciler::mount(Node& node, NodeID after, Emission emission) {
   if (auto* composite = std::get_if<CompositeContent>(&node.element.description().content)) {
-    restoreState(node);
+    rows_.waking().restore(node);
     if (!node.state) node.state = composite->composite->makeState();
-    if (node.state) node.state->attach(*this, node.id.value);
+    if (node.state) node.state->attach(states_, node.id.value);
   } else if (node.element.kind() == ElementKind::forEach) {
     node.rows = std::make_shared<Rows>();
-    restoreState(node);
+    rows_.waking().restore(node);
   }
-  recordPatch(Patch::Kind::insert, node, after, emission);
-  resolveContent(node, emission);
+  patches_.record(Patch::Kind::insert, node, after, emission);
+  reconcileContent(node, emission);
 }
 
-void ViewGraph::update(Node& node, const View& view, Emission emission) {
+void Reconciler::update(Node& node, const View& view, Emission emission) {
   const Style inherited = node.parent ? node.parent->element.style() : Style{};
   Element element(view, inherited, environment_);
   const bool changed = !(element == node.element);
   node.element = std::move(element);  // also when equal: its handlers are the new ones
-  if (changed) recordPatch(Patch::Kind::update, node, {}, emission);
-  resolveContent(node, emission);
+  if (changed) patches_.record(Patch::Kind::update, node, {}, emission);
+  reconcileContent(node, emission);
 }
 
-void ViewGraph::resolveContent(Node& node, Emission emission) {
+void Reconciler::reconcileContent(Node& node, Emission emission) {
   switch (node.element.kind()) {
     case ElementKind::composite:
       describeComposite(node, emission);
       break;
     case ElementKind::forEach:
-      resolveRows(node, emission);
+      rows_.reconcile(node, emission);
       break;
     default:
       if (auto* children = childrenOf(node.element.description().content)) {
-        resolveChildren(node, *children, emission);
+        reconcileChildren(node, *children, emission);
       }
   }
 }
 
-void ViewGraph::describeComposite(Node& node, Emission emission) {
+void Reconciler::describeComposite(Node& node, Emission emission) {
   const auto composite = std::get<CompositeContent>(node.element.description().content).composite;
   node.describedInPass = pass_;
   ++work_.bodies;
   const std::optional<View> body =
       describe([&] { return composite->body(node.state, environment_); });
   // A body that threw leaves what is there.
-  if (body) {
-    resolveBody(node, *body, emission);
-  } else {
-    keepAsleepBelow(node);
+  if (!body) {
+    rows_.waking().keepBelow(node);
+    return;
   }
+  const WakingState::Scope scope(rows_.waking(), node, WakingState::takeBelow(node));
+  reconcileChildren(node, {&*body, 1}, emission);
 }
 
-void ViewGraph::resolveChildren(Node& parent, std::span<const View> views, Emission emission) {
+void Reconciler::reconcileChildren(Node& parent, std::span<const View> views, Emission emission) {
   std::vector<Wanted> wanted = wantedChildren(views);
   if (sameIdentities(parent.children, wanted)) {
     for (std::size_t i = 0; i < wanted.size(); ++i) {
@@ -177,14 +205,14 @@ void ViewGraph::resolveChildren(Node& parent, std::span<const View> views, Emiss
   const std::vector<ListOperation> operations = diff(before, idsOf(children));
   parent.children = children;
   for (const ListOperation& operation : operations) {
-    Node& node = *mutableNode(operation.item);
+    Node& node = *find(operation.item);
     switch (operation.kind) {
       case ListOperation::Kind::remove:
-        recordPatch(Patch::Kind::remove, node, {}, emission);
-        destroy(node);
+        patches_.record(Patch::Kind::remove, node, {}, emission);
+        remove(node);
         break;
       case ListOperation::Kind::move:
-        recordPatch(Patch::Kind::move, node, operation.after, emission);
+        patches_.record(Patch::Kind::move, node, operation.after, emission);
         break;
       case ListOperation::Kind::insert:
         mount(node, operation.after, emission);
@@ -196,48 +224,38 @@ void ViewGraph::resolveChildren(Node& parent, std::span<const View> views, Emiss
   }
 }
 
-/// Takes a subtree out of the graph. Its nodes name each other until `bury` frees them all: what
-/// goes with them (a closure, a state) may ask the graph something, or write, from its destructor.
-void ViewGraph::destroy(Node& node) {
-  for (Node* child : node.children) destroy(*child);
+void Reconciler::remove(Node& node) {
+  for (Node* child : node.children) remove(*child);
   if (node.rows) {
-    for (Node* row : node.rows->lookedAt) destroy(*row);
+    for (Node* row : node.rows->lookedAt) remove(*row);
   }
   if (node.state) node.state->detach();
   node.isGone = true;
-  gone_.push_back(node.id);
+  removed_.push_back(node.id);
 }
 
-/// Frees what has been taken out, once the tree agrees with itself again.
-void ViewGraph::bury() {
-  while (!gone_.empty()) {
-    for (const NodeID id : std::exchange(gone_, {})) nodes_.erase(id);
+void Reconciler::freeRemoved() {
+  while (!removed_.empty()) {
+    for (const NodeID id : std::exchange(removed_, {})) nodes_.erase(id);
   }
 }
 
-ViewGraph::Emission ViewGraph::emissionOf(const Node& node) const {
-  if (!renderer_) return Emission::silent;
-  for (const Node* place = &node; place; place = place->parent) {
-    if (!place->isShown) return Emission::silent;
-  }
-  return Emission::told;
+void Reconciler::abandon() {
+  NodeTable<Node> nodes = std::exchange(nodes_, {});
+  nodes.forEach([](const Node& node) {
+    if (node.state) node.state->detach();
+  });
+  root_ = nullptr;
+  rootView_ = View();
+  removed_.clear();
+  dirty_.clear();
+  patches_.abandon();
 }
 
-void ViewGraph::recordPatch(Patch::Kind kind, const Node& node, NodeID after, Emission emission) {
-  if (emission == Emission::silent) return;
-  const bool places = kind == Patch::Kind::insert || kind == Patch::Kind::move;
-  const bool tells = kind == Patch::Kind::insert || kind == Patch::Kind::update;
-  patches_.push_back({kind, node.id, places && node.parent ? node.parent->id : NodeID{}, after,
-                      tells ? std::optional(node.element) : std::nullopt});
-}
-
-void ViewGraph::emitInserted(const Node& node, NodeID after) {
-  recordPatch(Patch::Kind::insert, node, after, Emission::told);
-  NodeID previous;
-  for (const Node* child : node.children) {
-    emitInserted(*child, previous);
-    previous = child->id;
-  }
+void Reconciler::clear() {
+  if (root_) remove(*std::exchange(root_, nullptr));
+  rootView_ = View();
+  freeRemoved();
 }
 
 }  // namespace vemra::ui

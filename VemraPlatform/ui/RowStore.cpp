@@ -1,17 +1,26 @@
-// The rows of a ForEach: described when asked for, put to sleep when nobody looks.
+#include "VemraPlatform/ui/RowStore.hpp"
 
 #include "VemraPlatform/text/Equality.hpp"
 #include "VemraPlatform/ui/ListDiff.hpp"
-#include "VemraPlatform/ui/Rows.hpp"
-#include "VemraPlatform/ui/ViewGraph.hpp"
+#include "VemraPlatform/ui/Reconciler.hpp"
 
 #include <algorithm>
 #include <utility>
 
 namespace vemra::ui {
 
-bool ViewGraph::demandsEverything(const Node& forEach) const {
-  if (renderer_ && renderer_->rowDemand() == RowDemand::everything) return true;
+namespace {
+
+// Rows that are described for a look only are kept for the next look, up to so many.
+constexpr std::size_t maximumLookedAt = 64;
+
+}  // namespace
+
+RowStore::RowStore(Reconciler& reconciler) : reconciler_(reconciler), waking_(reconciler.work()) {}
+
+bool RowStore::demandsEverything(const Node& forEach) const {
+  const Renderer* const renderer = reconciler_.patches().renderer();
+  if (renderer && renderer->rowDemand() == RowDemand::everything) return true;
   // A menu's rows are part of the picker: few, and wanted as soon as it is there.
   for (const Node* place = forEach.parent; place; place = place->parent) {
     if (place->element.kind() == ElementKind::picker) return true;
@@ -19,18 +28,16 @@ bool ViewGraph::demandsEverything(const Node& forEach) const {
   return false;
 }
 
-/// Holds a new list against the rows that are there.
-///
 /// As long as no row has state and every row that is there still stands at its index, no id but
 /// theirs is looked at. Otherwise one pass over the old ids and one over the new ones find each row
 /// that matters, exactly.
-void ViewGraph::resolveRows(Node& forEach, Emission emission) {
-  forgetLookedAtRows(forEach);
+void RowStore::reconcile(Node& forEach, Emission emission) {
+  sleep(forEach, std::exchange(forEach.rows->lookedAt, {}));
   Rows& rows = *forEach.rows;
   const auto before = std::exchange(
       rows.source, std::get<ForEachContent>(forEach.element.description().content).rows);
   const RowSource& after = *rows.source;
-  if (before && before != rows.source) rowsReplaced_ = true;
+  if (before && before != rows.source) reconciler_.patches().recordNewRows();
   const std::size_t count = after.count();
 
   const bool inPlace = std::ranges::all_of(forEach.children, [&](const Node* row) {
@@ -44,7 +51,7 @@ void ViewGraph::resolveRows(Node& forEach, Emission emission) {
   if (inPlace && (!stateful || (allThere && rows.asleep.empty()))) {
     for (const Node* row : forEach.children) places.push_back(row->rowIndex);
   } else {
-    ++work_.idPasses;
+    ++reconciler_.work().idPasses;
     std::vector<std::size_t> indexes;
     indexes.reserve(forEach.children.size());
     for (const Node* row : forEach.children) indexes.push_back(row->rowIndex);
@@ -65,7 +72,7 @@ void ViewGraph::resolveRows(Node& forEach, Emission emission) {
   }
 
   // Rows that are still in the list, each with its new description; the others go for good.
-  std::vector<RowPlace> kept;
+  std::vector<Place> kept;
   bool indexesChanged = false;
   const std::vector<Node*> shown = std::exchange(forEach.children, {});
   for (std::size_t i = 0; i < shown.size(); ++i) {
@@ -73,7 +80,7 @@ void ViewGraph::resolveRows(Node& forEach, Emission emission) {
     View view;
     bool same = false;
     if (places[i] != absentRow) {
-      const std::optional<View> described = describeRow(forEach, places[i]);
+      const std::optional<View> described = describe(forEach, places[i]);
       view = described ? *described : row->element.view();
       same = !described || sameKind(identityOf(view, 0), row->identity);
       indexesChanged = indexesChanged || places[i] != row->rowIndex;
@@ -82,34 +89,34 @@ void ViewGraph::resolveRows(Node& forEach, Emission emission) {
     if (same) {
       forEach.children.push_back(row);
     } else {
-      recordPatch(Patch::Kind::remove, *row, {}, emission);
-      destroy(*row);
+      reconciler_.patches().record(Patch::Kind::remove, *row, {}, emission);
+      reconciler_.remove(*row);
     }
   }
-  std::ranges::sort(kept, {}, &RowPlace::index);
-  std::vector<RowPlace> wanted = kept;
+  std::ranges::sort(kept, {}, &Place::index);
+  std::vector<Place> wanted = kept;
   if (demandsEverything(forEach)) {
     wanted.assign(count, {});
     for (std::size_t index = 0; index < count; ++index) wanted[index].index = index;
-    for (RowPlace& place : kept) wanted[place.index] = place;
+    for (Place& place : kept) wanted[place.index] = place;
   } else if (indexesChanged) {
     // The rows' order may be the same while their places in the whole list are not.
-    recordPatch(Patch::Kind::update, forEach, {}, emission);
+    reconciler_.patches().record(Patch::Kind::update, forEach, {}, emission);
   }
-  placeRows(forEach, std::move(wanted), emission);
-  for (const RowPlace& place : kept) {
+  place(forEach, std::move(wanted), emission);
+  for (const Place& place : kept) {
     if (!place.node) continue;
     place.node->rowIndex = place.index;
     place.node->rowID = after.key(place.index);
-    update(*place.node, place.view, emission);
+    reconciler_.update(*place.node, place.view, emission);
   }
 }
 
 /// Makes the shown rows be those in `places` (ascending). Others go to sleep.
-void ViewGraph::placeRows(Node& forEach, std::vector<RowPlace> places, Emission emission) {
+void RowStore::place(Node& forEach, std::vector<Place> places, Emission emission) {
   Rows& rows = *forEach.rows;
   if (forEach.children.empty() && rows.asleep.empty() && rows.lookedAt.empty()) {
-    placeFirstRows(forEach, places, emission);
+    placeFirst(forEach, places, emission);
     return;
   }
   std::vector<NodeID> before;
@@ -122,7 +129,7 @@ void ViewGraph::placeRows(Node& forEach, std::vector<RowPlace> places, Emission 
   std::vector<Node*> leaving;
   after.reserve(places.size());
   children.reserve(places.size());
-  for (RowPlace& place : places) {
+  for (Place& place : places) {
     if (!place.node) {
       auto lookedAt = std::ranges::find(rows.lookedAt, place.index, &Node::rowIndex);
       if (lookedAt != rows.lookedAt.end()) {
@@ -130,7 +137,7 @@ void ViewGraph::placeRows(Node& forEach, std::vector<RowPlace> places, Emission 
         place.node->isShown = true;
         rows.lookedAt.erase(lookedAt);
       } else {
-        place.node = &allocateRow(forEach, place);
+        place.node = &allocate(forEach, place);
         mounted.push_back(place.node);
       }
     }
@@ -140,88 +147,145 @@ void ViewGraph::placeRows(Node& forEach, std::vector<RowPlace> places, Emission 
   const std::vector<ListOperation> operations = diff(before, after);
   auto nextMounted = mounted.begin();  // in the order of the list, as insertions are
   forEach.children = std::move(children);
-  WakingRows waking = wakeRows(forEach, mounted);
+  WakingState::OfRows waking = waking_.take(forEach, mounted);
   for (const ListOperation& operation : operations) {
-    Node& row = *mutableNode(operation.item);
+    Node& row = *reconciler_.find(operation.item);
     switch (operation.kind) {
       case ListOperation::Kind::remove:
-        recordPatch(Patch::Kind::remove, row, {}, emission);
+        reconciler_.patches().record(Patch::Kind::remove, row, {}, emission);
         leaving.push_back(&row);
         break;
       case ListOperation::Kind::move:
-        recordPatch(Patch::Kind::move, row, operation.after, emission);
+        reconciler_.patches().record(Patch::Kind::move, row, operation.after, emission);
         break;
       case ListOperation::Kind::insert:
         if (nextMounted != mounted.end() && *nextMounted == &row) {
           ++nextMounted;
-          mountRow(row, waking, operation.after, emission);
+          mount(row, waking, operation.after, emission);
         } else if (emission == Emission::told) {
-          emitInserted(row, operation.after);
+          reconciler_.patches().recordTree(row, operation.after);
         }
         break;
     }
   }
-  sleepRows(forEach, leaving);
+  sleep(forEach, leaving);
 }
 
 /// The same where there are none yet, neither shown nor asleep: one row after the other, so that
 /// what a row says is still in the processor's cache when its nodes are made.
-void ViewGraph::placeFirstRows(Node& forEach, const std::vector<RowPlace>& places,
-                               Emission emission) {
+void RowStore::placeFirst(Node& forEach, const std::vector<Place>& places, Emission emission) {
   forEach.children.reserve(places.size());
-  WakingRows nothingAsleep;
+  WakingState::OfRows nothingAsleep;
   NodeID after;
-  for (const RowPlace& place : places) {
-    Node& row = allocateRow(forEach, place);
+  for (const Place& place : places) {
+    Node& row = allocate(forEach, place);
     forEach.children.push_back(&row);
-    mountRow(row, nothingAsleep, after, emission);
+    mount(row, nothingAsleep, after, emission);
     after = row.id;
   }
 }
 
-void ViewGraph::applyRowRequest(const RowRequest& request) {
-  Node* forEach = mutableNode(request.forEach);
-  if (!forEach || !forEach->rows || demandsEverything(*forEach)) return;
-  const std::size_t count = forEach->rows->source->count();
-  std::vector<RowRange> ranges = request.ranges;
+void RowStore::show(Node& forEach, std::vector<RowRange> ranges) {
+  const std::size_t count = forEach.rows->source->count();
   std::ranges::sort(ranges, {}, &RowRange::first);
-  std::vector<RowPlace> places;
-  places.reserve(forEach->children.size() + 1);
+  std::vector<Place> places;
+  places.reserve(forEach.children.size() + 1);
   std::size_t next = 0;
-  auto shown = forEach->children.begin();
+  auto shown = forEach.children.begin();
   for (const RowRange& range : ranges) {
     for (next = std::max(next, range.first); next < std::min(range.last, count); ++next) {
-      while (shown != forEach->children.end() && (*shown)->rowIndex < next) ++shown;
-      const bool there = shown != forEach->children.end() && (*shown)->rowIndex == next;
+      while (shown != forEach.children.end() && (*shown)->rowIndex < next) ++shown;
+      const bool there = shown != forEach.children.end() && (*shown)->rowIndex == next;
       places.push_back({next, there ? *shown : nullptr, {}});
     }
   }
-  placeRows(*forEach, std::move(places), emissionOf(*forEach));
+  place(forEach, std::move(places), reconciler_.patches().emissionAt(forEach));
 }
 
-std::optional<View> ViewGraph::describeRow(const Node& forEach, std::size_t index) {
-  ++work_.rows;
-  std::optional<View> row = describe([&] { return forEach.rows->source->row(index); });
+std::optional<View> RowStore::describe(const Node& forEach, std::size_t index) {
+  ++reconciler_.work().rows;
+  std::optional<View> row = reconciler_.describe([&] { return forEach.rows->source->row(index); });
   // An absent row is still a row.
   if (row && row->isAbsent()) row = Group({});
   return row;
 }
 
-Node& ViewGraph::allocateRow(Node& forEach, const RowPlace& place) {
-  return allocateRow(
+Node& RowStore::allocate(Node& forEach, const Place& place) {
+  return allocate(
       forEach, place.index,
-      place.view.isAbsent() ? describeRow(forEach, place.index) : std::optional(place.view));
+      place.view.isAbsent() ? describe(forEach, place.index) : std::optional(place.view));
 }
 
 /// Makes the node of a row, or, for one that could not be described, an empty stand-in: no view has
 /// its identity, so that the next description takes its place.
-Node& ViewGraph::allocateRow(Node& forEach, std::size_t index, const std::optional<View>& view) {
+Node& RowStore::allocate(Node& forEach, std::size_t index, const std::optional<View>& view) {
   const View shown = view ? *view : Group({});
-  Node& row = allocate(&forEach, shown, view ? identityOf(shown, 0) : Identity{});
+  Node& row = reconciler_.allocate(&forEach, shown, view ? identityOf(shown, 0) : Identity{});
   row.isRow = true;
   row.rowIndex = index;
   row.rowID = forEach.rows->source->key(index);
   return row;
+}
+
+const Node* RowStore::find(const Node& forEach, std::size_t index) {
+  const auto shown = std::ranges::lower_bound(forEach.children, index, {}, &Node::rowIndex);
+  if (shown != forEach.children.end() && (*shown)->rowIndex == index) return *shown;
+  const std::vector<Node*>& lookedAt = forEach.rows->lookedAt;
+  const auto found = std::ranges::find(lookedAt, index, &Node::rowIndex);
+  return found == lookedAt.end() ? nullptr : *found;
+}
+
+const Node& RowStore::lookAt(Node& forEach, std::size_t index) {
+  Node& row = allocate(forEach, index, describe(forEach, index));
+  row.isShown = false;
+  std::vector<Node*>& lookedAt = forEach.rows->lookedAt;
+  lookedAt.push_back(&row);
+  WakingState::OfRows taken = waking_.take(forEach, {&row});
+  mount(row, taken, {}, Emission::silent);
+  if (lookedAt.size() > maximumLookedAt) {
+    Node& oldest = *lookedAt.front();
+    lookedAt.erase(lookedAt.begin());
+    sleep(forEach, {&oldest});
+  }
+  return row;
+}
+
+std::vector<std::size_t> RowStore::withState(const Node& forEach) {
+  std::vector<std::size_t> indexes;
+  const Rows& rows = *forEach.rows;
+  for (const auto* present : {&forEach.children, &rows.lookedAt}) {
+    for (const Node* row : *present) {
+      if (hasState(*row)) indexes.push_back(row->rowIndex);
+    }
+  }
+  if (!rows.asleep.empty()) {
+    ++reconciler_.work().idPasses;
+    std::vector<RowIdentity> identities;
+    for (const auto& [key, occurrences] : rows.asleep) {
+      for (const auto& [occurrence, row] : occurrences) identities.push_back({key, occurrence});
+    }
+    for (const std::size_t index : locateRows(*rows.source, identities)) {
+      if (index != absentRow) indexes.push_back(index);
+    }
+  }
+  std::ranges::sort(indexes);
+  const auto repeated = std::ranges::unique(indexes);
+  indexes.erase(repeated.begin(), repeated.end());
+  return indexes;
+}
+
+/// Mounts a new row, with what it had when it went to sleep.
+void RowStore::mount(Node& row, WakingState::OfRows& taken, NodeID after, Emission emission) {
+  const auto own = taken.find(row.id);
+  const WakingState::Scope scope(waking_, row,
+                                 own == taken.end() ? SavedState() : std::move(own->second));
+  reconciler_.mount(row, after, emission);
+}
+
+/// Takes the rows' nodes away and keeps what state has left its initial value.
+void RowStore::sleep(Node& forEach, const std::vector<Node*>& rows) {
+  reconciler_.work().idPasses += putToSleep(*forEach.rows, rows);
+  for (Node* row : rows) reconciler_.remove(*row);
 }
 
 }  // namespace vemra::ui

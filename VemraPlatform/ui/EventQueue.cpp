@@ -1,0 +1,182 @@
+#include "VemraPlatform/ui/EventQueue.hpp"
+
+#include "VemraPlatform/ui/ProgrammerError.hpp"
+#include "VemraPlatform/ui/Reconciler.hpp"
+
+#include <utility>
+
+namespace vemra::ui {
+
+namespace {
+
+// More passes than any screen needs to come to rest; a loop of writes is a programmer's error.
+constexpr int maximumPasses = 10'000;
+
+Delivery actOn(const Node* node, const Event& event) {
+  if (!node) return Delivery::gone;
+  if (!node->element.style().enabled) return Delivery::disabled;
+  // Held: the action may make the description go that holds its handler.
+  const View held = node->element.view();
+  const Content& content = held.description().content;
+  if (auto* button = std::get_if<ButtonContent>(&content)) {
+    if (!std::holds_alternative<Press>(event)) return Delivery::refused;
+    if (button->action) button->action();
+    return Delivery::acted;
+  }
+  if (auto* picker = std::get_if<PickerContent>(&content)) {
+    auto* select = std::get_if<Select>(&event);
+    if (!select) return Delivery::refused;
+    picker->selection.set(select->tag);
+    return Delivery::acted;
+  }
+  if (auto* field = std::get_if<TextFieldContent>(&content)) {
+    if (std::holds_alternative<Submit>(event)) return Delivery::acted;
+    auto* edit = std::get_if<EditText>(&event);
+    if (!edit) return Delivery::refused;
+    field->text.set(edit->text);
+    return Delivery::acted;
+  }
+  return Delivery::refused;
+}
+
+}  // namespace
+
+void EventQueue::attach(Renderer& renderer) {
+  renderer_ = &renderer;
+  settleUnlessBusy();
+}
+
+void EventQueue::detach(const Renderer& renderer) {
+  if (renderer_ == &renderer) renderer_ = nullptr;
+  if (reconciler_.patches().renderer() == &renderer) reconciler_.patches().disconnect();
+}
+
+void EventQueue::detach() {
+  renderer_ = nullptr;
+  reconciler_.patches().disconnect();
+}
+
+void EventQueue::setRoot(View root) {
+  root_ = std::move(root);
+  settleUnlessBusy();
+}
+
+void EventQueue::setEnvironment(Environment environment) {
+  environment_ = std::move(environment);
+  settleUnlessBusy();
+}
+
+void EventQueue::showRows(NodeID forEach, std::vector<RowRange> ranges) {
+  rows_.push_back({forEach, std::move(ranges)});
+  settleUnlessBusy();
+}
+
+Delivery EventQueue::deliver(NodeID node, Event event) {
+  if (busy_) {
+    events_.push_back({node, std::move(event)});
+    return Delivery::queued;
+  }
+  busy_ = true;
+  const Delivery delivery = act(node, event);
+  settle();
+  return delivery;
+}
+
+void EventQueue::stateChanged(NodeID id) {
+  Node* const node = reconciler_.find(id);
+  if (reconciler_.isDescribing()) {
+    programmerError("state was written while a view was being described", node);
+  }
+  if (!node) return;  // asleep: the value waits there for the row's return
+  reconciler_.markOutOfDate(*node);
+  settleUnlessBusy();
+}
+
+Delivery EventQueue::act(NodeID node, const Event& event) {
+  try {
+    return actOn(reconciler_.find(node), event);
+  } catch (...) {
+    errors_.remember();
+    return Delivery::acted;
+  }
+}
+
+void EventQueue::settleUnlessBusy() {
+  if (!busy_) settle();
+}
+
+/// Works until nothing waits, one event after the other. What was remembered as an error comes out
+/// at the end.
+void EventQueue::settle() {
+  busy_ = true;
+  int passes = 0;
+  for (;;) {
+    reconciler_.freeRemoved();
+    if (somethingWaits()) {
+      if (++passes > maximumPasses) {
+        const Node* restless = reconciler_.outOfDate();
+        programmerError("the tree never comes to rest", restless ? restless : reconciler_.root());
+      }
+      runPass();
+    } else if (!events_.empty()) {
+      const QueuedEvent next = std::move(events_.front());
+      events_.pop_front();
+      passes = 0;
+      act(next.node, next.event);
+    } else {
+      break;
+    }
+  }
+  busy_ = false;
+  errors_.rethrow();
+}
+
+bool EventQueue::somethingWaits() const {
+  return renderer_ || root_ || environment_ || !reconciler_.isUpToDate() || !rows_.empty() ||
+         !reconciler_.patches().isEmpty();
+}
+
+/// Takes up what waits, in one go, and hands the renderer its patches.
+void EventQueue::runPass() {
+  reconciler_.beginPass();
+  try {
+    takeUp();
+  } catch (...) {
+    abandon();
+  }
+  try {
+    reconciler_.patches().flush(reconciler_.root(), reconciler_.work());
+  } catch (...) {
+    errors_.remember();
+  }
+}
+
+void EventQueue::takeUp() {
+  if (Renderer* const next = std::exchange(renderer_, nullptr)) {
+    const bool isAnother = reconciler_.patches().connect(next, reconciler_.root(), errors_);
+    // It may demand rows that the last renderer did not.
+    if (isAnother && !root_) root_ = reconciler_.rootView();
+  }
+  if (environment_) {
+    reconciler_.setEnvironment(*std::exchange(environment_, std::nullopt));
+    if (!root_) root_ = reconciler_.rootView();
+  }
+  if (root_) reconciler_.setRoot(*std::exchange(root_, std::nullopt));
+  reconciler_.update();
+  while (!rows_.empty()) {
+    RowRequest request = std::move(rows_.front());
+    rows_.pop_front();
+    Node* const forEach = reconciler_.find(request.forEach);
+    RowStore& rows = reconciler_.rows();
+    if (forEach && forEach->rows && !rows.demandsEverything(*forEach)) {
+      rows.show(*forEach, std::move(request.ranges));
+    }
+  }
+}
+
+void EventQueue::abandon() {
+  errors_.remember();
+  reconciler_.abandon();
+}
+
+}  // namespace vemra::ui
