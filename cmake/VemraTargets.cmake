@@ -40,11 +40,12 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
 endif()
 
 # vemra_library(<target> ALIAS <Vemra::Name> [PUBLIC <targets>] [PRIVATE <targets>]
-#               [FOLDERS <folders>] [PRIVATE_HEADERS <files>])
+#               [FOLDERS <folders>] [PUBLIC_HEADERS <files> | PRIVATE_HEADERS <files>])
 # Builds the .cpp files of the current folder, and of the FOLDERS below it, into a static library.
-# Its headers are installed, but for the PRIVATE_HEADERS, which are the library's own.
+# Its PUBLIC_HEADERS are installed; without that list, all its headers but the PRIVATE_HEADERS.
+# What is installed compiles on its own (preset check). The libraries in apps/ are not installed.
 function(vemra_library target)
-  cmake_parse_arguments(arg "" "ALIAS" "PUBLIC;PRIVATE;FOLDERS;PRIVATE_HEADERS" ${ARGN})
+  cmake_parse_arguments(arg "" "ALIAS" "PUBLIC;PRIVATE;FOLDERS;PUBLIC_HEADERS;PRIVATE_HEADERS" ${ARGN})
   set(sources "")
   set(headers "")
   foreach(folder IN ITEMS "" LISTS arg_FOLDERS)
@@ -61,6 +62,9 @@ function(vemra_library target)
     endif()
     set(headers ${kept})
   endforeach()
+  if(arg_PUBLIC_HEADERS)
+    list(TRANSFORM arg_PUBLIC_HEADERS PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" OUTPUT_VARIABLE headers)
+  endif()
   add_library(${target} STATIC ${sources})
   target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS "${VEMRA_SOURCE_ROOT}" FILES ${headers})
   set_target_properties(${target} PROPERTIES LINKER_LANGUAGE CXX)
@@ -73,10 +77,12 @@ function(vemra_library target)
   target_link_libraries(${target} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE}
                                          "$<BUILD_INTERFACE:vemra_flags>")
   if("Qt6::Widgets" IN_LIST arg_PUBLIC OR "Vemra::Qt" IN_LIST arg_PUBLIC)
-    target_precompile_headers(${target} PRIVATE <QtWidgets/QtWidgets>)
+    vemra_precompiled_header(${target} vemra_qt_precompiled
+                             LINK vemra_flags Qt6::Widgets Qt6::DBus HEADERS <QtWidgets/QtWidgets>)
   endif()
-  # What stands on its own in apps/ is this repository's, not a host's.
-  if(NOT CMAKE_CURRENT_SOURCE_DIR MATCHES "^${VEMRA_SOURCE_ROOT}/apps/")
+  if(CMAKE_CURRENT_SOURCE_DIR MATCHES "^${VEMRA_SOURCE_ROOT}/apps/")
+    set_target_properties(${target} PROPERTIES VERIFY_INTERFACE_HEADER_SETS OFF)
+  else()
     set_property(GLOBAL APPEND PROPERTY VEMRA_LIBRARIES ${target})
   endif()
 endfunction()
@@ -112,10 +118,11 @@ function(vemra_test target)
     target_link_libraries(${target} PRIVATE GTest::gtest_main)
   endif()
   if("Vemra::Qt" IN_LIST arg_LINK)
-    target_precompile_headers(${target} PRIVATE <gmock/gmock.h> <gtest/gtest.h> <QtWidgets/QtWidgets>)
+    vemra_qt_test_precompiled_header(${target})
   else()
-    vemra_test_precompiled_header()
-    target_precompile_headers(${target} REUSE_FROM vemra_test_precompiled)
+    vemra_precompiled_header(${target} vemra_test_precompiled
+                             LINK vemra_flags vemra_test_flags GTest::gmock Threads::Threads
+                             HEADERS <gmock/gmock.h> <gtest/gtest.h> <string> <vector>)
   endif()
   string(REPLACE ";" "\\;" labels "${arg_LABELS}")
   string(REPLACE ";" "\\;" environment "${arg_ENVIRONMENT}")
@@ -123,13 +130,24 @@ function(vemra_test target)
     PROPERTIES LABELS "${labels}" TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${environment}")
 endfunction()
 
-# One precompiled header for all test programs without Qt (Qt wants position independent code).
-function(vemra_test_precompiled_header)
-  if(NOT TARGET vemra_test_precompiled)
-    file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/test_precompiled.cpp" CONTENT "")
-    add_library(vemra_test_precompiled OBJECT "${CMAKE_BINARY_DIR}/test_precompiled.cpp")
-    target_link_libraries(vemra_test_precompiled PRIVATE vemra_flags vemra_test_flags GTest::gtest
-                                                         GTest::gmock Threads::Threads)
-    target_precompile_headers(vemra_test_precompiled PRIVATE <gmock/gmock.h> <gtest/gtest.h> <string> <vector>)
+# vemra_precompiled_header(<target> <name> LINK <targets> HEADERS <headers>): one precompiled header of
+# that name for all targets that ask for it. The LINK targets bring the compiler options, which must be
+# those of the target.
+function(vemra_precompiled_header target name)
+  cmake_parse_arguments(arg "" "" "LINK;HEADERS" ${ARGN})
+  if(NOT TARGET ${name})
+    file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/${name}.cpp" CONTENT "")
+    add_library(${name} OBJECT "${CMAKE_BINARY_DIR}/${name}.cpp")
+    target_link_libraries(${name} PRIVATE ${arg_LINK})
+    target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
+    set_target_properties(${name} PROPERTIES AUTOMOC OFF)
   endif()
+  target_precompile_headers(${target} REUSE_FROM ${name})
+endfunction()
+
+# The one that all test programs with Qt share.
+function(vemra_qt_test_precompiled_header target)
+  vemra_precompiled_header(${target} vemra_qt_test_precompiled
+                           LINK vemra_flags vemra_test_flags Qt6::Widgets Qt6::DBus GTest::gmock
+                           HEADERS <gmock/gmock.h> <gtest/gtest.h> <QtWidgets/QtWidgets>)
 endfunction()

@@ -7,6 +7,16 @@
 
 namespace vemra::testing {
 
+/// How often a random test goes round: `full` times where the product is compiled as users get it, a tenth
+/// of that where a sanitizer checks every step.
+constexpr int rounds(int full) {
+#ifdef NDEBUG
+  return full;
+#else
+  return full / 10;
+#endif
+}
+
 /// Numbers that choose what a random test does: the same on every machine.
 ///
 /// They come from a seed, or from the bytes of a fuzzer's input, one byte or more a number. When

@@ -1,5 +1,6 @@
 // The screen against a model of it, under random events: presses, typing, snapshots in between.
 
+#include "tests/Random.hpp"
 #include "tests/VemraGoalSurface/RandomWorld.hpp"
 #include "tests/VemraGoalSurface/SampleScreen.hpp"
 #include "tests/VemraGoalSurface/ScreenModel.hpp"
@@ -15,7 +16,7 @@ namespace {
 
 // In shares that can run side by side.
 constexpr int shares = 4;
-constexpr int sequencesInAShare = 1'250;
+constexpr int sequencesInAShare = testing::rounds(1'250);
 constexpr int eventsInASequence = 14;
 
 const std::vector<model::Note> notes{
@@ -249,7 +250,7 @@ TEST_P(ScreenModel, agreesWithTheScreenUnderRandomEvents) {
   for (const char* event : {"snapshot", "record outcome", "correct", "choose", "write", "return",
                             "cancel", "save while disabled", "save, stored at once",
                             "save, never stored", "open", "evidence", "focus"}) {
-    EXPECT_GE(counts[event], 100) << event << " hardly ever happened";
+    EXPECT_GE(counts[event], testing::rounds(100)) << event << " hardly ever happened";
   }
 }
 

@@ -21,9 +21,15 @@ inline std::vector<std::string> collidingTexts(std::size_t count) {
     return found;
   }();
   static_assert(factor * inverse == 1);
-  const auto fold = [](std::uint64_t value) {
-    return value ^ (value >> 47);
-  };  // is its own inverse
+  // Its own inverse.
+  const auto fold = [](std::uint64_t value) { return value ^ (value >> 47); };
+  const auto isPlain = [](std::uint64_t bytes) {
+    for (int i = 0; i < 8; ++i) {
+      const std::uint64_t c = bytes >> (8 * i) & 0xFF;
+      if (c < ' ' || c > '~' || c == '"' || c == '\\') return false;
+    }
+    return true;
+  };
   constexpr std::uint64_t start = 0xC70F6907U ^ (16 * factor);
   constexpr std::uint64_t end = 0x123456789ABCDEF0U;  // any value
 
@@ -33,12 +39,11 @@ inline std::vector<std::string> collidingTexts(std::size_t count) {
     for (int i = 0; i < 8; ++i) first |= ('a' + (number >> (4 * i) & 15)) << (8 * i);
     const std::uint64_t between = (start ^ (fold(first * factor) * factor)) * factor;
     const std::uint64_t second = fold((between ^ end * inverse) * inverse) * inverse;
+    if (!isPlain(second)) continue;
     const std::uint64_t halves[] = {first, second};
     std::string text(sizeof halves, '\0');
     std::memcpy(text.data(), halves, sizeof halves);
-    bool isPlain = true;
-    for (const char c : text) isPlain = isPlain && c >= ' ' && c <= '~' && c != '"' && c != '\\';
-    if (isPlain) texts.push_back(std::move(text));
+    texts.push_back(std::move(text));
   }
   return texts;
 }

@@ -128,16 +128,7 @@ inline std::vector<std::string> texts(const Node* node) {
 /// How the renderer's tree differs from the graph's; "" when it does not.
 std::string difference(const ViewGraph& graph, const testing::RenderedTree& tree);
 
-/// How often a random test goes round: `full` times, and less often where a sanitizer watches every
-/// step.
-constexpr int rounds(int full) {
-#ifdef __SANITIZE_ADDRESS__
-  return full / 10;
-#else
-  return full;
-#endif
-}
-
 using testing::Random;
+using testing::rounds;
 
 }  // namespace vemra::ui::sample
