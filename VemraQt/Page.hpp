@@ -1,7 +1,7 @@
 #pragma once
 
 #include "VemraPlatform/page/Anchor.hpp"
-#include "VemraPlatform/page/FocusOrder.hpp"
+#include "VemraPlatform/page/FocusKeeper.hpp"
 #include "VemraPlatform/page/WantedRows.hpp"
 #include "VemraPlatform/ui/ViewGraph.hpp"
 #include "VemraQt/PageErrors.hpp"
@@ -90,12 +90,6 @@ class Page final : public ui::Renderer, public EventSink, private page::RowSuppl
   std::size_t widgetCount() const { return pool_.size(); }
 
  private:
-  /// Where a focused, or just pressed, element was when it went.
-  struct LostFocus {
-    page::LostPlace place;
-    bool wasSeen = true;
-  };
-
   struct Placement {
     const page::Node* leaf;
     QRect frame;  ///< of its widget, in the viewport
@@ -123,6 +117,9 @@ class Page final : public ui::Renderer, public EventSink, private page::RowSuppl
   bool keepsWidget(const page::Node& leaf, const page::Frames& frames,
                    const page::PinnedRows& pinned) const;
   page::Node* bringRow(page::Node& list, std::size_t index) override;
+  bool rowsComeLater() const override { return applying_ || filling_; }
+  page::Anchor placeOfReader() const;
+  void scrollBackTo(const page::Anchor& place);
   void focus(const page::Node& control, Qt::FocusReason reason);
 
   QAbstractScrollArea& area_;
@@ -140,8 +137,9 @@ class Page final : public ui::Renderer, public EventSink, private page::RowSuppl
   int scroll_ = 0;
   int contentHeight_ = 0;
   std::optional<page::Anchor> anchor_;
-  std::optional<LostFocus> lostFocus_;
-  ElementWidget* orphan_ = nullptr;  ///< has the focus, but its element has gone
+  page::FocusKeeper focusKeeper_{tree_, *this};
+  std::optional<page::Anchor> beforeSearch_;  ///< where the reader was when the focus was lost
+  ElementWidget* orphan_ = nullptr;           ///< has the focus, but its element has gone
   ui::NodeID pressed_;
   std::uint64_t focusCount_ = 0;
   bool focusWasSeen_ = false;  ///< when the first of the patches arrived

@@ -27,21 +27,32 @@ const page::Node* Page::focusedNode() const {
 
 bool Page::focusNext(bool forward) {
   const page::Node* from = focusedNode();
+  if (!from) return false;
+  const page::Anchor before = placeOfReader();
   const page::Node* control =
-      from ? page::FocusOrder(tree_, *this).next(*tree_.find(from->id), directionOf(forward))
-           : nullptr;
-  if (!control) return false;
+      page::FocusOrder(tree_, *this).next(*tree_.find(from->id), directionOf(forward));
+  if (!control) return scrollBackTo(before), false;
   focus(*control, forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
   return true;
 }
 
 bool Page::focusEnd(bool first) {
+  if (!tree_.root()) return false;
+  const page::Anchor before = placeOfReader();
   const page::Node* control =
-      tree_.root() ? page::FocusOrder(tree_, *this).firstIn(*tree_.root(), directionOf(first))
-                   : nullptr;
-  if (!control) return false;
+      page::FocusOrder(tree_, *this).firstIn(*tree_.root(), directionOf(first));
+  if (!control) return scrollBackTo(before), false;
   focus(*control, first ? Qt::TabFocusReason : Qt::BacktabFocusReason);
   return true;
+}
+
+page::Anchor Page::placeOfReader() const {
+  return {page::Anchor::Reason::scrolled, tree_, frames(), viewport(), nullptr};
+}
+
+/// After a search for a control that has found none.
+void Page::scrollBackTo(const page::Anchor& place) {
+  scrollTo(place.position(tree_, frames(), viewport()));
 }
 
 bool Page::focusElement(ui::NodeID id, Qt::FocusReason reason) {
@@ -96,20 +107,16 @@ void Page::bringRow(ui::NodeID list, std::size_t index) {
 }
 
 void Page::focusInPlace(ui::NodeID within, ui::NodeID after) {
-  lostFocus_ = LostFocus{{within, after, std::nullopt}, true};
+  focusKeeper_.moveTo({within, after, std::nullopt});
   restoreFocus();
 }
 
 void Page::leaving(page::Node& node) {
   if (node.parent && accessible_) accessible_->childrenChanged(*node.parent);
   const page::Node* focused = focusedNode();
-  const bool losesFocus = page::isInside(focused, node);
-  const bool losesPressed = page::isInside(tree_.find(pressed_), node);
-  const bool losesPlace = lostFocus_ && page::isInside(tree_.find(lostFocus_->place.within), node);
-  if (losesFocus || losesPressed || losesPlace) {
-    const bool wasSeen = losesPressed || (lostFocus_ && lostFocus_->wasSeen);
-    lostFocus_ = LostFocus{page::LostPlace::of(node), wasSeen || (losesFocus && focusWasSeen_)};
-  }
+  using Sight = page::FocusKeeper::Sight;
+  focusKeeper_.removing(node, focused, tree_.find(pressed_),
+                        focusWasSeen_ ? Sight::inView : Sight::outOfView);
   forEachLeaf(node, [&](const page::Node& leaf) {
     ElementWidget* const widget = shown(leaf).widget;
     leaves_.erase(leaf);
@@ -123,28 +130,22 @@ void Page::leaving(page::Node& node) {
   });
 }
 
-/// Hands a focus that was lost to what took the element's place, or comes after it, or before. Where
-/// rows on the way there come only with the graph's next pass, it is tried again after that.
+/// Hands a focus that was lost to the control that takes it. Where rows on the way there come only
+/// with the graph's next pass, the search goes on after that.
 void Page::restoreFocus() {
-  using Direction = page::FocusOrder::Direction;
   if (restoringFocus_) return;
   const QScopedValueRollback<bool> restoring(restoringFocus_, true);
-  if (lostFocus_) {
-    const LostFocus lost = *lostFocus_;
-    const bool isWanted = lost.wasSeen && tree_.find(lost.place.within);
-    const page::Node* control =
-        isWanted ? page::FocusOrder(tree_, *this).inPlaceOf(lost.place) : nullptr;
-    for (const Direction direction : {Direction::forward, Direction::backward}) {
-      page::Node* within = isWanted ? tree_.find(lost.place.within) : nullptr;
-      if (within && !control && !needsSettle_)
-        control = page::FocusOrder(tree_, *this).next(*within, direction);
-    }
-    const ui::NodeID id = control ? control->id : ui::NodeID{};
+  if (focusKeeper_.isSearching()) {
+    if (!beforeSearch_) beforeSearch_ = placeOfReader();
+    const page::Node* control = focusKeeper_.control();
     if (control) focus(*control, Qt::OtherFocusReason);
-    const page::Node* focused = focusedNode();
-    if (isWanted && needsSettle_ && (!focused || focused->id != id)) return;
-    lostFocus_.reset();
-    if (!control && orphan_) area_.setFocus(Qt::OtherFocusReason);
+    if (needsSettle_ && focusKeeper_.isUnfinished(focusedNode())) return;
+    focusKeeper_.end();
+    const page::Anchor before = *std::exchange(beforeSearch_, std::nullopt);
+    if (!control) {
+      scrollBackTo(before);
+      if (orphan_) area_.setFocus(Qt::OtherFocusReason);
+    }
   }
   if (orphan_) {
     pool_.giveBack(*std::exchange(orphan_, nullptr));

@@ -7,10 +7,7 @@ namespace vemra::qt {
 page::PinnedRows Page::pinnedRows() const {
   page::PinnedRows pinned;
   pinned.focused = page::rowOf(focusedNode());
-  // Its control takes the focus as soon as the page is at rest.
-  if (lostFocus_ && lostFocus_->wasSeen) {
-    pinned.next = page::rowOf(tree_.find(lostFocus_->place.within));
-  }
+  pinned.next = focusKeeper_.row();
   return pinned;
 }
 

@@ -35,7 +35,7 @@ Anchor::Anchor(Reason reason, const WindowedTree& tree, const Frames& frames,
 
 int Anchor::position(const WindowedTree& tree, const Frames& frames,
                      const Viewport& viewport) const {
-  if (kind_ == Kind::top) return viewport.position;
+  if (kind_ == Kind::top) return 0;
   if (kind_ == Kind::bottom) return tree.root() ? tree.root()->size.height : 0;
   for (const Point& point : points_) {
     const Node* const node = tree.find(point.node);

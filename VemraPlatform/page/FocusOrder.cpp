@@ -32,82 +32,95 @@ bool isInside(const Node* node, const Node& holder) {
 }
 
 Node* FocusOrder::firstIn(Node& node, Direction direction) {
-  if (node.isLeaf()) return takesFocus(node) ? &node : nullptr;
-  if (node.rows) return firstInList(node, direction);
-  const bool forward = direction == Direction::forward;
-  for (Node* child = forward ? node.firstChild : node.lastChild; child;
-       child = forward ? child->next : child->previous) {
-    const NodeID id = child->id;
-    if (Node* const control = firstIn(*child, direction)) return control;
-    if (!tree_.find(id)) return nullptr;  // went while rows were brought in
-  }
-  return nullptr;
-}
-
-Node* FocusOrder::firstInList(Node& list, Direction direction) {
-  const NodeID id = list.id;
-  const std::size_t count = list.rows->count();
-  for (std::size_t i = 0; i < std::min(count, mostRowsWithoutControl); ++i) {
-    Node* const still = tree_.find(id);
-    if (!still) return nullptr;
-    Node* const row = rows_.bringRow(*still, direction == Direction::forward ? i : count - 1 - i);
-    Node* const control = row ? firstIn(*row, direction) : nullptr;
-    if (control) return control;
-  }
-  return nullptr;
+  waiting_.reset();
+  return searchIn(node, direction);
 }
 
 Node* FocusOrder::next(Node& from, Direction direction) {
+  waiting_.reset();
+  return searchFrom(from, direction);
+}
+
+Node* FocusOrder::nextTo(const LostPlace& lost, Direction direction) {
+  waiting_.reset();
+  const bool forward = direction == Direction::forward;
+  Node* const within = tree_.find(lost.within);
+  if (!within) return nullptr;
+  Node* control = nullptr;
+  if (lost.row && within->rows) {
+    const std::size_t count = within->rows->count();
+    // Where there is no such row the index wraps around, and the search finds nothing.
+    const std::size_t row =
+        forward ? std::min(*lost.row, count - 1) : std::min(*lost.row, count) - 1;
+    control = searchRows({within->id, row, direction, 0});
+  } else {
+    Node* const after = tree_.find(lost.after);
+    const bool isKnown = after && after->parent == within;
+    control = forward ? searchSiblings(isKnown ? after->next : within->firstChild, direction)
+                      : searchSiblings(isKnown ? after : nullptr, direction);
+  }
+  if (control || waiting_) return control;
+  Node* const still = tree_.find(lost.within);
+  return still ? searchFrom(*still, direction) : nullptr;
+}
+
+Node* FocusOrder::resume(const Waiting& waiting) {
+  waiting_.reset();
+  if (Node* const control = searchRows(waiting)) return control;
+  Node* const list = tree_.find(waiting.list);
+  return list && !waiting_ ? searchFrom(*list, waiting.direction) : nullptr;
+}
+
+Node* FocusOrder::searchIn(Node& node, Direction direction) {
+  if (node.isLeaf()) return takesFocus(node) ? &node : nullptr;
+  const bool forward = direction == Direction::forward;
+  if (!node.rows) return searchSiblings(forward ? node.firstChild : node.lastChild, direction);
+  const std::size_t count = node.rows->count();
+  return count > 0 ? searchRows({node.id, forward ? 0 : count - 1, direction, 0}) : nullptr;
+}
+
+Node* FocusOrder::searchFrom(Node& from, Direction direction) {
   const bool forward = direction == Direction::forward;
   for (Node *node = &from, *parent = from.parent; parent; node = parent, parent = node->parent) {
     const NodeID id = parent->id;
-    if (parent->rows) {
-      if (Node* const control = nextInList(*node, direction)) return control;
-      if (!tree_.find(id)) return nullptr;
-      continue;
+    Node* control = nullptr;
+    if (!parent->rows) {
+      control = searchSiblings(forward ? node->next : node->previous, direction);
+    } else if (forward || node->rowIndex > 0) {
+      const std::size_t row = forward ? node->rowIndex + 1 : node->rowIndex - 1;
+      control = searchRows({id, row, direction, 0});
     }
-    Node* sibling = forward ? node->next : node->previous;
-    while (sibling) {
-      const NodeID siblingID = sibling->id;
-      if (Node* const control = firstIn(*sibling, direction)) return control;
-      if (!tree_.find(siblingID)) return nullptr;
-      sibling = forward ? sibling->next : sibling->previous;
-    }
+    if (control || waiting_ || !tree_.find(id)) return control;
   }
   return nullptr;
 }
 
-Node* FocusOrder::nextInList(Node& row, Direction direction) {
-  const NodeID list = row.parent->id;
-  std::size_t index = row.rowIndex;
-  for (std::size_t i = 0; i < mostRowsWithoutControl; ++i) {
-    Node* const still = tree_.find(list);
-    if (!still) return nullptr;
-    if (direction == Direction::forward ? index + 1 >= still->rows->count() : index == 0) break;
-    index = direction == Direction::forward ? index + 1 : index - 1;
-    Node* const next = rows_.bringRow(*still, index);
-    Node* const control = next ? firstIn(*next, direction) : nullptr;
-    if (control) return control;
+/// Looks through the siblings from `first` on; nullptr too when they go on the way.
+Node* FocusOrder::searchSiblings(Node* first, Direction direction) {
+  for (Node* node = first; node;) {
+    const NodeID id = node->id;
+    Node* const control = searchIn(*node, direction);
+    if (control || waiting_ || !tree_.find(id)) return control;
+    node = direction == Direction::forward ? node->next : node->previous;
   }
   return nullptr;
 }
 
-Node* FocusOrder::inPlaceOf(const LostPlace& lost) {
-  Node* const within = tree_.find(lost.within);
-  if (!within) return nullptr;
-  if (lost.row && within->rows) {
-    const std::size_t count = within->rows->count();
-    if (count == 0) return nullptr;
-    Node* const row = rows_.bringRow(*within, std::min(*lost.row, count - 1));
-    return row ? firstIn(*row) : nullptr;
-  }
-  Node* const after = tree_.find(lost.after);
-  Node* child = after && after->parent == within ? after->next : within->firstChild;
-  while (child) {
-    const NodeID id = child->id;
-    if (Node* const control = firstIn(*child)) return control;
-    if (!tree_.find(id)) return nullptr;
-    child = child->next;
+/// Looks through the rows of a list from the given one on, 64 in all.
+Node* FocusOrder::searchRows(const Waiting& from) {
+  Waiting at = from;
+  for (; at.rowsVisited < mostRowsWithoutControl; ++at.rowsVisited) {
+    Node* const list = tree_.find(at.list);
+    if (!list || at.row >= list->rows->count()) return nullptr;
+    Node* const row = rows_.bringRow(*list, at.row);
+    if (!row && rows_.rowsComeLater()) {
+      waiting_ = at;
+      return nullptr;
+    }
+    Node* const control = row ? searchIn(*row, at.direction) : nullptr;
+    if (control || waiting_) return control;
+    if (at.direction == Direction::backward && at.row == 0) return nullptr;
+    at.row = at.direction == Direction::forward ? at.row + 1 : at.row - 1;
   }
   return nullptr;
 }

@@ -10,9 +10,11 @@ namespace vemra::page {
 /// Brings rows of windowed lists into the tree while the focus is looked for.
 class RowSupply {
  public:
-  /// The row, made to be there by scrolling to it; nullptr when that is not possible now. May change
-  /// the tree as patches do.
+  /// The row, made to be there by scrolling to it; nullptr when it is not there now. May change the
+  /// tree as patches do.
   virtual Node* bringRow(Node& list, std::size_t index) = 0;
+  /// Whether rows come only after the search, so that a missing one may be there later.
+  virtual bool rowsComeLater() const { return false; }
 
  protected:
   ~RowSupply() = default;
@@ -36,9 +38,18 @@ bool isInside(const Node* node, const Node& holder);
 /// The order in which the focus goes through a page: tree order over all rows, there or not.
 ///
 /// Rows on the way are brought in. A list without any control ends the search in it after 64 rows.
+/// Where rows come later, a search stops at the first missing one and can be resumed when it is
+/// there; so it gets on by a row each time, and never runs to and fro between rows.
 class FocusOrder {
  public:
   enum class Direction { forward, backward };
+  /// Where a search stopped to wait for a row.
+  struct Waiting {
+    ui::NodeID list;
+    std::size_t row;
+    Direction direction;
+    std::size_t rowsVisited;  ///< in this list
+  };
 
   /// Both must outlive the object.
   FocusOrder(WindowedTree& tree, RowSupply& rows) : tree_(tree), rows_(rows) {}
@@ -47,16 +58,25 @@ class FocusOrder {
   Node* firstIn(Node& node, Direction direction = Direction::forward);
   /// The control after a node in tree order, or before it; nullptr at the end of the page.
   Node* next(Node& from, Direction direction);
-  /// The first control of what stands now where an element was lost: in the row at the lost index or
-  /// the last one, or behind the same neighbour; nullptr when there is none.
-  Node* inPlaceOf(const LostPlace& lost);
+  /// The control at a place where an element was lost, or else after it; or the one before it.
+  /// nullptr when there is none, or when the parent has gone. At the place is the row with the lost
+  /// index, or the last one; or what stands behind the same neighbour.
+  Node* nextTo(const LostPlace& lost, Direction direction);
+  /// Goes on where a search stopped; after the list it stopped in, with what comes after the list.
+  Node* resume(const Waiting& waiting);
+
+  /// Set when the last search returned nullptr because a row comes later.
+  const std::optional<Waiting>& waiting() const { return waiting_; }
 
  private:
-  Node* firstInList(Node& list, Direction direction);
-  Node* nextInList(Node& row, Direction direction);
+  Node* searchIn(Node& node, Direction direction);
+  Node* searchFrom(Node& from, Direction direction);
+  Node* searchSiblings(Node* first, Direction direction);
+  Node* searchRows(const Waiting& from);
 
   WindowedTree& tree_;
   RowSupply& rows_;
+  std::optional<Waiting> waiting_;
 };
 
 }  // namespace vemra::page

@@ -23,26 +23,32 @@ class FocusOrderTest : public ::testing::Test, protected RowSupply {
     supplied = &laid;
     return shown(FocusOrder(laid.tree, *this).next(laid.leaf(from), direction));
   }
-  std::string inPlaceOf(Laid& laid, const LostPlace& lost) {
+  std::string nextTo(Laid& laid, const LostPlace& lost, Direction direction = Direction::forward) {
     supplied = &laid;
-    return shown(FocusOrder(laid.tree, *this).inPlaceOf(lost));
+    return shown(FocusOrder(laid.tree, *this).nextTo(lost, direction));
   }
   static std::string shown(const Node* leaf) { return leaf ? nameOf(*leaf) : "none"; }
 
   Node* bringRow(Node& list, std::size_t index) override {
     ++asked;
+    const auto find = [&](const ui::NodeID id) -> Node* {
+      Node* const still = supplied->tree.find(id);
+      if (!still) return nullptr;
+      const auto row = std::ranges::find(still->children(), index, &Node::rowIndex);
+      return row == still->children().end() ? nullptr : &*row;
+    };
+    const ui::NodeID id = list.id;
+    if (isLate) return find(id);
     std::vector<ui::RowRange> ranges{{index, index + 1}};
     for (const Node& row : list.children()) ranges.push_back({row.rowIndex, row.rowIndex + 1});
-    const ui::NodeID id = list.id;
     supplied->graph.showRows(id, std::move(ranges));
-    Node* const still = supplied->tree.find(id);
-    if (!still) return nullptr;
-    const auto row = std::ranges::find(still->children(), index, &Node::rowIndex);
-    return row == still->children().end() ? nullptr : &*row;
+    return find(id);
   }
+  bool rowsComeLater() const override { return isLate; }
 
   Laid* supplied = nullptr;
   int asked = 0;
+  bool isLate = false;  ///< rows that are not there come after the search
 };
 
 ui::View controls(std::size_t count) {
@@ -97,9 +103,9 @@ TEST_F(FocusOrderTest, ARowTakesThePlaceOfALostRow) {
   LostPlace lost;
   lost.within = laid.list().id;
   lost.row = 3;
-  EXPECT_EQ(inPlaceOf(laid, lost), "row3");
+  EXPECT_EQ(nextTo(laid, lost), "row3");
   lost.row = 9;
-  EXPECT_EQ(inPlaceOf(laid, lost), "row4") << "the last row, when the lost one was behind it";
+  EXPECT_EQ(nextTo(laid, lost), "row4") << "the last row, when the lost one was behind it";
 }
 
 TEST_F(FocusOrderTest, WhatStandsBehindTheSameNeighbourTakesThePlaceOfALostElement) {
@@ -109,8 +115,81 @@ TEST_F(FocusOrderTest, WhatStandsBehindTheSameNeighbourTakesThePlaceOfALostEleme
   EXPECT_EQ(lost.after, laid.leaf("a").id);
   EXPECT_FALSE(lost.row);
   laid.show(column({text("a"), column({text("x"), button("y")}), button("c")}));
-  EXPECT_EQ(inPlaceOf(laid, lost), "y");
+  EXPECT_EQ(nextTo(laid, lost), "y");
   EXPECT_EQ(LostPlace::of(laid.leaf("a")).after, ui::NodeID{}) << "nothing before it";
+}
+
+TEST_F(FocusOrderTest, WithoutAControlInTheLostRowTheRowsAfterItComeAndThenWhatFollowsTheList) {
+  const auto only = [](const std::string& id) {
+    return [id](const std::string& row) { return row == id ? ui::View(button(row)) : text(row); };
+  };
+  Laid laid(column({button("before"), list(numbered(20), only("row9")), button("after")}));
+  LostPlace lost;
+  lost.within = laid.list().id;
+  lost.row = 5;
+  EXPECT_EQ(nextTo(laid, lost), "row9");
+  EXPECT_EQ(nextTo(laid, lost, Direction::backward), "before");
+  lost.row = 12;
+  EXPECT_EQ(nextTo(laid, lost), "after");
+  EXPECT_EQ(nextTo(laid, lost, Direction::backward), "row9");
+}
+
+TEST_F(FocusOrderTest, BeforeALostElementComesItsNeighbourAndThenWhatStandsBeforeTheParent) {
+  Laid laid(column({button("head"), column({button("a"), text("b"), button("c")})}));
+  const LostPlace lost = LostPlace::of(laid.leaf("c"));
+  laid.show(column({button("head"), column({button("a"), text("b")})}));
+  EXPECT_EQ(nextTo(laid, lost), "none");
+  EXPECT_EQ(nextTo(laid, lost, Direction::backward), "a");
+  laid.show(column({button("head"), column({text("a"), text("b")})}));
+  EXPECT_EQ(nextTo(laid, lost, Direction::backward), "head");
+}
+
+TEST_F(FocusOrderTest, TheRowOfAListThatIsEmptyNowHasNoNeighbours) {
+  Laid laid(column({button("before"), list({}), button("after")}));
+  LostPlace lost;
+  lost.within = laid.list().id;
+  lost.row = 0;
+  EXPECT_EQ(nextTo(laid, lost), "after");
+  EXPECT_EQ(nextTo(laid, lost, Direction::backward), "before");
+}
+
+TEST_F(FocusOrderTest, WaitsForTheFirstRowThatComesLaterAndAsksForNoOther) {
+  Laid laid(column({button("before"), list(numbered(100)), button("after")}));
+  supplied = &laid;
+  isLate = true;
+  FocusOrder order(laid.tree, *this);
+  EXPECT_EQ(order.next(laid.leaf("before"), Direction::forward), nullptr);
+  ASSERT_TRUE(order.waiting());
+  EXPECT_EQ(order.waiting()->row, 0u);
+  EXPECT_EQ(asked, 1);
+}
+
+TEST_F(FocusOrderTest, AResumedSearchGoesOnAndNeverBack) {
+  Laid laid(column({button("before"), list(numbered(200)), button("after")}));
+  supplied = &laid;
+  isLate = true;
+  FocusOrder order(laid.tree, *this);
+  Node* control = order.next(laid.leaf("before"), Direction::forward);
+  std::vector<std::size_t> waitedFor;
+  while (const auto waiting = order.waiting()) {
+    waitedFor.push_back(waiting->row);
+    laid.ask({{waiting->row, waiting->row + 10}});  // those before it are gone again
+    control = order.resume(*waiting);
+  }
+  EXPECT_EQ(shown(control), "after");
+  EXPECT_EQ(waitedFor, (std::vector<std::size_t>{0, 10, 20, 30, 40, 50, 60})) << "64 rows in all";
+}
+
+TEST_F(FocusOrderTest, AResumedSearchFindsAControlInALateRow) {
+  Laid laid(column({button("before"), list(numbered(100), button), button("after")}));
+  supplied = &laid;
+  isLate = true;
+  FocusOrder order(laid.tree, *this);
+  order.next(laid.leaf("after"), Direction::backward);
+  ASSERT_TRUE(order.waiting());
+  laid.ask({{95, 100}});
+  EXPECT_EQ(shown(order.resume(*order.waiting())), "row99");
+  EXPECT_FALSE(order.waiting());
 }
 
 TEST_F(FocusOrderTest, NothingTakesThePlaceInAParentThatHasGone) {
@@ -118,7 +197,7 @@ TEST_F(FocusOrderTest, NothingTakesThePlaceInAParentThatHasGone) {
   LostPlace lost;
   lost.within = laid.leaf("two").parent->id;
   laid.show(text("all gone"));
-  EXPECT_EQ(inPlaceOf(laid, lost), "none");
+  EXPECT_EQ(nextTo(laid, lost), "none");
 }
 
 TEST_F(FocusOrderTest, EndsWhenTheTreeGoesWhileRowsComeIn) {
