@@ -1,5 +1,7 @@
 #include "apps/desk/window/Pieces.hpp"
 
+#include "apps/desk/window/KeyInView.hpp"
+
 #include <algorithm>
 #include <utility>
 
@@ -59,6 +61,7 @@ Pieces::Pieces(const QString& what, AddNext addNext, QWidget* parent)
   more_->setAccessibleName("Show more of " + what);
   more_->setFocusPolicy(Qt::StrongFocus);
   more_->setAutoDefault(false);
+  scrollInBeforeKeys(*more_);
   column->addWidget(more_, 0, Qt::AlignLeading);
   connect(more_, &QPushButton::clicked, this, &Pieces::showNext);
   showNext();

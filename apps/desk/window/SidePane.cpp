@@ -3,6 +3,7 @@
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
 #include "VemraGoalSurface/presentation/GoalWhyPresentation.hpp"
 #include "VemraPlatform/date/AbbreviatedDate.hpp"
+#include "apps/desk/window/KeyInView.hpp"
 #include "apps/desk/window/PathGraph.hpp"
 #include "apps/desk/window/Pieces.hpp"
 #include "apps/desk/window/PlainText.hpp"
@@ -82,33 +83,8 @@ SidePane::SidePane(QWidget* parent) : QScrollArea(parent) {
 }
 
 SidePane::Reading SidePane::reading() const {
-  Reading reading;
-  reading.scroll = verticalScrollBar()->value();
   const QWidget* focus = window()->focusWidget();
-  reading.hasFocus = focus && isAncestorOf(focus);
-  for (const auto* pieces : widget()->findChildren<Pieces*>()) {
-    reading.opened.push_back({pieces->path(), pieces->shown(), &pieces->more() == focus});
-  }
-  return reading;
-}
-
-QWidget* SidePane::reopen(QWidget& content, Reading& reading) {
-  QWidget* focus = nullptr;
-  QList<Pieces*> done;
-  for (bool hasNew = true; hasNew;) {  // pieces that are opened may hold others
-    hasNew = false;
-    for (auto* pieces : content.findChildren<Pieces*>()) {
-      if (done.contains(pieces)) continue;
-      done.append(pieces);
-      hasNew = true;
-      const auto opened = std::ranges::find(reading.opened, pieces->path(), &Reading::Opened::path);
-      if (opened == reading.opened.end()) continue;
-      pieces->showUpTo(opened->shown);
-      if (opened->hasFocus) focus = &pieces->more();
-      reading.opened.erase(opened);  // of two with one text, each is found once
-    }
-  }
-  return focus;
+  return {PaneReading(*widget()), verticalScrollBar()->value(), focus && isAncestorOf(focus)};
 }
 
 QVBoxLayout* SidePane::begin(const QString& kind, const QString& title, const QString& subject) {
@@ -126,6 +102,7 @@ QVBoxLayout* SidePane::begin(const QString& kind, const QString& title, const QS
   close->setText("Close");
   close->setAutoRaise(true);
   close->setFocusPolicy(Qt::StrongFocus);
+  scrollInBeforeKeys(*close);
   connect(close, &QToolButton::clicked, this, &SidePane::closed);
   head->addWidget(close);
   page->addLayout(head);
@@ -138,7 +115,7 @@ void SidePane::end(QVBoxLayout* page) {
   page->addStretch(1);
   QWidget* const content = page->parentWidget();
   // Before it is shown: what is added to a widget on the screen is shown, and measured, only later.
-  QWidget* focus = reading_ ? reopen(*content, *reading_) : nullptr;
+  QWidget* focus = reading_ ? reading_->ofContent.restore(*content) : nullptr;
   setWidget(content);  // takes the place of the previous content
   content->setAutoFillBackground(false);
   viewport()->setAutoFillBackground(false);

@@ -3,6 +3,7 @@
 #include "VemraGoalEngine/GoalRecords.hpp"
 #include "VemraPlatform/ui/Environment.hpp"
 #include "apps/desk/store/Knowledge.hpp"
+#include "apps/desk/window/PaneReading.hpp"
 
 #include <memory>
 #include <optional>
@@ -19,7 +20,8 @@ namespace vemra::desk {
 /// by piece (`Pieces`).
 ///
 /// When the same person, source or path is shown once more, with what the store knows by now, the
-/// pieces that the reader has opened stay open, and the scroll position and the focus stay.
+/// pieces that the reader has opened stay open, and the scroll position, the focus and the selected
+/// texts stay.
 class SidePane : public QScrollArea {
   Q_OBJECT
 
@@ -39,14 +41,9 @@ class SidePane : public QScrollArea {
   void closed();
 
  private:
-  /// What a reader has done with the pane.
+  /// What the reader has done with what is shown.
   struct Reading {
-    struct Opened {
-      QStringList path;  ///< of the pieces (`Pieces::path`)
-      int shown = 0;
-      bool hasFocus = false;
-    };
-    std::vector<Opened> opened;
+    PaneReading ofContent;
     int scroll = 0;
     bool hasFocus = false;
   };
@@ -55,8 +52,6 @@ class SidePane : public QScrollArea {
   QVBoxLayout* begin(const QString& kind, const QString& title, const QString& subject);
   void end(QVBoxLayout* page);
   Reading reading() const;
-  /// Opens in new content what was open. Gives the button that is to have the focus, or nullptr.
-  static QWidget* reopen(QWidget& content, Reading& reading);
   /// A heading and the entries 0 to `count` under it; nothing when there are none.
   template <class Add>
   void section(QVBoxLayout* page, const QString& heading, const QString& what, std::size_t count,

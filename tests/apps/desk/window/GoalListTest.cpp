@@ -1,6 +1,6 @@
-#include "apps/desk/window/GoalList.hpp"
 #include "apps/desk/window/GoalRow.hpp"
 #include "tests/apps/desk/window/Keys.hpp"
+#include "tests/apps/desk/window/ShownGoalList.hpp"
 
 #include <algorithm>
 #include <string>
@@ -19,17 +19,8 @@ namespace {
 
 using ::testing::ElementsAre;
 
-class GoalListTest : public ::testing::Test {
+class GoalListTest : public ShownGoalList {
  protected:
-  GoalListTest() {
-    QObject::connect(&list, &GoalList::goalChosen,
-                     [this](const std::string& goalID) { chosen.push_back(goalID); });
-    list.resize(230, 500);
-    list.show();
-    list.activateWindow();
-    QApplication::setActiveWindow(&list);
-  }
-
   /// The rows from top to bottom.
   std::vector<GoalRow*> rows() const {
     std::vector<GoalRow*> rows;
@@ -51,9 +42,6 @@ class GoalListTest : public ::testing::Test {
     }
     return open;
   }
-
-  GoalList list;
-  std::vector<std::string> chosen;
 };
 
 TEST_F(GoalListTest, ShowsTheGoalsInOrderBelowTheirHeading) {

@@ -1,8 +1,8 @@
 // A list of ten thousand goals: shown at once, found by key and by assistive technology.
 
-#include "apps/desk/window/GoalList.hpp"
 #include "apps/desk/window/GoalRow.hpp"
 #include "tests/apps/desk/window/Keys.hpp"
+#include "tests/apps/desk/window/ShownGoalList.hpp"
 
 #include <memory>
 #include <stdexcept>
@@ -22,17 +22,8 @@ namespace {
 
 using ::testing::ElementsAre;
 
-class LongGoalListTest : public ::testing::Test {
+class LongGoalListTest : public ShownGoalList {
  protected:
-  LongGoalListTest() {
-    QObject::connect(&list, &GoalList::goalChosen,
-                     [this](const std::string& goalID) { chosen.push_back(goalID); });
-    list.resize(230, 500);
-    list.show();
-    list.activateWindow();
-    QApplication::setActiveWindow(&list);
-  }
-
   /// Goals "g0", "g1", …, every third of them with a title of several lines.
   static std::vector<GoalListing> goals(int count) {
     std::vector<GoalListing> goals;
@@ -68,9 +59,6 @@ class LongGoalListTest : public ::testing::Test {
   static std::string name(const QAccessibleInterface& element) {
     return element.text(QAccessible::Name).toStdString();
   }
-
-  GoalList list;
-  std::vector<std::string> chosen;
 };
 
 TEST_F(LongGoalListTest, OnlyTheRowsNearTheViewportHaveAWidget) {

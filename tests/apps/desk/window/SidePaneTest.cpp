@@ -7,10 +7,7 @@
 #include <string>
 #include <vector>
 
-#include <QApplication>
 #include <QLabel>
-#include <QPushButton>
-#include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <gmock/gmock.h>
@@ -160,98 +157,6 @@ TEST_F(SidePaneTest, APathIsNamedAfterItsLastPerson) {
   path.personRefs = std::vector<std::string>();
   pane.showPath(path, {});
   EXPECT_THAT(texts(), ElementsAre("Starfold", "Path to Nobody", "Connected"));
-}
-
-/// A pane of so much that it scrolls, with more behind it.
-class LongSidePaneTest : public SidePaneTest {
- protected:
-  LongSidePaneTest() {
-    pane.resize(290, 400);
-    for (int i = 0; i < 50; ++i) {
-      GoalOutcomeDTO outcome;
-      outcome.note = "note " + std::to_string(i) + (i == 2 ? std::string(3000, 'w') : "");
-      person.outcomes.push_back({"Goal", outcome});
-    }
-    person.goalsTowards = std::vector<std::string>(50, "Towards");
-    person.goalsWithPaths = std::vector<std::string>(50, "With a path");
-    show();
-    pane.activateWindow();
-    QApplication::setActiveWindow(&pane);
-  }
-
-  void show() {
-    pane.showPerson(person);
-    settle();
-  }
-  static void settle() {
-    for (int i = 0; i < 5; ++i) QApplication::processEvents();
-  }
-  QPushButton& more(const QString& of, int which = 0) const {
-    QList<QPushButton*> found;
-    for (auto* more : pane.findChildren<QPushButton*>("desk.side.more")) {
-      if (more->accessibleName() == "Show more of " + of && !more->isHidden()) found.append(more);
-    }
-    return *found.at(which);
-  }
-  int count(const QString& text) const {
-    int count = 0;
-    for (const auto* label : pane.findChildren<QLabel*>()) {
-      if (label->text().startsWith(text)) ++count;
-    }
-    return count;
-  }
-
-  PersonKnowledge person = ada();
-};
-
-TEST_F(LongSidePaneTest, WhatIsOpenStaysOpenWhenTheSamePersonIsShownAgain) {
-  more("the goals", 1).click();  // of those with a path
-  more("the outcomes").click();
-  more("the text").click();
-  settle();
-  person.outcomes.push_back({"Goal", GoalOutcomeDTO()});
-  person.goalsTowards.insert(person.goalsTowards.begin(), "New");
-  show();
-  EXPECT_EQ(count("Towards"), 19);
-  EXPECT_EQ(count("With a path"), 40);
-  EXPECT_EQ(count("note"), 40);
-  EXPECT_EQ(count("www"), 1) << "the second piece of the long note";
-}
-
-TEST_F(LongSidePaneTest, TheScrollPositionStaysWhenTheSamePersonIsShownAgain) {
-  more("the outcomes").click();
-  settle();
-  QScrollBar& bar = *pane.verticalScrollBar();
-  for (const int position : {bar.maximum() / 2, bar.maximum()}) {
-    bar.setValue(position);
-    pane.showPerson(person);
-    EXPECT_EQ(bar.value(), position) << "at once";
-    settle();
-    EXPECT_EQ(bar.value(), position);
-  }
-}
-
-TEST_F(LongSidePaneTest, TheFocusStaysWhenTheSamePersonIsShownAgain) {
-  more("the outcomes").setFocus();
-  show();
-  EXPECT_EQ(pane.focusWidget(), &more("the outcomes"));
-  pane.findChild<QToolButton*>("desk.side.close")->setFocus();
-  show();
-  EXPECT_EQ(pane.focusWidget(), pane.findChild<QToolButton*>("desk.side.close"));
-}
-
-TEST_F(LongSidePaneTest, AnotherPersonOrAPaneOpenedAgainBeginsAtItsTop) {
-  more("the outcomes").click();
-  settle();
-  pane.verticalScrollBar()->setValue(500);
-  person.personRef = "p2";
-  show();
-  EXPECT_EQ(count("note"), 20);
-  EXPECT_EQ(pane.verticalScrollBar()->value(), 0);
-  more("the outcomes").click();
-  pane.hide();
-  show();
-  EXPECT_EQ(count("note"), 20);
 }
 
 TEST_F(SidePaneTest, ItsButtonAsksToCloseIt) {

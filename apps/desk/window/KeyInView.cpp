@@ -1,0 +1,47 @@
+#include "apps/desk/window/KeyInView.hpp"
+
+#include <QAbstractButton>
+#include <QKeyEvent>
+#include <QScrollArea>
+
+namespace vemra::desk {
+namespace {
+
+void scrollIn(QWidget& widget) {
+  for (QWidget* above = widget.parentWidget(); above; above = above->parentWidget()) {
+    auto* area = qobject_cast<QScrollArea*>(above);
+    if (!area) continue;
+    const QWidget* port = area->viewport();
+    const QRect place(widget.mapTo(port, QPoint()), widget.size());
+    if (!port->rect().contains(place)) area->ensureWidgetVisible(&widget);
+  }
+}
+
+class ScrollIn : public QObject {
+ public:
+  using QObject::QObject;
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress) return false;
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+      case Qt::Key_Space:
+      case Qt::Key_Select:
+      case Qt::Key_Return:  // these two press a button on some desktops only
+      case Qt::Key_Enter:
+        scrollIn(*static_cast<QWidget*>(object));
+        break;
+      default:
+        break;
+    }
+    return false;
+  }
+};
+
+}  // namespace
+
+void scrollInBeforeKeys(QAbstractButton& button) {
+  button.installEventFilter(new ScrollIn(&button));
+}
+
+}  // namespace vemra::desk

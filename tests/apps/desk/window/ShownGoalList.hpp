@@ -1,0 +1,29 @@
+#pragma once
+
+#include "apps/desk/window/GoalList.hpp"
+
+#include <string>
+#include <vector>
+
+#include <QApplication>
+#include <gtest/gtest.h>
+
+namespace vemra::desk {
+
+/// A list of goals in a window with the focus, and the ids of the goals that were chosen in it.
+class ShownGoalList : public ::testing::Test {
+ protected:
+  ShownGoalList() {
+    QObject::connect(&list, &GoalList::goalChosen,
+                     [this](const std::string& goalID) { chosen.push_back(goalID); });
+    list.resize(230, 500);
+    list.show();
+    list.activateWindow();
+    QApplication::setActiveWindow(&list);
+  }
+
+  GoalList list;
+  std::vector<std::string> chosen;
+};
+
+}  // namespace vemra::desk
