@@ -25,8 +25,9 @@ TEST_F(CommandsTest, TheSampleDocumentsAreResultDocuments) {
   }
   EXPECT_EQ(arguments.size(), 6u);
   EXPECT_EQ(outputOf(arguments), "");
-  EXPECT_THAT(outputOf({"goals", "--store", store}),
-              testing::HasSubstr("sample-design-lead\tFind a design lead for the spring launch\n"));
+  EXPECT_THAT(
+      outputOf({"goals", "--store", store}),
+      ::testing::HasSubstr("sample-design-lead\tFind a design lead for the spring launch\n"));
 }
 
 TEST_F(CommandsTest, GoalsAreListedInTheOrderInWhichTheyCame) {

@@ -15,7 +15,7 @@
 namespace vemra::desk {
 
 /// A folder to run vemra-desk in, without a display.
-class DeskTest : public testing::Test {
+class DeskTest : public ::testing::Test {
  protected:
   static Invocation commandLine(std::vector<std::string> arguments) {
     Invocation invocation;

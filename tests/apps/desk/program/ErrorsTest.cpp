@@ -4,9 +4,9 @@
 namespace vemra::desk {
 namespace {
 
-using testing::AllOf;
-using testing::HasSubstr;
-using testing::StartsWith;
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 class ErrorsTest : public DeskTest {
  protected:

@@ -73,8 +73,8 @@ TEST_F(ManyProcessesTest, EveryCommandWorksWhileTheStoreIsOpenElsewhere) {
   const auto id =
       open.record("g1", {GoalOutcomeSubjectKind::person, "p1", {}, std::nullopt, {}}).id;
   EXPECT_EQ(outputOf({"goals", "--store", store}), "g1\tt\n");
-  EXPECT_THAT(outputOf({"outcomes", "--store", store, "--goal", "g1"}), testing::HasSubstr(id));
-  EXPECT_THAT(outputOf({"export", "--store", store, "--goal", "g1"}), testing::HasSubstr(id));
+  EXPECT_THAT(outputOf({"outcomes", "--store", store, "--goal", "g1"}), ::testing::HasSubstr(id));
+  EXPECT_THAT(outputOf({"export", "--store", store, "--goal", "g1"}), ::testing::HasSubstr(id));
 }
 
 // The import is killed at moments spread over its run: afterwards the goal is as it was or as it

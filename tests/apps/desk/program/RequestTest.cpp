@@ -7,7 +7,7 @@
 namespace vemra::desk {
 namespace {
 
-using testing::HasSubstr;
+using ::testing::HasSubstr;
 
 /// What a command line is answered with instead of being carried out.
 commandline::Farewell farewellTo(std::vector<const char*> words) {
@@ -37,12 +37,19 @@ TEST(RequestTest, AGoalIsNeededForACommandAboutOneAndRefusedForTheOthers) {
   EXPECT_EQ(diagnosticOf({"--goal", "g1"}), "") << "the window is about the goal";
 }
 
+TEST(RequestTest, ACommandLineHasOneCommandOrNone) {
+  EXPECT_EQ(diagnosticOf({}), "");
+  EXPECT_EQ(diagnosticOf({"goals"}), "");
+  EXPECT_NE(diagnosticOf({"goals", "export", "--goal", "g1"}), "");
+}
+
 TEST(RequestTest, HelpSaysWhatEachCommandAndOptionIsFor) {
   const std::string help = farewellTo({"--help"}).output;
   for (const char* purpose :
        {"Store result documents, all of them or none", "List the goals: id, a tab, title",
         "Write what was recorded for a goal, as JSON", "Write a goal's current result document",
-        "Open this goal at once", "The store, an SQLite 3 file; the user's own without it"}) {
+        "Open this goal at once", "--goal ID", "--store FILE",
+        "The store, an SQLite 3 file; the user's own without it"}) {
     EXPECT_THAT(help, HasSubstr(purpose));
   }
   EXPECT_THAT(farewellTo({"import", "--help"}).output,
@@ -52,12 +59,15 @@ TEST(RequestTest, HelpSaysWhatEachCommandAndOptionIsFor) {
   }
 }
 
-TEST(RequestTest, AnEmptyStoreIsAValueLikeAnyOther) {
-  const std::vector<const char*> words = {"vemra-desk", "goals", "--store", ""};
-  const auto read = readRequest(static_cast<int>(words.size()), words.data());
-  const auto* request = std::get_if<Request>(&read);
-  ASSERT_NE(request, nullptr);
-  EXPECT_EQ(request->store, "");
+TEST(RequestTest, AnEmptyValueIsAValueLikeAnyOther) {
+  const auto requestOf = [](std::vector<const char*> words) {
+    words.insert(words.begin(), "vemra-desk");
+    return std::get<Request>(readRequest(static_cast<int>(words.size()), words.data()));
+  };
+  EXPECT_EQ(requestOf({"goals", "--store", ""}).store, "");
+  EXPECT_EQ(requestOf({"--store=", "goals"}).store, "");
+  EXPECT_EQ(requestOf({"--store=", "goals"}).command, Request::Command::listGoals);
+  EXPECT_EQ(requestOf({"--goal=", "export"}).goal, "");
 }
 
 }  // namespace
