@@ -1,7 +1,7 @@
 # Read right after project() in the build that scripts/mutate makes (CMAKE_PROJECT_…_INCLUDE): links
 # the switch of the mutants into everything, and the listener into every test program. What holds
-# mutants is compiled without warnings and with the library's own assertions; the tests are compiled
-# as ever, so that ccache knows them.
+# mutants is compiled without warnings and with the library's own assertions; the rest is compiled as
+# ever, so that ccache knows it. VEMRA_MUTANTS_IN: a regular expression of the folders of the former.
 add_library(vemra_mutants STATIC "${CMAKE_CURRENT_LIST_DIR}/Switch.cpp")
 target_include_directories(vemra_mutants PRIVATE "${CMAKE_SOURCE_DIR}")
 target_compile_features(vemra_mutants PRIVATE cxx_std_20)
@@ -17,7 +17,7 @@ function(vemra_listen_in folder)
   foreach(target IN LISTS targets)
     get_target_property(type ${target} TYPE)
     if(type MATCHES "(STATIC_LIBRARY|^EXECUTABLE)$" AND NOT target MATCHES "^vemra_(test|mutants|counted)"
-       AND NOT folder MATCHES "/tests(/|$)")
+       AND folder MATCHES "^${CMAKE_SOURCE_DIR}/(${VEMRA_MUTANTS_IN})(/|$)")
       target_compile_options(${target} PRIVATE -w -Wno-error -Wno-narrowing -fmax-errors=0 -O1
                                                -D_GLIBCXX_ASSERTIONS)
     endif()

@@ -66,9 +66,15 @@ class Tree:
             if not (self.source / name).exists():
                 replace(self.source / name, (ROOT / name).read_bytes())
         run(["cmake", "--preset", "release", f"-DVEMRA_WITH_QT={'ON' if self.with_qt else 'OFF'}",
-             "-DVEMRA_TEST_INSTALL=OFF", "-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST",
+             "-DVEMRA_TEST_INSTALL=OFF", self.folders_of_mutants(),
+             "-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST",
              "-DCMAKE_PROJECT_VemraGoalSurface_INCLUDE=scripts/mutation/mutation.cmake"],
             self.build / "configure.log", self.source)
+
+    def folders_of_mutants(self):
+        """The argument that names them to mutation.cmake. Mutants of a header are wherever it is included."""
+        folders = QT if self.with_qt and not self.headers else FOLDERS
+        return "-DVEMRA_MUTANTS_IN=" + "|".join(f.rstrip("/") for f in folders)
 
     # The mutants
 
@@ -102,7 +108,7 @@ class Tree:
 
     def arguments(self):
         """The compiler's arguments for each .cpp file, without those of precompiled headers."""
-        run(["cmake", self.build], self.build / "configure.log", self.source)
+        run(["cmake", self.folders_of_mutants(), self.build], self.build / "configure.log", self.source)
         entries = json.loads((self.build / "compile_commands.json").read_text())
         found = {}
         for entry in entries:

@@ -16,6 +16,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QHBoxLayout>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
