@@ -78,6 +78,50 @@ TEST_F(GoalRowTest, AToolTipThatIsCutSaysSoAndCutsNoCharacter) {
   EXPECT_NE(toolTip().find("a\U0001F600…</p>"), std::string::npos) << toolTip();
 }
 
+TEST_F(GoalRowTest, ATitleIsCutBetweenCharacters) {
+  const auto drawn = [&](const QString& title) {
+    row.setTitle(title);
+    row.resize(4000, 60);  // so wide that three lines hold more than is laid out
+    return row.grab().toImage();
+  };
+  const QString face = QString::fromUtf8("\U0001F600");
+  EXPECT_EQ(drawn(QString(399, u'a') + face.repeated(9)), drawn(QString(399, u'a') + u'…'));
+  EXPECT_NE(drawn(QString(398, u'a') + face.repeated(9)), drawn(QString(398, u'a') + u'…'));
+}
+
+TEST_F(GoalRowTest, AWordThatIsTooLongForALineGoesOnInTheNext) {
+  row.setTitle("w");
+  const int oneLine = row.heightForWidth(200);
+  row.setTitle(QString(200, u'w'));
+  EXPECT_EQ(row.heightForWidth(200), oneLine + 2 * row.fontMetrics().lineSpacing());
+}
+
+TEST_F(GoalRowTest, TheGroundOfTheOpenGoalLeavesOnePixelAtEachEdge) {
+  row.setChecked(true);
+  const QImage image = row.grab().toImage();
+  const int right = image.width() - 1;
+  const int bottom = image.height() - 1;
+  const QPoint inside(150, bottom / 2);  // right of the text
+  const QColor ground = image.pixelColor(inside);
+  for (const QPoint at : {QPoint(1, inside.y()), QPoint(right - 1, inside.y()),
+                          QPoint(inside.x(), 1), QPoint(inside.x(), bottom - 1)}) {
+    EXPECT_EQ(image.pixelColor(at), ground) << at.x() << ", " << at.y();
+  }
+  for (const QPoint at : {QPoint(0, inside.y()), QPoint(right, inside.y()), QPoint(inside.x(), 0),
+                          QPoint(inside.x(), bottom)}) {
+    EXPECT_NE(image.pixelColor(at), ground) << at.x() << ", " << at.y();
+  }
+}
+
+TEST_F(GoalRowTest, AnswersOtherEventsAsAnyButtonDoes) {
+  QPushButton button;
+  for (const auto type : {QEvent::EnabledChange, QEvent::FontChange, QEvent::User}) {
+    QEvent mine(type);
+    QEvent its(type);
+    EXPECT_EQ(QApplication::sendEvent(&row, &mine), QApplication::sendEvent(&button, &its)) << type;
+  }
+}
+
 TEST_F(GoalRowTest, BeforeItsFirstTitleItHasABlankOne) {
   EXPECT_EQ(name(), "(no title)");
   row.resize(30, 60);

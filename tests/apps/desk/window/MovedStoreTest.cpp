@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include <QLineEdit>
+#include <QTimer>
 
 namespace vemra::desk {
 namespace {
@@ -73,7 +74,8 @@ TEST_F(MovedStoreWindowTest, AnOutcomeThatWasRefusedThoughCommittedIsRecordedOnc
   fs::rename(away, file);
   EXPECT_EQ(recorded(), 1u) << "it was committed";
   press("desk.notice.again");
-  EXPECT_TRUE(becomes([&] { return find<QAbstractButton>("desk.notice.again") == nullptr; }));
+  EXPECT_TRUE(becomes([&] { return find<QAbstractButton>("desk.notice.again") == nullptr; }))
+      << notice();
   pass(600);
   EXPECT_EQ(recorded(), 1u) << notice();
 }
@@ -130,6 +132,32 @@ TEST_F(MovedStoreWindowTest, WhatTheScreenStillShowsOfTheOldStoreIsNotRecordedIn
   press(person + ".outcome.save");
   EXPECT_TRUE(notices("was replaced by another file while it was open")) << notice();
   EXPECT_EQ(recorded(), 0u);
+}
+
+TEST_F(MovedStoreWindowTest, UnrecordedOutcomesAreMentionedOnlyWhereThereAreAny) {
+  open();
+  wait<QAbstractButton>(person + ".outcome.start");
+  fs::rename(file, away);
+  EXPECT_TRUE(notices("The store could not be read.")) << notice();
+  EXPECT_EQ(notice().find("not recorded yet"), std::string::npos) << notice();
+  fs::rename(away, file);
+  EXPECT_TRUE(notices("The store is shown as it is now")) << notice();
+  EXPECT_EQ(notice().find("not recorded yet"), std::string::npos) << notice();
+}
+
+TEST_F(MovedStoreWindowTest, AGoalThatWasReadAcrossTwoStoresIsReadAgain) {
+  GoalStore::open(file).import({goal("g2", "Two")});
+  open();
+  wait<QAbstractButton>(person + ".outcome.start");
+  // Otherwise the window would soon load everything anew because the store has changed.
+  for (auto* timer : window->findChildren<QTimer*>(Qt::FindDirectChildrenOnly)) timer->stop();
+  pass(100);
+  replaceBy("g2", "Of the backup");
+  press("desk.goal.g2");
+  EXPECT_NE(wait<QWidget>("desk.failure"), nullptr) << "the store has moved";
+  press("desk.failure.again");
+  EXPECT_TRUE(becomes([&] { return find<QWidget>("desk.failure") == nullptr; }));
+  EXPECT_TRUE(shows("Of the backup")) << texts().join("\n").toStdString();
 }
 
 TEST_F(MovedStoreWindowTest, AFailureToLoadIsToldOnceHoweverOftenTheWindowTriesByItself) {

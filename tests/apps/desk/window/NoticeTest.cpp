@@ -65,6 +65,18 @@ TEST_F(NoticeTest, ANewFailureOfATryIsShown) {
   EXPECT_EQ(tries, 1);
 }
 
+TEST_F(NoticeTest, WhatItShowsKeepsItsDistanceFromTheEdges) {
+  notice.resize(600, notice.sizeHint().height());
+  window.show();
+  notice.show("failed", [this] { ++tries; });
+  notice.grab();  // lays it out
+  const int frame = notice.frameWidth();
+  EXPECT_EQ(notice.findChild<QLabel*>()->x(), frame + 16);
+  EXPECT_EQ(notice.width() - 1 - dismiss().geometry().right(), frame + 12);
+  EXPECT_EQ(dismiss().y(), frame + 8);
+  EXPECT_EQ(notice.height() - 1 - dismiss().geometry().bottom(), frame + 8);
+}
+
 TEST_F(NoticeTest, DismissingHidesItAndTriesNothing) {
   notice.show("failed", [this] { ++tries; });
   dismiss().click();

@@ -1,6 +1,7 @@
 #include "apps/desk/window/PathGraph.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -99,6 +100,20 @@ TEST_F(PathGraphTest, NeighboursAreJoined) {
   PathGraph two({"Ada", "Bo"});
   EXPECT_EQ(pixels(one, line), 0);
   EXPECT_GT(pixels(two, line), 20);
+}
+
+TEST_F(PathGraphTest, TheLineBetweenTwoStarsHasTheQuietColour) {
+  const QColor line = inkOf(ui::ForegroundStyle::tertiary, graph.palette());
+  PathGraph two({"Ada", "Bo"});
+  two.resize(220, two.heightForWidth(220));
+  const QImage image = two.grab().toImage();
+  const int first = static_cast<int>(8 + QFontMetricsF(two.font()).height() / 2);
+  const QPoint last = desk::brightStar(image, two.palette().color(QPalette::Highlight));
+  int darkest = 255;  // in the middle, away from both stars and left of the names
+  for (int y = first + 15; y < last.y() - 15; ++y) {
+    for (int x = 0; x < 35; ++x) darkest = std::min(darkest, image.pixelColor(x, y).lightness());
+  }
+  EXPECT_NEAR(darkest, line.lightness(), 10);
 }
 
 TEST_F(PathGraphTest, AStretchThatGoesOnHasNoBrightStar) {

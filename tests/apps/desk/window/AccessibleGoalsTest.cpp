@@ -1,0 +1,69 @@
+// A goal without a widget, as assistive technology meets it.
+
+#include "apps/desk/window/GoalRow.hpp"
+#include "tests/apps/desk/window/ShownGoalList.hpp"
+
+#include <QAccessible>
+#include <gmock/gmock.h>
+
+namespace vemra::desk {
+namespace {
+
+class AccessibleGoalsTest : public ShownGoalList {
+ protected:
+  AccessibleGoalsTest() { show(1000); }
+
+  void show(int count) {
+    std::vector<GoalListing> goals;
+    for (int i = 0; i < count; ++i) {
+      goals.push_back({"g" + std::to_string(i), "Goal " + std::to_string(i)});
+    }
+    list.setGoals(goals, "g0");
+    QApplication::processEvents();
+  }
+  /// The goal of that index.
+  QAccessibleInterface& goal(int index) const {
+    return *QAccessible::queryAccessibleInterface(list.viewport())->child(1 + index);
+  }
+};
+
+TEST_F(AccessibleGoalsTest, AGoalHasNothingBelowIt) {
+  QAccessibleInterface& far = goal(900);
+  ASSERT_EQ(far.object(), nullptr);
+  EXPECT_EQ(far.childCount(), 0);
+  EXPECT_EQ(far.child(0), nullptr);
+  EXPECT_EQ(far.childAt(far.rect().x(), far.rect().y()), nullptr);
+  EXPECT_EQ(far.indexOfChild(&goal(0)), -1);
+  EXPECT_EQ(far.window(), list.windowHandle());
+}
+
+TEST_F(AccessibleGoalsTest, AGoalIsInvisibleWhileItsListIs) {
+  QAccessibleInterface& far = goal(900);
+  EXPECT_FALSE(far.state().invisible);
+  list.hide();
+  EXPECT_TRUE(far.state().invisible);
+}
+
+TEST_F(AccessibleGoalsTest, AGoalCanBePressedAndFocusedAndEachDoesItsOwn) {
+  auto* actions = goal(900).actionInterface();
+  ASSERT_TRUE(actions);
+  EXPECT_THAT(actions->actionNames(),
+              ::testing::UnorderedElementsAre(QAccessibleActionInterface::pressAction(),
+                                              QAccessibleActionInterface::setFocusAction()));
+  actions->doAction(QAccessibleActionInterface::setFocusAction());
+  EXPECT_TRUE(chosen.empty()) << "the focus opens nothing";
+  EXPECT_EQ(list.focusWidget(), list.row(900));
+  actions->doAction(QAccessibleActionInterface::increaseAction());
+  EXPECT_TRUE(chosen.empty());
+}
+
+TEST_F(AccessibleGoalsTest, TheFirstGoalBeyondAShorterListHasGone) {
+  QAccessibleInterface& last = goal(999);
+  QAccessibleInterface& before = goal(998);
+  show(999);
+  EXPECT_FALSE(last.isValid());
+  EXPECT_TRUE(before.isValid());
+}
+
+}  // namespace
+}  // namespace vemra::desk

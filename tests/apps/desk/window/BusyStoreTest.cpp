@@ -1,0 +1,67 @@
+#include "tests/apps/desk/window/OpenDesk.hpp"
+
+#include <atomic>
+#include <string_view>
+
+#include <sqlite3.h>
+
+namespace vemra::desk {
+namespace {
+
+/// Counts how often the window looks whether its store has changed, and can make a look take long.
+/// For stores that are opened while this lives. One at a time.
+class Looks {
+ public:
+  Looks() {
+    count = 0;
+    mayGoOn = true;
+    sqlite3_auto_extension(reinterpret_cast<void (*)()>(watch));
+  }
+  Looks(const Looks&) = delete;
+  Looks& operator=(const Looks&) = delete;
+  ~Looks() {
+    mayGoOn = true;
+    sqlite3_cancel_auto_extension(reinterpret_cast<void (*)()>(watch));
+  }
+
+  static inline std::atomic<int> count = 0;
+  static inline std::atomic<bool> mayGoOn = true;
+
+ private:
+  static int watch(sqlite3* connection, const char**, const void*) {
+    return sqlite3_trace_v2(connection, SQLITE_TRACE_STMT, begun, nullptr);
+  }
+  static int begun(unsigned, void*, void*, void* sql) {
+    if (std::string_view(static_cast<const char*>(sql)) != "PRAGMA data_version") return 0;
+    ++count;
+    while (!mayGoOn) QThread::msleep(1);
+    return 0;
+  }
+};
+
+class BusyStoreTest : public OpenDesk {
+ protected:
+  BusyStoreTest() { GoalStore::open(file).import({goal("g1", "One")}); }
+  ~BusyStoreTest() override {
+    Looks::mayGoOn = true;
+    close();
+  }
+
+  Looks looks;
+};
+
+TEST_F(BusyStoreTest, TheNextLookAtAStoreBeginsAfterTheLastOneHasEnded) {
+  open();
+  ASSERT_NE(wait<QAbstractButton>("desk.goal.g1"), nullptr);
+  Looks::mayGoOn = false;
+  const int before = Looks::count;
+  ASSERT_TRUE(becomes([&] { return Looks::count > before; }));
+  pass(1500);  // more looks are due
+  Looks::mayGoOn = true;
+  pass(100);
+  EXPECT_LE(Looks::count, before + 2) << "one that took long, and the next one";
+  EXPECT_TRUE(becomes([&] { return Looks::count > before + 2; })) << "it goes on looking";
+}
+
+}  // namespace
+}  // namespace vemra::desk
