@@ -96,4 +96,38 @@ TEST_F(AnchorTest, WhenEverythingInViewGoesTheRowStaysAtItsPlace) {
   EXPECT_EQ(before.position(rows.tree, rows.frames(), seen), 305);
 }
 
+TEST_F(AnchorTest, TheRowStaysAtItsPlaceBelowOtherElementsToo) {
+  Laid rows(column({text(std::string(100, 'x')), list(numbered(100))}), 100);
+  rows.ask({{0, 30}});
+  const Viewport seen{100, 60, 405};  // in row 10 of the list, which begins at 200
+  const Anchor before(Reason::changed, rows.tree, rows.frames(), seen, nullptr);
+  rows.ask({});
+  EXPECT_EQ(before.position(rows.tree, rows.frames(), seen), 405);
+}
+
+TEST_F(AnchorTest, OfARowThatGotShorterItsLastLineStays) {
+  Laid rows(column({list(numbered(100))}), 100);
+  rows.ask({{0, 30}});
+  rows.list().rows->setHeight(3, 120);
+  const Viewport seen{100, 60, 150};  // 90 of the row are above
+  const Anchor before(Reason::changed, rows.tree, rows.frames(), seen, nullptr);
+  rows.ask({});
+  rows.list().rows->setHeight(3, 20);
+  EXPECT_EQ(before.position(rows.tree, rows.frames(), seen), 60 + 19);
+}
+
+TEST_F(AnchorTest, AListBelowTheTopOfTheViewportHoldsNothingInPlace) {
+  const auto page = [](const char* id, int lines) {
+    const std::string tall(static_cast<std::size_t>(lines) * 10, 'x');
+    return column({ui::View(text(tall)).id(id), list(numbered(100))});
+  };
+  Laid rows(page("one", 10), 100);
+  rows.ask({{0, 30}});
+  const Viewport seen{100, 160, 60};  // the list begins at 200
+  const Anchor before(Reason::changed, rows.tree, rows.frames(), seen, nullptr);
+  rows.show(page("another", 15));
+  rows.ask({});
+  EXPECT_EQ(before.position(rows.tree, rows.frames(), seen), 60);
+}
+
 }  // namespace vemra::page

@@ -144,6 +144,15 @@ TEST_F(FocusOrderTest, BeforeALostElementComesItsNeighbourAndThenWhatStandsBefor
   EXPECT_EQ(nextTo(laid, lost, Direction::backward), "head");
 }
 
+TEST_F(FocusOrderTest, ANeighbourThatIsElsewhereNowCountsForNothing) {
+  Laid laid(column({button("head"), column({button("a"), button("b")}), button("c")}));
+  LostPlace lost;
+  lost.within = laid.leaf("a").parent->id;
+  lost.after = laid.leaf("c").id;
+  EXPECT_EQ(nextTo(laid, lost), "a");
+  EXPECT_EQ(nextTo(laid, lost, Direction::backward), "head");
+}
+
 TEST_F(FocusOrderTest, TheRowOfAListThatIsEmptyNowHasNoNeighbours) {
   Laid laid(column({button("before"), list({}), button("after")}));
   LostPlace lost;

@@ -64,6 +64,8 @@ TEST(PositionShowing, TakesTheWholeRowWhenItFits) {
   laid.ask({{0, 20}});
   const Frames frames = laid.frames();
   EXPECT_EQ(positionShowing(laid.leaf("row5b"), frames, {300, 200, 300}, 12), 200 - 12);
+  EXPECT_EQ(positionShowing(laid.leaf("row5b"), frames, {300, 40 + 2 * 12, 300}, 12), 200 - 12)
+      << "with its air it just fits";
   EXPECT_EQ(positionShowing(laid.leaf("row5b"), frames, {300, 50, 300}, 12), 220 - 12)
       << "the row does not fit, the element does";
 }

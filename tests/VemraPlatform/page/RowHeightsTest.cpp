@@ -27,6 +27,16 @@ struct Plain {
 
 }  // namespace
 
+TEST(RowHeights, ARowWithoutHeightIsAtNoDistance) {
+  RowHeights rows;
+  rows.reset(5, 0);
+  rows.setEstimate(20);
+  rows.setHeight(0, 0);
+  rows.setHeight(2, 0);
+  EXPECT_EQ(rows.rowAt(0), 1u);
+  EXPECT_EQ(rows.rowAt(20), 3u);
+}
+
 TEST(RowHeights, UnmeasuredRowsStandByTheEstimate) {
   RowHeights rows;
   rows.reset(100'000, 10);

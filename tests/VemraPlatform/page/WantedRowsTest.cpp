@@ -60,6 +60,17 @@ TEST_F(WantedRows, ThatAreThereStayALittleLongerThanTheyAreAskedFor) {
   EXPECT_THAT(wanted(laid, 2400), ElementsAre(RowRange{118, 133})) << "too far away";
 }
 
+TEST_F(WantedRows, StayAsFarAsTheMarginAndNoFurther) {
+  laid.ask({{90, 125}});
+  EXPECT_THAT(wanted(laid, 2040), ElementsAre(RowRange{96, 119}))
+      << "row 95 begins, and row 119 too, where the margin ends";
+}
+
+TEST_F(WantedRows, AreNoneOfAnEmptyList) {
+  Laid empty(column({text("a"), list({})}));
+  EXPECT_THAT(wanted(empty, 0), IsEmpty());
+}
+
 TEST_F(WantedRows, HoldTheFocusedRowAndTheNextOneWhereverTheyAre) {
   laid.ask({{98, 113}});
   PinnedRows pinned;
