@@ -71,13 +71,16 @@ TEST_F(MovedStoreWindowTest, AnOutcomeThatWasRefusedThoughCommittedIsRecordedOnc
   press(person + ".outcome.save");
   EXPECT_TRUE(notices("The outcome was not recorded.")) << notice();
   ASSERT_TRUE(moving.hasHappened());
+  const std::uint64_t before = engine->storeNumber();
   fs::rename(away, file);
   EXPECT_EQ(recorded(), 1u) << "it was committed";
+  // Until then the store at the path counts as another one, which refuses the outcome once more.
+  ASSERT_TRUE(becomes([&] { return engine->storeNumber() != before; })) << "it is opened anew";
   press("desk.notice.again");
-  EXPECT_TRUE(becomes([&] { return find<QAbstractButton>("desk.notice.again") == nullptr; }))
-      << notice();
+  EXPECT_TRUE(becomes([&] { return find<QAbstractButton>("desk.notice.again") == nullptr; }));
   pass(600);
-  EXPECT_EQ(recorded(), 1u) << notice();
+  EXPECT_EQ(find<QAbstractButton>("desk.notice.again"), nullptr) << notice();
+  EXPECT_EQ(recorded(), 1u);
 }
 
 TEST_F(MovedStoreWindowTest, AStoreThatCannotBeReadAtFirstIsShownAsSoonAsItCan) {
