@@ -48,7 +48,8 @@ struct Node {
   /// \name The layout @{
   int measuredWidth = -1;  ///< the width `size` was measured for; -1: not measured
   Size size;
-  Rect frame;  ///< in its scope, counted from the leading edge
+  Rect frame;             ///< in its scope, counted from the leading edge
+  bool isPlaced = false;  ///< of a leaf: a renderer draws it (`placeLeaves`)
   /// @}
 
   ChildrenOf<Node> children();

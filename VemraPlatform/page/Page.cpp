@@ -1,0 +1,285 @@
+#include "VemraPlatform/page/Page.hpp"
+
+#include <algorithm>
+#include <ranges>
+#include <utility>
+
+namespace vemra::page {
+
+namespace {
+
+// More rounds than a page of rows of any height needs.
+constexpr int mostRounds = 12;
+
+/// Sets a variable until the end of the scope.
+template <class Value>
+class During {
+ public:
+  During(Value& variable, Value value)
+      : variable_(variable), before_(std::exchange(variable, value)) {}
+  ~During() { variable_ = before_; }
+  During(const During&) = delete;
+  During& operator=(const During&) = delete;
+
+ private:
+  Value& variable_;
+  Value before_;
+};
+
+}  // namespace
+
+Page::Page(ui::ViewGraph& graph, PageHost& host, Margins margins)
+    : graph_(graph),
+      host_(host),
+      margins_(margins),
+      tree_([this](Node& node) { removing(node); }) {}
+
+Page::~Page() {
+  graph_.detach(*this);
+}
+
+Viewport Page::viewport() const {
+  const Size size = host_.viewportSize();
+  return {size.width, size.height, position_};
+}
+
+void Page::apply(const std::vector<ui::Patch>& patches) {
+  // Now, because no frame is right any more once the first patch has been applied.
+  if (!pass_ || !pass_->anchor) beginPass(Anchor::Reason::changed);
+  ++version_;
+  attempt([&] { tree_.apply(patches); });
+  host_.patched(patches);
+  for (Node* list : tree_.lists()) {
+    for (Node& row : list->children()) {
+      if (const ui::Node* node = graph_.find(row.id)) row.rowIndex = node->rowIndex;
+    }
+  }
+  if (filling_) return;
+  const During inGraph(inGraph_, true);
+  settle();
+}
+
+void Page::resized() {
+  if (filling_) return;  // the host's scroll bar came or went: the next round takes it up
+  if (!pass_ || !pass_->anchor) beginPass(Anchor::Reason::resized);
+  settle();
+}
+
+void Page::restyled() {
+  beginPass(Anchor::Reason::resized);
+  tree_.invalidateAll();
+  settle();
+}
+
+void Page::scrolled(int position) {
+  position_ = position;
+  beginPass(position == maximum_ ? Anchor::Reason::scrolledToEnd : Anchor::Reason::scrolled);
+  settle();
+}
+
+void Page::deliver(ui::NodeID node, ui::Event event) {
+  {
+    const bool isPress = std::holds_alternative<ui::Press>(event);
+    const During pressed(pressed_, isPress ? node : pressed_);
+    attempt([&] { graph_.deliver(node, std::move(event)); });
+  }
+  settleIfNeeded();
+}
+
+void Page::settleIfNeeded() {
+  if (pass_ && !filling_ && !inGraph_) settle();
+}
+
+void Page::beginPass(Anchor::Reason reason) {
+  const Node* const control = focused();
+  Pass pass;
+  pass.focusWasSeen = control && viewport().shows(frames().of(*control));
+  pass.anchor.emplace(reason, tree_, frames(), viewport(), control);
+  pass_ = std::move(pass);
+}
+
+void Page::settle() {
+  if (!pass_) pass_ = Pass{};
+  if (!host_.isShown() || filling_) return;
+  if (!fill()) return;
+  host_.placed();
+  restoreFocus();
+}
+
+/// Goes round until nothing is missing; false when that takes another pass of the graph.
+bool Page::fill() {
+  const During filling(filling_, true);
+  for (int round = 0; round < mostRounds; ++round) {
+    const int width = viewport().width;
+    layout();
+    takeAnchorPosition();
+    if (viewport().width != width) continue;
+    if (!askForRows()) break;
+    if (inGraph_) return false;  // the rows come in the graph's next pass
+  }
+  pass_.reset();
+  place();
+  return true;
+}
+
+void Page::layout() {
+  Node* const root = tree_.root();
+  if (!root) return;
+  if (root->measuredWidth < 0) {
+    std::int64_t rows = 0;
+    for (const Node* list : tree_.lists()) {
+      rows += static_cast<std::int64_t>(list->element.rowCount()) * list->rows->estimate();
+    }
+    if (rows > viewport().height) host_.expectScrolling();
+  }
+  measureScope(*root, viewport().width, 0, host_);
+}
+
+void Page::takeAnchorPosition() {
+  if (pass_ && pass_->anchor) position_ = pass_->anchor->position(tree_, frames(), viewport());
+  maximum_ = std::max(0, contentHeight() - viewport().height);
+  position_ = std::clamp(position_, 0, maximum_);
+  host_.showScrollRange(maximum_, position_);
+}
+
+PinnedRows Page::pinnedRows() const {
+  PinnedRows pinned;
+  pinned.focused = rowOf(focused());
+  pinned.next = focusKeeper_.row();
+  return pinned;
+}
+
+bool Page::askForRows() {
+  const PinnedRows pinned = pinnedRows();
+  if (pinned.focused) tree_.find(pinned.focused->id)->focusedAt = ++focusCount_;
+  // All requests are found before the first is made: rows that come may bring lists of their own.
+  std::vector<RowRequest> requests = rowRequests(tree_, viewport(), margins_, pinned);
+  for (RowRequest& request : requests) {
+    attempt([&] { graph_.showRows(request.list, std::move(request.ranges)); });
+  }
+  return !requests.empty();
+}
+
+void Page::place() {
+  host_.place(placeLeaves(tree_, frames(), viewport(), margins_.keep, pinnedRows(), focused()));
+}
+
+const Node* Page::focused() const {
+  return tree_.find(host_.focused());
+}
+
+bool Page::focusNext(Direction direction) {
+  Node* const from = tree_.find(host_.focused());
+  if (!from) return false;
+  const Anchor before = placeOfReader();
+  return moveFocus(FocusOrder(tree_, *this).next(*from, direction), before, direction);
+}
+
+bool Page::focusFirst(Direction direction) {
+  if (!tree_.root()) return false;
+  const Anchor before = placeOfReader();
+  return moveFocus(FocusOrder(tree_, *this).firstIn(*tree_.root(), direction), before, direction);
+}
+
+bool Page::moveFocus(const Node* control, const Anchor& before, Direction direction) {
+  if (!control) {
+    scrollBackTo(before);
+    return false;
+  }
+  focus(*control, direction == Direction::forward ? FocusReason::forward : FocusReason::backward);
+  return true;
+}
+
+Anchor Page::placeOfReader() const {
+  return {Anchor::Reason::scrolled, tree_, frames(), viewport(), nullptr};
+}
+
+/// After a search for a control, which scrolls to the rows on its way, has found none.
+void Page::scrollBackTo(const Anchor& place) {
+  host_.scrollTo(place.position(tree_, frames(), viewport()));
+}
+
+bool Page::focus(ui::NodeID element, FocusReason reason) {
+  const Node* const node = tree_.find(element);
+  if (!node || !takesFocus(*node)) return false;
+  focus(*node, reason);
+  return true;
+}
+
+void Page::focus(const Node& control, FocusReason reason) {
+  const ui::NodeID id = control.id;
+  if (!control.isPlaced) reveal(control);
+  const Node* still = tree_.find(id);
+  if (!still || !still->isPlaced) return;
+  host_.giveFocus(*still, reason);
+  still = tree_.find(id);
+  if (still) reveal(*still);
+}
+
+void Page::reveal(const Node& leaf) {
+  const int position = positionShowing(leaf, frames(), viewport(), margins_.air);
+  if (position != position_) host_.scrollTo(position);
+}
+
+void Page::scrollIn(ui::NodeID element) {
+  const Node* const node = tree_.find(element);
+  if (!node) return;
+  const Rect frame = frames().of(*node);
+  const Viewport seen = viewport();
+  const int visible =
+      std::min(frame.bottom(), seen.position + seen.height) - std::max(frame.y, seen.position);
+  if (visible < std::min(frame.height, seen.height / 2)) reveal(*node);
+}
+
+void Page::revealRow(ui::NodeID list, std::size_t index) {
+  Node* const node = tree_.find(list);
+  if (node && node->rows && index < node->rows->count()) bringRow(*node, index);
+}
+
+Node* Page::bringRow(Node& list, std::size_t index) {
+  const ui::NodeID id = list.id;
+  const auto find = [&]() -> Node* {
+    Node* const still = tree_.find(id);
+    if (!still) return nullptr;
+    const auto row = std::ranges::find(still->children(), index, &Node::rowIndex);
+    return row == still->children().end() ? nullptr : &*row;
+  };
+  if (Node* const row = find()) return row;
+  if (filling_) return nullptr;
+  host_.scrollTo(list.frame.y + list.rows->topOnPage(index) - viewport().height / 3);
+  return find();
+}
+
+void Page::focusInPlace(ui::NodeID within, ui::NodeID after) {
+  focusKeeper_.moveTo({within, after, std::nullopt});
+  restoreFocus();
+}
+
+void Page::removing(Node& node) {
+  const bool isInView = pass_ && pass_->focusWasSeen;
+  focusKeeper_.removing(node, focused(), tree_.find(pressed_),
+                        isInView ? FocusKeeper::Sight::inView : FocusKeeper::Sight::outOfView);
+  host_.removing(node);
+}
+
+/// Hands a focus that was lost to the control that takes it. Where rows on the way there come only
+/// with the graph's next pass, the search goes on after that.
+void Page::restoreFocus() {
+  if (restoringFocus_) return;
+  const During restoring(restoringFocus_, true);
+  if (focusKeeper_.isSearching()) {
+    if (!beforeSearch_) beforeSearch_ = placeOfReader();
+    const Node* const control = focusKeeper_.control();
+    if (control) focus(*control, FocusReason::other);
+    if (pass_ && focusKeeper_.isUnfinished(focused())) return;
+    focusKeeper_.end();
+    const Anchor before = *std::exchange(beforeSearch_, std::nullopt);
+    if (!control) {
+      scrollBackTo(before);
+      host_.loseFocus();
+    }
+  }
+  host_.atRest();
+}
+
+}  // namespace vemra::page

@@ -1,0 +1,181 @@
+#include "VemraPlatform/page/Page.hpp"
+#include "tests/VemraPlatform/page/CellHost.hpp"
+#include "tests/VemraPlatform/page/Laid.hpp"
+
+#include <functional>
+#include <stdexcept>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace vemra::page {
+
+using namespace sample;
+using Direction = FocusOrder::Direction;
+
+namespace {
+
+/// A button that turns into a text when it is pressed.
+struct Once {
+  static constexpr std::string_view name = "Once";
+  struct State {
+    bool isDone = false;
+    friend bool operator==(const State&, const State&) = default;
+  };
+  std::string id;
+
+  ui::View body(const ui::LocalState<State>& state) const {
+    if (state->isDone) return text("done");
+    return ui::Button(ui::verbatim(id), [state] { state.set(&State::isDone, true); });
+  }
+  ui::Properties properties(const State&) const { return {}; }
+};
+
+using RowView = std::function<ui::View(const std::string&)>;
+
+/// A page of 300 rows, each twenty high, in a viewport of fifteen.
+class PageTest : public ::testing::Test {
+ protected:
+  void show(const RowView& row) {
+    graph.setRoot(column({list(numbered(300), row)}));
+    host.page.settleIfNeeded();
+  }
+  const Node* find(std::string_view name) const {
+    const Node* found = nullptr;
+    if (!host.page.tree().root()) return found;
+    forEachLeaf(*host.page.tree().root(), [&](const Node& leaf) {
+      if (nameOf(leaf) == name) found = &leaf;
+    });
+    return found;
+  }
+  void scrollTo(std::size_t row) { host.page.revealRow(host.page.tree().lists().at(0)->id, row); }
+  void press(std::string_view name) { host.page.deliver(find(name)->id, ui::Press{}); }
+  std::string focused() const {
+    const Node* const node = host.page.focused();
+    return node ? nameOf(*node) : "nothing";
+  }
+  /// Where an element stands in the viewport.
+  int top(std::string_view name) const {
+    return host.page.frames().of(*find(name)).y - host.position;
+  }
+
+  ui::ViewGraph graph;
+  CellHost host{graph};
+};
+
+/// Texts, but for a button that goes when it is pressed and one that stays.
+RowView rows(std::string goes, std::string stays = "") {
+  return [=](const std::string& id) -> ui::View {
+    if (id == goes) return Once{id};
+    return id == stays ? ui::View(button(id)) : ui::View(text(id));
+  };
+}
+
+}  // namespace
+
+TEST_F(PageTest, AFocusLostAmongRowsWithoutControlsGoesNowhereAndThePageComesToRest) {
+  show(rows("row150"));
+  scrollTo(150);
+  host.page.focus(find("row150")->id, FocusReason::other);
+  ASSERT_EQ(focused(), "row150");
+  const int before = top("row150");
+  press("row150");
+  EXPECT_EQ(focused(), "nothing");
+  EXPECT_EQ(host.vain, 1);
+  ASSERT_NE(find("done"), nullptr) << "the reader is where the reader was";
+  EXPECT_EQ(top("done"), before);
+}
+
+TEST_F(PageTest, AFocusLostAmongDisabledControlsGoesNowhereEither) {
+  show([](const std::string& id) -> ui::View {
+    return id == "row150" ? ui::View(Once{id}) : ui::View(button(id).disabled(true));
+  });
+  scrollTo(150);
+  host.page.focus(find("row150")->id, FocusReason::other);
+  press("row150");
+  EXPECT_EQ(focused(), "nothing");
+  EXPECT_EQ(host.vain, 1);
+}
+
+TEST_F(PageTest, ALostFocusGoesToARowFurtherDownThatIsNotThere) {
+  show(rows("row150", "row200"));
+  scrollTo(150);
+  host.page.focus(find("row150")->id, FocusReason::other);
+  press("row150");
+  EXPECT_EQ(focused(), "row200");
+  EXPECT_GE(top("row200"), 0);
+}
+
+TEST_F(PageTest, ALostFocusGoesToARowFurtherUpWhenNoneIsFurtherDown) {
+  show(rows("row150", "row100"));
+  scrollTo(150);
+  host.page.focus(find("row150")->id, FocusReason::other);
+  press("row150");
+  EXPECT_EQ(focused(), "row100");
+}
+
+TEST_F(PageTest, TabBehindTheLastControlLeavesThePageWhereItIs) {
+  show(rows("", "row150"));
+  scrollTo(150);
+  ASSERT_TRUE(host.page.focus(find("row150")->id, FocusReason::other));
+  const int before = host.position;
+  EXPECT_FALSE(host.page.focusNext(Direction::forward));
+  EXPECT_EQ(host.position, before);
+  EXPECT_FALSE(host.page.focusNext(Direction::backward));
+  EXPECT_EQ(host.position, before);
+  EXPECT_EQ(focused(), "row150");
+}
+
+TEST_F(PageTest, APageWithoutControlsStaysAtItsTopWhenTheFocusComesIn) {
+  show(rows(""));
+  EXPECT_FALSE(host.page.focusFirst(Direction::forward));
+  EXPECT_EQ(host.position, 0);
+  EXPECT_FALSE(host.page.focusFirst(Direction::backward));
+  EXPECT_EQ(host.position, 0);
+}
+
+TEST_F(PageTest, AnElementIsScrolledInOnlyWhenItIsNotSeen) {
+  show(rows("", "row150"));
+  scrollTo(150);
+  host.scrollTo(150 * 20);
+  host.page.scrollIn(find("row150")->id);
+  EXPECT_EQ(host.position, 150 * 20) << "its top is the viewport's";
+  host.scrollTo(150 * 20 + 12);
+  host.page.scrollIn(find("row150")->id);
+  EXPECT_EQ(top("row150"), 12) << "with air above it";
+}
+
+TEST_F(PageTest, APageThatIsNotShownWaitsUntilItIs) {
+  host.isSeen = false;
+  show(rows(""));
+  EXPECT_TRUE(host.drawn.empty());
+  host.isSeen = true;
+  host.page.settle();
+  EXPECT_FALSE(host.drawn.empty());
+}
+
+TEST_F(PageTest, WhatADescriptionThrowsGoesToTheHostAndThePageGoesOn) {
+  show([](const std::string& id) -> ui::View {
+    if (id == "row150") throw std::runtime_error(id);
+    return text(id);
+  });
+  scrollTo(150);
+  ASSERT_EQ(host.errors.size(), 1u);
+  EXPECT_THROW(std::rethrow_exception(host.errors[0]), std::runtime_error);
+  EXPECT_NE(find("row151"), nullptr);
+  EXPECT_EQ(host.maximum, host.page.contentHeight() - host.size.height);
+}
+
+TEST_F(PageTest, AScrollBarThatNarrowsThePageIsTakenUpInTheSamePass) {
+  show(rows(""));
+  EXPECT_TRUE(host.hasBar);
+  EXPECT_EQ(host.page.tree().root()->measuredWidth, host.size.width - 10);
+  const int rests = host.rests;
+  graph.setRoot(text("short"));
+  host.page.settleIfNeeded();
+  EXPECT_FALSE(host.hasBar);
+  EXPECT_EQ(host.page.tree().root()->measuredWidth, host.size.width);
+  EXPECT_GT(host.rests, rests);
+}
+
+}  // namespace vemra::page
