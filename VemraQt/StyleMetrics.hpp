@@ -1,6 +1,5 @@
 #pragma once
 
-#include "VemraPlatform/page/Layout.hpp"
 #include "VemraQt/Looks.hpp"
 #include "VemraQt/ShownLeaf.hpp"
 
@@ -23,13 +22,13 @@ inline constexpr int smallestTarget = 24;
 ///
 /// A control is never smaller than `smallestTarget`. A title that is wider
 /// than the page goes on in further lines.
-class StyleMetrics final : public page::LeafMetrics {
+class StyleMetrics final {
  public:
   /// Keeps the lines of what it measures in `leaves`.
   StyleMetrics(const QWidget& page, const Looks& looks, ShownLeaves& leaves)
       : page_(page), looks_(looks), leaves_(leaves) {}
 
-  page::Size measure(const page::Node& leaf, int width) override;
+  page::Size measure(const page::Node& leaf, int width);
 
  private:
   QSize text(const page::Node& leaf, TextShape& shape, int width) const;

@@ -42,7 +42,7 @@ void ViewWidget::prepare() {
   installAccessiblePages();
   page_ = std::make_unique<Page>(*this, graph_);
   applyLooks();
-  page_->errors().attempt([this] { graph_.attach(*page_); });
+  page_->attach();
   connect(qApp, &QGuiApplication::layoutDirectionChanged, this, [this] { followSystem(); });
 }
 
