@@ -25,17 +25,44 @@ repository_files() {
   fi
 }
 
+# llvm PROGRAM: the name of clang++, clang-tidy … in the version that scripts/bootstrap installs.
+llvm() {
+  local version versions
+  read -ra versions <scripts/packages/llvm-versions
+  for version in "${versions[@]}"; do
+    if command -v "$1-$version" >/dev/null; then
+      echo "$1-$version"
+      return
+    fi
+  done
+  fail "there is no $1 of any version in scripts/packages/llvm-versions"
+}
+
+# is_configured PRESET OPTION...: whether that build is up to date with the presets, and with NAME=VALUE.
+is_configured() {
+  local folder=build/$1 option
+  shift
+  # Ninja configures again by itself when a CMakeLists.txt changes, but it does not know the presets.
+  [[ $folder/build.ninja -nt CMakePresets.json ]] || return
+  for option in "$@"; do
+    grep -q "^${option%%=*}:[A-Z]*=\(.*/\)\?${option#*=}\$" "$folder/CMakeCache.txt" || return
+  done
+}
+
 # configure_and_build PRESET [NINJA ARGUMENT...]: quiet while it works, everything when it does not.
-# The options in configure_options go to cmake behind the preset.
+# What is in configure_options, as NAME=VALUE, overrides the preset.
 configure_options=()
 configure_and_build() {
-  local preset=$1 log
+  local preset=$1 log options
   shift
   mkdir -p "build/$preset"
   log="build/$preset/configure.log"
-  # Ninja configures again by itself when a CMakeLists.txt changes, but it does not know the presets.
-  if [[ ! build/$preset/build.ninja -nt CMakePresets.json ]]; then
-    if ! cmake --preset "$preset" "${configure_options[@]}" >"$log" 2>&1 </dev/null; then
+  options=("${configure_options[@]}")
+  case $preset in
+    clang | aligned | fuzz) options+=("CMAKE_CXX_COMPILER=$(llvm clang++)") ;;
+  esac
+  if ! is_configured "$preset" "${options[@]}"; then
+    if ! cmake --preset "$preset" "${options[@]/#/-D}" >"$log" 2>&1 </dev/null; then
       cat "$log" >&2
       fail "cannot configure the preset $preset"
     fi

@@ -3,6 +3,7 @@
 #include "VemraPlatform/date/TimeZoneRule.hpp"
 #include "VemraPlatform/date/ZoneinfoFolder.hpp"
 
+#include <cstdint>
 #include <cstdlib>
 #include <optional>
 #include <string>

@@ -3,6 +3,8 @@
 #include "VemraPlatform/date/TimeZone.hpp"
 #include "VemraPlatform/date/ZoneinfoFolder.hpp"
 
+#include <cstdint>
+
 #include <unicode/unistr.h>
 
 namespace vemra::date {

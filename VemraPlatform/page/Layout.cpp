@@ -1,6 +1,7 @@
 #include "VemraPlatform/page/Layout.hpp"
 
 #include <algorithm>
+#include <cstdint>
 #include <numeric>
 
 namespace vemra::page {

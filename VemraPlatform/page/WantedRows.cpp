@@ -1,6 +1,7 @@
 #include "VemraPlatform/page/WantedRows.hpp"
 
 #include <algorithm>
+#include <cstdint>
 #include <functional>
 #include <ranges>
 #include <utility>

@@ -5,6 +5,7 @@
 #include "VemraPlatform/ui/NodeID.hpp"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>

@@ -5,6 +5,7 @@
 #include "VemraQt/widgets/LineField.hpp"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace vemra::qt {
 

@@ -3,6 +3,8 @@
 #include "VemraQt/accessibility/AccessibleTree.hpp"
 #include "VemraQt/accessibility/LaterQt.hpp"
 
+#include <cstdint>
+
 #include <QAccessibleInterface>
 
 /// \file

@@ -1,6 +1,7 @@
 """What can be changed in a C++ source: every mutant with its place, read from the syntax tree."""
 import dataclasses
 import functools
+import pathlib
 import hashlib
 import re
 
@@ -161,7 +162,10 @@ def readable(text):
 
 @functools.lru_cache(maxsize=None)
 def index():
-    clang.cindex.Config.set_library_file("/usr/lib/llvm-16/lib/libclang-16.so.1")
+    # The module finds its library by itself where that has the usual name; Debian's has a version's.
+    libraries = sorted(pathlib.Path("/usr/lib").glob("llvm-*/lib/libclang-*.so.1"))
+    if libraries:
+        clang.cindex.Config.set_library_file(str(libraries[-1]))
     return clang.cindex.Index.create()
 
 

@@ -4,7 +4,7 @@ side, that the compiler's messages about the others name them, and which ones th
 
     tests/mutants/ToolTest.py [--update-expected]
 
-Exit code 77 (skipped) where the packages of scripts/debian-packages-mutate are not installed.
+Exit code 77 (skipped) where the packages of scripts/packages/mutate are not installed.
 """
 import pathlib
 import resource
@@ -18,7 +18,7 @@ sys.path.insert(0, str(ROOT / "scripts/mutation"))
 try:
     import clang.cindex  # noqa: F401
 except ImportError:
-    print("python3-clang-16 is not installed")
+    print("python3-clang is not installed: scripts/bootstrap --mutate")
     sys.exit(77)
 
 import blame  # noqa: E402

@@ -4,6 +4,7 @@
 #include "apps/desk/store/Statement.hpp"
 #include "apps/desk/store/StoreError.hpp"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>

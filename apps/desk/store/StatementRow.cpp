@@ -3,6 +3,8 @@
 #include "apps/desk/store/StoreError.hpp"
 #include "apps/documents/DocumentError.hpp"
 
+#include <cstdint>
+
 #include <sqlite3.h>
 
 // The values of a row: each of the type that is expected, or a `StoreError` that names the row.

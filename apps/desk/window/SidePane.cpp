@@ -9,6 +9,7 @@
 #include "apps/desk/window/PlainText.hpp"
 
 #include <algorithm>
+#include <cstdint>
 #include <limits>
 #include <memory>
 #include <utility>
