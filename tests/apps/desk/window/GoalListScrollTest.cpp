@@ -4,6 +4,7 @@
 #include "tests/apps/desk/window/Keys.hpp"
 #include "tests/apps/desk/window/ShownGoalList.hpp"
 
+#include <QLabel>
 #include <QScrollBar>
 
 namespace vemra::desk {
@@ -38,6 +39,12 @@ TEST_F(GoalListScrollTest, AnotherFontMeasuresTheRowsAnew) {
 TEST_F(GoalListScrollTest, OneStepOfTheScrollBarIsHalfARow) {
   EXPECT_EQ(bar().singleStep(), list.rowRect(900).height() / 2);
   EXPECT_EQ(bar().pageStep(), list.viewport()->height());
+}
+
+TEST_F(GoalListScrollTest, TheHeadingStandsAboveTheFirstTitleAndAsFarFromTheEdge) {
+  const QRect heading = list.heading().contentsRect().translated(list.heading().pos());
+  EXPECT_EQ(heading.left(), list.rowRect(0).left() + 10) << "a row's own margin";
+  EXPECT_EQ(list.rowRect(0).top() - heading.bottom() - 1, 8);
 }
 
 TEST_F(GoalListScrollTest, TheScrollBarBeginsAtTheTopAndIsEmptyWhereAllRowsFit) {
