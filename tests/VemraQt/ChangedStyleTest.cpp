@@ -1,15 +1,11 @@
 // An element that keeps its identity keeps its widget, which looks as the new description says.
 
-#include "VemraQt/ViewWidget.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "VemraQt/widgets/LineField.hpp"
 #include "VemraQt/widgets/PushButton.hpp"
 #include "VemraQt/widgets/TextLabel.hpp"
-#include "tests/VemraPlatform/ui/Sample.hpp"
+#include "tests/VemraQt/ShownPage.hpp"
 
-#include <string>
-
-#include <QApplication>
 #include <QFontInfo>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -20,34 +16,8 @@ using ui::Font;
 
 namespace {
 
-struct Size {
-  int value = 0;
-  friend std::string caseName(const Size& size) { return std::to_string(size.value); }
-};
-
-class ChangedStyle : public ::testing::Test {
+class ChangedStyle : public qttest::ShownPage {
  protected:
-  ChangedStyle() {
-    widget.setEnvironment({});
-    widget.resize(300, 400);
-    widget.show();
-    widget.activateWindow();
-    QApplication::setActiveWindow(&widget);
-  }
-
-  static ui::View button(ButtonStyle style) {
-    return ui::Button(ui::verbatim("Button"), [] {}).buttonStyle(style);
-  }
-  static ui::View picker() {
-    return ui::Picker("Size", ui::Binding<Size>([] { return Size{}; }, [](const Size&) {}),
-                      {ui::Text("Small").tag(Size{0}), ui::Text("Large").tag(Size{1})});
-  }
-  ui::View field() {
-    return ui::TextField(
-        "Note", ui::Binding<std::string>([this] { return note; },
-                                         [this](const std::string& text) { note = text; }));
-  }
-
   /// The widget of that class that shows an element.
   template <class Widget>
   Widget& shown() const {
@@ -68,9 +38,6 @@ class ChangedStyle : public ::testing::Test {
     other.show();
     return other.grab().toImage();
   }
-
-  std::string note;
-  qt::ViewWidget widget;
 };
 
 }  // namespace

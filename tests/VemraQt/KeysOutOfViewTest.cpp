@@ -1,16 +1,14 @@
 // A key that reaches a control out of view scrolls it in before it acts.
 
-#include "VemraPlatform/ui/View.hpp"
-#include "VemraQt/ViewWidget.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "VemraQt/widgets/LineField.hpp"
 #include "VemraQt/widgets/PushButton.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
+#include "tests/VemraQt/ShownPage.hpp"
 
 #include <string>
 #include <vector>
 
-#include <QApplication>
 #include <QContextMenuEvent>
 #include <QInputMethodEvent>
 #include <QMenu>
@@ -26,51 +24,12 @@ using ui::ButtonStyle;
 
 namespace {
 
-struct Place {
-  int value = 0;
-  friend std::string caseName(const Place& place) { return std::to_string(place.value); }
-};
-
 /// A control in the middle of a long page, or in a row of a long list.
-class KeysOutOfView : public ::testing::Test {
+class KeysOutOfView : public qttest::ShownPage {
  protected:
-  KeysOutOfView() {
-    widget.setEnvironment({});
-    widget.resize(300, 400);
-    widget.show();
-    widget.activateWindow();
-    QApplication::setActiveWindow(&widget);
-  }
+  KeysOutOfView() { note = "note"; }
   ~KeysOutOfView() override {
     if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
-  }
-
-  ui::View button(ButtonStyle style) {
-    return ui::Button(ui::verbatim("Button"), [this] { act("press"); })
-        .buttonStyle(style)
-        .accessibilityIdentifier("control");
-  }
-  ui::View picker() {
-    std::vector<ui::View> rows;
-    for (int i = 0; i < 5; ++i) {
-      rows.push_back(ui::Text(ui::verbatim(names[static_cast<std::size_t>(i)])).tag(Place{i}));
-    }
-    return ui::Picker("Place",
-                      ui::Binding<Place>([this] { return Place{place}; },
-                                         [this](const Place& chosen) {
-                                           place = chosen.value;
-                                           act("choose " + caseName(chosen));
-                                         }),
-                      ui::Children(std::move(rows)))
-        .accessibilityIdentifier("control");
-  }
-  ui::View field() {
-    return ui::TextField("Note", ui::Binding<std::string>([this] { return note; },
-                                                          [this](const std::string& text) {
-                                                            note = text;
-                                                            act("write " + text);
-                                                          }))
-        .accessibilityIdentifier("control");
   }
 
   /// Shows the control among lines, gives it the focus and scrolls it away.
@@ -95,17 +54,13 @@ class KeysOutOfView : public ::testing::Test {
     const QRect frame = shown->geometry();  // a plain button reaches a little past the side
     return frame.top() >= 0 && frame.bottom() < widget.viewport()->height();
   }
-  void act(const std::string& what) {
+  void act(const std::string& what) override {
     done.push_back(what);
     if (!isSeen()) done.push_back("unseen");
   }
   static QMenu* menu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
 
-  const std::vector<std::string> names = {"Alpha", "Beta", "Gamma", "Delta", "Gimel"};
-  int place = 2;
-  std::string note = "note";
   std::vector<std::string> done;
-  qt::ViewWidget widget;
 };
 
 }  // namespace
