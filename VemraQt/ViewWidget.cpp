@@ -95,6 +95,8 @@ void ViewWidget::applyLooks() {
 }
 
 bool ViewWidget::event(QEvent* event) {
+  // Destroys the widget: there is nothing to come back to.
+  if (event->type() == QEvent::DeferredDelete) return QAbstractScrollArea::event(event);
   bool handled = false;
   {
     const QScopedValueRollback<bool> inside(inEvent_, true);

@@ -22,6 +22,9 @@ class Page;
 /// What a description of the tree throws stops nothing. A call of the host throws it when all else
 /// is done; what an event brings up is thrown from the event loop, never into Qt (`PageErrors`).
 ///
+/// Must not be destroyed by an action of the tree, nor by what hears its accessibility events; that
+/// stops the process. `deleteLater` and closing its window are allowed there.
+///
 /// Until `setEnvironment` is called the widget follows the system: its palette, its direction and
 /// the user's locale and time zone. Main thread only.
 class ViewWidget : public QAbstractScrollArea {

@@ -5,6 +5,8 @@
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 
 #include <QAbstractScrollArea>
 #include <QTimer>
@@ -21,6 +23,13 @@ AccessibleTree::AccessibleTree(QAbstractScrollArea& area, Page& page) : area_(ar
 }
 
 AccessibleTree::~AccessibleTree() {
+  if (notifying_) {
+    std::fputs(
+        "vemra::qt: a ViewWidget was destroyed while it notified assistive technology; "
+        "use deleteLater\n",
+        stderr);
+    std::abort();
+  }
   removeIdentifierSource(*this);
   for (ElementSlot& slot : slots_) {
     if (slot.object) bury(*slot.object);

@@ -49,6 +49,8 @@ class Page;
 class AccessibleTree final : public QObject, public IdentifierSource {
  public:
   AccessibleTree(QAbstractScrollArea& area, Page& page);
+  /// Stops the process when a client or an observer destroys the page while it is being notified:
+  /// the pass that notifies would go on with a page that is not there.
   ~AccessibleTree() override;
 
   /// \name The page's children: elements and rows @{
@@ -147,8 +149,12 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   ChildSteps adopt(std::vector<ElementSlot>& elements, std::vector<ElementSlot> fresh);
   ChildSteps followRows(ui::NodeID list);
   void note(AccessibleRow* row, const ChildSteps& steps);
+  void tell(const std::vector<ChildChange>& changes);
   void tell(const ChildChange& change) const;
   void tell(const std::vector<Change>& changes);
+  void announceNews();
+  template <class Tell>
+  void notify(Tell tell);
   void compare(ElementSlot& slot, std::vector<Change>& changes) const;
   void compareName(AccessibleRow& row, std::vector<Change>& changes) const;
   void compareShowing(std::vector<Change>& changes);
@@ -184,6 +190,8 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   std::vector<ChildChange> childChanges_;
   std::vector<QAccessible::Id> showing_;  ///< what clients have heard to be in the viewport
   QTimer comparing_;
+  bool notifying_ = false;  ///< clients are being notified; they may ask and change anything
+  bool hasNews_ = false;    ///< something may have changed since they were notified
 };
 
 }  // namespace vemra::qt

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include <QAbstractScrollArea>
+#include <QScopedValueRollback>
 
 namespace vemra::qt {
 
@@ -28,8 +29,23 @@ void AccessibleTree::elementUpdated(const page::Node& node) {
   if (node.isLeaf() && isWatched()) updated_.push_back(node.id);
 }
 
+/// Runs what notifies clients. What they change meanwhile is announced after it, so that they hear of
+/// all changes in their order.
+template <class Tell>
+void AccessibleTree::notify(Tell tell) {
+  if (notifying_) return tell();
+  const QScopedValueRollback<bool> notifying(notifying_, true);
+  tell();
+  while (std::exchange(hasNews_, false)) announceNews();
+}
+
 void AccessibleTree::announce() {
   if (!isWatched()) return;
+  hasNews_ = true;
+  notify([] {});
+}
+
+void AccessibleTree::announceNews() {
   refreshPage();
   std::ranges::sort(changedRows_);
   const auto same = std::ranges::unique(changedRows_);
@@ -37,7 +53,7 @@ void AccessibleTree::announce() {
   for (const NodeID changed : std::exchange(changedRows_, {})) {
     if (AccessibleRow* row = knownRow(changed)) elementsOf(row);
   }
-  for (const ChildChange& change : std::exchange(childChanges_, {})) tell(change);
+  tell(std::exchange(childChanges_, {}));
   std::vector<Change> changes;
   for (const NodeID updated : std::exchange(updated_, {})) {
     ElementSlot* slot = nullptr;
@@ -78,8 +94,10 @@ void AccessibleTree::compareSomeRows() {
     for (ElementSlot& slot : elementsOf(row)) compare(slot, changes);
     compareName(*row, changes);
   }
-  for (const ChildChange& change : std::exchange(childChanges_, {})) tell(change);
-  tell(changes);
+  notify([&] {
+    tell(std::exchange(childChanges_, {}));
+    tell(changes);
+  });
 }
 
 void AccessibleTree::compare(ElementSlot& slot, std::vector<Change>& changes) const {
@@ -157,11 +175,13 @@ void AccessibleTree::compareShowing(std::vector<Change>& changes) {
   }
 }
 
-/// A client that is told may change anything: of what is gone by then, nobody is told.
+/// A client that is told may change anything: what is gone by then is not announced.
 void AccessibleTree::tell(const std::vector<Change>& changes) {
   for (const auto& [id, what] : changes) {
+    refreshPage();
     AccessibleObject* object = AccessibleObject::living(id);
-    if (!object) continue;
+    auto* element = dynamic_cast<AccessibleElement*>(object);
+    if (!object || (element && !element->node())) continue;
     if (what == Change::What::enabled) {
       QAccessible::State changed;
       changed.disabled = true;
@@ -176,6 +196,13 @@ void AccessibleTree::tell(const std::vector<Change>& changes) {
                                                                    : QAccessible::ObjectHide);
       QAccessible::updateAccessibility(&event);
     }
+  }
+}
+
+void AccessibleTree::tell(const std::vector<ChildChange>& changes) {
+  for (const ChildChange& change : changes) {
+    refreshPage();
+    tell(change);
   }
 }
 
@@ -215,7 +242,7 @@ void AccessibleTree::focusMoved(NodeID node) {
   AccessibleElement* object = leaf ? objectOf(*leaf) : nullptr;
   if (!object) return;
   QAccessibleEvent event(object, QAccessible::Focus);
-  QAccessible::updateAccessibility(&event);
+  notify([&] { QAccessible::updateAccessibility(&event); });
 }
 
 }  // namespace vemra::qt

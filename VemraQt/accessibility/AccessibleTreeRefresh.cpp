@@ -26,7 +26,8 @@ void AccessibleTree::refreshPage() {
   if (pageVersion_ == page_.version()) return;
   const bool wasKnown = hasBeenAsked();
   pageVersion_ = page_.version();
-  const ui::Node* root = page_.graph().root();
+  // Another page may have taken the graph over: this one shows nothing then.
+  const ui::Node* root = page_.tree().root() ? page_.graph().root() : nullptr;
   const ChildSteps ofElements =
       adopt(slots_, root ? elementsUnder(root->id, page_) : std::vector<ElementSlot>());
   const std::vector<Segment> before = std::exchange(segments_, segmentsOf(slots_));
