@@ -1,10 +1,15 @@
 #include "apps/desk/window/AccessibleGoals.hpp"
 
+#include "VemraQt/accessibility/ChildSignals.hpp"
 #include "apps/desk/window/GoalList.hpp"
 #include "apps/desk/window/GoalRow.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
+#include <cstdlib>
+#include <optional>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include <QAccessibleWidget>
 #include <QLabel>
@@ -13,6 +18,9 @@
 
 namespace vemra::desk {
 namespace {
+
+/// So many changes are announced one by one; of more, that clients have to ask again.
+constexpr std::size_t mostToldOneByOne = 32;
 
 /// A goal that has no widget. It is that of its index, whatever goals the list has by then.
 class AccessibleGoal final : public QAccessibleInterface, public QAccessibleActionInterface {
@@ -35,7 +43,9 @@ class AccessibleGoal final : public QAccessibleInterface, public QAccessibleActi
 
   QString text(QAccessible::Text kind) const override {
     if (kind != QAccessible::Name || !isValid()) return {};
-    return GoalRow::nameOf(fromUTF8(column_->list()->goals()[index_].title));
+    QString name = shownName();
+    toldName_ = qHash(name);
+    return name;
   }
   void setText(QAccessible::Text, const QString&) override {}
   QRect rect() const override {
@@ -49,7 +59,8 @@ class AccessibleGoal final : public QAccessibleInterface, public QAccessibleActi
     state.invalid = state.disabled = !isValid();
     if (!isValid()) return state;
     state.checkable = state.focusable = true;
-    state.checked = column_->list()->openIndex() == index_;
+    state.checked = isOpen();
+    toldOpen_ = isOpen();
     state.offscreen = true;
     state.invisible = !column_->isVisible();
     return state;
@@ -67,9 +78,28 @@ class AccessibleGoal final : public QAccessibleInterface, public QAccessibleActi
   }
   QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
+  /// Whether its name, or its state, differs from what a client was told, which is about to be told
+  /// the new one; false when none has asked.
+  bool takeName() {
+    if (!toldName_ || !isValid()) return false;
+    const std::size_t name = qHash(shownName());
+    return std::exchange(*toldName_, name) != name;
+  }
+  bool takeOpen() {
+    if (!toldOpen_ || !isValid()) return false;
+    return std::exchange(*toldOpen_, isOpen()) != isOpen();
+  }
+
  private:
+  QString shownName() const {
+    return GoalRow::nameOf(fromUTF8(column_->list()->goals()[index_].title));
+  }
+  bool isOpen() const { return column_->list()->openIndex() == index_; }
+
   QPointer<GoalColumn> column_;
   std::size_t index_;
+  mutable std::optional<std::size_t> toldName_;  // a hash of it
+  mutable std::optional<bool> toldOpen_;
 };
 
 /// The heading, then the goals. Neither counting them nor finding one looks at the others.
@@ -81,11 +111,12 @@ class AccessibleColumn final : public QAccessibleWidget {
   }
 
   int childCount() const override {
-    return list() ? 1 + static_cast<int>(list()->goals().size()) : 0;
+    toldCount_ = count();
+    return *toldCount_;
   }
 
   QAccessibleInterface* child(int place) const override {
-    if (place < 0 || place >= childCount()) return nullptr;
+    if (place < 0 || place >= count()) return nullptr;
     if (place == 0) return QAccessible::queryAccessibleInterface(&list()->heading());
     const auto index = static_cast<std::size_t>(place - 1);
     if (GoalRow* row = list()->row(index)) return QAccessible::queryAccessibleInterface(row);
@@ -111,11 +142,75 @@ class AccessibleColumn final : public QAccessibleWidget {
     return at ? QAccessible::queryAccessibleInterface(at) : nullptr;
   }
 
+  /// An observer may do anything while it is notified, even destroy the list: what is to be sent is
+  /// collected before.
+  void announce() {
+    announceCount();
+    std::vector<QAccessible::Id> renamed, opened;
+    for (const auto& [index, id] : known_) {
+      auto& goal = *static_cast<AccessibleGoal*>(QAccessible::accessibleInterface(id));
+      if (goal.takeName()) renamed.push_back(id);
+      if (goal.takeOpen()) opened.push_back(id);
+    }
+    if (renamed.size() > mostToldOneByOne) {
+      announceUnlisted();
+      renamed.clear();
+    }
+    for (const QAccessible::Id id : renamed) {
+      QAccessibleInterface* goal = QAccessible::accessibleInterface(id);
+      if (!goal) return;
+      QAccessibleEvent event(goal, QAccessible::NameChanged);
+      QAccessible::updateAccessibility(&event);
+    }
+    QAccessible::State changed;
+    changed.checked = true;
+    for (const QAccessible::Id id : opened) {
+      QAccessibleInterface* goal = QAccessible::accessibleInterface(id);
+      if (!goal) return;
+      QAccessibleStateChangeEvent event(goal, changed);
+      QAccessible::updateAccessibility(&event);
+    }
+  }
+
  private:
+  int count() const { return list() ? 1 + static_cast<int>(list()->goals().size()) : 0; }
+
+  /// A goal is known by its place: when there are more or fewer, they are so at the end.
+  void announceCount() {
+    using Kind = qt::ChildChange::Kind;
+    if (!toldCount_ || !qt::sendsChildSignals()) return;
+    const int before = std::exchange(*toldCount_, count());
+    const int now = *toldCount_;
+    if (static_cast<std::size_t>(std::abs(now - before)) > mostToldOneByOne) {
+      announceUnlisted();
+      return;
+    }
+    const QAccessible::Id self = QAccessible::uniqueId(this);
+    for (int place = before - 1; place >= now; --place) {
+      const auto index = static_cast<std::size_t>(place);
+      const auto known = known_.find(index - 1);
+      qt::sendChildSignal(self,
+                          {Kind::removed, self, index, known == known_.end() ? 0 : known->second});
+    }
+    for (int place = before; place < now; ++place) {
+      qt::sendChildSignal(self, {Kind::added, self, static_cast<std::size_t>(place), idAt(place)});
+    }
+  }
+  void announceUnlisted() {
+    const QAccessible::Id self = QAccessible::uniqueId(this);
+    if (!qt::sendsChildSignals()) return;
+    qt::sendChildSignal(self, {qt::ChildChange::Kind::unlisted, self, 0, idAt(0)});
+  }
+  QAccessible::Id idAt(int place) const {
+    QAccessibleInterface* at = child(place);
+    return at ? QAccessible::uniqueId(at) : 0;
+  }
+
   GoalColumn& column() const { return *static_cast<GoalColumn*>(widget()); }
   GoalList* list() const { return column().list(); }
 
   mutable std::unordered_map<std::size_t, QAccessible::Id> known_;
+  mutable std::optional<int> toldCount_;
 };
 
 QAccessibleInterface* makeColumn(const QString&, QObject* object) {
@@ -128,6 +223,12 @@ QAccessibleInterface* makeColumn(const QString&, QObject* object) {
 GoalColumn::GoalColumn(GoalList& list) : list_(&list) {
   static const bool installed = (QAccessible::installFactory(makeColumn), true);
   static_cast<void>(installed);
+}
+
+void GoalColumn::announce() {
+  if (!QAccessible::isActive() || !list_) return;
+  auto* column = dynamic_cast<AccessibleColumn*>(QAccessible::queryAccessibleInterface(this));
+  if (column) column->announce();
 }
 
 }  // namespace vemra::desk

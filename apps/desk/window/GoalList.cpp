@@ -31,7 +31,11 @@ GoalList::GoalList(QWidget* parent) : QAbstractScrollArea(parent) {
 
 /// Assistive technology may ask the viewport about its rows until that is destroyed, after the list.
 GoalList::~GoalList() {
-  static_cast<GoalColumn*>(viewport())->forgetList();
+  column().forgetList();
+}
+
+GoalColumn& GoalList::column() const {
+  return *static_cast<GoalColumn*>(viewport());
 }
 
 void GoalList::setGoals(const std::vector<GoalListing>& goals, const std::string& openGoalID) {
@@ -51,6 +55,7 @@ void GoalList::setGoals(const std::vector<GoalListing>& goals, const std::string
   for (const auto& [index, row] : rows_) fillRow(*row, index);
   layOut();
   showOpen();
+  column().announce();
 }
 
 GoalRow* GoalList::row(std::size_t index) const {

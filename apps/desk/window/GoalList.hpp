@@ -14,6 +14,7 @@ class QLabel;
 
 namespace vemra::desk {
 
+class GoalColumn;
 class GoalRow;
 
 /// The goals of the store, one below the other; one of them is open.
@@ -62,6 +63,7 @@ class GoalList : public QAbstractScrollArea {
     std::size_t first = 0, last = 0;  ///< `last` excluded
   };
 
+  GoalColumn& column() const;
   int top() const;
   int rowWidth() const;
   void measureAnew();

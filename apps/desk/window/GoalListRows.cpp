@@ -1,5 +1,6 @@
 // Where the rows of the list are, and which of them have a widget.
 
+#include "apps/desk/window/AccessibleGoals.hpp"
 #include "apps/desk/window/GoalList.hpp"
 #include "apps/desk/window/GoalRow.hpp"
 #include "apps/desk/window/PlainText.hpp"
@@ -145,6 +146,7 @@ GoalRow& GoalList::makeRow(std::size_t index) {
     row->installEventFilter(this);
     connect(row, &QPushButton::clicked, this, [this, row = row] {
       open_ = indexOf(*row);
+      column().announce();
       // A copy: a listener may give the row another goal.
       if (open_) Q_EMIT goalChosen(std::string(row->goalID()));
     });

@@ -13,8 +13,8 @@ import tempfile
 
 sys.path.insert(0, sys.argv[2])
 from accessible import (  # noqa: E402
-    BACKTAB, DOWN, ENTER, TAB, UP, Atspi, act, application, equal, find, go_to, has, key, run_checks,
-    type_note, wait_for, walk)
+    BACKTAB, DOWN, ENTER, TAB, UP, Atspi, Ear, act, application, equal, find, go_to, has, key,
+    run_checks, type_note, wait_for, walk)
 
 PEOPLE = 200
 SHOWING, FOCUSED = Atspi.StateType.SHOWING, Atspi.StateType.FOCUSED
@@ -63,15 +63,22 @@ class Desk:
     def __init__(self, program, folder):
         self.program = program
         self.store = os.path.join(folder, "goals.sqlite")
-        file = os.path.join(folder, "result.json")
-        with open(file, "w", encoding="utf-8") as out:
-            json.dump(document(), out, ensure_ascii=False)
-        subprocess.run([program, "import", "--store", self.store, file], check=True)
+        self.folder = folder
+        self.import_goals([document()])
         self.process = subprocess.Popen(
             [program, "--store", self.store, "--goal", "g1"],
             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
         self.root = wait_for(lambda: application("vemra-desk"), "the program on the bus", 20)
         wait_for(self.is_active, "the window with the focus", 20)
+
+    def import_goals(self, documents):
+        """As another process does it, whatever window is open."""
+        files = []
+        for number, content in enumerate(documents):
+            files.append(os.path.join(self.folder, f"result{number}.json"))
+            with open(files[-1], "w", encoding="utf-8") as out:
+                json.dump(content, out, ensure_ascii=False)
+        subprocess.run([self.program, "import", "--store", self.store, *files], check=True)
 
     def is_active(self):
         frame = self.root.get_child_at_index(0)
@@ -196,6 +203,57 @@ def the_store_is_whole(desk):
     equal(len({outcome["id"] for outcome in desk.outcomes()}), 7)
 
 
+def goals(numbers, title="Further goal {}"):
+    documents = []
+    for number in numbers:
+        goal = {"id": f"further{number}", "title": title.format(number)}
+        documents.append({"goal": goal, "people": [], "paths": [], "group": [], "outcomes": [],
+                          "coverage": {"sources": [], "evidenceCount": 0}})
+    return documents
+
+
+def hears(ear, wanted):
+    """The first event that is wanted; those before it are dropped."""
+    found = []
+
+    def heard():
+        found.extend(event for event in ear.heard() if wanted(event))
+        return found
+
+    return wait_for(heard, f"an event of {ear.kind}", 10)[0]
+
+
+def column_of_goals(desk):
+    pane = next(node for node in walk(desk.root) if node.get_name() == "Goals")
+    return next(node for node in walk(pane.get_parent())
+                if node.get_child_count() > 1
+                and node.get_child_at_index(1).get_role_name() == "radio button")
+
+
+def more_goals_are_announced_and_so_are_new_names_of_goals_out_of_view(desk):
+    column = column_of_goals(desk)
+    equal(column.get_child_count(), 2)  # the heading and the goal
+    with Ear("object:children-changed") as ear:
+        desk.import_goals(goals(range(2)))
+        first = hears(ear, lambda event: event[0] == "add" and event[1] == 2)
+        equal((first[2].get_name(), first[3] == column), ("Further goal 0", True))
+        desk.import_goals(goals(range(2, 200)))
+        hears(ear, lambda event: event[0] == "add" and event[1] == -1 and event[3] == column)
+    column.clear_cache()
+    equal(column.get_child_count(), 202)
+    far = column.get_child_at_index(151)
+    assert not has(far, SHOWING)
+    equal(far.get_name(), "Further goal 149")
+    with Ear("object:property-change:accessible-name") as ear:
+        desk.import_goals(goals([149], "Renamed goal {}"))
+        hears(ear, lambda event: event[3] == far)
+    far.clear_cache()
+    equal(far.get_name(), "Renamed goal 149")
+    with Ear("object:state-changed:checked") as ear:
+        act(far, "Press")
+        equal(hears(ear, lambda event: event[3] == far)[1], 1)
+
+
 CHECKS = [
     every_identifier_is_there_and_no_other,
     names_are_shown_as_they_are,
@@ -203,6 +261,7 @@ CHECKS = [
     a_recording_and_its_correction_reach_the_store,
     so_they_do_outside_the_viewport,
     the_store_is_whole,
+    more_goals_are_announced_and_so_are_new_names_of_goals_out_of_view,
 ]
 
 Atspi.init()
