@@ -1,6 +1,5 @@
 #include "VemraPlatform/date/TimeZone.hpp"
 
-#include "VemraPlatform/date/TimeZoneRule.hpp"
 #include "VemraPlatform/date/ZoneinfoFolder.hpp"
 
 #include <cstdint>
@@ -22,26 +21,6 @@ bool isListedByICU(std::string_view timeZone) {
   UErrorCode status = U_ZERO_ERROR;
   icu::TimeZone::getCanonicalID(name, canonical, isListed, status);
   return U_SUCCESS(status) && isListed;
-}
-
-/// Whether the machine has time zone files of its own, and none of that name.
-bool isUnknownToTheMachine(const std::string& timeZone) {
-  return zoneOfDatabase("UTC") && !zoneOfDatabase(timeZone);
-}
-
-/// The time zone that a TZ without its colon means.
-std::optional<std::string> zoneOfSetting(const std::string& setting) {
-  if (setting.empty()) return "UTC";
-  if (isKnownTimeZone(setting)) {
-    // A name that only ICU has is no name to the C library: `JST` is UTC, `PST8PDT` a rule.
-    const bool isUTC = isUnknownToTheMachine(setting) && !TimeZoneRule::parse(setting);
-    return isUTC ? "UTC" : setting;
-  }
-  const bool isAbsolute = setting.front() == '/';
-  if (auto zone = zoneOfPath(isAbsolute ? setting : std::string(zoneinfoFolder) + '/' + setting)) {
-    return zone;
-  }
-  return TimeZoneRule::parse(setting) ? std::optional(setting) : std::nullopt;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "VemraPlatform/date/ZoneinfoFolder.hpp"
 
 #include "VemraPlatform/date/TimeZone.hpp"
+#include "VemraPlatform/date/TimeZoneRule.hpp"
 
 #include <algorithm>
 #include <filesystem>
@@ -43,9 +44,14 @@ std::optional<std::string> nameOfContent(const std::string& content, std::string
   return first;
 }
 
+/// Whether the database has time zone files, and none of that name.
+bool isUnknownTo(std::string_view database, const std::string& timeZone) {
+  return zoneOfDatabase("UTC", database) && !zoneOfDatabase(timeZone, database);
+}
+
 }  // namespace
 
-std::optional<TimeZoneFile> zoneOfDatabase(std::string_view name) {
+std::optional<TimeZoneFile> zoneOfDatabase(std::string_view name, std::string_view database) {
   const auto isPartOfName = [](char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '/' ||
            c == '_' || c == '-' || c == '+';
@@ -53,8 +59,7 @@ std::optional<TimeZoneFile> zoneOfDatabase(std::string_view name) {
   const bool beginsWithACapital = !name.empty() && name.front() >= 'A' && name.front() <= 'Z';
   if (!beginsWithACapital || !std::all_of(name.begin(), name.end(), isPartOfName)) return {};
   if (name.find("//") != std::string_view::npos) return {};  // the system would find the same file
-  const auto content =
-      TimeZoneFile::contentOf(std::string(zoneinfoFolder) + '/' + std::string(name));
+  const auto content = TimeZoneFile::contentOf(std::string(database) + '/' + std::string(name));
   return content ? TimeZoneFile::parse(*content) : std::nullopt;
 }
 
@@ -74,6 +79,21 @@ std::optional<std::string> zoneOfPath(const std::string& path, std::string_view 
   if (!zone) return std::nullopt;
   if (auto name = nameOfContent(*content, database)) return name;
   return zone->footer().empty() ? std::nullopt : std::optional(zone->footer());
+}
+
+std::optional<std::string> zoneOfSetting(const std::string& setting, std::string_view database) {
+  if (setting.empty()) return "UTC";
+  if (isKnownTimeZone(setting)) {
+    // A name that only ICU has is no name to the C library: `JST` is UTC, `PST8PDT` a rule.
+    const bool isUTC = isUnknownTo(database, setting) && !TimeZoneRule::parse(setting);
+    return isUTC ? "UTC" : setting;
+  }
+  const bool isAbsolute = setting.front() == '/';
+  if (auto zone =
+          zoneOfPath(isAbsolute ? setting : std::string(database) + '/' + setting, database)) {
+    return zone;
+  }
+  return TimeZoneRule::parse(setting) ? std::optional(setting) : std::nullopt;
 }
 
 }  // namespace vemra::date

@@ -16,7 +16,10 @@ inline constexpr std::string_view zoneinfoFolder = "/usr/share/zoneinfo";
 /// Only names of the form `Area/Location` or `Name`, so that no name leads out of the folder, to
 /// the copies below `posix` and `right`, or to the files that say what the machine is set to, and
 /// that each file has one spelling of its name: not `Area//Location`.
-std::optional<TimeZoneFile> zoneOfDatabase(std::string_view name);
+///
+/// - Parameter database: the folder of that database.
+std::optional<TimeZoneFile> zoneOfDatabase(std::string_view name,
+                                           std::string_view database = zoneinfoFolder);
 
 /// The time zone that a path leads to, as a known name or, failing that, as a POSIX rule.
 ///
@@ -31,5 +34,10 @@ std::optional<TimeZoneFile> zoneOfDatabase(std::string_view name);
 /// - Returns: nothing when none of these is there, as for a file that is no time zone.
 std::optional<std::string> zoneOfPath(const std::string& path,
                                       std::string_view database = zoneinfoFolder);
+
+/// The time zone that a value of TZ means, without a colon at its beginning; nothing when it means
+/// none. On a machine without time zone files, names mean what ICU knows of them.
+std::optional<std::string> zoneOfSetting(const std::string& setting,
+                                         std::string_view database = zoneinfoFolder);
 
 }  // namespace vemra::date

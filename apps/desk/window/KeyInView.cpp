@@ -9,11 +9,7 @@ namespace {
 
 void scrollIn(QWidget& widget) {
   for (QWidget* above = widget.parentWidget(); above; above = above->parentWidget()) {
-    auto* area = qobject_cast<QScrollArea*>(above);
-    if (!area) continue;
-    const QWidget* port = area->viewport();
-    const QRect place(widget.mapTo(port, QPoint()), widget.size());
-    if (!port->rect().contains(place)) area->ensureWidgetVisible(&widget);
+    if (auto* area = qobject_cast<QScrollArea*>(above)) area->ensureWidgetVisible(&widget);
   }
 }
 

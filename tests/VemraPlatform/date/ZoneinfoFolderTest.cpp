@@ -120,6 +120,31 @@ TEST_F(ZoneOfPath, ofAFileThatIsNoTimeZoneIsNothing) {
   EXPECT_EQ(zoneOfPath(""), std::nullopt);
 }
 
+TEST_F(ZoneOfPath, onAMachineWithoutTimeZoneFilesIsTheNameInItOrItsRule) {
+  fs::create_directories(folder / "empty/zoneinfo");
+  for (const std::string& database :
+       {std::string("/no/such/zoneinfo"), (folder / "empty/zoneinfo").string()}) {
+    EXPECT_EQ(zoneOfPath(link("/usr/share/zoneinfo/Asia/Tokyo"), database), "Asia/Tokyo");
+    EXPECT_EQ(zoneOfPath(copy("Asia/Tokyo"), database), "JST-9") << "no file has its name";
+    EXPECT_EQ(zoneOfPath(database, database), std::nullopt);
+  }
+}
+
+TEST(ZoneOfSetting, onAMachineWithoutTimeZoneFilesIsWhatICUKnows) {
+  const std::string none = "/no/such/zoneinfo";
+  EXPECT_EQ(date::zoneOfSetting("Europe/Berlin", none), "Europe/Berlin");
+  EXPECT_EQ(date::zoneOfSetting("JST", none), "JST");
+  EXPECT_EQ(date::zoneOfSetting("JST"), "UTC") << "where there are files, and none of that name";
+  EXPECT_EQ(date::zoneOfSetting("XYZ-1", none), "XYZ-1") << "a rule needs no file";
+  EXPECT_EQ(date::zoneOfSetting("", none), "UTC");
+  EXPECT_EQ(date::zoneOfSetting("nonsense", none), std::nullopt);
+}
+
+TEST(ZoneOfDatabase, onAMachineWithoutTimeZoneFilesIsNone) {
+  EXPECT_TRUE(zoneOfDatabase("Asia/Tokyo"));
+  EXPECT_FALSE(zoneOfDatabase("Asia/Tokyo", "/no/such/zoneinfo"));
+}
+
 TEST(ZoneOfDatabase, hasAName) {
   for (const char* name : {"Asia/Tokyo", "Zulu", "America/Port-au-Prince", "Etc/GMT+9",
                            "America/Argentina/Buenos_Aires", "EST5EDT"}) {

@@ -46,6 +46,14 @@ TEST_F(ForeignSchemaTest, EveryObjectOfAStoreMustBeThere) {
   }
 }
 
+// Without it SQLite reads a store, and calls it damaged when an outcome is to be recorded.
+TEST_F(ForeignSchemaTest, TheTableOfSQLiteForOutcomeNumbersMustBeThere) {
+  ASSERT_EQ(RawDatabase(file).run("PRAGMA writable_schema = ON; "
+                                  "DELETE FROM sqlite_schema WHERE name = 'sqlite_sequence'"),
+            "");
+  EXPECT_EQ(errorOfOpening(), "the table \"sqlite_sequence\" is missing");
+}
+
 TEST_F(ForeignSchemaTest, EveryObjectOfAStoreMustBeAsItWasMade) {
   for (const SchemaObject& object : tablesOfVersion1()) {
     const std::string named = std::string(object.type) + " \"" + object.name + "\"";

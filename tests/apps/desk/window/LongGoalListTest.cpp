@@ -196,6 +196,7 @@ TEST_F(LongGoalListTest, AnotherWidthLeavesTheRowsInView) {
   QApplication::processEvents();
   EXPECT_TRUE(isSeen(5000));
   EXPECT_EQ(row(5000).width(), list.viewport()->width() - 20);
+  EXPECT_EQ(list.heading().width(), row(5000).width());
 }
 
 TEST_F(LongGoalListTest, EveryGoalIsThereForAssistiveTechnology) {
