@@ -166,6 +166,22 @@ TEST_F(ChangeMeanwhile, WhatScrollsBackMeanwhileIsHeardLastAsItIs) {
   }
 }
 
+TEST_F(ChangeMeanwhile, ARootMayBeSetWhileTheFocusIsAnnounced) {
+  const auto button = [](const char* title) { return ui::Button(ui::verbatim(title), [] {}); };
+  widget->setRoot(ui::Group({button("One"), button("Two")}));
+  ASSERT_TRUE(QTest::qWaitForWindowActive(widget.get()));
+  askForStates();
+  int focused = 0;
+  const Observer observer([&](QAccessibleEvent& event) {
+    if (event.type() != QAccessible::Focus) return;
+    ++focused;
+    widget->setRoot(ui::Text("Else"));
+  });
+  EXPECT_TRUE(act(*page().child(1), QAccessibleActionInterface::setFocusAction()));
+  EXPECT_EQ(focused, 1);
+  EXPECT_THAT(names(), ElementsAre("Else"));
+}
+
 TEST_F(ChangeMeanwhile, AnEventLoopThatRunsMeanwhileDoesNoHarm) {
   widget->setRoot(rows(6));
   askForStates();
