@@ -170,33 +170,25 @@ const Node* Page::focused() const {
 
 bool Page::focusNext(Direction direction) {
   Node* const from = tree_.find(host_.focused());
-  if (!from) return false;
-  const Anchor before = placeOfReader();
-  return moveFocus(FocusOrder(tree_, *this).next(*from, direction), before, direction);
+  return from && moveFocus(FocusOrder(tree_, *this).next(*from, direction), direction);
 }
 
 bool Page::focusFirst(Direction direction) {
-  if (!tree_.root()) return false;
-  const Anchor before = placeOfReader();
-  return moveFocus(FocusOrder(tree_, *this).firstIn(*tree_.root(), direction), before, direction);
+  Node* const root = tree_.root();
+  return root && moveFocus(FocusOrder(tree_, *this).firstIn(*root, direction), direction);
 }
 
-bool Page::moveFocus(const Node* control, const Anchor& before, Direction direction) {
-  if (!control) {
-    scrollBackTo(before);
-    return false;
-  }
+bool Page::moveFocus(const Node* control, Direction direction) {
+  endSearch(control);
+  if (!control) return false;
   focus(*control, direction == Direction::forward ? FocusReason::forward : FocusReason::backward);
   return true;
 }
 
-Anchor Page::placeOfReader() const {
-  return {Anchor::Reason::scrolled, tree_, frames(), viewport(), nullptr};
-}
-
-/// After a search for a control, which scrolls to the rows on its way, has found none.
-void Page::scrollBackTo(const Anchor& place) {
-  host_.scrollTo(place.position(tree_, frames(), viewport()));
+/// Scrolls back after a search that has found no control.
+void Page::endSearch(const Node* control) {
+  const std::optional<Anchor> before = std::exchange(beforeSearch_, std::nullopt);
+  if (!control && before) host_.scrollTo(before->position(tree_, frames(), viewport()));
 }
 
 bool Page::focus(ui::NodeID element, FocusReason reason) {
@@ -234,6 +226,7 @@ void Page::scrollIn(ui::NodeID element) {
 void Page::revealRow(ui::NodeID list, std::size_t index) {
   Node* const node = tree_.find(list);
   if (node && node->rows && index < node->rows->count()) bringRow(*node, index);
+  beforeSearch_.reset();
 }
 
 Node* Page::bringRow(Node& list, std::size_t index) {
@@ -246,6 +239,9 @@ Node* Page::bringRow(Node& list, std::size_t index) {
   };
   if (Node* const row = find()) return row;
   if (filling_) return nullptr;
+  if (!beforeSearch_) {
+    beforeSearch_.emplace(Anchor::Reason::scrolled, tree_, frames(), viewport(), nullptr);
+  }
   host_.scrollTo(list.frame.y + list.rows->topOnPage(index) - viewport().height / 3);
   return find();
 }
@@ -268,16 +264,12 @@ void Page::restoreFocus() {
   if (restoringFocus_) return;
   const During restoring(restoringFocus_, true);
   if (focusKeeper_.isSearching()) {
-    if (!beforeSearch_) beforeSearch_ = placeOfReader();
     const Node* const control = focusKeeper_.control();
     if (control) focus(*control, FocusReason::other);
     if (pass_ && focusKeeper_.isUnfinished(focused())) return;
     focusKeeper_.end();
-    const Anchor before = *std::exchange(beforeSearch_, std::nullopt);
-    if (!control) {
-      scrollBackTo(before);
-      host_.loseFocus();
-    }
+    endSearch(control);
+    if (!control) host_.loseFocus();
   }
   host_.atRest();
 }

@@ -100,11 +100,10 @@ class Page final : public ui::Renderer, private RowSupply {
   bool askForRows();
   void place();
   void removing(Node& node);
-  bool moveFocus(const Node* control, const Anchor& before, Direction direction);
+  bool moveFocus(const Node* control, Direction direction);
+  void endSearch(const Node* control);
   void restoreFocus();
   void focus(const Node& control, FocusReason reason);
-  Anchor placeOfReader() const;
-  void scrollBackTo(const Anchor& place);
   PinnedRows pinnedRows() const;
   Node* bringRow(Node& list, std::size_t index) override;
   bool rowsComeLater() const override { return inGraph_ || filling_; }
@@ -129,7 +128,7 @@ class Page final : public ui::Renderer, private RowSupply {
   std::uint64_t focusCount_ = 0;
   std::optional<Pass> pass_;  ///< none: the page is at rest
   FocusKeeper focusKeeper_{tree_, *this};
-  std::optional<Anchor> beforeSearch_;  ///< where the reader was when the focus was lost
+  std::optional<Anchor> beforeSearch_;  ///< what the reader saw before a search scrolled the page
   ui::NodeID pressed_;
 
   /// \name What runs just now; each is restored when its function is left @{
