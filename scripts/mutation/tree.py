@@ -60,21 +60,17 @@ class Tree:
                     path.unlink()
 
     def configure(self):
+        if not (self.source / "mutated.cmake").exists():
+            self.write_options([])
         if (self.build / "build.ninja").exists():
             return
         for name in self.sources:  # CMake looks for files
             if not (self.source / name).exists():
                 replace(self.source / name, (ROOT / name).read_bytes())
         run(["cmake", "--preset", "release", f"-DVEMRA_WITH_QT={'ON' if self.with_qt else 'OFF'}",
-             "-DVEMRA_TEST_INSTALL=OFF", self.folders_of_mutants(),
-             "-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST",
+             "-DVEMRA_TEST_INSTALL=OFF", "-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST",
              "-DCMAKE_PROJECT_VemraGoalSurface_INCLUDE=scripts/mutation/mutation.cmake"],
             self.build / "configure.log", self.source)
-
-    def folders_of_mutants(self):
-        """The argument that names them to mutation.cmake. Mutants of a header are wherever it is included."""
-        folders = QT if self.with_qt and not self.headers else FOLDERS
-        return "-DVEMRA_MUTANTS_IN=" + "|".join(f.rstrip("/") for f in folders)
 
     # The mutants
 
@@ -108,7 +104,7 @@ class Tree:
 
     def arguments(self):
         """The compiler's arguments for each .cpp file, without those of precompiled headers."""
-        run(["cmake", self.folders_of_mutants(), self.build], self.build / "configure.log", self.source)
+        run(["cmake", self.build], self.build / "configure.log", self.source)
         entries = json.loads((self.build / "compile_commands.json").read_text())
         found = {}
         for entry in entries:
@@ -138,12 +134,20 @@ class Tree:
         for mutant in self.mutants + self.elsewhere:
             if mutant.id in self.compiled and mutant.id not in self.refused:
                 by_file.setdefault(mutant.file, []).append(mutant)
+        self.write_options(sorted(by_file))
         for name in self.sources:
             text = finder.read(ROOT / name)
             if name in by_file:
                 self.written[name] = schema.write(text, by_file[name])
                 text = self.written[name].text()
             replace(self.source / name, text.encode("latin-1"))
+
+    def write_options(self, mutated):
+        """Tells mutation.cmake what may have mutants: those of a header are wherever it is included, and
+        without Qt every source is compiled so quickly that none is worth compiling twice."""
+        listed = mutated if self.with_qt and not self.headers else ["everything"]
+        text = "set(VEMRA_MUTATED\n" + "".join(f"  {name}\n" for name in listed) + ")\n"
+        replace(self.source / "mutated.cmake", text.encode())
 
     def make(self, targets):
         """Builds; a mutant that does not compile is left out, and the rest is built again."""
