@@ -81,7 +81,7 @@ QSize StyleMetrics::button(const page::Node& leaf, TextShape& shape, int width) 
 QSize StyleMetrics::picker(const page::Node& leaf, TextShape& shape, int width) {
   const QFont font = looks_.font(leaf.element.style().font);
   auto option = optionFor<QStyleOptionComboBox>(page_, font);
-  const std::vector<Choice> choices = choicesOf(leaf);
+  const std::vector<Choice> choices = qt::choicesOf(leaf);
   // As wide as its widest choice, so that choosing moves nothing.
   const int widest = widestOf(choices, font);
   const auto framed = [&](QSize text) {

@@ -1,12 +1,12 @@
 #include "VemraTesting/Screen.hpp"
 
+#include "VemraPlatform/page/Choices.hpp"
 #include "VemraPlatform/text/OneLine.hpp"
 #include "VemraTesting/Outline.hpp"
 
 #include <algorithm>
 #include <cstddef>
 #include <numeric>
-#include <ranges>
 #include <utility>
 
 namespace vemra::testing {
@@ -111,15 +111,8 @@ std::optional<ui::Event> Screen::eventOf(const RenderedTree::Node& node, const A
   if (const auto* edit = std::get_if<ui::EditText>(&act)) return *edit;
   if (const auto* submit = std::get_if<ui::Submit>(&act)) return *submit;
   if (node.element.kind() != ui::ElementKind::picker) return std::nullopt;
-  std::vector<const RenderedTree::Node*> pending{&node};
-  while (!pending.empty()) {
-    const RenderedTree::Node& row = *pending.back();
-    pending.pop_back();
-    const ui::Tag* const tag = &row == &node ? nullptr : row.element.tag();
-    if (tag && tag->name() == std::get<Choose>(act).tagName) return ui::Select{*tag};
-    for (const RenderedTree::Node& child : row.children() | std::views::reverse) {
-      pending.push_back(&child);
-    }
+  for (const page::Choice& choice : page::choicesOf(node)) {
+    if (choice.tag.name() == std::get<Choose>(act).tagName) return ui::Select{choice.tag};
   }
   return std::nullopt;
 }

@@ -1,34 +1,17 @@
 #pragma once
 
 #include "VemraPlatform/ui/ViewGraph.hpp"
+#include "VemraTesting/ElementError.hpp"
 #include "VemraTesting/Query.hpp"
 #include "VemraTesting/RenderedTree.hpp"
 
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <variant>
 #include <vector>
 
 namespace vemra::testing {
-
-/// An element that cannot be acted on: it is missing, disabled, or of another kind.
-///
-/// `what()` is for a person: the reason, the nearest identifiers and the whole tree.
-class ElementError : public std::runtime_error {
- public:
-  /// `context` follows the reason in `what()`, on lines of its own: it begins with a line break, or
-  /// is "".
-  ElementError(std::string reason, const std::string& context)
-      : std::runtime_error(reason + context), reason_(std::move(reason)) {}
-  /// One line: `no element with identifier "x"`.
-  const std::string& reason() const { return reason_; }
-
- private:
-  std::string reason_;
-};
 
 /// Chooses the picker's row whose tag has that name.
 struct Choose {

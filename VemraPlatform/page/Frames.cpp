@@ -1,5 +1,7 @@
 #include "VemraPlatform/page/Frames.hpp"
 
+#include "VemraPlatform/page/Layout.hpp"
+
 namespace vemra::page {
 
 using ui::LayoutDirection;
@@ -10,7 +12,7 @@ Rect Frames::of(const Node& leaf) const {
   const Node* const scope = row ? row : tree_.root();
   const Rect frame = rightToLeft ? mirrored(leaf.frame, scope->measuredWidth) : leaf.frame;
   if (!row) return frame;
-  const ui::Insets padding = row->parent->element.padding();
+  const ui::Insets padding = paddingIn(grid_, *row->parent);
   const Rect whole = ofRow(*row->parent, row->rowIndex);
   return frame.movedBy(whole.x + (rightToLeft ? padding.trailing : padding.leading),
                        whole.y + padding.top);

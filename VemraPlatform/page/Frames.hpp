@@ -12,9 +12,9 @@ namespace vemra::page {
 /// corner, for the given reading direction.
 class Frames {
  public:
-  /// The tree must outlive the object.
-  Frames(const WindowedTree& tree, ui::LayoutDirection direction)
-      : tree_(tree), direction_(direction) {}
+  /// The tree must outlive the object. The grid is that of the layout.
+  Frames(const WindowedTree& tree, ui::LayoutDirection direction, const Grid& grid = {})
+      : tree_(tree), direction_(direction), grid_(grid) {}
 
   Rect of(const Node& leaf) const;
   /// The frame of a row of a windowed list, whether or not the row is there. A height that has not
@@ -24,6 +24,7 @@ class Frames {
  private:
   const WindowedTree& tree_;
   ui::LayoutDirection direction_;
+  Grid grid_;
 };
 
 /// How far the page must be scrolled to show the leaf, with its whole row when that fits, moving as

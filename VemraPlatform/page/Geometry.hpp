@@ -30,6 +30,15 @@ struct Rect {
   friend bool operator==(const Rect&, const Rect&) = default;
 };
 
+/// How many points, in which views give spacing and padding, one unit of the page is.
+struct Grid {
+  int width = 1, height = 1;
+
+  /// Points as whole units, the nearest ones.
+  int across(int points) const { return width == 1 ? points : (points + width / 2) / width; }
+  int down(int points) const { return height == 1 ? points : (points + height / 2) / height; }
+};
+
 /// The smallest rectangle that holds both. One without width and height holds nothing.
 inline Rect united(const Rect& a, const Rect& b) {
   if (a.width == 0 && a.height == 0) return b;

@@ -27,21 +27,21 @@ int along(const Insets& insets) {
   return insets.top + insets.bottom;
 }
 
-void collectItems(Node& holder, const Insets& around, std::vector<Item>& items) {
+void collectItems(Node& holder, const Grid& grid, const Insets& around, std::vector<Item>& items) {
   for (Node& child : holder.children()) {
     if (child.rows) {
       if (child.element.rowCount() > 0) items.push_back({&child, around});
     } else if (child.isTransparent()) {
-      collectItems(child, around + child.element.padding(), items);
+      collectItems(child, grid, around + paddingIn(grid, child), items);
     } else {
       items.push_back({&child, around});
     }
   }
 }
 
-std::vector<Item> itemsOf(Node& holder) {
+std::vector<Item> itemsOf(Node& holder, const Grid& grid) {
   std::vector<Item> items;
-  collectItems(holder, {}, items);
+  collectItems(holder, grid, {}, items);
   return items;
 }
 
@@ -52,7 +52,7 @@ Size measure(Node& node, int width, int spacing, LeafMetrics& metrics);
 Size measureList(Node& list, int width, int spacing, LeafMetrics& metrics) {
   RowHeights& heights = *list.rows;
   // A padding of the list itself goes to each of its rows.
-  const Insets padding = list.element.padding();
+  const Insets padding = paddingIn(metrics.grid(), list);
   const std::size_t count = list.element.rowCount();
   if (list.rowWidth != width) heights.forgetEstimate();
   if (list.rowWidth != width || heights.count() != count || heights.gap() != spacing) {
@@ -76,7 +76,7 @@ Size measureList(Node& list, int width, int spacing, LeafMetrics& metrics) {
 Size measureColumn(Node& node, int width, int spacing, LeafMetrics& metrics) {
   Size size;
   bool first = true;
-  for (const Item& item : itemsOf(node)) {
+  for (const Item& item : itemsOf(node, metrics.grid())) {
     const int room = width - across(item.around);
     const Size part = measure(*item.node, room, item.node->rows ? spacing : 0, metrics);
     size.width = std::max(size.width, part.width + across(item.around));
@@ -92,9 +92,9 @@ struct Line {
   int width = 0, height = 0;
 };
 
-std::vector<Line> linesOf(Node& node, int width, int spacing) {
+std::vector<Line> linesOf(Node& node, const Grid& grid, int width, int spacing) {
   std::vector<Line> lines(1);
-  for (const Item& item : itemsOf(node)) {
+  for (const Item& item : itemsOf(node, grid)) {
     const int itemWidth = item.node->size.width + across(item.around);
     const int itemHeight = item.node->size.height + along(item.around);
     const bool first = lines.back().items.empty();
@@ -111,14 +111,16 @@ std::vector<Line> linesOf(Node& node, int width, int spacing) {
   return lines;
 }
 
-Size measureFlow(Node& node, int width, int spacing, LeafMetrics& metrics) {
-  for (const Item& item : itemsOf(node)) {
+Size measureFlow(Node& node, int width, LeafMetrics& metrics) {
+  const Grid grid = metrics.grid();
+  const int spacing = node.element.spacing();
+  for (const Item& item : itemsOf(node, grid)) {
     measure(*item.node, width - across(item.around), 0, metrics);
   }
   Size size;
-  for (const Line& line : linesOf(node, width, spacing)) {
+  for (const Line& line : linesOf(node, grid, width, grid.across(spacing))) {
     size.width = std::max(size.width, line.width);
-    size.height += line.height + (size.height > 0 ? spacing : 0);
+    size.height += line.height + (size.height > 0 ? grid.down(spacing) : 0);
   }
   return size;
 }
@@ -131,71 +133,79 @@ Size measure(Node& node, int width, int spacing, LeafMetrics& metrics) {
     node.measuredWidth = width;
     return node.size;
   }
-  const Insets padding = node.element.padding();
+  const Grid grid = metrics.grid();
+  const Insets padding = paddingIn(grid, node);
   const int room = std::max(1, width - across(padding));
   Size inner;
   if (node.isLeaf()) {
     inner = metrics.measure(node, room);
   } else if (node.element.kind() == ElementKind::hStack) {
-    inner = measureFlow(node, room, node.element.spacing(), metrics);
+    inner = measureFlow(node, room, metrics);
   } else {
-    inner =
-        measureColumn(node, room, node.isTransparent() ? spacing : node.element.spacing(), metrics);
+    inner = measureColumn(
+        node, room, node.isTransparent() ? spacing : grid.down(node.element.spacing()), metrics);
   }
   node.size = {inner.width + across(padding), inner.height + along(padding)};
   node.measuredWidth = width;
   return node.size;
 }
 
-void arrange(Node& node, Point corner, int spacing);
+void arrange(Node& node, const Grid& grid, Point corner, int spacing);
 
-void arrangeColumn(Node& node, Point corner, int width, int spacing) {
+void arrangeColumn(Node& node, const Grid& grid, Point corner, int width, int spacing) {
   const bool centred = node.element.horizontalAlignment() == ui::HorizontalAlignment::center;
   int y = corner.y;
-  for (const Item& item : itemsOf(node)) {
+  for (const Item& item : itemsOf(node, grid)) {
     const int slack = width - item.node->size.width - across(item.around);
     const int x = corner.x + item.around.leading + (centred ? slack / 2 : 0);
-    arrange(*item.node, {x, y + item.around.top}, 0);
+    arrange(*item.node, grid, {x, y + item.around.top}, 0);
     y += item.node->size.height + along(item.around) + spacing;
   }
 }
 
-void arrangeFlow(Node& node, Point corner, int width, int spacing) {
+void arrangeFlow(Node& node, const Grid& grid, Point corner, int width) {
+  const int spacing = grid.across(node.element.spacing());
   const bool centred = node.element.verticalAlignment() == ui::VerticalAlignment::center;
   int y = corner.y;
-  for (const Line& line : linesOf(node, width, spacing)) {
+  for (const Line& line : linesOf(node, grid, width, spacing)) {
     int x = corner.x;
     for (const Item& item : line.items) {
       const int slack = line.height - item.node->size.height - along(item.around);
       const int top = y + item.around.top + (centred ? slack / 2 : 0);
-      arrange(*item.node, {x + item.around.leading, top}, 0);
+      arrange(*item.node, grid, {x + item.around.leading, top}, 0);
       x += item.node->size.width + across(item.around) + spacing;
     }
-    y += line.height + spacing;
+    y += line.height + grid.down(node.element.spacing());
   }
 }
 
-void arrange(Node& node, Point corner, int spacing) {
-  const Insets padding = node.rows ? Insets{} : node.element.padding();
+void arrange(Node& node, const Grid& grid, Point corner, int spacing) {
+  const Insets padding = node.rows ? Insets{} : paddingIn(grid, node);
   const Rect inside{corner.x + padding.leading, corner.y + padding.top,
                     node.size.width - across(padding), node.size.height - along(padding)};
   node.frame = inside;
   if (node.isLeaf() || node.rows) return;
   if (node.element.kind() == ElementKind::hStack) {
     const int width = std::max(1, node.measuredWidth - across(padding));
-    arrangeFlow(node, {inside.x, inside.y}, width, node.element.spacing());
+    arrangeFlow(node, grid, {inside.x, inside.y}, width);
   } else {
-    arrangeColumn(node, {inside.x, inside.y}, inside.width,
-                  node.isTransparent() ? spacing : node.element.spacing());
+    arrangeColumn(node, grid, {inside.x, inside.y}, inside.width,
+                  node.isTransparent() ? spacing : grid.down(node.element.spacing()));
   }
 }
 
 }  // namespace
 
+Insets paddingIn(const Grid& grid, const Node& node) {
+  const Insets points = node.element.padding();
+  return {grid.down(points.top), grid.across(points.leading), grid.down(points.bottom),
+          grid.across(points.trailing)};
+}
+
 Size measureScope(Node& scope, int width, int spacing, LeafMetrics& metrics) {
   const bool known = scope.measuredWidth == std::max(width, 1);
   const Size size = measure(scope, width, spacing, metrics);
-  if (!known) arrange(scope, {}, spacing);
+  if (!known) arrange(scope, metrics.grid(), {}, spacing);
   return size;
 }
 

@@ -7,7 +7,7 @@
 ///
 /// Measuring goes down with the width there is and comes back with the size that is taken; it stops
 /// at every node that was measured for that width and has not changed since. Arranging gives each
-/// leaf its frame. Spacing and padding are the tree's numbers, exactly.
+/// leaf its frame. Spacing and padding are the tree's numbers, exactly, in whole units of the grid.
 ///
 /// A column takes as much width as its widest child and lets each child have all of its own. A row
 /// of elements that does not fit its width goes on in a further line, so that nothing is ever cut
@@ -18,6 +18,9 @@
 
 namespace vemra::page {
 
+/// A node's padding in units of the grid.
+ui::Insets paddingIn(const Grid& grid, const Node& node);
+
 /// How large a renderer draws a text or a control.
 class LeafMetrics {
  public:
@@ -25,6 +28,8 @@ class LeafMetrics {
   /// below it or the width has changed, or after `WindowedTree::invalidateAll`; so a renderer may
   /// keep the broken lines of the text until it draws them.
   virtual Size measure(const Node& leaf, int width) = 0;
+  /// The units that the renderer draws in. Always the same.
+  virtual Grid grid() const { return {}; }
 
  protected:
   ~LeafMetrics() = default;

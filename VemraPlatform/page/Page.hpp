@@ -80,7 +80,7 @@ class Page final : public ui::Renderer, private RowSupply {
 
   const WindowedTree& tree() const { return tree_; }
   /// Where everything is; as of the last pass.
-  Frames frames() const { return {tree_, graph_.environment().layoutDirection}; }
+  Frames frames() const { return {tree_, graph_.environment().layoutDirection, host_.grid()}; }
   Viewport viewport() const;
   int contentHeight() const { return tree_.root() ? tree_.root()->size.height : 0; }
   /// Another number whenever the nodes have changed.

@@ -1,8 +1,10 @@
 #include "VemraQt/widgets/ChoiceBox.hpp"
 
+#include "VemraPlatform/page/Choices.hpp"
 #include "VemraQt/StyleMetrics.hpp"
 
 #include <algorithm>
+#include <utility>
 
 #include <QKeyEvent>
 #include <QMenu>
@@ -15,14 +17,6 @@
 namespace vemra::qt {
 
 namespace {
-
-void collect(const page::Node& node, std::vector<Choice>& choices) {
-  if (const ui::Tag* tag = node.element.tag()) {
-    choices.push_back({toQString(node.element.shownLabel()), *tag});
-    return;
-  }
-  for (const page::Node& child : node.children()) collect(child, choices);
-}
 
 bool sameLabels(const QComboBox& box, const std::vector<Choice>& choices) {
   if (box.count() != static_cast<int>(choices.size())) return false;
@@ -77,7 +71,9 @@ class LargeChoices final : public QProxyStyle {
 
 std::vector<Choice> choicesOf(const page::Node& picker) {
   std::vector<Choice> choices;
-  for (const page::Node& child : picker.children()) collect(child, choices);
+  for (page::Choice& choice : page::choicesOf(picker)) {
+    choices.push_back({toQString(choice.label), std::move(choice.tag)});
+  }
   return choices;
 }
 
@@ -95,7 +91,7 @@ ChoiceBox::ChoiceBox(QWidget* parent, const PageContext& page)
 }
 
 void ChoiceBox::take(const page::Node& leaf, const TextShape& shape) {
-  choices_ = choicesOf(leaf);
+  choices_ = qt::choicesOf(leaf);
   // Its menu shows what could be chosen before.
   if (!sameLabels(*this, choices_)) {
     hidePopup();

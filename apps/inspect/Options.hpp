@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/page/Geometry.hpp"
 #include "apps/commandline/Farewell.hpp"
 
 #include <optional>
@@ -14,7 +15,11 @@ struct Options {
   bool trace = false;
   bool outline = false;
   std::optional<std::string> png;
+  std::optional<page::Size> viewport;  ///< in character cells
 };
+
+/// The sizes that a viewport may have.
+inline constexpr page::Size smallestViewport{20, 5}, largestViewport{500, 200};
 
 /// Whether this build can draw pictures.
 enum class Pictures { drawn, notDrawn };

@@ -1,5 +1,6 @@
 #include "apps/inspect/Program.hpp"
 
+#include "VemraTesting/Viewport.hpp"
 #include "apps/documents/DocumentError.hpp"
 #include "apps/documents/SourceFile.hpp"
 #include "apps/inspect/Case.hpp"
@@ -7,6 +8,7 @@
 #include "apps/inspect/Options.hpp"
 #include "apps/inspect/Report.hpp"
 
+#include <cstddef>
 #include <new>
 #include <ostream>
 #include <stdexcept>
@@ -22,12 +24,23 @@ int inspect(const Options& options, const Case& inspected, std::ostream& output,
   ExitCode code = done;
   Inspection inspection(inspected);
   const auto report = makeReport(options);
+  std::size_t number = 0;
   for (const Step& step : inspected.steps) {
     const StepResult result = inspection.carryOut(step);
+    ++number;
     if (result) code = notAllDone;
-    report->step(step, result, inspection);
+    if (!options.viewport) {
+      report->step(step, result, inspection);
+    } else if (result) {
+      diagnostics << options.file << ": step " << number << ": " << *result << '\n';
+    }
   }
-  output << report->finish(inspection) << std::flush;
+  if (options.viewport) {
+    output << testing::Viewport(inspection.screen().graph(), *options.viewport).text()
+           << std::flush;
+  } else {
+    output << report->finish(inspection) << std::flush;
+  }
   if (!output) {
     diagnostics << "vemra-inspect: standard output cannot be written\n";
     code = notAllDone;

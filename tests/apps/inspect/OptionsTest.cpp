@@ -34,6 +34,34 @@ TEST(OptionsTest, isPlainWithoutOptions) {
   EXPECT_EQ(options.png, std::nullopt);
 }
 
+TEST(OptionsTest, takesTheSizeOfAViewport) {
+  const auto options = std::get<Options>(readArguments({"--viewport", "80x24", "case.json"}));
+  EXPECT_EQ(options.viewport, (page::Size{80, 24}));
+  for (const char* edge : {"20x5", "500x200"}) {
+    EXPECT_TRUE(std::holds_alternative<Options>(readArguments({"--viewport", edge, "c.json"})));
+  }
+  EXPECT_EQ(std::get<Options>(readArguments({"case.json"})).viewport, std::nullopt);
+}
+
+TEST(OptionsTest, refusesWhatIsNoSizeOfAViewport) {
+  for (const char* size : {"", "80", "80x", "x24", "80X24", "80 x 24", "19x24", "80x4", "501x24",
+                           "80x201", "-80x24", "+80x24", "80x24x", "99999999999x24", "0x50x18"}) {
+    const auto read = readArguments({"case.json", "--viewport", size});
+    const auto* const farewell = std::get_if<Farewell>(&read);
+    ASSERT_TRUE(farewell) << size;
+    EXPECT_EQ(farewell->exitCode, 2) << size;
+  }
+}
+
+TEST(OptionsTest, aViewportTakesThePlaceOfTheOtherReports) {
+  for (const char* other : {"--outline", "--trace"}) {
+    EXPECT_TRUE(std::holds_alternative<Farewell>(
+        readArguments({"case.json", "--viewport", "80x24", other})));
+  }
+  EXPECT_TRUE(std::holds_alternative<Options>(
+      readArguments({"case.json", "--viewport", "80x24", "--png", "p.png"})));
+}
+
 TEST(OptionsTest, takesDashAmongOptions) {
   EXPECT_EQ(std::get<Options>(readArguments({"--trace", "-", "--outline"})).file, "-");
   EXPECT_EQ(std::get<Options>(readArguments({"-", "--trace"})).file, "-");

@@ -45,6 +45,38 @@ TEST_F(ProgramTest, writesWhatTheScreenAsksOfItsHost) {
                                            .dump(1));
 }
 
+TEST_F(ProgramTest, writesWhatAPersonSeesInAViewport) {
+  const Ran ran = run("--viewport 44x24 -",
+                      withSteps(oneOfEach, press(onPerson + "correct") + ", " + press("nothing")));
+  EXPECT_EQ(ran.output,
+            "\n"
+            "   Find a design lead\n"
+            "\n"
+            "   People worth considering\n"
+            "\n"
+            "   <Ada>\n"
+            "   Connected through 1 shared\n"
+            "   relationship\n"
+            "   [Show source]\n"
+            "   [Helped          v]\n"
+            "   [Note (optional): a note_____________]\n"
+            "   [Save]  [Cancel]\n"
+            "\n"
+            "   Supported path\n"
+            "\n"
+            "   Matches on name\n"
+            "   [See in Starfold]\n"
+            "   [Record outcome]\n"
+            "\n"
+            "   Based on 12 piece(s) of evidence from\n"
+            "   Mail, through Jan 5, 2025.\n"
+            "\n"
+            "\n"
+            "\n");
+  EXPECT_EQ(ran.diagnostics, "-: step 2: no element with identifier \"nothing\"\n");
+  EXPECT_EQ(ran.exitCode, 1);
+}
+
 TEST_F(ProgramTest, writesNilsOfARecordingAsNull) {
   std::string result = oneOfEach;
   result.replace(result.find(R"(["p1", "p9"])"), 12, "[]");

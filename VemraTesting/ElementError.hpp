@@ -1,0 +1,25 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace vemra::testing {
+
+/// An element that cannot be acted on: it is missing, disabled, out of view, or of another kind.
+///
+/// `what()` is for a person: the reason, and what helps to find the element.
+class ElementError : public std::runtime_error {
+ public:
+  /// `context` follows the reason in `what()`, on lines of its own: it begins with a line break, or
+  /// is "".
+  ElementError(std::string reason, const std::string& context)
+      : std::runtime_error(reason + context), reason_(std::move(reason)) {}
+  /// One line: `no element with identifier "x"`.
+  const std::string& reason() const { return reason_; }
+
+ private:
+  std::string reason_;
+};
+
+}  // namespace vemra::testing
