@@ -181,6 +181,7 @@ void Viewport::click(const Query& query) {
   std::size_t toSkip = query.index;
   const page::Viewport seen = page_.viewport();
   std::vector<std::pair<page::Rect, ui::NodeID>> inOrder;
+  inOrder.reserve(drawn_.size());
   for (const auto& [id, frame] : drawn_) inOrder.emplace_back(frame, id);
   std::ranges::sort(inOrder, {},
                     [](const auto& each) { return std::pair(each.first.y, each.first.x); });

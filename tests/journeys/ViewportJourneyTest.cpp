@@ -18,7 +18,8 @@ Result manyPeople(std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
     people.push_back({.personRef = "p" + std::to_string(i),
                       .displayName = "Person " + std::to_string(i),
-                      .why = GoalWhyDTO::connection(2)});
+                      .why = GoalWhyDTO::connection(2),
+                      .evidenceIDs = {}});
   }
   result.people = people;
   return result;
