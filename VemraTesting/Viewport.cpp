@@ -24,14 +24,14 @@ class Cells {
   void write(int line, int column, std::string_view text) {
     if (line < 0 || line >= size_.height) return;
     for (const text::Glyph& glyph : text::glyphs(text)) {
-      if (glyph.columns == 0 && column > 0) {
-        if (column <= size_.width) at(line, column - 1) += glyph.bytes;
+      if (glyph.columns == 0) {  // goes into the cell before; there is none at the edge
+        if (column > 0 && column <= size_.width) at(line, column - 1) += glyph.bytes;
         continue;
       }
       if (column + glyph.columns > size_.width) return;
       at(line, column) = glyph.bytes;
       for (int i = 1; i < glyph.columns; ++i) at(line, column + i).clear();
-      column += std::max(1, glyph.columns);
+      column += glyph.columns;
     }
   }
 

@@ -160,6 +160,8 @@ TEST(Viewport, charactersWithoutAColumnStandInTheOneBefore) {
   const Viewport screen(HStack(VerticalAlignment::center, 8, {line("a\u200Bb"), line("|")}),
                         {9, 1});
   EXPECT_EQ(screen.text(), "a\u200Bb |\n");
+  EXPECT_EQ(Viewport(line("\u200Ba"), {2, 1}).text(), "a\n")
+      << "there is none before the first one";
 }
 
 TEST(Viewport, theEndIsTheEndHoweverHighTheLastRowsAre) {
