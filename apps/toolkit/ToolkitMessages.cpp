@@ -10,13 +10,13 @@ QtMessageHandler passOn = nullptr;
 
 void passOnAllOthers(QtMsgType type, const QMessageLogContext& context, const QString& text) {
   // What the toolkit's search for folders says begins with the name of its class.
-  if (text.startsWith("QStandardPaths: ")) return;
+  if (text.startsWith("QStandardPaths: ") || text.startsWith("Detected locale \"")) return;
   passOn(type, context, text);
 }
 
 }  // namespace
 
-void leaveOutRemarksAboutFolders() {
+void leaveOutRemarksAboutTheEnvironment() {
   passOn = qInstallMessageHandler(passOnAllOthers);
 }
 

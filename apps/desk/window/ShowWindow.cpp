@@ -51,7 +51,7 @@ int showWindow(const Request& request, std::ostream& diagnostics) {
     diagnostics << error.what() << '\n';
     return 2;
   }
-  toolkit::leaveOutRemarksAboutFolders();
+  toolkit::leaveOutRemarksAboutTheEnvironment();
   int argumentCount = 1;
   char name[] = "vemra-desk";
   char* arguments[] = {name, nullptr};

@@ -22,7 +22,7 @@ void drawPicture(ui::ViewGraph& graph, const std::string& path) {
   std::array<char, 10> platform{"offscreen"};
   std::array<char*, 4> arguments{program.data(), option.data(), platform.data(), nullptr};
   int count = 3;
-  toolkit::leaveOutRemarksAboutFolders();
+  toolkit::leaveOutRemarksAboutTheEnvironment();
   const QApplication application(count, arguments.data());
   const QImage image = qt::picture(graph, QSize(pictureWidth, 0));
   if (!image.save(QString::fromStdString(path), "PNG")) {
