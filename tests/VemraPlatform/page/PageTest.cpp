@@ -178,4 +178,30 @@ TEST_F(PageTest, AScrollBarThatNarrowsThePageIsTakenUpInTheSamePass) {
   EXPECT_GT(host.rests, rests);
 }
 
+TEST_F(PageTest, ARowThatDoesNotExistIsNotScrolledTo) {
+  show(rows(""));
+  scrollTo(300);
+  EXPECT_EQ(host.position, 0);
+  scrollTo(299);
+  EXPECT_EQ(host.position, host.maximum);
+}
+
+TEST_F(PageTest, AFocusThatComesFromElsewhereGoesToTheControlBehindThatPlace) {
+  show([](const std::string& id) { return ui::View(button(id)); });
+  const Node* const row = rowOf(find("row3"));
+  ASSERT_TRUE(row);
+  host.page.focusInPlace(row->parent->id, row->id);
+  EXPECT_EQ(focused(), "row4");
+}
+
+TEST_F(PageTest, APageAtItsEndDoesNotScrollWhenItGetsLonger) {
+  show(rows(""));
+  host.scrollTo(host.maximum);
+  const int before = host.maximum;
+  graph.setRoot(column({list(numbered(300), rows("")), text("one more"), text("and another")}));
+  host.page.settleIfNeeded();
+  ASSERT_GT(host.maximum, before);
+  EXPECT_EQ(host.position, before);
+}
+
 }  // namespace vemra::page
