@@ -9,8 +9,9 @@ namespace vemra::page {
 /// Keeps the focus on the page when the element that has it goes: finds the control that takes it.
 ///
 /// That is the first control that now stands where the element stood, or after it; or else the last
-/// one before it. An element that goes out of the reader's view hands nothing on, so that the page
-/// does not jump to where nobody looked; except a pressed one, whose press is being answered.
+/// one before it. When an element goes while it is out of view, the focus goes nowhere, so that the page
+/// does not jump away from what the reader sees. An element that goes while the page handles its press
+/// hands the focus on from anywhere.
 ///
 /// Rows on the way may come only with the graph's next pass. Then the search waits, and goes on from
 /// there the next time: it never begins again, so it ends however long the page is.

@@ -12,7 +12,7 @@ Emission PatchRecorder::emissionAt(const Node& node) const {
   for (const Node* place = &node; place; place = place->parent) {
     if (!place->isShown) return Emission::silent;
   }
-  return Emission::told;
+  return Emission::recorded;
 }
 
 void PatchRecorder::record(Patch::Kind kind, const Node& node, NodeID after, Emission emission) {
@@ -24,7 +24,7 @@ void PatchRecorder::record(Patch::Kind kind, const Node& node, NodeID after, Emi
 }
 
 void PatchRecorder::recordTree(const Node& node, NodeID after) {
-  record(Patch::Kind::insert, node, after, Emission::told);
+  record(Patch::Kind::insert, node, after, Emission::recorded);
   NodeID previous;
   for (const Node* child : node.children) {
     recordTree(*child, previous);

@@ -14,7 +14,7 @@ namespace vemra::ui {
 class FirstError;
 
 /// Whether the renderer gets a patch for a change. It gets none for rows that were only looked at.
-enum class Emission { silent, told };
+enum class Emission { silent, recorded };
 
 /// What the renderer has to do: the patches of a pass until they are handed over.
 ///
@@ -27,7 +27,7 @@ class PatchRecorder {
 
   /// Whether changes at this node are for the renderer.
   Emission emissionAt(const Node& node) const;
-  Emission emissionAtRoot() const { return renderer_ ? Emission::told : Emission::silent; }
+  Emission emissionAtRoot() const { return renderer_ ? Emission::recorded : Emission::silent; }
 
   void record(Patch::Kind kind, const Node& node, NodeID after, Emission emission);
   /// Records the insertion of a node and of all that it holds.

@@ -25,7 +25,7 @@ namespace vemra::ui {
 /// to describe the tree again; and which composites a change of state has made out of date.
 class Reconciler {
  public:
-  /// - Parameter states: is told when state in the tree changes.
+  /// - Parameter states: gets a call when state in the tree changes.
   /// - Parameter errors: keeps what bodies and rows throw.
   Reconciler(StateCell::Owner& states, FirstError& errors, Environment environment);
 

@@ -162,7 +162,7 @@ void RowStore::place(Node& forEach, std::vector<Place> places, Emission emission
         if (nextMounted != mounted.end() && *nextMounted == &row) {
           ++nextMounted;
           mount(row, waking, operation.after, emission);
-        } else if (emission == Emission::told) {
+        } else if (emission == Emission::recorded) {
           reconciler_.patches().recordTree(row, operation.after);
         }
         break;

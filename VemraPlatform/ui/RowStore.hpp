@@ -30,7 +30,7 @@ class RowStore {
   void reconcile(Node& forEach, Emission emission);
   /// Makes exactly these rows the shown ones. Ranges may overlap and stand in any order.
   void show(Node& forEach, std::vector<RowRange> ranges);
-  /// Whether the list's rows are all shown, always, so that nobody asks for some of them.
+  /// Whether the list always shows all its rows, so that `show` does not apply to it.
   bool demandsEverything(const Node& forEach) const;
 
   /// The row at `index` when it is shown, or was looked at and is still there; else nullptr.

@@ -4,7 +4,7 @@
 
 namespace vemra::ui {
 
-/// What a view graph has done so far, counted: the guard against work that nobody sees.
+/// How much work a view graph has done so far. Tests compare two counts to find work without an effect.
 struct WorkCount {
   std::uint64_t bodies = 0;    ///< composites described
   std::uint64_t rows = 0;      ///< rows described

@@ -175,7 +175,7 @@ void AccessibleTree::compareShowing(std::vector<Change>& changes) {
   }
 }
 
-/// A client that is told may change anything: what is gone by then is not announced.
+/// A client may change anything while it handles an event: no event is sent for an element that has gone.
 void AccessibleTree::tell(const std::vector<Change>& changes) {
   for (const auto& [id, what] : changes) {
     refreshPage();

@@ -44,7 +44,7 @@ class AccessibleGoal final : public QAccessibleInterface, public QAccessibleActi
   QString text(QAccessible::Text kind) const override {
     if (kind != QAccessible::Name || !isValid()) return {};
     QString name = shownName();
-    toldName_ = qHash(name);
+    announcedName_ = qHash(name);
     return name;
   }
   void setText(QAccessible::Text, const QString&) override {}
@@ -60,7 +60,7 @@ class AccessibleGoal final : public QAccessibleInterface, public QAccessibleActi
     if (!isValid()) return state;
     state.checkable = state.focusable = true;
     state.checked = isOpen();
-    toldOpen_ = isOpen();
+    announcedOpen_ = isOpen();
     state.offscreen = true;
     state.invisible = !column_->isVisible();
     return state;
@@ -78,16 +78,16 @@ class AccessibleGoal final : public QAccessibleInterface, public QAccessibleActi
   }
   QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
-  /// Whether its name, or its state, differs from what a client was told, which is about to be told
-  /// the new one; false when none has asked.
+  /// Whether its name, or its state, differs from the one that was announced last, and takes the new
+  /// one for announced; false when no client has asked.
   bool takeName() {
-    if (!toldName_ || !isValid()) return false;
+    if (!announcedName_ || !isValid()) return false;
     const std::size_t name = qHash(shownName());
-    return std::exchange(*toldName_, name) != name;
+    return std::exchange(*announcedName_, name) != name;
   }
   bool takeOpen() {
-    if (!toldOpen_ || !isValid()) return false;
-    return std::exchange(*toldOpen_, isOpen()) != isOpen();
+    if (!announcedOpen_ || !isValid()) return false;
+    return std::exchange(*announcedOpen_, isOpen()) != isOpen();
   }
 
  private:
@@ -98,8 +98,8 @@ class AccessibleGoal final : public QAccessibleInterface, public QAccessibleActi
 
   QPointer<GoalColumn> column_;
   std::size_t index_;
-  mutable std::optional<std::size_t> toldName_;  // a hash of it
-  mutable std::optional<bool> toldOpen_;
+  mutable std::optional<std::size_t> announcedName_;  // a hash of it
+  mutable std::optional<bool> announcedOpen_;
 };
 
 /// The heading, then the goals. Neither counting them nor finding one looks at the others.

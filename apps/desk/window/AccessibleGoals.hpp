@@ -10,9 +10,9 @@ class GoalList;
 /// with a widget or without: the goals are radio buttons, of which the open one is checked.
 ///
 /// A goal without a widget has its name, its state and its place (estimated where it has never been
-/// in view); `Press` opens it, `SetFocus` scrolls it in and gives it the focus. Clients hear when there
-/// are more or fewer goals than they were told, and when the name or the state of a goal differs from
-/// what they were told of it.
+/// in view); `Press` opens it, `SetFocus` scrolls it in and gives it the focus. A client gets an
+/// event when the number of goals, or the name or state of a goal, differs from what this class
+/// announced last.
 class GoalColumn : public QWidget {
   Q_OBJECT
 
@@ -21,7 +21,7 @@ class GoalColumn : public QWidget {
   /// The list; nullptr when it is being destroyed.
   GoalList* list() const { return list_; }
   void forgetList() { list_ = nullptr; }
-  /// Notifies clients of what differs from what they were told. To be called when the list shows other
+  /// Announces what differs from the last announcement. Call it when the list shows other
   /// goals, or another goal is open. Costs a step for each goal without a widget that a client knows.
   void announce();
 
