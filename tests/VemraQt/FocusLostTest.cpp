@@ -3,6 +3,7 @@
 #include "VemraPlatform/ui/View.hpp"
 #include "VemraQt/Page.hpp"
 #include "VemraQt/ViewWidget.hpp"
+#include "tests/VemraPlatform/page/Once.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
 
 #include <functional>
@@ -17,22 +18,7 @@ using namespace vemra;
 
 namespace {
 
-/// A button that turns into a text when it is pressed.
-struct Once {
-  static constexpr std::string_view name = "Once";
-  struct State {
-    bool isDone = false;
-    friend bool operator==(const State&, const State&) = default;
-  };
-  std::string id;
-
-  ui::View body(const ui::LocalState<State>& state) const {
-    if (state->isDone) return ui::Text(ui::verbatim("done"));
-    return ui::Button(ui::verbatim(id), [state] { state.set(&State::isDone, true); })
-        .accessibilityIdentifier(id);
-  }
-  ui::Properties properties(const State&) const { return {}; }
-};
+using page::sample::Once;
 
 ui::View button(const std::string& id) {
   return ui::Button(ui::verbatim(id), [] {}).accessibilityIdentifier(id);

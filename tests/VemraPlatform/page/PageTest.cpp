@@ -1,6 +1,7 @@
 #include "VemraPlatform/page/Page.hpp"
 #include "tests/VemraPlatform/page/CellHost.hpp"
 #include "tests/VemraPlatform/page/Laid.hpp"
+#include "tests/VemraPlatform/page/Once.hpp"
 
 #include <functional>
 #include <stdexcept>
@@ -14,22 +15,6 @@ using namespace sample;
 using Direction = FocusOrder::Direction;
 
 namespace {
-
-/// A button that turns into a text when it is pressed.
-struct Once {
-  static constexpr std::string_view name = "Once";
-  struct State {
-    bool isDone = false;
-    friend bool operator==(const State&, const State&) = default;
-  };
-  std::string id;
-
-  ui::View body(const ui::LocalState<State>& state) const {
-    if (state->isDone) return text("done");
-    return ui::Button(ui::verbatim(id), [state] { state.set(&State::isDone, true); });
-  }
-  ui::Properties properties(const State&) const { return {}; }
-};
 
 using RowView = std::function<ui::View(const std::string&)>;
 
