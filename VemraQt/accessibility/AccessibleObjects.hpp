@@ -1,7 +1,7 @@
 #pragma once
 
 #include "VemraQt/accessibility/AccessibleTree.hpp"
-#include "VemraQt/accessibility/LaterQt.hpp"
+#include "VemraQt/atspi/LaterQt.hpp"
 
 #include <cstdint>
 

@@ -3,7 +3,7 @@
 #include "VemraQt/Page.hpp"
 #include "VemraQt/ViewWidget.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
-#include "VemraQt/accessibility/ChildSignals.hpp"
+#include "VemraQt/atspi/ChildSignals.hpp"
 
 #include <QAccessibleWidget>
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "VemraPlatform/ui/ViewGraph.hpp"
-#include "VemraQt/accessibility/ChildSignals.hpp"
 #include "VemraQt/accessibility/ElementSlot.hpp"
-#include "VemraQt/accessibility/IdentifierBus.hpp"
 #include "VemraQt/accessibility/RowIdentifiers.hpp"
+#include "VemraQt/atspi/ChildSignals.hpp"
+#include "VemraQt/atspi/IdentifierBus.hpp"
 
 #include <cstdint>
 #include <memory>

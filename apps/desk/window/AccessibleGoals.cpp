@@ -1,6 +1,6 @@
 #include "apps/desk/window/AccessibleGoals.hpp"
 
-#include "VemraQt/accessibility/ChildSignals.hpp"
+#include "VemraQt/atspi/ChildSignals.hpp"
 #include "apps/desk/window/GoalList.hpp"
 #include "apps/desk/window/GoalRow.hpp"
 #include "apps/desk/window/PlainText.hpp"

@@ -1,7 +1,7 @@
-#include "VemraQt/accessibility/IdentifierBus.hpp"
+#include "VemraQt/atspi/IdentifierBus.hpp"
 
-#include "VemraQt/accessibility/BusReference.hpp"
-#include "VemraQt/accessibility/IdentifierAnswers.hpp"
+#include "VemraQt/atspi/BusReference.hpp"
+#include "VemraQt/atspi/IdentifierAnswers.hpp"
 
 #include <memory>
 #include <vector>

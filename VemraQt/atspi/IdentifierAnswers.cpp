@@ -1,10 +1,10 @@
-#include "VemraQt/accessibility/IdentifierAnswers.hpp"
+#include "VemraQt/atspi/IdentifierAnswers.hpp"
 
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
-#include "VemraQt/accessibility/BusReference.hpp"
-#include "VemraQt/accessibility/IdentifierBus.hpp"
-#include "VemraQt/accessibility/LaterQt.hpp"
-#include "VemraQt/accessibility/SelectionAnswers.hpp"
+#include "VemraQt/atspi/BusReference.hpp"
+#include "VemraQt/atspi/IdentifierBus.hpp"
+#include "VemraQt/atspi/LaterQt.hpp"
+#include "VemraQt/atspi/SelectionAnswers.hpp"
 
 #include <algorithm>
 #include <vector>

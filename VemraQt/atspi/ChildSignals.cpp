@@ -1,7 +1,7 @@
-#include "VemraQt/accessibility/ChildSignals.hpp"
+#include "VemraQt/atspi/ChildSignals.hpp"
 
-#include "VemraQt/accessibility/BusReference.hpp"
-#include "VemraQt/accessibility/IdentifierBus.hpp"
+#include "VemraQt/atspi/BusReference.hpp"
+#include "VemraQt/atspi/IdentifierBus.hpp"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

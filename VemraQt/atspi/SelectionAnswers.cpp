@@ -1,7 +1,7 @@
-#include "VemraQt/accessibility/SelectionAnswers.hpp"
+#include "VemraQt/atspi/SelectionAnswers.hpp"
 
-#include "VemraQt/accessibility/BusReference.hpp"
-#include "VemraQt/accessibility/LaterQt.hpp"
+#include "VemraQt/atspi/BusReference.hpp"
+#include "VemraQt/atspi/LaterQt.hpp"
 
 #include <QDBusMessage>
 #include <QDBusMetaType>
