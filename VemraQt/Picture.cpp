@@ -1,7 +1,7 @@
 #include "VemraQt/Picture.hpp"
 
-#include "VemraQt/Page.hpp"
 #include "VemraQt/ViewWidget.hpp"
+#include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
 

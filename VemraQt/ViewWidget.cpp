@@ -1,8 +1,8 @@
 #include "VemraQt/ViewWidget.hpp"
 
-#include "VemraQt/Page.hpp"
 #include "VemraQt/SystemEnvironment.hpp"
 #include "VemraQt/accessibility/AccessiblePage.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/PageScrollBar.hpp"
 
 #include <utility>

@@ -1,6 +1,6 @@
 #include "VemraQt/accessibility/AccessibleControls.hpp"
 
-#include "VemraQt/Page.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "VemraQt/widgets/LineField.hpp"
 

@@ -1,8 +1,8 @@
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 
 #include "VemraPlatform/text/Trim.hpp"
-#include "VemraQt/Page.hpp"
 #include "VemraQt/accessibility/AccessibleControls.hpp"
+#include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
 

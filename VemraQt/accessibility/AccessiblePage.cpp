@@ -1,9 +1,9 @@
 #include "VemraQt/accessibility/AccessiblePage.hpp"
 
-#include "VemraQt/Page.hpp"
 #include "VemraQt/ViewWidget.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/atspi/ChildSignals.hpp"
+#include "VemraQt/page/Page.hpp"
 
 #include <QAccessibleWidget>
 

@@ -1,8 +1,8 @@
 #include "VemraQt/accessibility/AccessibleTree.hpp"
 
 #include "VemraPlatform/page/RowChanges.hpp"
-#include "VemraQt/Page.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
 #include <cstdio>

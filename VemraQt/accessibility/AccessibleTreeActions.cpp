@@ -1,8 +1,8 @@
 // What objects of the tree do and where they stand.
 
-#include "VemraQt/Page.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
+#include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 // What clients are told when something has changed.
 
-#include "VemraQt/Page.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
+#include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
 

@@ -2,9 +2,9 @@
 
 #include "VemraPlatform/page/RowChanges.hpp"
 #include "VemraPlatform/text/Equality.hpp"
-#include "VemraQt/Page.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
+#include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
 #include <numeric>

@@ -1,9 +1,9 @@
 // Identifiers, and what is found by them.
 
 #include "VemraPlatform/page/RowChanges.hpp"
-#include "VemraQt/Page.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
+#include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "VemraQt/accessibility/ElementSlot.hpp"
 
 #include "VemraPlatform/text/KeyedHash.hpp"
-#include "VemraQt/Page.hpp"
+#include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
 

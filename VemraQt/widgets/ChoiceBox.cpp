@@ -1,7 +1,7 @@
 #include "VemraQt/widgets/ChoiceBox.hpp"
 
 #include "VemraPlatform/page/Choices.hpp"
-#include "VemraQt/StyleMetrics.hpp"
+#include "VemraQt/widgets/StyleMetrics.hpp"
 
 #include <algorithm>
 #include <utility>

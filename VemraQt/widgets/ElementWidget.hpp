@@ -3,7 +3,7 @@
 #include "VemraPlatform/page/Node.hpp"
 #include "VemraPlatform/ui/Event.hpp"
 #include "VemraQt/Looks.hpp"
-#include "VemraQt/TextShape.hpp"
+#include "VemraQt/widgets/TextShape.hpp"
 
 #include <QStyleOption>
 #include <QWidget>

@@ -1,8 +1,8 @@
 #include "tests/VemraQt/Accessibility.hpp"
 
-#include "VemraQt/Page.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/accessibility/AccessiblePage.hpp"
+#include "VemraQt/page/Page.hpp"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
 // What an object answers: while its element is drawn, while it is not, and when it has gone.
 
 #include "VemraPlatform/ui/View.hpp"
-#include "VemraQt/Page.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
 

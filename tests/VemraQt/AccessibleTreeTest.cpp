@@ -1,7 +1,7 @@
 // One tree over the whole page: every row and control is there, drawn or not, and acts.
 
-#include "VemraQt/Page.hpp"
 #include "VemraQt/atspi/LaterQt.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
 
 #include <QApplication>

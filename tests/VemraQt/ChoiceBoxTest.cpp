@@ -1,7 +1,7 @@
 // The picker's widget: its choices, its menu, and what a client does with it.
 
-#include "VemraQt/Page.hpp"
 #include "VemraQt/atspi/LaterQt.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
 #include "tests/VemraQt/Accessibility.hpp"

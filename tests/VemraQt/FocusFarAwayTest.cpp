@@ -1,7 +1,7 @@
 // The keyboard where its place is not near the viewport, or comes only with rows that have to be
 // asked for first.
 
-#include "VemraQt/Page.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
 
 #include <QApplication>

@@ -1,8 +1,8 @@
 // A control that has the focus goes during an event, and nothing near it can have the focus.
 
 #include "VemraPlatform/ui/View.hpp"
-#include "VemraQt/Page.hpp"
 #include "VemraQt/ViewWidget.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "tests/VemraPlatform/page/Once.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
 

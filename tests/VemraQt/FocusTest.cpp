@@ -1,6 +1,6 @@
 // The keyboard: in reading order through every row, on to what took an element's place, no trap.
 
-#include "VemraQt/Page.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VemraQt/Page.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
 
 #include <memory>

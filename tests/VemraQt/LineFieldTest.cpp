@@ -1,6 +1,6 @@
 // The text field's widget: what it says to its element, and what it is to a client.
 
-#include "VemraQt/Page.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/LineField.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
 #include "tests/VemraQt/Accessibility.hpp"

@@ -1,7 +1,7 @@
 // Looks that change while the page is in use.
 
-#include "VemraQt/Page.hpp"
 #include "VemraQt/Picture.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "tests/VemraQt/Palettes.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
 

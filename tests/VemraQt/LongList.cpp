@@ -1,7 +1,7 @@
 #include "tests/VemraQt/LongList.hpp"
 
 #include "VemraPlatform/page/Layout.hpp"
-#include "VemraQt/Page.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/ElementWidget.hpp"
 #include "tests/VemraQt/HardScreen.hpp"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "VemraQt/Page.hpp"
 #include "VemraQt/ViewWidget.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "tests/VemraPlatform/ui/Fault.hpp"
 
 #include <functional>

@@ -1,6 +1,6 @@
 // What is read stays where it is, whatever is measured, comes or changes above it.
 
-#include "VemraQt/Page.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/ElementWidget.hpp"
 #include "tests/VemraQt/HardScreen.hpp"
 #include "tests/VemraQt/LongList.hpp"

@@ -1,4 +1,4 @@
-#include "VemraQt/TextShape.hpp"
+#include "VemraQt/widgets/TextShape.hpp"
 
 #include <QApplication>
 #include <QImage>

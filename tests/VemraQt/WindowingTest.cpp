@@ -1,6 +1,6 @@
 // Rows have widgets only near the viewport; nobody can tell.
 
-#include "VemraQt/Page.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
 #include "tests/VemraQt/LongList.hpp"
 

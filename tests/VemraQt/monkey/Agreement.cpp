@@ -1,8 +1,8 @@
 #include "tests/VemraQt/monkey/Agreement.hpp"
 
 #include "VemraPlatform/text/Trim.hpp"
-#include "VemraQt/Page.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "tests/VemraQt/monkey/SameTrees.hpp"
 

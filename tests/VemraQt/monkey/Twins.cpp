@@ -1,6 +1,6 @@
 #include "tests/VemraQt/monkey/Twins.hpp"
 
-#include "VemraQt/Page.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "tests/VemraQt/Strings.hpp"
 
 #include <QApplication>

@@ -1,8 +1,8 @@
 // What a person does to the window, and what the other screen must come to by it.
 
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
-#include "VemraQt/Page.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
 #include "tests/VemraQt/monkey/Twins.hpp"

@@ -1,6 +1,6 @@
 // Where the elements of both screens stand, and which of them are the same.
 
-#include "VemraQt/Page.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "tests/VemraQt/monkey/Twins.hpp"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // The screen as it looks, held against tests/expected/pictures/*.png. VEMRA_UPDATE_EXPECTED=1 in
 // the environment rewrites them; look at them before they are kept.
 
-#include "VemraQt/Page.hpp"
+#include "VemraQt/page/Page.hpp"
 #include "tests/VemraQt/Palettes.hpp"
 #include "tests/VemraQt/Strings.hpp"
 #include "tests/VemraQt/WindowHost.hpp"

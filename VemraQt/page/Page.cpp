@@ -1,4 +1,4 @@
-#include "VemraQt/Page.hpp"
+#include "VemraQt/page/Page.hpp"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "VemraQt/Looks.hpp"
-#include "VemraQt/ShownLeaf.hpp"
+#include "VemraQt/widgets/ShownLeaf.hpp"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 // The widgets of what is near the viewport.
 
-#include "VemraQt/Page.hpp"
+#include "VemraQt/page/Page.hpp"
 
 #include <utility>
 

@@ -2,7 +2,7 @@
 
 #include "VemraPlatform/page/Node.hpp"
 #include "VemraPlatform/ui/NodeTable.hpp"
-#include "VemraQt/TextShape.hpp"
+#include "VemraQt/widgets/TextShape.hpp"
 
 namespace vemra::qt {
 

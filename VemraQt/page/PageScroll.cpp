@@ -1,6 +1,6 @@
 // The page and its scroll bar.
 
-#include "VemraQt/Page.hpp"
+#include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
 #include <cstdlib>

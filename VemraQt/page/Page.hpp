@@ -1,10 +1,10 @@
 #pragma once
 
 #include "VemraPlatform/page/Page.hpp"
-#include "VemraQt/PageErrors.hpp"
-#include "VemraQt/ShownLeaf.hpp"
-#include "VemraQt/StyleMetrics.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
+#include "VemraQt/page/PageErrors.hpp"
+#include "VemraQt/widgets/ShownLeaf.hpp"
+#include "VemraQt/widgets/StyleMetrics.hpp"
 #include "VemraQt/widgets/WidgetPool.hpp"
 
 #include <cstdint>

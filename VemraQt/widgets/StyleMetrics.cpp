@@ -1,4 +1,4 @@
-#include "VemraQt/StyleMetrics.hpp"
+#include "VemraQt/widgets/StyleMetrics.hpp"
 
 #include "VemraQt/widgets/ChoiceBox.hpp"
 

@@ -1,4 +1,4 @@
-#include "VemraQt/PageErrors.hpp"
+#include "VemraQt/page/PageErrors.hpp"
 
 #include <QMetaObject>
 
