@@ -49,7 +49,7 @@ std::string pickerText(const page::Node& leaf, int room) {
   for (const page::Choice& choice : choices) {
     widest = std::max(widest, text::columns(text::onOneLine(choice.label)));
   }
-  const auto chosen = page::chosenAmong(choices, leaf);
+  const auto chosen = page::chosenAmong(choices, leaf.element);
   std::string shown = chosen ? text::linesOf(choices[*chosen].label, room - 2).front() : "";
   return padded(std::move(shown), std::min(widest, room - 2)) + " v";
 }

@@ -6,33 +6,58 @@ namespace vemra::page {
 
 namespace {
 
-std::string_view labelIn(const Node& row) {
+const Node& nodeIn(const Node& child) {
+  return child;
+}
+const ui::Node& nodeIn(const ui::Node* child) {
+  return *child;
+}
+auto childrenOf(const Node& node) {
+  return node.children();
+}
+const auto& childrenOf(const ui::Node& node) {
+  return node.children;
+}
+
+template <class AnyNode>
+std::string_view labelIn(const AnyNode& row) {
   if (row.element.label()) return row.element.shownLabel();
-  for (const Node& child : row.children()) {
-    const std::string_view label = labelIn(child);
+  for (const auto& child : childrenOf(row)) {
+    const std::string_view label = labelIn(nodeIn(child));
     if (!label.empty()) return label;
   }
   return {};
 }
 
-void collect(const Node& node, std::vector<Choice>& choices) {
-  if (const ui::Tag* tag = node.element.tag()) {
-    choices.push_back({labelIn(node), *tag});
-    return;
+template <class AnyNode>
+void collect(const AnyNode& holder, std::vector<Choice>& choices) {
+  for (const auto& child : childrenOf(holder)) {
+    const AnyNode& row = nodeIn(child);
+    if (const ui::Tag* tag = row.element.tag()) {
+      choices.push_back({labelIn(row), row.element.accessibilityIdentifier(), *tag});
+    } else {
+      collect(row, choices);
+    }
   }
-  for (const Node& child : node.children()) collect(child, choices);
 }
 
 }  // namespace
 
 std::vector<Choice> choicesOf(const Node& picker) {
   std::vector<Choice> choices;
-  for (const Node& child : picker.children()) collect(child, choices);
+  collect(picker, choices);
   return choices;
 }
 
-std::optional<std::size_t> chosenAmong(const std::vector<Choice>& choices, const Node& picker) {
-  const auto& selection = picker.element.selection();
+std::vector<Choice> choicesOf(const ui::Node& picker) {
+  std::vector<Choice> choices;
+  collect(picker, choices);
+  return choices;
+}
+
+std::optional<std::size_t> chosenAmong(const std::vector<Choice>& choices,
+                                       const ui::Element& picker) {
+  const auto& selection = picker.selection();
   if (!selection) return std::nullopt;
   const auto found = std::ranges::find(choices, *selection, &Choice::tag);
   if (found == choices.end()) return std::nullopt;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VemraPlatform/page/Node.hpp"
+#include "VemraPlatform/ui/Node.hpp"
 #include "VemraPlatform/ui/Tag.hpp"
 
 #include <cstddef>
@@ -10,16 +11,20 @@
 
 namespace vemra::page {
 
-/// One thing that can be chosen in a picker.
+/// One thing that can be chosen in a picker. The texts are valid until the tree changes.
 struct Choice {
-  std::string_view label;  ///< as shown; valid until the tree changes
+  std::string_view label;       ///< as shown
+  std::string_view identifier;  ///< the accessibility identifier of its row, "" without one
   ui::Tag tag;
 };
 
-/// What can be chosen in a picker: its tagged rows, in tree order.
+/// What can be chosen in a picker: its tagged rows, in tree order. The second function is for a picker
+/// that no patch has reached, because its row was only looked at.
 std::vector<Choice> choicesOf(const Node& picker);
+std::vector<Choice> choicesOf(const ui::Node& picker);
 
 /// The place of the picker's selection among them; nil when it is none of them.
-std::optional<std::size_t> chosenAmong(const std::vector<Choice>& choices, const Node& picker);
+std::optional<std::size_t> chosenAmong(const std::vector<Choice>& choices,
+                                       const ui::Element& picker);
 
 }  // namespace vemra::page

@@ -39,35 +39,17 @@ QString ReadOnlyText::attributes(int, int* start, int* end) const {
   return {};
 }
 
-namespace {
-
-void collectTagged(const ui::Node& node, std::vector<const ui::Node*>& tagged) {
-  if (node.element.tag()) {
-    tagged.push_back(&node);
-    return;
-  }
-  for (const ui::Node* child : node.children) collectTagged(*child, tagged);
-}
-
-}  // namespace
-
-std::vector<const ui::Node*> AccessiblePicker::choices() const {
-  std::vector<const ui::Node*> tagged;
-  if (const ui::Node* picker = node()) {
-    for (const ui::Node* child : picker->children) collectTagged(*child, tagged);
-  }
-  return tagged;
+std::vector<page::Choice> AccessiblePicker::choices() const {
+  const ui::Node* picker = node();
+  return picker ? page::choicesOf(*picker) : std::vector<page::Choice>();
 }
 
 QString AccessiblePicker::wholeText() const {
   const ui::Node* picker = node();
-  if (!picker || !picker->element.selection()) return {};
-  for (const ui::Node* choice : choices()) {
-    if (*choice->element.tag() == *picker->element.selection()) {
-      return toQString(choice->element.shownLabel());
-    }
-  }
-  return {};
+  if (!picker) return {};
+  const std::vector<page::Choice> all = choices();
+  const auto chosen = page::chosenAmong(all, picker->element);
+  return chosen ? toQString(all[*chosen].label) : QString();
 }
 
 QString AccessiblePicker::textOf(QAccessible::Text kind) const {
@@ -136,33 +118,31 @@ void AccessiblePicker::doAction(const QString& name) {
   if (box) box->showPopup();
 }
 
-const ui::Node* AccessibleChoice::node() const {
-  if (isLeaving()) return nullptr;
-  const auto choices = picker_.choices();
-  return index_ < choices.size() ? choices[index_] : nullptr;
+std::optional<page::Choice> AccessibleChoice::choice() const {
+  if (isLeaving()) return std::nullopt;
+  const std::vector<page::Choice> all = picker_.choices();
+  return index_ < all.size() ? std::optional(all[index_]) : std::nullopt;
 }
 
 QString AccessibleChoice::textOf(QAccessible::Text kind) const {
-  const ui::Node* choice = node();
-  return choice && kind == QAccessible::Name ? toQString(choice->element.shownLabel()) : QString();
+  const auto own = choice();
+  return own && kind == QAccessible::Name ? toQString(own->label) : QString();
 }
 
 QAccessible::State AccessibleChoice::state() const {
   QAccessible::State state;
-  const ui::Node* choice = node();
-  const ui::Node* picker = choice ? picker_.node() : nullptr;
+  const auto own = choice();
+  const ui::Node* picker = own ? picker_.node() : nullptr;
   state.offscreen = true;  // they are seen in a menu, which has items of its own
   state.disabled = !picker || !picker->element.style().enabled;
   state.selectable = true;
-  state.selected = picker && picker->element.selection() &&
-                   *picker->element.selection() == *choice->element.tag();
+  state.selected = picker && picker->element.selection() == own->tag;
   return state;
 }
 
 QString AccessibleChoice::identifier() const {
-  const ui::Node* choice = node();
-  return choice ? toQString(choice->element.accessibilityIdentifier()) + QStringLiteral("")
-                : QStringLiteral("");
+  const auto own = choice();
+  return own ? toQString(own->identifier) + QStringLiteral("") : QStringLiteral("");
 }
 
 void* AccessibleChoice::interface_cast(QAccessible::InterfaceType type) {
@@ -171,10 +151,10 @@ void* AccessibleChoice::interface_cast(QAccessible::InterfaceType type) {
 }
 
 void AccessibleChoice::doAction(const QString& name) {
-  const ui::Node* choice = node();
-  const ui::Node* picker = choice ? picker_.node() : nullptr;
+  const auto own = choice();
+  const ui::Node* picker = own ? picker_.node() : nullptr;
   if (!picker || name != pressAction()) return;
-  tree().deliver(picker->id, ui::Select{*choice->element.tag()});
+  tree().deliver(picker->id, ui::Select{own->tag});
 }
 
 QLineEdit* AccessibleField::widget() const {

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "VemraPlatform/page/Choices.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
+
+#include <optional>
+#include <vector>
 
 class QLineEdit;
 
@@ -68,8 +72,8 @@ class AccessiblePicker final : public AccessibleElement,
   bool selectAll() override { return false; }
   bool clear() override { return false; }
 
-  /// The nodes of the picker's tagged rows, in tree order.
-  std::vector<const ui::Node*> choices() const;
+  /// What can be chosen in it now.
+  std::vector<page::Choice> choices() const;
 
  protected:
   QString wholeText() const override;
@@ -97,7 +101,7 @@ class AccessibleChoice final : public AccessibleObject, public QAccessibleAction
   QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
  private:
-  const ui::Node* node() const;
+  std::optional<page::Choice> choice() const;
 
   AccessiblePicker& picker_;
   std::size_t index_;

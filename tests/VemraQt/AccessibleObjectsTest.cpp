@@ -100,6 +100,16 @@ TEST_F(AccessibleObjectsTest, ThePageIsAWindowOnlyWhenItIsOne) {
   EXPECT_EQ(QAccessible::queryAccessibleInterface(inside)->role(), QAccessible::Client);
 }
 
+TEST_F(AccessibleObjectsTest, AChoiceIsNamedAsItsMenuNamesIt) {
+  const auto row = ui::HStack(ui::VerticalAlignment::center, 4, {ui::Text("B"), ui::Text("b")});
+  widget.setRoot(ui::Picker("Picker",
+                            ui::Binding<Letter>([] { return Letter{"b"}; }, [](const Letter&) {}),
+                            {ui::Text("A").tag(Letter{"a"}), row.tag(Letter{"b"})})
+                     .accessibilityIdentifier("picker"));
+  EXPECT_EQ(name(*find("picker")->child(1)), "B");
+  EXPECT_EQ(find("picker")->text(QAccessible::Value), "B");
+}
+
 TEST_F(AccessibleObjectsTest, AnActionOnAnElementThatHasGoneDoesNothing) {
   widget.setRoot(controls());
   QAccessibleInterface& button = *find("button");

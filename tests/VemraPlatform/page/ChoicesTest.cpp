@@ -24,7 +24,6 @@ class Choices : public ::testing::Test {
     return *tree_.root();
   }
 
- private:
   testing::RenderedTree tree_;
   ui::ViewGraph graph_;
 };
@@ -48,15 +47,29 @@ TEST_F(Choices, haveTheFirstTextOfARowOfSeveral) {
   EXPECT_EQ(choices[0].label, "Bad");
 }
 
+TEST_F(Choices, areTheSameOfAPickerThatNoPatchHasReached) {
+  const Node& patched =
+      picker(Mood::bad, {ui::Group({Text(verbatim("Bad")).tag(Mood::bad)}),
+                         Text(verbatim("Good")).tag(Mood::good).accessibilityIdentifier("best")});
+  for (const auto& choices : {choicesOf(patched), choicesOf(*graph_.root())}) {
+    ASSERT_EQ(choices.size(), 2U);
+    EXPECT_EQ(choices[0].label, "Bad");
+    EXPECT_EQ(choices[0].identifier, "");
+    EXPECT_EQ(choices[1].label, "Good");
+    EXPECT_EQ(choices[1].identifier, "best");
+    EXPECT_EQ(choices[1].tag, ui::Tag(Mood::good));
+  }
+}
+
 TEST_F(Choices, theChosenOneIsTheOneWithTheTagOfTheSelection) {
   const Node& node = picker(
       Mood::fair, {Text(verbatim("Good")).tag(Mood::good), Text(verbatim("Fair")).tag(Mood::fair)});
-  EXPECT_EQ(chosenAmong(choicesOf(node), node), 1U);
+  EXPECT_EQ(chosenAmong(choicesOf(node), node.element), 1U);
 }
 
 TEST_F(Choices, noneIsChosenWithoutARowForTheSelection) {
   const Node& node = picker(Mood::bad, {Text(verbatim("Good")).tag(Mood::good)});
-  EXPECT_EQ(chosenAmong(choicesOf(node), node), std::nullopt);
+  EXPECT_EQ(chosenAmong(choicesOf(node), node.element), std::nullopt);
 }
 
 }  // namespace
