@@ -75,8 +75,10 @@ int columnsOfCluster(std::string_view cluster) {
   return isEmoji || (isPicture && isJoined) || regions == 2 ? 2 : columns;
 }
 
+constexpr std::string_view narrowBlank = " ", wideBlank = "\u3000";
+
 bool isBlank(std::string_view bytes) {
-  return bytes == " " || bytes == "\u3000";
+  return bytes == narrowBlank || bytes == wideBlank;
 }
 
 /// Lines that are filled piece by piece.
@@ -102,7 +104,9 @@ class Filling {
   }
 
   void endLine() {
-    while (line_.ends_with(' ')) line_.pop_back();
+    while (line_.ends_with(narrowBlank) || line_.ends_with(wideBlank)) {
+      line_.resize(line_.size() - (line_.ends_with(wideBlank) ? wideBlank : narrowBlank).size());
+    }
     lines_.push_back(std::exchange(line_, {}));
     used_ = 0;
   }

@@ -50,6 +50,17 @@ TEST(Columns, linesBreakAtBlanksAndLoseThem) {
   EXPECT_THAT(linesOf("as wide as it is", 16), ElementsAre("as wide as it is"));
 }
 
+TEST(Columns, wideBlanksAreLeftOutAtTheEndOfALineToo) {
+  EXPECT_THAT(linesOf("\u7530\u3000\u4E2D", 2), ElementsAre("\u7530", "\u4E2D")) << "no room";
+  EXPECT_THAT(linesOf("\u7530\u3000\u4E2D", 4), ElementsAre("\u7530", "\u4E2D")) << "room";
+  EXPECT_THAT(linesOf("\u7530\u3000 \u3000\u4E2D", 8), ElementsAre("\u7530", "\u4E2D"));
+  EXPECT_THAT(linesOf("\u7530\u3000\u4E2D", 6), ElementsAre("\u7530\u3000\u4E2D"));
+}
+
+TEST(Columns, aWordGoesOnANewLineBehindASingleColumn) {
+  EXPECT_THAT(linesOf("\u2014abc", 3), ElementsAre("\u2014", "abc")) << "a dash, one column wide";
+}
+
 TEST(Columns, aWordThatIsWiderThanALineIsBroken) {
   EXPECT_THAT(linesOf("abcdefgh ij", 3), ElementsAre("abc", "def", "gh", "ij"));
   EXPECT_THAT(linesOf("\u7530\u4E2D\u82B1", 4), ElementsAre("\u7530\u4E2D", "\u82B1"));
