@@ -150,14 +150,19 @@ PinnedRows Page::pinnedRows() const {
 }
 
 bool Page::askForRows() {
+  noteFocus();
   const PinnedRows pinned = pinnedRows();
-  if (pinned.focused) tree_.find(pinned.focused->id)->focusedAt = ++focusCount_;
   // All requests are found before the first is made: rows that come may bring lists of their own.
   std::vector<RowRequest> requests = rowRequests(tree_, viewport(), margins_, pinned);
   for (RowRequest& request : requests) {
     attempt([&] { graph_.showRows(request.list, std::move(request.ranges)); });
   }
   return !requests.empty();
+}
+
+/// Notes that the row with the focus had it later than any other.
+void Page::noteFocus() {
+  if (const Node* const row = rowOf(focused())) tree_.find(row->id)->focusedAt = ++focusCount_;
 }
 
 void Page::place() {
@@ -204,6 +209,7 @@ void Page::focus(const Node& control, FocusReason reason) {
   const Node* still = tree_.find(id);
   if (!still || !still->isPlaced) return;
   host_.giveFocus(*still, reason);
+  noteFocus();  // there is no pass where nothing is scrolled
   still = tree_.find(id);
   if (still) reveal(*still);
 }

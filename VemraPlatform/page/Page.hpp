@@ -98,6 +98,7 @@ class Page final : public ui::Renderer, private RowSupply {
   void layout();
   void takeAnchorPosition();
   bool askForRows();
+  void noteFocus();
   void place();
   void removing(Node& node);
   bool moveFocus(const Node* control, Direction direction);

@@ -130,4 +130,18 @@ TEST_F(AnchorTest, AListBelowTheTopOfTheViewportHoldsNothingInPlace) {
   EXPECT_EQ(before.position(rows.tree, rows.frames(), seen), 60);
 }
 
+TEST_F(AnchorTest, AListWithoutRowsHoldsNothingInPlaceWhereItsRowsWere) {
+  const auto page = [](const char* id, int lines, std::size_t rows) {
+    const std::string tall(static_cast<std::size_t>(lines) * 10, 'x');
+    return column({ui::View(text(tall)).id(id), list(numbered(rows))});
+  };
+  Laid rows(page("one", 1, 100), 100);
+  rows.ask({{0, 30}});
+  rows.show(page("two", 40, 0));
+  const Viewport seen{100, 60, 205};  // below the top of the rows that have gone
+  const Anchor before(Reason::changed, rows.tree, rows.frames(), seen, nullptr);
+  rows.show(page("three", 5, 100));
+  EXPECT_EQ(before.position(rows.tree, rows.frames(), seen), 205);
+}
+
 }  // namespace vemra::page

@@ -47,6 +47,10 @@ class CellHost final : public PageHost {
   }
   ui::NodeID focused() const override { return focusedElement; }
   void giveFocus(const Node& control, FocusReason) override {
+    if (refusesFocus) {
+      ++refused;
+      return;
+    }
     focusedElement = control.id;
     landed.push_back(control.id);
     landedWell = landedWell && page.tree().find(control.id) == &control && takesFocus(control);
@@ -70,6 +74,8 @@ class CellHost final : public PageHost {
   Size size{200, 300};
   int scale = 1;
   bool isSeen = true;
+  bool refusesFocus = false;
+  int refused = 0;  ///< how often it refused the focus
   bool hasBar = false;
   int maximum = 0, position = 0;
   std::map<ui::NodeID, Rect> drawn;  ///< on the whole page

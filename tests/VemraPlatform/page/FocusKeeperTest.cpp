@@ -102,6 +102,22 @@ TEST_F(FocusKeeperTest, AFoundControlThatIsDisabledMeanwhileIsNotKept) {
   EXPECT_EQ(control(), "a");
 }
 
+TEST_F(FocusKeeperTest, KeepsTheRowOfTheFoundControl) {
+  const auto page = [](ui::View first) {
+    return column({std::move(first), list(numbered(9), button)});
+  };
+  Laid rows(page(button("lost")));
+  rows.ask({{0, 3}});
+  FocusKeeper kept(rows.tree, *this);
+  const Node& lost = rows.leaf("lost");
+  kept.removing(lost, &lost, nullptr, Sight::inView);
+  rows.show(page(text("x")));
+  ASSERT_EQ(kept.row(), nullptr) << "the place that was lost is in no row";
+  const Node* const found = kept.control();
+  ASSERT_EQ(nameOf(*found), "row0");
+  EXPECT_EQ(kept.row(), rowOf(found));
+}
+
 TEST_F(FocusKeeperTest, ASearchThatWaitsForRowsEndsAndKeepsItsOwnRow) {
   Laid rows(column({list(numbered(100))}));
   rows.ask({{50, 51}});

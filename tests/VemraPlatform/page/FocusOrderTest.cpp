@@ -119,6 +119,15 @@ TEST_F(FocusOrderTest, WhatStandsBehindTheSameNeighbourTakesThePlaceOfALostEleme
   EXPECT_EQ(LostPlace::of(laid.leaf("a")).after, ui::NodeID{}) << "nothing before it";
 }
 
+TEST_F(FocusOrderTest, OfALostRowTheIndexIsNotedAndOfNothingElse) {
+  Laid laid(controls(5));
+  laid.ask({{1, 4}});
+  const Node& row = *laid.list().firstChild->next;
+  EXPECT_EQ(LostPlace::of(row).within, laid.list().id);
+  EXPECT_EQ(LostPlace::of(row).row, 2u);
+  EXPECT_EQ(LostPlace::of(laid.leaf("one")).row, std::nullopt);
+}
+
 TEST_F(FocusOrderTest, WithoutAControlInTheLostRowTheRowsAfterItComeAndThenWhatFollowsTheList) {
   const auto only = [](const std::string& id) {
     return [id](const std::string& row) { return row == id ? ui::View(button(row)) : text(row); };
@@ -171,6 +180,20 @@ TEST_F(FocusOrderTest, WaitsForTheFirstRowThatComesLaterAndAsksForNoOther) {
   ASSERT_TRUE(order.waiting());
   EXPECT_EQ(order.waiting()->row, 0u);
   EXPECT_EQ(asked, 1);
+}
+
+TEST_F(FocusOrderTest, WaitsForTheNextRowRatherThanLeaveTheList) {
+  Laid laid(column({button("before"), list(numbered(100), button), button("after")}));
+  supplied = &laid;
+  laid.ask({{50, 51}});
+  isLate = true;
+  for (const auto& [direction, row] :
+       {std::pair(Direction::forward, 51u), std::pair(Direction::backward, 49u)}) {
+    FocusOrder order(laid.tree, *this);
+    EXPECT_EQ(shown(order.next(laid.leaf("row50"), direction)), "none");
+    ASSERT_TRUE(order.waiting());
+    EXPECT_EQ(order.waiting()->row, row);
+  }
 }
 
 TEST_F(FocusOrderTest, AResumedSearchGoesOnAndNeverBack) {

@@ -60,6 +60,17 @@ TEST(Layout, ARowThatDoesNotFitGoesOnInAFurtherLine) {
   EXPECT_EQ(laid.tree.root()->size.height, 48) << "two lines and what is between them";
 }
 
+TEST(Layout, ARowThatJustFitsStaysOnOneLine) {
+  const View row = HStack(VerticalAlignment::center, 8, {text("aaaa"), text("bbbb")});
+  EXPECT_EQ(Laid(row, 88).leaf("bbbb").frame, (Rect{48, 0, 40, 20}));
+  EXPECT_EQ(Laid(row, 87).leaf("bbbb").frame, (Rect{0, 28, 40, 20}));
+}
+
+TEST(Layout, ARowWithoutElementsHasNoSize) {
+  Laid laid(HStack(VerticalAlignment::center, 8, {}), 100);
+  EXPECT_EQ(laid.tree.root()->size, (Size{0, 0}));
+}
+
 TEST(Layout, NothingIsWiderThanThePageItStandsOn) {
   Laid laid(VStack(HorizontalAlignment::leading, 4,
                    {text("a rather long text"), HStack(VerticalAlignment::center, 8,
@@ -95,6 +106,17 @@ TEST(Layout, RowsNotAskedForStandByTheEstimate) {
   EXPECT_EQ(rows.frame.y, 30);
   EXPECT_EQ(rows.frame.height, 1000 * rows.rows->estimate() + 999 * 10);
   EXPECT_EQ(laid.leaf("foot").frame.y, rows.frame.bottom() + 10);
+}
+
+TEST(Layout, InAnotherWidthTheRowsThatAreThereGiveTheEstimateAnew) {
+  page::sample::IDs twoLines;
+  for (int i = 0; i < 100; ++i) twoLines.push_back("a row of 15, " + std::to_string(10 + i));
+  Laid laid(column({list(twoLines)}), 300);
+  laid.ask({{0, 10}});
+  ASSERT_EQ(laid.list().rows->estimate(), 20);
+  laid.width = 100;
+  laid.layOut();
+  EXPECT_EQ(laid.list().rows->estimate(), 40);
 }
 
 TEST(Layout, AnEmptyListLeavesNoGap) {

@@ -39,6 +39,15 @@ class PageTest : public ::testing::Test {
     const Node* const node = host.page.focused();
     return node ? nameOf(*node) : "nothing";
   }
+  /// The first text in view that names its row.
+  const Node* firstSeen() const {
+    const Node* first = nullptr;
+    forEachLeaf(*host.page.tree().root(), [&](const Node& leaf) {
+      const bool isSeen = leaf.isPlaced && top(nameOf(leaf)) >= 0;
+      if (!first && isSeen && nameOf(leaf).starts_with("row")) first = &leaf;
+    });
+    return first;
+  }
   /// Where an element stands in the viewport.
   int top(std::string_view name) const {
     return host.page.frames().of(*find(name)).y - host.position;
@@ -54,6 +63,12 @@ RowView rows(std::string goes, std::string stays = "") {
     if (id == goes) return Once{id};
     return id == stays ? ui::View(button(id)) : ui::View(text(id));
   };
+}
+
+/// A text of one to seven lines.
+ui::View ofManyHeights(const std::string& id) {
+  const std::size_t row = std::stoul(id.substr(3));
+  return column({text(std::string(1 + row * 37 % 140, 'x')), text(id)});
 }
 
 }  // namespace
@@ -187,6 +202,82 @@ TEST_F(PageTest, APageAtItsEndDoesNotScrollWhenItGetsLonger) {
   host.page.settleIfNeeded();
   ASSERT_GT(host.maximum, before);
   EXPECT_EQ(host.position, before);
+}
+
+TEST_F(PageTest, WhatChangesWhileThePageIsNotShownMovesNothingThatWasInView) {
+  const auto rows = [](const IDs& ids) { return column({list(ids)}); };
+  IDs ids = numbered(300);
+  graph.setRoot(rows(ids));
+  scrollTo(150);
+  const int before = top("row150");
+  host.isSeen = false;
+  for (int i = 0; i < 10; ++i) ids.insert(ids.begin(), "new" + std::to_string(i));
+  graph.setRoot(rows(ids));
+  host.resize({host.size.width + 50, host.size.height});
+  host.isSeen = true;
+  host.page.settle();
+  EXPECT_EQ(top("row150"), before);
+}
+
+TEST_F(PageTest, ScrolledToItsEndThePageStaysThereWhileRowsGetTheirHeights) {
+  show(ofManyHeights);
+  host.scrollTo(host.maximum);
+  EXPECT_EQ(host.position, host.maximum);
+  EXPECT_EQ(top("row299") + find("row299")->size.height, host.size.height);
+}
+
+TEST_F(PageTest, ScrolledUpAPageMovesJustAsFarWhileRowsAboveGetTheirHeights) {
+  show(ofManyHeights);
+  scrollTo(150);
+  for (int i = 0; i < 5; ++i) {
+    const Node* const seen = firstSeen();
+    const int before = top(nameOf(*seen));
+    host.scrollTo(host.position - 100);
+    EXPECT_EQ(top(nameOf(*seen)), before + 100);
+  }
+}
+
+TEST_F(PageTest, OfAPageThatIsSureToScrollEachElementIsMeasuredOnce) {
+  graph.setRoot(column({text("head"), list(numbered(300)), text("foot")}));
+  host.page.settleIfNeeded();
+  ASSERT_TRUE(host.hasBar);
+  int leaves = 0;
+  forEachLeaf(*host.page.tree().root(), [&](const Node&) { ++leaves; });
+  EXPECT_EQ(host.measured, leaves);
+}
+
+TEST_F(PageTest, OfManyTextFieldsThoseThatHadTheFocusLastStay) {
+  show(field);
+  scrollTo(150);
+  std::vector<std::string> used;
+  for (int row = 150; row < 170; row += 2) used.push_back("row" + std::to_string(row));
+  for (const std::string& name : used) {
+    ASSERT_NE(find(name), nullptr);
+    host.page.focus(find(name)->id, FocusReason::other);
+  }
+  host.scrollTo(host.maximum);
+  for (const std::string& name : used) EXPECT_NE(find(name), nullptr) << name;
+  EXPECT_EQ(find("row151"), nullptr) << "this one did not have it";
+}
+
+TEST_F(PageTest, AnElementThatIsNotDrawnDoesNotGetTheFocus) {
+  show(rows(""));
+  host.isSeen = false;
+  graph.setRoot(column({button("new"), list(numbered(300))}));
+  host.page.focus(find("new")->id, FocusReason::other);
+  EXPECT_TRUE(host.landed.empty());
+}
+
+TEST_F(PageTest, ALostFocusThatTheHostDoesNotTakeIsOfferedOnce) {
+  show(rows("row3", "row5"));
+  host.page.focus(find("row3")->id, FocusReason::other);
+  host.refusesFocus = true;
+  const int rests = host.rests;
+  press("row3");
+  EXPECT_EQ(host.refused, 1);
+  EXPECT_GT(host.rests, rests);
+  host.scrollTo(100);
+  EXPECT_EQ(host.refused, 1);
 }
 
 }  // namespace vemra::page
