@@ -249,7 +249,9 @@ TEST_F(PageTest, OfAPageThatIsSureToScrollEachElementIsMeasuredOnce) {
 TEST_F(PageTest, OfManyTextFieldsThoseThatHadTheFocusLastStay) {
   show(field);
   scrollTo(150);
-  std::vector<std::string> used;
+  host.focusedElement = find("row151")->id;  // a click, of which the page hears nothing
+  host.page.settle();
+  std::vector<std::string> used{"row151"};
   for (int row = 150; row < 170; row += 2) used.push_back("row" + std::to_string(row));
   for (const std::string& name : used) {
     ASSERT_NE(find(name), nullptr);
@@ -257,7 +259,7 @@ TEST_F(PageTest, OfManyTextFieldsThoseThatHadTheFocusLastStay) {
   }
   host.scrollTo(host.maximum);
   for (const std::string& name : used) EXPECT_NE(find(name), nullptr) << name;
-  EXPECT_EQ(find("row151"), nullptr) << "this one did not have it";
+  EXPECT_EQ(find("row153"), nullptr) << "this one did not have it";
 }
 
 TEST_F(PageTest, AnElementThatIsNotDrawnDoesNotGetTheFocus) {
