@@ -9,7 +9,8 @@ class Equivalents:
 
         the file
           the line that is changed, without its indentation
-          the change, as scripts/mutate prints it
+          the change, as scripts/mutate prints it; " (2)" behind it: the second of those in the file
+          that read the same, on this line or on another one of the same text
           why no test can see it, in as many lines as it takes
 
     Lines that begin with # are comments.

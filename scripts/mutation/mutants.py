@@ -142,6 +142,8 @@ class Finder:
         key = (self.name, source, change)
         self.occurrences[key] = self.occurrences.get(key, 0) + 1
         digest = hashlib.sha256(repr((key, self.occurrences[key])).encode()).hexdigest()[:8]
+        if self.occurrences[key] > 1:  # of those that read the same, the second and further ones
+            change += f" ({self.occurrences[key]})"
         self.found.append(Mutant(digest, self.name, line, source, start, end, form, text, change, kind))
 
     def replace(self, start, end, text, kind):

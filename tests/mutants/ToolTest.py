@@ -114,6 +114,7 @@ def main():
     mutants_do_not_find_the_users_own_files()
     found = mutants.find("Sample.cpp", str(SAMPLE), ["-std=c++20", f"-I{ROOT}"])
     assert len({m.id for m in found}) == len(found), "two mutants have the same number"
+    assert len({(m.source, m.change) for m in found}) == len(found), "the list cannot tell two mutants apart"
     a_mutant_that_no_test_reaches_is_alive(found[0])
     a_sample_is_compiled_with_what_was_compiled_before(found)
     with tempfile.TemporaryDirectory() as folder:

@@ -33,4 +33,9 @@ bool isBefore(int left, int right) {
   return (left <=> right) < 0;
 }
 
+// The same changes three times in one line.
+int signOf(int number) {
+  return number > 0 ? 1 : number < 0 ? -1 : 0;
+}
+
 }  // namespace sample
