@@ -110,6 +110,18 @@ TEST_F(GoalListTest, ArrowKeysOpenTheNeighbourAndTabLeavesTheList) {
   EXPECT_THAT(chosen, ElementsAre("b", "a"));
 }
 
+TEST_F(GoalListTest, ArrowKeysGoToEitherEndAndNoFurther) {
+  list.setGoals({{"a", "First"}, {"b", "Second"}, {"c", "Third"}}, "a");
+  QApplication::processEvents();
+  rows()[0]->setFocus();
+  for (int i = 0; i < 3; ++i) pressKey(*list.focusWidget(), Qt::Key_Down);
+  EXPECT_THAT(chosen, ElementsAre("b", "c"));
+  EXPECT_TRUE(rows()[2]->hasFocus());
+  for (int i = 0; i < 3; ++i) pressKey(*list.focusWidget(), Qt::Key_Up);
+  EXPECT_THAT(chosen, ElementsAre("b", "c", "b", "a"));
+  EXPECT_TRUE(rows()[0]->hasFocus());
+}
+
 TEST_F(GoalListTest, NeverScrollsSideways) {
   list.setGoals({{"a", QString(300, u'W').toStdString()}}, "a");
   QApplication::processEvents();

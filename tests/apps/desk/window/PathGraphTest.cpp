@@ -94,6 +94,24 @@ TEST_F(PathGraphTest, ItIsAsHighAsItsNamesAndWhatIsBetweenThem) {
   EXPECT_GT(wordy.heightForWidth(0), 0) << "a name has some room however narrow it is";
 }
 
+TEST_F(PathGraphTest, ANameHasFortyPixelsHoweverNarrowTheGraphIs) {
+  const auto linesIn = [&](double width, const QString& name) {
+    const QFontMetricsF metrics(graph.font());
+    const auto flags = Qt::TextWordWrap | Qt::TextWrapAnywhere;
+    const QRectF room(0, 0, width, 1000);
+    return std::lround(metrics.boundingRect(room, flags, name).height() / metrics.height());
+  };
+  QString name;  // on one line of 41 pixels, and not on one of 40
+  for (const QChar wide : QStringLiteral("wmaert")) {
+    for (int count = 0; count < 60 && name.isEmpty(); ++count) {
+      const QString some = QString(count % 6, wide) + QString(count / 6, u'i');
+      if (linesIn(40, some) == 2 && linesIn(41, some) == 1) name = some;
+    }
+  }
+  ASSERT_FALSE(name.isEmpty());
+  EXPECT_GT(PathGraph({name}).heightForWidth(0), PathGraph({name}).heightForWidth(100));
+}
+
 TEST_F(PathGraphTest, NeighboursAreJoined) {
   const QColor line = inkOf(ui::ForegroundStyle::tertiary, graph.palette());
   PathGraph one({"Ada"});
