@@ -218,6 +218,30 @@ TEST_F(AccessibleObjectsTest, ARowThatIsNotDrawnSharesItsPlaceAmongItsElements) 
   EXPECT_FALSE(row.child(0)->state().offscreen);
 }
 
+TEST_F(AccessibleObjectsTest, ARowThatIsNotDrawnGivesEachOfItsElementsALineAtLeast) {
+  widget.setRoot(ui::sample::list(ui::sample::numbered(300), [](const ui::sample::Line& line) {
+    const std::size_t count = line.id == "row250" ? 200 : 1;
+    return ui::Group(ui::Children(count, ui::Text(ui::verbatim(line.id))));
+  }));
+  QAccessibleInterface& row = *page().child(250);
+  ASSERT_EQ(row.childCount(), 200);
+  ASSERT_LT(row.rect().height(), 200) << "estimated by the rows that are drawn";
+  EXPECT_EQ(row.child(0)->rect().height(), 1);
+  EXPECT_EQ(row.child(1)->rect().top(), row.rect().top() + 1);
+}
+
+TEST_F(AccessibleObjectsTest, ARowIsNotNamedByWhatOneChoosesOrTypesInIt) {
+  widget.setRoot(ui::sample::list({{"a"}}, [this](const ui::sample::Line&) -> ui::View {
+    return ui::VStack(
+        ui::HorizontalAlignment::leading, 0,
+        {ui::TextField("Field", ui::Binding<std::string>([] { return std::string("note"); },
+                                                         [](const std::string&) {})),
+         controls()});
+  }));
+  EXPECT_EQ(name(*page().child(0)->child(0)), "Field");
+  EXPECT_EQ(name(*page().child(0)), "text");
+}
+
 TEST_F(AccessibleObjectsTest, ARowIsNamedByTheFirstOfItsTextsThatIsNotBlank) {
   const auto rows = [](const std::string& first, const std::string& second) {
     return ui::sample::list({{"a"}}, [first, second](const ui::sample::Line&) -> ui::View {

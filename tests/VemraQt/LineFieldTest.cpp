@@ -5,6 +5,7 @@
 #include "tests/VemraPlatform/ui/Sample.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
 
+#include <algorithm>
 #include <string>
 #include <variant>
 #include <vector>
@@ -102,6 +103,25 @@ TEST_F(LineFieldTest, TakesTextsOfAnyLength) {
   EXPECT_EQ(edit().accessibleName(), "Note");
   EXPECT_FALSE(edit().hasFrame());
   EXPECT_EQ(edit().focusPolicy(), Qt::ClickFocus);
+}
+
+TEST_F(LineFieldTest, ThePromptOfADisabledOneIsFainter) {
+  const auto ink = [&] {
+    const QImage inside = edit().grab(edit().rect().adjusted(4, 4, -4, -4)).toImage();
+    int darkest = 255;
+    for (int y = 0; y < inside.height(); ++y) {
+      for (int x = 0; x < inside.width(); ++x) {
+        darkest = std::min(darkest, inside.pixelColor(x, y).lightness());
+      }
+    }
+    return darkest;
+  };
+  const qt::Looks looks(QFont(), QApplication::palette(), {});
+  QApplication::setActiveWindow(nullptr);
+  EXPECT_NEAR(ink(), looks.text(ui::ForegroundStyle::tertiary).lightness(), 8);
+  disabled = true;
+  show();
+  EXPECT_NEAR(ink(), looks.disabledText().lightness(), 8);
 }
 
 TEST_F(LineFieldTest, TheNextElementHasNothingOfTheLastOnesHistory) {

@@ -70,6 +70,23 @@ TEST(Looks, ASystemPaletteOfTheRightSchemeIsTakenAsItIs) {
   EXPECT_EQ(looks.background(), QColor(Qt::black));
 }
 
+TEST(Looks, APageInTheOtherSchemeHasTheColoursOfThisSystem) {
+  const auto colours = [](ui::ColorScheme scheme) {
+    const bool isDark = scheme == ui::ColorScheme::dark;
+    const QPalette other =
+        isDark ? paletteOf(Qt::black, Qt::white) : paletteOf(Qt::white, Qt::black);
+    const QPalette palette = Looks(QFont(), other, inScheme(scheme)).palette();
+    QStringList names;
+    for (const auto role : {QPalette::Base, QPalette::Window, QPalette::Button, QPalette::Text,
+                            QPalette::Highlight, QPalette::HighlightedText}) {
+      names.append(palette.color(QPalette::Active, role).name());
+    }
+    return names.join(' ').toStdString();
+  };
+  EXPECT_EQ(colours(ui::ColorScheme::light), "#ffffff #f3f3f4 #f3f3f4 #1b1c1e #1a66c8 #ffffff");
+  EXPECT_EQ(colours(ui::ColorScheme::dark), "#1e1f22 #2b2d30 #3a3d41 #ecedee #4c9af0 #000000");
+}
+
 TEST(Looks, TextStylesAreRatiosOfTheSystemFont) {
   QFont system("DejaVu Sans");
   system.setPixelSize(26);

@@ -114,6 +114,21 @@ TEST_F(PushButtonTest, APlainOneIsUnderlinedUnderTheMouse) {
   EXPECT_NE(shown().grab().toImage(), before) << "also while it is down";
 }
 
+TEST_F(PushButtonTest, TheLineUnderAPlainOneLeavesFourPixelsAtEachEdge) {
+  widget.setRoot(button("link", ui::ButtonStyle::plain));
+  const QImage before = shown().grab().toImage();
+  shown().setAttribute(Qt::WA_UnderMouse, true);
+  const QImage under = shown().grab().toImage();
+  QRect line;
+  for (int y = 0; y < under.height(); ++y) {
+    for (int x = 0; x < under.width(); ++x) {
+      if (under.pixel(x, y) != before.pixel(x, y)) line |= QRect(x, y, 1, 1);
+    }
+  }
+  EXPECT_EQ(line.left(), 4);
+  EXPECT_NEAR(under.width() - 1 - line.right(), 4, 1) << "the text's own width is in fractions";
+}
+
 TEST_F(PushButtonTest, ADisabledOneIsFainterAndNotUnderlined) {
   widget.setRoot(button("link", ui::ButtonStyle::plain));
   const QImage enabled = shown().grab().toImage();

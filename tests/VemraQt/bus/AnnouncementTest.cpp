@@ -1,6 +1,8 @@
 // What a screen reader is told. Qt tells only while one may be listening, so these tests run on a
 // display with an accessibility bus.
 
+#include "VemraPlatform/ui/View.hpp"
+#include "tests/VemraPlatform/ui/Sample.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
 
 #include <algorithm>
@@ -91,6 +93,41 @@ TEST_F(Announcements, TakeNoNoticeOfWidgetsThatAreUsedAgain) {
   (void)listener.heard();
   for (int i = 0; i < 40; ++i) host.widget.verticalScrollBar()->setValue(i * 1700);
   EXPECT_THAT(listener.heard(), IsEmpty());
+}
+
+TEST_F(Announcements, TellOfAnElementThatComesInFrontOfAllOthers) {
+  Listener listener;
+  qt::ViewWidget widget;
+  const auto show = [&](bool hasFirst) {
+    widget.setRoot(ui::Group({ui::If(hasFirst, [] { return ui::Text(ui::verbatim("first")); }),
+                              ui::Text(ui::verbatim("second"))}));
+  };
+  widget.setEnvironment({});
+  widget.resize(300, 400);
+  widget.show();
+  show(false);
+  elementsBelow(*QAccessible::queryAccessibleInterface(&widget));
+  (void)listener.heard();
+  show(true);
+  EXPECT_THAT(listener.heard(), ElementsAre("created first"));
+}
+
+TEST_F(Announcements, TellOfTheRowsNewNameToo) {
+  Listener listener;
+  qt::ViewWidget widget;
+  widget.setEnvironment({});
+  widget.resize(300, 400);
+  widget.show();
+  widget.setRoot(ui::sample::list(ui::sample::numbered(3), [](const ui::sample::Line& line) {
+    return ui::View(ui::sample::Counter{line.id});
+  }));
+  QAccessibleInterface& row = *QAccessible::queryAccessibleInterface(&widget)->child(1);
+  ASSERT_EQ(name(row), "row1=0");
+  ASSERT_EQ(elementsBelow(row).size(), 2u);
+  (void)listener.heard();
+  press(*row.child(1));  // a state of the row: the list has the same rows as before
+  const auto heard = listener.heard();
+  EXPECT_EQ(std::ranges::count(heard, "name row1=1"), 2) << "the text, and the row that it names";
 }
 
 TEST_F(Announcements, TellOfElementsOutsideRowsToo) {
