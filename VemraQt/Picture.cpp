@@ -1,7 +1,6 @@
 #include "VemraQt/Picture.hpp"
 
 #include "VemraQt/ViewWidget.hpp"
-#include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
 
@@ -11,33 +10,37 @@ namespace {
 
 constexpr int highestPicture = 16'000;
 
-QImage pictureOf(ViewWidget& widget, QSize size) {
-  widget.setAttribute(Qt::WA_DontShowOnScreen);
-  widget.resize(size.width(), size.height() > 0 ? size.height() : 600);
-  const auto show = [&] {
-    widget.show();
-    if (size.height() > 0) return;
-    // The page gets longer or shorter as its rows are measured.
-    for (int round = 0; round < 4 && widget.height() != widget.contentHeight(); ++round) {
-      widget.resize(size.width(), std::clamp(widget.contentHeight(), 1, highestPicture));
-    }
-  };
-  widget.page().errors().hostCall(show);
-  return widget.grab().toImage();
-}
+class PicturedView final : public ViewWidget {
+ public:
+  using ViewWidget::ViewWidget;
+
+  QImage picture(QSize size) {
+    setAttribute(Qt::WA_DontShowOnScreen);
+    resize(size.width(), size.height() > 0 ? size.height() : 600);
+    runAsHostCall([&] {
+      show();
+      if (size.height() > 0) return;
+      // The page gets longer or shorter as its rows are measured.
+      for (int round = 0; round < 4 && height() != contentHeight(); ++round) {
+        resize(size.width(), std::clamp(contentHeight(), 1, highestPicture));
+      }
+    });
+    return grab().toImage();
+  }
+};
 
 }  // namespace
 
 QImage picture(ui::View root, ui::Environment environment, QSize size) {
-  ViewWidget widget;
+  PicturedView widget;
   widget.setEnvironment(std::move(environment));
   widget.setRoot(std::move(root));
-  return pictureOf(widget, size);
+  return widget.picture(size);
 }
 
 QImage picture(ui::ViewGraph& graph, QSize size) {
-  ViewWidget widget(graph);
-  return pictureOf(widget, size);
+  PicturedView widget(graph);
+  return widget.picture(size);
 }
 
 }  // namespace vemra::qt

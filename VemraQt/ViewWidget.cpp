@@ -1,7 +1,7 @@
 #include "VemraQt/ViewWidget.hpp"
 
 #include "VemraQt/SystemEnvironment.hpp"
-#include "VemraQt/accessibility/AccessiblePage.hpp"
+#include "VemraQt/accessibility/AccessibleTree.hpp"
 #include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/PageScrollBar.hpp"
 
@@ -28,6 +28,7 @@ ViewWidget::ViewWidget(ui::ViewGraph& graph, QWidget* parent)
 }
 
 ViewWidget::~ViewWidget() {
+  accessible_.reset();
   page_.reset();
 }
 
@@ -39,8 +40,8 @@ void ViewWidget::prepare() {
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // until the page knows better
   viewport()->setBackgroundRole(QPalette::Base);
   viewport()->setAutoFillBackground(true);
-  installAccessiblePages();
   page_ = std::make_unique<Page>(*this, graph_);
+  accessible_ = std::make_unique<AccessibleTree>(*this, *page_);
   applyLooks();
   page_->attach();
   connect(qApp, &QGuiApplication::layoutDirectionChanged, this, [this] { followSystem(); });
@@ -55,6 +56,10 @@ void ViewWidget::setEnvironment(ui::Environment environment) {
   followsSystem_ = false;
   page_->errors().hostCall([&] { graph_.setEnvironment(std::move(environment)); },
                            [this] { applyLooks(); });
+}
+
+void ViewWidget::runAsHostCall(const std::function<void()>& work) {
+  page_->errors().hostCall(work);
 }
 
 const ui::Environment& ViewWidget::environment() const {

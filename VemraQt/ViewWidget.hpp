@@ -2,12 +2,14 @@
 
 #include "VemraPlatform/ui/ViewGraph.hpp"
 
+#include <functional>
 #include <memory>
 
 #include <QAbstractScrollArea>
 
 namespace vemra::qt {
 
+class AccessibleTree;
 class Page;
 
 /// A view in a window: real widgets for what is near the viewport, one scroll area around it all.
@@ -49,10 +51,11 @@ class ViewWidget : public QAbstractScrollArea {
   /// How many widgets there are for the elements of the page, resting ones included.
   std::size_t widgetCount() const;
 
-  /// What stands behind the widget, for the library's own parts and its tests.
-  Page& page() const { return *page_; }
-
  protected:
+  /// Runs `work`, and throws at its end what a description threw meanwhile, as any call of the host
+  /// does.
+  void runAsHostCall(const std::function<void()>& work);
+
   bool event(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
@@ -62,6 +65,8 @@ class ViewWidget : public QAbstractScrollArea {
   bool focusNextPrevChild(bool next) override;
 
  private:
+  friend class PageBehind;  // of the tests
+
   void prepare();
   void followSystem();
   void applyLooks();
@@ -69,6 +74,7 @@ class ViewWidget : public QAbstractScrollArea {
   std::unique_ptr<ui::ViewGraph> ownGraph_;
   ui::ViewGraph& graph_;
   std::unique_ptr<Page> page_;
+  std::unique_ptr<AccessibleTree> accessible_;
   bool followsSystem_ = true;
   bool applyingLooks_ = false;
   bool leaving_ = false;

@@ -98,7 +98,7 @@ bool AccessiblePicker::select(QAccessibleInterface* choice) {
 }
 
 void* AccessiblePicker::interface_cast(QAccessible::InterfaceType type) {
-  if (asksForSelection(type)) return static_cast<SelectionInterface*>(this);
+  if (atspi::asksForSelection(type)) return static_cast<atspi::SelectionInterface*>(this);
   if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
   return AccessibleElement::interface_cast(type);
 }

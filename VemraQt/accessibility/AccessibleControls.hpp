@@ -49,7 +49,7 @@ class ReadOnlyText : public QAccessibleTextInterface {
 /// A Picker: named by its title, with its choice as a text to read and its choices as list items.
 class AccessiblePicker final : public AccessibleElement,
                                public ReadOnlyText,
-                               public SelectionInterface {
+                               public atspi::SelectionInterface {
  public:
   using AccessibleElement::AccessibleElement;
   QAccessible::Role role() const override { return QAccessible::ComboBox; }

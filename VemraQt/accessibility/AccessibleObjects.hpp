@@ -22,7 +22,7 @@ class AccessibleObject : public QAccessibleInterface {
   bool isValid() const override { return true; }
   QObject* object() const override { return nullptr; }
   QString text(QAccessible::Text kind) const final {
-    return asksForIdentifier(kind) ? identifier() : textOf(kind);
+    return atspi::asksForIdentifier(kind) ? identifier() : textOf(kind);
   }
   void setText(QAccessible::Text, const QString&) override {}
   QAccessibleInterface* childAt(int x, int y) const override;

@@ -1,11 +1,15 @@
 #include "VemraQt/accessibility/AccessiblePage.hpp"
 
-#include "VemraQt/ViewWidget.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/atspi/ChildSignals.hpp"
 #include "VemraQt/page/Page.hpp"
 
+#include <unordered_map>
+#include <utility>
+
+#include <QAbstractScrollArea>
 #include <QAccessibleWidget>
+#include <QPointer>
 
 namespace vemra::qt {
 
@@ -14,31 +18,34 @@ namespace {
 /// The page's widget: its children are the elements and rows of the page.
 class AccessiblePage final : public QAccessibleWidget {
  public:
-  explicit AccessiblePage(ViewWidget& view) : QAccessibleWidget(&view, QAccessible::Client) {}
+  explicit AccessiblePage(AccessibleTree& tree)
+      : QAccessibleWidget(&tree.area(), QAccessible::Client), tree_(&tree) {}
 
   QAccessible::Role role() const override {
     return widget()->isWindow() ? QAccessible::Window : QAccessible::Client;
   }
   QString text(QAccessible::Text kind) const override {
-    return asksForIdentifier(kind) ? view().objectName() : QAccessibleWidget::text(kind);
+    return atspi::asksForIdentifier(kind) ? widget()->objectName() : QAccessibleWidget::text(kind);
   }
-  int childCount() const override { return tree().childCount(); }
-  QAccessibleInterface* child(int index) const override { return tree().child(index); }
+  int childCount() const override { return tree_ ? tree_->childCount() : 0; }
+  QAccessibleInterface* child(int index) const override {
+    return tree_ ? tree_->child(index) : nullptr;
+  }
   int indexOfChild(const QAccessibleInterface* child) const override {
-    return tree().indexOf(child);
+    return tree_ ? tree_->indexOf(child) : -1;
   }
   QAccessibleInterface* focusChild() const override {
-    const page::Node* focused = view().page().focusedNode();
-    return focused ? tree().objectOf(*focused) : nullptr;
+    const page::Node* focused = tree_ ? tree_->page().focusedNode() : nullptr;
+    return focused ? tree_->objectOf(*focused) : nullptr;
   }
   QAccessibleInterface* childAt(int x, int y) const override {
     // Only what is near the viewport can be under a point.
     QAccessibleInterface* found = nullptr;
-    const page::Node* root = view().page().tree().root();
+    const page::Node* root = tree_ ? tree_->page().tree().root() : nullptr;
     if (!root || !rect().contains(x, y)) return nullptr;
     forEachLeaf(*root, [&](const page::Node& leaf) {
-      if (found || !view().page().shown(leaf).widget) return;
-      AccessibleElement* object = tree().objectOf(leaf);
+      if (found || !tree_->page().shown(leaf).widget) return;
+      AccessibleElement* object = tree_->objectOf(leaf);
       if (!object || !object->rect().contains(x, y)) return;
       found = object->row() ? static_cast<QAccessibleInterface*>(object->row()) : object;
     });
@@ -46,27 +53,37 @@ class AccessiblePage final : public QAccessibleWidget {
   }
 
  private:
-  ViewWidget& view() const { return *static_cast<ViewWidget*>(widget()); }
-  AccessibleTree& tree() const { return view().page().accessibleTree(); }
+  const QPointer<AccessibleTree> tree_;  ///< goes before the widget does
 };
 
+/// A page in a scroll area, and the class of the scroll area that a factory is asked for.
+struct Shown {
+  AccessibleTree* tree;
+  QLatin1String className;
+};
+
+std::unordered_map<const QObject*, Shown>& pages() {
+  static std::unordered_map<const QObject*, Shown> all;
+  return all;
+}
+
 QAccessibleInterface* factory(const QString& className, QObject* object) {
-  if (className != QLatin1String(ViewWidget::staticMetaObject.className())) return nullptr;
-  auto* view = qobject_cast<ViewWidget*>(object);
-  return view ? new AccessiblePage(*view) : nullptr;
+  const auto found = pages().find(object);
+  if (found == pages().end() || found->second.className != className) return nullptr;
+  return new AccessiblePage(*found->second.tree);
 }
 
 QAccessible::UpdateHandler otherHandler = nullptr;
 
 void passOn(QAccessibleEvent& event);
 
-/// The page whose viewport, or whose element's widget, the object is.
-ViewWidget* pageOf(QObject* object) {
+/// The tree of the page whose viewport, or whose element's widget, the object is.
+AccessibleTree* treeAround(QObject* object) {
   auto* widget = qobject_cast<QWidget*>(object);
   for (int levels = 0; widget && levels < 2; ++levels) {
     QWidget* parent = widget->parentWidget();
-    auto* view = qobject_cast<ViewWidget*>(parent);
-    if (view && view->viewport() == widget) return view;
+    AccessibleTree* tree = accessibleTreeOf(parent);
+    if (tree && tree->area().viewport() == widget) return tree;
     widget = parent;
   }
   return nullptr;
@@ -117,7 +134,7 @@ bool isSentOtherwise(const QAccessibleEvent& event) {
   if (event.type() != QAccessible::ObjectCreated && event.type() != QAccessible::ObjectDestroyed) {
     return false;
   }
-  return !event.object() && sendsChildSignals() &&
+  return !event.object() && atspi::sendsChildSignals() &&
          dynamic_cast<AccessibleObject*>(event.accessibleInterface());
 }
 
@@ -125,25 +142,24 @@ bool isSentOtherwise(const QAccessibleEvent& event) {
 /// that they show, or not at all.
 void handle(QAccessibleEvent* event) {
   if (isSentOtherwise(*event)) return;
-  ViewWidget* view = event->object() ? pageOf(event->object()) : nullptr;
-  if (!view) {
+  AccessibleTree* tree = event->object() ? treeAround(event->object()) : nullptr;
+  if (!tree) {
     passOn(*event);
     return;
   }
   auto* shown = dynamic_cast<ElementWidget*>(event->object());
   if (!shown || !shown->node() || shown->isTaking()) return;
-  AccessibleTree& tree = view->page().accessibleTree();
-  if (!tree.isWatched()) return;
+  if (!tree->isWatched()) return;
   if (event->type() == QAccessible::Focus) {
-    tree.focusMoved(shown->node());
+    tree->focusMoved(shown->node());
     return;
   }
-  const page::Node* leaf = view->page().tree().find(shown->node());
+  const page::Node* leaf = tree->page().tree().find(shown->node());
   if (!leaf || leaf->element.kind() != ui::ElementKind::textField) return;
-  if (AccessibleElement* element = tree.objectOf(*leaf)) passOnText(*event, *element);
+  if (AccessibleElement* element = tree->objectOf(*leaf)) passOnText(*event, *element);
 }
 
-/// To whoever would have been told without us.
+/// Forwards to the handler that was there before.
 void passOn(QAccessibleEvent& event) {
   const QAccessible::UpdateHandler current = QAccessible::installUpdateHandler(otherHandler);
   QAccessible::updateAccessibility(&event);
@@ -152,12 +168,23 @@ void passOn(QAccessibleEvent& event) {
 
 }  // namespace
 
-void installAccessiblePages() {
+void addAccessiblePage(AccessibleTree& tree) {
   static bool installed = false;
-  if (installed) return;
-  installed = true;
-  QAccessible::installFactory(factory);
-  otherHandler = QAccessible::installUpdateHandler(handle);
+  if (!std::exchange(installed, true)) {
+    QAccessible::installFactory(factory);
+    otherHandler = QAccessible::installUpdateHandler(handle);
+  }
+  const QObject& area = tree.area();
+  pages().insert_or_assign(&area, Shown{&tree, QLatin1String(area.metaObject()->className())});
+}
+
+void removeAccessiblePage(AccessibleTree& tree) {
+  pages().erase(&tree.area());
+}
+
+AccessibleTree* accessibleTreeOf(const QObject* area) {
+  const auto found = pages().find(area);
+  return found == pages().end() ? nullptr : found->second.tree;
 }
 
 }  // namespace vemra::qt

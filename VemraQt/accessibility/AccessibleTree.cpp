@@ -2,6 +2,7 @@
 
 #include "VemraPlatform/page/RowChanges.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/accessibility/AccessiblePage.hpp"
 #include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
@@ -18,8 +19,10 @@ using ui::NodeID;
 AccessibleTree::AccessibleTree(QAbstractScrollArea& area, Page& page) : area_(area), page_(page) {
   comparing_.setInterval(0);
   QObject::connect(&comparing_, &QTimer::timeout, this, &AccessibleTree::compareSomeRows);
-  publishIdentifiers();
-  addIdentifierSource(*this);
+  page_.setObserver(this);
+  addAccessiblePage(*this);
+  atspi::publishIdentifiers();
+  atspi::addIdentifierSource(*this);
 }
 
 AccessibleTree::~AccessibleTree() {
@@ -30,7 +33,9 @@ AccessibleTree::~AccessibleTree() {
         stderr);
     std::abort();
   }
-  removeIdentifierSource(*this);
+  atspi::removeIdentifierSource(*this);
+  removeAccessiblePage(*this);
+  page_.setObserver(nullptr);
   for (ElementSlot& slot : slots_) {
     if (slot.object) bury(*slot.object);
   }

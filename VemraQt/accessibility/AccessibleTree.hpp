@@ -5,6 +5,7 @@
 #include "VemraQt/accessibility/RowIdentifiers.hpp"
 #include "VemraQt/atspi/ChildSignals.hpp"
 #include "VemraQt/atspi/IdentifierBus.hpp"
+#include "VemraQt/page/PageObserver.hpp"
 
 #include <cstdint>
 #include <memory>
@@ -46,8 +47,9 @@ class Page;
 /// nodes is described for a look (`ViewGraph::lookAtRow`). What an object stands for may go at any
 /// moment; from then on the object answers like an empty one, and is deleted with the next turn of
 /// the event loop. Finding a child or its index looks at no other row.
-class AccessibleTree final : public QObject, public IdentifierSource {
+class AccessibleTree final : public QObject, public PageObserver, public atspi::IdentifierSource {
  public:
+  /// Hears of what the page does from now on.
   AccessibleTree(QAbstractScrollArea& area, Page& page);
   /// Stops the process when a client or an observer destroys the page while it is being notified:
   /// the pass that notifies would go on with a page that is not there.
@@ -64,17 +66,16 @@ class AccessibleTree final : public QObject, public IdentifierSource {
 
   QString identifier(QAccessible::Id element) const override;
   QList<QAccessible::Id> find(const QString& identifier, int most) const override;
+  bool scrollIn(QAccessible::Id element) const override;
 
   /// \name Telling clients what has changed
-  /// What is told before is sent with `announce`, when the page has come to rest. @{
+  /// What changes before is announced with `settled`, when the page has come to rest. @{
   /// Whether anybody may be there to be told: a client on the bus, or one who has asked before.
   bool isWatched() const { return hasBeenAsked() || QAccessible::isActive(); }
-  /// A child of the node came, went or moved.
-  void childrenChanged(const page::Node& parent);
-  void elementUpdated(const page::Node& node);
-  void announce();
-  /// Rows without nodes may be others now; told later.
-  void rowsReplaced();
+  void patched(const std::vector<ui::Patch>& patches) override;
+  void removing(const page::Node& node) override;
+  void rowsReplaced() override;
+  void settled() override;
   void focusMoved(ui::NodeID node);
   /// @}
 
@@ -103,6 +104,8 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   /// @}
 
  private:
+  /// A child of the node came, went or moved.
+  void childrenChanged(const page::Node& parent);
   bool hasBeenAsked() const { return pageVersion_ != neverAsked; }
 
   static constexpr std::uint64_t neverAsked = ~std::uint64_t{0};
@@ -149,8 +152,8 @@ class AccessibleTree final : public QObject, public IdentifierSource {
   ChildSteps adopt(std::vector<ElementSlot>& elements, std::vector<ElementSlot> fresh);
   ChildSteps followRows(ui::NodeID list);
   void note(AccessibleRow* row, const ChildSteps& steps);
-  void tell(const std::vector<ChildChange>& changes);
-  void tell(const ChildChange& change) const;
+  void tell(const std::vector<atspi::ChildChange>& changes);
+  void tell(const atspi::ChildChange& change) const;
   void tell(const std::vector<Change>& changes);
   void announceNews();
   template <class Tell>
@@ -187,7 +190,7 @@ class AccessibleTree final : public QObject, public IdentifierSource {
 
   std::vector<ui::NodeID> changedRows_, updated_;
   /// Told when all is up to date: a client may ask the tree anything while it is being told.
-  std::vector<ChildChange> childChanges_;
+  std::vector<atspi::ChildChange> childChanges_;
   std::vector<QAccessible::Id> showing_;  ///< what clients have heard to be in the viewport
   QTimer comparing_;
   bool notifying_ = false;  ///< clients are being notified; they may ask and change anything

@@ -20,13 +20,22 @@ constexpr std::size_t mostComparedATurn = 32;
 
 }  // namespace
 
-void AccessibleTree::childrenChanged(const page::Node& parent) {
+void AccessibleTree::patched(const std::vector<ui::Patch>& patches) {
   if (!isWatched()) return;
-  if (const ui::Node* row = rowHolding(parent.id)) changedRows_.push_back(row->id);
+  for (const ui::Patch& patch : patches) {
+    const page::Node* node = page_.tree().find(patch.node);
+    if (!node) continue;  // `removing` reported it, while it was there
+    if (patch.kind == ui::Patch::Kind::update && node->isLeaf()) updated_.push_back(node->id);
+    if (node->parent) childrenChanged(*node->parent);
+  }
 }
 
-void AccessibleTree::elementUpdated(const page::Node& node) {
-  if (node.isLeaf() && isWatched()) updated_.push_back(node.id);
+void AccessibleTree::removing(const page::Node& node) {
+  if (node.parent && isWatched()) childrenChanged(*node.parent);
+}
+
+void AccessibleTree::childrenChanged(const page::Node& parent) {
+  if (const ui::Node* row = rowHolding(parent.id)) changedRows_.push_back(row->id);
 }
 
 /// Runs what notifies clients. What they change meanwhile is announced after it, so that they hear of
@@ -39,7 +48,7 @@ void AccessibleTree::notify(Tell tell) {
   while (std::exchange(hasNews_, false)) announceNews();
 }
 
-void AccessibleTree::announce() {
+void AccessibleTree::settled() {
   if (!isWatched()) return;
   hasNews_ = true;
   notify([] {});
@@ -199,23 +208,23 @@ void AccessibleTree::tell(const std::vector<Change>& changes) {
   }
 }
 
-void AccessibleTree::tell(const std::vector<ChildChange>& changes) {
-  for (const ChildChange& change : changes) {
+void AccessibleTree::tell(const std::vector<atspi::ChildChange>& changes) {
+  for (const atspi::ChildChange& change : changes) {
     refreshPage();
     tell(change);
   }
 }
 
 /// Whoever was told of what was before may have made any of them go.
-void AccessibleTree::tell(const ChildChange& change) const {
-  using Kind = ChildChange::Kind;
+void AccessibleTree::tell(const atspi::ChildChange& change) const {
+  using Kind = atspi::ChildChange::Kind;
   QAccessibleInterface* parent =
       change.parent ? AccessibleObject::living(change.parent) : pageObject();
   if (!parent) return;
   const QAccessible::Id parentID = QAccessible::uniqueId(parent);
-  ChildChange told = change;
+  atspi::ChildChange told = change;
   if (change.kind != Kind::removed && !AccessibleObject::living(change.child)) told.child = 0;
-  if (sendsChildSignals()) sendChildSignal(parentID, told);
+  if (atspi::sendsChildSignals()) atspi::sendChildSignal(parentID, told);
   // Of an unlisted change there is no event: Qt 6.4 would make one of every child there is.
   if (!told.child || change.kind == Kind::unlisted) return;
   QAccessibleInterface* child = QAccessible::accessibleInterface(told.child);

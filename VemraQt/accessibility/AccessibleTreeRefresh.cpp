@@ -219,7 +219,7 @@ QAccessible::Id AccessibleTree::List::idAt(std::size_t index) const {
 /// Notes what is to be told of a row's children, or of the page's. What went is told from the end,
 /// what came from the front: so each index is right at its turn, and among all children, too.
 void AccessibleTree::note(AccessibleRow* row, const ChildSteps& steps) {
-  using Kind = ChildChange::Kind;
+  using Kind = atspi::ChildChange::Kind;
   const QAccessible::Id parent = row ? row->id() : 0;
   const auto childAt = [&](std::size_t index) {
     QAccessibleInterface* at =

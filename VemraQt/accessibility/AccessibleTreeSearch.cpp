@@ -20,6 +20,13 @@ QString AccessibleTree::identifier(QAccessible::Id id) const {
   return QString();
 }
 
+bool AccessibleTree::scrollIn(QAccessible::Id id) const {
+  AccessibleObject* object = AccessibleObject::living(id);
+  if (!object || &object->tree() != this) return false;
+  object->scrollIn();
+  return true;
+}
+
 /// Rows are many and describing one costs. An identifier inside a row is made with the row's id in
 /// it, as a rule, so the rows whose id it holds are looked at; only when the rule finds nothing are
 /// all of them, and then it is noted what is where: asking again costs next to nothing.

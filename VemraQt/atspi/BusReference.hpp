@@ -6,7 +6,7 @@
 #include <QDBusObjectPath>
 #include <QString>
 
-namespace vemra::qt {
+namespace vemra::qt::atspi {
 
 /// Where Qt has its accessible objects on the bus; below it they are named by their ids.
 inline const QString accessiblePath = QStringLiteral("/org/a11y/atspi/accessible");
@@ -44,4 +44,4 @@ inline const QDBusArgument& operator>>(const QDBusArgument& argument, BusReferen
   return argument;
 }
 
-}  // namespace vemra::qt
+}  // namespace vemra::qt::atspi

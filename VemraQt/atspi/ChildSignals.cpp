@@ -8,7 +8,7 @@
 #include <QDBusMetaType>
 #include <QDBusVariant>
 
-namespace vemra::qt {
+namespace vemra::qt::atspi {
 
 namespace {
 
@@ -47,4 +47,4 @@ void sendChildSignal(QAccessible::Id parent, const ChildChange& change) {
   }
 }
 
-}  // namespace vemra::qt
+}  // namespace vemra::qt::atspi

@@ -2,7 +2,7 @@
 
 #include <QAccessible>
 
-namespace vemra::qt {
+namespace vemra::qt::atspi {
 
 /// A child that came or went.
 struct ChildChange {
@@ -31,4 +31,4 @@ bool sendsChildSignals();
 /// go of the children they have kept when an `add` has no index, but only if it names one.
 void sendChildSignal(QAccessible::Id parent, const ChildChange& change);
 
-}  // namespace vemra::qt
+}  // namespace vemra::qt::atspi

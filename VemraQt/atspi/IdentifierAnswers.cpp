@@ -1,6 +1,5 @@
 #include "VemraQt/atspi/IdentifierAnswers.hpp"
 
-#include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/atspi/BusReference.hpp"
 #include "VemraQt/atspi/IdentifierBus.hpp"
 #include "VemraQt/atspi/LaterQt.hpp"
@@ -18,7 +17,7 @@
 #include <QDBusVariant>
 #include <QMap>
 
-namespace vemra::qt {
+namespace vemra::qt::atspi {
 
 namespace {
 
@@ -168,13 +167,13 @@ bool answerMatches(const QDBusMessage& message, const QDBusConnection& connectio
 /// Qt gives the focus to what can have it; and 6.4 scrolls to nothing.
 bool answerScrolling(const QDBusMessage& message, const QDBusConnection& connection,
                      QAccessible::Id element) {
-  AccessibleObject* object = AccessibleObject::living(element);
-  if (!object) return false;
   const bool grabsFocus = message.member() == QLatin1String("GrabFocus");
   if (!grabsFocus && message.member() != QLatin1String("ScrollTo")) return false;
-  if (grabsFocus && object->actionInterface()) return false;
-  object->scrollIn();
-  return connection.send(message.createReply(!grabsFocus));
+  QAccessibleInterface* interface = QAccessible::accessibleInterface(element);
+  if (!interface || (grabsFocus && interface->actionInterface())) return false;
+  const bool scrolled = std::ranges::any_of(
+      identifierSources(), [&](const IdentifierSource* tree) { return tree->scrollIn(element); });
+  return scrolled && connection.send(message.createReply(!grabsFocus));
 }
 
 /// No element stands for the application.
@@ -222,4 +221,4 @@ void IdentifierAnswers::registerTypes() {
   qDBusRegisterMetaType<QList<uint>>();
 }
 
-}  // namespace vemra::qt
+}  // namespace vemra::qt::atspi

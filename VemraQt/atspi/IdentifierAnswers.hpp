@@ -5,7 +5,7 @@
 #include <QDBusVirtualObject>
 #include <QPointer>
 
-namespace vemra::qt {
+namespace vemra::qt::atspi {
 
 class IdentifierSource;
 
@@ -32,4 +32,4 @@ class IdentifierAnswers final : public QDBusVirtualObject {
 /// Those who know the identifiers.
 std::vector<const IdentifierSource*>& identifierSources();
 
-}  // namespace vemra::qt
+}  // namespace vemra::qt::atspi

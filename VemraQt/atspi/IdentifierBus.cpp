@@ -12,7 +12,7 @@
 #include <QPointer>
 #include <QTimer>
 
-namespace vemra::qt {
+namespace vemra::qt::atspi {
 
 std::vector<const IdentifierSource*>& identifierSources() {
   static std::vector<const IdentifierSource*> sources;
@@ -98,4 +98,4 @@ void removeIdentifierSource(const IdentifierSource& source) {
   std::erase(identifierSources(), &source);
 }
 
-}  // namespace vemra::qt
+}  // namespace vemra::qt::atspi

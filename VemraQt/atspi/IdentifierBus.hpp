@@ -7,7 +7,7 @@
 /// \file
 /// The exact identifier of every element, for assistive technology and automation over AT-SPI.
 
-namespace vemra::qt {
+namespace vemra::qt::atspi {
 
 /// What knows the identifiers of a tree of accessible elements.
 ///
@@ -20,6 +20,8 @@ class IdentifierSource {
   /// The elements with that identifier in tree order, at most `most` (0: all). Does not walk the
   /// accessibility tree: what it costs is the source's own look-up.
   virtual QList<QAccessible::Id> find(const QString& identifier, int most) const = 0;
+  /// Scrolls the element into view; false when it is not of this tree, or gone.
+  virtual bool scrollIn(QAccessible::Id element) const = 0;
 
  protected:
   ~IdentifierSource() = default;
@@ -47,4 +49,4 @@ bool areIdentifiersPublished();
 void addIdentifierSource(const IdentifierSource& source);
 void removeIdentifierSource(const IdentifierSource& source);
 
-}  // namespace vemra::qt
+}  // namespace vemra::qt::atspi

@@ -9,7 +9,7 @@
 /// What Qt's accessibility has only from a later version than the oldest one supported (6.4), so
 /// that nothing else here asks for the version. The later branches have not been compiled yet.
 
-namespace vemra::qt {
+namespace vemra::qt::atspi {
 
 /// Whether Qt puts `Selection` on the bus itself.
 inline constexpr bool qtPublishesSelections = QT_VERSION >= QT_VERSION_CHECK(6, 5, 0);
@@ -58,4 +58,4 @@ inline bool asksForSelection(QAccessible::InterfaceType) {
 
 #endif
 
-}  // namespace vemra::qt
+}  // namespace vemra::qt::atspi

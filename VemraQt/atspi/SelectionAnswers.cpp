@@ -7,7 +7,7 @@
 #include <QDBusMetaType>
 #include <QDBusVariant>
 
-namespace vemra::qt {
+namespace vemra::qt::atspi {
 
 namespace {
 
@@ -56,4 +56,4 @@ bool answerSelectionProperty(const QString& name, const QDBusMessage& message,
   return connection.send(message.createReply(QVariant::fromValue(count)));
 }
 
-}  // namespace vemra::qt
+}  // namespace vemra::qt::atspi

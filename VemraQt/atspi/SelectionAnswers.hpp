@@ -10,7 +10,7 @@ class QString;
 /// What is chosen among an element's children, on the accessibility bus. Qt has no interface for it
 /// before 6.5, and without it a screen reader is silent when another choice is made in a picker.
 
-namespace vemra::qt {
+namespace vemra::qt::atspi {
 
 inline constexpr char selectionInterface[] = "org.a11y.atspi.Selection";
 
@@ -25,4 +25,4 @@ bool answerSelection(const QDBusMessage& message, const QDBusConnection& connect
 bool answerSelectionProperty(const QString& name, const QDBusMessage& message,
                              const QDBusConnection& connection, QAccessible::Id element);
 
-}  // namespace vemra::qt
+}  // namespace vemra::qt::atspi

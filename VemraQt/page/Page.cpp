@@ -42,13 +42,8 @@ Page::Page(QAbstractScrollArea& area, ui::ViewGraph& graph)
       graph_(graph),
       metrics_(area, context_.looks, leaves_),
       pool_(area.viewport(), context_),
-      page_(graph, *this),
-      accessible_(std::make_unique<AccessibleTree>(area, *this)) {
+      page_(graph, *this) {
   context_.sink = this;
-}
-
-Page::~Page() {
-  accessible_.reset();
 }
 
 void Page::attach() {
@@ -104,17 +99,19 @@ void Page::atRest() {
 }
 
 void Page::patched(const std::vector<ui::Patch>& patches) {
-  if (!accessible_->isWatched()) return;
-  for (const ui::Patch& patch : patches) {
-    const page::Node* node = tree().find(patch.node);
-    if (!node) continue;  // `removing` reports removals, while the node is there
-    if (patch.kind == ui::Patch::Kind::update) accessible_->elementUpdated(*node);
-    if (node->parent) accessible_->childrenChanged(*node->parent);
-  }
+  if (observer_) observer_->patched(patches);
+}
+
+void Page::rowsReplaced() {
+  if (observer_) observer_->rowsReplaced();
+}
+
+void Page::placed() {
+  if (observer_) observer_->settled();
 }
 
 void Page::removing(page::Node& node) {
-  if (node.parent && accessible_) accessible_->childrenChanged(*node.parent);
+  if (observer_) observer_->removing(node);
   const ui::NodeID focused = this->focused();
   forEachLeaf(node, [&](const page::Node& leaf) {
     ElementWidget* const widget = shown(leaf).widget;

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "VemraPlatform/page/Page.hpp"
-#include "VemraQt/accessibility/AccessibleTree.hpp"
 #include "VemraQt/page/PageErrors.hpp"
+#include "VemraQt/page/PageObserver.hpp"
 #include "VemraQt/widgets/ShownLeaf.hpp"
 #include "VemraQt/widgets/StyleMetrics.hpp"
 #include "VemraQt/widgets/WidgetPool.hpp"
@@ -10,7 +10,6 @@
 #include <cstdint>
 #include <exception>
 #include <functional>
-#include <memory>
 #include <vector>
 
 class QAbstractScrollArea;
@@ -18,7 +17,7 @@ class QAbstractScrollArea;
 namespace vemra::qt {
 
 /// A page in a scroll area: measures with the widget style, lends widgets to what the page places,
-/// moves Qt's keyboard focus, and keeps the accessible tree informed.
+/// and moves Qt's keyboard focus.
 ///
 /// Where everything is, which rows exist and where the focus goes is decided by `page::Page`.
 ///
@@ -26,12 +25,13 @@ namespace vemra::qt {
 class Page final : public EventSink, private page::PageHost {
  public:
   Page(QAbstractScrollArea& area, ui::ViewGraph& graph);
-  ~Page();
   Page(const Page&) = delete;
   Page& operator=(const Page&) = delete;
 
   /// Shows the graph's tree from now on.
   void attach();
+  /// Reports to that observer from now on; nullptr: to none.
+  void setObserver(PageObserver* observer) { observer_ = observer; }
   void deliver(ui::NodeID node, ui::Event event) override;
   void scrollIn(ui::NodeID node) override { page_.scrollIn(node); }
   /// Told of every event right before the graph is, whoever caused it: for records and tests.
@@ -66,7 +66,6 @@ class Page final : public EventSink, private page::PageHost {
   const ShownLeaf& shown(const page::Node& leaf) const;
   ui::ViewGraph& graph() const { return graph_; }
   PageErrors& errors() { return errors_; }
-  AccessibleTree& accessibleTree() const { return *accessible_; }
   /// Another number whenever the nodes have changed.
   std::uint64_t version() const { return page_.version(); }
   const Looks& looks() const { return context_.looks; }
@@ -93,8 +92,8 @@ class Page final : public EventSink, private page::PageHost {
   void giveFocus(const page::Node& control, page::FocusReason reason) override;
   void loseFocus() override;
   void patched(const std::vector<ui::Patch>& patches) override;
-  void rowsReplaced() override { accessible_->rowsReplaced(); }
-  void placed() override { accessible_->announce(); }
+  void rowsReplaced() override;
+  void placed() override;
   void atRest() override;
   void failed(std::exception_ptr error) override;
 
@@ -109,7 +108,7 @@ class Page final : public EventSink, private page::PageHost {
   StyleMetrics metrics_;
   WidgetPool pool_;
   page::Page page_;
-  std::unique_ptr<AccessibleTree> accessible_;
+  PageObserver* observer_ = nullptr;
   ElementWidget* orphan_ = nullptr;  ///< has the focus, but its element has gone
   bool settingScroll_ = false;
 };

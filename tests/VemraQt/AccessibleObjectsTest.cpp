@@ -2,10 +2,11 @@
 
 #include "VemraPlatform/ui/View.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
-#include "VemraQt/page/Page.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -63,7 +64,7 @@ class AccessibleObjectsTest : public ::testing::Test {
   }
 
   QAccessibleInterface& page() { return *QAccessible::queryAccessibleInterface(&widget); }
-  qt::AccessibleTree& tree() { return widget.page().accessibleTree(); }
+  qt::AccessibleTree& tree() { return treeOf(widget); }
   QAccessibleInterface* find(const std::string& identifier) {
     const auto found = tree().find(QString::fromStdString(identifier), 1);
     return found.isEmpty() ? nullptr : QAccessible::accessibleInterface(found.front());
@@ -110,6 +111,32 @@ TEST_F(AccessibleObjectsTest, AChoiceIsNamedAsItsMenuNamesIt) {
   EXPECT_EQ(find("picker")->text(QAccessible::Value), "B");
 }
 
+TEST_F(AccessibleObjectsTest, ThePageOfAWidgetThatGoesIsEmpty) {
+  auto going = std::make_unique<qt::ViewWidget>();
+  going->setRoot(controls());
+  going->show();
+  going->activateWindow();
+  QApplication::setActiveWindow(going.get());
+  going->setFocus();
+  const QAccessible::Id id =
+      QAccessible::uniqueId(QAccessible::queryAccessibleInterface(going.get()));
+  ASSERT_EQ(QAccessible::accessibleInterface(id)->childCount(), 4);
+  bool isAsked = false;
+  const auto asking = QObject::connect(qApp, &QApplication::focusChanged, [&] {
+    QAccessibleInterface* page = QAccessible::accessibleInterface(id);
+    if (!page) return;
+    isAsked = true;
+    EXPECT_EQ(page->childCount(), 0);
+    EXPECT_EQ(page->child(0), nullptr);
+    EXPECT_EQ(page->indexOfChild(page), -1);
+    EXPECT_EQ(page->focusChild(), nullptr);
+    EXPECT_EQ(page->childAt(0, 0), nullptr);
+  });
+  going.reset();
+  QObject::disconnect(asking);
+  EXPECT_TRUE(isAsked);
+}
+
 TEST_F(AccessibleObjectsTest, AnActionOnAnElementThatHasGoneDoesNothing) {
   widget.setRoot(controls());
   QAccessibleInterface& button = *find("button");
@@ -119,7 +146,7 @@ TEST_F(AccessibleObjectsTest, AnActionOnAnElementThatHasGoneDoesNothing) {
   QAccessibleActionInterface* const actions[] = {button.actionInterface(), picker.actionInterface(),
                                                  field.actionInterface(), choice.actionInterface()};
   QAccessibleEditableTextInterface* const editable = field.editableTextInterface();
-  auto* selection = dynamic_cast<qt::SelectionInterface*>(&picker);
+  auto* selection = dynamic_cast<qt::atspi::SelectionInterface*>(&picker);
   for (auto* action : actions) ASSERT_TRUE(action);
   widget.setRoot(ui::Button("other", [this] { done += "other "; }));
   for (auto* action : actions) {

@@ -1,8 +1,8 @@
 // One tree over the whole page: every row and control is there, drawn or not, and acts.
 
 #include "VemraQt/atspi/LaterQt.hpp"
-#include "VemraQt/page/Page.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 
 #include <QApplication>
 #include <QComboBox>
@@ -129,7 +129,7 @@ TEST(AccessibleTree, APickerChoosesAmongItsChildren) {
   WindowHost host(resultWith(2));
   host.press("vemra.goal.person.p1.outcome.start");
   QAccessibleInterface& picker = *accessible(host, "vemra.goal.person.p1.outcome.picker");
-  auto& selection = dynamic_cast<qt::SelectionInterface&>(picker);
+  auto& selection = dynamic_cast<qt::atspi::SelectionInterface&>(picker);
   EXPECT_THAT(selection.selectedItems(), ElementsAre(picker.child(4)));
   EXPECT_EQ(selection.selectedItemCount(), 1);
   EXPECT_TRUE(selection.select(picker.child(2)));
@@ -271,10 +271,9 @@ TEST(AccessibleTree, FindsWhatEqualIdentifiersShare) {
   people[2].personRef = "p0";
   result.people = people;
   WindowHost host(result);
-  const auto found =
-      host.widget.page().accessibleTree().find("vemra.goal.person.p0.outcome.start", 0);
+  const auto found = treeOf(host.widget).find("vemra.goal.person.p0.outcome.start", 0);
   EXPECT_EQ(found.size(), 2);
-  EXPECT_EQ(host.widget.page().accessibleTree().find("nobody", 0).size(), 0);
+  EXPECT_EQ(treeOf(host.widget).find("nobody", 0).size(), 0);
 }
 
 TEST(AccessibleTree, FindingOneAmongManyDescribesFewRows) {
@@ -344,7 +343,7 @@ TEST(AccessibleTree, AnIdentifierNeedNotHoldItsRowsId) {
     return ui::Text(ui::verbatim(item.text)).accessibilityIdentifier("text " + item.text);
   }));
   widget.show();
-  const qt::AccessibleTree& tree = widget.page().accessibleTree();
+  const qt::AccessibleTree& tree = treeOf(widget);
   for (int again = 0; again < 2; ++again) {
     for (const char* text : {"text 499", "text 0"}) {
       const auto found = tree.find(QString::fromLatin1(text), 0);

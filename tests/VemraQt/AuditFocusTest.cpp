@@ -2,6 +2,7 @@
 
 #include "tests/VemraQt/Accessibility.hpp"
 #include "tests/VemraQt/HardScreen.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 
 #include <QTest>
 #include <gmock/gmock.h>
@@ -26,9 +27,9 @@ std::vector<Stop> tabStops(WindowHost& host) {
   for (int i = 0; i < 200; ++i) {
     QWidget* from = host.widget.focusWidget();
     QTest::keyClick(from ? from : &host.widget, Qt::Key_Tab);
-    const page::Node* focused = host.widget.page().focusedNode();
+    const page::Node* focused = pageOf(host.widget).focusedNode();
     if (!focused) break;
-    const QRect place = host.widget.page().frameOnPage(*focused);
+    const QRect place = pageOf(host.widget).frameOnPage(*focused);
     if (!stops.empty() && place == stops.front().place) break;
     stops.push_back({called(*focused), place});
   }

@@ -2,6 +2,7 @@
 
 #include "VemraQt/Contrast.hpp"
 #include "tests/VemraQt/HardScreen.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/Palettes.hpp"
 #include "tests/VemraQt/Writing.hpp"
 
@@ -119,7 +120,7 @@ void forEachWritten(WindowHost& host, Visit visit) {
   const QImage page = pictureOf(host);
   forEachPlaced(host, [&](const page::Node& leaf) {
     if (called(leaf).empty()) return;
-    visit(leaf, page.copy(host.widget.page().frameOnPage(leaf)));
+    visit(leaf, page.copy(pageOf(host.widget).frameOnPage(leaf)));
   });
 }
 
@@ -198,7 +199,7 @@ TEST_F(AuditPixels, NoTextLosesAPixelInAnyLook) {
       const std::string kind = kindOf(leaf);
       if (kind == "note") return;
       // Alone: high accents reach past its frame, but so may those of the next line into it.
-      const qt::ShownLeaf& shown = host.widget.page().shown(leaf);
+      const qt::ShownLeaf& shown = pageOf(host.widget).shown(leaf);
       const QImage alone = shown.widget->widget().grab().toImage();
       const Writing writing = writingIn(alone, insideOf(leaf, alone));
       ++audited[kind];
@@ -264,8 +265,8 @@ TEST_F(AuditPixels, TheFocusCanBeSeenOnEveryKindOfControlInEveryColour) {
     makeItHard(host);
     unroll(host);
     std::set<std::string> audited;
-    page::forEachLeaf(*host.widget.page().tree().root(), [&](const page::Node& leaf) {
-      const qt::ShownLeaf& shown = host.widget.page().shown(leaf);
+    page::forEachLeaf(*pageOf(host.widget).tree().root(), [&](const page::Node& leaf) {
+      const qt::ShownLeaf& shown = pageOf(host.widget).shown(leaf);
       if (!shown.widget || leaf.element.kind() == ElementKind::text) return;
       if (!leaf.element.style().enabled) return;
       QWidget& control = shown.widget->widget();

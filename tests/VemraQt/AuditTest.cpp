@@ -2,6 +2,7 @@
 
 #include "tests/VemraQt/Accessibility.hpp"
 #include "tests/VemraQt/HardScreen.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/Palettes.hpp"
 
 #include <map>
@@ -139,8 +140,8 @@ TEST(Audit, TargetsAreLargeEnoughToHitInEveryLook) {
     forEachPlaced(host, [&](const page::Node& leaf) {
       if (leaf.element.kind() == ui::ElementKind::text) return;
       ++audited[look];
-      for (const QSize& size : {host.widget.page().frameOnPage(leaf).size(),
-                                host.widget.page().shown(leaf).widget->widget().size()}) {
+      for (const QSize& size : {pageOf(host.widget).frameOnPage(leaf).size(),
+                                pageOf(host.widget).shown(leaf).widget->widget().size()}) {
         EXPECT_GE(size.width(), 24) << look << ": " << called(leaf);
         EXPECT_GE(size.height(), 24) << look << ": " << called(leaf);
       }
@@ -176,7 +177,7 @@ TEST(Audit, ChoicesInAMenuAreLargeEnoughToHitAndAsDarkAsThePage) {
     for (QAction* action : menu->actions()) {
       EXPECT_GE(menu->actionGeometry(action).height(), 24) << qPrintable(action->text());
     }
-    EXPECT_EQ(menu->palette().color(QPalette::Base), host.widget.page().looks().background());
+    EXPECT_EQ(menu->palette().color(QPalette::Base), pageOf(host.widget).looks().background());
     menu->close();
   }
 }
@@ -188,17 +189,17 @@ TEST(Audit, NothingIsOutsideThePageOrCoveredInAnyLook) {
     makeItHard(host);
     const int width = host.widget.viewport()->width();
     forEachPlaced(host, [&](const page::Node& leaf) {
-      const qt::ShownLeaf& shown = host.widget.page().shown(leaf);
+      const qt::ShownLeaf& shown = pageOf(host.widget).shown(leaf);
       const QWidget& widget = shown.widget->widget();
       const std::string what = look.name + ": " + called(leaf);
-      const QRect frame = host.widget.page().frameOnPage(leaf);
+      const QRect frame = pageOf(host.widget).frameOnPage(leaf);
       EXPECT_GE(frame.left(), 24) << what;
       EXPECT_LE(frame.right() + 1, width - 24) << what;
       EXPECT_LE(shown.shape.size().width(), widget.width()) << what;
       EXPECT_LE(shown.shape.size().height(), widget.height()) << what;
-      page::forEachLeaf(*host.widget.page().tree().root(), [&](const page::Node& other) {
-        if (&other == &leaf || !host.widget.page().shown(other).widget) return;
-        EXPECT_FALSE(frame.intersects(host.widget.page().frameOnPage(other)))
+      page::forEachLeaf(*pageOf(host.widget).tree().root(), [&](const page::Node& other) {
+        if (&other == &leaf || !pageOf(host.widget).shown(other).widget) return;
+        EXPECT_FALSE(frame.intersects(pageOf(host.widget).frameOnPage(other)))
             << what << " and " << called(other);
       });
     });
@@ -216,12 +217,12 @@ TEST(Audit, RightToLeftIsTheMirrorImage) {
   makeItHard(right);
   std::vector<QRect> frames, mirrored;
   const int width = left.widget.viewport()->width();
-  page::forEachLeaf(*left.widget.page().tree().root(), [&](const page::Node& leaf) {
-    const QRect frame = left.widget.page().frameOnPage(leaf);
+  page::forEachLeaf(*pageOf(left.widget).tree().root(), [&](const page::Node& leaf) {
+    const QRect frame = pageOf(left.widget).frameOnPage(leaf);
     frames.push_back(QRect(width - frame.right() - 1, frame.y(), frame.width(), frame.height()));
   });
-  page::forEachLeaf(*right.widget.page().tree().root(), [&](const page::Node& leaf) {
-    mirrored.push_back(right.widget.page().frameOnPage(leaf));
+  page::forEachLeaf(*pageOf(right.widget).tree().root(), [&](const page::Node& leaf) {
+    mirrored.push_back(pageOf(right.widget).frameOnPage(leaf));
   });
   EXPECT_EQ(frames, mirrored);
 }

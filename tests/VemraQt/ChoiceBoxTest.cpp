@@ -1,10 +1,10 @@
 // The picker's widget: its choices, its menu, and what a client does with it.
 
 #include "VemraQt/atspi/LaterQt.hpp"
-#include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 
 #include <string>
 #include <vector>
@@ -36,7 +36,7 @@ class ChoiceBoxTest : public ::testing::Test {
   ChoiceBoxTest() {
     widget.setEnvironment({});
     widget.resize(300, 400);
-    widget.page().onDeliver = [this](ui::NodeID, const ui::Event& event) {
+    pageOf(widget).onDeliver = [this](ui::NodeID, const ui::Event& event) {
       if (const auto* select = std::get_if<ui::Select>(&event))
         chosen.push_back(select->tag.name());
     };
@@ -72,8 +72,7 @@ class ChoiceBoxTest : public ::testing::Test {
   }
   static QMenu* menu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
   QAccessibleInterface& element() const {
-    return *QAccessible::accessibleInterface(
-        widget.page().accessibleTree().find("picker", 1).front());
+    return *QAccessible::accessibleInterface(treeOf(widget).find("picker", 1).front());
   }
 
   int selected = 1;
@@ -261,7 +260,7 @@ TEST_F(ChoiceBoxTest, ShowMenuOfADisabledPickerDoesNothing) {
   element().actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
   EXPECT_FALSE(menu());
   EXPECT_TRUE(element().child(0)->state().disabled);
-  auto* selection = dynamic_cast<qt::SelectionInterface*>(&element());
+  auto* selection = dynamic_cast<qt::atspi::SelectionInterface*>(&element());
   EXPECT_FALSE(selection->select(element().child(1)));
   EXPECT_EQ(selected, 1);
 }
@@ -288,7 +287,7 @@ TEST_F(ChoiceBoxTest, IsAComboBoxWithItsChoicesForAClient) {
               ElementsAre(QAccessibleActionInterface::pressAction()));
   two.actionInterface()->doAction("nothing");
   EXPECT_EQ(selected, 1);
-  auto* selection = dynamic_cast<qt::SelectionInterface*>(&picker);
+  auto* selection = dynamic_cast<qt::atspi::SelectionInterface*>(&picker);
   EXPECT_EQ(selection->selectedItemCount(), 1);
   EXPECT_THAT(selection->selectedItems(), ElementsAre(picker.child(0)));
   EXPECT_FALSE(selection->select(&picker)) << "no choice of it";

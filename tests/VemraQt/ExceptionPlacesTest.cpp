@@ -3,6 +3,7 @@
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "VemraQt/widgets/LineField.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/PageException.hpp"
 
 #include <QTest>
@@ -60,8 +61,7 @@ class ExceptionPlaces : public PageException {
     return *widget.viewport()->findChild<Widget*>();
   }
   QAccessibleInterface& element(const char* identifier) const {
-    return *QAccessible::accessibleInterface(
-        widget.page().accessibleTree().find(identifier, 1).front());
+    return *QAccessible::accessibleInterface(treeOf(widget).find(identifier, 1).front());
   }
 
   int chosen = 0;
@@ -97,7 +97,7 @@ TEST_F(ExceptionPlaces, ANumberOfRowsThatCannotBeReadOnceMoreIsTheOneReadBefore)
     faultsOf([&] { widget.setRoot(rows("a", {.count = after})); });
     faultsOf([&] {
       page.childCount();
-      widget.page().accessibleTree().find("a1", 0);
+      treeOf(widget).find("a1", 0);
     });
     reads = 1000;
     expectThePageGoesOn();
@@ -139,7 +139,7 @@ TEST_F(ExceptionPlaces, AFieldWhoseTextCannotBeReadAnyMoreLeavesAPageThatGoesOn)
               }),
               ElementsAre("get"));
   EXPECT_THAT(texts(), IsEmpty());
-  EXPECT_FALSE(widget.page().focusedNode());
+  EXPECT_FALSE(pageOf(widget).focusedNode());
   expectThePageGoesOn();
 }
 
@@ -195,10 +195,10 @@ TEST_F(ExceptionPlaces, ARecorderOfEventsThatThrowsKeepsNoEventFromThePage) {
   int presses = 0;
   widget.setRoot(ui::Button("press", [&] { ++presses; }));
   showWindow();
-  widget.page().onDeliver = [](ui::NodeID, const ui::Event&) { throw Fault("record"); };
+  pageOf(widget).onDeliver = [](ui::NodeID, const ui::Event&) { throw Fault("record"); };
   EXPECT_THAT(faultsOf([&] { button("press")->click(); }), ElementsAre("record, later"));
   EXPECT_EQ(presses, 1);
-  widget.page().onDeliver = nullptr;
+  pageOf(widget).onDeliver = nullptr;
   expectThePageGoesOn();
 }
 

@@ -2,6 +2,7 @@
 
 #include "VemraQt/Picture.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/PageException.hpp"
 
 #include <QTest>
@@ -136,17 +137,17 @@ TEST_F(PageException, AButtonWhoseActionThrewIsNotTakenForPressedAnyMore) {
 TEST_F(PageException, TabGoesOnPastRowsThatBreak) {
   widget.setRoot(rows("a", {.row = is("a20"), .body = is("a30")}, 60));
   showWindow();
-  ASSERT_TRUE(widget.page().focusEnd(true));
+  ASSERT_TRUE(pageOf(widget).focusEnd(true));
   const Faults faults = faultsOf([&] {
     for (int i = 0; i < 57; ++i) QTest::keyClick(widget.focusWidget(), Qt::Key_Tab);
-    ASSERT_TRUE(widget.page().focusedNode());
-    EXPECT_EQ(page::rowOf(widget.page().focusedNode())->rowIndex, 59u);
+    ASSERT_TRUE(pageOf(widget).focusedNode());
+    EXPECT_EQ(page::rowOf(pageOf(widget).focusedNode())->rowIndex, 59u);
   });
   EXPECT_THAT(faults, Contains("row a20, later"));
   faultsOf([&] {
     for (int i = 0; i < 57; ++i) QTest::keyClick(widget.focusWidget(), Qt::Key_Backtab);
   });
-  EXPECT_EQ(page::rowOf(widget.page().focusedNode())->rowIndex, 0u);
+  EXPECT_EQ(page::rowOf(pageOf(widget).focusedNode())->rowIndex, 0u);
   expectThePageGoesOn();
 }
 
@@ -206,7 +207,7 @@ TEST_F(PageException, AssistiveTechnologyGetsAnEmptyRowForOneThatBreaks) {
   EXPECT_THAT(faultsOf([&] { EXPECT_EQ(name(*page.child(201)), ""); }),
               ElementsAre("body a201, later"));
   EXPECT_EQ(name(*page.child(202)), "a202=0");
-  EXPECT_THAT(faultsOf([&] { widget.page().accessibleTree().find("nowhere", 0); }),
+  EXPECT_THAT(faultsOf([&] { treeOf(widget).find("nowhere", 0); }),
               Not(Contains(Not(::testing::EndsWith(", later")))));
   expectThePageGoesOn();
 }
@@ -232,8 +233,7 @@ TEST_F(PageException, ARowWhoseIdCannotBeReadIsNoneForAssistiveTechnology) {
   breaks = true;
   EXPECT_THAT(faultsOf([&] { EXPECT_EQ(page.child(200), nullptr); }),
               ElementsAre("key a200, later"));
-  EXPECT_THAT(faultsOf([&] { widget.page().accessibleTree().find("a1", 0); }),
-              Contains("key a200, later"));
+  EXPECT_THAT(faultsOf([&] { treeOf(widget).find("a1", 0); }), Contains("key a200, later"));
   faultsOf([&] { widget.setRoot(rows("a", {.key = keyBreaks})); });
   EXPECT_EQ(page.childCount(), 300);
   EXPECT_EQ(name(*page.child(199)), "a199=0");

@@ -1,8 +1,8 @@
 // The keyboard where its place is not near the viewport, or comes only with rows that have to be
 // asked for first.
 
-#include "VemraQt/page/Page.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 
 #include <QApplication>
 #include <QPushButton>
@@ -16,7 +16,7 @@ using namespace vemra::qttest;
 namespace {
 
 std::string focusedIdentifier(const WindowHost& host) {
-  const page::Node* focused = host.widget.page().focusedNode();
+  const page::Node* focused = pageOf(host.widget).focusedNode();
   if (!focused) return "nothing";
   const std::string_view identifier = focused->element.accessibilityIdentifier();
   return std::string(identifier.empty() ? focused->element.shownLabel() : identifier);

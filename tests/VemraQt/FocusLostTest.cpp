@@ -2,9 +2,9 @@
 
 #include "VemraPlatform/ui/View.hpp"
 #include "VemraQt/ViewWidget.hpp"
-#include "VemraQt/page/Page.hpp"
 #include "tests/VemraPlatform/page/Once.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 
 #include <functional>
 #include <string>
@@ -52,7 +52,7 @@ class FocusLost : public ::testing::Test {
     return widget.viewport()->findChild<QWidget*>(QString::fromStdString(identifier));
   }
   std::string focused() const {
-    const page::Node* const node = widget.page().focusedNode();
+    const page::Node* const node = qttest::pageOf(widget).focusedNode();
     return node ? std::string(node->element.shownLabel()) : "nothing";
   }
   QScrollBar& bar() const { return *widget.verticalScrollBar(); }

@@ -1,6 +1,6 @@
 // The keyboard: in reading order through every row, on to what took an element's place, no trap.
 
-#include "VemraQt/page/Page.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
 
 #include <QApplication>
@@ -125,9 +125,10 @@ TEST(Focus, ThePageIsOneStopBetweenItsNeighbours) {
 TEST(Focus, AnOpenedEditorHasItAndClosingHandsItOn) {
   WindowHost host(resultWith(3));
   const std::string p1 = "vemra.goal.person.p1";
-  host.widget.page().focusElement(
-      dynamic_cast<qt::ElementWidget&>(host.get<QPushButton>(p1 + ".outcome.start")).node(),
-      Qt::OtherFocusReason);
+  pageOf(host.widget)
+      .focusElement(
+          dynamic_cast<qt::ElementWidget&>(host.get<QPushButton>(p1 + ".outcome.start")).node(),
+          Qt::OtherFocusReason);
   key(host.widget, Qt::Key_Return);
   EXPECT_EQ(focusedName(host.widget), p1 + ".outcome.picker");
   key(host.widget, Qt::Key_Tab);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VemraQt/page/Page.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
 
 #include <memory>
@@ -47,7 +47,7 @@ void dress(WindowHost& host, const Colours& colours);
 /// Calls `visit` for every element that has a widget, while the page is scrolled from end to end.
 template <class Visit>
 void forEachPlaced(const WindowHost& host, Visit visit) {
-  qt::Page& page = host.widget.page();
+  qt::Page& page = pageOf(host.widget);
   QScrollBar& bar = *host.widget.verticalScrollBar();
   for (int position = 0;; position += 500) {
     bar.setValue(position);

@@ -1,9 +1,9 @@
 // The text field's widget: what it says to its element, and what it is to a client.
 
-#include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/LineField.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 
 #include <algorithm>
 #include <string>
@@ -27,7 +27,7 @@ class LineFieldTest : public ::testing::Test {
   LineFieldTest() {
     widget.setEnvironment({});
     widget.resize(300, 400);
-    widget.page().onDeliver = [this](ui::NodeID, const ui::Event& event) {
+    pageOf(widget).onDeliver = [this](ui::NodeID, const ui::Event& event) {
       if (const auto* edit = std::get_if<ui::EditText>(&event)) said.push_back(edit->text);
       if (std::holds_alternative<ui::Submit>(event)) said.emplace_back("submit");
     };
@@ -53,8 +53,7 @@ class LineFieldTest : public ::testing::Test {
 
   qt::LineField& edit() const { return *widget.viewport()->findChild<qt::LineField*>("field"); }
   QAccessibleInterface& element() const {
-    return *QAccessible::accessibleInterface(
-        widget.page().accessibleTree().find("field", 1).front());
+    return *QAccessible::accessibleInterface(treeOf(widget).find("field", 1).front());
   }
 
   std::string text;

@@ -1,7 +1,7 @@
 // Looks that change while the page is in use.
 
 #include "VemraQt/Picture.hpp"
-#include "VemraQt/page/Page.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/Palettes.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
 
@@ -47,8 +47,8 @@ TEST(LiveLooks, AWindowThatFollowsTheSystemTurnsDarkAndHighContrastWithIt) {
   QApplication::processEvents();
   EXPECT_EQ(widget.environment().colorScheme, ui::ColorScheme::dark);
   EXPECT_EQ(pageColor(widget), QColor(Qt::black));
-  EXPECT_EQ(widget.page().looks().text(ui::ForegroundStyle::primary), QColor(Qt::white));
-  EXPECT_EQ(widget.page().looks().link(), QColor(Qt::yellow));
+  EXPECT_EQ(pageOf(widget).looks().text(ui::ForegroundStyle::primary), QColor(Qt::white));
+  EXPECT_EQ(pageOf(widget).looks().link(), QColor(Qt::yellow));
   QApplication::setPalette(asBefore.palette);
   QApplication::processEvents();
   EXPECT_EQ(widget.environment().colorScheme, ui::ColorScheme::light);

@@ -1,9 +1,9 @@
 #include "tests/VemraQt/LongList.hpp"
 
 #include "VemraPlatform/page/Layout.hpp"
-#include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/ElementWidget.hpp"
 #include "tests/VemraQt/HardScreen.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 
 #include <gtest/gtest.h>
 
@@ -63,7 +63,7 @@ std::vector<int> peopleInView(const WindowHost& host) {
 }
 
 void expectNothingOverlaps(const WindowHost& host) {
-  qt::Page& page = host.widget.page();
+  qt::Page& page = pageOf(host.widget);
   std::vector<Occupant> leaves, rows;
   // The page places a widget by its element's frame; one that it has forgotten is elsewhere.
   page::forEachLeaf(*page.tree().root(), [&](const page::Node& leaf) {

@@ -1,9 +1,9 @@
 // What is read stays where it is, whatever is measured, comes or changes above it.
 
-#include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/ElementWidget.hpp"
 #include "tests/VemraQt/HardScreen.hpp"
 #include "tests/VemraQt/LongList.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/Palettes.hpp"
 
 #include <map>
@@ -24,8 +24,8 @@ namespace {
 std::map<ui::NodeID, int> topsThatStay(const WindowHost& host, int step) {
   const int height = host.widget.viewport()->height();
   std::map<ui::NodeID, int> tops;
-  page::forEachLeaf(*host.widget.page().tree().root(), [&](const page::Node& leaf) {
-    qt::ElementWidget* widget = host.widget.page().shown(leaf).widget;
+  page::forEachLeaf(*pageOf(host.widget).tree().root(), [&](const page::Node& leaf) {
+    qt::ElementWidget* widget = pageOf(host.widget).shown(leaf).widget;
     if (!widget) return;
     const QRect frame = widget->widget().geometry();
     const auto isSeen = [&](int top) { return top > 8 && top + frame.height() < height - 8; };
@@ -41,8 +41,8 @@ void expectEvenSteps(const WindowHost& host, int step) {
     ASSERT_GE(tops.size(), 3U) << "step " << i;
     bar(host).setValue(bar(host).value() + step);
     for (const auto& [id, top] : tops) {
-      const page::Node* leaf = host.widget.page().tree().find(id);
-      qt::ElementWidget* widget = leaf ? host.widget.page().shown(*leaf).widget : nullptr;
+      const page::Node* leaf = pageOf(host.widget).tree().find(id);
+      qt::ElementWidget* widget = leaf ? pageOf(host.widget).shown(*leaf).widget : nullptr;
       ASSERT_TRUE(widget) << "step " << i << " took away what was seen";
       ASSERT_EQ(widget->widget().y(), top - step) << "step " << i << ": " << called(*leaf);
     }
@@ -188,8 +188,8 @@ TEST(ScrollAnchor, ThePageGrowsByWhoComesAndShrinksByWhoGoes) {
     list[400].personRef = "fresher";
     result.people = list;
   });
-  const int estimate = host.widget.page().tree().lists().front()->rows->estimate() +
-                       host.widget.page().tree().lists().front()->rows->gap();
+  const int estimate = pageOf(host.widget).tree().lists().front()->rows->estimate() +
+                       pageOf(host.widget).tree().lists().front()->rows->gap();
   EXPECT_EQ(host.widget.contentHeight(), before + estimate) << "two came and one left, unmeasured";
   host.change([&](Result& result) { result.people = people; });
   EXPECT_EQ(host.widget.contentHeight(), before);

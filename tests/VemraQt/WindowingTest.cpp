@@ -1,8 +1,8 @@
 // Rows have widgets only near the viewport; nobody can tell.
 
-#include "VemraQt/page/Page.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
 #include "tests/VemraQt/LongList.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 
 #include <random>
 
@@ -51,8 +51,8 @@ TEST(Windowing, TheEndIsReachable) {
     EXPECT_THAT(host.visibleTexts().back(), ::testing::StartsWith("Based on 12"));
     const QRect last = [&] {
       QRect frame;
-      page::forEachLeaf(*host.widget.page().tree().root(), [&](const page::Node& leaf) {
-        frame = host.widget.page().frameOnPage(leaf);
+      page::forEachLeaf(*pageOf(host.widget).tree().root(), [&](const page::Node& leaf) {
+        frame = pageOf(host.widget).frameOnPage(leaf);
       });
       return frame;
     }();

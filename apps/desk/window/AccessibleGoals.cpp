@@ -177,8 +177,8 @@ class AccessibleColumn final : public QAccessibleWidget {
 
   /// A goal is known by its place: when there are more or fewer, they are so at the end.
   void announceCount() {
-    using Kind = qt::ChildChange::Kind;
-    if (!toldCount_ || !qt::sendsChildSignals()) return;
+    using Kind = qt::atspi::ChildChange::Kind;
+    if (!toldCount_ || !qt::atspi::sendsChildSignals()) return;
     const int before = std::exchange(*toldCount_, count());
     const int now = *toldCount_;
     if (static_cast<std::size_t>(std::abs(now - before)) > mostToldOneByOne) {
@@ -189,17 +189,18 @@ class AccessibleColumn final : public QAccessibleWidget {
     for (int place = before - 1; place >= now; --place) {
       const auto index = static_cast<std::size_t>(place);
       const auto known = known_.find(index - 1);
-      qt::sendChildSignal(self,
-                          {Kind::removed, self, index, known == known_.end() ? 0 : known->second});
+      qt::atspi::sendChildSignal(
+          self, {Kind::removed, self, index, known == known_.end() ? 0 : known->second});
     }
     for (int place = before; place < now; ++place) {
-      qt::sendChildSignal(self, {Kind::added, self, static_cast<std::size_t>(place), idAt(place)});
+      qt::atspi::sendChildSignal(self,
+                                 {Kind::added, self, static_cast<std::size_t>(place), idAt(place)});
     }
   }
   void announceUnlisted() {
     const QAccessible::Id self = QAccessible::uniqueId(this);
-    if (!qt::sendsChildSignals()) return;
-    qt::sendChildSignal(self, {qt::ChildChange::Kind::unlisted, self, 0, idAt(0)});
+    if (!qt::atspi::sendsChildSignals()) return;
+    qt::atspi::sendChildSignal(self, {qt::atspi::ChildChange::Kind::unlisted, self, 0, idAt(0)});
   }
   QAccessible::Id idAt(int place) const {
     QAccessibleInterface* at = child(place);

@@ -2,8 +2,8 @@
 
 #include "VemraPlatform/text/Trim.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
-#include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/monkey/SameTrees.hpp"
 
 #include <algorithm>
@@ -64,7 +64,7 @@ void expectShows(QWidget& widget, const page::Node& leaf) {
 
 /// Every widget shows its element, in its place; what is in view has one.
 void expectWidgets(Twins& twins, const std::vector<const page::Node*>& leaves) {
-  const qt::Page& page = twins.widget.page();
+  const qt::Page& page = qttest::pageOf(twins.widget);
   const QRect viewport(QPoint(0, 0), twins.widget.viewport()->size());
   for (const page::Node* leaf : leaves) {
     const QRect frame = page.frameOnPage(*leaf).translated(0, -page.scrollPosition());
@@ -109,7 +109,7 @@ void expectWidgets(Twins& twins, const std::vector<const page::Node*>& leaves) {
 
 /// No element covers another, and they stand as they are read: each below, or behind on the line.
 void expectReadingOrder(Twins& twins, const std::vector<const page::Node*>& leaves) {
-  const qt::Page& page = twins.widget.page();
+  const qt::Page& page = qttest::pageOf(twins.widget);
   const bool mirrored = twins.widget.layoutDirection() == Qt::RightToLeft;
   for (std::size_t i = 1; i < leaves.size(); ++i) {
     const QRect before = page.frameOnPage(*leaves[i - 1]), after = page.frameOnPage(*leaves[i]);
@@ -124,7 +124,7 @@ void expectReadingOrder(Twins& twins, const std::vector<const page::Node*>& leav
 
 /// The rows in view are there, and of the others no more than may be kept.
 void expectRows(Twins& twins) {
-  const qt::Page& page = twins.widget.page();
+  const qt::Page& page = qttest::pageOf(twins.widget);
   const int height = twins.widget.viewport()->height();
   for (const page::Node* list : page.tree().lists()) {
     const page::RowHeights& heights = *list->rows;
@@ -159,8 +159,9 @@ void expectFocus(Twins& twins) {
   QWidget* focused = twins.widget.focusWidget();
   if (!focused || focused == &twins.widget) return;
   auto* element = dynamic_cast<qt::ElementWidget*>(focused);
-  const page::Node* node =
-      element && element->node() ? twins.widget.page().tree().find(element->node()) : nullptr;
+  const page::Node* node = element && element->node()
+                               ? qttest::pageOf(twins.widget).tree().find(element->node())
+                               : nullptr;
   if (!node || twins.widgetOf(*node) != element) fail("the keyboard is with a dead widget");
   if (!focused->isEnabled()) fail("the keyboard is with a disabled widget");
   if (!focused->isVisible()) fail("the keyboard is with a hidden widget");
@@ -225,7 +226,7 @@ void expectAgreement(Twins& twins) {
   expectSameLogs(twins);
   const ui::Node* mine = twins.widget.graph().root();
   const Element* theirs = twins.screen.tree().root();
-  const page::Node* page = twins.widget.page().tree().root();
+  const page::Node* page = qttest::pageOf(twins.widget).tree().root();
   if (!mine || !theirs || !page) fail("nothing is shown");
   expectSame(twins, *mine, *theirs);
   expectSame(*mine, *page);
@@ -250,7 +251,7 @@ void expectAgreementEverywhere(Twins& twins) {
   for (std::size_t i = 0; i < outside.size(); ++i) {
     expectHeard(page.child(static_cast<int>(i < first ? i : i + rows)), *outside[i]);
   }
-  const auto& lists = twins.widget.page().tree().lists();
+  const auto& lists = qttest::pageOf(twins.widget).tree().lists();
   const std::size_t step = 1 + rows / 500;
   for (std::size_t row = 0; row < rows; row += step) {
     const ui::NodeID looked = twins.widget.graph().lookAtRow(lists.front()->id, row);

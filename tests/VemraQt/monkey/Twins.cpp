@@ -1,6 +1,6 @@
 #include "tests/VemraQt/monkey/Twins.hpp"
 
-#include "VemraQt/page/Page.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/Strings.hpp"
 
 #include <QApplication>
@@ -12,7 +12,7 @@ Twins::Twins(std::size_t people)
     : screen(ui::View{}),
       windowHost(resultOf(people), [this] { widget.setRoot(windowHost.view()); }),
       screenHost(windowHost.result, [this] { screen.show(screenHost.view()); }) {
-  widget.page().onDeliver = [this](ui::NodeID node, const ui::Event& event) {
+  qttest::pageOf(widget).onDeliver = [this](ui::NodeID node, const ui::Event& event) {
     if (isTurning_) follow(node, event);
   };
   widget.setEnvironment(ui::Environment{});
@@ -30,7 +30,7 @@ void Twins::deliver(const Place& place, ui::Event event) {
 
 Twins::Keyboard Twins::keyboard() const {
   Keyboard now;
-  const page::Node* focused = widget.page().focusedNode();
+  const page::Node* focused = qttest::pageOf(widget).focusedNode();
   if (!focused || !widgetOf(*focused)) return now;
   const QWidget& shown = widgetOf(*focused)->widget();
   now.node = focused->id;
@@ -49,7 +49,7 @@ Twins::Keyboard Twins::keyboard() const {
 void Twins::expectKept(const Keyboard& before) const {
   if (!before.node) return;
   const ui::Node* still = widget.graph().find(before.node);
-  const page::Node* focused = widget.page().focusedNode();
+  const page::Node* focused = qttest::pageOf(widget).focusedNode();
   if (!still || !still->element.style().enabled) {
     if (before.wasSeen && !focused && nextControl(std::nullopt, true)) {
       throw Disagreement("what had the keyboard has gone, and nothing took it");

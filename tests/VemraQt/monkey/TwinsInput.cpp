@@ -2,8 +2,8 @@
 
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
-#include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
 #include "tests/VemraQt/monkey/Twins.hpp"
 
@@ -166,7 +166,7 @@ void Twins::chooseInMenu(qt::ChoiceBox& box, const Step& step, std::size_t index
     throw Disagreement("a picker without a menu of its choices");
   }
   if (step.b % 8 == 0) changeBoth(step);
-  const page::Node* still = widget.page().tree().find(node);
+  const page::Node* still = qttest::pageOf(widget).tree().find(node);
   if (!still || widgetOf(*still) != &box) {
     if (QApplication::activePopupWidget()) throw Disagreement("the menu of a picker that has gone");
     return;

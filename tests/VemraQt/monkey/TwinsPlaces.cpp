@@ -1,6 +1,6 @@
 // Where the elements of both screens stand, and which of them are the same.
 
-#include "VemraQt/page/Page.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/monkey/Twins.hpp"
 
 #include <algorithm>
@@ -106,7 +106,7 @@ std::optional<Place> Twins::nextControl(std::optional<Place> from, bool forward)
 
 std::vector<const page::Node*> Twins::nearElements() const {
   std::vector<const page::Node*> elements;
-  const page::Node* root = widget.page().tree().root();
+  const page::Node* root = qttest::pageOf(widget).tree().root();
   if (root) {
     page::forEachLeaf(*root, [&](const page::Node& leaf) { elements.push_back(&leaf); });
   }
@@ -114,7 +114,7 @@ std::vector<const page::Node*> Twins::nearElements() const {
 }
 
 qt::ElementWidget* Twins::widgetOf(const page::Node& leaf) const {
-  return widget.page().shown(leaf).widget;
+  return qttest::pageOf(widget).shown(leaf).widget;
 }
 
 std::optional<Place> Twins::placeOf(const page::Node& leaf) const {
@@ -122,11 +122,12 @@ std::optional<Place> Twins::placeOf(const page::Node& leaf) const {
   Place place;
   if (row) place.row = row->rowIndex;
   bool found = false;
-  page::forEachLeaf(row ? *row : *widget.page().tree().root(), [&](const page::Node& other) {
-    if (!row && page::rowOf(&other)) return;
-    found = found || &other == &leaf;
-    if (!found) ++place.element;
-  });
+  page::forEachLeaf(row ? *row : *qttest::pageOf(widget).tree().root(),
+                    [&](const page::Node& other) {
+                      if (!row && page::rowOf(&other)) return;
+                      found = found || &other == &leaf;
+                      if (!found) ++place.element;
+                    });
   return found ? std::optional(place) : std::nullopt;
 }
 
@@ -141,7 +142,7 @@ const page::Node* Twins::nodeAt(const Place& place) const {
 }
 
 std::optional<Place> Twins::focus() const {
-  const page::Node* focused = widget.page().focusedNode();
+  const page::Node* focused = qttest::pageOf(widget).focusedNode();
   return focused ? placeOf(*focused) : std::nullopt;
 }
 

@@ -1,7 +1,7 @@
 // The screen as it looks, held against tests/expected/pictures/*.png. VEMRA_UPDATE_EXPECTED=1 in
 // the environment rewrites them; look at them before they are kept.
 
-#include "VemraQt/page/Page.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/Palettes.hpp"
 #include "tests/VemraQt/Strings.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
@@ -230,7 +230,7 @@ TEST_F(Pictures, ATextThatIsMovedByOnePixelIsSeen) {
 TEST_F(Pictures, AnotherColourIsSeen) {
   WindowHost host(oneOfEach(), pageSize);
   const QImage light = pictureOf(host);
-  const qt::Looks& looks = host.widget.page().looks();
+  const qt::Looks& looks = pageOf(host.widget).looks();
   const QColor secondary = looks.text(ui::ForegroundStyle::secondary);
   const QColor tertiary = looks.text(ui::ForegroundStyle::tertiary);
   QImage recoloured = light;

@@ -1,0 +1,99 @@
+// What a page reports to an observer, whoever that is.
+
+#include "VemraPlatform/ui/View.hpp"
+#include "tests/VemraQt/PageBehind.hpp"
+
+#include <deque>
+#include <functional>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <QScrollBar>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace vemra;
+using namespace vemra::qttest;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace {
+
+class PageObserverTest : public ::testing::Test, private qt::PageObserver {
+ protected:
+  PageObserverTest() {
+    widget.setEnvironment({});
+    widget.resize(300, 400);
+    widget.show();
+    pageOf(widget).setObserver(this);
+  }
+  ~PageObserverTest() override { pageOf(widget).setObserver(&treeOf(widget)); }
+
+  /// The graph compares with the rows shown before, so they stay.
+  void show(std::vector<std::string> ids) {
+    heard.clear();
+    const auto& rows = shown_.emplace_back(std::move(ids));
+    widget.setRoot(ui::ForEach(std::span<const std::string>(rows), std::identity(),
+                               [](const std::string& id) { return ui::Text(ui::verbatim(id)); }));
+  }
+
+  std::vector<std::string> heard;
+
+ private:
+  std::deque<std::vector<std::string>> shown_;
+
+ protected:
+  qt::ViewWidget widget;
+
+ private:
+  void patched(const std::vector<ui::Patch>&) override { heard.emplace_back("patched"); }
+  void removing(const page::Node& node) override {
+    const bool isInPlace = pageOf(widget).tree().find(node.id) == &node && node.parent;
+    heard.push_back("removing row " + std::to_string(node.rowIndex) +
+                    (isInPlace ? "" : ", out of its place"));
+  }
+  void rowsReplaced() override { heard.emplace_back("rows replaced"); }
+  void settled() override { heard.emplace_back("settled"); }
+};
+
+}  // namespace
+
+TEST_F(PageObserverTest, HearsOfPatchesAndThenThatEverythingIsInPlace) {
+  widget.setRoot(ui::Text("one"));
+  ASSERT_FALSE(heard.empty());
+  heard.clear();
+  widget.setRoot(ui::Text("another"));
+  EXPECT_THAT(heard, ElementsAre("patched", "settled"));
+}
+
+TEST_F(PageObserverTest, HearsOfANodeThatGoesWhileItIsInItsPlace) {
+  show({"a", "b"});
+  show({"a"});
+  EXPECT_THAT(heard, ElementsAre("removing row 1", "patched", "settled", "rows replaced"));
+}
+
+TEST_F(PageObserverTest, HearsOfRowsThatNoPatchReports) {
+  show({"a", "b"});
+  show({"b", "a"});
+  EXPECT_THAT(heard, Contains("rows replaced"));
+}
+
+TEST_F(PageObserverTest, HearsNothingAfterAnotherHasTakenItsPlace) {
+  pageOf(widget).setObserver(nullptr);
+  show({"a", "b"});
+  show({"b"});
+  widget.resize(200, 300);
+  EXPECT_THAT(heard, IsEmpty());
+}
+
+TEST_F(PageObserverTest, HearsOfScrollingOnceEverythingIsInPlace) {
+  std::vector<std::string> ids(200);
+  for (std::size_t i = 0; i < ids.size(); ++i) ids[i] = std::to_string(i);
+  show(ids);
+  heard.clear();
+  widget.verticalScrollBar()->setValue(300);
+  EXPECT_EQ(heard.back(), "settled");
+}
