@@ -1,43 +1,13 @@
 #include "VemraQt/accessibility/AccessibleControls.hpp"
 
+#include "VemraQt/accessibility/ObjectActions.hpp"
 #include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "VemraQt/widgets/LineField.hpp"
 
 #include <algorithm>
-#include <cstdint>
 
 namespace vemra::qt {
-
-QString ReadOnlyText::text(int start, int end) const {
-  const QString whole = wholeText();
-  const int size = static_cast<int>(whole.size());
-  start = std::clamp(start, 0, size);
-  end = end < 0 ? size : std::clamp(end, start, size);
-  return whole.mid(start, end - start);
-}
-
-QRect ReadOnlyText::characterRect(int offset) const {
-  // An even share of the element: nobody can see the single character of what has no widget.
-  const int count = std::max(1, characterCount());
-  const QRect whole = textRect();
-  const int width = std::max(1, whole.width() / count);
-  const std::int64_t before = std::int64_t{whole.width()} * std::clamp(offset, 0, count) / count;
-  return QRect(whole.x() + static_cast<int>(before), whole.y(), width, whole.height());
-}
-
-int ReadOnlyText::offsetAtPoint(const QPoint& point) const {
-  const QRect whole = textRect();
-  if (!whole.contains(point)) return -1;
-  const std::int64_t along = point.x() - whole.x();
-  return static_cast<int>(along * characterCount() / std::max(1, whole.width()));
-}
-
-QString ReadOnlyText::attributes(int, int* start, int* end) const {
-  *start = 0;
-  *end = characterCount();
-  return {};
-}
 
 std::vector<page::Choice> AccessiblePicker::choices() const {
   const ui::Node* picker = node();
@@ -112,7 +82,7 @@ void AccessiblePicker::doAction(const QString& name) {
   if (!picker || !picker->element.style().enabled) return;
   const ui::NodeID id = picker->id;
   AccessibleTree& itsTree = tree();
-  itsTree.focus(row(), id);
+  focus(itsTree, row(), id);
   const page::Node* leaf = itsTree.page().tree().find(id);
   auto* box = leaf ? dynamic_cast<ChoiceBox*>(itsTree.page().shown(*leaf).widget) : nullptr;
   if (box) box->showPopup();
@@ -154,7 +124,7 @@ void AccessibleChoice::doAction(const QString& name) {
   const auto own = choice();
   const ui::Node* picker = own ? picker_.node() : nullptr;
   if (!picker || name != pressAction()) return;
-  tree().deliver(picker->id, ui::Select{own->tag});
+  tree().page().deliver(picker->id, ui::Select{own->tag});
 }
 
 QLineEdit* AccessibleField::widget() const {
@@ -231,7 +201,7 @@ void AccessibleField::replaceText(int start, int end, const QString& text) {
   const QString removed = whole.mid(start, end - start);
   whole.replace(start, end - start, text);
   const QAccessible::Id self = id();
-  tree().deliver(field->id, ui::EditText{whole.toStdString()});
+  tree().page().deliver(field->id, ui::EditText{whole.toStdString()});
   // The field's widget tells of what is typed into it; of this, nobody would.
   auto* still = dynamic_cast<AccessibleField*>(QAccessible::accessibleInterface(self));
   if (!still || still->wholeText() != whole || removed == text) return;

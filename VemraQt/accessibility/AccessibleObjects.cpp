@@ -2,6 +2,8 @@
 
 #include "VemraPlatform/text/Trim.hpp"
 #include "VemraQt/accessibility/AccessibleControls.hpp"
+#include "VemraQt/accessibility/ObjectActions.hpp"
+#include "VemraQt/accessibility/ObjectPlaces.hpp"
 #include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
@@ -68,14 +70,14 @@ QString AccessibleRow::shownName() const {
 }
 
 QRect AccessibleRow::rect() const {
-  return tree().rectOf(*const_cast<AccessibleRow*>(this));
+  return rectOf(tree(), *const_cast<AccessibleRow*>(this));
 }
 
 QAccessible::State AccessibleRow::state() const {
   QAccessible::State state;
-  state.offscreen = !tree().isInViewport(rect());
+  state.offscreen = !isInViewport(tree(), rect());
   state.invisible = !tree().area().isVisible();
-  tree().noteShowing(*const_cast<AccessibleRow*>(this), !state.offscreen);
+  tree().announcements().noteShowing(*const_cast<AccessibleRow*>(this), !state.offscreen);
   return state;
 }
 
@@ -87,7 +89,7 @@ QString AccessibleRow::identifier() const {
 
 void AccessibleRow::scrollIn() {
   const auto& elements = tree().elementsOf(this);
-  if (!elements.empty()) tree().scrollIn(this, elements.front().node);
+  if (!elements.empty()) qt::scrollIn(tree(), this, elements.front().node);
 }
 
 const ui::Node* AccessibleElement::node() const {
@@ -108,7 +110,7 @@ QString AccessibleElement::textOf(QAccessible::Text kind) const {
 
 QRect AccessibleElement::rect() const {
   const ui::Node* element = node();
-  return element ? tree().rectOf(row_, element->id) : QRect();
+  return element ? rectOf(tree(), row_, element->id) : QRect();
 }
 
 QAccessible::State AccessibleElement::state() const {
@@ -122,8 +124,8 @@ QAccessible::State AccessibleElement::state() const {
   }
   state.disabled = !element->element.style().enabled;
   state.invisible = !tree().area().isVisible();
-  state.offscreen = !tree().isInViewport(tree().rectOf(row_, element->id));
-  tree().noteShowing(*const_cast<AccessibleElement*>(this), !state.offscreen);
+  state.offscreen = !isInViewport(tree(), rectOf(tree(), row_, element->id));
+  tree().announcements().noteShowing(*const_cast<AccessibleElement*>(this), !state.offscreen);
   if (element->element.kind() != ui::ElementKind::text && !state.disabled) {
     state.focusable = true;
     const page::Node* focused = tree().page().focusedNode();
@@ -139,7 +141,7 @@ QString AccessibleElement::identifier() const {
 }
 
 void AccessibleElement::scrollIn() {
-  if (const ui::Node* element = node()) tree().scrollIn(row_, element->id);
+  if (const ui::Node* element = node()) qt::scrollIn(tree(), row_, element->id);
 }
 
 void* AccessibleElement::interface_cast(QAccessible::InterfaceType type) {
@@ -162,9 +164,9 @@ void AccessibleElement::doAction(const QString& name) {
   const bool isButton = element->element.kind() == ui::ElementKind::button;
   // Whatever is done may take this very object away: nothing of it is touched afterwards.
   if (name == setFocusAction()) {
-    tree().focus(row_, element->id);
+    focus(tree(), row_, element->id);
   } else if (name == pressAction() && isButton && element->element.style().enabled) {
-    tree().press(row_, element->id);
+    press(tree(), row_, element->id);
   }
 }
 

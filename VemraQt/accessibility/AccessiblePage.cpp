@@ -151,7 +151,7 @@ void handle(QAccessibleEvent* event) {
   if (!shown || !shown->node() || shown->isTaking()) return;
   if (!tree->isWatched()) return;
   if (event->type() == QAccessible::Focus) {
-    tree->focusMoved(shown->node());
+    tree->announcements().focusMoved(shown->node());
     return;
   }
   const page::Node* leaf = tree->page().tree().find(shown->node());

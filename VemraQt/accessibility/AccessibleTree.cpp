@@ -6,55 +6,44 @@
 #include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
+#include <ranges>
+#include <utility>
 
 #include <QAbstractScrollArea>
-#include <QTimer>
 
 namespace vemra::qt {
 
 using ui::NodeID;
 
-AccessibleTree::AccessibleTree(QAbstractScrollArea& area, Page& page) : area_(area), page_(page) {
-  comparing_.setInterval(0);
-  QObject::connect(&comparing_, &QTimer::timeout, this, &AccessibleTree::compareSomeRows);
-  page_.setObserver(this);
+AccessibleTree::AccessibleTree(QAbstractScrollArea& area, Page& page)
+    : area_(area), page_(page), identifiers_(*this), announcements_(*this) {
   addAccessiblePage(*this);
-  atspi::publishIdentifiers();
-  atspi::addIdentifierSource(*this);
 }
 
 AccessibleTree::~AccessibleTree() {
-  if (notifying_) {
-    std::fputs(
-        "vemra::qt: a ViewWidget was destroyed while it notified assistive technology; "
-        "use deleteLater\n",
-        stderr);
-    std::abort();
-  }
-  atspi::removeIdentifierSource(*this);
   removeAccessiblePage(*this);
-  page_.setObserver(nullptr);
   for (ElementSlot& slot : slots_) {
-    if (slot.object) bury(*slot.object);
+    if (slot.object) leaving_.add(*slot.object);
   }
   for (auto& [node, list] : lists_) {
-    for (auto& [index, row] : list.rows) bury(*row);
+    for (AccessibleRow* row : list.all()) leaving_.addRow(*row);
   }
-  deleteBuried();
+}
+
+QAccessibleInterface* AccessibleTree::pageObject() const {
+  return QAccessible::queryAccessibleInterface(&area_);
 }
 
 int AccessibleTree::childCount() {
-  refreshPage();
+  refresh();
   return segments_.empty() ? 0 : static_cast<int>(segments_.back().first + segments_.back().count);
 }
 
 QAccessibleInterface* AccessibleTree::child(int index) {
-  refreshPage();
+  refresh();
   if (index < 0) return nullptr;
   const auto place = static_cast<std::size_t>(index);
-  auto segment = std::ranges::upper_bound(segments_, place, {}, &Segment::first);
+  auto segment = std::ranges::upper_bound(segments_, place, {}, &PageSegment::first);
   if (segment == segments_.begin()) return nullptr;
   --segment;
   if (place >= segment->first + segment->count) return nullptr;
@@ -63,16 +52,16 @@ QAccessibleInterface* AccessibleTree::child(int index) {
 }
 
 int AccessibleTree::indexOf(const QAccessibleInterface* object) {
-  refreshPage();
+  refresh();
   if (auto* row = dynamic_cast<const AccessibleRow*>(object)) {
-    for (const Segment& segment : segments_) {
+    for (const PageSegment& segment : segments_) {
       if (segment.list != row->list) continue;
       refreshList(row->list);
       return row->isLeaving() ? -1 : static_cast<int>(segment.first + row->index);
     }
     return -1;
   }
-  for (const Segment& segment : segments_) {
+  for (const PageSegment& segment : segments_) {
     if (!segment.list && slots_[segment.slot].object == object) {
       return static_cast<int>(segment.first);
     }
@@ -81,7 +70,7 @@ int AccessibleTree::indexOf(const QAccessibleInterface* object) {
 }
 
 AccessibleElement* AccessibleTree::objectOf(const page::Node& leaf) {
-  const ui::Node* rowNode = rowHolding(leaf.id);
+  const ui::Node* rowNode = rowHolding(leaf.id, page_);
   AccessibleRow* row = rowNode ? rowAt(rowNode->parent->id, rowNode->rowIndex) : nullptr;
   if (rowNode && !row) return nullptr;
   for (ElementSlot& slot : elementsOf(row)) {
@@ -92,7 +81,7 @@ AccessibleElement* AccessibleTree::objectOf(const page::Node& leaf) {
 
 std::vector<ElementSlot>& AccessibleTree::elementsOf(AccessibleRow* row) {
   if (!row) {
-    refreshPage();
+    refresh();
     return slots_;
   }
   // While an event is being handled a row may be impossible to look at: it is as it was.
@@ -104,7 +93,7 @@ std::vector<ElementSlot>& AccessibleTree::elementsOf(AccessibleRow* row) {
     if (row->knownNode != node->id || row->knownAt != described()) {
       row->knownNode = node->id;
       const bool wasKnown = !row->known.empty();
-      const ChildSteps steps = adopt(row->known, elementsUnder(node->id, page_));
+      const ChildSteps steps = adopt(row->known, elementsUnder(node->id, page_), leaving_);
       row->knownAt = described();
       if (wasKnown) note(row, steps);
     }
@@ -128,81 +117,133 @@ AccessibleRow* AccessibleTree::rowAt(NodeID listID, std::size_t index) {
   refreshList(listID);
   const ui::Node* node = find(listID);
   if (!node || index >= node->element.rowCount()) return nullptr;
-  List& list = lists_[listID];
-  list.source = page::rowSourceOf(node->element);
-  if (const auto known = list.rows.find(index); known != list.rows.end()) return known->second;
+  KnownRows& list = lists_[listID];
+  list.follow(page::rowSourceOf(node->element), page_.errors(), leaving_);
+  if (AccessibleRow* known = list.at(index)) return known;
   std::string rowID;
-  if (!page_.errors().attempt([&] { rowID = list.source->key(index); })) return nullptr;
+  if (!page_.errors().attempt([&] { rowID = list.source()->key(index); })) return nullptr;
   auto* row = new AccessibleRow(*this, listID, index, std::move(rowID));
   row->remember(QAccessible::registerAccessibleInterface(row));
-  list.rows.emplace(index, row);
+  list.add(*row);
   return row;
 }
 
 const ui::Node* AccessibleTree::nodeOf(AccessibleRow& row) {
   refreshList(row.list);
-  return row.isLeaving() ? nullptr : find(lookAtRow(row.list, row.index));
-}
-
-NodeID AccessibleTree::lookAtRow(NodeID list, std::size_t index) {
-  NodeID row;
-  const auto look = [&] { row = page_.graph().lookAtRow(list, index); };
-  // After an exception there is an empty row in its place, unless the whole tree has gone.
-  if (!page_.errors().attempt(look)) page_.errors().attempt(look);
-  return row;
-}
-
-std::vector<std::size_t> AccessibleTree::rowsWithState(NodeID list) {
-  std::vector<std::size_t> rows;
-  page_.errors().attempt([&] { rows = page_.graph().rowsWithState(list); });
-  return rows;
-}
-
-/// Of rows in rows the outermost one: what is in it is all on one level.
-const ui::Node* AccessibleTree::rowHolding(NodeID id) const {
-  const ui::Node* row = nullptr;
-  for (const ui::Node* node = find(id); node; node = node->parent) {
-    if (node->isRow) row = node;
-  }
-  return row;
+  return row.isLeaving() ? nullptr : find(lookAtRow(row.list, row.index, page_));
 }
 
 AccessibleRow* AccessibleTree::knownRow(NodeID rowNode) const {
   const ui::Node* node = find(rowNode);
   if (!node || !node->isRow) return nullptr;
-  auto list = lists_.find(node->parent->id);
-  if (list == lists_.end()) return nullptr;
-  auto row = list->second.rows.find(node->rowIndex);
-  return row == list->second.rows.end() ? nullptr : row->second;
+  const auto list = lists_.find(node->parent->id);
+  return list == lists_.end() ? nullptr : list->second.at(node->rowIndex);
 }
 
 const ui::Node* AccessibleTree::find(NodeID node) const {
   return page_.graph().find(node);
 }
 
-void AccessibleTree::bury(QAccessibleInterface& object) {
-  auto& dying = dynamic_cast<AccessibleObject&>(object);
-  if (dying.isLeaving()) return;
-  dying.leave();
-  if (auto* element = dynamic_cast<AccessibleElement*>(&dying)) {
-    for (AccessibleObject* own : element->ownObjects()) bury(*own);
-  }
-  // A client may be in the middle of a question to it, even of the action that ends it.
-  if (buried_.empty()) QTimer::singleShot(0, this, [this] { deleteBuried(); });
-  buried_.push_back(dying.id());
+const std::vector<PageSegment>& AccessibleTree::segments() {
+  refresh();
+  return segments_;
 }
 
-void AccessibleTree::bury(AccessibleRow& row) {
-  for (ElementSlot& slot : row.known) {
-    if (slot.object) bury(*slot.object);
+void AccessibleTree::refresh() {
+  if (pageVersion_ == page_.version()) return;
+  const bool wasKnown = hasBeenAsked();
+  pageVersion_ = page_.version();
+  // Another page may have taken the graph over: this one shows nothing then.
+  const ui::Node* root = page_.tree().root() ? page_.graph().root() : nullptr;
+  const ChildSteps ofElements =
+      adopt(slots_, root ? elementsUnder(root->id, page_) : std::vector<ElementSlot>(), leaving_);
+  const auto before = std::exchange(segments_, segmentsOf(slots_, page_.graph()));
+  std::unordered_map<NodeID, KnownRows> gone = std::exchange(lists_, {});
+  std::unordered_map<NodeID, ChildSteps> ofRows;
+  for (const PageSegment& segment : segments_) {
+    if (!segment.list) continue;
+    auto known = gone.extract(segment.list);
+    if (known) lists_.insert(std::move(known));
+    KnownRows& rows = lists_[segment.list];
+    ChildSteps& steps = ofRows[segment.list];
+    if (const ui::Node* list = find(segment.list)) {
+      steps = rows.follow(page::rowSourceOf(list->element), page_.errors(), leaving_);
+    }
   }
-  row.known.clear();
-  bury(static_cast<QAccessibleInterface&>(row));
+  for (auto& [id, list] : gone) ofRows[id] = list.leave(page_.errors(), leaving_);
+  if (wasKnown) note(nullptr, stepsOfPage(before, segments_, ofElements, ofRows));
 }
 
-void AccessibleTree::deleteBuried() {
-  for (const QAccessible::Id id : std::exchange(buried_, {})) {
-    QAccessible::deleteAccessibleInterface(id);
+void AccessibleTree::refreshList(NodeID listID) {
+  refresh();
+  const auto known = lists_.find(listID);
+  const ui::Node* node = find(listID);
+  if (known == lists_.end() || !node) return;
+  // Another source without another version of the page: only while the graph is at work.
+  ChildSteps steps =
+      known->second.follow(page::rowSourceOf(node->element), page_.errors(), leaving_);
+  const auto segment = std::ranges::find(segments_, listID, &PageSegment::list);
+  if (segment == segments_.end()) return;
+  for (ChildSteps::Left& left : steps.left) left.index += segment->first;
+  for (std::size_t& index : steps.came) index += segment->first;
+  note(nullptr, steps);
+}
+
+std::vector<QAccessible::Id> AccessibleTree::takeUncompared(std::size_t most) {
+  refresh();
+  std::vector<NodeID> known;
+  known.reserve(lists_.size());
+  for (const auto& [node, list] : lists_) known.push_back(node);
+  for (const NodeID list : known) refreshList(list);
+  std::vector<QAccessible::Id> rows;
+  for (auto& [node, list] : lists_) list.takeUncompared(rows, most);
+  return rows;
+}
+
+std::vector<AccessibleObject*> AccessibleTree::knownNearViewport() {
+  std::vector<AccessibleObject*> objects;
+  const auto addKnown = [&](const std::vector<ElementSlot>& elements) {
+    for (const ElementSlot& slot : elements) {
+      if (slot.object) objects.push_back(slot.object);
+    }
+  };
+  addKnown(slots_);
+  std::vector<AccessibleRow*> rows;
+  for (auto& [node, list] : lists_) {
+    const page::Node* shown = page_.tree().find(node);
+    if (!shown) continue;
+    for (const page::Node& rendered : shown->children()) {
+      if (AccessibleRow* row = list.at(rendered.rowIndex)) rows.push_back(row);
+    }
+  }
+  for (AccessibleRow* row : rows) {
+    objects.push_back(row);
+    addKnown(elementsOf(row));
+  }
+  return objects;
+}
+
+/// What went is announced from the end, what came from the front: so each index is right at its turn,
+/// and among all children, too.
+void AccessibleTree::note(AccessibleRow* row, const ChildSteps& steps) {
+  using Kind = atspi::ChildChange::Kind;
+  const QAccessible::Id parent = row ? row->id() : 0;
+  const auto childAt = [&](std::size_t index) {
+    QAccessibleInterface* at =
+        !row ? child(static_cast<int>(index))
+             : (index < row->known.size() ? object(row, row->known[index]) : nullptr);
+    const auto* known = dynamic_cast<AccessibleObject*>(at);
+    return known ? known->id() : 0;
+  };
+  if (!steps.areComplete || steps.left.size() + steps.came.size() > mostToldOneByOne) {
+    announcements_.noteChild({Kind::unlisted, parent, 0, childAt(0)});
+    return;
+  }
+  for (const auto& [index, gone] : steps.left | std::views::reverse) {
+    announcements_.noteChild({Kind::removed, parent, index, gone});
+  }
+  for (const std::size_t index : steps.came) {
+    announcements_.noteChild({Kind::added, parent, index, childAt(index)});
   }
 }
 

@@ -40,6 +40,10 @@ bool isElement(ElementKind kind) {
          kind == ElementKind::textField;
 }
 
+bool isInsideRow(const ui::Node& node) {
+  return node.isRow || (node.parent && isInsideRow(*node.parent));
+}
+
 struct Collected {
   std::vector<ElementSlot> elements;
   std::vector<ui::NodeID> incomplete;  ///< lists inside rows without all of their rows
@@ -54,13 +58,7 @@ void collect(const ui::Node& node, std::uint64_t path, Collected& collected) {
     return;
   }
   if (kind == ElementKind::forEach) {
-    const bool insideRow = [&] {
-      for (const ui::Node* place = &node; place; place = place->parent) {
-        if (place->isRow) return true;
-      }
-      return false;
-    }();
-    if (!insideRow) {
+    if (!isInsideRow(node)) {
       collected.elements.push_back({path, kind, node.id, nullptr, true, 0});
       return;
     }
@@ -97,6 +95,22 @@ std::vector<ElementSlot> elementsUnder(ui::NodeID top, Page& page) {
       page.errors().attempt([&] { graph.showRows(list, {{0, count}}); });
     }
   }
+}
+
+const ui::Node* rowHolding(ui::NodeID id, const Page& page) {
+  const ui::Node* row = nullptr;
+  for (const ui::Node* node = page.graph().find(id); node; node = node->parent) {
+    if (node->isRow) row = node;
+  }
+  return row;
+}
+
+ui::NodeID lookAtRow(ui::NodeID list, std::size_t index, Page& page) {
+  ui::NodeID row;
+  const auto look = [&] { row = page.graph().lookAtRow(list, index); };
+  // After an exception there is an empty row in its place, unless the whole tree has gone.
+  if (!page.errors().attempt(look)) page.errors().attempt(look);
+  return row;
 }
 
 }  // namespace vemra::qt

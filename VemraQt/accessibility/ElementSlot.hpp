@@ -6,6 +6,10 @@
 #include <cstdint>
 #include <vector>
 
+namespace vemra::ui {
+struct Node;
+}  // namespace vemra::ui
+
 namespace vemra::qt {
 
 class AccessibleElement;
@@ -31,5 +35,12 @@ std::size_t hashOfShown(const ui::Element& element);
 /// row, its rows are like other content, and are asked for if they are not there. None under a node
 /// that is gone.
 std::vector<ElementSlot> elementsUnder(ui::NodeID node, Page& page);
+
+/// The outermost row around a node, since what is in a row is all on one level; nullptr outside lists.
+const ui::Node* rowHolding(ui::NodeID node, const Page& page);
+
+/// The row's node, described for a look if need be: an empty one when that throws. None when there
+/// is no such row, or no answer while an event is being handled.
+ui::NodeID lookAtRow(ui::NodeID list, std::size_t index, Page& page);
 
 }  // namespace vemra::qt

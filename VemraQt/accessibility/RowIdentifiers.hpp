@@ -29,7 +29,7 @@ class RowIdentifiers {
   /// Whether what is noted here is true of these rows in this environment.
   bool areOf(const std::shared_ptr<const ui::RowSource>& source,
              const ui::Environment& environment) const {
-    return source_ == source && environment_ == environment;
+    return source_.lock() == source && environment_ == environment;
   }
 
   void note(std::string_view identifier, std::size_t row);
@@ -46,7 +46,7 @@ class RowIdentifiers {
     friend auto operator<=>(const Note&, const Note&) = default;
   };
 
-  std::shared_ptr<const ui::RowSource> source_;
+  std::weak_ptr<const ui::RowSource> source_;  ///< not kept alive for its notes
   ui::Environment environment_;
   std::vector<std::size_t> uncertain_;
   std::vector<Note> notes_;  // ascending, once all is noted

@@ -6,6 +6,9 @@
 #include <QDBusObjectPath>
 #include <QString>
 
+/// \file
+/// How objects are named on the accessibility bus. Needed as long as any other file here is.
+
 namespace vemra::qt::atspi {
 
 /// Where Qt has its accessible objects on the bus; below it they are named by their ids.

@@ -2,6 +2,10 @@
 
 #include <QAccessible>
 
+/// \file
+/// `children-changed` with the right indexes. Measured with Qt 6.4.2; no version of Qt is known that
+/// makes it unnecessary.
+
 namespace vemra::qt::atspi {
 
 /// A child that came or went.
@@ -9,7 +13,7 @@ struct ChildChange {
   enum class Kind {
     removed,
     added,
-    unlisted  ///< many came, went or changed places: whoever keeps the children asks again
+    unlisted  ///< many came, went or changed places: a client asks for all of them again
   };
   Kind kind = Kind::unlisted;
   QAccessible::Id parent = 0;  ///< none: the page

@@ -34,7 +34,7 @@ QAccessible::Id elementAt(const QString& path) {
 }
 
 QString identifierOf(QAccessible::Id element) {
-  for (const IdentifierSource* source : identifierSources()) {
+  for (IdentifierSource* source : identifierSources()) {
     QString identifier = source->identifier(element);
     if (!identifier.isNull()) return identifier;
   }
@@ -155,7 +155,7 @@ bool answerMatches(const QDBusMessage& message, const QDBusConnection& connectio
   if (identifier.isNull()) return false;
   const int most = std::max(0, arguments[2].toInt());
   QList<BusReference> found;
-  for (const IdentifierSource* source : identifierSources()) {
+  for (IdentifierSource* source : identifierSources()) {
     for (const QAccessible::Id element : source->find(identifier, 0)) {
       if (within && !isWithin(element, within)) continue;
       if (!most || found.size() < most) found.push_back(busReference(connection, element));
@@ -172,7 +172,7 @@ bool answerScrolling(const QDBusMessage& message, const QDBusConnection& connect
   QAccessibleInterface* interface = QAccessible::accessibleInterface(element);
   if (!interface || (grabsFocus && interface->actionInterface())) return false;
   const bool scrolled = std::ranges::any_of(
-      identifierSources(), [&](const IdentifierSource* tree) { return tree->scrollIn(element); });
+      identifierSources(), [&](IdentifierSource* tree) { return tree->scrollIn(element); });
   return scrolled && connection.send(message.createReply(!grabsFocus));
 }
 

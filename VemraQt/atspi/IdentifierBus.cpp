@@ -14,8 +14,8 @@
 
 namespace vemra::qt::atspi {
 
-std::vector<const IdentifierSource*>& identifierSources() {
-  static std::vector<const IdentifierSource*> sources;
+std::vector<IdentifierSource*>& identifierSources() {
+  static std::vector<IdentifierSource*> sources;
   return sources;
 }
 
@@ -90,11 +90,11 @@ bool areIdentifiersPublished() {
   return installer && installer->isInstalled();
 }
 
-void addIdentifierSource(const IdentifierSource& source) {
+void addIdentifierSource(IdentifierSource& source) {
   identifierSources().push_back(&source);
 }
 
-void removeIdentifierSource(const IdentifierSource& source) {
+void removeIdentifierSource(IdentifierSource& source) {
   std::erase(identifierSources(), &source);
 }
 

@@ -6,6 +6,8 @@
 
 /// \file
 /// The exact identifier of every element, for assistive technology and automation over AT-SPI.
+///
+/// Needed as long as one of the answers in `IdentifierAnswers` is, or `ChildSignals`.
 
 namespace vemra::qt::atspi {
 
@@ -19,9 +21,9 @@ class IdentifierSource {
   virtual QString identifier(QAccessible::Id element) const = 0;
   /// The elements with that identifier in tree order, at most `most` (0: all). Does not walk the
   /// accessibility tree: what it costs is the source's own look-up.
-  virtual QList<QAccessible::Id> find(const QString& identifier, int most) const = 0;
+  virtual QList<QAccessible::Id> find(const QString& identifier, int most) = 0;
   /// Scrolls the element into view; false when it is not of this tree, or gone.
-  virtual bool scrollIn(QAccessible::Id element) const = 0;
+  virtual bool scrollIn(QAccessible::Id element) = 0;
 
  protected:
   ~IdentifierSource() = default;
@@ -46,7 +48,7 @@ void publishIdentifiers();
 bool areIdentifiersPublished();
 
 /// Adds or removes a tree whose identifiers are published.
-void addIdentifierSource(const IdentifierSource& source);
-void removeIdentifierSource(const IdentifierSource& source);
+void addIdentifierSource(IdentifierSource& source);
+void removeIdentifierSource(IdentifierSource& source);
 
 }  // namespace vemra::qt::atspi

@@ -7,7 +7,8 @@
 
 /// \file
 /// What Qt's accessibility has only from a later version than the oldest one supported (6.4), so
-/// that nothing else here asks for the version. The later branches have not been compiled yet.
+/// that nothing else here asks for the version. Not needed once Qt 6.9 is the oldest one supported.
+/// The later branches have not been compiled yet.
 
 namespace vemra::qt::atspi {
 

@@ -8,7 +8,8 @@ class QString;
 
 /// \file
 /// What is chosen among an element's children, on the accessibility bus. Qt has no interface for it
-/// before 6.5, and without it a screen reader is silent when another choice is made in a picker.
+/// before 6.5, and without it a screen reader is silent when another choice is made in a picker. Not
+/// needed from Qt 6.5 on.
 
 namespace vemra::qt::atspi {
 

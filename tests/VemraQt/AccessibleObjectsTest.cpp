@@ -64,9 +64,9 @@ class AccessibleObjectsTest : public ::testing::Test {
   }
 
   QAccessibleInterface& page() { return *QAccessible::queryAccessibleInterface(&widget); }
-  qt::AccessibleTree& tree() { return treeOf(widget); }
+  qt::IdentifierSearch& identifiers() { return treeOf(widget).identifiers(); }
   QAccessibleInterface* find(const std::string& identifier) {
-    const auto found = tree().find(QString::fromStdString(identifier), 1);
+    const auto found = identifiers().find(QString::fromStdString(identifier), 1);
     return found.isEmpty() ? nullptr : QAccessible::accessibleInterface(found.front());
   }
 
@@ -79,18 +79,18 @@ class AccessibleObjectsTest : public ::testing::Test {
 TEST_F(AccessibleObjectsTest, ThePageItselfHasTheIdentifierOfItsWidget) {
   widget.setRoot(ui::Text("text"));
   const QAccessible::Id id = QAccessible::uniqueId(&page());
-  EXPECT_EQ(tree().identifier(id), "the.page");
+  EXPECT_EQ(identifiers().identifier(id), "the.page");
   widget.setObjectName("");
-  EXPECT_EQ(tree().identifier(id), "");
-  EXPECT_FALSE(tree().identifier(id).isNull()) << "it is known, and has none";
-  EXPECT_EQ(tree().identifier(QAccessible::uniqueId(page().child(0))), "");
-  EXPECT_FALSE(tree().identifier(QAccessible::uniqueId(page().child(0))).isNull());
+  EXPECT_EQ(identifiers().identifier(id), "");
+  EXPECT_FALSE(identifiers().identifier(id).isNull()) << "it is known, and has none";
+  EXPECT_EQ(identifiers().identifier(QAccessible::uniqueId(page().child(0))), "");
+  EXPECT_FALSE(identifiers().identifier(QAccessible::uniqueId(page().child(0))).isNull());
   qt::ViewWidget other;
   other.setRoot(ui::Text("text"));
   QAccessibleInterface* elsewhere = QAccessible::queryAccessibleInterface(&other);
-  EXPECT_TRUE(tree().identifier(QAccessible::uniqueId(elsewhere)).isNull());
-  EXPECT_TRUE(tree().identifier(QAccessible::uniqueId(elsewhere->child(0))).isNull());
-  EXPECT_TRUE(tree().identifier(0).isNull());
+  EXPECT_TRUE(identifiers().identifier(QAccessible::uniqueId(elsewhere)).isNull());
+  EXPECT_TRUE(identifiers().identifier(QAccessible::uniqueId(elsewhere->child(0))).isNull());
+  EXPECT_TRUE(identifiers().identifier(0).isNull());
 }
 
 TEST_F(AccessibleObjectsTest, ThePageIsAWindowOnlyWhenItIsOne) {
@@ -289,9 +289,9 @@ TEST_F(AccessibleObjectsTest, ARowIsNamedByTheFirstOfItsTextsThatIsNotBlank) {
 
 TEST_F(AccessibleObjectsTest, FindsAsManyAsAskedForAndNothingByNoIdentifier) {
   widget.setRoot(ui::Group({controls(), controls()}));
-  EXPECT_EQ(tree().find("button", 0).size(), 2);
-  EXPECT_EQ(tree().find("button", 1).size(), 1);
-  EXPECT_EQ(tree().find("button", 5).size(), 2);
-  EXPECT_THAT(tree().find("", 0), IsEmpty());
-  EXPECT_THAT(tree().find("butto", 0), IsEmpty());
+  EXPECT_EQ(identifiers().find("button", 0).size(), 2);
+  EXPECT_EQ(identifiers().find("button", 1).size(), 1);
+  EXPECT_EQ(identifiers().find("button", 5).size(), 2);
+  EXPECT_THAT(identifiers().find("", 0), IsEmpty());
+  EXPECT_THAT(identifiers().find("butto", 0), IsEmpty());
 }

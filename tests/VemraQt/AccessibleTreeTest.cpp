@@ -271,9 +271,10 @@ TEST(AccessibleTree, FindsWhatEqualIdentifiersShare) {
   people[2].personRef = "p0";
   result.people = people;
   WindowHost host(result);
-  const auto found = treeOf(host.widget).find("vemra.goal.person.p0.outcome.start", 0);
+  const auto found =
+      treeOf(host.widget).identifiers().find("vemra.goal.person.p0.outcome.start", 0);
   EXPECT_EQ(found.size(), 2);
-  EXPECT_EQ(treeOf(host.widget).find("nobody", 0).size(), 0);
+  EXPECT_EQ(treeOf(host.widget).identifiers().find("nobody", 0).size(), 0);
 }
 
 TEST(AccessibleTree, FindingOneAmongManyDescribesFewRows) {
@@ -343,13 +344,13 @@ TEST(AccessibleTree, AnIdentifierNeedNotHoldItsRowsId) {
     return ui::Text(ui::verbatim(item.text)).accessibilityIdentifier("text " + item.text);
   }));
   widget.show();
-  const qt::AccessibleTree& tree = treeOf(widget);
+  qt::IdentifierSearch& identifiers = treeOf(widget).identifiers();
   for (int again = 0; again < 2; ++again) {
     for (const char* text : {"text 499", "text 0"}) {
-      const auto found = tree.find(QString::fromLatin1(text), 0);
+      const auto found = identifiers.find(QString::fromLatin1(text), 0);
       ASSERT_EQ(found.size(), 1) << text;
       EXPECT_EQ(identifier(*QAccessible::accessibleInterface(found.front())), text);
     }
-    EXPECT_TRUE(tree.find("text 500", 0).isEmpty());
+    EXPECT_TRUE(identifiers.find("text 500", 0).isEmpty());
   }
 }

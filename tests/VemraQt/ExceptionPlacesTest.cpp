@@ -61,7 +61,8 @@ class ExceptionPlaces : public PageException {
     return *widget.viewport()->findChild<Widget*>();
   }
   QAccessibleInterface& element(const char* identifier) const {
-    return *QAccessible::accessibleInterface(treeOf(widget).find(identifier, 1).front());
+    return *QAccessible::accessibleInterface(
+        treeOf(widget).identifiers().find(identifier, 1).front());
   }
 
   int chosen = 0;
@@ -97,7 +98,7 @@ TEST_F(ExceptionPlaces, ANumberOfRowsThatCannotBeReadOnceMoreIsTheOneReadBefore)
     faultsOf([&] { widget.setRoot(rows("a", {.count = after})); });
     faultsOf([&] {
       page.childCount();
-      treeOf(widget).find("a1", 0);
+      treeOf(widget).identifiers().find("a1", 0);
     });
     reads = 1000;
     expectThePageGoesOn();

@@ -30,7 +30,7 @@ class PageObserverTest : public ::testing::Test, private qt::PageObserver {
     widget.show();
     pageOf(widget).setObserver(this);
   }
-  ~PageObserverTest() override { pageOf(widget).setObserver(&treeOf(widget)); }
+  ~PageObserverTest() override { pageOf(widget).setObserver(&treeOf(widget).announcements()); }
 
   /// The graph compares with the rows shown before, so they stay.
   void show(std::vector<std::string> ids) {

@@ -1,7 +1,12 @@
+#include "VemraPlatform/ui/View.hpp"
 #include "VemraQt/accessibility/RowIdentifiers.hpp"
 #include "tests/VemraPlatform/text/CollidingTexts.hpp"
 
 #include <algorithm>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -21,6 +26,31 @@ TEST(RowIdentifiers, identifiersMadeToCollideNameTheirOwnRows) {
     named += rows.size();
   }
   EXPECT_LE(named, identifiers.size() + 20);
+}
+
+std::shared_ptr<const ui::RowSource> someRows() {
+  const auto row = [](const std::string&) { return ui::View(ui::Text("row")); };
+  using Ids = std::vector<std::string>;
+  return std::make_shared<ui::RowsOf<Ids, std::identity, decltype(row)>>(Ids{"a"}, std::identity(),
+                                                                         row);
+}
+
+TEST(RowIdentifiers, notesAreOfTheirOwnRowsAndEnvironmentOnly) {
+  const auto rows = someRows();
+  const RowIdentifiers noted(rows, {}, {});
+  ui::Environment larger;
+  larger.textScale = 2;
+  EXPECT_TRUE(noted.areOf(rows, {}));
+  EXPECT_FALSE(noted.areOf(someRows(), {}));
+  EXPECT_FALSE(noted.areOf(rows, larger));
+}
+
+TEST(RowIdentifiers, notesDoNotKeepRowsThatAreShownNoMore) {
+  auto rows = someRows();
+  const RowIdentifiers noted(rows, {}, {});
+  const std::weak_ptr<const ui::RowSource> watched = rows;
+  rows.reset();
+  EXPECT_TRUE(watched.expired());
 }
 
 }  // namespace

@@ -1,12 +1,15 @@
-// What clients are told when something has changed.
+#include "VemraQt/accessibility/Announcements.hpp"
 
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
+#include "VemraQt/accessibility/ObjectPlaces.hpp"
 #include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
 
-#include <QAbstractScrollArea>
 #include <QScopedValueRollback>
 
 namespace vemra::qt {
@@ -20,87 +23,92 @@ constexpr std::size_t mostComparedATurn = 32;
 
 }  // namespace
 
-void AccessibleTree::patched(const std::vector<ui::Patch>& patches) {
-  if (!isWatched()) return;
+Announcements::Announcements(AccessibleTree& tree) : tree_(tree) {
+  comparing_.setInterval(0);
+  QObject::connect(&comparing_, &QTimer::timeout, &comparing_, [this] { compareSomeRows(); });
+  tree_.page().setObserver(this);
+}
+
+Announcements::~Announcements() {
+  if (notifying_) {
+    std::fputs(
+        "vemra::qt: a ViewWidget was destroyed while it notified assistive technology; "
+        "use deleteLater\n",
+        stderr);
+    std::abort();
+  }
+  tree_.page().setObserver(nullptr);
+}
+
+void Announcements::patched(const std::vector<ui::Patch>& patches) {
+  if (!tree_.isWatched()) return;
   for (const ui::Patch& patch : patches) {
-    const page::Node* node = page_.tree().find(patch.node);
+    const page::Node* node = tree_.page().tree().find(patch.node);
     if (!node) continue;  // `removing` reported it, while it was there
     if (patch.kind == ui::Patch::Kind::update && node->isLeaf()) updated_.push_back(node->id);
     if (node->parent) childrenChanged(*node->parent);
   }
 }
 
-void AccessibleTree::removing(const page::Node& node) {
-  if (node.parent && isWatched()) childrenChanged(*node.parent);
+void Announcements::removing(const page::Node& node) {
+  if (node.parent && tree_.isWatched()) childrenChanged(*node.parent);
 }
 
-void AccessibleTree::childrenChanged(const page::Node& parent) {
-  if (const ui::Node* row = rowHolding(parent.id)) changedRows_.push_back(row->id);
+void Announcements::childrenChanged(const page::Node& parent) {
+  if (const ui::Node* row = rowHolding(parent.id, tree_.page())) changedRows_.push_back(row->id);
 }
 
 /// Runs what notifies clients. What they change meanwhile is announced after it, so that they hear of
 /// all changes in their order.
 template <class Tell>
-void AccessibleTree::notify(Tell tell) {
+void Announcements::notify(Tell tell) {
   if (notifying_) return tell();
   const QScopedValueRollback<bool> notifying(notifying_, true);
   tell();
   while (std::exchange(hasNews_, false)) announceNews();
 }
 
-void AccessibleTree::settled() {
-  if (!isWatched()) return;
+void Announcements::settled() {
+  if (!tree_.isWatched()) return;
   hasNews_ = true;
   notify([] {});
 }
 
-void AccessibleTree::announceNews() {
-  refreshPage();
+void Announcements::announceNews() {
+  tree_.refresh();
   std::ranges::sort(changedRows_);
   const auto same = std::ranges::unique(changedRows_);
   changedRows_.erase(same.begin(), same.end());
   for (const NodeID changed : std::exchange(changedRows_, {})) {
-    if (AccessibleRow* row = knownRow(changed)) elementsOf(row);
+    if (AccessibleRow* row = tree_.knownRow(changed)) tree_.elementsOf(row);
   }
   tell(std::exchange(childChanges_, {}));
   std::vector<Change> changes;
   for (const NodeID updated : std::exchange(updated_, {})) {
-    ElementSlot* slot = nullptr;
-    const AccessibleElement* object = knownObject(updated, &slot);
-    if (!object) continue;
+    ElementSlot* slot = knownSlot(updated);
+    if (!slot) continue;
     compare(*slot, changes);
-    if (object->row()) compareName(*object->row(), changes);
+    if (AccessibleRow* row = slot->object->row()) compareName(*row, changes);
   }
   compareShowing(changes);
   tell(changes);
 }
 
-void AccessibleTree::rowsReplaced() {
-  if (isWatched()) comparing_.start();
+void Announcements::rowsReplaced() {
+  if (tree_.isWatched()) comparing_.start();
 }
 
-/// Of rows without nodes nobody is told by patches: those that clients know are described and held
-/// against what they have heard, a few in a turn of the event loop.
-void AccessibleTree::compareSomeRows() {
-  refreshPage();
-  std::vector<NodeID> known;
-  known.reserve(lists_.size());
-  for (const auto& [node, list] : lists_) known.push_back(node);
-  for (const NodeID list : known) refreshList(list);
+/// Rows without nodes get no patches. Those that clients know are described and compared with what
+/// they have heard, a few in a turn of the event loop.
+void Announcements::compareSomeRows() {
   // Taken out first: to describe a row that holds a list of its own may change what lists there are.
-  std::vector<QAccessible::Id> some;
-  for (auto& [node, list] : lists_) {
-    while (!list.uncompared.empty() && some.size() < mostComparedATurn) {
-      some.push_back(list.uncompared.back());
-      list.uncompared.pop_back();
-    }
-  }
+  const std::vector<QAccessible::Id> some = tree_.takeUncompared(mostComparedATurn);
   if (some.size() < mostComparedATurn) comparing_.stop();
   std::vector<Change> changes;
   for (const QAccessible::Id id : some) {
     auto* row = dynamic_cast<AccessibleRow*>(AccessibleObject::living(id));
     if (!row) continue;
-    for (ElementSlot& slot : elementsOf(row)) compare(slot, changes);
+    for (ElementSlot& slot : tree_.elementsOf(row)) compare(slot, changes);
     compareName(*row, changes);
   }
   notify([&] {
@@ -109,8 +117,8 @@ void AccessibleTree::compareSomeRows() {
   });
 }
 
-void AccessibleTree::compare(ElementSlot& slot, std::vector<Change>& changes) const {
-  const ui::Node* node = find(slot.node);
+void Announcements::compare(ElementSlot& slot, std::vector<Change>& changes) const {
+  const ui::Node* node = tree_.find(slot.node);
   if (!slot.object || !node) return;
   const ui::Element& element = node->element;
   const bool isEnabled = element.style().enabled;
@@ -124,50 +132,26 @@ void AccessibleTree::compare(ElementSlot& slot, std::vector<Change>& changes) co
                      slot.kind == ElementKind::picker ? Change::What::value : Change::What::name});
 }
 
-void AccessibleTree::compareName(AccessibleRow& row, std::vector<Change>& changes) const {
+void Announcements::compareName(AccessibleRow& row, std::vector<Change>& changes) const {
   if (row.hearName()) changes.push_back({row.id(), Change::What::name});
 }
 
-void AccessibleTree::noteShowing(AccessibleObject& object, bool isShowing) {
+void Announcements::noteShowing(AccessibleObject& object, bool isShowing) {
   using Heard = AccessibleObject::Heard;
   if (isShowing && object.showing != Heard::yes) showing_.push_back(object.id());
   object.showing = isShowing ? Heard::yes : Heard::no;
 }
 
-bool AccessibleTree::isShowing(AccessibleObject& object) {
+bool Announcements::isShowing(AccessibleObject& object) {
   auto* element = dynamic_cast<AccessibleElement*>(&object);
   // The elements of a row that is out of sight need not be asked for, and may have no nodes.
-  if (element && element->row() && !isInViewport(rectOf(*element->row()))) return false;
-  return isInViewport(object.rect());
-}
-
-/// The objects that somebody has asked for, of what is in the viewport.
-std::vector<AccessibleObject*> AccessibleTree::knownInViewport() {
-  std::vector<AccessibleObject*> objects;
-  const auto addKnown = [&](const std::vector<ElementSlot>& elements) {
-    for (const ElementSlot& slot : elements) {
-      if (slot.object) objects.push_back(slot.object);
-    }
-  };
-  addKnown(slots_);
-  std::vector<AccessibleRow*> rows;
-  for (auto& [node, list] : lists_) {
-    const page::Node* shown = page_.tree().find(node);
-    if (!shown) continue;
-    for (const page::Node& rendered : shown->children()) {
-      const auto row = list.rows.find(rendered.rowIndex);
-      if (row != list.rows.end()) rows.push_back(row->second);
-    }
-  }
-  for (AccessibleRow* row : rows) {
-    objects.push_back(row);
-    addKnown(elementsOf(row));
-  }
-  return objects;
+  if (element && element->row() && !isInViewport(tree_, rectOf(tree_, *element->row())))
+    return false;
+  return isInViewport(tree_, object.rect());
 }
 
 /// What has been heard to be showing, or not to be, and now is the other.
-void AccessibleTree::compareShowing(std::vector<Change>& changes) {
+void Announcements::compareShowing(std::vector<Change>& changes) {
   using Heard = AccessibleObject::Heard;
   std::erase_if(showing_, [&](QAccessible::Id id) {
     AccessibleObject* object = AccessibleObject::living(id);
@@ -177,7 +161,7 @@ void AccessibleTree::compareShowing(std::vector<Change>& changes) {
     changes.push_back({id, Change::What::hidden});
     return true;
   });
-  for (AccessibleObject* object : knownInViewport()) {
+  for (AccessibleObject* object : tree_.knownNearViewport()) {
     if (object->showing != Heard::no || !isShowing(*object)) continue;
     noteShowing(*object, true);
     changes.push_back({object->id(), Change::What::shown});
@@ -185,9 +169,9 @@ void AccessibleTree::compareShowing(std::vector<Change>& changes) {
 }
 
 /// A client may change anything while it handles an event: no event is sent for an element that has gone.
-void AccessibleTree::tell(const std::vector<Change>& changes) {
+void Announcements::tell(const std::vector<Change>& changes) {
   for (const auto& [id, what] : changes) {
-    refreshPage();
+    tree_.refresh();
     AccessibleObject* object = AccessibleObject::living(id);
     auto* element = dynamic_cast<AccessibleElement*>(object);
     if (!object || (element && !element->node())) continue;
@@ -208,18 +192,18 @@ void AccessibleTree::tell(const std::vector<Change>& changes) {
   }
 }
 
-void AccessibleTree::tell(const std::vector<atspi::ChildChange>& changes) {
+void Announcements::tell(const std::vector<atspi::ChildChange>& changes) {
   for (const atspi::ChildChange& change : changes) {
-    refreshPage();
+    tree_.refresh();
     tell(change);
   }
 }
 
-/// Whoever was told of what was before may have made any of them go.
-void AccessibleTree::tell(const atspi::ChildChange& change) const {
+/// A client that was notified of a change before may have made any of these objects go.
+void Announcements::tell(const atspi::ChildChange& change) const {
   using Kind = atspi::ChildChange::Kind;
   QAccessibleInterface* parent =
-      change.parent ? AccessibleObject::living(change.parent) : pageObject();
+      change.parent ? AccessibleObject::living(change.parent) : tree_.pageObject();
   if (!parent) return;
   const QAccessible::Id parentID = QAccessible::uniqueId(parent);
   atspi::ChildChange told = change;
@@ -234,21 +218,18 @@ void AccessibleTree::tell(const atspi::ChildChange& change) const {
   QAccessible::updateAccessibility(&event);
 }
 
-AccessibleElement* AccessibleTree::knownObject(NodeID node, ElementSlot** its) {
-  const ui::Node* rowNode = rowHolding(node);
-  AccessibleRow* row = rowNode ? knownRow(rowNode->id) : nullptr;
+ElementSlot* Announcements::knownSlot(NodeID node) {
+  const ui::Node* rowNode = rowHolding(node, tree_.page());
+  AccessibleRow* row = rowNode ? tree_.knownRow(rowNode->id) : nullptr;
   if (rowNode && !row) return nullptr;
-  for (ElementSlot& slot : elementsOf(row)) {
-    if (slot.node != node) continue;
-    if (its) *its = &slot;
-    return slot.object;
-  }
-  return nullptr;
+  auto& elements = tree_.elementsOf(row);
+  const auto slot = std::ranges::find(elements, node, &ElementSlot::node);
+  return slot != elements.end() && slot->object ? &*slot : nullptr;
 }
 
-void AccessibleTree::focusMoved(NodeID node) {
-  const page::Node* leaf = page_.tree().find(node);
-  AccessibleElement* object = leaf ? objectOf(*leaf) : nullptr;
+void Announcements::focusMoved(NodeID node) {
+  const page::Node* leaf = tree_.page().tree().find(node);
+  AccessibleElement* object = leaf ? tree_.objectOf(*leaf) : nullptr;
   if (!object) return;
   QAccessibleEvent event(object, QAccessible::Focus);
   notify([&] { QAccessible::updateAccessibility(&event); });

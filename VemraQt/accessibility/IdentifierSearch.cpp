@@ -1,0 +1,162 @@
+#include "VemraQt/accessibility/IdentifierSearch.hpp"
+
+#include "VemraPlatform/page/RowChanges.hpp"
+#include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/accessibility/AccessibleTree.hpp"
+#include "VemraQt/page/Page.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include <QAbstractScrollArea>
+
+namespace vemra::qt {
+
+IdentifierSearch::IdentifierSearch(AccessibleTree& tree) : tree_(tree) {
+  atspi::publishIdentifiers();
+  atspi::addIdentifierSource(*this);
+}
+
+IdentifierSearch::~IdentifierSearch() {
+  atspi::removeIdentifierSource(*this);
+}
+
+QString IdentifierSearch::identifier(QAccessible::Id id) const {
+  QAccessibleInterface* interface = QAccessible::accessibleInterface(id);
+  if (auto* object = dynamic_cast<AccessibleObject*>(interface)) {
+    return &object->tree() == &tree_ ? object->identifier() : QString();
+  }
+  const bool isPage = interface && interface->object() == &tree_.area();
+  return isPage ? tree_.area().objectName() + QStringLiteral("") : QString();
+}
+
+bool IdentifierSearch::scrollIn(QAccessible::Id id) {
+  AccessibleObject* object = AccessibleObject::living(id);
+  if (!object || &object->tree() != &tree_) return false;
+  object->scrollIn();
+  return true;
+}
+
+QList<QAccessible::Id> IdentifierSearch::find(const QString& sought, int most) {
+  if (sought.isEmpty()) return {};  // what has no identifier is not found by it
+  const std::string identifier = sought.toStdString();
+  // What was noted of other rows goes.
+  std::erase_if(noted_, [&](const auto& of) { return !notedIdentifiers(of.first); });
+  const auto found = findIn(Search::rowsNamedInIt, identifier, most);
+  return found.isEmpty() ? findIn(Search::everyRow, identifier, most) : found;
+}
+
+QList<QAccessible::Id> IdentifierSearch::findIn(Search search, const std::string& identifier,
+                                                int most) {
+  QList<QAccessible::Id> found;
+  const auto enough = [&] { return most > 0 && found.size() >= most; };
+  const std::vector<PageSegment> segments = tree_.segments();  // describing rows may change them
+  for (const PageSegment& segment : segments) {
+    if (enough()) break;
+    if (!segment.list) {
+      std::vector<ElementSlot>& elements = tree_.elementsOf(nullptr);
+      if (segment.slot >= elements.size()) break;
+      ElementSlot& slot = elements[segment.slot];
+      const ui::Node* node = tree_.find(slot.node);
+      if (node && node->element.accessibilityIdentifier() == identifier) {
+        found << tree_.object(nullptr, slot)->id();
+      }
+      continue;
+    }
+    for (const std::size_t index : rowsToSearch(segment.list, identifier, search)) {
+      if (enough()) break;
+      findInRow(segment.list, index, identifier, found);
+    }
+  }
+  return found;
+}
+
+std::vector<std::size_t> IdentifierSearch::rowsToSearch(ui::NodeID listID,
+                                                        const std::string& identifier,
+                                                        Search search) {
+  if (search == Search::everyRow) noteIdentifiers(listID);
+  const ui::Node* node = tree_.find(listID);
+  if (!node) return {};
+  const auto source = page::rowSourceOf(node->element);
+  const auto mayHold = [&](std::size_t row) {
+    bool holds = search == Search::everyRow;
+    if (!holds) {
+      tree_.page().errors().attempt(
+          [&] { holds = identifier.find(source->key(row)) != std::string::npos; });
+    }
+    return holds;
+  };
+  std::vector<std::size_t> rows;
+  if (const RowIdentifiers* noted = notedIdentifiers(listID)) {
+    rows = noted->rowsWith(identifier);
+    const std::vector<std::size_t> changed = rowsWithState(listID);
+    rows.insert(rows.end(), changed.begin(), changed.end());
+    std::ranges::sort(rows);
+    const auto repeated = std::ranges::unique(rows);
+    rows.erase(repeated.begin(), repeated.end());
+    std::erase_if(rows, [&](std::size_t row) { return !mayHold(row); });
+  } else {
+    for (std::size_t row = 0; row < node->element.rowCount(); ++row) {
+      if (mayHold(row)) rows.push_back(row);
+    }
+  }
+  return rows;
+}
+
+std::vector<std::size_t> IdentifierSearch::rowsWithState(ui::NodeID list) {
+  std::vector<std::size_t> rows;
+  tree_.page().errors().attempt([&] { rows = tree_.page().graph().rowsWithState(list); });
+  return rows;
+}
+
+const RowIdentifiers* IdentifierSearch::notedIdentifiers(ui::NodeID listID) const {
+  const auto known = noted_.find(listID);
+  const ui::Node* node = tree_.find(listID);
+  if (known == noted_.end() || !node) return nullptr;
+  const RowIdentifiers& noted = known->second;
+  return noted.areOf(page::rowSourceOf(node->element), tree_.page().graph().environment())
+             ? &noted
+             : nullptr;
+}
+
+void IdentifierSearch::noteIdentifiers(ui::NodeID listID) {
+  const ui::Node* list = tree_.find(listID);
+  if (!list || notedIdentifiers(listID)) return;
+  const auto source = page::rowSourceOf(list->element);
+  RowIdentifiers notes(source, tree_.page().graph().environment(), rowsWithState(listID));
+  const std::size_t count = list->element.rowCount();  // the list may go meanwhile
+  for (std::size_t index = 0; index < count; ++index) {
+    const ui::NodeID row = lookAtRow(listID, index, tree_.page());
+    if (!tree_.find(row)) return;  // an event is being handled, or the list is another one by now
+    for (const ElementSlot& slot : elementsUnder(row, tree_.page())) {
+      const ui::Node* element = tree_.find(slot.node);
+      if (!element) continue;
+      const auto& identifier = element->element.accessibilityIdentifier();
+      if (!identifier.empty()) notes.note(identifier, index);
+    }
+  }
+  notes.finish();
+  noted_.insert_or_assign(listID, std::move(notes));
+}
+
+void IdentifierSearch::findInRow(ui::NodeID list, std::size_t index, const std::string& identifier,
+                                 QList<QAccessible::Id>& found) {
+  // Looked at without an object first: most candidates are not the row that is sought.
+  const std::vector<ElementSlot> elements =
+      elementsUnder(lookAtRow(list, index, tree_.page()), tree_.page());
+  const bool holds = std::ranges::any_of(elements, [&](const ElementSlot& slot) {
+    const ui::Node* element = tree_.find(slot.node);
+    return element && element->element.accessibilityIdentifier() == identifier;
+  });
+  if (!holds) return;
+  AccessibleRow* row = tree_.rowAt(list, index);
+  if (!row) return;
+  for (ElementSlot& slot : tree_.elementsOf(row)) {
+    const ui::Node* element = tree_.find(slot.node);
+    if (element && element->element.accessibilityIdentifier() == identifier) {
+      found << tree_.object(row, slot)->id();
+    }
+  }
+}
+
+}  // namespace vemra::qt

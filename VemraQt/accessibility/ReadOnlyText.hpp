@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QAccessible>
+#include <QRect>
+#include <QString>
+
+namespace vemra::qt {
+
+/// What a text that can only be read has to answer of itself.
+class ReadOnlyText : public QAccessibleTextInterface {
+ public:
+  void selection(int, int* start, int* end) const override { *start = *end = 0; }
+  int selectionCount() const override { return 0; }
+  void addSelection(int, int) override {}
+  void removeSelection(int) override {}
+  void setSelection(int, int, int) override {}
+  int cursorPosition() const override { return 0; }
+  void setCursorPosition(int) override {}
+  QString text(int start, int end) const override;
+  int characterCount() const override { return static_cast<int>(wholeText().size()); }
+  QRect characterRect(int offset) const override;
+  int offsetAtPoint(const QPoint& point) const override;
+  void scrollToSubstring(int, int) override {}
+  QString attributes(int offset, int* start, int* end) const override;
+
+ protected:
+  virtual QString wholeText() const = 0;
+  virtual QRect textRect() const = 0;
+};
+
+}  // namespace vemra::qt
