@@ -11,9 +11,9 @@ void collect(const page::Node& node, std::vector<const page::Node*>& nodes) {
 
 }  // namespace
 
-void RenderedTree::apply(const std::vector<ui::Patch>& patches) {
-  patchCount_ += patches.size();
-  tree_.apply(patches);
+void RenderedTree::apply(const ui::Changes& changes) {
+  patchCount_ += changes.patches.size();
+  tree_.apply(changes);
 }
 
 std::vector<const RenderedTree::Node*> RenderedTree::nodes() const {

@@ -17,7 +17,7 @@ class RenderedTree final : public ui::Renderer {
   using Node = page::Node;
 
   ui::RowDemand rowDemand() const override { return ui::RowDemand::everything; }
-  void apply(const std::vector<ui::Patch>& patches) override;
+  void apply(const ui::Changes& changes) override;
 
   /// The root, or nullptr while nothing is shown.
   const Node* root() const { return tree_.root(); }

@@ -36,12 +36,14 @@ struct Node {
   Node* firstChild = nullptr;
   Node* lastChild = nullptr;
   std::size_t childCount = 0;
+  /// Of a row of a `ForEach`: its place among all rows; nowhere until the list's `ui::ListRows` come.
+  std::size_t rowIndex = nowhere;
+  static constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
   /// @}
 
   /// \name Rows of windowed lists @{
   std::unique_ptr<RowHeights> rows;  ///< of a `ForEach` whose rows come by range; else none
   int rowWidth = -1;                 ///< of the same: the width its rows were measured for
-  std::size_t rowIndex = 0;          ///< of a row: its place among all rows of the list
   std::uint64_t focusedAt = 0;       ///< of a row: larger the later it had the focus; 0: never
   /// @}
 

@@ -43,17 +43,12 @@ Viewport Page::viewport() const {
   return {size.width, size.height, position_};
 }
 
-void Page::apply(const std::vector<ui::Patch>& patches) {
+void Page::apply(const ui::Changes& changes) {
   // Now, because no frame is right any more once the first patch has been applied.
   if (!pass_ || !pass_->anchor) beginPass(Anchor::Reason::changed);
   ++version_;
-  attempt([&] { tree_.apply(patches); });
-  host_.patched(patches);
-  for (Node* list : tree_.lists()) {
-    for (Node& row : list->children()) {
-      if (const ui::Node* node = graph_.find(row.id)) row.rowIndex = node->rowIndex;
-    }
-  }
+  attempt([&] { tree_.apply(changes); });
+  host_.patched(changes);
   if (filling_) return;
   const During inGraph(inGraph_, true);
   settle();

@@ -39,8 +39,7 @@ class Page final : public ui::Renderer, private RowSupply {
   Page& operator=(const Page&) = delete;
 
   ui::RowDemand rowDemand() const override { return ui::RowDemand::onRequest; }
-  void apply(const std::vector<ui::Patch>& patches) override;
-  void rowsReplaced() override { host_.rowsReplaced(); }
+  void apply(const ui::Changes& changes) override;
 
   /// \name What the host reports @{
   /// The viewport has another size.

@@ -5,7 +5,6 @@
 #include "VemraPlatform/ui/Patch.hpp"
 
 #include <exception>
-#include <vector>
 
 namespace vemra::page {
 
@@ -49,9 +48,7 @@ class PageHost : public LeafMetrics {
 
   /// \name What an observer may want to know @{
   /// The tree has changed and is not laid out yet.
-  virtual void patched(const std::vector<ui::Patch>&) {}
-  /// A list has other rows. Those without nodes are in no patch.
-  virtual void rowsReplaced() {}
+  virtual void patched(const ui::Changes&) {}
   /// Everything is in its place; the focus goes on next, when its element went.
   virtual void placed() {}
   /// The page is at rest.

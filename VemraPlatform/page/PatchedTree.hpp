@@ -5,13 +5,12 @@
 #include "VemraPlatform/ui/Patch.hpp"
 
 #include <cstddef>
-#include <vector>
 
 namespace vemra::page {
 
 /// The tree that patches describe: what every renderer has to keep, kept once.
 ///
-/// It knows only patches, so that it holds what any renderer would come to. A node stays where it is
+/// It knows only what a renderer is handed, so that it holds what any renderer would come to. A node stays where it is
 /// in memory until a patch removes it.
 class PatchedTree {
  public:
@@ -19,7 +18,10 @@ class PatchedTree {
   class Observer {
    public:
     virtual void inserted(Node&) {}
-    virtual void updated(Node&, const ui::Element& /*before*/) {}
+    virtual void updated(Node&) {}
+    /// The children of a list stand at these places among its rows. Called before their `rowIndex` is
+    /// set, after all patches.
+    virtual void rowsPlaced(Node& /*list*/, const ui::ListRows&) {}
     /// A child came, went, or changed its place.
     virtual void childrenChanged(Node& /*parent*/) {}
     /// The node and everything below it go; they are still in their places.
@@ -35,9 +37,10 @@ class PatchedTree {
   PatchedTree(const PatchedTree&) = delete;
   PatchedTree& operator=(const PatchedTree&) = delete;
 
-  /// Carries the patches out in order. Throws `std::out_of_range` at one that speaks of a node that
-  /// is not there, or inserts one that is; those before it have been carried out.
-  void apply(const std::vector<ui::Patch>& patches);
+  /// Carries the patches out in order, then numbers the rows of the lists. Throws `std::out_of_range`
+  /// at a change that speaks of a node that is not there, inserts one that is, or gives a list another
+  /// number of rows than it has children; those before it have been carried out.
+  void apply(const ui::Changes& changes);
 
   /// The root, or nullptr while nothing is shown.
   Node* root() { return root_; }
@@ -50,6 +53,8 @@ class PatchedTree {
 
  private:
   Node& at(ui::NodeID id);
+  void carryOut(const ui::Patch& patch);
+  void placeRows(const ui::ListRows& rows);
   void link(Node& node, ui::NodeID parent, ui::NodeID after);
   void unlink(Node& node);
   void erase(Node& node);
@@ -58,5 +63,16 @@ class PatchedTree {
   ui::NodeTable<Node> nodes_;
   Node* root_ = nullptr;
 };
+
+/// Calls `visit` with each child of a list and its place among all rows.
+template <class Visit>
+void forEachRow(Node& list, const ui::ListRows& rows, const Visit& visit) {
+  Node* row = list.firstChild;
+  for (const ui::RowRange& range : rows.shown) {
+    for (std::size_t index = range.first; index < range.last; ++index, row = row->next) {
+      visit(*row, index);
+    }
+  }
+}
 
 }  // namespace vemra::page

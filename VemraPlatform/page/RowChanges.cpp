@@ -24,7 +24,7 @@ struct Stretch {
 };
 
 /// Where the rows of a stretch of one list stand in another one.
-std::vector<std::size_t> placesIn(const ui::RowSource& other, const ui::RowSource& list,
+std::vector<std::size_t> placesIn(const ui::RowIDs& other, const ui::RowIDs& list,
                                   const Stretch& stretch) {
   if (stretch.first == stretch.last) return {};
   return ui::locateRows(other, ui::rowIdentities(list, stretch.rows()));
@@ -32,11 +32,7 @@ std::vector<std::size_t> placesIn(const ui::RowSource& other, const ui::RowSourc
 
 }  // namespace
 
-std::shared_ptr<const ui::RowSource> rowSourceOf(const ui::Element& forEach) {
-  return std::get<ui::ForEachContent>(forEach.description().content).rows;
-}
-
-RowChanges rowChanges(const ui::RowSource& before, const ui::RowSource& after, std::size_t most) {
+RowChanges rowChanges(const ui::RowIDs& before, const ui::RowIDs& after, std::size_t most) {
   const std::size_t fewer = std::min(before.count(), after.count());
   if (std::max(before.count(), after.count()) - fewer > most) return incomplete;
   std::size_t start = 0;

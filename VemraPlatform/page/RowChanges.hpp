@@ -1,16 +1,11 @@
 #pragma once
 
-#include "VemraPlatform/ui/Element.hpp"
-#include "VemraPlatform/ui/RowSource.hpp"
+#include "VemraPlatform/ui/RowIDs.hpp"
 
 #include <cstddef>
-#include <memory>
 #include <vector>
 
 namespace vemra::page {
-
-/// The rows of a list as the view that made it gives them.
-std::shared_ptr<const ui::RowSource> rowSourceOf(const ui::Element& forEach);
 
 /// How one list of rows became another one.
 struct RowChanges {
@@ -27,7 +22,7 @@ struct RowChanges {
 /// One pass over the ids where nothing or little has changed; more, with a table of the ids between
 /// the first and the last difference, otherwise.
 ///
-/// \param most How many rows may have left and come together. Throws what `RowSource::key` throws.
-RowChanges rowChanges(const ui::RowSource& before, const ui::RowSource& after, std::size_t most);
+/// \param most How many rows may have left and come together. Throws what `RowIDs::key` throws.
+RowChanges rowChanges(const ui::RowIDs& before, const ui::RowIDs& after, std::size_t most);
 
 }  // namespace vemra::page

@@ -15,7 +15,7 @@ constexpr std::size_t mostFollowed = 256;
 
 /// Heights stay with their rows: the page gets as much longer or shorter as the rows that came and
 /// went are high.
-void follow(RowHeights& heights, const ui::RowSource& before, const ui::RowSource& after) {
+void follow(RowHeights& heights, const ui::RowIDs& before, const ui::RowIDs& after) {
   const RowChanges changes = rowChanges(before, after, mostFollowed);
   if (changes.areComplete && heights.count() == before.count()) {
     heights.follow(changes.left, changes.came);
@@ -38,8 +38,8 @@ void invalidate(Node* node) {
 
 }  // namespace
 
-void WindowedTree::apply(const std::vector<ui::Patch>& patches) {
-  tree_.apply(patches);
+void WindowedTree::apply(const ui::Changes& changes) {
+  tree_.apply(changes);
   if (error_) std::rethrow_exception(std::exchange(error_, nullptr));
 }
 
@@ -50,17 +50,29 @@ void WindowedTree::inserted(Node& node) {
   (windowed ? lists_ : wholeLists_).push_back(&node);
 }
 
-void WindowedTree::updated(Node& node, const ui::Element& before) {
-  if (node.rows) {
-    const auto after = rowSourceOf(node.element);
-    try {
-      follow(*node.rows, *rowSourceOf(before), *after);
-    } catch (...) {
-      if (!error_) error_ = std::current_exception();
-      node.rows->reset(node.element.rowCount(), node.rows->gap());
-    }
-  }
+void WindowedTree::updated(Node& node) {
   invalidate(&node);
+}
+
+/// Ids are read only where the list has another length or a row that is there has moved: a new list
+/// costs nothing as long as nothing that is seen of it has changed.
+void WindowedTree::rowsPlaced(Node& list, const ui::ListRows& rows) {
+  if (!list.rows) return;
+  auto& measured = measured_.try_emplace(list.id, rows.ids).first->second;
+  if (measured == rows.ids) return;
+  bool hasMoved = false;
+  forEachRow(list, rows, [&](const Node& row, std::size_t index) {
+    hasMoved = hasMoved || (row.rowIndex != Node::nowhere && row.rowIndex != index);
+  });
+  try {
+    if (!hasMoved && measured->count() == rows.ids->count()) return;
+    follow(*list.rows, *measured, *rows.ids);
+  } catch (...) {
+    if (!error_) error_ = std::current_exception();
+    list.rows->reset(list.element.rowCount(), list.rows->gap());
+  }
+  measured = rows.ids;
+  invalidate(&list);
 }
 
 void WindowedTree::childrenChanged(Node& parent) {
@@ -75,6 +87,7 @@ void WindowedTree::removing(Node& node) {
 void WindowedTree::forgetLists(Node& node) {
   if (node.element.kind() == ElementKind::forEach) {
     std::erase(node.rows ? lists_ : wholeLists_, &node);
+    measured_.erase(node.id);
   }
   for (Node& child : node.children()) forgetLists(child);
 }

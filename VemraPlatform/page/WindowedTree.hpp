@@ -4,6 +4,8 @@
 
 #include <exception>
 #include <functional>
+#include <memory>
+#include <unordered_map>
 #include <vector>
 
 namespace vemra::page {
@@ -22,9 +24,9 @@ class WindowedTree final : private PatchedTree::Observer {
   WindowedTree(const WindowedTree&) = delete;
   WindowedTree& operator=(const WindowedTree&) = delete;
 
-  /// Carries out the patches. Throws what reading a list's ids throws, after all patches have been
+  /// Carries out the changes. Throws what reading a list's ids throws, after all of them have been
   /// carried out.
-  void apply(const std::vector<ui::Patch>& patches);
+  void apply(const ui::Changes& changes);
 
   Node* root() { return tree_.root(); }
   const Node* root() const { return tree_.root(); }
@@ -40,13 +42,16 @@ class WindowedTree final : private PatchedTree::Observer {
 
  private:
   void inserted(Node& node) override;
-  void updated(Node& node, const ui::Element& before) override;
+  void updated(Node& node) override;
+  void rowsPlaced(Node& list, const ui::ListRows& rows) override;
   void childrenChanged(Node& parent) override;
   void removing(Node& node) override;
   void forgetLists(Node& node);
 
   std::function<void(Node&)> removing_;
   std::vector<Node*> lists_, wholeLists_;
+  /// Of each windowed list: the rows that its heights are of.
+  std::unordered_map<ui::NodeID, std::shared_ptr<const ui::RowIDs>> measured_;
   std::exception_ptr error_;
   PatchedTree tree_;
 };

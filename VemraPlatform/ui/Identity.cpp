@@ -49,7 +49,7 @@ Identity identityOf(const View& view, std::size_t slot) {
   return identity;
 }
 
-std::vector<RowIdentity> rowIdentities(const RowSource& rows,
+std::vector<RowIdentity> rowIdentities(const RowIDs& rows,
                                        const std::vector<std::size_t>& indexes) {
   if (indexes.empty()) return {};
   std::vector<RowIdentity> identities;
@@ -68,7 +68,7 @@ std::vector<RowIdentity> rowIdentities(const RowSource& rows,
   return identities;
 }
 
-std::vector<std::size_t> locateRows(const RowSource& rows,
+std::vector<std::size_t> locateRows(const RowIDs& rows,
                                     const std::vector<RowIdentity>& identities) {
   std::vector<std::size_t> places(identities.size(), absentRow);
   struct Sought {

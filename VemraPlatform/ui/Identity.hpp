@@ -1,7 +1,7 @@
 #pragma once
 
 #include "VemraPlatform/ui/Element.hpp"
-#include "VemraPlatform/ui/RowSource.hpp"
+#include "VemraPlatform/ui/RowIDs.hpp"
 
 #include <cstddef>
 #include <cstdint>
@@ -53,15 +53,13 @@ struct RowIdentity {
 };
 
 /// The identities of the rows at `indexes` (ascending), in one pass over the ids up to the last.
-std::vector<RowIdentity> rowIdentities(const RowSource& rows,
-                                       const std::vector<std::size_t>& indexes);
+std::vector<RowIdentity> rowIdentities(const RowIDs& rows, const std::vector<std::size_t>& indexes);
 
 /// Stands for the index of a row that is not in the list.
 inline constexpr std::size_t absentRow = static_cast<std::size_t>(-1);
 
 /// Where those rows stand in `rows`, or `absentRow`: one pass over the ids that ends as soon as all
 /// are found.
-std::vector<std::size_t> locateRows(const RowSource& rows,
-                                    const std::vector<RowIdentity>& identities);
+std::vector<std::size_t> locateRows(const RowIDs& rows, const std::vector<RowIdentity>& identities);
 
 }  // namespace vemra::ui

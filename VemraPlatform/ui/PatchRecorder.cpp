@@ -1,11 +1,33 @@
 #include "VemraPlatform/ui/PatchRecorder.hpp"
 
 #include "VemraPlatform/ui/FirstError.hpp"
+#include "VemraPlatform/ui/Rows.hpp"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
 namespace vemra::ui {
+
+namespace {
+
+/// Where a list's children stand among all its rows.
+std::vector<RowRange> shownRows(const Node& list) {
+  const std::size_t shown = list.children.size();
+  if (shown == 0) return {};
+  // A list that is shown whole need not be gone through.
+  if (shown == list.rows->source->count()) return {{0, shown}};
+  std::vector<RowRange> ranges;
+  for (const Node* row : list.children) {
+    if (ranges.empty() || ranges.back().last != row->rowIndex) {
+      ranges.push_back({row->rowIndex, row->rowIndex});
+    }
+    ++ranges.back().last;
+  }
+  return ranges;
+}
+
+}  // namespace
 
 Emission PatchRecorder::emissionAt(const Node& node) const {
   if (!renderer_) return Emission::silent;
@@ -19,8 +41,12 @@ void PatchRecorder::record(Patch::Kind kind, const Node& node, NodeID after, Emi
   if (emission == Emission::silent) return;
   const bool places = kind == Patch::Kind::insert || kind == Patch::Kind::move;
   const bool describes = kind == Patch::Kind::insert || kind == Patch::Kind::update;
-  patches_.push_back({kind, node.id, places && node.parent ? node.parent->id : NodeID{}, after,
-                      describes ? std::optional(node.element) : std::nullopt});
+  Patch& patch = patches_.emplace_back();
+  patch.kind = kind;
+  patch.node = node.id;
+  if (places && node.parent) patch.parent = node.parent->id;
+  patch.after = after;
+  if (describes) patch.element = node.element;
 }
 
 void PatchRecorder::recordTree(const Node& node, NodeID after) {
@@ -30,6 +56,11 @@ void PatchRecorder::recordTree(const Node& node, NodeID after) {
     recordTree(*child, previous);
     previous = child->id;
   }
+  if (node.rows) recordRows(node, Emission::recorded);
+}
+
+void PatchRecorder::recordRows(const Node& list, Emission emission) {
+  if (emission == Emission::recorded) lists_.push_back(&list);
 }
 
 bool PatchRecorder::connect(Renderer* next, const Node* root, FirstError& errors) {
@@ -37,9 +68,10 @@ bool PatchRecorder::connect(Renderer* next, const Node* root, FirstError& errors
   Renderer* const last = std::exchange(renderer_, next);
   const NodeID shown = std::exchange(shownRoot_, {});
   patches_.clear();  // what was meant for the last one
+  lists_.clear();
   if (last && shown) {
     try {
-      last->apply({{Patch::Kind::remove, shown, {}, {}, std::nullopt}});
+      last->apply({{{Patch::Kind::remove, shown, {}, {}, std::nullopt}}});
     } catch (...) {
       errors.remember();
     }
@@ -54,20 +86,29 @@ void PatchRecorder::disconnect() {
 }
 
 void PatchRecorder::flush(const Node* root, WorkCount& work) {
-  const std::vector<Patch> patches = std::exchange(patches_, {});
-  const bool rowsReplaced = std::exchange(rowsReplaced_, false);
-  if (!renderer_) return;
-  if (!patches.empty()) {
-    shownRoot_ = root ? root->id : NodeID{};
-    work.patches += patches.size();
-    renderer_->apply(patches);
-  }
-  // It may have been disconnected from inside `apply`.
-  if (rowsReplaced && renderer_) renderer_->rowsReplaced();
+  const Changes changes{std::exchange(patches_, {}), takeLists()};
+  if (!renderer_ || (changes.patches.empty() && changes.lists.empty())) return;
+  shownRoot_ = root ? root->id : NodeID{};
+  work.patches += changes.patches.size();
+  renderer_->apply(changes);
+}
+
+/// The lists as they are now, each once.
+std::vector<ListRows> PatchRecorder::takeLists() {
+  std::vector<const Node*> lists = std::exchange(lists_, {});
+  std::erase_if(lists, [](const Node* list) { return list->isGone; });
+  std::ranges::sort(lists, {}, &Node::id);
+  const auto repeated = std::ranges::unique(lists);
+  lists.erase(repeated.begin(), repeated.end());
+  std::vector<ListRows> rows;
+  rows.reserve(lists.size());
+  for (const Node* list : lists) rows.push_back({list->id, list->rows->source, shownRows(*list)});
+  return rows;
 }
 
 void PatchRecorder::abandon() {
   patches_.clear();
+  lists_.clear();
   if (shownRoot_) patches_.push_back({Patch::Kind::remove, shownRoot_, {}, {}, std::nullopt});
 }
 

@@ -16,7 +16,7 @@ class FirstError;
 /// Whether the renderer gets a patch for a change. It gets none for rows that were only looked at.
 enum class Emission { silent, recorded };
 
-/// What the renderer has to do: the patches of a pass until they are handed over.
+/// What the renderer has to do: the changes of a pass until they are handed over.
 ///
 /// Between passes this remembers the renderer, and the root that the renderer shows: a renderer that
 /// another one replaces, or whose tree is abandoned, must remove that root whatever became of it.
@@ -32,8 +32,8 @@ class PatchRecorder {
   void record(Patch::Kind kind, const Node& node, NodeID after, Emission emission);
   /// Records the insertion of a node and of all that it holds.
   void recordTree(const Node& node, NodeID after);
-  /// Records that a list has got new rows.
-  void recordNewRows() { rowsReplaced_ = true; }
+  /// Records that a list has new rows, or children that stand elsewhere among them.
+  void recordRows(const Node& list, Emission emission);
 
   /// Puts another renderer in place of the present one, which removes what it shows.
   ///
@@ -43,18 +43,20 @@ class PatchRecorder {
   /// Tells the renderer nothing more, not even that its tree is gone.
   void disconnect();
 
-  /// Hands the patches to the renderer. Throws what it throws.
+  /// Hands the changes to the renderer. Throws what it throws.
   ///
   /// - Parameter root: the root that it shows from now on, or nullptr.
   void flush(const Node* root, WorkCount& work);
-  /// Drops the patches of this pass: the renderer is to remove all that it shows.
+  /// Drops the changes of this pass: the renderer is to remove all that it shows.
   void abandon();
 
  private:
+  std::vector<ListRows> takeLists();
+
   Renderer* renderer_ = nullptr;
   NodeID shownRoot_;
   std::vector<Patch> patches_;
-  bool rowsReplaced_ = false;
+  std::vector<const Node*> lists_;  // of this pass; some may be gone or stand here twice
 };
 
 }  // namespace vemra::ui

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/ui/RowIDs.hpp"
+
 #include <concepts>
 #include <cstddef>
 #include <functional>
@@ -13,12 +15,8 @@ namespace vemra::ui {
 class View;
 
 /// The rows of a `ForEach`, each made only when something asks for it.
-class RowSource {
+class RowSource : public RowIDs {
  public:
-  virtual ~RowSource() = default;
-  virtual std::size_t count() const = 0;
-  /// The id of the row at `index`; valid as long as the source is.
-  virtual std::string_view key(std::size_t index) const = 0;
   virtual View row(std::size_t index) const = 0;
 };
 

@@ -37,7 +37,7 @@ void RowStore::reconcile(Node& forEach, Emission emission) {
   const auto before = std::exchange(
       rows.source, std::get<ForEachContent>(forEach.element.description().content).rows);
   const RowSource& after = *rows.source;
-  if (before && before != rows.source) reconciler_.patches().recordNewRows();
+  if (before != rows.source) reconciler_.patches().recordRows(forEach, emission);
   const std::size_t count = after.count();
 
   const bool inPlace = std::ranges::all_of(forEach.children, [&](const Node* row) {
@@ -73,7 +73,6 @@ void RowStore::reconcile(Node& forEach, Emission emission) {
 
   // Rows that are still in the list, each with its new description; the others go for good.
   std::vector<Place> kept;
-  bool indexesChanged = false;
   const std::vector<Node*> shown = std::exchange(forEach.children, {});
   for (std::size_t i = 0; i < shown.size(); ++i) {
     Node* row = shown[i];
@@ -83,7 +82,6 @@ void RowStore::reconcile(Node& forEach, Emission emission) {
       const std::optional<View> described = describe(forEach, places[i]);
       view = described ? *described : row->element.view();
       same = !described || sameKind(identityOf(view, 0), row->identity);
-      indexesChanged = indexesChanged || places[i] != row->rowIndex;
       kept.push_back({places[i], same ? row : nullptr, std::move(view)});
     }
     if (same) {
@@ -99,14 +97,10 @@ void RowStore::reconcile(Node& forEach, Emission emission) {
     wanted.assign(count, {});
     for (std::size_t index = 0; index < count; ++index) wanted[index].index = index;
     for (Place& place : kept) wanted[place.index] = place;
-  } else if (indexesChanged) {
-    // The rows' order may be the same while their places in the whole list are not.
-    reconciler_.patches().record(Patch::Kind::update, forEach, {}, emission);
   }
   place(forEach, std::move(wanted), emission);
   for (const Place& place : kept) {
     if (!place.node) continue;
-    place.node->rowIndex = place.index;
     place.node->rowID = after.key(place.index);
     reconciler_.update(*place.node, place.view, emission);
   }
@@ -129,8 +123,13 @@ void RowStore::place(Node& forEach, std::vector<Place> places, Emission emission
   std::vector<Node*> leaving;
   after.reserve(places.size());
   children.reserve(places.size());
+  bool rowsMoved = false;
   for (Place& place : places) {
-    if (!place.node) {
+    // The order of the rows may be the same while their places in the whole list are not.
+    rowsMoved = rowsMoved || !place.node || place.node->rowIndex != place.index;
+    if (place.node) {
+      place.node->rowIndex = place.index;
+    } else {
       auto lookedAt = std::ranges::find(rows.lookedAt, place.index, &Node::rowIndex);
       if (lookedAt != rows.lookedAt.end()) {
         place.node = *lookedAt;
@@ -169,6 +168,7 @@ void RowStore::place(Node& forEach, std::vector<Place> places, Emission emission
     }
   }
   sleep(forEach, leaving);
+  if (rowsMoved) reconciler_.patches().recordRows(forEach, emission);
 }
 
 /// The same where there are none yet, neither shown nor asleep: one row after the other, so that
@@ -183,6 +183,7 @@ void RowStore::placeFirst(Node& forEach, const std::vector<Place>& places, Emiss
     mount(row, nothingAsleep, after, emission);
     after = row.id;
   }
+  if (!places.empty()) reconciler_.patches().recordRows(forEach, emission);
 }
 
 void RowStore::show(Node& forEach, std::vector<RowRange> ranges) {

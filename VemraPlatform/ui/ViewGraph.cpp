@@ -71,6 +71,11 @@ NodeID ViewGraph::lookAtRow(NodeID id, std::size_t index) {
   return row;
 }
 
+std::shared_ptr<const RowIDs> ViewGraph::rowIDs(NodeID id) const {
+  const Node* const forEach = find(id);
+  return forEach && forEach->rows ? forEach->rows->source : nullptr;
+}
+
 std::vector<std::size_t> ViewGraph::rowsWithState(NodeID id) {
   const Node* const forEach = find(id);
   if (!forEach || !forEach->rows) return {};

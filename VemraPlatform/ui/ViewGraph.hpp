@@ -79,6 +79,10 @@ class ViewGraph final {
   /// while an event is being handled and the row is not there yet.
   NodeID lookAtRow(NodeID forEach, std::size_t index);
 
+  /// The ids of all rows of a `ForEach`, shown or not; nullptr for other nodes. Another object as soon
+  /// as the list is described anew, which may be before the renderer has the patches.
+  std::shared_ptr<const RowIDs> rowIDs(NodeID forEach) const;
+
   /// The rows of a `ForEach` that need not look as their source alone describes them: those with
   /// state in them that has left its initial value, asleep or not. By index, ascending, each once.
   /// Asks no row for its description.

@@ -1,6 +1,5 @@
 #include "VemraQt/accessibility/AccessibleTree.hpp"
 
-#include "VemraPlatform/page/RowChanges.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/accessibility/AccessiblePage.hpp"
 #include "VemraQt/page/Page.hpp"
@@ -118,7 +117,7 @@ AccessibleRow* AccessibleTree::rowAt(NodeID listID, std::size_t index) {
   const ui::Node* node = find(listID);
   if (!node || index >= node->element.rowCount()) return nullptr;
   KnownRows& list = lists_[listID];
-  list.follow(page::rowSourceOf(node->element), page_.errors(), leaving_);
+  list.follow(page_.graph().rowIDs(listID), page_.errors(), leaving_);
   if (AccessibleRow* known = list.at(index)) return known;
   std::string rowID;
   if (!page_.errors().attempt([&] { rowID = list.source()->key(index); })) return nullptr;
@@ -166,8 +165,8 @@ void AccessibleTree::refresh() {
     if (known) lists_.insert(std::move(known));
     KnownRows& rows = lists_[segment.list];
     ChildSteps& steps = ofRows[segment.list];
-    if (const ui::Node* list = find(segment.list)) {
-      steps = rows.follow(page::rowSourceOf(list->element), page_.errors(), leaving_);
+    if (const auto ids = page_.graph().rowIDs(segment.list)) {
+      steps = rows.follow(ids, page_.errors(), leaving_);
     }
   }
   for (auto& [id, list] : gone) ofRows[id] = list.leave(page_.errors(), leaving_);
@@ -177,16 +176,21 @@ void AccessibleTree::refresh() {
 void AccessibleTree::refreshList(NodeID listID) {
   refresh();
   const auto known = lists_.find(listID);
-  const ui::Node* node = find(listID);
-  if (known == lists_.end() || !node) return;
+  const auto ids = page_.graph().rowIDs(listID);
+  if (known == lists_.end() || !ids) return;
   // Another source without another version of the page: only while the graph is at work.
-  ChildSteps steps =
-      known->second.follow(page::rowSourceOf(node->element), page_.errors(), leaving_);
+  ChildSteps steps = known->second.follow(ids, page_.errors(), leaving_);
   const auto segment = std::ranges::find(segments_, listID, &PageSegment::list);
   if (segment == segments_.end()) return;
   for (ChildSteps::Left& left : steps.left) left.index += segment->first;
   for (std::size_t& index : steps.came) index += segment->first;
   note(nullptr, steps);
+}
+
+bool AccessibleTree::hasNewRows(const ui::ListRows& rows) const {
+  const auto known = lists_.find(rows.list);
+  return known != lists_.end() &&
+         (known->second.source() != rows.ids || known->second.hasUncompared());
 }
 
 std::vector<QAccessible::Id> AccessibleTree::takeUncompared(std::size_t most) {

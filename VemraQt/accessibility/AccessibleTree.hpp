@@ -78,6 +78,8 @@ class AccessibleTree final : public QObject {
   AccessibleRow* rowAt(ui::NodeID list, std::size_t index);
   /// The object of a row of the page; nullptr when no client has asked for it.
   AccessibleRow* knownRow(ui::NodeID rowNode) const;
+  /// Whether rows without nodes may be others than clients have heard.
+  bool hasNewRows(const ui::ListRows& rows) const;
   /// Some of the rows that may be others than clients have heard.
   std::vector<QAccessible::Id> takeUncompared(std::size_t most);
   /// The objects that somebody has asked for, of what is in or near the viewport.

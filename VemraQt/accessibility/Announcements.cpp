@@ -40,9 +40,12 @@ Announcements::~Announcements() {
   tree_.page().setObserver(nullptr);
 }
 
-void Announcements::patched(const std::vector<ui::Patch>& patches) {
+void Announcements::patched(const ui::Changes& changes) {
   if (!tree_.isWatched()) return;
-  for (const ui::Patch& patch : patches) {
+  for (const ui::ListRows& rows : changes.lists) {
+    if (tree_.hasNewRows(rows)) comparing_.start();
+  }
+  for (const ui::Patch& patch : changes.patches) {
     const page::Node* node = tree_.page().tree().find(patch.node);
     if (!node) continue;  // `removing` reported it, while it was there
     if (patch.kind == ui::Patch::Kind::update && node->isLeaf()) updated_.push_back(node->id);
@@ -92,10 +95,6 @@ void Announcements::announceNews() {
   }
   compareShowing(changes);
   tell(changes);
-}
-
-void Announcements::rowsReplaced() {
-  if (tree_.isWatched()) comparing_.start();
 }
 
 /// Rows without nodes get no patches. Those that clients know are described and compared with what

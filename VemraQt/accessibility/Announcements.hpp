@@ -30,9 +30,8 @@ class Announcements final : public PageObserver {
   Announcements(const Announcements&) = delete;
   Announcements& operator=(const Announcements&) = delete;
 
-  void patched(const std::vector<ui::Patch>& patches) override;
+  void patched(const ui::Changes& changes) override;
   void removing(const page::Node& node) override;
-  void rowsReplaced() override;
   void settled() override;
   void focusMoved(ui::NodeID node);
 

@@ -1,6 +1,5 @@
 #include "VemraQt/accessibility/IdentifierSearch.hpp"
 
-#include "VemraPlatform/page/RowChanges.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
 #include "VemraQt/page/Page.hpp"
@@ -77,7 +76,7 @@ std::vector<std::size_t> IdentifierSearch::rowsToSearch(ui::NodeID listID,
   if (search == Search::everyRow) noteIdentifiers(listID);
   const ui::Node* node = tree_.find(listID);
   if (!node) return {};
-  const auto source = page::rowSourceOf(node->element);
+  const auto source = tree_.page().graph().rowIDs(listID);
   const auto mayHold = [&](std::size_t row) {
     bool holds = search == Search::everyRow;
     if (!holds) {
@@ -114,7 +113,7 @@ const RowIdentifiers* IdentifierSearch::notedIdentifiers(ui::NodeID listID) cons
   const ui::Node* node = tree_.find(listID);
   if (known == noted_.end() || !node) return nullptr;
   const RowIdentifiers& noted = known->second;
-  return noted.areOf(page::rowSourceOf(node->element), tree_.page().graph().environment())
+  return noted.areOf(tree_.page().graph().rowIDs(listID), tree_.page().graph().environment())
              ? &noted
              : nullptr;
 }
@@ -122,7 +121,7 @@ const RowIdentifiers* IdentifierSearch::notedIdentifiers(ui::NodeID listID) cons
 void IdentifierSearch::noteIdentifiers(ui::NodeID listID) {
   const ui::Node* list = tree_.find(listID);
   if (!list || notedIdentifiers(listID)) return;
-  const auto source = page::rowSourceOf(list->element);
+  const auto source = tree_.page().graph().rowIDs(listID);
   RowIdentifiers notes(source, tree_.page().graph().environment(), rowsWithState(listID));
   const std::size_t count = list->element.rowCount();  // the list may go meanwhile
   for (std::size_t index = 0; index < count; ++index) {

@@ -28,7 +28,7 @@ void KnownRows::add(AccessibleRow& row) {
   rows_.emplace(row.index, &row);
 }
 
-ChildSteps KnownRows::follow(const std::shared_ptr<const ui::RowSource>& source, PageErrors& errors,
+ChildSteps KnownRows::follow(const std::shared_ptr<const ui::RowIDs>& source, PageErrors& errors,
                              LeavingObjects& leaving) {
   ChildSteps steps;
   if (source_ == source) return steps;
@@ -64,7 +64,7 @@ void KnownRows::takeUncompared(std::vector<QAccessible::Id>& rows, std::size_t m
   }
 }
 
-ChildSteps KnownRows::move(const std::shared_ptr<const ui::RowSource>& source,
+ChildSteps KnownRows::move(const std::shared_ptr<const ui::RowIDs>& source,
                            LeavingObjects& leaving) {
   ChildSteps steps;
   if (source_) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "VemraPlatform/ui/Environment.hpp"
-#include "VemraPlatform/ui/RowSource.hpp"
+#include "VemraPlatform/ui/RowIDs.hpp"
 
 #include <cstddef>
 #include <cstdint>
@@ -20,14 +20,14 @@ class RowIdentifiers {
  public:
   /// \param uncertain The rows that are different now from what their source alone makes of them,
   /// and may become so again: they are named for every identifier.
-  RowIdentifiers(std::shared_ptr<const ui::RowSource> source, ui::Environment environment,
+  RowIdentifiers(std::shared_ptr<const ui::RowIDs> source, ui::Environment environment,
                  std::vector<std::size_t> uncertain)
       : source_(std::move(source)),
         environment_(std::move(environment)),
         uncertain_(std::move(uncertain)) {}
 
   /// Whether what is noted here is true of these rows in this environment.
-  bool areOf(const std::shared_ptr<const ui::RowSource>& source,
+  bool areOf(const std::shared_ptr<const ui::RowIDs>& source,
              const ui::Environment& environment) const {
     return source_.lock() == source && environment_ == environment;
   }
@@ -46,7 +46,7 @@ class RowIdentifiers {
     friend auto operator<=>(const Note&, const Note&) = default;
   };
 
-  std::weak_ptr<const ui::RowSource> source_;  ///< not kept alive for its notes
+  std::weak_ptr<const ui::RowIDs> source_;  ///< not kept alive for its notes
   ui::Environment environment_;
   std::vector<std::size_t> uncertain_;
   std::vector<Note> notes_;  // ascending, once all is noted

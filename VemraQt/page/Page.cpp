@@ -98,12 +98,8 @@ void Page::atRest() {
   pool_.hideResting();
 }
 
-void Page::patched(const std::vector<ui::Patch>& patches) {
-  if (observer_) observer_->patched(patches);
-}
-
-void Page::rowsReplaced() {
-  if (observer_) observer_->rowsReplaced();
+void Page::patched(const ui::Changes& changes) {
+  if (observer_) observer_->patched(changes);
 }
 
 void Page::placed() {

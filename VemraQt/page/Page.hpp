@@ -91,8 +91,7 @@ class Page final : public EventSink, private page::PageHost {
   ui::NodeID focused() const override;
   void giveFocus(const page::Node& control, page::FocusReason reason) override;
   void loseFocus() override;
-  void patched(const std::vector<ui::Patch>& patches) override;
-  void rowsReplaced() override;
+  void patched(const ui::Changes& changes) override;
   void placed() override;
   void atRest() override;
   void failed(std::exception_ptr error) override;

@@ -2,8 +2,6 @@
 
 #include "VemraPlatform/ui/Patch.hpp"
 
-#include <vector>
-
 namespace vemra::page {
 struct Node;
 }  // namespace vemra::page
@@ -16,12 +14,10 @@ namespace vemra::qt {
 /// only.
 class PageObserver {
  public:
-  /// The page has carried out these patches. What they removed was handed to `removing` before.
-  virtual void patched(const std::vector<ui::Patch>& patches) = 0;
+  /// The page has carried out these changes. What they removed was handed to `removing` before.
+  virtual void patched(const ui::Changes& changes) = 0;
   /// The node and all below it go; they are still in their places.
   virtual void removing(const page::Node& node) = 0;
-  /// Rows without nodes may be others now; no patch reports them.
-  virtual void rowsReplaced() = 0;
   /// Everything is laid out, widgets are placed, and rows have scrolled in or out.
   virtual void settled() = 0;
 

@@ -16,7 +16,7 @@ namespace {
 class EveryRow final : public ui::Renderer {
  public:
   ui::RowDemand rowDemand() const override { return ui::RowDemand::everything; }
-  void apply(const std::vector<ui::Patch>& patches) override { count += patches.size(); }
+  void apply(const ui::Changes& changes) override { count += changes.patches.size(); }
   std::size_t count = 0;
 };
 

@@ -17,7 +17,7 @@ namespace {
 class NoRenderer final : public ui::Renderer {
  public:
   ui::RowDemand rowDemand() const override { return ui::RowDemand::everything; }
-  void apply(const std::vector<ui::Patch>& patches) override { count += patches.size(); }
+  void apply(const ui::Changes& changes) override { count += changes.patches.size(); }
   std::size_t count = 0;
 };
 
@@ -25,7 +25,7 @@ class NoRenderer final : public ui::Renderer {
 class FewRows final : public ui::Renderer {
  public:
   ui::RowDemand rowDemand() const override { return ui::RowDemand::onRequest; }
-  void apply(const std::vector<ui::Patch>&) override {}
+  void apply(const ui::Changes&) override {}
 };
 
 std::size_t peopleOf(const benchmark::State& state) {

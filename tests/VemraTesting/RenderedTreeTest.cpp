@@ -27,7 +27,7 @@ class RenderedTreeTest : public ::testing::Test {
  protected:
   RenderedTreeTest() {
     tree.apply(
-        {insert(1, 0, 0), insert(2, 1, 0), insert(3, 1, 2), insert(4, 1, 3), insert(5, 3, 0)});
+        {{insert(1, 0, 0), insert(2, 1, 0), insert(3, 1, 2), insert(4, 1, 3), insert(5, 3, 0)}});
   }
   RenderedTree tree;
 };
@@ -35,15 +35,15 @@ class RenderedTreeTest : public ::testing::Test {
 }  // namespace
 
 TEST_F(RenderedTreeTest, KeepsTheTreeAndCountsThePatches) {
-  tree.apply({insert(6, 1, 4), removal(2), insert(7, 1, 0), move(4, 1, 7)});
+  tree.apply({{insert(6, 1, 4), removal(2), insert(7, 1, 0), move(4, 1, 7)}});
   EXPECT_EQ(order(tree), "174356");
   EXPECT_EQ(tree.patchCount(), 9U);
-  tree.apply({removal(1)});
+  tree.apply({{removal(1)}});
   EXPECT_TRUE(tree.nodes().empty());
 }
 
 TEST_F(RenderedTreeTest, APatchThatSpeaksOfNothingThrows) {
-  EXPECT_THROW(tree.apply({removal(99)}), std::out_of_range);
+  EXPECT_THROW(tree.apply({{removal(99)}}), std::out_of_range);
 }
 
 }  // namespace vemra::testing

@@ -21,7 +21,7 @@ constexpr std::size_t rowCount = 100;
 class Nowhere final : public ui::Renderer {
  public:
   ui::RowDemand rowDemand() const override { return ui::RowDemand::onRequest; }
-  void apply(const std::vector<ui::Patch>&) override {}
+  void apply(const ui::Changes&) override {}
 };
 
 /// People whose texts are too long to be held without an allocation, and callbacks likewise.

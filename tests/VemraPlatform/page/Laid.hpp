@@ -63,12 +63,7 @@ class Laid final : public ui::Renderer {
   Laid& operator=(const Laid&) = delete;
 
   ui::RowDemand rowDemand() const override { return ui::RowDemand::onRequest; }
-  void apply(const std::vector<ui::Patch>& patches) override {
-    tree.apply(patches);
-    for (Node* each : tree.lists()) {
-      for (Node& row : each->children()) row.rowIndex = graph.find(row.id)->rowIndex;
-    }
-  }
+  void apply(const ui::Changes& changes) override { tree.apply(changes); }
 
   void show(const ui::View& root) {
     graph.setRoot(root);

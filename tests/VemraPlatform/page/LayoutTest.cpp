@@ -135,7 +135,7 @@ TEST(Layout, OnlyWhatChangedIsMeasuredAgain) {
   struct Holder final : Renderer {
     page::WindowedTree tree{[](page::Node&) {}};
     RowDemand rowDemand() const override { return RowDemand::everything; }
-    void apply(const std::vector<Patch>& patches) override { tree.apply(patches); }
+    void apply(const Changes& changes) override { tree.apply(changes); }
   } holder;
   ViewGraph graph;
   graph.attach(holder);

@@ -6,9 +6,6 @@
 
 namespace vemra::ui {
 
-inline bool operator==(const RowRange& a, const RowRange& b) {
-  return a.first == b.first && a.last == b.last;
-}
 inline void PrintTo(const RowRange& range, std::ostream* out) {
   *out << range.first << " to " << range.last;
 }

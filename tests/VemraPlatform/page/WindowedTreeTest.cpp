@@ -51,7 +51,7 @@ TEST(WindowedTree, RemovingReportsTheNodeWhileEverythingBelowIsInItsPlace) {
   struct Window final : ui::Renderer {
     explicit Window(WindowedTree& newTree) : tree(newTree) {}
     ui::RowDemand rowDemand() const override { return ui::RowDemand::everything; }
-    void apply(const std::vector<ui::Patch>& patches) override { tree.apply(patches); }
+    void apply(const ui::Changes& changes) override { tree.apply(changes); }
     WindowedTree& tree;
   } window(tree);
   ui::ViewGraph graph;
@@ -95,42 +95,44 @@ TEST(WindowedTree, HeightsAreEstimatedAgainWhenRowsChangePlaces) {
 TEST(WindowedTree, IdsThatCannotBeReadThrowAfterAllPatchesAreCarriedOut) {
   struct Broken {
     const std::string* ids;
-    bool* isBroken;
-    std::size_t size() const { return 3; }
+    std::size_t count;
+    std::size_t size() const { return count; }
     const std::string& operator[](std::size_t index) const { return ids[index]; }
   };
-  static const std::string ids[] = {"a", "b", "c"};
+  static const std::string ids[] = {"a", "b", "c", "d"};
   static bool isBroken = false;
-  const auto view = [](const char* head) {
-    return column({ui::ForEach(
-                       Broken{ids, &isBroken},
-                       [](const std::string& id) -> const std::string& {
-                         if (isBroken) throw std::runtime_error("no id");
-                         return id;
-                       },
-                       [](const std::string& id) -> View { return text(id); }),
-                   text(head)});
+  const auto listOf = [](std::size_t count) {
+    return View(ui::ForEach(
+        Broken{ids, count},
+        [](const std::string& id) -> const std::string& {
+          if (isBroken) throw std::runtime_error("no id");
+          return id;
+        },
+        [](const std::string& id) -> View { return text(id); }));
   };
   WindowedTree tree([](Node&) {});
-  const ui::Element before(view("x"), {}, {});
   const auto patch = [](ui::Patch::Kind kind, std::uint64_t node, std::uint64_t parent,
                         std::uint64_t after, View shown) {
     return ui::Patch{kind, ui::NodeID{node}, ui::NodeID{parent}, ui::NodeID{after},
                      ui::Element(std::move(shown), {}, {})};
   };
-  const auto listOf = [&] {
-    return View(std::get<ui::VStackContent>(view("x").description().content).children.at(0));
+  const auto rowsOf = [](const View& list) {
+    const auto& rows = std::get<ui::ForEachContent>(list.description().content).rows;
+    return ui::ListRows{ui::NodeID{2}, rows, {}};
   };
   using Kind = ui::Patch::Kind;
-  tree.apply({patch(Kind::insert, 1, 0, 0, view("x")), patch(Kind::insert, 2, 1, 0, listOf()),
-              patch(Kind::insert, 3, 1, 2, text("x"))});
+  const View before = listOf(3), after = listOf(4);
+  tree.apply({{patch(Kind::insert, 1, 0, 0, column({})), patch(Kind::insert, 2, 1, 0, before),
+               patch(Kind::insert, 3, 1, 2, text("x"))},
+              {rowsOf(before)}});
   isBroken = true;
   EXPECT_THROW(
-      tree.apply({patch(Kind::update, 2, 0, 0, listOf()), patch(Kind::update, 3, 0, 0, text("y"))}),
+      tree.apply({{patch(Kind::update, 2, 0, 0, after), patch(Kind::update, 3, 0, 0, text("y"))},
+                  {rowsOf(after)}}),
       std::runtime_error);
   isBroken = false;
   EXPECT_EQ(tree.find(ui::NodeID{3})->element.shownLabel(), "y");
-  EXPECT_EQ(tree.lists().at(0)->rows->count(), 3u);
+  EXPECT_EQ(tree.lists().at(0)->rows->count(), 4u);
 }
 
 TEST(WindowedTree, AChangeForgetsTheMeasuresOfEverythingAround) {

@@ -62,7 +62,7 @@ std::size_t readAll(const ViewGraph& graph, const Node* node) {
 class Nowhere final : public Renderer {
  public:
   RowDemand rowDemand() const override { return RowDemand::onRequest; }
-  void apply(const std::vector<Patch>&) override {}
+  void apply(const Changes&) override {}
 };
 
 class FarewellTest : public ::testing::Test {

@@ -20,7 +20,7 @@ namespace {
 class Acting final : public Renderer {
  public:
   RowDemand rowDemand() const override { return RowDemand::everything; }
-  void apply(const std::vector<Patch>&) override {
+  void apply(const Changes&) override {
     if (act) act();
   }
   std::function<void()> act;

@@ -201,14 +201,19 @@ TEST(RendererTest, OneThatLeavesFromInsideApplyLeavesTheNextInPlace) {
   graph.detach();
 }
 
-TEST(RendererTest, OneDetachedFromInsideApplyHearsNothingOfNewRowsEither) {
+TEST(RendererTest, OneThatComesLateGetsTheRowsOfTheListsThatAreThere) {
   ViewGraph graph;
-  Window window;
-  graph.attach(window);
-  graph.setRoot(list(numbered(5)));
-  window.onApply = [&](const std::vector<Patch>&) { graph.detach(window); };
-  graph.setRoot(list(numbered(6)));
-  EXPECT_EQ(window.timesReplaced, 0);
+  Window first, next;
+  graph.attach(first);
+  graph.setRoot(Group({list(numbered(9))}));
+  const NodeID rows = graph.root()->children.front()->id;
+  graph.showRows(rows, {{1, 3}, {5, 6}});
+  const auto ids = first.lists.back().ids;
+  graph.attach(next);
+  ASSERT_EQ(next.lists.size(), 1U);
+  EXPECT_EQ(next.lists[0].list, rows);
+  EXPECT_EQ(next.lists[0].ids, ids);
+  EXPECT_EQ(next.lists[0].shown, (std::vector<RowRange>{{1, 3}, {5, 6}}));
 }
 
 TEST(RendererTest, AnEmptyScreenIsNoPatch) {

@@ -92,18 +92,72 @@ TEST_F(RowsTest, APickersRowsAreThereWithThePicker) {
   EXPECT_EQ(shown().size(), 4U);
 }
 
-TEST_F(RowsTest, ARendererIsToldOnceWhenListsGetNewRows) {
+TEST_F(RowsTest, ARendererGetsTheIdsOfEveryNewListOnce) {
   show(numbered(5));
-  EXPECT_EQ(window.timesReplaced, 0) << "the first rows replace none";
+  ASSERT_EQ(window.lists.size(), 1U);
+  EXPECT_EQ(window.lists[0].list, forEach().id);
+  EXPECT_EQ(window.lists[0].ids->count(), 5U);
+  EXPECT_EQ(window.lists[0].ids->key(4), "row4");
+  EXPECT_TRUE(window.takeLists()[0].shown.empty());
   const View screen = Group({list(numbered(5)), list(numbered(2))});
   graph.setRoot(screen);
-  EXPECT_EQ(window.timesReplaced, 0) << "these are other lists";
+  EXPECT_EQ(window.takeLists().size(), 2U) << "these are other lists";
   graph.setRoot(screen);
-  EXPECT_EQ(window.timesReplaced, 0) << "these are the same rows";
+  EXPECT_EQ(window.lists.size(), 0U) << "these are the same rows";
+  window.take();
   graph.setRoot(Group({list(numbered(5)), list(numbered(2))}));
-  EXPECT_EQ(window.timesReplaced, 1) << "rows that nobody has described may differ";
-  graph.showRows(forEach().id, {{0, 2}});
-  EXPECT_EQ(window.timesReplaced, 1);
+  EXPECT_EQ(window.lists.size(), 2U) << "rows that nobody has described may differ";
+  EXPECT_TRUE(window.take().empty()) << "nothing that is shown has changed";
+}
+
+TEST_F(RowsTest, ARendererGetsThePlacesOfTheShownRowsWhenOneIsNewOrHasMoved) {
+  using Ranges = std::vector<RowRange>;
+  show(numbered(9));
+  const auto ids = window.takeLists()[0].ids;
+  graph.showRows(forEach().id, {{6, 8}, {1, 3}, {3, 4}});
+  EXPECT_EQ(window.lists.size(), 1U);
+  EXPECT_EQ(window.lists[0].ids, ids) << "the rows are the same";
+  EXPECT_EQ(window.takeLists()[0].shown, (Ranges{{1, 4}, {6, 8}}));
+  showRows(1, 3);
+  EXPECT_TRUE(window.lists.empty()) << "rows that go take their places with them";
+  std::vector<Line> lines = numbered(9);
+  lines.insert(lines.begin(), {"new"});
+  show(lines);
+  ASSERT_EQ(window.lists.size(), 1U);
+  EXPECT_EQ(window.takeLists()[0].shown, (Ranges{{2, 4}}));
+  std::swap(lines[2], lines[3]);
+  show(lines);
+  EXPECT_EQ(window.takeLists().size(), 1U) << "in the same places, but in another order";
+  EXPECT_EQ(difference(graph, window.tree), "");
+}
+
+TEST_F(RowsTest, ARendererGetsTheRowsOfAListOnlyAsTheyAreAfterThePatches) {
+  window.onApply = [&](const std::vector<Patch>& patches) {
+    for (const Patch& patch : patches) {
+      if (patch.kind != Kind::insert || patch.element->kind() != ElementKind::forEach) continue;
+      graph.showRows(patch.node, {{0, 2}});
+      graph.showRows(patch.node, {{3, 5}});
+      graph.setRoot(Group({list(numbered(7))}));
+    }
+  };
+  graph.setRoot(Group({list(numbered(5))}));
+  ASSERT_EQ(window.lists.size(), 2U) << "one of each pass";
+  EXPECT_EQ(window.lists[1].ids->count(), 7U);
+  EXPECT_EQ(window.lists[1].shown, (std::vector<RowRange>{{3, 5}}));
+}
+
+TEST_F(RowsTest, RowsThatAreOnlyLookedAtAreNotHandedOut) {
+  const auto row = [](const Line&) { return list(numbered(2)); };
+  show(numbered(5), row);
+  window.takeLists();
+  graph.lookAtRow(forEach().id, 3);
+  EXPECT_TRUE(window.lists.empty());
+  EXPECT_EQ(graph.rowIDs(forEach().id)->count(), 5U);
+  EXPECT_EQ(graph.rowIDs(graph.root()->id)->count(), 5U);
+  EXPECT_EQ(graph.rowIDs(NodeID{}), nullptr);
+  showRows(3, 4);
+  ASSERT_EQ(window.lists.size(), 2U) << "now the list and the one in its row";
+  EXPECT_EQ(window.lists[1].list, forEach().children[0]->id);
 }
 
 TEST_F(RowsTest, RequestsFromInsideApplyAreServedAfterIt) {
@@ -163,10 +217,8 @@ TEST_F(RowsTest, AChangeAboveTheWindowMovesTheIndexesAndIsTold) {
   show(lines);
   EXPECT_EQ(graph.find(ten)->rowIndex, 9U);
   EXPECT_EQ(forEach().children[1]->rowIndex, 10U);
-  const auto patches = window.take();
-  ASSERT_EQ(patches.size(), 1U);
-  EXPECT_EQ(patches[0].kind, Kind::update);
-  EXPECT_EQ(patches[0].node, forEach().id);
+  EXPECT_TRUE(window.take().empty()) << "the list looks the same";
+  EXPECT_EQ(window.lists.back().shown, (std::vector<RowRange>{{9, 11}}));
 }
 
 TEST_F(RowsTest, OneRowAmongOthersThatStayIsToldToo) {
@@ -174,10 +226,8 @@ TEST_F(RowsTest, OneRowAmongOthersThatStayIsToldToo) {
   graph.showRows(forEach().id, {{0, 1}, {2, 3}});
   window.take();
   show({{"b"}, {"a"}, {"c"}});
-  const auto patches = window.take();
-  ASSERT_EQ(patches.size(), 1U);
-  EXPECT_EQ(patches[0].kind, Kind::update);
-  EXPECT_EQ(patches[0].node, forEach().id);
+  EXPECT_TRUE(window.take().empty()) << "the list looks the same";
+  EXPECT_EQ(window.lists.back().shown, (std::vector<RowRange>{{1, 3}}));
 }
 
 TEST_F(RowsTest, AChangeInsideTheWindowReordersTheRowsThatAreThere) {

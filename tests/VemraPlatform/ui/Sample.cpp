@@ -14,6 +14,7 @@ std::string differenceAt(const Node& node, const testing::RenderedTree& tree, st
     return who + ": other parent";
   }
   if (!(shown->element == node.element)) return who + ": other element";
+  if (node.isRow && shown->rowIndex != node.rowIndex) return who + ": other place in its list";
   if (shown->childCount != node.children.size()) return who + ": other count of children";
   const page::Node* shownChild = shown->firstChild;
   for (const Node* child : node.children) {

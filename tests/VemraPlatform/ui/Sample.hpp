@@ -72,18 +72,19 @@ inline std::vector<Line> numbered(std::size_t count) {
 class Window final : public Renderer {
  public:
   RowDemand rowDemand() const override { return RowDemand::onRequest; }
-  void apply(const std::vector<Patch>& patches) override {
-    tree.apply(patches);
-    log.insert(log.end(), patches.begin(), patches.end());
-    if (onApply) onApply(patches);
+  void apply(const Changes& changes) override {
+    tree.apply(changes);
+    log.insert(log.end(), changes.patches.begin(), changes.patches.end());
+    lists.insert(lists.end(), changes.lists.begin(), changes.lists.end());
+    if (onApply) onApply(changes.patches);
   }
-  void rowsReplaced() override { ++timesReplaced; }
   /// What has arrived since the last call.
   std::vector<Patch> take() { return std::exchange(log, {}); }
+  std::vector<ListRows> takeLists() { return std::exchange(lists, {}); }
 
   testing::RenderedTree tree;
   std::vector<Patch> log;
-  int timesReplaced = 0;
+  std::vector<ListRows> lists;
   std::function<void(const std::vector<Patch>&)> onApply;
 };
 
