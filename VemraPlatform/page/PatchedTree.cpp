@@ -9,39 +9,37 @@ using ui::NodeID;
 using ui::Patch;
 
 void PatchedTree::apply(const ui::Changes& changes) {
-  for (const Patch& patch : changes.patches) carryOut(patch);
-  for (const ui::ListRows& rows : changes.lists) placeRows(rows);
-}
-
-void PatchedTree::carryOut(const Patch& patch) {
-  switch (patch.kind) {
-    case Patch::Kind::insert: {
-      if (find(patch.node)) throw std::out_of_range("a node was inserted twice");
-      Node& node = nodes_.insert(patch.node, Node(patch.node, *patch.element));
-      link(node, patch.parent, patch.after);
-      if (observer_) observer_->inserted(node);
-      break;
-    }
-    case Patch::Kind::move: {
-      Node& node = at(patch.node);
-      unlink(node);
-      link(node, patch.parent, patch.after);
-      break;
-    }
-    case Patch::Kind::update: {
-      Node& node = at(patch.node);
-      node.element = *patch.element;
-      if (observer_) observer_->updated(node);
-      break;
-    }
-    case Patch::Kind::remove: {
-      Node& node = at(patch.node);
-      if (observer_) observer_->removing(node);
-      unlink(node);
-      erase(node);
-      break;
+  for (const Patch& patch : changes.patches) {
+    switch (patch.kind) {
+      case Patch::Kind::insert: {
+        if (find(patch.node)) throw std::out_of_range("a node was inserted twice");
+        Node& node = nodes_.insert(patch.node, Node(patch.node, *patch.element));
+        link(node, patch.parent, patch.after);
+        if (observer_) observer_->inserted(node);
+        break;
+      }
+      case Patch::Kind::move: {
+        Node& node = at(patch.node);
+        unlink(node);
+        link(node, patch.parent, patch.after);
+        break;
+      }
+      case Patch::Kind::update: {
+        Node& node = at(patch.node);
+        node.element = *patch.element;
+        if (observer_) observer_->updated(node);
+        break;
+      }
+      case Patch::Kind::remove: {
+        Node& node = at(patch.node);
+        if (observer_) observer_->removing(node);
+        unlink(node);
+        erase(node);
+        break;
+      }
     }
   }
+  for (const ui::ListRows& rows : changes.lists) placeRows(rows);
 }
 
 void PatchedTree::placeRows(const ui::ListRows& rows) {

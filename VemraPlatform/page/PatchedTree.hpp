@@ -53,7 +53,6 @@ class PatchedTree {
 
  private:
   Node& at(ui::NodeID id);
-  void carryOut(const ui::Patch& patch);
   void placeRows(const ui::ListRows& rows);
   void link(Node& node, ui::NodeID parent, ui::NodeID after);
   void unlink(Node& node);

@@ -10,8 +10,8 @@
 #include <vector>
 
 /// \file
-/// What a view says, for those who walk it: the view graph and what shows it. Who writes a screen
-/// needs View.hpp only.
+/// What a view says, for the view graph. A screen is written with View.hpp only, and a renderer reads
+/// elements.
 
 namespace vemra::ui {
 

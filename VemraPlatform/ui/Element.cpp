@@ -125,6 +125,11 @@ VerticalAlignment Element::verticalAlignment() const {
   return stack ? stack->alignment : VerticalAlignment::center;
 }
 
+Axis Element::scrollAxis() const {
+  auto* scroll = std::get_if<ScrollViewContent>(&description().content);
+  return scroll ? scroll->axis : Axis::vertical;
+}
+
 ScrollIndicators Element::scrollIndicators() const {
   auto* scroll = std::get_if<ScrollViewContent>(&description().content);
   return scroll ? scroll->indicators : ScrollIndicators::hidden;

@@ -44,7 +44,7 @@ struct Insets {
   friend bool operator==(const Insets&, const Insets&) = default;
 };
 
-/// One element as a renderer sees it: a comparable value without handlers.
+/// One element as a renderer sees it: a comparable value that gives no way to handlers or to the view.
 ///
 /// It shares the view's description, so that making and copying one is cheap. Two elements are
 /// equal when nothing that can be seen or heard of them differs.
@@ -70,7 +70,8 @@ class Element {
   int spacing() const;
   HorizontalAlignment horizontalAlignment() const;  ///< of a VStack's children
   VerticalAlignment verticalAlignment() const;      ///< of an HStack's children
-  ScrollIndicators scrollIndicators() const;
+  Axis scrollAxis() const;                          ///< of a ScrollView
+  ScrollIndicators scrollIndicators() const;        ///< of a ScrollView
   /// How many rows a ForEach has, described or not; 0 for other kinds.
   std::size_t rowCount() const { return rowCount_; }
   /// The composite's name for developers; "" for other kinds.
@@ -83,12 +84,13 @@ class Element {
   Insets padding() const;
   const Tag* tag() const;
 
-  const View& view() const { return view_; }
-  const Description& description() const { return view_.description(); }
-
   friend bool operator==(const Element& a, const Element& b);
 
  private:
+  friend struct BehindElement;
+
+  const Description& description() const { return view_.description(); }
+
   /// What the description does not say by itself. Few elements have any of it.
   struct Found;
 

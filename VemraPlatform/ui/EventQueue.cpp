@@ -1,5 +1,6 @@
 #include "VemraPlatform/ui/EventQueue.hpp"
 
+#include "VemraPlatform/ui/BehindElement.hpp"
 #include "VemraPlatform/ui/ProgrammerError.hpp"
 #include "VemraPlatform/ui/Reconciler.hpp"
 
@@ -16,7 +17,7 @@ Delivery actOn(const Node* node, const Event& event) {
   if (!node) return Delivery::gone;
   if (!node->element.style().enabled) return Delivery::disabled;
   // Held: the action may make the description go that holds its handler.
-  const View held = node->element.view();
+  const View held = BehindElement::view(node->element);
   const Content& content = held.description().content;
   if (auto* button = std::get_if<ButtonContent>(&content)) {
     if (!std::holds_alternative<Press>(event)) return Delivery::refused;

@@ -17,7 +17,7 @@ namespace vemra::ui {
 /// it. `remove` takes the whole subtree; an inserted subtree arrives node by node, parents first.
 struct Patch {
   enum class Kind { insert, move, update, remove };
-  Kind kind = Kind::insert;
+  Kind kind;
   NodeID node;
   NodeID parent;                   ///< of insert and move; none for the root
   NodeID after;                    ///< of insert and move; none: first among its siblings

@@ -41,12 +41,8 @@ void PatchRecorder::record(Patch::Kind kind, const Node& node, NodeID after, Emi
   if (emission == Emission::silent) return;
   const bool places = kind == Patch::Kind::insert || kind == Patch::Kind::move;
   const bool describes = kind == Patch::Kind::insert || kind == Patch::Kind::update;
-  Patch& patch = patches_.emplace_back();
-  patch.kind = kind;
-  patch.node = node.id;
-  if (places && node.parent) patch.parent = node.parent->id;
-  patch.after = after;
-  if (describes) patch.element = node.element;
+  patches_.push_back({kind, node.id, places && node.parent ? node.parent->id : NodeID{}, after,
+                      describes ? std::optional(node.element) : std::nullopt});
 }
 
 void PatchRecorder::recordTree(const Node& node, NodeID after) {

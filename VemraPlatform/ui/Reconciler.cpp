@@ -1,5 +1,6 @@
 #include "VemraPlatform/ui/Reconciler.hpp"
 
+#include "VemraPlatform/ui/BehindElement.hpp"
 #include "VemraPlatform/ui/ListDiff.hpp"
 #include "VemraPlatform/ui/Rows.hpp"
 
@@ -115,7 +116,8 @@ Node& Reconciler::allocate(Node* parent, const View& view, Identity identity) {
 }
 
 void Reconciler::mount(Node& node, NodeID after, Emission emission) {
-  if (auto* composite = std::get_if<CompositeContent>(&node.element.description().content)) {
+  if (auto* composite =
+          std::get_if<CompositeContent>(&BehindElement::description(node.element).content)) {
     rows_.waking().restore(node);
     if (!node.state) node.state = composite->composite->makeState();
     if (node.state) node.state->attach(states_, node.id.value);
@@ -145,14 +147,15 @@ void Reconciler::reconcileContent(Node& node, Emission emission) {
       rows_.reconcile(node, emission);
       break;
     default:
-      if (auto* children = childrenOf(node.element.description().content)) {
+      if (auto* children = childrenOf(BehindElement::description(node.element).content)) {
         reconcileChildren(node, *children, emission);
       }
   }
 }
 
 void Reconciler::describeComposite(Node& node, Emission emission) {
-  const auto composite = std::get<CompositeContent>(node.element.description().content).composite;
+  const auto composite =
+      std::get<CompositeContent>(BehindElement::description(node.element).content).composite;
   node.describedInPass = pass_;
   ++work_.bodies;
   const std::optional<View> body =

@@ -1,6 +1,7 @@
 #include "VemraPlatform/ui/RowStore.hpp"
 
 #include "VemraPlatform/text/Equality.hpp"
+#include "VemraPlatform/ui/BehindElement.hpp"
 #include "VemraPlatform/ui/ListDiff.hpp"
 #include "VemraPlatform/ui/Reconciler.hpp"
 
@@ -35,7 +36,8 @@ void RowStore::reconcile(Node& forEach, Emission emission) {
   sleep(forEach, std::exchange(forEach.rows->lookedAt, {}));
   Rows& rows = *forEach.rows;
   const auto before = std::exchange(
-      rows.source, std::get<ForEachContent>(forEach.element.description().content).rows);
+      rows.source,
+      std::get<ForEachContent>(BehindElement::description(forEach.element).content).rows);
   const RowSource& after = *rows.source;
   if (before != rows.source) reconciler_.patches().recordRows(forEach, emission);
   const std::size_t count = after.count();
@@ -80,7 +82,7 @@ void RowStore::reconcile(Node& forEach, Emission emission) {
     bool same = false;
     if (places[i] != absentRow) {
       const std::optional<View> described = describe(forEach, places[i]);
-      view = described ? *described : row->element.view();
+      view = described ? *described : BehindElement::view(row->element);
       same = !described || sameKind(identityOf(view, 0), row->identity);
       kept.push_back({places[i], same ? row : nullptr, std::move(view)});
     }

@@ -1,5 +1,6 @@
 #include "VemraPlatform/ui/ViewGraph.hpp"
 
+#include "VemraPlatform/ui/BehindElement.hpp"
 #include "VemraPlatform/ui/EventQueue.hpp"
 #include "VemraPlatform/ui/ProgrammerError.hpp"
 #include "VemraPlatform/ui/Reconciler.hpp"
@@ -93,7 +94,8 @@ const Node* ViewGraph::root() const {
 Properties ViewGraph::properties(NodeID id) const {
   const Node* const node = find(id);
   if (!node) return {};
-  auto* composite = std::get_if<CompositeContent>(&node->element.description().content);
+  auto* composite =
+      std::get_if<CompositeContent>(&BehindElement::description(node->element).content);
   return composite ? composite->composite->properties(node->state.get()) : Properties{};
 }
 

@@ -56,8 +56,7 @@ TEST_F(WholeScreen, scrollsVerticallyWithItsIndicatorsShown) {
   const Screen screen(viewOf(ordinaryResult(), calls_));
   const auto& scrollView = *nodesOf(screen, ui::ElementKind::scrollView).at(0);
   EXPECT_EQ(scrollView.element.scrollIndicators(), ui::ScrollIndicators::shown);
-  const auto& content = std::get<ui::ScrollViewContent>(scrollView.element.description().content);
-  EXPECT_EQ(content.axis, ui::Axis::vertical);
+  EXPECT_EQ(scrollView.element.scrollAxis(), ui::Axis::vertical);
   EXPECT_TRUE(scrollView.element.modifiers().empty());
 }
 

@@ -3,7 +3,7 @@
 #include "VemraGoalSurface/GoalOutcomeRecordingControl.hpp"
 #include "tests/VemraGoalSurface/PrivateMembers.hpp"
 #include "tests/VemraGoalSurface/SampleScreen.hpp"
-#include "tests/VemraGoalSurface/Shape.hpp"
+#include "tests/VemraPlatform/ui/Sample.hpp"
 
 #include <memory>
 #include <thread>
@@ -35,10 +35,9 @@ class MainActorDeathTest : public ::testing::Test {
 
   GoalResultView view() { return viewOf(result_, calls_); }
 
-  /// Runs a button's action on a thread of its own.
-  static void pressElsewhere(const Screen& screen, const testing::Query& query) {
-    const ui::View held = screen.get(query).element.view();
-    onAnotherThread([&] { std::get<ui::ButtonContent>(held.description().content).action(); });
+  /// Presses a button on a thread of its own.
+  static void pressElsewhere(Screen& screen, const testing::Query& query) {
+    onAnotherThread([&] { screen.press(query); });
   }
 
   static Control control() {
@@ -71,10 +70,10 @@ TEST_F(MainActorDeathTest, personRow) {
 }
 
 TEST_F(MainActorDeathTest, rowsThatARendererAsksFor) {
-  const Screen screen(view());
-  const ui::View held = nodesOf(screen, ui::ElementKind::forEach).at(0)->element.view();
-  const auto rows = std::get<ui::ForEachContent>(held.description().content).rows;
-  EXPECT_DEATH(onAnotherThread([&] { rows->row(0); }),
+  ui::ViewGraph graph;
+  graph.setRoot(view());
+  const ui::NodeID list = ui::sample::firstOf(graph.root(), ui::ElementKind::forEach)->id;
+  EXPECT_DEATH(onAnotherThread([&] { graph.lookAtRow(list, 0); }),
                offTheMainThread("GoalResultView.personRow"));
 }
 
@@ -94,19 +93,19 @@ TEST_F(MainActorDeathTest, coverageText) {
 }
 
 TEST_F(MainActorDeathTest, openingAPerson) {
-  const Screen screen(view());
+  Screen screen(view());
   EXPECT_DEATH(pressElsewhere(screen, testing::button("Ada")),
                offTheMainThread("GoalResultView.openPerson"));
 }
 
 TEST_F(MainActorDeathTest, showingASource) {
-  const Screen screen(view());
+  Screen screen(view());
   EXPECT_DEATH(pressElsewhere(screen, testing::button("Show source")),
                offTheMainThread("GoalResultView.showSource"));
 }
 
 TEST_F(MainActorDeathTest, seeingThePathInStarfold) {
-  const Screen screen(view());
+  Screen screen(view());
   EXPECT_DEATH(pressElsewhere(screen, testing::button("See in Starfold")),
                offTheMainThread("GoalResultView.seeInStarfold"));
 }
@@ -134,13 +133,13 @@ TEST_F(MainActorDeathTest, save) {
 }
 
 TEST_F(MainActorDeathTest, recordOutcomeButton) {
-  const Screen screen(view());
+  Screen screen(view());
   EXPECT_DEATH(pressElsewhere(screen, testing::button("Record outcome")),
                offTheMainThread("GoalOutcomeRecordingControl.recordOutcome"));
 }
 
 TEST_F(MainActorDeathTest, correctButton) {
-  const Screen screen(view());
+  Screen screen(view());
   EXPECT_DEATH(pressElsewhere(screen, testing::button("Correct")),
                offTheMainThread("GoalOutcomeRecordingControl.correct"));
 }

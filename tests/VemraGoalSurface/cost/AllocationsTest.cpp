@@ -1,3 +1,5 @@
+#include "VemraPlatform/ui/RowSource.hpp"
+#include "VemraPlatform/ui/Rows.hpp"
 #include "VemraPlatform/ui/ViewGraph.hpp"
 #include "tests/VemraGoalSurface/SampleScreen.hpp"
 #include "tests/VemraGoalSurface/cost/Allocations.hpp"
@@ -73,8 +75,7 @@ class AllocationsTest : public ::testing::Test {
 }  // namespace
 
 TEST_F(AllocationsTest, OfDescribingAPerson) {
-  const ui::View view = list().element.view();
-  const auto& rows = *std::get<ui::ForEachContent>(view.description().content).rows;
+  const ui::RowSource& rows = *list().rows->source;
   const double made = perRow(rowCount, [&] {
     for (std::size_t i = 0; i < rowCount; ++i) rows.row(i);
   });

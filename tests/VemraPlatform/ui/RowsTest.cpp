@@ -203,7 +203,7 @@ TEST_F(RowsTest, EqualIdsAreToldApartByOrderInEveryForm) {
   EXPECT_EQ(shown(), (Texts{"1=0", "2=0"})) << "the second one had left";
 }
 
-TEST_F(RowsTest, AChangeAboveTheWindowMovesTheIndexesAndIsTold) {
+TEST_F(RowsTest, AChangeAboveTheWindowMovesThePlacesOfTheShownRows) {
   show(numbered(20));
   showRows(10, 12);
   const NodeID ten = forEach().children[0]->id;
@@ -221,7 +221,7 @@ TEST_F(RowsTest, AChangeAboveTheWindowMovesTheIndexesAndIsTold) {
   EXPECT_EQ(window.lists.back().shown, (std::vector<RowRange>{{9, 11}}));
 }
 
-TEST_F(RowsTest, OneRowAmongOthersThatStayIsToldToo) {
+TEST_F(RowsTest, AShownRowThatAloneChangesItsPlaceIsHandedOut) {
   show({{"a"}, {"b"}, {"c"}});
   graph.showRows(forEach().id, {{0, 1}, {2, 3}});
   window.take();
