@@ -1,0 +1,16 @@
+# code_block(<text> <language> <number> <variable>): the code block with that number, counted from 1, among
+# the blocks in that language of a page.
+function(code_block text language number variable)
+  foreach(i RANGE 1 ${number})
+    string(FIND "${text}" "\n```${language}\n" start)
+    if(start EQUAL -1)
+      message(FATAL_ERROR "the page has no block ${number} in ${language}")
+    endif()
+    string(LENGTH "\n```${language}\n" fence)
+    math(EXPR start "${start} + ${fence}")
+    string(SUBSTRING "${text}" ${start} -1 text)
+  endforeach()
+  string(FIND "${text}" "```\n" end)
+  string(SUBSTRING "${text}" 0 ${end} text)
+  set(${variable} "${text}" PARENT_SCOPE)
+endfunction()
