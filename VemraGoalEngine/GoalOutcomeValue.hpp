@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
+
 #include <array>
 #include <cstdint>
 #include <string_view>
@@ -30,7 +32,7 @@ enum class GoalOutcomeSubjectKind : std::uint8_t { person, path };
 
 /// The name of a case as it is written in documents and stores ("wasUseful"); "" for a value that
 /// is no case.
-std::string_view caseName(GoalOutcomeValue value);
-std::string_view caseName(GoalOutcomeSubjectKind kind);
+VEMRA_EXPORT std::string_view caseName(GoalOutcomeValue value);
+VEMRA_EXPORT std::string_view caseName(GoalOutcomeSubjectKind kind);
 
 }  // namespace vemra

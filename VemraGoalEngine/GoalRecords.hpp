@@ -3,6 +3,7 @@
 #include "VemraGoalEngine/GoalOutcomeValue.hpp"
 #include "VemraGoalEngine/GoalWhyDTO.hpp"
 #include "VemraGoalEngine/SharedArray.hpp"
+#include "VemraPlatform/Export.hpp"
 
 #include <cstddef>
 #include <cstdint>
@@ -14,6 +15,9 @@
 /// no screen shows included. Strings are UTF-8 and equal under canonical equivalence (Unicode
 /// Standard Annex #15); an absent string never equals a present one, not even "". Their bytes are
 /// passed on as they are.
+///
+/// A record can be made with what it needs alone, without warnings: every member but an id or a person
+/// reference has a default.
 ///
 /// No record is aligned to more than `std::max_align_t`: g++ and clang align coroutine frames to 16
 /// bytes whatever they hold, so that a record kept over a `co_await` would be misplaced.
@@ -29,38 +33,39 @@ enum class GoalPriority : std::uint8_t { normal, high, low };
 /// A goal.
 struct GoalDTO {
   std::string id;
-  std::string title;
+  std::string title{};
   GoalStatus status = GoalStatus::active;
-  std::optional<std::string> targetPersonRef;  ///< the person the goal aims at, if it names one
-  std::string createdAt;
-  std::string updatedAt;
+  std::optional<std::string> targetPersonRef{};  ///< the person the goal aims at, if it names one
+  std::string createdAt{};
+  std::string updatedAt{};
   GoalPriority priority = GoalPriority::normal;
-  SharedArray<std::string> keywords;
+  SharedArray<std::string> keywords{};
   std::int64_t keywordsRevision = 0;
-  SharedArray<std::string> constraints;
+  SharedArray<std::string> constraints{};
   std::int64_t constraintsRevision = 0;
-  SharedArray<std::string> attachmentRefs;
-  friend bool operator==(const GoalDTO& a, const GoalDTO& b);
+  SharedArray<std::string> attachmentRefs{};
+  friend VEMRA_EXPORT bool operator==(const GoalDTO& a, const GoalDTO& b);
 };
 
 /// One ranked person.
-struct GoalPersonCandidateDTO {
+struct VEMRA_EXPORT GoalPersonCandidateDTO {
   std::string personRef;
-  std::optional<std::string> displayName;
-  GoalWhyDTO why;
+  std::optional<std::string> displayName{};
+  GoalWhyDTO why{};
   /// Ids of the evidence for this person, strongest first. Only the engine's side fills it.
-  SharedArray<std::string> evidenceIDs;
+  SharedArray<std::string> evidenceIDs{};
 
   /// The id of the strongest piece of evidence: the first of `evidenceIDs`, or nil.
   std::optional<std::string> topEvidenceID() const;
 
-  friend bool operator==(const GoalPersonCandidateDTO& a, const GoalPersonCandidateDTO& b);
+  friend VEMRA_EXPORT bool operator==(const GoalPersonCandidateDTO& a,
+                                      const GoalPersonCandidateDTO& b);
 };
 
 /// One chain of people towards the goal's target person.
 struct GoalPathCandidateDTO {
-  SharedArray<std::string> personRefs;  ///< in path order; the last one is whom the path leads to
-  GoalWhyDTO why;
+  SharedArray<std::string> personRefs{};  ///< in path order; the last one is whom the path leads to
+  GoalWhyDTO why{};
   std::int64_t strength = 0;  ///< the engine's ranking figure
   friend bool operator==(const GoalPathCandidateDTO&, const GoalPathCandidateDTO&) = default;
 };
@@ -68,16 +73,17 @@ struct GoalPathCandidateDTO {
 /// A group of people that may help together. It travels with a result; no screen shows it.
 struct GoalGroupCandidateDTO {
   std::string id;
-  SharedArray<std::string> personRefs;
-  friend bool operator==(const GoalGroupCandidateDTO& a, const GoalGroupCandidateDTO& b);
+  SharedArray<std::string> personRefs{};
+  friend VEMRA_EXPORT bool operator==(const GoalGroupCandidateDTO& a,
+                                      const GoalGroupCandidateDTO& b);
 };
 
 /// What a result rests on.
 struct GoalCoverageDTO {
-  SharedArray<std::string> sources;  ///< names of the evidence sources, in the engine's order
-  std::int64_t evidenceCount = 0;    ///< pieces of evidence considered; 0 means none
-  std::optional<std::string> latestEvidenceAt;  ///< an internet date-time (ISO 8601), as text
-  friend bool operator==(const GoalCoverageDTO& a, const GoalCoverageDTO& b);
+  SharedArray<std::string> sources{};  ///< names of the evidence sources, in the engine's order
+  std::int64_t evidenceCount = 0;      ///< pieces of evidence considered; 0 means none
+  std::optional<std::string> latestEvidenceAt{};  ///< an internet date-time (ISO 8601), as text
+  friend VEMRA_EXPORT bool operator==(const GoalCoverageDTO& a, const GoalCoverageDTO& b);
 };
 
 /// One recorded outcome. Records are only ever added: a correction is a later record.
@@ -90,31 +96,31 @@ struct GoalOutcomeDTO {
   static constexpr std::size_t arrayAlignment = 64;
 
   std::string id;
-  std::string goalID;
+  std::string goalID{};
   GoalOutcomeSubjectKind subjectKind = GoalOutcomeSubjectKind::person;
-  std::optional<std::string> subjectRef;
+  std::optional<std::string> subjectRef{};
   GoalOutcomeValue value = GoalOutcomeValue::reachedOut;
-  std::optional<std::string> note;
-  std::optional<std::string> recordedAt;
-  std::optional<std::string> recordedBy;
-  std::optional<std::string> correctsOutcomeID;  ///< present (even when "") marks a correction
+  std::optional<std::string> note{};
+  std::optional<std::string> recordedAt{};
+  std::optional<std::string> recordedBy{};
+  std::optional<std::string> correctsOutcomeID{};  ///< present (even when "") marks a correction
   // Not members: they have no name, no value and no part in the equality.
   std::uint64_t : 64;
   std::uint64_t : 64;
   std::uint64_t : 64;
   std::uint64_t : 64;
   std::uint64_t : 64;
-  friend bool operator==(const GoalOutcomeDTO& a, const GoalOutcomeDTO& b);
+  friend VEMRA_EXPORT bool operator==(const GoalOutcomeDTO& a, const GoalOutcomeDTO& b);
 };
 
 /// The engine's answer to a snapshot query.
 struct GetGoalSnapshotResponse {
-  GoalDTO goal;
-  SharedArray<GoalPersonCandidateDTO> people;
-  SharedArray<GoalPathCandidateDTO> paths;
-  SharedArray<GoalGroupCandidateDTO> group;
-  GoalCoverageDTO coverage;
-  SharedArray<GoalOutcomeDTO> outcomes;
+  GoalDTO goal{};
+  SharedArray<GoalPersonCandidateDTO> people{};
+  SharedArray<GoalPathCandidateDTO> paths{};
+  SharedArray<GoalGroupCandidateDTO> group{};
+  GoalCoverageDTO coverage{};
+  SharedArray<GoalOutcomeDTO> outcomes{};
   friend bool operator==(const GetGoalSnapshotResponse&, const GetGoalSnapshotResponse&) = default;
 };
 

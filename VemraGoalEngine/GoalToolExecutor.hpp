@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VemraGoalEngine/GoalRecords.hpp"
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/task/Task.hpp"
 
 #include <string>
@@ -10,7 +11,7 @@ namespace vemra {
 /// The engine's door: one object, shared by reference and supplied by the host application.
 ///
 /// A host (or a test) takes the engine's place by overriding the query.
-class GoalToolExecutor {
+class VEMRA_EXPORT GoalToolExecutor {
  public:
   GoalToolExecutor() = default;
   GoalToolExecutor(const GoalToolExecutor&) = delete;

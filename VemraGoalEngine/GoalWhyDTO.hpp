@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
+
 #include <cstdint>
 #include <string>
 #include <variant>
@@ -10,13 +12,13 @@ namespace vemra {
 ///
 /// Three reasons carry figures or texts; the plain ones carry nothing, and the engine may add
 /// further plain ones at the end. Strings are equal under canonical equivalence.
-struct GoalWhyDTO {
+struct VEMRA_EXPORT GoalWhyDTO {
   /// A piece of evidence speaks for the candidate.
   struct Evidence {
     std::string label;      ///< what kind of evidence it is ("Email")
     std::string detail;     ///< what it says
     std::string reference;  ///< the engine's own handle on it; no screen shows it
-    friend bool operator==(const Evidence& a, const Evidence& b);
+    friend VEMRA_EXPORT bool operator==(const Evidence& a, const Evidence& b);
   };
   /// A chain of relationships leads to the candidate.
   struct Connection {

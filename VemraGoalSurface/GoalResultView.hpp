@@ -2,6 +2,7 @@
 
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
 #include "VemraGoalSurface/model/GoalResultSnapshotV1.hpp"
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/View.hpp"
 
 #include <functional>
@@ -36,7 +37,7 @@ namespace vemra {
 /// translations); a host hands in the user's, `ui::Environment::system()`.
 ///
 /// Main thread only: `body` and every action stop the process when they run elsewhere.
-class GoalResultView {
+class VEMRA_EXPORT GoalResultView {
  public:
   static constexpr std::string_view name = "GoalResultView";
 

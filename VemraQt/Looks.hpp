@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/Environment.hpp"
 #include "VemraPlatform/ui/Font.hpp"
 
@@ -15,7 +16,7 @@ namespace vemra::qt {
 /// two quieter levels of the text colour are mixed from the palette and keep a contrast of at least
 /// 4.5 to 1 against the page, 7 to 1 in high contrast; the colour of links keeps 4.5 to 1. Frames and
 /// the focus ring keep 3 to 1 (Web Content Accessibility Guidelines 2.2, "contrast").
-class Looks {
+class VEMRA_EXPORT Looks {
  public:
   Looks() : Looks(QFont(), QPalette(), {}) {}
   Looks(const QFont& systemFont, const QPalette& systemPalette, const ui::Environment& environment);
@@ -34,7 +35,7 @@ class Looks {
   const QPalette& palette() const { return colours_.palette; }
 
  private:
-  struct Colours {
+  struct VEMRA_EXPORT Colours {
     QPalette palette, framing;
     QColor secondary, tertiary, link, disabled, outline, focusRing;
     explicit Colours(const QPalette& itsPalette);
@@ -49,6 +50,6 @@ class Looks {
 };
 
 /// Whether a palette writes light text on a dark page.
-ui::ColorScheme colorSchemeOf(const QPalette& palette);
+VEMRA_EXPORT ui::ColorScheme colorSchemeOf(const QPalette& palette);
 
 }  // namespace vemra::qt

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/ViewGraph.hpp"
 
 #include <QImage>
@@ -9,9 +10,9 @@ namespace vemra::qt {
 
 /// The view as it looks in a window of that size, without showing one. With a height of 0 the
 /// picture is as high as the page, up to 16,000 pixels. Needs a QApplication; main thread only.
-QImage picture(ui::View root, ui::Environment environment, QSize size);
+VEMRA_EXPORT QImage picture(ui::View root, ui::Environment environment, QSize size);
 
 /// The same of a tree that lives elsewhere, with its state. The graph has no renderer afterwards.
-QImage picture(ui::ViewGraph& graph, QSize size);
+VEMRA_EXPORT QImage picture(ui::ViewGraph& graph, QSize size);
 
 }  // namespace vemra::qt

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/Environment.hpp"
 
 #include <memory>
@@ -16,7 +17,7 @@ namespace vemra::qt {
 /// The context of its messages is `VemraScreen` and the source texts are the screen's keys, byte
 /// for byte; disambiguations are not used. A message that is marked unfinished or left empty in
 /// the `.ts` file counts as not translated.
-class QtStringsTable final : public ui::StringsTable {
+class VEMRA_EXPORT QtStringsTable final : public ui::StringsTable {
  public:
   /// The table in a file or resource; nullptr when it cannot be read.
   static std::shared_ptr<const QtStringsTable> load(const QString& file);

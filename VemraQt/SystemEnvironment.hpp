@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/Environment.hpp"
 
 namespace vemra::qt {
@@ -7,6 +8,6 @@ namespace vemra::qt {
 /// What the system asks for now: the user's locale, time zone and language, the colour scheme of
 /// the application's palette and its layout direction. The text scale is 1: the system's font size
 /// is taken up as it is. Needs a QApplication.
-ui::Environment systemEnvironment();
+VEMRA_EXPORT ui::Environment systemEnvironment();
 
 }  // namespace vemra::qt

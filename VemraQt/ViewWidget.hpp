@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/ViewGraph.hpp"
 
 #include <functional>
@@ -29,7 +30,7 @@ class Page;
 ///
 /// Until `setEnvironment` is called the widget follows the system: its palette, its direction and
 /// the user's locale and time zone. Main thread only.
-class ViewWidget : public QAbstractScrollArea {
+class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   Q_OBJECT
 
  public:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/Modifier.hpp"
 #include "VemraPlatform/ui/View.hpp"
 
@@ -10,14 +11,14 @@
 
 namespace vemra::testing {
 
-std::string_view name(ui::TextStyle style);
-std::string_view name(ui::FontWeight weight);
-std::string_view name(ui::ForegroundStyle style);
-std::string_view name(ui::Edges edges);
-std::string_view name(ui::ButtonStyle style);
-std::string_view name(ui::PickerStyle style);
-std::string_view name(ui::TextFieldStyle style);
-std::string_view name(ui::HorizontalAlignment alignment);
-std::string_view name(ui::VerticalAlignment alignment);
+VEMRA_EXPORT std::string_view name(ui::TextStyle style);
+VEMRA_EXPORT std::string_view name(ui::FontWeight weight);
+VEMRA_EXPORT std::string_view name(ui::ForegroundStyle style);
+VEMRA_EXPORT std::string_view name(ui::Edges edges);
+VEMRA_EXPORT std::string_view name(ui::ButtonStyle style);
+VEMRA_EXPORT std::string_view name(ui::PickerStyle style);
+VEMRA_EXPORT std::string_view name(ui::TextFieldStyle style);
+VEMRA_EXPORT std::string_view name(ui::HorizontalAlignment alignment);
+VEMRA_EXPORT std::string_view name(ui::VerticalAlignment alignment);
 
 }  // namespace vemra::testing

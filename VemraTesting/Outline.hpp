@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/ViewGraph.hpp"
 #include "VemraTesting/RenderedTree.hpp"
 
@@ -14,9 +15,9 @@ namespace vemra::testing {
 ///       Text key "Supported path" -> "Möglicher Weg" .font(headline)
 ///
 /// Texts are written by `text::quotedOnOneLine`.
-std::string outline(const RenderedTree& tree, const ui::ViewGraph& graph);
+VEMRA_EXPORT std::string outline(const RenderedTree& tree, const ui::ViewGraph& graph);
 
 /// One element as it stands on its line of an outline, without its children.
-std::string outlineLine(const ui::Element& element);
+VEMRA_EXPORT std::string outlineLine(const ui::Element& element);
 
 }  // namespace vemra::testing

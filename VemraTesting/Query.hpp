@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/Element.hpp"
 
 #include <cstddef>
@@ -11,7 +12,7 @@ namespace vemra::testing {
 /// How a person, or a script, points at an element: by what it is called, never by where it stands.
 ///
 /// Texts and identifiers match byte for byte. `index` picks among several, in tree order, from 0.
-struct Query {
+struct VEMRA_EXPORT Query {
   enum class By { identifier, title, text };
   By by = By::identifier;
   /// The kind that a title or a text is sought on; of an identifier it says nothing.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/page/PatchedTree.hpp"
 #include "VemraPlatform/ui/Patch.hpp"
 
@@ -11,7 +12,7 @@ namespace vemra::testing {
 /// The smallest renderer: it keeps the tree that patches describe, and wants every row.
 ///
 /// A patch that speaks of an unknown node throws `std::out_of_range`.
-class RenderedTree final : public ui::Renderer {
+class VEMRA_EXPORT RenderedTree final : public ui::Renderer {
  public:
   /// An element with its parent and its children. It has no layout.
   using Node = page::Node;

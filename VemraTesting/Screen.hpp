@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/ViewGraph.hpp"
 #include "VemraTesting/ElementError.hpp"
 #include "VemraTesting/Query.hpp"
@@ -35,7 +36,7 @@ using Act = std::variant<ui::Press, Choose, ui::EditText, ui::Submit>;
 /// waits for the event to end.
 ///
 /// Main thread only. Not movable: the graph knows the tree by its address.
-class Screen {
+class VEMRA_EXPORT Screen {
  public:
   /// Mounts `root`. The default environment is a fixed one (en_US, UTC, no translations), so that a
   /// test says the same on every machine; a tool that shows a user's own screen hands in

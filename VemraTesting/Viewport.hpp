@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/page/Page.hpp"
 #include "VemraPlatform/ui/ViewGraph.hpp"
 #include "VemraTesting/ElementError.hpp"
@@ -36,7 +37,7 @@ namespace vemra::testing {
 /// them. What a terminal would obey is escaped.
 ///
 /// What a description or an action throws comes out of the call that led to it. Main thread only.
-class Viewport final : private page::PageHost {
+class VEMRA_EXPORT Viewport final : private page::PageHost {
  public:
   /// Mounts `root`.
   ///

@@ -2,6 +2,13 @@
 # root (the repository), the warnings and the sanitizers are the same everywhere.
 
 set(VEMRA_SOURCE_ROOT "${CMAKE_CURRENT_SOURCE_DIR}")
+set(VEMRA_GENERATED_ROOT "${CMAKE_BINARY_DIR}/generated")
+
+# While the major version is 0, a new minor version may change what a host was compiled against.
+set(VEMRA_SOVERSION ${PROJECT_VERSION_MAJOR})
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+  set(VEMRA_SOVERSION 0.${PROJECT_VERSION_MINOR})
+endif()
 
 add_library(vemra_flags INTERFACE)
 target_compile_options(vemra_flags INTERFACE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor)
@@ -41,9 +48,10 @@ endif()
 
 # vemra_library(<target> ALIAS <Vemra::Name> [PUBLIC <targets>] [PRIVATE <targets>]
 #               [FOLDERS <folders>] [PUBLIC_HEADERS <files> | PRIVATE_HEADERS <files>])
-# Builds the .cpp files of the current folder, and of the FOLDERS below it, into a static library.
+# Builds the .cpp files of the current folder, and of the FOLDERS below it, into a library: static, or
+# shared with BUILD_SHARED_LIBS. A host may be a plugin, so the static ones are position independent too.
 # Its PUBLIC_HEADERS are installed; without that list, all its headers but the PRIVATE_HEADERS.
-# What is installed compiles on its own (preset check). The libraries in apps/ are not installed.
+# What is installed compiles on its own (preset check). The libraries in apps/ are static and not installed.
 function(vemra_library target)
   cmake_parse_arguments(arg "" "ALIAS" "PUBLIC;PRIVATE;FOLDERS;PUBLIC_HEADERS;PRIVATE_HEADERS" ${ARGN})
   set(sources "")
@@ -65,25 +73,34 @@ function(vemra_library target)
   if(arg_PUBLIC_HEADERS)
     list(TRANSFORM arg_PUBLIC_HEADERS PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" OUTPUT_VARIABLE headers)
   endif()
-  add_library(${target} STATIC ${sources})
+  set(kind "")
+  set(is_installed TRUE)
+  if(CMAKE_CURRENT_SOURCE_DIR MATCHES "^${VEMRA_SOURCE_ROOT}/apps/")
+    set(kind STATIC)
+    set(is_installed FALSE)
+  endif()
+  add_library(${target} ${kind} ${sources})
   target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS "${VEMRA_SOURCE_ROOT}" FILES ${headers})
-  set_target_properties(${target} PROPERTIES LINKER_LANGUAGE CXX)
+  set_target_properties(${target} PROPERTIES
+    LINKER_LANGUAGE CXX POSITION_INDEPENDENT_CODE ON
+    VERSION ${PROJECT_VERSION} SOVERSION ${VEMRA_SOVERSION}
+    INSTALL_RPATH "$ORIGIN")
   add_library(${arg_ALIAS} ALIAS ${target})
   string(REPLACE "Vemra::" "" export_name "${arg_ALIAS}")
   set_target_properties(${target} PROPERTIES EXPORT_NAME ${export_name})
   target_include_directories(${target} PUBLIC "$<BUILD_INTERFACE:${VEMRA_SOURCE_ROOT}>"
                                               "$<INSTALL_INTERFACE:include>")
   target_compile_features(${target} PUBLIC cxx_std_20)
-  target_link_libraries(${target} PUBLIC ${arg_PUBLIC} PRIVATE ${arg_PRIVATE}
-                                         "$<BUILD_INTERFACE:vemra_flags>")
+  target_link_libraries(${target} PUBLIC Vemra::PlatformExport ${arg_PUBLIC}
+                                  PRIVATE ${arg_PRIVATE} "$<BUILD_INTERFACE:vemra_flags>")
   if("Qt6::Widgets" IN_LIST arg_PUBLIC OR "Vemra::Qt" IN_LIST arg_PUBLIC)
     vemra_precompiled_header(${target} vemra_qt_precompiled
                              LINK vemra_flags Qt6::Widgets Qt6::DBus HEADERS <QtWidgets/QtWidgets>)
   endif()
-  if(CMAKE_CURRENT_SOURCE_DIR MATCHES "^${VEMRA_SOURCE_ROOT}/apps/")
-    set_target_properties(${target} PROPERTIES VERIFY_INTERFACE_HEADER_SETS OFF)
-  else()
+  if(is_installed)
     set_property(GLOBAL APPEND PROPERTY VEMRA_LIBRARIES ${target})
+  else()
+    set_target_properties(${target} PROPERTIES VERIFY_INTERFACE_HEADER_SETS OFF)
   endif()
 endfunction()
 
@@ -92,7 +109,8 @@ function(vemra_program target)
   cmake_parse_arguments(arg "" "NAME" "LINK" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
   add_executable(${target} ${sources})
-  set_target_properties(${target} PROPERTIES OUTPUT_NAME ${arg_NAME})
+  set_target_properties(${target} PROPERTIES OUTPUT_NAME ${arg_NAME}
+                        INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
   target_link_libraries(${target} PRIVATE ${arg_LINK} vemra_flags)
 endfunction()
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VemraGoalEngine/GoalRecords.hpp"
+#include "VemraPlatform/Export.hpp"
 
 #include <optional>
 #include <string>
@@ -20,7 +21,8 @@ struct GoalOutcomeRecordingInput {
   const std::optional<std::string> correctsOutcomeID;  ///< nil for a first recording
 
   /// Compares field by field in their order; strings canonically, nil only with nil.
-  friend bool operator==(const GoalOutcomeRecordingInput& a, const GoalOutcomeRecordingInput& b);
+  friend VEMRA_EXPORT bool operator==(const GoalOutcomeRecordingInput& a,
+                                      const GoalOutcomeRecordingInput& b);
 };
 
 /// The decisions of the outcome form, free of any view: pure functions for any thread.
@@ -36,26 +38,26 @@ struct FormValues {
 ///
 /// `outcome` is the one to correct; its note is shown as stored, blanks and all. Nil stands for a
 /// first recording, which begins at `wasUseful`, on purpose not the first of the choices.
-FormValues initialFormValues(const std::optional<GoalOutcomeDTO>& outcome);
+VEMRA_EXPORT FormValues initialFormValues(const std::optional<GoalOutcomeDTO>& outcome);
 
 /// Whether Save may be pressed.
 ///
 /// "Something else" says nothing by itself and so demands a note that is more than blanks; every
 /// other value may go without. Blanks are the characters with Unicode's White_Space property.
-bool canSave(GoalOutcomeValue selectedValue, std::string_view noteText);
+VEMRA_EXPORT bool canSave(GoalOutcomeValue selectedValue, std::string_view noteText);
 
 /// What is handed to the host when Save is pressed.
 ///
 /// The note loses the blanks at either end and is nil when nothing is left; blanks and line breaks
 /// inside it stay. `correcting` is the outcome that this one corrects, or nil. Never refuses, not
 /// even what `canSave` would: guarding Save is for the caller.
-GoalOutcomeRecordingInput recordingInput(GoalOutcomeSubjectKind subjectKind,
-                                         std::optional<std::string> subjectRef,
-                                         GoalOutcomeValue selectedValue, std::string_view noteText,
-                                         const std::optional<GoalOutcomeDTO>& correcting);
+VEMRA_EXPORT GoalOutcomeRecordingInput
+recordingInput(GoalOutcomeSubjectKind subjectKind, std::optional<std::string> subjectRef,
+               GoalOutcomeValue selectedValue, std::string_view noteText,
+               const std::optional<GoalOutcomeDTO>& correcting);
 
 /// The English words for a value, shown as they are and never looked up; "" for what is no case.
-std::string_view label(GoalOutcomeValue value);
+VEMRA_EXPORT std::string_view label(GoalOutcomeValue value);
 
 }  // namespace GoalOutcomeRecordingFormLogic
 }  // namespace vemra

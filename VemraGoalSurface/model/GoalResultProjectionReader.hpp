@@ -2,6 +2,7 @@
 
 #include "VemraGoalEngine/GoalToolExecutor.hpp"
 #include "VemraGoalSurface/model/GoalResultSnapshotV1.hpp"
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/task/Task.hpp"
 
 #include <memory>
@@ -22,7 +23,7 @@ namespace vemra::GoalResultProjectionReader {
 ///   it was awaited releases the executor on the thread that destroys the task.
 /// - Parameter goalID: goes to the engine byte for byte, blank or empty as it may be.
 /// - Throws: what the query throws, as the very same exception object; nothing else is ever thrown.
-task::Task<GoalResultSnapshotV1> makeSnapshot(std::shared_ptr<GoalToolExecutor> executor,
-                                              std::string goalID);
+VEMRA_EXPORT task::Task<GoalResultSnapshotV1> makeSnapshot(
+    std::shared_ptr<GoalToolExecutor> executor, std::string goalID);
 
 }  // namespace vemra::GoalResultProjectionReader

@@ -3,6 +3,7 @@
 #include "VemraGoalEngine/GoalRecords.hpp"
 #include "VemraGoalSurface/model/GoalPathGap.hpp"
 #include "VemraGoalSurface/model/GoalPeopleGap.hpp"
+#include "VemraPlatform/Export.hpp"
 
 #include <memory>
 #include <optional>
@@ -19,7 +20,7 @@ namespace vemra {
 ///
 /// Total and lock-free: every member has a defined result and may be called on any thread. What the
 /// accessors refer to lives as long as any copy of the snapshot does; so does a string inside it.
-class GoalResultSnapshotV1 {
+class VEMRA_EXPORT GoalResultSnapshotV1 {
  public:
   /// Stores the six values as they are.
   GoalResultSnapshotV1(GoalDTO goal, SharedArray<GoalPersonCandidateDTO> people,

@@ -2,6 +2,7 @@
 
 #include "VemraGoalSurface/model/GoalPathGap.hpp"
 #include "VemraGoalSurface/model/GoalPeopleGap.hpp"
+#include "VemraPlatform/Export.hpp"
 
 #include <string_view>
 
@@ -12,9 +13,9 @@ namespace vemra::GoalGapPresentation {
 
 /// Why no people are proposed. Without any evidence the sentence is the general one; the sentence
 /// about nothing pointing at a person is for evidence that was there.
-std::string_view text(GoalPeopleGap gap);
+VEMRA_EXPORT std::string_view text(GoalPeopleGap gap);
 
 /// Why no path is shown.
-std::string_view text(GoalPathGap gap);
+VEMRA_EXPORT std::string_view text(GoalPathGap gap);
 
 }  // namespace vemra::GoalGapPresentation

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VemraGoalEngine/GoalWhyDTO.hpp"
+#include "VemraPlatform/Export.hpp"
 
 #include <string>
 
@@ -22,6 +23,6 @@ namespace vemra::GoalWhyPresentation {
 /// | any other plain reason | Candidate person |
 ///
 /// A hop count of the smallest 64-bit integer has no predecessor and stops the process.
-std::string text(const GoalWhyDTO& why);
+VEMRA_EXPORT std::string text(const GoalWhyDTO& why);
 
 }  // namespace vemra::GoalWhyPresentation

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/date/InternetDateTime.hpp"
 #include "VemraPlatform/date/Locale.hpp"
 #include "VemraPlatform/date/TimeZone.hpp"
@@ -28,7 +29,7 @@ namespace vemra::date {
 /// takes locks of its own while it makes that, and in calendars whose months follow the moon. A
 /// change in the machine's time zone files is seen by threads that begin after it. Throws only when
 /// memory runs out or CLDR's data cannot be loaded.
-std::string abbreviatedDate(Instant instant, const std::string& locale,
-                            const std::string& timeZone);
+VEMRA_EXPORT std::string abbreviatedDate(Instant instant, const std::string& locale,
+                                         const std::string& timeZone);
 
 }  // namespace vemra::date

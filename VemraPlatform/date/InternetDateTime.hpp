@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
+
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -20,6 +22,6 @@ struct Instant {
 /// 00 to 59, also in the zone. Lower-case letters, fractions, 24:00:00, second 60, a date alone,
 /// other digits, and blanks at either end are all unreadable.
 /// - Returns: the instant, or nothing when the text cannot be read. Never fails otherwise.
-std::optional<Instant> parseInternetDateTime(std::string_view text) noexcept;
+VEMRA_EXPORT std::optional<Instant> parseInternetDateTime(std::string_view text) noexcept;
 
 }  // namespace vemra::date

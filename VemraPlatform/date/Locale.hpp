@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
+
 #include <string>
 #include <string_view>
 
@@ -14,7 +16,7 @@ namespace vemra::date {
 /// well-formed, and a calendar or a numbering system has to exist, by any name that CLDR or BCP 47 has
 /// for it (`gregorian`, `gregory`) and in any case. An encoding as in `en_US.UTF-8` is not part of
 /// a locale. Empty text is not a locale.
-bool isKnownLocale(std::string_view locale);
+VEMRA_EXPORT bool isKnownLocale(std::string_view locale);
 
 /// The locale for dates of the user who started the process.
 ///
@@ -25,6 +27,6 @@ bool isKnownLocale(std::string_view locale);
 /// `en_US_POSIX`; an empty LANG is `root`.
 ///
 /// Gives a known locale or `root`. Reads the environment on every call.
-std::string systemLocale();
+VEMRA_EXPORT std::string systemLocale();
 
 }  // namespace vemra::date

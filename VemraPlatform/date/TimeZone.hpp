@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
+
 #include <string>
 #include <string_view>
 
@@ -10,7 +12,7 @@ namespace vemra::date {
 ///
 /// The database is ICU's together with the machine's own (`/usr/share/zoneinfo`), which may know
 /// younger names. Reads a file of the latter for a name that ICU does not know.
-bool isKnownTimeZone(std::string_view timeZone);
+VEMRA_EXPORT bool isKnownTimeZone(std::string_view timeZone);
 
 /// The time zone of the user who started the process: that of TZ, else that of the system
 /// (`/etc/localtime`), else "UTC".
@@ -32,6 +34,6 @@ bool isKnownTimeZone(std::string_view timeZone);
 ///
 /// Gives a known time zone or a POSIX rule, either good for `abbreviatedDate`. Reads the
 /// environment and files on every call.
-std::string systemTimeZone();
+VEMRA_EXPORT std::string systemTimeZone();
 
 }  // namespace vemra::date

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/page/Frames.hpp"
 
 #include <cstddef>
@@ -12,7 +13,7 @@ namespace vemra::page {
 /// Made before a change, it notes the elements in the viewport and where they stand; asked after the
 /// change, it says how far to scroll so that the first of them that is still there stands where it
 /// stood. When a change comes while the focused element is in view, that element is the first.
-class Anchor {
+class VEMRA_EXPORT Anchor {
  public:
   enum class Reason {
     changed,        ///< patches will change the tree

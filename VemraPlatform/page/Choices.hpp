@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/page/Node.hpp"
 #include "VemraPlatform/ui/Node.hpp"
 #include "VemraPlatform/ui/Tag.hpp"
@@ -20,11 +21,11 @@ struct Choice {
 
 /// What can be chosen in a picker: its tagged rows, in tree order. The second function is for a picker
 /// that no patch has reached, because its row was only looked at.
-std::vector<Choice> choicesOf(const Node& picker);
-std::vector<Choice> choicesOf(const ui::Node& picker);
+VEMRA_EXPORT std::vector<Choice> choicesOf(const Node& picker);
+VEMRA_EXPORT std::vector<Choice> choicesOf(const ui::Node& picker);
 
 /// The place of the picker's selection among them; nil when it is none of them.
-std::optional<std::size_t> chosenAmong(const std::vector<Choice>& choices,
-                                       const ui::Element& picker);
+VEMRA_EXPORT std::optional<std::size_t> chosenAmong(const std::vector<Choice>& choices,
+                                                    const ui::Element& picker);
 
 }  // namespace vemra::page

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/page/FocusOrder.hpp"
 
 #include <optional>
@@ -15,7 +16,7 @@ namespace vemra::page {
 ///
 /// Rows on the way may come only with the graph's next pass. Then the search waits, and goes on from
 /// there the next time: it never begins again, so it ends however long the page is.
-class FocusKeeper {
+class VEMRA_EXPORT FocusKeeper {
  public:
   enum class Sight { inView, outOfView };
 

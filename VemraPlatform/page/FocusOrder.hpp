@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/page/WindowedTree.hpp"
 
 #include <cstddef>
@@ -8,7 +9,7 @@
 namespace vemra::page {
 
 /// Brings rows of windowed lists into the tree while the focus is looked for.
-class RowSupply {
+class VEMRA_EXPORT RowSupply {
  public:
   /// The row, made to be there by scrolling to it; nullptr when it is not there now. May change the
   /// tree as patches do.
@@ -21,7 +22,7 @@ class RowSupply {
 };
 
 /// Where an element with the focus was when it went.
-struct LostPlace {
+struct VEMRA_EXPORT LostPlace {
   ui::NodeID within;               ///< the parent of what went; none for the root
   ui::NodeID after;                ///< what stood before it in there; none: it was the first
   std::optional<std::size_t> row;  ///< when a row of `within` went: its index
@@ -31,16 +32,16 @@ struct LostPlace {
 };
 
 /// Whether the focus can be on the element: a control that is enabled.
-bool takesFocus(const Node& leaf);
+VEMRA_EXPORT bool takesFocus(const Node& leaf);
 /// Whether `node` is `holder` or stands in it. `node` may be nullptr, which stands nowhere.
-bool isInside(const Node* node, const Node& holder);
+VEMRA_EXPORT bool isInside(const Node* node, const Node& holder);
 
 /// The order in which the focus goes through a page: tree order over all rows, there or not.
 ///
 /// Rows on the way are brought in. A list without any control ends the search in it after 64 rows.
 /// Where rows come later, a search stops at the first missing one and can be resumed when it is
 /// there; so it gets on by a row each time, and never runs to and fro between rows.
-class FocusOrder {
+class VEMRA_EXPORT FocusOrder {
  public:
   enum class Direction { forward, backward };
   /// Where a search stopped to wait for a row.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/page/Viewport.hpp"
 #include "VemraPlatform/page/WindowedTree.hpp"
 #include "VemraPlatform/ui/Environment.hpp"
@@ -10,7 +11,7 @@ namespace vemra::page {
 
 /// Where the elements of a tree that has been laid out are on the whole page, from its top left
 /// corner, for the given reading direction.
-class Frames {
+class VEMRA_EXPORT Frames {
  public:
   /// The tree must outlive the object. The grid is that of the layout.
   Frames(const WindowedTree& tree, ui::LayoutDirection direction, const Grid& grid = {})
@@ -29,6 +30,7 @@ class Frames {
 
 /// How far the page must be scrolled to show the leaf, with its whole row when that fits, moving as
 /// little as possible from where the viewport is.
-int positionShowing(const Node& leaf, const Frames& frames, const Viewport& viewport, int air);
+VEMRA_EXPORT int positionShowing(const Node& leaf, const Frames& frames, const Viewport& viewport,
+                                 int air);
 
 }  // namespace vemra::page

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/page/Node.hpp"
 
 /// \file
@@ -19,10 +20,10 @@
 namespace vemra::page {
 
 /// A node's padding in units of the grid.
-ui::Insets paddingIn(const Grid& grid, const Node& node);
+VEMRA_EXPORT ui::Insets paddingIn(const Grid& grid, const Node& node);
 
 /// How large a renderer draws a text or a control.
-class LeafMetrics {
+class VEMRA_EXPORT LeafMetrics {
  public:
   /// The size of a leaf that may be `width` wide, 1 or more. Called again only when the leaf, a leaf
   /// below it or the width has changed, or after `WindowedTree::invalidateAll`; so a renderer may
@@ -39,6 +40,6 @@ class LeafMetrics {
 /// width before, gives its leaves their frames, from its own top leading corner; and a windowed
 /// list the frame that all its rows fill. `spacing` separates the children of a scope that has no
 /// layout of its own.
-Size measureScope(Node& scope, int width, int spacing, LeafMetrics& metrics);
+VEMRA_EXPORT Size measureScope(Node& scope, int width, int spacing, LeafMetrics& metrics);
 
 }  // namespace vemra::page

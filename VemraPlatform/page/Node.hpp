@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/page/Geometry.hpp"
 #include "VemraPlatform/page/RowHeights.hpp"
 #include "VemraPlatform/ui/Element.hpp"
@@ -24,7 +25,7 @@ class ChildrenOf;
 /// without a layout. Frames are relative to a *scope*: the row of a windowed list that the node
 /// stands in, or the whole page. So a row that moves, as many do when a list is scrolled or
 /// corrected, costs one addition.
-struct Node {
+struct VEMRA_EXPORT Node {
   Node(ui::NodeID newID, ui::Element newElement) : id(newID), element(std::move(newElement)) {}
 
   /// \name The tree @{
@@ -113,8 +114,8 @@ inline ChildrenOf<const Node> Node::children() const {
 }
 
 /// The row of a windowed list that holds the node, the node itself included; nullptr outside one.
-Node* rowOf(Node* node);
-const Node* rowOf(const Node* node);
+VEMRA_EXPORT Node* rowOf(Node* node);
+VEMRA_EXPORT const Node* rowOf(const Node* node);
 
 /// Calls `visit` for the leaves under `node` in tree order, pickers' own rows left out.
 template <class AnyNode, class Visit>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/page/Anchor.hpp"
 #include "VemraPlatform/page/FocusKeeper.hpp"
 #include "VemraPlatform/page/PageHost.hpp"
@@ -27,7 +28,7 @@ namespace vemra::page {
 /// focus and rows with a text field, which stay.
 ///
 /// Nothing in a pass throws: what a description throws goes to `PageHost::failed`. Main thread only.
-class Page final : public ui::Renderer, private RowSupply {
+class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
  public:
   using Direction = FocusOrder::Direction;
 

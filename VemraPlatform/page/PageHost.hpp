@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/page/Layout.hpp"
 #include "VemraPlatform/page/Placement.hpp"
 #include "VemraPlatform/ui/Patch.hpp"
@@ -19,7 +20,7 @@ enum class FocusReason {
 /// keyboard. A renderer derives from it.
 ///
 /// The page calls it during its passes. Main thread only. None of these functions may throw.
-class PageHost : public LeafMetrics {
+class VEMRA_EXPORT PageHost : public LeafMetrics {
  public:
   /// Whether the page is seen. While it is not, its passes wait.
   virtual bool isShown() const { return true; }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/page/Node.hpp"
 #include "VemraPlatform/ui/NodeTable.hpp"
 #include "VemraPlatform/ui/Patch.hpp"
@@ -12,10 +13,10 @@ namespace vemra::page {
 ///
 /// It knows only what a renderer is handed, so that it holds what any renderer would come to. A node stays where it is
 /// in memory until a patch removes it.
-class PatchedTree {
+class VEMRA_EXPORT PatchedTree {
  public:
   /// Learns of every change when it has happened, and of a removal before. Must not throw.
-  class Observer {
+  class VEMRA_EXPORT Observer {
    public:
     virtual void inserted(Node&) {}
     virtual void updated(Node&) {}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/page/Frames.hpp"
 #include "VemraPlatform/page/WantedRows.hpp"
 
@@ -22,7 +23,8 @@ struct Placements {
 /// Decides which leaves are drawn, and notes it in each (`Node::isPlaced`): those in the viewport or
 /// nearer to it than `margin`; and of those that were drawn before, the focused one and all in
 /// pinned rows, which stay wherever the page is scrolled. The tree must be laid out.
-Placements placeLeaves(WindowedTree& tree, const Frames& frames, const Viewport& viewport,
-                       int margin, const PinnedRows& pinned, const Node* focused);
+VEMRA_EXPORT Placements placeLeaves(WindowedTree& tree, const Frames& frames,
+                                    const Viewport& viewport, int margin, const PinnedRows& pinned,
+                                    const Node* focused);
 
 }  // namespace vemra::page

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/RowIDs.hpp"
 
 #include <cstddef>
@@ -23,6 +24,7 @@ struct RowChanges {
 /// the first and the last difference, otherwise.
 ///
 /// \param most How many rows may have left and come together. Throws what `RowIDs::key` throws.
-RowChanges rowChanges(const ui::RowIDs& before, const ui::RowIDs& after, std::size_t most);
+VEMRA_EXPORT RowChanges rowChanges(const ui::RowIDs& before, const ui::RowIDs& after,
+                                   std::size_t most);
 
 }  // namespace vemra::page

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
+
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -15,7 +17,7 @@ namespace vemra::page {
 /// all of the estimated height costs no memory. `follow` costs O(n), a few instructions a row.
 ///
 /// Lengths are whole pixels. `gap` is the space between two rows.
-class RowHeights {
+class VEMRA_EXPORT RowHeights {
  public:
   /// As far as a page reaches down a list, in pixels: coordinates on a page are 32 bits wide, and
   /// the elements around the list need room too. Ten million rows of a hundred pixels.

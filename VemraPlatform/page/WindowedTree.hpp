@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/page/PatchedTree.hpp"
 
 #include <exception>
@@ -16,7 +17,7 @@ namespace vemra::page {
 /// A list is *windowed*, so that a renderer asks for its rows by range, where rows stand one below
 /// the other and nothing else depends on them: in a column of the page itself. A list beside
 /// something, inside a row or inside a picker is shown whole.
-class WindowedTree final : private PatchedTree::Observer {
+class VEMRA_EXPORT WindowedTree final : private PatchedTree::Observer {
  public:
   /// `removing` is called with a node right before it goes, while everything below it is in place.
   explicit WindowedTree(std::function<void(Node&)> removing)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/task/Result.hpp"
 
 #include <coroutine>
@@ -32,7 +33,7 @@ class PromiseBase;
 ///
 /// Calls are known per thread. A task that ends within its call leaves it to the caller to go on
 /// and so frees the stack; one that ends later, or on another thread, continues its waiter itself.
-class Call {
+class VEMRA_EXPORT Call {
  public:
   explicit Call(const PromiseBase& task) noexcept;
   ~Call();
@@ -148,7 +149,7 @@ template <class T>
 using Start = std::conditional_t<transferIsAJump, JumpingStart<T>, CallingStart<T>>;
 
 /// Stops the process: there is nothing to await in a task.
-[[noreturn]] void stopForTaskWithoutWork() noexcept;
+[[noreturn]] VEMRA_EXPORT void stopForTaskWithoutWork() noexcept;
 
 }  // namespace coroutine
 }  // namespace vemra::task

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
+
 #include <string_view>
 
 namespace vemra::task {
@@ -20,7 +22,7 @@ namespace vemra::task {
 ///
 /// A shared library that links this one statically, and hides its symbols, has a main actor of its
 /// own: adopt a thread in each.
-struct MainActor {
+struct VEMRA_EXPORT MainActor {
   /// Makes the calling thread the main thread of the process, in place of its first thread.
   ///
   /// For a host whose user interface runs on a thread of its own: once, on that thread, before the

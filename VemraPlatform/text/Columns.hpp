@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,10 +20,10 @@ struct Glyph {
 };
 
 /// The characters of a UTF-8 text, which must outlive them.
-std::vector<Glyph> glyphs(std::string_view text);
+VEMRA_EXPORT std::vector<Glyph> glyphs(std::string_view text);
 
 /// How many columns a text takes on one line.
-int columns(std::string_view text);
+VEMRA_EXPORT int columns(std::string_view text);
 
 /// Breaks a text into lines of at most that many columns: at each end of a line in it; where a line may
 /// be broken (Unicode Annex 14); and inside a word that is wider than a line. Blanks at the end of a
@@ -32,6 +34,6 @@ int columns(std::string_view text);
 ///
 /// - Parameter most: 1 or more.
 /// - Returns: one line at least.
-std::vector<std::string> linesOf(std::string_view text, int most);
+VEMRA_EXPORT std::vector<std::string> linesOf(std::string_view text, int most);
 
 }  // namespace vemra::text

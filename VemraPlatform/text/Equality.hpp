@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
+
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
@@ -60,7 +62,7 @@ inline bool differAtAGlance(std::string_view a, std::string_view b) noexcept {
 }
 
 /// The rest of the rules, for texts that do not differ at a glance. Call `equal` instead.
-bool equalBeyondAGlance(std::string_view a, std::string_view b);
+VEMRA_EXPORT bool equalBeyondAGlance(std::string_view a, std::string_view b);
 
 /// Says whether two texts are canonically equivalent, by the rules above.
 ///
@@ -81,7 +83,7 @@ bool equal(const Optional& a, const Optional& b) {
 /// Hashes a text so that canonically equivalent texts hash equally.
 ///
 /// The value holds in this process alone: it depends on a random key of SipHash-1-3.
-std::size_t hash(std::string_view text);
+VEMRA_EXPORT std::size_t hash(std::string_view text);
 
 /// Canonical equality as a function object for unordered containers, with lookup by view.
 struct Equal {

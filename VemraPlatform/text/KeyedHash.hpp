@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
+
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -90,10 +92,10 @@ inline KeyedHash sipHash(std::string_view bytes, const HashKey& key) noexcept {
 }
 
 /// A key that cannot be predicted.
-HashKey randomHashKey() noexcept;
+VEMRA_EXPORT HashKey randomHashKey() noexcept;
 
 /// The key of this process: random, and the same as long as the process runs.
-const HashKey& processHashKey() noexcept;
+VEMRA_EXPORT const HashKey& processHashKey() noexcept;
 
 /// Hashes bytes under the key of this process. Another process gives another value, so nothing that
 /// anyone can see, and nothing stored, may depend on it. Where canonically equivalent texts are one

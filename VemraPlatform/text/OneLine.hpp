@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
+
 #include <string>
 #include <string_view>
 
@@ -14,10 +16,10 @@ namespace vemra::text {
 /// That is the controls (`\n`, `\r`, `\t`, other ASCII ones as `\x1b`, the C1 controls as `\u0085`),
 /// the line and paragraph separators (`\u2028`), and what has Unicode's Bidi_Control property
 /// (PropList.txt), as `\u202e`. All else is byte for byte as given, ill-formed bytes too.
-std::string onOneLine(std::string_view text);
+VEMRA_EXPORT std::string onOneLine(std::string_view text);
 
 /// The same between quotation marks; those inside, and backslashes, with a backslash before them.
 /// Two texts are never quoted alike.
-std::string quotedOnOneLine(std::string_view text);
+VEMRA_EXPORT std::string quotedOnOneLine(std::string_view text);
 
 }  // namespace vemra::text

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
+
 #include <string_view>
 
 namespace vemra::text {
@@ -19,9 +21,9 @@ constexpr bool isWhitespace(char32_t scalar) noexcept {
 /// Works scalar by scalar, so a combining mark after a blank stays and the blank before it goes. An
 /// ill-formed byte is never blank.
 /// - Returns: a part of `text`, valid as long as `text` is. Empty when there is nothing but blanks.
-std::string_view trimmed(std::string_view text) noexcept;
+VEMRA_EXPORT std::string_view trimmed(std::string_view text) noexcept;
 
 /// Says whether a text holds nothing but blanks; empty text does.
-bool isBlank(std::string_view text) noexcept;
+VEMRA_EXPORT bool isBlank(std::string_view text) noexcept;
 
 }  // namespace vemra::text

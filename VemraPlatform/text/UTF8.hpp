@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -22,22 +24,22 @@ struct Step {
 /// U+10FFFF.
 /// - Returns: the scalar and its length; `{nothing, 1}` for an ill-formed byte; `{nothing, 0}` for
 ///   empty text.
-Step firstStep(std::string_view text) noexcept;
+VEMRA_EXPORT Step firstStep(std::string_view text) noexcept;
 
 /// Reads the last scalar of a text; the mirror of `firstStep`.
 ///
 /// A byte that does not end a well-formed sequence is ill-formed by itself, whatever precedes it.
-Step lastStep(std::string_view text) noexcept;
+VEMRA_EXPORT Step lastStep(std::string_view text) noexcept;
 
 /// Appends a scalar to UTF-8 text.
 ///
 /// - Parameter scalar: a Unicode scalar value; not checked.
-void append(std::string& text, char32_t scalar);
+VEMRA_EXPORT void append(std::string& text, char32_t scalar);
 
 /// Says whether the whole text is well-formed UTF-8. Empty text is.
-bool isWellFormed(std::string_view text) noexcept;
+VEMRA_EXPORT bool isWellFormed(std::string_view text) noexcept;
 
 /// Says whether every byte is below 0x80.
-bool isASCII(std::string_view text) noexcept;
+VEMRA_EXPORT bool isASCII(std::string_view text) noexcept;
 
 }  // namespace vemra::text

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/Environment.hpp"
 #include "VemraPlatform/ui/LocalState.hpp"
 #include "VemraPlatform/ui/Property.hpp"
@@ -47,7 +48,7 @@ concept CompositeView = HasBody<Struct> && std::copy_constructible<Struct>;
 // it is itself a view.
 
 /// A composite with its type forgotten: what the view graph sees.
-class AnyComposite {
+class VEMRA_EXPORT AnyComposite {
  public:
   virtual ~AnyComposite() = default;
   /// One address a type: two composites are of one kind when these are equal.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/Description.hpp"
 
 #include <cstddef>
@@ -48,7 +49,7 @@ struct Insets {
 ///
 /// It shares the view's description, so that making and copying one is cheap. Two elements are
 /// equal when nothing that can be seen or heard of them differs.
-class Element {
+class VEMRA_EXPORT Element {
  public:
   Element(View view, const Style& inherited, const Environment& environment);
 
@@ -84,7 +85,7 @@ class Element {
   Insets padding() const;
   const Tag* tag() const;
 
-  friend bool operator==(const Element& a, const Element& b);
+  friend VEMRA_EXPORT bool operator==(const Element& a, const Element& b);
 
  private:
   friend struct BehindElement;
@@ -101,6 +102,6 @@ class Element {
 };
 
 /// The name of a kind as developers write it ("VStack").
-std::string_view kindName(ElementKind kind);
+VEMRA_EXPORT std::string_view kindName(ElementKind kind);
 
 }  // namespace vemra::ui

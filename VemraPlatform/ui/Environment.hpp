@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
+
 #include <memory>
 #include <optional>
 #include <string>
@@ -11,7 +13,7 @@ enum class ColorScheme { light, dark };
 enum class LayoutDirection { leftToRight, rightToLeft };
 
 /// Translations of the screen's own texts.
-class StringsTable {
+class VEMRA_EXPORT StringsTable {
  public:
   virtual ~StringsTable() = default;
   /// The translation of `key` (which may be ""), or nil when there is none and the key is shown.
@@ -25,7 +27,7 @@ class StringsTable {
 /// A default one is fixed (en_US, UTC, no translations), so that tests and reproducible output do
 /// not turn on the machine they run on. It is not the user's: a host that shows a screen hands in
 /// `Environment::system()`, with its own strings table.
-struct Environment {
+struct VEMRA_EXPORT Environment {
   std::string locale = "en_US";  ///< an ICU locale identifier; decides how dates are written
   std::string timeZone = "UTC";  ///< a name of the tz database, or a POSIX rule as in TZ
   std::shared_ptr<const StringsTable> strings;  ///< none: every key is shown as it is

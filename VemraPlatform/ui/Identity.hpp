@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/Element.hpp"
 #include "VemraPlatform/ui/RowIDs.hpp"
 
@@ -32,19 +33,19 @@ struct Identity {
   std::string key;
   std::size_t occurrence = 0;
 
-  friend bool operator==(const Identity& a, const Identity& b);
+  friend VEMRA_EXPORT bool operator==(const Identity& a, const Identity& b);
 };
 
 /// The hash that belongs to the equality of identities.
-struct IdentityHash {
+struct VEMRA_EXPORT IdentityHash {
   std::size_t operator()(const Identity& identity) const;
 };
 
 /// Says whether kind, composite type and branch agree: what a row needs beside its id.
-bool sameKind(const Identity& a, const Identity& b);
+VEMRA_EXPORT bool sameKind(const Identity& a, const Identity& b);
 
 /// The identity of a present view in the given slot; for a keyed one the occurrence is 0.
-Identity identityOf(const View& view, std::size_t slot);
+VEMRA_EXPORT Identity identityOf(const View& view, std::size_t slot);
 
 /// The identity of a row: its key and how many equal keys stand before it.
 struct RowIdentity {
@@ -53,13 +54,15 @@ struct RowIdentity {
 };
 
 /// The identities of the rows at `indexes` (ascending), in one pass over the ids up to the last.
-std::vector<RowIdentity> rowIdentities(const RowIDs& rows, const std::vector<std::size_t>& indexes);
+VEMRA_EXPORT std::vector<RowIdentity> rowIdentities(const RowIDs& rows,
+                                                    const std::vector<std::size_t>& indexes);
 
 /// Stands for the index of a row that is not in the list.
 inline constexpr std::size_t absentRow = static_cast<std::size_t>(-1);
 
 /// Where those rows stand in `rows`, or `absentRow`: one pass over the ids that ends as soon as all
 /// are found.
-std::vector<std::size_t> locateRows(const RowIDs& rows, const std::vector<RowIdentity>& identities);
+VEMRA_EXPORT std::vector<std::size_t> locateRows(const RowIDs& rows,
+                                                 const std::vector<RowIdentity>& identities);
 
 }  // namespace vemra::ui

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/Binding.hpp"
 
 #include <concepts>
@@ -14,10 +15,10 @@ namespace vemra::ui {
 ///
 /// A cell outlives its place as long as something refers to it, so that a late reader gets the
 /// last value; a late write is ignored.
-class StateCell {
+class VEMRA_EXPORT StateCell {
  public:
   /// Told of every real change. The view graph is one.
-  class Owner {
+  class VEMRA_EXPORT Owner {
    public:
     virtual void stateChanged(StateCell& cell) = 0;
 

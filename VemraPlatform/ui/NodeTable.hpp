@@ -58,7 +58,8 @@ class NodeTable {
   /// How many nodes have a value. Costs a step for each page.
   std::size_t size() const {
     std::size_t size = 0;
-    for (const auto& [number, page] : pages_) size += std::popcount(page->used);
+    for (const auto& [number, page] : pages_)
+      size += static_cast<std::size_t>(std::popcount(page->used));
     return size;
   }
 

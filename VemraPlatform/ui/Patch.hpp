@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/Element.hpp"
 #include "VemraPlatform/ui/NodeID.hpp"
 #include "VemraPlatform/ui/RowIDs.hpp"
@@ -58,7 +59,7 @@ enum class RowDemand {
 };
 
 /// What shows the tree: a window, a test harness, a picture.
-class Renderer {
+class VEMRA_EXPORT Renderer {
  public:
   virtual RowDemand rowDemand() const = 0;
   /// Carries out the changes of one pass. May ask the graph for rows and may deliver events; what

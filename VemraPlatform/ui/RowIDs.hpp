@@ -1,12 +1,14 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
+
 #include <cstddef>
 #include <string_view>
 
 namespace vemra::ui {
 
 /// The ids of all rows of a `ForEach`, in order: what is known of a row that nobody has asked for.
-class RowIDs {
+class VEMRA_EXPORT RowIDs {
  public:
   virtual ~RowIDs() = default;
   virtual std::size_t count() const = 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/RowIDs.hpp"
 
 #include <concepts>
@@ -15,7 +16,7 @@ namespace vemra::ui {
 class View;
 
 /// The rows of a `ForEach`, each made only when something asks for it.
-class RowSource : public RowIDs {
+class VEMRA_EXPORT RowSource : public RowIDs {
  public:
   virtual View row(std::size_t index) const = 0;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/Binding.hpp"
 #include "VemraPlatform/ui/Composite.hpp"
 #include "VemraPlatform/ui/Label.hpp"
@@ -44,7 +45,7 @@ using Action = std::function<void()>;
 /// `If` are two identities: switching forgets what was there. A row of a `ForEach` is its id.
 ///
 /// Modifiers are applied with dots and kept in order; each returns a new view.
-class View {
+class VEMRA_EXPORT View {
  public:
   /// The absent view: it shows nothing and holds its slot.
   View() = default;
@@ -133,7 +134,7 @@ enum class VerticalAlignment { top, center };
 
 /// A piece of text, of one line or as many as it takes. Not for a name or a note without
 /// `verbatim`: what is shown as it is says so.
-class Text : public View {
+class VEMRA_EXPORT Text : public View {
  public:
   explicit Text(LocalizedKey key);
   explicit Text(Verbatim text);
@@ -141,14 +142,14 @@ class Text : public View {
 
 /// A title to press. The action runs on the main thread, once a press, and may replace the whole
 /// tree.
-class Button : public View {
+class VEMRA_EXPORT Button : public View {
  public:
   Button(LocalizedKey title, Action action);
   Button(Verbatim title, Action action);
 };
 
 /// A choice among tagged rows, shown as a menu.
-class Picker : public View {
+class VEMRA_EXPORT Picker : public View {
  public:
   template <Choice Value>
   Picker(LocalizedKey title, Binding<Value> selection, Children content)
@@ -157,27 +158,27 @@ class Picker : public View {
 };
 
 /// A single-line text field; its title is the placeholder.
-class TextField : public View {
+class VEMRA_EXPORT TextField : public View {
  public:
   TextField(LocalizedKey title, Binding<std::string> text);
 };
 
 /// Its children below each other, the first on top.
-class VStack : public View {
+class VEMRA_EXPORT VStack : public View {
  public:
   /// `spacing` is the room between two neighbours, in points; an absent child takes none.
   VStack(HorizontalAlignment alignment, int spacing, Children children);
 };
 
 /// Its children beside each other, from where lines begin.
-class HStack : public View {
+class VEMRA_EXPORT HStack : public View {
  public:
   /// `spacing` is the room between two neighbours, in points; an absent child takes none.
   HStack(VerticalAlignment alignment, int spacing, Children children);
 };
 
 /// Holds views without laying them out: for modifiers that several share.
-class Group : public View {
+class VEMRA_EXPORT Group : public View {
  public:
   explicit Group(Children children);
 };
@@ -189,7 +190,7 @@ enum class ScrollIndicators { hidden, shown };
 
 /// A window onto children that may be larger than the screen has room for; they stand below each
 /// other.
-class ScrollView : public View {
+class VEMRA_EXPORT ScrollView : public View {
  public:
   explicit ScrollView(Children children, Axis axis = Axis::vertical,
                       ScrollIndicators indicators = ScrollIndicators::shown);
@@ -200,7 +201,7 @@ class ScrollView : public View {
 /// `elements` is copied and must be cheap to copy; `id` gives each element's id (a member pointer
 /// or a function that returns a reference or a string_view into the element); `row` makes the view.
 /// Ids are compared under canonical equivalence; equal ids are told apart by their order.
-class ForEach : public View {
+class VEMRA_EXPORT ForEach : public View {
  public:
   template <class Elements, RowIDOf<Elements> ID, class Row>
   ForEach(Elements elements, ID id, Row row)
@@ -216,7 +217,7 @@ class ForEach : public View {
 ///         .otherwise([&] { return startButton(); })
 ///
 /// Without `otherwise`, nothing is shown and the slot is kept. Only the branch taken is made.
-class If : public View {
+class VEMRA_EXPORT If : public View {
  public:
   template <class Make>
   If(bool condition, Make make) {

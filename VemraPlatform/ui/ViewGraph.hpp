@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/Environment.hpp"
 #include "VemraPlatform/ui/Event.hpp"
 #include "VemraPlatform/ui/Node.hpp"
@@ -38,7 +39,7 @@ namespace vemra::ui {
 ///   whole tree is removed, its state with it, from the renderer too; the next root starts afresh.
 ///
 /// A graph must not be destroyed by what it calls; that stops the process. Main thread only.
-class ViewGraph final {
+class VEMRA_EXPORT ViewGraph final {
  public:
   /// The default environment is fixed (en_US, UTC, no translations), for tests and reproducible
   /// output; a host hands in `Environment::system()`.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
+
 #include <QAccessible>
 
 /// \file
@@ -26,13 +28,13 @@ struct ChildChange {
 ///
 /// Qt 6.4 tells of a child that goes only those who listen to changes of states as well, and with no
 /// index; and of one that comes with the number of children as its index.
-bool sendsChildSignals();
+VEMRA_EXPORT bool sendsChildSignals();
 
 /// Sends `children-changed` on the accessibility bus.
 ///
 /// A child that nobody knows is a reference to nothing. Of an `unlisted` change there are a `remove`
 /// of nothing and an `add` of a child that is there, both with the index -1: clients' libraries let
 /// go of the children they have kept when an `add` has no index, but only if it names one.
-void sendChildSignal(QAccessible::Id parent, const ChildChange& change);
+VEMRA_EXPORT void sendChildSignal(QAccessible::Id parent, const ChildChange& change);
 
 }  // namespace vemra::qt::atspi

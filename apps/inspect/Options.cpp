@@ -1,6 +1,7 @@
 #include "apps/inspect/Options.hpp"
 
 #include "VemraPlatform/text/OneLine.hpp"
+#include "apps/commandline/Version.hpp"
 #include "apps/commandline/Words.hpp"
 
 #include <algorithm>
@@ -61,6 +62,7 @@ std::variant<Options, commandline::Farewell> readOptions(int argumentCount,
   std::string png, viewport;
   CLI::App app("Renders and drives the goal result screen of a case document without a window.",
                "vemra-inspect");
+  commandline::offerVersion(app);
   app.add_option("CASE", options.file, "The case document, or - for standard input")->required();
   app.add_flag("--trace", options.trace, "Write the element tree after each step too");
   app.add_flag("--outline", options.outline, "Write indented text for people instead of JSON");

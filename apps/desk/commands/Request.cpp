@@ -1,5 +1,6 @@
 #include "apps/desk/commands/Request.hpp"
 
+#include "apps/commandline/Version.hpp"
 #include "apps/commandline/Words.hpp"
 
 #include <CLI/CLI.hpp>
@@ -50,6 +51,7 @@ std::variant<Request, commandline::Farewell> readRequest(int argumentCount,
   Request request;
   Given given;
   CLI::App app("Shows the goals of a store and records what came of them.", "vemra-desk");
+  commandline::offerVersion(app);
   app.require_subcommand(0, 1);
   given.offerStore(app);
   given.offerGoal(app, "Open this goal at once");

@@ -57,7 +57,7 @@ int showWindow(const Request& request, std::ostream& diagnostics) {
   char* arguments[] = {name, nullptr};
   QApplication application(argumentCount, arguments);
   QApplication::setApplicationName("vemra-desk");
-  QApplication::setDesktopFileName("vemra-desk");
+  QApplication::setDesktopFileName("org.vemra.Desk");
 
   const auto engine = std::make_shared<StoreEngine>(file);
   int exitCode = 0;

@@ -1,4 +1,6 @@
+#include "apps/commandline/Version.hpp"
 #include "apps/inspect/Options.hpp"
+#include "tests/apps/OptionsInPages.hpp"
 
 #include <gtest/gtest.h>
 
@@ -126,6 +128,20 @@ TEST(OptionsTest, refusesOtherCommandLines) {
     EXPECT_NE(farewell.diagnostic.find(named), std::string::npos)
         << ::testing::PrintToString(arguments) << ": " << farewell.diagnostic;
   }
+}
+
+TEST(OptionsTest, writesTheVersion) {
+  const auto farewell = std::get<Farewell>(readArguments({"--version"}));
+  EXPECT_EQ(farewell.exitCode, 0);
+  EXPECT_EQ(farewell.output, "vemra-inspect " + commandline::version() + "\n");
+}
+
+TEST(OptionsTest, areThoseOfTheManualPageAndTheCompletion) {
+  using commandline::sample::fileText, commandline::sample::optionsIn;
+  const auto options = optionsIn(std::get<Farewell>(readArguments({"--help"})).output);
+  EXPECT_EQ(options.count("--png"), 1u);
+  EXPECT_EQ(optionsIn(fileText("packaging/man/vemra-inspect.1.in")), options);
+  EXPECT_EQ(optionsIn(fileText("packaging/completions/vemra-inspect")), options);
 }
 
 TEST(OptionsTest, helps) {

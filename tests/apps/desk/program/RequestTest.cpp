@@ -1,4 +1,6 @@
+#include "apps/commandline/Version.hpp"
 #include "apps/desk/commands/Request.hpp"
+#include "tests/apps/OptionsInPages.hpp"
 
 #include <vector>
 
@@ -41,6 +43,27 @@ TEST(RequestTest, ACommandLineHasOneCommandOrNone) {
   EXPECT_EQ(diagnosticOf({}), "");
   EXPECT_EQ(diagnosticOf({"goals"}), "");
   EXPECT_NE(diagnosticOf({"goals", "export", "--goal", "g1"}), "");
+}
+
+TEST(RequestTest, TheManualPageAndTheCompletionHaveTheOptionsAndCommands) {
+  using commandline::sample::fileText, commandline::sample::optionsIn;
+  std::string help = farewellTo({"--help"}).output;
+  const std::string page = fileText("packaging/man/vemra-desk.1.in");
+  const std::string completion = fileText("packaging/completions/vemra-desk");
+  for (const char* command : {"import", "goals", "outcomes", "export"}) {
+    EXPECT_THAT(help, HasSubstr(command));
+    help += farewellTo({command, "--help"}).output;
+    EXPECT_THAT(page, HasSubstr(command));
+    EXPECT_THAT(completion, HasSubstr(command));
+  }
+  EXPECT_EQ(optionsIn(page), optionsIn(help));
+  EXPECT_EQ(optionsIn(completion), optionsIn(help));
+}
+
+TEST(RequestTest, TheVersionIsWrittenOnOneLine) {
+  const commandline::Farewell farewell = farewellTo({"--version"});
+  EXPECT_EQ(farewell.exitCode, 0);
+  EXPECT_EQ(farewell.output, "vemra-desk " + commandline::version() + "\n");
 }
 
 TEST(RequestTest, HelpSaysWhatEachCommandAndOptionIsFor) {

@@ -1,0 +1,140 @@
+# cmake -D kind=static|shared -D build=… -D work=… -D compiler=… -D other_compiler=… -D generator=…
+#       -D window=ON|OFF -P BuildHosts.cmake
+#
+# Installs the libraries of one kind and builds hosts against what is installed, with each compiler and
+# with warnings as errors. The static libraries are those of the build; the shared ones are built here,
+# without optimisation, since only what they export is in question.
+get_filename_component(repository "${CMAKE_CURRENT_LIST_DIR}/../.." ABSOLUTE)
+set(prefix "${work}/prefix")
+set(warnings "-Wall -Wextra -Wpedantic -Wconversion -Werror")
+
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE errors)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "${ARGN}\nended with ${result}:\n${output}${errors}")
+  endif()
+  set(output "${output}" PARENT_SCOPE)
+endfunction()
+
+function(expect output)
+  foreach(line IN LISTS ARGN)
+    string(FIND "${output}" "${line}" place)
+    if(place EQUAL -1)
+      message(FATAL_ERROR "there is no ${line} in:\n${output}")
+    endif()
+  endforeach()
+endfunction()
+
+# Builds the host in the folder of that name.
+function(build_host name host_compiler)
+  get_filename_component(compiler_name "${host_compiler}" NAME)
+  set(folder "${work}/${name}-${compiler_name}")
+  run("${CMAKE_COMMAND}" -S "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/${name}" -B "${folder}" -G "${generator}"
+      "-DCMAKE_CXX_COMPILER=${host_compiler}" "-DCMAKE_PREFIX_PATH=${prefix}"
+      "-DCMAKE_CXX_FLAGS=${warnings}" ${ARGN})
+  run("${CMAKE_COMMAND}" --build "${folder}")
+  # Headers come from the installed copy alone.
+  file(GLOB dependencies "${folder}/*.ninja" "${folder}/CMakeCache.txt")
+  foreach(file IN LISTS dependencies)
+    file(STRINGS "${file}" lines REGEX "-I${repository}( |$)")
+    if(lines)
+      message(FATAL_ERROR "${name} looks for headers in the repository: ${lines}")
+    endif()
+  endforeach()
+  set(folder "${folder}" PARENT_SCOPE)
+endfunction()
+
+file(REMOVE_RECURSE "${work}")
+if(kind STREQUAL "shared")
+  set(build "${work}/libraries")
+  run("${CMAKE_COMMAND}" -S "${repository}" -B "${build}" -G "${generator}" -DBUILD_SHARED_LIBS=ON
+      "-DCMAKE_CXX_COMPILER=${compiler}" -DCMAKE_CXX_FLAGS=-O0 -DCMAKE_UNITY_BUILD=ON
+      -DVEMRA_BUILD_PROGRAMS=OFF -DVEMRA_BUILD_TESTS=OFF "-DVEMRA_WITH_QT=${window}")
+  run("${CMAKE_COMMAND}" --build "${build}")
+endif()
+run("${CMAKE_COMMAND}" --install "${build}" --prefix "${prefix}")
+
+# What a library keeps to itself must not be there to be included; what it offers must.
+foreach(header VemraGoalSurface/GoalOutcomeRecordingControl.hpp VemraPlatform/text/KeyedHash.hpp
+        VemraPlatform/ui/Rows.hpp)
+  if(EXISTS "${prefix}/include/${header}")
+    message(FATAL_ERROR "${header} is installed, and only its library uses it")
+  endif()
+endforeach()
+foreach(header VemraGoalSurface/GoalResultView.hpp VemraPlatform/Export.hpp)
+  if(NOT EXISTS "${prefix}/include/${header}")
+    message(FATAL_ERROR "${header} is not installed")
+  endif()
+endforeach()
+
+# A program finds a shared library by a name that has its version.
+file(STRINGS "${repository}/VERSION" version LIMIT_COUNT 1)
+file(GLOB surface RELATIVE "${prefix}" "${prefix}/lib*/libVemraGoalSurface*"
+     "${prefix}/lib*/*/libVemraGoalSurface*")
+if(kind STREQUAL "shared")
+  expect("${surface}" "libVemraGoalSurface.so.${version}")
+  # What is not marked stays inside.
+  file(GLOB library "${prefix}/lib/libVemraPlatformUI.so" "${prefix}/lib/*/libVemraPlatformUI.so")
+  run(nm --dynamic --defined-only --demangle "${library}")
+  expect("${output}" "vemra::ui::ViewGraph::setRoot")
+  if(output MATCHES "vemra::ui::Reconciler")
+    message(FATAL_ERROR "libVemraPlatformUI.so exports its reconciler, which has no public header")
+  endif()
+else()
+  expect("${surface}" "libVemraGoalSurface.a")
+endif()
+
+file(GLOB_RECURSE headers RELATIVE "${prefix}/include" "${prefix}/include/*.hpp")
+list(TRANSFORM headers REPLACE "(.+)" "#include \"\\1\"")
+list(JOIN headers "\n" headers)
+file(WRITE "${work}/every_header.hpp"
+     "#include <iostream>\n#include <QtWidgets/QtWidgets>\n${headers}\n")
+
+set(expected_lines "Recorded for p1: Was useful\n" "\"Find a design lead\"" "\"Ada\"")
+foreach(host_compiler IN ITEMS "${compiler}" "${other_compiler}")
+  if(NOT host_compiler)
+    message(STATUS "no second compiler: its hosts are left out")
+    continue()
+  endif()
+  build_host(host "${host_compiler}")
+  run("${folder}/host")
+  expect("${output}" ${expected_lines})
+
+  build_host(plugin "${host_compiler}")
+  run("${folder}/loader")
+  expect("${output}" "\"Shown by a plugin\"")
+
+  # A host with a window may use Qt's keywords, and include every header that is installed after them.
+  if(window)
+    build_host(window "${host_compiler}" "-DVEMRA_EVERY_HEADER=${work}/every_header.hpp")
+    run("${CMAKE_COMMAND}" -E env QT_QPA_PLATFORM=offscreen "${folder}/window")
+    expect("${output}" "Opened: p1\n")
+  endif()
+endforeach()
+
+# The same without CMake.
+find_program(pkg_config NAMES pkg-config pkgconf REQUIRED)
+file(GLOB modules "${prefix}/lib/pkgconfig" "${prefix}/lib/*/pkgconfig")
+get_filename_component(libraries "${modules}" DIRECTORY)
+run("${CMAKE_COMMAND}" -E env "PKG_CONFIG_PATH=${modules}"
+    "${pkg_config}" --cflags --libs vemra-testing vemra-goal-surface)
+separate_arguments(flags UNIX_COMMAND "${output}")
+run("${compiler}" "${CMAKE_CURRENT_LIST_DIR}/host/main.cpp" -o "${work}/by-pkg-config" ${flags}
+    "-Wl,-rpath,${libraries}")
+run("${work}/by-pkg-config")
+expect("${output}" ${expected_lines})
+if(window)
+  run("${CMAKE_COMMAND}" -E env "PKG_CONFIG_PATH=${modules}" "${pkg_config}" --libs vemra-qt)
+  expect("${output}" "-lVemraQt" "-lQt6Widgets")
+endif()
+
+# A component that does not exist is named, and so are those that do.
+execute_process(COMMAND "${CMAKE_COMMAND}" -S "${CMAKE_CURRENT_LIST_DIR}/missing" -B "${work}/missing"
+                        -G "${generator}" "-DCMAKE_CXX_COMPILER=${compiler}"
+                        "-DCMAKE_PREFIX_PATH=${prefix}"
+                RESULT_VARIABLE result OUTPUT_QUIET ERROR_VARIABLE errors)
+if(result EQUAL 0)
+  message(FATAL_ERROR "a host was configured with a component that does not exist")
+endif()
+string(REGEX REPLACE "[ \n]+" " " errors "${errors}")
+expect("${errors}" "Vemra has no component Windows." "GoalEngine" "Testing")
