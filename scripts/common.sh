@@ -59,7 +59,7 @@ configure_and_build() {
   log="build/$preset/configure.log"
   options=("${configure_options[@]}")
   case $preset in
-    clang | aligned | fuzz) options+=("CMAKE_CXX_COMPILER=$(llvm clang++)") ;;
+    debug | clang | aligned | fuzz) options+=("CMAKE_CXX_COMPILER=$(llvm clang++)") ;;
   esac
   if ! is_configured "$preset" "${options[@]}"; then
     if ! cmake --preset "$preset" "${options[@]/#/-D}" >"$log" 2>&1 </dev/null; then

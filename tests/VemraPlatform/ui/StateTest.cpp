@@ -16,7 +16,7 @@ using namespace sample;
 
 using Texts = std::vector<std::string>;
 
-struct Note {
+struct AccentedNote {
   struct State {
     std::string text = "\u00E9";
     friend bool operator==(const State&, const State&) = default;
@@ -129,7 +129,7 @@ TEST(StateTest, AnEqualWriteIsNoChange) {
 
 TEST(StateTest, TextIsComparedByteForByte) {
   ViewGraph graph;
-  graph.setRoot(Note{});
+  graph.setRoot(AccentedNote{});
   graph.deliver(graph.root()->children[0]->id, EditText{"e\u0301"});
   EXPECT_EQ(graph.root()->children[0]->element.text(), "e\u0301") << "typed text is not normalised";
 }

@@ -21,7 +21,7 @@ using namespace std::chrono_literals;
 using Call = SystemCallFault::Call;
 
 /// The number by which a window notices that a store has changed, and what failures do to it.
-class StoreVersionTest : public testing::Test {
+class StoreVersionTest : public ::testing::Test {
  protected:
   StoreVersionTest() {
     GoalStore::open(file).import({goal("g1", "One")});
