@@ -20,11 +20,9 @@ class RowIdentifiers {
  public:
   /// \param uncertain The rows that are different now from what their source alone makes of them,
   /// and may become so again: they are named for every identifier.
-  RowIdentifiers(std::shared_ptr<const ui::RowIDs> source, ui::Environment environment,
+  RowIdentifiers(const std::shared_ptr<const ui::RowIDs>& source, ui::Environment environment,
                  std::vector<std::size_t> uncertain)
-      : source_(std::move(source)),
-        environment_(std::move(environment)),
-        uncertain_(std::move(uncertain)) {}
+      : source_(source), environment_(std::move(environment)), uncertain_(std::move(uncertain)) {}
 
   /// Whether what is noted here is true of these rows in this environment.
   bool areOf(const std::shared_ptr<const ui::RowIDs>& source,
