@@ -46,12 +46,11 @@ install(FILES "${CMAKE_BINARY_DIR}/VemraConfig.cmake" "${CMAKE_BINARY_DIR}/Vemra
         DESTINATION "${package_folder}" COMPONENT development)
 
 # vemra_pkg_config(<module> <description> LIBRARIES <libraries> [REQUIRES <modules>] [PRIVATE <modules>])
-# A host names the PRIVATE modules itself only where it links static libraries, so there they are required.
+# Only static libraries leave the PRIVATE modules to the host's linker; shared ones do not want them there.
 function(vemra_pkg_config name description)
   cmake_parse_arguments(arg "" "" "LIBRARIES;REQUIRES;PRIVATE" ${ARGN})
   if(NOT BUILD_SHARED_LIBS)
     list(APPEND arg_REQUIRES ${arg_PRIVATE})
-    set(arg_PRIVATE "")
   endif()
   set(folder "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
   # Relative to the file, so that `cmake --install --prefix` and a moved folder need no change.
@@ -62,7 +61,6 @@ function(vemra_pkg_config name description)
   list(TRANSFORM arg_LIBRARIES PREPEND "-l" OUTPUT_VARIABLE libraries)
   list(JOIN libraries " " libraries)
   list(JOIN arg_REQUIRES ", " requires)
-  list(JOIN arg_PRIVATE ", " requires_private)
   configure_file("${CMAKE_CURRENT_FUNCTION_LIST_DIR}/vemra.pc.in" "${CMAKE_BINARY_DIR}/${name}.pc" @ONLY)
   install(FILES "${CMAKE_BINARY_DIR}/${name}.pc" DESTINATION "${folder}" COMPONENT development)
 endfunction()

@@ -55,11 +55,12 @@ set(CPACK_COMPONENTS_ALL runtime development programs)
 set(library_package "libvemra${VEMRA_SOVERSION}")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${library_package})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${packaging}/triggers")
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "screen of a goal and the people who can help to reach it
- Libraries that show the result of a goal engine: the people worth considering
- for a goal, the reason for each, and the path to the person to be reached. They
- bring a declarative view layer, a window for Qt 6 with a complete accessibility
- tree, and a harness for tests without a window.")
+Libraries that show the result of a goal engine: the people worth considering
+for a goal, the reason for each, and the path to the person to be reached.
+They bring a declarative view layer, a window for Qt 6 with a complete
+accessibility tree, and a harness for tests without a window.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libvemra-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
@@ -67,15 +68,18 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${library_package} (= ${PROJECT_VERSION}-1), qt6-base-dev (>= 6.4)")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "headers to embed the screen of a goal
- What a host application needs to compile against libvemra: the headers, CMake
- packages and pkg-config modules.")
+What a host application needs to compile against libvemra: the headers, CMake
+packages and pkg-config modules.")
 
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_NAME vemra)
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_SECTION utils)
-set(CPACK_DEBIAN_PROGRAMS_PACKAGE_DEPENDS "${library_package} (= ${PROJECT_VERSION}-1)")
+# SQLite has STRICT tables since 3.37. The window comes up by a plugin of Qt's that no library names.
+set(CPACK_DEBIAN_PROGRAMS_PACKAGE_DEPENDS
+    "${library_package} (= ${PROJECT_VERSION}-1), libsqlite3-0 (>= 3.37), qt6-qpa-plugins")
 set(CPACK_COMPONENT_PROGRAMS_DESCRIPTION "reach a goal through the people you know
- vemra-desk shows the goals of a store in a window and records what came of each
- suggestion. vemra-inspect renders and drives the same screen from a script.")
+vemra-desk shows the goals of a store in a window and records what came of
+each suggestion. vemra-inspect renders and drives the same screen from a
+script.")
 
 # Each package says under which terms it may be used, and what has changed.
 set(changes "${CMAKE_BINARY_DIR}/packaging/changelog.Debian")
