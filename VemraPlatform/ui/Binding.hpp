@@ -7,9 +7,9 @@
 
 namespace vemra::ui {
 
-/// A way to a value that lives elsewhere: read it, write it.
+/// Reads and writes a value that lives elsewhere.
 ///
-/// What a picker or a text field is given in place of a value of its own.
+/// A picker or a text field gets a binding instead of a value of its own.
 template <class Value>
 class Binding {
  public:
@@ -24,7 +24,7 @@ class Binding {
   std::function<void(Value)> set_;
 };
 
-/// The same place seen as a tag. Writing a tag that holds another type changes nothing.
+/// The same binding with the value as a tag. Writing a tag of another type changes nothing.
 template <Choice Value>
 Binding<Tag> asTag(Binding<Value> binding) {
   return Binding<Tag>([binding] { return Tag(binding.get()); },

@@ -37,21 +37,21 @@ concept HasBody = StatefulComposite<Struct> || StatelessComposite<Struct>;
 ///     View body(const Environment&) const;
 ///     View body(const LocalState<State>&) const;   // with a nested `struct State`
 ///
-/// It may name itself (`static constexpr std::string_view name`) and tell its properties
-/// (`Properties properties() const`, or `properties(const State&)`). Nothing on the screen depends
-/// on either; they are for developers, and for tools: vemra-inspect writes the name and the
-/// properties of a composite that has any as an element with these very keys, so that its readers
-/// rely on them.
+/// It may have a name (`static constexpr std::string_view name`) and properties (`Properties
+/// properties() const`, or `properties(const State&)`). The screen does not depend on either; they
+/// are for developers and for tools. vemra-inspect writes the name and the properties of a
+/// composite that has any as an element with these keys, and its readers rely on the keys.
 template <class Struct>
 concept CompositeView = HasBody<Struct> && std::copy_constructible<Struct>;
-// The body comes first: whether a class that is made from a view can be copied may turn on whether
-// it is itself a view.
+// Check `HasBody` first: whether a class that can be constructed from a view is copyable may depend
+// on whether the class itself is a view.
 
-/// A composite with its type forgotten: what the view graph sees.
+/// A type-erased composite, as the view graph sees it.
 class VEMRA_EXPORT AnyComposite {
  public:
   virtual ~AnyComposite() = default;
-  /// One address a type: two composites are of one kind when these are equal.
+  /// An address that is unique for each type: two composites have the same type when these are
+  /// equal.
   virtual const void* type() const = 0;
   virtual std::string_view name() const = 0;
   /// A new cell in its initial state, or nullptr when the composite has no state.
@@ -71,7 +71,7 @@ class ErasedComposite final : public AnyComposite {
   }
 
   std::string_view name() const override {
-    // Through its address: a member of each value's own, which may be called so too, has none here.
+    // Through the address, because a non-static member of the same name has none.
     if constexpr (requires { std::string_view(*&Struct::name); }) {
       return Struct::name;
     } else {
@@ -93,7 +93,7 @@ class ErasedComposite final : public AnyComposite {
     if constexpr (StatefulComposite<Struct>) {
       using Cell = StateCellOf<typename Struct::State>;
       if constexpr (requires(const Cell& cell) { value_.properties(cell.value()); }) {
-        // A node that is being made has none yet.
+        // A node that is being made has no state yet.
         if (state) return value_.properties(static_cast<const Cell*>(state)->value());
       }
     } else if constexpr (requires { value_.properties(); }) {

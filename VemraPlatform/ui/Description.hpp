@@ -10,8 +10,8 @@
 #include <vector>
 
 /// \file
-/// What a view says, for the view graph. A screen is written with View.hpp only, and a renderer reads
-/// elements.
+/// The content of views, for the view graph. Screens are written with View.hpp only, and renderers
+/// read elements.
 
 namespace vemra::ui {
 
@@ -64,12 +64,12 @@ using Content =
     std::variant<TextContent, ButtonContent, PickerContent, TextFieldContent, VStackContent,
                  HStackContent, GroupContent, ScrollViewContent, ForEachContent, CompositeContent>;
 
-/// What a view is, and what was said of it.
+/// The content of a view, its modifiers and its identity.
 struct Description {
   Content content;
   std::vector<Modifier> modifiers;  ///< in the order in which they were applied
   std::optional<std::string> key;   ///< the identity given with `View::id`
-  std::uint64_t branch = 0;         ///< which branches of conditions it stands in; 0: none
+  std::uint64_t branch = 0;         ///< identifies the branches of conditions around it; 0: none
 };
 
 }  // namespace vemra::ui

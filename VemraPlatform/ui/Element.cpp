@@ -24,7 +24,7 @@ const Label* labelOf(const Content& content) {
 
 Style styleInside(const std::vector<Modifier>& modifiers, const Style& inherited) {
   Style style = inherited;
-  // From the outermost modifier inwards, so that the innermost one has the last word.
+  // From the outermost modifier inwards, so that the innermost one wins.
   for (auto modifier = modifiers.rbegin(); modifier != modifiers.rend(); ++modifier) {
     if (auto* font = std::get_if<FontModifier>(&*modifier)) {
       style.font = font->font;
@@ -72,7 +72,7 @@ struct Element::Found {
 
 Element::Element(View view, const Style& inherited, const Environment& environment)
     : view_(std::move(view)) {
-  // Not in the initialiser: g++ 12 fails there when it inlines the call.
+  // Not in the initialiser list: g++ 12 fails to compile it there when it inlines the call.
   style_ = styleInside(description().modifiers, inherited);
   const Content& content = description().content;
   Found found;
@@ -193,7 +193,7 @@ bool operator==(const Element& a, const Element& b) {
 }
 
 std::string_view kindName(ElementKind kind) {
-  // In the order of `Content`, as the kinds are.
+  // In the order of `Content`, like `ElementKind`.
   constexpr std::array<std::string_view, std::variant_size_v<Content>> names = {
       "Text",   "Button", "Picker",     "TextField", "VStack",
       "HStack", "Group",  "ScrollView", "ForEach",   "Composite"};

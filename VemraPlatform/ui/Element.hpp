@@ -12,7 +12,7 @@
 
 namespace vemra::ui {
 
-/// What an element is. The order is that of `Content`.
+/// The kinds of elements, in the order of `Content`.
 enum class ElementKind {
   text,
   button,
@@ -26,16 +26,16 @@ enum class ElementKind {
   composite,
 };
 
-/// What reaches an element from the modifiers above it and its own.
+/// The style of an element: the effect of the modifiers around it and of its own.
 ///
-/// Of the fonts, the foreground styles and the weights, the innermost has the last word; being
-/// disabled adds up, so that inside a disabled view nothing is enabled again.
+/// The innermost font, foreground style and weight win. Disabling adds up: inside a disabled view,
+/// nothing can be enabled again.
 struct Style {
   Font font = Font::body;
   ForegroundStyle foreground = ForegroundStyle::primary;
   bool enabled = true;
-  /// The weight that a modifier beside the font asks for; `font` already has it. Kept so that it
-  /// outlives a font further in that names no weight of its own.
+  /// The weight that a `fontWeight` modifier sets; `font` already includes it. Stored so that it
+  /// also applies to an inner font that sets no weight.
   std::optional<FontWeight> fontWeight = std::nullopt;
   friend bool operator==(const Style&, const Style&) = default;
 };
@@ -45,10 +45,10 @@ struct Insets {
   friend bool operator==(const Insets&, const Insets&) = default;
 };
 
-/// One element as a renderer sees it: a comparable value that gives no way to handlers or to the view.
+/// One element as a renderer sees it: a comparable value without access to handlers or to the view.
 ///
-/// It shares the view's description, so that making and copying one is cheap. Two elements are
-/// equal when nothing that can be seen or heard of them differs.
+/// It shares the view's description, so making and copying an element is cheap. Two elements are
+/// equal when they do not differ in anything that a renderer shows or assistive technology reads.
 class VEMRA_EXPORT Element {
  public:
   Element(View view, const Style& inherited, const Environment& environment);
@@ -59,12 +59,12 @@ class VEMRA_EXPORT Element {
 
   /// The text of a Text, the title of a Button, Picker or TextField; nullptr for other kinds.
   const Label* label() const;
-  /// What is shown for the label: the verbatim text, or the key's translation; "" without a label.
+  /// The shown text of the label: the verbatim text, or the key's translation; "" without a label.
   std::string_view shownLabel() const;
 
-  /// What stands in a TextField; "" for other kinds.
+  /// The text in a TextField; "" for other kinds.
   const std::string& text() const;
-  /// What is chosen in a Picker; nil for other kinds.
+  /// The selected tag of a Picker; nil for other kinds.
   const std::optional<Tag>& selection() const;
 
   /// Space between children of a stack, in points; 0 for other kinds.
@@ -73,7 +73,7 @@ class VEMRA_EXPORT Element {
   VerticalAlignment verticalAlignment() const;      ///< of an HStack's children
   Axis scrollAxis() const;                          ///< of a ScrollView
   ScrollIndicators scrollIndicators() const;        ///< of a ScrollView
-  /// How many rows a ForEach has, described or not; 0 for other kinds.
+  /// The number of rows of a ForEach, including rows that are not described yet; 0 for other kinds.
   std::size_t rowCount() const { return rowCount_; }
   /// The composite's name for developers; "" for other kinds.
   std::string_view compositeName() const;
@@ -92,7 +92,7 @@ class VEMRA_EXPORT Element {
 
   const Description& description() const { return view_.description(); }
 
-  /// What the description does not say by itself. Few elements have any of it.
+  /// Values that the description does not contain. Few elements have any.
   struct Found;
 
   View view_;

@@ -21,13 +21,13 @@ struct Submit {};  ///< the Return key in a text field
 
 using Event = std::variant<Press, Select, EditText, Submit>;
 
-/// What became of an event.
+/// The result of delivering an event.
 enum class Delivery {
-  acted,     ///< the element took it
-  queued,    ///< another event is being handled; this one comes right after it
+  acted,     ///< the element handled it
+  queued,    ///< another event is being handled; the graph handles this one next
   gone,      ///< the element is no longer there
   disabled,  ///< the element is disabled
-  refused,   ///< the element does not take such an event
+  refused,   ///< the element does not accept this kind of event
 };
 
 }  // namespace vemra::ui

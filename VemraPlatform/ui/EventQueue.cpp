@@ -10,13 +10,14 @@ namespace vemra::ui {
 
 namespace {
 
-// More passes than any screen needs to come to rest; a loop of writes is a programmer's error.
+// More passes than any screen needs until nothing changes; beyond it, state writes form a loop,
+// which is a programmer's error.
 constexpr int maximumPasses = 10'000;
 
 Delivery actOn(const Node* node, const Event& event) {
   if (!node) return Delivery::gone;
   if (!node->element.style().enabled) return Delivery::disabled;
-  // Held: the action may make the description go that holds its handler.
+  // Keeps the description alive: the action may replace the description that holds its handler.
   const View held = BehindElement::view(node->element);
   const Content& content = held.description().content;
   if (auto* button = std::get_if<ButtonContent>(&content)) {
@@ -88,7 +89,7 @@ void EventQueue::stateChanged(NodeID id) {
   if (reconciler_.isDescribing()) {
     programmerError("state was written while a view was being described", node);
   }
-  if (!node) return;  // asleep: the value waits there for the row's return
+  if (!node) return;  // the row is asleep; its state keeps the value until it returns
   reconciler_.markOutOfDate(*node);
   settleUnlessBusy();
 }
@@ -106,8 +107,7 @@ void EventQueue::settleUnlessBusy() {
   if (!busy_) settle();
 }
 
-/// Works until nothing waits, one event after the other. What was remembered as an error comes out
-/// at the end.
+/// Handles one request after the other until none waits, then rethrows the first exception.
 void EventQueue::settle() {
   busy_ = true;
   int passes = 0;
@@ -137,7 +137,7 @@ bool EventQueue::somethingWaits() const {
          !reconciler_.patches().isEmpty();
 }
 
-/// Takes up what waits, in one go, and hands the renderer its patches.
+/// Handles all waiting requests in one pass and hands the renderer the patches.
 void EventQueue::runPass() {
   reconciler_.beginPass();
   try {
@@ -155,7 +155,7 @@ void EventQueue::runPass() {
 void EventQueue::takeUp() {
   if (Renderer* const next = std::exchange(renderer_, nullptr)) {
     const bool isAnother = reconciler_.patches().connect(next, reconciler_.root(), errors_);
-    // It may demand rows that the last renderer did not.
+    // The new renderer may demand rows that the previous renderer did not.
     if (isAnother && !root_) root_ = reconciler_.rootView();
   }
   if (environment_) {

@@ -17,10 +17,10 @@ namespace vemra::ui {
 class FirstError;
 class Reconciler;
 
-/// What is asked of a view graph, one thing after the other, each handled to its end.
+/// Handles the requests to a view graph one after the other, each completely before the next.
 ///
-/// Remembers what was asked while something else was being handled (an action sets a root, a renderer
-/// asks for rows), so that nothing is dropped and nothing recurses. Of roots, environments and
+/// A request that arrives while another is handled (an action sets a root, a renderer asks for
+/// rows) is queued, so that nothing is dropped and nothing recurses. Of roots, environments and
 /// renderers only the last one counts; events and row requests keep their order.
 class EventQueue {
  public:
@@ -28,7 +28,7 @@ class EventQueue {
       : reconciler_(reconciler), errors_(errors) {}
 
   bool isBusy() const { return busy_; }
-  /// Handles nothing any more.
+  /// Stops the queue: it queues later requests and never handles them.
   void close() { busy_ = true; }
 
   void attach(Renderer& renderer);
@@ -40,8 +40,9 @@ class EventQueue {
   Delivery deliver(NodeID node, Event event);
   void stateChanged(NodeID node);
 
-  /// Runs `work`, which changes the tree and records no patch, and then what has come up meanwhile.
-  /// Nothing else may be being handled. When `work` throws, the tree is abandoned.
+  /// Runs `work`, which changes the tree and records no patch, and then handles the requests that
+  /// arrived meanwhile. Must not be called while a request is being handled. When `work` throws,
+  /// the tree is abandoned.
   template <class Work>
   void run(const Work& work) {
     busy_ = true;

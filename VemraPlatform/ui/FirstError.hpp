@@ -8,16 +8,16 @@
 
 namespace vemra::ui {
 
-/// The first exception of what is being handled. It is kept, because an exception must not stop the
-/// rest, and thrown when everything has settled.
+/// Keeps the first exception while the graph handles requests, because an exception must not stop
+/// the others; rethrows it at the end.
 class FirstError {
  public:
-  /// Keeps the exception that is being caught, unless there is one already.
+  /// Keeps the exception that is being caught, unless an earlier one is kept.
   void remember() {
     if (!error_) error_ = std::current_exception();
   }
 
-  /// Throws the exception that was kept, and forgets it. Does nothing without one.
+  /// Rethrows the kept exception and forgets it. Does nothing without one.
   void rethrow() {
     if (error_) std::rethrow_exception(std::exchange(error_, nullptr));
   }

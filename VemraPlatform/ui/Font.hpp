@@ -4,12 +4,12 @@
 
 namespace vemra::ui {
 
-/// The roles a text can have on the screen, each with its size and usual weight.
+/// The roles of text on the screen, each with its size and usual weight.
 enum class TextStyle { title2, headline, body, subheadline, caption, caption2 };
 
 enum class FontWeight { regular, medium, semibold, bold };
 
-/// A text style, with its own weight unless another one is asked for: `Font::body.weight(medium)`.
+/// A text style, with its usual weight unless another one is set: `Font::body.weight(medium)`.
 ///
 /// A font names a role, not a size: a renderer turns it into a size relative to the system's font.
 struct Font {

@@ -73,7 +73,7 @@ std::vector<std::size_t> locateRows(const RowIDs& rows,
   std::vector<std::size_t> places(identities.size(), absentRow);
   struct Sought {
     std::size_t seen = 0;
-    std::vector<std::size_t> positions;  // of the identities with this key
+    std::vector<std::size_t> positions;  // the positions of the identities with this key
   };
   ByKey<Sought> sought;
   for (std::size_t i = 0; i < identities.size(); ++i) {

@@ -12,11 +12,11 @@
 
 namespace vemra::ui {
 
-/// What makes a node the same node in the next description of its parent.
+/// Decides whether a node stays the same node in the next description of its parent.
 ///
-/// A child is the same exactly when its kind (for a composite: its type), its branch and its place
-/// agree. The place is the slot among the parent's children, counting absent ones, or the view's
-/// own key, equal keys being told apart by their order:
+/// A child is the same if and only if its kind (for a composite: its type), its branch and its
+/// place are equal. The place is the slot among the parent's children, counting absent ones, or the
+/// view's own key; equal keys are told apart by their order:
 ///
 ///     before              after                  same?
 ///     slot 1: Button      slot 1: Button         yes, whatever title and action
@@ -36,18 +36,18 @@ struct Identity {
   friend VEMRA_EXPORT bool operator==(const Identity& a, const Identity& b);
 };
 
-/// The hash that belongs to the equality of identities.
+/// A hash that is consistent with the equality of identities.
 struct VEMRA_EXPORT IdentityHash {
   std::size_t operator()(const Identity& identity) const;
 };
 
-/// Says whether kind, composite type and branch agree: what a row needs beside its id.
+/// Whether kind, composite type and branch are equal: what a row needs besides its id to stay.
 VEMRA_EXPORT bool sameKind(const Identity& a, const Identity& b);
 
-/// The identity of a present view in the given slot; for a keyed one the occurrence is 0.
+/// The identity of a present view in the given slot; a keyed one has the occurrence 0.
 VEMRA_EXPORT Identity identityOf(const View& view, std::size_t slot);
 
-/// The identity of a row: its key and how many equal keys stand before it.
+/// The identity of a row: its key and the number of equal keys before it.
 struct RowIdentity {
   std::string_view key;
   std::size_t occurrence = 0;
@@ -57,11 +57,11 @@ struct RowIdentity {
 VEMRA_EXPORT std::vector<RowIdentity> rowIdentities(const RowIDs& rows,
                                                     const std::vector<std::size_t>& indexes);
 
-/// Stands for the index of a row that is not in the list.
+/// Used instead of an index for a row that is not in the list.
 inline constexpr std::size_t absentRow = static_cast<std::size_t>(-1);
 
-/// Where those rows stand in `rows`, or `absentRow`: one pass over the ids that ends as soon as all
-/// are found.
+/// The indexes of those rows in `rows`, or `absentRow`: one pass over the ids, which ends when all
+/// rows are found.
 VEMRA_EXPORT std::vector<std::size_t> locateRows(const RowIDs& rows,
                                                  const std::vector<RowIdentity>& identities);
 

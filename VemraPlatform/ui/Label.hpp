@@ -6,9 +6,9 @@
 
 namespace vemra::ui {
 
-/// A text of the screen's own, looked up in the strings table; the English text is the key.
+/// A text of the screen itself, looked up in the strings table; its key is the English text.
 ///
-/// Only a literal makes one, so that a name or a note can never be taken for a key by accident.
+/// Only a string literal can make one, so that a name or a note is never used as a key by accident.
 class LocalizedKey {
  public:
   consteval LocalizedKey(const char* literal) : key_(literal) {}
@@ -18,12 +18,12 @@ class LocalizedKey {
   std::string_view key_;
 };
 
-/// A text shown as it is, byte for byte, and never looked up.
+/// A text that is shown byte for byte and never looked up.
 struct Verbatim {
   std::string text;
 };
 
-/// Marks `text` as one to show as it is: `Text(verbatim(person.name))`.
+/// Makes a text that is shown unchanged: `Text(verbatim(person.name))`.
 inline Verbatim verbatim(std::string text) {
   return {std::move(text)};
 }
@@ -34,7 +34,7 @@ inline Verbatim verbatim(const char* text) {
   return {text};
 }
 
-/// What a view shows as its text or title: a localised key or a verbatim string.
+/// The text or title of a view: a localised key or a verbatim string.
 class Label {
  public:
   enum class Kind { localizedKey, verbatim };

@@ -10,9 +10,10 @@ namespace {
 
 constexpr std::size_t isNew = static_cast<std::size_t>(-1);
 
-/// Marks the positions of a longest strictly increasing run in `places`; `isNew` is never in it.
+/// Marks the positions of a longest strictly increasing subsequence of `places`, which never
+/// includes `isNew`.
 std::vector<bool> longestIncreasing(const std::vector<std::size_t>& places) {
-  std::vector<std::size_t> tails;  // positions that end a run of each length
+  std::vector<std::size_t> tails;  // the last position of a subsequence of each length
   std::vector<std::size_t> previous(places.size(), isNew);
   for (std::size_t i = 0; i < places.size(); ++i) {
     if (places[i] == isNew) continue;

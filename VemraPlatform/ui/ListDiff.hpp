@@ -7,24 +7,24 @@
 
 namespace vemra::ui {
 
-/// One step of turning a list of children into another.
+/// One step that turns a list of children into another.
 ///
-/// Places are named by neighbour, never by index: what still has to move away counts in an index
-/// too, so that a list of index-placed steps looks right and goes wrong on one pair of lists in ten
-/// or so. A test keeps the count.
+/// A step names a neighbour, not an index: an index would also count the items that later steps
+/// move away, so that a list of steps with indexes looks right and fails for about one pair of
+/// lists in ten. A test counts these failures.
 struct ListOperation {
   enum class Kind { insert, move, remove };
   Kind kind;
   NodeID item;
-  NodeID after;  ///< the item stands right behind this one; none: it is the first
+  NodeID after;  ///< the item comes right after this one; none: it comes first
   friend bool operator==(const ListOperation&, const ListOperation&) = default;
 };
 
-/// The steps that turn `before` into `after`, to be carried out in order: removals first, then
-/// insertions and moves from the front to the back. Neither list may hold an item twice.
+/// Computes the steps that turn `before` into `after`, in order: first the removals, then the
+/// insertions and moves from front to back. Neither list may contain an item twice.
 ///
-/// Moves are as few as they can be (all but a longest increasing run stays put), so that what holds
-/// the focus is rarely what moves.
+/// The number of moves is minimal (the items of a longest increasing subsequence stay), so that the
+/// focused item rarely moves.
 std::vector<ListOperation> diff(std::span<const NodeID> before, std::span<const NodeID> after);
 
 }  // namespace vemra::ui

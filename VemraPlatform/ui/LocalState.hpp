@@ -11,13 +11,13 @@
 
 namespace vemra::ui {
 
-/// Where a composite's state lives: owned by its place in the tree, not by the view value.
+/// Holds a composite's state; it belongs to a place in the tree, not to the view value.
 ///
-/// A cell outlives its place as long as something refers to it, so that a late reader gets the
-/// last value; a late write is ignored.
+/// A cell outlives its place while a reference to it exists: a late read returns the last value,
+/// and a late write is ignored.
 class VEMRA_EXPORT StateCell {
  public:
-  /// Told of every real change. The view graph is one.
+  /// Gets a call when the value of a cell changes. The view graph is an owner.
   class VEMRA_EXPORT Owner {
    public:
     virtual void stateChanged(StateCell& cell) = 0;
@@ -32,7 +32,7 @@ class VEMRA_EXPORT StateCell {
   bool isAttached() const { return owner_ != nullptr; }
   void attach(Owner& owner, std::uint64_t place) { owner_ = &owner, place_ = place; }
   void detach() { owner_ = nullptr; }
-  /// Keeps the cell alive and writable while no node has it.
+  /// Keeps the cell alive and writable while it has no node.
   void sleep() { place_ = 0; }
   std::uint64_t place() const { return place_; }
 
@@ -61,9 +61,9 @@ class StateCellOf final : public StateCell {
   State value_{};
 };
 
-/// A composite's own state, as its `body` and its actions see it.
+/// A composite's own state, for its `body` and its actions.
 ///
-/// Copy it into an action freely. A write is visible to the next read, also within the same action;
+/// Actions may keep copies of it. A write is visible to the next read, even within the same action;
 /// writing an equal value changes nothing; the body runs once, when the outermost event has ended.
 /// A write after the view has left the screen is ignored. Main thread only.
 template <class State>
@@ -79,7 +79,7 @@ class LocalState {
     cell_->set(field, std::move(value));
   }
 
-  /// A way to one field, for a control that edits it.
+  /// A binding to one field, for a control that edits it.
   template <class Field>
   Binding<Field> binding(Field State::*field) const {
     auto cell = cell_;

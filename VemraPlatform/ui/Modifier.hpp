@@ -15,9 +15,9 @@ enum class PickerStyle { menu };
 enum class TextFieldStyle { roundedBorder };
 
 /// \name Modifiers
-/// What can be said of a view beside what it is. The order in which they were applied is kept:
-/// where two of a kind meet, the one applied first is the inner one and wins.
-/// Font, foreground style and disabled reach down to what a view holds; the others do not.
+/// The changes that can be applied to a view. They are kept in the order of application; of two of
+/// the same kind, the one applied first is the inner one and wins. Font, weight, foreground style
+/// and disabled also apply to the views inside; the others do not.
 /// @{
 struct FontModifier {
   Font font;
@@ -48,22 +48,22 @@ struct TextFieldStyleModifier {
   TextFieldStyle style;
   friend bool operator==(const TextFieldStyleModifier&, const TextFieldStyleModifier&) = default;
 };
-/// Hides the view's own title from the eye; assistive technology still has it.
+/// Hides the view's own title visually; assistive technology still reads it.
 struct LabelsHiddenModifier {
   friend bool operator==(const LabelsHiddenModifier&, const LabelsHiddenModifier&) = default;
 };
-/// Inside a disabled view nothing can be enabled again.
+/// Inside a disabled view, nothing can be enabled again.
 struct DisabledModifier {
   bool disabled;
   friend bool operator==(const DisabledModifier&, const DisabledModifier&) = default;
 };
-/// Names the view for automation. Byte for byte: no escaping, no normalisation.
+/// Sets the view's identifier for automation, byte for byte: no escaping, no normalisation.
 struct AccessibilityIdentifierModifier {
   std::string identifier;
   friend bool operator==(const AccessibilityIdentifierModifier&,
                          const AccessibilityIdentifierModifier&) = default;
 };
-/// The value that a picker's row stands for.
+/// The value that a picker's row represents.
 struct TagModifier {
   Tag tag;
   friend bool operator==(const TagModifier&, const TagModifier&) = default;

@@ -15,29 +15,29 @@ namespace vemra::ui {
 struct Rows;
 struct SavedState;
 
-/// One place of the tree, as long as it lasts: what a view describes and what owns state.
+/// A node of the living tree: it holds the current description of a view and owns its state.
 ///
-/// Renderers and tests read it through `ViewGraph::find`; only the graph changes it.
+/// Renderers and tests read nodes through `ViewGraph::find`; only the graph changes them.
 struct Node {
   NodeID id;
   Node* parent = nullptr;
   Identity identity;
   Element element;
-  /// In order. Of a `ForEach`: the rows that are shown.
+  /// In order. For a `ForEach`: the shown rows.
   std::vector<Node*> children;
 
-  /// Of a row of a `ForEach`: where it stands among all rows, and its id byte for byte.
+  /// For a row of a `ForEach`: its index among all rows, and its id byte for byte.
   bool isRow = false;
   std::size_t rowIndex = 0;
   std::string rowID;
-  bool isShown = true;  ///< false for a row that was described for a look only
+  bool isShown = true;  ///< false for a row that was described without being shown
 
-  std::shared_ptr<StateCell> state;  ///< of a composite with state
-  std::shared_ptr<Rows> rows;        ///< of a ForEach
-  /// Of a composite whose body threw when its row woke: what slept below it.
+  std::shared_ptr<StateCell> state;  ///< for a composite with state
+  std::shared_ptr<Rows> rows;        ///< for a ForEach
+  /// For a composite whose body threw while its row woke up: the saved state of the nodes below it.
   std::shared_ptr<SavedState> asleepBelow;
   std::uint64_t describedInPass = 0;
-  bool isGone = false;  ///< taken out of the tree, not freed yet
+  bool isGone = false;  ///< removed from the tree, not freed yet
 };
 
 }  // namespace vemra::ui

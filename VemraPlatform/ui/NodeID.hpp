@@ -5,9 +5,9 @@
 
 namespace vemra::ui {
 
-/// Names one node of a view graph, for as long as the graph lives: an id is never used twice.
+/// Identifies one node of a view graph while the graph lives: an id is never reused.
 ///
-/// The default one names nothing.
+/// A default-constructed id identifies no node.
 struct NodeID {
   std::uint64_t value = 0;
   explicit operator bool() const { return value != 0; }

@@ -11,15 +11,14 @@
 
 namespace vemra::ui {
 
-/// One value for each node, found by the node's id. A value stays where it is until it is erased.
+/// Maps node ids to values. A value's address stays the same until the value is erased.
 ///
-/// The graph numbers its nodes in turn, so that those of a row, and of neighbouring rows, have
-/// neighbouring numbers. They share a page: a tree of thousands of nodes takes a fraction of the
-/// allocations and of the cache misses of a hash table. A page goes with its last value.
+/// The graph numbers its nodes consecutively, so the nodes of a row and of neighbouring rows have
+/// neighbouring numbers and share a page. A tree of thousands of nodes takes a fraction of the
+/// allocations and cache misses of a hash table. A page is freed together with its last value.
 ///
-/// A value's destructor may ask the table for other values; its own is not found any more. It must
-/// neither put a value in nor erase one: the page that its own place is on could go too early. Not
-/// safe to use from several threads at once.
+/// A value's destructor may look up other values; its own is not found any more. It must neither
+/// insert nor erase a value, because that could free its own page too early. Not thread-safe.
 template <class Value>
 class NodeTable {
  public:
@@ -31,11 +30,11 @@ class NodeTable {
   }
   const Value* find(NodeID id) const { return const_cast<NodeTable*>(this)->find(id); }
 
-  /// Puts a value in. The node must not have one. Without memory the table is as it was.
+  /// Inserts a value. The node must not have one. When memory runs out, the table stays unchanged.
   Value& insert(NodeID id, Value value) {
     const std::uint64_t number = id.value / pageSize;
     auto found = pages_.find(number);
-    // The page comes first: without the memory for it, none is entered.
+    // Make the page first: if memory for it runs out, `pages_` stays unchanged.
     if (found == pages_.end()) {
       found = pages_.emplace(number, std::make_unique_for_overwrite<Page>()).first;
     }
@@ -55,7 +54,7 @@ class NodeTable {
     if (const auto page = pages_.find(number); page->second->used == 0) pages_.erase(page);
   }
 
-  /// How many nodes have a value. Costs a step for each page.
+  /// The number of nodes with a value. Takes one step for each page.
   std::size_t size() const {
     std::size_t size = 0;
     for (const auto& [number, page] : pages_)
@@ -92,7 +91,7 @@ class NodeTable {
         std::destroy_at(&places[place].value);
       }
     }
-    std::uint32_t used = 0;  ///< a bit for every place that holds a value
+    std::uint32_t used = 0;  ///< one bit for every place with a value
     Place places[pageSize];
   };
 

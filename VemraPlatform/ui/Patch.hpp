@@ -14,15 +14,15 @@ namespace vemra::ui {
 
 /// One change of the rendered tree.
 ///
-/// Patches are carried out in order. A place is named by the parent and the sibling right before
-/// it. `remove` takes the whole subtree; an inserted subtree arrives node by node, parents first.
+/// Apply patches in order. A patch names a place by the parent and the sibling right before it.
+/// `remove` removes the whole subtree; a subtree is inserted node by node, parents first.
 struct Patch {
   enum class Kind { insert, move, update, remove };
   Kind kind;
   NodeID node;
-  NodeID parent;                   ///< of insert and move; none for the root
-  NodeID after;                    ///< of insert and move; none: first among its siblings
-  std::optional<Element> element;  ///< of insert and update: what the node is now
+  NodeID parent;                   ///< for insert and move; none: the root
+  NodeID after;                    ///< for insert and move; none: first among its siblings
+  std::optional<Element> element;  ///< for insert and update: the node's new element
 };
 
 /// The rows of a `ForEach` from `first` up to, but not including, `last`.
@@ -32,38 +32,38 @@ struct RowRange {
   friend bool operator==(const RowRange&, const RowRange&) = default;
 };
 
-/// Which rows a `ForEach` has, and which of them are its children.
+/// The rows of a `ForEach`, and which of them are its children.
 struct ListRows {
   NodeID list;
-  /// All its rows. Another object than before: the list was described anew, so that rows which are not
-  /// shown may be others now, although no patch says so.
+  /// All its rows. When this is a new object, the list was described again, and rows that are not
+  /// shown may have changed although no patch reports it.
   std::shared_ptr<const RowIDs> ids;
-  /// Where its children stand among all rows, in the order of the children: ascending ranges that do
-  /// not touch.
+  /// The positions of its children among all rows, in the order of the children: ascending ranges
+  /// that do not touch.
   std::vector<RowRange> shown;
 };
 
-/// What one pass has changed. With the events, this is the whole language between the view graph and a
-/// renderer.
+/// The changes of one pass. Together with the events, this is the whole language between the view
+/// graph and a renderer.
 struct Changes {
   std::vector<Patch> patches;
-  /// Each list that is new or has new rows, and each with a child that is new or stands elsewhere among
-  /// all rows: as it is when the patches have been carried out. Of the other lists nothing has changed.
+  /// The lists that have changed, in their state after all patches: each list that is new or has
+  /// new rows, and each list with a child that is new or has another index among all rows.
   std::vector<ListRows> lists = {};
 };
 
-/// Which rows of a `ForEach` a renderer wants to have.
+/// Which rows of a `ForEach` a renderer needs.
 enum class RowDemand {
   everything,  ///< every row, always
-  onRequest,   ///< those that it asks for with `ViewGraph::showRows`
+  onRequest,   ///< only the rows that it requests with `ViewGraph::showRows`
 };
 
-/// What shows the tree: a window, a test harness, a picture.
+/// Shows the tree: a window, a test harness or a picture.
 class VEMRA_EXPORT Renderer {
  public:
   virtual RowDemand rowDemand() const = 0;
-  /// Carries out the changes of one pass. May ask the graph for rows and may deliver events; what
-  /// it asks for is done when it has returned.
+  /// Applies the changes of one pass. It may request rows from the graph and deliver events; the
+  /// graph handles these requests after it has returned.
   virtual void apply(const Changes& changes) = 0;
 
  protected:

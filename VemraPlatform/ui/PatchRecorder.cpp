@@ -11,11 +11,11 @@ namespace vemra::ui {
 
 namespace {
 
-/// Where a list's children stand among all its rows.
+/// The positions of a list's children among all its rows.
 std::vector<RowRange> shownRows(const Node& list) {
   const std::size_t shown = list.children.size();
   if (shown == 0) return {};
-  // A list that is shown whole need not be gone through.
+  // When the whole list is shown, no walk over its children is needed.
   if (shown == list.rows->source->count()) return {{0, shown}};
   std::vector<RowRange> ranges;
   for (const Node* row : list.children) {
@@ -63,7 +63,7 @@ bool PatchRecorder::connect(Renderer* next, const Node* root, FirstError& errors
   if (next == renderer_) return false;
   Renderer* const last = std::exchange(renderer_, next);
   const NodeID shown = std::exchange(shownRoot_, {});
-  patches_.clear();  // what was meant for the last one
+  patches_.clear();  // they were meant for the previous renderer
   lists_.clear();
   if (last && shown) {
     try {
@@ -89,7 +89,7 @@ void PatchRecorder::flush(const Node* root, WorkCount& work) {
   renderer_->apply(changes);
 }
 
-/// The lists as they are now, each once.
+/// The recorded lists in their current state, each once.
 std::vector<ListRows> PatchRecorder::takeLists() {
   std::vector<const Node*> lists = std::exchange(lists_, {});
   std::erase_if(lists, [](const Node* list) { return list->isGone; });

@@ -13,41 +13,43 @@ namespace vemra::ui {
 
 class FirstError;
 
-/// Whether the renderer gets a patch for a change. It gets none for rows that were only looked at.
+/// Whether the renderer gets a patch for a change. It gets none for rows that are described without
+/// being shown.
 enum class Emission { silent, recorded };
 
-/// What the renderer has to do: the changes of a pass until they are handed over.
+/// Records the changes of a pass until the renderer gets them.
 ///
-/// Between passes this remembers the renderer, and the root that the renderer shows: a renderer that
-/// another one replaces, or whose tree is abandoned, must remove that root whatever became of it.
+/// Between passes this remembers the renderer and the root that it shows: a renderer that is
+/// replaced, or whose tree is abandoned, gets a `remove` of that root, even if the tree no longer
+/// has the root.
 class PatchRecorder {
  public:
   Renderer* renderer() const { return renderer_; }
   bool isEmpty() const { return patches_.empty(); }
 
-  /// Whether changes at this node are for the renderer.
+  /// Whether the renderer gets the changes at this node.
   Emission emissionAt(const Node& node) const;
   Emission emissionAtRoot() const { return renderer_ ? Emission::recorded : Emission::silent; }
 
   void record(Patch::Kind kind, const Node& node, NodeID after, Emission emission);
-  /// Records the insertion of a node and of all that it holds.
+  /// Records the insertion of a node and of its whole subtree.
   void recordTree(const Node& node, NodeID after);
-  /// Records that a list has new rows, or children that stand elsewhere among them.
+  /// Records that a list has new rows, or that its children have other indexes among all rows.
   void recordRows(const Node& list, Emission emission);
 
-  /// Puts another renderer in place of the present one, which removes what it shows.
+  /// Replaces the present renderer, which gets a `remove` of the root that it shows.
   ///
-  /// - Parameter root: what there is to show, or nullptr.
-  /// - Returns: false when `next` is the present one.
+  /// - Parameter root: the root for the new renderer, or nullptr.
+  /// - Returns: false when `next` is already the present renderer.
   bool connect(Renderer* next, const Node* root, FirstError& errors);
-  /// Tells the renderer nothing more, not even that its tree is gone.
+  /// Disconnects the renderer without a patch: it does not even get a `remove` of its root.
   void disconnect();
 
-  /// Hands the changes to the renderer. Throws what it throws.
+  /// Hands the changes to the renderer. Rethrows the renderer's exceptions.
   ///
-  /// - Parameter root: the root that it shows from now on, or nullptr.
+  /// - Parameter root: the root that the renderer shows after these changes, or nullptr.
   void flush(const Node* root, WorkCount& work);
-  /// Drops the changes of this pass: the renderer is to remove all that it shows.
+  /// Drops the changes of this pass and records the removal of the root that the renderer shows.
   void abandon();
 
  private:
@@ -56,7 +58,7 @@ class PatchRecorder {
   Renderer* renderer_ = nullptr;
   NodeID shownRoot_;
   std::vector<Patch> patches_;
-  std::vector<const Node*> lists_;  // of this pass; some may be gone or stand here twice
+  std::vector<const Node*> lists_;  // in this pass; may contain removed lists and repetitions
 };
 
 }  // namespace vemra::ui

@@ -10,9 +10,9 @@ namespace vemra::ui {
 struct Property;
 using Properties = std::vector<Property>;
 
-/// One fact that a composite tells about itself, for a developer who looks at the tree.
+/// A property that a composite reports about itself, for developers who inspect the tree.
 ///
-/// Absent values are `std::monostate`. Nothing on the screen depends on properties.
+/// The value `std::monostate` means absent. The screen does not depend on properties.
 struct Property {
   using Value = std::variant<std::monostate, bool, std::string, Properties>;
   std::string name;

@@ -31,7 +31,7 @@ struct Wanted {
 std::vector<Wanted> wantedChildren(std::span<const View> views) {
   std::vector<Wanted> wanted;
   wanted.reserve(views.size());
-  std::unordered_map<Identity, std::size_t, IdentityHash> seen;  // keyed ones only
+  std::unordered_map<Identity, std::size_t, IdentityHash> seen;  // counts keyed identities only
   for (std::size_t slot = 0; slot < views.size(); ++slot) {
     if (views[slot].isAbsent()) continue;
     Identity identity = identityOf(views[slot], slot);
@@ -82,15 +82,15 @@ Node* Reconciler::find(NodeID id) {
 }
 
 void Reconciler::markOutOfDate(Node& node) {
-  // Also one that was described in this very pass has to be described again.
+  // Describe it again even if this pass has already described it.
   node.describedInPass = 0;
   dirty_.push_back(node.id);
 }
 
 void Reconciler::update() {
   std::vector<NodeID> dirty = std::exchange(dirty_, {});
-  // Outer ones first: describing one may describe, or remove, those inside it. A node is made after
-  // those above it and stays below them, so that its id is larger than theirs.
+  // Outer nodes first, because describing one may describe or remove nodes inside it. A node is
+  // made after its ancestors and never moves to another parent, so its id is larger than theirs.
   std::ranges::sort(dirty);
   for (const NodeID id : dirty) {
     Node* node = find(id);
@@ -133,7 +133,7 @@ void Reconciler::update(Node& node, const View& view, Emission emission) {
   const Style inherited = node.parent ? node.parent->element.style() : Style{};
   Element element(view, inherited, environment_);
   const bool changed = !(element == node.element);
-  node.element = std::move(element);  // also when equal: its handlers are the new ones
+  node.element = std::move(element);  // even when equal, because the handlers are new
   if (changed) patches_.record(Patch::Kind::update, node, {}, emission);
   reconcileContent(node, emission);
 }
@@ -160,7 +160,7 @@ void Reconciler::describeComposite(Node& node, Emission emission) {
   ++work_.bodies;
   const std::optional<View> body =
       describe([&] { return composite->body(node.state, environment_); });
-  // A body that threw leaves what is there.
+  // When a body throws, keep the present children.
   if (!body) {
     rows_.waking().keepBelow(node);
     return;
@@ -178,8 +178,9 @@ void Reconciler::reconcileChildren(Node& parent, std::span<const View> views, Em
     return;
   }
 
-  // What holds nothing yet, as every node of a tree that is being mounted, has no old order to find
-  // and compare: without that, mounting 10,000 rows takes about an eighth less time.
+  // A node without children has no old order to compare, as is the case for every node of a tree
+  // that is being mounted. Skipping the comparison makes mounting 10,000 rows about an eighth
+  // faster.
   if (parent.children.empty()) {
     for (Wanted& child : wanted) {
       child.node = &allocate(&parent, *child.view, std::move(child.identity));

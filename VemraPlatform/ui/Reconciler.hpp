@@ -17,16 +17,17 @@
 
 namespace vemra::ui {
 
-/// Compares a new description with the nodes that are there, and changes them to match: a node whose
-/// identity is described again stays, with its state; the others go, and new ones come. Each change is
-/// recorded for the renderer.
+/// Compares a new description with the present nodes, and changes the nodes to match. A node whose
+/// identity is described again stays, with its state; the other nodes are removed, and new nodes
+/// are made. Each change is recorded for the renderer.
 ///
-/// Between passes this remembers the nodes, because they own the state; the root and the environment,
-/// to describe the tree again; and which composites a change of state has made out of date.
+/// Between passes this remembers the nodes, because they own the state; the root view and the
+/// environment, to describe the tree again; and the composites whose state has changed since they
+/// were described.
 class Reconciler {
  public:
   /// - Parameter states: gets a call when state in the tree changes.
-  /// - Parameter errors: keeps what bodies and rows throw.
+  /// - Parameter errors: keeps the exceptions of bodies and rows.
   Reconciler(StateCell::Owner& states, FirstError& errors, Environment environment);
 
   const Environment& environment() const { return environment_; }
@@ -36,13 +37,13 @@ class Reconciler {
   const View& rootView() const { return rootView_; }
   void setRoot(View root);
 
-  /// The node, or nullptr when it is gone.
+  /// The node, or nullptr when it has been removed.
   Node* find(NodeID id);
   const Node* find(NodeID id) const { return const_cast<Reconciler*>(this)->find(id); }
 
-  /// Whether a body or a row is being described: state must not be written then.
+  /// Whether a body or a row is being described: state must not be written meanwhile.
   bool isDescribing() const { return describing_; }
-  /// A composite whose state has changed and that has not been described since, or nullptr.
+  /// A composite whose state has changed since it was described, or nullptr.
   const Node* outOfDate() const { return dirty_.empty() ? nullptr : find(dirty_.front()); }
   bool isUpToDate() const { return dirty_.empty(); }
   void markOutOfDate(Node& node);
@@ -50,13 +51,13 @@ class Reconciler {
   void beginPass() { ++pass_; }
   /// Describes the composites that are out of date.
   void update();
-  /// Frees the nodes that have been taken out. Call it when the tree is consistent: what goes with
-  /// them (a closure, a state) may ask the graph something, or write, from its destructor.
+  /// Frees the removed nodes. Call it when the tree is consistent: the destructors of a node's
+  /// closures and states may read from the graph, or write state.
   void freeRemoved();
-  /// The way out when reconciling broke off halfway: the lists of children, the nodes and the patches
-  /// no longer agree, so that nothing is left of them.
+  /// Discards the whole tree after an exception in the middle of reconciling: the lists of
+  /// children, the nodes and the patches no longer agree.
   void abandon();
-  /// Takes out the whole tree without telling the renderer.
+  /// Removes the whole tree without a patch for the renderer.
   void clear();
 
   RowStore& rows() { return rows_; }
@@ -64,18 +65,18 @@ class Reconciler {
   WorkCount& work() { return work_; }
   const WorkCount& work() const { return work_; }
 
-  // For the rows of a list, which are nodes like the others.
+  // For the rows of a list, which are ordinary nodes.
 
-  /// Makes a node below `parent`, without state and content.
+  /// Makes a node below `parent`, without state and children.
   Node& allocate(Node* parent, const View& view, Identity identity);
-  /// Gives a new node its state, records its insertion, and makes what it holds.
+  /// Gives a new node its state, records its insertion, and makes its children.
   void mount(Node& node, NodeID after, Emission emission);
-  /// Changes a node to a new description with its identity.
+  /// Updates a node to a new description of the same identity.
   void update(Node& node, const View& view, Emission emission);
-  /// Takes a subtree out of the tree. Its nodes name each other until `freeRemoved`.
+  /// Removes a subtree from the tree. Its nodes stay linked until `freeRemoved`.
   void remove(Node& node);
 
-  /// Runs a body or a row's closure. Nil when it threw; the error is remembered.
+  /// Runs a body or a row's closure. Returns nil when it threw; `errors` keeps the exception.
   template <class Make>
   std::optional<View> describe(const Make& make) {
     const bool outer = std::exchange(describing_, true);
@@ -100,7 +101,7 @@ class Reconciler {
   View rootView_;
   Node* root_ = nullptr;
   NodeTable<Node> nodes_;
-  std::vector<NodeID> removed_;  // not freed yet
+  std::vector<NodeID> removed_;  // removed, not freed yet
   std::uint64_t lastID_ = 0;
   std::vector<NodeID> dirty_;
   bool describing_ = false;

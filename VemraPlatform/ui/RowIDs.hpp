@@ -7,12 +7,12 @@
 
 namespace vemra::ui {
 
-/// The ids of all rows of a `ForEach`, in order: what is known of a row that nobody has asked for.
+/// The ids of all rows of a `ForEach`, in order. They are known without describing the rows.
 class VEMRA_EXPORT RowIDs {
  public:
   virtual ~RowIDs() = default;
   virtual std::size_t count() const = 0;
-  /// The id of the row at `index`; valid as long as this object is.
+  /// The id of the row at `index`; valid while this object lives.
   virtual std::string_view key(std::size_t index) const = 0;
 };
 

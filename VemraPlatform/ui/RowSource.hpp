@@ -15,15 +15,15 @@ namespace vemra::ui {
 
 class View;
 
-/// The rows of a `ForEach`, each made only when something asks for it.
+/// The rows of a `ForEach`; each row is made only on request.
 class VEMRA_EXPORT RowSource : public RowIDs {
  public:
   virtual View row(std::size_t index) const = 0;
 };
 
-/// A way to an element's id: a member pointer or a function. The id must live in the element, so
-/// that it is a reference or a string_view, never a string made on the spot; and the element must
-/// live in the range, never be made on the spot either.
+/// A function from an element to its id: a member pointer or a callable. The id must be stored in
+/// the element, so that the result is a reference or a string_view, never a temporary string; and
+/// the element must be stored in the range, never a temporary either.
 template <class ID, class Elements>
 concept RowIDOf = requires(const ID& id, const Elements& elements) {
   { std::invoke(id, elements[0]) } -> std::convertible_to<std::string_view>;

@@ -12,7 +12,7 @@ namespace vemra::ui {
 
 namespace {
 
-// Rows that are described for a look only are kept for the next look, up to so many.
+// The number of rows described without being shown that are kept for later calls of `lookAt`.
 constexpr std::size_t maximumLookedAt = 64;
 
 }  // namespace
@@ -22,16 +22,16 @@ RowStore::RowStore(Reconciler& reconciler) : reconciler_(reconciler), waking_(re
 bool RowStore::demandsEverything(const Node& forEach) const {
   const Renderer* const renderer = reconciler_.patches().renderer();
   if (renderer && renderer->rowDemand() == RowDemand::everything) return true;
-  // A menu's rows are part of the picker: few, and wanted as soon as it is there.
+  // A picker needs all its rows at once: they are few and are part of the picker.
   for (const Node* place = forEach.parent; place; place = place->parent) {
     if (place->element.kind() == ElementKind::picker) return true;
   }
   return false;
 }
 
-/// As long as no row has state and every row that is there still stands at its index, no id but
-/// theirs is looked at. Otherwise one pass over the old ids and one over the new ones find each row
-/// that matters, exactly.
+/// When no row has state and every present row is still at its index, this reads only the ids of
+/// the present rows. Otherwise it finds each present row, and each row with saved state, in one
+/// pass over the old ids and one over the new ids.
 void RowStore::reconcile(Node& forEach, Emission emission) {
   sleep(forEach, std::exchange(forEach.rows->lookedAt, {}));
   Rows& rows = *forEach.rows;
@@ -70,10 +70,10 @@ void RowStore::reconcile(Node& forEach, Emission emission) {
         if (*place++ != absentRow) asleep[key].emplace(occurrence, std::move(row));
       }
     }
-    rows.asleep = std::move(asleep);  // the others are gone for good
+    rows.asleep = std::move(asleep);  // the list no longer contains the others
   }
 
-  // Rows that are still in the list, each with its new description; the others go for good.
+  // Describe the rows that are still in the list; remove the others with their state.
   std::vector<Place> kept;
   const std::vector<Node*> shown = std::exchange(forEach.children, {});
   for (std::size_t i = 0; i < shown.size(); ++i) {
@@ -108,7 +108,7 @@ void RowStore::reconcile(Node& forEach, Emission emission) {
   }
 }
 
-/// Makes the shown rows be those in `places` (ascending). Others go to sleep.
+/// Makes the rows in `places` (ascending) the shown rows. Other shown rows go to sleep.
 void RowStore::place(Node& forEach, std::vector<Place> places, Emission emission) {
   Rows& rows = *forEach.rows;
   if (forEach.children.empty() && rows.asleep.empty() && rows.lookedAt.empty()) {
@@ -127,7 +127,7 @@ void RowStore::place(Node& forEach, std::vector<Place> places, Emission emission
   children.reserve(places.size());
   bool rowsMoved = false;
   for (Place& place : places) {
-    // The order of the rows may be the same while their places in the whole list are not.
+    // A row's index in the whole list may change while the order of the shown rows does not.
     rowsMoved = rowsMoved || !place.node || place.node->rowIndex != place.index;
     if (place.node) {
       place.node->rowIndex = place.index;
@@ -146,7 +146,7 @@ void RowStore::place(Node& forEach, std::vector<Place> places, Emission emission
     children.push_back(place.node);
   }
   const std::vector<ListOperation> operations = diff(before, after);
-  auto nextMounted = mounted.begin();  // in the order of the list, as insertions are
+  auto nextMounted = mounted.begin();  // in the order of the list, like the insertions
   forEach.children = std::move(children);
   WakingState::OfRows waking = waking_.take(forEach, mounted);
   for (const ListOperation& operation : operations) {
@@ -173,8 +173,9 @@ void RowStore::place(Node& forEach, std::vector<Place> places, Emission emission
   if (rowsMoved) reconciler_.patches().recordRows(forEach, emission);
 }
 
-/// The same where there are none yet, neither shown nor asleep: one row after the other, so that
-/// what a row says is still in the processor's cache when its nodes are made.
+/// Does what `place` does, for a list that has no rows yet, neither shown nor asleep: it describes and mounts
+/// one row after the other, so that a row's description is still in the processor's cache when its
+/// nodes are made.
 void RowStore::placeFirst(Node& forEach, const std::vector<Place>& places, Emission emission) {
   forEach.children.reserve(places.size());
   WakingState::OfRows nothingAsleep;
@@ -208,7 +209,7 @@ void RowStore::show(Node& forEach, std::vector<RowRange> ranges) {
 std::optional<View> RowStore::describe(const Node& forEach, std::size_t index) {
   ++reconciler_.work().rows;
   std::optional<View> row = reconciler_.describe([&] { return forEach.rows->source->row(index); });
-  // An absent row is still a row.
+  // An absent row still counts as a row.
   if (row && row->isAbsent()) row = Group({});
   return row;
 }
@@ -219,8 +220,8 @@ Node& RowStore::allocate(Node& forEach, const Place& place) {
       place.view.isAbsent() ? describe(forEach, place.index) : std::optional(place.view));
 }
 
-/// Makes the node of a row, or, for one that could not be described, an empty stand-in: no view has
-/// its identity, so that the next description takes its place.
+/// Makes the node of a row. For a row whose description failed it makes an empty stand-in; no view
+/// has the stand-in's identity, so the next description replaces it.
 Node& RowStore::allocate(Node& forEach, std::size_t index, const std::optional<View>& view) {
   const View shown = view ? *view : Group({});
   Node& row = reconciler_.allocate(&forEach, shown, view ? identityOf(shown, 0) : Identity{});
@@ -277,7 +278,7 @@ std::vector<std::size_t> RowStore::withState(const Node& forEach) {
   return indexes;
 }
 
-/// Mounts a new row, with what it had when it went to sleep.
+/// Mounts a new row with the state that was saved when it went to sleep.
 void RowStore::mount(Node& row, WakingState::OfRows& taken, NodeID after, Emission emission) {
   const auto own = taken.find(row.id);
   const WakingState::Scope scope(waking_, row,
@@ -285,7 +286,7 @@ void RowStore::mount(Node& row, WakingState::OfRows& taken, NodeID after, Emissi
   reconciler_.mount(row, after, emission);
 }
 
-/// Takes the rows' nodes away and keeps what state has left its initial value.
+/// Removes the rows' nodes and saves the state that differs from its initial value.
 void RowStore::sleep(Node& forEach, const std::vector<Node*>& rows) {
   reconciler_.work().idPasses += putToSleep(*forEach.rows, rows);
   for (Node* row : rows) reconciler_.remove(*row);

@@ -16,28 +16,28 @@ namespace vemra::ui {
 
 class Reconciler;
 
-/// The rows of the lists: which of them have nodes, and what the others have left behind.
+/// The rows of the lists: which of them have nodes, and the saved state of the others.
 ///
-/// A row is described when it is shown or looked at. When it is neither any more, its nodes go, and its
-/// state, if that has left its initial value, is kept until the row returns or leaves the list. All that
-/// stands with the node of the list (`Rows`), so that it goes with it; this class remembers nothing
-/// between calls.
+/// A row has nodes while it is shown or kept after `lookAt`. When its nodes are removed, state that
+/// differs from its initial value is saved until the row returns or leaves the list. All this is
+/// stored in the list's node (`Rows`) and destroyed with it; this class stores nothing between
+/// calls.
 class RowStore {
  public:
   explicit RowStore(Reconciler& reconciler);
 
-  /// Compares the list that is described now with the rows that are there, and updates these.
+  /// Compares the list's new description with the present rows, and updates them.
   void reconcile(Node& forEach, Emission emission);
-  /// Makes exactly these rows the shown ones. Ranges may overlap and stand in any order.
+  /// Makes exactly these rows the shown rows. Ranges may overlap and may have any order.
   void show(Node& forEach, std::vector<RowRange> ranges);
-  /// Whether the list always shows all its rows, so that `show` does not apply to it.
+  /// Whether the list always shows all its rows, so that `show` does not apply.
   bool demandsEverything(const Node& forEach) const;
 
-  /// The row at `index` when it is shown, or was looked at and is still there; else nullptr.
+  /// The row at `index` if it is shown or still kept after `lookAt`; else nullptr.
   static const Node* find(const Node& forEach, std::size_t index);
-  /// Describes a row that `find` does not find, without showing it.
+  /// Describes a row that `find` does not find, without showing it, and keeps its node for a while.
   const Node& lookAt(Node& forEach, std::size_t index);
-  /// The rows with state that has left its initial value, by index, ascending, each once.
+  /// The indexes of the rows with state that differs from its initial value, ascending, each once.
   std::vector<std::size_t> withState(const Node& forEach);
 
   WakingState& waking() { return waking_; }

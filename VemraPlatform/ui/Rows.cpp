@@ -38,7 +38,7 @@ SavedState::SavedState() = default;
 SavedState::SavedState(SavedState&& other) noexcept = default;
 
 SavedState& SavedState::operator=(SavedState&& other) noexcept {
-  // What was here ends with `other`, so that its cells are told.
+  // `other`'s destructor detaches our old cells.
   std::swap(cells, other.cells);
   std::swap(lists, other.lists);
   return *this;

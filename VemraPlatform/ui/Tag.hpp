@@ -8,7 +8,7 @@
 
 namespace vemra::ui {
 
-/// A value that can stand for a choice: copyable, comparable, and with a name found by `caseName`.
+/// A type whose values can be choices: copyable, with a name from `caseName`.
 template <class Value>
 concept Choice = std::copyable<Value> && requires(const Value& value) {
   { caseName(value) } -> std::convertible_to<std::string_view>;
@@ -16,11 +16,12 @@ concept Choice = std::copyable<Value> && requires(const Value& value) {
 
 class Tag;
 
-/// A choice that is not itself a tag; asked first, so that a tag's own copying never depends on it.
+/// A choice that is not itself a tag; checked first, so that copying a tag never depends on
+/// `Choice`.
 template <class Value>
 concept Taggable = !std::same_as<Value, Tag> && Choice<Value>;
 
-/// What a picker's row stands for: a value of the picker's own type, and its name.
+/// The value that a picker's row represents: a value of the picker's own type, and its name.
 class Tag {
  public:
   template <Taggable Value>
@@ -34,7 +35,7 @@ class Tag {
     return std::any_cast<Value>(&value_);
   }
 
-  /// Tags are equal when type and name are.
+  /// Tags are equal when their types and names are equal.
   friend bool operator==(const Tag& a, const Tag& b) {
     return a.name_ == b.name_ && a.value_.type() == b.value_.type();
   }

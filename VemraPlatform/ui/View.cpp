@@ -6,7 +6,7 @@ namespace vemra::ui {
 
 namespace {
 
-// Room for those of one view, so that a chain of modifiers allocates once.
+// Reserves space for a usual chain of modifiers, so that it allocates once.
 constexpr std::size_t usualModifiers = 4;
 
 }  // namespace
@@ -139,7 +139,7 @@ void If::show(View view, std::uint64_t branch) {
   if (view.isAbsent()) return;
   View::operator=(std::move(view));
   Description& description = ownDescription();
-  // Branches nest: 64-bit mixing keeps every path through them apart.
+  // Branches nest; mixing into 64 bits gives each path through them a different number.
   description.branch = (description.branch + branch) * 0x9E3779B97F4A7C15ULL;
 }
 

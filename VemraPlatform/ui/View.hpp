@@ -22,16 +22,16 @@ namespace vemra::ui {
 struct Description;
 class View;
 
-/// What a container holds, in order. An absent view keeps its place among them.
+/// The children of a container, in order. An absent view keeps its slot.
 using Children = std::vector<View>;
-/// What a button does; an empty one does nothing.
+/// The action of a button; an empty one does nothing.
 using Action = std::function<void()>;
 
 /// A view: a description of a piece of the screen, not the piece itself.
 ///
-/// A view is a value. Making one puts nothing on a screen and remembers nothing; copying one costs
-/// one reference count. What lives on a screen are the nodes of a `ViewGraph`, and which node a
-/// view describes is decided by *identity*, never by the view object:
+/// A view is a value. Making a view shows nothing and stores nothing; copying one costs one
+/// reference count. A screen consists of the nodes of a `ViewGraph`, and *identity*, never the view
+/// object, decides which node a view describes:
 ///
 ///     return VStack(HorizontalAlignment::leading, 4,
 ///         {
@@ -40,11 +40,12 @@ using Action = std::function<void()>;
 ///             NoteEditor{name},                               // slot 2: keeps its state
 ///         });
 ///
-/// The editor stays the same node, with the text typed into it, whether or not the source button
-/// above it comes or goes, because an absent view still holds its slot. Two branches of an
-/// `If` are two identities: switching forgets what was there. A row of a `ForEach` is its id.
+/// The editor stays the same node, with its typed text, when the source button above it appears or
+/// disappears, because an absent view still holds its slot. Two branches of an `If` are two
+/// identities: switching branches discards the state of the previous branch. A row of a `ForEach`
+/// is identified by its id.
 ///
-/// Modifiers are applied with dots and kept in order; each returns a new view.
+/// Modifiers are applied with dots and kept in order; each call returns a new view.
 class VEMRA_EXPORT View {
  public:
   /// The absent view: it shows nothing and holds its slot.
@@ -57,25 +58,25 @@ class VEMRA_EXPORT View {
             std::make_shared<ErasedComposite<Struct>>(std::move(composite)))) {}
 
   /// \name Modifiers
-  /// Of a view that is kept, each makes another one; a temporary is changed itself, so that a chain
-  /// of them copies nothing. On an absent view they do nothing.
+  /// Applied to an lvalue, each makes a new view; applied to a temporary, it changes the temporary,
+  /// so that a chain of modifiers copies nothing. On an absent view they do nothing.
   ///
-  /// Font, weight, foreground style and disabled reach down to everything the view holds; the
-  /// others are the view's own. Of two of a kind the inner one, which is the one applied first,
-  /// wins where nothing else is said. Lengths are in points.
+  /// Font, weight, foreground style and disabled also apply to all views inside; the others apply
+  /// to the view only. Of two modifiers of the same kind, the inner one, which is applied first,
+  /// wins unless stated otherwise. Lengths are in points.
   /// @{
 
-  /// The font of all texts and titles; reaches down.
+  /// The font of all texts and titles; also applies to the views inside.
   View font(Font font) const&;
   View font(Font font) &&;
-  /// The weight of all texts and titles; reaches down. A font that names a weight counts as one
-  /// too.
+  /// The weight of all texts and titles; also applies to the views inside. A font with an explicit
+  /// weight counts as a weight modifier too.
   View fontWeight(FontWeight weight) const&;
   View fontWeight(FontWeight weight) &&;
-  /// The level of the text colour; reaches down.
+  /// The level of the text colour; also applies to the views inside.
   View foregroundStyle(ForegroundStyle style) const&;
   View foregroundStyle(ForegroundStyle style) &&;
-  /// Space around the view, in points, on all four edges or on some. Several add up.
+  /// Adds space around the view, in points, on all or some edges. Several paddings add up.
   View padding(int length) const& { return padding(Edges::all, length); }
   View padding(int length) && { return std::move(*this).padding(Edges::all, length); }
   View padding(Edges edges, int length) const&;
@@ -83,39 +84,39 @@ class VEMRA_EXPORT View {
   /// How a button is drawn: with the platform's frame, or as its bare title.
   View buttonStyle(ButtonStyle style) const&;
   View buttonStyle(ButtonStyle style) &&;
-  /// How a picker lets choose.
+  /// How a picker offers its choices.
   View pickerStyle(PickerStyle style) const&;
   View pickerStyle(PickerStyle style) &&;
   /// How a text field is drawn.
   View textFieldStyle(TextFieldStyle style) const&;
   View textFieldStyle(TextFieldStyle style) &&;
-  /// Hides the view's title from the eye; assistive technology still has it.
+  /// Hides the view's title visually; assistive technology still reads it.
   View labelsHidden() const&;
   View labelsHidden() &&;
-  /// With `true`, nothing in the view takes events; reaches down, where nothing enables it again.
+  /// With `true`, nothing in the view accepts events, and no view inside can be enabled again.
   View disabled(bool disabled) const&;
   View disabled(bool disabled) &&;
-  /// Names the view for automation, byte for byte. Of several, the one applied last counts.
+  /// Sets the view's identifier for automation, byte for byte. The last one applied wins.
   View accessibilityIdentifier(std::string identifier) const&;
   View accessibilityIdentifier(std::string identifier) &&;
-  /// The value that the view stands for as a row of a picker.
+  /// The value that the view represents as a row of a picker.
   template <Choice Value>
   View tag(Value value) const {
     return View(*this).modified(TagModifier{Tag(std::move(value))});
   }
-  /// Gives the view an identity of its own among its siblings, in place of its slot. Keys are
-  /// compared under canonical equivalence.
+  /// Gives the view an explicit identity among its siblings, instead of its slot. Keys are compared
+  /// under canonical equivalence.
   View id(std::string key) const;
   /// @}
 
   bool isAbsent() const { return description_ == nullptr; }
-  /// What the view says (Description.hpp); must not be absent.
+  /// The view's description (Description.hpp); the view must not be absent.
   const Description& description() const { return *description_; }
 
  protected:
   explicit View(std::shared_ptr<const AnyComposite> composite);
   explicit View(Description description);
-  /// The description, to be changed: this view's own, or a copy of one that others share. The view
+  /// The description for a change: this view's own, or a copy when other views share it. The view
   /// must not be absent.
   Description& ownDescription();
 
@@ -126,22 +127,22 @@ class VEMRA_EXPORT View {
   std::shared_ptr<Description> description_;
 };
 
-/// Where a column puts children that are narrower than it; `leading` is where lines begin: on the
-/// left, or on the right in a layout from right to left.
+/// How a column aligns children that are narrower than itself; `leading` is the side where lines
+/// begin: left, or right in a right-to-left layout.
 enum class HorizontalAlignment { leading, center };
-/// Where a row of views puts children that are lower than it.
+/// How a row of views aligns children that are lower than itself.
 enum class VerticalAlignment { top, center };
 
-/// A piece of text, of one line or as many as it takes. Not for a name or a note without
-/// `verbatim`: what is shown as it is says so.
+/// A text of one or more lines. Shows a name or a note only through `verbatim`, which marks text
+/// that is shown unchanged.
 class VEMRA_EXPORT Text : public View {
  public:
   explicit Text(LocalizedKey key);
   explicit Text(Verbatim text);
 };
 
-/// A title to press. The action runs on the main thread, once a press, and may replace the whole
-/// tree.
+/// A button with a title. The action runs on the main thread, once for each press, and may replace
+/// the whole tree.
 class VEMRA_EXPORT Button : public View {
  public:
   Button(LocalizedKey title, Action action);
@@ -163,21 +164,21 @@ class VEMRA_EXPORT TextField : public View {
   TextField(LocalizedKey title, Binding<std::string> text);
 };
 
-/// Its children below each other, the first on top.
+/// A column of its children, the first on top.
 class VEMRA_EXPORT VStack : public View {
  public:
-  /// `spacing` is the room between two neighbours, in points; an absent child takes none.
+  /// `spacing` is the space between two neighbours, in points; an absent child takes none.
   VStack(HorizontalAlignment alignment, int spacing, Children children);
 };
 
-/// Its children beside each other, from where lines begin.
+/// A row of its children, beginning at the leading edge.
 class VEMRA_EXPORT HStack : public View {
  public:
-  /// `spacing` is the room between two neighbours, in points; an absent child takes none.
+  /// `spacing` is the space between two neighbours, in points; an absent child takes none.
   HStack(VerticalAlignment alignment, int spacing, Children children);
 };
 
-/// Holds views without laying them out: for modifiers that several share.
+/// Groups views without laying them out, to apply modifiers to several views at once.
 class VEMRA_EXPORT Group : public View {
  public:
   explicit Group(Children children);
@@ -185,21 +186,22 @@ class VEMRA_EXPORT Group : public View {
 
 /// The direction in which a view scrolls.
 enum class Axis { vertical };
-/// Whether a scroll view shows where it stands and how much there is.
+/// Whether a scroll view shows a scroll bar.
 enum class ScrollIndicators { hidden, shown };
 
-/// A window onto children that may be larger than the screen has room for; they stand below each
-/// other.
+/// A scrolling view of children that may need more space than the screen has; it stacks them
+/// vertically.
 class VEMRA_EXPORT ScrollView : public View {
  public:
   explicit ScrollView(Children children, Axis axis = Axis::vertical,
                       ScrollIndicators indicators = ScrollIndicators::shown);
 };
 
-/// One row for each element, described when something asks for it.
+/// One row for each element, described on request.
 ///
-/// `elements` is copied and must be cheap to copy; `id` gives each element's id (a member pointer
-/// or a function that returns a reference or a string_view into the element); `row` makes the view.
+/// `elements` is copied and must be cheap to copy; `id` returns each element's id (a member
+/// pointer, or a function that returns a reference or a string_view into the element); `row` makes
+/// the view.
 /// Ids are compared under canonical equivalence; equal ids are told apart by their order.
 class VEMRA_EXPORT ForEach : public View {
  public:
@@ -216,7 +218,8 @@ class VEMRA_EXPORT ForEach : public View {
 ///         .elseIf(isRecorded, [&] { return summary(); })
 ///         .otherwise([&] { return startButton(); })
 ///
-/// Without `otherwise`, nothing is shown and the slot is kept. Only the branch taken is made.
+/// Without `otherwise`, a false condition shows nothing and keeps the slot. Only the taken branch
+/// is made.
 class VEMRA_EXPORT If : public View {
  public:
   template <class Make>
@@ -250,7 +253,7 @@ class VEMRA_EXPORT If : public View {
   std::uint64_t branches_ = 0;
 };
 
-/// Content for a value that may be absent; an absent one keeps the slot.
+/// Content for an optional value; an absent value keeps the slot.
 template <class Value, class Make>
 If IfPresent(const std::optional<Value>& value, Make make) {
   return If(value.has_value(), [&]() -> View { return make(*value); });

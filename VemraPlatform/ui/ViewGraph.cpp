@@ -25,7 +25,7 @@ ViewGraph::~ViewGraph() {
   if (parts_->queue.isBusy()) {
     programmerError("a view graph was destroyed by what it called", root());
   }
-  parts_->queue.close();  // what goes with the nodes may still write state
+  parts_->queue.close();  // destructors of the nodes' contents may still write state
   parts_->reconciler.clear();
 }
 
@@ -67,7 +67,7 @@ NodeID ViewGraph::lookAtRow(NodeID id, std::size_t index) {
   if (const Node* const there = RowStore::find(*forEach, index)) return there->id;
   if (parts_->queue.isBusy()) return {};
   NodeID row;
-  // A row's closure may ask the graph for something: after this.
+  // A row's closure may send requests to the graph; handle them after `lookAt`.
   parts_->queue.run([&] { row = parts_->reconciler.rows().lookAt(*forEach, index).id; });
   return row;
 }

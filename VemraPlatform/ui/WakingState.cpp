@@ -10,12 +10,12 @@ namespace vemra::ui {
 
 namespace {
 
-/// Says whether a row is there only because it could not be described.
+/// Whether a row is only a stand-in, because its description failed.
 bool isStandIn(const Node& row) {
   return !row.identity.type;
 }
 
-/// The way down from `top`, which is above it, to `node`.
+/// The identities from below `top`, an ancestor, down to `node`.
 IdentityPath pathFrom(const Node& top, const Node& node) {
   IdentityPath path;
   for (const Node* place = &node; place != &top; place = place->parent) {

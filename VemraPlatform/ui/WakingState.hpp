@@ -13,26 +13,27 @@ namespace vemra::ui {
 
 struct WorkCount;
 
-/// The state of rows on its way from where it slept into new nodes.
+/// Moves the saved state of rows into new nodes.
 ///
-/// Remembers one thing, and only while the nodes of a row, or of a composite in it, are made: the state
-/// that stood there before, by its place below the row. What finds no place again is gone in the end.
+/// It stores state only while the nodes of a row, or of a composite in it, are made: the saved
+/// state, by its place below the row. State whose place is not described again is discarded in the
+/// end.
 class WakingState {
  public:
-  /// State that was taken out for rows that wake, by the row's node.
+  /// The saved state of rows that wake up, by the row's node.
   using OfRows = std::unordered_map<NodeID, SavedState>;
 
   /// - Parameter work: counts the passes over row ids.
   explicit WakingState(WorkCount& work) : work_(work) {}
 
-  /// Takes out what these rows (ascending) left behind when they went to sleep. A row that could not be
-  /// described leaves it there for the next try.
+  /// Takes the saved state of these rows (ascending) out of the list. For a row whose description
+  /// failed, the state stays saved for the next attempt.
   OfRows take(Node& forEach, std::vector<Node*> rows);
-  /// Takes out what `keepBelow` left at this composite. Nil when that was nothing.
+  /// Takes the state that `keepBelow` has saved at this composite. Nil when there is none.
   static std::optional<SavedState> takeBelow(Node& composite);
 
-  /// As long as it exists, new nodes below `top` find what stood in their places before. Without a
-  /// state it changes nothing.
+  /// While it lives, new nodes below `top` get the saved state of their places. Does nothing
+  /// without a state.
   class Scope {
    public:
     Scope(WakingState& waking, const Node& top, std::optional<SavedState> state);
@@ -48,9 +49,9 @@ class WakingState {
     std::optional<SavedState> state_;
   };
 
-  /// Gives a new node what stood in its place before.
+  /// Gives a new node the saved state of its place.
   void restore(Node& node);
-  /// Leaves what slept below a composite there, for a body that does not throw.
+  /// Saves the state below a composite in its node, for the next body that does not throw.
   void keepBelow(Node& composite);
 
  private:

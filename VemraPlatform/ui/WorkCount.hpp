@@ -4,7 +4,7 @@
 
 namespace vemra::ui {
 
-/// How much work a view graph has done so far. Tests compare two counts to find work without an effect.
+/// Counts the work of a view graph so far. Tests compare two counts to find work without an effect.
 struct WorkCount {
   std::uint64_t bodies = 0;    ///< composites described
   std::uint64_t rows = 0;      ///< rows described
