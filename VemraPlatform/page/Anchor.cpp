@@ -41,7 +41,7 @@ int Anchor::position(const WindowedTree& tree, const Frames& frames,
     const Node* const node = tree.find(point.node);
     if (!node) continue;
     const Rect frame = frames.of(*node);
-    // Of a tall text whose top is above the viewport, the same part stays in view.
+    // For a tall text whose top is above the viewport, keep the same part of it in view.
     const std::int64_t top = point.top < 0 && point.height > 0
                                  ? std::int64_t{point.top} * frame.height / point.height
                                  : point.top;

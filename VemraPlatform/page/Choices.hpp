@@ -12,19 +12,19 @@
 
 namespace vemra::page {
 
-/// One thing that can be chosen in a picker. The texts are valid until the tree changes.
+/// A choice of a picker. The texts are valid until the tree changes.
 struct Choice {
   std::string_view label;       ///< as shown
   std::string_view identifier;  ///< the accessibility identifier of its row, "" without one
   ui::Tag tag;
 };
 
-/// What can be chosen in a picker: its tagged rows, in tree order. The second function is for a picker
-/// that no patch has reached, because its row was only looked at.
+/// The choices of a picker: its tagged rows, in tree order. The second function is for a picker of
+/// a row that the graph has described without showing it, so that no patch has inserted it.
 VEMRA_EXPORT std::vector<Choice> choicesOf(const Node& picker);
 VEMRA_EXPORT std::vector<Choice> choicesOf(const ui::Node& picker);
 
-/// The place of the picker's selection among them; nil when it is none of them.
+/// The index of the picker's selection in `choices`; nil when `choices` does not contain it.
 VEMRA_EXPORT std::optional<std::size_t> chosenAmong(const std::vector<Choice>& choices,
                                                     const ui::Element& picker);
 

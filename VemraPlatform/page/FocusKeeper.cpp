@@ -25,7 +25,7 @@ const Node* FocusKeeper::row() const {
 const Node* FocusKeeper::control() {
   if (!search_ || search_->sight == Sight::outOfView) return nullptr;
   if (const Node* found = tree_.find(search_->found); found && takesFocus(*found)) return found;
-  Search& search = *search_;  // which rows that come in may turn into another one
+  Search& search = *search_;  // rows that come in may replace it by another search
   FocusOrder order(tree_, rows_);
   const Node* control =
       search.waiting ? order.resume(*search.waiting) : order.nextTo(search.place, search.direction);

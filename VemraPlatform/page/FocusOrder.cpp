@@ -49,7 +49,7 @@ Node* FocusOrder::nextTo(const LostPlace& lost, Direction direction) {
   Node* control = nullptr;
   if (lost.row && within->rows) {
     const std::size_t count = within->rows->count();
-    // Where there is no such row the index wraps around, and the search finds nothing.
+    // If there is no such row, the index wraps around, and the search finds nothing.
     const std::size_t row =
         forward ? std::min(*lost.row, count - 1) : std::min(*lost.row, count) - 1;
     control = searchRows({within->id, row, direction, 0});
@@ -95,7 +95,8 @@ Node* FocusOrder::searchFrom(Node& from, Direction direction) {
   return nullptr;
 }
 
-/// Looks through the siblings from `first` on; nullptr too when they go on the way.
+/// Searches the siblings from `first` on; returns nullptr also when they are removed during the
+/// search.
 Node* FocusOrder::searchSiblings(Node* first, Direction direction) {
   for (Node* node = first; node;) {
     const NodeID id = node->id;
@@ -106,7 +107,7 @@ Node* FocusOrder::searchSiblings(Node* first, Direction direction) {
   return nullptr;
 }
 
-/// Looks through the rows of a list from the given one on, 64 in all.
+/// Searches at most 64 rows of a list, from the given row on.
 Node* FocusOrder::searchRows(const Waiting& from) {
   Waiting at = from;
   for (; at.rowsVisited < mostRowsWithoutControl; ++at.rowsVisited) {

@@ -8,65 +8,68 @@
 
 namespace vemra::page {
 
-/// Brings rows of windowed lists into the tree while the focus is looked for.
+/// Gets rows of windowed lists into the tree during a search for the focus.
 class VEMRA_EXPORT RowSupply {
  public:
-  /// The row, made to be there by scrolling to it; nullptr when it is not there now. May change the
-  /// tree as patches do.
+  /// Returns the row, scrolling to it to get it into the tree; nullptr when it cannot be there now.
+  /// May change the tree as patches do.
   virtual Node* bringRow(Node& list, std::size_t index) = 0;
-  /// Whether rows come only after the search, so that a missing one may be there later.
+  /// Whether rows arrive only after the search, so that a missing row may exist later.
   virtual bool rowsComeLater() const { return false; }
 
  protected:
   ~RowSupply() = default;
 };
 
-/// Where an element with the focus was when it went.
+/// The place of a removed element that had the focus.
 struct VEMRA_EXPORT LostPlace {
-  ui::NodeID within;               ///< the parent of what went; none for the root
-  ui::NodeID after;                ///< what stood before it in there; none: it was the first
-  std::optional<std::size_t> row;  ///< when a row of `within` went: its index
+  ui::NodeID within;               ///< the parent of the removed node; none for the root
+  ui::NodeID after;                ///< the sibling before the removed node; none: it was the first
+  std::optional<std::size_t> row;  ///< when the removed node was a row of `within`: its index
 
-  /// The place of a node that is about to go.
+  /// The place of a node that is about to be removed.
   static LostPlace of(const Node& node);
 };
 
-/// Whether the focus can be on the element: a control that is enabled.
+/// Whether the element can have the focus: whether it is an enabled control.
 VEMRA_EXPORT bool takesFocus(const Node& leaf);
-/// Whether `node` is `holder` or stands in it. `node` may be nullptr, which stands nowhere.
+/// Whether `node` is `holder` or inside it. False when `node` is nullptr.
 VEMRA_EXPORT bool isInside(const Node* node, const Node& holder);
 
-/// The order in which the focus goes through a page: tree order over all rows, there or not.
+/// The order in which the focus moves through a page: tree order over all rows, with nodes or
+/// without.
 ///
-/// Rows on the way are brought in. A list without any control ends the search in it after 64 rows.
-/// Where rows come later, a search stops at the first missing one and can be resumed when it is
-/// there; so it gets on by a row each time, and never runs to and fro between rows.
+/// A search gets rows without nodes into the tree. In a list it examines at most 64 rows without
+/// finding a control. Where rows arrive later, a search stops at the first missing row and can be
+/// resumed when the row is there; so it advances by a row each time, and never moves to and fro
+/// between rows.
 class VEMRA_EXPORT FocusOrder {
  public:
   enum class Direction { forward, backward };
-  /// Where a search stopped to wait for a row.
+  /// The row that a search waits for.
   struct Waiting {
     ui::NodeID list;
     std::size_t row;
     Direction direction;
-    std::size_t rowsVisited;  ///< in this list
+    std::size_t rowsVisited;  ///< rows of this list that were searched
   };
 
-  /// Both must outlive the object.
+  /// `tree` and `rows` must outlive the object.
   FocusOrder(WindowedTree& tree, RowSupply& rows) : tree_(tree), rows_(rows) {}
 
-  /// The control at the beginning of a subtree, or at its end; nullptr when there is none.
+  /// The first control of a subtree, or the last one (`backward`); nullptr when there is none.
   Node* firstIn(Node& node, Direction direction = Direction::forward);
-  /// The control after a node in tree order, or before it; nullptr at the end of the page.
+  /// The next or previous control in tree order; nullptr at the end of the page.
   Node* next(Node& from, Direction direction);
-  /// The control at a place where an element was lost, or else after it; or the one before it.
-  /// nullptr when there is none, or when the parent has gone. At the place is the row with the lost
-  /// index, or the last one; or what stands behind the same neighbour.
+  /// The control for a lost focus: at the place or after it (`forward`), or before it (`backward`).
+  /// At the place means the row with the lost index, or the last row; or the node behind the same
+  /// sibling. nullptr when there is none, or when the parent has been removed.
   Node* nextTo(const LostPlace& lost, Direction direction);
-  /// Goes on where a search stopped; after the list it stopped in, with what comes after the list.
+  /// Resumes a search that waited; after the end of its list, continues with the nodes behind the
+  /// list.
   Node* resume(const Waiting& waiting);
 
-  /// Set when the last search returned nullptr because a row comes later.
+  /// Set when the last search returned nullptr because a row arrives later.
   const std::optional<Waiting>& waiting() const { return waiting_; }
 
  private:

@@ -9,17 +9,17 @@
 
 namespace vemra::page {
 
-/// Where the elements of a tree that has been laid out are on the whole page, from its top left
-/// corner, for the given reading direction.
+/// The frames of the elements of a laid-out tree, relative to the top left corner of the page, for
+/// the given reading direction.
 class VEMRA_EXPORT Frames {
  public:
-  /// The tree must outlive the object. The grid is that of the layout.
+  /// The tree must outlive the object. The grid must be that of the layout.
   Frames(const WindowedTree& tree, ui::LayoutDirection direction, const Grid& grid = {})
       : tree_(tree), direction_(direction), grid_(grid) {}
 
   Rect of(const Node& leaf) const;
-  /// The frame of a row of a windowed list, whether or not the row is there. A height that has not
-  /// been measured is estimated.
+  /// The frame of a row of a windowed list, also of a row without nodes. A height that has not been
+  /// measured is estimated.
   Rect ofRow(const Node& list, std::size_t index) const;
 
  private:
@@ -28,8 +28,8 @@ class VEMRA_EXPORT Frames {
   Grid grid_;
 };
 
-/// How far the page must be scrolled to show the leaf, with its whole row when that fits, moving as
-/// little as possible from where the viewport is.
+/// The scroll position that shows the leaf, with its whole row if that fits, as near as possible to
+/// the present position.
 VEMRA_EXPORT int positionShowing(const Node& leaf, const Frames& frames, const Viewport& viewport,
                                  int air);
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 /// \file
-/// Places and sizes on a page, in whole units of whatever draws it: pixels, or character cells. They
-/// count from the top left corner, y grows downwards.
+/// Positions and sizes on a page, in whole units of its renderer: pixels, or character cells. They
+/// count from the top left corner; y grows downwards.
 
 namespace vemra::page {
 
@@ -18,7 +18,7 @@ struct Size {
   friend bool operator==(const Size&, const Size&) = default;
 };
 
-/// A rectangle. Its right and bottom edges are the first places that are no longer part of it.
+/// A rectangle. Its right and bottom edges are the first coordinates outside it.
 struct Rect {
   int x = 0, y = 0, width = 0, height = 0;
 
@@ -30,16 +30,16 @@ struct Rect {
   friend bool operator==(const Rect&, const Rect&) = default;
 };
 
-/// How many points, in which views give spacing and padding, one unit of the page is.
+/// The number of points in one unit of the page; views give spacing and padding in points.
 struct Grid {
   int width = 1, height = 1;
 
-  /// Points as whole units, the nearest ones.
+  /// Converts points to whole units, rounded to the nearest.
   int across(int points) const { return width == 1 ? points : (points + width / 2) / width; }
   int down(int points) const { return height == 1 ? points : (points + height / 2) / height; }
 };
 
-/// The smallest rectangle that holds both. One without width and height holds nothing.
+/// The smallest rectangle that contains both. A rectangle without width and height counts as empty.
 inline Rect united(const Rect& a, const Rect& b) {
   if (a.width == 0 && a.height == 0) return b;
   if (b.width == 0 && b.height == 0) return a;
@@ -47,7 +47,7 @@ inline Rect united(const Rect& a, const Rect& b) {
   return {x, y, std::max(a.right(), b.right()) - x, std::max(a.bottom(), b.bottom()) - y};
 }
 
-/// The frame turned about the middle of a scope of that width, for reading from right to left.
+/// The frame mirrored in a scope of that width, for reading from right to left.
 inline Rect mirrored(const Rect& frame, int scopeWidth) {
   return {scopeWidth - frame.right(), frame.y, frame.width, frame.height};
 }

@@ -13,7 +13,7 @@ namespace {
 
 struct Item {
   Node* node;
-  Insets around;  // from transparent nodes between the stack and the item
+  Insets around;  // of transparent nodes between the stack and the item
 };
 
 Insets operator+(const Insets& a, const Insets& b) {
@@ -47,11 +47,10 @@ std::vector<Item> itemsOf(Node& holder, const Grid& grid) {
 
 Size measure(Node& node, int width, int spacing, LeafMetrics& metrics);
 
-/// A list whose rows are asked for by range: those that are there are measured, the others
-/// estimated.
+/// Measures a windowed list: the rows with nodes are measured, the others estimated.
 Size measureList(Node& list, int width, int spacing, LeafMetrics& metrics) {
   RowHeights& heights = *list.rows;
-  // A padding of the list itself goes to each of its rows.
+  // Padding of the list itself applies to each of its rows.
   const Insets padding = paddingIn(metrics.grid(), list);
   const std::size_t count = list.element.rowCount();
   if (list.rowWidth != width) heights.forgetEstimate();

@@ -18,13 +18,13 @@ namespace vemra::page {
 template <class AnyNode>
 class ChildrenOf;
 
-/// One element as patches placed it, and where it stands on the page.
+/// One element at its place in the rendered tree, and its layout on the page.
 ///
-/// `PatchedTree` makes nodes and links them; siblings are chained, so that a patch costs the same
-/// among any number of them. The layout is filled in by `measureScope` and is empty in a tree
-/// without a layout. Frames are relative to a *scope*: the row of a windowed list that the node
-/// stands in, or the whole page. So a row that moves, as many do when a list is scrolled or
-/// corrected, costs one addition.
+/// `PatchedTree` makes and links the nodes. Siblings are a linked list, so a patch costs the same
+/// among any number of them. `measureScope` fills in the layout; it is empty in a tree without a
+/// layout. Frames are relative to a *scope*: the row of a windowed list that contains the node, or
+/// the whole page. So moving a row, as happens to many when a list is scrolled or corrected, costs
+/// one addition.
 struct VEMRA_EXPORT Node {
   Node(ui::NodeID newID, ui::Element newElement) : id(newID), element(std::move(newElement)) {}
 
@@ -37,36 +37,37 @@ struct VEMRA_EXPORT Node {
   Node* firstChild = nullptr;
   Node* lastChild = nullptr;
   std::size_t childCount = 0;
-  /// Of a row of a `ForEach`: its place among all rows; nowhere until the list's `ui::ListRows` come.
+  /// For a row of a `ForEach`: its index among all rows; `nowhere` until the list's `ui::ListRows`
+  /// arrive.
   std::size_t rowIndex = nowhere;
   static constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
   /// @}
 
   /// \name Rows of windowed lists @{
-  std::unique_ptr<RowHeights> rows;  ///< of a `ForEach` whose rows come by range; else none
-  int rowWidth = -1;                 ///< of the same: the width its rows were measured for
-  std::uint64_t focusedAt = 0;       ///< of a row: larger the later it had the focus; 0: never
+  std::unique_ptr<RowHeights> rows;  ///< for a `ForEach` whose rows are requested by range
+  int rowWidth = -1;                 ///< for the same: the width that its rows were measured for
+  std::uint64_t focusedAt = 0;       ///< for a row: larger the later it had the focus; 0: never
   /// @}
 
   /// \name The layout @{
   int measuredWidth = -1;  ///< the width `size` was measured for; -1: not measured
   Size size;
-  Rect frame;             ///< in its scope, counted from the leading edge
-  bool isPlaced = false;  ///< of a leaf: a renderer draws it (`placeLeaves`)
+  Rect frame;             ///< relative to its scope, from the leading edge
+  bool isPlaced = false;  ///< for a leaf: a renderer draws it (`placeLeaves`)
   /// @}
 
   ChildrenOf<Node> children();
   ChildrenOf<const Node> children() const;
 
-  /// Whether a renderer shows the element itself, and nothing below it as an element of its own: a
-  /// text or a control.
+  /// Whether a renderer shows this element as one unit, without elements below it: a text or a
+  /// control.
   bool isLeaf() const;
-  /// Whether it adds no layout: its children stand in its parent.
+  /// Whether the element adds no layout: its children stand in its parent.
   bool isTransparent() const;
   bool isRow() const { return parent && parent->rows; }
 };
 
-/// The children of a node in order, also backwards. `AnyNode` is `Node` or `const Node`.
+/// The children of a node in order; also iterates backwards. `AnyNode` is `Node` or `const Node`.
 template <class AnyNode>
 class ChildrenOf : public std::ranges::view_interface<ChildrenOf<AnyNode>> {
  public:
@@ -94,7 +95,7 @@ class ChildrenOf : public std::ranges::view_interface<ChildrenOf<AnyNode>> {
 
    private:
     AnyNode* parent_ = nullptr;
-    AnyNode* child_ = nullptr;  // none: behind the last one
+    AnyNode* child_ = nullptr;  // none: past the last child
   };
 
   explicit ChildrenOf(AnyNode& parent) : parent_(&parent) {}
@@ -113,11 +114,11 @@ inline ChildrenOf<const Node> Node::children() const {
   return ChildrenOf<const Node>(*this);
 }
 
-/// The row of a windowed list that holds the node, the node itself included; nullptr outside one.
+/// The row of a windowed list that contains the node, or is the node; nullptr outside such lists.
 VEMRA_EXPORT Node* rowOf(Node* node);
 VEMRA_EXPORT const Node* rowOf(const Node* node);
 
-/// Calls `visit` for the leaves under `node` in tree order, pickers' own rows left out.
+/// Calls `visit` for the leaves under `node` in tree order, except the rows inside pickers.
 template <class AnyNode, class Visit>
 void forEachLeaf(AnyNode& node, const Visit& visit) {
   if (node.isLeaf()) {
@@ -129,6 +130,6 @@ void forEachLeaf(AnyNode& node, const Visit& visit) {
 
 }  // namespace vemra::page
 
-/// The range only refers to the parent, so that its iterators outlive it.
+/// The range only refers to the parent, so its iterators may outlive it.
 template <class AnyNode>
 inline constexpr bool std::ranges::enable_borrowed_range<vemra::page::ChildrenOf<AnyNode>> = true;

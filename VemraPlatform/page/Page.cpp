@@ -8,7 +8,7 @@ namespace vemra::page {
 
 namespace {
 
-// More rounds than a page of rows of any height needs.
+// More rounds than any page needs, whatever the heights of its rows.
 constexpr int mostRounds = 12;
 
 /// Sets a variable until the end of the scope.
@@ -44,7 +44,7 @@ Viewport Page::viewport() const {
 }
 
 void Page::apply(const ui::Changes& changes) {
-  // Now, because no frame is right any more once the first patch has been applied.
+  // Note the anchor before the first patch, which makes all frames wrong.
   if (!pass_ || !pass_->anchor) beginPass(Anchor::Reason::changed);
   ++version_;
   attempt([&] { tree_.apply(changes); });
@@ -55,7 +55,7 @@ void Page::apply(const ui::Changes& changes) {
 }
 
 void Page::resized() {
-  if (filling_) return;  // the host's scroll bar came or went: the next round takes it up
+  if (filling_) return;  // the host's scroll bar was shown or hidden: the next round handles it
   if (!pass_ || !pass_->anchor) beginPass(Anchor::Reason::resized);
   settle();
 }
@@ -101,7 +101,8 @@ void Page::settle() {
   restoreFocus();
 }
 
-/// Goes round until nothing is missing; false when that takes another pass of the graph.
+/// Repeats layout and requests until no row is missing; false when rows arrive only with the
+/// graph's next pass.
 bool Page::fill() {
   const During filling(filling_, true);
   for (int round = 0; round < mostRounds; ++round) {
@@ -147,7 +148,7 @@ PinnedRows Page::pinnedRows() const {
 bool Page::askForRows() {
   noteFocus();
   const PinnedRows pinned = pinnedRows();
-  // All requests are found before the first is made: rows that come may bring lists of their own.
+  // Collect all requests before the first one: new rows may contain lists of their own.
   std::vector<RowRequest> requests = rowRequests(tree_, viewport(), margins_, pinned);
   for (RowRequest& request : requests) {
     attempt([&] { graph_.showRows(request.list, std::move(request.ranges)); });
@@ -155,7 +156,7 @@ bool Page::askForRows() {
   return !requests.empty();
 }
 
-/// Notes that the row with the focus had it later than any other.
+/// Notes that the focused row is the last one that had the focus.
 void Page::noteFocus() {
   if (const Node* const row = rowOf(focused())) tree_.find(row->id)->focusedAt = ++focusCount_;
 }
@@ -185,7 +186,7 @@ bool Page::moveFocus(const Node* control, Direction direction) {
   return true;
 }
 
-/// Scrolls back after a search that has found no control.
+/// Ends a search for a control; scrolls back if the search has found none.
 void Page::endSearch(const Node* control) {
   const std::optional<Anchor> before = std::exchange(beforeSearch_, std::nullopt);
   if (!control && before) host_.scrollTo(before->position(tree_, frames(), viewport()));
@@ -204,7 +205,7 @@ void Page::focus(const Node& control, FocusReason reason) {
   const Node* still = tree_.find(id);
   if (!still || !still->isPlaced) return;
   host_.giveFocus(*still, reason);
-  noteFocus();  // there is no pass where nothing is scrolled
+  noteFocus();  // without scrolling, no pass would do this
   still = tree_.find(id);
   if (still) reveal(*still);
 }
@@ -259,8 +260,8 @@ void Page::removing(Node& node) {
   host_.removing(node);
 }
 
-/// Hands a focus that was lost to the control that takes it. Where rows on the way there come only
-/// with the graph's next pass, the search goes on after that.
+/// Gives a lost focus to the next control. Where rows on the way arrive only with the graph's next
+/// pass, the search continues after that pass.
 void Page::restoreFocus() {
   if (restoringFocus_) return;
   const During restoring(restoringFocus_, true);

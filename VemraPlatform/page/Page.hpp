@@ -13,26 +13,26 @@
 
 namespace vemra::page {
 
-/// A view on one page that scrolls: decides where everything is, which rows exist, what stays in
-/// view and where the focus goes. A `PageHost` draws it.
+/// Shows a view on one scrolling page: decides where everything is, which rows exist, which part
+/// stays in view and which element gets the focus. A `PageHost` draws it.
 ///
-/// Whatever happens (patches, another size, scrolling) starts a *pass* or joins the one that runs. A
-/// pass goes round until nothing is missing:
+/// Every change (patches, a new size, scrolling) starts a *pass* or joins the running one. A pass
+/// repeats these steps until no row is missing:
 ///
 ///     1. measure what changed, arrange what was measured
-///     2. scroll so that what the reader looks at stays where it is (`Anchor`)
-///     3. ask the graph for the rows in and near the viewport; if some come, begin again
-///     4. let the host draw what is near the viewport; hand on a focus that was lost
+///     2. scroll so that the elements in view stay where they are (`Anchor`)
+///     3. request the rows in and near the viewport from the graph; if some come, begin again
+///     4. let the host draw what is near the viewport; give a lost focus to the next control
 ///
-/// Rows away from the viewport have no nodes here, only an estimated height; except the row with the
-/// focus and rows with a text field, which stay.
+/// Rows away from the viewport have no nodes here, only an estimated height. Exceptions are the row
+/// with the focus and up to sixteen rows with a text field, which stay.
 ///
-/// Nothing in a pass throws: what a description throws goes to `PageHost::failed`. Main thread only.
+/// A pass never throws: exceptions from descriptions go to `PageHost::failed`. Main thread only.
 class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
  public:
   using Direction = FocusOrder::Direction;
 
-  /// Both must outlive the page. Attach the page to the graph to show its tree.
+  /// `graph` and `host` must outlive the page. Attach the page to the graph to show the graph's tree.
   Page(ui::ViewGraph& graph, PageHost& host, Margins margins = {});
   /// Detaches the page from its graph.
   ~Page();
@@ -43,54 +43,55 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   void apply(const ui::Changes& changes) override;
 
   /// \name What the host reports @{
-  /// The viewport has another size.
+  /// The viewport has a new size.
   void resized();
-  /// The leaves have other sizes than before: another font, style or text size.
+  /// The leaves have new sizes, because of another font, style or text size.
   void restyled();
   /// A person has scrolled to the position.
   void scrolled(int position);
-  /// Goes through a pass, as when the page is seen again.
+  /// Runs a pass, for example when the page becomes visible again.
   void settle();
   /// Finishes a pass that had to wait.
   void settleIfNeeded();
-  /// Hands an event of a person to the graph. When the pressed element goes, the focus goes to what
-  /// takes its place.
+  /// Delivers a person's event to the graph. When this removes the pressed element, the focus moves
+  /// to the control at its place.
   void deliver(ui::NodeID node, ui::Event event);
   /// @}
 
   /// \name The focus, in tree order over all rows @{
-  /// Moves it to the next control; false at the end of the page, or when the page does not have it.
+  /// Moves the focus to the next control; false at the end of the page, or without a focus on the
+  /// page.
   bool focusNext(Direction direction);
-  /// Gives it to the control at the page's beginning (`forward`) or end; false without controls.
+  /// Focuses the first (`forward`) or last control of the page; false when there is none.
   bool focusFirst(Direction direction);
-  /// Gives it to the element; false when that is not there or does not take it.
+  /// Focuses the element; false when it is not in the tree or cannot have the focus.
   bool focus(ui::NodeID element, FocusReason reason);
-  /// Gives it to the first control in `within` behind `after`, or to the nearest one.
+  /// Focuses the first control in `within` behind `after`, or the nearest control.
   void focusInPlace(ui::NodeID within, ui::NodeID after);
-  /// The element that has it, or nullptr.
+  /// The focused element, or nullptr.
   const Node* focused() const;
   /// @}
 
-  /// Scrolls just as far as it takes to see the element, with its row when that fits.
+  /// Scrolls only as far as needed to show the element, with its row if that fits.
   void reveal(const Node& leaf);
-  /// The same, unless it is in view already: all of it, or of a tall one half a viewport.
+  /// Calls `reveal` unless the element is in view: all of it or, for a tall one, half a viewport.
   void scrollIn(ui::NodeID element);
-  /// Scrolls a row in when it is not there.
+  /// Scrolls a row into view if it has no nodes.
   void revealRow(ui::NodeID list, std::size_t index);
 
   const WindowedTree& tree() const { return tree_; }
-  /// Where everything is; as of the last pass.
+  /// Where everything is, as of the last pass.
   Frames frames() const { return {tree_, graph_.environment().layoutDirection, host_.grid()}; }
   Viewport viewport() const;
   int contentHeight() const { return tree_.root() ? tree_.root()->size.height : 0; }
-  /// Another number whenever the nodes have changed.
+  /// A number that changes whenever the nodes change.
   std::uint64_t version() const { return version_; }
 
  private:
-  /// What a pass remembers from the first change on until the page is at rest.
+  /// The data of a pass, from the first change until the page is at rest.
   struct Pass {
     std::optional<Anchor> anchor;
-    bool focusWasSeen = false;  ///< the focused element was in view before
+    bool focusWasSeen = false;  ///< the focused element was in view before the change
   };
 
   void beginPass(Anchor::Reason reason);
@@ -109,7 +110,7 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   Node* bringRow(Node& list, std::size_t index) override;
   bool rowsComeLater() const override { return inGraph_ || filling_; }
 
-  /// Runs `work`; what it throws goes to the host.
+  /// Runs `work`; the host gets its exceptions.
   template <class Work>
   void attempt(const Work& work) {
     try {
@@ -129,12 +130,12 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   std::uint64_t focusCount_ = 0;
   std::optional<Pass> pass_;  ///< none: the page is at rest
   FocusKeeper focusKeeper_{tree_, *this};
-  std::optional<Anchor> beforeSearch_;  ///< what the reader saw before a search scrolled the page
+  std::optional<Anchor> beforeSearch_;  ///< the view before a search scrolled the page
   ui::NodeID pressed_;
 
-  /// \name What runs just now; each is restored when its function is left @{
-  bool inGraph_ = false;  ///< a call of the graph: rows that are asked for come in its next pass
-  bool filling_ = false;  ///< the pass, which takes up what changes meanwhile
+  /// \name What is running now; each is restored at the end of its function @{
+  bool inGraph_ = false;  ///< in a call by the graph: requested rows arrive with its next pass
+  bool filling_ = false;  ///< in a pass, which also handles changes that happen meanwhile
   bool restoringFocus_ = false;
   /// @}
 };

@@ -11,52 +11,53 @@ namespace vemra::page {
 
 /// Why an element gets the focus.
 enum class FocusReason {
-  forward,   ///< a person went on to the next control
-  backward,  ///< a person went back to the one before
-  other,     ///< a program asked for it, or the element that had the focus went
+  forward,   ///< a person moved on to the next control
+  backward,  ///< a person moved back to the previous control
+  other,     ///< a program asked for it, or the focused element was removed
 };
 
-/// What draws a `Page`: it measures texts and controls, shows what the page places, and has the
-/// keyboard. A renderer derives from it.
+/// Draws a `Page`: it measures texts and controls, shows the placed elements, and handles the
+/// keyboard focus. Renderers derive from it.
 ///
-/// The page calls it during its passes. Main thread only. None of these functions may throw.
+/// The page calls these functions during its passes. Main thread only. They must not throw.
 class VEMRA_EXPORT PageHost : public LeafMetrics {
  public:
-  /// Whether the page is seen. While it is not, its passes wait.
+  /// Whether the page is visible. While it is not, its passes wait.
   virtual bool isShown() const { return true; }
-  /// The size of the viewport now.
+  /// The present size of the viewport.
   virtual Size viewportSize() const = 0;
-  /// Takes up how far the page can be scrolled, and where it is. May change `viewportSize`, for
-  /// example by showing a scroll bar, but must not call `Page::scrolled`.
+  /// Sets the scroll range and position. May change `viewportSize`, for example by showing a scroll
+  /// bar, but must not call `Page::scrolled`.
   virtual void showScrollRange(int maximum, int position) = 0;
-  /// The rows are certain to reach past the viewport: a scroll bar may come before they are measured.
+  /// The rows will certainly extend past the viewport: the host may show a scroll bar before they
+  /// are measured.
   virtual void expectScrolling() {}
-  /// Scrolls as a person does: to the nearest possible position, with a call of `Page::scrolled` when
-  /// that is another one.
+  /// Scrolls as a person does: to the nearest possible position; calls `Page::scrolled` when the
+  /// position changes.
   virtual void scrollTo(int position) = 0;
 
-  /// Draws the placed leaves, each where it stands now, and no longer the released ones.
+  /// Draws the placed leaves at their present frames, and stops drawing the released ones.
   virtual void place(const Placements& placements) = 0;
-  /// The node goes, with everything below it; it is still in its place.
+  /// The node and its subtree are about to be removed; all are still in their places.
   virtual void removing(Node& node) = 0;
 
-  /// The element that has the keyboard focus; none when it is elsewhere.
+  /// The element with the keyboard focus; none when the focus is elsewhere.
   virtual ui::NodeID focused() const = 0;
-  /// Gives the focus to a control that is drawn.
+  /// Gives the keyboard focus to a control that is drawn.
   virtual void giveFocus(const Node& control, FocusReason reason) = 0;
-  /// The focused element has gone, and no other control takes the focus.
+  /// The focused element has been removed, and no other control gets the focus.
   virtual void loseFocus() = 0;
 
-  /// \name What an observer may want to know @{
+  /// \name Notifications for observers @{
   /// The tree has changed and is not laid out yet.
   virtual void patched(const ui::Changes&) {}
-  /// Everything is in its place; the focus goes on next, when its element went.
+  /// Everything is placed. If the focused element was removed, the focus moves after this.
   virtual void placed() {}
   /// The page is at rest.
   virtual void atRest() {}
   /// @}
 
-  /// Takes what a description or an action threw. The page goes on.
+  /// Receives an exception of a description or an action. The page continues.
   virtual void failed(std::exception_ptr error) = 0;
 
  protected:

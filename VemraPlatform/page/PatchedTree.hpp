@@ -9,23 +9,23 @@
 
 namespace vemra::page {
 
-/// The tree that patches describe: what every renderer has to keep, kept once.
+/// The tree that patches describe, which every renderer needs: implemented once.
 ///
-/// It knows only what a renderer is handed, so that it holds what any renderer would come to. A node stays where it is
-/// in memory until a patch removes it.
+/// It uses only what a renderer gets, so every renderer would build the same tree. The address of a
+/// node stays the same until a patch removes the node.
 class VEMRA_EXPORT PatchedTree {
  public:
-  /// Learns of every change when it has happened, and of a removal before. Must not throw.
+  /// Gets a call after every change, and before a removal. Must not throw.
   class VEMRA_EXPORT Observer {
    public:
     virtual void inserted(Node&) {}
     virtual void updated(Node&) {}
-    /// The children of a list stand at these places among its rows. Called before their `rowIndex` is
-    /// set, after all patches.
+    /// The children of a list have these indexes among its rows. Called after all patches, before
+    /// the children's `rowIndex` is set.
     virtual void rowsPlaced(Node& /*list*/, const ui::ListRows&) {}
-    /// A child came, went, or changed its place.
+    /// A child was added, removed or moved.
     virtual void childrenChanged(Node& /*parent*/) {}
-    /// The node and everything below it go; they are still in their places.
+    /// The node and its subtree are about to be removed; all are still in their places.
     virtual void removing(Node&) {}
 
    protected:
@@ -33,14 +33,14 @@ class VEMRA_EXPORT PatchedTree {
   };
 
   PatchedTree() = default;
-  /// `observer` must outlive the tree. It hears nothing when the tree is destroyed.
+  /// `observer` must outlive the tree. It gets no calls when the tree is destroyed.
   explicit PatchedTree(Observer& observer) : observer_(&observer) {}
   PatchedTree(const PatchedTree&) = delete;
   PatchedTree& operator=(const PatchedTree&) = delete;
 
-  /// Carries the patches out in order, then numbers the rows of the lists. Throws `std::out_of_range`
-  /// at a change that speaks of a node that is not there, inserts one that is, or gives a list another
-  /// number of rows than it has children; those before it have been carried out.
+  /// Applies the patches in order, then sets the row indexes of the lists. Throws
+  /// `std::out_of_range` at a change that names a missing node, inserts an existing node, or gives
+  /// a list another number of rows than it has children; the changes before it have been applied.
   void apply(const ui::Changes& changes);
 
   /// The root, or nullptr while nothing is shown.
@@ -49,7 +49,7 @@ class VEMRA_EXPORT PatchedTree {
   /// The node, or nullptr.
   Node* find(ui::NodeID id);
   const Node* find(ui::NodeID id) const;
-  /// How many nodes the tree has. Costs far less than a walk (`NodeTable::size`).
+  /// The number of nodes in the tree. Costs far less than a walk (`NodeTable::size`).
   std::size_t size() const { return nodes_.size(); }
 
  private:
@@ -64,7 +64,7 @@ class VEMRA_EXPORT PatchedTree {
   Node* root_ = nullptr;
 };
 
-/// Calls `visit` with each child of a list and its place among all rows.
+/// Calls `visit` with each child of a list and its index among all rows.
 template <class Visit>
 void forEachRow(Node& list, const ui::ListRows& rows, const Visit& visit) {
   Node* row = list.firstChild;

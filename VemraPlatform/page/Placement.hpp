@@ -8,21 +8,22 @@
 
 namespace vemra::page {
 
-/// A leaf that is drawn, and where.
+/// A leaf that is drawn, and its frame.
 struct Placement {
   const Node* leaf;
   Rect frame;  ///< on the whole page; subtract the scroll position for the viewport
 };
 
-/// Which leaves a renderer draws, and which no longer.
+/// The leaves that a renderer draws, and those that it no longer draws.
 struct Placements {
   std::vector<Placement> placed;      ///< in tree order
-  std::vector<const Node*> released;  ///< were drawn before
+  std::vector<const Node*> released;  ///< drawn before, now no longer
 };
 
-/// Decides which leaves are drawn, and notes it in each (`Node::isPlaced`): those in the viewport or
-/// nearer to it than `margin`; and of those that were drawn before, the focused one and all in
-/// pinned rows, which stay wherever the page is scrolled. The tree must be laid out.
+/// Decides which leaves are drawn, and stores the decision in each leaf (`Node::isPlaced`). These
+/// are the leaves in the viewport or nearer to it than `margin`; and, of the leaves that were drawn
+/// before, the focused leaf and all leaves in pinned rows, wherever the page is scrolled. The tree
+/// must be laid out.
 VEMRA_EXPORT Placements placeLeaves(WindowedTree& tree, const Frames& frames,
                                     const Viewport& viewport, int margin, const PinnedRows& pinned,
                                     const Node* focused);

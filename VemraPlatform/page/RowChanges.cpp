@@ -23,7 +23,7 @@ struct Stretch {
   }
 };
 
-/// Where the rows of a stretch of one list stand in another one.
+/// The positions in `other` of the rows of a stretch of `list`.
 std::vector<std::size_t> placesIn(const ui::RowIDs& other, const ui::RowIDs& list,
                                   const Stretch& stretch) {
   if (stretch.first == stretch.last) return {};
@@ -51,7 +51,7 @@ RowChanges rowChanges(const ui::RowIDs& before, const ui::RowIDs& after, std::si
     const std::size_t place = placesOfOld[i];
     if (place == ui::absentRow) {
       changes.left.push_back(old.first + i);
-    } else if (place < next || !fresh.holds(place)) {  // outside: one of equal ids has gone
+    } else if (place < next || !fresh.holds(place)) {  // outside: an equal id was removed
       return incomplete;
     } else {
       next = place + 1;

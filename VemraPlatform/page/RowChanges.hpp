@@ -8,22 +8,23 @@
 
 namespace vemra::page {
 
-/// How one list of rows became another one.
+/// The changes between two lists of rows.
 struct RowChanges {
-  std::vector<std::size_t> left;  ///< places in the list before, ascending
-  std::vector<std::size_t> came;  ///< places in the list after, ascending
-  /// False when rows changed places, or when more rows than the limit left and came. Then `left` and
-  /// `came` are empty.
+  std::vector<std::size_t> left;  ///< indexes in the previous list, ascending
+  std::vector<std::size_t> came;  ///< indexes in the new list, ascending
+  /// False when rows changed their order, or when more rows than the limit were added and removed.
+  /// Then `left` and `came` are empty.
   bool areComplete = true;
 };
 
-/// Finds the rows that left and those that came. A row is the same in both lists when its id is
-/// canonically equal and as many equal ids stand before it.
+/// Finds the removed rows and the added ones. A row is the same in both lists when its ids are
+/// canonically equal and have the same number of equal ids before them.
 ///
-/// One pass over the ids where nothing or little has changed; more, with a table of the ids between
-/// the first and the last difference, otherwise.
+/// This takes one pass over the ids where little or nothing has changed; otherwise more, with a
+/// table of the ids between the first and the last difference.
 ///
-/// \param most How many rows may have left and come together. Throws what `RowIDs::key` throws.
+/// \param most The greatest number of removed and added rows together. Throws what `RowIDs::key`
+/// throws.
 VEMRA_EXPORT RowChanges rowChanges(const ui::RowIDs& before, const ui::RowIDs& after,
                                    std::size_t most);
 

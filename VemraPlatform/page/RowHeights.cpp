@@ -8,7 +8,7 @@ namespace vemra::page {
 
 namespace {
 
-/// The next entry of a Fenwick tree that this one is part of.
+/// The next entry of the Fenwick tree whose sum includes this entry.
 std::size_t above(std::size_t entry) {
   return entry + (entry & (~entry + 1));
 }
@@ -38,7 +38,7 @@ void RowHeights::follow(const std::vector<std::size_t>& left,
                         const std::vector<std::size_t>& came) {
   const std::size_t before = std::exchange(count_, count_ - left.size() + came.size());
   if (deviations_.empty()) return;
-  // Each row's own deviation, then the sums anew.
+  // First each row's own deviation, then new sums.
   for (std::size_t i = before; i > 0; --i) {
     if (above(i) <= before) deviations_[above(i)] -= deviations_[i];
   }
@@ -88,7 +88,8 @@ std::size_t RowHeights::rowAt(std::int64_t distance) const {
     return std::min(count_ - 1,
                     static_cast<std::size_t>(distance / std::max<std::int64_t>(extent, 1)));
   }
-  // Down the tree: the most rows whose heights together do not exceed the distance.
+  // Descends the tree to the greatest number of rows whose heights together do not exceed the
+  // distance.
   std::size_t row = 0;
   for (std::size_t step = std::bit_floor(count_); step > 0; step /= 2) {
     const std::size_t next = row + step;

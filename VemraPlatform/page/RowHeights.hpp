@@ -8,33 +8,35 @@
 
 namespace vemra::page {
 
-/// Where the rows of a long list stand while only a few of them have been measured.
+/// The positions of the rows of a long list of which only a few have been measured.
 ///
 /// Every row has the estimated height until it is measured. A row's top is its index times the
 /// estimate plus the deviations of the measured rows before it, which a Fenwick tree sums up
 /// (Fenwick, "A new data structure for cumulative frequency tables", 1994). The tree is made when
-/// the first row deviates. Asking for a row and correcting one cost O(log n); a list whose rows are
-/// all of the estimated height costs no memory. `follow` costs O(n), a few instructions a row.
+/// the first row deviates. Finding a row and correcting a height cost O(log n); a list whose rows
+/// all have the estimated height needs no memory. `follow` costs O(n), a few instructions for each
+/// row.
 ///
 /// Lengths are whole pixels. `gap` is the space between two rows.
 class VEMRA_EXPORT RowHeights {
  public:
-  /// As far as a page reaches down a list, in pixels: coordinates on a page are 32 bits wide, and
-  /// the elements around the list need room too. Ten million rows of a hundred pixels.
+  /// The greatest distance that a page reaches down a list, in pixels: coordinates on a page have
+  /// 32 bits, and the elements around the list need room too. This is enough for ten million rows
+  /// of a hundred pixels.
   static constexpr std::int64_t farthest = std::int64_t{1} << 30;
 
-  /// Makes every row unmeasured; keeps the estimate.
+  /// Marks every row as unmeasured; keeps the estimate.
   void reset(std::size_t count, int gap);
-  /// Sets the height of unmeasured rows, at least 1. Makes every row unmeasured.
+  /// Sets the height of unmeasured rows, at least 1. Marks every row as unmeasured.
   void setEstimate(int height);
-  /// Asks for a new estimate, because the width of the rows or the size of their text has changed.
+  /// Requests a new estimate, because the width of the rows or the size of their text has changed.
   void forgetEstimate() { calibrated_ = false; }
   /// Sets the measured height of a row of the list.
   void setHeight(std::size_t row, int height);
-  /// Takes up that rows left the list and others came. A row that stays keeps its height.
+  /// Applies removals and additions of rows. A row that stays keeps its height.
   ///
-  /// \param left The places that the rows had which left, ascending.
-  /// \param came The places that the new rows have now, ascending.
+  /// \param left The previous indexes of the removed rows, ascending.
+  /// \param came The new indexes of the added rows, ascending.
   void follow(const std::vector<std::size_t>& left, const std::vector<std::size_t>& came);
 
   std::size_t count() const { return count_; }
@@ -50,8 +52,8 @@ class VEMRA_EXPORT RowHeights {
   /// `top` and `total` as coordinates on a page, `farthest` at most.
   int topOnPage(std::size_t row) const;
   int totalOnPage() const;
-  /// The row at a distance from the first row's top; outside the list the nearest row. The list
-  /// must not be empty.
+  /// The row at a distance from the first row's top; the nearest row for a distance outside the
+  /// list. The list must not be empty.
   std::size_t rowAt(std::int64_t distance) const;
 
  private:

@@ -4,23 +4,22 @@
 
 namespace vemra::page {
 
-/// The part of a page that a person sees.
+/// The visible part of a page.
 struct Viewport {
   int width = 0, height = 0;
-  int position = 0;  ///< how far the page is scrolled: where the viewport's top edge is on it
+  int position = 0;  ///< how far the page is scrolled: the viewport's top edge on the page
 
-  /// Whether it shows a part of the frame, or would if it reached `margin` further up and down.
+  /// Whether the viewport, extended by `margin` upwards and downwards, shows a part of the frame.
   bool shows(const Rect& frame, int margin = 0) const {
     return frame.bottom() > position - margin && frame.y < position + height + margin;
   }
 };
 
-/// How far a page looks beyond its viewport, in the units of its frames. The default is for pixels.
+/// The margins around the viewport, in the units of its frames. The defaults are in pixels.
 struct Margins {
-  int ask = 96;  ///< rows this near are there before a small step brings them into view
-  int keep =
-      288;       ///< what is this near stays, so that small steps do not swap it for its neighbours
-  int air = 12;  ///< left above and below an element that is scrolled into view
+  int ask = 96;    ///< rows this near get nodes before a small step brings them into view
+  int keep = 288;  ///< rows and leaves this near stay, so that small steps keep them
+  int air = 12;    ///< space above and below an element that is scrolled into view
 };
 
 }  // namespace vemra::page

@@ -12,8 +12,8 @@ using ui::RowRange;
 
 namespace {
 
-// More rows than that with a text field go like any other, so that a page full of open fields does
-// not become one full of widgets.
+// Beyond this number, rows with a text field are removed like other rows, so that a page full of
+// open fields does not keep a widget for each of them.
 constexpr std::size_t mostRowsWithField = 16;
 
 bool holdsTextField(const Node& row) {
@@ -28,7 +28,7 @@ bool holdsTextField(const Node& row) {
   return holds;
 }
 
-/// The same rows in ascending ranges that do not touch.
+/// The same rows as ascending ranges that do not touch.
 std::vector<RowRange> joined(std::vector<RowRange> ranges) {
   std::ranges::sort(ranges, {}, &RowRange::first);
   std::vector<RowRange> joined;
@@ -42,7 +42,7 @@ std::vector<RowRange> joined(std::vector<RowRange> ranges) {
   return joined;
 }
 
-/// Whether the rows that are there are exactly those.
+/// Whether the list's children are exactly these rows.
 bool holdsExactly(const Node& list, const std::vector<RowRange>& ranges) {
   const Node* row = list.firstChild;
   for (const RowRange& range : ranges) {
@@ -67,7 +67,7 @@ std::vector<RowRange> wantedRows(const Node& list, const Viewport& viewport, con
   const std::int64_t to = viewport.position - list.frame.y + viewport.height + margins.ask;
   if (heights.count() > 0 && to > 0 && from < heights.total()) {
     RowRange near{heights.rowAt(from), heights.rowAt(to) + 1};
-    // What is there already and only a little further away stays.
+    // Keep present rows that are only a little further away.
     for (const Node& row : list.children() | std::views::reverse) {
       const std::int64_t top = heights.top(row.rowIndex);
       if (row.rowIndex + 1 == near.first && top > from - margins.keep) --near.first;
@@ -99,7 +99,7 @@ std::vector<RowRequest> rowRequests(const WindowedTree& tree, const Viewport& vi
     if (!holdsExactly(*list, wanted)) requests.push_back({list->id, std::move(wanted)});
   }
   for (const Node* list : tree.wholeLists()) {
-    // A picker's choices are there by themselves.
+    // A list in a picker already has all its rows, so the counts are equal.
     const std::size_t count = list->element.rowCount();
     if (list->childCount != count) requests.push_back({list->id, {{0, count}}});
   }

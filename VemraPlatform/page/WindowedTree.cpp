@@ -10,11 +10,11 @@ using ui::ElementKind;
 
 namespace {
 
-// When more rows than that came and went, all heights are estimated again.
+// When more rows than this were added and removed, all heights are estimated again.
 constexpr std::size_t mostFollowed = 256;
 
-/// Heights stay with their rows: the page gets as much longer or shorter as the rows that came and
-/// went are high.
+/// Rows keep their heights: the page grows and shrinks by the heights of the added and removed
+/// rows.
 void follow(RowHeights& heights, const ui::RowIDs& before, const ui::RowIDs& after) {
   const RowChanges changes = rowChanges(before, after, mostFollowed);
   if (changes.areComplete && heights.count() == before.count()) {
@@ -54,8 +54,8 @@ void WindowedTree::updated(Node& node) {
   invalidate(&node);
 }
 
-/// Ids are read only where the list has another length or a row that is there has moved: a new list
-/// costs nothing as long as nothing that is seen of it has changed.
+/// This reads ids only when the length of the list has changed or a present row has moved: a new
+/// list costs nothing while its present rows stay the same.
 void WindowedTree::rowsPlaced(Node& list, const ui::ListRows& rows) {
   if (!list.rows) return;
   auto& measured = measured_.try_emplace(list.id, rows.ids).first->second;

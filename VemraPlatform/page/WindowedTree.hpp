@@ -11,22 +11,23 @@
 
 namespace vemra::page {
 
-/// The patched tree of a page: it knows which lists are windowed, keeps the heights of their rows
-/// when the rows change, and forgets the measures that a patch makes wrong.
+/// The patched tree of a page. It knows which lists are windowed, keeps the heights of their rows
+/// when the rows change, and discards the measurements that a patch makes wrong.
 ///
-/// A list is *windowed*, so that a renderer asks for its rows by range, where rows stand one below
-/// the other and nothing else depends on them: in a column of the page itself. A list beside
-/// something, inside a row or inside a picker is shown whole.
+/// A renderer requests the rows of a *windowed* list by range. A list is windowed when its rows
+/// stand one below the other and no other layout depends on them: in a column of the page itself. A
+/// list beside other elements, inside a row or inside a picker is shown whole.
 class VEMRA_EXPORT WindowedTree final : private PatchedTree::Observer {
  public:
-  /// `removing` is called with a node right before it goes, while everything below it is in place.
+  /// `removing` is called with a node right before the node is removed, while its subtree is in
+  /// place.
   explicit WindowedTree(std::function<void(Node&)> removing)
       : removing_(std::move(removing)), tree_(*this) {}
   WindowedTree(const WindowedTree&) = delete;
   WindowedTree& operator=(const WindowedTree&) = delete;
 
-  /// Carries out the changes. Throws what reading a list's ids throws, after all of them have been
-  /// carried out.
+  /// Applies the changes. Rethrows exceptions of reading a list's ids after all changes have been
+  /// applied.
   void apply(const ui::Changes& changes);
 
   Node* root() { return tree_.root(); }
@@ -35,10 +36,10 @@ class VEMRA_EXPORT WindowedTree final : private PatchedTree::Observer {
   const Node* find(ui::NodeID id) const { return tree_.find(id); }
   /// The windowed lists, in no particular order.
   const std::vector<Node*>& lists() const { return lists_; }
-  /// The lists that are shown whole, those in pickers too. All their rows are wanted.
+  /// The lists that are shown whole, including those in pickers. The page requests all their rows.
   const std::vector<Node*>& wholeLists() const { return wholeLists_; }
 
-  /// Forgets every measure: the sizes of all leaves may have changed.
+  /// Discards every measurement, because the sizes of all leaves may have changed.
   void invalidateAll();
 
  private:
@@ -51,7 +52,7 @@ class VEMRA_EXPORT WindowedTree final : private PatchedTree::Observer {
 
   std::function<void(Node&)> removing_;
   std::vector<Node*> lists_, wholeLists_;
-  /// Of each windowed list: the rows that its heights are of.
+  /// For each windowed list, the rows that its heights belong to.
   std::unordered_map<ui::NodeID, std::shared_ptr<const ui::RowIDs>> measured_;
   std::exception_ptr error_;
   PatchedTree tree_;
