@@ -20,7 +20,7 @@ std::array<double, 256> linearLevels() {
 }
 
 double luminance(const QColor& color) {
-  // Looking for a readable colour compares dozens, and every page looks for five.
+  // A search for a readable colour compares dozens, and every page searches for five.
   static const std::array<double, 256> linear = linearLevels();
   const auto of = [](int level) { return linear[static_cast<std::size_t>(level)]; };
   return 0.2126 * of(color.red()) + 0.7152 * of(color.green()) + 0.0722 * of(color.blue());

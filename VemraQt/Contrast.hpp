@@ -8,8 +8,8 @@ namespace vemra::qt {
 /// "contrast ratio").
 double contrast(const QColor& a, const QColor& b);
 
-/// `color`, moved towards `strong` just as far as it takes to reach `ratio` on `background`.
-/// When `strong` does not reach it either, `strong`.
+/// Returns `color`, moved towards `strong` only as far as needed to reach `ratio` on `background`.
+/// Returns `strong` when even that does not reach the ratio.
 QColor readable(const QColor& color, const QColor& strong, const QColor& background, double ratio);
 
 }  // namespace vemra::qt

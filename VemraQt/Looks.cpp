@@ -58,14 +58,14 @@ QFont::Weight weightOf(FontWeight weight) {
   return QFont::Normal;
 }
 
-/// The window's colour for which a style that draws its own frames gives them this colour: styles
-/// take the window's, darker by two fifths.
+/// Computes the window colour to set in a palette so that a style draws its frames in `outline`:
+/// styles derive a frame's colour from the window colour by darkening it by two fifths.
 QColor outlinedBy(const QColor& outline) {
   const QColor hsv = outline.toHsv();
   return QColor::fromHsv(hsv.hsvHue(), hsv.hsvSaturation(), std::min(255, hsv.value() * 7 / 5 + 1));
 }
 
-/// For a page in the other scheme than the system's.
+/// The palette for a page whose colour scheme differs from the system's.
 QPalette ownPalette(ColorScheme scheme) {
   const bool dark = scheme == ColorScheme::dark;
   const QColor page = dark ? QColor(0x1e, 0x1f, 0x22) : QColor(0xff, 0xff, 0xff);
@@ -107,12 +107,14 @@ Looks::Colours::Colours(const QPalette& itsPalette) : palette(itsPalette), frami
   const QColor page = palette.color(QPalette::Base);
   const QColor ink = palette.color(QPalette::Text);
   const QColor face = palette.color(QPalette::Button);
-  // In high contrast a button has no face of its own, and everything has to stand out more.
+  // In high contrast a button's face has the colour of the page, and the colours need more
+  // contrast.
   const double strongest = contrast(ink, page);
   const bool isHighContrast = strongest >= 10 && contrast(face, page) < 1.05;
   secondary = readable(page, ink, page, isHighContrast ? (7.05 + strongest) / 2 : 6.2);
   tertiary = readable(page, ink, page, isHighContrast ? 7.05 : 4.55);
-  // Where no theme has set one, Qt's link is pure blue, harsh on light pages and unreadable on dark.
+  // Without a theme, Qt's link colour is pure blue: harsh on light pages and unreadable on dark
+  // ones.
   const bool isThemed = palette.color(QPalette::Link) != QColor(Qt::blue);
   link = readable(isThemed ? palette.color(QPalette::Link)
                            : ownPalette(colorSchemeOf(palette)).color(QPalette::Link),
@@ -121,7 +123,7 @@ Looks::Colours::Colours(const QPalette& itsPalette) : palette(itsPalette), frami
   outline = readable(page, ink, page, isHighContrast ? 7.05 : 3.05);
   framing.setColor(QPalette::Window, outlinedBy(outline));
   focusRing = palette.color(QPalette::Highlight);
-  // Styles shade a button's face, and dark ones get an edge of light.
+  // Styles shade a button's face, and dark styles draw a light edge around it.
   for (const QColor& behind : {page, face.lighter(180), face.darker(110)}) {
     focusRing = readable(focusRing, ink, behind, 3.1);
   }

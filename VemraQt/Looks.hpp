@@ -28,10 +28,10 @@ class VEMRA_EXPORT Looks {
   QColor outline() const { return colours_.outline; }
   QColor focusRing() const { return colours_.focusRing; }
   QColor background() const { return palette().color(QPalette::Base); }
-  /// The palette with another colour of the window, which makes the style frame a control in
-  /// `outline`. One and the same for all: styles keep what they have drawn by its `cacheKey`.
+  /// A palette whose window colour makes the style draw the frames of controls in `outline`. All
+  /// controls share it, because styles cache what they draw under the palette's `cacheKey`.
   const QPalette& paletteForFrames() const { return colours_.framing; }
-  /// The system's palette, or one of our own when the environment asks for the other scheme.
+  /// The system's palette, or one of our own when the environment sets the other colour scheme.
   const QPalette& palette() const { return colours_.palette; }
 
  private:
@@ -40,8 +40,8 @@ class VEMRA_EXPORT Looks {
     QColor secondary, tertiary, link, disabled, outline, focusRing;
     explicit Colours(const QPalette& itsPalette);
   };
-  /// Kept from the last time: most windows of a program have the same palette, and to tell what can
-  /// be read on what takes as long as to describe a window full of rows.
+  /// Caches the colours of the last palette: most windows of a program have the same palette, and
+  /// finding readable colours takes as long as describing a window full of rows.
   static const Colours& coloursOf(const QPalette& palette);
 
   QFont systemFont_;

@@ -8,11 +8,13 @@
 
 namespace vemra::qt {
 
-/// The view as it looks in a window of that size, without showing one. With a height of 0 the
-/// picture is as high as the page, up to 16,000 pixels. Needs a QApplication; main thread only.
+/// Draws the view as a window of that size would show it, without opening a window. With a height
+/// of 0 the picture is as high as the page, up to 16,000 pixels. Needs a QApplication; main thread
+/// only.
 VEMRA_EXPORT QImage picture(ui::View root, ui::Environment environment, QSize size);
 
-/// The same of a tree that lives elsewhere, with its state. The graph has no renderer afterwards.
+/// Draws the tree of a graph that the caller owns, with its state. The graph has no renderer
+/// afterwards.
 VEMRA_EXPORT QImage picture(ui::ViewGraph& graph, QSize size);
 
 }  // namespace vemra::qt

@@ -3,7 +3,8 @@
 #include <QDir>
 #include <QTranslator>
 
-// The resources of a static library come in only when somebody asks, from outside any namespace.
+// The resources of a static library are linked only when the program uses Q_INIT_RESOURCE, which
+// must be called outside any namespace.
 static void bringInTranslations() {
   Q_INIT_RESOURCE(vemra_translations);
 }

@@ -21,8 +21,9 @@ class VEMRA_EXPORT QtStringsTable final : public ui::StringsTable {
  public:
   /// The table in a file or resource; nullptr when it cannot be read.
   static std::shared_ptr<const QtStringsTable> load(const QString& file);
-  /// The table that comes with the library for the first of `languages` ("de-AT", "en") that is
-  /// English, whose keys are shown as they are, or has one; nullptr when no table is needed.
+  /// Loads the table of this library for the first of `languages` ("de-AT", "en") that the library
+  /// supports. Returns nullptr when that language is English, whose keys are shown as they are, or
+  /// when the library supports none of them.
   static std::shared_ptr<const QtStringsTable> builtIn(const QStringList& languages);
   ~QtStringsTable() override;
 

@@ -5,9 +5,9 @@
 
 namespace vemra::qt {
 
-/// What the system asks for now: the user's locale, time zone and language, the colour scheme of
-/// the application's palette and its layout direction. The text scale is 1: the system's font size
-/// is taken up as it is. Needs a QApplication.
+/// Reads the current settings of the system: the user's locale, time zone and language, the colour
+/// scheme of the application's palette and its layout direction. The text scale is 1, because the
+/// page already uses the system's font size. Needs a QApplication.
 VEMRA_EXPORT ui::Environment systemEnvironment();
 
 }  // namespace vemra::qt

@@ -37,7 +37,7 @@ void ViewWidget::prepare() {
   setFocusPolicy(Qt::StrongFocus);
   setVerticalScrollBar(new PageScrollBar(Qt::Vertical));
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // until the page knows better
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // until the page decides
   viewport()->setBackgroundRole(QPalette::Base);
   viewport()->setAutoFillBackground(true);
   page_ = std::make_unique<Page>(*this, graph_);
@@ -92,7 +92,7 @@ void ViewWidget::applyLooks() {
   setLayoutDirection(environment.layoutDirection == ui::LayoutDirection::rightToLeft
                          ? Qt::RightToLeft
                          : Qt::LeftToRight);
-  // The system's own palette is inherited, so that its changes arrive by themselves.
+  // The widget inherits the system's own palette, so Qt applies later changes to it.
   const QPalette system = QApplication::palette();
   const bool fits = colorSchemeOf(system) == environment.colorScheme;
   setPalette(fits ? QPalette() : Looks(font(), system, environment).palette());
@@ -100,7 +100,7 @@ void ViewWidget::applyLooks() {
 }
 
 bool ViewWidget::event(QEvent* event) {
-  // Destroys the widget: there is nothing to come back to.
+  // This event destroys the widget, so nothing below may run.
   if (event->type() == QEvent::DeferredDelete) return QAbstractScrollArea::event(event);
   bool handled = false;
   {
@@ -126,8 +126,8 @@ bool ViewWidget::event(QEvent* event) {
 
 void ViewWidget::resizeEvent(QResizeEvent* event) {
   QAbstractScrollArea::resizeEvent(event);
-  // The scroll area is laying itself out: if the page took its scroll bar away now, the scroll area
-  // would bring it back right after.
+  // The scroll area is laying itself out. If the page hid the scroll bar now, the scroll area would
+  // show it again right away.
   resized_ = inEvent_;
   if (!inEvent_) page_->resized();
 }
@@ -169,7 +169,8 @@ void ViewWidget::focusInEvent(QFocusEvent* event) {
 bool ViewWidget::focusNextPrevChild(bool next) {
   const bool isEntered = window()->focusWidget() == this;
   if (isEntered ? page_->focusEnd(next) : page_->focusNext(next)) return true;
-  // Qt looks for the next control from here on, so that the page counts as one stop.
+  // Qt searches for the next control from the scroll area on, so the whole page counts as one Tab
+  // stop.
   bool left = false;
   {
     const QScopedValueRollback<bool> leaving(leaving_, true);
@@ -177,7 +178,7 @@ bool ViewWidget::focusNextPrevChild(bool next) {
     left = QAbstractScrollArea::focusNextPrevChild(next);
   }
   if (left && window()->focusWidget() != this) return true;
-  return page_->focusEnd(next);  // nothing else in the window: round and round
+  return page_->focusEnd(next);  // no other control in the window: wrap around
 }
 
 }  // namespace vemra::qt

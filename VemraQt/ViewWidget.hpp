@@ -13,48 +13,51 @@ namespace vemra::qt {
 class AccessibleTree;
 class Page;
 
-/// A view in a window: real widgets for what is near the viewport, one scroll area around it all.
+/// Shows a view in a window: one scroll area, with real widgets for the elements near the viewport.
 ///
 ///     vemra::qt::ViewWidget widget;
 ///     widget.setRoot(GoalResultView(snapshot, …));
 ///     widget.show();
 ///
-/// Shows any view. The whole tree scrolls as one page; a `ScrollView` inside says only whether the
-/// scroll bar is seen. A widget's `objectName` is its element's accessibility identifier.
+/// The view may be any view. The whole tree scrolls as one page; a `ScrollView` inside it only decides
+/// whether the scroll bar is visible. A widget's `objectName` is its element's accessibility
+/// identifier.
 ///
-/// What a description of the tree throws stops nothing. A call of the host throws it when all else
-/// is done; what an event brings up is thrown from the event loop, never into Qt (`PageErrors`).
+/// An exception from a description does not stop the widget. During a call of the host, the widget
+/// rethrows the exception at the end of that call; during an event, it rethrows it from the event
+/// loop, never into Qt (`PageErrors`).
 ///
-/// Must not be destroyed by an action of the tree, nor by what hears its accessibility events; that
-/// stops the process. `deleteLater` and closing its window are allowed there.
+/// Neither an action of the tree nor a handler of its accessibility events may destroy the widget:
+/// that stops the process. Both may call `deleteLater` or close the widget's window.
 ///
-/// Until `setEnvironment` is called the widget follows the system: its palette, its direction and
-/// the user's locale and time zone. Main thread only.
+/// Until the host calls `setEnvironment`, the widget follows the system: its palette, its direction
+/// and the user's locale and time zone. Main thread only.
 class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   Q_OBJECT
 
  public:
   /// Owns its view graph.
   explicit ViewWidget(QWidget* parent = nullptr);
-  /// Shows a view graph that lives elsewhere and outlives the widget. Roots may be handed to the
-  /// graph; an environment must be handed to the widget.
+  /// Shows a view graph that the caller owns and that outlives the widget. The caller may set roots
+  /// on the graph, but must set the environment on the widget.
   explicit ViewWidget(ui::ViewGraph& graph, QWidget* parent = nullptr);
   ~ViewWidget() override;
 
-  /// Shows `root` in place of what is shown. May be called from inside an action of the tree.
+  /// Replaces the shown tree by `root`. An action of the tree may call this.
   void setRoot(ui::View root);
   void setEnvironment(ui::Environment environment);
   const ui::Environment& environment() const;
   ui::ViewGraph& graph() const;
 
-  /// The length of the page, in pixels: as far as rows were measured, the rest estimated.
+  /// The length of the page in pixels: measured rows count with their height, other rows with an
+  /// estimate.
   int contentHeight() const;
-  /// How many widgets there are for the elements of the page, resting ones included.
+  /// The number of widgets for the page's elements, including unused ones kept for reuse.
   std::size_t widgetCount() const;
 
  protected:
-  /// Runs `work`, and throws at its end what a description threw meanwhile, as any call of the host
-  /// does.
+  /// Runs `work` as a call of the host: rethrows at its end the first exception that a description
+  /// threw meanwhile.
   void runAsHostCall(const std::function<void()>& work);
 
   bool event(QEvent* event) override;
@@ -66,7 +69,7 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   bool focusNextPrevChild(bool next) override;
 
  private:
-  friend class PageBehind;  // of the tests
+  friend class PageBehind;  // in the tests
 
   void prepare();
   void followSystem();

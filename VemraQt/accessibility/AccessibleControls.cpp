@@ -103,7 +103,7 @@ QAccessible::State AccessibleChoice::state() const {
   QAccessible::State state;
   const auto own = choice();
   const ui::Node* picker = own ? picker_.node() : nullptr;
-  state.offscreen = true;  // they are seen in a menu, which has items of its own
+  state.offscreen = true;  // choices are visible only in the menu, which has items of its own
   state.disabled = !picker || !picker->element.style().enabled;
   state.selectable = true;
   state.selected = picker && picker->element.selection() == own->tag;
@@ -202,7 +202,7 @@ void AccessibleField::replaceText(int start, int end, const QString& text) {
   whole.replace(start, end - start, text);
   const QAccessible::Id self = id();
   tree().page().deliver(field->id, ui::EditText{whole.toStdString()});
-  // The field's widget tells of what is typed into it; of this, nobody would.
+  // The field's widget reports typed text to clients, but not this change; so send the event here.
   auto* still = dynamic_cast<AccessibleField*>(QAccessible::accessibleInterface(self));
   if (!still || still->wholeText() != whole || removed == text) return;
   QAccessibleTextUpdateEvent event(still, start, removed, text);

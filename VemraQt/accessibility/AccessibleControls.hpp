@@ -11,7 +11,7 @@ class QLineEdit;
 
 namespace vemra::qt {
 
-/// A Text: a label named by what it shows.
+/// A Text: a label whose name is the text that it shows.
 class AccessibleText final : public AccessibleElement {
  public:
   using AccessibleElement::AccessibleElement;
@@ -25,7 +25,8 @@ class AccessibleButton final : public AccessibleElement {
   QAccessible::Role role() const override { return QAccessible::Button; }
 };
 
-/// A Picker: named by its title, with its choice as a text to read and its choices as list items.
+/// A Picker: its title is its name, its current choice is a readable text, its choices are list
+/// items.
 class AccessiblePicker final : public AccessibleElement,
                                public ReadOnlyText,
                                public atspi::SelectionInterface {
@@ -46,12 +47,13 @@ class AccessiblePicker final : public AccessibleElement,
   int selectedItemCount() const override { return static_cast<int>(selectedItems().size()); }
   QList<QAccessibleInterface*> selectedItems() const override;
   bool select(QAccessibleInterface* choice) override;
-  // There is always one choice: it can be replaced, but neither taken away nor added to.
+  // A picker always has exactly one choice: a client can replace it, but neither remove nor extend
+  // it.
   bool unselect(QAccessibleInterface*) override { return false; }
   bool selectAll() override { return false; }
   bool clear() override { return false; }
 
-  /// What can be chosen in it now.
+  /// The picker's current choices.
   std::vector<page::Choice> choices() const;
 
  protected:
@@ -86,7 +88,8 @@ class AccessibleChoice final : public AccessibleObject, public QAccessibleAction
   std::size_t index_;
 };
 
-/// A TextField: named by its title, its text to be read and edited, also without a widget.
+/// A TextField: its title is its name. Clients can read and edit its text, even while it has no
+/// widget.
 class AccessibleField final : public AccessibleElement,
                               public ReadOnlyText,
                               public QAccessibleEditableTextInterface {

@@ -62,7 +62,7 @@ QString AccessibleRow::shownName() const {
     if (slot.kind != ui::ElementKind::text && slot.kind != ui::ElementKind::button) continue;
     const ui::Node* node = tree().find(slot.node);
     if (!node) return {};
-    // A group without a name could not be told from its neighbours by ear.
+    // A group without a name would sound like its neighbours, so skip blank texts.
     const std::string_view shown = node->element.shownLabel();
     if (!text::isBlank(shown)) return toQString(shown);
   }
@@ -162,7 +162,7 @@ void AccessibleElement::doAction(const QString& name) {
   const ui::Node* element = node();
   if (!element) return;
   const bool isButton = element->element.kind() == ui::ElementKind::button;
-  // Whatever is done may take this very object away: nothing of it is touched afterwards.
+  // Either action may delete this object, so do not use it afterwards.
   if (name == setFocusAction()) {
     focus(tree(), row_, element->id);
   } else if (name == pressAction() && isButton && element->element.style().enabled) {

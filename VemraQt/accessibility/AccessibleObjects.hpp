@@ -8,17 +8,18 @@
 #include <QAccessibleInterface>
 
 /// \file
-/// The objects that stand for rows and elements towards assistive technology.
+/// The accessible objects of rows and elements, as assistive technology sees them.
 
 namespace vemra::qt {
 
-/// What all objects of a tree have in common. They have no `object()`: elements come and go without
-/// widgets.
+/// The base of all accessible objects of a tree. Their `object()` is nullptr, because elements come
+/// and go without widgets.
 class AccessibleObject : public QAccessibleInterface {
  public:
   explicit AccessibleObject(AccessibleTree& tree) : tree_(tree) {}
 
-  // An object that stands for nothing any more is deleted soon; until then it answers.
+  // An object whose row or element is gone is deleted soon; until then it answers calls, so it is
+  // valid.
   bool isValid() const override { return true; }
   QObject* object() const override { return nullptr; }
   QString text(QAccessible::Text kind) const final {
@@ -31,21 +32,21 @@ class AccessibleObject : public QAccessibleInterface {
   int indexOfChild(const QAccessibleInterface*) const override { return -1; }
 
   QAccessible::Id id() const { return id_; }
-  /// Byte for byte; "" without one.
+  /// The accessibility identifier byte for byte; "" when the object has none.
   virtual QString identifier() const { return QStringLiteral(""); }
-  /// Its name, its value; null of what it does not have.
+  /// The object's name or value; a null string for a kind of text that the object does not have.
   virtual QString textOf(QAccessible::Text kind) const = 0;
   virtual void scrollIn() {}
   AccessibleTree& tree() const { return tree_; }
   void remember(QAccessible::Id id) { id_ = id; }
-  /// It stands for nothing any more and will be deleted.
+  /// Marks the object as standing for nothing any more; `LeavingObjects` deletes it.
   void leave() { leaving_ = true; }
   bool isLeaving() const { return leaving_; }
-  /// The object of that id, as long as it stands for something.
+  /// The object with that id; nullptr when there is none or when it is leaving.
   static AccessibleObject* living(QAccessible::Id id);
 
   enum class Heard { nothing, no, yes };
-  Heard showing = Heard::nothing;  ///< what clients have heard of it
+  Heard showing = Heard::nothing;  ///< the visibility last reported to clients
 
  private:
   AccessibleTree& tree_;
@@ -64,8 +65,8 @@ class AccessibleRow final : public AccessibleObject {
   QAccessibleInterface* child(int index) const override;
   int indexOfChild(const QAccessibleInterface* object) const override;
   QString textOf(QAccessible::Text kind) const override;
-  /// Whether its name is another one than clients have heard, which they are about to hear; false
-  /// when none has asked.
+  /// Whether the row's name differs from the one last reported to clients. Stores the new name,
+  /// because the caller announces it next. False when no client has asked for the name.
   bool hearName();
   QRect rect() const override;
   QAccessible::Role role() const override { return QAccessible::Grouping; }
@@ -77,13 +78,13 @@ class AccessibleRow final : public AccessibleObject {
   std::size_t index;
   const std::string rowID;
   std::vector<ElementSlot> known;
-  ui::NodeID knownNode;       ///< whose elements `known` are
-  std::uint64_t knownAt = 0;  ///< how much had been described then
+  ui::NodeID knownNode;       ///< the row's node when `known` was made
+  std::uint64_t knownAt = 0;  ///< the graph's count of described bodies and rows at that time
 
  private:
   QString shownName() const;
 
-  mutable std::optional<std::size_t> heardName_;  ///< a hash of it
+  mutable std::optional<std::size_t> heardName_;  ///< hash of the name last reported
 };
 
 /// An element (a text, button, picker or text field), by its path in the page (no row) or in a row.
@@ -106,9 +107,9 @@ class AccessibleElement : public AccessibleObject, public QAccessibleActionInter
 
   AccessibleRow* row() const { return row_; }
   std::uint64_t path() const { return path_; }
-  /// The element's node now; nullptr when it is gone.
+  /// The element's current node; nullptr when the element is gone.
   const ui::Node* node() const;
-  /// The choices of a picker: objects that go with it.
+  /// The objects of a picker's choices, which leave together with the picker.
   virtual std::vector<AccessibleObject*> ownObjects() const { return {}; }
 
  private:

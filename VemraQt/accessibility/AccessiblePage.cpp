@@ -39,7 +39,7 @@ class AccessiblePage final : public QAccessibleWidget {
     return focused ? tree_->objectOf(*focused) : nullptr;
   }
   QAccessibleInterface* childAt(int x, int y) const override {
-    // Only what is near the viewport can be under a point.
+    // Only elements near the viewport can be at a point on the screen.
     QAccessibleInterface* found = nullptr;
     const page::Node* root = tree_ ? tree_->page().tree().root() : nullptr;
     if (!root || !rect().contains(x, y)) return nullptr;
@@ -53,10 +53,10 @@ class AccessiblePage final : public QAccessibleWidget {
   }
 
  private:
-  const QPointer<AccessibleTree> tree_;  ///< goes before the widget does
+  const QPointer<AccessibleTree> tree_;  ///< destroyed before the widget
 };
 
-/// A page in a scroll area, and the class of the scroll area that a factory is asked for.
+/// A page in a scroll area, and the scroll area's class name, which Qt passes to the factory.
 struct Shown {
   AccessibleTree* tree;
   QLatin1String className;
@@ -77,7 +77,8 @@ QAccessible::UpdateHandler otherHandler = nullptr;
 
 void passOn(QAccessibleEvent& event);
 
-/// The tree of the page whose viewport, or whose element's widget, the object is.
+/// The tree of the page that `object` belongs to: as the page's viewport or as the widget of an
+/// element.
 AccessibleTree* treeAround(QObject* object) {
   auto* widget = qobject_cast<QWidget*>(object);
   for (int levels = 0; widget && levels < 2; ++levels) {
@@ -89,7 +90,7 @@ AccessibleTree* treeAround(QObject* object) {
   return nullptr;
 }
 
-/// What a line edit says of its text, said of the element.
+/// Forwards a text event of a line edit as an event of the element that the line edit shows.
 void passOnText(QAccessibleEvent& event, AccessibleElement& element) {
   switch (event.type()) {
     case QAccessible::TextInserted: {
@@ -129,7 +130,8 @@ void passOnText(QAccessibleEvent& event, AccessibleElement& element) {
   }
 }
 
-/// Whether clients hear of it by a signal of our own: twice would be wrong.
+/// Whether clients already get this change by a signal of our own; forwarding the event would
+/// repeat it.
 bool isSentOtherwise(const QAccessibleEvent& event) {
   if (event.type() != QAccessible::ObjectCreated && event.type() != QAccessible::ObjectDestroyed) {
     return false;
@@ -138,8 +140,9 @@ bool isSentOtherwise(const QAccessibleEvent& event) {
          dynamic_cast<AccessibleObject*>(event.accessibleInterface());
 }
 
-/// The widgets on a page are no part of the accessible tree: what they say is said of the element
-/// that they show, or not at all.
+/// Handles all events of Qt's accessibility. The widgets on a page are not part of the accessible
+/// tree, so this sends their focus and text events for the elements that they show and drops the
+/// others.
 void handle(QAccessibleEvent* event) {
   if (isSentOtherwise(*event)) return;
   AccessibleTree* tree = event->object() ? treeAround(event->object()) : nullptr;
@@ -159,7 +162,7 @@ void handle(QAccessibleEvent* event) {
   if (AccessibleElement* element = tree->objectOf(*leaf)) passOnText(*event, *element);
 }
 
-/// Forwards to the handler that was there before.
+/// Forwards the event to the previous handler.
 void passOn(QAccessibleEvent& event) {
   const QAccessible::UpdateHandler current = QAccessible::installUpdateHandler(otherHandler);
   QAccessible::updateAccessibility(&event);

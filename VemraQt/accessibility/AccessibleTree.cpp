@@ -83,9 +83,10 @@ std::vector<ElementSlot>& AccessibleTree::elementsOf(AccessibleRow* row) {
     refresh();
     return slots_;
   }
-  // While an event is being handled a row may be impossible to look at: it is as it was.
+  // While an event is being handled, the graph may be unable to describe the row; then keep the
+  // known elements.
   if (const ui::Node* node = nodeOf(*row)) {
-    // Nothing in a row changes unless something is described.
+    // The elements of a row change only when the graph describes something.
     const auto described = [this] {
       return page_.graph().work().bodies + page_.graph().work().rows;
     };
@@ -152,7 +153,7 @@ void AccessibleTree::refresh() {
   if (pageVersion_ == page_.version()) return;
   const bool wasKnown = hasBeenAsked();
   pageVersion_ = page_.version();
-  // Another page may have taken the graph over: this one shows nothing then.
+  // When another page has attached to the graph, this page has no root and shows nothing.
   const ui::Node* root = page_.tree().root() ? page_.graph().root() : nullptr;
   const ChildSteps ofElements =
       adopt(slots_, root ? elementsUnder(root->id, page_) : std::vector<ElementSlot>(), leaving_);
@@ -178,7 +179,8 @@ void AccessibleTree::refreshList(NodeID listID) {
   const auto known = lists_.find(listID);
   const auto ids = page_.graph().rowIDs(listID);
   if (known == lists_.end() || !ids) return;
-  // Another source without another version of the page: only while the graph is at work.
+  // The source can change without a new version of the page, but only while the graph handles an
+  // event.
   ChildSteps steps = known->second.follow(ids, page_.errors(), leaving_);
   const auto segment = std::ranges::find(segments_, listID, &PageSegment::list);
   if (segment == segments_.end()) return;
@@ -227,8 +229,8 @@ std::vector<AccessibleObject*> AccessibleTree::knownNearViewport() {
   return objects;
 }
 
-/// What went is announced from the end, what came from the front: so each index is right at its turn,
-/// and among all children, too.
+/// Notes removed children from the last to the first, then added ones from the first to the last.
+/// So each index is right when its change is announced.
 void AccessibleTree::note(AccessibleRow* row, const ChildSteps& steps) {
   using Kind = atspi::ChildChange::Kind;
   const QAccessible::Id parent = row ? row->id() : 0;

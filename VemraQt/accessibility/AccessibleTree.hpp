@@ -27,8 +27,8 @@ class AccessibleObject;
 class AccessibleRow;
 class Page;
 
-/// The whole page as one tree of accessible objects: every text and control of every row, whether
-/// or not it has a widget just now.
+/// The whole page as one tree of accessible objects: one for every text and control of every row,
+/// with or without a widget.
 ///
 ///     page
 ///       text, button, …           the elements outside lists, in tree order
@@ -36,11 +36,12 @@ class Page;
 ///         button, text, …         its elements, in tree order
 ///       row "Bo"
 ///
-/// Objects are made when somebody asks for them and last as long as what they stand for: an element
-/// by its identity, a row by its id, also while its nodes come and go with scrolling. A row without
-/// nodes is described for a look (`ViewGraph::lookAtRow`). What an object stands for may go at any
-/// moment; from then on the object answers like an empty one, and is deleted with the next turn of
-/// the event loop. Finding a child or its index looks at no other row.
+/// The tree makes an object when a client first asks for it. An element's object lives as long as
+/// the element's identity; a row's object lives as long as the row's id is in the list, even while
+/// scrolling removes and recreates the row's nodes. For a row without nodes, the tree asks the
+/// graph to describe it (`ViewGraph::lookAtRow`). When the element or row of an object goes, the
+/// object answers like an empty one and is deleted in the next turn of the event loop. Finding a
+/// child or its index examines no other row.
 class AccessibleTree final : public QObject {
  public:
   AccessibleTree(QAbstractScrollArea& area, Page& page);
@@ -52,9 +53,10 @@ class AccessibleTree final : public QObject {
   int indexOf(const QAccessibleInterface* object);
   /// @}
 
-  /// The object of an element that is shown; nullptr when it is no accessible element.
+  /// The object of a shown element; nullptr when the element is not accessible.
   AccessibleElement* objectOf(const page::Node& leaf);
-  /// Whether a client may be there to notify: one on the bus, or one that has asked before.
+  /// Whether there may be a client to notify: accessibility is active, or a client has asked this
+  /// tree before.
   bool isWatched() const { return hasBeenAsked() || QAccessible::isActive(); }
 
   /// \name For the objects and the other parts of the tree @{
@@ -64,27 +66,29 @@ class AccessibleTree final : public QObject {
   QAbstractScrollArea& area() const { return area_; }
   Page& page() const { return page_; }
 
-  /// Brings the tree up to date with the page, and notes for clients what came and went.
+  /// Updates the tree to the page's current version, and notes added and removed children for
+  /// clients.
   void refresh();
-  /// The same, and the rows of that list also while the graph is at work.
+  /// Calls `refresh`; also updates the rows of that list while the graph is handling an event.
   void refreshList(ui::NodeID list);
-  /// The page's children as of now.
+  /// The current children of the page.
   const std::vector<PageSegment>& segments();
-  /// The slots of the page (no row), or of a row; up to date.
+  /// The elements of the page (`row` is nullptr) or of a row, updated first.
   std::vector<ElementSlot>& elementsOf(AccessibleRow* row);
   const ElementSlot* slot(AccessibleRow* row, std::uint64_t path);
   AccessibleElement* object(AccessibleRow* row, ElementSlot& slot);
-  /// Makes the row's object when there is none; nullptr when there is no such row.
+  /// The row's object, made if needed; nullptr when the list has no such row.
   AccessibleRow* rowAt(ui::NodeID list, std::size_t index);
-  /// The object of a row of the page; nullptr when no client has asked for it.
+  /// The object of the row with that node; nullptr when no client has asked for the row.
   AccessibleRow* knownRow(ui::NodeID rowNode) const;
-  /// Whether rows without nodes may be others than clients have heard.
+  /// Whether rows without nodes may have changed since they were last reported to clients.
   bool hasNewRows(const ui::ListRows& rows) const;
-  /// Some of the rows that may be others than clients have heard.
+  /// Takes up to `most` known rows that have not been compared since their list changed.
   std::vector<QAccessible::Id> takeUncompared(std::size_t most);
-  /// The objects that somebody has asked for, of what is in or near the viewport.
+  /// The objects, of those that clients have asked for, whose elements or rows are in or near the
+  /// viewport.
   std::vector<AccessibleObject*> knownNearViewport();
-  /// The row's node, described for a look if need be; nullptr when the row is gone.
+  /// The row's node; the graph describes the row if needed. nullptr when the row is gone.
   const ui::Node* nodeOf(AccessibleRow& row);
   const ui::Node* find(ui::NodeID node) const;
   /// @}
@@ -97,7 +101,7 @@ class AccessibleTree final : public QObject {
 
   QAbstractScrollArea& area_;
   Page& page_;
-  std::uint64_t pageVersion_ = neverAsked;  ///< of the page that the tree was last right for
+  std::uint64_t pageVersion_ = neverAsked;  ///< the page's version at the last refresh
   std::vector<ElementSlot> slots_;
   std::vector<PageSegment> segments_;
   std::unordered_map<ui::NodeID, KnownRows> lists_;

@@ -47,7 +47,7 @@ void Announcements::patched(const ui::Changes& changes) {
   }
   for (const ui::Patch& patch : changes.patches) {
     const page::Node* node = tree_.page().tree().find(patch.node);
-    if (!node) continue;  // `removing` reported it, while it was there
+    if (!node) continue;  // the node is gone: `removing` has noted its row
     if (patch.kind == ui::Patch::Kind::update && node->isLeaf()) updated_.push_back(node->id);
     if (node->parent) childrenChanged(*node->parent);
   }
@@ -61,8 +61,8 @@ void Announcements::childrenChanged(const page::Node& parent) {
   if (const ui::Node* row = rowHolding(parent.id, tree_.page())) changedRows_.push_back(row->id);
 }
 
-/// Runs what notifies clients. What they change meanwhile is announced after it, so that they hear of
-/// all changes in their order.
+/// Calls `tell`, which notifies clients. When a client changes something meanwhile, announces that
+/// change afterwards, so that clients get all changes in order.
 template <class Tell>
 void Announcements::notify(Tell tell) {
   if (notifying_) return tell();
@@ -97,10 +97,10 @@ void Announcements::announceNews() {
   tell(changes);
 }
 
-/// Rows without nodes get no patches. Those that clients know are described and compared with what
-/// they have heard, a few in a turn of the event loop.
+/// Rows without nodes get no patches. So this describes the rows that clients know, a few in each
+/// turn of the event loop, and compares them with the state last reported to clients.
 void Announcements::compareSomeRows() {
-  // Taken out first: to describe a row that holds a list of its own may change what lists there are.
+  // Take the rows first: describing a row with a list inside may change the map of lists.
   const std::vector<QAccessible::Id> some = tree_.takeUncompared(mostComparedATurn);
   if (some.size() < mostComparedATurn) comparing_.stop();
   std::vector<Change> changes;
@@ -125,7 +125,7 @@ void Announcements::compare(ElementSlot& slot, std::vector<Change>& changes) con
     changes.push_back({slot.object->id(), Change::What::enabled});
   }
   const std::size_t shown = hashOfShown(element);
-  // What is typed into a field is told by its widget, or by what sets it.
+  // For a text field, its widget or `AccessibleField::replaceText` sends the event.
   if (std::exchange(slot.shown, shown) == shown || slot.kind == ElementKind::textField) return;
   changes.push_back({slot.object->id(),
                      slot.kind == ElementKind::picker ? Change::What::value : Change::What::name});
@@ -143,13 +143,14 @@ void Announcements::noteShowing(AccessibleObject& object, bool isShowing) {
 
 bool Announcements::isShowing(AccessibleObject& object) {
   auto* element = dynamic_cast<AccessibleElement*>(&object);
-  // The elements of a row that is out of sight need not be asked for, and may have no nodes.
+  // Skip the elements of a row outside the viewport: they cannot be visible, and may have no nodes.
   if (element && element->row() && !isInViewport(tree_, rectOf(tree_, *element->row())))
     return false;
   return isInViewport(tree_, object.rect());
 }
 
-/// What has been heard to be showing, or not to be, and now is the other.
+/// Adds a change for each object that is now visible but was last reported as hidden, or the other
+/// way round.
 void Announcements::compareShowing(std::vector<Change>& changes) {
   using Heard = AccessibleObject::Heard;
   std::erase_if(showing_, [&](QAccessible::Id id) {
@@ -167,7 +168,8 @@ void Announcements::compareShowing(std::vector<Change>& changes) {
   }
 }
 
-/// A client may change anything while it handles an event: no event is sent for an element that has gone.
+/// A client may change anything while it handles an event, so skip elements that have gone
+/// meanwhile.
 void Announcements::tell(const std::vector<Change>& changes) {
   for (const auto& [id, what] : changes) {
     tree_.refresh();
@@ -198,7 +200,7 @@ void Announcements::tell(const std::vector<atspi::ChildChange>& changes) {
   }
 }
 
-/// A client that was notified of a change before may have made any of these objects go.
+/// A client that handled an earlier change may have removed any of these objects.
 void Announcements::tell(const atspi::ChildChange& change) const {
   using Kind = atspi::ChildChange::Kind;
   QAccessibleInterface* parent =
@@ -208,7 +210,7 @@ void Announcements::tell(const atspi::ChildChange& change) const {
   atspi::ChildChange told = change;
   if (change.kind != Kind::removed && !AccessibleObject::living(change.child)) told.child = 0;
   if (atspi::sendsChildSignals()) atspi::sendChildSignal(parentID, told);
-  // Of an unlisted change there is no event: Qt 6.4 would make one of every child there is.
+  // Send no event for an unlisted change: Qt 6.4 would send one for every child.
   if (!told.child || change.kind == Kind::unlisted) return;
   QAccessibleInterface* child = QAccessible::accessibleInterface(told.child);
   if (!child) return;

@@ -15,17 +15,17 @@ class AccessibleObject;
 class AccessibleRow;
 class AccessibleTree;
 
-/// Tells clients what has changed, for the objects that they have asked for.
+/// Notifies clients of changes to the objects that they have asked for.
 ///
-/// Changes are noted while the page is at work and sent when it has come to rest, since a client may
-/// ask the tree anything while it is notified. What it changes meanwhile is announced after that, so
-/// that clients hear of all changes in their order. Main thread only.
+/// Changes are collected while the page is working and sent when it is at rest, because a notified
+/// client may ask the tree anything. When a client changes something meanwhile, that change is sent
+/// afterwards, so that clients get all changes in order. Main thread only.
 class Announcements final : public PageObserver {
  public:
-  /// Hears of what the tree's page does from now on.
+  /// Becomes the observer of the tree's page.
   explicit Announcements(AccessibleTree& tree);
   /// Stops the process when a client or an observer destroys the page while it is being notified:
-  /// the pass that notifies would go on with a page that is not there.
+  /// the pass that notifies them would continue with a destroyed page.
   ~Announcements();
   Announcements(const Announcements&) = delete;
   Announcements& operator=(const Announcements&) = delete;
@@ -35,13 +35,15 @@ class Announcements final : public PageObserver {
   void settled() override;
   void focusMoved(ui::NodeID node);
 
-  /// Children of a row, or of the page, came or went; sent when the page has come to rest.
+  /// Notes that a child of a row, or of the page, was added or removed; sent when the page is at
+  /// rest.
   void noteChild(const atspi::ChildChange& change) { childChanges_.push_back(change); }
-  /// A client has been told whether that object is showing, and will hear when it changes.
+  /// Records that a client has asked whether the object is visible, so that later changes are
+  /// announced.
   void noteShowing(AccessibleObject& object, bool isShowing);
 
  private:
-  /// What is other than clients have heard of an object.
+  /// A difference between an object and its state last reported to clients.
   struct Change {
     enum class What { name, value, enabled, shown, hidden };
     QAccessible::Id object;
@@ -65,10 +67,10 @@ class Announcements final : public PageObserver {
   AccessibleTree& tree_;
   std::vector<ui::NodeID> changedRows_, updated_;
   std::vector<atspi::ChildChange> childChanges_;
-  std::vector<QAccessible::Id> showing_;  ///< what clients have heard to be in the viewport
+  std::vector<QAccessible::Id> showing_;  ///< objects last reported as visible
   QTimer comparing_;
-  bool notifying_ = false;  ///< clients are being notified; they may ask and change anything
-  bool hasNews_ = false;    ///< something may have changed since they were notified
+  bool notifying_ = false;  ///< clients are being notified and may ask or change anything
+  bool hasNews_ = false;    ///< something may have changed since the last notification
 };
 
 }  // namespace vemra::qt

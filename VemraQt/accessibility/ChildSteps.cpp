@@ -11,7 +11,7 @@ ChildSteps adopt(std::vector<ElementSlot>& elements, std::vector<ElementSlot> fr
                  LeavingObjects& leaving) {
   ChildSteps steps;
   std::vector<bool> isOld(fresh.size(), false);
-  std::size_t next = 0;  // what stood behind the last one stands there still, mostly
+  std::size_t next = 0;  // try the next place first: most elements keep their neighbours
   for (std::size_t index = 0; index < elements.size(); ++index) {
     const ElementSlot& old = elements[index];
     std::size_t place = fresh.size();
@@ -25,7 +25,7 @@ ChildSteps adopt(std::vector<ElementSlot>& elements, std::vector<ElementSlot> fr
       fresh[place].object = old.object;
       fresh[place].enabled = old.enabled;
       fresh[place].shown = old.shown;
-      if (place < next) steps.areComplete = false;  // one has overtaken another
+      if (place < next) steps.areComplete = false;  // an element has moved ahead of another
       next = place + 1;
     } else {
       steps.left.push_back({index, old.object ? old.object->id() : 0});

@@ -11,21 +11,23 @@ namespace vemra::qt {
 
 class LeavingObjects;
 
-/// So many children of one parent are announced one by one; of more, that they are others now.
+/// Up to this many changed children of one parent are announced one by one; beyond it, clients get
+/// one notification that the children have changed.
 inline constexpr std::size_t mostToldOneByOne = 32;
 
-/// How one list of children became another one.
+/// The changes that turned one list of children into another.
 struct ChildSteps {
   struct Left {
     std::size_t index;
-    QAccessible::Id child;  ///< 0: nobody has asked for it
+    QAccessible::Id child;  ///< 0: no client has asked for it
   };
-  std::vector<Left> left;         ///< by their places before, ascending
-  std::vector<std::size_t> came;  ///< their places afterwards, ascending
-  bool areComplete = true;        ///< false: too much has changed to be told one by one
+  std::vector<Left> left;         ///< by their indexes before, ascending
+  std::vector<std::size_t> came;  ///< their indexes afterwards, ascending
+  bool areComplete = true;        ///< false: too much has changed to announce each child
 };
 
-/// Puts `fresh` in the place of `elements`. Objects stay with their paths; the others leave.
+/// Replaces `elements` by `fresh`. An object stays with the element at the same path; objects of
+/// paths that are gone leave.
 ChildSteps adopt(std::vector<ElementSlot>& elements, std::vector<ElementSlot> fresh,
                  LeavingObjects& leaving);
 

@@ -11,7 +11,7 @@ using ui::ElementKind;
 
 namespace {
 
-/// One step down the tree, mixed into the path so far (what makes its identity).
+/// Extends the path by one step down the tree, mixing in the parts of the node's identity.
 std::uint64_t step(std::uint64_t path, const ui::Node& node) {
   const auto mix = [&path](std::uint64_t value) {
     path = (path ^ value) * 0x100000001b3ULL;
@@ -22,7 +22,8 @@ std::uint64_t step(std::uint64_t path, const ui::Node& node) {
   mix(reinterpret_cast<std::uintptr_t>(identity.type));
   mix(identity.branch);
   if (node.isRow) {
-    // The row that paths are counted from may stand anywhere; one inside it is known by its id.
+    // For the row where the path begins, the position does not count; a row inside it counts with
+    // its id.
     if (!isStart) {
       mix(text::hashOfBytes(node.rowID));
     }
@@ -46,7 +47,7 @@ bool isInsideRow(const ui::Node& node) {
 
 struct Collected {
   std::vector<ElementSlot> elements;
-  std::vector<ui::NodeID> incomplete;  ///< lists inside rows without all of their rows
+  std::vector<ui::NodeID> incomplete;  ///< lists inside rows that do not have all their rows yet
 };
 
 void collect(const ui::Node& node, std::uint64_t path, Collected& collected) {
@@ -84,7 +85,8 @@ std::vector<ElementSlot> elementsUnder(ui::NodeID top, Page& page) {
     Collected collected;
     const ui::Node* node = graph.find(top);
     if (node) collect(*node, 0, collected);
-    // Once each: inside an event the rows come later, and rows that come may bring more lists.
+    // Ask for each list's rows only once: during an event they come later, and new rows may hold
+    // more lists.
     std::erase_if(collected.incomplete,
                   [&](ui::NodeID list) { return std::ranges::find(asked, list) != asked.end(); });
     if (collected.incomplete.empty()) return std::move(collected.elements);
@@ -108,7 +110,8 @@ const ui::Node* rowHolding(ui::NodeID id, const Page& page) {
 ui::NodeID lookAtRow(ui::NodeID list, std::size_t index, Page& page) {
   ui::NodeID row;
   const auto look = [&] { row = page.graph().lookAtRow(list, index); };
-  // After an exception there is an empty row in its place, unless the whole tree has gone.
+  // After an exception the graph holds an empty row, unless it has removed the whole tree; so look
+  // again.
   if (!page.errors().attempt(look)) page.errors().attempt(look);
   return row;
 }

@@ -15,32 +15,34 @@ namespace vemra::qt {
 class AccessibleElement;
 class Page;
 
-/// One element of a page or of a row as assistive technology sees it, and the object that stands
-/// for it once somebody has asked.
+/// One element of a page or of a row as assistive technology sees it, and its accessible object
+/// once a client has asked for it.
 struct ElementSlot {
-  std::uint64_t path = 0;  ///< its place in the page or row: the same as long as its identity is
+  std::uint64_t path = 0;  ///< the place in the page or row; constant as long as the identity is
   ui::ElementKind kind = ui::ElementKind::text;
   ui::NodeID node;
   AccessibleElement* object = nullptr;
-  /// \name As clients last heard of it @{
+  /// \name The state last reported to clients @{
   bool enabled = true;
-  std::size_t shown = 0;  ///< a hash of its name, or of what is chosen in it
+  std::size_t shown = 0;  ///< hash of the name, or of a picker's choice
   /// @}
 };
 
 /// The hash for `ElementSlot::shown`.
 std::size_t hashOfShown(const ui::Element& element);
 
-/// The elements under a node, in tree order. Outside rows a list is one entry of its own; inside a
-/// row, its rows are like other content, and are asked for if they are not there. None under a node
-/// that is gone.
+/// The elements under a node, in tree order; none when the node is gone. Outside rows a list is one
+/// entry. Inside a row, the rows of a list count as ordinary content, and the graph is asked for
+/// missing ones.
 std::vector<ElementSlot> elementsUnder(ui::NodeID node, Page& page);
 
-/// The outermost row around a node, since what is in a row is all on one level; nullptr outside lists.
+/// The outermost row around a node, because all elements of a row are on one level; nullptr outside
+/// lists.
 const ui::Node* rowHolding(ui::NodeID node, const Page& page);
 
-/// The row's node, described for a look if need be: an empty one when that throws. None when there
-/// is no such row, or no answer while an event is being handled.
+/// The row's node; the graph describes the row if needed. When that throws, the node is empty.
+/// Returns no node when there is no such row, or when an event is being handled and the row has no
+/// node yet.
 ui::NodeID lookAtRow(ui::NodeID list, std::size_t index, Page& page);
 
 }  // namespace vemra::qt

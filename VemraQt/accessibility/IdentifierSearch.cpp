@@ -37,9 +37,9 @@ bool IdentifierSearch::scrollIn(QAccessible::Id id) {
 }
 
 QList<QAccessible::Id> IdentifierSearch::find(const QString& sought, int most) {
-  if (sought.isEmpty()) return {};  // what has no identifier is not found by it
+  if (sought.isEmpty()) return {};  // an element without an identifier never matches
   const std::string identifier = sought.toStdString();
-  // What was noted of other rows goes.
+  // Drop the notes of lists whose rows have changed.
   std::erase_if(noted_, [&](const auto& of) { return !notedIdentifiers(of.first); });
   const auto found = findIn(Search::rowsNamedInIt, identifier, most);
   return found.isEmpty() ? findIn(Search::everyRow, identifier, most) : found;
@@ -49,7 +49,7 @@ QList<QAccessible::Id> IdentifierSearch::findIn(Search search, const std::string
                                                 int most) {
   QList<QAccessible::Id> found;
   const auto enough = [&] { return most > 0 && found.size() >= most; };
-  const std::vector<PageSegment> segments = tree_.segments();  // describing rows may change them
+  const std::vector<PageSegment> segments = tree_.segments();  // a copy: it may change below
   for (const PageSegment& segment : segments) {
     if (enough()) break;
     if (!segment.list) {
@@ -126,7 +126,7 @@ void IdentifierSearch::noteIdentifiers(ui::NodeID listID) {
   const std::size_t count = list->element.rowCount();  // the list may go meanwhile
   for (std::size_t index = 0; index < count; ++index) {
     const ui::NodeID row = lookAtRow(listID, index, tree_.page());
-    if (!tree_.find(row)) return;  // an event is being handled, or the list is another one by now
+    if (!tree_.find(row)) return;  // an event is being handled, or the list has changed
     for (const ElementSlot& slot : elementsUnder(row, tree_.page())) {
       const ui::Node* element = tree_.find(slot.node);
       if (!element) continue;
@@ -140,7 +140,7 @@ void IdentifierSearch::noteIdentifiers(ui::NodeID listID) {
 
 void IdentifierSearch::findInRow(ui::NodeID list, std::size_t index, const std::string& identifier,
                                  QList<QAccessible::Id>& found) {
-  // Looked at without an object first: most candidates are not the row that is sought.
+  // Check without making objects first: most candidate rows do not hold the identifier.
   const std::vector<ElementSlot> elements =
       elementsUnder(lookAtRow(list, index, tree_.page()), tree_.page());
   const bool holds = std::ranges::any_of(elements, [&](const ElementSlot& slot) {

@@ -15,11 +15,12 @@ namespace vemra::qt {
 
 class AccessibleTree;
 
-/// The identifiers of a tree, and what is found by them; on the accessibility bus while it lives.
+/// Finds the elements of a tree by identifier; answers on the accessibility bus while it lives.
 ///
-/// Rows are many and describing one costs. An identifier inside a row is made with the row's id in
-/// it, as a rule, so the rows whose id it holds are looked at; only when the rule finds nothing are
-/// all of them, and then it is noted what is where: asking again costs next to nothing.
+/// There are many rows, and describing one is expensive. An identifier inside a row usually
+/// contains the row's id, so the search first describes only the rows whose id the identifier
+/// contains. If that finds nothing, it describes all rows once and notes where each identifier is;
+/// later searches cost next to nothing.
 class IdentifierSearch final : public atspi::IdentifierSource {
  public:
   explicit IdentifierSearch(AccessibleTree& tree);
@@ -32,7 +33,7 @@ class IdentifierSearch final : public atspi::IdentifierSource {
   bool scrollIn(QAccessible::Id element) override;
 
  private:
-  /// In which rows an identifier is looked for.
+  /// The rows in which to search for an identifier.
   enum class Search { rowsNamedInIt, everyRow };
 
   QList<QAccessible::Id> findIn(Search search, const std::string& identifier, int most);
@@ -45,7 +46,7 @@ class IdentifierSearch final : public atspi::IdentifierSource {
                  QList<QAccessible::Id>& found);
 
   AccessibleTree& tree_;
-  std::unordered_map<ui::NodeID, RowIdentifiers> noted_;  ///< of lists searched row by row
+  std::unordered_map<ui::NodeID, RowIdentifiers> noted_;  ///< for lists searched row by row
 };
 
 }  // namespace vemra::qt

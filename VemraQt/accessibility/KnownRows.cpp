@@ -33,7 +33,7 @@ ChildSteps KnownRows::follow(const std::shared_ptr<const ui::RowIDs>& source, Pa
   ChildSteps steps;
   if (source_ == source) return steps;
   if (!errors.attempt([&] { steps = move(source, leaving); })) {
-    // Ids that cannot be read: of the rows that were known none can be found again.
+    // The ids cannot be read, so no known row can be found again.
     for (auto& [index, row] : rows_) leaving.addRow(*row);
     rows_.clear();
     steps.areComplete = false;

@@ -18,21 +18,21 @@ class PageErrors;
 /// The rows of one list that have objects, because a client has asked for them.
 class KnownRows {
  public:
-  /// nullptr when nobody has asked for that row.
+  /// The object of a row; nullptr when no client has asked for it.
   AccessibleRow* at(std::size_t index) const;
   std::vector<AccessibleRow*> all() const;
   void add(AccessibleRow& row);
 
-  /// The rows that the places are of; none before the first `follow`.
+  /// The rows that the known indexes refer to; nullptr before the first `follow`.
   const std::shared_ptr<const ui::RowIDs>& source() const { return source_; }
-  /// The list has these rows now. Rows that are known follow their ids to other places; those whose
-  /// id is gone, or cannot be read, leave.
+  /// Updates the known rows to a new list of rows: known rows move to the new indexes of their ids;
+  /// rows whose id is gone, or cannot be read, leave.
   ChildSteps follow(const std::shared_ptr<const ui::RowIDs>& source, PageErrors& errors,
                     LeavingObjects& leaving);
-  /// The list has gone, with all its rows.
+  /// Removes all rows, because the list has gone.
   ChildSteps leave(PageErrors& errors, LeavingObjects& leaving);
-  /// Some of the rows that may be others than clients have heard, at most so many; each once after
-  /// every `follow`.
+  /// Adds known rows that have not been compared since their list changed to `rows`, until it has
+  /// `most` entries; each row once after every `follow`.
   void takeUncompared(std::vector<QAccessible::Id>& rows, std::size_t most);
   bool hasUncompared() const { return !uncompared_.empty(); }
 

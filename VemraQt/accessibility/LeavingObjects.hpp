@@ -10,9 +10,9 @@ namespace vemra::qt {
 class AccessibleObject;
 class AccessibleRow;
 
-/// Objects that stand for nothing any more. They answer like empty ones and are deleted in the next
-/// turn of the event loop: a client may be in the middle of a question to one, even of the action
-/// that ends it. Main thread only.
+/// Objects whose row or element is gone. They answer like empty objects and are deleted in the next
+/// turn of the event loop, because a client may be calling one of them right now: even its action
+/// may be what removes it. Main thread only.
 class LeavingObjects {
  public:
   LeavingObjects();
@@ -20,9 +20,9 @@ class LeavingObjects {
   LeavingObjects(const LeavingObjects&) = delete;
   LeavingObjects& operator=(const LeavingObjects&) = delete;
 
-  /// The object leaves, with the choices of a picker.
+  /// Takes an object, together with the choices of a picker.
   void add(AccessibleObject& object);
-  /// The row leaves, with the objects of its elements.
+  /// Takes a row, together with the objects of its elements.
   void addRow(AccessibleRow& row);
 
  private:

@@ -41,7 +41,7 @@ void press(AccessibleTree& tree, AccessibleRow* row, ui::NodeID pressed) {
   }
   const QAccessible::Id id = row->id();
   page.deliver(pressed, ui::Press{});
-  // The action may have turned the event loop: the row is asked for anew.
+  // The action may have run the event loop and deleted the row's object, so find it again.
   row = dynamic_cast<AccessibleRow*>(AccessibleObject::living(id));
   if (!row || tree.find(pressed)) return;
   tree.refreshList(row->list);

@@ -23,7 +23,7 @@ QRect rectOf(AccessibleTree& tree, AccessibleRow& row) {
   const Page& page = tree.page();
   const page::Node* list = page.tree().find(row.list);
   if (!list) return QRect();
-  if (!list->rows) {  // a list that is never windowed has no frames for its rows
+  if (!list->rows) {  // a list that is not windowed has no frames for its rows
     const ui::Node* node = tree.nodeOf(row);
     const page::Node* shown = node ? page.tree().find(node->id) : nullptr;
     QRect whole;
@@ -43,7 +43,7 @@ QRect rectOf(AccessibleTree& tree, AccessibleRow* row, ui::NodeID node) {
     return onScreen(tree.area(), page.frameOnPage(*leaf), page.scrollPosition());
   }
   if (!row) return QRect();
-  // Not laid out: an even share of the row, in order.
+  // The element is not laid out: give it an even share of its row, in order.
   const QRect whole = rectOf(tree, *row);
   const auto& elements = tree.elementsOf(row);
   const auto place = std::ranges::find(elements, node, &ElementSlot::node) - elements.begin();

@@ -5,7 +5,7 @@
 #include <QRect>
 
 /// \file
-/// Where rows and elements stand on the screen. Of what has no frame just now, an estimate.
+/// Where rows and elements are on the screen; estimated for those that have no frame now.
 
 namespace vemra::qt {
 

@@ -12,18 +12,20 @@ class ViewGraph;
 
 namespace vemra::qt {
 
-/// A part of the page's children: one element outside lists, or all rows of a list.
+/// A part of the page's children: one element outside lists, or all rows of one list.
 struct PageSegment {
   std::size_t slot = 0;  ///< of an element outside lists
   ui::NodeID list;       ///< of a list: its node; none for an element
   std::size_t first = 0, count = 1;
 };
 
-/// The page's children: one for each element, or as many as a list has rows.
+/// Computes the page's children: one for each element outside lists, and one for each row of a
+/// list.
 std::vector<PageSegment> segmentsOf(const std::vector<ElementSlot>& elements,
                                     const ui::ViewGraph& graph);
 
-/// What became of elements and of rows, put together by their places among the page's children.
+/// Merges the changes of elements and of rows into changes of the page's children, with indexes
+/// among all of them.
 ChildSteps stepsOfPage(const std::vector<PageSegment>& before,
                        const std::vector<PageSegment>& after, const ChildSteps& ofElements,
                        const std::unordered_map<ui::NodeID, ChildSteps>& ofRows);

@@ -14,7 +14,7 @@ QString ReadOnlyText::text(int start, int end) const {
 }
 
 QRect ReadOnlyText::characterRect(int offset) const {
-  // An even share of the element: nobody can see the single character of what has no widget.
+  // An even share of the element: a text without a widget has no visible characters to measure.
   const int count = std::max(1, characterCount());
   const QRect whole = textRect();
   const int width = std::max(1, whole.width() / count);

@@ -6,7 +6,7 @@
 
 namespace vemra::qt {
 
-/// What a text that can only be read has to answer of itself.
+/// Implements Qt's text interface for a text that clients can only read.
 class ReadOnlyText : public QAccessibleTextInterface {
  public:
   void selection(int, int* start, int* end) const override { *start = *end = 0; }

@@ -12,29 +12,30 @@
 
 namespace vemra::qt {
 
-/// In which rows of a list an identifier stands, noted down once: describing every row again only
-/// to say that an identifier is in none of them would cost too much.
+/// An index from identifiers to the rows of a list, built once: without it, each search for an
+/// identifier that no row holds would describe every row.
 ///
-/// Eight bytes an identifier: a hash and the row. So a row may be named that does not hold it.
+/// It stores a hash and a row number for each identifier, eight bytes; so it may also name rows
+/// that do not hold the identifier.
 class RowIdentifiers {
  public:
-  /// \param uncertain The rows that are different now from what their source alone makes of them,
-  /// and may become so again: they are named for every identifier.
+  /// \param uncertain The rows whose state may make them differ from what their source describes:
+  /// every search names them.
   RowIdentifiers(const std::shared_ptr<const ui::RowIDs>& source, ui::Environment environment,
                  std::vector<std::size_t> uncertain)
       : source_(source), environment_(std::move(environment)), uncertain_(std::move(uncertain)) {}
 
-  /// Whether what is noted here is true of these rows in this environment.
+  /// Whether the index was built for these rows in this environment.
   bool areOf(const std::shared_ptr<const ui::RowIDs>& source,
              const ui::Environment& environment) const {
     return source_.lock() == source && environment_ == environment;
   }
 
   void note(std::string_view identifier, std::size_t row);
-  /// To be called when all is noted, before anything is asked.
+  /// Call it after the last `note` and before the first `rowsWith`.
   void finish();
 
-  /// The rows that may hold the identifier, in no particular order; one may stand there twice.
+  /// The rows that may hold the identifier, in no particular order, possibly with repetitions.
   std::vector<std::size_t> rowsWith(std::string_view identifier) const;
 
  private:
@@ -44,10 +45,10 @@ class RowIdentifiers {
     friend auto operator<=>(const Note&, const Note&) = default;
   };
 
-  std::weak_ptr<const ui::RowIDs> source_;  ///< not kept alive for its notes
+  std::weak_ptr<const ui::RowIDs> source_;  ///< weak: an index does not keep rows alive
   ui::Environment environment_;
   std::vector<std::size_t> uncertain_;
-  std::vector<Note> notes_;  // ascending, once all is noted
+  std::vector<Note> notes_;  // sorted by `finish`
 };
 
 }  // namespace vemra::qt

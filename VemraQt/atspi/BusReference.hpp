@@ -7,14 +7,15 @@
 #include <QString>
 
 /// \file
-/// How objects are named on the accessibility bus. Needed as long as any other file here is.
+/// How objects are named on the accessibility bus. Remove it together with the last other file of
+/// this folder.
 
 namespace vemra::qt::atspi {
 
-/// Where Qt has its accessible objects on the bus; below it they are named by their ids.
+/// The bus path of Qt's accessible objects; below it each object is named by its id.
 inline const QString accessiblePath = QStringLiteral("/org/a11y/atspi/accessible");
 
-/// What Qt calls its connection to the accessibility bus.
+/// The name of Qt's connection to the accessibility bus.
 inline const QString accessibilityConnection = QStringLiteral("a11y");
 
 /// An object of the bus, as AT-SPI names it.

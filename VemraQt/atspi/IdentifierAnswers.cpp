@@ -26,7 +26,7 @@ const QString collectionInterface = QStringLiteral("org.a11y.atspi.Collection");
 const QString componentInterface = QStringLiteral("org.a11y.atspi.Component");
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
-/// The element that a bus path speaks of: the last part of the path is its id.
+/// The element at a bus path: the last part of the path is the element's id.
 QAccessible::Id elementAt(const QString& path) {
   bool isNumber = false;
   const QAccessible::Id id = path.section(QLatin1Char('/'), -1).toUInt(&isNumber);
@@ -41,7 +41,7 @@ QString identifierOf(QAccessible::Id element) {
   return QString();
 }
 
-/// Whether an element lies below another one; walks upward, which is short.
+/// Whether an element is `ancestor` or below it; walks upward, which is short.
 bool isWithin(QAccessible::Id element, QAccessible::Id ancestor) {
   const QAccessibleInterface* place = QAccessible::accessibleInterface(element);
   for (; place; place = place->parent()) {
@@ -50,7 +50,7 @@ bool isWithin(QAccessible::Id element, QAccessible::Id ancestor) {
   return false;
 }
 
-/// The identifier that a match rule asks for, null when the rule asks anything else.
+/// The identifier that a match rule looks for; null when the rule looks for anything else.
 ///
 /// The rule is read through a const argument: the other overloads would write to it.
 QString identifierSought(const QVariant& rule) {
@@ -75,8 +75,9 @@ QString identifierSought(const QVariant& rule) {
   return attributes.value(QStringLiteral("id"));
 }
 
-/// An element of no tree of ours is Qt's to answer for, where it does; it has no identifier, the
-/// empty one, where Qt does not. To one of ours without an identifier Qt would give a made-up one.
+/// Answers `AccessibleId`. For an element outside our trees, Qt answers if its version can, else
+/// the answer is the empty string. For an element of our trees without an identifier the answer is
+/// the empty string too, where Qt would make one up.
 bool answerProperty(const QDBusMessage& message, const QDBusConnection& connection,
                     QAccessible::Id element) {
   const QList<QVariant> arguments = message.arguments();
@@ -99,8 +100,8 @@ bool answerAttributes(const QDBusMessage& message, const QDBusConnection& connec
   return connection.send(message.createReply(QVariant::fromValue(attributes)));
 }
 
-/// What Qt answers, and the collection: a client may search below any element, also below the
-/// window or the application that hold a page.
+/// Adds `Collection` to the interfaces that Qt reports: a client may search below any element, and
+/// also below the window or the application that contains a page.
 bool answerInterfaces(const QDBusMessage& message, const QDBusConnection& connection,
                       QAccessible::Id element) {
   QAccessibleInterface* interface = element ? QAccessible::accessibleInterface(element)
@@ -121,13 +122,14 @@ bool answerInterfaces(const QDBusMessage& message, const QDBusConnection& connec
   return connection.send(message.createReply(QVariant::fromValue(names)));
 }
 
-/// Qt takes what is outside the viewport for invisible as well, and knows no single line.
+/// Corrects two states: Qt reports every element outside the viewport as invisible, and never
+/// reports a single line.
 bool answerState(const QDBusMessage& message, const QDBusConnection& connection) {
   const QAccessible::Id element = elementAt(message.path());
   QAccessibleInterface* interface = QAccessible::accessibleInterface(element);
   if (!interface || identifierOf(element).isNull()) return false;
   const QAccessible::State state = interface->state();
-  // The places of the bits are those of AtspiStateType.
+  // The numbers of the bits are those of AtspiStateType.
   const std::pair<bool, int> bits[] = {
       {state.active, 1},      {state.collapsed, 5},
       {state.editable, 7},    {!state.disabled, 8},
@@ -164,7 +166,8 @@ bool answerMatches(const QDBusMessage& message, const QDBusConnection& connectio
   return connection.send(message.createReply(QVariant::fromValue(found)));
 }
 
-/// Qt gives the focus to what can have it; and 6.4 scrolls to nothing.
+/// Answers what Qt does not: Qt gives the focus only to elements that can have it, and Qt 6.4 does
+/// not implement `ScrollTo`.
 bool answerScrolling(const QDBusMessage& message, const QDBusConnection& connection,
                      QAccessible::Id element) {
   const bool grabsFocus = message.member() == QLatin1String("GrabFocus");
@@ -176,7 +179,7 @@ bool answerScrolling(const QDBusMessage& message, const QDBusConnection& connect
   return scrolled && connection.send(message.createReply(!grabsFocus));
 }
 
-/// No element stands for the application.
+/// Answers a message if this library can; `element` is 0 for the application.
 bool answer(const QDBusMessage& message, const QDBusConnection& connection,
             QAccessible::Id element) {
   const QString member = message.member();

@@ -6,7 +6,7 @@
 #include <QPointer>
 
 /// \file
-/// The answers that Qt's own object on the accessibility bus does not give, or not well enough.
+/// Answers to messages on the accessibility bus that Qt does not answer, or answers badly.
 ///
 /// `AccessibleId` is not needed from Qt 6.9 on for an element with an identifier. For the others
 /// (attributes, `Collection.GetMatches`, states, scrolling) no version is known that makes them
@@ -16,9 +16,10 @@ namespace vemra::qt::atspi {
 
 class IdentifierSource;
 
-/// Stands in front of Qt's object on the accessibility bus and answers what that one does not, or
-/// not well enough: the identifier of an element, finding elements by it, the states of an element
-/// outside the viewport. All else is the original's.
+/// Stands in front of Qt's object on the accessibility bus and answers the messages that Qt's
+/// object does not answer, or answers badly: the identifier of an element, the search for elements
+/// by identifier, the states of an element outside the viewport. It forwards all other messages to
+/// Qt's object.
 class IdentifierAnswers final : public QDBusVirtualObject {
  public:
   explicit IdentifierAnswers(QDBusVirtualObject& original) : original_(&original) {}
@@ -29,14 +30,14 @@ class IdentifierAnswers final : public QDBusVirtualObject {
   /// nullptr once Qt has deleted it.
   const QDBusVirtualObject* original() const { return original_; }
 
-  /// What the answers are made of, made known to Qt; needed once, before the first answer.
+  /// Registers the types of the answers with Qt; call it once, before the first answer.
   static void registerTypes();
 
  private:
   QPointer<QDBusVirtualObject> original_;
 };
 
-/// Those who know the identifiers.
+/// The registered trees, which know the identifiers of their elements.
 std::vector<IdentifierSource*>& identifierSources();
 
 }  // namespace vemra::qt::atspi

@@ -21,7 +21,7 @@ std::vector<IdentifierSource*>& identifierSources() {
 
 namespace {
 
-/// Tries to get in front of Qt's object until it is there.
+/// Tries again and again to register in front of Qt's object, until it succeeds.
 class Installer final : public QObject, public QAccessible::ActivationObserver {
  public:
   Installer() : QObject(qApp) {
@@ -39,8 +39,8 @@ class Installer final : public QObject, public QAccessible::ActivationObserver {
     if (!active || isInstalled()) return;
     attempts_ = 0;
     if (attempt()) return;
-    // Qt puts its object on the bus right after it has told of being active. A posted call comes
-    // before any that a client can make.
+    // Qt registers its object right after it has notified the activation observers. The posted call
+    // runs before any message of a client.
     QMetaObject::invokeMethod(
         this,
         [this] {

@@ -6,13 +6,13 @@
 #include <QtGlobal>
 
 /// \file
-/// What Qt's accessibility has only from a later version than the oldest one supported (6.4), so
-/// that nothing else here asks for the version. Not needed once Qt 6.9 is the oldest one supported.
-/// The later branches have not been compiled yet.
+/// The parts of Qt's accessibility that only a later version than the oldest supported one (6.4)
+/// has, so that no other file here checks the version. Remove it once Qt 6.9 is the oldest
+/// supported version. The later branches have not been compiled yet.
 
 namespace vemra::qt::atspi {
 
-/// Whether Qt puts `Selection` on the bus itself.
+/// Whether Qt itself publishes `Selection` on the bus.
 inline constexpr bool qtPublishesSelections = QT_VERSION >= QT_VERSION_CHECK(6, 5, 0);
 /// Whether Qt asks an object for its identifier.
 inline constexpr bool qtPublishesIdentifiers = QT_VERSION >= QT_VERSION_CHECK(6, 9, 0);
@@ -37,7 +37,7 @@ inline bool asksForSelection(QAccessible::InterfaceType type) {
 
 #else
 
-/// What is chosen among an object's children: what Qt asks from 6.5 on, with its names.
+/// The selected children of an object: the interface that Qt has from 6.5 on, with the same names.
 class SelectionInterface {
  public:
   virtual ~SelectionInterface() = default;
@@ -46,7 +46,7 @@ class SelectionInterface {
   virtual bool isSelected(QAccessibleInterface* child) const {
     return selectedItems().contains(child);
   }
-  /// The others answer whether it has been done.
+  /// The following functions return whether they changed the selection.
   virtual bool select(QAccessibleInterface* child) = 0;
   virtual bool unselect(QAccessibleInterface* child) = 0;
   virtual bool selectAll() = 0;

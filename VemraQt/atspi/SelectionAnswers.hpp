@@ -7,22 +7,22 @@ class QDBusMessage;
 class QString;
 
 /// \file
-/// What is chosen among an element's children, on the accessibility bus. Qt has no interface for it
-/// before 6.5, and without it a screen reader is silent when another choice is made in a picker. Not
-/// needed from Qt 6.5 on.
+/// Answers for the selected children of an element on the accessibility bus. Qt has no such
+/// interface before 6.5, and without it a screen reader is silent when a picker's choice changes.
+/// Remove it once Qt 6.5 is the oldest supported version.
 
 namespace vemra::qt::atspi {
 
 inline constexpr char selectionInterface[] = "org.a11y.atspi.Selection";
 
-/// Whether the element is one that chooses among its children: a picker.
+/// Whether the element lets choose among its children: whether it is a picker.
 bool offersSelection(QAccessible::Id element);
 
-/// Answers a call of the selection interface; false when it is none, or none that is known.
+/// Answers a call of the selection interface; false when the message is not a known one.
 bool answerSelection(const QDBusMessage& message, const QDBusConnection& connection,
                      QAccessible::Id element);
 
-/// Answers for a property of the selection interface; false when there is none of that name.
+/// Answers a request for a property of the selection interface; false when it has no such property.
 bool answerSelectionProperty(const QString& name, const QDBusMessage& message,
                              const QDBusConnection& connection, QAccessible::Id element);
 

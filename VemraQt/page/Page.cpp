@@ -115,7 +115,7 @@ void Page::removing(page::Node& node) {
     if (!widget) return;
     if (leaf.id == focused) {
       if (orphan_) pool_.giveBack(*orphan_);
-      orphan_ = widget;  // not another element's as long as it has the focus
+      orphan_ = widget;  // keeps the focus, so no other element may get this widget yet
     } else {
       pool_.giveBack(*widget);
     }

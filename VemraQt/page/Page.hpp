@@ -19,30 +19,31 @@ namespace vemra::qt {
 /// A page in a scroll area: measures with the widget style, lends widgets to what the page places,
 /// and moves Qt's keyboard focus.
 ///
-/// Where everything is, which rows exist and where the focus goes is decided by `page::Page`.
+/// `page::Page` decides where everything is, which rows exist and where the focus goes.
 ///
-/// What a description throws is kept, and thrown by `errors()`.
+/// Exceptions from descriptions are kept in `errors()`, which rethrows them.
 class Page final : public EventSink, private page::PageHost {
  public:
   Page(QAbstractScrollArea& area, ui::ViewGraph& graph);
   Page(const Page&) = delete;
   Page& operator=(const Page&) = delete;
 
-  /// Shows the graph's tree from now on.
+  /// Attaches to the graph: the page shows the graph's tree from now on.
   void attach();
-  /// Reports to that observer from now on; nullptr: to none.
+  /// Replaces the observer; nullptr removes it.
   void setObserver(PageObserver* observer) { observer_ = observer; }
   void deliver(ui::NodeID node, ui::Event event) override;
   void scrollIn(ui::NodeID node) override { page_.scrollIn(node); }
-  /// Told of every event right before the graph is, whoever caused it: for records and tests.
+  /// Called with every event right before the graph gets it, whatever its source: for records and
+  /// tests.
   std::function<void(ui::NodeID, const ui::Event&)> onDeliver;
 
-  /// Fonts, colours, style or environment are others now.
+  /// Call it when fonts, colours, style or environment have changed.
   void restyle();
   void resized() { page_.resized(); }
   void scrolled();
   void shown() { page_.settle(); }
-  /// Brings the page up to date where that had to wait.
+  /// Finishes a pass that had to wait.
   void settleIfNeeded() { page_.settleIfNeeded(); }
 
   /// \name Focus, in tree order over all rows @{
@@ -52,26 +53,27 @@ class Page final : public EventSink, private page::PageHost {
   bool focusEnd(bool first);
   bool focusElement(ui::NodeID node, Qt::FocusReason reason);
   const page::Node* focusedNode() const { return page_.focused(); }
-  /// Scrolls a row in when it is not there.
+  /// Scrolls a row into view if it has no nodes.
   void bringRow(ui::NodeID list, std::size_t index) { page_.revealRow(list, index); }
-  /// Gives the focus to the first control in `within` behind `after`, or to the nearest one.
+  /// Gives the focus to the first control in `within` behind `after`, or to the nearest control.
   void focusInPlace(ui::NodeID within, ui::NodeID after) { page_.focusInPlace(within, after); }
   /// @}
 
-  /// Scrolls just as far as it takes to see it, with its row when that fits.
+  /// Scrolls only as far as needed to show the element, with its row if that fits.
   void reveal(const page::Node& node) { page_.reveal(node); }
 
   const page::WindowedTree& tree() const { return page_.tree(); }
-  /// The lines and the widget of a leaf; empty ones of a leaf that has not been measured.
+  /// The text lines and the widget of a leaf; empty for a leaf that has not been measured.
   const ShownLeaf& shown(const page::Node& leaf) const;
   ui::ViewGraph& graph() const { return graph_; }
   PageErrors& errors() { return errors_; }
-  /// Another number whenever the nodes have changed.
+  /// A number that changes whenever the nodes change.
   std::uint64_t version() const { return page_.version(); }
   const Looks& looks() const { return context_.looks; }
   /// The element's frame on the whole page, in pixels from its top left corner.
   QRect frameOnPage(const page::Node& leaf) const;
-  /// The same of a row of a windowed list, there or not. A height that was not measured is estimated.
+  /// The frame of a row of a windowed list, also of a row without nodes. A height that has not been
+  /// measured is estimated.
   QRect rowFrameOnPage(const page::Node& list, std::size_t index) const;
   int contentHeight() const { return page_.contentHeight(); }
   int scrollPosition() const { return page_.viewport().position; }

@@ -8,15 +8,15 @@
 
 namespace vemra::qt {
 
-/// Takes what a description or an action throws, and throws it again where that does no harm.
+/// Catches exceptions from descriptions and actions, and rethrows them where they do no harm.
 ///
-/// Qt's widgets and its side of the accessibility bus have no unwinding: an exception that passes
-/// through them leaves a window half shown, or a lock held. So nothing is thrown into Qt, and
-/// nothing that a description throws stops the page.
+/// Qt's widgets and its accessibility code are not exception-safe: an exception that passes through
+/// them leaves a window half shown, or a lock held. So no exception passes into Qt, and an
+/// exception from a description does not stop the page.
 ///
-/// - In a call of the host (`hostCall`) the first error is thrown at the end of that call.
-/// - Otherwise, when Qt or a client of assistive technology called, the first error is thrown once
-///   from the event loop: where a host that reimplements `QApplication::notify` catches it.
+/// - During a call of the host (`hostCall`), the first error is rethrown at the end of that call.
+/// - Otherwise, when Qt or an assistive client called, the first error is rethrown once from the
+///   event loop, where a host that reimplements `QApplication::notify` can catch it.
 ///
 /// Main thread only.
 class PageErrors final : public QObject {
@@ -33,8 +33,8 @@ class PageErrors final : public QObject {
     }
   }
 
-  /// Runs every part of a host's call, whatever the parts before have thrown, and then throws the
-  /// first error that any part, or any `attempt` inside it, has met.
+  /// Runs every part of a host's call, even after an earlier part has thrown, and then rethrows the
+  /// first error of any part or of any `attempt` inside it.
   template <class... Parts>
   void hostCall(Parts&&... parts) {
     std::exception_ptr first;
@@ -48,8 +48,8 @@ class PageErrors final : public QObject {
  private:
   void keep(const std::exception_ptr& error);
 
-  std::exception_ptr* ofHost_ = nullptr;  ///< where the running call of the host keeps its error
-  std::exception_ptr waiting_;            ///< for the event loop
+  std::exception_ptr* ofHost_ = nullptr;  ///< where the running host call keeps its error
+  std::exception_ptr waiting_;            ///< to rethrow from the event loop
 };
 
 }  // namespace vemra::qt

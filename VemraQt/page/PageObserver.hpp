@@ -8,17 +8,17 @@ struct Node;
 
 namespace vemra::qt {
 
-/// Hears what a page does with its tree, so that the page need not know who is interested.
+/// Gets notified of changes to a page's tree, so that the page does not depend on its observers.
 ///
-/// `removing` and `patched` come in the middle of a change, before anything is laid out. Main thread
-/// only.
+/// The page calls `removing` and `patched` in the middle of a change, before it lays anything out.
+/// Main thread only.
 class PageObserver {
  public:
-  /// The page has carried out these changes. What they removed was handed to `removing` before.
+  /// The page has applied these changes. It has already called `removing` for the removed nodes.
   virtual void patched(const ui::Changes& changes) = 0;
-  /// The node and all below it go; they are still in their places.
+  /// The page is about to remove the node and its subtree; all are still in their places.
   virtual void removing(const page::Node& node) = 0;
-  /// Everything is laid out, widgets are placed, and rows have scrolled in or out.
+  /// The page is laid out, its widgets are placed, and rows have scrolled in or out.
   virtual void settled() = 0;
 
  protected:

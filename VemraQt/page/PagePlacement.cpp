@@ -1,4 +1,4 @@
-// The widgets of what is near the viewport.
+// The widgets of the elements near the viewport.
 
 #include "VemraQt/page/Page.hpp"
 
@@ -50,8 +50,8 @@ void Page::place(const page::Placements& placements) {
     if (before != after) touched |= before | after;
     frames.push_back(after);
   }
-  // Widgets that move one by one leave a region of many small rectangles to be painted; one large
-  // one takes a fraction of the time.
+  // Widgets that move one by one invalidate many small rectangles; painting one large rectangle
+  // instead takes a fraction of the time.
   area_.viewport()->update(touched & area_.viewport()->rect());
   for (std::size_t i = 0; i < frames.size(); ++i) place(*placements.placed[i].leaf, frames[i]);
   pool_.hideResting();

@@ -31,7 +31,8 @@ void Page::scrollTo(int position) {
   area_.verticalScrollBar()->setValue(position);
 }
 
-/// Qt's own "as needed" takes effect only in the next turn of the event loop, one layout too late.
+/// Shows or hides the scroll bar at once: Qt's own "as needed" takes effect only in the next turn
+/// of the event loop, one layout too late.
 void Page::showScrollBar(bool needed) {
   bool wanted = true;
   for (const page::Node* node = tree().root(); node; node = node->firstChild) {

@@ -30,7 +30,7 @@ QString literal(QString text) {
   return text.replace(u'&', QLatin1String("&&")).replace(u'\t', u' ');
 }
 
-/// Whether a key stands for a letter and not for a command.
+/// Whether a key types a character rather than a command.
 bool isTyped(const QKeyEvent& event) {
   const auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
   const QString text = event.text();
@@ -38,7 +38,8 @@ bool isTyped(const QKeyEvent& event) {
          text.front().category() != QChar::Other_Control;
 }
 
-/// A menu whose Home and End keys go to its ends. Qt's own only scroll, and only what is too long.
+/// A menu whose Home and End keys go to the first and the last item. In Qt's own menus these keys
+/// only scroll, and only menus that are too long for the screen.
 class ChoiceMenu final : public QMenu {
  public:
   using QMenu::QMenu;
@@ -55,7 +56,7 @@ class ChoiceMenu final : public QMenu {
   }
 };
 
-/// Another style with choices that are as large as any other target.
+/// A proxy of another style that makes the choices of a menu as large as `smallestTarget`.
 class LargeChoices final : public QProxyStyle {
  public:
   explicit LargeChoices(const QString& style) : QProxyStyle(style) {}
@@ -92,7 +93,7 @@ ChoiceBox::ChoiceBox(QWidget* parent, const PageContext& page)
 
 void ChoiceBox::take(const page::Node& leaf, const TextShape& shape) {
   choices_ = qt::choicesOf(leaf);
-  // Its menu shows what could be chosen before.
+  // An open menu would show the previous choices.
   if (!sameLabels(*this, choices_)) {
     hidePopup();
     clear();
@@ -121,7 +122,7 @@ void ChoiceBox::showPopup() {
   large->setParent(menu_);
   menu_->setStyle(large);
   menu_->setFont(font());
-  menu_->setPalette(looks().palette());  // windows do not take it from the page
+  menu_->setPalette(looks().palette());  // a popup window does not inherit it from the page
   menu_->setMinimumWidth(width());
   QAction* current = nullptr;
   for (int i = 0; i < count(); ++i) {
@@ -173,7 +174,7 @@ void ChoiceBox::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Home:
     case Qt::Key_End:
       if (event->modifiers() & Qt::ControlModifier) {
-        event->ignore();  // scrolls the page
+        event->ignore();  // these keys scroll the page
       } else if (scrollIn()) {
         moveTo(event->key() == Qt::Key_Home ? 0 : count() - 1);
       }
@@ -190,14 +191,14 @@ void ChoiceBox::keyPressEvent(QKeyEvent* event) {
       return;
     default:
       if (!isTyped(*event)) {
-        event->ignore();  // the page's, or the window's
+        event->ignore();  // for the page or the window
       } else if (scrollIn()) {
         chooseByPrefix(event->text());
       }
   }
 }
 
-/// A combo box makes its hidden item view in order to tell it of another font or style.
+/// Bypasses `QComboBox`, which would make its hidden item view only to set its font or style.
 void ChoiceBox::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
     QWidget::changeEvent(event);  // NOLINT(bugprone-parent-virtual-call): past the combo box

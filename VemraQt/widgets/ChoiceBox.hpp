@@ -12,7 +12,7 @@ class QMenu;
 
 namespace vemra::qt {
 
-/// One thing that can be chosen in a picker.
+/// A choice of a picker.
 struct Choice {
   QString label;
   ui::Tag tag;
@@ -20,14 +20,14 @@ struct Choice {
 
 /// The tagged rows of a picker, in tree order.
 std::vector<Choice> choicesOf(const page::Node& picker);
-/// The place of the picker's selection among them; -1 when it is none of them.
+/// The index of the picker's selection in `choices`; -1 when `choices` does not contain it.
 int currentChoice(const page::Node& picker, const std::vector<Choice>& choices);
 
-/// A Picker: a button that shows the choice and opens a menu.
+/// A Picker: a button that shows the current choice and opens a menu.
 ///
-/// It does not answer the wheel, which belongs to the page. Its menu is a plain menu and not an
-/// item view, whose accessible table does not survive a change of its rows; so a letter does not
-/// search in one, either.
+/// It ignores the wheel, which scrolls the page. Its menu is a plain menu instead of an item view,
+/// because the item view's accessible table does not survive a change of its rows; so typing a
+/// letter does not search in the open menu either.
 class ChoiceBox final : public QComboBox, public ElementWidget {
   Q_OBJECT
 
@@ -48,10 +48,10 @@ class ChoiceBox final : public QComboBox, public ElementWidget {
 
  private:
   void choose(int index);
-  /// Makes another choice the current one, as a person does.
+  /// Chooses as a person does: sends the event and shows the choice.
   void moveTo(int index);
-  /// Chooses the next one, after the current one and round, whose label begins with `typed` in
-  /// either case.
+  /// Chooses the next choice whose label begins with `typed`, ignoring case; searches after the
+  /// current choice and wraps around.
   void chooseByPrefix(const QString& typed);
 
   std::vector<Choice> choices_;

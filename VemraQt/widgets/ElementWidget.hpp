@@ -10,48 +10,51 @@
 
 namespace vemra::qt {
 
-/// What takes the events of the widgets.
+/// Receives the events of the widgets.
 class EventSink {
  public:
   virtual void deliver(ui::NodeID node, ui::Event event) = 0;
-  /// Scrolls an element into view, before a key acts on it.
+  /// Scrolls an element into view; a widget calls it before a key acts on the element.
   virtual void scrollIn(ui::NodeID node) = 0;
 
  protected:
   ~EventSink() = default;
 };
 
-/// What the widgets of one page have in common. Outlives them.
+/// The data that all widgets of one page share. Outlives the widgets.
 struct PageContext {
   Looks looks;
   EventSink* sink = nullptr;
 };
 
-/// A widget that shows one element for a while, and then perhaps another one.
+/// A widget that shows one element at a time and is reused for others.
 class ElementWidget {
  public:
   explicit ElementWidget(const PageContext& page) : page_(page) {}
   virtual ~ElementWidget() = default;
   virtual QWidget& widget() = 0;
 
-  /// The element it shows; none while it rests.
+  /// The element that the widget shows; none while the widget is unused.
   ui::NodeID node() const { return node_; }
-  /// It is changing what it shows: what Qt says of that is nothing a person did.
+  /// Whether the widget is being updated: ignore Qt's signals meanwhile, because no person caused
+  /// them.
   bool isTaking() const { return taking_; }
-  /// Shows a leaf of its own kind; `shape` is its text in the lines that were measured.
+  /// Shows a leaf of the widget's kind; `shape` is the leaf's text in its measured lines.
   void show(const page::Node& leaf, const TextShape& shape);
-  /// Ends what a person was doing with it: it shows nothing for now, or another element next.
+  /// Ends any interaction, because the widget stops showing its element.
   void rest();
 
  protected:
-  /// Takes up everything that can be seen of the element. Must not deliver an event.
+  /// Updates the widget to everything visible of the element. Must not deliver an event.
   virtual void take(const page::Node& leaf, const TextShape& shape) = 0;
   virtual void letGo() {}
 
   const Looks& looks() const { return page_.looks; }
   void deliver(ui::Event event) const { page_.sink->deliver(node_, std::move(event)); }
-  /// Scrolls the element into view: a key must never act where its reader does not see it.
-  /// \return Whether it shows an element still. Rows that come in on the way may end the tree.
+  /// Scrolls the element into view: a key must never act on an element that its reader does not
+  /// see.
+  /// \return Whether the widget still shows an element. Scrolling may bring in rows, and these may
+  /// remove the tree.
   bool scrollIn() const;
 
  private:
@@ -60,14 +63,15 @@ class ElementWidget {
   bool taking_ = false;
 };
 
-/// How far a widget's rectangle reaches past its element's frame: for high accents, which reach past
-/// the line that they stand in, and for its focus ring.
+/// How far a widget's rectangle extends past its element's frame: for high accents, which reach
+/// past their line, and for the focus ring.
 QMargins overhang(const ui::Element& element, const TextShape& shape);
 
-/// Makes the style frame the control in the page's own outline.
+/// Makes the style draw the control's frame in the page's outline colour.
 void frameIn(const Looks& looks, QStyleOption& option);
 
-/// What a focus ring is drawn around: it is wider where it has to cover a frame.
+/// What a focus ring surrounds; the ring is wider around a frame, because it has to cover the
+/// frame.
 enum class RingAround { text, frame };
 
 /// Draws the focus ring just inside `place`.

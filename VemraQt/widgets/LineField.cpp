@@ -19,7 +19,7 @@ bool isLineBreak(QChar c) {
   return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
 }
 
-/// As Qt shows it: control characters as blanks.
+/// The text as Qt shows it, with a blank for each control character.
 QString displayed(QString text) {
   for (QChar& c : text) {
     if ((c.unicode() < 0x20 && c != u'\t') || isLineBreak(c)) c = u' ';
@@ -31,8 +31,8 @@ bool hasLineBreak(const QString& text) {
   return std::any_of(text.begin(), text.end(), isLineBreak);
 }
 
-/// How the blank of a line break is written: with room for a mark as wide as a capital is high, and
-/// for some air on both sides.
+/// The format of a blank that shows a line break: it widens the blank for a mark as wide as a
+/// capital is high, with some space on both sides.
 QTextCharFormat wideBreak(const QFont& font) {
   QTextCharFormat format;
   format.setFontLetterSpacingType(QFont::AbsoluteSpacing);
@@ -40,7 +40,7 @@ QTextCharFormat wideBreak(const QFont& font) {
   return format;
 }
 
-/// Whether a line edit acts on a key. It leaves the others to the page and the window.
+/// Whether a line edit handles the key. Other keys go to the page and the window.
 bool actsOn(const QKeyEvent& event) {
   switch (event.key()) {
     case Qt::Key_Left:
@@ -57,7 +57,7 @@ bool actsOn(const QKeyEvent& event) {
   }
 }
 
-/// A paste may have any number of lines; so many are marked.
+/// A pasted text may have any number of lines; only this many line breaks are marked.
 constexpr int mostWideBreaks = 500;
 
 QList<QTextLayout::FormatRange> wideBreaks(const QString& text, const QFont& font) {
@@ -73,8 +73,8 @@ QList<QTextLayout::FormatRange> wideBreaks(const QString& text, const QFont& fon
 LineField::LineField(QWidget* parent, const PageContext& page)
     : QLineEdit(parent), ElementWidget(page) {
   setFocusPolicy(Qt::ClickFocus);
-  setFrame(false);             // it draws its own
-  setTextMargins(4, 0, 4, 0);  // high accents may use all of its height
+  setFrame(false);             // the field draws its own frame
+  setTextMargins(4, 0, 4, 0);  // high accents may use the full height
   setMaxLength(std::numeric_limits<int>::max());
   connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
     widenLineBreaks();
@@ -96,7 +96,7 @@ void LineField::take(const page::Node& leaf, const TextShape& shape) {
 }
 
 void LineField::letGo() {
-  clear();  // with its undo history: the next element's begins anew
+  clear();  // also clears the undo history, so that the next element starts with an empty one
 }
 
 void LineField::paintEvent(QPaintEvent* event) {
@@ -132,8 +132,8 @@ void LineField::paintPrompt(QPainter& painter) {
                layoutDirection());
 }
 
-/// Writes the line breaks wider. A line edit takes formats for its text as an input method hands them
-/// in: relative to the cursor, in an event that changes nothing.
+/// Widens the blanks of line breaks. A line edit accepts text formats only as an input method sends
+/// them: relative to the cursor, in an event that changes no text.
 void LineField::widenLineBreaks() {
   const bool hasBreaks = hasLineBreak(text());
   if (isComposing_ || (!hasBreaks && !hasWideBreaks_)) return;
@@ -147,8 +147,9 @@ void LineField::widenLineBreaks() {
   QLineEdit::inputMethodEvent(&event);
 }
 
-/// An arrow back to the line's start in the middle of every blank that stands for a line break.
-/// Where the text begins is told by the cursor, the only place of it that a line edit gives away.
+/// Draws an arrow, pointing back to the start of the line, in the middle of every blank that stands
+/// for a line break. The start of the text is computed from the cursor, the only position that a
+/// line edit reveals.
 void LineField::paintLineBreaks(QPainter& painter) {
   if (isComposing_) return;
   QTextLayout layout(displayed(text()), font());
@@ -184,7 +185,7 @@ void LineField::inputMethodEvent(QInputMethodEvent* event) {
   isComposing_ = !event->preeditString().isEmpty();
   if (isComposing_ || !event->commitString().isEmpty()) scrollIn();
   QLineEdit::inputMethodEvent(event);
-  widenLineBreaks();  // the event has brought other formats
+  widenLineBreaks();  // the event has replaced the formats
 }
 
 void LineField::changeEvent(QEvent* event) {
@@ -205,7 +206,7 @@ void LineField::contextMenuEvent(QContextMenuEvent* event) {
   if (event->reason() != QContextMenuEvent::Keyboard) {
     QLineEdit::contextMenuEvent(event);
   } else if (scrollIn()) {
-    const QPoint at = cursorRect().center();  // which may be another place by now
+    const QPoint at = cursorRect().center();  // scrolling may have moved it
     QContextMenuEvent moved(QContextMenuEvent::Keyboard, at, mapToGlobal(at), event->modifiers());
     QLineEdit::contextMenuEvent(&moved);
   }

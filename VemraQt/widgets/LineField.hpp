@@ -6,11 +6,11 @@
 
 namespace vemra::qt {
 
-/// A TextField: one line of any length.
+/// A TextField: a line of any length.
 ///
-/// Its text is the real text. A line break in it is kept and shown as a mark, in the place of the
-/// blank that Qt shows, which is made wide enough for it. The tree's text is written into it only when it is another one, so that
-/// cursor and selection stay where they are. Return does nothing but tell the element.
+/// The widget holds the element's exact text. Qt shows a line break as a blank; this widget makes
+/// the blank wide enough and draws a mark there. It sets the tree's text only when that differs
+/// from its own, so that the cursor and the selection stay. Return only delivers `Submit`.
 class LineField final : public QLineEdit, public ElementWidget {
   Q_OBJECT
 
@@ -34,7 +34,7 @@ class LineField final : public QLineEdit, public ElementWidget {
   void paintLineBreaks(QPainter& painter);
 
   TextShape prompt_;
-  bool isComposing_ = false;  ///< an input method shows what is not yet part of the text
+  bool isComposing_ = false;  ///< an input method shows text that is not part of `text()` yet
   bool hasWideBreaks_ = false;
 };
 

@@ -5,11 +5,11 @@
 
 namespace vemra::qt {
 
-/// A scroll bar that is painted again only when it looks different.
+/// A scroll bar that repaints only when its appearance changes.
 ///
-/// Qt paints one again for every change of its value and range. On a long page most of them do not
-/// move the handle by a pixel, and a style may take longer to paint the groove, with its gradients
-/// over the window's whole height, than the rows that have changed.
+/// Qt repaints a scroll bar for every change of its value and range. On a long page most changes do
+/// not move the handle by a pixel, and a style may take longer to paint the groove, with its
+/// gradients over the whole height of the window, than to paint the changed rows.
 class PageScrollBar final : public QScrollBar {
  public:
   using QScrollBar::QScrollBar;
@@ -19,7 +19,7 @@ class PageScrollBar final : public QScrollBar {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  /// All of its value and range that a style can show.
+  /// The visible part of the scroll bar's value and range.
   struct Look {
     QRect handle;
     bool canGoUp = false;

@@ -11,7 +11,7 @@ namespace vemra::qt {
 
 PushButton::PushButton(QWidget* parent, const PageContext& page)
     : QPushButton(parent), ElementWidget(page) {
-  setFocusPolicy(Qt::ClickFocus);  // the page itself walks from control to control
+  setFocusPolicy(Qt::ClickFocus);  // the page moves the focus by Tab itself
   setAutoDefault(false);
   connect(this, &QPushButton::clicked, this, [this] {
     if (node()) deliver(ui::Press{});
@@ -77,7 +77,7 @@ void PushButton::keyPressEvent(QKeyEvent* event) {
       if (scrollIn()) QPushButton::keyPressEvent(event);
       return;
     default:
-      event->ignore();  // arrows scroll the page
+      event->ignore();  // arrow keys scroll the page
   }
 }
 

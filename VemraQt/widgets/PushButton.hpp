@@ -6,8 +6,8 @@
 
 namespace vemra::qt {
 
-/// A Button: the platform's frame around the very lines that were measured, or, in the plain
-/// style, those lines alone, written like a link.
+/// A Button: the platform's frame around the measured lines or, in the plain style, only those
+/// lines, in the colour of a link.
 class PushButton final : public QPushButton, public ElementWidget {
   Q_OBJECT
 

@@ -8,17 +8,17 @@ namespace vemra::qt {
 
 class ElementWidget;
 
-/// What the window keeps of a text or a control, beside its place in the tree.
+/// The data that the window keeps for a text or a control, apart from its place in the tree.
 struct ShownLeaf {
-  TextShape shape;  ///< its text, broken into lines for the width it was measured in
-  ElementWidget* widget = nullptr;  ///< shows the element while it is near the viewport
-  bool stale = true;                ///< the widget does not show the element as it was measured yet
+  TextShape shape;                  ///< the text in lines, broken for the measured width
+  ElementWidget* widget = nullptr;  ///< shows the element while that is near the viewport
+  bool stale = true;                ///< the widget does not show the measured element yet
 };
 
 /// One `ShownLeaf` for every leaf that has been measured.
 class ShownLeaves {
  public:
-  /// Makes one when there is none yet.
+  /// Returns the leaf's entry, made if needed.
   ShownLeaf& of(const page::Node& leaf) {
     ShownLeaf* const found = leaves_.find(leaf.id);
     return found ? *found : leaves_.insert(leaf.id, {});

@@ -16,7 +16,7 @@ namespace vemra::qt {
 namespace {
 
 constexpr int fieldMargin = 6;
-// A line for a note is wide enough for a sentence, not as wide as any screen.
+// A field is at most wide enough for a sentence, even on a wide screen.
 constexpr int widestFieldInEms = 34;
 
 template <class Option>
@@ -31,7 +31,7 @@ Option optionFor(const QWidget& page, const QFont& font) {
 
 page::Size StyleMetrics::measure(const page::Node& leaf, int width) {
   ShownLeaf& shown = leaves_.of(leaf);
-  shown.stale = true;  // its widget has the old lines
+  shown.stale = true;  // the widget still has the previous lines
   QSize size;
   switch (leaf.element.kind()) {
     case ui::ElementKind::button:
@@ -66,9 +66,9 @@ QSize StyleMetrics::button(const page::Node& leaf, TextShape& shape, int width) 
   const auto framed = [&](QSize text) {
     return page_.style()->sizeFromContents(QStyle::CT_PushButton, &option, text, nullptr);
   };
-  // What the style adds, without the least width that it gives to short titles.
+  // The style's own margins, measured without the minimum width that it gives to short titles.
   const int frame = framed(QSize(1000, 20)).width() - 1000;
-  // Some styles leave hardly any air beside a title.
+  // Some styles leave hardly any space beside a title.
   const int air = option.fontMetrics.height() / 2;
   shape = TextShape(title, font, width - frame - 2 * air);
   QSize size = framed(shape.size() + QSize(2 * air, 0));
@@ -82,7 +82,7 @@ QSize StyleMetrics::picker(const page::Node& leaf, TextShape& shape, int width) 
   const QFont font = looks_.font(leaf.element.style().font);
   auto option = optionFor<QStyleOptionComboBox>(page_, font);
   const std::vector<Choice> choices = qt::choicesOf(leaf);
-  // As wide as its widest choice, so that choosing moves nothing.
+  // As wide as the widest choice, so that choosing moves no other element.
   const int widest = widestOf(choices, font);
   const auto framed = [&](QSize text) {
     return page_.style()->sizeFromContents(QStyle::CT_ComboBox, &option, text, nullptr);
@@ -119,7 +119,7 @@ QSize StyleMetrics::field(const page::Node& leaf, TextShape& shape, int width) c
   option.lineWidth = page_.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, nullptr);
   shape = TextShape(toQString(leaf.element.shownLabel()), font, wide - 2 * fieldMargin - 4);
   const int lines = std::max(metrics.height(), shape.size().height());
-  // High accents reach past a font's ascent.
+  // High accents extend past a font's ascent.
   const QSize text(wide, lines + std::max(4, metrics.height() / 4));
   const QSize size = page_.style()->sizeFromContents(QStyle::CT_LineEdit, &option, text, nullptr);
   return QSize(wide, std::max(size.height(), smallestTarget));

@@ -14,17 +14,17 @@ namespace vemra::qt {
 
 struct Choice;
 
-/// What can be hit is this large at least, in pixels either way (Web Content Accessibility
+/// The minimum size of a control, in pixels, in both directions (Web Content Accessibility
 /// Guidelines 2.2, "target size").
 inline constexpr int smallestTarget = 24;
 
-/// How large the elements are in the widget style of a page.
+/// Computes the sizes of elements in the widget style of a page.
 ///
-/// A control is never smaller than `smallestTarget`. A title that is wider
-/// than the page goes on in further lines.
+/// A control is never smaller than `smallestTarget`. A title that is wider than the page continues
+/// in further lines.
 class StyleMetrics final {
  public:
-  /// Keeps the lines of what it measures in `leaves`.
+  /// Stores the lines of the texts that it measures in `leaves`.
   StyleMetrics(const QWidget& page, const Looks& looks, ShownLeaves& leaves)
       : page_(page), looks_(looks), leaves_(leaves) {}
 
@@ -41,7 +41,7 @@ class StyleMetrics final {
   const QWidget& page_;
   const Looks& looks_;
   ShownLeaves& leaves_;
-  /// The pickers of a page mostly have the same choices: those of the last one, and their width.
+  /// The choices of the last picker and their width: most pickers of a page have the same choices.
   QFont choicesFont_;
   QStringList choices_;
   int widestChoice_ = 0;

@@ -6,7 +6,7 @@
 
 namespace vemra::qt {
 
-/// A Text: a label that draws the very lines that were measured.
+/// A Text: a label that draws the measured lines.
 class TextLabel final : public QLabel, public ElementWidget {
   Q_OBJECT
 

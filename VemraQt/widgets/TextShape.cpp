@@ -11,8 +11,9 @@ namespace vemra::qt {
 
 namespace {
 
-// Looking for a word's end takes Qt, at every line of it, the rest of the word: quadratic. A text
-// with such a word in it is not for reading; it breaks wherever a line is full.
+// At every line of a word, Qt searches the rest of the word for its end, which takes quadratic
+// time. A text with a longer word than this is not for reading, so it breaks wherever a line is
+// full.
 constexpr qsizetype endlessWord = 2000;
 
 qsizetype longestWord(const QString& text) {
@@ -71,7 +72,7 @@ TextShape::TextShape(const QString& text, const QFont& font, int width)
 
 namespace {
 
-/// Where a line begins: at the leading edge of the place, or so that it stands in the middle.
+/// The x position of a line: at the leading edge of `place`, or so that the line is centred.
 qreal startOf(const QTextLine& line, const QRect& place, Qt::LayoutDirection direction,
               Qt::Alignment alignment) {
   if (alignment & Qt::AlignHCenter) {
@@ -90,7 +91,7 @@ void TextShape::draw(QPainter& painter, const QRect& place, Qt::LayoutDirection 
   if (!layout_) return;
   for (int i = 0; i < layout_->lineCount(); ++i) {
     const QTextLine line = layout_->lineAt(i);
-    // A right-to-left paragraph is laid out against the far end of its line.
+    // Qt lays out a right-to-left paragraph against the far end of its line.
     const qreal x = startOf(line, place, direction, alignment) - line.naturalTextRect().left();
     line.draw(&painter, QPointF(x, place.top()));
   }

@@ -13,24 +13,25 @@ class QRect;
 
 namespace vemra::qt {
 
-/// A text broken into lines for a width: measured once, drawn from the same lines.
+/// A text broken into lines for a width: measured once, and drawn in the same lines.
 ///
-/// Plain text, literally: no markup, no mnemonics, nothing elided. Long words break, line breaks of
-/// any kind start a new line, and each paragraph takes its own reading direction. Copies share.
+/// The text is literal: no markup, no mnemonics, no elision. Long words break, any kind of line
+/// break starts a new line, and each paragraph has its own reading direction. Copies share the
+/// lines.
 class TextShape {
  public:
   TextShape() = default;
-  /// `width` is at least one pixel. The empty text has one line's height.
+  /// `width` is at least one pixel. An empty text has the height of one line.
   TextShape(const QString& text, const QFont& font, int width);
 
   bool isEmpty() const { return !layout_; }
   QSize size() const { return size_; }
-  /// Of its first line, in pixels.
+  /// The height of the first line, in pixels.
   int lineHeight() const { return lineHeight_; }
-  /// Draws in the painter's pen. Lines begin at the leading edge, or stand in the middle.
+  /// Draws with the painter's pen. Lines begin at the leading edge, or are centred.
   void draw(QPainter& painter, const QRect& place, Qt::LayoutDirection direction,
             Qt::Alignment alignment = Qt::AlignLeading) const;
-  /// Rules a line under each line of the text, where `draw` put it.
+  /// Draws a line under each line of the text, where `draw` has put it.
   void underline(QPainter& painter, const QRect& place, Qt::LayoutDirection direction) const;
 
  private:
@@ -39,7 +40,7 @@ class TextShape {
   int lineHeight_ = 0;
 };
 
-/// The text with every line break as one U+2028, which is what makes a line in a text layout.
+/// The text with U+2028 for every line break: a text layout breaks lines only there.
 QString withLineSeparators(const QString& text);
 
 }  // namespace vemra::qt

@@ -30,7 +30,7 @@ void WidgetPool::reshape(ElementWidget& widget, const ui::Element& element) {
   const Shape shape = shapeOf(element);
   if (shelfOf(widget).shape == shape) return;
   Shelf& after = shelfFor(shape);
-  Shelf& before = shelfOf(widget);  // not earlier: a new shelf moves the others
+  Shelf& before = shelfOf(widget);  // found after `after`: a new shelf may move the others
   auto owned = std::ranges::find(before.all, &widget, &std::unique_ptr<ElementWidget>::get);
   after.all.push_back(std::move(*owned));
   before.all.erase(owned);
@@ -63,7 +63,7 @@ void WidgetPool::hideResting() {
       ElementWidget* gone = shelf.resting.front();
       shelf.resting.erase(shelf.resting.begin());
       auto owned = std::ranges::find(shelf.all, gone, &std::unique_ptr<ElementWidget>::get);
-      // It may be the very widget whose signal is being handled.
+      // This may be the widget whose signal is being handled.
       owned->release()->widget().deleteLater();
       shelf.all.erase(owned);
     }

@@ -7,27 +7,27 @@
 
 namespace vemra::qt {
 
-/// The widgets of a page: as many as fit on it, used again and again.
+/// The widgets of a page: as many as its viewport needs, reused while it scrolls.
 ///
-/// Widgets are kept by shape (kind, font, colour, style), because changing a widget's font costs
-/// more than anything else about it. A widget that is given back stays where it is and visible
-/// until `hideResting`, so that one that is needed elsewhere at once only moves.
+/// Widgets are kept by shape (kind, font, colour, style), because setting a widget's font costs
+/// more than any other change. A widget that is returned stays in place and visible until
+/// `hideResting`, so that a widget which is taken again at once only moves.
 class WidgetPool {
  public:
   WidgetPool(QWidget* parent, const PageContext& page) : parent_(parent), page_(page) {}
 
-  /// A resting widget of the element's shape, or a new one.
+  /// Returns an unused widget of the element's shape, or a new one.
   ElementWidget& take(const ui::Element& element);
-  /// Gives a lent widget the shape that its element has now. It stays the same widget, with its
-  /// focus, its cursor and what else a person has done with it.
+  /// Moves a widget in use to the shelf of its element's new shape. It stays the same widget, with
+  /// its focus, its cursor and its other state.
   void reshape(ElementWidget& widget, const ui::Element& element);
   void giveBack(ElementWidget& widget);
-  /// Hides what was given back, and deletes what is more than a page is likely to need.
+  /// Hides the returned widgets, and deletes those that exceed a page's likely need.
   void hideResting();
-  /// Fonts or colours have changed.
+  /// Call it when fonts or colours have changed.
   void restyle();
 
-  /// How many widgets there are, resting ones included.
+  /// The number of widgets, unused ones included.
   std::size_t size() const;
 
  private:
@@ -41,11 +41,11 @@ class WidgetPool {
   struct Shelf {
     Shape shape;
     std::vector<std::unique_ptr<ElementWidget>> all;
-    std::vector<ElementWidget*> resting;  // the last ones given back come first
+    std::vector<ElementWidget*> resting;  // the last entry is taken first
   };
   static Shape shapeOf(const ui::Element& element);
   Shelf& shelfFor(const Shape& shape);
-  /// The shelf of a widget of this pool.
+  /// The shelf that holds a widget of this pool.
   Shelf& shelfOf(const ElementWidget& widget);
   std::unique_ptr<ElementWidget> make(const Shape& shape) const;
 
