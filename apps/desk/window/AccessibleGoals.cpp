@@ -19,10 +19,11 @@
 namespace vemra::desk {
 namespace {
 
-/// So many changes are announced one by one; of more, that clients have to ask again.
+/// Up to this many changes are announced one by one; beyond it, clients get one notification to
+/// read all goals again.
 constexpr std::size_t mostToldOneByOne = 32;
 
-/// A goal that has no widget. It is that of its index, whatever goals the list has by then.
+/// A goal without a widget. It represents the goal at its index, even when the list has changed.
 class AccessibleGoal final : public QAccessibleInterface, public QAccessibleActionInterface {
  public:
   AccessibleGoal(GoalColumn& column, std::size_t index) : column_(&column), index_(index) {}
@@ -78,8 +79,9 @@ class AccessibleGoal final : public QAccessibleInterface, public QAccessibleActi
   }
   QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
-  /// Whether its name, or its state, differs from the one that was announced last, and takes the new
-  /// one for announced; false when no client has asked.
+  /// These return whether the goal's name, or its state, differs from the announced one, and store
+  /// the new one, because the caller announces it next. They return false when no client has asked
+  /// for it.
   bool takeName() {
     if (!announcedName_ || !isValid()) return false;
     const std::size_t name = qHash(shownName());
@@ -98,11 +100,11 @@ class AccessibleGoal final : public QAccessibleInterface, public QAccessibleActi
 
   QPointer<GoalColumn> column_;
   std::size_t index_;
-  mutable std::optional<std::size_t> announcedName_;  // a hash of it
+  mutable std::optional<std::size_t> announcedName_;  // a hash of the name
   mutable std::optional<bool> announcedOpen_;
 };
 
-/// The heading, then the goals. Neither counting them nor finding one looks at the others.
+/// The heading, then the goals. Counting the goals or finding one examines no other goal.
 class AccessibleColumn final : public QAccessibleWidget {
  public:
   explicit AccessibleColumn(GoalColumn& column) : QAccessibleWidget(&column) {}
@@ -142,8 +144,8 @@ class AccessibleColumn final : public QAccessibleWidget {
     return at ? QAccessible::queryAccessibleInterface(at) : nullptr;
   }
 
-  /// An observer may do anything while it is notified, even destroy the list: what is to be sent is
-  /// collected before.
+  /// Announces all changes. A client that handles an event may do anything, even destroy the list,
+  /// so this collects the changed goals before it announces them.
   void announce() {
     announceCount();
     std::vector<QAccessible::Id> renamed, opened;
@@ -175,7 +177,8 @@ class AccessibleColumn final : public QAccessibleWidget {
  private:
   int count() const { return list() ? 1 + static_cast<int>(list()->goals().size()) : 0; }
 
-  /// A goal is known by its place: when there are more or fewer, they are so at the end.
+  /// Announces the change of the number of goals. A goal is identified by its index, so goals are
+  /// added and removed at the end.
   void announceCount() {
     using Kind = qt::atspi::ChildChange::Kind;
     if (!toldCount_ || !qt::atspi::sendsChildSignals()) return;

@@ -6,13 +6,13 @@ namespace vemra::desk {
 
 class GoalList;
 
-/// The viewport of a list of goals. To assistive technology it is the heading and every goal below it,
-/// with a widget or without: the goals are radio buttons, of which the open one is checked.
+/// The viewport of a list of goals. Assistive technology sees the heading and every goal below it,
+/// with or without a widget, as radio buttons; the open goal is checked.
 ///
-/// A goal without a widget has its name, its state and its place (estimated where it has never been
-/// in view); `Press` opens it, `SetFocus` scrolls it in and gives it the focus. A client gets an
-/// event when the number of goals, or the name or state of a goal, differs from what this class
-/// announced last.
+/// A goal without a widget has a name, a state and a position (estimated if it has never been in
+/// view); `Press` opens it, `SetFocus` scrolls it into view and gives it the focus. Clients get an
+/// event when the number of goals, or the name or state of a goal, differs from the last
+/// announcement.
 class GoalColumn : public QWidget {
   Q_OBJECT
 
@@ -21,8 +21,8 @@ class GoalColumn : public QWidget {
   /// The list; nullptr when it is being destroyed.
   GoalList* list() const { return list_; }
   void forgetList() { list_ = nullptr; }
-  /// Announces what differs from the last announcement. Call it when the list shows other
-  /// goals, or another goal is open. Costs a step for each goal without a widget that a client knows.
+  /// Announces the changes since the last announcement. Call it when the list shows other goals, or
+  /// another goal is open. Costs a step for each goal without a widget that a client has asked for.
   void announce();
 
  private:

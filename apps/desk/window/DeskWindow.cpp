@@ -29,7 +29,7 @@ constexpr int millisecondsBetweenLooks = 400;
 constexpr const char* loadingGoals = "The goals could not be loaded.";
 constexpr const char* loadingGoal = "The goal could not be loaded.";
 
-/// What a failed task has to say; "" for one that succeeded.
+/// The error message of a failed task; "" for one that succeeded.
 template <class T>
 QString failureOf(const task::Result<T>& result) {
   if (result.hasValue()) return {};
@@ -48,7 +48,7 @@ DeskWindow::DeskWindow(std::shared_ptr<StoreEngine> engine, std::optional<std::s
     : engine_(std::move(engine)), goalID_(std::move(goalID)) {
   setObjectName("desk");
   setWindowTitle("Vemra Desk");
-  // Said once; otherwise panes that come and go would change it all the time.
+  // Set a fixed minimum size; otherwise panes that appear and disappear would change it.
   setMinimumSize(640, 360);
   resize(1080, 760);
 
@@ -71,7 +71,7 @@ DeskWindow::DeskWindow(std::shared_ptr<StoreEngine> engine, std::optional<std::s
   connect(timer, &QTimer::timeout, this, &DeskWindow::lookForChanges);
   timer->start(millisecondsBetweenLooks);
 
-  lookForChanges();  // before the first load, so that no change falls in between
+  lookForChanges();  // before the first load, so that no change is missed in between
   loadGoals();
 }
 
@@ -138,16 +138,16 @@ void DeskWindow::loadSnapshot() {
                       if (engine_->storeNumber() == store) {
                         takeSnapshot(goalID, store, std::move(result));
                       } else if (goalID_ == goalID) {
-                        loadSnapshot();  // another store is there; the result may be of either
+                        loadSnapshot();  // another store is there; the result may be from either
                       }
                     });
 }
 
 void DeskWindow::takeSnapshot(const std::string& goalID, std::uint64_t store,
                               task::Result<GoalResultSnapshotV1> result) {
-  if (goalID_ != goalID) return;  // the reader has gone on to another goal
+  if (goalID_ != goalID) return;  // the user has opened another goal meanwhile
   if (const QString failure = failureOf(result); !failure.isEmpty()) {
-    if (shownGoalID_ == goalID) {  // the screen stays, with the editors that are open in it
+    if (shownGoalID_ == goalID) {  // keep the screen with its open editors
       centre_->setCurrentWidget(screen_);
       tellLoadingFailure(loadingGoal, failure, [this] { loadSnapshot(); });
     } else {
@@ -164,7 +164,7 @@ void DeskWindow::takeSnapshot(const std::string& goalID, std::uint64_t store,
       [this, goalID, store](const GoalOutcomeRecordingInput& input) {
         record({goalID, input, newOutcomeID()}, store);
       });
-  // The id keeps an editor that is open in one goal from appearing in the next.
+  // The id keeps an editor that is open in one goal from appearing in the next goal.
   screen_->setRoot(view.id(goalID));
   shownGoalID_ = goalID;
   centre_->setCurrentWidget(screen_);
@@ -174,8 +174,8 @@ void DeskWindow::record(const OutcomeToRecord& outcome, std::uint64_t store) {
   startOnMainThread(*this, engine_->record(outcome.goalID, outcome.input, store, outcome.id),
                     [this, outcome](auto result) {
                       if (const QString failure = failureOf(result); !failure.isEmpty()) {
-                        // Its editor has closed: what was written must not be lost to the next
-                        // failure.
+                        // The outcome's editor has closed, so keep the outcome until a later try
+                        // records it.
                         unrecorded_.push_back(outcome);
                         tellFailure("The outcome was not recorded. " + failure);
                         return;
@@ -230,7 +230,7 @@ template <class Ask, class Show>
 void DeskWindow::lookUp(Ask ask, const QString& failure, Show show) {
   refreshSide_ = [this, ask, failure, show] {
     startOnMainThread(*this, ask(), [this, failure, show, wanted = ++sideRequest_](auto result) {
-      if (wanted != sideRequest_) return;  // closed, or another thing was asked for since
+      if (wanted != sideRequest_) return;  // the pane was closed, or shows something else
       if (const QString why = failureOf(result); !why.isEmpty()) {
         tellLoadingFailure(failure, why);
       } else {
@@ -274,7 +274,7 @@ void DeskWindow::closeSide() {
 }
 
 void DeskWindow::lookForChanges() {
-  if (std::exchange(looking_, true)) return;  // a slow disk is not asked twice at once
+  if (std::exchange(looking_, true)) return;  // a slow disk gets only one request at a time
   startOnMainThread(*this, engine_->version(), [this](auto result) {
     looking_ = false;
     const QString failure = failureOf(result);

@@ -29,17 +29,17 @@ class Notice;
 class SidePane;
 class Welcome;
 
-/// The window of the reference host: the goals at the left, the result screen of the open one, and
-/// beside it what the store knows of a person, a source or a path.
+/// The window of the reference host: the goals on the left, the result screen of the open goal, and
+/// a pane that shows what the store knows of a person, a source or a path.
 ///
-/// This is the whole of a host's part: load a snapshot off the main thread, hand a view made from
-/// it to the screen, and when the screen hands out a recording, store it, load again, hand in a new
-/// view. Changes that other processes make to the store show up by themselves.
+/// This is all that a host does: it loads a snapshot off the main thread and shows a view of it;
+/// when the screen reports a recording, it stores the recording, loads the snapshot again and shows
+/// a new view. The window also shows changes that other processes make to the store.
 class DeskWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  /// Starts to load at once, and opens the goal of that id or else the first one there is.
+  /// Starts to load at once. Opens the goal with that id, or else the first goal.
   DeskWindow(std::shared_ptr<StoreEngine> engine, std::optional<std::string> goalID);
 
   qt::ViewWidget& screen() { return *screen_; }
@@ -49,10 +49,11 @@ class DeskWindow : public QMainWindow {
   void takeGoals(task::Result<std::vector<GoalListing>> result);
   void openGoal(const std::string& goalID);
   void loadSnapshot();
-  /// - Parameter store: the number of the store (`StoreEngine::storeNumber`) that the result is of.
+  /// - Parameter store: the number (`StoreEngine::storeNumber`) of the store that the result is
+  ///   from.
   void takeSnapshot(const std::string& goalID, std::uint64_t store,
                     task::Result<GoalResultSnapshotV1> result);
-  /// What the user wants recorded. Each try uses the same id, so that it is recorded once.
+  /// An outcome to record. Each try uses the same id, so that the store records it only once.
   struct OutcomeToRecord {
     std::string goalID;
     GoalOutcomeRecordingInput input;
@@ -61,9 +62,9 @@ class DeskWindow : public QMainWindow {
   void record(const OutcomeToRecord& outcome, std::uint64_t store);
   void addSampleGoals();
 
-  /// Asks for something, now and whenever the store has changed, and shows it beside the screen.
+  /// Starts a task, now and whenever the store has changed, and shows its result beside the screen.
   ///
-  /// - Parameters ask, show: give the task to be started, and take what it comes to.
+  /// - Parameters ask, show: `ask` returns the task to start, `show` gets its result.
   /// - Parameter failure: the sentence before the reason when the task fails.
   template <class Ask, class Show>
   void lookUp(Ask ask, const QString& failure, Show show);
@@ -73,9 +74,10 @@ class DeskWindow : public QMainWindow {
   void closeSide();
 
   void lookForChanges();
-  /// Shows a failure; trying again also records what could not be recorded so far.
+  /// Shows a failure. Its "Try again" also records the outcomes whose last try failed.
   void tellFailure(const QString& text, std::function<void()> again = nullptr);
-  /// Shows that something could not be loaded; once, however often the window tries by itself.
+  /// Shows that something could not be loaded; only once for each failure, although the window
+  /// keeps trying.
   void tellLoadingFailure(const QString& what, const QString& failure,
                           std::function<void()> again = nullptr);
   QString remarkOnUnrecorded() const;
@@ -84,13 +86,13 @@ class DeskWindow : public QMainWindow {
   std::shared_ptr<StoreEngine> engine_;
   std::optional<std::string> goalID_;        // of the open goal
   std::optional<std::string> shownGoalID_;   // of the goal that the screen shows
-  std::uint64_t sideRequest_ = 0;            // the last thing that was asked for the side pane
-  std::vector<OutcomeToRecord> unrecorded_;  // those whose last try failed, for the next one
-  std::function<void()> refreshSide_;        // asks once more for what the side pane shows
-  std::optional<std::int64_t> version_;      // of the store, when it was last looked at
+  std::uint64_t sideRequest_ = 0;            // the number of the last request for the side pane
+  std::vector<OutcomeToRecord> unrecorded_;  // their last try failed; the next try includes them
+  std::function<void()> refreshSide_;        // requests the side pane's content again
+  std::optional<std::int64_t> version_;      // of the store, at the last check
   bool looking_ = false;
-  QString lookingFailed_;         // the last message about it
-  QHash<QString, QString> told_;  // of what could not be loaded: the failure shown
+  QString lookingFailed_;         // the last message about a failed check
+  QHash<QString, QString> told_;  // the shown failure for each thing that failed to load
 
   GoalList* goals_;
   QStackedWidget* centre_;

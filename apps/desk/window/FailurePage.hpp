@@ -6,15 +6,16 @@ class QLabel;
 
 namespace vemra::desk {
 
-/// The page in place of the screen for a goal that could not be loaded: why, and another try.
+/// Shown instead of the screen when a goal could not be loaded: the reason, and a button to try
+/// again.
 class FailurePage : public QWidget {
   Q_OBJECT
 
  public:
   explicit FailurePage(QWidget* parent = nullptr);
 
-  /// Shows a reason, a sentence or a line for people, of a long one the beginning; announces it when
-  /// it is another than before.
+  /// Shows a reason, which is a sentence or a line for people; only the beginning of a long one.
+  /// Announces the reason when it differs from the previous one.
   void setReason(const QString& whole);
 
  Q_SIGNALS:

@@ -21,7 +21,7 @@ GoalList::GoalList(QWidget* parent) : QAbstractScrollArea(parent) {
   setViewport(new GoalColumn(*this));
   viewport()->setAutoFillBackground(false);
   measured_ = new GoalRow(viewport());
-  measured_->hide();  // or it would be shown with the viewport
+  measured_->hide();  // otherwise it would be shown with the viewport
   heading_ = makeLabel("Goals", TextRole::heading);
   heading_->setContentsMargins(10, 0, 10, 6);
   heading_->setParent(viewport());
@@ -29,7 +29,7 @@ GoalList::GoalList(QWidget* parent) : QAbstractScrollArea(parent) {
   measureAnew();
 }
 
-/// Assistive technology may ask the viewport about its rows until that is destroyed, after the list.
+/// Assistive technology may use the viewport until that is destroyed, which happens after the list.
 GoalList::~GoalList() {
   column().forgetList();
 }
@@ -90,7 +90,7 @@ bool GoalList::event(QEvent* event) {
   return handled;
 }
 
-/// Rows hand their keys and the focus to the list, which knows the rows without a widget.
+/// The rows pass their keys and the focus to the list, which also knows the rows without a widget.
 bool GoalList::eventFilter(QObject* object, QEvent* event) {
   auto* row = qobject_cast<GoalRow*>(object);
   const auto index = row ? indexOf(*row) : std::nullopt;
@@ -104,12 +104,13 @@ bool GoalList::eventFilter(QObject* object, QEvent* event) {
   return QAbstractScrollArea::eventFilter(object, event);
 }
 
-/// Whether the key is the list's own. What a row does with another one, its reader sees.
+/// Handles the list's own keys and returns false for other keys. Before a key that presses the row,
+/// this scrolls the row into view.
 bool GoalList::handleKey(std::size_t index, int key) {
   std::size_t next = index;
   switch (key) {
     case Qt::Key_Up:
-      if (index == 0) return false;  // scrolls
+      if (index == 0) return false;  // the key scrolls the list
       next = index - 1;
       break;
     case Qt::Key_Down:
@@ -152,15 +153,15 @@ void GoalList::scrollContentsBy(int, int) {
   layOut();
 }
 
-/// Scrolls to a goal that has become the open one, when the list has its size.
+/// Scrolls to the newly opened goal, once the list has its size.
 void GoalList::showOpen() {
   if (isVisible() && std::exchange(wantsOpenSeen_, false) && open_) scrollTo(*open_);
 }
 
-/// Scrolls just as far as it takes to see a row.
+/// Scrolls only as far as needed to show a row.
 void GoalList::scrollTo(std::size_t index) {
   QScrollBar& bar = *verticalScrollBar();
-  for (int round = 0; round < 3; ++round) {  // its height is estimated before it comes into view
+  for (int round = 0; round < 3; ++round) {  // the row's height is an estimate at first
     const QRect rect = rowRect(index);
     if (rect.top() < 0) {
       bar.setValue(index == 0 ? 0 : bar.value() + rect.top());

@@ -17,11 +17,11 @@ namespace vemra::desk {
 class GoalColumn;
 class GoalRow;
 
-/// The goals of the store, one below the other; one of them is open.
+/// The goals of the store in a column; one of them is open.
 ///
-/// The arrow keys go from goal to goal and open it, Home and End open the first and the last one; the
-/// list is one stop of the Tab key. Only the rows near the viewport have a widget, besides the open
-/// one and the one with the focus. Assistive technology finds all of them (`AccessibleGoals`).
+/// The Up and Down keys move to the next goal and open it, Home and End open the first and the last
+/// goal; the list is one stop of the Tab key. Only the rows near the viewport, the open row and the
+/// focused row have a widget. Assistive technology sees all goals (`AccessibleGoals`).
 class GoalList : public QAbstractScrollArea {
   Q_OBJECT
 
@@ -29,8 +29,8 @@ class GoalList : public QAbstractScrollArea {
   explicit GoalList(QWidget* parent = nullptr);
   ~GoalList() override;
 
-  /// Shows these goals, and the one of that id as the open one. Rows that stay keep the focus. Scrolls
-  /// to the open goal when it is another one than before.
+  /// Shows these goals, and the goal with that id as open. Rows that stay keep the focus. Scrolls
+  /// to the open goal when it differs from the previous one.
   void setGoals(const std::vector<GoalListing>& goals, const std::string& openGoalID);
 
   /// \name For assistive technology; `index` counts the goals from the top. @{
@@ -40,9 +40,9 @@ class GoalList : public QAbstractScrollArea {
   /// The widget of a row; nullptr while it has none.
   GoalRow* row(std::size_t index) const;
   std::optional<std::size_t> indexOf(const GoalRow& row) const;
-  /// Where a row is in the viewport; estimated where it has never been there.
+  /// The frame of a row in the viewport; estimated if the row has never been there.
   QRect rowRect(std::size_t index) const;
-  /// Opens a goal as a click does.
+  /// Opens a goal, like a click.
   void choose(std::size_t index);
   /// Scrolls a row into view and gives it the focus.
   void focusRow(std::size_t index);
@@ -87,8 +87,8 @@ class GoalList : public QAbstractScrollArea {
   QLabel* heading_;
   std::map<std::size_t, GoalRow*> rows_;
   std::vector<GoalRow*> spare_;
-  GoalRow* measured_;           ///< never shown: tells how high a row is
-  bool wantsOpenSeen_ = false;  ///< as soon as the list has its size
+  GoalRow* measured_;           ///< never shown: used to measure the height of rows
+  bool wantsOpenSeen_ = false;  ///< scroll to the open goal once the list has its size
   bool layingOut_ = false;
 };
 

@@ -1,4 +1,4 @@
-// Where the rows of the list are, and which of them have a widget.
+// The positions of the list's rows, and their widgets.
 
 #include "apps/desk/window/AccessibleGoals.hpp"
 #include "apps/desk/window/GoalList.hpp"
@@ -16,7 +16,7 @@ namespace {
 
 constexpr QMargins margins(10, 14, 10, 14);
 constexpr int gap = 2;
-constexpr int keepMargin = 200;  // rows so far beyond the viewport keep their widgets
+constexpr int keepMargin = 200;  // rows this near to the viewport keep their widgets
 
 }  // namespace
 
@@ -25,7 +25,7 @@ QRect GoalList::rowRect(std::size_t index) const {
           rowWidth(), heights_.height(index)};
 }
 
-/// From the viewport's top to the first row, when nothing is scrolled.
+/// The distance from the viewport's top to the first row when the list is not scrolled.
 int GoalList::top() const {
   return margins.top() + heading_->height() + gap;
 }
@@ -34,13 +34,13 @@ int GoalList::rowWidth() const {
   return std::max(1, viewport()->width() - margins.left() - margins.right());
 }
 
-/// Another width, font or style.
+/// Measures again after a change of width, font or style.
 void GoalList::measureAnew() {
   heading_->resize(rowWidth(), heading_->heightForWidth(rowWidth()));
   forgetHeights();
 }
 
-/// Every height is estimated anew; the row at the top of the viewport stays there.
+/// Marks every height as unmeasured; the row at the top of the viewport stays there.
 void GoalList::forgetHeights() {
   const QScopedValueRollback<bool> inside(layingOut_, true);
   const int scroll = verticalScrollBar()->value();
@@ -55,8 +55,8 @@ void GoalList::forgetHeights() {
   }
 }
 
-/// Measures what comes into view, which may push other rows out of it, and places the rows. The row at
-/// the top of the viewport stays where it is while rows above it get their heights.
+/// Measures the rows in view, which may push other rows out of view, and places the rows. The row
+/// at the top of the viewport stays in place while rows above it are measured.
 void GoalList::layOut() {
   if (layingOut_) return;
   const QScopedValueRollback<bool> inside(layingOut_, true);
@@ -117,7 +117,7 @@ void GoalList::placeRows(const Range& range) {
   for (std::size_t index = range.first; index < range.last; ++index) makeRow(index);
   if (open_) makeRow(*open_);
   for (const auto& [index, row] : rows_) {
-    // One stop of the Tab key: the open goal, or the first one.
+    // The list has one Tab stop: the open goal, or else the first goal.
     const bool isStop = open_ ? index == *open_ : index == 0;
     if (!row->hasFocus()) row->setFocusPolicy(isStop ? Qt::StrongFocus : Qt::ClickFocus);
     row->setGeometry(rowRect(index));
@@ -125,14 +125,15 @@ void GoalList::placeRows(const Range& range) {
   }
 }
 
-/// Keeps the widget of a row that has none any more: it may be the one whose signal is being handled.
+/// Keeps the widget for another row: it may be the widget whose signal is being handled.
 void GoalList::putAside(std::map<std::size_t, GoalRow*>::iterator entry) {
   entry->second->hide();
   spare_.push_back(entry->second);
   rows_.erase(entry);
 }
 
-/// A row that a person is using, and the open one, which the Tab key must find.
+/// Whether the row keeps its widget: a row that a person is using, and the open row, so that the
+/// Tab key can reach it.
 bool GoalList::isPinned(std::size_t index) const {
   const GoalRow* shown = row(index);
   return index == open_ || (shown && (shown->isDown() || window()->focusWidget() == shown));
@@ -147,7 +148,7 @@ GoalRow& GoalList::makeRow(std::size_t index) {
     connect(row, &QPushButton::clicked, this, [this, row = row] {
       open_ = indexOf(*row);
       column().announce();
-      // A copy: a listener may give the row another goal.
+      // Emit a copy of the id: a slot may give the row another goal.
       if (open_) Q_EMIT goalChosen(std::string(row->goalID()));
     });
   } else {
@@ -164,7 +165,7 @@ void GoalList::fillRow(GoalRow& row, std::size_t index) const {
   const QString name = "desk.goal." + fromUTF8(goals_[index].id);
   if (row.objectName() != name) row.setObjectName(name);
   if (row.isChecked() == (index == open_)) return;
-  row.setAutoExclusive(index == open_);  // the only checked one of a group cannot be unchecked
+  row.setAutoExclusive(index == open_);  // Qt keeps one button of the group checked
   row.setChecked(index == open_);
   row.setAutoExclusive(true);
 }

@@ -17,17 +17,17 @@ namespace {
 constexpr const char* noTitle = "(no title)";
 constexpr int margin = 10;
 constexpr int mostLines = 3;
-constexpr qsizetype mostCharacters = 400;  // three lines hold less, and laying out costs time
-constexpr int mostLinesInToolTip = 30;     // about what a screen has room for
+constexpr qsizetype mostCharacters = 400;  // more than three lines hold; laying out more costs time
+constexpr int mostLinesInToolTip = 30;     // about as many as a screen has room for
 
-/// The text, or as much of it as is at most that long, with an ellipsis for the rest.
+/// The text, shortened to `most` characters with an ellipsis.
 QString atMost(qsizetype most, const QString& text) {
   if (text.size() <= most) return text;
   const bool cutsAPair = text[most - 1].isHighSurrogate() && text[most].isLowSurrogate();
   return text.left(cutsAPair ? most - 1 : most) + u'…';
 }
 
-/// As much of a title as a tool tip has room for.
+/// A title, shortened to fit into a tool tip.
 QString forToolTip(const QString& title) {
   QString text = firstPiece(title);
   qsizetype end = -1;
@@ -42,10 +42,10 @@ int widthOfText(int widthOfRow) {
   return std::max(1, widthOfRow - 2 * margin);
 }
 
-/// A text as lines of that width.
+/// A text broken into lines of a width.
 struct Lines {
   QStringList texts;
-  bool allOfIt = true;  ///< false: the last line ends in "…" and leaves out the rest
+  bool allOfIt = true;  ///< false: the last line ends in "…" and omits the rest
 };
 
 Lines linesOf(const QString& text, const QFont& font, int width) {
@@ -121,8 +121,9 @@ QSize GoalRow::minimumSizeHint() const {
 
 bool GoalRow::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QPushButton::event(event);
-  // Told when asked for, since the width decides whether there is more to say than is shown. A
-  // property would also be read out as a description, right behind the same words as the name.
+  // Make the tool tip on request: only the present width decides whether it shows more than the
+  // row. With the `toolTip` property, assistive technology would read the same words again as a
+  // description.
   if (showsAll_ && linesOf(shown_, font(), widthOfText(width())).allOfIt) {
     QToolTip::hideText();
     event->ignore();

@@ -6,15 +6,16 @@
 
 namespace vemra::desk {
 
-/// A goal in the list: its title on up to three lines, on a coloured ground while it is open.
+/// A goal in the list: its title on up to three lines; the background is coloured while the goal is
+/// open.
 class GoalRow : public QPushButton {
   Q_OBJECT
 
  public:
   explicit GoalRow(QWidget* parent = nullptr);
 
-  /// Shows the title literally. The whole of it is its accessible name, and a tool tip where it does
-  /// not fit. A blank one is shown and named as "(no title)".
+  /// Shows the title literally. The whole title is the accessible name, and the tool tip if the row
+  /// cuts it off. A blank title is shown and named as "(no title)".
   void setTitle(const QString& title);
   /// The accessible name of a goal with that title.
   static QString nameOf(const QString& title);
@@ -37,8 +38,8 @@ class GoalRow : public QPushButton {
 
   std::string goalID_;
   QString title_;
-  QString shown_;          // in one line, as far as it can be seen
-  bool showsAll_ = false;  // all of it, if the lines have room
+  QString shown_;          // on one line, shortened to what can be visible
+  bool showsAll_ = false;  // `shown_` is the whole title, if the lines have room
 };
 
 }  // namespace vemra::desk

@@ -23,7 +23,7 @@ class ScrollIn : public QObject {
     switch (static_cast<QKeyEvent*>(event)->key()) {
       case Qt::Key_Space:
       case Qt::Key_Select:
-      case Qt::Key_Return:  // these two press a button on some desktops only
+      case Qt::Key_Return:  // these two keys press a button only on some desktops
       case Qt::Key_Enter:
         scrollIn(*static_cast<QWidget*>(object));
         break;

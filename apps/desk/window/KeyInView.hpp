@@ -4,8 +4,8 @@ class QAbstractButton;
 
 namespace vemra::desk {
 
-/// Lets a key that presses the button scroll it into view first, in the scroll area that it stands
-/// in: a key must not act where its reader does not see it. Other keys scroll nothing in.
+/// Makes a key that presses the button scroll the button into view first, in its scroll area: a key
+/// must not act on a button that its reader does not see. Other keys do not scroll.
 void scrollInBeforeKeys(QAbstractButton& button);
 
 }  // namespace vemra::desk

@@ -9,14 +9,14 @@ class QPushButton;
 
 namespace vemra::desk {
 
-/// A line at the foot of the window that says what went wrong, until it is put away.
+/// A line at the bottom of the window that shows a failure until the user dismisses it.
 class Notice : public QFrame {
   Q_OBJECT
 
  public:
   explicit Notice(QWidget* parent = nullptr);
 
-  /// Shows a failure, of a long text the beginning. With `again` it offers to try again.
+  /// Shows a failure; only the beginning of a long text. With `again` it has a button to try again.
   void show(const QString& text, std::function<void()> again = nullptr);
 
  private:

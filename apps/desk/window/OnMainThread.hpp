@@ -11,15 +11,15 @@
 
 namespace vemra::desk {
 
-/// Starts a task and brings its end to the main thread, wherever the task ends.
+/// Starts a task and passes its result to the main thread, whichever thread the task ends on.
 ///
-/// - Parameter receiver: whose affair it is: when it is gone by then, nobody is told.
+/// - Parameter receiver: the context object; the callback is dropped when it has been destroyed.
 /// - Parameter callback: called with a `Result<T>` from the event loop, never before this returns.
 ///
-/// Main thread only. The task must have ended before the application object goes.
+/// Main thread only. The task must end before the application object is destroyed.
 template <class T, class Callback>
 void startOnMainThread(QObject& receiver, task::Task<T> task, Callback callback) {
-  // Made and read on the main thread only; on the way it is merely carried.
+  // Only the main thread makes and reads this pair; other threads only pass the pointer on.
   auto told = std::make_shared<std::pair<QPointer<QObject>, Callback>>(&receiver, callback);
   task::start(std::move(task), [told = std::move(told)](task::Result<T> result) mutable {
     auto ending = std::make_shared<task::Result<T>>(std::move(result));

@@ -17,7 +17,7 @@ QStringList textsOf(const QList<QLabel*>& labels) {
   return texts;
 }
 
-/// How many texts from there on, up to a few, are equal in that direction.
+/// Counts the equal texts from there on in that direction, up to a limit.
 int equalNeighbours(const QStringList& before, qsizetype place, const QStringList& after,
                     qsizetype candidate, int direction) {
   constexpr int most = 32;
@@ -35,8 +35,8 @@ int equalNeighbours(const QStringList& before, qsizetype place, const QStringLis
   return equal;
 }
 
-/// Where the text at `place` of `before` is in `after`; -1 when it is gone. Of equal texts it is the
-/// one among most of its neighbours, and of those the one nearest to its place.
+/// The index in `after` of the text at `place` in `before`; -1 when it is gone. Of several equal
+/// texts, the one with the most equal neighbours; of those, the one nearest to `place`.
 qsizetype placeIn(const QStringList& after, const QStringList& before, qsizetype place) {
   qsizetype found = -1;
   int most = -1;
@@ -86,7 +86,7 @@ QWidget* PaneReading::restore(QWidget& content) {
 QWidget* PaneReading::reopen(QWidget& content) {
   QWidget* focus = nullptr;
   QList<Pieces*> done;
-  for (bool hasNew = true; hasNew;) {  // pieces that are opened may hold others
+  for (bool hasNew = true; hasNew;) {  // opened pieces may contain others
     hasNew = false;
     for (auto* pieces : content.findChildren<Pieces*>()) {
       if (done.contains(pieces)) continue;
@@ -96,7 +96,7 @@ QWidget* PaneReading::reopen(QWidget& content) {
       if (opened == opened_.end()) continue;
       pieces->showUpTo(opened->shown);
       if (opened->hasFocus) focus = &pieces->more();
-      opened_.erase(opened);  // of two with one text, each is found once
+      opened_.erase(opened);  // with two equal keys, each entry restores one
     }
   }
   return focus;

@@ -8,19 +8,19 @@ class QWidget;
 
 namespace vemra::desk {
 
-/// What a reader has done with the content of a pane, to be done again with new content: the pieces
-/// that are open, the texts that are selected, and the focus.
+/// The reader's changes to the content of a pane, to be applied to new content: the opened pieces,
+/// the selected texts, and the focus.
 ///
-/// Pieces are found again by their keys (`Pieces::path`), a label by its text: of equal ones, the one
-/// with the same neighbours.
+/// Pieces are identified by their keys (`Pieces::path`), labels by their text; of equal labels, the
+/// one with the same neighbours.
 class PaneReading {
  public:
   explicit PaneReading(const QWidget& content);
 
-  /// Opens and selects in new content, which is not on the screen yet.
+  /// Opens pieces and selects texts in new content, which is not on the screen yet.
   ///
-  /// - Returns: the widget that is to have the focus; nullptr when it was not in the content, or what
-  ///   had it is not there any more.
+  /// - Returns: the widget that should get the focus; nullptr when the focus was not in the
+  ///   content, or when the focused widget has no counterpart.
   QWidget* restore(QWidget& content);
 
  private:
@@ -30,7 +30,7 @@ class PaneReading {
     bool hasFocus = false;
   };
   struct Marked {
-    qsizetype label = 0;  ///< its place among all labels
+    qsizetype label = 0;  ///< its index among all labels
     int start = -1;       ///< of the selection; -1 without one
     int length = 0;
     bool hasFocus = false;
@@ -39,7 +39,7 @@ class PaneReading {
   QWidget* reopen(QWidget& content);
 
   std::vector<Opened> opened_;
-  QStringList texts_;  ///< of all labels, in their order
+  QStringList texts_;  ///< the texts of all labels, in order
   std::vector<Marked> marked_;
 };
 

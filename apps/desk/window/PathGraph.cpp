@@ -12,7 +12,7 @@ namespace vemra::desk {
 namespace {
 
 constexpr double radius = 7;
-constexpr double swing = 22;  // stars stand left and right by turns, like a constellation
+constexpr double swing = 22;  // stars alternate left and right, like a constellation
 constexpr double gapBetweenNames = 34;
 constexpr int nameFlags = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap | Qt::TextWrapAnywhere;
 

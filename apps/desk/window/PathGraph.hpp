@@ -7,18 +7,17 @@
 
 namespace vemra::desk {
 
-/// Whether a path ends with the last person who is drawn.
+/// Whether a path ends with the last drawn person.
 enum class PathEnd { here, later };
 
-/// A path as a small graph: a star for each person, in path order, joined by lines, with the name
-/// beside it. The person whom the path leads to is the bright one. Of a name as long as a page there is
-/// the beginning.
+/// A path as a small graph: a star for each person, in path order, joined by lines, with the
+/// person's name beside it. The star of the path's target is bright. A very long name is shortened.
 class PathGraph : public QWidget {
   Q_OBJECT
 
  public:
   explicit PathGraph(std::vector<QString> names, QWidget* parent = nullptr);
-  /// A stretch of a path that leads to `target`.
+  /// A part of a path that leads to `target`.
   PathGraph(std::vector<QString> names, const QString& target, PathEnd end,
             QWidget* parent = nullptr);
 
@@ -35,7 +34,7 @@ class PathGraph : public QWidget {
     QPointF centre;
     QRectF name;
   };
-  /// Where everything stands in that width; the height comes last.
+  /// Computes all positions for that width, and then the height.
   std::vector<Star> layout(int width, double& height) const;
 
   std::vector<QString> names_;

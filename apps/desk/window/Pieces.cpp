@@ -13,7 +13,7 @@ namespace vemra::desk {
 
 namespace {
 
-/// So near to the end of a piece a blank is looked for, so that words stay whole.
+/// A piece ends behind a blank if there is one this near to its end, so that words stay whole.
 constexpr qsizetype farthestBlank = 80;
 
 }  // namespace
@@ -83,17 +83,18 @@ void Pieces::showNext() {
   const QList<QPushButton*> before = findChildren<QPushButton*>();
   hasMore_ = addNext_(*pieces_);
   ++shown_;
-  // Tab goes on in the order of reading: past the buttons in the new piece before this one.
+  // Put the buttons of the new piece before "Show more" in the Tab order, as in the reading order.
   for (QPushButton* button : findChildren<QPushButton*>()) {
     if (before.contains(button)) continue;
     QWidget* last = more_->previousInFocusChain();
     while (last != window() && !(last->focusPolicy() & Qt::TabFocus)) {
       last = last->previousInFocusChain();
     }
-    // The window is where the chain begins: in front of this button there is no other.
+    // The focus chain begins at the window: `last` is the window when no other widget precedes this
+    // button.
     last == window() ? setTabOrder(button, more_) : setTabOrder(last, button);
   }
-  if (!hasMore_) more_->hide();  // the focus goes to the next control
+  if (!hasMore_) more_->hide();  // the focus moves to the next control
 }
 
 void addText(QVBoxLayout& column, const QString& text, TextRole role) {

@@ -10,7 +10,7 @@ namespace vemra::desk {
 
 namespace {
 
-/// A label in the quieter colour, which it keeps readable when the user's colours change.
+/// A label in the quieter text colour, which stays readable when the user's colours change.
 class QuietLabel : public QLabel {
  public:
   QuietLabel() { takeColour(); }
@@ -23,12 +23,13 @@ class QuietLabel : public QLabel {
 
  private:
   void takeColour() {
-    // What the palette says of text is the label's own by now; the user's is the application's.
+    // The label's own palette already has the quiet colour; the application's palette has the
+    // user's.
     const QColor quiet = inkOf(ui::ForegroundStyle::secondary, QApplication::palette());
     if (palette().color(QPalette::WindowText) == quiet) return;
     QPalette own = palette();
     own.setColor(QPalette::WindowText, quiet);
-    own.setColor(QPalette::Text, quiet);  // taken on a ground of the page's colour
+    own.setColor(QPalette::Text, quiet);  // used on a background in the page's colour
     setPalette(own);
   }
 };

@@ -11,7 +11,7 @@
 #include <QString>
 
 /// \file
-/// Texts of people and engines in widgets: shown literally, whatever characters they hold.
+/// Shows texts of people and engines in widgets literally, whatever characters they contain.
 
 namespace vemra::desk {
 
@@ -22,17 +22,18 @@ inline QString fromUTF8(std::string_view text) {
 /// The roles of text in the panes.
 enum class TextRole { title, heading, strong, body, quiet };
 
-/// The colour of a level of text, as the screen has it under the same palette: both read as one
-/// window.
+/// The colour of a text level, equal to that of the screen under the same palette, so that both
+/// look like one window.
 QColor inkOf(ui::ForegroundStyle style, const QPalette& palette);
 
 /// A label with wrapped, literal text.
 QLabel* makeLabel(const QString& text, TextRole role);
 
-/// The same for the title of a button, in which Qt would read "&" as a mark.
+/// The text as the title of a button, where Qt would interpret "&".
 QString asButtonTitle(QString text);
 
-/// The same for a tool tip, which Qt would take for rich text if it looked like it. Lines wrap.
+/// The text as a tool tip, which Qt would interpret as rich text if it looked like that. Lines
+/// wrap.
 QString asToolTip(const QString& text);
 
 }  // namespace vemra::desk

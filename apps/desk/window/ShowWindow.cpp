@@ -15,7 +15,7 @@
 namespace vemra::desk {
 namespace {
 
-/// Without one the toolkit would end the process in its own way.
+/// Without a display, Qt would end the process with its own message.
 bool hasDisplay() {
   for (const char* variable : {"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY"}) {
     const char* value = std::getenv(variable);
@@ -24,7 +24,7 @@ bool hasDisplay() {
   return false;
 }
 
-/// Makes sure that the store can be used before there is a window; gives its file.
+/// Checks that the store can be used, before a window opens; returns its file.
 std::string readyStore(const Request& request) {
   if (request.goal) {
     std::optional<GoalStore> store = existingStore(request);

@@ -27,7 +27,8 @@ namespace {
 
 constexpr const char* unnamed = "Unnamed person";
 
-/// The reason in the screen's words. A count that the screen stops at is no reason to stop here.
+/// The reason in the words of the screen. The smallest hop count, which would stop the screen, is
+/// no reason to stop here.
 QString reason(const GoalWhyDTO& why) {
   const auto* connection = std::get_if<GoalWhyDTO::Connection>(&why.reason);
   if (connection != nullptr && connection->hopCount == std::numeric_limits<std::int64_t>::min()) {
@@ -47,7 +48,7 @@ QString day(const std::optional<std::string>& time, const ui::Environment& envir
   return fromUTF8(date::abbreviatedDate(*instant, environment.locale, environment.timeZone));
 }
 
-/// The sources of a reason, as many at once as a few lines hold.
+/// Adds the sources of a reason; at once only as many as fit on a few lines.
 void addSources(QVBoxLayout& page, const std::shared_ptr<const std::vector<std::string>>& ids) {
   constexpr std::size_t mostAtOnce = 50;
   const auto line = [](const std::vector<std::string>& all, std::size_t first, std::size_t last) {
@@ -116,9 +117,9 @@ QVBoxLayout* SidePane::begin(const QString& kind, const QString& title, const QS
 void SidePane::end(QVBoxLayout* page) {
   page->addStretch(1);
   QWidget* const content = page->parentWidget();
-  // Before it is shown: what is added to a widget on the screen is shown, and measured, only later.
+  // Restore before the content is shown: widgets added later would be shown and measured later.
   QWidget* focus = reading_ ? reading_->ofContent.restore(*content) : nullptr;
-  setWidget(content);  // takes the place of the previous content
+  setWidget(content);  // replaces the previous content
   content->setAutoFillBackground(false);
   viewport()->setAutoFillBackground(false);
   show();
@@ -144,7 +145,7 @@ void SidePane::section(QVBoxLayout* page, const QString& heading, const QString&
   if (pieces) pieces->setKey(heading);
 }
 
-/// What is known of a person is shared: pieces that are shown later are made of it then.
+/// `person` is shared, because pieces that are opened later are made from it.
 void SidePane::addSuggestion(QVBoxLayout& page,
                              const std::shared_ptr<const PersonKnowledge>& person,
                              std::size_t index) {

@@ -15,20 +15,19 @@ class QVBoxLayout;
 
 namespace vemra::desk {
 
-/// What stands beside the screen: what the store knows of a person, of a piece of evidence, or a
-/// path as a graph. Hidden while there is nothing to show. Long texts and long lists are shown piece
+/// The pane beside the screen: what the store knows of a person or of a piece of evidence, or a
+/// path as a graph. Hidden while it has nothing to show. Long texts and long lists are shown piece
 /// by piece (`Pieces`).
 ///
-/// When the same person, source or path is shown once more, with what the store knows by now, the
-/// pieces that the reader has opened stay open, and the scroll position, the focus and the selected
-/// texts stay.
+/// When the pane shows the same person, source or path again with newer content, the pieces that
+/// the reader has opened stay open, and the scroll position, the focus and the selected texts stay.
 class SidePane : public QScrollArea {
   Q_OBJECT
 
  public:
   explicit SidePane(QWidget* parent = nullptr);
 
-  /// Locale and time zone in which days are written.
+  /// The locale and the time zone for writing dates.
   void setEnvironment(ui::Environment environment) { environment_ = std::move(environment); }
 
   void showPerson(PersonKnowledge person);
@@ -37,22 +36,22 @@ class SidePane : public QScrollArea {
                 const std::vector<std::optional<std::string>>& names);
 
  Q_SIGNALS:
-  /// The reader wants it gone.
+  /// The reader has asked to close the pane.
   void closed();
 
  private:
-  /// What the reader has done with what is shown.
+  /// The reader's changes to the shown content.
   struct Reading {
     PaneReading ofContent;
     int scroll = 0;
     bool hasFocus = false;
   };
 
-  /// - Parameter subject: what is shown, told from everything else that may be.
+  /// - Parameter subject: identifies the content among everything that the pane can show.
   QVBoxLayout* begin(const QString& kind, const QString& title, const QString& subject);
   void end(QVBoxLayout* page);
   Reading reading() const;
-  /// A heading and the entries 0 to `count` under it; nothing when there are none.
+  /// Adds a heading and the entries 0 to `count` under it; nothing when there are none.
   template <class Add>
   void section(QVBoxLayout* page, const QString& heading, const QString& what, std::size_t count,
                Add add);
@@ -61,8 +60,8 @@ class SidePane : public QScrollArea {
   void addOutcome(QVBoxLayout& page, const PersonKnowledge::Outcome& recorded) const;
 
   ui::Environment environment_;
-  QString subject_;                 // of what is shown
-  std::optional<Reading> reading_;  // while the same thing is being shown once more
+  QString subject_;                 // of the shown content
+  std::optional<Reading> reading_;  // while the same content is being shown again
 };
 
 }  // namespace vemra::desk

@@ -4,7 +4,7 @@
 
 namespace vemra::desk {
 
-/// What a store without goals shows: how to fill it, and the offer of the sample goals.
+/// Shown for a store without goals: how to fill it, and a button that adds the sample goals.
 class Welcome : public QWidget {
   Q_OBJECT
 
