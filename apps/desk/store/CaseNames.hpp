@@ -9,7 +9,8 @@
 
 namespace vemra::desk {
 
-/// The case that a column names. The tables allow no other names, so another one means damage.
+/// Reads the case that a column names. The tables allow no other names, so any other name means
+/// damage.
 template <class Enumeration>
 Enumeration readCase(Statement& row, int column, std::span<const std::string_view> names) {
   const std::string name = row.text(column);

@@ -18,11 +18,11 @@
 namespace vemra::desk {
 namespace {
 
-/// Settings that must not depend on how a distribution has built SQLite.
+/// Settings that must not depend on the build of SQLite.
 ///
-/// - synchronous: what is acknowledged survives a loss of power, in write-ahead mode too.
-/// - mmap_size: a disk that fails under a mapped file ends the process by a signal.
-/// - locking_mode: others work on the same store.
+/// - synchronous: a power cut loses no acknowledged change, in write-ahead mode too.
+/// - mmap_size: a failing disk under a mapped file would end the process by a signal.
+/// - locking_mode: other processes use the same store.
 constexpr const char* settings = R"sql(
 PRAGMA synchronous = FULL;
 PRAGMA mmap_size = 0;
@@ -47,8 +47,8 @@ Database::Database(const std::string& file, Opening opening, Patience patience)
   const int error = errno;
   connection_.reset(connection);
   if (code != SQLITE_OK) fail(connection != nullptr ? sqlite3_extended_errcode(connection) : code);
-  // Where the system refuses to open a file for writing, SQLite silently opens it for reading. Such
-  // a connection would never write.
+  // When the system refuses to open a file for writing, SQLite silently opens it for reading. Such
+  // a connection could never write.
   if (file_.isForWriting() && sqlite3_db_readonly(connection, "main") != 0) {
     throw StoreFailure(file, std::string("cannot be opened for writing: ") +
                                  (error != 0 ? std::strerror(error) : "it is read-only"));
@@ -104,7 +104,7 @@ void Database::countText(std::size_t bytes) {
     *textsLeft_ -= bytes;
     return;
   }
-  // Before the check, whose answer is a text as well.
+  // Reset before the check, because its answer is a text as well.
   textsLeft_.reset();
   checkFile();
 }
@@ -114,7 +114,7 @@ void Database::checkFile() {
   check.query();
   const std::string answer = check.next() ? check.text(0) : "";
   if (answer == "ok") return;
-  // A line of its own, "*** in database main ***", comes before what is wrong with a page.
+  // A heading line, "*** in database main ***", precedes the description of a damaged page.
   const std::size_t heading = answer.starts_with("***") ? answer.find('\n') + 1 : 0;
   throw StoreError(file(), "is damaged: SQLite found " +
                                documents::inQuotes(std::string_view(answer).substr(heading)));
@@ -128,8 +128,9 @@ bool Database::hasMoved() {
 
 std::optional<std::string> Database::displacement() {
   if (auto displacement = file_.displacement()) return displacement;
-  // The path again, as SQLite knows it: it may have opened the file just before that was replaced.
-  // It takes a path that cannot be looked at for a moved file: that is asked again, and looked at.
+  // Check the path as SQLite knows it, because the file may have been replaced right after SQLite
+  // opened it. SQLite also reports a path that cannot be examined as a moved file, so ask twice and
+  // examine the path.
   if (hasMoved() && hasMoved() && identityAt(file_.path())) {
     return "was replaced by another file while it was open";
   }
@@ -157,14 +158,14 @@ void Database::settleLog() {
         sqlite3_wal_checkpoint_v2(handle(), "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
     if (code == SQLITE_OK) file_.removeCompanions();
   } catch (const std::exception&) {
-    // The log stays where it is: this runs at the connection's end, which fails for nothing.
+    // The log stays: this runs when the connection closes, which must not fail.
   }
 }
 
 void Database::fail(int code) {
   switch (code & 0xFF) {
     case SQLITE_BUSY:
-    case SQLITE_PROTOCOL:  // another program was quicker at every single try
+    case SQLITE_PROTOCOL:  // another program got the lock first at every try
       throw StoreBusy(file());
     case SQLITE_READONLY:
       if (code == SQLITE_READONLY_DBMOVED) confirmPlace();

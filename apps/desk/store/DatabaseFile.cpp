@@ -17,11 +17,12 @@
 namespace vemra::desk {
 namespace {
 
-/// What every database begins with. SQLite reads zeros where a file ends before that, and a file of
-/// one byte, which it makes itself on some systems, as an empty database that it may write over.
+/// The size of the header of every database. SQLite reads zeros where a file ends earlier. It
+/// treats a file of one byte, which it creates itself on some systems, as an empty database that it
+/// may overwrite.
 constexpr off_t headerSize = 100;
 
-/// An absolute path is always a file; SQLite gives ":memory:" and "" a meaning of their own.
+/// An absolute path always names a file; SQLite gives ":memory:" and "" a special meaning.
 std::filesystem::path absolutePath(const std::string& file) {
   if (file.empty()) throw StoreError("\"\"", "is not the name of a file");
   if (file.find('\0') != std::string::npos) throw StoreError(file, "is not the name of a file");
@@ -35,25 +36,26 @@ std::filesystem::path absolutePath(const std::string& file) {
   throw StoreError(file, std::string("cannot be opened: ") + std::strerror(error));
 }
 
-/// Whether this user may write there. On a file system that is read-only no user may.
+/// Whether this user may write there. On a read-only file system no user may.
 bool mayBeWritten(const std::string& path) {
   return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
-/// Whether SQLite keeps something beside the file: a program has it open, or was killed meanwhile.
+/// Whether SQLite keeps a file beside the database: a program has the database open, or was killed
+/// meanwhile.
 bool isInUse(const std::string& path) {
   return std::any_of(companionSuffixes.begin(), companionSuffixes.end(),
                      [&](const char* suffix) { return sizeOf(path + suffix) > 0; });
 }
 
-/// Whether the file at a path is for certain not the one noted. A path that cannot be looked at
-/// decides nothing: a change that is committed by then must not be reported as refused.
+/// Whether the file at a path is certainly another than the noted file. False when the path cannot
+/// be examined: a change that is already committed must not be reported as refused.
 bool isAnother(const std::string& path, const std::optional<FileIdentity>& noted) {
   const std::optional<FileIdentity> now = identityAt(path);
   return now && now != noted;
 }
 
-/// What changes when a program writes the file.
+/// A text that changes whenever a program writes the file.
 std::string stateOf(const struct stat& status) {
   return std::to_string(status.st_ino) + ' ' + std::to_string(status.st_size) + ' ' +
          std::to_string(status.st_mtim.tv_sec) + ' ' + std::to_string(status.st_mtim.tv_nsec);
@@ -64,7 +66,7 @@ std::string stateOf(const std::string& path) {
   return ::stat(path.c_str(), &status) == 0 ? stateOf(status) : "gone";
 }
 
-/// Throws the `StoreError` for a file that is not there.
+/// Throws the `StoreError` for a missing file.
 [[noreturn]] void failToFind(const std::string& name, const std::string& path, int error) {
   std::error_code noLink;
   const std::filesystem::path target = std::filesystem::read_symlink(path, noLink);
@@ -73,7 +75,7 @@ std::string stateOf(const std::string& path) {
                              ", where there is no file");
 }
 
-/// The path as a URI, every byte that could mean something else there as an escape.
+/// The path as a URI, with an escape for every byte that has a special meaning there.
 std::string uriOf(std::string_view path) {
   constexpr std::string_view digits = "0123456789ABCDEF";
   std::string uri = "file://";
@@ -100,7 +102,7 @@ DatabaseFile::DatabaseFile(const std::string& name, Opening opening)
   struct stat status {};
   if (::stat(given_.c_str(), &status) != 0) failToFind(name, given_, errno);
   if (!S_ISREG(status.st_mode)) {
-    throw StoreError(name, "cannot be opened: not a file");  // a pipe would keep us waiting
+    throw StoreError(name, "cannot be opened: not a file");  // a pipe would block us
   }
   if (status.st_size > 0 && status.st_size < headerSize) {
     throw StoreError(name, "is not an SQLite database");
@@ -117,8 +119,8 @@ DatabaseFile::DatabaseFile(const std::string& name, Opening opening)
     if (!isWritable) throw StoreError(name, "is read-only");
     return;
   }
-  // Files that a reader makes beside another user's store would keep that user from it; those that
-  // root makes, SQLite gives to the owner of the store.
+  // Companion files that a reader creates beside another user's store would lock that user out. For
+  // root, SQLite gives these files to the store's owner.
   const bool isOnlyLent = ::geteuid() != 0 && belongsToAnotherUser(path_);
   const bool mayHaveFilesMade = mayBeWritten(real.parent_path().string()) && !isOnlyLent;
   if (!(isWritable && mayHaveFilesMade)) {
@@ -142,7 +144,7 @@ void DatabaseFile::confirm() const {
 }
 
 std::optional<std::string> DatabaseFile::state() const {
-  // The coarsest clock of a file system counts in steps of two seconds.
+  // The coarsest clock of a file system has steps of two seconds.
   constexpr std::time_t longestStep = 2;
   std::string state;
   for (const char* suffix : {"", "-wal"}) {
@@ -152,7 +154,7 @@ std::optional<std::string> DatabaseFile::state() const {
       if (isLog && errno == ENOENT) continue;
       return std::nullopt;
     }
-    // SQLite makes and removes an empty log without any change.
+    // SQLite creates and removes an empty log without changing the database.
     if (isLog && status.st_size == 0) continue;
     if (status.st_mtim.tv_sec + longestStep >= std::time(nullptr)) return std::nullopt;
     state += stateOf(status) + '\n';

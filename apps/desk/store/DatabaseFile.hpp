@@ -10,65 +10,65 @@
 
 namespace vemra::desk {
 
-/// The file of a database: what is checked before SQLite opens it, and whether it is still the file
-/// at its path.
+/// The file of a database: checks it before SQLite opens it, and later checks whether it is still
+/// the file at its path.
 ///
 /// SQLite reads and writes a store with the help of files beside it (a log, and memory that readers
-/// and writers share), and makes them even for a reader. Where this user may not make them, because
-/// the file or its folder is read-only, and no program has the store open, a reader reads the file
-/// *at rest*: without locks and without those files. `confirm` checks afterwards that it stayed at
-/// rest.
+/// and writers share), and creates them even for a reader. When this user may not create them,
+/// because the file or its folder is read-only, and no program has the store open, a reader reads
+/// the file *at rest*: without locks and without those files. `confirm` checks afterwards that the
+/// file stayed at rest.
 class DatabaseFile {
  public:
-  /// The purpose: to read a file that exists; to write a file that exists; or to write a file that
-  /// is made when it does not exist.
+  /// The purpose: reading an existing file; writing an existing file; or writing a file that is
+  /// created if it does not exist.
   enum class Opening { existing, existingToWrite, orCreate };
 
-  /// Makes sure that there is a file, that this user may open it for the purpose, and that no other
-  /// user has put a file beside it (`checkOwners`); throws a `StoreError` otherwise. Only its owner
-  /// may read a file that is made. It is removed at the end if it is still empty.
+  /// Throws a `StoreError` unless there is a file, this user may open it for the purpose, and no
+  /// other user has put a file beside it (`checkOwners`). A created file is readable only by its
+  /// owner, and is removed at the end if it is still empty.
   DatabaseFile(const std::string& name, Opening opening);
 
-  /// As it was given.
+  /// The name as given.
   const std::string& name() const { return name_; }
 
-  /// Absolute and without symbolic links: where the files beside it are.
+  /// The absolute path without symbolic links: the files beside it are there.
   const std::string& path() const { return path_; }
 
-  /// How SQLite is to open it.
+  /// The URI for SQLite to open.
   const std::string& uri() const { return uri_; }
   bool isAtRest() const { return !stateAtRest_.empty(); }
   bool isForWriting() const { return access_ == Access::writing; }
 
-  /// Keeps a file that was made here, even if it stays empty.
+  /// Keeps a file that was created here, even if it stays empty.
   void keep() { newFile_.keep(); }
 
-  /// Throws a `StoreError` when a file at rest has been changed since.
+  /// Throws a `StoreError` when a file at rest has been changed since it was opened.
   void confirm() const;
 
-  /// A text that differs when the database or its log has been written since. None when that cannot
-  /// be known: a file cannot be looked at, or was written so recently that its time may stay the
-  /// same over the next change.
+  /// A text that changes whenever the database or its log is written. None when that is unknown:
+  /// when a file cannot be examined, or was written so recently that the next change may leave its
+  /// time unchanged.
   std::optional<std::string> state() const;
 
-  /// Checks the owners of the files beside the database again, unless SQLite has opened a log
-  /// already and `noteCompanions` was called, or reads the file at rest, which it does without
-  /// them.
+  /// Checks the owners of the files beside the database again. It does nothing after
+  /// `noteCompanions`, which notes an open log, and for a file at rest, which SQLite reads without
+  /// those files.
   void confirmOwners() const;
 
   /// \name Whether the file is still the one at its path.
   /// @{
-  /// Notes which file SQLite has opened: to be called right after that.
+  /// Notes which file SQLite has opened; call it right after that.
   void noteFile();
   FileIdentity identity() const { return identity_.value_or(FileIdentity{}); }
-  /// Notes which log and shared memory SQLite has opened: to be called when it has read something
-  /// in write-ahead mode; they stay then as long as the connection does. Checks their owners once
-  /// more, because another user may have been quicker than SQLite.
+  /// Notes which log and shared memory SQLite has opened. Call it after the first read in
+  /// write-ahead mode; from then on they exist as long as the connection. Checks their owners once
+  /// more, because another user may have created them before SQLite.
   void noteCompanions();
-  /// What has happened to the file, its log or its shared memory since they were noted; nil when
-  /// they are at their paths.
+  /// Describes what has happened to the file, its log or its shared memory since they were noted;
+  /// nil when they are still at their paths.
   std::optional<std::string> displacement() const;
-  /// Removes the log and the shared memory beside the path, as far as they are those noted.
+  /// Removes the log and the shared memory beside the path if they are the noted ones.
   void removeCompanions() const;
   /// @}
 

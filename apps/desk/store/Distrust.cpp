@@ -10,10 +10,10 @@ namespace {
 constexpr std::pair<int, int> switches[] = {
     {SQLITE_DBCONFIG_DEFENSIVE, 1},       // no SQL writes the schema or the log's mode
     {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},  // no functions in checks, indexes and triggers
-    {SQLITE_DBCONFIG_ENABLE_VIEW, 0},     // a store has none
+    {SQLITE_DBCONFIG_ENABLE_VIEW, 0},     // a store contains no views
 };
 
-/// A little more than the store's own statements and tables need.
+/// Slightly above what the store's own statements and tables need.
 constexpr std::pair<int, int> limits[] = {
     {SQLITE_LIMIT_SQL_LENGTH, 20'000}, {SQLITE_LIMIT_EXPR_DEPTH, 50},
     {SQLITE_LIMIT_COLUMN, 50},         {SQLITE_LIMIT_COMPOUND_SELECT, 20},

@@ -9,7 +9,7 @@
 namespace vemra::desk {
 namespace {
 
-/// The file as the list writes it.
+/// The file as `/proc/locks` writes it.
 std::string placeOf(const FileIdentity& file) {
   char place[64];
   std::snprintf(place, sizeof place, "%02x:%02x:%llu", major(file.device), minor(file.device),
@@ -25,7 +25,8 @@ std::optional<std::set<pid_t>> lockHolders(const FileIdentity& file, const FileI
   bool hasOurs = false;
   std::set<pid_t> holders;
   std::ifstream list("/proc/locks");
-  // 3: POSIX  ADVISORY  READ 4711 08:02:133713 128 128, or behind the number -> for one that waits
+  // 3: POSIX  ADVISORY  READ 4711 08:02:133713 128 128, or with -> after the number for a waiting
+  // lock
   for (std::string line; std::getline(list, line);) {
     long holder = 0;
     char inode[64];

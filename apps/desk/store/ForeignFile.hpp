@@ -4,8 +4,8 @@
 
 namespace vemra::desk {
 
-/// A file of another user, or one that is no regular file, is where SQLite keeps its log, its
-/// journal or its shared memory.
+/// There is a file of another user, or one that is not a regular file, at the place where SQLite
+/// keeps its log, its journal or its shared memory.
 class ForeignFile : public StoreError {
  public:
   using StoreError::StoreError;

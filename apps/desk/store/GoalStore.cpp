@@ -22,9 +22,11 @@ namespace {
 
 using enum Transaction::Kind;
 
-/// Readers and a writer do not wait for each other in this mode, which stays with the file.
+/// Sets the write-ahead mode, in which readers and a writer do not wait for each other; the file
+/// keeps this mode.
 ///
-/// SQLite does not wait for others here, where it would have to raise a lock that it holds already.
+/// SQLite itself does not wait for other connections here, because it would have to upgrade a lock
+/// that it already holds.
 void useWriteAheadLog(Database& database) {
   const auto deadline = std::chrono::steady_clock::now() + database.patience();
   while (true) {
@@ -38,7 +40,8 @@ void useWriteAheadLog(Database& database) {
   }
 }
 
-/// Another process may remove the empty file that it has made just when this one has opened it.
+/// Retries, because another process may remove its own new empty file just after this process has
+/// opened it.
 template <class Open>
 auto despiteRemovals(const Open& open) {
   constexpr int tries = 3;
@@ -51,7 +54,7 @@ auto despiteRemovals(const Open& open) {
   return open();
 }
 
-/// The present moment as an internet date-time in UTC.
+/// The current time as an internet date-time in UTC.
 std::string now() {
   const std::time_t time = std::time(nullptr);
   std::tm parts{};
@@ -61,7 +64,7 @@ std::string now() {
   return {text, length};
 }
 
-/// A transaction on a schema that is a store's own.
+/// A transaction on a database whose schema has been confirmed.
 class Work : public Transaction {
  public:
   Work(Database& database, SchemaWatch& schema, Kind kind) : Transaction(database, kind) {
@@ -93,7 +96,7 @@ GoalStore GoalStore::open(const std::string& file, Patience patience) {
 GoalStore GoalStore::reopen(const std::string& file, Patience patience) {
   if (!identityAt(file)) throw StoreMoved(file, "was moved or removed while it was open");
   Database database(file, Database::Opening::existingToWrite, patience);
-  // Tables are not made here: the user may be about to copy a store into an empty file.
+  // Do not create tables here: the user may be about to copy a store into an empty file.
   if (!hasSchema(database)) throw StoreError(file, "is empty, and was a store before");
   useWriteAheadLog(database);
   database.accept();
@@ -117,14 +120,14 @@ std::vector<LeftOutOutcome> GoalStore::importInto(
     try {
       useWriteAheadLog(store.database_);
     } catch (const std::exception&) {
-      // The import is done; the next program that opens the store sets its mode.
+      // The import has succeeded; the next program that opens the store sets the mode.
     }
     try {
       store.database_.confirmOwners();  // SQLite has just opened the log
     } catch (const ForeignFile&) {
       throw;
     } catch (const std::exception&) {
-      // The import is done; a file that cannot be looked at does not undo it.
+      // The import has succeeded, even if the files cannot be examined now.
     }
     return leftOut;
   });
@@ -133,7 +136,7 @@ std::vector<LeftOutOutcome> GoalStore::importInto(
 std::optional<GoalStore> GoalStore::openExisting(const std::string& file) {
   std::error_code error;
   const auto path = std::filesystem::absolute(file.empty() ? "." : file, error);
-  // A link that leads nowhere is an error: its store may be on a disk that is not there today.
+  // A dangling link is an error: its store may be on a disk that is not mounted today.
   const auto status = std::filesystem::symlink_status(path, error);
   const bool missing = !file.empty() && status.type() == std::filesystem::file_type::not_found;
   if (missing && std::filesystem::is_directory(path.parent_path(), error)) return std::nullopt;
@@ -219,7 +222,7 @@ GoalOutcomeDTO GoalStore::record(const std::string& goalID, const GoalOutcomeRec
   if (!before) OutcomeInsertion(database_).append(goal, outcome);
   work.commit();
   if (!before) return outcome;
-  // The try that recorded it may have failed while it was written to the disk.
+  // The earlier try may have failed while SQLite wrote the outcome to the disk.
   database_.makeDurable();
   return *std::move(before);
 }
@@ -246,7 +249,7 @@ std::int64_t GoalStore::version() {
 }
 
 std::optional<std::int64_t> GoalStore::find(const std::string& goalID) {
-  // The id byte for byte, through the index, settles almost every question.
+  // The first query uses the index and finds almost every goal, by the id byte for byte.
   for (const char* sql : {"SELECT number FROM goals WHERE id = ?1",
                           "SELECT number FROM goals WHERE same_text(id, ?1) ORDER BY number"}) {
     Statement row(database_, sql, {"goals", 0});

@@ -15,94 +15,93 @@
 
 namespace vemra::desk {
 
-/// A goal as it stands in a list of goals.
+/// A goal in a list of goals.
 struct GoalListing {
   std::string id;
   std::string title;
   friend bool operator==(const GoalListing&, const GoalListing&) = default;  // byte for byte
 };
 
-/// An outcome of an imported document that says something else than the record of its id.
+/// An outcome of an imported document that differs from the record with the same id.
 struct LeftOutOutcome {
-  std::size_t document;  ///< which of the documents, counted from 0
-  std::size_t outcome;   ///< which of its outcomes, counted from 0
+  std::size_t document;  ///< the index of the document, from 0
+  std::size_t outcome;   ///< the index among the document's outcomes, from 0
 };
 
-/// What the user has: goals with their evaluated results and what was recorded for them, in one
-/// SQLite file.
+/// The user's data in one SQLite file: goals with their evaluated results, and the outcomes
+/// recorded for them.
 ///
-/// Several processes may work on a file at once. Each call is one transaction: it happens as a
-/// whole or not at all, also when the process is killed in the middle of it. Goals are found by
+/// Several processes may use a file at once. Each call is one transaction: it takes effect
+/// completely or not at all, also when the process is killed during the call. Goals are found by
 /// their id under canonical equivalence; all strings are kept byte for byte.
 ///
-/// Every call may throw a `StoreError`. When the file that was opened has been moved, removed or
-/// replaced, each throws a `StoreMoved`, and nothing is acknowledged. One thread at a time; another
-/// thread opens its own.
+/// Every call may throw a `StoreError`. After the open file has been moved, removed or replaced,
+/// every call throws a `StoreMoved`, and no change is acknowledged. Use an object from one thread;
+/// other threads open their own.
 class GoalStore {
  public:
-  /// Opens a store for reading and writing. A file that is not there is made, its folder is not.
-  /// When another process keeps the store for longer than `patience`, calls throw a `StoreBusy`.
+  /// Opens a store for reading and writing. Creates the file if it is missing, but not its folder.
+  /// When another process locks the store for longer than `patience`, calls throw a `StoreBusy`.
   static GoalStore open(const std::string& file, Patience patience = usualPatience);
 
-  /// Opens a store again that was open before. Makes nothing: throws a `StoreMoved` when there is
-  /// no file at its path, and a `StoreError` when there is one that is no store (yet).
+  /// Opens a store again that was open before. Creates nothing: throws a `StoreMoved` when there is
+  /// no file at its path, and a `StoreError` when the file there is not a store (yet).
   static GoalStore reopen(const std::string& file, Patience patience = usualPatience);
 
-  /// Opens a store and imports into it, as `open` and `import` do. When a store is made for it and
-  /// the import fails, no file is left behind.
+  /// Opens a store and imports into it, like `open` and `import`. When this creates the store and
+  /// the import fails, no file is left.
   static std::vector<LeftOutOutcome> importInto(const std::string& file,
                                                 const std::vector<GetGoalSnapshotResponse>& results,
                                                 Patience patience = usualPatience);
 
-  /// Opens a store to read from it, changing nothing; it may be read-only. None when there is no
-  /// such file: nothing has been stored there yet. Its folder must be there.
+  /// Opens a store for reading, without changing anything; the file may be read-only. None when the
+  /// file does not exist, because nothing has been stored yet. Its folder must exist.
   static std::optional<GoalStore> openExisting(const std::string& file);
 
-  /// All goals, in the order in which they came.
+  /// All goals, in the order in which they were added.
   std::vector<GoalListing> goals();
 
   bool hasGoal(const std::string& goalID);
 
-  /// A goal's current result. Throws `UnknownGoal`, and a `StoreError` that names goal and place
-  /// when the result has a `ResultFault`.
+  /// The current result of a goal. Throws `UnknownGoal`. Throws a `StoreError` that names the goal
+  /// and the place when the result has a `ResultFault`.
   GetGoalSnapshotResponse result(const std::string& goalID);
 
-  /// What was recorded for a goal, oldest first. Throws `UnknownGoal`.
+  /// The outcomes recorded for a goal, oldest first. Throws `UnknownGoal`.
   SharedArray<GoalOutcomeDTO> outcomes(const std::string& goalID);
 
-  /// Stores results one after the other, all or none. One with a `ResultFault` is refused.
+  /// Stores results one after the other, all or none. Refuses a result with a `ResultFault`.
   ///
-  /// A result of a goal that is there takes the place of the goal's; what was recorded stays, and
-  /// the result's own outcomes count as recorded: those whose id the goal does not have yet are
-  /// recorded behind the others.
-  /// - Returns: the outcomes whose id is recorded with another content. The records stay.
+  /// A result of a known goal replaces the goal's result. The recorded outcomes stay, and the
+  /// result's own outcomes are recorded after them, except those whose id the goal already has.
+  /// - Returns: the outcomes whose id is already recorded with other content. The records stay.
   std::vector<LeftOutOutcome> import(const std::vector<GetGoalSnapshotResponse>& results);
 
-  /// Records an outcome and gives the record. Throws `UnknownGoal`.
+  /// Records an outcome and returns the record. Throws `UnknownGoal`.
   ///
-  /// A call that throws may have recorded the outcome all the same, for instance when the file
-  /// moves while it is written. So try again with the same id: an outcome that is recorded already
-  /// is not recorded again; its record is made durable and is the answer.
-  /// - Parameter outcomeID: from `newOutcomeID`. When the store has another outcome of that id,
-  ///   this throws a `StoreError`.
+  /// A call that throws may still have recorded the outcome, for instance when the file moves while
+  /// it is written. So try again with the same id: an outcome that is already recorded is not
+  /// recorded again; the call makes its record durable and returns it.
+  /// - Parameter outcomeID: from `newOutcomeID`. When the store has a different outcome with that
+  ///   id, this throws a `StoreError`.
   GoalOutcomeDTO record(const std::string& goalID, const GoalOutcomeRecordingInput& input,
                         const std::string& outcomeID = newOutcomeID());
 
   PersonKnowledge person(const std::string& personRef);
   EvidenceKnowledge evidence(const std::string& evidenceID);
 
-  /// For each reference the name that the store knows, if it does; a name in the goal named comes
-  /// before one in another goal.
+  /// For each reference the name that the store knows, if any; a name in the given goal takes
+  /// precedence over names in other goals.
   std::vector<std::optional<std::string>> names(const std::string& goalID,
                                                 const SharedArray<std::string>& personRefs);
 
   /// A number that changes when another connection changes the store.
   std::int64_t version();
 
-  /// As `Database::state`.
+  /// See `Database::state`.
   std::optional<std::string> state() const { return database_.state(); }
 
-  /// Which file is open.
+  /// The open file.
   FileIdentity identity() const { return database_.identity(); }
 
  private:

@@ -10,7 +10,7 @@
 namespace vemra::desk {
 namespace {
 
-/// The titles of goals, of rows that give number and title.
+/// The titles of goals, from a query that returns number and title.
 std::vector<std::string> titles(Database& database, const char* sql, const std::string& value) {
   Statement row(database, sql, {"goals", 1});
   std::vector<std::string> titles;

@@ -10,14 +10,14 @@
 #include <vector>
 
 /// \file
-/// What the whole store knows of one person or one piece of evidence, across its goals.
+/// Everything that the store knows of one person or one piece of evidence, across its goals.
 /// References are compared under canonical equivalence.
 
 namespace vemra::desk {
 
-/// What is known of a person.
+/// The knowledge about a person.
 struct PersonKnowledge {
-  /// The person as one of a goal's people.
+  /// The person in the list of people of a goal.
   struct Suggestion {
     std::string goalTitle;
     std::optional<std::string> displayName;
@@ -30,22 +30,22 @@ struct PersonKnowledge {
   };
 
   std::string personRef;
-  std::optional<std::string> name;          ///< the first name any goal has
+  std::optional<std::string> name;          ///< the first name in any goal
   std::vector<Suggestion> suggestions;      ///< in the order of the goals
   std::vector<std::string> goalsTowards;    ///< titles of the goals that aim at the person
-  std::vector<std::string> goalsWithPaths;  ///< titles of the goals with a path over the person
-  std::vector<Outcome> outcomes;            ///< what was recorded about the person, oldest first
+  std::vector<std::string> goalsWithPaths;  ///< titles of the goals with a path through the person
+  std::vector<Outcome> outcomes;            ///< recorded about the person, oldest first
 };
 
-/// What is known of a piece of evidence.
+/// The knowledge about a piece of evidence.
 struct EvidenceKnowledge {
-  /// A person's or a path's reason that rests on it.
+  /// The reason of a person or a path that is based on it.
   struct Statement {
     std::string goalTitle;
     std::string label;
     std::string detail;
   };
-  /// A person it speaks for.
+  /// A person whom the evidence supports.
   struct Person {
     std::string goalTitle;
     std::string personRef;
@@ -62,8 +62,8 @@ struct EvidenceKnowledge {
 PersonKnowledge readPersonKnowledge(Database& database, const std::string& personRef);
 EvidenceKnowledge readEvidenceKnowledge(Database& database, const std::string& evidenceID);
 
-/// For each reference the first name that the store knows: of the goal of that number, or else of
-/// any other goal. Reads the people once, however many references there are.
+/// For each reference the first name that the store knows: from the goal with that number, or else
+/// from any other goal. Reads the people once, however many references there are.
 std::vector<std::optional<std::string>> readNames(Database& database, std::int64_t goal,
                                                   const SharedArray<std::string>& personRefs);
 

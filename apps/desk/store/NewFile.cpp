@@ -14,12 +14,12 @@
 namespace vemra::desk {
 namespace {
 
-/// Locks the file against all who use it through SQLite; false when one of them has locked it, or
-/// when it cannot be locked.
+/// Locks the file against all its users through SQLite. False when one of them holds a lock, or
+/// when the file cannot be locked.
 ///
 /// SQLite's locks are on these bytes (https://www.sqlite.org/fileformat2.html, "The Lock-Byte
-/// Page"). A lock of the open file description conflicts with those of other connections in this
-/// process as well.
+/// Page"). An open file description lock also conflicts with the locks of other connections in this
+/// process.
 bool lockExclusively(int file) {
   struct flock lock {};
   lock.l_type = F_WRLCK;
@@ -31,7 +31,7 @@ bool lockExclusively(int file) {
 
 }  // namespace
 
-// Only a file that was not there is opened and closed here: closing one that SQLite has open
+// This opens and closes only a file that did not exist before: closing a file that SQLite has open
 // elsewhere in this process would drop its locks.
 NewFile::NewFile(const std::string& name, const std::string& path) : path_(path) {
   const int made = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
@@ -62,8 +62,8 @@ void NewFile::removeUnlessUsed() const noexcept {
   if (!isEmpty()) return;
   const int file = ::open(path_.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK);
   if (file < 0) return;
-  // Where the lock belongs to another connection in this process, closing the file would drop it:
-  // so the file stays open, which happens once at the most for each store that is made.
+  // If the lock belongs to another connection in this process, closing the file would drop it. So
+  // the file stays open; this happens at most once for each created store.
   if (!lockExclusively(file)) return;
   if (isEmpty()) ::unlink(path_.c_str());
   ::close(file);
@@ -74,7 +74,7 @@ bool NewFile::isEmpty() const noexcept try {
          std::all_of(companionSuffixes.begin(), companionSuffixes.end(),
                      [&](const char* suffix) { return sizeOf(path_ + suffix) == 0; });
 } catch (const std::bad_alloc&) {
-  return false;  // The file stays, which is a store without goals.
+  return false;  // the file stays: a store without goals
 }
 
 }  // namespace vemra::desk

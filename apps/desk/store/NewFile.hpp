@@ -7,23 +7,23 @@
 
 namespace vemra::desk {
 
-/// A file that was made for a database, and is removed again at the end of the scope when nothing
-/// has come into it: a store that could not be filled leaves no file behind.
+/// A file that was created for a database. It is removed at the end of the scope if it is still
+/// empty: a store that could not be filled leaves no file behind.
 ///
-/// Only the file that was made is removed, only while it is empty, and only under an exclusive lock
-/// like those of SQLite. Another process that uses the file has locked it: then the file stays. One
-/// that waits for the lock finds the file removed before it acknowledges anything. A file that cannot
-/// be locked stays too: an empty file is a store without goals.
+/// Only the created file is removed, only while it is empty, and only under an exclusive lock like
+/// SQLite's. If another process uses the file, that process has locked it, and the file stays. A
+/// process that waits for the lock finds the file removed before it acknowledges anything. A file
+/// that cannot be locked stays too: an empty file is a store without goals.
 ///
-/// To be destroyed after the connection to the file.
+/// Destroy it after the connection to the file.
 class NewFile {
  public:
   NewFile() = default;
 
-  /// Makes a file that is readable by its owner alone. Where there is one already, this makes
-  /// nothing and removes nothing later.
+  /// Creates a file that only its owner can read. If there is a file already, this creates nothing
+  /// and later removes nothing.
   ///
-  /// - Parameter name: what a `StoreError` calls the file when it cannot be made.
+  /// - Parameter name: the name of the file in a `StoreError` when it cannot be created.
   /// - Parameter path: the same file as an absolute path.
   NewFile(const std::string& name, const std::string& path);
 
@@ -31,12 +31,12 @@ class NewFile {
   NewFile& operator=(NewFile&& other) noexcept;
   ~NewFile();
 
-  /// Leaves the file where it is.
+  /// Keeps the file.
   void keep() { made_.reset(); }
 
  private:
   void removeUnlessUsed() const noexcept;
-  /// Whether the file that was made is at its path, empty, and without anything beside it that
+  /// Whether the created file is still at its path, is empty, and has no file beside it that
   /// belongs to a change by another process.
   bool isEmpty() const noexcept;
 

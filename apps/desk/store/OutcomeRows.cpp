@@ -13,8 +13,8 @@
 namespace vemra::desk {
 namespace {
 
-/// How many outcomes can still be recorded, at least one: numbers only go up, and SQLite calls it a
-/// full disk when there is no higher one.
+/// The number of outcomes that can still be recorded, at least one. Outcome numbers only increase,
+/// and when there is no higher number, SQLite reports a full disk.
 std::int64_t numbersAbove(Database& database) {
   constexpr std::int64_t highest = std::numeric_limits<std::int64_t>::max();
   std::int64_t last = 0;

@@ -5,15 +5,15 @@
 
 namespace vemra::desk {
 
-/// The pause after a failure, in which a periodic task does not try again. It doubles, from half a
-/// second to ten seconds, when the next failure comes soon after it.
+/// The time after a failure during which a periodic task does not try again. It doubles, from half
+/// a second to ten seconds, when the next failure follows soon.
 class Pause {
  public:
   using Clock = std::chrono::steady_clock;
   static constexpr std::chrono::milliseconds shortest{500};
   static constexpr std::chrono::milliseconds longest{10'000};
 
-  /// Begins after a failure.
+  /// Starts the pause after a failure.
   void begin() {
     const Clock::time_point now = Clock::now();
     const bool isSoon = now < end_ + longest;

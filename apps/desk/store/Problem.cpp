@@ -15,18 +15,18 @@ constexpr int primary(int code) {
   return code & 0xFF;
 }
 
-/// A system call of SQLite's that failed: the result code that it led to, and its errno.
+/// A failed system call of SQLite: the result code that SQLite returned for it, and its errno.
 struct FailedCall {
   int code = SQLITE_OK;
   int error = 0;
 };
 thread_local FailedCall lastFailedCall;
 
-/// Takes notes of the failed system calls that SQLite reports to its log.
+/// Notes the failed system calls that SQLite reports to its log.
 ///
-/// When an SQLite call returns, errno may stem from the clearing up behind the failure; that
-/// "No such file" would be shown for "Too many open files". A line of the log has the errno of the
-/// call itself, in brackets: `os_unix.c:44133: (24) open(/a/b) - Too many open files`.
+/// When an SQLite call returns, errno may come from the clean-up after the failure: it could be "No
+/// such file" instead of "Too many open files". A line of the log contains the errno of the failed
+/// call itself, in parentheses: `os_unix.c:44133: (24) open(/a/b) - Too many open files`.
 void noteFailedCall(void*, int code, const char* message) noexcept {
   const std::string_view line = message;
   constexpr std::string_view start = ": (";
@@ -38,7 +38,7 @@ void noteFailedCall(void*, int code, const char* message) noexcept {
   lastFailedCall = {primary(code), error};
 }
 
-// SQLite takes this before its first use only.
+// SQLite accepts this setting only before its first use.
 [[maybe_unused]] const int notesAreTaken =
     sqlite3_config(SQLITE_CONFIG_LOG, &noteFailedCall, nullptr);
 
@@ -62,7 +62,7 @@ int systemError(int code, sqlite3* connection) {
   return sqlite3_system_errno(connection);
 }
 
-/// SQLite calls a disk that cannot be read a damaged database.
+/// SQLite reports a disk that cannot be read as a damaged database.
 bool isUnreadable(int code, int error) {
   return primary(code) == SQLITE_CORRUPT && (error == EIO || error == ENXIO);
 }
@@ -73,7 +73,7 @@ std::string withCause(const char* problem, int error) {
   return std::string(problem) + ": " + std::strerror(error);
 }
 
-/// What a failed input or output was to do.
+/// Names the input or output operation that failed.
 const char* failedTransfer(int code) {
   switch (code) {
     case SQLITE_IOERR_READ:
@@ -100,8 +100,7 @@ std::string describe(int code, int error, sqlite3* connection) {
       return "is not an SQLite database";
     case SQLITE_CANTOPEN:
       if (error == 0) return "cannot be opened: its folder may be read-only";
-      // The store is there. What is missing is its log, which SQLite wanted to make first and then
-      // to read.
+      // The store exists, but SQLite could not create its log, which it needs before it can read.
       if (error == ENOENT) return "cannot be opened: its log cannot be made";
       return withCause("cannot be opened", error);
     case SQLITE_PERM:

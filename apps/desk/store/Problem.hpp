@@ -8,9 +8,9 @@ namespace vemra::desk {
 
 /// The failure of an SQLite call.
 struct Problem {
-  std::string text;  ///< what cannot be done with the store, and the cause as the system names it
-  /// Whether it lies in what the file holds, or in what was asked of it. Another connection would
-  /// fail in the same way; after any other failure it may succeed.
+  std::string text;  ///< what cannot be done with the store, and the system's name of the cause
+  /// Whether the file's content, or the request, is the cause. Then another connection would fail
+  /// in the same way; after any other failure it may succeed.
   bool isOfContent = false;
 };
 

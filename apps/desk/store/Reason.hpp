@@ -9,7 +9,7 @@
 
 namespace vemra::desk {
 
-/// A reason as the columns of a row: the kind, and nil in every column that the kind does not use.
+/// A reason as the columns of a row: its kind, and nil in every column that the kind does not use.
 struct ReasonColumns {
   explicit ReasonColumns(const GoalWhyDTO& why);
 
@@ -22,13 +22,13 @@ struct ReasonColumns {
   std::optional<std::int64_t> meetingCount;
 };
 
-/// The names of those columns, in that order, for a list in SQL.
+/// The names of these columns in this order, for SQL.
 inline constexpr const char* reasonColumnNames =
     "why_kind, why_label, why_detail, why_reference, why_hop_count, why_thread_count, "
     "why_meeting_count";
 
-/// Reads the reason from the seven columns of the current row that begin at `first`. Those that its
-/// kind does not use must be NULL.
+/// Reads a reason from the seven columns of the current row that begin at `first`. The columns that
+/// its kind does not use must be NULL.
 GoalWhyDTO readReason(Statement& row, int first);
 
 }  // namespace vemra::desk

@@ -24,7 +24,7 @@ std::optional<ResultFault> faultAmong(const Candidates& candidates, const char* 
   return std::nullopt;
 }
 
-/// Adds up the texts of the lists of a result until they are too many.
+/// Counts the texts in the lists of a result, up to a limit.
 class TextCount {
  public:
   explicit TextCount(std::size_t most) : most_(most) {}
@@ -47,7 +47,7 @@ class TextCount {
   std::optional<ResultFault> fault_;
 };
 
-/// The texts of each element of a list.
+/// Adds the texts of each element of a list to the count.
 template <class Elements, class Texts>
 void addEach(TextCount& count, const Elements& elements, Texts texts, const std::string& list,
              const std::string& key) {

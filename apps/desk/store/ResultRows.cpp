@@ -17,13 +17,13 @@ using documents::priorityNames;
 using documents::statusNames;
 using Texts = SharedArray<std::string>;
 
-/// The tables of what a goal has; inner ones come before those of their owners. The last one keeps
-/// what was recorded.
+/// The tables with the data of a goal; inner tables precede those of their owners. The last table
+/// contains the recorded outcomes.
 constexpr const char* tablesOfAGoal[] = {"goal_texts",  "person_evidence", "people",
                                          "path_people", "paths",           "group_people",
                                          "groups",      "coverage",        "outcomes"};
 
-/// One result on its way into the tables.
+/// Writes one result into the tables.
 class Writing {
  public:
   Writing(Database& database, std::int64_t goal) : database_(database), goal_(goal) {}
@@ -91,9 +91,9 @@ class Writing {
   std::int64_t goal_;
 };
 
-/// The number for a new goal: above those of all goals, and of all rows that have lost their goal.
-/// Such rows would become part of a goal that gets their number; they stay, for outcomes are never
-/// removed.
+/// The number for a new goal: higher than the numbers of all goals, and of all rows whose goal is
+/// missing. A goal with the number of such rows would own them, and they must stay, because
+/// outcomes are never removed.
 std::int64_t newGoalNumber(Database& database) {
   constexpr std::int64_t highest = std::numeric_limits<std::int64_t>::max();
   std::int64_t last = 0;
@@ -125,7 +125,8 @@ std::int64_t addResult(Database& database, const GetGoalSnapshotResponse& result
 }
 
 void replaceResult(Database& database, std::int64_t number, const GetGoalSnapshotResponse& result) {
-  // Inner rows go by themselves, and not with their owners: those without one go too.
+  // Delete inner rows by their goal, not by their owners, so that rows without an owner are deleted
+  // too.
   for (const std::string_view table : tablesOfAGoal) {
     if (table == "outcomes") continue;
     Statement(database, std::string("DELETE FROM ").append(table) + " WHERE goal = ?1").run(number);

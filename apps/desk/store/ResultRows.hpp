@@ -6,17 +6,17 @@
 #include <cstdint>
 
 /// \file
-/// A goal's result as rows: everything but its outcomes. To be called inside a transaction.
+/// A goal's result as rows, except its outcomes. Call these functions inside a transaction.
 
 namespace vemra::desk {
 
-/// Adds a goal with its result and gives its number, by which the tables know it.
+/// Adds a goal with its result and returns its number, which identifies it in the tables.
 std::int64_t addResult(Database& database, const GetGoalSnapshotResponse& result);
 
-/// Puts another result in the place of a goal's. Its outcomes stay.
+/// Replaces a goal's result. Its outcomes stay.
 void replaceResult(Database& database, std::int64_t number, const GetGoalSnapshotResponse& result);
 
-/// Reads a goal's result; its outcomes are left empty.
+/// Reads a goal's result, without its outcomes.
 GetGoalSnapshotResponse readResultRows(Database& database, std::int64_t number);
 
 }  // namespace vemra::desk

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-// A goal's result out of its rows.
+// Reads a goal's result from its rows.
 
 namespace vemra::desk {
 namespace {
@@ -22,14 +22,14 @@ using Texts = SharedArray<std::string>;
 /// The texts of inner lists, such as the evidence of each person, in the order of their owners.
 class InnerLists {
  public:
-  /// \param sql gives goal, owner, position and text of the goal ?1, in this order.
+  /// \param sql Returns goal, owner, position and text of the goal ?1, in this order.
   InnerLists(Database& database, std::string_view sql, const char* table, std::int64_t goal)
       : row_(database, sql, {table, 3}) {
     row_.query(goal);
     isThere_ = row_.next();
   }
 
-  /// The list of the owner that is next. Owners are asked for in ascending order, each once.
+  /// The list of the next owner. Call it for each owner once, in ascending order.
   template <class Owner>
   Texts of(const Owner& owner) {
     std::vector<std::string> texts;
@@ -40,7 +40,7 @@ class InnerLists {
     return texts;
   }
 
-  /// To be called after the last owner: a row that is left over belongs to none.
+  /// Call it after the last owner: a remaining row belongs to no owner.
   void finish() {
     if (isThere_) row_.damaged(1, "something that the goal has");
   }
@@ -53,7 +53,7 @@ class InnerLists {
   bool isThere_ = false;
 };
 
-/// One result on its way out of the tables.
+/// Reads one result from the tables.
 class Reading {
  public:
   Reading(Database& database, std::int64_t goal) : database_(database), goal_(goal) {}

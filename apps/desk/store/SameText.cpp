@@ -12,7 +12,7 @@
 namespace vemra::desk {
 namespace {
 
-/// SQLite calls it from C, which nothing may be thrown through: a failure becomes the statement's.
+/// SQLite calls this from C, so it must not throw: a failure becomes the statement's error.
 void sameText(sqlite3_context* context, int, sqlite3_value** values) noexcept {
   const auto isNil = [&](int i) { return sqlite3_value_type(values[i]) == SQLITE_NULL; };
   const auto view = [&](int i) {

@@ -4,8 +4,8 @@ struct sqlite3;
 
 namespace vemra::desk {
 
-/// Gives a connection the function `same_text(a, b)` for use in SQL: 1 when two texts are
-/// canonically equivalent, else 0. NULL equals nothing, not even NULL.
+/// Adds the SQL function `same_text(a, b)` to a connection: 1 when two texts are canonically
+/// equivalent, else 0. NULL equals nothing, not even NULL.
 void addSameText(sqlite3* connection);
 
 }  // namespace vemra::desk

@@ -8,7 +8,7 @@ namespace vemra::desk {
 
 /// The sample goals, built into the program from the documents in `samples/`.
 ///
-/// Together they show every face of a goal's screen: to look around in, not to keep.
+/// Together they show every variant of a goal's screen. They are for exploring, not for keeping.
 std::vector<GetGoalSnapshotResponse> sampleGoals();
 
 }  // namespace vemra::desk

@@ -15,7 +15,8 @@ namespace {
 
 constexpr std::int64_t applicationID = 0x566D446B;  // "VmDk"
 
-/// What SQLite itself adds: for UNIQUE, for AUTOINCREMENT, and when a user runs ANALYZE.
+/// The objects that SQLite itself adds: for UNIQUE, for AUTOINCREMENT, and when a user runs
+/// ANALYZE.
 bool isOfSQLite(const std::string& type, const std::string& name,
                 const std::optional<std::string>& sql) {
   static const std::set<std::tuple<std::string, std::string, std::optional<std::string>>> objects{
@@ -26,8 +27,9 @@ bool isOfSQLite(const std::string& type, const std::string& name,
   return objects.contains({type, name, sql});
 }
 
-/// Makes sure that there is every table, index and trigger of a store, and nothing else: a foreign
-/// trigger could remove what is recorded, and a table without checks could hold anything.
+/// Throws unless the schema has every table, index and trigger of a store and no other object: a
+/// foreign trigger could remove recorded outcomes, and a table without checks could contain
+/// anything.
 void confirmObjects(Database& database) {
   std::set<std::string> missing{"sqlite_sequence"};
   for (const SchemaObject& object : tablesOfVersion1()) missing.insert(object.name);
@@ -61,7 +63,7 @@ void confirmObjects(Database& database) {
   }
 }
 
-/// Reads in several steps: the caller holds a transaction, so that they speak of one moment.
+/// Reads in several steps; the caller must hold a transaction, so that all steps see one state.
 bool hasSchemaNow(Database& database) {
   const std::int64_t owner = database.number("PRAGMA application_id");
   const std::int64_t version = database.number("PRAGMA user_version");
@@ -83,7 +85,7 @@ bool hasSchemaNow(Database& database) {
 }  // namespace
 
 bool hasSchema(Database& database) {
-  // Another process may be making the schema right now: all of it is seen, or nothing.
+  // Another process may be creating the schema now: the transaction sees all of it, or nothing.
   const Transaction transaction(database, Transaction::Kind::reading);
   return hasSchemaNow(database);
 }
@@ -96,7 +98,7 @@ void prepareSchema(Database& database) {
 }
 
 void prepareSchemaWithin(Database& database) {
-  if (hasSchemaNow(database)) return;  // another process was faster
+  if (hasSchemaNow(database)) return;  // another process has created the tables
   for (const SchemaObject& object : tablesOfVersion1()) database.run(object.sql.c_str());
   database.run(("PRAGMA application_id = " + std::to_string(applicationID)).c_str());
   database.run(("PRAGMA user_version = " + std::to_string(schemaVersion)).c_str());

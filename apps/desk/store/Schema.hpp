@@ -6,42 +6,41 @@
 #include <optional>
 
 /// \file
-/// The tables of a store, and how a file is recognised as one.
+/// The tables of a store, and the recognition of a file as a store.
 ///
-/// A store carries an application id and a schema version in its header (SQLite's `application_id`
-/// and `user_version`), and exactly the tables, indexes and triggers of that version, word for
-/// word. A file with anything else in its schema is refused: a foreign trigger may do anything. A
-/// file without tables is a new store. The database itself keeps what a person recorded: triggers
-/// refuse to change, replace or remove an outcome, whichever program asks.
+/// A store has an application id and a schema version in its header (SQLite's `application_id` and
+/// `user_version`), and exactly the tables, indexes and triggers of that version, word for word. A
+/// file with any other object in its schema is refused, because a foreign trigger may do anything.
+/// A file without tables is a new store. The database itself protects recorded outcomes: triggers
+/// refuse to change, replace or remove an outcome, whichever program tries.
 
 namespace vemra::desk {
 
-/// The version of the tables that this program writes and reads.
+/// The version of the tables that this program reads and writes.
 inline constexpr int schemaVersion = 1;
 
-/// Makes the tables in a file that has none, and makes sure that the file is a store of a version
-/// that is known. Several processes may do so at once.
+/// Creates the tables in a file without tables, and checks that the file is a store of a known
+/// version. Several processes may do so at once.
 ///
-/// Throws a `StoreError` for anything else; the file is then as it was.
+/// Throws a `StoreError` for any other file, and leaves that file unchanged.
 void prepareSchema(Database& database);
 
-/// The same inside a writing transaction, of which the tables become a part.
+/// Does what `prepareSchema` does, inside a writing transaction, which then includes the new tables.
 void prepareSchemaWithin(Database& database);
 
-/// Says whether the file is a store, or throws a `StoreError` when it is something else. False
-/// means that it has no tables yet. Changes nothing.
+/// Whether the file is a store; false when it has no tables yet. Throws a `StoreError` when it is
+/// something else. Changes nothing.
 bool hasSchema(Database& database);
 
-/// Watches the schema of a store that stays open, because another program may change it meanwhile.
+/// Watches the schema of an open store, because another program may change it meanwhile.
 class SchemaWatch {
  public:
-  /// To be called inside each transaction, before anything else happens in it: makes sure that the
-  /// file is a store still, or throws a `StoreError`. Costs one look into the file's header unless
-  /// the schema has changed.
+  /// Call it at the beginning of each transaction: throws a `StoreError` unless the file is still a
+  /// store. Reads only the file's header unless the schema has changed.
   void confirm(Database& database);
 
  private:
-  std::optional<std::int64_t> confirmed_;  // SQLite's counter of schema changes
+  std::optional<std::int64_t> confirmed_;  // SQLite's counter of schema changes, at the last check
 };
 
 }  // namespace vemra::desk

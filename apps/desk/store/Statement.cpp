@@ -34,7 +34,7 @@ void Statement::bind(int index, std::string_view text) {
     throw StoreError(database_->file(),
                      "takes in texts in UTF-8 only; found " + documents::inQuotes(text));
   }
-  // A null pointer would mean NULL, which an empty text is not.
+  // SQLite would bind a null pointer as NULL, which differs from an empty text.
   const char* bytes = text.data() != nullptr ? text.data() : "";
   check(
       sqlite3_bind_text64(statement_.get(), index, bytes, text.size(), SQLITE_STATIC, SQLITE_UTF8));

@@ -13,53 +13,53 @@ struct sqlite3_stmt;
 
 namespace vemra::desk {
 
-/// How errors name the rows of a query: by a table and the columns that tell its rows apart.
+/// How errors name the rows of a query: by a table and the columns that identify its rows.
 struct RowsOf {
   const char* table = "";
-  int keyColumns = 0;  ///< the query gives the key first, in so many columns
+  int keyColumns = 0;  ///< the number of key columns, which come first in the query
 };
 
 /// A prepared statement.
 ///
-/// Texts go in and come out byte for byte: with their length, so that U+0000 may stand in them.
-/// They are well-formed UTF-8: a statement that writes refuses any other with a `StoreError`.
+/// Texts are passed byte for byte with their length, so they may contain U+0000. They are
+/// well-formed UTF-8: a statement that writes refuses other texts with a `StoreError`.
 class Statement {
  public:
   Statement(Database& database, std::string_view sql, RowsOf rows = {});
 
-  /// Binds the values to ?1, ?2, … and runs the statement to its end. It can be run again.
+  /// Binds the values to ?1, ?2, … and runs the statement to its end. May be called repeatedly.
   template <class... Values>
   void run(const Values&... values) {
     bindAll(values...);
     runBound();
   }
 
-  /// Binds the values; the rows are then fetched with `next`. The values must live until the last.
+  /// Binds the values; then fetch the rows with `next`. The values must live until the last row.
   template <class... Values>
   void query(const Values&... values) {
     reset();
     bindAll(values...);
   }
 
-  /// Goes to the next row; false behind the last one.
+  /// Goes to the next row; false after the last one.
   bool next();
 
   /// \name The current row, its columns counted from 0.
   ///
-  /// Values are checked as they are read: another program may have written the row, or damaged it.
-  /// One of another type, or a text that is not UTF-8, is a `StoreError` that names table, row and
-  /// column.
+  /// Values are checked when they are read, because another program may have written or damaged the
+  /// row. A value of another type, or a text that is not UTF-8, is a `StoreError` that names table,
+  /// row and column.
   /// @{
   std::string text(int column);
   std::optional<std::string> optionalText(int column);
   std::int64_t integer(int column);
   /// A non-negative integer.
   std::size_t index(int column);
-  /// Makes sure that the column is NULL.
+  /// Checks that the column is NULL.
   void expectNull(int column);
-  /// Makes sure that the column has the position that is due, where positions count up from 0.
+  /// Checks that the column has the position `due`; positions count up from 0.
   void expectPosition(int column, std::size_t due);
-  /// Throws the `StoreError` for a column that breaks a rule of its own.
+  /// Throws the `StoreError` for a column that breaks one of the caller's rules.
   [[noreturn]] void damaged(int column, std::string_view expected);
   /// @}
 

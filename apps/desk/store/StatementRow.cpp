@@ -7,7 +7,7 @@
 
 #include <sqlite3.h>
 
-// The values of a row: each of the type that is expected, or a `StoreError` that names the row.
+// Reads the values of a row: each has the expected type, or a `StoreError` names the row.
 
 namespace vemra::desk {
 
@@ -68,7 +68,7 @@ void Statement::damaged(int column, std::string_view expected) {
                                           std::string(expected) + "; found " + describe(column));
 }
 
-/// A value for a message, on one line and not longer than a message has room for.
+/// A value for an error message, on one line and shortened to fit.
 std::string Statement::describe(int column) {
   switch (sqlite3_column_type(statement_.get(), column)) {
     case SQLITE_NULL:

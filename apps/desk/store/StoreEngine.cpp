@@ -10,16 +10,16 @@
 namespace vemra::desk {
 namespace {
 
-/// Does `work` in a turn of the thread.
+/// Runs `work` in a turn of the thread.
 ///
-/// Keeps the thread and the work until the work has ended, with an answer or an exception, and
-/// releases both before the awaiting caller continues.
+/// Keeps the thread and the work alive until the work has ended, with an answer or an exception,
+/// and releases both before the awaiting caller continues.
 template <class Answer>
 task::Task<Answer> onThread(std::shared_ptr<StoreThread> thread,
                             std::function<Answer(StoreThread&)> work) {
   std::optional<Answer> answer;
   {
-    // The arguments themselves live until the frame is destroyed, which may be much later.
+    // The coroutine's parameters live until its frame is destroyed, which may be much later.
     const std::shared_ptr<StoreThread> worker = std::move(thread);
     const std::function<Answer(StoreThread&)> ownWork = std::move(work);
     auto turn = worker->turn();
@@ -29,7 +29,7 @@ task::Task<Answer> onThread(std::shared_ptr<StoreThread> thread,
   co_return *std::move(answer);
 }
 
-/// Does `work` with the store, in a turn of the thread.
+/// Runs `work` with the store, in a turn of the thread.
 template <class Answer>
 task::Task<Answer> withStore(std::shared_ptr<StoreThread> thread,
                              std::function<Answer(GoalStore&)> work) {
@@ -106,7 +106,8 @@ void StoreEngine::finish() {
   try {
     task::wait(version());
   } catch (const StoreError&) {
-    // Turns come in the order of starting: when this one has come, all earlier tasks have ended.
+    // Turns run in the order in which tasks start, so all earlier tasks have ended when this turn
+    // comes.
   }
 }
 

@@ -14,7 +14,8 @@
 namespace vemra::desk {
 namespace {
 
-/// The value of a variable that holds an absolute path; XDG has others ignored.
+/// The value of a variable that contains an absolute path; the XDG specification ignores relative
+/// paths.
 std::string absoluteFolder(const char* variable) {
   const char* value = std::getenv(variable);
   return value != nullptr && value[0] == '/' ? value : "";
@@ -26,8 +27,8 @@ std::string homeFolder() {
   return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "";
 }
 
-/// Writes a folder's names to the disk: a file in a new folder is lost in a power cut as long as the
-/// folder's own name is not there. A file system that cannot do so is no reason to stop.
+/// Writes a folder's entries to the disk: a power cut loses a file in a new folder until the
+/// folder's own entry is on the disk. It is not an error if the file system cannot do this.
 void sync(const std::filesystem::path& folder) {
   const int opened = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (opened < 0) return;

@@ -13,8 +13,8 @@
 
 namespace vemra::desk {
 
-/// What the thread and its owner share. The thread keeps it to its own end, and so may outlive the
-/// owner.
+/// The data that the thread shares with its owner. The thread keeps it until its own end, so it may
+/// outlive the owner.
 struct StoreThread::Work {
   Work(std::string name, Patience wait) : file(std::move(name)), patience(wait) {}
 
@@ -34,7 +34,7 @@ struct StoreThread::Work {
   GoalStore& openStore() {
     if (store) return *store;
     store.emplace(lastFile ? GoalStore::reopen(file, patience) : GoalStore::open(file, patience));
-    // The system may give a new file the inode of the one removed.
+    // The system may reuse the inode of a removed file for the new one.
     const bool isAnother = hasMoved || lastFile != store->identity();
     if (lastFile && isAnother) ++storeNumber;
     if (isAnother) state.reset();
@@ -45,9 +45,9 @@ struct StoreThread::Work {
     return *store;
   }
 
-  /// Compares the store with what it was at the last call.
+  /// Counts a change if the store differs from its state at the last call.
   std::int64_t countChanges() {
-    // The state comes first: a change in between then counts once too often, and not once too few.
+    // Read the state first: a change in between is then counted twice rather than missed.
     std::optional<std::string> stateNow = store->state();
     const std::int64_t versionNow = store->version();
     const bool isSameState = state && stateNow == state;
@@ -62,16 +62,16 @@ struct StoreThread::Work {
   const Patience patience;
   std::atomic<std::uint64_t> storeNumber = 0;
 
-  // Touched by the thread alone:
+  // Used only by the thread:
   std::optional<GoalStore> store;
-  std::optional<FileIdentity> lastFile;  // the last one that was opened
-  bool hasMoved = false;                 // it has left its path
+  std::optional<FileIdentity> lastFile;  // the last opened file
+  bool hasMoved = false;                 // that file has left its path
   Pause pause;                           // after the last failure
-  std::exception_ptr versionFailure;     // of the last call of `version`
+  std::exception_ptr versionFailure;     // from the last call of `version`
   std::int64_t changes = 0;              // the last answer of `version`; 0 before the first
-  bool wasOpenedAnew = false;            // since then
-  std::int64_t connectionVersion = 0;    // of the connection, then or when it was opened
-  std::optional<std::string> state;      // of the file, then
+  bool wasOpenedAnew = false;            // since the last answer
+  std::int64_t connectionVersion = 0;    // at the last answer, or when the store was opened
+  std::optional<std::string> state;      // of the file, at the last answer
 
   std::mutex mutex;
   std::condition_variable changed;
@@ -86,7 +86,7 @@ StoreThread::StoreThread(std::string file, Patience patience)
 }
 
 StoreThread::~StoreThread() {
-  // Taken out first: behind the lock the thread may end, and with it the last of `Work`.
+  // Move the thread out first: after the lock is released, it may end and release the last `Work`.
   std::thread thread = std::move(work_->thread);
   {
     const std::lock_guard lock(work_->mutex);
@@ -101,8 +101,8 @@ StoreThread::~StoreThread() {
 }
 
 void StoreThread::Turn::await_suspend(std::coroutine_handle<> waiter) {
-  // As soon as it is in the queue the waiter may run to its end and take this object, and the last
-  // owner of the thread, with it.
+  // Once `waiter` is in the queue, it may run to its end and destroy this object, together with the
+  // last owner of the thread.
   const std::shared_ptr<Work> work = thread_.work_;
   const std::lock_guard lock(work->mutex);
   work->waiters.push_back(waiter);
@@ -116,7 +116,7 @@ GoalStore& StoreThread::openStore() {
 void StoreThread::giveUp(Moved moved) {
   work_->store.reset();
   if (moved == Moved::yes) {
-    // Looking whether there is a file at the path again costs next to nothing.
+    // Checking for a file at the path again costs next to nothing, so do not pause.
     work_->hasMoved = true;
     work_->pause.end();
   } else {

@@ -12,23 +12,22 @@
 
 namespace vemra::desk {
 
-/// A thread of its own with a connection of its own: where a store is read and written, so that no
-/// window waits for a disk.
+/// A thread with its own connection to a store, so that no window waits for a disk.
 ///
-/// A coroutine takes a turn by awaiting one, goes on over there, and may use the store until it
-/// next awaits something else:
+/// A coroutine takes a turn by awaiting it. It then continues on this thread and may use the store
+/// until it awaits something else:
 ///
 ///     auto turn = thread->turn();
 ///     co_await turn;
 ///     thread->use<int>([](GoalStore& store) { … });
 ///
-/// Turns come in the order in which they were asked for.
+/// Turns run in the order in which they were requested.
 class StoreThread {
  public:
   StoreThread(std::string file, Patience patience);
 
-  /// Ends the thread after the turns that were asked for. May happen on the thread itself, when the
-  /// last owner is a coroutine that ran there.
+  /// Ends the thread after all requested turns. May be called on the thread itself, when the last
+  /// owner is a coroutine that ran there.
   ~StoreThread();
 
   StoreThread(const StoreThread&) = delete;
@@ -46,17 +45,17 @@ class StoreThread {
     StoreThread& thread_;
   };
 
-  /// To be awaited at once, while the thread lives.
+  /// Await the turn at once, while the thread lives.
   Turn turn() { return Turn(*this); }
 
-  /// \name From inside a turn only.
+  /// \name Call these only inside a turn.
   /// @{
-  /// Does `work` with the store and gives what it gives. Opens the store first if it is not open;
-  /// only the very first time does that make a file. What `work` or the opening throws comes out.
+  /// Runs `work` with the store and returns its result. Opens the store first if it is not open;
+  /// only the very first call creates a file. Exceptions of `work` or of the opening are rethrown.
   ///
-  /// After a failure of the system, after waiting in vain for another process, and when the file
-  /// has moved, this closes the store, and the next call opens it anew: SQLite keeps a connection
-  /// as a failure has left it, be it read-only or with a lock of its own in its way.
+  /// After a failure of the system, after a timeout while waiting for another process, and when the
+  /// file has moved, this closes the store, and the next call opens it again: after a failure, a
+  /// connection of SQLite may stay read-only, or be blocked by a lock of its own.
   template <class Answer>
   Answer use(const std::function<Answer(GoalStore&)>& work) {
     try {
@@ -75,15 +74,15 @@ class StoreThread {
 
   /// A number that changes when another connection may have changed the store.
   ///
-  /// That it was opened anew is no change by itself: the file and its log are compared with what
-  /// they were before. A window asks for the number several times a second. So that a store which
-  /// keeps failing is not opened as often, this does not open a store that was closed after a
-  /// failure before a `Pause` is over; until then it answers as the last time.
+  /// Opening the store again is not a change by itself: the file and its log are compared with
+  /// their previous states. A window calls this several times a second. So that a failing store is
+  /// not opened as often, this does not open a store again after a failure until a `Pause` is over;
+  /// until then it gives its last answer.
   std::int64_t version();
   /// @}
 
-  /// Which store is open: a number that changes when another file has come to its path. For any
-  /// thread.
+  /// The number of the open store; it changes when another file is at its path. May be called from
+  /// any thread.
   std::uint64_t storeNumber() const;
 
   const std::string& file() const;

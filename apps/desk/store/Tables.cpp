@@ -3,8 +3,8 @@
 namespace vemra::desk {
 namespace {
 
-// The reason of a person or a path stands in its row: the kind, and exactly the columns that the
-// kind has a use for.
+// The reason of a person or a path is part of its row: the kind, and exactly the columns that the
+// kind uses.
 constexpr const char* reasonColumns = R"sql(
   why_kind          TEXT NOT NULL
     CHECK (why_kind IN ('evidence', 'connection', 'sharedActivity', 'nameMatch', 'generic')),
@@ -18,11 +18,10 @@ constexpr const char* reasonColumns = R"sql(
 
 }  // namespace
 
-// Lists keep their order in `position`, counted from 0. `number` of a goal is the order in which
-// goals came, that of an outcome the order of recording.
+// Lists keep their order in `position`, counted from 0. A goal's `number` gives the order in which
+// goals were added, an outcome's `number` the order of recording.
 //
-// The texts are part of every store that was ever made: not a blank may change without a new
-// version.
+// These texts are part of every existing store: not even a blank may change without a new version.
 const std::vector<SchemaObject>& tablesOfVersion1() {
   static const std::vector<SchemaObject> objects{
       {"table", "goals", R"sql(CREATE TABLE goals (
@@ -120,7 +119,7 @@ const std::vector<SchemaObject>& tablesOfVersion1() {
 BEGIN SELECT RAISE(ABORT, 'a recorded outcome is never rewritten'); END)sql"},
       {"trigger", "outcomes_stay", R"sql(CREATE TRIGGER outcomes_stay BEFORE DELETE ON outcomes
 BEGIN SELECT RAISE(ABORT, 'a recorded outcome is never removed'); END)sql"},
-      // INSERT OR REPLACE would remove the old row without a word to the trigger above.
+      // INSERT OR REPLACE would remove the old row without firing the trigger above.
       {"trigger", "outcomes_are_appended",
        R"sql(CREATE TRIGGER outcomes_are_appended BEFORE INSERT ON outcomes
 WHEN EXISTS (SELECT 1 FROM outcomes WHERE number = NEW.number)

@@ -9,10 +9,10 @@ namespace vemra::desk {
 struct SchemaObject {
   const char* type;  ///< "table", "index" or "trigger"
   const char* name;
-  std::string sql;  ///< the statement that makes it, which SQLite keeps as it is
+  std::string sql;  ///< the statement that creates it; SQLite stores it unchanged
 };
 
-/// All of them, in the order in which they can be made.
+/// All objects, in an order in which they can be created.
 const std::vector<SchemaObject>& tablesOfVersion1();
 
 }  // namespace vemra::desk

@@ -11,17 +11,17 @@ Transaction::Transaction(Database& database, Kind kind) : database_(database) {
   database.confirmOwners();
   database.run(kind == Kind::writing ? "BEGIN IMMEDIATE" : "BEGIN");
   try {
-    database.confirmPlace();  // it has waited for others meanwhile
+    database.confirmPlace();  // it has waited for other processes meanwhile
     database.startTextCount();
   } catch (...) {
-    // The destructor does not run.
+    // The destructor does not run when the constructor throws.
     rollBack();
     throw;
   }
 }
 
 Transaction::~Transaction() {
-  // A failure may have rolled everything back already; then there is nothing left to do.
+  // After a failure, SQLite may already have rolled back; then nothing is left to do.
   if (open_) rollBack();
 }
 
@@ -32,8 +32,8 @@ void Transaction::rollBack() noexcept {
 void Transaction::commit() {
   database_.confirmPlace();
   const int code = sqlite3_exec(database_.handle(), "COMMIT", nullptr, nullptr, nullptr);
-  // Without a log, SQLite changes its lock back after it has committed. The lock goes with the
-  // connection.
+  // Without a log, SQLite downgrades its lock after the commit; closing the connection releases the
+  // lock.
   const bool isCommitted =
       code == SQLITE_OK || code == SQLITE_IOERR_UNLOCK || code == SQLITE_IOERR_RDLOCK;
   if (!isCommitted) database_.fail(code);
@@ -41,7 +41,7 @@ void Transaction::commit() {
   try {
     database_.confirmPlace();
   } catch (const std::bad_alloc&) {
-    // It is committed. Only where the file is could not be asked.
+    // The change is committed; memory ran out only for the check of the file's place.
   }
 }
 

@@ -4,13 +4,13 @@
 
 namespace vemra::desk {
 
-/// A transaction: all of what happens in its scope, or, without `commit`, none of it.
+/// A transaction: everything in its scope takes effect, or, without `commit`, nothing.
 ///
 /// At its beginning and at its end the file must be at its path (`Database::confirmPlace`).
 class Transaction {
  public:
-  /// A reading transaction sees one state of the store throughout. A writing one waits for other
-  /// writers first, so that what it reads is still so when it writes.
+  /// A reading transaction sees one state of the store. A writing one first waits for other
+  /// writers, so that its reads are still valid when it writes.
   enum class Kind { reading, writing };
 
   Transaction(Database& database, Kind kind);
@@ -18,8 +18,8 @@ class Transaction {
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;
 
-  /// Throws a `StoreMoved` also when the file has gone while the change was being written: then it
-  /// may be in the file that was moved, and is not acknowledged.
+  /// Also throws a `StoreMoved` when the file has left its path while the change was written: the
+  /// moved file may contain the change, which is not acknowledged.
   void commit();
 
  private:
