@@ -6,9 +6,10 @@
 
 namespace vemra::testing {
 
-/// An element that cannot be acted on: it is missing, disabled, out of view, or of another kind.
+/// Thrown for an element that a person could not act on: it is missing, disabled, out of view, or
+/// of another kind.
 ///
-/// `what()` is for a person: the reason, and what helps to find the element.
+/// `what()` is for a person: the reason, and details that help to find the element.
 class ElementError : public std::runtime_error {
  public:
   /// `context` follows the reason in `what()`, on lines of its own: it begins with a line break, or

@@ -15,7 +15,7 @@ namespace {
 using ui::ElementKind;
 using Lines = std::vector<std::string>;
 
-// With its title.
+// The greatest width of a field, title included.
 constexpr int widestField = 48;
 
 std::string repeated(char c, int times) {
@@ -27,7 +27,7 @@ std::string padded(std::string text, int columns, char with = ' ') {
   return std::move(text) + repeated(with, missing);
 }
 
-/// What stands before and after a control.
+/// The characters before and after a control.
 std::pair<char, char> frameOf(const page::Node& leaf, bool hasFocus) {
   if (hasFocus) return {'>', '<'};
   if (!leaf.element.style().enabled) return {'(', ')'};
@@ -54,7 +54,7 @@ std::string pickerText(const page::Node& leaf, int room) {
   return padded(std::move(shown), std::min(widest, room - 2)) + " v";
 }
 
-/// The end of a text, where the cursor is, in so many columns.
+/// The end of a text, where the cursor is, in at most `columns` columns.
 std::string endOf(const std::string& text, int columns) {
   const std::vector<text::Glyph> glyphs = text::glyphs(text);
   std::string end;

@@ -16,7 +16,7 @@ std::string_view nameIn(const std::array<std::string_view, count>& names, Value 
 
 }  // namespace
 
-// Each in the order of its enumeration.
+// Each list of names is in the order of its enumeration.
 
 std::string_view name(TextStyle style) {
   return nameIn<TextStyle, 6>({"title2", "headline", "body", "subheadline", "caption", "caption2"},

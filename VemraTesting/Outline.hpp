@@ -17,7 +17,7 @@ namespace vemra::testing {
 /// Texts are written by `text::quotedOnOneLine`.
 VEMRA_EXPORT std::string outline(const RenderedTree& tree, const ui::ViewGraph& graph);
 
-/// One element as it stands on its line of an outline, without its children.
+/// One element as a line of an outline, without its children.
 VEMRA_EXPORT std::string outlineLine(const ui::Element& element);
 
 }  // namespace vemra::testing

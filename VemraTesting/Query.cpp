@@ -7,7 +7,7 @@ namespace vemra::testing {
 bool Query::matches(const ui::Element& element) const {
   switch (by) {
     case By::identifier:
-      // An element without an identifier is not one whose identifier is "".
+      // The identifier "" matches no element, not even one without an identifier.
       return !value.empty() && element.accessibilityIdentifier() == value;
     case By::title:
     case By::text:

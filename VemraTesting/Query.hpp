@@ -9,13 +9,14 @@
 
 namespace vemra::testing {
 
-/// How a person, or a script, points at an element: by what it is called, never by where it stands.
+/// Selects an element as a person or a script would: by its name, never by its position.
 ///
-/// Texts and identifiers match byte for byte. `index` picks among several, in tree order, from 0.
+/// Texts and identifiers match byte for byte. `index` selects one of several matches, in tree
+/// order, from 0.
 struct VEMRA_EXPORT Query {
   enum class By { identifier, title, text };
   By by = By::identifier;
-  /// The kind that a title or a text is sought on; of an identifier it says nothing.
+  /// The kind of element for a title or a text; ignored for an identifier.
   ui::ElementKind kind = ui::ElementKind::text;
   std::string value;
   std::size_t index = 0;
@@ -25,19 +26,19 @@ struct VEMRA_EXPORT Query {
   std::string description() const;
 };
 
-/// By accessibility identifier, on an element of any kind.
+/// Selects by accessibility identifier, among elements of any kind.
 inline Query byIdentifier(std::string identifier, std::size_t index = 0) {
   return {Query::By::identifier, {}, std::move(identifier), index};
 }
-/// By what a Text shows: of a key, its translation.
+/// Selects a Text by its shown text; for a key, by the translation.
 inline Query byText(std::string shown, std::size_t index = 0) {
   return {Query::By::text, ui::ElementKind::text, std::move(shown), index};
 }
-/// By role and name: a button's, picker's or field's shown title.
+/// Selects by role and name: the shown title of a button, picker or field.
 inline Query byTitle(ui::ElementKind kind, std::string shown, std::size_t index = 0) {
   return {Query::By::title, kind, std::move(shown), index};
 }
-/// A button by its shown title.
+/// Selects a button by its shown title.
 inline Query button(std::string shown, std::size_t index = 0) {
   return byTitle(ui::ElementKind::button, std::move(shown), index);
 }

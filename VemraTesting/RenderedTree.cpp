@@ -19,7 +19,7 @@ void RenderedTree::apply(const ui::Changes& changes) {
 std::vector<const RenderedTree::Node*> RenderedTree::nodes() const {
   std::vector<const Node*> nodes;
   if (!root()) return nodes;
-  nodes.reserve(tree_.size());  // one allocation, however large the tree
+  nodes.reserve(tree_.size());  // one allocation, whatever the size of the tree
   collect(*root(), nodes);
   return nodes;
 }

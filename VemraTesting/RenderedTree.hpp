@@ -9,12 +9,12 @@
 
 namespace vemra::testing {
 
-/// The smallest renderer: it keeps the tree that patches describe, and wants every row.
+/// The smallest renderer: it keeps the tree that patches describe, and demands every row.
 ///
-/// A patch that speaks of an unknown node throws `std::out_of_range`.
+/// Throws `std::out_of_range` for a patch with an unknown node.
 class VEMRA_EXPORT RenderedTree final : public ui::Renderer {
  public:
-  /// An element with its parent and its children. It has no layout.
+  /// An element with its parent and its children, without a layout.
   using Node = page::Node;
 
   ui::RowDemand rowDemand() const override { return ui::RowDemand::everything; }
@@ -25,7 +25,7 @@ class VEMRA_EXPORT RenderedTree final : public ui::Renderer {
   const Node* find(ui::NodeID id) const { return tree_.find(id); }
   /// All nodes in tree order, from the root.
   std::vector<const Node*> nodes() const;
-  /// How many patches have arrived so far.
+  /// The number of patches received so far.
   std::size_t patchCount() const { return patchCount_; }
 
  private:

@@ -13,10 +13,10 @@ namespace vemra::testing {
 
 namespace {
 
-// Identifiers may be of any length; what tells them apart for a reader comes early enough.
+// Identifiers may have any length; those of interest differ within their first bytes.
 constexpr std::size_t comparedLength = 256;
 
-/// How many single bytes must change to make one identifier the other.
+/// The number of single-byte edits that turn one identifier into the other.
 std::size_t editDistance(std::string_view a, std::string_view b) {
   a = a.substr(0, comparedLength);
   b = b.substr(0, comparedLength);
@@ -33,7 +33,7 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
   return row[b.size()];
 }
 
-/// The element itself, as the subject of a sentence.
+/// Describes the element as the subject of a sentence.
 std::string subject(const Query& query) {
   return query.by == Query::By::identifier ? "element with " + query.description()
                                            : query.description();
@@ -105,7 +105,7 @@ std::optional<std::string> Screen::attempt(const Query& query, const Act& act) {
   return std::nullopt;
 }
 
-/// The event that the act is for this element; nil when it has no such choice.
+/// Converts the act to an event for this element; nil when it has no such choice.
 std::optional<ui::Event> Screen::eventOf(const RenderedTree::Node& node, const Act& act) const {
   if (const auto* press = std::get_if<ui::Press>(&act)) return *press;
   if (const auto* edit = std::get_if<ui::EditText>(&act)) return *edit;

@@ -14,53 +14,54 @@
 
 namespace vemra::testing {
 
-/// Chooses the picker's row whose tag has that name.
+/// Chooses the picker's row whose tag has this name.
 struct Choose {
   std::string tagName;
 };
 
-/// What a person does to an element: press it, choose in it, replace its whole text, or press the
-/// Return key in it.
+/// An act of a person on an element: pressing it, choosing in it, replacing its whole text, or
+/// pressing the Return key in it.
 using Act = std::variant<ui::Press, Choose, ui::EditText, ui::Submit>;
 
-/// A view, mounted without a window, to be read and used as a person would.
+/// Shows a view without a window, for a test to read and to use like a person.
 ///
 ///     Screen screen(GoalResultView{snapshot, …});
 ///     screen.press("vemra.goal.person.p1.outcome.start");
 ///     screen.type("vemra.goal.person.p1.outcome.note", " met at the fair ");
 ///     screen.press("vemra.goal.person.p1.outcome.save");
 ///
-/// Every act settles: the next line sees its result. An act that a person could not do throws
-/// `ElementError` and changes nothing; `attempt` says so without throwing. Where several elements
-/// match, the first in tree order is meant, disabled ones counted. From inside a callback an act
-/// waits for the event to end.
+/// After every act the tree is updated: the next line sees the result. An act that a person could
+/// not do throws `ElementError` and changes nothing; `attempt` returns the reason without throwing.
+/// If several elements match, the first in tree order counts, even if it is disabled. An act from
+/// inside a callback waits for the end of the event.
 ///
-/// Main thread only. Not movable: the graph knows the tree by its address.
+/// Main thread only. Not movable, because the graph refers to the tree by its address.
 class VEMRA_EXPORT Screen {
  public:
-  /// Mounts `root`. The default environment is a fixed one (en_US, UTC, no translations), so that a
-  /// test says the same on every machine; a tool that shows a user's own screen hands in
+  /// Shows `root`. The default environment is fixed (en_US, UTC, no translations), so that a test
+  /// has the same result on every machine; a tool that shows a user's own screen passes
   /// `ui::Environment::system()`.
   explicit Screen(ui::View root, ui::Environment environment = {});
   Screen(const Screen&) = delete;
   Screen& operator=(const Screen&) = delete;
 
-  /// Hands in a new root, as a host does with a fresh snapshot.
+  /// Shows a new root, like a host with a new snapshot.
   void show(ui::View root) { graph_.setRoot(std::move(root)); }
-  /// Shows the same root in another language, time zone or appearance; state stays.
+  /// Shows the same root in another language, time zone or appearance; state is kept.
   void setEnvironment(ui::Environment environment) {
     graph_.setEnvironment(std::move(environment));
   }
 
-  /// Does the act, or says in one line why a person could not do it; nil when it was done.
+  /// Does the act and returns nil, or returns one line with the reason why a person could not do
+  /// it.
   ///
-  /// For scripts, where a step that cannot be done is a result like any other: it costs a search
-  /// and no more, while the verbs below describe the whole tree for whoever reads their error.
+  /// Use it for scripts, where an impossible step is a normal result: it costs only a search, while
+  /// the functions below describe the whole tree in their error message.
   [[nodiscard]] std::optional<std::string> attempt(const Query& query, const Act& act);
 
   void press(const Query& query) { carryOut(query, ui::Press{}); }
   void press(std::string_view identifier) { press(byIdentifier(std::string(identifier))); }
-  /// Chooses the picker's row whose tag has that name.
+  /// Chooses the picker's row whose tag has this name.
   void select(const Query& query, std::string_view tagName) {
     carryOut(query, Choose{std::string(tagName)});
   }
@@ -74,43 +75,43 @@ class VEMRA_EXPORT Screen {
   void type(std::string_view identifier, std::string_view text) {
     type(byIdentifier(std::string(identifier)), text);
   }
-  /// The Return key in a field.
+  /// Presses the Return key in a field.
   void submit(const Query& query) { carryOut(query, ui::Submit{}); }
   void submit(std::string_view identifier) { submit(byIdentifier(std::string(identifier))); }
 
-  /// The element, or nullptr. It is valid until the next act, `show` or `setEnvironment`: keep the
-  /// query, not the element.
+  /// The element, or nullptr. Valid until the next act, `show` or `setEnvironment`: keep the query,
+  /// not the element.
   const RenderedTree::Node* find(const Query& query) const;
   const RenderedTree::Node* find(std::string_view identifier) const {
     return find(byIdentifier(std::string(identifier)));
   }
-  /// The element; throws when it is not there. Valid as long as what `find` returns.
+  /// The element; throws when there is none. Valid as long as the result of `find`.
   const RenderedTree::Node& get(const Query& query) const;
   const RenderedTree::Node& get(std::string_view identifier) const {
     return get(byIdentifier(std::string(identifier)));
   }
   bool has(const Query& query) const { return find(query) != nullptr; }
   bool has(std::string_view identifier) const { return find(identifier) != nullptr; }
-  /// Whether the element takes acts, all that reaches it from above included; throws when it is not
-  /// there.
+  /// Whether the element is enabled, including the effect of the views around it; throws when there
+  /// is no such element.
   bool isEnabled(const Query& query) const { return get(query).element.style().enabled; }
   bool isEnabled(std::string_view identifier) const {
     return isEnabled(byIdentifier(std::string(identifier)));
   }
-  /// How many elements match, whatever the query's index.
+  /// The number of matching elements, whatever the query's index.
   std::size_t count(const Query& query) const;
 
-  /// All shown texts and titles in tree order.
+  /// All shown texts and titles, in tree order.
   std::vector<std::string> shownTexts() const;
-  /// All accessibility identifiers in tree order.
+  /// All accessibility identifiers, in tree order.
   std::vector<std::string> identifiers() const;
-  /// The tree as indented text; see `testing::outline`. Costs a description of every element.
+  /// The tree as indented text; see `testing::outline`. Describes every element, which costs time.
   std::string outline() const;
 
-  /// What the screen looks like: the elements as a renderer got them. Lives as long as the screen.
+  /// The rendered tree: the elements that a renderer gets. Lives as long as the screen.
   const RenderedTree& tree() const { return tree_; }
-  /// What the screen is: the living tree, for what only it knows (state, rows, work done) and for
-  /// events that go to a node. Lives as long as the screen.
+  /// The living tree, for data that only it has (state, rows, work counters) and for events to a
+  /// node. Lives as long as the screen.
   ui::ViewGraph& graph() { return graph_; }
   const ui::ViewGraph& graph() const { return graph_; }
 

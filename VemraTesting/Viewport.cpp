@@ -13,18 +13,18 @@ namespace vemra::testing {
 
 namespace {
 
-/// A rectangle of cells. A wide character fills its second cell with "".
+/// A rectangle of cells. The second cell of a wide character contains "".
 class Cells {
  public:
   explicit Cells(page::Size size)
       : size_(size),
         cells_(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height), " ") {}
 
-  /// Writes on one line from a column on; what does not fit is left out.
+  /// Writes into a line from a column on; omits what does not fit.
   void write(int line, int column, std::string_view text) {
     if (line < 0 || line >= size_.height) return;
     for (const text::Glyph& glyph : text::glyphs(text)) {
-      if (glyph.columns == 0) {  // goes into the cell before; there is none at the edge
+      if (glyph.columns == 0) {  // a mark goes into the previous cell, if there is one
         if (column > 0 && column <= size_.width) at(line, column - 1) += glyph.bytes;
         continue;
       }
@@ -64,7 +64,7 @@ constexpr page::Margins margins{.ask = 6, .keep = 18, .air = 1};
 
 }  // namespace
 
-/// Does what changes the tree, and then throws the first error that came up.
+/// Does `work`, which changes the tree, and then rethrows the first error.
 template <class Work>
 void Viewport::call(const Work& work) {
   try {

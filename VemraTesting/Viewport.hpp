@@ -14,7 +14,8 @@
 
 namespace vemra::testing {
 
-/// A view on a terminal: what a person sees of it, as text, and what a keyboard and a wheel do to it.
+/// Shows a view on a terminal: returns the visible part as text, and acts like a keyboard and a
+/// wheel.
 ///
 ///     Viewport screen(GoalResultView{snapshot, …}, {80, 24});
 ///     screen.end();                                   // the last page
@@ -23,8 +24,8 @@ namespace vemra::testing {
 ///     screen.type("met at the fair");
 ///     EXPECT_EQ(screen.text(), "…");
 ///
-/// Rows come as they are scrolled to, by the same page (`page::Page`) that a window shows. Spacing and
-/// padding are whole cells, one for 8 points across and one for 20 down.
+/// Rows are loaded during scrolling by the same page (`page::Page`) that a window uses. Spacing and
+/// padding are whole cells, one for 8 points of width and one for 20 points of height.
 ///
 ///     [Save]  <Ada>                a button, with a frame and plain
 ///     [Helped.  v]                 a picker, as wide as its widest choice
@@ -32,68 +33,72 @@ namespace vemra::testing {
 ///     >Save<                       the same with the focus, whatever it is
 ///     (Save)                       the same when it is disabled
 ///
-/// A character takes the columns that a terminal gives it (`text::Glyph`). In a right-to-left
-/// environment the page is mirrored; characters stay in the order of the text, because a terminal turns
-/// them. What a terminal would obey is escaped.
+/// A character takes as many columns as on a terminal (`text::Glyph`). In a right-to-left
+/// environment the page is mirrored; characters stay in the order of the text, because a terminal
+/// reorders them. Control characters are escaped.
 ///
-/// What a description or an action throws comes out of the call that led to it. Main thread only.
+/// Exceptions of a description or an action are rethrown by the call that caused them. Main thread
+/// only.
 class VEMRA_EXPORT Viewport final : private page::PageHost {
  public:
-  /// Mounts `root`.
+  /// Shows `root`.
   ///
   /// - Parameter size: columns and lines; at least one cell is shown.
   Viewport(ui::View root, page::Size size, ui::Environment environment = {});
-  /// Shows what a graph that lives elsewhere, and outlives the viewport, shows now.
+  /// Shows the tree of a graph that the caller owns; the graph must outlive the viewport.
   Viewport(ui::ViewGraph& graph, page::Size size);
   Viewport(const Viewport&) = delete;
   Viewport& operator=(const Viewport&) = delete;
   ~Viewport();
 
-  /// Shows another root, as a host does with a fresh snapshot.
+  /// Shows another root, like a host with a new snapshot.
   void show(ui::View root);
   void setEnvironment(ui::Environment environment);
   void resize(page::Size size);
 
-  /// The lines that are seen, each with a line break, without blanks at their ends.
+  /// The visible lines, each with a line break and without blanks at its end.
   std::string text() const;
 
   /// \name Scrolling @{
-  /// Turns the wheel by so many lines, upwards when negative.
+  /// Turns the wheel by a number of lines; negative: upwards.
   void wheel(int lines);
   void pageDown() { wheel(size_.height - 1); }
   void pageUp() { wheel(1 - size_.height); }
   void home() { scrollToLine(0); }
   void end() { scrollToLine(maximum_); }
-  /// The line of the page at the top.
+  /// The page's line at the top of the viewport.
   int position() const { return position_; }
-  /// How many lines the page has: as far as rows were measured, the rest estimated.
+  /// The number of lines of the page: measured rows count with their height, other rows with an
+  /// estimate.
   int length() const { return page_.contentHeight(); }
   /// @}
 
   /// \name The keyboard @{
-  /// Moves the focus to the next control in tree order, or to the first one; false at the end.
+  /// Moves the focus to the next control in tree order; without a focus, to the first one. False at
+  /// the end.
   bool tab() { return moveFocus(page::Page::Direction::forward); }
-  /// The same backwards, from the last one.
+  /// Moves the focus to the previous control; without a focus, to the last one. False at the
+  /// beginning.
   bool backTab() { return moveFocus(page::Page::Direction::backward); }
-  /// The element with the focus; nullptr without one.
+  /// The element with the focus; nullptr when no element has it.
   const ui::Element* focusedElement() const;
-  /// Presses the button with the focus. The verbs below throw `ElementError` when the focus is not on
-  /// an element of that kind, and scroll it in first.
+  /// Presses the focused button. This and the functions below throw `ElementError` when no element
+  /// of the right kind has the focus, and first scroll the element into view.
   void press();
-  /// Chooses in the picker with the focus what is shown as `label`.
+  /// Chooses in the focused picker the choice that is shown as `label`.
   void choose(std::string_view label);
-  /// Types behind the text of the field with the focus.
+  /// Types text at the end of the focused field.
   void type(std::string_view text);
-  /// Deletes all text of the field with the focus.
+  /// Deletes all text of the focused field.
   void clear();
   /// @}
 
-  /// Presses a button that is seen, and gives it the focus, as a mouse does. Throws `ElementError` when
-  /// there is none, or it is out of view or disabled.
+  /// Presses a visible button and gives it the focus, like a mouse. Throws `ElementError` when
+  /// there is no such button, or when it is out of view or disabled.
   void click(const Query& query);
   void click(std::string_view identifier) { click(byIdentifier(std::string(identifier))); }
 
-  /// The living tree: what is shown of it, and how much work that took.
+  /// The living tree behind the shown tree, with its work counters.
   const ui::ViewGraph& graph() const { return graph_; }
 
  private:
@@ -119,12 +124,12 @@ class VEMRA_EXPORT Viewport final : private page::PageHost {
 
   page::Size size_;
   int maximum_ = 0, position_ = 0;
-  std::map<ui::NodeID, page::Rect> drawn_;  // on the whole page
+  std::map<ui::NodeID, page::Rect> drawn_;  // frames on the whole page
   ui::NodeID focus_;
   std::exception_ptr error_;
   std::unique_ptr<ui::ViewGraph> ownGraph_;
   ui::ViewGraph& graph_;
-  page::Page page_;  // last, because it asks its host while it lives
+  page::Page page_;  // last, because it uses its host until it is destroyed
 };
 
 }  // namespace vemra::testing
