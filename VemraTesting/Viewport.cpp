@@ -59,7 +59,7 @@ page::Size atLeastOneCell(page::Size size) {
   return {std::max(1, size.width), std::max(1, size.height)};
 }
 
-// In lines.
+// In lines of the terminal.
 constexpr page::Margins margins{.ask = 6, .keep = 18, .air = 1};
 
 }  // namespace

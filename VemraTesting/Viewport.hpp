@@ -35,7 +35,7 @@ namespace vemra::testing {
 ///
 /// A character takes as many columns as on a terminal (`text::Glyph`). In a right-to-left
 /// environment the page is mirrored; characters stay in the order of the text, because a terminal
-/// reorders them. Control characters are escaped.
+/// reorders them. Characters that a terminal would take for commands are escaped.
 ///
 /// Exceptions of a description or an action are rethrown by the call that caused them. Main thread
 /// only.

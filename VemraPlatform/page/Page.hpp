@@ -42,12 +42,12 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   ui::RowDemand rowDemand() const override { return ui::RowDemand::onRequest; }
   void apply(const ui::Changes& changes) override;
 
-  /// \name What the host reports @{
+  /// \name Calls by the host @{
   /// The viewport has a new size.
   void resized();
   /// The leaves have new sizes, because of another font, style or text size.
   void restyled();
-  /// A person has scrolled to the position.
+  /// A person has scrolled the page to `position`.
   void scrolled(int position);
   /// Runs a pass, for example when the page becomes visible again.
   void settle();

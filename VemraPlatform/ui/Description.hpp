@@ -15,7 +15,7 @@
 
 namespace vemra::ui {
 
-/// \name What a view is
+/// \name The content of a view
 /// The closed set of primitives. Lengths are in points.
 /// @{
 struct TextContent {

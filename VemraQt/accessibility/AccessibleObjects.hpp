@@ -39,7 +39,7 @@ class AccessibleObject : public QAccessibleInterface {
   virtual void scrollIn() {}
   AccessibleTree& tree() const { return tree_; }
   void remember(QAccessible::Id id) { id_ = id; }
-  /// Marks the object as standing for nothing any more; `LeavingObjects` deletes it.
+  /// Marks the object as leaving, because its row or element is gone; `LeavingObjects` deletes it.
   void leave() { leaving_ = true; }
   bool isLeaving() const { return leaving_; }
   /// The object with that id; nullptr when there is none or when it is leaving.

@@ -27,7 +27,7 @@ class IdentifierAnswers final : public QDBusVirtualObject {
   QString introspect(const QString& path) const override;
   bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
-  /// nullptr once Qt has deleted it.
+  /// Qt's own object; nullptr once Qt has deleted it.
   const QDBusVirtualObject* original() const { return original_; }
 
   /// Registers the types of the answers with Qt; call it once, before the first answer.

@@ -16,8 +16,8 @@ class QAbstractScrollArea;
 
 namespace vemra::qt {
 
-/// A page in a scroll area: measures with the widget style, lends widgets to what the page places,
-/// and moves Qt's keyboard focus.
+/// A page in a scroll area: measures elements with the widget style, assigns widgets to the elements
+/// near the viewport, and moves Qt's keyboard focus.
 ///
 /// `page::Page` decides where everything is, which rows exist and where the focus goes.
 ///

@@ -45,8 +45,8 @@ class OutcomeInsertion {
 ///
 /// An outcome is already recorded when the goal has an outcome with the same id. If a document uses
 /// an id several times, its first use corresponds to the first record with that id, and so on; so
-/// importing a document twice adds nothing, and an exported document equals the imported one.
-/// Records never change: where the document differs from a record, the record stays.
+/// importing a document twice adds nothing, and a document always comes out as it went in. Records
+/// never change: where the document differs from a record, the record stays.
 /// - Returns: the indices of the document's outcomes that were skipped because they differ.
 std::vector<std::size_t> mergeOutcomes(Database& database, std::int64_t goal,
                                        const SharedArray<GoalOutcomeDTO>& outcomes);
