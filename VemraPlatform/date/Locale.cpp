@@ -40,6 +40,16 @@ std::string withoutEncoding(std::string_view posix) {
   return locale;
 }
 
+/// `fa_IR.UTF-8@calendar=gregory` as `fa_IR@calendar=gregory`; "" without an encoding and keywords.
+std::string withKeywords(std::string_view posix) {
+  const std::size_t dot = posix.find('.');
+  const std::size_t at = posix.find('@');
+  if (at == std::string_view::npos || dot > at || posix.find('=', at) == std::string_view::npos) {
+    return {};
+  }
+  return std::string(posix.substr(0, dot)).append(posix.substr(at));
+}
+
 }  // namespace
 
 bool isKnownLocale(std::string_view locale) {
@@ -53,6 +63,7 @@ std::string systemLocale() {
   if (!said) return "en_US_POSIX";
   // Some write keywords or an extension there; ICU has them and POSIX does not.
   if (isKnownLocale(*said)) return *said;
+  if (const std::string locale = withKeywords(*said); isKnownLocale(locale)) return locale;
   std::string locale = withoutEncoding(*said);
   if (locale == "C" || locale == "POSIX") return "en_US_POSIX";
   while (!locale.empty() && !isKnownLocale(locale)) {

@@ -111,6 +111,15 @@ TEST(SystemLocale, hasNoEncodingAndNoModifierOfPOSIX) {
   EXPECT_EQ(read("en-US-u-nu-arab"), "en-US-u-nu-arab");
 }
 
+TEST(SystemLocale, keepsKeywordsBehindAnEncoding) {
+  const auto read = [](const char* language) {
+    return systemLocale({std::nullopt, std::nullopt, language});
+  };
+  EXPECT_EQ(read("fa_IR.UTF-8@calendar=gregory"), "fa_IR@calendar=gregory");
+  EXPECT_EQ(read("ar_EG.UTF-8@numbers=latn"), "ar_EG@numbers=latn");
+  EXPECT_EQ(read("fa_IR.UTF-8@calendar"), "fa_IR") << "not a keyword";
+}
+
 TEST(SystemLocale, ofThePortableEnvironmentIsEnglish) {
   EXPECT_EQ(systemLocale({}), "en_US_POSIX");
   EXPECT_EQ(systemLocale({"C", "de_DE", "de_DE"}), "en_US_POSIX");
