@@ -54,8 +54,12 @@ void ViewWidget::setRoot(ui::View root) {
 
 void ViewWidget::setEnvironment(ui::Environment environment) {
   followsSystem_ = false;
-  page_->errors().hostCall([&] { graph_.setEnvironment(std::move(environment)); },
-                           [this] { applyLooks(); });
+  page_->errors().hostCall([&] { graph_.setEnvironment(environment); }, [this] { applyLooks(); });
+  // From inside an action the graph takes the environment up when that has ended.
+  if (!(graph_.environment() == environment)) {
+    QMetaObject::invokeMethod(
+        this, [this] { applyLooks(); }, Qt::QueuedConnection);
+  }
 }
 
 void ViewWidget::runAsHostCall(const std::function<void()>& work) {

@@ -106,10 +106,10 @@ void Page::settle() {
 bool Page::fill() {
   const During filling(filling_, true);
   for (int round = 0; round < mostRounds; ++round) {
-    const int width = viewport().width;
+    const Size size = host_.viewportSize();
     layout();
     takeAnchorPosition();
-    if (viewport().width != width) continue;
+    if (host_.viewportSize() != size) continue;
     if (!askForRows()) break;
     if (inGraph_) return false;  // the rows come in the graph's next pass
   }

@@ -36,6 +36,20 @@ TEST(LiveLooks, TheEnvironmentsSchemeIsTakenUp) {
   EXPECT_GT(pageColor(host.widget).lightness(), 200);
 }
 
+TEST(LiveLooks, AnEnvironmentThatAnActionSetsIsTakenUp) {
+  qt::ViewWidget widget;
+  ui::Environment dark;
+  dark.colorScheme = ui::ColorScheme::dark;
+  widget.setRoot(ui::Button("Dark", [&] { widget.setEnvironment(dark); }));
+  widget.resize(200, 200);
+  widget.show();
+  QApplication::processEvents();
+  ASSERT_GT(widget.palette().color(QPalette::Base).lightness(), 200);
+  widget.findChild<QPushButton*>()->click();
+  QApplication::processEvents();
+  EXPECT_LT(widget.palette().color(QPalette::Base).lightness(), 60);
+}
+
 TEST(LiveLooks, AWindowThatFollowsTheSystemTurnsDarkAndHighContrastWithIt) {
   AsBefore asBefore;
   qt::ViewWidget widget;

@@ -6,7 +6,7 @@
 #include "VemraQt/page/Page.hpp"
 
 /// \file
-/// What stands behind a widget, which hands it out to nobody else.
+/// What stands behind a widget, which no public function returns.
 
 namespace vemra::qt {
 

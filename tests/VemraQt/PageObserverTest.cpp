@@ -1,4 +1,4 @@
-// What a page reports to an observer, whoever that is.
+// What a page reports to an observer, whatever its class.
 
 #include "VemraPlatform/ui/View.hpp"
 #include "tests/VemraQt/PageBehind.hpp"

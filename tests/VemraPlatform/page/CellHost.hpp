@@ -24,7 +24,9 @@ class CellHost final : public PageHost {
     return {std::min(width, cells.width * scale), cells.height * scale};
   }
   bool isShown() const override { return isSeen; }
-  Size viewportSize() const override { return {size.width - (hasBar ? 10 : 0), size.height}; }
+  Size viewportSize() const override {
+    return hasBar ? Size{size.width - bar.width, size.height - bar.height} : size;
+  }
   void showScrollRange(int newMaximum, int newPosition) override {
     maximum = newMaximum;
     position = newPosition;
@@ -72,6 +74,7 @@ class CellHost final : public PageHost {
   }
 
   Size size{200, 300};
+  Size bar{10, 0};  ///< what the scroll bar takes of it
   int scale = 1;
   bool isSeen = true;
   bool refusesFocus = false;

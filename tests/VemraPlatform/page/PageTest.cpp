@@ -73,6 +73,15 @@ ui::View ofManyHeights(const std::string& id) {
 
 }  // namespace
 
+TEST_F(PageTest, ABarThatTakesHeightLengthensTheScrollRange) {
+  host.bar = {0, 40};
+  std::vector<ui::View> lines(20, text("line"));
+  graph.setRoot(column(std::move(lines)));
+  host.page.settleIfNeeded();
+  ASSERT_TRUE(host.hasBar);
+  EXPECT_EQ(host.maximum, host.page.contentHeight() - (host.size.height - 40));
+}
+
 TEST_F(PageTest, AFocusLostAmongRowsWithoutControlsGoesNowhereAndThePageComesToRest) {
   show(rows("row150"));
   scrollTo(150);
