@@ -1,0 +1,234 @@
+#include "apps/desk/window/DeskController.hpp"
+
+#include "VemraGoalSurface/model/GoalResultProjectionReader.hpp"
+#include "VemraPlatform/text/Equality.hpp"
+#include "apps/desk/store/SampleGoals.hpp"
+#include "apps/desk/window/OnMainThread.hpp"
+#include "apps/desk/window/PlainText.hpp"
+
+#include <exception>
+#include <utility>
+
+#include <QTimer>
+
+namespace vemra::desk {
+namespace {
+
+constexpr int millisecondsBetweenLooks = 400;
+constexpr const char* loadingGoals = "The goals could not be loaded.";
+constexpr const char* loadingGoal = "The goal could not be loaded.";
+
+/// The reason why a task failed; "" for one that succeeded.
+template <class T>
+QString failureOf(const task::Result<T>& result) {
+  if (result.hasValue()) return {};
+  try {
+    std::rethrow_exception(result.exception());
+  } catch (const std::exception& error) {
+    return fromUTF8(error.what());
+  } catch (...) {
+    return "unknown failure";
+  }
+}
+
+}  // namespace
+
+DeskController::DeskController(std::shared_ptr<StoreEngine> engine, DeskDisplay& display)
+    : engine_(std::move(engine)), display_(display) {}
+
+void DeskController::start(std::optional<std::string> goalID) {
+  goalID_ = std::move(goalID);
+  auto* timer = new QTimer(this);
+  connect(timer, &QTimer::timeout, this, &DeskController::lookForChanges);
+  timer->start(millisecondsBetweenLooks);
+  lookForChanges();  // before the first load, so that no change falls in between
+  loadGoals();
+}
+
+void DeskController::loadGoals() {
+  startOnMainThread(*this, engine_->goals(), [this](auto result) { takeGoals(std::move(result)); });
+}
+
+void DeskController::takeGoals(task::Result<std::vector<GoalListing>> result) {
+  if (const QString failure = failureOf(result); !failure.isEmpty()) {
+    showLoadingFailure(loadingGoals, failure, [this] { loadGoals(); });
+    return;
+  }
+  shownBefore_.remove(loadingGoals);
+  const std::vector<GoalListing> goals = std::move(result).take();
+  if (!goalID_ && !goals.empty()) goalID_ = goals.front().id;
+  display_.showGoals(goals, goalID_.value_or(""));
+  if (goalID_) loadGoal();
+}
+
+void DeskController::openGoal(const std::string& goalID) {
+  if (goalID_ && text::equal(*goalID_, goalID)) return;
+  goalID_ = goalID;
+  shownBefore_.remove(loadingGoal);
+  closeDetails();
+  loadGoal();
+}
+
+void DeskController::loadGoal() {
+  const std::string goalID = *goalID_;
+  const std::uint64_t store = engine_->storeNumber();
+  startOnMainThread(*this, GoalResultProjectionReader::makeSnapshot(engine_, goalID),
+                    [this, goalID, store](auto result) {
+                      if (engine_->storeNumber() == store) {
+                        takeGoal(goalID, store, std::move(result));
+                      } else if (goalID_ == goalID) {
+                        loadGoal();  // another store is there; the result may be of either
+                      }
+                    });
+}
+
+void DeskController::takeGoal(const std::string& goalID, std::uint64_t store,
+                              task::Result<GoalResultSnapshotV1> result) {
+  if (goalID_ != goalID) return;  // the user has gone on to another goal
+  if (const QString failure = failureOf(result); !failure.isEmpty()) {
+    if (shownGoalID_ == goalID) {  // with the editors that are open in it
+      display_.keepGoal();
+      showLoadingFailure(loadingGoal, failure, [this] { loadGoal(); });
+    } else {
+      display_.showFailure(failure);
+    }
+    return;
+  }
+  shownBefore_.remove(loadingGoal);
+  shownGoalID_ = goalID;
+  display_.showGoal({goalID, std::move(result).take(), store});
+}
+
+void DeskController::record(const std::string& goalID, const GoalOutcomeRecordingInput& input,
+                            std::uint64_t store) {
+  record({goalID, input, newOutcomeID()}, store);
+}
+
+void DeskController::record(const OutcomeToRecord& outcome, std::uint64_t store) {
+  startOnMainThread(*this, engine_->record(outcome.goalID, outcome.input, store, outcome.id),
+                    [this, outcome](auto result) {
+                      if (const QString failure = failureOf(result); !failure.isEmpty()) {
+                        // Its editor has closed: what was written must not be lost to the next
+                        // failure.
+                        unrecorded_.push_back(outcome);
+                        showFailure("The outcome was not recorded. " + failure);
+                        return;
+                      }
+                      loadGoal();
+                      if (refreshDetails_) refreshDetails_();
+                    });
+}
+
+void DeskController::addSampleGoals() {
+  startOnMainThread(*this, engine_->import(sampleGoals()), [this](auto result) {
+    if (const QString failure = failureOf(result); !failure.isEmpty()) {
+      showFailure("The sample goals were not added. " + failure);
+      return;
+    }
+    loadGoals();
+  });
+}
+
+template <class Ask, class Show>
+void DeskController::lookUp(Ask ask, const QString& failure, Show show) {
+  refreshDetails_ = [this, ask, failure, show] {
+    startOnMainThread(*this, ask(), [this, failure, show, wanted = ++detailsRequest_](auto result) {
+      if (wanted != detailsRequest_) return;  // closed, or another look-up has begun since
+      if (const QString why = failureOf(result); !why.isEmpty()) {
+        showLoadingFailure(failure, why);
+      } else {
+        shownBefore_.remove(failure);
+        show(std::move(result).take());
+      }
+    });
+  };
+  shownBefore_.remove(failure);
+  refreshDetails_();
+}
+
+void DeskController::openPerson(const std::string& personRef) {
+  lookUp([this, personRef] { return engine_->person(personRef); },
+         "The person could not be looked up.",
+         [this](PersonKnowledge person) { display_.showPerson(std::move(person)); });
+}
+
+void DeskController::openEvidence(const std::string& evidenceID) {
+  lookUp([this, evidenceID] { return engine_->evidence(evidenceID); },
+         "The source could not be looked up.",
+         [this](EvidenceKnowledge evidence) { display_.showEvidence(std::move(evidence)); });
+}
+
+void DeskController::openPath(const GoalPathCandidateDTO& path) {
+  lookUp([this, path,
+          goalID = goalID_.value_or("")] { return engine_->names(goalID, path.personRefs); },
+         "The people on the path could not be looked up.",
+         [this, path](const std::vector<std::optional<std::string>>& names) {
+           display_.showPath(path, names);
+         });
+}
+
+void DeskController::closeDetails() {
+  refreshDetails_ = nullptr;
+  ++detailsRequest_;
+  display_.closeDetails();
+}
+
+void DeskController::lookForChanges() {
+  if (std::exchange(looking_, true)) return;  // one look at a time, however slow the disk
+  startOnMainThread(*this, engine_->version(),
+                    [this](auto result) { takeVersion(std::move(result)); });
+}
+
+void DeskController::takeVersion(task::Result<std::int64_t> result) {
+  looking_ = false;
+  const QString failure = failureOf(result);
+  const QString before = std::exchange(lookingFailed_, failure);
+  if (!failure.isEmpty()) {
+    if (failure != before) {
+      showFailure("The store could not be read. " + failure + remarkOnUnrecorded());
+    }
+    return;
+  }
+  if (!before.isEmpty()) {
+    showFailure("The store is shown as it is now, after it could not be read. " + before +
+                remarkOnUnrecorded());
+  }
+  const std::int64_t version = std::move(result).take();
+  const bool isSame = std::exchange(version_, version).value_or(version) == version;
+  if (isSame && before.isEmpty()) return;
+  loadGoals();
+  if (refreshDetails_) refreshDetails_();
+}
+
+void DeskController::showFailure(const QString& text, std::function<void()> again) {
+  if (unrecorded_.empty()) {
+    display_.showNotice(text, std::move(again));
+    return;
+  }
+  display_.showNotice(text, [this, again = std::move(again)] {
+    for (const OutcomeToRecord& outcome : std::exchange(unrecorded_, {})) {
+      record(outcome, engine_->storeNumber());
+    }
+    if (again) again();
+  });
+}
+
+void DeskController::showLoadingFailure(const QString& what, const QString& failure,
+                                        std::function<void()> again) {
+  if (std::exchange(shownBefore_[what], failure) == failure) return;
+  if (!again) {
+    showFailure(what + ' ' + failure);
+    return;
+  }
+  showFailure(what + ' ' + failure, [this, what, again = std::move(again)] {
+    shownBefore_.remove(what);
+    again();
+  });
+}
+
+QString DeskController::remarkOnUnrecorded() const {
+  if (unrecorded_.empty()) return {};
+  return QString(" Outcomes that are not recorded yet: %1.").arg(unrecorded_.size());
+}
+
+}  // namespace vemra::desk

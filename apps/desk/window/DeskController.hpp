@@ -1,0 +1,95 @@
+#pragma once
+
+#include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
+#include "VemraPlatform/task/Result.hpp"
+#include "apps/desk/store/StoreEngine.hpp"
+#include "apps/desk/window/DeskDisplay.hpp"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <QHash>
+#include <QObject>
+
+namespace vemra::desk {
+
+/// The part of a host that has no widgets: it loads snapshots off the main thread, stores outcomes and
+/// loads again, looks for changes that other programs make to the store, and keeps what could not be
+/// stored until the user tries again.
+///
+/// Main thread only.
+class DeskController : public QObject {
+ public:
+  /// - Parameter display: outlives the controller.
+  DeskController(std::shared_ptr<StoreEngine> engine, DeskDisplay& display);
+
+  /// Starts to load and to look for changes; opens the goal of that id, or else the first one there is.
+  /// Call once.
+  void start(std::optional<std::string> goalID);
+
+  /// Closes the details and loads the goal, unless it is open.
+  void openGoal(const std::string& goalID);
+  /// Loads the open goal again.
+  void loadGoal();
+  /// Stores what the user recorded for a goal that is shown, and loads the open goal again. A failure is
+  /// shown, and the outcome kept: "Try again" of any notice stores it, once, under the same id.
+  ///
+  /// - Parameter store: `LoadedGoal::store` of the goal that is shown.
+  void record(const std::string& goalID, const GoalOutcomeRecordingInput& input,
+              std::uint64_t store);
+  /// Stores the sample goals and opens the first one.
+  void addSampleGoals();
+
+  /// Looks up what the store knows, now and whenever it has changed, until something else is looked up
+  /// or `closeDetails`.
+  void openPerson(const std::string& personRef);
+  void openEvidence(const std::string& evidenceID);
+  void openPath(const GoalPathCandidateDTO& path);
+  void closeDetails();
+
+ private:
+  /// Each try uses the same id, so that the outcome is recorded once.
+  struct OutcomeToRecord {
+    std::string goalID;
+    GoalOutcomeRecordingInput input;
+    std::string id;
+  };
+
+  void loadGoals();
+  void takeGoals(task::Result<std::vector<GoalListing>> result);
+  void takeGoal(const std::string& goalID, std::uint64_t store,
+                task::Result<GoalResultSnapshotV1> result);
+  void record(const OutcomeToRecord& outcome, std::uint64_t store);
+  void lookForChanges();
+  void takeVersion(task::Result<std::int64_t> result);
+
+  /// - Parameters ask, show: give the task to be started, and take its result.
+  /// - Parameter failure: the sentence before the reason when the task fails.
+  template <class Ask, class Show>
+  void lookUp(Ask ask, const QString& failure, Show show);
+
+  /// Shows a failure; trying again also records what could not be recorded so far.
+  void showFailure(const QString& text, std::function<void()> again = nullptr);
+  /// Shows that something could not be loaded; once, however often the controller tries by itself.
+  void showLoadingFailure(const QString& what, const QString& failure,
+                          std::function<void()> again = nullptr);
+  QString remarkOnUnrecorded() const;
+
+  std::shared_ptr<StoreEngine> engine_;
+  DeskDisplay& display_;
+  std::optional<std::string> goalID_;        // of the open goal
+  std::optional<std::string> shownGoalID_;   // of the goal that the display shows
+  std::uint64_t detailsRequest_ = 0;         // the last look-up
+  std::function<void()> refreshDetails_;     // looks up once more what the details show
+  std::vector<OutcomeToRecord> unrecorded_;  // those whose last try failed
+  std::optional<std::int64_t> version_;      // of the store, when it was last looked at
+  bool looking_ = false;
+  QString lookingFailed_;                // why looking for changes failed last; "" if it did not
+  QHash<QString, QString> shownBefore_;  // what could not be loaded: the reason that was shown
+};
+
+}  // namespace vemra::desk

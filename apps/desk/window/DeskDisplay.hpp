@@ -1,0 +1,52 @@
+#pragma once
+
+#include "VemraGoalEngine/GoalRecords.hpp"
+#include "VemraGoalSurface/model/GoalResultSnapshotV1.hpp"
+#include "apps/desk/store/GoalStore.hpp"
+#include "apps/desk/store/Knowledge.hpp"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <QString>
+
+namespace vemra::desk {
+
+/// A goal's result, as it was loaded.
+struct LoadedGoal {
+  std::string id;
+  GoalResultSnapshotV1 snapshot;
+  /// Of the store that the result is of (`StoreEngine::storeNumber`).
+  std::uint64_t store = 0;
+};
+
+/// What a `DeskController` shows. It is called on the main thread only.
+class DeskDisplay {
+ public:
+  /// The goals of the store in their order; `chosen` is the id of the open one, or "".
+  virtual void showGoals(const std::vector<GoalListing>& goals, const std::string& chosen) = 0;
+  /// Shows the result of the open goal, in place of the result shown so far or of a failure.
+  virtual void showGoal(LoadedGoal goal) = 0;
+  /// The open goal, which could not be loaded again, stays as it is shown.
+  virtual void keepGoal() = 0;
+  /// The open goal could not be loaded, and nothing of it is shown.
+  virtual void showFailure(const QString& reason) = 0;
+  /// A sentence beside the goal. `tryAgain`, if there is one, is offered to the user.
+  virtual void showNotice(const QString& text, std::function<void()> tryAgain) = 0;
+
+  virtual void showPerson(PersonKnowledge person) = 0;
+  virtual void showEvidence(EvidenceKnowledge evidence) = 0;
+  /// `names` are those of the people on the path, nil where a person has none.
+  virtual void showPath(const GoalPathCandidateDTO& path,
+                        const std::vector<std::optional<std::string>>& names) = 0;
+  /// Takes away the details of a person, a source or a path.
+  virtual void closeDetails() = 0;
+
+ protected:
+  ~DeskDisplay() = default;
+};
+
+}  // namespace vemra::desk

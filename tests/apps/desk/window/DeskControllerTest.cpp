@@ -1,0 +1,215 @@
+#include "apps/desk/store/SampleGoals.hpp"
+#include "apps/desk/window/DeskController.hpp"
+#include "tests/apps/TemporaryFolder.hpp"
+#include "tests/apps/desk/SampleResults.hpp"
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QThread>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace vemra::desk {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+/// Writes down what a controller shows.
+struct Written final : DeskDisplay {
+  void showGoals(const std::vector<GoalListing>& listed, const std::string& id) override {
+    goals.clear();
+    for (const GoalListing& goal : listed) goals.push_back(goal.id);
+    chosen = id;
+    ++timesListed;
+  }
+  void showGoal(LoadedGoal loaded) override {
+    goal.emplace(std::move(loaded));
+    failure.clear();
+  }
+  void keepGoal() override { ++timesKept; }
+  void showFailure(const QString& reason) override { failure = reason.toStdString(); }
+  void showNotice(const QString& text, std::function<void()> again) override {
+    notices.push_back(text.toStdString());
+    tryAgain = std::move(again);
+  }
+  void showPerson(PersonKnowledge) override { ++timesDetailed; }
+  void showEvidence(EvidenceKnowledge) override { ++timesDetailed; }
+  void showPath(const GoalPathCandidateDTO&,
+                const std::vector<std::optional<std::string>>&) override {
+    ++timesDetailed;
+  }
+  void closeDetails() override { ++timesClosed; }
+
+  std::string goalID() const { return goal ? goal->id : ""; }
+
+  std::vector<std::string> goals;
+  std::string chosen;
+  std::optional<LoadedGoal> goal;
+  std::string failure;
+  std::vector<std::string> notices;
+  std::function<void()> tryAgain;
+  int timesListed = 0, timesKept = 0, timesDetailed = 0, timesClosed = 0;
+};
+
+class DeskControllerTest : public ::testing::Test {
+ protected:
+  ~DeskControllerTest() override {
+    controller.reset();
+    engine->finish();
+  }
+
+  void start(std::optional<std::string> goalID = std::nullopt) {
+    controller = std::make_unique<DeskController>(engine, display);
+    controller->start(std::move(goalID));
+  }
+
+  /// Lets the controller work until it is so, for at most half a minute.
+  static bool becomes(const std::function<bool()>& condition) {
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < 30'000) {
+      QCoreApplication::processEvents();
+      if (condition()) return true;
+      QThread::msleep(2);
+    }
+    return false;
+  }
+
+  bool opens(const std::string& goalID) {
+    return becomes([&] { return display.goalID() == goalID; });
+  }
+
+  void import(const std::vector<GetGoalSnapshotResponse>& results) const {
+    GoalStore::open(file).import(results);
+  }
+
+  std::vector<GoalOutcomeDTO> outcomes(const std::string& goalID) const {
+    const auto result = GoalStore::open(file).result(goalID);
+    return {result.outcomes.begin(), result.outcomes.end()};
+  }
+
+  void recordForShownGoal() {
+    controller->record(
+        display.goal->id,
+        GoalOutcomeRecordingFormLogic::recordingInput(GoalOutcomeSubjectKind::person, "p1",
+                                                      GoalOutcomeValue::helped, "", std::nullopt),
+        display.goal->store);
+  }
+
+  TemporaryFolder folder;
+  std::string file = folder.file("goals.sqlite");
+  Written display;
+  std::shared_ptr<StoreEngine> engine = std::make_shared<StoreEngine>(file, usualPatience);
+  std::unique_ptr<DeskController> controller;
+};
+
+TEST_F(DeskControllerTest, OpensTheFirstGoal) {
+  import({goal("g1", "One"), goal("g2", "Two")});
+  start();
+  ASSERT_TRUE(opens("g1"));
+  EXPECT_THAT(display.goals, ElementsAre("g1", "g2"));
+  EXPECT_EQ(display.chosen, "g1");
+}
+
+TEST_F(DeskControllerTest, OpensTheGoalThatIsAskedFor) {
+  import({goal("g1", "One"), goal("g2", "Two")});
+  start("g2");
+  ASSERT_TRUE(opens("g2"));
+  EXPECT_EQ(display.chosen, "g2");
+}
+
+TEST_F(DeskControllerTest, OpensTheFirstSampleGoalOfAStoreThatHasNone) {
+  GoalStore::open(file);
+  start();
+  ASSERT_TRUE(becomes([&] { return display.timesListed > 0; }));
+  EXPECT_THAT(display.goals, IsEmpty());
+  controller->addSampleGoals();
+  EXPECT_TRUE(opens(sampleGoals().front().goal.id));
+}
+
+TEST_F(DeskControllerTest, AnotherGoalClosesTheDetails) {
+  import({goal("g1", "One"), goal("g2", "Two")});
+  start();
+  ASSERT_TRUE(opens("g1"));
+  controller->openGoal("g1");
+  EXPECT_EQ(display.timesClosed, 0) << "it is open";
+  controller->openGoal("g2");
+  EXPECT_EQ(display.timesClosed, 1);
+  EXPECT_TRUE(opens("g2"));
+}
+
+TEST_F(DeskControllerTest, ARecordedOutcomeComesBackInTheGoal) {
+  import({goal("g1", "One")});
+  start();
+  ASSERT_TRUE(opens("g1"));
+  const GoalResultSnapshotV1 before = display.goal->snapshot;
+  recordForShownGoal();
+  EXPECT_TRUE(becomes([&] { return !(display.goal->snapshot == before); }));
+  EXPECT_EQ(outcomes("g1").size(), 1u);
+  EXPECT_THAT(display.notices, IsEmpty());
+}
+
+TEST_F(DeskControllerTest, AnOutcomeThatCouldNotBeStoredIsStoredOnceByTryingAgain) {
+  import({goal("g1", "One")});
+  start();
+  ASSERT_TRUE(opens("g1"));
+  const auto isNoticed = [&](const char* text) {
+    return becomes([&] {
+      return !display.notices.empty() && display.notices.back().find(text) != std::string::npos;
+    });
+  };
+  std::filesystem::remove(file);
+  ASSERT_TRUE(isNoticed("could not be read"));
+  recordForShownGoal();
+  ASSERT_TRUE(isNoticed("The outcome was not recorded."));
+  import({goal("g1", "One")});
+  ASSERT_TRUE(isNoticed("is shown as it is now")) << display.notices.back();
+  EXPECT_THAT(display.notices.back(), HasSubstr("Outcomes that are not recorded yet: 1."));
+  EXPECT_THAT(outcomes("g1"), IsEmpty());
+  display.tryAgain();
+  EXPECT_TRUE(becomes([&] { return outcomes("g1").size() == 1; }));
+}
+
+TEST_F(DeskControllerTest, ShowsWhatAnotherProgramChanges) {
+  import({goal("g1", "One")});
+  start();
+  ASSERT_TRUE(opens("g1"));
+  import({goal("g2", "Two")});
+  EXPECT_TRUE(becomes([&] { return display.goals.size() == 2; }));
+  EXPECT_EQ(display.goalID(), "g1") << "the open goal stays open";
+}
+
+TEST_F(DeskControllerTest, AGoalThatIsNotThereIsAFailureInPlaceOfTheGoal) {
+  import({goal("g1", "One")});
+  start("g9");
+  ASSERT_TRUE(becomes([&] { return !display.failure.empty(); }));
+  EXPECT_THAT(display.failure, HasSubstr("g9"));
+  EXPECT_EQ(display.goalID(), "");
+  EXPECT_EQ(display.timesKept, 0);
+}
+
+TEST_F(DeskControllerTest, DetailsAreLookedUpAgainWhenTheStoreChangesUntilTheyAreClosed) {
+  import({goal("g1", "One")});
+  start();
+  ASSERT_TRUE(opens("g1"));
+  controller->openPerson("p1");
+  ASSERT_TRUE(becomes([&] { return display.timesDetailed == 1; }));
+  import({goal("g2", "Two")});
+  ASSERT_TRUE(becomes([&] { return display.timesDetailed == 2; }));
+  controller->closeDetails();
+  import({goal("g3", "Three")});
+  ASSERT_TRUE(becomes([&] { return display.goals.size() == 3; }));
+  EXPECT_EQ(display.timesDetailed, 2);
+}
+
+}  // namespace
+}  // namespace vemra::desk
