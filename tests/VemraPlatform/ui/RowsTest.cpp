@@ -106,7 +106,7 @@ TEST_F(RowsTest, ARendererGetsTheIdsOfEveryNewListOnce) {
   EXPECT_EQ(window.lists.size(), 0U) << "these are the same rows";
   window.take();
   graph.setRoot(Group({list(numbered(5)), list(numbered(2))}));
-  EXPECT_EQ(window.lists.size(), 2U) << "rows that nobody has described may differ";
+  EXPECT_EQ(window.lists.size(), 2U) << "rows that were not described may differ";
   EXPECT_TRUE(window.take().empty()) << "nothing that is shown has changed";
 }
 
