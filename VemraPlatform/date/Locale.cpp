@@ -63,7 +63,7 @@ std::string systemLocale() {
   if (!said) return "en_US_POSIX";
   // Some write keywords or an extension there; ICU has them and POSIX does not.
   if (isKnownLocale(*said)) return *said;
-  if (const std::string locale = withKeywords(*said); isKnownLocale(locale)) return locale;
+  if (std::string locale = withKeywords(*said); isKnownLocale(locale)) return locale;
   std::string locale = withoutEncoding(*said);
   if (locale == "C" || locale == "POSIX") return "en_US_POSIX";
   while (!locale.empty() && !isKnownLocale(locale)) {

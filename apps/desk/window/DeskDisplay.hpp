@@ -29,7 +29,7 @@ class DeskDisplay {
   /// The goals of the store in their order; `chosen` is the id of the open one, or "".
   virtual void showGoals(const std::vector<GoalListing>& goals, const std::string& chosen) = 0;
   /// Shows the result of the open goal, in place of the result shown so far or of a failure.
-  virtual void showGoal(LoadedGoal goal) = 0;
+  virtual void showGoal(const LoadedGoal& goal) = 0;
   /// The open goal, which could not be loaded again, stays as it is shown.
   virtual void keepGoal() = 0;
   /// The open goal could not be loaded, and nothing of it is shown.

@@ -78,10 +78,9 @@ void DeskWindow::showGoals(const std::vector<GoalListing>& goals, const std::str
   }
 }
 
-void DeskWindow::showGoal(LoadedGoal goal) {
+void DeskWindow::showGoal(const LoadedGoal& goal) {
   const ui::View view = GoalResultView(
-      std::move(goal.snapshot),
-      [this](const std::string& personRef) { controller_.openPerson(personRef); },
+      goal.snapshot, [this](const std::string& personRef) { controller_.openPerson(personRef); },
       [this](const std::string& evidenceID) { controller_.openEvidence(evidenceID); },
       [this](const GoalPathCandidateDTO& path) { controller_.openPath(path); },
       [this, id = goal.id, store = goal.store](const GoalOutcomeRecordingInput& input) {

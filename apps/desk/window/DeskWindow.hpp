@@ -42,7 +42,7 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   QWidget* makePanes();
 
   void showGoals(const std::vector<GoalListing>& goals, const std::string& chosen) override;
-  void showGoal(LoadedGoal goal) override;
+  void showGoal(const LoadedGoal& goal) override;
   void keepGoal() override;
   void showFailure(const QString& reason) override;
   void showNotice(const QString& text, std::function<void()> tryAgain) override;

@@ -31,8 +31,8 @@ struct Written final : DeskDisplay {
     chosen = id;
     ++timesListed;
   }
-  void showGoal(LoadedGoal loaded) override {
-    goal.emplace(std::move(loaded));
+  void showGoal(const LoadedGoal& loaded) override {
+    goal = loaded;
     failure.clear();
   }
   void keepGoal() override { ++timesKept; }
