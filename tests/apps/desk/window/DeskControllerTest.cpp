@@ -2,6 +2,7 @@
 #include "apps/desk/window/DeskController.hpp"
 #include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/window/Becomes.hpp"
 
 #include <filesystem>
 #include <functional>
@@ -10,9 +11,6 @@
 #include <string>
 #include <vector>
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QThread>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -70,18 +68,6 @@ class DeskControllerTest : public ::testing::Test {
   void start(std::optional<std::string> goalID = std::nullopt) {
     controller = std::make_unique<DeskController>(engine, display);
     controller->start(std::move(goalID));
-  }
-
-  /// Lets the controller work until it is so, for at most half a minute.
-  static bool becomes(const std::function<bool()>& condition) {
-    QElapsedTimer timer;
-    timer.start();
-    while (timer.elapsed() < 30'000) {
-      QCoreApplication::processEvents();
-      if (condition()) return true;
-      QThread::msleep(2);
-    }
-    return false;
   }
 
   bool opens(const std::string& goalID) {

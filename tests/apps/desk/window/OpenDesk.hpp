@@ -7,6 +7,7 @@
 #include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RunDesk.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/window/Becomes.hpp"
 
 #include <functional>
 #include <memory>
@@ -39,18 +40,6 @@ class OpenDesk : public testing::Test {
     window.reset();
     if (engine) engine->finish();
     engine.reset();
-  }
-
-  /// Lets the window work until it is so, for at most half a minute.
-  static bool becomes(const std::function<bool()>& condition) {
-    QElapsedTimer timer;
-    timer.start();
-    while (timer.elapsed() < 30'000) {
-      QApplication::processEvents();
-      if (condition()) return true;
-      QThread::msleep(5);
-    }
-    return false;
   }
 
   /// Lets the window work for a while, for what must not happen.
