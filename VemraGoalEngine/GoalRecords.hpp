@@ -2,7 +2,7 @@
 
 #include "VemraGoalEngine/GoalOutcomeValue.hpp"
 #include "VemraGoalEngine/GoalWhyDTO.hpp"
-#include "VemraGoalEngine/SharedArray.hpp"
+#include "VemraPlatform/base/SharedArray.hpp"
 #include "VemraPlatform/Export.hpp"
 
 #include <cstddef>

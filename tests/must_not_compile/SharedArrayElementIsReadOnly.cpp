@@ -1,4 +1,4 @@
-#include "VemraGoalEngine/SharedArray.hpp"
+#include "VemraPlatform/base/SharedArray.hpp"
 
 void tryToReplaceAnElement(vemra::SharedArray<std::string>& refs) {
   static_cast<void>(refs[0]);

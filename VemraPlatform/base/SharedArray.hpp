@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VemraGoalEngine/ArrayAllocator.hpp"
+#include "VemraPlatform/base/ArrayAllocator.hpp"
 #include "VemraPlatform/text/Equality.hpp"
 
 #include <cstddef>

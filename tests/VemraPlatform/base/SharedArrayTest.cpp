@@ -1,4 +1,4 @@
-#include "VemraGoalEngine/SharedArray.hpp"
+#include "VemraPlatform/base/SharedArray.hpp"
 
 #include <cstddef>
 #include <cstdint>
