@@ -3,25 +3,16 @@
 #include <ostream>
 #include <string>
 
-namespace CLI {
-class App;
-class ParseError;
-}  // namespace CLI
-
 namespace vemra::commandline {
 
-/// A command line that asks for nothing to be done: the exit code and what is to be said.
+/// What a program writes for a command line that asks for nothing to be done, and its exit code.
 struct Farewell {
-  int exitCode = 0;
+  int exitCode = 0;        ///< 0 for help and the version, 2 for a mistake
   std::string output;      ///< for standard output
   std::string diagnostic;  ///< for standard error
 };
 
-/// What is said where the parser ended by throwing: 0 and the help that was asked for, or 2 and
-/// what is wrong with the command line.
-Farewell farewellOf(const CLI::App& app, const CLI::ParseError& error);
-
-/// Says it. Returns the exit code.
+/// Writes the texts of the farewell. Returns the exit code.
 int say(const Farewell& farewell, std::ostream& output, std::ostream& diagnostics);
 
 }  // namespace vemra::commandline

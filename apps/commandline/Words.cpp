@@ -1,9 +1,7 @@
 #include "apps/commandline/Words.hpp"
 
 #include <algorithm>
-#include <utility>
-
-#include <CLI/CLI.hpp>
+#include <string_view>
 
 namespace vemra::commandline {
 
@@ -12,26 +10,21 @@ std::vector<std::string> wordsOf(int argumentCount, const char* const* arguments
 }
 
 std::vector<std::string> withEmptyValues(const std::vector<std::string>& words,
-                                         std::initializer_list<std::string_view> options) {
-  std::vector<std::string> mended;
+                                         const std::vector<std::string>& options) {
+  std::vector<std::string> completed;
   bool optionsEnded = false;
   for (const std::string& word : words) {
     optionsEnded |= word == "--";
     const std::string_view name = std::string_view(word).substr(0, word.find('='));
     const bool hasEmptyValue = name.size() + 1 == word.size();
     if (!optionsEnded && hasEmptyValue && std::ranges::find(options, name) != options.end()) {
-      mended.emplace_back(name);
-      mended.emplace_back();
+      completed.emplace_back(name);
+      completed.emplace_back();
     } else {
-      mended.push_back(word);
+      completed.push_back(word);
     }
   }
-  return mended;
-}
-
-void parse(CLI::App& app, std::vector<std::string> words) {
-  std::ranges::reverse(words);  // it takes them from the back
-  app.parse(std::move(words));
+  return completed;
 }
 
 }  // namespace vemra::commandline

@@ -1,13 +1,7 @@
 #pragma once
 
-#include <initializer_list>
 #include <string>
-#include <string_view>
 #include <vector>
-
-namespace CLI {
-class App;
-}
 
 namespace vemra::commandline {
 
@@ -19,9 +13,6 @@ std::vector<std::string> wordsOf(int argumentCount, const char* const* arguments
 /// The parser would take `--x=` for an option whose value comes next; to the user it is an empty
 /// value.
 std::vector<std::string> withEmptyValues(const std::vector<std::string>& words,
-                                         std::initializer_list<std::string_view> options);
-
-/// Lets the parser read the words. Throws its `CLI::ParseError`.
-void parse(CLI::App& app, std::vector<std::string> words);
+                                         const std::vector<std::string>& options);
 
 }  // namespace vemra::commandline

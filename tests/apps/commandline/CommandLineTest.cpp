@@ -1,0 +1,127 @@
+#include "apps/commandline/CommandLine.hpp"
+#include "apps/commandline/Version.hpp"
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace vemra::commandline {
+namespace {
+
+using Words = std::vector<std::string>;
+
+/// A program with a word, a flag and an option; its command takes the same option, and words.
+class CommandLineTest : public testing::Test {
+ protected:
+  CommandLineTest() {
+    Syntax program = line.syntax();
+    program.flag("--loud", isLoud, "Be loud");
+    program.option("--name", "NAME", name, "A name");
+    Syntax command = line.command("add", "Add files", [this] { isChosen = true; });
+    command.option("--name", "NAME", name, "A name");
+    command.words("FILE", files, "Files");
+  }
+
+  /// What the words end with; exit code -1 where they were read.
+  Farewell ending(const Words& words) {
+    try {
+      line.read(words);
+    } catch (const Ending& ending) {
+      return ending.farewell;
+    }
+    return {-1, "", ""};
+  }
+
+  CommandLine line{"program", "Does something."};
+  bool isLoud = false, isChosen = false;
+  std::optional<std::string> name;
+  Words files;
+};
+
+TEST_F(CommandLineTest, readsFlagsOptionsAndTheWordsOfACommandInTheirOrder) {
+  line.read({"--loud", "add", "b", "--name", "n", "a"});
+  EXPECT_TRUE(isLoud);
+  EXPECT_TRUE(isChosen);
+  EXPECT_EQ(name, "n");
+  EXPECT_EQ(files, (Words{"b", "a"}));
+}
+
+TEST_F(CommandLineTest, leavesWhatIsNotGiven) {
+  line.read({});
+  EXPECT_FALSE(isLoud);
+  EXPECT_FALSE(isChosen);
+  EXPECT_EQ(name, std::nullopt);
+}
+
+TEST_F(CommandLineTest, anOptionMayHaveAnEmptyValue) {
+  line.read({"--name="});
+  EXPECT_EQ(name, "");
+}
+
+TEST_F(CommandLineTest, anOptionMayStandBeforeACommandOrBehindItButOnce) {
+  line.read({"--name", "n", "add", "a"});
+  EXPECT_EQ(name, "n");
+  const Farewell farewell = ending({"--name", "n", "add", "--name", "m", "a"});
+  EXPECT_EQ(farewell.exitCode, 2);
+  EXPECT_NE(farewell.diagnostic.find("--name: is given twice"), std::string::npos)
+      << farewell.diagnostic;
+}
+
+TEST_F(CommandLineTest, aFlagTakesNoValue) {
+  for (const char* const word : {"--loud=0", "--loud=true", "--loud="}) {
+    const Farewell farewell = ending({word});
+    EXPECT_EQ(farewell.exitCode, 2);
+    EXPECT_NE(farewell.diagnostic.find("--loud: takes no value"), std::string::npos)
+        << farewell.diagnostic;
+  }
+  line.read({"add", "--", "--loud=0"});
+  EXPECT_EQ(files, Words{"--loud=0"}) << "behind -- it is a word";
+}
+
+TEST(CommandLineWordTest, aWordMustBeThere) {
+  CommandLine line("program", "Does something.");
+  std::string file;
+  line.syntax().word("FILE", file, "A file");
+  try {
+    line.read({});
+    FAIL() << "FILE is required";
+  } catch (const Ending& ending) {
+    EXPECT_EQ(ending.farewell.exitCode, 2);
+    EXPECT_NE(ending.farewell.diagnostic.find("FILE is required"), std::string::npos);
+  }
+  line.read({"a"});
+  EXPECT_EQ(file, "a");
+}
+
+TEST_F(CommandLineTest, theVersionStandsBehindTheProgramsName) {
+  const Farewell farewell = ending({"--version", "add"});
+  EXPECT_EQ(farewell.exitCode, 0);
+  EXPECT_EQ(farewell.output, "program " + version() + "\n");
+  EXPECT_EQ(farewell.diagnostic, "");
+}
+
+TEST_F(CommandLineTest, helpEndsWithZeroAndAMistakeWithTwo) {
+  const Farewell help = ending({"--help"});
+  EXPECT_EQ(help.exitCode, 0);
+  EXPECT_NE(help.output.find("Does something."), std::string::npos);
+  EXPECT_EQ(help.diagnostic, "");
+  const Farewell mistake = ending({"--nothing"});
+  EXPECT_EQ(mistake.exitCode, 2);
+  EXPECT_EQ(mistake.output, "");
+  EXPECT_NE(mistake.diagnostic.find("--nothing"), std::string::npos) << mistake.diagnostic;
+  const Farewell own = line.mistake("--name: is too long").farewell;
+  EXPECT_EQ(own.exitCode, 2);
+  EXPECT_EQ(own.diagnostic.rfind("--name: is too long\n", 0), 0u) << own.diagnostic;
+}
+
+TEST(FarewellTest, isWrittenToBothStreams) {
+  std::ostringstream output, diagnostics;
+  EXPECT_EQ(say({2, "out", "wrong"}, output, diagnostics), 2);
+  EXPECT_EQ(output.str(), "out");
+  EXPECT_EQ(diagnostics.str(), "wrong");
+}
+
+}  // namespace
+}  // namespace vemra::commandline
