@@ -42,7 +42,6 @@ void ViewWidget::prepare() {
   viewport()->setAutoFillBackground(true);
   page_ = std::make_unique<Page>(*this, graph_);
   accessible_ = std::make_unique<AccessibleTree>(*this, *page_);
-  applyLooks();
   page_->attach();
   connect(qApp, &QGuiApplication::layoutDirectionChanged, this, [this] { followSystem(); });
 }
@@ -54,12 +53,8 @@ void ViewWidget::setRoot(ui::View root) {
 
 void ViewWidget::setEnvironment(ui::Environment environment) {
   followsSystem_ = false;
-  page_->errors().hostCall([&] { graph_.setEnvironment(environment); }, [this] { applyLooks(); });
-  // From inside an action the graph takes the environment up when that has ended.
-  if (!(graph_.environment() == environment)) {
-    QMetaObject::invokeMethod(
-        this, [this] { applyLooks(); }, Qt::QueuedConnection);
-  }
+  page_->errors().hostCall([&] { graph_.setEnvironment(std::move(environment)); },
+                           [this] { page_->settleIfNeeded(); });
 }
 
 void ViewWidget::runAsHostCall(const std::function<void()>& work) {
@@ -86,20 +81,6 @@ void ViewWidget::followSystem() {
   if (followsSystem_) {
     page_->errors().attempt([this] { graph_.setEnvironment(systemEnvironment()); });
   }
-  applyLooks();
-}
-
-void ViewWidget::applyLooks() {
-  if (applyingLooks_) return;
-  const QScopedValueRollback<bool> applying(applyingLooks_, true);
-  const ui::Environment& environment = graph_.environment();
-  setLayoutDirection(environment.layoutDirection == ui::LayoutDirection::rightToLeft
-                         ? Qt::RightToLeft
-                         : Qt::LeftToRight);
-  // The widget inherits the system's own palette, so Qt applies later changes to it.
-  const QPalette system = QApplication::palette();
-  const bool fits = colorSchemeOf(system) == environment.colorScheme;
-  setPalette(fits ? QPalette() : Looks(font(), system, environment).palette());
   page_->restyle();
 }
 
@@ -116,11 +97,11 @@ bool ViewWidget::event(QEvent* event) {
     case QEvent::ApplicationPaletteChange:
     case QEvent::PaletteChange:
     case QEvent::LocaleChange:
-      if (page_ && !applyingLooks_) followSystem();
+      if (page_ && !page_->isRestyling()) followSystem();
       break;
     case QEvent::FontChange:
     case QEvent::StyleChange:
-      if (page_ && !applyingLooks_) applyLooks();
+      if (page_) page_->restyle();
       break;
     default:
       break;

@@ -30,16 +30,16 @@ class Page;
 /// Neither an action of the tree nor a handler of its accessibility events may destroy the widget:
 /// that stops the process. Both may call `deleteLater` or close the widget's window.
 ///
-/// Until the host calls `setEnvironment`, the widget follows the system: its palette, its direction
-/// and the user's locale and time zone. Main thread only.
+/// A widget that owns its graph follows the system until the host calls `setEnvironment`: its
+/// palette, its direction and the user's locale and time zone. Main thread only.
 class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   Q_OBJECT
 
  public:
   /// Owns its view graph.
   explicit ViewWidget(QWidget* parent = nullptr);
-  /// Shows a view graph that the caller owns and that outlives the widget. The caller may set roots
-  /// on the graph, but must set the environment on the widget.
+  /// Shows a view graph that the caller owns and that outlives the widget, in the graph's
+  /// environment. The caller may set roots and environments on the graph.
   explicit ViewWidget(ui::ViewGraph& graph, QWidget* parent = nullptr);
   ~ViewWidget() override;
 
@@ -73,14 +73,12 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
 
   void prepare();
   void followSystem();
-  void applyLooks();
 
   std::unique_ptr<ui::ViewGraph> ownGraph_;
   ui::ViewGraph& graph_;
   std::unique_ptr<Page> page_;
   std::unique_ptr<AccessibleTree> accessible_;
   bool followsSystem_ = true;
-  bool applyingLooks_ = false;
   bool leaving_ = false;
   bool inEvent_ = false, resized_ = false;
 };

@@ -98,7 +98,6 @@ void Viewport::show(ui::View root) {
 
 void Viewport::setEnvironment(ui::Environment environment) {
   call([&] { graph_.setEnvironment(std::move(environment)); });
-  call([&] { page_.restyled(); });
 }
 
 void Viewport::resize(page::Size size) {
@@ -109,7 +108,7 @@ void Viewport::resize(page::Size size) {
 
 std::string Viewport::text() const {
   Cells cells(size_);
-  const bool rightToLeft = graph_.environment().layoutDirection == ui::LayoutDirection::rightToLeft;
+  const bool rightToLeft = page_.environment().layoutDirection == ui::LayoutDirection::rightToLeft;
   for (const auto& [id, frame] : drawn_) {
     const page::Node* const leaf = page_.tree().find(id);
     if (!leaf) continue;

@@ -45,13 +45,23 @@ Viewport Page::viewport() const {
 
 void Page::apply(const ui::Changes& changes) {
   // Note the anchor before the first patch, which makes all frames wrong.
-  if (!pass_ || !pass_->anchor) beginPass(Anchor::Reason::changed);
+  if (!pass_ || !pass_->anchor) {
+    beginPass(changes.environment ? Anchor::Reason::resized : Anchor::Reason::changed);
+  }
   ++version_;
   attempt([&] { tree_.apply(changes); });
+  if (changes.environment) takeEnvironment(*changes.environment);
   host_.patched(changes);
   if (filling_) return;
   const During inGraph(inGraph_, true);
   settle();
+}
+
+void Page::takeEnvironment(const ui::Environment& environment) {
+  environment_ = environment;
+  tree_.invalidateAll();
+  const During filling(filling_, true);  // the pass that follows uses the host's new sizes
+  host_.environmentChanged(environment_);
 }
 
 void Page::resized() {

@@ -80,8 +80,10 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   void revealRow(ui::NodeID list, std::size_t index);
 
   const WindowedTree& tree() const { return tree_; }
+  /// The environment of the shown tree; the default one until the graph's first changes.
+  const ui::Environment& environment() const { return environment_; }
   /// Where everything is, as of the last pass.
-  Frames frames() const { return {tree_, graph_.environment().layoutDirection, host_.grid()}; }
+  Frames frames() const { return {tree_, environment_.layoutDirection, host_.grid()}; }
   Viewport viewport() const;
   int contentHeight() const { return tree_.root() ? tree_.root()->size.height : 0; }
   /// A number that changes whenever the nodes change.
@@ -95,6 +97,7 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   };
 
   void beginPass(Anchor::Reason reason);
+  void takeEnvironment(const ui::Environment& environment);
   bool fill();
   void layout();
   void takeAnchorPosition();
@@ -124,6 +127,7 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   PageHost& host_;
   Margins margins_;
   WindowedTree tree_;
+  ui::Environment environment_;
   int position_ = 0;
   int maximum_ = 0;
   std::uint64_t version_ = 0;

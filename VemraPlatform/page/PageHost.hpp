@@ -36,6 +36,11 @@ class VEMRA_EXPORT PageHost : public LeafMetrics {
   /// position changes.
   virtual void scrollTo(int position) = 0;
 
+  /// The tree has another environment: the host takes its reading direction, its colour scheme and
+  /// its text scale. Called for the first environment too, and before the leaves are measured again.
+  /// May change `viewportSize`. Needs no call of `Page::restyled`.
+  virtual void environmentChanged(const ui::Environment&) {}
+
   /// Draws the placed leaves at their present frames, and stops drawing the released ones.
   virtual void place(const Placements& placements) = 0;
   /// The node and its subtree are about to be removed; all are still in their places.

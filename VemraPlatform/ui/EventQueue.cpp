@@ -146,7 +146,7 @@ void EventQueue::runPass() {
     abandon();
   }
   try {
-    reconciler_.patches().flush(reconciler_.root(), reconciler_.work());
+    reconciler_.patches().flush(reconciler_.root(), reconciler_.environment(), reconciler_.work());
   } catch (...) {
     errors_.remember();
   }

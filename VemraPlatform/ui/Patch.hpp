@@ -2,6 +2,7 @@
 
 #include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/Element.hpp"
+#include "VemraPlatform/ui/Environment.hpp"
 #include "VemraPlatform/ui/NodeID.hpp"
 #include "VemraPlatform/ui/RowIDs.hpp"
 
@@ -50,6 +51,10 @@ struct Changes {
   /// The lists that have changed, in their state after all patches: each list that is new or has
   /// new rows, and each list with a child that is new or has another index among all rows.
   std::vector<ListRows> lists = {};
+  /// The environment of the tree, when it is another than in the renderer's previous changes; always
+  /// in a renderer's first changes. Read the reading direction, the colour scheme and the text scale
+  /// here: patches report only what the environment changes in elements, such as translations.
+  std::optional<Environment> environment = {};
 };
 
 /// Which rows of a `ForEach` a renderer needs.

@@ -72,6 +72,7 @@ bool PatchRecorder::connect(Renderer* next, const Node* root, FirstError& errors
       errors.remember();
     }
   }
+  environmentChanged_ = true;  // the next renderer does not know any environment yet
   if (renderer_ && root) recordTree(*root, {});
   return true;
 }
@@ -81,9 +82,11 @@ void PatchRecorder::disconnect() {
   shownRoot_ = {};
 }
 
-void PatchRecorder::flush(const Node* root, WorkCount& work) {
-  const Changes changes{std::exchange(patches_, {}), takeLists()};
-  if (!renderer_ || (changes.patches.empty() && changes.lists.empty())) return;
+void PatchRecorder::flush(const Node* root, const Environment& environment, WorkCount& work) {
+  Changes changes{std::exchange(patches_, {}), takeLists()};
+  if (std::exchange(environmentChanged_, false)) changes.environment = environment;
+  const bool isEmpty = changes.patches.empty() && changes.lists.empty() && !changes.environment;
+  if (!renderer_ || isEmpty) return;
   shownRoot_ = root ? root->id : NodeID{};
   work.patches += changes.patches.size();
   renderer_->apply(changes);

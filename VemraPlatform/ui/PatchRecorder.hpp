@@ -36,6 +36,8 @@ class PatchRecorder {
   void recordTree(const Node& node, NodeID after);
   /// Records that a list has new rows, or that its children have other indexes among all rows.
   void recordRows(const Node& list, Emission emission);
+  /// Records that the tree has another environment.
+  void recordEnvironment() { environmentChanged_ = true; }
 
   /// Replaces the present renderer, which gets a `remove` of the root that it shows.
   ///
@@ -48,7 +50,7 @@ class PatchRecorder {
   /// Hands the changes to the renderer. Rethrows the renderer's exceptions.
   ///
   /// - Parameter root: the root that the renderer shows after these changes, or nullptr.
-  void flush(const Node* root, WorkCount& work);
+  void flush(const Node* root, const Environment& environment, WorkCount& work);
   /// Drops the changes of this pass and records the removal of the root that the renderer shows.
   void abandon();
 
@@ -59,6 +61,7 @@ class PatchRecorder {
   NodeID shownRoot_;
   std::vector<Patch> patches_;
   std::vector<const Node*> lists_;  // in this pass; may contain removed lists and repetitions
+  bool environmentChanged_ = false;
 };
 
 }  // namespace vemra::ui

@@ -59,6 +59,11 @@ std::vector<NodeID> idsOf(const std::vector<Node*>& nodes) {
 Reconciler::Reconciler(StateCell::Owner& states, FirstError& errors, Environment environment)
     : states_(states), errors_(errors), environment_(std::move(environment)) {}
 
+void Reconciler::setEnvironment(Environment environment) {
+  if (!(environment == environment_)) patches_.recordEnvironment();
+  environment_ = std::move(environment);
+}
+
 void Reconciler::setRoot(View root) {
   rootView_ = std::move(root);
   const Emission emission = patches_.emissionAtRoot();

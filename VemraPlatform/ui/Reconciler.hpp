@@ -31,7 +31,7 @@ class Reconciler {
   Reconciler(StateCell::Owner& states, FirstError& errors, Environment environment);
 
   const Environment& environment() const { return environment_; }
-  void setEnvironment(Environment environment) { environment_ = std::move(environment); }
+  void setEnvironment(Environment environment);
 
   const Node* root() const { return root_; }
   const View& rootView() const { return rootView_; }

@@ -3,6 +3,8 @@
 #include <utility>
 
 #include <QAbstractScrollArea>
+#include <QApplication>
+#include <QScopedValueRollback>
 
 namespace vemra::qt {
 
@@ -60,9 +62,22 @@ void Page::deliver(ui::NodeID node, ui::Event event) {
 }
 
 void Page::restyle() {
-  context_.looks = Looks(area_.font(), area_.palette(), graph_.environment());
-  pool_.restyle();
+  if (restyling_) return;
+  environmentChanged(page_.environment());
   page_.restyled();
+}
+
+void Page::environmentChanged(const ui::Environment& environment) {
+  const QScopedValueRollback<bool> restyling(restyling_, true);
+  area_.setLayoutDirection(environment.layoutDirection == ui::LayoutDirection::rightToLeft
+                               ? Qt::RightToLeft
+                               : Qt::LeftToRight);
+  // The area inherits the system's own palette, so Qt applies later changes to it.
+  const QPalette system = QApplication::palette();
+  const bool fits = colorSchemeOf(system) == environment.colorScheme;
+  area_.setPalette(fits ? QPalette() : Looks(area_.font(), system, environment).palette());
+  context_.looks = Looks(area_.font(), area_.palette(), environment);
+  pool_.restyle();
 }
 
 bool Page::focusNext(bool forward) {

@@ -38,8 +38,10 @@ class Page final : public EventSink, private page::PageHost {
   /// tests.
   std::function<void(ui::NodeID, const ui::Event&)> onDeliver;
 
-  /// Call it when fonts, colours, style or environment have changed.
+  /// Call it when fonts, colours or style have changed. Does nothing when `isRestyling`.
   void restyle();
+  /// Whether the page itself is changing the palette and the direction of its area now.
+  bool isRestyling() const { return restyling_; }
   void resized() { page_.resized(); }
   void scrolled();
   void shown() { page_.settle(); }
@@ -87,6 +89,7 @@ class Page final : public EventSink, private page::PageHost {
   page::Size viewportSize() const override;
   void showScrollRange(int maximum, int position) override;
   void expectScrolling() override { showScrollBar(true); }
+  void environmentChanged(const ui::Environment& environment) override;
   void scrollTo(int position) override;
   void place(const page::Placements& placements) override;
   void removing(page::Node& node) override;
@@ -112,6 +115,7 @@ class Page final : public EventSink, private page::PageHost {
   PageObserver* observer_ = nullptr;
   ElementWidget* orphan_ = nullptr;  ///< has the focus, but its element has gone
   bool settingScroll_ = false;
+  bool restyling_ = false;
 };
 
 }  // namespace vemra::qt

@@ -46,8 +46,20 @@ TEST(LiveLooks, AnEnvironmentThatAnActionSetsIsTakenUp) {
   QApplication::processEvents();
   ASSERT_GT(widget.palette().color(QPalette::Base).lightness(), 200);
   widget.findChild<QPushButton*>()->click();
-  QApplication::processEvents();
   EXPECT_LT(widget.palette().color(QPalette::Base).lightness(), 60);
+}
+
+TEST(LiveLooks, AnEnvironmentThatTheGraphsOwnerSetsIsTakenUp) {
+  ui::ViewGraph graph;
+  graph.setRoot(ui::Text("x"));
+  qt::ViewWidget widget(graph);
+  ui::Environment environment;
+  environment.colorScheme = ui::ColorScheme::dark;
+  environment.layoutDirection = ui::LayoutDirection::rightToLeft;
+  graph.setEnvironment(environment);
+  EXPECT_LT(widget.palette().color(QPalette::Base).lightness(), 60);
+  EXPECT_EQ(widget.layoutDirection(), Qt::RightToLeft);
+  EXPECT_GT(pageOf(widget).looks().text(ui::ForegroundStyle::primary).lightness(), 200);
 }
 
 TEST(LiveLooks, AWindowThatFollowsTheSystemTurnsDarkAndHighContrastWithIt) {

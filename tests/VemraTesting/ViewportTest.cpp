@@ -3,6 +3,7 @@
 #include "tests/VemraTesting/Questionnaire.hpp"
 
 #include <cstddef>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -145,6 +146,19 @@ TEST(Viewport, aRightToLeftPageIsMirrored) {
   EXPECT_EQ(screen.text(),
             "      שלום\n"
             "    [OK] a\n");
+}
+
+TEST(Viewport, anActionMaySetTheEnvironment) {
+  std::function<void()> turn;
+  Viewport screen(Button("Turn", [&] { turn(); }), {12, 1});
+  turn = [&] {
+    Environment environment;
+    environment.layoutDirection = LayoutDirection::rightToLeft;
+    screen.setEnvironment(environment);
+  };
+  screen.tab();
+  screen.press();
+  EXPECT_EQ(screen.text(), "      >Turn<\n");
 }
 
 TEST(Viewport, linesBeginAtTheRightEdgeOfARightToLeftPage) {

@@ -39,6 +39,10 @@ class CellHost final : public PageHost {
     position = clamped;
     page.scrolled(clamped);
   }
+  void environmentChanged(const ui::Environment& environment) override {
+    if (followsTextScale) scale = static_cast<int>(environment.textScale);
+    environments.push_back(environment);
+  }
   void place(const Placements& placements) override {
     for (const Node* leaf : placements.released) drawn.erase(leaf->id);
     for (const Placement& each : placements.placed) drawn[each.leaf->id] = each.frame;
@@ -76,6 +80,7 @@ class CellHost final : public PageHost {
   Size size{200, 300};
   Size bar{10, 0};  ///< what the scroll bar takes of it
   int scale = 1;
+  bool followsTextScale = false;
   bool isSeen = true;
   bool refusesFocus = false;
   int refused = 0;  ///< how often it refused the focus
@@ -87,6 +92,7 @@ class CellHost final : public PageHost {
   bool landedWell = true;                 ///< each of those was there and enabled
   std::uint64_t placed = 0;               ///< leaves drawn, in all passes together
   int measured = 0, rests = 0, vain = 0;  ///< `vain`: how often no control took a lost focus
+  std::vector<ui::Environment> environments;
   std::vector<std::exception_ptr> errors;
 
  private:

@@ -73,6 +73,28 @@ ui::View ofManyHeights(const std::string& id) {
 
 }  // namespace
 
+TEST_F(PageTest, AnotherEnvironmentReachesTheHostBeforeTheLeavesAreMeasuredAgain) {
+  show(rows(""));
+  scrollTo(200);
+  ASSERT_EQ(host.environments, std::vector{ui::Environment{}}) << "the first one";
+  const Node* const seen = firstSeen();
+  const std::string name = nameOf(*seen);
+  const int before = top(name);
+  const int height = host.page.frames().of(*seen).height;
+  ui::Environment large;
+  large.textScale = 3;
+  large.layoutDirection = ui::LayoutDirection::rightToLeft;
+  host.followsTextScale = true;
+  graph.setEnvironment(large);
+  EXPECT_EQ(host.environments.back(), large);
+  EXPECT_EQ(host.page.environment(), large);
+  ASSERT_TRUE(find(name));
+  EXPECT_EQ(host.page.frames().of(*find(name)).height, 3 * height);
+  EXPECT_EQ(top(name), before) << "the first row in view stays where it is";
+  const Rect frame = host.page.frames().of(*find(name));
+  EXPECT_EQ(frame.right(), host.page.tree().root()->measuredWidth) << "mirrored";
+}
+
 TEST_F(PageTest, ABarThatTakesHeightLengthensTheScrollRange) {
   host.bar = {0, 40};
   std::vector<ui::View> lines(20, text("line"));

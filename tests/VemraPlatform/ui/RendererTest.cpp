@@ -121,7 +121,7 @@ TEST(RendererTest, TheOneBeforeMayLeaveLaterWithoutTakingTheOtherAway) {
   {
     Window first;
     first.onApply = [&](const std::vector<Patch>& patches) {
-      if (patches.front().kind == Kind::remove) graph.detach(first);
+      if (!patches.empty() && patches.front().kind == Kind::remove) graph.detach(first);
     };
     graph.attach(first);
     graph.setRoot(screen());
@@ -214,6 +214,52 @@ TEST(RendererTest, OneThatComesLateGetsTheRowsOfTheListsThatAreThere) {
   EXPECT_EQ(next.lists[0].list, rows);
   EXPECT_EQ(next.lists[0].ids, ids);
   EXPECT_EQ(next.lists[0].shown, (std::vector<RowRange>{{1, 3}, {5, 6}}));
+}
+
+TEST(RendererTest, EachRendererGetsTheEnvironmentWithItsFirstChanges) {
+  Environment dark;
+  dark.colorScheme = ColorScheme::dark;
+  ViewGraph graph(dark);
+  Window first, next;
+  graph.attach(first);
+  graph.setRoot(Text("x"));
+  EXPECT_EQ(first.environments, std::vector{dark});
+  graph.attach(next);
+  graph.attach(next);
+  EXPECT_EQ(next.environments, std::vector{dark});
+  EXPECT_EQ(first.environments, std::vector{dark}) << "it gets only the removal of its root";
+}
+
+TEST(RendererTest, AnotherEnvironmentReachesTheRendererOnceAndTogetherWithTheTextsThatItChanges) {
+  ViewGraph graph;
+  Window window;
+  graph.attach(window);
+  Environment german;
+  german.locale = "de_DE";
+  const auto showLocale = [&] {
+    graph.setEnvironment(german);
+    graph.setRoot(Text(verbatim("x")));
+  };
+  graph.setRoot(Button("go", showLocale));
+  window.environments.clear();
+  std::vector<std::size_t> patches;
+  window.onApply = [&](const std::vector<Patch>& each) { patches.push_back(each.size()); };
+  press(graph, "go");  // from inside an action too
+  EXPECT_EQ(window.environments, std::vector{german});
+  EXPECT_EQ(patches, std::vector<std::size_t>{2});
+  graph.setEnvironment(german);
+  EXPECT_EQ(window.environments.size(), 1U) << "an equal environment is no change";
+}
+
+TEST(RendererTest, AnEnvironmentThatIsSetWithoutARendererReachesTheNextOne) {
+  ViewGraph graph;
+  graph.setRoot(Text("x"));
+  Environment right;
+  right.layoutDirection = LayoutDirection::rightToLeft;
+  graph.setEnvironment(right);
+  Window window;
+  graph.attach(window);
+  EXPECT_EQ(window.environments, std::vector{right});
 }
 
 TEST(RendererTest, AnEmptyScreenIsNoPatch) {

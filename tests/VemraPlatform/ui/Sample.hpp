@@ -76,6 +76,7 @@ class Window final : public Renderer {
     tree.apply(changes);
     log.insert(log.end(), changes.patches.begin(), changes.patches.end());
     lists.insert(lists.end(), changes.lists.begin(), changes.lists.end());
+    if (changes.environment) environments.push_back(*changes.environment);
     if (onApply) onApply(changes.patches);
   }
   /// What has arrived since the last call.
@@ -85,6 +86,7 @@ class Window final : public Renderer {
   testing::RenderedTree tree;
   std::vector<Patch> log;
   std::vector<ListRows> lists;
+  std::vector<Environment> environments;
   std::function<void(const std::vector<Patch>&)> onApply;
 };
 
