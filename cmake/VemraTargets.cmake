@@ -35,6 +35,10 @@ endif()
 # Tests are compiled more often than they run: not optimised. What they test is optimised as ever.
 add_library(vemra_test_flags INTERFACE)
 target_compile_options(vemra_test_flags INTERFACE -O0)
+if(VEMRA_SANITIZE MATCHES "address")
+  # Compilers have names of their own for it.
+  target_compile_definitions(vemra_test_flags INTERFACE VEMRA_ADDRESS_SANITIZER)
+endif()
 if(VEMRA_SANITIZE STREQUAL "address,undefined")
   # UndefinedBehaviorSanitizer takes a third of a test's compilation. It stays on in the libraries; the
   # preset aligned has it everywhere.

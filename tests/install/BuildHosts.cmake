@@ -3,7 +3,8 @@
 #
 # Installs the libraries of one kind and builds hosts against what is installed, with each compiler and
 # with warnings as errors. The static libraries are those of the build; the shared ones are built here,
-# without optimisation, since only what they export is in question.
+# without optimisation, since only what they export is in question. The headers are the same for both kinds: the
+# other compiler builds every host for the static libraries, and one of them for the shared ones.
 get_filename_component(repository "${CMAKE_CURRENT_LIST_DIR}/../.." ABSOLUTE)
 set(prefix "${work}/prefix")
 set(warnings "-Wall -Wextra -Wpedantic -Wconversion -Werror")
@@ -49,6 +50,7 @@ if(kind STREQUAL "shared")
   set(build "${work}/libraries")
   run("${CMAKE_COMMAND}" -S "${repository}" -B "${build}" -G "${generator}" -DBUILD_SHARED_LIBS=ON
       "-DCMAKE_CXX_COMPILER=${compiler}" -DCMAKE_CXX_FLAGS=-O0 -DCMAKE_UNITY_BUILD=ON
+      -DCMAKE_UNITY_BUILD_BATCH_SIZE=100 -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON
       -DVEMRA_BUILD_PROGRAMS=OFF -DVEMRA_BUILD_TESTS=OFF "-DVEMRA_WITH_QT=${window}")
   run("${CMAKE_COMMAND}" --build "${build}")
 endif()
@@ -99,6 +101,9 @@ foreach(host_compiler IN ITEMS "${compiler}" "${other_compiler}")
   build_host(host "${host_compiler}")
   run("${folder}/host")
   expect("${output}" ${expected_lines})
+  if(kind STREQUAL "shared" AND host_compiler STREQUAL other_compiler)
+    continue()
+  endif()
 
   build_host(plugin "${host_compiler}")
   run("${folder}/loader")

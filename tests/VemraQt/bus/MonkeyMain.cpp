@@ -18,7 +18,7 @@ using namespace vemra::monkey;
 
 namespace {
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef VEMRA_ADDRESS_SANITIZER
 constexpr std::size_t usualSteps = 1000;  // a client asks thirty times between two of these
 #else
 constexpr std::size_t usualSteps = 4000;

@@ -12,7 +12,7 @@
 
 #include <QApplication>
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef VEMRA_ADDRESS_SANITIZER
 extern "C" void __sanitizer_set_death_callback(void (*callback)());
 #endif
 
@@ -44,7 +44,7 @@ void onSignal(int signal) {
 }
 
 void watchDeath() {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef VEMRA_ADDRESS_SANITIZER
   __sanitizer_set_death_callback(writeSeed);
 #else
   std::signal(SIGSEGV, onSignal);
