@@ -1,16 +1,13 @@
 #include "VemraPlatform/ui/Identity.hpp"
 
 #include "VemraPlatform/text/Equality.hpp"
+#include "VemraPlatform/text/TextMap.hpp"
 
 #include <functional>
-#include <unordered_map>
 
 namespace vemra::ui {
 
 namespace {
-
-template <class Value>
-using ByKey = std::unordered_map<std::string_view, Value, text::Hash, text::Equal>;
 
 constexpr char kindAddresses[std::variant_size_v<Content>] = {};
 
@@ -53,7 +50,7 @@ std::vector<RowIdentity> rowIdentities(const RowIDs& rows,
                                        const std::vector<std::size_t>& indexes) {
   if (indexes.empty()) return {};
   std::vector<RowIdentity> identities;
-  ByKey<std::size_t> seen;
+  text::TextMap<std::string_view, std::size_t> seen;
   for (std::size_t index : indexes) seen.emplace(rows.key(index), 0);
   auto wanted = indexes.begin();
   for (std::size_t index = 0; index <= indexes.back(); ++index) {
@@ -75,7 +72,7 @@ std::vector<std::size_t> locateRows(const RowIDs& rows,
     std::size_t seen = 0;
     std::vector<std::size_t> positions;  // the positions of the identities with this key
   };
-  ByKey<Sought> sought;
+  text::TextMap<std::string_view, Sought> sought;
   for (std::size_t i = 0; i < identities.size(); ++i) {
     sought[identities[i].key].positions.push_back(i);
   }

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "VemraPlatform/text/Equality.hpp"
+#include "VemraPlatform/text/TextMap.hpp"
 #include "VemraPlatform/ui/Node.hpp"
 
 #include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -22,8 +21,7 @@ struct SleepingRow;
 using IdentityPath = std::vector<Identity>;
 
 /// The sleeping rows, by id and then by the number of equal ids before them.
-using SleepingRows =
-    std::unordered_map<std::string, std::map<std::size_t, SleepingRow>, text::Hash, text::Equal>;
+using SleepingRows = text::TextMap<std::string, std::map<std::size_t, SleepingRow>>;
 
 /// The state in a row that differs from its initial value, by place.
 ///

@@ -1,11 +1,10 @@
 #include "apps/desk/store/Knowledge.hpp"
 
-#include "VemraPlatform/text/Equality.hpp"
+#include "VemraPlatform/text/TextMap.hpp"
 #include "apps/desk/store/OutcomeRows.hpp"
 #include "apps/desk/store/Reason.hpp"
 
 #include <string_view>
-#include <unordered_map>
 
 namespace vemra::desk {
 namespace {
@@ -117,7 +116,7 @@ EvidenceKnowledge readEvidenceKnowledge(Database& database, const std::string& e
 
 std::vector<std::optional<std::string>> readNames(Database& database, std::int64_t goal,
                                                   const SharedArray<std::string>& personRefs) {
-  std::unordered_map<std::string_view, std::optional<std::string>, text::Hash, text::Equal> names;
+  text::TextMap<std::string_view, std::optional<std::string>> names;
   for (const std::string& personRef : personRefs) names.try_emplace(personRef);
   std::size_t missing = names.size();
   for (const char* sql :

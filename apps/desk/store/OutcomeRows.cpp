@@ -1,6 +1,6 @@
 #include "apps/desk/store/OutcomeRows.hpp"
 
-#include "VemraPlatform/text/Equality.hpp"
+#include "VemraPlatform/text/TextMap.hpp"
 #include "apps/desk/store/CaseNames.hpp"
 #include "apps/desk/store/StoreError.hpp"
 #include "apps/documents/DocumentError.hpp"
@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <limits>
 #include <string>
-#include <unordered_map>
 
 namespace vemra::desk {
 namespace {
@@ -79,7 +78,7 @@ std::vector<std::size_t> mergeOutcomes(Database& database, std::int64_t goal,
     std::vector<const GoalOutcomeDTO*> records;
     std::size_t seen = 0;
   };
-  std::unordered_map<std::string_view, Uses, text::Hash, text::Equal> usesOfID;
+  text::TextMap<std::string_view, Uses> usesOfID;
   for (const GoalOutcomeDTO& record : recorded) usesOfID[record.id].records.push_back(&record);
 
   std::vector<std::size_t> leftOut;

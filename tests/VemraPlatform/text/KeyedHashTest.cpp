@@ -1,5 +1,6 @@
 #include "VemraPlatform/text/Equality.hpp"
 #include "VemraPlatform/text/KeyedHash.hpp"
+#include "VemraPlatform/text/TextMap.hpp"
 #include "tests/VemraPlatform/text/CollidingTexts.hpp"
 
 #include <algorithm>
@@ -99,8 +100,8 @@ TEST(KeyedHash, textsMadeToCollideDoNot) {
   }
 #endif
   std::size_t comparisons = 0;
-  std::unordered_map<std::string_view, int, text::Hash, CountingEqual> table(
-      0, text::Hash(), CountingEqual{&comparisons});
+  std::unordered_map<std::string_view, int, text::TextMap<std::string, int>::hasher, CountingEqual>
+      table(0, {}, CountingEqual{&comparisons});
   for (const std::string& text : texts) table[text] = 1;
   for (const std::string& text : texts) EXPECT_EQ(table.count(text), 1U);
   EXPECT_LE(comparisons, 2 * texts.size()) << "one for each text that is found, and few beside";
