@@ -3,6 +3,8 @@
 #include "VemraPlatform/base/ArrayAllocator.hpp"
 #include "VemraPlatform/text/Equality.hpp"
 
+#include <algorithm>
+#include <atomic>
 #include <cstddef>
 #include <initializer_list>
 #include <iterator>
@@ -24,6 +26,9 @@ namespace vemra {
 /// at a multiple of that many bytes; making one then moves each element once. Other arrays take over
 /// the vector that they are made of.
 ///
+/// A longer array may share the storage of a shorter one, whose end it continues (`appending`): a list
+/// that grows by one element copies none.
+///
 /// Two arrays over the same storage are equal without a look at the elements. Strings are compared
 /// under canonical equivalence, other elements by their own `==`.
 template <class Element>
@@ -35,22 +40,53 @@ class SharedArray {
   SharedArray() = default;
   SharedArray(std::initializer_list<Element> elements)
       : SharedArray(std::vector<Element>(elements)) {}
-  SharedArray(std::vector<Element> elements)
-      : storage_(elements.empty() ? nullptr : stored(std::move(elements))) {}
+  SharedArray(std::vector<Element> elements) : SharedArray(std::move(elements), 0) {}
 
-  std::size_t size() const { return storage_ ? storage_->size() : 0; }
+  /// Makes room for `room` elements more, which `appending` then adds without copying these.
+  SharedArray(std::vector<Element> elements, std::size_t room) {
+    if (elements.empty()) return;
+    size_ = elements.size();
+    storage_ = std::make_shared<Storage>(stored(std::move(elements), room), size_);
+  }
+
+  std::size_t size() const { return storage_ ? size_ : 0; }
   bool empty() const { return storage_ == nullptr; }
-  const Element* data() const { return storage_ ? storage_->data() : nullptr; }
+  const Element* data() const { return storage_ ? storage_->first : nullptr; }
   const Element* begin() const { return data(); }
   const Element* end() const { return data() + size(); }
 
   /// The element at `index`, which must be below `size()`.
-  const Element& operator[](std::size_t index) const { return (*storage_)[index]; }
-  const Element& front() const { return storage_->front(); }
-  const Element& back() const { return storage_->back(); }
+  const Element& operator[](std::size_t index) const { return storage_->first[index]; }
+  const Element& front() const { return *storage_->first; }
+  const Element& back() const { return storage_->first[size_ - 1]; }
 
-  /// Whether both arrays are views of the same storage (two empty arrays always are).
-  bool sharesStorage(const SharedArray& other) const { return storage_ == other.storage_; }
+  /// Whether both arrays are the same elements of the same storage (two empty arrays always are).
+  bool sharesStorage(const SharedArray& other) const {
+    return storage_ == other.storage_ && size() == other.size();
+  }
+
+  /// The elements of this array and then `more`. This array stays as it is.
+  ///
+  /// The new array stands in the storage of this one where that has room behind this array which no
+  /// other call has used. Otherwise the elements are copied, with room for as many again, so that
+  /// appending one at a time copies each element about once. May be called from any thread.
+  SharedArray appending(std::vector<Element> more) const {
+    if (more.empty()) return *this;
+    if (empty()) return SharedArray(std::move(more));
+    SharedArray longer;
+    longer.size_ = size_ + more.size();
+    longer.storage_ = storage_;
+    if (!storage_->take(size_, longer.size_)) {
+      Elements copies;
+      copies.reserve(std::max(2 * size_, longer.size_));
+      copies.insert(copies.end(), begin(), end());
+      longer.storage_ = std::make_shared<Storage>(std::move(copies), longer.size_);
+    }
+    Elements& elements = longer.storage_->elements;
+    elements.insert(elements.end(), std::make_move_iterator(more.begin()),
+                    std::make_move_iterator(more.end()));
+    return longer;
+  }
 
   friend bool operator==(const SharedArray& a, const SharedArray& b) {
     if (a.sharesStorage(b)) return true;
@@ -66,18 +102,41 @@ class SharedArray {
   }
 
  private:
-  using Storage = std::vector<Element, ArrayAllocator<Element>>;
+  using Elements = std::vector<Element, ArrayAllocator<Element>>;
 
-  static std::shared_ptr<const Storage> stored(std::vector<Element> elements) {
-    if constexpr (std::is_same_v<Storage, std::vector<Element>>) {
-      return std::make_shared<const Storage>(std::move(elements));
+  /// The elements of all arrays that share them; the longest array has the first `taken`.
+  struct Storage {
+    Storage(Elements own, std::size_t count)
+        : elements(std::move(own)), first(elements.data()), taken(count) {}
+
+    /// Reserves the places from `from` to `to` for the caller: false when they are not there, or when
+    /// another array has taken them.
+    bool take(std::size_t from, std::size_t to) {
+      return to <= elements.capacity() && taken.compare_exchange_strong(from, to);
+    }
+
+    // Grows within its capacity only, so that its elements stay where they are while they are read.
+    // Only the call that took the last places adds elements.
+    Elements elements;
+    const Element* first;
+    std::atomic<std::size_t> taken;
+  };
+
+  static Elements stored(std::vector<Element> elements, std::size_t room) {
+    if constexpr (std::is_same_v<Elements, std::vector<Element>>) {
+      if (room > 0) elements.reserve(elements.size() + room);
+      return elements;
     } else {
-      return std::make_shared<const Storage>(std::make_move_iterator(elements.begin()),
-                                             std::make_move_iterator(elements.end()));
+      Elements aligned;
+      aligned.reserve(elements.size() + room);
+      aligned.insert(aligned.end(), std::make_move_iterator(elements.begin()),
+                     std::make_move_iterator(elements.end()));
+      return aligned;
     }
   }
 
-  std::shared_ptr<const Storage> storage_;
+  std::shared_ptr<Storage> storage_;
+  std::size_t size_ = 0;  // means nothing without a storage, as after a move
 };
 
 }  // namespace vemra

@@ -3,6 +3,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <numeric>
+#include <string>
+#include <thread>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -73,6 +76,74 @@ TEST(SharedArray, copiesShareOneStorage) {
   EXPECT_EQ(copy.data(), array.data());
   EXPECT_FALSE(array.sharesStorage(SharedArray<std::string>{"one", "two"}));
   EXPECT_TRUE(SharedArray<std::string>().sharesStorage(SharedArray<std::string>()));
+}
+
+TEST(SharedArray, appendingWithinTheRoomCopiesNoElement) {
+  const SharedArray<std::string> before({"one", "two"}, 2);
+  const SharedArray<std::string> three = before.appending({"three"});
+  const SharedArray<std::string> four = three.appending({"four"});
+  EXPECT_EQ(four.data(), before.data());
+  EXPECT_EQ(std::vector<std::string>(four.begin(), four.end()),
+            (std::vector<std::string>{"one", "two", "three", "four"}));
+  EXPECT_EQ(three.size(), 3U);
+  EXPECT_EQ(before.size(), 2U);
+  EXPECT_EQ(before.back(), "two");
+}
+
+TEST(SharedArray, appendingTwiceToOneArrayGivesTwoArrays) {
+  const SharedArray<std::string> before({"one"}, 8);
+  const SharedArray<std::string> left = before.appending({"left"});
+  const SharedArray<std::string> right = before.appending({"right", "and more"});
+  EXPECT_EQ(left, (SharedArray<std::string>{"one", "left"}));
+  EXPECT_EQ(right, (SharedArray<std::string>{"one", "right", "and more"}));
+  EXPECT_EQ(before, SharedArray<std::string>{"one"});
+  EXPECT_FALSE(left.sharesStorage(right));
+}
+
+TEST(SharedArray, appendingManyTimesSeldomMovesToAnotherPlace) {
+  SharedArray<int> array;
+  int moves = 0;
+  for (int i = 0; i < 10'000; ++i) {
+    const SharedArray<int> longer = array.appending({i});
+    if (longer.data() != array.data()) ++moves;
+    array = longer;
+  }
+  EXPECT_LT(moves, 20);
+  for (int i = 0; i < 10'000; ++i) ASSERT_EQ(array[static_cast<std::size_t>(i)], i);
+}
+
+TEST(SharedArray, anAppendedOneKeepsTheAlignment) {
+  const SharedArray<Wide> before{Wide{"one"}};
+  const SharedArray<Wide> after = before.appending({Wide{"two"}});
+  EXPECT_EQ(reinterpret_cast<std::uintptr_t>(after.data()) % Wide::arrayAlignment, 0U);
+  EXPECT_EQ(after[1].text, "two");
+}
+
+TEST(SharedArray, appendingNothingKeepsTheStorage) {
+  const SharedArray<int> array{1};
+  EXPECT_TRUE(array.appending({}).sharesStorage(array));
+  EXPECT_TRUE(SharedArray<int>().appending({}).empty());
+}
+
+TEST(SharedArray, arraysOfDifferentLengthsOverOneStorageAreUnequal) {
+  const SharedArray<int> before({1}, 1);
+  const SharedArray<int> after = before.appending({2});
+  EXPECT_EQ(after.data(), before.data());
+  EXPECT_FALSE(after.sharesStorage(before));
+  EXPECT_FALSE(after == before);
+}
+
+TEST(SharedArray, manyThreadsMayAppendToOneArray) {
+  const SharedArray<int> before({0}, 100);
+  std::vector<SharedArray<int>> results(8);
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 8; ++i) {
+    threads.emplace_back([&, i] { results[static_cast<std::size_t>(i)] = before.appending({i}); });
+  }
+  for (std::thread& thread : threads) thread.join();
+  for (int i = 0; i < 8; ++i) {
+    EXPECT_EQ(results[static_cast<std::size_t>(i)], (SharedArray<int>{0, i}));
+  }
 }
 
 TEST(SharedArray, whatIsMovedFromIsEmpty) {
