@@ -1,4 +1,6 @@
-#include "benchmarks/screen/FrameClock.hpp"
+#include "benchmarks/frames/FrameClock.hpp"
+
+#include <utility>
 
 #include <QAbstractEventDispatcher>
 #include <QEvent>
@@ -20,7 +22,7 @@ bool FrameClock::notify(QObject* receiver, QEvent* event) {
   if (type == QEvent::Paint) {
     painting_ = true;
   } else if (type == QEvent::UpdateRequest || type == QEvent::Expose) {
-    if (std::exchange(painting_, false) && !frameDone_) {
+    if (std::exchange(painting_, false) && !frameDone_ && (!isShown_ || isShown_())) {
       frameDone_ = true;
       lastFrame_ = std::chrono::steady_clock::now();
       if (atFrame) atFrame();
@@ -38,8 +40,10 @@ void FrameClock::settle() {
   }
 }
 
-std::optional<Milliseconds> FrameClock::timeToFrame(const std::function<void()>& action) {
+std::optional<Milliseconds> FrameClock::timeToFrame(const std::function<void()>& action,
+                                                    std::function<bool()> isShown) {
   settle();
+  isShown_ = std::move(isShown);
   painting_ = false;
   frameDone_ = false;
   const auto start = std::chrono::steady_clock::now();

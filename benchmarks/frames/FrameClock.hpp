@@ -19,9 +19,11 @@ class FrameClock : public QApplication {
  public:
   FrameClock(int& argumentCount, char** arguments);
 
-  /// From before `action` to the end of the first frame painted after it. Nil when there was none
-  /// within a minute. What is left over from before is done first, and is not counted.
-  std::optional<Milliseconds> timeToFrame(const std::function<void()>& action);
+  /// From before `action` to the end of the first frame painted after it, or, of several frames, of
+  /// the first one at whose end `isShown` holds. Nil when there was none within a minute. What is left
+  /// over from before is done first, and is not counted.
+  std::optional<Milliseconds> timeToFrame(const std::function<void()>& action,
+                                          std::function<bool()> isShown = nullptr);
   /// Handles events until there are no more.
   void settle();
 
@@ -36,6 +38,7 @@ class FrameClock : public QApplication {
  private:
   bool painting_ = false;
   bool frameDone_ = false;
+  std::function<bool()> isShown_;
   std::chrono::steady_clock::time_point lastFrame_;
 };
 

@@ -2,7 +2,7 @@
 
 #include "benchmarks/data/SampleResult.hpp"
 #include "benchmarks/screen/Candidate.hpp"
-#include "benchmarks/screen/FrameClock.hpp"
+#include "benchmarks/frames/FrameClock.hpp"
 
 #include <set>
 #include <string>

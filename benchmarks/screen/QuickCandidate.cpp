@@ -1,6 +1,6 @@
 #include "benchmarks/screen/QuickCandidate.hpp"
 
-#include "benchmarks/screen/FrameClock.hpp"
+#include "benchmarks/frames/FrameClock.hpp"
 #include "benchmarks/screen/PeerParts.hpp"
 #include "benchmarks/screen/PeopleModel.hpp"
 

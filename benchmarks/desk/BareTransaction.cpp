@@ -1,0 +1,41 @@
+#include "benchmarks/desk/BareTransaction.hpp"
+
+#include <chrono>
+#include <stdexcept>
+
+#include <sqlite3.h>
+
+namespace vemra::bench {
+namespace {
+
+void execute(sqlite3* connection, const char* sql) {
+  if (sqlite3_exec(connection, sql, nullptr, nullptr, nullptr) != SQLITE_OK) {
+    throw std::runtime_error(std::string("SQLite: ") + sqlite3_errmsg(connection));
+  }
+}
+
+}  // namespace
+
+void BareTransaction::Close::operator()(sqlite3* connection) const {
+  sqlite3_close(connection);
+}
+
+BareTransaction::BareTransaction(const std::string& file) {
+  sqlite3* connection = nullptr;
+  const int code = sqlite3_open(file.c_str(), &connection);
+  connection_.reset(connection);
+  if (code != SQLITE_OK) throw std::runtime_error("SQLite cannot open " + file);
+  execute(connection,
+          "PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL;"
+          "CREATE TABLE rows (number INTEGER PRIMARY KEY, text TEXT) STRICT");
+}
+
+double BareTransaction::run() const {
+  const auto start = std::chrono::steady_clock::now();
+  execute(connection_.get(),
+          "BEGIN IMMEDIATE; INSERT INTO rows (text) VALUES (printf('%.100c', 'x')); COMMIT");
+  const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
+  return time.count();
+}
+
+}  // namespace vemra::bench
