@@ -81,6 +81,11 @@ std::int64_t Database::version() {
   return version_ = number("PRAGMA data_version");
 }
 
+Database::Revision Database::revision() {
+  // Changes that were rolled back count too; then the revision differs although the content does not.
+  return {number("PRAGMA data_version"), sqlite3_total_changes64(handle())};
+}
+
 void Database::accept() {
   file_.keep();
   Statement mode(*this, "PRAGMA journal_mode");

@@ -49,6 +49,18 @@ class Database {
   /// A number that changes when another connection changes the database.
   std::int64_t version();
 
+  /// The state of the database's content, as this connection sees it.
+  struct Revision {
+    std::int64_t others = 0;  ///< SQLite's `data_version`
+    std::int64_t own = 0;     ///< the rows that this connection has ever changed
+    friend bool operator==(const Revision&, const Revision&) = default;
+  };
+
+  /// Call it inside a transaction that has already read: the revision of all that the transaction
+  /// reads. Two transactions of a connection with one revision read the same content; whichever
+  /// program has changed something in between, the revisions differ.
+  Revision revision();
+
   /// Accepts the database after it has been recognised: its file is kept, and from now on
   /// `confirmPlace` also checks its log.
   void accept();

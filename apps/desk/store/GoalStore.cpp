@@ -164,10 +164,16 @@ bool GoalStore::hasGoal(const std::string& goalID) {
 GetGoalSnapshotResponse GoalStore::result(const std::string& goalID) {
   const Work work(database_, schema_, reading);
   const std::int64_t goal = findOrThrow(goalID);
+  const Database::Revision revision = database_.revision();
+  if (auto kept = kept_.find(goal, revision)) {
+    database_.confirm();
+    return *std::move(kept);
+  }
   GetGoalSnapshotResponse result = readResultRows(database_, goal);
   result.outcomes = readOutcomes(database_, goal);
   database_.confirm();
   refuseFault(database_, result, faultIn(result), "holds a result that cannot be shown, of");
+  kept_.keep(goal, revision, result);
   return result;
 }
 
@@ -209,6 +215,7 @@ GoalOutcomeDTO GoalStore::record(const std::string& goalID, const GoalOutcomeRec
                                  const std::string& outcomeID) {
   Work work(database_, schema_, writing);
   const std::int64_t goal = findOrThrow(goalID);
+  const Database::Revision start = database_.revision();
   GoalOutcomeDTO outcome;
   outcome.id = outcomeID;
   outcome.goalID = idOf(goal);
@@ -220,8 +227,12 @@ GoalOutcomeDTO GoalStore::record(const std::string& goalID, const GoalOutcomeRec
   outcome.correctsOutcomeID = input.correctsOutcomeID;
   std::optional<GoalOutcomeDTO> before = recordedBefore(database_, goal, outcome);
   if (!before) OutcomeInsertion(database_).append(goal, outcome);
+  const Database::Revision end = database_.revision();
   work.commit();
-  if (!before) return outcome;
+  if (!before) {
+    kept_.addOutcome(goal, outcome, start, end);
+    return outcome;
+  }
   // The earlier try may have failed while SQLite wrote the outcome to the disk.
   database_.makeDurable();
   return *std::move(before);

@@ -47,7 +47,7 @@ GoalOutcomeDTO readOutcome(Statement& row, int first) {
           row.optionalText(first + 8)};
 }
 
-std::vector<GoalOutcomeDTO> readOutcomes(Database& database, std::int64_t goal) {
+SharedArray<GoalOutcomeDTO> readOutcomes(Database& database, std::int64_t goal) {
   Statement row(database,
                 std::string("SELECT number, ") + outcomeColumnNames +
                     " FROM outcomes WHERE goal = ?1 ORDER BY number",
@@ -55,7 +55,8 @@ std::vector<GoalOutcomeDTO> readOutcomes(Database& database, std::int64_t goal) 
   std::vector<GoalOutcomeDTO> outcomes;
   row.query(goal);
   while (row.next()) outcomes.push_back(readOutcome(row, 1));
-  return outcomes;
+  const std::size_t room = 16 + outcomes.size() / 8;
+  return {std::move(outcomes), room};
 }
 
 OutcomeInsertion::OutcomeInsertion(Database& database)
@@ -73,7 +74,7 @@ void OutcomeInsertion::append(std::int64_t goal, const GoalOutcomeDTO& outcome) 
 
 std::vector<std::size_t> mergeOutcomes(Database& database, std::int64_t goal,
                                        const SharedArray<GoalOutcomeDTO>& outcomes) {
-  const std::vector<GoalOutcomeDTO> recorded = readOutcomes(database, goal);
+  const SharedArray<GoalOutcomeDTO> recorded = readOutcomes(database, goal);
   struct Uses {
     std::vector<const GoalOutcomeDTO*> records;
     std::size_t seen = 0;

@@ -22,8 +22,8 @@ inline constexpr const char* outcomeColumnNames =
 /// Reads an outcome from these columns of the current row, beginning at the column `first`.
 GoalOutcomeDTO readOutcome(Statement& row, int first);
 
-/// The outcomes of a goal in the order in which they were recorded.
-std::vector<GoalOutcomeDTO> readOutcomes(Database& database, std::int64_t goal);
+/// The outcomes of a goal in the order in which they were recorded, with room for some more.
+SharedArray<GoalOutcomeDTO> readOutcomes(Database& database, std::int64_t goal);
 
 /// Records outcomes; several with one statement, because preparing it takes most of the time.
 class OutcomeInsertion {

@@ -1,0 +1,167 @@
+#include "apps/desk/store/GoalStore.hpp"
+#include "apps/desk/store/StoreError.hpp"
+#include "tests/apps/TemporaryFolder.hpp"
+#include "tests/apps/desk/RawDatabase.hpp"
+#include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/store/AtCommit.hpp"
+#include "tests/apps/desk/store/ErrorOf.hpp"
+
+#include <gtest/gtest.h>
+
+namespace vemra::desk {
+namespace {
+
+/// A store keeps the result that it read last; it never gives it out for what is in the file now.
+class KeptResultTest : public ::testing::Test {
+ protected:
+  KeptResultTest() {
+    auto one = goal("g1", "One", {outcome("o1", "p1", GoalOutcomeValue::helped)});
+    one.paths = {{{"p1", "p2"}, GoalWhyDTO::connection(2), 7}};
+    one.group = {{"a group", {"p1"}}};
+    store.import({one, goal("g2", "Two")});
+  }
+
+  GoalOutcomeDTO record(const std::string& goalID, const std::string& note = "a note") {
+    return store.record(goalID, {GoalOutcomeSubjectKind::person, "p1", GoalOutcomeValue::invited,
+                                 note, std::nullopt});
+  }
+
+  GetGoalSnapshotResponse inTheFile(const std::string& goalID) const {
+    return GoalStore::open(file).result(goalID);
+  }
+
+  TemporaryFolder folder;
+  std::string file = folder.file("goals.sqlite");
+  GoalStore store = GoalStore::open(file);
+};
+
+TEST_F(KeptResultTest, AResultThatDidNotChangeSharesEveryList) {
+  const auto before = store.result("g1");
+  const auto after = store.result("g1");
+  EXPECT_EQ(before, after);
+  EXPECT_TRUE(after.people.sharesStorage(before.people));
+  EXPECT_TRUE(after.paths.sharesStorage(before.paths));
+  EXPECT_TRUE(after.group.sharesStorage(before.group));
+  EXPECT_TRUE(after.outcomes.sharesStorage(before.outcomes));
+}
+
+TEST_F(KeptResultTest, ARecordedOutcomeCopiesNoPersonAndNoOutcome) {
+  const auto before = store.result("g1");
+  const auto recorded = record("g1");
+  const auto after = store.result("g1");
+  EXPECT_TRUE(after.people.sharesStorage(before.people));
+  EXPECT_TRUE(after.paths.sharesStorage(before.paths));
+  EXPECT_TRUE(after.group.sharesStorage(before.group));
+  EXPECT_EQ(after.outcomes.data(), before.outcomes.data());
+  ASSERT_EQ(after.outcomes.size(), 2u);
+  EXPECT_EQ(after.outcomes.back(), recorded);
+  EXPECT_EQ(before.outcomes.size(), 1u);
+  EXPECT_EQ(after, inTheFile("g1"));
+}
+
+TEST_F(KeptResultTest, ARecordedOutcomeOfAnotherGoalKeepsTheResult) {
+  const auto before = store.result("g1");
+  record("g2");
+  const auto after = store.result("g1");
+  EXPECT_TRUE(after.people.sharesStorage(before.people));
+  EXPECT_EQ(after, before);
+  EXPECT_EQ(store.result("g2").outcomes.size(), 1u);
+}
+
+TEST_F(KeptResultTest, ARecordedOutcomeComesOutByteForByte) {
+  store.result("g1");
+  const std::string note("e\u0301 \u00e9 \0 end", 13);
+  record("g1", note);
+  EXPECT_TRUE(*store.result("g1").outcomes.back().note == note);
+  EXPECT_TRUE(*inTheFile("g1").outcomes.back().note == note);
+}
+
+TEST_F(KeptResultTest, AnImportReplacesIt) {
+  store.result("g1");
+  store.import({goal("g1", "Another")});
+  EXPECT_EQ(store.result("g1").goal.title, "Another");
+  EXPECT_TRUE(store.result("g1").paths.empty());
+}
+
+TEST_F(KeptResultTest, AnImportOfAnotherProgramIsNeverMissed) {
+  for (int i = 0; i < 20; ++i) {
+    const std::string title = std::to_string(i);
+    store.result("g1");
+    GoalStore::open(file).import({goal("g1", title)});
+    EXPECT_EQ(store.result("g1").goal.title, title);
+    record("g1");
+    GoalStore::open(file).import({goal("g1", title + " again")});
+    EXPECT_EQ(store.result("g1").goal.title, title + " again");
+  }
+}
+
+TEST_F(KeptResultTest, AnImportOfAnotherProgramBetweenLoadingAndRecordingIsNeverMissed) {
+  store.result("g1");
+  GoalStore::open(file).import({goal("g1", "Another")});
+  record("g1");
+  EXPECT_EQ(store.result("g1").goal.title, "Another");
+  EXPECT_EQ(store.result("g1"), inTheFile("g1"));
+}
+
+TEST_F(KeptResultTest, AnOutcomeOfAnotherProgramIsNeverMissed) {
+  GoalStore other = GoalStore::open(file);
+  for (std::size_t i = 0; i < 20; ++i) {
+    store.result("g1");
+    other.record("g1", {GoalOutcomeSubjectKind::path, {}, GoalOutcomeValue::helped, {}, {}});
+    if (i % 2 == 0) record("g1");
+    EXPECT_EQ(store.result("g1"), inTheFile("g1"));
+  }
+  EXPECT_EQ(store.result("g1").outcomes.size(), 31u);
+}
+
+TEST_F(KeptResultTest, WhatAProgramWithoutOurCodeChangesIsNeverMissed) {
+  RawDatabase other(file);
+  for (const char* sql :
+       {"UPDATE people SET display_name = 'Eve' WHERE goal = 1",
+        "INSERT INTO person_evidence VALUES (1, 0, 1, 'ev10')",
+        "DELETE FROM path_people WHERE goal = 1", "UPDATE paths SET strength = 8",
+        "UPDATE groups SET id = 'another'", "UPDATE coverage SET evidence_count = 99",
+        "INSERT INTO goal_texts VALUES (1, 'keyword', 0, 'x')",
+        "INSERT INTO outcomes SELECT -5, goal, 'o0', goal_id, subject_kind, "
+        "subject_ref, value, note, recorded_at, recorded_by, corrects_outcome_id "
+        "FROM outcomes"}) {
+    const auto before = store.result("g1");
+    ASSERT_EQ(other.run(sql), "") << sql;
+    const auto after = store.result("g1");
+    EXPECT_FALSE(after == before) << sql;
+    EXPECT_EQ(after, inTheFile("g1")) << sql;
+  }
+}
+
+TEST_F(KeptResultTest, AnOutcomeWhoseCommitFailsIsNotInIt) {
+  bool fails = false;
+  const AtCommit watch([&] { return fails ? 1 : 0; });
+  GoalStore watched = GoalStore::open(file);
+  const auto before = watched.result("g1");
+  fails = true;
+  EXPECT_NE(errorOf([&] {
+              watched.record("g1", {GoalOutcomeSubjectKind::path, {}, {}, {}, {}});
+            }),
+            "no error");
+  fails = false;
+  EXPECT_EQ(watched.result("g1"), before);
+  watched.record("g1", {GoalOutcomeSubjectKind::path, {}, {}, {}, {}});
+  EXPECT_EQ(watched.result("g1"), inTheFile("g1"));
+}
+
+TEST_F(KeptResultTest, ATryThatWasRecordedBeforeIsInItOnce) {
+  store.result("g1");
+  const GoalOutcomeRecordingInput input{GoalOutcomeSubjectKind::path, {}, {}, {}, {}};
+  store.record("g1", input, "o9");
+  store.record("g1", input, "o9");
+  EXPECT_EQ(store.result("g1").outcomes.size(), 2u);
+}
+
+TEST_F(KeptResultTest, DamageByAnotherProgramIsReported) {
+  store.result("g1");
+  ASSERT_EQ(RawDatabase(file).run("UPDATE people SET position = 5 WHERE goal = 1"), "");
+  EXPECT_NE(errorOf([&] { store.result("g1"); }).find("is damaged: people"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace vemra::desk
