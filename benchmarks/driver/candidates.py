@@ -41,6 +41,8 @@ class Job:
             return self.run_inspect()
         if self.candidate == "vemra-headless":
             return self.run_headless()
+        if self.candidate == "vemra-desk":
+            return figures(output_of([BIN / "vemra-bench-desk", str(self.size)]))
         mode = "check" if checking and self.mode == "times" else self.mode
         command = [BIN / "vemra-bench-screen", self.candidate, mode, str(self.size),
                    str(self.stray)]
@@ -149,6 +151,7 @@ def jobs(quick):
     every += [Job(candidate, 10_000, "first-frames", stray) for stray in (100, 10_000)
               for candidate in ("vemra", *WITH_STRAY)]
     every.append(Job("vemra-headless", 10_000, "headless"))
+    every += [Job("vemra-desk", size, "desk") for size in SIZES]
     if quick:
         every.append(Job("vemra-inspect", 10_000, "inspect"))
     return every

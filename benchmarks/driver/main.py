@@ -85,6 +85,13 @@ def report(results):
             (f"{size:,} people, {unit}", "vemra-inspect", size, measure)
             for size in SIZES for measure, unit in (("inspect.time", "ms"),
                                                     ("inspect.peak", "MiB at the most"))]),
+        tables.list_table(results, ["vemra-desk", "median, ms"], [
+            (f"{size:,} people: {what}", "vemra-desk", size, measure) for size in SIZES
+            for measure, what in (("opened.first", "the window until its first row is shown"),
+                                  ("saved.hot", "from Save to the outcome shown"),
+                                  ("recorded.hot", "the outcome stored"),
+                                  ("loaded.hot", "the goal loaded again"),
+                                  ("bare.hot", "one bare durable transaction"))]),
         *(tables.list_table(results, [f"accessibility bus, {people:,} people", "median"], [
             (f"{candidate}: {measure}", candidate, people, measure) for candidate in candidates
             for measure in ("elements", "missing", "exposed", "walk per 1,000 elements",

@@ -72,6 +72,14 @@ def rows(results):
         yield (f"{whose}first painted frame, warm, 10,000 stray outcomes", "100 stray outcomes",
                most, ratio((candidate, 10_000, "firstFrame.hot", 10_000),
                            (candidate, 10_000, "firstFrame.hot", 100)))
+    for measure, what in (("saved", "from Save to the outcome shown"),
+                          ("recorded", "the outcome stored"), ("loaded", "the goal loaded again")):
+        yield (f"{what}, 100,000 people", "100 people", 1.5 if measure == "saved" else None,
+               ratio(("vemra-desk", 100_000, f"{measure}.hot"),
+                     ("vemra-desk", 100, f"{measure}.hot")))
+        yield (f"{what}, 100,000 people", "one bare durable transaction",
+               2.0 if measure == "saved" else None,
+               ratio(("vemra-desk", 100_000, f"{measure}.hot"), ("vemra-desk", 100_000, "bare.hot")))
     share = results.median("vemra", 10_000, "own share")
     # Warm against warm: a cold scroll area pays for fonts and style that our warm frame has behind
     # it, and would make any frame look small.
