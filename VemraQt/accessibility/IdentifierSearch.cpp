@@ -38,6 +38,8 @@ bool IdentifierSearch::scrollIn(QAccessible::Id id) {
 
 QList<QAccessible::Id> IdentifierSearch::find(const QString& sought, int most) {
   if (sought.isEmpty()) return {};  // an element without an identifier never matches
+  // A host may keep a page that it hides, for instance behind another page with the same elements.
+  if (tree_.area().isHidden()) return {};
   const std::string identifier = sought.toStdString();
   // Drop the notes of lists whose rows have changed.
   std::erase_if(noted_, [&](const auto& of) { return !notedIdentifiers(of.first); });

@@ -4,15 +4,20 @@
 #include "VemraQt/ViewWidget.hpp"
 #include "apps/desk/window/FailurePage.hpp"
 #include "apps/desk/window/GoalList.hpp"
+#include "apps/desk/window/GoalScreens.hpp"
+#include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/Notice.hpp"
+#include "apps/desk/window/Pages.hpp"
 #include "apps/desk/window/SidePane.hpp"
 #include "apps/desk/window/Welcome.hpp"
 
 #include <utility>
 
+#include <QAbstractButton>
+#include <QCloseEvent>
+#include <QMessageBox>
 #include <QShortcut>
 #include <QSplitter>
-#include <QStackedWidget>
 #include <QVBoxLayout>
 
 namespace vemra::desk {
@@ -43,18 +48,23 @@ DeskWindow::DeskWindow(std::shared_ptr<StoreEngine> engine, std::optional<std::s
   controller_.start(std::move(goalID));
 }
 
+DeskWindow::~DeskWindow() = default;
+
+qt::ViewWidget& DeskWindow::screen() {
+  return screens_->current();
+}
+
 QWidget* DeskWindow::makePanes() {
   auto* panes = new QSplitter;
   panes->setChildrenCollapsible(false);
   panes->setHandleWidth(1);
   goals_ = new GoalList;
-  centre_ = new QStackedWidget;
-  screen_ = new qt::ViewWidget;
+  centre_ = new Pages;
+  screens_ = std::make_unique<GoalScreens>(*centre_);
   welcome_ = new Welcome;
   failure_ = new FailurePage;
   side_ = new SidePane;
-  side_->setEnvironment(screen_->environment());
-  centre_->addWidget(screen_);
+  side_->setEnvironment(screen().environment());
   centre_->addWidget(welcome_);
   centre_->addWidget(failure_);
   for (QWidget* pane : {static_cast<QWidget*>(goals_), static_cast<QWidget*>(centre_),
@@ -72,9 +82,9 @@ void DeskWindow::showGoals(const std::vector<GoalListing>& goals, const std::str
   goals_->setGoals(goals, chosen);
   goals_->setVisible(!goals.empty());
   if (goals.empty()) {
-    centre_->setCurrentWidget(welcome_);
+    centre_->showPage(*welcome_);
   } else if (centre_->currentWidget() == welcome_) {
-    centre_->setCurrentWidget(screen_);
+    screens_->showAgain();
   }
 }
 
@@ -86,18 +96,16 @@ void DeskWindow::showGoal(const LoadedGoal& goal) {
       [this, id = goal.id, store = goal.store](const GoalOutcomeRecordingInput& input) {
         controller_.record(id, input, store);
       });
-  // The id keeps an editor that is open in one goal from appearing in the next.
-  screen_->setRoot(view.id(goal.id));
-  centre_->setCurrentWidget(screen_);
+  screens_->show(goal, view);
 }
 
 void DeskWindow::keepGoal() {
-  centre_->setCurrentWidget(screen_);
+  screens_->showAgain();
 }
 
 void DeskWindow::showFailure(const QString& reason) {
   failure_->setReason(reason);
-  centre_->setCurrentWidget(failure_);
+  centre_->showPage(*failure_);
 }
 
 void DeskWindow::showNotice(const QString& text, std::function<void()> tryAgain) {
@@ -121,7 +129,38 @@ void DeskWindow::closeDetails() {
   if (side_->isHidden()) return;
   const bool hadFocus = side_->isAncestorOf(focusWidget());
   side_->hide();
-  if (hadFocus) screen_->setFocus();
+  if (hadFocus) screen().setFocus();
+}
+
+void DeskWindow::closeEvent(QCloseEvent* event) {
+  const QStringList drafts = mayDiscardDrafts_ ? QStringList() : screens_->drafts();
+  if (drafts.isEmpty()) {
+    QMainWindow::closeEvent(event);
+    return;
+  }
+  event->ignore();
+  if (!question_) askToDiscard(drafts);
+}
+
+void DeskWindow::askToDiscard(const QStringList& drafts) {
+  constexpr int mostNamed = 5;
+  QStringList named = drafts.mid(0, mostNamed);
+  if (drafts.size() > mostNamed) {
+    named.append(localized("and %1 more").arg(drafts.size() - mostNamed));
+  }
+  question_ = new QMessageBox(QMessageBox::Warning, windowTitle(),
+                              localized("Outcomes are still being written. Close without them?"),
+                              QMessageBox::Discard | QMessageBox::Cancel, this);
+  question_->setObjectName("desk.question");
+  question_->setTextFormat(Qt::PlainText);
+  question_->setInformativeText(named.join('\n'));
+  question_->setDefaultButton(QMessageBox::Cancel);
+  question_->setAttribute(Qt::WA_DeleteOnClose);
+  connect(question_, &QMessageBox::buttonClicked, this, [this](QAbstractButton* button) {
+    mayDiscardDrafts_ = question_ && question_->buttonRole(button) == QMessageBox::DestructiveRole;
+    if (mayDiscardDrafts_) QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+  });
+  question_->open();
 }
 
 }  // namespace vemra::desk

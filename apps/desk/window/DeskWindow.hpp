@@ -9,8 +9,10 @@
 #include <vector>
 
 #include <QMainWindow>
+#include <QPointer>
+#include <QStringList>
 
-class QStackedWidget;
+class QMessageBox;
 
 namespace vemra::qt {
 class ViewWidget;
@@ -20,7 +22,9 @@ namespace vemra::desk {
 
 class FailurePage;
 class GoalList;
+class GoalScreens;
 class Notice;
+class Pages;
 class SidePane;
 class Welcome;
 
@@ -36,10 +40,18 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   /// Starts to load at once, and opens the goal of that id or else the first one there is.
   DeskWindow(std::shared_ptr<StoreEngine> engine, std::optional<std::string> goalID);
 
-  qt::ViewWidget& screen() { return *screen_; }
+  ~DeskWindow() override;
+
+  /// The screen of the goal that is open, or was open last.
+  qt::ViewWidget& screen();
+
+ protected:
+  /// Asks once whether to close, while editors are open.
+  void closeEvent(QCloseEvent* event) override;
 
  private:
   QWidget* makePanes();
+  void askToDiscard(const QStringList& drafts);
 
   void showGoals(const std::vector<GoalListing>& goals, const std::string& chosen) override;
   void showGoal(const LoadedGoal& goal) override;
@@ -54,12 +66,14 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
 
   DeskController controller_;
   GoalList* goals_;
-  QStackedWidget* centre_;
-  qt::ViewWidget* screen_;
+  Pages* centre_;
+  std::unique_ptr<GoalScreens> screens_;
   Welcome* welcome_;
   FailurePage* failure_;
   SidePane* side_;
   Notice* notice_;
+  QPointer<QMessageBox> question_;
+  bool mayDiscardDrafts_ = false;  ///< the user has said so
 };
 
 }  // namespace vemra::desk

@@ -5,12 +5,14 @@
 #include "apps/desk/store/StoreEngine.hpp"
 #include "apps/desk/store/StoreError.hpp"
 #include "apps/desk/window/DeskWindow.hpp"
+#include "apps/desk/window/Localized.hpp"
 #include "apps/toolkit/ToolkitMessages.hpp"
 
 #include <cstdlib>
 #include <memory>
 
 #include <QApplication>
+#include <QLocale>
 
 namespace vemra::desk {
 namespace {
@@ -58,6 +60,7 @@ int showWindow(const Request& request, std::ostream& diagnostics) {
   QApplication application(argumentCount, arguments);
   QApplication::setApplicationName("vemra-desk");
   QApplication::setDesktopFileName("org.vemra.Desk");
+  installTranslations(QLocale::system().uiLanguages());
 
   const auto engine = std::make_shared<StoreEngine>(file);
   int exitCode = 0;

@@ -254,6 +254,24 @@ def more_goals_are_announced_and_so_are_new_names_of_goals_out_of_view(desk):
         equal(hears(ear, lambda event: event[3] == far)[1], 1)
 
 
+def an_identifier_is_found_in_the_open_goal_only(desk):
+    """The screens of goals that were open stay alive, with the same identifiers."""
+    both = [dict(document(), goal={"id": name, "title": name}) for name in ("twin1", "twin2")]
+    desk.import_goals(both)
+    column = column_of_goals(desk)
+    wait_for(lambda: column.clear_cache() or column.get_child_count() == 204, "two more goals")
+    start = f"vemra.goal.person.{reference(3)}.outcome.start"
+    for place in (203, 202):
+        chosen = column.get_child_at_index(place)
+        act(chosen, "Press")
+        title = chosen.get_name()
+        wait_for(lambda: any(node.get_name() == title and node.get_role_name() != "radio button"
+                             for node in walk(desk.root)), title)
+        equal(len([node for node in walk(desk.root) if node.get_accessible_id() == start]), 1)
+        found = desk.get(start)
+        assert has(found, Atspi.StateType.VISIBLE), "it is of the other goal"
+
+
 CHECKS = [
     every_identifier_is_there_and_no_other,
     names_are_shown_as_they_are,
@@ -262,6 +280,7 @@ CHECKS = [
     so_they_do_outside_the_viewport,
     the_store_is_whole,
     more_goals_are_announced_and_so_are_new_names_of_goals_out_of_view,
+    an_identifier_is_found_in_the_open_goal_only,
 ]
 
 Atspi.init()

@@ -1,0 +1,77 @@
+#include "apps/desk/window/GoalScreens.hpp"
+
+#include "VemraPlatform/text/Equality.hpp"
+#include "VemraQt/ViewWidget.hpp"
+#include "apps/desk/window/Localized.hpp"
+#include "apps/desk/window/OpenEditors.hpp"
+#include "apps/desk/window/Pages.hpp"
+#include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/SubjectName.hpp"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace vemra::desk {
+
+GoalScreens::GoalScreens(Pages& pages, std::size_t most) : pages_(pages), most_(most) {
+  clear();
+}
+
+void GoalScreens::show(const LoadedGoal& goal, ui::View view) {
+  auto screen = std::find_if(screens_.begin(), screens_.end(), [&](const Screen& each) {
+    return !each.goal || text::equal(each.goal->id, goal.id);
+  });
+  if (screen == screens_.end()) {
+    screen = screens_.insert(screens_.begin(), {new qt::ViewWidget, std::nullopt});
+  } else {
+    std::rotate(screens_.begin(), screen, std::next(screen));
+  }
+  screens_.front().goal = goal;
+  current().setRoot(std::move(view));
+  showAgain();
+  removeSome();
+}
+
+void GoalScreens::showAgain() {
+  pages_.showPage(current());
+}
+
+qt::ViewWidget& GoalScreens::current() const {
+  return *screens_.front().widget;
+}
+
+void GoalScreens::removeSome() {
+  for (std::size_t i = screens_.size(); screens_.size() > most_ && i-- > 1;) {
+    if (!openEditors(screens_[i].widget->graph()).empty()) continue;
+    pages_.removeWidget(screens_[i].widget);
+    screens_[i].widget->deleteLater();  // an action of it may be running
+    screens_.erase(screens_.begin() + static_cast<std::ptrdiff_t>(i));
+  }
+}
+
+QStringList GoalScreens::drafts() const {
+  QStringList lines;
+  for (const Screen& screen : screens_) {
+    if (!screen.goal) continue;
+    const GoalResultSnapshotV1& snapshot = screen.goal->snapshot;
+    for (const OpenEditor& editor : openEditors(screen.widget->graph())) {
+      lines.append(
+          localized("%1 (%2)").arg(subjectName(snapshot, editor.subjectKind, editor.subjectRef),
+                                   fromUTF8(snapshot.goal().title)));
+    }
+  }
+  return lines;
+}
+
+void GoalScreens::clear() {
+  std::vector<Screen> before = std::exchange(screens_, {});
+  screens_.push_back({new qt::ViewWidget, std::nullopt});
+  showAgain();
+  for (const Screen& screen : before) {
+    pages_.removeWidget(screen.widget);
+    screen.widget->deleteLater();
+  }
+}
+
+}  // namespace vemra::desk

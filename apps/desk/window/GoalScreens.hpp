@@ -1,0 +1,57 @@
+#pragma once
+
+#include "VemraPlatform/ui/View.hpp"
+#include "apps/desk/window/DeskDisplay.hpp"
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include <QStringList>
+
+namespace vemra::qt {
+class ViewWidget;
+}
+
+namespace vemra::desk {
+
+class Pages;
+
+/// The screens of the goals that were opened: one `ViewWidget` a goal. A screen that another goal
+/// replaces stays alive, with its open editors and its scroll position.
+///
+/// Beyond a number of screens, those without open editors go, the one that was shown longest ago
+/// first. A screen with an open editor never goes: what a person has typed is not lost.
+class GoalScreens {
+ public:
+  /// - Parameter pages: where the screens are shown; outlives this object.
+  /// - Parameter most: the number of screens that may stay, at least 1.
+  explicit GoalScreens(Pages& pages, std::size_t most = 8);
+
+  /// Shows a goal's view, in the screen that the goal has already, if it has one.
+  void show(const LoadedGoal& goal, ui::View view);
+  /// Shows the screen again that was shown last.
+  void showAgain();
+  /// The screen that was shown last; an empty one before the first.
+  qt::ViewWidget& current() const;
+  std::size_t count() const { return screens_.size(); }
+
+  /// One line for each open editor of any goal: whom the outcome is about, and the goal's title.
+  QStringList drafts() const;
+  /// Removes every screen, with its editors.
+  void clear();
+
+ private:
+  struct Screen {
+    qt::ViewWidget* widget;
+    std::optional<LoadedGoal> goal;  ///< as it was shown last; nil for an empty screen
+  };
+
+  void removeSome();
+
+  Pages& pages_;
+  std::size_t most_;
+  std::vector<Screen> screens_;  ///< the one that was shown last is the first
+};
+
+}  // namespace vemra::desk

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace vemra::desk {
+
+/// A text of this program in the user's language: the translation of `english` in the built-in
+/// table (`translations/vemra_desk_de.ts`), or `english` itself. `installTranslations` comes first.
+///
+/// A test finds every call by the name of this function, so the argument is a literal.
+QString localized(const char* english);
+
+/// Loads this program's texts and Qt's own texts for the running application, in the first of
+/// `languages` ("de-AT", "en") that this program supports. When that is English, or none, all texts
+/// stay English, Qt's too: a window speaks one language.
+void installTranslations(const QStringList& languages);
+
+}  // namespace vemra::desk

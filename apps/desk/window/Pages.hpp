@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QStackedWidget>
+
+namespace vemra::desk {
+
+/// Pages in one place, of which a person sees one.
+///
+/// Assistive technology sees only that page too. Qt would list every page: then a client that looks
+/// for an element could find that of a goal which is not open, under the same identifier.
+class Pages : public QStackedWidget {
+  Q_OBJECT
+
+ public:
+  explicit Pages(QWidget* parent = nullptr);
+
+  /// Shows a page, which it adds if it is new, and announces the change of its only child.
+  void showPage(QWidget& page);
+};
+
+}  // namespace vemra::desk

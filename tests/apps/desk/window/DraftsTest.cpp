@@ -1,0 +1,126 @@
+// What a person has typed stays with its goal while the program runs.
+
+#include "VemraQt/ViewWidget.hpp"
+#include "tests/apps/desk/window/OpenDesk.hpp"
+
+#include <string>
+
+#include <QLineEdit>
+#include <QMessageBox>
+
+namespace vemra::desk {
+namespace {
+
+class DraftsTest : public OpenDesk {
+ protected:
+  DraftsTest() { GoalStore::open(file).import({goal("a", "First"), goal("b", "Second")}); }
+
+  /// Opens a goal in the list and waits for its screen.
+  void openGoal(const std::string& goalID, const QString& title) const {
+    press("desk.goal." + goalID);
+    ASSERT_TRUE(becomes([&] { return screenShows(title); })) << title.toStdString();
+  }
+  bool screenShows(const QString& title) const {
+    for (const auto* label : window->screen().findChildren<QLabel*>()) {
+      if (label->isVisible() && label->text() == title) return true;
+    }
+    return false;
+  }
+  QLineEdit* typeNote(const QString& text) const {
+    press(person + ".outcome.start");
+    auto* note = wait<QLineEdit>(person + ".outcome.note");
+    if (note != nullptr) note->setText(text);
+    return note;
+  }
+
+  const std::string person = "vemra.goal.person.p1";
+};
+
+TEST_F(DraftsTest, ANoteIsStillThereAfterAnotherGoalWasOpen) {
+  open("a");
+  typeNote("half a sen");
+  openGoal("b", "Second");
+  EXPECT_EQ(find<QLineEdit>(person + ".outcome.note"), nullptr) << "it belongs to the first goal";
+  openGoal("a", "First");
+  auto* note = wait<QLineEdit>(person + ".outcome.note");
+  ASSERT_NE(note, nullptr);
+  EXPECT_EQ(note->text(), "half a sen");
+}
+
+TEST_F(DraftsTest, AScreenThatComesBackShowsWhatTheStoreHoldsNow) {
+  open("a");
+  typeNote("half a sen");
+  openGoal("b", "Second");
+  GoalStore::open(file).import({goal("a", "Renamed")});
+  ASSERT_TRUE(becomes([&] { return shows("Renamed", "desk.goals"); }));
+  openGoal("a", "Renamed");
+  EXPECT_EQ(wait<QLineEdit>(person + ".outcome.note")->text(), "half a sen");
+}
+
+class ClosingTest : public DraftsTest {
+ protected:
+  QMessageBox* question() const { return find<QMessageBox>("desk.question"); }
+  void answer(QMessageBox::StandardButton button) const { question()->button(button)->click(); }
+};
+
+TEST_F(ClosingTest, AWindowWithoutOpenEditorsClosesAtOnce) {
+  open("a");
+  typeNote("half");
+  press(person + ".outcome.cancel");
+  window->close();
+  EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(ClosingTest, AnOpenEditorOfAnyGoalIsAskedAboutOnceAndNamed) {
+  open("a");
+  typeNote("half");
+  openGoal("b", "Second");
+  window->close();
+  EXPECT_TRUE(window->isVisible());
+  ASSERT_NE(question(), nullptr);
+  EXPECT_EQ(question()->informativeText(), "Ada (First)");
+  window->close();
+  EXPECT_EQ(window->findChildren<QMessageBox*>().size(), 1) << "it is asked already";
+}
+
+TEST_F(ClosingTest, CancellingKeepsTheWindowAndWhatWasTyped) {
+  open("a");
+  typeNote("half");
+  window->close();
+  answer(QMessageBox::Cancel);
+  pass(100);
+  EXPECT_TRUE(window->isVisible());
+  EXPECT_EQ(wait<QLineEdit>(person + ".outcome.note")->text(), "half");
+  window->close();
+  EXPECT_NE(question(), nullptr) << "it is asked anew";
+}
+
+TEST_F(ClosingTest, DiscardingClosesTheWindow) {
+  open("a");
+  typeNote("half");
+  window->close();
+  answer(QMessageBox::Discard);
+  EXPECT_TRUE(becomes([&] { return !window->isVisible(); }));
+  EXPECT_TRUE(GoalStore::open(file).outcomes("a").empty());
+}
+
+TEST_F(ClosingTest, ManyOpenEditorsAreCountedBeyondFive) {
+  auto many = goal("m", "Many");
+  many.people = {};
+  std::vector<GoalPersonCandidateDTO> people;
+  for (int i = 0; i < 7; ++i) people.push_back({"q" + std::to_string(i), "Q", {}, {}});
+  many.people = people;
+  GoalStore::open(file).import({many});
+  open("m");
+  for (int i = 0; i < 7; ++i) {
+    press("vemra.goal.person.q" + std::to_string(i) + ".outcome.start");
+  }
+  window->close();
+  ASSERT_NE(question(), nullptr);
+  EXPECT_EQ(question()->informativeText().count("Q (Many)"), 5);
+  EXPECT_TRUE(question()->informativeText().endsWith("and 2 more"))
+      << question()->informativeText().toStdString();
+}
+
+}  // namespace
+}  // namespace vemra::desk

@@ -1,0 +1,126 @@
+#include "VemraGoalSurface/GoalResultView.hpp"
+#include "VemraQt/ViewWidget.hpp"
+#include "apps/desk/window/GoalScreens.hpp"
+#include "apps/desk/window/Pages.hpp"
+#include "tests/apps/desk/SampleResults.hpp"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QPointer>
+#include <QScrollBar>
+#include <gtest/gtest.h>
+
+namespace vemra::desk {
+namespace {
+
+class GoalScreensTest : public ::testing::Test {
+ protected:
+  GoalScreensTest() {
+    pages.resize(500, 700);
+    pages.show();
+  }
+
+  void show(const GetGoalSnapshotResponse& result) {
+    const auto ignore = [](const auto&) {};
+    const GoalResultSnapshotV1 snapshot(result);
+    screens.show({result.goal.id, snapshot, 0},
+                 GoalResultView(snapshot, ignore, ignore, ignore, ignore));
+    QApplication::processEvents();
+  }
+  void show(const std::string& goalID) { show(goal(goalID, "Goal " + goalID)); }
+  void openEditor(const std::string& identifier) {
+    auto* start = screens.current().findChild<QAbstractButton*>(
+        QString::fromStdString(identifier + ".outcome.start"));
+    ASSERT_NE(start, nullptr);
+    start->click();
+  }
+
+  Pages pages;
+  GoalScreens screens{pages, 3};
+};
+
+TEST_F(GoalScreensTest, AGoalThatIsShownAgainHasItsScreenStill) {
+  show("a");
+  const qt::ViewWidget* first = &screens.current();
+  show("b");
+  EXPECT_NE(&screens.current(), first);
+  show("a");
+  EXPECT_EQ(&screens.current(), first);
+  EXPECT_EQ(pages.currentWidget(), first);
+}
+
+// U+00E5 and "a" with U+030A are the same text.
+TEST_F(GoalScreensTest, AGoalIsTheSameUnderCanonicalEquivalence) {
+  show("\u00e5");
+  const qt::ViewWidget* first = &screens.current();
+  show("a\u030a");
+  EXPECT_EQ(&screens.current(), first);
+}
+
+TEST_F(GoalScreensTest, TheScreenThatWasShownLongestAgoGoesFirst) {
+  show("a");
+  const QPointer<qt::ViewWidget> first(&screens.current());
+  show("b");
+  const QPointer<qt::ViewWidget> second(&screens.current());
+  show("c");
+  show("a");
+  show("d");
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(screens.count(), 3u);
+  EXPECT_TRUE(first);
+  EXPECT_FALSE(second);
+}
+
+TEST_F(GoalScreensTest, AScreenWithAnOpenEditorNeverGoes) {
+  show("a");
+  const QPointer<qt::ViewWidget> first(&screens.current());
+  openEditor("vemra.goal.person.p1");
+  for (const char* id : {"b", "c", "d", "e"}) show(id);
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(screens.count(), 3u);
+  EXPECT_TRUE(first);
+  EXPECT_EQ(screens.drafts(), QStringList{"Ada (Goal a)"});
+}
+
+TEST_F(GoalScreensTest, OpenEditorsAreFoundInRowsOutOfViewAndInThePath) {
+  auto longer = goal("l", "Long");
+  std::vector<GoalPersonCandidateDTO> people;
+  for (int i = 0; i < 500; ++i) {
+    people.push_back({"q" + std::to_string(i), "Person " + std::to_string(i), {}, {}});
+  }
+  longer.people = people;
+  longer.paths = {{{"q0", "q7"}, GoalWhyDTO::nameMatch(), 0}};
+  longer.outcomes = {};
+  show(longer);
+  openEditor("vemra.goal.person.q1");
+  auto* bar = screens.current().verticalScrollBar();
+  bar->setValue(bar->maximum());
+  QApplication::processEvents();
+  openEditor("vemra.goal.path");
+  EXPECT_EQ(screens.drafts(), (QStringList{"Person 1 (Long)", "the path to Person 7 (Long)"}));
+  bar->setValue(0);
+  QApplication::processEvents();
+  EXPECT_EQ(screens.drafts().size(), 2);
+}
+
+TEST_F(GoalScreensTest, AssistiveTechnologySeesTheShownScreenOnly) {
+  show("a");
+  const qt::ViewWidget* first = &screens.current();
+  show("b");
+  QAccessibleInterface* stack = QAccessible::queryAccessibleInterface(&pages);
+  ASSERT_EQ(stack->childCount(), 1);
+  EXPECT_EQ(stack->child(0)->object(), &screens.current());
+  EXPECT_EQ(stack->child(1), nullptr);
+  EXPECT_EQ(stack->indexOfChild(stack->child(0)), 0);
+  EXPECT_EQ(stack->indexOfChild(
+                QAccessible::queryAccessibleInterface(const_cast<qt::ViewWidget*>(first))),
+            -1);
+}
+
+}  // namespace
+}  // namespace vemra::desk
