@@ -1,0 +1,63 @@
+#pragma once
+
+#include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
+
+#include <string>
+#include <vector>
+
+namespace vemra::desk {
+
+/// An outcome that a person has saved and that the store has not taken yet.
+struct WaitingOutcome {
+  std::string id;  ///< from `newOutcomeID`; every try to record it uses this id
+  std::string goalID;
+  /// \name For messages: what the goal and the subject were called when the outcome was saved @{
+  std::string goalTitle;
+  std::string subjectName;
+  /// @}
+  GoalOutcomeRecordingInput input;
+};
+
+/// The journal of a store: a small file beside it with the outcomes that wait to be recorded, so
+/// that the end of a program loses none of them.
+///
+/// The file is `<store>-waiting`: lines of JSON, each with a line feed. The first line names the
+/// format and its version; each further line adds an outcome, or says that an outcome is settled:
+///
+///     {"format": "vemra-desk waiting outcomes", "version": 1}
+///     {"waiting": {"id": "outcome-7", "goalID": "g1", …}}
+///     {"settled": "outcome-7"}
+///
+/// Lines are only appended. The file is removed when nothing waits in it. A text after the last
+/// line feed is a line that was not written to its end: it counts if it lacks the line feed only,
+/// otherwise it is left out and the next line replaces it.
+///
+/// Several programs may use a journal at once: each call locks the file. An outcome may be read by
+/// two of them, and recorded by both: `GoalStore::record` records an id once.
+///
+/// Every call but the constructor may throw: a `StoreError` when the file cannot be used, or is not
+/// this user's alone, and a `documents::DocumentError` when its content is not a journal of this
+/// version. Both name the file, the second one the line and the place in it. The file then stays as
+/// it is.
+class OutcomeJournal {
+ public:
+  /// - Parameter store: the file of the store. Through a symbolic link, the journal is beside the
+  ///   file that it leads to, so that one store has one journal.
+  explicit OutcomeJournal(const std::string& store);
+
+  const std::string& file() const { return file_; }
+
+  /// The outcomes that wait, in the order in which they were added. Creates no file.
+  std::vector<WaitingOutcome> read() const;
+
+  /// Adds an outcome. When this returns, it is on the disk.
+  void add(const WaitingOutcome& outcome) const;
+
+  /// The outcome with that id waits no longer. Does nothing when it is not in the journal.
+  void settle(const std::string& id) const;
+
+ private:
+  std::string file_;
+};
+
+}  // namespace vemra::desk

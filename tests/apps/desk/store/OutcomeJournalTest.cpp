@@ -1,0 +1,247 @@
+#include "apps/desk/store/OutcomeJournal.hpp"
+#include "tests/apps/TemporaryFolder.hpp"
+
+#include <csignal>
+#include <exception>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace vemra::desk {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::ElementsAre;
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::StartsWith;
+
+WaitingOutcome waitingOutcome(const std::string& id, const std::string& note = "met at the fair") {
+  return {id, "g1", "Find a lead", "Ada",
+          GoalOutcomeRecordingInput{GoalOutcomeSubjectKind::person, "p1", GoalOutcomeValue::helped,
+                                    note, std::nullopt}};
+}
+
+/// What an act that must fail says; "" when it does not.
+template <class Act>
+std::string failureOf(const Act& act) {
+  try {
+    act();
+  } catch (const std::exception& failure) {
+    return failure.what();
+  }
+  return "";
+}
+
+class OutcomeJournalTest : public ::testing::Test {
+ protected:
+  std::vector<std::string> waiting() const {
+    std::vector<std::string> ids;
+    for (const WaitingOutcome& each : journal.read()) ids.push_back(each.id);
+    return ids;
+  }
+  std::string fileText() const { return TemporaryFolder::readFile(journal.file()); }
+  void write(const std::string& text) const {
+    folder.write("goals.sqlite-waiting", text);
+    fs::permissions(journal.file(), fs::perms::owner_read | fs::perms::owner_write);
+  }
+  std::string refusal() const {
+    return failureOf([&] { journal.read(); });
+  }
+
+  const std::string head = "{\"format\": \"vemra-desk waiting outcomes\", \"version\": 1}\n";
+  TemporaryFolder folder;
+  OutcomeJournal journal{folder.file("goals.sqlite")};
+};
+
+TEST_F(OutcomeJournalTest, StandsBesideTheStoreAndReadingMakesNoFile) {
+  EXPECT_EQ(journal.file(), folder.file("goals.sqlite-waiting"));
+  EXPECT_THAT(waiting(), IsEmpty());
+  journal.settle("a");
+  EXPECT_FALSE(fs::exists(journal.file()));
+}
+
+TEST_F(OutcomeJournalTest, AStoreBehindALinkHasOneJournal) {
+  folder.write("goals.sqlite", "");
+  fs::create_symlink(folder.file("goals.sqlite"), folder.file("link"));
+  EXPECT_EQ(OutcomeJournal(folder.file("link")).file(), journal.file());
+}
+
+TEST_F(OutcomeJournalTest, EveryFieldComesBackByteForByte) {
+  const WaitingOutcome written{
+      "id", "g\n1", "\"Title\"", "A\u030ada",
+      GoalOutcomeRecordingInput{GoalOutcomeSubjectKind::path, "", GoalOutcomeValue::somethingElse,
+                                "two\nlines\u2028", "o1"}};
+  journal.add(written);
+  const std::vector<WaitingOutcome> read = journal.read();
+  ASSERT_EQ(read.size(), 1u);
+  EXPECT_EQ(read[0].id, written.id);
+  EXPECT_EQ(read[0].goalID, written.goalID);
+  EXPECT_EQ(read[0].goalTitle, written.goalTitle);
+  EXPECT_EQ(read[0].subjectName, written.subjectName);
+  EXPECT_EQ(read[0].input.subjectKind, written.input.subjectKind);
+  EXPECT_EQ(*read[0].input.subjectRef, "");
+  EXPECT_EQ(read[0].input.outcome, written.input.outcome);
+  EXPECT_EQ(*read[0].input.note, "two\nlines\u2028");
+  EXPECT_EQ(*read[0].input.correctsOutcomeID, "o1");
+}
+
+TEST_F(OutcomeJournalTest, OutcomesWaitInTheirOrderUntilTheyAreSettled) {
+  for (const char* id : {"a", "b", "c"}) journal.add(waitingOutcome(id));
+  EXPECT_THAT(waiting(), ElementsAre("a", "b", "c"));
+  journal.settle("b");
+  EXPECT_THAT(waiting(), ElementsAre("a", "c"));
+  journal.settle("nobody");
+  EXPECT_THAT(waiting(), ElementsAre("a", "c"));
+}
+
+TEST_F(OutcomeJournalTest, TheFileGoesWithTheLastOutcome) {
+  journal.add(waitingOutcome("a"));
+  journal.add(waitingOutcome("b"));
+  journal.settle("a");
+  EXPECT_TRUE(fs::exists(journal.file()));
+  journal.settle("b");
+  EXPECT_FALSE(fs::exists(journal.file()));
+}
+
+TEST_F(OutcomeJournalTest, TheSameOutcomeTwiceWaitsOnce) {
+  journal.add(waitingOutcome("a", "first"));
+  journal.add(waitingOutcome("a", "second"));
+  ASSERT_THAT(waiting(), ElementsAre("a"));
+  EXPECT_EQ(journal.read()[0].input.note, "first");
+}
+
+TEST_F(OutcomeJournalTest, OnlyItsOwnerMayReadIt) {
+  const mode_t before = ::umask(0);
+  journal.add(waitingOutcome("a"));
+  ::umask(before);
+  struct stat status {};
+  ASSERT_EQ(::stat(journal.file().c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 07777u, 0600u);
+}
+
+TEST_F(OutcomeJournalTest, ALineThatWasNotWrittenToItsEndIsLeftOutAndReplaced) {
+  journal.add(waitingOutcome("a"));
+  write(fileText() + "{\"waiting\": {\"id\": \"b\", \"goal");
+  EXPECT_THAT(waiting(), ElementsAre("a"));
+  journal.add(waitingOutcome("c"));
+  EXPECT_THAT(waiting(), ElementsAre("a", "c"));
+  EXPECT_THAT(fileText(), EndsWith("}}\n"));
+}
+
+TEST_F(OutcomeJournalTest, ALineThatLacksItsLineFeedOnlyCounts) {
+  journal.add(waitingOutcome("a"));
+  std::string text = fileText();
+  text.pop_back();
+  write(text);
+  EXPECT_THAT(waiting(), ElementsAre("a"));
+  journal.add(waitingOutcome("b"));
+  EXPECT_THAT(waiting(), ElementsAre("a", "b"));
+}
+
+TEST_F(OutcomeJournalTest, ABegunFirstLineIsAnEmptyJournal) {
+  for (std::size_t length = 0; length < head.size(); ++length) {
+    write(head.substr(0, length));
+    EXPECT_THAT(waiting(), IsEmpty()) << length;
+  }
+  journal.add(waitingOutcome("a"));
+  EXPECT_THAT(waiting(), ElementsAre("a"));
+}
+
+TEST_F(OutcomeJournalTest, AForeignFileIsRefusedAndStays) {
+  for (const char* text :
+       {"SQLite format 3", "# notes\n", "{\"format\": \"other\", \"version\": 1}\n"}) {
+    write(text);
+    EXPECT_THAT(refusal(), StartsWith(journal.file() + ": line 1: ")) << text;
+    EXPECT_NE(failureOf([&] { journal.add(waitingOutcome("a")); }), "");
+    EXPECT_NE(failureOf([&] { journal.settle("a"); }), "");
+    EXPECT_EQ(fileText(), text);
+  }
+}
+
+TEST_F(OutcomeJournalTest, ANewerVersionIsRefusedAndNamed) {
+  write("{\"format\": \"vemra-desk waiting outcomes\", \"version\": 2}\n");
+  EXPECT_EQ(refusal(), journal.file() + ": line 1: /version: expected 1; found another version");
+}
+
+TEST_F(OutcomeJournalTest, ADamagedLineIsNamedWithItsPlace) {
+  journal.add(waitingOutcome("a"));
+  journal.add(waitingOutcome("b"));
+  std::string text = fileText();
+  text.replace(text.rfind("\"helped\""), 8, "\"hepled\"");
+  write(text);
+  EXPECT_THAT(refusal(), StartsWith(journal.file() + ": line 3: /waiting/value: expected one of"));
+  EXPECT_EQ(fileText(), text);
+}
+
+TEST_F(OutcomeJournalTest, AnEntryThatIsNeitherOfTheTwoIsRefused) {
+  for (const char* entry : {"{}", "{\"other\": 1}", "[]", ""}) {
+    write(head + entry + "\n");
+    EXPECT_THAT(refusal(), StartsWith(journal.file() + ": line 2: ")) << entry;
+  }
+}
+
+TEST_F(OutcomeJournalTest, AFileThatOthersMayWriteOrThatIsNoFileIsRefused) {
+  journal.add(waitingOutcome("a"));
+  fs::permissions(journal.file(), fs::perms::group_write, fs::perm_options::add);
+  EXPECT_EQ(refusal(), journal.file() + ": may be written by other users");
+  fs::remove(journal.file());
+  ASSERT_EQ(::mkfifo(journal.file().c_str(), 0600), 0);
+  EXPECT_EQ(refusal(), journal.file() + ": is not a file");
+  fs::remove(journal.file());
+  fs::create_symlink(folder.write("elsewhere", ""), journal.file());
+  EXPECT_THAT(refusal(), HasSubstr("cannot be opened"));
+}
+
+TEST_F(OutcomeJournalTest, WhenNothingMoreFitsOnTheDiskTheJournalStaysAsItWas) {
+  journal.add(waitingOutcome("a"));
+  const std::string before = fileText();
+  rlimit limit{};
+  ::getrlimit(RLIMIT_FSIZE, &limit);
+  rlimit little = limit;
+  little.rlim_cur = before.size() + 10;
+  std::signal(SIGXFSZ, SIG_IGN);
+  ::setrlimit(RLIMIT_FSIZE, &little);
+  const std::string error = failureOf([&] { journal.add(waitingOutcome("b")); });
+  ::setrlimit(RLIMIT_FSIZE, &limit);
+  std::signal(SIGXFSZ, SIG_DFL);
+  EXPECT_THAT(error, StartsWith(journal.file() + ": cannot be written: "));
+  EXPECT_EQ(fileText(), before);
+}
+
+// Another program removes the file while this one waits for its lock.
+TEST_F(OutcomeJournalTest, AnOutcomeIsNeverWrittenIntoAFileThatWasRemoved) {
+  journal.add(waitingOutcome("a"));
+  const int other = ::open(journal.file().c_str(), O_RDWR);
+  ASSERT_EQ(::flock(other, LOCK_EX), 0);
+  std::thread adding([&] { journal.add(waitingOutcome("b")); });
+  ::usleep(50'000);
+  fs::remove(journal.file());
+  ::close(other);
+  adding.join();
+  EXPECT_THAT(waiting(), ElementsAre("b"));
+}
+
+TEST_F(OutcomeJournalTest, TwoProgramsAddWithoutLosingALine) {
+  std::vector<std::thread> programs;
+  for (const char* name : {"x", "y"}) {
+    programs.emplace_back([this, name] {
+      for (int i = 0; i < 20; ++i) journal.add(waitingOutcome(name + std::to_string(i)));
+      for (int i = 0; i < 19; ++i) journal.settle(name + std::to_string(i));
+    });
+  }
+  for (std::thread& program : programs) program.join();
+  EXPECT_THAT(waiting(), ::testing::UnorderedElementsAre("x19", "y19"));
+}
+
+}  // namespace
+}  // namespace vemra::desk
