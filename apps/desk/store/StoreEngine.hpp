@@ -25,6 +25,9 @@ class StoreEngine final : public GoalToolExecutor {
   /// Does not open the store; the first task does.
   explicit StoreEngine(std::string file, Patience patience = usualPatience);
 
+  /// The file of the store, as it was given.
+  const std::string& file() const { return thread_->file(); }
+
   task::Task<GetGoalSnapshotResponse> getGoalSnapshot(std::string goalID) override;
 
   /// Records an outcome from the screen and returns the record.

@@ -104,6 +104,31 @@ class AccessibleGoal final : public QAccessibleInterface, public QAccessibleActi
   mutable std::optional<bool> announcedOpen_;
 };
 
+/// A goal with a widget: the same actions as without. Qt's own for such a button would check it
+/// without opening its goal.
+class AccessibleRow final : public QAccessibleWidget {
+ public:
+  explicit AccessibleRow(GoalRow& row) : QAccessibleWidget(&row, QAccessible::RadioButton) {}
+
+  QAccessible::State state() const override {
+    QAccessible::State state = QAccessibleWidget::state();
+    state.checkable = true;
+    state.checked = row().isChecked();
+    return state;
+  }
+  QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
+  void doAction(const QString& action) override {
+    if (action == pressAction()) {
+      row().click();
+    } else {
+      QAccessibleWidget::doAction(action);
+    }
+  }
+
+ private:
+  GoalRow& row() const { return *static_cast<GoalRow*>(widget()); }
+};
+
 /// The heading, then the goals. Counting the goals or finding one examines no other goal.
 class AccessibleColumn final : public QAccessibleWidget {
  public:
@@ -217,15 +242,17 @@ class AccessibleColumn final : public QAccessibleWidget {
   mutable std::optional<int> toldCount_;
 };
 
-QAccessibleInterface* makeColumn(const QString&, QObject* object) {
+QAccessibleInterface* makeColumnOrRow(const QString&, QObject* object) {
   auto* column = qobject_cast<GoalColumn*>(object);
-  return column ? new AccessibleColumn(*column) : nullptr;
+  if (column) return new AccessibleColumn(*column);
+  auto* row = qobject_cast<GoalRow*>(object);
+  return row ? new AccessibleRow(*row) : nullptr;
 }
 
 }  // namespace
 
 GoalColumn::GoalColumn(GoalList& list) : list_(&list) {
-  static const bool installed = (QAccessible::installFactory(makeColumn), true);
+  static const bool installed = (QAccessible::installFactory(makeColumnOrRow), true);
   static_cast<void>(installed);
 }
 

@@ -3,8 +3,10 @@
 #include "VemraGoalSurface/model/GoalResultProjectionReader.hpp"
 #include "VemraPlatform/text/Equality.hpp"
 #include "apps/desk/store/SampleGoals.hpp"
+#include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/OnMainThread.hpp"
 #include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/SubjectName.hpp"
 
 #include <exception>
 #include <utility>
@@ -15,8 +17,14 @@ namespace vemra::desk {
 namespace {
 
 constexpr int millisecondsBetweenLooks = 400;
-constexpr const char* loadingGoals = "The goals could not be loaded.";
-constexpr const char* loadingGoal = "The goal could not be loaded.";
+
+QString loadingGoals() {
+  return localized("The goals could not be loaded.");
+}
+
+QString loadingGoal() {
+  return localized("The goal could not be loaded.");
+}
 
 /// The reason why a task failed; "" for one that succeeded.
 template <class T>
@@ -27,14 +35,29 @@ QString failureOf(const task::Result<T>& result) {
   } catch (const std::exception& error) {
     return fromUTF8(error.what());
   } catch (...) {
-    return "unknown failure";
+    return localized("an unknown failure");
   }
 }
 
 }  // namespace
 
 DeskController::DeskController(std::shared_ptr<StoreEngine> engine, DeskDisplay& display)
-    : engine_(std::move(engine)), display_(display) {}
+    : engine_(std::move(engine)),
+      display_(display),
+      waiting_(engine_, OutcomeJournal(engine_->file())) {
+  connect(&waiting_, &WaitingOutcomes::changed, this,
+          [this] { display_.showWaiting(waiting_.notes()); });
+  connect(&waiting_, &WaitingOutcomes::recorded, this, [this] {
+    if (goalID_) loadGoal();
+    if (refreshDetails_) refreshDetails_();
+  });
+  connect(&waiting_, &WaitingOutcomes::journalFailed, this, [this](const QString& reason) {
+    display_.showNotice(
+        localized("Outcomes of an earlier time may wait in a journal that cannot be used.") + ' ' +
+            reason,
+        nullptr);
+  });
+}
 
 void DeskController::start(std::optional<std::string> goalID) {
   goalID_ = std::move(goalID);
@@ -43,6 +66,7 @@ void DeskController::start(std::optional<std::string> goalID) {
   timer->start(millisecondsBetweenLooks);
   lookForChanges();  // before the first load, so that no change falls in between
   loadGoals();
+  waiting_.start();
 }
 
 void DeskController::loadGoals() {
@@ -51,10 +75,10 @@ void DeskController::loadGoals() {
 
 void DeskController::takeGoals(task::Result<std::vector<GoalListing>> result) {
   if (const QString failure = failureOf(result); !failure.isEmpty()) {
-    showLoadingFailure(loadingGoals, failure, [this] { loadGoals(); });
+    showLoadingFailure(loadingGoals(), failure, [this] { loadGoals(); });
     return;
   }
-  shownBefore_.remove(loadingGoals);
+  shownBefore_.remove(loadingGoals());
   const std::vector<GoalListing> goals = std::move(result).take();
   if (!goalID_ && !goals.empty()) goalID_ = goals.front().id;
   display_.showGoals(goals, goalID_.value_or(""));
@@ -64,7 +88,7 @@ void DeskController::takeGoals(task::Result<std::vector<GoalListing>> result) {
 void DeskController::openGoal(const std::string& goalID) {
   if (goalID_ && text::equal(*goalID_, goalID)) return;
   goalID_ = goalID;
-  shownBefore_.remove(loadingGoal);
+  shownBefore_.remove(loadingGoal());
   closeDetails();
   loadGoal();
 }
@@ -88,41 +112,28 @@ void DeskController::takeGoal(const std::string& goalID, std::uint64_t store,
   if (const QString failure = failureOf(result); !failure.isEmpty()) {
     if (shownGoalID_ == goalID) {  // with the editors that are open in it
       display_.keepGoal();
-      showLoadingFailure(loadingGoal, failure, [this] { loadGoal(); });
+      showLoadingFailure(loadingGoal(), failure, [this] { loadGoal(); });
     } else {
       display_.showFailure(failure);
     }
     return;
   }
-  shownBefore_.remove(loadingGoal);
+  shownBefore_.remove(loadingGoal());
   shownGoalID_ = goalID;
   display_.showGoal({goalID, std::move(result).take(), store});
 }
 
-void DeskController::record(const std::string& goalID, const GoalOutcomeRecordingInput& input,
-                            std::uint64_t store) {
-  record({goalID, input, newOutcomeID()}, store);
-}
-
-void DeskController::record(const OutcomeToRecord& outcome, std::uint64_t store) {
-  startOnMainThread(*this, engine_->record(outcome.goalID, outcome.input, store, outcome.id),
-                    [this, outcome](auto result) {
-                      if (const QString failure = failureOf(result); !failure.isEmpty()) {
-                        // Its editor has closed: what was written must not be lost to the next
-                        // failure.
-                        unrecorded_.push_back(outcome);
-                        showFailure("The outcome was not recorded. " + failure);
-                        return;
-                      }
-                      loadGoal();
-                      if (refreshDetails_) refreshDetails_();
-                    });
+void DeskController::record(const LoadedGoal& goal, const GoalOutcomeRecordingInput& input) {
+  const QString subject = subjectName(goal.snapshot, input.subjectKind, input.subjectRef);
+  waiting_.add({newOutcomeID(), goal.id, goal.snapshot.goal().title, subject.toStdString(), input},
+               goal.store);
 }
 
 void DeskController::addSampleGoals() {
   startOnMainThread(*this, engine_->import(sampleGoals()), [this](auto result) {
     if (const QString failure = failureOf(result); !failure.isEmpty()) {
-      showFailure("The sample goals were not added. " + failure);
+      display_.showNotice(localized("The sample goals were not added.") + ' ' + failure,
+                          [this] { addSampleGoals(); });
       return;
     }
     loadGoals();
@@ -148,20 +159,20 @@ void DeskController::lookUp(Ask ask, const QString& failure, Show show) {
 
 void DeskController::openPerson(const std::string& personRef) {
   lookUp([this, personRef] { return engine_->person(personRef); },
-         "The person could not be looked up.",
+         localized("The person could not be looked up."),
          [this](PersonKnowledge person) { display_.showPerson(std::move(person)); });
 }
 
 void DeskController::openEvidence(const std::string& evidenceID) {
   lookUp([this, evidenceID] { return engine_->evidence(evidenceID); },
-         "The source could not be looked up.",
+         localized("The source could not be looked up."),
          [this](EvidenceKnowledge evidence) { display_.showEvidence(std::move(evidence)); });
 }
 
 void DeskController::openPath(const GoalPathCandidateDTO& path) {
   lookUp([this, path,
           goalID = goalID_.value_or("")] { return engine_->names(goalID, path.personRefs); },
-         "The people on the path could not be looked up.",
+         localized("The people on the path could not be looked up."),
          [this, path](const std::vector<std::optional<std::string>>& names) {
            display_.showPath(path, names);
          });
@@ -185,50 +196,34 @@ void DeskController::takeVersion(task::Result<std::int64_t> result) {
   const QString before = std::exchange(lookingFailed_, failure);
   if (!failure.isEmpty()) {
     if (failure != before) {
-      showFailure("The store could not be read. " + failure + remarkOnUnrecorded());
+      display_.showNotice(localized("The store could not be read.") + ' ' + failure, nullptr);
     }
     return;
   }
   if (!before.isEmpty()) {
-    showFailure("The store is shown as it is now, after it could not be read. " + before +
-                remarkOnUnrecorded());
+    display_.showNotice(
+        localized("The store is shown as it is now, after it could not be read.") + ' ' + before,
+        nullptr);
   }
   const std::int64_t version = std::move(result).take();
   const bool isSame = std::exchange(version_, version).value_or(version) == version;
   if (isSame && before.isEmpty()) return;
   loadGoals();
   if (refreshDetails_) refreshDetails_();
-}
-
-void DeskController::showFailure(const QString& text, std::function<void()> again) {
-  if (unrecorded_.empty()) {
-    display_.showNotice(text, std::move(again));
-    return;
-  }
-  display_.showNotice(text, [this, again = std::move(again)] {
-    for (const OutcomeToRecord& outcome : std::exchange(unrecorded_, {})) {
-      record(outcome, engine_->storeNumber());
-    }
-    if (again) again();
-  });
+  waiting_.tryInTheirStore();
 }
 
 void DeskController::showLoadingFailure(const QString& what, const QString& failure,
                                         std::function<void()> again) {
   if (std::exchange(shownBefore_[what], failure) == failure) return;
   if (!again) {
-    showFailure(what + ' ' + failure);
+    display_.showNotice(what + ' ' + failure, nullptr);
     return;
   }
-  showFailure(what + ' ' + failure, [this, what, again = std::move(again)] {
+  display_.showNotice(what + ' ' + failure, [this, what, again = std::move(again)] {
     shownBefore_.remove(what);
     again();
   });
-}
-
-QString DeskController::remarkOnUnrecorded() const {
-  if (unrecorded_.empty()) return {};
-  return QString(" Outcomes that are not recorded yet: %1.").arg(unrecorded_.size());
 }
 
 }  // namespace vemra::desk

@@ -4,6 +4,7 @@
 #include "VemraPlatform/task/Result.hpp"
 #include "apps/desk/store/StoreEngine.hpp"
 #include "apps/desk/window/DeskDisplay.hpp"
+#include "apps/desk/window/WaitingOutcomes.hpp"
 
 #include <cstdint>
 #include <functional>
@@ -19,7 +20,7 @@ namespace vemra::desk {
 
 /// The part of a host that has no widgets: it loads snapshots off the main thread, stores outcomes and
 /// loads again, looks for changes that other programs make to the store, and keeps what could not be
-/// stored until the user tries again.
+/// stored (`WaitingOutcomes`).
 ///
 /// Main thread only.
 class DeskController : public QObject {
@@ -27,20 +28,22 @@ class DeskController : public QObject {
   /// - Parameter display: outlives the controller.
   DeskController(std::shared_ptr<StoreEngine> engine, DeskDisplay& display);
 
-  /// Starts to load and to look for changes; opens the goal of that id, or else the first one there is.
-  /// Call once.
+  /// Starts to load, to look for changes and to record what waits in the journal; opens the goal of
+  /// that id, or else the first one there is. Call once.
   void start(std::optional<std::string> goalID);
 
   /// Closes the details and loads the goal, unless it is open.
   void openGoal(const std::string& goalID);
   /// Loads the open goal again.
   void loadGoal();
-  /// Stores what the user recorded for a goal that is shown, and loads the open goal again. A failure is
-  /// shown, and the outcome kept: "Try again" of any notice stores it, once, under the same id.
-  ///
-  /// - Parameter store: `LoadedGoal::store` of the goal that is shown.
-  void record(const std::string& goalID, const GoalOutcomeRecordingInput& input,
-              std::uint64_t store);
+  /// Stores what the user recorded for a goal that is shown, and loads the open goal again. While
+  /// that is not possible, the outcome waits, under the names that it has in `goal`.
+  void record(const LoadedGoal& goal, const GoalOutcomeRecordingInput& input);
+  /// Records what waits, in the store that is there now.
+  void recordWaiting() { waiting_.tryAgain(); }
+  /// Forgets what waits.
+  void discardWaiting() { waiting_.discard(); }
+  std::vector<WaitingNote> waiting() const { return waiting_.notes(); }
   /// Stores the sample goals and opens the first one.
   void addSampleGoals();
 
@@ -52,18 +55,10 @@ class DeskController : public QObject {
   void closeDetails();
 
  private:
-  /// Each try uses the same id, so that the outcome is recorded once.
-  struct OutcomeToRecord {
-    std::string goalID;
-    GoalOutcomeRecordingInput input;
-    std::string id;
-  };
-
   void loadGoals();
   void takeGoals(task::Result<std::vector<GoalListing>> result);
   void takeGoal(const std::string& goalID, std::uint64_t store,
                 task::Result<GoalResultSnapshotV1> result);
-  void record(const OutcomeToRecord& outcome, std::uint64_t store);
   void lookForChanges();
   void takeVersion(task::Result<std::int64_t> result);
 
@@ -72,21 +67,18 @@ class DeskController : public QObject {
   template <class Ask, class Show>
   void lookUp(Ask ask, const QString& failure, Show show);
 
-  /// Shows a failure; trying again also records what could not be recorded so far.
-  void showFailure(const QString& text, std::function<void()> again = nullptr);
   /// Shows that something could not be loaded; once, however often the controller tries by itself.
   void showLoadingFailure(const QString& what, const QString& failure,
                           std::function<void()> again = nullptr);
-  QString remarkOnUnrecorded() const;
 
   std::shared_ptr<StoreEngine> engine_;
   DeskDisplay& display_;
-  std::optional<std::string> goalID_;        // of the open goal
-  std::optional<std::string> shownGoalID_;   // of the goal that the display shows
-  std::uint64_t detailsRequest_ = 0;         // the last look-up
-  std::function<void()> refreshDetails_;     // looks up once more what the details show
-  std::vector<OutcomeToRecord> unrecorded_;  // those whose last try failed
-  std::optional<std::int64_t> version_;      // of the store, when it was last looked at
+  WaitingOutcomes waiting_;
+  std::optional<std::string> goalID_;       // of the open goal
+  std::optional<std::string> shownGoalID_;  // of the goal that the display shows
+  std::uint64_t detailsRequest_ = 0;        // the last look-up
+  std::function<void()> refreshDetails_;    // looks up once more what the details show
+  std::optional<std::int64_t> version_;     // of the store, when it was last looked at
   bool looking_ = false;
   QString lookingFailed_;                // why looking for changes failed last; "" if it did not
   QHash<QString, QString> shownBefore_;  // what could not be loaded: the reason that was shown

@@ -4,6 +4,7 @@
 #include "VemraGoalSurface/model/GoalResultSnapshotV1.hpp"
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/store/Knowledge.hpp"
+#include "apps/desk/window/WaitingOutcomes.hpp"
 
 #include <cstdint>
 #include <functional>
@@ -36,6 +37,9 @@ class DeskDisplay {
   virtual void showFailure(const QString& reason) = 0;
   /// A sentence beside the goal. `tryAgain`, if there is one, is offered to the user.
   virtual void showNotice(const QString& text, std::function<void()> tryAgain) = 0;
+
+  /// The outcomes that are not stored yet, oldest first; none when all are.
+  virtual void showWaiting(const std::vector<WaitingNote>& waiting) = 0;
 
   virtual void showPerson(PersonKnowledge person) = 0;
   virtual void showEvidence(EvidenceKnowledge evidence) = 0;

@@ -2,18 +2,18 @@
 
 #include "VemraGoalSurface/GoalResultView.hpp"
 #include "VemraQt/ViewWidget.hpp"
+#include "apps/desk/window/CloseQuestion.hpp"
 #include "apps/desk/window/FailurePage.hpp"
 #include "apps/desk/window/GoalList.hpp"
 #include "apps/desk/window/GoalScreens.hpp"
-#include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/Notice.hpp"
 #include "apps/desk/window/Pages.hpp"
 #include "apps/desk/window/SidePane.hpp"
+#include "apps/desk/window/WaitingBar.hpp"
 #include "apps/desk/window/Welcome.hpp"
 
 #include <utility>
 
-#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QMessageBox>
 #include <QShortcut>
@@ -35,13 +35,17 @@ DeskWindow::DeskWindow(std::shared_ptr<StoreEngine> engine, std::optional<std::s
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   notice_ = new Notice;
+  waiting_ = new WaitingBar;
   column->addWidget(makePanes(), 1);
+  column->addWidget(waiting_);
   column->addWidget(notice_);
   setCentralWidget(page);
 
   connect(goals_, &GoalList::goalChosen, &controller_, &DeskController::openGoal);
   connect(welcome_, &Welcome::samplesWanted, &controller_, &DeskController::addSampleGoals);
   connect(failure_, &FailurePage::tryAgainWanted, &controller_, &DeskController::loadGoal);
+  connect(waiting_, &WaitingBar::tryAgainWanted, &controller_, &DeskController::recordWaiting);
+  connect(waiting_, &WaitingBar::discardWanted, this, &DeskWindow::askToDiscardWaiting);
   connect(side_, &SidePane::closed, &controller_, &DeskController::closeDetails);
   connect(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, &controller_,
           &DeskController::closeDetails);
@@ -93,9 +97,7 @@ void DeskWindow::showGoal(const LoadedGoal& goal) {
       goal.snapshot, [this](const std::string& personRef) { controller_.openPerson(personRef); },
       [this](const std::string& evidenceID) { controller_.openEvidence(evidenceID); },
       [this](const GoalPathCandidateDTO& path) { controller_.openPath(path); },
-      [this, id = goal.id, store = goal.store](const GoalOutcomeRecordingInput& input) {
-        controller_.record(id, input, store);
-      });
+      [this, goal](const GoalOutcomeRecordingInput& input) { controller_.record(goal, input); });
   screens_->show(goal, view);
 }
 
@@ -133,34 +135,46 @@ void DeskWindow::closeDetails() {
 }
 
 void DeskWindow::closeEvent(QCloseEvent* event) {
-  const QStringList drafts = mayDiscardDrafts_ ? QStringList() : screens_->drafts();
-  if (drafts.isEmpty()) {
+  const Unfinished unfinished =
+      mayClose_ ? Unfinished() : Unfinished{screens_->drafts(), controller_.waiting()};
+  if (unfinished.isEmpty()) {
     QMainWindow::closeEvent(event);
     return;
   }
   event->ignore();
-  if (!question_) askToDiscard(drafts);
+  if (question_) return;
+  auto* question = new CloseQuestion(unfinished, this);
+  question_ = question;
+  connect(question, &CloseQuestion::closeWanted, this, &DeskWindow::closeAnyway);
+  connect(question, &CloseQuestion::waitWanted, this, &DeskWindow::closeWhenStored);
+  question->open();
 }
 
-void DeskWindow::askToDiscard(const QStringList& drafts) {
-  constexpr int mostNamed = 5;
-  QStringList named = drafts.mid(0, mostNamed);
-  if (drafts.size() > mostNamed) {
-    named.append(localized("and %1 more").arg(drafts.size() - mostNamed));
-  }
-  question_ = new QMessageBox(QMessageBox::Warning, windowTitle(),
-                              localized("Outcomes are still being written. Close without them?"),
-                              QMessageBox::Discard | QMessageBox::Cancel, this);
-  question_->setObjectName("desk.question");
-  question_->setTextFormat(Qt::PlainText);
-  question_->setInformativeText(named.join('\n'));
-  question_->setDefaultButton(QMessageBox::Cancel);
-  question_->setAttribute(Qt::WA_DeleteOnClose);
-  connect(question_, &QMessageBox::buttonClicked, this, [this](QAbstractButton* button) {
-    mayDiscardDrafts_ = question_ && question_->buttonRole(button) == QMessageBox::DestructiveRole;
-    if (mayDiscardDrafts_) QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
-  });
-  question_->open();
+void DeskWindow::closeAnyway() {
+  mayClose_ = true;
+  // The question closes first, which makes the window active once more.
+  QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+}
+
+void DeskWindow::closeWhenStored() {
+  auto* wait = new CloseWait(this);
+  question_ = wait;
+  closesWhenStored_ = true;
+  connect(wait, &CloseWait::closeWanted, this, &DeskWindow::closeAnyway);
+  connect(wait, &CloseWait::cancelled, this, [this] { closesWhenStored_ = false; });
+  wait->open();
+  showWaiting(controller_.waiting());  // it may have been stored meanwhile
+}
+
+void DeskWindow::askToDiscardWaiting() {
+  auto* question = new DiscardQuestion(controller_.waiting(), this);
+  connect(question, &DiscardQuestion::discardWanted, &controller_, &DeskController::discardWaiting);
+  question->open();
+}
+
+void DeskWindow::showWaiting(const std::vector<WaitingNote>& waiting) {
+  waiting_->setWaiting(waiting);
+  if (waiting.empty() && closesWhenStored_) closeAnyway();
 }
 
 }  // namespace vemra::desk

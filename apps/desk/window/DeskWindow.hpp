@@ -10,7 +10,6 @@
 
 #include <QMainWindow>
 #include <QPointer>
-#include <QStringList>
 
 class QMessageBox;
 
@@ -26,6 +25,7 @@ class GoalScreens;
 class Notice;
 class Pages;
 class SidePane;
+class WaitingBar;
 class Welcome;
 
 /// The window of the reference host: the goals at the left, the result screen of the open one, and
@@ -46,18 +46,21 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   qt::ViewWidget& screen();
 
  protected:
-  /// Asks once whether to close, while editors are open.
+  /// Asks once whether to close, while editors are open or outcomes are not stored.
   void closeEvent(QCloseEvent* event) override;
 
  private:
   QWidget* makePanes();
-  void askToDiscard(const QStringList& drafts);
+  void closeAnyway();
+  void closeWhenStored();
+  void askToDiscardWaiting();
 
   void showGoals(const std::vector<GoalListing>& goals, const std::string& chosen) override;
   void showGoal(const LoadedGoal& goal) override;
   void keepGoal() override;
   void showFailure(const QString& reason) override;
   void showNotice(const QString& text, std::function<void()> tryAgain) override;
+  void showWaiting(const std::vector<WaitingNote>& waiting) override;
   void showPerson(PersonKnowledge person) override;
   void showEvidence(EvidenceKnowledge evidence) override;
   void showPath(const GoalPathCandidateDTO& path,
@@ -72,8 +75,10 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   FailurePage* failure_;
   SidePane* side_;
   Notice* notice_;
-  QPointer<QMessageBox> question_;
-  bool mayDiscardDrafts_ = false;  ///< the user has said so
+  WaitingBar* waiting_;
+  QPointer<QMessageBox> question_;  ///< whether to close
+  bool mayClose_ = false;           ///< the user has decided to
+  bool closesWhenStored_ = false;
 };
 
 }  // namespace vemra::desk

@@ -1,27 +1,24 @@
 #include "apps/desk/window/Notice.hpp"
 
+#include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/Pieces.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
 #include <utility>
 
-#include <QAccessible>
 #include <QHBoxLayout>
 #include <QPushButton>
 
 namespace vemra::desk {
 
-Notice::Notice(QWidget* parent) : QFrame(parent), label_(makeLabel({}, TextRole::body)) {
+Notice::Notice(QWidget* parent) : AlertFrame(parent), label_(makeLabel({}, TextRole::body)) {
   setObjectName("desk.notice");
-  setFrameShape(QFrame::StyledPanel);
-  setAutoFillBackground(true);
-  setBackgroundRole(QPalette::AlternateBase);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(16, 8, 12, 8);
   row->addWidget(label_, 1);
-  again_ = new QPushButton("Try again");
+  again_ = new QPushButton(localized("Try again"));
   again_->setObjectName("desk.notice.again");
-  auto* dismiss = new QPushButton("Dismiss");
+  auto* dismiss = new QPushButton(localized("Dismiss"));
   dismiss->setObjectName("desk.notice.dismiss");
   row->addWidget(again_);
   row->addWidget(dismiss);
@@ -37,12 +34,9 @@ Notice::Notice(QWidget* parent) : QFrame(parent), label_(makeLabel({}, TextRole:
 void Notice::show(const QString& text, std::function<void()> again) {
   const QString shown = firstPiece(text);
   label_->setText(shown);
-  setAccessibleName(shown);
   tryAgain_ = std::move(again);
   again_->setVisible(tryAgain_ != nullptr);
-  QFrame::show();
-  QAccessibleEvent alert(this, QAccessible::Alert);
-  QAccessible::updateAccessibility(&alert);
+  announce(shown);
 }
 
 }  // namespace vemra::desk

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <functional>
+#include "apps/desk/window/AlertFrame.hpp"
 
-#include <QFrame>
+#include <functional>
 
 class QLabel;
 class QPushButton;
@@ -10,7 +10,7 @@ class QPushButton;
 namespace vemra::desk {
 
 /// A line at the bottom of the window that shows a failure until the user dismisses it.
-class Notice : public QFrame {
+class Notice : public AlertFrame {
   Q_OBJECT
 
  public:

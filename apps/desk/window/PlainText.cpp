@@ -73,6 +73,12 @@ QLabel* makeLabel(const QString& text, TextRole role) {
   return label;
 }
 
+QString onOneShortLine(const QString& text) {
+  constexpr qsizetype most = 80;
+  const QString line = text.left(most * 4).simplified();
+  return line.size() > most ? line.left(most) + u'…' : line;
+}
+
 QString asButtonTitle(QString text) {
   return text.replace(u'&', QStringLiteral("&&"));
 }

@@ -29,6 +29,9 @@ QColor inkOf(ui::ForegroundStyle style, const QPalette& palette);
 /// A label with wrapped, literal text.
 QLabel* makeLabel(const QString& text, TextRole role);
 
+/// The text on one line, for a message: line breaks are blanks, and after 80 characters comes "…".
+QString onOneShortLine(const QString& text);
+
 /// The text as the title of a button, where Qt would interpret "&".
 QString asButtonTitle(QString text);
 

@@ -8,6 +8,7 @@
 #include "apps/desk/window/Localized.hpp"
 #include "apps/toolkit/ToolkitMessages.hpp"
 
+#include <chrono>
 #include <cstdlib>
 #include <memory>
 
@@ -16,6 +17,10 @@
 
 namespace vemra::desk {
 namespace {
+
+/// How long a call waits for another program. Short: what the window could not store it tries again
+/// by itself, and meanwhile the other calls, such as the loading of a goal, have their turn.
+constexpr Patience patience = std::chrono::seconds(1);
 
 /// Without a display, Qt would end the process with its own message.
 bool hasDisplay() {
@@ -62,7 +67,7 @@ int showWindow(const Request& request, std::ostream& diagnostics) {
   QApplication::setDesktopFileName("org.vemra.Desk");
   installTranslations(QLocale::system().uiLanguages());
 
-  const auto engine = std::make_shared<StoreEngine>(file);
+  const auto engine = std::make_shared<StoreEngine>(file, patience);
   int exitCode = 0;
   {
     DeskWindow window(engine, request.goal);

@@ -13,8 +13,8 @@ import tempfile
 
 sys.path.insert(0, sys.argv[2])
 from accessible import (  # noqa: E402
-    BACKTAB, DOWN, ENTER, TAB, UP, Atspi, Ear, act, application, equal, find, go_to, has, key,
-    run_checks, type_note, wait_for, walk)
+    BACKTAB, DOWN, ENTER, TAB, UP, Atspi, Ear, act, application, equal, find, go_to, has,
+    key, run_checks, type_note, wait_for, walk)
 
 PEOPLE = 200
 SHOWING, FOCUSED = Atspi.StateType.SHOWING, Atspi.StateType.FOCUSED
@@ -65,8 +65,11 @@ class Desk:
         self.store = os.path.join(folder, "goals.sqlite")
         self.folder = folder
         self.import_goals([document()])
+        self.start()
+
+    def start(self):
         self.process = subprocess.Popen(
-            [program, "--store", self.store, "--goal", "g1"],
+            [self.program, "--store", self.store, "--goal", "g1"],
             stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
         self.root = wait_for(lambda: application("vemra-desk"), "the program on the bus", 20)
         wait_for(self.is_active, "the window with the focus", 20)
@@ -254,6 +257,14 @@ def more_goals_are_announced_and_so_are_new_names_of_goals_out_of_view(desk):
         equal(hears(ear, lambda event: event[3] == far)[1], 1)
 
 
+def open_goal(desk, place):
+    chosen = column_of_goals(desk).get_child_at_index(place)
+    act(chosen, "Press")
+    title = chosen.get_name()
+    wait_for(lambda: any(node.get_name() == title and node.get_role_name() != "radio button"
+                         for node in walk(desk.root)), title)
+
+
 def an_identifier_is_found_in_the_open_goal_only(desk):
     """The screens of goals that were open stay alive, with the same identifiers."""
     both = [dict(document(), goal={"id": name, "title": name}) for name in ("twin1", "twin2")]
@@ -262,14 +273,38 @@ def an_identifier_is_found_in_the_open_goal_only(desk):
     wait_for(lambda: column.clear_cache() or column.get_child_count() == 204, "two more goals")
     start = f"vemra.goal.person.{reference(3)}.outcome.start"
     for place in (203, 202):
-        chosen = column.get_child_at_index(place)
-        act(chosen, "Press")
-        title = chosen.get_name()
-        wait_for(lambda: any(node.get_name() == title and node.get_role_name() != "radio button"
-                             for node in walk(desk.root)), title)
+        open_goal(desk, place)
         equal(len([node for node in walk(desk.root) if node.get_accessible_id() == start]), 1)
         found = desk.get(start)
         assert has(found, Atspi.StateType.VISIBLE), "it is of the other goal"
+
+
+def what_a_killed_program_could_not_store_is_stored_by_the_next_one(desk):
+    open_goal(desk, 1)
+    prefix = f"vemra.goal.person.{reference(5)}.outcome"
+    act(desk.get(prefix + ".start"), "Press")
+    assert desk.get(prefix + ".note").set_text_contents("before the kill")
+    before = len(desk.outcomes())
+    other = sqlite3.connect(desk.store, isolation_level=None)
+    other.execute("BEGIN IMMEDIATE")
+    act(desk.get(prefix + ".save"), "Press")
+
+    def bar():
+        return next((node for node in walk(desk.root)
+                     if node.get_role_name() == "notification" and has(node, SHOWING)
+                     and node.get_name().startswith("Not stored yet:")), None)
+
+    name = wait_for(bar, "the bar of what waits").get_name()
+    assert "“Was useful” for Person <b>5</b> & more (Find a design lead)" in name, name
+    desk.process.kill()
+    desk.process.communicate(timeout=20)
+    equal(len(desk.outcomes()), before)
+    other.execute("ROLLBACK")
+    other.close()
+    desk.start()
+    stored = desk.newest(before + 1)
+    equal((stored["subjectRef"], stored["note"]), (reference(5), "before the kill"))
+    wait_for(lambda: not os.path.exists(desk.store + "-waiting"), "the end of the journal")
 
 
 CHECKS = [
@@ -281,6 +316,7 @@ CHECKS = [
     the_store_is_whole,
     more_goals_are_announced_and_so_are_new_names_of_goals_out_of_view,
     an_identifier_is_found_in_the_open_goal_only,
+    what_a_killed_program_could_not_store_is_stored_by_the_next_one,
 ]
 
 Atspi.init()

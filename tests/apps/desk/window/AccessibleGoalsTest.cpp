@@ -57,6 +57,24 @@ TEST_F(AccessibleGoalsTest, AGoalCanBePressedAndFocusedAndEachDoesItsOwn) {
   EXPECT_TRUE(chosen.empty());
 }
 
+TEST_F(AccessibleGoalsTest, AGoalWithAWidgetHasTheSameActions) {
+  QAccessibleInterface& near = goal(1);
+  ASSERT_EQ(near.object(), list.row(1));
+  EXPECT_EQ(near.role(), QAccessible::RadioButton);
+  EXPECT_TRUE(near.state().checkable);
+  EXPECT_FALSE(near.state().checked);
+  EXPECT_TRUE(goal(0).state().checked);
+  auto* actions = near.actionInterface();
+  EXPECT_THAT(actions->actionNames(),
+              ::testing::UnorderedElementsAre(QAccessibleActionInterface::pressAction(),
+                                              QAccessibleActionInterface::setFocusAction()));
+  actions->doAction(QAccessibleActionInterface::setFocusAction());
+  EXPECT_TRUE(chosen.empty());
+  EXPECT_EQ(list.focusWidget(), list.row(1));
+  actions->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_THAT(chosen, ::testing::ElementsAre("g1"));
+}
+
 TEST_F(AccessibleGoalsTest, TheFirstGoalBeyondAShorterListHasGone) {
   QAccessibleInterface& last = goal(999);
   QAccessibleInterface& before = goal(998);

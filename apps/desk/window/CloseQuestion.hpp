@@ -1,0 +1,57 @@
+#pragma once
+
+#include "apps/desk/window/WaitingOutcomes.hpp"
+
+#include <vector>
+
+#include <QMessageBox>
+#include <QStringList>
+
+namespace vemra::desk {
+
+/// What a window has that its end could lose.
+struct Unfinished {
+  QStringList drafts;                ///< a line for each open editor
+  std::vector<WaitingNote> waiting;  ///< the outcomes that are not stored yet
+  bool isEmpty() const { return drafts.isEmpty() && waiting.empty(); }
+};
+
+/// Asks whether to close a window that has something unfinished, and names it. Deletes itself after
+/// the answer. Show it with `open`.
+class CloseQuestion : public QMessageBox {
+  Q_OBJECT
+
+ public:
+  CloseQuestion(const Unfinished& unfinished, QWidget* parent);
+
+ Q_SIGNALS:
+  void closeWanted();
+  /// Close as soon as everything is stored. Only offered when no editor is open.
+  void waitWanted();
+};
+
+/// Shown while a window waits with its end until everything is stored. Deletes itself after the
+/// answer.
+class CloseWait : public QMessageBox {
+  Q_OBJECT
+
+ public:
+  explicit CloseWait(QWidget* parent);
+
+ Q_SIGNALS:
+  void closeWanted();
+  void cancelled();
+};
+
+/// Asks whether to forget outcomes that are not stored; like the above.
+class DiscardQuestion : public QMessageBox {
+  Q_OBJECT
+
+ public:
+  DiscardQuestion(const std::vector<WaitingNote>& waiting, QWidget* parent);
+
+ Q_SIGNALS:
+  void discardWanted();
+};
+
+}  // namespace vemra::desk

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "apps/desk/window/AlertFrame.hpp"
+#include "apps/desk/window/WaitingOutcomes.hpp"
+
+#include <vector>
+
+class QLabel;
+class QPushButton;
+
+namespace vemra::desk {
+
+/// One line for an outcome that is not stored yet: the outcome, the person and the goal.
+QString lineOf(const WaitingNote& note);
+
+/// A bar that names the outcomes which are not stored yet, the reason, and what becomes of them.
+/// Hidden while there are none.
+class WaitingBar : public AlertFrame {
+  Q_OBJECT
+
+ public:
+  explicit WaitingBar(QWidget* parent = nullptr);
+
+  void setWaiting(const std::vector<WaitingNote>& waiting);
+
+ Q_SIGNALS:
+  void tryAgainWanted();
+  void discardWanted();
+
+ private:
+  QLabel* label_;
+};
+
+}  // namespace vemra::desk

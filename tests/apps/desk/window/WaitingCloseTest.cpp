@@ -1,0 +1,100 @@
+// The end of a window with outcomes that the store has not taken yet.
+
+#include "tests/apps/desk/RawDatabase.hpp"
+#include "tests/apps/desk/window/OpenDesk.hpp"
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+
+#include <QMessageBox>
+
+namespace vemra::desk {
+namespace {
+
+/// A window on a store that another program locks, with an outcome that waits.
+class WaitingCloseTest : public OpenDesk {
+ protected:
+  WaitingCloseTest() {
+    GoalStore::open(file).import({goal("a", "First")});
+    patience = std::chrono::milliseconds(50);
+    open("a");
+    wait<QAbstractButton>(person + ".outcome.start");
+    other = std::make_unique<RawDatabase>(file);
+    EXPECT_EQ(other->run("BEGIN IMMEDIATE"), "");
+    press(person + ".outcome.start");
+    press(person + ".outcome.save");
+    wait<QWidget>("desk.waiting");
+  }
+
+  void unlock() const { EXPECT_EQ(other->run("ROLLBACK"), ""); }
+  std::size_t recorded() const { return GoalStore::open(file).outcomes("a").size(); }
+  bool isClosed() const {
+    return becomes([&] { return !window->isVisible(); });
+  }
+
+  const std::string person = "vemra.goal.person.p1";
+  std::unique_ptr<RawDatabase> other;
+};
+
+TEST_F(WaitingCloseTest, ClosingNamesWhatIsNotStoredAndWhatBecomesOfIt) {
+  window->close();
+  EXPECT_TRUE(window->isVisible());
+  auto* question = wait<QMessageBox>("desk.question");
+  ASSERT_NE(question, nullptr);
+  EXPECT_EQ(question->informativeText(),
+            "“Was useful” for Ada (First)\n\nWhat is not stored yet is kept beside the store, and "
+            "stored when the store is opened again.");
+}
+
+TEST_F(WaitingCloseTest, TheWindowWaitsIfItIsAskedTo) {
+  window->close();
+  press("desk.question.wait");
+  ASSERT_NE(wait<QMessageBox>("desk.wait"), nullptr);
+  pass(300);
+  EXPECT_TRUE(window->isVisible());
+  unlock();
+  EXPECT_TRUE(isClosed());
+  EXPECT_EQ(recorded(), 1u);
+}
+
+TEST_F(WaitingCloseTest, AWaitThatIsCancelledLeavesTheWindowOpen) {
+  window->close();
+  press("desk.question.wait");
+  auto* waiting = wait<QMessageBox>("desk.wait");
+  ASSERT_NE(waiting, nullptr);
+  waiting->button(QMessageBox::Cancel)->click();
+  unlock();
+  EXPECT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") == nullptr; }));
+  pass(100);
+  EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(WaitingCloseTest, WhatWasNotStoredIsStoredWhenTheStoreIsOpenedAgain) {
+  window->close();
+  press("desk.question.close");
+  EXPECT_TRUE(isClosed());
+  close();
+  EXPECT_TRUE(std::filesystem::exists(file + "-waiting"));
+  EXPECT_EQ(recorded(), 0u);
+  unlock();
+  open("a");
+  EXPECT_NE(wait<QAbstractButton>(person + ".outcome.correct"), nullptr);
+  EXPECT_EQ(recorded(), 1u);
+  EXPECT_TRUE(becomes([&] { return !std::filesystem::exists(file + "-waiting"); }));
+}
+
+TEST_F(WaitingCloseTest, AnOpenEditorIsNamedInTheSameQuestion) {
+  press(person + ".outcome.start");
+  window->close();
+  auto* question = wait<QMessageBox>("desk.question");
+  ASSERT_NE(question, nullptr);
+  EXPECT_EQ(question->text(), "Outcomes are still being written. Close without them?");
+  EXPECT_TRUE(question->informativeText().startsWith("Ada (First)\n\nNot stored yet:\n\n“Was"))
+      << question->informativeText().toStdString();
+  question->button(QMessageBox::Discard)->click();
+  EXPECT_TRUE(isClosed());
+}
+
+}  // namespace
+}  // namespace vemra::desk
