@@ -1,6 +1,7 @@
 #include "apps/documents/JsonPlace.hpp"
 
 #include <utility>
+#include <vector>
 
 namespace vemra::documents {
 namespace {
@@ -13,23 +14,13 @@ std::string difference(std::string_view expected, std::string_view found) {
 
 JsonPlace::JsonPlace(std::string file) : file_(std::move(file)) {}
 
-void JsonPlace::enterKey(std::string_view key) {
-  steps_.push_back({key});
-}
-
-void JsonPlace::enterElement(std::size_t index) {
-  steps_.push_back({{}, index});
-}
-
-void JsonPlace::leave() {
-  steps_.pop_back();
-}
-
 std::string JsonPlace::pointer() const {
+  std::vector<const Step*> steps;
+  for (const Step* step = inner_; step != nullptr; step = step->outer_) steps.push_back(step);
   std::string out;
-  for (const Step& step : steps_) {
+  for (auto i = steps.rbegin(); i != steps.rend(); ++i) {
     out += '/';
-    out += step.key.data() == nullptr ? std::to_string(step.index) : pointerToken(step.key);
+    out += (*i)->isElement_ ? std::to_string((*i)->index_) : pointerToken((*i)->key_);
   }
   return out;
 }

@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace vemra::documents {
 
@@ -15,11 +14,35 @@ namespace vemra::documents {
 class JsonPlace {
  public:
   explicit JsonPlace(std::string file);
+  JsonPlace(const JsonPlace&) = delete;
+  JsonPlace& operator=(const JsonPlace&) = delete;
 
-  /// Steps into the value of a key, which must stay alive until `leave`, or into an element.
-  void enterKey(std::string_view key);
-  void enterElement(std::size_t index);
-  void leave();
+  /// A step into the value of a key, which must stay alive, or into an element: the place is there
+  /// until the step is destroyed. The last step is destroyed first.
+  ///
+  /// Steps live where the reading functions call each other, so that a step costs next to nothing.
+  class Step {
+   public:
+    Step(JsonPlace& place, std::string_view key) : place_(place), outer_(place.inner_), key_(key) {
+      place.inner_ = this;
+    }
+    /// Into the first element.
+    explicit Step(JsonPlace& place) : Step(place, std::string_view()) { isElement_ = true; }
+    Step(const Step&) = delete;
+    Step& operator=(const Step&) = delete;
+    ~Step() { place_.inner_ = outer_; }
+
+    /// Goes on to the next element.
+    void next() { ++index_; }
+
+   private:
+    friend class JsonPlace;
+    JsonPlace& place_;
+    const Step* outer_;
+    std::string_view key_;
+    bool isElement_ = false;
+    std::size_t index_ = 0;
+  };
 
   /// The JSON pointer of the place (RFC 6901).
   std::string pointer() const;
@@ -36,14 +59,8 @@ class JsonPlace {
                                std::string_view found) const;
 
  private:
-  /// A key, or an index where `key` has no text behind it.
-  struct Step {
-    std::string_view key;
-    std::size_t index = 0;
-  };
-
   std::string file_;
-  std::vector<Step> steps_;
+  const Step* inner_ = nullptr;  // the last step; nil at the root
 };
 
 }  // namespace vemra::documents

@@ -34,19 +34,19 @@ JsonKind JsonReader::next() {
 void JsonReader::object(std::initializer_list<Field> fields) {
   assert(fields.size() <= 64);
   std::uint64_t seen = 0;
+  const Field* next = fields.begin();  // most documents have the keys in this order
   expectKind(JsonKind::object, "an object");
   members([&](std::string_view key) {
-    std::uint64_t bit = 1;
-    for (const Field& field : fields) {
-      if (field.key == key) {
-        if ((seen & bit) != 0) failAt(key, "each key once", inQuotes(key) + " again");
-        seen |= bit;
-        place_.enterKey(field.key);
-        field.read();
-        place_.leave();
-        return;
-      }
-      bit <<= 1;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+      if (next == fields.end()) next = fields.begin();
+      const Field& field = *next++;
+      if (field.key != key) continue;
+      const std::uint64_t bit = std::uint64_t{1} << (&field - fields.begin());
+      if ((seen & bit) != 0) failAt(key, "each key once", inQuotes(key) + " again");
+      seen |= bit;
+      const JsonPlace::Step step(place_, field.key);
+      field.read();
+      return;
     }
     failAt(key, listed("one of the keys", fields), inQuotes(key));
   });
@@ -59,18 +59,17 @@ void JsonReader::object(std::initializer_list<Field> fields) {
   }
 }
 
-void JsonReader::dictionary(const std::function<void(const std::string& key)>& readValue) {
+void JsonReader::dictionary(FunctionReference<void(const std::string& key)> readValue) {
   expectKind(JsonKind::object, "an object");
   members([&](std::string_view key) {
     const std::string own(key);
-    place_.enterKey(own);
+    const JsonPlace::Step step(place_, own);
     readValue(own);
-    place_.leave();
   });
 }
 
 /// Reads the braces, keys, colons and commas of an object; a key is valid until its value is read.
-void JsonReader::members(const std::function<void(std::string_view key)>& readMember) {
+void JsonReader::members(FunctionReference<void(std::string_view key)> readMember) {
   tokens_.expect('{', "an object");
   if (tokens_.take('}')) return;
   std::string unescaped;
@@ -83,16 +82,17 @@ void JsonReader::members(const std::function<void(std::string_view key)>& readMe
   tokens_.expect('}', "\",\" or \"}\"");
 }
 
-void JsonReader::array(const std::function<void()>& readElement) {
+void JsonReader::array(FunctionReference<void()> readElement) {
   expectKind(JsonKind::array, "an array");
   tokens_.expect('[', "an array");
   if (tokens_.take(']')) return;
-  std::size_t index = 0;
-  do {
-    place_.enterElement(index++);
-    readElement();
-    place_.leave();
-  } while (tokens_.take(','));
+  {
+    JsonPlace::Step step(place_);
+    do {
+      readElement();
+      step.next();
+    } while (tokens_.take(','));
+  }
   tokens_.expect(']', "\",\" or \"]\"");
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "apps/documents/FunctionReference.hpp"
 #include "apps/documents/JsonPlace.hpp"
 #include "apps/documents/JsonTokens.hpp"
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <initializer_list>
 #include <optional>
 #include <span>
@@ -21,7 +21,7 @@ enum class Presence { required, optional };
 struct Field {
   std::string_view key;  ///< must outlive the reading of the object
   Presence presence = Presence::required;
-  std::function<void()> read;  ///< reads exactly one value from the reader
+  FunctionReference<void()> read;  ///< reads exactly one value from the reader
 };
 
 /// Reads a JSON text strictly (RFC 8259, UTF-8), led by what the caller expects.
@@ -54,10 +54,10 @@ class JsonReader {
 
   /// Reads an object whose keys are data. `readValue` reads the value of the key it is given; a key
   /// given twice comes twice, for the caller to refuse.
-  void dictionary(const std::function<void(const std::string& key)>& readValue);
+  void dictionary(FunctionReference<void(const std::string& key)> readValue);
 
   /// Reads an array; `readElement` reads one element.
-  void array(const std::function<void()>& readElement);
+  void array(FunctionReference<void()> readElement);
 
   /// Reads a string. Nothing is normalised: its bytes are those of the text, escapes resolved.
   std::string string();
@@ -90,7 +90,7 @@ class JsonReader {
 
  private:
   void expectKind(JsonKind kind, std::string_view expected);
-  void members(const std::function<void(std::string_view key)>& readMember);
+  void members(FunctionReference<void(std::string_view key)> readMember);
 
   JsonPlace place_;
   JsonTokens tokens_;

@@ -21,13 +21,37 @@ class JsonTokens {
 
   /// The kind of the value that comes next; nothing of it is read. Where none comes, the error says
   /// that `expected` was expected.
-  JsonKind kind(std::string_view expected);
+  JsonKind kind(std::string_view expected) {
+    skipWhiteSpace();
+    const char c = at_ < text_.size() ? text_[at_] : '\0';
+    switch (c) {
+      case '{':
+        return JsonKind::object;
+      case '[':
+        return JsonKind::array;
+      case '"':
+        return JsonKind::string;
+      case 't':
+      case 'f':
+        return JsonKind::boolean;
+      case 'n':
+        return JsonKind::null;
+      default:
+        if (c == '-' || isDigit(c)) return JsonKind::number;
+        failHere(expected);
+    }
+  }
 
   /// Reads white space and, if it comes next, the character; whether it came.
-  bool take(char c);
+  bool take(char c) {
+    skipWhiteSpace();
+    return takeHere(c);
+  }
 
   /// Reads white space and the character; an error when another one comes.
-  void expect(char c, std::string_view expected);
+  void expect(char c, std::string_view expected) {
+    if (!take(c)) failHere(expected);
+  }
 
   /// Reads a string. The result points into the text, or into `unescaped` if it has escapes.
   std::string_view string(std::string& unescaped);
@@ -49,8 +73,17 @@ class JsonTokens {
   std::string describeValue();
 
  private:
-  void skipWhiteSpace();
-  bool takeHere(char c);
+  // In the header, as `kind` and `take` are, because each value calls these several times.
+  static bool isDigit(char c) { return c >= '0' && c <= '9'; }
+  void skipWhiteSpace() {
+    const auto isWhite = [](char c) { return c == ' ' || c == '\n' || c == '\r' || c == '\t'; };
+    while (at_ < text_.size() && isWhite(text_[at_])) ++at_;
+  }
+  bool takeHere(char c) {
+    if (at_ == text_.size() || text_[at_] != c) return false;
+    ++at_;
+    return true;
+  }
   void readEscape(std::string& unescaped);
   char32_t readHexDigits();
   std::string describeHere() const;

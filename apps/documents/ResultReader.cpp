@@ -39,21 +39,21 @@ void makeRoom(std::vector<Element>& elements, std::size_t read, std::size_t unre
 }
 
 template <class Element>
-SharedArray<Element> readArray(JsonReader& reader, Element (*readElement)(JsonReader&)) {
+SharedArray<Element> readArray(JsonReader& reader, void (*readElement)(JsonReader&, Element&)) {
   std::vector<Element> elements;
   const std::size_t start = reader.unread();
   reader.array([&] {
     if (elements.size() >= longArray && elements.size() == elements.capacity()) {
       makeRoom(elements, start - reader.unread(), reader.unread());
     }
-    elements.push_back(readElement(reader));
+    readElement(reader, elements.emplace_back());
   });
   if (elements.capacity() > 2 * elements.size()) elements.shrink_to_fit();
   return elements;
 }
 
-std::string readString(JsonReader& reader) {
-  return reader.string();
+void readString(JsonReader& reader, std::string& text) {
+  text = reader.string();
 }
 
 SharedArray<std::string> readStrings(JsonReader& reader) {
@@ -79,34 +79,28 @@ GoalDTO readGoal(JsonReader& in) {
   return goal;
 }
 
-GoalPersonCandidateDTO readPerson(JsonReader& in) {
-  GoalPersonCandidateDTO person;
+void readPerson(JsonReader& in, GoalPersonCandidateDTO& person) {
   in.object({
       {"personRef", required, [&] { person.personRef = in.string(); }},
       {"displayName", optional, [&] { person.displayName = in.stringOrNull(); }},
       {"why", required, [&] { person.why = readWhy(in); }},
       {"evidenceIDs", optional, [&] { person.evidenceIDs = readStrings(in); }},
   });
-  return person;
 }
 
-GoalPathCandidateDTO readPath(JsonReader& in) {
-  GoalPathCandidateDTO path;
+void readPath(JsonReader& in, GoalPathCandidateDTO& path) {
   in.object({
       {"personRefs", required, [&] { path.personRefs = readStrings(in); }},
       {"why", required, [&] { path.why = readWhy(in); }},
       {"strength", optional, [&] { path.strength = in.integer(); }},
   });
-  return path;
 }
 
-GoalGroupCandidateDTO readGroup(JsonReader& in) {
-  GoalGroupCandidateDTO group;
+void readGroup(JsonReader& in, GoalGroupCandidateDTO& group) {
   in.object({
       {"id", required, [&] { group.id = in.string(); }},
       {"personRefs", optional, [&] { group.personRefs = readStrings(in); }},
   });
-  return group;
 }
 
 GoalCoverageDTO readCoverage(JsonReader& in) {
@@ -119,8 +113,7 @@ GoalCoverageDTO readCoverage(JsonReader& in) {
   return coverage;
 }
 
-GoalOutcomeDTO readOutcome(JsonReader& in) {
-  GoalOutcomeDTO outcome;
+void readOutcome(JsonReader& in, GoalOutcomeDTO& outcome) {
   const auto subjectKind = [&] {
     outcome.subjectKind = readCase<GoalOutcomeSubjectKind>(in, subjectKindNames);
   };
@@ -136,7 +129,6 @@ GoalOutcomeDTO readOutcome(JsonReader& in) {
       {"recordedBy", optional, [&] { outcome.recordedBy = in.stringOrNull(); }},
       {"correctsOutcomeID", optional, [&] { outcome.correctsOutcomeID = in.stringOrNull(); }},
   });
-  return outcome;
 }
 
 }  // namespace

@@ -6,10 +6,10 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 namespace vemra::documents {
 namespace {
@@ -22,14 +22,17 @@ struct Payload {
   std::optional<std::int64_t> hopCount, threadCount, meetingCount;
 };
 
-std::vector<std::string_view> keysOf(WhyKind kind) {
+std::span<const std::string_view> keysOf(WhyKind kind) {
+  static constexpr std::array<std::string_view, 3> evidence{"label", "detail", "reference"};
+  static constexpr std::array<std::string_view, 1> connection{"hopCount"};
+  static constexpr std::array<std::string_view, 2> activity{"threadCount", "meetingCount"};
   switch (kind) {
     case WhyKind::evidence:
-      return {"label", "detail", "reference"};
+      return evidence;
     case WhyKind::connection:
-      return {"hopCount"};
+      return connection;
     case WhyKind::sharedActivity:
-      return {"threadCount", "meetingCount"};
+      return activity;
     case WhyKind::nameMatch:
     case WhyKind::generic:
       break;
@@ -47,7 +50,7 @@ void checkKeys(const JsonReader& reader, const Payload& payload) {
       {"threadCount", payload.threadCount.has_value()},
       {"meetingCount", payload.meetingCount.has_value()},
   }};
-  const std::vector<std::string_view> wanted = keysOf(payload.kind);
+  const std::span<const std::string_view> wanted = keysOf(payload.kind);
   const std::string_view kind = nameIn(whyKindNames, payload.kind);
   for (const auto& [key, isGiven] : given) {
     const bool isWanted = std::ranges::find(wanted, key) != wanted.end();

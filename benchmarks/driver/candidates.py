@@ -43,6 +43,8 @@ class Job:
             return self.run_headless()
         if self.candidate == "vemra-desk":
             return figures(output_of([BIN / "vemra-bench-desk", str(self.size)]))
+        if self.candidate == "reading":
+            return figures(output_of([BIN / "vemra-bench-reading", str(self.size)]))
         mode = "check" if checking and self.mode == "times" else self.mode
         command = [BIN / "vemra-bench-screen", self.candidate, mode, str(self.size),
                    str(self.stray)]
@@ -152,6 +154,7 @@ def jobs(quick):
               for candidate in ("vemra", *WITH_STRAY)]
     every.append(Job("vemra-headless", 10_000, "headless"))
     every += [Job("vemra-desk", size, "desk") for size in SIZES]
+    every += [Job("reading", size, "reading") for size in SIZES]
     if quick:
         every.append(Job("vemra-inspect", 10_000, "inspect"))
     return every

@@ -85,6 +85,11 @@ def report(results):
             (f"{size:,} people, {unit}", "vemra-inspect", size, measure)
             for size in SIZES for measure, unit in (("inspect.time", "ms"),
                                                     ("inspect.peak", "MiB at the most"))]),
+        tables.list_table(results, ["reading a document", "median, ms"], [
+            (f"{size:,} people: {what}", "reading", size, f"read.{reader}") for size in SIZES
+            for reader, what in (("vemra", "vemra, into records"),
+                                 ("nlohmann", "nlohmann::json::parse, into a tree"),
+                                 ("simdjson", "simdjson's DOM, into a tree"))]),
         tables.list_table(results, ["vemra-desk", "median, ms"], [
             (f"{size:,} people: {what}", "vemra-desk", size, measure) for size in SIZES
             for measure, what in (("opened.first", "the window until its first row is shown"),

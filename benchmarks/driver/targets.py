@@ -72,6 +72,10 @@ def rows(results):
         yield (f"{whose}first painted frame, warm, 10,000 stray outcomes", "100 stray outcomes",
                most, ratio((candidate, 10_000, "firstFrame.hot", 10_000),
                            (candidate, 10_000, "firstFrame.hot", 100)))
+    for size in (1_000, 100_000):
+        for library, most in (("nlohmann", 1.0), ("simdjson", 4.0)):
+            yield (f"reading a document of {size:,} people", f"{library}'s tree", most,
+                   ratio(("reading", size, "read.vemra"), ("reading", size, f"read.{library}")))
     for measure, what in (("saved", "from Save to the outcome shown"),
                           ("recorded", "the outcome stored"), ("loaded", "the goal loaded again")):
         yield (f"{what}, 100,000 people", "100 people", 1.5 if measure == "saved" else None,
