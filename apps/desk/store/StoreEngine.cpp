@@ -38,10 +38,16 @@ task::Task<Answer> withStore(std::shared_ptr<StoreThread> thread,
   });
 }
 
+void refuseReading(const StoreThread& thread) {
+  if (thread.storeUse() == StoreUse::reading) {
+    throw StoreError(thread.file(), "is open for reading only");
+  }
+}
+
 }  // namespace
 
-StoreEngine::StoreEngine(std::string file, Patience patience)
-    : thread_(std::make_shared<StoreThread>(std::move(file), patience)) {}
+StoreEngine::StoreEngine(std::string file, Patience patience, StoreUse use)
+    : thread_(std::make_shared<StoreThread>(std::move(file), patience, use)) {}
 
 task::Task<GetGoalSnapshotResponse> StoreEngine::getGoalSnapshot(std::string goalID) {
   return withStore<GetGoalSnapshotResponse>(
@@ -54,6 +60,7 @@ task::Task<GoalOutcomeDTO> StoreEngine::record(std::string goalID, GoalOutcomeRe
   return onThread<GoalOutcomeDTO>(
       thread_, [goalID = std::move(goalID), input = std::move(input), storeNumber,
                 outcomeID = std::move(outcomeID)](StoreThread& thread) {
+        refuseReading(thread);
         return thread.use<GoalOutcomeDTO>([&](GoalStore& store) {
           if (storeNumber && *storeNumber != thread.storeNumber()) {
             throw StoreError(thread.file(), "was replaced by another file while it was open");
@@ -73,8 +80,12 @@ task::Task<std::vector<GoalListing>> StoreEngine::goals() {
 
 task::Task<std::vector<LeftOutOutcome>> StoreEngine::import(
     std::vector<GetGoalSnapshotResponse> results) {
-  return withStore<std::vector<LeftOutOutcome>>(
-      thread_, [results = std::move(results)](GoalStore& store) { return store.import(results); });
+  return onThread<std::vector<LeftOutOutcome>>(
+      thread_, [results = std::move(results)](StoreThread& thread) {
+        refuseReading(thread);
+        return thread.use<std::vector<LeftOutOutcome>>(
+            [&](GoalStore& store) { return store.import(results); });
+      });
 }
 
 task::Task<PersonKnowledge> StoreEngine::person(std::string personRef) {

@@ -23,8 +23,11 @@ namespace vemra::desk {
 class StoreEngine final : public GoalToolExecutor {
  public:
   /// Does not open the store; the first task does.
-  explicit StoreEngine(std::string file, Patience patience = usualPatience);
+  explicit StoreEngine(std::string file, Patience patience = usualPatience,
+                       StoreUse use = StoreUse::readingAndWriting);
 
+  /// With `reading`, recording and importing fail.
+  StoreUse storeUse() const { return thread_->storeUse(); }
   /// The file of the store, as it was given.
   const std::string& file() const { return thread_->file(); }
 

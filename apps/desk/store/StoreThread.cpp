@@ -16,7 +16,8 @@ namespace vemra::desk {
 /// The data that the thread shares with its owner. The thread keeps it until its own end, so it may
 /// outlive the owner.
 struct StoreThread::Work {
-  Work(std::string name, Patience wait) : file(std::move(name)), patience(wait) {}
+  Work(std::string name, Patience wait, StoreUse purpose)
+      : file(std::move(name)), patience(wait), use(purpose) {}
 
   void runTurns() {
     while (true) {
@@ -33,7 +34,12 @@ struct StoreThread::Work {
 
   GoalStore& openStore() {
     if (store) return *store;
-    store.emplace(lastFile ? GoalStore::reopen(file, patience) : GoalStore::open(file, patience));
+    if (use == StoreUse::reading) {
+      store = GoalStore::openExisting(file);
+      if (!store) throw StoreError(file, "is not there, or is empty");
+    } else {
+      store.emplace(lastFile ? GoalStore::reopen(file, patience) : GoalStore::open(file, patience));
+    }
     // The system may reuse the inode of a removed file for the new one.
     const bool isAnother = hasMoved || lastFile != store->identity();
     if (lastFile && isAnother) ++storeNumber;
@@ -60,6 +66,7 @@ struct StoreThread::Work {
 
   const std::string file;
   const Patience patience;
+  const StoreUse use;
   std::atomic<std::uint64_t> storeNumber = 0;
 
   // Used only by the thread:
@@ -80,8 +87,8 @@ struct StoreThread::Work {
   std::thread thread;
 };
 
-StoreThread::StoreThread(std::string file, Patience patience)
-    : work_(std::make_shared<Work>(std::move(file), patience)) {
+StoreThread::StoreThread(std::string file, Patience patience, StoreUse use)
+    : work_(std::make_shared<Work>(std::move(file), patience, use)) {
   work_->thread = std::thread([work = work_] { work->runTurns(); });
 }
 
@@ -113,6 +120,10 @@ GoalStore& StoreThread::openStore() {
   return work_->openStore();
 }
 
+void StoreThread::closeIfReading() {
+  if (work_->use == StoreUse::reading) work_->store.reset();
+}
+
 void StoreThread::giveUp(Moved moved) {
   work_->store.reset();
   if (moved == Moved::yes) {
@@ -142,6 +153,10 @@ std::int64_t StoreThread::version() {
 
 std::uint64_t StoreThread::storeNumber() const {
   return work_->storeNumber;
+}
+
+StoreUse StoreThread::storeUse() const {
+  return work_->use;
 }
 
 const std::string& StoreThread::file() const {

@@ -12,6 +12,9 @@
 
 namespace vemra::desk {
 
+/// Whether a store is opened for recording and importing too, or for reading only.
+enum class StoreUse { readingAndWriting, reading };
+
 /// A thread with its own connection to a store, so that no window waits for a disk.
 ///
 /// A coroutine takes a turn by awaiting it. It then continues on this thread and may use the store
@@ -24,7 +27,9 @@ namespace vemra::desk {
 /// Turns run in the order in which they were requested.
 class StoreThread {
  public:
-  StoreThread(std::string file, Patience patience);
+  /// A store for reading only is opened anew for each use, because a store that cannot be locked is
+  /// read at rest (`DatabaseFile`); it must exist.
+  StoreThread(std::string file, Patience patience, StoreUse use = StoreUse::readingAndWriting);
 
   /// Ends the thread after all requested turns. May be called on the thread itself, when the last
   /// owner is a coroutine that ran there.
@@ -58,6 +63,7 @@ class StoreThread {
   /// connection of SQLite may stay read-only, or be blocked by a lock of its own.
   template <class Answer>
   Answer use(const std::function<Answer(GoalStore&)>& work) {
+    const ClosingIfReading closing(*this);
     try {
       return work(openStore());
     } catch (const StoreMoved&) {
@@ -86,11 +92,25 @@ class StoreThread {
   std::uint64_t storeNumber() const;
 
   const std::string& file() const;
+  StoreUse storeUse() const;
 
  private:
+  /// Closes a store for reading only at the end of the scope.
+  class ClosingIfReading {
+   public:
+    explicit ClosingIfReading(StoreThread& thread) : thread_(thread) {}
+    ClosingIfReading(const ClosingIfReading&) = delete;
+    ClosingIfReading& operator=(const ClosingIfReading&) = delete;
+    ~ClosingIfReading() { thread_.closeIfReading(); }
+
+   private:
+    StoreThread& thread_;
+  };
+
   enum class Moved { no, yes };
   void giveUp(Moved moved);
   GoalStore& openStore();
+  void closeIfReading();
 
   struct Work;
   std::shared_ptr<Work> work_;

@@ -39,12 +39,16 @@ QString failureOf(const task::Result<T>& result) {
   }
 }
 
+/// The journal of the store; none for one that is open for reading only.
+std::optional<OutcomeJournal> journalOf(const StoreEngine& engine) {
+  if (engine.storeUse() == StoreUse::reading) return std::nullopt;
+  return OutcomeJournal(engine.file());
+}
+
 }  // namespace
 
 DeskController::DeskController(std::shared_ptr<StoreEngine> engine, DeskDisplay& display)
-    : engine_(std::move(engine)),
-      display_(display),
-      waiting_(engine_, OutcomeJournal(engine_->file())) {
+    : engine_(std::move(engine)), display_(display), waiting_(engine_, journalOf(*engine_)) {
   connect(&waiting_, &WaitingOutcomes::changed, this,
           [this] { display_.showWaiting(waiting_.notes()); });
   connect(&waiting_, &WaitingOutcomes::recorded, this, [this] {

@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <QHash>
@@ -44,6 +45,10 @@ class DeskController : public QObject {
   /// Forgets what waits.
   void discardWaiting() { waiting_.discard(); }
   std::vector<WaitingNote> waiting() const { return waiting_.notes(); }
+  /// Gives up what waits and is not in the journal, for another controller to keep.
+  std::vector<WaitingOutcome> takeWaiting() { return waiting_.takeUnkept(); }
+  void keepWaiting(WaitingOutcome outcome) { waiting_.add(std::move(outcome), std::nullopt); }
+  const std::optional<std::string>& openGoalID() const { return goalID_; }
   /// Stores the sample goals and opens the first one.
   void addSampleGoals();
 

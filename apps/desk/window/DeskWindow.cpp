@@ -6,15 +6,20 @@
 #include "apps/desk/window/FailurePage.hpp"
 #include "apps/desk/window/GoalList.hpp"
 #include "apps/desk/window/GoalScreens.hpp"
+#include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/Notice.hpp"
 #include "apps/desk/window/Pages.hpp"
+#include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/ReadOnlyBar.hpp"
 #include "apps/desk/window/SidePane.hpp"
+#include "apps/desk/window/StorePage.hpp"
 #include "apps/desk/window/WaitingBar.hpp"
 #include "apps/desk/window/Welcome.hpp"
 
 #include <utility>
 
 #include <QCloseEvent>
+#include <QFileDialog>
 #include <QMessageBox>
 #include <QShortcut>
 #include <QSplitter>
@@ -23,7 +28,9 @@
 namespace vemra::desk {
 
 DeskWindow::DeskWindow(std::shared_ptr<StoreEngine> engine, std::optional<std::string> goalID)
-    : controller_(std::move(engine), *this) {
+    : DeskWindow(StoreOpening{engine->file(), engine, {}, false}, std::move(goalID)) {}
+
+DeskWindow::DeskWindow(StoreOpening opening, std::optional<std::string> goalID) {
   setObjectName("desk");
   setWindowTitle("Vemra Desk");
   // A fixed minimum size; otherwise panes that appear and disappear would change it.
@@ -36,20 +43,79 @@ DeskWindow::DeskWindow(std::shared_ptr<StoreEngine> engine, std::optional<std::s
   column->setSpacing(0);
   notice_ = new Notice;
   waiting_ = new WaitingBar;
+  readOnly_ = new ReadOnlyBar;
+  column->addWidget(readOnly_);
   column->addWidget(makePanes(), 1);
   column->addWidget(waiting_);
   column->addWidget(notice_);
   setCentralWidget(page);
+  connectPanes();
+  use(std::move(opening), std::move(goalID));
+}
 
-  connect(goals_, &GoalList::goalChosen, &controller_, &DeskController::openGoal);
-  connect(welcome_, &Welcome::samplesWanted, &controller_, &DeskController::addSampleGoals);
-  connect(failure_, &FailurePage::tryAgainWanted, &controller_, &DeskController::loadGoal);
-  connect(waiting_, &WaitingBar::tryAgainWanted, &controller_, &DeskController::recordWaiting);
+void DeskWindow::connectPanes() {
+  connect(goals_, &GoalList::goalChosen, this,
+          [this](const std::string& goalID) { controller_->openGoal(goalID); });
+  connect(welcome_, &Welcome::samplesWanted, this, [this] { controller_->addSampleGoals(); });
+  connect(failure_, &FailurePage::tryAgainWanted, this, [this] { controller_->loadGoal(); });
+  connect(waiting_, &WaitingBar::tryAgainWanted, this, [this] { controller_->recordWaiting(); });
   connect(waiting_, &WaitingBar::discardWanted, this, &DeskWindow::askToDiscardWaiting);
-  connect(side_, &SidePane::closed, &controller_, &DeskController::closeDetails);
-  connect(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, &controller_,
-          &DeskController::closeDetails);
-  controller_.start(std::move(goalID));
+  const auto closeSide = [this] {
+    if (controller_) controller_->closeDetails();
+  };
+  connect(side_, &SidePane::closed, this, closeSide);
+  connect(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, this, closeSide);
+  connect(storePage_, &StorePage::anotherWanted, this, &DeskWindow::chooseStore);
+  connect(storePage_, &StorePage::tryAgainWanted, this, [this] { open(file_); });
+  connect(storePage_, &StorePage::readingWanted, this,
+          [this] { use(openStore(file_, StoreUse::reading), std::nullopt); });
+  connect(readOnly_, &ReadOnlyBar::tryAgainWanted, this, [this] { open(file_); });
+}
+
+void DeskWindow::use(StoreOpening opening, std::optional<std::string> goalID) {
+  const bool isSameFile = std::exchange(file_, opening.file) == opening.file;
+  std::vector<WaitingOutcome> kept;
+  if (controller_ && isSameFile) kept = controller_->takeWaiting();
+  if (!isSameFile) screens_->clear();
+  notice_->hide();
+  waiting_->setWaiting({});
+  readOnly_->hide();
+  side_->hide();
+  controller_.reset();
+  engine_ = opening.engine;
+  if (!engine_) {
+    goals_->hide();
+    storePage_->setProblem(opening);
+    centre_->showPage(*storePage_);
+    return;
+  }
+  if (opening.isReadOnly()) readOnly_->show(fromUTF8(opening.problem));
+  screens_->showAgain();
+  DeskDisplay& display = *this;
+  controller_ = std::make_unique<DeskController>(engine_, display);
+  controller_->start(std::move(goalID));
+  for (WaitingOutcome& outcome : kept) controller_->keepWaiting(std::move(outcome));
+}
+
+void DeskWindow::open(const std::string& file) {
+  StoreOpening opening = openStore(file);
+  const bool isSameFile = file == file_;
+  if (isSameFile && opening.isReadOnly() && engine_) {
+    readOnly_->show(fromUTF8(opening.problem));  // nothing has changed
+    return;
+  }
+  use(std::move(opening), isSameFile && controller_ ? controller_->openGoalID() : std::nullopt);
+}
+
+void DeskWindow::chooseStore() {
+  auto* dialog = new QFileDialog(this, localized("Open a store"));
+  dialog->setObjectName("desk.chooseStore");
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  dialog->setFileMode(QFileDialog::ExistingFile);
+  dialog->setNameFilters({localized("Stores (*.sqlite)"), localized("All files (*)")});
+  connect(dialog, &QFileDialog::fileSelected, this,
+          [this](const QString& file) { leaveThen([this, file] { open(file.toStdString()); }); });
+  dialog->open();
 }
 
 DeskWindow::~DeskWindow() = default;
@@ -67,10 +133,12 @@ QWidget* DeskWindow::makePanes() {
   screens_ = std::make_unique<GoalScreens>(*centre_);
   welcome_ = new Welcome;
   failure_ = new FailurePage;
+  storePage_ = new StorePage;
   side_ = new SidePane;
   side_->setEnvironment(screen().environment());
   centre_->addWidget(welcome_);
   centre_->addWidget(failure_);
+  centre_->addWidget(storePage_);
   for (QWidget* pane : {static_cast<QWidget*>(goals_), static_cast<QWidget*>(centre_),
                         static_cast<QWidget*>(side_)}) {
     panes->addWidget(pane);
@@ -94,10 +162,10 @@ void DeskWindow::showGoals(const std::vector<GoalListing>& goals, const std::str
 
 void DeskWindow::showGoal(const LoadedGoal& goal) {
   const ui::View view = GoalResultView(
-      goal.snapshot, [this](const std::string& personRef) { controller_.openPerson(personRef); },
-      [this](const std::string& evidenceID) { controller_.openEvidence(evidenceID); },
-      [this](const GoalPathCandidateDTO& path) { controller_.openPath(path); },
-      [this, goal](const GoalOutcomeRecordingInput& input) { controller_.record(goal, input); });
+      goal.snapshot, [this](const std::string& personRef) { controller_->openPerson(personRef); },
+      [this](const std::string& evidenceID) { controller_->openEvidence(evidenceID); },
+      [this](const GoalPathCandidateDTO& path) { controller_->openPath(path); },
+      [this, goal](const GoalOutcomeRecordingInput& input) { controller_->record(goal, input); });
   screens_->show(goal, view);
 }
 
@@ -134,18 +202,29 @@ void DeskWindow::closeDetails() {
   if (hadFocus) screen().setFocus();
 }
 
+Unfinished DeskWindow::unfinished() const {
+  return {screens_->drafts(), controller_ ? controller_->waiting() : std::vector<WaitingNote>()};
+}
+
 void DeskWindow::closeEvent(QCloseEvent* event) {
-  const Unfinished unfinished =
-      mayClose_ ? Unfinished() : Unfinished{screens_->drafts(), controller_.waiting()};
-  if (unfinished.isEmpty()) {
+  if (mayClose_ || unfinished().isEmpty()) {
     QMainWindow::closeEvent(event);
     return;
   }
   event->ignore();
+  leaveThen([this] { closeAnyway(); });
+}
+
+void DeskWindow::leaveThen(std::function<void()> next) {
+  const Unfinished what = unfinished();
+  if (what.isEmpty()) {
+    next();
+    return;
+  }
   if (question_) return;
-  auto* question = new CloseQuestion(unfinished, this);
+  auto* question = new CloseQuestion(what, this);
   question_ = question;
-  connect(question, &CloseQuestion::closeWanted, this, &DeskWindow::closeAnyway);
+  connect(question, &CloseQuestion::closeWanted, this, std::move(next));
   connect(question, &CloseQuestion::waitWanted, this, &DeskWindow::closeWhenStored);
   question->open();
 }
@@ -163,12 +242,13 @@ void DeskWindow::closeWhenStored() {
   connect(wait, &CloseWait::closeWanted, this, &DeskWindow::closeAnyway);
   connect(wait, &CloseWait::cancelled, this, [this] { closesWhenStored_ = false; });
   wait->open();
-  showWaiting(controller_.waiting());  // it may have been stored meanwhile
+  showWaiting(controller_->waiting());  // it may have been stored meanwhile
 }
 
 void DeskWindow::askToDiscardWaiting() {
-  auto* question = new DiscardQuestion(controller_.waiting(), this);
-  connect(question, &DiscardQuestion::discardWanted, &controller_, &DeskController::discardWaiting);
+  auto* question = new DiscardQuestion(controller_->waiting(), this);
+  connect(question, &DiscardQuestion::discardWanted, this,
+          [this] { controller_->discardWaiting(); });
   question->open();
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "apps/desk/window/CloseQuestion.hpp"
 #include "apps/desk/window/DeskController.hpp"
 #include "apps/desk/window/DeskDisplay.hpp"
+#include "apps/desk/window/StoreOpening.hpp"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -10,8 +13,6 @@
 
 #include <QMainWindow>
 #include <QPointer>
-
-class QMessageBox;
 
 namespace vemra::qt {
 class ViewWidget;
@@ -24,7 +25,9 @@ class GoalList;
 class GoalScreens;
 class Notice;
 class Pages;
+class ReadOnlyBar;
 class SidePane;
+class StorePage;
 class WaitingBar;
 class Welcome;
 
@@ -39,8 +42,16 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
  public:
   /// Starts to load at once, and opens the goal of that id or else the first one there is.
   DeskWindow(std::shared_ptr<StoreEngine> engine, std::optional<std::string> goalID);
+  /// The same for a store that may be open for reading only, or not at all: then the window says so,
+  /// and offers what can be done.
+  DeskWindow(StoreOpening opening, std::optional<std::string> goalID);
 
   ~DeskWindow() override;
+
+  /// Opens a store in place of the one that is open.
+  void open(const std::string& file);
+  /// The engine of the open store; none while no store is open.
+  std::shared_ptr<StoreEngine> engine() const { return engine_; }
 
   /// The screen of the goal that is open, or was open last.
   qt::ViewWidget& screen();
@@ -51,6 +62,12 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
 
  private:
   QWidget* makePanes();
+  void connectPanes();
+  void use(StoreOpening opening, std::optional<std::string> goalID);
+  void chooseStore();
+  Unfinished unfinished() const;
+  /// Does the next step now, or after the user has agreed to lose what is unfinished.
+  void leaveThen(std::function<void()> next);
   void closeAnyway();
   void closeWhenStored();
   void askToDiscardWaiting();
@@ -67,15 +84,19 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
                 const std::vector<std::optional<std::string>>& names) override;
   void closeDetails() override;
 
-  DeskController controller_;
+  std::shared_ptr<StoreEngine> engine_;
+  std::string file_;  ///< of the store that is open, or could not be opened
+  std::unique_ptr<DeskController> controller_;  ///< none while no store is open
   GoalList* goals_;
   Pages* centre_;
   std::unique_ptr<GoalScreens> screens_;
   Welcome* welcome_;
   FailurePage* failure_;
+  StorePage* storePage_;
   SidePane* side_;
   Notice* notice_;
   WaitingBar* waiting_;
+  ReadOnlyBar* readOnly_;
   QPointer<QMessageBox> question_;  ///< whether to close
   bool mayClose_ = false;           ///< the user has decided to
   bool closesWhenStored_ = false;

@@ -6,21 +6,19 @@
 #include "apps/desk/store/StoreError.hpp"
 #include "apps/desk/window/DeskWindow.hpp"
 #include "apps/desk/window/Localized.hpp"
+#include "apps/desk/window/StoreOpening.hpp"
 #include "apps/toolkit/ToolkitMessages.hpp"
 
-#include <chrono>
 #include <cstdlib>
 #include <memory>
+#include <optional>
+#include <utility>
 
 #include <QApplication>
 #include <QLocale>
 
 namespace vemra::desk {
 namespace {
-
-/// How long a call waits for another program. Short: what the window could not store it tries again
-/// by itself, and meanwhile the other calls, such as the loading of a goal, have their turn.
-constexpr Patience patience = std::chrono::seconds(1);
 
 /// Without a display, Qt would end the process with its own message.
 bool hasDisplay() {
@@ -31,17 +29,31 @@ bool hasDisplay() {
   return false;
 }
 
-/// Checks that the store can be used, before a window opens; returns its file.
-std::string readyStore(const Request& request) {
-  if (request.goal) {
-    std::optional<GoalStore> store = existingStore(request);
-    if (!store || !store->hasGoal(*request.goal)) {
-      throw UnknownGoal(storeFile(request), *request.goal);
+/// Whether a person can see a window: on these platforms nobody does.
+bool isSeen() {
+  const QString platform = QGuiApplication::platformName();
+  return platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
+}
+
+/// Opens the store of the window. Throws `UnknownGoal` when a store that can be read does not have
+/// the requested goal; then nothing was created.
+StoreOpening openRequested(const Request& request) {
+  std::string file = request.store.value_or("");
+  try {
+    file = storeFile(request);
+    if (request.goal) {
+      std::optional<GoalStore> store = existingStore(request);
+      if (!store || !store->hasGoal(*request.goal)) {
+        throw UnknownGoal(file, *request.goal);
+      }
     }
+    storeFileToWrite(request);
+  } catch (const UnknownGoal&) {
+    throw;
+  } catch (const StoreError& error) {
+    return {file, nullptr, error.what(), false};
   }
-  std::string file = storeFileToWrite(request);
-  GoalStore::open(file);
-  return file;
+  return openStore(file);
 }
 
 }  // namespace
@@ -51,13 +63,14 @@ int showWindow(const Request& request, std::ostream& diagnostics) {
     diagnostics << "vemra-desk: there is no display to show the window on\n";
     return 2;
   }
-  std::string file;
+  StoreOpening opening;
   try {
-    file = readyStore(request);
+    opening = openRequested(request);
   } catch (const StoreError& error) {
     diagnostics << error.what() << '\n';
     return 2;
   }
+  if (!opening.engine) diagnostics << opening.problem << std::endl;
   toolkit::leaveOutRemarksAboutTheEnvironment();
   int argumentCount = 1;
   char name[] = "vemra-desk";
@@ -67,13 +80,17 @@ int showWindow(const Request& request, std::ostream& diagnostics) {
   QApplication::setDesktopFileName("org.vemra.Desk");
   installTranslations(QLocale::system().uiLanguages());
 
-  const auto engine = std::make_shared<StoreEngine>(file, patience);
+  if (!opening.engine && !isSeen()) return 2;
+
+  std::shared_ptr<StoreEngine> engine;
   int exitCode = 0;
   {
-    DeskWindow window(engine, request.goal);
+    DeskWindow window(std::move(opening), request.goal);
     window.show();
     exitCode = QApplication::exec();
+    engine = window.engine();
   }
+  if (!engine) return 2;
   engine->finish();
   return exitCode;
 }

@@ -6,11 +6,12 @@
 
 namespace vemra::desk {
 
-/// Shows the window and returns when it is closed.
+/// Shows the window and returns when it is closed. When the store cannot be opened, `diagnostics`
+/// gets a line that says why, and the window offers what can be done.
 ///
 /// - Returns: the exit code. 2, with a line on `diagnostics`, when there is no display, when the
-///   store cannot be used, or when the store does not have the requested goal; then no window was
-///   shown and nothing was changed.
+///   store does not have the requested goal, and when no store was open at the end, or none could be
+///   opened and nobody sees the window (the platforms "offscreen" and "minimal").
 int showWindow(const Request& request, std::ostream& diagnostics);
 
 }  // namespace vemra::desk

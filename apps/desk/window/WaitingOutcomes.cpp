@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <iterator>
 #include <utility>
 
 namespace vemra::desk {
@@ -59,7 +60,7 @@ void WaitingOutcomes::start() {
   tryInTheirStore();
 }
 
-void WaitingOutcomes::add(WaitingOutcome outcome, std::uint64_t store) {
+void WaitingOutcomes::add(WaitingOutcome outcome, std::optional<std::uint64_t> store) {
   entries_.push_back({std::move(outcome), store, Clock::now(), {}, {}, 0});
   keepInJournal(entries_.back());
   QTimer::singleShot(unnoticed, this, &WaitingOutcomes::changed);
@@ -149,6 +150,19 @@ void WaitingOutcomes::discard() {
   while (!entries_.empty()) finish(entries_.begin());
   pause_.stop();
   Q_EMIT changed();
+}
+
+std::vector<WaitingOutcome> WaitingOutcomes::takeUnkept() {
+  std::vector<WaitingOutcome> outcomes;
+  for (auto entry = entries_.begin(); entry != entries_.end();) {
+    const auto next = std::next(entry);
+    if (!entry->unkept.isEmpty()) {
+      outcomes.push_back(std::move(entry->outcome));
+      entries_.erase(entry);
+    }
+    entry = next;
+  }
+  return outcomes;
 }
 
 std::vector<WaitingNote> WaitingOutcomes::notes() const {

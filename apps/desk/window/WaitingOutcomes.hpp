@@ -49,8 +49,8 @@ class WaitingOutcomes : public QObject {
   /// Records an outcome, or keeps it while that is not possible.
   ///
   /// - Parameter store: the store that the screen shows (`LoadedGoal::store`); when another one has
-  ///   replaced it, the outcome waits until `tryAgain`.
-  void add(WaitingOutcome outcome, std::uint64_t store);
+  ///   replaced it, the outcome waits until `tryAgain`. With nil, it goes to the store at the path.
+  void add(WaitingOutcome outcome, std::optional<std::uint64_t> store);
 
   /// Tries all of them now.
   void tryAgain();
@@ -58,6 +58,9 @@ class WaitingOutcomes : public QObject {
   void tryInTheirStore();
   /// Forgets all of them; those of the journal too.
   void discard();
+
+  /// Gives up the outcomes that the journal does not hold.
+  std::vector<WaitingOutcome> takeUnkept();
 
   /// The outcomes that wait visibly, oldest first: not those that were saved a moment ago and have
   /// not failed.

@@ -123,5 +123,41 @@
         <source>Discard what is not stored yet?</source>
         <translation>Verwerfen, was noch nicht gespeichert ist?</translation>
     </message>
+    <message>
+        <source>This store cannot be opened</source>
+        <translation>Dieser Speicher kann nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>Nothing in it was changed.</source>
+        <translation>Nichts darin wurde geändert.</translation>
+    </message>
+    <message>
+        <source>Open another store…</source>
+        <translation>Anderen Speicher öffnen …</translation>
+    </message>
+    <message>
+        <source>Open for reading only</source>
+        <translation>Nur zum Lesen öffnen</translation>
+    </message>
+    <message>
+        <source>Open for recording</source>
+        <translation>Zum Festhalten öffnen</translation>
+    </message>
+    <message>
+        <source>This store is open for reading only. Nothing can be recorded in it.</source>
+        <translation>Dieser Speicher ist nur zum Lesen geöffnet. Es kann nichts darin festgehalten werden.</translation>
+    </message>
+    <message>
+        <source>Open a store</source>
+        <translation>Einen Speicher öffnen</translation>
+    </message>
+    <message>
+        <source>Stores (*.sqlite)</source>
+        <translation>Speicher (*.sqlite)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
 </context>
 </TS>

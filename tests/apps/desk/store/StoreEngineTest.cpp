@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <coroutine>
+#include <filesystem>
 #include <future>
 #include <set>
 #include <thread>
@@ -167,6 +168,33 @@ TEST_F(StoreEngineTest, NoticesWhatOthersChangeAndNotItsOwn) {
   EXPECT_EQ(version(), first);
   GoalStore::open(file).import({goal("g1", "Changed elsewhere")});
   EXPECT_NE(version(), first);
+}
+
+TEST_F(StoreEngineTest, AStoreForReadingOnlyFollowsChangesAndTakesNone) {
+  StoreEngine reader(file, usualPatience, StoreUse::reading);
+  EXPECT_EQ(task::wait(reader.goals()).size(), 2u);
+  GoalStore::open(file).import({goal("g3", "Three")});
+  EXPECT_EQ(task::wait(reader.goals()).size(), 3u);
+  const GoalOutcomeRecordingInput input{GoalOutcomeSubjectKind::person, "p1",
+                                        GoalOutcomeValue::helped, std::nullopt, std::nullopt};
+  const auto refusal = [&](auto task) -> std::string {
+    try {
+      task::wait(std::move(task));
+    } catch (const StoreError& error) {
+      return error.what();
+    }
+    return "";
+  };
+  EXPECT_EQ(refusal(reader.record("g1", input)), file + ": is open for reading only");
+  EXPECT_EQ(refusal(reader.import({goal("g4", "Four")})), file + ": is open for reading only");
+  EXPECT_EQ(task::wait(reader.goals()).size(), 3u);
+}
+
+TEST_F(StoreEngineTest, AStoreForReadingOnlyIsNotCreated) {
+  const std::string missing = folder.file("missing.sqlite");
+  StoreEngine reader(missing, usualPatience, StoreUse::reading);
+  EXPECT_THROW(task::wait(reader.goals()), StoreError);
+  EXPECT_FALSE(std::filesystem::exists(missing));
 }
 
 }  // namespace
