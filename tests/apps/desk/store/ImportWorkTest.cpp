@@ -57,7 +57,7 @@ TEST(ImportWork, EachPersonTakesFewStepsOfSQLite) {
   const InsertionSteps steps("people");
   GoalStore::open(folder.file("goals.sqlite")).import({crowd(500)});
   ASSERT_EQ(steps.ofEachRow().size(), 500u);
-  // With the table of names that SQLite would make for each row, they are more than 120.
+  // With the table of names that SQLite would make for each row, they are more than 100.
   EXPECT_LT(*std::ranges::max_element(steps.ofEachRow()), 80);
 }
 
