@@ -2,10 +2,8 @@
 
 #include "VemraPlatform/date/ZoneinfoFolder.hpp"
 
+#include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <optional>
-#include <string>
 
 #include <unicode/timezone.h>
 #include <unicode/unistr.h>
@@ -28,15 +26,8 @@ bool isListedByICU(std::string_view timeZone) {
 bool isKnownTimeZone(std::string_view timeZone) {
   constexpr std::size_t longest = 64;
   if (timeZone.empty() || timeZone.size() > longest || timeZone == "Etc/Unknown") return false;
-  if (timeZone.find('\0') != std::string_view::npos) return false;  // ICU would read up to there
+  if (timeZone.find('\0') != std::string_view::npos) return false;  // ICU would stop reading there
   return isListedByICU(timeZone) || zoneOfDatabase(timeZone).has_value();
-}
-
-std::string systemTimeZone() {
-  if (const char* setting = std::getenv("TZ")) {
-    if (auto zone = zoneOfSetting(*setting == ':' ? setting + 1 : setting)) return *std::move(zone);
-  }
-  return zoneOfPath("/etc/localtime").value_or("UTC");
 }
 
 }  // namespace vemra::date

@@ -169,7 +169,7 @@ void EventQueue::takeUp() {
     rows_.pop_front();
     Node* const forEach = reconciler_.find(request.forEach);
     RowStore& rows = reconciler_.rows();
-    if (forEach && forEach->rows && !rows.demandsEverything(*forEach)) {
+    if (forEach && memoryOf(*forEach).rows && !rows.demandsEverything(*forEach)) {
       rows.show(*forEach, std::move(request.ranges));
     }
   }

@@ -5,6 +5,9 @@
 #include <span>
 #include <vector>
 
+/// \file
+/// Internal to the view graph.
+
 namespace vemra::ui {
 
 /// One step that turns a list of children into another.

@@ -8,19 +8,29 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vemra::ui {
 
+class StateCell;
 struct Rows;
 struct SavedState;
 
-/// A node of the living tree: it holds the current description of a view and owns its state.
+/// A node of the living tree: a view at its place, with its present description.
 ///
-/// Renderers and tests read nodes through `ViewGraph::find`; only the graph changes them.
+/// Renderers need no nodes: patches hand them elements. Assistive technology, automation and tests
+/// read nodes through `ViewGraph::find`, which also reaches rows that are described without being
+/// shown. Only the graph changes them.
 struct Node {
+  Node(NodeID newID, Node* itsParent, Identity itsIdentity, Element newElement)
+      : id(newID),
+        parent(itsParent),
+        identity(std::move(itsIdentity)),
+        element(std::move(newElement)) {}
+
   NodeID id;
-  Node* parent = nullptr;
+  Node* parent;
   Identity identity;
   Element element;
   /// In order. For a `ForEach`: the shown rows.
@@ -32,12 +42,20 @@ struct Node {
   std::string rowID;
   bool isShown = true;  ///< false for a row that was described without being shown
 
-  std::shared_ptr<StateCell> state;  ///< for a composite with state
-  std::shared_ptr<Rows> rows;        ///< for a ForEach
-  /// For a composite whose body threw while its row woke up: the saved state of the nodes below it.
-  std::shared_ptr<SavedState> asleepBelow;
-  std::uint64_t describedInPass = 0;
-  bool isGone = false;  ///< removed from the tree, not freed yet
+ private:
+  friend struct BehindNode;
+
+  /// The part that only the graph uses.
+  struct Memory {
+    std::shared_ptr<StateCell> state;  // for a composite with state
+    std::shared_ptr<Rows> rows;        // for a ForEach
+    // For a composite whose body threw while its row woke up: the saved state of the nodes below
+    // it.
+    std::shared_ptr<SavedState> asleepBelow;
+    std::uint64_t describedInPass = 0;
+    bool isGone = false;  // removed from the tree, not freed yet
+  };
+  Memory memory_;
 };
 
 }  // namespace vemra::ui

@@ -16,7 +16,7 @@ std::vector<RowRange> shownRows(const Node& list) {
   const std::size_t shown = list.children.size();
   if (shown == 0) return {};
   // When the whole list is shown, no walk over its children is needed.
-  if (shown == list.rows->source->count()) return {{0, shown}};
+  if (shown == memoryOf(list).rows->source->count()) return {{0, shown}};
   std::vector<RowRange> ranges;
   for (const Node* row : list.children) {
     if (ranges.empty() || ranges.back().last != row->rowIndex) {
@@ -52,7 +52,7 @@ void PatchRecorder::recordTree(const Node& node, NodeID after) {
     recordTree(*child, previous);
     previous = child->id;
   }
-  if (node.rows) recordRows(node, Emission::recorded);
+  if (memoryOf(node).rows) recordRows(node, Emission::recorded);
 }
 
 void PatchRecorder::recordRows(const Node& list, Emission emission) {
@@ -95,13 +95,14 @@ void PatchRecorder::flush(const Node* root, const Environment& environment, Work
 /// The recorded lists in their current state, each once.
 std::vector<ListRows> PatchRecorder::takeLists() {
   std::vector<const Node*> lists = std::exchange(lists_, {});
-  std::erase_if(lists, [](const Node* list) { return list->isGone; });
+  std::erase_if(lists, [](const Node* list) { return memoryOf(*list).isGone; });
   std::ranges::sort(lists, {}, &Node::id);
   const auto repeated = std::ranges::unique(lists);
   lists.erase(repeated.begin(), repeated.end());
   std::vector<ListRows> rows;
   rows.reserve(lists.size());
-  for (const Node* list : lists) rows.push_back({list->id, list->rows->source, shownRows(*list)});
+  for (const Node* list : lists)
+    rows.push_back({list->id, memoryOf(*list).rows->source, shownRows(*list)});
   return rows;
 }
 

@@ -83,12 +83,12 @@ void Reconciler::setRoot(View root) {
 
 Node* Reconciler::find(NodeID id) {
   Node* const found = nodes_.find(id);
-  return found && !found->isGone ? found : nullptr;
+  return found && !memoryOf(*found).isGone ? found : nullptr;
 }
 
 void Reconciler::markOutOfDate(Node& node) {
   // Describe it again even if this pass has already described it.
-  node.describedInPass = 0;
+  memoryOf(node).describedInPass = 0;
   dirty_.push_back(node.id);
 }
 
@@ -99,7 +99,7 @@ void Reconciler::update() {
   std::ranges::sort(dirty);
   for (const NodeID id : dirty) {
     Node* node = find(id);
-    if (node && node->describedInPass != pass_) {
+    if (node && memoryOf(*node).describedInPass != pass_) {
       describeComposite(*node, patches_.emissionAt(*node));
     }
   }
@@ -109,25 +109,19 @@ Node& Reconciler::allocate(Node* parent, const View& view, Identity identity) {
   const NodeID id{++lastID_};
   const Style inherited = parent ? parent->element.style() : Style{};
   ++work_.nodes;
-  return nodes_.insert(id, Node{.id = id,
-                                .parent = parent,
-                                .identity = std::move(identity),
-                                .element = Element(view, inherited, environment_),
-                                .children = {},
-                                .rowID = {},
-                                .state = nullptr,
-                                .rows = nullptr,
-                                .asleepBelow = nullptr});
+  return nodes_.insert(
+      id, Node(id, parent, std::move(identity), Element(view, inherited, environment_)));
 }
 
 void Reconciler::mount(Node& node, NodeID after, Emission emission) {
   if (auto* composite =
           std::get_if<CompositeContent>(&BehindElement::description(node.element).content)) {
     rows_.waking().restore(node);
-    if (!node.state) node.state = composite->composite->makeState();
-    if (node.state) node.state->attach(states_, node.id.value);
+    std::shared_ptr<StateCell>& state = memoryOf(node).state;
+    if (!state) state = composite->composite->makeState();
+    if (state) state->attach(states_, node.id.value);
   } else if (node.element.kind() == ElementKind::forEach) {
-    node.rows = std::make_shared<Rows>();
+    memoryOf(node).rows = std::make_shared<Rows>();
     rows_.waking().restore(node);
   }
   patches_.record(Patch::Kind::insert, node, after, emission);
@@ -161,10 +155,10 @@ void Reconciler::reconcileContent(Node& node, Emission emission) {
 void Reconciler::describeComposite(Node& node, Emission emission) {
   const auto composite =
       std::get<CompositeContent>(BehindElement::description(node.element).content).composite;
-  node.describedInPass = pass_;
+  memoryOf(node).describedInPass = pass_;
   ++work_.bodies;
   const std::optional<View> body =
-      describe([&] { return composite->body(node.state, environment_); });
+      describe([&] { return composite->body(memoryOf(node).state, environment_); });
   // When a body throws, keep the present children.
   if (!body) {
     rows_.waking().keepBelow(node);
@@ -235,12 +229,16 @@ void Reconciler::reconcileChildren(Node& parent, std::span<const View> views, Em
 
 void Reconciler::remove(Node& node) {
   for (Node* child : node.children) remove(*child);
-  if (node.rows) {
-    for (Node* row : node.rows->lookedAt) remove(*row);
+  if (memoryOf(node).rows) {
+    for (Node* row : memoryOf(node).rows->lookedAt) remove(*row);
   }
-  if (node.state) node.state->detach();
-  node.isGone = true;
+  if (memoryOf(node).state) memoryOf(node).state->detach();
+  memoryOf(node).isGone = true;
   removed_.push_back(node.id);
+}
+
+std::optional<View> Reconciler::describeRow(const RowSource& rows, std::size_t index) {
+  return describe([&] { return rows.row(index); });
 }
 
 void Reconciler::freeRemoved() {
@@ -252,7 +250,7 @@ void Reconciler::freeRemoved() {
 void Reconciler::abandon() {
   NodeTable<Node> nodes = std::exchange(nodes_, {});
   nodes.forEach([](const Node& node) {
-    if (node.state) node.state->detach();
+    if (memoryOf(node).state) memoryOf(node).state->detach();
   });
   root_ = nullptr;
   rootView_ = View();

@@ -24,7 +24,7 @@ namespace vemra::ui {
 /// Between passes this remembers the nodes, because they own the state; the root view and the
 /// environment, to describe the tree again; and the composites whose state has changed since they
 /// were described.
-class Reconciler {
+class Reconciler final : private RowNodes {
  public:
   /// - Parameter states: gets a call when state in the tree changes.
   /// - Parameter errors: keeps the exceptions of bodies and rows.
@@ -65,16 +65,14 @@ class Reconciler {
   WorkCount& work() { return work_; }
   const WorkCount& work() const { return work_; }
 
-  // For the rows of a list, which are ordinary nodes.
-
-  /// Makes a node below `parent`, without state and children.
-  Node& allocate(Node* parent, const View& view, Identity identity);
-  /// Gives a new node its state, records its insertion, and makes its children.
-  void mount(Node& node, NodeID after, Emission emission);
-  /// Updates a node to a new description of the same identity.
-  void update(Node& node, const View& view, Emission emission);
-  /// Removes a subtree from the tree. Its nodes stay linked until `freeRemoved`.
-  void remove(Node& node);
+ private:
+  // For the rows of a list.
+  Node& at(NodeID id) override { return *find(id); }
+  Node& allocate(Node* parent, const View& view, Identity identity) override;
+  void mount(Node& node, NodeID after, Emission emission) override;
+  void update(Node& node, const View& view, Emission emission) override;
+  void remove(Node& node) override;
+  std::optional<View> describeRow(const RowSource& rows, std::size_t index) override;
 
   /// Runs a body or a row's closure. Returns nil when it threw; `errors` keeps the exception.
   template <class Make>
@@ -90,7 +88,6 @@ class Reconciler {
     return view;
   }
 
- private:
   void reconcileContent(Node& node, Emission emission);
   void reconcileChildren(Node& parent, std::span<const View> views, Emission emission);
   void describeComposite(Node& node, Emission emission);
@@ -108,7 +105,7 @@ class Reconciler {
   std::uint64_t pass_ = 0;
   PatchRecorder patches_;
   WorkCount work_;
-  RowStore rows_{*this};
+  RowStore rows_{*this, patches_, work_};
 };
 
 }  // namespace vemra::ui

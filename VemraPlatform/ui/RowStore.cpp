@@ -3,7 +3,6 @@
 #include "VemraPlatform/text/Equality.hpp"
 #include "VemraPlatform/ui/BehindElement.hpp"
 #include "VemraPlatform/ui/ListDiff.hpp"
-#include "VemraPlatform/ui/Reconciler.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -17,10 +16,11 @@ constexpr std::size_t maximumLookedAt = 64;
 
 }  // namespace
 
-RowStore::RowStore(Reconciler& reconciler) : reconciler_(reconciler), waking_(reconciler.work()) {}
+RowStore::RowStore(RowNodes& nodes, PatchRecorder& patches, WorkCount& work)
+    : nodes_(nodes), patches_(patches), work_(work), waking_(work) {}
 
 bool RowStore::demandsEverything(const Node& forEach) const {
-  const Renderer* const renderer = reconciler_.patches().renderer();
+  const Renderer* const renderer = patches_.renderer();
   if (renderer && renderer->rowDemand() == RowDemand::everything) return true;
   // A picker needs all its rows at once: they are few and are part of the picker.
   for (const Node* place = forEach.parent; place; place = place->parent) {
@@ -33,13 +33,13 @@ bool RowStore::demandsEverything(const Node& forEach) const {
 /// the present rows. Otherwise it finds each present row, and each row with saved state, in one
 /// pass over the old ids and one over the new ids.
 void RowStore::reconcile(Node& forEach, Emission emission) {
-  sleep(forEach, std::exchange(forEach.rows->lookedAt, {}));
-  Rows& rows = *forEach.rows;
+  sleep(forEach, std::exchange(memoryOf(forEach).rows->lookedAt, {}));
+  Rows& rows = *memoryOf(forEach).rows;
   const auto before = std::exchange(
       rows.source,
       std::get<ForEachContent>(BehindElement::description(forEach.element).content).rows);
   const RowSource& after = *rows.source;
-  if (before != rows.source) reconciler_.patches().recordRows(forEach, emission);
+  if (before != rows.source) patches_.recordRows(forEach, emission);
   const std::size_t count = after.count();
 
   const bool inPlace = std::ranges::all_of(forEach.children, [&](const Node* row) {
@@ -53,7 +53,7 @@ void RowStore::reconcile(Node& forEach, Emission emission) {
   if (inPlace && (!stateful || (allThere && rows.asleep.empty()))) {
     for (const Node* row : forEach.children) places.push_back(row->rowIndex);
   } else {
-    ++reconciler_.work().idPasses;
+    ++work_.idPasses;
     std::vector<std::size_t> indexes;
     indexes.reserve(forEach.children.size());
     for (const Node* row : forEach.children) indexes.push_back(row->rowIndex);
@@ -89,8 +89,8 @@ void RowStore::reconcile(Node& forEach, Emission emission) {
     if (same) {
       forEach.children.push_back(row);
     } else {
-      reconciler_.patches().record(Patch::Kind::remove, *row, {}, emission);
-      reconciler_.remove(*row);
+      patches_.record(Patch::Kind::remove, *row, {}, emission);
+      nodes_.remove(*row);
     }
   }
   std::ranges::sort(kept, {}, &Place::index);
@@ -104,13 +104,13 @@ void RowStore::reconcile(Node& forEach, Emission emission) {
   for (const Place& place : kept) {
     if (!place.node) continue;
     place.node->rowID = after.key(place.index);
-    reconciler_.update(*place.node, place.view, emission);
+    nodes_.update(*place.node, place.view, emission);
   }
 }
 
 /// Makes the rows in `places` (ascending) the shown rows. Other shown rows go to sleep.
 void RowStore::place(Node& forEach, std::vector<Place> places, Emission emission) {
-  Rows& rows = *forEach.rows;
+  Rows& rows = *memoryOf(forEach).rows;
   if (forEach.children.empty() && rows.asleep.empty() && rows.lookedAt.empty()) {
     placeFirst(forEach, places, emission);
     return;
@@ -150,32 +150,32 @@ void RowStore::place(Node& forEach, std::vector<Place> places, Emission emission
   forEach.children = std::move(children);
   WakingState::OfRows waking = waking_.take(forEach, mounted);
   for (const ListOperation& operation : operations) {
-    Node& row = *reconciler_.find(operation.item);
+    Node& row = nodes_.at(operation.item);
     switch (operation.kind) {
       case ListOperation::Kind::remove:
-        reconciler_.patches().record(Patch::Kind::remove, row, {}, emission);
+        patches_.record(Patch::Kind::remove, row, {}, emission);
         leaving.push_back(&row);
         break;
       case ListOperation::Kind::move:
-        reconciler_.patches().record(Patch::Kind::move, row, operation.after, emission);
+        patches_.record(Patch::Kind::move, row, operation.after, emission);
         break;
       case ListOperation::Kind::insert:
         if (nextMounted != mounted.end() && *nextMounted == &row) {
           ++nextMounted;
           mount(row, waking, operation.after, emission);
         } else if (emission == Emission::recorded) {
-          reconciler_.patches().recordTree(row, operation.after);
+          patches_.recordTree(row, operation.after);
         }
         break;
     }
   }
   sleep(forEach, leaving);
-  if (rowsMoved) reconciler_.patches().recordRows(forEach, emission);
+  if (rowsMoved) patches_.recordRows(forEach, emission);
 }
 
-/// Does what `place` does, for a list that has no rows yet, neither shown nor asleep: it describes and mounts
-/// one row after the other, so that a row's description is still in the processor's cache when its
-/// nodes are made.
+/// Does what `place` does, for a list that has no rows yet, neither shown nor asleep: it describes
+/// and mounts one row after the other, so that a row's description is still in the processor's
+/// cache when its nodes are made.
 void RowStore::placeFirst(Node& forEach, const std::vector<Place>& places, Emission emission) {
   forEach.children.reserve(places.size());
   WakingState::OfRows nothingAsleep;
@@ -186,11 +186,11 @@ void RowStore::placeFirst(Node& forEach, const std::vector<Place>& places, Emiss
     mount(row, nothingAsleep, after, emission);
     after = row.id;
   }
-  if (!places.empty()) reconciler_.patches().recordRows(forEach, emission);
+  if (!places.empty()) patches_.recordRows(forEach, emission);
 }
 
 void RowStore::show(Node& forEach, std::vector<RowRange> ranges) {
-  const std::size_t count = forEach.rows->source->count();
+  const std::size_t count = memoryOf(forEach).rows->source->count();
   std::ranges::sort(ranges, {}, &RowRange::first);
   std::vector<Place> places;
   places.reserve(forEach.children.size() + 1);
@@ -203,12 +203,12 @@ void RowStore::show(Node& forEach, std::vector<RowRange> ranges) {
       places.push_back({next, there ? *shown : nullptr, {}});
     }
   }
-  place(forEach, std::move(places), reconciler_.patches().emissionAt(forEach));
+  place(forEach, std::move(places), patches_.emissionAt(forEach));
 }
 
 std::optional<View> RowStore::describe(const Node& forEach, std::size_t index) {
-  ++reconciler_.work().rows;
-  std::optional<View> row = reconciler_.describe([&] { return forEach.rows->source->row(index); });
+  ++work_.rows;
+  std::optional<View> row = nodes_.describeRow(*memoryOf(forEach).rows->source, index);
   // An absent row still counts as a row.
   if (row && row->isAbsent()) row = Group({});
   return row;
@@ -224,17 +224,17 @@ Node& RowStore::allocate(Node& forEach, const Place& place) {
 /// has the stand-in's identity, so the next description replaces it.
 Node& RowStore::allocate(Node& forEach, std::size_t index, const std::optional<View>& view) {
   const View shown = view ? *view : Group({});
-  Node& row = reconciler_.allocate(&forEach, shown, view ? identityOf(shown, 0) : Identity{});
+  Node& row = nodes_.allocate(&forEach, shown, view ? identityOf(shown, 0) : Identity{});
   row.isRow = true;
   row.rowIndex = index;
-  row.rowID = forEach.rows->source->key(index);
+  row.rowID = memoryOf(forEach).rows->source->key(index);
   return row;
 }
 
 const Node* RowStore::find(const Node& forEach, std::size_t index) {
   const auto shown = std::ranges::lower_bound(forEach.children, index, {}, &Node::rowIndex);
   if (shown != forEach.children.end() && (*shown)->rowIndex == index) return *shown;
-  const std::vector<Node*>& lookedAt = forEach.rows->lookedAt;
+  const std::vector<Node*>& lookedAt = memoryOf(forEach).rows->lookedAt;
   const auto found = std::ranges::find(lookedAt, index, &Node::rowIndex);
   return found == lookedAt.end() ? nullptr : *found;
 }
@@ -242,7 +242,7 @@ const Node* RowStore::find(const Node& forEach, std::size_t index) {
 const Node& RowStore::lookAt(Node& forEach, std::size_t index) {
   Node& row = allocate(forEach, index, describe(forEach, index));
   row.isShown = false;
-  std::vector<Node*>& lookedAt = forEach.rows->lookedAt;
+  std::vector<Node*>& lookedAt = memoryOf(forEach).rows->lookedAt;
   lookedAt.push_back(&row);
   WakingState::OfRows taken = waking_.take(forEach, {&row});
   mount(row, taken, {}, Emission::silent);
@@ -256,14 +256,14 @@ const Node& RowStore::lookAt(Node& forEach, std::size_t index) {
 
 std::vector<std::size_t> RowStore::withState(const Node& forEach) {
   std::vector<std::size_t> indexes;
-  const Rows& rows = *forEach.rows;
+  const Rows& rows = *memoryOf(forEach).rows;
   for (const auto* present : {&forEach.children, &rows.lookedAt}) {
     for (const Node* row : *present) {
       if (hasState(*row)) indexes.push_back(row->rowIndex);
     }
   }
   if (!rows.asleep.empty()) {
-    ++reconciler_.work().idPasses;
+    ++work_.idPasses;
     std::vector<RowIdentity> identities;
     for (const auto& [key, occurrences] : rows.asleep) {
       for (const auto& [occurrence, row] : occurrences) identities.push_back({key, occurrence});
@@ -283,13 +283,13 @@ void RowStore::mount(Node& row, WakingState::OfRows& taken, NodeID after, Emissi
   const auto own = taken.find(row.id);
   const WakingState::Scope scope(waking_, row,
                                  own == taken.end() ? SavedState() : std::move(own->second));
-  reconciler_.mount(row, after, emission);
+  nodes_.mount(row, after, emission);
 }
 
 /// Removes the rows' nodes and saves the state that differs from its initial value.
 void RowStore::sleep(Node& forEach, const std::vector<Node*>& rows) {
-  reconciler_.work().idPasses += putToSleep(*forEach.rows, rows);
-  for (Node* row : rows) reconciler_.remove(*row);
+  work_.idPasses += putToSleep(*memoryOf(forEach).rows, rows);
+  for (Node* row : rows) nodes_.remove(*row);
 }
 
 }  // namespace vemra::ui

@@ -14,7 +14,25 @@
 
 namespace vemra::ui {
 
-class Reconciler;
+/// The nodes of rows. Rows are ordinary nodes, which the reconciler makes and changes.
+class RowNodes {
+ public:
+  /// The node, which must be there.
+  virtual Node& at(NodeID id) = 0;
+  /// Makes a node below `parent`, without state and children.
+  virtual Node& allocate(Node* parent, const View& view, Identity identity) = 0;
+  /// Gives a new node its state, records its insertion, and makes its children.
+  virtual void mount(Node& node, NodeID after, Emission emission) = 0;
+  /// Updates a node to a new description of the same identity.
+  virtual void update(Node& node, const View& view, Emission emission) = 0;
+  /// Removes a subtree from the tree. Its nodes stay linked until the reconciler frees them.
+  virtual void remove(Node& node) = 0;
+  /// Runs a row's closure. Returns nil when it threw; the reconciler keeps the exception.
+  virtual std::optional<View> describeRow(const RowSource& rows, std::size_t index) = 0;
+
+ protected:
+  ~RowNodes() = default;
+};
 
 /// The rows of the lists: which of them have nodes, and the saved state of the others.
 ///
@@ -24,7 +42,7 @@ class Reconciler;
 /// calls.
 class RowStore {
  public:
-  explicit RowStore(Reconciler& reconciler);
+  RowStore(RowNodes& nodes, PatchRecorder& patches, WorkCount& work);
 
   /// Compares the list's new description with the present rows, and updates them.
   void reconcile(Node& forEach, Emission emission);
@@ -57,7 +75,9 @@ class RowStore {
   void mount(Node& row, WakingState::OfRows& taken, NodeID after, Emission emission);
   void sleep(Node& forEach, const std::vector<Node*>& rows);
 
-  Reconciler& reconciler_;
+  RowNodes& nodes_;
+  PatchRecorder& patches_;
+  WorkCount& work_;
   WakingState waking_;
 };
 

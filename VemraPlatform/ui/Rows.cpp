@@ -9,17 +9,18 @@ namespace vemra::ui {
 namespace {
 
 std::uint64_t collectState(Node& node, IdentityPath& path, SavedState& saved) {
-  if (node.state && !node.state->isInitial()) {
-    node.state->sleep();
-    saved.cells.emplace_back(path, std::exchange(node.state, nullptr));
+  auto& memory = memoryOf(node);
+  if (memory.state && !memory.state->isInitial()) {
+    memory.state->sleep();
+    saved.cells.emplace_back(path, std::exchange(memory.state, nullptr));
   }
-  if (node.asleepBelow) saved.takeBelow(path, *std::exchange(node.asleepBelow, nullptr));
-  if (node.rows) {
+  if (memory.asleepBelow) saved.takeBelow(path, *std::exchange(memory.asleepBelow, nullptr));
+  if (memory.rows) {
     std::vector<Node*> rows = node.children;
-    rows.insert(rows.end(), node.rows->lookedAt.begin(), node.rows->lookedAt.end());
-    const std::uint64_t idPasses = putToSleep(*node.rows, std::move(rows));
-    if (!node.rows->asleep.empty()) {
-      saved.lists.emplace_back(path, std::exchange(node.rows->asleep, {}));
+    rows.insert(rows.end(), memory.rows->lookedAt.begin(), memory.rows->lookedAt.end());
+    const std::uint64_t idPasses = putToSleep(*memory.rows, std::move(rows));
+    if (!memory.rows->asleep.empty()) {
+      saved.lists.emplace_back(path, std::exchange(memory.rows->asleep, {}));
     }
     return idPasses;
   }
@@ -85,10 +86,11 @@ SavedState SavedState::splitBelow(const IdentityPath& path) {
 
 bool hasState(const Node& node) {
   const auto has = [](const Node* other) { return hasState(*other); };
-  if (node.state && !node.state->isInitial()) return true;
-  if (node.asleepBelow) return true;
-  if (node.rows && !node.rows->asleep.empty()) return true;
-  if (node.rows && std::ranges::any_of(node.rows->lookedAt, has)) return true;
+  const auto& memory = memoryOf(node);
+  if (memory.state && !memory.state->isInitial()) return true;
+  if (memory.asleepBelow) return true;
+  if (memory.rows && !memory.rows->asleep.empty()) return true;
+  if (memory.rows && std::ranges::any_of(memory.rows->lookedAt, has)) return true;
   return std::ranges::any_of(node.children, has);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "VemraPlatform/text/TextMap.hpp"
-#include "VemraPlatform/ui/Node.hpp"
+#include "VemraPlatform/ui/BehindNode.hpp"
 
 #include <cstdint>
 #include <map>

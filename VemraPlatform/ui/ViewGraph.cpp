@@ -1,6 +1,7 @@
 #include "VemraPlatform/ui/ViewGraph.hpp"
 
 #include "VemraPlatform/ui/BehindElement.hpp"
+#include "VemraPlatform/ui/BehindNode.hpp"
 #include "VemraPlatform/ui/EventQueue.hpp"
 #include "VemraPlatform/ui/ProgrammerError.hpp"
 #include "VemraPlatform/ui/Reconciler.hpp"
@@ -8,6 +9,15 @@
 #include <utility>
 
 namespace vemra::ui {
+
+namespace {
+
+/// The rows of a `ForEach`; nullptr for other nodes.
+const Rows* rowsOf(const Node* node) {
+  return node ? memoryOf(*node).rows.get() : nullptr;
+}
+
+}  // namespace
 
 struct ViewGraph::Parts final : StateCell::Owner {
   explicit Parts(Environment environment) : reconciler(*this, errors, std::move(environment)) {}
@@ -63,7 +73,8 @@ void ViewGraph::showRows(NodeID forEach, std::vector<RowRange> ranges) {
 
 NodeID ViewGraph::lookAtRow(NodeID id, std::size_t index) {
   Node* const forEach = parts_->reconciler.find(id);
-  if (!forEach || !forEach->rows || index >= forEach->rows->source->count()) return {};
+  const Rows* const rows = rowsOf(forEach);
+  if (!rows || index >= rows->source->count()) return {};
   if (const Node* const there = RowStore::find(*forEach, index)) return there->id;
   if (parts_->queue.isBusy()) return {};
   NodeID row;
@@ -73,13 +84,13 @@ NodeID ViewGraph::lookAtRow(NodeID id, std::size_t index) {
 }
 
 std::shared_ptr<const RowIDs> ViewGraph::rowIDs(NodeID id) const {
-  const Node* const forEach = find(id);
-  return forEach && forEach->rows ? forEach->rows->source : nullptr;
+  const Rows* const rows = rowsOf(find(id));
+  return rows ? rows->source : nullptr;
 }
 
 std::vector<std::size_t> ViewGraph::rowsWithState(NodeID id) {
   const Node* const forEach = find(id);
-  if (!forEach || !forEach->rows) return {};
+  if (!rowsOf(forEach)) return {};
   return parts_->reconciler.rows().withState(*forEach);
 }
 
@@ -96,7 +107,7 @@ Properties ViewGraph::properties(NodeID id) const {
   if (!node) return {};
   auto* composite =
       std::get_if<CompositeContent>(&BehindElement::description(node->element).content);
-  return composite ? composite->composite->properties(node->state.get()) : Properties{};
+  return composite ? composite->composite->properties(memoryOf(*node).state.get()) : Properties{};
 }
 
 const WorkCount& ViewGraph::work() const {

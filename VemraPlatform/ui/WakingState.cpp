@@ -33,7 +33,7 @@ WakingState::Scope::Scope(WakingState& waking, const Node& top, std::optional<Sa
 }
 
 WakingState::OfRows WakingState::take(Node& forEach, std::vector<Node*> rows) {
-  SleepingRows& asleep = forEach.rows->asleep;
+  SleepingRows& asleep = memoryOf(forEach).rows->asleep;
   OfRows waking;
   std::erase_if(rows,
                 [&](const Node* row) { return isStandIn(*row) || !asleep.contains(row->rowID); });
@@ -42,7 +42,8 @@ WakingState::OfRows WakingState::take(Node& forEach, std::vector<Node*> rows) {
   std::vector<std::size_t> indexes;
   indexes.reserve(rows.size());
   for (const Node* row : rows) indexes.push_back(row->rowIndex);
-  const std::vector<RowIdentity> identities = rowIdentities(*forEach.rows->source, indexes);
+  const std::vector<RowIdentity> identities =
+      rowIdentities(*memoryOf(forEach).rows->source, indexes);
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const auto sameID = asleep.find(rows[i]->rowID);
     if (sameID == asleep.end()) continue;
@@ -56,7 +57,7 @@ WakingState::OfRows WakingState::take(Node& forEach, std::vector<Node*> rows) {
 }
 
 std::optional<SavedState> WakingState::takeBelow(Node& composite) {
-  const auto below = std::exchange(composite.asleepBelow, nullptr);
+  const auto below = std::exchange(memoryOf(composite).asleepBelow, nullptr);
   if (!below) return std::nullopt;
   return std::move(*below);
 }
@@ -66,15 +67,15 @@ void WakingState::restore(Node& node) {
   const IdentityPath path = pathFrom(scope_->top_, node);
   const auto atPath = [&](const auto& saved) { return saved.first == path; };
   SavedState& state = *scope_->state_;
-  if (node.rows) {
+  if (memoryOf(node).rows) {
     const auto list = std::ranges::find_if(state.lists, atPath);
     if (list == state.lists.end()) return;
-    node.rows->asleep = std::move(list->second);
+    memoryOf(node).rows->asleep = std::move(list->second);
     state.lists.erase(list);
   } else {
     const auto cell = std::ranges::find_if(state.cells, atPath);
     if (cell == state.cells.end()) return;
-    node.state = std::move(cell->second);
+    memoryOf(node).state = std::move(cell->second);
     state.cells.erase(cell);
   }
 }
@@ -82,7 +83,8 @@ void WakingState::restore(Node& node) {
 void WakingState::keepBelow(Node& composite) {
   if (!scope_ || scope_->state_->isEmpty()) return;
   SavedState below = scope_->state_->splitBelow(pathFrom(scope_->top_, composite));
-  if (!below.isEmpty()) composite.asleepBelow = std::make_shared<SavedState>(std::move(below));
+  if (!below.isEmpty())
+    memoryOf(composite).asleepBelow = std::make_shared<SavedState>(std::move(below));
 }
 
 }  // namespace vemra::ui

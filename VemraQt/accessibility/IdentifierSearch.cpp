@@ -2,6 +2,7 @@
 
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
+#include "VemraQt/atspi/IdentifierBus.hpp"
 #include "VemraQt/page/Page.hpp"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "VemraPlatform/ui/NodeID.hpp"
 #include "VemraQt/accessibility/RowIdentifiers.hpp"
-#include "VemraQt/atspi/IdentifierBus.hpp"
+#include "VemraQt/atspi/IdentifierSource.hpp"
 
 #include <cstddef>
 #include <string>

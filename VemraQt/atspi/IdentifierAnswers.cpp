@@ -1,7 +1,7 @@
 #include "VemraQt/atspi/IdentifierAnswers.hpp"
 
 #include "VemraQt/atspi/BusReference.hpp"
-#include "VemraQt/atspi/IdentifierBus.hpp"
+#include "VemraQt/atspi/IdentifierSource.hpp"
 #include "VemraQt/atspi/LaterQt.hpp"
 #include "VemraQt/atspi/SelectionAnswers.hpp"
 

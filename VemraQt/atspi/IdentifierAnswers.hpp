@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include <QDBusVirtualObject>
 #include <QPointer>
 
@@ -13,8 +11,6 @@
 /// unnecessary; they are measured with Qt 6.4.2.
 
 namespace vemra::qt::atspi {
-
-class IdentifierSource;
 
 /// Stands in front of Qt's object on the accessibility bus and answers the messages that Qt's
 /// object does not answer, or answers badly: the identifier of an element, the search for elements
@@ -36,8 +32,5 @@ class IdentifierAnswers final : public QDBusVirtualObject {
  private:
   QPointer<QDBusVirtualObject> original_;
 };
-
-/// The registered trees, which know the identifiers of their elements.
-std::vector<IdentifierSource*>& identifierSources();
 
 }  // namespace vemra::qt::atspi

@@ -4,7 +4,6 @@
 #include "VemraQt/atspi/IdentifierAnswers.hpp"
 
 #include <memory>
-#include <vector>
 
 #include <QAccessible>
 #include <QCoreApplication>
@@ -13,11 +12,6 @@
 #include <QTimer>
 
 namespace vemra::qt::atspi {
-
-std::vector<IdentifierSource*>& identifierSources() {
-  static std::vector<IdentifierSource*> sources;
-  return sources;
-}
 
 namespace {
 
@@ -88,14 +82,6 @@ void publishIdentifiers() {
 
 bool areIdentifiersPublished() {
   return installer && installer->isInstalled();
-}
-
-void addIdentifierSource(IdentifierSource& source) {
-  identifierSources().push_back(&source);
-}
-
-void removeIdentifierSource(IdentifierSource& source) {
-  std::erase(identifierSources(), &source);
 }
 
 }  // namespace vemra::qt::atspi

@@ -1,33 +1,11 @@
 #pragma once
 
-#include <QAccessible>
-#include <QList>
-#include <QString>
-
 /// \file
 /// The exact identifier of every element, for assistive technology and automation over AT-SPI.
 ///
 /// Remove this when neither `IdentifierAnswers` nor `ChildSignals` is needed any more.
 
 namespace vemra::qt::atspi {
-
-/// Knows the identifiers of one tree of accessible elements.
-///
-/// Each tree registers one while it is on the screen. Main thread only.
-class IdentifierSource {
- public:
-  /// The identifier of an element of this tree, byte for byte; "" when it has none; a null string
-  /// when the id is not of this tree.
-  virtual QString identifier(QAccessible::Id element) const = 0;
-  /// Finds the elements with that identifier, in tree order, at most `most` of them (0: all). Does
-  /// not walk the accessibility tree: it costs only the source's own look-up.
-  virtual QList<QAccessible::Id> find(const QString& identifier, int most) = 0;
-  /// Scrolls the element into view; false when the element is not in this tree, or gone.
-  virtual bool scrollIn(QAccessible::Id element) = 0;
-
- protected:
-  ~IdentifierSource() = default;
-};
 
 /// Publishes identifiers on the accessibility bus.
 ///
@@ -46,9 +24,5 @@ class IdentifierSource {
 void publishIdentifiers();
 /// Whether the object in front of Qt's is on the bus now.
 bool areIdentifiersPublished();
-
-/// Adds or removes a tree whose identifiers are published.
-void addIdentifierSource(IdentifierSource& source);
-void removeIdentifierSource(IdentifierSource& source);
 
 }  // namespace vemra::qt::atspi

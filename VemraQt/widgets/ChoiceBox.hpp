@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VemraPlatform/ui/Tag.hpp"
+#include "VemraQt/widgets/Choices.hpp"
 #include "VemraQt/widgets/ElementWidget.hpp"
 
 #include <vector>
@@ -11,17 +11,6 @@
 class QMenu;
 
 namespace vemra::qt {
-
-/// A choice of a picker.
-struct Choice {
-  QString label;
-  ui::Tag tag;
-};
-
-/// The tagged rows of a picker, in tree order.
-std::vector<Choice> choicesOf(const page::Node& picker);
-/// The index of the picker's selection in `choices`; -1 when `choices` does not contain it.
-int currentChoice(const page::Node& picker, const std::vector<Choice>& choices);
 
 /// A Picker: a button that shows the current choice and opens a menu.
 ///

@@ -1,6 +1,6 @@
 #include "VemraQt/widgets/StyleMetrics.hpp"
 
-#include "VemraQt/widgets/ChoiceBox.hpp"
+#include "VemraQt/widgets/Choices.hpp"
 
 #include <algorithm>
 

@@ -5,8 +5,8 @@
 #include "apps/documents/SourceFile.hpp"
 #include "apps/inspect/Case.hpp"
 #include "apps/inspect/Inspection.hpp"
+#include "apps/inspect/MakeReport.hpp"
 #include "apps/inspect/Options.hpp"
-#include "apps/inspect/Report.hpp"
 
 #include <cstddef>
 #include <new>

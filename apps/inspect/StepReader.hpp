@@ -1,7 +1,7 @@
 #pragma once
 
 #include "apps/documents/JsonReader.hpp"
-#include "apps/inspect/Case.hpp"
+#include "apps/inspect/Step.hpp"
 
 namespace vemra::inspect {
 

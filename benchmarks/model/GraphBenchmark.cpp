@@ -37,7 +37,7 @@ void describe(benchmark::State& state) {
   ui::ViewGraph graph;
   graph.setRoot(sampleView({.people = peopleOf(state)}));
   const ui::Node& list = listOf(*graph.root());
-  const ui::RowSource& rows = *list.rows->source;
+  const ui::RowSource& rows = *memoryOf(list).rows->source;
   for (auto _ : state) {
     for (std::size_t i = 0; i < rows.count(); ++i) benchmark::DoNotOptimize(rows.row(i));
   }

@@ -19,7 +19,7 @@ const ui::Node& listOf(const ui::Node& root) {
   while (!pending.empty()) {
     const ui::Node* node = pending.back();
     pending.pop_back();
-    if (node->rows) return *node;
+    if (memoryOf(*node).rows) return *node;
     pending.insert(pending.end(), node->children.begin(), node->children.end());
   }
   throw std::logic_error("the screen has no list");

@@ -21,9 +21,9 @@ inline constexpr QSize windowSize(720, 800);
 
 /// One way to show the goal screen: the library's, or a peer's, as a program that uses it has it.
 ///
-/// Candidates get the same snapshots, fonts, colours and window size. There is one in a process. What
-/// a program sets up once for all of its windows, like an engine for QML, is set up when the first
-/// window is asked for and stays until the candidate goes; making one builds nothing yet.
+/// Candidates get the same snapshots, fonts, colours and window size. There is one in a process.
+/// What a program sets up once for all of its windows, like an engine for QML, is set up when the
+/// first window is asked for and stays until the candidate goes; making one builds nothing yet.
 class Candidate {
  public:
   Candidate() = default;
@@ -71,8 +71,5 @@ struct CandidateKind {
 
 /// The library's own among them.
 inline constexpr std::string_view libraryName = "vemra";
-
-/// All of them, the library's first.
-const std::vector<CandidateKind>& candidateKinds();
 
 }  // namespace vemra::bench

@@ -6,6 +6,7 @@
 // or serve (until standard input ends); for a profiler, profile (ten warm first frames) or
 // repeat-MEASURE (one of the times, a thousand times over).
 
+#include "benchmarks/screen/CandidateKinds.hpp"
 #include "benchmarks/screen/Measurement.hpp"
 
 #include <algorithm>

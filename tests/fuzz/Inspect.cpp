@@ -3,7 +3,7 @@
 
 #include "apps/inspect/Case.hpp"
 #include "apps/inspect/Inspection.hpp"
-#include "apps/inspect/Report.hpp"
+#include "apps/inspect/MakeReport.hpp"
 #include "tests/fuzz/JsonErrors.hpp"
 #include "tests/fuzz/Target.hpp"
 

@@ -26,7 +26,7 @@ std::vector<std::string> split(const std::string& text, char separator) {
   return parts;
 }
 
-TEST(AbbreviatedDate, isWhatPeopleOfTheLocaleWrite) {
+TEST(AbbreviatedDate, IsWhatPeopleOfTheLocaleWrite) {
   const auto day = [](const std::string& locale) {
     return written("2025-01-05T10:00:00Z", locale);
   };
@@ -42,7 +42,7 @@ TEST(AbbreviatedDate, isWhatPeopleOfTheLocaleWrite) {
   EXPECT_EQ(day("he_IL"), "5 בינו׳ 2025");
 }
 
-TEST(AbbreviatedDate, usesTheCalendarAndTheDigitsOfTheLocale) {
+TEST(AbbreviatedDate, UsesTheCalendarAndTheDigitsOfTheLocale) {
   const auto day = [](const std::string& locale) {
     return written("2025-01-05T10:00:00Z", locale);
   };
@@ -51,12 +51,12 @@ TEST(AbbreviatedDate, usesTheCalendarAndTheDigitsOfTheLocale) {
   EXPECT_EQ(day("ar_EG"), "٥ يناير ٢٠٢٥");
 }
 
-TEST(AbbreviatedDate, usesTheCalendarOfTheRegionAskedFor) {
+TEST(AbbreviatedDate, UsesTheCalendarOfTheRegionAskedFor) {
   EXPECT_EQ(written("2025-01-05T10:00:00Z", "en-US-u-rg-thzzzz"), "Jan 5, 2568 BE");
   EXPECT_EQ(written("2025-01-05T10:00:00Z", "en_US@rg=thzzzz"), "Jan 5, 2568 BE");
 }
 
-TEST(AbbreviatedDate, knowsTheTimeZonesThatICUAloneKnows) {
+TEST(AbbreviatedDate, KnowsTheTimeZonesThatICUAloneKnows) {
   const auto inSydney = [](const std::string& instant) { return written(instant, "en_US", "AET"); };
   ASSERT_FALSE(std::ifstream("/usr/share/zoneinfo/AET"));
   EXPECT_EQ(inSydney("2025-01-05T12:59:59Z"), "Jan 5, 2025") << "eleven hours ahead in summer";
@@ -65,7 +65,7 @@ TEST(AbbreviatedDate, knowsTheTimeZonesThatICUAloneKnows) {
   EXPECT_EQ(inSydney("2025-07-05T14:00:00Z"), "Jul 6, 2025");
 }
 
-TEST(AbbreviatedDate, usesTheCalendarAndTheDigitsAskedFor) {
+TEST(AbbreviatedDate, UsesTheCalendarAndTheDigitsAskedFor) {
   const auto day = [](const std::string& locale) {
     return written("2025-01-05T10:00:00Z", locale);
   };
@@ -78,7 +78,7 @@ TEST(AbbreviatedDate, usesTheCalendarAndTheDigitsAskedFor) {
   EXPECT_NE(day("en-US-u-ca-buddhist").find("2568"), std::string::npos);
 }
 
-TEST(AbbreviatedDate, namesTheDayOfTheTimeZone) {
+TEST(AbbreviatedDate, NamesTheDayOfTheTimeZone) {
   EXPECT_EQ(written("2025-01-05T23:30:00Z", "en_US", "UTC"), "Jan 5, 2025");
   EXPECT_EQ(written("2025-01-05T23:30:00Z", "en_US", "Europe/Berlin"), "Jan 6, 2025");
   EXPECT_EQ(written("2025-01-01T04:59:59Z", "en_US", "America/New_York"), "Dec 31, 2024");
@@ -86,7 +86,7 @@ TEST(AbbreviatedDate, namesTheDayOfTheTimeZone) {
 }
 
 /// Every locale of CLDR with a Gregorian everyday calendar; see scripts/date-expectations.
-TEST(AbbreviatedDate, agreesWithTheRawDataOfCLDR) {
+TEST(AbbreviatedDate, AgreesWithTheRawDataOfCLDR) {
   std::ifstream table(VEMRA_TEST_DATA "/expected/abbreviated-dates.tsv");
   std::string line;
   ASSERT_TRUE(std::getline(table, line)) << "the table is missing";
@@ -117,7 +117,7 @@ TEST(AbbreviatedDate, agreesWithTheRawDataOfCLDR) {
   EXPECT_GE(locales, 450U) << ::testing::PrintToString(unknown);
 }
 
-TEST(AbbreviatedDate, isProlepticGregorian) {
+TEST(AbbreviatedDate, IsProlepticGregorian) {
   EXPECT_EQ(written("1582-10-14T12:00:00Z", "en_US"), "Oct 14, 1582");
   EXPECT_EQ(written("1582-10-10T12:00:00Z", "en_US"), "Oct 10, 1582");
   EXPECT_EQ(written("1500-03-01T12:00:00Z", "en_US"), "Mar 1, 1500");
@@ -126,7 +126,7 @@ TEST(AbbreviatedDate, isProlepticGregorian) {
   EXPECT_EQ(written("1500-03-01T12:00:00Z", "th_TH"), "1 มี.ค. 2043");
 }
 
-TEST(AbbreviatedDate, takesWhatItDoesNotKnowForRootAndUTC) {
+TEST(AbbreviatedDate, TakesWhatItDoesNotKnowForRootAndUTC) {
   const Environment german("LC_ALL", "de_DE.UTF-8");
   const std::string root = written("2025-01-05T10:00:00Z", "root");
   EXPECT_EQ(root, "2025 M01 5");
@@ -139,8 +139,8 @@ TEST(AbbreviatedDate, takesWhatItDoesNotKnowForRootAndUTC) {
   }
 }
 
-TEST(AbbreviatedDate, writesEveryLocaleOnEveryVisit) {
-  // More pairs than are kept, twice: what was built anew has to say the same.
+TEST(AbbreviatedDate, WritesEveryLocaleOnEveryVisit) {
+  // More pairs than the cache keeps, twice: a format that is made again must write the same dates.
   const std::vector<std::string> locales = {"en_US", "de_DE", "fr_FR", "ja_JP", "ar_EG", "th_TH"};
   const std::vector<std::string> timeZones = {"UTC",        "Europe/Berlin", "Asia/Tokyo",
                                               "Asia/Dubai", "Asia/Kolkata",  "Europe/Paris",
@@ -158,7 +158,7 @@ TEST(AbbreviatedDate, writesEveryLocaleOnEveryVisit) {
   }
 }
 
-TEST(AbbreviatedDate, isThatOfAnyInstant) {
+TEST(AbbreviatedDate, IsThatOfAnyInstant) {
   for (const std::int64_t instant :
        {std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max()}) {
     for (const char* timeZone : {"UTC", "Europe/Berlin", "CET-1CEST", "Etc/GMT-14"}) {

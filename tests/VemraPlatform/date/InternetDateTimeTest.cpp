@@ -123,7 +123,7 @@ const std::vector<Verdict> verdicts = {
     {"1736071200", unreadable},
 };
 
-TEST(InternetDateTime, isReadOrNotAsTheTableSays) {
+TEST(InternetDateTime, IsReadOrRefusedAsInTheTable) {
   ASSERT_GE(verdicts.size(), 60U);
   for (const Verdict& verdict : verdicts)
     EXPECT_EQ(read(verdict.text), verdict.seconds) << verdict.text;
@@ -131,7 +131,7 @@ TEST(InternetDateTime, isReadOrNotAsTheTableSays) {
 
 class Mutations : public ::testing::TestWithParam<std::string> {};
 
-TEST_P(Mutations, ofOneCharacterAreReadAsTheGrammarSays) {
+TEST_P(Mutations, OfOneCharacterAreReadByTheGrammar) {
   const std::string& valid = GetParam();
   ASSERT_TRUE(read(valid).has_value());
   std::size_t readable = 0;
@@ -159,7 +159,7 @@ INSTANTIATE_TEST_SUITE_P(InternetDateTime, Mutations,
                          ::testing::Values("2025-01-05T10:00:00Z", "2024-02-29T23:59:59+05:30",
                                            "1900-11-30T00:00:00-0330"));
 
-TEST(InternetDateTime, everyDayOfTheCalendarIsCounted) {
+TEST(InternetDateTime, EveryDayOfTheCalendarIsCounted) {
   constexpr std::array<int, 12> longest = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   std::int64_t day = -719162;  // 0001-01-01
   for (int year = 1; year <= 9999; ++year) {

@@ -90,7 +90,7 @@ std::vector<std::string> zoneNames() {
   return names;
 }
 
-TEST(LocalTime, isThatOfTheCLibraryInEveryZoneOfTheMachine) {
+TEST(LocalTime, IsThatOfTheCLibraryInEveryZoneOfTheMachine) {
   const std::vector<std::string> names = zoneNames();
   ASSERT_GE(names.size(), 500U);
   Instants instants(1900, 2400);
@@ -107,7 +107,7 @@ TEST(LocalTime, isThatOfTheCLibraryInEveryZoneOfTheMachine) {
   EXPECT_GE(compared, 10000U);
 }
 
-TEST(LocalTime, isThatOfTheCLibraryUnderANameThatOnlyICUHas) {
+TEST(LocalTime, IsThatOfTheCLibraryUnderANameThatOnlyICUHas) {
   UErrorCode status = U_ZERO_ERROR;
   const std::unique_ptr<icu::StringEnumeration> names(
       icu::TimeZone::createTimeZoneIDEnumeration(UCAL_ZONE_TYPE_ANY, nullptr, nullptr, status));
@@ -125,7 +125,7 @@ TEST(LocalTime, isThatOfTheCLibraryUnderANameThatOnlyICUHas) {
   EXPECT_GE(compared, 100) << "JST, IST, PST and the like";
 }
 
-TEST(LocalTime, isThatOfTheCLibraryUnderARule) {
+TEST(LocalTime, IsThatOfTheCLibraryUnderARule) {
   Instants instants(1980, 2400);
   for (const char* rule :
        {"CET-1CEST,M3.5.0,M10.5.0/3", "<+0330>-3:30<+0430>,J79/24,J263/24",
@@ -143,7 +143,7 @@ TEST(LocalTime, isThatOfTheCLibraryUnderARule) {
 }
 
 /// Those of the C library come from a file, `posixrules`, with the dates of other years.
-TEST(LocalTime, underARuleWithoutDatesHasThoseOfTheUnitedStates) {
+TEST(LocalTime, UnderARuleWithoutDatesHasThoseOfTheUnitedStates) {
   Instants instants(1970, 2400);
   for (const char* rule : {"CET-1CEST", "EST5EDT4", "<+0330>-3:30<+0430>", "XXX3YYY-15:30"}) {
     const std::string dated = std::string(rule) + ",M3.2.0/2,M11.1.0/2:00:00";

@@ -79,7 +79,7 @@ const std::map<std::string, std::string> dates = {
     {"ethiopic-amete-alem", "Tahsas 27, 7517 ERA0"},
 };
 
-TEST(LocaleKeywords, everyNameOfACalendarGivesItsDate) {
+TEST(LocaleKeywords, EveryNameOfACalendarGivesItsDate) {
   std::size_t tried = 0;
   for (const std::string& calendar : calendars()) {
     std::vector<std::string> names = {calendar};
@@ -104,7 +104,7 @@ TEST(LocaleKeywords, everyNameOfACalendarGivesItsDate) {
   EXPECT_GE(tried, 18U * 15U);
 }
 
-TEST(LocaleKeywords, aCalendarTakesThePlaceOfTheRegionsOwn) {
+TEST(LocaleKeywords, ACalendarTakesThePlaceOfTheRegionsOwn) {
   for (const char* locale :
        {"fa_IR@calendar=gregory", "fa_IR@calendar=gregorian", "fa_IR@calendar=GREGORY",
         "fa-IR-u-ca-gregory", "fa_IR@CALENDAR=Gregorian"}) {
@@ -113,7 +113,7 @@ TEST(LocaleKeywords, aCalendarTakesThePlaceOfTheRegionsOwn) {
   EXPECT_EQ(written("fa_IR"), "۱۶ دی ۱۴۰۳");
 }
 
-TEST(LocaleKeywords, everyNameOfANumberingSystemGivesItsDigits) {
+TEST(LocaleKeywords, EveryNameOfANumberingSystemGivesItsDigits) {
   const std::vector<std::string> systems = numberingSystems();
   ASSERT_GE(systems.size(), 80U);
   std::set<std::string> texts;
@@ -133,7 +133,7 @@ TEST(LocaleKeywords, everyNameOfANumberingSystemGivesItsDigits) {
   EXPECT_TRUE(texts.contains("Jan ๕, ๒๐๒๕"));
 }
 
-TEST(LocaleKeywords, digitsMayBeTheRegionsOwn) {
+TEST(LocaleKeywords, DigitsMayBeTheRegionsOwn) {
   for (const std::string name : {"native", "traditional", "traditio", "finance", "default"}) {
     const std::string expected = written("hi_IN@numbers=" + name);
     for (const std::string& spelling : inCases(name)) {
@@ -148,7 +148,7 @@ TEST(LocaleKeywords, digitsMayBeTheRegionsOwn) {
   EXPECT_NE(written("ta_IN@numbers=traditio"), written("ta_IN"));
 }
 
-TEST(LocaleKeywords, ofANameThatNothingHasAreRefused) {
+TEST(LocaleKeywords, OfANameThatNothingHasAreRefused) {
   for (const char* locale :
        {"en_US@calendar=", "en_US@calendar=gregorianum", "en_US@calendar=islamic-",
         "en_US@calendar=-", "en_US@calendar=islamic-civilian", "en_US@calendar=yes",
@@ -159,7 +159,7 @@ TEST(LocaleKeywords, ofANameThatNothingHasAreRefused) {
   }
 }
 
-TEST(LocaleKeywords, haveOnlyLettersDigitsAndHyphens) {
+TEST(LocaleKeywords, HaveOnlyLettersDigitsAndHyphens) {
   for (const char* locale :
        {"en_US@x=a", "en_US@x=z", "en_US@x=A", "en_US@x=Z", "en_US@x=0", "en_US@x=9", "en_US@x=a-b",
         "en_US@x=a_b", "en_US@a0=1", "en_US@zZ=1", "en_US@x=1;y=2;z=3"}) {
@@ -175,7 +175,7 @@ TEST(LocaleKeywords, haveOnlyLettersDigitsAndHyphens) {
   }
 }
 
-TEST(LocaleKeywords, fitIntoANameOfICUs) {
+TEST(LocaleKeywords, FitIntoANameOfICUs) {
   constexpr std::size_t longest = 156;
   const std::string base = "en_US@x=";
   EXPECT_EQ(written(base + std::string(longest - base.size(), 'a')), "Jan 5, 2025");

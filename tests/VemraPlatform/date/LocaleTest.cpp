@@ -8,7 +8,7 @@ namespace {
 
 using namespace std::string_literals;
 
-TEST(KnownLocale, isOneThatICULists) {
+TEST(KnownLocale, IsOneThatICULists) {
   for (const char* locale :
        {"en", "en_US", "en-US", "de_DE", "sr_Latn_RS", "sr-Latn-RS", "en_US_POSIX", "es_419",
         "en_001", "zh_Hant_TW", "nb_NO", "yue", "en_DE", "EN-us"}) {
@@ -21,7 +21,7 @@ TEST(KnownLocale, isOneThatICULists) {
   EXPECT_FALSE(date::isKnownLocale("und"));
 }
 
-TEST(KnownLocale, mayAskForACalendarAndDigits) {
+TEST(KnownLocale, MayAskForACalendarAndDigits) {
   for (const char* locale :
        {"en-US-u-nu-arab", "en-US-u-ca-buddhist", "en-US-u-ca-buddhist-nu-thai",
         "en_US@numbers=arab", "en_US@calendar=buddhist;numbers=thai", "en_US@calendar=gregory",
@@ -30,7 +30,7 @@ TEST(KnownLocale, mayAskForACalendarAndDigits) {
   }
 }
 
-TEST(KnownLocale, isNothingElse) {
+TEST(KnownLocale, IsNothingElse) {
   std::vector<std::string> locales = {"",
                                       "xx",
                                       "xx_YY",
@@ -89,7 +89,7 @@ std::string systemLocale(const Settings& settings) {
   return date::systemLocale();
 }
 
-TEST(SystemLocale, comesFromTheFirstVariableThatSaysSomething) {
+TEST(SystemLocale, ComesFromTheFirstVariableThatIsNotEmpty) {
   EXPECT_EQ(systemLocale({"de_DE", "fr_FR", "en_GB"}), "de_DE");
   EXPECT_EQ(systemLocale({std::nullopt, "fr_FR", "en_GB"}), "fr_FR");
   EXPECT_EQ(systemLocale({"", "fr_FR", "en_GB"}), "fr_FR");
@@ -97,7 +97,7 @@ TEST(SystemLocale, comesFromTheFirstVariableThatSaysSomething) {
   EXPECT_EQ(systemLocale({std::nullopt, std::nullopt, "en_GB"}), "en_GB");
 }
 
-TEST(SystemLocale, hasNoEncodingAndNoModifierOfPOSIX) {
+TEST(SystemLocale, HasNoEncodingAndNoModifierOfPOSIX) {
   const auto read = [](const char* language) {
     return systemLocale({std::nullopt, std::nullopt, language});
   };
@@ -111,7 +111,7 @@ TEST(SystemLocale, hasNoEncodingAndNoModifierOfPOSIX) {
   EXPECT_EQ(read("en-US-u-nu-arab"), "en-US-u-nu-arab");
 }
 
-TEST(SystemLocale, keepsKeywordsBehindAnEncoding) {
+TEST(SystemLocale, KeepsKeywordsBehindAnEncoding) {
   const auto read = [](const char* language) {
     return systemLocale({std::nullopt, std::nullopt, language});
   };
@@ -120,19 +120,19 @@ TEST(SystemLocale, keepsKeywordsBehindAnEncoding) {
   EXPECT_EQ(read("fa_IR.UTF-8@calendar"), "fa_IR") << "not a keyword";
 }
 
-TEST(SystemLocale, ofThePortableEnvironmentIsEnglish) {
+TEST(SystemLocale, OfThePortableEnvironmentIsEnglish) {
   EXPECT_EQ(systemLocale({}), "en_US_POSIX");
   EXPECT_EQ(systemLocale({"C", "de_DE", "de_DE"}), "en_US_POSIX");
   EXPECT_EQ(systemLocale({std::nullopt, std::nullopt, "POSIX"}), "en_US_POSIX");
   EXPECT_EQ(systemLocale({std::nullopt, std::nullopt, "C.UTF-8"}), "en_US_POSIX");
 }
 
-TEST(SystemLocale, ofAnEmptyLanguageIsRoot) {
+TEST(SystemLocale, OfAnEmptyLanguageIsRoot) {
   EXPECT_EQ(systemLocale({std::nullopt, std::nullopt, ""}), "root");
   EXPECT_EQ(systemLocale({"", "", ""}), "root");
 }
 
-TEST(SystemLocale, isKnownWhateverTheEnvironmentSays) {
+TEST(SystemLocale, IsKnownInEveryEnvironment) {
   const auto read = [](const char* language) {
     return systemLocale({std::nullopt, std::nullopt, language});
   };

@@ -68,7 +68,7 @@ Pieces sample() {
           .footer = "\nXYZ-3\n"};
 }
 
-TEST(TimeZoneFile, changesAtTheTimesInIt) {
+TEST(TimeZoneFile, ChangesAtTheTimesInIt) {
   const Pieces pieces = sample();
   EXPECT_EQ(aheadAt(pieces, std::numeric_limits<std::int64_t>::min()), -1234);
   EXPECT_EQ(aheadAt(pieces, -101), -1234);
@@ -78,7 +78,7 @@ TEST(TimeZoneFile, changesAtTheTimesInIt) {
   EXPECT_EQ(aheadAt(pieces, 4999999999), -2 * secondsPerHour);
 }
 
-TEST(TimeZoneFile, followsItsRuleAfterTheLastChange) {
+TEST(TimeZoneFile, FollowsItsRuleAfterTheLastChange) {
   Pieces pieces = sample();
   EXPECT_EQ(TimeZoneFile::parse(pieces.content())->footer(), "XYZ-3");
   EXPECT_EQ(aheadAt(pieces, 5000000000), 3 * secondsPerHour);
@@ -88,12 +88,12 @@ TEST(TimeZoneFile, followsItsRuleAfterTheLastChange) {
   EXPECT_EQ(aheadAt(pieces, 5000000000), secondsPerHour);
 }
 
-TEST(TimeZoneFile, withoutChangesIsItsRuleOrItsFirstType) {
+TEST(TimeZoneFile, WithoutChangesIsItsRuleOrItsFirstType) {
   EXPECT_EQ(aheadAt({.offsets = {secondsPerHour}, .footer = "\nXYZ-2\n"}, 0), 2 * secondsPerHour);
   EXPECT_EQ(aheadAt({.offsets = {secondsPerHour}, .footer = "\n\n"}, 0), secondsPerHour);
 }
 
-TEST(TimeZoneFile, ofVersion1HasShortTimesAndNoRule) {
+TEST(TimeZoneFile, OfVersion1HasShortTimesAndNoRule) {
   Pieces pieces = sample();
   pieces.version = '\0';
   pieces.times = {-100, 1000, 2000};
@@ -104,7 +104,7 @@ TEST(TimeZoneFile, ofVersion1HasShortTimesAndNoRule) {
   EXPECT_EQ(TimeZoneFile::parse(pieces.content())->footer(), "");
 }
 
-TEST(TimeZoneFile, mayBeOfAnyLaterVersionAndHaveMoreBehind) {
+TEST(TimeZoneFile, MayBeOfAnyLaterVersionAndHaveMoreBehind) {
   Pieces pieces = sample();
   for (const char version : {'2', '3', '4', '9'}) {
     pieces.version = version;
@@ -113,7 +113,7 @@ TEST(TimeZoneFile, mayBeOfAnyLaterVersionAndHaveMoreBehind) {
   EXPECT_TRUE(TimeZoneFile::parse(pieces.content() + "more"));
 }
 
-TEST(TimeZoneFile, isNothingWhenAByteIsMissing) {
+TEST(TimeZoneFile, IsNothingWhenAByteIsMissing) {
   for (const char version : {'\0', '2'}) {
     Pieces pieces = sample();
     pieces.version = version;
@@ -125,7 +125,7 @@ TEST(TimeZoneFile, isNothingWhenAByteIsMissing) {
   }
 }
 
-TEST(TimeZoneFile, isNothingWhenItSaysWhatCannotBe) {
+TEST(TimeZoneFile, IsNilForImpossibleValues) {
   const auto isNothing = [](const auto& change) {
     Pieces pieces = sample();
     change(pieces);
@@ -147,7 +147,7 @@ TEST(TimeZoneFile, isNothingWhenItSaysWhatCannotBe) {
   EXPECT_TRUE(isNothing([](Pieces& p) { p.leapSeconds = -1; })) << "four thousand million";
 }
 
-TEST(TimeZoneFile, isNothingWhenAHeaderIsNotThere) {
+TEST(TimeZoneFile, IsNothingWhenAHeaderIsNotThere) {
   const std::string whole = sample().content();
   EXPECT_FALSE(TimeZoneFile::parse("x" + whole.substr(1)));
   const std::size_t second = whole.find("TZif", 1);
@@ -155,7 +155,7 @@ TEST(TimeZoneFile, isNothingWhenAHeaderIsNotThere) {
   EXPECT_FALSE(TimeZoneFile::parse(whole.substr(0, second) + "x" + whole.substr(second + 1)));
 }
 
-TEST(TimeZoneFile, isNothingWhenItsPartForVersion1IsShorterThanItsHeaderSays) {
+TEST(TimeZoneFile, IsNilWhenItsVersion1BlockIsCutOff) {
   constexpr std::size_t headerSize = 44;
   constexpr std::size_t changeCountAt = 32;
   const Pieces pieces = sample();
@@ -166,7 +166,7 @@ TEST(TimeZoneFile, isNothingWhenItsPartForVersion1IsShorterThanItsHeaderSays) {
 }
 
 /// Any byte may be any other: whatever is read is an offset in bounds, and nothing is read outside.
-TEST(TimeZoneFile, isReadWhateverItsBytesAre) {
+TEST(TimeZoneFile, IsReadWhateverItsBytesAre) {
   const std::string whole = sample().content();
   for (std::size_t place = 0; place < whole.size(); ++place) {
     for (const char byte : {'\0', '\1', '\x7F', '\x80', '\xFF', '\n'}) {
@@ -179,7 +179,7 @@ TEST(TimeZoneFile, isReadWhateverItsBytesAre) {
   }
 }
 
-TEST(TimeZoneFile, isARegularFileOfModerateSize) {
+TEST(TimeZoneFile, IsARegularFileOfModerateSize) {
   namespace fs = std::filesystem;
   // Builds run this test side by side.
   const fs::path folder =

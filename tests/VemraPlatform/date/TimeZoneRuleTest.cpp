@@ -32,7 +32,7 @@ bool changesAt(const std::string& rule, const std::string& instant) {
          parsed->secondsAheadOfUTC({read->secondsSinceEpoch - 1});
 }
 
-TEST(TimeZoneRule, countsWestward) {
+TEST(TimeZoneRule, CountsWestward) {
   EXPECT_EQ(ahead("JST-9"), 9 * hour);
   EXPECT_EQ(ahead("XYZ5"), -5 * hour);
   EXPECT_EQ(ahead("XYZ+5"), -5 * hour);
@@ -43,7 +43,7 @@ TEST(TimeZoneRule, countsWestward) {
   EXPECT_EQ(ahead("XYZ-24:59:59"), 24 * hour + 3599);
 }
 
-TEST(TimeZoneRule, namesHaveThreeLettersOrMore) {
+TEST(TimeZoneRule, NamesHaveThreeLettersOrMore) {
   EXPECT_EQ(ahead("abZ-1"), hour);
   EXPECT_EQ(ahead("Zaz-1"), hour);
   EXPECT_EQ(ahead("AzA-1"), hour);
@@ -58,7 +58,7 @@ TEST(TimeZoneRule, namesHaveThreeLettersOrMore) {
   }
 }
 
-TEST(TimeZoneRule, hasAnOffsetInBounds) {
+TEST(TimeZoneRule, HasAnOffsetInBounds) {
   EXPECT_EQ(ahead("XYZ24"), -24 * hour);
   EXPECT_EQ(ahead("XYZ-0:59:59"), 3599);
   for (const char* rule : {"XYZ",
@@ -90,7 +90,7 @@ TEST(TimeZoneRule, hasAnOffsetInBounds) {
   }
 }
 
-TEST(TimeZoneRule, summerTimeIsAnHourAheadUnlessItSays) {
+TEST(TimeZoneRule, SummerTimeIsAnHourAheadByDefault) {
   const std::string dates = ",M3.5.0,M10.5.0";
   EXPECT_EQ(aheadAt("CET-1CEST" + dates, "2025-07-01T00:00:00Z"), 2 * hour);
   EXPECT_EQ(aheadAt("CET-1CEST-3:30" + dates, "2025-07-01T00:00:00Z"), 3 * hour + 1800);
@@ -99,7 +99,7 @@ TEST(TimeZoneRule, summerTimeIsAnHourAheadUnlessItSays) {
   EXPECT_EQ(aheadAt("CET-1CEST" + dates, "2025-01-01T00:00:00Z"), hour);
 }
 
-TEST(TimeZoneRule, changesOnAWeekdayOfAMonth) {
+TEST(TimeZoneRule, ChangesOnAWeekdayOfAMonth) {
   // In 2025 March begins with a Saturday and has five Sundays, November begins with a Saturday.
   EXPECT_TRUE(changesAt("XXX0YYY,M3.5.0,M11.1.6", "2025-03-30T02:00:00Z"));
   EXPECT_TRUE(changesAt("XXX0YYY,M3.5.0,M11.1.6", "2025-11-01T01:00:00Z"));
@@ -112,7 +112,7 @@ TEST(TimeZoneRule, changesOnAWeekdayOfAMonth) {
   EXPECT_TRUE(changesAt("XXX0YYY,M2.5.4,M4.3.2", "2024-02-29T02:00:00Z"));
 }
 
-TEST(TimeZoneRule, changesOnADayOfTheYear) {
+TEST(TimeZoneRule, ChangesOnADayOfTheYear) {
   // `J` never counts 29 February; without it, days count from zero and do.
   EXPECT_TRUE(changesAt("XXX0YYY,J59,J60", "2024-02-28T02:00:00Z"));
   EXPECT_TRUE(changesAt("XXX0YYY,J59,J60", "2024-03-01T01:00:00Z"));
@@ -128,7 +128,7 @@ TEST(TimeZoneRule, changesOnADayOfTheYear) {
   EXPECT_TRUE(changesAt("XXX0YYY,0/3,365", "2026-01-01T01:00:00Z")) << "day 366 of 2025";
 }
 
-TEST(TimeZoneRule, changesAtALocalTimeOfDay) {
+TEST(TimeZoneRule, ChangesAtALocalTimeOfDay) {
   EXPECT_TRUE(changesAt("XXX0YYY,J100/0,J200/24", "2025-04-10T00:00:00Z"));
   EXPECT_TRUE(changesAt("XXX0YYY,J100/0,J200/24", "2025-07-19T23:00:00Z"));
   EXPECT_TRUE(changesAt("XXX0YYY,J100/-1:2:3,J200/+4:05:06", "2025-04-09T22:57:57Z"));
@@ -139,7 +139,7 @@ TEST(TimeZoneRule, changesAtALocalTimeOfDay) {
   EXPECT_TRUE(changesAt("XXX-3YYY-5,J100/4,J200/4", "2025-07-18T23:00:00Z"));
 }
 
-TEST(TimeZoneRule, hasTwoDatesInBounds) {
+TEST(TimeZoneRule, HasTwoDatesInBounds) {
   for (const char* dates : {",",
                             ",M3.5.0",
                             ",M3.5.0,",
@@ -177,7 +177,7 @@ TEST(TimeZoneRule, hasTwoDatesInBounds) {
   }
 }
 
-TEST(TimeZoneRule, southOfTheEquatorSummerTimeGoesOverNewYear) {
+TEST(TimeZoneRule, SouthOfTheEquatorSummerTimeGoesOverNewYear) {
   const std::string sydney = "AEST-10AEDT,M10.1.0,M4.1.0/3";
   EXPECT_EQ(aheadAt(sydney, "2024-12-31T23:59:59Z"), 11 * hour);
   EXPECT_EQ(aheadAt(sydney, "2025-01-01T00:00:00Z"), 11 * hour);
@@ -186,7 +186,7 @@ TEST(TimeZoneRule, southOfTheEquatorSummerTimeGoesOverNewYear) {
   EXPECT_TRUE(changesAt(sydney, "2025-10-04T16:00:00Z"));
 }
 
-TEST(TimeZoneRule, summerTimeMayLastAllYearOrNever) {
+TEST(TimeZoneRule, SummerTimeMayLastAllYearOrNever) {
   for (const char* instant :
        {"2024-12-31T23:59:59Z", "2025-01-01T00:00:00Z", "2025-01-01T03:59:59Z",
         "2025-01-01T04:00:00Z", "2025-07-01T00:00:00Z", "2025-12-31T23:59:59Z"}) {
@@ -195,7 +195,7 @@ TEST(TimeZoneRule, summerTimeMayLastAllYearOrNever) {
   }
 }
 
-TEST(TimeZoneRule, mayChangeInTheYearBefore) {
+TEST(TimeZoneRule, MayChangeInTheYearBefore) {
   // Begins on 25 December by UTC, as a week before 1 January, and ends a week before 2 January.
   const std::string rule = "XXX0YYY,J1/-167,J2/-166";
   EXPECT_TRUE(changesAt(rule, "2024-12-25T01:00:00Z"));
@@ -204,7 +204,7 @@ TEST(TimeZoneRule, mayChangeInTheYearBefore) {
   EXPECT_EQ(aheadAt(rule, "2024-12-26T01:00:00Z"), 0);
 }
 
-TEST(TimeZoneRule, mayEndInTheYearAfterNext) {
+TEST(TimeZoneRule, MayEndInTheYearAfterNext) {
   // That of 2023 begins on 6 January 2024 and ends as that of 2024, on 6 January 2025.
   const std::string rule = "XXX0YYY,J365/167,J365/166";
   EXPECT_EQ(aheadAt(rule, "2025-01-03T00:00:00Z"), hour);
@@ -213,7 +213,7 @@ TEST(TimeZoneRule, mayEndInTheYearAfterNext) {
   EXPECT_TRUE(changesAt(rule, "2025-01-06T23:00:00Z"));
 }
 
-TEST(TimeZoneRule, isThatOfEveryYear) {
+TEST(TimeZoneRule, IsThatOfEveryYear) {
   const std::string rule = "CET-1CEST,M3.5.0,M10.5.0/3";
   EXPECT_TRUE(changesAt(rule, "1969-03-30T01:00:00Z"));
   EXPECT_TRUE(changesAt(rule, "0001-03-25T01:00:00Z"));

@@ -1,4 +1,5 @@
 #include "VemraPlatform/date/AbbreviatedDate.hpp"
+#include "VemraPlatform/date/SystemTimeZone.hpp"
 #include "VemraPlatform/date/TimeZone.hpp"
 #include "tests/VemraPlatform/date/Environment.hpp"
 
@@ -9,7 +10,7 @@ namespace {
 
 using namespace std::string_literals;
 
-TEST(KnownTimeZone, isANameOfTheDatabase) {
+TEST(KnownTimeZone, IsANameOfTheDatabase) {
   for (const char* timeZone :
        {"UTC", "GMT", "Etc/UTC", "Europe/Berlin", "America/St_Johns", "US/Pacific",
         "America/Argentina/Buenos_Aires", "EST5EDT", "Etc/GMT-2"}) {
@@ -17,7 +18,7 @@ TEST(KnownTimeZone, isANameOfTheDatabase) {
   }
 }
 
-TEST(KnownTimeZone, isNothingElse) {
+TEST(KnownTimeZone, IsNothingElse) {
   std::vector<std::string> timeZones = {
       "",       "Mars/Olympus",  "Etc/Unknown",    "GMT+2",          "GMT+02:00",
       "+02:00", "europe/berlin", ":Europe/Berlin", "Europe/Berlin ", "Europe",
@@ -33,25 +34,25 @@ std::string systemTimeZone(const std::optional<std::string>& setting) {
   return date::systemTimeZone();
 }
 
-TEST(SystemTimeZone, isTheOneOfTZ) {
+TEST(SystemTimeZone, IsTheOneOfTZ) {
   EXPECT_EQ(systemTimeZone("Europe/Berlin"), "Europe/Berlin");
   EXPECT_EQ(systemTimeZone(":Asia/Tokyo"), "Asia/Tokyo");
   EXPECT_EQ(systemTimeZone("/usr/share/zoneinfo/America/New_York"), "America/New_York");
   EXPECT_EQ(systemTimeZone("UTC"), "UTC");
 }
 
-TEST(SystemTimeZone, ofANameThatOnlyICUHasIsUTC) {
+TEST(SystemTimeZone, OfANameThatOnlyICUHasIsUTC) {
   ASSERT_TRUE(date::isKnownTimeZone("JST"));
   EXPECT_EQ(systemTimeZone("JST"), "UTC");
   EXPECT_EQ(systemTimeZone(":IST"), "UTC");
 }
 
-TEST(SystemTimeZone, isUTCWhenTZIsEmpty) {
+TEST(SystemTimeZone, IsUTCWhenTZIsEmpty) {
   EXPECT_EQ(systemTimeZone(""), "UTC");
   EXPECT_EQ(systemTimeZone(":"), "UTC");
 }
 
-TEST(SystemTimeZone, followsAPathToTheZoneOfTheFile) {
+TEST(SystemTimeZone, FollowsAPathToTheZoneOfTheFile) {
   const std::string system = systemTimeZone(std::nullopt);
   EXPECT_EQ(systemTimeZone("/etc/localtime"), system);
   EXPECT_EQ(systemTimeZone(":/etc/localtime"), system);
@@ -64,7 +65,7 @@ TEST(SystemTimeZone, followsAPathToTheZoneOfTheFile) {
   EXPECT_EQ(systemTimeZone("Asia//Tokyo"), "Asia/Tokyo");
 }
 
-TEST(SystemTimeZone, ofAPOSIXRuleIsTheRule) {
+TEST(SystemTimeZone, OfAPOSIXRuleIsTheRule) {
   for (const char* rule : {"UTC-3", "JST-9", "XYZ+5", "<+0530>-5:30", "CET-1CEST",
                            "CET-1CEST,M3.5.0,M10.5.0/3", "EST5EDT,M3.2.0,M11.1.0"}) {
     EXPECT_EQ(systemTimeZone(rule), rule);
@@ -72,7 +73,7 @@ TEST(SystemTimeZone, ofAPOSIXRuleIsTheRule) {
   }
 }
 
-TEST(SystemTimeZone, isTheSystemsWhenTZCannotBeRead) {
+TEST(SystemTimeZone, IsTheSystemsWhenTZCannotBeRead) {
   const std::string system = systemTimeZone(std::nullopt);
   for (const char* setting :
        {"Mars/Olympus", "UTC-99", "<+03", "AB-3", "UTC-3:77", "\xFF", ",", "Europe",
@@ -82,7 +83,7 @@ TEST(SystemTimeZone, isTheSystemsWhenTZCannotBeRead) {
   }
 }
 
-TEST(SystemTimeZone, isKnownOrARule) {
+TEST(SystemTimeZone, IsKnownOrARule) {
   EXPECT_TRUE(date::isKnownTimeZone(systemTimeZone(std::nullopt)));
 }
 

@@ -41,7 +41,7 @@ struct Strings final : StringsTable {
 
 }  // namespace
 
-TEST(ElementTest, SaysWhatItsKindHas) {
+TEST(ElementTest, ReportsTheFieldsOfItsKind) {
   const Element stack = elementOf(VStack(HorizontalAlignment::center, 9, {}));
   EXPECT_EQ(stack.kind(), ElementKind::vStack);
   EXPECT_EQ(stack.spacing(), 9);
@@ -61,7 +61,7 @@ TEST(ElementTest, SaysWhatItsKindHas) {
   EXPECT_EQ(elementOf(Button("Go", nullptr)).shownLabel(), "Go");
 }
 
-TEST(ElementTest, SaysNothingOfWhatItsKindHasNot) {
+TEST(ElementTest, ReportsDefaultsForFieldsOfOtherKinds) {
   const Element text = elementOf(Text("x"));
   EXPECT_EQ(text.spacing(), 0);
   EXPECT_EQ(text.horizontalAlignment(), HorizontalAlignment::leading);
@@ -93,7 +93,7 @@ TEST(ElementTest, NamesItsKindAsDevelopersWriteIt) {
   for (const auto& [view, name] : kinds) EXPECT_EQ(kindName(elementOf(view).kind()), name);
 }
 
-TEST(ElementTest, IsEqualExactlyWhenNothingSeenOrHeardDiffers) {
+TEST(ElementTest, IsEqualExactlyWhenNothingShownOrReadAloudDiffers) {
   const std::vector<std::function<View()>> kinds = {
       [] { return Text("a"); },
       [] { return Text("b"); },

@@ -1,5 +1,5 @@
 #include "VemraPlatform/date/Locale.hpp"
-#include "VemraPlatform/date/TimeZone.hpp"
+#include "VemraPlatform/date/SystemTimeZone.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
 
 #include <map>

@@ -14,7 +14,7 @@ using namespace sample;
 
 using Texts = std::vector<std::string>;
 
-/// Shows its text, unless it is told to fail.
+/// Shows its text, or throws when a test asks for that.
 struct Fragile {
   static constexpr std::string_view name = "Fragile";
   using State = Counter::State;
@@ -125,7 +125,7 @@ TEST_F(ExceptionTest, StateMayBeWrittenAfterABodyOrARowThrew) {
   EXPECT_EQ(shown(), Texts{"counter=1"});
 }
 
-TEST_F(ExceptionTest, ALookAtARowThatThrowsTellsAndLeavesAnEmptyRow) {
+TEST_F(ExceptionTest, DescribingARowThatThrowsRethrowsAndLeavesAnEmptyRow) {
   Window window;
   graph.attach(window);
   graph.setRoot(list({{"a"}, {"b"}}, [](const Line& line) -> View {
@@ -138,7 +138,7 @@ TEST_F(ExceptionTest, ALookAtARowThatThrowsTellsAndLeavesAnEmptyRow) {
   ASSERT_TRUE(row);
   EXPECT_EQ(row->element.kind(), ElementKind::group);
   EXPECT_TRUE(graph.find(graph.lookAtRow(forEach, 0)));
-  EXPECT_TRUE(window.tree.nodes().size() == 1) << "no patch speaks of looks";
+  EXPECT_TRUE(window.tree.nodes().size() == 1) << "described rows get no patches";
   graph.detach();
 }
 
@@ -147,7 +147,7 @@ TEST_F(ExceptionTest, ALookAtARowThatThrowsTellsAndLeavesAnEmptyRow) {
 TEST_F(ExceptionTest, ABindingThatCannotBeReadTakesTheWholeTreeAway) {
   graph.setRoot(Group({Counter{"a"}, Text("b")}));
   const NodeID counter = graph.root()->children[0]->id;
-  const auto state = graph.root()->children[0]->state;
+  const auto state = memoryOf(*graph.root()->children[0]).state;
   press(graph, "+");
   EXPECT_EQ(faultOf(Group({Text("x"), Counter{"a"}, broken(), Text("b")})), "get");
   EXPECT_EQ(graph.root(), nullptr);
@@ -198,7 +198,7 @@ TEST_F(ExceptionTest, SoItDoesInALookAndSleepingStateGoesWithIt) {
   }));
   const NodeID forEach = graph.root()->id;
   graph.showRows(forEach, {{0, 1}});
-  const auto state = graph.find(forEach)->children[0]->state;
+  const auto state = memoryOf(*graph.find(forEach)->children[0]).state;
   press(graph, "+");
   graph.showRows(forEach, {{1, 2}});
   EXPECT_TRUE(state->isAttached()) << "it sleeps";
@@ -210,7 +210,7 @@ TEST_F(ExceptionTest, SoItDoesInALookAndSleepingStateGoesWithIt) {
   graph.detach();
 }
 
-TEST_F(ExceptionTest, ARendererThatThrowsHasBeenToldAndTheGraphGoesOn) {
+TEST_F(ExceptionTest, AfterARendererThrowsTheGraphContinues) {
   Window window;
   graph.attach(window);
   bool fails = true;

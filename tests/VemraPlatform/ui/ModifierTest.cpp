@@ -65,7 +65,7 @@ TEST(ModifierTest, EachGivesANewViewAndLeavesTheOld) {
   EXPECT_EQ(after.description().modifiers.size(), 1U);
 }
 
-TEST(ModifierTest, AViewThatNobodyElseHoldsTakesItInPlace) {
+TEST(ModifierTest, AnUnsharedViewIsModifiedInPlace) {
   View view = plain();
   const Description* const before = &view.description();
   const View after = std::move(view).padding(1).font(Font::caption);

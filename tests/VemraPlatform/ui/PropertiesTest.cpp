@@ -30,7 +30,7 @@ struct Telling {
 
 }  // namespace
 
-TEST(PropertiesTest, PropertiesTellOfTheStateAsItIsNow) {
+TEST(PropertiesTest, PropertiesContainThePresentState) {
   ViewGraph graph;
   graph.setRoot(Counter{"it"});
   const NodeID id = graph.root()->id;
@@ -55,7 +55,7 @@ TEST(PropertiesTest, AViewThatIsBeingMadeHasNoPropertiesYet) {
   EXPECT_EQ(graph.properties(graph.root()->children[1]->id).size(), 1U);
 }
 
-TEST(PropertiesTest, ACompositeMaySayNothingOfItselfOrTellWithoutState) {
+TEST(PropertiesTest, ACompositeMayReportNoPropertiesOrSomeWithoutState) {
   ViewGraph graph;
   graph.setRoot(Silent{});
   EXPECT_EQ(graph.root()->element.compositeName(), "View");

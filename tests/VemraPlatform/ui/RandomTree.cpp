@@ -133,7 +133,7 @@ void addNames(const Plan& plan, const Node& node, const std::string& name, Names
     std::string place = "slot" + std::to_string(slot);
     if (child.key) {
       const std::string key = "key" + std::to_string(child.key->meaning);
-      // Rows are told apart by id alone; what a row shows must be of one kind beside.
+      // Only ids distinguish rows; the content of a row must also stay of one kind.
       const int occurrence = seen[isRow ? key : key + what]++;
       place = key + "#" + std::to_string(occurrence);
     }

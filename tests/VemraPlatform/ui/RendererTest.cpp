@@ -31,7 +31,7 @@ TEST(RendererTest, GetsTheWholeTreeParentsFirst) {
   EXPECT_EQ(difference(graph, window.tree), "");
 }
 
-TEST(RendererTest, OneThatComesLateFindsTheTreeAsItIsAndItsState) {
+TEST(RendererTest, ALateRendererGetsThePresentTreeWithItsState) {
   ViewGraph graph;
   graph.setRoot(screen());
   press(graph, "+");
@@ -52,7 +52,7 @@ TEST(RendererTest, WithoutARendererNoRowIsDescribedAndNothingIsLost) {
   EXPECT_EQ(graph.work().patches, 0U);
 }
 
-TEST(RendererTest, ADetachedOneHearsNothingMore) {
+TEST(RendererTest, ADetachedRendererGetsNoFurtherPatches) {
   ViewGraph graph;
   {
     testing::RenderedTree first;
@@ -81,7 +81,7 @@ TEST(RendererTest, AnotherTakesOver) {
   EXPECT_EQ(difference(graph, second), "");
 }
 
-TEST(RendererTest, TheOneBeforeIsToldThatItsTreeIsGoneAndMayComeBack) {
+TEST(RendererTest, ThePreviousRendererGetsOneRemovalAndMayComeBack) {
   ViewGraph graph;
   testing::RenderedTree first;
   Window second;
@@ -97,7 +97,7 @@ TEST(RendererTest, TheOneBeforeIsToldThatItsTreeIsGoneAndMayComeBack) {
   EXPECT_FALSE(second.tree.root());
 }
 
-TEST(RendererTest, TheOneThatIsAttachedAlreadyHearsNothingNew) {
+TEST(RendererTest, AttachingThePresentRendererAgainSendsNoPatches) {
   ViewGraph graph;
   testing::RenderedTree tree;
   Window other;
@@ -115,7 +115,7 @@ TEST(RendererTest, TheOneThatIsAttachedAlreadyHearsNothingNew) {
   EXPECT_EQ(difference(graph, tree), "");
 }
 
-TEST(RendererTest, TheOneBeforeMayLeaveLaterWithoutTakingTheOtherAway) {
+TEST(RendererTest, DetachingThePreviousRendererKeepsThePresentOne) {
   ViewGraph graph;
   testing::RenderedTree second;
   {
@@ -133,7 +133,7 @@ TEST(RendererTest, TheOneBeforeMayLeaveLaterWithoutTakingTheOtherAway) {
   EXPECT_TRUE(second.root());
 }
 
-TEST(RendererTest, OneThatLeavesBeforeItsTurnLeavesTheOtherInPlace) {
+TEST(RendererTest, DetachingAQueuedRendererKeepsThePresentOne) {
   ViewGraph graph;
   testing::RenderedTree first;
   graph.attach(first);
@@ -148,7 +148,7 @@ TEST(RendererTest, OneThatLeavesBeforeItsTurnLeavesTheOtherInPlace) {
   EXPECT_TRUE(first.root());
 }
 
-TEST(RendererTest, OneThatThrowsOnItsWayOutStopsNobody) {
+TEST(RendererTest, APreviousRendererThatThrowsDoesNotStopTheNext) {
   ViewGraph graph;
   Window first;
   testing::RenderedTree second;
@@ -186,7 +186,7 @@ TEST(RendererTest, OneDetachedFromInsideApplyIsLeftAlone) {
   EXPECT_EQ(window.log.size(), heard);
 }
 
-TEST(RendererTest, OneThatLeavesFromInsideApplyLeavesTheNextInPlace) {
+TEST(RendererTest, DetachingInsideApplyKeepsTheNextRenderer) {
   ViewGraph graph;
   Window first;
   Window next;
@@ -201,7 +201,7 @@ TEST(RendererTest, OneThatLeavesFromInsideApplyLeavesTheNextInPlace) {
   graph.detach();
 }
 
-TEST(RendererTest, OneThatComesLateGetsTheRowsOfTheListsThatAreThere) {
+TEST(RendererTest, ALateRendererGetsTheRowsOfThePresentLists) {
   ViewGraph graph;
   Window first, next;
   graph.attach(first);
@@ -274,7 +274,7 @@ TEST(RendererTest, AnEmptyScreenIsNoPatch) {
   EXPECT_FALSE(tree.root());
 }
 
-TEST(RendererTest, APatchSaysNoMoreThanItsKindNeeds) {
+TEST(RendererTest, APatchHasOnlyTheFieldsOfItsKind) {
   ViewGraph graph;
   Window window;
   graph.attach(window);

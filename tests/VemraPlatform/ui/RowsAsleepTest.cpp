@@ -33,13 +33,13 @@ TEST_F(RowsAsleepTest, ASleepingRowKeepsItsStateAndReturnsWithIt) {
   show(numbered(100));
   showRows(0, 3);
   pressRow(1);
-  const auto state = forEach().children[1]->state;
+  const auto state = memoryOf(*forEach().children[1]).state;
   showRows(50, 53);
   EXPECT_TRUE(state->isAttached());
   EXPECT_EQ(shown(), (Texts{"row50=0", "row51=0", "row52=0"}));
   showRows(0, 3);
   EXPECT_EQ(shown(), (Texts{"row0=0", "row1=1", "row2=0"}));
-  EXPECT_EQ(forEach().children[1]->state, state);
+  EXPECT_EQ(memoryOf(*forEach().children[1]).state, state);
   const auto passes = graph.work().idPasses;
   EXPECT_EQ(graph.rowsWithState(forEach().id), std::vector<std::size_t>{1});
   EXPECT_EQ(graph.work().idPasses, passes) << "nothing sleeps any more";
@@ -52,7 +52,7 @@ TEST_F(RowsAsleepTest, AWriteToASleepingRowWaitsThereForItsReturn) {
   showRows(0, 1);
   pressRow(0);
   const auto state =
-      std::static_pointer_cast<StateCellOf<Counter::State>>(forEach().children[0]->state);
+      std::static_pointer_cast<StateCellOf<Counter::State>>(memoryOf(*forEach().children[0]).state);
   showRows(5, 6);
   const auto bodies = graph.work().bodies;
   state->set(&Counter::State::count, 9);
@@ -101,7 +101,7 @@ TEST_F(RowsAsleepTest, AStateThatLeavesWhileAsleepTakesNoMoreWrites) {
   show({{"a"}, {"b"}});
   showRows(0, 1);
   pressRow(0);
-  const auto state = forEach().children[0]->state;
+  const auto state = memoryOf(*forEach().children[0]).state;
   showRows(1, 2);
   show({{"b"}});
   EXPECT_FALSE(state->isAttached());
@@ -111,7 +111,7 @@ TEST_F(RowsAsleepTest, TheWholeListMayLeaveWithSleepersInIt) {
   show({{"a"}, {"b"}});
   showRows(0, 1);
   pressRow(0);
-  const auto state = forEach().children[0]->state;
+  const auto state = memoryOf(*forEach().children[0]).state;
   showRows(1, 2);
   graph.setRoot(Text("x"));
   EXPECT_FALSE(state->isAttached());

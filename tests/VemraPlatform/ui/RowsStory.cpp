@@ -46,7 +46,7 @@ const Node* counterAt(ViewGraph& graph, std::size_t row, std::size_t counter) {
 int countAt(ViewGraph& graph, std::size_t row, std::size_t counter) {
   const Node* node = counterAt(graph, row, counter);
   if (!node) return -1;
-  return static_cast<const StateCellOf<Counter::State>&>(*node->state).value().count;
+  return static_cast<const StateCellOf<Counter::State>&>(*memoryOf(*node).state).value().count;
 }
 
 void pressAt(ViewGraph& graph, std::size_t row, std::size_t counter) {

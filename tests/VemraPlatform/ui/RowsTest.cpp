@@ -41,7 +41,7 @@ TEST_F(RowsTest, AreDescribedOnlyWhenAskedForWhateverTheLengthOfTheList) {
   }
 }
 
-TEST_F(RowsTest, AMovedWindowKeepsTheRowsItHadAndTellsOnlyOfTheOthers) {
+TEST_F(RowsTest, AMovedWindowKeepsItsRowsAndPatchesOnlyTheOthers) {
   show(numbered(100), [](const Line& line) -> View { return Text(verbatim(line.id)); });
   showRows(10, 14);
   const NodeID eleven = forEach().children[1]->id;
@@ -186,7 +186,7 @@ TEST_F(RowsTest, RequestsThatWaitAreServedInTheOrderTheyCameIn) {
   EXPECT_EQ(graph.work().rows, 4U) << "row 3 stays from the second request to the third";
 }
 
-TEST_F(RowsTest, EqualIdsAreToldApartByOrderInEveryForm) {
+TEST_F(RowsTest, EqualIdsAreDistinguishedByOrderInEveryForm) {
   const std::string composed = "\u00E9";
   const std::string decomposed = "e\u0301";
   const auto row = [](const Line& line) { return View(Counter{line.text}); };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/ui/BehindNode.hpp"
 #include "VemraPlatform/ui/ViewGraph.hpp"
 #include "VemraTesting/RenderedTree.hpp"
 #include "tests/Random.hpp"
@@ -44,7 +45,7 @@ struct Body {
   View body() const { return make(); }
 };
 
-/// What a view says of itself, outside any tree.
+/// The element of a view outside any tree.
 inline Element elementOf(const View& view, const Environment& environment = {}) {
   return Element(view, Style{}, environment);
 }

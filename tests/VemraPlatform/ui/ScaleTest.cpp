@@ -103,7 +103,8 @@ TEST(ScaleTest, SoIsEveryChangeOfManyChildrenInSlotsOrWithKeys) {
 namespace {
 
 void writeInto(const Node& counter, int count) {
-  static_cast<StateCellOf<Counter::State>&>(*counter.state).set(&Counter::State::count, count);
+  static_cast<StateCellOf<Counter::State>&>(*memoryOf(counter).state)
+      .set(&Counter::State::count, count);
 }
 
 /// Expects that all rows of a list go to sleep, and wake with their state, in one pass over its ids

@@ -13,14 +13,15 @@ namespace {
 using Numbers = StateCellOf<Counter::State>;
 
 int numberOf(const Node& node) {
-  return node.state ? static_cast<const Numbers&>(*node.state).value().count : 0;
+  return memoryOf(node).state ? static_cast<const Numbers&>(*memoryOf(node).state).value().count
+                              : 0;
 }
 
 /// Gives every composite a number of its own, as its state.
 void numberAll(const std::map<std::string, const Node*>& places, int& last) {
   std::vector<std::shared_ptr<StateCell>> cells;
   for (const auto& [name, node] : places) {
-    if (node->state) cells.push_back(node->state);
+    if (memoryOf(*node).state) cells.push_back(memoryOf(*node).state);
   }
   for (const auto& cell : cells) static_cast<Numbers&>(*cell).set(&Counter::State::count, ++last);
 }

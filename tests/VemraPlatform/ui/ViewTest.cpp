@@ -64,7 +64,7 @@ TEST(ViewTest, TheExamplesEditorKeepsItsTextWhenTheButtonAboveItComesAndGoes) {
   }
 }
 
-TEST(ViewTest, TheExampleIsTheOneThatTheTestsCompile) {
+TEST(ViewTest, TheExampleInTheCommentCompiles) {
   const std::string header = words("VemraPlatform/ui/View.hpp");
   const std::size_t begin = header.find("return VStack(");
   const std::size_t end = header.find("}); The editor stays", begin);

@@ -31,7 +31,7 @@ void countUp(ViewGraph& graph, const Node* node) {
   for (const Node* child : std::vector<Node*>(node->children)) countUp(graph, child);
 }
 
-/// Holds a counter, unless it is told to fail.
+/// Contains a counter, or throws when a test asks for that.
 struct FragileHolder {
   const bool* fails;
   std::string title;
@@ -134,7 +134,7 @@ TEST_F(WakingExceptionTest, ABodyThatThrowsWithNothingAsleepBelowItIsNoState) {
   fails = true;
   EXPECT_THROW(graph.showRows(forEach, {{0, 1}}), Fault);
   EXPECT_EQ(texts(graph.root()), Texts{"x=1"});
-  std::static_pointer_cast<StateCellOf<Counter::State>>(counter()->state)
+  std::static_pointer_cast<StateCellOf<Counter::State>>(memoryOf(*counter()).state)
       ->set(&Counter::State::count, 0);
   EXPECT_EQ(graph.rowsWithState(forEach), std::vector<std::size_t>{});
 }
@@ -168,7 +168,7 @@ TEST_F(WakingExceptionTest, AWakingRowThatFailsTakesItsStateWithIt) {
   }));
   const NodeID forEach = graph.root()->id;
   graph.showRows(forEach, {{0, 1}});
-  const auto state = graph.find(forEach)->children[0]->children[1]->state;
+  const auto state = memoryOf(*graph.find(forEach)->children[0]->children[1]).state;
   press(graph, "+");
   graph.showRows(forEach, {});
   fails = true;

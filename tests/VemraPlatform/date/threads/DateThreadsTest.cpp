@@ -16,7 +16,7 @@ using date::abbreviatedDate;
 
 constexpr date::Instant sunday{1736071200};  // 2025-01-05T10:00:00Z
 
-TEST(DateThreads, writeManyDatesAtOnce) {
+TEST(DateThreads, WriteManyDatesAtOnce) {
   // More time zones than are kept, so that each thread drops some and makes them anew.
   std::vector<std::thread> threads;
   std::vector<std::string> wrong(4);
@@ -39,7 +39,7 @@ TEST(DateThreads, writeManyDatesAtOnce) {
   EXPECT_EQ(wrong, std::vector<std::string>(4));
 }
 
-TEST(DateThreads, findOutAboutLocalesAtOnce) {
+TEST(DateThreads, FindOutAboutLocalesAtOnce) {
   std::vector<std::thread> threads;
   std::vector<int> known(4);
   for (int& count : known) {
@@ -56,7 +56,7 @@ TEST(DateThreads, findOutAboutLocalesAtOnce) {
   EXPECT_EQ(known, std::vector<int>(4, 5));
 }
 
-TEST(DateThreads, lockNothingOnceTheyHaveWrittenSome) {
+TEST(DateThreads, LockNothingOnceTheyHaveWrittenSome) {
 #ifdef VEMRA_LOCKS_ARE_NOT_COUNTED
   GTEST_SKIP() << "locks are not counted under a sanitizer";
 #endif
@@ -81,7 +81,7 @@ TEST(DateThreads, lockNothingOnceTheyHaveWrittenSome) {
   }
 }
 
-TEST(DateThreads, leaveNothingBehind) {
+TEST(DateThreads, LeaveNothingBehind) {
   const auto endSome = [](int count) {
     for (int ended = 0; ended < count; ++ended) {
       std::thread([] { abbreviatedDate(sunday, "en_US", "Europe/Berlin"); }).join();
@@ -114,7 +114,7 @@ class LateWriter {
   std::string* result_;
 };
 
-TEST(DateThreads, writeDatesWhileTheyEnd) {
+TEST(DateThreads, WriteDatesWhileTheyEnd) {
   std::string late;
   std::thread([&] {
     // Made before the thread's formats, and so destroyed after them.
@@ -124,7 +124,7 @@ TEST(DateThreads, writeDatesWhileTheyEnd) {
   EXPECT_EQ(late, "Jan 5, 2025, 5. Jan. 2025");
 }
 
-TEST(DateThreadsDeathTest, writeDatesWhileTheProgramEnds) {
+TEST(DateThreadsDeathTest, WriteDatesWhileTheProgramEnds) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   const auto end = [] {
     static const LateWriter writer(nullptr);

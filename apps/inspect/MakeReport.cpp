@@ -1,4 +1,4 @@
-#include "apps/inspect/Report.hpp"
+#include "apps/inspect/MakeReport.hpp"
 
 #include "apps/inspect/JsonReport.hpp"
 #include "apps/inspect/OutlineReport.hpp"

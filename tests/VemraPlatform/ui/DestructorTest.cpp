@@ -9,9 +9,9 @@
 
 #include <gtest/gtest.h>
 
-// What goes with a view (a button's action, a row's closure, a state) may hold something whose
-// destructor comes back to the graph. It must find a graph that agrees with itself, from which the
-// whole subtree is gone; the sanitizers watch that it meets nothing that has been freed.
+// The content of a view (a button's action, a row's closure, a state) may own an object whose
+// destructor calls the graph. It must find a consistent graph without the whole removed subtree;
+// the sanitizers check that it reads no freed memory.
 
 namespace vemra::ui {
 
@@ -19,20 +19,20 @@ namespace {
 
 using namespace sample;
 
-/// Does something when it goes.
-class Farewell {
+/// Calls a function when it is destroyed.
+class OnDestruction {
  public:
-  explicit Farewell(std::function<void()> act) : act_(std::move(act)) {}
-  ~Farewell() { act_(); }
-  Farewell(const Farewell&) = delete;
-  Farewell& operator=(const Farewell&) = delete;
+  explicit OnDestruction(std::function<void()> act) : act_(std::move(act)) {}
+  ~OnDestruction() { act_(); }
+  OnDestruction(const OnDestruction&) = delete;
+  OnDestruction& operator=(const OnDestruction&) = delete;
 
  private:
   std::function<void()> act_;
 };
-using Held = std::shared_ptr<const Farewell>;
+using Held = std::shared_ptr<const OnDestruction>;
 
-/// A view whose state holds it.
+/// A view whose state owns one.
 struct Holding {
   struct State {
     Held held;
@@ -45,7 +45,7 @@ struct Holding {
   }
 };
 
-/// Reads every node that can be reached from `node`.
+/// Reads every node below `node`.
 std::size_t readAll(const ViewGraph& graph, const Node* node) {
   if (!node) return 0;
   EXPECT_EQ(graph.find(node->id), node);
@@ -58,23 +58,23 @@ std::size_t readAll(const ViewGraph& graph, const Node* node) {
   return read;
 }
 
-/// Shows windows of rows and keeps nothing, so that a view goes when the graph lets go of it.
+/// Requests rows by range and keeps nothing, so that the graph alone owns the views.
 class Nowhere final : public Renderer {
  public:
   RowDemand rowDemand() const override { return RowDemand::onRequest; }
   void apply(const Changes&) override {}
 };
 
-class FarewellTest : public ::testing::Test {
+class DestructorTest : public ::testing::Test {
  protected:
-  FarewellTest() { graph->attach(nowhere); }
-  ~FarewellTest() override {
+  DestructorTest() { graph->attach(nowhere); }
+  ~DestructorTest() override {
     if (graph) graph->detach();
   }
 
-  /// Comes back to the graph: reads all of it and what was called `gone`, and writes into a view.
+  /// Reads the whole graph and the removed node `gone`, and writes the state of a view.
   Held farewell() {
-    return std::make_shared<Farewell>([this, &its = *graph] {
+    return std::make_shared<OnDestruction>([this, &its = *graph] {
       ++farewells;
       readAll(its, its.root());
       for (const NodeID id : gone) {
@@ -82,14 +82,14 @@ class FarewellTest : public ::testing::Test {
         EXPECT_EQ(its.deliver(id, Press{}), Delivery::queued);
       }
       if (const Node* counter = counterOf(its.root())) {
-        auto& cell = static_cast<StateCellOf<Counter::State>&>(*counter->state);
+        auto& cell = static_cast<StateCellOf<Counter::State>&>(*memoryOf(*counter).state);
         cell.set(&Counter::State::count, cell.value().count + 1);
       }
     });
   }
   static const Node* counterOf(const Node* root) {
-    return root && !root->children.empty() && root->children[0]->state ? root->children[0]
-                                                                       : nullptr;
+    return root && !root->children.empty() && memoryOf(*root->children[0]).state ? root->children[0]
+                                                                                 : nullptr;
   }
   static View holding(Held held) {
     return Button(verbatim("holding"), [held = std::move(held)] {});
@@ -99,9 +99,9 @@ class FarewellTest : public ::testing::Test {
     gone.push_back(node->id);
     for (const Node* child : node->children) nameAsGone(child);
   }
-  void expectOneFarewell() {
+  void expectOneDestruction() {
     EXPECT_EQ(farewells, 1);
-    EXPECT_EQ(texts(graph->root()).front(), "counter=1") << "what was written was described";
+    EXPECT_EQ(texts(graph->root()).front(), "counter=1") << "the written state is shown";
   }
 
   Nowhere nowhere;
@@ -112,27 +112,27 @@ class FarewellTest : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(FarewellTest, OfAnActionInASubtreeThatLeaves) {
+TEST_F(DestructorTest, OfAnActionInARemovedSubtree) {
   // Made in a body, so that nothing but the button's own node has the action.
   Held held = farewell();
   const Body inner{[&] { return holding(std::exchange(held, nullptr)); }};
   graph->setRoot(Group({Counter{}, Group({Text("x"), Group({inner, Text("y")})})}));
   nameAsGone(graph->root()->children[1]);
   graph->setRoot(Group({Counter{}}));
-  expectOneFarewell();
+  expectOneDestruction();
 }
 
-TEST_F(FarewellTest, OfAStateInASubtreeThatLeaves) {
+TEST_F(DestructorTest, OfAStateInARemovedSubtree) {
   std::optional<LocalState<Holding::State>> lent;
   graph->setRoot(Group({Counter{}, Group({Text("x"), Holding{&lent}, Text("y")})}));
   lent->set(&Holding::State::held, farewell());
   lent.reset();
   nameAsGone(graph->root()->children[1]);
   graph->setRoot(Group({Counter{}, Text("z")}));
-  expectOneFarewell();
+  expectOneDestruction();
 }
 
-TEST_F(FarewellTest, OfARowThatFallsAsleepAndOfOneThatWasLookedAt) {
+TEST_F(DestructorTest, OfARowThatGoesToSleepAndOfADescribedRow) {
   std::vector<Held> held = {farewell(), farewell()};
   graph->setRoot(Group({Counter{}, list({{"a"}, {"b"}, {"c"}}, [&](const Line& line) -> View {
                           if (line.id == "c") return Text("c");
@@ -143,14 +143,14 @@ TEST_F(FarewellTest, OfARowThatFallsAsleepAndOfOneThatWasLookedAt) {
   nameAsGone(graph->find(forEach)->children[0]);
   held[0].reset();
   graph->showRows(forEach, {{2, 3}});
-  expectOneFarewell();
+  expectOneDestruction();
   nameAsGone(graph->find(graph->lookAtRow(forEach, 1)));
   held[1].reset();
   graph->setRoot(Group({Counter{}}));
   EXPECT_EQ(farewells, 2);
 }
 
-TEST_F(FarewellTest, OfASleepingStateWhoseRowLeavesTheList) {
+TEST_F(DestructorTest, OfASleepingStateWhoseRowIsRemoved) {
   std::optional<LocalState<Holding::State>> lent;
   const auto screen = [&](std::vector<Line> lines) {
     return Group({Counter{}, list(std::move(lines), [&](const Line& line) -> View {
@@ -167,10 +167,10 @@ TEST_F(FarewellTest, OfASleepingStateWhoseRowLeavesTheList) {
   graph->showRows(forEach, {{1, 2}});
   EXPECT_EQ(farewells, 0) << "it sleeps";
   graph->setRoot(screen({{"b"}}));
-  expectOneFarewell();
+  expectOneDestruction();
 }
 
-TEST_F(FarewellTest, OfTheWholeTree) {
+TEST_F(DestructorTest, OfTheWholeTree) {
   View root = Group({Counter{}, Group({holding(farewell())})});
   graph->setRoot(std::exchange(root, View()));
   nameAsGone(graph->root());
@@ -179,7 +179,7 @@ TEST_F(FarewellTest, OfTheWholeTree) {
   EXPECT_FALSE(graph->root());
 }
 
-TEST_F(FarewellTest, OfTheGraphItself) {
+TEST_F(DestructorTest, OfTheGraphItself) {
   graph->setRoot(Group({Counter{}, Group({Text("x"), Group({holding(farewell())})})}));
   nameAsGone(graph->root());
   graph->detach();

@@ -1,4 +1,4 @@
-#include "VemraPlatform/ui/View.hpp"
+// Makes descriptions: the functions of View.hpp, which only here know what a view contains.
 
 #include "VemraPlatform/ui/Description.hpp"
 

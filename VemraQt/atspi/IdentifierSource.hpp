@@ -1,0 +1,36 @@
+#pragma once
+
+#include <vector>
+
+#include <QAccessible>
+#include <QList>
+#include <QString>
+
+namespace vemra::qt::atspi {
+
+/// Knows the identifiers of one tree of accessible elements.
+///
+/// Each tree registers one while it is on the screen. Main thread only.
+class IdentifierSource {
+ public:
+  /// The identifier of an element of this tree, byte for byte; "" when it has none; a null string
+  /// when the id is not of this tree.
+  virtual QString identifier(QAccessible::Id element) const = 0;
+  /// Finds the elements with that identifier, in tree order, at most `most` of them (0: all). Does
+  /// not walk the accessibility tree: it costs only the source's own look-up.
+  virtual QList<QAccessible::Id> find(const QString& identifier, int most) = 0;
+  /// Scrolls the element into view; false when the element is not in this tree, or gone.
+  virtual bool scrollIn(QAccessible::Id element) = 0;
+
+ protected:
+  ~IdentifierSource() = default;
+};
+
+/// Adds or removes a tree whose identifiers are published.
+void addIdentifierSource(IdentifierSource& source);
+void removeIdentifierSource(IdentifierSource& source);
+
+/// The registered trees, which know the identifiers of their elements.
+std::vector<IdentifierSource*>& identifierSources();
+
+}  // namespace vemra::qt::atspi
