@@ -13,15 +13,17 @@ void PatchedTree::apply(const ui::Changes& changes) {
     switch (patch.kind) {
       case Patch::Kind::insert: {
         if (find(patch.node)) throw std::out_of_range("a node was inserted twice");
+        const Place place = placeOf(patch);
         Node& node = nodes_.insert(patch.node, Node(patch.node, *patch.element));
-        link(node, patch.parent, patch.after);
+        link(node, place);
         if (observer_) observer_->inserted(node);
         break;
       }
       case Patch::Kind::move: {
         Node& node = at(patch.node);
+        const Place place = placeOf(patch);
         unlink(node);
-        link(node, patch.parent, patch.after);
+        link(node, place);
         break;
       }
       case Patch::Kind::update: {
@@ -61,20 +63,34 @@ const Node* PatchedTree::find(NodeID id) const {
 
 Node& PatchedTree::at(NodeID id) {
   Node* const found = find(id);
-  if (!found) throw std::out_of_range("a patch speaks of a node that is not there");
+  if (!found) throw std::out_of_range("a patch names a node that does not exist");
   return *found;
 }
 
-void PatchedTree::link(Node& node, NodeID parentID, NodeID after) {
-  if (!parentID) {
+/// The place that the patch names. Throws before the tree is changed when there is no such place.
+PatchedTree::Place PatchedTree::placeOf(const Patch& patch) {
+  if (!patch.parent) {
+    if (root_ && root_->id != patch.node) throw std::out_of_range("a tree got a second root");
+    return {};
+  }
+  Node& parent = at(patch.parent);
+  for (const Node* above = &parent; above; above = above->parent) {
+    if (above->id == patch.node) throw std::out_of_range("a node was placed inside itself");
+  }
+  Node* const sibling = patch.after ? &at(patch.after) : nullptr;
+  if (sibling && (sibling->parent != &parent || sibling->id == patch.node)) {
+    throw std::out_of_range("a node was placed behind one that is not its sibling");
+  }
+  return {&parent, sibling};
+}
+
+void PatchedTree::link(Node& node, const Place& place) {
+  if (!place.parent) {
     root_ = &node;
     return;
   }
-  Node& parent = at(parentID);
-  Node* const sibling = after ? &at(after) : nullptr;
-  if (sibling && sibling->parent != &parent) {
-    throw std::out_of_range("a node was placed behind one that is not its sibling");
-  }
+  Node& parent = *place.parent;
+  Node* const sibling = place.after;
   node.parent = &parent;
   node.previous = sibling;
   node.next = std::exchange(sibling ? sibling->next : parent.firstChild, &node);

@@ -39,8 +39,9 @@ class VEMRA_EXPORT PatchedTree {
   PatchedTree& operator=(const PatchedTree&) = delete;
 
   /// Applies the patches in order, then sets the row indexes of the lists. Throws
-  /// `std::out_of_range` at a change that names a missing node, inserts an existing node, or gives
-  /// a list another number of rows than it has children; the changes before it have been applied.
+  /// `std::out_of_range` at a change that names a missing node or an impossible place, inserts an
+  /// existing node, or gives a list another number of rows than it has children. Then the changes
+  /// before it have been applied, and nothing of it.
   void apply(const ui::Changes& changes);
 
   /// The root, or nullptr while nothing is shown.
@@ -55,7 +56,12 @@ class VEMRA_EXPORT PatchedTree {
  private:
   Node& at(ui::NodeID id);
   void placeRows(const ui::ListRows& rows);
-  void link(Node& node, ui::NodeID parent, ui::NodeID after);
+  struct Place {
+    Node* parent = nullptr;  // none: the node is the root
+    Node* after = nullptr;   // none: first among its siblings
+  };
+  Place placeOf(const ui::Patch& patch);
+  void link(Node& node, const Place& place);
   void unlink(Node& node);
   void erase(Node& node);
 

@@ -77,7 +77,7 @@ TEST_F(PatchedTreeTest, TheRootMayGoAndAnotherCome) {
   EXPECT_EQ(tree.root(), tree.find(NodeID{20}));
 }
 
-TEST_F(PatchedTreeTest, APatchThatSpeaksOfNothingThrowsAndSaysSo) {
+TEST_F(PatchedTreeTest, APatchThatNamesNoNodeThrowsItsReason) {
   const auto problemWith = [&](const Patch& patch) -> std::string {
     try {
       tree.apply({{patch}});
@@ -86,13 +86,22 @@ TEST_F(PatchedTreeTest, APatchThatSpeaksOfNothingThrowsAndSaysSo) {
     }
     return "";
   };
-  const std::string notThere = "a patch speaks of a node that is not there";
+  const std::string notThere = "a patch names a node that does not exist";
   EXPECT_EQ(problemWith(removal(99)), notThere);
   EXPECT_EQ(problemWith(move(99, 1, 0)), notThere);
   EXPECT_EQ(problemWith(insert(30, 99, 0)), notThere);
   EXPECT_EQ(problemWith(insert(31, 1, 99)), notThere);
   EXPECT_EQ(problemWith(insert(2, 1, 0)), "a node was inserted twice");
-  EXPECT_EQ(problemWith(insert(32, 1, 5)), "a node was placed behind one that is not its sibling");
+  const std::string notASibling = "a node was placed behind one that is not its sibling";
+  EXPECT_EQ(problemWith(insert(32, 1, 5)), notASibling);
+  EXPECT_EQ(problemWith(move(4, 1, 5)), notASibling);
+  EXPECT_EQ(problemWith(move(4, 1, 4)), notASibling);
+  EXPECT_EQ(problemWith(move(4, 99, 0)), notThere);
+  EXPECT_EQ(problemWith(move(3, 5, 0)), "a node was placed inside itself");
+  EXPECT_EQ(problemWith(insert(33, 0, 0)), "a tree got a second root");
+  EXPECT_EQ(order(tree), "12354") << "a patch that throws changes nothing";
+  EXPECT_EQ(tree.size(), 5U);
+  for (const std::uint64_t id : {30U, 31U, 32U, 33U}) EXPECT_EQ(tree.find(NodeID{id}), nullptr);
 }
 
 TEST_F(PatchedTreeTest, NumbersTheRowsOfAList) {
@@ -145,7 +154,7 @@ struct Log final : PatchedTree::Observer {
 
 }  // namespace
 
-TEST(PatchedTreeObserver, HearsOfEveryChangeWhileTheTreeIsWhole) {
+TEST(PatchedTreeObserver, IsCalledForEveryChangeWhileTheTreeIsWhole) {
   Log log;
   PatchedTree tree(log);
   tree.apply({{insert(1, 0, 0), insert(2, 1, 0)}});
