@@ -14,7 +14,7 @@ namespace vemra::qt {
 VEMRA_EXPORT QImage picture(ui::View root, ui::Environment environment, QSize size);
 
 /// Draws the tree of a graph that the caller owns, with its state. The graph has no renderer
-/// afterwards.
+/// afterwards. Both functions throw what a description throws.
 VEMRA_EXPORT QImage picture(ui::ViewGraph& graph, QSize size);
 
 }  // namespace vemra::qt

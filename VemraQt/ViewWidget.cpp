@@ -58,7 +58,7 @@ void ViewWidget::setEnvironment(ui::Environment environment) {
 }
 
 void ViewWidget::runAsHostCall(const std::function<void()>& work) {
-  page_->errors().hostCall(work);
+  page_->errors().hostCall([this] { page_->errors().rethrowWaiting(); }, work);
 }
 
 const ui::Environment& ViewWidget::environment() const {

@@ -19,9 +19,9 @@ class Page;
 ///     widget.setRoot(GoalResultView(snapshot, …));
 ///     widget.show();
 ///
-/// The view may be any view. The whole tree scrolls as one page; a `ScrollView` inside it only decides
-/// whether the scroll bar is visible. A widget's `objectName` is its element's accessibility
-/// identifier.
+/// The view may be any view. The whole tree scrolls as one page; a `ScrollView` inside it only
+/// decides whether the scroll bar is visible. A widget's `objectName` is its element's
+/// accessibility identifier.
 ///
 /// An exception from a description does not stop the widget. During a call of the host, the widget
 /// rethrows the exception at the end of that call; during an event, it rethrows it from the event
@@ -39,7 +39,8 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   /// Owns its view graph.
   explicit ViewWidget(QWidget* parent = nullptr);
   /// Shows a view graph that the caller owns and that outlives the widget, in the graph's
-  /// environment. The caller may set roots and environments on the graph.
+  /// environment. The caller may set roots and environments on the graph. What a description
+  /// throws here comes out of the event loop, so that the widget is made in any case.
   explicit ViewWidget(ui::ViewGraph& graph, QWidget* parent = nullptr);
   ~ViewWidget() override;
 
@@ -57,7 +58,7 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
 
  protected:
   /// Runs `work` as a call of the host: rethrows at its end the first exception that a description
-  /// threw meanwhile.
+  /// threw meanwhile, or before and that waits for the event loop.
   void runAsHostCall(const std::function<void()>& work);
 
   bool event(QEvent* event) override;
@@ -69,8 +70,6 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   bool focusNextPrevChild(bool next) override;
 
  private:
-  friend class PageBehind;  // in the tests
-
   void prepare();
   void followSystem();
 

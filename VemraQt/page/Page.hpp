@@ -16,8 +16,8 @@ class QAbstractScrollArea;
 
 namespace vemra::qt {
 
-/// A page in a scroll area: measures elements with the widget style, assigns widgets to the elements
-/// near the viewport, and moves Qt's keyboard focus.
+/// A page in a scroll area: measures elements with the widget style, assigns widgets to the
+/// elements near the viewport, and moves Qt's keyboard focus.
 ///
 /// `page::Page` decides where everything is, which rows exist and where the focus goes.
 ///
@@ -28,7 +28,8 @@ class Page final : public EventSink, private page::PageHost {
   Page(const Page&) = delete;
   Page& operator=(const Page&) = delete;
 
-  /// Attaches to the graph: the page shows the graph's tree from now on.
+  /// Attaches to the graph: the page shows the graph's tree from now on. Rethrows what a
+  /// description throws.
   void attach();
   /// Replaces the observer; nullptr removes it.
   void setObserver(PageObserver* observer) { observer_ = observer; }

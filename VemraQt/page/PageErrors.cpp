@@ -12,8 +12,7 @@ void PageErrors::keep(const std::exception_ptr& error) {
   if (waiting_) return;
   waiting_ = error;
   QMetaObject::invokeMethod(
-      this, [this] { std::rethrow_exception(std::exchange(waiting_, nullptr)); },
-      Qt::QueuedConnection);
+      this, [this] { rethrowWaiting(); }, Qt::QueuedConnection);
 }
 
 }  // namespace vemra::qt

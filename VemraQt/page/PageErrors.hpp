@@ -45,6 +45,11 @@ class PageErrors final : public QObject {
     if (first) std::rethrow_exception(first);
   }
 
+  /// Rethrows now the error that waits for the event loop, if there is one.
+  void rethrowWaiting() {
+    if (waiting_) std::rethrow_exception(std::exchange(waiting_, nullptr));
+  }
+
  private:
   void keep(const std::exception_ptr& error);
 

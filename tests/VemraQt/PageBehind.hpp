@@ -6,25 +6,16 @@
 #include "VemraQt/page/Page.hpp"
 
 /// \file
-/// What stands behind a widget, which no public function returns.
-
-namespace vemra::qt {
-
-class PageBehind {
- public:
-  static Page& of(const ViewWidget& widget) { return *widget.page_; }
-};
-
-}  // namespace vemra::qt
+/// The page and the accessible tree of a widget, which no public function returns.
 
 namespace vemra::qttest {
 
-inline qt::Page& pageOf(const qt::ViewWidget& widget) {
-  return qt::PageBehind::of(widget);
-}
-
 inline qt::AccessibleTree& treeOf(const qt::ViewWidget& widget) {
   return *qt::accessibleTreeOf(&widget);
+}
+
+inline qt::Page& pageOf(const qt::ViewWidget& widget) {
+  return treeOf(widget).page();
 }
 
 }  // namespace vemra::qttest

@@ -1,6 +1,8 @@
 #include "VemraQt/Picture.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
 
+#include <stdexcept>
+
 #include <gtest/gtest.h>
 
 using namespace vemra;
@@ -46,4 +48,18 @@ TEST(Picture, OfATreeThatLivesElsewhereLeavesItWithItsState) {
   EXPECT_EQ(qt::picture(graph, QSize(300, 0)), one);
   ui::sample::press(graph, "+");
   EXPECT_NE(qt::picture(graph, QSize(300, 0)), one);
+}
+
+TEST(Picture, OfATreeThatCannotBeDescribedThrowsWhatABodyThrew) {
+  bool fails = false;
+  ui::ViewGraph graph;
+  graph.setRoot(ui::sample::Body{[&]() -> ui::View {
+    if (fails) throw std::runtime_error("no body");
+    return ui::Text("x");
+  }});
+  fails = true;
+  EXPECT_THROW(qt::picture(graph, QSize(300, 0)), std::runtime_error);
+  EXPECT_TRUE(graph.root()) << "the tree keeps its content";
+  fails = false;
+  EXPECT_GT(qt::picture(graph, QSize(300, 0)).height(), 10);
 }
