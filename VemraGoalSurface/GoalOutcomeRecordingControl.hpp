@@ -14,7 +14,7 @@
 
 namespace vemra {
 
-/// Lets the user say what came of one suggestion, and correct what was said before.
+/// Records the outcome of one suggestion, and corrects a recorded outcome.
 ///
 /// It has three faces: a button while nothing is recorded, a summary of the outcome in force, and
 /// the editor while the user is at it. What it shows as recorded is the outcome it was given, never

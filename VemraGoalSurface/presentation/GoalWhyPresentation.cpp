@@ -43,7 +43,8 @@ std::string line(const GoalWhyDTO::SharedActivity& activity) {
   return parts.empty() ? "Relationship evidence" : parts;
 }
 
-// Only one plain reason is told apart: the engine may add others, and they all read alike.
+// Only one plain reason has its own sentence: the engine may add others, which all get the same
+// one.
 std::string line(GoalWhyDTO::Plain reason) {
   return reason == GoalWhyDTO::Plain::nameMatch ? "Matches on name" : "Candidate person";
 }

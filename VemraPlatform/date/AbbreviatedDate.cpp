@@ -11,13 +11,13 @@
 namespace vemra::date {
 namespace {
 
-/// The values made last, each for a name. One more than there is room for replaces the oldest.
+/// A cache of the values that were made last, by name. A new value replaces the oldest one.
 template <class Value>
 class Recent {
  public:
-  /// Good until the next call.
+  /// The value for a name, valid until the next call.
   Value& of(const std::string& name) {
-    // A process shows dates for one user, a test for some dozens: a list is the quickest table.
+    // A process shows dates for one user, a test for some dozens: a search in a list is quickest.
     constexpr std::size_t most = 16;
     const auto known = std::find_if(entries_.begin(), entries_.end(),
                                     [&](const auto& entry) { return entry.first == name; });
@@ -31,8 +31,8 @@ class Recent {
   std::vector<std::pair<std::string, Value>> entries_;
 };
 
-// True once the thread's own formats are gone. Without a destructor, so that destructors which run
-// after theirs, of other objects of the thread or of the program, can ask.
+// True after the thread's own formats have been destroyed. It has no destructor itself, so that
+// later destructors, of other objects of the thread or of the program, can still read it.
 thread_local bool areFormatsGone = false;
 
 struct Formats {
@@ -55,7 +55,7 @@ struct Formats {
 std::string abbreviatedDate(Instant instant, const std::string& locale,
                             const std::string& timeZone) {
   if (areFormatsGone) return Formats().write(instant, locale, timeZone);
-  // Of each thread its own, so that threads never wait for each other.
+  // Each thread has its own formats, so that threads never wait for each other.
   thread_local Formats formats;
   return formats.write(instant, locale, timeZone);
 }

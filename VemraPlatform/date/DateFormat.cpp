@@ -21,7 +21,7 @@ void require(UErrorCode status) {
   }
 }
 
-/// The calendar the locale asks for, else the first of those in use in its region.
+/// The calendar that the locale names, else the first one in use in its region.
 std::string calendarOf(const icu::Locale& locale) {
   UErrorCode status = U_ZERO_ERROR;
   auto asked = locale.getKeywordValue<std::string>("calendar", status);
@@ -33,8 +33,8 @@ std::string calendarOf(const icu::Locale& locale) {
   return U_SUCCESS(status) && first != nullptr ? first : "gregorian";
 }
 
-/// The locale with the calendar and the digits that it asks for, without other keywords: with them
-/// its name may be longer than ICU's pattern generator accepts.
+/// The locale with its calendar and its digits, but without other keywords: they could make its
+/// name longer than ICU's pattern generator accepts.
 icu::Locale localeForDates(const icu::Locale& asked) {
   icu::Locale locale(asked.getBaseName());
   UErrorCode status = U_ZERO_ERROR;
@@ -47,12 +47,12 @@ icu::Locale localeForDates(const icu::Locale& asked) {
 
 std::unique_ptr<icu::Calendar> makeCalendar(const icu::Locale& locale) {
   UErrorCode status = U_ZERO_ERROR;
-  // Local time is handed in, so the calendar's own zone is never ahead nor behind.
+  // The caller passes local time, so the calendar's own zone must be UTC.
   std::unique_ptr<icu::Calendar> calendar(
       icu::Calendar::createInstance(*icu::TimeZone::getGMT(), locale, status));
   require(status);
-  // ICU counts in the Julian calendar before 15 October 1582 unless told otherwise, and so do the
-  // calendars it derives from the Gregorian one. This is some 30,000 years ago.
+  // By default ICU uses the Julian calendar before 15 October 1582, also in the calendars that it
+  // derives from the Gregorian one. This moves the change to about 30,000 years ago.
   constexpr UDate longAgo = -1e15;
   if (auto* gregorian = dynamic_cast<icu::GregorianCalendar*>(calendar.get())) {
     gregorian->setGregorianChange(longAgo, status);
@@ -84,7 +84,7 @@ std::string DateFormat::write(double localSeconds) {
   UErrorCode status = U_ZERO_ERROR;
   calendar_->setTime(localSeconds * millisecondsPerSecond, status);
   require(status);
-  // Given a calendar, ICU uses it as it is; given a date, it copies its own one for each.
+  // ICU uses a given calendar as it is; for a given date it would copy its own calendar each time.
   icu::UnicodeString written;
   icu::FieldPosition unused;
   format_->format(*calendar_, written, unused);

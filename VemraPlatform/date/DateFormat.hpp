@@ -9,10 +9,11 @@
 
 namespace vemra::date {
 
-/// The abbreviated dates of one locale. Made in milliseconds, writes in microseconds.
+/// Writes abbreviated dates in one locale. It takes milliseconds to make, and microseconds to
+/// write.
 ///
-/// Knows no time zone: it writes local times. For one thread at a time, as the calendar in it holds
-/// the date being written.
+/// It has no time zone: it writes local times. Only one thread may use it at a time, because its
+/// calendar stores the date while it is written.
 class DateFormat {
  public:
   /// - Parameter locale: as for `abbreviatedDate`. Throws when ICU cannot load its data.

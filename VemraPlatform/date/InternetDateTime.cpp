@@ -7,7 +7,8 @@
 namespace vemra::date {
 namespace {
 
-/// Reads a text from left to right; the first thing that does not fit makes it unreadable for good.
+/// Reads a text from left to right. After the first part that does not fit, every further read
+/// fails.
 class Reader {
  public:
   explicit Reader(std::string_view text) noexcept : rest_(text) {}

@@ -21,7 +21,7 @@ struct Instant {
 /// date that exists (years 0001 to 9999, proleptic Gregorian), hours 00 to 23, minutes and seconds
 /// 00 to 59, also in the zone. Lower-case letters, fractions, 24:00:00, second 60, a date alone,
 /// other digits, and blanks at either end are all unreadable.
-/// - Returns: the instant, or nothing when the text cannot be read. Never fails otherwise.
+/// - Returns: the instant; nil when the text is unreadable. Never throws.
 VEMRA_EXPORT std::optional<Instant> parseInternetDateTime(std::string_view text) noexcept;
 
 }  // namespace vemra::date

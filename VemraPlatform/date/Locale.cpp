@@ -10,7 +10,7 @@
 namespace vemra::date {
 namespace {
 
-/// A modifier of POSIX that stands for a script; the others say nothing about dates.
+/// The POSIX modifiers that name a script; the other modifiers do not change dates.
 struct Script {
   std::string_view modifier;
   std::string_view code;
@@ -19,7 +19,7 @@ struct Script {
 constexpr std::array scripts{Script{"@latin", "_Latn"}, Script{"@cyrillic", "_Cyrl"},
                              Script{"@devanagari", "_Deva"}};
 
-/// What the environment says, nothing when it is silent.
+/// The locale in the environment variables; nil when none of them is set.
 std::optional<std::string> localeOfEnvironment() {
   for (const char* variable : {"LC_ALL", "LC_TIME"}) {
     const char* value = std::getenv(variable);
@@ -53,7 +53,7 @@ std::string withKeywords(std::string_view posix) {
 }  // namespace
 
 bool isKnownLocale(std::string_view locale) {
-  // The root is what locales fall back to; nobody's locale, and not in the list.
+  // The root, to which locales fall back, is no locale itself and not in the list.
   const bool isRoot = locale == "root" || locale == "und";
   return !isRoot && icuLocale(locale).has_value();
 }
@@ -61,7 +61,7 @@ bool isKnownLocale(std::string_view locale) {
 std::string systemLocale() {
   const std::optional<std::string> said = localeOfEnvironment();
   if (!said) return "en_US_POSIX";
-  // Some write keywords or an extension there; ICU has them and POSIX does not.
+  // Some people write keywords or an extension there, which ICU has and POSIX does not.
   if (isKnownLocale(*said)) return *said;
   if (std::string locale = withKeywords(*said); isKnownLocale(locale)) return locale;
   std::string locale = withoutEncoding(*said);

@@ -20,7 +20,7 @@ using Enumeration =
     std::unique_ptr<UEnumeration, decltype([](UEnumeration* e) { uenum_close(e); })>;
 using Names = std::set<std::string, std::less<>>;
 
-// Kept to the very end of the program: destructors of others may write dates.
+// Never destroyed, because destructors that run at the end of the program may write dates.
 const Names& namesFrom(UEnumeration* opened) {
   const Enumeration enumeration(opened);
   Names& names = *new Names;
@@ -62,7 +62,7 @@ bool isLetterOrDigit(char character) noexcept {
          (character >= '0' && character <= '9');
 }
 
-/// The base, and a BCP 47 extension if there is one, as ICU writes it.
+/// The base, with its BCP 47 extension if it has one, in ICU's spelling.
 std::optional<std::string> icuBase(std::string_view base) {
   if (base == "root" || base == "und") return std::string();
   std::string name(base);
@@ -83,7 +83,7 @@ std::optional<std::string> icuBase(std::string_view base) {
   return std::string(identifier.data());
 }
 
-/// Whether what stands behind `@` has the form `key=value;key=value`.
+/// Whether the text behind `@` has the form `key=value;key=value`.
 bool areWellFormedKeywords(std::string_view keywords) {
   while (true) {
     const std::string_view pair = keywords.substr(0, keywords.find(';'));
@@ -104,7 +104,7 @@ bool areWellFormedKeywords(std::string_view keywords) {
 /// Replaces the value of a keyword by ICU's own spelling: `islamicc` by "islamic-civil", `ARAB` by
 /// "arab". Parts of ICU ignore the other spellings.
 ///
-/// - Returns: false when the value is not one that exists; true without the keyword.
+/// - Returns: false when no such value exists; true when the locale does not have the keyword.
 bool makeCanonical(std::string& identifier, const char* keyword,
                    bool (*exists)(const std::string&)) {
   std::array<char, ULOC_FULLNAME_CAPACITY> value{};
@@ -114,13 +114,13 @@ bool makeCanonical(std::string& identifier, const char* keyword,
   if (value.front() == '\0') return true;
   const char* legacy = uloc_toLegacyType(keyword, value.data());
   if (legacy == nullptr) return false;
-  // ICU returns a value that has one spelling only unchanged, capitals included.
+  // ICU returns a value with only one spelling unchanged, capitals included.
   std::string name(legacy);
   std::transform(name.begin(), name.end(), name.begin(), [](char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
   });
   if (!exists(name)) return false;
-  // The longest identifier with the longest value in it has room.
+  // Enough for the longest identifier with the longest value.
   std::array<char, std::size_t{2} * ULOC_FULLNAME_CAPACITY> canonical{};
   identifier.copy(canonical.data(), canonical.size() - 1);
   uloc_setKeywordValue(keyword, name.c_str(), canonical.data(), canonical.size(), &status);

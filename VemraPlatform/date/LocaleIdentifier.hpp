@@ -6,10 +6,10 @@
 
 namespace vemra::date {
 
-/// Turns a locale as people write it into ICU's own identifier (`en_US@numbers=arab`).
+/// Converts a locale as people write it to ICU's own identifier (`en_US@numbers=arab`).
 ///
-/// - Returns: the identifier, empty for the root locale; nothing when the locale is not known. See
-///   `isKnownLocale` for what is.
+/// - Returns: the identifier, empty for the root locale; nil when the locale is not known
+///   (`isKnownLocale`).
 std::optional<std::string> icuLocale(std::string_view locale);
 
 }  // namespace vemra::date

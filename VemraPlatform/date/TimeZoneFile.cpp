@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view magic = "TZif";
 
-/// Reads fields from left to right. A field that is not wholly there is empty or 0, as are all
+/// Reads fields from left to right. A field that is cut off is empty or 0, and so are all fields
 /// after it.
 class FieldReader {
  public:
@@ -44,7 +44,7 @@ class FieldReader {
   std::string_view rest_;
 };
 
-/// Sizes of blocks are computed with 64 bits: no six counts of 32 bits overflow them.
+/// Sizes of blocks have 64 bits, so that the sum of six products of 32-bit counts cannot overflow.
 struct Header {
   bool isThere = false;
   char version = '\0';
@@ -88,7 +88,8 @@ std::optional<std::string> TimeZoneFile::contentOf(const std::string& path) {
   // Opening a device or an idle pipe could wait for ever.
   std::error_code error;
   if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
-  // The size of a file says little: those that the kernel makes up have none, and may have no end.
+  // Do not trust the size of a file: files that the kernel generates have size 0, and may be
+  // endless.
   constexpr std::size_t largest = 1 << 20;
   std::string content;
   std::ifstream file(path, std::ios::binary);
@@ -108,7 +109,7 @@ std::optional<TimeZoneFile> TimeZoneFile::parse(std::string_view content) {
   if (!header.isThere) return std::nullopt;
   const bool isOfVersion1 = header.version == '\0';
   if (!isOfVersion1) {
-    // The same once more for readers of version 1.
+    // The block for readers of version 1 has the same data; skip it.
     reader.bytes(header.sizeOfBlock(timeSize));
     header = Header::read(reader);
     timeSize = 8;
@@ -123,7 +124,7 @@ std::optional<TimeZoneFile> TimeZoneFile::parse(std::string_view content) {
   std::vector<int> offsets;
   for (std::uint64_t index = 0; index < header.typeCount; ++index) {
     const std::int64_t offset = reader.number(4);
-    reader.bytes(2);  // whether it is summer time, and what it is called
+    reader.bytes(2);  // whether it is summer time, and the index of its abbreviation
     constexpr int mostWest = -25 * 3600;
     constexpr int mostEast = 26 * 3600;
     if (offset <= mostWest || offset >= mostEast) return std::nullopt;

@@ -11,23 +11,23 @@
 
 namespace vemra::date {
 
-/// A compiled time zone of the tz database, in the form of RFC 9636 ("TZif", versions 1 to 4).
+/// A compiled time zone of the tz database, in the format of RFC 9636 ("TZif", versions 1 to 4).
 ///
 /// Leap seconds in it are ignored: an `Instant` does not count them.
 class TimeZoneFile {
  public:
-  /// The content of a file that may be a time zone; nothing when it is no regular file, cannot be
-  /// read, has no TZif header or is larger than 1 MiB (those of the database have a few kB).
+  /// The content of a file that may be a time zone; nil when it is not a regular file, cannot be
+  /// read, has no TZif header or is larger than 1 MiB (the files of the database have a few kB).
   static std::optional<std::string> contentOf(const std::string& path);
 
-  /// Reads the content of a file; nothing when it is not a whole and valid one. Bytes behind the
-  /// last field are ignored.
+  /// Parses the content of a file; nil when it is cut off or invalid. Ignores bytes behind the last
+  /// field.
   static std::optional<TimeZoneFile> parse(std::string_view content);
 
-  /// Seconds that local time is ahead of UTC at an instant. Total: any instant will do.
+  /// The seconds that local time is ahead of UTC at an instant; defined for every instant.
   int secondsAheadOfUTC(Instant instant) const noexcept;
 
-  /// The rule for instants after the last change in the file, empty when it has none.
+  /// The POSIX rule for instants after the last change in the file; empty when the file has none.
   const std::string& footer() const noexcept { return footer_; }
 
  private:

@@ -12,13 +12,13 @@
 
 namespace vemra::date {
 
-/// How far a time zone is ahead of UTC, at any instant.
+/// Computes how far a time zone is ahead of UTC at any instant.
 ///
-/// A name is looked up in the machine's own tz database first (`zoneinfoFolder`), which the rest of
-/// the machine uses and which is updated more often, and then in ICU's.
+/// Looks a name up in the machine's own tz database first (`zoneinfoFolder`), because other
+/// programs use that too and it is updated more often, and then in ICU's.
 class TimeZoneOffset {
  public:
-  /// - Parameter timeZone: a name or a POSIX rule; any other is taken for UTC.
+  /// - Parameter timeZone: a name or a POSIX rule; any other text means UTC.
   explicit TimeZoneOffset(const std::string& timeZone);
 
   int secondsAheadOfUTC(Instant instant) const;

@@ -15,7 +15,8 @@ bool isLetter(char character) noexcept {
   return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
 }
 
-/// Nothing when `text` does not begin with a number of at most `digits` digits, `least` to `most`.
+/// Takes a number off the beginning of `text`; nil unless it has at most `digits` digits and is
+/// between `least` and `most`.
 std::optional<int> takeNumber(std::string_view& text, std::size_t digits, int least, int most) {
   int number = 0;
   std::size_t length = 0;
@@ -169,7 +170,7 @@ bool TimeZoneRule::isSummerTime(std::int64_t secondsSinceEpoch) const noexcept {
 
 int TimeZoneRule::secondsAheadOfUTC(Instant instant) const noexcept {
   if (!summerTime_) return secondsAhead_;
-  // The calendar repeats itself, weekdays and all, every 400 years; so no instant is too far.
+  // The calendar, weekdays included, repeats every 400 years, so this works for every instant.
   constexpr std::int64_t cycle = 146097 * secondsPerDay;
   std::int64_t inCycle = instant.secondsSinceEpoch % cycle;
   if (inCycle < 0) inCycle += cycle;

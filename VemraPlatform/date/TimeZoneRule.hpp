@@ -8,18 +8,18 @@
 
 namespace vemra::date {
 
-/// A time zone that TZ spells out instead of naming it: `CET-1CEST,M3.5.0,M10.5.0/3`.
+/// A time zone as a rule in TZ instead of a name: `CET-1CEST,M3.5.0,M10.5.0/3`.
 ///
-/// The form is that of POSIX.1-2024 (TZ, "std offset dst offset, rule"), with the times of day from
-/// -167 to +167 hours that RFC 9636 adds. Offsets count westward, so that `JST-9` is nine hours
-/// ahead of UTC. Summer time without dates begins and ends as in the United States, by
-/// `,M3.2.0,M11.1.0`. The rule is that of every year, past ones included.
+/// The format is that of POSIX.1-2024 (TZ, "std offset dst offset, rule"), with times of day from
+/// -167 to +167 hours, as in RFC 9636. Offsets count westward: `JST-9` is nine hours ahead of UTC.
+/// Summer time without dates begins and ends as in the United States (`,M3.2.0,M11.1.0`). The rule
+/// applies to every year, past years included.
 class TimeZoneRule {
  public:
-  /// Reads a whole text; nothing when it is not a rule. A colon in front is not part of one.
+  /// Parses a whole text; nil when it is not a rule. A rule has no leading colon.
   static std::optional<TimeZoneRule> parse(std::string_view text) noexcept;
 
-  /// Seconds that local time is ahead of UTC at an instant. Total: any instant will do.
+  /// The seconds that local time is ahead of UTC at an instant; defined for every instant.
   int secondsAheadOfUTC(Instant instant) const noexcept;
 
   /// The day and the time of day, local before the change, at which summer time begins or ends.

@@ -17,7 +17,7 @@ LostPlace LostPlace::of(const Node& node) {
   if (!node.parent) return place;
   place.within = node.parent->id;
   if (node.previous) place.after = node.previous->id;
-  if (node.isRow()) place.row = node.rowIndex;
+  if (node.isWindowedRow()) place.row = node.rowIndex;
   return place;
 }
 

@@ -17,9 +17,10 @@ class VEMRA_EXPORT Frames {
   Frames(const WindowedTree& tree, ui::LayoutDirection direction, const Grid& grid = {})
       : tree_(tree), direction_(direction), grid_(grid) {}
 
+  /// The frame of a leaf, without its padding. The leaf must have been measured.
   Rect of(const Node& leaf) const;
-  /// The frame of a row of a windowed list, also of a row without nodes. A height that has not been
-  /// measured is estimated.
+  /// The frame of a row of a windowed list, with the padding of the row and of the list; also of a
+  /// row without nodes. A height that has not been measured is estimated.
   Rect ofRow(const Node& list, std::size_t index) const;
 
  private:

@@ -10,6 +10,11 @@
 /// every node that was measured for that width and has not changed since. Arranging gives each leaf
 /// its frame. Spacing and padding are exactly the numbers of the tree, in whole units of the grid.
 ///
+/// The padding of a node is part of its `size` and of its `measuredWidth`, but not of its `frame`:
+/// a frame is what the renderer draws. `LeafMetrics::measure` knows nothing of padding. The
+/// exception is a windowed list, whose padding belongs to each of its rows: it is part of the row's
+/// height in `RowHeights`, and neither of the list's own `size` nor of its `frame`.
+///
 /// A column is as wide as its widest child and offers each child its whole width. A row of elements
 /// that does not fit its width continues in a further line, so that nothing is ever cut off or
 /// pushed off the page. Groups, lists and composites add nothing: their children stand in their
@@ -25,7 +30,8 @@ VEMRA_EXPORT ui::Insets paddingIn(const Grid& grid, const Node& node);
 /// Measures the texts and controls of a renderer.
 class VEMRA_EXPORT LeafMetrics {
  public:
-  /// The size of a leaf that may be `width` wide, at least 1. Called again only when the leaf, a
+  /// The size of a leaf that may be `width` wide, at least 1, both without padding. The result may
+  /// be wider than `width` when the leaf cannot be narrower. Called again only when the leaf, a
   /// leaf below it or the width has changed, or after `WindowedTree::invalidateAll`; so a renderer
   /// may keep the lines of the text until it draws them.
   virtual Size measure(const Node& leaf, int width) = 0;

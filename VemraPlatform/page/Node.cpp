@@ -28,7 +28,7 @@ bool Node::isTransparent() const {
 }
 
 Node* rowOf(Node* node) {
-  while (node && !node->isRow()) node = node->parent;
+  while (node && !node->isWindowedRow()) node = node->parent;
   return node;
 }
 

@@ -50,10 +50,10 @@ struct VEMRA_EXPORT Node {
   /// @}
 
   /// \name The layout @{
-  int measuredWidth = -1;  ///< the width `size` was measured for; -1: not measured
-  Size size;
-  Rect frame;             ///< relative to its scope, from the leading edge
-  bool isPlaced = false;  ///< for a leaf: a renderer draws it (`placeLeaves`)
+  int measuredWidth = -1;  ///< the width `size` was measured for, with padding; -1: not measured
+  Size size;               ///< with padding
+  Rect frame;              ///< without padding; relative to its scope, from the leading edge
+  bool isPlaced = false;   ///< for a leaf: a renderer draws it (`placeLeaves`)
   /// @}
 
   ChildrenOf<Node> children();
@@ -64,7 +64,9 @@ struct VEMRA_EXPORT Node {
   bool isLeaf() const;
   /// Whether the element adds no layout: its children stand in its parent.
   bool isTransparent() const;
-  bool isRow() const { return parent && parent->rows; }
+  /// Whether this is a row of a list whose rows are requested by range; false for a row of a list
+  /// that is shown whole.
+  bool isWindowedRow() const { return parent && parent->rows; }
 };
 
 /// The children of a node in order; also iterates backwards. `AnyNode` is `Node` or `const Node`.

@@ -32,7 +32,8 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
  public:
   using Direction = FocusOrder::Direction;
 
-  /// `graph` and `host` must outlive the page. Attach the page to the graph to show the graph's tree.
+  /// `graph` and `host` must outlive the page. Attach the page to the graph to show the graph's
+  /// tree.
   Page(ui::ViewGraph& graph, PageHost& host, Margins margins = {});
   /// Detaches the page from its graph.
   ~Page();
@@ -42,19 +43,28 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   ui::RowDemand rowDemand() const override { return ui::RowDemand::onRequest; }
   void apply(const ui::Changes& changes) override;
 
-  /// \name Calls by the host @{
-  /// The viewport has a new size.
+  /// \name Calls by the host
+  /// None of them throws: exceptions from descriptions and actions go to `PageHost::failed`.
+  /// @{
+
+  /// Call it when the viewport has a new size, after `PageHost::viewportSize` returns it. During a
+  /// pass it does nothing, because the pass reads the size again.
   void resized();
-  /// The leaves have new sizes, because of another font, style or text size.
+  /// Call it when the leaves have new sizes for another reason than another environment: another
+  /// system font or widget style. `LeafMetrics::measure` must already return the new sizes.
   void restyled();
-  /// A person has scrolled the page to `position`.
+  /// Call it when a person has scrolled the page, and from `PageHost::scrollTo`, but not from
+  /// `PageHost::showScrollRange`.
   void scrolled(int position);
-  /// Runs a pass, for example when the page becomes visible again.
+  /// Runs a pass. Call it when the page becomes visible again (`PageHost::isShown`).
   void settle();
-  /// Finishes a pass that had to wait.
+  /// Finishes a pass that had to wait, and does nothing when there is none. A pass waits while the
+  /// page is not visible; and when it has requested rows from inside the graph's `apply`, until the
+  /// graph's next pass, which may fail to describe them. Call it after each call of the graph that
+  /// the host makes itself (`ViewGraph::attach`, `setRoot`, `setEnvironment`).
   void settleIfNeeded();
-  /// Delivers a person's event to the graph. When this removes the pressed element, the focus moves
-  /// to the control at its place.
+  /// Delivers a person's event to the graph, and settles. When this removes the pressed element,
+  /// the focus moves to the control at its place. Hosts use this instead of `ViewGraph::deliver`.
   void deliver(ui::NodeID node, ui::Event event);
   /// @}
 

@@ -20,6 +20,7 @@ enum class FocusReason {
 /// keyboard focus. Renderers derive from it.
 ///
 /// The page calls these functions during its passes. Main thread only. They must not throw.
+/// References to nodes are valid only during the call; keep the id of a node instead.
 class VEMRA_EXPORT PageHost : public LeafMetrics {
  public:
   /// Whether the page is visible. While it is not, its passes wait.
@@ -37,20 +38,29 @@ class VEMRA_EXPORT PageHost : public LeafMetrics {
   virtual void scrollTo(int position) = 0;
 
   /// The tree has another environment: the host takes its reading direction, its colour scheme and
-  /// its text scale. Called for the first environment too, and before the leaves are measured again.
-  /// May change `viewportSize`. Needs no call of `Page::restyled`.
+  /// its text scale. Called for the first environment too, and before the leaves are measured
+  /// again. May change `viewportSize`. Needs no call of `Page::restyled`.
   virtual void environmentChanged(const ui::Environment&) {}
 
-  /// Draws the placed leaves at their present frames, and stops drawing the released ones.
+  /// Draws the placed leaves at their present frames, and stops drawing the released ones. Called
+  /// at the end of every pass with all leaves that are to be drawn, whether or not they have
+  /// changed: compare with what is drawn. A leaf has changed when `measure` was called for it. A
+  /// leaf may be placed outside the viewport.
   virtual void place(const Placements& placements) = 0;
-  /// The node and its subtree are about to be removed; all are still in their places.
+  /// The node and its subtree are about to be removed; all are still in their places. The host
+  /// stops drawing their leaves (`forEachLeaf`), which no later `Placements` releases. If one of
+  /// them has the focus, its widget should keep the focus until `giveFocus`, `loseFocus` or
+  /// `atRest`.
   virtual void removing(Node& node) = 0;
 
-  /// The element with the keyboard focus; none when the focus is elsewhere.
+  /// The element with the keyboard focus; none when the focus is elsewhere. May be an element that
+  /// is being removed, or has been: the page looks the id up.
   virtual ui::NodeID focused() const = 0;
-  /// Gives the keyboard focus to a control that is drawn.
+  /// Gives the keyboard focus to a control that is drawn. `focused` should return it
+  /// afterwards; a toolkit may refuse.
   virtual void giveFocus(const Node& control, FocusReason reason) = 0;
-  /// The focused element has been removed, and no other control gets the focus.
+  /// The focused element has been removed, and no other control gets the focus: give it to the page
+  /// as a whole, or to nothing.
   virtual void loseFocus() = 0;
 
   /// \name Notifications for observers @{

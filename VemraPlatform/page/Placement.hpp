@@ -11,7 +11,9 @@ namespace vemra::page {
 /// A leaf that is drawn, and its frame.
 struct Placement {
   const Node* leaf;
-  Rect frame;  ///< on the whole page; subtract the scroll position for the viewport
+  /// On the whole page, without padding, mirrored when the page reads from right to left. Subtract
+  /// the scroll position from `y` for the place in the viewport.
+  Rect frame;
 };
 
 /// The leaves that a renderer draws, and those that it no longer draws.

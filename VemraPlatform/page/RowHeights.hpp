@@ -17,12 +17,13 @@ namespace vemra::page {
 /// all have the estimated height needs no memory. `follow` costs O(n), a few instructions for each
 /// row.
 ///
-/// Lengths are whole pixels. `gap` is the space between two rows.
+/// Lengths are whole units of the page: pixels, or lines of a terminal. A row's height contains the
+/// padding of the row and of its list. `gap` is the space between two rows.
 class VEMRA_EXPORT RowHeights {
  public:
-  /// The greatest distance that a page reaches down a list, in pixels: coordinates on a page have
-  /// 32 bits, and the elements around the list need room too. This is enough for ten million rows
-  /// of a hundred pixels.
+  /// The greatest distance that a page reaches down a list: coordinates on a page have 32 bits, and
+  /// the elements around the list need room too. This is enough for ten million rows of a hundred
+  /// pixels.
   static constexpr std::int64_t farthest = std::int64_t{1} << 30;
 
   /// Marks every row as unmeasured; keeps the estimate.

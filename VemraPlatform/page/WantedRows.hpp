@@ -3,7 +3,6 @@
 #include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/page/Viewport.hpp"
 #include "VemraPlatform/page/WindowedTree.hpp"
-#include "VemraPlatform/ui/ViewGraph.hpp"
 
 #include <vector>
 

@@ -6,8 +6,9 @@
 namespace vemra::task::coroutine {
 namespace {
 
-// Read and written in this file only: inlined into a coroutine, which may go on on another thread,
-// a compiler might keep the address of the thread it began on.
+// Only functions in this file use it. If they were inlined into a coroutine, the compiler might
+// keep the variable's address of the first thread, although the coroutine continues on another
+// thread.
 thread_local Call* innermost = nullptr;
 
 }  // namespace

@@ -9,7 +9,7 @@
 #include <type_traits>
 #include <utility>
 
-// What a Task is made of. Nothing here is for callers.
+// The parts of a Task. Callers use Task.hpp instead.
 
 namespace vemra::task {
 
@@ -18,9 +18,10 @@ class Task;
 
 namespace coroutine {
 
-// Whether the compiler always turns "resume that one next" into a jump. GCC does so only from -O2
-// on and not under the sanitizers, and tells nobody; elsewhere every await that completes at once
-// would leave a frame on the stack, and a loop of some ten thousand of them overflows it.
+// Whether the compiler always turns the resumption of the next coroutine into a jump. GCC does so
+// only from -O2 on and not under the sanitizers, and has no macro that says so. Without the jump,
+// every await that completes at once leaves a frame on the stack, and a loop of some ten thousand
+// awaits overflows the stack.
 #if defined(__clang__)
 inline constexpr bool transferIsAJump = true;
 #else
@@ -31,8 +32,8 @@ class PromiseBase;
 
 /// A task that is being started by a call of its coroutine, while the call lasts.
 ///
-/// Calls are known per thread. A task that ends within its call leaves it to the caller to go on
-/// and so frees the stack; one that ends later, or on another thread, continues its waiter itself.
+/// Each thread knows its own calls. When a task ends within its call, the caller continues, which
+/// frees the stack; a task that ends later, or on another thread, resumes its waiter itself.
 class VEMRA_EXPORT Call {
  public:
   explicit Call(const PromiseBase& task) noexcept;
@@ -42,7 +43,7 @@ class VEMRA_EXPORT Call {
 
   bool hasEnded() const noexcept { return hasEnded_; }
 
-  /// Notes that a task has ended; false when it is not being called on this thread.
+  /// Notes that a task has ended; false when no call on this thread is starting it.
   static bool noteEnd(const PromiseBase& task) noexcept;
 
  private:
@@ -51,7 +52,7 @@ class VEMRA_EXPORT Call {
   bool hasEnded_ = false;
 };
 
-/// What every task's promise has: whom to continue when the task ends.
+/// The common part of all tasks' promises: the coroutine to resume when the task ends.
 class PromiseBase {
  public:
   struct FinalAwaiter {
@@ -128,7 +129,7 @@ struct JumpingStart {
   }
 };
 
-/// Starts a task by calling it, and does not suspend when it has ended as the call returns.
+/// Starts a task by calling it, and does not suspend when the task has ended within the call.
 template <class T>
 struct CallingStart {
   std::coroutine_handle<Promise<T>> task;
@@ -137,8 +138,8 @@ struct CallingStart {
 
   bool await_suspend(std::coroutine_handle<> waiter) const noexcept {
     task.promise().setWaiter(waiter);
-    // Another thread may end the task, continue the waiter and free both before the call returns.
-    // After it, only the stack is safe to read.
+    // Another thread may end the task, resume the waiter and free both before the call returns.
+    // After the call, only local variables are safe to read.
     const Call call(task.promise());
     task.resume();
     return !call.hasEnded();
@@ -148,7 +149,7 @@ struct CallingStart {
 template <class T>
 using Start = std::conditional_t<transferIsAJump, JumpingStart<T>, CallingStart<T>>;
 
-/// Stops the process: there is nothing to await in a task.
+/// Stops the process: the task has no coroutine to await.
 [[noreturn]] VEMRA_EXPORT void stopForTaskWithoutWork() noexcept;
 
 }  // namespace coroutine

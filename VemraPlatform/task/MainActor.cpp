@@ -11,13 +11,13 @@ namespace {
 
 enum class Thread { unknown, first, other, adopted };
 
-// What the calling thread is. Kept, because asking the system takes as long as describing a button.
-// A thread's id cannot stand for it, as that of an ended thread is given to another.
+// Whether the calling thread is the main thread. Cached, because a system call takes as long as
+// describing a button. A thread's id cannot replace it: the system reuses the ids of ended threads.
 thread_local Thread current = Thread::unknown;
 
 std::atomic<bool> hasAdopted = false;
 
-/// The thread that called fork is the only one of the child, and so its first.
+/// The thread that called fork is the only thread of the child, and so its first.
 void becomeFirstInChild() noexcept {
   current = Thread::first;
   hasAdopted = false;

@@ -8,11 +8,11 @@
 
 namespace vemra::task {
 
-/// How a task ended: with its value, or with the exception that left it.
+/// The end of a task: its value, or the exception that it threw.
 template <class T>
 class Result {
  public:
-  /// What is kept for a task that gives no value.
+  /// Stands for the value of a task without one.
   using Value = std::conditional_t<std::is_void_v<T>, std::monostate, T>;
 
   /// A task that returned.
@@ -25,10 +25,10 @@ class Result {
 
   bool hasValue() const noexcept { return value_.has_value(); }
 
-  /// The exception that left the task, or null when it returned.
+  /// The exception that the task threw, or null when it returned.
   std::exception_ptr exception() const noexcept { return exception_; }
 
-  /// Hands out the value, or throws the very same exception object that left the task.
+  /// Returns the value, or rethrows the task's exception: the same object.
   T take() && {
     if (!value_) std::rethrow_exception(std::move(exception_));
     if constexpr (!std::is_void_v<T>) return std::move(*value_);
@@ -38,7 +38,7 @@ class Result {
   Result(std::optional<Value> value, std::exception_ptr exception)
       : value_(std::move(value)), exception_(std::move(exception)) {}
 
-  // Not a variant: GCC 12 takes the alternative that is not there for an uninitialised one.
+  // Not a variant: GCC 12 warns that the unused alternative is uninitialised.
   std::optional<Value> value_;
   std::exception_ptr exception_;
 };

@@ -13,7 +13,7 @@
 namespace vemra::task {
 namespace coroutine {
 
-/// A coroutine nobody waits for; it frees itself when it ends.
+/// A coroutine without a waiter; it frees itself when it ends.
 struct Detached {
   struct promise_type {
     Detached get_return_object() const noexcept { return {}; }
@@ -28,7 +28,7 @@ template <class T, class Callback>
 Detached run(Task<T> task, Callback callback) {
   std::optional<Result<T>> result;
   {
-    // The task and what it holds go before the callback hears of the end.
+    // Destroys the task and its captured values before the callback is called.
     Task<T> running = std::move(task);
     auto ending = std::move(running).result();
     result.emplace(co_await ending);
@@ -38,14 +38,14 @@ Detached run(Task<T> task, Callback callback) {
 
 }  // namespace coroutine
 
-/// Starts a task and tells the callback how it ended.
+/// Starts a task and calls the callback with its result.
 ///
-/// Returns when the task ends or waits for the first time. The task's frame is gone by the time the
-/// callback runs.
+/// Returns when the task ends or waits for the first time. The task's frame is destroyed before the
+/// callback is called.
 ///
-/// - Parameter callback: called exactly once with a `Result<T>`, on the thread the task ends on;
-///   that may be the caller's, before this returns. It must not throw: an exception stops the
-///   process.
+/// - Parameter callback: called exactly once with a `Result<T>`, on the thread on which the task
+///   ends; that may be the caller's thread, before this function returns. It must not throw: an
+///   exception stops the process.
 template <class T, std::invocable<Result<T>> Callback>
 void start(Task<T> task, Callback callback) {
   coroutine::run(std::move(task), std::move(callback));
@@ -53,16 +53,17 @@ void start(Task<T> task, Callback callback) {
 
 /// Starts a task and blocks the calling thread until it has ended.
 ///
-/// For tests and command-line programs. Never on the main thread of a program with a window: it
-/// stands still, and for ever if the task needs that thread to go on.
-/// - Returns: the task's value; throws the very same exception object that left the task.
+/// For tests and command-line programs. Do not call it on the main thread of a program with a
+/// window: the window freezes, and for ever if the task needs the main thread to continue.
+/// - Returns: the task's value; rethrows the task's exception, the same object.
 template <class T>
 T wait(Task<T> task) {
   std::mutex mutex;
   std::condition_variable ended;
   std::optional<Result<T>> result;
   start(std::move(task), [&](Result<T> ending) {
-    // Told under the lock: the waiting thread owns all three and destroys them as soon as it knows.
+    // Notifies under the lock: the waiting thread owns the lock, the condition and the result, and
+    // destroys them as soon as it wakes up.
     const std::lock_guard lock(mutex);
     result.emplace(std::move(ending));
     ended.notify_one();

@@ -8,7 +8,8 @@
 
 namespace vemra::task {
 
-/// Work that has not begun: a coroutine that starts when it is awaited and gives a `T` or throws.
+/// Work that has not begun: a coroutine that starts when it is awaited, and returns a `T` or
+/// throws.
 ///
 /// ```
 /// Task<Snapshot> load(std::shared_ptr<Engine> engine, std::string id) {  // arguments by value
@@ -17,16 +18,16 @@ namespace vemra::task {
 /// }
 /// ```
 ///
-/// - Lazy: until it is awaited nothing runs; destroying a task that never started is fine.
-/// - Move-only, and awaited at most once: awaiting takes the value out.
-/// - No executor and no thread: it runs on the awaiting thread and goes on wherever what it waits
-///   for resumes it. It never hops to the main thread by itself.
-/// - An exception passes through every await as the very same object.
-/// - Awaits that complete at once do not pile up on the stack, in any build. Tasks that each wait
-///   for the next use it as calls would.
+/// - Lazy: it runs only when it is awaited; a task that never started may be destroyed.
+/// - Move-only, and awaited at most once: the await moves the value out.
+/// - No executor and no thread: it runs on the awaiting thread, and continues on the thread that
+///   resumes it. It never changes to the main thread by itself.
+/// - An exception passes through every await as the same object.
+/// - Awaits that complete at once do not pile up on the stack, in any build. A chain of tasks that
+///   wait for each other needs as much stack as a chain of calls.
 ///
-/// A coroutine's arguments are kept in it and are to be values: a reference would outlive what it
-/// refers to. Name the awaited task before awaiting it, as above; GCC 12 destroys an owning
+/// Take a coroutine's arguments by value: a reference in the coroutine may outlive the object that
+/// it refers to. Name the awaited task before awaiting it, as above: GCC 12 destroys an owning
 /// temporary inside a `co_await` expression, such as a lambda with captures, twice. A task that has
 /// started must end before it is destroyed.
 template <class T = void>
@@ -47,9 +48,10 @@ class [[nodiscard]] Task {
     if (coroutine_) coroutine_.destroy();
   }
 
-  /// Starts the task and waits for its value; an exception of the task is thrown here.
+  /// Starts the task and waits for its value; rethrows the task's exception.
   ///
-  /// A programmer error that stops the process: a task that was moved from, or awaited before.
+  /// To await a task twice, or after it was moved from, is a programmer's error that stops the
+  /// process.
   auto operator co_await() && noexcept {
     struct Awaiter : coroutine::Start<T> {
       T await_resume() const { return this->task.promise().takeResult().take(); }
@@ -57,7 +59,7 @@ class [[nodiscard]] Task {
     return Awaiter{{started()}};
   }
 
-  /// An awaitable that starts the task and gives how it ended, without throwing.
+  /// An awaitable that starts the task and gives its `Result`, without throwing.
   auto result() && noexcept {
     struct Awaiter : coroutine::Start<T> {
       Result<T> await_resume() const { return this->task.promise().takeResult(); }

@@ -81,7 +81,7 @@ bool isBlank(std::string_view bytes) {
   return bytes == narrowBlank || bytes == wideBlank;
 }
 
-/// Lines that are filled piece by piece.
+/// Fills lines piece by piece.
 class Filling {
  public:
   explicit Filling(int most) : most_(most) {}
@@ -120,7 +120,7 @@ class Filling {
   std::vector<std::string> lines_;
 };
 
-/// The text without ill-formed bytes, each of which becomes U+FFFD.
+/// The text with U+FFFD in place of each ill-formed byte.
 std::string wellFormed(std::string_view text) {
   std::string out;
   while (!text.empty()) {
@@ -131,7 +131,7 @@ std::string wellFormed(std::string_view text) {
   return out;
 }
 
-/// The text up to the next end of a line, which is taken off with it.
+/// Removes the first line, with its line break, from `text` and returns it without the line break.
 std::string_view takeLine(std::string_view& text) {
   const std::size_t end = text.find_first_of("\r\n");
   const std::string_view line = text.substr(0, end);

@@ -30,11 +30,11 @@ const icu::Normalizer2& decomposition() {
 
 /// Normalization Form D of well-formed text (UAX #15), as scalars.
 ///
-/// ICU knows what decomposes and how; the order of marks is ours, because ICU's insertion sort
-/// takes half a minute for a hundred thousand marks on one letter, and anyone can name themselves so.
+/// ICU decomposes the characters; this function sorts the marks, because ICU's insertion sort takes
+/// half a minute for a hundred thousand marks on one letter, and a name may have that many.
 std::u32string decomposed(std::string_view text) {
   const icu::Normalizer2& form = decomposition();
-  // Below U+0300 nothing is a mark, and below U+00C0 nothing decomposes: most of most texts.
+  // No character below U+0300 is a mark, and none below U+00C0 decomposes: that is most of a text.
   const auto combiningClass = [&](char32_t scalar) -> int {
     return scalar < 0x300 ? 0 : form.getCombiningClass(static_cast<UChar32>(scalar));
   };
@@ -76,7 +76,7 @@ bool isTrail(char byte) noexcept {
   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
-/// The index of the first byte that is not the same, else the length of the shorter text.
+/// The index of the first byte that differs; the length of the shorter text when none differs.
 std::size_t firstDifference(std::string_view a, std::string_view b) noexcept {
   const std::size_t shorter = std::min(a.size(), b.size());
   std::size_t index = 0;
@@ -87,10 +87,10 @@ std::size_t firstDifference(std::string_view a, std::string_view b) noexcept {
   return index;
 }
 
-/// Rules 4 and 5, for the rests of two well-formed texts from where they differ.
+/// Rules 4 and 5, for two well-formed texts from their first difference on.
 ///
-/// The equal beginnings need not be looked at: decomposing goes by code point, and ordering
-/// exchanges marks of different classes and nothing else, so that equal beginnings cancel out.
+/// The equal beginnings do not matter: decomposing works on single code points, and ordering only
+/// exchanges marks of different classes, so equal beginnings cancel out.
 bool areEqualRests(std::string_view a, std::string_view b) {
   const auto startsInert = [](std::string_view text) {
     return decomposition().isInert(static_cast<UChar32>(*firstStep(text).scalar));

@@ -14,10 +14,10 @@ namespace vemra::text {
 
 // Two texts are the same text when they are canonically equivalent (Unicode Standard Annex #15).
 //
-// "é" is one text whether it is stored as U+00E9 or as "e" and U+0301, and people who share a name
-// must not become two because their devices store it differently. So no record compares its
-// strings with `==`; they compare and hash here. Case, compatibility forms ("ﬁ" and "fi") and
-// blanks do matter, and stored bytes are never changed.
+// "é" is one text whether it is stored as U+00E9 or as "e" and U+0301. One person must not become
+// two because two devices store the name differently. So records compare and hash their strings
+// with these functions, never with `==`. Case, compatibility forms ("ﬁ" and "fi") and blanks do
+// matter. Stored bytes never change.
 //
 // The rules, the first that applies:
 // 1. equal bytes: equal;
@@ -26,15 +26,16 @@ namespace vemra::text {
 //    the other: different (an ASCII character stays itself in every normal form and no mark moves
 //    across it, and decomposing never shortens);
 // 4. the first code points that differ are both inert under decomposition: different;
-// 5. what the decomposed texts say.
+// 5. compare the decomposed texts.
 //
 // The third rule gives the same answer for ill-formed texts, so it may come before the second. It
-// settles almost every comparison of identifiers, and its cheapest form is inline here: a scan that
-// misses among identifiers of one length takes half the time of one with `std::string`'s own `==`.
+// decides almost every comparison of identifiers, so its cheapest form is inline here: a search
+// that fails among identifiers of one length takes half the time of one with `std::string`'s own
+// `==`.
 
-/// Says that the outermost bytes of two texts, as many as a `Word` has, are ASCII and differ.
+/// Whether the first or the last `sizeof(Word)` bytes of two texts are ASCII and differ.
 ///
-/// - Precondition: neither text is shorter than that.
+/// - Precondition: neither text is shorter than a `Word`.
 template <class Word>
 inline bool differInOutermost(std::string_view a, std::string_view b) noexcept {
   constexpr Word highBits = static_cast<Word>(0x8080808080808080U);
@@ -50,9 +51,10 @@ inline bool differInOutermost(std::string_view a, std::string_view b) noexcept {
          differ(a.data(), b.data());
 }
 
-/// Says that two texts certainly differ, from their outermost eight bytes or less alone.
+/// A quick test of at most the first and the last eight bytes.
 ///
-/// - Returns: true only for texts that are not canonically equivalent; false decides nothing.
+/// - Returns: true when the texts are certainly not canonically equivalent; false when this test
+///   cannot tell.
 inline bool differAtAGlance(std::string_view a, std::string_view b) noexcept {
   const std::size_t shorter = a.size() < b.size() ? a.size() : b.size();
   if (shorter >= 8) return differInOutermost<std::uint64_t>(a, b);
@@ -61,10 +63,10 @@ inline bool differAtAGlance(std::string_view a, std::string_view b) noexcept {
   return a.size() != b.size();
 }
 
-/// The rest of the rules, for texts that do not differ at a glance. Call `equal` instead.
+/// All rules, for texts that the quick test cannot tell apart. Call `equal` instead.
 VEMRA_EXPORT bool equalBeyondAGlance(std::string_view a, std::string_view b);
 
-/// Says whether two texts are canonically equivalent, by the rules above.
+/// Whether two texts are canonically equivalent, by the rules above.
 ///
 /// Safe on every thread. Throws only when memory runs out or the Unicode data cannot be loaded.
 inline bool equal(std::string_view a, std::string_view b) {
@@ -73,7 +75,7 @@ inline bool equal(std::string_view a, std::string_view b) {
 
 /// Compares optional texts: nil equals only nil, and an empty text is not nil.
 ///
-/// A template so that it takes nothing but optional texts, and plain texts go to the one above.
+/// A template, so that it accepts only optional texts, and plain texts use the function above.
 template <std::same_as<std::optional<std::string>> Optional>
 bool equal(const Optional& a, const Optional& b) {
   if (!a.has_value() || !b.has_value()) return a.has_value() == b.has_value();
@@ -82,7 +84,7 @@ bool equal(const Optional& a, const Optional& b) {
 
 /// Hashes a text so that canonically equivalent texts hash equally.
 ///
-/// The value holds in this process alone: it depends on a random key of SipHash-1-3.
+/// Another process gives another value, because the key of SipHash-1-3 is random.
 VEMRA_EXPORT std::size_t hash(std::string_view text);
 
 /// Canonical equality as a function object for unordered containers, with lookup by view.

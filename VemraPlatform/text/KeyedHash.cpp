@@ -13,8 +13,8 @@ HashKey randomHashKey() noexcept {
     const std::uint64_t first = word();
     return {first, word()};
   } catch (const std::exception&) {
-    // No random numbers, as when the process may open no more files: the time and where the system
-    // put us are better than a key that everybody knows.
+    // The system gives no random numbers, for example when the process may open no more files. The
+    // time and the address of a variable are better than a key that everybody knows.
     const auto time = std::chrono::high_resolution_clock::now().time_since_epoch().count();
     static const char place = 0;
     return {static_cast<std::uint64_t>(time), reinterpret_cast<std::uintptr_t>(&place)};

@@ -10,13 +10,13 @@
 
 namespace vemra::text {
 
-/// What a hash depends on beside the bytes.
+/// The key of a hash function.
 struct HashKey {
   std::uint64_t first = 0;
   std::uint64_t second = 0;
 };
 
-/// A hash, and what one pass over the bytes finds out by the way.
+/// A hash, and a property of the bytes that the same pass over them finds.
 struct KeyedHash {
   std::uint64_t value = 0;
   bool isASCII = true;
@@ -36,12 +36,13 @@ inline Word wordAt(const char* at) noexcept {
   return word;
 }
 
-/// SipHash (Aumasson, Bernstein: "SipHash: a fast short-input PRF", 2012) with so many rounds.
+/// SipHash (Aumasson, Bernstein: "SipHash: a fast short-input PRF", 2012), with these numbers of
+/// rounds.
 ///
-/// Texts that hash alike cannot be made without the key. A table keyed by texts from outside needs
-/// that: with `std::hash`, whose key is the same everywhere, a document can bring any number of ids
-/// of one hash, and every search for one of them then compares it with all others. 1 and 3 rounds
-/// are what tables use; 2 and 4 are what the paper gives vectors for.
+/// Nobody can make texts with equal hashes without the key. A table keyed by texts from outside
+/// needs that: with `std::hash`, whose key is the same everywhere, a document can contain any
+/// number of ids with one hash, and a search for one of them then compares it with all others.
+/// Tables use 1 and 3 rounds; the paper's test vectors are for 2 and 4.
 template <int roundsPerWord, int roundsAtEnd>
 inline KeyedHash sipHash(std::string_view bytes, const HashKey& key) noexcept {
   std::uint64_t a = key.first ^ 0x736F6D6570736575U;
@@ -91,15 +92,15 @@ inline KeyedHash sipHash(std::string_view bytes, const HashKey& key) noexcept {
   return {a ^ b ^ c ^ d, (seen & 0x8080808080808080U) == 0};
 }
 
-/// A key that cannot be predicted.
+/// A random key.
 VEMRA_EXPORT HashKey randomHashKey() noexcept;
 
 /// The key of this process: random, and the same as long as the process runs.
 VEMRA_EXPORT const HashKey& processHashKey() noexcept;
 
-/// Hashes bytes under the key of this process. Another process gives another value, so nothing that
-/// anyone can see, and nothing stored, may depend on it. Where canonically equivalent texts are one
-/// key, use `text::hash`.
+/// Hashes bytes under the key of this process. Another process gives another value, so neither
+/// output nor stored data may depend on it. Where canonically equivalent texts are one key, use
+/// `text::hash`.
 inline std::size_t hashOfBytes(std::string_view bytes) noexcept {
   return static_cast<std::size_t>(sipHash<1, 3>(bytes, processHashKey()).value);
 }

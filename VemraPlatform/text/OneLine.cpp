@@ -9,8 +9,8 @@ constexpr bool isASCIIControl(char32_t scalar) noexcept {
   return scalar < 0x20 || scalar == 0x7F;
 }
 
-/// Says whether a scalar beyond ASCII ends a line for some reader, or turns the order of what is
-/// shown around.
+/// Whether some programs end a line at this scalar, or show the text around it in another order.
+/// For scalars beyond ASCII.
 constexpr bool isDisruptive(char32_t scalar) noexcept {
   return (scalar >= 0x80 && scalar <= 0x9F) || scalar == 0x61C || scalar == 0x200E ||
          scalar == 0x200F || (scalar >= 0x2028 && scalar <= 0x202E) ||
@@ -22,7 +22,7 @@ void appendHex(std::string& out, char32_t value, int digits) {
   for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) out += hex[(value >> shift) & 0xF];
 }
 
-/// Appends the escape for a scalar that does not fit a line; false when it does and has none.
+/// Appends the escape of a scalar; false when the scalar needs none.
 bool appendEscape(std::string& out, char32_t scalar) {
   if (scalar == '\n') {
     out += "\\n";
@@ -42,7 +42,7 @@ bool appendEscape(std::string& out, char32_t scalar) {
   return true;
 }
 
-/// Appends the text as it fits a line, with a backslash before each of the `marked`.
+/// Appends the text with escapes, and with a backslash before each character of `marked`.
 void appendOnOneLine(std::string& out, std::string_view text, std::string_view marked) {
   while (!text.empty()) {
     const auto [scalar, length] = firstStep(text);

@@ -17,7 +17,7 @@ unsigned char byteAt(std::string_view text, std::size_t index) noexcept {
   return static_cast<unsigned char>(text[index]);
 }
 
-/// How many bytes a sequence with this first byte has; 0 when no sequence starts so.
+/// The length in bytes of a sequence with this first byte; 0 when no sequence starts with it.
 constexpr std::size_t lengthAfterLead(unsigned char lead) noexcept {
   if (lead < 0x80) return 1;
   if (lead >= 0xC2 && lead <= 0xDF) return 2;

@@ -9,10 +9,10 @@
 
 namespace vemra::text {
 
-/// One step through UTF-8 text: the scalar found there, or nothing where the bytes are ill-formed.
+/// One step through UTF-8 text: the next scalar, or nil where the bytes are ill-formed.
 ///
-/// An ill-formed byte is a step of its own, one byte long, so that a walk always ends and never
-/// swallows the well-formed text around it.
+/// An ill-formed byte is a step of its own, one byte long, so a walk always ends and never skips
+/// the well-formed text around it.
 struct Step {
   std::optional<char32_t> scalar;
   std::size_t length = 0;  ///< In bytes; 1 to 4, and 0 only for empty text.
@@ -20,15 +20,16 @@ struct Step {
 
 /// Reads the first scalar of a text.
 ///
-/// Well-formed is what Unicode's table 3-7 lists: no overlong forms, no surrogates, nothing above
-/// U+10FFFF.
-/// - Returns: the scalar and its length; `{nothing, 1}` for an ill-formed byte; `{nothing, 0}` for
-///   empty text.
+/// Unicode's table 3-7 lists the well-formed sequences: no overlong forms, no surrogates, no scalar
+/// above U+10FFFF.
+/// - Returns: the scalar and its length; `{nil, 1}` for an ill-formed byte; `{nil, 0}` for an empty
+///   text.
 VEMRA_EXPORT Step firstStep(std::string_view text) noexcept;
 
 /// Reads the last scalar of a text; the mirror of `firstStep`.
 ///
-/// A byte that does not end a well-formed sequence is ill-formed by itself, whatever precedes it.
+/// A byte that does not end a well-formed sequence is ill-formed by itself, whatever comes before
+/// it.
 VEMRA_EXPORT Step lastStep(std::string_view text) noexcept;
 
 /// Appends a scalar to UTF-8 text.
@@ -36,10 +37,10 @@ VEMRA_EXPORT Step lastStep(std::string_view text) noexcept;
 /// - Parameter scalar: a Unicode scalar value; not checked.
 VEMRA_EXPORT void append(std::string& text, char32_t scalar);
 
-/// Says whether the whole text is well-formed UTF-8. Empty text is.
+/// Whether the whole text is well-formed UTF-8; true for an empty text.
 VEMRA_EXPORT bool isWellFormed(std::string_view text) noexcept;
 
-/// Says whether every byte is below 0x80.
+/// Whether every byte is below 0x80.
 VEMRA_EXPORT bool isASCII(std::string_view text) noexcept;
 
 }  // namespace vemra::text

@@ -49,6 +49,10 @@ struct Insets {
 ///
 /// It shares the view's description, so making and copying an element is cheap. Two elements are
 /// equal when they do not differ in anything that a renderer shows or assistive technology reads.
+///
+/// A copy may be kept as long as needed, also after its node has been removed. The references and
+/// string views that it returns are valid while the element, or a copy of it, lives. Lengths are in
+/// points; a page converts them with its `page::Grid`.
 class VEMRA_EXPORT Element {
  public:
   Element(View view, const Style& inherited, const Environment& environment);
@@ -81,8 +85,14 @@ class VEMRA_EXPORT Element {
   /// The identifier applied last, "" when there is none.
   std::string_view accessibilityIdentifier() const;
   ButtonStyle buttonStyle() const;
+  /// Whether a title beside the control is hidden from view; assistive technology reads it in any
+  /// case. The renderers here never draw the title of a picker, and draw that of a text field as
+  /// its placeholder, so none of them reads this.
   bool labelsHidden() const;
+  /// The sum of all paddings, in points.
   Insets padding() const;
+  /// The value that the element represents as a choice of the picker around it; nullptr without
+  /// one.
   const Tag* tag() const;
 
   friend VEMRA_EXPORT bool operator==(const Element& a, const Element& b);

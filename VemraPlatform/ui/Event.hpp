@@ -8,24 +8,34 @@
 namespace vemra::ui {
 
 /// \name Events
-/// What a person can do to an element. @{
-struct Press {};  ///< a button
+/// What a person can do to an element. `ViewGraph::deliver` looks up the element's handler when it
+/// handles the event, and refuses an event that the kind of element does not accept.
+/// @{
+
+/// Presses a button: runs its action, if it has one.
+struct Press {};
+/// Chooses in a picker: sets its selection to the tag. The graph does not check that the picker has
+/// such a choice; a tag of another type than the selection's has no effect.
 struct Select {
   Tag tag;
-};  ///< a picker
+};
+/// Replaces the whole text of a text field, byte for byte. The graph checks neither the length nor
+/// that the text is well-formed UTF-8. A view may refuse it: then the element keeps its text and no
+/// update is sent.
 struct EditText {
   std::string text;
-};                 ///< a text field; the whole new text
-struct Submit {};  ///< the Return key in a text field
+};
+/// The Return key in a text field. No view has a handler for it yet, so it changes nothing.
+struct Submit {};
 /// @}
 
 using Event = std::variant<Press, Select, EditText, Submit>;
 
 /// The result of delivering an event.
 enum class Delivery {
-  acted,     ///< the element handled it
-  queued,    ///< another event is being handled; the graph handles this one next
-  gone,      ///< the element is no longer there
+  acted,   ///< the element handled it
+  queued,  ///< the graph is busy (an event, a pass, `apply`); it handles this event later, in order
+  gone,    ///< the element is no longer there
   disabled,  ///< the element is disabled
   refused,   ///< the element does not accept this kind of event
 };

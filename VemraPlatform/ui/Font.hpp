@@ -4,8 +4,16 @@
 
 namespace vemra::ui {
 
-/// The roles of text on the screen, each with its size and usual weight.
-enum class TextStyle { title2, headline, body, subheadline, caption, caption2 };
+/// The roles of text on the screen. The sizes are ratios of the system's font, which is the body
+/// text, times `Environment::textScale`.
+enum class TextStyle {
+  title2,       ///< 17/13 of the body text, regular
+  headline,     ///< the size of the body text, bold
+  body,         ///< the system's font, regular
+  subheadline,  ///< 11/13, regular
+  caption,      ///< 10/13, regular
+  caption2,     ///< 10/13, medium
+};
 
 enum class FontWeight { regular, medium, semibold, bold };
 
@@ -34,7 +42,9 @@ inline constexpr Font Font::subheadline{TextStyle::subheadline, std::nullopt};
 inline constexpr Font Font::caption{TextStyle::caption, std::nullopt};
 inline constexpr Font Font::caption2{TextStyle::caption2, std::nullopt};
 
-/// Levels of the current text colour.
+/// Levels of the current text colour: `primary` is the colour of the system's text, the others come
+/// nearer to the background. A renderer keeps all three readable (a contrast of 4.5 to 1 or more)
+/// and different from each other.
 enum class ForegroundStyle { primary, secondary, tertiary };
 
 }  // namespace vemra::ui

@@ -51,9 +51,10 @@ struct Changes {
   /// The lists that have changed, in their state after all patches: each list that is new or has
   /// new rows, and each list with a child that is new or has another index among all rows.
   std::vector<ListRows> lists = {};
-  /// The environment of the tree, when it is another than in the renderer's previous changes; always
-  /// in a renderer's first changes. Read the reading direction, the colour scheme and the text scale
-  /// here: patches report only what the environment changes in elements, such as translations.
+  /// The environment of the tree, when it is another than in the renderer's previous changes;
+  /// always in a renderer's first changes. Read the reading direction, the colour scheme and the
+  /// text scale here: patches report only what the environment changes in elements, such as
+  /// translations.
   std::optional<Environment> environment = {};
 };
 
@@ -69,6 +70,9 @@ class VEMRA_EXPORT Renderer {
   virtual RowDemand rowDemand() const = 0;
   /// Applies the changes of one pass. It may request rows from the graph and deliver events; the
   /// graph handles these requests after it has returned.
+  ///
+  /// Must not throw: the graph would rethrow the exception to the caller, but would not hand over
+  /// the same changes again, so that the renderer would show another tree from then on.
   virtual void apply(const Changes& changes) = 0;
 
  protected:

@@ -8,6 +8,9 @@
 namespace vemra::ui {
 
 /// The ids of all rows of a `ForEach`, in order. They are known without describing the rows.
+///
+/// The host's code computes them, so both functions may throw, whatever the graph promises for its
+/// own calls: catch what they throw (`ViewGraph` says what a thrown id does to the tree).
 class VEMRA_EXPORT RowIDs {
  public:
   virtual ~RowIDs() = default;

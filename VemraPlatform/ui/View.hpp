@@ -76,7 +76,8 @@ class VEMRA_EXPORT View {
   /// The level of the text colour; also applies to the views inside.
   View foregroundStyle(ForegroundStyle style) const&;
   View foregroundStyle(ForegroundStyle style) &&;
-  /// Adds space around the view, in points, on all or some edges. Several paddings add up.
+  /// Adds space around the view, in points, on all or some edges. Several paddings add up. On a
+  /// Group, a ForEach or a composite, which have no layout, it applies to each child.
   View padding(int length) const& { return padding(Edges::all, length); }
   View padding(int length) && { return std::move(*this).padding(Edges::all, length); }
   View padding(Edges edges, int length) const&;
@@ -171,7 +172,8 @@ class VEMRA_EXPORT VStack : public View {
   VStack(HorizontalAlignment alignment, int spacing, Children children);
 };
 
-/// A row of its children, beginning at the leading edge.
+/// A row of its children, beginning at the leading edge. A child that does not fit the width begins
+/// a further line, with the same spacing below the previous one, so that nothing is cut off.
 class VEMRA_EXPORT HStack : public View {
  public:
   /// `spacing` is the space between two neighbours, in points; an absent child takes none.
@@ -190,7 +192,11 @@ enum class Axis { vertical };
 enum class ScrollIndicators { hidden, shown };
 
 /// A scrolling view of children that may need more space than the screen has; it stacks them
-/// vertically.
+/// vertically, without spacing.
+///
+/// A page scrolls as a whole, so a ScrollView makes no scrolling area of its own: it is a column
+/// that decides whether the page shows a scroll bar. Only one at the root has that effect, or one
+/// reached from the root through views with one child each.
 class VEMRA_EXPORT ScrollView : public View {
  public:
   explicit ScrollView(Children children, Axis axis = Axis::vertical,

@@ -54,6 +54,9 @@ class VEMRA_EXPORT ViewGraph final {
   /// every row, for all rows. The previous renderer gets one `remove` of the root, then no further
   /// patches. Attaching the present renderer again changes nothing. The renderer must outlive the
   /// graph or be detached.
+  ///
+  /// Describes the tree again, so it throws what a body throws; the renderer stays attached then.
+  /// When called from inside a callback, it takes effect when the present event has been handled.
   void attach(Renderer& renderer);
   /// Detaches this renderer: it gets no further patches, not even a `remove` of the root. The tree
   /// stays. Does nothing when another renderer has replaced it.
@@ -62,18 +65,20 @@ class VEMRA_EXPORT ViewGraph final {
   void detach();
 
   /// Describes the whole tree anew. During an event, the root takes effect when the event ends; of
-  /// several roots, the last one wins.
+  /// several roots, the last one wins. Throws what a body or a row's closure threw, after all work.
   void setRoot(View root);
   void setEnvironment(Environment environment);
   const Environment& environment() const;
 
   /// Delivers an event to a node. Events for nodes that are gone or disabled do nothing. An event
-  /// delivered from inside a callback is queued, and its result is not reported.
+  /// delivered from inside a callback is queued, and its result is not reported. Throws what the
+  /// action or a description threw, after all work.
   Delivery deliver(NodeID node, Event event);
 
   /// Makes exactly these rows of a `ForEach` the shown rows. Ranges may touch, overlap and have any
-  /// order; indexes past the end are ignored. Does nothing when the renderer demands every row, or
-  /// when the node is not a `ForEach` or is gone.
+  /// order; indexes past the end are ignored. Does nothing when the renderer demands every row,
+  /// when the list is inside a picker (which always has all its rows), or when the node is not a
+  /// `ForEach` or is gone. Throws what a row's closure or a body threw, after all work.
   void showRows(NodeID forEach, std::vector<RowRange> ranges);
 
   /// Describes one row without showing it (for assistive technology and automation) and returns its

@@ -6,7 +6,7 @@
 
 namespace vemra::documents {
 
-/// A document that cannot be used: which file, where in it, and what was expected there.
+/// The error of an unusable document: names the file, the place in it, and the expected value.
 ///
 /// `what()` is the whole line for people: `case.json: /goal/title: expected a string; found 12`.
 /// The place is left out when it is the document itself. Every part is well-formed UTF-8 on one
@@ -24,8 +24,9 @@ std::string shortened(std::string_view text);
 /// The same between quotation marks, as by `text::quotedOnOneLine`.
 std::string inQuotes(std::string_view text);
 
-/// `token` as one step of a JSON pointer: "~" is "~0" and "/" is "~1" (RFC 6901, section 3). Because
-/// it goes into a message, it is on one line, as by `text::onOneLine`, and a very long one is cut.
+/// `token` as one step of a JSON pointer: "~" is "~0" and "/" is "~1" (RFC 6901, section 3).
+/// Because it goes into a message, it is on one line, as by `text::onOneLine`, and a very long one
+/// is cut.
 std::string pointerToken(std::string_view token);
 
 }  // namespace vemra::documents

@@ -10,7 +10,7 @@ namespace vemra::documents {
 
 /// Where the reading of a document stands: the file's name and the way from its root.
 ///
-/// Knows how an error at that place is said.
+/// Writes an error at that place.
 class JsonPlace {
  public:
   explicit JsonPlace(std::string file);

@@ -9,7 +9,7 @@ namespace {
 QtMessageHandler passOn = nullptr;
 
 void passOnAllOthers(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-  // What the toolkit's search for folders says begins with the name of its class.
+  // Messages of the toolkit's search for folders begin with the name of its class.
   if (text.startsWith("QStandardPaths: ") || text.startsWith("Detected locale \"")) return;
   passOn(type, context, text);
 }

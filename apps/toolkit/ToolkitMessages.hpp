@@ -2,11 +2,11 @@
 
 namespace vemra::toolkit {
 
-/// From now on what the toolkit has to say is passed on as before, but for its remarks about the user's
-/// environment, which nothing in a program could heed: about folders, and, in newer versions, about a locale
-/// that is not UTF-8, in whose place it takes one that is.
+/// Suppresses the toolkit's messages about the user's environment, which a program cannot change:
+/// about folders, and, in newer versions, about a locale that is not UTF-8 and that the toolkit
+/// replaces. All other messages are forwarded as before.
 ///
-/// To be called once, before there is a `QApplication`.
+/// Call it once, before making the `QApplication`.
 void leaveOutRemarksAboutTheEnvironment();
 
 }  // namespace vemra::toolkit

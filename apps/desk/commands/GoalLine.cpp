@@ -1,8 +1,12 @@
 #include "apps/desk/commands/GoalLine.hpp"
 
+#include <string_view>
+
 namespace vemra::desk {
 
-std::string onOneLine(std::string_view text) {
+namespace {
+
+std::string escapedField(std::string_view text) {
   std::string line;
   line.reserve(text.size());
   for (const char byte : text) {
@@ -27,8 +31,10 @@ std::string onOneLine(std::string_view text) {
   return line;
 }
 
+}  // namespace
+
 std::string goalLine(const GoalListing& goal) {
-  return onOneLine(goal.id) + '\t' + onOneLine(goal.title) + '\n';
+  return escapedField(goal.id) + '\t' + escapedField(goal.title) + '\n';
 }
 
 }  // namespace vemra::desk
