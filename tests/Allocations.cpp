@@ -6,7 +6,7 @@
 
 namespace {
 
-std::uint64_t count = 0;  // the main thread's; no test here has another one that allocates
+std::uint64_t count = 0;  // of the main thread; no other thread allocates in these tests
 
 constexpr std::uint64_t never = std::numeric_limits<std::uint64_t>::max();
 std::uint64_t refused = never;  // the number of the allocation that is not granted

@@ -4,17 +4,17 @@
 
 namespace vemra::testing {
 
-/// How often this program has called `operator new` so far, with or without an alignment, in
-/// whatever library.
+/// The number of calls of `operator new` in this program so far, with or without an alignment, in
+/// all libraries.
 ///
 /// Always 0 where the program cannot replace it (under the sanitizers).
 std::uint64_t allocations();
 
-/// Lets the main thread's next `granted` calls of `operator new` have their memory, and the one
-/// after them throw `std::bad_alloc`, once. Does nothing where `allocations` is always 0.
+/// Grants the main thread's next `granted` calls of `operator new`; the call after them throws
+/// `std::bad_alloc`, once. Does nothing where `allocations` is always 0.
 void refuseAllocationAfter(std::uint64_t granted);
 
-/// Takes back a refusal that has not come about.
+/// Cancels a refusal that has not happened yet.
 void refuseNoAllocation();
 
 }  // namespace vemra::testing

@@ -2,33 +2,29 @@
 
 #include "VemraGoalEngine/GoalRecords.hpp"
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
+#include "tests/RecordBuilders.hpp"
 
 #include <string>
 #include <utility>
 #include <vector>
 
 /// \file
-/// What hosts without a store do when an outcome is recorded.
+/// Recording of outcomes in hosts without a store.
 
 namespace vemra {
 
-/// Puts an outcome behind those that the result holds.
+/// Appends an outcome to the result.
 inline void appendOutcome(GetGoalSnapshotResponse& result, GoalOutcomeDTO outcome) {
   std::vector<GoalOutcomeDTO> outcomes(result.outcomes.begin(), result.outcomes.end());
   outcomes.push_back(std::move(outcome));
   result.outcomes = std::move(outcomes);
 }
 
-/// Puts what was recorded behind the outcomes of the result: "o1" is the first one's id.
+/// Appends the recorded outcome to the result. The id of the first outcome is "o1".
 inline void append(GetGoalSnapshotResponse& result, const GoalOutcomeRecordingInput& input) {
-  GoalOutcomeDTO outcome;
-  outcome.id = "o" + std::to_string(result.outcomes.size() + 1);
-  outcome.subjectKind = input.subjectKind;
-  outcome.subjectRef = input.subjectRef;
-  outcome.value = input.outcome;
-  outcome.note = input.note;
-  outcome.correctsOutcomeID = input.correctsOutcomeID;
-  appendOutcome(result, std::move(outcome));
+  appendOutcome(
+      result, build::outcome("o" + std::to_string(result.outcomes.size() + 1), input.subjectKind,
+                             input.subjectRef, input.outcome, input.note, input.correctsOutcomeID));
 }
 
 }  // namespace vemra

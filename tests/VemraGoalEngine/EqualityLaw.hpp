@@ -6,7 +6,7 @@
 
 namespace vemra::testing {
 
-/// One way to make a record another one.
+/// One change that makes a record unequal.
 template <class Record>
 struct Change {
   const char* field;

@@ -8,7 +8,7 @@
 namespace vemra {
 namespace {
 
-TEST(GoalOutcomeValue, allCasesStandInIndexOrder) {
+TEST(GoalOutcomeValue, AllCasesStandInIndexOrder) {
   ASSERT_EQ(allGoalOutcomeValues.size(), 8U);
   for (std::size_t index = 0; index < allGoalOutcomeValues.size(); ++index) {
     EXPECT_EQ(static_cast<std::size_t>(allGoalOutcomeValues[index]), index);
@@ -23,19 +23,19 @@ TEST(GoalOutcomeValue, allCasesStandInIndexOrder) {
   EXPECT_EQ(static_cast<int>(GoalOutcomeValue::somethingElse), 7);
 }
 
-TEST(GoalOutcomeValue, hashesByCase) {
+TEST(GoalOutcomeValue, HashesByCase) {
   std::unordered_set<GoalOutcomeValue> values(allGoalOutcomeValues.begin(),
                                               allGoalOutcomeValues.end());
   values.insert(GoalOutcomeValue::helped);
   EXPECT_EQ(values.size(), 8U);
 }
 
-TEST(GoalOutcomeSubjectKind, personComesBeforePath) {
+TEST(GoalOutcomeSubjectKind, PersonComesBeforePath) {
   EXPECT_EQ(static_cast<int>(GoalOutcomeSubjectKind::person), 0);
   EXPECT_EQ(static_cast<int>(GoalOutcomeSubjectKind::path), 1);
 }
 
-TEST(CaseNames, ofValues) {
+TEST(CaseNames, OfValues) {
   const std::string_view names[] = {"reachedOut", "invited", "introduced",    "helped",
                                     "wasUseful",  "notAFit", "noActionTaken", "somethingElse"};
   for (GoalOutcomeValue value : allGoalOutcomeValues) {
@@ -43,12 +43,12 @@ TEST(CaseNames, ofValues) {
   }
 }
 
-TEST(CaseNames, ofSubjectKinds) {
+TEST(CaseNames, OfSubjectKinds) {
   EXPECT_EQ(caseName(GoalOutcomeSubjectKind::person), "person");
   EXPECT_EQ(caseName(GoalOutcomeSubjectKind::path), "path");
 }
 
-TEST(CaseNames, whatIsNoCaseHasNoName) {
+TEST(CaseNames, WhatIsNoCaseHasNoName) {
   EXPECT_EQ(caseName(static_cast<GoalOutcomeValue>(8)), "");
   EXPECT_EQ(caseName(static_cast<GoalOutcomeSubjectKind>(2)), "");
 }

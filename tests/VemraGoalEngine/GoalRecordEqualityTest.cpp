@@ -9,7 +9,7 @@ namespace {
 
 using testing::expectEachChangeToMatter;
 
-TEST(GoalRecordEquality, everyFieldOfAGoalTakesPart) {
+TEST(GoalRecordEquality, EveryFieldOfAGoalTakesPart) {
   expectEachChangeToMatter<GoalDTO>(
       [] { return sample::goal(); },
       {
@@ -32,7 +32,7 @@ TEST(GoalRecordEquality, everyFieldOfAGoalTakesPart) {
       });
 }
 
-TEST(GoalRecordEquality, everyFieldOfAPersonTakesPart) {
+TEST(GoalRecordEquality, EveryFieldOfAPersonTakesPart) {
   using Person = GoalPersonCandidateDTO;
   expectEachChangeToMatter<Person>(
       [] { return sample::person(); },
@@ -45,7 +45,7 @@ TEST(GoalRecordEquality, everyFieldOfAPersonTakesPart) {
       });
 }
 
-TEST(GoalRecordEquality, everyFieldOfAPathTakesPart) {
+TEST(GoalRecordEquality, EveryFieldOfAPathTakesPart) {
   using Path = GoalPathCandidateDTO;
   expectEachChangeToMatter<Path>(
       [] { return sample::path(); },
@@ -59,7 +59,7 @@ TEST(GoalRecordEquality, everyFieldOfAPathTakesPart) {
       });
 }
 
-TEST(GoalRecordEquality, everyFieldOfAGroupTakesPart) {
+TEST(GoalRecordEquality, EveryFieldOfAGroupTakesPart) {
   using Group = GoalGroupCandidateDTO;
   expectEachChangeToMatter<Group>([] { return sample::group(); },
                                   {
@@ -71,7 +71,7 @@ TEST(GoalRecordEquality, everyFieldOfAGroupTakesPart) {
                                   });
 }
 
-TEST(GoalRecordEquality, everyFieldOfACoverageTakesPart) {
+TEST(GoalRecordEquality, EveryFieldOfACoverageTakesPart) {
   using Coverage = GoalCoverageDTO;
   expectEachChangeToMatter<Coverage>(
       [] { return sample::coverage(); },
@@ -84,7 +84,7 @@ TEST(GoalRecordEquality, everyFieldOfACoverageTakesPart) {
       });
 }
 
-TEST(GoalRecordEquality, everyFieldOfAnOutcomeTakesPart) {
+TEST(GoalRecordEquality, EveryFieldOfAnOutcomeTakesPart) {
   using Outcome = GoalOutcomeDTO;
   expectEachChangeToMatter<Outcome>(
       [] { return sample::outcome(); },
@@ -108,7 +108,7 @@ TEST(GoalRecordEquality, everyFieldOfAnOutcomeTakesPart) {
       });
 }
 
-TEST(GoalRecordEquality, everyFieldOfAResponseTakesPart) {
+TEST(GoalRecordEquality, EveryFieldOfAResponseTakesPart) {
   using Response = GetGoalSnapshotResponse;
   expectEachChangeToMatter<Response>(
       [] { return sample::response(); },
@@ -124,7 +124,7 @@ TEST(GoalRecordEquality, everyFieldOfAResponseTakesPart) {
 
 // Every string of the sample holds the letter in question, so one field compared byte for byte
 // would make its record unequal.
-TEST(GoalRecordEquality, stringsInAnotherNormalFormAreTheSameInEveryField) {
+TEST(GoalRecordEquality, StringsInAnotherNormalFormAreTheSameInEveryField) {
   EXPECT_TRUE(sample::goal(sample::composed) == sample::goal(sample::decomposed));
   EXPECT_TRUE(sample::person(sample::composed) == sample::person(sample::decomposed));
   EXPECT_TRUE(sample::path(sample::composed) == sample::path(sample::decomposed));
@@ -134,7 +134,7 @@ TEST(GoalRecordEquality, stringsInAnotherNormalFormAreTheSameInEveryField) {
   EXPECT_TRUE(sample::response(sample::composed) == sample::response(sample::decomposed));
 }
 
-TEST(GoalRecordEquality, anAbsentStringIsNotAnEmptyOne) {
+TEST(GoalRecordEquality, AnAbsentStringIsNotAnEmptyOne) {
   GoalOutcomeDTO absent = sample::outcome();
   absent.correctsOutcomeID.reset();
   GoalOutcomeDTO empty = sample::outcome();
@@ -162,7 +162,7 @@ TEST(GoalRecordEquality, anAbsentStringIsNotAnEmptyOne) {
   EXPECT_FALSE(untimed == emptyTime);
 }
 
-TEST(GoalRecordEquality, caseAndCompatibilityFormsMatter) {
+TEST(GoalRecordEquality, CaseAndCompatibilityFormsMatter) {
   GoalPersonCandidateDTO lower = sample::person();
   lower.personRef = "fi";
   GoalPersonCandidateDTO upper = sample::person();
@@ -173,7 +173,7 @@ TEST(GoalRecordEquality, caseAndCompatibilityFormsMatter) {
   EXPECT_FALSE(lower == ligature);
 }
 
-TEST(GoalPersonCandidate, theTopEvidenceIsTheFirst) {
+TEST(GoalPersonCandidate, TheTopEvidenceIsTheFirst) {
   GoalPersonCandidateDTO person = sample::person();
   person.evidenceIDs = {"strongest", "weaker"};
   EXPECT_EQ(person.topEvidenceID(), "strongest");

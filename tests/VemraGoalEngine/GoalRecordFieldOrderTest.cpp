@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-// The engine declares its records in a fixed order, and whoever fills them by position relies on
+// The engine declares its records in a fixed order, and code that fills them by position relies on
 // it. Taking a record apart names every field in turn: one more, one fewer or one elsewhere does
 // not compile, or gives another field's value.
 
@@ -15,7 +15,7 @@ namespace {
 template <class First, class... Rest>
 constexpr bool sameSize = ((sizeof(First) == sizeof(Rest)) && ...);
 
-TEST(GoalRecordFieldOrder, goal) {
+TEST(GoalRecordFieldOrder, Goal) {
   const GoalDTO record = sample::goal();
   const auto& [id, title, status, targetPersonRef, createdAt, updatedAt, priority, keywords,
                keywordsRevision, constraints, constraintsRevision, attachmentRefs] = record;
@@ -36,7 +36,7 @@ TEST(GoalRecordFieldOrder, goal) {
   static_assert(std::is_same_v<decltype(GoalDTO::constraintsRevision), std::int64_t>);
 }
 
-TEST(GoalRecordFieldOrder, person) {
+TEST(GoalRecordFieldOrder, Person) {
   const GoalPersonCandidateDTO record = sample::person();
   const auto& [personRef, displayName, why, evidenceIDs] = record;
   EXPECT_EQ(&personRef, &record.personRef);
@@ -45,7 +45,7 @@ TEST(GoalRecordFieldOrder, person) {
   EXPECT_EQ(&evidenceIDs, &record.evidenceIDs);
 }
 
-TEST(GoalRecordFieldOrder, path) {
+TEST(GoalRecordFieldOrder, Path) {
   const GoalPathCandidateDTO record = sample::path();
   const auto& [personRefs, why, strength] = record;
   EXPECT_EQ(&personRefs, &record.personRefs);
@@ -54,7 +54,7 @@ TEST(GoalRecordFieldOrder, path) {
   static_assert(std::is_same_v<decltype(GoalPathCandidateDTO::strength), std::int64_t>);
 }
 
-TEST(GoalRecordFieldOrder, coverage) {
+TEST(GoalRecordFieldOrder, Coverage) {
   const GoalCoverageDTO record = sample::coverage();
   const auto& [sources, evidenceCount, latestEvidenceAt] = record;
   EXPECT_EQ(&sources, &record.sources);
@@ -63,7 +63,7 @@ TEST(GoalRecordFieldOrder, coverage) {
   static_assert(std::is_same_v<decltype(GoalCoverageDTO::evidenceCount), std::int64_t>);
 }
 
-TEST(GoalRecordFieldOrder, outcome) {
+TEST(GoalRecordFieldOrder, Outcome) {
   const GoalOutcomeDTO record = sample::outcome();
   const auto& [id, goalID, subjectKind, subjectRef, value, note, recordedAt, recordedBy,
                correctsOutcomeID] = record;
@@ -78,7 +78,7 @@ TEST(GoalRecordFieldOrder, outcome) {
   EXPECT_EQ(&correctsOutcomeID, &record.correctsOutcomeID);
 }
 
-TEST(GoalRecordFieldOrder, response) {
+TEST(GoalRecordFieldOrder, Response) {
   const GetGoalSnapshotResponse record = sample::response();
   const auto& [goal, people, paths, group, coverage, outcomes] = record;
   EXPECT_EQ(&goal, &record.goal);
@@ -89,7 +89,7 @@ TEST(GoalRecordFieldOrder, response) {
   EXPECT_EQ(&outcomes, &record.outcomes);
 }
 
-TEST(GoalRecordFieldOrder, reason) {
+TEST(GoalRecordFieldOrder, Reason) {
   const GoalWhyDTO::Evidence record{"label", "detail", "reference"};
   const auto& [label, detail, reference] = record;
   EXPECT_EQ(&label, &record.label);

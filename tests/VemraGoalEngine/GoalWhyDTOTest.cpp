@@ -8,7 +8,7 @@
 namespace vemra {
 namespace {
 
-TEST(GoalWhy, everyPartOfAReasonTakesPartInEquality) {
+TEST(GoalWhy, EveryPartOfAReasonTakesPartInEquality) {
   using Evidence = GoalWhyDTO::Evidence;
   testing::expectEachChangeToMatter<Evidence>(
       [] {
@@ -26,7 +26,7 @@ TEST(GoalWhy, everyPartOfAReasonTakesPartInEquality) {
   EXPECT_FALSE(GoalWhyDTO::sharedActivity(1, 2) == GoalWhyDTO::sharedActivity(1, 1));
 }
 
-TEST(GoalWhy, differentReasonsAreNeverEqual) {
+TEST(GoalWhy, DifferentReasonsAreNeverEqual) {
   const GoalWhyDTO reasons[] = {GoalWhyDTO::evidence("", "", ""),
                                 GoalWhyDTO::connection(0),
                                 GoalWhyDTO::sharedActivity(0, 0),
@@ -39,12 +39,12 @@ TEST(GoalWhy, differentReasonsAreNeverEqual) {
   }
 }
 
-TEST(GoalWhy, textsAreEqualInEitherNormalForm) {
+TEST(GoalWhy, TextsAreEqualInEitherNormalForm) {
   EXPECT_TRUE(GoalWhyDTO::evidence("\u00e9", "\u212b", "\uac00") ==
               GoalWhyDTO::evidence("e\u0301", "A\u030a", "\u1100\u1161"));
 }
 
-TEST(GoalWhy, theMakersFillTheReasonTheyAreNamedAfter) {
+TEST(GoalWhy, TheMakersFillTheReasonTheyAreNamedAfter) {
   const GoalWhyDTO evidence = GoalWhyDTO::evidence("a", "b", "c");
   const auto& payload = std::get<GoalWhyDTO::Evidence>(evidence.reason);
   EXPECT_EQ(payload.label, "a");
@@ -59,7 +59,7 @@ TEST(GoalWhy, theMakersFillTheReasonTheyAreNamedAfter) {
 
 // Whoever reads the alternatives by index meets those with figures first and then the plain ones,
 // with "matches on name" first among them.
-TEST(GoalWhy, reasonsStandInTheEnginesOrder) {
+TEST(GoalWhy, ReasonsStandInTheEnginesOrder) {
   EXPECT_EQ(GoalWhyDTO::evidence("", "", "").reason.index(), 0U);
   EXPECT_EQ(GoalWhyDTO::connection(0).reason.index(), 1U);
   EXPECT_EQ(GoalWhyDTO::sharedActivity(0, 0).reason.index(), 2U);

@@ -31,41 +31,41 @@ void expectToBeKeptOverAnAwait(const Record& record) {
 }
 
 // The build that checks alignment stops at the first record that is misplaced.
-TEST(RecordAlignment, aGoalIsKeptOverAnAwait) {
+TEST(RecordAlignment, AGoalIsKeptOverAnAwait) {
   expectToBeKeptOverAnAwait(sample::goal());
 }
 
-TEST(RecordAlignment, aPersonIsKeptOverAnAwait) {
+TEST(RecordAlignment, APersonIsKeptOverAnAwait) {
   expectToBeKeptOverAnAwait(sample::person());
 }
 
-TEST(RecordAlignment, aPathIsKeptOverAnAwait) {
+TEST(RecordAlignment, APathIsKeptOverAnAwait) {
   expectToBeKeptOverAnAwait(sample::path());
 }
 
-TEST(RecordAlignment, aGroupIsKeptOverAnAwait) {
+TEST(RecordAlignment, AGroupIsKeptOverAnAwait) {
   expectToBeKeptOverAnAwait(sample::group());
 }
 
-TEST(RecordAlignment, aCoverageIsKeptOverAnAwait) {
+TEST(RecordAlignment, ACoverageIsKeptOverAnAwait) {
   expectToBeKeptOverAnAwait(sample::coverage());
 }
 
-TEST(RecordAlignment, anOutcomeIsKeptOverAnAwait) {
+TEST(RecordAlignment, AnOutcomeIsKeptOverAnAwait) {
   expectToBeKeptOverAnAwait(sample::outcome());
 }
 
-TEST(RecordAlignment, aReasonIsKeptOverAnAwait) {
+TEST(RecordAlignment, AReasonIsKeptOverAnAwait) {
   expectToBeKeptOverAnAwait(sample::person().why);
 }
 
-TEST(RecordAlignment, aResponseIsKeptOverAnAwait) {
+TEST(RecordAlignment, AResponseIsKeptOverAnAwait) {
   expectToBeKeptOverAnAwait(sample::response());
 }
 
 #ifdef __GLIBCXX__  // the padding of an outcome counts with this library's strings
 // A scan over many outcomes then waits for one cache line of each.
-TEST(RecordAlignment, kindAndReferenceOfEachOutcomeInAnArrayLieInOneCacheLine) {
+TEST(RecordAlignment, KindAndReferenceOfEachOutcomeInAnArrayLieInOneCacheLine) {
   constexpr std::uintptr_t cacheLine = 64;
   const SharedArray<GoalOutcomeDTO> outcomes = std::vector<GoalOutcomeDTO>(5, sample::outcome());
   for (const GoalOutcomeDTO& outcome : outcomes) {

@@ -6,8 +6,9 @@
 
 #include <gmock/gmock.h>
 
-// The screen keeps each of the host's callbacks as the one object that it was given: every row calls
-// that object, so that what it captures is not copied and what it counts is not counted apart.
+// The screen keeps each of the host's callbacks as the one object that it was given: every row
+// calls that object, so that what it captures is not copied and what it counts is not counted
+// apart.
 
 namespace vemra::screentest {
 namespace {
@@ -60,7 +61,7 @@ class Callback : public ::testing::Test {
   const Counting counting_{reports_, copies_};
 };
 
-TEST_F(Callback, recordOutcomeIsOneObjectForAllRowsAndThePath) {
+TEST_F(Callback, RecordOutcomeIsOneObjectForAllRowsAndThePath) {
   Screen screen(GoalResultView(GoalResultSnapshotV1(resultWithPeople(2)), {}, {}, {}, counting_));
   saveAnOutcome(screen, "vemra.goal.person.p0");
   saveAnOutcome(screen, "vemra.goal.person.p1");
@@ -68,7 +69,7 @@ TEST_F(Callback, recordOutcomeIsOneObjectForAllRowsAndThePath) {
   EXPECT_THAT(reports_, ElementsAre(1, 2, 3));
 }
 
-TEST_F(Callback, recordOutcomeStaysThatObjectWhenItsControlIsDescribedAgain) {
+TEST_F(Callback, RecordOutcomeStaysThatObjectWhenItsControlIsDescribedAgain) {
   const GoalResultView view(GoalResultSnapshotV1(resultWithPeople(1)), {}, {}, {}, counting_);
   Screen screen(view);
   saveAnOutcome(screen, "vemra.goal.person.p0");
@@ -77,28 +78,28 @@ TEST_F(Callback, recordOutcomeStaysThatObjectWhenItsControlIsDescribedAgain) {
   EXPECT_THAT(reports_, ElementsAre(1, 2));
 }
 
-TEST_F(Callback, openPersonIsOneObjectForAllRows) {
+TEST_F(Callback, OpenPersonIsOneObjectForAllRows) {
   Screen screen(GoalResultView(GoalResultSnapshotV1(resultWithPeople(2)), counting_, {}, {}, {}));
   screen.press(testing::button("P0"));
   screen.press(testing::button("P1"));
   EXPECT_THAT(reports_, ElementsAre(1, 2));
 }
 
-TEST_F(Callback, showEvidenceIsOneObjectForAllRows) {
+TEST_F(Callback, ShowEvidenceIsOneObjectForAllRows) {
   Screen screen(GoalResultView(GoalResultSnapshotV1(resultWithPeople(2)), {}, counting_, {}, {}));
   screen.press("vemra.goal.person.p0.show-source");
   screen.press("vemra.goal.person.p1.show-source");
   EXPECT_THAT(reports_, ElementsAre(1, 2));
 }
 
-TEST_F(Callback, focusPathIsOneObjectForEveryPress) {
+TEST_F(Callback, FocusPathIsOneObjectForEveryPress) {
   Screen screen(GoalResultView(GoalResultSnapshotV1(resultWithPeople(0)), {}, {}, counting_, {}));
   screen.press("vemra.goal.path.see-in-starfold");
   screen.press("vemra.goal.path.see-in-starfold");
   EXPECT_THAT(reports_, ElementsAre(1, 2));
 }
 
-TEST_F(Callback, isOneObjectForAllCopiesOfTheView) {
+TEST_F(Callback, IsOneObjectForAllCopiesOfTheView) {
   const GoalResultView view(GoalResultSnapshotV1(resultWithPeople(1)), counting_, {}, {},
                             counting_);
   const GoalResultView copy = view;  // NOLINT(performance-unnecessary-copy-initialization)
@@ -109,7 +110,7 @@ TEST_F(Callback, isOneObjectForAllCopiesOfTheView) {
   EXPECT_THAT(reports_, ElementsAre(1, 2));
 }
 
-TEST_F(Callback, capturesAreCopiedNoMoreOftenForManyRowsThanForNone) {
+TEST_F(Callback, CapturesAreCopiedNoMoreOftenForManyRowsThanForNone) {
   const auto copiesToShow = [&](std::size_t people) {
     copies_ = 0;
     const GoalResultView view(GoalResultSnapshotV1(resultWithPeople(people)), counting_, counting_,

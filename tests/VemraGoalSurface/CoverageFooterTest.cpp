@@ -50,20 +50,20 @@ class CoverageFooter : public ::testing::Test {
   Calls calls_;
 };
 
-TEST_F(CoverageFooter, isTheLastElementOfTheColumn) {
+TEST_F(CoverageFooter, IsTheLastElementOfTheColumn) {
   const Screen screen(viewOf(ordinaryResult(), calls_));
   const auto& column = around(screen, testing::byText("Find a design lead"));
   ASSERT_EQ(column.childCount, 4u) << screen.outline();
   EXPECT_EQ(column.lastChild, nodesOf(screen, ui::ElementKind::group).back());
 }
 
-TEST_F(CoverageFooter, holdsTheSentenceInAGroupThatIsSmallAndSecondary) {
+TEST_F(CoverageFooter, HoldsTheSentenceInAGroupThatIsSmallAndSecondary) {
   EXPECT_THAT(footerOf(coverage(12, {"Mail", "Calendar"})),
               ElementsAre("Group .font(caption) .foregroundStyle(secondary)",
                           "  Text \"Based on 12 piece(s) of evidence from Mail, Calendar.\""));
 }
 
-TEST_F(CoverageFooter, givesItsFontAndStyleToTheText) {
+TEST_F(CoverageFooter, GivesItsFontAndStyleToTheText) {
   const Screen screen(viewOf(ordinaryResult(), calls_));
   const auto& group = *nodesOf(screen, ui::ElementKind::group).back();
   const ui::Style& style = group.firstChild->element.style();
@@ -71,14 +71,14 @@ TEST_F(CoverageFooter, givesItsFontAndStyleToTheText) {
   EXPECT_EQ(style.foreground, ui::ForegroundStyle::secondary);
 }
 
-TEST_F(CoverageFooter, saysNoSourceEvidenceForACountOfZeroWhateverTheSources) {
+TEST_F(CoverageFooter, SaysNoSourceEvidenceForACountOfZeroWhateverTheSources) {
   const auto noEvidence = ElementsAre("Group .font(caption) .foregroundStyle(secondary)",
                                       "  Text key \"No source evidence yet.\"");
   EXPECT_THAT(footerOf(coverage(0, {})), noEvidence);
   EXPECT_THAT(footerOf(coverage(0, {"Mail"}, "2025-01-05T10:00:00Z")), noEvidence);
 }
 
-TEST_F(CoverageFooter, saysNoSourceEvidenceForEveryNegativeCount) {
+TEST_F(CoverageFooter, SaysNoSourceEvidenceForEveryNegativeCount) {
   for (std::int64_t count :
        {std::int64_t{-1}, std::int64_t{-3}, std::numeric_limits<std::int64_t>::min()}) {
     EXPECT_EQ(footerOf(coverage(count, {"Mail"})).at(1), "  Text key \"No source evidence yet.\"")
@@ -86,29 +86,29 @@ TEST_F(CoverageFooter, saysNoSourceEvidenceForEveryNegativeCount) {
   }
 }
 
-TEST_F(CoverageFooter, namesYourMemoryWhenThereAreNoSources) {
+TEST_F(CoverageFooter, NamesYourMemoryWhenThereAreNoSources) {
   EXPECT_EQ(sentenceOf(coverage(1, {})), "Based on 1 piece(s) of evidence from your memory.");
 }
 
-TEST_F(CoverageFooter, joinsTheSourcesInTheirOrder) {
+TEST_F(CoverageFooter, JoinsTheSourcesInTheirOrder) {
   EXPECT_EQ(sentenceOf(coverage(12, {"Mail", "Calendar"})),
             "Based on 12 piece(s) of evidence from Mail, Calendar.");
   EXPECT_EQ(sentenceOf(coverage(12, {"Calendar", "Mail", "Mail"})),
             "Based on 12 piece(s) of evidence from Calendar, Mail, Mail.");
 }
 
-TEST_F(CoverageFooter, leavesAnEmptyPlaceForAnEmptySource) {
+TEST_F(CoverageFooter, LeavesAnEmptyPlaceForAnEmptySource) {
   EXPECT_EQ(sentenceOf(coverage(2, {"A", "", "B"})),
             "Based on 2 piece(s) of evidence from A, , B.");
   EXPECT_EQ(sentenceOf(coverage(2, {""})), "Based on 2 piece(s) of evidence from .");
 }
 
-TEST_F(CoverageFooter, showsSourcesAsTheyAre) {
+TEST_F(CoverageFooter, ShowsSourcesAsTheyAre) {
   EXPECT_EQ(sentenceOf(coverage(2, {" Mail ", "<b>&"})),
             "Based on 2 piece(s) of evidence from  Mail , <b>&.");
 }
 
-TEST_F(CoverageFooter, writesTheCountWithoutASeparator) {
+TEST_F(CoverageFooter, WritesTheCountWithoutASeparator) {
   EXPECT_EQ(sentenceOf(coverage(1500, {"Mail"})), "Based on 1500 piece(s) of evidence from Mail.");
   EXPECT_EQ(sentenceOf(coverage(std::numeric_limits<std::int64_t>::max(), {"Mail"}),
                        environment("de_DE", "UTC")),
@@ -117,17 +117,17 @@ TEST_F(CoverageFooter, writesTheCountWithoutASeparator) {
             "Based on 1500 piece(s) of evidence from Mail.");
 }
 
-TEST_F(CoverageFooter, closesWithTheDateOfTheLatestEvidence) {
+TEST_F(CoverageFooter, ClosesWithTheDateOfTheLatestEvidence) {
   EXPECT_EQ(sentenceOf(coverage(3, {"Notes"}, "2025-01-05T10:00:00Z")),
             "Based on 3 piece(s) of evidence from Notes, through Jan 5, 2025.");
 }
 
-TEST_F(CoverageFooter, closesWithTheDateAlsoWithoutSources) {
+TEST_F(CoverageFooter, ClosesWithTheDateAlsoWithoutSources) {
   EXPECT_EQ(sentenceOf(coverage(3, {}, "2025-01-05T10:00:00+02:00")),
             "Based on 3 piece(s) of evidence from your memory, through Jan 5, 2025.");
 }
 
-TEST_F(CoverageFooter, namesTheLocalCalendarDay) {
+TEST_F(CoverageFooter, NamesTheLocalCalendarDay) {
   const GoalCoverageDTO lateInTheDay = coverage(3, {"Notes"}, "2025-01-05T23:30:00Z");
   EXPECT_THAT(sentenceOf(lateInTheDay, environment("en_US", "UTC")), EndsWith("Jan 5, 2025."));
   EXPECT_THAT(sentenceOf(lateInTheDay, environment("en_US", "Europe/Berlin")),
@@ -137,7 +137,7 @@ TEST_F(CoverageFooter, namesTheLocalCalendarDay) {
               EndsWith("Jan 5, 2025."));
 }
 
-TEST_F(CoverageFooter, writesOnlyTheDateInTheUsersLocale) {
+TEST_F(CoverageFooter, WritesOnlyTheDateInTheUsersLocale) {
   const GoalCoverageDTO notes = coverage(3, {"Notes"}, "2025-01-05T10:00:00Z");
   const std::string start = "Based on 3 piece(s) of evidence from Notes, through ";
   EXPECT_EQ(sentenceOf(notes, environment("en_GB", "UTC")), start + "5 Jan 2025.");
@@ -146,7 +146,7 @@ TEST_F(CoverageFooter, writesOnlyTheDateInTheUsersLocale) {
   EXPECT_EQ(sentenceOf(notes, environment("th_TH", "UTC")), start + "5 ม.ค. 2568.");
 }
 
-TEST_F(CoverageFooter, hasNoDatePhraseForWhatCannotBeRead) {
+TEST_F(CoverageFooter, HasNoDatePhraseForWhatCannotBeRead) {
   for (const char* unreadable :
        {"2025-01-05T10:00:00.250Z", "2025-01-05", "yesterday", "", " 2025-01-05T10:00:00Z",
         "2025-01-05T10:00:00", "2025-02-30T10:00:00Z"}) {
@@ -156,7 +156,7 @@ TEST_F(CoverageFooter, hasNoDatePhraseForWhatCannotBeRead) {
   }
 }
 
-TEST_F(CoverageFooter, followsTheLocaleAndTimeZoneOfTheProcess) {
+TEST_F(CoverageFooter, FollowsTheLocaleAndTimeZoneOfTheProcess) {
   const testing::Environment all("LC_ALL", std::nullopt);
   const testing::Environment time("LC_TIME", "de_DE.UTF-8");
   const testing::Environment language("LANG", "en_US.UTF-8");
@@ -165,7 +165,7 @@ TEST_F(CoverageFooter, followsTheLocaleAndTimeZoneOfTheProcess) {
             "Based on 3 piece(s) of evidence from Notes, through 6. Jan. 2025.");
 }
 
-TEST_F(CoverageFooter, followsTheEnvironmentOnceItChanges) {
+TEST_F(CoverageFooter, FollowsTheEnvironmentOnceItChanges) {
   Result result = ordinaryResult();
   result.coverage = coverage(3, {"Notes"}, "2025-01-05T23:30:00Z");
   Screen screen(viewOf(result, calls_), environment("en_US", "UTC"));
@@ -173,7 +173,7 @@ TEST_F(CoverageFooter, followsTheEnvironmentOnceItChanges) {
   EXPECT_THAT(footer(screen).at(1), EndsWith("through 6 Jan 2025.\""));
 }
 
-TEST_F(CoverageFooter, switchesBetweenItsTwoTextsWithTheSnapshot) {
+TEST_F(CoverageFooter, SwitchesBetweenItsTwoTextsWithTheSnapshot) {
   Result result = ordinaryResult();
   result.coverage = coverage(0, {"Mail"});
   Screen screen(viewOf(result, calls_));

@@ -20,7 +20,7 @@ class WholeScreen : public ::testing::Test {
   Calls calls_;
 };
 
-TEST_F(WholeScreen, isOneColumnOfTitlePeoplePathAndFooter) {
+TEST_F(WholeScreen, IsOneColumnOfTitlePeoplePathAndFooter) {
   const Screen screen(viewOf(ordinaryResult(), calls_));
   EXPECT_THAT(
       shape(screen),
@@ -52,7 +52,7 @@ TEST_F(WholeScreen, isOneColumnOfTitlePeoplePathAndFooter) {
           "        Text \"Based on 12 piece(s) of evidence from Mail.\""));
 }
 
-TEST_F(WholeScreen, scrollsVerticallyWithItsIndicatorsShown) {
+TEST_F(WholeScreen, ScrollsVerticallyWithItsIndicatorsShown) {
   const Screen screen(viewOf(ordinaryResult(), calls_));
   const auto& scrollView = *nodesOf(screen, ui::ElementKind::scrollView).at(0);
   EXPECT_EQ(scrollView.element.scrollIndicators(), ui::ScrollIndicators::shown);
@@ -60,7 +60,7 @@ TEST_F(WholeScreen, scrollsVerticallyWithItsIndicatorsShown) {
   EXPECT_TRUE(scrollView.element.modifiers().empty());
 }
 
-TEST_F(WholeScreen, keepsAnEmptyTitleAsAnEmptyFirstLine) {
+TEST_F(WholeScreen, KeepsAnEmptyTitleAsAnEmptyFirstLine) {
   Result result = ordinaryResult();
   const Lines withTitle = shape(Screen(viewOf(result, calls_)));
   result.goal.title = "";
@@ -70,20 +70,20 @@ TEST_F(WholeScreen, keepsAnEmptyTitleAsAnEmptyFirstLine) {
   EXPECT_EQ(lines, withTitle);
 }
 
-TEST_F(WholeScreen, showsNothingOfTheGroup) {
+TEST_F(WholeScreen, ShowsNothingOfTheGroup) {
   Result result = ordinaryResult();
   const Lines without = shape(Screen(viewOf(result, calls_)));
   result.group = {GoalGroupCandidateDTO{"grp1", {"p1", "p2"}}};
   EXPECT_EQ(shape(Screen(viewOf(result, calls_))), without);
 }
 
-TEST_F(WholeScreen, asksNothingOfItsHostByBeingShown) {
+TEST_F(WholeScreen, AsksNothingOfItsHostByBeingShown) {
   Screen screen(viewOf(ordinaryResult(), calls_));
   screen.show(viewOf(ordinaryResult(), calls_));
   EXPECT_THAT(calls_.log, ElementsAre());
 }
 
-TEST_F(WholeScreen, hasExactlyTheseIdentifiersWhenAllIsClosed) {
+TEST_F(WholeScreen, HasExactlyTheseIdentifiersWhenAllIsClosed) {
   Result result = ordinaryResult();
   result.people = {person("p1", "Ada", {"ev9"}), person("a.b c", "Bo", {"ev1"}), person("p3")};
   result.outcomes = {
@@ -99,20 +99,20 @@ TEST_F(WholeScreen, hasExactlyTheseIdentifiersWhenAllIsClosed) {
                   "vemra.goal.path.see-in-starfold", "vemra.goal.path.outcome.correct"));
 }
 
-TEST_F(WholeScreen, aCopyOfTheViewShowsTheSame) {
+TEST_F(WholeScreen, ACopyOfTheViewShowsTheSame) {
   const GoalResultView view = viewOf(ordinaryResult(), calls_);
   const GoalResultView copy = view;
   EXPECT_EQ(shape(Screen(copy)), shape(Screen(view)));
 }
 
-TEST_F(WholeScreen, handingInAnEqualSnapshotChangesNothing) {
+TEST_F(WholeScreen, HandingInAnEqualSnapshotChangesNothing) {
   Screen screen(viewOf(ordinaryResult(), calls_));
   const std::size_t patches = screen.tree().patchCount();
   screen.show(viewOf(ordinaryResult(), calls_));
   EXPECT_EQ(screen.tree().patchCount(), patches);
 }
 
-TEST_F(WholeScreen, anEmptyCallbackAsksNothingOfTheHost) {
+TEST_F(WholeScreen, AnEmptyCallbackAsksNothingOfTheHost) {
   Screen screen(GoalResultView(GoalResultSnapshotV1(ordinaryResult()), {}, {}, {}, {}));
   screen.press(testing::button("Ada"));
   screen.press("vemra.goal.person.p1.show-source");
@@ -123,7 +123,7 @@ TEST_F(WholeScreen, anEmptyCallbackAsksNothingOfTheHost) {
       << "all is shown as ever, and Save has closed the editor";
 }
 
-TEST_F(WholeScreen, aNewViewMayBeHandedInFromInsideACallback) {
+TEST_F(WholeScreen, ANewViewMayBeHandedInFromInsideACallback) {
   Result next = ordinaryResult();
   next.goal.title = "Answered";
   std::optional<Screen> screen;
@@ -140,7 +140,7 @@ TEST_F(WholeScreen, aNewViewMayBeHandedInFromInsideACallback) {
   }
 }
 
-TEST_F(WholeScreen, callsTheCallbacksOfTheViewThatWasHandedInLast) {
+TEST_F(WholeScreen, CallsTheCallbacksOfTheViewThatWasHandedInLast) {
   Calls later;
   Screen screen(viewOf(ordinaryResult(), calls_));
   screen.show(viewOf(ordinaryResult(), later));

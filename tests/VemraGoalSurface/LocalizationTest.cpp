@@ -58,7 +58,7 @@ class Localization : public ::testing::Test {
   Calls calls_;
 };
 
-TEST_F(Localization, translatesHeadingsAndTitlesAndNothingElse) {
+TEST_F(Localization, TranslatesHeadingsAndTitlesAndNothingElse) {
   Screen screen(viewOf(everyFace(), calls_), withStrings(everything()));
   screen.press("vemra.goal.person.p2.outcome.start");
   EXPECT_THAT(screen.shownTexts(),
@@ -77,7 +77,7 @@ TEST_F(Localization, translatesHeadingsAndTitlesAndNothingElse) {
                           "Based on 12 piece(s) of evidence from Correct, through Jan 5, 2025."));
 }
 
-TEST_F(Localization, neverTranslatesGapsButTranslatesTheMissingEvidence) {
+TEST_F(Localization, NeverTranslatesGapsButTranslatesTheMissingEvidence) {
   Result result;
   Screen screen(viewOf(result, calls_), withStrings(everything()));
   EXPECT_THAT(screen.shownTexts(),
@@ -86,7 +86,7 @@ TEST_F(Localization, neverTranslatesGapsButTranslatesTheMissingEvidence) {
                           "[No source evidence yet.]"));
 }
 
-TEST_F(Localization, asksTheTableForItsOwnKeysOnly) {
+TEST_F(Localization, AsksTheTableForItsOwnKeysOnly) {
   auto table = everything();
   Screen screen(viewOf(everyFace(), calls_), withStrings(table));
   screen.press("vemra.goal.path.outcome.start");
@@ -98,7 +98,7 @@ TEST_F(Localization, asksTheTableForItsOwnKeysOnly) {
                                          "See in Starfold", "No source evidence yet."}));
 }
 
-TEST_F(Localization, showsTheKeyWhereTheTableHasNothing) {
+TEST_F(Localization, ShowsTheKeyWhereTheTableHasNothing) {
   auto table = std::make_shared<Table>([](std::string_view key) -> std::optional<std::string> {
     if (key == "Supported path") return "Möglicher Weg";
     return std::nullopt;
@@ -108,7 +108,7 @@ TEST_F(Localization, showsTheKeyWhereTheTableHasNothing) {
   EXPECT_TRUE(screen.has(testing::byText("People worth considering")));
 }
 
-TEST_F(Localization, showsAnEmptyTranslationAsEmpty) {
+TEST_F(Localization, ShowsAnEmptyTranslationAsEmpty) {
   auto nothing = std::make_shared<Table>([](std::string_view) { return std::string(); });
   Screen screen(viewOf(ordinaryResult(), calls_), withStrings(nothing));
   EXPECT_EQ(screen.get("vemra.goal.path.see-in-starfold").element.shownLabel(), "");
@@ -118,7 +118,7 @@ TEST_F(Localization, showsAnEmptyTranslationAsEmpty) {
                           "Based on 12 piece(s) of evidence from Mail."));
 }
 
-TEST_F(Localization, changesNoIdentifierAndNoCallback) {
+TEST_F(Localization, ChangesNoIdentifierAndNoCallback) {
   Screen english(viewOf(everyFace(), calls_));
   Screen screen(viewOf(everyFace(), calls_), withStrings(everything()));
   EXPECT_EQ(screen.identifiers(), english.identifiers());
@@ -129,7 +129,7 @@ TEST_F(Localization, changesNoIdentifierAndNoCallback) {
                                       "record person \"p3\" wasUseful note=nil corrects=nil"));
 }
 
-TEST_F(Localization, followsANewTableWhileTheEditorIsOpen) {
+TEST_F(Localization, FollowsANewTableWhileTheEditorIsOpen) {
   Screen screen(viewOf(ordinaryResult(), calls_));
   screen.press("vemra.goal.path.outcome.start");
   screen.type("vemra.goal.path.outcome.note", "Save");

@@ -17,13 +17,10 @@ using testing::Screen;
 using Control = GoalOutcomeRecordingControl;
 using ControlState = ui::LocalState<Control::State>;
 
+/// Expects that the process stops because `work` calls `member` on another thread.
 template <class Work>
-void onAnotherThread(Work work) {
-  std::thread(work).join();
-}
-
-std::string offTheMainThread(const std::string& member) {
-  return member + " was called off the main thread";
+void expectStop(const std::string& member, const Work& work) {
+  EXPECT_DEATH(std::thread(work).join(), member + " was called off the main thread");
 }
 
 class MainActorDeathTest : public ::testing::Test {
@@ -35,9 +32,11 @@ class MainActorDeathTest : public ::testing::Test {
 
   GoalResultView view() { return viewOf(result_, calls_); }
 
-  /// Presses a button on a thread of its own.
-  static void pressElsewhere(Screen& screen, const testing::Query& query) {
-    onAnotherThread([&] { screen.press(query); });
+  /// Expects that pressing the button on another thread stops the process.
+  void expectStopAtButton(const std::string& title, const std::string& member) {
+    Screen screen(view());
+    if (!screen.has(testing::button(title))) screen.press("vemra.goal.path.outcome.start");
+    expectStop(member, [&] { screen.press(testing::button(title)); });
   }
 
   static Control control() {
@@ -55,107 +54,89 @@ class MainActorDeathTest : public ::testing::Test {
   Calls calls_;
 };
 
-TEST_F(MainActorDeathTest, bodyOfTheScreen) {
-  EXPECT_DEATH(onAnotherThread([&] { view().body({}); }), offTheMainThread("GoalResultView.body"));
+TEST_F(MainActorDeathTest, BodyOfTheScreen) {
+  expectStop("GoalResultView.body", [&] { view().body({}); });
 }
 
-TEST_F(MainActorDeathTest, peopleSection) {
-  EXPECT_DEATH(onAnotherThread([&] { (view().*address(PeopleSectionMember{}))(); }),
-               offTheMainThread("GoalResultView.peopleSection"));
+TEST_F(MainActorDeathTest, PeopleSection) {
+  expectStop("GoalResultView.peopleSection", [&] { (view().*address(PeopleSectionMember{}))(); });
 }
 
-TEST_F(MainActorDeathTest, personRow) {
-  EXPECT_DEATH(onAnotherThread([&] { (view().*address(PersonRowMember{}))(person("p1")); }),
-               offTheMainThread("GoalResultView.personRow"));
+TEST_F(MainActorDeathTest, PersonRow) {
+  expectStop("GoalResultView.personRow",
+             [&] { (view().*address(PersonRowMember{}))(person("p1")); });
 }
 
-TEST_F(MainActorDeathTest, rowsThatARendererAsksFor) {
+TEST_F(MainActorDeathTest, RowsThatARendererAsksFor) {
   ui::ViewGraph graph;
   graph.setRoot(view());
   const ui::NodeID list = ui::sample::firstOf(graph.root(), ui::ElementKind::forEach)->id;
-  EXPECT_DEATH(onAnotherThread([&] { graph.lookAtRow(list, 0); }),
-               offTheMainThread("GoalResultView.personRow"));
+  expectStop("GoalResultView.personRow", [&] { graph.lookAtRow(list, 0); });
 }
 
-TEST_F(MainActorDeathTest, pathSection) {
-  EXPECT_DEATH(onAnotherThread([&] { (view().*address(PathSectionMember{}))(); }),
-               offTheMainThread("GoalResultView.pathSection"));
+TEST_F(MainActorDeathTest, PathSection) {
+  expectStop("GoalResultView.pathSection", [&] { (view().*address(PathSectionMember{}))(); });
 }
 
-TEST_F(MainActorDeathTest, coverageFooter) {
-  EXPECT_DEATH(onAnotherThread([&] { (view().*address(CoverageFooterMember{}))({}); }),
-               offTheMainThread("GoalResultView.coverageFooter"));
+TEST_F(MainActorDeathTest, CoverageFooter) {
+  expectStop("GoalResultView.coverageFooter",
+             [&] { (view().*address(CoverageFooterMember{}))({}); });
 }
 
-TEST_F(MainActorDeathTest, coverageText) {
-  EXPECT_DEATH(onAnotherThread([&] { (view().*address(CoverageTextMember{}))({}); }),
-               offTheMainThread("GoalResultView.coverageText"));
+TEST_F(MainActorDeathTest, CoverageText) {
+  expectStop("GoalResultView.coverageText", [&] { (view().*address(CoverageTextMember{}))({}); });
 }
 
-TEST_F(MainActorDeathTest, openingAPerson) {
-  Screen screen(view());
-  EXPECT_DEATH(pressElsewhere(screen, testing::button("Ada")),
-               offTheMainThread("GoalResultView.openPerson"));
+TEST_F(MainActorDeathTest, OpeningAPerson) {
+  expectStopAtButton("Ada", "GoalResultView.openPerson");
 }
 
-TEST_F(MainActorDeathTest, showingASource) {
-  Screen screen(view());
-  EXPECT_DEATH(pressElsewhere(screen, testing::button("Show source")),
-               offTheMainThread("GoalResultView.showSource"));
+TEST_F(MainActorDeathTest, ShowingASource) {
+  expectStopAtButton("Show source", "GoalResultView.showSource");
 }
 
-TEST_F(MainActorDeathTest, seeingThePathInStarfold) {
-  Screen screen(view());
-  EXPECT_DEATH(pressElsewhere(screen, testing::button("See in Starfold")),
-               offTheMainThread("GoalResultView.seeInStarfold"));
+TEST_F(MainActorDeathTest, SeeingThePathInStarfold) {
+  expectStopAtButton("See in Starfold", "GoalResultView.seeInStarfold");
 }
 
-TEST_F(MainActorDeathTest, bodyOfTheControl) {
-  EXPECT_DEATH(onAnotherThread([&] { control().body(state()); }),
-               offTheMainThread("GoalOutcomeRecordingControl.body"));
+TEST_F(MainActorDeathTest, BodyOfTheControl) {
+  expectStop("GoalOutcomeRecordingControl.body", [&] { control().body(state()); });
 }
 
-TEST_F(MainActorDeathTest, recordedSummary) {
-  EXPECT_DEATH(onAnotherThread([&] {
-                 (control().*address(RecordedSummaryMember{}))(GoalOutcomeDTO{}, state());
-               }),
-               offTheMainThread("GoalOutcomeRecordingControl.recordedSummary"));
+TEST_F(MainActorDeathTest, RecordedSummary) {
+  expectStop("GoalOutcomeRecordingControl.recordedSummary",
+             [&] { (control().*address(RecordedSummaryMember{}))(GoalOutcomeDTO{}, state()); });
 }
 
-TEST_F(MainActorDeathTest, editor) {
-  EXPECT_DEATH(onAnotherThread([&] { (control().*address(EditorMember{}))(state()); }),
-               offTheMainThread("GoalOutcomeRecordingControl.editor"));
+TEST_F(MainActorDeathTest, Editor) {
+  expectStop("GoalOutcomeRecordingControl.editor",
+             [&] { (control().*address(EditorMember{}))(state()); });
 }
 
-TEST_F(MainActorDeathTest, save) {
-  EXPECT_DEATH(onAnotherThread([&] { (control().*address(SaveMember{}))(state()); }),
-               offTheMainThread("GoalOutcomeRecordingControl.save"));
+TEST_F(MainActorDeathTest, Save) {
+  expectStop("GoalOutcomeRecordingControl.save",
+             [&] { (control().*address(SaveMember{}))(state()); });
 }
 
-TEST_F(MainActorDeathTest, recordOutcomeButton) {
-  Screen screen(view());
-  EXPECT_DEATH(pressElsewhere(screen, testing::button("Record outcome")),
-               offTheMainThread("GoalOutcomeRecordingControl.recordOutcome"));
+TEST_F(MainActorDeathTest, RecordOutcomeButton) {
+  expectStopAtButton("Record outcome", "GoalOutcomeRecordingControl.recordOutcome");
 }
 
-TEST_F(MainActorDeathTest, correctButton) {
-  Screen screen(view());
-  EXPECT_DEATH(pressElsewhere(screen, testing::button("Correct")),
-               offTheMainThread("GoalOutcomeRecordingControl.correct"));
+TEST_F(MainActorDeathTest, CorrectButton) {
+  expectStopAtButton("Correct", "GoalOutcomeRecordingControl.correct");
 }
 
-TEST_F(MainActorDeathTest, saveAndCancelButtons) {
-  Screen screen(view());
-  screen.press("vemra.goal.path.outcome.start");
-  EXPECT_DEATH(pressElsewhere(screen, testing::button("Save")),
-               offTheMainThread("GoalOutcomeRecordingControl.save"));
-  EXPECT_DEATH(pressElsewhere(screen, testing::button("Cancel")),
-               offTheMainThread("GoalOutcomeRecordingControl.cancel"));
+TEST_F(MainActorDeathTest, SaveButton) {
+  expectStopAtButton("Save", "GoalOutcomeRecordingControl.save");
+}
+
+TEST_F(MainActorDeathTest, CancelButton) {
+  expectStopAtButton("Cancel", "GoalOutcomeRecordingControl.cancel");
 }
 
 // Not about threads, but private too: the sentence is defined for counts that the footer never asks
 // it for.
-TEST(CoverageText, isDefinedForEveryCount) {
+TEST(CoverageText, IsDefinedForEveryCount) {
   Calls calls;
   Result result = ordinaryResult();
   result.coverage.evidenceCount = -3;

@@ -41,13 +41,13 @@ class OutcomeControl : public ::testing::Test {
   Calls calls_;
 };
 
-TEST_F(OutcomeControl, showsOnlyRecordOutcomeWhileNothingIsRecorded) {
+TEST_F(OutcomeControl, ShowsOnlyRecordOutcomeWhileNothingIsRecorded) {
   const Screen screen = screenOf(result_);
   EXPECT_THAT(face(screen), ElementsAre("Button key \"Record outcome\" .font(caption) " +
                                         id(prefix + ".outcome.start")));
 }
 
-TEST_F(OutcomeControl, showsThePlainLabelOfTheOutcomeInForceAndCorrect) {
+TEST_F(OutcomeControl, ShowsThePlainLabelOfTheOutcomeInForceAndCorrect) {
   EXPECT_THAT(
       face(recorded(Value::helped)),
       ElementsAre("VStack leading 2", "  HStack center 8",
@@ -55,7 +55,7 @@ TEST_F(OutcomeControl, showsThePlainLabelOfTheOutcomeInForceAndCorrect) {
                   "    Button key \"Correct\" .font(caption) " + id(prefix + ".outcome.correct")));
 }
 
-TEST_F(OutcomeControl, showsMarkerAndNoteBelow) {
+TEST_F(OutcomeControl, ShowsMarkerAndNoteBelow) {
   EXPECT_THAT(
       face(recorded(Value::notAFit, "too busy", "o0")),
       ElementsAre("VStack leading 2", "  HStack center 8",
@@ -67,13 +67,13 @@ TEST_F(OutcomeControl, showsMarkerAndNoteBelow) {
                   "  Text \"too busy\" .font(caption) .foregroundStyle(secondary)"));
 }
 
-TEST_F(OutcomeControl, spellsTheMarkerWithAMiddleDot) {
+TEST_F(OutcomeControl, SpellsTheMarkerWithAMiddleDot) {
   const Screen screen = recorded(Value::helped, std::nullopt, "o0");
   EXPECT_EQ(screen.get(prefix + ".outcome.corrected-marker").element.label()->source(),
             "\xC2\xB7 corrected");
 }
 
-TEST_F(OutcomeControl, labelsEveryValue) {
+TEST_F(OutcomeControl, LabelsEveryValue) {
   const std::vector<std::pair<Value, std::string>> labels{
       {Value::reachedOut, "Reached out"},        {Value::invited, "Invited"},
       {Value::introduced, "Introduced"},         {Value::helped, "Helped"},
@@ -86,36 +86,36 @@ TEST_F(OutcomeControl, labelsEveryValue) {
   }
 }
 
-TEST_F(OutcomeControl, showsNoSecondLineForANoteThatIsNilOrEmpty) {
+TEST_F(OutcomeControl, ShowsNoSecondLineForANoteThatIsNilOrEmpty) {
   EXPECT_EQ(face(recorded(Value::helped, std::nullopt)).size(), 4u);
   EXPECT_EQ(face(recorded(Value::helped, "")).size(), 4u);
 }
 
-TEST_F(OutcomeControl, showsANoteOfOnlySpacesAsASecondLine) {
+TEST_F(OutcomeControl, ShowsANoteOfOnlySpacesAsASecondLine) {
   EXPECT_EQ(face(recorded(Value::helped, "   ")).back(),
             "  Text \"   \" .font(caption) .foregroundStyle(secondary)");
 }
 
-TEST_F(OutcomeControl, marksACorrectionOfAnEmptyID) {
+TEST_F(OutcomeControl, MarksACorrectionOfAnEmptyID) {
   EXPECT_TRUE(recorded(Value::helped, std::nullopt, "").has(prefix + ".outcome.corrected-marker"));
   EXPECT_FALSE(recorded(Value::helped).has(prefix + ".outcome.corrected-marker"));
 }
 
-TEST_F(OutcomeControl, usesTheIdentifiersOfItsPlace) {
+TEST_F(OutcomeControl, UsesTheIdentifiersOfItsPlace) {
   result_.paths = {path({"p9"})};
   const Screen screen = recorded(Value::helped);
   EXPECT_TRUE(screen.has("vemra.goal.path.outcome.start"));
   EXPECT_TRUE(screen.has("vemra.goal.person.p1.outcome.correct"));
 }
 
-TEST_F(OutcomeControl, opensOnWasUsefulWithAnEmptyNote) {
+TEST_F(OutcomeControl, OpensOnWasUsefulWithAnEmptyNote) {
   Screen screen = screenOf(result_);
   screen.press(prefix + ".outcome.start");
   EXPECT_EQ(screen.get(prefix + ".outcome.picker").element.selection()->name(), "wasUseful");
   EXPECT_EQ(screen.get(prefix + ".outcome.note").element.text(), "");
 }
 
-TEST_F(OutcomeControl, opensOnWasUsefulWhateverWasChosenInACancelledAttempt) {
+TEST_F(OutcomeControl, OpensOnWasUsefulWhateverWasChosenInACancelledAttempt) {
   Screen screen = screenOf(result_);
   screen.press(prefix + ".outcome.start");
   screen.select(prefix + ".outcome.picker", "notAFit");
@@ -126,7 +126,7 @@ TEST_F(OutcomeControl, opensOnWasUsefulWhateverWasChosenInACancelledAttempt) {
   EXPECT_EQ(screen.get(prefix + ".outcome.note").element.text(), "");
 }
 
-TEST_F(OutcomeControl, showsTheEditorAndNoSummaryWhileEditing) {
+TEST_F(OutcomeControl, ShowsTheEditorAndNoSummaryWhileEditing) {
   Screen screen = recorded(Value::notAFit, "too busy", "o0");
   screen.press(prefix + ".outcome.correct");
   EXPECT_EQ(face(screen).at(0), "VStack leading 6");
@@ -136,7 +136,7 @@ TEST_F(OutcomeControl, showsTheEditorAndNoSummaryWhileEditing) {
   EXPECT_FALSE(screen.has(testing::byText("too busy")));
 }
 
-TEST_F(OutcomeControl, showsTheEditorWhenAnOutcomeArrivesWhileEditing) {
+TEST_F(OutcomeControl, ShowsTheEditorWhenAnOutcomeArrivesWhileEditing) {
   Screen screen = screenOf(result_);
   screen.press(prefix + ".outcome.start");
   screen.show(viewOf(withOutcome(outcome("o1", SubjectKind::person, "p1", Value::helped)), calls_));
@@ -146,7 +146,7 @@ TEST_F(OutcomeControl, showsTheEditorWhenAnOutcomeArrivesWhileEditing) {
   EXPECT_EQ(face(screen).at(2), "    Text \"Helped\" .font(caption) .foregroundStyle(secondary)");
 }
 
-TEST_F(OutcomeControl, correctOpensOnTheOutcomeInForceAndCancelReturnsToItUnchanged) {
+TEST_F(OutcomeControl, CorrectOpensOnTheOutcomeInForceAndCancelReturnsToItUnchanged) {
   Screen screen = recorded(Value::notAFit, "too busy");
   screen.press(prefix + ".outcome.correct");
   EXPECT_EQ(screen.get(prefix + ".outcome.picker").element.selection()->name(), "notAFit");
@@ -157,7 +157,7 @@ TEST_F(OutcomeControl, correctOpensOnTheOutcomeInForceAndCancelReturnsToItUnchan
   EXPECT_THAT(calls_.log, ElementsAre());
 }
 
-TEST_F(OutcomeControl, correctTakesTheNoteAsStored) {
+TEST_F(OutcomeControl, CorrectTakesTheNoteAsStored) {
   for (const OptionalText& note : {OptionalText("  two \n"), OptionalText(""), OptionalText()}) {
     Screen screen = recorded(Value::helped, note);
     screen.press(prefix + ".outcome.correct");
@@ -165,7 +165,7 @@ TEST_F(OutcomeControl, correctTakesTheNoteAsStored) {
   }
 }
 
-TEST_F(OutcomeControl, correctStartsFromTheOutcomeInForceWhateverWasTypedBefore) {
+TEST_F(OutcomeControl, CorrectStartsFromTheOutcomeInForceWhateverWasTypedBefore) {
   Screen screen = recorded(Value::helped, "met");
   screen.press(prefix + ".outcome.correct");
   screen.select(prefix + ".outcome.picker", "invited");
@@ -176,7 +176,7 @@ TEST_F(OutcomeControl, correctStartsFromTheOutcomeInForceWhateverWasTypedBefore)
   EXPECT_EQ(screen.get(prefix + ".outcome.note").element.text(), "met");
 }
 
-TEST_F(OutcomeControl, showsRecordOutcomeAgainAfterSaveUntilANewOutcomeIsHandedIn) {
+TEST_F(OutcomeControl, ShowsRecordOutcomeAgainAfterSaveUntilANewOutcomeIsHandedIn) {
   Screen screen = screenOf(result_);
   screen.press(prefix + ".outcome.start");
   screen.press(prefix + ".outcome.save");
@@ -186,7 +186,7 @@ TEST_F(OutcomeControl, showsRecordOutcomeAgainAfterSaveUntilANewOutcomeIsHandedI
   EXPECT_TRUE(screen.has(prefix + ".outcome.correct"));
 }
 
-TEST_F(OutcomeControl, showsTheOldSummaryAfterACorrectionUntilANewOutcomeIsHandedIn) {
+TEST_F(OutcomeControl, ShowsTheOldSummaryAfterACorrectionUntilANewOutcomeIsHandedIn) {
   Screen screen = recorded(Value::helped, "met");
   const Lines summary = face(screen);
   screen.press(prefix + ".outcome.correct");
@@ -195,14 +195,14 @@ TEST_F(OutcomeControl, showsTheOldSummaryAfterACorrectionUntilANewOutcomeIsHande
   EXPECT_EQ(face(screen), summary);
 }
 
-TEST_F(OutcomeControl, goesBackToRecordOutcomeWhenTheOutcomeIsTakenAway) {
+TEST_F(OutcomeControl, GoesBackToRecordOutcomeWhenTheOutcomeIsTakenAway) {
   Screen screen = recorded(Value::helped);
   result_.outcomes = {};
   screen.show(viewOf(result_, calls_));
   EXPECT_TRUE(screen.has(prefix + ".outcome.start"));
 }
 
-TEST_F(OutcomeControl, clearsNothingWhenItLeavesTheEditor) {
+TEST_F(OutcomeControl, ClearsNothingWhenItLeavesTheEditor) {
   for (const char* door : {".outcome.save", ".outcome.cancel"}) {
     Screen screen = screenOf(result_);
     screen.press(prefix + ".outcome.start");

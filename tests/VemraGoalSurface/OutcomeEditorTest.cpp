@@ -46,7 +46,7 @@ class OutcomeEditor : public ::testing::Test {
   std::unique_ptr<Screen> screen_;
 };
 
-TEST_F(OutcomeEditor, hasPickerNoteAndButtonsInThisOrder) {
+TEST_F(OutcomeEditor, HasPickerNoteAndButtonsInThisOrder) {
   EXPECT_THAT(
       face(openFirst()),
       ElementsAre(
@@ -68,7 +68,7 @@ TEST_F(OutcomeEditor, hasPickerNoteAndButtonsInThisOrder) {
           "    Button key \"Cancel\" .accessibilityIdentifier(\"" + cancel + "\")"));
 }
 
-TEST_F(OutcomeEditor, tagsEachRowWithItsCase) {
+TEST_F(OutcomeEditor, TagsEachRowWithItsCase) {
   const Screen& screen = openFirst();
   std::vector<Value> tags;
   for (const auto* node : nodesOf(screen, ui::ElementKind::text)) {
@@ -80,7 +80,7 @@ TEST_F(OutcomeEditor, tagsEachRowWithItsCase) {
   EXPECT_THAT(tags, ::testing::ElementsAreArray(allGoalOutcomeValues));
 }
 
-TEST_F(OutcomeEditor, writesTheButtonsInTheRowsFontAndPickerAndFieldInTheirOwn) {
+TEST_F(OutcomeEditor, WritesTheButtonsInTheRowsFontAndPickerAndFieldInTheirOwn) {
   const Screen& screen = openFirst();
   EXPECT_EQ(screen.get(save).element.style().font, ui::Font::caption);
   EXPECT_EQ(screen.get(cancel).element.style().font, ui::Font::caption);
@@ -90,13 +90,13 @@ TEST_F(OutcomeEditor, writesTheButtonsInTheRowsFontAndPickerAndFieldInTheirOwn) 
   EXPECT_EQ(screen.get(cancel).element.buttonStyle(), ui::ButtonStyle::automatic);
 }
 
-TEST_F(OutcomeEditor, keepsTheHiddenTitleForAssistiveTechnology) {
+TEST_F(OutcomeEditor, KeepsTheHiddenTitleForAssistiveTechnology) {
   const Screen& screen = openFirst();
   EXPECT_TRUE(screen.get(picker).element.labelsHidden());
   EXPECT_EQ(screen.get(picker).element.shownLabel(), "Outcome");
 }
 
-TEST_F(OutcomeEditor, demandsANoteForSomethingElse) {
+TEST_F(OutcomeEditor, DemandsANoteForSomethingElse) {
   Screen& screen = openFirst();
   screen.select(picker, "somethingElse");
   EXPECT_FALSE(screen.isEnabled(save));
@@ -114,7 +114,7 @@ TEST_F(OutcomeEditor, demandsANoteForSomethingElse) {
   EXPECT_FALSE(screen.isEnabled(save));
 }
 
-TEST_F(OutcomeEditor, enablesSaveForSomethingElseWithAnyCharacterThatIsNotBlank) {
+TEST_F(OutcomeEditor, EnablesSaveForSomethingElseWithAnyCharacterThatIsNotBlank) {
   Screen& screen = openFirst();
   screen.select(picker, "somethingElse");
   for (const char* text : {"x", ".", "0", "\u00e9", "\u200b", "\ufeff", "\u180e", "\x1f", "💡",
@@ -141,7 +141,7 @@ void runActions(const ui::View& view, std::string_view title) {
 }
 
 // The button is the only guard: what it does when it is asked all the same is to save.
-TEST(OutcomeEditorSave, doesNotTestTheNoteAgain) {
+TEST(OutcomeEditorSave, DoesNotTestTheNoteAgain) {
   using Control = GoalOutcomeRecordingControl;
   struct Owner final : ui::StateCell::Owner {
     void stateChanged(ui::StateCell&) override {}
@@ -167,7 +167,7 @@ TEST(OutcomeEditorSave, doesNotTestTheNoteAgain) {
   EXPECT_FALSE(state->isEditing) << "the editor closes";
 }
 
-TEST_F(OutcomeEditor, savesEveryOtherValueWithAnEmptyNote) {
+TEST_F(OutcomeEditor, SavesEveryOtherValueWithAnEmptyNote) {
   for (Value value : allGoalOutcomeValues) {
     if (value == Value::somethingElse) continue;
     calls_.log.clear();
@@ -180,7 +180,7 @@ TEST_F(OutcomeEditor, savesEveryOtherValueWithAnEmptyNote) {
   }
 }
 
-TEST_F(OutcomeEditor, followsPickerAndNoteWithSave) {
+TEST_F(OutcomeEditor, FollowsPickerAndNoteWithSave) {
   Screen& screen = openFirst();
   screen.type(note, " ");
   EXPECT_TRUE(screen.isEnabled(save));
@@ -194,7 +194,7 @@ TEST_F(OutcomeEditor, followsPickerAndNoteWithSave) {
   EXPECT_TRUE(screen.isEnabled(save));
 }
 
-TEST_F(OutcomeEditor, sendsTheWordsOfTheNoteAlone) {
+TEST_F(OutcomeEditor, SendsTheWordsOfTheNoteAlone) {
   Screen& screen = openFirst();
   screen.type(note, "  met at  the\nfair \n");
   screen.press(save);
@@ -202,25 +202,25 @@ TEST_F(OutcomeEditor, sendsTheWordsOfTheNoteAlone) {
                                       "note=\"met at  the\nfair\" corrects=nil"));
 }
 
-TEST_F(OutcomeEditor, sendsANoteOfOnlyBlanksAsNone) {
+TEST_F(OutcomeEditor, SendsANoteOfOnlyBlanksAsNone) {
   Screen& screen = openFirst();
   screen.type(note, "  \n \n");
   screen.press(save);
   EXPECT_THAT(calls_.log, ElementsAre("record person \"p1\" wasUseful note=nil corrects=nil"));
 }
 
-TEST_F(OutcomeEditor, keepsTheNoteAsTypedUntilItIsSent) {
+TEST_F(OutcomeEditor, KeepsTheNoteAsTypedUntilItIsSent) {
   Screen& screen = openFirst();
   screen.type(note, "  met \n");
   EXPECT_EQ(screen.get(note).element.text(), "  met \n");
 }
 
-TEST_F(OutcomeEditor, namesTheCorrectedOutcomeEvenWhenNothingWasChanged) {
+TEST_F(OutcomeEditor, NamesTheCorrectedOutcomeEvenWhenNothingWasChanged) {
   openCorrection(Value::helped, "met").press(save);
   EXPECT_THAT(calls_.log, ElementsAre("record person \"p1\" helped note=\"met\" corrects=\"o1\""));
 }
 
-TEST_F(OutcomeEditor, namesTheOutcomeInForceNotTheOneThatItCorrects) {
+TEST_F(OutcomeEditor, NamesTheOutcomeInForceNotTheOneThatItCorrects) {
   Screen& screen = openCorrection(Value::helped, "met");
   screen.select(picker, "notAFit");
   screen.type(note, "");
@@ -228,7 +228,7 @@ TEST_F(OutcomeEditor, namesTheOutcomeInForceNotTheOneThatItCorrects) {
   EXPECT_THAT(calls_.log, ElementsAre("record person \"p1\" notAFit note=nil corrects=\"o1\""));
 }
 
-TEST_F(OutcomeEditor, sendsNothingOnCancelAndForgetsTheEntry) {
+TEST_F(OutcomeEditor, SendsNothingOnCancelAndForgetsTheEntry) {
   Screen& screen = openFirst();
   screen.select(picker, "somethingElse");
   screen.type(note, "abandoned");
@@ -240,7 +240,7 @@ TEST_F(OutcomeEditor, sendsNothingOnCancelAndForgetsTheEntry) {
   EXPECT_THAT(calls_.log, ElementsAre("record person \"p1\" wasUseful note=nil corrects=nil"));
 }
 
-TEST_F(OutcomeEditor, doesNothingOnReturn) {
+TEST_F(OutcomeEditor, DoesNothingOnReturn) {
   Screen& screen = openFirst();
   screen.type(note, "met");
   const std::string before = screen.outline();
@@ -249,14 +249,14 @@ TEST_F(OutcomeEditor, doesNothingOnReturn) {
   EXPECT_THAT(calls_.log, ElementsAre());
 }
 
-TEST_F(OutcomeEditor, recordsOnceAndIsGoneAfterSave) {
+TEST_F(OutcomeEditor, RecordsOnceAndIsGoneAfterSave) {
   Screen& screen = openFirst();
   screen.press(save);
   EXPECT_EQ(calls_.log.size(), 1u);
   for (const std::string& id : {picker, note, save, cancel}) EXPECT_FALSE(screen.has(id)) << id;
 }
 
-TEST_F(OutcomeEditor, callsTheHostBeforeItCloses) {
+TEST_F(OutcomeEditor, CallsTheHostBeforeItCloses) {
   std::string duringTheCall = "not called";
   Screen* shown = nullptr;
   GoalResultView view(GoalResultSnapshotV1(result_), {}, {}, {},

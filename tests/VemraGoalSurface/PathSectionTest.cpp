@@ -22,7 +22,7 @@ class PathSection : public ::testing::Test {
   Calls calls_;
 };
 
-TEST_F(PathSection, saysTheGoalNamesNobody) {
+TEST_F(PathSection, SaysTheGoalNamesNobody) {
   result_.goal.targetPersonRef = std::nullopt;
   const Screen screen = screenOf({});
   EXPECT_THAT(pathSection(screen),
@@ -32,7 +32,7 @@ TEST_F(PathSection, saysTheGoalNamesNobody) {
   EXPECT_THAT(screen.identifiers(), ElementsAre());
 }
 
-TEST_F(PathSection, saysThereIsNoPathToATargetThatIsNamedBeItByAnEmptyReference) {
+TEST_F(PathSection, SaysThereIsNoPathToATargetThatIsNamedBeItByAnEmptyReference) {
   for (const char* target : {"p9", ""}) {
     result_.goal.targetPersonRef = target;
     EXPECT_THAT(
@@ -42,7 +42,7 @@ TEST_F(PathSection, saysThereIsNoPathToATargetThatIsNamedBeItByAnEmptyReference)
   }
 }
 
-TEST_F(PathSection, showsReasonButtonAndControlInThisOrder) {
+TEST_F(PathSection, ShowsReasonButtonAndControlInThisOrder) {
   EXPECT_THAT(pathSection(screenOf({path({"p1", "p9"}, GoalWhyDTO::connection(1))})),
               ElementsAre("VStack leading 10",  //
                           "  Text key \"Supported path\" .font(headline)", "  VStack leading 4",
@@ -54,14 +54,14 @@ TEST_F(PathSection, showsReasonButtonAndControlInThisOrder) {
                           ".accessibilityIdentifier(\"vemra.goal.path.outcome.start\")"));
 }
 
-TEST_F(PathSection, showsOnlyTheFirstOfThreePaths) {
+TEST_F(PathSection, ShowsOnlyTheFirstOfThreePaths) {
   const Screen one = screenOf({path({"p1", "p9"})});
   const Screen three = screenOf({path({"p1", "p9"}), path({"p2", "p9"}, GoalWhyDTO::nameMatch()),
                                  path({"p3", "p8"}, GoalWhyDTO::generic())});
   EXPECT_EQ(shape(three), shape(one));
 }
 
-TEST_F(PathSection, handsOnTheWholeShownRecord) {
+TEST_F(PathSection, HandsOnTheWholeShownRecord) {
   GoalPathCandidateDTO first = path({"p1", decomposed}, GoalWhyDTO::evidence("a", "b", "c"));
   first.strength = 77;
   Screen screen = screenOf({first, path({"p2"})});
@@ -71,13 +71,13 @@ TEST_F(PathSection, handsOnTheWholeShownRecord) {
   EXPECT_EQ(calls_.focusedPaths.at(0).personRefs.back(), decomposed);
 }
 
-TEST_F(PathSection, keepsTheDefaultButtonStyle) {
+TEST_F(PathSection, KeepsTheDefaultButtonStyle) {
   const Screen screen = screenOf({path({"p9"})});
   EXPECT_EQ(screen.get("vemra.goal.path.see-in-starfold").element.buttonStyle(),
             ui::ButtonStyle::automatic);
 }
 
-TEST_F(PathSection, showsTheLatestOutcomeOfThePathsLastPersonAndNoOther) {
+TEST_F(PathSection, ShowsTheLatestOutcomeOfThePathsLastPersonAndNoOther) {
   result_.outcomes = {
       outcome("o1", SubjectKind::path, "p9", Value::reachedOut),
       outcome("o2", SubjectKind::path, "p9", Value::introduced),
@@ -93,7 +93,7 @@ TEST_F(PathSection, showsTheLatestOutcomeOfThePathsLastPersonAndNoOther) {
                           ".accessibilityIdentifier(\"vemra.goal.path.outcome.correct\")"));
 }
 
-TEST_F(PathSection, speaksForNobodyWhenThePathIsEmpty) {
+TEST_F(PathSection, SpeaksForNobodyWhenThePathIsEmpty) {
   result_.outcomes = {
       outcome("o1", SubjectKind::path, std::nullopt, Value::helped),
       outcome("o2", SubjectKind::path, std::nullopt, Value::invited),
@@ -106,7 +106,7 @@ TEST_F(PathSection, speaksForNobodyWhenThePathIsEmpty) {
   EXPECT_THAT(calls_.log, ElementsAre("record path nil invited note=nil corrects=\"o2\""));
 }
 
-TEST_F(PathSection, keepsAnEmptyReferenceApartFromNone) {
+TEST_F(PathSection, KeepsAnEmptyReferenceApartFromNone) {
   result_.outcomes = {outcome("o1", SubjectKind::path, std::nullopt, Value::helped)};
   Screen screen = screenOf({path({"p1", ""})});
   screen.press("vemra.goal.path.outcome.start");
@@ -114,7 +114,7 @@ TEST_F(PathSection, keepsAnEmptyReferenceApartFromNone) {
   EXPECT_THAT(calls_.log, ElementsAre("record path \"\" wasUseful note=nil corrects=nil"));
 }
 
-TEST_F(PathSection, tellsItsControlWhoItSpeaksFor) {
+TEST_F(PathSection, TellsItsControlWhoItSpeaksFor) {
   EXPECT_THAT(screenOf({path({"p1", "p9"})}).outline(),
               HasSubstr("GoalOutcomeRecordingControl subjectKind=\"path\" subjectRef=\"p9\" "
                         "effectiveOutcome=nil identifierPrefix=\"vemra.goal.path\" "

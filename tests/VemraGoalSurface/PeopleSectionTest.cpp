@@ -27,14 +27,14 @@ class PeopleSection : public ::testing::Test {
   Calls calls_;
 };
 
-TEST_F(PeopleSection, saysNobodyWasFoundWhileThereIsNoEvidence) {
+TEST_F(PeopleSection, SaysNobodyWasFoundWhileThereIsNoEvidence) {
   EXPECT_THAT(
       peopleSection(screenOf({}, 0)),
       ElementsAre("VStack leading 10", "  Text key \"People worth considering\" .font(headline)",
                   "  Text \"No relevant people found yet.\" .foregroundStyle(secondary)"));
 }
 
-TEST_F(PeopleSection, saysNothingPointsToAPersonForAnyOtherCountNegativeOnesIncluded) {
+TEST_F(PeopleSection, SaysNothingPointsToAPersonForAnyOtherCountNegativeOnesIncluded) {
   for (std::int64_t count : {5, 1, -1, -3}) {
     EXPECT_THAT(
         peopleSection(screenOf({}, count)),
@@ -45,13 +45,13 @@ TEST_F(PeopleSection, saysNothingPointsToAPersonForAnyOtherCountNegativeOnesIncl
   }
 }
 
-TEST_F(PeopleSection, andTheFooterDisagreeOnNegativeCounts) {
+TEST_F(PeopleSection, AndTheFooterDisagreeOnNegativeCounts) {
   const Screen screen = screenOf({}, -1);
   EXPECT_TRUE(screen.has(testing::byText("Nothing points to a specific person for this yet.")));
   EXPECT_TRUE(screen.has(testing::byText("No source evidence yet.")));
 }
 
-TEST_F(PeopleSection, showsARowAndNoGapWhateverTheCount) {
+TEST_F(PeopleSection, ShowsARowAndNoGapWhateverTheCount) {
   for (std::int64_t count : {0, 5, -1}) {
     const Lines lines = peopleSection(screenOf({person("p1", "Ada")}, count));
     ASSERT_GE(lines.size(), 4u);
@@ -65,7 +65,7 @@ TEST_F(PeopleSection, showsARowAndNoGapWhateverTheCount) {
   }
 }
 
-TEST_F(PeopleSection, showsEveryoneInTheEnginesOrder) {
+TEST_F(PeopleSection, ShowsEveryoneInTheEnginesOrder) {
   const Screen screen =
       screenOf({person("p3", "Cy"), person("p1", "Ada"), person("p2", "Bo"), person("p0", "Ada")});
   Lines names;
@@ -77,7 +77,7 @@ TEST_F(PeopleSection, showsEveryoneInTheEnginesOrder) {
   EXPECT_THAT(names, ElementsAre("Cy", "Ada", "Bo", "Ada"));
 }
 
-TEST_F(PeopleSection, identifiesRowsByTheReferenceByteForByte) {
+TEST_F(PeopleSection, IdentifiesRowsByTheReferenceByteForByte) {
   const Screen screen = screenOf({person("a.b c"), person(decomposed), person("")});
   Lines ids;
   for (const auto& row : nodesOf(screen, ui::ElementKind::forEach).at(0)->children()) {
@@ -96,7 +96,7 @@ class PersonRow : public PeopleSection {
   }
 };
 
-TEST_F(PersonRow, hasNameReasonSourceAndControlInThisOrder) {
+TEST_F(PersonRow, HasNameReasonSourceAndControlInThisOrder) {
   GoalPersonCandidateDTO ada = person("p1", "Ada", {"ev9", "ev2"});
   ada.why = GoalWhyDTO::evidence("Email", "Asked about the launch", "mail-7");
   EXPECT_THAT(rowOf(ada),
@@ -111,52 +111,52 @@ TEST_F(PersonRow, hasNameReasonSourceAndControlInThisOrder) {
                           ".accessibilityIdentifier(\"vemra.goal.person.p1.outcome.start\")"));
 }
 
-TEST_F(PersonRow, hasThreeElementsWithoutEvidence) {
+TEST_F(PersonRow, HasThreeElementsWithoutEvidence) {
   EXPECT_THAT(rowOf(person("p1", "Ada")),
               ElementsAre("VStack leading 4 .padding(vertical 4)", StartsWith("  Button \"Ada\""),
                           StartsWith("  Text "), "  GoalOutcomeRecordingControl",
                           StartsWith("    Button key \"Record outcome\"")));
 }
 
-TEST_F(PersonRow, showsTheSourceButtonForAnEmptyEvidenceID) {
+TEST_F(PersonRow, ShowsTheSourceButtonForAnEmptyEvidenceID) {
   Screen screen = screenOf({person("p1", "Ada", {""})});
   screen.press("vemra.goal.person.p1.show-source");
   EXPECT_THAT(calls_.log, ElementsAre("evidence \"\""));
 }
 
-TEST_F(PersonRow, callsAPersonWithoutANameUnnamedPerson) {
+TEST_F(PersonRow, CallsAPersonWithoutANameUnnamedPerson) {
   Screen screen = screenOf({person("p1")});
   EXPECT_EQ(around(screen, button("Unnamed person")).childCount, 3u);
   screen.press(button("Unnamed person"));
   EXPECT_THAT(calls_.log, ElementsAre("open \"p1\""));
 }
 
-TEST_F(PersonRow, showsAnEmptyNameAsAnEmptyTitle) {
+TEST_F(PersonRow, ShowsAnEmptyNameAsAnEmptyTitle) {
   const Screen screen = screenOf({person("p1", "")});
   EXPECT_TRUE(screen.has(button("")));
   EXPECT_FALSE(screen.has(button("Unnamed person")));
 }
 
-TEST_F(PersonRow, opensThePersonByReferenceNeverByName) {
+TEST_F(PersonRow, OpensThePersonByReferenceNeverByName) {
   Screen screen = screenOf({person("p1", "Ada"), person("p2", "p1")});
   screen.press(button("p1"));
   screen.press(button("Ada"));
   EXPECT_THAT(calls_.log, ElementsAre("open \"p2\"", "open \"p1\""));
 }
 
-TEST_F(PersonRow, showsTheStrongestPieceOfEvidence) {
+TEST_F(PersonRow, ShowsTheStrongestPieceOfEvidence) {
   Screen screen = screenOf({person("p1", "Ada", {"ev9", "ev1"})});
   screen.press("vemra.goal.person.p1.show-source");
   EXPECT_THAT(calls_.log, ElementsAre("evidence \"ev9\""));
 }
 
-TEST_F(PersonRow, givesTheNameButtonNoIdentifierAndTheSourceButtonTheDefaultStyle) {
+TEST_F(PersonRow, GivesTheNameButtonNoIdentifierAndTheSourceButtonTheDefaultStyle) {
   const Screen screen = screenOf({person("p1", "Ada", {"ev9"})});
   EXPECT_EQ(screen.get(button("Ada")).element.accessibilityIdentifier(), "");
   EXPECT_EQ(screen.get(button("Show source")).element.buttonStyle(), ui::ButtonStyle::automatic);
 }
 
-TEST_F(PersonRow, putsTheReferenceIntoIdentifiersUnchanged) {
+TEST_F(PersonRow, PutsTheReferenceIntoIdentifiersUnchanged) {
   result_.outcomes = {outcome("o1", SubjectKind::person, "p1", Value::helped)};
   for (const std::string& ref :
        {std::string("a.b c"), decomposed, std::string("\"<&\n"), std::string(), std::string("💡")}) {
@@ -167,7 +167,7 @@ TEST_F(PersonRow, putsTheReferenceIntoIdentifiersUnchanged) {
   EXPECT_TRUE(screenOf({person("p1")}).has("vemra.goal.person.p1.outcome.correct"));
 }
 
-TEST_F(PersonRow, tellsItsControlWhoItSpeaksFor) {
+TEST_F(PersonRow, TellsItsControlWhoItSpeaksFor) {
   result_.outcomes = {outcome("o1", SubjectKind::person, "p1", Value::helped)};
   const Screen screen = screenOf({person("p1", "Ada")});
   EXPECT_THAT(
@@ -177,7 +177,7 @@ TEST_F(PersonRow, tellsItsControlWhoItSpeaksFor) {
                            "state={isEditing=false selectedValue=\"wasUseful\" noteText=\"\"}"));
 }
 
-TEST_F(PersonRow, showsOutcomesOfItsKindOnly) {
+TEST_F(PersonRow, ShowsOutcomesOfItsKindOnly) {
   result_.outcomes = {outcome("o1", SubjectKind::person, "p1", Value::helped),
                       outcome("o2", SubjectKind::path, "p1", Value::invited)};
   const Screen screen = screenOf({person("p1", "Ada")});
@@ -185,7 +185,7 @@ TEST_F(PersonRow, showsOutcomesOfItsKindOnly) {
   EXPECT_FALSE(screen.has(testing::byText("Invited")));
 }
 
-TEST_F(PersonRow, showsTheLatestOutcomeOfThatPersonOnly) {
+TEST_F(PersonRow, ShowsTheLatestOutcomeOfThatPersonOnly) {
   result_.outcomes = {outcome("o1", SubjectKind::person, "p1", Value::helped),
                       outcome("o2", SubjectKind::person, "p1", Value::introduced),
                       outcome("o3", SubjectKind::person, "p2", Value::invited)};

@@ -1,16 +1,17 @@
 #pragma once
 
 #include "VemraGoalSurface/GoalResultView.hpp"
+#include "tests/RecordBuilders.hpp"
 
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-/// Results to show, and a host that only writes down what it is asked.
+/// Results to show, and a host that only logs its calls.
 namespace vemra::screentest {
 
-/// A result as the engine answers it: open to be changed until a snapshot is made of it.
+/// The engine's answer, which a test may change until it makes a snapshot.
 using Result = GetGoalSnapshotResponse;
 using SubjectKind = GoalOutcomeSubjectKind;
 using Value = GoalOutcomeValue;
@@ -19,36 +20,9 @@ using OptionalText = std::optional<std::string>;
 inline const std::string composed = "\u00e9";     // é, one scalar
 inline const std::string decomposed = "e\u0301";  // é, a letter and a mark
 
-inline GoalPersonCandidateDTO person(std::string ref, OptionalText name = std::nullopt,
-                                     std::vector<std::string> evidenceIDs = {}) {
-  GoalPersonCandidateDTO person;
-  person.personRef = std::move(ref);
-  person.displayName = std::move(name);
-  person.why = GoalWhyDTO::nameMatch();
-  person.evidenceIDs = std::move(evidenceIDs);
-  return person;
-}
-
-inline GoalPathCandidateDTO path(std::vector<std::string> personRefs,
-                                 GoalWhyDTO why = GoalWhyDTO::connection(2)) {
-  GoalPathCandidateDTO path;
-  path.personRefs = std::move(personRefs);
-  path.why = std::move(why);
-  return path;
-}
-
-inline GoalOutcomeDTO outcome(std::string id, SubjectKind kind, OptionalText ref, Value value,
-                              OptionalText note = std::nullopt,
-                              OptionalText correctsOutcomeID = std::nullopt) {
-  GoalOutcomeDTO outcome;
-  outcome.id = std::move(id);
-  outcome.subjectKind = kind;
-  outcome.subjectRef = std::move(ref);
-  outcome.value = value;
-  outcome.note = std::move(note);
-  outcome.correctsOutcomeID = std::move(correctsOutcomeID);
-  return outcome;
-}
+using build::outcome;
+using build::path;
+using build::person;
 
 inline std::string inQuotes(const OptionalText& text) {
   return text ? '"' + *text + '"' : "nil";
@@ -61,7 +35,7 @@ inline std::string described(const GoalOutcomeRecordingInput& input) {
          " corrects=" + inQuotes(input.correctsOutcomeID);
 }
 
-/// What the screen asked of its host, in order and byte for byte.
+/// The screen's calls of its host, in order and byte for byte.
 struct Calls {
   std::vector<std::string> log;
   std::vector<GoalPathCandidateDTO> focusedPaths;

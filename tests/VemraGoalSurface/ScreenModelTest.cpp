@@ -239,7 +239,7 @@ class ScreenModel : public ::testing::TestWithParam<int> {};
 
 INSTANTIATE_TEST_SUITE_P(Share, ScreenModel, ::testing::Range(0, shares));
 
-TEST_P(ScreenModel, agreesWithTheScreenUnderRandomEvents) {
+TEST_P(ScreenModel, AgreesWithTheScreenUnderRandomEvents) {
   std::map<std::string, int> counts;
   for (int sequence = 1; sequence <= sequencesInAShare; ++sequence) {
     Story story(static_cast<std::uint64_t>(GetParam() * sequencesInAShare + sequence));

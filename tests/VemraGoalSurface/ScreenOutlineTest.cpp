@@ -46,28 +46,28 @@ class ScreenOutline : public ::testing::Test {
   Calls calls_;
 };
 
-TEST_F(ScreenOutline, nothingKnown) {
+TEST_F(ScreenOutline, NothingKnown) {
   expectOutline(Screen(viewOf(Result{}, calls_)), "nothing-known");
 }
 
-TEST_F(ScreenOutline, evidenceButNobody) {
+TEST_F(ScreenOutline, EvidenceButNobody) {
   Result result = ordinaryResult();
   result.people = {};
   result.paths = {};
   expectOutline(Screen(viewOf(result, calls_)), "evidence-but-nobody");
 }
 
-TEST_F(ScreenOutline, fullResult) {
+TEST_F(ScreenOutline, FullResult) {
   expectOutline(Screen(viewOf(fullResult(), calls_)), "full-result");
 }
 
-TEST_F(ScreenOutline, firstRecordingOpen) {
+TEST_F(ScreenOutline, FirstRecordingOpen) {
   Screen screen(viewOf(ordinaryResult(), calls_));
   screen.press("vemra.goal.person.p1.outcome.start");
   expectOutline(screen, "first-recording-open");
 }
 
-TEST_F(ScreenOutline, correctionsOpen) {
+TEST_F(ScreenOutline, CorrectionsOpen) {
   Screen screen(viewOf(fullResult(), calls_));
   screen.press("vemra.goal.person.p1.outcome.correct");
   screen.press("vemra.goal.path.outcome.correct");
@@ -75,7 +75,7 @@ TEST_F(ScreenOutline, correctionsOpen) {
   expectOutline(screen, "corrections-open");
 }
 
-TEST_F(ScreenOutline, translated) {
+TEST_F(ScreenOutline, Translated) {
   class Brackets final : public ui::StringsTable {
     std::optional<std::string> lookup(std::string_view key) const override {
       return '[' + std::string(key) + ']';

@@ -47,7 +47,7 @@ std::vector<std::string> announcements;
 QAccessible::UpdateHandler before = nullptr;
 
 void writeDown(QAccessibleEvent* event) {
-  // Only what is said of the page's own objects: they have no QObject.
+  // Only events for the page's own objects, which have no QObject.
   if (event->object()) {
     if (before) before(event);
     return;

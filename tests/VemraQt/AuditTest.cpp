@@ -1,4 +1,4 @@
-// What a person who audits the page for accessibility would hold against it.
+// The findings of an accessibility audit, as rules for the page.
 
 #include "tests/VemraQt/Accessibility.hpp"
 #include "tests/VemraQt/HardScreen.hpp"

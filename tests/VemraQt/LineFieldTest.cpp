@@ -64,7 +64,7 @@ class LineFieldTest : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(LineFieldTest, SaysWhatIsTypedAndNotWhatIsShown) {
+TEST_F(LineFieldTest, SendsWhatIsTypedAndNotWhatIsShown) {
   showText("shown");
   EXPECT_EQ(edit().text(), "shown");
   EXPECT_THAT(said, IsEmpty());

@@ -62,7 +62,7 @@ class PageObserverTest : public ::testing::Test, private qt::PageObserver {
 
 }  // namespace
 
-TEST_F(PageObserverTest, HearsOfPatchesAndThenThatEverythingIsInPlace) {
+TEST_F(PageObserverTest, GetsThePatchesAndThenTheEndOfThePass) {
   widget.setRoot(ui::Text("one"));
   ASSERT_FALSE(heard.empty());
   heard.clear();
@@ -70,19 +70,19 @@ TEST_F(PageObserverTest, HearsOfPatchesAndThenThatEverythingIsInPlace) {
   EXPECT_THAT(heard, ElementsAre("patched", "settled"));
 }
 
-TEST_F(PageObserverTest, HearsOfANodeThatGoesWhileItIsInItsPlace) {
+TEST_F(PageObserverTest, GetsARemovalWhileTheNodeIsInItsPlace) {
   show({"a", "b"});
   show({"a"});
   EXPECT_THAT(heard, ElementsAre("removing row 1", "patched, with rows", "settled"));
 }
 
-TEST_F(PageObserverTest, HearsOfRowsThatNoPatchReports) {
+TEST_F(PageObserverTest, GetsNewRowsThatNoPatchReports) {
   show({"a", "b"});
   show({"a", "b"});
   EXPECT_THAT(heard, Contains("patched, with rows"));
 }
 
-TEST_F(PageObserverTest, HearsNothingAfterAnotherHasTakenItsPlace) {
+TEST_F(PageObserverTest, GetsNothingAfterAnotherObserverReplacedIt) {
   pageOf(widget).setObserver(nullptr);
   show({"a", "b"});
   show({"b"});
@@ -90,7 +90,7 @@ TEST_F(PageObserverTest, HearsNothingAfterAnotherHasTakenItsPlace) {
   EXPECT_THAT(heard, IsEmpty());
 }
 
-TEST_F(PageObserverTest, HearsOfScrollingOnceEverythingIsInPlace) {
+TEST_F(PageObserverTest, GetsTheEndOfThePassAfterScrolling) {
   std::vector<std::string> ids(200);
   for (std::size_t i = 0; i < ids.size(); ++i) ids[i] = std::to_string(i);
   show(ids);

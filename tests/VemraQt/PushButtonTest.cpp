@@ -50,7 +50,7 @@ TEST_F(PushButtonTest, ReturnAndEnterPressOnceHoweverLongTheyAreHeld) {
   for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
     QKeyEvent again(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
     QApplication::sendEvent(&shown(), &again);
-    EXPECT_TRUE(again.isAccepted()) << "no default button of the window hears of it";
+    EXPECT_TRUE(again.isAccepted()) << "the event does not reach the window's default button";
   }
   EXPECT_EQ(pressed, "aa");
 }

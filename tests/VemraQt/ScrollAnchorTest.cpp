@@ -1,6 +1,7 @@
 // What is read stays where it is, whatever is measured, comes or changes above it.
 
 #include "VemraQt/widgets/ElementWidget.hpp"
+#include "tests/RecordBuilders.hpp"
 #include "tests/VemraQt/HardScreen.hpp"
 #include "tests/VemraQt/LongList.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
@@ -43,7 +44,7 @@ void expectEvenSteps(const WindowHost& host, int step) {
     for (const auto& [id, top] : tops) {
       const page::Node* leaf = pageOf(host.widget).tree().find(id);
       qt::ElementWidget* widget = leaf ? pageOf(host.widget).shown(*leaf).widget : nullptr;
-      ASSERT_TRUE(widget) << "step " << i << " took away what was seen";
+      ASSERT_TRUE(widget) << "step " << i << " removed the element in view";
       ASSERT_EQ(widget->widget().y(), top - step) << "step " << i << ": " << called(*leaf);
     }
   }
@@ -99,10 +100,7 @@ TEST(ScrollAnchor, PeopleWhoComeAboveDoNotMoveWhatIsRead) {
   host.change([](Result& result) {
     std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
     for (int i = 0; i < 7; ++i) {
-      GoalPersonCandidateDTO fresh;
-      fresh.personRef = "fresh" + std::to_string(i);
-      fresh.displayName = "Fresh";
-      people.insert(people.begin() + i * 3, fresh);
+      people.insert(people.begin() + i * 3, build::person("fresh" + std::to_string(i), "Fresh"));
     }
     result.people = people;
   });
@@ -179,10 +177,7 @@ TEST(ScrollAnchor, ThePageGrowsByWhoComesAndShrinksByWhoGoes) {
   const auto people = host.result.people;
   host.change([](Result& result) {
     std::vector<GoalPersonCandidateDTO> list(result.people.begin(), result.people.end());
-    GoalPersonCandidateDTO fresh;
-    fresh.personRef = "fresh";
-    fresh.displayName = "Fresh";
-    list.insert(list.begin(), fresh);
+    list.insert(list.begin(), build::person("fresh", "Fresh"));
     list.erase(list.begin() + 590);
     list.insert(list.begin() + 400, list.front());
     list[400].personRef = "fresher";

@@ -53,7 +53,7 @@ TEST(WholeScreen, AnEmptyResultSaysWhy) {
                   "This goal doesn't name someone to find a path to.", "No source evidence yet."));
 }
 
-TEST(WholeScreen, ButtonsTellTheHost) {
+TEST(WholeScreen, ButtonsCallTheHost) {
   WindowHost host(resultWith(2));
   host.press(p0 + ".show-source");
   host.press("vemra.goal.path.see-in-starfold");

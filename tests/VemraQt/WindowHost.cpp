@@ -1,6 +1,7 @@
 #include "tests/VemraQt/WindowHost.hpp"
 
 #include "VemraQt/widgets/ElementWidget.hpp"
+#include "tests/RecordBuilders.hpp"
 #include "tests/RecordedOutcomes.hpp"
 
 #include <algorithm>
@@ -39,18 +40,13 @@ Result resultWith(std::size_t people) {
   std::vector<GoalPersonCandidateDTO> list;
   list.reserve(people);
   for (std::size_t i = 0; i < people; ++i) {
-    GoalPersonCandidateDTO person;
-    person.personRef = "p" + std::to_string(i);
-    if (i % 11 != 10) person.displayName = "Person Number " + std::to_string(i);
-    person.why = whyOf(i);
-    if (i % 2 == 0) person.evidenceIDs = {"ev" + std::to_string(i)};
-    list.push_back(std::move(person));
+    const std::string number = std::to_string(i);
+    list.push_back(build::person("p" + number, std::nullopt, {}, whyOf(i)));
+    if (i % 11 != 10) list.back().displayName = "Person Number " + number;
+    if (i % 2 == 0) list.back().evidenceIDs = {"ev" + number};
   }
   result.people = std::move(list);
-  GoalPathCandidateDTO path;
-  path.personRefs = {"p1", "p9"};
-  path.why = GoalWhyDTO::connection(2);
-  result.paths = {path};
+  result.paths = {build::path({"p1", "p9"})};
   result.coverage.sources = {"Mail", "Calendar"};
   result.coverage.evidenceCount = 12;
   result.coverage.latestEvidenceAt = "2025-01-05T10:00:00Z";
@@ -58,12 +54,8 @@ Result resultWith(std::size_t people) {
 }
 
 GoalOutcomeDTO correctedOutcome(const std::string& subjectRef, const std::string& note) {
-  GoalOutcomeDTO outcome;
-  outcome.id = "o2";
-  outcome.subjectRef = subjectRef;
-  outcome.note = note;
-  outcome.correctsOutcomeID = "o1";
-  return outcome;
+  return build::outcome("o2", GoalOutcomeSubjectKind::person, subjectRef,
+                        GoalOutcomeValue::reachedOut, note, "o1");
 }
 
 WindowHost::WindowHost(Result newResult, QSize size) : result(std::move(newResult)) {

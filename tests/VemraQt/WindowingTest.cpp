@@ -103,9 +103,9 @@ TEST(Windowing, AnOpenEditorKeepsAllOfItsStateAndTheFocusFarAway) {
   QTest::keyClicks(&note, "x");
   EXPECT_EQ(note.text(), "half a sxn");
   QTest::keyClick(&note, Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(note.text(), "half a sen") << "what was typed last is undone first";
+  EXPECT_EQ(note.text(), "half a sen") << "the last typed text is undone first";
   while (note.isUndoAvailable()) QTest::keyClick(&note, Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(note.text(), "") << "what was typed before is undone, too";
+  EXPECT_EQ(note.text(), "") << "the text before it is undone, too";
   host.press("vemra.goal.person.p1.outcome.save");
   EXPECT_EQ(host.log.back(), "record p1 wasUseful nil nil");
 }

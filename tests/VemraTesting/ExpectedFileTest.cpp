@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* variable = "VEMRA_UPDATE_EXPECTED";
 
-/// Sets the switch, or takes it away, and puts back what was there.
+/// Sets or clears the switch, and restores its previous value at the end.
 class ExpectedFileTest : public ::testing::Test {
  protected:
   ExpectedFileTest() {

@@ -33,7 +33,7 @@ TEST(OutlineTest, IsStableTextForEveryKindAndModifier) {
   expectAsInFile(screen.outline(), "outline.txt");
 }
 
-TEST(OutlineTest, TellsKeysFromTheirTranslations) {
+TEST(OutlineTest, DistinguishesKeysFromTheirTranslations) {
   ui::Environment environment;
   environment.strings = std::make_shared<German>();
   Screen screen(questionnaires([](const std::string&) {}), environment);

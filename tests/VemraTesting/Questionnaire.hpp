@@ -18,7 +18,7 @@ inline std::string_view caseName(Mood mood) {
   return mood == Mood::good ? "good" : mood == Mood::fair ? "fair" : "bad";
 }
 
-/// Asks how somebody is; Send tells what was chosen and typed, and closes.
+/// Asks a person for their mood; Send reports the choice and the typed text, and closes.
 struct Questionnaire {
   static constexpr std::string_view name = "Questionnaire";
   struct State {

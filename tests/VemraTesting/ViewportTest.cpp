@@ -58,7 +58,7 @@ struct Form {
   }
 };
 
-TEST(Viewport, showsTextsAndControlsInCells) {
+TEST(Viewport, ShowsTextsAndControlsInCells) {
   const Viewport screen(
       VStack(HorizontalAlignment::leading, 20,
              {line("Goal"), Button(verbatim("Ada"), [] {}).buttonStyle(ButtonStyle::plain),
@@ -76,7 +76,7 @@ TEST(Viewport, showsTextsAndControlsInCells) {
             "\n");
 }
 
-TEST(Viewport, showsAFormAsItIsFilledIn) {
+TEST(Viewport, ShowsAFormAsItIsFilledIn) {
   Viewport screen(Form{}, {24, 3});
   EXPECT_EQ(screen.text(),
             "[Good     v]\n"
@@ -100,7 +100,7 @@ TEST(Viewport, showsAFormAsItIsFilledIn) {
             "(Save)\n");
 }
 
-TEST(Viewport, aFieldShowsTheEndOfALongText) {
+TEST(Viewport, AFieldShowsTheEndOfALongText) {
   Viewport screen(Form{}, {24, 3});
   screen.tab();
   screen.tab();
@@ -108,7 +108,7 @@ TEST(Viewport, aFieldShowsTheEndOfALongText) {
   EXPECT_THAT(screen.text(), HasSubstr(">Note: met at the fair_<\n"));
 }
 
-TEST(Viewport, breaksTextsAtItsWidth) {
+TEST(Viewport, BreaksTextsAtItsWidth) {
   Viewport screen(VStack(HorizontalAlignment::leading, 0,
                          {line("Connected through a friend"), Button("Record outcome", [] {})}),
                   {12, 5});
@@ -124,7 +124,7 @@ TEST(Viewport, breaksTextsAtItsWidth) {
             "[Record outcome]\n");
 }
 
-TEST(Viewport, wideCharactersAndMarksKeepTheColumnsStraight) {
+TEST(Viewport, WideCharactersAndMarksKeepTheColumnsStraight) {
   const Viewport screen(
       VStack(HorizontalAlignment::leading, 0,
              {HStack(VerticalAlignment::center, 8, {line("田中"), line("|")}),
@@ -135,7 +135,7 @@ TEST(Viewport, wideCharactersAndMarksKeepTheColumnsStraight) {
             "e\u0301tas |\n");
 }
 
-TEST(Viewport, aRightToLeftPageIsMirrored) {
+TEST(Viewport, ARightToLeftPageIsMirrored) {
   Environment environment;
   environment.layoutDirection = LayoutDirection::rightToLeft;
   const Viewport screen(
@@ -148,7 +148,7 @@ TEST(Viewport, aRightToLeftPageIsMirrored) {
             "    [OK] a\n");
 }
 
-TEST(Viewport, anActionMaySetTheEnvironment) {
+TEST(Viewport, AnActionMaySetTheEnvironment) {
   std::function<void()> turn;
   Viewport screen(Button("Turn", [&] { turn(); }), {12, 1});
   turn = [&] {
@@ -161,7 +161,7 @@ TEST(Viewport, anActionMaySetTheEnvironment) {
   EXPECT_EQ(screen.text(), "      >Turn<\n");
 }
 
-TEST(Viewport, linesBeginAtTheRightEdgeOfARightToLeftPage) {
+TEST(Viewport, LinesBeginAtTheRightEdgeOfARightToLeftPage) {
   Environment environment;
   environment.layoutDirection = LayoutDirection::rightToLeft;
   const Viewport screen(line("one and two"), {8, 2}, environment);
@@ -170,7 +170,7 @@ TEST(Viewport, linesBeginAtTheRightEdgeOfARightToLeftPage) {
             "     two\n");
 }
 
-TEST(Viewport, charactersWithoutAColumnStandInTheOneBefore) {
+TEST(Viewport, CharactersWithoutAColumnStandInThePreviousCell) {
   const Viewport screen(HStack(VerticalAlignment::center, 8, {line("a\u200Bb"), line("|")}),
                         {9, 1});
   EXPECT_EQ(screen.text(), "a\u200Bb |\n");
@@ -178,7 +178,7 @@ TEST(Viewport, charactersWithoutAColumnStandInTheOneBefore) {
       << "there is none before the first one";
 }
 
-TEST(Viewport, theEndIsTheEndHoweverHighTheLastRowsAre) {
+TEST(Viewport, TheEndIsTheEndHoweverHighTheLastRowsAre) {
   std::vector<std::string> texts;
   for (int i = 0; i < 100; ++i) {
     texts.push_back(std::to_string(i) + (i < 60 ? "" : " with many words that take many lines"));
@@ -194,12 +194,12 @@ TEST(Viewport, theEndIsTheEndHoweverHighTheLastRowsAre) {
   EXPECT_EQ(screen.position(), screen.length() - 4);
 }
 
-TEST(Viewport, aTerminalIsNotMadeToObey) {
+TEST(Viewport, ATerminalIsNotMadeToObey) {
   const Viewport screen(line("\x1b[2Jgone"), {20, 1});
   EXPECT_EQ(screen.text(), "\\x1b[2Jgone\n");
 }
 
-TEST(Viewport, scrollsByLinesAndPagesUpToItsEnds) {
+TEST(Viewport, ScrollsByLinesAndPagesUpToItsEnds) {
   Viewport screen(list(20), {20, 4});
   EXPECT_EQ(screen.text(), "People\nP0 [Open]\nP1 [Open]\nP2 [Open]\n");
   screen.wheel(1);
@@ -218,14 +218,14 @@ TEST(Viewport, scrollsByLinesAndPagesUpToItsEnds) {
   EXPECT_EQ(screen.position(), 0);
 }
 
-TEST(Viewport, describesOnlyTheRowsNearby) {
+TEST(Viewport, DescribesOnlyTheRowsNearby) {
   Viewport screen(list(100'000), {20, 10});
   screen.end();
   EXPECT_THAT(screen.text(), HasSubstr("P99999 [Open]\nThe end\n"));
   EXPECT_LT(screen.graph().work().rows, 200U);
 }
 
-TEST(Viewport, tabGoesThroughRowsThatAreNotThereYetAndScrollsThemIn) {
+TEST(Viewport, TabGoesThroughRowsThatAreNotThereYetAndScrollsThemIn) {
   std::vector<std::string> opened;
   Viewport screen(list(60, &opened), {20, 4});
   for (int i = 0; i < 60; ++i) {
@@ -239,13 +239,13 @@ TEST(Viewport, tabGoesThroughRowsThatAreNotThereYetAndScrollsThemIn) {
   EXPECT_EQ(opened.back(), "P59");
 }
 
-TEST(Viewport, backTabBeginsAtTheEnd) {
+TEST(Viewport, BackTabBeginsAtTheEnd) {
   Viewport screen(list(60), {20, 4});
   ASSERT_TRUE(screen.backTab());
   EXPECT_THAT(screen.text(), HasSubstr("P59 >Open<\n"));
 }
 
-TEST(Viewport, aKeyBringsTheFocusedControlIntoViewBeforeItActs) {
+TEST(Viewport, AKeyBringsTheFocusedControlIntoViewBeforeItActs) {
   std::vector<std::string> opened;
   Viewport screen(list(60, &opened), {20, 4});
   screen.tab();
@@ -256,7 +256,7 @@ TEST(Viewport, aKeyBringsTheFocusedControlIntoViewBeforeItActs) {
   EXPECT_THAT(opened, ElementsAre("P0"));
 }
 
-TEST(Viewport, whatIsSeenStaysWhereItIsWhenRowsComeAbove) {
+TEST(Viewport, WhatIsSeenStaysWhereItIsWhenRowsComeAbove) {
   Viewport screen(list(60, nullptr, 100), {20, 4});
   screen.wheel(31);
   const std::string before = screen.text();
@@ -266,7 +266,7 @@ TEST(Viewport, whatIsSeenStaysWhereItIsWhenRowsComeAbove) {
   EXPECT_EQ(screen.position(), 41);
 }
 
-TEST(Viewport, clicksWhatIsSeenAndNothingElse) {
+TEST(Viewport, ClicksWhatIsSeenAndNothingElse) {
   std::vector<std::string> opened;
   Viewport screen(list(60, &opened), {20, 4});
   screen.click("open.P1");
@@ -278,7 +278,7 @@ TEST(Viewport, clicksWhatIsSeenAndNothingElse) {
   EXPECT_THAT(opened, ElementsAre("P1", "P3"));
 }
 
-TEST(Viewport, saysWhyAKeyCannotAct) {
+TEST(Viewport, SaysWhyAKeyCannotAct) {
   Viewport screen(Form{}, {24, 3});
   EXPECT_THROW(screen.press(), ElementError) << "nothing has the focus";
   screen.tab();
@@ -294,14 +294,14 @@ TEST(Viewport, saysWhyAKeyCannotAct) {
   EXPECT_THROW(screen.click(button("Save")), ElementError) << "it is disabled";
 }
 
-TEST(Viewport, whatAnActionThrowsComesOutOfTheKey) {
+TEST(Viewport, WhatAnActionThrowsComesOutOfTheKey) {
   Viewport screen(Button("Fail", [] { throw std::runtime_error("no"); }), {20, 1});
   screen.tab();
   EXPECT_THROW(screen.press(), std::runtime_error);
   EXPECT_EQ(screen.text(), ">Fail<\n") << "the screen goes on";
 }
 
-TEST(Viewport, hasOneCellAtLeast) {
+TEST(Viewport, HasOneCellAtLeast) {
   const Viewport screen(line("Ada"), {0, -3});
   EXPECT_EQ(screen.text(), "A\n");
 }

@@ -6,8 +6,8 @@
 
 namespace vemra::fuzz {
 
-/// What every refusal of a document named "case.json" must be: one line of UTF-8 that names the file
-/// and then a JSON pointer, a line and column, or the document itself, and that says what was
+/// What every refusal of a document named "case.json" must be: one line of UTF-8 that names the
+/// file and then a JSON pointer, a line and column, or the document itself, and that says what was
 /// expected and what was found.
 inline void requireGoodError(const documents::DocumentError& error) {
   std::string_view message = error.what();
@@ -20,9 +20,9 @@ inline void requireGoodError(const documents::DocumentError& error) {
   require(
       message.starts_with('/') || message.starts_with("line ") || message.starts_with("expected "),
       "an error names the place", message);
-  require(message.find("expected ") != std::string_view::npos, "an error says what was expected",
+  require(message.find("expected ") != std::string_view::npos, "an error names the expected value",
           message);
-  require(message.find("; found ") != std::string_view::npos, "an error says what was found",
+  require(message.find("; found ") != std::string_view::npos, "an error names the found value",
           message);
 }
 

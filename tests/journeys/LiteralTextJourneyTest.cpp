@@ -40,7 +40,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Sample{"illFormed", "a\xC3 b\xFF."}, Sample{"long", longText()}),
     [](const auto& sample) { return sample.param.name; });
 
-TEST_P(LiteralText, ofNamesTitlesReasonsAndSourcesIsShownAsItIs) {
+TEST_P(LiteralText, OfNamesTitlesReasonsAndSourcesIsShownAsItIs) {
   Result result = ordinaryResult();
   result.goal.title = text;
   result.people = {person("p1", text)};
@@ -55,7 +55,7 @@ TEST_P(LiteralText, ofNamesTitlesReasonsAndSourcesIsShownAsItIs) {
   EXPECT_THAT(host.log, ElementsAre("open \"p1\""));
 }
 
-TEST_P(LiteralText, ofAReferenceReachesIdentifiersAndCallbacks) {
+TEST_P(LiteralText, OfAReferenceReachesIdentifiersAndCallbacks) {
   Result result = ordinaryResult();
   result.people = {person(text, "Ada", {text})};
   result.paths = {path({text})};
@@ -72,7 +72,7 @@ TEST_P(LiteralText, ofAReferenceReachesIdentifiersAndCallbacks) {
                                     "path " + shown + " wasUseful note=nil corrects=nil"));
 }
 
-TEST_P(LiteralText, ofANoteSurvivesWritingCorrectAndSave) {
+TEST_P(LiteralText, OfANoteSurvivesWritingCorrectAndSave) {
   MemoryHost host{ordinaryResult()};
   ControlOnScreen ada = personControl(host, "p1");
   ada.recordOutcome();
@@ -88,7 +88,7 @@ TEST_P(LiteralText, ofANoteSurvivesWritingCorrectAndSave) {
                                     "person \"p1\" wasUseful" + note + " corrects=\"o1\""));
 }
 
-TEST_P(LiteralText, ofAStoredNoteIsPrefilledAndSentUnchangedWhenNotEdited) {
+TEST_P(LiteralText, OfAStoredNoteIsPrefilledAndSentUnchangedWhenNotEdited) {
   Result result = ordinaryResult();
   result.outcomes = {outcome("o1", SubjectKind::path, "p9", Value::somethingElse, text)};
   MemoryHost host{result};
@@ -99,7 +99,7 @@ TEST_P(LiteralText, ofAStoredNoteIsPrefilledAndSentUnchangedWhenNotEdited) {
               ElementsAre("path \"p9\" somethingElse note=\"" + text + "\" corrects=\"o1\""));
 }
 
-TEST(StoredNoteWithBlanksAround, isShownAndPrefilledAsStoredAndSentTrimmed) {
+TEST(StoredNoteWithBlanksAround, IsShownAndPrefilledAsStoredAndSentTrimmed) {
   Result result = ordinaryResult();
   result.outcomes = {outcome("o1", SubjectKind::path, "p9", Value::helped, "  met \n")};
   MemoryHost host{result};

@@ -11,8 +11,8 @@
 
 namespace vemra::screentest {
 
-/// A host application without a store: it writes down what it is asked, appends an outcome for each
-/// recording, and answers with a fresh snapshot, from inside the callback or when told to.
+/// A host application without a store: it logs its calls, appends an outcome for each recording,
+/// and shows a fresh snapshot, from inside the callback or in `catchUp`.
 class MemoryHost {
  public:
   enum class Answer { insideTheCallback, later };
@@ -20,10 +20,10 @@ class MemoryHost {
   explicit MemoryHost(Result result, Answer answer = Answer::insideTheCallback)
       : result_(std::move(result)), answer_(answer), screen(view()) {}
 
-  /// Shows what has been recorded so far; what a host that answers later does in the end.
+  /// Shows all outcomes recorded so far, like a host that answers later.
   void catchUp() { screen.show(view()); }
 
-  /// The result changes at its source, and the host shows it.
+  /// Changes the result as another source would, and shows it.
   void change(const std::function<void(Result&)>& edit) {
     edit(result_);
     catchUp();
@@ -51,7 +51,7 @@ class MemoryHost {
   Answer answer_;
 
  public:
-  std::vector<std::string> log;  ///< everything asked of the host, in order, byte for byte
+  std::vector<std::string> log;  ///< the calls of the host, in order, byte for byte
   testing::Screen screen;
 };
 

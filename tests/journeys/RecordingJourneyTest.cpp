@@ -28,7 +28,7 @@ INSTANTIATE_TEST_SUITE_P(Host, RecordingJourney,
                                                                 : "answersInsideTheCallback";
                          });
 
-TEST_P(RecordingJourney, aFirstRecording) {
+TEST_P(RecordingJourney, AFirstRecording) {
   ada.recordOutcome();
   ada.choose("helped");
   ada.write(" met at the fair \n");
@@ -43,7 +43,7 @@ TEST_P(RecordingJourney, aFirstRecording) {
   EXPECT_TRUE(path.isOffering());
 }
 
-TEST_P(RecordingJourney, aCorrection) {
+TEST_P(RecordingJourney, ACorrection) {
   ada.recordOutcome();
   ada.save();
   host.catchUp();
@@ -60,7 +60,7 @@ TEST_P(RecordingJourney, aCorrection) {
   EXPECT_FALSE(host.screen.has(byText("Was useful")));
 }
 
-TEST_P(RecordingJourney, twoCorrectionsEachNameTheOneBefore) {
+TEST_P(RecordingJourney, TwoCorrectionsEachNameTheOneBefore) {
   path.recordOutcome();
   path.save();
   host.catchUp();
@@ -76,7 +76,7 @@ TEST_P(RecordingJourney, twoCorrectionsEachNameTheOneBefore) {
   EXPECT_TRUE(path.isMarkedCorrected());
 }
 
-TEST_P(RecordingJourney, cancelAndOpenAgain) {
+TEST_P(RecordingJourney, CancelAndOpenAgain) {
   ada.recordOutcome();
   ada.choose("notAFit");
   ada.write("abandoned");
@@ -88,7 +88,7 @@ TEST_P(RecordingJourney, cancelAndOpenAgain) {
   EXPECT_THAT(host.log, ElementsAre());
 }
 
-TEST_P(RecordingJourney, cancellingACorrectionChangesNothing) {
+TEST_P(RecordingJourney, CancellingACorrectionChangesNothing) {
   ada.recordOutcome();
   ada.write("met");
   ada.save();
@@ -105,7 +105,7 @@ TEST_P(RecordingJourney, cancellingACorrectionChangesNothing) {
   EXPECT_EQ(host.log.size(), 1u);
 }
 
-TEST_P(RecordingJourney, somethingElseDemandsANote) {
+TEST_P(RecordingJourney, SomethingElseDemandsANote) {
   ada.recordOutcome();
   ada.choose("somethingElse");
   EXPECT_FALSE(ada.maySave());
@@ -118,7 +118,7 @@ TEST_P(RecordingJourney, somethingElseDemandsANote) {
   EXPECT_THAT(host.log, ElementsAre("person \"p1\" somethingElse note=\"lunch\" corrects=nil"));
 }
 
-TEST_P(RecordingJourney, returnInTheNoteDoesNothing) {
+TEST_P(RecordingJourney, ReturnInTheNoteDoesNothing) {
   ada.recordOutcome();
   ada.write("met");
   const std::string before = host.screen.outline();
@@ -127,7 +127,7 @@ TEST_P(RecordingJourney, returnInTheNoteDoesNothing) {
   EXPECT_THAT(host.log, ElementsAre());
 }
 
-TEST_P(RecordingJourney, savePressedTwiceInOneGoRecordsOnce) {
+TEST_P(RecordingJourney, SavePressedTwiceInOneGoRecordsOnce) {
   ada.recordOutcome();
   const ui::NodeID save = host.screen.get("vemra.goal.person.p1.outcome.save").id;
   EXPECT_EQ(host.screen.graph().deliver(save, ui::Press{}), ui::Delivery::acted);
@@ -135,7 +135,7 @@ TEST_P(RecordingJourney, savePressedTwiceInOneGoRecordsOnce) {
   EXPECT_EQ(host.log.size(), 1u);
 }
 
-TEST_P(RecordingJourney, twoEditorsAtOnceDoNotMix) {
+TEST_P(RecordingJourney, TwoEditorsAtOnceDoNotMix) {
   ada.recordOutcome();
   bo.recordOutcome();
   path.recordOutcome();
@@ -154,7 +154,7 @@ TEST_P(RecordingJourney, twoEditorsAtOnceDoNotMix) {
                                     "person \"p1\" wasUseful note=\"to Ada\" corrects=nil"));
 }
 
-TEST_P(RecordingJourney, aPersonAndAPathOfTheSameReferenceAreTwoSubjects) {
+TEST_P(RecordingJourney, APersonAndAPathOfTheSameReferenceAreTwoSubjects) {
   host.change([](Result& result) { result.people = {person("p9", "Eve")}; });
   ControlOnScreen eve = personControl(host, "p9");
   eve.recordOutcome();
@@ -169,14 +169,14 @@ TEST_P(RecordingJourney, aPersonAndAPathOfTheSameReferenceAreTwoSubjects) {
                                     "path \"p9\" wasUseful note=nil corrects=nil"));
 }
 
-TEST_P(RecordingJourney, leavingTheScreenByEveryDoor) {
+TEST_P(RecordingJourney, LeavingTheScreenByEveryDoor) {
   host.screen.press(testing::button("Bo"));
   host.screen.press("vemra.goal.person.p1.show-source");
   host.screen.press("vemra.goal.path.see-in-starfold");
   EXPECT_THAT(host.log, ElementsAre("open \"p2\"", "evidence \"ev9\"", "focus"));
 }
 
-TEST(SavePressedAgain, fromInsideTheCallbackRecordsOnce) {
+TEST(SavePressedAgain, FromInsideTheCallbackRecordsOnce) {
   testing::Screen* shown = nullptr;
   int recordings = 0;
   const GoalResultView view(GoalResultSnapshotV1(ordinaryResult()), {}, {}, {},
@@ -191,7 +191,7 @@ TEST(SavePressedAgain, fromInsideTheCallbackRecordsOnce) {
   EXPECT_EQ(recordings, 1);
 }
 
-TEST(ThrowingHost, leavesTheEditorAsItWasAndTheScreenUsable) {
+TEST(ThrowingHost, LeavesTheEditorAsItWasAndTheScreenUsable) {
   bool isBroken = true;
   std::vector<std::string> recorded;
   testing::Screen screen(GoalResultView(
@@ -214,7 +214,7 @@ TEST(ThrowingHost, leavesTheEditorAsItWasAndTheScreenUsable) {
   EXPECT_TRUE(screen.has("vemra.goal.path.outcome.start"));
 }
 
-TEST(HostThatShowsAnotherGoal, fromInsideTheCallbacks) {
+TEST(HostThatShowsAnotherGoal, FromInsideTheCallbacks) {
   Result other = ordinaryResult();
   other.goal.title = "Another goal";
   other.people = {person("q1", "Quinn")};

@@ -47,7 +47,7 @@ INSTANTIATE_TEST_SUITE_P(References, EqualReferences,
                                            Pair{"twoNormalFormsTheOtherWay", decomposed, composed}),
                          [](const auto& sample) { return sample.param.name; });
 
-TEST_P(EqualReferences, showBothPeopleEachWithTheirOwnContent) {
+TEST_P(EqualReferences, ShowBothPeopleEachWithTheirOwnContent) {
   EXPECT_THAT(
       host.screen.shownTexts(),
       ElementsAre("Find a design lead", "People worth considering",           //
@@ -61,7 +61,7 @@ TEST_P(EqualReferences, showBothPeopleEachWithTheirOwnContent) {
                           "vemra.goal.person." + GetParam().second + ".outcome.start"));
 }
 
-TEST_P(EqualReferences, callBackWithTheBytesOfTheirOwnRow) {
+TEST_P(EqualReferences, CallBackWithTheBytesOfTheirOwnRow) {
   host.screen.press(button("Ada"));
   host.screen.press(button("Bo"));
   host.screen.press(button("Show source", 0));
@@ -71,7 +71,7 @@ TEST_P(EqualReferences, callBackWithTheBytesOfTheirOwnRow) {
                           "evidence \"ev-ada\"", "evidence \"ev-bo\""));
 }
 
-TEST_P(EqualReferences, haveEditorsOfTheirOwnAndOneOutcome) {
+TEST_P(EqualReferences, HaveEditorsOfTheirOwnAndOneOutcome) {
   host.screen.press(inControl(1, "start"));
   EXPECT_EQ(face(host.screen, 0).size(), 1u);
   EXPECT_EQ(face(host.screen, 1).at(0), "VStack leading 6");
@@ -86,7 +86,7 @@ TEST_P(EqualReferences, haveEditorsOfTheirOwnAndOneOutcome) {
             "person \"" + GetParam().first + "\" wasUseful note=nil corrects=\"o1\"");
 }
 
-TEST_P(EqualReferences, areToldApartByTheirOrder) {
+TEST_P(EqualReferences, AreDistinguishedByTheirOrder) {
   host.screen.press(inControl(0, "start"));
   host.change([](Result& result) {
     std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
@@ -98,7 +98,7 @@ TEST_P(EqualReferences, areToldApartByTheirOrder) {
   EXPECT_EQ(face(host.screen, 1).size(), 1u);
 }
 
-TEST_P(EqualReferences, surviveTheOtherOnesLeaving) {
+TEST_P(EqualReferences, SurviveTheOtherOnesLeaving) {
   host.screen.press(inControl(1, "start"));
   host.screen.press(inControl(0, "start"));
   host.change([](Result& result) { result.people = {result.people[1]}; });
@@ -109,12 +109,12 @@ TEST_P(EqualReferences, surviveTheOtherOnesLeaving) {
   EXPECT_EQ(face(host.screen, 1).size(), 1u) << "the second left and returned";
 }
 
-TEST_P(EqualReferences, showTheSameEveryTime) {
+TEST_P(EqualReferences, ShowTheSameEveryTime) {
   MemoryHost again{twoPeople()};
   EXPECT_EQ(again.screen.outline(), host.screen.outline());
 }
 
-TEST(NormalForms, areOneSubjectAndKeepTheirBytes) {
+TEST(NormalForms, AreOneSubjectAndKeepTheirBytes) {
   const std::vector<std::pair<std::string, std::string>> forms{{composed, decomposed},
                                                                {decomposed, composed}};
   for (const auto& [asked, stored] : forms) {
@@ -135,7 +135,7 @@ TEST(NormalForms, areOneSubjectAndKeepTheirBytes) {
   }
 }
 
-TEST(NormalForms, ofOtherLettersStayApart) {
+TEST(NormalForms, OfOtherLettersStayApart) {
   Result result = ordinaryResult();
   result.people = {person("e", "E"), person("\ufb01", "Ligature"), person("E", "Capital")};
   result.outcomes = {outcome("o1", SubjectKind::person, composed, Value::helped),
@@ -146,7 +146,7 @@ TEST(NormalForms, ofOtherLettersStayApart) {
   EXPECT_TRUE(personControl(host, "E").isOffering());
 }
 
-TEST(IllFormedReferences, areShownAndRecordedAsTheyAre) {
+TEST(IllFormedReferences, AreShownAndRecordedAsTheyAre) {
   Result result = ordinaryResult();
   result.people = {person("a\xC3", "Half"), person("a\xE9", "Latin")};
   result.outcomes = {outcome("o1", SubjectKind::person, "a\xE9", Value::helped)};

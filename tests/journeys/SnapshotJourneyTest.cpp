@@ -45,7 +45,7 @@ class MidEdit : public ::testing::Test {
   ui::NodeID field_;
 };
 
-TEST_F(MidEdit, theSourceButtonAppearsAndVanishesAbove) {
+TEST_F(MidEdit, TheSourceButtonAppearsAndVanishesAbove) {
   setPeople({person("p1", "Ada"), person("p2", "Bo", {"ev1"}), person("p3", "Cy")});
   ASSERT_TRUE(host.screen.has("vemra.goal.person.p2.show-source"));
   expectBoKept();
@@ -54,7 +54,7 @@ TEST_F(MidEdit, theSourceButtonAppearsAndVanishesAbove) {
   expectBoKept();
 }
 
-TEST_F(MidEdit, rowsAreReordered) {
+TEST_F(MidEdit, RowsAreReordered) {
   setPeople({person("p3", "Cy"), person("p2", "Bo"), person("p1", "Ada")});
   expectBoKept();
   setPeople({person("p2", "Bo"), person("p1", "Ada"), person("p3", "Cy")});
@@ -62,18 +62,18 @@ TEST_F(MidEdit, rowsAreReordered) {
   EXPECT_EQ(face(host.screen, 0).at(0), "VStack leading 6");
 }
 
-TEST_F(MidEdit, rowsAreInserted) {
+TEST_F(MidEdit, RowsAreInserted) {
   setPeople({person("p0", "Zoe"), person("p1", "Ada"), person("px", "Xi"), person("p2", "Bo"),
              person("p3", "Cy"), person("p4", "Di")});
   expectBoKept();
 }
 
-TEST_F(MidEdit, otherRowsAreRemoved) {
+TEST_F(MidEdit, OtherRowsAreRemoved) {
   setPeople({person("p2", "Bo")});
   expectBoKept();
 }
 
-TEST_F(MidEdit, nameReasonAndFooterChange) {
+TEST_F(MidEdit, NameReasonAndFooterChange) {
   host.change([](Result& result) {
     GoalPersonCandidateDTO renamed = person("p2", "Robert");
     renamed.why = GoalWhyDTO::connection(5);
@@ -84,27 +84,27 @@ TEST_F(MidEdit, nameReasonAndFooterChange) {
   expectBoKept();
 }
 
-TEST_F(MidEdit, thePersonLeavesAndReturns) {
+TEST_F(MidEdit, ThePersonLeavesAndReturns) {
   setPeople({person("p1", "Ada"), person("p3", "Cy")});
   setPeople({person("p1", "Ada"), person("p2", "Bo"), person("p3", "Cy")});
   expectBoLost();
 }
 
-TEST_F(MidEdit, peopleEmptiesAndRefills) {
+TEST_F(MidEdit, PeopleEmptiesAndRefills) {
   setPeople({});
   EXPECT_FALSE(bo.isEditing());
   setPeople({person("p1", "Ada"), person("p2", "Bo"), person("p3", "Cy")});
   expectBoLost();
 }
 
-TEST_F(MidEdit, thePathComesAndGoesBelow) {
+TEST_F(MidEdit, ThePathComesAndGoesBelow) {
   host.change([](Result& result) { result.paths = {}; });
   expectBoKept();
   host.change([](Result& result) { result.paths = {path({"p9"})}; });
   expectBoKept();
 }
 
-TEST_F(MidEdit, theOutcomeArrivesAndSaveNamesIt) {
+TEST_F(MidEdit, TheOutcomeArrivesAndSaveNamesIt) {
   host.change([](Result& result) {
     result.outcomes = {outcome("new", SubjectKind::person, "p2", Value::helped)};
   });
@@ -113,7 +113,7 @@ TEST_F(MidEdit, theOutcomeArrivesAndSaveNamesIt) {
   EXPECT_THAT(host.log, ElementsAre("person \"p2\" invited note=\"half a sen\" corrects=\"new\""));
 }
 
-TEST_F(MidEdit, theReferenceTurnsIntoItsOtherNormalForm) {
+TEST_F(MidEdit, TheReferenceTurnsIntoItsOtherNormalForm) {
   setPeople({person(composed, "Bo")});
   ControlOnScreen before = personControl(host, composed);
   before.recordOutcome();
@@ -150,7 +150,7 @@ class MidCorrection : public ::testing::Test {
   ControlOnScreen ada = personControl(host, "p1");
 };
 
-TEST_F(MidCorrection, saveNamesTheRecordThatIsInForceByThen) {
+TEST_F(MidCorrection, SaveNamesTheRecordThatIsInForceByThen) {
   setOutcomes({outcome("o1", SubjectKind::person, "p1", Value::helped, "met"),
                outcome("o2", SubjectKind::person, "p1", Value::notAFit, "other", "o1")});
   expectKept();
@@ -158,14 +158,14 @@ TEST_F(MidCorrection, saveNamesTheRecordThatIsInForceByThen) {
   EXPECT_THAT(host.log, ElementsAre("person \"p1\" helped note=\"met twice\" corrects=\"o2\""));
 }
 
-TEST_F(MidCorrection, saveNamesNobodyWhenTheOutcomeIsGone) {
+TEST_F(MidCorrection, SaveNamesNobodyWhenTheOutcomeIsGone) {
   setOutcomes({});
   expectKept();
   ada.save();
   EXPECT_THAT(host.log, ElementsAre("person \"p1\" helped note=\"met twice\" corrects=nil"));
 }
 
-TEST_F(MidCorrection, anOutcomeOfSomebodyElseChangesNothing) {
+TEST_F(MidCorrection, AnOutcomeOfSomebodyElseChangesNothing) {
   setOutcomes({outcome("o1", SubjectKind::person, "p1", Value::helped, "met"),
                outcome("o2", SubjectKind::person, "p2", Value::notAFit),
                outcome("o3", SubjectKind::path, "p1", Value::notAFit)});
@@ -174,7 +174,7 @@ TEST_F(MidCorrection, anOutcomeOfSomebodyElseChangesNothing) {
   EXPECT_THAT(host.log, ElementsAre("person \"p1\" helped note=\"met twice\" corrects=\"o1\""));
 }
 
-TEST_F(MidCorrection, cancelShowsTheOutcomeInForceByThen) {
+TEST_F(MidCorrection, CancelShowsTheOutcomeInForceByThen) {
   setOutcomes({outcome("o1", SubjectKind::person, "p1", Value::helped, "met"),
                outcome("o2", SubjectKind::person, "p1", Value::notAFit, "other", "o1")});
   ada.cancel();
@@ -199,7 +199,7 @@ class MidPathEdit : public ::testing::Test {
   ControlOnScreen control = pathControl(host);
 };
 
-TEST_F(MidPathEdit, anotherFirstPathKeepsTheEntryAndSaveNamesTheNewSubject) {
+TEST_F(MidPathEdit, AnotherFirstPathKeepsTheEntryAndSaveNamesTheNewSubject) {
   setPaths({path({"p3", "p8"}, GoalWhyDTO::nameMatch()), path({"p1", "p9"})});
   ASSERT_TRUE(control.isEditing());
   EXPECT_EQ(control.chosen(), "introduced");
@@ -208,7 +208,7 @@ TEST_F(MidPathEdit, anotherFirstPathKeepsTheEntryAndSaveNamesTheNewSubject) {
   EXPECT_THAT(host.log, ElementsAre("path \"p8\" introduced note=\"via Ada\" corrects=nil"));
 }
 
-TEST_F(MidPathEdit, anotherFirstPathWithAnOutcomeIsCorrected) {
+TEST_F(MidPathEdit, AnotherFirstPathWithAnOutcomeIsCorrected) {
   host.change([](Result& result) {
     result.paths = {path({"p8"})};
     result.outcomes = {outcome("o8", SubjectKind::path, "p8", Value::helped)};
@@ -217,13 +217,13 @@ TEST_F(MidPathEdit, anotherFirstPathWithAnOutcomeIsCorrected) {
   EXPECT_THAT(host.log, ElementsAre("path \"p8\" introduced note=\"via Ada\" corrects=\"o8\""));
 }
 
-TEST_F(MidPathEdit, anEmptyFirstPathKeepsTheEntryToo) {
+TEST_F(MidPathEdit, AnEmptyFirstPathKeepsTheEntryToo) {
   setPaths({path({})});
   control.save();
   EXPECT_THAT(host.log, ElementsAre("path nil introduced note=\"via Ada\" corrects=nil"));
 }
 
-TEST_F(MidPathEdit, pathsEmptiesAndRefills) {
+TEST_F(MidPathEdit, PathsEmptiesAndRefills) {
   setPaths({});
   EXPECT_FALSE(control.isEditing());
   setPaths({path({"p1", "p9"})});
@@ -233,13 +233,13 @@ TEST_F(MidPathEdit, pathsEmptiesAndRefills) {
                                    "noteText=\"\"}"));
 }
 
-TEST_F(MidPathEdit, peopleComeAndGoAbove) {
+TEST_F(MidPathEdit, PeopleComeAndGoAbove) {
   host.change([](Result& result) { result.people = {}; });
   host.change([](Result& result) { result.people = {person("p4")}; });
   EXPECT_EQ(control.note(), "via Ada");
 }
 
-TEST(LateEvents, forAnEditorThatIsGoneDoNothing) {
+TEST(LateEvents, ForAnEditorThatIsGoneDoNothing) {
   MemoryHost host{threePeople()};
   ControlOnScreen bo = personControl(host, "p2");
   bo.recordOutcome();

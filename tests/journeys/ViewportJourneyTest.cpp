@@ -16,10 +16,8 @@ Result manyPeople(std::size_t count) {
   Result result = threePeople();
   std::vector<GoalPersonCandidateDTO> people;
   for (std::size_t i = 0; i < count; ++i) {
-    people.push_back({.personRef = "p" + std::to_string(i),
-                      .displayName = "Person " + std::to_string(i),
-                      .why = GoalWhyDTO::connection(2),
-                      .evidenceIDs = {}});
+    const std::string number = std::to_string(i);
+    people.push_back(person("p" + number, "Person " + number, {}, GoalWhyDTO::connection(2)));
   }
   result.people = people;
   return result;
@@ -31,7 +29,7 @@ class ViewportJourney : public ::testing::Test {
   Viewport screen{host.view(), {50, 9}};
 };
 
-TEST_F(ViewportJourney, anOutcomeIsRecordedWithoutAMouse) {
+TEST_F(ViewportJourney, AnOutcomeIsRecordedWithoutAMouse) {
   for (int i = 0; i < 4; ++i) ASSERT_TRUE(screen.tab());
   EXPECT_EQ(screen.text(),
             "   People worth considering\n"
@@ -73,7 +71,7 @@ TEST_F(ViewportJourney, anOutcomeIsRecordedWithoutAMouse) {
   EXPECT_THAT(host.log, ElementsAre("person \"p1\" helped note=\"met at the fair\" corrects=nil"));
 }
 
-TEST_F(ViewportJourney, anEditorKeepsItsTextWhileItIsOutOfView) {
+TEST_F(ViewportJourney, AnEditorKeepsItsTextWhileItIsOutOfView) {
   screen.tab();
   screen.tab();
   screen.press();
@@ -99,7 +97,7 @@ TEST_F(ViewportJourney, anEditorKeepsItsTextWhileItIsOutOfView) {
       << "typing brings the field back into view";
 }
 
-TEST_F(ViewportJourney, theFocusGoesThroughAllPeopleToThePathAndBack) {
+TEST_F(ViewportJourney, TheFocusGoesThroughAllPeopleToThePathAndBack) {
   int controls = 0;
   while (screen.tab()) ++controls;
   EXPECT_EQ(controls, 500 * 2 + 2);
@@ -110,7 +108,7 @@ TEST_F(ViewportJourney, theFocusGoesThroughAllPeopleToThePathAndBack) {
 }
 
 // The example in docs/testing.md.
-TEST_F(ViewportJourney, showsTheTopOfThePage) {
+TEST_F(ViewportJourney, ShowsTheTopOfThePage) {
   Viewport low(host.view(), {50, 7});
   low.tab();
   EXPECT_EQ(low.text(),

@@ -16,20 +16,20 @@ namespace {
 static_assert(alignof(GoalOutcomeRecordingInput) <= alignof(std::max_align_t));
 static_assert(alignof(GoalResultSnapshotV1) <= alignof(std::max_align_t));
 
-TEST(RecordAlignment, aRecordingIsKeptOverAnAwait) {
+TEST(RecordAlignment, ARecordingIsKeptOverAnAwait) {
   const GoalOutcomeRecordingInput input = GoalOutcomeRecordingFormLogic::recordingInput(
       GoalOutcomeSubjectKind::path, "ren", GoalOutcomeValue::helped, "met", sample::outcome());
   testing::ManyKeeping<GoalOutcomeRecordingInput> many(input);
   for (auto& keeping : many.tasks) EXPECT_EQ(task::wait(std::move(keeping)), input);
 }
 
-TEST(RecordAlignment, aSnapshotIsKeptOverAnAwait) {
+TEST(RecordAlignment, ASnapshotIsKeptOverAnAwait) {
   const GoalResultSnapshotV1 snapshot = sample::snapshot();
   testing::ManyKeeping<GoalResultSnapshotV1> many(snapshot);
   for (auto& keeping : many.tasks) EXPECT_TRUE(task::wait(std::move(keeping)) == snapshot);
 }
 
-TEST(RecordAlignment, theOutcomeInForceIsKeptOverAnAwait) {
+TEST(RecordAlignment, TheOutcomeInForceIsKeptOverAnAwait) {
   const std::optional<GoalOutcomeDTO> inForce =
       sample::snapshot().effectiveOutcome(GoalOutcomeSubjectKind::path, "ren" + sample::composed);
   ASSERT_TRUE(inForce.has_value());

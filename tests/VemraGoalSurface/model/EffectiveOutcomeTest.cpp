@@ -8,7 +8,6 @@
 namespace vemra {
 namespace {
 
-using sample::outcomeAbout;
 using sample::snapshotWithOutcomes;
 using enum GoalOutcomeSubjectKind;
 
@@ -19,11 +18,11 @@ std::string inForce(const GoalResultSnapshotV1& snapshot, GoalOutcomeSubjectKind
   return outcome.has_value() ? outcome->id : "none";
 }
 
-TEST(EffectiveOutcome, theLastOneOfASubjectIsInForce) {
-  GoalOutcomeDTO first = outcomeAbout("A", person, "anna");
-  GoalOutcomeDTO correction = outcomeAbout("B", person, "anna");
+TEST(EffectiveOutcome, TheLastOneOfASubjectIsInForce) {
+  GoalOutcomeDTO first = build::outcome("A", person, "anna");
+  GoalOutcomeDTO correction = build::outcome("B", person, "anna");
   correction.correctsOutcomeID = "A";
-  const GoalOutcomeDTO other = outcomeAbout("C", person, "bo");
+  const GoalOutcomeDTO other = build::outcome("C", person, "bo");
 
   const GoalResultSnapshotV1 corrected = snapshotWithOutcomes({first, correction, other});
   EXPECT_EQ(inForce(corrected, person, "anna"), "B");
@@ -33,65 +32,65 @@ TEST(EffectiveOutcome, theLastOneOfASubjectIsInForce) {
   EXPECT_EQ(inForce(turned, person, "anna"), "A") << "the position decides, not the link";
 }
 
-TEST(EffectiveOutcome, noneWithoutAMatch) {
+TEST(EffectiveOutcome, NoneWithoutAMatch) {
   EXPECT_EQ(inForce(snapshotWithOutcomes({}), person, "anna"), "none");
   EXPECT_EQ(inForce(snapshotWithOutcomes({}), person, std::nullopt), "none");
-  const GoalResultSnapshotV1 snapshot = snapshotWithOutcomes({outcomeAbout("A", person, "anna")});
+  const GoalResultSnapshotV1 snapshot = snapshotWithOutcomes({build::outcome("A", person, "anna")});
   EXPECT_EQ(inForce(snapshot, person, "bo"), "none");
   EXPECT_EQ(inForce(snapshot, person, "ann"), "none");
   EXPECT_EQ(inForce(snapshot, person, "Anna"), "none");
   EXPECT_EQ(inForce(snapshot, person, "anna "), "none");
 }
 
-TEST(EffectiveOutcome, theKindMustMatchToo) {
+TEST(EffectiveOutcome, TheKindMustMatchToo) {
   const GoalResultSnapshotV1 snapshot = snapshotWithOutcomes(
-      {outcomeAbout("A", person, "anna"), outcomeAbout("B", path, std::nullopt)});
+      {build::outcome("A", person, "anna"), build::outcome("B", path, std::nullopt)});
   EXPECT_EQ(inForce(snapshot, path, "anna"), "none");
   EXPECT_EQ(inForce(snapshot, person, "anna"), "A");
   EXPECT_EQ(inForce(snapshot, person, std::nullopt), "none");
   EXPECT_EQ(inForce(snapshot, path, std::nullopt), "B");
 }
 
-TEST(EffectiveOutcome, aKindTheEngineAddsLaterIsAKindOfItsOwn) {
+TEST(EffectiveOutcome, AKindTheEngineAddsLaterIsAKindOfItsOwn) {
   const auto later = static_cast<GoalOutcomeSubjectKind>(2);
-  const GoalResultSnapshotV1 snapshot = snapshotWithOutcomes({outcomeAbout("A", later, "anna")});
+  const GoalResultSnapshotV1 snapshot = snapshotWithOutcomes({build::outcome("A", later, "anna")});
   EXPECT_EQ(inForce(snapshot, later, "anna"), "A");
   EXPECT_EQ(inForce(snapshot, person, "anna"), "none");
 }
 
-TEST(EffectiveOutcome, noReferenceMatchesOnlyNoReference) {
+TEST(EffectiveOutcome, NoReferenceMatchesOnlyNoReference) {
   const GoalResultSnapshotV1 snapshot =
-      snapshotWithOutcomes({outcomeAbout("nil", path, std::nullopt), outcomeAbout("", path, ""),
-                            outcomeAbout("anna", path, "anna")});
+      snapshotWithOutcomes({build::outcome("nil", path, std::nullopt), build::outcome("", path, ""),
+                            build::outcome("anna", path, "anna")});
   EXPECT_EQ(inForce(snapshot, path, std::nullopt), "nil");
   EXPECT_EQ(inForce(snapshot, path, ""), "");
   EXPECT_EQ(inForce(snapshot, path, "anna"), "anna");
 
-  const GoalResultSnapshotV1 onlyNil = snapshotWithOutcomes({outcomeAbout("nil", path, {})});
+  const GoalResultSnapshotV1 onlyNil = snapshotWithOutcomes({build::outcome("nil", path, {})});
   EXPECT_EQ(inForce(onlyNil, path, ""), "none");
   EXPECT_EQ(inForce(onlyNil, path, "anna"), "none");
-  const GoalResultSnapshotV1 onlyEmpty = snapshotWithOutcomes({outcomeAbout("E", path, "")});
+  const GoalResultSnapshotV1 onlyEmpty = snapshotWithOutcomes({build::outcome("E", path, "")});
   EXPECT_EQ(inForce(onlyEmpty, path, std::nullopt), "none");
 }
 
-TEST(EffectiveOutcome, aReferenceInEitherNormalFormIsOneSubject) {
+TEST(EffectiveOutcome, AReferenceInEitherNormalFormIsOneSubject) {
   const GoalResultSnapshotV1 snapshot = snapshotWithOutcomes(
-      {outcomeAbout("A", person, "Ren\u00e9"), outcomeAbout("B", person, "Rene\u0301"),
-       outcomeAbout("C", person, "Rene")});
+      {build::outcome("A", person, "Ren\u00e9"), build::outcome("B", person, "Rene\u0301"),
+       build::outcome("C", person, "Rene")});
   EXPECT_EQ(inForce(snapshot, person, "Ren\u00e9"), "B");
   EXPECT_EQ(inForce(snapshot, person, "Rene\u0301"), "B");
   EXPECT_EQ(inForce(snapshot, person, "Rene"), "C");
 }
 
-TEST(EffectiveOutcome, referencesWithEqualBytesMatchEvenWhenIllFormed) {
+TEST(EffectiveOutcome, ReferencesWithEqualBytesMatchEvenWhenIllFormed) {
   const GoalResultSnapshotV1 snapshot = snapshotWithOutcomes(
-      {outcomeAbout("A", person, "a\xC3"), outcomeAbout("B", person, "a\xE9")});
+      {build::outcome("A", person, "a\xC3"), build::outcome("B", person, "a\xE9")});
   EXPECT_EQ(inForce(snapshot, person, "a\xC3"), "A");
   EXPECT_EQ(inForce(snapshot, person, "a\xE9"), "B");
   EXPECT_EQ(inForce(snapshot, person, "a\uFFFD"), "none");
 }
 
-TEST(EffectiveOutcome, givesACopyOfTheWholeRecord) {
+TEST(EffectiveOutcome, GivesACopyOfTheWholeRecord) {
   const GoalOutcomeDTO record = sample::outcome();
   std::optional<GoalOutcomeDTO> outcome;
   {
@@ -103,8 +102,8 @@ TEST(EffectiveOutcome, givesACopyOfTheWholeRecord) {
   EXPECT_TRUE(*outcome == record);
 }
 
-TEST(EffectiveOutcome, takesAReferenceInWhateverFormTheCallerHasIt) {
-  const GoalResultSnapshotV1 snapshot = snapshotWithOutcomes({outcomeAbout("A", person, "anna")});
+TEST(EffectiveOutcome, TakesAReferenceInWhateverFormTheCallerHasIt) {
+  const GoalResultSnapshotV1 snapshot = snapshotWithOutcomes({build::outcome("A", person, "anna")});
   const std::string text = "anna";
   const std::optional<std::string> optionalText = text;
   const std::optional<std::string> nothing;
@@ -117,7 +116,7 @@ TEST(EffectiveOutcome, takesAReferenceInWhateverFormTheCallerHasIt) {
 }
 
 // Any list of records, seen through a plain forward pass over which subject each record is about.
-TEST(EffectiveOutcome, isTheRecordWithTheHighestIndexAmongThoseOfTheSubject) {
+TEST(EffectiveOutcome, IsTheRecordWithTheHighestIndexAmongThoseOfTheSubject) {
   struct Reference {
     std::optional<std::string> text;
     int subject;  // references of one subject are canonically equivalent
@@ -152,7 +151,7 @@ TEST(EffectiveOutcome, isTheRecordWithTheHighestIndexAmongThoseOfTheSubject) {
     for (std::size_t i = 0; i < count; ++i) {
       const Reference& reference = references[below(references.size())];
       const auto kind = static_cast<GoalOutcomeSubjectKind>(below(2));
-      outcomes.push_back(outcomeAbout(std::to_string(i), kind, reference.text));
+      outcomes.push_back(build::outcome(std::to_string(i), kind, reference.text));
       subjects.push_back(reference.subject);
     }
     const GoalResultSnapshotV1 snapshot = snapshotWithOutcomes(outcomes);

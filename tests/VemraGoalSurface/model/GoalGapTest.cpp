@@ -26,14 +26,14 @@ GoalResultSnapshotV1 withPaths(std::size_t pathCount, std::optional<std::string>
 constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
 constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
 
-TEST(PeopleGap, withoutPeopleTheEvidenceCountDecides) {
+TEST(PeopleGap, WithoutPeopleTheEvidenceCountDecides) {
   EXPECT_EQ(peopleGap(0, 0), GoalPeopleGap::noEvidenceYet);
   for (std::int64_t count : {std::int64_t{1}, std::int64_t{3}, std::int64_t{-1}, least, most}) {
     EXPECT_EQ(peopleGap(0, count), GoalPeopleGap::evidenceButNoRelevantPeople) << count;
   }
 }
 
-TEST(PeopleGap, withPeopleThereIsNoneWhateverTheEvidence) {
+TEST(PeopleGap, WithPeopleThereIsNoneWhateverTheEvidence) {
   for (std::int64_t count : {std::int64_t{0}, std::int64_t{3}, std::int64_t{-1}}) {
     EXPECT_EQ(peopleGap(1, count), std::nullopt) << count;
     EXPECT_EQ(peopleGap(2, count), std::nullopt) << count;
@@ -41,7 +41,7 @@ TEST(PeopleGap, withPeopleThereIsNoneWhateverTheEvidence) {
 }
 
 // Sources or a date without a count are no evidence, and other lists do not stand in for people.
-TEST(PeopleGap, looksAtNothingElse) {
+TEST(PeopleGap, LooksAtNothingElse) {
   GetGoalSnapshotResponse response = sample::response();
   response.people = {};
   response.coverage.evidenceCount = 0;
@@ -55,19 +55,19 @@ TEST(PeopleGap, looksAtNothingElse) {
   EXPECT_EQ(GoalResultSnapshotV1(response).peopleGap(), GoalPeopleGap::evidenceButNoRelevantPeople);
 }
 
-TEST(PathGap, withoutPathsTheTargetPersonDecides) {
+TEST(PathGap, WithoutPathsTheTargetPersonDecides) {
   EXPECT_EQ(withPaths(0, std::nullopt).pathGap(), GoalPathGap::noTargetPerson);
   EXPECT_EQ(withPaths(0, "ren").pathGap(), GoalPathGap::noConnectionFound);
   EXPECT_EQ(withPaths(0, "").pathGap(), GoalPathGap::noConnectionFound)
       << "an empty reference is a reference";
 }
 
-TEST(PathGap, withPathsThereIsNoneWhateverTheTarget) {
+TEST(PathGap, WithPathsThereIsNoneWhateverTheTarget) {
   EXPECT_EQ(withPaths(1, std::nullopt).pathGap(), std::nullopt);
   EXPECT_EQ(withPaths(2, "ren").pathGap(), std::nullopt);
 }
 
-TEST(PathGap, aPathIsSupportedWhenThereIsOne) {
+TEST(PathGap, APathIsSupportedWhenThereIsOne) {
   EXPECT_FALSE(withPaths(0, "ren").hasSupportedPath());
   EXPECT_FALSE(withPaths(0, std::nullopt).hasSupportedPath());
   EXPECT_TRUE(withPaths(1, "ren").hasSupportedPath());
@@ -75,7 +75,7 @@ TEST(PathGap, aPathIsSupportedWhenThereIsOne) {
   EXPECT_TRUE(withPaths(3, "ren").hasSupportedPath());
 }
 
-TEST(GapCases, compareAndHashByIndex) {
+TEST(GapCases, CompareAndHashByIndex) {
   EXPECT_EQ(static_cast<int>(GoalPeopleGap::noEvidenceYet), 0);
   EXPECT_EQ(static_cast<int>(GoalPeopleGap::evidenceButNoRelevantPeople), 1);
   EXPECT_EQ(static_cast<int>(GoalPathGap::noTargetPerson), 0);

@@ -28,13 +28,13 @@ GoalOutcomeDTO earlier(GoalOutcomeValue value, std::optional<std::string> note) 
 
 // initial values
 
-TEST(InitialFormValues, aFirstRecordingBeginsAtWasUseful) {
+TEST(InitialFormValues, AFirstRecordingBeginsAtWasUseful) {
   const form::FormValues values = form::initialFormValues(std::nullopt);
   EXPECT_EQ(values.value, GoalOutcomeValue::wasUseful);
   EXPECT_EQ(values.note, "");
 }
 
-TEST(InitialFormValues, aCorrectionBeginsAtWhatWasRecorded) {
+TEST(InitialFormValues, ACorrectionBeginsAtWhatWasRecorded) {
   for (GoalOutcomeValue value : allGoalOutcomeValues) {
     const form::FormValues values = form::initialFormValues(earlier(value, "a note"));
     EXPECT_EQ(values.value, value);
@@ -42,14 +42,14 @@ TEST(InitialFormValues, aCorrectionBeginsAtWhatWasRecorded) {
   }
 }
 
-TEST(InitialFormValues, aRecordWithoutANoteGivesAnEmptyOne) {
+TEST(InitialFormValues, ARecordWithoutANoteGivesAnEmptyOne) {
   const form::FormValues values =
       form::initialFormValues(earlier(GoalOutcomeValue::helped, std::nullopt));
   EXPECT_EQ(values.value, GoalOutcomeValue::helped);
   EXPECT_EQ(values.note, "");
 }
 
-TEST(InitialFormValues, theNoteIsTakenAsStored) {
+TEST(InitialFormValues, TheNoteIsTakenAsStored) {
   for (const std::string note : {"  two before, one after ", "", "   ", "a\nb", "e\u0301"}) {
     EXPECT_EQ(form::initialFormValues(earlier(GoalOutcomeValue::helped, note)).note, note);
   }
@@ -57,7 +57,7 @@ TEST(InitialFormValues, theNoteIsTakenAsStored) {
 
 // can save
 
-TEST(CanSave, everyValueButSomethingElseMayGoWithoutANote) {
+TEST(CanSave, EveryValueButSomethingElseMayGoWithoutANote) {
   for (GoalOutcomeValue value : allGoalOutcomeValues) {
     const bool needsNote = value == GoalOutcomeValue::somethingElse;
     EXPECT_EQ(form::canSave(value, ""), !needsNote) << form::label(value);
@@ -66,7 +66,7 @@ TEST(CanSave, everyValueButSomethingElseMayGoWithoutANote) {
   }
 }
 
-TEST(CanSave, somethingElseNeedsMoreThanBlanks) {
+TEST(CanSave, SomethingElseNeedsMoreThanBlanks) {
   const auto canSave = [](const std::string& note) {
     return form::canSave(GoalOutcomeValue::somethingElse, note);
   };
@@ -91,7 +91,7 @@ std::optional<std::string> recordedNote(const std::string& noteText) {
       .note;
 }
 
-TEST(RecordingInput, theNoteLosesTheBlanksAtEitherEnd) {
+TEST(RecordingInput, TheNoteLosesTheBlanksAtEitherEnd) {
   EXPECT_EQ(recordedNote("\n  met for lunch\n  "), "met for lunch");
   EXPECT_EQ(recordedNote("met for lunch"), "met for lunch");
   EXPECT_EQ(recordedNote(" two\n\n lines\tand  more "), "two\n\n lines\tand  more");
@@ -102,18 +102,18 @@ TEST(RecordingInput, theNoteLosesTheBlanksAtEitherEnd) {
   for (const std::string& text : almostBlanks) EXPECT_EQ(recordedNote(text), text);
 }
 
-TEST(RecordingInput, aBlankNoteIsNone) {
+TEST(RecordingInput, ABlankNoteIsNone) {
   EXPECT_EQ(recordedNote(""), std::nullopt);
   EXPECT_EQ(recordedNote("   "), std::nullopt);
   for (const std::string& blank : blanks) EXPECT_EQ(recordedNote(blank), std::nullopt);
 }
 
-TEST(RecordingInput, aLongNoteIsNotCut) {
+TEST(RecordingInput, ALongNoteIsNotCut) {
   const std::string text = "<b>&" + std::string(100000, 'x') + "\u202eend";
   EXPECT_EQ(recordedNote(" " + text + "\n"), text);
 }
 
-TEST(RecordingInput, namesTheOutcomeItCorrects) {
+TEST(RecordingInput, NamesTheOutcomeItCorrects) {
   const auto correctedID = [](const std::optional<GoalOutcomeDTO>& correcting) {
     return form::recordingInput(person, "anna", GoalOutcomeValue::helped, "", correcting)
         .correctsOutcomeID;
@@ -126,7 +126,7 @@ TEST(RecordingInput, namesTheOutcomeItCorrects) {
   EXPECT_EQ(correctedID(outcome), "") << "an empty id is an id";
 }
 
-TEST(RecordingInput, theSubjectAndTheValueGoThroughUnchanged) {
+TEST(RecordingInput, TheSubjectAndTheValueGoThroughUnchanged) {
   for (GoalOutcomeSubjectKind kind : {person, path}) {
     for (GoalOutcomeValue value : allGoalOutcomeValues) {
       for (const std::optional<std::string>& ref :
@@ -145,7 +145,7 @@ TEST(RecordingInput, theSubjectAndTheValueGoThroughUnchanged) {
   }
 }
 
-TEST(RecordingInput, isBuiltEvenWhenSaveWouldBeRefused) {
+TEST(RecordingInput, IsBuiltEvenWhenSaveWouldBeRefused) {
   ASSERT_FALSE(form::canSave(GoalOutcomeValue::somethingElse, ""));
   const GoalOutcomeRecordingInput input =
       form::recordingInput(person, "anna", GoalOutcomeValue::somethingElse, "", std::nullopt);
@@ -155,7 +155,7 @@ TEST(RecordingInput, isBuiltEvenWhenSaveWouldBeRefused) {
 
 // labels
 
-TEST(OutcomeLabel, everyValueHasItsWords) {
+TEST(OutcomeLabel, EveryValueHasItsWords) {
   const std::string_view labels[] = {"Reached out",     "Invited",       "Introduced",
                                      "Helped",          "Was useful",    "Not a fit",
                                      "No action taken", "Something else"};
@@ -164,7 +164,7 @@ TEST(OutcomeLabel, everyValueHasItsWords) {
   }
 }
 
-TEST(OutcomeLabel, whatIsNoCaseHasNoWords) {
+TEST(OutcomeLabel, WhatIsNoCaseHasNoWords) {
   EXPECT_EQ(form::label(static_cast<GoalOutcomeValue>(8)), "");
 }
 

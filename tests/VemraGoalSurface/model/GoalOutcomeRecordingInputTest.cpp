@@ -12,7 +12,7 @@ using Input = GoalOutcomeRecordingInput;
 using enum GoalOutcomeSubjectKind;
 constexpr GoalOutcomeValue helped = GoalOutcomeValue::helped;
 
-TEST(GoalOutcomeRecordingInput, storesTheFiveValuesAsGiven) {
+TEST(GoalOutcomeRecordingInput, StoresTheFiveValuesAsGiven) {
   const Input input{path, "  Rene\u0301 ", GoalOutcomeValue::somethingElse, " \n ", ""};
   EXPECT_EQ(input.subjectKind, path);
   EXPECT_EQ(input.subjectRef, "  Rene\u0301 ");
@@ -21,7 +21,7 @@ TEST(GoalOutcomeRecordingInput, storesTheFiveValuesAsGiven) {
   EXPECT_EQ(input.correctsOutcomeID, "");
 }
 
-TEST(GoalOutcomeRecordingInput, everyFieldTakesPartInEquality) {
+TEST(GoalOutcomeRecordingInput, EveryFieldTakesPartInEquality) {
   const auto original = [] { return Input{person, "anna", helped, "thanks", "o-1"}; };
   EXPECT_TRUE(original() == original());
   const std::vector<Input> others = {
@@ -40,7 +40,7 @@ TEST(GoalOutcomeRecordingInput, everyFieldTakesPartInEquality) {
   }
 }
 
-TEST(GoalOutcomeRecordingInput, anAbsentStringIsNotAnEmptyOne) {
+TEST(GoalOutcomeRecordingInput, AnAbsentStringIsNotAnEmptyOne) {
   EXPECT_FALSE(
       (Input{person, "a", helped, std::nullopt, {}} == Input{person, "a", helped, "", {}}));
   EXPECT_FALSE((Input{person, {}, helped, {}, {}} == Input{person, "", helped, {}, {}}));
@@ -48,12 +48,12 @@ TEST(GoalOutcomeRecordingInput, anAbsentStringIsNotAnEmptyOne) {
   EXPECT_TRUE((Input{person, {}, helped, {}, {}} == Input{person, {}, helped, {}, {}}));
 }
 
-TEST(GoalOutcomeRecordingInput, stringsAreComparedUnderCanonicalEquivalence) {
+TEST(GoalOutcomeRecordingInput, StringsAreComparedUnderCanonicalEquivalence) {
   EXPECT_TRUE((Input{person, "\u00e9", helped, "\u00c5", "\uac00"} ==
                Input{person, "e\u0301", helped, "A\u030a", "\u1100\u1161"}));
 }
 
-TEST(GoalOutcomeRecordingInput, canBeKeptButNotChanged) {
+TEST(GoalOutcomeRecordingInput, CanBeKeptButNotChanged) {
   static_assert(std::is_copy_constructible_v<Input>);
   static_assert(!std::is_copy_assignable_v<Input> && !std::is_move_assignable_v<Input>);
   const Input input{person, "anna", helped, {}, {}};

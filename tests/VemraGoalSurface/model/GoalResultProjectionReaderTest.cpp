@@ -30,7 +30,7 @@ class RecordingEngine : public GoalToolExecutor {
   GetGoalSnapshotResponse answer_;
 };
 
-TEST(MakeSnapshot, givesTheResponseFieldForField) {
+TEST(MakeSnapshot, GivesTheResponseFieldForField) {
   const GetGoalSnapshotResponse answer = sample::response();
   const GoalResultSnapshotV1 snapshot =
       task::wait(makeSnapshot(std::make_shared<RecordingEngine>(answer), "goal"));
@@ -40,7 +40,7 @@ TEST(MakeSnapshot, givesTheResponseFieldForField) {
   EXPECT_EQ(snapshot.outcomes().data(), answer.outcomes.data());
 }
 
-TEST(MakeSnapshot, emptyListsStayEmpty) {
+TEST(MakeSnapshot, EmptyListsStayEmpty) {
   GetGoalSnapshotResponse answer;
   answer.goal = sample::goal();
   answer.coverage = sample::coverage();
@@ -53,7 +53,7 @@ TEST(MakeSnapshot, emptyListsStayEmpty) {
   EXPECT_TRUE(snapshot == GoalResultSnapshotV1(answer.goal, {}, {}, {}, answer.coverage, {}));
 }
 
-TEST(MakeSnapshot, theIdReachesTheEngineByteForByte) {
+TEST(MakeSnapshot, TheIdReachesTheEngineByteForByte) {
   const auto engine = std::make_shared<RecordingEngine>();
   const std::vector<std::string> ids = {"goal-1",     " \t goal \n ",
                                         "",           "   ",
@@ -64,7 +64,7 @@ TEST(MakeSnapshot, theIdReachesTheEngineByteForByte) {
   EXPECT_EQ(engine->askedFor, ids);
 }
 
-TEST(MakeSnapshot, everyCallIsOneQuery) {
+TEST(MakeSnapshot, EveryCallIsOneQuery) {
   const auto engine = std::make_shared<RecordingEngine>();
   const GoalResultSnapshotV1 first = task::wait(makeSnapshot(engine, "goal"));
   EXPECT_EQ(engine->askedFor.size(), 1U);
@@ -73,7 +73,7 @@ TEST(MakeSnapshot, everyCallIsOneQuery) {
   EXPECT_NE(&first.goal(), &second.goal());
 }
 
-TEST(MakeSnapshot, beginsWhenItIsAwaited) {
+TEST(MakeSnapshot, BeginsWhenItIsAwaited) {
   const auto engine = std::make_shared<RecordingEngine>();
   {
     const task::Task<GoalResultSnapshotV1> neverAwaited = makeSnapshot(engine, "goal");
@@ -83,7 +83,7 @@ TEST(MakeSnapshot, beginsWhenItIsAwaited) {
   EXPECT_EQ(engine.use_count(), 1);
 }
 
-TEST(MakeSnapshot, anOverrideInASubclassIsHonoured) {
+TEST(MakeSnapshot, AnOverrideInASubclassIsHonoured) {
   class Subclass : public RecordingEngine {
    public:
     task::Task<GetGoalSnapshotResponse> getGoalSnapshot(std::string) override {
@@ -109,7 +109,7 @@ task::Task<> awaitAndLookForTheEngine(std::shared_ptr<Engine> engine) {
   EXPECT_TRUE(observer.expired());
 }
 
-TEST(MakeSnapshot, releasesTheEngineBeforeTheCallerContinuesWithTheSnapshot) {
+TEST(MakeSnapshot, ReleasesTheEngineBeforeTheCallerContinuesWithTheSnapshot) {
   task::wait(awaitAndLookForTheEngine(std::make_shared<RecordingEngine>()));
 }
 
@@ -133,7 +133,7 @@ class FailingEngine : public GoalToolExecutor {
   const EngineError* thrown = nullptr;
 };
 
-TEST(MakeSnapshot, rethrowsTheVeryObjectTheEngineThrew) {
+TEST(MakeSnapshot, RethrowsTheVeryObjectTheEngineThrew) {
   const auto engine = std::make_shared<FailingEngine>();
   try {
     task::wait(makeSnapshot(engine, "goal"));
@@ -144,7 +144,7 @@ TEST(MakeSnapshot, rethrowsTheVeryObjectTheEngineThrew) {
   }
 }
 
-TEST(MakeSnapshot, releasesTheEngineBeforeTheCallerContinuesWithAnError) {
+TEST(MakeSnapshot, ReleasesTheEngineBeforeTheCallerContinuesWithAnError) {
   task::wait(awaitAndLookForTheEngine(std::make_shared<FailingEngine>()));
 }
 
@@ -154,11 +154,11 @@ class RefusingEngine : public GoalToolExecutor {
   task::Task<GetGoalSnapshotResponse> getGoalSnapshot(std::string) override { throw 42; }
 };
 
-TEST(MakeSnapshot, releasesAnEngineThatThrowsBeforeThereIsATask) {
+TEST(MakeSnapshot, ReleasesAnEngineThatThrowsBeforeThereIsATask) {
   task::wait(awaitAndLookForTheEngine(std::make_shared<RefusingEngine>()));
 }
 
-TEST(MakeSnapshot, passesOnWhatIsThrownBeforeThereIsATask) {
+TEST(MakeSnapshot, PassesOnWhatIsThrownBeforeThereIsATask) {
   task::Task<GoalResultSnapshotV1> snapshot =
       makeSnapshot(std::make_shared<RefusingEngine>(), "goal");
   try {
@@ -169,7 +169,7 @@ TEST(MakeSnapshot, passesOnWhatIsThrownBeforeThereIsATask) {
   }
 }
 
-TEST(MakeSnapshot, aFailureIsNotTriedAgain) {
+TEST(MakeSnapshot, AFailureIsNotTriedAgain) {
   class CountingEngine : public GoalToolExecutor {
    public:
     task::Task<GetGoalSnapshotResponse> getGoalSnapshot(std::string) override {
@@ -184,7 +184,7 @@ TEST(MakeSnapshot, aFailureIsNotTriedAgain) {
 }
 
 // A query may use its engine until its own frame is gone.
-TEST(MakeSnapshot, keepsTheEngineUntilTheQueryItselfIsGone) {
+TEST(MakeSnapshot, KeepsTheEngineUntilTheQueryItselfIsGone) {
   // Lives in the query's frame.
   struct AtTheEnd {
     const std::shared_ptr<bool> engineIsGone;
@@ -235,7 +235,7 @@ class WaitingEngine : public GoalToolExecutor {
   };
 };
 
-TEST(MakeSnapshot, concurrentCallsForOneGoalMakeAQueryEach) {
+TEST(MakeSnapshot, ConcurrentCallsForOneGoalMakeAQueryEach) {
   const auto engine = std::make_shared<WaitingEngine>();
   std::vector<std::optional<GoalResultSnapshotV1>> snapshots(2);
   for (auto& snapshot : snapshots) {
@@ -253,7 +253,7 @@ TEST(MakeSnapshot, concurrentCallsForOneGoalMakeAQueryEach) {
   EXPECT_NE(&snapshots[0]->goal(), &snapshots[1]->goal());
 }
 
-TEST(MakeSnapshot, goesOnWhereverTheEngineResumesIt) {
+TEST(MakeSnapshot, GoesOnWhereverTheEngineResumesIt) {
   const auto engine = std::make_shared<WaitingEngine>();
   std::optional<GoalResultSnapshotV1> snapshot;
   std::thread::id endedOn;
@@ -273,7 +273,7 @@ TEST(MakeSnapshot, goesOnWhereverTheEngineResumesIt) {
   EXPECT_FALSE(endedOnTheMainThread);
 }
 
-TEST(MakeSnapshot, anErrorFromAnotherThreadArrivesThere) {
+TEST(MakeSnapshot, AnErrorFromAnotherThreadArrivesThere) {
   const auto engine = std::make_shared<WaitingEngine>();
   std::exception_ptr error;
   task::start(makeSnapshot(engine, ""),
@@ -284,7 +284,7 @@ TEST(MakeSnapshot, anErrorFromAnotherThreadArrivesThere) {
 }
 
 // The main thread stands still in join(): a hop to it would never end.
-TEST(MakeSnapshot, needsNoMainThread) {
+TEST(MakeSnapshot, NeedsNoMainThread) {
   std::optional<GoalResultSnapshotV1> snapshot;
   std::thread([&snapshot] {
     snapshot.emplace(task::wait(makeSnapshot(std::make_shared<RecordingEngine>(), "goal")));

@@ -14,7 +14,7 @@ struct Change {
   void (*apply)(GetGoalSnapshotResponse&);
 };
 
-TEST(GoalResultSnapshotEquality, eachOfTheSixFieldsTakesPart) {
+TEST(GoalResultSnapshotEquality, EachOfTheSixFieldsTakesPart) {
   const std::vector<Change> changes = {
       {"goal", [](GetGoalSnapshotResponse& response) { response.goal.title = "other"; }},
       {"goal, a field no screen shows",
@@ -37,7 +37,7 @@ TEST(GoalResultSnapshotEquality, eachOfTheSixFieldsTakesPart) {
   }
 }
 
-TEST(GoalResultSnapshotEquality, theOrderOfPeopleMatters) {
+TEST(GoalResultSnapshotEquality, TheOrderOfPeopleMatters) {
   GoalPersonCandidateDTO anna = sample::person();
   anna.personRef = "anna";
   GoalPersonCandidateDTO bo = sample::person();
@@ -51,17 +51,17 @@ TEST(GoalResultSnapshotEquality, theOrderOfPeopleMatters) {
   EXPECT_TRUE(GoalResultSnapshotV1(oneWay) == GoalResultSnapshotV1(theOther));
 }
 
-TEST(GoalResultSnapshotEquality, aLongerListIsAnotherOne) {
+TEST(GoalResultSnapshotEquality, ALongerListIsAnotherOne) {
   GetGoalSnapshotResponse longer = sample::response();
   longer.outcomes = {sample::outcome(), sample::outcome()};
   EXPECT_FALSE(GoalResultSnapshotV1(longer) == sample::snapshot());
 }
 
-TEST(GoalResultSnapshotEquality, stringsAreComparedUnderCanonicalEquivalence) {
+TEST(GoalResultSnapshotEquality, StringsAreComparedUnderCanonicalEquivalence) {
   EXPECT_TRUE(sample::snapshot(sample::composed) == sample::snapshot(sample::decomposed));
 }
 
-TEST(GoalResultSnapshotEquality, copiesAndEmptySnapshotsAreEqual) {
+TEST(GoalResultSnapshotEquality, CopiesAndEmptySnapshotsAreEqual) {
   const GoalResultSnapshotV1 snapshot = sample::snapshot();
   const GoalResultSnapshotV1 copy = snapshot;
   EXPECT_TRUE(snapshot == copy);

@@ -23,19 +23,19 @@ void expectToHoldTheFieldsOf(const GoalResultSnapshotV1& snapshot,
   EXPECT_TRUE(snapshot.outcomes().sharesStorage(response.outcomes));
 }
 
-TEST(GoalResultSnapshot, holdsTheSixValuesAsGiven) {
+TEST(GoalResultSnapshot, HoldsTheSixValuesAsGiven) {
   const GetGoalSnapshotResponse response = sample::response();
   expectToHoldTheFieldsOf(memberwise(response), response);
   expectToHoldTheFieldsOf(GoalResultSnapshotV1(response), response);
 }
 
-TEST(GoalResultSnapshot, bothWaysToBuildOneGiveEqualSnapshots) {
+TEST(GoalResultSnapshot, BothWaysToBuildOneGiveEqualSnapshots) {
   EXPECT_TRUE(memberwise(sample::response()) == GoalResultSnapshotV1(sample::response()));
   EXPECT_TRUE(memberwise(GetGoalSnapshotResponse{}) ==
               GoalResultSnapshotV1(GetGoalSnapshotResponse{}));
 }
 
-TEST(GoalResultSnapshot, stringsKeepTheirBytes) {
+TEST(GoalResultSnapshot, StringsKeepTheirBytes) {
   GetGoalSnapshotResponse response = sample::response(sample::decomposed);
   response.goal.title = std::string("  e\u0301\0\xff ", 8);
   const std::string title = response.goal.title;
@@ -44,7 +44,7 @@ TEST(GoalResultSnapshot, stringsKeepTheirBytes) {
   EXPECT_EQ(snapshot.people()[0].personRef, "persone\u0301");
 }
 
-TEST(GoalResultSnapshot, takesTheResponseOverInsteadOfCopyingIt) {
+TEST(GoalResultSnapshot, TakesTheResponseOverInsteadOfCopyingIt) {
   GetGoalSnapshotResponse response = sample::response();
   response.goal.title = std::string(1000, 't');
   const char* bytes = response.goal.title.data();
@@ -52,7 +52,7 @@ TEST(GoalResultSnapshot, takesTheResponseOverInsteadOfCopyingIt) {
   EXPECT_EQ(snapshot.goal().title.data(), bytes);
 }
 
-TEST(GoalResultSnapshot, keepsEveryListInTheGivenOrderWithItsDuplicates) {
+TEST(GoalResultSnapshot, KeepsEveryListInTheGivenOrderWithItsDuplicates) {
   GetGoalSnapshotResponse response;
   for (const char* ref : {"b", "a", "b"}) {
     GoalPersonCandidateDTO person;
@@ -68,7 +68,7 @@ TEST(GoalResultSnapshot, keepsEveryListInTheGivenOrderWithItsDuplicates) {
   EXPECT_EQ(snapshot.people()[2].personRef, "b");
 }
 
-TEST(GoalResultSnapshot, aCopyIsTheSameStorage) {
+TEST(GoalResultSnapshot, ACopyIsTheSameStorage) {
   const GoalResultSnapshotV1 snapshot = sample::snapshot();
   const GoalResultSnapshotV1 copy = snapshot;
   EXPECT_EQ(&copy.goal(), &snapshot.goal());
@@ -81,14 +81,14 @@ TEST(GoalResultSnapshot, aCopyIsTheSameStorage) {
   EXPECT_EQ(sizeof(GoalResultSnapshotV1), sizeof(std::shared_ptr<const void>));
 }
 
-TEST(GoalResultSnapshot, outlivesTheOneItWasCopiedFrom) {
+TEST(GoalResultSnapshot, OutlivesItsOriginal) {
   auto original = std::make_unique<GoalResultSnapshotV1>(sample::snapshot());
   const GoalResultSnapshotV1 copy = *original;
   original.reset();
   EXPECT_TRUE(copy == sample::snapshot());
 }
 
-TEST(GoalResultSnapshot, whatIsMovedFromIsStillWhole) {
+TEST(GoalResultSnapshot, WhatIsMovedFromIsStillWhole) {
   GoalResultSnapshotV1 original = sample::snapshot();
   const GoalResultSnapshotV1 taken = std::move(original);
   EXPECT_EQ(&original.goal(), &taken.goal());
@@ -97,7 +97,7 @@ TEST(GoalResultSnapshot, whatIsMovedFromIsStillWhole) {
   EXPECT_EQ(&original.goal(), &assigned.goal());
 }
 
-TEST(GoalResultSnapshot, givesNothingThatCouldBeWrittenTo) {
+TEST(GoalResultSnapshot, GivesNothingThatCouldBeWrittenTo) {
   using Snapshot = GoalResultSnapshotV1;
   const auto isConstReference = []<class T>(T (Snapshot::*)() const) {
     return std::is_lvalue_reference_v<T> && std::is_const_v<std::remove_reference_t<T>>;

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "VemraGoalSurface/model/GoalResultSnapshotV1.hpp"
+#include "tests/RecordBuilders.hpp"
 #include "tests/VemraGoalEngine/SampleRecords.hpp"
 
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,16 +20,6 @@ inline GoalResultSnapshotV1 snapshotWithOutcomes(std::vector<GoalOutcomeDTO> out
   GetGoalSnapshotResponse answer;
   answer.outcomes = std::move(outcomes);
   return GoalResultSnapshotV1(std::move(answer));
-}
-
-/// An outcome of which only the id and the subject matter.
-inline GoalOutcomeDTO outcomeAbout(std::string id, GoalOutcomeSubjectKind kind,
-                                   std::optional<std::string> ref) {
-  GoalOutcomeDTO outcome;
-  outcome.id = std::move(id);
-  outcome.subjectKind = kind;
-  outcome.subjectRef = std::move(ref);
-  return outcome;
 }
 
 }  // namespace vemra::sample

@@ -5,21 +5,21 @@
 namespace vemra {
 namespace {
 
-TEST(GoalGapPresentation, saysWhyThereAreNoPeople) {
+TEST(GoalGapPresentation, SaysWhyThereAreNoPeople) {
   EXPECT_EQ(GoalGapPresentation::text(GoalPeopleGap::noEvidenceYet),
             "No relevant people found yet.");
   EXPECT_EQ(GoalGapPresentation::text(GoalPeopleGap::evidenceButNoRelevantPeople),
             "Nothing points to a specific person for this yet.");
 }
 
-TEST(GoalGapPresentation, saysWhyThereIsNoPath) {
+TEST(GoalGapPresentation, SaysWhyThereIsNoPath) {
   EXPECT_EQ(GoalGapPresentation::text(GoalPathGap::noTargetPerson),
             "This goal doesn\x27t name someone to find a path to.");
   EXPECT_EQ(GoalGapPresentation::text(GoalPathGap::noConnectionFound),
             "No supported path to them yet.");
 }
 
-TEST(GoalGapPresentation, whatIsNoCaseHasNoSentence) {
+TEST(GoalGapPresentation, WhatIsNoCaseHasNoSentence) {
   EXPECT_EQ(GoalGapPresentation::text(GoalPeopleGap(2)), "");
   EXPECT_EQ(GoalGapPresentation::text(GoalPathGap(2)), "");
 }

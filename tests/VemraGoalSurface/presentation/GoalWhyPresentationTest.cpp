@@ -24,12 +24,12 @@ std::string shared(std::int64_t threadCount, std::int64_t meetingCount) {
   return text(GoalWhyDTO::sharedActivity(threadCount, meetingCount));
 }
 
-TEST(GoalWhyEvidence, readsLabelColonDetail) {
+TEST(GoalWhyEvidence, ReadsLabelColonDetail) {
   EXPECT_EQ(text(GoalWhyDTO::evidence("Email", "Asked about the launch", "mail-7")),
             "Email: Asked about the launch");
 }
 
-TEST(GoalWhyEvidence, nothingIsTrimmedQuotedOrChecked) {
+TEST(GoalWhyEvidence, NothingIsTrimmedQuotedOrChecked) {
   EXPECT_EQ(text(GoalWhyDTO::evidence("", "detail", "r")), ": detail");
   EXPECT_EQ(text(GoalWhyDTO::evidence("label", "", "r")), "label: ");
   EXPECT_EQ(text(GoalWhyDTO::evidence("", "", "r")), ": ");
@@ -37,32 +37,32 @@ TEST(GoalWhyEvidence, nothingIsTrimmedQuotedOrChecked) {
   EXPECT_EQ(text(GoalWhyDTO::evidence("Rene\u0301", "a\xC3", "r")), "Rene\u0301: a\xC3");
 }
 
-TEST(GoalWhyEvidence, theReferencePlaysNoPart) {
+TEST(GoalWhyEvidence, TheReferencePlaysNoPart) {
   EXPECT_EQ(text(GoalWhyDTO::evidence("a", "b", "")), text(GoalWhyDTO::evidence("a", "b", "c")));
 }
 
-TEST(GoalWhyConnection, oneHopIsDirect) {
+TEST(GoalWhyConnection, OneHopIsDirect) {
   EXPECT_EQ(connection(1), "Direct relationship evidence");
 }
 
-TEST(GoalWhyConnection, moreHopsCountTheRelationshipsBetween) {
+TEST(GoalWhyConnection, MoreHopsCountTheRelationshipsBetween) {
   EXPECT_EQ(connection(2), "Connected through 1 shared relationship");
   EXPECT_EQ(connection(3), "Connected through 2 shared relationships");
   EXPECT_EQ(connection(5), "Connected through 4 shared relationships");
   EXPECT_EQ(connection(12346), "Connected through 12345 shared relationships");
 }
 
-TEST(GoalWhyConnection, thereIsNoLowerBound) {
+TEST(GoalWhyConnection, ThereIsNoLowerBound) {
   EXPECT_EQ(connection(0), "Connected through -1 shared relationships");
   EXPECT_EQ(connection(-1), "Connected through -2 shared relationships");
 }
 
-TEST(GoalWhyConnection, theOutermostCountsPrint) {
+TEST(GoalWhyConnection, TheOutermostCountsPrint) {
   EXPECT_EQ(connection(most), "Connected through 9223372036854775806 shared relationships");
   EXPECT_EQ(connection(least + 1), "Connected through -9223372036854775808 shared relationships");
 }
 
-TEST(GoalWhyConnectionDeathTest, aCountWithoutAPredecessorStopsTheProcess) {
+TEST(GoalWhyConnectionDeathTest, ACountWithoutAPredecessorStopsTheProcess) {
   EXPECT_DEATH(
       {
         testing::keepCoverageOnAbort();
@@ -71,7 +71,7 @@ TEST(GoalWhyConnectionDeathTest, aCountWithoutAPredecessorStopsTheProcess) {
       "GoalWhyPresentation.text: integer overflow in the hop count");
 }
 
-TEST(GoalWhySharedActivity, namesWhatWasShared) {
+TEST(GoalWhySharedActivity, NamesWhatWasShared) {
   EXPECT_EQ(shared(1, 0), "1 shared thread");
   EXPECT_EQ(shared(2, 0), "2 shared threads");
   EXPECT_EQ(shared(0, 1), "1 shared meeting");
@@ -82,7 +82,7 @@ TEST(GoalWhySharedActivity, namesWhatWasShared) {
   EXPECT_EQ(shared(12, 0), "12 shared threads");
 }
 
-TEST(GoalWhySharedActivity, countsBelowOneAreLeftOut) {
+TEST(GoalWhySharedActivity, CountsBelowOneAreLeftOut) {
   EXPECT_EQ(shared(0, 0), "Relationship evidence");
   EXPECT_EQ(shared(-2, 0), "Relationship evidence");
   EXPECT_EQ(shared(0, -2), "Relationship evidence");
@@ -91,12 +91,12 @@ TEST(GoalWhySharedActivity, countsBelowOneAreLeftOut) {
   EXPECT_EQ(shared(2, -1), "2 shared threads");
 }
 
-TEST(GoalWhySharedActivity, theOutermostCountsPrint) {
+TEST(GoalWhySharedActivity, TheOutermostCountsPrint) {
   EXPECT_EQ(shared(most, most),
             "9223372036854775807 shared threads, 9223372036854775807 shared meetings");
 }
 
-TEST(GoalWhyPlain, onlyTheNameMatchIsToldApart) {
+TEST(GoalWhyPlain, OnlyTheNameMatchHasItsOwnSentence) {
   EXPECT_EQ(text(GoalWhyDTO::nameMatch()), "Matches on name");
   EXPECT_EQ(text(GoalWhyDTO::generic()), "Candidate person");
   for (int later = 2; later < 256; ++later) {
@@ -105,7 +105,7 @@ TEST(GoalWhyPlain, onlyTheNameMatchIsToldApart) {
 }
 
 // A locale that would group digits, write other ones and begin numbers with a plus.
-TEST(GoalWhyNumbers, areTheSameUnderEveryLocale) {
+TEST(GoalWhyNumbers, AreTheSameUnderEveryLocale) {
   struct Grouping : std::numpunct<char> {
     char do_thousands_sep() const override { return '.'; }
     std::string do_grouping() const override { return "\3"; }
@@ -119,7 +119,7 @@ TEST(GoalWhyNumbers, areTheSameUnderEveryLocale) {
 }
 
 // Any counts, against the rule written down once more, with numbers printed by other means.
-TEST(GoalWhyNumbers, anyCountPrints) {
+TEST(GoalWhyNumbers, AnyCountPrints) {
   const auto decimal = [](std::int64_t count) {
     char digits[24];
     std::snprintf(digits, sizeof digits, "%lld", static_cast<long long>(count));

@@ -28,7 +28,7 @@ struct Wide {
   std::string text;
 };
 
-TEST(SharedArray, keepsTheElementsInOrder) {
+TEST(SharedArray, KeepsTheElementsInOrder) {
   const SharedArray<int> array{3, 1, 2};
   EXPECT_EQ(array.size(), 3U);
   EXPECT_FALSE(array.empty());
@@ -40,7 +40,7 @@ TEST(SharedArray, keepsTheElementsInOrder) {
   EXPECT_EQ(std::vector<int>(array.begin(), array.end()), (std::vector{3, 1, 2}));
 }
 
-TEST(SharedArray, anEmptyOneHasNothingToWalk) {
+TEST(SharedArray, AnEmptyOneHasNothingToWalk) {
   for (const SharedArray<int>& array :
        {SharedArray<int>(), SharedArray<int>(std::vector<int>()), SharedArray<int>({})}) {
     EXPECT_TRUE(array.empty());
@@ -51,14 +51,14 @@ TEST(SharedArray, anEmptyOneHasNothingToWalk) {
   }
 }
 
-TEST(SharedArray, takesAVectorWithoutCopyingTheElements) {
+TEST(SharedArray, TakesAVectorWithoutCopyingTheElements) {
   std::vector<std::string> elements{"one", "two"};
   const std::string* place = elements.data();
   const SharedArray<std::string> array(std::move(elements));
   EXPECT_EQ(array.data(), place);
 }
 
-TEST(SharedArray, beginsAtTheAlignmentThatItsElementTypeAsksFor) {
+TEST(SharedArray, BeginsAtTheAlignmentThatItsElementTypeAsksFor) {
   std::vector<SharedArray<Wide>> arrays;
   for (std::size_t count = 1; count <= 16; ++count) {
     const SharedArray<Wide> array = std::vector<Wide>(count, Wide{"text"});
@@ -69,7 +69,7 @@ TEST(SharedArray, beginsAtTheAlignmentThatItsElementTypeAsksFor) {
   }
 }
 
-TEST(SharedArray, copiesShareOneStorage) {
+TEST(SharedArray, CopiesShareOneStorage) {
   const SharedArray<std::string> array{"one", "two"};
   const SharedArray<std::string> copy = array;
   EXPECT_TRUE(copy.sharesStorage(array));
@@ -78,7 +78,7 @@ TEST(SharedArray, copiesShareOneStorage) {
   EXPECT_TRUE(SharedArray<std::string>().sharesStorage(SharedArray<std::string>()));
 }
 
-TEST(SharedArray, appendingWithinTheRoomCopiesNoElement) {
+TEST(SharedArray, AppendingWithinTheRoomCopiesNoElement) {
   const SharedArray<std::string> before({"one", "two"}, 2);
   const SharedArray<std::string> three = before.appending({"three"});
   const SharedArray<std::string> four = three.appending({"four"});
@@ -90,7 +90,7 @@ TEST(SharedArray, appendingWithinTheRoomCopiesNoElement) {
   EXPECT_EQ(before.back(), "two");
 }
 
-TEST(SharedArray, appendingTwiceToOneArrayGivesTwoArrays) {
+TEST(SharedArray, AppendingTwiceToOneArrayGivesTwoArrays) {
   const SharedArray<std::string> before({"one"}, 8);
   const SharedArray<std::string> left = before.appending({"left"});
   const SharedArray<std::string> right = before.appending({"right", "and more"});
@@ -100,7 +100,7 @@ TEST(SharedArray, appendingTwiceToOneArrayGivesTwoArrays) {
   EXPECT_FALSE(left.sharesStorage(right));
 }
 
-TEST(SharedArray, appendingManyTimesSeldomMovesToAnotherPlace) {
+TEST(SharedArray, AppendingManyTimesSeldomMovesToAnotherPlace) {
   SharedArray<int> array;
   int moves = 0;
   for (int i = 0; i < 10'000; ++i) {
@@ -112,20 +112,20 @@ TEST(SharedArray, appendingManyTimesSeldomMovesToAnotherPlace) {
   for (int i = 0; i < 10'000; ++i) ASSERT_EQ(array[static_cast<std::size_t>(i)], i);
 }
 
-TEST(SharedArray, anAppendedOneKeepsTheAlignment) {
+TEST(SharedArray, AnAppendedOneKeepsTheAlignment) {
   const SharedArray<Wide> before{Wide{"one"}};
   const SharedArray<Wide> after = before.appending({Wide{"two"}});
   EXPECT_EQ(reinterpret_cast<std::uintptr_t>(after.data()) % Wide::arrayAlignment, 0U);
   EXPECT_EQ(after[1].text, "two");
 }
 
-TEST(SharedArray, appendingNothingKeepsTheStorage) {
+TEST(SharedArray, AppendingNothingKeepsTheStorage) {
   const SharedArray<int> array{1};
   EXPECT_TRUE(array.appending({}).sharesStorage(array));
   EXPECT_TRUE(SharedArray<int>().appending({}).empty());
 }
 
-TEST(SharedArray, arraysOfDifferentLengthsOverOneStorageAreUnequal) {
+TEST(SharedArray, ArraysOfDifferentLengthsOverOneStorageAreUnequal) {
   const SharedArray<int> before({1}, 1);
   const SharedArray<int> after = before.appending({2});
   EXPECT_EQ(after.data(), before.data());
@@ -133,7 +133,7 @@ TEST(SharedArray, arraysOfDifferentLengthsOverOneStorageAreUnequal) {
   EXPECT_FALSE(after == before);
 }
 
-TEST(SharedArray, manyThreadsMayAppendToOneArray) {
+TEST(SharedArray, ManyThreadsMayAppendToOneArray) {
   const SharedArray<int> before({0}, 100);
   std::vector<SharedArray<int>> results(8);
   std::vector<std::thread> threads;
@@ -146,7 +146,7 @@ TEST(SharedArray, manyThreadsMayAppendToOneArray) {
   }
 }
 
-TEST(SharedArray, whatIsMovedFromIsEmpty) {
+TEST(SharedArray, WhatIsMovedFromIsEmpty) {
   SharedArray<int> array{1};
   const SharedArray<int> taken = std::move(array);
   EXPECT_TRUE(array.empty());
@@ -154,14 +154,14 @@ TEST(SharedArray, whatIsMovedFromIsEmpty) {
   EXPECT_EQ(taken.size(), 1U);
 }
 
-TEST(SharedArray, oneStorageIsEqualWithoutALookAtTheElements) {
+TEST(SharedArray, OneStorageIsEqualWithoutALookAtTheElements) {
   int comparisons = 0;
   const SharedArray<Watched> array{Watched{&comparisons}};
   EXPECT_TRUE(array == SharedArray<Watched>(array));
   EXPECT_EQ(comparisons, 0);
 }
 
-TEST(SharedArray, differentCountsAreUnequalWithoutALookAtTheElements) {
+TEST(SharedArray, DifferentCountsAreUnequalWithoutALookAtTheElements) {
   int comparisons = 0;
   const Watched element{&comparisons, true};
   EXPECT_FALSE(SharedArray<Watched>({element}) == SharedArray<Watched>({element, element}));
@@ -169,7 +169,7 @@ TEST(SharedArray, differentCountsAreUnequalWithoutALookAtTheElements) {
   EXPECT_EQ(comparisons, 0);
 }
 
-TEST(SharedArray, comparingStopsAtTheFirstUnequalPair) {
+TEST(SharedArray, ComparingStopsAtTheFirstUnequalPair) {
   int comparisons = 0;
   const Watched same{&comparisons, true};
   const Watched other{&comparisons, false};
@@ -178,12 +178,12 @@ TEST(SharedArray, comparingStopsAtTheFirstUnequalPair) {
   EXPECT_EQ(comparisons, 2);
 }
 
-TEST(SharedArray, orderMatters) {
+TEST(SharedArray, OrderMatters) {
   EXPECT_FALSE(SharedArray<int>({1, 2}) == SharedArray<int>({2, 1}));
   EXPECT_TRUE(SharedArray<int>({1, 2}) == SharedArray<int>({1, 2}));
 }
 
-TEST(SharedArray, stringsAreComparedUnderCanonicalEquivalence) {
+TEST(SharedArray, StringsAreComparedUnderCanonicalEquivalence) {
   using Strings = SharedArray<std::string>;
   EXPECT_TRUE(Strings({"\u00e9", "x"}) == Strings({"e\u0301", "x"}));
   EXPECT_FALSE(Strings({"\u00e9"}) == Strings({"e"}));

@@ -10,8 +10,8 @@
 
 namespace vemra::page::sample {
 
-/// A host without pixels: it notes what the page draws and where the focus is. A scroll bar takes ten units of its width
-/// while the page is longer than the viewport.
+/// A host without pixels: it notes what the page draws and where the focus is. A scroll bar takes
+/// ten units of its width while the page is longer than the viewport.
 class CellHost final : public PageHost {
  public:
   explicit CellHost(ui::ViewGraph& graph, Margins margins = {}) : page(graph, *this, margins) {

@@ -28,7 +28,7 @@ class Choices : public ::testing::Test {
   ui::ViewGraph graph_;
 };
 
-TEST_F(Choices, areTheTaggedRowsInTreeOrder) {
+TEST_F(Choices, AreTheTaggedRowsInTreeOrder) {
   const auto choices = choicesOf(
       picker(Mood::bad, {Text(verbatim("Good")).tag(Mood::good), Text(verbatim("Not to be chosen")),
                          ui::Group({Text(verbatim("Bad")).tag(Mood::bad)})}));
@@ -38,7 +38,7 @@ TEST_F(Choices, areTheTaggedRowsInTreeOrder) {
   EXPECT_EQ(choices[1].label, "Bad");
 }
 
-TEST_F(Choices, haveTheFirstTextOfARowOfSeveral) {
+TEST_F(Choices, HaveTheFirstTextOfARowOfSeveral) {
   const auto choices =
       choicesOf(picker(Mood::bad, {ui::VStack(ui::HorizontalAlignment::leading, 0,
                                               {Text(verbatim("Bad")), Text(verbatim("and worse"))})
@@ -47,7 +47,7 @@ TEST_F(Choices, haveTheFirstTextOfARowOfSeveral) {
   EXPECT_EQ(choices[0].label, "Bad");
 }
 
-TEST_F(Choices, areTheSameOfAPickerThatNoPatchHasReached) {
+TEST_F(Choices, AreTheSameOfAPickerThatNoPatchHasReached) {
   const Node& patched =
       picker(Mood::bad, {ui::Group({Text(verbatim("Bad")).tag(Mood::bad)}),
                          Text(verbatim("Good")).tag(Mood::good).accessibilityIdentifier("best")});
@@ -61,13 +61,13 @@ TEST_F(Choices, areTheSameOfAPickerThatNoPatchHasReached) {
   }
 }
 
-TEST_F(Choices, theChosenOneIsTheOneWithTheTagOfTheSelection) {
+TEST_F(Choices, TheChosenChoiceHasTheTagOfTheSelection) {
   const Node& node = picker(
       Mood::fair, {Text(verbatim("Good")).tag(Mood::good), Text(verbatim("Fair")).tag(Mood::fair)});
   EXPECT_EQ(chosenAmong(choicesOf(node), node.element), 1U);
 }
 
-TEST_F(Choices, noneIsChosenWithoutARowForTheSelection) {
+TEST_F(Choices, NoneIsChosenWithoutARowForTheSelection) {
   const Node& node = picker(Mood::bad, {Text(verbatim("Good")).tag(Mood::good)});
   EXPECT_EQ(chosenAmong(choicesOf(node), node.element), std::nullopt);
 }

@@ -280,7 +280,7 @@ TEST_F(PageTest, OfAPageThatIsSureToScrollEachElementIsMeasuredOnce) {
 TEST_F(PageTest, OfManyTextFieldsThoseThatHadTheFocusLastStay) {
   show(field);
   scrollTo(150);
-  host.focusedElement = find("row151")->id;  // a click, of which the page hears nothing
+  host.focusedElement = find("row151")->id;  // a click, which the page does not see
   host.page.settle();
   std::vector<std::string> used;
   for (int row = 150; row < 180; row += 2) used.push_back("row" + std::to_string(row));

@@ -60,7 +60,7 @@ TEST(RowChanges, NameWhatLeftAndWhatCame) {
   EXPECT_THAT(changes({}, {"a", "b"}).came, ElementsAre(0, 1));
 }
 
-TEST(RowChanges, OfTooManyOrOfRowsThatChangedPlacesNothingIsTold) {
+TEST(RowChanges, IncompleteForTooManyRowsOrAnotherOrder) {
   EXPECT_TRUE(changes({"a", "b", "c", "d"}, {}).areComplete);
   EXPECT_FALSE(changes({"a", "b", "c", "d", "e"}, {}).areComplete);
   EXPECT_FALSE(changes({"a", "b", "c"}, {"x", "y", "z"}).areComplete);

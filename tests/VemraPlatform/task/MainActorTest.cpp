@@ -25,18 +25,18 @@ bool isCurrentOnAnotherThread() {
   return isCurrent;
 }
 
-TEST(MainActor, isTheFirstThreadOfTheProcess) {
+TEST(MainActor, IsTheFirstThreadOfTheProcess) {
   EXPECT_TRUE(isCurrentAtFirst);
   EXPECT_TRUE(MainActor::isCurrent());
   MainActor::assertIsolated("GoalResultView.body");
 }
 
-TEST(MainActor, isNoOtherThread) {
+TEST(MainActor, IsNoOtherThread) {
   EXPECT_FALSE(isCurrentOnAnotherThread());
   EXPECT_TRUE(MainActor::isCurrent());
 }
 
-TEST(MainActor, isTheFirstThreadToALibraryLoadedOnAnotherOne) {
+TEST(MainActor, IsTheFirstThreadToALibraryLoadedOnAnotherOne) {
   using Question = bool (*)();
   Question isCurrent = nullptr;
   Question wasCurrentWhenLoaded = nullptr;
@@ -71,7 +71,7 @@ int isCurrentAsNumber() {
   return MainActor::isCurrent() ? 1 : 0;
 }
 
-TEST(MainActor, isTheThreadThatForkedInTheChild) {
+TEST(MainActor, IsTheThreadThatForkedInTheChild) {
   EXPECT_EQ(inChild(isCurrentAsNumber), 1);
   int neverAsked = 0;
   int askedBefore = 0;
@@ -90,20 +90,20 @@ class MainActorDeathTest : public ::testing::Test {
   MainActorDeathTest() { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
 };
 
-TEST_F(MainActorDeathTest, stopsAnotherThreadAndNamesTheMemberAndWhatToDo) {
+TEST_F(MainActorDeathTest, StopsAnotherThreadAndNamesTheMemberAndWhatToDo) {
   EXPECT_EXIT(std::thread([] { MainActor::assertIsolated("GoalResultView.body"); }).join(),
               ::testing::KilledBySignal(SIGABRT),
               "^GoalResultView\\.body was called off the main thread.*first thread of the "
               "process.*MainActor::adoptCurrentThread");
 }
 
-TEST_F(MainActorDeathTest, namesOnlyTheMember) {
+TEST_F(MainActorDeathTest, NamesOnlyTheMember) {
   constexpr std::string_view more = "Row.save and what follows";
   EXPECT_EXIT(std::thread([=] { MainActor::assertIsolated(more.substr(0, 8)); }).join(),
               ::testing::KilledBySignal(SIGABRT), "^Row\\.save was");
 }
 
-TEST_F(MainActorDeathTest, isTheAdoptedThreadAndNoLongerTheFirst) {
+TEST_F(MainActorDeathTest, IsTheAdoptedThreadAndNoLongerTheFirst) {
   const auto adopt = [] {
     std::thread([] {
       if (MainActor::isCurrent()) _exit(1);
@@ -120,7 +120,7 @@ TEST_F(MainActorDeathTest, isTheAdoptedThreadAndNoLongerTheFirst) {
   EXPECT_EXIT(adopt(), ::testing::ExitedWithCode(0), "");
 }
 
-TEST_F(MainActorDeathTest, mayAdoptTheFirstThread) {
+TEST_F(MainActorDeathTest, MayAdoptTheFirstThread) {
   const auto adopt = [] {
     MainActor::adoptCurrentThread();
     _exit(MainActor::isCurrent() && !isCurrentOnAnotherThread() ? 0 : 1);
@@ -128,7 +128,7 @@ TEST_F(MainActorDeathTest, mayAdoptTheFirstThread) {
   EXPECT_EXIT(adopt(), ::testing::ExitedWithCode(0), "");
 }
 
-TEST_F(MainActorDeathTest, stopsWhenASecondThreadIsAdopted) {
+TEST_F(MainActorDeathTest, StopsWhenASecondThreadIsAdopted) {
   const auto adoptTwo = [] {
     std::thread(MainActor::adoptCurrentThread).join();
     MainActor::adoptCurrentThread();
@@ -138,7 +138,7 @@ TEST_F(MainActorDeathTest, stopsWhenASecondThreadIsAdopted) {
               "that runs the user interface");
 }
 
-TEST_F(MainActorDeathTest, writesItsMessagesWhereStandardErrorIsBuffered) {
+TEST_F(MainActorDeathTest, WritesItsMessagesWhereStandardErrorIsBuffered) {
   EXPECT_EXIT(withBufferedStandardError(
                   [] { std::thread([] { MainActor::assertIsolated("Row.body"); }).join(); }),
               ::testing::KilledBySignal(SIGABRT), "Row\\.body was called off the main thread");
@@ -149,7 +149,7 @@ TEST_F(MainActorDeathTest, writesItsMessagesWhereStandardErrorIsBuffered) {
               ::testing::KilledBySignal(SIGABRT), "was called on a second thread");
 }
 
-TEST_F(MainActorDeathTest, startsAnewInAChild) {
+TEST_F(MainActorDeathTest, StartsAnewInAChild) {
   const auto adoptHereAndInAChild = [] {
     std::thread([] { MainActor::adoptCurrentThread(); }).join();
     const int result = inChild([] {
@@ -166,7 +166,7 @@ TEST_F(MainActorDeathTest, startsAnewInAChild) {
   EXPECT_EXIT(adoptHereAndInAChild(), ::testing::ExitedWithCode(0), "");
 }
 
-TEST_F(MainActorDeathTest, isTheSameForThreadsThatAskWhileOneIsAdopted) {
+TEST_F(MainActorDeathTest, IsTheSameForThreadsThatAskWhileOneIsAdopted) {
   const auto askAndAdopt = [] {
     std::atomic<int> current = 0;
     std::vector<std::thread> threads;

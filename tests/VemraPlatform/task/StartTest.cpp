@@ -29,7 +29,7 @@ Task<bool> staysWhereItsAwaitResumed(Threads* threads) {
   co_return innerThread == std::this_thread::get_id() && !MainActor::isCurrent();
 }
 
-TEST(Start, tellsTheResultOnce) {
+TEST(Start, TellsTheResultOnce) {
   int calls = 0;
   start(give(4), [&](Result<int> result) {
     ++calls;
@@ -40,7 +40,7 @@ TEST(Start, tellsTheResultOnce) {
   EXPECT_EQ(calls, 1);
 }
 
-TEST(Start, tellsTheExceptionAndThrowsNothing) {
+TEST(Start, TellsTheExceptionAndThrowsNothing) {
   struct Source {
     static Task<> fail(const std::exception** place) {
       co_await std::suspend_never();
@@ -67,7 +67,7 @@ TEST(Start, tellsTheExceptionAndThrowsNothing) {
   EXPECT_EQ(caught, thrown);
 }
 
-TEST(Start, freesTheTaskBeforeItTellsTheResult) {
+TEST(Start, DestroysTheTaskBeforeItCallsTheCallback) {
   struct Source {
     static Task<> hold(std::shared_ptr<int> held) {
       EXPECT_NE(held, nullptr);
@@ -80,7 +80,7 @@ TEST(Start, freesTheTaskBeforeItTellsTheResult) {
   EXPECT_EQ(uses, 1);
 }
 
-TEST(Start, takesACallbackThatOnlyMoves) {
+TEST(Start, TakesACallbackThatOnlyMoves) {
   auto owned = std::make_unique<int>(0);
   int* seen = owned.get();
   int value = 0;
@@ -91,7 +91,7 @@ TEST(Start, takesACallbackThatOnlyMoves) {
   EXPECT_EQ(value, 9);
 }
 
-TEST(Start, tellsTheResultOnTheThreadTheTaskEndsOn) {
+TEST(Start, TellsTheResultOnTheThreadTheTaskEndsOn) {
   Threads threads;
   bool calledOnMain = true;
   start(whereItGoesOn(&threads), [&](Result<std::thread::id> result) {
@@ -102,13 +102,13 @@ TEST(Start, tellsTheResultOnTheThreadTheTaskEndsOn) {
   EXPECT_FALSE(calledOnMain);
 }
 
-TEST(Wait, blocksUntilATaskElsewhereHasEnded) {
+TEST(Wait, BlocksUntilATaskElsewhereHasEnded) {
   Threads threads;
   EXPECT_TRUE(wait(staysWhereItsAwaitResumed(&threads)));
   threads.join();
 }
 
-TEST(Wait, throwsWhatWasThrownElsewhere) {
+TEST(Wait, ThrowsWhatWasThrownElsewhere) {
   struct Source {
     static Task<int> fail(Threads* threads) {
       Elsewhere elsewhere(*threads);
@@ -133,7 +133,7 @@ Task<int> hop(Threads* threads, int times) {
 }
 
 /// The end on one thread and the awaiting of it on another meet in every order.
-TEST(Wait, goesOnWhoeverIsFirst) {
+TEST(Wait, ContinuesWhicheverThreadIsFirst) {
   for (int round = 0; round < 50; ++round) {
     Threads threads;
     EXPECT_EQ(wait(hop(&threads, 20)), 20);
@@ -141,7 +141,7 @@ TEST(Wait, goesOnWhoeverIsFirst) {
   }
 }
 
-TEST(Wait, isPossibleOnManyThreadsAtOnce) {
+TEST(Wait, IsPossibleOnManyThreadsAtOnce) {
   Threads waiting;
   std::vector<int> values(4);
   for (int& value : values) {
@@ -155,7 +155,7 @@ TEST(Wait, isPossibleOnManyThreadsAtOnce) {
   EXPECT_EQ(values, std::vector<int>(4, 50));
 }
 
-TEST(StartDeathTest, stopsWhenTheCallbackThrows) {
+TEST(StartDeathTest, StopsWhenTheCallbackThrows) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   EXPECT_EXIT(start(give(1), [](Result<int>) { throw std::runtime_error("no"); }),
               ::testing::KilledBySignal(SIGABRT), "");

@@ -30,18 +30,18 @@ Task<> touch(std::shared_ptr<int> runs) {
   co_return;
 }
 
-TEST(Task, givesItsValue) {
+TEST(Task, GivesItsValue) {
   EXPECT_EQ(wait(give(7)), 7);
 }
 
-TEST(Task, doesNotStartUntilItIsAwaited) {
+TEST(Task, DoesNotStartUntilItIsAwaited) {
   const auto runs = std::make_shared<int>(0);
   Task<int> task = count(runs);
   EXPECT_EQ(*runs, 0);
   EXPECT_EQ(wait(std::move(task)), 1);
 }
 
-TEST(Task, freesWhatItHoldsWhenItNeverStarts) {
+TEST(Task, FreesWhatItHoldsWhenItNeverStarts) {
   const auto runs = std::make_shared<int>(0);
   {
     const Task<int> task = count(runs);
@@ -51,7 +51,7 @@ TEST(Task, freesWhatItHoldsWhenItNeverStarts) {
   EXPECT_EQ(*runs, 0);
 }
 
-TEST(Task, movesWithItsWork) {
+TEST(Task, MovesWithItsWork) {
   const auto runs = std::make_shared<int>(0);
   Task<int> first = count(runs);
   Task<int> second = std::move(first);
@@ -62,7 +62,7 @@ TEST(Task, movesWithItsWork) {
   EXPECT_EQ(runs.use_count(), 1);
 }
 
-TEST(Task, givesAValueThatOnlyMoves) {
+TEST(Task, GivesAValueThatOnlyMoves) {
   struct Source {
     static Task<std::unique_ptr<int>> make() { co_return std::make_unique<int>(5); }
     static Task<std::unique_ptr<int>> passOn() {
@@ -73,7 +73,7 @@ TEST(Task, givesAValueThatOnlyMoves) {
   EXPECT_EQ(*wait(Source::passOn()), 5);
 }
 
-TEST(Task, givesAValueWithoutADefault) {
+TEST(Task, GivesAValueWithoutADefault) {
   struct Name {
     explicit Name(std::string given) : text(std::move(given)) {}
     std::string text;
@@ -84,7 +84,7 @@ TEST(Task, givesAValueWithoutADefault) {
   EXPECT_EQ(wait(Source::make()).text, "given");
 }
 
-TEST(Task, withoutAValueRunsToItsEnd) {
+TEST(Task, WithoutAValueRunsToItsEnd) {
   const auto runs = std::make_shared<int>(0);
   wait(touch(runs));
   EXPECT_EQ(*runs, 1);
@@ -105,7 +105,7 @@ Task<int> passOn(Task<int> task) {
   co_return co_await std::move(task);
 }
 
-TEST(Task, rethrowsTheVerySameExceptionObject) {
+TEST(Task, RethrowsTheVerySameExceptionObject) {
   const Failure* thrown = nullptr;
   try {
     wait(passOn(passOn(passOn(fail(&thrown)))));
@@ -115,7 +115,7 @@ TEST(Task, rethrowsTheVerySameExceptionObject) {
   }
 }
 
-TEST(Task, withoutAValueRethrowsToo) {
+TEST(Task, WithoutAValueRethrowsToo) {
   struct Source {
     static Task<> fail(const Failure** place) {
       co_await std::suspend_never();
@@ -131,7 +131,7 @@ TEST(Task, withoutAValueRethrowsToo) {
   }
 }
 
-TEST(Task, mayCatchAndGoOn) {
+TEST(Task, MayCatchAndGoOn) {
   struct Source {
     static Task<std::string> recover(const Failure** place) {
       std::string message;
@@ -159,7 +159,7 @@ Task<int> sum(int count) {
   co_return total;
 }
 
-TEST(Task, awaitsInALoopDoNotPileUp) {
+TEST(Task, AwaitsInALoopDoNotPileUp) {
   EXPECT_EQ(wait(sum(1000000)), 1000000);
 }
 
@@ -169,11 +169,11 @@ Task<int> depth(int levels) {
   co_return 1 + co_await std::move(deeper);
 }
 
-TEST(Task, awaitsInAChainAreResumedInOrder) {
+TEST(Task, AwaitsInAChainAreResumedInOrder) {
   EXPECT_EQ(wait(depth(5000)), 5000);
 }
 
-TEST(Task, aLongChainNeedsNoStackWhereTransferIsAJump) {
+TEST(Task, ALongChainNeedsNoStackWhereTransferIsAJump) {
   if (!task::coroutine::transferIsAJump) GTEST_SKIP() << "not with this compiler";
   EXPECT_EQ(wait(depth(200000)), 200000);
 }
@@ -183,7 +183,7 @@ Task<int> throughGate(Gate* gate, int value) {
   co_return value;
 }
 
-TEST(Task, waitsUntilItIsResumed) {
+TEST(Task, WaitsUntilItIsResumed) {
   Gate gate;
   std::optional<int> value;
   start(passOn(passOn(throughGate(&gate, 3))),
@@ -203,7 +203,7 @@ Task<int> addOne(Task<int> task) {
   co_return 1 + co_await std::move(task);
 }
 
-TEST(Task, mayEndWhileAnotherIsBeingStarted) {
+TEST(Task, MayEndWhileAnotherIsBeingStarted) {
   Gate gate;
   std::vector<int> ends;
   const auto note = [&](Result<int> result) { ends.push_back(std::move(result).take()); };
@@ -224,7 +224,7 @@ struct WithinAnother {
   void await_resume() const noexcept {}
 };
 
-TEST(Task, mayEndWithinATaskThatItsOwnStartStarted) {
+TEST(Task, MayEndWithinATaskThatItsOwnStartStarted) {
   struct Source {
     static Task<int> resume(std::coroutine_handle<> waiter) {
       waiter.resume();
@@ -244,7 +244,7 @@ TEST(Task, mayEndWithinATaskThatItsOwnStartStarted) {
   EXPECT_EQ(calls, 1);
 }
 
-TEST(TaskDeathTest, awaitedTwiceStopsTheProcess) {
+TEST(TaskDeathTest, AwaitedTwiceStopsTheProcess) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   struct Source {
     static Task<int> twice() {
@@ -256,7 +256,7 @@ TEST(TaskDeathTest, awaitedTwiceStopsTheProcess) {
   EXPECT_EXIT(wait(Source::twice()), ::testing::KilledBySignal(SIGABRT), "awaited");
 }
 
-TEST(TaskDeathTest, awaitedAfterAMoveStopsTheProcess) {
+TEST(TaskDeathTest, AwaitedAfterAMoveStopsTheProcess) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   Task<int> task = give(1);
   const Task<int> owner = std::move(task);

@@ -12,7 +12,7 @@ using ::testing::ElementsAre;
 using text::columns;
 using text::linesOf;
 
-TEST(Columns, lettersTakeOneAndMarksNone) {
+TEST(Columns, LettersTakeOneAndMarksNone) {
   EXPECT_EQ(columns(""), 0);
   EXPECT_EQ(columns("Ada"), 3);
   EXPECT_EQ(columns("e\u0301"), 1) << "an accent on its own";
@@ -22,7 +22,7 @@ TEST(Columns, lettersTakeOneAndMarksNone) {
   EXPECT_EQ(columns("a\u200Bb"), 2) << "zero width space";
 }
 
-TEST(Columns, eastAsianWideCharactersTakeTwo) {
+TEST(Columns, EastAsianWideCharactersTakeTwo) {
   EXPECT_EQ(columns("\u7530\u4E2D"), 4);
   EXPECT_EQ(columns("\uFF21"), 2) << "fullwidth A";
   EXPECT_EQ(columns("\uFF76"), 1) << "halfwidth katakana";
@@ -30,7 +30,7 @@ TEST(Columns, eastAsianWideCharactersTakeTwo) {
   EXPECT_EQ(columns("\u1100\u1161\u11A8"), 2) << "the same of its parts";
 }
 
-TEST(Columns, anEmojiTakesTwoHoweverManyPartsItHas) {
+TEST(Columns, AnEmojiTakesTwoHoweverManyPartsItHas) {
   EXPECT_EQ(columns("\U0001F600"), 2);
   EXPECT_EQ(columns("\U0001F469\u200D\U0001F4BB"), 2) << "woman, joiner, computer";
   EXPECT_EQ(columns("\U0001F44D\U0001F3FD"), 2) << "with a tone of skin";
@@ -38,36 +38,36 @@ TEST(Columns, anEmojiTakesTwoHoweverManyPartsItHas) {
   EXPECT_EQ(columns("\U0001F1E9\U0001F1EA"), 2) << "a flag of two letters";
 }
 
-TEST(Columns, aJoinerInLettersIsNoEmoji) {
+TEST(Columns, AJoinerInLettersIsNoEmoji) {
   EXPECT_EQ(columns("\u0915\u094D\u200D\u0937"), 2)
       << "Devanagari: a column for each of two letters";
 }
 
-TEST(Columns, linesBreakAtBlanksAndLoseThem) {
+TEST(Columns, LinesBreakAtBlanksAndLoseThem) {
   EXPECT_THAT(linesOf("Connected through a friend", 12),
               ElementsAre("Connected", "through a", "friend"));
   EXPECT_THAT(linesOf("exactly ten", 7), ElementsAre("exactly", "ten"));
   EXPECT_THAT(linesOf("as wide as it is", 16), ElementsAre("as wide as it is"));
 }
 
-TEST(Columns, wideBlanksAreLeftOutAtTheEndOfALineToo) {
+TEST(Columns, WideBlanksAreLeftOutAtTheEndOfALineToo) {
   EXPECT_THAT(linesOf("\u7530\u3000\u4E2D", 2), ElementsAre("\u7530", "\u4E2D")) << "no room";
   EXPECT_THAT(linesOf("\u7530\u3000\u4E2D", 4), ElementsAre("\u7530", "\u4E2D")) << "room";
   EXPECT_THAT(linesOf("\u7530\u3000 \u3000\u4E2D", 8), ElementsAre("\u7530", "\u4E2D"));
   EXPECT_THAT(linesOf("\u7530\u3000\u4E2D", 6), ElementsAre("\u7530\u3000\u4E2D"));
 }
 
-TEST(Columns, aWordGoesOnANewLineBehindASingleColumn) {
+TEST(Columns, AWordGoesOnANewLineBehindASingleColumn) {
   EXPECT_THAT(linesOf("\u2014abc", 3), ElementsAre("\u2014", "abc")) << "a dash, one column wide";
 }
 
-TEST(Columns, aWordThatIsWiderThanALineIsBroken) {
+TEST(Columns, AWordThatIsWiderThanALineIsBroken) {
   EXPECT_THAT(linesOf("abcdefgh ij", 3), ElementsAre("abc", "def", "gh", "ij"));
   EXPECT_THAT(linesOf("\u7530\u4E2D\u82B1", 4), ElementsAre("\u7530\u4E2D", "\u82B1"));
   EXPECT_THAT(linesOf("\u7530\u4E2D", 1), ElementsAre("\u7530", "\u4E2D")) << "wider than a line";
 }
 
-TEST(Columns, noLineIsWiderThanItMayBe) {
+TEST(Columns, NoLineIsWiderThanItMayBe) {
   const std::string text =
       "One, two\u2014three \u7530\u4E2D\u82B1\u5B50 e\u0301e\u0301e\u0301e\u0301e\u0301 "
       "\U0001F469\u200D\U0001F4BB\U0001F600 incomprehensibilities, and so on";
@@ -79,19 +79,19 @@ TEST(Columns, noLineIsWiderThanItMayBe) {
   }
 }
 
-TEST(Columns, endsOfLinesEndLines) {
+TEST(Columns, EndsOfLinesEndLines) {
   EXPECT_THAT(linesOf("a\nb\r\nc\rd", 9), ElementsAre("a", "b", "c", "d"));
   EXPECT_THAT(linesOf("a\n\nb", 9), ElementsAre("a", "", "b"));
   EXPECT_THAT(linesOf("", 9), ElementsAre(""));
   EXPECT_THAT(linesOf("a\n", 9), ElementsAre("a"));
 }
 
-TEST(Columns, whatATerminalWouldObeyIsEscaped) {
+TEST(Columns, WhatATerminalWouldObeyIsEscaped) {
   EXPECT_THAT(linesOf("\x1b[31mred\a", 80), ElementsAre(R"(\x1b[31mred\x07)"));
   EXPECT_THAT(linesOf("\u202Eevil\u2028", 80), ElementsAre(R"(\u202eevil\u2028)"));
 }
 
-TEST(Columns, illFormedBytesAreReplaced) {
+TEST(Columns, IllFormedBytesAreReplaced) {
   EXPECT_THAT(linesOf("a\xFF\xC2z", 80), ElementsAre("a\uFFFD\uFFFDz"));
 }
 

@@ -22,7 +22,7 @@ void expectDifferent(const std::string& a, const std::string& b) {
   EXPECT_FALSE(text::equal(b, a)) << inHex(b) << "and " << inHex(a);
 }
 
-TEST(Equality, composedAndDecomposedAreOneText) {
+TEST(Equality, ComposedAndDecomposedAreOneText) {
   expectEqual("\u00E9", "e\u0301");
   expectEqual("Jos\u00E9", "Jose\u0301");
   expectEqual("\u00C5", "\u212B");
@@ -39,7 +39,7 @@ TEST(Equality, ASCIIHasNonASCIITwins) {
   expectEqual("person-K", "person-\u212A");
 }
 
-TEST(Equality, whatLooksAlikeStaysApart) {
+TEST(Equality, WhatLooksAlikeStaysApart) {
   expectDifferent("\uFB01", "fi");
   expectDifferent("\u00E9", "e");
   expectDifferent("\u00E9", "\u00C9");
@@ -50,7 +50,7 @@ TEST(Equality, whatLooksAlikeStaysApart) {
   expectDifferent("1", "\u0661");
 }
 
-TEST(Equality, anEmptyTextIsOnlyItself) {
+TEST(Equality, AnEmptyTextIsOnlyItself) {
   expectEqual("", "");
   EXPECT_TRUE(text::equal(std::string_view(), std::string_view("", 0)));
   expectDifferent("", "a");
@@ -58,7 +58,7 @@ TEST(Equality, anEmptyTextIsOnlyItself) {
   expectDifferent("", "\0"s);
 }
 
-TEST(Equality, noTextIsEqualToNoText) {
+TEST(Equality, NoTextIsEqualToNoText) {
   const std::optional<std::string> nil;
   const std::optional<std::string> empty = "";
   EXPECT_TRUE(text::equal(nil, nil));
@@ -70,7 +70,7 @@ TEST(Equality, noTextIsEqualToNoText) {
   EXPECT_FALSE(text::equal(std::optional<std::string>("a"), std::optional<std::string>("b")));
 }
 
-TEST(Equality, illFormedTextEqualsOnlyItsOwnBytes) {
+TEST(Equality, IllFormedTextEqualsOnlyItsOwnBytes) {
   const std::vector<std::string> illFormed = {"a\xC3",
                                               "a\xE9",
                                               "a\xFF",
@@ -98,14 +98,14 @@ TEST(Equality, illFormedTextEqualsOnlyItsOwnBytes) {
   }
 }
 
-TEST(Equality, aProperPrefixIsAnotherText) {
+TEST(Equality, AProperPrefixIsAnotherText) {
   expectDifferent("person-1", "person-12");
   expectDifferent("e", "e\u0301");
   expectDifferent("\u00E9", "\u00E9\u0301");
   expectDifferent("\u1112\u1161", "\u1112\u1161\u11AB");
 }
 
-TEST(Equality, differencesAnywhereInLongTextsCount) {
+TEST(Equality, DifferencesAnywhereInLongTextsCount) {
   for (const std::size_t size : {1U, 7U, 8U, 9U, 15U, 16U, 17U, 36U, 1000U}) {
     const std::string plain(size, 'x');
     for (std::size_t place = 0; place < size; ++place) {
@@ -121,7 +121,7 @@ TEST(Equality, differencesAnywhereInLongTextsCount) {
   }
 }
 
-TEST(Equality, aHundredThousandMarksAreOrdered) {
+TEST(Equality, AHundredThousandMarksAreOrdered) {
   std::string ascending = "a";
   std::string descending = "a";
   for (int count = 0; count < 50000; ++count) ascending += "\u0323";
@@ -132,7 +132,7 @@ TEST(Equality, aHundredThousandMarksAreOrdered) {
   expectDifferent(ascending, descending + "\u0323");
 }
 
-TEST(Equality, manyMarksOfOneClassKeepTheirOrder) {
+TEST(Equality, ManyMarksOfOneClassKeepTheirOrder) {
   std::string mixed = "a";
   std::string below = "a";
   std::string above;
@@ -147,7 +147,7 @@ TEST(Equality, manyMarksOfOneClassKeepTheirOrder) {
   expectDifferent(mixed, below + reversed);
 }
 
-TEST(Equality, tablesFindATextByAnyOfItsForms) {
+TEST(Equality, TablesFindATextByAnyOfItsForms) {
   std::unordered_map<std::string, int, text::Hash, text::Equal> table;
   table["Jos\u00E9"] = 1;
   EXPECT_EQ(table.count("Jose\u0301"), 1U);
@@ -156,7 +156,7 @@ TEST(Equality, tablesFindATextByAnyOfItsForms) {
   EXPECT_EQ(table.begin()->first, "Jos\u00E9") << "the stored bytes stay";
 }
 
-TEST(Hash, tellsMostTextsApart) {
+TEST(Hash, TellsMostTextsApart) {
   std::unordered_set<std::size_t> hashes;
   for (int number = 0; number < 10000; ++number) {
     hashes.insert(text::hash("person-" + std::to_string(number)));
@@ -165,13 +165,13 @@ TEST(Hash, tellsMostTextsApart) {
   EXPECT_EQ(hashes.size(), 20000U);
 }
 
-TEST(AtAGlance, neverCallsEqualTextsDifferent) {
+TEST(AtAGlance, NeverCallsEqualTextsDifferent) {
   EXPECT_FALSE(text::differAtAGlance("", ""));
   EXPECT_FALSE(text::differAtAGlance("K", "\u212A"));
   EXPECT_FALSE(text::differAtAGlance("twelve bytes", "twelve bytes"));
 }
 
-TEST(AtAGlance, settlesIdentifiersThatDifferNearAnEnd) {
+TEST(AtAGlance, SettlesIdentifiersThatDifferNearAnEnd) {
   EXPECT_TRUE(text::differAtAGlance("person-000123", "person-000124"));
   EXPECT_TRUE(text::differAtAGlance("person-000123", "person-100123"));
   EXPECT_TRUE(text::differAtAGlance("p1", "p2"));

@@ -56,11 +56,11 @@ class NormalizationRows : public ::testing::Test {
   static inline std::vector<Row>* rows_ = nullptr;
 };
 
-TEST_F(NormalizationRows, areAllThere) {
+TEST_F(NormalizationRows, AreAllThere) {
   EXPECT_EQ(rows().size(), 19074U) << "of Unicode 15.0";
 }
 
-TEST_F(NormalizationRows, equivalentColumnsAreEqualAndHashEqually) {
+TEST_F(NormalizationRows, EquivalentColumnsAreEqualAndHashEqually) {
   for (const Row& row : rows()) {
     expectSame(row[0], row[1]);
     expectSame(row[0], row[2]);
@@ -69,7 +69,7 @@ TEST_F(NormalizationRows, equivalentColumnsAreEqualAndHashEqually) {
   }
 }
 
-TEST_F(NormalizationRows, staySoInsideOtherText) {
+TEST_F(NormalizationRows, StaySoInsideOtherText) {
   for (const Row& row : rows()) {
     expectSame("person-" + row[0] + "-1", "person-" + row[2] + "-1");
     expectSame(row[1] + " and so on", row[2] + " and so on");
@@ -77,7 +77,7 @@ TEST_F(NormalizationRows, staySoInsideOtherText) {
   }
 }
 
-TEST_F(NormalizationRows, compatibilityAloneIsNotEquality) {
+TEST_F(NormalizationRows, CompatibilityAloneIsNotEquality) {
   std::size_t different = 0;
   for (const Row& row : rows()) {
     expectByDecomposition(row[0], row[2], row[3], row[4]);
@@ -86,7 +86,7 @@ TEST_F(NormalizationRows, compatibilityAloneIsNotEquality) {
   EXPECT_GT(different, 3000U);
 }
 
-TEST_F(NormalizationRows, rowsAreEqualOnlyWhenTheirDecompositionsAre) {
+TEST_F(NormalizationRows, RowsAreEqualOnlyWhenTheirDecompositionsAre) {
   std::size_t different = 0;
   for (std::size_t index = 0; index < rows().size(); ++index) {
     for (const std::size_t step : {1U, 2U, 3U, 7919U}) {

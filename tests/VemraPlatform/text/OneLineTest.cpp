@@ -12,7 +12,7 @@ namespace {
 using text::onOneLine;
 using text::quotedOnOneLine;
 
-TEST(OneLine, everyScalarThatEndsOrTurnsALineIsEscapedAndNoOther) {
+TEST(OneLine, EveryScalarThatEndsOrTurnsALineIsEscapedAndNoOther) {
   for (char32_t scalar = 0; scalar <= 0x10FFFF; ++scalar) {
     if (scalar >= 0xD800 && scalar <= 0xDFFF) continue;
     const auto category = u_charType(static_cast<UChar32>(scalar));
@@ -31,21 +31,21 @@ TEST(OneLine, everyScalarThatEndsOrTurnsALineIsEscapedAndNoOther) {
   }
 }
 
-TEST(OneLine, escapesAreShortForLineBreaksAndTabsAndElseInHexadecimal) {
+TEST(OneLine, EscapesAreShortForLineBreaksAndTabsAndElseInHexadecimal) {
   EXPECT_EQ(onOneLine(std::string("a\0b\n\r\t\v\x1f\x7f", 9)), R"(a\x00b\n\r\t\x0b\x1f\x7f)");
   EXPECT_EQ(onOneLine("\u0085\u061C\u2028\u202E"), R"(\u0085\u061c\u2028\u202e)");
   EXPECT_EQ(onOneLine("a \"b\" \\ c"), "a \"b\" \\ c") << "without quotation marks around it";
   EXPECT_EQ(onOneLine(""), "");
 }
 
-TEST(OneLine, quotedTextsAreToldFromTheirEscapes) {
+TEST(OneLine, QuotedTextsDifferFromTheirEscapes) {
   EXPECT_EQ(quotedOnOneLine(""), R"("")");
   EXPECT_EQ(quotedOnOneLine("say \"no\""), R"("say \"no\"")");
   EXPECT_EQ(quotedOnOneLine("a\nb"), R"("a\nb")");
   EXPECT_EQ(quotedOnOneLine("a\\nb"), R"("a\\nb")");
 }
 
-TEST(OneLine, illFormedBytesStayAsTheyAre) {
+TEST(OneLine, IllFormedBytesStayAsTheyAre) {
   EXPECT_EQ(onOneLine("\x80\xC2 \xE2\x80\n"), "\x80\xC2 \xE2\x80\\n");
   EXPECT_EQ(quotedOnOneLine("\xE2\x80\""), "\"\xE2\x80\\\"\"");
 }

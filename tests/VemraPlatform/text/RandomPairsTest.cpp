@@ -29,7 +29,7 @@ struct Tally {
   }
 };
 
-TEST(RandomPairs, ofOneTextInTwoForms) {
+TEST(RandomPairs, OfOneTextInTwoForms) {
   Random chance(seed);
   RandomText random(chance);
   Tally tally;
@@ -43,7 +43,7 @@ TEST(RandomPairs, ofOneTextInTwoForms) {
   EXPECT_GT(tally.different, 50000U);
 }
 
-TEST(RandomPairs, ofShortTextsFromFewCharacters) {
+TEST(RandomPairs, OfShortTextsFromFewCharacters) {
   Random chance(seed);
   RandomText random(chance);
   Tally tally;

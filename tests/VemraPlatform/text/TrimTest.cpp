@@ -15,7 +15,7 @@ constexpr std::array<char32_t, 25> blanks = {0x0009, 0x000A, 0x000B, 0x000C, 0x0
                                              0x2005, 0x2006, 0x2007, 0x2008, 0x2009, 0x200A, 0x2028,
                                              0x2029, 0x202F, 0x205F, 0x3000};
 
-TEST(Trim, blanksAreTheTwentyFiveAndNoOthers) {
+TEST(Trim, BlanksAreTheTwentyFiveAndNoOthers) {
   for (char32_t scalar = 0; scalar <= 0x10FFFF; ++scalar) {
     const bool isBlank = std::find(blanks.begin(), blanks.end(), scalar) != blanks.end();
     ASSERT_EQ(text::isWhitespace(scalar), isBlank) << std::hex << static_cast<unsigned>(scalar);
@@ -28,14 +28,14 @@ TEST(Trim, blanksAreTheTwentyFiveAndNoOthers) {
   }
 }
 
-TEST(Trim, takesManyBlanksFromBothEndsAndNoneFromWithin) {
+TEST(Trim, TakesManyBlanksFromBothEndsAndNoneFromWithin) {
   EXPECT_EQ(text::trimmed(" \t\r\n\u3000 a \u2003 b\n \u0085\u00A0"), "a \u2003 b");
   EXPECT_EQ(text::trimmed("  a"), "a");
   EXPECT_EQ(text::trimmed("a  "), "a");
   EXPECT_EQ(text::trimmed("a"), "a");
 }
 
-TEST(Trim, leavesNothingOfBlanks) {
+TEST(Trim, LeavesNothingOfBlanks) {
   EXPECT_EQ(text::trimmed(""), "");
   EXPECT_EQ(text::trimmed(" \u2028\u2029\n"), "");
   EXPECT_TRUE(text::isBlank(""));
@@ -43,13 +43,13 @@ TEST(Trim, leavesNothingOfBlanks) {
   EXPECT_FALSE(text::isBlank(" . "));
 }
 
-TEST(Trim, worksByScalarAndNotByCharacter) {
+TEST(Trim, WorksByScalarAndNotByCharacter) {
   // With the mark, the blank before it is one character; it goes all the same.
   EXPECT_EQ(text::trimmed(" \u0301a"), "\u0301a");
   EXPECT_EQ(text::trimmed("\r\n\u0301"), "\u0301");
 }
 
-TEST(Trim, keepsIllFormedBytes) {
+TEST(Trim, KeepsIllFormedBytes) {
   EXPECT_EQ(text::trimmed(" \x85 "), "\x85");  // U+0085 is blank, the byte 85 alone is nothing
   EXPECT_EQ(text::trimmed(" \xA0 "), "\xA0");
   EXPECT_EQ(text::trimmed("\xC2 "), "\xC2");
@@ -60,7 +60,7 @@ TEST(Trim, keepsIllFormedBytes) {
   EXPECT_FALSE(text::isBlank("\xFF"));
 }
 
-TEST(Trim, givesAPartOfItsArgument) {
+TEST(Trim, GivesAPartOfItsArgument) {
   const std::string given = "  kept  ";
   EXPECT_EQ(text::trimmed(given).data(), given.data() + 2);
 }

@@ -20,7 +20,7 @@ bool isWellFormedForICU(std::string_view text) {
   return true;
 }
 
-TEST(UTF8, everyScalarIsReadFromBothEnds) {
+TEST(UTF8, EveryScalarIsReadFromBothEnds) {
   for (char32_t scalar = 0; scalar <= 0x10FFFF; ++scalar) {
     const std::string text = utf8(scalar);
     const bool isSurrogate = scalar >= 0xD800 && scalar <= 0xDFFF;
@@ -38,7 +38,7 @@ TEST(UTF8, everyScalarIsReadFromBothEnds) {
   }
 }
 
-TEST(UTF8, everyTextOfUpToThreeBytesIsJudgedRight) {
+TEST(UTF8, EveryTextOfUpToThreeBytesIsJudgedRight) {
   std::array<char, 3> bytes{};
   for (unsigned int value = 0; value < 0x1000000; ++value) {
     bytes = {static_cast<char>(value & 255), static_cast<char>((value >> 8) & 255),
@@ -48,7 +48,7 @@ TEST(UTF8, everyTextOfUpToThreeBytesIsJudgedRight) {
   }
 }
 
-TEST(UTF8, fourBytesAtEveryLimitAreJudgedRight) {
+TEST(UTF8, FourBytesAtEveryLimitAreJudgedRight) {
   const std::string limits =
       "\x41\x7F\x80\x8F\x90\x9F\xA0\xBF\xC0\xC1\xC2\xDF\xE0\xE1\xEC\xED\xEE\xEF\xF0\xF1\xF3\xF4\xF5"
       "\xFF";
@@ -67,7 +67,7 @@ TEST(UTF8, fourBytesAtEveryLimitAreJudgedRight) {
   EXPECT_GT(wellFormed, 100U);
 }
 
-TEST(UTF8, anIllFormedByteIsOneStep) {
+TEST(UTF8, AnIllFormedByteIsOneStep) {
   for (const std::string_view text : {"\x80", "\xC3", "\xE2\x82", "\xF0\x9F\x98", "\xFFz"}) {
     EXPECT_EQ(text::firstStep(text).scalar, std::nullopt) << inHex(text);
     EXPECT_EQ(text::firstStep(text).length, 1U) << inHex(text);
@@ -78,14 +78,14 @@ TEST(UTF8, anIllFormedByteIsOneStep) {
   }
 }
 
-TEST(UTF8, thereIsNoStepInEmptyText) {
+TEST(UTF8, ThereIsNoStepInEmptyText) {
   EXPECT_EQ(text::firstStep("").length, 0U);
   EXPECT_EQ(text::lastStep("").length, 0U);
   EXPECT_TRUE(text::isWellFormed(""));
   EXPECT_TRUE(text::isASCII(""));
 }
 
-TEST(UTF8, asciiIsToldAtEveryPlace) {
+TEST(UTF8, AByteBeyondAsciiIsFoundAtEveryPlace) {
   for (std::size_t size = 1; size < 40; ++size) {
     std::string text(size, '\x7F');
     EXPECT_TRUE(text::isASCII(text));

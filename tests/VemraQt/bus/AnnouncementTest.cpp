@@ -1,7 +1,8 @@
-// What a screen reader is told. Qt tells only while one may be listening, so these tests run on a
-// display with an accessibility bus.
+// The events that a screen reader gets. Qt sends events only while a client may listen, so these
+// tests run on a display with an accessibility bus.
 
 #include "VemraPlatform/ui/View.hpp"
+#include "tests/RecordBuilders.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
 
@@ -36,7 +37,7 @@ class Announcements : public ::testing::Test {
   /// Qt meets the bus some turns of the event loop after it has started.
   void SetUp() override {
     ASSERT_TRUE(QTest::qWaitFor([] { return QAccessible::isActive(); }))
-        << "nothing is told without an accessibility bus";
+        << "there are no events without an accessibility bus";
   }
 };
 
@@ -76,10 +77,7 @@ TEST_F(Announcements, TellOfRowsThatComeAndGoButNotOfThoseThatScroll) {
   EXPECT_THAT(listener.heard(), Contains("destroyed "));
   host.change([](Result& result) {
     std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
-    GoalPersonCandidateDTO fresh;
-    fresh.personRef = "fresh";
-    fresh.displayName = "Fresh";
-    people.insert(people.begin() + 1, fresh);
+    people.insert(people.begin() + 1, build::person("fresh", "Fresh"));
     result.people = people;
   });
   EXPECT_THAT(listener.heard(), Contains("created Fresh"));

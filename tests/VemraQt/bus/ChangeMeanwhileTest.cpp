@@ -24,7 +24,7 @@ using ::testing::IsEmpty;
 
 namespace {
 
-/// While it lives, a function hears each event of a page's own objects.
+/// While it lives, calls a function with each event of a page's own objects.
 class Observer {
  public:
   explicit Observer(std::function<void(QAccessibleEvent&)> notice) {

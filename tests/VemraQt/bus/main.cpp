@@ -6,6 +6,7 @@
 //     rename REF NAME  a person's name          size W H       the window's size
 //     quit
 
+#include "tests/RecordBuilders.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
 
 #include <algorithm>
@@ -30,10 +31,7 @@ void edit(Result& result, const std::string& what, const std::string& ref,
   if (what == "remove") {
     std::erase_if(people, [&](const auto& person) { return person.personRef == ref; });
   } else if (what == "insert") {
-    GoalPersonCandidateDTO person;
-    person.personRef = ref;
-    person.displayName = "New " + ref;
-    people.insert(people.begin(), person);
+    people.insert(people.begin(), build::person(ref, "New " + ref, {}, GoalWhyDTO::generic()));
   } else if (what == "rename") {
     std::ranges::find(people, ref, &GoalPersonCandidateDTO::personRef)->displayName = name;
   } else {

@@ -180,7 +180,7 @@ void expectHeard(QAccessibleInterface* object, const Element& element) {
   auto* known = dynamic_cast<qt::AccessibleObject*>(object);
   if (!known) fail("assistive technology misses" + described(element.element));
   const auto complain = [&](const std::string& what) {
-    fail("assistive technology hears another " + what + " of" + described(element.element));
+    fail("assistive technology gets another " + what + " of" + described(element.element));
   };
   QAccessible::Role role = QAccessible::StaticText;
   if (element.element.kind() == ElementKind::button) role = QAccessible::Button;

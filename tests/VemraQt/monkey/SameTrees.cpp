@@ -60,7 +60,8 @@ void expectSame(const ui::Node& graph, const page::Node& page) {
     fail("the page has" + described(page.element) + "\nwhere its graph has" +
          described(graph.element));
   }
-  if (page.isRow() && page.rowIndex != graph.rowIndex) fail("a row has another place on the page");
+  if (page.isWindowedRow() && page.rowIndex != graph.rowIndex)
+    fail("a row has another place on the page");
   const page::Node* shown = page.firstChild;
   for (const ui::Node* child : graph.children) {
     expectSame(*child, *shown);

@@ -1,5 +1,6 @@
 #include "tests/VemraQt/monkey/Source.hpp"
 
+#include "tests/RecordBuilders.hpp"
 #include "tests/RecordedOutcomes.hpp"
 
 #include <algorithm>
@@ -69,12 +70,9 @@ std::string refOf(std::uint32_t figure) {
 }
 
 GoalPersonCandidateDTO personOf(std::string ref, std::uint32_t figure) {
-  GoalPersonCandidateDTO person;
-  person.personRef = std::move(ref);
-  person.displayName = nameOf(figure);
-  person.why = whyOf(figure);
-  if (figure % 2 == 0) person.evidenceIDs = {"ev" + std::to_string(figure)};
-  return person;
+  std::vector<std::string> evidence;
+  if (figure % 2 == 0) evidence.push_back("ev" + std::to_string(figure));
+  return build::person(std::move(ref), nameOf(figure), std::move(evidence), whyOf(figure));
 }
 
 GoalPathCandidateDTO pathOf(std::uint32_t figure) {
@@ -105,7 +103,7 @@ void changePeople(People& people, const Step& step, std::optional<std::size_t> f
   const auto at = [&](std::uint32_t figure) {
     return people.begin() + static_cast<std::ptrdiff_t>(figure % people.size());
   };
-  // Half of what happens to somebody happens to whoever has the keyboard.
+  // Half of the changes to a person are changes to the person with the keyboard focus.
   auto one = people.empty() ? people.end() : at(step.b);
   if (focused && *focused < people.size() && step.c % 2 == 0) {
     one = people.begin() + static_cast<std::ptrdiff_t>(*focused);

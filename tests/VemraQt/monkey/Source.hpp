@@ -19,7 +19,7 @@ using Result = GetGoalSnapshotResponse;
 /// What a host does when it is asked to record an outcome.
 enum class Answer : std::uint8_t {
   atOnce,  ///< it shows the outcome from inside the callback
-  later,   ///< it keeps it until it is told to catch up
+  later,   ///< it keeps the change until `catchUp`
   drops,   ///< it takes the person off the list from inside the callback
 };
 

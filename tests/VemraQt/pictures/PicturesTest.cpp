@@ -1,6 +1,7 @@
-// The screen as it looks, held against tests/expected/pictures/*.png. VEMRA_UPDATE_EXPECTED=1 in
+// Compares pictures of the screen with tests/expected/pictures/*.png. VEMRA_UPDATE_EXPECTED=1 in
 // the environment rewrites them; look at them before they are kept.
 
+#include "tests/RecordBuilders.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/Palettes.hpp"
 #include "tests/VemraQt/Strings.hpp"
@@ -21,49 +22,26 @@ using pictures::differenceOf;
 
 namespace {
 
-GoalPersonCandidateDTO person(std::string ref, std::optional<std::string> name, GoalWhyDTO why,
-                              bool hasSource) {
-  GoalPersonCandidateDTO person;
-  person.personRef = std::move(ref);
-  person.displayName = std::move(name);
-  person.why = std::move(why);
-  if (hasSource) person.evidenceIDs = {"ev " + person.personRef};
-  return person;
-}
-
-GoalOutcomeDTO outcome(std::string ref, GoalOutcomeValue value, std::optional<std::string> note,
-                       std::optional<std::string> corrects) {
-  GoalOutcomeDTO outcome;
-  outcome.id = "o " + ref;
-  outcome.subjectRef = std::move(ref);
-  outcome.value = value;
-  outcome.note = std::move(note);
-  outcome.correctsOutcomeID = std::move(corrects);
-  return outcome;
-}
-
 /// One of each face: nothing recorded, recorded, corrected with a note, no name, no source.
 Result oneOfEach() {
   Result result;
   result.goal.title = "Find a design lead for the harbour project";
   result.goal.targetPersonRef = "p9";
   result.people = {
-      person("p1", "Ada Lovelace",
-             GoalWhyDTO::evidence("Email", "Asked about design leads in March", "r"), true),
-      person("p2", "Bo Nygaard", GoalWhyDTO::sharedActivity(3, 1), false),
-      person("p3", "Ren\u00e9e Descartes-Villanueva", GoalWhyDTO::connection(3), true),
-      person("p4", std::nullopt, GoalWhyDTO::nameMatch(), false),
+      build::person("p1", "Ada Lovelace", {"ev p1"},
+                    GoalWhyDTO::evidence("Email", "Asked about design leads in March", "r")),
+      build::person("p2", "Bo Nygaard", {}, GoalWhyDTO::sharedActivity(3, 1)),
+      build::person("p3", "Ren\u00e9e Descartes-Villanueva", {"ev p3"}, GoalWhyDTO::connection(3)),
+      build::person("p4"),
   };
-  GoalPathCandidateDTO path;
-  path.personRefs = {"p1", "p9"};
-  path.why = GoalWhyDTO::connection(2);
-  result.paths = {path};
+  result.paths = {build::path({"p1", "p9"})};
   result.coverage.sources = {"Mail", "Calendar"};
   result.coverage.evidenceCount = 12;
   result.coverage.latestEvidenceAt = "2025-01-05T10:00:00Z";
-  result.outcomes = {outcome("p2", GoalOutcomeValue::reachedOut, std::nullopt, std::nullopt),
-                     outcome("p3", GoalOutcomeValue::notAFit,
-                             "Moved to Lisbon; would help from there in autumn", "o1")};
+  using enum GoalOutcomeSubjectKind;
+  result.outcomes = {build::outcome("o p2", person, "p2", GoalOutcomeValue::reachedOut),
+                     build::outcome("o p3", person, "p3", GoalOutcomeValue::notAFit,
+                                    "Moved to Lisbon; would help from there in autumn", "o1")};
   return result;
 }
 
@@ -151,8 +129,8 @@ TEST_F(Pictures, HighContrast) {
 
 TEST_F(Pictures, Narrow) {
   Result result = oneOfEach();
-  result.outcomes = {
-      outcome("p3", GoalOutcomeValue::notAFit, "Moved to Lisbon\nback in autumn", std::nullopt)};
+  result.outcomes = {build::outcome("o p3", GoalOutcomeSubjectKind::person, "p3",
+                                    GoalOutcomeValue::notAFit, "Moved to Lisbon\nback in autumn")};
   WindowHost host(result, QSize(320, 640));
   host.press("vemra.goal.person.p3.outcome.correct");
   expectPicture("narrow", pictureOf(host));
@@ -169,12 +147,12 @@ TEST_F(Pictures, TwiceTheSize) {
 TEST_F(Pictures, RightToLeft) {
   Result result = oneOfEach();
   result.people = {
-      person("p1", "\u05d3\u05e0\u05d4 \u05db\u05d4\u05df",
-             GoalWhyDTO::evidence(
-                 "\u05d3\u05d5\u05d0\u05f4\u05dc",
-                 "\u05e9\u05d0\u05dc\u05d4 \u05e2\u05dc \u05de\u05e2\u05e6\u05d1\u05d9\u05dd", "r"),
-             true),
-      person("p3", "Ada Lovelace", GoalWhyDTO::connection(3), true),
+      build::person(
+          "p1", "\u05d3\u05e0\u05d4 \u05db\u05d4\u05df", {"ev p1"},
+          GoalWhyDTO::evidence(
+              "\u05d3\u05d5\u05d0\u05f4\u05dc",
+              "\u05e9\u05d0\u05dc\u05d4 \u05e2\u05dc \u05de\u05e2\u05e6\u05d1\u05d9\u05dd", "r")),
+      build::person("p3", "Ada Lovelace", {"ev p3"}, GoalWhyDTO::connection(3)),
   };
   WindowHost host(result, pageSize);
   ui::Environment environment;

@@ -40,7 +40,7 @@ class CommandLineTest : public testing::Test {
   Words files;
 };
 
-TEST_F(CommandLineTest, readsFlagsOptionsAndTheWordsOfACommandInTheirOrder) {
+TEST_F(CommandLineTest, ReadsFlagsOptionsAndTheWordsOfACommandInTheirOrder) {
   line.read({"--loud", "add", "b", "--name", "n", "a"});
   EXPECT_TRUE(isLoud);
   EXPECT_TRUE(isChosen);
@@ -48,19 +48,19 @@ TEST_F(CommandLineTest, readsFlagsOptionsAndTheWordsOfACommandInTheirOrder) {
   EXPECT_EQ(files, (Words{"b", "a"}));
 }
 
-TEST_F(CommandLineTest, leavesWhatIsNotGiven) {
+TEST_F(CommandLineTest, LeavesWhatIsNotGiven) {
   line.read({});
   EXPECT_FALSE(isLoud);
   EXPECT_FALSE(isChosen);
   EXPECT_EQ(name, std::nullopt);
 }
 
-TEST_F(CommandLineTest, anOptionMayHaveAnEmptyValue) {
+TEST_F(CommandLineTest, AnOptionMayHaveAnEmptyValue) {
   line.read({"--name="});
   EXPECT_EQ(name, "");
 }
 
-TEST_F(CommandLineTest, anOptionMayStandBeforeACommandOrBehindItButOnce) {
+TEST_F(CommandLineTest, AnOptionMayStandBeforeACommandOrBehindItButOnce) {
   line.read({"--name", "n", "add", "a"});
   EXPECT_EQ(name, "n");
   const Farewell farewell = ending({"--name", "n", "add", "--name", "m", "a"});
@@ -69,7 +69,7 @@ TEST_F(CommandLineTest, anOptionMayStandBeforeACommandOrBehindItButOnce) {
       << farewell.diagnostic;
 }
 
-TEST_F(CommandLineTest, aFlagTakesNoValue) {
+TEST_F(CommandLineTest, AFlagTakesNoValue) {
   for (const char* const word : {"--loud=0", "--loud=true", "--loud="}) {
     const Farewell farewell = ending({word});
     EXPECT_EQ(farewell.exitCode, 2);
@@ -80,7 +80,7 @@ TEST_F(CommandLineTest, aFlagTakesNoValue) {
   EXPECT_EQ(files, Words{"--loud=0"}) << "behind -- it is a word";
 }
 
-TEST(CommandLineWordTest, aWordMustBeThere) {
+TEST(CommandLineWordTest, AWordMustBeThere) {
   CommandLine line("program", "Does something.");
   std::string file;
   line.syntax().word("FILE", file, "A file");
@@ -95,14 +95,14 @@ TEST(CommandLineWordTest, aWordMustBeThere) {
   EXPECT_EQ(file, "a");
 }
 
-TEST_F(CommandLineTest, theVersionStandsBehindTheProgramsName) {
+TEST_F(CommandLineTest, TheVersionStandsBehindTheProgramsName) {
   const Farewell farewell = ending({"--version", "add"});
   EXPECT_EQ(farewell.exitCode, 0);
   EXPECT_EQ(farewell.output, "program " + version() + "\n");
   EXPECT_EQ(farewell.diagnostic, "");
 }
 
-TEST_F(CommandLineTest, helpEndsWithZeroAndAMistakeWithTwo) {
+TEST_F(CommandLineTest, HelpEndsWithZeroAndAMistakeWithTwo) {
   const Farewell help = ending({"--help"});
   EXPECT_EQ(help.exitCode, 0);
   EXPECT_NE(help.output.find("Does something."), std::string::npos);
@@ -116,7 +116,7 @@ TEST_F(CommandLineTest, helpEndsWithZeroAndAMistakeWithTwo) {
   EXPECT_EQ(own.diagnostic.rfind("--name: is too long\n", 0), 0u) << own.diagnostic;
 }
 
-TEST(FarewellTest, isWrittenToBothStreams) {
+TEST(FarewellTest, IsWrittenToBothStreams) {
   std::ostringstream output, diagnostics;
   EXPECT_EQ(say({2, "out", "wrong"}, output, diagnostics), 2);
   EXPECT_EQ(output.str(), "out");

@@ -10,24 +10,24 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-TEST(WordsTest, areThoseBehindTheProgramsName) {
+TEST(WordsTest, AreThoseBehindTheProgramsName) {
   const char* const arguments[] = {"program", "a", "--b=c", ""};
   EXPECT_EQ(wordsOf(4, arguments), (Words{"a", "--b=c", ""}));
   EXPECT_EQ(wordsOf(1, arguments), Words{});
   EXPECT_EQ(wordsOf(0, arguments), Words{}) << "without even a name";
 }
 
-TEST(WordsTest, anOptionThatEndsInItsEqualsSignHasAnEmptyValue) {
+TEST(WordsTest, AnOptionThatEndsInItsEqualsSignHasAnEmptyValue) {
   EXPECT_EQ(withEmptyValues({"--x=", "a", "--y=", "--x="}, {"--x", "--y"}),
             (Words{"--x", "", "a", "--y", "", "--x", ""}));
 }
 
-TEST(WordsTest, othersStayAsTheyAre) {
+TEST(WordsTest, OthersStayAsTheyAre) {
   const Words words = {"--x=a", "--x==", "--x", "--z=", "--xx=", "=", "", "x=", "--", "--x="};
   EXPECT_EQ(withEmptyValues(words, {"--x", "--y"}), words);
 }
 
-TEST(WordsTest, onlyTwoDashesEndTheOptions) {
+TEST(WordsTest, OnlyTwoDashesEndTheOptions) {
   EXPECT_EQ(withEmptyValues({"", "-", "--x="}, {"--x"}), (Words{"", "-", "--x", ""}));
   EXPECT_EQ(withEmptyValues({"--", "--x="}, {"--x"}), (Words{"--", "--x="}));
 }

@@ -1,17 +1,16 @@
 #pragma once
 
 #include "VemraGoalEngine/GoalRecords.hpp"
+#include "tests/RecordBuilders.hpp"
 
 #include <string>
+#include <utility>
 
 namespace vemra::desk {
 
 inline GoalOutcomeDTO outcome(std::string id, std::string subjectRef, GoalOutcomeValue value) {
-  GoalOutcomeDTO outcome;
-  outcome.id = std::move(id);
-  outcome.subjectRef = std::move(subjectRef);
-  outcome.value = value;
-  return outcome;
+  return build::outcome(std::move(id), GoalOutcomeSubjectKind::person, std::move(subjectRef),
+                        value);
 }
 
 /// A goal with one person and the outcomes given.
@@ -20,7 +19,7 @@ inline GetGoalSnapshotResponse goal(std::string id, std::string title,
   GetGoalSnapshotResponse result;
   result.goal.id = std::move(id);
   result.goal.title = std::move(title);
-  result.people = {{"p1", "Ada", GoalWhyDTO::connection(2), {"ev9"}}};
+  result.people = {build::person("p1", "Ada", {"ev9"}, GoalWhyDTO::connection(2))};
   result.coverage = {{"Mail"}, 3, "2025-01-05T10:00:00Z"};
   result.outcomes = std::move(outcomes);
   return result;

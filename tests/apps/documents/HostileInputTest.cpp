@@ -28,7 +28,7 @@ std::string inTitle(const std::string& value) {
   return replacing(sampleResult, "\"Find a design lead\"", value);
 }
 
-TEST(DeepNestingTest, isRefusedAtTheFirstBracketThatNoDocumentHas) {
+TEST(DeepNestingTest, IsRefusedAtTheFirstBracketThatNoDocumentHas) {
   const std::size_t depth = 100'000;
   EXPECT_EQ(errorIn(repeated("[", depth)), "case.json: expected an object; found an array");
   EXPECT_EQ(errorIn(repeated("[", depth) + repeated("]", depth)),
@@ -43,7 +43,7 @@ TEST(DeepNestingTest, isRefusedAtTheFirstBracketThatNoDocumentHas) {
             "case.json: /coverage/sources/0: expected a string; found an array");
 }
 
-TEST(NoiseTest, fiftyMegabytesAreRefused) {
+TEST(NoiseTest, FiftyMegabytesAreRefused) {
   std::mt19937 random(50);
   std::string noise(fiftyMegabytes, '\0');
   for (char& byte : noise) byte = static_cast<char>(random());
@@ -54,7 +54,7 @@ TEST(NoiseTest, fiftyMegabytesAreRefused) {
   EXPECT_NE(errorIn("{\"goal\": {\"id\": \"" + noise), "");
 }
 
-TEST(NoiseTest, muchOfOneKindIsRefusedWithAShortMessage) {
+TEST(NoiseTest, MuchOfOneKindIsRefusedWithAShortMessage) {
   const std::string x(twoMegabytes, 'x');
   const std::string texts[] = {
       x,
@@ -84,7 +84,7 @@ TEST(NoiseTest, muchOfOneKindIsRefusedWithAShortMessage) {
   }
 }
 
-TEST(HugeDocumentTest, aTitleOfFiftyMegabytesIsATitle) {
+TEST(HugeDocumentTest, ATitleOfFiftyMegabytesIsATitle) {
   const std::string title(fiftyMegabytes, 't');
   EXPECT_EQ(readResultText(inTitle('"' + title + '"'), "t").goal.title.size(), fiftyMegabytes);
 }
@@ -107,14 +107,14 @@ class SourceFileTest : public testing::Test {
   TemporaryFolder folder;
 };
 
-TEST_F(SourceFileTest, readsAFile) {
+TEST_F(SourceFileTest, ReadsAFile) {
   EXPECT_EQ(readResultFile(folder.write("case.json", sampleResult)).goal.id, "g1");
   const std::string content = "a\0b\r\n\xFF" + std::string(3'000'000, 'x');
   EXPECT_EQ(readSource(folder.write("bytes", content)), content);
   EXPECT_EQ(readSource(folder.write("empty", "")), "");
 }
 
-TEST_F(SourceFileTest, saysWhatIsWrongWithAFile) {
+TEST_F(SourceFileTest, SaysWhatIsWrongWithAFile) {
   EXPECT_EQ(error(folder.file("missing.json")),
             "expected a file that can be read; found an error: No such file or directory");
   EXPECT_EQ(error(folder.path().string()),
@@ -127,7 +127,7 @@ TEST_F(SourceFileTest, saysWhatIsWrongWithAFile) {
             "expected a file that can be read; found an error: No such file or directory");
 }
 
-TEST_F(SourceFileTest, refusesMoreThanAGibibyteBeforeItIsRead) {
+TEST_F(SourceFileTest, RefusesMoreThanAGibibyteBeforeItIsRead) {
   const std::string path = folder.write("long", "");
   ASSERT_EQ(::truncate(path.c_str(), (off_t{1} << 30) + 1), 0);
   const auto mostKilobytes = [] {
@@ -140,19 +140,19 @@ TEST_F(SourceFileTest, refusesMoreThanAGibibyteBeforeItIsRead) {
   EXPECT_LT(mostKilobytes() - before, 1 << 19) << "it was read first";
 }
 
-TEST_F(SourceFileTest, readsAGibibyteToItsLastByte) {
+TEST_F(SourceFileTest, ReadsAGibibyteToItsLastByte) {
   const std::string path = folder.write("long", "");
   ASSERT_EQ(::truncate(path.c_str(), off_t{1} << 30), 0);
   EXPECT_EQ(readSource(path).size(), std::size_t{1} << 30);
 }
 
-TEST_F(SourceFileTest, isNotMisledByAnInterruptionOfAnEarlierCall) {
+TEST_F(SourceFileTest, IsNotMisledByAnInterruptionOfAnEarlierCall) {
   const std::string path = folder.write("file", "text");
   errno = EINTR;
   EXPECT_EQ(readSource(path), "text");
 }
 
-TEST_F(SourceFileTest, leavesNoFileOpen) {
+TEST_F(SourceFileTest, LeavesNoFileOpen) {
   const std::string path = folder.write("case.json", sampleResult);
   const auto nextDescriptor = [] {
     const int descriptor = ::dup(STDERR_FILENO);
@@ -165,7 +165,7 @@ TEST_F(SourceFileTest, leavesNoFileOpen) {
   EXPECT_EQ(nextDescriptor(), before);
 }
 
-TEST_F(SourceFileTest, readsAPipeOfUnknownLength) {
+TEST_F(SourceFileTest, ReadsAPipeOfUnknownLength) {
   const std::string path = folder.file("pipe");
   ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
   const std::string content(5'000'000, 'y');
@@ -178,7 +178,7 @@ TEST_F(SourceFileTest, readsAPipeOfUnknownLength) {
   ::waitpid(writer, nullptr, 0);
 }
 
-TEST_F(SourceFileTest, readsStandardInputUnderTheNameDash) {
+TEST_F(SourceFileTest, ReadsStandardInputUnderTheNameDash) {
   const int saved = ::dup(STDIN_FILENO);
   ASSERT_NE(std::freopen(folder.write("in", "[]").c_str(), "r", stdin), nullptr);
   EXPECT_EQ(error("-"), "expected an object; found an array");

@@ -10,7 +10,7 @@
 namespace vemra::documents {
 namespace {
 
-TEST(JsonReaderTest, saysWhatAValueOfAnotherKindIs) {
+TEST(JsonReaderTest, SaysWhatAValueOfAnotherKindIs) {
   EXPECT_EQ(stringError("null"), "t: expected a string; found null");
   EXPECT_EQ(stringError("true"), "t: expected a string; found true");
   EXPECT_EQ(stringError("false"), "t: expected a string; found false");
@@ -25,7 +25,7 @@ TEST(JsonReaderTest, saysWhatAValueOfAnotherKindIs) {
             "t: expected a string or null; found 7");
 }
 
-TEST(JsonReaderTest, countsLinesAndCharacters) {
+TEST(JsonReaderTest, CountsLinesAndCharacters) {
   EXPECT_EQ(stringError("\n \n  é"), "t: line 3, column 3: expected a string; found \"é\"");
   EXPECT_EQ(stringError("\n\n\n é"), "t: line 4, column 2: expected a string; found \"é\"")
       << "empty lines count";
@@ -37,12 +37,12 @@ TEST(JsonReaderTest, countsLinesAndCharacters) {
             "t: line 1, column 1: expected a string; found \"\\x00\"");
 }
 
-TEST(JsonReaderTest, saysWhatWasExpectedWhereNoValueBegins) {
+TEST(JsonReaderTest, SaysWhatWasExpectedWhereNoValueBegins) {
   EXPECT_EQ(errorOf(" ]", [](JsonReader& reader) { reader.failNext("a colour"); }),
             "t: line 1, column 2: expected a colour; found \"]\"");
 }
 
-TEST(JsonReaderTest, refusesAByteOrderMark) {
+TEST(JsonReaderTest, RefusesAByteOrderMark) {
   EXPECT_EQ(stringError("\xEF\xBB\xBF\"a\""),
             "t: line 1, column 1: expected UTF-8 without a byte-order mark; found U+FEFF");
   EXPECT_EQ(stringError("\xFF\xFE\"\0a\0"),
@@ -50,7 +50,7 @@ TEST(JsonReaderTest, refusesAByteOrderMark) {
   EXPECT_EQ(string("\"\xEF\xBB\xBF\""), "\uFEFF") << "inside a string it is a character";
 }
 
-TEST(JsonReaderTest, takesOnlyTheFourBlanksBetweenTokens) {
+TEST(JsonReaderTest, TakesOnlyTheFourBlanksBetweenTokens) {
   EXPECT_EQ(string(" \t\n\r\"a\" \t\n\r"), "a");
   for (const char* blank : {"\v", "\f", "\u00A0", "\u2028", "//x\n", "/*x*/"}) {
     EXPECT_NE(stringError(std::string(blank) + "\"a\""), "") << blank;
@@ -58,7 +58,7 @@ TEST(JsonReaderTest, takesOnlyTheFourBlanksBetweenTokens) {
   }
 }
 
-TEST(JsonReaderTest, readsArraysAndObjects) {
+TEST(JsonReaderTest, ReadsArraysAndObjects) {
   std::vector<std::int64_t> numbers;
   std::map<std::string, std::optional<std::string>> entries;
   JsonReader reader(R"( { "numbers" : [ 3 , -4 ] , "entries" : { "" : null , "a/b" : "x" } } )",
@@ -78,7 +78,7 @@ TEST(JsonReaderTest, readsArraysAndObjects) {
             (std::map<std::string, std::optional<std::string>>{{"", std::nullopt}, {"a/b", "x"}}));
 }
 
-TEST(JsonReaderTest, comparesKeysAfterTheirEscapes) {
+TEST(JsonReaderTest, ComparesKeysAfterTheirEscapes) {
   std::string value;
   JsonReader reader(R"({"\u0069d": "x"})", "t");
   reader.object({{"id", Presence::required, [&] { value = reader.string(); }}});
@@ -94,7 +94,7 @@ std::string objectError(std::string_view text) {
   });
 }
 
-TEST(JsonReaderTest, pointsIntoObjectsAndArrays) {
+TEST(JsonReaderTest, PointsIntoObjectsAndArrays) {
   EXPECT_EQ(objectError(R"({"id": 1})"), "t: /id: expected a string; found 1");
   EXPECT_TRUE(
       objectError(R"({"id": "", "list": [1, 2, "x"]})").starts_with("t: /list/2: expected"));
@@ -107,7 +107,7 @@ TEST(JsonReaderTest, pointsIntoObjectsAndArrays) {
             "t: /id: expected each key once; found \"id\" again");
 }
 
-TEST(JsonReaderTest, refusesBrokenPunctuation) {
+TEST(JsonReaderTest, RefusesBrokenPunctuation) {
   EXPECT_EQ(objectError(R"({"id" "x"})"), "t: line 1, column 7: expected \":\"; found \"\\\"\"");
   EXPECT_EQ(objectError(R"({"id": "x" "list": []})"),
             "t: line 1, column 12: expected \",\" or \"}\"; found \"\\\"\"");
@@ -125,7 +125,7 @@ TEST(JsonReaderTest, refusesBrokenPunctuation) {
             "t: /id: line 1, column 9: expected UTF-8; found the byte 0xFF");
 }
 
-TEST(JsonReaderTest, leavesAKeyTwiceInADictionaryToTheCaller) {
+TEST(JsonReaderTest, LeavesAKeyTwiceInADictionaryToTheCaller) {
   std::vector<std::string> keys;
   JsonReader reader(R"({"a": "1", "b": "2", "a": "3"})", "t");
   reader.dictionary([&](const std::string& key) {
@@ -136,7 +136,7 @@ TEST(JsonReaderTest, leavesAKeyTwiceInADictionaryToTheCaller) {
   EXPECT_EQ(keys, (std::vector<std::string>{"a", "b", "a"}));
 }
 
-TEST(JsonReaderTest, listsTheNamesThatMayStand) {
+TEST(JsonReaderTest, ListsTheNamesThatMayStand) {
   const std::vector<std::string_view> names{"one", "two"};
   const auto error = [&](std::string_view text) {
     return errorOf(text, [&](JsonReader& reader) { reader.name(names); });
@@ -149,7 +149,7 @@ TEST(JsonReaderTest, listsTheNamesThatMayStand) {
   EXPECT_EQ(reader.name(names), 1U);
 }
 
-TEST(JsonReaderTest, looksAtTheNextKindWithoutReadingIt) {
+TEST(JsonReaderTest, LooksAtTheNextKindWithoutReadingIt) {
   using enum JsonKind;
   const std::pair<const char*, JsonKind> cases[] = {
       {" null", null},  {"true", boolean}, {"false", boolean}, {"-1", number},

@@ -19,7 +19,7 @@ std::string integerError(std::string_view text) {
   return errorOf(text, [](JsonReader& reader) { reader.integer(); });
 }
 
-TEST(JsonReaderStringTest, resolvesEveryEscape) {
+TEST(JsonReaderStringTest, ResolvesEveryEscape) {
   EXPECT_EQ(string(R"("\"\\\/\b\f\n\r\t")"), "\"\\/\b\f\n\r\t");
   EXPECT_EQ(string(R"("\u0041\u00e9\u20AC\uD83D\ude00")"), "Aé€😀");
   EXPECT_EQ(string(R"("\uFFFF\uD7FF\uE000\udbff\udfff")"), "\uFFFF\uD7FF\uE000\U0010FFFF");
@@ -27,16 +27,16 @@ TEST(JsonReaderStringTest, resolvesEveryEscape) {
   EXPECT_EQ(string(R"("plain \n mixed é \t end")"), "plain \n mixed é \t end");
 }
 
-TEST(JsonReaderStringTest, keepsTheBytesOfCanonicallyEqualTexts) {
+TEST(JsonReaderStringTest, KeepsTheBytesOfCanonicallyEqualTexts) {
   EXPECT_EQ(string("\"\u00E9\""), "\u00E9");
   EXPECT_EQ(string("\"e\u0301\""), "e\u0301");
 }
 
-TEST(JsonReaderStringTest, takesDeleteAndLineSeparatorsAsTheyAre) {
+TEST(JsonReaderStringTest, TakesDeleteAndLineSeparatorsAsTheyAre) {
   EXPECT_EQ(string("\"\x7F\u2028\u0085\""), "\x7F\u2028\u0085");
 }
 
-TEST(JsonReaderStringTest, refusesHalfASurrogatePair) {
+TEST(JsonReaderStringTest, RefusesHalfASurrogatePair) {
   const std::string expected =
       "t: line 1, column 3: expected both halves of a surrogate pair; found ";
   EXPECT_EQ(stringError(R"("x\uD800")"), expected + R"(\uD800)");
@@ -51,7 +51,7 @@ TEST(JsonReaderStringTest, refusesHalfASurrogatePair) {
   EXPECT_EQ(stringError(R"("x\uDBFF\uE000")"), expected + R"(\uDBFF)") << "the first behind them";
 }
 
-TEST(JsonReaderStringTest, refusesOtherEscapes) {
+TEST(JsonReaderStringTest, RefusesOtherEscapes) {
   EXPECT_EQ(stringError(R"("\x41")"),
             R"(t: line 1, column 3: expected one of the escapes \" \\ \/ \b \f \n \r \t \u; )"
             R"(found "x41")");
@@ -64,7 +64,7 @@ TEST(JsonReaderStringTest, refusesOtherEscapes) {
             "\\u; found the end of the file");
 }
 
-TEST(JsonReaderStringTest, refusesControlCharacters) {
+TEST(JsonReaderStringTest, RefusesControlCharacters) {
   for (char c = 0; c < 0x20; ++c) {
     const std::string error = stringError(std::string("\"a") + c + "\"");
     EXPECT_NE(error.find("column 3: expected a control character to be written as an escape"),
@@ -73,7 +73,7 @@ TEST(JsonReaderStringTest, refusesControlCharacters) {
   }
 }
 
-TEST(JsonReaderStringTest, refusesIllFormedUtf8) {
+TEST(JsonReaderStringTest, RefusesIllFormedUtf8) {
   const char* illFormed[] = {
       "\x80",              // a continuation byte alone
       "\xC0\xAF",          // overlong
@@ -93,12 +93,12 @@ TEST(JsonReaderStringTest, refusesIllFormedUtf8) {
   }
 }
 
-TEST(JsonReaderStringTest, refusesAStringWithoutItsEnd) {
+TEST(JsonReaderStringTest, RefusesAStringWithoutItsEnd) {
   EXPECT_EQ(stringError("\"ab"),
             "t: line 1, column 4: expected the end of the string; found the end of the file");
 }
 
-TEST(JsonReaderIntegerTest, readsTheWholeRange) {
+TEST(JsonReaderIntegerTest, ReadsTheWholeRange) {
   EXPECT_EQ(integer("0"), 0);
   EXPECT_EQ(integer("-0"), 0);
   EXPECT_EQ(integer(" \t\r\n-17 \n"), -17);
@@ -106,7 +106,7 @@ TEST(JsonReaderIntegerTest, readsTheWholeRange) {
   EXPECT_EQ(integer("-9223372036854775808"), std::numeric_limits<std::int64_t>::min());
 }
 
-TEST(JsonReaderIntegerTest, refusesFractionsExponentsAndWhatIsOutOfRange) {
+TEST(JsonReaderIntegerTest, RefusesFractionsExponentsAndWhatIsOutOfRange) {
   const std::string expected =
       "t: expected an integer from -9223372036854775808 to 9223372036854775807, without fraction "
       "or exponent; found ";
@@ -117,14 +117,14 @@ TEST(JsonReaderIntegerTest, refusesFractionsExponentsAndWhatIsOutOfRange) {
   }
 }
 
-TEST(JsonReaderIntegerTest, cutsAHugeNumberInTheMessage) {
+TEST(JsonReaderIntegerTest, CutsAHugeNumberInTheMessage) {
   const std::string error = integerError(std::string(1000, '9'));
   const std::string sixtyDigits(60, '9');
   EXPECT_TRUE(error.ends_with(sixtyDigits + "…")) << error;
   EXPECT_FALSE(error.ends_with('9' + sixtyDigits + "…")) << error;
 }
 
-TEST(JsonReaderIntegerTest, refusesWhatIsNoNumber) {
+TEST(JsonReaderIntegerTest, RefusesWhatIsNoNumber) {
   EXPECT_EQ(integerError("01"),
             "t: line 1, column 2: expected a number without leading zeros; found \"1\"");
   EXPECT_EQ(integerError("-01"),

@@ -14,7 +14,7 @@ std::string written(std::string_view text) {
   return out.take();
 }
 
-TEST(JsonWriterTest, layoutsAreTheCallers) {
+TEST(JsonWriterTest, LayoutsAreTheCallers) {
   JsonWriter out;
   out.beginObject(Layout::lines);
   out.key("a");
@@ -50,7 +50,7 @@ TEST(JsonWriterTest, layoutsAreTheCallers) {
 })json");
 }
 
-TEST(JsonWriterTest, takeLeavesAnEmptyWriter) {
+TEST(JsonWriterTest, TakeLeavesAnEmptyWriter) {
   JsonWriter out;
   out.integer(std::numeric_limits<std::int64_t>::min());
   EXPECT_EQ(out.take(), "-9223372036854775808");
@@ -58,20 +58,20 @@ TEST(JsonWriterTest, takeLeavesAnEmptyWriter) {
   EXPECT_EQ(out.take(), "null");
 }
 
-TEST(JsonWriterTest, escapesOnlyWhatMustBe) {
+TEST(JsonWriterTest, EscapesOnlyWhatMustBe) {
   EXPECT_EQ(written("\"\\/\b\f\n\r\t"), R"("\"\\/\b\f\n\r\t")");
   EXPECT_EQ(written(std::string_view("\0\x01\x1F\x7F", 4)), "\"\\u0000\\u0001\\u001f\x7F\"");
   EXPECT_EQ(written("é e\u0301 😀 \u2028 <b>&"), "\"é e\u0301 😀 \u2028 <b>&\"");
 }
 
-TEST(JsonWriterTest, replacesEachIllFormedByte) {
+TEST(JsonWriterTest, ReplacesEachIllFormedByte) {
   EXPECT_EQ(written("a\xFFz"), "\"a\uFFFDz\"");
   EXPECT_EQ(written("\xC3"), "\"\uFFFD\"");
   EXPECT_EQ(written("\xED\xA0\x80!"), "\"\uFFFD\uFFFD\uFFFD!\"");
   EXPECT_EQ(written("é\xE2\x82é"), "\"é\uFFFD\uFFFDé\"");
 }
 
-TEST(JsonWriterTest, anotherReaderReadsEveryCharacterBack) {
+TEST(JsonWriterTest, AnotherReaderReadsEveryCharacterBack) {
   for (char32_t scalar = 0; scalar < 0x110000; scalar += scalar < 0x300 ? 1 : 257) {
     if (scalar >= 0xD800 && scalar < 0xE000) continue;
     char escape[32];

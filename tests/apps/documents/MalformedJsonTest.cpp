@@ -8,7 +8,7 @@ namespace {
 
 class MalformedJsonTest : public testing::TestWithParam<Malformed> {};
 
-TEST_P(MalformedJsonTest, namesFilePlaceAndExpectation) {
+TEST_P(MalformedJsonTest, NamesFilePlaceAndExpectation) {
   const auto& [what, by, message] = GetParam();
   EXPECT_EQ(errorIn(replacing(sampleResult, what, by)), message);
 }
@@ -77,7 +77,7 @@ const Malformed syntax[] = {
 };
 INSTANTIATE_TEST_SUITE_P(syntax, MalformedJsonTest, testing::ValuesIn(syntax));
 
-TEST(MalformedJsonTest, refusesTextBehindTheDocument) {
+TEST(MalformedJsonTest, RefusesTextBehindTheDocument) {
   EXPECT_EQ(errorIn(sampleResult + " \n"), "");
   EXPECT_EQ(errorIn(sampleResult + "x"),
             "case.json: line 24, column 2: expected the end of the document; found \"x\"");
@@ -87,7 +87,7 @@ TEST(MalformedJsonTest, refusesTextBehindTheDocument) {
             "case.json: line 24, column 2: expected the end of the document; found \"\\x00\"");
 }
 
-TEST(MalformedJsonTest, refusesEveryBeginningOfADocument) {
+TEST(MalformedJsonTest, RefusesEveryBeginningOfADocument) {
   for (std::size_t length = 0; length < sampleResult.size(); ++length) {
     const std::string error = errorIn(std::string_view(sampleResult).substr(0, length));
     EXPECT_TRUE(error.ends_with("; found the end of the file") ||
@@ -97,7 +97,7 @@ TEST(MalformedJsonTest, refusesEveryBeginningOfADocument) {
   }
 }
 
-TEST(MalformedJsonTest, refusesAnEmptyText) {
+TEST(MalformedJsonTest, RefusesAnEmptyText) {
   EXPECT_EQ(errorIn(""),
             "case.json: line 1, column 1: expected an object; found the end of the file");
   EXPECT_EQ(errorIn(" \n"),

@@ -8,7 +8,7 @@ namespace {
 
 class MalformedResultTest : public testing::TestWithParam<Malformed> {};
 
-TEST_P(MalformedResultTest, namesFilePlaceAndExpectation) {
+TEST_P(MalformedResultTest, NamesFilePlaceAndExpectation) {
   const auto& [what, by, message] = GetParam();
   EXPECT_EQ(errorIn(replacing(sampleResult, what, by)), message);
 }
@@ -182,7 +182,7 @@ const Malformed keys[] = {
 INSTANTIATE_TEST_SUITE_P(keys, MalformedResultTest, testing::ValuesIn(keys));
 
 /// Places that hold a count, and tokens that are none.
-TEST(MalformedCountTest, namesThePlaceAndTheToken) {
+TEST(MalformedCountTest, NamesThePlaceAndTheToken) {
   const std::pair<const char*, const char*> places[] = {
       {"\"keywordsRevision\": 3", "/goal/keywordsRevision"},
       {"\"constraintsRevision\": 4", "/goal/constraintsRevision"},
@@ -214,7 +214,7 @@ TEST(MalformedCountTest, namesThePlaceAndTheToken) {
   }
 }
 
-TEST(MalformedResultTest, needsEveryPartOfTheDocument) {
+TEST(MalformedResultTest, NeedsEveryPartOfTheDocument) {
   const std::string parts[] = {R"("goal": {"id": "", "title": ""})",
                                R"("people": [])",
                                R"("paths": [])",

@@ -66,7 +66,7 @@ std::string mutated(std::string text, RandomResult& random) {
   return text;
 }
 
-TEST(MutationTest, everyAccidentIsReadOrRefusedWithAPlace) {
+TEST(MutationTest, EveryAccidentIsReadOrRefusedWithAPlace) {
   RandomResult random(1);
   std::size_t read = 0;
   for (int i = 0; i < 20'000; ++i) {

@@ -20,7 +20,7 @@ GetGoalSnapshotResponse sample() {
 const std::string smallest = R"json({"goal": {"id": "", "title": ""}, "people": [], "paths": [],
   "group": [], "coverage": {"sources": [], "evidenceCount": 0}, "outcomes": []})json";
 
-TEST(ResultReaderTest, readsTheGoal) {
+TEST(ResultReaderTest, ReadsTheGoal) {
   const GoalDTO goal = sample().goal;
   EXPECT_EQ(goal.id, "g1");
   EXPECT_EQ(goal.title, "Find a design lead");
@@ -36,7 +36,7 @@ TEST(ResultReaderTest, readsTheGoal) {
   EXPECT_EQ(list(goal.attachmentRefs), (Strings{"a1"}));
 }
 
-TEST(ResultReaderTest, readsPeopleAndEveryReason) {
+TEST(ResultReaderTest, ReadsPeopleAndEveryReason) {
   const auto people = sample().people;
   ASSERT_EQ(people.size(), 4U);
   EXPECT_EQ(people[0].personRef, "p1");
@@ -49,7 +49,7 @@ TEST(ResultReaderTest, readsPeopleAndEveryReason) {
   EXPECT_EQ(people[3].why, GoalWhyDTO::nameMatch());
 }
 
-TEST(ResultReaderTest, keepsNilApartFromTheEmptyString) {
+TEST(ResultReaderTest, KeepsNilApartFromTheEmptyString) {
   const auto people = sample().people;
   EXPECT_EQ(people[1].displayName, std::nullopt) << "null";
   EXPECT_EQ(people[2].displayName, std::nullopt) << "absent";
@@ -59,7 +59,7 @@ TEST(ResultReaderTest, keepsNilApartFromTheEmptyString) {
   EXPECT_EQ(outcomes[1].correctsOutcomeID, "");
 }
 
-TEST(ResultReaderTest, readsNoTopEvidenceWithoutEvidence) {
+TEST(ResultReaderTest, ReadsNoTopEvidenceWithoutEvidence) {
   const auto people = sample().people;
   EXPECT_EQ(people[1].topEvidenceID(), std::nullopt) << "absent";
   EXPECT_EQ(people[3].topEvidenceID(), std::nullopt) << "an empty list";
@@ -68,7 +68,7 @@ TEST(ResultReaderTest, readsNoTopEvidenceWithoutEvidence) {
   EXPECT_EQ(withEmptyID.people[0].topEvidenceID(), "") << "an id that is empty";
 }
 
-TEST(ResultReaderTest, readsPathsGroupsAndCoverage) {
+TEST(ResultReaderTest, ReadsPathsGroupsAndCoverage) {
   const auto result = sample();
   ASSERT_EQ(result.paths.size(), 1U);
   EXPECT_EQ(list(result.paths[0].personRefs), (Strings{"p1", "p9"}));
@@ -82,7 +82,7 @@ TEST(ResultReaderTest, readsPathsGroupsAndCoverage) {
   EXPECT_EQ(result.coverage.latestEvidenceAt, "2025-01-05T10:00:00Z");
 }
 
-TEST(ResultReaderTest, readsOutcomes) {
+TEST(ResultReaderTest, ReadsOutcomes) {
   const auto outcomes = sample().outcomes;
   ASSERT_EQ(outcomes.size(), 2U);
   EXPECT_EQ(outcomes[0].id, "o1");
@@ -99,11 +99,11 @@ TEST(ResultReaderTest, readsOutcomes) {
   EXPECT_EQ(outcomes[1].note, std::nullopt);
 }
 
-TEST(ResultReaderTest, absentEngineFieldsHaveTheRecordsDefaults) {
+TEST(ResultReaderTest, AbsentEngineFieldsHaveTheRecordsDefaults) {
   EXPECT_EQ(readResultText(smallest, "case.json"), GetGoalSnapshotResponse{});
 }
 
-TEST(ResultReaderTest, everyOptionalFieldMayBeNull) {
+TEST(ResultReaderTest, EveryOptionalFieldMayBeNull) {
   const std::string text = R"json({"goal": {"id": "", "title": "", "targetPersonRef": null},
     "people": [{"personRef": "p", "displayName": null, "why": {"kind": "generic"}}], "paths": [],
     "group": [], "coverage": {"sources": [], "evidenceCount": -0, "latestEvidenceAt": null},
@@ -119,7 +119,7 @@ TEST(ResultReaderTest, everyOptionalFieldMayBeNull) {
   EXPECT_EQ(result.outcomes[0], outcome);
 }
 
-TEST(ResultReaderTest, everyOptionalFieldMayBeEmpty) {
+TEST(ResultReaderTest, EveryOptionalFieldMayBeEmpty) {
   const std::string text = R"json({"goal": {"id": "", "title": "", "targetPersonRef": ""},
     "people": [{"personRef": "p", "displayName": "", "why": {"kind": "generic"}}], "paths": [],
     "group": [], "coverage": {"sources": [""], "evidenceCount": 1, "latestEvidenceAt": ""},
@@ -136,7 +136,7 @@ TEST(ResultReaderTest, everyOptionalFieldMayBeEmpty) {
   }
 }
 
-TEST(ResultReaderTest, keysMayComeInAnyOrder) {
+TEST(ResultReaderTest, KeysMayComeInAnyOrder) {
   const auto why = [](const std::string& json) {
     const std::string text =
         replacing(sampleResult, R"({"kind": "connection", "hopCount": 2})", json);
@@ -152,7 +152,7 @@ TEST(ResultReaderTest, keysMayComeInAnyOrder) {
   EXPECT_EQ(reversed, GetGoalSnapshotResponse{});
 }
 
-TEST(ResultReaderTest, readsEveryEnumerationName) {
+TEST(ResultReaderTest, ReadsEveryEnumerationName) {
   for (GoalOutcomeValue value : allGoalOutcomeValues) {
     const std::string name = '"' + std::string(caseName(value)) + '"';
     const auto text = replacing(sampleResult, "\"helped\"", name);
@@ -172,7 +172,7 @@ TEST(ResultReaderTest, readsEveryEnumerationName) {
   }
 }
 
-TEST(ResultReaderTest, readsCountsAtTheEndsOfTheRange) {
+TEST(ResultReaderTest, ReadsCountsAtTheEndsOfTheRange) {
   const auto hopCount = [](const std::string& number) {
     const std::string text = replacing(sampleResult, "\"hopCount\": 2", "\"hopCount\": " + number);
     return readResultText(text, "case.json").people[0].why;
@@ -182,7 +182,7 @@ TEST(ResultReaderTest, readsCountsAtTheEndsOfTheRange) {
   EXPECT_EQ(hopCount("-0"), GoalWhyDTO::connection(0));
 }
 
-TEST(ResultReaderTest, keepsEveryByteOfAString) {
+TEST(ResultReaderTest, KeepsEveryByteOfAString) {
   const std::string long100k(100'000, 'n');
   for (const std::string& title :
        {std::string("e\u0301"), std::string("\u00E9"), std::string(" <b>&amp;</b> "), long100k,
@@ -192,7 +192,7 @@ TEST(ResultReaderTest, keepsEveryByteOfAString) {
   }
 }
 
-TEST(ResultReaderTest, keepsPeopleWithEqualReferences) {
+TEST(ResultReaderTest, KeepsPeopleWithEqualReferences) {
   const auto text = replacing(sampleResult, "\"personRef\": \"p2\"", "\"personRef\": \"p1\"");
   const auto people = readResultText(text, "case.json").people;
   EXPECT_EQ(people.size(), 4U);
@@ -200,7 +200,7 @@ TEST(ResultReaderTest, keepsPeopleWithEqualReferences) {
 }
 
 // How long a list will be is guessed from how it begins; whatever follows, nothing is lost.
-TEST(ResultReaderTest, keepsEveryElementOfALongListWhoseLengthCannotBeGuessed) {
+TEST(ResultReaderTest, KeepsEveryElementOfALongListWhoseLengthCannotBeGuessed) {
   constexpr std::size_t half = 150'000;
   for (const std::size_t firstLength : {std::size_t{0}, std::size_t{200}}) {
     Strings sources(2 * half);

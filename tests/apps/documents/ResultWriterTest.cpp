@@ -7,7 +7,7 @@
 namespace vemra::documents {
 namespace {
 
-TEST(ResultWriterTest, writesEveryKeyInTheDocumentsOrder) {
+TEST(ResultWriterTest, WritesEveryKeyInTheDocumentsOrder) {
   EXPECT_EQ(writeResult(readResultText(sampleResult, "sample")), R"json({
   "goal": {"id": "g1", "title": "Find a design lead", "status": "paused", "targetPersonRef": "p9", "createdAt": "2024-12-01T08:00:00Z", "updatedAt": "2025-01-02T08:00:00Z", "priority": "high", "keywords": ["design", "lead"], "keywordsRevision": 3, "constraints": ["remote"], "constraintsRevision": 4, "attachmentRefs": ["a1"]},
   "people": [
@@ -31,7 +31,7 @@ TEST(ResultWriterTest, writesEveryKeyInTheDocumentsOrder) {
 )json");
 }
 
-TEST(ResultWriterTest, leavesOutWhatIsAtItsDefaultAndNoScreenShows) {
+TEST(ResultWriterTest, LeavesOutWhatIsAtItsDefaultAndNoScreenShows) {
   EXPECT_EQ(writeResult({}), R"json({
   "goal": {"id": "", "title": "", "targetPersonRef": null},
   "people": [],
@@ -43,7 +43,7 @@ TEST(ResultWriterTest, leavesOutWhatIsAtItsDefaultAndNoScreenShows) {
 )json");
 }
 
-TEST(ResultWriterTest, keepsAnEngineFieldThatIsPresentAndEmpty) {
+TEST(ResultWriterTest, KeepsAnEngineFieldThatIsPresentAndEmpty) {
   GoalOutcomeDTO outcome;
   outcome.id = "o";
   outcome.recordedAt = "";
@@ -53,11 +53,11 @@ TEST(ResultWriterTest, keepsAnEngineFieldThatIsPresentAndEmpty) {
 )json");
 }
 
-TEST(ResultWriterTest, writesNoOutcomesAsAnEmptyArray) {
+TEST(ResultWriterTest, WritesNoOutcomesAsAnEmptyArray) {
   EXPECT_EQ(writeOutcomes({}), "[]\n");
 }
 
-TEST(ResultWriterTest, writesAPathInTheDocumentsForm) {
+TEST(ResultWriterTest, WritesAPathInTheDocumentsForm) {
   JsonWriter out;
   writePath(out, {{"p1", "p9"}, GoalWhyDTO::nameMatch(), 0});
   EXPECT_EQ(out.take(), R"({"personRefs": ["p1", "p9"], "why": {"kind": "nameMatch"}})");
@@ -66,13 +66,13 @@ TEST(ResultWriterTest, writesAPathInTheDocumentsForm) {
             R"({"personRefs": [], "why": {"kind": "connection", "hopCount": -3}, "strength": -1})");
 }
 
-TEST(ResultWriterTest, replacesIllFormedBytesInsteadOfFailing) {
+TEST(ResultWriterTest, ReplacesIllFormedBytesInsteadOfFailing) {
   JsonWriter out;
   writePath(out, {{"p\xFF"}, GoalWhyDTO::generic(), 0});
   EXPECT_EQ(out.take(), "{\"personRefs\": [\"p\uFFFD\"], \"why\": {\"kind\": \"generic\"}}");
 }
 
-TEST(EnumerationNamesTest, standInIndexOrder) {
+TEST(EnumerationNamesTest, StandInIndexOrder) {
   EXPECT_EQ(nameIn(statusNames, GoalStatus::abandoned), "abandoned");
   EXPECT_EQ(nameIn(priorityNames, GoalPriority::low), "low");
   EXPECT_EQ(nameIn(whyKindNames, WhyKind::generic), "generic");

@@ -9,7 +9,7 @@
 namespace vemra::documents {
 namespace {
 
-TEST(RoundTripTest, readingWhatWasWrittenGivesTheRecordsByteForByte) {
+TEST(RoundTripTest, ReadingWhatWasWrittenGivesTheRecordsByteForByte) {
   RandomResult random(20250105);
   for (int i = 0; i < 2000; ++i) {
     const GetGoalSnapshotResponse result = random.result();
@@ -22,7 +22,7 @@ TEST(RoundTripTest, readingWhatWasWrittenGivesTheRecordsByteForByte) {
   }
 }
 
-TEST(RoundTripTest, anotherReaderSeesTheSameDocument) {
+TEST(RoundTripTest, AnotherReaderSeesTheSameDocument) {
   RandomResult random(7);
   for (int i = 0; i < 500; ++i) {
     const GetGoalSnapshotResponse result = random.result();

@@ -31,7 +31,7 @@ std::string stepError(const std::string& step) {
   return errorIn(withSteps(nothing, step));
 }
 
-TEST(CaseTest, needsOnlyTheResult) {
+TEST(CaseTest, NeedsOnlyTheResult) {
   const Case plain = read(caseOf(oneOfEach));
   EXPECT_EQ(plain.result.goal.title, "Find a design lead");
   EXPECT_EQ(plain.environment.locale, "fr_FR") << "the default";
@@ -41,13 +41,13 @@ TEST(CaseTest, needsOnlyTheResult) {
   EXPECT_EQ(errorIn("{}"), "case.json: expected the key \"result\"; found none");
 }
 
-TEST(CaseTest, takesLocaleAndTimeZone) {
+TEST(CaseTest, TakesLocaleAndTimeZone) {
   const Case placed = read(caseOf(nothing, R"(, "locale": "de_DE", "timeZone": "Europe/Berlin")"));
   EXPECT_EQ(placed.environment.locale, "de_DE");
   EXPECT_EQ(placed.environment.timeZone, "Europe/Berlin");
 }
 
-TEST(CaseTest, refusesLocalesAndTimeZonesThatNobodyKnows) {
+TEST(CaseTest, RefusesUnknownLocalesAndTimeZones) {
   EXPECT_EQ(errorIn(caseOf(nothing, R"(, "locale": "xx_YY")")),
             "case.json: /locale: expected a locale that is known; found \"xx_YY\"");
   EXPECT_EQ(errorIn(caseOf(nothing, R"(, "locale": "")")),
@@ -64,7 +64,7 @@ TEST(CaseTest, refusesLocalesAndTimeZonesThatNobodyKnows) {
             "case.json: /timeZone: expected a string; found null");
 }
 
-TEST(CaseTest, takesAStringsTable) {
+TEST(CaseTest, TakesAStringsTable) {
   const Case translated =
       read(caseOf(nothing,
                   ", \"strings\": {\"Show source\": \"Quelle\", \"Save\": \"\", "
@@ -78,7 +78,7 @@ TEST(CaseTest, takesAStringsTable) {
   EXPECT_EQ(strings.lookup("cafe\u0301"), "one scalar") << "canonically equal";
 }
 
-TEST(CaseTest, refusesTwoTranslationsOfOneKey) {
+TEST(CaseTest, RefusesTwoTranslationsOfOneKey) {
   EXPECT_EQ(errorIn(caseOf(nothing, R"(, "strings": {"Save": "a", "Save": "b"})")),
             "case.json: /strings/Save: expected each key once; found \"Save\" again");
   EXPECT_EQ(errorIn(caseOf(nothing, R"(, "strings": {"\u00e9": "a", "e\u0301": "b"})")),
@@ -87,7 +87,7 @@ TEST(CaseTest, refusesTwoTranslationsOfOneKey) {
 }
 
 // Whatever the hashes of this run are: with many repetitions, the first one in the document.
-TEST(CaseTest, namesTheFirstRepetitionOfMany) {
+TEST(CaseTest, NamesTheFirstRepetitionOfMany) {
   std::string strings;
   for (int i = 0; i < 50; ++i) strings += "\"a" + std::to_string(i) + "\": \"\", ";
   for (int i = 49; i >= 0; --i) strings += "\"a" + std::to_string(i) + "\": \"\", ";
@@ -96,7 +96,7 @@ TEST(CaseTest, namesTheFirstRepetitionOfMany) {
             "case.json: /strings/a49: expected each key once; found \"a49\" again");
 }
 
-TEST(CaseTest, refusesOtherTables) {
+TEST(CaseTest, RefusesOtherTables) {
   EXPECT_EQ(errorIn(caseOf(nothing, R"(, "strings": {"Save": null})")),
             "case.json: /strings/Save: expected a string; found null");
   EXPECT_EQ(errorIn(caseOf(nothing, R"(, "strings": [])")),
@@ -105,7 +105,7 @@ TEST(CaseTest, refusesOtherTables) {
             "case.json: /strings: expected an object; found null");
 }
 
-TEST(CaseTest, pointsIntoTheResult) {
+TEST(CaseTest, PointsIntoTheResult) {
   EXPECT_EQ(errorIn(caseOf(R"({"goal": {"id": "g", "title": 3}})")),
             "case.json: /result/goal/title: expected a string; found 3");
   std::string text = caseOf(oneOfEach);
@@ -115,7 +115,7 @@ TEST(CaseTest, pointsIntoTheResult) {
             "sharedActivity, nameMatch, generic; found \"x\"");
 }
 
-TEST(CaseTest, refusesWhatElseStandsThere) {
+TEST(CaseTest, RefusesWhatElseStandsThere) {
   EXPECT_EQ(errorIn(caseOf(nothing, R"(, "step": [])")),
             "case.json: /step: expected one of the keys result, locale, timeZone, strings, steps; "
             "found \"step\"");
@@ -128,7 +128,7 @@ TEST(CaseTest, refusesWhatElseStandsThere) {
             "case.json: line 2, column 94: expected the end of the document; found \"{\"");
 }
 
-TEST(StepTest, readsEveryForm) {
+TEST(StepTest, ReadsEveryForm) {
   const auto steps = read(withSteps(nothing, R"(
       {"press": "a"}, {"press": {"title": "Ada", "index": 2}}, {"press": {"title": ""}},
       {"select": "b", "value": "somethingElse"}, {"value": "reachedOut", "select": ""},
@@ -151,7 +151,7 @@ TEST(StepTest, readsEveryForm) {
   EXPECT_EQ(std::get<NewResult>(steps[8]).result->goal.id, "g1");
 }
 
-TEST(StepTest, refusesEveryOtherForm) {
+TEST(StepTest, RefusesEveryOtherForm) {
   const std::pair<const char*, const char*> cases[] = {
       {"{}", "/steps/0: expected one of the keys press, select, type, submit, result; found none"},
       {"[]", "/steps/0: expected an object; found an array"},

@@ -30,7 +30,7 @@ class ElementTreeTest : public ProgramTest {
   }
 };
 
-TEST_F(ElementTreeTest, ofAnEmptyResult) {
+TEST_F(ElementTreeTest, OfAnEmptyResult) {
   EXPECT_EQ(lines(tree(nothing)), lines(ordered_json::parse(R"json(
     {"element": "ScrollView", "axis": "vertical", "showsIndicators": true, "modifiers": [], "children": [
       {"element": "VStack", "alignment": "leading", "spacing": 20,
@@ -61,7 +61,7 @@ TEST_F(ElementTreeTest, ofAnEmptyResult) {
     ]})json")));
 }
 
-TEST_F(ElementTreeTest, ofARowWithARecordedCorrection) {
+TEST_F(ElementTreeTest, OfARowWithARecordedCorrection) {
   const ordered_json rows = find(tree(oneOfEach), "element", "ForEach");
   EXPECT_EQ(lines(rows), lines(ordered_json::parse(R"json(
     {"element": "ForEach", "modifiers": [], "children": [
@@ -97,7 +97,7 @@ TEST_F(ElementTreeTest, ofARowWithARecordedCorrection) {
     ]})json")));
 }
 
-TEST_F(ElementTreeTest, ofAnOpenEditor) {
+TEST_F(ElementTreeTest, OfAnOpenEditor) {
   const ordered_json control = find(tree(oneOfEach, R"({"press": "vemra.goal.path.outcome.start"},
             {"select": "vemra.goal.path.outcome.picker", "value": "somethingElse"},
             {"type": "vemra.goal.path.outcome.note", "text": " \n"})"),
@@ -146,13 +146,13 @@ TEST_F(ElementTreeTest, ofAnOpenEditor) {
     ]})json")));
 }
 
-TEST_F(ElementTreeTest, saysDisabledFalseOfAButtonThatMayBePressed) {
+TEST_F(ElementTreeTest, SaysDisabledFalseOfAButtonThatMayBePressed) {
   const auto save = find(tree(oneOfEach, R"({"press": "vemra.goal.path.outcome.start"})"), "title",
                          {{"key", "Save"}, {"text", "Save"}});
   EXPECT_EQ(save["modifiers"][0].dump(), R"({"disabled":false})");
 }
 
-TEST_F(ElementTreeTest, numbersNoEqualRowsAndKeepsTheBytesOfTheirIds) {
+TEST_F(ElementTreeTest, NumbersNoEqualRowsAndKeepsTheBytesOfTheirIds) {
   const std::string twice = R"json({"goal": {"id": "g", "title": ""}, "people": [
       {"personRef": "\u00e9", "why": {"kind": "generic"}}, {"personRef": "e\u0301", "why": {"kind": "generic"}},
       {"personRef": "", "why": {"kind": "generic"}}, {"personRef": "", "why": {"kind": "generic"}}
@@ -163,7 +163,7 @@ TEST_F(ElementTreeTest, numbersNoEqualRowsAndKeepsTheBytesOfTheirIds) {
   EXPECT_EQ(ids, (std::vector<std::string>{"\u00E9", "e\u0301", "", ""}));
 }
 
-TEST_F(ElementTreeTest, showsTranslationsBesideTheirKeys) {
+TEST_F(ElementTreeTest, ShowsTranslationsBesideTheirKeys) {
   const auto document = inspect(caseOf(oneOfEach, R"(, "locale": "en_US", "timeZone": "UTC",
       "strings": {"Show source": "Quelle zeigen", "Supported path": "", "Ada": "not a key",
                   "Find a design lead": "not a key", "Helped": "not a key"})"));
@@ -175,7 +175,7 @@ TEST_F(ElementTreeTest, showsTranslationsBesideTheirKeys) {
       << "texts from data are never looked up";
 }
 
-TEST_F(ElementTreeTest, leavesOutWhatIsAbsent) {
+TEST_F(ElementTreeTest, LeavesOutWhatIsAbsent) {
   std::string result = oneOfEach;
   result.replace(result.find("\"ev9\", \"ev3\""), 12, "");
   const auto row = find(tree(result), "id", "p1");

@@ -38,7 +38,7 @@ std::uint64_t allocationsOf(Inspection& inspection, const Step& step) {
   return testing::allocations() - before;
 }
 
-TEST(ImpossibleStepTest, saysWhyAndDoesNothing) {
+TEST(ImpossibleStepTest, SaysWhyAndDoesNothing) {
   Inspection inspection = inspectionOf(2);
   const std::string before = inspection.screen().outline();
   for (const auto& [step, reason] : impossible) {
@@ -49,7 +49,7 @@ TEST(ImpossibleStepTest, saysWhyAndDoesNothing) {
 }
 
 // A script may ask for a thousand of them of a screen of ten thousand people.
-TEST(ImpossibleStepTest, costsASearchAndNoDescriptionOfTheTree) {
+TEST(ImpossibleStepTest, CostsASearchAndNoDescriptionOfTheTree) {
 #ifdef VEMRA_ALLOCATIONS_ARE_NOT_COUNTED
   GTEST_SKIP() << "the sanitizers count on their own operator new";
 #endif

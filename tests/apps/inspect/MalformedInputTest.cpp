@@ -17,8 +17,8 @@ using ::testing::SizeIs;
 using ::testing::StartsWith;
 
 #ifdef NDEBUG
-// Each takes less than a second of an idle processor. Beside other programs, which empty its caches,
-// the same work was seen to take twice that; whatever is quadratic takes minutes.
+// Each takes less than a second of an idle processor. Beside other programs, which empty its
+// caches, the same work was seen to take twice that; whatever is quadratic takes minutes.
 constexpr double secondsAllowed = 3;
 constexpr std::size_t longest = 54'000'000;
 #else
@@ -66,7 +66,7 @@ class MalformedInputTest : public ProgramTest {
   }
 };
 
-TEST_F(MalformedInputTest, noise) {
+TEST_F(MalformedInputTest, Noise) {
   std::mt19937_64 random(50);
   std::string bytes(longest, '\0');
   for (std::size_t i = 0; i + 8 <= bytes.size(); i += 8) {
@@ -81,7 +81,7 @@ TEST_F(MalformedInputTest, noise) {
   expectRefused('"' + filled("x") + '"', "expected an object; found \"xxx");
 }
 
-TEST_F(MalformedInputTest, whatLooksRightToItsEnd) {
+TEST_F(MalformedInputTest, WhatLooksRightToItsEnd) {
   const std::string goal = R"({"result": {"goal": {"id": "g", "title": "t"}, )";
   expectRefused(goal + "\"people\": [" +
                     filled(R"({"personRef": "p", "displayName": "Ada", "why": {"kind": )"
@@ -108,7 +108,7 @@ TEST_F(MalformedInputTest, whatLooksRightToItsEnd) {
   expectRefused("{\"" + filled("key "), "expected the end of the string");
 }
 
-TEST_F(MalformedInputTest, nesting) {
+TEST_F(MalformedInputTest, Nesting) {
   for (const char* bracket : {"[", "{\"result\": "}) {
     for (const char* before :
          {"", "{\"result\": ", "{\"steps\": [{\"press\": ", "{\"strings\": "}) {
@@ -121,7 +121,7 @@ TEST_F(MalformedInputTest, nesting) {
       "/strings/a: expected a string; found an array");
 }
 
-TEST_F(MalformedInputTest, keysGivenTwice) {
+TEST_F(MalformedInputTest, KeysGivenTwice) {
   expectRefused(caseOf(nothing, ", \"result\": " + nothing),
                 "case.json: /result: expected each key once; found \"result\" again");
   expectRefused(R"({"result": {"goal": {"id": "a", "id": "a"}}})",
@@ -132,7 +132,7 @@ TEST_F(MalformedInputTest, keysGivenTwice) {
                 "case.json: /strings/a: expected each key once; found \"a\" again");
 }
 
-TEST_F(MalformedInputTest, illFormedUTF8) {
+TEST_F(MalformedInputTest, IllFormedUTF8) {
   const std::pair<const char*, const char*> pieces[] = {{"\xFF", "0xFF"},
                                                         {"\x80", "0x80"},
                                                         {"\xC0\xAF", "0xC0"},
@@ -153,7 +153,7 @@ TEST_F(MalformedInputTest, illFormedUTF8) {
                     ": expected UTF-8; found the byte 0xFF");
 }
 
-TEST_F(MalformedInputTest, filesThatCannotBeRead) {
+TEST_F(MalformedInputTest, FilesThatCannotBeRead) {
   const std::string expected = ": expected a file that can be read; found an error: ";
   expectRefusedFile("missing.json", "missing.json" + expected + "No such file or directory");
   expectRefusedFile(".", "." + expected + "Is a directory");
@@ -163,7 +163,7 @@ TEST_F(MalformedInputTest, filesThatCannotBeRead) {
   expectRefusedFile("empty.json/case.json", expected + "Not a directory");
 }
 
-TEST_F(MalformedInputTest, aFileThatMayNotBeRead) {
+TEST_F(MalformedInputTest, AFileThatMayNotBeRead) {
   file("closed.json", withSteps(nothing, ""));
   namespace fs = std::filesystem;
   fs::permissions(folder.path(), fs::perms(0777));

@@ -15,7 +15,7 @@ std::variant<Options, Farewell> readArguments(std::vector<const char*> arguments
   return readOptions(static_cast<int>(arguments.size()), arguments.data(), pictures);
 }
 
-TEST(OptionsTest, takesOptionsBeforeAndAfterTheFile) {
+TEST(OptionsTest, TakesOptionsBeforeAndAfterTheFile) {
   for (const auto& arguments : std::vector<std::vector<const char*>>{
            {"--trace", "--outline", "--png", "p.png", "case.json"},
            {"case.json", "--png", "p.png", "--outline", "--trace"},
@@ -28,7 +28,7 @@ TEST(OptionsTest, takesOptionsBeforeAndAfterTheFile) {
   }
 }
 
-TEST(OptionsTest, isPlainWithoutOptions) {
+TEST(OptionsTest, IsPlainWithoutOptions) {
   const auto options = std::get<Options>(readArguments({"-"}));
   EXPECT_EQ(options.file, "-");
   EXPECT_FALSE(options.trace);
@@ -36,7 +36,7 @@ TEST(OptionsTest, isPlainWithoutOptions) {
   EXPECT_EQ(options.png, std::nullopt);
 }
 
-TEST(OptionsTest, takesTheSizeOfAViewport) {
+TEST(OptionsTest, TakesTheSizeOfAViewport) {
   const auto options = std::get<Options>(readArguments({"--viewport", "80x24", "case.json"}));
   EXPECT_EQ(options.viewport, (page::Size{80, 24}));
   for (const char* edge : {"20x5", "500x200"}) {
@@ -45,7 +45,7 @@ TEST(OptionsTest, takesTheSizeOfAViewport) {
   EXPECT_EQ(std::get<Options>(readArguments({"case.json"})).viewport, std::nullopt);
 }
 
-TEST(OptionsTest, refusesWhatIsNoSizeOfAViewport) {
+TEST(OptionsTest, RefusesWhatIsNoSizeOfAViewport) {
   for (const char* size : {"", "80", "80x", "x24", "80X24", "80 x 24", "19x24", "80x4", "501x24",
                            "80x201", "-80x24", "+80x24", "80x24x", "99999999999x24", "0x50x18"}) {
     const auto read = readArguments({"case.json", "--viewport", size});
@@ -55,7 +55,7 @@ TEST(OptionsTest, refusesWhatIsNoSizeOfAViewport) {
   }
 }
 
-TEST(OptionsTest, aViewportTakesThePlaceOfTheOtherReports) {
+TEST(OptionsTest, AViewportTakesThePlaceOfTheOtherReports) {
   for (const char* other : {"--outline", "--trace"}) {
     EXPECT_TRUE(std::holds_alternative<Farewell>(
         readArguments({"case.json", "--viewport", "80x24", other})));
@@ -64,23 +64,23 @@ TEST(OptionsTest, aViewportTakesThePlaceOfTheOtherReports) {
       readArguments({"case.json", "--viewport", "80x24", "--png", "p.png"})));
 }
 
-TEST(OptionsTest, takesDashAmongOptions) {
+TEST(OptionsTest, TakesDashAmongOptions) {
   EXPECT_EQ(std::get<Options>(readArguments({"--trace", "-", "--outline"})).file, "-");
   EXPECT_EQ(std::get<Options>(readArguments({"-", "--trace"})).file, "-");
 }
 
-TEST(OptionsTest, takesAFileThatLooksLikeAnOptionBehindTwoDashes) {
+TEST(OptionsTest, TakesAFileThatLooksLikeAnOptionBehindTwoDashes) {
   EXPECT_EQ(std::get<Options>(readArguments({"--", "--trace"})).file, "--trace");
 }
 
-TEST(OptionsTest, takesAFlagGivenTwiceForGivenOnce) {
+TEST(OptionsTest, TakesAFlagGivenTwiceForGivenOnce) {
   const auto options =
       std::get<Options>(readArguments({"--trace", "a.json", "--trace", "--outline", "--outline"}));
   EXPECT_TRUE(options.trace);
   EXPECT_TRUE(options.outline);
 }
 
-TEST(OptionsTest, takesNamesAsTheyAre) {
+TEST(OptionsTest, TakesNamesAsTheyAre) {
   for (const char* name : {"[a].json", "a=b", "a b", "é", "%{x}", "\"q\"", "'q'", "{}"}) {
     const auto options = std::get<Options>(readArguments({name, "--png", name}));
     EXPECT_EQ(options.file, name);
@@ -89,7 +89,7 @@ TEST(OptionsTest, takesNamesAsTheyAre) {
   EXPECT_EQ(std::get<Options>(readArguments({"--png", "./-", "--", "--png="})).file, "--png=");
 }
 
-TEST(OptionsTest, refusesOtherCommandLines) {
+TEST(OptionsTest, RefusesOtherCommandLines) {
   const std::pair<std::vector<const char*>, const char*> lines[] = {
       {{}, "CASE"},
       {{"--trace"}, "CASE"},
@@ -130,13 +130,13 @@ TEST(OptionsTest, refusesOtherCommandLines) {
   }
 }
 
-TEST(OptionsTest, writesTheVersion) {
+TEST(OptionsTest, WritesTheVersion) {
   const auto farewell = std::get<Farewell>(readArguments({"--version"}));
   EXPECT_EQ(farewell.exitCode, 0);
   EXPECT_EQ(farewell.output, "vemra-inspect " + commandline::version() + "\n");
 }
 
-TEST(OptionsTest, areThoseOfTheManualPageAndTheCompletion) {
+TEST(OptionsTest, AreThoseOfTheManualPageAndTheCompletion) {
   using commandline::sample::fileText, commandline::sample::optionsIn;
   const auto options = optionsIn(std::get<Farewell>(readArguments({"--help"})).output);
   EXPECT_EQ(options.count("--png"), 1u);
@@ -144,7 +144,7 @@ TEST(OptionsTest, areThoseOfTheManualPageAndTheCompletion) {
   EXPECT_EQ(optionsIn(fileText("packaging/completions/vemra-inspect")), options);
 }
 
-TEST(OptionsTest, helps) {
+TEST(OptionsTest, Helps) {
   const auto farewell = std::get<Farewell>(readArguments({"--help"}));
   EXPECT_EQ(farewell.exitCode, 0);
   EXPECT_EQ(farewell.diagnostic, "");
@@ -153,7 +153,7 @@ TEST(OptionsTest, helps) {
   }
 }
 
-TEST(OptionsTest, refusesAPictureThatCannotBeDrawn) {
+TEST(OptionsTest, RefusesAPictureThatCannotBeDrawn) {
   const auto farewell =
       std::get<Farewell>(readArguments({"a.json", "--png", "p.png"}, Pictures::notDrawn));
   EXPECT_EQ(farewell.exitCode, 2);

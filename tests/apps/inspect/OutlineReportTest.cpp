@@ -6,7 +6,7 @@ namespace {
 
 class OutlineReportTest : public ProgramTest {};
 
-TEST_F(OutlineReportTest, saysStepsCallsAndTheTree) {
+TEST_F(OutlineReportTest, SaysStepsCallsAndTheTree) {
   const Ran ran =
       run("- --outline", withSteps(oneOfEach, press("x") + R"(, {"press": {"title": "Ada"}})"));
   EXPECT_EQ(ran.exitCode, 1);
@@ -20,7 +20,7 @@ TEST_F(OutlineReportTest, saysStepsCallsAndTheTree) {
   EXPECT_NE(traced.output.find("\n\nGoalResultView\n"), std::string::npos) << traced.output;
 }
 
-TEST_F(OutlineReportTest, saysEveryKindOfStepInWords) {
+TEST_F(OutlineReportTest, SaysEveryKindOfStepInWords) {
   const std::string control = "vemra.goal.person.p1.outcome.";
   const Ran ran =
       run("- --outline",
@@ -38,7 +38,7 @@ TEST_F(OutlineReportTest, saysEveryKindOfStepInWords) {
                       "step 6: submit \"x\": error: no element with identifier \"x\"");
 }
 
-TEST_F(OutlineReportTest, aStepIsOneLineWhateverItHolds) {
+TEST_F(OutlineReportTest, AStepIsOneLineWhateverItHolds) {
   const Ran ran =
       run("- --outline", withSteps(oneOfEach, press(R"(a\nstep 9: press \"b\": done)")));
   const std::string line = R"(step 1: press "a\nstep 9: press \"b\": done": )"
@@ -46,7 +46,7 @@ TEST_F(OutlineReportTest, aStepIsOneLineWhateverItHolds) {
   EXPECT_EQ(ran.output.substr(0, ran.output.find('\n')), line);
 }
 
-TEST_F(OutlineReportTest, writesTheTreeOnceAtTheEndOrAfterEachStep) {
+TEST_F(OutlineReportTest, WritesTheTreeOnceAtTheEndOrAfterEachStep) {
   const auto treesIn = [](const std::string& text) {
     int trees = 0;
     for (std::size_t at = 0; (at = text.find("GoalResultView\n", at)) != std::string::npos; ++at) {

@@ -10,7 +10,7 @@ using nlohmann::ordered_json;
 
 const std::string onPerson = "vemra.goal.person.p1.outcome.";
 
-TEST_F(ProgramTest, writesOneDocument) {
+TEST_F(ProgramTest, WritesOneDocument) {
   const ordered_json document = inspect(withSteps(oneOfEach, ""));
   ASSERT_EQ(document.size(), 3U);
   EXPECT_EQ(document["steps"], ordered_json::array());
@@ -21,7 +21,7 @@ TEST_F(ProgramTest, writesOneDocument) {
   EXPECT_EQ(keys, (std::vector<std::string>{"steps", "calls", "tree"}));
 }
 
-TEST_F(ProgramTest, writesWhatTheScreenAsksOfItsHost) {
+TEST_F(ProgramTest, WritesWhatTheScreenAsksOfItsHost) {
   const Ran ran = run("-", withSteps(oneOfEach, R"({"press": {"title": "Ada"}},
       {"press": "vemra.goal.person.p1.show-source"}, {"press": "vemra.goal.path.see-in-starfold"},)" +
                                                     press(onPerson + "correct") + R"(,
@@ -45,7 +45,7 @@ TEST_F(ProgramTest, writesWhatTheScreenAsksOfItsHost) {
                                            .dump(1));
 }
 
-TEST_F(ProgramTest, writesWhatAPersonSeesInAViewport) {
+TEST_F(ProgramTest, WritesWhatAPersonSeesInAViewport) {
   const Ran ran = run("--viewport 44x24 -",
                       withSteps(oneOfEach, press(onPerson + "correct") + ", " + press("nothing")));
   EXPECT_EQ(ran.output,
@@ -77,7 +77,7 @@ TEST_F(ProgramTest, writesWhatAPersonSeesInAViewport) {
   EXPECT_EQ(ran.exitCode, 1);
 }
 
-TEST_F(ProgramTest, writesNilsOfARecordingAsNull) {
+TEST_F(ProgramTest, WritesNilsOfARecordingAsNull) {
   std::string result = oneOfEach;
   result.replace(result.find(R"(["p1", "p9"])"), 12, "[]");
   const auto document = inspect(withSteps(result, press("vemra.goal.path.outcome.start") + "," +
@@ -87,7 +87,7 @@ TEST_F(ProgramTest, writesNilsOfARecordingAsNull) {
             R"("correctsOutcomeID":null})");
 }
 
-TEST_F(ProgramTest, writesAnEngineFieldOfThePathOnlyWhenItIsSet) {
+TEST_F(ProgramTest, WritesAnEngineFieldOfThePathOnlyWhenItIsSet) {
   std::string result = oneOfEach;
   result.replace(result.find(R"("why": {"kind": "nameMatch"})"), 28,
                  R"("strength": -7, "why": {"kind": "nameMatch"})");
@@ -96,7 +96,7 @@ TEST_F(ProgramTest, writesAnEngineFieldOfThePathOnlyWhenItIsSet) {
             R"({"personRefs":["p1","p9"],"why":{"kind":"nameMatch"},"strength":-7})");
 }
 
-TEST_F(ProgramTest, reportsAStepThatCannotBeCarriedOutAndGoesOn) {
+TEST_F(ProgramTest, ReportsAStepThatCannotBeCarriedOutAndGoesOn) {
   const Ran ran = run(
       "-", withSteps(oneOfEach, press("x") + "," + press(onPerson + "correct") + R"(,
       {"select": "vemra.goal.person.p1.outcome.picker", "value": "somethingElse"},
@@ -126,7 +126,7 @@ TEST_F(ProgramTest, reportsAStepThatCannotBeCarriedOutAndGoesOn) {
       << "a step that fails changes nothing";
 }
 
-TEST_F(ProgramTest, countsDisabledButtonsAmongThoseOfATitle) {
+TEST_F(ProgramTest, CountsDisabledButtonsAmongThoseOfATitle) {
   const std::string two = R"json({"goal": {"id": "g", "title": ""}, "people": [
       {"personRef": "p1", "why": {"kind": "generic"}}, {"personRef": "p2", "why": {"kind": "generic"}}
     ], "paths": [], "group": [], "coverage": {"sources": [], "evidenceCount": 1}, "outcomes": []})json";
@@ -142,7 +142,7 @@ TEST_F(ProgramTest, countsDisabledButtonsAmongThoseOfATitle) {
   EXPECT_EQ(document["calls"][0]["argument"]["subjectRef"], "p2");
 }
 
-TEST_F(ProgramTest, takesAButtonsShownTitle) {
+TEST_F(ProgramTest, TakesAButtonsShownTitle) {
   const std::string more = R"(, "strings": {"Show source": "Quelle zeigen"}, "steps": [)";
   EXPECT_EQ(
       run("-", caseOf(oneOfEach, more + R"({"press": {"title": "Quelle zeigen"}}])")).exitCode, 0);
@@ -150,7 +150,7 @@ TEST_F(ProgramTest, takesAButtonsShownTitle) {
             1);
 }
 
-TEST_F(ProgramTest, meansTheFirstOfTwoElementsWithOneIdentifier) {
+TEST_F(ProgramTest, MeansTheFirstOfTwoElementsWithOneIdentifier) {
   const std::string two = R"json({"goal": {"id": "g", "title": ""}, "people": [
       {"personRef": "p1", "why": {"kind": "generic"}, "evidenceIDs": ["first"]},
       {"personRef": "p1", "why": {"kind": "generic"}, "evidenceIDs": ["second"]}
@@ -159,7 +159,7 @@ TEST_F(ProgramTest, meansTheFirstOfTwoElementsWithOneIdentifier) {
   EXPECT_EQ(document["calls"].dump(), R"([{"callback":"onShowEvidence","argument":"first"}])");
 }
 
-TEST_F(ProgramTest, typesSelectsAndSubmitsInTheFirstOfTwoElementsWithOneIdentifier) {
+TEST_F(ProgramTest, TypesSelectsAndSubmitsInTheFirstOfTwoElementsWithOneIdentifier) {
   const std::string two = R"json({"goal": {"id": "g", "title": ""}, "people": [
       {"personRef": "p1", "why": {"kind": "generic"}}, {"personRef": "p1", "why": {"kind": "generic"}}
     ], "paths": [], "group": [], "coverage": {"sources": [], "evidenceCount": 1}, "outcomes": []})json";
@@ -178,7 +178,7 @@ TEST_F(ProgramTest, typesSelectsAndSubmitsInTheFirstOfTwoElementsWithOneIdentifi
   EXPECT_EQ(calls[1]["argument"]["note"], nullptr);
 }
 
-TEST_F(ProgramTest, matchesIdentifiersAndTitlesByteForByte) {
+TEST_F(ProgramTest, MatchesIdentifiersAndTitlesByteForByte) {
   const std::string accented = R"json({"goal": {"id": "g", "title": ""}, "people": [
       {"personRef": "\u00e9", "displayName": "\u00e9", "why": {"kind": "generic"}, "evidenceIDs": ["e"]}
     ], "paths": [], "group": [], "coverage": {"sources": [], "evidenceCount": 1}, "outcomes": []})json";
@@ -193,7 +193,7 @@ TEST_F(ProgramTest, matchesIdentifiersAndTitlesByteForByte) {
   EXPECT_TRUE(steps[3].contains("error"));
 }
 
-TEST_F(ProgramTest, takesANewResultFromTheHost) {
+TEST_F(ProgramTest, TakesANewResultFromTheHost) {
   std::string later = oneOfEach;
   later.replace(later.find("\"o1\""), 4, "\"o2\"");
   const auto document = inspect(withSteps(oneOfEach, press(onPerson + "correct") + R"(,
@@ -205,14 +205,14 @@ TEST_F(ProgramTest, takesANewResultFromTheHost) {
   EXPECT_NE(document["tree"].dump().find("No relevant people found yet."), std::string::npos);
 }
 
-TEST_F(ProgramTest, keepsLineBreaksThatAreTyped) {
+TEST_F(ProgramTest, KeepsLineBreaksThatAreTyped) {
   const auto document = inspect(withSteps(oneOfEach, press(onPerson + "correct") + R"(,
         {"type": "vemra.goal.person.p1.outcome.note", "text": "one\ntwo\r\n\u2028three"},)" +
                                                          press(onPerson + "save")));
   EXPECT_EQ(document["calls"][0]["argument"]["note"], "one\ntwo\r\n\u2028three");
 }
 
-TEST_F(ProgramTest, tracesTheTreeAfterEachStep) {
+TEST_F(ProgramTest, TracesTheTreeAfterEachStep) {
   const std::string text = withSteps(
       oneOfEach, press(onPerson + "correct") + "," + press("x") + "," + press(onPerson + "cancel"));
   for (const char* arguments : {"--trace -", "- --trace"}) {
@@ -233,14 +233,14 @@ TEST_F(ProgramTest, tracesTheTreeAfterEachStep) {
   for (const auto& step : untraced["steps"]) EXPECT_FALSE(step.contains("tree"));
 }
 
-TEST_F(ProgramTest, anOutputThatCannotBeWrittenIsSaid) {
+TEST_F(ProgramTest, AnOutputThatCannotBeWrittenIsSaid) {
   file("case.json", caseOf(nothing));
   const Ran ran = inShell("exec \"$0\" case.json >/dev/full");
   EXPECT_EQ(ran.exitCode, 1);
   EXPECT_EQ(ran.diagnostics, "vemra-inspect: standard output cannot be written\n");
 }
 
-TEST_F(ProgramTest, readsAFileOrStandardInputAndNamesIt) {
+TEST_F(ProgramTest, ReadsAFileOrStandardInputAndNamesIt) {
   file("my case.json", withSteps(nothing, ""));
   EXPECT_EQ(run("'my case.json'").exitCode, 0);
   EXPECT_EQ(run("-", withSteps(nothing, "")).exitCode, 0);
@@ -254,7 +254,7 @@ TEST_F(ProgramTest, readsAFileOrStandardInputAndNamesIt) {
             ".: expected a file that can be read; found an error: Is a directory\n");
 }
 
-TEST_F(ProgramTest, saysNothingOnStandardOutputWhenTheInputIsUnusable) {
+TEST_F(ProgramTest, SaysNothingOnStandardOutputWhenTheInputIsUnusable) {
   file("case.json", withSteps(nothing, ""));
   for (const char* arguments :
        {"", "a b", "--colour case.json", "missing.json", ".", "case.json --png"}) {
@@ -274,7 +274,7 @@ TEST_F(ProgramTest, saysNothingOnStandardOutputWhenTheInputIsUnusable) {
   }
 }
 
-TEST_F(ProgramTest, findsABadStepBeforeTheFirstOneRuns) {
+TEST_F(ProgramTest, FindsABadStepBeforeTheFirstOneRuns) {
   for (const char* bad :
        {R"({"select": "x", "value": "nope"})", R"({"tap": "x"})", R"({"result": {}})"}) {
     const Ran ran =
@@ -285,7 +285,7 @@ TEST_F(ProgramTest, findsABadStepBeforeTheFirstOneRuns) {
   }
 }
 
-TEST_F(ProgramTest, endsByASignalWhenAHopCountOverflows) {
+TEST_F(ProgramTest, EndsByASignalWhenAHopCountOverflows) {
   std::string result = oneOfEach;
   result.replace(result.find("\"hopCount\": 2"), 13, "\"hopCount\": -9223372036854775808");
   const Ran first = run("-", withSteps(result, ""));
@@ -296,7 +296,7 @@ TEST_F(ProgramTest, endsByASignalWhenAHopCountOverflows) {
   EXPECT_EQ(later.output, "");
 }
 
-TEST_F(ProgramTest, takesLocaleAndTimeZoneFromTheEnvironment) {
+TEST_F(ProgramTest, TakesLocaleAndTimeZoneFromTheEnvironment) {
   const auto footer = [&](const std::string& variables, const std::string& more = "") {
     const Ran ran = run("-", caseOf(oneOfEach, more), "-i " + variables);
     EXPECT_EQ(ran.exitCode, 0) << ran.diagnostics;
@@ -318,7 +318,7 @@ TEST_F(ProgramTest, takesLocaleAndTimeZoneFromTheEnvironment) {
       << "what nobody knows is no reason to stop when it is only the environment's";
 }
 
-TEST_F(ProgramTest, helps) {
+TEST_F(ProgramTest, Helps) {
   const Ran ran = run("--help");
   EXPECT_EQ(ran.exitCode, 0);
   EXPECT_EQ(ran.diagnostics, "");

@@ -24,7 +24,7 @@ std::vector<std::string> wordsOf(const std::string& line) {
 }
 
 /// JSON on one line: a line feed inside a string is written as an escape there.
-std::string onOneLine(std::string json) {
+std::string withoutLineBreaks(std::string json) {
   std::replace(json.begin(), json.end(), '\n', ' ');
   return json;
 }
@@ -37,7 +37,7 @@ std::string content(const std::string& file) {
       all += (all.empty() ? "" : ",") + documents::writeResult(store->result(goal.id));
     }
   }
-  return onOneLine("[" + all + "]");
+  return withoutLineBreaks("[" + all + "]");
 }
 
 std::string listed(const std::vector<GoalListing>& goals) {
@@ -84,7 +84,8 @@ std::string Conversation::obey(const std::vector<std::string>& words) {
   }
   if (verb == "goals") return listed(task::wait(engine().goals()));
   if (verb == "export") {
-    return onOneLine(documents::writeResult(task::wait(engine().getGoalSnapshot(words.at(1)))));
+    return withoutLineBreaks(
+        documents::writeResult(task::wait(engine().getGoalSnapshot(words.at(1)))));
   }
   if (verb == "content") return content(words.at(1));
   throw std::invalid_argument("unknown line: " + verb);

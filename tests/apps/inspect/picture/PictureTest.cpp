@@ -29,7 +29,7 @@ class PictureTest : public ProgramTest {
 
 const std::string openEditor = R"({"press": "vemra.goal.path.outcome.start"})";
 
-TEST_F(PictureTest, drawsTheScreenBesideSayingIt) {
+TEST_F(PictureTest, DrawsTheScreenBesideSayingIt) {
   const Ran plain = run("-", withSteps(oneOfEach, openEditor));
   const Ran drawn = draw("- --png out.png", withSteps(oneOfEach, openEditor));
   EXPECT_EQ(drawn.exitCode, 0) << drawn.diagnostics;
@@ -40,21 +40,21 @@ TEST_F(PictureTest, drawsTheScreenBesideSayingIt) {
   EXPECT_GT(height, 100U);
 }
 
-TEST_F(PictureTest, drawsTheStateAfterTheLastStep) {
+TEST_F(PictureTest, DrawsTheStateAfterTheLastStep) {
   draw("- --png closed.png", withSteps(oneOfEach, ""));
   draw("- --png open.png", withSteps(oneOfEach, openEditor));
   EXPECT_GT(pictureSize(content("open.png")).second, pictureSize(content("closed.png")).second)
       << "an open editor is higher than its button";
 }
 
-TEST_F(PictureTest, needsNoDisplay) {
+TEST_F(PictureTest, NeedsNoDisplay) {
   const Ran ran = draw("- --png out.png", withSteps(nothing, ""),
                        "-u DISPLAY -u WAYLAND_DISPLAY QT_QPA_PLATFORM=xcb");
   EXPECT_EQ(ran.exitCode, 0) << ran.diagnostics;
   EXPECT_EQ(ran.diagnostics, "");
 }
 
-TEST_F(PictureTest, drawsNothingForAnInputThatCannotBeUsed) {
+TEST_F(PictureTest, DrawsNothingForAnInputThatCannotBeUsed) {
   for (const std::string& text : {std::string("{"), caseOf(nothing, R"(, "locale": "xx")"),
                                   withSteps(nothing, R"({"tap": "x"})")}) {
     EXPECT_EQ(draw("- --png out.png", text).exitCode, 2);
@@ -62,14 +62,14 @@ TEST_F(PictureTest, drawsNothingForAnInputThatCannotBeUsed) {
   }
 }
 
-TEST_F(PictureTest, drawsAlsoWhenAStepCouldNotBeCarriedOut) {
+TEST_F(PictureTest, DrawsAlsoWhenAStepCouldNotBeCarriedOut) {
   const Ran ran = draw("- --png out.png", withSteps(oneOfEach, R"({"press": "x"})"));
   EXPECT_EQ(ran.exitCode, 1);
   EXPECT_EQ(ran.diagnostics, "");
   EXPECT_EQ(pictureSize(content("out.png")).first, 720U);
 }
 
-TEST_F(PictureTest, isQuietWhateverTheEnvironmentLacks) {
+TEST_F(PictureTest, IsQuietWhateverTheEnvironmentLacks) {
   file("nobodys", "");
   for (const char* variables :
        {"-u XDG_RUNTIME_DIR", "XDG_RUNTIME_DIR=/missing", "XDG_RUNTIME_DIR=nobodys", "-i"}) {
@@ -79,7 +79,7 @@ TEST_F(PictureTest, isQuietWhateverTheEnvironmentLacks) {
   }
 }
 
-TEST_F(PictureTest, saysWhenThePictureCannotBeWritten) {
+TEST_F(PictureTest, SaysWhenThePictureCannotBeWritten) {
   const Ran ran = draw("- --png missing/out.png", withSteps(oneOfEach, ""));
   EXPECT_EQ(ran.exitCode, 1);
   EXPECT_EQ(ran.json()["tree"]["element"], "ScrollView");
