@@ -200,9 +200,11 @@ TEST_F(AccessibleObjectsTest, StatesFollowTheWindowAndTheElement) {
   EXPECT_FALSE(find("off button")->state().focusable);
   find("off button")->actionInterface()->doAction(pressAction);
   EXPECT_EQ(done, "");
-  EXPECT_FALSE(find("button")->state().invisible);
+  QAccessibleInterface* const button = find("button");
+  EXPECT_FALSE(button->state().invisible);
   widget.hide();
-  EXPECT_TRUE(find("button")->state().invisible);
+  EXPECT_TRUE(button->state().invisible);
+  EXPECT_EQ(find("button"), nullptr) << "a hidden page is not searched";
 }
 
 TEST_F(AccessibleObjectsTest, IsFoundWhereItIsDrawn) {
