@@ -1,12 +1,11 @@
 #include "apps/desk/commands/Commands.hpp"
 
+#include "apps/desk/commands/Documents.hpp"
 #include "apps/desk/commands/GoalLine.hpp"
 #include "apps/desk/store/GoalStore.hpp"
-#include "apps/desk/store/ResultFault.hpp"
 #include "apps/desk/store/StoreError.hpp"
 #include "apps/desk/store/StoreLocation.hpp"
 #include "apps/documents/DocumentError.hpp"
-#include "apps/documents/ResultReader.hpp"
 #include "apps/documents/ResultWriter.hpp"
 
 #include <filesystem>
@@ -25,16 +24,11 @@ void importDocuments(const Request& request, std::ostream& diagnostics) {
   std::vector<GetGoalSnapshotResponse> results;
   results.reserve(request.documents.size());
   for (const std::string& document : request.documents) {
-    results.push_back(documents::readResultFile(document));
-    if (const auto fault = faultOfImport(results.back())) {
-      throw documents::DocumentError(document, fault->pointer, fault->problem);
-    }
+    results.push_back(readDocument(document));
   }
   for (const LeftOutOutcome& leftOut : GoalStore::importInto(storeFileToWrite(request), results)) {
-    diagnostics << request.documents[leftOut.document] << ": /outcomes/" << leftOut.outcome
-                << ": the outcome "
-                << documents::inQuotes(results[leftOut.document].outcomes[leftOut.outcome].id)
-                << " is recorded with another content, which stays\n";
+    diagnostics << lineOf(leftOut, request.documents[leftOut.document], results[leftOut.document])
+                << '\n';
   }
 }
 
@@ -62,7 +56,7 @@ std::string answer(const Request& request, std::ostream& diagnostics) {
     case Request::Command::showOutcomes:
       return documents::writeOutcomes(storeWithGoals(request).outcomes(*request.goal));
     case Request::Command::exportGoal:
-      return documents::writeResult(storeWithGoals(request).result(*request.goal));
+      return documentText(storeWithGoals(request).result(*request.goal));
     case Request::Command::showWindow:
       break;
   }

@@ -35,6 +35,8 @@ class DeskController : public QObject {
 
   /// Closes the details and loads the goal, unless it is open.
   void openGoal(const std::string& goalID);
+  /// Loads the list of goals, and the open goal, again.
+  void loadGoals();
   /// Loads the open goal again.
   void loadGoal();
   /// Stores what the user recorded for a goal that is shown, and loads the open goal again. While
@@ -60,7 +62,6 @@ class DeskController : public QObject {
   void closeDetails();
 
  private:
-  void loadGoals();
   void takeGoals(task::Result<std::vector<GoalListing>> result);
   void takeGoal(const std::string& goalID, std::uint64_t store,
                 task::Result<GoalResultSnapshotV1> result);

@@ -6,6 +6,7 @@
 #include "apps/desk/window/FailurePage.hpp"
 #include "apps/desk/window/GoalList.hpp"
 #include "apps/desk/window/GoalScreens.hpp"
+#include "apps/desk/window/ImportDialog.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/Notice.hpp"
 #include "apps/desk/window/Pages.hpp"
@@ -50,6 +51,7 @@ DeskWindow::DeskWindow(StoreOpening opening, std::optional<std::string> goalID) 
   column->addWidget(notice_);
   setCentralWidget(page);
   connectPanes();
+  connectMenus();
   use(std::move(opening), std::move(goalID));
 }
 
@@ -60,11 +62,9 @@ void DeskWindow::connectPanes() {
   connect(failure_, &FailurePage::tryAgainWanted, this, [this] { controller_->loadGoal(); });
   connect(waiting_, &WaitingBar::tryAgainWanted, this, [this] { controller_->recordWaiting(); });
   connect(waiting_, &WaitingBar::discardWanted, this, &DeskWindow::askToDiscardWaiting);
-  const auto closeSide = [this] {
-    if (controller_) controller_->closeDetails();
-  };
-  connect(side_, &SidePane::closed, this, closeSide);
-  connect(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, this, closeSide);
+  connect(side_, &SidePane::closed, this, &DeskWindow::closeSide);
+  connect(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, this,
+          &DeskWindow::closeSide);
   connect(storePage_, &StorePage::anotherWanted, this, &DeskWindow::chooseStore);
   connect(storePage_, &StorePage::tryAgainWanted, this, [this] { open(file_); });
   connect(storePage_, &StorePage::readingWanted, this,
@@ -81,6 +81,7 @@ void DeskWindow::use(StoreOpening opening, std::optional<std::string> goalID) {
   waiting_->setWaiting({});
   readOnly_->hide();
   side_->hide();
+  delete importing_;
   controller_.reset();
   engine_ = opening.engine;
   if (!engine_) {
@@ -105,6 +106,10 @@ void DeskWindow::open(const std::string& file) {
     return;
   }
   use(std::move(opening), isSameFile && controller_ ? controller_->openGoalID() : std::nullopt);
+}
+
+void DeskWindow::closeSide() {
+  if (controller_) controller_->closeDetails();
 }
 
 void DeskWindow::chooseStore() {

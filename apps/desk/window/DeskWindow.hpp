@@ -4,6 +4,7 @@
 #include "apps/desk/window/DeskController.hpp"
 #include "apps/desk/window/DeskDisplay.hpp"
 #include "apps/desk/window/StoreOpening.hpp"
+#include "apps/desk/window/TextSize.hpp"
 
 #include <functional>
 #include <memory>
@@ -13,6 +14,7 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QStringList>
 
 namespace vemra::qt {
 class ViewWidget;
@@ -23,6 +25,8 @@ namespace vemra::desk {
 class FailurePage;
 class GoalList;
 class GoalScreens;
+class ImportDialog;
+class MenuBar;
 class Notice;
 class Pages;
 class ReadOnlyBar;
@@ -50,6 +54,10 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
 
   /// Opens a store in place of the one that is open.
   void open(const std::string& file);
+  /// Imports documents into the open store and shows what came of it.
+  void importDocuments(const QStringList& files);
+  /// Writes the open goal's result document.
+  void exportGoal(const QString& file);
   /// The engine of the open store; none while no store is open.
   std::shared_ptr<StoreEngine> engine() const { return engine_; }
 
@@ -59,10 +67,20 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
  protected:
   /// Asks once whether to close, while editors are open or outcomes are not stored.
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   QWidget* makePanes();
   void connectPanes();
+  void connectMenus();
+  void updateMenus();
+  bool mayImport() const;
+  void chooseDocuments();
+  void chooseExport();
+  void openNeighbour(int step);
+  void focusPane(int step);
+  void closeSide();
   void use(StoreOpening opening, std::optional<std::string> goalID);
   void chooseStore();
   Unfinished unfinished() const;
@@ -87,6 +105,9 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   std::shared_ptr<StoreEngine> engine_;
   std::string file_;  ///< of the store that is open, or could not be opened
   std::unique_ptr<DeskController> controller_;  ///< none while no store is open
+  MenuBar* menus_;
+  TextSize textSize_;
+  QPointer<ImportDialog> importing_;
   GoalList* goals_;
   Pages* centre_;
   std::unique_ptr<GoalScreens> screens_;

@@ -159,5 +159,201 @@
         <source>All files (*)</source>
         <translation>Alle Dateien (*)</translation>
     </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Open Store…</source>
+        <translation>Speicher ö&amp;ffnen …</translation>
+    </message>
+    <message>
+        <source>&amp;Import…</source>
+        <translation>&amp;Importieren …</translation>
+    </message>
+    <message>
+        <source>&amp;Export Goal…</source>
+        <translation>Ziel &amp;exportieren …</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Larger Text</source>
+        <translation>&amp;Größerer Text</translation>
+    </message>
+    <message>
+        <source>&amp;Smaller Text</source>
+        <translation>&amp;Kleinerer Text</translation>
+    </message>
+    <message>
+        <source>&amp;Usual Text</source>
+        <translation>&amp;Üblicher Text</translation>
+    </message>
+    <message>
+        <source>Close &amp;Details</source>
+        <translation>&amp;Einzelheiten schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Go</source>
+        <translation>&amp;Gehe zu</translation>
+    </message>
+    <message>
+        <source>&amp;Next Goal</source>
+        <translation>&amp;Nächstes Ziel</translation>
+    </message>
+    <message>
+        <source>&amp;Previous Goal</source>
+        <translation>&amp;Voriges Ziel</translation>
+    </message>
+    <message>
+        <source>Next P&amp;ane</source>
+        <translation>Nächster &amp;Bereich</translation>
+    </message>
+    <message>
+        <source>Previous Pan&amp;e</source>
+        <translation>Voriger B&amp;ereich</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Keyboard</source>
+        <translation>&amp;Tastatur</translation>
+    </message>
+    <message>
+        <source>&amp;About Vemra Desk</source>
+        <translation>Ü&amp;ber Vemra Desk</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>&amp;Ausschneiden</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Einfügen</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>A&amp;lles auswählen</translation>
+    </message>
+    <message>
+        <source>Reading documents…</source>
+        <translation>Dokumente werden gelesen …</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Storing…</source>
+        <translation>Wird gespeichert …</translation>
+    </message>
+    <message>
+        <source>Nothing was imported.</source>
+        <translation>Nichts wurde importiert.</translation>
+    </message>
+    <message>
+        <source>Documents imported: %1.</source>
+        <translation>Importierte Dokumente: %1.</translation>
+    </message>
+    <message>
+        <source>About Vemra Desk</source>
+        <translation>Über Vemra Desk</translation>
+    </message>
+    <message>
+        <source>Vemra Desk %1</source>
+        <translation>Vemra Desk %1</translation>
+    </message>
+    <message>
+        <source>Shows goals, the people who may help with them, and what came of it.</source>
+        <translation>Zeigt Ziele, die Menschen, die dabei helfen können, und was daraus wurde.</translation>
+    </message>
+    <message>
+        <source>%1: the next pane; %2: the one before it</source>
+        <translation>%1: der nächste Bereich; %2: der davor</translation>
+    </message>
+    <message>
+        <source>%1: the next goal; %2: the one before it</source>
+        <translation>%1: das nächste Ziel; %2: das davor</translation>
+    </message>
+    <message>
+        <source>Up, Down, Home, End in the list: another goal</source>
+        <translation>Auf, Ab, Pos1, Ende in der Liste: ein anderes Ziel</translation>
+    </message>
+    <message>
+        <source>Tab: the next control; Space: press it</source>
+        <translation>Tab: das nächste Bedienelement; Leertaste: es drücken</translation>
+    </message>
+    <message>
+        <source>%1: close the details</source>
+        <translation>%1: die Einzelheiten schließen</translation>
+    </message>
+    <message>
+        <source>%1: the menus</source>
+        <translation>%1: die Menüs</translation>
+    </message>
+    <message>
+        <source>%1, %2, %3: larger, smaller and usual text</source>
+        <translation>%1, %2, %3: größerer, kleinerer und üblicher Text</translation>
+    </message>
+    <message>
+        <source>Keyboard</source>
+        <translation>Tastatur</translation>
+    </message>
+    <message>
+        <source>Keys of this window</source>
+        <translation>Tasten dieses Fensters</translation>
+    </message>
+    <message>
+        <source>Import documents</source>
+        <translation>Dokumente importieren</translation>
+    </message>
+    <message>
+        <source>Result documents (*.json)</source>
+        <translation>Ergebnisdokumente (*.json)</translation>
+    </message>
+    <message>
+        <source>Export the goal</source>
+        <translation>Das Ziel exportieren</translation>
+    </message>
+    <message>
+        <source>The goal was exported to %1</source>
+        <translation>Das Ziel wurde exportiert: %1</translation>
+    </message>
+    <message>
+        <source>The goal was not exported.</source>
+        <translation>Das Ziel wurde nicht exportiert.</translation>
+    </message>
 </context>
 </TS>

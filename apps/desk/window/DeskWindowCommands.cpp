@@ -1,0 +1,180 @@
+// The commands of the window: what its menus and dropped files do.
+
+#include "VemraQt/ViewWidget.hpp"
+#include "apps/desk/commands/Documents.hpp"
+#include "apps/desk/window/DeskWindow.hpp"
+#include "apps/desk/window/GoalList.hpp"
+#include "apps/desk/window/HelpBoxes.hpp"
+#include "apps/desk/window/ImportDialog.hpp"
+#include "apps/desk/window/Localized.hpp"
+#include "apps/desk/window/MenuBar.hpp"
+#include "apps/desk/window/Notice.hpp"
+#include "apps/desk/window/OnMainThread.hpp"
+#include "apps/desk/window/Pages.hpp"
+#include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/SidePane.hpp"
+
+#include <algorithm>
+#include <exception>
+#include <iterator>
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QMimeData>
+#include <QSaveFile>
+#include <QToolButton>
+#include <QUrl>
+
+namespace vemra::desk {
+namespace {
+
+/// The files that are dropped; none when anything else is among them.
+QStringList droppedFiles(const QMimeData& data) {
+  QStringList files;
+  for (const QUrl& url : data.urls()) {
+    if (!url.isLocalFile()) return {};
+    files.append(url.toLocalFile());
+  }
+  return files;
+}
+
+/// Gives the focus to the first control inside a page that takes it by the Tab key.
+void focusFirstInside(QWidget& page) {
+  for (QWidget* next = page.nextInFocusChain(); next != &page; next = next->nextInFocusChain()) {
+    const bool takesFocus = next->focusPolicy() & Qt::TabFocus;
+    if (takesFocus && page.isAncestorOf(next) && next->isVisible() && next->isEnabled()) {
+      next->setFocus(Qt::ShortcutFocusReason);
+      return;
+    }
+  }
+}
+
+}  // namespace
+
+void DeskWindow::connectMenus() {
+  menus_ = new MenuBar(this);
+  setMenuBar(menus_);
+  setAcceptDrops(true);
+  connect(menus_, &MenuBar::aboutToBeUsed, this, &DeskWindow::updateMenus);
+  connect(menus_, &MenuBar::openStoreWanted, this, &DeskWindow::chooseStore);
+  connect(menus_, &MenuBar::importWanted, this, &DeskWindow::chooseDocuments);
+  connect(menus_, &MenuBar::exportWanted, this, &DeskWindow::chooseExport);
+  connect(menus_, &MenuBar::closeWanted, this, &QWidget::close);
+  connect(menus_, &MenuBar::quitWanted, qApp, &QApplication::closeAllWindows);
+  connect(menus_, &MenuBar::largerTextWanted, this, [this] { textSize_.enlarge(); });
+  connect(menus_, &MenuBar::smallerTextWanted, this, [this] { textSize_.reduce(); });
+  connect(menus_, &MenuBar::usualTextWanted, this, [this] { textSize_.reset(); });
+  connect(menus_, &MenuBar::closeDetailsWanted, this, &DeskWindow::closeSide);
+  connect(menus_, &MenuBar::nextGoalWanted, this, [this] { openNeighbour(1); });
+  connect(menus_, &MenuBar::previousGoalWanted, this, [this] { openNeighbour(-1); });
+  connect(menus_, &MenuBar::nextPaneWanted, this, [this] { focusPane(1); });
+  connect(menus_, &MenuBar::previousPaneWanted, this, [this] { focusPane(-1); });
+  connect(menus_, &MenuBar::keyboardHelpWanted, this, [this] { showKeyboardHelp(*this); });
+  connect(menus_, &MenuBar::aboutWanted, this, [this] { showAbout(*this); });
+}
+
+void DeskWindow::updateMenus() {
+  const bool hasStore = controller_ != nullptr;
+  menus_->setUses({hasStore, mayImport(), hasStore && controller_->openGoalID().has_value(),
+                   !side_->isHidden()});
+}
+
+bool DeskWindow::mayImport() const {
+  return engine_ && engine_->storeUse() == StoreUse::readingAndWriting && !importing_;
+}
+
+void DeskWindow::chooseDocuments() {
+  if (!mayImport()) return;
+  auto* dialog = new QFileDialog(this, localized("Import documents"));
+  dialog->setObjectName("desk.chooseDocuments");
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  dialog->setFileMode(QFileDialog::ExistingFiles);
+  dialog->setNameFilters({localized("Result documents (*.json)"), localized("All files (*)")});
+  connect(dialog, &QFileDialog::filesSelected, this, &DeskWindow::importDocuments);
+  dialog->open();
+}
+
+void DeskWindow::importDocuments(const QStringList& files) {
+  if (files.isEmpty() || !mayImport()) return;
+  importing_ = new ImportDialog(engine_, files, this);
+  connect(importing_, &ImportDialog::ended, this, [this](const QString& message) {
+    notice_->show(message);
+    if (controller_) controller_->loadGoals();
+  });
+}
+
+void DeskWindow::chooseExport() {
+  if (!controller_ || !controller_->openGoalID()) return;
+  auto* dialog = new QFileDialog(this, localized("Export the goal"));
+  dialog->setObjectName("desk.chooseExport");
+  dialog->setAttribute(Qt::WA_DeleteOnClose);
+  dialog->setAcceptMode(QFileDialog::AcceptSave);
+  dialog->setDefaultSuffix("json");
+  dialog->setNameFilters({localized("Result documents (*.json)"), localized("All files (*)")});
+  connect(dialog, &QFileDialog::fileSelected, this, &DeskWindow::exportGoal);
+  dialog->open();
+}
+
+void DeskWindow::exportGoal(const QString& file) {
+  if (!controller_ || !controller_->openGoalID()) return;
+  startOnMainThread(
+      *this, engine_->getGoalSnapshot(*controller_->openGoalID()), [this, file](auto result) {
+        QString failure;
+        try {
+          if (!result.hasValue()) std::rethrow_exception(result.exception());
+          QSaveFile out(file);
+          const std::string text = documentText(std::move(result).take());
+          const bool isWritten = out.open(QIODevice::WriteOnly) &&
+                                 out.write(text.data(), static_cast<qint64>(text.size())) ==
+                                     static_cast<qint64>(text.size()) &&
+                                 out.commit();
+          if (!isWritten) failure = file + ": " + out.errorString();
+        } catch (const std::exception& error) {
+          failure = fromUTF8(error.what());
+        }
+        notice_->show(failure.isEmpty() ? localized("The goal was exported to %1").arg(file)
+                                        : localized("The goal was not exported.") + ' ' + failure);
+      });
+}
+
+void DeskWindow::openNeighbour(int step) {
+  const std::optional<std::size_t> open = goals_->openIndex();
+  if (!controller_ || !open) return;
+  const auto index = static_cast<std::ptrdiff_t>(*open) + step;
+  const auto count = static_cast<std::ptrdiff_t>(goals_->goals().size());
+  if (index >= 0 && index < count) goals_->choose(static_cast<std::size_t>(index));
+}
+
+void DeskWindow::focusPane(int step) {
+  std::vector<QWidget*> panes;
+  for (QWidget* pane : {static_cast<QWidget*>(goals_), static_cast<QWidget*>(centre_),
+                        static_cast<QWidget*>(side_)}) {
+    if (pane->isVisible()) panes.push_back(pane);
+  }
+  const auto now = std::find_if(panes.begin(), panes.end(), [](QWidget* pane) {
+    return pane->isAncestorOf(pane->window()->focusWidget());
+  });
+  const auto count = static_cast<std::ptrdiff_t>(panes.size());
+  const std::ptrdiff_t before = now == panes.end() ? (step > 0 ? -1 : 0) : now - panes.begin();
+  QWidget* pane = panes[static_cast<std::size_t>((before + step + count) % count)];
+  if (pane == goals_ && goals_->openIndex()) {
+    goals_->focusRow(*goals_->openIndex());
+  } else if (pane == centre_ && centre_->currentWidget() == &screen()) {
+    screen().setFocus(Qt::ShortcutFocusReason);
+  } else {
+    focusFirstInside(*pane);
+  }
+}
+
+void DeskWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (mayImport() && !droppedFiles(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void DeskWindow::dropEvent(QDropEvent* event) {
+  importDocuments(droppedFiles(*event->mimeData()));
+  event->acceptProposedAction();
+}
+
+}  // namespace vemra::desk

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "apps/desk/window/ImportJob.hpp"
+
+#include <QProgressDialog>
+
+namespace vemra::desk {
+
+/// Imports documents and shows how far it is, once that takes more than a moment; the user may
+/// cancel, and then nothing is imported. Deletes itself at the end.
+class ImportDialog : public QProgressDialog {
+  Q_OBJECT
+
+ public:
+  /// Starts the import.
+  ImportDialog(std::shared_ptr<StoreEngine> engine, const QStringList& files, QWidget* parent);
+
+ Q_SIGNALS:
+  /// The end: what was imported, or why nothing was. Not emitted when the user has cancelled.
+  void ended(const QString& message);
+
+ private:
+  void end(const QString& message);
+
+  ImportJob job_;
+};
+
+}  // namespace vemra::desk

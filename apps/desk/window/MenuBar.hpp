@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QMenuBar>
+#include <QPointer>
+
+class QAction;
+class QMenu;
+
+namespace vemra::desk {
+
+/// The commands of the window, with the shortcuts of the platform. It decides nothing: it emits a
+/// signal for each command, but for those on the text with the focus, which it carries out.
+class MenuBar : public QMenuBar {
+  Q_OBJECT
+
+ public:
+  explicit MenuBar(QWidget* window);
+
+  /// What the commands can be used for at present.
+  struct Uses {
+    bool hasStore = false;    ///< a store is open
+    bool mayImport = false;   ///< it may be written, and no import is going on
+    bool hasGoal = false;     ///< a goal is open
+    bool hasDetails = false;  ///< the pane with details is shown
+  };
+  void setUses(const Uses& uses);
+
+ Q_SIGNALS:
+  void openStoreWanted();
+  void importWanted();
+  void exportWanted();
+  void closeWanted();
+  void quitWanted();
+  void largerTextWanted();
+  void smallerTextWanted();
+  void usualTextWanted();
+  void closeDetailsWanted();
+  void nextGoalWanted();
+  void previousGoalWanted();
+  void nextPaneWanted();
+  void previousPaneWanted();
+  void keyboardHelpWanted();
+  void aboutWanted();
+  /// A menu is about to be shown: time for `setUses`.
+  void aboutToBeUsed();
+
+ private:
+  using Signal = void (MenuBar::*)();
+
+  QMenu* addNamedMenu(const QString& title);
+  QAction* add(QMenu& menu, const QString& title, const QList<QKeySequence>& keys, Signal wanted);
+  void addEditMenu();
+  /// A command that calls a slot of the text with the focus, such as "copy".
+  void addEdit(QMenu& menu, const QString& title, QKeySequence::StandardKey key, const char* slot);
+  QWidget* textWithFocus(const char* slot) const;
+
+  QPointer<QWidget> focus_;  ///< in the window, outside the menus
+
+  QAction* import_;
+  QAction* export_;
+  QAction* details_;
+  QAction* next_;
+  QAction* previous_;
+};
+
+}  // namespace vemra::desk

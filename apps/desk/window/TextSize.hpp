@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QFont>
+#include <QObject>
+
+namespace vemra::desk {
+
+/// The size of all texts of the application: the user's usual font, larger or smaller in steps.
+class TextSize : public QObject {
+ public:
+  /// Takes the application's present font as the usual one.
+  explicit TextSize(QObject* parent = nullptr);
+
+  void enlarge() { setStep(step_ + 1); }
+  void reduce() { setStep(step_ - 1); }
+  void reset() { setStep(0); }
+
+ private:
+  void setStep(int step);
+
+  QFont usual_;
+  int step_ = 0;
+};
+
+}  // namespace vemra::desk
