@@ -5,6 +5,7 @@
 #include "apps/desk/window/CloseQuestion.hpp"
 #include "apps/desk/window/FailurePage.hpp"
 #include "apps/desk/window/GoalList.hpp"
+#include "apps/desk/window/GoalRow.hpp"
 #include "apps/desk/window/GoalScreens.hpp"
 #include "apps/desk/window/ImportDialog.hpp"
 #include "apps/desk/window/Localized.hpp"
@@ -33,7 +34,6 @@ DeskWindow::DeskWindow(std::shared_ptr<StoreEngine> engine, std::optional<std::s
 
 DeskWindow::DeskWindow(StoreOpening opening, std::optional<std::string> goalID) {
   setObjectName("desk");
-  setWindowTitle("Vemra Desk");
   // A fixed minimum size; otherwise panes that appear and disappear would change it.
   setMinimumSize(640, 360);
   resize(1080, 760);
@@ -58,6 +58,7 @@ DeskWindow::DeskWindow(StoreOpening opening, std::optional<std::string> goalID) 
 void DeskWindow::connectPanes() {
   connect(goals_, &GoalList::goalChosen, this,
           [this](const std::string& goalID) { controller_->openGoal(goalID); });
+  connect(welcome_, &Welcome::importWanted, this, &DeskWindow::chooseDocuments);
   connect(welcome_, &Welcome::samplesWanted, this, [this] { controller_->addSampleGoals(); });
   connect(failure_, &FailurePage::tryAgainWanted, this, [this] { controller_->loadGoal(); });
   connect(waiting_, &WaitingBar::tryAgainWanted, this, [this] { controller_->recordWaiting(); });
@@ -77,6 +78,7 @@ void DeskWindow::use(StoreOpening opening, std::optional<std::string> goalID) {
   std::vector<WaitingOutcome> kept;
   if (controller_ && isSameFile) kept = controller_->takeWaiting();
   if (!isSameFile) screens_->clear();
+  setWindowTitle("Vemra Desk");
   notice_->hide();
   waiting_->setWaiting({});
   readOnly_->hide();
@@ -172,6 +174,8 @@ void DeskWindow::showGoal(const LoadedGoal& goal) {
       [this](const GoalPathCandidateDTO& path) { controller_->openPath(path); },
       [this, goal](const GoalOutcomeRecordingInput& input) { controller_->record(goal, input); });
   screens_->show(goal, view);
+  setWindowTitle(onOneShortLine(GoalRow::nameOf(fromUTF8(goal.snapshot.goal().title))) +
+                 " – Vemra Desk");
 }
 
 void DeskWindow::keepGoal() {

@@ -3,6 +3,7 @@
 #include "VemraPlatform/text/Equality.hpp"
 #include "apps/desk/window/AccessibleGoals.hpp"
 #include "apps/desk/window/GoalRow.hpp"
+#include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
 #include <algorithm>
@@ -14,7 +15,7 @@ namespace vemra::desk {
 
 GoalList::GoalList(QWidget* parent) : QAbstractScrollArea(parent) {
   setObjectName("desk.goals");
-  setAccessibleName("Goals");
+  setAccessibleName(localized("Goals"));
   setFrameShape(QFrame::NoFrame);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setFocusPolicy(Qt::NoFocus);
@@ -22,7 +23,7 @@ GoalList::GoalList(QWidget* parent) : QAbstractScrollArea(parent) {
   viewport()->setAutoFillBackground(false);
   measured_ = new GoalRow(viewport());
   measured_->hide();  // otherwise it would be shown with the viewport
-  heading_ = makeLabel("Goals", TextRole::heading);
+  heading_ = makeLabel(localized("Goals"), TextRole::heading);
   heading_->setContentsMargins(10, 0, 10, 6);
   heading_->setParent(viewport());
   heading_->show();

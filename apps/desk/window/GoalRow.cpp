@@ -1,5 +1,6 @@
 #include "apps/desk/window/GoalRow.hpp"
 
+#include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/Pieces.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
@@ -14,7 +15,6 @@
 namespace vemra::desk {
 namespace {
 
-constexpr const char* noTitle = "(no title)";
 constexpr int margin = 10;
 constexpr int mostLines = 3;
 constexpr qsizetype mostCharacters = 400;  // more than three lines hold; laying out more costs time
@@ -93,7 +93,7 @@ void GoalRow::takeTitle(const QString& title) {
   title_ = title;
   const QString inOneLine = title.simplified();
   shown_ = atMost(mostCharacters, inOneLine);
-  if (shown_.isEmpty()) shown_ = noTitle;
+  if (shown_.isEmpty()) shown_ = localized("(no title)");
   showsAll_ = inOneLine.size() <= mostCharacters;
   setText(asButtonTitle(title));
   setAccessibleName(nameOf(title));
@@ -102,7 +102,7 @@ void GoalRow::takeTitle(const QString& title) {
 }
 
 QString GoalRow::nameOf(const QString& title) {
-  return title.simplified().isEmpty() ? QString(noTitle) : title;
+  return title.simplified().isEmpty() ? localized("(no title)") : title;
 }
 
 int GoalRow::heightForWidth(int width) const {

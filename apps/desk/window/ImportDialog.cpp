@@ -11,7 +11,7 @@ ImportDialog::ImportDialog(std::shared_ptr<StoreEngine> engine, const QStringLis
     : QProgressDialog(localized("Reading documents…"), localized("Cancel"), 0,
                       static_cast<int>(files.size()), parent),
       job_(std::move(engine), files) {
-  setObjectName("desk.import");
+  setObjectName("desk.importing");
   setWindowTitle(localized("Import"));
   setWindowModality(Qt::WindowModal);
   setAutoClose(false);

@@ -70,7 +70,7 @@ QMenu* MenuBar::addNamedMenu(const QString& title) {
 }
 
 QAction* MenuBar::add(QMenu& menu, const QString& title, const QList<QKeySequence>& keys,
-                      Signal wanted) {
+                      Signal wanted) const {
   QAction* action = menu.addAction(title);
   action->setShortcuts(keys);
   connect(action, &QAction::triggered, this, wanted);
@@ -107,13 +107,13 @@ QWidget* MenuBar::textWithFocus(const char* slot) const {
   auto* field = qobject_cast<QLineEdit*>(focus_.data());
   if (field == nullptr) return nullptr;
   const QLatin1String name(slot);
-  const bool changes = name != QLatin1String("copy") && name != QLatin1String("selectAll");
-  const bool needsSelection = name == QLatin1String("copy") || name == QLatin1String("cut");
-  const bool isPossible = !(changes && field->isReadOnly()) &&
-                          !(needsSelection && !field->hasSelectedText()) &&
-                          !(name == QLatin1String("undo") && !field->isUndoAvailable()) &&
-                          !(name == QLatin1String("redo") && !field->isRedoAvailable());
-  return isPossible ? field : nullptr;
+  const bool isCopy = name == QLatin1String("copy");
+  const bool changes = !isCopy && name != QLatin1String("selectAll");
+  if (changes && field->isReadOnly()) return nullptr;
+  if ((isCopy || name == QLatin1String("cut")) && !field->hasSelectedText()) return nullptr;
+  if (name == QLatin1String("undo") && !field->isUndoAvailable()) return nullptr;
+  if (name == QLatin1String("redo") && !field->isRedoAvailable()) return nullptr;
+  return field;
 }
 
 void MenuBar::setUses(const Uses& uses) {

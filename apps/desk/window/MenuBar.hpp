@@ -48,7 +48,8 @@ class MenuBar : public QMenuBar {
   using Signal = void (MenuBar::*)();
 
   QMenu* addNamedMenu(const QString& title);
-  QAction* add(QMenu& menu, const QString& title, const QList<QKeySequence>& keys, Signal wanted);
+  QAction* add(QMenu& menu, const QString& title, const QList<QKeySequence>& keys,
+               Signal wanted) const;
   void addEditMenu();
   /// A command that calls a slot of the text with the focus, such as "copy".
   void addEdit(QMenu& menu, const QString& title, QKeySequence::StandardKey key, const char* slot);

@@ -1,5 +1,6 @@
 #include "apps/desk/window/PathGraph.hpp"
 
+#include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/Pieces.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
@@ -19,7 +20,7 @@ constexpr int nameFlags = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap | Qt::
 QString inWords(const std::vector<QString>& names) {
   QString words;
   for (const QString& name : names) {
-    if (!words.isEmpty()) words += ", then ";
+    if (!words.isEmpty()) words += localized(", then ");
     words += name;
   }
   return words;
@@ -35,7 +36,8 @@ PathGraph::PathGraph(std::vector<QString> names, const QString& target, PathEnd 
     : QWidget(parent), names_(std::move(names)), end_(end) {
   setObjectName("desk.path");
   for (QString& name : names_) name = firstPiece(name);
-  setAccessibleName(names_.empty() ? "A path over nobody" : "Path to " + firstPiece(target));
+  setAccessibleName(names_.empty() ? localized("A path over nobody")
+                                   : localized("Path to %1").arg(firstPiece(target)));
   setAccessibleDescription(inWords(names_));
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   policy.setHeightForWidth(true);

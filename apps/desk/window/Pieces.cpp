@@ -1,6 +1,7 @@
 #include "apps/desk/window/Pieces.hpp"
 
 #include "apps/desk/window/KeyInView.hpp"
+#include "apps/desk/window/Localized.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -56,9 +57,9 @@ Pieces::Pieces(const QString& what, AddNext addNext, QWidget* parent)
   pieces_ = new QVBoxLayout;
   pieces_->setSpacing(4);
   column->addLayout(pieces_);
-  more_ = new QPushButton("Show more");
+  more_ = new QPushButton(localized("Show more"));
   more_->setObjectName("desk.side.more");
-  more_->setAccessibleName("Show more of " + what);
+  more_->setAccessibleName(localized("Show more of %1").arg(what));
   more_->setFocusPolicy(Qt::StrongFocus);
   more_->setAutoDefault(false);
   scrollInBeforeKeys(*more_);
@@ -103,13 +104,13 @@ void addText(QVBoxLayout& column, const QString& text, TextRole role) {
     column.addWidget(makeLabel(text, role));
     return;
   }
-  auto* made =
-      new Pieces("the text", [text, role, from = qsizetype{0}](QVBoxLayout& pieces) mutable {
-        const qsizetype end = endOfPiece(text, from);
-        pieces.addWidget(makeLabel(text.mid(from, end - from), role));
-        from = end;
-        return from < text.size();
-      });
+  auto* made = new Pieces(localized("the text"),
+                          [text, role, from = qsizetype{0}](QVBoxLayout& pieces) mutable {
+                            const qsizetype end = endOfPiece(text, from);
+                            pieces.addWidget(makeLabel(text.mid(from, end - from), role));
+                            from = end;
+                            return from < text.size();
+                          });
   made->setKey("the text\n" + text);
   column.addWidget(made);
 }

@@ -4,6 +4,7 @@
 #include "VemraGoalSurface/presentation/GoalWhyPresentation.hpp"
 #include "VemraPlatform/date/AbbreviatedDate.hpp"
 #include "apps/desk/window/KeyInView.hpp"
+#include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/PathGraph.hpp"
 #include "apps/desk/window/Pieces.hpp"
 #include "apps/desk/window/PlainText.hpp"
@@ -32,7 +33,7 @@ constexpr const char* unnamed = "Unnamed person";
 QString reason(const GoalWhyDTO& why) {
   const auto* connection = std::get_if<GoalWhyDTO::Connection>(&why.reason);
   if (connection != nullptr && connection->hopCount == std::numeric_limits<std::int64_t>::min()) {
-    return "Connected";
+    return localized("Connected");
   }
   return fromUTF8(GoalWhyPresentation::text(why));
 }
@@ -58,14 +59,14 @@ void addSources(QVBoxLayout& page, const std::shared_ptr<const std::vector<std::
   };
   if (ids->empty()) return;
   if (ids->size() <= mostAtOnce) {
-    addText(page, "Sources: " + line(*ids, 0, ids->size()), TextRole::quiet);
+    addText(page, localized("Sources: %1").arg(line(*ids, 0, ids->size())), TextRole::quiet);
     return;
   }
-  auto* sources =
-      new Pieces("the sources", [ids, line, next = std::size_t{0}](QVBoxLayout& pieces) mutable {
+  auto* sources = new Pieces(
+      localized("the sources"), [ids, line, next = std::size_t{0}](QVBoxLayout& pieces) mutable {
         const std::size_t end = std::min(ids->size(), next + mostAtOnce);
         const QString some = line(*ids, next, end);
-        addText(pieces, next == 0 ? "Sources: " + some : some, TextRole::quiet);
+        addText(pieces, next == 0 ? localized("Sources: %1").arg(some) : some, TextRole::quiet);
         next = end;
         return next < ids->size();
       });
@@ -102,7 +103,7 @@ QVBoxLayout* SidePane::begin(const QString& kind, const QString& title, const QS
   head->addWidget(makeLabel(kind, TextRole::quiet), 1);
   auto* close = new QToolButton;
   close->setObjectName("desk.side.close");
-  close->setText("Close");
+  close->setText(localized("Close"));
   close->setAutoRaise(true);
   close->setFocusPolicy(Qt::StrongFocus);
   scrollInBeforeKeys(*close);
@@ -153,7 +154,7 @@ void SidePane::addSuggestion(QVBoxLayout& page,
   const QString name = nameOr(person->name, unnamed);
   addText(page, fromUTF8(suggestion.goalTitle), TextRole::strong);
   if (suggestion.displayName && fromUTF8(*suggestion.displayName) != name) {
-    addText(page, "As " + fromUTF8(*suggestion.displayName), TextRole::quiet);
+    addText(page, localized("As %1").arg(fromUTF8(*suggestion.displayName)), TextRole::quiet);
   }
   addText(page, reason(suggestion.why), TextRole::body);
   addSources(page, {person, &suggestion.evidenceIDs});
@@ -166,7 +167,7 @@ void SidePane::addOutcome(QVBoxLayout& page, const PersonKnowledge::Outcome& rec
   if (const QString when = day(outcome.recordedAt, environment_); !when.isEmpty()) {
     line += ", " + when;
   }
-  if (outcome.correctsOutcomeID) line += " · corrected";
+  if (outcome.correctsOutcomeID) line += ' ' + localized("· corrected");
   addText(page, line, TextRole::strong);
   if (outcome.note) addText(page, fromUTF8(*outcome.note), TextRole::body);
   addText(page, fromUTF8(recorded.goalTitle), TextRole::quiet);
@@ -175,19 +176,21 @@ void SidePane::addOutcome(QVBoxLayout& page, const PersonKnowledge::Outcome& rec
 
 void SidePane::showPerson(PersonKnowledge known) {
   const auto person = std::make_shared<const PersonKnowledge>(std::move(known));
-  QVBoxLayout* page = begin("Person", nameOr(person->name, unnamed), fromUTF8(person->personRef));
-  addText(*page, "Reference: " + fromUTF8(person->personRef), TextRole::quiet);
-  section(page, "Worth considering for", "the goals", person->suggestions.size(),
+  QVBoxLayout* page =
+      begin(localized("Person"), nameOr(person->name, unnamed), fromUTF8(person->personRef));
+  addText(*page, localized("Reference: %1").arg(fromUTF8(person->personRef)), TextRole::quiet);
+  section(page, localized("Worth considering for"), localized("the goals"),
+          person->suggestions.size(),
           [person](QVBoxLayout& column, std::size_t i) { addSuggestion(column, person, i); });
-  section(page, "The person to reach for", "the goals", person->goalsTowards.size(),
-          [person](QVBoxLayout& column, std::size_t i) {
+  section(page, localized("The person to reach for"), localized("the goals"),
+          person->goalsTowards.size(), [person](QVBoxLayout& column, std::size_t i) {
             addText(column, fromUTF8(person->goalsTowards[i]), TextRole::body);
           });
-  section(page, "On a path for", "the goals", person->goalsWithPaths.size(),
+  section(page, localized("On a path for"), localized("the goals"), person->goalsWithPaths.size(),
           [person](QVBoxLayout& column, std::size_t i) {
             addText(column, fromUTF8(person->goalsWithPaths[i]), TextRole::body);
           });
-  section(page, "Recorded", "the outcomes", person->outcomes.size(),
+  section(page, localized("Recorded"), localized("the outcomes"), person->outcomes.size(),
           [this, person](QVBoxLayout& column, std::size_t i) {
             addOutcome(column, person->outcomes[i]);
           });
@@ -197,8 +200,8 @@ void SidePane::showPerson(PersonKnowledge known) {
 void SidePane::showEvidence(EvidenceKnowledge known) {
   const auto evidence = std::make_shared<const EvidenceKnowledge>(std::move(known));
   QVBoxLayout* page =
-      begin("Source", fromUTF8(evidence->evidenceID), fromUTF8(evidence->evidenceID));
-  section(page, "What it says", "the statements", evidence->statements.size(),
+      begin(localized("Source"), fromUTF8(evidence->evidenceID), fromUTF8(evidence->evidenceID));
+  section(page, localized("What it says"), localized("the statements"), evidence->statements.size(),
           [evidence](QVBoxLayout& column, std::size_t i) {
             const EvidenceKnowledge::Statement& statement = evidence->statements[i];
             addText(column, fromUTF8(statement.label), TextRole::strong);
@@ -206,19 +209,20 @@ void SidePane::showEvidence(EvidenceKnowledge known) {
             addText(column, fromUTF8(statement.goalTitle), TextRole::quiet);
             column.addSpacing(6);
           });
-  section(page, "Whom it speaks for", "the people", evidence->people.size(),
+  section(page, localized("Whom it speaks for"), localized("the people"), evidence->people.size(),
           [evidence](QVBoxLayout& column, std::size_t i) {
             const EvidenceKnowledge::Person& person = evidence->people[i];
             addText(column, nameOr(person.displayName, unnamed), TextRole::strong);
             addText(column, reason(person.why), TextRole::body);
             addText(column,
-                    person.rank == 0 ? "The strongest source for them" : "One of several sources",
+                    person.rank == 0 ? localized("The strongest source for them")
+                                     : localized("One of several sources"),
                     TextRole::body);
             addText(column, fromUTF8(person.goalTitle), TextRole::quiet);
             column.addSpacing(6);
           });
   if (evidence->statements.empty() && evidence->people.empty()) {
-    addText(*page, "The store holds nothing more about this source.", TextRole::body);
+    addText(*page, localized("The store holds nothing more about this source."), TextRole::body);
   }
   end(page);
 }
@@ -230,17 +234,18 @@ void SidePane::showPath(const GoalPathCandidateDTO& path,
     const auto& name = i < names.size() ? names[i] : std::nullopt;
     shown.push_back(nameOr(name, fromUTF8(path.personRefs[i])));
   }
-  const QString target = shown.empty() ? QString("Nobody") : shown.back();
+  const QString target = shown.empty() ? localized("Nobody") : shown.back();
   QStringList refs;
   for (const std::string& ref : path.personRefs) refs.append(fromUTF8(ref));
-  QVBoxLayout* page = begin("Starfold", "Path to " + target, refs.join('\n'));
+  QVBoxLayout* page = begin("Starfold", localized("Path to %1").arg(target), refs.join('\n'));
   addText(*page, reason(path.why), TextRole::quiet);
   page->addSpacing(12);
   if (shown.size() <= mostEntriesAtOnce) {
     page->addWidget(new PathGraph(std::move(shown)));
   } else {
     page->addWidget(new Pieces(
-        "the path", [shown = std::move(shown), next = std::size_t{0}](QVBoxLayout& pieces) mutable {
+        localized("the path"),
+        [shown = std::move(shown), next = std::size_t{0}](QVBoxLayout& pieces) mutable {
           const std::size_t end = std::min(shown.size(), next + mostEntriesAtOnce);
           pieces.addWidget(new PathGraph({shown.begin() + static_cast<std::ptrdiff_t>(next),
                                           shown.begin() + static_cast<std::ptrdiff_t>(end)},

@@ -1,5 +1,6 @@
 #include "apps/desk/window/Welcome.hpp"
 
+#include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
 #include <QPushButton>
@@ -16,19 +17,25 @@ Welcome::Welcome(QWidget* parent) : QWidget(parent) {
   page->setSpacing(8);
   page->addStretch(2);
   for (QLabel* label :
-       {makeLabel("No goals yet", TextRole::title),
-        makeLabel("Goals come from result documents: vemra-desk import DOC.json", TextRole::quiet),
-        makeLabel("To look around first, add the sample goals. Nothing else is changed.",
+       {makeLabel(localized("No goals yet"), TextRole::title),
+        makeLabel(localized("Goals come from result documents. Import them, or drop them here."),
+                  TextRole::quiet),
+        makeLabel(localized("To look around first, add the sample goals. Nothing else is "
+                            "changed."),
                   TextRole::quiet)}) {
     label->setAlignment(Qt::AlignHCenter);
     page->addWidget(label);
   }
   page->addSpacing(10);
-  auto* add = new QPushButton("Add sample goals");
-  add->setObjectName("desk.addSampleGoals");
-  add->setMinimumSize(add->sizeHint() + QSize(28, 8));
-  connect(add, &QPushButton::clicked, this, &Welcome::samplesWanted);
-  page->addWidget(add, 0, Qt::AlignHCenter);
+  const auto addButton = [&](const QString& title, const char* name, void (Welcome::*wanted)()) {
+    auto* button = new QPushButton(title);
+    button->setObjectName(QLatin1String(name));
+    button->setMinimumSize(button->sizeHint() + QSize(28, 8));
+    connect(button, &QPushButton::clicked, this, wanted);
+    page->addWidget(button, 0, Qt::AlignHCenter);
+  };
+  addButton(localized("Import…"), "desk.import", &Welcome::importWanted);
+  addButton(localized("Add sample goals"), "desk.addSampleGoals", &Welcome::samplesWanted);
   page->addStretch(3);
 }
 

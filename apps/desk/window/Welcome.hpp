@@ -4,7 +4,7 @@
 
 namespace vemra::desk {
 
-/// Shown for a store without goals: how to fill it, and a button that adds the sample goals.
+/// Shown for a store without goals: buttons that import documents or add the sample goals.
 class Welcome : public QWidget {
   Q_OBJECT
 
@@ -12,6 +12,7 @@ class Welcome : public QWidget {
   explicit Welcome(QWidget* parent = nullptr);
 
  Q_SIGNALS:
+  void importWanted();
   void samplesWanted();
 };
 

@@ -355,5 +355,153 @@
         <source>The goal was not exported.</source>
         <translation>Das Ziel wurde nicht exportiert.</translation>
     </message>
+    <message>
+        <source>No goals yet</source>
+        <translation>Noch keine Ziele</translation>
+    </message>
+    <message>
+        <source>Goals come from result documents. Import them, or drop them here.</source>
+        <translation>Ziele kommen aus Ergebnisdokumenten. Importieren Sie welche, oder ziehen Sie sie hierher.</translation>
+    </message>
+    <message>
+        <source>To look around first, add the sample goals. Nothing else is changed.</source>
+        <translation>Um sich erst umzusehen, fügen Sie die Beispielziele hinzu. Sonst wird nichts geändert.</translation>
+    </message>
+    <message>
+        <source>Import…</source>
+        <translation>Importieren …</translation>
+    </message>
+    <message>
+        <source>Add sample goals</source>
+        <translation>Beispielziele hinzufügen</translation>
+    </message>
+    <message>
+        <source>The goal could not be loaded</source>
+        <translation>Das Ziel konnte nicht geladen werden</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Verbunden</translation>
+    </message>
+    <message>
+        <source>Sources: %1</source>
+        <translation>Quellen: %1</translation>
+    </message>
+    <message>
+        <source>the sources</source>
+        <translation>die Quellen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>As %1</source>
+        <translation>Als %1</translation>
+    </message>
+    <message>
+        <source>· corrected</source>
+        <translation>· korrigiert</translation>
+    </message>
+    <message>
+        <source>Person</source>
+        <translation>Mensch</translation>
+    </message>
+    <message>
+        <source>Reference: %1</source>
+        <translation>Kennung: %1</translation>
+    </message>
+    <message>
+        <source>Worth considering for</source>
+        <translation>Kommt infrage für</translation>
+    </message>
+    <message>
+        <source>the goals</source>
+        <translation>die Ziele</translation>
+    </message>
+    <message>
+        <source>The person to reach for</source>
+        <translation>Soll erreicht werden für</translation>
+    </message>
+    <message>
+        <source>On a path for</source>
+        <translation>Auf einem Weg für</translation>
+    </message>
+    <message>
+        <source>Recorded</source>
+        <translation>Festgehalten</translation>
+    </message>
+    <message>
+        <source>the outcomes</source>
+        <translation>die Ergebnisse</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>Quelle</translation>
+    </message>
+    <message>
+        <source>What it says</source>
+        <translation>Was darin steht</translation>
+    </message>
+    <message>
+        <source>the statements</source>
+        <translation>die Aussagen</translation>
+    </message>
+    <message>
+        <source>Whom it speaks for</source>
+        <translation>Für wen sie spricht</translation>
+    </message>
+    <message>
+        <source>the people</source>
+        <translation>die Menschen</translation>
+    </message>
+    <message>
+        <source>The strongest source for them</source>
+        <translation>Die stärkste Quelle dafür</translation>
+    </message>
+    <message>
+        <source>One of several sources</source>
+        <translation>Eine von mehreren Quellen</translation>
+    </message>
+    <message>
+        <source>The store holds nothing more about this source.</source>
+        <translation>Mehr enthält der Speicher über diese Quelle nicht.</translation>
+    </message>
+    <message>
+        <source>Nobody</source>
+        <translation>Niemand</translation>
+    </message>
+    <message>
+        <source>Path to %1</source>
+        <translation>Weg zu %1</translation>
+    </message>
+    <message>
+        <source>Show more</source>
+        <translation>Mehr zeigen</translation>
+    </message>
+    <message>
+        <source>Show more of %1</source>
+        <translation>Mehr zeigen: %1</translation>
+    </message>
+    <message>
+        <source>, then </source>
+        <translation>, dann </translation>
+    </message>
+    <message>
+        <source>A path over nobody</source>
+        <translation>Ein Weg über niemanden</translation>
+    </message>
+    <message>
+        <source>Goals</source>
+        <translation>Ziele</translation>
+    </message>
+    <message>
+        <source>(no title)</source>
+        <translation>(ohne Titel)</translation>
+    </message>
+    <message>
+        <source>the text</source>
+        <translation>den Text</translation>
+    </message>
 </context>
 </TS>

@@ -7,6 +7,7 @@
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
 #include <QDropEvent>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
@@ -181,6 +182,22 @@ TEST_F(CommandsTest, TheOpenGoalIsExported) {
   window->exportGoal(QString::fromStdString(folder.file("nowhere/out.json")));
   EXPECT_TRUE(becomes(
       [&] { return texts("desk.notice").join(" ").startsWith("The goal was not exported. "); }));
+}
+
+TEST_F(CommandsTest, AnEmptyStoreOffersToImport) {
+  file = folder.file("empty.sqlite");
+  open();
+  press("desk.import");
+  auto* dialog = wait<QFileDialog>("desk.chooseDocuments");
+  ASSERT_NE(dialog, nullptr);
+  EXPECT_EQ(dialog->fileMode(), QFileDialog::ExistingFiles);
+}
+
+TEST_F(CommandsTest, TheTitleOfTheWindowNamesTheGoal) {
+  openWindow();
+  EXPECT_EQ(window->windowTitle(), "First – Vemra Desk");
+  choose("&Go", "&Next Goal");
+  EXPECT_TRUE(becomes([&] { return window->windowTitle() == "Second – Vemra Desk"; }));
 }
 
 TEST_F(CommandsTest, AboutNamesTheVersion) {

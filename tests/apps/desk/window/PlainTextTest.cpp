@@ -78,7 +78,7 @@ TEST(Welcome, SaysHowToFillTheStoreAndOffersTheSamples) {
   }
   EXPECT_EQ(texts.size(), 3);
   EXPECT_EQ(texts.value(0), "No goals yet");
-  EXPECT_TRUE(texts.value(1).contains("vemra-desk import DOC.json"));
+  EXPECT_TRUE(texts.value(1).contains("Import them, or drop them here."));
   EXPECT_EQ(welcome.objectName(), "desk.welcome");
   EXPECT_TRUE(welcome.autoFillBackground());
   EXPECT_EQ(welcome.backgroundRole(), QPalette::Base);
