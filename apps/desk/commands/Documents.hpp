@@ -1,6 +1,5 @@
 #pragma once
 
-#include "VemraGoalEngine/GoalRecords.hpp"
 #include "apps/desk/store/GoalStore.hpp"
 
 #include <string>
