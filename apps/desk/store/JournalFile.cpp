@@ -93,9 +93,8 @@ void JournalFile::replaceFrom(std::size_t offset, std::string_view text) const {
   if (::fstat(descriptor_, &before) != 0) fail("cannot be examined", errno);
   const auto start = static_cast<off_t>(offset);
   const auto giveUp = [&](int error) {
-    // If this fails too, the text that was written ends without a line feed.
-    static_cast<void>(::ftruncate(descriptor_, before.st_size));
-    fail("cannot be written", error);
+    const bool isAsBefore = ::ftruncate(descriptor_, before.st_size) == 0;
+    fail(isAsBefore ? "cannot be written" : "cannot be written, and may end in half a line", error);
   };
   std::size_t done = 0;
   while (done < text.size()) {
