@@ -4,6 +4,7 @@
 #include "apps/desk/store/Database.hpp"
 
 #include <cstdint>
+#include <new>
 #include <optional>
 
 namespace vemra::desk {
@@ -27,15 +28,20 @@ class KeptResult {
     kept_ = {goal, revision, result};
   }
 
-  /// Call it after a commit which did nothing but record an outcome.
+  /// Call it after a commit which did nothing but record an outcome. Never fails, because the outcome is
+  /// recorded: without memory for it, no result is kept.
   ///
   /// - Parameters before, after: the revisions at the beginning and at the end of the transaction.
   void addOutcome(std::int64_t goal, const GoalOutcomeDTO& outcome, Database::Revision before,
-                  Database::Revision after) {
+                  Database::Revision after) noexcept {
     if (!isOf(before)) return;
     kept_->revision = after;
-    SharedArray<GoalOutcomeDTO>& outcomes = kept_->result.outcomes;
-    if (kept_->goal == goal) outcomes = outcomes.appending({outcome});
+    if (kept_->goal != goal) return;
+    try {
+      kept_->result.outcomes = kept_->result.outcomes.appending({outcome});
+    } catch (const std::bad_alloc&) {
+      kept_.reset();
+    }
   }
 
  private:

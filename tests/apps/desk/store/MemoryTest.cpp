@@ -85,5 +85,32 @@ TEST(MemoryTest, AnAllocationThatFailsLeavesNoTransactionOpen) {
   EXPECT_LT(failures, 100) << "beyond the last allocation nothing fails";
 }
 
+TEST(MemoryTest, AnOutcomeThatIsRecordedIsNotRefusedForWantOfMemory) {
+  const TemporaryFolder folder;
+  const std::string file = folder.file("goals.sqlite");
+  GoalStore store = GoalStore::open(file);
+  store.import({goal("g1", "t")});
+  const GoalOutcomeRecordingInput input{
+      GoalOutcomeSubjectKind::person, "p1", GoalOutcomeValue::helped, repeated("note ", 20), {}};
+  std::size_t recorded = 0;
+  std::int64_t refusals = 0;
+  for (bool isRefused = true; isRefused; ++refusals) {
+    store.result("g1");
+    granted = refusals;
+    try {
+      store.record("g1", input, "o" + std::to_string(refusals));
+      ++recorded;
+    } catch (const std::exception&) {
+      // Not recorded.
+    }
+    isRefused = granted < 0;
+    granted = INT64_MAX;
+    ASSERT_EQ(GoalStore::open(file).outcomes("g1").size(), recorded)
+        << "after " << refusals << " blocks";
+  }
+  EXPECT_GT(refusals, 10);
+  EXPECT_EQ(store.result("g1"), GoalStore::open(file).result("g1"));
+}
+
 }  // namespace
 }  // namespace vemra::desk
