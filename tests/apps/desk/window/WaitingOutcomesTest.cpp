@@ -146,6 +146,19 @@ TEST_F(WaitingOutcomesTest, AnOutcomeOfAnUnknownGoalWaitsAndHoldsUpNoOtherGoal) 
   EXPECT_THAT(recorded("gone"), ElementsAre("a", "b"));
 }
 
+TEST_F(WaitingOutcomesTest, ALaterOutcomeOfTheSameGoalNeverOvertakesOneThatIsRefused) {
+  GoalStore::open(file).record("g2", entry("a", "g2").input, "a");  // the id is taken
+  start();
+  add("a");
+  add("b");
+  ASSERT_TRUE(becomes([&] { return waiting->notes().size() == 2; }));
+  EXPECT_THAT(waiting->notes()[0].reason.toStdString(), HasSubstr("has another outcome of the id"));
+  waiting->tryInTheirStore();
+  add("c", "g2");
+  ASSERT_TRUE(becomes([&] { return recorded("g2").size() == 2; }));
+  EXPECT_THAT(recorded("g1"), IsEmpty());
+}
+
 TEST_F(WaitingOutcomesTest, ADamagedJournalIsReportedAndStaysAndOutcomesAreRecordedWithoutIt) {
   folder.write("goals.sqlite-waiting", "not ours\n");
   fs::permissions(journal.file(), fs::perms::owner_read | fs::perms::owner_write);
