@@ -34,7 +34,7 @@ struct CommandLine::Parser {
   std::deque<ValueOption> options;  // the parser keeps the address of each text
   std::vector<std::string> flags;
 
-  Farewell farewell(const CLI::ParseError& error) const {
+  EarlyExit earlyExit(const CLI::ParseError& error) const {
     std::ostringstream output, diagnostic;
     const bool done = app.exit(error, output, diagnostic) == 0;
     return {done ? 0 : 2, output.str(), diagnostic.str()};
@@ -102,12 +102,12 @@ void CommandLine::read(const std::vector<std::string>& words) {
     parser->app.parse(std::move(completed));
     for (const ValueOption& option : parser->options) option.store();
   } catch (const CLI::ParseError& error) {
-    throw Ending(parser->farewell(error));
+    throw Ending(parser->earlyExit(error));
   }
 }
 
 Ending CommandLine::mistake(const std::string& text) const {
-  return Ending(parser->farewell(CLI::ParseError(text, CLI::ExitCodes::ValidationError)));
+  return Ending(parser->earlyExit(CLI::ParseError(text, CLI::ExitCodes::ValidationError)));
 }
 
 }  // namespace vemra::commandline

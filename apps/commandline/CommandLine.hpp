@@ -1,6 +1,6 @@
 #pragma once
 
-#include "apps/commandline/Farewell.hpp"
+#include "apps/commandline/EarlyExit.hpp"
 
 #include <exception>
 #include <functional>
@@ -46,10 +46,10 @@ class Syntax {
 
 /// Thrown where a command line asks for nothing to be done: it is wrong, or asks for help or the version.
 struct Ending : std::exception {
-  explicit Ending(Farewell farewell) : farewell(std::move(farewell)) {}
-  const char* what() const noexcept override { return farewell.diagnostic.c_str(); }
+  explicit Ending(EarlyExit earlyExit) : earlyExit(std::move(earlyExit)) {}
+  const char* what() const noexcept override { return earlyExit.diagnostic.c_str(); }
 
-  Farewell farewell;
+  EarlyExit earlyExit;
 };
 
 /// Reads the command line of a program, which takes `--help` and `--version` besides what it says itself.

@@ -6,8 +6,8 @@
 
 int main(int argumentCount, char** arguments) {
   const auto asked = vemra::desk::readRequest(argumentCount, arguments);
-  if (const auto* farewell = std::get_if<vemra::commandline::Farewell>(&asked)) {
-    return vemra::commandline::say(*farewell, std::cout, std::cerr);
+  if (const auto* earlyExit = std::get_if<vemra::commandline::EarlyExit>(&asked)) {
+    return vemra::commandline::print(*earlyExit, std::cout, std::cerr);
   }
   const auto& request = std::get<vemra::desk::Request>(asked);
   // A command needs no display, and starts nothing that would look for one.

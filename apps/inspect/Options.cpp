@@ -34,9 +34,9 @@ std::optional<page::Size> viewportSize(const std::string& text) {
 
 }  // namespace
 
-std::variant<Options, commandline::Farewell> readOptions(int argumentCount,
-                                                         const char* const* arguments,
-                                                         Pictures pictures) {
+std::variant<Options, commandline::EarlyExit> readOptions(int argumentCount,
+                                                          const char* const* arguments,
+                                                          Pictures pictures) {
   Options options;
   std::optional<std::string> viewport;
   commandline::CommandLine line(
@@ -74,7 +74,7 @@ std::variant<Options, commandline::Farewell> readOptions(int argumentCount,
       }
     }
   } catch (const commandline::Ending& ending) {
-    return ending.farewell;
+    return ending.earlyExit;
   }
   return options;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "VemraPlatform/page/Geometry.hpp"
-#include "apps/commandline/Farewell.hpp"
+#include "apps/commandline/EarlyExit.hpp"
 
 #include <optional>
 #include <string>
@@ -25,8 +25,8 @@ inline constexpr page::Size smallestViewport{20, 5}, largestViewport{500, 200};
 enum class Pictures { drawn, notDrawn };
 
 /// Reads the command line. Options may stand before or after the file.
-std::variant<Options, commandline::Farewell> readOptions(int argumentCount,
-                                                         const char* const* arguments,
-                                                         Pictures pictures);
+std::variant<Options, commandline::EarlyExit> readOptions(int argumentCount,
+                                                          const char* const* arguments,
+                                                          Pictures pictures);
 
 }  // namespace vemra::inspect

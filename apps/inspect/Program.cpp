@@ -62,8 +62,8 @@ int run(int argumentCount, const char* const* arguments, std::ostream& output,
         std::ostream& diagnostics, const DrawPicture& drawPicture) {
   const auto read =
       readOptions(argumentCount, arguments, drawPicture ? Pictures::drawn : Pictures::notDrawn);
-  if (const auto* farewell = std::get_if<commandline::Farewell>(&read)) {
-    return commandline::say(*farewell, output, diagnostics);
+  if (const auto* earlyExit = std::get_if<commandline::EarlyExit>(&read)) {
+    return commandline::print(*earlyExit, output, diagnostics);
   }
   const Options& options = std::get<Options>(read);
   try {

@@ -19,8 +19,8 @@ void checkGoal(const commandline::CommandLine& line, const Request& request) {
 
 }  // namespace
 
-std::variant<Request, commandline::Farewell> readRequest(int argumentCount,
-                                                         const char* const* arguments) {
+std::variant<Request, commandline::EarlyExit> readRequest(int argumentCount,
+                                                          const char* const* arguments) {
   Request request;
   commandline::CommandLine line("vemra-desk",
                                 "Shows the goals of a store and records what came of them.");
@@ -50,7 +50,7 @@ std::variant<Request, commandline::Farewell> readRequest(int argumentCount,
     line.read(commandline::wordsOf(argumentCount, arguments));
     checkGoal(line, request);
   } catch (const commandline::Ending& ending) {
-    return ending.farewell;
+    return ending.earlyExit;
   }
   return request;
 }

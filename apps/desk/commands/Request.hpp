@@ -1,6 +1,6 @@
 #pragma once
 
-#include "apps/commandline/Farewell.hpp"
+#include "apps/commandline/EarlyExit.hpp"
 
 #include <optional>
 #include <string>
@@ -22,7 +22,7 @@ struct Request {
 };
 
 /// Reads a command line. `--store` may stand before the name of a command or anywhere behind it.
-std::variant<Request, commandline::Farewell> readRequest(int argumentCount,
-                                                         const char* const* arguments);
+std::variant<Request, commandline::EarlyExit> readRequest(int argumentCount,
+                                                          const char* const* arguments);
 
 }  // namespace vemra::desk

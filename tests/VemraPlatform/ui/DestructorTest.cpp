@@ -73,9 +73,9 @@ class DestructorTest : public ::testing::Test {
   }
 
   /// Reads the whole graph and the removed node `gone`, and writes the state of a view.
-  Held farewell() {
+  Held onDestruction() {
     return std::make_shared<OnDestruction>([this, &its = *graph] {
-      ++farewells;
+      ++destructions;
       readAll(its, its.root());
       for (const NodeID id : gone) {
         EXPECT_FALSE(its.find(id)) << "gone as a whole";
@@ -100,21 +100,21 @@ class DestructorTest : public ::testing::Test {
     for (const Node* child : node->children) nameAsGone(child);
   }
   void expectOneDestruction() {
-    EXPECT_EQ(farewells, 1);
+    EXPECT_EQ(destructions, 1);
     EXPECT_EQ(texts(graph->root()).front(), "counter=1") << "the written state is shown";
   }
 
   Nowhere nowhere;
   std::unique_ptr<ViewGraph> graph = std::make_unique<ViewGraph>();
   std::vector<NodeID> gone;
-  int farewells = 0;
+  int destructions = 0;
 };
 
 }  // namespace
 
 TEST_F(DestructorTest, OfAnActionInARemovedSubtree) {
   // Made in a body, so that nothing but the button's own node has the action.
-  Held held = farewell();
+  Held held = onDestruction();
   const Body inner{[&] { return holding(std::exchange(held, nullptr)); }};
   graph->setRoot(Group({Counter{}, Group({Text("x"), Group({inner, Text("y")})})}));
   nameAsGone(graph->root()->children[1]);
@@ -125,7 +125,7 @@ TEST_F(DestructorTest, OfAnActionInARemovedSubtree) {
 TEST_F(DestructorTest, OfAStateInARemovedSubtree) {
   std::optional<LocalState<Holding::State>> lent;
   graph->setRoot(Group({Counter{}, Group({Text("x"), Holding{&lent}, Text("y")})}));
-  lent->set(&Holding::State::held, farewell());
+  lent->set(&Holding::State::held, onDestruction());
   lent.reset();
   nameAsGone(graph->root()->children[1]);
   graph->setRoot(Group({Counter{}, Text("z")}));
@@ -133,7 +133,7 @@ TEST_F(DestructorTest, OfAStateInARemovedSubtree) {
 }
 
 TEST_F(DestructorTest, OfARowThatGoesToSleepAndOfADescribedRow) {
-  std::vector<Held> held = {farewell(), farewell()};
+  std::vector<Held> held = {onDestruction(), onDestruction()};
   graph->setRoot(Group({Counter{}, list({{"a"}, {"b"}, {"c"}}, [&](const Line& line) -> View {
                           if (line.id == "c") return Text("c");
                           return Group({Text(verbatim(line.id)), holding(held[line.id == "b"])});
@@ -147,7 +147,7 @@ TEST_F(DestructorTest, OfARowThatGoesToSleepAndOfADescribedRow) {
   nameAsGone(graph->find(graph->lookAtRow(forEach, 1)));
   held[1].reset();
   graph->setRoot(Group({Counter{}}));
-  EXPECT_EQ(farewells, 2);
+  EXPECT_EQ(destructions, 2);
 }
 
 TEST_F(DestructorTest, OfASleepingStateWhoseRowIsRemoved) {
@@ -161,30 +161,30 @@ TEST_F(DestructorTest, OfASleepingStateWhoseRowIsRemoved) {
   graph->setRoot(screen({{"a"}, {"b"}}));
   const NodeID forEach = graph->root()->children[1]->id;
   graph->showRows(forEach, {{0, 1}});
-  lent->set(&Holding::State::held, farewell());
+  lent->set(&Holding::State::held, onDestruction());
   lent.reset();
   nameAsGone(graph->find(forEach)->children[0]);
   graph->showRows(forEach, {{1, 2}});
-  EXPECT_EQ(farewells, 0) << "it sleeps";
+  EXPECT_EQ(destructions, 0) << "it sleeps";
   graph->setRoot(screen({{"b"}}));
   expectOneDestruction();
 }
 
 TEST_F(DestructorTest, OfTheWholeTree) {
-  View root = Group({Counter{}, Group({holding(farewell())})});
+  View root = Group({Counter{}, Group({holding(onDestruction())})});
   graph->setRoot(std::exchange(root, View()));
   nameAsGone(graph->root());
   graph->setRoot(View());
-  EXPECT_EQ(farewells, 1);
+  EXPECT_EQ(destructions, 1);
   EXPECT_FALSE(graph->root());
 }
 
 TEST_F(DestructorTest, OfTheGraphItself) {
-  graph->setRoot(Group({Counter{}, Group({Text("x"), Group({holding(farewell())})})}));
+  graph->setRoot(Group({Counter{}, Group({Text("x"), Group({holding(onDestruction())})})}));
   nameAsGone(graph->root());
   graph->detach();
   graph.reset();
-  EXPECT_EQ(farewells, 1);
+  EXPECT_EQ(destructions, 1);
 }
 
 }  // namespace vemra::ui

@@ -17,12 +17,12 @@ namespace {
 
 /// A value that says goodbye.
 struct Mortal {
-  explicit Mortal(std::function<void()> farewell) : farewell_(std::move(farewell)) {}
-  Mortal(Mortal&& other) noexcept : farewell_(std::exchange(other.farewell_, nullptr)) {}
+  explicit Mortal(std::function<void()> onDestruction) : onDestruction_(std::move(onDestruction)) {}
+  Mortal(Mortal&& other) noexcept : onDestruction_(std::exchange(other.onDestruction_, nullptr)) {}
   ~Mortal() {
-    if (farewell_) farewell_();
+    if (onDestruction_) onDestruction_();
   }
-  std::function<void()> farewell_;
+  std::function<void()> onDestruction_;
 };
 
 }  // namespace
@@ -69,20 +69,20 @@ TEST(NodeTable, NothingIsThereForAnIdOfNothing) {
 }
 
 TEST(NodeTable, EveryValueIsDestroyedOnce) {
-  int farewells = 0;
+  int destructions = 0;
   {
     NodeTable<Mortal> table;
     for (std::uint64_t id = 1; id <= 100; ++id) {
-      table.insert(NodeID{id}, Mortal([&] { ++farewells; }));
+      table.insert(NodeID{id}, Mortal([&] { ++destructions; }));
     }
     for (std::uint64_t id = 1; id <= 100; id += 2) table.erase(NodeID{id});
     table.erase(NodeID{1});
-    EXPECT_EQ(farewells, 50);
+    EXPECT_EQ(destructions, 50);
     const NodeTable<Mortal> moved = std::move(table);
-    EXPECT_EQ(farewells, 50);
+    EXPECT_EQ(destructions, 50);
     EXPECT_NE(moved.find(NodeID{2}), nullptr);
   }
-  EXPECT_EQ(farewells, 100);
+  EXPECT_EQ(destructions, 100);
 }
 
 TEST(NodeTable, AValueThatGoesSeesTheOthersAndNotItself) {

@@ -25,11 +25,11 @@ class CommandLineTest : public testing::Test {
   }
 
   /// What the words end with; exit code -1 where they were read.
-  Farewell ending(const Words& words) {
+  EarlyExit ending(const Words& words) {
     try {
       line.read(words);
     } catch (const Ending& ending) {
-      return ending.farewell;
+      return ending.earlyExit;
     }
     return {-1, "", ""};
   }
@@ -63,18 +63,18 @@ TEST_F(CommandLineTest, AnOptionMayHaveAnEmptyValue) {
 TEST_F(CommandLineTest, AnOptionMayStandBeforeACommandOrBehindItButOnce) {
   line.read({"--name", "n", "add", "a"});
   EXPECT_EQ(name, "n");
-  const Farewell farewell = ending({"--name", "n", "add", "--name", "m", "a"});
-  EXPECT_EQ(farewell.exitCode, 2);
-  EXPECT_NE(farewell.diagnostic.find("--name: is given twice"), std::string::npos)
-      << farewell.diagnostic;
+  const EarlyExit earlyExit = ending({"--name", "n", "add", "--name", "m", "a"});
+  EXPECT_EQ(earlyExit.exitCode, 2);
+  EXPECT_NE(earlyExit.diagnostic.find("--name: is given twice"), std::string::npos)
+      << earlyExit.diagnostic;
 }
 
 TEST_F(CommandLineTest, AFlagTakesNoValue) {
   for (const char* const word : {"--loud=0", "--loud=true", "--loud="}) {
-    const Farewell farewell = ending({word});
-    EXPECT_EQ(farewell.exitCode, 2);
-    EXPECT_NE(farewell.diagnostic.find("--loud: takes no value"), std::string::npos)
-        << farewell.diagnostic;
+    const EarlyExit earlyExit = ending({word});
+    EXPECT_EQ(earlyExit.exitCode, 2);
+    EXPECT_NE(earlyExit.diagnostic.find("--loud: takes no value"), std::string::npos)
+        << earlyExit.diagnostic;
   }
   line.read({"add", "--", "--loud=0"});
   EXPECT_EQ(files, Words{"--loud=0"}) << "behind -- it is a word";
@@ -88,37 +88,37 @@ TEST(CommandLineWordTest, AWordMustBeThere) {
     line.read({});
     FAIL() << "FILE is required";
   } catch (const Ending& ending) {
-    EXPECT_EQ(ending.farewell.exitCode, 2);
-    EXPECT_NE(ending.farewell.diagnostic.find("FILE is required"), std::string::npos);
+    EXPECT_EQ(ending.earlyExit.exitCode, 2);
+    EXPECT_NE(ending.earlyExit.diagnostic.find("FILE is required"), std::string::npos);
   }
   line.read({"a"});
   EXPECT_EQ(file, "a");
 }
 
 TEST_F(CommandLineTest, TheVersionStandsBehindTheProgramsName) {
-  const Farewell farewell = ending({"--version", "add"});
-  EXPECT_EQ(farewell.exitCode, 0);
-  EXPECT_EQ(farewell.output, "program " + version() + "\n");
-  EXPECT_EQ(farewell.diagnostic, "");
+  const EarlyExit earlyExit = ending({"--version", "add"});
+  EXPECT_EQ(earlyExit.exitCode, 0);
+  EXPECT_EQ(earlyExit.output, "program " + version() + "\n");
+  EXPECT_EQ(earlyExit.diagnostic, "");
 }
 
 TEST_F(CommandLineTest, HelpEndsWithZeroAndAMistakeWithTwo) {
-  const Farewell help = ending({"--help"});
+  const EarlyExit help = ending({"--help"});
   EXPECT_EQ(help.exitCode, 0);
   EXPECT_NE(help.output.find("Does something."), std::string::npos);
   EXPECT_EQ(help.diagnostic, "");
-  const Farewell mistake = ending({"--nothing"});
+  const EarlyExit mistake = ending({"--nothing"});
   EXPECT_EQ(mistake.exitCode, 2);
   EXPECT_EQ(mistake.output, "");
   EXPECT_NE(mistake.diagnostic.find("--nothing"), std::string::npos) << mistake.diagnostic;
-  const Farewell own = line.mistake("--name: is too long").farewell;
+  const EarlyExit own = line.mistake("--name: is too long").earlyExit;
   EXPECT_EQ(own.exitCode, 2);
   EXPECT_EQ(own.diagnostic.rfind("--name: is too long\n", 0), 0u) << own.diagnostic;
 }
 
-TEST(FarewellTest, IsWrittenToBothStreams) {
+TEST(EarlyExitTest, IsWrittenToBothStreams) {
   std::ostringstream output, diagnostics;
-  EXPECT_EQ(say({2, "out", "wrong"}, output, diagnostics), 2);
+  EXPECT_EQ(print({2, "out", "wrong"}, output, diagnostics), 2);
   EXPECT_EQ(output.str(), "out");
   EXPECT_EQ(diagnostics.str(), "wrong");
 }

@@ -7,10 +7,10 @@
 namespace vemra::inspect {
 namespace {
 
-using commandline::Farewell;
+using commandline::EarlyExit;
 
-std::variant<Options, Farewell> readArguments(std::vector<const char*> arguments,
-                                              Pictures pictures = Pictures::drawn) {
+std::variant<Options, EarlyExit> readArguments(std::vector<const char*> arguments,
+                                               Pictures pictures = Pictures::drawn) {
   arguments.insert(arguments.begin(), "vemra-inspect");
   return readOptions(static_cast<int>(arguments.size()), arguments.data(), pictures);
 }
@@ -49,15 +49,15 @@ TEST(OptionsTest, RefusesWhatIsNoSizeOfAViewport) {
   for (const char* size : {"", "80", "80x", "x24", "80X24", "80 x 24", "19x24", "80x4", "501x24",
                            "80x201", "-80x24", "+80x24", "80x24x", "99999999999x24", "0x50x18"}) {
     const auto read = readArguments({"case.json", "--viewport", size});
-    const auto* const farewell = std::get_if<Farewell>(&read);
-    ASSERT_TRUE(farewell) << size;
-    EXPECT_EQ(farewell->exitCode, 2) << size;
+    const auto* const earlyExit = std::get_if<EarlyExit>(&read);
+    ASSERT_TRUE(earlyExit) << size;
+    EXPECT_EQ(earlyExit->exitCode, 2) << size;
   }
 }
 
 TEST(OptionsTest, AViewportTakesThePlaceOfTheOtherReports) {
   for (const char* other : {"--outline", "--trace"}) {
-    EXPECT_TRUE(std::holds_alternative<Farewell>(
+    EXPECT_TRUE(std::holds_alternative<EarlyExit>(
         readArguments({"case.json", "--viewport", "80x24", other})));
   }
   EXPECT_TRUE(std::holds_alternative<Options>(
@@ -121,43 +121,43 @@ TEST(OptionsTest, RefusesOtherCommandLines) {
   };
   for (const auto& [arguments, named] : lines) {
     const auto answer = readArguments(arguments);
-    ASSERT_TRUE(std::holds_alternative<Farewell>(answer)) << ::testing::PrintToString(arguments);
-    const auto& farewell = std::get<Farewell>(answer);
-    EXPECT_EQ(farewell.exitCode, 2) << ::testing::PrintToString(arguments);
-    EXPECT_EQ(farewell.output, "") << ::testing::PrintToString(arguments);
-    EXPECT_NE(farewell.diagnostic.find(named), std::string::npos)
-        << ::testing::PrintToString(arguments) << ": " << farewell.diagnostic;
+    ASSERT_TRUE(std::holds_alternative<EarlyExit>(answer)) << ::testing::PrintToString(arguments);
+    const auto& earlyExit = std::get<EarlyExit>(answer);
+    EXPECT_EQ(earlyExit.exitCode, 2) << ::testing::PrintToString(arguments);
+    EXPECT_EQ(earlyExit.output, "") << ::testing::PrintToString(arguments);
+    EXPECT_NE(earlyExit.diagnostic.find(named), std::string::npos)
+        << ::testing::PrintToString(arguments) << ": " << earlyExit.diagnostic;
   }
 }
 
 TEST(OptionsTest, WritesTheVersion) {
-  const auto farewell = std::get<Farewell>(readArguments({"--version"}));
-  EXPECT_EQ(farewell.exitCode, 0);
-  EXPECT_EQ(farewell.output, "vemra-inspect " + commandline::version() + "\n");
+  const auto earlyExit = std::get<EarlyExit>(readArguments({"--version"}));
+  EXPECT_EQ(earlyExit.exitCode, 0);
+  EXPECT_EQ(earlyExit.output, "vemra-inspect " + commandline::version() + "\n");
 }
 
 TEST(OptionsTest, AreThoseOfTheManualPageAndTheCompletion) {
   using commandline::sample::fileText, commandline::sample::optionsIn;
-  const auto options = optionsIn(std::get<Farewell>(readArguments({"--help"})).output);
+  const auto options = optionsIn(std::get<EarlyExit>(readArguments({"--help"})).output);
   EXPECT_EQ(options.count("--png"), 1u);
   EXPECT_EQ(optionsIn(fileText("packaging/man/vemra-inspect.1.in")), options);
   EXPECT_EQ(optionsIn(fileText("packaging/completions/vemra-inspect")), options);
 }
 
 TEST(OptionsTest, Helps) {
-  const auto farewell = std::get<Farewell>(readArguments({"--help"}));
-  EXPECT_EQ(farewell.exitCode, 0);
-  EXPECT_EQ(farewell.diagnostic, "");
+  const auto earlyExit = std::get<EarlyExit>(readArguments({"--help"}));
+  EXPECT_EQ(earlyExit.exitCode, 0);
+  EXPECT_EQ(earlyExit.diagnostic, "");
   for (const char* part : {"vemra-inspect", "CASE", "--trace", "--outline", "--png"}) {
-    EXPECT_NE(farewell.output.find(part), std::string::npos) << farewell.output;
+    EXPECT_NE(earlyExit.output.find(part), std::string::npos) << earlyExit.output;
   }
 }
 
 TEST(OptionsTest, RefusesAPictureThatCannotBeDrawn) {
-  const auto farewell =
-      std::get<Farewell>(readArguments({"a.json", "--png", "p.png"}, Pictures::notDrawn));
-  EXPECT_EQ(farewell.exitCode, 2);
-  EXPECT_NE(farewell.diagnostic.find("draws no pictures"), std::string::npos);
+  const auto earlyExit =
+      std::get<EarlyExit>(readArguments({"a.json", "--png", "p.png"}, Pictures::notDrawn));
+  EXPECT_EQ(earlyExit.exitCode, 2);
+  EXPECT_NE(earlyExit.diagnostic.find("draws no pictures"), std::string::npos);
 }
 
 }  // namespace

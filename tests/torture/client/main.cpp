@@ -28,8 +28,8 @@ int talk() {
 int main(int argumentCount, char** arguments) {
   if (argumentCount == 2 && std::string_view(arguments[1]) == "talk") return talk();
   const auto asked = vemra::desk::readRequest(argumentCount, arguments);
-  if (const auto* farewell = std::get_if<vemra::commandline::Farewell>(&asked)) {
-    return vemra::commandline::say(*farewell, std::cout, std::cerr);
+  if (const auto* earlyExit = std::get_if<vemra::commandline::EarlyExit>(&asked)) {
+    return vemra::commandline::print(*earlyExit, std::cout, std::cerr);
   }
   return vemra::desk::runCommand(std::get<vemra::desk::Request>(asked), std::cout, std::cerr);
 }

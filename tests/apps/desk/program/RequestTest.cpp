@@ -12,16 +12,16 @@ namespace {
 using ::testing::HasSubstr;
 
 /// What a command line is answered with instead of being carried out.
-commandline::Farewell farewellTo(std::vector<const char*> words) {
+commandline::EarlyExit earlyExitFor(std::vector<const char*> words) {
   words.insert(words.begin(), "vemra-desk");
   const auto read = readRequest(static_cast<int>(words.size()), words.data());
-  const auto* farewell = std::get_if<commandline::Farewell>(&read);
-  return farewell != nullptr ? *farewell : commandline::Farewell{};
+  const auto* earlyExit = std::get_if<commandline::EarlyExit>(&read);
+  return earlyExit != nullptr ? *earlyExit : commandline::EarlyExit{};
 }
 
 /// What is wrong with a command line, "" where it is a request.
 std::string diagnosticOf(std::vector<const char*> words) {
-  return farewellTo(std::move(words)).diagnostic;
+  return earlyExitFor(std::move(words)).diagnostic;
 }
 
 TEST(RequestTest, AnOptionThatIsGivenTwiceIsNamed) {
@@ -47,12 +47,12 @@ TEST(RequestTest, ACommandLineHasOneCommandOrNone) {
 
 TEST(RequestTest, TheManualPageAndTheCompletionHaveTheOptionsAndCommands) {
   using commandline::sample::fileText, commandline::sample::optionsIn;
-  std::string help = farewellTo({"--help"}).output;
+  std::string help = earlyExitFor({"--help"}).output;
   const std::string page = fileText("packaging/man/vemra-desk.1.in");
   const std::string completion = fileText("packaging/completions/vemra-desk");
   for (const char* command : {"import", "goals", "outcomes", "export"}) {
     EXPECT_THAT(help, HasSubstr(command));
-    help += farewellTo({command, "--help"}).output;
+    help += earlyExitFor({command, "--help"}).output;
     EXPECT_THAT(page, HasSubstr(command));
     EXPECT_THAT(completion, HasSubstr(command));
   }
@@ -61,13 +61,13 @@ TEST(RequestTest, TheManualPageAndTheCompletionHaveTheOptionsAndCommands) {
 }
 
 TEST(RequestTest, TheVersionIsWrittenOnOneLine) {
-  const commandline::Farewell farewell = farewellTo({"--version"});
-  EXPECT_EQ(farewell.exitCode, 0);
-  EXPECT_EQ(farewell.output, "vemra-desk " + commandline::version() + "\n");
+  const commandline::EarlyExit earlyExit = earlyExitFor({"--version"});
+  EXPECT_EQ(earlyExit.exitCode, 0);
+  EXPECT_EQ(earlyExit.output, "vemra-desk " + commandline::version() + "\n");
 }
 
 TEST(RequestTest, HelpSaysWhatEachCommandAndOptionIsFor) {
-  const std::string help = farewellTo({"--help"}).output;
+  const std::string help = earlyExitFor({"--help"}).output;
   for (const char* purpose :
        {"Store result documents, all of them or none", "List the goals: id, a tab, title",
         "Write what was recorded for a goal, as JSON", "Write a goal's current result document",
@@ -75,10 +75,10 @@ TEST(RequestTest, HelpSaysWhatEachCommandAndOptionIsFor) {
         "The store, an SQLite 3 file; the user's own without it"}) {
     EXPECT_THAT(help, HasSubstr(purpose));
   }
-  EXPECT_THAT(farewellTo({"import", "--help"}).output,
+  EXPECT_THAT(earlyExitFor({"import", "--help"}).output,
               HasSubstr("Result documents; - is standard input"));
   for (const char* command : {"export", "outcomes"}) {
-    EXPECT_THAT(farewellTo({command, "--help"}).output, HasSubstr("The goal")) << command;
+    EXPECT_THAT(earlyExitFor({command, "--help"}).output, HasSubstr("The goal")) << command;
   }
 }
 
