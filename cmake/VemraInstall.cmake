@@ -18,7 +18,7 @@ foreach(library IN LISTS libraries)
   get_target_property(component ${library} EXPORT_NAME)
   list(APPEND VEMRA_COMPONENTS ${component})
   set(export_set VemraTargets)
-  if(library STREQUAL "VemraQt")
+  if(library MATCHES "^Vemra(Qt|Gallery)$")
     set(export_set VemraQtTargets)
   endif()
   install(TARGETS ${library} EXPORT ${export_set}
@@ -75,9 +75,11 @@ vemra_pkg_config(vemra-testing "Views mounted without a window, for tests"
 if(TARGET VemraQt)
   vemra_pkg_config(vemra-qt "Views in a Qt window"
     LIBRARIES VemraQt REQUIRES vemra-platform Qt6Widgets Qt6DBus)
+  vemra_pkg_config(vemra-gallery "Views in all their states, in a window or a book of web pages"
+    LIBRARIES VemraGallery REQUIRES vemra-qt vemra-testing)
 endif()
 
-foreach(program vemra_inspect vemra_desk)
+foreach(program vemra_inspect vemra_desk vemra_gallery)
   if(TARGET ${program})
     install(TARGETS ${program} RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT programs)
   endif()

@@ -62,6 +62,14 @@ TEST(Task, MovesWithItsWork) {
   EXPECT_EQ(runs.use_count(), 1);
 }
 
+TEST(Task, IsReplacedByAnAssignmentAndFreesWhatItHeld) {
+  const auto held = std::make_shared<int>(1);
+  Task<int> task = [](std::shared_ptr<int> value) -> Task<int> { co_return *value; }(held);
+  task = give(2);
+  EXPECT_EQ(held.use_count(), 1);
+  EXPECT_EQ(wait(std::move(task)), 2);
+}
+
 TEST(Task, GivesAValueThatOnlyMoves) {
   struct Source {
     static Task<std::unique_ptr<int>> make() { co_return std::make_unique<int>(5); }

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "VemraGallery/Gallery.hpp"
+
+#include <memory>
+
+#include <QFrame>
+
+namespace vemra::qt {
+class ViewWidget;
+}
+
+namespace vemra::gallery {
+
+/// A specimen with its name, in a window of the gallery.
+class Card : public QFrame {
+  Q_OBJECT
+
+ public:
+  /// `specimen` must outlive the card.
+  Card(const Specimen& specimen, QWidget* parent);
+  ~Card() override;
+
+  /// Shows the specimen in an environment and so many pixels wide. In another language it is mounted anew, in
+  /// which what was typed into it is lost.
+  void show(const ui::Environment& environment, int width);
+
+  /// Makes the card as high as its view, within bounds. Only a card on the screen knows how high that is.
+  void fit();
+
+  const Specimen& specimen() const { return specimen_; }
+  /// Whether name, section, description, texts or identifiers contain the text, in any case.
+  bool contains(const QString& text) const;
+  const qt::ViewWidget& view() const { return *view_; }
+
+ private:
+  void mountAnew(const ui::Environment& environment);
+
+  const Specimen& specimen_;
+  QString searched_;  ///< what `contains` looks through
+  std::unique_ptr<testing::Screen> screen_;
+  qt::ViewWidget* view_ = nullptr;
+};
+
+}  // namespace vemra::gallery

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "VemraGallery/Gallery.hpp"
+#include "VemraPlatform/Export.hpp"
+
+#include <memory>
+#include <vector>
+
+#include <QPalette>
+#include <QWidget>
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QScrollArea;
+
+namespace vemra::gallery {
+
+class Card;
+
+/// A window that shows all specimens of a gallery beside each other, with switches for the language, the colours,
+/// the text size, the direction and the width, and a field to look for a specimen.
+///
+/// The switch to high contrast sets the palette of the application. The gallery must outlive the window. Main
+/// thread only.
+class VEMRA_EXPORT GalleryWindow : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit GalleryWindow(const Gallery& gallery, QWidget* parent = nullptr);
+  ~GalleryWindow() override;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QComboBox* addSwitch(const QString& title, const QString& name, const QStringList& choices);
+  void addCards(const Gallery& gallery);
+  void restyle();
+  void find();
+  void arrange();
+
+  const Gallery& gallery_;
+  const QPalette systemPalette_;
+  QWidget* switches_ = nullptr;
+  QComboBox *language_ = nullptr, *colours_ = nullptr, *textSize_ = nullptr, *direction_ = nullptr,
+            *width_ = nullptr;
+  QLineEdit* search_ = nullptr;
+  QLabel* found_ = nullptr;
+  QScrollArea* area_ = nullptr;
+  std::vector<QLabel*> headings_;  ///< of the sections
+  std::vector<std::unique_ptr<Card>> cards_;
+};
+
+}  // namespace vemra::gallery

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "VemraGallery/Gallery.hpp"
+
+namespace vemra::gallery {
+
+/// Adds every face of the goal result screen to a gallery: reasons, gaps, the path, the footer, the control
+/// that records outcomes, long and foreign texts, and ten thousand people.
+void addGoalFaces(Gallery& gallery);
+
+}  // namespace vemra::gallery
