@@ -18,6 +18,14 @@ struct FileIdentity {
 /// cannot be examined.
 std::optional<FileIdentity> identityAt(const std::string& path);
 
+/// A text that identifies the file at a path also after a restart of the system; "" when there is no
+/// file or it cannot be examined.
+///
+/// It consists of the inode and the time at which the file was made: a copy of a file, and a file
+/// that gets the inode of a removed one, have other texts. The number of a device may change when
+/// the system starts, so it is used only where the file system keeps no such time.
+std::string fileMarkAt(const std::string& path);
+
 /// Whether a path certainly does not exist; false when the path cannot be examined.
 bool isMissing(const std::string& path);
 

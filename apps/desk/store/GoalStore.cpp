@@ -11,7 +11,6 @@
 #include "apps/documents/DocumentError.hpp"
 
 #include <chrono>
-#include <ctime>
 #include <filesystem>
 #include <system_error>
 #include <thread>
@@ -52,16 +51,6 @@ auto despiteRemovals(const Open& open) {
     }
   }
   return open();
-}
-
-/// The current time as an internet date-time in UTC.
-std::string now() {
-  const std::time_t time = std::time(nullptr);
-  std::tm parts{};
-  gmtime_r(&time, &parts);
-  char text[32];
-  const std::size_t length = std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &parts);
-  return {text, length};
 }
 
 /// A transaction on a database whose schema has been confirmed.
@@ -212,7 +201,7 @@ std::vector<LeftOutOutcome> GoalStore::importWithin(
 }
 
 GoalOutcomeDTO GoalStore::record(const std::string& goalID, const GoalOutcomeRecordingInput& input,
-                                 const std::string& outcomeID) {
+                                 const std::string& outcomeID, const std::string& recordedAt) {
   Work work(database_, schema_, writing);
   const std::int64_t goal = findOrThrow(goalID);
   const Database::Revision start = database_.revision();
@@ -223,7 +212,7 @@ GoalOutcomeDTO GoalStore::record(const std::string& goalID, const GoalOutcomeRec
   outcome.subjectRef = input.subjectRef;
   outcome.value = input.outcome;
   outcome.note = input.note;
-  outcome.recordedAt = now();
+  outcome.recordedAt = recordedAt;
   outcome.correctsOutcomeID = input.correctsOutcomeID;
   std::optional<GoalOutcomeDTO> before = recordedBefore(database_, goal, outcome);
   if (!before) OutcomeInsertion(database_).append(goal, outcome);

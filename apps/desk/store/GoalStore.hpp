@@ -5,6 +5,7 @@
 #include "apps/desk/store/Database.hpp"
 #include "apps/desk/store/KeptResult.hpp"
 #include "apps/desk/store/Knowledge.hpp"
+#include "apps/desk/store/Now.hpp"
 #include "apps/desk/store/OutcomeID.hpp"
 #include "apps/desk/store/Schema.hpp"
 
@@ -88,8 +89,10 @@ class GoalStore {
   /// recorded again; the call makes its record durable and returns it.
   /// - Parameter outcomeID: from `newOutcomeID`. When the store has a different outcome with that
   ///   id, this throws a `StoreError`.
+  /// - Parameter recordedAt: the date of the record; a record of an earlier try keeps its date.
   GoalOutcomeDTO record(const std::string& goalID, const GoalOutcomeRecordingInput& input,
-                        const std::string& outcomeID = newOutcomeID());
+                        const std::string& outcomeID = newOutcomeID(),
+                        const std::string& recordedAt = now());
 
   PersonKnowledge person(const std::string& personRef);
   EvidenceKnowledge evidence(const std::string& evidenceID);

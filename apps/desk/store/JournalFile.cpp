@@ -1,10 +1,9 @@
 #include "apps/desk/store/JournalFile.hpp"
 
-#include "apps/desk/store/FileIdentity.hpp"
 #include "apps/desk/store/StoreError.hpp"
 
+#include <algorithm>
 #include <cerrno>
-#include <chrono>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
@@ -17,7 +16,22 @@
 namespace vemra::desk {
 namespace {
 
-constexpr off_t largest = off_t{64} << 20;
+using namespace std::chrono_literals;
+
+constexpr auto pause = 2ms;  // between two tries to lock
+
+/// Writes the text at an offset. Returns 0, or the error of the system.
+int write(int descriptor, std::string_view text, std::size_t offset) {
+  while (!text.empty()) {
+    const ssize_t count =
+        ::pwrite(descriptor, text.data(), text.size(), static_cast<off_t>(offset));
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return errno;
+    text.remove_prefix(static_cast<std::size_t>(count));
+    offset += static_cast<std::size_t>(count);
+  }
+  return 0;
+}
 
 }  // namespace
 
@@ -28,7 +42,9 @@ JournalFile::~JournalFile() {
   if (descriptor_ >= 0) ::close(descriptor_);
 }
 
-std::optional<JournalFile> JournalFile::open(const std::string& path, Missing missing) {
+std::optional<JournalFile> JournalFile::open(const std::string& path, Missing missing,
+                                             std::chrono::milliseconds patience) {
+  const Deadline deadline = std::chrono::steady_clock::now() + patience;
   while (true) {
     const int create = missing == Missing::isCreated ? O_CREAT : 0;
     // Without O_NONBLOCK, a pipe in its place would stop the program.
@@ -38,25 +54,29 @@ std::optional<JournalFile> JournalFile::open(const std::string& path, Missing mi
     JournalFile file(path, descriptor);
     if (descriptor < 0) file.fail("cannot be opened", errno);
     file.checkOwner();
-    file.lock();
-    // Another program may have removed the file between the opening and the lock.
+    file.lock(deadline);
+    // Another program may have removed or replaced the file between the opening and the lock.
     if (file.isAtItsPath()) return file;
+    if (std::chrono::steady_clock::now() > deadline) throw StoreBusy(path);
   }
 }
 
 bool JournalFile::isAtItsPath() const {
-  struct stat status {};
-  if (::fstat(descriptor_, &status) != 0) fail("cannot be examined", errno);
-  return identityAt(path_) == FileIdentity{status.st_dev, status.st_ino};
+  struct stat open {};
+  if (::fstat(descriptor_, &open) != 0) fail("cannot be examined", errno);
+  struct stat there {};
+  if (::stat(path_.c_str(), &there) != 0) {
+    if (errno != ENOENT) fail("cannot be examined", errno);
+    return false;
+  }
+  return there.st_dev == open.st_dev && there.st_ino == open.st_ino;
 }
 
-void JournalFile::lock() const {
-  using namespace std::chrono_literals;
-  const auto deadline = std::chrono::steady_clock::now() + 2s;
+void JournalFile::lock(Deadline deadline) const {
   while (::flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
     if (errno != EWOULDBLOCK && errno != EINTR) fail("cannot be locked", errno);
     if (std::chrono::steady_clock::now() > deadline) throw StoreBusy(path_);
-    std::this_thread::sleep_for(2ms);
+    std::this_thread::sleep_for(pause);
   }
 }
 
@@ -70,11 +90,16 @@ void JournalFile::checkOwner() const {
   }
 }
 
-std::string JournalFile::read() const {
+std::size_t JournalFile::size() const {
   struct stat status {};
   if (::fstat(descriptor_, &status) != 0) fail("cannot be examined", errno);
-  if (status.st_size > largest) throw StoreError(path_, "is longer than 64 MiB");
-  std::string text(static_cast<std::size_t>(status.st_size), '\0');
+  return static_cast<std::size_t>(status.st_size);
+}
+
+std::string JournalFile::read() const {
+  const std::size_t bytes = size();
+  if (bytes > most) throw StoreError(path_, "is longer than 64 MiB");
+  std::string text(bytes, '\0');
   std::size_t length = 0;
   while (length < text.size()) {
     const ssize_t count = ::pread(descriptor_, text.data() + length, text.size() - length,
@@ -88,30 +113,46 @@ std::string JournalFile::read() const {
   return text;
 }
 
-void JournalFile::replaceFrom(std::size_t offset, std::string_view text) const {
-  struct stat before {};
-  if (::fstat(descriptor_, &before) != 0) fail("cannot be examined", errno);
-  const auto start = static_cast<off_t>(offset);
-  const auto giveUp = [&](int error) {
-    const bool isAsBefore = ::ftruncate(descriptor_, before.st_size) == 0;
-    fail(isAsBefore ? "cannot be written" : "cannot be written, and may end in half a line", error);
-  };
-  std::size_t done = 0;
-  while (done < text.size()) {
-    const ssize_t count = ::pwrite(descriptor_, text.data() + done, text.size() - done,
-                                   start + static_cast<off_t>(done));
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) giveUp(errno);
-    done += static_cast<std::size_t>(count);
+void JournalFile::replaceFrom(std::size_t offset, std::string_view text, Sync sync) const {
+  std::size_t before = size();
+  // A longer rest goes first: behind a shorter text, its end would stay for a moment.
+  if (before > offset + text.size()) {
+    if (::ftruncate(descriptor_, static_cast<off_t>(offset)) != 0) {
+      fail("cannot be written", errno);
+    }
+    before = offset;
   }
-  if (::ftruncate(descriptor_, start + static_cast<off_t>(text.size())) != 0) giveUp(errno);
-  if (::fsync(descriptor_) != 0) giveUp(errno);
-  if (offset == 0) syncFolder();
+  int error = write(descriptor_, text, offset);
+  if (error == 0 && sync == Sync::now && ::fsync(descriptor_) != 0) error = errno;
+  if (error != 0) {
+    const auto length = static_cast<off_t>(std::min(before, size()));
+    const bool isAsBefore = ::ftruncate(descriptor_, length) == 0;
+    fail(isAsBefore ? "cannot be written" : "cannot be written, and may end in half a line", error);
+  }
+  if (offset == 0 && sync == Sync::now) syncFolder();
 }
 
-void JournalFile::remove() const {
-  if (::unlink(path_.c_str()) != 0 && errno != ENOENT) fail("cannot be removed", errno);
+void JournalFile::replaceBy(std::string_view text) const {
+  const std::string path = path_ + "-new";
+  ::unlink(path.c_str());  // of a program that has ended in here; only one is, under the lock
+  const int descriptor =
+      ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+  if (descriptor < 0) fail("cannot be rewritten", errno);
+  int error = write(descriptor, text, 0);
+  // Before the new name: otherwise a power cut could leave an empty file under it.
+  if (error == 0 && ::fsync(descriptor) != 0) error = errno;
+  ::close(descriptor);
+  if (error == 0 && ::rename(path.c_str(), path_.c_str()) != 0) error = errno;
+  if (error != 0) {
+    ::unlink(path.c_str());
+    fail("cannot be rewritten", error);
+  }
   syncFolder();
+}
+
+void JournalFile::remove(Sync sync) const {
+  if (::unlink(path_.c_str()) != 0 && errno != ENOENT) fail("cannot be removed", errno);
+  if (sync == Sync::now) syncFolder();
 }
 
 void JournalFile::syncFolder() const {

@@ -1,20 +1,19 @@
 #include "apps/desk/store/OutcomeJournal.hpp"
 
 #include "VemraGoalEngine/GoalRecords.hpp"
-#include "apps/desk/store/JournalFile.hpp"
 #include "apps/desk/store/StoreError.hpp"
 #include "apps/documents/DocumentError.hpp"
 #include "apps/documents/EnumerationNames.hpp"
 #include "apps/documents/JsonReader.hpp"
 #include "apps/documents/JsonWriter.hpp"
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string_view>
 #include <system_error>
+#include <unordered_map>
 #include <utility>
 
 namespace vemra::desk {
@@ -33,8 +32,9 @@ constexpr std::int64_t version = 1;
 /// The content of a journal.
 struct Content {
   std::vector<WaitingOutcome> waiting;
-  std::size_t length = 0;  ///< of its lines with a line feed, in bytes
-  std::string last;        ///< a line after them that lacks its line feed only
+  std::size_t length = 0;   ///< of its lines with a line feed, in bytes
+  std::size_t entries = 0;  ///< its lines after the first one
+  std::string last;         ///< a line after them that lacks its line feed only
 };
 
 std::string headLine() {
@@ -62,6 +62,8 @@ std::string waitingLine(const WaitingOutcome& outcome) {
   out.key("waiting");
   out.beginObject(Layout::inLine);
   text("id", outcome.id);
+  text("store", outcome.store);
+  text("savedAt", outcome.savedAt);
   text("goalID", outcome.goalID);
   text("goalTitle", outcome.goalTitle);
   text("subjectName", outcome.subjectName);
@@ -95,11 +97,13 @@ void readHead(JsonReader& in) {
 
 WaitingOutcome readOutcome(JsonReader& in) {
   using enum Presence;
-  std::string id, goalID, goalTitle, subjectName;
+  std::string id, store, savedAt, goalID, goalTitle, subjectName;
   std::size_t kind = 0, value = 0;
   std::optional<std::string> subjectRef, note, corrects;
   in.object({
       {"id", required, [&] { id = in.string(); }},
+      {"store", required, [&] { store = in.string(); }},
+      {"savedAt", required, [&] { savedAt = in.string(); }},
       {"goalID", required, [&] { goalID = in.string(); }},
       {"goalTitle", required, [&] { goalTitle = in.string(); }},
       {"subjectName", required, [&] { subjectName = in.string(); }},
@@ -109,32 +113,57 @@ WaitingOutcome readOutcome(JsonReader& in) {
       {"note", required, [&] { note = in.stringOrNull(); }},
       {"correctsOutcomeID", required, [&] { corrects = in.stringOrNull(); }},
   });
-  return {std::move(id), std::move(goalID), std::move(goalTitle), std::move(subjectName),
+  return {std::move(id),
+          std::move(store),
+          std::move(savedAt),
+          std::move(goalID),
+          std::move(goalTitle),
+          std::move(subjectName),
           GoalOutcomeRecordingInput{static_cast<GoalOutcomeSubjectKind>(kind),
                                     std::move(subjectRef), static_cast<GoalOutcomeValue>(value),
                                     std::move(note), std::move(corrects)}};
 }
 
-/// Reads a line after the first one into the outcomes that wait.
-void readEntry(JsonReader& in, std::vector<WaitingOutcome>& waiting) {
-  std::optional<WaitingOutcome> added;
-  std::optional<std::string> settled;
-  in.object({{"waiting", Presence::optional, [&] { added.emplace(readOutcome(in)); }},
-             {"settled", Presence::optional, [&] { settled = in.string(); }}});
-  if (added.has_value() == settled.has_value()) in.fail("one of waiting, settled", "another entry");
-  in.finish();
-  std::vector<WaitingOutcome> rest;
-  for (WaitingOutcome& each : waiting) {
-    // A second line with the same id replaces nothing: the first one may be recorded already.
-    if (added && each.id == added->id) added.reset();
-    if (each.id != settled) rest.push_back(std::move(each));
+/// The outcomes of the lines that have been read so far.
+class Waiting {
+ public:
+  /// Reads a line after the first one.
+  void readEntry(JsonReader& in) {
+    std::optional<WaitingOutcome> added;
+    std::optional<std::string> settled;
+    in.object({{"waiting", Presence::optional, [&] { added.emplace(readOutcome(in)); }},
+               {"settled", Presence::optional, [&] { settled = in.string(); }}});
+    if (added.has_value() == settled.has_value()) {
+      in.fail("one of waiting, settled", "another entry");
+    }
+    in.finish();
+    if (settled) {
+      const auto found = places_.find(*settled);
+      if (found == places_.end()) return;
+      outcomes_[found->second].reset();
+      places_.erase(found);
+    } else if (places_.emplace(added->id, outcomes_.size()).second) {
+      outcomes_.push_back(std::move(added));
+    }  // A second line with the same id replaces nothing: the first one may be recorded already.
   }
-  if (added) rest.push_back(*std::move(added));
-  waiting.swap(rest);
-}
 
-Content readContent(const std::string& text, const std::string& file) {
-  Content content;
+  std::vector<WaitingOutcome> take() && {
+    std::vector<WaitingOutcome> waiting;
+    waiting.reserve(places_.size());
+    for (std::optional<WaitingOutcome>& each : outcomes_) {
+      if (each) waiting.push_back(*std::move(each));
+    }
+    return waiting;
+  }
+
+ private:
+  std::vector<std::optional<WaitingOutcome>> outcomes_;  // nil: settled
+  std::unordered_map<std::string, std::size_t> places_;  // the ids of those that wait
+};
+
+/// Reads the lines. Ends at a line that was not written to its end.
+void readLines(const std::string& text, const std::string& file, Content& content,
+               Waiting& waiting) {
   std::size_t number = 0;
   while (content.length < text.size()) {
     const std::size_t end = text.find('\n', content.length);
@@ -146,37 +175,54 @@ Content readContent(const std::string& text, const std::string& file) {
       if (number == 1) {
         readHead(in);
       } else {
-        readEntry(in, content.waiting);
+        waiting.readEntry(in);
+        ++content.entries;
       }
     } catch (const documents::DocumentError&) {
       // The beginning of any other file is not a line of ours that was not written to its end.
       const bool isBegun = number > 1 || headLine().starts_with(line);
       if (isWhole || !isBegun) throw;
-      return content;
+      return;
     }
     if (!isWhole) {
       content.last = line;
-      return content;
+      return;
     }
     content.length = end + 1;
   }
+}
+
+Content readContent(const std::string& text, const std::string& file) {
+  Content content;
+  Waiting waiting;
+  readLines(text, file, content, waiting);
+  content.waiting = std::move(waiting).take();
   return content;
 }
 
-/// Appends a line to the journal; to an empty file, the first line too.
-void append(const JournalFile& file, const Content& content, const std::string& line) {
-  std::string before;
-  if (!content.last.empty()) {
-    before = content.last + '\n';
-  } else if (content.length == 0) {
-    before = headLine();
-  }
-  file.replaceFrom(content.length, before + line);
+/// What is to be written from `content.length` on to append a line.
+std::string addition(const Content& content, const std::string& line) {
+  if (!content.last.empty()) return content.last + '\n' + line;
+  return content.length == 0 ? headLine() + line : line;
+}
+
+/// A journal in which nothing but these outcomes wait.
+std::string textOf(const std::vector<WaitingOutcome>& waiting) {
+  std::string text = headLine();
+  for (const WaitingOutcome& each : waiting) text += waitingLine(each);
+  return text;
+}
+
+/// Whether most of the journal is about outcomes that wait no longer. The constant keeps a short
+/// journal from being rewritten often.
+bool isMostlySettled(const Content& content, std::size_t waiting) {
+  return content.entries > 3 * waiting + 64;
 }
 
 }  // namespace
 
-OutcomeJournal::OutcomeJournal(const std::string& store) {
+OutcomeJournal::OutcomeJournal(const std::string& store, std::chrono::milliseconds patience)
+    : patience_(patience) {
   std::error_code error;
   std::filesystem::path path = std::filesystem::canonical(store, error);
   if (error) path = std::filesystem::absolute(store, error);
@@ -184,26 +230,49 @@ OutcomeJournal::OutcomeJournal(const std::string& store) {
 }
 
 std::vector<WaitingOutcome> OutcomeJournal::read() const {
-  const std::optional<JournalFile> file = JournalFile::open(file_, JournalFile::Missing::stays);
+  const auto file = JournalFile::open(file_, JournalFile::Missing::stays, patience_);
   if (!file) return {};
   return readContent(file->read(), file_).waiting;
 }
 
 void OutcomeJournal::add(const WaitingOutcome& outcome) const {
-  const auto file = JournalFile::open(file_, JournalFile::Missing::isCreated);
-  append(*file, readContent(file->read(), file_), waitingLine(outcome));
+  const auto file = JournalFile::open(file_, JournalFile::Missing::isCreated, patience_);
+  const std::string before = file->read();
+  const Content content = readContent(before, file_);
+  const std::string line = waitingLine(outcome);
+  std::size_t needed = line.size() + settledLine(outcome.id).size();
+  for (const WaitingOutcome& each : content.waiting) needed += settledLine(each.id).size();
+  if (before.size() + headLine().size() + needed > JournalFile::most) {
+    const std::string rest = textOf(content.waiting);
+    if (rest.size() + needed > JournalFile::most) throw StoreError(file_, "has no room for more");
+    file->replaceBy(rest + line);
+    return;
+  }
+  try {
+    file->replaceFrom(content.length, addition(content, line), JournalFile::Sync::now);
+  } catch (const StoreError&) {
+    if (before.empty()) file->remove(JournalFile::Sync::later);
+    throw;
+  }
 }
 
-void OutcomeJournal::settle(const std::string& id) const {
-  const auto file = JournalFile::open(file_, JournalFile::Missing::stays);
+void OutcomeJournal::settle(const std::string& id, JournalFile::Sync sync) const {
+  const auto file = JournalFile::open(file_, JournalFile::Missing::stays, patience_);
   if (!file) return;
-  const Content content = readContent(file->read(), file_);
-  const auto isOther = [&](const WaitingOutcome& each) { return each.id != id; };
-  const auto others = std::count_if(content.waiting.begin(), content.waiting.end(), isOther);
-  if (others == 0) {
-    file->remove();
-  } else if (static_cast<std::size_t>(others) < content.waiting.size()) {
-    append(*file, content, settledLine(id));
+  Content content = readContent(file->read(), file_);
+  std::vector<WaitingOutcome> others;
+  const std::size_t before = content.waiting.size();
+  for (WaitingOutcome& each : content.waiting) {
+    if (each.id != id) others.push_back(std::move(each));
+  }
+  if (others.empty()) {
+    file->remove(sync);
+  } else if (others.size() == before) {
+    return;
+  } else if (isMostlySettled(content, others.size())) {
+    file->replaceBy(textOf(others));
+  } else {
+    file->replaceFrom(content.length, addition(content, settledLine(id)), sync);
   }
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
+#include "apps/desk/store/JournalFile.hpp"
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -9,7 +11,9 @@ namespace vemra::desk {
 
 /// An outcome that a person has saved and that the store has not taken yet.
 struct WaitingOutcome {
-  std::string id;  ///< from `newOutcomeID`; every try to record it uses this id
+  std::string id;       ///< from `newOutcomeID`; every try to record it uses this id
+  std::string store;    ///< `fileMarkAt` of the store that it was saved in
+  std::string savedAt;  ///< the date of the outcome, from `now`
   std::string goalID;
   /// \name For messages: what the goal and the subject were called when the outcome was saved @{
   std::string goalTitle;
@@ -25,11 +29,11 @@ struct WaitingOutcome {
 /// format and its version; each further line adds an outcome, or says that an outcome is settled:
 ///
 ///     {"format": "vemra-desk waiting outcomes", "version": 1}
-///     {"waiting": {"id": "outcome-7", "goalID": "g1", …}}
+///     {"waiting": {"id": "outcome-7", "store": "inode 5 made at …", "savedAt": …}}
 ///     {"settled": "outcome-7"}
 ///
-/// Lines are only appended. The file is removed when nothing waits in it. A text after the last
-/// line feed is a line that was not written to its end: it counts if it lacks the line feed only,
+/// Lines are appended; when settled outcomes take most of the file, it is replaced by one without
+/// them. The file is removed when nothing waits in it. A text after the last line feed is a line that was not written to its end: it counts if it lacks the line feed only,
 /// otherwise it is left out and the next line replaces it.
 ///
 /// Several programs may use a journal at once: each call locks the file. An outcome may be read by
@@ -43,21 +47,30 @@ class OutcomeJournal {
  public:
   /// - Parameter store: the file of the store. Through a symbolic link, the journal is beside the
   ///   file that it leads to, so that one store has one journal.
-  explicit OutcomeJournal(const std::string& store);
+  /// - Parameter patience: how long each call waits for other programs before it throws a
+  ///   `StoreBusy`.
+  explicit OutcomeJournal(const std::string& store,
+                          std::chrono::milliseconds patience = std::chrono::seconds(2));
 
   const std::string& file() const { return file_; }
 
   /// The outcomes that wait, in the order in which they were added. Creates no file.
   std::vector<WaitingOutcome> read() const;
 
-  /// Adds an outcome. When this returns, it is on the disk.
+  /// Adds an outcome. When this returns, it is on the disk. Refuses an outcome for which there is
+  /// no room in a file that can be read (`JournalFile::most`).
   void add(const WaitingOutcome& outcome) const;
 
   /// The outcome with that id waits no longer. Does nothing when it is not in the journal.
-  void settle(const std::string& id) const;
+  ///
+  /// - Parameter sync: `later` for an outcome that the store has: should the system end before the
+  ///   line is on the disk, the outcome is tried once more, and the store finds its id. `now` for an
+  ///   outcome that must not be recorded.
+  void settle(const std::string& id, JournalFile::Sync sync = JournalFile::Sync::later) const;
 
  private:
   std::string file_;
+  std::chrono::milliseconds patience_;
 };
 
 }  // namespace vemra::desk

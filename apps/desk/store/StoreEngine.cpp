@@ -70,6 +70,32 @@ task::Task<GoalOutcomeDTO> StoreEngine::record(std::string goalID, GoalOutcomeRe
       });
 }
 
+task::Task<GoalOutcomeDTO> StoreEngine::record(WaitingOutcome outcome,
+                                               std::shared_ptr<TriedStore> store) {
+  return onThread<GoalOutcomeDTO>(
+      thread_, [outcome = std::move(outcome), tried = std::move(store)](StoreThread& thread) {
+        refuseReading(thread);
+        return thread.use<GoalOutcomeDTO>([&](GoalStore& open) {
+          const std::uint64_t number = thread.storeNumber();
+          tried->number = number;
+          tried->mark = thread.storeMark(number);
+          const std::optional<std::string>& mark = tried->wantedMark;
+          if (tried->wantedNumber) {
+            if (*tried->wantedNumber != number) {
+              throw StoreError(thread.file(), "was replaced by another file while it was open");
+            }
+          } else if (mark && (mark->empty() || *mark != tried->mark)) {
+            throw StoreError(thread.file(), "is not the store that the outcome was saved in");
+          }
+          return open.record(outcome.goalID, outcome.input, outcome.id, outcome.savedAt);
+        });
+      });
+}
+
+std::string StoreEngine::storeMark(std::uint64_t number) const {
+  return thread_->storeMark(number);
+}
+
 std::uint64_t StoreEngine::storeNumber() const {
   return thread_->storeNumber();
 }

@@ -2,6 +2,7 @@
 
 #include "VemraGoalEngine/GoalToolExecutor.hpp"
 #include "apps/desk/store/GoalStore.hpp"
+#include "apps/desk/store/OutcomeJournal.hpp"
 #include "apps/desk/store/StoreThread.hpp"
 
 #include <cstdint>
@@ -11,6 +12,18 @@
 #include <vector>
 
 namespace vemra::desk {
+
+/// The store that a try to record an outcome is meant for, and the one that it reached.
+struct TriedStore {
+  /// The number of the only store that the outcome may be recorded in.
+  std::optional<std::uint64_t> wantedNumber;
+  /// Without a number, the mark of that store. With neither, the store at the path is the right one.
+  std::optional<std::string> wantedMark;
+  /// \name Set by the task once it has opened a store; read them after its end @{
+  std::optional<std::uint64_t> number;
+  std::string mark;
+  /// @}
+};
 
 /// The goal engine of this program: it answers from a store.
 ///
@@ -44,6 +57,10 @@ class StoreEngine final : public GoalToolExecutor {
                                     std::optional<std::uint64_t> storeNumber = std::nullopt,
                                     std::string outcomeID = newOutcomeID());
 
+  /// Records an outcome with the id and the date that it was saved with, unless another store than
+  /// the wanted one is at the path.
+  task::Task<GoalOutcomeDTO> record(WaitingOutcome outcome, std::shared_ptr<TriedStore> store);
+
   task::Task<std::vector<GoalListing>> goals();
   task::Task<std::vector<LeftOutOutcome>> import(std::vector<GetGoalSnapshotResponse> results);
   task::Task<PersonKnowledge> person(std::string personRef);
@@ -59,6 +76,10 @@ class StoreEngine final : public GoalToolExecutor {
   /// The number of the store that was opened last; it changes when another file has replaced the
   /// store. Results that were read while it stayed the same are from one store.
   std::uint64_t storeNumber() const;
+
+  /// A text that identifies the store that had that number, also for another program and after a
+  /// restart (`fileMarkAt`); "" when it is unknown.
+  std::string storeMark(std::uint64_t number) const;
 
   /// Blocks until all earlier tasks have ended. Call it at the end of a program, when no other
   /// thread starts tasks.

@@ -1,5 +1,6 @@
 #include "apps/desk/store/StoreThread.hpp"
 
+#include "apps/desk/store/FileIdentity.hpp"
 #include "apps/desk/store/Pause.hpp"
 
 #include <atomic>
@@ -10,6 +11,7 @@
 #include <optional>
 #include <thread>
 #include <utility>
+#include <vector>
 
 namespace vemra::desk {
 
@@ -43,12 +45,24 @@ struct StoreThread::Work {
     // The system may reuse the inode of a removed file for the new one.
     const bool isAnother = hasMoved || lastFile != store->identity();
     if (lastFile && isAnother) ++storeNumber;
-    if (isAnother) state.reset();
+    if (isAnother) {
+      state.reset();
+      noteMark();
+    }
     lastFile = store->identity();
     hasMoved = false;
     wasOpenedAnew = true;
     connectionVersion = store->version();
     return *store;
+  }
+
+  /// Notes the mark of the store that was just opened.
+  void noteMark() {
+    std::string mark = fileMarkAt(file);
+    if (identityAt(file) != store->identity()) mark.clear();  // it has been replaced already
+    const std::lock_guard lock(mutex);
+    marks.resize(storeNumber + 1);
+    marks.back() = std::move(mark);
   }
 
   /// Counts a change if the store differs from its state at the last call.
@@ -81,6 +95,7 @@ struct StoreThread::Work {
   std::optional<std::string> state;      // of the file, at the last answer
 
   std::mutex mutex;
+  std::vector<std::string> marks;  // of the stores that were opened, by their numbers
   std::condition_variable changed;
   std::deque<std::coroutine_handle<>> waiters;
   bool ended = false;
@@ -153,6 +168,11 @@ std::int64_t StoreThread::version() {
 
 std::uint64_t StoreThread::storeNumber() const {
   return work_->storeNumber;
+}
+
+std::string StoreThread::storeMark(std::uint64_t number) const {
+  const std::lock_guard lock(work_->mutex);
+  return number < work_->marks.size() ? work_->marks[number] : "";
 }
 
 StoreUse StoreThread::storeUse() const {

@@ -91,6 +91,10 @@ class StoreThread {
   /// any thread.
   std::uint64_t storeNumber() const;
 
+  /// `fileMarkAt` of the store that had that number; "" before it was opened. May be called from
+  /// any thread.
+  std::string storeMark(std::uint64_t number) const;
+
   const std::string& file() const;
   StoreUse storeUse() const;
 

@@ -8,6 +8,7 @@
 #include "apps/desk/window/PlainText.hpp"
 #include "apps/desk/window/SubjectName.hpp"
 
+#include <chrono>
 #include <exception>
 #include <utility>
 
@@ -42,7 +43,8 @@ QString failureOf(const task::Result<T>& result) {
 /// The journal of the store; none for one that is open for reading only.
 std::optional<OutcomeJournal> journalOf(const StoreEngine& engine) {
   if (engine.storeUse() == StoreUse::reading) return std::nullopt;
-  return OutcomeJournal(engine.file());
+  // The main thread waits; what another program keeps locked for longer is tried again.
+  return OutcomeJournal(engine.file(), std::chrono::milliseconds(200));
 }
 
 }  // namespace
@@ -114,8 +116,7 @@ void DeskController::takeGoal(const std::string& goalID, std::uint64_t store,
                               task::Result<GoalResultSnapshotV1> result) {
   if (goalID_ != goalID) return;  // the user has gone on to another goal
   if (const QString failure = failureOf(result); !failure.isEmpty()) {
-    if (shownGoalID_ == goalID) {  // with the editors that are open in it
-      display_.keepGoal();
+    if (display_.keepGoal(goalID)) {  // with the editors that are open in it
       showLoadingFailure(loadingGoal(), failure, [this] { loadGoal(); });
     } else {
       display_.showFailure(failure);
@@ -123,14 +124,19 @@ void DeskController::takeGoal(const std::string& goalID, std::uint64_t store,
     return;
   }
   shownBefore_.remove(loadingGoal());
-  shownGoalID_ = goalID;
   display_.showGoal({goalID, std::move(result).take(), store});
 }
 
 void DeskController::record(const LoadedGoal& goal, const GoalOutcomeRecordingInput& input) {
   const QString subject = subjectName(goal.snapshot, input.subjectKind, input.subjectRef);
-  waiting_.add({newOutcomeID(), goal.id, goal.snapshot.goal().title, subject.toStdString(), input},
+  waiting_.add({newOutcomeID(), engine_->storeMark(goal.store), now(), goal.id,
+                goal.snapshot.goal().title, subject.toStdString(), input},
                goal.store);
+}
+
+std::vector<WaitingNote> DeskController::waiting() {
+  waiting_.readJournal();
+  return waiting_.notes();
 }
 
 void DeskController::addSampleGoals() {
@@ -173,9 +179,8 @@ void DeskController::openEvidence(const std::string& evidenceID) {
          [this](EvidenceKnowledge evidence) { display_.showEvidence(std::move(evidence)); });
 }
 
-void DeskController::openPath(const GoalPathCandidateDTO& path) {
-  lookUp([this, path,
-          goalID = goalID_.value_or("")] { return engine_->names(goalID, path.personRefs); },
+void DeskController::openPath(const std::string& goalID, const GoalPathCandidateDTO& path) {
+  lookUp([this, path, goalID] { return engine_->names(goalID, path.personRefs); },
          localized("The people on the path could not be looked up."),
          [this, path](const std::vector<std::optional<std::string>>& names) {
            display_.showPath(path, names);

@@ -42,11 +42,12 @@ class DeskController : public QObject {
   /// Stores what the user recorded for a goal that is shown, and loads the open goal again. While
   /// that is not possible, the outcome waits, under the names that it has in `goal`.
   void record(const LoadedGoal& goal, const GoalOutcomeRecordingInput& input);
-  /// Records what waits, in the store that is there now.
+  /// Tries to record what waits, once in the store that is there now.
   void recordWaiting() { waiting_.tryAgain(); }
-  /// Forgets what waits.
-  void discardWaiting() { waiting_.discard(); }
-  std::vector<WaitingNote> waiting() const { return waiting_.notes(); }
+  /// Forgets the waiting outcomes with these ids.
+  void discardWaiting(const std::vector<std::string>& ids) { waiting_.discard(ids); }
+  /// What waits, after a look at what other programs have done with it.
+  std::vector<WaitingNote> waiting();
   /// Gives up what waits and is not in the journal, for another controller to keep.
   std::vector<WaitingOutcome> takeWaiting() { return waiting_.takeUnkept(); }
   void keepWaiting(WaitingOutcome outcome) { waiting_.add(std::move(outcome), std::nullopt); }
@@ -58,7 +59,8 @@ class DeskController : public QObject {
   /// or `closeDetails`.
   void openPerson(const std::string& personRef);
   void openEvidence(const std::string& evidenceID);
-  void openPath(const GoalPathCandidateDTO& path);
+  /// - Parameter goalID: the goal whose screen shows the path.
+  void openPath(const std::string& goalID, const GoalPathCandidateDTO& path);
   void closeDetails();
 
  private:
@@ -80,11 +82,10 @@ class DeskController : public QObject {
   std::shared_ptr<StoreEngine> engine_;
   DeskDisplay& display_;
   WaitingOutcomes waiting_;
-  std::optional<std::string> goalID_;       // of the open goal
-  std::optional<std::string> shownGoalID_;  // of the goal that the display shows
-  std::uint64_t detailsRequest_ = 0;        // the last look-up
-  std::function<void()> refreshDetails_;    // looks up once more what the details show
-  std::optional<std::int64_t> version_;     // of the store, when it was last looked at
+  std::optional<std::string> goalID_;     // of the open goal
+  std::uint64_t detailsRequest_ = 0;      // the last look-up
+  std::function<void()> refreshDetails_;  // looks up once more what the details show
+  std::optional<std::int64_t> version_;   // of the store, when it was last looked at
   bool looking_ = false;
   QString lookingFailed_;                // why looking for changes failed last; "" if it did not
   QHash<QString, QString> shownBefore_;  // what could not be loaded: the reason that was shown

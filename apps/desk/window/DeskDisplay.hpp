@@ -31,9 +31,10 @@ class DeskDisplay {
   virtual void showGoals(const std::vector<GoalListing>& goals, const std::string& chosen) = 0;
   /// Shows the result of the open goal, in place of the result shown so far or of a failure.
   virtual void showGoal(const LoadedGoal& goal) = 0;
-  /// The open goal, which could not be loaded again, stays as it is shown.
-  virtual void keepGoal() = 0;
-  /// The open goal could not be loaded, and nothing of it is shown.
+  /// Shows an earlier result of that goal, which could not be loaded again, if the display has one
+  /// still. Returns whether it has.
+  virtual bool keepGoal(const std::string& goalID) = 0;
+  /// The open goal could not be loaded, and the display has nothing of it.
   virtual void showFailure(const QString& reason) = 0;
   /// A sentence beside the goal. `tryAgain`, if there is one, is offered to the user.
   virtual void showNotice(const QString& text, std::function<void()> tryAgain) = 0;

@@ -107,6 +107,11 @@ void DeskWindow::open(const std::string& file) {
     readOnly_->show(fromUTF8(opening.problem));  // nothing has changed
     return;
   }
+  if (isSameFile && engine_ && !opening.engine) {
+    // What is on the screens and what waits stays with the store that was open.
+    showNotice(fromUTF8(opening.problem), nullptr);
+    return;
+  }
   use(std::move(opening), isSameFile && controller_ ? controller_->openGoalID() : std::nullopt);
 }
 
@@ -171,15 +176,22 @@ void DeskWindow::showGoal(const LoadedGoal& goal) {
   const ui::View view = GoalResultView(
       goal.snapshot, [this](const std::string& personRef) { controller_->openPerson(personRef); },
       [this](const std::string& evidenceID) { controller_->openEvidence(evidenceID); },
-      [this](const GoalPathCandidateDTO& path) { controller_->openPath(path); },
+      [this, id = goal.id](const GoalPathCandidateDTO& path) { controller_->openPath(id, path); },
       [this, goal](const GoalOutcomeRecordingInput& input) { controller_->record(goal, input); });
   screens_->show(goal, view);
+  showTitle(goal);
+}
+
+void DeskWindow::showTitle(const LoadedGoal& goal) {
   setWindowTitle(onOneShortLine(GoalRow::nameOf(fromUTF8(goal.snapshot.goal().title))) +
                  " – Vemra Desk");
 }
 
-void DeskWindow::keepGoal() {
-  screens_->showAgain();
+bool DeskWindow::keepGoal(const std::string& goalID) {
+  const LoadedGoal* kept = screens_->showAgain(goalID);
+  if (kept == nullptr) return false;
+  showTitle(*kept);
+  return true;
 }
 
 void DeskWindow::showFailure(const QString& reason) {
@@ -255,9 +267,16 @@ void DeskWindow::closeWhenStored() {
 }
 
 void DeskWindow::askToDiscardWaiting() {
-  auto* question = new DiscardQuestion(controller_->waiting(), this);
-  connect(question, &DiscardQuestion::discardWanted, this,
-          [this] { controller_->discardWaiting(); });
+  if (question_) return;
+  const std::vector<WaitingNote> waiting = controller_->waiting();
+  if (waiting.empty()) return;
+  std::vector<std::string> ids;
+  for (const WaitingNote& note : waiting) ids.push_back(note.id);
+  auto* question = new DiscardQuestion(waiting, this);
+  question_ = question;
+  connect(question, &DiscardQuestion::discardWanted, this, [this, ids] {
+    if (controller_) controller_->discardWaiting(ids);
+  });
   question->open();
 }
 

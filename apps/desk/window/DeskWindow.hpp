@@ -83,6 +83,7 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   void closeSide();
   void use(StoreOpening opening, std::optional<std::string> goalID);
   void chooseStore();
+  void showTitle(const LoadedGoal& goal);
   Unfinished unfinished() const;
   /// Does the next step now, or after the user has agreed to lose what is unfinished.
   void leaveThen(std::function<void()> next);
@@ -92,7 +93,7 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
 
   void showGoals(const std::vector<GoalListing>& goals, const std::string& chosen) override;
   void showGoal(const LoadedGoal& goal) override;
-  void keepGoal() override;
+  bool keepGoal(const std::string& goalID) override;
   void showFailure(const QString& reason) override;
   void showNotice(const QString& text, std::function<void()> tryAgain) override;
   void showWaiting(const std::vector<WaitingNote>& waiting) override;
@@ -118,7 +119,7 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   Notice* notice_;
   WaitingBar* waiting_;
   ReadOnlyBar* readOnly_;
-  QPointer<QMessageBox> question_;  ///< whether to close
+  QPointer<QMessageBox> question_;  ///< whether to close, or to discard; one at a time
   bool mayClose_ = false;           ///< the user has decided to
   bool closesWhenStored_ = false;
 };

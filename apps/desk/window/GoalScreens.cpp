@@ -37,6 +37,16 @@ void GoalScreens::showAgain() {
   pages_.showPage(current());
 }
 
+const LoadedGoal* GoalScreens::showAgain(const std::string& goalID) {
+  const auto screen = std::find_if(screens_.begin(), screens_.end(), [&](const Screen& each) {
+    return each.goal && text::equal(each.goal->id, goalID);
+  });
+  if (screen == screens_.end()) return nullptr;
+  std::rotate(screens_.begin(), screen, std::next(screen));
+  showAgain();
+  return &*screens_.front().goal;
+}
+
 qt::ViewWidget& GoalScreens::current() const {
   return *screens_.front().widget;
 }
@@ -56,9 +66,9 @@ QStringList GoalScreens::drafts() const {
     if (!screen.goal) continue;
     const GoalResultSnapshotV1& snapshot = screen.goal->snapshot;
     for (const OpenEditor& editor : openEditors(screen.widget->graph())) {
-      lines.append(
-          localized("%1 (%2)").arg(subjectName(snapshot, editor.subjectKind, editor.subjectRef),
-                                   fromUTF8(snapshot.goal().title)));
+      lines.append(localized("%1 (%2)").arg(
+          nameInMessage(subjectName(snapshot, editor.subjectKind, editor.subjectRef)),
+          nameInMessage(fromUTF8(snapshot.goal().title))));
     }
   }
   return lines;

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include <QStringList>
@@ -32,6 +33,8 @@ class GoalScreens {
   void show(const LoadedGoal& goal, ui::View view);
   /// Shows the screen again that was shown last.
   void showAgain();
+  /// Shows that goal's screen as it was shown last. Returns its goal; null when there is no screen.
+  const LoadedGoal* showAgain(const std::string& goalID);
   /// The screen that was shown last; an empty one before the first.
   qt::ViewWidget& current() const;
   std::size_t count() const { return screens_.size(); }

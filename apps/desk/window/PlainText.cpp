@@ -73,10 +73,28 @@ QLabel* makeLabel(const QString& text, TextRole role) {
   return label;
 }
 
+namespace {
+
+/// The first `most` UTF-16 units of a text, or one less where they would end inside a character.
+QString start(const QString& text, qsizetype most) {
+  if (text.size() <= most) return text;
+  return text.left(text[most - 1].isHighSurrogate() ? most - 1 : most);
+}
+
+}  // namespace
+
 QString onOneShortLine(const QString& text) {
   constexpr qsizetype most = 80;
-  const QString line = text.left(most * 4).simplified();
-  return line.size() > most ? line.left(most) + u'…' : line;
+  const QString line = start(text, most * 4).simplified();
+  return line.size() > most ? start(line, most) + u'…' : line;
+}
+
+QString nameInMessage(const QString& name) {
+  QString line = onOneShortLine(name);
+  line.removeIf([](QChar c) {
+    return (c >= QChar(0x202a) && c <= QChar(0x202e)) || (c >= QChar(0x2066) && c <= QChar(0x2069));
+  });
+  return QChar(0x2068) + line + QChar(0x2069);
 }
 
 QString asButtonTitle(QString text) {

@@ -32,6 +32,11 @@ QLabel* makeLabel(const QString& text, TextRole role);
 /// The text on one line, for a message: line breaks are blanks, and after 80 characters comes "…".
 QString onOneShortLine(const QString& text);
 
+/// A name or a title for a message: on one short line, and isolated, so that its direction changes
+/// nothing around it (U+2068, U+2069; Unicode Annex 9). Other characters that set a direction are
+/// left out, because one without its end would reach beyond the name.
+QString nameInMessage(const QString& name);
+
 /// The text as the title of a button, where Qt would interpret "&".
 QString asButtonTitle(QString text);
 

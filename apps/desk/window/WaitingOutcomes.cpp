@@ -1,6 +1,7 @@
 #include "apps/desk/window/WaitingOutcomes.hpp"
 
 #include "VemraPlatform/text/Equality.hpp"
+#include "apps/desk/store/FileIdentity.hpp"
 #include "apps/desk/store/StoreError.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/OnMainThread.hpp"
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <exception>
 #include <iterator>
+#include <unordered_set>
 #include <utility>
 
 namespace vemra::desk {
@@ -49,46 +51,104 @@ WaitingOutcomes::WaitingOutcomes(std::shared_ptr<StoreEngine> engine,
 }
 
 void WaitingOutcomes::start() {
-  if (!journal_) return;
-  try {
-    for (WaitingOutcome& outcome : journal_->read()) {
-      entries_.push_back({std::move(outcome), std::nullopt, Clock::now(), {}, {}, 0});
-    }
-  } catch (const std::exception& error) {
-    Q_EMIT journalFailed(fromUTF8(error.what()));
-  }
   tryInTheirStore();
 }
 
+WaitingOutcomes::Entries::iterator WaitingOutcomes::find(const std::string& id) {
+  return std::find_if(entries_.begin(), entries_.end(),
+                      [&](const Entry& each) { return each.outcome.id == id; });
+}
+
 void WaitingOutcomes::add(WaitingOutcome outcome, std::optional<std::uint64_t> store) {
-  entries_.push_back({std::move(outcome), store, Clock::now(), {}, {}, 0});
-  keepInJournal(entries_.back());
+  if (find(outcome.id) != entries_.end()) return;
+  entries_.push_back({std::move(outcome), store, Clock::now()});
   QTimer::singleShot(unnoticed, this, &WaitingOutcomes::changed);
   tryInTheirStore();
 }
 
-void WaitingOutcomes::keepInJournal(Entry& entry) const {
+void WaitingOutcomes::readJournal() {
   if (!journal_) {
-    entry.unkept = localized("The store is open for reading only.");
+    for (Entry& entry : entries_) entry.unkept = localized("The store is open for reading only.");
     return;
   }
+  if (isJournalRead_ && entries_.empty()) return;
+  std::vector<WaitingOutcome> outcomes;
+  try {
+    outcomes = journal_->read();
+  } catch (const std::exception& error) {
+    noteJournalFailure(error);
+    return;
+  }
+  journalFailure_.clear();
+  std::unordered_set<std::string> ids;
+  for (const WaitingOutcome& outcome : outcomes) ids.insert(outcome.id);
+  // On a disk that is not there, the journal is missing like the store.
+  const bool isStoreThere = identityAt(engine_->file()).has_value();
+  bool isLess = false;
+  for (auto entry = entries_.begin(); entry != entries_.end();) {
+    const auto next = std::next(entry);
+    if (!entry->isKept) {
+      keepInJournal(*entry);
+    } else if (ids.contains(entry->outcome.id)) {
+      entry->unkept.clear();
+    } else if (!isStoreThere) {
+      entry->unkept = localized("The journal is not there.");
+    } else if (entry->outcome.id != trying_) {
+      entries_.erase(entry);  // another program has recorded or discarded it
+      isLess = true;
+    }
+    entry = next;
+  }
+  if (!std::exchange(isJournalRead_, true)) adopt(std::move(outcomes));
+  if (isLess) Q_EMIT changed();
+}
+
+void WaitingOutcomes::noteJournalFailure(const std::exception& error) {
+  const QString reason = fromUTF8(error.what());
+  const bool isBusy = dynamic_cast<const StoreBusy*>(&error) != nullptr;
+  for (Entry& entry : entries_) {
+    // A journal that another program locks holds what it held.
+    if (!entry.isKept || !isBusy) entry.unkept = reason;
+  }
+  const bool isNews = std::exchange(journalFailure_, reason) != reason;
+  if (isJournalRead_) return;
+  if (isBusy) {
+    pause_.start(shortestPause);
+  } else if (isNews) {
+    Q_EMIT journalFailed(reason);
+  }
+}
+
+void WaitingOutcomes::adopt(std::vector<WaitingOutcome> outcomes) {
+  Entries adopted;
+  for (WaitingOutcome& outcome : outcomes) {
+    if (find(outcome.id) != entries_.end()) continue;
+    adopted.push_back({std::move(outcome), std::nullopt, Clock::now(), true});
+  }
+  entries_.splice(entries_.begin(), adopted);  // they were saved before
+}
+
+void WaitingOutcomes::keepInJournal(Entry& entry) const {
   try {
     journal_->add(entry.outcome);
+    entry.isKept = true;
+    entry.unkept.clear();
   } catch (const std::exception& error) {
     entry.unkept = fromUTF8(error.what());
   }
 }
 
 void WaitingOutcomes::tryAgain() {
-  for (Entry& entry : entries_) entry.store.reset();
+  for (Entry& entry : entries_) entry.mayEnterAnyStore = true;
   tryInTheirStore();
 }
 
 void WaitingOutcomes::tryInTheirStore() {
   pause_.stop();
+  readJournal();
   ++pass_;
   for (Entry& entry : entries_) entry.pass = pass_;
-  if (!isTrying_) tryNext();
+  if (trying_.empty()) tryNext();
 }
 
 void WaitingOutcomes::tryNext() {
@@ -96,18 +156,27 @@ void WaitingOutcomes::tryNext() {
                                 [](const Entry& entry) { return entry.pass != 0; });
   if (due == entries_.end()) return;
   const std::uint64_t pass = std::exchange(due->pass, 0);
-  isTrying_ = true;
-  const WaitingOutcome& outcome = due->outcome;
-  startOnMainThread(
-      *this, engine_->record(outcome.goalID, outcome.input, due->store, outcome.id),
-      [this, id = outcome.id, pass](auto result) { take(id, pass, std::move(result)); });
+  try {
+    const auto tried = std::make_shared<TriedStore>();
+    if (!std::exchange(due->mayEnterAnyStore, false)) {
+      tried->wantedNumber = due->store;
+      tried->wantedMark = due->outcome.store;
+    }
+    std::string id = due->outcome.id;
+    startOnMainThread(
+        *this, engine_->record(due->outcome, tried),
+        [this, id, pass, tried](auto result) { take(id, pass, *tried, std::move(result)); });
+    trying_ = std::move(id);
+  } catch (const std::exception& error) {  // no memory for the task
+    due->reason = fromUTF8(error.what());
+    pause_.start(nextPause_);
+  }
 }
 
-void WaitingOutcomes::take(const std::string& id, std::uint64_t pass,
+void WaitingOutcomes::take(const std::string& id, std::uint64_t pass, const TriedStore& tried,
                            task::Result<GoalOutcomeDTO> result) {
-  isTrying_ = false;
-  const auto entry = std::find_if(entries_.begin(), entries_.end(),
-                                  [&](const Entry& each) { return each.outcome.id == id; });
+  trying_.clear();
+  const auto entry = find(id);
   if (result.hasValue()) {
     nextPause_ = shortestPause;
     if (entry != entries_.end()) finish(entry);
@@ -119,36 +188,77 @@ void WaitingOutcomes::take(const std::string& id, std::uint64_t pass,
   const Failure failure = failureOf(result.exception());
   if (entry != entries_.end()) {
     entry->reason = failure.reason;
-    // The order of a goal's outcomes decides which one counts: those behind this one wait, too.
-    for (Entry& later : entries_) {
-      const bool isOfGoal = text::equal(later.outcome.goalID, entry->outcome.goalID);
-      // A pass that has begun since tries them all anew.
-      if (later.pass == pass && (failure.passes || isOfGoal)) later.pass = 0;
+    if (!tried.wantedNumber && !tried.wantedMark && tried.number) {
+      entry->store = tried.number;
+      entry->outcome.store = tried.mark;
     }
+    holdBack(*entry, pass, tried, failure.passes);
+    if (entry->isDiscarded) giveUp(entry);
   }
   Q_EMIT changed();
   tryNext();
-  if (failure.passes && !isTrying_) {
+  if (failure.passes && trying_.empty()) {
     pause_.start(nextPause_);
     nextPause_ = std::min(2 * nextPause_, longestPause);
   }
 }
 
+/// Takes those out of the pass that must wait for the outcome that failed: all of them, or those of
+/// its goal in its store, because the order of a goal's outcomes decides which one counts.
+void WaitingOutcomes::holdBack(const Entry& failed, std::uint64_t pass, const TriedStore& tried,
+                               bool all) {
+  for (Entry& later : entries_) {
+    if (later.pass != pass) continue;  // a pass that has begun since tries them all anew
+    const bool wouldEnterTried = later.mayEnterAnyStore && tried.number;
+    const std::string& store = wouldEnterTried ? tried.mark : later.outcome.store;
+    const bool isBehind =
+        text::equal(later.outcome.goalID, failed.outcome.goalID) && store == failed.outcome.store;
+    if (!all && !isBehind) continue;
+    later.pass = 0;
+    later.mayEnterAnyStore = false;
+    if (!wouldEnterTried) continue;
+    later.store = tried.number;
+    later.outcome.store = tried.mark;
+  }
+}
+
 void WaitingOutcomes::finish(Entries::iterator entry) {
-  if (journal_ && entry->unkept.isEmpty()) {
+  if (journal_ && entry->isKept) {
     try {
       journal_->settle(entry->outcome.id);
-    } catch (const std::exception& error) {
+    } catch (const StoreBusy&) {
       // The next start tries it again; the store finds the id and records nothing.
+    } catch (const std::exception& error) {
       Q_EMIT journalFailed(fromUTF8(error.what()));
     }
   }
   entries_.erase(entry);
 }
 
-void WaitingOutcomes::discard() {
-  while (!entries_.empty()) finish(entries_.begin());
-  pause_.stop();
+void WaitingOutcomes::giveUp(Entries::iterator entry) {
+  entry->isDiscarded = false;
+  if (journal_ && entry->isKept) {
+    try {
+      journal_->settle(entry->outcome.id, JournalFile::Sync::now);
+    } catch (const std::exception& error) {
+      entry->reason = localized("It could not be discarded.") + ' ' + fromUTF8(error.what());
+      return;
+    }
+  }
+  entries_.erase(entry);
+}
+
+void WaitingOutcomes::discard(const std::vector<std::string>& ids) {
+  for (const std::string& id : ids) {
+    const auto entry = find(id);
+    if (entry == entries_.end()) continue;
+    if (id == trying_) {
+      entry->isDiscarded = true;
+    } else {
+      giveUp(entry);
+    }
+  }
+  if (entries_.empty()) pause_.stop();
   Q_EMIT changed();
 }
 
@@ -156,7 +266,7 @@ std::vector<WaitingOutcome> WaitingOutcomes::takeUnkept() {
   std::vector<WaitingOutcome> outcomes;
   for (auto entry = entries_.begin(); entry != entries_.end();) {
     const auto next = std::next(entry);
-    if (!entry->unkept.isEmpty()) {
+    if (!entry->isKept || !entry->unkept.isEmpty()) {
       outcomes.push_back(std::move(entry->outcome));
       entries_.erase(entry);
     }
@@ -169,8 +279,10 @@ std::vector<WaitingNote> WaitingOutcomes::notes() const {
   const Clock::time_point now = Clock::now();
   std::vector<WaitingNote> notes;
   for (const Entry& entry : entries_) {
-    if (entry.reason.isEmpty() && now < entry.since + unnoticed) continue;
-    notes.push_back({fromUTF8(GoalOutcomeRecordingFormLogic::label(entry.outcome.input.outcome)),
+    const bool isNew = entry.reason.isEmpty() && now < entry.since + unnoticed;
+    if (isNew && entry.isKept && entry.unkept.isEmpty()) continue;
+    notes.push_back({entry.outcome.id,
+                     fromUTF8(GoalOutcomeRecordingFormLogic::label(entry.outcome.input.outcome)),
                      fromUTF8(entry.outcome.subjectName), fromUTF8(entry.outcome.goalTitle),
                      entry.reason, entry.unkept});
   }

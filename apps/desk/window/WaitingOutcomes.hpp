@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <exception>
 #include <list>
 #include <memory>
 #include <optional>
@@ -20,6 +21,7 @@ namespace vemra::desk {
 
 /// An outcome that the store has not taken yet, as it is shown.
 struct WaitingNote {
+  std::string id;
   QString outcome;    ///< "Helped"
   QString subject;    ///< the person, or the path, as the goal named it when the outcome was saved
   QString goalTitle;  ///< of that goal
@@ -32,8 +34,14 @@ struct WaitingNote {
 /// later one counts. An outcome that cannot be recorded waits; it is tried again
 ///
 /// - by itself, at growing intervals, while the store is locked or the system fails;
-/// - when `tryAgain` is called, and then in the store that is at the path;
+/// - when `tryAgain` is called, and then once in the store that is at the path;
 /// - at the next start of a program on this store, from the journal.
+///
+/// Without `tryAgain`, an outcome goes into no other store than the one that it was saved in.
+///
+/// Several programs may have the same outcomes waiting, by one journal. So each pass over them first
+/// reads the journal: an outcome that another program has recorded or discarded is dropped, and an
+/// outcome that the journal did not take is offered to it again.
 ///
 /// Main thread only.
 class WaitingOutcomes : public QObject {
@@ -43,27 +51,33 @@ class WaitingOutcomes : public QObject {
   /// - Parameter journal: none for a store that is open for reading only.
   WaitingOutcomes(std::shared_ptr<StoreEngine> engine, std::optional<OutcomeJournal> journal);
 
-  /// Tries the outcomes of the journal. Emits `journalFailed` when it cannot be read. Call once.
+  /// Tries the outcomes of the journal. Emits `journalFailed` when it cannot be read, and reads it
+  /// again at the next pass. Call once.
   void start();
 
   /// Records an outcome, or keeps it while that is not possible.
   ///
   /// - Parameter store: the store that the screen shows (`LoadedGoal::store`); when another one has
-  ///   replaced it, the outcome waits until `tryAgain`. With nil, it goes to the store at the path.
+  ///   replaced it, the outcome waits until `tryAgain`. With nil, `WaitingOutcome::store` decides.
   void add(WaitingOutcome outcome, std::optional<std::uint64_t> store);
 
-  /// Tries all of them now.
+  /// Tries all of them now, once in whichever store is at the path. Those that fail are bound to the
+  /// store that was tried.
   void tryAgain();
   /// Tries them now, each in its own store only; because the store has changed, for instance.
   void tryInTheirStore();
-  /// Forgets all of them; those of the journal too.
-  void discard();
+  /// Forgets the outcomes with these ids; in the journal too. An outcome that cannot be taken out of
+  /// the journal stays, with the reason. One that is being tried goes when that try has failed.
+  void discard(const std::vector<std::string>& ids);
+
+  /// Compares with the journal, as at the beginning of a pass.
+  void readJournal();
 
   /// Gives up the outcomes that the journal does not hold.
   std::vector<WaitingOutcome> takeUnkept();
 
-  /// The outcomes that wait visibly, oldest first: not those that were saved a moment ago and have
-  /// not failed.
+  /// The outcomes that wait visibly, oldest first: not those that were saved a moment ago, have not
+  /// failed and are in the journal.
   std::vector<WaitingNote> notes() const;
   bool isEmpty() const { return entries_.empty(); }
 
@@ -79,24 +93,35 @@ class WaitingOutcomes : public QObject {
   using Clock = std::chrono::steady_clock;
   struct Entry {
     WaitingOutcome outcome;
-    std::optional<std::uint64_t> store;  ///< nil: the store that is at the path
+    std::optional<std::uint64_t> store;  ///< nil: the store of the mark in `outcome`
     Clock::time_point since;
-    QString reason;
-    QString unkept;
-    std::uint64_t pass = 0;  ///< the pass in which it is still to be tried; 0: none
+    bool isKept = false;            ///< the journal has taken it
+    QString reason = {};            ///< why the last try failed
+    QString unkept = {};            ///< why the journal does not hold it now
+    std::uint64_t pass = 0;         ///< the pass in which it is still to be tried; 0: none
+    bool mayEnterAnyStore = false;  ///< in that pass
+    bool isDiscarded = false;       ///< goes when the try that is on its way has failed
   };
   using Entries = std::list<Entry>;  // the inputs inside cannot be assigned
 
-  void tryNext();
-  void take(const std::string& id, std::uint64_t pass, task::Result<GoalOutcomeDTO> result);
-  void finish(Entries::iterator entry);
+  Entries::iterator find(const std::string& id);
+  void adopt(std::vector<WaitingOutcome> outcomes);
   void keepInJournal(Entry& entry) const;
+  void noteJournalFailure(const std::exception& error);
+  void tryNext();
+  void take(const std::string& id, std::uint64_t pass, const TriedStore& tried,
+            task::Result<GoalOutcomeDTO> result);
+  void holdBack(const Entry& failed, std::uint64_t pass, const TriedStore& tried, bool all);
+  void finish(Entries::iterator entry);
+  void giveUp(Entries::iterator entry);
 
   std::shared_ptr<StoreEngine> engine_;
   std::optional<OutcomeJournal> journal_;
   Entries entries_;
+  bool isJournalRead_ = false;
+  QString journalFailure_;  ///< why the journal could not be read last; ""
   std::uint64_t pass_ = 0;  ///< the number of the last pass over the entries
-  bool isTrying_ = false;   ///< a task for an entry is on its way
+  std::string trying_;      ///< the id of the outcome for which a task is on its way; ""
   QTimer pause_;            ///< until the next pass by itself
   int nextPause_;           ///< in milliseconds
 };

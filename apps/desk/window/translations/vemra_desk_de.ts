@@ -68,6 +68,14 @@
         <translation>Der Speicher ist nur zum Lesen geöffnet.</translation>
     </message>
     <message>
+        <source>The journal is not there.</source>
+        <translation>Das Journal ist nicht da.</translation>
+    </message>
+    <message>
+        <source>It could not be discarded.</source>
+        <translation>Es konnte nicht verworfen werden.</translation>
+    </message>
+    <message>
         <source>Not stored yet:</source>
         <translation>Noch nicht gespeichert:</translation>
     </message>

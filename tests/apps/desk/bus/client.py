@@ -295,7 +295,9 @@ def what_a_killed_program_could_not_store_is_stored_by_the_next_one(desk):
                      and node.get_name().startswith("Not stored yet:")), None)
 
     name = wait_for(bar, "the bar of what waits").get_name()
-    assert "“Was useful” for Person <b>5</b> & more (Find a design lead)" in name, name
+    # The name and the title are isolated from the text around them.
+    person, title = "\u2068Person <b>5</b> & more\u2069", "\u2068Find a design lead\u2069"
+    assert f"“Was useful” for {person} ({title})" in name, name
     desk.process.kill()
     desk.process.communicate(timeout=20)
     equal(len(desk.outcomes()), before)

@@ -1,6 +1,10 @@
 #include "apps/desk/store/OutcomeJournal.hpp"
 #include "tests/apps/TemporaryFolder.hpp"
+#include "tests/apps/desk/store/FileCalls.hpp"
 
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <exception>
 #include <fcntl.h>
@@ -19,6 +23,7 @@ namespace vemra::desk {
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::chrono_literals;
 using ::testing::ElementsAre;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
@@ -26,7 +31,12 @@ using ::testing::IsEmpty;
 using ::testing::StartsWith;
 
 WaitingOutcome waitingOutcome(const std::string& id, const std::string& note = "met at the fair") {
-  return {id, "g1", "Find a lead", "Ada",
+  return {id,
+          "inode 1",
+          "2025-01-05T10:00:00Z",
+          "g1",
+          "Find a lead",
+          "Ada",
           GoalOutcomeRecordingInput{GoalOutcomeSubjectKind::person, "p1", GoalOutcomeValue::helped,
                                     note, std::nullopt}};
 }
@@ -78,13 +88,20 @@ TEST_F(OutcomeJournalTest, AStoreBehindALinkHasOneJournal) {
 
 TEST_F(OutcomeJournalTest, EveryFieldComesBackByteForByte) {
   const WaitingOutcome written{
-      "id", "g\n1", "\"Title\"", "A\u030ada",
+      "id",
+      "inode 5",
+      "2025-01-05T10:00:00Z",
+      "g\n1",
+      "\"Title\"",
+      "A\u030ada",
       GoalOutcomeRecordingInput{GoalOutcomeSubjectKind::path, "", GoalOutcomeValue::somethingElse,
                                 "two\nlines\u2028", "o1"}};
   journal.add(written);
   const std::vector<WaitingOutcome> read = journal.read();
   ASSERT_EQ(read.size(), 1u);
   EXPECT_EQ(read[0].id, written.id);
+  EXPECT_EQ(read[0].store, written.store);
+  EXPECT_EQ(read[0].savedAt, written.savedAt);
   EXPECT_EQ(read[0].goalID, written.goalID);
   EXPECT_EQ(read[0].goalTitle, written.goalTitle);
   EXPECT_EQ(read[0].subjectName, written.subjectName);
@@ -216,6 +233,124 @@ TEST_F(OutcomeJournalTest, WhenNothingMoreFitsOnTheDiskTheJournalStaysAsItWas) {
   std::signal(SIGXFSZ, SIG_DFL);
   EXPECT_THAT(error, StartsWith(journal.file() + ": cannot be written: "));
   EXPECT_EQ(fileText(), before);
+}
+
+TEST_F(OutcomeJournalTest, AFirstOutcomeThatDoesNotFitOnTheDiskLeavesNoFile) {
+  FileCalls::fail(FileCalls::Call::fsync, EIO);
+  const std::string error = failureOf([&] { journal.add(waitingOutcome("a")); });
+  FileCalls::succeed();
+  EXPECT_THAT(error, StartsWith(journal.file() + ": cannot be written: "));
+  EXPECT_FALSE(fs::exists(journal.file()));
+}
+
+TEST_F(OutcomeJournalTest, AFailureNeverMakesTheFileLonger) {
+  journal.add(waitingOutcome("a"));
+  const std::string before = fileText();
+  write(before + "{\"waiting\": " + std::string(2'000, ' '));
+  FileCalls::fail(FileCalls::Call::fsync, EIO);
+  EXPECT_NE(failureOf([&] { journal.add(waitingOutcome("b")); }), "");
+  FileCalls::succeed();
+  EXPECT_EQ(fileText(), before);
+}
+
+TEST_F(OutcomeJournalTest, AFileThatCannotBeExaminedIsRefused) {
+  journal.add(waitingOutcome("a"));
+  FileCalls::fail(FileCalls::Call::stat, EACCES);
+  const std::string error = refusal();
+  FileCalls::succeed();
+  EXPECT_EQ(error, journal.file() + ": cannot be examined: Permission denied");
+}
+
+TEST_F(OutcomeJournalTest, AFileThatIsNeverAtItsPathIsWaitedForNoLongerThanForALock) {
+  journal.add(waitingOutcome("a"));
+  FileCalls::fail(FileCalls::Call::stat, ENOENT);
+  const std::string error =
+      failureOf([&] { OutcomeJournal(folder.file("goals.sqlite"), 50ms).read(); });
+  FileCalls::succeed();
+  EXPECT_THAT(error, HasSubstr("is in use by another program"));
+}
+
+TEST_F(OutcomeJournalTest, ALockOfAnotherProgramIsWaitedForAsLongAsTheCallerHasPatience) {
+  journal.add(waitingOutcome("a"));
+  const int other = ::open(journal.file().c_str(), O_RDWR);
+  ASSERT_EQ(::flock(other, LOCK_EX), 0);
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_THAT(failureOf([&] { OutcomeJournal(folder.file("goals.sqlite"), 50ms).read(); }),
+              HasSubstr("is in use by another program"));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 1s);
+  ::close(other);
+}
+
+TEST_F(OutcomeJournalTest, AnAddedOutcomeIsBroughtToTheDiskAndARecordedOneIsNot) {
+  journal.add(waitingOutcome("a"));
+  const int ofFirst = FileCalls::syncs();
+  EXPECT_GT(ofFirst, 0);
+  journal.add(waitingOutcome("b"));
+  const int added = FileCalls::syncs();
+  EXPECT_GT(added, ofFirst);
+  journal.settle("a");
+  journal.settle("b");
+  EXPECT_EQ(FileCalls::syncs(), added);
+}
+
+// A power cut must not bring back what the user has given up.
+TEST_F(OutcomeJournalTest, AnOutcomeThatMustNotBeRecordedIsTakenOutOnTheDisk) {
+  journal.add(waitingOutcome("a"));
+  journal.add(waitingOutcome("b"));
+  int before = FileCalls::syncs();
+  for (const char* id : {"a", "b"}) {
+    journal.settle(id, JournalFile::Sync::now);
+    EXPECT_GT(FileCalls::syncs(), before) << id;
+    before = FileCalls::syncs();
+  }
+}
+
+TEST_F(OutcomeJournalTest, SettledOutcomesDoNotMakeItGrowWithoutEnd) {
+  journal.add(waitingOutcome("first"));
+  std::size_t longest = 0;
+  for (int i = 0; i < 300; ++i) {
+    const std::string id = std::to_string(i);
+    journal.add(waitingOutcome(id));
+    journal.settle(id);
+    longest = std::max(longest, fileText().size());
+  }
+  EXPECT_LT(longest, 25'000u) << "300 outcomes have some 100,000 bytes";
+  EXPECT_THAT(waiting(), ElementsAre("first"));
+  EXPECT_EQ(fs::status(journal.file()).permissions(), fs::perms(0600));
+  EXPECT_FALSE(fs::exists(journal.file() + "-new"));
+}
+
+TEST_F(OutcomeJournalTest, WhileItIsRewrittenAFailureLosesNothing) {
+  journal.add(waitingOutcome("first"));
+  std::string error;
+  for (int i = 0; i < 100 && error.empty(); ++i) {
+    const std::string id = std::to_string(i);
+    journal.add(waitingOutcome(id));
+    FileCalls::fail(FileCalls::Call::fsync, EIO);
+    error = failureOf([&] { journal.settle(id); });
+    FileCalls::succeed();
+  }
+  EXPECT_THAT(error, StartsWith(journal.file() + ": cannot be rewritten: "));
+  EXPECT_EQ(waiting().front(), "first");
+  EXPECT_FALSE(fs::exists(journal.file() + "-new"));
+}
+
+TEST_F(OutcomeJournalTest, AnOutcomeThatWouldMakeItUnreadableIsRefused) {
+  journal.add(waitingOutcome("small"));
+  std::string text = fileText();
+  const std::string note(15u << 20, 'n');
+  for (const char* id : {"a", "b", "c", "d"}) {
+    OutcomeJournal other(folder.file(id));
+    other.add(waitingOutcome(id, note));
+    text += TemporaryFolder::readFile(other.file()).substr(head.size());
+  }
+  write(text);
+  EXPECT_EQ(failureOf([&] { journal.add(waitingOutcome("e", note)); }),
+            journal.file() + ": has no room for more");
+  EXPECT_EQ(fileText().size(), text.size());
+  journal.settle("a");
+  journal.add(waitingOutcome("e", note));
+  EXPECT_THAT(waiting(), ElementsAre("small", "b", "c", "d", "e")) << "it was rewritten without a";
 }
 
 // Another program removes the file while this one waits for its lock.

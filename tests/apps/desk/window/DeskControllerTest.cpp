@@ -1,6 +1,7 @@
 #include "apps/desk/store/SampleGoals.hpp"
 #include "apps/desk/window/DeskController.hpp"
 #include "tests/apps/TemporaryFolder.hpp"
+#include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/window/Becomes.hpp"
 
@@ -9,6 +10,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -32,9 +34,14 @@ struct Written final : DeskDisplay {
   }
   void showGoal(const LoadedGoal& loaded) override {
     goal = loaded;
+    shown.insert(loaded.id);
     failure.clear();
   }
-  void keepGoal() override { ++timesKept; }
+  bool keepGoal(const std::string& goalID) override {
+    const bool isKept = shown.contains(goalID);
+    if (isKept) ++timesKept;
+    return isKept;
+  }
   void showFailure(const QString& reason) override { failure = reason.toStdString(); }
   void showNotice(const QString& text, std::function<void()> again) override {
     notices.push_back(text.toStdString());
@@ -47,7 +54,8 @@ struct Written final : DeskDisplay {
   void showPerson(PersonKnowledge) override { ++timesDetailed; }
   void showEvidence(EvidenceKnowledge) override { ++timesDetailed; }
   void showPath(const GoalPathCandidateDTO&,
-                const std::vector<std::optional<std::string>>&) override {
+                const std::vector<std::optional<std::string>>& names) override {
+    namesOnPath = names;
     ++timesDetailed;
   }
   void closeDetails() override { ++timesClosed; }
@@ -57,6 +65,8 @@ struct Written final : DeskDisplay {
   std::vector<std::string> goals;
   std::string chosen;
   std::optional<LoadedGoal> goal;
+  std::set<std::string> shown;  // the goals that have been shown
+  std::vector<std::optional<std::string>> namesOnPath;
   std::string failure;
   std::vector<std::string> notices;
   std::function<void()> tryAgain;
@@ -189,6 +199,32 @@ TEST_F(DeskControllerTest, AGoalThatIsNotThereIsAFailureInPlaceOfTheGoal) {
   EXPECT_THAT(display.failure, HasSubstr("g9"));
   EXPECT_EQ(display.goalID(), "");
   EXPECT_EQ(display.timesKept, 0);
+}
+
+TEST_F(DeskControllerTest, AGoalThatCannotBeLoadedAgainKeepsItsScreenAlsoAfterAnotherOne) {
+  import({goal("g1", "One"), goal("g2", "Two")});
+  start();
+  ASSERT_TRUE(opens("g1"));
+  controller->openGoal("g2");
+  ASSERT_TRUE(opens("g2"));
+  ASSERT_EQ(RawDatabase(file).run("UPDATE people SET position = 5 WHERE goal = 1"), "");
+  controller->openGoal("g1");
+  ASSERT_TRUE(becomes([&] { return !display.notices.empty() || !display.failure.empty(); }));
+  EXPECT_GT(display.timesKept, 0);
+  EXPECT_EQ(display.failure, "");
+  EXPECT_THAT(display.notices.back(), HasSubstr("The goal could not be loaded."));
+}
+
+TEST_F(DeskControllerTest, APathHasTheNamesOfTheGoalThatShowsIt) {
+  auto other = goal("g2", "Two");
+  other.people = {build::person("p1", "Adele", {}, GoalWhyDTO::connection(2))};
+  import({goal("g1", "One"), other});
+  start();
+  ASSERT_TRUE(opens("g1"));
+  controller->openGoal("g2");  // the screen of the first goal takes presses until this is loaded
+  controller->openPath("g1", {{"p1"}, GoalWhyDTO::connection(2), 1});
+  ASSERT_TRUE(becomes([&] { return display.timesDetailed == 1; }));
+  EXPECT_THAT(display.namesOnPath, ElementsAre("Ada"));
 }
 
 TEST_F(DeskControllerTest, DetailsAreLookedUpAgainWhenTheStoreChangesUntilTheyAreClosed) {

@@ -78,7 +78,7 @@ TEST_F(ClosingTest, AnOpenEditorOfAnyGoalIsAskedAboutOnceAndNamed) {
   window->close();
   EXPECT_TRUE(window->isVisible());
   ASSERT_NE(question(), nullptr);
-  EXPECT_EQ(question()->informativeText(), "Ada (First)");
+  EXPECT_EQ(question()->informativeText(), "\u2068Ada\u2069 (\u2068First\u2069)");
   window->close();
   EXPECT_EQ(window->findChildren<QMessageBox*>().size(), 1) << "it is asked already";
 }

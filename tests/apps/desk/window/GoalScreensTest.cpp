@@ -84,7 +84,7 @@ TEST_F(GoalScreensTest, AScreenWithAnOpenEditorNeverGoes) {
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_EQ(screens.count(), 3u);
   EXPECT_TRUE(first);
-  EXPECT_EQ(screens.drafts(), QStringList{"Ada (Goal a)"});
+  EXPECT_EQ(screens.drafts(), QStringList{"\u2068Ada\u2069 (\u2068Goal a\u2069)"});
 }
 
 TEST_F(GoalScreensTest, OpenEditorsAreFoundInRowsOutOfViewAndInThePath) {
@@ -102,10 +102,32 @@ TEST_F(GoalScreensTest, OpenEditorsAreFoundInRowsOutOfViewAndInThePath) {
   bar->setValue(bar->maximum());
   QApplication::processEvents();
   openEditor("vemra.goal.path");
-  EXPECT_EQ(screens.drafts(), (QStringList{"Person 1 (Long)", "the path to Person 7 (Long)"}));
+  EXPECT_EQ(screens.drafts(), (QStringList{"\u2068Person 1\u2069 (\u2068Long\u2069)",
+                                           "\u2068the path to Person 7\u2069 (\u2068Long\u2069)"}));
   bar->setValue(0);
   QApplication::processEvents();
   EXPECT_EQ(screens.drafts().size(), 2);
+}
+
+TEST_F(GoalScreensTest, ALongTitleIsShortInTheLineOfAnOpenEditor) {
+  show(goal("a", std::string(300, 't') + "\nsecond line"));
+  openEditor("vemra.goal.person.p1");
+  ASSERT_EQ(screens.drafts().size(), 1);
+  EXPECT_LT(screens.drafts()[0].size(), 100);
+  EXPECT_FALSE(screens.drafts()[0].contains('\n'));
+}
+
+TEST_F(GoalScreensTest, TheScreenOfAGoalIsShownAgainIfItIsThere) {
+  show("a");
+  const qt::ViewWidget* first = &screens.current();
+  show("b");
+  EXPECT_EQ(screens.showAgain("c"), nullptr);
+  EXPECT_NE(&screens.current(), first);
+  const LoadedGoal* shown = screens.showAgain("a");
+  ASSERT_NE(shown, nullptr);
+  EXPECT_EQ(shown->id, "a");
+  EXPECT_EQ(&screens.current(), first);
+  EXPECT_EQ(pages.currentWidget(), first);
 }
 
 TEST_F(GoalScreensTest, AssistiveTechnologySeesTheShownScreenOnly) {

@@ -53,14 +53,15 @@ TEST_F(MovedStoreWindowTest, AnOutcomeForAStoreThatIsGoneIsKeptAndRecordedWhenIt
   wait<QLineEdit>(person + ".outcome.note")->setText("kept");
   fs::rename(file, away);
   press(person + ".outcome.save");
-  EXPECT_TRUE(waits("Not stored yet:\n“Was useful” for Ada (One)")) << notice();
+  EXPECT_TRUE(waits("Not stored yet:\n“Was useful” for \u2068Ada\u2069 (\u2068One\u2069)"))
+      << notice();
   EXPECT_TRUE(waits("was moved or removed while it was open")) << notice();
   EXPECT_TRUE(notices("The store could not be read.")) << notice();
   EXPECT_FALSE(fs::exists(file));
 
   fs::rename(away, file);
   EXPECT_TRUE(notices("The store is shown as it is now")) << notice();
-  EXPECT_TRUE(waits("Not stored yet:"));
+  EXPECT_TRUE(waits("was replaced by another file while it was open")) << "it is tried meanwhile";
   EXPECT_EQ(recorded(), 0u) << "only when the user says so";
   press("desk.waiting.again");
   ASSERT_NE(wait<QAbstractButton>(person + ".outcome.correct"), nullptr) << notice();

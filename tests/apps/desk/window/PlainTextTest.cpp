@@ -55,6 +55,19 @@ TEST(PlainText, QuietRolesHaveTheQuieterColour) {
   }
 }
 
+TEST(PlainText, AShortLineEndsBehindAWholeCharacter) {
+  const QString emoji = QString::fromUtf8("\U0001f600");
+  const QString text = QString(79, 'a') + emoji + "b";
+  EXPECT_EQ(onOneShortLine(text), QString(79, 'a') + u'…');
+  EXPECT_EQ(onOneShortLine(QString(319, ' ') + emoji + "b"), "");
+  EXPECT_EQ(onOneShortLine(QString(78, 'a') + emoji), QString(78, 'a') + emoji);
+}
+
+TEST(PlainText, ANameInAMessageIsIsolatedFromTheTextAroundIt) {
+  EXPECT_EQ(nameInMessage("Ada\nB."), "\u2068Ada B.\u2069");
+  EXPECT_EQ(nameInMessage("A\u2069\u202eda"), "\u2068Ada\u2069") << "and cannot end that early";
+}
+
 TEST(PlainText, ATitleOfAButtonHasNoMnemonic) {
   EXPECT_EQ(asButtonTitle("Fish & chips && more"), "Fish && chips &&&& more");
 }

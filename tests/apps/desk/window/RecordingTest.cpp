@@ -110,8 +110,9 @@ TEST_F(RecordingTest, AFailureIsShownAndCanBeTriedAgain) {
   auto* bar = wait<QWidget>("desk.waiting");
   ASSERT_NE(bar, nullptr);
   const QString message =
-      "Not stored yet:\n“Was useful” for Nguyễn Thị Mai (Find a design lead for the spring "
-      "launch)\n" +
+      "Not stored yet:\n“Was useful” for \u2068Nguyễn Thị Mai\u2069 (\u2068Find a design lead for "
+      "the "
+      "spring launch\u2069)\n" +
       QString::fromStdString(file) + ": is damaged: the trigger \"refuse\" is not part of a store";
   EXPECT_TRUE(becomes([&] { return shows(message, "desk.waiting"); })) << waiting();
   EXPECT_EQ(bar->accessibleName(), message);
@@ -141,7 +142,7 @@ TEST_F(RecordingTest, WhileTheStoreIsLockedOutcomesWaitAndAreStoredInTheirOrder)
       becomes([&] { return waiting().find("in use by another program") != std::string::npos; }));
   press("desk.goal.sample-sail-the-baltic");
   ASSERT_TRUE(becomes([&] { return shows("No source evidence yet."); }));
-  EXPECT_NE(waiting().find("“Was useful” for Nguyễn Thị Mai (Find a design lead"),
+  EXPECT_NE(waiting().find("“Was useful” for \u2068Nguyễn Thị Mai\u2069 (\u2068Find a design lead"),
             std::string::npos)
       << "in the words of its own goal: " << waiting();
   press("desk.goal.sample-design-lead");
@@ -184,11 +185,13 @@ TEST_F(RecordingTest, WhatWaitsCanBeDiscardedAfterAQuestion) {
   press("desk.waiting.discard");
   auto* question = wait<QMessageBox>("desk.discard");
   ASSERT_NE(question, nullptr);
-  EXPECT_TRUE(question->informativeText().startsWith("“Was useful” for Nguyễn Thị Mai"));
+  EXPECT_TRUE(question->informativeText().startsWith("“Was useful” for \u2068Nguyễn Thị Mai"));
   question->button(QMessageBox::Discard)->click();
   EXPECT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") == nullptr; }));
   EXPECT_FALSE(std::filesystem::exists(file + "-waiting"));
   ASSERT_EQ(other.run("ROLLBACK"), "");
+  pass(1200);  // longer than the first pauses between two tries
+  EXPECT_EQ(recorded().size(), 4u);
 }
 
 TEST_F(RecordingTest, WhatAnotherProcessImportsAppearsAndDoesNotDisturbTyping) {

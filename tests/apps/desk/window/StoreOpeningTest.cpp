@@ -7,6 +7,7 @@
 
 #include <filesystem>
 
+#include <QMessageBox>
 #include <gmock/gmock.h>
 
 namespace vemra::desk {
@@ -145,6 +146,34 @@ TEST_F(StoreOpeningTest, WhatCannotBeRecordedSaysWhyAndIsRecordedOnceTheStoreCan
   EXPECT_EQ(find<QWidget>("desk.readOnly"), nullptr);
   EXPECT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") == nullptr; }));
   closeWindow();
+}
+
+TEST_F(StoreOpeningTest, WhatWaitsStaysWhenTheStoreCannotBeOpenedAtAll) {
+  openWindow(openStore(file, StoreUse::reading));
+  press(person + ".outcome.start");
+  press(person + ".outcome.save");
+  ASSERT_NE(wait<QWidget>("desk.waiting"), nullptr);
+  damage();
+  press("desk.readOnly.again");
+  EXPECT_TRUE(becomes([&] {
+    return texts("desk.notice").join("\n").contains("goals.sqlite: is not an SQLite database");
+  }));
+  EXPECT_NE(find<QWidget>("desk.waiting"), nullptr);
+  repair();
+  press("desk.readOnly.again");
+  EXPECT_NE(wait<QAbstractButton>(person + ".outcome.correct"), nullptr);
+  EXPECT_EQ(recorded(), 1u);
+  closeWindow();
+}
+
+TEST_F(StoreOpeningTest, WhatWouldBeLostIsAskedAboutRightAfterSaving) {
+  openWindow(openStore(file, StoreUse::reading));
+  press(person + ".outcome.start");
+  wait<QAbstractButton>(person + ".outcome.save");
+  press(person + ".outcome.save");
+  window->close();
+  EXPECT_TRUE(window->isVisible());
+  EXPECT_NE(find<QMessageBox>("desk.question"), nullptr);
 }
 
 TEST_F(StoreOpeningTest, TheProgramNamesTheStoreAndEndsWhereNobodySeesAWindow) {

@@ -43,7 +43,8 @@ TEST_F(WaitingCloseTest, ClosingNamesWhatIsNotStoredAndWhatBecomesOfIt) {
   auto* question = wait<QMessageBox>("desk.question");
   ASSERT_NE(question, nullptr);
   EXPECT_EQ(question->informativeText(),
-            "“Was useful” for Ada (First)\n\nWhat is not stored yet is kept beside the store, and "
+            "“Was useful” for \u2068Ada\u2069 (\u2068First\u2069)\n\nWhat is not stored yet is "
+            "kept beside the store, and "
             "stored when the store is opened again.");
 }
 
@@ -84,13 +85,31 @@ TEST_F(WaitingCloseTest, WhatWasNotStoredIsStoredWhenTheStoreIsOpenedAgain) {
   EXPECT_TRUE(becomes([&] { return !std::filesystem::exists(file + "-waiting"); }));
 }
 
+TEST_F(WaitingCloseTest, OneQuestionIsAskedAtATime) {
+  press("desk.waiting.discard");
+  ASSERT_NE(wait<QMessageBox>("desk.discard"), nullptr);
+  press("desk.waiting.discard");
+  window->close();
+  pass(50);
+  EXPECT_EQ(window->findChildren<QMessageBox*>().size(), 1);
+  EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(WaitingCloseTest, WhatAnotherProgramHasDiscardedIsNotAskedAbout) {
+  const OutcomeJournal journal(file);
+  for (const WaitingOutcome& each : journal.read()) journal.settle(each.id);
+  window->close();
+  EXPECT_TRUE(isClosed());
+}
+
 TEST_F(WaitingCloseTest, AnOpenEditorIsNamedInTheSameQuestion) {
   press(person + ".outcome.start");
   window->close();
   auto* question = wait<QMessageBox>("desk.question");
   ASSERT_NE(question, nullptr);
   EXPECT_EQ(question->text(), "Outcomes are still being written. Close without them?");
-  EXPECT_TRUE(question->informativeText().startsWith("Ada (First)\n\nNot stored yet:\n\n“Was"))
+  EXPECT_TRUE(question->informativeText().startsWith(
+      "\u2068Ada\u2069 (\u2068First\u2069)\n\nNot stored yet:\n\n“Was"))
       << question->informativeText().toStdString();
   question->button(QMessageBox::Discard)->click();
   EXPECT_TRUE(isClosed());

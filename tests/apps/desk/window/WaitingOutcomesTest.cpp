@@ -1,13 +1,23 @@
+#include "apps/desk/store/FileIdentity.hpp"
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/window/WaitingOutcomes.hpp"
+#include "tests/Allocations.hpp"
 #include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/store/AtCommit.hpp"
 #include "tests/apps/desk/window/Becomes.hpp"
 
+#include <chrono>
+#include <cstdint>
+#include <fcntl.h>
 #include <filesystem>
 #include <memory>
+#include <new>
 #include <string>
+#include <sys/file.h>
+#include <thread>
+#include <unistd.h>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -17,6 +27,7 @@ namespace vemra::desk {
 namespace {
 
 namespace fs = std::filesystem;
+using ::testing::AllOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -41,8 +52,13 @@ class WaitingOutcomesTest : public ::testing::Test {
     engine.reset();
   }
 
-  static WaitingOutcome entry(const std::string& id, const std::string& goalID = "g1") {
-    return {id, goalID, "Title of " + goalID, "Ada",
+  WaitingOutcome entry(const std::string& id, const std::string& goalID = "g1") const {
+    return {id,
+            fileMarkAt(file),
+            "2025-01-05T10:00:00Z",
+            goalID,
+            "Title of " + goalID,
+            "Ada",
             GoalOutcomeRecordingInput{GoalOutcomeSubjectKind::person, "p1",
                                       GoalOutcomeValue::helped, "note of " + id, std::nullopt}};
   }
@@ -54,26 +70,60 @@ class WaitingOutcomesTest : public ::testing::Test {
     for (const auto& each : GoalStore::open(file).outcomes(goalID)) ids.push_back(each.id);
     return ids;
   }
+  void replaceStore(const std::string& goalID) const {
+    const std::string other = folder.file("other.sqlite");
+    GoalStore::open(other).import({goal(goalID, "Of another store")});
+    fs::rename(other, file);
+  }
+  void damageJournal() const {
+    folder.write("goals.sqlite-waiting", "not ours\n");
+    fs::permissions(journal.file(), fs::perms::owner_read | fs::perms::owner_write);
+  }
+  bool waitsWith(const std::string& reason) const {
+    return becomes([&] {
+      const auto notes = waiting->notes();
+      return !notes.empty() && notes[0].reason.toStdString().find(reason) != std::string::npos;
+    });
+  }
   bool isDone() const {
     return becomes([&] { return waiting->isEmpty(); });
   }
 
   TemporaryFolder folder;
   std::string file = folder.file("goals.sqlite");
-  OutcomeJournal journal{file};
+  OutcomeJournal journal{file, std::chrono::milliseconds(200)};
   std::shared_ptr<StoreEngine> engine;
   std::unique_ptr<WaitingOutcomes> waiting;
   std::string failure;
 };
 
 TEST_F(WaitingOutcomesTest, AnOutcomeIsInTheJournalBeforeItIsTried) {
+  std::string atCommit;
+  const AtCommit watch([&] {
+    if (atCommit.empty()) atCommit = TemporaryFolder::readFile(journal.file());
+    return 0;
+  });
   start();
+  // Writing the journal takes a while, so that a try which does not wait for it comes first.
+  const int slow = ::open(journal.file().c_str(), O_RDWR | O_CREAT, 0600);
+  ASSERT_EQ(::flock(slow, LOCK_EX), 0);
+  std::thread unlocking([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(80));
+    ::close(slow);
+  });
   add("a");
-  ASSERT_EQ(journal.read().size(), 1u);
-  EXPECT_EQ(journal.read()[0].input.note, "note of a");
-  EXPECT_TRUE(isDone());
+  unlocking.join();
+  ASSERT_TRUE(isDone());
+  EXPECT_THAT(atCommit, HasSubstr("note of a"));
   EXPECT_FALSE(fs::exists(journal.file()));
   EXPECT_THAT(recorded(), ElementsAre("a"));
+}
+
+TEST_F(WaitingOutcomesTest, TheDateIsTheOneOfSavingAndNotOfTheTryThatSucceeds) {
+  journal.add(entry("a"));
+  start();
+  ASSERT_TRUE(isDone());
+  EXPECT_EQ(GoalStore::open(file).outcomes("g1")[0].recordedAt, "2025-01-05T10:00:00Z");
 }
 
 TEST_F(WaitingOutcomesTest, AStoreThatIsLockedIsTriedAgainByItselfInTheOrderOfTheOutcomes) {
@@ -160,8 +210,7 @@ TEST_F(WaitingOutcomesTest, ALaterOutcomeOfTheSameGoalNeverOvertakesOneThatIsRef
 }
 
 TEST_F(WaitingOutcomesTest, ADamagedJournalIsReportedAndStaysAndOutcomesAreRecordedWithoutIt) {
-  folder.write("goals.sqlite-waiting", "not ours\n");
-  fs::permissions(journal.file(), fs::perms::owner_read | fs::perms::owner_write);
+  damageJournal();
   start();
   EXPECT_THAT(failure, HasSubstr(journal.file() + ": line 1: "));
   add("a");
@@ -171,8 +220,7 @@ TEST_F(WaitingOutcomesTest, ADamagedJournalIsReportedAndStaysAndOutcomesAreRecor
 }
 
 TEST_F(WaitingOutcomesTest, WhatTheJournalDoesNotHoldIsMarked) {
-  folder.write("goals.sqlite-waiting", "not ours\n");
-  fs::permissions(journal.file(), fs::perms::owner_read | fs::perms::owner_write);
+  damageJournal();
   start();
   RawDatabase other(file);
   ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
@@ -187,23 +235,187 @@ TEST_F(WaitingOutcomesTest, WhatIsDiscardedIsForgottenByTheNextProgramToo) {
   start();
   add("a", "gone");
   ASSERT_TRUE(becomes([&] { return waiting->notes().size() == 1; }));
-  waiting->discard();
+  waiting->discard({"a"});
   EXPECT_TRUE(waiting->isEmpty());
   EXPECT_FALSE(fs::exists(journal.file()));
 }
 
+TEST_F(WaitingOutcomesTest, OnlyWhatIsNamedIsDiscarded) {
+  start();
+  add("a", "gone");
+  add("b", "gone");
+  ASSERT_TRUE(becomes([&] { return waiting->notes().size() == 2; }));
+  waiting->discard({"a"});
+  ASSERT_EQ(waiting->notes().size(), 1u);
+  EXPECT_EQ(waiting->notes()[0].id, "b");
+  ASSERT_EQ(journal.read().size(), 1u);
+  EXPECT_EQ(journal.read()[0].id, "b");
+}
+
+TEST_F(WaitingOutcomesTest, WhatCannotBeTakenOutOfTheJournalStaysWithTheReason) {
+  start();
+  add("a", "gone");
+  ASSERT_TRUE(waitsWith("has no goal"));
+  damageJournal();
+  waiting->discard({"a"});
+  ASSERT_EQ(waiting->notes().size(), 1u);
+  EXPECT_THAT(waiting->notes()[0].reason.toStdString(),
+              AllOf(HasSubstr("It could not be discarded."), HasSubstr("line 1: ")));
+}
+
+TEST_F(WaitingOutcomesTest, WhatIsBeingTriedIsDiscardedWhenTheTryHasFailed) {
+  start();
+  RawDatabase other(file);
+  ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
+  add("a");
+  waiting->discard({"a"});
+  EXPECT_FALSE(waiting->isEmpty()) << "the try may still succeed";
+  EXPECT_TRUE(isDone());
+  ASSERT_EQ(other.run("ROLLBACK"), "");
+  EXPECT_FALSE(fs::exists(journal.file()));
+  stop();
+  EXPECT_THAT(recorded(), IsEmpty());
+}
+
+TEST_F(WaitingOutcomesTest, WhatAnotherProgramDiscardsIsNotTriedHereAnyMore) {
+  start();
+  add("a", "gone");
+  ASSERT_TRUE(waitsWith("has no goal"));
+  const auto otherEngine = std::make_shared<StoreEngine>(file);
+  {
+    WaitingOutcomes other(otherEngine, journal);
+    other.start();
+    ASSERT_TRUE(becomes([&] { return other.notes().size() == 1; }));
+    other.discard({"a"});
+  }
+  otherEngine->finish();
+  GoalStore::open(file).import({goal("gone", "Back")});
+  waiting->tryInTheirStore();
+  EXPECT_TRUE(waiting->isEmpty());
+  stop();
+  EXPECT_THAT(recorded("gone"), IsEmpty());
+}
+
+TEST_F(WaitingOutcomesTest, WhileTheDiskOfTheStoreIsNotThereNothingIsDropped) {
+  start();
+  add("a", "gone");
+  ASSERT_TRUE(waitsWith("has no goal"));
+  fs::rename(file, file + ".away");
+  fs::rename(journal.file(), folder.file("journal.away"));
+  waiting->readJournal();
+  ASSERT_EQ(waiting->notes().size(), 1u);
+  EXPECT_EQ(waiting->notes()[0].unkept, "The journal is not there.");
+  fs::rename(file + ".away", file);
+  fs::rename(folder.file("journal.away"), journal.file());
+  waiting->readJournal();
+  ASSERT_EQ(waiting->notes().size(), 1u);
+  EXPECT_EQ(waiting->notes()[0].unkept, "");
+}
+
+TEST_F(WaitingOutcomesTest, WhatTheJournalRefusedIsOfferedToItAgain) {
+  damageJournal();
+  start();
+  add("a", "gone");
+  ASSERT_TRUE(waitsWith("has no goal"));
+  fs::remove(journal.file());
+  waiting->tryInTheirStore();
+  ASSERT_EQ(waiting->notes().size(), 1u);
+  EXPECT_EQ(waiting->notes()[0].unkept, "");
+  EXPECT_EQ(journal.read().size(), 1u);
+}
+
+TEST_F(WaitingOutcomesTest, WhatTheJournalDoesNotHoldIsNotedAtOnce) {
+  damageJournal();
+  start();
+  add("a");
+  EXPECT_EQ(waiting->notes().size(), 1u);
+  EXPECT_TRUE(isDone());
+}
+
+TEST_F(WaitingOutcomesTest, AJournalThatIsLockedAtTheStartIsReadLater) {
+  journal.add(entry("a"));
+  const int other = ::open(journal.file().c_str(), O_RDWR);
+  ASSERT_EQ(::flock(other, LOCK_EX), 0);
+  start();
+  EXPECT_TRUE(waiting->isEmpty());
+  EXPECT_EQ(failure, "") << "another program uses it for a moment";
+  ::close(other);
+  EXPECT_TRUE(becomes([&] { return recorded().size() == 1; }));
+  EXPECT_TRUE(isDone());
+}
+
+TEST_F(WaitingOutcomesTest, ATryThatCannotBeStartedStopsNoLaterOne) {
+  start();
+  add("a", "gone");
+  ASSERT_TRUE(waitsWith("has no goal"));
+  GoalStore::open(file).import({goal("gone", "Back")});
+  for (std::uint64_t granted = 0; granted < 150; ++granted) {
+    vemra::testing::refuseAllocationAfter(granted);
+    try {
+      waiting->tryInTheirStore();
+    } catch (const std::bad_alloc&) {
+    }
+    vemra::testing::refuseNoAllocation();
+  }
+  EXPECT_TRUE(isDone());
+  EXPECT_THAT(recorded("gone"), ElementsAre("a"));
+}
+
 TEST_F(WaitingOutcomesTest, NothingIsRecordedInAStoreThatTookThePlaceOfTheShownOne) {
   start();
-  const std::uint64_t shown = engine->storeNumber();
-  waiting->add(entry("a"), shown + 1);
-  ASSERT_TRUE(becomes([&] { return waiting->notes().size() == 1; }));
-  EXPECT_THAT(waiting->notes()[0].reason.toStdString(), HasSubstr("was replaced by another file"));
+  waiting->add(entry("a"), engine->storeNumber() + 1);
+  ASSERT_TRUE(waitsWith("was replaced by another file"));
+  int tries = 0;
+  QObject::connect(waiting.get(), &WaitingOutcomes::changed, [&] { ++tries; });
   waiting->tryInTheirStore();
-  EXPECT_TRUE(becomes([&] { return !waiting->isEmpty(); }));
+  ASSERT_TRUE(becomes([&] { return tries > 0; }));
+  EXPECT_FALSE(waiting->isEmpty());
   EXPECT_THAT(recorded(), IsEmpty());
   waiting->tryAgain();
   ASSERT_TRUE(isDone());
   EXPECT_THAT(recorded(), ElementsAre("a"));
+}
+
+TEST_F(WaitingOutcomesTest, AnOutcomeOfAReplacedStoreHoldsUpNoneOfTheNewStore) {
+  start();
+  WaitingOutcome ofOther = entry("a");
+  ofOther.store = "inode 1";
+  RawDatabase other(file);
+  ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");  // both are in one pass
+  waiting->add(ofOther, std::nullopt);
+  add("b");
+  ASSERT_EQ(other.run("ROLLBACK"), "");
+  ASSERT_TRUE(becomes([&] { return recorded().size() == 1; }));
+  EXPECT_THAT(recorded(), ElementsAre("b"));
+  EXPECT_TRUE(waitsWith("is not the store that the outcome was saved in"));
+}
+
+TEST_F(WaitingOutcomesTest, AfterARestartAnOutcomeGoesIntoNoOtherStoreUnasked) {
+  journal.add(entry("a"));
+  replaceStore("g1");
+  start();
+  ASSERT_TRUE(waitsWith("is not the store that the outcome was saved in"));
+  EXPECT_THAT(recorded(), IsEmpty());
+  waiting->tryAgain();
+  ASSERT_TRUE(isDone());
+  EXPECT_THAT(recorded(), ElementsAre("a"));
+}
+
+TEST_F(WaitingOutcomesTest, TryingAgainIsMeantForTheStoreThatIsThereThenAndForNoLaterOne) {
+  journal.add(entry("a", "gone"));
+  replaceStore("g1");
+  start();
+  ASSERT_TRUE(waitsWith("is not the store that the outcome was saved in"));
+  waiting->tryAgain();
+  ASSERT_TRUE(waitsWith("has no goal"));
+  replaceStore("gone");
+  waiting->tryInTheirStore();
+  ASSERT_TRUE(waitsWith("was replaced by another file"));
+  waiting->tryInTheirStore();  // now the third store is open
+  engine->finish();
+  QCoreApplication::processEvents();
+  EXPECT_THAT(recorded("gone"), IsEmpty());
+  EXPECT_TRUE(waitsWith("was replaced by another file"));
 }
 
 }  // namespace
