@@ -2,8 +2,8 @@
 
 #include "VemraGoalEngine/GoalOutcomeValue.hpp"
 #include "VemraGoalEngine/GoalWhyDTO.hpp"
-#include "VemraPlatform/base/SharedArray.hpp"
 #include "VemraPlatform/Export.hpp"
+#include "VemraPlatform/base/SharedArray.hpp"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "benchmarks/data/SampleResult.hpp"
-#include "benchmarks/screen/Candidate.hpp"
 #include "benchmarks/frames/FrameClock.hpp"
+#include "benchmarks/screen/Candidate.hpp"
 
 #include <set>
 #include <string>
