@@ -14,8 +14,6 @@ namespace vemra::gallery {
 
 /// A specimen with its name, in a window of the gallery.
 class Card : public QFrame {
-  Q_OBJECT
-
  public:
   /// `specimen` must outlive the card.
   Card(const Specimen& specimen, QWidget* parent);

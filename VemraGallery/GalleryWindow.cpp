@@ -178,7 +178,8 @@ void GalleryWindow::arrange() {
 void GalleryWindow::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   // Its cards come onto the screen after it.
-  QMetaObject::invokeMethod(this, &GalleryWindow::arrange, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this, [this] { arrange(); }, Qt::QueuedConnection);
 }
 
 bool GalleryWindow::eventFilter(QObject* watched, QEvent* event) {

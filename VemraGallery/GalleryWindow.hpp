@@ -24,8 +24,6 @@ class Card;
 /// The switch to high contrast sets the palette of the application. The gallery must outlive the window. Main
 /// thread only.
 class VEMRA_EXPORT GalleryWindow : public QWidget {
-  Q_OBJECT
-
  public:
   explicit GalleryWindow(const Gallery& gallery, QWidget* parent = nullptr);
   ~GalleryWindow() override;
