@@ -1,13 +1,8 @@
 #include "VemraGallery/BookPage.hpp"
 
+#include "VemraGallery/BookParts.hpp"
+
 #include <set>
-
-#include <QFile>
-
-// A static library's resources are there once this has been called; it cannot stand in a namespace.
-static void initializeResources() {
-  Q_INIT_RESOURCE(gallery);
-}
 
 namespace vemra::gallery {
 namespace {
@@ -48,13 +43,6 @@ std::string slug(std::string_view text) {
     }
   }
   return word;
-}
-
-std::string resource(const char* name) {
-  initializeResources();
-  QFile file(QString(":/vemra-gallery/") + name);
-  if (!file.open(QIODevice::ReadOnly)) return {};
-  return file.readAll().toStdString();
 }
 
 const char* nameOf(ui::ColorScheme scheme) {
@@ -172,7 +160,7 @@ std::string bookPage(const Gallery& gallery, const std::vector<BookEntry>& entri
       "charset=\"utf-8\">\n"
       "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
       "<link rel=\"icon\" href=\"data:,\">\n<title>" +
-      escaped(gallery.title()) + "</title>\n<style>\n" + resource("book.css") +
+      escaped(gallery.title()) + "</title>\n<style>\n" + std::string(bookStyle) +
       "</style>\n</head>\n<body>\n";
   addHeader(html, gallery, entries);
   addContents(html, entries);
@@ -188,7 +176,7 @@ std::string bookPage(const Gallery& gallery, const std::vector<BookEntry>& entri
     addEntry(html, gallery, entry, number++);
   }
   if (section != nullptr) html += "</div>\n</section>\n";
-  return html + "</main>\n<script>\n" + resource("book.js") + "</script>\n</body>\n</html>\n";
+  return html + "</main>\n<script>\n" + std::string(bookProgram) + "</script>\n</body>\n</html>\n";
 }
 
 }  // namespace vemra::gallery

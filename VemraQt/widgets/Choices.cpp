@@ -1,6 +1,7 @@
 #include "VemraQt/widgets/Choices.hpp"
 
 #include "VemraPlatform/page/Choices.hpp"
+#include "VemraQt/widgets/ElementWidget.hpp"
 #include "VemraQt/widgets/TextShape.hpp"
 
 #include <algorithm>

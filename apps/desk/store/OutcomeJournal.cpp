@@ -1,6 +1,7 @@
 #include "apps/desk/store/OutcomeJournal.hpp"
 
 #include "VemraGoalEngine/GoalRecords.hpp"
+#include "VemraPlatform/text/TextMap.hpp"
 #include "apps/desk/store/StoreError.hpp"
 #include "apps/documents/DocumentError.hpp"
 #include "apps/documents/EnumerationNames.hpp"
@@ -13,7 +14,6 @@
 #include <optional>
 #include <string_view>
 #include <system_error>
-#include <unordered_map>
 #include <utility>
 
 namespace vemra::desk {
@@ -158,7 +158,7 @@ class Waiting {
 
  private:
   std::vector<std::optional<WaitingOutcome>> outcomes_;  // nil: settled
-  std::unordered_map<std::string, std::size_t> places_;  // the ids of those that wait
+  text::TextMap<std::string, std::size_t> places_;       // the ids of those that wait
 };
 
 /// Reads the lines. Ends at a line that was not written to its end.

@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <exception>
 #include <iterator>
-#include <unordered_set>
+#include <set>
 #include <utility>
 
 namespace vemra::desk {
@@ -80,7 +80,7 @@ void WaitingOutcomes::readJournal() {
     return;
   }
   journalFailure_.clear();
-  std::unordered_set<std::string> ids;
+  std::set<std::string> ids;
   for (const WaitingOutcome& outcome : outcomes) ids.insert(outcome.id);
   // On a disk that is not there, the journal is missing like the store.
   const bool isStoreThere = identityAt(engine_->file()).has_value();

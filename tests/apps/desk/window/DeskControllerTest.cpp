@@ -212,6 +212,7 @@ TEST_F(DeskControllerTest, AGoalThatCannotBeLoadedAgainKeepsItsScreenAlsoAfterAn
   ASSERT_TRUE(becomes([&] { return !display.notices.empty() || !display.failure.empty(); }));
   EXPECT_GT(display.timesKept, 0);
   EXPECT_EQ(display.failure, "");
+  ASSERT_FALSE(display.notices.empty());
   EXPECT_THAT(display.notices.back(), HasSubstr("The goal could not be loaded."));
 }
 
