@@ -1,6 +1,7 @@
 #include "VemraQt/widgets/StyleMetrics.hpp"
 
 #include "VemraQt/widgets/Choices.hpp"
+#include "VemraQt/widgets/ElementWidget.hpp"
 
 #include <algorithm>
 

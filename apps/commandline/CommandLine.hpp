@@ -38,7 +38,7 @@ class Syntax {
 
  private:
   friend class CommandLine;
-  Syntax(CommandLine& line, CLI::App& app) : line(&line), app(&app) {}
+  Syntax(CommandLine& ofLine, CLI::App& ofApp) : line(&ofLine), app(&ofApp) {}
 
   CommandLine* line;
   CLI::App* app;
@@ -46,7 +46,7 @@ class Syntax {
 
 /// Thrown where a command line asks for nothing to be done: it is wrong, or asks for help or the version.
 struct Ending : std::exception {
-  explicit Ending(EarlyExit earlyExit) : earlyExit(std::move(earlyExit)) {}
+  explicit Ending(EarlyExit exit) : earlyExit(std::move(exit)) {}
   const char* what() const noexcept override { return earlyExit.diagnostic.c_str(); }
 
   EarlyExit earlyExit;
