@@ -1,6 +1,7 @@
 // Everything of the screen belongs to the main thread, and says so by stopping the process.
 
 #include "VemraGoalSurface/GoalOutcomeRecordingControl.hpp"
+#include "VemraTesting/Screen.hpp"
 #include "tests/VemraGoalSurface/PrivateMembers.hpp"
 #include "tests/VemraGoalSurface/SampleScreen.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
