@@ -28,7 +28,7 @@ using ::testing::IsEmpty;
 struct Written final : DeskDisplay {
   void showGoals(const std::vector<GoalListing>& listed, const std::string& id) override {
     goals.clear();
-    for (const GoalListing& goal : listed) goals.push_back(goal.id);
+    for (const GoalListing& each : listed) goals.push_back(each.id);
     chosen = id;
     ++timesListed;
   }
