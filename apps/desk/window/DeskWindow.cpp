@@ -271,6 +271,7 @@ void DeskWindow::askToDiscardWaiting() {
   const std::vector<WaitingNote> waiting = controller_->waiting();
   if (waiting.empty()) return;
   std::vector<std::string> ids;
+  ids.reserve(waiting.size());
   for (const WaitingNote& note : waiting) ids.push_back(note.id);
   auto* question = new DiscardQuestion(waiting, this);
   question_ = question;
