@@ -77,7 +77,7 @@ void addGaps(Gallery& gallery) {
   Result nothing = emptyResult();
   nothing.coverage = {};
   gallery.add({"Gaps", "No evidence yet", screenOf(nothing)});
-  gallery.add({"Gaps", "Evidence, but nobody relevant", screenOf(emptyResult())});
+  gallery.add({"Gaps", "Evidence, but no relevant person", screenOf(emptyResult())});
   gallery.add({"Gaps", "No target person", screenOf(resultWith(ada()))});
   Result noConnection = resultWith(ada());
   noConnection.goal.targetPersonRef = "p9";

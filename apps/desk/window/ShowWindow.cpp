@@ -29,7 +29,7 @@ bool hasDisplay() {
   return false;
 }
 
-/// Whether a person can see a window: on these platforms nobody does.
+/// Whether a person can see a window: not on these platforms, which draw into memory.
 bool isSeen() {
   const QString platform = QGuiApplication::platformName();
   return platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");

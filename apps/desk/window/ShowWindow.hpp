@@ -11,7 +11,7 @@ namespace vemra::desk {
 ///
 /// - Returns: the exit code. 2, with a line on `diagnostics`, when there is no display, when the
 ///   store does not have the requested goal, and when no store was open at the end, or none could be
-///   opened and nobody sees the window (the platforms "offscreen" and "minimal").
+///   opened and no person sees the window (the platforms "offscreen" and "minimal").
 int showWindow(const Request& request, std::ostream& diagnostics);
 
 }  // namespace vemra::desk
