@@ -6,10 +6,12 @@
 
 namespace {
 
-std::uint64_t count = 0;  // of the main thread; no other thread allocates in these tests
+// A thread counts and is refused its own allocations: others may allocate meanwhile.
+thread_local constinit std::uint64_t count = 0;
 
 constexpr std::uint64_t never = std::numeric_limits<std::uint64_t>::max();
-std::uint64_t refused = never;  // the number of the allocation that is not granted
+// The number of the allocation that is not granted.
+thread_local constinit std::uint64_t refused = never;
 
 }  // namespace
 
