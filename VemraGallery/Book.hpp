@@ -8,21 +8,21 @@
 
 namespace vemra::gallery {
 
-/// Says why a book was not written; names the folder or the file. Nothing has changed then.
+/// The reason why a book was not written; names the folder or the file. No file has changed then.
 struct BookError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Whether a book may replace what a folder holds.
+/// Whether a book may replace an older book in its folder.
 enum class Replace { no, yes };
 
-/// Writes a gallery as web pages that need no network: `index.html` and a picture of each specimen in
-/// each language, light and dark, 320 and 720 pixels wide, with its outline, its identifiers and what
-/// assistive technology reads of it.
+/// Writes a gallery as web pages that need no network: `index.html` and a picture of each specimen
+/// in each language, light and dark, 320 and 720 pixels wide, with its outline, its identifiers and
+/// the text that assistive technology gets.
 ///
-/// The folder is made where it is not there. One that is not empty is refused, or with `Replace::yes` loses an
-/// older book (`index.html` and `pictures`) and keeps what else it holds. Needs a `QApplication`; throws a
-/// `BookError`.
+/// Makes the folder if it does not exist. Refuses a folder that is not empty; with `Replace::yes`
+/// replaces the older book in it (`index.html` and `pictures`) and keeps its other files. Needs a
+/// `QApplication`. Throws `BookError`.
 VEMRA_EXPORT void writeBook(const Gallery& gallery, const std::filesystem::path& folder,
                             Replace replace = Replace::no);
 

@@ -12,19 +12,19 @@
 
 namespace vemra::gallery {
 
-/// One state of a view, which the gallery shows beside the others.
+/// One state of a view in the gallery.
 struct Specimen {
-  std::string section;  ///< specimens of one section stand together
-  std::string name;     ///< of which its section has no other
+  std::string section;  ///< the heading above it; the gallery groups specimens by section
+  std::string name;     ///< unique in its section
   ui::View view;
-  std::string description{};  ///< a sentence on what is to be seen, or ""
-  /// What a person does to reach the state, such as opening an editor. Empty: nothing.
+  std::string description{};  ///< a sentence about the state, or ""
+  /// Acts like a person to reach the state, for example opens an editor. Empty: no action.
   std::function<void(testing::Screen&)> prepare{};
-  /// How high the window is that shows it, in pixels; 0 is as high as the view.
+  /// The height of the specimen in pixels; 0: the height of the view.
   int height = 0;
 };
 
-/// A language that the gallery can be read in.
+/// A language in which the gallery shows its specimens.
 struct Language {
   std::string name;                                   ///< in the language itself: "Deutsch"
   std::string locale = "en_US";                       ///< an ICU locale identifier
@@ -32,7 +32,7 @@ struct Language {
   ui::LayoutDirection direction = ui::LayoutDirection::leftToRight;
 };
 
-/// Views in all their states: a window of them, or a book of web pages.
+/// Views in all their states, in a window or as web pages.
 ///
 ///     int main(int count, char** arguments) {
 ///       vemra::gallery::Gallery gallery("Contacts");
@@ -45,25 +45,26 @@ class VEMRA_EXPORT Gallery {
  public:
   /// A gallery without specimens, in English (en_US).
   explicit Gallery(std::string title);
-  /// The same with the version that `--version` writes, such as "1.2.3".
+  /// The same, with the version for `--version`, such as "1.2.3".
   Gallery(std::string title, std::string version);
 
-  /// Adds a specimen, as the last one of its section. Throws a `std::invalid_argument` where the section
-  /// has one of that name.
+  /// Adds a specimen at the end of its section. Throws `std::invalid_argument` when the section
+  /// already has one of that name.
   Gallery& add(Specimen specimen);
-  /// Adds a language that a reader can choose. The first one is English.
+  /// Adds a language to the choices. The first choice is always English.
   Gallery& addLanguage(Language language);
 
   const std::string& title() const { return title_; }
-  /// "" where none was given.
+  /// The version, or "".
   const std::string& version() const { return version_; }
-  /// By section, the sections in the order in which the first of each was added.
+  /// All specimens, grouped by section; the sections are in the order of their first specimens.
   const std::vector<Specimen>& specimens() const { return specimens_; }
   const std::vector<Language>& languages() const { return languages_; }
 
-  /// The program of a gallery: shows the window, or with `--export FOLDER` writes the book (`writeBook`)
-  /// without a display. Makes its own `QApplication`. Errors go to standard error.
-  /// - Returns: the exit code: 0; 2 for an unusable command line, or a folder that cannot be written.
+  /// Runs the program of a gallery: shows the window, or with `--export FOLDER` writes the web pages
+  /// (`writeBook`) without a display. Makes its own `QApplication`. Writes errors to standard error.
+  /// - Returns: the exit code: 0; 2 for an unusable command line, or a folder that cannot be
+  ///   written.
   int run(int argumentCount, char** arguments) const;
 
  private:
@@ -72,10 +73,10 @@ class VEMRA_EXPORT Gallery {
   std::vector<Language> languages_;
 };
 
-/// The environment that shows a language: its locale, its texts and its direction.
+/// An environment with the locale, the strings table and the direction of a language.
 VEMRA_EXPORT ui::Environment environmentFor(const Language& language);
 
-/// Shows a specimen without a window, in the state that it is about.
+/// Shows a specimen without a window, after its `prepare`.
 VEMRA_EXPORT std::unique_ptr<testing::Screen> mount(const Specimen& specimen,
                                                     ui::Environment environment);
 

@@ -18,11 +18,11 @@ namespace vemra::gallery {
 
 class Card;
 
-/// A window that shows all specimens of a gallery beside each other, with switches for the language, the colours,
-/// the text size, the direction and the width, and a field to look for a specimen.
+/// A window that shows all specimens of a gallery side by side, with switches for the language, the
+/// colours, the text size, the direction and the width, and a field to search for a specimen.
 ///
-/// The switch to high contrast sets the palette of the application. The gallery must outlive the window. Main
-/// thread only.
+/// Switching to high contrast sets the application's palette. The gallery must outlive the window.
+/// Main thread only.
 class VEMRA_EXPORT GalleryWindow : public QWidget {
  public:
   explicit GalleryWindow(const Gallery& gallery, QWidget* parent = nullptr);

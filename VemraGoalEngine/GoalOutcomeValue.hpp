@@ -8,7 +8,7 @@
 
 namespace vemra {
 
-/// What came of a suggestion. The order is the order in which a person is offered the choices.
+/// The outcome of a suggestion. The order is that of the choices on the screen.
 enum class GoalOutcomeValue : std::uint8_t {
   reachedOut,
   invited,
@@ -27,11 +27,10 @@ inline constexpr std::array<GoalOutcomeValue, 8> allGoalOutcomeValues{
     GoalOutcomeValue::noActionTaken, GoalOutcomeValue::somethingElse,
 };
 
-/// What kind of subject an outcome is about. The engine may add kinds at the end.
+/// The kind of subject that an outcome is about. The engine may add kinds at the end.
 enum class GoalOutcomeSubjectKind : std::uint8_t { person, path };
 
-/// The name of a case as it is written in documents and stores ("wasUseful"); "" for a value that
-/// is no case.
+/// The name of a case in documents and stores ("wasUseful"); "" for a value that is not a case.
 VEMRA_EXPORT std::string_view caseName(GoalOutcomeValue value);
 VEMRA_EXPORT std::string_view caseName(GoalOutcomeSubjectKind kind);
 

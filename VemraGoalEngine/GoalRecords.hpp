@@ -11,20 +11,21 @@
 #include <string>
 
 /// \file
-/// The engine's records: plain values with member-wise equality over all their fields, those that
-/// no screen shows included. Strings are UTF-8 and equal under canonical equivalence (Unicode
-/// Standard Annex #15); an absent string never equals a present one, not even "". Their bytes are
-/// passed on as they are.
+/// The engine's records: plain values with member-wise equality over all their fields, including
+/// those that no screen shows. Strings are UTF-8 and equal under canonical equivalence (Unicode
+/// Standard Annex #15); an absent string never equals a present one, not even "". Nothing changes
+/// their bytes.
 ///
-/// A record can be made with what it needs alone, without warnings: every member but an id or a person
-/// reference has a default.
+/// A record can be initialised with some of its members only, without a compiler warning: every
+/// member except an id or a person reference has a default.
 ///
 /// No record is aligned to more than `std::max_align_t`: g++ and clang align coroutine frames to 16
-/// bytes whatever they hold, so that a record kept over a `co_await` would be misplaced.
+/// bytes, so a record with a larger alignment would be misaligned while a coroutine keeps it over a
+/// `co_await`.
 
 namespace vemra {
 
-/// Where the user stands with a goal.
+/// The user's progress with a goal.
 enum class GoalStatus : std::uint8_t { active, paused, reached, abandoned };
 
 /// How much a goal matters to the user.
@@ -35,7 +36,7 @@ struct GoalDTO {
   std::string id;
   std::string title{};
   GoalStatus status = GoalStatus::active;
-  std::optional<std::string> targetPersonRef{};  ///< the person the goal aims at, if it names one
+  std::optional<std::string> targetPersonRef{};  ///< the person the goal is about, or nil
   std::string createdAt{};
   std::string updatedAt{};
   GoalPriority priority = GoalPriority::normal;
@@ -52,7 +53,7 @@ struct VEMRA_EXPORT GoalPersonCandidateDTO {
   std::string personRef;
   std::optional<std::string> displayName{};
   GoalWhyDTO why{};
-  /// Ids of the evidence for this person, strongest first. Only the engine's side fills it.
+  /// Ids of the evidence for this person, the strongest first. Only the engine sets them.
   SharedArray<std::string> evidenceIDs{};
 
   /// The id of the strongest piece of evidence: the first of `evidenceIDs`, or nil.
@@ -64,13 +65,13 @@ struct VEMRA_EXPORT GoalPersonCandidateDTO {
 
 /// One chain of people towards the goal's target person.
 struct GoalPathCandidateDTO {
-  SharedArray<std::string> personRefs{};  ///< in path order; the last one is whom the path leads to
+  SharedArray<std::string> personRefs{};  ///< in path order; the path leads to the last person
   GoalWhyDTO why{};
   std::int64_t strength = 0;  ///< the engine's ranking figure
   friend bool operator==(const GoalPathCandidateDTO&, const GoalPathCandidateDTO&) = default;
 };
 
-/// A group of people that may help together. It travels with a result; no screen shows it.
+/// A group of people that may help together. It is part of a result, but no screen shows it.
 struct GoalGroupCandidateDTO {
   std::string id;
   SharedArray<std::string> personRefs{};
@@ -78,7 +79,7 @@ struct GoalGroupCandidateDTO {
                                       const GoalGroupCandidateDTO& b);
 };
 
-/// What a result rests on.
+/// The evidence that a result is based on.
 struct GoalCoverageDTO {
   SharedArray<std::string> sources{};  ///< names of the evidence sources, in the engine's order
   std::int64_t evidenceCount = 0;      ///< pieces of evidence considered; 0 means none
@@ -88,11 +89,12 @@ struct GoalCoverageDTO {
 
 /// One recorded outcome. Records are only ever added: a correction is a later record.
 ///
-/// Finding a subject's outcome reads kind and reference of many records. With libstdc++ the padding
-/// makes a record five cache lines of 64 bytes long, so that in an array that begins with a line the
-/// two always lie in one.
+/// The search for a subject's outcome reads the kind and the reference of many records. With
+/// libstdc++ the padding makes a record five cache lines of 64 bytes long, so in an array that
+/// begins at a cache line these two members are always in one line.
 struct GoalOutcomeDTO {
-  /// Where a `SharedArray` of these begins, in bytes: a property of the array, not of the record.
+  /// A `SharedArray` of outcomes begins at a multiple of this number of bytes; a single record has
+  /// its usual alignment.
   static constexpr std::size_t arrayAlignment = 64;
 
   std::string id;
@@ -104,7 +106,7 @@ struct GoalOutcomeDTO {
   std::optional<std::string> recordedAt{};
   std::optional<std::string> recordedBy{};
   std::optional<std::string> correctsOutcomeID{};  ///< present (even when "") marks a correction
-  // Not members: they have no name, no value and no part in the equality.
+      // Padding, not members: they have no name and no value, and the equality ignores them.
   std::uint64_t : 64;
   std::uint64_t : 64;
   std::uint64_t : 64;

@@ -8,9 +8,10 @@
 
 namespace vemra {
 
-/// The engine's door: one object, shared by reference and supplied by the host application.
+/// The interface to the goal engine: one object, supplied by the host application and shared by
+/// reference.
 ///
-/// A host (or a test) takes the engine's place by overriding the query.
+/// A host (or a test) implements it by overriding the query.
 class VEMRA_EXPORT GoalToolExecutor {
  public:
   GoalToolExecutor() = default;
@@ -18,10 +19,10 @@ class VEMRA_EXPORT GoalToolExecutor {
   GoalToolExecutor& operator=(const GoalToolExecutor&) = delete;
   virtual ~GoalToolExecutor() = default;
 
-  /// Asks for the current result of a goal.
+  /// Queries the current result of a goal.
   ///
-  /// `goalID` goes to the engine byte for byte. The task may resume on any thread; whatever the
-  /// engine throws comes out of the task.
+  /// `goalID` is passed to the engine byte for byte. The task may resume on any thread; it rethrows
+  /// any exception of the engine.
   virtual task::Task<GetGoalSnapshotResponse> getGoalSnapshot(std::string goalID) = 0;
 };
 

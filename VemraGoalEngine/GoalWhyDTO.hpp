@@ -8,16 +8,15 @@
 
 namespace vemra {
 
-/// Why the engine suggests a person or a path.
-///
-/// Three reasons carry figures or texts; the plain ones carry nothing, and the engine may add
-/// further plain ones at the end. Strings are equal under canonical equivalence.
+/// Why the engine suggests a person or a path. Three reasons contain figures or texts; the plain
+/// ones contain nothing, and the engine may add further plain ones at the end. Strings are equal
+/// under canonical equivalence.
 struct VEMRA_EXPORT GoalWhyDTO {
   /// A piece of evidence speaks for the candidate.
   struct Evidence {
-    std::string label;      ///< what kind of evidence it is ("Email")
-    std::string detail;     ///< what it says
-    std::string reference;  ///< the engine's own handle on it; no screen shows it
+    std::string label;      ///< the kind of evidence ("Email")
+    std::string detail;     ///< its content in a few words
+    std::string reference;  ///< the engine's own reference to it; no screen shows it
     friend VEMRA_EXPORT bool operator==(const Evidence& a, const Evidence& b);
   };
   /// A chain of relationships leads to the candidate.
@@ -25,7 +24,7 @@ struct VEMRA_EXPORT GoalWhyDTO {
     std::int64_t hopCount = 0;  ///< relationships in the chain; 1 is a direct one
     friend bool operator==(const Connection&, const Connection&) = default;
   };
-  /// The user and the candidate took part in the same things.
+  /// The user and the candidate took part in the same threads or meetings.
   struct SharedActivity {
     std::int64_t threadCount = 0;
     std::int64_t meetingCount = 0;

@@ -12,12 +12,12 @@
 
 namespace vemra {
 
-/// The goal result screen: one goal's result, read and answered.
+/// The goal result screen: shows one goal's result and reports the user's actions.
 ///
-/// Shows a snapshot and hands every action to the host through a callback, synchronously, on the
-/// main thread, once a press. It owns no data and does no work of its own; the host answers by
-/// showing a new view made from a new snapshot, also from inside a callback: it is taken up when
-/// the press has been handled, and the callback returns before that.
+/// It calls one of the host's callbacks for each press, synchronously, on the main thread. It owns
+/// no data and stores nothing. To show a change, the host sets a new view, made from a new
+/// snapshot, as the root of the graph; it may do so inside a callback, and the new root then takes
+/// effect after the callback has returned.
 ///
 ///     ui::ViewGraph graph(ui::Environment::system());
 ///     graph.setRoot(GoalResultView(
@@ -26,15 +26,13 @@ namespace vemra {
 ///         [&](const std::string& evidenceID) { host.showEvidence(evidenceID); },
 ///         [&](const GoalPathCandidateDTO& path) { host.showInGraph(path); },
 ///         [&](const GoalOutcomeRecordingInput& input) { host.record(input); }));
-///
-/// Every control can be found by its accessibility identifier, in which references stand byte for
-/// byte: "vemra.goal.person." + personRef + ".show-source", "vemra.goal.path.see-in-starfold", and
-/// for recording, behind "vemra.goal.person." + personRef or "vemra.goal.path": ".outcome.start",
+/// Every control has an accessibility identifier, which contains references byte for byte:
+/// "vemra.goal.person." + personRef + ".show-source", "vemra.goal.path.see-in-starfold", and for
+/// recording, behind "vemra.goal.person." + personRef or "vemra.goal.path": ".outcome.start",
 /// ".outcome.picker", ".outcome.note", ".outcome.save", ".outcome.cancel", ".outcome.correct" and
-/// ".outcome.corrected-marker".
-///
-/// What it is shown in is the graph's environment, by default a fixed one (en_US, UTC, no
-/// translations); a host hands in the user's, `ui::Environment::system()`.
+/// ".outcome.corrected-marker". The graph's environment decides the locale, the time zone and the
+/// translations. Its default is fixed (en_US, UTC, no translations); a host passes the user's
+/// environment, `ui::Environment::system()`.
 ///
 /// Main thread only: `body` and every action stop the process when they run elsewhere.
 class VEMRA_EXPORT GoalResultView {
@@ -42,38 +40,38 @@ class VEMRA_EXPORT GoalResultView {
   static constexpr std::string_view name = "GoalResultView";
 
   /// \name Callbacks
-  /// Arguments are references into the snapshot, or to what lives as long as the call: a host that
-  /// works on later copies what it needs. What a callback throws comes out of the call that
-  /// delivered the press.
-  /// @{
+  /// Arguments are valid during the call only: a host that needs them later copies them. An
+  /// exception of a callback is rethrown by the call that delivered the press
+  /// (`ui::ViewGraph::deliver`). @{
 
-  /// A person's name was pressed: open the person. Called with the person's reference.
+  /// Opens a person. Called with the person's reference when the user presses the name.
   using OnOpenPerson = std::function<void(const std::string& personRef)>;
-  /// "Show source" of a person was pressed. Called with the id of the strongest piece of evidence.
+  /// Shows the source of a suggestion. Called with the id of the strongest piece of evidence when
+  /// the user presses a person's "Show source".
   using OnShowEvidence = std::function<void(const std::string& evidenceID)>;
-  /// "See in Starfold" was pressed: show the path in the relationship graph. Called with the path
-  /// as it stands in the snapshot.
+  /// Shows the path in the relationship graph. Called with the path of the snapshot when the user
+  /// presses "See in Starfold".
   using OnFocusPath = std::function<void(const GoalPathCandidateDTO& path)>;
-  /// "Save" was pressed in an editor: store the outcome. Called with what is to be stored; the
-  /// editor closes once the callback has returned, and what is shown as recorded changes with the
-  /// next snapshot only.
+  /// Stores an outcome. Called with it when the user presses "Save" in an editor. The editor closes
+  /// after the callback has returned; the screen shows the outcome as recorded only when the next
+  /// snapshot contains it.
   using OnRecordOutcome = std::function<void(const GoalOutcomeRecordingInput& input)>;
   /// @}
 
-  /// The screen of one snapshot, with what is to be called for each action. A callback may be
-  /// empty: its button is shown all the same, and pressing it asks nothing of the host.
+  /// The screen of one snapshot, with a callback for each action. A callback may be empty: the
+  /// screen still shows its button, and pressing it does nothing.
   ///
-  /// Each callback stays one object: all rows and all copies of the view call the same one, which
-  /// keeps its state, and none copies what it captures.
+  /// All rows and all copies of the view call the same callback object, so it keeps its state and
+  /// its captures are never copied.
   GoalResultView(const GoalResultSnapshotV1& snapshot, OnOpenPerson onOpenPerson,
                  OnShowEvidence onShowEvidence, OnFocusPath onFocusPathInStarfold,
                  OnRecordOutcome onRecordOutcome);
 
-  // Declared so that there are no moves: what a view is moved from stays a whole view.
+  // Declared so that the view has no move operations: a moved-from view stays valid.
   GoalResultView(const GoalResultView&) = default;
   GoalResultView& operator=(const GoalResultView&) = default;
 
-  /// The screen, from top to bottom. The environment decides how the date in the footer is written.
+  /// Describes the screen. The environment decides how the date in the footer is written.
   ui::View body(const ui::Environment& environment) const;
 
  private:
@@ -91,8 +89,8 @@ class VEMRA_EXPORT GoalResultView {
     OnRecordOutcome onRecordOutcome;
   };
 
-  // Both are shared by all copies, so that every action of every row can hold the whole view, and
-  // refer to the records in its snapshot, for the price of two reference counts.
+  // Both are shared by all copies, so the action of each row can contain a copy of the whole view,
+  // and refer to the records in its snapshot, for two reference counts.
   GoalResultSnapshotV1 snapshot_;
   std::shared_ptr<const Callbacks> callbacks_;  // never null
 };

@@ -10,23 +10,31 @@
 
 namespace vemra::qt {
 
-/// Fonts and colours of the page: the system's own, in the sizes and levels that the tree asks for.
+/// The fonts and colours of the page, computed from the system's font and palette.
 ///
 /// A text style is a ratio of the system's font, so that the page follows the user's font size. The
-/// two quieter levels of the text colour are mixed from the palette and keep a contrast of at least
-/// 4.5 to 1 against the page, 7 to 1 in high contrast; the colour of links keeps 4.5 to 1. Frames and
-/// the focus ring keep 3 to 1 (Web Content Accessibility Guidelines 2.2, "contrast").
+/// secondary and tertiary levels of the text colour are mixed from the palette and have a contrast
+/// of at least 4.5 to 1 with the page, 7 to 1 in high contrast; the colour of links has at least
+/// 4.5 to 1. Frames and the focus ring have at least 3 to 1 (Web Content Accessibility Guidelines
+/// 2.2, "contrast").
 class VEMRA_EXPORT Looks {
  public:
+  /// The fonts and colours of the application's font and palette, in the default environment.
   Looks() : Looks(QFont(), QPalette(), {}) {}
+  /// Takes the text scale and the colour scheme from `environment`.
   Looks(const QFont& systemFont, const QPalette& systemPalette, const ui::Environment& environment);
 
   QFont font(const ui::Font& font) const;
+  /// The colour of a text.
   QColor text(ui::ForegroundStyle style) const;
+  /// The colour of a plain button's title.
   QColor link() const { return colours_.link; }
+  /// The colour of a disabled control's text.
   QColor disabledText() const { return colours_.disabled; }
+  /// The colour of the frames of buttons, pickers and text fields.
   QColor outline() const { return colours_.outline; }
   QColor focusRing() const { return colours_.focusRing; }
+  /// The colour of the page.
   QColor background() const { return palette().color(QPalette::Base); }
   /// A palette whose window colour makes the style draw the frames of controls in `outline`. All
   /// controls share it, because styles cache what they draw under the palette's `cacheKey`.
@@ -49,7 +57,7 @@ class VEMRA_EXPORT Looks {
   double textScale_ = 1;
 };
 
-/// Whether a palette writes light text on a dark page.
+/// The colour scheme of a palette: dark when its text is lighter than its page.
 VEMRA_EXPORT ui::ColorScheme colorSchemeOf(const QPalette& palette);
 
 }  // namespace vemra::qt

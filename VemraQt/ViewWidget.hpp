@@ -18,20 +18,18 @@ class Page;
 ///     vemra::qt::ViewWidget widget;
 ///     widget.setRoot(GoalResultView(snapshot, …));
 ///     widget.show();
-///
-/// The view may be any view. The whole tree scrolls as one page; a `ScrollView` inside it only
-/// decides whether the scroll bar is visible. A widget's `objectName` is its element's
-/// accessibility identifier.
+/// It shows any view. The whole tree scrolls as one page; a `ScrollView` inside it only decides
+/// whether the scroll bar is visible. A widget's `objectName` is its element's accessibility
+/// identifier.
 ///
 /// An exception from a description does not stop the widget. During a call of the host, the widget
 /// rethrows the exception at the end of that call; during an event, it rethrows it from the event
 /// loop, never into Qt (`PageErrors`).
 ///
 /// Neither an action of the tree nor a handler of its accessibility events may destroy the widget:
-/// that stops the process. Both may call `deleteLater` or close the widget's window.
-///
-/// A widget that owns its graph follows the system until the host calls `setEnvironment`: its
-/// palette, its direction and the user's locale and time zone. Main thread only.
+/// that stops the process. Both may call `deleteLater` or close the widget's window. A widget that
+/// owns its graph uses the system's environment (`systemEnvironment`: palette, direction, locale
+/// and time zone) and follows its changes until the host calls `setEnvironment`. Main thread only.
 class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   Q_OBJECT
 
@@ -39,15 +37,17 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   /// Owns its view graph.
   explicit ViewWidget(QWidget* parent = nullptr);
   /// Shows a view graph that the caller owns and that outlives the widget, in the graph's
-  /// environment. The caller may set roots and environments on the graph. What a description
-  /// throws here comes out of the event loop, so that the widget is made in any case.
+  /// environment. The caller may set roots and environments on the graph. An exception of a
+  /// description does not leave the constructor; the event loop rethrows it.
   explicit ViewWidget(ui::ViewGraph& graph, QWidget* parent = nullptr);
   ~ViewWidget() override;
 
   /// Replaces the shown tree by `root`. An action of the tree may call this.
   void setRoot(ui::View root);
+  /// Shows the tree in this environment; state is kept. The widget no longer follows the system's.
   void setEnvironment(ui::Environment environment);
   const ui::Environment& environment() const;
+  /// The graph that the widget shows.
   ui::ViewGraph& graph() const;
 
   /// The length of the page in pixels: measured rows count with their height, other rows with an
@@ -57,8 +57,8 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   std::size_t widgetCount() const;
 
  protected:
-  /// Runs `work` as a call of the host: rethrows at its end the first exception that a description
-  /// threw meanwhile, or before and that waits for the event loop.
+  /// Runs `work` as a call of the host: at its end rethrows the first exception that a description
+  /// has thrown, during `work` or earlier, and that the event loop has not rethrown yet.
   void runAsHostCall(const std::function<void()>& work);
 
   bool event(QEvent* event) override;

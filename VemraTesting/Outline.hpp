@@ -8,7 +8,8 @@
 
 namespace vemra::testing {
 
-/// The tree as indented text, one element a line: stable, for people and for expected files.
+/// The tree as indented text, one line for each element, for people and for files with expected
+/// outlines. The format is stable.
 ///
 ///     VStack leading 4 .padding(vertical 4)
 ///       Button "Ada" .buttonStyle(plain) .font(body medium)

@@ -9,7 +9,7 @@
 
 namespace vemra::testing {
 
-/// The smallest renderer: it keeps the tree that patches describe, and demands every row.
+/// The smallest renderer: applies the patches to a tree of nodes, and demands every row.
 ///
 /// Throws `std::out_of_range` for a patch with an unknown node.
 class VEMRA_EXPORT RenderedTree final : public ui::Renderer {

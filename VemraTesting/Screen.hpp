@@ -19,11 +19,11 @@ struct Choose {
   std::string tagName;
 };
 
-/// An act of a person on an element: pressing it, choosing in it, replacing its whole text, or
+/// An action of a person on an element: pressing it, choosing in it, replacing its whole text, or
 /// pressing the Return key in it.
 using Act = std::variant<ui::Press, Choose, ui::EditText, ui::Submit>;
 
-/// Shows a view without a window, for a test to read and to use like a person.
+/// Shows a view without a window. A test reads it and acts on it as a person would.
 ///
 ///     Screen screen(GoalResultView{snapshot, …});
 ///     screen.press("vemra.goal.person.p1.outcome.start");
@@ -59,6 +59,7 @@ class VEMRA_EXPORT Screen {
   /// the functions below describe the whole tree in their error message.
   [[nodiscard]] std::optional<std::string> attempt(const Query& query, const Act& act);
 
+  /// Presses a button. This and the functions below throw `ElementError` for an impossible act.
   void press(const Query& query) { carryOut(query, ui::Press{}); }
   void press(std::string_view identifier) { press(byIdentifier(std::string(identifier))); }
   /// Chooses the picker's row whose tag has this name.
@@ -110,7 +111,7 @@ class VEMRA_EXPORT Screen {
 
   /// The rendered tree: the elements that a renderer gets. Lives as long as the screen.
   const RenderedTree& tree() const { return tree_; }
-  /// The living tree, for data that only it has (state, rows, work counters) and for events to a
+  /// The view graph, for data that only it has (state, rows, work counters) and for events to a
   /// node. Lives as long as the screen.
   ui::ViewGraph& graph() { return graph_; }
   const ui::ViewGraph& graph() const { return graph_; }

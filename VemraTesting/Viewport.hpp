@@ -14,8 +14,8 @@
 
 namespace vemra::testing {
 
-/// Shows a view on a terminal: returns the visible part as text, and acts like a keyboard and a
-/// wheel.
+/// Shows a view on character cells, as on a terminal: returns the visible part as text, and has
+/// functions for the keys and the wheel.
 ///
 ///     Viewport screen(GoalResultView{snapshot, …}, {80, 24});
 ///     screen.end();                                   // the last page
@@ -30,8 +30,8 @@ namespace vemra::testing {
 ///     [Save]  <Ada>                a button, with a frame and plain
 ///     [Helped.  v]                 a picker, as wide as its widest choice
 ///     [Note: met at the f_]        a text field with its title
-///     >Save<                       the same with the focus, whatever it is
-///     (Save)                       the same when it is disabled
+///     >Save<                       any control with the focus
+///     (Save)                       any disabled control
 ///
 /// A character takes as many columns as on a terminal (`text::Glyph`). In a right-to-left
 /// environment the page is mirrored; characters stay in the order of the text, because a terminal
@@ -53,7 +53,9 @@ class VEMRA_EXPORT Viewport final : private page::PageHost {
 
   /// Shows another root, like a host with a new snapshot.
   void show(ui::View root);
+  /// Shows the same tree in another environment; state is kept.
   void setEnvironment(ui::Environment environment);
+  /// Gives the viewport another size, in columns and lines.
   void resize(page::Size size);
 
   /// The visible lines, each with a line break and without blanks at its end.
@@ -98,7 +100,7 @@ class VEMRA_EXPORT Viewport final : private page::PageHost {
   void click(const Query& query);
   void click(std::string_view identifier) { click(byIdentifier(std::string(identifier))); }
 
-  /// The living tree behind the shown tree, with its work counters.
+  /// The view graph, with its work counters.
   const ui::ViewGraph& graph() const { return graph_; }
 
  private:

@@ -8,8 +8,8 @@ namespace vemra {
 ///
 /// Compares by case, and `std::hash` of it follows the case's index.
 enum class GoalPeopleGap : std::uint8_t {
-  noEvidenceYet,                ///< no evidence has been considered at all
-  evidenceButNoRelevantPeople,  ///< there is evidence, and it points at nobody
+  noEvidenceYet,                ///< the engine has considered no evidence
+  evidenceButNoRelevantPeople,  ///< there is evidence, but it points at no person
 };
 
 }  // namespace vemra

@@ -11,15 +11,15 @@
 
 namespace vemra {
 
-/// Everything the engine knows about one goal at one moment: the one value the result screen shows.
+/// The engine's result for one goal at one moment: the input of the result screen.
 ///
-/// A snapshot is never changed and never empty. All copies of it share one storage, so it is handed
-/// from task to task and into the action of every button for the price of a reference count, and
-/// two copies of one snapshot are equal without a look at their fields. Every list keeps the
-/// engine's order: nothing here sorts, filters or joins.
+/// A snapshot never changes and always has its six values. All its copies share one storage, so a
+/// copy in a task or in the action of a button costs one reference count, and two copies of one
+/// snapshot are equal without a comparison of their fields. Every list keeps the engine's order:
+/// nothing here sorts, filters or joins.
 ///
-/// Total and lock-free: every member has a defined result and may be called on any thread. What the
-/// accessors refer to lives as long as any copy of the snapshot does; so does a string inside it.
+/// Every member has a defined result, takes no lock, and may be called on any thread. References
+/// from the accessors, and string views into them, are valid while any copy of the snapshot lives.
 class VEMRA_EXPORT GoalResultSnapshotV1 {
  public:
   /// Stores the six values as they are.
@@ -31,7 +31,7 @@ class VEMRA_EXPORT GoalResultSnapshotV1 {
   /// Takes over the engine's answer, field for field.
   explicit GoalResultSnapshotV1(GetGoalSnapshotResponse response);
 
-  // Declared so that there are no moves: what a snapshot is moved from stays a whole snapshot.
+  // Declared so that a snapshot has no move operations: a moved-from snapshot stays valid.
   GoalResultSnapshotV1(const GoalResultSnapshotV1&) = default;
   GoalResultSnapshotV1& operator=(const GoalResultSnapshotV1&) = default;
 
@@ -44,25 +44,21 @@ class VEMRA_EXPORT GoalResultSnapshotV1 {
   const SharedArray<GoalOutcomeDTO>& outcomes() const { return fields_->outcomes; }
 
   /// Why there are no people, or nil when there are some.
-  ///
-  /// Any evidence count but 0 stands for evidence, a negative one included.
+  /// Any evidence count except 0 means that there is evidence, also a negative one.
   std::optional<GoalPeopleGap> peopleGap() const;
 
   /// Why there are no paths, or nil when there are some.
-  ///
-  /// A target person that is present counts as named, be the reference "".
+  /// A target person counts as named whenever the reference is present, even if it is "".
   std::optional<GoalPathGap> pathGap() const;
 
   /// Whether there is any path at all.
   bool hasSupportedPath() const { return !fields_->paths.empty(); }
 
-  /// The outcome in force for a subject: the last one recorded for it, or nil.
-  ///
-  /// A correction is itself a later record of the same subject, so the position alone decides and
-  /// the link from a correction to what it corrects is not followed. Walks backwards and stops at
-  /// the first match; there is deliberately no index and no cache, for one is asked for only by a
-  /// row that is on the screen.
-  /// References are compared under canonical equivalence; nil matches only nil, and "" only "".
+  /// The outcome in force for a subject: the last one recorded for it, or nil. A correction is
+  /// itself a later record of the same subject, so the position alone decides; `correctsOutcomeID`
+  /// is not read. Searches backwards and stops at the first match. There is deliberately no index
+  /// and no cache, because only the rows on the screen call this. References are compared under
+  /// canonical equivalence; nil matches only nil, and "" only "".
   std::optional<GoalOutcomeDTO> effectiveOutcome(GoalOutcomeSubjectKind subjectKind,
                                                  std::optional<std::string_view> subjectRef) const;
 

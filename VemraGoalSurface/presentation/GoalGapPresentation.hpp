@@ -6,13 +6,12 @@
 
 #include <string_view>
 
-/// The sentences that stand where a list is empty.
+/// The sentences that the screen shows instead of an empty list.
 ///
-/// Fixed English, shown as it is and never looked up in a strings table. Pure, for any thread.
+/// Fixed English, shown unchanged and never looked up in a strings table. Pure, for any thread.
 namespace vemra::GoalGapPresentation {
 
-/// Why no people are proposed. Without any evidence the sentence is the general one; the sentence
-/// about nothing pointing at a person is for evidence that was there.
+/// Why the engine proposes no people.
 VEMRA_EXPORT std::string_view text(GoalPeopleGap gap);
 
 /// Why no path is shown.

@@ -5,16 +5,16 @@
 
 #include <string>
 
-/// The line that says why a person or a path is suggested.
+/// The line with the reason for suggesting a person or a path.
 namespace vemra::GoalWhyPresentation {
 
-/// The English line for a reason, shown as it is and never looked up; without a full stop.
+/// The English line for a reason, shown unchanged and never looked up; without a full stop.
 ///
-/// Texts of the engine go in byte for byte; counts are plain base-10 integers. For any thread.
+/// It contains the engine's texts byte for byte; counts are plain base-10 integers. For any thread.
 ///
 /// | reason | line |
 /// |---|---|
-/// | evidence | `label: detail`, whatever the two hold |
+/// | evidence | `label: detail`, also when they are empty |
 /// | connection, 1 hop | Direct relationship evidence |
 /// | connection, n + 1 hops | Connected through n shared relationship(s); n may be negative |
 /// | shared activity | 3 shared threads, 1 shared meeting; counts below 1 are left out |

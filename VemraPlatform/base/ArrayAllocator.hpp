@@ -6,11 +6,12 @@
 #include <type_traits>
 
 /// \file
-/// Where the elements of a `SharedArray` are allocated.
+/// The memory of a `SharedArray`'s elements.
 
 namespace vemra {
 
-/// An element type that wants its arrays, rather than each object, at a multiple of so many bytes.
+/// An element type whose arrays, rather than each object, must begin at a multiple of
+/// `arrayAlignment` bytes.
 template <class Element>
 concept WantsAlignedArrays = requires {
   Element::arrayAlignment;

@@ -16,21 +16,15 @@
 
 namespace vemra {
 
-/// An immutable array whose copies share one storage.
-///
-/// A goal result is handed from the engine to the host, to the screen and into the actions of every
-/// button; sharing makes each of those copies one reference count, however long the list. Nothing
-/// ever changes the elements, so the array may be read from any thread.
-///
-/// An element type that declares `static constexpr std::size_t arrayAlignment` gets arrays that begin
-/// at a multiple of that many bytes; making one then moves each element once. Other arrays take over
-/// the vector that they are made of.
-///
-/// A longer array may share the storage of a shorter one, whose end it continues (`appending`): a list
-/// that grows by one element copies none.
-///
-/// Two arrays over the same storage are equal without a look at the elements. Strings are compared
-/// under canonical equivalence, other elements by their own `==`.
+/// An immutable array whose copies share one storage. The lists of a result are copied from the
+/// engine to the host, to the screen and into the actions of every button; with shared storage each
+/// copy costs one reference count, however long the list is. Nothing ever changes the elements, so
+/// the array may be read from any thread. Arrays of an element type that declares `static constexpr
+/// std::size_t arrayAlignment` begin at a multiple of that many bytes; making such an array moves
+/// each element once. Other arrays take over the vector that they are made from. A longer array may
+/// share the storage of a shorter one (`appending`), so a list that grows by one element copies
+/// none. Two arrays with the same storage are equal without a comparison of their elements. Strings
+/// are compared under canonical equivalence, other elements by their own `==`.
 template <class Element>
 class SharedArray {
  public:
@@ -42,7 +36,7 @@ class SharedArray {
       : SharedArray(std::vector<Element>(elements)) {}
   SharedArray(std::vector<Element> elements) : SharedArray(std::move(elements), 0) {}
 
-  /// Makes room for `room` elements more, which `appending` then adds without copying these.
+  /// Reserves storage for `room` more elements, which `appending` then adds without copying these.
   SharedArray(std::vector<Element> elements, std::size_t room) {
     if (elements.empty()) return;
     size_ = elements.size();
@@ -65,11 +59,11 @@ class SharedArray {
     return storage_ == other.storage_ && size() == other.size();
   }
 
-  /// The elements of this array and then `more`. This array stays as it is.
-  ///
-  /// The new array stands in the storage of this one where that has room behind this array which no
-  /// other call has used. Otherwise the elements are copied, with room for as many again, so that
-  /// appending one at a time copies each element about once. May be called from any thread.
+  /// Returns the elements of this array followed by `more`. This array does not change.
+  /// The new array shares this array's storage if that has enough room after this array's elements
+  /// and no other call has used that room. Otherwise the elements are copied into a storage of
+  /// twice the size, so that appending one at a time copies each element about once. May be called
+  /// from any thread.
   SharedArray appending(std::vector<Element> more) const {
     if (more.empty()) return *this;
     if (empty()) return SharedArray(std::move(more));
@@ -109,8 +103,8 @@ class SharedArray {
     Storage(Elements own, std::size_t count)
         : elements(std::move(own)), first(elements.data()), taken(count) {}
 
-    /// Reserves the places from `from` to `to` for the caller: false when they are not there, or when
-    /// another array has taken them.
+    /// Reserves the places from `from` to `to` for the caller. Returns false when the storage is
+    /// too small, or when another array has taken them.
     bool take(std::size_t from, std::size_t to) {
       return to <= elements.capacity() && taken.compare_exchange_strong(from, to);
     }
@@ -136,7 +130,7 @@ class SharedArray {
   }
 
   std::shared_ptr<Storage> storage_;
-  std::size_t size_ = 0;  // means nothing without a storage, as after a move
+  std::size_t size_ = 0;  // ignored without a storage, as after a move
 };
 
 }  // namespace vemra

@@ -19,8 +19,9 @@ struct Choice {
   ui::Tag tag;
 };
 
-/// The choices of a picker: its tagged rows, in tree order. The second function is for a picker of
-/// a row that the graph has described without showing it, so that no patch has inserted it.
+/// The choices of a picker: its tagged rows, in tree order. The second function is for a picker in
+/// a row that the graph has described without showing it (`ui::ViewGraph::lookAtRow`), which no
+/// patch has inserted.
 VEMRA_EXPORT std::vector<Choice> choicesOf(const Node& picker);
 VEMRA_EXPORT std::vector<Choice> choicesOf(const ui::Node& picker);
 

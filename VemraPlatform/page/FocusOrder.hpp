@@ -11,8 +11,8 @@ namespace vemra::page {
 /// Gets rows of windowed lists into the tree during a search for the focus.
 class VEMRA_EXPORT RowSupply {
  public:
-  /// Returns the row, scrolling to it to get it into the tree; nullptr when it cannot be there now.
-  /// May change the tree as patches do.
+  /// Returns the row, and scrolls to it to get it into the tree; nullptr when the tree cannot get
+  /// it now. May change the tree as patches do.
   virtual Node* bringRow(Node& list, std::size_t index) = 0;
   /// Whether rows arrive only after the search, so that a missing row may exist later.
   virtual bool rowsComeLater() const { return false; }
@@ -41,8 +41,8 @@ VEMRA_EXPORT bool isInside(const Node* node, const Node& holder);
 ///
 /// A search gets rows without nodes into the tree. In a list it examines at most 64 rows without
 /// finding a control. Where rows arrive later, a search stops at the first missing row and can be
-/// resumed when the row is there; so it advances by a row each time, and never moves to and fro
-/// between rows.
+/// resumed when the row is there; so it advances by a row each time, and never alternates between
+/// two rows.
 class VEMRA_EXPORT FocusOrder {
  public:
   enum class Direction { forward, backward };

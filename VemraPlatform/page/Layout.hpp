@@ -8,12 +8,13 @@
 ///
 /// Measuring passes the available width down and returns the size that each node takes; it skips
 /// every node that was measured for that width and has not changed since. Arranging gives each leaf
-/// its frame. Spacing and padding are exactly the numbers of the tree, in whole units of the grid.
+/// its frame. Spacing and padding are the numbers of the elements, converted to whole units of the
+/// grid.
 ///
 /// The padding of a node is part of its `size` and of its `measuredWidth`, but not of its `frame`:
-/// a frame is what the renderer draws. `LeafMetrics::measure` knows nothing of padding. The
-/// exception is a windowed list, whose padding belongs to each of its rows: it is part of the row's
-/// height in `RowHeights`, and neither of the list's own `size` nor of its `frame`.
+/// a frame is what the renderer draws. `LeafMetrics::measure` gets and returns sizes without
+/// padding. The exception is a windowed list, whose padding belongs to each of its rows: it is part
+/// of the row's height in `RowHeights`, and not of the list's own `size` or `frame`.
 ///
 /// A column is as wide as its widest child and offers each child its whole width. A row of elements
 /// that does not fit its width continues in a further line, so that nothing is ever cut off or

@@ -23,8 +23,8 @@ class ChildrenOf;
 /// `PatchedTree` makes and links the nodes. Siblings are a linked list, so a patch costs the same
 /// among any number of them. `measureScope` fills in the layout; it is empty in a tree without a
 /// layout. Frames are relative to a *scope*: the row of a windowed list that contains the node, or
-/// the whole page. So moving a row, as happens to many when a list is scrolled or corrected, costs
-/// one addition.
+/// the whole page. So moving a row, which happens to many rows when a list scrolls or an estimated
+/// height is corrected, costs one addition.
 struct VEMRA_EXPORT Node {
   Node(ui::NodeID newID, ui::Element newElement) : id(newID), element(std::move(newElement)) {}
 

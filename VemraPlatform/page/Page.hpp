@@ -14,10 +14,9 @@
 namespace vemra::page {
 
 /// Shows a view on one scrolling page: decides where everything is, which rows exist, which part
-/// stays in view and which element gets the focus. A `PageHost` draws it.
-///
-/// Every change (patches, a new size, scrolling) starts a *pass* or joins the running one. A pass
-/// repeats these steps until no row is missing:
+/// stays in view and which element gets the focus. A `PageHost` draws it. A host owns a page and
+/// attaches it to a `ui::ViewGraph` as the renderer. Every change (patches, a new size, scrolling)
+/// starts a *pass* or joins the running one. A pass repeats these steps until no row is missing:
 ///
 ///     1. measure what changed, arrange what was measured
 ///     2. scroll so that the elements in view stay where they are (`Anchor`)
@@ -54,7 +53,8 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   /// system font or widget style. `LeafMetrics::measure` must already return the new sizes.
   void restyled();
   /// Call it when a person has scrolled the page, and from `PageHost::scrollTo`, but not from
-  /// `PageHost::showScrollRange`.
+  /// `PageHost::showScrollRange`. `position` is in units of the page, from 0 to the maximum that
+  /// `PageHost::showScrollRange` got last.
   void scrolled(int position);
   /// Runs a pass. Call it when the page becomes visible again (`PageHost::isShown`).
   void settle();
@@ -76,27 +76,32 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   bool focusFirst(Direction direction);
   /// Focuses the element; false when it is not in the tree or cannot have the focus.
   bool focus(ui::NodeID element, FocusReason reason);
-  /// Focuses the first control in `within` behind `after`, or the nearest control.
+  /// Focuses the first control behind the node `after` among the children of `within`, or the
+  /// nearest control: for the place of an element that was removed.
   void focusInPlace(ui::NodeID within, ui::NodeID after);
   /// The focused element, or nullptr.
   const Node* focused() const;
   /// @}
 
-  /// Scrolls only as far as needed to show the element, with its row if that fits.
+  /// Scrolls only as far as needed to show all of a leaf, with its row if that fits.
   void reveal(const Node& leaf);
   /// Calls `reveal` unless the element is in view: all of it or, for a tall one, half a viewport.
   void scrollIn(ui::NodeID element);
   /// Scrolls a row into view if it has no nodes.
   void revealRow(ui::NodeID list, std::size_t index);
 
+  /// The nodes, with their layout as of the last pass.
   const WindowedTree& tree() const { return tree_; }
   /// The environment of the shown tree; the default one until the graph's first changes.
   const ui::Environment& environment() const { return environment_; }
   /// Where everything is, as of the last pass.
   Frames frames() const { return {tree_, environment_.layoutDirection, host_.grid()}; }
+  /// The visible part of the page.
   Viewport viewport() const;
+  /// The height of the whole page: measured rows count with their height, other rows with an
+  /// estimate.
   int contentHeight() const { return tree_.root() ? tree_.root()->size.height : 0; }
-  /// A number that changes whenever the nodes change.
+  /// A number that changes whenever nodes of the tree are inserted, updated, moved or removed.
   std::uint64_t version() const { return version_; }
 
  private:

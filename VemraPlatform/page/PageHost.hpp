@@ -18,28 +18,32 @@ enum class FocusReason {
 
 /// Draws a `Page`: it measures texts and controls, shows the placed elements, and handles the
 /// keyboard focus. Renderers derive from it.
-///
 /// The page calls these functions during its passes. Main thread only. They must not throw.
-/// References to nodes are valid only during the call; keep the id of a node instead.
+/// References to nodes are valid only during the call; keep the id of a node instead. Sizes and
+/// positions are in the units of the host: pixels, or character cells.
+///
+/// The host draws the leaves: texts, buttons, text fields and pickers. A picker is one leaf; its
+/// choices come from `choicesOf` (Choices.hpp), and are measured and drawn with it.
 class VEMRA_EXPORT PageHost : public LeafMetrics {
  public:
   /// Whether the page is visible. While it is not, its passes wait.
   virtual bool isShown() const { return true; }
   /// The present size of the viewport.
   virtual Size viewportSize() const = 0;
-  /// Sets the scroll range and position. May change `viewportSize`, for example by showing a scroll
-  /// bar, but must not call `Page::scrolled`.
+  /// Sets the scroll position and its range, from 0 to `maximum`; a maximum of 0 means that the
+  /// whole page is in view. May change `viewportSize`, for example by showing a scroll bar, but
+  /// must not call `Page::scrolled`.
   virtual void showScrollRange(int maximum, int position) = 0;
-  /// The rows will certainly extend past the viewport: the host may show a scroll bar before they
-  /// are measured.
+  /// Called when the rows will certainly extend past the viewport, so that the host can show a
+  /// scroll bar before they are measured.
   virtual void expectScrolling() {}
   /// Scrolls as a person does: to the nearest possible position; calls `Page::scrolled` when the
   /// position changes.
   virtual void scrollTo(int position) = 0;
 
-  /// The tree has another environment: the host takes its reading direction, its colour scheme and
-  /// its text scale. Called for the first environment too, and before the leaves are measured
-  /// again. May change `viewportSize`. Needs no call of `Page::restyled`.
+  /// Called with each new environment of the tree, the first one included, before the leaves are
+  /// measured again. The host uses its reading direction, its colour scheme and its text scale. May
+  /// change `viewportSize`. Needs no call of `Page::restyled`.
   virtual void environmentChanged(const ui::Environment&) {}
 
   /// Draws the placed leaves at their present frames, and stops drawing the released ones. Called
@@ -47,9 +51,9 @@ class VEMRA_EXPORT PageHost : public LeafMetrics {
   /// changed: compare with what is drawn. A leaf has changed when `measure` was called for it. A
   /// leaf may be placed outside the viewport.
   virtual void place(const Placements& placements) = 0;
-  /// The node and its subtree are about to be removed; all are still in their places. The host
-  /// stops drawing their leaves (`forEachLeaf`), which no later `Placements` releases. If one of
-  /// them has the focus, its widget should keep the focus until `giveFocus`, `loseFocus` or
+  /// Called before a node and its subtree are removed; all are still in their places. The host
+  /// stops drawing their leaves (`forEachLeaf`); no later `Placements` lists them as released. If
+  /// one of them has the focus, its widget should keep the focus until `giveFocus`, `loseFocus` or
   /// `atRest`.
   virtual void removing(Node& node) = 0;
 
@@ -59,16 +63,17 @@ class VEMRA_EXPORT PageHost : public LeafMetrics {
   /// Gives the keyboard focus to a control that is drawn. `focused` should return it
   /// afterwards; a toolkit may refuse.
   virtual void giveFocus(const Node& control, FocusReason reason) = 0;
-  /// The focused element has been removed, and no other control gets the focus: give it to the page
-  /// as a whole, or to nothing.
+  /// Called when the focused element has been removed and no other control gets the focus: give the
+  /// focus to the page as a whole, or to nothing.
   virtual void loseFocus() = 0;
 
-  /// \name Notifications for observers @{
-  /// The tree has changed and is not laid out yet.
+  /// \name Notifications, for example for assistive technology @{
+  /// Called after the tree has changed, before it is laid out.
   virtual void patched(const ui::Changes&) {}
-  /// Everything is placed. If the focused element was removed, the focus moves after this.
+  /// Called after everything is placed. If the focused element was removed, the focus moves after
+  /// this.
   virtual void placed() {}
-  /// The page is at rest.
+  /// Called at the end of a pass, when the page is at rest.
   virtual void atRest() {}
   /// @}
 

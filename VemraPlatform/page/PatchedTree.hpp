@@ -9,10 +9,10 @@
 
 namespace vemra::page {
 
-/// The tree that patches describe, which every renderer needs: implemented once.
+/// Applies patches to a tree of nodes, for every renderer that needs such a tree.
 ///
-/// It uses only what a renderer gets, so every renderer would build the same tree. The address of a
-/// node stays the same until a patch removes the node.
+/// It reads only the changes that a renderer gets. The address of a node stays the same until a
+/// patch removes the node.
 class VEMRA_EXPORT PatchedTree {
  public:
   /// Gets a call after every change, and before a removal. Must not throw.
@@ -40,8 +40,8 @@ class VEMRA_EXPORT PatchedTree {
 
   /// Applies the patches in order, then sets the row indexes of the lists. Throws
   /// `std::out_of_range` at a change that names a missing node or an impossible place, inserts an
-  /// existing node, or gives a list another number of rows than it has children. Then the changes
-  /// before it have been applied, and nothing of it.
+  /// existing node, or gives a list a number of rows that differs from the number of its children.
+  /// The changes before that one stay applied; no part of that one is.
   void apply(const ui::Changes& changes);
 
   /// The root, or nullptr while nothing is shown.

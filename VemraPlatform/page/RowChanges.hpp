@@ -8,7 +8,7 @@
 
 namespace vemra::page {
 
-/// The changes between two lists of rows.
+/// The rows that were removed (`left`) and added (`came`) between two lists.
 struct RowChanges {
   std::vector<std::size_t> left;  ///< indexes in the previous list, ascending
   std::vector<std::size_t> came;  ///< indexes in the new list, ascending

@@ -12,7 +12,7 @@ namespace vemra::task {
 template <class T>
 class Result {
  public:
-  /// Stands for the value of a task without one.
+  /// `T`, or `std::monostate` for a task without a value.
   using Value = std::conditional_t<std::is_void_v<T>, std::monostate, T>;
 
   /// A task that returned.

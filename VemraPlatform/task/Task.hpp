@@ -23,8 +23,8 @@ namespace vemra::task {
 /// - No executor and no thread: it runs on the awaiting thread, and continues on the thread that
 ///   resumes it. It never changes to the main thread by itself.
 /// - An exception passes through every await as the same object.
-/// - Awaits that complete at once do not pile up on the stack, in any build. A chain of tasks that
-///   wait for each other needs as much stack as a chain of calls.
+/// - Awaits that complete at once do not accumulate on the stack, in any build. A chain of tasks
+///   that wait for each other needs as much stack as a chain of calls.
 ///
 /// Take a coroutine's arguments by value: a reference in the coroutine may outlive the object that
 /// it refers to. Name the awaited task before awaiting it, as above: GCC 12 destroys an owning

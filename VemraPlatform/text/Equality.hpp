@@ -14,8 +14,8 @@ namespace vemra::text {
 
 // Two texts are the same text when they are canonically equivalent (Unicode Standard Annex #15).
 //
-// "é" is one text whether it is stored as U+00E9 or as "e" and U+0301. One person must not become
-// two because two devices store the name differently. So records compare and hash their strings
+// "é" is one text whether it is stored as U+00E9 or as "e" and U+0301. Otherwise one person would
+// become two when two devices store the name differently. So records compare and hash their strings
 // with these functions, never with `==`. Case, compatibility forms ("ﬁ" and "fi") and blanks do
 // matter. Stored bytes never change.
 //
@@ -82,9 +82,8 @@ bool equal(const Optional& a, const Optional& b) {
   return equal(std::string_view(*a), std::string_view(*b));
 }
 
-/// Hashes a text so that canonically equivalent texts hash equally.
-///
-/// Another process gives another value, because the key of SipHash-1-3 is random.
+/// Hashes a text so that canonically equivalent texts hash equally. The value differs between
+/// processes, because each process draws a random key for SipHash-1-3.
 VEMRA_EXPORT std::size_t hash(std::string_view text);
 
 /// Canonical equality as a function object for unordered containers, with lookup by view.

@@ -6,8 +6,8 @@
 #include <string_view>
 
 /// \file
-/// Foreign texts inside a message or a line of a report: whatever a text contains, the message
-/// stays one line, and a terminal shows it in its order.
+/// Quotes texts from outside in a message or a report, so that the message stays on one line and a
+/// terminal does not reorder it, whatever the text contains.
 
 namespace vemra::text {
 

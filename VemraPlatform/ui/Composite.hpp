@@ -14,12 +14,14 @@ namespace vemra::ui {
 
 class View;
 
+/// A struct whose `body` takes its `LocalState`.
 template <class Struct>
 concept StatefulComposite = requires(const Struct& view,
                                      const LocalState<typename Struct::State>& state) {
   { view.body(state) } -> std::convertible_to<View>;
 };
 
+/// A struct whose `body` takes the environment, or nothing.
 template <class Struct>
 concept StatelessComposite = requires(const Struct& view, const Environment& environment) {
   { view.body(environment) } -> std::convertible_to<View>;
@@ -28,6 +30,7 @@ concept StatelessComposite = requires(const Struct& view, const Environment& env
   { view.body() } -> std::convertible_to<View>;
 };
 
+/// A struct with a `body` in one of the three shapes.
 template <class Struct>
 concept HasBody = StatefulComposite<Struct> || StatelessComposite<Struct>;
 
@@ -39,8 +42,9 @@ concept HasBody = StatefulComposite<Struct> || StatelessComposite<Struct>;
 ///
 /// It may have a name (`static constexpr std::string_view name`) and properties (`Properties
 /// properties() const`, or `properties(const State&)`). The screen does not depend on either; they
-/// are for developers and for tools. vemra-inspect writes the name and the properties of a
-/// composite that has any as an element with these keys, and its readers rely on the keys.
+/// are for developers and for tools. For a composite with properties, vemra-inspect writes an
+/// element with its name and with the properties as keys; scripts that read these reports rely on
+/// the keys.
 template <class Struct>
 concept CompositeView = HasBody<Struct> && std::copy_constructible<Struct>;
 // Check `HasBody` first: whether a class that can be constructed from a view is copyable may depend
@@ -71,7 +75,7 @@ class ErasedComposite final : public AnyComposite {
   }
 
   std::string_view name() const override {
-    // Through the address, because a non-static member of the same name has none.
+    // Takes the address, so that a non-static member called `name` does not count.
     if constexpr (requires { std::string_view(*&Struct::name); }) {
       return Struct::name;
     } else {

@@ -40,6 +40,8 @@ struct Style {
   friend bool operator==(const Style&, const Style&) = default;
 };
 
+/// The space around an element, by edge. `leading` is the side where lines begin: left, or right in
+/// a right-to-left layout.
 struct Insets {
   int top = 0, leading = 0, bottom = 0, trailing = 0;
   friend bool operator==(const Insets&, const Insets&) = default;
@@ -84,6 +86,7 @@ class VEMRA_EXPORT Element {
 
   /// The identifier applied last, "" when there is none.
   std::string_view accessibilityIdentifier() const;
+  /// How to draw a Button.
   ButtonStyle buttonStyle() const;
   /// Whether a title beside the control is hidden from view; assistive technology reads it in any
   /// case. The renderers here never draw the title of a picker, and draw that of a text field as
@@ -102,7 +105,8 @@ class VEMRA_EXPORT Element {
 
   const Description& description() const { return view_.description(); }
 
-  /// Values that the description does not contain. Few elements have any.
+  /// The values that are read when the element is made: its translation, and the value of its
+  /// binding. Few elements have any.
   struct Found;
 
   View view_;

@@ -9,7 +9,9 @@
 
 namespace vemra::ui {
 
+/// Whether the page is light with dark text, or dark with light text.
 enum class ColorScheme { light, dark };
+/// The reading direction: on which side lines, columns and rows begin.
 enum class LayoutDirection { leftToRight, rightToLeft };
 
 /// Translations of the screen's own texts.

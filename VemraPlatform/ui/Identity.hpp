@@ -16,22 +16,22 @@ namespace vemra::ui {
 ///
 /// A child is the same if and only if its kind (for a composite: its type), its branch and its
 /// place are equal. The place is the slot among the parent's children, counting absent ones, or the
-/// view's own key; equal keys are told apart by their order:
+/// view's own key; equal keys are distinguished by their order:
 ///
 ///     before              after                  same?
-///     slot 1: Button      slot 1: Button         yes, whatever title and action
-///     slot 1: Button      slot 1: absent         the button goes, slot 2 stays slot 2
+///     slot 1: Button      slot 1: Button         yes, also with another title or action
+///     slot 1: Button      slot 1: absent         no: the button is removed; slot 2 stays slot 2
 ///     slot 1: Button      slot 1: Text           no: another kind
 ///     then-branch VStack  else-branch VStack     no: another branch
 ///     key "a", slot 0     key "a", slot 5        yes: a key replaces the slot
 ///     row "é" (1 scalar)  row "é" (2 scalars)    yes: keys are compared canonically
 struct Identity {
-  const void* type = nullptr;
-  std::uint64_t branch = 0;
-  std::size_t slot = 0;
-  bool keyed = false;
-  std::string key;
-  std::size_t occurrence = 0;
+  const void* type = nullptr;  ///< unique for each kind, and for each type of composite
+  std::uint64_t branch = 0;    ///< `Description::branch`
+  std::size_t slot = 0;        ///< ignored with a key
+  bool keyed = false;          ///< whether a key replaces the slot
+  std::string key;             ///< `Description::key`, or the id of a row
+  std::size_t occurrence = 0;  ///< the number of equal keys before it among the siblings
 
   friend VEMRA_EXPORT bool operator==(const Identity& a, const Identity& b);
 };
@@ -41,7 +41,8 @@ struct VEMRA_EXPORT IdentityHash {
   std::size_t operator()(const Identity& identity) const;
 };
 
-/// Whether kind, composite type and branch are equal: what a row needs besides its id to stay.
+/// Whether kind, composite type and branch are equal. A row stays the same node when this and its
+/// id agree.
 VEMRA_EXPORT bool sameKind(const Identity& a, const Identity& b);
 
 /// The identity of a present view in the given slot; a keyed one has the occurrence 0.

@@ -11,10 +11,11 @@
 
 namespace vemra::ui {
 
-/// Holds a composite's state; it belongs to a place in the tree, not to the view value.
+/// Holds a composite's state. Internal to the view graph; a composite uses `LocalState`.
 ///
-/// A cell outlives its place while a reference to it exists: a late read returns the last value,
-/// and a late write is ignored.
+/// A cell belongs to a node of the graph, not to the view value. It outlives its node while an
+/// action or a binding refers to it: a late read returns the last value, and a late write is
+/// ignored.
 class VEMRA_EXPORT StateCell {
  public:
   /// Gets a call when the value of a cell changes. The view graph is an owner.
@@ -27,9 +28,12 @@ class VEMRA_EXPORT StateCell {
   };
 
   virtual ~StateCell() = default;
+  /// Whether the state is equal to its initial value.
   virtual bool isInitial() const = 0;
 
+  /// Whether an owner exists; without one, writes are ignored.
   bool isAttached() const { return owner_ != nullptr; }
+  /// \param place The value of the node's `NodeID`; 0 while the state has no node.
   void attach(Owner& owner, std::uint64_t place) { owner_ = &owner, place_ = place; }
   void detach() { owner_ = nullptr; }
   /// Keeps the cell alive and writable while it has no node.
@@ -44,6 +48,7 @@ class VEMRA_EXPORT StateCell {
   std::uint64_t place_ = 0;
 };
 
+/// A cell for one type of state, which begins as `State{}`.
 template <std::equality_comparable State>
 class StateCellOf final : public StateCell {
  public:
@@ -74,6 +79,7 @@ class LocalState {
   const State& operator*() const { return cell_->value(); }
   const State* operator->() const { return &cell_->value(); }
 
+  /// Writes one field.
   template <class Field>
   void set(Field State::*field, std::type_identity_t<Field> value) const {
     cell_->set(field, std::move(value));

@@ -9,9 +9,13 @@
 
 namespace vemra::ui {
 
+/// The edges to which a padding applies.
 enum class Edges { all, horizontal, vertical };
+/// How a button is drawn: with the platform's frame, or as its bare title.
 enum class ButtonStyle { automatic, plain };
+/// How a picker offers its choices: a button with the present choice opens a menu.
 enum class PickerStyle { menu };
+/// How a text field is drawn.
 enum class TextFieldStyle { roundedBorder };
 
 /// \name Modifiers

@@ -44,8 +44,8 @@ struct ListRows {
   std::vector<RowRange> shown;
 };
 
-/// The changes of one pass. Together with the events, this is the whole language between the view
-/// graph and a renderer.
+/// The changes of one pass of the graph. The graph and a renderer exchange nothing but changes,
+/// events and requests for rows.
 struct Changes {
   std::vector<Patch> patches;
   /// The lists that have changed, in their state after all patches: each list that is new or has
@@ -67,6 +67,7 @@ enum class RowDemand {
 /// Shows the tree: a window, a test harness or a picture.
 class VEMRA_EXPORT Renderer {
  public:
+  /// Which rows of its lists the graph describes for it. Must always return the same value.
   virtual RowDemand rowDemand() const = 0;
   /// Applies the changes of one pass. It may request rows from the graph and deliver events; the
   /// graph handles these requests after it has returned.

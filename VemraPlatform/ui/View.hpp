@@ -131,7 +131,7 @@ class VEMRA_EXPORT View {
 /// How a column aligns children that are narrower than itself; `leading` is the side where lines
 /// begin: left, or right in a right-to-left layout.
 enum class HorizontalAlignment { leading, center };
-/// How a row of views aligns children that are lower than itself.
+/// How a row of views aligns children that are less high than itself.
 enum class VerticalAlignment { top, center };
 
 /// A text of one or more lines. Shows a name or a note only through `verbatim`, which marks text
@@ -207,8 +207,8 @@ class VEMRA_EXPORT ScrollView : public View {
 ///
 /// `elements` is copied and must be cheap to copy; `id` returns each element's id (a member
 /// pointer, or a function that returns a reference or a string_view into the element); `row` makes
-/// the view.
-/// Ids are compared under canonical equivalence; equal ids are told apart by their order.
+/// the view. Ids are compared under canonical equivalence; equal ids are distinguished by their
+/// order.
 class VEMRA_EXPORT ForEach : public View {
  public:
   template <class Elements, RowIDOf<Elements> ID, class Row>

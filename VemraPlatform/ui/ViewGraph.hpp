@@ -13,7 +13,7 @@
 
 namespace vemra::ui {
 
-/// The living tree of a view: the only part that keeps state.
+/// The tree of nodes that a view describes: the only part that keeps state.
 ///
 ///     describe (body) -> reconcile -> diff -> apply (Renderer), and back: deliver(node, event)
 ///
@@ -67,7 +67,10 @@ class VEMRA_EXPORT ViewGraph final {
   /// Describes the whole tree anew. During an event, the root takes effect when the event ends; of
   /// several roots, the last one wins. Throws what a body or a row's closure threw, after all work.
   void setRoot(View root);
+  /// Describes the whole tree again in this environment; state is kept. Takes effect and throws
+  /// like `setRoot`.
   void setEnvironment(Environment environment);
+  /// The environment in which the tree was last described.
   const Environment& environment() const;
 
   /// Delivers an event to a node. Events for nodes that are gone or disabled do nothing. An event
@@ -106,6 +109,7 @@ class VEMRA_EXPORT ViewGraph final {
   /// The properties that a composite reports; empty for other nodes.
   Properties properties(NodeID node) const;
 
+  /// Counters of the graph's work since it was made.
   const WorkCount& work() const;
 
  private:
