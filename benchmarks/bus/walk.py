@@ -98,7 +98,7 @@ def walk(screen, people):
             rows.add(name)
         if name in expected_rows or name == PATH:
             section = name
-        if role == "push button":
+        if role in ("push button", "button"):  # the second in later bindings
             controls.add((section, name))
             if not found and section == last and name in ("Record outcome", "Correct"):
                 found = time.monotonic() - start

@@ -1,5 +1,6 @@
 #include "VemraPlatform/date/AbbreviatedDate.hpp"
 #include "VemraPlatform/date/Locale.hpp"
+#include "tests/VemraPlatform/date/ReleaseOfCLDR.hpp"
 
 #include <algorithm>
 #include <map>
@@ -60,7 +61,8 @@ const std::multimap<std::string, std::string> otherNames = {
 /// 5 January 2025 in English; the words differ by the calendar, but for three.
 const std::map<std::string, std::string> dates = {
     {"gregorian", "Jan 5, 2025"},
-    {"iso8601", "Jan 5, 2025"},
+    // Since CLDR 46 with the parts in the order of ISO 8601.
+    {"iso8601", releaseOfCLDR() >= 46 ? "2025 Jan 5" : "Jan 5, 2025"},
     {"japanese", "Jan 5, 7 Reiwa"},
     {"buddhist", "Jan 5, 2568 BE"},
     {"roc", "Jan 5, 114 Minguo"},

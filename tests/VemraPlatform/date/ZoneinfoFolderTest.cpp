@@ -16,8 +16,8 @@ TEST(ZoneOfDatabase, OnAMachineWithoutTimeZoneFilesIsNone) {
 }
 
 TEST(ZoneOfDatabase, HasAName) {
-  for (const char* name : {"Asia/Tokyo", "Zulu", "America/Port-au-Prince", "Etc/GMT+9",
-                           "America/Argentina/Buenos_Aires", "EST5EDT"}) {
+  for (const char* name : {"Asia/Tokyo", "GMT", "Etc/Zulu", "America/Port-au-Prince", "Etc/GMT+9",
+                           "America/Argentina/Buenos_Aires"}) {
     EXPECT_TRUE(zoneOfDatabase(name)) << name;
   }
   EXPECT_TRUE(date::isKnownTimeZone("America/Coyhaique")) << "younger than ICU's database";
