@@ -75,7 +75,7 @@ TEST_F(BookTest, WritesTextsAsTextsAndNotAsHTML) {
   EXPECT_EQ(text.find("<Ada>"), std::string::npos);
 }
 
-TEST_F(BookTest, SaysIdentifiersOutlineAndWhatIsHeard) {
+TEST_F(BookTest, ContainsIdentifiersOutlineAndTheTextsOfAssistiveTechnology) {
   writeBook(gallery_, folder_);
   const std::string text = page();
   EXPECT_NE(text.find("<pre tabindex=\"0\">card.open\n"), std::string::npos);
@@ -83,7 +83,7 @@ TEST_F(BookTest, SaysIdentifiersOutlineAndWhatIsHeard) {
   EXPECT_NE(text.find("button &quot;Open&quot;\n"), std::string::npos);
 }
 
-TEST_F(BookTest, HoldsItsStyleAndItsProgramAndNeedsNoNetwork) {
+TEST_F(BookTest, ContainsItsStyleAndItsScriptAndNeedsNoNetwork) {
   writeBook(gallery_, folder_);
   EXPECT_NE(page().find("color-scheme: light"), std::string::npos);
   EXPECT_NE(page().find("addEventListener"), std::string::npos);
@@ -100,7 +100,7 @@ TEST_F(BookTest, RefusesAFolderThatIsNotEmpty) {
   EXPECT_EQ(TemporaryFolder::readFile(folder_ / "mine.txt"), "mine");
 }
 
-TEST_F(BookTest, ReplacesAnOlderBookAndNothingElseWhenAskedTo) {
+TEST_F(BookTest, ReplacesOnlyAnOlderBookOnRequest) {
   fs::create_directories(folder_ / "pictures");
   std::ofstream(folder_ / "pictures/old.png") << "old";
   std::ofstream(folder_ / "index.html") << "old";
@@ -111,7 +111,7 @@ TEST_F(BookTest, ReplacesAnOlderBookAndNothingElseWhenAskedTo) {
   EXPECT_EQ(TemporaryFolder::readFile(folder_ / "mine.txt"), "mine");
 }
 
-TEST_F(BookTest, NamesWhatCannotBeWrittenAndLeavesNothingBehind) {
+TEST_F(BookTest, NamesAFileThatCannotBeWrittenAndLeavesNothingBehind) {
   std::ofstream(folder_) << "a file";
   EXPECT_EQ(errorOf(folder_), folder_.string() + ": is not a folder");
   const fs::path nowhere = "/proc/no/book";

@@ -19,7 +19,7 @@ TEST(Gallery, KeepsTheSpecimensOfASectionTogether) {
   EXPECT_EQ(names(gallery), (std::vector<std::string>{"a", "c", "b"}));
 }
 
-TEST(Gallery, RefusesASecondSpecimenOfOneName) {
+TEST(Gallery, RefusesASecondSpecimenOfTheSameName) {
   Gallery gallery("Test");
   gallery.add({"First", "a", {}}).add({"Second", "a", {}});
   EXPECT_THROW(gallery.add({"First", "a", {}}), std::invalid_argument);
@@ -34,7 +34,7 @@ TEST(Gallery, IsInEnglishAndInTheLanguagesThatAreAdded) {
   EXPECT_EQ(environmentFor(gallery.languages()[1]).locale, "de_DE");
 }
 
-TEST(Gallery, MountsASpecimenInTheStateThatItIsAbout) {
+TEST(Gallery, MountsASpecimenAfterItsPreparation) {
   int presses = 0;
   const Specimen specimen{
       .section = "s",

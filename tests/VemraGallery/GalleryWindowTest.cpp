@@ -35,7 +35,7 @@ class GalleryWindowTest : public ::testing::Test {
   std::unique_ptr<GalleryWindow> window_;
 };
 
-TEST_F(GalleryWindowTest, ShowsEverySpecimenBesideTheOthers) {
+TEST_F(GalleryWindowTest, ShowsAllSpecimensSideBySide) {
   ASSERT_EQ(views().size(), 2);
   EXPECT_TRUE(views()[0]->isVisible());
   EXPECT_TRUE(views()[1]->isVisible());
@@ -67,7 +67,7 @@ TEST_F(GalleryWindowTest, SwitchesLanguageColoursTextSizeDirectionAndWidth) {
   EXPECT_EQ(environment().locale, "de_DE") << "one switch leaves the others";
 }
 
-TEST_F(GalleryWindowTest, HighContrastIsAPaletteOfTheSystemThatGoesWithTheWindow) {
+TEST_F(GalleryWindowTest, HighContrastIsAnApplicationPaletteThatEndsWithTheWindow) {
   const QPalette before = QApplication::palette();
   choose("colours", 2);
   EXPECT_EQ(QApplication::palette().color(QPalette::Window), QColor(Qt::black));

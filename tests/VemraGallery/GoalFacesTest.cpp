@@ -45,7 +45,7 @@ TEST(GoalFaces, ShowEveryGap) {
   }
 }
 
-TEST(GoalFaces, OfTenThousandPeopleOnlySomeAreHeard) {
+TEST(GoalFaces, ThePageListsOnlySomeOfTenThousandPeople) {
   Gallery gallery("Goal");
   addGoalFaces(gallery);
   const auto screen = mount(gallery.specimens().back(), {});

@@ -8,7 +8,7 @@
 namespace vemra {
 namespace {
 
-TEST(GoalOutcomeValue, AllCasesStandInIndexOrder) {
+TEST(GoalOutcomeValue, AllCasesAreInIndexOrder) {
   ASSERT_EQ(allGoalOutcomeValues.size(), 8U);
   for (std::size_t index = 0; index < allGoalOutcomeValues.size(); ++index) {
     EXPECT_EQ(static_cast<std::size_t>(allGoalOutcomeValues[index]), index);
@@ -48,7 +48,7 @@ TEST(CaseNames, OfSubjectKinds) {
   EXPECT_EQ(caseName(GoalOutcomeSubjectKind::path), "path");
 }
 
-TEST(CaseNames, WhatIsNoCaseHasNoName) {
+TEST(CaseNames, AnInvalidValueHasNoName) {
   EXPECT_EQ(caseName(static_cast<GoalOutcomeValue>(8)), "");
   EXPECT_EQ(caseName(static_cast<GoalOutcomeSubjectKind>(2)), "");
 }

@@ -124,7 +124,7 @@ TEST(GoalRecordEquality, EveryFieldOfAResponseTakesPart) {
 
 // Every string of the sample holds the letter in question, so one field compared byte for byte
 // would make its record unequal.
-TEST(GoalRecordEquality, StringsInAnotherNormalFormAreTheSameInEveryField) {
+TEST(GoalRecordEquality, StringsInAnotherNormalFormAreEqualInEveryField) {
   EXPECT_TRUE(sample::goal(sample::composed) == sample::goal(sample::decomposed));
   EXPECT_TRUE(sample::person(sample::composed) == sample::person(sample::decomposed));
   EXPECT_TRUE(sample::path(sample::composed) == sample::path(sample::decomposed));

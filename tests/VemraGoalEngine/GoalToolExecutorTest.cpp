@@ -33,14 +33,14 @@ class RenamingEngine : public SampleEngine {
   }
 };
 
-TEST(GoalToolExecutor, TheQueryOfTheObjectsOwnClassAnswers) {
+TEST(GoalToolExecutor, TheOverriddenQueryAnswers) {
   const std::shared_ptr<GoalToolExecutor> engine = std::make_shared<SampleEngine>();
   EXPECT_EQ(task::wait(engine->getGoalSnapshot("g")).goal.id, "g");
   const std::shared_ptr<GoalToolExecutor> other = std::make_shared<RenamingEngine>();
   EXPECT_EQ(task::wait(other->getGoalSnapshot("g")).goal.id, "renamed g");
 }
 
-TEST(GoalToolExecutor, IsSharedAndGoesWithItsLastOwner) {
+TEST(GoalToolExecutor, IsSharedAndIsDestroyedWithItsLastOwner) {
   static_assert(!std::is_copy_constructible_v<SampleEngine>);
   static_assert(!std::is_copy_assignable_v<SampleEngine>);
   bool isGone = false;

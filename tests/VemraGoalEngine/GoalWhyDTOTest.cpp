@@ -44,7 +44,7 @@ TEST(GoalWhy, TextsAreEqualInEitherNormalForm) {
               GoalWhyDTO::evidence("e\u0301", "A\u030a", "\u1100\u1161"));
 }
 
-TEST(GoalWhy, TheMakersFillTheReasonTheyAreNamedAfter) {
+TEST(GoalWhy, EachFactoryFunctionMakesItsReason) {
   const GoalWhyDTO evidence = GoalWhyDTO::evidence("a", "b", "c");
   const auto& payload = std::get<GoalWhyDTO::Evidence>(evidence.reason);
   EXPECT_EQ(payload.label, "a");
@@ -59,7 +59,7 @@ TEST(GoalWhy, TheMakersFillTheReasonTheyAreNamedAfter) {
 
 // Whoever reads the alternatives by index meets those with figures first and then the plain ones,
 // with "matches on name" first among them.
-TEST(GoalWhy, ReasonsStandInTheEnginesOrder) {
+TEST(GoalWhy, ReasonsAreInTheEnginesOrder) {
   EXPECT_EQ(GoalWhyDTO::evidence("", "", "").reason.index(), 0U);
   EXPECT_EQ(GoalWhyDTO::connection(0).reason.index(), 1U);
   EXPECT_EQ(GoalWhyDTO::sharedActivity(0, 0).reason.index(), 2U);

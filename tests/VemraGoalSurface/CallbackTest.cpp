@@ -69,7 +69,7 @@ TEST_F(Callback, RecordOutcomeIsOneObjectForAllRowsAndThePath) {
   EXPECT_THAT(reports_, ElementsAre(1, 2, 3));
 }
 
-TEST_F(Callback, RecordOutcomeStaysThatObjectWhenItsControlIsDescribedAgain) {
+TEST_F(Callback, RecordOutcomeStaysTheSameObjectWhenItsControlIsDescribedAgain) {
   const GoalResultView view(GoalResultSnapshotV1(resultWithPeople(1)), {}, {}, {}, counting_);
   Screen screen(view);
   saveAnOutcome(screen, "vemra.goal.person.p0");

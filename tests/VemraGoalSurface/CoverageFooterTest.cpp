@@ -57,7 +57,7 @@ TEST_F(CoverageFooter, IsTheLastElementOfTheColumn) {
   EXPECT_EQ(column.lastChild, nodesOf(screen, ui::ElementKind::group).back());
 }
 
-TEST_F(CoverageFooter, HoldsTheSentenceInAGroupThatIsSmallAndSecondary) {
+TEST_F(CoverageFooter, PutsTheSentenceIntoASmallSecondaryGroup) {
   EXPECT_THAT(footerOf(coverage(12, {"Mail", "Calendar"})),
               ElementsAre("Group .font(caption) .foregroundStyle(secondary)",
                           "  Text \"Based on 12 piece(s) of evidence from Mail, Calendar.\""));
@@ -97,13 +97,13 @@ TEST_F(CoverageFooter, JoinsTheSourcesInTheirOrder) {
             "Based on 12 piece(s) of evidence from Calendar, Mail, Mail.");
 }
 
-TEST_F(CoverageFooter, LeavesAnEmptyPlaceForAnEmptySource) {
+TEST_F(CoverageFooter, ShowsAnEmptySourceAsAnEmptyEntry) {
   EXPECT_EQ(sentenceOf(coverage(2, {"A", "", "B"})),
             "Based on 2 piece(s) of evidence from A, , B.");
   EXPECT_EQ(sentenceOf(coverage(2, {""})), "Based on 2 piece(s) of evidence from .");
 }
 
-TEST_F(CoverageFooter, ShowsSourcesAsTheyAre) {
+TEST_F(CoverageFooter, ShowsSourcesUnchanged) {
   EXPECT_EQ(sentenceOf(coverage(2, {" Mail ", "<b>&"})),
             "Based on 2 piece(s) of evidence from  Mail , <b>&.");
 }
@@ -117,12 +117,12 @@ TEST_F(CoverageFooter, WritesTheCountWithoutASeparator) {
             "Based on 1500 piece(s) of evidence from Mail.");
 }
 
-TEST_F(CoverageFooter, ClosesWithTheDateOfTheLatestEvidence) {
+TEST_F(CoverageFooter, EndsWithTheDateOfTheLatestEvidence) {
   EXPECT_EQ(sentenceOf(coverage(3, {"Notes"}, "2025-01-05T10:00:00Z")),
             "Based on 3 piece(s) of evidence from Notes, through Jan 5, 2025.");
 }
 
-TEST_F(CoverageFooter, ClosesWithTheDateAlsoWithoutSources) {
+TEST_F(CoverageFooter, EndsWithTheDateAlsoWithoutSources) {
   EXPECT_EQ(sentenceOf(coverage(3, {}, "2025-01-05T10:00:00+02:00")),
             "Based on 3 piece(s) of evidence from your memory, through Jan 5, 2025.");
 }
@@ -146,7 +146,7 @@ TEST_F(CoverageFooter, WritesOnlyTheDateInTheUsersLocale) {
   EXPECT_EQ(sentenceOf(notes, environment("th_TH", "UTC")), start + "5 ม.ค. 2568.");
 }
 
-TEST_F(CoverageFooter, HasNoDatePhraseForWhatCannotBeRead) {
+TEST_F(CoverageFooter, HasNoDatePhraseForAnUnreadableDate) {
   for (const char* unreadable :
        {"2025-01-05T10:00:00.250Z", "2025-01-05", "yesterday", "", " 2025-01-05T10:00:00Z",
         "2025-01-05T10:00:00", "2025-02-30T10:00:00Z"}) {
@@ -165,7 +165,7 @@ TEST_F(CoverageFooter, FollowsTheLocaleAndTimeZoneOfTheProcess) {
             "Based on 3 piece(s) of evidence from Notes, through 6. Jan. 2025.");
 }
 
-TEST_F(CoverageFooter, FollowsTheEnvironmentOnceItChanges) {
+TEST_F(CoverageFooter, FollowsAChangeOfTheEnvironment) {
   Result result = ordinaryResult();
   result.coverage = coverage(3, {"Notes"}, "2025-01-05T23:30:00Z");
   Screen screen(viewOf(result, calls_), environment("en_US", "UTC"));

@@ -77,13 +77,13 @@ TEST_F(WholeScreen, ShowsNothingOfTheGroup) {
   EXPECT_EQ(shape(Screen(viewOf(result, calls_))), without);
 }
 
-TEST_F(WholeScreen, AsksNothingOfItsHostByBeingShown) {
+TEST_F(WholeScreen, CallsNoCallbackWhenItIsShown) {
   Screen screen(viewOf(ordinaryResult(), calls_));
   screen.show(viewOf(ordinaryResult(), calls_));
   EXPECT_THAT(calls_.log, ElementsAre());
 }
 
-TEST_F(WholeScreen, HasExactlyTheseIdentifiersWhenAllIsClosed) {
+TEST_F(WholeScreen, HasExactlyTheseIdentifiersWithoutOpenEditors) {
   Result result = ordinaryResult();
   result.people = {person("p1", "Ada", {"ev9"}), person("a.b c", "Bo", {"ev1"}), person("p3")};
   result.outcomes = {
@@ -112,7 +112,7 @@ TEST_F(WholeScreen, HandingInAnEqualSnapshotChangesNothing) {
   EXPECT_EQ(screen.tree().patchCount(), patches);
 }
 
-TEST_F(WholeScreen, AnEmptyCallbackAsksNothingOfTheHost) {
+TEST_F(WholeScreen, AnEmptyCallbackMakesItsButtonDoNothing) {
   Screen screen(GoalResultView(GoalResultSnapshotV1(ordinaryResult()), {}, {}, {}, {}));
   screen.press(testing::button("Ada"));
   screen.press("vemra.goal.person.p1.show-source");
@@ -123,7 +123,7 @@ TEST_F(WholeScreen, AnEmptyCallbackAsksNothingOfTheHost) {
       << "all is shown as ever, and Save has closed the editor";
 }
 
-TEST_F(WholeScreen, ANewViewMayBeHandedInFromInsideACallback) {
+TEST_F(WholeScreen, ACallbackMayShowANewView) {
   Result next = ordinaryResult();
   next.goal.title = "Answered";
   std::optional<Screen> screen;
@@ -140,7 +140,7 @@ TEST_F(WholeScreen, ANewViewMayBeHandedInFromInsideACallback) {
   }
 }
 
-TEST_F(WholeScreen, CallsTheCallbacksOfTheViewThatWasHandedInLast) {
+TEST_F(WholeScreen, CallsTheCallbacksOfTheLatestView) {
   Calls later;
   Screen screen(viewOf(ordinaryResult(), calls_));
   screen.show(viewOf(ordinaryResult(), later));

@@ -86,7 +86,7 @@ TEST_F(Localization, NeverTranslatesGapsButTranslatesTheMissingEvidence) {
                           "[No source evidence yet.]"));
 }
 
-TEST_F(Localization, AsksTheTableForItsOwnKeysOnly) {
+TEST_F(Localization, LooksUpItsOwnKeysOnly) {
   auto table = everything();
   Screen screen(viewOf(everyFace(), calls_), withStrings(table));
   screen.press("vemra.goal.path.outcome.start");
@@ -98,7 +98,7 @@ TEST_F(Localization, AsksTheTableForItsOwnKeysOnly) {
                                          "See in Starfold", "No source evidence yet."}));
 }
 
-TEST_F(Localization, ShowsTheKeyWhereTheTableHasNothing) {
+TEST_F(Localization, ShowsTheKeyWithoutATranslation) {
   auto table = std::make_shared<Table>([](std::string_view key) -> std::optional<std::string> {
     if (key == "Supported path") return "Möglicher Weg";
     return std::nullopt;

@@ -68,7 +68,7 @@ TEST_F(MainActorDeathTest, PersonRow) {
              [&] { (view().*address(PersonRowMember{}))(person("p1")); });
 }
 
-TEST_F(MainActorDeathTest, RowsThatARendererAsksFor) {
+TEST_F(MainActorDeathTest, RowsThatARendererRequests) {
   ui::ViewGraph graph;
   graph.setRoot(view());
   const ui::NodeID list = ui::sample::firstOf(graph.root(), ui::ElementKind::forEach)->id;

@@ -101,7 +101,7 @@ TEST_F(OutcomeControl, MarksACorrectionOfAnEmptyID) {
   EXPECT_FALSE(recorded(Value::helped).has(prefix + ".outcome.corrected-marker"));
 }
 
-TEST_F(OutcomeControl, UsesTheIdentifiersOfItsPlace) {
+TEST_F(OutcomeControl, UsesTheIdentifiersOfItsSubject) {
   result_.paths = {path({"p9"})};
   const Screen screen = recorded(Value::helped);
   EXPECT_TRUE(screen.has("vemra.goal.path.outcome.start"));
@@ -115,7 +115,7 @@ TEST_F(OutcomeControl, OpensOnWasUsefulWithAnEmptyNote) {
   EXPECT_EQ(screen.get(prefix + ".outcome.note").element.text(), "");
 }
 
-TEST_F(OutcomeControl, OpensOnWasUsefulWhateverWasChosenInACancelledAttempt) {
+TEST_F(OutcomeControl, OpensOnWasUsefulAlsoAfterACancelledChoice) {
   Screen screen = screenOf(result_);
   screen.press(prefix + ".outcome.start");
   screen.select(prefix + ".outcome.picker", "notAFit");
@@ -157,7 +157,7 @@ TEST_F(OutcomeControl, CorrectOpensOnTheOutcomeInForceAndCancelReturnsToItUnchan
   EXPECT_THAT(calls_.log, ElementsAre());
 }
 
-TEST_F(OutcomeControl, CorrectTakesTheNoteAsStored) {
+TEST_F(OutcomeControl, CorrectShowsTheNoteAsStored) {
   for (const OptionalText& note : {OptionalText("  two \n"), OptionalText(""), OptionalText()}) {
     Screen screen = recorded(Value::helped, note);
     screen.press(prefix + ".outcome.correct");
@@ -165,7 +165,7 @@ TEST_F(OutcomeControl, CorrectTakesTheNoteAsStored) {
   }
 }
 
-TEST_F(OutcomeControl, CorrectStartsFromTheOutcomeInForceWhateverWasTypedBefore) {
+TEST_F(OutcomeControl, CorrectStartsFromTheOutcomeInForceAlsoAfterACancelledEdit) {
   Screen screen = recorded(Value::helped, "met");
   screen.press(prefix + ".outcome.correct");
   screen.select(prefix + ".outcome.picker", "invited");
@@ -176,7 +176,7 @@ TEST_F(OutcomeControl, CorrectStartsFromTheOutcomeInForceWhateverWasTypedBefore)
   EXPECT_EQ(screen.get(prefix + ".outcome.note").element.text(), "met");
 }
 
-TEST_F(OutcomeControl, ShowsRecordOutcomeAgainAfterSaveUntilANewOutcomeIsHandedIn) {
+TEST_F(OutcomeControl, ShowsRecordOutcomeAfterSaveUntilASnapshotHasTheOutcome) {
   Screen screen = screenOf(result_);
   screen.press(prefix + ".outcome.start");
   screen.press(prefix + ".outcome.save");
@@ -186,7 +186,7 @@ TEST_F(OutcomeControl, ShowsRecordOutcomeAgainAfterSaveUntilANewOutcomeIsHandedI
   EXPECT_TRUE(screen.has(prefix + ".outcome.correct"));
 }
 
-TEST_F(OutcomeControl, ShowsTheOldSummaryAfterACorrectionUntilANewOutcomeIsHandedIn) {
+TEST_F(OutcomeControl, ShowsTheOldSummaryAfterACorrectionUntilASnapshotHasTheNewOutcome) {
   Screen screen = recorded(Value::helped, "met");
   const Lines summary = face(screen);
   screen.press(prefix + ".outcome.correct");
@@ -195,14 +195,14 @@ TEST_F(OutcomeControl, ShowsTheOldSummaryAfterACorrectionUntilANewOutcomeIsHande
   EXPECT_EQ(face(screen), summary);
 }
 
-TEST_F(OutcomeControl, GoesBackToRecordOutcomeWhenTheOutcomeIsTakenAway) {
+TEST_F(OutcomeControl, ShowsRecordOutcomeAgainWhenTheSnapshotNoLongerHasTheOutcome) {
   Screen screen = recorded(Value::helped);
   result_.outcomes = {};
   screen.show(viewOf(result_, calls_));
   EXPECT_TRUE(screen.has(prefix + ".outcome.start"));
 }
 
-TEST_F(OutcomeControl, ClearsNothingWhenItLeavesTheEditor) {
+TEST_F(OutcomeControl, KeepsItsStateWhenTheEditorCloses) {
   for (const char* door : {".outcome.save", ".outcome.cancel"}) {
     Screen screen = screenOf(result_);
     screen.press(prefix + ".outcome.start");

@@ -96,7 +96,7 @@ TEST_F(OutcomeEditor, KeepsTheHiddenTitleForAssistiveTechnology) {
   EXPECT_EQ(screen.get(picker).element.shownLabel(), "Outcome");
 }
 
-TEST_F(OutcomeEditor, DemandsANoteForSomethingElse) {
+TEST_F(OutcomeEditor, RequiresANoteForSomethingElse) {
   Screen& screen = openFirst();
   screen.select(picker, "somethingElse");
   EXPECT_FALSE(screen.isEnabled(save));
@@ -141,7 +141,7 @@ void runActions(const ui::View& view, std::string_view title) {
 }
 
 // The button is the only guard: what it does when it is asked all the same is to save.
-TEST(OutcomeEditorSave, DoesNotTestTheNoteAgain) {
+TEST(OutcomeEditorSave, SaveDoesNotCheckTheNoteAgain) {
   using Control = GoalOutcomeRecordingControl;
   struct Owner final : ui::StateCell::Owner {
     void stateChanged(ui::StateCell&) override {}
@@ -180,7 +180,7 @@ TEST_F(OutcomeEditor, SavesEveryOtherValueWithAnEmptyNote) {
   }
 }
 
-TEST_F(OutcomeEditor, FollowsPickerAndNoteWithSave) {
+TEST_F(OutcomeEditor, UpdatesSaveWithPickerAndNote) {
   Screen& screen = openFirst();
   screen.type(note, " ");
   EXPECT_TRUE(screen.isEnabled(save));
@@ -194,7 +194,7 @@ TEST_F(OutcomeEditor, FollowsPickerAndNoteWithSave) {
   EXPECT_TRUE(screen.isEnabled(save));
 }
 
-TEST_F(OutcomeEditor, SendsTheWordsOfTheNoteAlone) {
+TEST_F(OutcomeEditor, SendsTheNoteWithoutBlanksAtEitherEnd) {
   Screen& screen = openFirst();
   screen.type(note, "  met at  the\nfair \n");
   screen.press(save);
@@ -202,7 +202,7 @@ TEST_F(OutcomeEditor, SendsTheWordsOfTheNoteAlone) {
                                       "note=\"met at  the\nfair\" corrects=nil"));
 }
 
-TEST_F(OutcomeEditor, SendsANoteOfOnlyBlanksAsNone) {
+TEST_F(OutcomeEditor, SendsANoteOfOnlyBlanksAsNil) {
   Screen& screen = openFirst();
   screen.type(note, "  \n \n");
   screen.press(save);
@@ -220,7 +220,7 @@ TEST_F(OutcomeEditor, NamesTheCorrectedOutcomeEvenWhenNothingWasChanged) {
   EXPECT_THAT(calls_.log, ElementsAre("record person \"p1\" helped note=\"met\" corrects=\"o1\""));
 }
 
-TEST_F(OutcomeEditor, NamesTheOutcomeInForceNotTheOneThatItCorrects) {
+TEST_F(OutcomeEditor, NamesTheOutcomeInForceAndNotAnEarlierOne) {
   Screen& screen = openCorrection(Value::helped, "met");
   screen.select(picker, "notAFit");
   screen.type(note, "");
@@ -228,7 +228,7 @@ TEST_F(OutcomeEditor, NamesTheOutcomeInForceNotTheOneThatItCorrects) {
   EXPECT_THAT(calls_.log, ElementsAre("record person \"p1\" notAFit note=nil corrects=\"o1\""));
 }
 
-TEST_F(OutcomeEditor, SendsNothingOnCancelAndForgetsTheEntry) {
+TEST_F(OutcomeEditor, SendsNothingOnCancelAndDiscardsTheEntry) {
   Screen& screen = openFirst();
   screen.select(picker, "somethingElse");
   screen.type(note, "abandoned");
@@ -249,14 +249,14 @@ TEST_F(OutcomeEditor, DoesNothingOnReturn) {
   EXPECT_THAT(calls_.log, ElementsAre());
 }
 
-TEST_F(OutcomeEditor, RecordsOnceAndIsGoneAfterSave) {
+TEST_F(OutcomeEditor, RecordsOnceAndClosesAfterSave) {
   Screen& screen = openFirst();
   screen.press(save);
   EXPECT_EQ(calls_.log.size(), 1u);
   for (const std::string& id : {picker, note, save, cancel}) EXPECT_FALSE(screen.has(id)) << id;
 }
 
-TEST_F(OutcomeEditor, CallsTheHostBeforeItCloses) {
+TEST_F(OutcomeEditor, SaveCallsTheHostBeforeTheEditorCloses) {
   std::string duringTheCall = "not called";
   Screen* shown = nullptr;
   GoalResultView view(GoalResultSnapshotV1(result_), {}, {}, {},

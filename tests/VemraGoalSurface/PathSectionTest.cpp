@@ -22,7 +22,7 @@ class PathSection : public ::testing::Test {
   Calls calls_;
 };
 
-TEST_F(PathSection, SaysTheGoalNamesNobody) {
+TEST_F(PathSection, SaysThatTheGoalNamesNoPerson) {
   result_.goal.targetPersonRef = std::nullopt;
   const Screen screen = screenOf({});
   EXPECT_THAT(pathSection(screen),
@@ -32,7 +32,7 @@ TEST_F(PathSection, SaysTheGoalNamesNobody) {
   EXPECT_THAT(screen.identifiers(), ElementsAre());
 }
 
-TEST_F(PathSection, SaysThereIsNoPathToATargetThatIsNamedBeItByAnEmptyReference) {
+TEST_F(PathSection, SaysThatThereIsNoPathToANamedTargetAlsoWithAnEmptyReference) {
   for (const char* target : {"p9", ""}) {
     result_.goal.targetPersonRef = target;
     EXPECT_THAT(
@@ -61,7 +61,7 @@ TEST_F(PathSection, ShowsOnlyTheFirstOfThreePaths) {
   EXPECT_EQ(shape(three), shape(one));
 }
 
-TEST_F(PathSection, HandsOnTheWholeShownRecord) {
+TEST_F(PathSection, CallsTheHostWithTheWholeShownRecord) {
   GoalPathCandidateDTO first = path({"p1", decomposed}, GoalWhyDTO::evidence("a", "b", "c"));
   first.strength = 77;
   Screen screen = screenOf({first, path({"p2"})});
@@ -93,7 +93,7 @@ TEST_F(PathSection, ShowsTheLatestOutcomeOfThePathsLastPersonAndNoOther) {
                           ".accessibilityIdentifier(\"vemra.goal.path.outcome.correct\")"));
 }
 
-TEST_F(PathSection, SpeaksForNobodyWhenThePathIsEmpty) {
+TEST_F(PathSection, HasNoSubjectWhenThePathIsEmpty) {
   result_.outcomes = {
       outcome("o1", SubjectKind::path, std::nullopt, Value::helped),
       outcome("o2", SubjectKind::path, std::nullopt, Value::invited),
@@ -114,7 +114,7 @@ TEST_F(PathSection, KeepsAnEmptyReferenceApartFromNone) {
   EXPECT_THAT(calls_.log, ElementsAre("record path \"\" wasUseful note=nil corrects=nil"));
 }
 
-TEST_F(PathSection, TellsItsControlWhoItSpeaksFor) {
+TEST_F(PathSection, GivesItsControlTheSubject) {
   EXPECT_THAT(screenOf({path({"p1", "p9"})}).outline(),
               HasSubstr("GoalOutcomeRecordingControl subjectKind=\"path\" subjectRef=\"p9\" "
                         "effectiveOutcome=nil identifierPrefix=\"vemra.goal.path\" "

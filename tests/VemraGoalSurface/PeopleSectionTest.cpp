@@ -27,14 +27,14 @@ class PeopleSection : public ::testing::Test {
   Calls calls_;
 };
 
-TEST_F(PeopleSection, SaysNobodyWasFoundWhileThereIsNoEvidence) {
+TEST_F(PeopleSection, SaysThatNobodyWasFoundWithoutEvidence) {
   EXPECT_THAT(
       peopleSection(screenOf({}, 0)),
       ElementsAre("VStack leading 10", "  Text key \"People worth considering\" .font(headline)",
                   "  Text \"No relevant people found yet.\" .foregroundStyle(secondary)"));
 }
 
-TEST_F(PeopleSection, SaysNothingPointsToAPersonForAnyOtherCountNegativeOnesIncluded) {
+TEST_F(PeopleSection, SaysThatNoEvidencePointsToAPersonForAnyOtherCountAlsoANegativeOne) {
   for (std::int64_t count : {5, 1, -1, -3}) {
     EXPECT_THAT(
         peopleSection(screenOf({}, count)),
@@ -45,13 +45,13 @@ TEST_F(PeopleSection, SaysNothingPointsToAPersonForAnyOtherCountNegativeOnesIncl
   }
 }
 
-TEST_F(PeopleSection, AndTheFooterDisagreeOnNegativeCounts) {
+TEST_F(PeopleSection, DisagreesWithTheFooterOnNegativeCounts) {
   const Screen screen = screenOf({}, -1);
   EXPECT_TRUE(screen.has(testing::byText("Nothing points to a specific person for this yet.")));
   EXPECT_TRUE(screen.has(testing::byText("No source evidence yet.")));
 }
 
-TEST_F(PeopleSection, ShowsARowAndNoGapWhateverTheCount) {
+TEST_F(PeopleSection, ShowsARowAndNoGapForAnyCount) {
   for (std::int64_t count : {0, 5, -1}) {
     const Lines lines = peopleSection(screenOf({person("p1", "Ada")}, count));
     ASSERT_GE(lines.size(), 4u);
@@ -167,7 +167,7 @@ TEST_F(PersonRow, PutsTheReferenceIntoIdentifiersUnchanged) {
   EXPECT_TRUE(screenOf({person("p1")}).has("vemra.goal.person.p1.outcome.correct"));
 }
 
-TEST_F(PersonRow, TellsItsControlWhoItSpeaksFor) {
+TEST_F(PersonRow, GivesItsControlTheSubject) {
   result_.outcomes = {outcome("o1", SubjectKind::person, "p1", Value::helped)};
   const Screen screen = screenOf({person("p1", "Ada")});
   EXPECT_THAT(

@@ -46,11 +46,11 @@ class ScreenOutline : public ::testing::Test {
   Calls calls_;
 };
 
-TEST_F(ScreenOutline, NothingKnown) {
+TEST_F(ScreenOutline, WithoutAnyEvidence) {
   expectOutline(Screen(viewOf(Result{}, calls_)), "nothing-known");
 }
 
-TEST_F(ScreenOutline, EvidenceButNobody) {
+TEST_F(ScreenOutline, WithEvidenceButNoPeople) {
   Result result = ordinaryResult();
   result.people = {};
   result.paths = {};

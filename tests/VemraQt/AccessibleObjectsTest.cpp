@@ -101,7 +101,7 @@ TEST_F(AccessibleObjectsTest, ThePageIsAWindowOnlyWhenItIsOne) {
   EXPECT_EQ(QAccessible::queryAccessibleInterface(inside)->role(), QAccessible::Client);
 }
 
-TEST_F(AccessibleObjectsTest, AChoiceIsNamedAsItsMenuNamesIt) {
+TEST_F(AccessibleObjectsTest, AChoiceHasTheNameOfItsMenuItem) {
   const auto row = ui::HStack(ui::VerticalAlignment::center, 4, {ui::Text("B"), ui::Text("b")});
   widget.setRoot(ui::Picker("Picker",
                             ui::Binding<Letter>([] { return Letter{"b"}; }, [](const Letter&) {}),
@@ -111,7 +111,7 @@ TEST_F(AccessibleObjectsTest, AChoiceIsNamedAsItsMenuNamesIt) {
   EXPECT_EQ(find("picker")->text(QAccessible::Value), "B");
 }
 
-TEST_F(AccessibleObjectsTest, ThePageOfAWidgetThatGoesIsEmpty) {
+TEST_F(AccessibleObjectsTest, ThePageOfADestroyedWidgetIsEmpty) {
   auto going = std::make_unique<qt::ViewWidget>();
   going->setRoot(controls());
   going->show();
@@ -137,7 +137,7 @@ TEST_F(AccessibleObjectsTest, ThePageOfAWidgetThatGoesIsEmpty) {
   EXPECT_TRUE(isAsked);
 }
 
-TEST_F(AccessibleObjectsTest, AnActionOnAnElementThatHasGoneDoesNothing) {
+TEST_F(AccessibleObjectsTest, AnActionOnARemovedElementDoesNothing) {
   widget.setRoot(controls());
   QAccessibleInterface& button = *find("button");
   QAccessibleInterface& picker = *find("picker");
@@ -223,7 +223,7 @@ TEST_F(AccessibleObjectsTest, IsFoundWhereItIsDrawn) {
   EXPECT_EQ(page().childAt(page().rect().right() + 9, inRow.y()), nullptr);
 }
 
-TEST_F(AccessibleObjectsTest, ARowThatIsNotDrawnSharesItsPlaceAmongItsElements) {
+TEST_F(AccessibleObjectsTest, ARowThatIsNotDrawnDividesItsExtentsAmongItsElements) {
   widget.setRoot(ui::sample::list(ui::sample::numbered(300), [](const ui::sample::Line& line) {
     return ui::View(ui::sample::Counter{line.id});
   }));
@@ -247,7 +247,7 @@ TEST_F(AccessibleObjectsTest, ARowThatIsNotDrawnSharesItsPlaceAmongItsElements) 
   EXPECT_FALSE(row.child(0)->state().offscreen);
 }
 
-TEST_F(AccessibleObjectsTest, ARowThatIsNotDrawnGivesEachOfItsElementsALineAtLeast) {
+TEST_F(AccessibleObjectsTest, ARowThatIsNotDrawnGivesEachOfItsElementsAtLeastALine) {
   widget.setRoot(ui::sample::list(ui::sample::numbered(300), [](const ui::sample::Line& line) {
     const std::size_t count = line.id == "row250" ? 200 : 1;
     return ui::Group(ui::Children(count, ui::Text(ui::verbatim(line.id))));
@@ -259,7 +259,7 @@ TEST_F(AccessibleObjectsTest, ARowThatIsNotDrawnGivesEachOfItsElementsALineAtLea
   EXPECT_EQ(row.child(1)->rect().top(), row.rect().top() + 1);
 }
 
-TEST_F(AccessibleObjectsTest, ARowIsNotNamedByWhatOneChoosesOrTypesInIt) {
+TEST_F(AccessibleObjectsTest, ARowIsNotNamedAfterAChoiceOrATypedText) {
   widget.setRoot(ui::sample::list({{"a"}}, [this](const ui::sample::Line&) -> ui::View {
     return ui::VStack(
         ui::HorizontalAlignment::leading, 0,
@@ -271,7 +271,7 @@ TEST_F(AccessibleObjectsTest, ARowIsNotNamedByWhatOneChoosesOrTypesInIt) {
   EXPECT_EQ(name(*page().child(0)), "text");
 }
 
-TEST_F(AccessibleObjectsTest, ARowIsNamedByTheFirstOfItsTextsThatIsNotBlank) {
+TEST_F(AccessibleObjectsTest, ARowIsNamedAfterItsFirstTextThatIsNotBlank) {
   const auto rows = [](const std::string& first, const std::string& second) {
     return ui::sample::list({{"a"}}, [first, second](const ui::sample::Line&) -> ui::View {
       return ui::VStack(ui::HorizontalAlignment::leading, 0,
@@ -289,7 +289,7 @@ TEST_F(AccessibleObjectsTest, ARowIsNamedByTheFirstOfItsTextsThatIsNotBlank) {
   EXPECT_EQ(name(*page().child(0)), "");
 }
 
-TEST_F(AccessibleObjectsTest, FindsAsManyAsAskedForAndNothingByNoIdentifier) {
+TEST_F(AccessibleObjectsTest, FindsAtMostTheRequestedNumberAndNothingForAnEmptyIdentifier) {
   widget.setRoot(ui::Group({controls(), controls()}));
   EXPECT_EQ(identifiers().find("button", 0).size(), 2);
   EXPECT_EQ(identifiers().find("button", 1).size(), 1);

@@ -55,7 +55,7 @@ TEST(AccessibleTree, HasEveryRowAndControlInTreeOrder) {
   EXPECT_EQ(identifiers, expected);
 }
 
-TEST(AccessibleTree, EveryPlaceIsConsistent) {
+TEST(AccessibleTree, EveryIndexIsConsistent) {
   WindowHost host(resultWith(2000));
   host.press("vemra.goal.person.p2.outcome.start");
   QAccessibleInterface& page = accessiblePage(host);
@@ -141,7 +141,7 @@ TEST(AccessibleTree, APickerChoosesAmongItsChildren) {
   EXPECT_THAT(selection.selectedItems(), ElementsAre(picker.child(2)));
 }
 
-TEST(AccessibleTree, WhatIsNotDrawnLacksShowingOnlyAndActs) {
+TEST(AccessibleTree, AnElementThatIsNotDrawnLacksOnlyShowingAndActs) {
   WindowHost host(resultWith(5000));
   QAccessibleInterface& source = *accessible(host, far + ".show-source");
   EXPECT_EQ(host.find(far + ".show-source"), nullptr) << "it has no widget";
@@ -155,7 +155,7 @@ TEST(AccessibleTree, WhatIsNotDrawnLacksShowingOnlyAndActs) {
   EXPECT_EQ(host.widget.verticalScrollBar()->value(), 0) << "pressing alone scrolls nowhere";
 }
 
-TEST(AccessibleTree, EveryRowStandsAroundItsElementsInEitherDirection) {
+TEST(AccessibleTree, EveryRowContainsItsElementsInEitherDirection) {
   const std::vector<std::string> names{"Ada", "Bo", "Cleo"};
   const auto itself = [](const std::string& name) { return std::string_view(name); };
   const auto text = [](const std::string& name) { return ui::Text(ui::verbatim(name)); };
@@ -215,7 +215,7 @@ TEST(AccessibleTree, ADisabledControlRefuses) {
   EXPECT_THAT(host.log, IsEmpty());
 }
 
-TEST(AccessibleTree, AnObjectStandsForItsRowWhereverThatGoes) {
+TEST(AccessibleTree, AnObjectFollowsItsRow) {
   WindowHost host(resultWith(3000));
   QAccessibleInterface& page = accessiblePage(host);
   QAccessibleInterface* row = page.child(2 + 2000);
@@ -233,7 +233,7 @@ TEST(AccessibleTree, AnObjectStandsForItsRowWhereverThatGoes) {
   EXPECT_EQ(row->indexOfChild(start), 3);
 }
 
-TEST(AccessibleTree, ObjectsOfARowThatLeavesAnswerEmptyAndAreDeleted) {
+TEST(AccessibleTree, ObjectsOfARemovedRowAnswerEmptyAndAreDeleted) {
   WindowHost host(resultWith(3000));
   for (const int index : {1, 2000}) {
     const std::string ref = host.result.people[static_cast<std::size_t>(index)].personRef;
@@ -252,7 +252,7 @@ TEST(AccessibleTree, ObjectsOfARowThatLeavesAnswerEmptyAndAreDeleted) {
   }
 }
 
-TEST(AccessibleTree, EveryObjectGoesWithTheWindow) {
+TEST(AccessibleTree, EveryObjectIsDeletedWithTheWindow) {
   std::vector<QAccessible::Id> ids;
   {
     WindowHost host(resultWith(50));
@@ -265,7 +265,7 @@ TEST(AccessibleTree, EveryObjectGoesWithTheWindow) {
   for (const QAccessible::Id id : ids) EXPECT_EQ(QAccessible::accessibleInterface(id), nullptr);
 }
 
-TEST(AccessibleTree, FindsWhatEqualIdentifiersShare) {
+TEST(AccessibleTree, FindsAllElementsWithEqualIdentifiers) {
   Result result = resultWith(3);
   std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
   people[2].personRef = "p0";
@@ -277,14 +277,14 @@ TEST(AccessibleTree, FindsWhatEqualIdentifiersShare) {
   EXPECT_EQ(treeOf(host.widget).identifiers().find("nobody", 0).size(), 0);
 }
 
-TEST(AccessibleTree, FindingOneAmongManyDescribesFewRows) {
+TEST(AccessibleTree, FindingOneElementAmongManyDescribesFewRows) {
   WindowHost host(resultWith(10'000));
   const auto before = host.widget.graph().work().rows;
   ASSERT_NE(accessible(host, "vemra.goal.person.p9999.outcome.start"), nullptr);
   EXPECT_LE(host.widget.graph().work().rows - before, 5u);
 }
 
-TEST(AccessibleTree, WhatIsNotThereIsLookedForInEveryRowOnlyOnce) {
+TEST(AccessibleTree, AMissingIdentifierIsSearchedInEveryRowOnlyOnce) {
   WindowHost host(resultWith(10'000));
   const auto described = [&] {
     return host.widget.graph().work().rows + host.widget.graph().work().bodies;
@@ -301,7 +301,7 @@ TEST(AccessibleTree, WhatIsNotThereIsLookedForInEveryRowOnlyOnce) {
   EXPECT_EQ(described(), before) << "scrolling brings nothing new";
 }
 
-TEST(AccessibleTree, WhatHasBeenLookedForInVainIsFoundOnceItIsThere) {
+TEST(AccessibleTree, AnIdentifierThatWasMissingIsFoundWhenItAppears) {
   WindowHost host(resultWith(300));
   const std::string near = "vemra.goal.person.p1", away = "vemra.goal.person.p200";
   press(*accessible(host, near + ".outcome.start"));
@@ -330,7 +330,7 @@ TEST(AccessibleTree, WhatHasBeenLookedForInVainIsFoundOnceItIsThere) {
   EXPECT_EQ(accessible(host, "vemra.goal.person.p250.outcome.start"), nullptr);
 }
 
-TEST(AccessibleTree, AnIdentifierNeedNotHoldItsRowsId) {
+TEST(AccessibleTree, AnIdentifierNeedNotContainItsRowsId) {
   struct Item {
     std::string id, text;
   };

@@ -138,7 +138,7 @@ std::string hex(const QColor& color) {
 
 }  // namespace
 
-TEST_F(AuditPixels, EveryTextStandsOutFromWhatIsBehindItInEveryColour) {
+TEST_F(AuditPixels, EveryTextHasContrastWithItsBackgroundInEveryPalette) {
   for (const Colours& each : colours()) {
     const bool isHighContrast = std::string(each.name) == "high contrast";
     WindowHost host(resultWith(8));
@@ -159,7 +159,7 @@ TEST_F(AuditPixels, EveryTextStandsOutFromWhatIsBehindItInEveryColour) {
   }
 }
 
-TEST_F(AuditPixels, TheFrameOfEveryControlThatHasOneStandsOutFromThePage) {
+TEST_F(AuditPixels, EveryFrameOfAControlHasContrastWithThePage) {
   for (const Colours& each : colours()) {
     WindowHost host(resultWith(8));
     dress(host, each);
@@ -187,7 +187,7 @@ TEST_F(AuditPixels, TheFrameOfEveryControlThatHasOneStandsOutFromThePage) {
   }
 }
 
-TEST_F(AuditPixels, NoTextLosesAPixelInAnyLook) {
+TEST_F(AuditPixels, NoTextIsCutOffInAnyLook) {
   for (const Look& look : looks()) {
     WindowHost host(resultWith(8));
     dress(host, look);
@@ -258,7 +258,7 @@ TEST_F(AuditPixels, TheNotesTextFitsItsFieldAtEveryScale) {
   }
 }
 
-TEST_F(AuditPixels, TheFocusCanBeSeenOnEveryKindOfControlInEveryColour) {
+TEST_F(AuditPixels, TheFocusIsVisibleOnEveryKindOfControlInEveryPalette) {
   for (const Colours& each : colours()) {
     WindowHost host(resultWith(8));
     dress(host, each);

@@ -91,7 +91,7 @@ TEST(Audit, EveryKindOfElementHasItsRole) {
   EXPECT_THAT(told(accessiblePage(host)), ElementsAreArray(expected));
 }
 
-TEST(Audit, EveryElementHasANameUnlessTheDataGiveItNone) {
+TEST(Audit, EveryElementHasANameUnlessTheDataHasNone) {
   WindowHost host(resultWith(30));
   makeItHard(host);
   std::vector<std::string> nameless;
@@ -101,7 +101,7 @@ TEST(Audit, EveryElementHasANameUnlessTheDataGiveItNone) {
   EXPECT_THAT(nameless, ElementsAreArray({"button"})) << "that of the person with an empty name";
 }
 
-TEST(Audit, AGroupOfAPersonWithoutANameIsCalledByWhatIsSaidOfThem) {
+TEST(Audit, TheGroupOfAPersonWithoutANameIsNamedAfterItsNextText) {
   Result result = resultWith(4);
   std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
   people[0].displayName = "";
@@ -133,7 +133,7 @@ TEST(Audit, IdentifiersAreUniqueWhenReferencesAre) {
   for (const auto& [identifier, times] : count) EXPECT_EQ(times, 1) << identifier;
 }
 
-TEST(Audit, TargetsAreLargeEnoughToHitInEveryLook) {
+TEST(Audit, TargetsAreLargeEnoughInEveryLook) {
   AsBefore asBefore;
   std::map<std::string, int> audited;
   const auto audit = [&](const WindowHost& host, const std::string& look) {
@@ -162,7 +162,7 @@ TEST(Audit, TargetsAreLargeEnoughToHitInEveryLook) {
   for (const auto& [look, count] : audited) EXPECT_GE(count, 8 * 2) << look;
 }
 
-TEST(Audit, ChoicesInAMenuAreLargeEnoughToHitAndAsDarkAsThePage) {
+TEST(Audit, ChoicesInAMenuAreLargeEnoughAndHaveTheColoursOfThePage) {
   for (const double scale : {1.0, 2.0}) {
     WindowHost host(resultWith(1));
     ui::Environment environment;

@@ -55,7 +55,7 @@ TEST_F(ChangedStyle, AButtonOfAnotherStyleKeepsItsWidgetAndLooksLikeANewOne) {
   }
 }
 
-TEST_F(ChangedStyle, EveryKindOfElementTakesUpAnotherFont) {
+TEST_F(ChangedStyle, EveryKindOfElementShowsAnotherFont) {
   const auto page = [this](const Font& font) {
     return ui::VStack(ui::HorizontalAlignment::leading, 4,
                       {ui::Text("Text"), button(ButtonStyle::automatic), picker(), field()})

@@ -98,7 +98,7 @@ TEST_F(ChoiceBoxTest, ItsChoicesFollowTheView) {
   EXPECT_THAT(chosen, IsEmpty()) << "nobody has chosen anything";
 }
 
-TEST_F(ChoiceBoxTest, WhatIsChosenIsTheTagBehindTheLabelNow) {
+TEST_F(ChoiceBoxTest, ChoosingSelectsThePresentTagOfTheLabel) {
   show({{"One", 1}, {"Two", 2}});
   show({{"One", 7}, {"Two", 8}});
   Q_EMIT box().activated(1);
@@ -109,7 +109,7 @@ TEST_F(ChoiceBoxTest, WhatIsChosenIsTheTagBehindTheLabelNow) {
   EXPECT_EQ(chosen.size(), 1u);
 }
 
-TEST_F(ChoiceBoxTest, WhatNoChoiceStandsForShowsNone) {
+TEST_F(ChoiceBoxTest, ASelectionWithoutAChoiceShowsNone) {
   selected = 5;
   show({{"One", 1}, {"Two", 2}});
   EXPECT_EQ(box().currentIndex(), -1);
@@ -135,7 +135,7 @@ TEST_F(ChoiceBoxTest, TheMenuShowsEveryChoiceLiterallyAndMarksTheCurrentOne) {
   EXPECT_EQ(menu()->pos(), box().mapToGlobal(QPoint(0, box().height())));
 }
 
-TEST_F(ChoiceBoxTest, AChoiceInTheMenuIsMadeOnceAndClosesIt) {
+TEST_F(ChoiceBoxTest, AChoiceInTheMenuActsOnceAndClosesTheMenu) {
   show({{"One", 1}, {"Two", 2}});
   box().showPopup();
   QMenu* const first = menu();
@@ -160,7 +160,7 @@ TEST_F(ChoiceBoxTest, WithoutChoicesThereIsNoMenu) {
   box().hidePopup();
 }
 
-TEST_F(ChoiceBoxTest, InALayoutFromTheRightTheMenuEndsWhereTheBoxEnds) {
+TEST_F(ChoiceBoxTest, InARightToLeftLayoutTheMenuEndsAtTheRightEdgeOfTheBox) {
   ui::Environment environment;
   environment.layoutDirection = ui::LayoutDirection::rightToLeft;
   widget.setEnvironment(environment);
@@ -309,7 +309,7 @@ TEST_F(ChoiceBoxTest, IsAComboBoxWithItsChoicesForAClient) {
   EXPECT_EQ(selected, 2);
 }
 
-TEST_F(ChoiceBoxTest, ItsChoiceIsATextToRead) {
+TEST_F(ChoiceBoxTest, ItsChoiceIsReadOnlyTextForAClient) {
   show({{"One two", 1}, {"Three", 2}});
   QAccessibleTextInterface& text = *element().textInterface();
   EXPECT_EQ(text.characterCount(), 7);

@@ -43,7 +43,7 @@ TEST_F(ChoiceLetters, ALetterChoosesTheNextChoiceThatBeginsWithIt) {
   EXPECT_EQ(host.log.back(), "record p0 helped nil nil");
 }
 
-TEST_F(ChoiceLetters, TheSameLetterGoesOnFromThereAndRound) {
+TEST_F(ChoiceLetters, TheSameLetterGoesToTheNextChoiceAndStartsAgainAtTheFirst) {
   std::vector<std::string> beginning, chosen;
   for (int i = 0; i < picker->count(); ++i) {
     if (picker->itemText(i).startsWith('N')) beginning.push_back(picker->itemText(i).toStdString());
@@ -54,13 +54,13 @@ TEST_F(ChoiceLetters, TheSameLetterGoesOnFromThereAndRound) {
   EXPECT_EQ(after(Qt::Key_N), beginning.front());
 }
 
-TEST_F(ChoiceLetters, EitherCaseWillDo) {
+TEST_F(ChoiceLetters, ALetterMatchesInEitherCase) {
   EXPECT_EQ(after(Qt::Key_H, Qt::ShiftModifier), "Helped");
   QTest::keyClick(picker, 'w');
   EXPECT_EQ(picker->currentText(), "Was useful");
 }
 
-TEST_F(ChoiceLetters, WhatNoOtherChoiceBeginsWithChangesNothing) {
+TEST_F(ChoiceLetters, ALetterThatNoOtherChoiceBeginsWithChangesNothing) {
   int activations = 0;
   QObject::connect(picker, &QComboBox::activated, [&] { ++activations; });
   EXPECT_EQ(after(Qt::Key_X), "Was useful");
@@ -79,7 +79,7 @@ TEST_F(ChoiceLetters, ACommandIsNotALetter) {
   }
 }
 
-TEST_F(ChoiceLetters, NothingMakesAHiddenListOfTheChoices) {
+TEST_F(ChoiceLetters, NoKeyMakesAHiddenListOfTheChoices) {
   AsBefore asBefore;
   const auto hidden = [&] { return picker->findChild<QAbstractItemView*>(); };
   EXPECT_EQ(hidden(), nullptr) << "at first";

@@ -80,7 +80,7 @@ TEST_F(ExceptionPlaces, ANumberOfRowsThatCannotBeReadLeavesAnEmptyPage) {
   expectThePageGoesOn();
 }
 
-TEST_F(ExceptionPlaces, ANumberOfRowsThatCannotBeReadOnceMoreIsTheOneReadBefore) {
+TEST_F(ExceptionPlaces, ANumberOfRowsThatCannotBeReadAgainKeepsThePreviousNumber) {
   QAccessibleInterface& page = *QAccessible::queryAccessibleInterface(&widget);
   bool breaks = false;
   int reads = 0;
@@ -105,7 +105,7 @@ TEST_F(ExceptionPlaces, ANumberOfRowsThatCannotBeReadOnceMoreIsTheOneReadBefore)
   }
 }
 
-TEST_F(ExceptionPlaces, RowIdsThatBreakWhileThePageIsScrolledLeaveAPageThatGoesOn) {
+TEST_F(ExceptionPlaces, RowIdsThatThrowDuringScrollingLeaveAWorkingPage) {
   widget.setRoot(rows("a", {.key = is("a200")}));
   showWindow();
   const auto faults = faultsOf([&] {
@@ -115,7 +115,7 @@ TEST_F(ExceptionPlaces, RowIdsThatBreakWhileThePageIsScrolledLeaveAPageThatGoesO
   expectThePageGoesOn();
 }
 
-TEST_F(ExceptionPlaces, AStringsTableThatBreaksLeavesAPageThatGoesOn) {
+TEST_F(ExceptionPlaces, AStringsTableThatThrowsLeavesAWorkingPage) {
   struct Broken final : ui::StringsTable {
     std::optional<std::string> lookup(std::string_view) const override { throw Fault("lookup"); }
   };
@@ -130,7 +130,7 @@ TEST_F(ExceptionPlaces, AStringsTableThatBreaksLeavesAPageThatGoesOn) {
   expectThePageGoesOn();
 }
 
-TEST_F(ExceptionPlaces, AFieldWhoseTextCannotBeReadAnyMoreLeavesAPageThatGoesOn) {
+TEST_F(ExceptionPlaces, AFieldWhoseTextCannotBeReadLeavesAWorkingPage) {
   widget.setRoot(ui::Group({field(), rows("a")}));
   showWindow();
   shown<qt::LineField>().setFocus();
@@ -144,7 +144,7 @@ TEST_F(ExceptionPlaces, AFieldWhoseTextCannotBeReadAnyMoreLeavesAPageThatGoesOn)
   expectThePageGoesOn();
 }
 
-TEST_F(ExceptionPlaces, ATextThatCannotBeWrittenLeavesAFieldThatGoesOn) {
+TEST_F(ExceptionPlaces, ATextThatCannotBeWrittenLeavesAWorkingField) {
   widget.setRoot(field());
   showWindow();
   auto& line = shown<qt::LineField>();
@@ -160,7 +160,7 @@ TEST_F(ExceptionPlaces, ATextThatCannotBeWrittenLeavesAFieldThatGoesOn) {
   expectThePageGoesOn();
 }
 
-TEST_F(ExceptionPlaces, AChoiceThatCannotBeMadeLeavesAPickerThatGoesOn) {
+TEST_F(ExceptionPlaces, AChoiceThatCannotBeWrittenLeavesAWorkingPicker) {
   widget.setRoot(picker());
   showWindow();
   auto& box = shown<qt::ChoiceBox>();
@@ -173,7 +173,7 @@ TEST_F(ExceptionPlaces, AChoiceThatCannotBeMadeLeavesAPickerThatGoesOn) {
   expectThePageGoesOn();
 }
 
-TEST_F(ExceptionPlaces, AChoiceWithoutANameKeepsThePickerAsItWas) {
+TEST_F(ExceptionPlaces, AChoiceWithoutANameLeavesThePickerUnchanged) {
   widget.setRoot(picker());
   showWindow();
   FragileChoice::broken = 1;
@@ -182,7 +182,7 @@ TEST_F(ExceptionPlaces, AChoiceWithoutANameKeepsThePickerAsItWas) {
   expectThePageGoesOn();
 }
 
-TEST_F(ExceptionPlaces, ASelectionWithoutANameLeavesAPageThatGoesOn) {
+TEST_F(ExceptionPlaces, ASelectionWithoutANameLeavesAWorkingPage) {
   widget.setRoot(picker());
   showWindow();
   shown<qt::ChoiceBox>().showPopup();
@@ -192,7 +192,7 @@ TEST_F(ExceptionPlaces, ASelectionWithoutANameLeavesAPageThatGoesOn) {
   expectThePageGoesOn();
 }
 
-TEST_F(ExceptionPlaces, ARecorderOfEventsThatThrowsKeepsNoEventFromThePage) {
+TEST_F(ExceptionPlaces, AnEventRecorderThatThrowsStopsNoEvent) {
   int presses = 0;
   widget.setRoot(ui::Button("press", [&] { ++presses; }));
   showWindow();
@@ -203,14 +203,14 @@ TEST_F(ExceptionPlaces, ARecorderOfEventsThatThrowsKeepsNoEventFromThePage) {
   expectThePageGoesOn();
 }
 
-TEST_F(ExceptionPlaces, AnActionThatThrowsInTheAnswerToAClientIsOver) {
+TEST_F(ExceptionPlaces, AnActionThatThrowsDuringACallOfAClientHasEnded) {
   widget.setRoot(ui::Button("press", [] { throw Fault("action"); }).accessibilityIdentifier("b"));
   showWindow();
   EXPECT_THAT(faultsOf([&] { press(element("b")); }), ElementsAre("action, later"));
   expectThePageGoesOn();
 }
 
-TEST_F(ExceptionPlaces, AKeyActsThoughRowsThatBreakComeInOnTheWay) {
+TEST_F(ExceptionPlaces, AKeyActsAlsoWhenScrollingInBringsRowsThatThrow) {
   int presses = 0;
   auto source = std::make_shared<FragileRows>();
   for (int i = 0; i < 300; ++i) source->ids.push_back("a" + std::to_string(i));
@@ -230,7 +230,7 @@ TEST_F(ExceptionPlaces, AKeyActsThoughRowsThatBreakComeInOnTheWay) {
   expectThePageGoesOn();
 }
 
-TEST_F(ExceptionPlaces, AKeyOfAControlWhoseTreeGoesOnTheWayDoesNothing) {
+TEST_F(ExceptionPlaces, AKeyDoesNothingWhenScrollingInRemovesTheTree) {
   int presses = 0;
   bool breaks = false;
   auto source = std::make_shared<FragileRows>();

@@ -14,7 +14,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
-TEST_F(PageException, AFirstRootThatBreaksWhileTheWindowIsShownLeavesAWindowThatIsShown) {
+TEST_F(PageException, AFirstRootThatThrowsLeavesAShownWindow) {
   EXPECT_THAT(faultsOf([&] { widget.setRoot(rows("a", {.row = is("a3")})); }), IsEmpty())
       << "no row is wanted yet";
   EXPECT_THAT(faultsOf([&] { showWindow(); }), ElementsAre("row a3, later"))
@@ -28,7 +28,7 @@ TEST_F(PageException, AFirstRootThatBreaksWhileTheWindowIsShownLeavesAWindowThat
   expectThePageGoesOn();
 }
 
-TEST_F(PageException, ARootThatBreaksThrowsToTheHostThatHandsItIn) {
+TEST_F(PageException, ARootThatThrowsIsReportedToTheHostsCall) {
   showWindow();
   for (const auto& [root, fault] : {std::pair(rows("a", {.row = is("a3")}), "row a3"),
                                     std::pair(rows("b", {.body = is("b3")}), "body b3"),
@@ -38,7 +38,7 @@ TEST_F(PageException, ARootThatBreaksThrowsToTheHostThatHandsItIn) {
   }
 }
 
-TEST_F(PageException, ScrollingPastARowThatBreaksGoesOn) {
+TEST_F(PageException, ScrollingPastARowThatThrowsContinues) {
   widget.setRoot(rows("a", {.row = is("a299"), .body = is("a298")}));
   showWindow();
   EXPECT_THAT(faultsOf([&] { bar().setValue(bar().maximum()); }), ElementsAre("row a299, later"))
@@ -49,7 +49,7 @@ TEST_F(PageException, ScrollingPastARowThatBreaksGoesOn) {
   expectThePageGoesOn();
 }
 
-TEST_F(PageException, RowsThatAllBreakLeaveThePageToBeScrolledBack) {
+TEST_F(PageException, WhenAllRowsThrowThePageCanBeScrolledBack) {
   const auto isFar = [](const std::string& id) { return id.size() == 4; };
   widget.setRoot(rows("a", {.row = isFar}));
   showWindow();
@@ -59,7 +59,7 @@ TEST_F(PageException, RowsThatAllBreakLeaveThePageToBeScrolledBack) {
   expectThePageGoesOn();
 }
 
-TEST_F(PageException, ATreeThatGoesWhileItIsScrolledLeavesAnEmptyPage) {
+TEST_F(PageException, ATreeThatIsRemovedDuringScrollingLeavesAnEmptyPage) {
   widget.setRoot(rows("a", {.tree = is("a299")}));
   showWindow();
   EXPECT_THAT(faultsOf([&] { bar().setValue(bar().maximum()); }), ElementsAre("get, later"));
@@ -68,7 +68,7 @@ TEST_F(PageException, ATreeThatGoesWhileItIsScrolledLeavesAnEmptyPage) {
   expectThePageGoesOn();
 }
 
-TEST_F(PageException, AfterOneListsRowsThrowTheOtherListGetsIts) {
+TEST_F(PageException, WhenOneListsRowsThrowTheOtherListGetsItsRows) {
   showWindow();
   widget.setRoot(ui::Group({rows("a", {}, 50), rows("b", {}, 50)}));
   const auto page = ui::Group({rows("x", {.row = is("x1")}, 3), rows("y", {.row = is("y1")}, 3)});
@@ -81,7 +81,7 @@ TEST_F(PageException, AfterOneListsRowsThrowTheOtherListGetsIts) {
   for (const char* text : {"x0=0", "x2=0", "y0=0", "y2=0"}) EXPECT_THAT(texts(), Contains(text));
 }
 
-TEST_F(PageException, ARowThatBreaksWhenItWakesKeepsItsStateForTheNextRoot) {
+TEST_F(PageException, ARowThatThrowsWhenItWakesKeepsItsStateForTheNextRoot) {
   bool breaks = false;
   const auto page = [&] {
     return rows("a", {.row = [&](const std::string& id) { return breaks && id == "a0"; }});
@@ -100,7 +100,7 @@ TEST_F(PageException, ARowThatBreaksWhenItWakesKeepsItsStateForTheNextRoot) {
   expectThePageGoesOn();
 }
 
-TEST_F(PageException, AnActionThatThrowsIsOverAndItsButtonActsAgain) {
+TEST_F(PageException, AnActionThatThrowsHasEndedAndItsButtonActsAgain) {
   struct Flaky {
     using State = Counter::State;
     ui::View body(const ui::LocalState<State>& state) const {
@@ -120,7 +120,7 @@ TEST_F(PageException, AnActionThatThrowsIsOverAndItsButtonActsAgain) {
   expectThePageGoesOn();
 }
 
-TEST_F(PageException, AButtonWhoseActionThrewIsNotTakenForPressedAnyMore) {
+TEST_F(PageException, AButtonWhoseActionThrewNoLongerCountsAsPressed) {
   const auto page = [](bool hasFaulty) {
     return ui::Group(
         {ui::If(hasFaulty, [] { return ui::Button("faulty", [] { throw Fault("action"); }); }),
@@ -134,7 +134,7 @@ TEST_F(PageException, AButtonWhoseActionThrewIsNotTakenForPressedAnyMore) {
   EXPECT_FALSE(button("other")->hasFocus()) << "nobody has pressed anything, and nothing lost it";
 }
 
-TEST_F(PageException, TabGoesOnPastRowsThatBreak) {
+TEST_F(PageException, TabContinuesPastRowsThatThrow) {
   widget.setRoot(rows("a", {.row = is("a20"), .body = is("a30")}, 60));
   showWindow();
   ASSERT_TRUE(pageOf(widget).focusEnd(true));
@@ -151,7 +151,7 @@ TEST_F(PageException, TabGoesOnPastRowsThatBreak) {
   expectThePageGoesOn();
 }
 
-TEST_F(PageException, AResizeThatBringsInARowThatBreaksGoesOn) {
+TEST_F(PageException, AResizeThatBringsInARowThatThrowsContinues) {
   widget.setRoot(rows("a", {.row = is("a20")}));
   showWindow();
   EXPECT_THAT(faultsOf([&] { widget.resize(300, 1600); }), ElementsAre("row a20, later"));
@@ -160,7 +160,7 @@ TEST_F(PageException, AResizeThatBringsInARowThatBreaksGoesOn) {
   expectThePageGoesOn();
 }
 
-TEST_F(PageException, AnEnvironmentThatBreaksABodyIsTakenUpAllTheSame) {
+TEST_F(PageException, AnEnvironmentTakesEffectEvenIfABodyThrows) {
   struct LeftToRightOnly {
     ui::View body(const ui::Environment& environment) const {
       if (environment.layoutDirection == ui::LayoutDirection::rightToLeft) throw Fault("direction");
@@ -178,7 +178,7 @@ TEST_F(PageException, AnEnvironmentThatBreaksABodyIsTakenUpAllTheSame) {
   expectThePageGoesOn();
 }
 
-TEST_F(PageException, ASystemThatChangesBreaksABodyOnlyForTheEventLoop) {
+TEST_F(PageException, ABodyThatThrowsAfterASystemChangeIsReportedToTheEventLoop) {
   bool breaks = false;
   widget.setRoot(ui::sample::Body{[&]() -> ui::View {
     if (breaks) throw Fault("body");
@@ -194,7 +194,7 @@ TEST_F(PageException, ASystemThatChangesBreaksABodyOnlyForTheEventLoop) {
   expectThePageGoesOn();
 }
 
-TEST_F(PageException, AssistiveTechnologyGetsAnEmptyRowForOneThatBreaks) {
+TEST_F(PageException, AssistiveTechnologyGetsAnEmptyRowForARowThatThrows) {
   widget.setRoot(rows("a", {.row = is("a200"), .body = is("a201")}));
   showWindow();
   QAccessibleInterface& page = *QAccessible::queryAccessibleInterface(&widget);
@@ -212,7 +212,7 @@ TEST_F(PageException, AssistiveTechnologyGetsAnEmptyRowForOneThatBreaks) {
   expectThePageGoesOn();
 }
 
-TEST_F(PageException, AssistiveTechnologyThatAsksForARowWithoutWhichThereIsNoTreeGoesOn) {
+TEST_F(PageException, AssistiveTechnologyContinuesWhenItsRequestRemovesTheTree) {
   widget.setRoot(rows("a", {.tree = is("a200")}));
   showWindow();
   QAccessibleInterface& page = *QAccessible::queryAccessibleInterface(&widget);
@@ -223,7 +223,7 @@ TEST_F(PageException, AssistiveTechnologyThatAsksForARowWithoutWhichThereIsNoTre
   EXPECT_EQ(page.childCount(), 300);
 }
 
-TEST_F(PageException, ARowWhoseIdCannotBeReadIsNoneForAssistiveTechnology) {
+TEST_F(PageException, ARowWhoseIdCannotBeReadIsMissingForAssistiveTechnology) {
   bool breaks = false;
   const auto keyBreaks = [&](const std::string& id) { return breaks && id == "a200"; };
   widget.setRoot(rows("a", {.key = keyBreaks}));
@@ -242,7 +242,7 @@ TEST_F(PageException, ARowWhoseIdCannotBeReadIsNoneForAssistiveTechnology) {
   expectThePageGoesOn();
 }
 
-TEST_F(PageException, ANewListWhoseIdsCannotBeReadIsShownByWhatIsAsked) {
+TEST_F(PageException, ANewListWhoseIdsCannotBeReadIsShownOnRequest) {
   bool breaks = false;
   const auto keyBreaks = [&](const std::string& id) { return breaks && id == "a200"; };
   widget.setRoot(rows("a", {.key = keyBreaks}));
@@ -257,7 +257,7 @@ TEST_F(PageException, ANewListWhoseIdsCannotBeReadIsShownByWhatIsAsked) {
   expectThePageGoesOn();
 }
 
-TEST_F(PageException, AWindowOnATreeThatBreaksIsMade) {
+TEST_F(PageException, AWindowForATreeThatThrowsIsMade) {
   ui::ViewGraph graph;
   bool breaks = false;
   graph.setRoot(ui::sample::Body{[&]() -> ui::View {
@@ -273,7 +273,7 @@ TEST_F(PageException, AWindowOnATreeThatBreaksIsMade) {
   EXPECT_EQ(other->viewport()->findChild<QLabel*>()->text(), "text") << "what it showed before";
 }
 
-TEST_F(PageException, APictureThrowsToItsCaller) {
+TEST_F(PageException, APictureRethrowsToItsCaller) {
   EXPECT_THROW(qt::picture(rows("a", {.row = is("a3")}), {}, QSize(300, 0)), Fault);
   EXPECT_NO_THROW(qt::picture(rows("a"), {}, QSize(300, 0)));
   ui::ViewGraph graph;
@@ -281,7 +281,7 @@ TEST_F(PageException, APictureThrowsToItsCaller) {
   EXPECT_THROW(qt::picture(graph, QSize(300, 0)), Fault);
 }
 
-TEST_F(PageException, AnErrorOfAWindowThatIsGoneIsGone) {
+TEST_F(PageException, AnErrorOfADestroyedWindowIsDropped) {
   auto gone = std::make_unique<qt::ViewWidget>();
   gone->setRoot(rows("a", {.row = is("a3")}));
   gone->resize(300, 400);

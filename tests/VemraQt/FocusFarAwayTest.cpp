@@ -30,13 +30,13 @@ void takeOff(Result& result, const std::string& ref) {
 
 }  // namespace
 
-TEST(FocusFarAway, AnEditorOpenedBelowAllRowsHasIt) {
+TEST(FocusFarAway, AnEditorOpenedBelowAllRowsGetsTheFocus) {
   WindowHost host(resultWith(200));
   ASSERT_TRUE(press(*accessible(host, "vemra.goal.path.outcome.start")));
   EXPECT_EQ(focusedIdentifier(host), "vemra.goal.path.outcome.picker");
 }
 
-TEST(FocusFarAway, AControlThatCannotHaveItIsScrolledInAllTheSame) {
+TEST(FocusFarAway, AControlThatCannotHaveTheFocusIsStillScrolledIn) {
   WindowHost host(resultWith(200));
   const std::string prefix = "vemra.goal.person.p0.outcome";
   host.press(prefix + ".start");
@@ -51,7 +51,7 @@ TEST(FocusFarAway, AControlThatCannotHaveItIsScrolledInAllTheSame) {
   EXPECT_FALSE(accessible(host, prefix + ".save")->state().focused);
 }
 
-TEST(FocusFarAway, AnEditorClosedWhereItWasScrolledAwayLeavesItInPlace) {
+TEST(FocusFarAway, AnEditorClosedOutOfViewDoesNotScrollThePage) {
   for (const char* ends : {".save", ".cancel"}) {
     WindowHost host(resultWith(200));
     const std::string p3 = "vemra.goal.person.p3.outcome";
@@ -63,7 +63,7 @@ TEST(FocusFarAway, AnEditorClosedWhereItWasScrolledAwayLeavesItInPlace) {
   }
 }
 
-TEST(FocusFarAway, APersonWhoLeavesWithASaveHandsItToTheNext) {
+TEST(FocusFarAway, ASaveThatRemovesThePersonMovesTheFocusToTheNextPerson) {
   WindowHost host(resultWith(200));
   host.onLog = [&](const std::string& entry) {
     if (entry.starts_with("record")) takeOff(host.result, "p3");
@@ -74,7 +74,7 @@ TEST(FocusFarAway, APersonWhoLeavesWithASaveHandsItToTheNext) {
   EXPECT_EQ(focusedIdentifier(host), "Person Number 4");
 }
 
-TEST(FocusFarAway, ARowThatIsSeenHandsItOnHoweverTallTheRowsAboveAre) {
+TEST(FocusFarAway, ARemovedRowInViewPassesTheFocusOnWhateverTheHeightsAbove) {
   WindowHost host(resultWith(60));
   for (int i = 0; i < 12; ++i) {
     press(*accessible(host, "vemra.goal.person.p" + std::to_string(i) + ".outcome.start"));
@@ -86,7 +86,7 @@ TEST(FocusFarAway, ARowThatIsSeenHandsItOnHoweverTallTheRowsAboveAre) {
   EXPECT_EQ(focusedIdentifier(host), "Person Number 51");
 }
 
-TEST(FocusFarAway, AWindowWithoutTheKeyboardKeepsItForItsReturn) {
+TEST(FocusFarAway, AnInactiveWindowKeepsTheFocusForItsReturn) {
   WindowHost host(resultWith(200));
   act(*accessible(host, "vemra.goal.path.see-in-starfold"),
       QAccessibleActionInterface::setFocusAction());

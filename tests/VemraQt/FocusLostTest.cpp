@@ -66,7 +66,7 @@ ui::View textOf(const ui::sample::Line& line) {
 
 }  // namespace
 
-TEST_F(FocusLost, AmongRowsWithoutControlsThePageKeepsItItself) {
+TEST_F(FocusLost, AmongRowsWithoutControlsThePageItselfGetsTheFocus) {
   show(textOf);
   const int before = bar().value();
   press();
@@ -75,20 +75,20 @@ TEST_F(FocusLost, AmongRowsWithoutControlsThePageKeepsItItself) {
   EXPECT_EQ(bar().value(), before) << "a search in vain moves nothing";
 }
 
-TEST_F(FocusLost, AmongRowsWithDisabledControlsToo) {
+TEST_F(FocusLost, AmongRowsWithDisabledControlsThePageItselfGetsTheFocusToo) {
   show([](const Line& line) { return button(line.id).disabled(true); });
   press();
   EXPECT_EQ(focused(), "nothing");
   EXPECT_TRUE(widget.hasFocus());
 }
 
-TEST_F(FocusLost, AControlInARowFurtherDownGetsIt) {
+TEST_F(FocusLost, AControlInARowFurtherDownGetsTheFocus) {
   show([](const Line& line) { return line.id == "row200" ? button(line.id) : textOf(line); });
   press();
   EXPECT_EQ(focused(), "row200");
 }
 
-TEST_F(FocusLost, WithNoneFurtherDownAControlInARowFurtherUpGetsIt) {
+TEST_F(FocusLost, WithoutAControlFurtherDownOneFurtherUpGetsTheFocus) {
   show([](const Line& line) { return line.id == "row100" ? button(line.id) : textOf(line); });
   press();
   EXPECT_EQ(focused(), "row100");

@@ -54,7 +54,7 @@ bool isInView(const QWidget& page, const QWidget& widget) {
 
 }  // namespace
 
-TEST(Focus, TabWalksEveryControlOfEveryRowInReadingOrder) {
+TEST(Focus, TabVisitsEveryControlOfEveryRowInReadingOrder) {
   WindowHost host(resultWith(60));
   const std::vector<std::string> expected = controlsInOrder(host.result);
   host.widget.setFocus();
@@ -67,7 +67,7 @@ TEST(Focus, TabWalksEveryControlOfEveryRowInReadingOrder) {
   EXPECT_EQ(walked, expected);
 }
 
-TEST(Focus, BacktabWalksTheSameWayBack) {
+TEST(Focus, BacktabVisitsTheSameControlsBackwards) {
   WindowHost host(resultWith(60));
   std::vector<std::string> expected = controlsInOrder(host.result);
   std::ranges::reverse(expected);
@@ -122,7 +122,7 @@ TEST(Focus, ThePageIsOneStopBetweenItsNeighbours) {
   host.widget.setParent(nullptr);
 }
 
-TEST(Focus, AnOpenedEditorHasItAndClosingHandsItOn) {
+TEST(Focus, AnOpenedEditorGetsTheFocusAndClosingPassesItOn) {
   WindowHost host(resultWith(3));
   const std::string p1 = "vemra.goal.person.p1";
   pageOf(host.widget)
@@ -162,7 +162,7 @@ TEST(Focus, AnEditorOpenedAtTheLowerEdgeIsScrolledIn) {
   EXPECT_TRUE(isInView(host.widget, *cancel)) << "of " << last;
 }
 
-TEST(Focus, ARowThatLeavesHandsItToTheRowThatTookItsPlace) {
+TEST(Focus, ARemovedRowPassesTheFocusToTheRowAtItsPlace) {
   WindowHost host(resultWith(20));
   host.press("vemra.goal.person.p3.outcome.start");
   host.change([](Result& result) {

@@ -5,7 +5,7 @@
 namespace vemra::qt::atspi {
 namespace {
 
-TEST(IdentifierBusTest, NothingIsPublishedBeforeItIsAskedForNorWithoutABus) {
+TEST(IdentifierBusTest, NothingIsPublishedBeforeARequestOrWithoutABus) {
   EXPECT_FALSE(areIdentifiersPublished());
   publishIdentifiers();
   EXPECT_FALSE(areIdentifiersPublished()) << "the platform of this test has no accessibility bus";

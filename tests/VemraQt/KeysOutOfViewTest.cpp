@@ -78,7 +78,7 @@ TEST_F(KeysOutOfView, ReturnEnterAndSpacePressAButtonThatIsScrolledIn) {
   }
 }
 
-TEST_F(KeysOutOfView, KeysOfAPickerChooseWhereItIsSeen) {
+TEST_F(KeysOutOfView, KeysOfAPickerScrollItInBeforeTheyChoose) {
   QWidget& shown = scrolledAway(picker());
   const std::vector<std::pair<Qt::Key, std::string>> steps = {{Qt::Key_Down, "choose 3"},
                                                               {Qt::Key_Up, "choose 2"},
@@ -153,7 +153,7 @@ TEST_F(KeysOutOfView, AKeyThatDoesNothingInAControlScrollsNothingIn) {
   }
 }
 
-TEST_F(KeysOutOfView, AControlThatIsSeenDoesNotMove) {
+TEST_F(KeysOutOfView, AControlInViewDoesNotMove) {
   QWidget& shown = scrolledAway(picker());
   QTest::keyClick(&shown, Qt::Key_Down);
   ASSERT_TRUE(isSeen());

@@ -113,7 +113,7 @@ TEST_F(LineBreaks, MarksFollowTheTextWhileItIsEdited) {
   EXPECT_EQ(note.selectedText(), "\n");
 }
 
-TEST_F(LineBreaks, WhatAnInputMethodComposesIsLeftAlone) {
+TEST_F(LineBreaks, TextThatAnInputMethodComposesStaysUnchanged) {
   WindowHost host(resultWith(1));
   QLineEdit& note = noteWith(host, "H\nH", 1);
   note.setFocus();

@@ -64,7 +64,7 @@ class LineFieldTest : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(LineFieldTest, SendsWhatIsTypedAndNotWhatIsShown) {
+TEST_F(LineFieldTest, SendsTheTypedTextAndNotTheShownText) {
   showText("shown");
   EXPECT_EQ(edit().text(), "shown");
   EXPECT_THAT(said, IsEmpty());
@@ -82,7 +82,7 @@ TEST_F(LineFieldTest, ReturnIsSubmittedAndChangesNothing) {
   EXPECT_EQ(edit().text(), "note");
 }
 
-TEST_F(LineFieldTest, TheCursorStaysWhereThePersonHasItAndElseIsAtTheEnd) {
+TEST_F(LineFieldTest, TheCursorStaysInPlaceAndIsAtTheEndAtFirst) {
   showText("first");
   EXPECT_EQ(edit().cursorPosition(), 5);
   showText("the second");
@@ -104,7 +104,7 @@ TEST_F(LineFieldTest, TakesTextsOfAnyLength) {
   EXPECT_EQ(edit().focusPolicy(), Qt::ClickFocus);
 }
 
-TEST_F(LineFieldTest, ThePromptOfADisabledOneIsFainter) {
+TEST_F(LineFieldTest, ThePlaceholderOfADisabledFieldIsFainter) {
   const auto ink = [&] {
     const QImage inside = edit().grab(edit().rect().adjusted(4, 4, -4, -4)).toImage();
     int darkest = 255;
@@ -123,7 +123,7 @@ TEST_F(LineFieldTest, ThePromptOfADisabledOneIsFainter) {
   EXPECT_NEAR(ink(), looks.disabledText().lightness(), 8);
 }
 
-TEST_F(LineFieldTest, TheNextElementHasNothingOfTheLastOnesHistory) {
+TEST_F(LineFieldTest, TheNextElementHasNoUndoHistoryOfThePreviousElement) {
   edit().setFocus();
   QTest::keyClicks(&edit(), "secret");
   qt::LineField& first = edit();
@@ -137,7 +137,7 @@ TEST_F(LineFieldTest, TheNextElementHasNothingOfTheLastOnesHistory) {
   EXPECT_THAT(said, IsEmpty());
 }
 
-TEST_F(LineFieldTest, IsATextToEditForAClient) {
+TEST_F(LineFieldTest, IsEditableTextForAClient) {
   showText("one two");
   QAccessibleTextInterface& shown = *element().textInterface();
   QAccessibleEditableTextInterface& editable = *element().editableTextInterface();
@@ -180,7 +180,7 @@ TEST_F(LineFieldTest, IsATextToEditForAClient) {
   EXPECT_EQ(element().text(QAccessible::Name), "Note");
 }
 
-TEST_F(LineFieldTest, ADisabledOneIsReadOnlyForAClient) {
+TEST_F(LineFieldTest, ADisabledFieldIsReadOnlyForAClient) {
   disabled = true;
   showText("note");
   const QAccessible::State state = element().state();
@@ -193,7 +193,7 @@ TEST_F(LineFieldTest, ADisabledOneIsReadOnlyForAClient) {
   EXPECT_TRUE(element().state().editable && element().state().focusable);
 }
 
-TEST_F(LineFieldTest, WithoutAWidgetItIsReadAndEditedAllTheSame) {
+TEST_F(LineFieldTest, WithoutAWidgetAClientCanStillReadAndEditIt) {
   text = "far";
   widget.setRoot(ui::VStack(ui::HorizontalAlignment::leading, 0,
                             {ui::sample::list(ui::sample::numbered(300)), field()}));

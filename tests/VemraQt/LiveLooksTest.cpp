@@ -24,7 +24,7 @@ QColor pageColor(const qt::ViewWidget& widget) {
 
 }  // namespace
 
-TEST(LiveLooks, TheEnvironmentsSchemeIsTakenUp) {
+TEST(LiveLooks, TheEnvironmentsColourSchemeIsShown) {
   WindowHost host(resultWith(3));
   EXPECT_EQ(pageColor(host.widget), QApplication::palette().color(QPalette::Base));
   ui::Environment environment;
@@ -36,7 +36,7 @@ TEST(LiveLooks, TheEnvironmentsSchemeIsTakenUp) {
   EXPECT_GT(pageColor(host.widget).lightness(), 200);
 }
 
-TEST(LiveLooks, AnEnvironmentThatAnActionSetsIsTakenUp) {
+TEST(LiveLooks, AnEnvironmentThatAnActionSetsTakesEffect) {
   qt::ViewWidget widget;
   ui::Environment dark;
   dark.colorScheme = ui::ColorScheme::dark;
@@ -49,7 +49,7 @@ TEST(LiveLooks, AnEnvironmentThatAnActionSetsIsTakenUp) {
   EXPECT_LT(widget.palette().color(QPalette::Base).lightness(), 60);
 }
 
-TEST(LiveLooks, AnEnvironmentThatTheGraphsOwnerSetsIsTakenUp) {
+TEST(LiveLooks, AnEnvironmentThatTheGraphsOwnerSetsTakesEffect) {
   ui::ViewGraph graph;
   graph.setRoot(ui::Text("x"));
   qt::ViewWidget widget(graph);
@@ -100,7 +100,7 @@ TEST(LiveLooks, TheSystemsDirectionIsFollowed) {
   EXPECT_LT(place(), 200);
 }
 
-TEST(LiveLooks, TheSystemsFontSizeIsTakenUp) {
+TEST(LiveLooks, TheSystemsFontSizeIsFollowed) {
   AsBefore asBefore;
   WindowHost host(resultWith(3));
   const auto& button = host.get<QPushButton>("vemra.goal.person.p0.outcome.start");
@@ -115,7 +115,7 @@ TEST(LiveLooks, TheSystemsFontSizeIsTakenUp) {
   EXPECT_GT(host.widget.contentHeight(), height * 5 / 4);
 }
 
-TEST(LiveLooks, WhatIsTypedSurvivesEveryChangeOfLooks) {
+TEST(LiveLooks, TypedTextSurvivesEveryChangeOfLooks) {
   WindowHost host(resultWith(30));
   host.press("vemra.goal.person.p1.outcome.start");
   auto& note = host.get<QLineEdit>("vemra.goal.person.p1.outcome.note");

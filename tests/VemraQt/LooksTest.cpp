@@ -29,7 +29,7 @@ ui::Environment inScheme(ui::ColorScheme scheme, double scale = 1) {
 
 }  // namespace
 
-TEST(Contrast, IsThatOfTheGuidelines) {
+TEST(Contrast, IsComputedAsInTheGuidelines) {
   EXPECT_NEAR(contrast(Qt::black, Qt::white), 21, 0.001);
   EXPECT_NEAR(contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.478, 0.001);
   EXPECT_NEAR(contrast(Qt::red, Qt::red), 1, 0.001);
@@ -63,7 +63,7 @@ TEST(Looks, TheThreeLevelsAreReadableAndDistinctOnEveryPalette) {
   }
 }
 
-TEST(Looks, ASystemPaletteOfTheRightSchemeIsTakenAsItIs) {
+TEST(Looks, ASystemPaletteOfTheRightSchemeIsUsedUnchanged) {
   const QPalette contrasty = paletteOf(Qt::yellow, Qt::black);
   const Looks looks(QFont(), contrasty, inScheme(ui::ColorScheme::dark));
   EXPECT_EQ(looks.text(ForegroundStyle::primary), QColor(Qt::yellow));
@@ -101,7 +101,7 @@ TEST(Looks, TextStylesAreRatiosOfTheSystemFont) {
   EXPECT_DOUBLE_EQ(Looks(system, QPalette(), {}).font(ui::Font::title2).pointSizeF(), 17);
 }
 
-TEST(Looks, WeightsAreTheStylesOwnUnlessAskedFor) {
+TEST(Looks, WeightsAreTheStylesOwnUnlessSet) {
   const Looks looks;
   EXPECT_EQ(looks.font(ui::Font::title2).weight(), QFont::Normal);
   EXPECT_EQ(looks.font(ui::Font::headline).weight(), QFont::Bold);

@@ -70,7 +70,7 @@ TEST_F(PageObserverTest, GetsThePatchesAndThenTheEndOfThePass) {
   EXPECT_THAT(heard, ElementsAre("patched", "settled"));
 }
 
-TEST_F(PageObserverTest, GetsARemovalWhileTheNodeIsInItsPlace) {
+TEST_F(PageObserverTest, GetsARemovalWhileTheNodeIsInPlace) {
   show({"a", "b"});
   show({"a"});
   EXPECT_THAT(heard, ElementsAre("removing row 1", "patched, with rows", "settled"));

@@ -8,7 +8,7 @@
 using namespace vemra;
 using ui::sample::list;
 
-TEST(Picture, IsAsLargeAsAskedFor) {
+TEST(Picture, HasTheRequestedSize) {
   EXPECT_EQ(qt::picture(list(ui::sample::numbered(5)), {}, QSize(300, 200)).size(),
             QSize(300, 200));
   EXPECT_EQ(qt::picture(list(ui::sample::numbered(500)), {}, QSize(300, 200)).size(),
@@ -39,7 +39,7 @@ TEST(Picture, OfNothingIsOnePixelHigh) {
   EXPECT_EQ(qt::picture(ui::View(), {}, QSize(300, 0)).size(), QSize(300, 1));
 }
 
-TEST(Picture, OfATreeThatLivesElsewhereLeavesItWithItsState) {
+TEST(Picture, OfAGraphOfTheCallerKeepsItsState) {
   ui::ViewGraph graph;
   graph.setRoot(ui::sample::Counter{});
   ui::sample::press(graph, "+");
@@ -50,7 +50,7 @@ TEST(Picture, OfATreeThatLivesElsewhereLeavesItWithItsState) {
   EXPECT_NE(qt::picture(graph, QSize(300, 0)), one);
 }
 
-TEST(Picture, OfATreeThatCannotBeDescribedThrowsWhatABodyThrew) {
+TEST(Picture, OfATreeThatCannotBeDescribedRethrowsTheBodysException) {
   bool fails = false;
   ui::ViewGraph graph;
   graph.setRoot(ui::sample::Body{[&]() -> ui::View {

@@ -42,7 +42,7 @@ class PushButtonTest : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(PushButtonTest, ReturnAndEnterPressOnceHoweverLongTheyAreHeld) {
+TEST_F(PushButtonTest, ReturnAndEnterPressOnceWithoutRepeating) {
   widget.setRoot(button("a"));
   QTest::keyClick(&shown(), Qt::Key_Return);
   QTest::keyClick(&shown(), Qt::Key_Enter);
@@ -55,7 +55,7 @@ TEST_F(PushButtonTest, ReturnAndEnterPressOnceHoweverLongTheyAreHeld) {
   EXPECT_EQ(pressed, "aa");
 }
 
-TEST_F(PushButtonTest, SpacePressesWhenItIsLetGo) {
+TEST_F(PushButtonTest, SpacePressesWhenItIsReleased) {
   widget.setRoot(button("a"));
   shown().setFocus();
   QTest::keyPress(&shown(), Qt::Key_Space);
@@ -66,7 +66,7 @@ TEST_F(PushButtonTest, SpacePressesWhenItIsLetGo) {
 }
 
 // The widget is lent to the next element of its kind, with the key still down.
-TEST_F(PushButtonTest, SpaceThatIsDownWhenTheElementGoesDoesNotPressTheNextOne) {
+TEST_F(PushButtonTest, SpaceHeldWhileTheElementIsRemovedDoesNotPressTheNextElement) {
   widget.setRoot(ui::Group({button("a").id("a")}));
   qt::PushButton& first = shown();
   first.setFocus();
@@ -80,7 +80,7 @@ TEST_F(PushButtonTest, SpaceThatIsDownWhenTheElementGoesDoesNotPressTheNextOne) 
   EXPECT_EQ(pressed, "b");
 }
 
-TEST_F(PushButtonTest, OtherKeysAreThePages) {
+TEST_F(PushButtonTest, OtherKeysGoToThePage) {
   widget.setRoot(button("a"));
   for (const auto key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Select, Qt::Key_A, Qt::Key_Escape}) {
     QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
@@ -90,7 +90,7 @@ TEST_F(PushButtonTest, OtherKeysAreThePages) {
   EXPECT_EQ(pressed, "");
 }
 
-TEST_F(PushButtonTest, APlainOneHasTheHandOfALink) {
+TEST_F(PushButtonTest, APlainButtonHasThePointerOfALink) {
   widget.setRoot(button("a & b", ui::ButtonStyle::plain));
   EXPECT_EQ(shown().cursor().shape(), Qt::PointingHandCursor);
   EXPECT_EQ(shown().text(), "a && b") << "no mnemonic";
@@ -101,7 +101,7 @@ TEST_F(PushButtonTest, APlainOneHasTheHandOfALink) {
   EXPECT_EQ(shown().cursor().shape(), Qt::ArrowCursor);
 }
 
-TEST_F(PushButtonTest, APlainOneIsUnderlinedUnderTheMouse) {
+TEST_F(PushButtonTest, APlainButtonIsUnderlinedUnderTheMouse) {
   widget.setRoot(button("link", ui::ButtonStyle::plain));
   const QImage before = shown().grab().toImage();
   QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
@@ -114,7 +114,7 @@ TEST_F(PushButtonTest, APlainOneIsUnderlinedUnderTheMouse) {
   EXPECT_NE(shown().grab().toImage(), before) << "also while it is down";
 }
 
-TEST_F(PushButtonTest, TheLineUnderAPlainOneLeavesFourPixelsAtEachEdge) {
+TEST_F(PushButtonTest, TheLineUnderAPlainButtonLeavesFourPixelsAtEachEdge) {
   widget.setRoot(button("link", ui::ButtonStyle::plain));
   const QImage before = shown().grab().toImage();
   shown().setAttribute(Qt::WA_UnderMouse, true);
@@ -129,7 +129,7 @@ TEST_F(PushButtonTest, TheLineUnderAPlainOneLeavesFourPixelsAtEachEdge) {
   EXPECT_NEAR(under.width() - 1 - line.right(), 4, 1) << "the text's own width is in fractions";
 }
 
-TEST_F(PushButtonTest, ADisabledOneIsFainterAndNotUnderlined) {
+TEST_F(PushButtonTest, ADisabledButtonIsFainterAndNotUnderlined) {
   widget.setRoot(button("link", ui::ButtonStyle::plain));
   const QImage enabled = shown().grab().toImage();
   widget.setRoot(button("link", ui::ButtonStyle::plain).disabled(true));
@@ -144,7 +144,7 @@ TEST_F(PushButtonTest, ADisabledOneIsFainterAndNotUnderlined) {
   EXPECT_TRUE(shown().isEnabled());
 }
 
-TEST_F(PushButtonTest, AnElementThatGoesTakesTheMouseAlong) {
+TEST_F(PushButtonTest, ARemovedElementDoesNotLeaveItsHoverToTheNext) {
   widget.setRoot(ui::Group({button("a", ui::ButtonStyle::plain).id("a")}));
   qt::PushButton& first = shown();
   first.setAttribute(Qt::WA_UnderMouse, true);

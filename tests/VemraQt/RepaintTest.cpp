@@ -53,7 +53,7 @@ std::string recording(int person) {
 
 }  // namespace
 
-TEST(Repaint, NothingStaleStaysOnTheScreen) {
+TEST(Repaint, NoOldPixelsStayOnTheScreen) {
   QApplication::setCursorFlashTime(0);
   WindowHost host(resultWith(60), QSize(480, 600));
   std::mt19937 random(7);
@@ -96,7 +96,7 @@ TEST(Repaint, NothingStaleStaysOnTheScreen) {
   }
 }
 
-TEST(Repaint, TheScrollBarOnlyWhereItsHandleMoves) {
+TEST(Repaint, TheScrollBarIsRepaintedOnlyWhereItsHandleMoves) {
   WindowHost host(resultWith(10'000));
   host.press(recording(0) + "start");  // the first focus paints the whole window
   bar(host).setValue(40);              // away from the top, where its upper end is disabled

@@ -14,7 +14,7 @@ namespace vemra::qt {
 namespace {
 
 // Every row that is named is described anew, so a document must not be able to have all named.
-TEST(RowIdentifiers, IdentifiersMadeToCollideNameTheirOwnRows) {
+TEST(RowIdentifiers, IdentifiersMadeToCollideFindTheirOwnRows) {
   const auto identifiers = testing::collidingTexts(5000);
   RowIdentifiers noted(nullptr, {}, {});
   for (std::size_t row = 0; row < identifiers.size(); ++row) noted.note(identifiers[row], row);
@@ -35,7 +35,7 @@ std::shared_ptr<const ui::RowSource> someRows() {
                                                                          row);
 }
 
-TEST(RowIdentifiers, NotesAreOfTheirOwnRowsAndEnvironmentOnly) {
+TEST(RowIdentifiers, NotesBelongToTheirOwnRowsAndEnvironmentOnly) {
   const auto rows = someRows();
   const RowIdentifiers noted(rows, {}, {});
   ui::Environment larger;
@@ -45,7 +45,7 @@ TEST(RowIdentifiers, NotesAreOfTheirOwnRowsAndEnvironmentOnly) {
   EXPECT_FALSE(noted.areOf(rows, larger));
 }
 
-TEST(RowIdentifiers, NotesDoNotKeepRowsThatAreShownNoMore) {
+TEST(RowIdentifiers, NotesDoNotKeepRemovedRowsAlive) {
   auto rows = someRows();
   const RowIdentifiers noted(rows, {}, {});
   const std::weak_ptr<const ui::RowSource> watched = rows;

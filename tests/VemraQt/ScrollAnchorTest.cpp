@@ -80,7 +80,7 @@ TEST(ScrollAnchor, DownwardsPastRowsOfUnknownHeightEverythingMovesByTheStep) {
   EXPECT_GT(peopleInView(host).front(), first + 10) << "rows that nobody had seen have come in";
 }
 
-TEST(ScrollAnchor, AJumpToAnEndThatIsLongerThanWasThoughtEndsThere) {
+TEST(ScrollAnchor, AJumpToTheEndEndsThereAlsoWhenThePageGrows) {
   Result result = numbered(500);
   std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
   for (std::size_t i = 450; i < 500; ++i) *people[i].displayName += " " + std::string(150, 'W');
@@ -93,7 +93,7 @@ TEST(ScrollAnchor, AJumpToAnEndThatIsLongerThanWasThoughtEndsThere) {
   EXPECT_THAT(peopleInView(host), Contains(499));
 }
 
-TEST(ScrollAnchor, PeopleWhoComeAboveDoNotMoveWhatIsRead) {
+TEST(ScrollAnchor, PeopleAddedAboveDoNotMoveTheElementsInView) {
   WindowHost host(numbered(500));
   bar(host).setValue(20'000);
   const std::vector<std::string> before = host.visibleTexts();
@@ -169,7 +169,7 @@ TEST(ScrollAnchor, AnotherFontKeepsTheSameRowInView) {
   }
 }
 
-TEST(ScrollAnchor, ThePageGrowsByWhoComesAndShrinksByWhoGoes) {
+TEST(ScrollAnchor, ThePageGrowsAndShrinksByTheHeightsOfAddedAndRemovedPeople) {
   WindowHost host(numberedUnevenly(600));
   for (int to = 0; to < 40'000; to += 400) bar(host).setValue(to);
   bar(host).setValue(20'000);

@@ -46,7 +46,7 @@ std::set<std::string> keysOfTheScreen() {
 
 }  // namespace
 
-TEST(Strings, GermanIsCompleteAndHasNothingElse) {
+TEST(Strings, GermanHasExactlyTheScreensKeys) {
   auto german = qt::QtStringsTable::builtIn({"de-AT", "en"});
   ASSERT_NE(german, nullptr);
   const std::set<std::string> keys = keysOfTheScreen();
@@ -88,13 +88,13 @@ TEST(Strings, TheUsersLanguageDecides) {
   EXPECT_EQ(qt::QtStringsTable::load("/no/such/file.qm"), nullptr);
 }
 
-TEST(Strings, AKeyWithoutATranslationIsShown) {
+TEST(Strings, AKeyWithoutATranslationIsShownUnchanged) {
   auto german = qt::QtStringsTable::builtIn({"de"});
   EXPECT_EQ(german->lookup("Nobody asked for this"), std::nullopt);
   EXPECT_EQ(german->lookup(""), std::nullopt);
 }
 
-TEST(Strings, VerbatimTextsAreLeftAloneByATableThatTranslatesEverything) {
+TEST(Strings, VerbatimTextsStayUnchangedWithATableThatTranslatesEveryKey) {
   Result result = resultWith(3);
   result.goal.title = "Save";
   std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
@@ -154,7 +154,7 @@ TEST(Strings, VerbatimTextsAreLeftAloneByATableThatTranslatesEverything) {
             "Was useful");
 }
 
-TEST(Strings, TheWordsThatTryTheScreenAreLongerAndAccented) {
+TEST(Strings, TheTestTablesWordsAreLongerAndAccented) {
   PseudoStrings pseudo;
   for (const std::string& key : keysOfTheScreen()) {
     const std::string text = *pseudo.lookup(key);
@@ -169,7 +169,7 @@ TEST(Strings, TheWordsThatTryTheScreenAreLongerAndAccented) {
   }
 }
 
-TEST(Strings, ALanguageIsTakenUpLiveAndKeepsWhatIsTyped) {
+TEST(Strings, AnotherLanguageTakesEffectAtOnceAndKeepsTypedText) {
   WindowHost host(resultWith(2));
   host.press("vemra.goal.person.p1.outcome.start");
   auto& note = host.get<QWidget>("vemra.goal.person.p1.outcome.note");

@@ -37,12 +37,12 @@ TEST(TextShape, EveryKindOfLineBreakStartsALine) {
   EXPECT_EQ(shaped("a\n\nb", 500).size().height(), 3 * lineHeight());
 }
 
-TEST(TextShape, MarkupIsText) {
+TEST(TextShape, MarkupIsShownAsText) {
   EXPECT_GT(shaped("<b>bold</b>", 500).size().width(), shaped("bold", 500).size().width() + 20);
   EXPECT_GT(shaped("a&&b", 500).size().width(), shaped("a&b", 500).size().width());
 }
 
-TEST(TextShape, NeverWiderThanAskedForAtAnyWidth) {
+TEST(TextShape, IsNeverWiderThanTheGivenWidth) {
   const QString text = QString::fromUtf8(
       "Søren Æ 张伟 محمد علي naïve 👩‍👩‍👧 extraordinarily-long-word");
   for (int width = 24; width < 400; width += 7) {
@@ -50,7 +50,7 @@ TEST(TextShape, NeverWiderThanAskedForAtAnyWidth) {
   }
 }
 
-TEST(TextShape, RightToLeftTextStandsAtTheLeadingEdgeOfThePage) {
+TEST(TextShape, RightToLeftTextIsAtTheLeadingEdgeOfThePage) {
   const TextShape shape = shaped(QString::fromUtf8("שלום"), 200);
   const auto inkAt = [&](Qt::LayoutDirection direction) {
     QImage image(200, 30, QImage::Format_RGB32);

@@ -31,7 +31,7 @@ Result onePerson(std::string name) {
 
 }  // namespace
 
-TEST(WholeScreen, StandsInTreeOrderFromTopToBottom) {
+TEST(WholeScreen, IsInTreeOrderFromTopToBottom) {
   WindowHost host(resultWith(2));
   EXPECT_THAT(
       host.visibleTexts(),
@@ -87,7 +87,7 @@ TEST(WholeScreen, RecordingAndCorrecting) {
   EXPECT_TRUE(host.get<QLabel>(p0 + ".outcome.corrected-marker").isVisible());
 }
 
-TEST(WholeScreen, SaveIsDisabledUntilTheNoteSaysSomething) {
+TEST(WholeScreen, SaveIsDisabledUntilTheNoteIsNotBlank) {
   WindowHost host(resultWith(1));
   host.press(p0 + ".outcome.start");
   auto& picker = host.get<QComboBox>(p0 + ".outcome.picker");
@@ -156,7 +156,7 @@ TEST(WholeScreen, NamesAreShownLiterally) {
   }
 }
 
-TEST(WholeScreen, VeryLongNamesWrapAndNothingScrollsSideways) {
+TEST(WholeScreen, VeryLongNamesWrapAndThePageNeverScrollsSideways) {
   WindowHost host(onePerson(std::string(100'000, 'w')), QSize(320, 600));
   for (auto* child : host.widget.viewport()->findChildren<QWidget*>()) {
     if (!child->isVisible()) continue;
@@ -231,7 +231,7 @@ TEST(WholeScreen, AMenuOffersTheChoices) {
   EXPECT_EQ(host.log.back(), "record p0 helped nil nil");
 }
 
-TEST(WholeScreen, ARowThatLeavesUnderItsOpenMenuTakesTheMenuAlong) {
+TEST(WholeScreen, ARowThatIsRemovedUnderItsOpenMenuClosesTheMenu) {
   WindowHost host(resultWith(2));
   host.press(p0 + ".outcome.start");
   host.get<QComboBox>(p0 + ".outcome.picker").showPopup();
@@ -240,7 +240,7 @@ TEST(WholeScreen, ARowThatLeavesUnderItsOpenMenuTakesTheMenuAlong) {
   EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
-TEST(WholeScreen, SaveRecordsOnceHoweverOftenItIsPressed) {
+TEST(WholeScreen, SaveRecordsOnceWhenItIsPressedSeveralTimes) {
   WindowHost host(resultWith(1));
   host.press(p0 + ".outcome.start");
   auto& save = host.get<QPushButton>(p0 + ".outcome.save");

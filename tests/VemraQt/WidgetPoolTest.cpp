@@ -28,7 +28,7 @@ class WidgetPoolTest : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(WidgetPoolTest, WhatIsGivenBackIsLentAgainTheLastFirst) {
+TEST_F(WidgetPoolTest, AReturnedWidgetIsUsedAgainTheLastOneFirst) {
   ElementWidget& one = pool.take(text);
   ElementWidget& other = pool.take(text);
   EXPECT_NE(&one, &other);
@@ -41,7 +41,7 @@ TEST_F(WidgetPoolTest, WhatIsGivenBackIsLentAgainTheLastFirst) {
   EXPECT_EQ(pool.size(), 2u);
 }
 
-TEST_F(WidgetPoolTest, EveryLookHasWidgetsOfItsOwn) {
+TEST_F(WidgetPoolTest, EveryShapeHasWidgetsOfItsOwn) {
   const std::vector<ui::Element> looks = {
       text,
       element(ui::Text("t").font(ui::Font::caption)),
@@ -63,7 +63,7 @@ TEST_F(WidgetPoolTest, EveryLookHasWidgetsOfItsOwn) {
   EXPECT_EQ(widgets[1]->widget().font(), context.looks.font(ui::Font::caption));
 }
 
-TEST_F(WidgetPoolTest, RestingOnesAreHiddenOnlyWhenThePassIsOver) {
+TEST_F(WidgetPoolTest, UnusedWidgetsAreHiddenOnlyAtTheEndOfThePass) {
   page.show();
   ElementWidget& one = pool.take(text);
   one.widget().show();
@@ -73,7 +73,7 @@ TEST_F(WidgetPoolTest, RestingOnesAreHiddenOnlyWhenThePassIsOver) {
   EXPECT_TRUE(one.widget().isHidden());
 }
 
-TEST_F(WidgetPoolTest, OfManyRestingOnesTheOldestAreDeletedLater) {
+TEST_F(WidgetPoolTest, OfManyUnusedWidgetsTheOldestAreDeletedLater) {
   std::vector<ElementWidget*> widgets;
   for (int i = 0; i < 30; ++i) widgets.push_back(&pool.take(text));
   const QPointer<QWidget> oldest = &widgets.front()->widget();
@@ -88,7 +88,7 @@ TEST_F(WidgetPoolTest, OfManyRestingOnesTheOldestAreDeletedLater) {
   EXPECT_EQ(pool.size(), 24u);
 }
 
-TEST_F(WidgetPoolTest, AnotherFontReachesRestingWidgetsToo) {
+TEST_F(WidgetPoolTest, AnotherFontReachesUnusedWidgetsToo) {
   ElementWidget& lent = pool.take(text);
   ElementWidget& resting = pool.take(text);
   pool.giveBack(resting);
@@ -100,7 +100,7 @@ TEST_F(WidgetPoolTest, AnotherFontReachesRestingWidgetsToo) {
   EXPECT_EQ(resting.widget().font(), context.looks.font(ui::Font::body));
 }
 
-TEST_F(WidgetPoolTest, AWidgetOfAnotherShapeIsLentAndRestyledAsSuch) {
+TEST_F(WidgetPoolTest, AWidgetOfAnotherShapeIsReusedAndRestyled) {
   const ui::Element caption = element(ui::Text("t").font(ui::Font::caption));
   ElementWidget& one = pool.take(text);
   pool.reshape(one, text);

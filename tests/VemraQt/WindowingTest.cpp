@@ -28,7 +28,7 @@ void expectNoGap(const std::vector<int>& people, const std::string& where) {
 
 }  // namespace
 
-TEST(Windowing, AsManyWidgetsAsFitWhateverTheLength) {
+TEST(Windowing, TheNumberOfWidgetsDoesNotDependOnTheLength) {
   std::vector<std::size_t> counts;
   for (std::size_t people : {10u, 100u, 10'000u, 100'000u}) {
     WindowHost host(resultWith(people));
@@ -62,7 +62,7 @@ TEST(Windowing, TheEndIsReachable) {
   }
 }
 
-TEST(Windowing, WhereverOneScrollsThereIsNoGap) {
+TEST(Windowing, NoScrollPositionLeavesAGap) {
   WindowHost host(numbered(3000));
   std::mt19937 random(3);
   for (int step = 0; step < 400; ++step) {
@@ -175,7 +175,7 @@ TEST(Windowing, ManyOpenEditorsDoNotBecomeManyWidgets) {
   EXPECT_NE(host.find("vemra.goal.person.p0.outcome.note"), nullptr);
 }
 
-TEST(Windowing, OfManyOpenEditorsThoseUsedLastKeepTheirWidgets) {
+TEST(Windowing, OfManyOpenEditorsTheLastUsedKeepTheirWidgets) {
   WindowHost host(numbered(400));
   for (int person = 0; person < 20; ++person) {
     const std::string start = "vemra.goal.person.p" + std::to_string(person) + ".outcome.start";
@@ -194,7 +194,7 @@ TEST(Windowing, OfManyOpenEditorsThoseUsedLastKeepTheirWidgets) {
   EXPECT_TRUE(note.isUndoAvailable());
 }
 
-TEST(Windowing, TheScrollBarIsThereWhileThereIsSomethingToScroll) {
+TEST(Windowing, TheScrollBarIsVisibleWhileThePageCanScroll) {
   WindowHost host(resultWith(6), QSize(720, 300));
   EXPECT_TRUE(host.widget.verticalScrollBar()->isVisible());
   host.widget.resize(720, 2000);  // every row is measured

@@ -29,7 +29,7 @@ class ExpectedFileTest : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(ExpectedFileTest, AnotherTextIsAFailure) {
+TEST_F(ExpectedFileTest, ADifferentTextIsAFailure) {
   ::unsetenv(variable);
   EXPECT_NONFATAL_FAILURE(expectAsInFile("another text", "outline.txt"), "another text");
 }

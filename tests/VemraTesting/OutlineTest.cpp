@@ -42,7 +42,7 @@ TEST(OutlineTest, DistinguishesKeysFromTheirTranslations) {
   expectAsInFile(screen.outline(), "outline-german.txt");
 }
 
-TEST(OutlineTest, OneLineAnElementWhateverItsTextHolds) {
+TEST(OutlineTest, HasOneLineForEachElementWhateverItsTextContains) {
   const auto line = [](std::string text) {
     return outlineLine(ui::Element(ui::Text(ui::verbatim(std::move(text))), {}, {}));
   };
@@ -55,7 +55,7 @@ TEST(OutlineTest, OneLineAnElementWhateverItsTextHolds) {
   EXPECT_EQ(line("\u2066\u2067\u2068\u2069"), R"(Text "\u2066\u2067\u2068\u2069")");
 }
 
-TEST(OutlineTest, OtherTextIsByteForByteAsGiven) {
+TEST(OutlineTest, OtherTextIsUnchanged) {
   // The neighbours of what is escaped, a letter in two forms, and bytes that are no text.
   const std::string text =
       "\u00A0\u061B\u061D\u200D\u2010\u2027\u202F\u2065\u206A\u00E9e\u0301\U0001F600 \x80\xC2 "

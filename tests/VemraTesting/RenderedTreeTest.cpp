@@ -42,7 +42,7 @@ TEST_F(RenderedTreeTest, KeepsTheTreeAndCountsThePatches) {
   EXPECT_TRUE(tree.nodes().empty());
 }
 
-TEST_F(RenderedTreeTest, APatchThatSpeaksOfNothingThrows) {
+TEST_F(RenderedTreeTest, APatchForAnUnknownNodeThrows) {
   EXPECT_THROW(tree.apply({{removal(99)}}), std::out_of_range);
 }
 

@@ -58,7 +58,7 @@ TEST_F(ScreenTest, TypesSelectsAndPressesAsAPersonWould) {
   EXPECT_TRUE(screen.has("ask.Ada.send"));
 }
 
-TEST_F(ScreenTest, ActsThroughRoleAndName) {
+TEST_F(ScreenTest, ActsOnElementsByRoleAndName) {
   screen.type(byTitle(ElementKind::textField, "Note", 1), "x");
   screen.select(byTitle(ElementKind::picker, "Mood", 1), "good");
   screen.submit(byTitle(ElementKind::textField, "Note"));
@@ -67,7 +67,7 @@ TEST_F(ScreenTest, ActsThroughRoleAndName) {
   EXPECT_THAT(log, ElementsAre("Ben:good:x"));
 }
 
-TEST_F(ScreenTest, AnIndexCountsDisabledOnesToo) {
+TEST_F(ScreenTest, AnIndexCountsDisabledElementsToo) {
   EXPECT_EQ(screen.count(button("More")), 3U);
   EXPECT_EQ(screen.count(button("More", 7)), 3U);
   screen.press(button("More"));
@@ -80,7 +80,7 @@ TEST_F(ScreenTest, AnIndexCountsDisabledOnesToo) {
   EXPECT_EQ(reasonOf([&] { screen.press(button("Less")); }), "no button titled \"Less\"");
 }
 
-TEST_F(ScreenTest, OfEqualIdentifiersTheFirstInTreeOrderIsMeant) {
+TEST_F(ScreenTest, OfEqualIdentifiersTheFirstInTreeOrderIsUsed) {
   screen.show(ui::Group({ui::Group({ui::Text("first").accessibilityIdentifier("id")}),
                          ui::Text("second").accessibilityIdentifier("id")}));
   EXPECT_EQ(screen.get("id").element.shownLabel(), "first");
@@ -110,7 +110,7 @@ TEST_F(ScreenTest, AMissingElementIsAnErrorWithTheNearestIdentifiersAndTheTree) 
   EXPECT_THAT(log, ElementsAre());
 }
 
-TEST_F(ScreenTest, AReasonIsOneLineWhateverIsSought) {
+TEST_F(ScreenTest, AReasonIsOneLineForAnySearch) {
   EXPECT_EQ(reasonOf([&] { screen.press("a\nb \"c\"\u202E"); }),
             R"(no element with identifier "a\nb \"c\"\u202e")");
   EXPECT_EQ(reasonOf([&] { screen.press(button("a\"\r\n\\")); }),
@@ -123,7 +123,7 @@ TEST_F(ScreenTest, AReasonIsOneLineWhateverIsSought) {
   EXPECT_THAT(what, HasSubstr("\nnearest: one\\ntwo\nthe tree:\n"));
 }
 
-TEST_F(ScreenTest, NearestAreAtMostThreeAndNoneWhenThereAreNone) {
+TEST_F(ScreenTest, NearestIdentifiersAreAtMostThreeAndMayBeNone) {
   reasonOf([&] { screen.get("ask.Ada.moot"); });
   const std::string line = what.substr(what.find("nearest:"), what.find("\nthe tree") - 41);
   EXPECT_EQ(std::count(line.begin(), line.begin() + static_cast<int>(line.find('\n')), ','), 2);
@@ -134,7 +134,7 @@ TEST_F(ScreenTest, NearestAreAtMostThreeAndNoneWhenThereAreNone) {
   EXPECT_THAT(what, StartsWith("no text \"missing\"\nthe tree:\nText key \"bare\"\n"));
 }
 
-TEST_F(ScreenTest, NearestAreThoseWithTheFewestBytesAddedLeftOutOrReplaced) {
+TEST_F(ScreenTest, NearestIdentifiersHaveTheFewestBytesAddedLeftOutOrReplaced) {
   const auto nearest = [&](const std::vector<std::string>& identifiers, const std::string& sought) {
     screen.show(ui::ForEach(
         identifiers, [](const std::string& id) -> const std::string& { return id; },
@@ -165,7 +165,7 @@ TEST_F(ScreenTest, NearestAreThoseWithTheFewestBytesAddedLeftOutOrReplaced) {
       << "and of the one that is sought";
 }
 
-TEST_F(ScreenTest, IdentifiersOfAnyLengthAreComparedSoonEnough) {
+TEST_F(ScreenTest, LongIdentifiersAreComparedInBoundedTime) {
   const std::string longOne(1'000'000, 'x');
   screen.show(ui::Text("x").accessibilityIdentifier(longOne));
   EXPECT_FALSE(reasonOf([&] { screen.get(longOne + "y"); }).empty());
@@ -216,7 +216,7 @@ struct Described {
 
 }  // namespace
 
-TEST_F(ScreenTest, AnAttemptSaysWhatTheVerbsThrow) {
+TEST_F(ScreenTest, AnAttemptReturnsTheReasonThatTheOtherFunctionsThrow) {
   const Query send = byIdentifier("ask.Ada.send");
   const Query note = byIdentifier("ask.Ada.note");
   const Query mood = byIdentifier("ask.Ada.mood");
@@ -234,7 +234,7 @@ TEST_F(ScreenTest, AnAttemptSaysWhatTheVerbsThrow) {
   EXPECT_THAT(log, ElementsAre("Ada:good:x"));
 }
 
-TEST_F(ScreenTest, AnAttemptInVainDoesNotDescribeTheTree) {
+TEST_F(ScreenTest, AnImpossibleAttemptDoesNotDescribeTheTree) {
   int described = 0;
   screen.show(Described{&described});
   const Query go = byIdentifier("go");
@@ -259,7 +259,7 @@ TEST_F(ScreenTest, AnActFromInsideACallbackWaitsForTheEventToEnd) {
   EXPECT_THAT(order, ElementsAre("outer", "inner"));
 }
 
-TEST_F(ScreenTest, ListsWhatIsShownInTreeOrder) {
+TEST_F(ScreenTest, ListsTheShownTextsInTreeOrder) {
   screen.show(ui::View(Questionnaire{}));
   EXPECT_THAT(screen.shownTexts(), ElementsAre("Mood", "Good", "Fair", "Note", "Send"));
   EXPECT_THAT(screen.identifiers(), ElementsAre("ask.Ada.mood", "ask.Ada.note", "ask.Ada.send"));
@@ -286,7 +286,7 @@ TEST_F(ScreenTest, AnEmptyScreenHasNothing) {
   EXPECT_TRUE(screen.shownTexts().empty());
 }
 
-TEST_F(ScreenTest, MayComeLaterAsAnOptional) {
+TEST_F(ScreenTest, CanBeMadeLaterInAnOptional) {
   std::optional<Screen> late;
   EXPECT_FALSE(late.has_value());
   late.emplace(ui::Text("here"));

@@ -76,7 +76,7 @@ TEST(Viewport, ShowsTextsAndControlsInCells) {
             "\n");
 }
 
-TEST(Viewport, ShowsAFormAsItIsFilledIn) {
+TEST(Viewport, ShowsAFormWhileItIsFilledIn) {
   Viewport screen(Form{}, {24, 3});
   EXPECT_EQ(screen.text(),
             "[Good     v]\n"
@@ -170,7 +170,7 @@ TEST(Viewport, LinesBeginAtTheRightEdgeOfARightToLeftPage) {
             "     two\n");
 }
 
-TEST(Viewport, CharactersWithoutAColumnStandInThePreviousCell) {
+TEST(Viewport, CharactersWithoutAColumnAreInThePreviousCell) {
   const Viewport screen(HStack(VerticalAlignment::center, 8, {line("a\u200Bb"), line("|")}),
                         {9, 1});
   EXPECT_EQ(screen.text(), "a\u200Bb |\n");
@@ -178,7 +178,7 @@ TEST(Viewport, CharactersWithoutAColumnStandInThePreviousCell) {
       << "there is none before the first one";
 }
 
-TEST(Viewport, TheEndIsTheEndHoweverHighTheLastRowsAre) {
+TEST(Viewport, EndShowsTheEndWhateverTheHeightOfTheLastRows) {
   std::vector<std::string> texts;
   for (int i = 0; i < 100; ++i) {
     texts.push_back(std::to_string(i) + (i < 60 ? "" : " with many words that take many lines"));
@@ -194,7 +194,7 @@ TEST(Viewport, TheEndIsTheEndHoweverHighTheLastRowsAre) {
   EXPECT_EQ(screen.position(), screen.length() - 4);
 }
 
-TEST(Viewport, ATerminalIsNotMadeToObey) {
+TEST(Viewport, TerminalCommandsInATextAreEscaped) {
   const Viewport screen(line("\x1b[2Jgone"), {20, 1});
   EXPECT_EQ(screen.text(), "\\x1b[2Jgone\n");
 }
@@ -225,7 +225,7 @@ TEST(Viewport, DescribesOnlyTheRowsNearby) {
   EXPECT_LT(screen.graph().work().rows, 200U);
 }
 
-TEST(Viewport, TabGoesThroughRowsThatAreNotThereYetAndScrollsThemIn) {
+TEST(Viewport, TabGoesThroughRowsWithoutNodesAndScrollsThemIn) {
   std::vector<std::string> opened;
   Viewport screen(list(60, &opened), {20, 4});
   for (int i = 0; i < 60; ++i) {
@@ -245,7 +245,7 @@ TEST(Viewport, BackTabBeginsAtTheEnd) {
   EXPECT_THAT(screen.text(), HasSubstr("P59 >Open<\n"));
 }
 
-TEST(Viewport, AKeyBringsTheFocusedControlIntoViewBeforeItActs) {
+TEST(Viewport, AKeyScrollsTheFocusedControlIntoViewBeforeItActs) {
   std::vector<std::string> opened;
   Viewport screen(list(60, &opened), {20, 4});
   screen.tab();
@@ -256,7 +256,7 @@ TEST(Viewport, AKeyBringsTheFocusedControlIntoViewBeforeItActs) {
   EXPECT_THAT(opened, ElementsAre("P0"));
 }
 
-TEST(Viewport, WhatIsSeenStaysWhereItIsWhenRowsComeAbove) {
+TEST(Viewport, ElementsInViewStayInPlaceWhenRowsAreAddedAbove) {
   Viewport screen(list(60, nullptr, 100), {20, 4});
   screen.wheel(31);
   const std::string before = screen.text();
@@ -266,7 +266,7 @@ TEST(Viewport, WhatIsSeenStaysWhereItIsWhenRowsComeAbove) {
   EXPECT_EQ(screen.position(), 41);
 }
 
-TEST(Viewport, ClicksWhatIsSeenAndNothingElse) {
+TEST(Viewport, ClicksOnlyButtonsInView) {
   std::vector<std::string> opened;
   Viewport screen(list(60, &opened), {20, 4});
   screen.click("open.P1");
@@ -278,7 +278,7 @@ TEST(Viewport, ClicksWhatIsSeenAndNothingElse) {
   EXPECT_THAT(opened, ElementsAre("P1", "P3"));
 }
 
-TEST(Viewport, SaysWhyAKeyCannotAct) {
+TEST(Viewport, ReportsWhyAKeyCannotAct) {
   Viewport screen(Form{}, {24, 3});
   EXPECT_THROW(screen.press(), ElementError) << "nothing has the focus";
   screen.tab();
@@ -294,14 +294,14 @@ TEST(Viewport, SaysWhyAKeyCannotAct) {
   EXPECT_THROW(screen.click(button("Save")), ElementError) << "it is disabled";
 }
 
-TEST(Viewport, WhatAnActionThrowsComesOutOfTheKey) {
+TEST(Viewport, AKeyRethrowsTheExceptionOfItsAction) {
   Viewport screen(Button("Fail", [] { throw std::runtime_error("no"); }), {20, 1});
   screen.tab();
   EXPECT_THROW(screen.press(), std::runtime_error);
   EXPECT_EQ(screen.text(), ">Fail<\n") << "the screen goes on";
 }
 
-TEST(Viewport, HasOneCellAtLeast) {
+TEST(Viewport, HasAtLeastOneCell) {
   const Viewport screen(line("Ada"), {0, -3});
   EXPECT_EQ(screen.text(), "A\n");
 }

@@ -40,7 +40,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Sample{"illFormed", "a\xC3 b\xFF."}, Sample{"long", longText()}),
     [](const auto& sample) { return sample.param.name; });
 
-TEST_P(LiteralText, OfNamesTitlesReasonsAndSourcesIsShownAsItIs) {
+TEST_P(LiteralText, OfNamesTitlesReasonsAndSourcesIsShownUnchanged) {
   Result result = ordinaryResult();
   result.goal.title = text;
   result.people = {person("p1", text)};
@@ -55,7 +55,7 @@ TEST_P(LiteralText, OfNamesTitlesReasonsAndSourcesIsShownAsItIs) {
   EXPECT_THAT(host.log, ElementsAre("open \"p1\""));
 }
 
-TEST_P(LiteralText, OfAReferenceReachesIdentifiersAndCallbacks) {
+TEST_P(LiteralText, OfAReferenceIsInIdentifiersAndCallbacks) {
   Result result = ordinaryResult();
   result.people = {person(text, "Ada", {text})};
   result.paths = {path({text})};
@@ -72,7 +72,7 @@ TEST_P(LiteralText, OfAReferenceReachesIdentifiersAndCallbacks) {
                                     "path " + shown + " wasUseful note=nil corrects=nil"));
 }
 
-TEST_P(LiteralText, OfANoteSurvivesWritingCorrectAndSave) {
+TEST_P(LiteralText, OfANoteStaysTheSameAfterTypingCorrectAndSave) {
   MemoryHost host{ordinaryResult()};
   ControlOnScreen ada = personControl(host, "p1");
   ada.recordOutcome();

@@ -60,7 +60,7 @@ TEST_P(RecordingJourney, ACorrection) {
   EXPECT_FALSE(host.screen.has(byText("Was useful")));
 }
 
-TEST_P(RecordingJourney, TwoCorrectionsEachNameTheOneBefore) {
+TEST_P(RecordingJourney, TwoCorrectionsEachNameThePreviousOutcome) {
   path.recordOutcome();
   path.save();
   host.catchUp();
@@ -105,7 +105,7 @@ TEST_P(RecordingJourney, CancellingACorrectionChangesNothing) {
   EXPECT_EQ(host.log.size(), 1u);
 }
 
-TEST_P(RecordingJourney, SomethingElseDemandsANote) {
+TEST_P(RecordingJourney, SomethingElseRequiresANote) {
   ada.recordOutcome();
   ada.choose("somethingElse");
   EXPECT_FALSE(ada.maySave());
@@ -127,7 +127,7 @@ TEST_P(RecordingJourney, ReturnInTheNoteDoesNothing) {
   EXPECT_THAT(host.log, ElementsAre());
 }
 
-TEST_P(RecordingJourney, SavePressedTwiceInOneGoRecordsOnce) {
+TEST_P(RecordingJourney, SavePressedTwiceInOneCallRecordsOnce) {
   ada.recordOutcome();
   const ui::NodeID save = host.screen.get("vemra.goal.person.p1.outcome.save").id;
   EXPECT_EQ(host.screen.graph().deliver(save, ui::Press{}), ui::Delivery::acted);
@@ -169,7 +169,7 @@ TEST_P(RecordingJourney, APersonAndAPathOfTheSameReferenceAreTwoSubjects) {
                                     "path \"p9\" wasUseful note=nil corrects=nil"));
 }
 
-TEST_P(RecordingJourney, LeavingTheScreenByEveryDoor) {
+TEST_P(RecordingJourney, EveryOtherButtonCallsTheHost) {
   host.screen.press(testing::button("Bo"));
   host.screen.press("vemra.goal.person.p1.show-source");
   host.screen.press("vemra.goal.path.see-in-starfold");

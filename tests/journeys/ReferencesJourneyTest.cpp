@@ -98,7 +98,7 @@ TEST_P(EqualReferences, AreDistinguishedByTheirOrder) {
   EXPECT_EQ(face(host.screen, 1).size(), 1u);
 }
 
-TEST_P(EqualReferences, SurviveTheOtherOnesLeaving) {
+TEST_P(EqualReferences, KeepTheirStateWhenTheOtherPersonIsRemoved) {
   host.screen.press(inControl(1, "start"));
   host.screen.press(inControl(0, "start"));
   host.change([](Result& result) { result.people = {result.people[1]}; });
@@ -135,7 +135,7 @@ TEST(NormalForms, AreOneSubjectAndKeepTheirBytes) {
   }
 }
 
-TEST(NormalForms, OfOtherLettersStayApart) {
+TEST(NormalForms, WithOtherLettersAreDifferentSubjects) {
   Result result = ordinaryResult();
   result.people = {person("e", "E"), person("\ufb01", "Ligature"), person("E", "Capital")};
   result.outcomes = {outcome("o1", SubjectKind::person, composed, Value::helped),
@@ -146,7 +146,7 @@ TEST(NormalForms, OfOtherLettersStayApart) {
   EXPECT_TRUE(personControl(host, "E").isOffering());
 }
 
-TEST(IllFormedReferences, AreShownAndRecordedAsTheyAre) {
+TEST(IllFormedReferences, AreShownAndRecordedUnchanged) {
   Result result = ordinaryResult();
   result.people = {person("a\xC3", "Half"), person("a\xE9", "Latin")};
   result.outcomes = {outcome("o1", SubjectKind::person, "a\xE9", Value::helped)};

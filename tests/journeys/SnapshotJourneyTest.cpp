@@ -45,7 +45,7 @@ class MidEdit : public ::testing::Test {
   ui::NodeID field_;
 };
 
-TEST_F(MidEdit, TheSourceButtonAppearsAndVanishesAbove) {
+TEST_F(MidEdit, TheSourceButtonAppearsAndDisappearsAbove) {
   setPeople({person("p1", "Ada"), person("p2", "Bo", {"ev1"}), person("p3", "Cy")});
   ASSERT_TRUE(host.screen.has("vemra.goal.person.p2.show-source"));
   expectBoKept();
@@ -90,14 +90,14 @@ TEST_F(MidEdit, ThePersonLeavesAndReturns) {
   expectBoLost();
 }
 
-TEST_F(MidEdit, PeopleEmptiesAndRefills) {
+TEST_F(MidEdit, TheListOfPeopleIsEmptiedAndFilledAgain) {
   setPeople({});
   EXPECT_FALSE(bo.isEditing());
   setPeople({person("p1", "Ada"), person("p2", "Bo"), person("p3", "Cy")});
   expectBoLost();
 }
 
-TEST_F(MidEdit, ThePathComesAndGoesBelow) {
+TEST_F(MidEdit, ThePathAppearsAndDisappearsBelow) {
   host.change([](Result& result) { result.paths = {}; });
   expectBoKept();
   host.change([](Result& result) { result.paths = {path({"p9"})}; });
@@ -113,7 +113,7 @@ TEST_F(MidEdit, TheOutcomeArrivesAndSaveNamesIt) {
   EXPECT_THAT(host.log, ElementsAre("person \"p2\" invited note=\"half a sen\" corrects=\"new\""));
 }
 
-TEST_F(MidEdit, TheReferenceTurnsIntoItsOtherNormalForm) {
+TEST_F(MidEdit, TheReferenceChangesToItsOtherNormalForm) {
   setPeople({person(composed, "Bo")});
   ControlOnScreen before = personControl(host, composed);
   before.recordOutcome();
@@ -150,7 +150,7 @@ class MidCorrection : public ::testing::Test {
   ControlOnScreen ada = personControl(host, "p1");
 };
 
-TEST_F(MidCorrection, SaveNamesTheRecordThatIsInForceByThen) {
+TEST_F(MidCorrection, SaveNamesTheRecordInForceAtThatMoment) {
   setOutcomes({outcome("o1", SubjectKind::person, "p1", Value::helped, "met"),
                outcome("o2", SubjectKind::person, "p1", Value::notAFit, "other", "o1")});
   expectKept();
@@ -158,14 +158,14 @@ TEST_F(MidCorrection, SaveNamesTheRecordThatIsInForceByThen) {
   EXPECT_THAT(host.log, ElementsAre("person \"p1\" helped note=\"met twice\" corrects=\"o2\""));
 }
 
-TEST_F(MidCorrection, SaveNamesNobodyWhenTheOutcomeIsGone) {
+TEST_F(MidCorrection, SaveCorrectsNothingWhenTheOutcomeIsGone) {
   setOutcomes({});
   expectKept();
   ada.save();
   EXPECT_THAT(host.log, ElementsAre("person \"p1\" helped note=\"met twice\" corrects=nil"));
 }
 
-TEST_F(MidCorrection, AnOutcomeOfSomebodyElseChangesNothing) {
+TEST_F(MidCorrection, AnOutcomeOfAnotherPersonChangesNothing) {
   setOutcomes({outcome("o1", SubjectKind::person, "p1", Value::helped, "met"),
                outcome("o2", SubjectKind::person, "p2", Value::notAFit),
                outcome("o3", SubjectKind::path, "p1", Value::notAFit)});
@@ -174,7 +174,7 @@ TEST_F(MidCorrection, AnOutcomeOfSomebodyElseChangesNothing) {
   EXPECT_THAT(host.log, ElementsAre("person \"p1\" helped note=\"met twice\" corrects=\"o1\""));
 }
 
-TEST_F(MidCorrection, CancelShowsTheOutcomeInForceByThen) {
+TEST_F(MidCorrection, CancelShowsTheOutcomeInForceAtThatMoment) {
   setOutcomes({outcome("o1", SubjectKind::person, "p1", Value::helped, "met"),
                outcome("o2", SubjectKind::person, "p1", Value::notAFit, "other", "o1")});
   ada.cancel();
@@ -223,7 +223,7 @@ TEST_F(MidPathEdit, AnEmptyFirstPathKeepsTheEntryToo) {
   EXPECT_THAT(host.log, ElementsAre("path nil introduced note=\"via Ada\" corrects=nil"));
 }
 
-TEST_F(MidPathEdit, PathsEmptiesAndRefills) {
+TEST_F(MidPathEdit, TheListOfPathsIsEmptiedAndFilledAgain) {
   setPaths({});
   EXPECT_FALSE(control.isEditing());
   setPaths({path({"p1", "p9"})});
@@ -233,13 +233,13 @@ TEST_F(MidPathEdit, PathsEmptiesAndRefills) {
                                    "noteText=\"\"}"));
 }
 
-TEST_F(MidPathEdit, PeopleComeAndGoAbove) {
+TEST_F(MidPathEdit, PeopleAreAddedAndRemovedAbove) {
   host.change([](Result& result) { result.people = {}; });
   host.change([](Result& result) { result.people = {person("p4")}; });
   EXPECT_EQ(control.note(), "via Ada");
 }
 
-TEST(LateEvents, ForAnEditorThatIsGoneDoNothing) {
+TEST(LateEvents, ForAClosedEditorDoNothing) {
   MemoryHost host{threePeople()};
   ControlOnScreen bo = personControl(host, "p2");
   bo.recordOutcome();

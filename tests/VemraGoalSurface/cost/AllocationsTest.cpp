@@ -97,7 +97,7 @@ TEST_F(AllocationsTest, OfShowingAPerson) {
   EXPECT_LE(made, 65);
 }
 
-TEST_F(AllocationsTest, OfANewSnapshotForThoseShown) {
+TEST_F(AllocationsTest, OfANewSnapshotForTheShownRows) {
   graph.showRows(list().id, {{0, rowCount}});
   const double made = perRow(rowCount, [&] { graph.setRoot(screen); });
   RecordProperty("perRow", std::to_string(made));

@@ -18,7 +18,7 @@ std::string inForce(const GoalResultSnapshotV1& snapshot, GoalOutcomeSubjectKind
   return outcome.has_value() ? outcome->id : "none";
 }
 
-TEST(EffectiveOutcome, TheLastOneOfASubjectIsInForce) {
+TEST(EffectiveOutcome, TheLastRecordOfASubjectIsInForce) {
   GoalOutcomeDTO first = build::outcome("A", person, "anna");
   GoalOutcomeDTO correction = build::outcome("B", person, "anna");
   correction.correctsOutcomeID = "A";
@@ -32,7 +32,7 @@ TEST(EffectiveOutcome, TheLastOneOfASubjectIsInForce) {
   EXPECT_EQ(inForce(turned, person, "anna"), "A") << "the position decides, not the link";
 }
 
-TEST(EffectiveOutcome, NoneWithoutAMatch) {
+TEST(EffectiveOutcome, IsNilWithoutAMatch) {
   EXPECT_EQ(inForce(snapshotWithOutcomes({}), person, "anna"), "none");
   EXPECT_EQ(inForce(snapshotWithOutcomes({}), person, std::nullopt), "none");
   const GoalResultSnapshotV1 snapshot = snapshotWithOutcomes({build::outcome("A", person, "anna")});
@@ -51,14 +51,14 @@ TEST(EffectiveOutcome, TheKindMustMatchToo) {
   EXPECT_EQ(inForce(snapshot, path, std::nullopt), "B");
 }
 
-TEST(EffectiveOutcome, AKindTheEngineAddsLaterIsAKindOfItsOwn) {
+TEST(EffectiveOutcome, AnUnknownKindMatchesOnlyItself) {
   const auto later = static_cast<GoalOutcomeSubjectKind>(2);
   const GoalResultSnapshotV1 snapshot = snapshotWithOutcomes({build::outcome("A", later, "anna")});
   EXPECT_EQ(inForce(snapshot, later, "anna"), "A");
   EXPECT_EQ(inForce(snapshot, person, "anna"), "none");
 }
 
-TEST(EffectiveOutcome, NoReferenceMatchesOnlyNoReference) {
+TEST(EffectiveOutcome, ANilReferenceMatchesOnlyNil) {
   const GoalResultSnapshotV1 snapshot =
       snapshotWithOutcomes({build::outcome("nil", path, std::nullopt), build::outcome("", path, ""),
                             build::outcome("anna", path, "anna")});
@@ -73,7 +73,7 @@ TEST(EffectiveOutcome, NoReferenceMatchesOnlyNoReference) {
   EXPECT_EQ(inForce(onlyEmpty, path, std::nullopt), "none");
 }
 
-TEST(EffectiveOutcome, AReferenceInEitherNormalFormIsOneSubject) {
+TEST(EffectiveOutcome, AReferenceInEitherNormalFormIsTheSameSubject) {
   const GoalResultSnapshotV1 snapshot = snapshotWithOutcomes(
       {build::outcome("A", person, "Ren\u00e9"), build::outcome("B", person, "Rene\u0301"),
        build::outcome("C", person, "Rene")});
@@ -102,7 +102,7 @@ TEST(EffectiveOutcome, GivesACopyOfTheWholeRecord) {
   EXPECT_TRUE(*outcome == record);
 }
 
-TEST(EffectiveOutcome, TakesAReferenceInWhateverFormTheCallerHasIt) {
+TEST(EffectiveOutcome, AcceptsAReferenceOfAnyStringType) {
   const GoalResultSnapshotV1 snapshot = snapshotWithOutcomes({build::outcome("A", person, "anna")});
   const std::string text = "anna";
   const std::optional<std::string> optionalText = text;

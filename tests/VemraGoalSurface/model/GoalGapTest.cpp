@@ -33,7 +33,7 @@ TEST(PeopleGap, WithoutPeopleTheEvidenceCountDecides) {
   }
 }
 
-TEST(PeopleGap, WithPeopleThereIsNoneWhateverTheEvidence) {
+TEST(PeopleGap, WithPeopleThereIsNoGapForAnyEvidence) {
   for (std::int64_t count : {std::int64_t{0}, std::int64_t{3}, std::int64_t{-1}}) {
     EXPECT_EQ(peopleGap(1, count), std::nullopt) << count;
     EXPECT_EQ(peopleGap(2, count), std::nullopt) << count;
@@ -41,7 +41,7 @@ TEST(PeopleGap, WithPeopleThereIsNoneWhateverTheEvidence) {
 }
 
 // Sources or a date without a count are no evidence, and other lists do not stand in for people.
-TEST(PeopleGap, LooksAtNothingElse) {
+TEST(PeopleGap, DependsOnNothingElse) {
   GetGoalSnapshotResponse response = sample::response();
   response.people = {};
   response.coverage.evidenceCount = 0;
@@ -62,7 +62,7 @@ TEST(PathGap, WithoutPathsTheTargetPersonDecides) {
       << "an empty reference is a reference";
 }
 
-TEST(PathGap, WithPathsThereIsNoneWhateverTheTarget) {
+TEST(PathGap, WithPathsThereIsNoGapForAnyTarget) {
   EXPECT_EQ(withPaths(1, std::nullopt).pathGap(), std::nullopt);
   EXPECT_EQ(withPaths(2, "ren").pathGap(), std::nullopt);
 }

@@ -34,7 +34,7 @@ TEST(InitialFormValues, AFirstRecordingBeginsAtWasUseful) {
   EXPECT_EQ(values.note, "");
 }
 
-TEST(InitialFormValues, ACorrectionBeginsAtWhatWasRecorded) {
+TEST(InitialFormValues, ACorrectionBeginsAtTheRecordedOutcome) {
   for (GoalOutcomeValue value : allGoalOutcomeValues) {
     const form::FormValues values = form::initialFormValues(earlier(value, "a note"));
     EXPECT_EQ(values.value, value);
@@ -42,7 +42,7 @@ TEST(InitialFormValues, ACorrectionBeginsAtWhatWasRecorded) {
   }
 }
 
-TEST(InitialFormValues, ARecordWithoutANoteGivesAnEmptyOne) {
+TEST(InitialFormValues, ARecordWithoutANoteGivesAnEmptyNote) {
   const form::FormValues values =
       form::initialFormValues(earlier(GoalOutcomeValue::helped, std::nullopt));
   EXPECT_EQ(values.value, GoalOutcomeValue::helped);
@@ -57,7 +57,7 @@ TEST(InitialFormValues, TheNoteIsTakenAsStored) {
 
 // can save
 
-TEST(CanSave, EveryValueButSomethingElseMayGoWithoutANote) {
+TEST(CanSave, EveryValueExceptSomethingElseMayHaveNoNote) {
   for (GoalOutcomeValue value : allGoalOutcomeValues) {
     const bool needsNote = value == GoalOutcomeValue::somethingElse;
     EXPECT_EQ(form::canSave(value, ""), !needsNote) << form::label(value);
@@ -102,7 +102,7 @@ TEST(RecordingInput, TheNoteLosesTheBlanksAtEitherEnd) {
   for (const std::string& text : almostBlanks) EXPECT_EQ(recordedNote(text), text);
 }
 
-TEST(RecordingInput, ABlankNoteIsNone) {
+TEST(RecordingInput, ABlankNoteBecomesNil) {
   EXPECT_EQ(recordedNote(""), std::nullopt);
   EXPECT_EQ(recordedNote("   "), std::nullopt);
   for (const std::string& blank : blanks) EXPECT_EQ(recordedNote(blank), std::nullopt);
@@ -126,7 +126,7 @@ TEST(RecordingInput, NamesTheOutcomeItCorrects) {
   EXPECT_EQ(correctedID(outcome), "") << "an empty id is an id";
 }
 
-TEST(RecordingInput, TheSubjectAndTheValueGoThroughUnchanged) {
+TEST(RecordingInput, TheSubjectAndTheValueArePassedOnUnchanged) {
   for (GoalOutcomeSubjectKind kind : {person, path}) {
     for (GoalOutcomeValue value : allGoalOutcomeValues) {
       for (const std::optional<std::string>& ref :
@@ -164,7 +164,7 @@ TEST(OutcomeLabel, EveryValueHasItsWords) {
   }
 }
 
-TEST(OutcomeLabel, WhatIsNoCaseHasNoWords) {
+TEST(OutcomeLabel, AnInvalidValueHasNoWords) {
   EXPECT_EQ(form::label(static_cast<GoalOutcomeValue>(8)), "");
 }
 

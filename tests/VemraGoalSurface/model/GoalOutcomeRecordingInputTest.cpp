@@ -53,7 +53,7 @@ TEST(GoalOutcomeRecordingInput, StringsAreComparedUnderCanonicalEquivalence) {
                Input{person, "e\u0301", helped, "A\u030a", "\u1100\u1161"}));
 }
 
-TEST(GoalOutcomeRecordingInput, CanBeKeptButNotChanged) {
+TEST(GoalOutcomeRecordingInput, CanBeCopiedButNotChanged) {
   static_assert(std::is_copy_constructible_v<Input>);
   static_assert(!std::is_copy_assignable_v<Input> && !std::is_move_assignable_v<Input>);
   const Input input{person, "anna", helped, {}, {}};

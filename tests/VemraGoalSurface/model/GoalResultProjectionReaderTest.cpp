@@ -53,7 +53,7 @@ TEST(MakeSnapshot, EmptyListsStayEmpty) {
   EXPECT_TRUE(snapshot == GoalResultSnapshotV1(answer.goal, {}, {}, {}, answer.coverage, {}));
 }
 
-TEST(MakeSnapshot, TheIdReachesTheEngineByteForByte) {
+TEST(MakeSnapshot, PassesTheIdToTheEngineByteForByte) {
   const auto engine = std::make_shared<RecordingEngine>();
   const std::vector<std::string> ids = {"goal-1",     " \t goal \n ",
                                         "",           "   ",
@@ -83,7 +83,7 @@ TEST(MakeSnapshot, BeginsWhenItIsAwaited) {
   EXPECT_EQ(engine.use_count(), 1);
 }
 
-TEST(MakeSnapshot, AnOverrideInASubclassIsHonoured) {
+TEST(MakeSnapshot, CallsTheOverrideOfASubclass) {
   class Subclass : public RecordingEngine {
    public:
     task::Task<GetGoalSnapshotResponse> getGoalSnapshot(std::string) override {
@@ -133,7 +133,7 @@ class FailingEngine : public GoalToolExecutor {
   const EngineError* thrown = nullptr;
 };
 
-TEST(MakeSnapshot, RethrowsTheVeryObjectTheEngineThrew) {
+TEST(MakeSnapshot, RethrowsTheSameExceptionObject) {
   const auto engine = std::make_shared<FailingEngine>();
   try {
     task::wait(makeSnapshot(engine, "goal"));
@@ -158,7 +158,7 @@ TEST(MakeSnapshot, ReleasesAnEngineThatThrowsBeforeThereIsATask) {
   task::wait(awaitAndLookForTheEngine(std::make_shared<RefusingEngine>()));
 }
 
-TEST(MakeSnapshot, PassesOnWhatIsThrownBeforeThereIsATask) {
+TEST(MakeSnapshot, RethrowsAnExceptionFromBeforeThereIsATask) {
   task::Task<GoalResultSnapshotV1> snapshot =
       makeSnapshot(std::make_shared<RefusingEngine>(), "goal");
   try {
@@ -169,7 +169,7 @@ TEST(MakeSnapshot, PassesOnWhatIsThrownBeforeThereIsATask) {
   }
 }
 
-TEST(MakeSnapshot, AFailureIsNotTriedAgain) {
+TEST(MakeSnapshot, AFailedQueryIsNotRepeated) {
   class CountingEngine : public GoalToolExecutor {
    public:
     task::Task<GetGoalSnapshotResponse> getGoalSnapshot(std::string) override {
@@ -184,7 +184,7 @@ TEST(MakeSnapshot, AFailureIsNotTriedAgain) {
 }
 
 // A query may use its engine until its own frame is gone.
-TEST(MakeSnapshot, KeepsTheEngineUntilTheQueryItselfIsGone) {
+TEST(MakeSnapshot, KeepsTheEngineUntilTheQueryIsDestroyed) {
   // Lives in the query's frame.
   struct AtTheEnd {
     const std::shared_ptr<bool> engineIsGone;
@@ -253,7 +253,7 @@ TEST(MakeSnapshot, ConcurrentCallsForOneGoalMakeAQueryEach) {
   EXPECT_NE(&snapshots[0]->goal(), &snapshots[1]->goal());
 }
 
-TEST(MakeSnapshot, GoesOnWhereverTheEngineResumesIt) {
+TEST(MakeSnapshot, ContinuesOnTheThreadThatResumesIt) {
   const auto engine = std::make_shared<WaitingEngine>();
   std::optional<GoalResultSnapshotV1> snapshot;
   std::thread::id endedOn;
@@ -273,7 +273,7 @@ TEST(MakeSnapshot, GoesOnWhereverTheEngineResumesIt) {
   EXPECT_FALSE(endedOnTheMainThread);
 }
 
-TEST(MakeSnapshot, AnErrorFromAnotherThreadArrivesThere) {
+TEST(MakeSnapshot, RethrowsAnErrorOnTheThreadThatResumesIt) {
   const auto engine = std::make_shared<WaitingEngine>();
   std::exception_ptr error;
   task::start(makeSnapshot(engine, ""),

@@ -51,7 +51,7 @@ TEST(GoalResultSnapshotEquality, TheOrderOfPeopleMatters) {
   EXPECT_TRUE(GoalResultSnapshotV1(oneWay) == GoalResultSnapshotV1(theOther));
 }
 
-TEST(GoalResultSnapshotEquality, ALongerListIsAnotherOne) {
+TEST(GoalResultSnapshotEquality, ALongerListIsNotEqual) {
   GetGoalSnapshotResponse longer = sample::response();
   longer.outcomes = {sample::outcome(), sample::outcome()};
   EXPECT_FALSE(GoalResultSnapshotV1(longer) == sample::snapshot());

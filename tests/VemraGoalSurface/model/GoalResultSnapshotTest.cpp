@@ -23,13 +23,13 @@ void expectToHoldTheFieldsOf(const GoalResultSnapshotV1& snapshot,
   EXPECT_TRUE(snapshot.outcomes().sharesStorage(response.outcomes));
 }
 
-TEST(GoalResultSnapshot, HoldsTheSixValuesAsGiven) {
+TEST(GoalResultSnapshot, KeepsTheSixValuesUnchanged) {
   const GetGoalSnapshotResponse response = sample::response();
   expectToHoldTheFieldsOf(memberwise(response), response);
   expectToHoldTheFieldsOf(GoalResultSnapshotV1(response), response);
 }
 
-TEST(GoalResultSnapshot, BothWaysToBuildOneGiveEqualSnapshots) {
+TEST(GoalResultSnapshot, BothConstructorsGiveEqualSnapshots) {
   EXPECT_TRUE(memberwise(sample::response()) == GoalResultSnapshotV1(sample::response()));
   EXPECT_TRUE(memberwise(GetGoalSnapshotResponse{}) ==
               GoalResultSnapshotV1(GetGoalSnapshotResponse{}));
@@ -44,7 +44,7 @@ TEST(GoalResultSnapshot, StringsKeepTheirBytes) {
   EXPECT_EQ(snapshot.people()[0].personRef, "persone\u0301");
 }
 
-TEST(GoalResultSnapshot, TakesTheResponseOverInsteadOfCopyingIt) {
+TEST(GoalResultSnapshot, MovesTheResponseInsteadOfCopyingIt) {
   GetGoalSnapshotResponse response = sample::response();
   response.goal.title = std::string(1000, 't');
   const char* bytes = response.goal.title.data();
@@ -68,7 +68,7 @@ TEST(GoalResultSnapshot, KeepsEveryListInTheGivenOrderWithItsDuplicates) {
   EXPECT_EQ(snapshot.people()[2].personRef, "b");
 }
 
-TEST(GoalResultSnapshot, ACopyIsTheSameStorage) {
+TEST(GoalResultSnapshot, ACopySharesTheStorage) {
   const GoalResultSnapshotV1 snapshot = sample::snapshot();
   const GoalResultSnapshotV1 copy = snapshot;
   EXPECT_EQ(&copy.goal(), &snapshot.goal());
@@ -88,7 +88,7 @@ TEST(GoalResultSnapshot, OutlivesItsOriginal) {
   EXPECT_TRUE(copy == sample::snapshot());
 }
 
-TEST(GoalResultSnapshot, WhatIsMovedFromIsStillWhole) {
+TEST(GoalResultSnapshot, AMovedFromSnapshotStaysValid) {
   GoalResultSnapshotV1 original = sample::snapshot();
   const GoalResultSnapshotV1 taken = std::move(original);
   EXPECT_EQ(&original.goal(), &taken.goal());
@@ -97,7 +97,7 @@ TEST(GoalResultSnapshot, WhatIsMovedFromIsStillWhole) {
   EXPECT_EQ(&original.goal(), &assigned.goal());
 }
 
-TEST(GoalResultSnapshot, GivesNothingThatCouldBeWrittenTo) {
+TEST(GoalResultSnapshot, GivesOnlyConstantReferences) {
   using Snapshot = GoalResultSnapshotV1;
   const auto isConstReference = []<class T>(T (Snapshot::*)() const) {
     return std::is_lvalue_reference_v<T> && std::is_const_v<std::remove_reference_t<T>>;

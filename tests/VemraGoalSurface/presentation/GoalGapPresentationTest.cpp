@@ -19,7 +19,7 @@ TEST(GoalGapPresentation, SaysWhyThereIsNoPath) {
             "No supported path to them yet.");
 }
 
-TEST(GoalGapPresentation, WhatIsNoCaseHasNoSentence) {
+TEST(GoalGapPresentation, AnInvalidValueHasNoSentence) {
   EXPECT_EQ(GoalGapPresentation::text(GoalPeopleGap(2)), "");
   EXPECT_EQ(GoalGapPresentation::text(GoalPathGap(2)), "");
 }

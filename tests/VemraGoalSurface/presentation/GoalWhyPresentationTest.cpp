@@ -29,7 +29,7 @@ TEST(GoalWhyEvidence, ReadsLabelColonDetail) {
             "Email: Asked about the launch");
 }
 
-TEST(GoalWhyEvidence, NothingIsTrimmedQuotedOrChecked) {
+TEST(GoalWhyEvidence, TextsAreNotTrimmedQuotedOrChecked) {
   EXPECT_EQ(text(GoalWhyDTO::evidence("", "detail", "r")), ": detail");
   EXPECT_EQ(text(GoalWhyDTO::evidence("label", "", "r")), "label: ");
   EXPECT_EQ(text(GoalWhyDTO::evidence("", "", "r")), ": ");
@@ -37,7 +37,7 @@ TEST(GoalWhyEvidence, NothingIsTrimmedQuotedOrChecked) {
   EXPECT_EQ(text(GoalWhyDTO::evidence("Rene\u0301", "a\xC3", "r")), "Rene\u0301: a\xC3");
 }
 
-TEST(GoalWhyEvidence, TheReferencePlaysNoPart) {
+TEST(GoalWhyEvidence, TheReferenceIsNotShown) {
   EXPECT_EQ(text(GoalWhyDTO::evidence("a", "b", "")), text(GoalWhyDTO::evidence("a", "b", "c")));
 }
 
@@ -71,7 +71,7 @@ TEST(GoalWhyConnectionDeathTest, ACountWithoutAPredecessorStopsTheProcess) {
       "GoalWhyPresentation.text: integer overflow in the hop count");
 }
 
-TEST(GoalWhySharedActivity, NamesWhatWasShared) {
+TEST(GoalWhySharedActivity, NamesTheSharedThreadsAndMeetings) {
   EXPECT_EQ(shared(1, 0), "1 shared thread");
   EXPECT_EQ(shared(2, 0), "2 shared threads");
   EXPECT_EQ(shared(0, 1), "1 shared meeting");
@@ -105,7 +105,7 @@ TEST(GoalWhyPlain, OnlyTheNameMatchHasItsOwnSentence) {
 }
 
 // A locale that would group digits, write other ones and begin numbers with a plus.
-TEST(GoalWhyNumbers, AreTheSameUnderEveryLocale) {
+TEST(GoalWhyNumbers, AreTheSameInEveryLocale) {
   struct Grouping : std::numpunct<char> {
     char do_thousands_sep() const override { return '.'; }
     std::string do_grouping() const override { return "\3"; }

@@ -40,7 +40,7 @@ TEST(SharedArray, KeepsTheElementsInOrder) {
   EXPECT_EQ(std::vector<int>(array.begin(), array.end()), (std::vector{3, 1, 2}));
 }
 
-TEST(SharedArray, AnEmptyOneHasNothingToWalk) {
+TEST(SharedArray, AnEmptyArrayHasNoElements) {
   for (const SharedArray<int>& array :
        {SharedArray<int>(), SharedArray<int>(std::vector<int>()), SharedArray<int>({})}) {
     EXPECT_TRUE(array.empty());
@@ -58,7 +58,7 @@ TEST(SharedArray, TakesAVectorWithoutCopyingTheElements) {
   EXPECT_EQ(array.data(), place);
 }
 
-TEST(SharedArray, BeginsAtTheAlignmentThatItsElementTypeAsksFor) {
+TEST(SharedArray, BeginsAtTheAlignmentOfItsElementType) {
   std::vector<SharedArray<Wide>> arrays;
   for (std::size_t count = 1; count <= 16; ++count) {
     const SharedArray<Wide> array = std::vector<Wide>(count, Wide{"text"});
@@ -90,7 +90,7 @@ TEST(SharedArray, AppendingWithinTheRoomCopiesNoElement) {
   EXPECT_EQ(before.back(), "two");
 }
 
-TEST(SharedArray, AppendingTwiceToOneArrayGivesTwoArrays) {
+TEST(SharedArray, AppendingTwiceToOneArrayGivesTwoDifferentArrays) {
   const SharedArray<std::string> before({"one"}, 8);
   const SharedArray<std::string> left = before.appending({"left"});
   const SharedArray<std::string> right = before.appending({"right", "and more"});
@@ -100,7 +100,7 @@ TEST(SharedArray, AppendingTwiceToOneArrayGivesTwoArrays) {
   EXPECT_FALSE(left.sharesStorage(right));
 }
 
-TEST(SharedArray, AppendingManyTimesSeldomMovesToAnotherPlace) {
+TEST(SharedArray, AppendingManyTimesSeldomCopiesTheElements) {
   SharedArray<int> array;
   int moves = 0;
   for (int i = 0; i < 10'000; ++i) {
@@ -112,7 +112,7 @@ TEST(SharedArray, AppendingManyTimesSeldomMovesToAnotherPlace) {
   for (int i = 0; i < 10'000; ++i) ASSERT_EQ(array[static_cast<std::size_t>(i)], i);
 }
 
-TEST(SharedArray, AnAppendedOneKeepsTheAlignment) {
+TEST(SharedArray, AnAppendedArrayKeepsTheAlignment) {
   const SharedArray<Wide> before{Wide{"one"}};
   const SharedArray<Wide> after = before.appending({Wide{"two"}});
   EXPECT_EQ(reinterpret_cast<std::uintptr_t>(after.data()) % Wide::arrayAlignment, 0U);
@@ -125,7 +125,7 @@ TEST(SharedArray, AppendingNothingKeepsTheStorage) {
   EXPECT_TRUE(SharedArray<int>().appending({}).empty());
 }
 
-TEST(SharedArray, ArraysOfDifferentLengthsOverOneStorageAreUnequal) {
+TEST(SharedArray, ArraysOfDifferentLengthsInOneStorageAreUnequal) {
   const SharedArray<int> before({1}, 1);
   const SharedArray<int> after = before.appending({2});
   EXPECT_EQ(after.data(), before.data());
@@ -146,7 +146,7 @@ TEST(SharedArray, ManyThreadsMayAppendToOneArray) {
   }
 }
 
-TEST(SharedArray, WhatIsMovedFromIsEmpty) {
+TEST(SharedArray, AMovedFromArrayIsEmpty) {
   SharedArray<int> array{1};
   const SharedArray<int> taken = std::move(array);
   EXPECT_TRUE(array.empty());
@@ -154,14 +154,14 @@ TEST(SharedArray, WhatIsMovedFromIsEmpty) {
   EXPECT_EQ(taken.size(), 1U);
 }
 
-TEST(SharedArray, OneStorageIsEqualWithoutALookAtTheElements) {
+TEST(SharedArray, ArraysInOneStorageAreEqualWithoutComparingElements) {
   int comparisons = 0;
   const SharedArray<Watched> array{Watched{&comparisons}};
   EXPECT_TRUE(array == SharedArray<Watched>(array));
   EXPECT_EQ(comparisons, 0);
 }
 
-TEST(SharedArray, DifferentCountsAreUnequalWithoutALookAtTheElements) {
+TEST(SharedArray, DifferentCountsAreUnequalWithoutComparingElements) {
   int comparisons = 0;
   const Watched element{&comparisons, true};
   EXPECT_FALSE(SharedArray<Watched>({element}) == SharedArray<Watched>({element, element}));

@@ -51,12 +51,12 @@ TEST(AbbreviatedDate, UsesTheCalendarAndTheDigitsOfTheLocale) {
   EXPECT_EQ(day("ar_EG"), "٥ يناير ٢٠٢٥");
 }
 
-TEST(AbbreviatedDate, UsesTheCalendarOfTheRegionAskedFor) {
+TEST(AbbreviatedDate, UsesTheCalendarOfTheRequestedRegion) {
   EXPECT_EQ(written("2025-01-05T10:00:00Z", "en-US-u-rg-thzzzz"), "Jan 5, 2568 BE");
   EXPECT_EQ(written("2025-01-05T10:00:00Z", "en_US@rg=thzzzz"), "Jan 5, 2568 BE");
 }
 
-TEST(AbbreviatedDate, KnowsTheTimeZonesThatICUAloneKnows) {
+TEST(AbbreviatedDate, KnowsTheTimeZonesThatOnlyICUHas) {
   const auto inSydney = [](const std::string& instant) { return written(instant, "en_US", "AET"); };
   ASSERT_FALSE(std::ifstream("/usr/share/zoneinfo/AET"));
   EXPECT_EQ(inSydney("2025-01-05T12:59:59Z"), "Jan 5, 2025") << "eleven hours ahead in summer";
@@ -65,7 +65,7 @@ TEST(AbbreviatedDate, KnowsTheTimeZonesThatICUAloneKnows) {
   EXPECT_EQ(inSydney("2025-07-05T14:00:00Z"), "Jul 6, 2025");
 }
 
-TEST(AbbreviatedDate, UsesTheCalendarAndTheDigitsAskedFor) {
+TEST(AbbreviatedDate, UsesTheRequestedCalendarAndDigits) {
   const auto day = [](const std::string& locale) {
     return written("2025-01-05T10:00:00Z", locale);
   };
@@ -131,7 +131,7 @@ TEST(AbbreviatedDate, IsProlepticGregorian) {
   EXPECT_EQ(written("1500-03-01T12:00:00Z", "th_TH"), "1 มี.ค. 2043");
 }
 
-TEST(AbbreviatedDate, TakesWhatItDoesNotKnowForRootAndUTC) {
+TEST(AbbreviatedDate, UsesRootAndUTCForUnknownNames) {
   const Environment german("LC_ALL", "de_DE.UTF-8");
   const std::string root = written("2025-01-05T10:00:00Z", "root");
   EXPECT_EQ(root, "2025 M01 5");
@@ -163,7 +163,7 @@ TEST(AbbreviatedDate, WritesEveryLocaleOnEveryVisit) {
   }
 }
 
-TEST(AbbreviatedDate, IsThatOfAnyInstant) {
+TEST(AbbreviatedDate, WritesAnyInstant) {
   for (const std::int64_t instant :
        {std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max()}) {
     for (const char* timeZone : {"UTC", "Europe/Berlin", "CET-1CEST", "Etc/GMT-14"}) {

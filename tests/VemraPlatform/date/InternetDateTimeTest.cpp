@@ -131,7 +131,7 @@ TEST(InternetDateTime, IsReadOrRefusedAsInTheTable) {
 
 class Mutations : public ::testing::TestWithParam<std::string> {};
 
-TEST_P(Mutations, OfOneCharacterAreReadByTheGrammar) {
+TEST_P(Mutations, TextsWithOneChangedCharacterAreReadByTheGrammar) {
   const std::string& valid = GetParam();
   ASSERT_TRUE(read(valid).has_value());
   std::size_t readable = 0;

@@ -147,7 +147,7 @@ TEST(LocalTime, IsThatOfTheCLibraryUnderARule) {
 
 /// Those of the C library come from a file, `posixrules`, with the dates of other years;
 /// after 2037 it takes New York's offset from there as well.
-TEST(LocalTime, UnderARuleWithoutDatesHasThoseOfTheUnitedStates) {
+TEST(LocalTime, UnderARuleWithoutDatesUsesTheDatesOfTheUnitedStates) {
   Instants instants(1970, 2400);
   for (const char* rule : {"CET-1CEST", "EST5EDT4", "<+0330>-3:30<+0430>", "XXX3YYY-15:30"}) {
     const std::string dated = std::string(rule) + ",M3.2.0/2,M11.1.0/2:00:00";

@@ -106,7 +106,7 @@ TEST(LocaleKeywords, EveryNameOfACalendarGivesItsDate) {
   EXPECT_GE(tried, 18U * 15U);
 }
 
-TEST(LocaleKeywords, ACalendarTakesThePlaceOfTheRegionsOwn) {
+TEST(LocaleKeywords, ACalendarReplacesTheRegionsOwn) {
   for (const char* locale :
        {"fa_IR@calendar=gregory", "fa_IR@calendar=gregorian", "fa_IR@calendar=GREGORY",
         "fa-IR-u-ca-gregory", "fa_IR@CALENDAR=Gregorian"}) {
@@ -150,7 +150,7 @@ TEST(LocaleKeywords, DigitsMayBeTheRegionsOwn) {
   EXPECT_NE(written("ta_IN@numbers=traditio"), written("ta_IN"));
 }
 
-TEST(LocaleKeywords, OfANameThatNothingHasAreRefused) {
+TEST(LocaleKeywords, WithUnknownNamesAreRefused) {
   for (const char* locale :
        {"en_US@calendar=", "en_US@calendar=gregorianum", "en_US@calendar=islamic-",
         "en_US@calendar=-", "en_US@calendar=islamic-civilian", "en_US@calendar=yes",

@@ -21,7 +21,7 @@ TEST(KnownLocale, IsOneThatICULists) {
   EXPECT_FALSE(date::isKnownLocale("und"));
 }
 
-TEST(KnownLocale, MayAskForACalendarAndDigits) {
+TEST(KnownLocale, MayRequestACalendarAndDigits) {
   for (const char* locale :
        {"en-US-u-nu-arab", "en-US-u-ca-buddhist", "en-US-u-ca-buddhist-nu-thai",
         "en_US@numbers=arab", "en_US@calendar=buddhist;numbers=thai", "en_US@calendar=gregory",
@@ -30,7 +30,7 @@ TEST(KnownLocale, MayAskForACalendarAndDigits) {
   }
 }
 
-TEST(KnownLocale, IsNothingElse) {
+TEST(KnownLocale, IsNoOtherText) {
   std::vector<std::string> locales = {"",
                                       "xx",
                                       "xx_YY",

@@ -104,7 +104,7 @@ TEST(TimeZoneFile, OfVersion1HasShortTimesAndNoRule) {
   EXPECT_EQ(TimeZoneFile::parse(pieces.content())->footer(), "");
 }
 
-TEST(TimeZoneFile, MayBeOfAnyLaterVersionAndHaveMoreBehind) {
+TEST(TimeZoneFile, MayBeOfAnyLaterVersionAndHaveMoreDataAtItsEnd) {
   Pieces pieces = sample();
   for (const char version : {'2', '3', '4', '9'}) {
     pieces.version = version;
@@ -113,7 +113,7 @@ TEST(TimeZoneFile, MayBeOfAnyLaterVersionAndHaveMoreBehind) {
   EXPECT_TRUE(TimeZoneFile::parse(pieces.content() + "more"));
 }
 
-TEST(TimeZoneFile, IsNothingWhenAByteIsMissing) {
+TEST(TimeZoneFile, IsNilWhenAByteIsMissing) {
   for (const char version : {'\0', '2'}) {
     Pieces pieces = sample();
     pieces.version = version;
@@ -147,7 +147,7 @@ TEST(TimeZoneFile, IsNilForImpossibleValues) {
   EXPECT_TRUE(isNothing([](Pieces& p) { p.leapSeconds = -1; })) << "four thousand million";
 }
 
-TEST(TimeZoneFile, IsNothingWhenAHeaderIsNotThere) {
+TEST(TimeZoneFile, IsNilWithoutAHeader) {
   const std::string whole = sample().content();
   EXPECT_FALSE(TimeZoneFile::parse("x" + whole.substr(1)));
   const std::size_t second = whole.find("TZif", 1);

@@ -213,7 +213,7 @@ TEST(TimeZoneRule, MayEndInTheYearAfterNext) {
   EXPECT_TRUE(changesAt(rule, "2025-01-06T23:00:00Z"));
 }
 
-TEST(TimeZoneRule, IsThatOfEveryYear) {
+TEST(TimeZoneRule, AppliesToEveryYear) {
   const std::string rule = "CET-1CEST,M3.5.0,M10.5.0/3";
   EXPECT_TRUE(changesAt(rule, "1969-03-30T01:00:00Z"));
   EXPECT_TRUE(changesAt(rule, "0001-03-25T01:00:00Z"));

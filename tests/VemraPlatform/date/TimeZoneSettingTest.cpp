@@ -88,7 +88,7 @@ TEST_F(ZoneOfPath, OfACopyIsTheZoneWithTheSameContentBelowPosixAndRight) {
   EXPECT_EQ(zoneOfPath(right, zoneinfo.string()), "NST3:30NDT,M3.2.0,M11.1.0") << "its rule";
 }
 
-TEST_F(ZoneOfPath, OfACopyWithManyNamesIsTheFirstOfThemInTheAlphabet) {
+TEST_F(ZoneOfPath, OfACopyWithManyNamesIsTheAlphabeticallyFirstName) {
   const std::vector<std::string> names = {"Etc/UCT", "Etc/UTC", "Etc/Universal", "Etc/Zulu",
                                           "UCT",     "UTC",     "Universal",     "Zulu"};
   const auto first = std::find_if(names.begin(), names.end(), [](const std::string& name) {
@@ -111,7 +111,7 @@ TEST_F(ZoneOfPath, OfAFileOfNoZoneIsItsRule) {
   EXPECT_EQ(zoneOfPath((folder / "copy").string()), std::nullopt) << "has no rule";
 }
 
-TEST_F(ZoneOfPath, OfAFileThatIsNoTimeZoneIsNothing) {
+TEST_F(ZoneOfPath, OfAFileThatIsNoTimeZoneIsNil) {
   std::ofstream(folder / "copy") << "TZif and nothing else";
   EXPECT_EQ(zoneOfPath((folder / "copy").string()), std::nullopt);
   EXPECT_EQ(zoneOfPath((folder / "missing").string()), std::nullopt);
@@ -129,7 +129,7 @@ TEST_F(ZoneOfPath, OnAMachineWithoutTimeZoneFilesIsTheNameInItOrItsRule) {
   }
 }
 
-TEST(ZoneOfSetting, OnAMachineWithoutTimeZoneFilesIsWhatICUKnows) {
+TEST(ZoneOfSetting, OnAMachineWithoutTimeZoneFilesIsAnyNameThatICUKnows) {
   const std::string none = "/no/such/zoneinfo";
   EXPECT_EQ(date::zoneOfSetting("Europe/Berlin", none), "Europe/Berlin");
   EXPECT_EQ(date::zoneOfSetting("JST", none), "JST");

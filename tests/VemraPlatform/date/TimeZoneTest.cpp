@@ -18,7 +18,7 @@ TEST(KnownTimeZone, IsANameOfTheDatabase) {
   }
 }
 
-TEST(KnownTimeZone, IsNothingElse) {
+TEST(KnownTimeZone, IsNoOtherText) {
   std::vector<std::string> timeZones = {
       "",       "Mars/Olympus",  "Etc/Unknown",    "GMT+2",          "GMT+02:00",
       "+02:00", "europe/berlin", ":Europe/Berlin", "Europe/Berlin ", "Europe",
@@ -34,7 +34,7 @@ std::string systemTimeZone(const std::optional<std::string>& setting) {
   return date::systemTimeZone();
 }
 
-TEST(SystemTimeZone, IsTheOneOfTZ) {
+TEST(SystemTimeZone, IsTheTimeZoneInTZ) {
   EXPECT_EQ(systemTimeZone("Europe/Berlin"), "Europe/Berlin");
   EXPECT_EQ(systemTimeZone(":Asia/Tokyo"), "Asia/Tokyo");
   EXPECT_EQ(systemTimeZone("/usr/share/zoneinfo/America/New_York"), "America/New_York");

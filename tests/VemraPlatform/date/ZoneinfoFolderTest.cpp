@@ -10,7 +10,7 @@ namespace {
 
 using date::zoneOfDatabase;
 
-TEST(ZoneOfDatabase, OnAMachineWithoutTimeZoneFilesIsNone) {
+TEST(ZoneOfDatabase, OnAMachineWithoutTimeZoneFilesIsNil) {
   EXPECT_TRUE(zoneOfDatabase("Asia/Tokyo"));
   EXPECT_FALSE(zoneOfDatabase("Asia/Tokyo", "/no/such/zoneinfo"));
 }

@@ -31,13 +31,13 @@ class AnchorTest : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(AnchorTest, TheFirstElementInViewStaysWhereItIs) {
+TEST_F(AnchorTest, TheFirstElementInViewStaysInPlace) {
   const Anchor before = anchor(Reason::changed);
   laid.show(texts(15, {"a", "b", "c", "d", "e", "f"}));
   EXPECT_EQ(position(before), 310);
 }
 
-TEST_F(AnchorTest, TheNextElementStaysWhenTheFirstOneGoes) {
+TEST_F(AnchorTest, TheNextElementStaysInPlaceWhenTheFirstIsRemoved) {
   const Anchor before = anchor(Reason::changed);
   laid.show(texts(10, {"b", "c", "d", "e", "f"}));
   EXPECT_EQ(position(before), 190) << "b stands twenty higher";
@@ -50,13 +50,13 @@ TEST_F(AnchorTest, TheFocusedElementComesFirstWhenItIsInView) {
   EXPECT_EQ(top, 240 - 210);
 }
 
-TEST_F(AnchorTest, AFocusedElementOutOfViewCountsForNothing) {
+TEST_F(AnchorTest, AFocusedElementOutOfViewIsIgnored) {
   const Anchor before = anchor(Reason::changed, &laid.leaf("f"));
   laid.show(texts(15, {"a", "b", "c", "d", "e", "f"}));
   EXPECT_EQ(position(before), 310);
 }
 
-TEST_F(AnchorTest, OfATallElementWhoseTopIsAboveTheSamePartStays) {
+TEST_F(AnchorTest, TheVisiblePartOfATallElementStaysInPlace) {
   viewport.position = 100;  // half of the tall text is above
   const Anchor before = anchor(Reason::resized);
   laid.width = 50;
@@ -72,20 +72,20 @@ TEST_F(AnchorTest, AtTheVeryTopThePageStaysThere) {
   EXPECT_EQ(position(before), 0);
 }
 
-TEST_F(AnchorTest, AtTheVeryTopAFocusedElementInViewStaysAllTheSame) {
+TEST_F(AnchorTest, AtTheVeryTopAFocusedElementInViewStaysInPlace) {
   viewport = {100, 300, 0};
   const Anchor before = anchor(Reason::changed, &laid.leaf("b"));
   laid.show(texts(15, {"a", "b"}));
   EXPECT_EQ(position(before), 100);
 }
 
-TEST_F(AnchorTest, AfterAJumpToTheEndTheEndStays) {
+TEST_F(AnchorTest, AfterAJumpToTheEndThePageStaysAtTheEnd) {
   const Anchor before = anchor(Reason::scrolledToEnd);
   laid.show(texts(15, {"a", "b"}));
   EXPECT_EQ(position(before), 340) << "the whole page; the caller keeps it on the page";
 }
 
-TEST_F(AnchorTest, WhenEverythingInViewGoesTheRowStaysAtItsPlace) {
+TEST_F(AnchorTest, WhenEveryElementInViewIsRemovedTheRowIndexStaysInPlace) {
   Laid rows(column({list(numbered(100))}), 100);
   rows.ask({{0, 30}});
   const Viewport seen{100, 60, 205};
@@ -96,7 +96,7 @@ TEST_F(AnchorTest, WhenEverythingInViewGoesTheRowStaysAtItsPlace) {
   EXPECT_EQ(before.position(rows.tree, rows.frames(), seen), 305);
 }
 
-TEST_F(AnchorTest, TheRowStaysAtItsPlaceBelowOtherElementsToo) {
+TEST_F(AnchorTest, TheRowIndexStaysInPlaceAlsoBelowOtherElements) {
   Laid rows(column({text(std::string(100, 'x')), list(numbered(100))}), 100);
   rows.ask({{0, 30}});
   const Viewport seen{100, 60, 405};  // in row 10 of the list, which begins at 200
@@ -105,7 +105,7 @@ TEST_F(AnchorTest, TheRowStaysAtItsPlaceBelowOtherElementsToo) {
   EXPECT_EQ(before.position(rows.tree, rows.frames(), seen), 405);
 }
 
-TEST_F(AnchorTest, OfARowThatGotShorterItsLastLineStays) {
+TEST_F(AnchorTest, ARowThatGotShorterKeepsItsLastLineInPlace) {
   Laid rows(column({list(numbered(100))}), 100);
   rows.ask({{0, 30}});
   rows.list().rows->setHeight(3, 120);
@@ -116,7 +116,7 @@ TEST_F(AnchorTest, OfARowThatGotShorterItsLastLineStays) {
   EXPECT_EQ(before.position(rows.tree, rows.frames(), seen), 60 + 19);
 }
 
-TEST_F(AnchorTest, AListBelowTheTopOfTheViewportHoldsNothingInPlace) {
+TEST_F(AnchorTest, AListBelowTheTopOfTheViewportIsNoAnchor) {
   const auto page = [](const char* id, int lines) {
     const std::string tall(static_cast<std::size_t>(lines) * 10, 'x');
     return column({ui::View(text(tall)).id(id), list(numbered(100))});
@@ -130,7 +130,7 @@ TEST_F(AnchorTest, AListBelowTheTopOfTheViewportHoldsNothingInPlace) {
   EXPECT_EQ(before.position(rows.tree, rows.frames(), seen), 60);
 }
 
-TEST_F(AnchorTest, AListWithoutRowsHoldsNothingInPlaceWhereItsRowsWere) {
+TEST_F(AnchorTest, AListThatHasBecomeEmptyIsNoAnchor) {
   const auto page = [](const char* id, int lines, std::size_t rows) {
     const std::string tall(static_cast<std::size_t>(lines) * 10, 'x');
     return column({ui::View(text(tall)).id(id), list(numbered(rows))});

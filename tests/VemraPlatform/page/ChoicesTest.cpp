@@ -38,7 +38,7 @@ TEST_F(Choices, AreTheTaggedRowsInTreeOrder) {
   EXPECT_EQ(choices[1].label, "Bad");
 }
 
-TEST_F(Choices, HaveTheFirstTextOfARowOfSeveral) {
+TEST_F(Choices, HaveTheFirstOfSeveralTextsInARow) {
   const auto choices =
       choicesOf(picker(Mood::bad, {ui::VStack(ui::HorizontalAlignment::leading, 0,
                                               {Text(verbatim("Bad")), Text(verbatim("and worse"))})
@@ -47,7 +47,7 @@ TEST_F(Choices, HaveTheFirstTextOfARowOfSeveral) {
   EXPECT_EQ(choices[0].label, "Bad");
 }
 
-TEST_F(Choices, AreTheSameOfAPickerThatNoPatchHasReached) {
+TEST_F(Choices, AreTheSameForAPickerWithoutPatches) {
   const Node& patched =
       picker(Mood::bad, {ui::Group({Text(verbatim("Bad")).tag(Mood::bad)}),
                          Text(verbatim("Good")).tag(Mood::good).accessibilityIdentifier("best")});

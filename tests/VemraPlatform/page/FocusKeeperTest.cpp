@@ -38,43 +38,43 @@ class FocusKeeperTest : public ::testing::Test, protected RowSupply {
 
 }  // namespace
 
-TEST_F(FocusKeeperTest, LooksForNothingBeforeTheFocusIsLost) {
+TEST_F(FocusKeeperTest, DoesNotSearchBeforeTheFocusIsLost) {
   keeper.removing(laid.leaf("b"), &laid.leaf("a"), &laid.leaf("c"), Sight::inView);
   EXPECT_FALSE(keeper.isSearching());
   EXPECT_EQ(control(), "none");
 }
 
-TEST_F(FocusKeeperTest, TheControlAfterTheLostOneComesFirst) {
+TEST_F(FocusKeeperTest, TheControlAfterTheLostControlComesFirst) {
   lose("b", column({button("a"), text("x"), button("c")}));
   ASSERT_TRUE(keeper.isSearching());
   EXPECT_EQ(control(), "c");
 }
 
-TEST_F(FocusKeeperTest, WithNoneAfterItTheControlBeforeItTakesTheFocus) {
+TEST_F(FocusKeeperTest, WithoutAControlAfterItTheControlBeforeItGetsTheFocus) {
   lose("b", column({button("a"), text("x"), button("c").disabled(true)}));
   EXPECT_EQ(control(), "a");
 }
 
-TEST_F(FocusKeeperTest, WithoutAnyControlNothingDoes) {
+TEST_F(FocusKeeperTest, WithoutAnyControlNoElementGetsTheFocus) {
   lose("b", column({button("a").disabled(true), text("x"), text("c")}));
   EXPECT_EQ(control(), "none");
   EXPECT_FALSE(keeper.isUnfinished(nullptr));
 }
 
-TEST_F(FocusKeeperTest, AnElementThatGoesOutOfViewHandsNothingOn) {
+TEST_F(FocusKeeperTest, AnElementRemovedOutOfViewPassesTheFocusToNoControl) {
   lose("b", column({button("a"), text("x"), button("c")}), Sight::outOfView);
   EXPECT_TRUE(keeper.isSearching()) << "the page has to take the focus itself";
   EXPECT_EQ(control(), "none");
 }
 
-TEST_F(FocusKeeperTest, APressedElementHandsItOnWhereverItIs) {
+TEST_F(FocusKeeperTest, APressedElementPassesTheFocusOnAlsoOutOfView) {
   const Node& pressed = laid.leaf("b");
   keeper.removing(pressed, nullptr, &pressed, Sight::outOfView);
   laid.show(column({button("a"), text("x"), button("c")}));
   EXPECT_EQ(control(), "c");
 }
 
-TEST_F(FocusKeeperTest, WhenTheParentGoesTooItsOwnPlaceCounts) {
+TEST_F(FocusKeeperTest, WhenTheParentIsRemovedTooTheParentsPlaceCounts) {
   Laid inner(column({button("a"), column({text("x"), button("b")}), button("c")}));
   FocusKeeper kept(inner.tree, *this);
   const Node& lost = inner.leaf("b");

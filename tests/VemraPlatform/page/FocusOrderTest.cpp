@@ -67,7 +67,7 @@ TEST_F(FocusOrderTest, OnlyEnabledControlsTakeTheFocus) {
   EXPECT_FALSE(takesFocus(*laid.tree.root()));
 }
 
-TEST_F(FocusOrderTest, GoesInTreeOrderThroughRowsThatAreNotThere) {
+TEST_F(FocusOrderTest, GoesInTreeOrderThroughRowsWithoutNodes) {
   Laid laid(controls(3));
   EXPECT_EQ(first(laid), "one");
   EXPECT_EQ(next(laid, "one"), "two");
@@ -98,7 +98,7 @@ TEST_F(FocusOrderTest, LeavesAListWithoutControlsAfterSixtyFourRows) {
   EXPECT_EQ(asked, 64);
 }
 
-TEST_F(FocusOrderTest, ARowTakesThePlaceOfALostRow) {
+TEST_F(FocusOrderTest, TheRowAtTheLostIndexReplacesALostRow) {
   Laid laid(controls(5));
   LostPlace lost;
   lost.within = laid.list().id;
@@ -108,7 +108,7 @@ TEST_F(FocusOrderTest, ARowTakesThePlaceOfALostRow) {
   EXPECT_EQ(nextTo(laid, lost), "row4") << "the last row, when the lost one was behind it";
 }
 
-TEST_F(FocusOrderTest, WhatStandsBehindTheSameNeighbourTakesThePlaceOfALostElement) {
+TEST_F(FocusOrderTest, TheNodeBehindTheSameNeighbourReplacesALostElement) {
   Laid laid(column({text("a"), button("b"), button("c")}));
   const LostPlace lost = LostPlace::of(laid.leaf("b"));
   EXPECT_EQ(lost.within, laid.tree.root()->id);
@@ -119,7 +119,7 @@ TEST_F(FocusOrderTest, WhatStandsBehindTheSameNeighbourTakesThePlaceOfALostEleme
   EXPECT_EQ(LostPlace::of(laid.leaf("a")).after, ui::NodeID{}) << "nothing before it";
 }
 
-TEST_F(FocusOrderTest, OfALostRowTheIndexIsNotedAndOfNothingElse) {
+TEST_F(FocusOrderTest, OnlyALostRowHasAnIndex) {
   Laid laid(controls(5));
   laid.ask({{1, 4}});
   const Node& row = *laid.list().firstChild->next;
@@ -128,7 +128,8 @@ TEST_F(FocusOrderTest, OfALostRowTheIndexIsNotedAndOfNothingElse) {
   EXPECT_EQ(LostPlace::of(laid.leaf("one")).row, std::nullopt);
 }
 
-TEST_F(FocusOrderTest, WithoutAControlInTheLostRowTheRowsAfterItComeAndThenWhatFollowsTheList) {
+TEST_F(FocusOrderTest,
+       WithoutAControlInTheLostRowTheLaterRowsComeFirstAndThenTheNodesBehindTheList) {
   const auto only = [](const std::string& id) {
     return [id](const std::string& row) { return row == id ? ui::View(button(row)) : text(row); };
   };
@@ -143,7 +144,7 @@ TEST_F(FocusOrderTest, WithoutAControlInTheLostRowTheRowsAfterItComeAndThenWhatF
   EXPECT_EQ(nextTo(laid, lost, Direction::backward), "row9");
 }
 
-TEST_F(FocusOrderTest, BeforeALostElementComesItsNeighbourAndThenWhatStandsBeforeTheParent) {
+TEST_F(FocusOrderTest, BackwardsTheNeighbourComesFirstAndThenTheNodesBeforeTheParent) {
   Laid laid(column({button("head"), column({button("a"), text("b"), button("c")})}));
   const LostPlace lost = LostPlace::of(laid.leaf("c"));
   laid.show(column({button("head"), column({button("a"), text("b")})}));
@@ -153,7 +154,7 @@ TEST_F(FocusOrderTest, BeforeALostElementComesItsNeighbourAndThenWhatStandsBefor
   EXPECT_EQ(nextTo(laid, lost, Direction::backward), "head");
 }
 
-TEST_F(FocusOrderTest, ANeighbourThatIsElsewhereNowCountsForNothing) {
+TEST_F(FocusOrderTest, ANeighbourThatHasMovedAwayIsIgnored) {
   Laid laid(column({button("head"), column({button("a"), button("b")}), button("c")}));
   LostPlace lost;
   lost.within = laid.leaf("a").parent->id;
@@ -162,7 +163,7 @@ TEST_F(FocusOrderTest, ANeighbourThatIsElsewhereNowCountsForNothing) {
   EXPECT_EQ(nextTo(laid, lost, Direction::backward), "head");
 }
 
-TEST_F(FocusOrderTest, TheRowOfAListThatIsEmptyNowHasNoNeighbours) {
+TEST_F(FocusOrderTest, ALostRowOfAnEmptyListHasNoNeighbours) {
   Laid laid(column({button("before"), list({}), button("after")}));
   LostPlace lost;
   lost.within = laid.list().id;
@@ -171,7 +172,7 @@ TEST_F(FocusOrderTest, TheRowOfAListThatIsEmptyNowHasNoNeighbours) {
   EXPECT_EQ(nextTo(laid, lost, Direction::backward), "before");
 }
 
-TEST_F(FocusOrderTest, WaitsForTheFirstRowThatComesLaterAndAsksForNoOther) {
+TEST_F(FocusOrderTest, WaitsForTheFirstLateRowAndRequestsNoOther) {
   Laid laid(column({button("before"), list(numbered(100)), button("after")}));
   supplied = &laid;
   isLate = true;
@@ -182,7 +183,7 @@ TEST_F(FocusOrderTest, WaitsForTheFirstRowThatComesLaterAndAsksForNoOther) {
   EXPECT_EQ(asked, 1);
 }
 
-TEST_F(FocusOrderTest, WaitsForTheNextRowRatherThanLeaveTheList) {
+TEST_F(FocusOrderTest, WaitsForTheNextRowAndDoesNotLeaveTheList) {
   Laid laid(column({button("before"), list(numbered(100), button), button("after")}));
   supplied = &laid;
   laid.ask({{50, 51}});
@@ -196,7 +197,7 @@ TEST_F(FocusOrderTest, WaitsForTheNextRowRatherThanLeaveTheList) {
   }
 }
 
-TEST_F(FocusOrderTest, AResumedSearchGoesOnAndNeverBack) {
+TEST_F(FocusOrderTest, AResumedSearchContinuesAndNeverGoesBack) {
   Laid laid(column({button("before"), list(numbered(200)), button("after")}));
   supplied = &laid;
   isLate = true;
@@ -224,7 +225,7 @@ TEST_F(FocusOrderTest, AResumedSearchFindsAControlInALateRow) {
   EXPECT_FALSE(order.waiting());
 }
 
-TEST_F(FocusOrderTest, NothingTakesThePlaceInAParentThatHasGone) {
+TEST_F(FocusOrderTest, NoControlIsFoundInARemovedParent) {
   Laid laid(controls(2));
   LostPlace lost;
   lost.within = laid.leaf("two").parent->id;
@@ -232,7 +233,7 @@ TEST_F(FocusOrderTest, NothingTakesThePlaceInAParentThatHasGone) {
   EXPECT_EQ(nextTo(laid, lost), "none");
 }
 
-TEST_F(FocusOrderTest, EndsWhenTheTreeGoesWhileRowsComeIn) {
+TEST_F(FocusOrderTest, EndsWhenTheTreeIsRemovedDuringTheSearch) {
   // What a row shows cannot be read: the graph gives the whole tree up.
   const auto broken = [](const std::string&) -> ui::View {
     return ui::TextField(

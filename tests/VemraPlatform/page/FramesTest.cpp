@@ -17,14 +17,14 @@ ui::View page(std::size_t count) {
 
 }  // namespace
 
-TEST(Frames, AnElementOutsideListsStandsWhereTheLayoutPutIt) {
+TEST(Frames, AnElementOutsideListsHasItsFrameOfTheLayout) {
   Laid laid(page(3));
   EXPECT_EQ(laid.frames().of(laid.leaf("head")), (Rect{0, 0, 40, 20}));
   EXPECT_EQ(laid.frames(LayoutDirection::rightToLeft).of(laid.leaf("head")),
             (Rect{260, 0, 40, 20}));
 }
 
-TEST(Frames, AnElementInARowStandsWhereItsRowStands) {
+TEST(Frames, AnElementInARowMovesWithItsRow) {
   Laid laid(page(100));
   laid.ask({{7, 9}});
   const int estimate = laid.list().rows->estimate();
@@ -34,13 +34,13 @@ TEST(Frames, AnElementInARowStandsWhereItsRowStands) {
             (Rect{256, 30 + 8 * 30, 40, 20}));
 }
 
-TEST(Frames, ARowThatIsNotThereStandsByTheEstimate) {
+TEST(Frames, ARowWithoutNodesHasTheEstimatedPosition) {
   Laid laid(page(100));
   laid.ask({{7, 9}});
   EXPECT_EQ(laid.frames().ofRow(laid.list(), 50), (Rect{0, 30 + 50 * 30, 300, 20}));
 }
 
-TEST(PositionShowing, IsWhereThePageIsWhileTheElementIsInView) {
+TEST(PositionShowing, StaysTheSameWhileTheElementIsInView) {
   Laid laid(page(100));
   laid.ask({{0, 20}});
   const Frames frames = laid.frames();
@@ -48,7 +48,7 @@ TEST(PositionShowing, IsWhereThePageIsWhileTheElementIsInView) {
   EXPECT_EQ(positionShowing(laid.leaf("row5"), frames, viewport, 12), 100);
 }
 
-TEST(PositionShowing, MovesNoFurtherThanItTakesWithSomeAir) {
+TEST(PositionShowing, MovesNoFurtherThanNeededPlusTheMargin) {
   Laid laid(page(100));
   laid.ask({{0, 20}});
   const Frames frames = laid.frames();
@@ -58,7 +58,7 @@ TEST(PositionShowing, MovesNoFurtherThanItTakesWithSomeAir) {
             30 + 15 * 30 + 20 - 1 + 12 - 200);
 }
 
-TEST(PositionShowing, TakesTheWholeRowWhenItFits) {
+TEST(PositionShowing, ShowsTheWholeRowWhenItFits) {
   const auto row = [](const std::string& id) { return column({text(id), text(id + "b")}); };
   Laid laid(column({list(numbered(100), row)}));
   laid.ask({{0, 20}});

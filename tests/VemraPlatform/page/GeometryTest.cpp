@@ -5,7 +5,7 @@
 
 namespace vemra::page {
 
-TEST(Geometry, TheRightAndBottomEdgesAreNoLongerPartOfARectangle) {
+TEST(Geometry, TheRightAndBottomEdgesAreOutsideARectangle) {
   const Rect rect{3, 4, 10, 20};
   EXPECT_EQ(rect.right(), 13);
   EXPECT_EQ(rect.bottom(), 24);
@@ -15,7 +15,7 @@ TEST(Geometry, TheRightAndBottomEdgesAreNoLongerPartOfARectangle) {
   EXPECT_EQ(rect.movedBy(-3, 6), (Rect{0, 10, 10, 20}));
 }
 
-TEST(Geometry, TheUnionHoldsBothAndNothingMore) {
+TEST(Geometry, TheUnionIsTheSmallestRectangleAroundBoth) {
   EXPECT_EQ(united({0, 0, 4, 4}, {10, 2, 2, 9}), (Rect{0, 0, 12, 11}));
   EXPECT_EQ(united({5, 5, 1, 1}, {-3, -2, 4, 1}), (Rect{-3, -2, 9, 8}));
   EXPECT_EQ(united({}, {10, 2, 2, 9}), (Rect{10, 2, 2, 9}));
@@ -23,12 +23,12 @@ TEST(Geometry, TheUnionHoldsBothAndNothingMore) {
   EXPECT_EQ(united({10, 2, 0, 9}, {12, 30, 1, 1}), (Rect{10, 2, 3, 29})) << "an empty text counts";
 }
 
-TEST(Geometry, MirroringTurnsAFrameAboutTheMiddleOfItsScope) {
+TEST(Geometry, MirroringReflectsAFrameAtTheMiddleOfItsScope) {
   EXPECT_EQ(mirrored({24, 5, 40, 20}, 200), (Rect{136, 5, 40, 20}));
   EXPECT_EQ(mirrored(mirrored({24, 5, 40, 20}, 200), 200), (Rect{24, 5, 40, 20}));
 }
 
-TEST(Viewport, ShowsWhatReachesIntoIt) {
+TEST(Viewport, ShowsFramesThatOverlapIt) {
   const Viewport viewport{100, 50, 200};
   EXPECT_FALSE(viewport.shows({0, 190, 10, 10})) << "ends where the viewport begins";
   EXPECT_TRUE(viewport.shows({0, 190, 10, 11}));

@@ -51,7 +51,7 @@ TEST(Layout, ARowAtTheTop) {
   EXPECT_EQ(laid.leaf("ab").frame.y, 0);
 }
 
-TEST(Layout, ARowThatDoesNotFitGoesOnInAFurtherLine) {
+TEST(Layout, ARowThatDoesNotFitContinuesInAFurtherLine) {
   Laid laid(HStack(VerticalAlignment::center, 8, {text("aaaa"), text("bbbb"), text("cc")}), 100);
   EXPECT_EQ(laid.leaf("aaaa").frame, (Rect{0, 0, 40, 20}));
   EXPECT_EQ(laid.leaf("bbbb").frame, (Rect{48, 0, 40, 20}));
@@ -71,7 +71,7 @@ TEST(Layout, ARowWithoutElementsHasNoSize) {
   EXPECT_EQ(laid.tree.root()->size, (Size{0, 0}));
 }
 
-TEST(Layout, NothingIsWiderThanThePageItStandsOn) {
+TEST(Layout, NothingIsWiderThanThePage) {
   Laid laid(VStack(HorizontalAlignment::leading, 4,
                    {text("a rather long text"), HStack(VerticalAlignment::center, 8,
                                                        {button("a long title"), button("other")})})
@@ -83,7 +83,7 @@ TEST(Layout, NothingIsWiderThanThePageItStandsOn) {
   });
 }
 
-TEST(Layout, GroupsAddNothingAndHandTheirPaddingOn) {
+TEST(Layout, GroupsAddNothingAndPassTheirPaddingToTheirChildren) {
   Laid plain(VStack(HorizontalAlignment::leading, 5, {text("a"), Group({text("b"), text("c")})}),
              99);
   EXPECT_EQ(plain.leaf("c").frame, (Rect{0, 50, 10, 20}));
@@ -100,7 +100,7 @@ TEST(Layout, AbsentChildrenLeaveNoGap) {
   EXPECT_EQ(laid.leaf("b").frame.y, 25);
 }
 
-TEST(Layout, RowsNotAskedForStandByTheEstimate) {
+TEST(Layout, RowsThatWereNotRequestedHaveTheEstimatedHeight) {
   Laid laid(column({text("head"), list(numbered(1000)), text("foot")}, 10));
   const page::Node& rows = laid.list();
   EXPECT_EQ(rows.frame.y, 30);
@@ -108,7 +108,7 @@ TEST(Layout, RowsNotAskedForStandByTheEstimate) {
   EXPECT_EQ(laid.leaf("foot").frame.y, rows.frame.bottom() + 10);
 }
 
-TEST(Layout, InAnotherWidthTheRowsThatAreThereGiveTheEstimateAnew) {
+TEST(Layout, AnotherWidthEstimatesAgainFromTheExistingRows) {
   page::sample::IDs twoLines;
   for (int i = 0; i < 100; ++i) twoLines.push_back("a row of 15, " + std::to_string(10 + i));
   Laid laid(column({list(twoLines)}), 300);
@@ -124,7 +124,7 @@ TEST(Layout, AnEmptyListLeavesNoGap) {
   EXPECT_EQ(laid.leaf("foot").frame.y, 30);
 }
 
-TEST(Layout, OnlyWhatChangedIsMeasuredAgain) {
+TEST(Layout, OnlyChangedNodesAreMeasuredAgain) {
   struct Counting final : page::LeafMetrics {
     Size measure(const page::Node&, int) override {
       ++count;

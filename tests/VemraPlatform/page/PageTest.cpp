@@ -95,7 +95,7 @@ TEST_F(PageTest, AnotherEnvironmentReachesTheHostBeforeTheLeavesAreMeasuredAgain
   EXPECT_EQ(frame.right(), host.page.tree().root()->measuredWidth) << "mirrored";
 }
 
-TEST_F(PageTest, ABarThatTakesHeightLengthensTheScrollRange) {
+TEST_F(PageTest, AScrollBarThatTakesHeightLengthensTheScrollRange) {
   host.bar = {0, 40};
   std::vector<ui::View> lines(20, text("line"));
   graph.setRoot(column(std::move(lines)));
@@ -104,7 +104,7 @@ TEST_F(PageTest, ABarThatTakesHeightLengthensTheScrollRange) {
   EXPECT_EQ(host.maximum, host.page.contentHeight() - (host.size.height - 40));
 }
 
-TEST_F(PageTest, AFocusLostAmongRowsWithoutControlsGoesNowhereAndThePageComesToRest) {
+TEST_F(PageTest, AFocusLostAmongRowsWithoutControlsIsGivenUpAndThePageComesToRest) {
   show(rows("row150"));
   scrollTo(150);
   host.page.focus(find("row150")->id, FocusReason::other);
@@ -117,7 +117,7 @@ TEST_F(PageTest, AFocusLostAmongRowsWithoutControlsGoesNowhereAndThePageComesToR
   EXPECT_EQ(top("done"), before);
 }
 
-TEST_F(PageTest, AFocusLostAmongDisabledControlsGoesNowhereEither) {
+TEST_F(PageTest, AFocusLostAmongDisabledControlsIsGivenUpToo) {
   show([](const std::string& id) -> ui::View {
     return id == "row150" ? ui::View(Once{id}) : ui::View(button(id).disabled(true));
   });
@@ -128,7 +128,7 @@ TEST_F(PageTest, AFocusLostAmongDisabledControlsGoesNowhereEither) {
   EXPECT_EQ(host.vain, 1);
 }
 
-TEST_F(PageTest, ALostFocusGoesToARowFurtherDownThatIsNotThere) {
+TEST_F(PageTest, ALostFocusGoesToARowFurtherDownWithoutNodes) {
   show(rows("row150", "row200"));
   scrollTo(150);
   host.page.focus(find("row150")->id, FocusReason::other);
@@ -165,7 +165,7 @@ TEST_F(PageTest, APageWithoutControlsStaysAtItsTopWhenTheFocusComesIn) {
   EXPECT_EQ(host.position, 0);
 }
 
-TEST_F(PageTest, AnElementIsScrolledInOnlyWhenItIsNotSeen) {
+TEST_F(PageTest, AnElementIsScrolledInOnlyWhenItIsOutOfView) {
   show(rows("", "row150"));
   scrollTo(150);
   host.scrollTo(150 * 20);
@@ -176,7 +176,7 @@ TEST_F(PageTest, AnElementIsScrolledInOnlyWhenItIsNotSeen) {
   EXPECT_EQ(top("row150"), 12) << "with air above it";
 }
 
-TEST_F(PageTest, APageThatIsNotShownWaitsUntilItIs) {
+TEST_F(PageTest, AHiddenPageWaitsUntilItIsShown) {
   host.isSeen = false;
   show(rows(""));
   EXPECT_TRUE(host.drawn.empty());
@@ -185,7 +185,7 @@ TEST_F(PageTest, APageThatIsNotShownWaitsUntilItIs) {
   EXPECT_FALSE(host.drawn.empty());
 }
 
-TEST_F(PageTest, WhatADescriptionThrowsGoesToTheHostAndThePageGoesOn) {
+TEST_F(PageTest, AnExceptionOfADescriptionGoesToTheHostAndThePageContinues) {
   show([](const std::string& id) -> ui::View {
     if (id == "row150") throw std::runtime_error(id);
     return text(id);
@@ -197,7 +197,7 @@ TEST_F(PageTest, WhatADescriptionThrowsGoesToTheHostAndThePageGoesOn) {
   EXPECT_EQ(host.maximum, host.page.contentHeight() - host.size.height);
 }
 
-TEST_F(PageTest, AScrollBarThatNarrowsThePageIsTakenUpInTheSamePass) {
+TEST_F(PageTest, AScrollBarThatNarrowsThePageTakesEffectInTheSamePass) {
   show(rows(""));
   EXPECT_TRUE(host.hasBar);
   EXPECT_EQ(host.page.tree().root()->measuredWidth, host.size.width - 10);
@@ -217,7 +217,7 @@ TEST_F(PageTest, ARowThatDoesNotExistIsNotScrolledTo) {
   EXPECT_EQ(host.position, host.maximum);
 }
 
-TEST_F(PageTest, AFocusThatComesFromElsewhereGoesToTheControlBehindThatPlace) {
+TEST_F(PageTest, FocusInPlaceFocusesTheControlBehindThatPlace) {
   show([](const std::string& id) { return ui::View(button(id)); });
   const Node* const row = rowOf(find("row3"));
   ASSERT_TRUE(row);
@@ -235,7 +235,7 @@ TEST_F(PageTest, APageAtItsEndDoesNotScrollWhenItGetsLonger) {
   EXPECT_EQ(host.position, before);
 }
 
-TEST_F(PageTest, WhatChangesWhileThePageIsNotShownMovesNothingThatWasInView) {
+TEST_F(PageTest, ChangesWhileThePageIsHiddenMoveNoElementInView) {
   const auto rows = [](const IDs& ids) { return column({list(ids)}); };
   IDs ids = numbered(300);
   graph.setRoot(rows(ids));
@@ -257,7 +257,7 @@ TEST_F(PageTest, ScrolledToItsEndThePageStaysThereWhileRowsGetTheirHeights) {
   EXPECT_EQ(top("row299") + find("row299")->size.height, host.size.height);
 }
 
-TEST_F(PageTest, ScrolledUpAPageMovesJustAsFarWhileRowsAboveGetTheirHeights) {
+TEST_F(PageTest, ScrollingUpMovesExactlyAsFarWhileRowsAboveGetTheirHeights) {
   show(ofManyHeights);
   scrollTo(150);
   for (int i = 0; i < 5; ++i) {
@@ -268,7 +268,7 @@ TEST_F(PageTest, ScrolledUpAPageMovesJustAsFarWhileRowsAboveGetTheirHeights) {
   }
 }
 
-TEST_F(PageTest, OfAPageThatIsSureToScrollEachElementIsMeasuredOnce) {
+TEST_F(PageTest, APageThatWillCertainlyScrollMeasuresEachElementOnce) {
   graph.setRoot(column({text("head"), list(numbered(300)), text("foot")}));
   host.page.settleIfNeeded();
   ASSERT_TRUE(host.hasBar);
@@ -277,7 +277,7 @@ TEST_F(PageTest, OfAPageThatIsSureToScrollEachElementIsMeasuredOnce) {
   EXPECT_EQ(host.measured, leaves);
 }
 
-TEST_F(PageTest, OfManyTextFieldsThoseThatHadTheFocusLastStay) {
+TEST_F(PageTest, OfManyTextFieldsTheLastFocusedOnesStay) {
   show(field);
   scrollTo(150);
   host.focusedElement = find("row151")->id;  // a click, which the page does not see
@@ -302,7 +302,7 @@ TEST_F(PageTest, AnElementThatIsNotDrawnDoesNotGetTheFocus) {
   EXPECT_TRUE(host.landed.empty());
 }
 
-TEST_F(PageTest, ALostFocusThatTheHostDoesNotTakeIsOfferedOnce) {
+TEST_F(PageTest, ALostFocusThatTheHostRefusesIsOfferedOnce) {
   show(rows("row3", "row5"));
   host.page.focus(find("row3")->id, FocusReason::other);
   host.refusesFocus = true;

@@ -88,7 +88,7 @@ void happen(LongPage& page, testing::Random& random) {
 
 }  // namespace
 
-TEST(PageWork, IsTheSameOnAListAHundredTimesAsLong) {
+TEST(PageWork, IsTheSameForAListAHundredTimesAsLong) {
   for (std::uint64_t seed = 1; seed <= 30; ++seed) {
     testing::Random ofShort(seed), ofLong(seed);
     LongPage shorter(200), longer(20'000);
@@ -102,7 +102,7 @@ TEST(PageWork, IsTheSameOnAListAHundredTimesAsLong) {
   }
 }
 
-TEST(PageWork, OfOneMoreRowOnTheWayIsThatRow) {
+TEST(PageWork, OneMoreRowMeansTheWorkForThatRow) {
   LongPage page(20'000);
   const Calls before = page.calls();
   page.host.scrollTo(30);

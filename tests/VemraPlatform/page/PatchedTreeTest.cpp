@@ -51,7 +51,7 @@ class PatchedTreeTest : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(PatchedTreeTest, PutsInMovesAndTakesOut) {
+TEST_F(PatchedTreeTest, InsertsMovesAndRemoves) {
   EXPECT_EQ(order(tree), "12354");
   tree.apply({{move(4, 1, 0)}});
   EXPECT_EQ(order(tree), "14235");
@@ -64,20 +64,20 @@ TEST_F(PatchedTreeTest, PutsInMovesAndTakesOut) {
   EXPECT_EQ(tree.find(NodeID{5}), nullptr) << "a removal takes the whole subtree";
 }
 
-TEST_F(PatchedTreeTest, WhatIsPutIntoASubtreeGoesWithItEvenInOneGo) {
+TEST_F(PatchedTreeTest, ANodeInsertedIntoASubtreeIsRemovedWithItAlsoInTheSameChanges) {
   tree.apply({{insert(8, 5, 0), insert(9, 3, 5), move(9, 3, 0), removal(3)}});
   EXPECT_EQ(order(tree), "124");
   for (const std::uint64_t gone : {3U, 5U, 8U, 9U}) EXPECT_EQ(tree.find(NodeID{gone}), nullptr);
 }
 
-TEST_F(PatchedTreeTest, TheRootMayGoAndAnotherCome) {
+TEST_F(PatchedTreeTest, TheRootCanBeReplaced) {
   tree.apply({{removal(1)}});
   EXPECT_FALSE(tree.root());
   tree.apply({{insert(20, 0, 0)}});
   EXPECT_EQ(tree.root(), tree.find(NodeID{20}));
 }
 
-TEST_F(PatchedTreeTest, APatchThatNamesNoNodeThrowsItsReason) {
+TEST_F(PatchedTreeTest, APatchForAnUnknownNodeThrowsTheReason) {
   const auto problemWith = [&](const Patch& patch) -> std::string {
     try {
       tree.apply({{patch}});

@@ -52,7 +52,7 @@ TEST_F(PlacementTest, ALeafThatIsScrolledAwayIsReleasedOnce) {
   EXPECT_EQ(released(place()), Names{});
 }
 
-TEST_F(PlacementTest, TheFocusedLeafStaysPlacedWhereverThePageIs) {
+TEST_F(PlacementTest, TheFocusedLeafStaysPlacedWhereverThePageIsScrolled) {
   const Node* const focused = &laid.leaf("a");
   place(focused);
   viewport.position = 60;

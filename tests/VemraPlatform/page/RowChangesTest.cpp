@@ -47,7 +47,7 @@ IDs followed(IDs rows, const IDs& after, const page::RowChanges& changes) {
 
 }  // namespace
 
-TEST(RowChanges, NameWhatLeftAndWhatCame) {
+TEST(RowChanges, NameTheRemovedAndTheAddedRows) {
   const page::RowChanges both = changes({"a", "b", "c", "d"}, {"x", "b", "d", "y"});
   EXPECT_TRUE(both.areComplete);
   EXPECT_THAT(both.left, ElementsAre(0, 2));
@@ -60,20 +60,20 @@ TEST(RowChanges, NameWhatLeftAndWhatCame) {
   EXPECT_THAT(changes({}, {"a", "b"}).came, ElementsAre(0, 1));
 }
 
-TEST(RowChanges, IncompleteForTooManyRowsOrAnotherOrder) {
+TEST(RowChanges, AreIncompleteForTooManyRowsOrAnotherOrder) {
   EXPECT_TRUE(changes({"a", "b", "c", "d"}, {}).areComplete);
   EXPECT_FALSE(changes({"a", "b", "c", "d", "e"}, {}).areComplete);
   EXPECT_FALSE(changes({"a", "b", "c"}, {"x", "y", "z"}).areComplete);
   EXPECT_FALSE(changes({"a", "b", "c"}, {"c", "a", "b"}).areComplete);
 }
 
-TEST(RowChanges, AreThoseOfIdsComparedCanonically) {
+TEST(RowChanges, CompareIdsCanonically) {
   const page::RowChanges same = changes({"\u00e9", "b"}, {"e\u0301", "b"});
   EXPECT_TRUE(same.areComplete);
   EXPECT_THAT(same.left, IsEmpty());
 }
 
-TEST(RowChanges, OfEqualIdsTheLastOneLeaves) {
+TEST(RowChanges, OfEqualIdsTheLastRowIsRemoved) {
   EXPECT_THAT(changes({"a", "b", "a"}, {"a", "b"}).left, ElementsAre(2));
   const page::RowChanges moved = changes({"a", "b", "a"}, {"b", "a"});
   EXPECT_FALSE(moved.areComplete) << "the first a stands behind the b now";

@@ -27,7 +27,7 @@ struct Plain {
 
 }  // namespace
 
-TEST(RowHeights, ARowWithoutHeightIsAtNoDistance) {
+TEST(RowHeights, ARowWithoutHeightIsFoundAtNoDistance) {
   RowHeights rows;
   rows.reset(5, 0);
   rows.setEstimate(20);
@@ -37,7 +37,7 @@ TEST(RowHeights, ARowWithoutHeightIsAtNoDistance) {
   EXPECT_EQ(rows.rowAt(20), 3u);
 }
 
-TEST(RowHeights, UnmeasuredRowsStandByTheEstimate) {
+TEST(RowHeights, UnmeasuredRowsHaveTheEstimatedHeight) {
   RowHeights rows;
   rows.reset(100'000, 10);
   rows.setEstimate(70);
@@ -50,7 +50,7 @@ TEST(RowHeights, UnmeasuredRowsStandByTheEstimate) {
   EXPECT_EQ(rows.rowAt(-5), 0u);
 }
 
-TEST(RowHeights, AgreesWithAPlainSumWhateverIsMeasured) {
+TEST(RowHeights, AgreesWithAPlainSumForAnyMeasuredRows) {
   std::mt19937 random(7);
   for (std::size_t count : {1u, 2u, 3u, 7u, 8u, 9u, 64u, 1000u}) {
     const int gap = static_cast<int>(random() % 12);
@@ -74,7 +74,7 @@ TEST(RowHeights, AgreesWithAPlainSumWhateverIsMeasured) {
   }
 }
 
-TEST(RowHeights, ResettingForgetsWhatWasMeasuredAndKeepsTheEstimate) {
+TEST(RowHeights, ResettingDiscardsTheHeightsAndKeepsTheEstimate) {
   RowHeights rows;
   rows.reset(10, 0);
   rows.setEstimate(30);
@@ -90,7 +90,7 @@ TEST(RowHeights, AnEmptyListHasNoHeight) {
   EXPECT_EQ(rows.total(), 0);
 }
 
-TEST(RowHeights, HeightsGoWithTheirRows) {
+TEST(RowHeights, HeightsMoveWithTheirRows) {
   std::mt19937 random(11);
   for (int round = 0; round < 200; ++round) {
     const std::size_t count = 1 + random() % 40;

@@ -45,12 +45,12 @@ TEST_F(WantedRows, AreThoseInTheViewportAndALittleBeyond) {
   EXPECT_THAT(wanted(laid, 19'800), ElementsAre(RowRange{988, 1000}));
 }
 
-TEST_F(WantedRows, AreNoneOfAListAwayFromTheViewport) {
+TEST_F(WantedRows, AreEmptyForAListAwayFromTheViewport) {
   EXPECT_THAT(wanted(laid, 30'000), IsEmpty());
   EXPECT_THAT(wanted(laid, -1000), IsEmpty());
 }
 
-TEST_F(WantedRows, ThatAreThereStayALittleLongerThanTheyAreAskedFor) {
+TEST_F(WantedRows, StayFurtherFromTheViewportThanTheyAreRequested) {
   laid.ask({{98, 113}});
   EXPECT_THAT(wanted(laid, 2040), ElementsAre(RowRange{98, 115}));
   EXPECT_THAT(wanted(laid, 1960), ElementsAre(RowRange{96, 113}));
@@ -63,12 +63,12 @@ TEST_F(WantedRows, StayAsFarAsTheMarginAndNoFurther) {
       << "row 95 begins, and row 119 too, where the margin ends";
 }
 
-TEST_F(WantedRows, AreNoneOfAnEmptyList) {
+TEST_F(WantedRows, AreEmptyForAnEmptyList) {
   Laid empty(column({text("a"), list({})}));
   EXPECT_THAT(wanted(empty, 0), IsEmpty());
 }
 
-TEST_F(WantedRows, HoldTheFocusedRowAndTheNextOneWhereverTheyAre) {
+TEST_F(WantedRows, ContainTheFocusedRowAndTheNextOneWhereverTheyAre) {
   laid.ask({{98, 113}});
   PinnedRows pinned;
   pinned.focused = rowOf(&laid.leaf("row100"));
@@ -77,7 +77,7 @@ TEST_F(WantedRows, HoldTheFocusedRowAndTheNextOneWhereverTheyAre) {
               ElementsAre(RowRange{100, 101}, RowRange{104, 105}, RowRange{498, 513}));
 }
 
-TEST_F(WantedRows, OfTheRowsWithATextFieldTheSixteenStayThatHadTheFocusLast) {
+TEST_F(WantedRows, ContainTheSixteenLastFocusedRowsWithATextField) {
   Laid fields(column({list(numbered(1000), field)}));
   fields.ask({{0, 40}});
   std::uint64_t count = 0;
@@ -89,7 +89,7 @@ TEST_F(WantedRows, OfTheRowsWithATextFieldTheSixteenStayThatHadTheFocusLast) {
   EXPECT_FALSE(isPinned(*Laid(column({text("a")})).tree.root(), {}));
 }
 
-TEST_F(WantedRows, AreRequestedOnlyWhenOthersAreThere) {
+TEST_F(WantedRows, AreRequestedOnlyWhenTheListHasOtherRows) {
   const Viewport viewport{300, 200, 2000};
   std::vector<RowRequest> requests = rowRequests(laid.tree, viewport, margins, {});
   ASSERT_EQ(requests.size(), 1u);
@@ -103,7 +103,7 @@ TEST_F(WantedRows, AreRequestedOnlyWhenOthersAreThere) {
   EXPECT_EQ(rowRequests(laid.tree, viewport, margins, {}).size(), 1u);
 }
 
-TEST_F(WantedRows, OfAListThatIsShownWholeAreAll) {
+TEST_F(WantedRows, AreAllRowsOfAListThatIsShownWhole) {
   Laid whole(ui::HStack(ui::VerticalAlignment::top, 0, {list(numbered(5))}));
   const std::vector<RowRequest> requests = rowRequests(whole.tree, {300, 20, 0}, margins, {});
   ASSERT_EQ(requests.size(), 1u);

@@ -29,7 +29,7 @@ TEST(WindowedTree, AListInAColumnIsWindowed) {
   EXPECT_TRUE(laid.list().rows);
 }
 
-TEST(WindowedTree, AListBesideSomethingOrInARowIsShownWhole) {
+TEST(WindowedTree, AListBesideAnotherElementOrInARowIsShownWhole) {
   Laid inLine(column({beside(column({list(numbered(3))}))}));
   EXPECT_EQ(inLine.tree.lists().size(), 0u);
   ASSERT_EQ(inLine.tree.wholeLists().size(), 1u);
@@ -43,7 +43,7 @@ TEST(WindowedTree, AListBesideSomethingOrInARowIsShownWhole) {
   EXPECT_EQ(inRow.tree.wholeLists().size(), 0u) << "lists go with their rows";
 }
 
-TEST(WindowedTree, RemovingReportsTheNodeWhileEverythingBelowIsInItsPlace) {
+TEST(WindowedTree, RemovingReportsTheNodeWhileItsSubtreeIsInPlace) {
   std::string leaves;
   WindowedTree tree([&](Node& node) {
     forEachLeaf(node, [&](const Node& leaf) { leaves += leaf.element.shownLabel(); });
@@ -62,7 +62,7 @@ TEST(WindowedTree, RemovingReportsTheNodeWhileEverythingBelowIsInItsPlace) {
   graph.detach();
 }
 
-TEST(WindowedTree, HeightsGoWithTheirRowsToANewList) {
+TEST(WindowedTree, HeightsMoveWithTheirRowsToANewList) {
   const auto tall = [](const std::string& id) -> View {
     return id == "row5" ? column({text(id), text("more"), text("more")}) : View(text(id));
   };
@@ -135,7 +135,7 @@ TEST(WindowedTree, IdsThatCannotBeReadThrowAfterAllPatchesAreCarriedOut) {
   EXPECT_EQ(tree.lists().at(0)->rows->count(), 4u);
 }
 
-TEST(WindowedTree, AChangeForgetsTheMeasuresOfEverythingAround) {
+TEST(WindowedTree, AChangeDiscardsTheMeasurementsOfAllNodesAroundIt) {
   Laid laid(column({text("a"), column({text("b")})}));
   laid.graph.setRoot(column({text("a"), column({text("c")})}));
   EXPECT_EQ(laid.leaf("a").measuredWidth, 300);

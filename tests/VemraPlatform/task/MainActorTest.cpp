@@ -36,7 +36,7 @@ TEST(MainActor, IsNoOtherThread) {
   EXPECT_TRUE(MainActor::isCurrent());
 }
 
-TEST(MainActor, IsTheFirstThreadToALibraryLoadedOnAnotherOne) {
+TEST(MainActor, IsTheFirstThreadForALibraryLoadedOnAnotherThread) {
   using Question = bool (*)();
   Question isCurrent = nullptr;
   Question wasCurrentWhenLoaded = nullptr;
@@ -71,7 +71,7 @@ int isCurrentAsNumber() {
   return MainActor::isCurrent() ? 1 : 0;
 }
 
-TEST(MainActor, IsTheThreadThatForkedInTheChild) {
+TEST(MainActor, IsTheForkingThreadInAChild) {
   EXPECT_EQ(inChild(isCurrentAsNumber), 1);
   int neverAsked = 0;
   int askedBefore = 0;

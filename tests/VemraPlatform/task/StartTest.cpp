@@ -29,7 +29,7 @@ Task<bool> staysWhereItsAwaitResumed(Threads* threads) {
   co_return innerThread == std::this_thread::get_id() && !MainActor::isCurrent();
 }
 
-TEST(Start, TellsTheResultOnce) {
+TEST(Start, CallsTheCallbackOnceWithTheResult) {
   int calls = 0;
   start(give(4), [&](Result<int> result) {
     ++calls;
@@ -40,7 +40,7 @@ TEST(Start, TellsTheResultOnce) {
   EXPECT_EQ(calls, 1);
 }
 
-TEST(Start, TellsTheExceptionAndThrowsNothing) {
+TEST(Start, CallsTheCallbackWithTheExceptionAndThrowsNothing) {
   struct Source {
     static Task<> fail(const std::exception** place) {
       co_await std::suspend_never();
@@ -80,7 +80,7 @@ TEST(Start, DestroysTheTaskBeforeItCallsTheCallback) {
   EXPECT_EQ(uses, 1);
 }
 
-TEST(Start, TakesACallbackThatOnlyMoves) {
+TEST(Start, TakesAMoveOnlyCallback) {
   auto owned = std::make_unique<int>(0);
   int* seen = owned.get();
   int value = 0;
@@ -91,7 +91,7 @@ TEST(Start, TakesACallbackThatOnlyMoves) {
   EXPECT_EQ(value, 9);
 }
 
-TEST(Start, TellsTheResultOnTheThreadTheTaskEndsOn) {
+TEST(Start, CallsTheCallbackOnTheThreadOnWhichTheTaskEnds) {
   Threads threads;
   bool calledOnMain = true;
   start(whereItGoesOn(&threads), [&](Result<std::thread::id> result) {
@@ -108,7 +108,7 @@ TEST(Wait, BlocksUntilATaskElsewhereHasEnded) {
   threads.join();
 }
 
-TEST(Wait, ThrowsWhatWasThrownElsewhere) {
+TEST(Wait, RethrowsAnExceptionOfAnotherThread) {
   struct Source {
     static Task<int> fail(Threads* threads) {
       Elsewhere elsewhere(*threads);

@@ -41,7 +41,7 @@ TEST(Task, DoesNotStartUntilItIsAwaited) {
   EXPECT_EQ(wait(std::move(task)), 1);
 }
 
-TEST(Task, FreesWhatItHoldsWhenItNeverStarts) {
+TEST(Task, FreesItsArgumentsWhenItNeverStarts) {
   const auto runs = std::make_shared<int>(0);
   {
     const Task<int> task = count(runs);
@@ -62,7 +62,7 @@ TEST(Task, MovesWithItsWork) {
   EXPECT_EQ(runs.use_count(), 1);
 }
 
-TEST(Task, IsReplacedByAnAssignmentAndFreesWhatItHeld) {
+TEST(Task, IsReplacedByAnAssignmentAndFreesItsArguments) {
   const auto held = std::make_shared<int>(1);
   Task<int> task = [](std::shared_ptr<int> value) -> Task<int> { co_return *value; }(held);
   task = give(2);
@@ -70,7 +70,7 @@ TEST(Task, IsReplacedByAnAssignmentAndFreesWhatItHeld) {
   EXPECT_EQ(wait(std::move(task)), 2);
 }
 
-TEST(Task, GivesAValueThatOnlyMoves) {
+TEST(Task, GivesAMoveOnlyValue) {
   struct Source {
     static Task<std::unique_ptr<int>> make() { co_return std::make_unique<int>(5); }
     static Task<std::unique_ptr<int>> passOn() {
@@ -81,7 +81,7 @@ TEST(Task, GivesAValueThatOnlyMoves) {
   EXPECT_EQ(*wait(Source::passOn()), 5);
 }
 
-TEST(Task, GivesAValueWithoutADefault) {
+TEST(Task, GivesAValueWithoutADefaultConstructor) {
   struct Name {
     explicit Name(std::string given) : text(std::move(given)) {}
     std::string text;
@@ -113,7 +113,7 @@ Task<int> passOn(Task<int> task) {
   co_return co_await std::move(task);
 }
 
-TEST(Task, RethrowsTheVerySameExceptionObject) {
+TEST(Task, RethrowsTheSameExceptionObject) {
   const Failure* thrown = nullptr;
   try {
     wait(passOn(passOn(passOn(fail(&thrown)))));
@@ -139,7 +139,7 @@ TEST(Task, WithoutAValueRethrowsToo) {
   }
 }
 
-TEST(Task, MayCatchAndGoOn) {
+TEST(Task, MayCatchAndContinue) {
   struct Source {
     static Task<std::string> recover(const Failure** place) {
       std::string message;
@@ -167,7 +167,7 @@ Task<int> sum(int count) {
   co_return total;
 }
 
-TEST(Task, AwaitsInALoopDoNotPileUp) {
+TEST(Task, AwaitsInALoopDoNotAccumulateOnTheStack) {
   EXPECT_EQ(wait(sum(1000000)), 1000000);
 }
 
@@ -211,7 +211,7 @@ Task<int> addOne(Task<int> task) {
   co_return 1 + co_await std::move(task);
 }
 
-TEST(Task, MayEndWhileAnotherIsBeingStarted) {
+TEST(Task, MayEndWhileAnotherTaskIsBeingStarted) {
   Gate gate;
   std::vector<int> ends;
   const auto note = [&](Result<int> result) { ends.push_back(std::move(result).take()); };
@@ -232,7 +232,7 @@ struct WithinAnother {
   void await_resume() const noexcept {}
 };
 
-TEST(Task, MayEndWithinATaskThatItsOwnStartStarted) {
+TEST(Task, MayEndInsideATaskThatItStarted) {
   struct Source {
     static Task<int> resume(std::coroutine_handle<> waiter) {
       waiter.resume();

@@ -43,7 +43,7 @@ TEST(Columns, AJoinerInLettersIsNoEmoji) {
       << "Devanagari: a column for each of two letters";
 }
 
-TEST(Columns, LinesBreakAtBlanksAndLoseThem) {
+TEST(Columns, LinesBreakAtBlanksAndOmitThem) {
   EXPECT_THAT(linesOf("Connected through a friend", 12),
               ElementsAre("Connected", "through a", "friend"));
   EXPECT_THAT(linesOf("exactly ten", 7), ElementsAre("exactly", "ten"));
@@ -79,14 +79,14 @@ TEST(Columns, NoLineIsWiderThanItMayBe) {
   }
 }
 
-TEST(Columns, EndsOfLinesEndLines) {
+TEST(Columns, LineBreaksInTheTextEndLines) {
   EXPECT_THAT(linesOf("a\nb\r\nc\rd", 9), ElementsAre("a", "b", "c", "d"));
   EXPECT_THAT(linesOf("a\n\nb", 9), ElementsAre("a", "", "b"));
   EXPECT_THAT(linesOf("", 9), ElementsAre(""));
   EXPECT_THAT(linesOf("a\n", 9), ElementsAre("a"));
 }
 
-TEST(Columns, WhatATerminalWouldObeyIsEscaped) {
+TEST(Columns, TerminalCommandsAreEscaped) {
   EXPECT_THAT(linesOf("\x1b[31mred\a", 80), ElementsAre(R"(\x1b[31mred\x07)"));
   EXPECT_THAT(linesOf("\u202Eevil\u2028", 80), ElementsAre(R"(\u202eevil\u2028)"));
 }

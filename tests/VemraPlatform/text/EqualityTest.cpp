@@ -22,7 +22,7 @@ void expectDifferent(const std::string& a, const std::string& b) {
   EXPECT_FALSE(text::equal(b, a)) << inHex(b) << "and " << inHex(a);
 }
 
-TEST(Equality, ComposedAndDecomposedAreOneText) {
+TEST(Equality, ComposedAndDecomposedTextsAreEqual) {
   expectEqual("\u00E9", "e\u0301");
   expectEqual("Jos\u00E9", "Jose\u0301");
   expectEqual("\u00C5", "\u212B");
@@ -32,14 +32,14 @@ TEST(Equality, ComposedAndDecomposedAreOneText) {
   expectEqual("\u1EAD\u0301", "a\u0323\u0302\u0301");
 }
 
-TEST(Equality, ASCIIHasNonASCIITwins) {
+TEST(Equality, SomeNonASCIITextsEqualASCII) {
   expectEqual("K", "\u212A");
   expectEqual("a;b", "a\u037Eb");
   expectEqual("`", "\u1FEF");
   expectEqual("person-K", "person-\u212A");
 }
 
-TEST(Equality, WhatLooksAlikeStaysApart) {
+TEST(Equality, TextsThatOnlyLookAlikeAreDifferent) {
   expectDifferent("\uFB01", "fi");
   expectDifferent("\u00E9", "e");
   expectDifferent("\u00E9", "\u00C9");
@@ -50,7 +50,7 @@ TEST(Equality, WhatLooksAlikeStaysApart) {
   expectDifferent("1", "\u0661");
 }
 
-TEST(Equality, AnEmptyTextIsOnlyItself) {
+TEST(Equality, AnEmptyTextEqualsOnlyItself) {
   expectEqual("", "");
   EXPECT_TRUE(text::equal(std::string_view(), std::string_view("", 0)));
   expectDifferent("", "a");
@@ -58,7 +58,7 @@ TEST(Equality, AnEmptyTextIsOnlyItself) {
   expectDifferent("", "\0"s);
 }
 
-TEST(Equality, NoTextIsEqualToNoText) {
+TEST(Equality, NilEqualsOnlyNil) {
   const std::optional<std::string> nil;
   const std::optional<std::string> empty = "";
   EXPECT_TRUE(text::equal(nil, nil));
@@ -98,7 +98,7 @@ TEST(Equality, IllFormedTextEqualsOnlyItsOwnBytes) {
   }
 }
 
-TEST(Equality, AProperPrefixIsAnotherText) {
+TEST(Equality, AProperPrefixIsDifferent) {
   expectDifferent("person-1", "person-12");
   expectDifferent("e", "e\u0301");
   expectDifferent("\u00E9", "\u00E9\u0301");
@@ -156,7 +156,7 @@ TEST(Equality, TablesFindATextByAnyOfItsForms) {
   EXPECT_EQ(table.begin()->first, "Jos\u00E9") << "the stored bytes stay";
 }
 
-TEST(Hash, TellsMostTextsApart) {
+TEST(Hash, DetectsMostDifferences) {
   std::unordered_set<std::size_t> hashes;
   for (int number = 0; number < 10000; ++number) {
     hashes.insert(text::hash("person-" + std::to_string(number)));
@@ -171,7 +171,7 @@ TEST(AtAGlance, NeverCallsEqualTextsDifferent) {
   EXPECT_FALSE(text::differAtAGlance("twelve bytes", "twelve bytes"));
 }
 
-TEST(AtAGlance, SettlesIdentifiersThatDifferNearAnEnd) {
+TEST(AtAGlance, DetectsIdentifiersThatDifferNearAnEnd) {
   EXPECT_TRUE(text::differAtAGlance("person-000123", "person-000124"));
   EXPECT_TRUE(text::differAtAGlance("person-000123", "person-100123"));
   EXPECT_TRUE(text::differAtAGlance("p1", "p2"));

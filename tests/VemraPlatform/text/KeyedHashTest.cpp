@@ -20,7 +20,7 @@ using text::sipHash;
 constexpr HashKey countingKey{0x0706050403020100U, 0x0F0E0D0C0B0A0908U};
 
 // The paper's own vectors: the bytes 0, 1, 2, … under the key 0, 1, …, 15.
-TEST(KeyedHash, IsSipHash24OfThePaper) {
+TEST(KeyedHash, IsSipHash24AsPublished) {
   const std::uint64_t expected[] = {
       0x726FDB47DD0E0E31U, 0x74F839C593DC67FDU, 0x0D6C8009D9A94F5AU, 0x85676696D7FB7E2DU,
       0xCF2794E0277187B7U, 0x18765564CD99A68DU, 0xCBC9466E58FEE3CEU, 0xAB0200F58B01D137U,
@@ -34,7 +34,7 @@ TEST(KeyedHash, IsSipHash24OfThePaper) {
 }
 
 // Python's hash of these bytes under PYTHONHASHSEED=0, which is SipHash-1-3 with a key of zeros.
-TEST(KeyedHash, IsSipHash13AsOthersHaveIt) {
+TEST(KeyedHash, IsSipHash13AsInOtherImplementations) {
   const std::pair<const char*, std::int64_t> expected[] = {
       {"a", 4644417185603328019},
       {"abc", -4594863902769663758},
@@ -46,7 +46,7 @@ TEST(KeyedHash, IsSipHash13AsOthersHaveIt) {
   EXPECT_EQ((sipHash<1, 3>("", countingKey).value), 0xABAC0158050FC4DCU);
 }
 
-TEST(KeyedHash, SaysWhetherTheBytesAreASCII) {
+TEST(KeyedHash, ReportsWhetherTheBytesAreASCII) {
   for (std::size_t size = 0; size < 20; ++size) {
     const std::string plain(size, '\x7F');
     EXPECT_TRUE((sipHash<1, 3>(plain, {}).isASCII)) << size;
@@ -64,7 +64,7 @@ TEST(KeyedHash, DependsOnBothHalvesOfTheKey) {
   EXPECT_NE(under({1, 2}), under({3, 2}));
 }
 
-TEST(KeyedHash, KeysAreRandomAndTheProcessKeepsItsOwn) {
+TEST(KeyedHash, KeysAreRandomAndConstantInAProcess) {
   const HashKey one = text::randomHashKey();
   const HashKey other = text::randomHashKey();
   EXPECT_NE(one.first, other.first);
@@ -76,7 +76,7 @@ TEST(KeyedHash, KeysAreRandomAndTheProcessKeepsItsOwn) {
   EXPECT_NE(before, (sipHash<1, 3>("person-1", {}).value)) << "the key must not be a fixed one";
 }
 
-TEST(KeyedHash, CanonicallyEqualTextsHashAlikeUnderAnyKey) {
+TEST(KeyedHash, CanonicallyEqualTextsHashEquallyWithAnyKey) {
   EXPECT_EQ(text::hash("caf\u00E9"), text::hash("cafe\u0301"));
   EXPECT_EQ(text::hash("plain"), text::hashOfBytes("plain"));
   EXPECT_EQ(text::hash("caf\u00E9"), text::hashOfBytes("cafe\u0301"));
@@ -91,7 +91,7 @@ struct CountingEqual {
   }
 };
 
-TEST(KeyedHash, TextsMadeToCollideDoNot) {
+TEST(KeyedHash, TextsMadeToCollideDoNotCollide) {
   const auto texts = collidingTexts(5000);
   ASSERT_EQ(std::set<std::string>(texts.begin(), texts.end()).size(), texts.size());
 #if defined(__GLIBCXX__) && SIZE_MAX > UINT32_MAX

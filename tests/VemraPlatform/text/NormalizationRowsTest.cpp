@@ -56,7 +56,7 @@ class NormalizationRows : public ::testing::Test {
   static inline std::vector<Row>* rows_ = nullptr;
 };
 
-TEST_F(NormalizationRows, AreAllThere) {
+TEST_F(NormalizationRows, AreAllRead) {
   std::ifstream file(VEMRA_NORMALIZATION_ROWS);
   std::string line, last;
   while (std::getline(file, line)) last = line;
@@ -73,7 +73,7 @@ TEST_F(NormalizationRows, EquivalentColumnsAreEqualAndHashEqually) {
   }
 }
 
-TEST_F(NormalizationRows, StaySoInsideOtherText) {
+TEST_F(NormalizationRows, StayEqualInsideOtherText) {
   for (const Row& row : rows()) {
     expectSame("person-" + row[0] + "-1", "person-" + row[2] + "-1");
     expectSame(row[1] + " and so on", row[2] + " and so on");

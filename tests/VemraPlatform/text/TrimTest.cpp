@@ -15,7 +15,7 @@ constexpr std::array<char32_t, 25> blanks = {0x0009, 0x000A, 0x000B, 0x000C, 0x0
                                              0x2005, 0x2006, 0x2007, 0x2008, 0x2009, 0x200A, 0x2028,
                                              0x2029, 0x202F, 0x205F, 0x3000};
 
-TEST(Trim, BlanksAreTheTwentyFiveAndNoOthers) {
+TEST(Trim, BlanksAreExactlyTheTwentyFiveScalars) {
   for (char32_t scalar = 0; scalar <= 0x10FFFF; ++scalar) {
     const bool isBlank = std::find(blanks.begin(), blanks.end(), scalar) != blanks.end();
     ASSERT_EQ(text::isWhitespace(scalar), isBlank) << std::hex << static_cast<unsigned>(scalar);
@@ -28,14 +28,14 @@ TEST(Trim, BlanksAreTheTwentyFiveAndNoOthers) {
   }
 }
 
-TEST(Trim, TakesManyBlanksFromBothEndsAndNoneFromWithin) {
+TEST(Trim, RemovesBlanksAtBothEndsOnly) {
   EXPECT_EQ(text::trimmed(" \t\r\n\u3000 a \u2003 b\n \u0085\u00A0"), "a \u2003 b");
   EXPECT_EQ(text::trimmed("  a"), "a");
   EXPECT_EQ(text::trimmed("a  "), "a");
   EXPECT_EQ(text::trimmed("a"), "a");
 }
 
-TEST(Trim, LeavesNothingOfBlanks) {
+TEST(Trim, TrimsATextOfBlanksToNothing) {
   EXPECT_EQ(text::trimmed(""), "");
   EXPECT_EQ(text::trimmed(" \u2028\u2029\n"), "");
   EXPECT_TRUE(text::isBlank(""));

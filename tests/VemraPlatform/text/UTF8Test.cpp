@@ -38,7 +38,7 @@ TEST(UTF8, EveryScalarIsReadFromBothEnds) {
   }
 }
 
-TEST(UTF8, EveryTextOfUpToThreeBytesIsJudgedRight) {
+TEST(UTF8, EveryTextOfUpToThreeBytesIsCheckedCorrectly) {
   std::array<char, 3> bytes{};
   for (unsigned int value = 0; value < 0x1000000; ++value) {
     bytes = {static_cast<char>(value & 255), static_cast<char>((value >> 8) & 255),
@@ -48,7 +48,7 @@ TEST(UTF8, EveryTextOfUpToThreeBytesIsJudgedRight) {
   }
 }
 
-TEST(UTF8, FourBytesAtEveryLimitAreJudgedRight) {
+TEST(UTF8, FourBytesAtEveryLimitAreCheckedCorrectly) {
   const std::string limits =
       "\x41\x7F\x80\x8F\x90\x9F\xA0\xBF\xC0\xC1\xC2\xDF\xE0\xE1\xEC\xED\xEE\xEF\xF0\xF1\xF3\xF4\xF5"
       "\xFF";

@@ -132,7 +132,7 @@ TEST_F(DestructorTest, OfAStateInARemovedSubtree) {
   expectOneDestruction();
 }
 
-TEST_F(DestructorTest, OfARowThatGoesToSleepAndOfADescribedRow) {
+TEST_F(DestructorTest, OfARowThatGoesToSleepAndOfALookedAtRow) {
   std::vector<Held> held = {onDestruction(), onDestruction()};
   graph->setRoot(Group({Counter{}, list({{"a"}, {"b"}, {"c"}}, [&](const Line& line) -> View {
                           if (line.id == "c") return Text("c");

@@ -93,7 +93,7 @@ TEST(ElementTest, NamesItsKindAsDevelopersWriteIt) {
   for (const auto& [view, name] : kinds) EXPECT_EQ(kindName(elementOf(view).kind()), name);
 }
 
-TEST(ElementTest, IsEqualExactlyWhenNothingShownOrReadAloudDiffers) {
+TEST(ElementTest, IsEqualExactlyWhenAllShownAndSpokenValuesAreEqual) {
   const std::vector<std::function<View()>> kinds = {
       [] { return Text("a"); },
       [] { return Text("b"); },
@@ -136,7 +136,7 @@ TEST(ElementTest, IsEqualExactlyWhenNothingShownOrReadAloudDiffers) {
                Element(Text("a"), Style{.font = Font::caption}, {}));
 }
 
-TEST(ElementTest, IsAnotherOneInAnotherTranslation) {
+TEST(ElementTest, DiffersInAnotherTranslation) {
   Environment one;
   Environment two;
   one.strings = std::make_shared<Strings>("eins");
@@ -146,7 +146,7 @@ TEST(ElementTest, IsAnotherOneInAnotherTranslation) {
   EXPECT_FALSE(elementOf(Text("1"), one) == elementOf(Text("1")));
 }
 
-TEST(ElementTest, AllocatesNothingWhereNothingIsReadOrTranslated) {
+TEST(ElementTest, AllocatesNothingWithoutABindingOrATranslation) {
   const View view = Text("a");
   const Environment environment;
   const auto before = testing::allocations();

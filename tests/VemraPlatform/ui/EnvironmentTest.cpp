@@ -114,7 +114,7 @@ TEST(EnvironmentTest, AChangeReachesRowsThatAreLookedAt) {
   EXPECT_EQ(texts(graph.find(graph.lookAtRow(forEach, 1))), Texts{"Zeigen"});
 }
 
-TEST(EnvironmentTest, FromInsideAnEventItIsTakenUpTogetherWithTheRoot) {
+TEST(EnvironmentTest, SetDuringAnEventItTakesEffectTogetherWithTheRoot) {
   ViewGraph graph;
   graph.setRoot(Button("go", [&] {
     graph.setRoot(Text("Show"));
@@ -124,7 +124,7 @@ TEST(EnvironmentTest, FromInsideAnEventItIsTakenUpTogetherWithTheRoot) {
   EXPECT_EQ(texts(graph.root()), Texts{"Zeigen"});
 }
 
-TEST(EnvironmentTest, TheSystemsOwnIsAskedOfTheSystem) {
+TEST(EnvironmentTest, TheSystemsEnvironmentIsReadFromTheSystem) {
   const Environment system = Environment::system();
   EXPECT_EQ(system.locale, date::systemLocale());
   EXPECT_EQ(system.timeZone, date::systemTimeZone());

@@ -51,7 +51,7 @@ View buttons(std::vector<std::pair<const char*, Action>> actions) {
 
 }  // namespace
 
-TEST(EventTest, EachControlTakesItsOwnEvents) {
+TEST(EventTest, EachControlHandlesItsOwnKindsOfEvents) {
   ViewGraph graph;
   graph.setRoot(Form{});
   const NodeID picker = idOf(graph, ElementKind::picker);
@@ -81,7 +81,7 @@ TEST(EventTest, EachControlTakesItsOwnEvents) {
   EXPECT_EQ(graph.find(picker)->element.selection()->name(), "large");
 }
 
-TEST(EventTest, NothingReachesWhatIsDisabledOrGone) {
+TEST(EventTest, ADisabledOrRemovedNodeGetsNoEvents) {
   ViewGraph graph;
   graph.setRoot(Form{});
   EXPECT_EQ(press(graph, "off"), Delivery::disabled);
@@ -94,7 +94,7 @@ TEST(EventTest, NothingReachesWhatIsDisabledOrGone) {
   EXPECT_EQ(graph.deliver(NodeID{}, Press{}), Delivery::gone);
 }
 
-TEST(EventTest, ATagOfAnotherTypeChoosesNothing) {
+TEST(EventTest, ATagOfAnotherTypeChangesNothing) {
   ViewGraph graph;
   graph.setRoot(Form{});
   const NodeID picker = idOf(graph, ElementKind::picker);
@@ -105,7 +105,7 @@ TEST(EventTest, ATagOfAnotherTypeChoosesNothing) {
   EXPECT_EQ(Tag(Size::small).as<Shape>(), nullptr);
 }
 
-TEST(EventTest, OnlyNewHandlersAreNoPatchAndRunAllTheSame) {
+TEST(EventTest, NewHandlersAloneSendNoPatchAndStillRun) {
   ViewGraph graph;
   testing::RenderedTree tree;
   graph.attach(tree);
@@ -121,7 +121,7 @@ TEST(EventTest, OnlyNewHandlersAreNoPatchAndRunAllTheSame) {
   EXPECT_EQ(pressed, "new");
 }
 
-TEST(EventTest, EventsFromInsideAnActionComeAfterItEachOnceInOrder) {
+TEST(EventTest, EventsFromInsideAnActionAreHandledAfterItOnceAndInOrder) {
   ViewGraph graph;
   std::string log;
   int depth = 0;
@@ -162,7 +162,7 @@ TEST(EventTest, EventsFromInsideApplyAreQueuedToo) {
   EXPECT_EQ(log, "apply later ");
 }
 
-TEST(EventTest, SavePressedTwiceInOneGoActsOnce) {
+TEST(EventTest, SavePressedTwiceInOneCallActsOnce) {
   struct Editor {
     using State = Counter::State;
     int* saved;
@@ -188,7 +188,7 @@ TEST(EventTest, SavePressedTwiceInOneGoActsOnce) {
   EXPECT_EQ(graph.deliver(save, Press{}), Delivery::gone);
 }
 
-TEST(EventTest, AnExceptionOfAnActionComesOutAfterSettling) {
+TEST(EventTest, AnExceptionOfAnActionIsRethrownAfterSettling) {
   ViewGraph graph;
   testing::RenderedTree tree;
   graph.attach(tree);
@@ -213,7 +213,7 @@ TEST(EventTest, AnExceptionOfAnActionComesOutAfterSettling) {
   EXPECT_EQ(press(graph, "+"), Delivery::acted) << "and nothing of it is left over";
 }
 
-TEST(EventTest, WhatAnActionWroteBeforeItThrewStays) {
+TEST(EventTest, WritesOfAnActionBeforeItsExceptionStay) {
   struct Failing {
     using State = Counter::State;
     View body(const LocalState<State>& state) const {
@@ -240,7 +240,7 @@ TEST(EventTest, ManyQueuedEventsAreNotMistakenForALoop) {
 
 using EventDeathTest = ::testing::Test;
 
-TEST(EventDeathTest, ATreeThatNeverComesToRestStops) {
+TEST(EventDeathTest, ATreeThatNeverComesToRestStopsTheProcess) {
   ViewGraph graph;
   std::function<View()> again;
   again = [&]() -> View {
@@ -261,7 +261,7 @@ TEST(EventDeathTest, AViewWhoseStateIsWrittenWithoutEndIsNamed) {
   EXPECT_DEATH(graph.attach(window), "vemra::ui: the tree never comes to rest in Lending");
 }
 
-TEST(EventDeathTest, DestroyingTheGraphFromInsideStops) {
+TEST(EventDeathTest, DestroyingTheGraphFromInsideStopsTheProcess) {
   auto graph = std::make_unique<ViewGraph>();
   graph->setRoot(Button("end", [&] { graph.reset(); }));
   EXPECT_DEATH(press(*graph, "end"), "a view graph was destroyed by what it called in Button");

@@ -50,7 +50,7 @@ class ExceptionTest : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(ExceptionTest, ABodyThatThrowsLeavesWhatItShowedAndTheRestGoesOn) {
+TEST_F(ExceptionTest, ABodyThatThrowsKeepsItsContentAndTheOtherViewsUpdate) {
   graph.setRoot(Group({Text("one"), Fragile{"it"}, Text("three")}));
   const NodeID it = graph.root()->children[1]->id;
   EXPECT_EQ(faultOf(Group({Text("uno"), Fragile{"it", true}, Text("tres"), Text("more")})),
@@ -61,7 +61,7 @@ TEST_F(ExceptionTest, ABodyThatThrowsLeavesWhatItShowedAndTheRestGoesOn) {
   EXPECT_EQ(graph.root()->children[1]->id, it);
 }
 
-TEST_F(ExceptionTest, ANewViewWhoseBodyThrowsShowsNothingUntilItsBodyDoesNot) {
+TEST_F(ExceptionTest, ANewViewWhoseBodyThrowsShowsNothingUntilItsBodySucceeds) {
   EXPECT_EQ(faultOf(Group({Text("one"), Fragile{"it", true}, Counter{"last"}})), "body of it");
   EXPECT_EQ(shown(), (Texts{"one", "last=0"}));
   press(graph, "+");
@@ -69,12 +69,12 @@ TEST_F(ExceptionTest, ANewViewWhoseBodyThrowsShowsNothingUntilItsBodyDoesNot) {
   EXPECT_EQ(shown(), (Texts{"one", "it=0", "last=1"}));
 }
 
-TEST_F(ExceptionTest, OfSeveralTheFirstComesOut) {
+TEST_F(ExceptionTest, OfSeveralExceptionsTheFirstIsRethrown) {
   EXPECT_EQ(faultOf(Group({Fragile{"a", true}, Fragile{"b", true}})), "body of a");
   EXPECT_EQ(faultOf(Group({Text("fine")})), "") << "and nothing of them is left over";
 }
 
-TEST_F(ExceptionTest, ABodyThatThrowsForItsOwnStateStopsNoOther) {
+TEST_F(ExceptionTest, ABodyThatThrowsAfterAStateChangeStopsNoOtherBody) {
   struct Flaky {
     using State = Counter::State;
     View body(const LocalState<State>& state) const {
@@ -93,7 +93,7 @@ TEST_F(ExceptionTest, ABodyThatThrowsForItsOwnStateStopsNoOther) {
   EXPECT_TRUE(buttonTitled(graph.root(), "at 2"));
 }
 
-TEST_F(ExceptionTest, ARowThatThrowsLeavesWhatWasThere) {
+TEST_F(ExceptionTest, ARowThatThrowsKeepsItsContent) {
   bool fails = false;
   const auto screen = [&](std::vector<Line> lines) {
     return list(std::move(lines), [&](const Line& line) -> View {
@@ -144,7 +144,7 @@ TEST_F(ExceptionTest, DescribingARowThatThrowsRethrowsAndLeavesAnEmptyRow) {
 
 // What else a description calls may fail halfway through a list of children. Then the tree goes.
 
-TEST_F(ExceptionTest, ABindingThatCannotBeReadTakesTheWholeTreeAway) {
+TEST_F(ExceptionTest, ABindingThatCannotBeReadRemovesTheWholeTree) {
   graph.setRoot(Group({Counter{"a"}, Text("b")}));
   const NodeID counter = graph.root()->children[0]->id;
   const auto state = memoryOf(*graph.root()->children[0]).state;
@@ -160,7 +160,7 @@ TEST_F(ExceptionTest, ABindingThatCannotBeReadTakesTheWholeTreeAway) {
   EXPECT_EQ(shown(), Texts{"a=0"});
 }
 
-TEST_F(ExceptionTest, AnotherEnvironmentDoesNotBringTheLostTreeBack) {
+TEST_F(ExceptionTest, AnotherEnvironmentDoesNotRestoreTheRemovedTree) {
   bool fails = false;
   const Binding<std::string> field([&]() -> std::string { return fails ? throw Fault("get") : ""; },
                                    [](const std::string&) {});
@@ -173,7 +173,7 @@ TEST_F(ExceptionTest, AnotherEnvironmentDoesNotBringTheLostTreeBack) {
   EXPECT_EQ(graph.root(), nullptr);
 }
 
-TEST_F(ExceptionTest, SoItDoesBeforeAnythingWasShown) {
+TEST_F(ExceptionTest, ABindingThatCannotBeReadAtFirstShowsNothing) {
   EXPECT_EQ(faultOf(Group({Text("x"), broken()})), "get");
   EXPECT_EQ(graph.root(), nullptr);
   EXPECT_EQ(tree.patchCount(), 0U) << "what the renderer never heard of is not taken away";
@@ -181,7 +181,7 @@ TEST_F(ExceptionTest, SoItDoesBeforeAnythingWasShown) {
   EXPECT_EQ(shown(), Texts{"fine"});
 }
 
-TEST_F(ExceptionTest, SoItDoesWhenTheRootItselfWasReplaced) {
+TEST_F(ExceptionTest, ABindingThatCannotBeReadInANewRootRemovesTheWholeTree) {
   graph.setRoot(Text("old"));
   EXPECT_EQ(faultOf(Group({broken()})), "get");
   EXPECT_FALSE(tree.root());
@@ -189,7 +189,7 @@ TEST_F(ExceptionTest, SoItDoesWhenTheRootItselfWasReplaced) {
   EXPECT_EQ(shown(), Texts{"fine"});
 }
 
-TEST_F(ExceptionTest, SoItDoesInALookAndSleepingStateGoesWithIt) {
+TEST_F(ExceptionTest, ABindingThatCannotBeReadInALookRemovesTheTreeAndItsSleepingState) {
   Window window;
   graph.attach(window);
   bool fails = false;

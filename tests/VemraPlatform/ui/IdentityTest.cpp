@@ -153,7 +153,7 @@ TEST_P(IdentityTest, DecidesWhetherTheNodeIsTheSame) {
 INSTANTIATE_TEST_SUITE_P(Table, IdentityTest, ::testing::ValuesIn(cases()),
                          [](const auto& test) { return test.param.name; });
 
-TEST(IdentityLawsTest, TheRootObeysTheSameTable) {
+TEST(IdentityLawsTest, TheRootFollowsTheSameTable) {
   ViewGraph graph;
   testing::RenderedTree tree;
   graph.attach(tree);
@@ -192,7 +192,7 @@ TEST(IdentityLawsTest, EveryPathThroughBranchesIsABranchOfItsOwn) {
   EXPECT_EQ(branches.size(), paths);
 }
 
-TEST(IdentityLawsTest, OnlyTheBranchTakenIsMade) {
+TEST(IdentityLawsTest, OnlyTheTakenBranchIsMade) {
   std::string made;
   const auto make = [&](char letter) {
     return [&made, letter]() -> View {

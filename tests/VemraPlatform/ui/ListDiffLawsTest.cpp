@@ -104,13 +104,13 @@ void forRandomPairs(const Check& check) {
 
 }  // namespace
 
-TEST(ListDiffLawsTest, CarriedOutTheStepsGiveTheNewList) {
+TEST(ListDiffLawsTest, TheStepsProduceTheNewList) {
   forRandomPairs([](const Items& before, const Items& after) {
     EXPECT_EQ(carriedOut(before, diff(before, after)), after);
   });
 }
 
-TEST(ListDiffLawsTest, NoStepIsIdle) {
+TEST(ListDiffLawsTest, EveryStepHasAnEffect) {
   forRandomPairs([](const Items& before, const Items& after) {
     Items list = before;
     for (const ListOperation& step : diff(before, after)) {
@@ -121,7 +121,7 @@ TEST(ListDiffLawsTest, NoStepIsIdle) {
   });
 }
 
-TEST(ListDiffLawsTest, MovesAreAsFewAsTheyCanBe) {
+TEST(ListDiffLawsTest, MovesAreTheFewestPossible) {
   forRandomPairs([](const Items& before, const Items& after) {
     const auto steps = diff(before, after);
     const std::size_t shared = common(before, after);
@@ -149,7 +149,7 @@ TEST(ListDiffLawsTest, RemovalsComeFirstAndNoItemIsNamedTwice) {
 // Why a place is a neighbour: the very same steps with the item's index in the new list in its
 // stead, carried out in the same order, look right and are not. What still has to move away counts
 // in the index at that time.
-TEST(ListDiffLawsTest, TheSameStepsPlacedByIndexGoWrong) {
+TEST(ListDiffLawsTest, TheSameStepsPlacedByIndexGiveWrongLists) {
   int wrong = 0;
   forRandomPairs([&](const Items& before, const Items& after) {
     Items list = before;

@@ -58,7 +58,7 @@ TEST(ModifierTest, OrderIsKept) {
             (PaddingModifier{Edges::vertical, 4}));
 }
 
-TEST(ModifierTest, EachGivesANewViewAndLeavesTheOld) {
+TEST(ModifierTest, EachGivesANewViewAndKeepsTheOldView) {
   const View before = plain();
   const View after = before.font(Font::caption);
   EXPECT_TRUE(before.description().modifiers.empty());
@@ -72,7 +72,7 @@ TEST(ModifierTest, AnUnsharedViewIsModifiedInPlace) {
   EXPECT_EQ(&after.description(), before) << "ten thousand rows are not copied once a modifier";
 }
 
-TEST(ModifierTest, FontForegroundAndDisabledReachDown) {
+TEST(ModifierTest, FontForegroundAndDisabledAreInherited) {
   const Style style = inside(around(around(plain()))
                                  .font(Font::caption)
                                  .foregroundStyle(ForegroundStyle::secondary)
@@ -87,7 +87,7 @@ TEST(ModifierTest, FontForegroundAndDisabledReachDown) {
   EXPECT_TRUE(none.enabled);
 }
 
-TEST(ModifierTest, TheOthersDoNot) {
+TEST(ModifierTest, TheOtherModifiersAreNotInherited) {
   ViewGraph graph;
   graph.setRoot(around(plain())
                     .padding(7)
@@ -121,7 +121,7 @@ TEST(ModifierTest, InsideADisabledViewNothingIsEnabledAgain) {
   EXPECT_TRUE(inside(around(plain().disabled(false)).disabled(false)).enabled);
 }
 
-TEST(ModifierTest, AWeightStandsBesideTheFont) {
+TEST(ModifierTest, AWeightIsSeparateFromTheFont) {
   const auto bold = FontWeight::bold;
   EXPECT_EQ(inside(plain().font(Font::title2).fontWeight(bold)).font, Font::title2.weight(bold));
   EXPECT_EQ(inside(plain().fontWeight(bold).font(Font::title2)).font, Font::title2.weight(bold));
@@ -161,7 +161,7 @@ TEST(ModifierTest, PaddingAddsUpByEdge) {
             (Insets{5, 4, 5, 4}));
 }
 
-TEST(ModifierTest, OfSeveralIdentifiersTheLastIsMeantOfTagsTheFirst) {
+TEST(ModifierTest, OfSeveralIdentifiersTheLastCountsOfTagsTheFirst) {
   EXPECT_EQ(elementOf(plain().accessibilityIdentifier("a").accessibilityIdentifier("b"))
                 .accessibilityIdentifier(),
             "b");
@@ -170,7 +170,7 @@ TEST(ModifierTest, OfSeveralIdentifiersTheLastIsMeantOfTagsTheFirst) {
   EXPECT_TRUE(elementOf(plain().labelsHidden()).labelsHidden());
 }
 
-TEST(ModifierTest, AGroupAddsNoLayoutAndHandsItsModifiersOn) {
+TEST(ModifierTest, AGroupAddsNoLayoutAndPassesItsModifiersToItsChildren) {
   ViewGraph graph;
   graph.setRoot(Group({plain(), plain()}).font(Font::caption));
   const Element& group = graph.root()->element;
@@ -182,7 +182,7 @@ TEST(ModifierTest, AGroupAddsNoLayoutAndHandsItsModifiersOn) {
   }
 }
 
-TEST(ModifierTest, AChangeOfAnOuterModifierReachesEveryViewItConcerns) {
+TEST(ModifierTest, AChangeOfAnOuterModifierUpdatesEveryAffectedView) {
   ViewGraph graph;
   testing::RenderedTree tree;
   graph.attach(tree);
@@ -198,7 +198,7 @@ TEST(ModifierTest, AChangeOfAnOuterModifierReachesEveryViewItConcerns) {
 }
 
 // A host may keep a view and show it in several ways.
-TEST(ModifierTest, AViewThatHasANameStaysAsItIs) {
+TEST(ModifierTest, AModifiedLvalueStaysUnchanged) {
   const std::pair<View (*)(const View&), View (*)(View)> modified[] = {
       {[](const View& v) { return v.font(Font::caption); },
        [](View v) { return std::move(v).font(Font::caption); }},

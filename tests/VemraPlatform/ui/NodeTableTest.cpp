@@ -27,7 +27,7 @@ struct Mortal {
 
 }  // namespace
 
-TEST(NodeTable, HoldsWhatAMapHoldsWhereItWasPut) {
+TEST(NodeTable, ContainsTheValuesOfAMapAtConstantAddresses) {
   NodeTable<std::string> table;
   std::map<std::uint64_t, std::string> expected;
   std::map<std::uint64_t, const std::string*> places;
@@ -59,7 +59,7 @@ TEST(NodeTable, HoldsWhatAMapHoldsWhereItWasPut) {
   EXPECT_EQ(visited.size(), expected.size());
 }
 
-TEST(NodeTable, NothingIsThereForAnIdOfNothing) {
+TEST(NodeTable, TheEmptyIdHasNoValue) {
   NodeTable<int> table;
   EXPECT_EQ(table.find(NodeID{}), nullptr);
   EXPECT_EQ(table.find(NodeID{64}), nullptr);
@@ -85,7 +85,7 @@ TEST(NodeTable, EveryValueIsDestroyedOnce) {
   EXPECT_EQ(destructions, 100);
 }
 
-TEST(NodeTable, AValueThatGoesSeesTheOthersAndNotItself) {
+TEST(NodeTable, AValueBeingDestroyedFindsTheOthersAndNotItself) {
   NodeTable<Mortal> table;
   table.insert(NodeID{1}, Mortal(nullptr));
   bool sawOther = false;
@@ -99,7 +99,7 @@ TEST(NodeTable, AValueThatGoesSeesTheOthersAndNotItself) {
   EXPECT_FALSE(sawItself);
 }
 
-TEST(NodeTable, WithoutMemoryForAPageItIsAsItWas) {
+TEST(NodeTable, WithoutMemoryForAPageItStaysUnchanged) {
 #ifdef VEMRA_ALLOCATIONS_ARE_NOT_COUNTED
   GTEST_SKIP() << "no allocation can be refused here";
 #endif

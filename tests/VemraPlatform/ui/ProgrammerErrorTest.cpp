@@ -89,7 +89,7 @@ TEST(ProgrammerErrorDeathTest, NamesAControlByItsKind) {
               oneLine("a view graph was destroyed by what it called in Button \"the.end\""));
 }
 
-TEST(ProgrammerErrorDeathTest, NamesNoViewWhereThereIsNone) {
+TEST(ProgrammerErrorDeathTest, NamesNoViewWithoutAView) {
   auto graph = std::make_unique<ViewGraph>();
   Acting renderer;
   graph->attach(renderer);

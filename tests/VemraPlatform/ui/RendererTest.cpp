@@ -42,7 +42,7 @@ TEST(RendererTest, ALateRendererGetsThePresentTreeWithItsState) {
   EXPECT_EQ(texts(graph.root()).front(), "it=1");
 }
 
-TEST(RendererTest, WithoutARendererNoRowIsDescribedAndNothingIsLost) {
+TEST(RendererTest, WithoutARendererNoRowIsDescribedAndNoStateIsLost) {
   ViewGraph graph;
   graph.setRoot(screen());
   EXPECT_EQ(graph.work().rows, 0U);
@@ -68,7 +68,7 @@ TEST(RendererTest, ADetachedRendererGetsNoFurtherPatches) {
   EXPECT_EQ(texts(graph.root()).front(), "it=1");
 }
 
-TEST(RendererTest, AnotherTakesOver) {
+TEST(RendererTest, AnotherRendererReplacesTheFirst) {
   ViewGraph graph;
   Window first;
   testing::RenderedTree second;
@@ -81,7 +81,7 @@ TEST(RendererTest, AnotherTakesOver) {
   EXPECT_EQ(difference(graph, second), "");
 }
 
-TEST(RendererTest, ThePreviousRendererGetsOneRemovalAndMayComeBack) {
+TEST(RendererTest, ThePreviousRendererGetsOneRemovalAndMayBeAttachedAgain) {
   ViewGraph graph;
   testing::RenderedTree first;
   Window second;
@@ -160,7 +160,7 @@ TEST(RendererTest, APreviousRendererThatThrowsDoesNotStopTheNext) {
   EXPECT_TRUE(second.root());
 }
 
-TEST(RendererTest, OneAttachedFromInsideACallbackGetsTheNewRootToo) {
+TEST(RendererTest, ARendererAttachedFromInsideACallbackGetsTheNewRootToo) {
   ViewGraph graph;
   testing::RenderedTree first;
   Window second;
@@ -175,7 +175,7 @@ TEST(RendererTest, OneAttachedFromInsideACallbackGetsTheNewRootToo) {
   EXPECT_EQ(texts(graph.root()).front().substr(0, 3), "new");
 }
 
-TEST(RendererTest, OneDetachedFromInsideApplyIsLeftAlone) {
+TEST(RendererTest, ARendererDetachedInsideApplyGetsNoFurtherCalls) {
   ViewGraph graph;
   Window window;
   graph.attach(window);
@@ -262,7 +262,7 @@ TEST(RendererTest, AnEnvironmentThatIsSetWithoutARendererReachesTheNextOne) {
   EXPECT_EQ(window.environments, std::vector{right});
 }
 
-TEST(RendererTest, AnEmptyScreenIsNoPatch) {
+TEST(RendererTest, AnEmptyScreenSendsNoPatch) {
   ViewGraph graph;
   testing::RenderedTree tree;
   graph.attach(tree);
@@ -312,7 +312,7 @@ TEST(RendererTest, APatchHasOnlyTheFieldsOfItsKind) {
   EXPECT_FALSE(patches[0].element);
 }
 
-TEST(RendererTest, ALeavingSubtreeIsOnePatch) {
+TEST(RendererTest, ARemovedSubtreeIsOnePatch) {
   ViewGraph graph;
   Window window;
   graph.attach(window);

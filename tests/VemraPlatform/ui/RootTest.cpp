@@ -17,7 +17,7 @@ using namespace sample;
 
 }  // namespace
 
-TEST(RootTest, ARootFromInsideACallbackIsTakenUpWhenTheEventEnds) {
+TEST(RootTest, ARootFromInsideACallbackTakesEffectWhenTheEventEnds) {
   ViewGraph graph;
   testing::RenderedTree tree;
   graph.attach(tree);
@@ -35,7 +35,7 @@ TEST(RootTest, ARootFromInsideACallbackIsTakenUpWhenTheEventEnds) {
   EXPECT_EQ(difference(graph, tree), "");
 }
 
-TEST(RootTest, ARootFromInsideApplyOrABodyIsTakenUpAfterwards) {
+TEST(RootTest, ARootFromInsideApplyOrABodyTakesEffectAfterwards) {
   ViewGraph graph;
   Window window;
   graph.attach(window);

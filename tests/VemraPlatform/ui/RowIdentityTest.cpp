@@ -50,7 +50,7 @@ TEST(RowIdentityTest, CountsTheEqualIdsBeforeARow) {
   EXPECT_EQ(identities[3].occurrence, 2U);
 }
 
-TEST(RowIdentityTest, AsksForNoIdBehindTheLastRowWanted) {
+TEST(RowIdentityTest, ReadsNoIdBehindTheLastWantedRow) {
   const Ids& rows = fiveRows();
   rowIdentities(rows, {0, 2});
   EXPECT_EQ(rows.last, 2U);

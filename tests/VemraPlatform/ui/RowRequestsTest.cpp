@@ -15,7 +15,7 @@ namespace {
 using namespace sample;
 using ::testing::ElementsAre;
 
-TEST(RowRequests, OfSeveralThatWaitTheLastOneCounts) {
+TEST(RowRequests, OfSeveralWaitingRequestsTheLastCounts) {
   ViewGraph graph;
   Window window;
   const auto ask = [&](std::vector<RowRange> ranges) {
@@ -32,7 +32,7 @@ TEST(RowRequests, OfSeveralThatWaitTheLastOneCounts) {
   graph.detach();
 }
 
-TEST(RowRequests, EachListGetsItsOwn) {
+TEST(RowRequests, EachListGetsItsOwnRequest) {
   ViewGraph graph;
   Window window;
   graph.attach(window);
@@ -48,7 +48,7 @@ TEST(RowRequests, EachListGetsItsOwn) {
 }
 
 // The row's state lies behind a list of which nothing sleeps.
-TEST(RowRequests, ARowWakesPastAListWithNothingAsleep) {
+TEST(RowRequests, ARowWakesBehindAListWithoutSleepingRows) {
   ViewGraph graph;
   Window window;
   graph.attach(window);

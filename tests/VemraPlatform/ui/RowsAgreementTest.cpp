@@ -6,7 +6,7 @@ namespace vemra::ui {
 
 using namespace sample;
 
-TEST(RowsAgreementTest, WindowsAndWholeListsComeToTheSameStates) {
+TEST(RowsAgreementTest, WindowsAndWholeListsEndWithTheSameStates) {
   constexpr int sequences = rounds(5'000);
   constexpr int steps = 12;
   Random random(99);

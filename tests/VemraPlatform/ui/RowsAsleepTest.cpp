@@ -47,7 +47,7 @@ TEST_F(RowsAsleepTest, ASleepingRowKeepsItsStateAndReturnsWithIt) {
   EXPECT_EQ(shown(), (Texts{"row0=0", "row1=2", "row2=0"}));
 }
 
-TEST_F(RowsAsleepTest, AWriteToASleepingRowWaitsThereForItsReturn) {
+TEST_F(RowsAsleepTest, AWriteToASleepingRowIsThereWhenItReturns) {
   show(numbered(10));
   showRows(0, 1);
   pressRow(0);
@@ -61,7 +61,7 @@ TEST_F(RowsAsleepTest, AWriteToASleepingRowWaitsThereForItsReturn) {
   EXPECT_EQ(shown(), Texts{"row0=9"});
 }
 
-TEST_F(RowsAsleepTest, ASleepingRowFollowsItsIdAndIsForgottenWhenItLeavesTheList) {
+TEST_F(RowsAsleepTest, ASleepingRowFollowsItsIdAndLosesItsStateWhenItLeavesTheList) {
   show({{"a"}, {"b"}, {"c"}});
   showRows(0, 3);
   pressRow(0);
@@ -75,7 +75,7 @@ TEST_F(RowsAsleepTest, ASleepingRowFollowsItsIdAndIsForgottenWhenItLeavesTheList
   EXPECT_EQ(shown(), (Texts{"a=0", "b=1"})) << "a left while it slept";
 }
 
-TEST_F(RowsAsleepTest, RowsWithStateAreNamedShownLookedAtOrAsleep) {
+TEST_F(RowsAsleepTest, RowsWithStateAreListedShownLookedAtOrAsleep) {
   show(numbered(200));
   showRows(0, 3);
   EXPECT_EQ(graph.rowsWithState(forEach().id), std::vector<std::size_t>{});
@@ -97,7 +97,7 @@ TEST_F(RowsAsleepTest, RowsWithStateAreNamedShownLookedAtOrAsleep) {
   EXPECT_EQ(graph.rowsWithState(row), std::vector<std::size_t>{}) << "which is no list";
 }
 
-TEST_F(RowsAsleepTest, AStateThatLeavesWhileAsleepTakesNoMoreWrites) {
+TEST_F(RowsAsleepTest, ASleepingStateThatIsRemovedIgnoresWrites) {
   show({{"a"}, {"b"}});
   showRows(0, 1);
   pressRow(0);
@@ -107,7 +107,7 @@ TEST_F(RowsAsleepTest, AStateThatLeavesWhileAsleepTakesNoMoreWrites) {
   EXPECT_FALSE(state->isAttached());
 }
 
-TEST_F(RowsAsleepTest, TheWholeListMayLeaveWithSleepersInIt) {
+TEST_F(RowsAsleepTest, AListWithSleepingRowsCanBeRemoved) {
   show({{"a"}, {"b"}});
   showRows(0, 1);
   pressRow(0);
@@ -138,7 +138,7 @@ TEST_F(RowsAsleepTest, ARowThatWakesAsAnotherKindOrBranchStartsAfresh) {
   EXPECT_EQ(shown(), (Texts{"initial", "b=0"})) << "described as it is when it is asked for";
 }
 
-TEST_F(RowsAsleepTest, WhatARowHoldsSleepsAndWakesWithIt) {
+TEST_F(RowsAsleepTest, StateInsideARowSleepsAndWakesWithIt) {
   bool nested = true;
   const auto row = [&](const Line& line) -> View {
     return Group({Text(verbatim(line.id)), View(Counter{"x"}).id("x"), If(nested, [] {
@@ -172,7 +172,7 @@ TEST_F(RowsAsleepTest, WhatARowHoldsSleepsAndWakesWithIt) {
   EXPECT_EQ(shown(), (Texts{"a", "x=1", "i=0", "j=0", "k=0"})) << "it had no place when it woke";
 }
 
-TEST_F(RowsAsleepTest, AWakingRowPassesByAListInItThatHasNothingAsleep) {
+TEST_F(RowsAsleepTest, AWakingRowSkipsAListInItWithoutSleepingRows) {
   const auto row = [](const Line& line) -> View {
     return Group({list({{"i"}, {"j"}}, counterRow), View(Counter{line.id}).id("counter"),
                   list({{"k"}, {"l"}}, counterRow)});
@@ -190,7 +190,7 @@ TEST_F(RowsAsleepTest, AWakingRowPassesByAListInItThatHasNothingAsleep) {
   EXPECT_EQ(shown(), (Texts{"i=0", "j=0", "a=1", "k=1", "l=0"}));
 }
 
-TEST_F(RowsAsleepTest, AListInARowIsNoStateOfTheRow) {
+TEST_F(RowsAsleepTest, AListInARowDoesNotCountAsStateOfTheRow) {
   show({{"a"}, {"b"}}, [](const Line&) { return Group({list({{"i"}, {"j"}}, counterRow)}); });
   showRows(0, 1);
   const NodeID inner = firstOf(forEach().children[0], ElementKind::forEach)->id;

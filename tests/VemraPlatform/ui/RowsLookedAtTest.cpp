@@ -20,7 +20,7 @@ class RowsLookedAtTest : public ListInWindow {};
 
 }  // namespace
 
-TEST_F(RowsLookedAtTest, ALookMakesNoPatchAndIsTheShownRowOnceItIsShown) {
+TEST_F(RowsLookedAtTest, ALookSendsNoPatchAndBecomesTheShownRow) {
   show(numbered(100));
   showRows(0, 2);
   window.take();
@@ -40,7 +40,7 @@ TEST_F(RowsLookedAtTest, ALookMakesNoPatchAndIsTheShownRowOnceItIsShown) {
   EXPECT_EQ(shown(), Texts{"row40=2"});
 }
 
-TEST_F(RowsLookedAtTest, OfManyLooksTheOldestIsForgottenAndItsStateIsNot) {
+TEST_F(RowsLookedAtTest, OfManyLooksTheOldestLosesItsNodesButNotItsState) {
   show(numbered(200));
   const NodeID first = graph.lookAtRow(forEach().id, 0);
   pressRow(0);
@@ -64,7 +64,7 @@ TEST_F(RowsLookedAtTest, LooksEndWithTheDescriptionOfTheirList) {
   EXPECT_EQ(lookedAt(3), Texts{"row7=0"});
 }
 
-TEST_F(RowsLookedAtTest, ALookFromABodyFindsNothingNewAndItsOtherWishesWaitTheirTurn) {
+TEST_F(RowsLookedAtTest, ALookFromABodyDescribesNothingAndOtherRequestsWait) {
   NodeID fromRow;
   show({{"a"}, {"b"}}, [&](const Line& line) -> View {
     if (line.id == "b") {

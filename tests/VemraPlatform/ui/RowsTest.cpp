@@ -27,7 +27,7 @@ class RowsTest : public ListInWindow {};
 
 }  // namespace
 
-TEST_F(RowsTest, AreDescribedOnlyWhenAskedForWhateverTheLengthOfTheList) {
+TEST_F(RowsTest, AreDescribedOnlyOnRequestForAnyLengthOfTheList) {
   for (const std::size_t length : {100U, 100'000U}) {
     const WorkCount before = graph.work();
     show(numbered(length));
@@ -64,7 +64,7 @@ TEST_F(RowsTest, RangesMayTouchOverlapAndReachPastTheEnd) {
   EXPECT_TRUE(shown().empty());
 }
 
-TEST_F(RowsTest, ARequestForWhatIsNoListDoesNothing) {
+TEST_F(RowsTest, ARequestForANodeThatIsNoListDoesNothing) {
   graph.setRoot(Group({Text("x"), list(numbered(3))}));
   const NodeID gone = forEach().id;
   graph.showRows(graph.root()->children[0]->id, {{0, 1}});
@@ -77,7 +77,7 @@ TEST_F(RowsTest, ARequestForWhatIsNoListDoesNothing) {
   EXPECT_EQ(graph.work().rows, 0U);
 }
 
-TEST_F(RowsTest, ARendererOfEveryRowIsNotServedWindows) {
+TEST_F(RowsTest, ARendererOfEveryRowGetsNoWindows) {
   testing::RenderedTree all;
   graph.attach(all);
   graph.setRoot(list(numbered(5)));
@@ -86,7 +86,7 @@ TEST_F(RowsTest, ARendererOfEveryRowIsNotServedWindows) {
   EXPECT_EQ(difference(graph, all), "");
 }
 
-TEST_F(RowsTest, APickersRowsAreThereWithThePicker) {
+TEST_F(RowsTest, APickersRowsComeWithThePicker) {
   graph.setRoot(Picker("choice", Binding<Tag>([] { return Tag(Only::one); }, [](const Tag&) {}),
                        {Group({list(numbered(4))})}));
   EXPECT_EQ(shown().size(), 4U);
@@ -110,7 +110,7 @@ TEST_F(RowsTest, ARendererGetsTheIdsOfEveryNewListOnce) {
   EXPECT_TRUE(window.take().empty()) << "nothing that is shown has changed";
 }
 
-TEST_F(RowsTest, ARendererGetsThePlacesOfTheShownRowsWhenOneIsNewOrHasMoved) {
+TEST_F(RowsTest, ARendererGetsTheIndexesOfTheShownRowsWhenARowIsNewOrHasMoved) {
   using Ranges = std::vector<RowRange>;
   show(numbered(9));
   const auto ids = window.takeLists()[0].ids;
@@ -131,7 +131,7 @@ TEST_F(RowsTest, ARendererGetsThePlacesOfTheShownRowsWhenOneIsNewOrHasMoved) {
   EXPECT_EQ(difference(graph, window.tree), "");
 }
 
-TEST_F(RowsTest, ARendererGetsTheRowsOfAListOnlyAsTheyAreAfterThePatches) {
+TEST_F(RowsTest, ARendererGetsTheRowsOfAListOnlyInTheirStateAfterThePatches) {
   window.onApply = [&](const std::vector<Patch>& patches) {
     for (const Patch& patch : patches) {
       if (patch.kind != Kind::insert || patch.element->kind() != ElementKind::forEach) continue;
@@ -146,7 +146,7 @@ TEST_F(RowsTest, ARendererGetsTheRowsOfAListOnlyAsTheyAreAfterThePatches) {
   EXPECT_EQ(window.lists[1].shown, (std::vector<RowRange>{{3, 5}}));
 }
 
-TEST_F(RowsTest, RowsThatAreOnlyLookedAtAreNotHandedOut) {
+TEST_F(RowsTest, LookedAtRowsAreNotHandedToTheRenderer) {
   const auto row = [](const Line&) { return list(numbered(2)); };
   show(numbered(5), row);
   window.takeLists();
@@ -160,7 +160,7 @@ TEST_F(RowsTest, RowsThatAreOnlyLookedAtAreNotHandedOut) {
   EXPECT_EQ(window.lists[1].list, forEach().children[0]->id);
 }
 
-TEST_F(RowsTest, RequestsFromInsideApplyAreServedAfterIt) {
+TEST_F(RowsTest, RequestsFromInsideApplyAreHandledAfterIt) {
   window.onApply = [&](const std::vector<Patch>& patches) {
     for (const Patch& patch : patches) {
       if (patch.kind != Kind::insert || patch.element->kind() != ElementKind::forEach) continue;
@@ -172,7 +172,7 @@ TEST_F(RowsTest, RequestsFromInsideApplyAreServedAfterIt) {
   EXPECT_EQ(shown().size(), 2U);
 }
 
-TEST_F(RowsTest, RequestsThatWaitAreServedInTheOrderTheyCameIn) {
+TEST_F(RowsTest, WaitingRequestsAreHandledInTheirOrder) {
   window.onApply = [&](const std::vector<Patch>& patches) {
     for (const Patch& patch : patches) {
       if (patch.kind != Kind::insert || patch.element->kind() != ElementKind::forEach) continue;
@@ -203,7 +203,7 @@ TEST_F(RowsTest, EqualIdsAreDistinguishedByOrderInEveryForm) {
   EXPECT_EQ(shown(), (Texts{"1=0", "2=0"})) << "the second one had left";
 }
 
-TEST_F(RowsTest, AChangeAboveTheWindowMovesThePlacesOfTheShownRows) {
+TEST_F(RowsTest, AChangeAboveTheWindowChangesTheIndexesOfTheShownRows) {
   show(numbered(20));
   showRows(10, 12);
   const NodeID ten = forEach().children[0]->id;
@@ -221,7 +221,7 @@ TEST_F(RowsTest, AChangeAboveTheWindowMovesThePlacesOfTheShownRows) {
   EXPECT_EQ(window.lists.back().shown, (std::vector<RowRange>{{9, 11}}));
 }
 
-TEST_F(RowsTest, AShownRowThatAloneChangesItsPlaceIsHandedOut) {
+TEST_F(RowsTest, AShownRowThatAloneChangesItsIndexIsReported) {
   show({{"a"}, {"b"}, {"c"}});
   graph.showRows(forEach().id, {{0, 1}, {2, 3}});
   window.take();
@@ -230,7 +230,7 @@ TEST_F(RowsTest, AShownRowThatAloneChangesItsPlaceIsHandedOut) {
   EXPECT_EQ(window.lists.back().shown, (std::vector<RowRange>{{1, 3}}));
 }
 
-TEST_F(RowsTest, AChangeInsideTheWindowReordersTheRowsThatAreThere) {
+TEST_F(RowsTest, AChangeInsideTheWindowReordersTheExistingRows) {
   show({{"a"}, {"b"}, {"c"}, {"d"}});
   showRows(0, 3);
   show({{"c"}, {"d"}, {"x"}, {"a"}});
@@ -238,7 +238,7 @@ TEST_F(RowsTest, AChangeInsideTheWindowReordersTheRowsThatAreThere) {
   EXPECT_EQ(forEach().children[1]->rowIndex, 3U);
 }
 
-TEST_F(RowsTest, ANewRootCostsNoPassOverIdsWithoutStateAndOneWithIt) {
+TEST_F(RowsTest, ANewRootTakesNoPassOverIdsWithoutStateAndOneWithState) {
   const std::vector<Line> lines = numbered(100'000);
   show(lines);
   showRows(500, 520);
@@ -274,7 +274,7 @@ TEST_F(RowsTest, ARowOfAnotherKindOrBranchStartsAfresh) {
   EXPECT_EQ(graph.work().rows, rows + 1) << "described once";
 }
 
-TEST_F(RowsTest, AnAbsentRowIsAnEmptyOne) {
+TEST_F(RowsTest, AnAbsentRowIsAnEmptyRow) {
   show(numbered(3), [](const Line& line) -> View {
     return If(line.id != "row1", [&] { return Text(verbatim(line.id)); });
   });

@@ -95,7 +95,7 @@ TEST(ScaleTest, EveryChangeOfALongListIsRight) {
   expectAllRight(Written::asList);
 }
 
-TEST(ScaleTest, SoIsEveryChangeOfManyChildrenInSlotsOrWithKeys) {
+TEST(ScaleTest, EveryChangeOfManyChildrenInSlotsOrWithKeysIsRight) {
   expectAllRight(Written::asChildren);
   expectAllRight(Written::asKeyedChildren);
 }
@@ -189,7 +189,7 @@ TEST(ScaleTest, AListInsideARowSleepsInOnePassOfItsOwn) {
             401);
 }
 
-TEST(ScaleTest, AThousandLevelsAreNoTrouble) {
+TEST(ScaleTest, AThousandLevelsWork) {
   ViewGraph graph;
   testing::RenderedTree tree;
   graph.attach(tree);

@@ -46,7 +46,7 @@ TEST(StateChangeTest, WritesOfSeveralViewsDescribeEachOnceOuterOnesFirst) {
   EXPECT_EQ(order, "oioi") << "the inner one is described with the outer one, not again";
 }
 
-TEST(StateChangeTest, AWriteAfterTheDescriptionInTheSamePassIsSeen) {
+TEST(StateChangeTest, AWriteAfterTheDescriptionInTheSamePassIsShown) {
   ViewGraph graph;
   testing::RenderedTree tree;
   graph.attach(tree);
@@ -69,7 +69,7 @@ TEST(StateChangeTest, AWriteAfterTheDescriptionInTheSamePassIsSeen) {
   EXPECT_EQ(difference(graph, tree), "");
 }
 
-TEST(StateChangeTest, SoIsOneInTheVeryFirstPass) {
+TEST(StateChangeTest, AWriteAfterTheDescriptionInTheFirstPassIsShown) {
   ViewGraph graph;
   const auto lent = borrowed();
   bool writes = true;
@@ -83,7 +83,7 @@ TEST(StateChangeTest, SoIsOneInTheVeryFirstPass) {
   EXPECT_EQ(texts(graph.root()), Texts{"7"});
 }
 
-TEST(StateChangeTest, AnInnerViewThatTheOuterOneTakesAwayIsNotDescribed) {
+TEST(StateChangeTest, AnInnerViewThatTheOuterViewRemovesIsNotDescribed) {
   struct Outer {
     using State = Counter::State;
     std::shared_ptr<std::optional<CounterState>> lent;
@@ -106,7 +106,7 @@ TEST(StateChangeTest, AnInnerViewThatTheOuterOneTakesAwayIsNotDescribed) {
   EXPECT_TRUE(texts(graph.root()).empty());
 }
 
-TEST(StateChangeTest, ALocalChangeDescribesOneCompositeAndTouchesNothingElse) {
+TEST(StateChangeTest, ALocalChangeDescribesOneCompositeOnly) {
   ViewGraph graph;
   testing::RenderedTree tree;
   graph.attach(tree);
@@ -123,7 +123,7 @@ TEST(StateChangeTest, ALocalChangeDescribesOneCompositeAndTouchesNothingElse) {
 
 using StateChangeDeathTest = ::testing::Test;
 
-TEST(StateChangeDeathTest, WritingWhileDescribingStopsAndNamesTheView) {
+TEST(StateChangeDeathTest, WritingWhileDescribingStopsTheProcessAndNamesTheView) {
   const auto write = [](const CounterState& state) {
     state.set(&Counter::State::count, state->count + 1);
   };
@@ -154,7 +154,7 @@ TEST(StateChangeDeathTest, TheMessageNamesTheRow) {
       "in Lending of row \"a\"");
 }
 
-TEST(StateChangeDeathTest, WritingFromARowsClosureStopsToo) {
+TEST(StateChangeDeathTest, WritingFromARowsClosureStopsTheProcessToo) {
   const auto lent = borrowed();
   EXPECT_DEATH(
       {
@@ -169,7 +169,7 @@ TEST(StateChangeDeathTest, WritingFromARowsClosureStopsToo) {
       "while a view was being described in Lending");
 }
 
-TEST(StateChangeDeathTest, AnEqualWriteWhileDescribingIsNoWrite) {
+TEST(StateChangeDeathTest, AnEqualWriteWhileDescribingIsAllowed) {
   ViewGraph graph;
   graph.setRoot(
       Lending{borrowed(), [](const CounterState& state) { state.set(&Counter::State::count, 0); }});

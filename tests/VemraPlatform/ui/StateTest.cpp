@@ -37,7 +37,7 @@ TEST(StateTest, IsInitialAtFirstMountOnly) {
   EXPECT_EQ(texts(graph.root()), Texts{"b=1"});
 }
 
-TEST(StateTest, IsKeptWhenSiblingsComeAndGo) {
+TEST(StateTest, IsKeptWhenSiblingsAreAddedAndRemoved) {
   ViewGraph graph;
   const auto screen = [](bool above, bool below) {
     return column({If(above, [] { return Text("above"); }), Counter{"it"},
@@ -97,7 +97,7 @@ TEST(StateTest, IsLostOnAChangeOfBranchAndBack) {
   EXPECT_EQ(texts(graph.root()), Texts{"one=0"});
 }
 
-TEST(StateTest, AWriteIsSeenByTheNextReadAndTheBodyRunsOnce) {
+TEST(StateTest, AWriteIsVisibleToTheNextReadAndTheBodyRunsOnce) {
   ViewGraph graph;
   const auto lent = borrowed();
   std::vector<int> read;
@@ -153,7 +153,7 @@ TEST(StateTest, AfterTheViewIsGoneAWriteDoesNothingAndAReadGivesTheLastValue) {
   EXPECT_EQ(texts(graph.root()), Texts{"0"});
 }
 
-TEST(StateTest, OutlivesItsGraphForReadersOnly) {
+TEST(StateTest, CanStillBeReadAfterItsGraph) {
   const auto lent = borrowed();
   {
     ViewGraph graph;

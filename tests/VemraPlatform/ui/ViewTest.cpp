@@ -50,7 +50,7 @@ std::string words(const std::string& path) {
 
 }  // namespace
 
-TEST(ViewTest, TheExamplesEditorKeepsItsTextWhenTheButtonAboveItComesAndGoes) {
+TEST(ViewTest, TheExamplesEditorKeepsItsTextWhenTheButtonAboveItAppearsAndDisappears) {
   ViewGraph graph;
   graph.setRoot(row("Ada", false));
   const NodeID field = firstOf(graph.root(), ElementKind::textField)->id;

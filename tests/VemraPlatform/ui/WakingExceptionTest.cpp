@@ -90,7 +90,7 @@ TEST_F(WakingExceptionTest, ARowThatThrowsWhileItWakesKeepsItsStateForTheNextTry
   EXPECT_EQ(difference(graph, window.tree), "");
 }
 
-TEST_F(WakingExceptionTest, ABodyThatThrowsWhileItsRowWakesKeepsWhatSleptBelowIt) {
+TEST_F(WakingExceptionTest, ABodyThatThrowsWhileItsRowWakesKeepsTheSavedStateBelowIt) {
   bool fails = false;
   // One row is the composite itself, in one it stands between others.
   const View screen = list({{"a"}, {"b"}, {"c"}}, [&](const Line& line) -> View {
@@ -121,7 +121,7 @@ TEST_F(WakingExceptionTest, ABodyThatThrowsWhileItsRowWakesKeepsWhatSleptBelowIt
   EXPECT_EQ(difference(graph, window.tree), "");
 }
 
-TEST_F(WakingExceptionTest, ABodyThatThrowsWithNothingAsleepBelowItIsNoState) {
+TEST_F(WakingExceptionTest, ABodyThatThrowsWithNoSavedStateBelowItLeavesNoState) {
   bool fails = false;
   graph.setRoot(list({{"a"}, {"b"}}, [&](const Line&) -> View {
     return Group({FragileHolder{&fails, "h"}, Counter{"x"}});
@@ -139,7 +139,7 @@ TEST_F(WakingExceptionTest, ABodyThatThrowsWithNothingAsleepBelowItIsNoState) {
   EXPECT_EQ(graph.rowsWithState(forEach), std::vector<std::size_t>{});
 }
 
-TEST_F(WakingExceptionTest, SoItDoesWithTheRowsOfAList) {
+TEST_F(WakingExceptionTest, ABodyThatThrowsWhileItsRowWakesKeepsTheSavedStateOfAListBelowIt) {
   bool fails = false;
   graph.setRoot(list({{"a"}, {"b"}}, [&](const Line&) { return View(FragileList{&fails}); }));
   const NodeID forEach = graph.root()->id;
@@ -161,7 +161,7 @@ TEST_F(WakingExceptionTest, SoItDoesWithTheRowsOfAList) {
   EXPECT_EQ(texts(graph.root()), (Texts{"i=1", "j=0"}));
 }
 
-TEST_F(WakingExceptionTest, AWakingRowThatFailsTakesItsStateWithIt) {
+TEST_F(WakingExceptionTest, AWakingRowThatCannotBeReadLosesItsState) {
   bool fails = false;
   graph.setRoot(list({{"a"}, {"b"}}, [&](const Line& line) -> View {
     return Group({fails ? broken() : Text("fine"), Counter{line.id}});

@@ -43,7 +43,7 @@ class Announcements : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(Announcements, TellWhatChanges) {
+TEST_F(Announcements, ReportChangedNamesValuesAndStates) {
   Listener listener;
   WindowHost host(resultWith(5));
   elementsBelow(accessiblePage(host));
@@ -65,7 +65,7 @@ TEST_F(Announcements, TellWhatChanges) {
   EXPECT_THAT(listener.heard(), ElementsAre("name Another"));
 }
 
-TEST_F(Announcements, TellOfRowsThatComeAndGoButNotOfThoseThatScroll) {
+TEST_F(Announcements, ReportAddedAndRemovedRowsButNotScrolledRows) {
   Listener listener;
   WindowHost host(resultWith(500));
   elementsBelow(accessiblePage(host));
@@ -83,7 +83,7 @@ TEST_F(Announcements, TellOfRowsThatComeAndGoButNotOfThoseThatScroll) {
   EXPECT_THAT(listener.heard(), Contains("created Fresh"));
 }
 
-TEST_F(Announcements, TakeNoNoticeOfWidgetsThatAreUsedAgain) {
+TEST_F(Announcements, IgnoreWidgetsThatAreReused) {
   Listener listener;
   WindowHost host(resultWith(2000));
   host.press("vemra.goal.person.p0.outcome.start");
@@ -93,7 +93,7 @@ TEST_F(Announcements, TakeNoNoticeOfWidgetsThatAreUsedAgain) {
   EXPECT_THAT(listener.heard(), IsEmpty());
 }
 
-TEST_F(Announcements, TellOfAnElementThatComesInFrontOfAllOthers) {
+TEST_F(Announcements, ReportAnElementAddedBeforeAllOthers) {
   Listener listener;
   qt::ViewWidget widget;
   const auto show = [&](bool hasFirst) {
@@ -110,7 +110,7 @@ TEST_F(Announcements, TellOfAnElementThatComesInFrontOfAllOthers) {
   EXPECT_THAT(listener.heard(), ElementsAre("created first"));
 }
 
-TEST_F(Announcements, TellOfTheRowsNewNameToo) {
+TEST_F(Announcements, ReportTheRowsNewNameToo) {
   Listener listener;
   qt::ViewWidget widget;
   widget.setEnvironment({});
@@ -128,7 +128,7 @@ TEST_F(Announcements, TellOfTheRowsNewNameToo) {
   EXPECT_EQ(std::ranges::count(heard, "name row1=1"), 2) << "the text, and the row that it names";
 }
 
-TEST_F(Announcements, TellOfElementsOutsideRowsToo) {
+TEST_F(Announcements, ReportElementsOutsideRowsToo) {
   Listener listener;
   WindowHost host(resultWith(1));
   elementsBelow(accessiblePage(host));
@@ -139,7 +139,7 @@ TEST_F(Announcements, TellOfElementsOutsideRowsToo) {
                           "created Save", "created Cancel", "focus Outcome"));
 }
 
-TEST_F(Announcements, TellOfAListThatEmptiesAndFills) {
+TEST_F(Announcements, ReportAListThatIsEmptiedAndFilled) {
   Listener listener;
   WindowHost host(resultWith(2));
   elementsBelow(accessiblePage(host));
@@ -152,7 +152,7 @@ TEST_F(Announcements, TellOfAListThatEmptiesAndFills) {
   EXPECT_THAT(listener.heard(), Contains("created Person Number 0"));
 }
 
-TEST_F(Announcements, TellOfATextThatAClientSets) {
+TEST_F(Announcements, ReportATextThatAClientSets) {
   Listener listener;
   WindowHost host(resultWith(2));
   host.press("vemra.goal.person.p1.outcome.start");
@@ -164,7 +164,7 @@ TEST_F(Announcements, TellOfATextThatAClientSets) {
   EXPECT_THAT(listener.heard(), IsEmpty()) << "nothing has changed";
 }
 
-TEST_F(Announcements, TellOfNewNamesNearAndFarAway) {
+TEST_F(Announcements, ReportNewNamesNearAndFarAway) {
   Listener listener;
   WindowHost host(resultWith(300));
   QAccessibleInterface& page = accessiblePage(host);
@@ -197,7 +197,7 @@ TEST_F(Announcements, TellOfNewNamesNearAndFarAway) {
   EXPECT_THAT(listener.heard(), ElementsAre("name Bo", "name Bo")) << "nothing in view has changed";
 }
 
-TEST_F(Announcements, TellWhatScrollsInAndOutOnlyToThoseWhoAsked) {
+TEST_F(Announcements, ReportScrollingInAndOutOnlyToClientsThatReadTheState) {
   Listener listener;
   WindowHost host(resultWith(300));
   QAccessibleInterface& page = accessiblePage(host);

@@ -84,7 +84,7 @@ class ChangeMeanwhile : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(ChangeMeanwhile, WhatIsAskedMeanwhileIsAnsweredOfTheNewPage) {
+TEST_F(ChangeMeanwhile, QuestionsDuringANotificationGetTheNewPage) {
   widget->setRoot(rows(3));
   ASSERT_EQ(names().size(), 3U);
   std::vector<std::vector<std::string>> answers;
@@ -98,7 +98,7 @@ TEST_F(ChangeMeanwhile, WhatIsAskedMeanwhileIsAnsweredOfTheNewPage) {
   EXPECT_THAT(answers, ElementsAre(all, all));
 }
 
-TEST_F(ChangeMeanwhile, ARootThatIsSetMeanwhileIsShownWhenAllHaveHeardOfTheOneBefore) {
+TEST_F(ChangeMeanwhile, ARootSetDuringANotificationIsShownAfterThePreviousOneIsAnnounced) {
   widget->setRoot(rows(3));
   ASSERT_EQ(names().size(), 3U);
   std::vector<std::string> heard;
@@ -115,7 +115,7 @@ TEST_F(ChangeMeanwhile, ARootThatIsSetMeanwhileIsShownWhenAllHaveHeardOfTheOneBe
   EXPECT_THAT(names(), ElementsAre("row0", "row1", "row2"));
 }
 
-TEST_F(ChangeMeanwhile, NewNamesAreAnnouncedToTheEndThoughARootIsSetMeanwhile) {
+TEST_F(ChangeMeanwhile, NewNamesAreAllAnnouncedAlsoWhenARootIsSetMeanwhile) {
   widget->setRoot(texts("one", true));
   ASSERT_THAT(names(), ElementsAre("one", "one"));
   std::vector<std::string> heard;
@@ -130,7 +130,7 @@ TEST_F(ChangeMeanwhile, NewNamesAreAnnouncedToTheEndThoughARootIsSetMeanwhile) {
 }
 
 // Scrolling happens outside of the graph's work: what is set then is shown at once.
-TEST_F(ChangeMeanwhile, WhatDiesBeforeItsTurnIsNotAnnounced) {
+TEST_F(ChangeMeanwhile, ElementsRemovedBeforeTheirTurnAreNotAnnounced) {
   widget->setRoot(rows(300));
   askForStates();
   std::vector<std::string> heard;
@@ -146,7 +146,7 @@ TEST_F(ChangeMeanwhile, WhatDiesBeforeItsTurnIsNotAnnounced) {
   EXPECT_THAT(names(), ElementsAre("Else"));
 }
 
-TEST_F(ChangeMeanwhile, WhatScrollsBackMeanwhileIsHeardLastAsItIs) {
+TEST_F(ChangeMeanwhile, AnElementThatScrollsBackMeanwhileIsAnnouncedLastInItsPresentState) {
   widget->setRoot(rows(300));
   askForStates();
   std::map<std::string, bool> isShowing;

@@ -5,7 +5,7 @@
 // When they do not, the test prints the shortest story it can find that ends the same way, to be
 // pasted into a test of its own: EXPECT_EQ(tell(0, Story{…}), std::nullopt). A story is chosen by its seed:
 //
-//     VEMRA_MONKEY_SEED=12 VEMRA_MONKEY_STEPS=400 build/debug/tests/test_monkey --gtest_filter='*ASeed*'
+//     VEMRA_MONKEY_SEED=12 VEMRA_MONKEY_STEPS=400 build/debug/tests/test_monkey --gtest_filter='*ChosenSeed*'
 
 #include "tests/VemraQt/monkey/Run.hpp"
 
@@ -52,7 +52,7 @@ TEST(Monkey, AgreesOnTwentyThousandPeople) {
   ASSERT_FALSE(failure) << *failure;
 }
 
-TEST(Monkey, ASeedOfOnesOwn) {
+TEST(Monkey, ChosenSeed) {
   const std::uint64_t seed = numberFrom("VEMRA_MONKEY_SEED", 1);
   const auto failure = tell(seed, randomStory(seed, numberFrom("VEMRA_MONKEY_STEPS", 100)));
   ASSERT_FALSE(failure) << *failure;

@@ -180,7 +180,7 @@ TEST_F(Pictures, Empty) {
 
 // What the comparison lets through, and what it does not.
 
-TEST_F(Pictures, ATextThatIsMovedByOnePixelIsSeen) {
+TEST_F(Pictures, ATextMovedByOnePixelIsADifference) {
   const QImage light(expectedFile("light"));
   ASSERT_FALSE(light.isNull());
   WindowHost host(oneOfEach(), pageSize);
@@ -205,7 +205,7 @@ TEST_F(Pictures, ATextThatIsMovedByOnePixelIsSeen) {
   EXPECT_GT(texts, 30);
 }
 
-TEST_F(Pictures, AnotherColourIsSeen) {
+TEST_F(Pictures, AnotherColourIsADifference) {
   WindowHost host(oneOfEach(), pageSize);
   const QImage light = pictureOf(host);
   const qt::Looks& looks = pageOf(host.widget).looks();
@@ -224,7 +224,7 @@ TEST_F(Pictures, AnotherColourIsSeen) {
   EXPECT_TRUE(differenceOf(recoloured, light));
 }
 
-TEST_F(Pictures, WhatOnlyRoundsInAnotherWayIsNot) {
+TEST_F(Pictures, ARoundingDifferenceIsIgnored) {
   const QImage light(expectedFile("light"));
   ASSERT_FALSE(light.isNull());
   QImage rounded = light;

@@ -48,7 +48,7 @@ TEST_F(CommandLineTest, ReadsFlagsOptionsAndTheWordsOfACommandInTheirOrder) {
   EXPECT_EQ(files, (Words{"b", "a"}));
 }
 
-TEST_F(CommandLineTest, LeavesWhatIsNotGiven) {
+TEST_F(CommandLineTest, LeavesAbsentOptionsUnchanged) {
   line.read({});
   EXPECT_FALSE(isLoud);
   EXPECT_FALSE(isChosen);
@@ -80,7 +80,7 @@ TEST_F(CommandLineTest, AFlagTakesNoValue) {
   EXPECT_EQ(files, Words{"--loud=0"}) << "behind -- it is a word";
 }
 
-TEST(CommandLineWordTest, AWordMustBeThere) {
+TEST(CommandLineWordTest, AWordIsRequired) {
   CommandLine line("program", "Does something.");
   std::string file;
   line.syntax().word("FILE", file, "A file");
@@ -95,7 +95,7 @@ TEST(CommandLineWordTest, AWordMustBeThere) {
   EXPECT_EQ(file, "a");
 }
 
-TEST_F(CommandLineTest, TheVersionStandsBehindTheProgramsName) {
+TEST_F(CommandLineTest, TheVersionFollowsTheProgramsName) {
   const EarlyExit earlyExit = ending({"--version", "add"});
   EXPECT_EQ(earlyExit.exitCode, 0);
   EXPECT_EQ(earlyExit.output, "program " + version() + "\n");

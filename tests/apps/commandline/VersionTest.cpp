@@ -7,7 +7,7 @@
 namespace vemra::commandline {
 namespace {
 
-TEST(VersionTest, IsTheOneOfTheRepository) {
+TEST(VersionTest, IsTheVersionOfTheRepository) {
   std::ifstream file(VEMRA_REPOSITORY "/VERSION");
   std::string line;
   ASSERT_TRUE(std::getline(file, line));

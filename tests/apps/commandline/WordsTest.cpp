@@ -10,7 +10,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-TEST(WordsTest, AreThoseBehindTheProgramsName) {
+TEST(WordsTest, AreTheArgumentsBehindTheProgramsName) {
   const char* const arguments[] = {"program", "a", "--b=c", ""};
   EXPECT_EQ(wordsOf(4, arguments), (Words{"a", "--b=c", ""}));
   EXPECT_EQ(wordsOf(1, arguments), Words{});
@@ -22,7 +22,7 @@ TEST(WordsTest, AnOptionThatEndsInItsEqualsSignHasAnEmptyValue) {
             (Words{"--x", "", "a", "--y", "", "--x", ""}));
 }
 
-TEST(WordsTest, OthersStayAsTheyAre) {
+TEST(WordsTest, OtherWordsStayUnchanged) {
   const Words words = {"--x=a", "--x==", "--x", "--z=", "--xx=", "=", "", "x=", "--", "--x="};
   EXPECT_EQ(withEmptyValues(words, {"--x", "--y"}), words);
 }

@@ -5,12 +5,12 @@
 namespace vemra::documents {
 namespace {
 
-TEST(DocumentErrorTest, SaysFilePlaceAndProblem) {
+TEST(DocumentErrorTest, NamesFilePlaceAndProblem) {
   const DocumentError error("case.json", "/goal/title", "expected a string; found 12");
   EXPECT_STREQ(error.what(), "case.json: /goal/title: expected a string; found 12");
 }
 
-TEST(DocumentErrorTest, LeavesOutThePlaceOfTheWholeDocument) {
+TEST(DocumentErrorTest, OmitsThePlaceOfTheWholeDocument) {
   EXPECT_STREQ(DocumentError("-", "", "expected an object; found 1").what(),
                "-: expected an object; found 1");
 }
@@ -28,7 +28,7 @@ TEST(PointerTokenTest, StaysOnOneLine) {
   EXPECT_EQ(pointerToken("a\u2028b\u009Bc"), "a\\u2028b\\u009bc");
 }
 
-TEST(PointerTokenTest, KeepsAnUsualKeyWholeAndCutsAHugeOne) {
+TEST(PointerTokenTest, KeepsAUsualKeyWholeAndCutsAHugeKey) {
   EXPECT_EQ(pointerToken(std::string(200, 'k')), std::string(200, 'k'));
   EXPECT_EQ(pointerToken(std::string(201, 'k')), std::string(200, 'k') + "…");
 }

@@ -28,7 +28,7 @@ std::string inTitle(const std::string& value) {
   return replacing(sampleResult, "\"Find a design lead\"", value);
 }
 
-TEST(DeepNestingTest, IsRefusedAtTheFirstBracketThatNoDocumentHas) {
+TEST(DeepNestingTest, DeepNestingIsRefusedAtTheFirstImpossibleBracket) {
   const std::size_t depth = 100'000;
   EXPECT_EQ(errorIn(repeated("[", depth)), "case.json: expected an object; found an array");
   EXPECT_EQ(errorIn(repeated("[", depth) + repeated("]", depth)),
@@ -54,7 +54,7 @@ TEST(NoiseTest, FiftyMegabytesAreRefused) {
   EXPECT_NE(errorIn("{\"goal\": {\"id\": \"" + noise), "");
 }
 
-TEST(NoiseTest, MuchOfOneKindIsRefusedWithAShortMessage) {
+TEST(NoiseTest, ALongRunOfOneKindIsRefusedWithAShortMessage) {
   const std::string x(twoMegabytes, 'x');
   const std::string texts[] = {
       x,
@@ -114,7 +114,7 @@ TEST_F(SourceFileTest, ReadsAFile) {
   EXPECT_EQ(readSource(folder.write("empty", "")), "");
 }
 
-TEST_F(SourceFileTest, SaysWhatIsWrongWithAFile) {
+TEST_F(SourceFileTest, ReportsWhyAFileCannotBeRead) {
   EXPECT_EQ(error(folder.file("missing.json")),
             "expected a file that can be read; found an error: No such file or directory");
   EXPECT_EQ(error(folder.path().string()),
@@ -127,7 +127,7 @@ TEST_F(SourceFileTest, SaysWhatIsWrongWithAFile) {
             "expected a file that can be read; found an error: No such file or directory");
 }
 
-TEST_F(SourceFileTest, RefusesMoreThanAGibibyteBeforeItIsRead) {
+TEST_F(SourceFileTest, RefusesMoreThanAGibibyteWithoutReadingIt) {
   const std::string path = folder.write("long", "");
   ASSERT_EQ(::truncate(path.c_str(), (off_t{1} << 30) + 1), 0);
   const auto mostKilobytes = [] {

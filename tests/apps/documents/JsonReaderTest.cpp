@@ -10,7 +10,7 @@
 namespace vemra::documents {
 namespace {
 
-TEST(JsonReaderTest, SaysWhatAValueOfAnotherKindIs) {
+TEST(JsonReaderTest, NamesTheKindOfAnUnexpectedValue) {
   EXPECT_EQ(stringError("null"), "t: expected a string; found null");
   EXPECT_EQ(stringError("true"), "t: expected a string; found true");
   EXPECT_EQ(stringError("false"), "t: expected a string; found false");
@@ -37,7 +37,7 @@ TEST(JsonReaderTest, CountsLinesAndCharacters) {
             "t: line 1, column 1: expected a string; found \"\\x00\"");
 }
 
-TEST(JsonReaderTest, SaysWhatWasExpectedWhereNoValueBegins) {
+TEST(JsonReaderTest, NamesTheExpectedValueWhereNoValueBegins) {
   EXPECT_EQ(errorOf(" ]", [](JsonReader& reader) { reader.failNext("a colour"); }),
             "t: line 1, column 2: expected a colour; found \"]\"");
 }
@@ -125,7 +125,7 @@ TEST(JsonReaderTest, RefusesBrokenPunctuation) {
             "t: /id: line 1, column 9: expected UTF-8; found the byte 0xFF");
 }
 
-TEST(JsonReaderTest, LeavesAKeyTwiceInADictionaryToTheCaller) {
+TEST(JsonReaderTest, LeavesDuplicateKeysOfADictionaryToTheCaller) {
   std::vector<std::string> keys;
   JsonReader reader(R"({"a": "1", "b": "2", "a": "3"})", "t");
   reader.dictionary([&](const std::string& key) {
@@ -136,7 +136,7 @@ TEST(JsonReaderTest, LeavesAKeyTwiceInADictionaryToTheCaller) {
   EXPECT_EQ(keys, (std::vector<std::string>{"a", "b", "a"}));
 }
 
-TEST(JsonReaderTest, ListsTheNamesThatMayStand) {
+TEST(JsonReaderTest, ListsTheAllowedNames) {
   const std::vector<std::string_view> names{"one", "two"};
   const auto error = [&](std::string_view text) {
     return errorOf(text, [&](JsonReader& reader) { reader.name(names); });

@@ -32,7 +32,7 @@ TEST(JsonReaderStringTest, KeepsTheBytesOfCanonicallyEqualTexts) {
   EXPECT_EQ(string("\"e\u0301\""), "e\u0301");
 }
 
-TEST(JsonReaderStringTest, TakesDeleteAndLineSeparatorsAsTheyAre) {
+TEST(JsonReaderStringTest, AcceptsDeleteAndLineSeparatorsUnescaped) {
   EXPECT_EQ(string("\"\x7F\u2028\u0085\""), "\x7F\u2028\u0085");
 }
 
@@ -106,7 +106,7 @@ TEST(JsonReaderIntegerTest, ReadsTheWholeRange) {
   EXPECT_EQ(integer("-9223372036854775808"), std::numeric_limits<std::int64_t>::min());
 }
 
-TEST(JsonReaderIntegerTest, RefusesFractionsExponentsAndWhatIsOutOfRange) {
+TEST(JsonReaderIntegerTest, RefusesFractionsExponentsAndNumbersOutOfRange) {
   const std::string expected =
       "t: expected an integer from -9223372036854775808 to 9223372036854775807, without fraction "
       "or exponent; found ";
@@ -124,7 +124,7 @@ TEST(JsonReaderIntegerTest, CutsAHugeNumberInTheMessage) {
   EXPECT_FALSE(error.ends_with('9' + sixtyDigits + "…")) << error;
 }
 
-TEST(JsonReaderIntegerTest, RefusesWhatIsNoNumber) {
+TEST(JsonReaderIntegerTest, RefusesTextThatIsNoNumber) {
   EXPECT_EQ(integerError("01"),
             "t: line 1, column 2: expected a number without leading zeros; found \"1\"");
   EXPECT_EQ(integerError("-01"),

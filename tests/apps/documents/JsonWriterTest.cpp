@@ -58,7 +58,7 @@ TEST(JsonWriterTest, TakeLeavesAnEmptyWriter) {
   EXPECT_EQ(out.take(), "null");
 }
 
-TEST(JsonWriterTest, EscapesOnlyWhatMustBe) {
+TEST(JsonWriterTest, EscapesOnlyRequiredCharacters) {
   EXPECT_EQ(written("\"\\/\b\f\n\r\t"), R"("\"\\/\b\f\n\r\t")");
   EXPECT_EQ(written(std::string_view("\0\x01\x1F\x7F", 4)), "\"\\u0000\\u0001\\u001f\x7F\"");
   EXPECT_EQ(written("é e\u0301 😀 \u2028 <b>&"), "\"é e\u0301 😀 \u2028 <b>&\"");

@@ -66,7 +66,7 @@ std::string mutated(std::string text, RandomResult& random) {
   return text;
 }
 
-TEST(MutationTest, EveryAccidentIsReadOrRefusedWithAPlace) {
+TEST(MutationTest, EveryMutationIsReadOrRefusedWithAPlace) {
   RandomResult random(1);
   std::size_t read = 0;
   for (int i = 0; i < 20'000; ++i) {

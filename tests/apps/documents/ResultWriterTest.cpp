@@ -31,7 +31,7 @@ TEST(ResultWriterTest, WritesEveryKeyInTheDocumentsOrder) {
 )json");
 }
 
-TEST(ResultWriterTest, LeavesOutWhatIsAtItsDefaultAndNoScreenShows) {
+TEST(ResultWriterTest, OmitsDefaultFieldsThatNoScreenShows) {
   EXPECT_EQ(writeResult({}), R"json({
   "goal": {"id": "", "title": "", "targetPersonRef": null},
   "people": [],
@@ -72,7 +72,7 @@ TEST(ResultWriterTest, ReplacesIllFormedBytesInsteadOfFailing) {
   EXPECT_EQ(out.take(), "{\"personRefs\": [\"p\uFFFD\"], \"why\": {\"kind\": \"generic\"}}");
 }
 
-TEST(EnumerationNamesTest, StandInIndexOrder) {
+TEST(EnumerationNamesTest, AreInIndexOrder) {
   EXPECT_EQ(nameIn(statusNames, GoalStatus::abandoned), "abandoned");
   EXPECT_EQ(nameIn(priorityNames, GoalPriority::low), "low");
   EXPECT_EQ(nameIn(whyKindNames, WhyKind::generic), "generic");

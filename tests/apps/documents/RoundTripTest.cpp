@@ -9,7 +9,7 @@
 namespace vemra::documents {
 namespace {
 
-TEST(RoundTripTest, ReadingWhatWasWrittenGivesTheRecordsByteForByte) {
+TEST(RoundTripTest, ReadingAWrittenDocumentGivesTheRecordsByteForByte) {
   RandomResult random(20250105);
   for (int i = 0; i < 2000; ++i) {
     const GetGoalSnapshotResponse result = random.result();

@@ -115,7 +115,7 @@ TEST(CaseTest, PointsIntoTheResult) {
             "sharedActivity, nameMatch, generic; found \"x\"");
 }
 
-TEST(CaseTest, RefusesWhatElseStandsThere) {
+TEST(CaseTest, RefusesOtherKeysAndTypes) {
   EXPECT_EQ(errorIn(caseOf(nothing, R"(, "step": [])")),
             "case.json: /step: expected one of the keys result, locale, timeZone, strings, steps; "
             "found \"step\"");

@@ -146,7 +146,7 @@ TEST_F(ElementTreeTest, OfAnOpenEditor) {
     ]})json")));
 }
 
-TEST_F(ElementTreeTest, SaysDisabledFalseOfAButtonThatMayBePressed) {
+TEST_F(ElementTreeTest, WritesDisabledFalseForAnEnabledButton) {
   const auto save = find(tree(oneOfEach, R"({"press": "vemra.goal.path.outcome.start"})"), "title",
                          {{"key", "Save"}, {"text", "Save"}});
   EXPECT_EQ(save["modifiers"][0].dump(), R"({"disabled":false})");
@@ -175,7 +175,7 @@ TEST_F(ElementTreeTest, ShowsTranslationsBesideTheirKeys) {
       << "texts from data are never looked up";
 }
 
-TEST_F(ElementTreeTest, LeavesOutWhatIsAbsent) {
+TEST_F(ElementTreeTest, OmitsAbsentViews) {
   std::string result = oneOfEach;
   result.replace(result.find("\"ev9\", \"ev3\""), 12, "");
   const auto row = find(tree(result), "id", "p1");

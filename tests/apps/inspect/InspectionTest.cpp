@@ -38,7 +38,7 @@ std::uint64_t allocationsOf(Inspection& inspection, const Step& step) {
   return testing::allocations() - before;
 }
 
-TEST(ImpossibleStepTest, SaysWhyAndDoesNothing) {
+TEST(ImpossibleStepTest, ReportsTheReasonAndDoesNothing) {
   Inspection inspection = inspectionOf(2);
   const std::string before = inspection.screen().outline();
   for (const auto& [step, reason] : impossible) {

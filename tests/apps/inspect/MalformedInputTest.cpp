@@ -81,7 +81,7 @@ TEST_F(MalformedInputTest, Noise) {
   expectRefused('"' + filled("x") + '"', "expected an object; found \"xxx");
 }
 
-TEST_F(MalformedInputTest, WhatLooksRightToItsEnd) {
+TEST_F(MalformedInputTest, InputThatIsWrongOnlyAtItsEnd) {
   const std::string goal = R"({"result": {"goal": {"id": "g", "title": "t"}, )";
   expectRefused(goal + "\"people\": [" +
                     filled(R"({"personRef": "p", "displayName": "Ada", "why": {"kind": )"

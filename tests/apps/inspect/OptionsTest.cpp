@@ -45,7 +45,7 @@ TEST(OptionsTest, TakesTheSizeOfAViewport) {
   EXPECT_EQ(std::get<Options>(readArguments({"case.json"})).viewport, std::nullopt);
 }
 
-TEST(OptionsTest, RefusesWhatIsNoSizeOfAViewport) {
+TEST(OptionsTest, RefusesAnInvalidSizeOfAViewport) {
   for (const char* size : {"", "80", "80x", "x24", "80X24", "80 x 24", "19x24", "80x4", "501x24",
                            "80x201", "-80x24", "+80x24", "80x24x", "99999999999x24", "0x50x18"}) {
     const auto read = readArguments({"case.json", "--viewport", size});
@@ -55,7 +55,7 @@ TEST(OptionsTest, RefusesWhatIsNoSizeOfAViewport) {
   }
 }
 
-TEST(OptionsTest, AViewportTakesThePlaceOfTheOtherReports) {
+TEST(OptionsTest, AViewportReplacesTheOtherReports) {
   for (const char* other : {"--outline", "--trace"}) {
     EXPECT_TRUE(std::holds_alternative<EarlyExit>(
         readArguments({"case.json", "--viewport", "80x24", other})));
@@ -73,14 +73,14 @@ TEST(OptionsTest, TakesAFileThatLooksLikeAnOptionBehindTwoDashes) {
   EXPECT_EQ(std::get<Options>(readArguments({"--", "--trace"})).file, "--trace");
 }
 
-TEST(OptionsTest, TakesAFlagGivenTwiceForGivenOnce) {
+TEST(OptionsTest, TreatsAFlagGivenTwiceAsGivenOnce) {
   const auto options =
       std::get<Options>(readArguments({"--trace", "a.json", "--trace", "--outline", "--outline"}));
   EXPECT_TRUE(options.trace);
   EXPECT_TRUE(options.outline);
 }
 
-TEST(OptionsTest, TakesNamesAsTheyAre) {
+TEST(OptionsTest, TakesNamesUnchanged) {
   for (const char* name : {"[a].json", "a=b", "a b", "é", "%{x}", "\"q\"", "'q'", "{}"}) {
     const auto options = std::get<Options>(readArguments({name, "--png", name}));
     EXPECT_EQ(options.file, name);

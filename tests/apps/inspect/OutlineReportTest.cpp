@@ -6,7 +6,7 @@ namespace {
 
 class OutlineReportTest : public ProgramTest {};
 
-TEST_F(OutlineReportTest, SaysStepsCallsAndTheTree) {
+TEST_F(OutlineReportTest, WritesStepsCallsAndTheTree) {
   const Ran ran =
       run("- --outline", withSteps(oneOfEach, press("x") + R"(, {"press": {"title": "Ada"}})"));
   EXPECT_EQ(ran.exitCode, 1);
@@ -20,7 +20,7 @@ TEST_F(OutlineReportTest, SaysStepsCallsAndTheTree) {
   EXPECT_NE(traced.output.find("\n\nGoalResultView\n"), std::string::npos) << traced.output;
 }
 
-TEST_F(OutlineReportTest, SaysEveryKindOfStepInWords) {
+TEST_F(OutlineReportTest, WritesEveryKindOfStepInWords) {
   const std::string control = "vemra.goal.person.p1.outcome.";
   const Ran ran =
       run("- --outline",
@@ -38,7 +38,7 @@ TEST_F(OutlineReportTest, SaysEveryKindOfStepInWords) {
                       "step 6: submit \"x\": error: no element with identifier \"x\"");
 }
 
-TEST_F(OutlineReportTest, AStepIsOneLineWhateverItHolds) {
+TEST_F(OutlineReportTest, AStepIsOneLineWhateverItContains) {
   const Ran ran =
       run("- --outline", withSteps(oneOfEach, press(R"(a\nstep 9: press \"b\": done)")));
   const std::string line = R"(step 1: press "a\nstep 9: press \"b\": done": )"

@@ -21,7 +21,7 @@ TEST_F(ProgramTest, WritesOneDocument) {
   EXPECT_EQ(keys, (std::vector<std::string>{"steps", "calls", "tree"}));
 }
 
-TEST_F(ProgramTest, WritesWhatTheScreenAsksOfItsHost) {
+TEST_F(ProgramTest, WritesTheCallbacksOfTheScreen) {
   const Ran ran = run("-", withSteps(oneOfEach, R"({"press": {"title": "Ada"}},
       {"press": "vemra.goal.person.p1.show-source"}, {"press": "vemra.goal.path.see-in-starfold"},)" +
                                                     press(onPerson + "correct") + R"(,
@@ -96,7 +96,7 @@ TEST_F(ProgramTest, WritesAnEngineFieldOfThePathOnlyWhenItIsSet) {
             R"({"personRefs":["p1","p9"],"why":{"kind":"nameMatch"},"strength":-7})");
 }
 
-TEST_F(ProgramTest, ReportsAStepThatCannotBeCarriedOutAndGoesOn) {
+TEST_F(ProgramTest, ReportsAStepThatCannotBeCarriedOutAndContinues) {
   const Ran ran = run(
       "-", withSteps(oneOfEach, press("x") + "," + press(onPerson + "correct") + R"(,
       {"select": "vemra.goal.person.p1.outcome.picker", "value": "somethingElse"},
@@ -150,7 +150,7 @@ TEST_F(ProgramTest, TakesAButtonsShownTitle) {
             1);
 }
 
-TEST_F(ProgramTest, MeansTheFirstOfTwoElementsWithOneIdentifier) {
+TEST_F(ProgramTest, PressesTheFirstOfTwoElementsWithOneIdentifier) {
   const std::string two = R"json({"goal": {"id": "g", "title": ""}, "people": [
       {"personRef": "p1", "why": {"kind": "generic"}, "evidenceIDs": ["first"]},
       {"personRef": "p1", "why": {"kind": "generic"}, "evidenceIDs": ["second"]}
@@ -205,7 +205,7 @@ TEST_F(ProgramTest, TakesANewResultFromTheHost) {
   EXPECT_NE(document["tree"].dump().find("No relevant people found yet."), std::string::npos);
 }
 
-TEST_F(ProgramTest, KeepsLineBreaksThatAreTyped) {
+TEST_F(ProgramTest, KeepsTypedLineBreaks) {
   const auto document = inspect(withSteps(oneOfEach, press(onPerson + "correct") + R"(,
         {"type": "vemra.goal.person.p1.outcome.note", "text": "one\ntwo\r\n\u2028three"},)" +
                                                          press(onPerson + "save")));
@@ -233,7 +233,7 @@ TEST_F(ProgramTest, TracesTheTreeAfterEachStep) {
   for (const auto& step : untraced["steps"]) EXPECT_FALSE(step.contains("tree"));
 }
 
-TEST_F(ProgramTest, AnOutputThatCannotBeWrittenIsSaid) {
+TEST_F(ProgramTest, AnOutputThatCannotBeWrittenIsReported) {
   file("case.json", caseOf(nothing));
   const Ran ran = inShell("exec \"$0\" case.json >/dev/full");
   EXPECT_EQ(ran.exitCode, 1);
@@ -254,7 +254,7 @@ TEST_F(ProgramTest, ReadsAFileOrStandardInputAndNamesIt) {
             ".: expected a file that can be read; found an error: Is a directory\n");
 }
 
-TEST_F(ProgramTest, SaysNothingOnStandardOutputWhenTheInputIsUnusable) {
+TEST_F(ProgramTest, WritesNothingToStandardOutputWhenTheInputIsUnusable) {
   file("case.json", withSteps(nothing, ""));
   for (const char* arguments :
        {"", "a b", "--colour case.json", "missing.json", ".", "case.json --png"}) {

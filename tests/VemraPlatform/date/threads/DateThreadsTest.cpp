@@ -39,7 +39,7 @@ TEST(DateThreads, WriteManyDatesAtOnce) {
   EXPECT_EQ(wrong, std::vector<std::string>(4));
 }
 
-TEST(DateThreads, FindOutAboutLocalesAtOnce) {
+TEST(DateThreads, CheckLocalesAtOnce) {
   std::vector<std::thread> threads;
   std::vector<int> known(4);
   for (int& count : known) {
@@ -56,7 +56,7 @@ TEST(DateThreads, FindOutAboutLocalesAtOnce) {
   EXPECT_EQ(known, std::vector<int>(4, 5));
 }
 
-TEST(DateThreads, LockNothingOnceTheyHaveWrittenSome) {
+TEST(DateThreads, TakeNoLockWithCachedFormats) {
 #ifdef VEMRA_LOCKS_ARE_NOT_COUNTED
   GTEST_SKIP() << "locks are not counted under a sanitizer";
 #endif
@@ -81,7 +81,7 @@ TEST(DateThreads, LockNothingOnceTheyHaveWrittenSome) {
   }
 }
 
-TEST(DateThreads, LeaveNothingBehind) {
+TEST(DateThreads, FreeTheirFormats) {
   const auto endSome = [](int count) {
     for (int ended = 0; ended < count; ++ended) {
       std::thread([] { abbreviatedDate(sunday, "en_US", "Europe/Berlin"); }).join();

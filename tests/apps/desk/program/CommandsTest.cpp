@@ -8,7 +8,7 @@ namespace {
 
 using CommandsTest = DeskTest;
 
-TEST_F(CommandsTest, ExportGivesBackWhatWasImported) {
+TEST_F(CommandsTest, ExportReturnsTheImportedDocument) {
   const auto result = goal("g1", "t", {outcome("o1", "p1", GoalOutcomeValue::helped)});
   const std::string file = document("a.json", result);
   EXPECT_EQ(outputOf({"import", "--store", store, file}), "");
@@ -30,7 +30,7 @@ TEST_F(CommandsTest, TheSampleDocumentsAreResultDocuments) {
       ::testing::HasSubstr("sample-design-lead\tFind a design lead for the spring launch\n"));
 }
 
-TEST_F(CommandsTest, GoalsAreListedInTheOrderInWhichTheyCame) {
+TEST_F(CommandsTest, GoalsAreListedInTheOrderOfTheirImport) {
   const std::string b = document("b.json", goal("b", "Second letter"));
   const std::string a = document("a.json", goal("a", "First letter é 石川"));
   EXPECT_EQ(outputOf({"import", "--store", store, b, a}), "");
@@ -63,7 +63,7 @@ std::string turnedBack(std::string_view escaped) {
   return text;
 }
 
-TEST_F(CommandsTest, ALineOfAGoalCanBeTurnedBackIntoItsIdAndTitle) {
+TEST_F(CommandsTest, ALineOfAGoalCanBeConvertedBackIntoItsIdAndTitle) {
   const std::vector<std::string> texts = {"a\tb", "a\\tb", "a\\\tb", "a\\\\tb", "\\",
                                           "\\\\", "\n",    "\\n",    "\r\\r",   "C:\\new\\recipes"};
   std::vector<std::string> arguments{"import", "--store", store};
@@ -84,7 +84,7 @@ TEST_F(CommandsTest, ALineOfAGoalCanBeTurnedBackIntoItsIdAndTitle) {
   EXPECT_EQ(lines.peek(), std::istringstream::traits_type::eof()) << "a line too many";
 }
 
-TEST_F(CommandsTest, AStoreThatIsNotThereYetIsEmptyAndStaysAway) {
+TEST_F(CommandsTest, AMissingStoreIsEmptyAndIsNotCreated) {
   EXPECT_EQ(outputOf({"goals", "--store", store}), "");
   EXPECT_EQ(desk({"export", "--store", store, "--goal", "g1"}).exitCode, 2);
   EXPECT_TRUE(everything().empty());
@@ -101,7 +101,7 @@ TEST_F(CommandsTest, OptionsMayStandBeforeAndBehind) {
   EXPECT_EQ(outputOf({"--goal", "g1", "--store", store, "export"}), exported);
 }
 
-TEST_F(CommandsTest, OddIdsAndNamesAreTakenAsTheyAre) {
+TEST_F(CommandsTest, UnusualIdsAndNamesStayUnchanged) {
   for (const std::string id : {"", "-x", "--goal", "import", "[a,b]", "a=b", "\"q\"", "e\u0301"}) {
     const std::string file = document("goals", goal(id, "titled " + id));
     Invocation invocation = commandLine({"import", "--store", "import", "goals"});
@@ -121,7 +121,7 @@ TEST_F(CommandsTest, ADocumentMayComeFromStandardInput) {
   EXPECT_EQ(outputOf({"goals", "--store", store}), "g1\tt\n");
 }
 
-TEST_F(CommandsTest, AnOutcomeRecordedOtherwiseStaysAndIsMentioned) {
+TEST_F(CommandsTest, AnOutcomeRecordedWithOtherContentStaysAndIsReported) {
   const auto say = [](GoalOutcomeValue value) {
     return goal("g1", "t", {outcome("o1", "p1", value)});
   };

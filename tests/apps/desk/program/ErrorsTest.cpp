@@ -59,7 +59,7 @@ TEST_F(ErrorsTest, ArgumentsThatMeanNothing) {
   EXPECT_NE(desk({"frobnicate"}).diagnostics, "");
 }
 
-TEST_F(ErrorsTest, HelpIsNoError) {
+TEST_F(ErrorsTest, HelpIsNotAnError) {
   const Ending ending = desk({"--help"});
   EXPECT_EQ(ending.exitCode, 0);
   EXPECT_THAT(ending.output, AllOf(HasSubstr("import"), HasSubstr("--store")));
@@ -75,7 +75,7 @@ TEST_F(ErrorsTest, AGoalThatIsNotThere) {
   }
 }
 
-TEST_F(ErrorsTest, OneBadDocumentStopsAllOfTheCall) {
+TEST_F(ErrorsTest, OneBadDocumentStopsTheWholeImport) {
   const std::string fine = document("fine.json", goal("g1", "t"));
   const std::string bad = folder.write("bad.json", R"({"goal": {"id": 7}})");
   expectRefused({"import", "--store", store, fine, bad},
@@ -120,7 +120,7 @@ TEST_F(ErrorsTest, AHopCountThatNoScreenCanShow) {
   EXPECT_EQ(outputOf({"goals", "--store", store}), "g2\tt\n");
 }
 
-TEST_F(ErrorsTest, WhatIsNoStore) {
+TEST_F(ErrorsTest, AFileThatIsNoStore) {
   const std::string letter = folder.write("letter.txt", "Dear Ada,\n");
   expectEachCommandRefused(letter, letter + ": is not an SQLite database\n");
 
@@ -191,7 +191,7 @@ TEST_F(ErrorsTest, AStoreInAFolderThatMayNotBeWritten) {
   fs::permissions(folder.path(), fs::perms(0755));
 }
 
-TEST_F(ErrorsTest, ADamagedStoreSaysSoAndGivesNothing) {
+TEST_F(ErrorsTest, ADamagedStoreIsAnErrorWithoutOutput) {
   auto big = goal("g1", "t");
   big.people = std::vector<GoalPersonCandidateDTO>(5000, big.people[0]);
   outputOf({"import", "--store", store, document("a.json", big)});

@@ -52,7 +52,7 @@ TEST_F(ManyProcessesTest, ImportAndRecordIntoOneGoalAndKeepEveryOutcome) {
   EXPECT_EQ(ids.size(), 46u);
 }
 
-TEST_F(ManyProcessesTest, WaitForAWriterThatIsAtIt) {
+TEST_F(ManyProcessesTest, WaitForABusyWriter) {
   GoalStore::open(store);
   RawDatabase other(store);
   ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
@@ -79,7 +79,7 @@ TEST_F(ManyProcessesTest, EveryCommandWorksWhileTheStoreIsOpenElsewhere) {
 
 // The import is killed at moments spread over its run: afterwards the goal is as it was or as it
 // was to become, and the store is whole.
-TEST_F(ManyProcessesTest, AKilledImportLeavesTheOldStateOrTheNew) {
+TEST_F(ManyProcessesTest, AKilledImportLeavesTheOldStateOrTheNewState) {
   const auto made = [](const std::string& title, std::size_t count) {
     auto result = goal("g1", title);
     result.people = std::vector<GoalPersonCandidateDTO>(count, result.people[0]);

@@ -21,7 +21,7 @@ TEST(RunCommandTest, TheWindowIsNotACommand) {
   EXPECT_THROW(runCommand(request, output, diagnostics), std::logic_error);
 }
 
-TEST(RunCommandTest, AUsersStoreThatCannotBeLookedAtIsNotTakenForNone) {
+TEST(RunCommandTest, AUsersStoreThatCannotBeExaminedIsAnErrorAndNotAnEmptyStore) {
   const char* const before = std::getenv("XDG_DATA_HOME");
   const std::string kept = before != nullptr ? before : "";
   ::setenv("XDG_DATA_HOME", ("/" + std::string(300, 'x')).c_str(), 1);

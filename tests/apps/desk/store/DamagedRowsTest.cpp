@@ -20,14 +20,14 @@ class DamagedRowsTest : public DamagedStore {
   }
 };
 
-TEST_F(DamagedRowsTest, AStoreThatIsFineHasNoError) {
+TEST_F(DamagedRowsTest, AnUndamagedStoreHasNoError) {
   EXPECT_EQ(errorOfResult(), "no error");
   EXPECT_EQ(documents::writeResult(GoalStore::open(file).result("g")),
             documents::writeResult(rich()));
 }
 
 // A number of an owner is no index into a list: it may be anything.
-TEST_F(DamagedRowsTest, ARowOfAnOwnerThatIsNotThereIsAnErrorAndCostsNothing) {
+TEST_F(DamagedRowsTest, ARowWithoutItsOwnerIsAnErrorWithoutExtraCost) {
   expectErrorsOfResult(
       {{"INSERT INTO person_evidence VALUES (1, -1, 0, 'x')",
         "person_evidence (goal 1, person -1, position 0): person: expected something that the "
@@ -78,7 +78,7 @@ TEST_F(DamagedRowsTest, PositionsThatDoNotCountUpFromZeroAreAnError) {
         "goal_texts (goal 1, list \"source\", position 9): position: expected 1; found 9"}});
 }
 
-TEST_F(DamagedRowsTest, ANameThatIsNoCaseIsAnError) {
+TEST_F(DamagedRowsTest, AnUnknownCaseNameIsAnError) {
   expectErrorsOfResult(
       {{"UPDATE goals SET status = 'x'",
         "goals (number 1): status: expected one of active, paused, reached, abandoned; found "
@@ -160,13 +160,13 @@ TEST_F(DamagedRowsTest, ValuesOfOtherTypesAreErrors) {
   }
 }
 
-TEST_F(DamagedRowsTest, AListOfGoalsDoesNotPassOverDamage) {
+TEST_F(DamagedRowsTest, AListOfGoalsReportsDamage) {
   damage("goals", "UPDATE goals SET title = NULL");
   EXPECT_EQ(errorOf([](GoalStore& store) { store.goals(); }),
             "goals (number 1): title: expected a text; found NULL");
 }
 
-TEST_F(DamagedRowsTest, WhatIsKnownAcrossGoalsDoesNotPassOverDamage) {
+TEST_F(DamagedRowsTest, KnowledgeAcrossGoalsReportsDamage) {
   const auto ofPerson = [](GoalStore& store) { store.person("p1"); };
   const auto ofEvidence = [](GoalStore& store) { store.evidence("e2"); };
   damage("UPDATE person_evidence SET position = 2 WHERE position = 1");
@@ -260,7 +260,7 @@ TEST_F(DamagedRowsTest, ANewGoalGetsANumberThatNoRowHas) {
   }
 }
 
-TEST_F(DamagedRowsTest, ALostGoalWithOutcomesKeepsNoOtherGoalFromBeingAdded) {
+TEST_F(DamagedRowsTest, ALostGoalWithOutcomesDoesNotPreventAddingOtherGoals) {
   damage("DELETE FROM goals");
   EXPECT_EQ(errorOf([](GoalStore& store) {
               store.import({goal("new", "t")});
@@ -271,7 +271,7 @@ TEST_F(DamagedRowsTest, ALostGoalWithOutcomesKeepsNoOtherGoalFromBeingAdded) {
   EXPECT_EQ(RawDatabase(file).value("SELECT count(*) FROM outcomes WHERE goal = 1"), "1");
 }
 
-TEST_F(DamagedRowsTest, ANumberThatLeavesNoneForANewGoalIsAnError) {
+TEST_F(DamagedRowsTest, ARowWithTheHighestNumberIsAnErrorForANewGoal) {
   const auto add = [](GoalStore& store) { store.import({goal("new", "t")}); };
   damage("INSERT INTO coverage VALUES (9223372036854775807, 0, NULL)");
   EXPECT_EQ(errorOf(add),
@@ -283,7 +283,7 @@ TEST_F(DamagedRowsTest, ANumberThatLeavesNoneForANewGoalIsAnError) {
   EXPECT_EQ(errorOf(add).substr(0, 36), "goals (number 9223372036854775807): ");
 }
 
-TEST_F(DamagedRowsTest, ANumberThatLeavesNoneForAnotherOutcomeIsNoFullDisk) {
+TEST_F(DamagedRowsTest, ARowWithTheHighestNumberIsNotReportedAsAFullDisk) {
   const auto record = [](GoalStore& store) {
     store.record("g", {GoalOutcomeSubjectKind::person, "p1", {}, {}, {}});
   };

@@ -49,7 +49,7 @@ TEST_F(DistrustTest, TriggersRunButCannotCallTheStoresFunction) {
             "no error");
 }
 
-TEST_F(DistrustTest, WhatASchemaMayAskForIsALittleMoreThanAStoreNeeds) {
+TEST_F(DistrustTest, TheLimitsOfASchemaAreLittleMoreThanAStoreNeeds) {
   const auto limit = [&](int which) { return sqlite3_limit(database.handle(), which, -1); };
   EXPECT_EQ(limit(SQLITE_LIMIT_SQL_LENGTH), 20'000);
   EXPECT_EQ(limit(SQLITE_LIMIT_EXPR_DEPTH), 50);

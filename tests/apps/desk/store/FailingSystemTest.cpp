@@ -76,7 +76,7 @@ TEST_F(FailingSystemTest, TooManyOpenFilesAreNamed) {
   EXPECT_EQ(recorded(), 1u);
 }
 
-TEST_F(FailingSystemTest, ADiskThatCannotBeReadIsNoDamage) {
+TEST_F(FailingSystemTest, ADiskThatCannotBeReadIsNotReportedAsDamage) {
   {
     const SystemCallFault fault(Call::read, EIO, "goals.sqlite", SystemCallFault::always);
     EXPECT_EQ(errorOf([&] { task::wait(engine.goals()); }),
@@ -86,7 +86,7 @@ TEST_F(FailingSystemTest, ADiskThatCannotBeReadIsNoDamage) {
   EXPECT_EQ(task::wait(engine.goals()).size(), 1u);
 }
 
-TEST_F(FailingSystemTest, ADiskThatCannotBeReadUnderAnOpenStoreIsNoDamage) {
+TEST_F(FailingSystemTest, ADiskThatCannotBeReadUnderAnOpenStoreIsNotReportedAsDamage) {
   GoalStore::open(file).import({goal("g2", repeated("long ", 100'000))});
   task::wait(engine.goals());
   GoalStore::open(file).import({goal("g1", "Changed")});
@@ -124,7 +124,7 @@ TEST_F(FailingSystemTest, ADiskThatCannotBeWrittenIsNamed) {
   EXPECT_EQ(recorded(), 1u);
 }
 
-TEST_F(FailingSystemTest, AFullDiskUnderTheSharedMemoryIsAFullDisk) {
+TEST_F(FailingSystemTest, AFullDiskUnderTheSharedMemoryIsReportedAsAFullDisk) {
   {
     const SystemCallFault fault(Call::write, ENOSPC, "-shm", SystemCallFault::always);
     EXPECT_EQ(errorOf([&] { record(); }), file + ": cannot be changed: the disk is full");
@@ -134,14 +134,14 @@ TEST_F(FailingSystemTest, AFullDiskUnderTheSharedMemoryIsAFullDisk) {
   EXPECT_EQ(recorded(), 1u);
 }
 
-TEST_F(FailingSystemTest, LocksThatCannotBeHadAreNamed) {
+TEST_F(FailingSystemTest, LocksThatCannotBeTakenAreNamed) {
   const SystemCallFault fault(Call::lock, EIO, "goals.sqlite", SystemCallFault::always);
   EXPECT_EQ(errorOf([&] { record(); }), file + ": cannot be locked: Input/output error");
 }
 
 // SQLite counts a lock that it could not give back as held, by whomever: each further call waits
 // for it as long as its patience lasts.
-TEST_F(FailingSystemTest, ALockThatOnceCouldNotBeGivenBackStopsOneCallAtMost) {
+TEST_F(FailingSystemTest, ALockThatOnceCouldNotBeReleasedStopsOneCallAtMost) {
   record();
   {
     const SystemCallFault fault(Call::unlock, ENOLCK, "-shm", 1);
@@ -176,7 +176,7 @@ TEST_F(FailingSystemTest, AStoreThatHasBeenOpenedAnewIsStillTheSameStore) {
   EXPECT_EQ(engine.storeNumber(), 0u);
 }
 
-TEST_F(FailingSystemTest, AnAnswerIsNoReasonToOpenTheStoreAnew) {
+TEST_F(FailingSystemTest, AnErrorAboutTheContentDoesNotReopenTheStore) {
   const auto before = task::wait(engine.version());
   EXPECT_THROW(task::wait(engine.getGoalSnapshot("nope")), UnknownGoal);
   RawDatabase(file).run(

@@ -6,7 +6,7 @@
 namespace vemra::desk {
 namespace {
 
-TEST(FileIdentityTest, AFileIsMissingWhenItsNameOrItsFolderIsNotThere) {
+TEST(FileIdentityTest, AFileIsMissingWhenItsNameOrItsFolderDoesNotExist) {
   const TemporaryFolder folder;
   const std::string there = folder.write("there", "");
   EXPECT_FALSE(isMissing(there));
@@ -15,7 +15,7 @@ TEST(FileIdentityTest, AFileIsMissingWhenItsNameOrItsFolderIsNotThere) {
   EXPECT_TRUE(isMissing(there + "/below")) << "a file stands where its folder was";
 }
 
-TEST(FileIdentityTest, APathThatCannotBeLookedAtIsNotMissing) {
+TEST(FileIdentityTest, APathThatCannotBeExaminedIsNotMissing) {
   const TemporaryFolder folder;
   EXPECT_FALSE(isMissing(folder.file(std::string(300, 'x')))) << "a name longer than names may be";
 }

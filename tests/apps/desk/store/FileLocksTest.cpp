@@ -34,7 +34,7 @@ TEST_F(FileLocksTest, ListTheProcessesOfTheFileAlone) {
   EXPECT_EQ(lockHolders(other, ours), std::set<pid_t>());
 }
 
-TEST_F(FileLocksTest, AreUnknownWhereThisProcessesOwnIsNotListed) {
+TEST_F(FileLocksTest, AreUnknownWhenTheLocksOfThisProcessAreNotListed) {
   EXPECT_EQ(lockHolders(other, other), std::nullopt);
   EXPECT_EQ(lockHolders(ours, other), std::nullopt);
 }

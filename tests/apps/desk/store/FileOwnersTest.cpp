@@ -64,7 +64,7 @@ class FileOwnersTest : public ::testing::Test {
   const std::string theirs = file + ": belongs to another user (user id 4711), and ";
 };
 
-TEST_F(FileOwnersTest, OnesOwnStoreIsUsedWhoeverElseMayWriteIt) {
+TEST_F(FileOwnersTest, TheUsersOwnStoreIsUsedAlsoWhenOthersMayWriteIt) {
   for (const unsigned mode : {0600, 0644, 0666}) {
     fs::permissions(file, fs::perms(mode));
     EXPECT_EQ(errorOfReading(), "no error") << mode;
@@ -88,7 +88,7 @@ TEST_F(FileOwnersTest, AFileThatAnotherUserPutBesideTheStoreIsRefused) {
   EXPECT_EQ(errorOfReading(), "no error");
 }
 
-TEST_F(FileOwnersTest, AnEmptyOneIsRefusedToo) {
+TEST_F(FileOwnersTest, AnEmptyFileOfAnotherUserIsRefusedToo) {
   plant("-wal", stranger);
   fs::resize_file(file + "-wal", 0);
   EXPECT_THAT(errorOfReading(), HasSubstr("-wal beside it, which belongs to another user"));
@@ -200,7 +200,7 @@ TEST_F(FileOwnersTest, ALogOfTheWrongOwnerBesideAStoreOfAnotherUserIsRefused) {
 }
 
 // SQLite takes a journal into the database at the beginning of a transaction.
-TEST_F(FileOwnersTest, AJournalThatIsPutThereAfterTheOpeningIsRefused) {
+TEST_F(FileOwnersTest, AJournalAddedAfterTheOpeningIsRefused) {
   const auto withOpenDatabase = [&](const std::function<void(Database&)>& act) {
     const AsNobody rights;
     return errorOf([&] {
@@ -225,7 +225,7 @@ TEST_F(FileOwnersTest, AJournalThatIsPutThereAfterTheOpeningIsRefused) {
       << "with its log open, SQLite does not look at a journal";
 }
 
-TEST_F(FileOwnersTest, ALogThatIsPutThereDuringTheFirstImportIsReported) {
+TEST_F(FileOwnersTest, ALogAddedDuringTheFirstImportIsReported) {
   fs::remove(file);
   const AtCommit planting([&] {
     asRoot([&] { plant("-wal", stranger); });
@@ -243,7 +243,7 @@ TEST_F(FileOwnersTest, RootReadsAndWritesTheStoreOfAUser) {
   EXPECT_EQ(errorOf([&] { GoalStore::open(file).import({goal("g1", "One")}); }), "no error");
 }
 
-TEST_F(FileOwnersTest, RootSeesWhatIsWrittenToTheStoreOfAUserMeanwhile) {
+TEST_F(FileOwnersTest, RootSeesConcurrentWritesToTheStoreOfAUser) {
   give("", stranger);
   GoalStore read = GoalStore::openExisting(file).value();
   EXPECT_EQ(read.goals().size(), 1u);

@@ -32,7 +32,7 @@ TEST_F(FirstImportTest, MakesAStoreWithALog) {
   EXPECT_EQ(RawDatabase(file).value("PRAGMA journal_mode"), "wal");
 }
 
-TEST_F(FirstImportTest, ReportsWhatItLeavesOut) {
+TEST_F(FirstImportTest, ReportsOmittedOutcomes) {
   GoalStore::importInto(file, {goal("g1", "One", {outcome("o1", "p1", {})})});
   const auto leftOut = GoalStore::importInto(file, {goal("g1", "One", {outcome("o1", "p2", {})})});
   EXPECT_EQ(leftOut.size(), 1u);
@@ -61,7 +61,7 @@ TEST_F(FirstImportTest, LeavesNoFileBehindWhenAGoalIsRefused) {
   EXPECT_TRUE(isEmptyFolder());
 }
 
-TEST_F(FirstImportTest, ALockThatCannotBeGivenBackAfterTheCommitIsNoFailure) {
+TEST_F(FirstImportTest, ALockThatCannotBeReleasedAfterTheCommitIsNoFailure) {
   for (const Call call : {Call::lock, Call::unlock}) {
     std::filesystem::remove(file);
     std::optional<SystemCallFault> fault;
@@ -76,7 +76,7 @@ TEST_F(FirstImportTest, ALockThatCannotBeGivenBackAfterTheCommitIsNoFailure) {
   }
 }
 
-TEST_F(FirstImportTest, KeepsTheEmptyFileOfSomebodyElse) {
+TEST_F(FirstImportTest, KeepsAnEmptyFileThatItDidNotMake) {
   folder.write("goals.sqlite", "");
   const SystemCallFault fault(Call::write, EIO, "goals.sqlite", SystemCallFault::always);
   EXPECT_NE(errorOf([&] { GoalStore::importInto(file, {goal("g1", "One")}); }), "no error");
@@ -94,7 +94,7 @@ TEST_F(FirstImportTest, KeepsAnEmptyFileThatAnotherProgramIsAboutToFill) {
   EXPECT_EQ(RawDatabase(file).value("SELECT count(*) FROM t"), "0");
 }
 
-TEST_F(FirstImportTest, WithoutEffectAlsoLeavesNoStoreOfAWindowBehind) {
+TEST_F(FirstImportTest, WithoutEffectLeavesNoStoreInAWindowEither) {
   const SystemCallFault fault(Call::write, ENOSPC, "goals.sqlite", SystemCallFault::always);
   EXPECT_EQ(errorOf([&] { GoalStore::open(file); }),
             file + ": cannot be changed: the disk is full");
@@ -102,7 +102,7 @@ TEST_F(FirstImportTest, WithoutEffectAlsoLeavesNoStoreOfAWindowBehind) {
 }
 
 // Copying onto a store empties the file first: the copy must not lose its file in that moment.
-TEST_F(FirstImportTest, AStoreThatWasMadeHereStaysWhenSomebodyEmptiesIt) {
+TEST_F(FirstImportTest, AStoreMadeHereStaysWhenAnotherProgramEmptiesIt) {
   {
     const GoalStore store = GoalStore::open(file);
     std::filesystem::resize_file(file, 0);

@@ -20,7 +20,7 @@ class ForeignSchemaTest : public DamagedStore {
   }
 };
 
-TEST_F(ForeignSchemaTest, WhatIsNotPartOfAStoreIsRefusedByName) {
+TEST_F(ForeignSchemaTest, AnObjectThatIsNotPartOfAStoreIsRefusedByName) {
   const std::pair<const char*, const char*> objects[] = {
       {"CREATE TRIGGER thief AFTER INSERT ON outcomes BEGIN DELETE FROM people; END",
        "the trigger \"thief\""},
@@ -37,7 +37,7 @@ TEST_F(ForeignSchemaTest, WhatIsNotPartOfAStoreIsRefusedByName) {
   }
 }
 
-TEST_F(ForeignSchemaTest, EveryObjectOfAStoreMustBeThere) {
+TEST_F(ForeignSchemaTest, EveryObjectOfAStoreIsRequired) {
   for (const SchemaObject& object : tablesOfVersion1()) {
     const std::string named = std::string(object.type) + " \"" + object.name + "\"";
     ASSERT_EQ(RawDatabase(file).run(std::string("DROP ") + object.type + ' ' + object.name), "");
@@ -47,14 +47,14 @@ TEST_F(ForeignSchemaTest, EveryObjectOfAStoreMustBeThere) {
 }
 
 // Without it SQLite reads a store, and calls it damaged when an outcome is to be recorded.
-TEST_F(ForeignSchemaTest, TheTableOfSQLiteForOutcomeNumbersMustBeThere) {
+TEST_F(ForeignSchemaTest, TheTableOfSQLiteForOutcomeNumbersIsRequired) {
   ASSERT_EQ(RawDatabase(file).run("PRAGMA writable_schema = ON; "
                                   "DELETE FROM sqlite_schema WHERE name = 'sqlite_sequence'"),
             "");
   EXPECT_EQ(errorOfOpening(), "the table \"sqlite_sequence\" is missing");
 }
 
-TEST_F(ForeignSchemaTest, EveryObjectOfAStoreMustBeAsItWasMade) {
+TEST_F(ForeignSchemaTest, EveryObjectOfAStoreMustBeUnchanged) {
   for (const SchemaObject& object : tablesOfVersion1()) {
     const std::string named = std::string(object.type) + " \"" + object.name + "\"";
     ASSERT_EQ(RawDatabase(file).run("PRAGMA writable_schema = ON; "
@@ -66,7 +66,7 @@ TEST_F(ForeignSchemaTest, EveryObjectOfAStoreMustBeAsItWasMade) {
   }
 }
 
-TEST_F(ForeignSchemaTest, AViewInTheNameOfATableIsRefused) {
+TEST_F(ForeignSchemaTest, AViewWithTheNameOfATableIsRefused) {
   ASSERT_EQ(RawDatabase(file).run("DROP TABLE coverage; CREATE VIEW coverage AS "
                                   "SELECT 1 AS goal, 0 AS evidence_count, NULL AS x"),
             "");
@@ -88,7 +88,7 @@ TEST_F(ForeignSchemaTest, AnalyzingAStoreDoesNoHarm) {
   EXPECT_EQ(errorOfOpening(), "no error");
 }
 
-TEST_F(ForeignSchemaTest, AnotherTableInTheNameOfOneOfSQLiteIsRefused) {
+TEST_F(ForeignSchemaTest, AnotherTableWithTheNameOfATableOfSQLiteIsRefused) {
   ASSERT_EQ(RawDatabase(file).run("ANALYZE; PRAGMA writable_schema = ON; UPDATE sqlite_schema "
                                   "SET sql = 'CREATE TABLE sqlite_stat1(tbl,idx,stat,more)' "
                                   "WHERE name = 'sqlite_stat1'"),
@@ -96,7 +96,7 @@ TEST_F(ForeignSchemaTest, AnotherTableInTheNameOfOneOfSQLiteIsRefused) {
   EXPECT_EQ(errorOfOpening(), "the table \"sqlite_stat1\" is not part of a store");
 }
 
-TEST_F(ForeignSchemaTest, ATriggerThatComesWhileAStoreIsOpenNeverRuns) {
+TEST_F(ForeignSchemaTest, ATriggerAddedWhileAStoreIsOpenNeverRuns) {
   GoalStore store = GoalStore::open(file);
   ASSERT_EQ(store.goals().size(), 1u);
   RawDatabase other(file);

@@ -25,7 +25,7 @@ class ImportTest : public ::testing::Test {
   GoalStore store = GoalStore::open(file);
 };
 
-TEST_F(ImportTest, ReplacesAGoalThatIsThere) {
+TEST_F(ImportTest, ReplacesAnExistingGoal) {
   store.import({goal("g1", "before"), goal("g2", "other")});
   GetGoalSnapshotResponse after = goal("g1", "after");
   after.people = {};
@@ -37,7 +37,7 @@ TEST_F(ImportTest, ReplacesAGoalThatIsThere) {
       << "the order of the goals must not change";
 }
 
-TEST_F(ImportTest, KeepsWhatWasRecordedWhenAGoalIsReplaced) {
+TEST_F(ImportTest, KeepsRecordedOutcomesWhenAGoalIsReplaced) {
   store.import({goal("g1", "t", {outcome("o1", "p1", helped)})});
   const std::string mine =
       store.record("g1", {GoalOutcomeSubjectKind::person, "p1", invited, "note", "o1"}).id;
@@ -45,7 +45,7 @@ TEST_F(ImportTest, KeepsWhatWasRecordedWhenAGoalIsReplaced) {
   EXPECT_EQ(recordedIDs("g1"), (IDs{"o1", mine}));
 }
 
-TEST_F(ImportTest, AddsNothingWhenADocumentComesTwice) {
+TEST_F(ImportTest, AddsNothingWhenADocumentIsImportedTwice) {
   const auto document =
       goal("g1", "t", {outcome("o1", "p1", helped), outcome("o2", "p1", invited)});
   EXPECT_TRUE(store.import({document}).empty());
@@ -63,7 +63,7 @@ TEST_F(ImportTest, RecordsNewOutcomesBehindTheOthers) {
   EXPECT_EQ(recordedIDs("g1"), (IDs{"o1", mine, "o0", "o2"}));
 }
 
-TEST_F(ImportTest, NeverRewritesARecordAndSaysSo) {
+TEST_F(ImportTest, NeverChangesARecordAndReportsTheDifference) {
   store.import({goal("g1", "t", {outcome("o1", "p1", helped), outcome("o2", "p1", helped)})});
   const auto leftOut =
       store.import({goal("other", "t"),
@@ -75,7 +75,7 @@ TEST_F(ImportTest, NeverRewritesARecordAndSaysSo) {
   EXPECT_EQ(leftOut[0].outcome, 1u);
 }
 
-TEST_F(ImportTest, TakesOutcomeIdsOfDifferentGoalsForDifferentOutcomes) {
+TEST_F(ImportTest, TreatsOutcomeIdsOfDifferentGoalsAsDifferentOutcomes) {
   store.import({goal("g1", "t", {outcome("o1", "p1", helped)}),
                 goal("g2", "t", {outcome("o1", "p1", notAFit)})});
   EXPECT_EQ(store.outcomes("g1")[0].value, helped);
@@ -91,7 +91,7 @@ TEST_F(ImportTest, KeepsAnIdThatADocumentUsesTwice) {
   EXPECT_EQ(store.result("g1"), document);
 }
 
-TEST_F(ImportTest, TakesCanonicallyEquivalentIdsForOne) {
+TEST_F(ImportTest, TreatsCanonicallyEquivalentIdsAsOneId) {
   store.import({goal("caf\u00E9", "composed", {outcome("\u00E9", "p1", helped)})});
   store.import({goal("cafe\u0301", "decomposed", {outcome("e\u0301", "p1", helped)})});
   ASSERT_EQ(store.goals().size(), 1u);
@@ -100,7 +100,7 @@ TEST_F(ImportTest, TakesCanonicallyEquivalentIdsForOne) {
   EXPECT_EQ(recordedIDs("caf\u00E9"), IDs{"\u00E9"}) << "the bytes as they were recorded";
 }
 
-TEST_F(ImportTest, StoresAGoalThatOneCallNamesTwiceAsTwoCallsWould) {
+TEST_F(ImportTest, StoresAGoalNamedTwiceInOneCallAsInTwoCalls) {
   store.import({goal("g1", "first", {outcome("o1", "p1", helped)}),
                 goal("g1", "second", {outcome("o2", "p1", invited)})});
   EXPECT_EQ(store.result("g1").goal.title, "second");

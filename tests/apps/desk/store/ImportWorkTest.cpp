@@ -61,7 +61,7 @@ TEST(ImportWork, EachPersonTakesFewStepsOfSQLite) {
   EXPECT_LT(*std::ranges::max_element(steps.ofEachRow()), 80);
 }
 
-TEST(ImportWork, TheConstraintsHoldForWhatIsRecordedAfterIt) {
+TEST(ImportWork, TheConstraintsApplyToLaterRecords) {
   const TemporaryFolder folder;
   GoalStore store = GoalStore::open(folder.file("goals.sqlite"));
   store.import({crowd(1)});

@@ -114,7 +114,7 @@ TEST_F(KeptResultTest, AnOutcomeOfAnotherProgramIsNeverMissed) {
   EXPECT_EQ(store.result("g1").outcomes.size(), 31u);
 }
 
-TEST_F(KeptResultTest, WhatAProgramWithoutOurCodeChangesIsNeverMissed) {
+TEST_F(KeptResultTest, AChangeByAForeignProgramIsNeverMissed) {
   RawDatabase other(file);
   for (const char* sql :
        {"UPDATE people SET display_name = 'Eve' WHERE goal = 1",
@@ -149,7 +149,7 @@ TEST_F(KeptResultTest, AnOutcomeWhoseCommitFailsIsNotInIt) {
   EXPECT_EQ(watched.result("g1"), inTheFile("g1"));
 }
 
-TEST_F(KeptResultTest, ATryThatWasRecordedBeforeIsInItOnce) {
+TEST_F(KeptResultTest, AnOutcomeRecordedByAnEarlierTryIsInItOnce) {
   store.result("g1");
   const GoalOutcomeRecordingInput input{GoalOutcomeSubjectKind::path, {}, {}, {}, {}};
   store.record("g1", input, "o9");

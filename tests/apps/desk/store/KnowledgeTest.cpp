@@ -27,7 +27,7 @@ class KnowledgeTest : public ::testing::Test {
   GoalStore store = GoalStore::open(folder.file("goals.sqlite"));
 };
 
-TEST_F(KnowledgeTest, OfAPersonGoesAcrossGoalsAndNormalForms) {
+TEST_F(KnowledgeTest, OfAPersonIsCollectedAcrossGoalsAndNormalForms) {
   const PersonKnowledge person = store.person("ren\u00E9e");
   EXPECT_EQ(person.name, "Renée");
   ASSERT_EQ(person.suggestions.size(), 2u);
@@ -41,14 +41,14 @@ TEST_F(KnowledgeTest, OfAPersonGoesAcrossGoalsAndNormalForms) {
   EXPECT_EQ(person.outcomes[0].goalTitle, "First");
 }
 
-TEST_F(KnowledgeTest, OfANobodyIsEmpty) {
+TEST_F(KnowledgeTest, OfAnUnknownPersonIsEmpty) {
   const PersonKnowledge person = store.person("nobody");
   EXPECT_FALSE(person.name);
   EXPECT_TRUE(person.suggestions.empty() && person.goalsTowards.empty() &&
               person.goalsWithPaths.empty() && person.outcomes.empty());
 }
 
-TEST_F(KnowledgeTest, OfEvidenceSaysWhatItSaysAndForWhomItSpeaks) {
+TEST_F(KnowledgeTest, OfEvidenceContainsItsStatementsAndItsPeople) {
   const EvidenceKnowledge evidence = store.evidence("ev2");
   ASSERT_EQ(evidence.statements.size(), 2u);
   EXPECT_EQ(evidence.statements[0].detail, "Said hello");
@@ -61,7 +61,7 @@ TEST_F(KnowledgeTest, OfEvidenceSaysWhatItSaysAndForWhomItSpeaks) {
   EXPECT_TRUE(store.evidence("ev7").people.empty());
 }
 
-TEST_F(KnowledgeTest, OfAPersonHoldsNoOutcomeOfAPath) {
+TEST_F(KnowledgeTest, OfAPersonContainsNoOutcomeOfAPath) {
   store.record("g1", {GoalOutcomeSubjectKind::path, "bo", GoalOutcomeValue::helped, {}, {}});
   EXPECT_TRUE(store.person("bo").outcomes.empty());
   store.record("g2", {GoalOutcomeSubjectKind::person, "bo", GoalOutcomeValue::invited, "n", "o"});
@@ -71,7 +71,7 @@ TEST_F(KnowledgeTest, OfAPersonHoldsNoOutcomeOfAPath) {
   EXPECT_EQ(outcomes[0].outcome, store.outcomes("g2")[0]);
 }
 
-TEST_F(KnowledgeTest, OfAPersonComesInTheOrderOfGoalsAndOfRecording) {
+TEST_F(KnowledgeTest, OfAPersonIsInTheOrderOfGoalsAndOfRecording) {
   auto early = goal("g0", "Third");  // the third goal that came
   early.people = {{"ren\u00E9e", "Later name", {}, {}}, {"ren\u00E9e", {}, {}, {"ev5"}}};
   early.goal.targetPersonRef = "ren\u00E9e";

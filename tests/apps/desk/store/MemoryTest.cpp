@@ -40,7 +40,7 @@ std::atomic<std::int64_t> granted{INT64_MAX};
 namespace vemra::desk {
 namespace {
 
-TEST(MemoryTest, TextsThatCannotBeComparedFailTheQuestionAndNothingElse) {
+TEST(MemoryTest, TextsThatCannotBeComparedFailOnlyTheirQuery) {
   const TemporaryFolder folder;
   const std::string file = folder.file("goals.sqlite");
   // Comparing takes the texts apart, four bytes a character; everything else is smaller.
@@ -85,7 +85,7 @@ TEST(MemoryTest, AnAllocationThatFailsLeavesNoTransactionOpen) {
   EXPECT_LT(failures, 100) << "beyond the last allocation nothing fails";
 }
 
-TEST(MemoryTest, AnOutcomeThatIsRecordedIsNotRefusedForWantOfMemory) {
+TEST(MemoryTest, ARecordedOutcomeIsNotRefusedWhenMemoryRunsOut) {
   const TemporaryFolder folder;
   const std::string file = folder.file("goals.sqlite");
   GoalStore store = GoalStore::open(file);

@@ -64,7 +64,7 @@ TEST_F(MovedStoreTest, NothingIsAcknowledgedInAStoreThatIsRemoved) {
   EXPECT_FALSE(fs::exists(file)) << "a store that is gone is not a new one";
 }
 
-TEST_F(MovedStoreTest, EachCallNoticesIt) {
+TEST_F(MovedStoreTest, EachCallNoticesAMovedStore) {
   const std::vector<std::function<void()>> calls = {
       [&] { task::wait(engine.version()); },
       [&] { task::wait(engine.goals()); },
@@ -86,7 +86,7 @@ TEST_F(MovedStoreTest, EachCallNoticesIt) {
   EXPECT_EQ(errorOf([&] { store.outcomes("g1"); }), gone);
 }
 
-TEST_F(MovedStoreTest, WhatWasAcknowledgedIsInTheFileThatWasMoved) {
+TEST_F(MovedStoreTest, AcknowledgedOutcomesAreInTheMovedFile) {
   record("before");
   ASSERT_GT(fs::file_size(file + "-wal"), 0u);
   fs::rename(file, away);
@@ -97,7 +97,7 @@ TEST_F(MovedStoreTest, WhatWasAcknowledgedIsInTheFileThatWasMoved) {
   EXPECT_EQ(recorded(away), 1u);
 }
 
-TEST_F(MovedStoreTest, AWindowThatClosesBeforeItHasNoticedKeepsItToo) {
+TEST_F(MovedStoreTest, AWindowThatClosesBeforeItHasNoticedLosesNothingEither) {
   {
     GoalStore store = GoalStore::open(file);
     store.record("g1", input());
@@ -109,7 +109,7 @@ TEST_F(MovedStoreTest, AWindowThatClosesBeforeItHasNoticedKeepsItToo) {
   EXPECT_FALSE(fs::exists(file + "-wal"));
 }
 
-TEST_F(MovedStoreTest, TheStoreThatTookItsPlaceIsReadAnewAndHoldsNothingOfTheOther) {
+TEST_F(MovedStoreTest, TheNewStoreAtThePathIsReadAndContainsNothingOfTheOldStore) {
   record("of the old store");
   const auto before = task::wait(engine.version());
   EXPECT_EQ(engine.storeNumber(), 0u);
@@ -124,7 +124,7 @@ TEST_F(MovedStoreTest, TheStoreThatTookItsPlaceIsReadAnewAndHoldsNothingOfTheOth
   EXPECT_EQ(recorded(file), 0u);
 }
 
-TEST_F(MovedStoreTest, WhatWasMeantForTheOtherStoreIsNotRecordedInTheNewOne) {
+TEST_F(MovedStoreTest, AnOutcomeForTheOldStoreIsNotRecordedInTheNewStore) {
   const std::uint64_t shown = engine.storeNumber();
   fs::rename(backup(), file);
   auto first = engine.record("g1", input(), shown);
@@ -142,7 +142,7 @@ TEST_F(MovedStoreTest, AGoalThatTheNewStoreDoesNotHaveIsUnknown) {
   EXPECT_THROW(record(), UnknownGoal);
 }
 
-TEST_F(MovedStoreTest, TheSameStoreBackAtItsPathIsTakenUpAgain) {
+TEST_F(MovedStoreTest, TheSameStoreBackAtItsPathIsUsedAgain) {
   fs::rename(file, away);
   EXPECT_EQ(errorOfRecording(), gone);
   fs::rename(away, file);
@@ -151,7 +151,7 @@ TEST_F(MovedStoreTest, TheSameStoreBackAtItsPathIsTakenUpAgain) {
 }
 
 // The connection has been given up already, so it is the opening that finds no file.
-TEST_F(MovedStoreTest, AStoreThatGoesAfterAFailureIsAnotherStoreWhenThereIsOneAgain) {
+TEST_F(MovedStoreTest, AStoreReplacedAfterAFailureIsRecognisedAsAnotherStore) {
   RawDatabase other(file);
   ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
   EXPECT_THROW(record(), StoreBusy);
@@ -163,7 +163,7 @@ TEST_F(MovedStoreTest, AStoreThatGoesAfterAFailureIsAnotherStoreWhenThereIsOneAg
   EXPECT_EQ(engine.storeNumber(), 1u) << "a new file may have the inode of the one removed";
 }
 
-TEST_F(MovedStoreTest, AFileThatIsNoStoreYetIsLeftAlone) {
+TEST_F(MovedStoreTest, AFileThatIsNoStoreYetStaysUnchanged) {
   fs::rename(file, away);
   EXPECT_EQ(errorOfRecording(), gone);
   folder.write("goals.sqlite", "");
@@ -205,7 +205,7 @@ TEST_F(MovedStoreTest, NothingIsAcknowledgedIntoALogThatIsRemoved) {
   EXPECT_EQ(RawDatabase(file).value("PRAGMA integrity_check"), "ok");
 }
 
-TEST_F(MovedStoreTest, AStoreThatGoesInTheMiddleOfAChangeIsNoticedBeforeItsEnd) {
+TEST_F(MovedStoreTest, AStoreMovedDuringAChangeIsNoticedBeforeTheChangeEnds) {
   Database database(file, Database::Opening::existingToWrite, Patience(300));
   database.accept();
   {
@@ -219,7 +219,7 @@ TEST_F(MovedStoreTest, AStoreThatGoesInTheMiddleOfAChangeIsNoticedBeforeItsEnd) 
 }
 
 // The transaction waits for another writer; meanwhile the store goes.
-TEST_F(MovedStoreTest, AStoreThatGoesWhileOneWaitsForItIsNoticed) {
+TEST_F(MovedStoreTest, AStoreMovedWhileACallWaitsForItIsNoticed) {
   Database database(file, Database::Opening::existingToWrite, Patience(5000));
   database.accept();
   RawDatabase other(file);
@@ -235,7 +235,7 @@ TEST_F(MovedStoreTest, AStoreThatGoesWhileOneWaitsForItIsNoticed) {
   EXPECT_EQ(RawDatabase(away).run("BEGIN IMMEDIATE; ROLLBACK"), "") << "no lock is left behind";
 }
 
-TEST_F(MovedStoreTest, TwoWindowsOnAStoreThatIsReplacedKeepTheNewOneWhole) {
+TEST_F(MovedStoreTest, TwoWindowsOnAReplacedStoreDoNotDamageTheNewStore) {
   StoreEngine second(file, Patience(300));
   for (int round = 0; round < 10; ++round) {
     task::wait(engine.version());

@@ -44,7 +44,7 @@ TEST_F(NewFileTest, IsRemovedWhenItStaysEmpty) {
   EXPECT_FALSE(exists());
 }
 
-TEST_F(NewFileTest, StaysWhenItIsKeptOrFilledOrHasSomethingBesideIt) {
+TEST_F(NewFileTest, StaysWhenItIsKeptOrFilledOrHasAFileBesideIt) {
   NewFile(path, path).keep();
   EXPECT_TRUE(exists());
   for (const char* name : {"goals.sqlite", "goals.sqlite-wal", "goals.sqlite-journal"}) {

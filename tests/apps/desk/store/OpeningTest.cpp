@@ -54,7 +54,7 @@ TEST_F(OpeningTest, TheModeIsChangedWhenAnotherProgramHasRead) {
   EXPECT_EQ(RawDatabase(file).value("PRAGMA journal_mode"), "wal");
 }
 
-TEST_F(OpeningTest, TheModeIsWaitedForAsLongAsPatienceLasts) {
+TEST_F(OpeningTest, OpeningWaitsForTheModeUpToItsTimeLimit) {
   RawDatabase other(file);
   ASSERT_EQ(other.value("PRAGMA journal_mode = DELETE"), "delete");
   ASSERT_EQ(other.run("BEGIN; SELECT * FROM goals"), "");
@@ -96,7 +96,7 @@ class OtherDefaults {
   static inline sqlite3* last = nullptr;
 };
 
-TEST_F(OpeningTest, WhatProtectsTheDataDoesNotDependOnHowSQLiteWasBuilt) {
+TEST_F(OpeningTest, TheSettingsThatProtectDataDoNotDependOnHowSQLiteWasBuilt) {
   const OtherDefaults defaults;
   const GoalStore store = GoalStore::open(file);
   EXPECT_EQ(OtherDefaults::value("PRAGMA synchronous"), "2") << "2 is FULL";

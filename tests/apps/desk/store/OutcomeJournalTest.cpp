@@ -73,7 +73,7 @@ class OutcomeJournalTest : public ::testing::Test {
   OutcomeJournal journal{folder.file("goals.sqlite")};
 };
 
-TEST_F(OutcomeJournalTest, StandsBesideTheStoreAndReadingMakesNoFile) {
+TEST_F(OutcomeJournalTest, IsBesideTheStoreAndReadingMakesNoFile) {
   EXPECT_EQ(journal.file(), folder.file("goals.sqlite-waiting"));
   EXPECT_THAT(waiting(), IsEmpty());
   journal.settle("a");
@@ -86,7 +86,7 @@ TEST_F(OutcomeJournalTest, AStoreBehindALinkHasOneJournal) {
   EXPECT_EQ(OutcomeJournal(folder.file("link")).file(), journal.file());
 }
 
-TEST_F(OutcomeJournalTest, EveryFieldComesBackByteForByte) {
+TEST_F(OutcomeJournalTest, EveryFieldIsReadBackByteForByte) {
   const WaitingOutcome written{
       "id",
       "inode 5",
@@ -121,7 +121,7 @@ TEST_F(OutcomeJournalTest, OutcomesWaitInTheirOrderUntilTheyAreSettled) {
   EXPECT_THAT(waiting(), ElementsAre("a", "c"));
 }
 
-TEST_F(OutcomeJournalTest, TheFileGoesWithTheLastOutcome) {
+TEST_F(OutcomeJournalTest, TheFileIsRemovedWithTheLastOutcome) {
   journal.add(waitingOutcome("a"));
   journal.add(waitingOutcome("b"));
   journal.settle("a");
@@ -146,7 +146,7 @@ TEST_F(OutcomeJournalTest, OnlyItsOwnerMayReadIt) {
   EXPECT_EQ(status.st_mode & 07777u, 0600u);
 }
 
-TEST_F(OutcomeJournalTest, ALineThatWasNotWrittenToItsEndIsLeftOutAndReplaced) {
+TEST_F(OutcomeJournalTest, APartlyWrittenLineIsIgnoredAndReplaced) {
   journal.add(waitingOutcome("a"));
   write(fileText() + "{\"waiting\": {\"id\": \"b\", \"goal");
   EXPECT_THAT(waiting(), ElementsAre("a"));
@@ -165,7 +165,7 @@ TEST_F(OutcomeJournalTest, ALineThatLacksItsLineFeedOnlyCounts) {
   EXPECT_THAT(waiting(), ElementsAre("a", "b"));
 }
 
-TEST_F(OutcomeJournalTest, ABegunFirstLineIsAnEmptyJournal) {
+TEST_F(OutcomeJournalTest, APartlyWrittenFirstLineIsAnEmptyJournal) {
   for (std::size_t length = 0; length < head.size(); ++length) {
     write(head.substr(0, length));
     EXPECT_THAT(waiting(), IsEmpty()) << length;
@@ -200,7 +200,7 @@ TEST_F(OutcomeJournalTest, ADamagedLineIsNamedWithItsPlace) {
   EXPECT_EQ(fileText(), text);
 }
 
-TEST_F(OutcomeJournalTest, AnEntryThatIsNeitherOfTheTwoIsRefused) {
+TEST_F(OutcomeJournalTest, AnEntryThatIsNeitherWaitingNorSettledIsRefused) {
   for (const char* entry : {"{}", "{\"other\": 1}", "[]", ""}) {
     write(head + entry + "\n");
     EXPECT_THAT(refusal(), StartsWith(journal.file() + ": line 2: ")) << entry;
@@ -219,7 +219,7 @@ TEST_F(OutcomeJournalTest, AFileThatOthersMayWriteOrThatIsNoFileIsRefused) {
   EXPECT_THAT(refusal(), HasSubstr("cannot be opened"));
 }
 
-TEST_F(OutcomeJournalTest, WhenNothingMoreFitsOnTheDiskTheJournalStaysAsItWas) {
+TEST_F(OutcomeJournalTest, OnAFullDiskTheJournalStaysUnchanged) {
   journal.add(waitingOutcome("a"));
   const std::string before = fileText();
   rlimit limit{};
@@ -261,7 +261,7 @@ TEST_F(OutcomeJournalTest, AFileThatCannotBeExaminedIsRefused) {
   EXPECT_EQ(error, journal.file() + ": cannot be examined: Permission denied");
 }
 
-TEST_F(OutcomeJournalTest, AFileThatIsNeverAtItsPathIsWaitedForNoLongerThanForALock) {
+TEST_F(OutcomeJournalTest, AFileThatKeepsBeingReplacedIsWaitedForNoLongerThanALock) {
   journal.add(waitingOutcome("a"));
   FileCalls::fail(FileCalls::Call::stat, ENOENT);
   const std::string error =
@@ -270,7 +270,7 @@ TEST_F(OutcomeJournalTest, AFileThatIsNeverAtItsPathIsWaitedForNoLongerThanForAL
   EXPECT_THAT(error, HasSubstr("is in use by another program"));
 }
 
-TEST_F(OutcomeJournalTest, ALockOfAnotherProgramIsWaitedForAsLongAsTheCallerHasPatience) {
+TEST_F(OutcomeJournalTest, ALockOfAnotherProgramIsWaitedForUpToTheCallersTimeLimit) {
   journal.add(waitingOutcome("a"));
   const int other = ::open(journal.file().c_str(), O_RDWR);
   ASSERT_EQ(::flock(other, LOCK_EX), 0);
@@ -281,7 +281,7 @@ TEST_F(OutcomeJournalTest, ALockOfAnotherProgramIsWaitedForAsLongAsTheCallerHasP
   ::close(other);
 }
 
-TEST_F(OutcomeJournalTest, AnAddedOutcomeIsBroughtToTheDiskAndARecordedOneIsNot) {
+TEST_F(OutcomeJournalTest, AnAddedOutcomeIsSyncedAndARecordedOneIsNot) {
   journal.add(waitingOutcome("a"));
   const int ofFirst = FileCalls::syncs();
   EXPECT_GT(ofFirst, 0);
@@ -294,7 +294,7 @@ TEST_F(OutcomeJournalTest, AnAddedOutcomeIsBroughtToTheDiskAndARecordedOneIsNot)
 }
 
 // A power cut must not bring back what the user has given up.
-TEST_F(OutcomeJournalTest, AnOutcomeThatMustNotBeRecordedIsTakenOutOnTheDisk) {
+TEST_F(OutcomeJournalTest, AnOutcomeThatMustNotBeRecordedIsRemovedOnTheDisk) {
   journal.add(waitingOutcome("a"));
   journal.add(waitingOutcome("b"));
   int before = FileCalls::syncs();
@@ -305,7 +305,7 @@ TEST_F(OutcomeJournalTest, AnOutcomeThatMustNotBeRecordedIsTakenOutOnTheDisk) {
   }
 }
 
-TEST_F(OutcomeJournalTest, SettledOutcomesDoNotMakeItGrowWithoutEnd) {
+TEST_F(OutcomeJournalTest, SettledOutcomesDoNotMakeItGrowWithoutLimit) {
   journal.add(waitingOutcome("first"));
   std::size_t longest = 0;
   for (int i = 0; i < 300; ++i) {

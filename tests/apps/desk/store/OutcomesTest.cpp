@@ -22,7 +22,7 @@ class OutcomesTest : public ::testing::Test {
   GoalStore store = GoalStore::open(file);
 };
 
-TEST_F(OutcomesTest, ARecordHoldsWhatTheScreenHandedOut) {
+TEST_F(OutcomesTest, ARecordContainsTheScreensValues) {
   const auto returned = store.record(
       "g1", {GoalOutcomeSubjectKind::path, "p9", GoalOutcomeValue::introduced, "a\n\"b\"", "o7"});
   const auto recorded = store.outcomes("g1");
@@ -41,7 +41,7 @@ TEST_F(OutcomesTest, ARecordHoldsWhatTheScreenHandedOut) {
               static_cast<double>(std::time(nullptr)), 5);
 }
 
-TEST_F(OutcomesTest, CarryTheGoalsIdAsTheStoreHasIt) {
+TEST_F(OutcomesTest, HaveTheGoalsIdAsTheStoreHasIt) {
   store.import({goal("e\u0301", "t")});
   const auto composed = store.record("\u00E9", {GoalOutcomeSubjectKind::path, {}, {}, {}, {}});
   EXPECT_TRUE(composed.goalID == "e\u0301") << composed.goalID;
@@ -62,7 +62,7 @@ TEST_F(OutcomesTest, EveryKindAndValueCanBeRecorded) {
   for (std::size_t i = 0; i < 16; ++i) EXPECT_EQ(recorded[i].value, allGoalOutcomeValues[i % 8]);
 }
 
-TEST_F(OutcomesTest, ComeInTheOrderOfRecordingUnderIdsOfTheirOwn) {
+TEST_F(OutcomesTest, AreInTheOrderOfRecordingWithIdsOfTheirOwn) {
   std::vector<std::string> ids;
   for (int i = 0; i < 200; ++i) {
     ids.push_back(store
@@ -92,7 +92,7 @@ TEST_F(OutcomesTest, AnIdHas128RandomBitsInHexadecimalDigits) {
   }
 }
 
-TEST_F(OutcomesTest, OfAGoalThatIsNotThereAreAnError) {
+TEST_F(OutcomesTest, OfAMissingGoalAreAnError) {
   EXPECT_THROW(store.outcomes("nope"), UnknownGoal);
   EXPECT_THROW(store.result("nope"), UnknownGoal);
   EXPECT_THROW(

@@ -10,7 +10,7 @@ std::string problem(int code, sqlite3* connection) {
   return problemOf(code, connection).text;
 }
 
-TEST(ProblemTest, LiesInTheContentWhenAnotherConnectionWouldFailToo) {
+TEST(ProblemTest, ConcernsTheContentWhenAnotherConnectionWouldFailToo) {
   for (const int code : {SQLITE_CONSTRAINT, SQLITE_TOOBIG, SQLITE_NOTADB, SQLITE_CORRUPT}) {
     EXPECT_TRUE(problemOf(code, nullptr).isOfContent) << code;
   }
@@ -19,7 +19,7 @@ TEST(ProblemTest, LiesInTheContentWhenAnotherConnectionWouldFailToo) {
   }
 }
 
-TEST(ProblemTest, EachFailureThatNeedsNoStoreToHappenHasItsWords) {
+TEST(ProblemTest, EachFailureThatNeedsNoStoreHasItsWords) {
   EXPECT_EQ(problem(SQLITE_NOTADB, nullptr), "is not an SQLite database");
   EXPECT_EQ(problem(SQLITE_CANTOPEN, nullptr), "cannot be opened: its folder may be read-only");
   EXPECT_EQ(problem(SQLITE_PERM, nullptr), "cannot be locked: Operation not permitted");
@@ -36,7 +36,7 @@ TEST(ProblemTest, EachFailureThatNeedsNoStoreToHappenHasItsWords) {
             std::string("failed: ") + sqlite3_errstr(SQLITE_MISUSE));
 }
 
-TEST(ProblemTest, AFailedTransferSaysWhatItWasToDo) {
+TEST(ProblemTest, AFailedTransferNamesItsPurpose) {
   for (const int code : {SQLITE_IOERR_READ, SQLITE_IOERR_CORRUPTFS, SQLITE_IOERR_FSTAT,
                          SQLITE_IOERR_ACCESS, SQLITE_IOERR_SHMMAP, SQLITE_IOERR_MMAP}) {
     EXPECT_EQ(problem(code, nullptr), "cannot be read") << code;

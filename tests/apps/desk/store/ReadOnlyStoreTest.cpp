@@ -93,7 +93,7 @@ TEST_F(ReadOnlyStoreTest, ALinkToAStoreInAFolderThatMayNotBeWritten) {
   EXPECT_EQ(GoalStore::openExisting(elsewhere.file("link"))->goals().size(), 1u);
 }
 
-TEST_F(ReadOnlyStoreTest, WhatAWindowHasJustWrittenIsSeen) {
+TEST_F(ReadOnlyStoreTest, WritesOfAnOpenWindowAreSeen) {
   GoalStore open = GoalStore::open(file);
   open.import({goal("g1", "Changed")});
   for (const auto& entry : fs::directory_iterator(folder.path())) {
@@ -105,7 +105,7 @@ TEST_F(ReadOnlyStoreTest, WhatAWindowHasJustWrittenIsSeen) {
       << "the log beside the store belongs to it";
 }
 
-TEST_F(ReadOnlyStoreTest, ALogThatCannotBeTakenUpIsNotLeftOut) {
+TEST_F(ReadOnlyStoreTest, ALogThatCannotBeReadIsNotIgnored) {
   const std::string copy = folder.file("copy.sqlite");
   {
     GoalStore open = GoalStore::open(file);
@@ -124,7 +124,7 @@ TEST_F(ReadOnlyStoreTest, ALogThatCannotBeTakenUpIsNotLeftOut) {
                 "that is read-only");
 }
 
-TEST_F(ReadOnlyStoreTest, AChangeWhileItIsReadIsNoticed) {
+TEST_F(ReadOnlyStoreTest, AChangeDuringReadingIsNoticed) {
   fs::permissions(file, readable);
   fs::permissions(folder.path(), enterable);
   std::optional<GoalStore> store;

@@ -29,13 +29,13 @@ class RepeatedRecordingTest : public testing::Test {
   const std::string id = newOutcomeID();
 };
 
-TEST_F(RepeatedRecordingTest, AnOutcomeIsRecordedUnderTheIdGiven) {
+TEST_F(RepeatedRecordingTest, AnOutcomeIsRecordedWithTheGivenId) {
   GoalStore store = GoalStore::open(file);
   EXPECT_EQ(store.record("g1", input(), id).id, id);
   EXPECT_EQ(store.outcomes("g1")[0].id, id);
 }
 
-TEST_F(RepeatedRecordingTest, ARepeatGivesTheRecordAndRecordsNothing) {
+TEST_F(RepeatedRecordingTest, ARepeatReturnsTheRecordAndRecordsNothing) {
   GoalStore store = GoalStore::open(file);
   const GoalOutcomeDTO first = store.record("g1", input(), id);
   RawDatabase(file).run(
@@ -48,7 +48,7 @@ TEST_F(RepeatedRecordingTest, ARepeatGivesTheRecordAndRecordsNothing) {
   EXPECT_EQ(recorded(), 1u);
 }
 
-TEST_F(RepeatedRecordingTest, AnotherOutcomeOfTheIdStaysAndNothingIsRecorded) {
+TEST_F(RepeatedRecordingTest, ADifferentOutcomeWithTheIdStaysAndNothingIsRecorded) {
   GoalStore store = GoalStore::open(file);
   store.record("g1", input(), "o1");
   const std::string refusal = file + ": has another outcome of the id \"o1\", which stays";

@@ -11,7 +11,7 @@
 namespace vemra::desk {
 namespace {
 
-TEST(ResultFault, IsTheSmallestHopCountAlone) {
+TEST(ResultFault, IsOnlyTheSmallestHopCount) {
   GetGoalSnapshotResponse result = goal("g", "t");
   for (const GoalWhyDTO& why :
        {GoalWhyDTO::connection(INT64_MIN + 1), GoalWhyDTO::connection(INT64_MAX),
@@ -44,7 +44,7 @@ SharedArray<std::string> many(std::size_t count) {
   return SharedArray<std::string>(std::vector<std::string>(count));
 }
 
-TEST(ResultFault, IsTheListWithWhichTheTextsBecomeTooMany) {
+TEST(ResultFault, IsTheListThatMakesTheTextsTooMany) {
   const auto fill = [](GetGoalSnapshotResponse& result, int list, std::size_t count) {
     if (list == 0) result.goal.keywords = many(count);
     if (list == 1) result.goal.constraints = many(count);
@@ -75,7 +75,7 @@ TEST(ResultFault, IsTheListWithWhichTheTextsBecomeTooMany) {
   }
 }
 
-TEST(ResultFault, LeavesTenTextsMoreToEachPersonPathAndGroup) {
+TEST(ResultFault, AllowsTenMoreTextsForEachPersonPathAndGroup) {
   GetGoalSnapshotResponse result;
   EXPECT_EQ(mostTexts(result), 1'000'000U);
   result.people = std::vector<GoalPersonCandidateDTO>(200'000, {"p", {}, {}, many(10)});

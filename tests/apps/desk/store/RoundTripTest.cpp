@@ -11,7 +11,7 @@ namespace vemra::desk {
 namespace {
 
 // Documents are compared as text: that is byte for byte, where records compare canonically.
-TEST(StoreRoundTrip, WhatIsImportedComesOutAsItWas) {
+TEST(StoreRoundTrip, AnImportedResultIsReadBackUnchanged) {
   const TemporaryFolder folder;
   GoalStore store = GoalStore::open(folder.file("goals.sqlite"));
   documents::RandomResult random(20250105);
@@ -84,7 +84,7 @@ TEST(StoreRoundTrip, FindsAGoalByAnyBytesOfItsId) {
   }
 }
 
-TEST(StoreRoundTrip, TellsNilFromEmpty) {
+TEST(StoreRoundTrip, DistinguishesNilFromEmpty) {
   const TemporaryFolder folder;
   GoalStore store = GoalStore::open(folder.file("goals.sqlite"));
   GetGoalSnapshotResponse result = goal("g", "t");
@@ -104,7 +104,7 @@ TEST(StoreRoundTrip, TellsNilFromEmpty) {
               read.outcomes[1].correctsOutcomeID);
 }
 
-TEST(StoreRoundTrip, KeepsTheOrderAndPeopleOfOneReference) {
+TEST(StoreRoundTrip, KeepsTheOrderAndPeopleWithEqualReferences) {
   const TemporaryFolder folder;
   GoalStore store = GoalStore::open(folder.file("goals.sqlite"));
   GetGoalSnapshotResponse result = goal("g", "t");

@@ -19,7 +19,7 @@ std::vector<std::string> shownTexts(const GetGoalSnapshotResponse& result) {
 }
 
 // What the sample goals are for: a reader who looks through them has seen every face of the screen.
-TEST(SampleGoals, ShowEveryFaceOfTheScreen) {
+TEST(SampleGoals, ShowEveryVariantOfTheScreen) {
   std::multiset<std::string> shown;
   const auto samples = sampleGoals();
   EXPECT_EQ(samples.size(), 3u);

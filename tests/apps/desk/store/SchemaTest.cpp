@@ -22,7 +22,7 @@ std::string errorOfOpening(const std::string& file) {
   return writing;
 }
 
-TEST(Schema, AStoreCarriesItsMarksAndUsesAWriteAheadLog) {
+TEST(Schema, AStoreHasItsMarksAndUsesAWriteAheadLog) {
   const TemporaryFolder folder;
   const std::string file = folder.file("goals.sqlite");
   GoalStore store = GoalStore::open(file);
@@ -60,7 +60,7 @@ TEST(Schema, AReasonHasAllColumnsOfItsKindAndNoOthers) {
   }
 }
 
-TEST(Schema, ANewFileIsForItsOwnerAlone) {
+TEST(Schema, OnlyItsOwnerMayReadANewFile) {
   const TemporaryFolder folder;
   const std::string file = folder.file("goals.sqlite");
   GoalStore store = GoalStore::open(file);
@@ -81,7 +81,7 @@ TEST(Schema, AnEmptyFileIsANewStore) {
   EXPECT_EQ(GoalStore::openExisting(file)->goals().size(), 1u);
 }
 
-TEST(Schema, ReadingWhatIsNotThereMakesNothing) {
+TEST(Schema, ReadingAMissingStoreMakesNoFile) {
   const TemporaryFolder folder;
   EXPECT_FALSE(GoalStore::openExisting(folder.file("new")));
   EXPECT_FALSE(std::filesystem::exists(folder.file("new")));
@@ -148,7 +148,7 @@ TEST(Schema, AFileTooShortForAHeaderIsRefusedUntouchedUnlessItIsEmpty) {
   }
 }
 
-TEST(Schema, ADamagedStoreIsAnErrorNotACrash) {
+TEST(Schema, ADamagedStoreIsAnErrorAndNotACrash) {
   const TemporaryFolder folder;
   const std::string file = folder.file("goals.sqlite");
   auto big = goal("g", "t");

@@ -49,7 +49,7 @@ TEST_F(StoreEngineTest, IsLazy) {
   EXPECT_TRUE(task::wait(engine->getGoalSnapshot("g1")).outcomes.empty());
 }
 
-TEST_F(StoreEngineTest, ThrowsWhatTheStoreThrows) {
+TEST_F(StoreEngineTest, RethrowsTheExceptionOfTheStore) {
   EXPECT_THROW(task::wait(engine->getGoalSnapshot("nope")), UnknownGoal);
   EXPECT_EQ(task::wait(engine->getGoalSnapshot("g2")).goal.title, "Two");
 }
@@ -62,7 +62,7 @@ TEST_F(StoreEngineTest, TriesAgainAfterAStoreThatCouldNotBeOpened) {
   EXPECT_TRUE(task::wait(waiting.goals()).empty());
 }
 
-TEST_F(StoreEngineTest, WaitsForAnotherProgramAsLongAsItsPatienceLasts) {
+TEST_F(StoreEngineTest, WaitsForAnotherProgramUpToItsTimeLimit) {
   using Clock = std::chrono::steady_clock;
   RawDatabase other(file);
   ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
@@ -77,7 +77,7 @@ TEST_F(StoreEngineTest, WaitsForAnotherProgramAsLongAsItsPatienceLasts) {
   EXPECT_EQ(task::wait(waiting.goals()).size(), 3u);
 }
 
-TEST_F(StoreEngineTest, CarriesOutInTheOrderOfStarting) {
+TEST_F(StoreEngineTest, CarriesOutTasksInTheOrderOfStarting) {
   std::vector<std::string> order;
   for (int i = 0; i < 50; ++i) {
     task::start(engine->record("g1", {GoalOutcomeSubjectKind::person,
@@ -104,7 +104,7 @@ struct AtThreadEnd {
   }
 };
 
-TEST_F(StoreEngineTest, MayGoWhileATaskRunsAndTakesItsThreadAlong) {
+TEST_F(StoreEngineTest, MayBeDestroyedWhileATaskRunsAndEndsItsThread) {
   for (int i = 0; i < 50; ++i) {
     std::string title;
     std::promise<void> promise;
@@ -147,7 +147,7 @@ task::Task<> askAndHold(std::shared_ptr<StoreEngine> engine, std::string goalID,
   co_await hold;
 }
 
-TEST_F(StoreEngineTest, AnAwaitedTaskKeepsNoThread) {
+TEST_F(StoreEngineTest, AnAwaitedTaskKeepsNoThreadAlive) {
   for (const std::string goalID : {"g1", "no such goal"}) {
     std::promise<void> threadEnded;
     std::coroutine_handle<> held;
@@ -160,7 +160,7 @@ TEST_F(StoreEngineTest, AnAwaitedTaskKeepsNoThread) {
   }
 }
 
-TEST_F(StoreEngineTest, NoticesWhatOthersChangeAndNotItsOwn) {
+TEST_F(StoreEngineTest, NoticesChangesByOthersAndNotItsOwn) {
   const auto version = [&] { return task::wait(engine->version()); };
   const auto first = version();
   EXPECT_EQ(version(), first);
@@ -170,7 +170,7 @@ TEST_F(StoreEngineTest, NoticesWhatOthersChangeAndNotItsOwn) {
   EXPECT_NE(version(), first);
 }
 
-TEST_F(StoreEngineTest, AStoreForReadingOnlyFollowsChangesAndTakesNone) {
+TEST_F(StoreEngineTest, AStoreForReadingOnlyFollowsChangesAndMakesNone) {
   StoreEngine reader(file, usualPatience, StoreUse::reading);
   EXPECT_EQ(task::wait(reader.goals()).size(), 2u);
   GoalStore::open(file).import({goal("g3", "Three")});

@@ -66,7 +66,7 @@ TEST_F(StoreLocationTest, IsBelowTheHomeOfTheUsersEntryWithoutTheVariable) {
   }
 }
 
-TEST_F(StoreLocationTest, IsNowhereForAUserWithoutAHome) {
+TEST_F(StoreLocationTest, IsUnknownForAUserWithoutAHome) {
   if (::geteuid() != 0) GTEST_SKIP() << "only root can become a user without an entry";
   constexpr uid_t withoutEntry = 4711;
   ASSERT_EQ(::getpwuid(withoutEntry), nullptr);

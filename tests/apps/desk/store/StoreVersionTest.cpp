@@ -70,7 +70,7 @@ TEST_F(StoreVersionTest, StaysWhileAnotherProgramHasTheStoreOpen) {
   EXPECT_EQ(version(), before);
 }
 
-TEST_F(StoreVersionTest, ChangesWhenAnotherProgramHasChangedAStoreThatWasGivenUp) {
+TEST_F(StoreVersionTest, ChangesWhenAnotherProgramHasChangedAClosedStore) {
   const auto before = version();
   failToLoad();
   GoalStore::open(file).import({goal("g1", "Changed")});
@@ -89,7 +89,7 @@ TEST_F(StoreVersionTest, ChangesWhenAnotherProgramHasWrittenOnlyTheLog) {
   EXPECT_NE(version(), before);
 }
 
-TEST_F(StoreVersionTest, ChangesWhenAChangeWouldNotShowInTheTimeOfTheFile) {
+TEST_F(StoreVersionTest, ChangesAlsoWhenTheTimeOfTheFileIsTheSame) {
   fs::last_write_time(file, fs::file_time_type::clock::now());
   const auto before = version();
   failToLoad();
@@ -97,7 +97,7 @@ TEST_F(StoreVersionTest, ChangesWhenAChangeWouldNotShowInTheTimeOfTheFile) {
   EXPECT_NE(version(), before);
 }
 
-TEST_F(StoreVersionTest, ChangesWhenAStoreThatAnotherCallHasOpenedAnewIsChanged) {
+TEST_F(StoreVersionTest, ChangesWhenAStoreReopenedByAnotherCallIsChanged) {
   for (const bool looksBefore : {true, false}) {
     const auto before = version();
     failToLoad();

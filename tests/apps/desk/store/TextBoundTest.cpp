@@ -79,12 +79,12 @@ void expectLoop(const std::string& error, const std::string& file) {
   EXPECT_EQ(error.find("***"), std::string::npos) << error;
 }
 
-TEST_F(TextBoundTest, ATextBeyondTheBoundIsRefusedWhenItsPagesLeadBackToThemselves) {
+TEST_F(TextBoundTest, ATextBeyondTheBoundIsRefusedWhenItsPagesFormACycle) {
   closeChains();
   expectLoop(errorOf([&] { read(textSize - 1); }), file);
 }
 
-TEST_F(TextBoundTest, TextsThatGoBeyondTheBoundTogetherAreRefusedToo) {
+TEST_F(TextBoundTest, TextsThatTogetherExceedTheBoundAreRefusedToo) {
   closeChains();
   expectLoop(errorOf([&] { read(3 * textSize - 1); }), file);
 }

@@ -8,7 +8,7 @@
 namespace vemra::desk {
 namespace {
 
-TEST(TransactionTest, WhatIsReadInOneIsOfOneMoment) {
+TEST(TransactionTest, ReadsInOneTransactionAreOfOneMoment) {
   const TemporaryFolder folder;
   const std::string file = folder.file("goals.sqlite");
   GoalStore others = GoalStore::open(file);

@@ -27,7 +27,7 @@ class AccessibleGoalsTest : public ShownGoalList {
   }
 };
 
-TEST_F(AccessibleGoalsTest, AGoalHasNothingBelowIt) {
+TEST_F(AccessibleGoalsTest, AGoalHasNoChildren) {
   QAccessibleInterface& far = goal(900);
   ASSERT_EQ(far.object(), nullptr);
   EXPECT_EQ(far.childCount(), 0);
@@ -75,7 +75,7 @@ TEST_F(AccessibleGoalsTest, AGoalWithAWidgetHasTheSameActions) {
   EXPECT_THAT(chosen, ::testing::ElementsAre("g1"));
 }
 
-TEST_F(AccessibleGoalsTest, TheFirstGoalBeyondAShorterListHasGone) {
+TEST_F(AccessibleGoalsTest, TheFirstGoalBeyondAShorterListIsRemoved) {
   QAccessibleInterface& last = goal(999);
   QAccessibleInterface& before = goal(998);
   show(999);

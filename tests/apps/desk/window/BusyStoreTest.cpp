@@ -50,7 +50,7 @@ class BusyStoreTest : public OpenDesk {
   Looks looks;
 };
 
-TEST_F(BusyStoreTest, TheNextLookAtAStoreBeginsAfterTheLastOneHasEnded) {
+TEST_F(BusyStoreTest, TheNextCheckOfAStoreBeginsAfterThePreviousOneHasEnded) {
   open();
   // Loading a goal reads the same number.
   ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.start"), nullptr);

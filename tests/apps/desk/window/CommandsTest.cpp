@@ -73,7 +73,7 @@ TEST_F(CommandsTest, TheMenusHaveThePlatformsKeys) {
   EXPECT_EQ(titles, (QStringList{"&File", "&Edit", "&View", "&Go", "&Help"}));
 }
 
-TEST_F(CommandsTest, TheNextGoalOpensAndTheLastOneStays) {
+TEST_F(CommandsTest, NextOpensTheNextGoalAndStopsAtTheLastGoal) {
   openWindow();
   choose("&Go", "&Next Goal");
   EXPECT_TRUE(isOpen("b"));
@@ -135,7 +135,7 @@ TEST_F(CommandsTest, TheEditMenuActsOnTheTextWithTheFocus) {
   EXPECT_EQ(note->text(), "abc");
 }
 
-TEST_F(CommandsTest, ImportingSaysWhatCame) {
+TEST_F(CommandsTest, ImportingReportsTheImportedGoals) {
   openWindow();
   window->importDocuments({document("c.json", "c"), document("d.json", "d")});
   EXPECT_TRUE(becomes([&] { return shows("Goal c", "desk.goals"); }));
@@ -154,7 +154,7 @@ TEST_F(CommandsTest, AnImportThatFailsNamesTheDocumentAndImportsNothing) {
   EXPECT_EQ(GoalStore::open(file).goals().size(), 2u);
 }
 
-TEST_F(CommandsTest, DocumentsThatAreDroppedAreImported) {
+TEST_F(CommandsTest, DroppedDocumentsAreImported) {
   openWindow();
   QMimeData data;
   data.setUrls({QUrl::fromLocalFile(document("c.json", "c"))});

@@ -121,7 +121,7 @@ TEST_F(DeskControllerTest, OpensTheFirstGoal) {
   EXPECT_EQ(display.chosen, "g1");
 }
 
-TEST_F(DeskControllerTest, OpensTheGoalThatIsAskedFor) {
+TEST_F(DeskControllerTest, OpensTheRequestedGoal) {
   import({goal("g1", "One"), goal("g2", "Two")});
   start("g2");
   ASSERT_TRUE(opens("g2"));
@@ -148,7 +148,7 @@ TEST_F(DeskControllerTest, AnotherGoalClosesTheDetails) {
   EXPECT_TRUE(opens("g2"));
 }
 
-TEST_F(DeskControllerTest, ARecordedOutcomeComesBackInTheGoal) {
+TEST_F(DeskControllerTest, ARecordedOutcomeAppearsInTheGoal) {
   import({goal("g1", "One")});
   start();
   ASSERT_TRUE(opens("g1"));
@@ -192,7 +192,7 @@ TEST_F(DeskControllerTest, ShowsWhatAnotherProgramChanges) {
   EXPECT_EQ(display.goalID(), "g1") << "the open goal stays open";
 }
 
-TEST_F(DeskControllerTest, AGoalThatIsNotThereIsAFailureInPlaceOfTheGoal) {
+TEST_F(DeskControllerTest, AMissingGoalIsAFailureInPlaceOfTheGoal) {
   import({goal("g1", "One")});
   start("g9");
   ASSERT_TRUE(becomes([&] { return !display.failure.empty(); }));
@@ -228,7 +228,7 @@ TEST_F(DeskControllerTest, APathHasTheNamesOfTheGoalThatShowsIt) {
   EXPECT_THAT(display.namesOnPath, ElementsAre("Ada"));
 }
 
-TEST_F(DeskControllerTest, DetailsAreLookedUpAgainWhenTheStoreChangesUntilTheyAreClosed) {
+TEST_F(DeskControllerTest, OpenDetailsAreReadAgainWhenTheStoreChanges) {
   import({goal("g1", "One")});
   start();
   ASSERT_TRUE(opens("g1"));

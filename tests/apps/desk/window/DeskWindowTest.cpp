@@ -40,7 +40,7 @@ class DeskWindowTest : public OpenDesk {
   }
 };
 
-TEST_F(DeskWindowTest, HasThePanesSideBySideAndASizeThatTheyFitIn) {
+TEST_F(DeskWindowTest, HasThePanesSideBySideAndASizeThatFitsThem) {
   open();
   EXPECT_EQ(window->windowTitle(), "Vemra Desk");
   EXPECT_EQ(window->objectName(), "desk");

@@ -47,7 +47,7 @@ TEST_F(DraftsTest, ANoteIsStillThereAfterAnotherGoalWasOpen) {
   EXPECT_EQ(note->text(), "half a sen");
 }
 
-TEST_F(DraftsTest, AScreenThatComesBackShowsWhatTheStoreHoldsNow) {
+TEST_F(DraftsTest, AScreenThatIsShownAgainShowsTheStoresPresentContent) {
   open("a");
   typeNote("half a sen");
   openGoal("b", "Second");
@@ -83,7 +83,7 @@ TEST_F(ClosingTest, AnOpenEditorOfAnyGoalIsAskedAboutOnceAndNamed) {
   EXPECT_EQ(window->findChildren<QMessageBox*>().size(), 1) << "it is asked already";
 }
 
-TEST_F(ClosingTest, CancellingKeepsTheWindowAndWhatWasTyped) {
+TEST_F(ClosingTest, CancellingKeepsTheWindowAndTheTypedText) {
   open("a");
   typeNote("half");
   window->close();

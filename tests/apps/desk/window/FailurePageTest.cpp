@@ -28,13 +28,13 @@ class FailurePageTest : public ::testing::Test {
   FailurePage page;
 };
 
-TEST_F(FailurePageTest, SaysWhatFailedAndWhyToTheEyeAndToAssistiveTechnology) {
+TEST_F(FailurePageTest, ShowsTheFailureAndItsReasonAlsoToAssistiveTechnology) {
   EXPECT_TRUE(label("The goal could not be loaded").isVisible());
   EXPECT_EQ(label("The store is <b>away</b>.").textFormat(), Qt::PlainText);
   EXPECT_EQ(page.accessibleName(), "The goal could not be loaded. The store is <b>away</b>.");
 }
 
-TEST_F(FailurePageTest, StandsAtTheTopOfItsPageInLinesThatKeepTheirHeight) {
+TEST_F(FailurePageTest, IsAtTheTopOfItsPageInLinesThatKeepTheirHeight) {
   const QRect title = label("The goal could not be loaded").geometry();
   const QRect reason = label("The store is <b>away</b>.").geometry();
   EXPECT_EQ(title.topLeft(), QPoint(40, 24));

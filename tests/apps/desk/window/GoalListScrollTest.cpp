@@ -41,13 +41,13 @@ TEST_F(GoalListScrollTest, OneStepOfTheScrollBarIsHalfARow) {
   EXPECT_EQ(bar().pageStep(), list.viewport()->height());
 }
 
-TEST_F(GoalListScrollTest, TheHeadingStandsAboveTheFirstTitleAndAsFarFromTheEdge) {
+TEST_F(GoalListScrollTest, TheHeadingIsAboveTheFirstTitleAndAlignedWithIt) {
   const QRect heading = list.heading().contentsRect().translated(list.heading().pos());
   EXPECT_EQ(heading.left(), list.rowRect(0).left() + 10) << "a row's own margin";
   EXPECT_EQ(list.rowRect(0).top() - heading.bottom() - 1, 8);
 }
 
-TEST_F(GoalListScrollTest, TheScrollBarBeginsAtTheTopAndIsEmptyWhereAllRowsFit) {
+TEST_F(GoalListScrollTest, TheScrollBarBeginsAtTheTopAndHasNoRangeWhenAllRowsFit) {
   EXPECT_EQ(bar().minimum(), 0);
   EXPECT_EQ(list.rowRect(999).bottom() + 1 + 14 - list.viewport()->height(), bar().maximum());
   show(3, "g0");

@@ -89,7 +89,7 @@ TEST_F(GoalListTest, ARowThatStaysKeepsTheFocusAndHandsOutItsNewGoal) {
   EXPECT_EQ(open(), "x");
 }
 
-TEST_F(GoalListTest, AListenerMayChangeTheListThatItHearsFrom) {
+TEST_F(GoalListTest, AListenerMayChangeTheList) {
   list.setGoals({{"a", "First"}, {"b", "Second"}}, "a");
   QObject::connect(&list, &GoalList::goalChosen, [this](const std::string& goalID) {
     list.setGoals({{"a", "First"}, {"z", "Other"}}, "a");
@@ -152,13 +152,13 @@ class GoalRowPaint : public ::testing::Test {
   GoalRow row;
 };
 
-TEST_F(GoalRowPaint, TheOpenGoalStandsOnTheHighlight) {
+TEST_F(GoalRowPaint, TheOpenGoalIsHighlighted) {
   EXPECT_EQ(pixels(inactive(QPalette::Highlight)), 0);
   row.setChecked(true);
   EXPECT_GT(pixels(inactive(QPalette::Highlight)), 220 * 40 / 2);
 }
 
-TEST_F(GoalRowPaint, TheMouseAndTheFocusShow) {
+TEST_F(GoalRowPaint, TheMouseAndTheFocusAreShown) {
   const QImage plain = row.grab().toImage();
   row.setAttribute(Qt::WA_UnderMouse, true);
   const QImage under = row.grab().toImage();
@@ -204,7 +204,7 @@ TEST_F(GoalRowPaint, ItIsAsHighAsItsLinesUpToThree) {
   EXPECT_GT(row.heightForWidth(0), 0) << "narrower than its margins";
 }
 
-TEST_F(GoalRowPaint, WhatDoesNotFitEndsInAnEllipsis) {
+TEST_F(GoalRowPaint, ATitleThatDoesNotFitEndsInAnEllipsis) {
   row.setTitle(QString("wordword ").repeated(30));
   row.resize(120, row.heightForWidth(120));
   const QImage cut = row.grab().toImage();

@@ -70,7 +70,7 @@ TEST_F(GoalRowTest, AnEndlessTitleIsNamedInFullAndHasAToolTipThatFitsAScreen) {
   EXPECT_NE(toolTip(), "");
 }
 
-TEST_F(GoalRowTest, AToolTipThatIsCutSaysSoAndCutsNoCharacter) {
+TEST_F(GoalRowTest, ACutToolTipEndsInAnEllipsisAndCutsNoCharacter) {
   const QString rest = QString::fromUtf8("\U0001F600").repeated(600);
   row.setTitle(QString(1000, u'a') + rest);
   EXPECT_NE(toolTip().find("a…</p>"), std::string::npos) << toolTip();
@@ -89,7 +89,7 @@ TEST_F(GoalRowTest, ATitleIsCutBetweenCharacters) {
   EXPECT_NE(drawn(QString(398, u'a') + face.repeated(9)), drawn(QString(398, u'a') + u'…'));
 }
 
-TEST_F(GoalRowTest, AWordThatIsTooLongForALineGoesOnInTheNext) {
+TEST_F(GoalRowTest, AWordThatIsTooLongForALineContinuesInTheNext) {
   row.setTitle("w");
   const int oneLine = row.heightForWidth(200);
   row.setTitle(QString(200, u'w'));
@@ -122,13 +122,13 @@ TEST_F(GoalRowTest, AnswersOtherEventsAsAnyButtonDoes) {
   }
 }
 
-TEST_F(GoalRowTest, BeforeItsFirstTitleItHasABlankOne) {
+TEST_F(GoalRowTest, BeforeItsFirstTitleItsTitleIsBlank) {
   EXPECT_EQ(name(), "(no title)");
   row.resize(30, 60);
   EXPECT_NO_FATAL_FAILURE(toolTip());
 }
 
-TEST_F(GoalRowTest, ABlankTitleIsNamedAsWhatIsShown) {
+TEST_F(GoalRowTest, ABlankTitleHasTheShownTextAsItsName) {
   row.setTitle("");
   EXPECT_EQ(name(), "(no title)");
   row.setTitle(" \n ");

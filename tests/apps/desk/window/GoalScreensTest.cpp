@@ -44,7 +44,7 @@ class GoalScreensTest : public ::testing::Test {
   GoalScreens screens{pages, 3};
 };
 
-TEST_F(GoalScreensTest, AGoalThatIsShownAgainHasItsScreenStill) {
+TEST_F(GoalScreensTest, AGoalThatIsShownAgainStillHasItsScreen) {
   show("a");
   const qt::ViewWidget* first = &screens.current();
   show("b");
@@ -62,7 +62,7 @@ TEST_F(GoalScreensTest, AGoalIsTheSameUnderCanonicalEquivalence) {
   EXPECT_EQ(&screens.current(), first);
 }
 
-TEST_F(GoalScreensTest, TheScreenThatWasShownLongestAgoGoesFirst) {
+TEST_F(GoalScreensTest, TheScreenShownLongestAgoIsDestroyedFirst) {
   show("a");
   const QPointer<qt::ViewWidget> first(&screens.current());
   show("b");
@@ -76,7 +76,7 @@ TEST_F(GoalScreensTest, TheScreenThatWasShownLongestAgoGoesFirst) {
   EXPECT_FALSE(second);
 }
 
-TEST_F(GoalScreensTest, AScreenWithAnOpenEditorNeverGoes) {
+TEST_F(GoalScreensTest, AScreenWithAnOpenEditorIsNeverDestroyed) {
   show("a");
   const QPointer<qt::ViewWidget> first(&screens.current());
   openEditor("vemra.goal.person.p1");
@@ -117,7 +117,7 @@ TEST_F(GoalScreensTest, ALongTitleIsShortInTheLineOfAnOpenEditor) {
   EXPECT_FALSE(screens.drafts()[0].contains('\n'));
 }
 
-TEST_F(GoalScreensTest, TheScreenOfAGoalIsShownAgainIfItIsThere) {
+TEST_F(GoalScreensTest, TheScreenOfAGoalIsShownAgainIfItExists) {
   show("a");
   const qt::ViewWidget* first = &screens.current();
   show("b");

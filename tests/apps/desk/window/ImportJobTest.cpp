@@ -75,7 +75,7 @@ TEST_F(ImportJobTest, ADocumentThatCannotBeReadIsNamedAndNothingIsImported) {
   EXPECT_EQ(goals(), 0u);
 }
 
-TEST_F(ImportJobTest, WhatIsCancelledImportsNothing) {
+TEST_F(ImportJobTest, ACancelledJobImportsNothing) {
   start(documents(50));
   job->cancel();
   ASSERT_TRUE(ends());
@@ -83,7 +83,7 @@ TEST_F(ImportJobTest, WhatIsCancelledImportsNothing) {
   EXPECT_EQ(goals(), 0u);
 }
 
-TEST_F(ImportJobTest, AnOutcomeThatIsRecordedWithOtherContentIsRemarkedOn) {
+TEST_F(ImportJobTest, AnOutcomeRecordedWithOtherContentIsReported) {
   GoalStore::open(file).import({goal("g", "t", {outcome("o1", "p1", GoalOutcomeValue::helped)})});
   start({document("b.json", goal("g", "t", {outcome("o1", "p1", GoalOutcomeValue::notAFit)}))});
   ASSERT_TRUE(ends());

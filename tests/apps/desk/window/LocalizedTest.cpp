@@ -47,7 +47,7 @@ class LocalizedTest : public ::testing::Test {
   }
 };
 
-TEST_F(LocalizedTest, EveryTextOfTheWindowIsThereInGerman) {
+TEST_F(LocalizedTest, EveryTextOfTheWindowExistsInGerman) {
   const std::set<std::string> texts = textsInSources();
   EXPECT_GT(texts.size(), 4u) << "the search finds the calls";
   installTranslations({"de-AT", "de"});

@@ -86,7 +86,7 @@ TEST_F(LongGoalListTest, ScrollsToTheLastGoalAndBack) {
   EXPECT_GT(row(0).y(), list.heading().geometry().bottom());
 }
 
-TEST_F(LongGoalListTest, RowsStandStillWhileThoseAboveThemAreMeasured) {
+TEST_F(LongGoalListTest, RowsStayInPlaceWhileRowsAboveThemAreMeasured) {
   show(10'000);
   bar().setValue(bar().maximum() / 2);
   for (int step = 0; step < 100; ++step) {
@@ -178,7 +178,7 @@ TEST_F(LongGoalListTest, ScrollsToAGoalThatIsOpenedAndNotBackWhenTheStoreChanges
   EXPECT_TRUE(row(5000).isChecked());
 }
 
-TEST_F(LongGoalListTest, GoalsThatComeAndGoLeaveTheRowsInViewWhereTheyAre) {
+TEST_F(LongGoalListTest, AddedAndRemovedGoalsLeaveTheRowsInViewInPlace) {
   show(10'000);
   bar().setValue(bar().maximum() / 2);
   std::size_t seen = 0;
@@ -199,7 +199,7 @@ TEST_F(LongGoalListTest, AnotherWidthLeavesTheRowsInView) {
   EXPECT_EQ(list.heading().width(), row(5000).width());
 }
 
-TEST_F(LongGoalListTest, EveryGoalIsThereForAssistiveTechnology) {
+TEST_F(LongGoalListTest, AssistiveTechnologyFindsEveryGoal) {
   show(10'000);
   ASSERT_EQ(column().childCount(), 10'001);
   EXPECT_EQ(name(*column().child(0)), "Goals");
@@ -241,7 +241,7 @@ TEST_F(LongGoalListTest, AClientPressesAndFocusesAGoalFarAway) {
   EXPECT_TRUE(isSeen(7000));
 }
 
-TEST_F(LongGoalListTest, AGoalThatHasGoneAnswersLikeAnEmptyOne) {
+TEST_F(LongGoalListTest, ARemovedGoalAnswersLikeAnEmptyObject) {
   show(10'000);
   QAccessibleInterface& far = *column().child(9001);
   show(100);
@@ -255,7 +255,7 @@ TEST_F(LongGoalListTest, AGoalThatHasGoneAnswersLikeAnEmptyOne) {
   EXPECT_EQ(column().indexOfChild(&far), -1);
 }
 
-TEST_F(LongGoalListTest, AListThatGoesWithItsWindowLeavesGoalsThatAnswerLikeEmptyOnes) {
+TEST_F(LongGoalListTest, GoalsOfADestroyedListAnswerLikeEmptyObjects) {
   auto window = std::make_unique<QWidget>();
   auto* inside = new GoalList(window.get());
   inside->setGoals(goals(1000), "g0");

@@ -40,14 +40,14 @@ class MovedStoreWindowTest : public OpenDesk {
   const std::string away = folder.file("away.sqlite");
 };
 
-TEST_F(MovedStoreWindowTest, AStoreThatIsGoneIsNoticedWithoutAnythingBeingPressed) {
+TEST_F(MovedStoreWindowTest, AMissingStoreIsNoticedWithoutAnAction) {
   open();
   wait<QAbstractButton>(person + ".outcome.start");
   fs::remove(file);
   EXPECT_TRUE(notices("goals.sqlite: was moved or removed while it was open")) << notice();
 }
 
-TEST_F(MovedStoreWindowTest, AnOutcomeForAStoreThatIsGoneIsKeptAndRecordedWhenItIsBack) {
+TEST_F(MovedStoreWindowTest, AnOutcomeForAMissingStoreIsKeptAndRecordedWhenItIsBack) {
   open();
   press(person + ".outcome.start");
   wait<QLineEdit>(person + ".outcome.note")->setText("kept");
@@ -88,7 +88,7 @@ TEST_F(MovedStoreWindowTest, AnOutcomeThatWasRefusedThoughCommittedIsRecordedOnc
   EXPECT_EQ(recorded(), 1u);
 }
 
-TEST_F(MovedStoreWindowTest, AStoreThatCannotBeReadAtFirstIsShownAsSoonAsItCan) {
+TEST_F(MovedStoreWindowTest, AStoreThatCannotBeReadAtFirstIsShownWhenItCanBeRead) {
   fs::rename(file, away);
   fs::create_directory(file);
   open();
@@ -98,7 +98,7 @@ TEST_F(MovedStoreWindowTest, AStoreThatCannotBeReadAtFirstIsShownAsSoonAsItCan) 
   EXPECT_TRUE(becomes([&] { return shows("One", "desk.goals"); })) << notice();
 }
 
-TEST_F(MovedStoreWindowTest, AStoreThatTookItsPlaceIsShownAndNothingGoesIntoItUnasked) {
+TEST_F(MovedStoreWindowTest, ANewStoreAtThePathIsShownAndNothingIsRecordedInItUnasked) {
   open();
   press(person + ".outcome.start");
   replaceBy("g1", "Of the backup");
@@ -126,7 +126,7 @@ TEST_F(MovedStoreWindowTest, AnOutcomeOfAGoalThatTheNewStoreDoesNotHaveIsKept) {
   EXPECT_EQ(RawDatabase(file).value("SELECT count(*) FROM outcomes"), "0");
 }
 
-TEST_F(MovedStoreWindowTest, WhatTheScreenStillShowsOfTheOldStoreIsNotRecordedInTheNewOne) {
+TEST_F(MovedStoreWindowTest, AnOutcomeOnAScreenOfTheOldStoreIsNotRecordedInTheNewStore) {
   open();
   press(person + ".outcome.start");
   wait<QAbstractButton>(person + ".outcome.save");
@@ -158,7 +158,7 @@ TEST_F(MovedStoreWindowTest, AGoalThatWasReadAcrossTwoStoresIsReadAgain) {
   EXPECT_TRUE(shows("Of the backup")) << texts().join("\n").toStdString();
 }
 
-TEST_F(MovedStoreWindowTest, AFailureToLoadIsToldOnceHoweverOftenTheWindowTriesByItself) {
+TEST_F(MovedStoreWindowTest, AFailureToLoadIsShownOnceWhileTheWindowTriesByItself) {
   open();
   wait<QAbstractButton>(person + ".outcome.start");
   replaceBy("g9", "Of the backup");

@@ -34,7 +34,7 @@ TEST_F(NoticeTest, ShowsAndNamesTheFailureLiterally) {
   EXPECT_EQ(notice.accessibleName(), "<b>It</b> & failed");
 }
 
-TEST_F(NoticeTest, OffersToTryAgainOnlyWhereThatIsPossible) {
+TEST_F(NoticeTest, OffersToTryAgainOnlyWhenThatIsPossible) {
   notice.show("failed");
   EXPECT_TRUE(again().isHidden());
   EXPECT_FALSE(dismiss().isHidden());
@@ -65,7 +65,7 @@ TEST_F(NoticeTest, ANewFailureOfATryIsShown) {
   EXPECT_EQ(tries, 1);
 }
 
-TEST_F(NoticeTest, WhatItShowsKeepsItsDistanceFromTheEdges) {
+TEST_F(NoticeTest, ItsContentKeepsItsDistanceFromTheEdges) {
   notice.resize(600, notice.sizeHint().height());
   window.show();
   notice.show("failed", [this] { ++tries; });

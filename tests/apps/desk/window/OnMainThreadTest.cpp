@@ -40,7 +40,7 @@ class OnMainThreadTest : public ::testing::Test {
   std::string heard;
 };
 
-TEST_F(OnMainThreadTest, TheEndComesFromTheEventLoopAndNeverAtOnce) {
+TEST_F(OnMainThreadTest, TheCallbackComesFromTheEventLoopAndNeverAtOnce) {
   start(ends("done"));
   EXPECT_EQ(heard, "") << "the task has ended, but its caller goes on first";
   QApplication::processEvents();
@@ -49,7 +49,7 @@ TEST_F(OnMainThreadTest, TheEndComesFromTheEventLoopAndNeverAtOnce) {
   EXPECT_EQ(heard, "done ") << "once";
 }
 
-TEST_F(OnMainThreadTest, AFailureIsHandedOn) {
+TEST_F(OnMainThreadTest, AFailureIsPassedOn) {
   start(fails());
   QApplication::processEvents();
   EXPECT_EQ(heard, "failed: it failed ");
@@ -62,7 +62,7 @@ TEST_F(OnMainThreadTest, SeveralEndInTheirOrder) {
   EXPECT_EQ(heard, "one two ");
 }
 
-TEST_F(OnMainThreadTest, AReceiverThatHasGoneHearsNothing) {
+TEST_F(OnMainThreadTest, ADestroyedReceiverGetsNoCall) {
   start(ends("done"));
   receiver.reset();
   QApplication::processEvents();

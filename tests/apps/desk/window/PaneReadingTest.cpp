@@ -83,7 +83,7 @@ class LongSidePaneTest : public ::testing::Test {
   PersonKnowledge person;
 };
 
-TEST_F(LongSidePaneTest, WhatIsOpenStaysOpenWhenTheSamePersonIsShownAgain) {
+TEST_F(LongSidePaneTest, OpenedPiecesStayOpenWhenTheSamePersonIsShownAgain) {
   more("the goals", 1).click();  // of those with a path
   more("the outcomes").click();
   more("the text").click();
@@ -161,7 +161,7 @@ TEST_F(LongSidePaneTest, OfEqualTextsTheOneAtTheSamePlaceStaysSelected) {
   EXPECT_EQ(selected(), QStringList("Go"));
 }
 
-TEST_F(LongSidePaneTest, NoOtherTextIsSelectedInPlaceOfOneThatIsGone) {
+TEST_F(LongSidePaneTest, NoOtherTextIsSelectedInPlaceOfARemovedText) {
   label("note 7").setSelection(0, 4);
   label("note 7").setFocus();
   person.outcomes[7].outcome.note = "note 7, changed";

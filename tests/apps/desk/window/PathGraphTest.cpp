@@ -35,13 +35,13 @@ class PathGraphTest : public ::testing::Test {
   PathGraph graph{{"Ada", "Bo", "Dee"}};
 };
 
-TEST_F(PathGraphTest, TheBrightStarIsThePersonWhomThePathLeadsTo) {
+TEST_F(PathGraphTest, TheBrightStarIsTheLastPersonOfThePath) {
   const QPoint star = brightStar();
   EXPECT_GT(star.y(), graph.height() * 2 / 3) << "the last of three";
   EXPECT_LT(star.x(), graph.width() / 2) << "its name is read behind it";
 }
 
-TEST_F(PathGraphTest, IsMirroredWhereOneReadsFromTheRight) {
+TEST_F(PathGraphTest, IsMirroredInARightToLeftLayout) {
   const QPoint before = brightStar();
   graph.setLayoutDirection(Qt::RightToLeft);
   const QPoint mirrored = brightStar();
@@ -49,7 +49,7 @@ TEST_F(PathGraphTest, IsMirroredWhereOneReadsFromTheRight) {
   EXPECT_EQ(mirrored.y(), before.y());
 }
 
-TEST_F(PathGraphTest, SaysThePathToWhoDoesNotSeeIt) {
+TEST_F(PathGraphTest, DescribesThePathToAssistiveTechnology) {
   QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(&graph);
   EXPECT_EQ(heard->text(QAccessible::Name), "Path to Dee");
   EXPECT_EQ(heard->text(QAccessible::Description), "Ada, then Bo, then Dee");
@@ -66,7 +66,7 @@ int pixels(PathGraph& graph, const QColor& colour) {
   return count;
 }
 
-TEST_F(PathGraphTest, StarsStandLeftAndRightByTurns) {
+TEST_F(PathGraphTest, StarsAlternateBetweenLeftAndRight) {
   const auto starOfLast = [](const std::vector<QString>& names) {
     PathGraph path(names);
     path.resize(220, path.heightForWidth(220));
@@ -81,7 +81,7 @@ TEST_F(PathGraphTest, StarsStandLeftAndRightByTurns) {
   EXPECT_EQ(third.y() - second.y(), second.y() - first.y());
 }
 
-TEST_F(PathGraphTest, ItIsAsHighAsItsNamesAndWhatIsBetweenThem) {
+TEST_F(PathGraphTest, ItIsAsHighAsItsNamesAndTheirGaps) {
   const qreal name = QFontMetricsF(graph.font()).height();
   EXPECT_EQ(PathGraph({"Ada"}).heightForWidth(220), std::ceil(name + 16));
   EXPECT_EQ(graph.heightForWidth(220), std::ceil(3 * name + 2 * 34 + 16));
@@ -94,7 +94,7 @@ TEST_F(PathGraphTest, ItIsAsHighAsItsNamesAndWhatIsBetweenThem) {
   EXPECT_GT(wordy.heightForWidth(0), 0) << "a name has some room however narrow it is";
 }
 
-TEST_F(PathGraphTest, ANameHasFortyPixelsHoweverNarrowTheGraphIs) {
+TEST_F(PathGraphTest, ANameHasFortyPixelsInTheNarrowestGraph) {
   const auto linesIn = [&](double width, const QString& name) {
     const QFontMetricsF metrics(graph.font());
     const auto flags = Qt::TextWordWrap | Qt::TextWrapAnywhere;
@@ -134,7 +134,7 @@ TEST_F(PathGraphTest, TheLineBetweenTwoStarsHasTheQuietColour) {
   EXPECT_NEAR(darkest, line.lightness(), 10);
 }
 
-TEST_F(PathGraphTest, AStretchThatGoesOnHasNoBrightStar) {
+TEST_F(PathGraphTest, APartThatIsContinuedHasNoBrightStar) {
   const QColor bright = graph.palette().color(QPalette::Highlight);
   PathGraph later({"Ada", "Bo"}, "Dee", PathEnd::later);
   EXPECT_EQ(pixels(later, bright), 0);
@@ -148,7 +148,7 @@ TEST_F(PathGraphTest, NamesAreWrittenInTheTextsColour) {
   EXPECT_GT(pixels(graph, graph.palette().color(QPalette::WindowText)), 3);
 }
 
-TEST_F(PathGraphTest, APathOverNobodyIsSaid) {
+TEST_F(PathGraphTest, APathWithoutPeopleIsReported) {
   const PathGraph nobody{std::vector<QString>()};
   EXPECT_EQ(nobody.accessibleName(), "A path over nobody");
   EXPECT_EQ(nobody.accessibleDescription(), "");

@@ -72,7 +72,7 @@ TEST(TextPieces, ATextUpToTheBoundIsOnePiece) {
   EXPECT_EQ(endOfPiece(QString(1000, u'x') + QString(1000, u'w'), 1000), 2000);
 }
 
-TEST(TextPieces, APieceCountsCharactersAsAReaderDoes) {
+TEST(TextPieces, APieceCountsCharactersAsAReaderCountsThem) {
   const QString accented = (u'e' + accent).repeated(999) + "ff";
   EXPECT_EQ(endOfPiece(accented, 0), 2 * 999 + 1) << "1,000 characters, one of them a plain f";
   const QString pairs = QString::fromUtf8("\U0001F600").repeated(1001);
@@ -123,7 +123,7 @@ TEST_F(PiecesTest, AShortTextIsALabelAndAnEmptyOneNothing) {
   EXPECT_TRUE(mores().empty());
 }
 
-TEST_F(PiecesTest, ALongTextGoesOnWithEveryPress) {
+TEST_F(PiecesTest, EveryPressShowsMoreOfALongText) {
   const QString text = QString(1000, u'a') + QString(1000, u'b') + QString(7, u'c');
   addText(*column, text, TextRole::body);
   EXPECT_EQ(texts(), QStringList(QString(1000, u'a')));
@@ -135,7 +135,7 @@ TEST_F(PiecesTest, ALongTextGoesOnWithEveryPress) {
   EXPECT_TRUE(mores().empty()) << "there is no more";
 }
 
-TEST_F(PiecesTest, AListUpToTheBoundIsShownAtOnce) {
+TEST_F(PiecesTest, AListUpToTheBoundIsShownWhole) {
   addEntries(*column, "the goals", 20, [](QVBoxLayout& list, std::size_t i) {
     addText(list, QString::number(i), TextRole::body);
   });
@@ -143,7 +143,7 @@ TEST_F(PiecesTest, AListUpToTheBoundIsShownAtOnce) {
   EXPECT_TRUE(mores().empty());
 }
 
-TEST_F(PiecesTest, ALongListMakesItsEntriesWhenTheyAreAskedFor) {
+TEST_F(PiecesTest, ALongListMakesItsEntriesOnRequest) {
   std::vector<std::size_t> made;
   addEntries(*column, "the goals", 45, [&](QVBoxLayout& list, std::size_t i) {
     made.push_back(i);
@@ -160,7 +160,7 @@ TEST_F(PiecesTest, ALongListMakesItsEntriesWhenTheyAreAskedFor) {
   EXPECT_EQ(texts().back(), "44");
 }
 
-TEST_F(PiecesTest, TheButtonIsReachedByTabPressedByKeyAndNamedForTheEar) {
+TEST_F(PiecesTest, TheButtonIsReachedByTabPressedByKeyAndHasAnAccessibleName) {
   addText(*column, QString(2500, u'w'), TextRole::body);
   QPushButton& more = *mores().at(0);
   more.setFocus(Qt::TabFocusReason);
@@ -174,7 +174,7 @@ TEST_F(PiecesTest, TheButtonIsReachedByTabPressedByKeyAndNamedForTheEar) {
   EXPECT_EQ(heard->role(), QAccessible::Button);
 }
 
-TEST_F(PiecesTest, TabGoesThroughNewButtonsInTheOrderOfReading) {
+TEST_F(PiecesTest, TabGoesThroughNewButtonsInReadingOrder) {
   addEntries(*column, "the goals", 25, [](QVBoxLayout& list, std::size_t i) {
     addText(list, QString(i == 3 || i == 22 ? 1500 : 1, u'w'), TextRole::body);
   });
@@ -315,7 +315,7 @@ TEST_F(SidePanePiecesTest, EverythingOfASourceIsShownInPieces) {
   EXPECT_EQ(texts().count("Ada"), 40);
 }
 
-TEST_F(SidePanePiecesTest, ALongPathIsDrawnInStretchesUnderTheNameItLeadsTo) {
+TEST_F(SidePanePiecesTest, ALongPathIsDrawnInPartsUnderTheNameOfItsLastPerson) {
   GoalPathCandidateDTO path;
   path.personRefs = ids(45);
   pane.showPath(path, {});
@@ -334,12 +334,12 @@ TEST_F(SidePanePiecesTest, ALongPathIsDrawnInStretchesUnderTheNameItLeadsTo) {
   EXPECT_FALSE(showMore("the path"));
 }
 
-TEST(PathGraphPieces, OfANameAsLongAsAPageThereIsTheBeginning) {
+TEST(PathGraphPieces, OnlyTheBeginningOfAVeryLongNameIsShown) {
   const PathGraph graph({QString(3000, u'w'), "Bo"});
   EXPECT_EQ(graph.accessibleDescription(), QString(1000, u'w') + "…, then Bo");
 }
 
-TEST(NoticePieces, OfAFailureAsLongAsAPageThereIsTheBeginning) {
+TEST(NoticePieces, OnlyTheBeginningOfAVeryLongFailureIsShown) {
   Notice notice;
   notice.show(QString(3000, u'w'));
   EXPECT_EQ(notice.accessibleName(), QString(1000, u'w') + u'…');

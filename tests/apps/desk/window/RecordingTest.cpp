@@ -82,7 +82,7 @@ TEST_F(RecordingTest, ACorrectionNamesTheRecordInForceAndShowsItsMarker) {
   EXPECT_EQ(recorded()[0], sampleGoals()[0].outcomes[0]) << "the first record must stay";
 }
 
-TEST_F(RecordingTest, ThePathIsRecordedForWhomItLeadsTo) {
+TEST_F(RecordingTest, ThePathIsRecordedForItsLastPerson) {
   open();
   press("vemra.goal.path.outcome.correct");
   press("vemra.goal.path.outcome.save");
@@ -160,7 +160,7 @@ TEST_F(RecordingTest, WhileTheStoreIsLockedOutcomesWaitAndAreStoredInTheirOrder)
   EXPECT_EQ(recorded().size(), 6u) << "each once";
 }
 
-TEST_F(RecordingTest, ADiskThatTakesNoMoreIsTriedAgain) {
+TEST_F(RecordingTest, AFullDiskIsTriedAgain) {
   open();
   wait<QAbstractButton>(mai + ".outcome.start");
   press(mai + ".outcome.start");
@@ -175,7 +175,7 @@ TEST_F(RecordingTest, ADiskThatTakesNoMoreIsTriedAgain) {
   EXPECT_EQ(recorded().size(), 5u);
 }
 
-TEST_F(RecordingTest, WhatWaitsCanBeDiscardedAfterAQuestion) {
+TEST_F(RecordingTest, AWaitingOutcomeCanBeDiscardedAfterAQuestion) {
   patience = std::chrono::milliseconds(100);
   open();
   RawDatabase other(file);
@@ -194,7 +194,7 @@ TEST_F(RecordingTest, WhatWaitsCanBeDiscardedAfterAQuestion) {
   EXPECT_EQ(recorded().size(), 4u);
 }
 
-TEST_F(RecordingTest, WhatAnotherProcessImportsAppearsAndDoesNotDisturbTyping) {
+TEST_F(RecordingTest, AnImportByAnotherProcessAppearsAndDoesNotDisturbTyping) {
   open();
   press(mai + ".outcome.start");
   auto* note = wait<QLineEdit>(mai + ".outcome.note");

@@ -39,7 +39,7 @@ class SidePaneGapsTest : public ::testing::Test {
   SidePane pane;
 };
 
-TEST_F(SidePaneGapsTest, WhatIsKnownOfAPersonStandsInEntriesUnderHeadings) {
+TEST_F(SidePaneGapsTest, KnowledgeOfAPersonIsShownInEntriesUnderHeadings) {
   PersonKnowledge person;
   person.personRef = "p1";
   person.suggestions = {{"First", std::nullopt, GoalWhyDTO::nameMatch(), {"e1"}},
@@ -58,7 +58,7 @@ TEST_F(SidePaneGapsTest, WhatIsKnownOfAPersonStandsInEntriesUnderHeadings) {
   EXPECT_EQ(gapAbove("Goal one"), betweenLines);
 }
 
-TEST_F(SidePaneGapsTest, WhatIsKnownOfASourceStandsInEntriesUnderHeadings) {
+TEST_F(SidePaneGapsTest, KnowledgeOfASourceIsShownInEntriesUnderHeadings) {
   EvidenceKnowledge evidence;
   evidence.evidenceID = "mail-1";
   evidence.statements = {{"Goal", "Label", "Detail"}, {"Other goal", "Second label", "Second"}};
@@ -72,7 +72,7 @@ TEST_F(SidePaneGapsTest, WhatIsKnownOfASourceStandsInEntriesUnderHeadings) {
   EXPECT_EQ(gapAbove("Bo"), betweenEntries);
 }
 
-TEST_F(SidePaneGapsTest, ATextInPiecesStandsWhereAShortOneWould) {
+TEST_F(SidePaneGapsTest, ATextInPiecesHasThePlaceOfAShortText) {
   PersonKnowledge person;
   person.personRef = "p1";
   GoalOutcomeDTO noted;
@@ -101,7 +101,7 @@ TEST_F(SidePaneGapsTest, ATextInPiecesStandsWhereAShortOneWould) {
 }
 
 // A scroll area gives its content a ground of its own otherwise.
-TEST_F(SidePaneGapsTest, ThePaneIsDrawnOnTheGroundOfItsWindow) {
+TEST_F(SidePaneGapsTest, ThePaneHasTheBackgroundOfItsWindow) {
   pane.showPerson({});
   EXPECT_FALSE(pane.widget()->autoFillBackground());
   EXPECT_FALSE(pane.viewport()->autoFillBackground());

@@ -45,7 +45,7 @@ class SidePanePathTest : public ::testing::Test {
   GoalPathCandidateDTO path;
 };
 
-TEST_F(SidePanePathTest, TheTargetStandsInTheLastStretchAndIsNamedInEach) {
+TEST_F(SidePanePathTest, TheTargetIsInTheLastPartAndNamedInEveryPart) {
   ASSERT_EQ(stretches().size(), 1);
   more();
   more();

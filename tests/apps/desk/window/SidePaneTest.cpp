@@ -48,7 +48,7 @@ class SidePaneTest : public ::testing::Test {
   }
 };
 
-TEST_F(SidePaneTest, IsHiddenUntilThereIsSomethingToShow) {
+TEST_F(SidePaneTest, IsHiddenUntilItHasContent) {
   EXPECT_TRUE(pane.isHidden());
   EXPECT_EQ(pane.objectName(), "desk.side");
   EXPECT_EQ(pane.focusPolicy(), Qt::NoFocus);
@@ -59,7 +59,7 @@ TEST_F(SidePaneTest, IsHiddenUntilThereIsSomethingToShow) {
   EXPECT_EQ(pane.accessibleName(), "Person: Ada");
 }
 
-TEST_F(SidePaneTest, APersonOfWhomNothingIsKnownIsNamedAndReferredTo) {
+TEST_F(SidePaneTest, AnUnknownPersonIsShownWithNameAndReference) {
   pane.showPerson(ada());
   EXPECT_THAT(texts(), ElementsAre("Person", "Ada", "Reference: p1"));
   PersonKnowledge nameless;
@@ -68,7 +68,7 @@ TEST_F(SidePaneTest, APersonOfWhomNothingIsKnownIsNamedAndReferredTo) {
   EXPECT_THAT(texts(), ElementsAre("Person", "Unnamed person", "Reference: p2"));
 }
 
-TEST_F(SidePaneTest, ASuggestionSaysGoalNameReasonAndSources) {
+TEST_F(SidePaneTest, ASuggestionShowsGoalNameReasonAndSources) {
   PersonKnowledge person = ada();
   person.suggestions = {{"First", "Ada", GoalWhyDTO::nameMatch(), {}},
                         {"Second",
@@ -86,7 +86,7 @@ TEST_F(SidePaneTest, ASuggestionSaysGoalNameReasonAndSources) {
   EXPECT_EQ(all.back(), "Sources: e3");
 }
 
-TEST_F(SidePaneTest, GoalsAndPathsHaveAHeadingEach) {
+TEST_F(SidePaneTest, GoalsAndPathsEachHaveAHeading) {
   PersonKnowledge person = ada();
   person.goalsTowards = {"One", "Two"};
   person.goalsWithPaths = {"Three"};
@@ -95,7 +95,7 @@ TEST_F(SidePaneTest, GoalsAndPathsHaveAHeadingEach) {
                                    "One", "Two", "On a path for", "Three"));
 }
 
-TEST_F(SidePaneTest, AnOutcomeSaysValueDayCorrectionNoteAndGoal) {
+TEST_F(SidePaneTest, AnOutcomeShowsValueDayCorrectionNoteAndGoal) {
   GoalOutcomeDTO plain, corrected, odd;
   plain.recordedAt = "2025-01-05T23:30:00Z";
   plain.note = "a note";
@@ -120,7 +120,7 @@ TEST_F(SidePaneTest, AnOutcomeSaysValueDayCorrectionNoteAndGoal) {
   EXPECT_EQ(all[10], "Third");
 }
 
-TEST_F(SidePaneTest, ASourceSaysItsStatementsAndWhomTheySpeakFor) {
+TEST_F(SidePaneTest, ASourceShowsItsStatementsAndTheirPeople) {
   EvidenceKnowledge evidence;
   evidence.evidenceID = "mail-1";
   pane.showEvidence(evidence);

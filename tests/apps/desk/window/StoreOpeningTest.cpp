@@ -68,7 +68,7 @@ TEST_F(StoreOpeningTest, AFileThatIsNoStoreIsNotOpened) {
   EXPECT_THAT(opening.problem, HasSubstr(file + ": is not an SQLite database"));
 }
 
-TEST_F(StoreOpeningTest, AStoreInAFolderThatIsNotThereIsNotOpened) {
+TEST_F(StoreOpeningTest, AStoreInAMissingFolderIsNotOpened) {
   const StoreOpening opening = openStore(folder.file("nowhere/goals.sqlite"));
   EXPECT_FALSE(opening.engine);
   EXPECT_THAT(opening.problem, HasSubstr("cannot be made: No such file or directory"));
@@ -84,7 +84,7 @@ TEST_F(StoreOpeningTest, AStoreThatIsLockedWhileItIsMadeMayBeRead) {
   EXPECT_THAT(opening.problem, HasSubstr("is in use by another program"));
 }
 
-TEST_F(StoreOpeningTest, AWindowWithoutAStoreSaysWhatIsWrongAndTriesAgain) {
+TEST_F(StoreOpeningTest, AWindowWithoutAStoreShowsTheReasonAndTriesAgain) {
   damage();
   openWindow(openStore(file));
   ASSERT_TRUE(hasPage());
@@ -104,7 +104,7 @@ TEST_F(StoreOpeningTest, AWindowWithoutAStoreSaysWhatIsWrongAndTriesAgain) {
   closeWindow();
 }
 
-TEST_F(StoreOpeningTest, AnotherStoreTakesThePlaceOfOneThatCannotBeOpened) {
+TEST_F(StoreOpeningTest, AnotherStoreReplacesOneThatCannotBeOpened) {
   const std::string other = folder.file("other.sqlite");
   GoalStore::open(other).import({goal("o", "Other")});
   damage();
@@ -129,7 +129,8 @@ TEST_F(StoreOpeningTest, AStoreForReadingOnlyHasABarAndItsGoals) {
                 QString::fromStdString(file) + ": is read-only");
 }
 
-TEST_F(StoreOpeningTest, WhatCannotBeRecordedSaysWhyAndIsRecordedOnceTheStoreCanBeWritten) {
+TEST_F(StoreOpeningTest,
+       AnOutcomeThatCannotBeRecordedShowsTheReasonAndIsRecordedWhenTheStoreCanBeWritten) {
   openWindow(openStore(file, StoreUse::reading));
   press(person + ".outcome.start");
   press(person + ".outcome.save");
@@ -148,7 +149,7 @@ TEST_F(StoreOpeningTest, WhatCannotBeRecordedSaysWhyAndIsRecordedOnceTheStoreCan
   closeWindow();
 }
 
-TEST_F(StoreOpeningTest, WhatWaitsStaysWhenTheStoreCannotBeOpenedAtAll) {
+TEST_F(StoreOpeningTest, WaitingOutcomesStayWhenTheStoreCannotBeOpenedAtAll) {
   openWindow(openStore(file, StoreUse::reading));
   press(person + ".outcome.start");
   press(person + ".outcome.save");
@@ -166,7 +167,7 @@ TEST_F(StoreOpeningTest, WhatWaitsStaysWhenTheStoreCannotBeOpenedAtAll) {
   closeWindow();
 }
 
-TEST_F(StoreOpeningTest, WhatWouldBeLostIsAskedAboutRightAfterSaving) {
+TEST_F(StoreOpeningTest, AQuestionAboutLosingAnOutcomeAppearsRightAfterSaving) {
   openWindow(openStore(file, StoreUse::reading));
   press(person + ".outcome.start");
   wait<QAbstractButton>(person + ".outcome.save");

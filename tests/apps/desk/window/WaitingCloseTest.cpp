@@ -37,7 +37,7 @@ class WaitingCloseTest : public OpenDesk {
   std::unique_ptr<RawDatabase> other;
 };
 
-TEST_F(WaitingCloseTest, ClosingNamesWhatIsNotStoredAndWhatBecomesOfIt) {
+TEST_F(WaitingCloseTest, ClosingNamesTheOutcomesThatAreNotStoredAndTheirFate) {
   window->close();
   EXPECT_TRUE(window->isVisible());
   auto* question = wait<QMessageBox>("desk.question");
@@ -48,7 +48,7 @@ TEST_F(WaitingCloseTest, ClosingNamesWhatIsNotStoredAndWhatBecomesOfIt) {
             "stored when the store is opened again.");
 }
 
-TEST_F(WaitingCloseTest, TheWindowWaitsIfItIsAskedTo) {
+TEST_F(WaitingCloseTest, TheWindowWaitsOnRequest) {
   window->close();
   press("desk.question.wait");
   ASSERT_NE(wait<QMessageBox>("desk.wait"), nullptr);
@@ -59,7 +59,7 @@ TEST_F(WaitingCloseTest, TheWindowWaitsIfItIsAskedTo) {
   EXPECT_EQ(recorded(), 1u);
 }
 
-TEST_F(WaitingCloseTest, AWaitThatIsCancelledLeavesTheWindowOpen) {
+TEST_F(WaitingCloseTest, ACancelledWaitLeavesTheWindowOpen) {
   window->close();
   press("desk.question.wait");
   auto* waiting = wait<QMessageBox>("desk.wait");
@@ -71,7 +71,7 @@ TEST_F(WaitingCloseTest, AWaitThatIsCancelledLeavesTheWindowOpen) {
   EXPECT_TRUE(window->isVisible());
 }
 
-TEST_F(WaitingCloseTest, WhatWasNotStoredIsStoredWhenTheStoreIsOpenedAgain) {
+TEST_F(WaitingCloseTest, AWaitingOutcomeIsStoredWhenTheStoreIsOpenedAgain) {
   window->close();
   press("desk.question.close");
   EXPECT_TRUE(isClosed());
@@ -95,7 +95,7 @@ TEST_F(WaitingCloseTest, OneQuestionIsAskedAtATime) {
   EXPECT_TRUE(window->isVisible());
 }
 
-TEST_F(WaitingCloseTest, WhatAnotherProgramHasDiscardedIsNotAskedAbout) {
+TEST_F(WaitingCloseTest, AnOutcomeDiscardedByAnotherProgramIsNotAskedAbout) {
   const OutcomeJournal journal(file);
   for (const WaitingOutcome& each : journal.read()) journal.settle(each.id);
   window->close();

@@ -119,7 +119,7 @@ TEST_F(WaitingOutcomesTest, AnOutcomeIsInTheJournalBeforeItIsTried) {
   EXPECT_THAT(recorded(), ElementsAre("a"));
 }
 
-TEST_F(WaitingOutcomesTest, TheDateIsTheOneOfSavingAndNotOfTheTryThatSucceeds) {
+TEST_F(WaitingOutcomesTest, TheDateIsThatOfSavingAndNotOfTheSuccessfulTry) {
   journal.add(entry("a"));
   start();
   ASSERT_TRUE(isDone());
@@ -141,7 +141,7 @@ TEST_F(WaitingOutcomesTest, AStoreThatIsLockedIsTriedAgainByItselfInTheOrderOfTh
   EXPECT_THAT(recorded(), ElementsAre("a", "b", "c"));
 }
 
-TEST_F(WaitingOutcomesTest, TheNextProgramRecordsWhatTheLastOneCouldNot) {
+TEST_F(WaitingOutcomesTest, TheNextProgramRecordsTheOutcomesThatThePreviousOneCouldNot) {
   start();
   {
     RawDatabase other(file);
@@ -160,7 +160,7 @@ TEST_F(WaitingOutcomesTest, TheNextProgramRecordsWhatTheLastOneCouldNot) {
   EXPECT_FALSE(fs::exists(journal.file()));
 }
 
-TEST_F(WaitingOutcomesTest, AnOutcomeThatIsInTheStoreAndStillInTheJournalIsRecordedOnce) {
+TEST_F(WaitingOutcomesTest, AnOutcomeInTheStoreAndStillInTheJournalIsRecordedOnce) {
   journal.add(entry("a"));
   GoalStore::open(file).record("g1", entry("a").input, "a");
   start();
@@ -183,7 +183,7 @@ TEST_F(WaitingOutcomesTest, TwoProgramsOnOneJournalRecordEachOutcomeOnce) {
   EXPECT_FALSE(fs::exists(journal.file()));
 }
 
-TEST_F(WaitingOutcomesTest, AnOutcomeOfAnUnknownGoalWaitsAndHoldsUpNoOtherGoal) {
+TEST_F(WaitingOutcomesTest, AnOutcomeOfAnUnknownGoalWaitsAndDelaysNoOtherGoal) {
   start();
   add("a", "gone");
   add("b", "gone");
@@ -219,7 +219,7 @@ TEST_F(WaitingOutcomesTest, ADamagedJournalIsReportedAndStaysAndOutcomesAreRecor
   EXPECT_EQ(TemporaryFolder::readFile(journal.file()), "not ours\n");
 }
 
-TEST_F(WaitingOutcomesTest, WhatTheJournalDoesNotHoldIsMarked) {
+TEST_F(WaitingOutcomesTest, AnOutcomeThatIsNotInTheJournalIsMarked) {
   damageJournal();
   start();
   RawDatabase other(file);
@@ -231,7 +231,7 @@ TEST_F(WaitingOutcomesTest, WhatTheJournalDoesNotHoldIsMarked) {
   EXPECT_TRUE(isDone());
 }
 
-TEST_F(WaitingOutcomesTest, WhatIsDiscardedIsForgottenByTheNextProgramToo) {
+TEST_F(WaitingOutcomesTest, ADiscardedOutcomeStaysDiscardedInTheNextProgram) {
   start();
   add("a", "gone");
   ASSERT_TRUE(becomes([&] { return waiting->notes().size() == 1; }));
@@ -240,7 +240,7 @@ TEST_F(WaitingOutcomesTest, WhatIsDiscardedIsForgottenByTheNextProgramToo) {
   EXPECT_FALSE(fs::exists(journal.file()));
 }
 
-TEST_F(WaitingOutcomesTest, OnlyWhatIsNamedIsDiscarded) {
+TEST_F(WaitingOutcomesTest, OnlyTheNamedOutcomesAreDiscarded) {
   start();
   add("a", "gone");
   add("b", "gone");
@@ -252,7 +252,7 @@ TEST_F(WaitingOutcomesTest, OnlyWhatIsNamedIsDiscarded) {
   EXPECT_EQ(journal.read()[0].id, "b");
 }
 
-TEST_F(WaitingOutcomesTest, WhatCannotBeTakenOutOfTheJournalStaysWithTheReason) {
+TEST_F(WaitingOutcomesTest, AnOutcomeThatCannotBeRemovedFromTheJournalStaysWithTheReason) {
   start();
   add("a", "gone");
   ASSERT_TRUE(waitsWith("has no goal"));
@@ -263,7 +263,7 @@ TEST_F(WaitingOutcomesTest, WhatCannotBeTakenOutOfTheJournalStaysWithTheReason) 
               AllOf(HasSubstr("It could not be discarded."), HasSubstr("line 1: ")));
 }
 
-TEST_F(WaitingOutcomesTest, WhatIsBeingTriedIsDiscardedWhenTheTryHasFailed) {
+TEST_F(WaitingOutcomesTest, AnOutcomeBeingTriedIsDiscardedAfterTheTryHasFailed) {
   start();
   RawDatabase other(file);
   ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
@@ -277,7 +277,7 @@ TEST_F(WaitingOutcomesTest, WhatIsBeingTriedIsDiscardedWhenTheTryHasFailed) {
   EXPECT_THAT(recorded(), IsEmpty());
 }
 
-TEST_F(WaitingOutcomesTest, WhatAnotherProgramDiscardsIsNotTriedHereAnyMore) {
+TEST_F(WaitingOutcomesTest, AnOutcomeDiscardedByAnotherProgramIsNoLongerTriedHere) {
   start();
   add("a", "gone");
   ASSERT_TRUE(waitsWith("has no goal"));
@@ -296,7 +296,7 @@ TEST_F(WaitingOutcomesTest, WhatAnotherProgramDiscardsIsNotTriedHereAnyMore) {
   EXPECT_THAT(recorded("gone"), IsEmpty());
 }
 
-TEST_F(WaitingOutcomesTest, WhileTheDiskOfTheStoreIsNotThereNothingIsDropped) {
+TEST_F(WaitingOutcomesTest, WhileTheDiskOfTheStoreIsMissingNoOutcomeIsDropped) {
   start();
   add("a", "gone");
   ASSERT_TRUE(waitsWith("has no goal"));
@@ -312,7 +312,7 @@ TEST_F(WaitingOutcomesTest, WhileTheDiskOfTheStoreIsNotThereNothingIsDropped) {
   EXPECT_EQ(waiting->notes()[0].unkept, "");
 }
 
-TEST_F(WaitingOutcomesTest, WhatTheJournalRefusedIsOfferedToItAgain) {
+TEST_F(WaitingOutcomesTest, AnOutcomeThatTheJournalRefusedIsWrittenToItAgain) {
   damageJournal();
   start();
   add("a", "gone");
@@ -324,7 +324,7 @@ TEST_F(WaitingOutcomesTest, WhatTheJournalRefusedIsOfferedToItAgain) {
   EXPECT_EQ(journal.read().size(), 1u);
 }
 
-TEST_F(WaitingOutcomesTest, WhatTheJournalDoesNotHoldIsNotedAtOnce) {
+TEST_F(WaitingOutcomesTest, AnOutcomeThatIsNotInTheJournalIsReportedAtOnce) {
   damageJournal();
   start();
   add("a");
@@ -364,7 +364,7 @@ TEST_F(WaitingOutcomesTest, ATryThatCannotBeStartedStopsNoLaterOne) {
   EXPECT_THAT(recorded("gone"), ElementsAre("a"));
 }
 
-TEST_F(WaitingOutcomesTest, NothingIsRecordedInAStoreThatTookThePlaceOfTheShownOne) {
+TEST_F(WaitingOutcomesTest, NothingIsRecordedInAStoreThatReplacedTheShownStore) {
   start();
   waiting->add(entry("a"), engine->storeNumber() + 1);
   ASSERT_TRUE(waitsWith("was replaced by another file"));
@@ -379,7 +379,7 @@ TEST_F(WaitingOutcomesTest, NothingIsRecordedInAStoreThatTookThePlaceOfTheShownO
   EXPECT_THAT(recorded(), ElementsAre("a"));
 }
 
-TEST_F(WaitingOutcomesTest, AnOutcomeOfAReplacedStoreHoldsUpNoneOfTheNewStore) {
+TEST_F(WaitingOutcomesTest, AnOutcomeOfAReplacedStoreDelaysNoneOfTheNewStore) {
   start();
   WaitingOutcome ofOther = entry("a");
   ofOther.store = "inode 1";
@@ -393,7 +393,7 @@ TEST_F(WaitingOutcomesTest, AnOutcomeOfAReplacedStoreHoldsUpNoneOfTheNewStore) {
   EXPECT_TRUE(waitsWith("is not the store that the outcome was saved in"));
 }
 
-TEST_F(WaitingOutcomesTest, AfterARestartAnOutcomeGoesIntoNoOtherStoreUnasked) {
+TEST_F(WaitingOutcomesTest, AfterARestartNoOutcomeIsRecordedInAnotherStoreUnasked) {
   journal.add(entry("a"));
   replaceStore("g1");
   start();
@@ -404,7 +404,7 @@ TEST_F(WaitingOutcomesTest, AfterARestartAnOutcomeGoesIntoNoOtherStoreUnasked) {
   EXPECT_THAT(recorded(), ElementsAre("a"));
 }
 
-TEST_F(WaitingOutcomesTest, TryingAgainIsMeantForTheStoreThatIsThereThenAndForNoLaterOne) {
+TEST_F(WaitingOutcomesTest, TryingAgainAppliesToThePresentStoreOnly) {
   journal.add(entry("a", "gone"));
   replaceStore("g1");
   start();

@@ -44,7 +44,7 @@ TEST_F(WindowTest, AStoreWithGoalsOffersNothing) {
   EXPECT_EQ(find<QWidget>("desk.addSampleGoals"), nullptr);
 }
 
-TEST_F(WindowTest, OpensTheGoalItIsToldTo) {
+TEST_F(WindowTest, OpensTheRequestedGoal) {
   addSamples();
   open("sample-sail-the-baltic");
   ASSERT_TRUE(becomes([&] { return shows("No source evidence yet."); }));
@@ -52,14 +52,14 @@ TEST_F(WindowTest, OpensTheGoalItIsToldTo) {
   EXPECT_TRUE(shows("This goal doesn't name someone to find a path to."));
 }
 
-TEST_F(WindowTest, TheThirdSampleHasEvidenceThatPointsAtNobody) {
+TEST_F(WindowTest, TheThirdSampleHasEvidenceThatPointsAtNoPerson) {
   addSamples();
   open("sample-meet-the-curator");
   ASSERT_TRUE(becomes([&] { return shows("Nothing points to a specific person for this yet."); }));
   EXPECT_TRUE(shows("No supported path to them yet."));
 }
 
-TEST_F(WindowTest, GoesFromGoalToGoalByPressAndByArrowKey) {
+TEST_F(WindowTest, OpensGoalsByPressAndByArrowKey) {
   addSamples();
   open();
   press("desk.goal.sample-sail-the-baltic");
@@ -113,7 +113,7 @@ TEST_F(WindowTest, APathIsDrawnWithTheNamesOfItsPeople) {
   EXPECT_GE(graph->height(), graph->heightForWidth(graph->width()));
 }
 
-TEST_F(WindowTest, SidePanesNeverStandInsideTheScreen) {
+TEST_F(WindowTest, SidePanesAreNeverInsideTheScreen) {
   addSamples();
   open();
   press("vemra.goal.path.see-in-starfold");
@@ -124,7 +124,7 @@ TEST_F(WindowTest, SidePanesNeverStandInsideTheScreen) {
   EXPECT_FALSE(screen.intersects(beside));
 }
 
-TEST_F(WindowTest, TheSidePaneFollowsWhatIsRecorded) {
+TEST_F(WindowTest, TheSidePaneFollowsRecordedOutcomes) {
   addSamples();
   open();
   pressTitled("Nguyễn Thị Mai");
@@ -136,7 +136,7 @@ TEST_F(WindowTest, TheSidePaneFollowsWhatIsRecorded) {
 }
 
 // Each time the answer is on its way when the reader has gone on.
-TEST_F(WindowTest, AnAnswerThatComesLateIsNotShown) {
+TEST_F(WindowTest, ALateAnswerIsNotShown) {
   addSamples();
   open();
   const auto side = [&] { return find<QWidget>("desk.side"); };
@@ -157,7 +157,7 @@ TEST_F(WindowTest, AnAnswerThatComesLateIsNotShown) {
   EXPECT_EQ(side(), nullptr) << "the person was answered in another goal";
 }
 
-TEST_F(WindowTest, OddTextsAreShownLiterally) {
+TEST_F(WindowTest, UnusualTextsAreShownLiterally) {
   auto odd = goal("<id>&", "<h1>Fish & chips</h1>\n[*]");
   odd.people = {{"p", "<i>&amp;</i> & Co", GoalWhyDTO::evidence("<b>", "&", "ev"), {"<ev>"}}};
   odd.paths = {{{"p"}, GoalWhyDTO::connection(INT64_MIN + 1), 0}};
@@ -207,7 +207,7 @@ TEST_F(WindowTest, AGoalThatNoScreenCanShowHasItsErrorInPlaceOfTheScreen) {
   EXPECT_EQ(find<QWidget>("desk.failure"), nullptr);
 }
 
-TEST_F(WindowTest, AGoalThatIsShownStaysWhenItCannotBeLoadedAgain) {
+TEST_F(WindowTest, AShownGoalStaysWhenItCannotBeLoadedAgain) {
   GoalStore::open(file).import({goal("g", "t")});
   open();
   press("vemra.goal.person.p1.outcome.start");
@@ -219,7 +219,7 @@ TEST_F(WindowTest, AGoalThatIsShownStaysWhenItCannotBeLoadedAgain) {
   EXPECT_EQ(wait<QLineEdit>("vemra.goal.person.p1.outcome.note")->text(), "half a note");
 }
 
-TEST_F(WindowTest, AStoreThatIsNotAsItWasMadeIsSaid) {
+TEST_F(WindowTest, AStoreWithAChangedSchemaIsReported) {
   addSamples();
   RawDatabase(file).run("DROP TABLE coverage");
   open();
@@ -248,7 +248,7 @@ TEST_F(WindowTest, TheProgramShowsItselfQuietly) {
   }
 }
 
-TEST_F(WindowTest, TheProgramRefusesAGoalThatIsNotThere) {
+TEST_F(WindowTest, TheProgramRefusesAMissingGoal) {
   addSamples();
   for (const std::string& store : {file, folder.file("new")}) {
     Invocation invocation{{"--store", store, "--goal", "nope"}};

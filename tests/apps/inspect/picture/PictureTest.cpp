@@ -29,7 +29,7 @@ class PictureTest : public ProgramTest {
 
 const std::string openEditor = R"({"press": "vemra.goal.path.outcome.start"})";
 
-TEST_F(PictureTest, DrawsTheScreenBesideSayingIt) {
+TEST_F(PictureTest, DrawsTheScreenBesideTheReport) {
   const Ran plain = run("-", withSteps(oneOfEach, openEditor));
   const Ran drawn = draw("- --png out.png", withSteps(oneOfEach, openEditor));
   EXPECT_EQ(drawn.exitCode, 0) << drawn.diagnostics;
@@ -79,7 +79,7 @@ TEST_F(PictureTest, IsQuietWhateverTheEnvironmentLacks) {
   }
 }
 
-TEST_F(PictureTest, SaysWhenThePictureCannotBeWritten) {
+TEST_F(PictureTest, ReportsAPictureThatCannotBeWritten) {
   const Ran ran = draw("- --png missing/out.png", withSteps(oneOfEach, ""));
   EXPECT_EQ(ran.exitCode, 1);
   EXPECT_EQ(ran.json()["tree"]["element"], "ScrollView");

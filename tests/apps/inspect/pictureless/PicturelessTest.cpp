@@ -6,7 +6,7 @@ namespace {
 
 class PicturelessTest : public ProgramTest {};
 
-TEST_F(PicturelessTest, SaysThatNoPictureIsDrawn) {
+TEST_F(PicturelessTest, ReportsThatNoPictureIsDrawn) {
   file("case.json", withSteps(nothing, ""));
   const Ran ran = run("case.json --png out.png");
   EXPECT_EQ(ran.exitCode, 2);
