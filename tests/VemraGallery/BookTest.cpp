@@ -24,7 +24,7 @@ class BookTest : public ::testing::Test {
 
   std::string page() const { return TemporaryFolder::readFile(folder_ / "index.html"); }
 
-  /// What every `src` of the page names.
+  /// The files that the `src` attributes of the page name.
   std::vector<std::string> sources() const {
     const std::string text = page();
     static const std::regex source("src=\"([^\"]*)\"");

@@ -57,8 +57,8 @@ TEST(GoalWhy, EachFactoryFunctionMakesItsReason) {
   EXPECT_EQ(std::get<GoalWhyDTO::Plain>(GoalWhyDTO::generic().reason), GoalWhyDTO::Plain::generic);
 }
 
-// Whoever reads the alternatives by index meets those with figures first and then the plain ones,
-// with "matches on name" first among them.
+// By index, the alternatives with figures come first and then the plain ones, of which "matches on
+// name" is the first.
 TEST(GoalWhy, ReasonsAreInTheEnginesOrder) {
   EXPECT_EQ(GoalWhyDTO::evidence("", "", "").reason.index(), 0U);
   EXPECT_EQ(GoalWhyDTO::connection(0).reason.index(), 1U);

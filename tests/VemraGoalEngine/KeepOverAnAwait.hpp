@@ -8,12 +8,12 @@
 /// Records as an engine holds them while it waits: in a coroutine's frame.
 namespace vemra::testing {
 
-/// A task whose end the compiler does not see: what is kept over it lives in the frame.
+/// A task whose end the compiler cannot see, so that a record kept over it lives in the frame.
 inline task::Task<> pause() {
   co_return;
 }
 
-/// Keeps a record as a local over a `co_await` and gives it back.
+/// Keeps a record in a local variable over a `co_await` and returns it.
 template <class Record>
 task::Task<Record> keepOverAnAwait(Record given) {
   Record kept = std::move(given);
@@ -23,7 +23,7 @@ task::Task<Record> keepOverAnAwait(Record given) {
 }
 
 /// Coroutines that will each keep a copy of `record`, with frames at every multiple of 16 bytes:
-/// operator new promises no more, and an allocator may by chance give more to some.
+/// operator new guarantees no more, but an allocator may by chance align some of them better.
 template <class Record>
 class ManyKeeping {
  public:

@@ -9,8 +9,8 @@
 #include <gtest/gtest.h>
 
 // An engine that waits keeps records in coroutine frames, which g++ and clang align to 16 bytes and
-// no more, whatever the frame holds. A record that asks for more is misplaced there, and a program
-// that moves it with aligned vector instructions crashes.
+// no more. A record with a larger alignment is misaligned there, and a program that moves it with
+// aligned vector instructions crashes.
 
 namespace vemra {
 namespace {
@@ -30,7 +30,7 @@ void expectToBeKeptOverAnAwait(const Record& record) {
   }
 }
 
-// The build that checks alignment stops at the first record that is misplaced.
+// The build that checks alignment stops at the first misaligned record.
 TEST(RecordAlignment, AGoalIsKeptOverAnAwait) {
   expectToBeKeptOverAnAwait(sample::goal());
 }

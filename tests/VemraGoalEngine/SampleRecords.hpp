@@ -4,8 +4,8 @@
 
 #include <string>
 
-/// Records with every field filled. Each call builds its own storage, so two of them are equal by
-/// their values and never because they share.
+/// Records with every field filled. Each call makes its own storage, so two records are equal by
+/// their values and never because they share storage.
 ///
 /// `accent` is part of every string: pass the other normal form to get equal records of which no
 /// string has the same bytes.

@@ -6,9 +6,8 @@
 
 #include <gmock/gmock.h>
 
-// The screen keeps each of the host's callbacks as the one object that it was given: every row
-// calls that object, so that what it captures is not copied and what it counts is not counted
-// apart.
+// The screen keeps each of the host's callbacks as one object: every row calls that object, so its
+// captures are not copied and it can count its calls.
 
 namespace vemra::screentest {
 namespace {

@@ -14,7 +14,7 @@ using ::testing::ElementsAre;
 using testing::Screen;
 using ::testing::UnorderedElementsAreArray;
 
-/// A strings table made of a function; it writes down what it was asked for.
+/// A strings table made from a function; it logs the keys that are looked up.
 class Table final : public ui::StringsTable {
  public:
   using Translate = std::function<std::optional<std::string>(std::string_view key)>;
@@ -37,12 +37,13 @@ ui::Environment withStrings(std::shared_ptr<const Table> table) {
   return environment;
 }
 
-/// Translates whatever it is asked for, names and sentences too.
+/// Translates every text, also names and sentences.
 std::shared_ptr<Table> everything() {
   return std::make_shared<Table>([](std::string_view key) { return '[' + std::string(key) + ']'; });
 }
 
-/// Every face of the screen at once: a recorded person with an open path editor, and gaps apart.
+/// Every variant of the screen: a recorded person with an open path editor, and a second screen
+/// with gaps.
 Result everyFace() {
   Result result = ordinaryResult();
   result.people = {person("p1", "Show source", {"ev9"}), person("p2", "Cancel"), person("p3")};

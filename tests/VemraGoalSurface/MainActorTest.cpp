@@ -1,4 +1,4 @@
-// Everything of the screen belongs to the main thread, and says so by stopping the process.
+// Every function of the screen stops the process when it is called off the main thread.
 
 #include "VemraGoalSurface/GoalOutcomeRecordingControl.hpp"
 #include "VemraTesting/Screen.hpp"
@@ -135,8 +135,8 @@ TEST_F(MainActorDeathTest, CancelButton) {
   expectStopAtButton("Cancel", "GoalOutcomeRecordingControl.cancel");
 }
 
-// Not about threads, but private too: the sentence is defined for counts that the footer never asks
-// it for.
+// Not about threads, but private too: the sentence is defined also for counts that the footer never
+// passes.
 TEST(CoverageText, IsDefinedForEveryCount) {
   Calls calls;
   Result result = ordinaryResult();

@@ -15,7 +15,7 @@ std::string id(const std::string& text) {
   return ".accessibilityIdentifier(\"" + text + "\")";
 }
 
-/// The faces of one person's control, and how it goes from one to another.
+/// The variants of one person's control, and the changes between them.
 class OutcomeControl : public ::testing::Test {
  protected:
   OutcomeControl() {

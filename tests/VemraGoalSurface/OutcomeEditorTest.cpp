@@ -126,7 +126,7 @@ TEST_F(OutcomeEditor, EnablesSaveForSomethingElseWithAnyCharacterThatIsNotBlank)
   }
 }
 
-/// Runs the actions of the buttons with that title in a view; composites are not looked into.
+/// Runs the actions of the buttons with that title in a view, but not of those inside composites.
 void runActions(const ui::View& view, std::string_view title) {
   if (view.isAbsent()) return;
   std::visit(
@@ -140,7 +140,7 @@ void runActions(const ui::View& view, std::string_view title) {
       view.description().content);
 }
 
-// The button is the only guard: what it does when it is asked all the same is to save.
+// Only the disabled button prevents saving: its action saves whenever it is called.
 TEST(OutcomeEditorSave, SaveDoesNotCheckTheNoteAgain) {
   using Control = GoalOutcomeRecordingControl;
   struct Owner final : ui::StateCell::Owner {

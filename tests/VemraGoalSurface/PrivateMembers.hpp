@@ -7,18 +7,19 @@
 
 /// \file
 /// The sections of the screen are private and are reached only through `body`, which stops the
-/// process first off the main thread. To see that each of them insists by itself, their addresses
-/// are taken where the language allows it: in an explicit instantiation, access is not checked.
+/// process first off the main thread. To test the check in each of them, the tests take their
+/// addresses in an explicit instantiation, where access is not checked.
 ///
 ///     (view.*address(PersonRowMember{}))(person)
 ///
-/// For one source file of a program only: an explicit instantiation stands in a program once.
+/// Include it in one source file of a program only, because an explicit instantiation may appear
+/// only once.
 
 namespace vemra::screentest {
 
 using OutcomeState = ui::LocalState<GoalOutcomeRecordingControl::State>;
 
-/// Lets `address(Name{})` be the member, which the name declares.
+/// Makes `address(Name{})` return the address of the member; `Name` declares the function.
 template <class Name, typename Name::Member member>
 struct Open {
   friend typename Name::Member address(Name) { return member; }

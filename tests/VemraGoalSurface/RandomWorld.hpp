@@ -19,7 +19,7 @@ inline const std::string& bytes(int reference) {
   return references[static_cast<std::size_t>(reference)].bytes;
 }
 
-/// Chance, the same for the same seed.
+/// Random numbers, the same for the same seed.
 class Dice {
  public:
   explicit Dice(std::uint64_t seed) : random_(seed) {}
@@ -33,18 +33,19 @@ class Dice {
   std::mt19937_64 random_;
 };
 
-/// What the engine knows, and how it changes by chance.
+/// The engine's data, and random changes of it.
 class RandomWorld {
  public:
   explicit RandomWorld(Dice& dice) : dice_(dice) {}
 
-  /// Something happens: people come, go, change and move, paths change, outcomes arrive or leave.
+  /// Makes one change: people are added, removed, changed and moved, paths change, outcomes are
+  /// added or removed.
   void change();
-  /// An outcome is stored; its id becomes one that no other has.
+  /// Stores an outcome with a new id.
   void record(model::Record record);
 
   const model::World& world() const { return world_; }
-  /// The same as the engine says it.
+  /// The same data as the engine's answer.
   Result result() const;
 
  private:

@@ -7,13 +7,13 @@
 #include <utility>
 #include <vector>
 
-/// The screen's rules once more, written from its description and from nothing of its code: what
-/// each control's state becomes with each event, and what the whole screen then shows.
+/// A second implementation of the screen's rules, independent of its code: the new state of each
+/// control after each event, and the content of the whole screen.
 ///
 /// It works on small numbers: references and notes are indexes into tables of the test.
 namespace vemra::screentest::model {
 
-/// How each outcome value is called in code and on the screen.
+/// The names of each outcome value in code and on the screen.
 struct ValueName {
   const char* code;
   const char* label;
@@ -27,13 +27,13 @@ inline constexpr ValueName valueNames[] = {
 inline constexpr int wasUseful = 4;
 inline constexpr int somethingElse = 7;
 
-/// A reference: its bytes, and which references are the same text.
+/// A reference: its bytes, and a number that is equal for canonically equal references.
 struct Reference {
   std::string bytes;
   int text;
 };
 
-/// A note as typed, and what is sent for it (nil: nothing but blanks).
+/// A note as typed, and as sent (nil: nothing but blanks).
 struct Note {
   std::string typed;
   std::optional<std::string> sent;
@@ -54,21 +54,21 @@ struct Record {
   std::optional<std::string> correctsID;
 };
 
-/// What the engine knows.
+/// The engine's data.
 struct World {
   std::vector<Person> people;
   std::vector<std::optional<int>> paths;  ///< each by its last reference
   std::vector<Record> records;
 };
 
-/// What a control remembers.
+/// The state of a control.
 struct Form {
   bool isEditing = false;
   int value = wasUseful;
   std::string note;
 };
 
-/// One control on the screen: whom it speaks for, and the key of its form.
+/// One control on the screen: its subject, and the key of its form.
 struct Subject {
   bool isPath = false;
   std::optional<int> reference;
@@ -81,7 +81,7 @@ class Screen {
   Screen(std::vector<Reference> references, std::vector<Note> notes)
       : references_(std::move(references)), notes_(std::move(notes)) {}
 
-  /// A new snapshot is shown: forms of rows that are gone go, and those of a list that was empty.
+  /// Shows a new snapshot: discards the forms of removed rows, and of a list that was empty.
   void show(World world) {
     world_ = std::move(world);
     std::map<std::pair<int, int>, Form> kept;
@@ -125,7 +125,7 @@ class Screen {
   void write(const Subject& subject, const std::string& note) { formOf(subject).note = note; }
   void cancel(const Subject& subject) { formOf(subject).isEditing = false; }
 
-  /// What is handed to the host, as the test writes recordings.
+  /// The recordings that the host gets, in the form of the test's log.
   std::string save(const Subject& subject) {
     Form& form = formOf(subject);
     form.isEditing = false;
@@ -137,7 +137,7 @@ class Screen {
            " corrects=" + (record ? '"' + record->id + '"' : "nil");
   }
 
-  /// What is sent for a note as typed.
+  /// The note that is sent for a typed note.
   std::optional<std::string> sent(const std::string& typed) const {
     for (const Note& note : notes_) {
       if (note.typed == typed) return note.sent;
@@ -145,7 +145,7 @@ class Screen {
     return typed;  // a stored note: no blanks around it
   }
 
-  /// The whole screen, a line an element.
+  /// The whole screen, one line for each element.
   std::vector<std::string> lines() {
     std::vector<std::string> out;
     const auto line = [&](int depth, const std::string& text) {

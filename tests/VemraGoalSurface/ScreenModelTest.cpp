@@ -14,7 +14,7 @@
 namespace vemra::screentest {
 namespace {
 
-// In shares that can run side by side.
+// In parts that can run in parallel.
 constexpr int shares = 4;
 constexpr int sequencesInAShare = testing::rounds(1'250);
 constexpr int eventsInASequence = 14;
@@ -23,7 +23,7 @@ const std::vector<model::Note> notes{
     {"", std::nullopt}, {"  ", std::nullopt},    {"\u00A0\u2003", std::nullopt},
     {"met", "met"},     {" met <b>", "met <b>"}, {"two  words ", "two  words"}};
 
-/// One random story, told to the screen and to the model at once.
+/// One random story, carried out on the screen and on the model.
 class Story {
  public:
   explicit Story(std::uint64_t seed) : dice_(seed), model_(references, notes), screen_(moved()) {
@@ -44,7 +44,7 @@ class Story {
   std::map<std::string, int> counts;  ///< what happened, to see that everything does
 
  private:
-  /// The view after the world has moved on, of which the model hears, too.
+  /// The view after a change of the data, which the model gets too.
   GoalResultView moved() {
     world_.change();
     model_.show(world_.world());
@@ -196,7 +196,7 @@ class Story {
     return "unreachable";
   }
 
-  /// What the controls remember, also while they do not show it.
+  /// The state of the controls, also while they do not show it.
   std::string compareForms() {
     const auto all = controls(screen_);
     const std::vector<model::Subject> subjects = model_.subjects();

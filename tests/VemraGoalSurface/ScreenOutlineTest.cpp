@@ -1,5 +1,5 @@
-// The faces of the screen as texts to look at: tests/expected/screen-*.txt.
-// VEMRA_UPDATE_EXPECTED=1 in the environment rewrites them.
+// The variants of the screen as texts to read: tests/expected/screen-*.txt. VEMRA_UPDATE_EXPECTED=1
+// in the environment rewrites them.
 
 #include "tests/ExpectedFile.hpp"
 #include "tests/VemraGoalSurface/SampleScreen.hpp"

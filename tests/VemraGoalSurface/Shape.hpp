@@ -8,7 +8,7 @@
 #include <vector>
 
 /// Pieces of a mounted screen, as lines to compare: indented outline lines without the properties
-/// that composites tell of themselves.
+/// of composites.
 namespace vemra::screentest {
 
 using Lines = std::vector<std::string>;
@@ -61,7 +61,7 @@ inline std::vector<const testing::RenderedTree::Node*> controls(const testing::S
   return found;
 }
 
-/// What the control at `index` shows.
+/// The elements of the control at `index`.
 inline Lines face(const testing::Screen& screen, std::size_t index = 0) {
   const auto all = controls(screen);
   if (index >= all.size()) throw std::out_of_range("no such control\n" + screen.outline());

@@ -1,4 +1,5 @@
-// What an object answers: while its element is drawn, while it is not, and when it has gone.
+// The answers of an object while its element is drawn, while it is not drawn, and after it has been
+// removed.
 
 #include "VemraPlatform/ui/View.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
@@ -28,7 +29,7 @@ const QString pressAction = QAccessibleActionInterface::pressAction();
 const QString setFocusAction = QAccessibleActionInterface::setFocusAction();
 const QString showMenuAction = QAccessibleActionInterface::showMenuAction();
 
-/// What a choice stands for.
+/// The value of a choice.
 struct Letter {
   std::string value;
   friend const std::string& caseName(const Letter& letter) { return letter.value; }
@@ -45,7 +46,7 @@ class AccessibleObjectsTest : public ::testing::Test {
     QApplication::setActiveWindow(&widget);
   }
 
-  /// A text, a button, a picker and a field, which change what the test can see.
+  /// A text, a button, a picker and a field, whose actions change values that the test reads.
   ui::View controls(const std::string& prefix = "") {
     return ui::VStack(
         ui::HorizontalAlignment::leading, 4,

@@ -1,4 +1,5 @@
-// One tree over the whole page: every row and control is there, drawn or not, and acts.
+// One tree over the whole page: it contains every row and control, drawn or not, and all of them
+// act.
 
 #include "VemraQt/atspi/LaterQt.hpp"
 #include "tests/VemraQt/Accessibility.hpp"

@@ -1,4 +1,4 @@
-// The order in which Tab goes over the page is the order in which the page is read.
+// Tab visits the controls in reading order.
 
 #include "tests/VemraQt/Accessibility.hpp"
 #include "tests/VemraQt/HardScreen.hpp"
@@ -14,7 +14,7 @@ using ::testing::ElementsAreArray;
 
 namespace {
 
-/// The focused control's identifier or title, and its place on the page.
+/// The focused control's identifier or title, and its position on the page.
 struct Stop {
   std::string name;
   QRect place;

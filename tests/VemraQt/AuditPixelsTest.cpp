@@ -1,4 +1,4 @@
-// What a person sees of the page, told from its pixels: contrast, nothing cut, the focus ring.
+// Checks the visible page by its pixels: contrast, no cut text, the focus ring.
 
 #include "VemraQt/Contrast.hpp"
 #include "tests/VemraQt/HardScreen.hpp"
@@ -33,7 +33,7 @@ class AuditPixels : public ::testing::Test {
 
 const std::string p0 = "vemra.goal.person.p0.outcome";
 
-/// An element whose text is drawn but that cannot be used: Save, with nothing to save.
+/// An element whose text is drawn but which is disabled: Save without a note.
 void disableSave(WindowHost& host) {
   auto& picker = host.get<QComboBox>(p0 + ".picker");
   const int somethingElse = picker.findText(QStringLiteral("Something else"));
@@ -43,7 +43,7 @@ void disableSave(WindowHost& host) {
   ASSERT_FALSE(host.get<QPushButton>(p0 + ".save").isEnabled());
 }
 
-/// The kinds of things that are written on a page, for telling that all have been looked at.
+/// The kinds of texts on a page, to check that the test has seen all of them.
 std::string kindOf(const page::Node& leaf) {
   switch (leaf.element.kind()) {
     case ElementKind::button:
@@ -71,12 +71,12 @@ bool isFramed(const page::Node& leaf) {
   return kind != "link" && leaf.element.kind() != ElementKind::text;
 }
 
-/// Where the text of an element may stand in its picture, the control's frame left out.
+/// The area of an element's picture that may contain its text, without the control's frame.
 QRect insideOf(const page::Node& leaf, const QImage& picture) {
   return isFramed(leaf) ? picture.rect().adjusted(3, 3, -3, -3) : picture.rect();
 }
 
-/// The pixels of an element's lines where there is room on all sides.
+/// The pixels of an element's lines when they are drawn with room on all sides.
 int pixelsOf(const page::Node& leaf, const qt::TextShape& shape, Qt::LayoutDirection direction) {
   QImage canvas(shape.size() + QSize(200, 200), QImage::Format_RGB32);
   canvas.fill(Qt::white);
@@ -89,7 +89,7 @@ int pixelsOf(const page::Node& leaf, const qt::TextShape& shape, Qt::LayoutDirec
   return writingIn(canvas, canvas.rect()).pixels;
 }
 
-/// Makes the window as high as its page, so that all of it can be seen at once.
+/// Makes the window as high as its page, so that the whole page is visible at once.
 void unroll(WindowHost& host) {
   for (int round = 0; round < 4; ++round) {
     host.widget.resize(host.widget.width(), host.widget.contentHeight());
@@ -105,14 +105,14 @@ QImage pictureOf(const WindowHost& host) {
   return host.widget.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
 
-/// A widget as it stands on the page.
+/// A widget and its frame on the page.
 QImage pictureOf(const WindowHost& host, const QWidget& control) {
   const QRect place(control.mapTo(host.widget.viewport(), QPoint()), control.size());
   return host.widget.viewport()->grab(place).toImage().convertToFormat(QImage::Format_RGB32);
 }
 
-/// Calls `visit` for every element that shows something, with its frame's part of the whole page's
-/// picture.
+/// Calls `visit` for every element with visible content, with the part of the page's picture inside
+/// its frame.
 template <class Visit>
 void forEachWritten(WindowHost& host, Visit visit) {
   unroll(host);
@@ -124,7 +124,7 @@ void forEachWritten(WindowHost& host, Visit visit) {
   });
 }
 
-/// The same for the elements that can be used.
+/// The same for the enabled elements.
 template <class Visit>
 void forEachUsable(WindowHost& host, Visit visit) {
   forEachWritten(host, [&](const page::Node& leaf, const QImage& picture) {
@@ -198,7 +198,7 @@ TEST_F(AuditPixels, NoTextIsCutOffInAnyLook) {
     forEachWritten(host, [&](const page::Node& leaf, const QImage&) {
       const std::string kind = kindOf(leaf);
       if (kind == "note") return;
-      // Alone: high accents reach past its frame, but so may those of the next line into it.
+      // Draws it alone, because high accents of one line may reach into the frame of another.
       const qt::ShownLeaf& shown = pageOf(host.widget).shown(leaf);
       const QImage alone = shown.widget->widget().grab().toImage();
       const Writing writing = writingIn(alone, insideOf(leaf, alone));
@@ -276,8 +276,8 @@ TEST_F(AuditPixels, TheFocusIsVisibleOnEveryKindOfControlInEveryPalette) {
       ASSERT_TRUE(control.hasFocus()) << called(leaf);
       const QImage with = pictureOf(host, control);
       audited.insert(kindOf(leaf));
-      // A line two pixels wide all around, but for the round corners, that was of quite another
-      // brightness before.
+      // A line two pixels wide all around, except for the round corners, which had a clearly
+      // different brightness before.
       const int around = 2 * 2 * (control.width() + control.height()) - 80;
       EXPECT_GE(changed(without, with, 3), around)
           << each.name << ": " << kindOf(leaf) << " " << called(leaf);

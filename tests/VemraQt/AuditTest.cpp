@@ -30,7 +30,7 @@ std::string roleOf(const QAccessibleInterface& element) {
   return found == names.end() ? "role " + std::to_string(element.role()) : found->second;
 }
 
-/// "role: name #identifier", what assistive technology tells of an element.
+/// "role: name #identifier", as assistive technology reads an element.
 std::vector<std::string> told(QAccessibleInterface& page) {
   std::vector<std::string> lines;
   for (QAccessibleInterface* element : elementsBelow(page)) {

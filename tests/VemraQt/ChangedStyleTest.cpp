@@ -1,4 +1,4 @@
-// An element that keeps its identity keeps its widget, which looks as the new description says.
+// An element that keeps its identity keeps its widget, which gets the style of the new description.
 
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "VemraQt/widgets/LineField.hpp"

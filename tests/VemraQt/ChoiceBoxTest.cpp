@@ -1,4 +1,4 @@
-// The picker's widget: its choices, its menu, and what a client does with it.
+// The picker's widget: its choices, its menu, and the actions of clients.
 
 #include "VemraQt/atspi/LaterQt.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
@@ -25,7 +25,7 @@ using ::testing::IsEmpty;
 
 namespace {
 
-/// What the choices stand for.
+/// The values of the choices.
 struct Number {
   int value = 0;
   friend std::string caseName(const Number& number) { return std::to_string(number.value); }

@@ -1,4 +1,4 @@
-// Each place of a description that a host writes may throw: the page goes on after every one.
+// Every place of a description that a host writes may throw: the page works after each of them.
 
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "VemraQt/widgets/LineField.hpp"
@@ -92,8 +92,7 @@ TEST_F(ExceptionPlaces, ANumberOfRowsThatCannotBeReadAgainKeepsThePreviousNumber
     bar().setValue(2000);
     EXPECT_EQ(page.childCount(), 300);
     EXPECT_TRUE(page.child(7));
-    breaks =
-        true;  // the list that is replaced cannot be counted, and the new one from some time on
+    breaks = true;  // the replaced list cannot be counted, and neither can the new one later
     reads = from;
     faultsOf([&] { widget.setRoot(rows("a", {.count = after})); });
     faultsOf([&] {

@@ -1,4 +1,4 @@
-// What a description or an action throws stops neither the page nor Qt, and comes out once.
+// An exception of a description or an action stops neither the page nor Qt, and is rethrown once.
 
 #include "VemraQt/Picture.hpp"
 #include "tests/VemraQt/Accessibility.hpp"

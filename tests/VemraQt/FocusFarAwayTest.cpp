@@ -1,5 +1,4 @@
-// The keyboard where its place is not near the viewport, or comes only with rows that have to be
-// asked for first.
+// The keyboard focus away from the viewport, or on rows that must be requested first.
 
 #include "tests/VemraQt/Accessibility.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
@@ -40,7 +39,7 @@ TEST(FocusFarAway, AControlThatCannotHaveTheFocusIsStillScrolledIn) {
   WindowHost host(resultWith(200));
   const std::string prefix = "vemra.goal.person.p0.outcome";
   host.press(prefix + ".start");
-  press(*accessible(host, prefix + ".picker")->child(7));  // "Something else" wants a note
+  press(*accessible(host, prefix + ".picker")->child(7));  // "Something else" requires a note
   QScrollBar& bar = *host.widget.verticalScrollBar();
   bar.setValue(bar.maximum());
   QAccessibleInterface& save = *accessible(host, prefix + ".save");

@@ -1,4 +1,4 @@
-// A control that has the focus goes during an event, and nothing near it can have the focus.
+// The focused control is removed during an event, and no element near it can have the focus.
 
 #include "VemraPlatform/ui/View.hpp"
 #include "VemraQt/ViewWidget.hpp"
@@ -24,8 +24,8 @@ ui::View button(const std::string& id) {
   return ui::Button(ui::verbatim(id), [] {}).accessibilityIdentifier(id);
 }
 
-/// Three hundred rows of which the one in the middle has a button that goes, and further ones where
-/// the test wants them.
+/// Three hundred rows. The one in the middle has a button that disappears when it is pressed;
+/// others have buttons where the test sets them.
 class FocusLost : public ::testing::Test {
  protected:
   using Line = ui::sample::Line;

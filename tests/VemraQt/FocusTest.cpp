@@ -1,4 +1,5 @@
-// The keyboard: in reading order through every row, on to what took an element's place, no trap.
+// The keyboard focus: it visits every row in reading order, moves to the control that replaces an
+// element, and is never trapped.
 
 #include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
@@ -149,7 +150,7 @@ TEST(Focus, AnOpenedEditorGetsTheFocusAndClosingPassesItOn) {
 
 TEST(Focus, AnEditorOpenedAtTheLowerEdgeIsScrolledIn) {
   WindowHost host(resultWith(30));
-  // The last control that can be seen at all.
+  // The last control that is at least partly visible.
   std::string last;
   for (int i = 0; i < 30; ++i) {
     const std::string name = "vemra.goal.person.p" + std::to_string(i) + ".outcome.start";

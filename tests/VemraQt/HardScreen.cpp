@@ -60,7 +60,8 @@ std::vector<Look> looks() {
       {"Hebrew", right, hebrew},
       {"longer words from the right", right, pseudo},
   };
-  // Text of three times its size is most of the time under the sanitizer, and no other code.
+  // Text of three times its size takes most of the time under the sanitizer, and runs no other
+  // code.
 #ifdef VEMRA_ADDRESS_SANITIZER
   const std::vector<double> scales{1.0, 1.5};
 #else

@@ -10,15 +10,15 @@
 #include <QScrollBar>
 
 /// \file
-/// The screen with everything on it that is hard to show, in every look that it has to bear.
+/// A screen with every element that is hard to show, in every look that it must support.
 
 namespace vemra::qttest {
 
-/// Every face of the screen in one: open editors with and without a note, outcomes, corrections
-/// with notes, names that are long, endless or empty.
+/// Every variant of the screen in one: open editors with and without a note, outcomes, corrections
+/// with notes, long, endless and empty names.
 void makeItHard(WindowHost& host);
 
-/// What a page may be shown in.
+/// The settings of a look.
 struct Look {
   std::string name;
   int width;
@@ -27,19 +27,19 @@ struct Look {
   std::shared_ptr<const ui::StringsTable> strings = nullptr;
 };
 
-/// Text from 100 to 300 %, wide and at 320 pixels, from the left in English and with longer words,
-/// from the right in Hebrew and with longer words.
+/// Text from 100 to 300 %, wide and 320 pixels wide, left to right in English and with longer
+/// words, right to left in Hebrew and with longer words.
 std::vector<Look> looks();
 void dress(WindowHost& host, const Look& look);
 
-/// The colours that a page may be shown in.
+/// The palettes of a page.
 struct Colours {
   const char* name;
   ui::ColorScheme scheme;
   QPalette system;
 };
 
-/// Light and dark as the page makes them, dark and high contrast as the system may have them.
+/// Light and dark as the page makes them, dark and high contrast as a system may set them.
 std::vector<Colours> colours();
 /// Also sets the application's palette: keep an `AsBefore`.
 void dress(WindowHost& host, const Colours& colours);
@@ -58,7 +58,7 @@ void forEachPlaced(const WindowHost& host, Visit visit) {
   }
 }
 
-/// How a message calls an element: its identifier, or what it shows.
+/// The name of an element in messages: its identifier, or its shown text.
 std::string called(const page::Node& leaf);
 
 }  // namespace vemra::qttest

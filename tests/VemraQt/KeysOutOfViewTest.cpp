@@ -1,4 +1,4 @@
-// A key that reaches a control out of view scrolls it in before it acts.
+// A key that a control out of view handles scrolls the control into view before it acts.
 
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "VemraQt/widgets/LineField.hpp"

@@ -1,4 +1,5 @@
-// The mark that a note's field shows for a line break: as large as the text, apart from its letters.
+// The mark that a note's field shows for a line break: as large as the text, and separate from its
+// letters.
 
 #include "tests/VemraQt/Palettes.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
@@ -32,7 +33,7 @@ class LineBreaks : public ::testing::Test {
     return true;
   }
 
-  /// The columns in which something is drawn, as [first, last], from the left.
+  /// The columns with drawn pixels, as [first, last], from the left.
   static std::vector<std::pair<int, int>> blocks(const QImage& picture) {
     std::vector<std::pair<int, int>> found;
     for (int x = 0; x < picture.width(); ++x) {

@@ -1,4 +1,4 @@
-// The text field's widget: what it says to its element, and what it is to a client.
+// The text field's widget: the events that it sends to its element, and its accessible object.
 
 #include "VemraQt/widgets/LineField.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"

@@ -13,11 +13,11 @@ namespace {
 
 constexpr std::string_view personPrefix = "Person Number ";
 
-/// Something that takes up room on the page.
+/// A frame on the page.
 struct Occupant {
   std::string name;
   QRect frame;
-  const page::Node* row;  ///< that it is, or stands in; none outside the list
+  const page::Node* row;  ///< the row itself, or the row around it; none outside the list
 };
 
 std::string written(const QRect& frame) {
@@ -65,7 +65,7 @@ std::vector<int> peopleInView(const WindowHost& host) {
 void expectNothingOverlaps(const WindowHost& host) {
   qt::Page& page = pageOf(host.widget);
   std::vector<Occupant> leaves, rows;
-  // The page places a widget by its element's frame; one that it has forgotten is elsewhere.
+  // The page places a widget at its element's frame, so an outdated widget is elsewhere.
   page::forEachLeaf(*page.tree().root(), [&](const page::Node& leaf) {
     const qt::ShownLeaf& shown = page.shown(leaf);
     if (!shown.widget) return;

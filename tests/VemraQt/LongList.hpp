@@ -9,22 +9,22 @@
 #include <QScrollBar>
 
 /// \file
-/// A list that is much longer than its window, and what is seen of it.
+/// A list that is much longer than its window, and checks of its visible part.
 
 namespace vemra::qttest {
 
-/// Every person, named by number, so that a gap in view is a gap in the numbers.
+/// People named by number, so that a gap in view is a gap in the numbers.
 Result numbered(std::size_t count);
 
-/// The same, but every third person's name goes on over several lines: no estimate of the height of
-/// rows that nobody has measured can be right for long.
+/// The same, but every third person's name has several lines, so that the estimated height of
+/// unmeasured rows is wrong.
 Result numberedUnevenly(std::size_t count);
 
-/// The people whose names stand in view, from top to bottom.
+/// The people whose names are in view, from top to bottom.
 std::vector<int> peopleInView(const WindowHost& host);
 
-/// Fails where two of the widgets on the page, two rows, or a widget and a row that it does not
-/// belong to have a pixel in common; and where a widget stands elsewhere than its element.
+/// Fails when two widgets of the page, two rows, or a widget and another row overlap, and when a
+/// widget is not at its element's frame.
 void expectNothingOverlaps(const WindowHost& host);
 
 QScrollBar& bar(const WindowHost& host);

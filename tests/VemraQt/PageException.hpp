@@ -30,12 +30,12 @@ using Faults = std::vector<std::string>;
 
 using IsID = std::function<bool(const std::string&)>;
 
-/// What throws, of the rows with which ids.
+/// The places that throw, and the ids of the rows.
 struct Breaks {
-  IsID row = {};   ///< the row's closure
-  IsID body = {};  ///< the body of the row's view
-  IsID tree = {};  ///< the row's view, in a way after which nothing of the tree is left
-  IsID key = {};   ///< the row's id itself
+  IsID row = {};                     ///< the row's closure
+  IsID body = {};                    ///< the body of the row's view
+  IsID tree = {};                    ///< the row's view, so that the graph removes the whole tree
+  IsID key = {};                     ///< the row's id itself
   std::function<bool()> count = {};  ///< the number of rows, while this is true
 };
 
@@ -77,7 +77,7 @@ class PageException : public ::testing::Test {
     QApplication::setActiveWindow(&widget);
   }
 
-  /// Rows "a0", "a1", … and how they break.
+  /// Rows "a0", "a1", … and the places that throw.
   static ui::View rows(const std::string& name, const Breaks& breaks = {}, int count = 300) {
     auto source = std::make_shared<FragileRows>();
     source->breaks = breaks;
@@ -85,7 +85,7 @@ class PageException : public ::testing::Test {
     return ui::ForEach(std::shared_ptr<const ui::RowSource>(std::move(source)));
   }
 
-  /// What comes out of `work`, and later out of the event loop, in order.
+  /// The exceptions that `work`, and later the event loop, throw, in order.
   static Faults faultsOf(const std::function<void()>& work) {
     Faults faults;
     const auto throws = [&](const std::function<void()>& part, const std::string& when) {
@@ -124,7 +124,8 @@ class PageException : public ::testing::Test {
 
   QScrollBar& bar() const { return *widget.verticalScrollBar(); }
 
-  /// A new root is shown, a press acts once, and every place can be scrolled to.
+  /// Checks that the page shows a new root, that a press acts once, and that the page scrolls
+  /// everywhere.
   void expectThePageGoesOn() {
     EXPECT_THAT(faultsOf([&] { widget.setRoot(rows("new")); }), ::testing::IsEmpty());
     EXPECT_THAT(texts(), ::testing::Contains(::testing::StartsWith("new")));

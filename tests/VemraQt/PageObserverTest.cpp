@@ -1,4 +1,4 @@
-// What a page reports to an observer, whatever its class.
+// The notifications of a page to any observer.
 
 #include "VemraPlatform/ui/View.hpp"
 #include "tests/VemraQt/PageBehind.hpp"

@@ -8,11 +8,10 @@
 
 namespace vemra::qttest {
 
-/// A system palette as users set it who need every edge and letter to stand out: white on black,
-/// buttons as black as the page.
+/// A high-contrast system palette: white on black, buttons as black as the page.
 QPalette highContrast();
 
-/// Puts the application's own style, palette and font back when it goes.
+/// Restores the application's own style, palette and font in its destructor.
 class AsBefore {
  public:
   AsBefore();

@@ -1,4 +1,4 @@
-// The button's widget: the keys that press it, and what ends a press.
+// The button's widget: the keys that press it, and the events that end a press.
 
 #include "VemraQt/ViewWidget.hpp"
 #include "VemraQt/widgets/PushButton.hpp"
@@ -65,7 +65,7 @@ TEST_F(PushButtonTest, SpacePressesWhenItIsReleased) {
   EXPECT_EQ(pressed, "a");
 }
 
-// The widget is lent to the next element of its kind, with the key still down.
+// The next element of the kind gets the widget while the key is still down.
 TEST_F(PushButtonTest, SpaceHeldWhileTheElementIsRemovedDoesNotPressTheNextElement) {
   widget.setRoot(ui::Group({button("a").id("a")}));
   qt::PushButton& first = shown();

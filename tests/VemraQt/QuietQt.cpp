@@ -17,7 +17,7 @@ int count = 0;
 
 void keep(QtMsgType type, const QMessageLogContext&, const QString& text) {
   if (type == QtDebugMsg || type == QtInfoMsg) return;
-  // The display-less platform says so of itself whenever a window is raised.
+  // The offscreen platform writes this message whenever a window is raised.
   if (text.startsWith(QLatin1String("This plugin does not support"))) return;
   messages().append(text);
   ++count;

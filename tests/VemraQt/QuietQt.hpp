@@ -5,13 +5,13 @@
 
 namespace vemra::qttest {
 
-/// From now on every message that Qt writes (a warning, say) is kept for `QuietQt`.
+/// From now on, stores every message of Qt (for example a warning) for `QuietQt`.
 void watchQtMessages();
 
-/// How many there have been so far.
+/// The number of messages so far.
 int messageCount();
 
-/// Fails every test in which Qt had something to say.
+/// Fails every test in which Qt writes a message.
 class QuietQt : public ::testing::EmptyTestEventListener {
   void OnTestEnd(const ::testing::TestInfo& test) override;
 };

@@ -1,4 +1,4 @@
-// What is painted again: all that has changed, and of the scroll bar nothing that has not.
+// Repainting: every change is painted, and of the scroll bar only the changed part.
 
 #include "tests/VemraQt/LongList.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
@@ -29,7 +29,7 @@ class PaintCount final : public QObject {
   int count = 0;
 };
 
-/// What is in the window now, as it was flushed, in the end.
+/// The flushed pixels of the window.
 QImage shown(const WindowHost& host) {
   QTest::qWait(0);
   QCoreApplication::processEvents();
@@ -40,7 +40,7 @@ QImage shown(const WindowHost& host) {
       .convertToFormat(QImage::Format_RGB32);
 }
 
-/// The same, painted from nothing.
+/// The same window, painted completely.
 QImage painted(WindowHost& host) {
   QImage image(host.widget.size(), QImage::Format_RGB32);
   host.widget.render(&image);

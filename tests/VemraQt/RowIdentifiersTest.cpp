@@ -13,7 +13,8 @@
 namespace vemra::qt {
 namespace {
 
-// Every row that is named is described anew, so a document must not be able to have all named.
+// The search describes every row whose note matches, so a document must not be able to make all
+// notes match.
 TEST(RowIdentifiers, IdentifiersMadeToCollideFindTheirOwnRows) {
   const auto identifiers = testing::collidingTexts(5000);
   RowIdentifiers noted(nullptr, {}, {});

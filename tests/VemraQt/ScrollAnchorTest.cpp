@@ -1,4 +1,4 @@
-// What is read stays where it is, whatever is measured, comes or changes above it.
+// The elements in view stay in place when rows above them are measured, added or changed.
 
 #include "VemraQt/widgets/ElementWidget.hpp"
 #include "tests/RecordBuilders.hpp"
@@ -20,8 +20,8 @@ using ::testing::Contains;
 
 namespace {
 
-/// The elements that are seen and will be seen after a step of so many pixels, each with the top of
-/// its widget in the viewport.
+/// The elements that are in view now and after a step of so many pixels, each with the top of its
+/// widget in the viewport.
 std::map<ui::NodeID, int> topsThatStay(const WindowHost& host, int step) {
   const int height = host.widget.viewport()->height();
   std::map<ui::NodeID, int> tops;
@@ -35,7 +35,7 @@ std::map<ui::NodeID, int> topsThatStay(const WindowHost& host, int step) {
   return tops;
 }
 
-/// Scrolls on by equal steps; each has to move all that is seen by just that much.
+/// Scrolls by equal steps; each step must move every element in view by exactly its length.
 void expectEvenSteps(const WindowHost& host, int step) {
   for (int i = 0; i < 60; ++i) {
     const auto tops = topsThatStay(host, step);

@@ -10,7 +10,7 @@
 
 namespace vemra::qttest {
 
-/// A value for pickers.
+/// The value of a choice.
 struct Choice {
   int value = 0;
   friend std::string caseName(const Choice& choice) { return std::to_string(choice.value); }
@@ -27,7 +27,7 @@ class ShownPage : public ::testing::Test {
     QApplication::setActiveWindow(&widget);
   }
 
-  /// What a control has done.
+  /// The actions of the controls.
   virtual void act(const std::string&) {}
 
   ui::View button(ui::ButtonStyle style) {

@@ -8,7 +8,7 @@
 #include <string>
 
 /// \file
-/// Strings tables that try a screen's patience.
+/// Strings tables that are hard for a screen.
 
 namespace vemra::qttest {
 
@@ -16,14 +16,14 @@ namespace vemra::qttest {
 class PseudoStrings final : public ui::StringsTable {
  public:
   std::optional<std::string> lookup(std::string_view key) const override;
-  /// What has been asked for so far.
+  /// The keys that have been looked up so far.
   const std::set<std::string>& asked() const { return asked_; }
 
  private:
   mutable std::set<std::string> asked_;
 };
 
-/// Hebrew, for pages that are read from right to left.
+/// Hebrew, for right-to-left pages.
 class HebrewStrings final : public ui::StringsTable {
  public:
   std::optional<std::string> lookup(std::string_view key) const override;

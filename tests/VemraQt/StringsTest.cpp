@@ -1,4 +1,4 @@
-// The screen in other words: complete, never translating what is verbatim.
+// The translated screen: every key is translated, and no verbatim text.
 
 #include "VemraQt/QtStringsTable.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
@@ -26,7 +26,7 @@ ui::Environment with(std::shared_ptr<const ui::StringsTable> strings) {
   return environment;
 }
 
-/// Every key of the screen, on every face of it.
+/// Every key of the screen, from all its variants.
 std::set<std::string> keysOfTheScreen() {
   auto table = std::make_shared<PseudoStrings>();
   Result nothing;

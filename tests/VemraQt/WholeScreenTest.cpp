@@ -1,4 +1,4 @@
-// The whole goal screen in real widgets: what stands where, what acts, what survives.
+// The whole goal screen in real widgets: positions, actions, and the state that is kept.
 
 #include "tests/VemraQt/WindowHost.hpp"
 

@@ -1,4 +1,4 @@
-// Widgets are lent by what is costly to change about them, and as many are kept as a page needs.
+// The pool keeps widgets by the properties that are costly to change, and as many as a page needs.
 
 #include "VemraPlatform/ui/View.hpp"
 #include "VemraQt/widgets/WidgetPool.hpp"

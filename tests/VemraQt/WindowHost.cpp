@@ -132,7 +132,7 @@ std::optional<QPoint> seenPoint(const QWidget& widget) {
 }
 
 void wheel(QWidget& over, int notches) {
-  // As the window system does it: up from the widget under the mouse until one takes it.
+  // Like the window system: from the widget under the mouse upwards until one accepts the event.
   for (QWidget* widget = &over; widget; widget = widget->parentWidget()) {
     const QPointF middle = widget->rect().center();
     QWheelEvent event(middle, widget->mapToGlobal(middle), QPoint(), QPoint(0, notches * 120),

@@ -15,20 +15,20 @@ namespace vemra::qttest {
 
 using Result = GetGoalSnapshotResponse;
 
-/// A result with that many people, named and reasoned in turn in every way the screen knows.
+/// A result with that many people, whose names and reasons go through all variants of the screen.
 Result resultWith(std::size_t people);
 
-/// What was recorded of that subject, in place of an earlier record that is not there any more.
+/// Sets the outcome of that subject, and removes its earlier one.
 GoalOutcomeDTO correctedOutcome(const std::string& subjectRef, const std::string& note);
 
-/// A host without a store around the goal screen in a window: it writes down what it is asked,
-/// appends an outcome for each recording, and shows the new snapshot at once.
+/// A host without a store around the goal screen in a window: it logs its calls, appends an outcome
+/// for each recording, and shows the new snapshot at once.
 class WindowHost {
  public:
   explicit WindowHost(Result result, QSize size = QSize(720, 800));
 
   GoalResultView view();
-  /// The result changes at its source, and the host shows it.
+  /// Changes the result as another source would, and shows it.
   void change(const std::function<void(Result&)>& edit);
   void show() { widget.setRoot(view()); }
 
@@ -49,11 +49,11 @@ class WindowHost {
 
   Result result;
   std::vector<std::string> log;
-  std::function<void(const std::string&)> onLog;  ///< told of each entry, when there is one
+  std::function<void(const std::string&)> onLog;  ///< called with each entry, if set
   qt::ViewWidget widget;
 };
 
-/// The middle of what can be seen of a widget; none when nothing can.
+/// The middle of the visible part of a widget; none when it is out of view.
 std::optional<QPoint> seenPoint(const QWidget& widget);
 
 /// Scrolls by a turn of the mouse wheel, over the widget's middle; negative: further down.

@@ -1,4 +1,4 @@
-// Rows have widgets only near the viewport; nobody can tell.
+// Rows have widgets only near the viewport, which has no other visible effect.
 
 #include "tests/VemraQt/Accessibility.hpp"
 #include "tests/VemraQt/LongList.hpp"

@@ -9,10 +9,10 @@
 #include <QRect>
 
 /// \file
-/// What is written in a picture, told from its pixels alone.
+/// Finds the texts in a picture by its pixels alone.
 ///
-/// With a font that is not smoothed each pixel of a text has exactly the colour it is written in,
-/// so that the pixels of a text can be counted and their colour be compared with what is around.
+/// With a font that is not smoothed each pixel of a text has exactly the text's colour, so the
+/// pixels of a text can be counted and their colour compared with the background.
 
 namespace vemra::qttest {
 
@@ -26,15 +26,16 @@ QLineEdit& noteWith(WindowHost& host, const QString& text, double scale);
 /// A text in a picture.
 struct Writing {
   QColor ink;
-  double contrast = 0;  ///< of the ink with the least different colour that surrounds it
+  double contrast = 0;  ///< of the text with the most similar colour around it
   QRect place;          ///< around all of its pixels
   int pixels = 0;
 };
 
-/// What stands out most within `inside`: the colour that differs most from that of its corner.
+/// The colour within `inside` that has the highest contrast with that of its corner.
 Writing writingIn(const QImage& picture, const QRect& inside);
 
-/// How many pixels of `after` differ from those of `before` with a contrast of at least `ratio`.
+/// The number of pixels of `after` that differ from those of `before` with a contrast of at least
+/// `ratio`.
 int changed(const QImage& before, const QImage& after, double ratio);
 
 }  // namespace vemra::qttest

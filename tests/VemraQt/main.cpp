@@ -5,7 +5,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-/// The tests run without a display, with one font, one size and one style, whatever the machine's.
+/// The tests run without a display, with the same font, size and style on every machine.
 int main(int argumentCount, char** arguments) {
   ::testing::InitGoogleTest(&argumentCount, arguments);
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -17,7 +17,7 @@ int main(int argumentCount, char** arguments) {
   vemra::qttest::watchQtMessages();
   QApplication application(argumentCount, arguments);
   QApplication::setStyle("fusion");     // not before: then the application would not own it
-  QApplication::setCursorFlashTime(0);  // nothing is painted but for what a test does
+  QApplication::setCursorFlashTime(0);  // no painting except for the test's own actions
   QFont font("DejaVu Sans");
   font.setPixelSize(13);
   QApplication::setFont(font);

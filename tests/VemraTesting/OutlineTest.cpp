@@ -56,7 +56,7 @@ TEST(OutlineTest, HasOneLineForEachElementWhateverItsTextContains) {
 }
 
 TEST(OutlineTest, OtherTextIsUnchanged) {
-  // The neighbours of what is escaped, a letter in two forms, and bytes that are no text.
+  // The neighbours of escaped characters, a letter in two forms, and ill-formed bytes.
   const std::string text =
       "\u00A0\u061B\u061D\u200D\u2010\u2027\u202F\u2065\u206A\u00E9e\u0301\U0001F600 \x80\xC2 "
       "\xE2\x80";

@@ -203,7 +203,7 @@ TEST_F(ScreenTest, ADisabledElementIsAnErrorAndNothingHappens) {
 
 namespace {
 
-/// Counts how often it is described for developers.
+/// Counts how often its properties are read.
 struct Described {
   static constexpr std::string_view name = "Described";
   int* times;

@@ -13,8 +13,7 @@ namespace vemra::work {
 
 namespace {
 
-/// People who repeat every ten, and nothing recorded of them: the rows at the end look like those of
-/// a shorter list.
+/// People who repeat every ten, without outcomes: the last rows look like those of a shorter list.
 qttest::Result resultOf(std::size_t people) {
   qttest::Result result = bench::sampleResult({.people = people});
   result.outcomes = {};

@@ -13,7 +13,7 @@ class QLineEdit;
 
 namespace vemra::work {
 
-/// What one thing that happens to a screen costs, in things done.
+/// The work of one event on a screen, as counts.
 struct Work {
   std::uint64_t rowsDescribed = 0;
   std::uint64_t bodiesDescribed = 0;
@@ -27,22 +27,22 @@ struct Work {
 
 std::ostream& operator<<(std::ostream& out, const Work& work);
 
-/// The goal screen in a window of which only the number of people differs from another.
-/// It shows what the benchmarks time, so that what is counted here is what takes the time there.
+/// The goal screen in a window; two screens differ only in their numbers of people. It has the
+/// content of the benchmarks, so the tests count the work that the benchmarks time.
 class WorkScreen {
  public:
   explicit WorkScreen(std::size_t people);
 
-  /// What `action` and everything up to the painted window cost.
+  /// The work of `action` and of everything up to the painted window.
   Work costOf(const std::function<void()>& action);
-  /// What all that happened so far cost: the first frame, for a screen that was just made.
+  /// All work so far: for a new screen, that of the first frame.
   Work costSoFar() const;
 
   void press(const std::string& identifier) { host_->press(identifier); }
   QLineEdit& noteOf(std::size_t person);
   void scrollToEnd();
   void wheelDown();
-  /// Records an outcome for a person in the data; `show` is what brings it to the screen.
+  /// Records an outcome for a person in the data; `show` then shows it.
   void recordOutcome(std::size_t person);
   void show() { host_->show(); }
 

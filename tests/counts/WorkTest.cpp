@@ -1,6 +1,6 @@
-// The cost of what happens on a screen follows what changed and what is visible, never the length
-// of the list: the same things are done for 10,000 people as for 100. Counted, not timed, so that a
-// busy machine says the same as an idle one.
+// The work of an event follows the changes and the visible rows, never the length of the list: it
+// is the same for 10,000 people as for 100. It is counted, not timed, so that the result is the
+// same on a busy machine.
 
 #include "benchmarks/data/SampleResult.hpp"
 #include "tests/Allocations.hpp"
@@ -31,13 +31,13 @@ void type(QLineEdit& field, char letter) {
   QApplication::sendEvent(&field, &release);
 }
 
-/// Opens an editor and types until whatever is kept from the first time on is there.
+/// Opens an editor and types until all data that are kept from the first time on exist.
 void beginNote(WorkScreen& screen) {
   screen.press(bench::identifierOf(1, "outcome.start"));
   for (const char letter : {'a', 'b', 'c', 'd'}) type(screen.noteOf(1), letter);
 }
 
-/// As many snapshots as it takes until nothing is new about one.
+/// Shows snapshots until a new one causes no first-time work.
 void recordSome(WorkScreen& screen) {
   for (const std::size_t person : {1, 2, 1, 2}) {
     screen.recordOutcome(person);
@@ -45,7 +45,8 @@ void recordSome(WorkScreen& screen) {
   }
 }
 
-/// One of four that did the same, with the fewest allocations: Qt keeps something now and then.
+/// The one with the fewest allocations of four equal events, because Qt sometimes allocates data
+/// that it keeps.
 template <class Cost>
 Work leastOf(const Cost& cost) {
   Work least = cost();
@@ -58,7 +59,7 @@ Work leastOf(const Cost& cost) {
   return least;
 }
 
-/// Where Qt makes widgets and keeps glyphs, its own allocations are not the same from run to run.
+/// Where Qt makes widgets and caches glyphs, its own allocations differ from run to run.
 Work butAllocations(Work work) {
   work.allocations = 0;
   return work;

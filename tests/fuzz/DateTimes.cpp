@@ -1,4 +1,4 @@
-// Any text: it is read as a date-time exactly when the grammar has it, as the same instant.
+// Any text: it is read as a date-time exactly when the grammar accepts it, as the same instant.
 
 #include "VemraPlatform/date/InternetDateTime.hpp"
 #include "tests/VemraPlatform/date/ReadByGrammar.hpp"

@@ -1,5 +1,6 @@
-// Any text as a result document. One that is accepted is JSON to another reader too, and written and
-// read again it is the same record, byte for byte; one that is refused has an error with its place.
+// Any text as a result document. An accepted text is JSON for another reader too, and gives the
+// same record, byte for byte, after writing and reading it again; a refused text gives an error
+// with its place.
 
 #include "apps/documents/ResultReader.hpp"
 #include "apps/documents/ResultWriter.hpp"

@@ -1,8 +1,8 @@
-// Two texts: they are equal exactly when ICU finds them canonically equivalent, or, where one is
-// ill-formed, when their bytes are; either way round; and equal texts have one hash.
+// Two texts: they are equal exactly when ICU finds them canonically equivalent, or, if one is
+// ill-formed, when their bytes are equal; in both directions; and equal texts have the same hash.
 //
-// The first byte chooses how the rest becomes two texts: cut in two as it is, or by the choices of
-// `RandomText`, which makes texts that are likely to be equivalent.
+// The first byte chooses how to make two texts from the rest: by cutting it in two, or as random
+// numbers for `RandomText`, which makes texts that are likely to be equivalent.
 
 #include "VemraPlatform/text/Equality.hpp"
 

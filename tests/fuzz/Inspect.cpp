@@ -1,5 +1,6 @@
-// Any text as a case of vemra-inspect: it is refused with an error that has its place, or its steps
-// are carried out and each of the reports is written. A step that reports an error changes nothing.
+// Any text as a case of vemra-inspect: it is refused with an error that names its place, or its
+// steps are carried out and each of the reports is written. A step that reports an error changes
+// nothing.
 
 #include "apps/inspect/Case.hpp"
 #include "apps/inspect/Inspection.hpp"
@@ -29,7 +30,7 @@ inspect::StepResult carriedOut(inspect::Inspection& inspection, const inspect::S
   return result;
 }
 
-/// Carries the case out once and gives all its reports.
+/// Carries the case out once and returns all its reports.
 std::vector<std::string> reported(const inspect::Case& inspected) {
   std::vector<std::unique_ptr<inspect::Report>> reports;
   for (const bool outline : {false, true}) {
@@ -67,7 +68,7 @@ void check(const inspect::Case& inspected) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace vemra;
   const std::string_view text = fuzz::textOf(data, size);
-  // As a hop count it has no sentence, which ends the process on purpose.
+  // This hop count has no sentence and ends the process on purpose.
   if (text.find("-9223372036854775808") != std::string_view::npos) return 0;
   try {
     check(inspect::readCase(text, "case.json", ui::Environment()));

@@ -6,9 +6,9 @@
 
 namespace vemra::fuzz {
 
-/// What every refusal of a document named "case.json" must be: one line of UTF-8 that names the
-/// file and then a JSON pointer, a line and column, or the document itself, and that says what was
-/// expected and what was found.
+/// Checks the error of a document named "case.json": one line of UTF-8 with the file and then a
+/// JSON pointer, a line and column, or the document itself, and with the expected and the found
+/// value.
 inline void requireGoodError(const documents::DocumentError& error) {
   std::string_view message = error.what();
   require(text::isWellFormed(message), "an error is UTF-8", message);

@@ -1,5 +1,6 @@
-// Changes an input by whole JSON values now and then: single bytes alone would mostly give texts that
-// are no JSON, which the first tokens refuse. Linked into the targets that read JSON, with the fuzzer.
+// Sometimes changes an input by whole JSON values: changing single bytes mostly gives texts that
+// are not JSON and are refused at the first tokens. Linked into the targets that read JSON, with
+// the fuzzer.
 
 #include "tests/Random.hpp"
 #include "tests/fuzz/Target.hpp"
@@ -19,14 +20,14 @@ struct Span {
   std::size_t end = 0;
 };
 
-/// Where the string that begins at `begin` ends.
+/// The end of the string that begins at `begin`.
 std::size_t endOfString(std::string_view text, std::size_t begin) {
   std::size_t at = begin + 1;
   while (at < text.size() && text[at] != '"') at += text[at] == '\\' ? 2 : 1;
   return std::min(at + 1, text.size());
 }
 
-/// Where the values of a text are, as far as it is JSON; keys are not among them.
+/// The places of the values of a text, as far as it is JSON; without the keys.
 std::vector<Span> valuesIn(std::string_view text) {
   constexpr std::string_view ends = " \n\r\t,:]}[{\"";
   std::vector<Span> values;

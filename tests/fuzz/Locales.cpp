@@ -1,5 +1,5 @@
-// Any locale and any time zone, as arguments and in the environment: nothing crashes, what is known
-// can be used, and what is not is the root locale and UTC.
+// Any locale and any time zone, as arguments and in the environment: nothing crashes; known ones
+// are used, and unknown ones become the root locale and UTC.
 //
 // An input is a line with the locale, a line with the time zone, and a date-time (or bytes that
 // become an instant).

@@ -1,6 +1,7 @@
 // Feeds files to a fuzz target, in builds without the fuzzer: replay FILE|FOLDER...
 //
-// Prints the name of each file before it is used, so that the last name is the one that failed.
+// Prints the name of each file before it is used, so that the last printed name is that of the file
+// that failed.
 
 #include "tests/fuzz/Target.hpp"
 

@@ -1,5 +1,5 @@
-// A story of a list, shown whole and through windows: both come to the states of a model. The bytes
-// choose what happens.
+// A story of a list, shown whole and through windows: both end with the states of a model. The
+// bytes choose the events.
 
 #include "tests/VemraPlatform/ui/RowsStory.hpp"
 #include "tests/fuzz/GoogleTestAssertions.hpp"

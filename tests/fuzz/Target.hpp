@@ -8,13 +8,13 @@
 #include <string_view>
 
 /// The entry of a fuzz target; the fuzzer, or the replay of a corpus, calls it with one input after
-/// the other. Always returns 0: an input that breaks a rule ends the process.
+/// another. Always returns 0: an input that breaks a rule ends the process.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace vemra::fuzz {
 
-/// Ends the process by a signal unless the rule holds. `rule` says what should be; `found`, and
-/// `other` if there is a second text, is what breaks it, and is printed as it is and as bytes.
+/// Ends the process by a signal unless the rule holds. `rule` describes the expectation; `found`,
+/// and `other` if there is a second text, breaks it and is printed as text and as bytes.
 inline void require(bool holds, const char* rule, std::string_view found = {},
                     std::string_view other = {}) {
   if (holds) return;
@@ -29,13 +29,13 @@ inline void require(bool holds, const char* rule, std::string_view found = {},
   std::abort();
 }
 
-/// The input as text, whatever its bytes are.
+/// The input as text, which may be ill-formed.
 inline std::string_view textOf(const std::uint8_t* data, std::size_t size) {
   return {reinterpret_cast<const char*>(data), size};
 }
 
-/// Takes the text up to the separator, and the separator, off the front of `text`; all of it when no
-/// separator is there.
+/// Removes the text up to and including the separator from the front of `text`, and returns it
+/// without the separator; all of `text` when it has no separator.
 inline std::string_view takeUpTo(char separator, std::string_view& text) {
   const std::size_t end = text.find(separator);
   const std::string_view taken = text.substr(0, end);

@@ -1,5 +1,5 @@
-// A story of trees, one shown after the other: nodes, state and patches follow identity, compared
-// with an account of places that knows nothing of the view layer's own. The bytes choose the trees.
+// A story of trees, shown one after another: nodes, state and patches follow identity, compared
+// with a model of places that shares no code with the view layer. The bytes choose the trees.
 
 #include "tests/VemraPlatform/ui/TreeStory.hpp"
 #include "tests/fuzz/GoogleTestAssertions.hpp"

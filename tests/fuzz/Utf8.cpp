@@ -1,5 +1,5 @@
-// Any bytes: steps from either end, and with them trimming and well-formedness, are what ICU's
-// macros say; and a text on one line stays on it and can be turned back.
+// Any bytes: steps from either end, trimming and well-formedness agree with ICU's macros; and a
+// quoted text is one line and can be converted back.
 
 #include "VemraPlatform/text/UTF8.hpp"
 
@@ -14,7 +14,7 @@
 namespace vemra {
 namespace {
 
-/// What ICU finds from `index` on, to the right or to the left: a scalar and its length, or one
+/// The result of ICU at `index`, to the right or to the left: a scalar and its length, or one
 /// ill-formed byte.
 text::Step stepRight(std::string_view text, std::int32_t index) {
   const std::int32_t start = index;
@@ -69,7 +69,7 @@ std::string_view trimmedByICU(std::string_view text) {
   return text;
 }
 
-/// Turns a quoted text back: what stands between the quotation marks, its escapes resolved.
+/// Converts a quoted text back: the text between the quotation marks, with its escapes resolved.
 std::string unquoted(std::string_view quoted) {
   std::string out;
   quoted = quoted.substr(1, quoted.size() - 2);

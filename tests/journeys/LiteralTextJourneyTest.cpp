@@ -1,4 +1,4 @@
-// Texts of other people, shown and handed on as they are.
+// Texts from outside, shown and passed on unchanged.
 
 #include "tests/VemraGoalSurface/Shape.hpp"
 #include "tests/journeys/MemoryHost.hpp"

@@ -1,4 +1,4 @@
-// What a user does with one screen and a host that keeps what is recorded.
+// A user's actions on one screen, with a host that stores the outcomes.
 
 #include "tests/VemraGoalSurface/Shape.hpp"
 #include "tests/journeys/MemoryHost.hpp"

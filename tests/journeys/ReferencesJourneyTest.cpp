@@ -18,7 +18,7 @@ struct Pair {
   std::string second;
 };
 
-/// Two people whose references are one and the same text.
+/// Two people with equal references.
 class EqualReferences : public ::testing::TestWithParam<Pair> {
  protected:
   static Result twoPeople() {
@@ -30,8 +30,9 @@ class EqualReferences : public ::testing::TestWithParam<Pair> {
     return result;
   }
 
-  /// What is called so in the control of the person at `index`. Where the identifiers of the two
-  /// are one, it is pointed at by its order, as long as the first person's control has it too.
+  /// The element of that name in the control of the person at `index`. When the identifiers of the
+  /// two people are equal, selects it by its order, as long as the first person's control has it
+  /// too.
   static testing::Query inControl(std::size_t index, const std::string& name) {
     const auto& [pair, first, second] = GetParam();
     return byIdentifier("vemra.goal.person." + (index == 0 ? first : second) + ".outcome." + name,

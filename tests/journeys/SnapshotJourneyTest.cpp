@@ -1,4 +1,4 @@
-// What stays and what goes while the user is writing and new snapshots arrive.
+// The state that is kept and lost when new snapshots arrive while the user is writing.
 
 #include "tests/VemraGoalSurface/Shape.hpp"
 #include "tests/journeys/MemoryHost.hpp"
@@ -128,7 +128,7 @@ TEST_F(MidEdit, TheReferenceChangesToItsOtherNormalForm) {
               ElementsAre("person \"" + decomposed + "\" wasUseful note=\"kept\" corrects=nil"));
 }
 
-/// The user corrects an outcome that changes under their hands.
+/// The user corrects an outcome that changes meanwhile.
 class MidCorrection : public ::testing::Test {
  protected:
   MidCorrection() {
@@ -182,7 +182,7 @@ TEST_F(MidCorrection, CancelShowsTheOutcomeInForceAtThatMoment) {
   EXPECT_TRUE(host.screen.has(testing::byText("other")));
 }
 
-/// The user is at the path's outcome while the paths change.
+/// The user edits the path's outcome while the paths change.
 class MidPathEdit : public ::testing::Test {
  protected:
   MidPathEdit() {

@@ -1,4 +1,4 @@
-// What a person sees of the goal screen while using it with the keyboard alone.
+// The visible part of the goal screen while a person uses it with the keyboard alone.
 
 #include "VemraTesting/Viewport.hpp"
 #include "tests/journeys/MemoryHost.hpp"

@@ -1,4 +1,5 @@
-// An element made on the spot would take its id with it: the range must hold its elements.
+// The id of a temporary element would be destroyed with the element: the range must store its
+// elements.
 
 #include "VemraPlatform/ui/View.hpp"
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-// The graph keeps views of ids: an id that is made on the spot would be gone at once.
+// The graph keeps string views of ids: a temporary id would be destroyed at once.
 vemra::ui::View tryToList(const std::vector<std::string>& names) {
   const auto row = [](const std::string&) { return vemra::ui::View(); };
   static_cast<void>(vemra::ui::ForEach(

@@ -2,8 +2,8 @@
 
 #include <string>
 
-// A name or a note is shown as it is, and only somebody who says so may show it: a text of the
-// screen's own is a literal.
+// A name or a note must be marked as verbatim to be shown; a text of the screen itself is a
+// literal.
 vemra::ui::View tryToShow(const std::string& name) {
   static_cast<void>(vemra::ui::Text(vemra::ui::verbatim(name)));
   static_cast<void>(vemra::ui::Text("Show source"));

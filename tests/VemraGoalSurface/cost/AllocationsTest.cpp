@@ -9,9 +9,9 @@
 
 #include <gtest/gtest.h>
 
-// What scrolling costs, in allocations: a number that is the same on every machine, where a time is
-// not. The bounds leave room for another standard library, and none for a step that copies the
-// host's callbacks or a person for every modifier or button.
+// The allocations of scrolling: their number is the same on every machine, unlike a time. The
+// bounds allow for another standard library, but not for a step that copies the host's callbacks or
+// a person for every modifier or button.
 
 namespace vemra::screentest {
 
@@ -19,14 +19,15 @@ namespace {
 
 constexpr std::size_t rowCount = 100;
 
-/// Asks for windows of rows and shows them nowhere.
+/// Requests windows of rows and draws nothing.
 class Nowhere final : public ui::Renderer {
  public:
   ui::RowDemand rowDemand() const override { return ui::RowDemand::onRequest; }
   void apply(const ui::Changes&) override {}
 };
 
-/// People whose texts are too long to be held without an allocation, and callbacks likewise.
+/// People with texts, and callbacks with captures, that are too large for storage without an
+/// allocation.
 GoalResultView longScreen() {
   Result result = ordinaryResult();
   std::vector<GoalPersonCandidateDTO> people;
@@ -66,7 +67,7 @@ class AllocationsTest : public ::testing::Test {
   const ui::Node& list() {
     return *listBelow(graph.root());
   }
-  /// How many allocations `act` makes for each row.
+  /// The number of allocations that `act` makes for each row.
   template <class Act>
   static double perRow(std::size_t rows, const Act& act) {
     const std::uint64_t before = testing::allocations();

@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 // A host may keep these over a `co_await`, in a coroutine frame, which is aligned to 16 bytes only.
-// The build that checks alignment stops at the first one that is misplaced.
+// The build that checks alignment stops at the first misaligned object.
 
 namespace vemra {
 namespace {

@@ -115,7 +115,7 @@ TEST(EffectiveOutcome, AcceptsAReferenceOfAnyStringType) {
   EXPECT_FALSE(snapshot.effectiveOutcome(person, std::nullopt).has_value());
 }
 
-// Any list of records, seen through a plain forward pass over which subject each record is about.
+// Any list of records, compared with a plain forward search for the subject's last record.
 TEST(EffectiveOutcome, IsTheRecordWithTheHighestIndexAmongThoseOfTheSubject) {
   struct Reference {
     std::optional<std::string> text;

@@ -40,7 +40,7 @@ TEST(PeopleGap, WithPeopleThereIsNoGapForAnyEvidence) {
   }
 }
 
-// Sources or a date without a count are no evidence, and other lists do not stand in for people.
+// Sources or a date without a count are no evidence, and other lists do not count as people.
 TEST(PeopleGap, DependsOnNothingElse) {
   GetGoalSnapshotResponse response = sample::response();
   response.people = {};

@@ -13,7 +13,7 @@ namespace {
 namespace form = GoalOutcomeRecordingFormLogic;
 using enum GoalOutcomeSubjectKind;
 
-// Characters that look like nothing, and are something.
+// Characters that are invisible, but not blank.
 const std::vector<std::string> almostBlanks = {
     "\u200b", "\u180e", "\ufeff", "\u2060", "\x1c",
     "\x1f",   "\u0301", "\xa0",   "\xc2",   std::string("\0", 1)};
@@ -132,8 +132,7 @@ TEST(RecordingInput, TheSubjectAndTheValueArePassedOnUnchanged) {
       for (const std::optional<std::string>& ref :
            {std::optional<std::string>(), std::optional<std::string>(""),
             std::optional<std::string>(" Rene\u0301 ")}) {
-        // The corrected record is about something else altogether; nothing of it but its id is
-        // taken.
+        // The corrected record has another subject; only its id is used.
         const GoalOutcomeRecordingInput input =
             form::recordingInput(kind, ref, value, "note", sample::outcome());
         EXPECT_EQ(input.subjectKind, kind);

@@ -15,7 +15,7 @@ namespace {
 
 using GoalResultProjectionReader::makeSnapshot;
 
-// Answers every query at once with one response and notes the ids it was asked for.
+// Answers every query at once with one response and logs the ids of the queries.
 class RecordingEngine : public GoalToolExecutor {
  public:
   explicit RecordingEngine(GetGoalSnapshotResponse answer = sample::response())
@@ -97,7 +97,7 @@ TEST(MakeSnapshot, CallsTheOverrideOfASubclass) {
   EXPECT_TRUE(engine->askedFor.empty());
 }
 
-// The awaited task stays alive after the await, and must not keep the engine by that.
+// The awaited task stays alive after the await, and must not keep the engine alive.
 template <class Engine>
 task::Task<> awaitAndLookForTheEngine(std::shared_ptr<Engine> engine) {
   const std::weak_ptr<Engine> observer = engine;
@@ -183,7 +183,7 @@ TEST(MakeSnapshot, AFailedQueryIsNotRepeated) {
   EXPECT_EQ(engine->queries, 1);
 }
 
-// A query may use its engine until its own frame is gone.
+// A query may use its engine until its frame is destroyed.
 TEST(MakeSnapshot, KeepsTheEngineUntilTheQueryIsDestroyed) {
   // Lives in the query's frame.
   struct AtTheEnd {
@@ -213,7 +213,7 @@ TEST(MakeSnapshot, KeepsTheEngineUntilTheQueryIsDestroyed) {
 
 // threads
 
-// Leaves every query waiting until the test answers it, in any order and from any thread.
+// Lets every query wait until the test answers it, in any order and from any thread.
 class WaitingEngine : public GoalToolExecutor {
  public:
   task::Task<GetGoalSnapshotResponse> getGoalSnapshot(std::string goalID) override {
@@ -283,7 +283,7 @@ TEST(MakeSnapshot, RethrowsAnErrorOnTheThreadThatResumesIt) {
   EXPECT_THROW(std::rethrow_exception(error), EngineError);
 }
 
-// The main thread stands still in join(): a hop to it would never end.
+// The main thread is blocked in join(): a task that changed to it would never end.
 TEST(MakeSnapshot, NeedsNoMainThread) {
   std::optional<GoalResultSnapshotV1> snapshot;
   std::thread([&snapshot] {

@@ -10,8 +10,8 @@ namespace vemra::testing {
 
 /// Makes a process that aborts write its coverage first.
 ///
-/// A death test runs in a process of its own, and an abort leaves no coverage behind: lines that do
-/// nothing but stop the process would count as never run. Call it in the dying statement.
+/// A death test runs in a process of its own, and an abort leaves no coverage behind: lines that
+/// only stop the process would count as never run. Call it in the statement of the death test.
 inline void keepCoverageOnAbort() {
   std::signal(SIGABRT, [](int) {
     if (&__gcov_dump != nullptr) __gcov_dump();

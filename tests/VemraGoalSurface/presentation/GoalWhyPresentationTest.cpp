@@ -104,7 +104,7 @@ TEST(GoalWhyPlain, OnlyTheNameMatchHasItsOwnSentence) {
   }
 }
 
-// A locale that would group digits, write other ones and begin numbers with a plus.
+// A locale that groups digits, writes other digits and begins numbers with a plus.
 TEST(GoalWhyNumbers, AreTheSameInEveryLocale) {
   struct Grouping : std::numpunct<char> {
     char do_thousands_sep() const override { return '.'; }
@@ -118,7 +118,7 @@ TEST(GoalWhyNumbers, AreTheSameInEveryLocale) {
   EXPECT_EQ(hops, "Connected through -1234568 shared relationships");
 }
 
-// Any counts, against the rule written down once more, with numbers printed by other means.
+// Any counts, compared with a second implementation of the rule that prints numbers in another way.
 TEST(GoalWhyNumbers, AnyCountPrints) {
   const auto decimal = [](std::int64_t count) {
     char digits[24];

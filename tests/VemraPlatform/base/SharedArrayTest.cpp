@@ -22,7 +22,7 @@ struct Watched {
   }
 };
 
-// An element that is not over-aligned itself and wants its arrays to be.
+// An element that is not over-aligned itself, but whose arrays are.
 struct Wide {
   static constexpr std::size_t arrayAlignment = 256;
   std::string text;

@@ -145,7 +145,8 @@ TEST(AbbreviatedDate, UsesRootAndUTCForUnknownNames) {
 }
 
 TEST(AbbreviatedDate, WritesEveryLocaleOnEveryVisit) {
-  // More pairs than the cache keeps, twice: a format that is made again must write the same dates.
+  // More pairs than the cache has room for, twice: a format that is made again must write the same
+  // dates.
   const std::vector<std::string> locales = {"en_US", "de_DE", "fr_FR", "ja_JP", "ar_EG", "th_TH"};
   const std::vector<std::string> timeZones = {"UTC",        "Europe/Berlin", "Asia/Tokyo",
                                               "Asia/Dubai", "Asia/Kolkata",  "Europe/Paris",

@@ -7,7 +7,7 @@
 
 namespace vemra::testing {
 
-/// Sets a variable of the process's environment, or takes it away, and puts things back at the end.
+/// Sets or removes a variable of the process's environment, and restores it in the destructor.
 class Environment {
  public:
   Environment(std::string name, const std::optional<std::string>& value) : name_(std::move(name)) {

@@ -13,7 +13,7 @@
 #include <unicode/strenum.h>
 #include <unicode/timezone.h>
 
-// Local time as the C library computes it for a TZ, which is what the rest of the machine shows.
+// Local time as the C library computes it for a TZ, and so as the rest of the machine shows it.
 
 namespace vemra::testing {
 namespace {
@@ -30,9 +30,9 @@ class LocalTime {
     tzset();
   }
 
-  /// What our code writes, "" when it is the same as the C library's, for the last second before
-  /// the local midnight next to an instant and for that midnight: an offset that is wrong by any
-  /// number of seconds shows at one of the two.
+  /// Compares our dates with the C library's for the last second before the local midnight next to
+  /// an instant and for that midnight: an offset that is wrong by any number of seconds gives a
+  /// wrong date at one of the two. Returns the differences, or "".
   std::string differenceAround(std::time_t instant) const {
     const std::time_t offset = fields(instant).tm_gmtoff;
     const std::time_t sinceMidnight = ((instant + offset) % 86400 + 86400) % 86400;
@@ -116,7 +116,7 @@ TEST(LocalTime, IsThatOfTheCLibraryUnderANameThatOnlyICUHas) {
   Instants instants(1900, 2400);
   int compared = 0;
   while (const char* name = names->next(nullptr, status)) {
-    // To the C library, Etc/Unknown is as good as any other name that it does not have.
+    // To the C library, Etc/Unknown is a name like any other that it does not have.
     if (fs::exists(zoneinfo / name) || !date::isKnownTimeZone(name)) continue;
     // PST8PDT and two more, where they have no files: a rule without dates, see below.
     if (date::TimeZoneRule::parse(name)) continue;

@@ -14,7 +14,7 @@
 #include <unicode/strenum.h>
 
 // A calendar and a numbering system have names of CLDR's ("islamic-civil") and of BCP 47
-// ("islamicc"), in any case. Each is to give the same date, and not that of another.
+// ("islamicc"), in any case. Each name must give the date of its own calendar.
 
 namespace vemra::testing {
 namespace {
@@ -58,7 +58,7 @@ std::vector<std::string> inCases(const std::string& name) {
 const std::multimap<std::string, std::string> otherNames = {
     {"gregorian", "gregory"}, {"islamic-civil", "islamicc"}, {"ethiopic-amete-alem", "ethioaa"}};
 
-/// 5 January 2025 in English; the words differ by the calendar, but for three.
+/// 5 January 2025 in English; the texts differ by calendar, except for three calendars.
 const std::map<std::string, std::string> dates = {
     {"gregorian", "Jan 5, 2025"},
     // Since CLDR 46 with the parts in the order of ISO 8601.
@@ -184,7 +184,7 @@ TEST(LocaleKeywords, FitIntoANameOfICUs) {
   EXPECT_FALSE(date::isKnownLocale(base + std::string(longest + 1 - base.size(), 'a')));
   const std::string digits = "en_US@numbers=arab;x=";
   EXPECT_EQ(written(digits + std::string(longest - digits.size(), 'a')), "Jan ٥, ٢٠٢٥");
-  // Other spellings may be longer than the one given.
+  // Other spellings may be longer than the given one.
   const std::string calendar = "en_US@calendar=ethioaa;x=";
   EXPECT_EQ(written(calendar + std::string(longest - calendar.size(), 'a')),
             "Tahsas 27, 7517 ERA0");

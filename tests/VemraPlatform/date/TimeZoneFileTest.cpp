@@ -165,7 +165,8 @@ TEST(TimeZoneFile, IsNilWhenItsVersion1BlockIsCutOff) {
       << "the second header does not stand in for what is missing of the first part";
 }
 
-/// Any byte may be any other: whatever is read is an offset in bounds, and nothing is read outside.
+/// With any byte changed, the offset that is read is within its bounds, and no byte outside the
+/// file is read.
 TEST(TimeZoneFile, IsReadWhateverItsBytesAre) {
   const std::string whole = sample().content();
   for (std::size_t place = 0; place < whole.size(); ++place) {
@@ -181,7 +182,7 @@ TEST(TimeZoneFile, IsReadWhateverItsBytesAre) {
 
 TEST(TimeZoneFile, IsARegularFileOfModerateSize) {
   namespace fs = std::filesystem;
-  // Builds run this test side by side.
+  // Several builds run this test at the same time.
   const fs::path folder =
       fs::path(::testing::TempDir()) / ("vemra-time-zone-file-" + std::to_string(getpid()));
   fs::create_directories(folder);

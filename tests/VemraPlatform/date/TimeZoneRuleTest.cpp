@@ -113,7 +113,8 @@ TEST(TimeZoneRule, ChangesOnAWeekdayOfAMonth) {
 }
 
 TEST(TimeZoneRule, ChangesOnADayOfTheYear) {
-  // `J` never counts 29 February; without it, days count from zero and do.
+  // With `J`, days count from one and omit 29 February; without it, they count from zero and
+  // include it.
   EXPECT_TRUE(changesAt("XXX0YYY,J59,J60", "2024-02-28T02:00:00Z"));
   EXPECT_TRUE(changesAt("XXX0YYY,J59,J60", "2024-03-01T01:00:00Z"));
   EXPECT_TRUE(changesAt("XXX0YYY,J59,J60", "2025-02-28T02:00:00Z"));
@@ -205,7 +206,8 @@ TEST(TimeZoneRule, MayChangeInTheYearBefore) {
 }
 
 TEST(TimeZoneRule, MayEndInTheYearAfterNext) {
-  // That of 2023 begins on 6 January 2024 and ends as that of 2024, on 6 January 2025.
+  // The summer time that the rule begins in 2023 starts on 6 January 2024; the end that the rule
+  // has for 2024 is on 6 January 2025.
   const std::string rule = "XXX0YYY,J365/167,J365/166";
   EXPECT_EQ(aheadAt(rule, "2025-01-03T00:00:00Z"), hour);
   EXPECT_TRUE(changesAt(rule, "2025-01-06T21:00:00Z"));

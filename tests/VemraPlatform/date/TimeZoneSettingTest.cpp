@@ -28,7 +28,7 @@ class ZoneOfPath : public ::testing::Test {
     return (folder / "copy").string();
   }
 
-  /// A database of our own: copies below `posix` and `right` are not installed everywhere.
+  /// A database made by the test: copies below `posix` and `right` are not installed everywhere.
   fs::path database() const {
     const fs::path plain = fs::path(date::zoneinfoFolder) / "America/St_Johns";
     const fs::path zoneinfo = folder / "zoneinfo";
@@ -36,7 +36,7 @@ class ZoneOfPath : public ::testing::Test {
       fs::create_directories(zoneinfo / copies / "America");
       fs::copy_file(plain, zoneinfo / copies / "America/St_Johns");
     }
-    // Leap seconds make other content of it. More bytes behind the last field do, too.
+    // Leap seconds change the content, and so do more bytes behind the last field.
     std::ofstream(zoneinfo / "right/America/St_Johns", std::ios::binary | std::ios::app) << "more";
     return zoneinfo;
   }

@@ -10,7 +10,7 @@ using Reason = Anchor::Reason;
 
 namespace {
 
-/// A column of texts, each of 20, below one as high as `lines` lines.
+/// A column of texts, each 20 high, below one that is `lines` lines high.
 ui::View texts(int lines, IDs names) {
   std::string tall(static_cast<std::size_t>(lines) * 10, 'x');
   ui::Children children{text(std::move(tall))};
@@ -138,7 +138,7 @@ TEST_F(AnchorTest, AListThatHasBecomeEmptyIsNoAnchor) {
   Laid rows(page("one", 1, 100), 100);
   rows.ask({{0, 30}});
   rows.show(page("two", 40, 0));
-  const Viewport seen{100, 60, 205};  // below the top of the rows that have gone
+  const Viewport seen{100, 60, 205};  // below the top of the removed rows
   const Anchor before(Reason::changed, rows.tree, rows.frames(), seen, nullptr);
   rows.show(page("three", 5, 100));
   EXPECT_EQ(before.position(rows.tree, rows.frames(), seen), 205);

@@ -16,7 +16,8 @@ inline void PrintTo(const Rect& rect, std::ostream* out) {
 
 namespace sample {
 
-/// Every character is ten wide and a line twenty high; buttons are two higher, fields take all.
+/// Every character is ten wide and a line twenty high; buttons are two higher, fields take the
+/// whole width.
 class BoxyMetrics final : public LeafMetrics {
  public:
   Size measure(const Node& leaf, int width) override {

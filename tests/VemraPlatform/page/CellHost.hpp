@@ -10,8 +10,8 @@
 
 namespace vemra::page::sample {
 
-/// A host without pixels: it notes what the page draws and where the focus is. A scroll bar takes
-/// ten units of its width while the page is longer than the viewport.
+/// A host without pixels: it records the drawn leaves and the focus. A scroll bar takes ten units
+/// of its width while the page is longer than the viewport.
 class CellHost final : public PageHost {
  public:
   explicit CellHost(ui::ViewGraph& graph, Margins margins = {}) : page(graph, *this, margins) {
@@ -78,7 +78,7 @@ class CellHost final : public PageHost {
   }
 
   Size size{200, 300};
-  Size bar{10, 0};  ///< what the scroll bar takes of it
+  Size bar{10, 0};  ///< the width of the scroll bar
   int scale = 1;
   bool followsTextScale = false;
   bool isSeen = true;
@@ -88,8 +88,8 @@ class CellHost final : public PageHost {
   int maximum = 0, position = 0;
   std::map<ui::NodeID, Rect> drawn;  ///< on the whole page
   ui::NodeID focusedElement;
-  std::vector<ui::NodeID> landed;         ///< everything that got the focus
-  bool landedWell = true;                 ///< each of those was there and enabled
+  std::vector<ui::NodeID> landed;         ///< every element that got the focus
+  bool landedWell = true;                 ///< each of those existed and was enabled
   std::uint64_t placed = 0;               ///< leaves drawn, in all passes together
   int measured = 0, rests = 0, vain = 0;  ///< `vain`: how often no control took a lost focus
   std::vector<ui::Environment> environments;
@@ -99,7 +99,7 @@ class CellHost final : public PageHost {
   BoxyMetrics metrics_;
 
  public:
-  Page page;  ///< last, because it asks the host while it lives
+  Page page;  ///< last, because it uses the host while it lives
 };
 
 }  // namespace vemra::page::sample

@@ -10,7 +10,7 @@ using Sight = FocusKeeper::Sight;
 
 namespace {
 
-/// A page whose rows come when the test asks for them, after a search.
+/// A page whose rows arrive when the test requests them, after a search.
 class FocusKeeperTest : public ::testing::Test, protected RowSupply {
  protected:
   Node* bringRow(Node& list, std::size_t index) override {
@@ -21,7 +21,7 @@ class FocusKeeperTest : public ::testing::Test, protected RowSupply {
   }
   bool rowsComeLater() const override { return true; }
 
-  /// Takes the focus away from `name`, and shows `then`.
+  /// Removes the focused control `name` by showing `then`.
   void lose(std::string_view name, const ui::View& then, Sight sight = Sight::inView) {
     const Node& leaf = laid.leaf(name);
     keeper.removing(leaf, &leaf, nullptr, sight);
@@ -128,7 +128,7 @@ TEST_F(FocusKeeperTest, ASearchThatWaitsForRowsEndsAndKeepsItsOwnRow) {
   while (!kept.control() && kept.isUnfinished(nullptr)) {
     ASSERT_LT(++rounds, 200) << "it never comes to rest";
     ASSERT_EQ(kept.row()->rowIndex, 50u);
-    // What a page would do: the place's own row and one after the other of those on the way.
+    // Acts like a page: gets the row at the place and then one row after another into the tree.
     const std::size_t next = rounds <= 49 ? 50 + static_cast<std::size_t>(rounds)
                                           : 99 - static_cast<std::size_t>(rounds);
     rows.ask({{50, 51}, {next, next + 1}});

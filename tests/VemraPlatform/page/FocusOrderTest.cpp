@@ -12,7 +12,7 @@ using Direction = FocusOrder::Direction;
 
 namespace {
 
-/// Rows come when they are asked for, beside those that are there.
+/// Requested rows arrive at once, beside the existing ones.
 class FocusOrderTest : public ::testing::Test, protected RowSupply {
  protected:
   std::string first(Laid& laid, Direction direction = Direction::forward) {
@@ -48,7 +48,7 @@ class FocusOrderTest : public ::testing::Test, protected RowSupply {
 
   Laid* supplied = nullptr;
   int asked = 0;
-  bool isLate = false;  ///< rows that are not there come after the search
+  bool isLate = false;  ///< missing rows arrive after the search
 };
 
 ui::View controls(std::size_t count) {
@@ -206,7 +206,7 @@ TEST_F(FocusOrderTest, AResumedSearchContinuesAndNeverGoesBack) {
   std::vector<std::size_t> waitedFor;
   while (const auto waiting = order.waiting()) {
     waitedFor.push_back(waiting->row);
-    laid.ask({{waiting->row, waiting->row + 10}});  // those before it are gone again
+    laid.ask({{waiting->row, waiting->row + 10}});  // the rows before it have been removed again
     control = order.resume(*waiting);
   }
   EXPECT_EQ(shown(control), "after");
@@ -234,7 +234,7 @@ TEST_F(FocusOrderTest, NoControlIsFoundInARemovedParent) {
 }
 
 TEST_F(FocusOrderTest, EndsWhenTheTreeIsRemovedDuringTheSearch) {
-  // What a row shows cannot be read: the graph gives the whole tree up.
+  // The content of a row cannot be read: the graph removes the whole tree.
   const auto broken = [](const std::string&) -> ui::View {
     return ui::TextField(
         "f", ui::Binding<std::string>([]() -> std::string { throw 1; }, [](const std::string&) {}));

@@ -9,7 +9,7 @@ using ui::LayoutDirection;
 
 namespace {
 
-/// "head" of 20, then rows of 20 with a padding of 4 at the sides and none above, then "foot".
+/// "head", 20 high, then rows 20 high with a padding of 4 at the sides and none above, then "foot".
 ui::View page(std::size_t count) {
   return column(
       {text("head"), list(numbered(count)).padding(ui::Edges::horizontal, 4), text("foot")}, 10);

@@ -23,7 +23,7 @@ inline ui::Text text(std::string content) {
 inline ui::Button button(std::string title) {
   return ui::Button(ui::verbatim(std::move(title)), [] {});
 }
-/// A text field that holds a text.
+/// A text field with a text.
 inline ui::View field(std::string held) {
   return ui::TextField(
       "field", ui::Binding<std::string>([held] { return held; }, [](const std::string&) {}));
@@ -38,7 +38,7 @@ inline ui::View list(IDs ids, std::function<ui::View(const std::string&)> row = 
       std::move(ids), [](const std::string& id) -> const std::string& { return id; },
       std::move(row));
 }
-/// What a leaf shows, or of a field what it holds.
+/// The shown label of a leaf, or the text of a field.
 inline std::string nameOf(const Node& leaf) {
   return leaf.element.kind() == ui::ElementKind::textField ? leaf.element.text()
                                                            : std::string(leaf.element.shownLabel());
@@ -51,7 +51,7 @@ inline IDs numbered(std::size_t count) {
   return ids;
 }
 
-/// A view in a tree that is laid out on request, for tests of what stands below a whole page.
+/// A view in a tree that is laid out on request, for tests of the parts of a page.
 class Laid final : public ui::Renderer {
  public:
   explicit Laid(const ui::View& root, int newWidth = 300) : width(newWidth), tree([](Node&) {}) {
@@ -69,7 +69,7 @@ class Laid final : public ui::Renderer {
     graph.setRoot(root);
     layOut();
   }
-  /// Makes these rows of the first list the ones that are there.
+  /// Makes these rows the shown rows of the first list.
   void ask(std::vector<ui::RowRange> ranges) {
     graph.showRows(list().id, std::move(ranges));
     layOut();

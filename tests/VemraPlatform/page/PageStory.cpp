@@ -10,7 +10,7 @@ using ui::View;
 
 namespace {
 
-/// A button that opens an editor in its own place; Save closes it.
+/// A button that is replaced by an editor; Save closes the editor.
 struct Editor {
   static constexpr std::string_view name = "Editor";
   struct State {
@@ -31,8 +31,8 @@ struct Editor {
   ui::Properties properties(const State&) const { return {}; }
 };
 
-/// What tells a leaf of one page from those of another that shows the same: the row, and which leaf
-/// of the row, or of the page outside the list.
+/// Identifies a leaf in two pages with the same view: its row, and its number in the row, or on the
+/// page outside the list.
 using Place = std::pair<std::optional<std::size_t>, std::size_t>;
 
 std::vector<std::pair<Place, const Node*>> placesOf(const WindowedTree& tree) {
@@ -137,7 +137,8 @@ std::string PageStory::step() {
     default:
       what = press();
   }
-  // What a person does to the page may move it, and a focus that was lost may be brought into view.
+  // A person's action may scroll the page, and the page may scroll to the control that gets a lost
+  // focus.
   if (!host_.landed.empty() || what.starts_with("scroll")) anchored_.reset();
   // At its very top the page stays there, unless the focused element is in view.
   const auto isFocused = [&](const Seen& each) { return each.node == host_.focusedElement; };
@@ -325,7 +326,7 @@ std::string PageStory::brokenLikeness() {
                wholeFrames = whole.frames(graph_.environment().layoutDirection);
   const auto mine = placesOf(host_.page.tree());
   const auto theirs = placesOf(whole.tree);
-  // How much longer or shorter the rows above are estimated than they are.
+  // The difference between the estimated and the real height of the rows above.
   std::optional<int> shift;
   std::size_t next = 0;
   for (const auto& [place, leaf] : mine) {

@@ -10,7 +10,7 @@
 #include <vector>
 
 /// \file
-/// What happens to a page, at random, and the laws that hold after each step.
+/// Random steps on a page, and the laws that hold after each step.
 
 namespace vemra::page::sample {
 
@@ -31,20 +31,20 @@ struct Story {
   ui::View view() const;
 };
 
-/// Drives a windowed page at random, and finds the law that it breaks.
+/// Carries out random steps on a windowed page, and finds the law that it breaks.
 class PageStory {
  public:
   explicit PageStory(testing::Random& random);
   PageStory(const PageStory&) = delete;
   PageStory& operator=(const PageStory&) = delete;
 
-  /// Something happens to the page; says what.
+  /// Carries out a random step and returns its description.
   std::string step();
-  /// The first law that does not hold now; "" when all do.
+  /// The first law that is broken; "" when all hold.
   std::string broken();
 
  private:
-  /// An element in the viewport and where it stood there.
+  /// An element in the viewport and its position there.
   struct Seen {
     ui::NodeID node;
     int top = 0, height = 0;
@@ -65,8 +65,8 @@ class PageStory {
   std::size_t newID_ = 0;
   ui::ViewGraph graph_;
   CellHost host_{graph_};
-  /// What was in view before the last step, the focused element first; none after a step that may
-  /// move it.
+  /// The elements in view before the last step, the focused element first; none after a step that
+  /// may move them.
   std::optional<std::vector<Seen>> anchored_;
 };
 

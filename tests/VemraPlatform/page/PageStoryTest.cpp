@@ -1,9 +1,9 @@
 // The laws of a windowed page, over random lists, heights, sizes, scrolls, focus moves and presses:
-// - what is in view is what a page that lays out every row would show there;
-// - what the reader looks at does not move, unless the reader scrolls;
-// - the focus is never on what is not there, and never lands on what is not enabled;
-// - the rows that are there cover the viewport, and few others are;
-// - what is in view is drawn where it stands.
+// - the elements in view are those that a page that lays out every row shows there;
+// - the elements in view do not move, unless the reader scrolls;
+// - the focus is never on a missing element, and never moves to a disabled one;
+// - the rows with nodes cover the viewport, and few other rows have nodes;
+// - every element in view is drawn at its frame.
 
 #include "tests/VemraPlatform/page/PageStory.hpp"
 
@@ -14,7 +14,7 @@
 namespace vemra::page {
 
 TEST(PageStory, KeepsItsLaws) {
-  // VEMRA_STORIES asks for more of them, or for the one at which VEMRA_STORY begins.
+  // VEMRA_STORIES sets their number, and VEMRA_STORY the first one.
   const char* const wanted = std::getenv("VEMRA_STORIES");
   const char* const first = std::getenv("VEMRA_STORY");
   const std::uint64_t begin = first ? std::strtoull(first, nullptr, 10) : 1;

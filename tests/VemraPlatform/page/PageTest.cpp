@@ -48,7 +48,7 @@ class PageTest : public ::testing::Test {
     });
     return first;
   }
-  /// Where an element stands in the viewport.
+  /// The position of an element in the viewport.
   int top(std::string_view name) const {
     return host.page.frames().of(*find(name)).y - host.position;
   }
@@ -57,7 +57,7 @@ class PageTest : public ::testing::Test {
   CellHost host{graph};
 };
 
-/// Texts, but for a button that goes when it is pressed and one that stays.
+/// Texts, except for a button that disappears when it is pressed and one that stays.
 RowView rows(std::string goes, std::string stays = "") {
   return [=](const std::string& id) -> ui::View {
     if (id == goes) return Once{id};

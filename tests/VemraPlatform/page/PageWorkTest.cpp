@@ -1,5 +1,5 @@
-// The work of a page follows what is seen of it, not the length of its list: the same things happen
-// to a page of two hundred rows and to one of twenty thousand, and both make the same calls.
+// The work of a page follows its visible part, not the length of its list: the same steps on a page
+// of two hundred rows and on one of twenty thousand make the same calls.
 
 #include "tests/Random.hpp"
 #include "tests/VemraPlatform/page/CellHost.hpp"
@@ -19,7 +19,7 @@ using Direction = FocusOrder::Direction;
 
 namespace {
 
-/// What a page has asked of its graph and its host, counted.
+/// Counts the calls of a page to its graph and its host.
 struct Calls {
   std::uint64_t measured = 0, described = 0, rows = 0, nodes = 0, patches = 0, drawn = 0;
   friend bool operator==(const Calls&, const Calls&) = default;
@@ -59,7 +59,7 @@ struct LongPage {
   CellHost host{graph};
 };
 
-/// The same thing happens to the page whenever `random` begins with the same seed.
+/// Carries out a random step; the same seed gives the same steps.
 void happen(LongPage& page, testing::Random& random) {
   CellHost& host = page.host;
   switch (random.below(7)) {

@@ -1,4 +1,4 @@
-// Which rows came and which left, between two lists.
+// The rows that were added and removed between two lists.
 
 #include "VemraPlatform/page/RowChanges.hpp"
 #include "VemraPlatform/ui/View.hpp"
@@ -34,7 +34,8 @@ page::RowChanges changes(const IDs& before, const IDs& after, std::size_t most =
   return page::rowChanges(Rows(before), Rows(after), most);
 }
 
-/// What somebody has who takes out what left, from the end, and puts in what came, from the front.
+/// The list after removing the removed rows, from the end, and inserting the added ones, from the
+/// front.
 IDs followed(IDs rows, const IDs& after, const page::RowChanges& changes) {
   for (const std::size_t index : changes.left | std::views::reverse) {
     rows.erase(rows.begin() + static_cast<long>(index));

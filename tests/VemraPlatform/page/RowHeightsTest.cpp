@@ -10,7 +10,7 @@ using vemra::page::RowHeights;
 
 namespace {
 
-/// The same, the slow way.
+/// The same with a plain sum.
 struct Plain {
   std::vector<int> heights;
   int gap;

@@ -1,4 +1,4 @@
-// Which lists are windowed, and what a page forgets of a tree that patches change.
+// Which lists are windowed, and which measurements are discarded when patches change the tree.
 
 #include "tests/VemraPlatform/page/Laid.hpp"
 

@@ -14,7 +14,7 @@ inline task::Task<int> give(int value) {
   co_return value;
 }
 
-/// Something to wait for that the test opens by hand, once, on whatever thread it likes.
+/// Something to await that the test opens once, on any thread.
 class Gate {
  public:
   bool await_ready() const noexcept { return false; }
@@ -28,7 +28,7 @@ class Gate {
   std::coroutine_handle<> waiter_;
 };
 
-/// Threads that tasks go on on. Started from any thread, joined by the test.
+/// Threads on which tasks continue. Started from any thread, joined by the test.
 class Threads {
  public:
   template <class Work>
@@ -52,7 +52,7 @@ class Threads {
   std::vector<std::thread> threads_;
 };
 
-/// Waiting for this goes on, at once, on a thread of its own.
+/// A coroutine that awaits this continues at once, on a thread of its own.
 class Elsewhere {
  public:
   explicit Elsewhere(Threads& threads) : threads_(threads) {}

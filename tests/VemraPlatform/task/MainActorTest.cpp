@@ -16,7 +16,7 @@ namespace {
 
 using task::MainActor;
 
-/// Asked while the program is still being initialised, perhaps before the main actor's own file is.
+/// Read while the program is still being initialised, perhaps before the main actor's own file is.
 const bool isCurrentAtFirst = MainActor::isCurrent();
 
 bool isCurrentOnAnotherThread() {
@@ -57,7 +57,7 @@ TEST(MainActor, IsTheFirstThreadForALibraryLoadedOnAnotherThread) {
   EXPECT_TRUE(isCurrent());
 }
 
-/// Forks on the calling thread and gives what `work` returns in the child.
+/// Forks on the calling thread and returns the result of `work` in the child.
 template <class Work>
 int inChild(const Work& work) {
   const pid_t child = fork();
@@ -113,7 +113,7 @@ TEST_F(MainActorDeathTest, IsTheAdoptedThreadAndNoLongerTheFirst) {
       MainActor::assertIsolated("GoalResultView.body");
     }).join();
     if (MainActor::isCurrent()) _exit(3);
-    // The thread has ended. A new one, perhaps with its id, is none.
+    // The thread has ended. A new thread, perhaps with its id, is not the main thread.
     if (isCurrentOnAnotherThread()) _exit(4);
     _exit(0);
   };

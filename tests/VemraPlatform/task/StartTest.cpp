@@ -132,7 +132,7 @@ Task<int> hop(Threads* threads, int times) {
   co_return value;
 }
 
-/// The end on one thread and the awaiting of it on another meet in every order.
+/// A task may end on one thread before or after another thread awaits it.
 TEST(Wait, ContinuesWhicheverThreadIsFirst) {
   for (int round = 0; round < 50; ++round) {
     Threads threads;

@@ -99,7 +99,7 @@ TEST(Task, WithoutAValueRunsToItsEnd) {
   EXPECT_EQ(runs.use_count(), 1);
 }
 
-/// An error with an address to tell it by, and no copy.
+/// An error that cannot be copied and is recognised by its address.
 struct Failure : std::runtime_error {
   explicit Failure(const Failure** place) : std::runtime_error("failed") { *place = this; }
 };
@@ -221,7 +221,7 @@ TEST(Task, MayEndWhileAnotherTaskIsBeingStarted) {
   EXPECT_EQ(ends, (std::vector<int>{4, 8})) << "each has a waiter of its own";
 }
 
-/// Goes on within a task that is started meanwhile.
+/// Continues inside a task that is started meanwhile.
 struct WithinAnother {
   Task<int> (*other)(std::coroutine_handle<>);
 

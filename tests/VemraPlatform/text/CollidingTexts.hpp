@@ -9,10 +9,10 @@
 namespace vemra::testing {
 
 /// Texts of 16 printable ASCII characters that libstdc++'s `std::hash` on 64 bits (MurmurHash64A
-/// with a fixed seed) takes to one value: what a hostile document brings to make tables slow.
+/// with a fixed seed) maps to one value: a hostile document may contain them to make tables slow.
 ///
 /// Each step of that hash can be run backwards. So the second half of a text follows from the first
-/// and from where the hash is to come out; only halves that can be printed are kept.
+/// and from the wanted hash; only printable halves are used.
 inline std::vector<std::string> collidingTexts(std::size_t count) {
   constexpr std::uint64_t factor = 0xC6A4A7935BD1E995U;
   constexpr std::uint64_t inverse = [] {

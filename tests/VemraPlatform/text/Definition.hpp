@@ -9,11 +9,11 @@
 #include <unicode/utf8.h>
 
 /// \file
-/// What the functions of `VemraPlatform/text` decide, once more: plainly, and by ICU alone.
+/// Plain second implementations of the functions of `VemraPlatform/text`, by ICU alone.
 
 namespace vemra::testing {
 
-/// Says whether ICU finds nothing but well-formed UTF-8.
+/// Whether ICU reads the whole text as well-formed UTF-8.
 inline bool isWellFormedByDefinition(std::string_view text) {
   const auto length = static_cast<std::int32_t>(text.size());
   for (std::int32_t index = 0; index < length;) {
@@ -34,8 +34,7 @@ inline icu::UnicodeString decomposedByDefinition(std::string_view text) {
   return result;
 }
 
-/// Says whether two texts are the same: the same bytes, or both well-formed and canonically
-/// equivalent.
+/// Whether two texts are equal: the same bytes, or both well-formed and canonically equivalent.
 inline bool areSameByDefinition(std::string_view a, std::string_view b) {
   if (a == b) return true;
   return isWellFormedByDefinition(a) && isWellFormedByDefinition(b) &&

@@ -46,7 +46,7 @@ class NormalizationRows : public ::testing::Test {
     EXPECT_EQ(text::hash(a), text::hash(b)) << inHex(a) << "and " << inHex(b);
   }
 
-  /// Two texts are to be equal exactly when their given decompositions are the same bytes.
+  /// Two texts must be equal exactly when their decompositions in the file are the same bytes.
   static void expectByDecomposition(const std::string& a, const std::string& decomposedA,
                                     const std::string& b, const std::string& decomposedB) {
     EXPECT_EQ(text::equal(a, b), decomposedA == decomposedB) << inHex(a) << "and " << inHex(b);

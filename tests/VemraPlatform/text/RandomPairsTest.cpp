@@ -1,5 +1,5 @@
-// Random pairs against the definition, written down plainly: equal bytes, or both well-formed and
-// with the same Normalization Form D. Whatever makes the comparison fast has to agree with it.
+// Random pairs, compared with a plain implementation of the definition: equal bytes, or both
+// well-formed and with the same Normalization Form D. The fast comparison must agree with it.
 
 #include "VemraPlatform/text/Equality.hpp"
 #include "tests/VemraPlatform/text/Definition.hpp"

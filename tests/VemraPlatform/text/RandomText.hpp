@@ -12,7 +12,7 @@
 
 namespace vemra::testing {
 
-/// Characters that normalisation does something with, their parts, and ordinary ones between them.
+/// Characters that normalisation changes, their parts, and ordinary characters.
 inline constexpr std::u32string_view normalisedAlphabet =
     U"abcdefghiK;` \u00E9\u00E8\u00C5\u212B\u212A\u037E\u1FEF\u0301\u0300\u0323\u0302\u030A\u0308"
     U"\u0344\u1EAD\u01D5\u00DC\u0304\u1112\u1161\u11AB\uD558\uD55C\u0915\u093C\u0958\u3099\u304B"
@@ -61,7 +61,7 @@ class RandomText {
     return units.toUTF8String(variant);
   }
 
-  /// Now and then breaks a text by changing one byte.
+  /// Sometimes makes a text ill-formed by changing one byte.
   void spoil(std::string& text) {
     if (!text.empty() && random_.oneIn(8)) {
       text[random_.below(text.size())] = static_cast<char>(random_.below(256));

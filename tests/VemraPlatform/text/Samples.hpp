@@ -5,7 +5,7 @@
 
 namespace vemra::testing {
 
-/// UTF-8 of a scalar, or of what would be one: surrogates are written too, and are then ill-formed.
+/// The UTF-8 bytes of a code point. Surrogates are written too; the text is then ill-formed.
 inline std::string utf8(char32_t scalar) {
   const auto byte = [](char32_t value) {
     return static_cast<char>(static_cast<unsigned char>(value));

@@ -44,7 +44,7 @@ TEST(Trim, TrimsATextOfBlanksToNothing) {
 }
 
 TEST(Trim, WorksByScalarAndNotByCharacter) {
-  // With the mark, the blank before it is one character; it goes all the same.
+  // The blank and the mark are one character, but the blank is still removed.
   EXPECT_EQ(text::trimmed(" \u0301a"), "\u0301a");
   EXPECT_EQ(text::trimmed("\r\n\u0301"), "\u0301");
 }

@@ -9,7 +9,7 @@
 namespace vemra::testing {
 namespace {
 
-/// ICU's reading, as the second opinion.
+/// The same with ICU, for comparison.
 bool isWellFormedForICU(std::string_view text) {
   std::size_t index = 0;
   while (index < text.size()) {

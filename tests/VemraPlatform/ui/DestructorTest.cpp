@@ -94,7 +94,7 @@ class DestructorTest : public ::testing::Test {
   static View holding(Held held) {
     return Button(verbatim("holding"), [held = std::move(held)] {});
   }
-  /// Names all nodes below `node`, and itself, as those that are about to go.
+  /// Records `node` and all nodes below it as those that will be removed.
   void nameAsGone(const Node* node) {
     gone.push_back(node->id);
     for (const Node* child : node->children) nameAsGone(child);

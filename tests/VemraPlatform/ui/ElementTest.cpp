@@ -129,7 +129,7 @@ TEST(ElementTest, IsEqualExactlyWhenAllShownAndSpokenValuesAreEqual) {
       EXPECT_EQ(elementOf(kinds[i]()) == elementOf(kinds[j]()), i == j) << i << " and " << j;
     }
   }
-  // What a view holds, and what it does, are not part of its element.
+  // A view's children and its action are not part of its element.
   EXPECT_EQ(elementOf(Group({Text("a")})), elementOf(Group({})));
   EXPECT_EQ(elementOf(Counter{"a"}), elementOf(Counter{"b"}));
   EXPECT_FALSE(Element(Text("a"), Style{}, {}) ==

@@ -17,7 +17,7 @@ using namespace sample;
 
 using Texts = std::vector<std::string>;
 
-/// A table that counts what it is asked.
+/// A table that counts its look-ups.
 class Table final : public StringsTable {
  public:
   explicit Table(std::map<std::string, std::string, std::less<>> entries)

@@ -14,7 +14,7 @@ using namespace sample;
 
 using Texts = std::vector<std::string>;
 
-/// Shows its text, or throws when a test asks for that.
+/// Shows its text, or throws when a test sets that.
 struct Fragile {
   static constexpr std::string_view name = "Fragile";
   using State = Counter::State;
@@ -142,7 +142,8 @@ TEST_F(ExceptionTest, DescribingARowThatThrowsRethrowsAndLeavesAnEmptyRow) {
   graph.detach();
 }
 
-// What else a description calls may fail halfway through a list of children. Then the tree goes.
+// Other code that a description calls may fail halfway through a list of children. Then the graph
+// removes the tree.
 
 TEST_F(ExceptionTest, ABindingThatCannotBeReadRemovesTheWholeTree) {
   graph.setRoot(Group({Counter{"a"}, Text("b")}));

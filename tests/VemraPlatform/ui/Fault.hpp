@@ -7,7 +7,7 @@
 
 namespace vemra::ui::sample {
 
-/// What the tests' views throw.
+/// The exception of the tests' views.
 struct Fault : std::runtime_error {
   using std::runtime_error::runtime_error;
 };

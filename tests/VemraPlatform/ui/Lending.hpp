@@ -13,7 +13,7 @@ namespace vemra::ui::sample {
 
 using CounterState = LocalState<Counter::State>;
 
-/// A view that lets the test have its state.
+/// A view that gives the test its state.
 struct Lending {
   static constexpr std::string_view name = "Lending";
   using State = Counter::State;

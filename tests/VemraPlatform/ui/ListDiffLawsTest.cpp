@@ -26,7 +26,7 @@ Items randomItems(Random& random) {
   return all;
 }
 
-/// A few changes away from `items`, as lists on a screen mostly are.
+/// `items` after a few changes, as is usual for lists on a screen.
 Items changed(Items items, Random& random) {
   for (std::size_t changes = random.below(4); changes > 0; --changes) {
     const auto at = items.begin() + static_cast<std::ptrdiff_t>(random.below(items.size() + 1));
@@ -66,7 +66,7 @@ Items carriedOut(Items list, const std::vector<ListOperation>& steps) {
   return list;
 }
 
-/// The length of a longest increasing run of old places, found the slow and obvious way.
+/// The length of a longest increasing run of old places, by the simple quadratic algorithm.
 std::size_t longestKeptRun(const Items& before, const Items& after) {
   std::vector<std::ptrdiff_t> places;
   for (const NodeID item : after) {
@@ -146,9 +146,8 @@ TEST(ListDiffLawsTest, RemovalsComeFirstAndNoItemIsNamedTwice) {
   });
 }
 
-// Why a place is a neighbour: the very same steps with the item's index in the new list in its
-// stead, carried out in the same order, look right and are not. What still has to move away counts
-// in the index at that time.
+// The reason for naming a place by its neighbour: the same steps with the item's index in the new
+// list instead give wrong lists, because items that have yet to move away still count in the index.
 TEST(ListDiffLawsTest, TheSameStepsPlacedByIndexGiveWrongLists) {
   int wrong = 0;
   forRandomPairs([&](const Items& before, const Items& after) {

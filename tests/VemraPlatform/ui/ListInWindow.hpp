@@ -30,7 +30,7 @@ class ListInWindow : public ::testing::Test {
   }
   const Node& forEach() { return *firstOf(graph.root(), ElementKind::forEach); }
   std::vector<std::string> shown() { return texts(graph.root()); }
-  /// Presses "+" in a row, which is looked at when it is not shown.
+  /// Presses "+" in a row; looks at the row when it is not shown.
   void pressRow(std::size_t index) {
     const Node* row = graph.find(graph.lookAtRow(forEach().id, index));
     ASSERT_TRUE(row);

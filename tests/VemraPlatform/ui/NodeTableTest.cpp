@@ -15,7 +15,7 @@ using vemra::ui::NodeTable;
 
 namespace {
 
-/// A value that says goodbye.
+/// A value that reports its destruction.
 struct Mortal {
   explicit Mortal(std::function<void()> onDestruction) : onDestruction_(std::move(onDestruction)) {}
   Mortal(Mortal&& other) noexcept : onDestruction_(std::exchange(other.onDestruction_, nullptr)) {}

@@ -8,7 +8,7 @@
 #include <string>
 
 /// \file
-/// Patches written by hand, for tests of what carries them out.
+/// Patches written by hand, for tests of code that applies patches.
 
 namespace vemra::ui::sample {
 

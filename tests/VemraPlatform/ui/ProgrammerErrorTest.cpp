@@ -1,5 +1,5 @@
-// What the view layer writes before it aborts: the whole line, which names the view, its identifier
-// and its row, and nothing that it does not have.
+// The line that the view layer writes before it aborts: it names the view, its identifier and its
+// row, and omits those that the view does not have.
 
 #include "tests/VemraPlatform/ui/Lending.hpp"
 

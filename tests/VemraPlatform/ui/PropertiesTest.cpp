@@ -1,4 +1,4 @@
-// What composites tell of themselves.
+// The properties of composites.
 
 #include "tests/VemraPlatform/ui/Lending.hpp"
 

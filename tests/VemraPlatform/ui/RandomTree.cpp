@@ -8,7 +8,7 @@ namespace vemra::ui::sample {
 
 namespace {
 
-// Each row: ways to write one and the same key.
+// Each line: spellings of one key.
 const std::array<std::vector<std::string>, 5> spellings = {{
     {"a"},
     {"b"},
@@ -27,7 +27,7 @@ std::string_view caseName(Fruit fruit) {
   return fruit == Fruit::apple ? "apple" : "pear";
 }
 
-/// A composite that holds other views, with a number of its own.
+/// A composite that contains other views, with a number as its state.
 struct Holder {
   static constexpr std::string_view name = "Holder";
   using State = Counter::State;
@@ -127,7 +127,7 @@ void addNames(const Plan& plan, const Node& node, const std::string& name, Names
     const Plan& child = plan.children[slot];
     const bool isRow = plan.kind == Plan::Kind::list;
     if (child.absent && !isRow) continue;
-    // An absent row is shown as an empty group that stands in no branch.
+    // An absent row is shown as an empty group outside any branch.
     const std::string what =
         child.absent ? std::to_string(static_cast<int>(Plan::Kind::group)) : kindAndBranch(child);
     std::string place = "slot" + std::to_string(slot);

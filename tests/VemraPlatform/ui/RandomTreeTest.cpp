@@ -8,8 +8,8 @@ namespace vemra::ui {
 
 using namespace sample;
 
-// The laws of identity, of state and of patches, compared with an account of places that knows
-// nothing of the view layer's own.
+// The laws of identity, of state and of patches, compared with a model of places that shares no
+// code with the view layer.
 TEST(RandomTreeTest, NodesStateAndPatchesFollowIdentity) {
   constexpr int chains = rounds(1'700);
   constexpr int steps = 12;

@@ -1,4 +1,4 @@
-// A root that is handed in while the graph is at work.
+// Setting a root while the graph is busy.
 
 #include "tests/VemraPlatform/ui/Sample.hpp"
 

@@ -1,4 +1,4 @@
-// Rows found by their ids, in passes that end as soon as they may.
+// Finding rows by their ids, in passes that end as early as possible.
 
 #include "VemraPlatform/ui/Identity.hpp"
 #include "VemraPlatform/ui/RowSource.hpp"
@@ -16,7 +16,7 @@ namespace {
 
 using Indexes = std::vector<std::size_t>;
 
-/// Rows with these ids, which notes the last index whose id was asked for.
+/// Rows with these ids; records the last index whose id was read.
 class Ids final : public RowSource {
  public:
   explicit Ids(std::vector<std::string> ids) : ids_(std::move(ids)) {}

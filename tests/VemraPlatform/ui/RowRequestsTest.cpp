@@ -47,7 +47,7 @@ TEST(RowRequests, EachListGetsItsOwnRequest) {
   graph.detach();
 }
 
-// The row's state lies behind a list of which nothing sleeps.
+// The row's state is behind a list without sleeping rows.
 TEST(RowRequests, ARowWakesBehindAListWithoutSleepingRows) {
   ViewGraph graph;
   Window window;

@@ -15,7 +15,7 @@ std::string idOf(const ListRow& row) {
   return spellings[row.spelling % spellings.size()];
 }
 
-/// How many rows the list inside a row has, for each meaning.
+/// The number of rows of the list inside a row, for each id.
 std::size_t innerCount(std::size_t meaning) {
   return meaning % 3;
 }
@@ -36,7 +36,7 @@ NodeID listOf(const Node* node) {
   return found ? found->id : NodeID{};
 }
 
-/// The node of a counter, by looking where it is not shown.
+/// The node of a counter; looks at the row when it is not shown.
 const Node* counterAt(ViewGraph& graph, std::size_t row, std::size_t counter) {
   const Node* outer = graph.find(graph.lookAtRow(listOf(graph.root()), row));
   if (!outer || counter == 0) return outer ? outer->children[0] : nullptr;

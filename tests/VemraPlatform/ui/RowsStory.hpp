@@ -9,9 +9,9 @@
 #include <vector>
 
 /// \file
-/// A renderer of every row and a renderer of windows, driven by the same random life: they must come
-/// to the same states. What nobody looks at may sleep, and nothing else may come of it. Both are
-/// compared with a model that knows only "an id, and how many of it stand before".
+/// A renderer of every row and a renderer of windows, with the same random events: they must end
+/// with the same states. Rows out of the window may sleep, which must have no other effect. Both
+/// are compared with a model in which a row is "an id, and the number of equal ids before it".
 
 namespace vemra::ui::sample {
 
@@ -25,7 +25,7 @@ using RowList = std::vector<ListRow>;
 /// The counters of one row: its own, then those of its inner list.
 using Counts = std::vector<int>;
 
-/// What should be: counts by id and occurrence.
+/// The expected counts by id and occurrence.
 class RowsModel {
  public:
   void setRows(RowList rows);
@@ -41,10 +41,10 @@ class RowsModel {
   std::map<Identity, Counts> counts_;
 };
 
-/// One life of a list, told to both renderers; compares by GoogleTest's assertions.
+/// One story of a list, shown by both renderers; compares with GoogleTest's assertions.
 class RowsStory {
  public:
-  /// `random` chooses what happens and must outlive the story.
+  /// `random` chooses the events and must outlive the story.
   explicit RowsStory(Random& random);
   RowsStory(const RowsStory&) = delete;
   RowsStory& operator=(const RowsStory&) = delete;
@@ -55,7 +55,7 @@ class RowsStory {
   /// Compares the state of every counter with the model's.
   void compareStates();
 
-  /// How many of the compared counters were no longer 0 while a window showed something else.
+  /// The number of compared counters that were not 0 while out of the window.
   int slept() const { return slept_; }
 
  private:

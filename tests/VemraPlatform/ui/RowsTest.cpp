@@ -1,4 +1,4 @@
-// Which rows of a list are described, and how each is found again in the next list.
+// Which rows of a list are described, and how each is matched in the next list.
 
 #include "tests/VemraPlatform/ui/ListInWindow.hpp"
 

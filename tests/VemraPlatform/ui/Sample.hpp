@@ -50,7 +50,7 @@ inline Element elementOf(const View& view, const Environment& environment = {}) 
   return Element(view, Style{}, environment);
 }
 
-/// One line of a list: an id and what is shown for it.
+/// One line of a list: an id and its shown text.
 struct Line {
   std::string id;
   std::string text = {};
@@ -69,7 +69,7 @@ inline std::vector<Line> numbered(std::size_t count) {
   return lines;
 }
 
-/// A renderer of windows: it gets the rows that it asks for, and keeps every patch.
+/// A renderer of windows: it gets the rows that it requests, and keeps every patch.
 class Window final : public Renderer {
  public:
   RowDemand rowDemand() const override { return RowDemand::onRequest; }
@@ -80,7 +80,7 @@ class Window final : public Renderer {
     if (changes.environment) environments.push_back(*changes.environment);
     if (onApply) onApply(changes.patches);
   }
-  /// What has arrived since the last call.
+  /// The patches since the last call.
   std::vector<Patch> take() { return std::exchange(log, {}); }
   std::vector<ListRows> takeLists() { return std::exchange(lists, {}); }
 

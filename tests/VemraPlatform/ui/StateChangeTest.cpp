@@ -1,4 +1,4 @@
-// What a write makes the graph describe again, and when none is allowed.
+// Which views the graph describes again after a write, and when no write is allowed.
 
 #include "tests/VemraPlatform/ui/Lending.hpp"
 

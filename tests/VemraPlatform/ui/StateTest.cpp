@@ -1,4 +1,4 @@
-// Where state lives, how long it is kept, and who reads and writes it.
+// Where state is stored, how long it is kept, and which code reads and writes it.
 
 #include "tests/VemraPlatform/ui/Lending.hpp"
 

@@ -8,10 +8,10 @@
 
 namespace vemra::ui::sample {
 
-/// A view graph that is shown one random tree after the other.
+/// A view graph that shows one random tree after another.
 ///
-/// Each step compares the graph's nodes, their state and what a renderer got with an account of
-/// places of its own, by GoogleTest's assertions.
+/// Each step compares the graph's nodes, their state and the renderer's tree with a model of places
+/// of its own, with GoogleTest's assertions.
 class TreeStory {
  public:
   /// `random` chooses the trees and must outlive the story.
@@ -22,7 +22,7 @@ class TreeStory {
   /// Shows the next tree and compares.
   void step();
 
-  /// How many places were the same before and after a step, over all steps.
+  /// The number of places that were the same before and after a step, over all steps.
   int keptPlaces() const { return kept_; }
 
  private:

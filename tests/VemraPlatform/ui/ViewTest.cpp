@@ -1,4 +1,4 @@
-// The example in View.hpp, compiled and tried.
+// Compiles and runs the example in View.hpp.
 
 #include "tests/VemraPlatform/ui/Sample.hpp"
 

@@ -1,4 +1,4 @@
-// What is left of the state that slept in a row when something throws as the row wakes.
+// What remains of a row's sleeping state after an exception while the row wakes.
 
 #include "tests/VemraPlatform/ui/Fault.hpp"
 
@@ -31,7 +31,7 @@ void countUp(ViewGraph& graph, const Node* node) {
   for (const Node* child : std::vector<Node*>(node->children)) countUp(graph, child);
 }
 
-/// Contains a counter, or throws when a test asks for that.
+/// Contains a counter, or throws when a test sets that.
 struct FragileHolder {
   const bool* fails;
   std::string title;
@@ -41,7 +41,7 @@ struct FragileHolder {
   }
 };
 
-/// The same with a list.
+/// The same with a list instead of a counter.
 struct FragileList {
   const bool* fails;
   View body() const {
@@ -54,7 +54,8 @@ struct FragileList {
 
 TEST_F(WakingExceptionTest, ARowThatThrowsWhileItWakesKeepsItsStateForTheNextTry) {
   bool fails = false;
-  // One row is of the kind that stands in for a row that cannot be described, one is not.
+  // One row has the kind of the replacement for a row that cannot be described, one has another
+  // kind.
   const View screen = list({{"a"}, {"b"}, {"c"}}, [&](const Line& line) -> View {
     if (fails) throw Fault("row " + line.id);
     return line.id == "a" ? Group({Counter{"a"}}) : View(Counter{line.id});
@@ -92,7 +93,7 @@ TEST_F(WakingExceptionTest, ARowThatThrowsWhileItWakesKeepsItsStateForTheNextTry
 
 TEST_F(WakingExceptionTest, ABodyThatThrowsWhileItsRowWakesKeepsTheSavedStateBelowIt) {
   bool fails = false;
-  // One row is the composite itself, in one it stands between others.
+  // One row is the composite itself; in the other the composite is between other views.
   const View screen = list({{"a"}, {"b"}, {"c"}}, [&](const Line& line) -> View {
     if (line.id == "a") return FragileHolder{&fails, "a"};
     return Group({Counter{"x"}, FragileHolder{&fails, line.id}, Counter{"y"}});

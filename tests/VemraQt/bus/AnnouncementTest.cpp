@@ -34,7 +34,7 @@ void erasePerson(WindowHost& host, std::size_t index) {
 
 class Announcements : public ::testing::Test {
  protected:
-  /// Qt meets the bus some turns of the event loop after it has started.
+  /// Qt connects to the bus some turns of the event loop after it has started.
   void SetUp() override {
     ASSERT_TRUE(QTest::qWaitFor([] { return QAccessible::isActive(); }))
         << "there are no events without an accessibility bus";

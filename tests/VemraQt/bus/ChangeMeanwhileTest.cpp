@@ -69,7 +69,7 @@ class ChangeMeanwhile : public ::testing::Test {
     for (int i = 0; i < page().childCount(); ++i) names.push_back(name(*page().child(i)));
     return names;
   }
-  /// Asks for the state of everything, as a client does that wants to hear what scrolls.
+  /// Reads the state of every object, like a client that wants to be notified of scrolling.
   void askForStates() const {
     for (QAccessibleInterface* element : elementsBelow(page())) (void)element->state();
   }
@@ -129,7 +129,7 @@ TEST_F(ChangeMeanwhile, NewNamesAreAllAnnouncedAlsoWhenARootIsSetMeanwhile) {
   EXPECT_THAT(names(), ElementsAre("three"));
 }
 
-// Scrolling happens outside of the graph's work: what is set then is shown at once.
+// Scrolling happens outside of the graph's work, so a root that is set then is shown at once.
 TEST_F(ChangeMeanwhile, ElementsRemovedBeforeTheirTurnAreNotAnnounced) {
   widget->setRoot(rows(300));
   askForStates();
@@ -188,7 +188,7 @@ TEST_F(ChangeMeanwhile, AnEventLoopThatRunsMeanwhileDoesNoHarm) {
   int heard = 0;
   const Observer observer([&](QAccessibleEvent&) {
     ++heard;
-    QApplication::processEvents();  // deletes the objects of what is gone
+    QApplication::processEvents();  // deletes the objects of removed elements
     askForStates();
   });
   widget->setRoot(rows(3));

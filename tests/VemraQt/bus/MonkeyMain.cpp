@@ -1,6 +1,7 @@
-// The monkey at a window that clients on the accessibility bus use meanwhile. Writes "ready", waits
-// for a line on standard input, and tells one long story; what a client does in between is done to
-// the screen without a window, too. Ends with what clients have done, or with what went wrong.
+// Random steps on a window that clients on the accessibility bus use meanwhile. Writes "ready",
+// waits for a line on standard input, and carries out one long story; the actions of clients are
+// also carried out on the screen without a window. At the end writes the number of the clients'
+// actions, or the disagreement.
 
 #include "tests/VemraQt/monkey/Agreement.hpp"
 #include "tests/VemraQt/monkey/Twins.hpp"

@@ -1,5 +1,5 @@
-// The goal screen in a window, for a client on the accessibility bus. Tells on standard output what
-// the host is asked, and takes from standard input what the host does:
+// The goal screen in a window, for a client on the accessibility bus. Writes the calls of the host
+// to standard output, and reads the host's changes from standard input:
 //
 //     remove REF       the person leaves        insert REF     a new person comes first
 //     shuffle          the order is reversed    scroll TO      the page scrolls, to pixels

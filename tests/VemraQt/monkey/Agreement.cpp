@@ -62,7 +62,7 @@ void expectShows(QWidget& widget, const page::Node& leaf) {
   }
 }
 
-/// Every widget shows its element, in its place; what is in view has one.
+/// Every widget shows its element at the element's frame, and every element in view has a widget.
 void expectWidgets(Twins& twins, const std::vector<const page::Node*>& leaves) {
   const qt::Page& page = qttest::pageOf(twins.widget);
   const QRect viewport(QPoint(0, 0), twins.widget.viewport()->size());
@@ -107,7 +107,8 @@ void expectWidgets(Twins& twins, const std::vector<const page::Node*>& leaves) {
   }
 }
 
-/// No element covers another, and they stand as they are read: each below, or behind on the line.
+/// No element covers another, and they are in reading order: each below the previous one, or after
+/// it on the line.
 void expectReadingOrder(Twins& twins, const std::vector<const page::Node*>& leaves) {
   const qt::Page& page = qttest::pageOf(twins.widget);
   const bool mirrored = twins.widget.layoutDirection() == Qt::RightToLeft;
@@ -122,7 +123,7 @@ void expectReadingOrder(Twins& twins, const std::vector<const page::Node*>& leav
   }
 }
 
-/// The rows in view are there, and of the others no more than may be kept.
+/// The rows in view have nodes, and of the others no more than may be kept.
 void expectRows(Twins& twins) {
   const qt::Page& page = qttest::pageOf(twins.widget);
   const int height = twins.widget.viewport()->height();
@@ -209,7 +210,7 @@ void expectHeardRow(Twins& twins, QAccessibleInterface& page, std::size_t first,
     fail("a group of " + std::to_string(group->childCount()) + " for a row of " +
          std::to_string(elements.size()));
   }
-  // The person's name; of a person whose name is blank, the reason that stands below it.
+  // The person's name; for a blank name, the reason below it.
   const std::string_view title = elements.front()->element.shownLabel();
   const std::string_view called = text::isBlank(title) ? elements[1]->element.shownLabel() : title;
   if (group->text(QAccessible::Name).toStdString() != called) {
@@ -246,7 +247,7 @@ void expectAgreementEverywhere(Twins& twins) {
     fail("assistive technology counts " + std::to_string(page.childCount()) + " children, not " +
          std::to_string(outside.size() + rows));
   }
-  // The title and the heading stand before the people.
+  // The title and the heading are before the people.
   constexpr std::size_t first = 2;
   for (std::size_t i = 0; i < outside.size(); ++i) {
     expectHeard(page.child(static_cast<int>(i < first ? i : i + rows)), *outside[i]);

@@ -4,12 +4,13 @@
 
 namespace vemra::monkey {
 
-/// Throws `Disagreement` unless both hosts were asked the same and everything that the window holds
-/// just now (nodes, layout, widgets, focus) is as the screen without a window says. Looks at no
-/// row that is not near the viewport.
+/// Throws `Disagreement` unless both hosts got the same calls and the window's present content
+/// (nodes, layout, widgets, focus) agrees with the screen without a window. Reads only rows near
+/// the viewport.
 void expectAgreement(Twins& twins);
 
-/// The same of every row, and of what assistive technology sees of it; of very many rows, of some.
+/// The same for every row, and for its accessible objects; for a very long list, only for some
+/// rows.
 void expectAgreementEverywhere(Twins& twins);
 
 }  // namespace vemra::monkey

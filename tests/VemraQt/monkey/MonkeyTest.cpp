@@ -1,9 +1,9 @@
-// A monkey at the window: at random it presses, types, chooses, scrolls and resizes while results
-// change under its hands; a screen without a window is told what that must amount to, and both
-// have to agree after every step.
+// Random steps on a window: presses, typing, choosing, scrolling and resizing while results change.
+// A screen without a window gets the equivalent events, and both must agree after every step.
 //
-// When they do not, the test prints the shortest story it can find that ends the same way, to be
-// pasted into a test of its own: EXPECT_EQ(tell(0, Story{…}), std::nullopt). A story is chosen by its seed:
+// When they do not, the test prints the shortest story it can find that fails in the same way, to
+// paste into a test of its own: EXPECT_EQ(tell(0, Story{…}), std::nullopt). A story is chosen by
+// its seed:
 //
 //     VEMRA_MONKEY_SEED=12 VEMRA_MONKEY_STEPS=400 build/debug/tests/test_monkey --gtest_filter='*ChosenSeed*'
 

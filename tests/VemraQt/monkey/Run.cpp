@@ -22,7 +22,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// All is compared after so many steps; and every row, also those that are nowhere near.
+// The number of steps between two comparisons of everything; and between two of every row, also
+// those far from the viewport.
 constexpr std::size_t stepsBetweenLooks = 4;
 constexpr std::size_t stepsBetweenFullLooks = 100;
 constexpr std::chrono::seconds longestShortening{20};
@@ -80,7 +81,7 @@ std::optional<Failure> run(const Story& story, std::size_t between) {
   return failure;
 }
 
-/// Leaves out ever smaller parts of the story, as long as it still fails in much the same way.
+/// Omits smaller and smaller parts of the story while it still fails in a similar way.
 Story shortened(Story story, const std::string& what) {
   const auto failsAlike = [&](const Story& shorter) {
     auto failure = run(shorter, 1);

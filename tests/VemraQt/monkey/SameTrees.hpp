@@ -12,10 +12,10 @@ namespace vemra::monkey {
 /// The element on a line of its own, for a message.
 std::string described(const ui::Element& element);
 
-/// The window's nodes as far as it has any, against the whole tree.
+/// Compares the window's nodes, as far as it has any, with the whole tree.
 void expectSame(Twins& twins, const ui::Node& mine, const Twins::Element& theirs);
 
-/// What is laid out is what the graph shows.
+/// Checks that the laid-out tree is the graph's tree.
 void expectSame(const ui::Node& graph, const page::Node& page);
 
 }  // namespace vemra::monkey

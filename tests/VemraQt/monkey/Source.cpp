@@ -103,7 +103,7 @@ void changePeople(People& people, const Step& step, std::optional<std::size_t> f
   const auto at = [&](std::uint32_t figure) {
     return people.begin() + static_cast<std::ptrdiff_t>(figure % people.size());
   };
-  // Half of the changes to a person are changes to the person with the keyboard focus.
+  // Half of the changes to a person concern the person with the keyboard focus.
   auto one = people.empty() ? people.end() : at(step.b);
   if (focused && *focused < people.size() && step.c % 2 == 0) {
     one = people.begin() + static_cast<std::ptrdiff_t>(*focused);
@@ -123,7 +123,7 @@ void changePeople(People& people, const Step& step, std::optional<std::size_t> f
     case 3:
       if (mayGrow) people.insert(one, personOf(refOf(step.c), step.b));
       break;
-    case 4:  // above, so that what is seen moves down
+    case 4:  // above, so that the elements in view move down
       people.insert(people.begin(), personOf(refOf(step.c), step.b));
       if (!mayGrow) people.pop_back();
       break;

@@ -10,20 +10,20 @@
 #include <vector>
 
 /// \file
-/// Where the screen's results come from: a host, and what happens to results at their source.
+/// The source of the screen's results: a host, and changes of its results.
 
 namespace vemra::monkey {
 
 using Result = GetGoalSnapshotResponse;
 
-/// What a host does when it is asked to record an outcome.
+/// The host's reaction to a recorded outcome.
 enum class Answer : std::uint8_t {
   atOnce,  ///< it shows the outcome from inside the callback
   later,   ///< it keeps the change until `catchUp`
   drops,   ///< it takes the person off the list from inside the callback
 };
 
-/// A host around a screen; it writes down everything it is asked.
+/// A host around a screen; it logs all its calls.
 class Host {
  public:
   Host(Result newResult, std::function<void()> show)
@@ -46,9 +46,9 @@ class Host {
 /// A result of that many people, with names and reasons of every kind.
 Result resultOf(std::size_t people);
 
-/// What the figures of the step make of a result: people come, go, move and change, outcomes
-/// arrive, paths change. `focused` is the row that has the keyboard, which things happen to more
-/// often than to others.
+/// Changes a result by the random numbers of the step: people are added, removed, moved and
+/// changed, outcomes are added, paths change. `focused` is the row with the keyboard focus, which
+/// is changed more often than others.
 void change(Result& result, const Step& step, std::optional<std::size_t> focused);
 
 }  // namespace vemra::monkey

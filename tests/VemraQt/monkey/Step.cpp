@@ -16,7 +16,7 @@ struct Weighted {
   unsigned weight;
 };
 
-// In the order of `Act`. Whoever types and presses does so more often than results change.
+// In the order of `Act`. Typing and pressing are more frequent than changes of results.
 constexpr std::array<Weighted, 15> acts{{
     {Act::press, "press", 22},
     {Act::type, "type", 24},
@@ -44,7 +44,8 @@ Story randomStory(std::uint64_t seed, std::size_t steps, std::optional<std::size
   const unsigned all = std::accumulate(
       acts.begin(), acts.end(), 0U, [](unsigned sum, const Weighted& w) { return sum + w.weight; });
   Story story;
-  // Most of the work is the other screen's, which describes everybody: few are many.
+  // Most of the work is that of the other screen, which describes all people, so a few hundred are
+  // many.
   const double share = draw() / 4294967296.0;
   story.people =
       people.value_or(static_cast<std::size_t>(std::pow(300.0, share * share * share)) - 1);

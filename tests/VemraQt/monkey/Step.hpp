@@ -7,11 +7,11 @@
 #include <vector>
 
 /// \file
-/// What can happen to a screen, as values: a story that can be told again, shortened and printed.
+/// Steps on a screen as values, so that a story can be repeated, shortened and printed.
 
 namespace vemra::monkey {
 
-/// What a step does. What it does it to is drawn by the step's figures from what is there then.
+/// The kind of a step. The step's random numbers choose its target among the present elements.
 enum class Act : std::uint8_t {
   press,      ///< a button: by mouse, by keyboard, or the way assistive technology does
   type,       ///< one key, or a text at once, into a note
@@ -27,23 +27,23 @@ enum class Act : std::uint8_t {
   turn,       ///< a turn of the event loop
   away,       ///< the window is hidden while a new snapshot arrives, then shown
   hold,       ///< a client takes hold of an accessible object
-  pressHeld,  ///< and presses it, perhaps long after its row has gone
+  pressHeld,  ///< and presses it, perhaps long after its row was removed
 };
 
-/// A step and the figures that it draws by.
+/// A step and its random numbers.
 struct Step {
   Act act = Act::turn;
   std::uint32_t a = 0, b = 0, c = 0;
 };
 
-/// A screen of that many people and all that happens to it.
+/// A screen of that many people and all its steps.
 struct Story {
   std::size_t people = 0;
   std::vector<Step> steps;
 };
 
-/// A story of so many steps; of so many people, or mostly few and at times a few hundred. The same
-/// seed tells the same story on every machine.
+/// A story of so many steps; of so many people, or of a random number: mostly few, sometimes a few
+/// hundred. The same seed gives the same story on every machine.
 Story randomStory(std::uint64_t seed, std::size_t steps, std::optional<std::size_t> people = {});
 
 /// As C++, to be pasted into a test.

@@ -45,7 +45,7 @@ Twins::Keyboard Twins::keyboard() const {
   return now;
 }
 
-/// Whatever has the keyboard keeps it, as long as it is there; a field with its cursor and all.
+/// The focused element keeps the focus while it exists; a field also keeps its cursor.
 void Twins::expectKept(const Keyboard& before) const {
   if (!before.node) return;
   const ui::Node* still = widget.graph().find(before.node);

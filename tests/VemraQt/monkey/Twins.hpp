@@ -23,41 +23,41 @@ class ElementWidget;
 
 namespace vemra::monkey {
 
-/// The window and the screen without one have come to differ, or the window is not as it must be.
+/// The window and the screen without one differ, or the window breaks a rule.
 class Disagreement : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// Where an element that can be seen stands: in which row of the list of people, as the how many-th
-/// element of that row; or outside, as the how many-th of the page.
+/// The place of a visible element: its row in the list of people and its number in that row; or,
+/// outside the list, its number on the page.
 struct Place {
   std::optional<std::size_t> row;
   std::size_t element = 0;
   friend bool operator==(const Place&, const Place&) = default;
 };
 
-/// One goal screen twice, each with a host of its own: in a real window, and without one. A step
-/// reaches the window as a person's input does, where that can be, and the other screen as what it
-/// must amount to.
+/// One goal screen twice, each with a host of its own: in a real window, and without one. The
+/// window gets a step as a person's input where that is possible, and the other screen gets the
+/// equivalent event.
 class Twins {
  public:
   explicit Twins(std::size_t people);
 
-  /// Does the step to both; throws `Disagreement` where the window answers wrongly at once.
+  /// Carries the step out on both; throws `Disagreement` when the window's direct answer is wrong.
   void perform(const Step& step);
 
-  /// A turn of the event loop. What a client in another process does to the window in it is done
-  /// to the other screen, too.
+  /// A turn of the event loop. The actions of a client in another process are also carried out on
+  /// the other screen.
   void turn();
-  /// How much clients have done so far.
+  /// The number of the clients' actions so far.
   std::size_t clientEvents() const { return clientEvents_; }
-  /// From now on the keyboard may move by itself in a turn of the event loop.
+  /// From now on the keyboard focus may move by itself in a turn of the event loop.
   void expectClients() { hasClients_ = true; }
 
   /// \name The screen without a window @{
   using Element = testing::RenderedTree::Node;
-  /// The list of people; nullptr when nobody is on it.
+  /// The list of people; nullptr when it is empty.
   const Element* people() const;
   std::size_t rowCount() const;
   /// The elements that can be seen, in tree order: of a row, or outside the list.
@@ -81,7 +81,7 @@ class Twins {
   Host windowHost, screenHost;
 
  private:
-  /// What must be the same afterwards when a step does not move the keyboard by itself.
+  /// The state that a step must not change unless it moves the keyboard focus itself.
   struct Keyboard {
     ui::NodeID node;
     bool wasSeen = false;
@@ -105,7 +105,7 @@ class Twins {
 
   Keyboard keyboard() const;
   void expectKept(const Keyboard& before) const;
-  /// A control of that kind that the figures point at: near the viewport, or anywhere.
+  /// The control of that kind that the random numbers select: near the viewport, or anywhere.
   std::optional<Place> drawControl(const Step& step, ui::ElementKind kind) const;
   const page::Node* nodeAt(const Place& place) const;
   QAccessibleInterface* accessible(const Place& place) const;
@@ -118,7 +118,7 @@ class Twins {
   std::exception_ptr clientError_;
 };
 
-/// The child at that place among its siblings; it must be there.
+/// The child at that place among its siblings; it must exist.
 const Twins::Element& childAt(const Twins::Element& node, std::size_t index);
 
 }  // namespace vemra::monkey

@@ -1,4 +1,4 @@
-// What a person does to the window, and what the other screen must come to by it.
+// A person's input to the window, and the equivalent event for the other screen.
 
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
 #include "VemraQt/accessibility/AccessibleObjects.hpp"
@@ -41,7 +41,7 @@ char letterFor(const Step& step) {
   return static_cast<char>(step.c % 2 ? label.front() : std::tolower(label.front()));
 }
 
-/// What a letter chooses: the next outcome, and after the last one the first, that begins with it.
+/// The choice of a letter: the next outcome that begins with it; after the last one, the first.
 std::optional<std::size_t> choiceByLetter(std::size_t current, char letter) {
   const std::size_t count = allGoalOutcomeValues.size();
   for (std::size_t index = (current + 1) % count; index != current; index = (index + 1) % count) {
@@ -76,7 +76,8 @@ void Twins::press(const Step& step) {
   if (enabled) expectFocusAt(*place, identifier);
 }
 
-/// An opened editor has the keyboard at its picker; a closed one leaves it where it was opened.
+/// An opened editor gives the focus to its picker; a closed one leaves it at the place of the
+/// button that opened it.
 void Twins::expectFocusAt(const Place& pressed, const std::string& identifier) const {
   std::string prefix = identifier;
   std::vector<std::string> wanted;
@@ -90,7 +91,7 @@ void Twins::expectFocusAt(const Place& pressed, const std::string& identifier) c
   if (wanted.empty()) return;
   const auto focused = focus();
   const Element* element = focused ? at(*focused) : nullptr;
-  // The host may have taken the person off the list: then another has the keyboard.
+  // The host may have removed the person: then another person's control has the focus.
   const auto inRow = elementsOf(pressed.row);
   const bool isThere = std::ranges::any_of(inRow, [&](const Element* other) {
     return std::ranges::count(wanted, other->element.accessibilityIdentifier()) > 0;
@@ -132,7 +133,7 @@ void Twins::choose(const Step& step) {
       values.begin());
   std::size_t chosen = step.a % values.size();
   if (box && qttest::seenPoint(*box) && step.b % 4 == 0) {
-    // A menu is open while the result changes; when its person goes, so does the menu.
+    // A menu is open while the result changes; when its person is removed, the menu closes.
     chooseInMenu(*box, step, chosen);
     return;
   }
@@ -218,8 +219,8 @@ void Twins::tab(const Step& step) {
                      ", not " + described(wanted));
 }
 
-/// An object that was taken hold of some time ago acts on its element or, when that has gone, on
-/// nothing.
+/// An object that a client has kept for some time acts on its element, or does nothing when the
+/// element has been removed.
 void Twins::pressHeld(const Step& step) {
   if (held_.empty()) return;
   const auto& [id, identifier] = held_[step.a % held_.size()];
@@ -235,7 +236,7 @@ void Twins::pressHeld(const Step& step) {
     if (object->actionInterface()) {
       object->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     }
-    return;  // nothing may come of it
+    return;  // it must have no effect
   }
   if (node->element.kind() != ElementKind::button) return;
   const Place place{
@@ -250,12 +251,12 @@ void Twins::pressHeld(const Step& step) {
   deliver(place, ui::Press{});
 }
 
-/// What a client of the window does to it, done to the other screen.
+/// Carries out a client's actions on the window also on the other screen.
 void Twins::follow(ui::NodeID windowNode, const ui::Event& event) {
   ++clientEvents_;
   const ui::Node* node = widget.graph().find(windowNode);
   if (!node) return;
-  // The steps from the root down: of a row its index, else the place among its siblings.
+  // The path from the root: for a row its index, else the place among its siblings.
   std::vector<std::size_t> steps;
   for (const ui::Node* place = node; place->parent; place = place->parent) {
     const auto& siblings = place->parent->children;

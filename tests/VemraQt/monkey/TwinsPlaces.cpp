@@ -1,4 +1,4 @@
-// Where the elements of both screens stand, and which of them are the same.
+// The places of the elements of both screens, and which elements correspond.
 
 #include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/monkey/Twins.hpp"
@@ -74,7 +74,7 @@ const Twins::Element* Twins::at(const Place& place) const {
 
 std::optional<Place> Twins::nextControl(std::optional<Place> from, bool forward) const {
   // The page's own elements come before the people (the title and the heading) and after them. One
-  // row is one station; so are the elements before the rows and those behind them.
+  // row is one group; so are the elements before the rows and those behind them.
   const std::size_t rows = rowCount();
   const auto outside = elementsOf(std::nullopt);
   const std::size_t before = std::min<std::size_t>(2, outside.size());

@@ -1,4 +1,4 @@
-// What a person types into a field of the window, against what a line edit makes of it.
+// A person's typing in a field of the window, compared with a model of a line edit.
 
 #include "VemraPlatform/page/WindowedTree.hpp"
 #include "VemraQt/widgets/ElementWidget.hpp"
@@ -18,7 +18,7 @@ using ui::ElementKind;
 
 namespace {
 
-/// What a line edit makes of a text by its own rules, told anew.
+/// A second implementation of a line edit's rules.
 struct Line {
   QString text;
   int cursor = 0;

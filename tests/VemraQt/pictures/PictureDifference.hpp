@@ -10,14 +10,16 @@
 
 namespace vemra::pictures {
 
-/// What a tile of 16 by 16 pixels may differ by, in levels of a colour channel (0 to 255).
+/// The limits for the difference of a tile of 16 by 16 pixels, in levels of a colour channel (0 to
+/// 255).
 ///
-/// The same libraries draw the same picture to the bit, optimised or sanitized: measured 0. Another
-/// processor may round a blended edge by a level or two, in any number of pixels. What has to be
-/// seen is more: an element that moves by one pixel changes its worst tile by 9 on average or more,
-/// and single pixels by 85 or more; a text in another grey changes its strokes by as much as the
-/// greys are apart, 20 levels between secondary and tertiary, 5 when tertiary is made to stand out
-/// with a contrast of 5.0 in place of 4.55. The limits stand between the two.
+/// The same libraries draw exactly the same picture, optimised or sanitized: the measured
+/// difference is 0. Another processor may round a blended edge by a level or two, in any number of
+/// pixels. Visible changes are larger: an element that moves by one pixel changes its worst tile by
+/// 9 on average or more, and single pixels by 85 or more; a text in another grey changes its
+/// strokes by as much as the greys are apart, 20 levels between secondary and tertiary, 5 when
+/// tertiary is made to stand out with a contrast of 5.0 in place of 4.55. The limits are between
+/// the two.
 struct Tolerance {
   int tile = 16;
   double mean = 2;
@@ -26,7 +28,7 @@ struct Tolerance {
 
 struct Difference {
   QString what;    ///< one line: how many tiles differ, where the worst one is and by how much
-  QImage picture;  ///< what differs, eight times as strong, the tiles that count framed in red
+  QImage picture;  ///< eight times the differences; red frames around tiles above the limits
 };
 
 /// Nil when they look the same.

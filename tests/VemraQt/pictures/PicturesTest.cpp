@@ -1,5 +1,5 @@
 // Compares pictures of the screen with tests/expected/pictures/*.png. VEMRA_UPDATE_EXPECTED=1 in
-// the environment rewrites them; look at them before they are kept.
+// the environment rewrites them; look at them before you commit them.
 
 #include "tests/RecordBuilders.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
@@ -22,7 +22,7 @@ using pictures::differenceOf;
 
 namespace {
 
-/// One of each face: nothing recorded, recorded, corrected with a note, no name, no source.
+/// One of each variant: nothing recorded, recorded, corrected with a note, no name, no source.
 Result oneOfEach() {
   Result result;
   result.goal.title = "Find a design lead for the harbour project";
@@ -52,7 +52,7 @@ class Pictures : public ::testing::Test {
     if (!version.startsWith("6.4.")) GTEST_SKIP() << "the expected pictures are those of Qt 6.4";
     QFont font("DejaVu Sans");
     font.setPixelSize(13);
-    // Not as the machine's own settings would have it.
+    // Independent of the machine's own settings.
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setStyleStrategy(
         QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
@@ -178,7 +178,7 @@ TEST_F(Pictures, Empty) {
   expectPicture("empty", pictureOf(host));
 }
 
-// What the comparison lets through, and what it does not.
+// Differences that the comparison accepts, and those that it refuses.
 
 TEST_F(Pictures, ATextMovedByOnePixelIsADifference) {
   const QImage light(expectedFile("light"));

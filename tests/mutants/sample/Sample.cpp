@@ -1,5 +1,5 @@
-// What tests/mutants/ToolTest.py has mutated: one place or more for each kind of mutant. Not part of
-// the library.
+// The code that tests/mutants/ToolTest.py mutates: one place or more for each kind of mutant. Not
+// part of the library.
 
 #include "tests/mutants/sample/Sample.hpp"
 

@@ -1,4 +1,4 @@
-// Tests some of what Sample.cpp does, so that some of its mutants survive.
+// Tests some functions of Sample.cpp, so that some of its mutants survive.
 
 #include "tests/mutants/sample/Sample.hpp"
 

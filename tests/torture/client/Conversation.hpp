@@ -8,8 +8,8 @@
 
 namespace vemra::desk {
 
-/// A client of a store that obeys lines, so that a test can act on a store as a window does: with
-/// one engine that stays open, and an answer only when the engine has answered.
+/// A client of a store that carries out commands, one a line, so that a test can act on a store as
+/// a window does: with one engine that stays open, and an answer only when the engine has answered.
 ///
 /// A line is words between tabs:
 ///

@@ -14,7 +14,7 @@ int talk() {
   vemra::desk::Conversation conversation;
   for (std::string line; std::getline(std::cin, line);) {
     const std::string answer = conversation.answer(line) + "\n";
-    // One call, so that an answer is there as a whole or not at all when the process is killed.
+    // One call, so that an answer is written as a whole or not at all when the process is killed.
     if (::write(STDOUT_FILENO, answer.data(), answer.size()) !=
         static_cast<ssize_t>(answer.size())) {
       return 1;

@@ -22,7 +22,7 @@ off_t sizeOf(int descriptor) {
   return fstat(descriptor, &status) == 0 ? status.st_size : 0;
 }
 
-/// How many of the bytes a disk with a quota takes.
+/// The number of bytes that a disk with a quota accepts.
 std::size_t allowed(int descriptor, std::size_t length, off_t offset) {
   Shim& shim = Shim::instance();
   const off_t end = offset + static_cast<off_t>(length);

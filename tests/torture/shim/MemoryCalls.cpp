@@ -1,4 +1,4 @@
-// Allocations. The C library's own ones stand behind ours under names that no dlsym has to look up.
+// Allocations. Ours call the C library's under names that need no dlsym.
 #include "tests/torture/shim/Shim.hpp"
 
 #include <cerrno>

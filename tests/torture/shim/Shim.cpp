@@ -23,12 +23,12 @@ long numberIn(const char* name, long otherwise) {
   return text.empty() ? otherwise : std::stol(text);
 }
 
-// Free of construction: the first allocation comes before anything else.
+// Needs no constructor: the first allocation comes before any constructor.
 std::atomic<long> memoryAt{0};  // counted down to 0, where the first one fails; 0 and less: no more
 std::atomic<long> memoryTimes{0};
 std::atomic<bool> isCountingMemory{false};
 
-/// While the shim itself is at work, which it can only do with memory.
+/// Set while the shim itself works, because its own allocations must succeed.
 struct Own {
   static inline thread_local int depth = 0;
   Own() { ++depth; }

@@ -8,10 +8,10 @@
 #include <sys/types.h>
 
 /// \file
-/// Loaded before the C library (LD_PRELOAD), takes the place of the calls that a store makes on its
-/// files: counts them, logs them, and makes the one fail that a test chose.
+/// Loaded before the C library (LD_PRELOAD), replaces the calls that a store makes on its files:
+/// counts them, logs them, and lets one fail that the test chooses.
 ///
-/// The environment says what happens. Only files below VEMRA_SHIM_FOLDER count.
+/// Variables of the environment control it. Only files below VEMRA_SHIM_FOLDER count.
 ///
 ///     VEMRA_SHIM_AT=N       the N-th call, counted from 1 …
 ///     VEMRA_SHIM_TIMES=N    … and so many in all (1) …
@@ -26,13 +26,13 @@
 
 namespace vemra::torture {
 
-/// The function of the C library that ours stands before.
+/// The function of the C library that ours replaces.
 template <class Function>
 Function* following(const char* name) {
   return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
 }
 
-/// What becomes of a call.
+/// The fate of a call.
 enum class Verdict { pass, fail, half };
 
 /// The state of the process: which descriptors count, how many calls there were.
@@ -50,13 +50,13 @@ class Shim {
   Verdict next(const char* call, const char* path, Kind kind = Kind::other);
   Verdict next(const char* call, int descriptor, Kind kind = Kind::other);
 
-  /// After a call that was half: ends the process, if that is to come then.
+  /// After a half call: ends the process, if the test has chosen that.
   void endAfterHalf() const;
 
   /// Counts an allocation; false when it is to fail. The shim's own ones never do.
   static bool allocates();
 
-  /// Takes growth from the quota: how much of it there is room for.
+  /// Takes growth from the quota, and returns how much of it fits.
   std::size_t room(std::size_t growth);
   void giveBack(std::size_t shrinkage);
   bool hasQuota() const { return quota_ >= 0; }
@@ -89,7 +89,7 @@ class Shim {
   std::map<int, std::string> open_;
 };
 
-/// Runs a call on a file: as the shim decides it fails, or happens.
+/// Runs a call on a file, or lets it fail, as the shim decides.
 template <class Where, class Call>
 auto counted(const char* name, const Where& where, Call call) -> decltype(call()) {
   if (!Shim::instance().concerns(where)) return call();

@@ -17,7 +17,7 @@ using date::abbreviatedDate;
 constexpr date::Instant sunday{1736071200};  // 2025-01-05T10:00:00Z
 
 TEST(DateThreads, WriteManyDatesAtOnce) {
-  // More time zones than are kept, so that each thread drops some and makes them anew.
+  // More time zones than the cache keeps, so that each thread drops some and makes them again.
   std::vector<std::thread> threads;
   std::vector<std::string> wrong(4);
   for (std::size_t thread = 0; thread < wrong.size(); ++thread) {
@@ -90,7 +90,7 @@ TEST(DateThreads, FreeTheirFormats) {
   };
   const long before = endSome(20);
   const long after = endSome(100);
-  // The formats of one thread alone take more.
+  // The formats of a single thread take more than this.
   EXPECT_LT(after - before, 20000);
 }
 

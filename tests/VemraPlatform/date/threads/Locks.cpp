@@ -18,8 +18,9 @@ long locksTaken() noexcept {
 }  // namespace vemra::testing
 
 #ifndef VEMRA_LOCKS_ARE_NOT_COUNTED
-// A program's own function takes the place of the C library's, also for shared libraries. It keeps no
-// static that is initialised on first use: libc++abi takes a mutex for that, which would end here again.
+// A program's own function replaces the C library's, also for shared libraries. It has no static
+// variable that is initialised on first use: libc++abi locks a mutex for that, which would call
+// this function again.
 extern "C" [[gnu::visibility("default")]] int pthread_mutex_lock(pthread_mutex_t* mutex) noexcept {
   using Function = int (*)(pthread_mutex_t*);
   static std::atomic<Function> found = nullptr;

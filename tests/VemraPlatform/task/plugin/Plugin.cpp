@@ -1,4 +1,4 @@
-// A library that a host loads at run time, on whatever thread; with a main actor of its own.
+// A library that a host loads at run time, on any thread; it has a main actor of its own.
 
 #include "VemraPlatform/task/MainActor.hpp"
 
