@@ -10,7 +10,7 @@ namespace vemra::commandline::sample {
 
 /// The long options that a text names: "--png", "--help".
 inline std::set<std::string> optionsIn(std::string text) {
-  // A manual page writes a dash with a backslash.
+  // In a manual page a dash has a backslash before it.
   text = std::regex_replace(text, std::regex(R"(\\-)"), "-");
   const std::regex option("--[a-z]+");
   std::set<std::string> options;

@@ -12,20 +12,21 @@
 
 namespace vemra {
 
-/// Whose rights a program is run with.
+/// The user whose rights a program has.
 enum class Rights { mine, ofNobody };
 
-/// How a program is to be run.
+/// The settings for running a program.
 struct Invocation {
-  std::vector<std::string> arguments;                              ///< behind the program's name
-  std::vector<std::pair<std::string, std::string>> environment{};  ///< on top of the test's own
+  std::vector<std::string> arguments;  ///< behind the program's name
+  std::vector<std::pair<std::string, std::string>>
+      environment{};  ///< in addition to the test's own
   std::vector<std::string> withoutVariables{};
   std::string input{};
-  std::string folder{};  ///< where it runs; "" where the test does
+  std::string folder{};  ///< its working folder; "": the test's
   Rights rights = Rights::mine;
 };
 
-/// How a program ended and what it said.
+/// The end of a program, and its output.
 struct Ending {
   int exitCode = -1;  ///< -1 when a signal ended it
   int signal = 0;

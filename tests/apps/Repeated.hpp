@@ -6,7 +6,7 @@
 
 namespace vemra {
 
-/// A piece again and again, so many times.
+/// A piece, repeated so many times.
 inline std::string repeated(std::string_view piece, std::size_t count) {
   std::string text;
   text.reserve(piece.size() * count);

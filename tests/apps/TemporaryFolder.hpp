@@ -9,7 +9,7 @@
 
 namespace vemra {
 
-/// A folder that is there for one test.
+/// A folder that exists during one test.
 class TemporaryFolder {
  public:
   TemporaryFolder() {
@@ -27,7 +27,7 @@ class TemporaryFolder {
   const std::filesystem::path& path() const { return path_; }
   std::string file(const std::string& name) const { return (path_ / name).string(); }
 
-  /// Writes a file and gives its path.
+  /// Writes a file and returns its path.
   std::string write(const std::string& name, const std::string& bytes) const {
     std::ofstream(path_ / name, std::ios::binary) << bytes;
     return file(name);

@@ -24,7 +24,7 @@ class CommandLineTest : public testing::Test {
     command.words("FILE", files, "Files");
   }
 
-  /// What the words end with; exit code -1 where they were read.
+  /// The result of reading the words; exit code -1 when they are valid.
   EarlyExit ending(const Words& words) {
     try {
       line.read(words);

@@ -9,8 +9,8 @@
 
 namespace vemra::desk {
 
-/// Does something once, right after the next commit of a store that is opened while this lives:
-/// between the commit and the acknowledgement. One at a time.
+/// Calls a function once, right after the next commit of a store that is opened while this lives:
+/// between the commit and the acknowledgement. Use one at a time.
 class AfterCommit {
  public:
   explicit AfterCommit(std::function<void()> act) {
@@ -31,7 +31,7 @@ class AfterCommit {
   static int watch(sqlite3* connection, const char**, const void*) {
     return sqlite3_trace_v2(connection, SQLITE_TRACE_PROFILE, ended, nullptr);
   }
-  /// Called when a statement has come to its end.
+  /// Called when a statement has ended.
   static int ended(unsigned, void*, void* statement, void*) {
     const char* sql = sqlite3_sql(static_cast<sqlite3_stmt*>(statement));
     if (std::string_view(sql) == "COMMIT" && isDue.exchange(false)) next();

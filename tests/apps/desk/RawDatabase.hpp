@@ -7,18 +7,18 @@
 
 namespace vemra::desk {
 
-/// A connection past the store's own code: another program with the same file open.
+/// A connection without the store's code, like another program that has the same file open.
 class RawDatabase {
  public:
   explicit RawDatabase(const std::string& file) {
     EXPECT_EQ(sqlite3_open(file.c_str(), &connection_), SQLITE_OK) << file;
-    sqlite3_busy_timeout(connection_, 5000);  // the store may be at work just then
+    sqlite3_busy_timeout(connection_, 5000);  // the store may be busy
   }
   RawDatabase(const RawDatabase&) = delete;
   RawDatabase& operator=(const RawDatabase&) = delete;
   ~RawDatabase() { sqlite3_close(connection_); }
 
-  /// The error message, "" when all went well.
+  /// The error message, "" after a success.
   std::string run(const std::string& sql) {
     char* message = nullptr;
     sqlite3_exec(connection_, sql.c_str(), nullptr, nullptr, &message);

@@ -13,7 +13,7 @@ inline GoalOutcomeDTO outcome(std::string id, std::string subjectRef, GoalOutcom
                         value);
 }
 
-/// A goal with one person and the outcomes given.
+/// A goal with one person and the given outcomes.
 inline GetGoalSnapshotResponse goal(std::string id, std::string title,
                                     SharedArray<GoalOutcomeDTO> outcomes = {}) {
   GetGoalSnapshotResponse result;

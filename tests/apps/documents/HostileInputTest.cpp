@@ -92,7 +92,7 @@ TEST(HugeDocumentTest, ATitleOfFiftyMegabytesIsATitle) {
 /// Files in a folder of their own.
 class SourceFileTest : public testing::Test {
  protected:
-  /// The message of reading a file, without the path it begins with.
+  /// The message of reading a file, without the path at its beginning.
   static std::string error(const std::string& path) {
     try {
       readResultFile(path);

@@ -23,7 +23,7 @@ std::string errorOf(std::string_view text, Read read) {
   return "";
 }
 
-/// The string that the whole of `text` is.
+/// Reads the whole of `text` as one string.
 inline std::string string(std::string_view text) {
   JsonReader reader(text, "t");
   std::string value = reader.string();
@@ -31,7 +31,7 @@ inline std::string string(std::string_view text) {
   return value;
 }
 
-/// Why `text` is no string; "" when it is one.
+/// The error of reading `text` as a string; "" when it is one.
 inline std::string stringError(std::string_view text) {
   return errorOf(text, [](JsonReader& reader) { reader.string(); });
 }

@@ -4,7 +4,7 @@
 
 namespace vemra::documents {
 
-/// One change of the sample document that makes it unusable, and the message it must give.
+/// One change of the sample document that makes it unusable, and the expected message.
 struct Malformed {
   const char* what;
   const char* by;

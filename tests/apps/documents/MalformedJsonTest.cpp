@@ -91,7 +91,7 @@ TEST(MalformedJsonTest, RefusesEveryBeginningOfADocument) {
   for (std::size_t length = 0; length < sampleResult.size(); ++length) {
     const std::string error = errorIn(std::string_view(sampleResult).substr(0, length));
     EXPECT_TRUE(error.ends_with("; found the end of the file") ||
-                // A number or word cut short is seen as what it now is.
+                // A number or word that is cut short is reported in its short form.
                 error.find("expected null; found") != std::string::npos)
         << length << ": " << error;
   }

@@ -181,7 +181,7 @@ const Malformed keys[] = {
 };
 INSTANTIATE_TEST_SUITE_P(keys, MalformedResultTest, testing::ValuesIn(keys));
 
-/// Places that hold a count, and tokens that are none.
+/// Places of counts, and tokens that are not counts.
 TEST(MalformedCountTest, NamesThePlaceAndTheToken) {
   const std::pair<const char*, const char*> places[] = {
       {"\"keywordsRevision\": 3", "/goal/keywordsRevision"},

@@ -12,7 +12,7 @@
 namespace vemra::documents {
 namespace {
 
-/// A text made from a document by one to three small accidents.
+/// A document after one to three small random changes.
 std::string mutated(std::string text, RandomResult& random) {
   static const std::string_view pieces[] = {"{",
                                             "}",
@@ -74,7 +74,7 @@ TEST(MutationTest, EveryMutationIsReadOrRefusedWithAPlace) {
     try {
       const auto result = readResultText(text, "case.json");
       ++read;
-      // What is read is JSON to another reader too, and nothing of it was lost.
+      // A document that is read is JSON for another reader too, and no part of it is lost.
       ASSERT_TRUE(nlohmann::json::accept(text)) << text;
       ASSERT_EQ(readResultText(writeResult(result), "again"), result) << text;
     } catch (const DocumentError& error) {
@@ -87,7 +87,7 @@ TEST(MutationTest, EveryMutationIsReadOrRefusedWithAPlace) {
       ASSERT_TRUE(text::isWellFormed(message)) << message;
     }
   }
-  // Both ends happen: an accident inside a title or between tokens may do no harm.
+  // Both results occur: a change inside a title or between tokens may do no harm.
   EXPECT_GT(read, 200U);
   EXPECT_LT(read, 10'000U);
 }

@@ -199,7 +199,8 @@ TEST(ResultReaderTest, KeepsPeopleWithEqualReferences) {
   EXPECT_EQ(people[1].personRef, "p1");
 }
 
-// How long a list will be is guessed from how it begins; whatever follows, nothing is lost.
+// The reader estimates the length of a list from its beginning; with any continuation, nothing is
+// lost.
 TEST(ResultReaderTest, KeepsEveryElementOfALongListWhoseLengthCannotBeGuessed) {
   constexpr std::size_t half = 150'000;
   for (const std::size_t firstLength : {std::size_t{0}, std::size_t{200}}) {

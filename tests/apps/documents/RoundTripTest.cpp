@@ -34,7 +34,7 @@ TEST(RoundTripTest, AnotherReaderSeesTheSameDocument) {
       EXPECT_EQ(json["people"][p]["displayName"].is_null(), !result.people[p].displayName);
     }
     EXPECT_EQ(json["coverage"]["evidenceCount"].get<std::int64_t>(), result.coverage.evidenceCount);
-    // Whatever another writer makes of it is the same document to this reader.
+    // The document of another writer is the same document for this reader.
     EXPECT_EQ(readResultText(json.dump(3, ' ', true), "escaped"), result);
   }
 }

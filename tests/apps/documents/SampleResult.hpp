@@ -8,7 +8,7 @@
 
 namespace vemra::documents {
 
-/// A document that holds every key a result document can hold, and every kind of reason.
+/// A document with every key of a result document, and every kind of reason.
 inline const std::string sampleResult = R"json({
   "goal": {"id": "g1", "title": "Find a design lead", "status": "paused", "targetPersonRef": "p9",
            "createdAt": "2024-12-01T08:00:00Z", "updatedAt": "2025-01-02T08:00:00Z",
@@ -34,7 +34,7 @@ inline const std::string sampleResult = R"json({
   ]
 })json";
 
-/// `text` with the first occurrence of `what` replaced; `what` must be there.
+/// `text` with the first occurrence of `what` replaced; it must contain `what`.
 inline std::string replacing(std::string text, std::string_view what, std::string_view by) {
   const std::size_t at = text.find(what);
   if (at == std::string::npos) throw std::logic_error("the sample has no " + std::string(what));

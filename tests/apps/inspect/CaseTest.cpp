@@ -86,7 +86,7 @@ TEST(CaseTest, RefusesTwoTranslationsOfOneKey) {
             "\"e\u0301\" again");
 }
 
-// Whatever the hashes of this run are: with many repetitions, the first one in the document.
+// For any hashes of this run: of many repetitions, the first one in the document is reported.
 TEST(CaseTest, NamesTheFirstRepetitionOfMany) {
   std::string strings;
   for (int i = 0; i < 50; ++i) strings += "\"a" + std::to_string(i) + "\": \"\", ";

@@ -17,7 +17,7 @@ inline const std::string oneOfEach = R"json({
                 "note": "a note", "correctsOutcomeID": "o0"}]
 })json";
 
-/// Nobody, nothing.
+/// A result without people, paths, evidence and outcomes.
 inline const std::string nothing = R"json({"goal": {"id": "", "title": ""}, "people": [],
   "paths": [], "group": [], "coverage": {"sources": [], "evidenceCount": 0}, "outcomes": []})json";
 
@@ -31,7 +31,7 @@ inline std::string withSteps(const std::string& result, const std::string& steps
   return caseOf(result, R"(, "locale": "en_US", "timeZone": "UTC", "steps": [)" + steps + "]");
 }
 
-/// The step that presses that element; the identifier stands in it as it is.
+/// The step that presses that element; contains the identifier unescaped.
 inline std::string press(const std::string& identifier) {
   return R"({"press": ")" + identifier + "\"}";
 }

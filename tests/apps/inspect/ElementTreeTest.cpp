@@ -18,7 +18,8 @@ ordered_json find(const ordered_json& element, const std::string& key, const ord
   return nullptr;
 }
 
-/// The same document with its keys in order, one element a line: so that a difference is readable.
+/// The same document with sorted keys and one element on each line, so that a difference is
+/// readable.
 std::string lines(const ordered_json& json) {
   return json.dump(1);
 }

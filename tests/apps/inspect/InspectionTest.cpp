@@ -11,7 +11,7 @@
 namespace vemra::inspect {
 namespace {
 
-/// The screen of a goal with that many people, and nothing recorded yet.
+/// The screen of a goal with that many people and without outcomes.
 Inspection inspectionOf(std::size_t people) {
   Case inspected;
   std::vector<GoalPersonCandidateDTO> list(people);
@@ -20,7 +20,7 @@ Inspection inspectionOf(std::size_t people) {
   return Inspection(inspected);
 }
 
-/// What a user cannot do, in each way of not being able to.
+/// Actions that a user cannot do, one for each reason.
 const std::pair<Step, std::string> impossible[] = {
     {PressIdentifier{"nowhere"}, "no element with identifier \"nowhere\""},
     {PressTitle{"Nobody"}, "no button titled \"Nobody\""},
@@ -48,7 +48,7 @@ TEST(ImpossibleStepTest, ReportsTheReasonAndDoesNothing) {
   EXPECT_TRUE(inspection.calls().empty());
 }
 
-// A script may ask for a thousand of them of a screen of ten thousand people.
+// A script may have a thousand such steps on a screen of ten thousand people.
 TEST(ImpossibleStepTest, CostsASearchAndNoDescriptionOfTheTree) {
 #ifdef VEMRA_ALLOCATIONS_ARE_NOT_COUNTED
   GTEST_SKIP() << "the sanitizers count on their own operator new";
@@ -56,7 +56,7 @@ TEST(ImpossibleStepTest, CostsASearchAndNoDescriptionOfTheTree) {
   Inspection small = inspectionOf(10);
   Inspection large = inspectionOf(1000);
   for (const auto& [step, reason] : impossible) {
-    allocationsOf(small, step);  // what is kept from the first time on is there afterwards
+    allocationsOf(small, step);  // so that later calls make no first-time allocations
     EXPECT_EQ(allocationsOf(large, step), allocationsOf(small, step)) << reason;
   }
 }

@@ -17,8 +17,8 @@ using ::testing::SizeIs;
 using ::testing::StartsWith;
 
 #ifdef NDEBUG
-// Each takes less than a second of an idle processor. Beside other programs, which empty its
-// caches, the same work was seen to take twice that; whatever is quadratic takes minutes.
+// Each takes less than a second of an idle processor. Beside other programs, which use its caches,
+// the same work took up to twice that; quadratic work takes minutes.
 constexpr double secondsAllowed = 3;
 constexpr std::size_t longest = 54'000'000;
 #else
@@ -32,19 +32,19 @@ double seconds(const timeval& time) {
   return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
 }
 
-/// The processor time, of its own and of the system for it, that all ended children have taken.
+/// The processor time, in user and system mode, of all ended child processes.
 double childrensSeconds() {
   rusage usage{};
   ::getrusage(RUSAGE_CHILDREN, &usage);
   return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
-/// A piece again and again, up to that many bytes.
+/// A piece, repeated up to that many bytes.
 std::string filled(std::string_view piece, std::size_t bytes = longest) {
   return repeated(piece, bytes / piece.size());
 }
 
-/// What is malformed is refused with one short line, and soon.
+/// Malformed input is refused quickly, with one short line.
 class MalformedInputTest : public ProgramTest {
  protected:
   void expectRefusedFile(const std::string& name, const std::string& message) const {
@@ -170,7 +170,7 @@ TEST_F(MalformedInputTest, AFileThatMayNotBeRead) {
   fs::permissions(folder.file("closed.json"), fs::perms(0000));
   Invocation invocation{{"closed.json"}};
   invocation.folder = folder.path().string();
-  invocation.rights = Rights::ofNobody;  // nothing is closed to root
+  invocation.rights = Rights::ofNobody;  // root may read every file
   const Ending ending = Process(vemraInspect, invocation).wait();
   EXPECT_EQ(ending.exitCode, 2);
   EXPECT_EQ(ending.output, "");

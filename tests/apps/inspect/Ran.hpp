@@ -12,7 +12,7 @@ namespace vemra::inspect {
 
 inline const std::string vemraInspect = VEMRA_BINARY_DIR "/bin/vemra-inspect";
 
-/// What a run of the program came to.
+/// The result of a run of the program.
 struct Ran : Ending {
   /// The output, read by another JSON reader with its keys in order.
   nlohmann::ordered_json json() const { return nlohmann::ordered_json::parse(output); }
@@ -26,7 +26,7 @@ class ProgramTest : public testing::Test {
     folder.write(name, content);
   }
 
-  /// `arguments` are the shell's words after the program's name; `variables` stand before it.
+  /// `arguments` are the shell's words after the program's name; `variables` come before it.
   Ran run(const std::string& arguments, const std::string& input = "",
           const std::string& variables = "LC_ALL=en_US.UTF-8 TZ=UTC") const {
     return inShell("exec env " + variables + " \"$0\" " + arguments, input);

@@ -49,7 +49,7 @@ TEST_F(CommandsTest, AGoalStaysOnOneLine) {
       << "what breaks no line stands as it is";
 }
 
-/// What a script makes of an id or a title in a line of `goals`.
+/// An id or a title in a line of `goals`, converted back as a script does.
 std::string turnedBack(std::string_view escaped) {
   std::string text;
   for (std::size_t i = 0; i < escaped.size(); ++i) {

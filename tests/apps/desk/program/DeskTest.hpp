@@ -28,7 +28,7 @@ class DeskTest : public ::testing::Test {
     return run(commandLine(std::move(arguments)));
   }
 
-  /// Runs a command that must succeed and say nothing but its output.
+  /// Runs a command that must succeed and write nothing to standard error.
   static std::string outputOf(std::vector<std::string> arguments) {
     const Ending ending = desk(std::move(arguments));
     EXPECT_EQ(ending.exitCode, 0) << ending.diagnostics;
@@ -40,7 +40,7 @@ class DeskTest : public ::testing::Test {
     return folder.write(name, documents::writeResult(result));
   }
 
-  /// Everything in the folder, so that "nothing changed" can be said of all of it.
+  /// The content of the folder, to check that nothing in it has changed.
   std::map<std::string, std::string> everything() const {
     std::map<std::string, std::string> files;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path())) {

@@ -10,7 +10,7 @@ using ::testing::StartsWith;
 
 class ErrorsTest : public DeskTest {
  protected:
-  /// Expects exit code 2, an empty output, a line that begins as given, and an untouched folder.
+  /// Expects exit code 2, no output, a message with the given beginning, and an unchanged folder.
   void expectRefused(const Invocation& invocation, const std::string& diagnostics) {
     const auto before = everything();
     const Ending ending = run(invocation);
@@ -91,7 +91,7 @@ TEST_F(ErrorsTest, OneBadDocumentStopsTheWholeImport) {
   EXPECT_EQ(outputOf({"goals", "--store", store}), "g1\tt\n");
 }
 
-// With it the screen would stop the window, at every start if the goal is the first one.
+// With it the screen would stop the process, at every start if the goal is the first one.
 TEST_F(ErrorsTest, AHopCountThatNoScreenCanShow) {
   const std::string fine = document("fine.json", goal("g1", "t"));
   const std::string problem =

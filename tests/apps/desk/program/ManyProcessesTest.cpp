@@ -77,8 +77,8 @@ TEST_F(ManyProcessesTest, EveryCommandWorksWhileTheStoreIsOpenElsewhere) {
   EXPECT_THAT(outputOf({"export", "--store", store, "--goal", "g1"}), ::testing::HasSubstr(id));
 }
 
-// The import is killed at moments spread over its run: afterwards the goal is as it was or as it
-// was to become, and the store is whole.
+// The import is killed at moments spread over its run: afterwards the goal has its old or its new
+// state, and the store is undamaged.
 TEST_F(ManyProcessesTest, AKilledImportLeavesTheOldStateOrTheNewState) {
   const auto made = [](const std::string& title, std::size_t count) {
     auto result = goal("g1", title);

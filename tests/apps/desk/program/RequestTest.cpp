@@ -11,7 +11,7 @@ namespace {
 
 using ::testing::HasSubstr;
 
-/// What a command line is answered with instead of being carried out.
+/// The error or output of a command line that is not carried out.
 commandline::EarlyExit earlyExitFor(std::vector<const char*> words) {
   words.insert(words.begin(), "vemra-desk");
   const auto read = readRequest(static_cast<int>(words.size()), words.data());
@@ -19,7 +19,7 @@ commandline::EarlyExit earlyExitFor(std::vector<const char*> words) {
   return earlyExit != nullptr ? *earlyExit : commandline::EarlyExit{};
 }
 
-/// What is wrong with a command line, "" where it is a request.
+/// The error of a command line, "" for a request.
 std::string diagnosticOf(std::vector<const char*> words) {
   return earlyExitFor(std::move(words)).diagnostic;
 }

@@ -47,7 +47,7 @@ TEST(RunCommandTest, ACommandThatIsShortOfMemorySaysSoAndWritesNothing) {
   int refusals = 0;
   for (; refusals < 1000; ++refusals) {
     SCOPED_TRACE("after " + std::to_string(refusals) + " allocations");
-    std::ostringstream output(std::string(1000, '\0'));  // so that to write into it needs none
+    std::ostringstream output(std::string(1000, '\0'));  // so that writing into it needs none
     std::ostringstream diagnostics;
     vemra::testing::refuseAllocationAfter(static_cast<std::uint64_t>(refusals));
     exitCode = runCommand(request, output, diagnostics);

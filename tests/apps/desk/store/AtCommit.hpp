@@ -7,7 +7,7 @@
 
 namespace vemra::desk {
 
-/// Does something right before each commit of the connections that are opened while it lives.
+/// Calls a function right before each commit of the connections that are opened while it lives.
 class AtCommit {
  public:
   explicit AtCommit(std::function<int()> act) {

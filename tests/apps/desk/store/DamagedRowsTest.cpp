@@ -26,7 +26,7 @@ TEST_F(DamagedRowsTest, AnUndamagedStoreHasNoError) {
             documents::writeResult(rich()));
 }
 
-// A number of an owner is no index into a list: it may be anything.
+// The number of an owner is not an index into a list: it may have any value.
 TEST_F(DamagedRowsTest, ARowWithoutItsOwnerIsAnErrorWithoutExtraCost) {
   expectErrorsOfResult(
       {{"INSERT INTO person_evidence VALUES (1, -1, 0, 'x')",

@@ -13,7 +13,7 @@
 
 namespace vemra::desk {
 
-/// A store with something in every table, and another program that damages it.
+/// A store with rows in every table, and another program that damages it.
 class DamagedStore : public testing::Test {
  protected:
   DamagedStore() { GoalStore::open(file).import({rich()}); }
@@ -34,7 +34,7 @@ class DamagedStore : public testing::Test {
     return result;
   }
 
-  /// Writes as a program does that keeps no rules but types and NOT NULL.
+  /// Writes like a program that obeys no rules except types and NOT NULL.
   void damage(const std::string& sql) const {
     RawDatabase raw(file);
     EXPECT_EQ(raw.run("PRAGMA ignore_check_constraints = ON; PRAGMA foreign_keys = OFF; " + sql),
@@ -42,7 +42,7 @@ class DamagedStore : public testing::Test {
         << sql;
   }
 
-  /// Writes with the rules of one table taken away meanwhile, types and NOT NULL included.
+  /// Writes while one table has no rules, not even types and NOT NULL.
   void damage(const std::string& table, const std::string& sql) const {
     const std::string of = " WHERE type = 'table' AND name = '" + table + "'";
     const std::string unlock = "PRAGMA writable_schema = ON; ";
@@ -57,7 +57,7 @@ class DamagedStore : public testing::Test {
     EXPECT_EQ(RawDatabase(file).run(unlock + "UPDATE sqlite_schema SET sql = " + kept + of), "");
   }
 
-  /// What the failure says behind the file's name and "is damaged: ".
+  /// The message of the failure behind the file's name and "is damaged: ".
   std::string errorOf(const std::function<void(GoalStore&)>& act) const {
     try {
       GoalStore store = GoalStore::open(file);

@@ -6,7 +6,7 @@
 
 namespace vemra::desk {
 
-/// What an act that must fail says; "no error" when it does not.
+/// The error message of a call that must fail; "no error" when it does not.
 template <class Act>
 std::string errorOf(const Act& act) {
   try {

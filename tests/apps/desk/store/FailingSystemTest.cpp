@@ -17,8 +17,8 @@ namespace {
 
 using Call = SystemCallFault::Call;
 
-/// A store on a machine on which a system call fails. What is expected goes for each cause: the
-/// message names it, nothing is half done, and when the cause is over everything works again.
+/// A store on a machine on which a system call fails. For each cause: the message names it, nothing
+/// is half done, and when the cause is over everything works again.
 class FailingSystemTest : public ::testing::Test {
  protected:
   FailingSystemTest() { GoalStore::open(file).import({goal("g1", "One")}); }
@@ -99,7 +99,7 @@ TEST_F(FailingSystemTest, ADiskThatCannotBeReadUnderAnOpenStoreIsNotReportedAsDa
   EXPECT_EQ(task::wait(engine.goals()).size(), 2u);
 }
 
-// SQLite calls what it cannot read damaged. A damaged store would keep its connection.
+// SQLite reports a file that it cannot read as damaged. A damaged store would keep its connection.
 TEST_F(FailingSystemTest, ADiskThatCannotBeReadIsAFailureOfTheConnection) {
   GoalStore::open(file).import({goal("g2", repeated("long ", 100'000))});
   GoalStore store = GoalStore::open(file);
@@ -139,8 +139,8 @@ TEST_F(FailingSystemTest, LocksThatCannotBeTakenAreNamed) {
   EXPECT_EQ(errorOf([&] { record(); }), file + ": cannot be locked: Input/output error");
 }
 
-// SQLite counts a lock that it could not give back as held, by whomever: each further call waits
-// for it as long as its patience lasts.
+// SQLite treats a lock that it could not release as held: each further call waits for it up to its
+// time limit.
 TEST_F(FailingSystemTest, ALockThatOnceCouldNotBeReleasedStopsOneCallAtMost) {
   record();
   {

@@ -2,8 +2,8 @@
 
 namespace vemra::desk {
 
-/// Counts and refuses calls that this process makes of the system, outside of SQLite's own table
-/// (`SystemCallFault`): the program of these tests has these functions of its own.
+/// Counts this process's system calls and lets them fail, outside of SQLite's own table
+/// (`SystemCallFault`): the program of these tests replaces these functions of the C library.
 struct FileCalls {
   enum class Call { fsync, stat };
 
@@ -11,7 +11,7 @@ struct FileCalls {
   static void fail(Call call, int error);
   static void succeed();
 
-  /// How often `fsync` was called so far.
+  /// The number of calls of `fsync` so far.
   static int syncs();
 };
 

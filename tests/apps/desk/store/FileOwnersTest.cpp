@@ -23,7 +23,7 @@ using ::testing::HasSubstr;
 
 constexpr uid_t stranger = 4711;
 
-/// With the rights of root for a while, inside of `AsNobody`.
+/// Has the rights of root while it lives, inside of `AsNobody`.
 void asRoot(const std::function<void()>& act) {
   ASSERT_EQ(::seteuid(0), 0);
   act();
@@ -94,7 +94,7 @@ TEST_F(FileOwnersTest, AnEmptyFileOfAnotherUserIsRefusedToo) {
   EXPECT_THAT(errorOfReading(), HasSubstr("-wal beside it, which belongs to another user"));
 }
 
-// A journal that says "this store was empty before" empties the store when SQLite rolls it back.
+// A journal for an empty store empties the store when SQLite rolls it back.
 TEST_F(FileOwnersTest, AJournalOfAnotherUserDoesNotEmptyTheStore) {
   fs::permissions(folder.path(), fs::perms(0777));
   std::string journal("\xd9\xd5\x05\xf9\x20\xa1\x63\xd7", 8);
@@ -199,7 +199,7 @@ TEST_F(FileOwnersTest, ALogOfTheWrongOwnerBesideAStoreOfAnotherUserIsRefused) {
   EXPECT_THAT(errorOfReading(), HasSubstr("belongs to another user (user id 4712)"));
 }
 
-// SQLite takes a journal into the database at the beginning of a transaction.
+// SQLite rolls a journal back into the database at the beginning of a transaction.
 TEST_F(FileOwnersTest, AJournalAddedAfterTheOpeningIsRefused) {
   const auto withOpenDatabase = [&](const std::function<void(Database&)>& act) {
     const AsNobody rights;

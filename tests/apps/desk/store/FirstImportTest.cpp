@@ -83,7 +83,7 @@ TEST_F(FirstImportTest, KeepsAnEmptyFileThatItDidNotMake) {
   EXPECT_TRUE(std::filesystem::exists(file));
 }
 
-// The other program has looked into the file, and writes nothing before its transaction ends.
+// The other program has read the file, and writes nothing before its transaction ends.
 TEST_F(FirstImportTest, KeepsAnEmptyFileThatAnotherProgramIsAboutToFill) {
   std::optional<Database> database(std::in_place, file, Database::Opening::orCreate, Patience(300));
   RawDatabase other(file);
@@ -101,7 +101,7 @@ TEST_F(FirstImportTest, WithoutEffectLeavesNoStoreInAWindowEither) {
   EXPECT_TRUE(isEmptyFolder());
 }
 
-// Copying onto a store empties the file first: the copy must not lose its file in that moment.
+// Copying onto a store empties the file first: the file must not be removed at that moment.
 TEST_F(FirstImportTest, AStoreMadeHereStaysWhenAnotherProgramEmptiesIt) {
   {
     const GoalStore store = GoalStore::open(file);

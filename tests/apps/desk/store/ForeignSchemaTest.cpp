@@ -46,7 +46,7 @@ TEST_F(ForeignSchemaTest, EveryObjectOfAStoreIsRequired) {
   }
 }
 
-// Without it SQLite reads a store, and calls it damaged when an outcome is to be recorded.
+// Without it SQLite reads a store, and reports it as damaged when an outcome is recorded.
 TEST_F(ForeignSchemaTest, TheTableOfSQLiteForOutcomeNumbersIsRequired) {
   ASSERT_EQ(RawDatabase(file).run("PRAGMA writable_schema = ON; "
                                   "DELETE FROM sqlite_schema WHERE name = 'sqlite_sequence'"),

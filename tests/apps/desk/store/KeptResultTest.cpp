@@ -11,7 +11,7 @@
 namespace vemra::desk {
 namespace {
 
-/// A store keeps the result that it read last; it never gives it out for what is in the file now.
+/// A store keeps the result that it read last, and never returns it when the file has changed.
 class KeptResultTest : public ::testing::Test {
  protected:
   KeptResultTest() {

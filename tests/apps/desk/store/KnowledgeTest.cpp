@@ -72,7 +72,7 @@ TEST_F(KnowledgeTest, OfAPersonContainsNoOutcomeOfAPath) {
 }
 
 TEST_F(KnowledgeTest, OfAPersonIsInTheOrderOfGoalsAndOfRecording) {
-  auto early = goal("g0", "Third");  // the third goal that came
+  auto early = goal("g0", "Third");  // the third imported goal
   early.people = {{"ren\u00E9e", "Later name", {}, {}}, {"ren\u00E9e", {}, {}, {"ev5"}}};
   early.goal.targetPersonRef = "ren\u00E9e";
   early.paths = {{{"ren\u00E9e"}, {}, 0}, {{"ren\u00E9e"}, {}, 0}};
@@ -120,7 +120,8 @@ TEST_F(KnowledgeTest, NamesComeFromTheGoalFirstAndThenFromAnyOther) {
   EXPECT_EQ(names("not there"), (Names{"Bo", std::nullopt, "Renée"}));
 }
 
-// With a search for each reference, this took minutes, in which the window's other questions waited.
+// With a search for each reference, this took minutes, during which the window's other queries
+// waited.
 TEST_F(KnowledgeTest, NamesOfALongPathTakeOnePassOverThePeople) {
   constexpr std::size_t count = 30'000;
   std::vector<GoalPersonCandidateDTO> people(count, {"", "Somebody", {}, {}});

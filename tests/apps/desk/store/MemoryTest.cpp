@@ -13,14 +13,14 @@
 
 namespace {
 
-/// Blocks of at least so many bytes are refused.
+/// Allocations of at least so many bytes fail.
 std::atomic<std::size_t> refusedFrom{SIZE_MAX};
-/// So many blocks are granted, the next one is refused, and then all are granted again.
+/// So many allocations succeed, the next one fails, and all later ones succeed again.
 std::atomic<std::int64_t> granted{INT64_MAX};
 
 }  // namespace
 
-// Not inline: g++ 12 would take the halves of a pair apart and warn that they do not match.
+// Not inline: g++ 12 would inline one of a pair of functions and warn that the pair does not match.
 [[gnu::noinline]] void* operator new(std::size_t size) {
   const bool isGranted = size < refusedFrom && granted-- != 0;
   void* const block = isGranted ? std::malloc(size) : nullptr;
@@ -43,7 +43,8 @@ namespace {
 TEST(MemoryTest, TextsThatCannotBeComparedFailOnlyTheirQuery) {
   const TemporaryFolder folder;
   const std::string file = folder.file("goals.sqlite");
-  // Comparing takes the texts apart, four bytes a character; everything else is smaller.
+  // Comparing decomposes the texts, with four bytes for each character; all other allocations are
+  // smaller.
   const std::string composed = repeated("\u00e9", 50'000);
   const std::string decomposed = repeated("e\u0301", 50'000);
   GoalStore store = GoalStore::open(file);

@@ -150,7 +150,7 @@ TEST_F(MovedStoreTest, TheSameStoreBackAtItsPathIsUsedAgain) {
   EXPECT_EQ(recorded(file), 1u);
 }
 
-// The connection has been given up already, so it is the opening that finds no file.
+// The connection is already closed, so the opening finds no file.
 TEST_F(MovedStoreTest, AStoreReplacedAfterAFailureIsRecognisedAsAnotherStore) {
   RawDatabase other(file);
   ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
@@ -218,7 +218,7 @@ TEST_F(MovedStoreTest, AStoreMovedDuringAChangeIsNoticedBeforeTheChangeEnds) {
   EXPECT_EQ(task::wait(engine.goals())[0].title, "One");
 }
 
-// The transaction waits for another writer; meanwhile the store goes.
+// The transaction waits for another writer; meanwhile the store is moved.
 TEST_F(MovedStoreTest, AStoreMovedWhileACallWaitsForItIsNoticed) {
   Database database(file, Database::Opening::existingToWrite, Patience(5000));
   database.accept();

@@ -65,7 +65,7 @@ TEST_F(NewFileTest, AnotherFileAtItsPathStays) {
   EXPECT_TRUE(exists());
 }
 
-// The other program has looked into the file, and writes nothing before its transaction ends.
+// The other program has read the file, and writes nothing before its transaction ends.
 TEST_F(NewFileTest, StaysWhenAnotherProgramHasBegunToUseIt) {
   std::optional<NewFile> file(std::in_place, path, path);
   watch();

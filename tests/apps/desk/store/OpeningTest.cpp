@@ -30,7 +30,7 @@ TEST_F(OpeningTest, AFinishedStoreIsOpenedWhileAnotherProgramWrites) {
   EXPECT_EQ(errorOf([&] { GoalStore::open(file, Patience(0)); }), "no error");
 }
 
-// The store may be on a disk that is not there today: it is no store without goals.
+// The store may be on a disk that is not mounted, so it is not a store without goals.
 TEST_F(OpeningTest, ALinkThatLeadsNowhereIsNamed) {
   const std::string link = folder.file("link.sqlite");
   std::filesystem::create_symlink("/no/such/disk.sqlite", link);
@@ -65,8 +65,8 @@ TEST_F(OpeningTest, OpeningWaitsForTheModeUpToItsTimeLimit) {
   EXPECT_LT(Clock::now() - start, milliseconds(5000));
 }
 
-/// The settings of the connections that are opened while it lives, and their defaults: what a
-/// distribution may have built into SQLite, set on each new connection.
+/// Sets other defaults, as a distribution may have built them into SQLite, on each connection that
+/// is opened while it lives, and reads the connection's settings.
 class OtherDefaults {
  public:
   OtherDefaults() { sqlite3_auto_extension(reinterpret_cast<void (*)()>(apply)); }

@@ -41,7 +41,7 @@ WaitingOutcome waitingOutcome(const std::string& id, const std::string& note = "
                                     note, std::nullopt}};
 }
 
-/// What an act that must fail says; "" when it does not.
+/// The error message of a call; "" after a success.
 template <class Act>
 std::string failureOf(const Act& act) {
   try {
@@ -293,7 +293,7 @@ TEST_F(OutcomeJournalTest, AnAddedOutcomeIsSyncedAndARecordedOneIsNot) {
   EXPECT_EQ(FileCalls::syncs(), added);
 }
 
-// A power cut must not bring back what the user has given up.
+// A power cut must not bring back an outcome that the user has discarded.
 TEST_F(OutcomeJournalTest, AnOutcomeThatMustNotBeRecordedIsRemovedOnTheDisk) {
   journal.add(waitingOutcome("a"));
   journal.add(waitingOutcome("b"));

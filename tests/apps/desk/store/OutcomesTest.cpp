@@ -100,7 +100,7 @@ TEST_F(OutcomesTest, OfAMissingGoalAreAnError) {
       UnknownGoal);
 }
 
-// The database itself keeps what was recorded, whoever writes.
+// The database itself protects recorded outcomes, also from other programs.
 TEST_F(OutcomesTest, CannotBeRewrittenRemovedOrReplaced) {
   store.import({goal("g1", "t", {outcome("o1", "p1", GoalOutcomeValue::helped)})});
   RawDatabase other(file);

@@ -22,7 +22,7 @@ class ReadOnlyStoreTest : public ::testing::Test {
   ReadOnlyStoreTest() { GoalStore::open(file).import({goal("g1", "One")}); }
   ~ReadOnlyStoreTest() override { fs::permissions(folder.path(), fs::perms(0755)); }
 
-  /// The files of the folder, each with something that changes with its content.
+  /// The files of the folder, each with a value that changes with its content.
   std::map<std::string, std::size_t> everything() const {
     std::map<std::string, std::size_t> files;
     for (const auto& entry : fs::directory_iterator(folder.path())) {

@@ -10,7 +10,7 @@
 namespace vemra::desk {
 namespace {
 
-// Documents are compared as text: that is byte for byte, where records compare canonically.
+// Documents are compared as text, byte for byte; records would compare canonically.
 TEST(StoreRoundTrip, AnImportedResultIsReadBackUnchanged) {
   const TemporaryFolder folder;
   GoalStore store = GoalStore::open(folder.file("goals.sqlite"));

@@ -18,7 +18,7 @@ std::vector<std::string> shownTexts(const GetGoalSnapshotResponse& result) {
       .shownTexts();
 }
 
-// What the sample goals are for: a reader who looks through them has seen every face of the screen.
+// The purpose of the sample goals: together they show every variant of the screen.
 TEST(SampleGoals, ShowEveryVariantOfTheScreen) {
   std::multiset<std::string> shown;
   const auto samples = sampleGoals();
@@ -27,7 +27,7 @@ TEST(SampleGoals, ShowEveryVariantOfTheScreen) {
     for (const std::string& text : shownTexts(sample)) shown.insert(text);
   }
   for (const char* text :
-       {// people, and each reason for one; that of a connection reads in two ways
+       {// people, and each reason for one; a connection has two sentences
         "People worth considering", "Amara Okafor", "Unnamed person",
         "Email: Asked who is leading design for the launch", "Direct relationship evidence",
         "Connected through 2 shared relationships", "4 shared threads, 1 shared meeting",
@@ -41,7 +41,7 @@ TEST(SampleGoals, ShowEveryVariantOfTheScreen) {
         // outcomes: none yet, one with a note, one that corrects another
         "Record outcome", "Correct", "Reached out",
         "Wrote to her on Monday; she answers from the train.", "Introduced", "\u00B7 corrected",
-        // what it rests on
+        // the evidence
         "Based on 38 piece(s) of evidence from Mail, Calendar, Notes, through Mar 4, 2025.",
         "No source evidence yet."}) {
     EXPECT_THAT(shown, Contains(text));

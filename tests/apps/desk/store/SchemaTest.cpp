@@ -42,7 +42,7 @@ TEST(Schema, AReasonHasAllColumnsOfItsKindAndNoOthers) {
   const std::string file = folder.file("goals.sqlite");
   GoalStore::open(file).import({goal("g", "t")});
   RawDatabase raw(file);
-  // A bit a column: label, detail, reference, hop count, thread count, meeting count.
+  // One bit for each column: label, detail, reference, hop count, thread count, meeting count.
   constexpr unsigned none = 0, noneWillDo = 64;
   const std::pair<const char*, unsigned> kinds[] = {
       {"evidence", 0b000'111},       {"connection", 0b001'000}, {"nameMatch", none},

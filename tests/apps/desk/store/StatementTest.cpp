@@ -11,7 +11,7 @@ namespace {
 
 class StatementTest : public ::testing::Test {
  protected:
-  /// What reading the one row of the query fails with, behind "is damaged: ".
+  /// The error of reading the one row of the query, behind "is damaged: ".
   std::string errorOf(const char* sql, RowsOf rows, const std::function<void(Statement&)>& read) {
     Statement row(database, sql, rows);
     row.query();

@@ -96,7 +96,7 @@ TEST_F(StoreEngineTest, CarriesOutTasksInTheOrderOfStarting) {
   for (std::size_t i = 0; i < 50; ++i) EXPECT_EQ(outcomes[i].note, std::to_string(i));
 }
 
-/// Keeps a promise when the thread that it is a `thread_local` of has come to its very end.
+/// A `thread_local` of this type fulfils a promise at the very end of its thread.
 struct AtThreadEnd {
   std::promise<void>* ended = nullptr;
   ~AtThreadEnd() {
@@ -131,7 +131,7 @@ struct Hold {
   void await_resume() const noexcept {}
 };
 
-/// Asks an engine that nobody else owns, and keeps the task that it awaited.
+/// Queries an engine without another owner, and keeps the task that it awaited.
 task::Task<> askAndHold(std::shared_ptr<StoreEngine> engine, std::string goalID,
                         std::promise<void>* threadEnded, std::coroutine_handle<>* held) {
   task::Task<GetGoalSnapshotResponse> asked = engine->getGoalSnapshot(std::move(goalID));

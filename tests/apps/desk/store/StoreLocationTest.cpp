@@ -14,7 +14,7 @@
 namespace vemra::desk {
 namespace {
 
-/// The variables that the location depends on, as they were before, at the end.
+/// Restores the variables that the location depends on in its destructor.
 class StoreLocationTest : public ::testing::Test {
  protected:
   StoreLocationTest() {

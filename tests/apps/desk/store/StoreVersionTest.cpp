@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 using Call = SystemCallFault::Call;
 
-/// The number by which a window notices that a store has changed, and what failures do to it.
+/// The number by which a window notices that a store has changed, and how failures affect it.
 class StoreVersionTest : public ::testing::Test {
  protected:
   StoreVersionTest() {
@@ -38,8 +38,8 @@ class StoreVersionTest : public ::testing::Test {
 
   std::int64_t version() { return task::wait(engine.version()); }
 
-  /// A call that fails, after which the engine gives up its connection. SQLite has not read the
-  /// goal yet.
+  /// A call that fails, after which the engine closes its connection. SQLite has not read the goal
+  /// yet.
   void failToLoad() {
     const SystemCallFault fault(Call::read, EIO, "", SystemCallFault::always);
     EXPECT_NE(errorOf([&] { task::wait(engine.getGoalSnapshot("g1")); }), "no error");

@@ -4,11 +4,10 @@
 
 namespace vemra::desk {
 
-/// Lets a system call of SQLite's fail for a while, in this process.
+/// Lets a system call of SQLite fail for a while, in this process.
 ///
-/// SQLite makes its calls through a table that a program may change; so the whole of SQLite, and all
-/// that this project builds upon it, runs as it does on a machine where the call fails. One at a
-/// time.
+/// SQLite makes its calls through a table that a program may change; so SQLite and the project's
+/// code behave as on a machine where the call fails. Use one at a time.
 class SystemCallFault {
  public:
   enum class Call { openForWriting, open, read, write, lock, unlock };

@@ -28,7 +28,7 @@ class TextBoundTest : public ::testing::Test {
     GoalStore::open(file).import({result});
   }
 
-  /// Makes each page that is full of text the next one of itself: its text never ends.
+  /// Links each page that is full of text to itself as its next page, so that its text never ends.
   void closeChains() const {
     constexpr std::size_t pageSize = 4096;
     constexpr std::size_t nextSize = 4;  // at the start of the page, its highest byte first

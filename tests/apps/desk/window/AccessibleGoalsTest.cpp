@@ -1,4 +1,4 @@
-// A goal without a widget, as assistive technology meets it.
+// The accessible object of a goal without a widget.
 
 #include "apps/desk/window/GoalRow.hpp"
 #include "tests/apps/desk/window/ShownGoalList.hpp"

@@ -8,8 +8,8 @@
 namespace vemra::desk {
 namespace {
 
-/// Counts how often the window looks whether its store has changed, and can make a look take long.
-/// For stores that are opened while this lives. One at a time.
+/// Counts how often the window checks whether its store has changed, and can make a check slow. For
+/// stores that are opened while this lives. Use one at a time.
 class Looks {
  public:
   Looks() {
@@ -57,7 +57,7 @@ TEST_F(BusyStoreTest, TheNextCheckOfAStoreBeginsAfterThePreviousOneHasEnded) {
   Looks::mayGoOn = false;
   const int before = Looks::count;
   ASSERT_TRUE(becomes([&] { return Looks::count > before; }));
-  pass(1500);  // more looks are due
+  pass(1500);  // more checks are due
   Looks::mayGoOn = true;
   pass(100);
   EXPECT_LE(Looks::count, before + 2) << "one that took long, and the next one";

@@ -37,7 +37,7 @@ class ColoursTest : public OpenDesk {
  protected:
   ~ColoursTest() override { QApplication::setPalette(before); }
 
-  /// Every text beside the screen, against the ground that its pane has.
+  /// Compares every text beside the screen with the background of its pane.
   void expectReadable() const {
     int seen = 0;
     for (const auto* label : window->findChildren<QLabel*>()) {

@@ -24,7 +24,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-/// Writes down what a controller shows.
+/// Records what a controller shows.
 struct Written final : DeskDisplay {
   void showGoals(const std::vector<GoalListing>& listed, const std::string& id) override {
     goals.clear();

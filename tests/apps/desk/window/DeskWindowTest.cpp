@@ -31,7 +31,7 @@ class DeskWindowTest : public OpenDesk {
     }
     EXPECT_EQ(found, 1);
   }
-  /// What another program does to the store, until the window has taken it up.
+  /// Changes the store like another program, and waits until the window shows the change.
   void changeElsewhere(const std::string& title) {
     auto changed = goal("a", title);
     const std::string document = folder.write("a.json", documents::writeResult(changed));

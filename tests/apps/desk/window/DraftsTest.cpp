@@ -1,4 +1,4 @@
-// What a person has typed stays with its goal while the program runs.
+// Typed text stays with its goal while the program runs.
 
 #include "VemraQt/ViewWidget.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"

@@ -1,4 +1,4 @@
-// How far the list of goals scrolls, and how high it takes its rows to be.
+// The scroll range of the list of goals, and the estimated height of its rows.
 
 #include "apps/desk/window/GoalRow.hpp"
 #include "tests/apps/desk/window/Keys.hpp"

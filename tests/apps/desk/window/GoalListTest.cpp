@@ -129,14 +129,14 @@ TEST_F(GoalListTest, NeverScrollsSideways) {
   EXPECT_EQ(list.horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
 }
 
-/// What a row of the list paints.
+/// The painting of a row of the list.
 class GoalRowPaint : public ::testing::Test {
  protected:
   GoalRowPaint() {
     row.setTitle("Find a design lead");
     row.resize(220, 40);
   }
-  /// How many pixels of a picture of the row have exactly that colour.
+  /// The number of pixels of a picture of the row that have exactly that colour.
   int pixels(const QColor& colour) {
     const QImage image = row.grab().toImage();
     int count = 0;

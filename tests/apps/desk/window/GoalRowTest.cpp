@@ -19,7 +19,7 @@ class GoalRowTest : public ::testing::Test {
   }
   ~GoalRowTest() override { QToolTip::hideText(); }
 
-  /// What somebody hears of the row.
+  /// The row's accessible name.
   std::string name() {
     return QAccessible::queryAccessibleInterface(&row)->text(QAccessible::Name).toStdString();
   }
@@ -29,7 +29,7 @@ class GoalRowTest : public ::testing::Test {
     const QPoint middle = row.rect().center();
     QHelpEvent help(QEvent::ToolTip, middle, row.mapToGlobal(middle));
     QApplication::sendEvent(&row, &help);
-    if (!help.isAccepted()) return "";  // Qt lets one that was there go, a little later
+    if (!help.isAccepted()) return "";  // Qt hides an earlier one a little later
     return QToolTip::isVisible() ? QToolTip::text().toStdString() : "";
   }
 
@@ -81,7 +81,7 @@ TEST_F(GoalRowTest, ACutToolTipEndsInAnEllipsisAndCutsNoCharacter) {
 TEST_F(GoalRowTest, ATitleIsCutBetweenCharacters) {
   const auto drawn = [&](const QString& title) {
     row.setTitle(title);
-    row.resize(4000, 60);  // so wide that three lines hold more than is laid out
+    row.resize(4000, 60);  // so wide that three lines have room for more than is laid out
     return row.grab().toImage();
   };
   const QString face = QString::fromUtf8("\U0001F600");

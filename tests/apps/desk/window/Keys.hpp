@@ -6,7 +6,7 @@
 
 namespace vemra::desk {
 
-/// Presses a key of the keyboard on a widget and lets it go.
+/// Presses and releases a key on a widget.
 inline void pressKey(QWidget& widget, Qt::Key key) {
   for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
     QKeyEvent event(type, key, Qt::NoModifier);

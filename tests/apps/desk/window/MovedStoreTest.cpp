@@ -79,7 +79,7 @@ TEST_F(MovedStoreWindowTest, AnOutcomeThatWasRefusedThoughCommittedIsRecordedOnc
   const std::uint64_t before = engine->storeNumber();
   fs::rename(away, file);
   EXPECT_EQ(recorded(), 1u) << "it was committed";
-  // Until then the store at the path counts as another one, which refuses the outcome once more.
+  // Until then the store at the path counts as a different store, which refuses the outcome again.
   ASSERT_TRUE(becomes([&] { return engine->storeNumber() != before; })) << "it is opened anew";
   press("desk.waiting.again");
   EXPECT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") == nullptr; }));
@@ -131,7 +131,7 @@ TEST_F(MovedStoreWindowTest, AnOutcomeOnAScreenOfTheOldStoreIsNotRecordedInTheNe
   press(person + ".outcome.start");
   wait<QAbstractButton>(person + ".outcome.save");
   replaceBy("g1", "Of the backup");
-  // The store is looked at, and the new one opened, before the window hears of it.
+  // The engine checks the store, and opens the new one, before the window notices.
   for (int i = 0; i < 2; ++i) {
     try {
       task::wait(engine->version());
@@ -147,7 +147,7 @@ TEST_F(MovedStoreWindowTest, AGoalThatWasReadAcrossTwoStoresIsReadAgain) {
   GoalStore::open(file).import({goal("g2", "Two")});
   open();
   wait<QAbstractButton>(person + ".outcome.start");
-  // Otherwise the window would soon load everything anew because the store has changed.
+  // Otherwise the window would soon load everything again because the store has changed.
   for (auto* timer : window->findChildren<QTimer*>(Qt::FindDirectChildrenOnly)) timer->stop();
   pass(100);
   replaceBy("g2", "Of the backup");

@@ -24,7 +24,7 @@ task::Task<std::string> fails() {
 
 class OnMainThreadTest : public ::testing::Test {
  protected:
-  /// Starts a task whose end is written down.
+  /// Starts a task and records its end.
   void start(task::Task<std::string> task) {
     startOnMainThread(*receiver, std::move(task), [this](task::Result<std::string> result) {
       EXPECT_EQ(QThread::currentThread(), QApplication::instance()->thread());

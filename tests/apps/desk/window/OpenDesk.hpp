@@ -42,7 +42,7 @@ class OpenDesk : public testing::Test {
     engine.reset();
   }
 
-  /// Lets the window work for a while, for what must not happen.
+  /// Runs the event loop for a while, to check that something does not happen.
   static void pass(int milliseconds) {
     QElapsedTimer timer;
     timer.start();
@@ -86,7 +86,7 @@ class OpenDesk : public testing::Test {
     titled()->click();
   }
 
-  /// All texts that can be seen under the widget of that name, or anywhere.
+  /// All visible texts inside the widget of that name, or anywhere.
   QStringList texts(const std::string& within = "") const {
     QStringList texts;
     const QWidget* root =

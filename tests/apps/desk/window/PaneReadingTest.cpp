@@ -1,5 +1,5 @@
-// What a reader has done with a long pane stays when the store changes; its buttons are seen when a key
-// presses them.
+// A long pane keeps its scroll position, selection and opened pieces when the store changes; its
+// buttons are in view when a key presses them.
 
 #include "apps/desk/window/SidePane.hpp"
 #include "tests/apps/desk/window/Keys.hpp"
@@ -17,7 +17,7 @@
 namespace vemra::desk {
 namespace {
 
-/// A pane of so much that it scrolls, with more behind it.
+/// A pane with so much text that it scrolls and has a "Show more".
 class LongSidePaneTest : public ::testing::Test {
  protected:
   LongSidePaneTest() {

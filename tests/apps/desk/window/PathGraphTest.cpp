@@ -12,7 +12,7 @@
 namespace vemra::desk {
 namespace {
 
-/// Where the star of the person whom the path leads to is: the middle of what has its colour.
+/// The position of the last person's star: the middle of the pixels with its colour.
 QPoint brightStar(const QImage& image, const QColor& bright) {
   QRect found;
   for (int y = 0; y < image.height(); ++y) {
@@ -55,7 +55,7 @@ TEST_F(PathGraphTest, DescribesThePathToAssistiveTechnology) {
   EXPECT_EQ(heard->text(QAccessible::Description), "Ada, then Bo, then Dee");
 }
 
-/// How many pixels of a picture of the graph have that colour.
+/// The number of pixels of a picture of the graph with that colour.
 int pixels(PathGraph& graph, const QColor& colour) {
   graph.resize(220, graph.heightForWidth(220));
   const QImage image = graph.grab().toImage();

@@ -1,4 +1,4 @@
-// What is as long as a book is shown piece by piece, and nothing of it is lost.
+// Very long texts and lists are shown piece by piece, and nothing of them is lost.
 
 #include "apps/desk/window/Notice.hpp"
 #include "apps/desk/window/PathGraph.hpp"
@@ -23,7 +23,7 @@ namespace {
 
 const QString accent = QString::fromUtf8("\u0301");
 
-/// The pieces of a text, as they would be shown one after the other.
+/// The pieces of a text, in the order in which they are shown.
 QStringList piecesOf(const QString& text) {
   QStringList pieces;
   for (qsizetype from = 0; from < text.size();) {
@@ -182,7 +182,7 @@ TEST_F(PiecesTest, TabGoesThroughNewButtonsInReadingOrder) {
   column->addWidget(last);
   ASSERT_EQ(mores().size(), 2u);
   const auto pressesTabFrom = [&](QWidget* from) {
-    QApplication::processEvents();  // what is new is shown in the next turn
+    QApplication::processEvents();  // new widgets are shown in the next turn
     from->setFocus(Qt::TabFocusReason);
     pressKey(*from, Qt::Key_Tab);
     return window.focusWidget();
@@ -217,7 +217,7 @@ class SidePanePiecesTest : public ::testing::Test {
     for (const auto* label : pane.widget()->findChildren<QLabel*>()) texts.append(label->text());
     return texts;
   }
-  /// Presses the first "Show more of …" that there is.
+  /// Presses the first "Show more of …".
   bool showMore(const QString& what) const {
     for (auto* more : pane.findChildren<QPushButton*>("desk.side.more")) {
       if (more->isHidden() || more->accessibleName() != "Show more of " + what) continue;
@@ -226,7 +226,7 @@ class SidePanePiecesTest : public ::testing::Test {
     }
     return false;
   }
-  /// What a pane has to lay out at once, whatever it shows.
+  /// The amount that a pane lays out at once, for any content.
   void expectBounded() const {
     EXPECT_LT(texts().size(), 200);
     for (const QString& text : texts()) EXPECT_LE(text.size(), mostUnitsAtOnce + 1);

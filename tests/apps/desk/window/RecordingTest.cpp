@@ -15,7 +15,7 @@
 namespace vemra::desk {
 namespace {
 
-/// No file of this process grows for a while, as on a disk that is full.
+/// While it lives, no file of this process can grow, as on a full disk.
 class NoRoom {
  public:
   NoRoom() {

@@ -8,7 +8,7 @@
 namespace vemra::desk {
 namespace {
 
-/// What the program answers without a window when no variable, or an empty one, names a display.
+/// The program's error when no variable names a display, or an empty one.
 TEST(ShowWindowTest, WithoutADisplayTheProgramSaysSoAndMakesNoStore) {
   const TemporaryFolder folder;
   const std::string store = folder.file("goals.sqlite");

@@ -1,4 +1,4 @@
-// How what the pane beside the screen shows is set apart.
+// The gaps between the parts of the pane beside the screen.
 
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
 #include "apps/desk/window/PlainText.hpp"
@@ -18,7 +18,7 @@ class SidePaneGapsTest : public ::testing::Test {
  protected:
   SidePaneGapsTest() { pane.resize(400, 900); }
 
-  /// The room between the label of that text and the label above it, in pixels.
+  /// The gap between the label of that text and the label above it, in pixels.
   int gapAbove(const QString& text) const {
     QApplication::processEvents();
     QList<QLabel*> labels = pane.widget()->findChildren<QLabel*>();
@@ -100,7 +100,7 @@ TEST_F(SidePaneGapsTest, ATextInPiecesHasThePlaceOfAShortText) {
   EXPECT_EQ(below.top() - place(more).bottom() - 1, betweenLines);
 }
 
-// A scroll area gives its content a ground of its own otherwise.
+// Otherwise a scroll area gives its content a background of its own.
 TEST_F(SidePaneGapsTest, ThePaneHasTheBackgroundOfItsWindow) {
   pane.showPerson({});
   EXPECT_FALSE(pane.widget()->autoFillBackground());

@@ -28,7 +28,7 @@ class SidePanePathTest : public ::testing::Test {
     pane.findChild<QPushButton*>("desk.side.more")->click();
     QApplication::processEvents();
   }
-  /// Whether the star of the person whom the path leads to is in it.
+  /// Whether it contains the star of the path's last person.
   static bool hasBrightStar(PathGraph& stretch) {
     const QColor bright = stretch.palette().color(QPalette::Highlight);
     stretch.resize(220, stretch.heightForWidth(220));

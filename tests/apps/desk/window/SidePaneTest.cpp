@@ -1,4 +1,4 @@
-// What the pane beside the screen says of a person, a source and a path.
+// The pane's texts about a person, a source and a path.
 
 #include "apps/desk/window/PathGraph.hpp"
 #include "apps/desk/window/SidePane.hpp"

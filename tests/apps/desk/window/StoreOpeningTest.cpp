@@ -1,4 +1,4 @@
-// What a window does with a store that it cannot open, or cannot write.
+// A window with a store that it cannot open, or cannot write.
 
 #include "apps/desk/window/StoreOpening.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"

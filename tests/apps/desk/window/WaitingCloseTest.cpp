@@ -1,4 +1,4 @@
-// The end of a window with outcomes that the store has not taken yet.
+// Closing a window with outcomes that are not stored yet.
 
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
@@ -12,7 +12,7 @@
 namespace vemra::desk {
 namespace {
 
-/// A window on a store that another program locks, with an outcome that waits.
+/// A window on a store that another program has locked, with a waiting outcome.
 class WaitingCloseTest : public OpenDesk {
  protected:
   WaitingCloseTest() {

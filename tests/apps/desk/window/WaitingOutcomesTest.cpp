@@ -32,7 +32,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-/// A store, its journal, and what waits for it in a program.
+/// A store, its journal, and the waiting outcomes of a program.
 class WaitingOutcomesTest : public ::testing::Test {
  protected:
   WaitingOutcomesTest() { GoalStore::open(file).import({goal("g1", "One"), goal("g2", "Two")}); }
@@ -45,7 +45,7 @@ class WaitingOutcomesTest : public ::testing::Test {
                      [this](const QString& reason) { failure = reason.toStdString(); });
     waiting->start();
   }
-  /// The program ends without a word; what is on the disk is what it leaves.
+  /// The program is killed; only the files on the disk remain.
   void stop() {
     waiting.reset();
     if (engine) engine->finish();
@@ -104,7 +104,7 @@ TEST_F(WaitingOutcomesTest, AnOutcomeIsInTheJournalBeforeItIsTried) {
     return 0;
   });
   start();
-  // Writing the journal takes a while, so that a try which does not wait for it comes first.
+  // Writing the journal takes a while, so that a try that does not wait for it comes first.
   const int slow = ::open(journal.file().c_str(), O_RDWR | O_CREAT, 0600);
   ASSERT_EQ(::flock(slow, LOCK_EX), 0);
   std::thread unlocking([&] {

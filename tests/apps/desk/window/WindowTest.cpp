@@ -16,7 +16,7 @@ class WindowTest : public OpenDesk {
  protected:
   void addSamples() const { GoalStore::open(file).import(sampleGoals()); }
 
-  /// Another program writes the hop count at which a screen stops into a goal.
+  /// Another program writes the hop count that stops the screen into a goal.
   void plantSmallestHopCount(int goalNumber) const {
     EXPECT_EQ(RawDatabase(file).run("UPDATE people SET why_hop_count = -9223372036854775808 "
                                     "WHERE goal = " +
@@ -135,7 +135,7 @@ TEST_F(WindowTest, TheSidePaneFollowsRecordedOutcomes) {
   EXPECT_TRUE(becomes([&] { return shows("Recorded", "desk.side"); }));
 }
 
-// Each time the answer is on its way when the reader has gone on.
+// Each answer arrives after the user has opened another person or source.
 TEST_F(WindowTest, ALateAnswerIsNotShown) {
   addSamples();
   open();

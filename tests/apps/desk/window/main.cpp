@@ -5,7 +5,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-/// The tests run without a display, with one font, one size and one style, whatever the machine's.
+/// The tests run without a display, with the same font, size and style on every machine.
 int main(int argumentCount, char** arguments) {
   ::testing::InitGoogleTest(&argumentCount, arguments);
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");

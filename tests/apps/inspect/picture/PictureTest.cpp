@@ -4,7 +4,7 @@
 namespace vemra::inspect {
 namespace {
 
-/// The width and height that a PNG file says it has (its IHDR chunk); 0 for another file.
+/// The width and height in a PNG file's IHDR chunk; 0 for another file.
 std::pair<unsigned, unsigned> pictureSize(const std::string& png) {
   if (png.size() < 24 || !png.starts_with("\x89PNG\r\n\x1A\n")) return {0, 0};
   const auto number = [&](std::size_t at) {
@@ -18,7 +18,7 @@ std::pair<unsigned, unsigned> pictureSize(const std::string& png) {
 
 class PictureTest : public ProgramTest {
  protected:
-  /// The toolkit wants a private folder of the user's, as a login has one.
+  /// The toolkit needs a private folder of the user, as in a login session.
   Ran draw(const std::string& arguments, const std::string& text,
            const std::string& variables = "") const {
     return run(
