@@ -20,7 +20,7 @@ inline void expectAsInFile(const std::string& actual, const std::string& name) {
     ASSERT_TRUE(out << actual << std::flush) << path << " cannot be written";
   }
   std::ifstream file(path, std::ios::binary);
-  ASSERT_TRUE(file) << path << " is not there; VEMRA_UPDATE_EXPECTED=1 writes it";
+  ASSERT_TRUE(file) << path << " is missing; VEMRA_UPDATE_EXPECTED=1 writes it";
   std::stringstream expected;
   expected << file.rdbuf();
   EXPECT_EQ(actual, expected.str()) << path << "; VEMRA_UPDATE_EXPECTED=1 rewrites it";

@@ -13,7 +13,8 @@ import subprocess
 import sys
 import tempfile
 
-# Runs in the page, behind its own program; writes what it finds into an element that --dump-dom shows.
+# Runs in the page, after the page's own script; writes its findings into an element that --dump-dom
+# shows.
 PROBE = r"""
 <script>
 {

@@ -22,8 +22,8 @@ void expectEachChangeToMatter(Record (*make)(), const std::vector<Change<Record>
     const Record original = make();
     Record changed = make();
     change.apply(changed);
-    EXPECT_FALSE(original == changed) << "no notice was taken of " << change.field;
-    EXPECT_FALSE(changed == original) << "no notice was taken of " << change.field;
+    EXPECT_FALSE(original == changed) << "the equality ignores " << change.field;
+    EXPECT_FALSE(changed == original) << "the equality ignores " << change.field;
     EXPECT_TRUE(changed == Record(changed)) << "unequal to its copy after " << change.field;
   }
 }

@@ -120,7 +120,7 @@ TEST_F(WholeScreen, AnEmptyCallbackMakesItsButtonDoNothing) {
   screen.press("vemra.goal.path.outcome.start");
   screen.press("vemra.goal.path.outcome.save");
   EXPECT_EQ(shape(screen), shape(Screen(viewOf(ordinaryResult(), calls_))))
-      << "all is shown as ever, and Save has closed the editor";
+      << "the screen is unchanged, except that Save has closed the editor";
 }
 
 TEST_F(WholeScreen, ACallbackMayShowANewView) {

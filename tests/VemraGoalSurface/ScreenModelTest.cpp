@@ -250,7 +250,7 @@ TEST_P(ScreenModel, AgreesWithTheScreenUnderRandomEvents) {
   for (const char* event : {"snapshot", "record outcome", "correct", "choose", "write", "return",
                             "cancel", "save while disabled", "save, stored at once",
                             "save, never stored", "open", "evidence", "focus"}) {
-    EXPECT_GE(counts[event], testing::rounds(100)) << event << " hardly ever happened";
+    EXPECT_GE(counts[event], testing::rounds(100)) << event << " is too rare";
   }
 }
 

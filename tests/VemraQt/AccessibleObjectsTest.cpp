@@ -83,7 +83,8 @@ TEST_F(AccessibleObjectsTest, ThePageItselfHasTheIdentifierOfItsWidget) {
   EXPECT_EQ(identifiers().identifier(id), "the.page");
   widget.setObjectName("");
   EXPECT_EQ(identifiers().identifier(id), "");
-  EXPECT_FALSE(identifiers().identifier(id).isNull()) << "it is known, and has none";
+  EXPECT_FALSE(identifiers().identifier(id).isNull())
+      << "the object is known, and has no identifier";
   EXPECT_EQ(identifiers().identifier(QAccessible::uniqueId(page().child(0))), "");
   EXPECT_FALSE(identifiers().identifier(QAccessible::uniqueId(page().child(0))).isNull());
   qt::ViewWidget other;

@@ -295,11 +295,11 @@ TEST(AccessibleTree, AMissingIdentifierIsSearchedInEveryRowOnlyOnce) {
   EXPECT_EQ(accessible(host, "nobody"), nullptr);
   EXPECT_EQ(accessible(host, "vemra.goal.person.p4000.outcome.picker"), nullptr);
   EXPECT_EQ(accessible(host, ""), nullptr);
-  EXPECT_EQ(described(), before) << "all has been looked at";
+  EXPECT_EQ(described(), before) << "every kind has been checked";
   host.widget.verticalScrollBar()->setValue(100'000);
   before = described();
   EXPECT_EQ(accessible(host, "nobody else"), nullptr);
-  EXPECT_EQ(described(), before) << "scrolling brings nothing new";
+  EXPECT_EQ(described(), before) << "scrolling brings no new rows";
 }
 
 TEST(AccessibleTree, AnIdentifierThatWasMissingIsFoundWhenItAppears) {

@@ -98,7 +98,7 @@ TEST(Audit, EveryElementHasANameUnlessTheDataHasNone) {
   for (QAccessibleInterface* element : elementsBelow(accessiblePage(host))) {
     if (name(*element).empty()) nameless.push_back(roleOf(*element));
   }
-  EXPECT_THAT(nameless, ElementsAreArray({"button"})) << "that of the person with an empty name";
+  EXPECT_THAT(nameless, ElementsAreArray({"button"})) << "the row of the person with an empty name";
 }
 
 TEST(Audit, TheGroupOfAPersonWithoutANameIsNamedAfterItsNextText) {

@@ -95,7 +95,7 @@ TEST_F(ChoiceBoxTest, ItsChoicesFollowTheView) {
   show({{"One", 1}});
   EXPECT_THAT(items(), ElementsAre("One"));
   EXPECT_EQ(box().currentIndex(), 0);
-  EXPECT_THAT(chosen, IsEmpty()) << "nobody has chosen anything";
+  EXPECT_THAT(chosen, IsEmpty()) << "no choice was made";
 }
 
 TEST_F(ChoiceBoxTest, ChoosingSelectsThePresentTagOfTheLabel) {
@@ -189,7 +189,7 @@ TEST_F(ChoiceBoxTest, KeysOpenTheMenuOrGoFromChoiceToChoice) {
   for (const auto key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Escape, Qt::Key_Delete}) {
     QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
     QApplication::sendEvent(&box(), &event);
-    EXPECT_FALSE(event.isAccepted()) << "the window may have a use for " << key;
+    EXPECT_FALSE(event.isAccepted()) << "the window may handle " << key;
   }
   EXPECT_EQ(selected, 2);
 }
@@ -291,7 +291,7 @@ TEST_F(ChoiceBoxTest, IsAComboBoxWithItsChoicesForAClient) {
   auto* selection = dynamic_cast<qt::atspi::SelectionInterface*>(&picker);
   EXPECT_EQ(selection->selectedItemCount(), 1);
   EXPECT_THAT(selection->selectedItems(), ElementsAre(picker.child(0)));
-  EXPECT_FALSE(selection->select(&picker)) << "no choice of it";
+  EXPECT_FALSE(selection->select(&picker)) << "not one of its choices";
   EXPECT_TRUE(selection->select(&two));
   EXPECT_EQ(selected, 2);
   show({{"One", 1}, {"Two", 2}});
@@ -303,7 +303,7 @@ TEST_F(ChoiceBoxTest, IsAComboBoxWithItsChoicesForAClient) {
               ElementsAre(QAccessibleActionInterface::showMenuAction(),
                           QAccessibleActionInterface::setFocusAction()));
   show({{"One", 1}});
-  EXPECT_EQ(name(two), "") << "a choice that has gone";
+  EXPECT_EQ(name(two), "") << "a removed choice";
   EXPECT_TRUE(two.state().disabled);
   two.actionInterface()->doAction(QAccessibleActionInterface::pressAction());
   EXPECT_EQ(selected, 2);
@@ -340,5 +340,5 @@ TEST_F(ChoiceBoxTest, ItsChoiceIsReadOnlyTextForAClient) {
   selected = 5;
   show({{"One two", 1}});
   EXPECT_EQ(text.characterCount(), 0);
-  EXPECT_EQ(text.characterRect(0), whole) << "of no character the whole";
+  EXPECT_EQ(text.characterRect(0), whole) << "without characters, the extents of the whole text";
 }

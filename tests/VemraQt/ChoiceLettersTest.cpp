@@ -75,7 +75,7 @@ TEST_F(ChoiceLetters, ACommandIsNotALetter) {
     QKeyEvent event(QEvent::KeyPress, Qt::Key_H, modifier, "h");
     QApplication::sendEvent(picker, &event);
     EXPECT_EQ(picker->currentText(), "Was useful") << modifier;
-    EXPECT_FALSE(event.isAccepted()) << modifier << ": others may know what to do with it";
+    EXPECT_FALSE(event.isAccepted()) << modifier << ": other handlers may use it";
   }
 }
 

@@ -42,7 +42,7 @@ TEST_F(PageException, ScrollingPastARowThatThrowsContinues) {
   widget.setRoot(rows("a", {.row = is("a299"), .body = is("a298")}));
   showWindow();
   EXPECT_THAT(faultsOf([&] { bar().setValue(bar().maximum()); }), ElementsAre("row a299, later"))
-      << "of several the first comes out";
+      << "of several exceptions, the first is rethrown";
   EXPECT_THAT(texts(), Contains("a297=0"));
   bar().setValue(0);
   EXPECT_THAT(texts(), Contains("a0=0"));
@@ -116,7 +116,7 @@ TEST_F(PageException, AnActionThatThrowsHasEndedAndItsButtonActsAgain) {
   EXPECT_THAT(faultsOf([&] { button("at 0")->click(); }), ElementsAre("body at 1, later"));
   EXPECT_THAT(faultsOf([&] { button("at 0")->click(); }), IsEmpty());
   EXPECT_THAT(faultsOf([&] { button("at 2")->click(); }), ElementsAre("action at 3, later"));
-  EXPECT_TRUE(button("at 3")) << "what it had written stays";
+  EXPECT_TRUE(button("at 3")) << "its earlier writes stay";
   expectThePageGoesOn();
 }
 
@@ -131,7 +131,8 @@ TEST_F(PageException, AButtonWhoseActionThrewNoLongerCountsAsPressed) {
   faultsOf([&] { button("faulty")->click(); });
   widget.setRoot(page(false));
   ASSERT_TRUE(button("other"));
-  EXPECT_FALSE(button("other")->hasFocus()) << "nobody has pressed anything, and nothing lost it";
+  EXPECT_FALSE(button("other")->hasFocus())
+      << "no button counts as pressed, and no control lost the focus";
 }
 
 TEST_F(PageException, TabContinuesPastRowsThatThrow) {
@@ -203,7 +204,7 @@ TEST_F(PageException, AssistiveTechnologyGetsAnEmptyRowForARowThatThrows) {
                 EXPECT_EQ(page.child(200)->childCount(), 0);
               }),
               ElementsAre("row a200, later"))
-      << "the bus that asks cannot be thrown at";
+      << "no exception may be thrown into the bus";
   EXPECT_THAT(faultsOf([&] { EXPECT_EQ(name(*page.child(201)), ""); }),
               ElementsAre("body a201, later"));
   EXPECT_EQ(name(*page.child(202)), "a202=0");
@@ -270,7 +271,7 @@ TEST_F(PageException, AWindowForATreeThatThrowsIsMade) {
               ElementsAre("body, later"));
   ASSERT_TRUE(other);
   other->show();
-  EXPECT_EQ(other->viewport()->findChild<QLabel*>()->text(), "text") << "what it showed before";
+  EXPECT_EQ(other->viewport()->findChild<QLabel*>()->text(), "text") << "its previous content";
 }
 
 TEST_F(PageException, APictureRethrowsToItsCaller) {

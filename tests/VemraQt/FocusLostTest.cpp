@@ -72,7 +72,7 @@ TEST_F(FocusLost, AmongRowsWithoutControlsThePageItselfGetsTheFocus) {
   press();
   EXPECT_EQ(focused(), "nothing");
   EXPECT_TRUE(widget.hasFocus());
-  EXPECT_EQ(bar().value(), before) << "a search in vain moves nothing";
+  EXPECT_EQ(bar().value(), before) << "a search without a result moves nothing";
 }
 
 TEST_F(FocusLost, AmongRowsWithDisabledControlsThePageItselfGetsTheFocusToo) {

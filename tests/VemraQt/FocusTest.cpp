@@ -175,7 +175,7 @@ TEST(Focus, ARemovedRowPassesTheFocusToTheRowAtItsPlace) {
   host.change([](Result& result) { result.people = {}; });
   EXPECT_EQ(focusedName(host.widget), "vemra.goal.path.see-in-starfold");
   host.change([](Result& result) { result.paths = {}; });
-  EXPECT_EQ(host.widget.focusWidget(), &host.widget) << "nothing is left to have it";
+  EXPECT_EQ(host.widget.focusWidget(), &host.widget) << "no control is left for the focus";
 }
 
 TEST(Focus, KeysScrollThePage) {

@@ -123,7 +123,7 @@ TEST_F(KeysOutOfView, TypingEditingAndArrowsScrollANoteIn) {
   scrollAway();
   QInputMethodEvent composing("pre", {});
   QApplication::sendEvent(&shown, &composing);
-  EXPECT_TRUE(isSeen()) << "what an input method composes";
+  EXPECT_TRUE(isSeen()) << "text that an input method composes";
   scrollAway();
   QInputMethodEvent commit;
   commit.setCommitString("y");

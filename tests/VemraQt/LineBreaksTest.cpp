@@ -107,7 +107,7 @@ TEST_F(LineBreaks, MarksFollowTheTextWhileItIsEdited) {
   QTest::keyClick(&note, Qt::Key_Delete);
   host.widget.setFocus();
   WindowHost joined(resultWith(1));
-  EXPECT_EQ(inside(note), inside(noteWith(joined, "HHHH", 1))) << "no room is left of the break";
+  EXPECT_EQ(inside(note), inside(noteWith(joined, "HHHH", 1))) << "the break leaves no gap";
   note.setFocus();
   QTest::keyClick(&note, Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(note.text(), "HHH\nH") << "undone";

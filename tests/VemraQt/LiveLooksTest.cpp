@@ -95,7 +95,7 @@ TEST(LiveLooks, TheSystemsDirectionIsFollowed) {
   QApplication::setLayoutDirection(Qt::RightToLeft);
   EXPECT_EQ(following.environment().layoutDirection, ui::LayoutDirection::rightToLeft);
   EXPECT_GT(place(), 200);
-  EXPECT_EQ(host.widget.layoutDirection(), Qt::LeftToRight) << "its host has said otherwise";
+  EXPECT_EQ(host.widget.layoutDirection(), Qt::LeftToRight) << "the host has set another one";
   QApplication::setLayoutDirection(Qt::LeftToRight);
   EXPECT_LT(place(), 200);
 }

@@ -69,7 +69,7 @@ TEST(ScrollAnchor, UpwardsPastRowsOfUnknownHeightEverythingMovesByTheStep) {
   bar(host).setValue(70'000);
   const int first = peopleInView(host).front();
   expectEvenSteps(host, -53);
-  EXPECT_LT(peopleInView(host).front(), first - 10) << "rows that nobody had seen have come in";
+  EXPECT_LT(peopleInView(host).front(), first - 10) << "rows that were never in view have come in";
 }
 
 TEST(ScrollAnchor, DownwardsPastRowsOfUnknownHeightEverythingMovesByTheStep) {
@@ -77,7 +77,7 @@ TEST(ScrollAnchor, DownwardsPastRowsOfUnknownHeightEverythingMovesByTheStep) {
   bar(host).setValue(70'000);
   const int first = peopleInView(host).front();
   expectEvenSteps(host, 53);
-  EXPECT_GT(peopleInView(host).front(), first + 10) << "rows that nobody had seen have come in";
+  EXPECT_GT(peopleInView(host).front(), first + 10) << "rows that were never in view have come in";
 }
 
 TEST(ScrollAnchor, AJumpToTheEndEndsThereAlsoWhenThePageGrows) {
@@ -88,7 +88,7 @@ TEST(ScrollAnchor, AJumpToTheEndEndsThereAlsoWhenThePageGrows) {
   WindowHost host(result);
   const int estimated = bar(host).maximum();
   bar(host).setValue(estimated);
-  EXPECT_GT(bar(host).maximum(), estimated) << "the last rows are no higher than was thought";
+  EXPECT_GT(bar(host).maximum(), estimated) << "the last rows are not higher than estimated";
   EXPECT_EQ(bar(host).value(), bar(host).maximum());
   EXPECT_THAT(peopleInView(host), Contains(499));
 }
@@ -146,7 +146,7 @@ TEST(ScrollAnchor, AnotherStyleKeepsTheSameRowInView) {
   expectReading("windows");
   QApplication::setStyle(new HighButtons);
   expectReading("high buttons");
-  EXPECT_GT(host.widget.contentHeight(), height * 5 / 4) << "the style's sizes are taken up";
+  EXPECT_GT(host.widget.contentHeight(), height * 5 / 4) << "the style's sizes take effect";
   QApplication::setStyle("fusion");
   expectReading("fusion");
   EXPECT_LT(host.widget.contentHeight(), height * 5 / 4);
@@ -185,7 +185,8 @@ TEST(ScrollAnchor, ThePageGrowsAndShrinksByTheHeightsOfAddedAndRemovedPeople) {
   });
   const int estimate = pageOf(host.widget).tree().lists().front()->rows->estimate() +
                        pageOf(host.widget).tree().lists().front()->rows->gap();
-  EXPECT_EQ(host.widget.contentHeight(), before + estimate) << "two came and one left, unmeasured";
+  EXPECT_EQ(host.widget.contentHeight(), before + estimate)
+      << "two were added and one removed, all unmeasured";
   host.change([&](Result& result) { result.people = people; });
   EXPECT_EQ(host.widget.contentHeight(), before);
 }

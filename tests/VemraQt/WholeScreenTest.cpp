@@ -128,7 +128,7 @@ TEST(WholeScreen, TypingCursorAndFocusSurviveASnapshotBetweenTwoKeys) {
   EXPECT_EQ(&host.get<QLineEdit>(p1 + ".outcome.note"), &note) << "the same native field";
   EXPECT_TRUE(note.hasFocus());
   EXPECT_EQ(note.selectedText(), " ");
-  EXPECT_EQ(note.y(), y) << "what the person writes in stays where it is";
+  EXPECT_EQ(note.y(), y) << "the field in use stays in place";
   QTest::keyClicks(&note, "_");
   EXPECT_EQ(note.text(), "hello_world");
   host.press(p1 + ".outcome.save");

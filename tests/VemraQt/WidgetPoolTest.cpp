@@ -81,7 +81,7 @@ TEST_F(WidgetPoolTest, OfManyUnusedWidgetsTheOldestAreDeletedLater) {
   EXPECT_EQ(pool.size(), 30u);
   pool.hideResting();
   EXPECT_EQ(pool.size(), 24u);
-  EXPECT_TRUE(oldest) << "its own signal may be the one that is handled";
+  EXPECT_TRUE(oldest) << "the signal that is handled may be its own";
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_FALSE(oldest);
   for (std::size_t i = 30; i-- > 6;) EXPECT_EQ(&pool.take(text), widgets[i]);

@@ -89,7 +89,7 @@ TEST_F(ScreenTest, OfEqualIdentifiersTheFirstInTreeOrderIsUsed) {
   EXPECT_EQ(screen.get(byIdentifier("id", 1)).element.shownLabel(), "second");
   EXPECT_EQ(reasonOf([&] { screen.get(byIdentifier("id", 2)); }),
             "no element with identifier \"id\" at index 2: there are 2");
-  EXPECT_THAT(what, Not(HasSubstr("nearest"))) << "it is spelt as it should be";
+  EXPECT_THAT(what, Not(HasSubstr("nearest"))) << "its spelling is right";
 }
 
 TEST_F(ScreenTest, IdentifiersAndTextsMatchByteForByte) {
@@ -147,8 +147,8 @@ TEST_F(ScreenTest, NearestIdentifiersHaveTheFewestBytesAddedLeftOutOrReplaced) {
             "mitten, kitten.s, witted");
   EXPECT_EQ(nearest({"bitter", "kitten"}, "sitting"), "kitten, bitter") << "three, and four";
   EXPECT_EQ(nearest({"abxyz", "ab"}, "abc"), "ab, abxyz");
-  EXPECT_EQ(nearest({"b", "a"}, "c"), "a, b") << "equally near ones by the alphabet";
-  EXPECT_EQ(nearest({"f", "abcde"}, "abcdef"), "abcde, f") << "what is missing in front counts too";
+  EXPECT_EQ(nearest({"b", "a"}, "c"), "a, b") << "equally near ones in alphabetical order";
+  EXPECT_EQ(nearest({"f", "abcde"}, "abcdef"), "abcde, f") << "a missing part in front counts too";
 
   const std::string long255(255, 'x');
   EXPECT_EQ(nearest({long255 + "a", long255 + "b"}, long255 + "bz"),
@@ -162,7 +162,7 @@ TEST_F(ScreenTest, NearestIdentifiersHaveTheFewestBytesAddedLeftOutOrReplaced) {
   const std::string long250(250, 'x');
   EXPECT_EQ(nearest({long256, long250 + "aaaaaa"}, long256 + "aaaaaaaaaa"),
             long256 + ", " + long250 + "aaaaaa")
-      << "and of the one that is sought";
+      << "and of the wanted one";
 }
 
 TEST_F(ScreenTest, LongIdentifiersAreComparedInBoundedTime) {
@@ -244,7 +244,7 @@ TEST_F(ScreenTest, AnImpossibleAttemptDoesNotDescribeTheTree) {
   EXPECT_TRUE(screen.attempt(go, Choose{"x"}));
   EXPECT_EQ(described, 0);
   EXPECT_THROW(screen.press("gone"), ElementError);
-  EXPECT_EQ(described, 1) << "the error of a verb shows the tree";
+  EXPECT_EQ(described, 1) << "the error of these functions shows the tree";
 }
 
 TEST_F(ScreenTest, AnActFromInsideACallbackWaitsForTheEventToEnd) {

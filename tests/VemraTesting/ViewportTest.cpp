@@ -298,7 +298,7 @@ TEST(Viewport, AKeyRethrowsTheExceptionOfItsAction) {
   Viewport screen(Button("Fail", [] { throw std::runtime_error("no"); }), {20, 1});
   screen.tab();
   EXPECT_THROW(screen.press(), std::runtime_error);
-  EXPECT_EQ(screen.text(), ">Fail<\n") << "the screen goes on";
+  EXPECT_EQ(screen.text(), ">Fail<\n") << "the screen still works";
 }
 
 TEST(Viewport, HasAtLeastOneCell) {

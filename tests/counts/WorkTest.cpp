@@ -124,7 +124,7 @@ TEST(Work, OfASnapshotWithOneOutcomeMore) {
       return screen.costOf([&] { screen.show(); });
     });
     EXPECT_EQ(work.patches, 1U) << "the label of that person's outcome";
-    EXPECT_EQ(work.idPasses, 0U) << "nobody has typed anything: no id needs to be looked at";
+    EXPECT_EQ(work.idPasses, 0U) << "no state exists, so no id need be read";
     return work;
   });
 }

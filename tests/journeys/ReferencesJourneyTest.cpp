@@ -107,7 +107,7 @@ TEST_P(EqualReferences, KeepTheirStateWhenTheOtherPersonIsRemoved) {
   EXPECT_EQ(face(host.screen, 0).at(0), "VStack leading 6");
   host.change([](Result& result) { result.people = {result.people[0], result.people[0]}; });
   EXPECT_EQ(face(host.screen, 0).at(0), "VStack leading 6");
-  EXPECT_EQ(face(host.screen, 1).size(), 1u) << "the second left and returned";
+  EXPECT_EQ(face(host.screen, 1).size(), 1u) << "the second person was removed and added again";
 }
 
 TEST_P(EqualReferences, ShowTheSameEveryTime) {

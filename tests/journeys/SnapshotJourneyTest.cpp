@@ -26,7 +26,8 @@ class MidEdit : public ::testing::Test {
     ASSERT_TRUE(bo.isEditing()) << host.screen.outline();
     EXPECT_EQ(bo.chosen(), "invited");
     EXPECT_EQ(bo.note(), "half a sen");
-    EXPECT_EQ(noteField(), field_) << "the field is another node: a window would lose the focus";
+    EXPECT_EQ(noteField(), field_)
+        << "the field is a different node: a window would lose the focus";
   }
 
   void expectBoLost() const {

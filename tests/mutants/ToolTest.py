@@ -34,7 +34,7 @@ EXPECTED = HERE / "sample/expected.txt"
 
 
 def compiled(folder, chosen):
-    """Compiles the sample with these mutants; the compiler's messages, "" where it is content."""
+    """Compiles the sample with these mutants; returns the compiler's messages, "" after a success."""
     written = schema.write(mutants.read(SAMPLE), chosen)
     (folder / "Sample.cpp").write_text(written.text())
     done = subprocess.run(
@@ -44,7 +44,7 @@ def compiled(folder, chosen):
 
 
 def verdicts(folder, found):
-    """A line for each mutant of the sample, in the order of the text."""
+    """One line for each mutant of the sample, in the order of the text."""
     refused = set()
     while True:
         messages, written = compiled(folder, [m for m in found if m.id not in refused])
@@ -74,7 +74,7 @@ def mutants_do_not_find_the_users_own_files():
 
 
 def reached_with_a_limit_of_files(folder):
-    """The reached mutants of the sample where a test lets no file grow beyond 40 bytes."""
+    """The reached mutants of the sample when a test lets no file grow beyond 40 bytes."""
     reached = folder / "reached with a limit"
     subprocess.run([folder / "sample"], check=True, restore_signals=False,  # SIGXFSZ stays ignored
                    env={"VEMRA_MUTANTS_REACHED": str(reached), "VEMRA_MUTANTS_TEST": "Sample.main"},

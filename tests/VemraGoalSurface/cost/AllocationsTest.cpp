@@ -113,7 +113,7 @@ TEST_F(AllocationsTest, OfScrollingByARow) {
     for (std::size_t i = 1; i <= steps; ++i) graph.showRows(list().id, {{i, i + shown}});
   });
   RecordProperty("perRow", std::to_string(made));
-  EXPECT_LE(made, 95) << "whatever stays is not made again";
+  EXPECT_LE(made, 95) << "a kept widget is not made again";
 }
 
 }  // namespace vemra::screentest

@@ -71,7 +71,7 @@ TEST(PathGap, APathIsSupportedWhenThereIsOne) {
   EXPECT_FALSE(withPaths(0, "ren").hasSupportedPath());
   EXPECT_FALSE(withPaths(0, std::nullopt).hasSupportedPath());
   EXPECT_TRUE(withPaths(1, "ren").hasSupportedPath());
-  EXPECT_TRUE(withPaths(1, std::nullopt).hasSupportedPath()) << "even one that nobody asked for";
+  EXPECT_TRUE(withPaths(1, std::nullopt).hasSupportedPath()) << "also one that was not requested";
   EXPECT_TRUE(withPaths(3, "ren").hasSupportedPath());
 }
 

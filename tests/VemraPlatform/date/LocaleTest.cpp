@@ -17,7 +17,7 @@ TEST(KnownLocale, IsOneThatICULists) {
   for (const char* locale : {"zh_TW", "zh_CN", "sr_RS", "iw_IL", "no_NO", "tl_PH", "in_ID"}) {
     EXPECT_TRUE(date::isKnownLocale(locale)) << locale << ", an older name";
   }
-  EXPECT_FALSE(date::isKnownLocale("root")) << "what locales fall back to is no locale";
+  EXPECT_FALSE(date::isKnownLocale("root")) << "the root is not a locale";
   EXPECT_FALSE(date::isKnownLocale("und"));
 }
 

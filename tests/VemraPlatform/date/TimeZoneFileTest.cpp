@@ -162,7 +162,7 @@ TEST(TimeZoneFile, IsNilWhenItsVersion1BlockIsCutOff) {
   std::string header = pieces.block('2', 4).substr(0, headerSize);
   header.replace(changeCountAt, 4, bytes(1 << 20, 4));
   EXPECT_FALSE(TimeZoneFile::parse(header + pieces.block('2', 8) + pieces.footer))
-      << "the second header does not stand in for what is missing of the first part";
+      << "the second header does not replace missing bytes of the first part";
 }
 
 /// With any byte changed, the offset that is read is within its bounds, and no byte outside the

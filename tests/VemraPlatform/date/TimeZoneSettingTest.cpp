@@ -70,7 +70,7 @@ TEST_F(ZoneOfPath, FollowsLinks) {
   EXPECT_EQ(zoneOfPath(link("link", "twice")), "Asia/Tokyo");
   fs::create_directory_symlink(folder / "below", folder / "elsewhere");
   EXPECT_EQ(zoneOfPath((folder / "elsewhere/relative").string()), "Asia/Tokyo");
-  EXPECT_EQ(zoneOfPath(link("link")), std::nullopt) << "of a circle, nothing";
+  EXPECT_EQ(zoneOfPath(link("link")), std::nullopt) << "a cycle of links is no zone";
 }
 
 TEST_F(ZoneOfPath, OfACopyIsTheZoneWithTheSameContent) {

@@ -63,7 +63,7 @@ TEST_F(FocusKeeperTest, WithoutAnyControlNoElementGetsTheFocus) {
 
 TEST_F(FocusKeeperTest, AnElementRemovedOutOfViewPassesTheFocusToNoControl) {
   lose("b", column({button("a"), text("x"), button("c")}), Sight::outOfView);
-  EXPECT_TRUE(keeper.isSearching()) << "the page has to take the focus itself";
+  EXPECT_TRUE(keeper.isSearching()) << "the page itself must get the focus";
   EXPECT_EQ(control(), "none");
 }
 
@@ -112,7 +112,7 @@ TEST_F(FocusKeeperTest, KeepsTheRowOfTheFoundControl) {
   const Node& lost = rows.leaf("lost");
   kept.removing(lost, &lost, nullptr, Sight::inView);
   rows.show(page(text("x")));
-  ASSERT_EQ(kept.row(), nullptr) << "the place that was lost is in no row";
+  ASSERT_EQ(kept.row(), nullptr) << "the lost place is in no row";
   const Node* const found = kept.control();
   ASSERT_EQ(nameOf(*found), "row0");
   EXPECT_EQ(kept.row(), rowOf(found));
@@ -134,7 +134,7 @@ TEST_F(FocusKeeperTest, ASearchThatWaitsForRowsEndsAndKeepsItsOwnRow) {
     rows.ask({{50, 51}, {next, next + 1}});
   }
   EXPECT_EQ(kept.control(), nullptr);
-  EXPECT_EQ(rounds, 49 + 50) << "every other row was waited for once";
+  EXPECT_EQ(rounds, 49 + 50) << "the search waited once for every other row";
 }
 
 }  // namespace vemra::page

@@ -57,7 +57,7 @@ TEST(Layout, ARowThatDoesNotFitContinuesInAFurtherLine) {
   EXPECT_EQ(laid.leaf("bbbb").frame, (Rect{48, 0, 40, 20}));
   EXPECT_EQ(laid.leaf("cc").frame, (Rect{0, 28, 20, 20}));
   EXPECT_LE(laid.tree.root()->size.width, 100);
-  EXPECT_EQ(laid.tree.root()->size.height, 48) << "two lines and what is between them";
+  EXPECT_EQ(laid.tree.root()->size.height, 48) << "two lines and their gap";
 }
 
 TEST(Layout, ARowThatJustFitsStaysOnOneLine) {

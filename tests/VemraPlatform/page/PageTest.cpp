@@ -113,7 +113,7 @@ TEST_F(PageTest, AFocusLostAmongRowsWithoutControlsIsGivenUpAndThePageComesToRes
   press("row150");
   EXPECT_EQ(focused(), "nothing");
   EXPECT_EQ(host.vain, 1);
-  ASSERT_NE(find("done"), nullptr) << "the reader is where the reader was";
+  ASSERT_NE(find("done"), nullptr) << "the scroll position is unchanged";
   EXPECT_EQ(top("done"), before);
 }
 
@@ -291,7 +291,7 @@ TEST_F(PageTest, OfManyTextFieldsTheLastFocusedOnesStay) {
   used.push_back("row151");
   host.scrollTo(host.maximum);
   for (const std::string& name : used) EXPECT_NE(find(name), nullptr) << name;
-  EXPECT_EQ(find("row153"), nullptr) << "this one did not have it";
+  EXPECT_EQ(find("row153"), nullptr) << "this control did not have the focus";
 }
 
 TEST_F(PageTest, AnElementThatIsNotDrawnDoesNotGetTheFocus) {

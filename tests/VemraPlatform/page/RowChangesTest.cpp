@@ -77,7 +77,7 @@ TEST(RowChanges, CompareIdsCanonically) {
 TEST(RowChanges, OfEqualIdsTheLastRowIsRemoved) {
   EXPECT_THAT(changes({"a", "b", "a"}, {"a", "b"}).left, ElementsAre(2));
   const page::RowChanges moved = changes({"a", "b", "a"}, {"b", "a"});
-  EXPECT_FALSE(moved.areComplete) << "the first a stands behind the b now";
+  EXPECT_FALSE(moved.areComplete) << "the first row a is behind row b now";
 }
 
 TEST(RowChanges, LeadFromOneListToTheOther) {

@@ -80,7 +80,7 @@ TEST(LabelTest, VerbatimTextIsByteForByte) {
   EXPECT_EQ(Label(LocalizedKey("x")).kind(), Label::Kind::localizedKey);
   EXPECT_FALSE(Label(LocalizedKey("x")) == Label(verbatim("x")));
   EXPECT_FALSE(Label(verbatim("\u00E9")) == Label(verbatim("e\u0301")))
-      << "they look alike and are other bytes: a renderer must be told";
+      << "they look alike but have different bytes, so a renderer must get a patch";
 }
 
 TEST(EnvironmentTest, AChangeDescribesEverythingAnewAndKeepsNodesAndState) {

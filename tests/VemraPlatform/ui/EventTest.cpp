@@ -204,13 +204,14 @@ TEST(EventTest, AnExceptionOfAnActionIsRethrownAfterSettling) {
                                  {"fail too", [] { throw std::logic_error("second"); }}})}));
   try {
     press(graph, "fail");
-    ADD_FAILURE() << "the exception was swallowed";
+    ADD_FAILURE() << "the exception was lost";
   } catch (const std::runtime_error& error) {
     EXPECT_STREQ(error.what(), "first");
   }
-  EXPECT_EQ(texts(graph.root()), std::vector<std::string>{"counter=2"}) << "the rest went on";
+  EXPECT_EQ(texts(graph.root()), std::vector<std::string>{"counter=2"})
+      << "the other views were updated";
   EXPECT_EQ(difference(graph, tree), "");
-  EXPECT_EQ(press(graph, "+"), Delivery::acted) << "and nothing of it is left over";
+  EXPECT_EQ(press(graph, "+"), Delivery::acted) << "no error remains";
 }
 
 TEST(EventTest, WritesOfAnActionBeforeItsExceptionStay) {

@@ -71,7 +71,7 @@ TEST_F(ExceptionTest, ANewViewWhoseBodyThrowsShowsNothingUntilItsBodySucceeds) {
 
 TEST_F(ExceptionTest, OfSeveralExceptionsTheFirstIsRethrown) {
   EXPECT_EQ(faultOf(Group({Fragile{"a", true}, Fragile{"b", true}})), "body of a");
-  EXPECT_EQ(faultOf(Group({Text("fine")})), "") << "and nothing of them is left over";
+  EXPECT_EQ(faultOf(Group({Text("fine")})), "") << "no error remains";
 }
 
 TEST_F(ExceptionTest, ABodyThatThrowsAfterAStateChangeStopsNoOtherBody) {
@@ -152,7 +152,7 @@ TEST_F(ExceptionTest, ABindingThatCannotBeReadRemovesTheWholeTree) {
   press(graph, "+");
   EXPECT_EQ(faultOf(Group({Text("x"), Counter{"a"}, broken(), Text("b")})), "get");
   EXPECT_EQ(graph.root(), nullptr);
-  EXPECT_FALSE(tree.root()) << "the renderer was told";
+  EXPECT_FALSE(tree.root()) << "the renderer got a patch";
   EXPECT_EQ(tree.nodes().size(), 0U);
   EXPECT_EQ(graph.find(counter), nullptr);
   EXPECT_FALSE(state->isAttached());
@@ -177,7 +177,7 @@ TEST_F(ExceptionTest, AnotherEnvironmentDoesNotRestoreTheRemovedTree) {
 TEST_F(ExceptionTest, ABindingThatCannotBeReadAtFirstShowsNothing) {
   EXPECT_EQ(faultOf(Group({Text("x"), broken()})), "get");
   EXPECT_EQ(graph.root(), nullptr);
-  EXPECT_EQ(tree.patchCount(), 0U) << "what the renderer never heard of is not taken away";
+  EXPECT_EQ(tree.patchCount(), 0U) << "a node that the renderer never got is not removed";
   EXPECT_EQ(faultOf(Text("fine")), "");
   EXPECT_EQ(shown(), Texts{"fine"});
 }

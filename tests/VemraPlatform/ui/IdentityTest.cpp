@@ -206,7 +206,7 @@ TEST(IdentityLawsTest, OnlyTheTakenBranchIsMade) {
   EXPECT_FALSE(chosen.isAbsent());
   EXPECT_TRUE(If(false, make('a')).isAbsent());
   EXPECT_TRUE(If(true, make('n')).otherwise(make('d')).isAbsent())
-      << "a branch that shows nothing is taken all the same";
+      << "a branch without content still counts as taken";
   EXPECT_TRUE(IfPresent(std::optional<int>(), [](int) { return it(); }).isAbsent());
   EXPECT_EQ(IfPresent(std::optional<int>(7), [](int value) { return it(std::to_string(value)); })
                 .description()

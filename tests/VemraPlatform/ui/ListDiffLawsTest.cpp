@@ -58,7 +58,7 @@ Items carriedOut(Items list, const std::vector<ListOperation>& steps) {
     auto place = list.begin();
     if (step.after) {
       place = std::ranges::find(list, step.after);
-      EXPECT_NE(place, list.end()) << "the neighbour is not there yet";
+      EXPECT_NE(place, list.end()) << "the neighbour is not inserted yet";
       if (place != list.end()) ++place;
     }
     list.insert(place, step.item);
@@ -161,7 +161,7 @@ TEST(ListDiffLawsTest, TheSameStepsPlacedByIndexGiveWrongLists) {
     if (list != after) ++wrong;
   });
   std::cout << "placed by index, " << wrong << " of " << pairs << " go wrong\n";
-  EXPECT_GT(wrong, pairs / 100) << "then places could as well be indexes";
+  EXPECT_GT(wrong, pairs / 100) << "then indexes would work as places";
 }
 
 }  // namespace vemra::ui

@@ -69,7 +69,7 @@ TEST(ModifierTest, AnUnsharedViewIsModifiedInPlace) {
   View view = plain();
   const Description* const before = &view.description();
   const View after = std::move(view).padding(1).font(Font::caption);
-  EXPECT_EQ(&after.description(), before) << "ten thousand rows are not copied once a modifier";
+  EXPECT_EQ(&after.description(), before) << "ten thousand rows are not copied for each modifier";
 }
 
 TEST(ModifierTest, FontForegroundAndDisabledAreInherited) {
@@ -128,7 +128,7 @@ TEST(ModifierTest, AWeightIsSeparateFromTheFont) {
   EXPECT_EQ(inside(around(plain()).fontWeight(bold)).font, Font::body.weight(bold));
   EXPECT_EQ(inside(around(plain().font(Font::caption)).fontWeight(bold)).font,
             Font::caption.weight(bold))
-      << "a font further in that names no weight does not undo it";
+      << "an inner font without a weight keeps it";
   EXPECT_EQ(inside(around(around(plain().font(Font::caption))).fontWeight(bold)).font,
             Font::caption.weight(bold));
 }
@@ -145,7 +145,7 @@ TEST(ModifierTest, OfSeveralWeightsTheInnermostWins) {
             Font::body.weight(medium));
   EXPECT_EQ(inside(around(plain().font(Font::caption)).font(Font::body.weight(medium))).font,
             Font::caption)
-      << "a font's own weight goes with the font";
+      << "a font's own weight belongs to the font";
   EXPECT_EQ(inside(around(around(plain()).font(Font::body.weight(medium))).fontWeight(bold)).font,
             Font::body.weight(medium));
 }
@@ -155,7 +155,7 @@ TEST(ModifierTest, PaddingAddsUpByEdge) {
   EXPECT_EQ(elementOf(plain().padding(Edges::vertical, 4)).padding(), (Insets{4, 0, 4, 0}));
   EXPECT_EQ(elementOf(plain().font(Font::body).padding(5).labelsHidden().padding(1)).padding(),
             (Insets{6, 6, 6, 6}))
-      << "whatever stands between";
+      << "with any text in between";
   EXPECT_EQ(elementOf(plain().padding(Edges::vertical, 4).padding(Edges::horizontal, 3).padding(1))
                 .padding(),
             (Insets{5, 4, 5, 4}));

@@ -129,6 +129,6 @@ TEST(NodeTable, WithoutMemoryForAPageItStaysUnchanged) {
     EXPECT_EQ(*table.find(NodeID{1000}), 30);
     EXPECT_EQ(*table.find(NodeID{1}), 10);
   }
-  EXPECT_GE(granted, 2U) << "a page and its entry are allocations to be refused";
+  EXPECT_GE(granted, 2U) << "a page and its entry are two allocations that can fail";
   EXPECT_LT(granted, 100U);
 }

@@ -38,7 +38,7 @@ TEST(RendererTest, ALateRendererGetsThePresentTreeWithItsState) {
   testing::RenderedTree late;
   graph.attach(late);
   EXPECT_EQ(difference(graph, late), "");
-  EXPECT_EQ(texts(graph.root()).size(), 7U) << "this renderer wants every row";
+  EXPECT_EQ(texts(graph.root()).size(), 7U) << "this renderer demands every row";
   EXPECT_EQ(texts(graph.root()).front(), "it=1");
 }
 

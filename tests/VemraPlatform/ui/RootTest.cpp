@@ -66,7 +66,7 @@ TEST(RootTest, AnActionMayReplaceTheVeryButtonThatRunsIt) {
   const std::weak_ptr<int> watch = alive;
   graph.setRoot(Button("go", [&graph, &watch, held = std::move(alive)] {
     graph.setRoot(View());
-    EXPECT_FALSE(watch.expired()) << "what the action holds must live as long as it runs";
+    EXPECT_FALSE(watch.expired()) << "the action's captures must live as long as it runs";
   }));
   press(graph, "go");
   EXPECT_EQ(graph.root(), nullptr);

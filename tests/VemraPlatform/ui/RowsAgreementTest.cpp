@@ -18,7 +18,7 @@ TEST(RowsAgreementTest, WindowsAndWholeListsEndWithTheSameStates) {
     ASSERT_FALSE(HasFailure());
     slept += story.slept();
   }
-  EXPECT_GT(slept, rounds(1'000)) << "or nothing was at stake";
+  EXPECT_GT(slept, rounds(1'000)) << "or the test proves nothing";
 }
 
 }  // namespace vemra::ui

@@ -42,7 +42,7 @@ TEST_F(RowsAsleepTest, ASleepingRowKeepsItsStateAndReturnsWithIt) {
   EXPECT_EQ(memoryOf(*forEach().children[1]).state, state);
   const auto passes = graph.work().idPasses;
   EXPECT_EQ(graph.rowsWithState(forEach().id), std::vector<std::size_t>{1});
-  EXPECT_EQ(graph.work().idPasses, passes) << "nothing sleeps any more";
+  EXPECT_EQ(graph.work().idPasses, passes) << "no row sleeps any more";
   pressRow(1);
   EXPECT_EQ(shown(), (Texts{"row0=0", "row1=2", "row2=0"}));
 }
@@ -72,7 +72,7 @@ TEST_F(RowsAsleepTest, ASleepingRowFollowsItsIdAndLosesItsStateWhenItLeavesTheLi
   EXPECT_EQ(shown(), (Texts{"c=0", "x=0", "b=1"}));
   show({{"a"}, {"b"}});
   showRows(0, 2);
-  EXPECT_EQ(shown(), (Texts{"a=0", "b=1"})) << "a left while it slept";
+  EXPECT_EQ(shown(), (Texts{"a=0", "b=1"})) << "row a was removed while it slept";
 }
 
 TEST_F(RowsAsleepTest, RowsWithStateAreListedShownLookedAtOrAsleep) {
@@ -135,7 +135,8 @@ TEST_F(RowsAsleepTest, ARowThatWakesAsAnotherKindOrBranchStartsAfresh) {
   EXPECT_EQ(shown(), Texts{"initial"});
   kind = 2;
   showRows(0, 2);
-  EXPECT_EQ(shown(), (Texts{"initial", "b=0"})) << "described as it is when it is asked for";
+  EXPECT_EQ(shown(), (Texts{"initial", "b=0"}))
+      << "described in its state at the time of the request";
 }
 
 TEST_F(RowsAsleepTest, StateInsideARowSleepsAndWakesWithIt) {
@@ -199,7 +200,7 @@ TEST_F(RowsAsleepTest, AListInARowDoesNotCountAsStateOfTheRow) {
   EXPECT_EQ(graph.rowsWithState(forEach().id), std::vector<std::size_t>{});
   const auto passes = graph.work().idPasses;
   showRows(1, 2);
-  EXPECT_EQ(graph.work().idPasses, passes) << "nothing of it is kept while it sleeps";
+  EXPECT_EQ(graph.work().idPasses, passes) << "no state of it is kept while it sleeps";
 }
 
 }  // namespace vemra::ui

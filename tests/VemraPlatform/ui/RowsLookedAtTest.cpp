@@ -31,7 +31,7 @@ TEST_F(RowsLookedAtTest, ALookSendsNoPatchAndBecomesTheShownRow) {
   EXPECT_EQ(graph.lookAtRow(forEach().id, 1), forEach().children[1]->id);
   pressRow(40);
   EXPECT_TRUE(window.take().empty());
-  EXPECT_EQ(lookedAt(40), Texts{"row40=1"}) << "a change inside it is described all the same";
+  EXPECT_EQ(lookedAt(40), Texts{"row40=1"}) << "a change inside it is still described";
   showRows(40, 41);
   EXPECT_EQ(forEach().children[0]->id, looked);
   EXPECT_TRUE(forEach().children[0]->isShown);
@@ -75,7 +75,7 @@ TEST_F(RowsLookedAtTest, ALookFromABodyDescribesNothingAndOtherRequestsWait) {
   });
   graph.lookAtRow(forEach().id, 1);
   EXPECT_FALSE(fromRow);
-  EXPECT_EQ(shown(), Texts{"next"}) << "taken up after the look";
+  EXPECT_EQ(shown(), Texts{"next"}) << "takes effect after the look";
 }
 
 }  // namespace vemra::ui

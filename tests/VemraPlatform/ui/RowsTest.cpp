@@ -107,7 +107,7 @@ TEST_F(RowsTest, ARendererGetsTheIdsOfEveryNewListOnce) {
   window.take();
   graph.setRoot(Group({list(numbered(5)), list(numbered(2))}));
   EXPECT_EQ(window.lists.size(), 2U) << "rows that were not described may differ";
-  EXPECT_TRUE(window.take().empty()) << "nothing that is shown has changed";
+  EXPECT_TRUE(window.take().empty()) << "no shown value has changed";
 }
 
 TEST_F(RowsTest, ARendererGetsTheIndexesOfTheShownRowsWhenARowIsNewOrHasMoved) {
@@ -119,7 +119,7 @@ TEST_F(RowsTest, ARendererGetsTheIndexesOfTheShownRowsWhenARowIsNewOrHasMoved) {
   EXPECT_EQ(window.lists[0].ids, ids) << "the rows are the same";
   EXPECT_EQ(window.takeLists()[0].shown, (Ranges{{1, 4}, {6, 8}}));
   showRows(1, 3);
-  EXPECT_TRUE(window.lists.empty()) << "rows that go take their places with them";
+  EXPECT_TRUE(window.lists.empty()) << "the places of removed rows are removed too";
   std::vector<Line> lines = numbered(9);
   lines.insert(lines.begin(), {"new"});
   show(lines);
@@ -200,7 +200,7 @@ TEST_F(RowsTest, EqualIdsAreDistinguishedByOrderInEveryForm) {
   show({{composed, "1"}}, row);
   show({{composed, "1"}, {composed, "2"}}, row);
   showRows(0, 2);
-  EXPECT_EQ(shown(), (Texts{"1=0", "2=0"})) << "the second one had left";
+  EXPECT_EQ(shown(), (Texts{"1=0", "2=0"})) << "the second one had been removed";
 }
 
 TEST_F(RowsTest, AChangeAboveTheWindowChangesTheIndexesOfTheShownRows) {
@@ -211,7 +211,7 @@ TEST_F(RowsTest, AChangeAboveTheWindowChangesTheIndexesOfTheShownRows) {
   std::vector<Line> lines = numbered(20);
   std::swap(lines[0], lines[1]);
   show(lines);
-  EXPECT_TRUE(window.take().empty()) << "nothing that is shown has moved";
+  EXPECT_TRUE(window.take().empty()) << "no shown element has moved";
   lines.erase(lines.begin());
   lines.push_back({"new"});
   show(lines);
@@ -234,7 +234,7 @@ TEST_F(RowsTest, AChangeInsideTheWindowReordersTheExistingRows) {
   show({{"a"}, {"b"}, {"c"}, {"d"}});
   showRows(0, 3);
   show({{"c"}, {"d"}, {"x"}, {"a"}});
-  EXPECT_EQ(shown(), (Texts{"c=0", "a=0"})) << "who was shown and is still there";
+  EXPECT_EQ(shown(), (Texts{"c=0", "a=0"})) << "the shown rows that still exist";
   EXPECT_EQ(forEach().children[1]->rowIndex, 3U);
 }
 

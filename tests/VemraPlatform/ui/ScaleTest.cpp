@@ -137,9 +137,9 @@ void expectOnePassEach(std::vector<Line> lines) {
     ASSERT_EQ(texts(&row).front(), row.rowID + "=" + std::to_string(i + 1));
   }
   graph.showRows(forEach, {{0, count / 2}});
-  EXPECT_EQ(passesSince(), 1U) << "half of them leave";
+  EXPECT_EQ(passesSince(), 1U) << "half of them go to sleep";
   graph.showRows(forEach, {{count / 2, count}});
-  EXPECT_EQ(passesSince(), 2U) << "some leave, others return";
+  EXPECT_EQ(passesSince(), 2U) << "some are removed, others return";
 }
 
 }  // namespace

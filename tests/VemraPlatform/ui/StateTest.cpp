@@ -66,7 +66,8 @@ TEST(StateTest, IsKeptOverInsertMoveAndReorder) {
   EXPECT_EQ(show({{"c"}, {"a"}, {"x"}, {"b"}}), (Texts{"c=0", "a=0", "x=0", "b=1"}));
   EXPECT_EQ(show({{"c"}, {"b"}}), (Texts{"c=0", "b=1"}));
   EXPECT_EQ(show({{"c"}}), Texts{"c=0"});
-  EXPECT_EQ(show({{"c"}, {"b"}}), (Texts{"c=0", "b=0"})) << "who left and returns starts afresh";
+  EXPECT_EQ(show({{"c"}, {"b"}}), (Texts{"c=0", "b=0"}))
+      << "a person who was removed and added again has new state";
 }
 
 TEST(StateTest, IsLostOnRemovalAndReturn) {

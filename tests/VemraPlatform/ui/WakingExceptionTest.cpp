@@ -71,7 +71,7 @@ TEST_F(WakingExceptionTest, ARowThatThrowsWhileItWakesKeepsItsStateForTheNextTry
     fails = true;
     EXPECT_THROW(graph.showRows(forEach, {{0, 2}}), Fault);
     EXPECT_EQ(texts(graph.root()), Texts{});
-    EXPECT_THROW(graph.setRoot(screen), Fault) << "and once more in vain";
+    EXPECT_THROW(graph.setRoot(screen), Fault) << "and once more without a result";
     fails = false;
   };
   const Texts both = {"a=1", "b=1"};
@@ -108,8 +108,8 @@ TEST_F(WakingExceptionTest, ABodyThatThrowsWhileItsRowWakesKeepsTheSavedStateBel
     graph.showRows(forEach, {});
     fails = true;
     EXPECT_THROW(graph.showRows(forEach, {{0, 2}}), Fault);
-    EXPECT_EQ(texts(graph.root()), (Texts{"x=1", "y=1"})) << "the rest of the row is there";
-    EXPECT_THROW(graph.setRoot(screen), Fault) << "and once more in vain";
+    EXPECT_EQ(texts(graph.root()), (Texts{"x=1", "y=1"})) << "the rest of the row is present";
+    EXPECT_THROW(graph.setRoot(screen), Fault) << "and once more without a result";
     fails = false;
   };
   wakeInVain();

@@ -187,7 +187,7 @@ TEST_F(Announcements, ReportNewNamesNearAndFarAway) {
   EXPECT_THAT(heard, ElementsAre("name Ada", "name Ada", "name Ada", "name Ada", "name Ada"));
   host.change([](Result& result) { result.goal.title = "Another"; });
   QTest::qWait(20);
-  EXPECT_THAT(listener.heard(), IsEmpty()) << "nobody has asked for the title, and Ada is Ada";
+  EXPECT_THAT(listener.heard(), IsEmpty()) << "no client knows the title, and Ada is unchanged";
   host.change([](Result& result) {
     std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
     people[151].displayName = "Bo";

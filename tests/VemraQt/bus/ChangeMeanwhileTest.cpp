@@ -260,5 +260,5 @@ TEST_F(ChangeMeanwhile, UpToThirtyTwoChildrenAreAnnouncedOneByOne) {
   widget->setRoot(rows(2 + 32));
   EXPECT_EQ(created, 32);
   widget->setRoot(rows(2 + 32 + 33));
-  EXPECT_EQ(created, 32) << "of more, clients ask again";
+  EXPECT_EQ(created, 32) << "for more changes, clients read again";
 }

@@ -1,4 +1,4 @@
-"""Looking at a window on the accessibility bus."""
+"""Reads a window on the accessibility bus."""
 
 import time
 import warnings
@@ -11,7 +11,7 @@ from gi.repository import Atspi, GLib  # noqa: E402
 
 
 def application(name):
-    """The program of that name, once it shows something; None before."""
+    """The program of that name when it shows a window; None before."""
     desktop = Atspi.get_desktop(0)
     desktop.clear_cache()
     for i in range(desktop.get_child_count()):
@@ -57,7 +57,7 @@ def role_of(node):
 
 
 def text_of(node):
-    """Its whole text. A method `get_text` of the node takes no range in later bindings."""
+    """The node's whole text. In later bindings its method `get_text` takes no range."""
     return Atspi.Text.get_text(node, 0, -1)
 
 
@@ -116,7 +116,7 @@ class Ear:
 
 
 def key(symbol):
-    """A key of the keyboard, pressed and let go."""
+    """Presses and releases a key of the keyboard."""
     Atspi.generate_keyboard_event(symbol, None, Atspi.KeySynthType.SYM)
     time.sleep(0.15)
 
@@ -125,8 +125,7 @@ TAB, BACKTAB, ENTER, DOWN, UP = 0xFF09, 0xFE20, 0xFF0D, 0xFF54, 0xFF52
 
 
 def go_to(symbol, get, identifier, presses):
-    """Moves the focus by that many presses of a key alone; it must be on the element then, and was
-    not before."""
+    """Moves the focus by exactly that many presses of a key; it must then be on the element, and not earlier."""
     for _ in range(presses):
         assert not has(get(identifier), Atspi.StateType.FOCUSED), f"{identifier} has it too soon"
         key(symbol)
@@ -134,7 +133,7 @@ def go_to(symbol, get, identifier, presses):
 
 
 def type_note(get, identifier, text):
-    """Goes on to the note by Tab and types; Enter does nothing there."""
+    """Moves to the note with Tab and types; Enter does nothing there."""
     go_to(TAB, get, identifier, 1)
     for letter in text:
         key(ord(letter))
@@ -144,7 +143,7 @@ def type_note(get, identifier, text):
 
 def complaints(written):
     """What a program wrote to its standard error, without what Qt 6.8 and later write about a
-    client that asks for an object that is gone, or for a selected child beyond the last."""
+    client that requests a removed object, or a selected child beyond the last."""
     about_clients = ("qt.accessibility.atspi: Could not find accessible on path: ",
                      "qt.accessibility.core: Selection index ")
     return "".join(line for line in written.splitlines(keepends=True)
@@ -152,7 +151,7 @@ def complaints(written):
 
 
 def run_checks(checks, window, still_runs):
-    """How many checks fail; each takes the window as the one before it left it."""
+    """The number of failed checks; each starts with the window as the previous one left it."""
     failures = 0
     for one in checks:
         try:

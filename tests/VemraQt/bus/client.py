@@ -1,4 +1,4 @@
-"""The window as a client in another process meets it: client.py PROGRAM [walk COUNT].
+"""Uses the window as a client in another process: client.py PROGRAM [walk COUNT].
 
 Without more arguments it runs the checks below against a screen of 200 people. With "walk COUNT" it
 measures a walk over a screen of COUNT people instead.
@@ -33,7 +33,7 @@ class Window:
         self.page = self.root.get_child_at_index(0)
 
     def read_until(self, wanted):
-        """Everything the host wrote before the line, which must come."""
+        """All output of the host before the line, which must appear."""
         lines = []
         while True:
             line = self.process.stdout.readline()
@@ -50,7 +50,7 @@ class Window:
         return self.read_until("done " + line)
 
     def heard(self):
-        """What the host was asked since the last time."""
+        """The calls of the host since the last time."""
         return self.tell("size 720 800")
 
     def find(self, identifier):
@@ -78,7 +78,7 @@ def expected_identifiers():
     return identifiers + ["vemra.goal.path.see-in-starfold", "vemra.goal.path.outcome.start"]
 
 
-# Each check takes the window as the one before it left it.
+# Each check starts with the window as the previous one left it.
 
 
 def every_row_is_there_in_order(window):
@@ -227,7 +227,7 @@ def an_identifier_is_found_without_a_walk(window):
 
 
 def the_keyboard_alone(window):
-    """From a window just opened to a recorded and a corrected outcome, and no client's focus."""
+    """From a new window to a recorded and a corrected outcome, without setting the focus over the bus."""
     prefix = "vemra.goal.person.p0.outcome"
     focused = [node for node in walk(window.page) if has(node, Atspi.StateType.FOCUSED)]
     equal(focused, [])
@@ -292,7 +292,7 @@ def comings_and_goings_are_heard(window):
         window.tell("shuffle")
         equal(heard(), [("remove", -1, None, page),
                         ("add", -1, window.page.get_child_at_index(0).path, page)])
-        # Whoever listens to states as well would hear a removal from the toolkit, too.
+        # A client that also listens to states would get a removal from the toolkit, too.
         with Ear("object:state-changed"):
             index, row = row_of("p30")
             window.tell("remove p30")
@@ -335,7 +335,7 @@ def what_scrolls_is_heard_to_show(window):
         far.grab_focus()
         equal(heard(), {(0, near.path), (1, far.path)})
         equal((has(near, SHOWING), has(far, SHOWING)), (False, True))
-    # What cannot have the focus comes into view all the same.
+    # An element that cannot have the focus is still scrolled into view.
     window.tell("scroll 0")
     row = far.get_parent()
     label = row.get_child_at_index(1)

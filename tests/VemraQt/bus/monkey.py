@@ -1,4 +1,4 @@
-"""Uses the monkey's window while the monkey does: monkey.py PROGRAM [STEPS [SEED]].
+"""Uses a window while random steps run on it: monkey.py PROGRAM [STEPS [SEED]].
 
 Walks, looks identifiers up, presses, writes and takes the focus; most of it with objects that were
 taken hold of some time ago and may be gone by now. Of an object that it holds, and of nothing else,
@@ -28,7 +28,7 @@ class Client:
         self.done = collections.Counter()
 
     def hold(self):
-        """Some row's object, and all that is in it."""
+        """The object of a random row, and all objects in it."""
         count = self.page.get_child_count()
         row = self.page.get_child_at_index(self.random.randrange(max(1, count)))
         if row:
@@ -41,7 +41,7 @@ class Client:
         self.held += [child for child in children if child]
 
     def use(self, how, node):
-        """Does that with an object, which may have gone since it was handed out."""
+        """Calls that for an object, which may have been removed meanwhile."""
         try:
             how(node)
         except GLib.Error:
@@ -55,7 +55,7 @@ class Client:
                       prefix + end)
 
     def edit(self):
-        """Some person's editor: opens and fills it in."""
+        """Opens the editor of a random person and fills it in."""
         prefix = f"vemra.goal.person.p{self.random.randrange(40)}.outcome"
         for end, how in ((".start", self.act), (".correct", self.act), (".picker", self.choose),
                          (".note", self.write)):
@@ -76,7 +76,7 @@ class Client:
             parent.get_name()
 
     def act(self, node):
-        # A menu belongs to whoever opened it with the mouse; choices are pressed instead.
+        # A menu belongs to the user who opened it with the mouse; choices are pressed instead.
         if node.get_n_actions() > 0 and node.get_role_name() != "combo box":
             self.done["acts"] += node.do_action(0)
 
@@ -104,13 +104,13 @@ class Client:
         self.use(how, self.random.choice(self.held))
 
     def was_busy(self):
-        """Whether the program was asked for all kinds of things and knew most of them."""
+        """Whether all kinds of requests were made and most of them succeeded."""
         return (self.gone < self.calls / 2
                 and all(self.done[kind] > 0 for kind in ("acts", "choices", "writes")))
 
 
 class Output:
-    """What the program writes; read meanwhile, so that the program never waits for us."""
+    """The program's output; read continuously, so that the program never waits for us."""
 
     def __init__(self, process):
         self.lines = []

@@ -31,7 +31,7 @@ def run(stand, random, case):
 
 
 def with_log(stand):
-    """The sample as a killed client leaves it: with a log, and without what readers shared."""
+    """The sample as a killed client leaves it: with a log, and without the readers' shared memory."""
     copy_of_sample(stand)
     process = stand.start("talk")
     for line in (f"open\t{stand.store}", *["record\tg1\tin the log"] * 5):
@@ -69,7 +69,7 @@ def damage(data, kind, random):
 
 
 def journal(data, random):
-    """A rollback journal that nobody wrote: its header is right, its pages are old or random."""
+    """A forged rollback journal: its header is right, its pages are old or random."""
     header = bytearray.fromhex("d9d505f920a163d7") + random.randrange(8).to_bytes(4, "big")
     header += random.randbytes(4) + (len(data) // PAGE).to_bytes(4, "big")
     header += (512).to_bytes(4, "big") + PAGE.to_bytes(4, "big")

@@ -12,7 +12,7 @@ def import_new(stand, shim):
 
 
 def taken(stand, run):
-    """How many bytes a run needs: with so many, nothing is refused."""
+    """The number of bytes that a run needs: with so many, no write fails."""
     quota = STEP
     while True:
         stand.fresh()
@@ -45,7 +45,8 @@ def run(stand, random, case):
             check_message(stand, ending.diagnostics)
             require(not goals, f"refused, but there are {[*goals]}")
         return
-    # One client: full at some time, until somebody makes room; then all goes on.
+    # One client: the disk is full at some time, until there is room again; then the client
+    # continues.
     switch = stand.folder / "room"
     story = usual(stand)
     full = len(story.steps)

@@ -1,4 +1,4 @@
-"""What a disk holds after a power cut: what was synced, and of the rest what it happened to write."""
+"""The content of a disk after a power cut: all synced data, and a random part of the rest."""
 import pathlib
 
 SECTOR = 512
@@ -24,7 +24,7 @@ class File:
         content = played(self.synced, pending)
         if kept != "garbage":
             return content
-        # What the file grew by and no write reached holds what the disk had there before.
+        # Bytes by which the file grew without a write contain the disk's earlier data.
         old = self.synced + random.randbytes(max(0, len(content) - len(self.synced)))
         return played(old[:len(content)], pending)
 
@@ -94,13 +94,13 @@ class Disk:
             raise ValueError(f"the model knows no {call}")
 
     def names_now(self, count):
-        """{path: inode} of the files that can be reached when so many pending names were kept."""
+        """{path: inode} of the reachable files when so many pending names were kept."""
         names = {**self.names, **dict(self.pending[:count])}
         return {path: inode for path, inode in names.items() if isinstance(inode, int) and all(
             names.get(above) is self.FOLDER for above in path.parents if self.folder in above.parents)}
 
     def restore(self, kept, random):
-        """Writes the files as the next start finds them, into folders that may be new."""
+        """Writes the files for the next start, into folders that may be new."""
         count = {"all": len(self.pending), "nothing": 0}.get(
             kept, random.randint(0, len(self.pending)))
         for path, inode in self.names_now(count).items():

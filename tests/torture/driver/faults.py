@@ -13,7 +13,7 @@ COMMANDS = ("import-new", "import", "goals", "outcomes", "export", "story")
 
 
 def prepare(stand, command, state):
-    """A folder as it is before a command: a store at rest, or one that a killed client left."""
+    """A folder before a command: with a closed store, or one that a killed client left."""
     ready = stand.once(("faults", state), lambda: make(stand, state))
     stand.fresh()
     if command != "import-new":
@@ -75,7 +75,7 @@ def cases(stand):
 
 
 def acts(call):
-    """How a call may fail, and whether once or for ever."""
+    """The ways in which a call may fail, once or from then on."""
     once = [(error, 1) for error in ERRORS]
     for_ever = [(error, FOREVER) for error in ERRORS if error != "EINTR"]
     return once + for_ever + ([("short", FOREVER)] if call.startswith("pwrite") else [])
@@ -96,7 +96,7 @@ def run(stand, random, case):
 
 
 def judge(stand, command, state, ending, is_uncertain=False):
-    """A command that worked did all of it, and one that failed has changed nothing and says why."""
+    """A successful command did all its work; a failed one has changed nothing and names the reason."""
     before = content_before(stand, command, state)
     ended_well(ending)
     require(ending.code in (0, 2), f"exit code {ending.code}: {ending.diagnostics}")
@@ -118,7 +118,7 @@ def judge(stand, command, state, ending, is_uncertain=False):
 
 
 def uncertain(case):
-    """Whether a refused step may be there at the next start.
+    """Whether a refused step may be in the store at the next start.
 
     When the sync that ends a step fails and nothing works any more, it cannot be undone either: all of
     it stands in the log that the next client finds.
@@ -149,7 +149,7 @@ def expected(stand, command, before):
 
 
 def matches(found, wanted):
-    """Whether a document says what was imported; what it adds are the engine's own fields."""
+    """Whether a document has the imported content; it may add only the engine's own fields."""
     if isinstance(wanted, dict):
         return isinstance(found, dict) and all(matches(found.get(key), wanted[key]) for key in wanted)
     if isinstance(wanted, list):
@@ -174,7 +174,7 @@ def check_story(stand, case, shim):
 
 
 def try_again(stand, refused):
-    """Records what was refused once more, under the same ids: each is there once then."""
+    """Records the refused outcomes again, with the same ids: afterwards each is there once."""
     lines = [f"open\t{stand.store}\t300", *[line for _, _, line in refused]]
     for good, text in stand.talk(lines).answers:
         require(good or "has no goal" in text, f"cannot be tried again: {text}")

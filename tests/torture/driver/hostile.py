@@ -1,4 +1,4 @@
-"""A client at a store that somebody has spoilt: it works or refuses, and ends by itself either way."""
+"""A client on a damaged store: it works or refuses, and never ends by a signal."""
 import json
 import shutil
 import sqlite3
@@ -8,7 +8,7 @@ from story import Story
 
 
 def sample(stand):
-    """A folder with a store that has something in every table."""
+    """A folder with a store that has rows in every table."""
     return stand.once("sample", lambda: make(stand))
 
 
@@ -42,7 +42,7 @@ def copy_of_sample(stand):
 
 
 def use(stand, random):
-    """Does with the store what clients do, one of the commands as a program of its own."""
+    """Acts on the store like clients; one of the commands is a program of its own."""
     store = ["--store", stand.store]
     command = random.choice([["goals", *store], ["outcomes", *store, "--goal", "g1"],
                              ["export", *store, "--goal", "g1"],
@@ -69,7 +69,7 @@ def use(stand, random):
 
 
 def look_for(stand, outcome, is_read, document):
-    """What was acknowledged is there, as far as the store can be read at all."""
+    """Every acknowledged outcome is there, as far as the store can be read at all."""
     if is_read:
         ids = [each["id"] for each in json.loads(document)["outcomes"]]
         require(ids.count(outcome) == 1, "acknowledged, but not in the goal")

@@ -20,6 +20,6 @@ def run(stand, random, case):
     ending = story.tell({"AT": number, "ACT": act})
     require(ending.code == -9, f"was to be killed, but ended with {ending.code}")
     story.check(ending.answers)
-    # The next client goes on as if nothing had happened.
+    # The next client continues normally.
     after = Story(stand).open().load(9).record("g1", "after")
     require(all(good for good, _ in after.tell().answers), "the next client cannot go on")

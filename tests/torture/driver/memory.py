@@ -14,7 +14,7 @@ def perform(stand, command, number, times):
 
 
 def allocations(stand, command):
-    """A number that a command stays below, by a factor of two at most."""
+    """An upper bound for the allocations of a command, at most twice their number."""
     number = EACH
     while perform(stand, command, number, FOREVER).code != 0:
         number *= 2

@@ -22,7 +22,7 @@ def usual_store(stand, shim):
 
 
 def own_store(stand, shim):
-    """An import into the user's own store, whose folders are not there yet. Its end is its answer."""
+    """An import into the user's own store, whose folders do not exist yet. Its end is its answer."""
     story = Story(stand).load(1)
     ending = stand.desk("import", *[stand.document(goal, 1) for goal in GOALS], shim=shim)
     return story, [(ending.code == 0, "")]

@@ -1,4 +1,4 @@
-"""replaced: somebody moves, removes or replaces the store while a client has it open."""
+"""replaced: the store is moved, removed or replaced while a client has it open."""
 import shutil
 
 from stand import Failure, check_integrity, ended_well, notes_of, require
@@ -60,7 +60,7 @@ def run(stand, random, case):
 
 
 def check_record(stand, ask, store, note, kept):
-    """An outcome that is acknowledged is in the file of that name, a refused one is not."""
+    """An acknowledged outcome is in the file of that name; a refused one is not."""
     acknowledged = ask(f"record\tg1\t{note}")
     goals = stand.content(store) if store.exists() else {}
     notes = [text for goal in goals.values() for text in notes_of(goal)]
@@ -72,7 +72,7 @@ def check_record(stand, ask, store, note, kept):
 
 
 def make_backup(stand, of_another_goal):
-    """Another store, at rest, with an outcome by which one knows it again."""
+    """Another closed store, with an outcome by which the test recognises it."""
     stand.fresh()
     goal = "other" if of_another_goal else "g1"
     story = Story(stand).open()

@@ -1,4 +1,4 @@
-"""rows: values, rows and tables in a store that vemra-desk would never have written."""
+"""rows: values, rows and tables in a store that vemra-desk never writes."""
 import sqlite3
 
 from hostile import copy_of_sample, use
@@ -39,7 +39,7 @@ def opened(stand):
 
 
 def loosen(connection):
-    """Takes checks, types and triggers out of the schema; gives the schema as it was."""
+    """Removes checks, types and triggers from the schema; returns the previous schema."""
     kept = connection.execute("SELECT rowid, type, name, tbl_name, rootpage, sql FROM sqlite_schema"
                               ).fetchall()
     connection.execute("PRAGMA writable_schema = ON")

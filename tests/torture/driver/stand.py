@@ -1,4 +1,4 @@
-"""Where a run happens: a folder of its own, the programs, and what a store must hold afterwards."""
+"""The environment of a run: its folder, the programs, and the expected content of a store."""
 import json
 import os
 import pathlib
@@ -13,7 +13,7 @@ GOALS = ("g1", "g2")
 
 
 class Failure(Exception):
-    """What a run found wrong."""
+    """A failure that a run has found."""
 
 
 def require(condition, problem):
@@ -22,7 +22,7 @@ def require(condition, problem):
 
 
 class Ending:
-    """How a program ended: `code` is negative for a signal."""
+    """The end of a program: `code` is negative for a signal."""
 
     def __init__(self, code, output, diagnostics):
         self.code, self.output, self.diagnostics = code, output, diagnostics
@@ -34,16 +34,17 @@ class Ending:
         return [(line.startswith("ok\t"), line.partition("\t")[2]) for line in lines]
 
 
-# What a program may use: more is a failure, not a slow machine.
+# The limits of a program: more is a failure and not a slow machine.
 SECONDS = 60
 MEMORY = 1 << 30
 
 
 class Stand:
-    """The programs of a build, and a folder for one run after the other."""
+    """The programs of a build, and a folder for one run after another."""
 
     def __init__(self, programs, quick):
-        # A short round spares itself the toolkit, which vemra-desk loads and commands do not use.
+        # A short round does not use vemra-desk, which loads the toolkit although commands do not
+        # need it.
         desk = programs / "bin/vemra-desk"
         self.desk_program = str(desk) if desk.exists() and not quick else None
         self.client = str(programs / "tests/vemra-torture-client")
@@ -70,7 +71,7 @@ class Stand:
         return self.folder
 
     def once(self, name, make):
-        """What `make` gives, made at the first time only."""
+        """The result of `make`, which is called only once."""
         if name not in self.kept:
             self.kept[name] = make()
         return self.kept[name]
@@ -109,7 +110,7 @@ class Stand:
         return self.finish(self.start(*arguments, shim=shim, program=self.desk_program))
 
     def talk(self, lines, shim=None):
-        """Has a client obey all lines."""
+        """Lets a client carry out all lines."""
         return self.finish(self.start("talk", shim=shim), "".join(line + "\n" for line in lines))
 
     def calls(self, run):
@@ -121,7 +122,7 @@ class Stand:
                 if record[0] == "call"]
 
     def document(self, goal, version, people=3):
-        """Writes a result document in which everything says which version it is."""
+        """Writes a result document in which every text contains its version."""
         path = self.folder / f"{goal}-{version}.json"
         if not path.exists():
             path.write_text(json.dumps(document(goal, version, people)), encoding="utf-8")
@@ -158,7 +159,7 @@ def document(goal, version, people=3):
 
 
 def version_of(goal):
-    """The version of a goal, all of which must be of one."""
+    """The version of a goal; all its parts must have the same."""
     version = int(goal["goal"]["title"].removeprefix("version "))
     people = goal["coverage"]["evidenceCount"]
     expected = document(goal["goal"]["id"], version, people)
@@ -172,7 +173,7 @@ def notes_of(goal):
 
 
 def check_integrity(store):
-    """The database and what refers to what in it are whole, as SQLite sees it."""
+    """SQLite finds no damage in the database, and no broken references between its rows."""
     connection = sqlite3.connect(store)
     try:
         for check, good in (("integrity_check", [("ok",)]), ("foreign_key_check", [])):
@@ -196,6 +197,6 @@ def records(log):
 
 
 def ended_well(ending):
-    """A program may end by itself only."""
+    """A program must not end by a signal."""
     if ending.code < 0:
         raise Failure(f"ended by {signal.Signals(-ending.code).name}: {ending.diagnostics[-300:]}")

@@ -1,4 +1,4 @@
-"""A story of a store: what a client is asked to do, and what must be there however far it came."""
+"""A story of a store: a client's commands, and the content that must be there after any number of them."""
 from stand import GOALS, check_integrity, notes_of, require, version_of
 
 
@@ -68,7 +68,7 @@ class Story:
 
 
 def usual(stand, patience=2000):
-    """Makes a store, fills it, goes on, opens it again, and imports more than SQLite's log keeps."""
+    """Makes a store, fills it, continues, opens it again, and imports more than SQLite's log keeps."""
     story = Story(stand, patience).open().load(1).record("g1", "a", "b").record("g2", "c").load(2)
     story.open().record("g1", "d").load(3, people=60).record("g2", "e").open().record("g1", "f")
     return story.load(4)

@@ -1,4 +1,4 @@
-"""Tries to lose what a store has acknowledged; scripts/torture says how to call it."""
+"""Tries to make a store lose acknowledged outcomes; scripts/torture describes how to call it."""
 import argparse
 import importlib
 import pathlib

@@ -1,4 +1,4 @@
-"""vemra-desk as a client in another process drives it: client.py PROGRAM BUS_FOLDER.
+"""Uses vemra-desk as a client in another process: client.py PROGRAM BUS_FOLDER.
 
 Imports a goal with 200 people, opens the window on it, records and corrects outcomes over the
 accessibility bus, and looks into the store for what came of it.
@@ -21,7 +21,7 @@ SHOWING, FOCUSED = Atspi.StateType.SHOWING, Atspi.StateType.FOCUSED
 
 
 def reference(index):
-    # References are anybody's: blanks, dots, umlauts and other scripts come through as they are.
+    # References may be any text: blanks, dots, umlauts and other scripts stay unchanged.
     return ["p {}", "p.{}.outcome", "pä{}", "人{}"][index % 4].format(index)
 
 
@@ -75,7 +75,7 @@ class Desk:
         wait_for(self.is_active, "the window with the focus", 20)
 
     def import_goals(self, documents):
-        """As another process does it, whatever window is open."""
+        """Runs a command in another process while a window is open."""
         files = []
         for number, content in enumerate(documents):
             files.append(os.path.join(self.folder, f"result{number}.json"))
@@ -97,13 +97,13 @@ class Desk:
         return found
 
     def outcomes(self):
-        """What the store holds of the goal, by the program that the window knows nothing of."""
+        """The store's content for the goal, read by another process."""
         told = subprocess.run([self.program, "outcomes", "--store", self.store, "--goal", "g1"],
                               check=True, capture_output=True, text=True).stdout
         return json.loads(told)
 
     def newest(self, count):
-        """The outcomes once there are so many: what is recorded is stored off the main thread."""
+        """The outcomes when there are so many; they are stored off the main thread, so this waits."""
         wait_for(lambda: len(self.outcomes()) >= count, f"{count} outcomes in the store")
         outcomes = self.outcomes()
         equal(len(outcomes), count)
@@ -165,7 +165,7 @@ def so_they_do_outside_the_viewport(desk):
 
 
 def the_keyboard_alone_records_and_corrects(desk):
-    """From a window just opened, and no client's focus."""
+    """From a new window, without setting the focus over the bus."""
     prefix = f"vemra.goal.person.{reference(0)}.outcome"
     focused = [node for node in walk(desk.root) if has(node, FOCUSED) and node.get_accessible_id()]
     equal([node.get_accessible_id() for node in focused], [])
@@ -216,7 +216,7 @@ def goals(numbers, title="Further goal {}"):
 
 
 def hears(ear, wanted):
-    """The first event that is wanted; those before it are dropped."""
+    """The first wanted event; earlier events are dropped."""
     found = []
 
     def heard():
@@ -266,7 +266,7 @@ def open_goal(desk, place):
 
 
 def an_identifier_is_found_in_the_open_goal_only(desk):
-    """The screens of goals that were open stay alive, with the same identifiers."""
+    """The screens of goals that were open before stay alive, with the same identifiers."""
     both = [dict(document(), goal={"id": name, "title": name}) for name in ("twin1", "twin2")]
     desk.import_goals(both)
     column = column_of_goals(desk)

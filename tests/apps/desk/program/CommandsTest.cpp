@@ -46,7 +46,7 @@ TEST_F(CommandsTest, AGoalStaysOnOneLine) {
   EXPECT_EQ(outputOf({"import", "--store", store, file}), "");
   EXPECT_EQ(outputOf({"goals", "--store", store}),
             "a\\tb\\\\\t1\\n2\\r3\\t4\u20285\u00856\x1b[31m\0end\n"s)
-      << "what breaks no line stands as it is";
+      << "characters that break no line stay unchanged";
 }
 
 /// An id or a title in a line of `goals`, converted back as a script does.

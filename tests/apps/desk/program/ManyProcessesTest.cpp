@@ -113,7 +113,8 @@ TEST_F(ManyProcessesTest, AKilledImportLeavesTheOldStateOrTheNewState) {
       GoalStore::open(store).import({made("old", 50)});
     }
   }
-  EXPECT_GE(killed, 2) << "the import must be caught in the middle for this to say anything";
+  EXPECT_GE(killed, 2)
+      << "the import must be interrupted in the middle, or the test proves nothing";
 }
 
 }  // namespace

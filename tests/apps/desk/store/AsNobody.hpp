@@ -17,7 +17,7 @@ class AsNobody {
   }
   ~AsNobody() {
     if (wasRoot_ && (::seteuid(0) != 0 || ::setegid(0) != 0)) {
-      ADD_FAILURE() << "the rights did not come back";
+      ADD_FAILURE() << "the rights were not restored";
     }
   }
 

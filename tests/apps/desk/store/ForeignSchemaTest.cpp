@@ -121,7 +121,7 @@ TEST_F(ForeignSchemaTest, ATriggerAddedWhileAStoreIsOpenNeverRuns) {
   EXPECT_EQ(other.value("SELECT count(*) FROM outcomes"), "1");
   ASSERT_EQ(other.run("DROP TRIGGER thief"), "");
   store.record("g", {});
-  EXPECT_EQ(store.outcomes("g").size(), 2u) << "the store must go on";
+  EXPECT_EQ(store.outcomes("g").size(), 2u) << "the store must still work";
 }
 
 TEST_F(ForeignSchemaTest, AStoreThatIsEmptiedWhileItIsOpenIsAnError) {

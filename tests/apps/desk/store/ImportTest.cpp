@@ -120,7 +120,7 @@ TEST_F(ImportTest, StoresAllOrNone) {
 
   refused = goal("g3", "t");
   store.import({goal("g2", "t"), refused});
-  EXPECT_EQ(store.result("g3"), refused) << "the store must go on after a failure";
+  EXPECT_EQ(store.result("g3"), refused) << "the store must work after a failure";
 }
 
 }  // namespace

@@ -61,7 +61,7 @@ TEST_F(MovedStoreTest, NothingIsAcknowledgedInAStoreThatIsRemoved) {
   EXPECT_EQ(errorOf([&] { task::wait(engine.goals()); }), gone);
   EXPECT_EQ(errorOf([&] { task::wait(engine.getGoalSnapshot("g1")); }), gone);
   EXPECT_EQ(errorOf([&] { task::wait(engine.person("p1")); }), gone);
-  EXPECT_FALSE(fs::exists(file)) << "a store that is gone is not a new one";
+  EXPECT_FALSE(fs::exists(file)) << "a missing store is not a new store";
 }
 
 TEST_F(MovedStoreTest, EachCallNoticesAMovedStore) {
@@ -91,8 +91,7 @@ TEST_F(MovedStoreTest, AcknowledgedOutcomesAreInTheMovedFile) {
   ASSERT_GT(fs::file_size(file + "-wal"), 0u);
   fs::rename(file, away);
   EXPECT_EQ(errorOfRecording(), gone);
-  EXPECT_FALSE(fs::exists(file + "-wal"))
-      << "the next store at this path would take it for its own";
+  EXPECT_FALSE(fs::exists(file + "-wal")) << "the next store at this path would use it";
   EXPECT_FALSE(fs::exists(file + "-shm"));
   EXPECT_EQ(recorded(away), 1u);
 }
@@ -168,7 +167,7 @@ TEST_F(MovedStoreTest, AFileThatIsNoStoreYetStaysUnchanged) {
   EXPECT_EQ(errorOfRecording(), gone);
   folder.write("goals.sqlite", "");
   EXPECT_EQ(errorOfRecording(), file + ": is empty, and was a store before");
-  EXPECT_EQ(folder.read("goals.sqlite"), "") << "somebody may be copying a store into it";
+  EXPECT_EQ(folder.read("goals.sqlite"), "") << "another program may be copying a store into it";
   fs::remove(file);
   fs::rename(away, file);
   record();

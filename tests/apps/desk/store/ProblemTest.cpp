@@ -54,7 +54,7 @@ TEST(ProblemTest, NamesTheCauseThatSQLiteHasLogged) {
   sqlite3_log(SQLITE_CANTOPEN, "os_unix.c:44133: (24) open(/a/b) - Too many open files");
   EXPECT_EQ(problem(SQLITE_CANTOPEN, nullptr), "cannot be opened: Too many open files");
   EXPECT_EQ(problem(SQLITE_CANTOPEN, nullptr), "cannot be opened: its folder may be read-only")
-      << "a cause goes for one failure";
+      << "a logged cause belongs to one failure";
   sqlite3_log(SQLITE_CANTOPEN, "os_unix.c:44133: (1) open(/a/b) - Operation not permitted");
   EXPECT_EQ(problem(SQLITE_CANTOPEN, nullptr), "cannot be opened: Operation not permitted");
 }
@@ -66,7 +66,7 @@ TEST(ProblemTest, TakesNoOtherLineOfTheLogForACause) {
   sqlite3_log(SQLITE_CANTOPEN, "os_unix.c:44133 without a number");
   EXPECT_EQ(problem(SQLITE_CANTOPEN, nullptr), none);
   sqlite3_log(SQLITE_READONLY, "os_unix.c:44133: (24) open(/a/b) - Too many open files");
-  EXPECT_EQ(problem(SQLITE_CANTOPEN, nullptr), none) << "of another failure";
+  EXPECT_EQ(problem(SQLITE_CANTOPEN, nullptr), none) << "from another failure";
 }
 
 }  // namespace

@@ -95,7 +95,7 @@ TEST(ResultFault, KeepsEveryResultOfOneImportOutOfTheStore) {
   fatal.people = {{"p", {}, GoalWhyDTO::connection(INT64_MIN), {}}};
   try {
     store.import({goal("fine", "t"), fatal});
-    ADD_FAILURE() << "the result was taken in";
+    ADD_FAILURE() << "the result was imported";
   } catch (const StoreError& error) {
     EXPECT_EQ(error.what(), file + ": does not take in the result of the goal \"fatal\": " +
                                 faultIn(fatal)->pointer + ": " + faultIn(fatal)->problem);

@@ -48,7 +48,7 @@ TEST(SampleGoals, ShowEveryVariantOfTheScreen) {
   }
   const std::size_t people = samples[0].people.size();
   EXPECT_GT(shown.count("Show source"), 0u);
-  EXPECT_LT(shown.count("Show source"), people) << "somebody has no source";
+  EXPECT_LT(shown.count("Show source"), people) << "one person has no source";
 }
 
 }  // namespace

@@ -61,7 +61,7 @@ TEST_F(BusyStoreTest, TheNextCheckOfAStoreBeginsAfterThePreviousOneHasEnded) {
   Looks::mayGoOn = true;
   pass(100);
   EXPECT_LE(Looks::count, before + 2) << "one that took long, and the next one";
-  EXPECT_TRUE(becomes([&] { return Looks::count > before + 2; })) << "it goes on looking";
+  EXPECT_TRUE(becomes([&] { return Looks::count > before + 2; })) << "the search continues";
 }
 
 }  // namespace

@@ -51,7 +51,7 @@ class ColoursTest : public OpenDesk {
           << paper.name().toStdString();
       ++seen;
     }
-    EXPECT_GT(seen, 2) << "there must be something to look at";
+    EXPECT_GT(seen, 2) << "the tree must have content";
   }
 
   void openEverything() {

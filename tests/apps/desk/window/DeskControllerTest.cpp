@@ -157,7 +157,7 @@ TEST_F(DeskControllerTest, ARecordedOutcomeAppearsInTheGoal) {
   EXPECT_TRUE(becomes([&] { return !(display.goal->snapshot == before); }));
   EXPECT_EQ(outcomes("g1").size(), 1u);
   EXPECT_THAT(display.notices, IsEmpty());
-  EXPECT_EQ(display.mostWaiting, 0u) << "what is stored at once is not shown as waiting";
+  EXPECT_EQ(display.mostWaiting, 0u) << "an outcome that is stored at once is not shown as waiting";
 }
 
 TEST_F(DeskControllerTest, AnOutcomeThatCouldNotBeStoredIsStoredOnceByTryingAgain) {

@@ -80,7 +80,7 @@ TEST_F(ClosingTest, AnOpenEditorOfAnyGoalIsAskedAboutOnceAndNamed) {
   ASSERT_NE(question(), nullptr);
   EXPECT_EQ(question()->informativeText(), "\u2068Ada\u2069 (\u2068First\u2069)");
   window->close();
-  EXPECT_EQ(window->findChildren<QMessageBox*>().size(), 1) << "it is asked already";
+  EXPECT_EQ(window->findChildren<QMessageBox*>().size(), 1) << "the question is already open";
 }
 
 TEST_F(ClosingTest, CancellingKeepsTheWindowAndTheTypedText) {
@@ -92,7 +92,7 @@ TEST_F(ClosingTest, CancellingKeepsTheWindowAndTheTypedText) {
   EXPECT_TRUE(window->isVisible());
   EXPECT_EQ(wait<QLineEdit>(person + ".outcome.note")->text(), "half");
   window->close();
-  EXPECT_NE(question(), nullptr) << "it is asked anew";
+  EXPECT_NE(question(), nullptr) << "the question is asked again";
 }
 
 TEST_F(ClosingTest, DiscardingClosesTheWindow) {

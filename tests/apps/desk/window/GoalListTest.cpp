@@ -55,7 +55,7 @@ TEST_F(GoalListTest, ShowsTheGoalsInOrderBelowTheirHeading) {
   QApplication::processEvents();
   EXPECT_LT(list.findChild<QLabel*>()->mapTo(&list, QPoint()).y(),
             rows()[0]->mapTo(&list, QPoint()).y());
-  EXPECT_LT(rows()[2]->geometry().bottom(), 300) << "the room that is left is below them";
+  EXPECT_LT(rows()[2]->geometry().bottom(), 300) << "the remaining room is below them";
 }
 
 TEST_F(GoalListTest, GetsShorterAndLonger) {

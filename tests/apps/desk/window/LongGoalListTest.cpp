@@ -66,7 +66,7 @@ TEST_F(LongGoalListTest, OnlyTheRowsNearTheViewportHaveAWidget) {
   timer.start();
   show(10'000);
   list.grab();
-  EXPECT_LT(timer.elapsed(), 2000) << "a widget a goal took minutes";
+  EXPECT_LT(timer.elapsed(), 2000) << "one widget for each goal took minutes";
   EXPECT_LT(widgets(), 60u);
   for (int value = 0; value < bar().maximum(); value += bar().maximum() / 50) bar().setValue(value);
   EXPECT_LT(widgets(), 120u);

@@ -61,8 +61,9 @@ TEST_F(MovedStoreWindowTest, AnOutcomeForAMissingStoreIsKeptAndRecordedWhenItIsB
 
   fs::rename(away, file);
   EXPECT_TRUE(notices("The store is shown as it is now")) << notice();
-  EXPECT_TRUE(waits("was replaced by another file while it was open")) << "it is tried meanwhile";
-  EXPECT_EQ(recorded(), 0u) << "only when the user says so";
+  EXPECT_TRUE(waits("was replaced by another file while it was open"))
+      << "the outcome is tried again";
+  EXPECT_EQ(recorded(), 0u) << "only on the user's request";
   press("desk.waiting.again");
   ASSERT_NE(wait<QAbstractButton>(person + ".outcome.correct"), nullptr) << notice();
   EXPECT_EQ(recorded(), 1u);
@@ -121,8 +122,7 @@ TEST_F(MovedStoreWindowTest, AnOutcomeOfAGoalThatTheNewStoreDoesNotHaveIsKept) {
   EXPECT_TRUE(becomes([&] { return shows("Of the backup", "desk.goals"); }));
   press("desk.waiting.again");
   EXPECT_TRUE(waits("has no goal with the id \"g1\"")) << notice();
-  EXPECT_NE(find<QAbstractButton>("desk.waiting.again"), nullptr)
-      << "it is still there to be tried";
+  EXPECT_NE(find<QAbstractButton>("desk.waiting.again"), nullptr) << "it is still waiting";
   EXPECT_EQ(RawDatabase(file).value("SELECT count(*) FROM outcomes"), "0");
 }
 

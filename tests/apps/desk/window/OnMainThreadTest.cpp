@@ -42,7 +42,7 @@ class OnMainThreadTest : public ::testing::Test {
 
 TEST_F(OnMainThreadTest, TheCallbackComesFromTheEventLoopAndNeverAtOnce) {
   start(ends("done"));
-  EXPECT_EQ(heard, "") << "the task has ended, but its caller goes on first";
+  EXPECT_EQ(heard, "") << "the task has ended, but its caller continues first";
   QApplication::processEvents();
   EXPECT_EQ(heard, "done ");
   QApplication::processEvents();

@@ -92,7 +92,7 @@ TEST(TextPieces, ACharacterBeyondTheBoundIsCutButNoSurrogatePair) {
   const QStringList pieces = piecesOf(marks);
   EXPECT_EQ(pieces.join(QString()), marks);
   for (const QString& piece : pieces) EXPECT_LE(piece.size(), 100);
-  EXPECT_EQ(endOfPiece("ab" + marks, 0), 2) << "what stands before it is a piece of its own";
+  EXPECT_EQ(endOfPiece("ab" + marks, 0), 2) << "the text before it is a piece of its own";
   EXPECT_EQ(endOfPiece(u'x' + accent.repeated(99), 0), 100) << "a character up to the bound";
   EXPECT_EQ(endOfPiece(u'x' + accent.repeated(100), 0), 100);
   const QString pairs = u'x' + QString::fromUtf8("\U000E0100").repeated(5'000);
@@ -198,7 +198,7 @@ TEST_F(PiecesTest, TabGoesThroughNewButtonsInReadingOrder) {
   ofList->setFocus(Qt::TabFocusReason);
   ofList->click();
   EXPECT_FALSE(ofList->isVisible());
-  EXPECT_EQ(window.focusWidget(), last) << "what comes next has the focus";
+  EXPECT_EQ(window.focusWidget(), last) << "the next control has the focus";
   QPushButton* inNewPiece = nullptr;
   for (QPushButton* more : mores()) {
     if (more != ofText) inNewPiece = more;
@@ -273,7 +273,7 @@ TEST_F(SidePanePiecesTest, EveryListOfAPersonIsShownInPieces) {
   EXPECT_EQ(texts().count("outcome"), 20);
   EXPECT_TRUE(showMore("the outcomes"));
   EXPECT_EQ(texts().count("outcome"), 40);
-  EXPECT_EQ(texts().count("goal"), 20) << "of the others there are as many as before";
+  EXPECT_EQ(texts().count("goal"), 20) << "the others have as many as before";
 }
 
 TEST_F(SidePanePiecesTest, SourcesAreShownFiftyAtOnce) {

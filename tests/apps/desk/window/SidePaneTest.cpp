@@ -116,7 +116,7 @@ TEST_F(SidePaneTest, AnOutcomeShowsValueDayCorrectionNoteAndGoal) {
   EXPECT_TRUE(all[7].ends_with(" · corrected")) << all[7];
   EXPECT_EQ(all[7].find(','), std::string::npos) << "no day is known";
   EXPECT_EQ(all[8], "Second");
-  EXPECT_EQ(all[9].find(','), std::string::npos) << "nor can this one be read";
+  EXPECT_EQ(all[9].find(','), std::string::npos) << "this one cannot be read either";
   EXPECT_EQ(all[10], "Third");
 }
 

@@ -338,7 +338,7 @@ TEST_F(WaitingOutcomesTest, AJournalThatIsLockedAtTheStartIsReadLater) {
   ASSERT_EQ(::flock(other, LOCK_EX), 0);
   start();
   EXPECT_TRUE(waiting->isEmpty());
-  EXPECT_EQ(failure, "") << "another program uses it for a moment";
+  EXPECT_EQ(failure, "") << "another program is using it";
   ::close(other);
   EXPECT_TRUE(becomes([&] { return recorded().size() == 1; }));
   EXPECT_TRUE(isDone());
