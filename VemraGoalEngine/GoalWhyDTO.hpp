@@ -8,9 +8,10 @@
 
 namespace vemra {
 
-/// Why the engine suggests a person or a path. Three reasons contain figures or texts; the plain
-/// ones contain nothing, and the engine may add further plain ones at the end. Strings are equal
-/// under canonical equivalence.
+/// Why the engine suggests a person or a path.
+///
+/// Three reasons contain figures or texts; the plain ones contain nothing, and the engine may add
+/// further plain ones at the end. Strings are equal under canonical equivalence.
 struct VEMRA_EXPORT GoalWhyDTO {
   /// A piece of evidence speaks for the candidate.
   struct Evidence {

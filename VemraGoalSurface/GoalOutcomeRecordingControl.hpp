@@ -14,11 +14,12 @@
 
 namespace vemra {
 
-/// Records the outcome of one suggestion, and corrects a recorded outcome. It shows one of three
-/// contents: a button while no outcome is recorded, a summary of the outcome in force, or the
-/// editor while the user edits. It shows as recorded only the outcome that the snapshot contains,
-/// never one that it has just saved. Closing the editor does not clear the state, because opening
-/// it overwrites all of it.
+/// Records the outcome of one suggestion, and corrects a recorded outcome.
+///
+/// It shows one of three contents: a button while no outcome is recorded, a summary of the outcome
+/// in force, or the editor while the user edits. It shows as recorded only the outcome that the
+/// snapshot contains, never one that it has just saved. Closing the editor does not clear the
+/// state, because opening it overwrites all of it.
 struct GoalOutcomeRecordingControl {
   static constexpr std::string_view name = "GoalOutcomeRecordingControl";
 

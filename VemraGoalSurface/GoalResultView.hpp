@@ -26,13 +26,16 @@ namespace vemra {
 ///         [&](const std::string& evidenceID) { host.showEvidence(evidenceID); },
 ///         [&](const GoalPathCandidateDTO& path) { host.showInGraph(path); },
 ///         [&](const GoalOutcomeRecordingInput& input) { host.record(input); }));
+///
 /// Every control has an accessibility identifier, which contains references byte for byte:
 /// "vemra.goal.person." + personRef + ".show-source", "vemra.goal.path.see-in-starfold", and for
 /// recording, behind "vemra.goal.person." + personRef or "vemra.goal.path": ".outcome.start",
 /// ".outcome.picker", ".outcome.note", ".outcome.save", ".outcome.cancel", ".outcome.correct" and
-/// ".outcome.corrected-marker". The graph's environment decides the locale, the time zone and the
-/// translations. Its default is fixed (en_US, UTC, no translations); a host passes the user's
-/// environment, `ui::Environment::system()`.
+/// ".outcome.corrected-marker".
+///
+/// The graph's environment decides the locale, the time zone and the translations. Its default is
+/// fixed (en_US, UTC, no translations); a host passes the user's environment,
+/// `ui::Environment::system()`.
 ///
 /// Main thread only: `body` and every action stop the process when they run elsewhere.
 class VEMRA_EXPORT GoalResultView {

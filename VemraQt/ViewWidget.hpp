@@ -18,6 +18,7 @@ class Page;
 ///     vemra::qt::ViewWidget widget;
 ///     widget.setRoot(GoalResultView(snapshot, …));
 ///     widget.show();
+///
 /// It shows any view. The whole tree scrolls as one page; a `ScrollView` inside it only decides
 /// whether the scroll bar is visible. A widget's `objectName` is its element's accessibility
 /// identifier.
@@ -27,9 +28,11 @@ class Page;
 /// loop, never into Qt (`PageErrors`).
 ///
 /// Neither an action of the tree nor a handler of its accessibility events may destroy the widget:
-/// that stops the process. Both may call `deleteLater` or close the widget's window. A widget that
-/// owns its graph uses the system's environment (`systemEnvironment`: palette, direction, locale
-/// and time zone) and follows its changes until the host calls `setEnvironment`. Main thread only.
+/// that stops the process. Both may call `deleteLater` or close the widget's window.
+///
+/// A widget that owns its graph uses the system's environment (`systemEnvironment`: palette,
+/// direction, locale and time zone) and follows its changes until the host calls `setEnvironment`.
+/// Main thread only.
 class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   Q_OBJECT
 

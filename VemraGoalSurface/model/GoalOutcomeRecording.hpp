@@ -41,9 +41,11 @@ struct FormValues {
 /// the choices.
 VEMRA_EXPORT FormValues initialFormValues(const std::optional<GoalOutcomeDTO>& outcome);
 
-/// Whether Save may be pressed. "Something else" means nothing by itself, so it needs a note with
-/// more than blanks; every other value can be saved without a note. Blanks are the characters with
-/// Unicode's White_Space property.
+/// Whether Save may be pressed.
+///
+/// "Something else" means nothing by itself, so it needs a note with more than blanks; every other
+/// value can be saved without a note. Blanks are the characters with Unicode's White_Space
+/// property.
 VEMRA_EXPORT bool canSave(GoalOutcomeValue selectedValue, std::string_view noteText);
 
 /// The outcome that the host gets when the user presses Save.

@@ -44,21 +44,24 @@ class VEMRA_EXPORT GoalResultSnapshotV1 {
   const SharedArray<GoalOutcomeDTO>& outcomes() const { return fields_->outcomes; }
 
   /// Why there are no people, or nil when there are some.
+  ///
   /// Any evidence count except 0 means that there is evidence, also a negative one.
   std::optional<GoalPeopleGap> peopleGap() const;
 
   /// Why there are no paths, or nil when there are some.
+  ///
   /// A target person counts as named whenever the reference is present, even if it is "".
   std::optional<GoalPathGap> pathGap() const;
 
   /// Whether there is any path at all.
   bool hasSupportedPath() const { return !fields_->paths.empty(); }
 
-  /// The outcome in force for a subject: the last one recorded for it, or nil. A correction is
-  /// itself a later record of the same subject, so the position alone decides; `correctsOutcomeID`
-  /// is not read. Searches backwards and stops at the first match. There is deliberately no index
-  /// and no cache, because only the rows on the screen call this. References are compared under
-  /// canonical equivalence; nil matches only nil, and "" only "".
+  /// The outcome in force for a subject: the last one recorded for it, or nil.
+  ///
+  /// A correction is itself a later record of the same subject, so the position alone decides;
+  /// `correctsOutcomeID` is not read. Searches backwards and stops at the first match. There is
+  /// deliberately no index and no cache, because only the rows on the screen call this. References
+  /// are compared under canonical equivalence; nil matches only nil, and "" only "".
   std::optional<GoalOutcomeDTO> effectiveOutcome(GoalOutcomeSubjectKind subjectKind,
                                                  std::optional<std::string_view> subjectRef) const;
 

@@ -16,15 +16,21 @@
 
 namespace vemra {
 
-/// An immutable array whose copies share one storage. The lists of a result are copied from the
-/// engine to the host, to the screen and into the actions of every button; with shared storage each
-/// copy costs one reference count, however long the list is. Nothing ever changes the elements, so
-/// the array may be read from any thread. Arrays of an element type that declares `static constexpr
-/// std::size_t arrayAlignment` begin at a multiple of that many bytes; making such an array moves
-/// each element once. Other arrays take over the vector that they are made from. A longer array may
-/// share the storage of a shorter one (`appending`), so a list that grows by one element copies
-/// none. Two arrays with the same storage are equal without a comparison of their elements. Strings
-/// are compared under canonical equivalence, other elements by their own `==`.
+/// An immutable array whose copies share one storage.
+///
+/// The lists of a result are copied from the engine to the host, to the screen and into the actions
+/// of every button; with shared storage each copy costs one reference count, however long the list
+/// is. Nothing ever changes the elements, so the array may be read from any thread.
+///
+/// Arrays of an element type that declares `static constexpr std::size_t arrayAlignment` begin at a
+/// multiple of that many bytes; making such an array moves each element once. Other arrays take
+/// over the vector that they are made from.
+///
+/// A longer array may share the storage of a shorter one (`appending`), so a list that grows by one
+/// element copies none.
+///
+/// Two arrays with the same storage are equal without a comparison of their elements. Strings are
+/// compared under canonical equivalence, other elements by their own `==`.
 template <class Element>
 class SharedArray {
  public:
@@ -60,6 +66,7 @@ class SharedArray {
   }
 
   /// Returns the elements of this array followed by `more`. This array does not change.
+  ///
   /// The new array shares this array's storage if that has enough room after this array's elements
   /// and no other call has used that room. Otherwise the elements are copied into a storage of
   /// twice the size, so that appending one at a time copies each element about once. May be called

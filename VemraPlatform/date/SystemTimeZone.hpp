@@ -8,6 +8,7 @@ namespace vemra::date {
 
 /// The time zone of the user who started the process: from TZ, else from the system
 /// (`/etc/localtime`), else "UTC".
+///
 /// TZ, without a leading colon, is the first of these that fits:
 /// - empty: UTC, as in POSIX;
 /// - a known name. A name that only ICU has (`JST`) means UTC, unless it is also a POSIX rule

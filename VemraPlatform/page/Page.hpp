@@ -14,9 +14,11 @@
 namespace vemra::page {
 
 /// Shows a view on one scrolling page: decides where everything is, which rows exist, which part
-/// stays in view and which element gets the focus. A `PageHost` draws it. A host owns a page and
-/// attaches it to a `ui::ViewGraph` as the renderer. Every change (patches, a new size, scrolling)
-/// starts a *pass* or joins the running one. A pass repeats these steps until no row is missing:
+/// stays in view and which element gets the focus. A `PageHost` draws it.
+///
+/// A host owns a page and attaches it to a `ui::ViewGraph` as the renderer. Every change (patches,
+/// a new size, scrolling) starts a *pass* or joins the running one. A pass repeats these steps
+/// until no row is missing:
 ///
 ///     1. measure what changed, arrange what was measured
 ///     2. scroll so that the elements in view stay where they are (`Anchor`)

@@ -18,6 +18,7 @@ enum class FocusReason {
 
 /// Draws a `Page`: it measures texts and controls, shows the placed elements, and handles the
 /// keyboard focus. Renderers derive from it.
+///
 /// The page calls these functions during its passes. Main thread only. They must not throw.
 /// References to nodes are valid only during the call; keep the id of a node instead. Sizes and
 /// positions are in the units of the host: pixels, or character cells.

@@ -32,6 +32,7 @@ struct VEMRA_EXPORT MainActor {
   static void adoptCurrentThread() noexcept;
 
   /// Stops the process, in every build, unless it runs on the main thread.
+  ///
   /// - Parameter member: the name of the calling function, for the message on standard error.
   static void assertIsolated(std::string_view member) noexcept;
 

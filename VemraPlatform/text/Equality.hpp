@@ -82,8 +82,9 @@ bool equal(const Optional& a, const Optional& b) {
   return equal(std::string_view(*a), std::string_view(*b));
 }
 
-/// Hashes a text so that canonically equivalent texts hash equally. The value differs between
-/// processes, because each process draws a random key for SipHash-1-3.
+/// Hashes a text so that canonically equivalent texts hash equally.
+///
+/// The value differs between processes, because each process draws a random key for SipHash-1-3.
 VEMRA_EXPORT std::size_t hash(std::string_view text);
 
 /// Canonical equality as a function object for unordered containers, with lookup by view.

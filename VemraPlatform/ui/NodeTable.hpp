@@ -15,8 +15,9 @@ namespace vemra::ui {
 ///
 /// The graph numbers its nodes consecutively, so the nodes of a row and of neighbouring rows have
 /// neighbouring numbers and share a page. A tree of thousands of nodes takes a fraction of the
-/// allocations and cache misses of a hash table. A page is freed together with its last value. A
-/// value's destructor may look up other values, but does not find its own. It must neither insert
+/// allocations and cache misses of a hash table. A page is freed together with its last value.
+///
+/// A value's destructor may look up other values, but does not find its own. It must neither insert
 /// nor erase a value, because that could free its own page too early. Not thread-safe.
 template <class Value>
 class NodeTable {
