@@ -74,7 +74,7 @@ void addEntry(std::string& html, const Gallery& gallery, const BookEntry& entry,
   if (!specimen.description.empty()) html += "<p>" + escaped(specimen.description) + "</p>\n";
   bool isFirst = true;
   for (const BookPicture& picture : entry.pictures) {
-    // A browser loads a picture when it is to be seen.
+    // A browser loads a picture when it comes into view.
     html += "<img loading=\"lazy\" src=\"" + escaped(picture.file) + "\" width=\"" +
             std::to_string(picture.width) + "\" height=\"" + std::to_string(picture.height) +
             "\" data-variant=\"" + variantWord(gallery, picture.variant) + "\" alt=\"" +

@@ -10,7 +10,7 @@
 
 namespace vemra::gallery {
 
-/// A choice of what a picture is taken in.
+/// The settings of a picture.
 struct Variant {
   std::size_t language = 0;  ///< its place among the gallery's languages
   ui::ColorScheme scheme = ui::ColorScheme::light;
@@ -25,7 +25,7 @@ struct BookPicture {
   int height = 0;
 };
 
-/// What a book says of one specimen.
+/// The content of a book for one specimen.
 struct BookEntry {
   const Specimen* specimen = nullptr;
   std::vector<BookPicture> pictures;
@@ -34,11 +34,11 @@ struct BookEntry {
   std::vector<std::string> heard;        ///< lines
 };
 
-/// The page of a book: HTML with its style and its program in it. Without scripts it shows all entries in the first
-/// variant.
+/// The page of a book: HTML that contains its style and its script. With scripts disabled it shows
+/// all entries in the first variant.
 std::string bookPage(const Gallery& gallery, const std::vector<BookEntry>& entries);
 
-/// Where the picture of a variant stands: "12-de-dark-320".
+/// The name of a variant's picture: "12-de-dark-320".
 std::string pictureName(std::size_t entry, const Gallery& gallery, const Variant& variant);
 
 }  // namespace vemra::gallery

@@ -19,11 +19,11 @@ class Card : public QFrame {
   Card(const Specimen& specimen, QWidget* parent);
   ~Card() override;
 
-  /// Shows the specimen in an environment and so many pixels wide. In another language it is mounted anew, in
-  /// which what was typed into it is lost.
+  /// Shows the specimen in an environment and so many pixels wide. For another language it is
+  /// mounted again, and typed text is lost.
   void show(const ui::Environment& environment, int width);
 
-  /// Makes the card as high as its view, within bounds. Only a card on the screen knows how high that is.
+  /// Makes the card as high as its view, within bounds. Only a visible card knows that height.
   void fit();
 
   const Specimen& specimen() const { return specimen_; }
@@ -35,7 +35,7 @@ class Card : public QFrame {
   void mountAnew(const ui::Environment& environment);
 
   const Specimen& specimen_;
-  QString searched_;  ///< what `contains` looks through
+  QString searched_;  ///< the texts that `contains` searches
   std::unique_ptr<testing::Screen> screen_;
   qt::ViewWidget* view_ = nullptr;
 };

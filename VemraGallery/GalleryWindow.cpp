@@ -67,7 +67,7 @@ GalleryWindow::GalleryWindow(const Gallery& gallery, QWidget* parent)
   area_ = new QScrollArea;
   area_->setWidget(new QWidget);
   area_->setFrameShape(QFrame::NoFrame);
-  // Always there, so that its coming does not change how many cards fit into a row.
+  // Always visible, so that it never changes how many cards fit into a row.
   area_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   area_->viewport()->installEventFilter(this);
   layout->addWidget(area_, 1);
@@ -137,7 +137,7 @@ void GalleryWindow::find() {
   arrange();
 }
 
-// Cards stand in rows as long as the window is wide, each section below its heading.
+// Arranges the cards in rows of the window's width, each section below its heading.
 void GalleryWindow::arrange() {
   const int room = area_->viewport()->width();
   int x = 0, y = 0, rowHeight = 0, widest = room;
@@ -177,7 +177,7 @@ void GalleryWindow::arrange() {
 
 void GalleryWindow::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  // Its cards come onto the screen after it.
+  // Its cards are shown after the window.
   QMetaObject::invokeMethod(
       this, [this] { arrange(); }, Qt::QueuedConnection);
 }

@@ -48,7 +48,7 @@ class Reader {
     } else {
       ++left_;
     }
-    // Below a row that is not read there is nothing to count: that would describe every row.
+    // Does not count below a row that is not read, because that would describe every row.
     if (lines_.size() == limit_ && left_ > 0) return;
     for (int index = 0; index < object.childCount(); ++index) {
       if (lines_.size() == limit_) {

@@ -8,8 +8,8 @@
 
 namespace vemra::gallery {
 
-/// What assistive technology reads of a view in a window: a line an object, in the order in which it stands in
-/// the accessible tree, indented by two spaces a level.
+/// The text that assistive technology gets from a view in a window: one line for each object, in
+/// the order of the accessible tree, indented by two spaces for each level.
 ///
 ///     heading "Find a design lead"
 ///     push button "Save", unavailable

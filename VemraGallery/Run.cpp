@@ -13,7 +13,7 @@ namespace vemra::gallery {
 namespace {
 
 int exportBook(const Gallery& gallery, const QString& folder, Replace replace, char* program) {
-  // No display is needed, and one that is there is left alone.
+  // Needs no display, and does not use an existing one.
   std::array<char, 10> option{"-platform"};
   std::array<char, 10> platform{"offscreen"};
   std::array<char*, 4> arguments{program, option.data(), platform.data(), nullptr};

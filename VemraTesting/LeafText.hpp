@@ -6,7 +6,7 @@
 #include <vector>
 
 /// \file
-/// Draws a text or a control for a terminal. Internal to `Viewport`.
+/// Draws a text or a control in character cells. Internal to `Viewport`.
 
 namespace vemra::testing {
 

@@ -9,12 +9,12 @@
 namespace vemra {
 namespace {
 
-// A record is settled in less time than the next one takes to come from memory, and one record of
-// some hundred bytes after the other, backwards, is more than a processor fetches by itself.
+// A record is compared in less time than the next one takes to arrive from memory, and processors
+// do not prefetch records of some hundred bytes that are read backwards.
 constexpr std::size_t recordsAhead = 8;
 
-// Hands the presence test out of the loop: a scan over many records runs one comparison a record.
-// The first loop stops where there is no record `recordsAhead` before the next one.
+// Moves the presence test out of the loop: a scan over many records runs one comparison for each
+// record. The first loop stops when there is no record `recordsAhead` before the next one.
 template <class Matches>
 const GoalOutcomeDTO* lastOutcome(const SharedArray<GoalOutcomeDTO>& outcomes, Matches matches) {
   const GoalOutcomeDTO* const first = outcomes.begin();

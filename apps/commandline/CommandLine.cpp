@@ -87,7 +87,7 @@ Syntax CommandLine::command(const char* name, const char* description,
 
 void CommandLine::read(const std::vector<std::string>& words) {
   try {
-    // The parser would take some values of a flag, and `--flag=0` for one that is not there.
+    // The parser would accept some values of a flag, and treat `--flag=0` as an absent flag.
     const auto end = std::ranges::find(words, "--");
     for (const std::string& flag : parser->flags) {
       const bool hasValue = std::any_of(words.begin(), end, [&](const std::string& word) {

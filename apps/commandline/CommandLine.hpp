@@ -17,12 +17,12 @@ namespace vemra::commandline {
 
 class CommandLine;
 
-/// The options and words that a program takes, or one of its commands.
+/// The options and words of a program, or of one of its commands.
 ///
-/// What they are read into must live until the command line has been read.
+/// The variables that they are read into must live until the command line has been read.
 class Syntax {
  public:
-  /// A word that must be there.
+  /// A required word.
   void word(const char* name, std::string& value, const char* description);
 
   /// One word or more.
@@ -31,8 +31,8 @@ class Syntax {
   /// An option that takes no value.
   void flag(const char* name, bool& isGiven, const char* description);
 
-  /// An option with a value, which may be empty. It may stand once: where a program and its command take
-  /// the same option into the same `value`, before or behind the name of the command.
+  /// An option with a value, which may be empty. It may be given once: when a program and its
+  /// command have the same option with the same `value`, before or behind the name of the command.
   void option(const char* name, const char* placeholder, std::optional<std::string>& value,
               const char* description);
 
@@ -44,7 +44,7 @@ class Syntax {
   CLI::App* app;
 };
 
-/// Thrown where a command line asks for nothing to be done: it is wrong, or asks for help or the version.
+/// Thrown for a command line that needs no work: it is wrong, or requests help or the version.
 struct Ending : std::exception {
   explicit Ending(EarlyExit exit) : earlyExit(std::move(exit)) {}
   const char* what() const noexcept override { return earlyExit.diagnostic.c_str(); }
@@ -52,9 +52,11 @@ struct Ending : std::exception {
   EarlyExit earlyExit;
 };
 
-/// Reads the command line of a program, which takes `--help` and `--version` besides what it says itself.
+/// Reads the command line of a program, with `--help` and `--version` besides the program's own
+/// options.
 ///
-/// The only place that knows the library that parses: its header takes longer to compile than all else here.
+/// The only file that includes the parsing library, whose header takes longer to compile than all
+/// other code here.
 class CommandLine {
  public:
   CommandLine(const std::string& program, const std::string& description);
@@ -62,7 +64,7 @@ class CommandLine {
   CommandLine(const CommandLine&) = delete;
   CommandLine& operator=(const CommandLine&) = delete;
 
-  /// What the program takes.
+  /// The program's own options and words.
   Syntax syntax();
 
   /// A command of the program, of which a command line has at most one; `chosen` is called for it.

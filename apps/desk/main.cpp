@@ -10,7 +10,7 @@ int main(int argumentCount, char** arguments) {
     return vemra::commandline::print(*earlyExit, std::cout, std::cerr);
   }
   const auto& request = std::get<vemra::desk::Request>(asked);
-  // A command needs no display, and starts nothing that would look for one.
+  // A command needs no display, so it does not start the toolkit, which requires one.
   if (request.command != vemra::desk::Request::Command::showWindow) {
     return vemra::desk::runCommand(request, std::cout, std::cerr);
   }

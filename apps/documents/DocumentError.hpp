@@ -9,8 +9,8 @@ namespace vemra::documents {
 /// The error of an unusable document: names the file, the place in it, and the expected value.
 ///
 /// `what()` is the whole line for people: `case.json: /goal/title: expected a string; found 12`.
-/// The place is left out when it is the document itself. Every part is well-formed UTF-8 on one
-/// line except the file name, which is given as it was.
+/// The place is omitted when it is the document itself. Every part is well-formed UTF-8 on one
+/// line, except the file name, which is unchanged.
 class DocumentError : public std::runtime_error {
  public:
   /// `pointer` is a JSON pointer (RFC 6901), "" for the whole document.

@@ -8,7 +8,7 @@
 #include <string_view>
 
 /// \file
-/// How the engine's enumerations are called in documents; each list is in index order.
+/// The names of the engine's enumerations in documents; each list is in index order.
 
 namespace vemra::documents {
 
@@ -16,7 +16,7 @@ inline constexpr std::array<std::string_view, 4> statusNames{"active", "paused",
                                                              "abandoned"};
 inline constexpr std::array<std::string_view, 3> priorityNames{"normal", "high", "low"};
 
-/// The reasons; the first three carry a payload.
+/// The reasons; the first three have fields.
 enum class WhyKind : std::size_t { evidence, connection, sharedActivity, nameMatch, generic };
 inline constexpr std::array<std::string_view, 5> whyKindNames{
     "evidence", "connection", "sharedActivity", "nameMatch", "generic"};

@@ -8,19 +8,19 @@
 
 namespace vemra::documents {
 
-/// Where the reading of a document stands: the file's name and the way from its root.
+/// The place that is being read in a document: the file's name and the path from its root.
 ///
-/// Writes an error at that place.
+/// Throws errors that name this place.
 class JsonPlace {
  public:
   explicit JsonPlace(std::string file);
   JsonPlace(const JsonPlace&) = delete;
   JsonPlace& operator=(const JsonPlace&) = delete;
 
-  /// A step into the value of a key, which must stay alive, or into an element: the place is there
-  /// until the step is destroyed. The last step is destroyed first.
+  /// A step into the value of a key, which must stay alive, or into an element; the destructor
+  /// steps back. The last step is destroyed first.
   ///
-  /// Steps live where the reading functions call each other, so that a step costs next to nothing.
+  /// Steps are local variables of the reading functions, so a step costs next to nothing.
   class Step {
    public:
     Step(JsonPlace& place, std::string_view key) : place_(place), outer_(place.inner_), key_(key) {
@@ -32,7 +32,7 @@ class JsonPlace {
     Step& operator=(const Step&) = delete;
     ~Step() { place_.inner_ = outer_; }
 
-    /// Goes on to the next element.
+    /// Moves to the next element.
     void next() { ++index_; }
 
    private:
@@ -54,7 +54,7 @@ class JsonPlace {
   [[noreturn]] void failAt(std::string_view key, std::string_view expected,
                            std::string_view found) const;
 
-  /// The same with line and column, both from 1, for what is no JSON at all.
+  /// The same with line and column, both from 1, for text that is not JSON.
   [[noreturn]] void failSyntax(std::size_t line, std::size_t column, std::string_view expected,
                                std::string_view found) const;
 

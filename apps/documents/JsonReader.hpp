@@ -14,22 +14,22 @@
 
 namespace vemra::documents {
 
-/// Whether an object has to hold a key.
+/// Whether an object must have a key.
 enum class Presence { required, optional };
 
-/// One key that an object may hold, and how its value is read.
+/// One key that an object may have, and a function that reads its value.
 struct Field {
   std::string_view key;  ///< must outlive the reading of the object
   Presence presence = Presence::required;
   FunctionReference<void()> read;  ///< reads exactly one value from the reader
 };
 
-/// Reads a JSON text strictly (RFC 8259, UTF-8), led by what the caller expects.
+/// Reads a JSON text strictly (RFC 8259, UTF-8), as values of the types that the caller expects.
 ///
-/// The caller asks for the value that its document has at that place; the first thing that is not
-/// as expected ends the reading with a `DocumentError` that names the place. There is no tree in
-/// between: nesting that no document has is refused at its first bracket, so that neither depth nor
-/// size of a hostile text costs more than reading up to the first surprise.
+/// The caller requests the value that its document has at each place; the first unexpected value
+/// ends the reading with a `DocumentError` that names the place. There is no tree: nesting that no
+/// document has is refused at its first bracket, so a hostile text, however deep or long, costs no
+/// more than reading up to the first error.
 ///
 ///     reader.object({
 ///         {"id", Presence::required, [&] { goal.id = reader.string(); }},
@@ -38,7 +38,7 @@ struct Field {
 ///     reader.finish();
 ///
 /// Stricter than many readers: a byte-order mark, ill-formed UTF-8, an escape that is half a
-/// surrogate pair, a key given twice or not known, and text behind the document are errors.
+/// surrogate pair, a duplicate or unknown key, and text behind the document are errors.
 class JsonReader {
  public:
   /// `text` must outlive the reader; `file` is only the name in errors.
@@ -52,8 +52,8 @@ class JsonReader {
   /// Reads an object with these keys and no others, in any order.
   void object(std::initializer_list<Field> fields);
 
-  /// Reads an object whose keys are data. `readValue` reads the value of the key it is given; a key
-  /// given twice comes twice, for the caller to refuse.
+  /// Reads an object whose keys are data. `readValue` reads the value of its key; it is called
+  /// twice for a duplicate key, which the caller may refuse.
   void dictionary(FunctionReference<void(const std::string& key)> readValue);
 
   /// Reads an array; `readElement` reads one element.
@@ -72,7 +72,7 @@ class JsonReader {
   /// Reads a string that must be one of `names`; its index.
   std::size_t name(std::span<const std::string_view> names);
 
-  /// How many bytes of the text have not been read yet.
+  /// The number of unread bytes of the text.
   std::size_t unread() const { return tokens_.unread(); }
 
   /// Ends the reading: nothing but white space may follow.
@@ -85,7 +85,7 @@ class JsonReader {
   [[noreturn]] void failAt(std::string_view key, std::string_view expected,
                            std::string_view found) const;
 
-  /// An error at the next value: it is not `expected`. Says what it is.
+  /// Throws an error at the next value, because it is not `expected`, and names what it is.
   [[noreturn]] void failNext(std::string_view expected);
 
  private:

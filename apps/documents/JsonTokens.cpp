@@ -15,10 +15,10 @@ bool isWord(char c) {
   return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
-/// How many bytes at the front of a text stand for themselves in a JSON string: ASCII, but no control
-/// character, quotation mark or reverse solidus.
+/// The number of bytes at the beginning of a text that need no escape in a JSON string: ASCII, but
+/// no control character, quotation mark or reverse solidus.
 ///
-/// Eight bytes are looked at in one step. In `lessThan` a borrow can mark bytes above the first one that
+/// Examines eight bytes in one step. In `lessThan` a borrow can mark bytes above the first one that
 /// is less, but never one below it, so that the lowest mark is right.
 std::size_t plainLength(std::string_view text) {
   constexpr std::uint64_t ones = 0x0101010101010101U;
@@ -198,7 +198,7 @@ std::string JsonTokens::describeValue() {
   return {};
 }
 
-/// What stands at the current place: a word, a character, a byte that is none, or the end.
+/// Describes the text at the current place: a word, a character, an ill-formed byte, or the end.
 std::string JsonTokens::describeHere() const {
   if (at_ == text_.size()) return "the end of the file";
   const text::Step step = text::firstStep(text_.substr(at_));

@@ -11,16 +11,16 @@ namespace vemra::documents {
 /// The kinds of JSON values.
 enum class JsonKind { null, boolean, number, string, array, object };
 
-/// The tokens of a JSON text (RFC 8259), read strictly and from front to back.
+/// The tokens of a JSON text (RFC 8259), read strictly and from left to right.
 ///
-/// Whatever is no JSON, or no UTF-8, is a `DocumentError` with line and column (in characters).
+/// Text that is not JSON or not UTF-8 is a `DocumentError` with line and column (in characters).
 class JsonTokens {
  public:
   /// Both must outlive the object. A byte-order mark is an error at once.
   JsonTokens(std::string_view text, const JsonPlace& place);
 
-  /// The kind of the value that comes next; nothing of it is read. Where none comes, the error says
-  /// that `expected` was expected.
+  /// The kind of the next value, without reading it. Without a next value, the error says that
+  /// `expected` was expected.
   JsonKind kind(std::string_view expected) {
     skipWhiteSpace();
     const char c = at_ < text_.size() ? text_[at_] : '\0';
@@ -42,7 +42,7 @@ class JsonTokens {
     }
   }
 
-  /// Reads white space and, if it comes next, the character; whether it came.
+  /// Reads white space and, if it comes next, the character. Returns whether it came.
   bool take(char c) {
     skipWhiteSpace();
     return takeHere(c);
@@ -56,20 +56,20 @@ class JsonTokens {
   /// Reads a string. The result points into the text, or into `unescaped` if it has escapes.
   std::string_view string(std::string& unescaped);
 
-  /// Reads a number; its text as it stands.
+  /// Reads a number and returns its text unchanged.
   std::string_view number();
 
   /// Reads `null`, `true` or `false`.
   void literal(std::string_view literal);
 
-  /// How many bytes come after what has been read.
+  /// The number of unread bytes.
   std::size_t unread() const { return text_.size() - at_; }
 
   /// An error unless nothing but white space is left.
   void end();
 
-  /// Reads the next value as far as a message about it needs, and describes it: a scalar as it
-  /// stands, "an array", "an object". Long ones are cut.
+  /// Reads the next value as far as a message about it needs, and describes it: a scalar unchanged,
+  /// "an array", "an object". Long ones are cut.
   std::string describeValue();
 
  private:

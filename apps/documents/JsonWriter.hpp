@@ -14,7 +14,8 @@ namespace vemra::documents {
 /// U+FFFD: a JSON text has to be UTF-8 (RFC 8259, section 8.1), a record's bytes may be anything.
 void appendJsonEscaped(std::string& out, std::string_view utf8);
 
-/// How the entries of an object or array are laid out: all on one line, or one a line, indented.
+/// The layout of the entries of an object or array: all on one line, or each on a line of its own,
+/// indented.
 enum class Layout { inLine, lines };
 
 /// Writes a JSON text piece by piece into one string, without a tree in between, so that a result
@@ -37,7 +38,7 @@ class JsonWriter {
   void boolean(bool value);
   void null();
 
-  /// What has been written so far; the writer is empty afterwards.
+  /// Returns the written text; the writer is empty afterwards.
   std::string take();
 
  private:

@@ -22,14 +22,14 @@ Enumeration readCase(JsonReader& reader, std::span<const std::string_view> names
   return static_cast<Enumeration>(reader.name(names));
 }
 
-/// From this length on an array is worth a guess at how long it will be.
+/// From this length on, the reader estimates the length of an array.
 constexpr std::size_t longArray = std::size_t{1} << 16;
-/// A guess asks for no more memory than this, since it may be wrong.
+/// An estimate reserves no more memory than this, since it may be wrong.
 constexpr std::size_t mostGuessedBytes = std::size_t{1} << 30;
 
-/// Makes room for what the `unread` bytes of the text hold if they go on like the `read` ones, which
-/// the elements so far came from. A list of millions that grew by doubling alone would take most of
-/// its time in the system, which would have to find the memory twice.
+/// Reserves memory for the rest of a list, assuming that the `unread` bytes contain as many
+/// elements per byte as the `read` ones. A list of millions that only doubled its memory would
+/// spend most of its time in the system, which would have to provide the memory twice.
 template <class Element>
 void makeRoom(std::vector<Element>& elements, std::size_t read, std::size_t unread) {
   const std::size_t twice = 2 * elements.size();

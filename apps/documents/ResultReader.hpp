@@ -18,7 +18,7 @@
 
 namespace vemra::documents {
 
-/// Reads a result where it stands inside another document.
+/// Reads a result inside another document.
 GetGoalSnapshotResponse readResult(JsonReader& reader);
 
 /// Reads a text that is a result document and nothing else. `file` is its name in errors.
@@ -26,7 +26,7 @@ GetGoalSnapshotResponse readResultText(std::string_view text, const std::string&
 
 /// Reads the result document in a file, or from standard input when `path` is "-".
 ///
-/// These throw a `DocumentError` for whatever is not a result document.
+/// These throw a `DocumentError` for any text that is not a result document.
 GetGoalSnapshotResponse readResultFile(const std::string& path);
 
 }  // namespace vemra::documents

@@ -33,7 +33,7 @@ void writeStrings(JsonWriter& out, std::string_view key, const SharedArray<std::
   out.endArray();
 }
 
-/// The fields below are written only when they differ from what an absent key means.
+/// The fields below are written only when they differ from the default of an absent key.
 void writeGiven(JsonWriter& out, std::string_view key, const std::string& value) {
   if (!value.empty()) writeString(out, key, value);
 }
@@ -58,7 +58,7 @@ void writeGivenCase(JsonWriter& out, std::string_view key, std::span<const std::
   out.string(nameIn(names, value));
 }
 
-/// Writes the kind and the payload of a reason.
+/// Writes the kind and the fields of a reason.
 struct WhyWriter {
   JsonWriter& out;
 

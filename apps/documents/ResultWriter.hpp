@@ -10,14 +10,15 @@
 ///
 /// Optional fields that a screen shows are written as null when they are nil; what the engine keeps
 /// besides is left out at its default. Reading what was written gives an equal record. Strings keep
-/// their bytes, but for ill-formed UTF-8, which no JSON text can hold (see `appendJsonEscaped`).
+/// their bytes, except for ill-formed UTF-8, which no JSON text can contain (see
+/// `appendJsonEscaped`).
 
 namespace vemra::documents {
 
 /// The result document of a result, with a line break at its end.
 std::string writeResult(const GetGoalSnapshotResponse& result);
 
-/// A JSON array of outcomes in the order given, with a line break at its end.
+/// A JSON array of the outcomes in the given order, with a line break at its end.
 std::string writeOutcomes(const SharedArray<GoalOutcomeDTO>& outcomes);
 
 /// One record as the next value of a larger document.

@@ -14,8 +14,8 @@
 namespace vemra::documents {
 namespace {
 
-/// Everything that a reason may carry. Which of it belongs together is known only when `kind` has
-/// been read, and `kind` may come last.
+/// All fields that a reason may have. Only `kind` decides which of them are allowed, and `kind` may
+/// come last.
 struct Payload {
   WhyKind kind = WhyKind::generic;
   std::optional<std::string> label, detail, reference;
@@ -40,7 +40,7 @@ std::span<const std::string_view> keysOf(WhyKind kind) {
   return {};
 }
 
-/// Holds the keys that were given against those of the kind.
+/// Compares the given keys with those of the kind.
 void checkKeys(const JsonReader& reader, const Payload& payload) {
   const std::array<std::pair<std::string_view, bool>, 6> given{{
       {"label", payload.label.has_value()},

@@ -5,7 +5,7 @@
 
 namespace vemra::documents {
 
-/// Reads a reason: an object with `kind` and exactly the payload of that kind, in any order.
+/// Reads a reason: an object with `kind` and exactly the fields of that kind, in any order.
 GoalWhyDTO readWhy(JsonReader& reader);
 
 }  // namespace vemra::documents

@@ -9,7 +9,7 @@
 
 namespace vemra::desk {
 
-/// What a window has that its end could lose.
+/// The content of a window that closing it could lose.
 struct Unfinished {
   QStringList drafts;                ///< a line for each open editor
   std::vector<WaitingNote> waiting;  ///< the outcomes that are not stored yet
@@ -30,8 +30,7 @@ class CloseQuestion : public QMessageBox {
   void waitWanted();
 };
 
-/// Shown while a window waits with its end until everything is stored. Deletes itself after the
-/// answer.
+/// Shown while a window stays open until everything is stored. Deletes itself after the answer.
 class CloseWait : public QMessageBox {
   Q_OBJECT
 

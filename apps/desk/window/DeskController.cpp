@@ -43,7 +43,8 @@ QString failureOf(const task::Result<T>& result) {
 /// The journal of the store; none for one that is open for reading only.
 std::optional<OutcomeJournal> journalOf(const StoreEngine& engine) {
   if (engine.storeUse() == StoreUse::reading) return std::nullopt;
-  // The main thread waits; what another program keeps locked for longer is tried again.
+  // The main thread waits; if another program keeps the lock for longer, the call is tried again
+  // later.
   return OutcomeJournal(engine.file(), std::chrono::milliseconds(200));
 }
 
@@ -107,7 +108,7 @@ void DeskController::loadGoal() {
                       if (engine_->storeNumber() == store) {
                         takeGoal(goalID, store, std::move(result));
                       } else if (goalID_ == goalID) {
-                        loadGoal();  // another store is there; the result may be of either
+                        loadGoal();  // another store is there; the result may be from either
                       }
                     });
 }

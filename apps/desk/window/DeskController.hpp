@@ -19,9 +19,9 @@
 
 namespace vemra::desk {
 
-/// The part of a host that has no widgets: it loads snapshots off the main thread, stores outcomes and
-/// loads again, looks for changes that other programs make to the store, and keeps what could not be
-/// stored (`WaitingOutcomes`).
+/// The part of a host that has no widgets: it loads snapshots off the main thread, stores outcomes
+/// and loads again, looks for changes that other programs make to the store, and keeps outcomes
+/// that could not be stored (`WaitingOutcomes`).
 ///
 /// Main thread only.
 class DeskController : public QObject {
@@ -29,8 +29,8 @@ class DeskController : public QObject {
   /// - Parameter display: outlives the controller.
   DeskController(std::shared_ptr<StoreEngine> engine, DeskDisplay& display);
 
-  /// Starts to load, to look for changes and to record what waits in the journal; opens the goal of
-  /// that id, or else the first one there is. Call once.
+  /// Starts to load, to look for changes and to record the outcomes that wait in the journal; opens
+  /// the goal with that id, or else the first goal. Call once.
   void start(std::optional<std::string> goalID);
 
   /// Closes the details and loads the goal, unless it is open.
@@ -42,20 +42,20 @@ class DeskController : public QObject {
   /// Stores what the user recorded for a goal that is shown, and loads the open goal again. While
   /// that is not possible, the outcome waits, under the names that it has in `goal`.
   void record(const LoadedGoal& goal, const GoalOutcomeRecordingInput& input);
-  /// Tries to record what waits, once in the store that is there now.
+  /// Tries to record the waiting outcomes, once in the present store.
   void recordWaiting() { waiting_.tryAgain(); }
   /// Forgets the waiting outcomes with these ids.
   void discardWaiting(const std::vector<std::string>& ids) { waiting_.discard(ids); }
-  /// What waits, after a look at what other programs have done with it.
+  /// The waiting outcomes, after comparing with the journal, which other programs may have changed.
   std::vector<WaitingNote> waiting();
-  /// Gives up what waits and is not in the journal, for another controller to keep.
+  /// Hands out the waiting outcomes that are not in the journal, for another controller to keep.
   std::vector<WaitingOutcome> takeWaiting() { return waiting_.takeUnkept(); }
   void keepWaiting(WaitingOutcome outcome) { waiting_.add(std::move(outcome), std::nullopt); }
   const std::optional<std::string>& openGoalID() const { return goalID_; }
   /// Stores the sample goals and opens the first one.
   void addSampleGoals();
 
-  /// Looks up what the store knows, now and whenever it has changed, until something else is looked up
+  /// Looks up the store's knowledge, now and whenever the store has changed, until the next look-up
   /// or `closeDetails`.
   void openPerson(const std::string& personRef);
   void openEvidence(const std::string& evidenceID);
@@ -70,7 +70,7 @@ class DeskController : public QObject {
   void lookForChanges();
   void takeVersion(task::Result<std::int64_t> result);
 
-  /// - Parameters ask, show: give the task to be started, and take its result.
+  /// - Parameters ask, show: return the task to start, and take its result.
   /// - Parameter failure: the sentence before the reason when the task fails.
   template <class Ask, class Show>
   void lookUp(Ask ask, const QString& failure, Show show);
@@ -84,11 +84,11 @@ class DeskController : public QObject {
   WaitingOutcomes waiting_;
   std::optional<std::string> goalID_;     // of the open goal
   std::uint64_t detailsRequest_ = 0;      // the last look-up
-  std::function<void()> refreshDetails_;  // looks up once more what the details show
-  std::optional<std::int64_t> version_;   // of the store, when it was last looked at
+  std::function<void()> refreshDetails_;  // looks up the shown details again
+  std::optional<std::int64_t> version_;   // of the store, at the last check
   bool looking_ = false;
   QString lookingFailed_;                // why looking for changes failed last; "" if it did not
-  QHash<QString, QString> shownBefore_;  // what could not be loaded: the reason that was shown
+  QHash<QString, QString> shownBefore_;  // the shown reason of the last failure to load
 };
 
 }  // namespace vemra::desk

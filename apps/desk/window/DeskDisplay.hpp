@@ -24,17 +24,17 @@ struct LoadedGoal {
   std::uint64_t store = 0;
 };
 
-/// What a `DeskController` shows. It is called on the main thread only.
+/// The display of a `DeskController`. Its functions are called on the main thread only.
 class DeskDisplay {
  public:
   /// The goals of the store in their order; `chosen` is the id of the open one, or "".
   virtual void showGoals(const std::vector<GoalListing>& goals, const std::string& chosen) = 0;
   /// Shows the result of the open goal, in place of the result shown so far or of a failure.
   virtual void showGoal(const LoadedGoal& goal) = 0;
-  /// Shows an earlier result of that goal, which could not be loaded again, if the display has one
-  /// still. Returns whether it has.
+  /// Shows an earlier result of that goal, which could not be loaded again, if the display still
+  /// has one. Returns whether it has.
   virtual bool keepGoal(const std::string& goalID) = 0;
-  /// The open goal could not be loaded, and the display has nothing of it.
+  /// The open goal could not be loaded, and the display has no earlier result of it.
   virtual void showFailure(const QString& reason) = 0;
   /// A sentence beside the goal. `tryAgain`, if there is one, is offered to the user.
   virtual void showNotice(const QString& text, std::function<void()> tryAgain) = 0;
@@ -47,7 +47,7 @@ class DeskDisplay {
   /// `names` are those of the people on the path, nil where a person has none.
   virtual void showPath(const GoalPathCandidateDTO& path,
                         const std::vector<std::optional<std::string>>& names) = 0;
-  /// Takes away the details of a person, a source or a path.
+  /// Removes the details of a person, a source or a path.
   virtual void closeDetails() = 0;
 
  protected:

@@ -108,7 +108,7 @@ void DeskWindow::open(const std::string& file) {
     return;
   }
   if (isSameFile && engine_ && !opening.engine) {
-    // What is on the screens and what waits stays with the store that was open.
+    // The screens and the waiting outcomes belong to the store that was open.
     showNotice(fromUTF8(opening.problem), nullptr);
     return;
   }

@@ -36,25 +36,26 @@ class WaitingBar;
 class Welcome;
 
 /// The window of the reference host: the goals at the left, the result screen of the open one, and
-/// beside it what the store knows of a person, a source or a path.
+/// beside it the store's knowledge of a person, a source or a path.
 ///
-/// It shows what its `DeskController` has loaded, and passes on what the user does: with the controller
-/// it is the whole of a host's part. Changes that other processes make to the store show up by themselves.
+/// It shows the data that its `DeskController` has loaded, and passes the user's actions on;
+/// together they are a complete host. Changes that other processes make to the store appear by
+/// themselves.
 class DeskWindow : public QMainWindow, private DeskDisplay {
   Q_OBJECT
 
  public:
-  /// Starts to load at once, and opens the goal of that id or else the first one there is.
+  /// Starts to load at once, and opens the goal with that id or else the first goal.
   DeskWindow(std::shared_ptr<StoreEngine> engine, std::optional<std::string> goalID);
-  /// The same for a store that may be open for reading only, or not at all: then the window says so,
-  /// and offers what can be done.
+  /// The same for a store that may be open for reading only, or not at all: then the window shows
+  /// the reason and the possible actions.
   DeskWindow(StoreOpening opening, std::optional<std::string> goalID);
 
   ~DeskWindow() override;
 
   /// Opens a store in place of the one that is open.
   void open(const std::string& file);
-  /// Imports documents into the open store and shows what came of it.
+  /// Imports documents into the open store and shows the result.
   void importDocuments(const QStringList& files);
   /// Writes the open goal's result document.
   void exportGoal(const QString& file);
@@ -85,7 +86,7 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   void chooseStore();
   void showTitle(const LoadedGoal& goal);
   Unfinished unfinished() const;
-  /// Does the next step now, or after the user has agreed to lose what is unfinished.
+  /// Does the next step now, or after the user has agreed to lose unfinished work.
   void leaveThen(std::function<void()> next);
   void closeAnyway();
   void closeWhenStored();

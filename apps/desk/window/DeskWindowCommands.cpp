@@ -1,4 +1,4 @@
-// The commands of the window: what its menus and dropped files do.
+// The commands of the window, from its menus and from dropped files.
 
 #include "VemraQt/ViewWidget.hpp"
 #include "apps/desk/commands/Documents.hpp"
@@ -30,7 +30,7 @@
 namespace vemra::desk {
 namespace {
 
-/// The files that are dropped; none when anything else is among them.
+/// The dropped files; none when the dropped data contain anything else.
 QStringList droppedFiles(const QMimeData& data) {
   QStringList files;
   for (const QUrl& url : data.urls()) {

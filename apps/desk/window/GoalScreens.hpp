@@ -18,11 +18,11 @@ namespace vemra::desk {
 
 class Pages;
 
-/// The screens of the goals that were opened: one `ViewWidget` a goal. A screen that another goal
-/// replaces stays alive, with its open editors and its scroll position.
+/// The screens of the goals that were opened: one `ViewWidget` for each goal. A screen that another
+/// goal replaces stays alive, with its open editors and its scroll position.
 ///
-/// Beyond a number of screens, those without open editors go, the one that was shown longest ago
-/// first. A screen with an open editor never goes: what a person has typed is not lost.
+/// Beyond a number of screens, those without open editors are destroyed, the one that was shown
+/// longest ago first. A screen with an open editor is never destroyed, so typed text is not lost.
 class GoalScreens {
  public:
   /// - Parameter pages: where the screens are shown; outlives this object.
@@ -39,7 +39,7 @@ class GoalScreens {
   qt::ViewWidget& current() const;
   std::size_t count() const { return screens_.size(); }
 
-  /// One line for each open editor of any goal: whom the outcome is about, and the goal's title.
+  /// One line for each open editor of any goal: the outcome's subject, and the goal's title.
   QStringList drafts() const;
   /// Removes every screen, with its editors.
   void clear();

@@ -6,7 +6,7 @@
 
 namespace vemra::desk {
 
-/// Imports documents and shows how far it is, once that takes more than a moment; the user may
+/// Imports documents and shows its progress when that takes more than a moment; the user may
 /// cancel, and then nothing is imported. Deletes itself at the end.
 class ImportDialog : public QProgressDialog {
   Q_OBJECT
@@ -16,7 +16,8 @@ class ImportDialog : public QProgressDialog {
   ImportDialog(std::shared_ptr<StoreEngine> engine, const QStringList& files, QWidget* parent);
 
  Q_SIGNALS:
-  /// The end: what was imported, or why nothing was. Not emitted when the user has cancelled.
+  /// The end: the imported documents, or the reason why nothing was imported. Not emitted when the
+  /// user has cancelled.
   void ended(const QString& message);
 
  private:

@@ -26,7 +26,8 @@ void ImportJob::cancel() {
   isCancelled_ = true;
 }
 
-// On the thread. What it queues for this object is dropped when the object is destroyed.
+// Runs on the thread. Calls that it queues for this object are dropped when the object is
+// destroyed.
 void ImportJob::readAll() {
   auto results = std::make_shared<Results>();
   QString failure;

@@ -17,7 +17,8 @@ namespace vemra::desk {
 
 /// Imports documents into a store, all of them or none: reads them one after the other on a thread
 /// of its own, then stores them in one transaction. Ends with exactly one of the last three
-/// signals, unless it is destroyed before; then nothing is imported that was not being stored.
+/// signals, unless it is destroyed before; then nothing is imported unless it was already being
+/// stored.
 ///
 /// Main thread only.
 class ImportJob : public QObject {

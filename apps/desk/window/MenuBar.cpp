@@ -93,7 +93,7 @@ void MenuBar::addEdit(QMenu& menu, const QString& title, QKeySequence::StandardK
                       const char* slot) {
   QAction* action = menu.addAction(title);
   action->setShortcuts(QKeySequence::keyBindings(key));
-  // A text takes these keys itself; without one they must not do anything.
+  // A focused text handles these keys itself; without one they must have no effect.
   action->setShortcutContext(Qt::WidgetShortcut);
   action->setObjectName(QLatin1String("desk.edit.") + QLatin1String(slot));
   connect(&menu, &QMenu::aboutToShow, action,

@@ -8,18 +8,18 @@ class QMenu;
 
 namespace vemra::desk {
 
-/// The commands of the window, with the shortcuts of the platform. It decides nothing: it emits a
-/// signal for each command, but for those on the text with the focus, which it carries out.
+/// The commands of the window, with the shortcuts of the platform. It emits a signal for each
+/// command; only the commands on the text with the focus it carries out itself.
 class MenuBar : public QMenuBar {
   Q_OBJECT
 
  public:
   explicit MenuBar(QWidget* window);
 
-  /// What the commands can be used for at present.
+  /// Which commands are enabled.
   struct Uses {
     bool hasStore = false;    ///< a store is open
-    bool mayImport = false;   ///< it may be written, and no import is going on
+    bool mayImport = false;   ///< it may be written, and no import is running
     bool hasGoal = false;     ///< a goal is open
     bool hasDetails = false;  ///< the pane with details is shown
   };
@@ -41,7 +41,7 @@ class MenuBar : public QMenuBar {
   void previousPaneWanted();
   void keyboardHelpWanted();
   void aboutWanted();
-  /// A menu is about to be shown: time for `setUses`.
+  /// Emitted before a menu is shown: call `setUses`.
   void aboutToBeUsed();
 
  private:

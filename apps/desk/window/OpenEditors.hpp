@@ -12,12 +12,12 @@ namespace vemra::desk {
 /// An editor of an outcome that a person has opened and neither saved nor cancelled.
 struct OpenEditor {
   GoalOutcomeSubjectKind subjectKind = GoalOutcomeSubjectKind::person;
-  std::optional<std::string> subjectRef;  ///< whom the outcome is about
+  std::optional<std::string> subjectRef;  ///< the outcome's subject
 };
 
 /// The open editors of a goal's screen, in the order of the screen; also those in rows that are not
-/// in view. Costs a walk over the elements outside the rows, and over the rows that hold state: not
-/// a step for each person of a long list.
+/// in view. Costs a walk over the elements outside the rows, and over the rows with state, so it
+/// does not grow with the list.
 ///
 /// Main thread only; not during an event of the graph.
 std::vector<OpenEditor> openEditors(ui::ViewGraph& graph);

@@ -4,7 +4,7 @@
 
 namespace vemra::desk {
 
-/// Pages in one place, of which a person sees one.
+/// Pages in one place, of which one is visible.
 ///
 /// Assistive technology sees only that page too. Qt would list every page: then a client that looks
 /// for an element could find that of a goal which is not open, under the same identifier.

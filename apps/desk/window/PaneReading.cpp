@@ -35,8 +35,9 @@ int equalNeighbours(const QStringList& before, qsizetype place, const QStringLis
   return equal;
 }
 
-/// The index in `after` of the text at `place` in `before`; -1 when it is gone. Of several equal
-/// texts, the one with the most equal neighbours; of those, the one nearest to `place`.
+/// The index in `after` of the text at `place` in `before`; -1 when `after` does not contain it. Of
+/// several equal texts, the one with the most equal neighbours; of those, the one nearest to
+/// `place`.
 qsizetype placeIn(const QStringList& after, const QStringList& before, qsizetype place) {
   qsizetype found = -1;
   int most = -1;

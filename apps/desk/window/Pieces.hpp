@@ -45,8 +45,7 @@ class Pieces : public QWidget {
   /// Adds the widgets of the next piece to the end of a column; false when that was the last piece.
   using AddNext = std::function<bool(QVBoxLayout& column)>;
 
-  /// - Parameter what: names the content, so that a reader who hears only the button knows what it
-  ///   shows.
+  /// - Parameter what: names the content, so that the button's accessible name says what it shows.
   Pieces(const QString& what, AddNext addNext, QWidget* parent = nullptr);
 
   /// The key of these pieces, unique among all `Pieces` inside the same one; it identifies the

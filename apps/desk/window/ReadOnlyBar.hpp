@@ -6,7 +6,8 @@ class QLabel;
 
 namespace vemra::desk {
 
-/// A bar above the panes of a store that is open for reading only: why, and what can be done.
+/// A bar above the panes of a store that is open for reading only: the reason, and the possible
+/// actions.
 class ReadOnlyBar : public AlertFrame {
   Q_OBJECT
 

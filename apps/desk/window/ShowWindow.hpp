@@ -7,7 +7,7 @@
 namespace vemra::desk {
 
 /// Shows the window and returns when it is closed. When the store cannot be opened, `diagnostics`
-/// gets a line that says why, and the window offers what can be done.
+/// gets a line with the reason, and the window offers the possible actions.
 ///
 /// - Returns: the exit code. 2, with a line on `diagnostics`, when there is no display, when the
 ///   store does not have the requested goal, and when no store was open at the end, or none could be

@@ -15,9 +15,9 @@ class QVBoxLayout;
 
 namespace vemra::desk {
 
-/// The pane beside the screen: what the store knows of a person or of a piece of evidence, or a
-/// path as a graph. Hidden while it has nothing to show. Long texts and long lists are shown piece
-/// by piece (`Pieces`).
+/// The pane beside the screen: the store's knowledge of a person or of a piece of evidence, or a
+/// path as a graph. Hidden while it is empty. Long texts and long lists are shown piece by piece
+/// (`Pieces`).
 ///
 /// When the pane shows the same person, source or path again with newer content, the pieces that
 /// the reader has opened stay open, and the scroll position, the focus and the selected texts stay.
@@ -36,7 +36,7 @@ class SidePane : public QScrollArea {
                 const std::vector<std::optional<std::string>>& names);
 
  Q_SIGNALS:
-  /// The reader has asked to close the pane.
+  /// Emitted when the user closes the pane.
   void closed();
 
  private:

@@ -8,8 +8,8 @@
 namespace vemra::desk {
 namespace {
 
-/// How long a call waits for another program. Short: what the window could not store it tries again
-/// by itself, and meanwhile the other calls, such as the loading of a goal, have their turn.
+/// The time that a call waits for another program. Short, because the window tries again by itself
+/// to store an outcome, and other calls, such as loading a goal, run meanwhile.
 constexpr Patience patience = std::chrono::seconds(1);
 
 /// Why the store cannot be read; "" when it can.

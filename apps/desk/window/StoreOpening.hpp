@@ -7,7 +7,7 @@
 
 namespace vemra::desk {
 
-/// What came of opening a store for a window.
+/// The result of opening a store for a window.
 struct StoreOpening {
   std::string file;
   /// None when the store cannot be opened.

@@ -9,7 +9,7 @@ class QPushButton;
 
 namespace vemra::desk {
 
-/// Shown in place of the goals when a store cannot be opened: what is wrong, and what can be done.
+/// Shown in place of the goals when a store cannot be opened: the reason, and the possible actions.
 class StorePage : public QWidget {
   Q_OBJECT
 

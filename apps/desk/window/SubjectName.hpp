@@ -9,7 +9,7 @@
 
 namespace vemra::desk {
 
-/// Whom an outcome is about, in words: the name of the person in this goal, the reference where the
+/// The subject of an outcome in words: the name of the person in this goal, the reference where the
 /// goal has no name for it, or the path to that person.
 QString subjectName(const GoalResultSnapshotV1& goal, GoalOutcomeSubjectKind kind,
                     const std::optional<std::string>& subjectRef);

@@ -13,8 +13,8 @@ namespace vemra::desk {
 /// One line for an outcome that is not stored yet: the outcome, the person and the goal.
 QString lineOf(const WaitingNote& note);
 
-/// A bar that names the outcomes which are not stored yet, the reason, and what becomes of them.
-/// Hidden while there are none.
+/// A bar that names the outcomes that are not stored yet, the reason, and what will happen to them.
+/// Hidden without such outcomes.
 class WaitingBar : public AlertFrame {
   Q_OBJECT
 

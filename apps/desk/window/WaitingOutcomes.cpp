@@ -82,7 +82,7 @@ void WaitingOutcomes::readJournal() {
   journalFailure_.clear();
   std::set<std::string> ids;
   for (const WaitingOutcome& outcome : outcomes) ids.insert(outcome.id);
-  // On a disk that is not there, the journal is missing like the store.
+  // On a disk that is not mounted, the journal is missing like the store.
   const bool isStoreThere = identityAt(engine_->file()).has_value();
   bool isLess = false;
   for (auto entry = entries_.begin(); entry != entries_.end();) {
@@ -107,7 +107,7 @@ void WaitingOutcomes::noteJournalFailure(const std::exception& error) {
   const QString reason = fromUTF8(error.what());
   const bool isBusy = dynamic_cast<const StoreBusy*>(&error) != nullptr;
   for (Entry& entry : entries_) {
-    // A journal that another program locks holds what it held.
+    // A journal that another program has locked keeps its content.
     if (!entry.isKept || !isBusy) entry.unkept = reason;
   }
   const bool isNews = std::exchange(journalFailure_, reason) != reason;
@@ -203,12 +203,12 @@ void WaitingOutcomes::take(const std::string& id, std::uint64_t pass, const Trie
   }
 }
 
-/// Takes those out of the pass that must wait for the outcome that failed: all of them, or those of
-/// its goal in its store, because the order of a goal's outcomes decides which one counts.
+/// Removes from the pass the outcomes that must wait for the one that failed: all of them, or those
+/// of its goal in its store, because the order of a goal's outcomes decides which one counts.
 void WaitingOutcomes::holdBack(const Entry& failed, std::uint64_t pass, const TriedStore& tried,
                                bool all) {
   for (Entry& later : entries_) {
-    if (later.pass != pass) continue;  // a pass that has begun since tries them all anew
+    if (later.pass != pass) continue;  // a later pass tries all of them again
     const bool wouldEnterTried = later.mayEnterAnyStore && tried.number;
     const std::string& store = wouldEnterTried ? tried.mark : later.outcome.store;
     const bool isBehind =

@@ -19,29 +19,30 @@
 
 namespace vemra::desk {
 
-/// An outcome that the store has not taken yet, as it is shown.
+/// An outcome that is not stored yet, in the form in which it is shown.
 struct WaitingNote {
   std::string id;
   QString outcome;    ///< "Helped"
   QString subject;    ///< the person, or the path, as the goal named it when the outcome was saved
   QString goalTitle;  ///< of that goal
-  QString reason;     ///< why the last try failed; "" while the first one goes on
-  QString unkept;     ///< why the journal does not hold it, so that it ends with the program; or ""
+  QString reason;     ///< why the last try failed; "" during the first try
+  QString
+      unkept;  ///< why it is not in the journal and would be lost at the end of the program; or ""
 };
 
-/// The outcomes between "Save" and the store. Each is written into the store's journal first, then
-/// recorded under one id, in the order in which they were saved: of two outcomes for one person the
-/// later one counts. An outcome that cannot be recorded waits; it is tried again
+/// The outcomes between "Save" and the store. Each is first written into the store's journal and
+/// then recorded, always with the same id, in the order in which they were saved: of two outcomes
+/// for one person the later one counts. An outcome that cannot be recorded waits; it is tried again
 ///
 /// - by itself, at growing intervals, while the store is locked or the system fails;
 /// - when `tryAgain` is called, and then once in the store that is at the path;
 /// - at the next start of a program on this store, from the journal.
 ///
-/// Without `tryAgain`, an outcome goes into no other store than the one that it was saved in.
+/// Without `tryAgain`, an outcome is recorded only in the store that it was saved in.
 ///
-/// Several programs may have the same outcomes waiting, by one journal. So each pass over them first
-/// reads the journal: an outcome that another program has recorded or discarded is dropped, and an
-/// outcome that the journal did not take is offered to it again.
+/// Several programs with one journal may have the same waiting outcomes. So each pass over them
+/// first reads the journal: an outcome that another program has recorded or discarded is dropped,
+/// and an outcome that the journal refused is written to it again.
 ///
 /// Main thread only.
 class WaitingOutcomes : public QObject {
@@ -61,23 +62,24 @@ class WaitingOutcomes : public QObject {
   ///   replaced it, the outcome waits until `tryAgain`. With nil, `WaitingOutcome::store` decides.
   void add(WaitingOutcome outcome, std::optional<std::uint64_t> store);
 
-  /// Tries all of them now, once in whichever store is at the path. Those that fail are bound to the
-  /// store that was tried.
+  /// Tries all of them now, once, in the store at the path. Those that fail are bound to the store
+  /// that was tried.
   void tryAgain();
-  /// Tries them now, each in its own store only; because the store has changed, for instance.
+  /// Tries them now, each in its own store only; for example after the store has changed.
   void tryInTheirStore();
-  /// Forgets the outcomes with these ids; in the journal too. An outcome that cannot be taken out of
-  /// the journal stays, with the reason. One that is being tried goes when that try has failed.
+  /// Discards the outcomes with these ids, also in the journal. An outcome that cannot be taken out
+  /// of the journal stays, with the reason. An outcome that is being tried is discarded when that
+  /// try has failed.
   void discard(const std::vector<std::string>& ids);
 
   /// Compares with the journal, as at the beginning of a pass.
   void readJournal();
 
-  /// Gives up the outcomes that the journal does not hold.
+  /// Hands out the outcomes that are not in the journal, and drops them.
   std::vector<WaitingOutcome> takeUnkept();
 
-  /// The outcomes that wait visibly, oldest first: not those that were saved a moment ago, have not
-  /// failed and are in the journal.
+  /// The outcomes to show as waiting, oldest first: all except those that were saved a moment ago,
+  /// have not failed and are in the journal.
   std::vector<WaitingNote> notes() const;
   bool isEmpty() const { return entries_.empty(); }
 
@@ -95,12 +97,12 @@ class WaitingOutcomes : public QObject {
     WaitingOutcome outcome;
     std::optional<std::uint64_t> store;  ///< nil: the store of the mark in `outcome`
     Clock::time_point since;
-    bool isKept = false;            ///< the journal has taken it
+    bool isKept = false;            ///< it is in the journal
     QString reason = {};            ///< why the last try failed
-    QString unkept = {};            ///< why the journal does not hold it now
+    QString unkept = {};            ///< why it is not in the journal
     std::uint64_t pass = 0;         ///< the pass in which it is still to be tried; 0: none
     bool mayEnterAnyStore = false;  ///< in that pass
-    bool isDiscarded = false;       ///< goes when the try that is on its way has failed
+    bool isDiscarded = false;       ///< discarded when the running try has failed
   };
   using Entries = std::list<Entry>;  // the inputs inside cannot be assigned
 
@@ -121,7 +123,7 @@ class WaitingOutcomes : public QObject {
   bool isJournalRead_ = false;
   QString journalFailure_;  ///< why the journal could not be read last; ""
   std::uint64_t pass_ = 0;  ///< the number of the last pass over the entries
-  std::string trying_;      ///< the id of the outcome for which a task is on its way; ""
+  std::string trying_;      ///< the id of the outcome that a task is recording; ""
   QTimer pause_;            ///< until the next pass by itself
   int nextPause_;           ///< in milliseconds
 };
