@@ -5,6 +5,7 @@
 #include <new>
 #include <stdexcept>
 
+#include <unicode/dtfmtsym.h>
 #include <unicode/dtptngen.h>
 #include <unicode/gregocal.h>
 #include <unicode/locid.h>
@@ -61,6 +62,16 @@ std::unique_ptr<icu::Calendar> makeCalendar(const icu::Locale& locale) {
   return calendar;
 }
 
+/// The calendar of ISO 8601 is the Gregorian one, and its months have the same names: ICU 78 has none
+/// for it, and would leave the month out.
+void nameMonths(icu::SimpleDateFormat& format, icu::Locale locale) {
+  UErrorCode status = U_ZERO_ERROR;
+  if (locale.getKeywordValue<std::string>("calendar", status) != "iso8601") return;
+  locale.setKeywordValue("calendar", "gregorian", status);
+  format.setDateFormatSymbols(icu::DateFormatSymbols(locale, status));
+  require(status);
+}
+
 }  // namespace
 
 DateFormat::DateFormat(const std::string& localeName) {
@@ -76,6 +87,7 @@ DateFormat::DateFormat(const std::string& localeName) {
   require(status);
   format_ = std::make_unique<icu::SimpleDateFormat>(pattern, locale, status);
   require(status);
+  nameMonths(*format_, locale);
   calendar_ = makeCalendar(locale);
 }
 

@@ -58,6 +58,11 @@ std::vector<std::string> inCases(const std::string& name) {
 const std::multimap<std::string, std::string> otherNames = {
     {"gregorian", "gregory"}, {"islamic-civil", "islamicc"}, {"ethiopic-amete-alem", "ethioaa"}};
 
+/// The name of an era, which CLDR 48 has changed.
+std::string era(const char* before, const char* since48) {
+  return releaseOfCLDR() >= 48 ? since48 : before;
+}
+
 /// 5 January 2025 in English; the texts differ by calendar, except for three calendars.
 const std::map<std::string, std::string> dates = {
     {"gregorian", "Jan 5, 2025"},
@@ -75,10 +80,10 @@ const std::map<std::string, std::string> dates = {
     {"hebrew", "5 Tevet 5785"},
     {"chinese", "Mo12 6, 2024"},
     {"dangi", "Mo12 6, 2024"},
-    {"indian", "Pausa 15, 1946 Saka"},
-    {"coptic", "Kiahk 27, 1741 ERA1"},
-    {"ethiopic", "Tahsas 27, 2017 ERA1"},
-    {"ethiopic-amete-alem", "Tahsas 27, 7517 ERA0"},
+    {"indian", "Pausa 15, 1946 " + era("Saka", "Śaka")},
+    {"coptic", "Kiahk 27, 1741 " + era("ERA1", "AM")},
+    {"ethiopic", "Tahsas 27, 2017 " + era("ERA1", "AM")},
+    {"ethiopic-amete-alem", "Tahsas 27, 7517 " + era("ERA0", "AA")},
 };
 
 TEST(LocaleKeywords, EveryNameOfACalendarGivesItsDate) {
@@ -187,7 +192,7 @@ TEST(LocaleKeywords, FitIntoANameOfICUs) {
   // Other spellings may be longer than the given one.
   const std::string calendar = "en_US@calendar=ethioaa;x=";
   EXPECT_EQ(written(calendar + std::string(longest - calendar.size(), 'a')),
-            "Tahsas 27, 7517 ERA0");
+            dates.at("ethiopic-amete-alem"));
 }
 
 }  // namespace
