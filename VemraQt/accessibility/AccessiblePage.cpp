@@ -140,12 +140,20 @@ bool isSentOtherwise(const QAccessibleEvent& event) {
          dynamic_cast<AccessibleObject*>(event.accessibleInterface());
 }
 
+/// The object that an event is about. Qt 6.11 names a destroyed widget by its id alone.
+QObject* objectOf(const QAccessibleEvent& event) {
+  if (event.object() || event.type() != QAccessible::ObjectDestroyed) return event.object();
+  const QAccessibleInterface* about = event.accessibleInterface();
+  return about ? about->object() : nullptr;
+}
+
 /// Handles all events of Qt's accessibility. The widgets on a page are not part of the accessible
 /// tree, so this sends their focus and text events for the elements that they show and drops the
 /// others.
 void handle(QAccessibleEvent* event) {
   if (isSentOtherwise(*event)) return;
-  AccessibleTree* tree = event->object() ? treeAround(event->object()) : nullptr;
+  QObject* object = objectOf(*event);
+  AccessibleTree* tree = object ? treeAround(object) : nullptr;
   if (!tree) {
     passOn(*event);
     return;

@@ -47,8 +47,7 @@ std::vector<std::string> announcements;
 QAccessible::UpdateHandler before = nullptr;
 
 void writeDown(QAccessibleEvent* event) {
-  // Only events for the page's own objects, which have no QObject.
-  if (event->object()) {
+  if (!isOfAnElement(*event)) {
     if (before) before(event);
     return;
   }
@@ -89,6 +88,11 @@ void writeDown(QAccessibleEvent* event) {
 }
 
 }  // namespace
+
+bool isOfAnElement(const QAccessibleEvent& event) {
+  const QAccessibleInterface* about = event.accessibleInterface();
+  return !event.object() && !(about && about->object());
+}
 
 Listener::Listener() {
   const qt::ViewWidget first;  // the first page of a process puts its handler behind this one

@@ -30,6 +30,10 @@ std::string identifier(const QAccessibleInterface& element);
 /// The elements below `element`, in tree order.
 std::vector<QAccessibleInterface*> elementsBelow(QAccessibleInterface& element);
 
+/// Whether an event is about one of a page's own objects, which have no QObject. Qt 6.11 names no
+/// QObject either in the event of a widget that is half destroyed, but its interface knows it.
+bool isOfAnElement(const QAccessibleEvent& event);
+
 /// Records, while it lives, the announcements of a page's elements: "created Ada", "focus Outcome",
 /// "name …", "state …", "value …", "shows …", "hides …", "typed in …", "destroyed …".
 class Listener {

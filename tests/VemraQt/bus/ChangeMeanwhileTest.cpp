@@ -30,7 +30,7 @@ class Observer {
   explicit Observer(std::function<void(QAccessibleEvent&)> notice) {
     notice_ = std::move(notice);
     before_ = QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
-      if (!event->object()) {
+      if (isOfAnElement(*event)) {
         notice_(*event);
       } else if (before_) {
         before_(event);
