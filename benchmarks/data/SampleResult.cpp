@@ -61,7 +61,8 @@ GetGoalSnapshotResponse sampleResult(SampleSize size) {
   result.coverage.evidenceCount = 12;
   result.coverage.latestEvidenceAt = "2025-01-05T10:00:00Z";
 
-  // First, so that a scan from the end has them all behind it before it finds what it looks for.
+  // Added first, so that a scan from the end reads all other outcomes before it finds a sample's
+  // outcome.
   std::vector<GoalOutcomeDTO> outcomes;
   for (std::size_t i = 5; i < 100 && i < size.people; i += 10) {
     outcomes.push_back(outcomeOf(reference(i), outcomes.size()));

@@ -7,13 +7,14 @@ struct sqlite3;
 
 namespace vemra::bench {
 
-/// SQLite by itself, with the settings of a store: what one durable transaction costs on this disk.
+/// SQLite by itself, with the settings of a store: measures one durable transaction on this disk.
 class BareTransaction {
  public:
   /// Makes a database in write-ahead mode with one table. Throws a `std::runtime_error`.
   explicit BareTransaction(const std::string& file);
 
-  /// Adds a row of about a hundred bytes and waits until it is on the disk; in milliseconds.
+  /// Adds a row of about a hundred bytes and waits until it is on the disk; returns the time in
+  /// milliseconds.
   double run() const;
 
  private:

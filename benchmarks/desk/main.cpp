@@ -40,7 +40,7 @@ QAbstractButton* button(const QWidget& window, const std::string& name) {
   return nullptr;
 }
 
-/// The median, and the least: on a busy machine a thread that slept waits for others to let it run.
+/// The median and the minimum: on a busy machine a waking thread may have to wait for a processor.
 void print(const std::string& measure, std::vector<double> times) {
   std::ranges::sort(times);
   std::cout << measure << ".hot\t" << times[times.size() / 2] << '\n'

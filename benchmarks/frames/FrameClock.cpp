@@ -32,7 +32,7 @@ bool FrameClock::notify(QObject* receiver, QEvent* event) {
 }
 
 void FrameClock::settle() {
-  // A timer that is due at once may need a second look.
+  // A timer that is due at once may fire only in the next round.
   for (int quiet = 0; quiet < 3;) {
     const bool worked = QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents);
     sendPostedEvents(nullptr, QEvent::DeferredDelete);

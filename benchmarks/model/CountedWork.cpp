@@ -22,7 +22,7 @@ class EveryRow final : public ui::Renderer {
 
 }  // namespace
 
-// Not in the unnamed namespace: a name that a tool can be told.
+// Not in the unnamed namespace, so that a tool can select it by name.
 [[gnu::noinline]] void countedScan(const GoalResultSnapshotV1& snapshot, const std::string& ref) {
   benchmark::DoNotOptimize(snapshot.effectiveOutcome(GoalOutcomeSubjectKind::person, ref));
 }

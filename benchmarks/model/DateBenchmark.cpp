@@ -11,12 +11,12 @@ namespace {
 
 const date::Instant instant = *date::parseInternetDateTime("2025-01-05T10:00:00Z");
 
-/// A date like the ones before it. Threads share nothing, so two of them write twice as many.
+/// A date with cached formats. Threads share nothing, so two of them write twice as many.
 void warm(benchmark::State& state, const char* timeZone) {
   for (auto _ : state) benchmark::DoNotOptimize(date::abbreviatedDate(instant, "en_US", timeZone));
 }
 
-/// More locales and time zones in turn than are kept, so that each date needs new ones.
+/// More locales and time zones in turn than the cache keeps, so that each date needs new formats.
 void cold(benchmark::State& state) {
   std::vector<std::pair<std::string, std::string>> pairs;
   for (const char* locale : {"en_US", "de_DE", "fr_FR", "ja_JP", "ar_EG"}) {

@@ -13,7 +13,7 @@ using namespace vemra::bench;
 
 namespace {
 
-/// Takes patches and does nothing with them, so that the graph alone is measured.
+/// Ignores all patches, so that only the graph is measured.
 class NoRenderer final : public ui::Renderer {
  public:
   ui::RowDemand rowDemand() const override { return ui::RowDemand::everything; }
@@ -32,7 +32,7 @@ std::size_t peopleOf(const benchmark::State& state) {
   return static_cast<std::size_t>(state.range(0));
 }
 
-/// Per row: its description alone, as values.
+/// Per row: only its description, as values.
 void describe(benchmark::State& state) {
   ui::ViewGraph graph;
   graph.setRoot(sampleView({.people = peopleOf(state)}));
@@ -44,7 +44,7 @@ void describe(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-/// Per node: a first tree, described and resolved, its patches handed to nobody in particular.
+/// Per node: a first tree, described and reconciled, with a renderer that ignores the patches.
 void resolveFirst(benchmark::State& state) {
   const ui::View view = sampleView({.people = peopleOf(state)});
   std::size_t nodes = 0;
@@ -62,7 +62,7 @@ void resolveFirst(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(nodes));
 }
 
-/// Per node: the same tree again, held against the nodes that are there.
+/// Per node: the same tree again, compared with the existing nodes.
 void resolveAgain(benchmark::State& state) {
   const ui::View view = sampleView({.people = peopleOf(state)});
   NoRenderer renderer;
@@ -75,13 +75,13 @@ void resolveAgain(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(nodes));
 }
 
-/// The whole tree in the test harness, all rows there.
+/// The whole tree in the test harness, with all rows.
 void headless(benchmark::State& state) {
   const ui::View view = sampleView({.people = peopleOf(state)});
   for (auto _ : state) {
     auto screen = std::make_unique<testing::Screen>(view);
     benchmark::DoNotOptimize(screen->tree().root());
-    state.PauseTiming();  // as with a first frame, going away is not part of it
+    state.PauseTiming();  // as with a first frame, destruction is not measured
     screen.reset();
     state.ResumeTiming();
   }

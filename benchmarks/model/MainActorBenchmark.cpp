@@ -4,7 +4,7 @@
 
 namespace {
 
-/// What each view pays before it is described.
+/// The check that runs before each view is described.
 void isCurrent(benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(vemra::task::MainActor::isCurrent());
 }

@@ -11,10 +11,10 @@ enum class Alphabet { ascii, accented };
 /// The reference of the outcome at that index: all of one length, as engines make them.
 std::string referenceAt(std::size_t index, Alphabet alphabet);
 
-/// A snapshot that holds so many outcomes, each about another person, and nothing else.
+/// A snapshot with so many outcomes, each about another person, and nothing else.
 GoalResultSnapshotV1 snapshotWithOutcomes(std::size_t count, Alphabet alphabet);
 
-/// The scan of `effectiveOutcome`, with `std::string`'s own equality: what it is held against.
+/// The scan of `effectiveOutcome` with `std::string`'s own equality, for comparison.
 const GoalOutcomeDTO* lastOutcomeByBytes(const GoalResultSnapshotV1& snapshot,
                                          const std::string& subjectRef);
 

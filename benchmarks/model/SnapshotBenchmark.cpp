@@ -43,7 +43,7 @@ void copyDeep(benchmark::State& state) {
 
 void equalShared(benchmark::State& state) {
   const GoalResultSnapshotV1 snapshot = sample(state);
-  // Not the very same snapshot: another one over the same lists, as a host makes it.
+  // A different snapshot with the same lists, as a host makes it.
   const GoalResultSnapshotV1 other(snapshot.goal(), snapshot.people(), snapshot.paths(),
                                    snapshot.group(), snapshot.coverage(), snapshot.outcomes());
   for (auto _ : state) benchmark::DoNotOptimize(snapshot == other);

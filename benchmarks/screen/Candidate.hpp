@@ -19,11 +19,11 @@ namespace vemra::bench {
 /// The window of every candidate.
 inline constexpr QSize windowSize(720, 800);
 
-/// One way to show the goal screen: the library's, or a peer's, as a program that uses it has it.
+/// One way to show the goal screen: the library's, or a peer's, as in a real program.
 ///
 /// Candidates get the same snapshots, fonts, colours and window size. There is one in a process.
-/// What a program sets up once for all of its windows, like an engine for QML, is set up when the
-/// first window is asked for and stays until the candidate goes; making one builds nothing yet.
+/// Objects that a program makes once for all of its windows, like an engine for QML, are made with
+/// the first window and kept until the candidate is destroyed; the constructor makes none.
 class Candidate {
  public:
   Candidate() = default;
@@ -31,12 +31,12 @@ class Candidate {
   Candidate& operator=(const Candidate&) = delete;
   virtual ~Candidate() = default;
 
-  /// An empty window of the same toolkit: what the memory of the screen is measured against.
+  /// An empty window of the same toolkit, to compare the memory of the screen with.
   virtual void showEmptyWindow() = 0;
   virtual void hideEmptyWindow() = 0;
   /// Builds the whole screen and shows it in a window of its own.
   virtual void show(const GoalResultSnapshotV1& snapshot) = 0;
-  /// Takes the window away, and everything that was built for it.
+  /// Destroys the window and everything that was made for it.
   virtual void close() = 0;
   /// The host hands in a newer snapshot.
   virtual void update(const GoalResultSnapshotV1& snapshot) = 0;
@@ -55,7 +55,7 @@ class Candidate {
   /// Turns the mouse wheel by one notch, about 60 pixels further down.
   virtual void turnWheel() = 0;
 
-  /// Who gets the keys that the window gets, and the window itself.
+  /// The receiver of the window's keys, and the window itself.
   virtual QObject* keyReceiver() = 0;
   virtual QWindow* window() = 0;
 };
@@ -69,7 +69,7 @@ struct CandidateKind {
   std::function<std::unique_ptr<Candidate>()> make;
 };
 
-/// The library's own among them.
+/// Includes the library's own.
 inline constexpr std::string_view libraryName = "vemra";
 
 }  // namespace vemra::bench

@@ -19,7 +19,7 @@ namespace {
 constexpr std::size_t mostRepetitions = 9;
 constexpr std::size_t profiledRepetitions = 1000;
 constexpr Milliseconds enough{1500};  // a slow measure is not repeated for longer
-constexpr std::size_t subject = 1;    // who is edited: in view, without an outcome
+constexpr std::size_t subject = 1;    // the edited person: in view, without an outcome
 
 double medianOf(std::vector<double> values) {
   std::ranges::sort(values);
@@ -27,7 +27,7 @@ double medianOf(std::vector<double> values) {
   return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
 }
 
-/// The pixels that were flushed to the window, not a picture painted for the occasion.
+/// The pixels that were flushed to the window, not a separately painted picture.
 QImage pixelsOf(QWindow& window) {
   return window.screen()->grabWindow(window.winId()).toImage();
 }
@@ -53,7 +53,7 @@ double Measurement::frameOf(const std::string& what, const std::function<void()>
 }
 
 void Measurement::checkWhole(const std::string& what, const QImage& frame) {
-  // Nothing blinks or moves by itself: whatever differs was missing.
+  // Nothing blinks or moves by itself, so every difference was missing in the frame.
   if (pixelsOf(*candidate_->window()) == frame || !unwhole_.insert(what).second) return;
   std::cerr << kind_.name << ": a frame that was not whole: " << what << std::endl;
   if (!pictures_.empty()) {

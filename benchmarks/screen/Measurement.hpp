@@ -11,8 +11,8 @@
 
 namespace vemra::bench {
 
-/// What is measured in one process. Every figure is printed as soon as it is there, one a line: the
-/// measure, a tab and the number, in milliseconds, or in MiB for memory.
+/// The measures of one process. Every figure is printed as soon as it is known, one on each line:
+/// the measure, a tab and the number, in milliseconds, or in MiB for memory.
 ///
 /// A measure has up to two figures: ".first", the first time that it happens in the process, and
 /// ".hot", the median of the times after that.
@@ -22,9 +22,9 @@ class Measurement {
 
   /// Every time from the first frame to the last. With a folder for pictures, one after every step.
   void times(const std::string& pictures);
-  /// The same, and holds what is on the screen when the clock stops against what the window comes to
-  /// in the end. A frame that was not whole is named on standard error, once for each measure;
-  /// throws at the end when there was one of the library's own. With a folder, its picture is kept.
+  /// The same, and compares the screen at the moment when the clock stops with the window's final
+  /// content. An incomplete frame is named on standard error, once for each measure; throws at the
+  /// end when one was the library's own. With a folder, its picture is kept.
   void check(const std::string& pictures);
   /// One measure of those a thousand times, for a profiler; throws when there is none of that name.
   void repeatOne(const std::string& measure);
@@ -45,7 +45,7 @@ class Measurement {
   void repeated(const std::string& measure, const std::function<void()>& action,
                 const std::function<void()>& undo);
   void coldFirstFrame();
-  /// By this name a profiler counts in warm first frames alone.
+  /// A profiler uses this name to count in warm first frames only.
   [[gnu::noinline]] double warmFrame();
   void warmFirstFrames(std::size_t times);
   void measureEvents();
@@ -60,7 +60,7 @@ class Measurement {
   std::unique_ptr<Candidate> candidate_;
   std::string pictures_;
   bool checks_ = false;
-  std::set<std::string> unwhole_;  ///< what was measured to a frame that was not whole
+  std::set<std::string> unwhole_;  ///< the measures with an incomplete frame
   std::string only_;               ///< the one measure that is repeated; empty: all are measured
 };
 

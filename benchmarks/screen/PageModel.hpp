@@ -8,7 +8,7 @@
 
 namespace vemra::bench {
 
-/// The whole page as the rows of a list: a title, a headline, the people, and what stands below.
+/// The whole page as the rows of a list: a title, a headline, the people, and the parts below them.
 class PageModel final : public QAbstractListModel {
  public:
   enum class RowKind { title, headline, person, pathHeadline, path, footer };
@@ -25,7 +25,7 @@ class PageModel final : public QAbstractListModel {
   const PeerData& peer() const { return data_; }
   QString text(int row) const;
 
-  /// The one person whose editor is open.
+  /// The person whose editor is open.
   std::optional<std::size_t> editing() const { return editing_; }
   void setEditing(std::optional<std::size_t> person) { editing_ = person; }
 

@@ -12,9 +12,9 @@
 
 namespace vemra::bench {
 
-/// What the peers keep of a snapshot.
+/// The peers' data of a snapshot.
 ///
-/// An index of the outcomes by person, which the library is not allowed: it scans.
+/// It has an index of the outcomes by person; the library has none and scans.
 class PeerData {
  public:
   explicit PeerData(GoalResultSnapshotV1 snapshot);
@@ -31,11 +31,11 @@ class PeerData {
   QString path() const;
   QString footer() const;
 
-  /// What a newer snapshot leaves as it was.
+  /// The parts of the page that a newer snapshot does not change.
   enum class Change {
     outcomes,  ///< the people are the same
-    heights,   ///< the same, but a note came or went, which is a line more or less
-    people,    ///< everything has to be built anew
+    heights,   ///< the same, but a note was added or removed, which changes the number of lines
+    people,    ///< everything has to be built again
   };
   Change update(const GoalResultSnapshotV1& next);
 

@@ -4,8 +4,8 @@
 
 namespace vemra::bench {
 
-/// What the program around a peer's page is told by presses. It only counts them, as the callbacks
-/// that the library's page gets here do nothing.
+/// The program around a peer's page: counts the presses, because the callbacks of the library's
+/// page do nothing here either.
 struct PeerHost {
   std::size_t openedPeople = 0;
   std::size_t shownSources = 0;

@@ -37,7 +37,7 @@ class NameButton final : public QPushButton {
 /// A text in one of the page's fonts and colours.
 QLabel* makeText(const QString& text, ui::Font font, ui::ForegroundStyle style, QWidget* parent);
 
-/// What is recorded for a person.
+/// The recorded outcome of a person.
 class OutcomeSummary final : public QWidget {
  public:
   OutcomeSummary(const GoalOutcomeDTO& outcome, const QString& identifierPrefix, QWidget* parent);

@@ -44,7 +44,7 @@ QUrl page(const char* name) {
   return QUrl(QStringLiteral("qrc:/VemraBench/quick/") + QLatin1String(name));
 }
 
-/// What a program has once, whatever becomes of its windows: compiled components and imports stay.
+/// Objects that a program makes once for all its windows: compiled components and imports are kept.
 struct QuickProgram {
   QuickProgram() { engine.rootContext()->setContextProperty("looks", &looks); }
 
@@ -83,8 +83,8 @@ class QuickCandidate final : public Candidate {
   void scrollToStart() override { QMetaObject::invokeMethod(view_->rootObject(), "scrollToStart"); }
   void repaint() override { view_->update(); }
   QObject* keyReceiver() override { return view_.get(); }
-  /// What a wheel handler does: Qt Quick's own answer to a wheel is an animation, whose first frame
-  /// comes a timer's tick later and moves by little.
+  /// Like a wheel handler: Qt Quick's own response to a wheel is an animation, whose first frame
+  /// comes one timer tick later and moves only a little.
   void turnWheel() override { QMetaObject::invokeMethod(view_->rootObject(), "turnWheel"); }
   QWindow* window() override { return view_.get(); }
 

@@ -2,13 +2,13 @@
 
 namespace vemra::bench {
 
-/// What a process has in memory, in MiB.
+/// The resident memory of a process, in MiB.
 struct Memory {
   double resident = 0;   ///< everything, the libraries' code and the fonts included
-  double anonymous = 0;  ///< what it has allocated itself, and shares with nobody
+  double anonymous = 0;  ///< private memory that it has allocated itself
 };
 
-/// The memory of this process now, after giving back what it does not use.
+/// The present memory of this process, after releasing unused memory.
 Memory memoryNow();
 
 }  // namespace vemra::bench

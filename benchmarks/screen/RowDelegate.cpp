@@ -12,7 +12,7 @@ namespace vemra::bench {
 namespace {
 
 constexpr int margin = 24;
-constexpr int target = 24;  // the height of whatever can be pressed
+constexpr int target = 24;  // the height of buttons
 
 }  // namespace
 
@@ -99,7 +99,7 @@ void RowDelegate::paintPerson(QPainter& painter, const QStyleOptionViewItem& opt
     paintButton(painter, option, row.topLeft(), QStringLiteral("Show source"));
     row.translate(0, target + 4);
   }
-  if (model_.editing() == person) return;  // the editor's widgets stand there
+  if (model_.editing() == person) return;  // the editor's widgets are there
   const GoalOutcomeDTO* outcome = peer.outcome(person);
   if (!outcome) {
     paintButton(painter, option, row.topLeft(), QStringLiteral("Record outcome"));

@@ -8,7 +8,7 @@
 
 namespace vemra::bench {
 
-/// Paints the rows of a `PageModel`, and says how high they are without laying out any text.
+/// Paints the rows of a `PageModel`, and computes their heights without laying out any text.
 class RowDelegate final : public QStyledItemDelegate {
  public:
   RowDelegate(const PageModel& model, QObject* parent);

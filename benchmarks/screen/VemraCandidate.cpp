@@ -55,7 +55,7 @@ class VemraCandidate final : public Candidate {
   QWidget* control(std::size_t person, const std::string& name) const {
     const QString identifier = QString::fromStdString(identifierOf(person, name));
     for (QWidget* widget : view_->viewport()->findChildren<QWidget*>(identifier)) {
-      if (widget->isVisible()) return widget;  // others rest, under their last name
+      if (widget->isVisible()) return widget;  // unused ones keep their last name
     }
     qFatal("there is no %s", qPrintable(identifier));
   }

@@ -55,7 +55,7 @@ class ScrollAreaCandidate : public Candidate {
 
  protected:
   virtual void fill(const GoalResultSnapshotV1& snapshot) = 0;
-  /// Lets go of what `fill` kept besides the widgets.
+  /// Releases the data that `fill` kept besides the widgets.
   virtual void forget() {}
 
   std::unique_ptr<QWidget> empty_;
@@ -91,7 +91,7 @@ class WidgetsCandidate final : public ScrollAreaCandidate {
   }
 
   void openEditor(std::size_t person) override {
-    // As a press does it: by way of the button's signal.
+    // Like a press: with the button's signal.
     static_cast<QPushButton*>(rows_[person].control)->click();
   }
   void closeEditor(std::size_t person) override { editorOf(person)->cancel().click(); }
@@ -189,7 +189,7 @@ class WidgetsCandidate final : public ScrollAreaCandidate {
     row.layout->addWidget(rows_.back().control);
   }
 
-  /// What stands there while nobody edits.
+  /// The widget that is shown while no editor is open.
   QWidget* resting(std::size_t person) {
     const GoalOutcomeDTO* outcome = data_->outcome(person);
     rows_[person].shownOutcome = outcome ? outcome->id : std::string();

@@ -12,7 +12,7 @@ enum class WidgetArrangement {
 /// Hand-written Qt Widgets in a scroll area: one widget for every element of the page.
 std::unique_ptr<Candidate> makeWidgetsCandidate(WidgetArrangement arrangement);
 
-/// A scroll area with nothing in it: what a window costs by itself.
+/// An empty scroll area: measures a window by itself.
 std::unique_ptr<Candidate> makeEmptyScrollArea();
 
 }  // namespace vemra::bench

@@ -63,8 +63,8 @@ int main(int argumentCount, char** arguments) {
     std::cerr << "usage: vemra-bench-screen CANDIDATE MODE PEOPLE [STRAY OUTCOMES [FOLDER]]\n";
     return 1;
   }
-  // The same for everyone: no display, one style, one font, no blinking, and an update that is
-  // asked for comes at once and not up to five milliseconds later.
+  // The same for all candidates: no display, one style, one font, no blinking, and updates at once
+  // instead of up to five milliseconds later.
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   qputenv("QT_QUICK_BACKEND", "software");
   qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
