@@ -50,14 +50,25 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
                                                     -Wno-stringop-overflow)
 endif()
 
-# vemra_library(<target> ALIAS <Vemra::Name> [PUBLIC <targets>] [PRIVATE <targets>]
+# Libraries and programs that no test waits for: where VEMRA_OPTIMIZE_COLD is off, they are not optimised.
+add_library(vemra_cold_flags INTERFACE)
+if(NOT VEMRA_OPTIMIZE_COLD)
+  target_compile_options(vemra_cold_flags INTERFACE -O0)
+endif()
+
+# vemra_library(<target> ALIAS <Vemra::Name> [COLD] [PUBLIC <targets>] [PRIVATE <targets>]
 #               [FOLDERS <folders>] [PUBLIC_HEADERS <files> | PRIVATE_HEADERS <files>])
 # Builds the .cpp files of the current folder, and of the FOLDERS below it, into a library: static, or
 # shared with BUILD_SHARED_LIBS. A host may be a plugin, so the static ones are position independent too.
 # Its PUBLIC_HEADERS are installed; without that list, all its headers but the PRIVATE_HEADERS.
 # What is installed compiles on its own (preset check). The libraries in apps/ are static and not installed.
+# COLD marks one whose speed no test waits for; a library with a window must be, for its precompiled header.
 function(vemra_library target)
-  cmake_parse_arguments(arg "" "ALIAS" "PUBLIC;PRIVATE;FOLDERS;PUBLIC_HEADERS;PRIVATE_HEADERS" ${ARGN})
+  cmake_parse_arguments(arg "COLD" "ALIAS" "PUBLIC;PRIVATE;FOLDERS;PUBLIC_HEADERS;PRIVATE_HEADERS" ${ARGN})
+  set(flags "$<BUILD_INTERFACE:vemra_flags>")
+  if(arg_COLD)
+    list(APPEND flags "$<BUILD_INTERFACE:vemra_cold_flags>")
+  endif()
   set(sources "")
   set(headers "")
   foreach(folder IN ITEMS "" LISTS arg_FOLDERS)
@@ -96,10 +107,14 @@ function(vemra_library target)
                                               "$<INSTALL_INTERFACE:include>")
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_libraries(${target} PUBLIC Vemra::PlatformExport ${arg_PUBLIC}
-                                  PRIVATE ${arg_PRIVATE} "$<BUILD_INTERFACE:vemra_flags>")
+                                  PRIVATE ${arg_PRIVATE} ${flags})
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    target_compile_options(${target} PRIVATE -Wreserved-identifier)
+  endif()
   if("Qt6::Widgets" IN_LIST arg_PUBLIC OR "Vemra::Qt" IN_LIST arg_PUBLIC)
     vemra_precompiled_header(${target} vemra_qt_precompiled
-                             LINK vemra_flags Qt6::Widgets Qt6::DBus HEADERS <QtWidgets/QtWidgets>)
+                             LINK vemra_flags vemra_cold_flags Qt6::Widgets Qt6::DBus
+                             HEADERS <QtWidgets/QtWidgets>)
   endif()
   if(is_installed)
     set_property(GLOBAL APPEND PROPERTY VEMRA_LIBRARIES ${target})
@@ -115,7 +130,7 @@ function(vemra_program target)
   add_executable(${target} ${sources})
   set_target_properties(${target} PROPERTIES OUTPUT_NAME ${arg_NAME}
                         INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
-  target_link_libraries(${target} PRIVATE ${arg_LINK} vemra_flags)
+  target_link_libraries(${target} PRIVATE ${arg_LINK} vemra_flags vemra_cold_flags)
 endfunction()
 
 # vemra_test(<target> LINK <targets> [LABELS <labels>] [MAIN_OWN] [ENVIRONMENT <pairs>]): the current

@@ -49,12 +49,11 @@ is_configured() {
   done
 }
 
-# configure_and_build PRESET [NINJA ARGUMENT...]: quiet while it works, everything when it does not.
+# configure PRESET: quiet while it works, everything when it does not.
 # What is in configure_options, as NAME=VALUE, overrides the preset.
 configure_options=()
-configure_and_build() {
+configure() {
   local preset=$1 log options
-  shift
   mkdir -p "build/$preset"
   log="build/$preset/configure.log"
   options=("${configure_options[@]}")
@@ -67,6 +66,13 @@ configure_and_build() {
       fail "cannot configure the preset $preset"
     fi
   fi
+}
+
+# configure_and_build PRESET [NINJA ARGUMENT...]: quiet while it works, everything when it does not.
+configure_and_build() {
+  local preset=$1
+  shift
+  configure "$preset"
   # Test programs of the window are started once after linking, to list their tests.
   QT_QPA_PLATFORM="${QT_QPA_PLATFORM:-offscreen}" \
     cmake --build --preset "$preset" -- "$@" </dev/null ||
