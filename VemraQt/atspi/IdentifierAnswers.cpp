@@ -16,6 +16,8 @@
 #include <QDBusObjectPath>
 #include <QDBusVariant>
 #include <QMap>
+#include <QRegularExpression>
+#include <QRegularExpressionMatchIterator>
 
 namespace vemra::qt::atspi {
 
@@ -101,9 +103,10 @@ bool answerAttributes(const QDBusMessage& message, const QDBusConnection& connec
 }
 
 /// Adds `Collection` to the interfaces that Qt reports: a client may search below any element, and
-/// also below the window or the application that contains a page.
+/// also below the window or the application that contains a page. A host's own widget may have an
+/// interface that only a later Qt knows; Qt names it in its introspection.
 bool answerInterfaces(const QDBusMessage& message, const QDBusConnection& connection,
-                      QAccessible::Id element) {
+                      QAccessible::Id element, const QDBusVirtualObject* original) {
   QAccessibleInterface* interface = element ? QAccessible::accessibleInterface(element)
                                             : QAccessible::queryAccessibleInterface(qApp);
   if (!interface || !interface->isValid()) return false;
@@ -118,7 +121,13 @@ bool answerInterfaces(const QDBusMessage& message, const QDBusConnection& connec
   add(interface->editableTextInterface(), "EditableText");
   add(interface->valueInterface(), "Value");
   add(interface->tableInterface(), "Table");
-  add(!qtPublishesSelections && offersSelection(element), "Selection");
+  add(offersSelection(element), "Selection");
+  if (original && identifierOf(element).isNull()) {
+    static const QRegularExpression named(QStringLiteral("<interface name=\"([^\"]+)\""));
+    for (const auto& match : named.globalMatch(original->introspect(message.path()))) {
+      if (!names.contains(match.captured(1))) names << match.captured(1);
+    }
+  }
   return connection.send(message.createReply(QVariant::fromValue(names)));
 }
 
@@ -180,8 +189,8 @@ bool answerScrolling(const QDBusMessage& message, const QDBusConnection& connect
 }
 
 /// Answers a message if this library can; `element` is 0 for the application.
-bool answer(const QDBusMessage& message, const QDBusConnection& connection,
-            QAccessible::Id element) {
+bool answer(const QDBusMessage& message, const QDBusConnection& connection, QAccessible::Id element,
+            const QDBusVirtualObject* original) {
   const QString member = message.member();
   if (message.interface() == propertiesInterface) {
     return member == QLatin1String("Get") && answerProperty(message, connection, element);
@@ -197,7 +206,7 @@ bool answer(const QDBusMessage& message, const QDBusConnection& connection,
   }
   if (message.interface() != accessibleInterface) return false;
   if (member == QLatin1String("GetInterfaces")) {
-    return answerInterfaces(message, connection, element);
+    return answerInterfaces(message, connection, element, original);
   }
   if (!element) return false;
   if (member == QLatin1String("GetAttributes")) return answerAttributes(message, connection);
@@ -213,7 +222,7 @@ QString IdentifierAnswers::introspect(const QString& path) const {
 
 bool IdentifierAnswers::handleMessage(const QDBusMessage& message,
                                       const QDBusConnection& connection) {
-  if (answer(message, connection, elementAt(message.path()))) return true;
+  if (answer(message, connection, elementAt(message.path()), original_)) return true;
   return original_ && original_->handleMessage(message, connection);
 }
 

@@ -81,6 +81,11 @@ TEST_F(ChoiceLetters, ACommandIsNotALetter) {
 
 TEST_F(ChoiceLetters, NoKeyMakesAHiddenListOfTheChoices) {
   AsBefore asBefore;
+  QComboBox plain;
+  plain.addItem(QStringLiteral("choice"));
+  if (plain.findChild<QAbstractItemView*>()) {
+    GTEST_SKIP() << "this version of Qt makes the list together with the first choice";
+  }
   const auto hidden = [&] { return picker->findChild<QAbstractItemView*>(); };
   EXPECT_EQ(hidden(), nullptr) << "at first";
   for (const int key : {+Qt::Key_H, +Qt::Key_X, +Qt::Key_Escape, +Qt::Key_Left, +Qt::Key_Down,
