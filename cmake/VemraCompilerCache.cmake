@@ -1,7 +1,6 @@
-# Compiles through ccache where it is installed. A precompiled header is cached only if ccache is told
-# that its time stamp does not matter, and builds in two checkouts share what they compiled only if
-# the paths are taken relative to the checkout; both are said here so that nobody has to configure
-# ccache by hand.
+# Compiles through ccache where it is installed. Sets two options of ccache, so that a user need not
+# configure it: it ignores the time stamps of precompiled headers, or it would not cache them, and it
+# takes paths relative to the checkout, so that two checkouts share their objects.
 find_program(VEMRA_CCACHE ccache)
 if(VEMRA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER

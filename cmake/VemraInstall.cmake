@@ -1,12 +1,12 @@
-# What a host application links after `cmake --install`:
+# The targets for a host application after `cmake --install`:
 #
-#   find_package(Vemra REQUIRED COMPONENTS GoalSurface)      Vemra::GoalSurface and what it stands on
+#   find_package(Vemra REQUIRED COMPONENTS GoalSurface)      Vemra::GoalSurface and its dependencies
 #   find_package(Vemra REQUIRED COMPONENTS GoalSurface Qt)   the same, and Vemra::Qt
 #   pkg-config --cflags --libs vemra-goal-surface vemra-qt   the same without CMake
 #
-# The window is an export set of its own, so that a host without Qt need not have it. What is installed
-# has one of three components: runtime (shared libraries), development (headers, what links them) and
-# programs.
+# The window is an export set of its own, so that a host without Qt need not have it. Each
+# installed file has one of three components: runtime (shared libraries), development (headers and link
+# files) and programs.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/Vemra")
@@ -46,7 +46,7 @@ install(FILES "${CMAKE_BINARY_DIR}/VemraConfig.cmake" "${CMAKE_BINARY_DIR}/Vemra
         DESTINATION "${package_folder}" COMPONENT development)
 
 # vemra_pkg_config(<module> <description> LIBRARIES <libraries> [REQUIRES <modules>] [PRIVATE <modules>])
-# Only static libraries leave the PRIVATE modules to the host's linker; shared ones do not want them there.
+# Only static libraries leave the PRIVATE modules to the host's linker; shared ones have them already.
 function(vemra_pkg_config name description)
   cmake_parse_arguments(arg "" "" "LIBRARIES;REQUIRES;PRIVATE" ${ARGN})
   if(NOT BUILD_SHARED_LIBS)

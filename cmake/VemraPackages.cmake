@@ -1,5 +1,5 @@
-# What is installed beside the libraries, and the Debian packages that scripts/package makes: the shared
-# libraries, what a host needs to compile, and the programs.
+# The installed files besides the libraries, and the Debian packages that scripts/package makes: the
+# shared libraries, the files for compiling a host, and the programs.
 set(VEMRA_RELEASE_DATE "2026-11-22")  # of the version in VERSION
 set(packaging "${CMAKE_CURRENT_SOURCE_DIR}/packaging")
 find_program(VEMRA_GZIP gzip)
@@ -77,7 +77,7 @@ packages and pkg-config modules.")
 
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_NAME vemra)
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_SECTION utils)
-# SQLite has STRICT tables since 3.37. The window comes up by a plugin of Qt's that no library names.
+# SQLite has STRICT tables since 3.37. The window needs a plugin of Qt that no library links.
 set(CPACK_DEBIAN_PROGRAMS_PACKAGE_DEPENDS
     "${library_package} (= ${PROJECT_VERSION}-1), libsqlite3-0 (>= 3.37), qt6-qpa-plugins")
 set(CPACK_COMPONENT_PROGRAMS_DESCRIPTION "reach a goal through the people you know

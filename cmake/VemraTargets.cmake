@@ -4,7 +4,7 @@
 set(VEMRA_SOURCE_ROOT "${CMAKE_CURRENT_SOURCE_DIR}")
 set(VEMRA_GENERATED_ROOT "${CMAKE_BINARY_DIR}/generated")
 
-# While the major version is 0, a new minor version may change what a host was compiled against.
+# While the major version is 0, a new minor version may change the binary interface.
 set(VEMRA_SOVERSION ${PROJECT_VERSION_MAJOR})
 if(PROJECT_VERSION_MAJOR EQUAL 0)
   set(VEMRA_SOVERSION 0.${PROJECT_VERSION_MINOR})
@@ -13,14 +13,14 @@ endif()
 add_library(vemra_flags INTERFACE)
 target_compile_options(vemra_flags INTERFACE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor)
 if(NOT CMAKE_UNITY_BUILD)
-  # Files compiled as one shadow each other's local names, which is no mistake.
+  # Files that are compiled as one may shadow each other's local names without an error.
   target_compile_options(vemra_flags INTERFACE -Wshadow)
 elseif(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # g++ takes a file that it finds included for a header, where a local base class would be a mistake.
+  # g++ treats an included file as a header, in which it warns of a local base class.
   target_compile_options(vemra_flags INTERFACE -Wno-subobject-linkage)
 endif()
 if(VEMRA_WERROR AND NOT VEMRA_SANITIZE)
-  # Not under the sanitizers, whose instrumentation makes GCC 12 warn of what is not so.
+  # Not under the sanitizers, whose instrumentation makes GCC 12 give false warnings.
   target_compile_options(vemra_flags INTERFACE -Werror)
 endif()
 if(VEMRA_SANITIZE)
@@ -32,11 +32,11 @@ if(VEMRA_SANITIZE)
   endif()
 endif()
 
-# Tests are compiled more often than they run: not optimised. What they test is optimised as ever.
+# Tests are compiled more often than they run, so they are not optimised; the tested libraries are.
 add_library(vemra_test_flags INTERFACE)
 target_compile_options(vemra_test_flags INTERFACE -O0)
 if(VEMRA_SANITIZE MATCHES "address")
-  # Compilers have names of their own for it.
+  # Its name differs between compilers.
   target_compile_definitions(vemra_test_flags INTERFACE VEMRA_ADDRESS_SANITIZER)
 endif()
 if(VEMRA_SANITIZE STREQUAL "address,undefined")
@@ -133,8 +133,9 @@ function(vemra_program target)
   target_link_libraries(${target} PRIVATE ${arg_LINK} vemra_flags vemra_cold_flags)
 endfunction()
 
-# vemra_test(<target> LINK <targets> [LABELS <labels>] [MAIN_OWN] [ENVIRONMENT <pairs>]): the current
-# folder's *Test.cpp and *Tests.cpp files (and what else is .cpp there) as one GoogleTest program.
+# vemra_test(<target> LINK <targets> [LABELS <labels>] [MAIN_OWN] [ENVIRONMENT <pairs>]): the
+# current folder's *Test.cpp and *Tests.cpp files (and the other .cpp files there) as one GoogleTest
+# program.
 function(vemra_test target)
   cmake_parse_arguments(arg "MAIN_OWN" "TIMEOUT" "LINK;LABELS;ENVIRONMENT" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
@@ -167,9 +168,9 @@ function(vemra_test target)
     PROPERTIES LABELS "${labels}" TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${environment}")
 endfunction()
 
-# vemra_precompiled_header(<target> <name> LINK <targets> HEADERS <headers>): one precompiled header of
-# that name for all targets that ask for it. The LINK targets bring the compiler options, which must be
-# those of the target.
+# vemra_precompiled_header(<target> <name> LINK <targets> HEADERS <headers>): one precompiled header
+# of that name for all targets that request it. The LINK targets bring the compiler options, which
+# must be those of the target.
 function(vemra_precompiled_header target name)
   cmake_parse_arguments(arg "" "" "LINK;HEADERS" ${ARGN})
   if(NOT TARGET ${name})
@@ -186,7 +187,7 @@ function(vemra_precompiled_header target name)
   target_precompile_headers(${target} REUSE_FROM ${name})
 endfunction()
 
-# The one that all test programs with Qt share.
+# The precompiled header of all test programs with Qt.
 function(vemra_qt_test_precompiled_header target)
   vemra_precompiled_header(${target} vemra_qt_test_precompiled
                            LINK vemra_flags vemra_test_flags Qt6::Widgets Qt6::DBus GTest::gmock

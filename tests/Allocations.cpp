@@ -6,11 +6,11 @@
 
 namespace {
 
-// A thread counts and is refused its own allocations: others may allocate meanwhile.
+// Counts and refusals are per thread, because other threads may allocate meanwhile.
 thread_local constinit std::uint64_t count = 0;
 
 constexpr std::uint64_t never = std::numeric_limits<std::uint64_t>::max();
-// The number of the allocation that is not granted.
+// The number of the allocation that fails.
 thread_local constinit std::uint64_t refused = never;
 
 }  // namespace
@@ -39,7 +39,7 @@ void* operator new(std::size_t size) {
 void* operator new(std::size_t size, std::align_val_t alignment) {
   if (count++ == refused) throw std::bad_alloc();
   const auto step = static_cast<std::size_t>(alignment);
-  // The C library wants a multiple of the alignment.
+  // The C library requires a multiple of the alignment.
   if (void* memory = std::aligned_alloc(step, (size + step - 1) / step * step)) return memory;
   throw std::bad_alloc();
 }

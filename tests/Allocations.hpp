@@ -10,8 +10,9 @@ namespace vemra::testing {
 /// Always 0 where the program cannot replace it (under the sanitizers).
 std::uint64_t allocations();
 
-/// Grants the calling thread's next `granted` calls of `operator new`; the call after them throws
-/// `std::bad_alloc`, once; other threads are granted all. Does nothing where `allocations` is always 0.
+/// Lets the calling thread's next `granted` calls of `operator new` succeed; the call after them
+/// throws `std::bad_alloc`, once; the allocations of other threads succeed. Does nothing where
+/// `allocations` is always 0.
 void refuseAllocationAfter(std::uint64_t granted);
 
 /// Cancels the calling thread's refusal that has not happened yet.

@@ -10,7 +10,7 @@
 
 namespace vemra::testing {
 
-/// Holds a text against the file of that name in tests/expected, byte for byte. With
+/// Compares a text with the file of that name in tests/expected, byte for byte. With
 /// VEMRA_UPDATE_EXPECTED=1 in the environment it writes the file first.
 inline void expectAsInFile(const std::string& actual, const std::string& name) {
   const std::string path = std::string(VEMRA_REPOSITORY) + "/tests/expected/" + name;

@@ -7,8 +7,8 @@
 
 namespace vemra::testing {
 
-/// How often a random test goes round: `full` times where the product is compiled as users get it, a tenth
-/// of that where a sanitizer checks every step.
+/// The number of rounds of a random test: `full` in a build as users get it, a tenth of that in a
+/// build with a sanitizer.
 constexpr int rounds(int full) {
 #ifdef NDEBUG
   return full;
@@ -17,11 +17,11 @@ constexpr int rounds(int full) {
 #endif
 }
 
-/// Numbers that choose what a random test does: the same on every machine.
+/// The random numbers of a test: the same on every machine.
 ///
-/// They come from a seed, or from the bytes of a fuzzer's input, one byte or more a number. When
-/// the bytes are used up, every number is the greatest that is allowed, so that a loop "while
-/// oneIn(n)" ends.
+/// They come from a seed, or from the bytes of a fuzzer's input, one byte or more for each number.
+/// After the last byte every number is the greatest possible one, so that a loop "while oneIn(n)"
+/// ends.
 class Random {
  public:
   explicit Random(std::uint64_t seed) : engine_(seed) {}
@@ -41,7 +41,7 @@ class Random {
   }
   bool oneIn(std::size_t bound) { return below(bound) == 0; }
 
-  /// Says whether no byte is left; never with a seed.
+  /// Whether no byte is left; always false with a seed.
   bool isUsedUp() const { return isFromBytes_ && bytes_.empty(); }
 
  private:

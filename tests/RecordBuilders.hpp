@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-/// Records of which a test fills in only the fields that matter to it.
+/// Records in which a test sets only the fields that matter to it.
 namespace vemra::build {
 
 inline GoalPersonCandidateDTO person(std::string ref,

@@ -39,9 +39,9 @@ inline Word wordAt(const char* at) noexcept {
 /// SipHash (Aumasson, Bernstein: "SipHash: a fast short-input PRF", 2012), with these numbers of
 /// rounds.
 ///
-/// Nobody can make texts with equal hashes without the key. A table keyed by texts from outside
-/// needs that: with `std::hash`, whose key is the same everywhere, a document can contain any
-/// number of ids with one hash, and a search for one of them then compares it with all others.
+/// Without the key, an attacker cannot make texts with equal hashes. A table keyed by texts from
+/// outside needs that: with `std::hash`, whose key is the same everywhere, a document can contain
+/// any number of ids with one hash, and a search for one of them then compares it with all others.
 /// Tables use 1 and 3 rounds; the paper's test vectors are for 2 and 4.
 template <int roundsPerWord, int roundsAtEnd>
 inline KeyedHash sipHash(std::string_view bytes, const HashKey& key) noexcept {

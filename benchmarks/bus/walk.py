@@ -80,7 +80,7 @@ def expected_of(people):
 
 
 def walk(screen, people):
-    """The whole tree: how long it took, how much there is, what rows and controls are missing.
+    """The whole tree: the time, the number of elements, and the missing rows and controls.
 
     Each is looked for by itself, so that what is there twice does not stand in for what is not.
     On the way it comes by the button that records an outcome for the last person, which is how a
@@ -117,7 +117,7 @@ def walk(screen, people):
 
 
 def find_by_collection(screen, people):
-    """By its identifier: the first question the process is asked, and the median of those after."""
+    """Finds it by its identifier: the first call to the process, and the median of the later ones."""
     page = screen.root.get_child_at_index(0)
     wanted = f"vemra.goal.person.p{people - 1}.outcome.start"
     times = []

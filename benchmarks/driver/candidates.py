@@ -1,4 +1,4 @@
-"""Who is measured, at which sizes, and how a figure comes out of a program."""
+"""The measured candidates, their sizes, and how to read a figure from a program."""
 import dataclasses
 import functools
 import json
@@ -18,7 +18,7 @@ PEERS = ["widgets-column", "widgets-rows", "listview", "quick-listview", "quick-
 # One widget or item for every element: at 100,000 people a first frame takes the better part of a
 # minute, or (the repeater) far more.
 LARGEST = {"widgets-column": 10_000, "widgets-rows": 10_000, "quick-repeater": 10_000}
-# Peers that have stray outcomes, too: those whose first frame is not a matter of seconds anyway.
+# Peers that are also measured with stray outcomes: those whose first frame does not take seconds.
 WITH_STRAY = ["listview", "quick-listview"]
 
 
@@ -31,7 +31,7 @@ class Job:
     stray: int = 0
 
     def run(self, checking=False):
-        """Figures by measure. Raises SystemExit with the program's own words when it fails.
+        """Figures by measure. Raises SystemExit with the program's own message when it fails.
 
         When checking, the program that takes times looks whether each frame was whole: it fails
         where one of our own was not, and what it notes of peers goes to the terminal. The looking
@@ -61,7 +61,7 @@ class Job:
         return {"inspect.time": 1000 * elapsed, "inspect.peak": peak_of(command)}
 
     def run_headless(self):
-        """Without a window: all rows in a tree, and a graph whose renderer asks for ten of them."""
+        """Without a window: all rows in a tree, and a graph whose renderer requests ten of them."""
         found = micro_benchmarks("graph/headless", 0.2)
         return {"headless.hot": found["graph/headless-tree/10000"] / 1e6,
                 "headless in view.hot": found["graph/headless-in-view/10000"] / 1e6}
@@ -69,7 +69,7 @@ class Job:
 
 @functools.cache
 def document(size, stray):
-    """The sample result as a file, written anew once a run: an older program's may differ."""
+    """The sample result as a file, written once in each run: an older program's file may differ."""
     file = OUT / f"sample-{size}-{stray}.json"
     text = output_of([BIN / "vemra-bench-document", str(size), str(stray)])
     file.write_text(text, encoding="utf-8")
@@ -77,7 +77,7 @@ def document(size, stray):
 
 
 def peak_of(command):
-    """MiB that a program had resident at the most.
+    """The maximum resident memory of a program, in MiB.
 
     A process counts what its memory held before it became the program, so one started from here
     would show at least this driver's own. A shell of a megabyte starts it instead, and then turns
@@ -89,7 +89,7 @@ def peak_of(command):
 
 
 def environment():
-    """The same for every program, whatever this machine's desktop is set to."""
+    """The same for every program, independent of this machine's desktop settings."""
     kept = {name: os.environ[name] for name in ("PATH", "HOME", "TMPDIR") if name in os.environ}
     folder = pathlib.Path(tempfile.gettempdir()) / f"vemra-bench-{os.getuid()}"
     folder.mkdir(mode=0o700, exist_ok=True)
@@ -97,7 +97,7 @@ def environment():
 
 
 def output_of(command, variables=None, notes=None):
-    """What a program says; what it notes beside that goes to NOTES, if anywhere."""
+    """A program's standard output; its other output goes to NOTES, or nowhere."""
     done = subprocess.run([str(word) for word in command], env=environment() | (variables or {}),
                           text=True, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                           stderr=subprocess.PIPE, check=False)
@@ -135,9 +135,9 @@ def micro_benchmarks(pattern, seconds):
 
 
 def jobs(quick):
-    """What one round runs, in its order: the candidates of a size right after each other."""
+    """The jobs of one round, in their order: the candidates of a size right after each other."""
     if quick:
-        # Of the slow peer only what is quick to have.
+        # Only the quick measures of the slow peer.
         every = [Job("widgets-column", 10_000, mode) for mode in ("first-frames", "memory")]
         for size in (100, 10_000):
             for candidate in ("vemra", "listview", "quick-listview"):

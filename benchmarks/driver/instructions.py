@@ -5,9 +5,9 @@ from candidates import BIN, OUT, output_of
 
 COUNTED = {"scan": "countedScan", "equality": "countedEquality", "resolve": "countedResolve"}
 
-# What each came to when it was last looked at, with g++ 12.2 at -O2 on x86-64. A count is the same
-# run for run, so a difference beyond TOLERANCE is a change of the code, for the worse or the better
-# (or of the compiler): find out which, and then record the new count here.
+# The counts when they were last recorded, with g++ 12.2 at -O2 on x86-64. A count is the same run
+# for run, so a difference beyond TOLERANCE is a change of the code, for the worse or the better (or
+# of the compiler): find out which, and then record the new count here.
 RECORDED = {"scan": 23.016, "equality": 292.391, "resolve": 2853.2}
 TOLERANCE = 0.02
 
@@ -30,7 +30,7 @@ def per_element(name):
 
 
 def own_share(candidate, size):
-    """How much of warm first frames is the program's own code and what that calls outside of Qt.
+    """The share of the program's own code, and of its calls outside of Qt, in warm first frames.
 
     The program's own code is what its executable holds: the library is linked into it, Qt is not.
     """

@@ -1,4 +1,4 @@
-"""Measures, prints tables and writes what was measured into build/bench; see scripts/bench."""
+"""Measures, prints tables and writes the figures into build/bench; see scripts/bench."""
 import argparse
 import os
 import platform
@@ -11,12 +11,12 @@ from candidates import (BIN, OUT, ROOT, SIZES, WITH_STRAY, figures, jobs, micro_
                         output_of)
 from results import Results
 
-# Who is walked on the accessibility bus, by people: the two that expose everything also where the
-# calls inside a program weigh more than the bus.
+# The candidates that are walked on the accessibility bus, by people: the two that expose everything
+# also where the calls inside a program weigh more than the bus.
 WALKED = {1_000: ["vemra", "widgets-rows", "listview", "quick-listview"],
           10_000: ["vemra", "widgets-rows"]}
 
-# A quick run leaves out so much that it must not take the place of a full one.
+# A quick run omits so much that it must not replace a full one.
 FULL = OUT / "results.json"
 QUICK = OUT / "results-quick.json"
 
@@ -26,7 +26,7 @@ def say(text):
 
 
 def interleaved(results, quick, rounds):
-    """Every job once a round, so that whatever the machine is busy with meets all of them alike.
+    """Every job once in each round, so that other load on the machine affects all of them alike.
 
     The first round warms up, files and the processor, and looks whether frames are whole.
     """
@@ -54,8 +54,8 @@ def counts(results):
 
 
 def bus(results, rounds):
-    """Walks, each from a process just started. The uncounted round is of 1,000 people alone, for
-    files and the processor: one of 10,000 takes minutes, and would have nothing left to warm up."""
+    """Walks, each in a new process. The uncounted round has 1,000 people only, to warm up
+    files and the processor: one with 10,000 takes minutes, and would warm up nothing more."""
     command = [ROOT / "benchmarks/bus/run", BIN / "vemra-bench-screen"]
     for number in range(rounds + 1):
         started = time.monotonic()
@@ -121,7 +121,7 @@ def report(results):
 
 
 def parts(quick):
-    """What a run consists of, in its order: the dearest last."""
+    """The parts of a run, in their order: the most expensive one last."""
     if quick:
         return [lambda results: interleaved(results, quick=True, rounds=3),
                 lambda results: models(results, rounds=1, seconds=0.05)]

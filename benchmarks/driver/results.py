@@ -1,4 +1,4 @@
-"""What was measured: runs, and records of them."""
+"""The figures: runs, and their records."""
 import json
 import statistics
 
@@ -11,12 +11,12 @@ class Results:
         self.runs.setdefault((candidate, size, measure, stray), []).append(value)
 
     def median(self, candidate, size, measure, stray=0):
-        """Nothing when it was not measured."""
+        """None when it was not measured."""
         values = self.runs.get((candidate, size, measure, stray))
         return statistics.median(values) if values else None
 
     def most(self, candidate, size, measure):
-        """The worst count of all runs: a median would forgive three bad ones of seven."""
+        """The worst count of all runs: a median would hide three bad ones of seven."""
         values = self.runs.get((candidate, size, measure, 0))
         return int(max(values)) if values else None
 
@@ -31,7 +31,7 @@ class Results:
 
     @classmethod
     def read(cls, file):
-        """What an earlier run wrote, as far as tables need it: the medians, and the most."""
+        """The figures of an earlier run that the tables need: the medians, and the maxima."""
         results = cls()
         for record in json.loads(file.read_text(encoding="utf-8")):
             for value in (record["minimum"], record["median"], record["maximum"]):

@@ -85,8 +85,8 @@ def rows(results):
                2.0 if measure == "saved" else None,
                ratio(("vemra-desk", 100_000, f"{measure}.hot"), ("vemra-desk", 100_000, "bare.hot")))
     share = results.median("vemra", 10_000, "own share")
-    # Warm against warm: a cold scroll area pays for fonts and style that our warm frame has behind
-    # it, and would make any frame look small.
+    # Warm compared with warm: a cold scroll area pays for fonts and style that our warm frame has
+    # behind it, and would make any frame look small.
     for measure, when, most in (("firstFrame.hot", "warm", 0.3),
                                 ("firstFrame.first", "the first in its process", None)):
         frame = ratio(("vemra", 10_000, "firstFrame.hot"), ("empty-scroll-area", 100, measure))
@@ -101,7 +101,7 @@ def rows(results):
     yield ("AT-SPI: walk per element, processor time of the program", "widgets-rows", None,
            ratio(("vemra", 10_000, "program per 1,000 elements"),
                  ("widgets-rows", 10_000, "program per 1,000 elements")))
-    # A walk is the first thing that its process is asked; so is the question held against it.
+    # A walk is the first request to its process; so is the search that it is compared with.
     for measure, which, most in (("find by collection, first", "the first time", 1 / 1000),
                                  ("find by collection", "after that", None)):
         yield (f"AT-SPI: finding an identifier by collection, {which}", "by walking", most,

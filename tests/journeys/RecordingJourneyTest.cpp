@@ -225,7 +225,7 @@ TEST(HostThatShowsAnotherGoal, FromInsideTheCallbacks) {
   std::string titleDuringTheCall;
   const auto showOther = [&] {
     ++asked;
-    shown->show(viewOf(Result{}, calls));  // of several roots, the last one is taken up
+    shown->show(viewOf(Result{}, calls));  // of several roots, the last one takes effect
     shown->show(viewOf(other, calls));
     titleDuringTheCall = shown->shownTexts().front();
   };

@@ -31,7 +31,7 @@ class OutcomeInsertion {
   explicit OutcomeInsertion(Database& database);
 
   /// Records an outcome after all others of its goal. Throws a `StoreError` that names table and
-  /// row when somebody has tampered with the store so that it has no free number for another
+  /// row when another program has changed the store so that it has no free number for another
   /// outcome.
   void append(std::int64_t goal, const GoalOutcomeDTO& outcome);
 
