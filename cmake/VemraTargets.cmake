@@ -61,7 +61,7 @@ endif()
 # Builds the .cpp files of the current folder, and of the FOLDERS below it, into a library: static, or
 # shared with BUILD_SHARED_LIBS. A host may be a plugin, so the static ones are position independent too.
 # Its PUBLIC_HEADERS are installed; without that list, all its headers but the PRIVATE_HEADERS.
-# What is installed compiles on its own (preset check). The libraries in apps/ are static and not installed.
+# Every installed header compiles on its own (preset check). The libraries in apps/ are static and not installed.
 # COLD marks one whose speed no test waits for; a library with a window must be, for its precompiled header.
 function(vemra_library target)
   cmake_parse_arguments(arg "COLD" "ALIAS" "PUBLIC;PRIVATE;FOLDERS;PUBLIC_HEADERS;PRIVATE_HEADERS" ${ARGN})

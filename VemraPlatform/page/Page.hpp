@@ -96,7 +96,7 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   const WindowedTree& tree() const { return tree_; }
   /// The environment of the shown tree; the default one until the graph's first changes.
   const ui::Environment& environment() const { return environment_; }
-  /// Where everything is, as of the last pass.
+  /// The frames of all elements, as of the last pass.
   Frames frames() const { return {tree_, environment_.layoutDirection, host_.grid()}; }
   /// The visible part of the page.
   Viewport viewport() const;

@@ -8,9 +8,8 @@
 namespace vemra::ui {
 
 /// \name Events
-/// What a person can do to an element. `ViewGraph::deliver` looks up the element's handler when it
-/// handles the event, and refuses an event that the kind of element does not accept.
-/// @{
+/// The actions of a user on an element. `ViewGraph::deliver` looks up the element's handler when it
+/// handles the event, and refuses an event that the kind of element does not accept. @{
 
 /// Presses a button: runs its action, if it has one.
 struct Press {};

@@ -131,7 +131,7 @@ class VEMRA_EXPORT View {
 /// How a column aligns children that are narrower than itself; `leading` is the side where lines
 /// begin: left, or right in a right-to-left layout.
 enum class HorizontalAlignment { leading, center };
-/// How a row of views aligns children that are less high than itself.
+/// How a row of views aligns children that are lower than the row.
 enum class VerticalAlignment { top, center };
 
 /// A text of one or more lines. Shows a name or a note only through `verbatim`, which marks text

@@ -70,7 +70,7 @@ QMargins overhang(const ui::Element& element, const TextShape& shape);
 /// Makes the style draw the control's frame in the page's outline colour.
 void frameIn(const Looks& looks, QStyleOption& option);
 
-/// What a focus ring surrounds; the ring is wider around a frame, because it has to cover the
+/// The shape inside a focus ring; the ring is wider around a frame, because it has to cover the
 /// frame.
 enum class RingAround { text, frame };
 

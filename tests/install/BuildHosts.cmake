@@ -1,10 +1,11 @@
 # cmake -D kind=static|shared -D build=… -D work=… -D compiler=… -D other_compiler=… -D generator=…
 #       -D window=ON|OFF -P BuildHosts.cmake
 #
-# Installs the libraries of one kind and builds hosts against what is installed, with each compiler and
-# with warnings as errors. The static libraries are those of the build; the shared ones are built here,
-# without optimisation, since only what they export is in question. The headers are the same for both kinds: the
-# other compiler builds every host for the static libraries, and one of them for the shared ones.
+# Installs the libraries of one kind and builds hosts against the installed files, with each
+# compiler and with warnings as errors. The static libraries are those of the build; the shared ones
+# are built here, without optimisation, since only their exports are tested. The headers are the
+# same for both kinds: the other compiler builds every host for the static libraries, and one of
+# them for the shared ones.
 get_filename_component(repository "${CMAKE_CURRENT_LIST_DIR}/../.." ABSOLUTE)
 set(prefix "${work}/prefix")
 set(warnings "-Wall -Wextra -Wpedantic -Wconversion -Werror")
@@ -34,7 +35,7 @@ function(build_host name host_compiler)
       "-DCMAKE_CXX_COMPILER=${host_compiler}" "-DCMAKE_PREFIX_PATH=${prefix}"
       "-DCMAKE_CXX_FLAGS=${warnings}" ${ARGN})
   run("${CMAKE_COMMAND}" --build "${folder}")
-  # Headers come from the installed copy alone.
+  # Headers come from the installed copy only.
   file(GLOB dependencies "${folder}/*.ninja" "${folder}/CMakeCache.txt")
   foreach(file IN LISTS dependencies)
     file(STRINGS "${file}" lines REGEX "-I${repository}( |$)")
@@ -56,7 +57,7 @@ if(kind STREQUAL "shared")
 endif()
 run("${CMAKE_COMMAND}" --install "${build}" --prefix "${prefix}")
 
-# What a library keeps to itself must not be there to be included; what it offers must.
+# Private headers of a library must not be installed; public ones must.
 foreach(header VemraGoalSurface/GoalOutcomeRecordingControl.hpp VemraPlatform/text/KeyedHash.hpp
         VemraPlatform/ui/Rows.hpp)
   if(EXISTS "${prefix}/include/${header}")
@@ -75,7 +76,7 @@ file(GLOB surface RELATIVE "${prefix}" "${prefix}/lib*/libVemraGoalSurface*"
      "${prefix}/lib*/*/libVemraGoalSurface*")
 if(kind STREQUAL "shared")
   expect("${surface}" "libVemraGoalSurface.so.${version}")
-  # What is not marked stays inside.
+  # Declarations without the mark are not exported.
   file(GLOB library "${prefix}/lib/libVemraPlatformUI.so" "${prefix}/lib/*/libVemraPlatformUI.so")
   run(nm --dynamic --defined-only --demangle "${library}")
   expect("${output}" "vemra::ui::ViewGraph::setRoot")

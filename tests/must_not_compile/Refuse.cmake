@@ -25,7 +25,7 @@ if(result EQUAL 0)
 endif()
 
 # The compiler names the place of an error as file:line:column, and for an error inside a template
-# also the line that asked for it.
+# also the line that uses the template.
 file(READ "${file}" text)
 string(REPLACE ";" "," text "${text}")
 string(REPLACE "[" "(" text "${text}")

@@ -1,4 +1,4 @@
-# Runs the program of the page and compares what it prints. The renderer is to stay small, too.
+# Runs the program of the page and compares its output. Also checks that the renderer stays small.
 #
 #   cmake -D page=... -D program=... -P Compare.cmake
 include("${CMAKE_CURRENT_LIST_DIR}/CodeBlock.cmake")

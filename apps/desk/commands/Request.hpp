@@ -9,7 +9,7 @@
 
 namespace vemra::desk {
 
-/// What a command line asks for.
+/// The command of a command line, with its arguments.
 struct Request {
   enum class Command { showWindow, importDocuments, listGoals, showOutcomes, exportGoal };
 

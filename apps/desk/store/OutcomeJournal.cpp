@@ -200,7 +200,7 @@ Content readContent(const std::string& text, const std::string& file) {
   return content;
 }
 
-/// What is to be written from `content.length` on to append a line.
+/// The bytes to write from `content.length` on to append a line.
 std::string addition(const Content& content, const std::string& line) {
   if (!content.last.empty()) return content.last + '\n' + line;
   return content.length == 0 ? headLine() + line : line;
