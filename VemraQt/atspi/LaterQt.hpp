@@ -8,8 +8,8 @@
 /// \file
 /// The parts of Qt's accessibility that only a later version than the oldest supported one (6.4)
 /// has, so that no other file here checks the version. Remove it once Qt 6.9 is the oldest
-/// supported version. The branches for 6.5 have been
-/// compiled with Qt 6.8.2, those for 6.9 never.
+/// supported version. Clients on the bus have tried the branches for 6.5 with Qt 6.8.2, and those
+/// for 6.9 with Qt 6.11.2.
 
 namespace vemra::qt::atspi {
 

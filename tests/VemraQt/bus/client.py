@@ -134,6 +134,8 @@ def recording_and_correcting(window, ref="p1"):
     equal([c.get_name() for c in choices],
           ["Reached out", "Invited", "Introduced", "Helped", "Was useful", "Not a fit",
            "No action taken", "Something else"])
+    interfaces = picker.get_interfaces()
+    assert {"Action", "Collection", "Selection", "Text"} <= set(interfaces), interfaces
     equal(picker.get_n_selected_children(), 1)
     equal(picker.get_selected_child(0).get_name(), "Was useful")
     assert picker.is_child_selected(4) and not picker.is_child_selected(5)
