@@ -11,7 +11,7 @@ import unittest
 
 BOOTSTRAP = pathlib.Path(__file__).resolve().parents[2] / "scripts/bootstrap"
 
-# What the script may call besides the package system.
+# The commands that the script may call besides the package system.
 TOOLS = "bash cat dirname env grep id mktemp rm sed sleep sort tr".split()
 
 DPKG_QUERY = """#!/bin/bash
@@ -81,7 +81,7 @@ class BootstrapTest(unittest.TestCase):
         return [line for line in file.read_text().splitlines() if line != "sudo"] if file.exists() else []
 
     def installs(self, *arguments):
-        """The packages that it asks for."""
+        """The packages that it requests."""
         done = self.run_it(*arguments)
         self.assertEqual(done.returncode, 0, done.stderr)
         words = next((call for call in self.calls() if " install " in call), "").split()
