@@ -82,8 +82,10 @@ DateFormat::DateFormat(const std::string& localeName) {
   const std::unique_ptr<icu::DateTimePatternGenerator> generator(
       icu::DateTimePatternGenerator::createInstance(locale, status));
   require(status);
+  // From char16_t, ICU 78 would take a string view of the standard library that it was compiled with.
+  const icu::UnicodeString skeleton("yMMMd", -1, US_INV);
   const icu::UnicodeString pattern =
-      generator->getBestPattern(u"yMMMd", UDATPG_MATCH_ALL_FIELDS_LENGTH, status);
+      generator->getBestPattern(skeleton, UDATPG_MATCH_ALL_FIELDS_LENGTH, status);
   require(status);
   format_ = std::make_unique<icu::SimpleDateFormat>(pattern, locale, status);
   require(status);
