@@ -1,7 +1,7 @@
 #include "VemraQt/ViewWidget.hpp"
 
 #include "VemraQt/SystemEnvironment.hpp"
-#include "VemraQt/accessibility/AccessibleTree.hpp"
+#include "VemraQt/accessibility/AccessiblePage.hpp"
 #include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/PageScrollBar.hpp"
 
@@ -41,7 +41,7 @@ void ViewWidget::prepare() {
   viewport()->setBackgroundRole(QPalette::Base);
   viewport()->setAutoFillBackground(true);
   page_ = std::make_unique<Page>(*this, graph_);
-  accessible_ = std::make_unique<AccessibleTree>(*this, *page_);
+  accessible_ = std::make_unique<AccessiblePage>(*this, *page_);
   page_->attach();
   connect(qApp, &QGuiApplication::layoutDirectionChanged, this, [this] { followSystem(); });
 }

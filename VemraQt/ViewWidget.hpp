@@ -10,7 +10,7 @@
 
 namespace vemra::qt {
 
-class AccessibleTree;
+class AccessiblePage;
 class Page;
 
 /// Shows a view in a window: one scroll area, with real widgets for the elements near the viewport.
@@ -79,7 +79,7 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   std::unique_ptr<ui::ViewGraph> ownGraph_;
   ui::ViewGraph& graph_;
   std::unique_ptr<Page> page_;
-  std::unique_ptr<AccessibleTree> accessible_;
+  std::unique_ptr<AccessiblePage> accessible_;
   bool followsSystem_ = true;
   bool leaving_ = false;
   bool inEvent_ = false, resized_ = false;

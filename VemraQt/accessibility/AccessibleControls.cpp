@@ -1,6 +1,5 @@
 #include "VemraQt/accessibility/AccessibleControls.hpp"
 
-#include "VemraQt/accessibility/ObjectActions.hpp"
 #include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "VemraQt/widgets/LineField.hpp"
@@ -42,7 +41,7 @@ QAccessibleInterface* AccessiblePicker::child(int place) const {
   if (place < 0 || place >= childCount()) return nullptr;
   while (static_cast<int>(choices_.size()) <= place) {
     auto* choice = new AccessibleChoice(const_cast<AccessiblePicker&>(*this), choices_.size());
-    choice->remember(QAccessible::registerAccessibleInterface(choice));
+    choice->registerWithQt();
     choices_.push_back(choice);
   }
   return choices_[static_cast<std::size_t>(place)];
@@ -81,10 +80,10 @@ void AccessiblePicker::doAction(const QString& name) {
   const ui::Node* picker = node();
   if (!picker || !picker->element.style().enabled) return;
   const ui::NodeID id = picker->id;
-  AccessibleTree& itsTree = tree();
-  focus(itsTree, row(), id);
-  const page::Node* leaf = itsTree.page().tree().find(id);
-  auto* box = leaf ? dynamic_cast<ChoiceBox*>(itsTree.page().shown(*leaf).widget) : nullptr;
+  Page& page = tree().page();
+  focus(page, rowPlace(), id);  // may remove this object
+  const page::Node* leaf = page.tree().find(id);
+  auto* box = leaf ? dynamic_cast<ChoiceBox*>(page.shown(*leaf).widget) : nullptr;
   if (box) box->showPopup();
 }
 
@@ -207,6 +206,26 @@ void AccessibleField::replaceText(int start, int end, const QString& text) {
   if (!still || still->wholeText() != whole || removed == text) return;
   QAccessibleTextUpdateEvent event(still, start, removed, text);
   QAccessible::updateAccessibility(&event);
+}
+
+AccessibleElement* makeAccessibleElement(ObjectHost& tree, AccessibleRow* row,
+                                         const ElementSlot& slot) {
+  AccessibleElement* made = nullptr;
+  switch (slot.kind) {
+    case ui::ElementKind::button:
+      made = new AccessibleButton(tree, row, slot.path);
+      break;
+    case ui::ElementKind::picker:
+      made = new AccessiblePicker(tree, row, slot.path);
+      break;
+    case ui::ElementKind::textField:
+      made = new AccessibleField(tree, row, slot.path);
+      break;
+    default:
+      made = new AccessibleText(tree, row, slot.path);
+  }
+  made->registerWithQt();
+  return made;
 }
 
 }  // namespace vemra::qt

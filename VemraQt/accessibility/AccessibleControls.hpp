@@ -1,7 +1,7 @@
 #pragma once
 
 #include "VemraPlatform/page/Choices.hpp"
-#include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/accessibility/AccessibleElement.hpp"
 #include "VemraQt/accessibility/ReadOnlyText.hpp"
 
 #include <optional>
@@ -122,5 +122,9 @@ class AccessibleField final : public AccessibleElement,
  private:
   QLineEdit* widget() const;
 };
+
+/// Makes the object for an element of that kind and registers it.
+AccessibleElement* makeAccessibleElement(ObjectHost& tree, AccessibleRow* row,
+                                         const ElementSlot& slot);
 
 }  // namespace vemra::qt

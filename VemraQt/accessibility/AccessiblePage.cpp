@@ -1,7 +1,6 @@
 #include "VemraQt/accessibility/AccessiblePage.hpp"
 
-#include "VemraQt/accessibility/AccessibleObjects.hpp"
-#include "VemraQt/atspi/ChildSignals.hpp"
+#include "VemraQt/accessibility/AccessibleRow.hpp"
 #include "VemraQt/page/Page.hpp"
 
 #include <unordered_map>
@@ -16,9 +15,9 @@ namespace vemra::qt {
 namespace {
 
 /// The page's widget: its children are the elements and rows of the page.
-class AccessiblePage final : public QAccessibleWidget {
+class AccessibleArea final : public QAccessibleWidget {
  public:
-  explicit AccessiblePage(AccessibleTree& tree)
+  explicit AccessibleArea(AccessibleTree& tree)
       : QAccessibleWidget(&tree.area(), QAccessible::Client), tree_(&tree) {}
 
   QAccessible::Role role() const override {
@@ -45,9 +44,10 @@ class AccessiblePage final : public QAccessibleWidget {
     if (!root || !rect().contains(x, y)) return nullptr;
     forEachLeaf(*root, [&](const page::Node& leaf) {
       if (found || !tree_->page().shown(leaf).widget) return;
-      AccessibleElement* object = tree_->objectOf(leaf);
+      AccessibleObject* object = tree_->objectOf(leaf);
       if (!object || !object->rect().contains(x, y)) return;
-      found = object->row() ? static_cast<QAccessibleInterface*>(object->row()) : object;
+      auto* row = dynamic_cast<AccessibleRow*>(object->parent());
+      found = row ? static_cast<QAccessibleInterface*>(row) : object;
     });
     return found;
   }
@@ -58,7 +58,7 @@ class AccessiblePage final : public QAccessibleWidget {
 
 /// A page in a scroll area, and the scroll area's class name, which Qt passes to the factory.
 struct Shown {
-  AccessibleTree* tree;
+  AccessiblePage* page;
   QLatin1String className;
 };
 
@@ -70,28 +70,27 @@ std::unordered_map<const QObject*, Shown>& pages() {
 QAccessibleInterface* factory(const QString& className, QObject* object) {
   const auto found = pages().find(object);
   if (found == pages().end() || found->second.className != className) return nullptr;
-  return new AccessiblePage(*found->second.tree);
+  return new AccessibleArea(found->second.page->tree());
 }
 
 QAccessible::UpdateHandler otherHandler = nullptr;
 
 void passOn(QAccessibleEvent& event);
 
-/// The tree of the page that `object` belongs to: as the page's viewport or as the widget of an
-/// element.
-AccessibleTree* treeAround(QObject* object) {
+/// The page that `object` belongs to: as the page's viewport or as the widget of an element.
+AccessiblePage* pageAround(QObject* object) {
   auto* widget = qobject_cast<QWidget*>(object);
   for (int levels = 0; widget && levels < 2; ++levels) {
     QWidget* parent = widget->parentWidget();
-    AccessibleTree* tree = accessibleTreeOf(parent);
-    if (tree && tree->area().viewport() == widget) return tree;
+    AccessiblePage* page = AccessiblePage::in(parent);
+    if (page && page->tree().area().viewport() == widget) return page;
     widget = parent;
   }
   return nullptr;
 }
 
 /// Forwards a text event of a line edit as an event of the element that the line edit shows.
-void passOnText(QAccessibleEvent& event, AccessibleElement& element) {
+void passOnText(QAccessibleEvent& event, AccessibleObject& element) {
   switch (event.type()) {
     case QAccessible::TextInserted: {
       const auto& inserted = static_cast<QAccessibleTextInsertEvent&>(event);
@@ -153,21 +152,22 @@ QObject* objectOf(const QAccessibleEvent& event) {
 void handle(QAccessibleEvent* event) {
   if (isSentOtherwise(*event)) return;
   QObject* object = objectOf(*event);
-  AccessibleTree* tree = object ? treeAround(object) : nullptr;
-  if (!tree) {
+  AccessiblePage* page = object ? pageAround(object) : nullptr;
+  if (!page) {
     passOn(*event);
     return;
   }
   auto* shown = dynamic_cast<ElementWidget*>(event->object());
   if (!shown || !shown->node() || shown->isTaking()) return;
-  if (!tree->isWatched()) return;
+  AccessibleTree& tree = page->tree();
+  if (!tree.isWatched()) return;
   if (event->type() == QAccessible::Focus) {
-    tree->announcements().focusMoved(shown->node());
+    page->announcements().focusMoved(shown->node());
     return;
   }
-  const page::Node* leaf = tree->page().tree().find(shown->node());
+  const page::Node* leaf = tree.page().tree().find(shown->node());
   if (!leaf || leaf->element.kind() != ui::ElementKind::textField) return;
-  if (AccessibleElement* element = tree->objectOf(*leaf)) passOnText(*event, *element);
+  if (AccessibleObject* element = tree.objectOf(*leaf)) passOnText(*event, *element);
 }
 
 /// Forwards the event to the previous handler.
@@ -179,23 +179,23 @@ void passOn(QAccessibleEvent& event) {
 
 }  // namespace
 
-void addAccessiblePage(AccessibleTree& tree) {
+AccessiblePage::AccessiblePage(QAbstractScrollArea& area, Page& page) : tree_(area, page) {
   static bool installed = false;
   if (!std::exchange(installed, true)) {
     QAccessible::installFactory(factory);
     otherHandler = QAccessible::installUpdateHandler(handle);
   }
-  const QObject& area = tree.area();
-  pages().insert_or_assign(&area, Shown{&tree, QLatin1String(area.metaObject()->className())});
+  const QLatin1String className(area.metaObject()->className());
+  pages().insert_or_assign(&area, Shown{this, className});
 }
 
-void removeAccessiblePage(AccessibleTree& tree) {
-  pages().erase(&tree.area());
+AccessiblePage::~AccessiblePage() {
+  pages().erase(&tree_.area());
 }
 
-AccessibleTree* accessibleTreeOf(const QObject* area) {
+AccessiblePage* AccessiblePage::in(const QObject* area) {
   const auto found = pages().find(area);
-  return found == pages().end() ? nullptr : found->second.tree;
+  return found == pages().end() ? nullptr : found->second.page;
 }
 
 }  // namespace vemra::qt

@@ -1,25 +1,34 @@
 #pragma once
 
-#include <QtGlobal>
-
-QT_BEGIN_NAMESPACE
-class QObject;
-QT_END_NAMESPACE
-
-/// \file
-/// Connects Qt's widgets with the page's own accessible objects.
+#include "VemraQt/accessibility/AccessibleTree.hpp"
+#include "VemraQt/accessibility/Announcements.hpp"
+#include "VemraQt/accessibility/IdentifierSearch.hpp"
 
 namespace vemra::qt {
 
-class AccessibleTree;
+/// A page for assistive technology, connected with Qt's widgets while it lives. Main thread only.
+///
+/// Qt gets the tree's objects as the children of the page's scroll area, and in place of the page's
+/// widgets, whose events are sent for the elements that they show. Make it after QApplication and
+/// before Qt first asks for the scroll area's accessible object.
+class AccessiblePage final {
+ public:
+  AccessiblePage(QAbstractScrollArea& area, Page& page);
+  ~AccessiblePage();
+  AccessiblePage(const AccessiblePage&) = delete;
+  AccessiblePage& operator=(const AccessiblePage&) = delete;
 
-/// Makes Qt use the tree's objects: as the children of the page's scroll area, and in place of the
-/// page's widgets, whose events are sent for the elements that they show. Main thread only. Call it
-/// after QApplication is made and before Qt first asks for the scroll area's accessible object.
-void addAccessiblePage(AccessibleTree& tree);
-/// Disconnects the tree: Qt and its events no longer reach it.
-void removeAccessiblePage(AccessibleTree& tree);
-/// The tree of the page in that scroll area; nullptr when `area` is null or has no such page.
-AccessibleTree* accessibleTreeOf(const QObject* area);
+  AccessibleTree& tree() { return tree_; }
+  IdentifierSearch& identifiers() { return identifiers_; }
+  Announcements& announcements() { return announcements_; }
+
+  /// The page in that scroll area; nullptr when `area` is null or has no such page.
+  static AccessiblePage* in(const QObject* area);
+
+ private:
+  AccessibleTree tree_;
+  IdentifierSearch identifiers_{tree_};
+  Announcements announcements_{tree_};
+};
 
 }  // namespace vemra::qt

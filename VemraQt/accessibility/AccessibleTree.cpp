@@ -1,36 +1,25 @@
 #include "VemraQt/accessibility/AccessibleTree.hpp"
 
-#include "VemraQt/accessibility/AccessibleObjects.hpp"
-#include "VemraQt/accessibility/AccessiblePage.hpp"
+#include "VemraQt/accessibility/AccessibleControls.hpp"
 #include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
 #include <ranges>
 #include <utility>
 
-#include <QAbstractScrollArea>
-
 namespace vemra::qt {
 
 using ui::NodeID;
 
-AccessibleTree::AccessibleTree(QAbstractScrollArea& area, Page& page)
-    : area_(area), page_(page), identifiers_(*this), announcements_(*this) {
-  addAccessiblePage(*this);
-}
+AccessibleTree::AccessibleTree(QAbstractScrollArea& area, Page& page) : ObjectHost(area, page) {}
 
 AccessibleTree::~AccessibleTree() {
-  removeAccessiblePage(*this);
   for (ElementSlot& slot : slots_) {
     if (slot.object) leaving_.add(*slot.object);
   }
   for (auto& [node, list] : lists_) {
     for (AccessibleRow* row : list.all()) leaving_.addRow(*row);
   }
-}
-
-QAccessibleInterface* AccessibleTree::pageObject() const {
-  return QAccessible::queryAccessibleInterface(&area_);
 }
 
 int AccessibleTree::childCount() {
@@ -68,8 +57,8 @@ int AccessibleTree::indexOf(const QAccessibleInterface* object) {
   return -1;
 }
 
-AccessibleElement* AccessibleTree::objectOf(const page::Node& leaf) {
-  const ui::Node* rowNode = rowHolding(leaf.id, page_);
+AccessibleObject* AccessibleTree::objectOf(const page::Node& leaf) {
+  const ui::Node* rowNode = rowHolding(leaf.id, page());
   AccessibleRow* row = rowNode ? rowAt(rowNode->parent->id, rowNode->rowIndex) : nullptr;
   if (rowNode && !row) return nullptr;
   for (ElementSlot& slot : elementsOf(row)) {
@@ -88,12 +77,12 @@ std::vector<ElementSlot>& AccessibleTree::elementsOf(AccessibleRow* row) {
   if (const ui::Node* node = nodeOf(*row)) {
     // The elements of a row change only when the graph describes something.
     const auto described = [this] {
-      return page_.graph().work().bodies + page_.graph().work().rows;
+      return page().graph().work().bodies + page().graph().work().rows;
     };
     if (row->knownNode != node->id || row->knownAt != described()) {
       row->knownNode = node->id;
       const bool wasKnown = !row->known.empty();
-      const ChildSteps steps = adopt(row->known, elementsUnder(node->id, page_), leaving_);
+      const ChildSteps steps = adopt(row->known, elementsUnder(node->id, page()), leaving_);
       row->knownAt = described();
       if (wasKnown) note(row, steps);
     }
@@ -101,14 +90,7 @@ std::vector<ElementSlot>& AccessibleTree::elementsOf(AccessibleRow* row) {
   return row->known;
 }
 
-const ElementSlot* AccessibleTree::slot(AccessibleRow* row, std::uint64_t path) {
-  if (row && row->isLeaving()) return nullptr;
-  const auto& elements = elementsOf(row);
-  auto found = std::ranges::find(elements, path, &ElementSlot::path);
-  return found == elements.end() ? nullptr : &*found;
-}
-
-AccessibleElement* AccessibleTree::object(AccessibleRow* row, ElementSlot& slot) {
+AccessibleObject* AccessibleTree::object(AccessibleRow* row, ElementSlot& slot) {
   if (!slot.object) slot.object = makeAccessibleElement(*this, row, slot);
   return slot.object;
 }
@@ -118,19 +100,19 @@ AccessibleRow* AccessibleTree::rowAt(NodeID listID, std::size_t index) {
   const ui::Node* node = find(listID);
   if (!node || index >= node->element.rowCount()) return nullptr;
   KnownRows& list = lists_[listID];
-  list.follow(page_.graph().rowIDs(listID), page_.errors(), leaving_);
+  list.follow(page().graph().rowIDs(listID), page().errors(), leaving_);
   if (AccessibleRow* known = list.at(index)) return known;
   std::string rowID;
-  if (!page_.errors().attempt([&] { rowID = list.source()->key(index); })) return nullptr;
+  if (!page().errors().attempt([&] { rowID = list.source()->key(index); })) return nullptr;
   auto* row = new AccessibleRow(*this, listID, index, std::move(rowID));
-  row->remember(QAccessible::registerAccessibleInterface(row));
+  row->registerWithQt();
   list.add(*row);
   return row;
 }
 
 const ui::Node* AccessibleTree::nodeOf(AccessibleRow& row) {
   refreshList(row.list);
-  return row.isLeaving() ? nullptr : find(lookAtRow(row.list, row.index, page_));
+  return row.isLeaving() ? nullptr : find(lookAtRow(row.list, row.index, page()));
 }
 
 AccessibleRow* AccessibleTree::knownRow(NodeID rowNode) const {
@@ -140,8 +122,10 @@ AccessibleRow* AccessibleTree::knownRow(NodeID rowNode) const {
   return list == lists_.end() ? nullptr : list->second.at(node->rowIndex);
 }
 
-const ui::Node* AccessibleTree::find(NodeID node) const {
-  return page_.graph().find(node);
+void AccessibleTree::noteShowing(AccessibleObject& object, bool isShowing) {
+  using Heard = AccessibleObject::Heard;
+  if (isShowing && object.showing != Heard::yes) showing_.push_back(object.id());
+  object.showing = isShowing ? Heard::yes : Heard::no;
 }
 
 const std::vector<PageSegment>& AccessibleTree::segments() {
@@ -150,14 +134,14 @@ const std::vector<PageSegment>& AccessibleTree::segments() {
 }
 
 void AccessibleTree::refresh() {
-  if (pageVersion_ == page_.version()) return;
+  if (pageVersion_ == page().version()) return;
   const bool wasKnown = hasBeenAsked();
-  pageVersion_ = page_.version();
+  pageVersion_ = page().version();
   // When another page has attached to the graph, this page has no root and shows nothing.
-  const ui::Node* root = page_.tree().root() ? page_.graph().root() : nullptr;
+  const ui::Node* root = page().tree().root() ? page().graph().root() : nullptr;
   const ChildSteps ofElements =
-      adopt(slots_, root ? elementsUnder(root->id, page_) : std::vector<ElementSlot>(), leaving_);
-  const auto before = std::exchange(segments_, segmentsOf(slots_, page_.graph()));
+      adopt(slots_, root ? elementsUnder(root->id, page()) : std::vector<ElementSlot>(), leaving_);
+  const auto before = std::exchange(segments_, segmentsOf(slots_, page().graph()));
   std::unordered_map<NodeID, KnownRows> gone = std::exchange(lists_, {});
   std::unordered_map<NodeID, ChildSteps> ofRows;
   for (const PageSegment& segment : segments_) {
@@ -166,22 +150,22 @@ void AccessibleTree::refresh() {
     if (known) lists_.insert(std::move(known));
     KnownRows& rows = lists_[segment.list];
     ChildSteps& steps = ofRows[segment.list];
-    if (const auto ids = page_.graph().rowIDs(segment.list)) {
-      steps = rows.follow(ids, page_.errors(), leaving_);
+    if (const auto ids = page().graph().rowIDs(segment.list)) {
+      steps = rows.follow(ids, page().errors(), leaving_);
     }
   }
-  for (auto& [id, list] : gone) ofRows[id] = list.leave(page_.errors(), leaving_);
+  for (auto& [id, list] : gone) ofRows[id] = list.leave(page().errors(), leaving_);
   if (wasKnown) note(nullptr, stepsOfPage(before, segments_, ofElements, ofRows));
 }
 
 void AccessibleTree::refreshList(NodeID listID) {
   refresh();
   const auto known = lists_.find(listID);
-  const auto ids = page_.graph().rowIDs(listID);
+  const auto ids = page().graph().rowIDs(listID);
   if (known == lists_.end() || !ids) return;
   // The source can change without a new version of the page, but only while the graph handles an
   // event.
-  ChildSteps steps = known->second.follow(ids, page_.errors(), leaving_);
+  ChildSteps steps = known->second.follow(ids, page().errors(), leaving_);
   const auto segment = std::ranges::find(segments_, listID, &PageSegment::list);
   if (segment == segments_.end()) return;
   for (ChildSteps::Left& left : steps.left) left.index += segment->first;
@@ -216,7 +200,7 @@ std::vector<AccessibleObject*> AccessibleTree::knownNearViewport() {
   addKnown(slots_);
   std::vector<AccessibleRow*> rows;
   for (auto& [node, list] : lists_) {
-    const page::Node* shown = page_.tree().find(node);
+    const page::Node* shown = page().tree().find(node);
     if (!shown) continue;
     for (const page::Node& rendered : shown->children()) {
       if (AccessibleRow* row = list.at(rendered.rowIndex)) rows.push_back(row);
@@ -242,14 +226,14 @@ void AccessibleTree::note(AccessibleRow* row, const ChildSteps& steps) {
     return known ? known->id() : 0;
   };
   if (!steps.areComplete || steps.left.size() + steps.came.size() > mostToldOneByOne) {
-    announcements_.noteChild({Kind::unlisted, parent, 0, childAt(0)});
+    childChanges_.push_back({Kind::unlisted, parent, 0, childAt(0)});
     return;
   }
   for (const auto& [index, gone] : steps.left | std::views::reverse) {
-    announcements_.noteChild({Kind::removed, parent, index, gone});
+    childChanges_.push_back({Kind::removed, parent, index, gone});
   }
   for (const std::size_t index : steps.came) {
-    announcements_.noteChild({Kind::added, parent, index, childAt(index)});
+    childChanges_.push_back({Kind::added, parent, index, childAt(index)});
   }
 }
 

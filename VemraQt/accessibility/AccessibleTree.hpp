@@ -1,31 +1,25 @@
 #pragma once
 
 #include "VemraPlatform/ui/ViewGraph.hpp"
-#include "VemraQt/accessibility/Announcements.hpp"
-#include "VemraQt/accessibility/IdentifierSearch.hpp"
 #include "VemraQt/accessibility/KnownRows.hpp"
 #include "VemraQt/accessibility/LeavingObjects.hpp"
+#include "VemraQt/accessibility/ObjectHost.hpp"
 #include "VemraQt/accessibility/PageSegments.hpp"
+#include "VemraQt/atspi/ChildSignals.hpp"
 
 #include <cstdint>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include <QAccessible>
 #include <QObject>
-
-class QAbstractScrollArea;
 
 namespace vemra::page {
 struct Node;
 }  // namespace vemra::page
 
 namespace vemra::qt {
-
-class AccessibleElement;
-class AccessibleObject;
-class AccessibleRow;
-class Page;
 
 /// The whole page as one tree of accessible objects: one for every text and control of every row,
 /// with or without a widget.
@@ -42,7 +36,7 @@ class Page;
 /// graph to describe it (`ViewGraph::lookAtRow`). When the element or row of an object goes, the
 /// object answers like an empty one and is deleted in the next turn of the event loop. Finding a
 /// child or its index examines no other row.
-class AccessibleTree final : public QObject {
+class AccessibleTree final : public QObject, public ObjectHost {
  public:
   AccessibleTree(QAbstractScrollArea& area, Page& page);
   ~AccessibleTree() override;
@@ -54,29 +48,20 @@ class AccessibleTree final : public QObject {
   /// @}
 
   /// The object of a shown element; nullptr when the element is not accessible.
-  AccessibleElement* objectOf(const page::Node& leaf);
+  AccessibleObject* objectOf(const page::Node& leaf);
   /// Whether there may be a client to notify: accessibility is active, or a client has asked this
   /// tree before.
   bool isWatched() const { return hasBeenAsked() || QAccessible::isActive(); }
 
-  /// \name For the objects and the other parts of the tree @{
-  IdentifierSearch& identifiers() { return identifiers_; }
-  Announcements& announcements() { return announcements_; }
-  QAccessibleInterface* pageObject() const;
-  QAbstractScrollArea& area() const { return area_; }
-  Page& page() const { return page_; }
-
+  /// \name For the objects, the announcements and the search for identifiers @{
   /// Updates the tree to the page's current version, and notes added and removed children for
   /// clients.
   void refresh();
-  /// Calls `refresh`; also updates the rows of that list while the graph is handling an event.
-  void refreshList(ui::NodeID list);
+  void refreshList(ui::NodeID list) override;
   /// The current children of the page.
   const std::vector<PageSegment>& segments();
-  /// The elements of the page (`row` is nullptr) or of a row, updated first.
-  std::vector<ElementSlot>& elementsOf(AccessibleRow* row);
-  const ElementSlot* slot(AccessibleRow* row, std::uint64_t path);
-  AccessibleElement* object(AccessibleRow* row, ElementSlot& slot);
+  std::vector<ElementSlot>& elementsOf(AccessibleRow* row) override;
+  AccessibleObject* object(AccessibleRow* row, ElementSlot& slot) override;
   /// The row's object, made if needed; nullptr when the list has no such row.
   AccessibleRow* rowAt(ui::NodeID list, std::size_t index);
   /// The object of the row with that node; nullptr when no client has asked for the row.
@@ -88,9 +73,13 @@ class AccessibleTree final : public QObject {
   /// The objects, of those that clients have asked for, whose elements or rows are in or near the
   /// viewport.
   std::vector<AccessibleObject*> knownNearViewport();
-  /// The row's node; the graph describes the row if needed. nullptr when the row is gone.
-  const ui::Node* nodeOf(AccessibleRow& row);
-  const ui::Node* find(ui::NodeID node) const;
+  const ui::Node* nodeOf(AccessibleRow& row) override;
+  void noteShowing(AccessibleObject& object, bool isShowing) override;
+  /// The objects last reported to clients as visible; the caller removes those that it reports as
+  /// hidden, or that are gone.
+  std::vector<QAccessible::Id>& shownObjects() { return showing_; }
+  /// Takes the added and removed children that have not been announced.
+  std::vector<atspi::ChildChange> takeChildChanges() { return std::exchange(childChanges_, {}); }
   /// @}
 
  private:
@@ -99,15 +88,13 @@ class AccessibleTree final : public QObject {
 
   static constexpr std::uint64_t neverAsked = ~std::uint64_t{0};
 
-  QAbstractScrollArea& area_;
-  Page& page_;
   std::uint64_t pageVersion_ = neverAsked;  ///< the page's version at the last refresh
   std::vector<ElementSlot> slots_;
   std::vector<PageSegment> segments_;
   std::unordered_map<ui::NodeID, KnownRows> lists_;
   LeavingObjects leaving_;
-  IdentifierSearch identifiers_;
-  Announcements announcements_;
+  std::vector<atspi::ChildChange> childChanges_;
+  std::vector<QAccessible::Id> showing_;
 };
 
 }  // namespace vemra::qt

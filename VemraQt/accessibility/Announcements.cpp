@@ -1,8 +1,7 @@
 #include "VemraQt/accessibility/Announcements.hpp"
 
-#include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/accessibility/AccessibleElement.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
-#include "VemraQt/accessibility/ObjectPlaces.hpp"
 #include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
@@ -85,13 +84,14 @@ void Announcements::announceNews() {
   for (const NodeID changed : std::exchange(changedRows_, {})) {
     if (AccessibleRow* row = tree_.knownRow(changed)) tree_.elementsOf(row);
   }
-  tell(std::exchange(childChanges_, {}));
+  tell(tree_.takeChildChanges());
   std::vector<Change> changes;
   for (const NodeID updated : std::exchange(updated_, {})) {
     ElementSlot* slot = knownSlot(updated);
     if (!slot) continue;
     compare(*slot, changes);
-    if (AccessibleRow* row = slot->object->row()) compareName(*row, changes);
+    if (auto* row = dynamic_cast<AccessibleRow*>(slot->object->parent()))
+      compareName(*row, changes);
   }
   compareShowing(changes);
   tell(changes);
@@ -111,7 +111,7 @@ void Announcements::compareSomeRows() {
     compareName(*row, changes);
   }
   notify([&] {
-    tell(std::exchange(childChanges_, {}));
+    tell(tree_.takeChildChanges());
     tell(changes);
   });
 }
@@ -135,25 +135,18 @@ void Announcements::compareName(AccessibleRow& row, std::vector<Change>& changes
   if (row.hearName()) changes.push_back({row.id(), Change::What::name});
 }
 
-void Announcements::noteShowing(AccessibleObject& object, bool isShowing) {
-  using Heard = AccessibleObject::Heard;
-  if (isShowing && object.showing != Heard::yes) showing_.push_back(object.id());
-  object.showing = isShowing ? Heard::yes : Heard::no;
-}
-
 bool Announcements::isShowing(AccessibleObject& object) {
   auto* element = dynamic_cast<AccessibleElement*>(&object);
   // Skip the elements of a row outside the viewport: they cannot be visible, and may have no nodes.
-  if (element && element->row() && !isInViewport(tree_, rectOf(tree_, *element->row())))
-    return false;
-  return isInViewport(tree_, object.rect());
+  if (element && element->row() && !tree_.isInViewport(element->row()->rect())) return false;
+  return tree_.isInViewport(object.rect());
 }
 
 /// Adds a change for each object that is now visible but was last reported as hidden, or the other
 /// way round.
 void Announcements::compareShowing(std::vector<Change>& changes) {
   using Heard = AccessibleObject::Heard;
-  std::erase_if(showing_, [&](QAccessible::Id id) {
+  std::erase_if(tree_.shownObjects(), [&](QAccessible::Id id) {
     AccessibleObject* object = AccessibleObject::living(id);
     if (!object) return true;
     if (isShowing(*object)) return false;
@@ -163,7 +156,7 @@ void Announcements::compareShowing(std::vector<Change>& changes) {
   });
   for (AccessibleObject* object : tree_.knownNearViewport()) {
     if (object->showing != Heard::no || !isShowing(*object)) continue;
-    noteShowing(*object, true);
+    tree_.noteShowing(*object, true);
     changes.push_back({object->id(), Change::What::shown});
   }
 }
@@ -230,7 +223,7 @@ ElementSlot* Announcements::knownSlot(NodeID node) {
 
 void Announcements::focusMoved(NodeID node) {
   const page::Node* leaf = tree_.page().tree().find(node);
-  AccessibleElement* object = leaf ? tree_.objectOf(*leaf) : nullptr;
+  AccessibleObject* object = leaf ? tree_.objectOf(*leaf) : nullptr;
   if (!object) return;
   QAccessibleEvent event(object, QAccessible::Focus);
   notify([&] { QAccessible::updateAccessibility(&event); });

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "VemraQt/accessibility/ChildSteps.hpp"
 #include "VemraQt/atspi/ChildSignals.hpp"
 #include "VemraQt/page/PageObserver.hpp"
 
@@ -14,6 +13,7 @@ namespace vemra::qt {
 class AccessibleObject;
 class AccessibleRow;
 class AccessibleTree;
+struct ElementSlot;
 
 /// Notifies clients of changes to the objects that they have asked for.
 ///
@@ -34,13 +34,6 @@ class Announcements final : public PageObserver {
   void removing(const page::Node& node) override;
   void settled() override;
   void focusMoved(ui::NodeID node);
-
-  /// Notes that a child of a row, or of the page, was added or removed; sent when the page is at
-  /// rest.
-  void noteChild(const atspi::ChildChange& change) { childChanges_.push_back(change); }
-  /// Records that a client has asked whether the object is visible, so that later changes are
-  /// announced.
-  void noteShowing(AccessibleObject& object, bool isShowing);
 
  private:
   /// A difference between an object and its state last reported to clients.
@@ -66,8 +59,6 @@ class Announcements final : public PageObserver {
 
   AccessibleTree& tree_;
   std::vector<ui::NodeID> changedRows_, updated_;
-  std::vector<atspi::ChildChange> childChanges_;
-  std::vector<QAccessible::Id> showing_;  ///< objects last reported as visible
   QTimer comparing_;
   bool notifying_ = false;  ///< clients are being notified and may ask or change anything
   bool hasNews_ = false;    ///< something may have changed since the last notification

@@ -1,6 +1,6 @@
 #include "VemraQt/accessibility/ChildSteps.hpp"
 
-#include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/accessibility/AccessibleObject.hpp"
 #include "VemraQt/accessibility/LeavingObjects.hpp"
 
 #include <utility>
@@ -33,7 +33,7 @@ ChildSteps adopt(std::vector<ElementSlot>& elements, std::vector<ElementSlot> fr
   }
   const std::vector<ElementSlot> before = std::exchange(elements, std::move(fresh));
   for (const ChildSteps::Left& left : steps.left) {
-    if (AccessibleElement* gone = before[left.index].object) leaving.add(*gone);
+    if (AccessibleObject* gone = before[left.index].object) leaving.add(*gone);
   }
   for (std::size_t place = 0; place < isOld.size(); ++place) {
     if (!isOld[place]) steps.came.push_back(place);

@@ -12,7 +12,7 @@ struct Node;
 
 namespace vemra::qt {
 
-class AccessibleElement;
+class AccessibleObject;
 class Page;
 
 /// One element of a page or of a row as assistive technology sees it, and its accessible object
@@ -21,7 +21,7 @@ struct ElementSlot {
   std::uint64_t path = 0;  ///< the place in the page or row; constant as long as the identity is
   ui::ElementKind kind = ui::ElementKind::text;
   ui::NodeID node;
-  AccessibleElement* object = nullptr;
+  AccessibleObject* object = nullptr;
   /// \name The state last reported to clients @{
   bool enabled = true;
   std::size_t shown = 0;  ///< hash of the name, or of a picker's choice

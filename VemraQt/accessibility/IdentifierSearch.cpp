@@ -1,6 +1,6 @@
 #include "VemraQt/accessibility/IdentifierSearch.hpp"
 
-#include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/accessibility/AccessibleRow.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
 #include "VemraQt/atspi/IdentifierBus.hpp"
 #include "VemraQt/page/Page.hpp"

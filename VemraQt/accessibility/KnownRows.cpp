@@ -2,7 +2,8 @@
 
 #include "VemraPlatform/page/RowChanges.hpp"
 #include "VemraPlatform/text/Equality.hpp"
-#include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraPlatform/ui/Identity.hpp"
+#include "VemraQt/accessibility/AccessibleRow.hpp"
 #include "VemraQt/accessibility/LeavingObjects.hpp"
 #include "VemraQt/page/PageErrors.hpp"
 

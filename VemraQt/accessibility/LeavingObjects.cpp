@@ -1,6 +1,6 @@
 #include "VemraQt/accessibility/LeavingObjects.hpp"
 
-#include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/accessibility/AccessibleRow.hpp"
 
 #include <utility>
 
@@ -15,9 +15,7 @@ LeavingObjects::LeavingObjects() {
 void LeavingObjects::add(AccessibleObject& object) {
   if (object.isLeaving()) return;
   object.leave();
-  if (auto* element = dynamic_cast<AccessibleElement*>(&object)) {
-    for (AccessibleObject* own : element->ownObjects()) add(*own);
-  }
+  for (AccessibleObject* own : object.ownObjects()) add(*own);
   objects_.push_back(object.id());
   deleting_.start();
 }

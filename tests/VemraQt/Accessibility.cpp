@@ -1,6 +1,6 @@
 #include "tests/VemraQt/Accessibility.hpp"
 
-#include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/accessibility/AccessibleObject.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 
 #include <utility>
@@ -12,7 +12,7 @@ QAccessibleInterface& accessiblePage(const WindowHost& host) {
 }
 
 QAccessibleInterface* accessible(const WindowHost& host, const std::string& identifier) {
-  const auto found = treeOf(host.widget).identifiers().find(QString::fromStdString(identifier), 1);
+  const auto found = identifiersOf(host.widget).find(QString::fromStdString(identifier), 1);
   return found.isEmpty() ? nullptr : QAccessible::accessibleInterface(found.front());
 }
 

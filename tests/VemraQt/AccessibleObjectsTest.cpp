@@ -2,7 +2,7 @@
 // removed.
 
 #include "VemraPlatform/ui/View.hpp"
-#include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/accessibility/AccessibleObject.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
@@ -65,7 +65,7 @@ class AccessibleObjectsTest : public ::testing::Test {
   }
 
   QAccessibleInterface& page() { return *QAccessible::queryAccessibleInterface(&widget); }
-  qt::IdentifierSearch& identifiers() { return treeOf(widget).identifiers(); }
+  qt::IdentifierSearch& identifiers() { return identifiersOf(widget); }
   QAccessibleInterface* find(const std::string& identifier) {
     const auto found = identifiers().find(QString::fromStdString(identifier), 1);
     return found.isEmpty() ? nullptr : QAccessible::accessibleInterface(found.front());

@@ -272,10 +272,9 @@ TEST(AccessibleTree, FindsAllElementsWithEqualIdentifiers) {
   people[2].personRef = "p0";
   result.people = people;
   WindowHost host(result);
-  const auto found =
-      treeOf(host.widget).identifiers().find("vemra.goal.person.p0.outcome.start", 0);
+  const auto found = identifiersOf(host.widget).find("vemra.goal.person.p0.outcome.start", 0);
   EXPECT_EQ(found.size(), 2);
-  EXPECT_EQ(treeOf(host.widget).identifiers().find("nobody", 0).size(), 0);
+  EXPECT_EQ(identifiersOf(host.widget).find("nobody", 0).size(), 0);
 }
 
 TEST(AccessibleTree, FindingOneElementAmongManyDescribesFewRows) {
@@ -345,7 +344,7 @@ TEST(AccessibleTree, AnIdentifierNeedNotContainItsRowsId) {
     return ui::Text(ui::verbatim(item.text)).accessibilityIdentifier("text " + item.text);
   }));
   widget.show();
-  qt::IdentifierSearch& identifiers = treeOf(widget).identifiers();
+  qt::IdentifierSearch& identifiers = identifiersOf(widget);
   for (int again = 0; again < 2; ++again) {
     for (const char* text : {"text 499", "text 0"}) {
       const auto found = identifiers.find(QString::fromLatin1(text), 0);

@@ -2,7 +2,6 @@
 
 #include "VemraQt/ViewWidget.hpp"
 #include "VemraQt/accessibility/AccessiblePage.hpp"
-#include "VemraQt/accessibility/AccessibleTree.hpp"
 #include "VemraQt/page/Page.hpp"
 
 /// \file
@@ -10,12 +9,16 @@
 
 namespace vemra::qttest {
 
-inline qt::AccessibleTree& treeOf(const qt::ViewWidget& widget) {
-  return *qt::accessibleTreeOf(&widget);
+inline qt::AccessiblePage& accessiblePageOf(const qt::ViewWidget& widget) {
+  return *qt::AccessiblePage::in(&widget);
+}
+
+inline qt::IdentifierSearch& identifiersOf(const qt::ViewWidget& widget) {
+  return accessiblePageOf(widget).identifiers();
 }
 
 inline qt::Page& pageOf(const qt::ViewWidget& widget) {
-  return treeOf(widget).page();
+  return accessiblePageOf(widget).tree().page();
 }
 
 }  // namespace vemra::qttest

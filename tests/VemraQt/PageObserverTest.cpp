@@ -30,7 +30,9 @@ class PageObserverTest : public ::testing::Test, private qt::PageObserver {
     widget.show();
     pageOf(widget).setObserver(this);
   }
-  ~PageObserverTest() override { pageOf(widget).setObserver(&treeOf(widget).announcements()); }
+  ~PageObserverTest() override {
+    pageOf(widget).setObserver(&accessiblePageOf(widget).announcements());
+  }
 
   /// The graph compares with the rows shown before, so they stay.
   void show(std::vector<std::string> ids) {

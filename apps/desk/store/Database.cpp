@@ -4,7 +4,6 @@
 #include "apps/desk/store/FileLocks.hpp"
 #include "apps/desk/store/Problem.hpp"
 #include "apps/desk/store/SameText.hpp"
-#include "apps/desk/store/Statement.hpp"
 #include "apps/desk/store/StoreError.hpp"
 #include "apps/documents/DocumentError.hpp"
 
@@ -30,6 +29,29 @@ PRAGMA locking_mode = NORMAL;
 PRAGMA foreign_keys = ON;
 PRAGMA recursive_triggers = OFF;
 PRAGMA cell_size_check = ON)sql";
+
+/// The first value of a query.
+struct Value {
+  std::int64_t number = 0;
+  std::string text;  ///< "" unless the value is a text
+};
+
+/// Runs a query of the connection itself. `Statement` builds on `Database`, so this calls SQLite.
+Value firstValue(Database& database, const char* sql) {
+  sqlite3_stmt* prepared = nullptr;
+  const int code = sqlite3_prepare_v2(database.handle(), sql, -1, &prepared, nullptr);
+  const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> statement(prepared, sqlite3_finalize);
+  if (code != SQLITE_OK) database.fail(code);
+  const int step = sqlite3_step(prepared);
+  if (step == SQLITE_DONE) return {};
+  if (step != SQLITE_ROW) database.fail(step);
+  if (sqlite3_column_type(prepared, 0) != SQLITE_TEXT) {
+    return {sqlite3_column_int64(prepared, 0), {}};
+  }
+  const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(prepared, 0));
+  if (bytes == nullptr) database.fail(SQLITE_NOMEM);
+  return {0, {bytes, static_cast<std::size_t>(sqlite3_column_bytes(prepared, 0))}};
+}
 
 }  // namespace
 
@@ -72,9 +94,7 @@ void Database::run(const char* sql) {
 }
 
 std::int64_t Database::number(const char* sql) {
-  Statement statement(*this, sql);
-  statement.query();
-  return statement.next() ? statement.integer(0) : 0;
+  return firstValue(*this, sql).number;
 }
 
 std::int64_t Database::version() {
@@ -88,12 +108,7 @@ Database::Revision Database::revision() {
 
 void Database::accept() {
   file_.keep();
-  Statement mode(*this, "PRAGMA journal_mode");
-  mode.query();
-  const bool hasLog = mode.next() && mode.text(0) == "wal";
-  while (mode.next()) {
-  }
-  if (hasLog) file_.noteCompanions();
+  if (firstValue(*this, "PRAGMA journal_mode").text == "wal") file_.noteCompanions();
   version();
 }
 
@@ -109,15 +124,12 @@ void Database::countText(std::size_t bytes) {
     *textsLeft_ -= bytes;
     return;
   }
-  // Reset before the check, because its answer is a text as well.
   textsLeft_.reset();
   checkFile();
 }
 
 void Database::checkFile() {
-  Statement check(*this, "PRAGMA quick_check(1)");
-  check.query();
-  const std::string answer = check.next() ? check.text(0) : "";
+  const std::string answer = firstValue(*this, "PRAGMA quick_check(1)").text;
   if (answer == "ok") return;
   // A heading line, "*** in database main ***", precedes the description of a damaged page.
   const std::size_t heading = answer.starts_with("***") ? answer.find('\n') + 1 : 0;

@@ -43,7 +43,7 @@ class Database {
   /// Runs statements that return no rows and take no values.
   void run(const char* sql);
 
-  /// Runs a query that returns one number.
+  /// Runs a query that returns one number; 0 when it returns no row.
   std::int64_t number(const char* sql);
 
   /// A number that changes when another connection changes the database.

@@ -1,8 +1,8 @@
 #include "apps/desk/window/AccessibleGoals.hpp"
 
 #include "VemraQt/atspi/ChildSignals.hpp"
-#include "apps/desk/window/GoalList.hpp"
 #include "apps/desk/window/GoalRow.hpp"
+#include "apps/desk/window/ListedGoals.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
 #include <cstdlib>
@@ -236,7 +236,7 @@ class AccessibleColumn final : public QAccessibleWidget {
   }
 
   GoalColumn& column() const { return *static_cast<GoalColumn*>(widget()); }
-  GoalList* list() const { return column().list(); }
+  ListedGoals* list() const { return column().list(); }
 
   mutable std::unordered_map<std::size_t, QAccessible::Id> known_;
   mutable std::optional<int> toldCount_;
@@ -251,7 +251,7 @@ QAccessibleInterface* makeColumnOrRow(const QString&, QObject* object) {
 
 }  // namespace
 
-GoalColumn::GoalColumn(GoalList& list) : list_(&list) {
+GoalColumn::GoalColumn(ListedGoals& list) : list_(&list) {
   static const bool installed = (QAccessible::installFactory(makeColumnOrRow), true);
   static_cast<void>(installed);
 }

@@ -4,7 +4,7 @@
 
 namespace vemra::desk {
 
-class GoalList;
+class ListedGoals;
 
 /// The viewport of a list of goals. Assistive technology sees the heading and every goal below it,
 /// with or without a widget, as radio buttons; the open goal is checked.
@@ -17,16 +17,16 @@ class GoalColumn : public QWidget {
   Q_OBJECT
 
  public:
-  explicit GoalColumn(GoalList& list);
+  explicit GoalColumn(ListedGoals& list);
   /// The list; nullptr when it is being destroyed.
-  GoalList* list() const { return list_; }
+  ListedGoals* list() const { return list_; }
   void forgetList() { list_ = nullptr; }
   /// Announces the changes since the last announcement. Call it when the list shows other goals, or
   /// another goal is open. Costs a step for each goal without a widget that a client has asked for.
   void announce();
 
  private:
-  GoalList* list_;
+  ListedGoals* list_;
 };
 
 }  // namespace vemra::desk

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "VemraPlatform/page/RowHeights.hpp"
-#include "apps/desk/store/GoalStore.hpp"
+#include "apps/desk/window/ListedGoals.hpp"
 
 #include <map>
 #include <optional>
@@ -10,19 +10,16 @@
 
 #include <QAbstractScrollArea>
 
-class QLabel;
-
 namespace vemra::desk {
 
 class GoalColumn;
-class GoalRow;
 
 /// The goals of the store in a column; one of them is open.
 ///
 /// The Up and Down keys move to the next goal and open it, Home and End open the first and the last
 /// goal; the list is one stop of the Tab key. Only the rows near the viewport, the open row and the
 /// focused row have a widget. Assistive technology sees all goals (`AccessibleGoals`).
-class GoalList : public QAbstractScrollArea {
+class GoalList : public QAbstractScrollArea, public ListedGoals {
   Q_OBJECT
 
  public:
@@ -33,20 +30,14 @@ class GoalList : public QAbstractScrollArea {
   /// to the open goal when it differs from the previous one.
   void setGoals(const std::vector<GoalListing>& goals, const std::string& openGoalID);
 
-  /// \name For assistive technology; `index` counts the goals from the top. @{
-  const std::vector<GoalListing>& goals() const { return goals_; }
-  QLabel& heading() const { return *heading_; }
-  std::optional<std::size_t> openIndex() const { return open_; }
-  /// The widget of a row; nullptr while it has none.
-  GoalRow* row(std::size_t index) const;
-  std::optional<std::size_t> indexOf(const GoalRow& row) const;
-  /// The frame of a row in the viewport; estimated if the row has never been there.
-  QRect rowRect(std::size_t index) const;
-  /// Opens a goal, like a click.
-  void choose(std::size_t index);
-  /// Scrolls a row into view and gives it the focus.
-  void focusRow(std::size_t index);
-  /// @}
+  const std::vector<GoalListing>& goals() const override { return goals_; }
+  QLabel& heading() const override { return *heading_; }
+  std::optional<std::size_t> openIndex() const override { return open_; }
+  GoalRow* row(std::size_t index) const override;
+  std::optional<std::size_t> indexOf(const GoalRow& row) const override;
+  QRect rowRect(std::size_t index) const override;
+  void choose(std::size_t index) override;
+  void focusRow(std::size_t index) override;
 
  Q_SIGNALS:
   void goalChosen(const std::string& goalID);

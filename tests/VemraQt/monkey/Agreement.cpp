@@ -1,7 +1,7 @@
 #include "tests/VemraQt/monkey/Agreement.hpp"
 
 #include "VemraPlatform/text/Trim.hpp"
-#include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/accessibility/AccessibleObject.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/monkey/SameTrees.hpp"

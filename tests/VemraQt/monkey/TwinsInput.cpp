@@ -1,7 +1,7 @@
 // A person's input to the window, and the equivalent event for the other screen.
 
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
-#include "VemraQt/accessibility/AccessibleObjects.hpp"
+#include "VemraQt/accessibility/AccessibleElement.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/WindowHost.hpp"

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "VemraQt/accessibility/AccessibleRow.hpp"
+
+#include <cstdint>
+
+namespace vemra::qt {
+
+/// An element (a text, button, picker or text field), by its path in the page (no row) or in a row.
+class AccessibleElement : public AccessibleObject, public QAccessibleActionInterface {
+ public:
+  AccessibleElement(ObjectHost& tree, AccessibleRow* row, std::uint64_t path)
+      : AccessibleObject(tree), row_(row), path_(path) {}
+
+  QAccessibleInterface* parent() const override;
+  QString textOf(QAccessible::Text kind) const override;
+  /// Estimated when the element has no frame now.
+  QRect rect() const override;
+  QAccessible::State state() const override;
+  QString identifier() const override;
+  void scrollIn() override;
+  void* interface_cast(QAccessible::InterfaceType type) override;
+
+  QStringList actionNames() const override;
+  /// May remove this object.
+  void doAction(const QString& name) override;
+  QStringList keyBindingsForAction(const QString&) const override { return {}; }
+
+  AccessibleRow* row() const { return row_; }
+  /// The element's current node; nullptr when the element is gone.
+  const ui::Node* node() const;
+
+ protected:
+  /// The place of the element's row; without a list when the element is outside lists.
+  RowPlace rowPlace() const { return row_ ? row_->place() : RowPlace{}; }
+
+ private:
+  QRect rectOf(ui::NodeID node) const;
+
+  AccessibleRow* row_;
+  std::uint64_t path_;
+};
+
+}  // namespace vemra::qt

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "VemraQt/accessibility/AccessibleObject.hpp"
+#include "VemraQt/accessibility/ElementSlot.hpp"
+#include "VemraQt/accessibility/ObjectActions.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vemra::qt {
+
+/// A row of a list: a group, named by the first text or title in it.
+class AccessibleRow final : public AccessibleObject {
+ public:
+  AccessibleRow(ObjectHost& tree, ui::NodeID itsList, std::size_t itsIndex, std::string itsID)
+      : AccessibleObject(tree), list(itsList), index(itsIndex), rowID(std::move(itsID)) {}
+
+  QAccessibleInterface* parent() const override { return tree().pageObject(); }
+  int childCount() const override;
+  QAccessibleInterface* child(int index) const override;
+  int indexOfChild(const QAccessibleInterface* object) const override;
+  QString textOf(QAccessible::Text kind) const override;
+  /// Whether the row's name differs from the one last reported to clients. Stores the new name,
+  /// because the caller announces it next. False when no client has asked for the name.
+  bool hearName();
+  /// Estimated when the row has no frame now.
+  QRect rect() const override;
+  QAccessible::Role role() const override { return QAccessible::Grouping; }
+  QAccessible::State state() const override;
+  QString identifier() const override;
+  void scrollIn() override;
+
+  RowPlace place() const { return {list, index}; }
+
+  const ui::NodeID list;
+  std::size_t index;
+  const std::string rowID;
+  std::vector<ElementSlot> known;
+  ui::NodeID knownNode;       ///< the row's node when `known` was made
+  std::uint64_t knownAt = 0;  ///< the graph's count of described bodies and rows at that time
+
+ private:
+  QString shownName() const;
+
+  mutable std::optional<std::size_t> heardName_;  ///< hash of the name last reported
+};
+
+}  // namespace vemra::qt
