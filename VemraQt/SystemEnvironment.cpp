@@ -1,7 +1,7 @@
 #include "VemraQt/SystemEnvironment.hpp"
 
-#include "VemraQt/Looks.hpp"
 #include "VemraQt/QtStringsTable.hpp"
+#include "VemraQt/Theme.hpp"
 
 #include <QApplication>
 #include <QLocale>

@@ -20,7 +20,7 @@ struct Choice {
 };
 
 /// The choices of a picker: its tagged rows, in tree order. The second function is for a picker in
-/// a row that the graph has described without showing it (`ui::ViewGraph::lookAtRow`), which no
+/// a row that the graph has described without showing it (`ui::ViewGraph::peekRow`), which no
 /// patch has inserted.
 VEMRA_EXPORT std::vector<Choice> choicesOf(const Node& picker);
 VEMRA_EXPORT std::vector<Choice> choicesOf(const ui::Node& picker);

@@ -50,7 +50,7 @@ RowChanges rowChanges(const ui::RowIDs& before, const ui::RowIDs& after, std::si
   for (std::size_t i = 0; i < placesOfOld.size(); ++i) {
     const std::size_t place = placesOfOld[i];
     if (place == ui::absentRow) {
-      changes.left.push_back(old.first + i);
+      changes.removed.push_back(old.first + i);
     } else if (place < next || !fresh.holds(place)) {  // outside: an equal id was removed
       return incomplete;
     } else {
@@ -60,12 +60,12 @@ RowChanges rowChanges(const ui::RowIDs& before, const ui::RowIDs& after, std::si
   const std::vector<std::size_t> placesOfFresh = placesIn(before, after, fresh);
   for (std::size_t i = 0; i < placesOfFresh.size(); ++i) {
     if (placesOfFresh[i] == ui::absentRow) {
-      changes.came.push_back(fresh.first + i);
+      changes.inserted.push_back(fresh.first + i);
     } else if (!old.holds(placesOfFresh[i])) {
       return incomplete;
     }
   }
-  return changes.left.size() + changes.came.size() > most ? incomplete : changes;
+  return changes.removed.size() + changes.inserted.size() > most ? incomplete : changes;
 }
 
 }  // namespace vemra::page

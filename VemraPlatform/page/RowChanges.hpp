@@ -8,12 +8,12 @@
 
 namespace vemra::page {
 
-/// The rows that were removed (`left`) and added (`came`) between two lists.
+/// The rows that were removed (`removed`) and added (`inserted`) between two lists.
 struct RowChanges {
-  std::vector<std::size_t> left;  ///< indexes in the previous list, ascending
-  std::vector<std::size_t> came;  ///< indexes in the new list, ascending
+  std::vector<std::size_t> removed;   ///< indexes in the previous list, ascending
+  std::vector<std::size_t> inserted;  ///< indexes in the new list, ascending
   /// False when rows changed their order, or when more rows than the limit were added and removed.
-  /// Then `left` and `came` are empty.
+  /// Then `removed` and `inserted` are empty.
   bool areComplete = true;
 };
 

@@ -34,24 +34,24 @@ void RowHeights::setHeight(std::size_t row, int height) {
   for (std::size_t i = row + 1; i <= count_; i = above(i)) deviations_[i] += change;
 }
 
-void RowHeights::follow(const std::vector<std::size_t>& left,
-                        const std::vector<std::size_t>& came) {
-  const std::size_t before = std::exchange(count_, count_ - left.size() + came.size());
+void RowHeights::follow(const std::vector<std::size_t>& removed,
+                        const std::vector<std::size_t>& inserted) {
+  const std::size_t before = std::exchange(count_, count_ - removed.size() + inserted.size());
   if (deviations_.empty()) return;
   // First each row's own deviation, then new sums.
   for (std::size_t i = before; i > 0; --i) {
     if (above(i) <= before) deviations_[above(i)] -= deviations_[i];
   }
   std::vector<std::int32_t> after(count_ + 1, 0);
-  auto nextLeft = left.begin();
-  auto nextCame = came.begin();
+  auto nextRemoved = removed.begin();
+  auto nextInserted = inserted.begin();
   std::size_t place = 0;
   for (std::size_t row = 0; row < before; ++row) {
-    if (nextLeft != left.end() && *nextLeft == row) {
-      ++nextLeft;
+    if (nextRemoved != removed.end() && *nextRemoved == row) {
+      ++nextRemoved;
       continue;
     }
-    for (; nextCame != came.end() && *nextCame == place; ++nextCame) ++place;
+    for (; nextInserted != inserted.end() && *nextInserted == place; ++nextInserted) ++place;
     after[++place] = deviations_[row + 1];
   }
   deviations_ = std::move(after);

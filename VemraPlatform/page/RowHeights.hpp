@@ -36,9 +36,9 @@ class VEMRA_EXPORT RowHeights {
   void setHeight(std::size_t row, int height);
   /// Applies removals and additions of rows. A row that stays keeps its height.
   ///
-  /// \param left The previous indexes of the removed rows, ascending.
-  /// \param came The new indexes of the added rows, ascending.
-  void follow(const std::vector<std::size_t>& left, const std::vector<std::size_t>& came);
+  /// \param removed The previous indexes of the removed rows, ascending.
+  /// \param inserted The new indexes of the added rows, ascending.
+  void follow(const std::vector<std::size_t>& removed, const std::vector<std::size_t>& inserted);
 
   std::size_t count() const { return count_; }
   int gap() const { return gap_; }

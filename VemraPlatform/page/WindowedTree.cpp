@@ -18,7 +18,7 @@ constexpr std::size_t mostFollowed = 256;
 void follow(RowHeights& heights, const ui::RowIDs& before, const ui::RowIDs& after) {
   const RowChanges changes = rowChanges(before, after, mostFollowed);
   if (changes.areComplete && heights.count() == before.count()) {
-    heights.follow(changes.left, changes.came);
+    heights.follow(changes.removed, changes.inserted);
   } else {
     heights.reset(after.count(), heights.gap());
   }

@@ -101,7 +101,7 @@ class VEMRA_EXPORT Element {
   friend VEMRA_EXPORT bool operator==(const Element& a, const Element& b);
 
  private:
-  friend struct BehindElement;
+  friend struct ElementAccess;
 
   const Description& description() const { return view_.description(); }
 

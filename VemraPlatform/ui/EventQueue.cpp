@@ -1,6 +1,6 @@
 #include "VemraPlatform/ui/EventQueue.hpp"
 
-#include "VemraPlatform/ui/BehindElement.hpp"
+#include "VemraPlatform/ui/ElementAccess.hpp"
 #include "VemraPlatform/ui/ProgrammerError.hpp"
 #include "VemraPlatform/ui/Reconciler.hpp"
 
@@ -18,7 +18,7 @@ Delivery actOn(const Node* node, const Event& event) {
   if (!node) return Delivery::gone;
   if (!node->element.style().enabled) return Delivery::disabled;
   // Keeps the description alive: the action may replace the description that holds its handler.
-  const View held = BehindElement::view(node->element);
+  const View held = ElementAccess::view(node->element);
   const Content& content = held.description().content;
   if (auto* button = std::get_if<ButtonContent>(&content)) {
     if (!std::holds_alternative<Press>(event)) return Delivery::refused;

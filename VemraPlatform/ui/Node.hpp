@@ -43,7 +43,7 @@ struct Node {
   bool isShown = true;  ///< false for a row that was described without being shown
 
  private:
-  friend struct BehindNode;
+  friend struct NodeAccess;
 
   /// The part that only the graph uses.
   struct Memory {

@@ -1,6 +1,6 @@
 #include "VemraPlatform/ui/Reconciler.hpp"
 
-#include "VemraPlatform/ui/BehindElement.hpp"
+#include "VemraPlatform/ui/ElementAccess.hpp"
 #include "VemraPlatform/ui/ListDiff.hpp"
 #include "VemraPlatform/ui/Rows.hpp"
 
@@ -115,7 +115,7 @@ Node& Reconciler::allocate(Node* parent, const View& view, Identity identity) {
 
 void Reconciler::mount(Node& node, NodeID after, Emission emission) {
   if (auto* composite =
-          std::get_if<CompositeContent>(&BehindElement::description(node.element).content)) {
+          std::get_if<CompositeContent>(&ElementAccess::description(node.element).content)) {
     rows_.waking().restore(node);
     std::shared_ptr<StateCell>& state = memoryOf(node).state;
     if (!state) state = composite->composite->makeState();
@@ -146,7 +146,7 @@ void Reconciler::reconcileContent(Node& node, Emission emission) {
       rows_.reconcile(node, emission);
       break;
     default:
-      if (auto* children = childrenOf(BehindElement::description(node.element).content)) {
+      if (auto* children = childrenOf(ElementAccess::description(node.element).content)) {
         reconcileChildren(node, *children, emission);
       }
   }
@@ -154,7 +154,7 @@ void Reconciler::reconcileContent(Node& node, Emission emission) {
 
 void Reconciler::describeComposite(Node& node, Emission emission) {
   const auto composite =
-      std::get<CompositeContent>(BehindElement::description(node.element).content).composite;
+      std::get<CompositeContent>(ElementAccess::description(node.element).content).composite;
   memoryOf(node).describedInPass = pass_;
   ++work_.bodies;
   const std::optional<View> body =
@@ -230,7 +230,7 @@ void Reconciler::reconcileChildren(Node& parent, std::span<const View> views, Em
 void Reconciler::remove(Node& node) {
   for (Node* child : node.children) remove(*child);
   if (memoryOf(node).rows) {
-    for (Node* row : memoryOf(node).rows->lookedAt) remove(*row);
+    for (Node* row : memoryOf(node).rows->peeked) remove(*row);
   }
   if (memoryOf(node).state) memoryOf(node).state->detach();
   memoryOf(node).isGone = true;

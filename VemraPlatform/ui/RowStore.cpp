@@ -1,7 +1,7 @@
 #include "VemraPlatform/ui/RowStore.hpp"
 
 #include "VemraPlatform/text/Equality.hpp"
-#include "VemraPlatform/ui/BehindElement.hpp"
+#include "VemraPlatform/ui/ElementAccess.hpp"
 #include "VemraPlatform/ui/ListDiff.hpp"
 
 #include <algorithm>
@@ -11,8 +11,8 @@ namespace vemra::ui {
 
 namespace {
 
-// The number of rows described without being shown that are kept for later calls of `lookAt`.
-constexpr std::size_t maximumLookedAt = 64;
+// The number of rows described without being shown that are kept for later calls of `peek`.
+constexpr std::size_t maximumPeeked = 64;
 
 }  // namespace
 
@@ -33,11 +33,11 @@ bool RowStore::demandsEverything(const Node& forEach) const {
 /// the present rows. Otherwise it finds each present row, and each row with saved state, in one
 /// pass over the old ids and one over the new ids.
 void RowStore::reconcile(Node& forEach, Emission emission) {
-  sleep(forEach, std::exchange(memoryOf(forEach).rows->lookedAt, {}));
+  sleep(forEach, std::exchange(memoryOf(forEach).rows->peeked, {}));
   Rows& rows = *memoryOf(forEach).rows;
   const auto before = std::exchange(
       rows.source,
-      std::get<ForEachContent>(BehindElement::description(forEach.element).content).rows);
+      std::get<ForEachContent>(ElementAccess::description(forEach.element).content).rows);
   const RowSource& after = *rows.source;
   if (before != rows.source) patches_.recordRows(forEach, emission);
   const std::size_t count = after.count();
@@ -82,7 +82,7 @@ void RowStore::reconcile(Node& forEach, Emission emission) {
     bool same = false;
     if (places[i] != absentRow) {
       const std::optional<View> described = describe(forEach, places[i]);
-      view = described ? *described : BehindElement::view(row->element);
+      view = described ? *described : ElementAccess::view(row->element);
       same = !described || sameKind(identityOf(view, 0), row->identity);
       kept.push_back({places[i], same ? row : nullptr, std::move(view)});
     }
@@ -111,7 +111,7 @@ void RowStore::reconcile(Node& forEach, Emission emission) {
 /// Makes the rows in `places` (ascending) the shown rows. Other shown rows go to sleep.
 void RowStore::place(Node& forEach, std::vector<Place> places, Emission emission) {
   Rows& rows = *memoryOf(forEach).rows;
-  if (forEach.children.empty() && rows.asleep.empty() && rows.lookedAt.empty()) {
+  if (forEach.children.empty() && rows.asleep.empty() && rows.peeked.empty()) {
     placeFirst(forEach, places, emission);
     return;
   }
@@ -132,11 +132,11 @@ void RowStore::place(Node& forEach, std::vector<Place> places, Emission emission
     if (place.node) {
       place.node->rowIndex = place.index;
     } else {
-      auto lookedAt = std::ranges::find(rows.lookedAt, place.index, &Node::rowIndex);
-      if (lookedAt != rows.lookedAt.end()) {
-        place.node = *lookedAt;
+      auto peeked = std::ranges::find(rows.peeked, place.index, &Node::rowIndex);
+      if (peeked != rows.peeked.end()) {
+        place.node = *peeked;
         place.node->isShown = true;
-        rows.lookedAt.erase(lookedAt);
+        rows.peeked.erase(peeked);
       } else {
         place.node = &allocate(forEach, place);
         mounted.push_back(place.node);
@@ -234,21 +234,21 @@ Node& RowStore::allocate(Node& forEach, std::size_t index, const std::optional<V
 const Node* RowStore::find(const Node& forEach, std::size_t index) {
   const auto shown = std::ranges::lower_bound(forEach.children, index, {}, &Node::rowIndex);
   if (shown != forEach.children.end() && (*shown)->rowIndex == index) return *shown;
-  const std::vector<Node*>& lookedAt = memoryOf(forEach).rows->lookedAt;
-  const auto found = std::ranges::find(lookedAt, index, &Node::rowIndex);
-  return found == lookedAt.end() ? nullptr : *found;
+  const std::vector<Node*>& peeked = memoryOf(forEach).rows->peeked;
+  const auto found = std::ranges::find(peeked, index, &Node::rowIndex);
+  return found == peeked.end() ? nullptr : *found;
 }
 
-const Node& RowStore::lookAt(Node& forEach, std::size_t index) {
+const Node& RowStore::peek(Node& forEach, std::size_t index) {
   Node& row = allocate(forEach, index, describe(forEach, index));
   row.isShown = false;
-  std::vector<Node*>& lookedAt = memoryOf(forEach).rows->lookedAt;
-  lookedAt.push_back(&row);
+  std::vector<Node*>& peeked = memoryOf(forEach).rows->peeked;
+  peeked.push_back(&row);
   WakingState::OfRows taken = waking_.take(forEach, {&row});
   mount(row, taken, {}, Emission::silent);
-  if (lookedAt.size() > maximumLookedAt) {
-    Node& oldest = *lookedAt.front();
-    lookedAt.erase(lookedAt.begin());
+  if (peeked.size() > maximumPeeked) {
+    Node& oldest = *peeked.front();
+    peeked.erase(peeked.begin());
     sleep(forEach, {&oldest});
   }
   return row;
@@ -257,7 +257,7 @@ const Node& RowStore::lookAt(Node& forEach, std::size_t index) {
 std::vector<std::size_t> RowStore::withState(const Node& forEach) {
   std::vector<std::size_t> indexes;
   const Rows& rows = *memoryOf(forEach).rows;
-  for (const auto* present : {&forEach.children, &rows.lookedAt}) {
+  for (const auto* present : {&forEach.children, &rows.peeked}) {
     for (const Node* row : *present) {
       if (hasState(*row)) indexes.push_back(row->rowIndex);
     }

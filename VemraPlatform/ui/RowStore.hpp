@@ -36,7 +36,7 @@ class RowNodes {
 
 /// The rows of the lists: which of them have nodes, and the saved state of the others.
 ///
-/// A row has nodes while it is shown or kept after `lookAt`. When its nodes are removed, state that
+/// A row has nodes while it is shown or kept after `peek`. When its nodes are removed, state that
 /// differs from its initial value is saved until the row returns or leaves the list. All this is
 /// stored in the list's node (`Rows`) and destroyed with it; this class stores nothing between
 /// calls.
@@ -51,10 +51,10 @@ class RowStore {
   /// Whether the list always shows all its rows, so that `show` does not apply.
   bool demandsEverything(const Node& forEach) const;
 
-  /// The row at `index` if it is shown or still kept after `lookAt`; else nullptr.
+  /// The row at `index` if it is shown or still kept after `peek`; else nullptr.
   static const Node* find(const Node& forEach, std::size_t index);
   /// Describes a row that `find` does not find, without showing it, and keeps its node for a while.
-  const Node& lookAt(Node& forEach, std::size_t index);
+  const Node& peek(Node& forEach, std::size_t index);
   /// The indexes of the rows with state that differs from its initial value, ascending, each once.
   std::vector<std::size_t> withState(const Node& forEach);
 

@@ -17,7 +17,7 @@ std::uint64_t collectState(Node& node, IdentityPath& path, SavedState& saved) {
   if (memory.asleepBelow) saved.takeBelow(path, *std::exchange(memory.asleepBelow, nullptr));
   if (memory.rows) {
     std::vector<Node*> rows = node.children;
-    rows.insert(rows.end(), memory.rows->lookedAt.begin(), memory.rows->lookedAt.end());
+    rows.insert(rows.end(), memory.rows->peeked.begin(), memory.rows->peeked.end());
     const std::uint64_t idPasses = putToSleep(*memory.rows, std::move(rows));
     if (!memory.rows->asleep.empty()) {
       saved.lists.emplace_back(path, std::exchange(memory.rows->asleep, {}));
@@ -90,7 +90,7 @@ bool hasState(const Node& node) {
   if (memory.state && !memory.state->isInitial()) return true;
   if (memory.asleepBelow) return true;
   if (memory.rows && !memory.rows->asleep.empty()) return true;
-  if (memory.rows && std::ranges::any_of(memory.rows->lookedAt, has)) return true;
+  if (memory.rows && std::ranges::any_of(memory.rows->peeked, has)) return true;
   return std::ranges::any_of(node.children, has);
 }
 

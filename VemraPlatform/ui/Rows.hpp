@@ -1,7 +1,7 @@
 #pragma once
 
 #include "VemraPlatform/text/TextMap.hpp"
-#include "VemraPlatform/ui/BehindNode.hpp"
+#include "VemraPlatform/ui/NodeAccess.hpp"
 
 #include <cstdint>
 #include <map>
@@ -49,8 +49,8 @@ struct SleepingRow {
 
 struct Rows {
   std::shared_ptr<const RowSource> source;
-  SleepingRows asleep;          ///< only rows with state that differs from its initial value
-  std::vector<Node*> lookedAt;  ///< described without being shown, oldest first
+  SleepingRows asleep;        ///< only rows with state that differs from its initial value
+  std::vector<Node*> peeked;  ///< described without being shown, oldest first
 };
 
 /// Whether any state in this subtree, sleeping rows included, differs from its initial value.

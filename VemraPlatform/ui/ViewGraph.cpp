@@ -1,8 +1,8 @@
 #include "VemraPlatform/ui/ViewGraph.hpp"
 
-#include "VemraPlatform/ui/BehindElement.hpp"
-#include "VemraPlatform/ui/BehindNode.hpp"
+#include "VemraPlatform/ui/ElementAccess.hpp"
 #include "VemraPlatform/ui/EventQueue.hpp"
+#include "VemraPlatform/ui/NodeAccess.hpp"
 #include "VemraPlatform/ui/ProgrammerError.hpp"
 #include "VemraPlatform/ui/Reconciler.hpp"
 
@@ -71,15 +71,15 @@ void ViewGraph::showRows(NodeID forEach, std::vector<RowRange> ranges) {
   parts_->queue.showRows(forEach, std::move(ranges));
 }
 
-NodeID ViewGraph::lookAtRow(NodeID id, std::size_t index) {
+NodeID ViewGraph::peekRow(NodeID id, std::size_t index) {
   Node* const forEach = parts_->reconciler.find(id);
   const Rows* const rows = rowsOf(forEach);
   if (!rows || index >= rows->source->count()) return {};
   if (const Node* const there = RowStore::find(*forEach, index)) return there->id;
   if (parts_->queue.isBusy()) return {};
   NodeID row;
-  // A row's closure may send requests to the graph; handle them after `lookAt`.
-  parts_->queue.run([&] { row = parts_->reconciler.rows().lookAt(*forEach, index).id; });
+  // A row's closure may send requests to the graph; handle them after `peek`.
+  parts_->queue.run([&] { row = parts_->reconciler.rows().peek(*forEach, index).id; });
   return row;
 }
 
@@ -106,7 +106,7 @@ Properties ViewGraph::properties(NodeID id) const {
   const Node* const node = find(id);
   if (!node) return {};
   auto* composite =
-      std::get_if<CompositeContent>(&BehindElement::description(node->element).content);
+      std::get_if<CompositeContent>(&ElementAccess::description(node->element).content);
   return composite ? composite->composite->properties(memoryOf(*node).state.get()) : Properties{};
 }
 

@@ -89,7 +89,7 @@ class VEMRA_EXPORT ViewGraph final {
   /// is described again or 64 other rows have been described this way; its state stays longer.
   /// Returns no node when there is no such row, or when an event is being handled and the row has
   /// no nodes yet.
-  NodeID lookAtRow(NodeID forEach, std::size_t index);
+  NodeID peekRow(NodeID forEach, std::size_t index);
 
   /// The ids of all rows of a `ForEach`, shown or not; nullptr for other nodes. A new object
   /// whenever the list is described again, possibly before the renderer gets the patches.

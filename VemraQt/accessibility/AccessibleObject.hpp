@@ -45,8 +45,8 @@ class AccessibleObject : public QAccessibleInterface {
   /// The object with that id; nullptr when there is none or when it is leaving.
   static AccessibleObject* living(QAccessible::Id id);
 
-  enum class Heard { nothing, no, yes };
-  Heard showing = Heard::nothing;  ///< the visibility last reported to clients
+  enum class Reported { nothing, no, yes };
+  Reported showing = Reported::nothing;  ///< the visibility last reported to clients
 
  private:
   ObjectHost& tree_;

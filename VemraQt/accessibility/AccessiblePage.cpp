@@ -158,7 +158,7 @@ void handle(QAccessibleEvent* event) {
     return;
   }
   auto* shown = dynamic_cast<ElementWidget*>(event->object());
-  if (!shown || !shown->node() || shown->isTaking()) return;
+  if (!shown || !shown->node() || shown->isUpdating()) return;
   AccessibleTree& tree = page->tree();
   if (!tree.isWatched()) return;
   if (event->type() == QAccessible::Focus) {

@@ -30,14 +30,14 @@ int AccessibleRow::indexOfChild(const QAccessibleInterface* object) const {
 QString AccessibleRow::textOf(QAccessible::Text kind) const {
   if (kind != QAccessible::Name) return {};
   QString name = shownName();
-  heardName_ = qHash(name);
+  reportedName_ = qHash(name);
   return name;
 }
 
-bool AccessibleRow::hearName() {
-  if (!heardName_) return false;
+bool AccessibleRow::updateReportedName() {
+  if (!reportedName_) return false;
   const std::size_t name = qHash(shownName());
-  return std::exchange(*heardName_, name) != name;
+  return std::exchange(*reportedName_, name) != name;
 }
 
 QString AccessibleRow::shownName() const {

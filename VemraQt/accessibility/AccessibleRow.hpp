@@ -26,7 +26,7 @@ class AccessibleRow final : public AccessibleObject {
   QString textOf(QAccessible::Text kind) const override;
   /// Whether the row's name differs from the one last reported to clients. Stores the new name,
   /// because the caller announces it next. False when no client has asked for the name.
-  bool hearName();
+  bool updateReportedName();
   /// Estimated when the row has no frame now.
   QRect rect() const override;
   QAccessible::Role role() const override { return QAccessible::Grouping; }
@@ -46,7 +46,7 @@ class AccessibleRow final : public AccessibleObject {
  private:
   QString shownName() const;
 
-  mutable std::optional<std::size_t> heardName_;  ///< hash of the name last reported
+  mutable std::optional<std::size_t> reportedName_;  ///< hash of the name last reported
 };
 
 }  // namespace vemra::qt

@@ -112,7 +112,7 @@ AccessibleRow* AccessibleTree::rowAt(NodeID listID, std::size_t index) {
 
 const ui::Node* AccessibleTree::nodeOf(AccessibleRow& row) {
   refreshList(row.list);
-  return row.isLeaving() ? nullptr : find(lookAtRow(row.list, row.index, page()));
+  return row.isLeaving() ? nullptr : find(peekRow(row.list, row.index, page()));
 }
 
 AccessibleRow* AccessibleTree::knownRow(NodeID rowNode) const {
@@ -123,9 +123,9 @@ AccessibleRow* AccessibleTree::knownRow(NodeID rowNode) const {
 }
 
 void AccessibleTree::noteShowing(AccessibleObject& object, bool isShowing) {
-  using Heard = AccessibleObject::Heard;
-  if (isShowing && object.showing != Heard::yes) showing_.push_back(object.id());
-  object.showing = isShowing ? Heard::yes : Heard::no;
+  using Reported = AccessibleObject::Reported;
+  if (isShowing && object.showing != Reported::yes) showing_.push_back(object.id());
+  object.showing = isShowing ? Reported::yes : Reported::no;
 }
 
 const std::vector<PageSegment>& AccessibleTree::segments() {
@@ -168,8 +168,8 @@ void AccessibleTree::refreshList(NodeID listID) {
   ChildSteps steps = known->second.follow(ids, page().errors(), leaving_);
   const auto segment = std::ranges::find(segments_, listID, &PageSegment::list);
   if (segment == segments_.end()) return;
-  for (ChildSteps::Left& left : steps.left) left.index += segment->first;
-  for (std::size_t& index : steps.came) index += segment->first;
+  for (ChildSteps::Removed& removed : steps.removed) removed.index += segment->first;
+  for (std::size_t& index : steps.inserted) index += segment->first;
   note(nullptr, steps);
 }
 
@@ -225,14 +225,14 @@ void AccessibleTree::note(AccessibleRow* row, const ChildSteps& steps) {
     const auto* known = dynamic_cast<AccessibleObject*>(at);
     return known ? known->id() : 0;
   };
-  if (!steps.areComplete || steps.left.size() + steps.came.size() > mostToldOneByOne) {
+  if (!steps.areComplete || steps.removed.size() + steps.inserted.size() > mostSentOneByOne) {
     childChanges_.push_back({Kind::unlisted, parent, 0, childAt(0)});
     return;
   }
-  for (const auto& [index, gone] : steps.left | std::views::reverse) {
+  for (const auto& [index, gone] : steps.removed | std::views::reverse) {
     childChanges_.push_back({Kind::removed, parent, index, gone});
   }
-  for (const std::size_t index : steps.came) {
+  for (const std::size_t index : steps.inserted) {
     childChanges_.push_back({Kind::added, parent, index, childAt(index)});
   }
 }

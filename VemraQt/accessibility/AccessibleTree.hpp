@@ -33,7 +33,7 @@ namespace vemra::qt {
 /// The tree makes an object when a client first asks for it. An element's object lives as long as
 /// the element's identity; a row's object lives as long as the row's id is in the list, even while
 /// scrolling removes and recreates the row's nodes. For a row without nodes, the tree asks the
-/// graph to describe it (`ViewGraph::lookAtRow`). When the element or row of an object goes, the
+/// graph to describe it (`ViewGraph::peekRow`). When the element or row of an object goes, the
 /// object answers like an empty one and is deleted in the next turn of the event loop. Finding a
 /// child or its index examines no other row.
 class AccessibleTree final : public QObject, public ObjectHost {

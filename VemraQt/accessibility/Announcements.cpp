@@ -60,13 +60,13 @@ void Announcements::childrenChanged(const page::Node& parent) {
   if (const ui::Node* row = rowHolding(parent.id, tree_.page())) changedRows_.push_back(row->id);
 }
 
-/// Calls `tell`, which notifies clients. When a client changes something meanwhile, announces that
+/// Calls `send`, which notifies clients. When a client changes something meanwhile, announces that
 /// change afterwards, so that clients get all changes in order.
-template <class Tell>
-void Announcements::notify(Tell tell) {
-  if (notifying_) return tell();
+template <class Send>
+void Announcements::notify(Send send) {
+  if (notifying_) return send();
   const QScopedValueRollback<bool> notifying(notifying_, true);
-  tell();
+  send();
   while (std::exchange(hasNews_, false)) announceNews();
 }
 
@@ -84,7 +84,7 @@ void Announcements::announceNews() {
   for (const NodeID changed : std::exchange(changedRows_, {})) {
     if (AccessibleRow* row = tree_.knownRow(changed)) tree_.elementsOf(row);
   }
-  tell(tree_.takeChildChanges());
+  send(tree_.takeChildChanges());
   std::vector<Change> changes;
   for (const NodeID updated : std::exchange(updated_, {})) {
     ElementSlot* slot = knownSlot(updated);
@@ -94,7 +94,7 @@ void Announcements::announceNews() {
       compareName(*row, changes);
   }
   compareShowing(changes);
-  tell(changes);
+  send(changes);
 }
 
 /// Rows without nodes get no patches. So this describes the rows that clients know, a few in each
@@ -111,8 +111,8 @@ void Announcements::compareSomeRows() {
     compareName(*row, changes);
   }
   notify([&] {
-    tell(tree_.takeChildChanges());
-    tell(changes);
+    send(tree_.takeChildChanges());
+    send(changes);
   });
 }
 
@@ -132,7 +132,7 @@ void Announcements::compare(ElementSlot& slot, std::vector<Change>& changes) con
 }
 
 void Announcements::compareName(AccessibleRow& row, std::vector<Change>& changes) const {
-  if (row.hearName()) changes.push_back({row.id(), Change::What::name});
+  if (row.updateReportedName()) changes.push_back({row.id(), Change::What::name});
 }
 
 bool Announcements::isShowing(AccessibleObject& object) {
@@ -145,17 +145,17 @@ bool Announcements::isShowing(AccessibleObject& object) {
 /// Adds a change for each object that is now visible but was last reported as hidden, or the other
 /// way round.
 void Announcements::compareShowing(std::vector<Change>& changes) {
-  using Heard = AccessibleObject::Heard;
+  using Reported = AccessibleObject::Reported;
   std::erase_if(tree_.shownObjects(), [&](QAccessible::Id id) {
     AccessibleObject* object = AccessibleObject::living(id);
     if (!object) return true;
     if (isShowing(*object)) return false;
-    object->showing = Heard::no;
+    object->showing = Reported::no;
     changes.push_back({id, Change::What::hidden});
     return true;
   });
   for (AccessibleObject* object : tree_.knownNearViewport()) {
-    if (object->showing != Heard::no || !isShowing(*object)) continue;
+    if (object->showing != Reported::no || !isShowing(*object)) continue;
     tree_.noteShowing(*object, true);
     changes.push_back({object->id(), Change::What::shown});
   }
@@ -163,7 +163,7 @@ void Announcements::compareShowing(std::vector<Change>& changes) {
 
 /// A client may change anything while it handles an event, so skip elements that have gone
 /// meanwhile.
-void Announcements::tell(const std::vector<Change>& changes) {
+void Announcements::send(const std::vector<Change>& changes) {
   for (const auto& [id, what] : changes) {
     tree_.refresh();
     AccessibleObject* object = AccessibleObject::living(id);
@@ -186,26 +186,26 @@ void Announcements::tell(const std::vector<Change>& changes) {
   }
 }
 
-void Announcements::tell(const std::vector<atspi::ChildChange>& changes) {
+void Announcements::send(const std::vector<atspi::ChildChange>& changes) {
   for (const atspi::ChildChange& change : changes) {
     tree_.refresh();
-    tell(change);
+    send(change);
   }
 }
 
 /// A client that handled an earlier change may have removed any of these objects.
-void Announcements::tell(const atspi::ChildChange& change) const {
+void Announcements::send(const atspi::ChildChange& change) const {
   using Kind = atspi::ChildChange::Kind;
   QAccessibleInterface* parent =
       change.parent ? AccessibleObject::living(change.parent) : tree_.pageObject();
   if (!parent) return;
   const QAccessible::Id parentID = QAccessible::uniqueId(parent);
-  atspi::ChildChange told = change;
-  if (change.kind != Kind::removed && !AccessibleObject::living(change.child)) told.child = 0;
-  if (atspi::sendsChildSignals()) atspi::sendChildSignal(parentID, told);
+  atspi::ChildChange sent = change;
+  if (change.kind != Kind::removed && !AccessibleObject::living(change.child)) sent.child = 0;
+  if (atspi::sendsChildSignals()) atspi::sendChildSignal(parentID, sent);
   // Send no event for an unlisted change: Qt 6.4 would send one for every child.
-  if (!told.child || change.kind == Kind::unlisted) return;
-  QAccessibleInterface* child = QAccessible::accessibleInterface(told.child);
+  if (!sent.child || change.kind == Kind::unlisted) return;
+  QAccessibleInterface* child = QAccessible::accessibleInterface(sent.child);
   if (!child) return;
   QAccessibleEvent event(child, change.kind == Kind::added ? QAccessible::ObjectCreated
                                                            : QAccessible::ObjectDestroyed);

@@ -46,11 +46,11 @@ class Announcements final : public PageObserver {
   void childrenChanged(const page::Node& parent);
   void announceNews();
   void compareSomeRows();
-  template <class Tell>
-  void notify(Tell tell);
-  void tell(const std::vector<atspi::ChildChange>& changes);
-  void tell(const atspi::ChildChange& change) const;
-  void tell(const std::vector<Change>& changes);
+  template <class Send>
+  void notify(Send send);
+  void send(const std::vector<atspi::ChildChange>& changes);
+  void send(const atspi::ChildChange& change) const;
+  void send(const std::vector<Change>& changes);
   void compare(ElementSlot& slot, std::vector<Change>& changes) const;
   void compareName(AccessibleRow& row, std::vector<Change>& changes) const;
   void compareShowing(std::vector<Change>& changes);

@@ -28,15 +28,15 @@ ChildSteps adopt(std::vector<ElementSlot>& elements, std::vector<ElementSlot> fr
       if (place < next) steps.areComplete = false;  // an element has moved ahead of another
       next = place + 1;
     } else {
-      steps.left.push_back({index, old.object ? old.object->id() : 0});
+      steps.removed.push_back({index, old.object ? old.object->id() : 0});
     }
   }
   const std::vector<ElementSlot> before = std::exchange(elements, std::move(fresh));
-  for (const ChildSteps::Left& left : steps.left) {
-    if (AccessibleObject* gone = before[left.index].object) leaving.add(*gone);
+  for (const ChildSteps::Removed& removed : steps.removed) {
+    if (AccessibleObject* gone = before[removed.index].object) leaving.add(*gone);
   }
   for (std::size_t place = 0; place < isOld.size(); ++place) {
-    if (!isOld[place]) steps.came.push_back(place);
+    if (!isOld[place]) steps.inserted.push_back(place);
   }
   return steps;
 }

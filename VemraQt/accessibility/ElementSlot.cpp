@@ -107,9 +107,9 @@ const ui::Node* rowHolding(ui::NodeID id, const Page& page) {
   return row;
 }
 
-ui::NodeID lookAtRow(ui::NodeID list, std::size_t index, Page& page) {
+ui::NodeID peekRow(ui::NodeID list, std::size_t index, Page& page) {
   ui::NodeID row;
-  const auto look = [&] { row = page.graph().lookAtRow(list, index); };
+  const auto look = [&] { row = page.graph().peekRow(list, index); };
   // After an exception the graph holds an empty row, unless it has removed the whole tree; so look
   // again.
   if (!page.errors().attempt(look)) page.errors().attempt(look);

@@ -43,6 +43,6 @@ const ui::Node* rowHolding(ui::NodeID node, const Page& page);
 /// The row's node; the graph describes the row if needed. When that throws, the node is empty.
 /// Returns no node when there is no such row, or when an event is being handled and the row has no
 /// node yet.
-ui::NodeID lookAtRow(ui::NodeID list, std::size_t index, Page& page);
+ui::NodeID peekRow(ui::NodeID list, std::size_t index, Page& page);
 
 }  // namespace vemra::qt

@@ -128,7 +128,7 @@ void IdentifierSearch::noteIdentifiers(ui::NodeID listID) {
   RowIdentifiers notes(source, tree_.page().graph().environment(), rowsWithState(listID));
   const std::size_t count = list->element.rowCount();  // the list may go meanwhile
   for (std::size_t index = 0; index < count; ++index) {
-    const ui::NodeID row = lookAtRow(listID, index, tree_.page());
+    const ui::NodeID row = peekRow(listID, index, tree_.page());
     if (!tree_.find(row)) return;  // an event is being handled, or the list has changed
     for (const ElementSlot& slot : elementsUnder(row, tree_.page())) {
       const ui::Node* element = tree_.find(slot.node);
@@ -145,7 +145,7 @@ void IdentifierSearch::findInRow(ui::NodeID list, std::size_t index, const std::
                                  QList<QAccessible::Id>& found) {
   // Check without making objects first: most candidate rows do not hold the identifier.
   const std::vector<ElementSlot> elements =
-      elementsUnder(lookAtRow(list, index, tree_.page()), tree_.page());
+      elementsUnder(peekRow(list, index, tree_.page()), tree_.page());
   const bool holds = std::ranges::any_of(elements, [&](const ElementSlot& slot) {
     const ui::Node* element = tree_.find(slot.node);
     return element && element->element.accessibilityIdentifier() == identifier;

@@ -49,9 +49,9 @@ ChildSteps KnownRows::leave(PageErrors& errors, LeavingObjects& leaving) {
   ChildSteps steps;
   std::size_t count = 0;
   const bool isCounted = source_ && errors.attempt([&] { count = source_->count(); });
-  steps.areComplete = isCounted && count <= mostToldOneByOne;
+  steps.areComplete = isCounted && count <= mostSentOneByOne;
   for (std::size_t row = 0; steps.areComplete && row < count; ++row) {
-    steps.left.push_back({row, idAt(row)});
+    steps.removed.push_back({row, idAt(row)});
   }
   for (auto& [index, row] : rows_) leaving.addRow(*row);
   rows_.clear();
@@ -69,13 +69,13 @@ ChildSteps KnownRows::move(const std::shared_ptr<const ui::RowIDs>& source,
                            LeavingObjects& leaving) {
   ChildSteps steps;
   if (source_) {
-    page::RowChanges changes = page::rowChanges(*source_, *source, mostToldOneByOne);
+    page::RowChanges changes = page::rowChanges(*source_, *source, mostSentOneByOne);
     steps.areComplete = changes.areComplete;
-    for (const std::size_t row : changes.left) steps.left.push_back({row, idAt(row)});
-    steps.came = std::move(changes.came);
-  } else if (source->count() <= mostToldOneByOne) {
-    steps.came.resize(source->count());
-    std::iota(steps.came.begin(), steps.came.end(), std::size_t{0});
+    for (const std::size_t row : changes.removed) steps.removed.push_back({row, idAt(row)});
+    steps.inserted = std::move(changes.inserted);
+  } else if (source->count() <= mostSentOneByOne) {
+    steps.inserted.resize(source->count());
+    std::iota(steps.inserted.begin(), steps.inserted.end(), std::size_t{0});
   } else {
     steps.areComplete = false;
   }

@@ -33,21 +33,23 @@ ChildSteps stepsOfPage(const std::vector<PageSegment>& before,
       const auto rows = ofRows.find(segment.list);
       if (rows == ofRows.end()) continue;
       steps.areComplete = steps.areComplete && rows->second.areComplete;
-      for (const auto& [index, child] : rows->second.left) {
-        steps.left.push_back({segment.first + index, child});
+      for (const auto& [index, child] : rows->second.removed) {
+        steps.removed.push_back({segment.first + index, child});
       }
       continue;
     }
-    const auto left = std::ranges::find(ofElements.left, segment.slot, &ChildSteps::Left::index);
-    if (left != ofElements.left.end()) steps.left.push_back({segment.first, left->child});
+    const auto removed =
+        std::ranges::find(ofElements.removed, segment.slot, &ChildSteps::Removed::index);
+    if (removed != ofElements.removed.end())
+      steps.removed.push_back({segment.first, removed->child});
   }
   for (const PageSegment& segment : after) {
     if (segment.list) {
       const ChildSteps& rows = ofRows.at(segment.list);
       steps.areComplete = steps.areComplete && rows.areComplete;
-      for (const std::size_t index : rows.came) steps.came.push_back(segment.first + index);
-    } else if (std::ranges::binary_search(ofElements.came, segment.slot)) {
-      steps.came.push_back(segment.first);
+      for (const std::size_t index : rows.inserted) steps.inserted.push_back(segment.first + index);
+    } else if (std::ranges::binary_search(ofElements.inserted, segment.slot)) {
+      steps.inserted.push_back(segment.first);
     }
   }
   return steps;

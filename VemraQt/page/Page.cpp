@@ -42,7 +42,7 @@ Qt::FocusReason reasonOf(page::FocusReason reason) {
 Page::Page(QAbstractScrollArea& area, ui::ViewGraph& graph)
     : area_(area),
       graph_(graph),
-      metrics_(area, context_.looks, leaves_),
+      metrics_(area, context_.theme, leaves_),
       pool_(area.viewport(), context_),
       page_(graph, *this) {
   context_.sink = this;
@@ -75,8 +75,8 @@ void Page::environmentChanged(const ui::Environment& environment) {
   // The area inherits the system's own palette, so Qt applies later changes to it.
   const QPalette system = QApplication::palette();
   const bool fits = colorSchemeOf(system) == environment.colorScheme;
-  area_.setPalette(fits ? QPalette() : Looks(area_.font(), system, environment).palette());
-  context_.looks = Looks(area_.font(), area_.palette(), environment);
+  area_.setPalette(fits ? QPalette() : Theme(area_.font(), system, environment).palette());
+  context_.theme = Theme(area_.font(), area_.palette(), environment);
   pool_.restyle();
 }
 
@@ -109,8 +109,8 @@ void Page::loseFocus() {
 
 void Page::atRest() {
   if (!orphan_) return;
-  pool_.giveBack(*std::exchange(orphan_, nullptr));
-  pool_.hideResting();
+  pool_.recycle(*std::exchange(orphan_, nullptr));
+  pool_.hideUnused();
 }
 
 void Page::patched(const ui::Changes& changes) {
@@ -129,10 +129,10 @@ void Page::removing(page::Node& node) {
     leaves_.erase(leaf);
     if (!widget) return;
     if (leaf.id == focused) {
-      if (orphan_) pool_.giveBack(*orphan_);
+      if (orphan_) pool_.recycle(*orphan_);
       orphan_ = widget;  // keeps the focus, so no other element may get this widget yet
     } else {
-      pool_.giveBack(*widget);
+      pool_.recycle(*widget);
     }
   });
 }

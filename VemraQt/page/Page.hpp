@@ -72,7 +72,7 @@ class Page final : public EventSink, private page::PageHost {
   PageErrors& errors() { return errors_; }
   /// A number that changes whenever the nodes change.
   std::uint64_t version() const { return page_.version(); }
-  const Looks& looks() const { return context_.looks; }
+  const Theme& theme() const { return context_.theme; }
   /// The element's frame on the whole page, in pixels from its top left corner.
   QRect frameOnPage(const page::Node& leaf) const;
   /// The frame of a row of a windowed list, also of a row without nodes. A height that has not been

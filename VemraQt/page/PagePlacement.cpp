@@ -36,7 +36,7 @@ void Page::place(const page::Placements& placements) {
     ElementWidget* const widget = std::exchange(leaves_.of(*leaf).widget, nullptr);
     if (!widget) continue;
     touched |= widget->widget().geometry();
-    pool_.giveBack(*widget);
+    pool_.recycle(*widget);
   }
   std::vector<QRect> frames;
   frames.reserve(placements.placed.size());
@@ -54,16 +54,16 @@ void Page::place(const page::Placements& placements) {
   // instead takes a fraction of the time.
   area_.viewport()->update(touched & area_.viewport()->rect());
   for (std::size_t i = 0; i < frames.size(); ++i) place(*placements.placed[i].leaf, frames[i]);
-  pool_.hideResting();
+  pool_.hideUnused();
 }
 
 void Page::place(const page::Node& leaf, const QRect& frame) {
   ShownLeaf& shown = leaves_.of(leaf);
   if (!shown.widget) {
-    shown.widget = &pool_.take(leaf.element);
+    shown.widget = &pool_.acquire(leaf.element);
     shown.stale = true;
   } else if (shown.stale) {
-    pool_.reshape(*shown.widget, leaf.element);
+    pool_.changeKey(*shown.widget, leaf.element);
   }
   QWidget& widget = shown.widget->widget();
   if (widget.geometry() != frame) {

@@ -75,7 +75,7 @@ ChoiceBox::ChoiceBox(QWidget* parent, const PageContext& page)
   connect(this, &QComboBox::activated, this, [this](int index) { choose(index); });
 }
 
-void ChoiceBox::take(const page::Node& leaf, const TextShape& shape) {
+void ChoiceBox::updateTo(const page::Node& leaf, const TextShape& shape) {
   choices_ = qt::choicesOf(leaf);
   // An open menu would show the previous choices.
   if (!sameLabels(*this, choices_)) {
@@ -106,7 +106,7 @@ void ChoiceBox::showPopup() {
   large->setParent(menu_);
   menu_->setStyle(large);
   menu_->setFont(font());
-  menu_->setPalette(looks().palette());  // a popup window does not inherit it from the page
+  menu_->setPalette(theme().palette());  // a popup window does not inherit it from the page
   menu_->setMinimumWidth(width());
   QAction* current = nullptr;
   for (int i = 0; i < count(); ++i) {
@@ -137,7 +137,7 @@ void ChoiceBox::paintEvent(QPaintEvent*) {
   QStyleOptionComboBox option;
   initStyleOption(&option);
   option.currentText.clear();
-  frameIn(looks(), option);
+  frameIn(theme(), option);
   option.state &= ~QStyle::State_HasFocus;
   painter.drawComplexControl(QStyle::CC_ComboBox, option);
   const QRect field =
@@ -146,7 +146,7 @@ void ChoiceBox::paintEvent(QPaintEvent*) {
   const int above = (height() - shape_.size().height()) / 2;
   shape_.draw(painter, QRect(field.x() + 2, above, field.width() - 4, shape_.size().height()),
               layoutDirection());
-  if (hasFocus()) drawFocusRing(painter, rect(), looks(), RingAround::frame);
+  if (hasFocus()) drawFocusRing(painter, rect(), theme(), RingAround::frame);
 }
 
 void ChoiceBox::wheelEvent(QWheelEvent* event) {

@@ -28,8 +28,8 @@ class ChoiceBox final : public QComboBox, public ElementWidget {
   void hidePopup() override;
 
  protected:
-  void take(const page::Node& leaf, const TextShape& shape) override;
-  void letGo() override { hidePopup(); }
+  void updateTo(const page::Node& leaf, const TextShape& shape) override;
+  void endInteraction() override { hidePopup(); }
   void paintEvent(QPaintEvent*) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;

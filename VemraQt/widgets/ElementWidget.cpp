@@ -8,19 +8,19 @@ namespace vemra::qt {
 
 void ElementWidget::show(const page::Node& leaf, const TextShape& shape) {
   node_ = leaf.id;
-  const QScopedValueRollback<bool> taking(taking_, true);
+  const QScopedValueRollback<bool> updating(updating_, true);
   const QString identifier = toQString(leaf.element.accessibilityIdentifier());
   if (widget().objectName() != identifier) widget().setObjectName(identifier);
   if (widget().isEnabledTo(widget().parentWidget()) != leaf.element.style().enabled) {
     widget().setEnabled(leaf.element.style().enabled);
   }
-  take(leaf, shape);
+  updateTo(leaf, shape);
 }
 
-void ElementWidget::rest() {
+void ElementWidget::reset() {
   if (!node_) return;
   node_ = {};
-  letGo();
+  endInteraction();
   widget().setAttribute(Qt::WA_UnderMouse, false);
 }
 
@@ -37,18 +37,18 @@ QMargins overhang(const ui::Element& element, const TextShape& shape) {
   return plain ? QMargins(4, accents, 4, accents) : QMargins();
 }
 
-void frameIn(const Looks& looks, QStyleOption& option) {
+void frameIn(const Theme& theme, QStyleOption& option) {
   const QPalette::ColorGroup group = option.palette.currentColorGroup();
-  option.palette = looks.paletteForFrames();
+  option.palette = theme.paletteForFrames();
   option.palette.setCurrentColorGroup(group);
 }
 
-void drawFocusRing(QPainter& painter, const QRect& place, const Looks& looks, RingAround what) {
+void drawFocusRing(QPainter& painter, const QRect& place, const Theme& theme, RingAround what) {
   const int width = what == RingAround::text ? 2 : 3;
   const double inset = width / 2.0;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(looks.focusRing(), width));
+  painter.setPen(QPen(theme.focusRing(), width));
   painter.setBrush(Qt::NoBrush);
   painter.drawRoundedRect(QRectF(place).adjusted(inset, inset, -inset, -inset), 4, 4);
   painter.restore();

@@ -2,7 +2,7 @@
 
 #include "VemraPlatform/page/Node.hpp"
 #include "VemraPlatform/ui/Event.hpp"
-#include "VemraQt/Looks.hpp"
+#include "VemraQt/Theme.hpp"
 #include "VemraQt/widgets/TextShape.hpp"
 
 #include <QStyleOption>
@@ -23,7 +23,7 @@ class EventSink {
 
 /// The data that all widgets of one page share. Outlives the widgets.
 struct PageContext {
-  Looks looks;
+  Theme theme;
   EventSink* sink = nullptr;
 };
 
@@ -38,18 +38,18 @@ class ElementWidget {
   ui::NodeID node() const { return node_; }
   /// Whether the widget is being updated: ignore Qt's signals meanwhile, because no person caused
   /// them.
-  bool isTaking() const { return taking_; }
+  bool isUpdating() const { return updating_; }
   /// Shows a leaf of the widget's kind; `shape` is the leaf's text in its measured lines.
   void show(const page::Node& leaf, const TextShape& shape);
   /// Ends any interaction, because the widget stops showing its element.
-  void rest();
+  void reset();
 
  protected:
   /// Updates the widget to everything visible of the element. Must not deliver an event.
-  virtual void take(const page::Node& leaf, const TextShape& shape) = 0;
-  virtual void letGo() {}
+  virtual void updateTo(const page::Node& leaf, const TextShape& shape) = 0;
+  virtual void endInteraction() {}
 
-  const Looks& looks() const { return page_.looks; }
+  const Theme& theme() const { return page_.theme; }
   void deliver(ui::Event event) const { page_.sink->deliver(node_, std::move(event)); }
   /// Scrolls the element into view: a key must never act on an element that its reader does not
   /// see.
@@ -60,7 +60,7 @@ class ElementWidget {
  private:
   const PageContext& page_;
   ui::NodeID node_;
-  bool taking_ = false;
+  bool updating_ = false;
 };
 
 /// How far a widget's rectangle extends past its element's frame: for high accents, which reach
@@ -68,14 +68,14 @@ class ElementWidget {
 QMargins overhang(const ui::Element& element, const TextShape& shape);
 
 /// Makes the style draw the control's frame in the page's outline colour.
-void frameIn(const Looks& looks, QStyleOption& option);
+void frameIn(const Theme& theme, QStyleOption& option);
 
 /// The shape inside a focus ring; the ring is wider around a frame, because it has to cover the
 /// frame.
 enum class RingAround { text, frame };
 
 /// Draws the focus ring just inside `place`.
-void drawFocusRing(QPainter& painter, const QRect& place, const Looks& looks, RingAround what);
+void drawFocusRing(QPainter& painter, const QRect& place, const Theme& theme, RingAround what);
 
 inline QString toQString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));

@@ -78,11 +78,11 @@ LineField::LineField(QWidget* parent, const PageContext& page)
   setMaxLength(std::numeric_limits<int>::max());
   connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
     widenLineBreaks();
-    if (!isTaking() && node()) deliver(ui::EditText{text.toStdString()});
+    if (!isUpdating() && node()) deliver(ui::EditText{text.toStdString()});
   });
 }
 
-void LineField::take(const page::Node& leaf, const TextShape& shape) {
+void LineField::updateTo(const page::Node& leaf, const TextShape& shape) {
   const QString wanted = toQString(leaf.element.text());
   if (text() != wanted) {
     const int cursor = cursorPosition();
@@ -95,7 +95,7 @@ void LineField::take(const page::Node& leaf, const TextShape& shape) {
   update();
 }
 
-void LineField::letGo() {
+void LineField::endInteraction() {
   clear();  // also clears the undo history, so that the next element starts with an empty one
 }
 
@@ -109,12 +109,12 @@ void LineField::paintEvent(QPaintEvent* event) {
 
 void LineField::paintFrame(QPainter& painter) {
   if (hasFocus()) {
-    drawFocusRing(painter, rect(), looks(), RingAround::frame);
+    drawFocusRing(painter, rect(), theme(), RingAround::frame);
     return;
   }
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(isEnabled() ? looks().outline() : looks().disabledText());
+  painter.setPen(isEnabled() ? theme().outline() : theme().disabledText());
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
   painter.restore();
 }
@@ -125,8 +125,8 @@ void LineField::paintPrompt(QPainter& painter) {
   const QRect inside = style()
                            ->subElementRect(QStyle::SE_LineEditContents, &option, this)
                            .marginsRemoved(textMargins());
-  painter.setPen(isEnabled() ? looks().text(ui::ForegroundStyle::tertiary)
-                             : looks().disabledText());
+  painter.setPen(isEnabled() ? theme().text(ui::ForegroundStyle::tertiary)
+                             : theme().disabledText());
   const int above = (height() - prompt_.size().height()) / 2;
   prompt_.draw(painter, QRect(inside.x() + 2, above, inside.width() - 4, prompt_.size().height()),
                layoutDirection());
@@ -165,7 +165,7 @@ void LineField::paintLineBreaks(QPainter& painter) {
   const qreal foot = cursor.top() + metrics.ascent() - size / 4;
   painter.setClipRect(rect().adjusted(4, 2, -4, -2));
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(looks().text(ui::ForegroundStyle::tertiary), std::max(1.0, size / 9)));
+  painter.setPen(QPen(theme().text(ui::ForegroundStyle::tertiary), std::max(1.0, size / 9)));
   for (const QTextLayout::FormatRange& range : wideBreaks(text(), font())) {
     const qreal from = start + line.cursorToX(range.start);
     const qreal to = start + line.cursorToX(range.start + 1);

@@ -19,8 +19,8 @@ class LineField final : public QLineEdit, public ElementWidget {
   QWidget& widget() override { return *this; }
 
  protected:
-  void take(const page::Node& leaf, const TextShape& shape) override;
-  void letGo() override;
+  void updateTo(const page::Node& leaf, const TextShape& shape) override;
+  void endInteraction() override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;

@@ -18,7 +18,7 @@ PushButton::PushButton(QWidget* parent, const PageContext& page)
   });
 }
 
-void PushButton::take(const page::Node& leaf, const TextShape& shape) {
+void PushButton::updateTo(const page::Node& leaf, const TextShape& shape) {
   QString title = toQString(leaf.element.shownLabel());
   title.replace(u'&', QLatin1String("&&"));
   if (text() != title) setText(title);
@@ -29,7 +29,7 @@ void PushButton::take(const page::Node& leaf, const TextShape& shape) {
   update();
 }
 
-void PushButton::letGo() {
+void PushButton::endInteraction() {
   if (isDown()) setDown(false);
 }
 
@@ -38,12 +38,12 @@ void PushButton::paintEvent(QPaintEvent*) {
   const bool isPlain = style_ == ui::ButtonStyle::plain;
   isPlain ? paintPlain(painter) : paintFramed(painter);
   if (hasFocus()) {
-    drawFocusRing(painter, rect(), looks(), isPlain ? RingAround::text : RingAround::frame);
+    drawFocusRing(painter, rect(), theme(), isPlain ? RingAround::text : RingAround::frame);
   }
 }
 
 void PushButton::paintPlain(QPainter& painter) {
-  const QColor color = isEnabled() ? looks().link() : looks().disabledText();
+  const QColor color = isEnabled() ? theme().link() : theme().disabledText();
   painter.setPen(color);
   const QRect inside = rect().marginsRemoved(QMargins(4, 0, 4, 0));
   const int above = (inside.height() - shape_.size().height()) / 2;
@@ -58,7 +58,7 @@ void PushButton::paintFramed(QPainter& painter) {
   QStyleOptionButton option;
   initStyleOption(&option);
   option.text.clear();
-  frameIn(looks(), option);
+  frameIn(theme(), option);
   option.state &= ~QStyle::State_HasFocus;
   style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
   painter.setPen(option.palette.color(QPalette::ButtonText));

@@ -16,8 +16,8 @@ class PushButton final : public QPushButton, public ElementWidget {
   QWidget& widget() override { return *this; }
 
  protected:
-  void take(const page::Node& leaf, const TextShape& shape) override;
-  void letGo() override;
+  void updateTo(const page::Node& leaf, const TextShape& shape) override;
+  void endInteraction() override;
   void paintEvent(QPaintEvent*) override;
   void keyPressEvent(QKeyEvent* event) override;
   void enterEvent(QEnterEvent* event) override;

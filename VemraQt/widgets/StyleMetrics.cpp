@@ -51,14 +51,14 @@ page::Size StyleMetrics::measure(const page::Node& leaf, int width) {
 }
 
 QSize StyleMetrics::text(const page::Node& leaf, TextShape& shape, int width) const {
-  shape = TextShape(toQString(leaf.element.shownLabel()), looks_.font(leaf.element.style().font),
+  shape = TextShape(toQString(leaf.element.shownLabel()), theme_.font(leaf.element.style().font),
                     width);
   return shape.size();
 }
 
 QSize StyleMetrics::button(const page::Node& leaf, TextShape& shape, int width) const {
   const QString title = toQString(leaf.element.shownLabel());
-  const QFont font = looks_.font(leaf.element.style().font);
+  const QFont font = theme_.font(leaf.element.style().font);
   if (leaf.element.buttonStyle() == ui::ButtonStyle::plain) {
     shape = TextShape(title, font, width);
     return shape.size().expandedTo(QSize(smallestTarget, smallestTarget));
@@ -80,7 +80,7 @@ QSize StyleMetrics::button(const page::Node& leaf, TextShape& shape, int width) 
 }
 
 QSize StyleMetrics::picker(const page::Node& leaf, TextShape& shape, int width) {
-  const QFont font = looks_.font(leaf.element.style().font);
+  const QFont font = theme_.font(leaf.element.style().font);
   auto option = optionFor<QStyleOptionComboBox>(page_, font);
   const std::vector<Choice> choices = qt::choicesOf(leaf);
   // As wide as the widest choice, so that choosing moves no other element.
@@ -113,7 +113,7 @@ int StyleMetrics::widestOf(const std::vector<Choice>& choices, const QFont& font
 }
 
 QSize StyleMetrics::field(const page::Node& leaf, TextShape& shape, int width) const {
-  const QFont font = looks_.font(leaf.element.style().font);
+  const QFont font = theme_.font(leaf.element.style().font);
   const QFontMetrics metrics(font);
   const int wide = std::min(width, metrics.horizontalAdvance(u'm') * widestFieldInEms);
   auto option = optionFor<QStyleOptionFrame>(page_, font);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VemraQt/Looks.hpp"
+#include "VemraQt/Theme.hpp"
 #include "VemraQt/widgets/ShownLeaf.hpp"
 
 #include <vector>
@@ -25,8 +25,8 @@ inline constexpr int smallestTarget = 24;
 class StyleMetrics final {
  public:
   /// Stores the lines of the texts that it measures in `leaves`.
-  StyleMetrics(const QWidget& page, const Looks& looks, ShownLeaves& leaves)
-      : page_(page), looks_(looks), leaves_(leaves) {}
+  StyleMetrics(const QWidget& page, const Theme& theme, ShownLeaves& leaves)
+      : page_(page), theme_(theme), leaves_(leaves) {}
 
   page::Size measure(const page::Node& leaf, int width);
 
@@ -39,7 +39,7 @@ class StyleMetrics final {
   int widestOf(const std::vector<Choice>& choices, const QFont& font);
 
   const QWidget& page_;
-  const Looks& looks_;
+  const Theme& theme_;
   ShownLeaves& leaves_;
   /// The choices of the last picker and their width: most pickers of a page have the same choices.
   QFont choicesFont_;

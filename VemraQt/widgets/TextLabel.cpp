@@ -10,7 +10,7 @@ TextLabel::TextLabel(QWidget* parent, const PageContext& page)
   setFocusPolicy(Qt::NoFocus);
 }
 
-void TextLabel::take(const page::Node& leaf, const TextShape& shape) {
+void TextLabel::updateTo(const page::Node& leaf, const TextShape& shape) {
   const QString shown = toQString(leaf.element.shownLabel());
   if (text() != shown) setText(shown);
   shape_ = shape;
@@ -21,7 +21,7 @@ void TextLabel::take(const page::Node& leaf, const TextShape& shape) {
 
 void TextLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.setPen(isEnabled() ? looks().text(foreground_) : looks().disabledText());
+  painter.setPen(isEnabled() ? theme().text(foreground_) : theme().disabledText());
   shape_.draw(painter, rect().marginsRemoved(margins_), layoutDirection());
 }
 

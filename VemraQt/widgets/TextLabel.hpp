@@ -15,7 +15,7 @@ class TextLabel final : public QLabel, public ElementWidget {
   QWidget& widget() override { return *this; }
 
  protected:
-  void take(const page::Node& leaf, const TextShape& shape) override;
+  void updateTo(const page::Node& leaf, const TextShape& shape) override;
   void paintEvent(QPaintEvent*) override;
 
  private:

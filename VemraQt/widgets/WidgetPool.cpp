@@ -11,40 +11,40 @@ namespace vemra::qt {
 
 namespace {
 
-constexpr std::size_t mostResting = 24;
+constexpr std::size_t mostUnused = 24;
 
 }  // namespace
 
-ElementWidget& WidgetPool::take(const ui::Element& element) {
-  Shelf& shelf = shelfFor(shapeOf(element));
-  if (!shelf.resting.empty()) {
-    ElementWidget* widget = shelf.resting.back();
-    shelf.resting.pop_back();
+ElementWidget& WidgetPool::acquire(const ui::Element& element) {
+  Shelf& shelf = shelfFor(keyOf(element));
+  if (!shelf.unused.empty()) {
+    ElementWidget* widget = shelf.unused.back();
+    shelf.unused.pop_back();
     return *widget;
   }
-  shelf.all.push_back(make(shelf.shape));
+  shelf.all.push_back(make(shelf.key));
   return *shelf.all.back();
 }
 
-void WidgetPool::reshape(ElementWidget& widget, const ui::Element& element) {
-  const Shape shape = shapeOf(element);
-  if (shelfOf(widget).shape == shape) return;
-  Shelf& after = shelfFor(shape);
+void WidgetPool::changeKey(ElementWidget& widget, const ui::Element& element) {
+  const Key key = keyOf(element);
+  if (shelfOf(widget).key == key) return;
+  Shelf& after = shelfFor(key);
   Shelf& before = shelfOf(widget);  // found after `after`: a new shelf may move the others
   auto owned = std::ranges::find(before.all, &widget, &std::unique_ptr<ElementWidget>::get);
   after.all.push_back(std::move(*owned));
   before.all.erase(owned);
-  widget.widget().setFont(page_.looks.font(shape.font));
+  widget.widget().setFont(page_.theme.font(key.font));
 }
 
-void WidgetPool::giveBack(ElementWidget& widget) {
-  widget.rest();
-  shelfOf(widget).resting.push_back(&widget);
+void WidgetPool::recycle(ElementWidget& widget) {
+  widget.reset();
+  shelfOf(widget).unused.push_back(&widget);
 }
 
-WidgetPool::Shelf& WidgetPool::shelfFor(const Shape& shape) {
-  const auto shelf = std::ranges::find(shelves_, shape, &Shelf::shape);
-  return shelf != shelves_.end() ? *shelf : shelves_.emplace_back(Shelf{shape, {}, {}});
+WidgetPool::Shelf& WidgetPool::shelfFor(const Key& key) {
+  const auto shelf = std::ranges::find(shelves_, key, &Shelf::key);
+  return shelf != shelves_.end() ? *shelf : shelves_.emplace_back(Shelf{key, {}, {}});
 }
 
 WidgetPool::Shelf& WidgetPool::shelfOf(const ElementWidget& widget) {
@@ -54,14 +54,14 @@ WidgetPool::Shelf& WidgetPool::shelfOf(const ElementWidget& widget) {
   });
 }
 
-void WidgetPool::hideResting() {
+void WidgetPool::hideUnused() {
   for (Shelf& shelf : shelves_) {
-    for (ElementWidget* widget : shelf.resting) {
+    for (ElementWidget* widget : shelf.unused) {
       if (!widget->widget().isHidden()) widget->widget().hide();
     }
-    while (shelf.resting.size() > mostResting) {
-      ElementWidget* gone = shelf.resting.front();
-      shelf.resting.erase(shelf.resting.begin());
+    while (shelf.unused.size() > mostUnused) {
+      ElementWidget* gone = shelf.unused.front();
+      shelf.unused.erase(shelf.unused.begin());
       auto owned = std::ranges::find(shelf.all, gone, &std::unique_ptr<ElementWidget>::get);
       // This may be the widget whose signal is being handled.
       owned->release()->widget().deleteLater();
@@ -72,8 +72,7 @@ void WidgetPool::hideResting() {
 
 void WidgetPool::restyle() {
   for (Shelf& shelf : shelves_) {
-    for (const auto& widget : shelf.all)
-      widget->widget().setFont(page_.looks.font(shelf.shape.font));
+    for (const auto& widget : shelf.all) widget->widget().setFont(page_.theme.font(shelf.key.font));
   }
 }
 
@@ -83,16 +82,16 @@ std::size_t WidgetPool::size() const {
   return size;
 }
 
-WidgetPool::Shape WidgetPool::shapeOf(const ui::Element& element) {
+WidgetPool::Key WidgetPool::keyOf(const ui::Element& element) {
   return {element.kind(), element.style().font,
           element.kind() == ui::ElementKind::text ? element.style().foreground
                                                   : ui::ForegroundStyle::primary,
           element.buttonStyle()};
 }
 
-std::unique_ptr<ElementWidget> WidgetPool::make(const Shape& shape) const {
+std::unique_ptr<ElementWidget> WidgetPool::make(const Key& key) const {
   std::unique_ptr<ElementWidget> made;
-  switch (shape.kind) {
+  switch (key.kind) {
     case ui::ElementKind::button:
       made = std::make_unique<PushButton>(parent_, page_);
       break;
@@ -105,7 +104,7 @@ std::unique_ptr<ElementWidget> WidgetPool::make(const Shape& shape) const {
     default:
       made = std::make_unique<TextLabel>(parent_, page_);
   }
-  made->widget().setFont(page_.looks.font(shape.font));
+  made->widget().setFont(page_.theme.font(key.font));
   return made;
 }
 

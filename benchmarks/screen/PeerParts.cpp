@@ -15,22 +15,22 @@ namespace {
 
 QPalette paletteOf(ui::ForegroundStyle style) {
   QPalette palette;
-  palette.setColor(QPalette::Text, looks().text(style));  // on the page's own background
-  palette.setColor(QPalette::WindowText, looks().text(style));
+  palette.setColor(QPalette::Text, theme().text(style));  // on the page's own background
+  palette.setColor(QPalette::WindowText, theme().text(style));
   return palette;
 }
 
 }  // namespace
 
-const qt::Looks& looks() {
-  static const qt::Looks looks(QApplication::font(), QApplication::palette(), ui::Environment());
+const qt::Theme& theme() {
+  static const qt::Theme looks(QApplication::font(), QApplication::palette(), ui::Environment());
   return looks;
 }
 
 SmallButton::SmallButton(const QString& title, const QString& identifier, QWidget* parent)
     : QPushButton(title, parent) {
   setObjectName(identifier);
-  setFont(looks().font(ui::Font::caption));
+  setFont(theme().font(ui::Font::caption));
   setAutoDefault(false);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
@@ -41,7 +41,7 @@ QSize SmallButton::sizeHint() const {
 }
 
 NameButton::NameButton(const QString& name, QWidget* parent) : QPushButton(name, parent) {
-  setFont(looks().font(ui::Font::body.weight(ui::FontWeight::medium)));
+  setFont(theme().font(ui::Font::body.weight(ui::FontWeight::medium)));
   setFlat(true);
   setAutoDefault(false);
   setCursor(Qt::PointingHandCursor);
@@ -54,7 +54,7 @@ QSize NameButton::sizeHint() const {
 
 void NameButton::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.setPen(looks().link());
+  painter.setPen(theme().link());
   painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, text());
 }
 
@@ -63,7 +63,7 @@ QLabel* makeText(const QString& text, ui::Font font, ui::ForegroundStyle style, 
   static const QPalette quieter = paletteOf(ui::ForegroundStyle::tertiary);
   auto* label = new QLabel(parent);
   label->setTextFormat(Qt::PlainText);
-  label->setFont(looks().font(font));
+  label->setFont(theme().font(font));
   if (style == ui::ForegroundStyle::secondary) label->setPalette(quiet);
   if (style == ui::ForegroundStyle::tertiary) label->setPalette(quieter);
   label->setText(text);
@@ -102,7 +102,7 @@ OutcomeEditor::OutcomeEditor(const QString& identifierPrefix, QWidget* parent)
                             identifierPrefix + QLatin1String(".outcome.save"), this)),
       cancel_(new SmallButton(QStringLiteral("Cancel"),
                               identifierPrefix + QLatin1String(".outcome.cancel"), this)) {
-  setPalette(looks().paletteForFrames());
+  setPalette(theme().paletteForFrames());
   picker_->setObjectName(identifierPrefix + QLatin1String(".outcome.picker"));
   picker_->setAccessibleName(QStringLiteral("Outcome"));
   for (const GoalOutcomeValue value : allGoalOutcomeValues) picker_->addItem(labelOf(value));

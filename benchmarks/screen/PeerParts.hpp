@@ -1,7 +1,7 @@
 #pragma once
 
 #include "VemraGoalEngine/GoalRecords.hpp"
-#include "VemraQt/Looks.hpp"
+#include "VemraQt/Theme.hpp"
 
 #include <QComboBox>
 #include <QLabel>
@@ -14,7 +14,7 @@
 namespace vemra::bench {
 
 /// Fonts and colours of the page, the same for every candidate.
-const qt::Looks& looks();
+const qt::Theme& theme();
 
 /// A button as small as its title allows.
 class SmallButton : public QPushButton {

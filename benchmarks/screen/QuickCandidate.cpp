@@ -20,7 +20,7 @@ namespace {
 class QuickLooks final : public QQmlPropertyMap {
  public:
   QuickLooks() {
-    const auto font = [](ui::Font wanted) { return QVariant(looks().font(wanted)); };
+    const auto font = [](ui::Font wanted) { return QVariant(theme().font(wanted)); };
     insert("title", font(ui::Font::title2.weight(ui::FontWeight::semibold)));
     insert("headline", font(ui::Font::headline));
     insert("name", font(ui::Font::body.weight(ui::FontWeight::medium)));
@@ -28,13 +28,13 @@ class QuickLooks final : public QQmlPropertyMap {
     insert("subheadline", font(ui::Font::subheadline));
     insert("caption", font(ui::Font::caption));
     insert("caption2", font(ui::Font::caption2));
-    insert("ink", looks().text(ui::ForegroundStyle::primary));
-    insert("secondary", looks().text(ui::ForegroundStyle::secondary));
-    insert("tertiary", looks().text(ui::ForegroundStyle::tertiary));
-    insert("link", looks().link());
-    insert("outline", looks().outline());
-    insert("page", looks().background());
-    const QColor button = looks().palette().color(QPalette::Button);
+    insert("ink", theme().text(ui::ForegroundStyle::primary));
+    insert("secondary", theme().text(ui::ForegroundStyle::secondary));
+    insert("tertiary", theme().text(ui::ForegroundStyle::tertiary));
+    insert("link", theme().link());
+    insert("outline", theme().outline());
+    insert("page", theme().background());
+    const QColor button = theme().palette().color(QPalette::Button);
     insert("buttonTop", button.lighter(104));
     insert("buttonBottom", button.darker(104));
   }
@@ -97,7 +97,7 @@ class QuickCandidate final : public Candidate {
         view.get(), &QQuickWindow::afterRendering, clock, [clock] { clock->notePaint(); },
         Qt::DirectConnection);
     view->setResizeMode(QQuickView::SizeRootObjectToView);
-    view->setColor(looks().background());
+    view->setColor(theme().background());
     view->resize(windowSize);
     if (model != nullptr) {
       view->setInitialProperties({{"people", QVariant::fromValue<QObject*>(model)}});

@@ -17,7 +17,7 @@ constexpr int target = 24;  // the height of buttons
 }  // namespace
 
 RowDelegate::Line RowDelegate::line(ui::Font font) {
-  const QFont made = looks().font(font);
+  const QFont made = theme().font(font);
   return {made, QFontMetrics(made)};
 }
 
@@ -72,7 +72,7 @@ void RowDelegate::paintText(QPainter& painter, QRect area, const Line& line, con
 void RowDelegate::paintButton(QPainter& painter, const QStyleOptionViewItem& option, QPoint corner,
                               const QString& title) const {
   QStyleOptionButton button;
-  button.palette = looks().paletteForFrames();
+  button.palette = theme().paletteForFrames();
   button.direction = option.direction;
   button.state = QStyle::State_Enabled | QStyle::State_Raised;
   button.fontMetrics = caption_.metrics;
@@ -88,10 +88,10 @@ void RowDelegate::paintPerson(QPainter& painter, const QStyleOptionViewItem& opt
   const PeerData& peer = model_.peer();
   QRect row = option.rect.adjusted(margin, 14, -margin, 0);
   row.setHeight(target);
-  paintText(painter, row, name_, looks().link(), peer.name(person));
+  paintText(painter, row, name_, theme().link(), peer.name(person));
   row.translate(0, target + 4);
   row.setHeight(why_.metrics.height());
-  const QColor quiet = looks().text(ui::ForegroundStyle::secondary);
+  const QColor quiet = theme().text(ui::ForegroundStyle::secondary);
   paintText(painter, row, why_, quiet, peer.why(person));
   row.translate(0, row.height() + 4);
   row.setHeight(target);
@@ -110,7 +110,7 @@ void RowDelegate::paintPerson(QPainter& painter, const QStyleOptionViewItem& opt
   row.setLeft(row.left() + caption_.metrics.horizontalAdvance(label) + 8);
   if (outcome->correctsOutcomeID) {
     const QString corrected = QStringLiteral("\u00B7 corrected");
-    paintText(painter, row, caption_, looks().text(ui::ForegroundStyle::tertiary), corrected);
+    paintText(painter, row, caption_, theme().text(ui::ForegroundStyle::tertiary), corrected);
     row.setLeft(row.left() + caption_.metrics.horizontalAdvance(corrected) + 8);
   }
   paintButton(painter, option, row.topLeft(), QStringLiteral("Correct"));
@@ -124,8 +124,8 @@ void RowDelegate::paintPerson(QPainter& painter, const QStyleOptionViewItem& opt
 
 void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const {
-  const QColor ink = looks().text(ui::ForegroundStyle::primary);
-  const QColor quiet = looks().text(ui::ForegroundStyle::secondary);
+  const QColor ink = theme().text(ui::ForegroundStyle::primary);
+  const QColor quiet = theme().text(ui::ForegroundStyle::secondary);
   QRect area = option.rect.adjusted(margin, 0, -margin, 0);
   switch (model_.kind(index.row())) {
     case PageModel::RowKind::title:

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VemraQt/Looks.hpp"
+#include "VemraQt/Theme.hpp"
 #include "benchmarks/screen/PageModel.hpp"
 
 #include <QFontMetrics>

@@ -104,7 +104,7 @@ class WidgetsCandidate final : public ScrollAreaCandidate {
     rows_.reserve(data_->size());
     page_ = new QWidget;
     page_->setBackgroundRole(QPalette::Base);
-    page_->setPalette(looks().paletteForFrames());
+    page_->setPalette(theme().paletteForFrames());
     column_ = new QVBoxLayout(page_);
     column_->setContentsMargins(24, 24, 24, 24);
     const bool inRows = arrangement_ == WidgetArrangement::rows;

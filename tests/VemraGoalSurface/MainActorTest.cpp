@@ -72,7 +72,7 @@ TEST_F(MainActorDeathTest, RowsThatARendererRequests) {
   ui::ViewGraph graph;
   graph.setRoot(view());
   const ui::NodeID list = ui::sample::firstOf(graph.root(), ui::ElementKind::forEach)->id;
-  expectStop("GoalResultView.personRow", [&] { graph.lookAtRow(list, 0); });
+  expectStop("GoalResultView.personRow", [&] { graph.peekRow(list, 0); });
 }
 
 TEST_F(MainActorDeathTest, PathSection) {

@@ -177,7 +177,7 @@ TEST(Audit, ChoicesInAMenuAreLargeEnoughAndHaveTheColoursOfThePage) {
     for (QAction* action : menu->actions()) {
       EXPECT_GE(menu->actionGeometry(action).height(), 24) << qPrintable(action->text());
     }
-    EXPECT_EQ(menu->palette().color(QPalette::Base), pageOf(host.widget).looks().background());
+    EXPECT_EQ(menu->palette().color(QPalette::Base), pageOf(host.widget).theme().background());
     menu->close();
   }
 }

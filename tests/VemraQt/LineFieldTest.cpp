@@ -115,12 +115,12 @@ TEST_F(LineFieldTest, ThePlaceholderOfADisabledFieldIsFainter) {
     }
     return darkest;
   };
-  const qt::Looks looks(QFont(), QApplication::palette(), {});
+  const qt::Theme theme(QFont(), QApplication::palette(), {});
   QApplication::setActiveWindow(nullptr);
-  EXPECT_NEAR(ink(), looks.text(ui::ForegroundStyle::tertiary).lightness(), 8);
+  EXPECT_NEAR(ink(), theme.text(ui::ForegroundStyle::tertiary).lightness(), 8);
   disabled = true;
   show();
-  EXPECT_NEAR(ink(), looks.disabledText().lightness(), 8);
+  EXPECT_NEAR(ink(), theme.disabledText().lightness(), 8);
 }
 
 TEST_F(LineFieldTest, TheNextElementHasNoUndoHistoryOfThePreviousElement) {

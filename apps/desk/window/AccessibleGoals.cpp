@@ -21,7 +21,7 @@ namespace {
 
 /// Up to this many changes are announced one by one; beyond it, clients get one notification to
 /// read all goals again.
-constexpr std::size_t mostToldOneByOne = 32;
+constexpr std::size_t mostSentOneByOne = 32;
 
 /// A goal without a widget. It represents the goal at its index, even when the list has changed.
 class AccessibleGoal final : public QAccessibleInterface, public QAccessibleActionInterface {
@@ -82,12 +82,12 @@ class AccessibleGoal final : public QAccessibleInterface, public QAccessibleActi
   /// These return whether the goal's name, or its state, differs from the announced one, and store
   /// the new one, because the caller announces it next. They return false when no client has asked
   /// for it.
-  bool takeName() {
+  bool updateAnnouncedName() {
     if (!announcedName_ || !isValid()) return false;
     const std::size_t name = qHash(shownName());
     return std::exchange(*announcedName_, name) != name;
   }
-  bool takeOpen() {
+  bool updateAnnouncedOpen() {
     if (!announcedOpen_ || !isValid()) return false;
     return std::exchange(*announcedOpen_, isOpen()) != isOpen();
   }
@@ -138,8 +138,8 @@ class AccessibleColumn final : public QAccessibleWidget {
   }
 
   int childCount() const override {
-    toldCount_ = count();
-    return *toldCount_;
+    announcedCount_ = count();
+    return *announcedCount_;
   }
 
   QAccessibleInterface* child(int place) const override {
@@ -176,10 +176,10 @@ class AccessibleColumn final : public QAccessibleWidget {
     std::vector<QAccessible::Id> renamed, opened;
     for (const auto& [index, id] : known_) {
       auto& goal = *static_cast<AccessibleGoal*>(QAccessible::accessibleInterface(id));
-      if (goal.takeName()) renamed.push_back(id);
-      if (goal.takeOpen()) opened.push_back(id);
+      if (goal.updateAnnouncedName()) renamed.push_back(id);
+      if (goal.updateAnnouncedOpen()) opened.push_back(id);
     }
-    if (renamed.size() > mostToldOneByOne) {
+    if (renamed.size() > mostSentOneByOne) {
       announceUnlisted();
       renamed.clear();
     }
@@ -206,10 +206,10 @@ class AccessibleColumn final : public QAccessibleWidget {
   /// added and removed at the end.
   void announceCount() {
     using Kind = qt::atspi::ChildChange::Kind;
-    if (!toldCount_ || !qt::atspi::sendsChildSignals()) return;
-    const int before = std::exchange(*toldCount_, count());
-    const int now = *toldCount_;
-    if (static_cast<std::size_t>(std::abs(now - before)) > mostToldOneByOne) {
+    if (!announcedCount_ || !qt::atspi::sendsChildSignals()) return;
+    const int before = std::exchange(*announcedCount_, count());
+    const int now = *announcedCount_;
+    if (static_cast<std::size_t>(std::abs(now - before)) > mostSentOneByOne) {
       announceUnlisted();
       return;
     }
@@ -239,7 +239,7 @@ class AccessibleColumn final : public QAccessibleWidget {
   ListedGoals* list() const { return column().list(); }
 
   mutable std::unordered_map<std::size_t, QAccessible::Id> known_;
-  mutable std::optional<int> toldCount_;
+  mutable std::optional<int> announcedCount_;
 };
 
 QAccessibleInterface* makeColumnOrRow(const QString&, QObject* object) {

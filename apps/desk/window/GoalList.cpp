@@ -50,7 +50,7 @@ void GoalList::setGoals(const std::vector<GoalListing>& goals, const std::string
   if (open != goals_.end()) open_ = static_cast<std::size_t>(open - goals_.begin());
   if (open_ && !text::equal(before, openGoalID)) wantsOpenSeen_ = true;
   while (!rows_.empty() && rows_.rbegin()->first >= goals_.size()) {
-    putAside(std::prev(rows_.end()));
+    recycle(std::prev(rows_.end()));
   }
   if (!sameTitles) forgetHeights();
   for (const auto& [index, row] : rows_) fillRow(*row, index);

@@ -67,7 +67,7 @@ class GoalList : public QAbstractScrollArea, public ListedGoals {
   bool isPinned(std::size_t index) const;
   GoalRow& makeRow(std::size_t index);
   void fillRow(GoalRow& row, std::size_t index) const;
-  void putAside(std::map<std::size_t, GoalRow*>::iterator entry);
+  void recycle(std::map<std::size_t, GoalRow*>::iterator entry);
   void showOpen();
   void scrollTo(std::size_t index);
   bool handleKey(std::size_t index, int key);

@@ -112,7 +112,7 @@ void GoalList::placeRows(const Range& range) {
       ++entry;
       continue;
     }
-    putAside(entry++);
+    recycle(entry++);
   }
   for (std::size_t index = range.first; index < range.last; ++index) makeRow(index);
   if (open_) makeRow(*open_);
@@ -126,7 +126,7 @@ void GoalList::placeRows(const Range& range) {
 }
 
 /// Keeps the widget for another row: it may be the widget whose signal is being handled.
-void GoalList::putAside(std::map<std::size_t, GoalRow*>::iterator entry) {
+void GoalList::recycle(std::map<std::size_t, GoalRow*>::iterator entry) {
   entry->second->hide();
   spare_.push_back(entry->second);
   rows_.erase(entry);

@@ -20,13 +20,13 @@ namespace vemra::desk {
 template <class T, class Callback>
 void startOnMainThread(QObject& receiver, task::Task<T> task, Callback callback) {
   // Only the main thread makes and reads this pair; other threads only pass the pointer on.
-  auto told = std::make_shared<std::pair<QPointer<QObject>, Callback>>(&receiver, callback);
-  task::start(std::move(task), [told = std::move(told)](task::Result<T> result) mutable {
+  auto call = std::make_shared<std::pair<QPointer<QObject>, Callback>>(&receiver, callback);
+  task::start(std::move(task), [call = std::move(call)](task::Result<T> result) mutable {
     auto ending = std::make_shared<task::Result<T>>(std::move(result));
     QMetaObject::invokeMethod(
         QCoreApplication::instance(),
-        [told = std::move(told), ending] {
-          if (told->first) told->second(std::move(*ending));
+        [call = std::move(call), ending] {
+          if (call->first) call->second(std::move(*ending));
         },
         Qt::QueuedConnection);
   });

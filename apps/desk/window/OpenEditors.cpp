@@ -22,7 +22,7 @@ void collect(ui::ViewGraph& graph, ui::NodeID id, std::vector<OpenEditor>& found
   if (node == nullptr) return;
   if (node->element.kind() == ui::ElementKind::forEach) {
     for (const std::size_t row : graph.rowsWithState(id)) {
-      collect(graph, graph.lookAtRow(id, row), found);
+      collect(graph, graph.peekRow(id, row), found);
     }
     return;
   }

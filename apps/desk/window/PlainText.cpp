@@ -1,6 +1,6 @@
 #include "apps/desk/window/PlainText.hpp"
 
-#include "VemraQt/Looks.hpp"
+#include "VemraQt/Theme.hpp"
 
 #include <QApplication>
 #include <QEvent>
@@ -39,7 +39,7 @@ class QuietLabel : public QLabel {
 QColor inkOf(ui::ForegroundStyle style, const QPalette& palette) {
   ui::Environment environment;
   environment.colorScheme = qt::colorSchemeOf(palette);
-  return qt::Looks({}, palette, environment).text(style);
+  return qt::Theme({}, palette, environment).text(style);
 }
 
 QLabel* makeLabel(const QString& text, TextRole role) {

@@ -302,7 +302,7 @@ std::string PageStory::brokenLikeness() {
   const std::vector<std::size_t> withState =
       graph_.rowsWithState(host_.page.tree().lists().at(0)->id);
   for (const std::size_t row : withState) {
-    const ui::NodeID looked = graph_.lookAtRow(host_.page.tree().lists().at(0)->id, row);
+    const ui::NodeID looked = graph_.peekRow(host_.page.tree().lists().at(0)->id, row);
     bool isOpen = false;
     std::vector<const ui::Node*> pending{graph_.find(looked)};
     while (!pending.empty()) {

@@ -37,10 +37,10 @@ page::RowChanges changes(const IDs& before, const IDs& after, std::size_t most =
 /// The list after removing the removed rows, from the end, and inserting the added ones, from the
 /// front.
 IDs followed(IDs rows, const IDs& after, const page::RowChanges& changes) {
-  for (const std::size_t index : changes.left | std::views::reverse) {
+  for (const std::size_t index : changes.removed | std::views::reverse) {
     rows.erase(rows.begin() + static_cast<long>(index));
   }
-  for (const std::size_t index : changes.came) {
+  for (const std::size_t index : changes.inserted) {
     rows.insert(rows.begin() + static_cast<long>(index), after[index]);
   }
   return rows;
@@ -51,14 +51,14 @@ IDs followed(IDs rows, const IDs& after, const page::RowChanges& changes) {
 TEST(RowChanges, NameTheRemovedAndTheAddedRows) {
   const page::RowChanges both = changes({"a", "b", "c", "d"}, {"x", "b", "d", "y"});
   EXPECT_TRUE(both.areComplete);
-  EXPECT_THAT(both.left, ElementsAre(0, 2));
-  EXPECT_THAT(both.came, ElementsAre(0, 3));
+  EXPECT_THAT(both.removed, ElementsAre(0, 2));
+  EXPECT_THAT(both.inserted, ElementsAre(0, 3));
   const page::RowChanges none = changes({"a", "b"}, {"a", "b"});
   EXPECT_TRUE(none.areComplete);
-  EXPECT_THAT(none.left, IsEmpty());
-  EXPECT_THAT(none.came, IsEmpty());
-  EXPECT_THAT(changes({"a", "b"}, {}).left, ElementsAre(0, 1));
-  EXPECT_THAT(changes({}, {"a", "b"}).came, ElementsAre(0, 1));
+  EXPECT_THAT(none.removed, IsEmpty());
+  EXPECT_THAT(none.inserted, IsEmpty());
+  EXPECT_THAT(changes({"a", "b"}, {}).removed, ElementsAre(0, 1));
+  EXPECT_THAT(changes({}, {"a", "b"}).inserted, ElementsAre(0, 1));
 }
 
 TEST(RowChanges, AreIncompleteForTooManyRowsOrAnotherOrder) {
@@ -71,11 +71,11 @@ TEST(RowChanges, AreIncompleteForTooManyRowsOrAnotherOrder) {
 TEST(RowChanges, CompareIdsCanonically) {
   const page::RowChanges same = changes({"\u00e9", "b"}, {"e\u0301", "b"});
   EXPECT_TRUE(same.areComplete);
-  EXPECT_THAT(same.left, IsEmpty());
+  EXPECT_THAT(same.removed, IsEmpty());
 }
 
 TEST(RowChanges, OfEqualIdsTheLastRowIsRemoved) {
-  EXPECT_THAT(changes({"a", "b", "a"}, {"a", "b"}).left, ElementsAre(2));
+  EXPECT_THAT(changes({"a", "b", "a"}, {"a", "b"}).removed, ElementsAre(2));
   const page::RowChanges moved = changes({"a", "b", "a"}, {"b", "a"});
   EXPECT_FALSE(moved.areComplete) << "the first row a is behind row b now";
 }

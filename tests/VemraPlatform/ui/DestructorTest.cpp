@@ -132,7 +132,7 @@ TEST_F(DestructorTest, OfAStateInARemovedSubtree) {
   expectOneDestruction();
 }
 
-TEST_F(DestructorTest, OfARowThatGoesToSleepAndOfALookedAtRow) {
+TEST_F(DestructorTest, OfARowThatGoesToSleepAndOfAPeekedRow) {
   std::vector<Held> held = {onDestruction(), onDestruction()};
   graph->setRoot(Group({Counter{}, list({{"a"}, {"b"}, {"c"}}, [&](const Line& line) -> View {
                           if (line.id == "c") return Text("c");
@@ -144,7 +144,7 @@ TEST_F(DestructorTest, OfARowThatGoesToSleepAndOfALookedAtRow) {
   held[0].reset();
   graph->showRows(forEach, {{2, 3}});
   expectOneDestruction();
-  nameAsGone(graph->find(graph->lookAtRow(forEach, 1)));
+  nameAsGone(graph->find(graph->peekRow(forEach, 1)));
   held[1].reset();
   graph->setRoot(Group({Counter{}}));
   EXPECT_EQ(destructions, 2);

@@ -103,15 +103,15 @@ TEST(EnvironmentTest, AChangeDescribesEverythingAnewAndKeepsNodesAndState) {
   EXPECT_EQ(difference(graph, tree), "");
 }
 
-TEST(EnvironmentTest, AChangeReachesRowsThatAreLookedAt) {
+TEST(EnvironmentTest, AChangeReachesPeekedRows) {
   ViewGraph graph;
   Window window;
   graph.attach(window);
   graph.setRoot(list(numbered(3), [](const Line&) -> View { return Text("Show"); }));
   const NodeID forEach = graph.root()->id;
-  EXPECT_EQ(texts(graph.find(graph.lookAtRow(forEach, 1))), Texts{"Show"});
+  EXPECT_EQ(texts(graph.find(graph.peekRow(forEach, 1))), Texts{"Show"});
   graph.setEnvironment(german());
-  EXPECT_EQ(texts(graph.find(graph.lookAtRow(forEach, 1))), Texts{"Zeigen"});
+  EXPECT_EQ(texts(graph.find(graph.peekRow(forEach, 1))), Texts{"Zeigen"});
 }
 
 TEST(EnvironmentTest, SetDuringAnEventItTakesEffectTogetherWithTheRoot) {

@@ -133,11 +133,11 @@ TEST_F(ExceptionTest, DescribingARowThatThrowsRethrowsAndLeavesAnEmptyRow) {
     return Text("fine");
   }));
   const NodeID forEach = graph.root()->id;
-  EXPECT_THROW(graph.lookAtRow(forEach, 1), Fault);
-  const Node* row = graph.find(graph.lookAtRow(forEach, 1));
+  EXPECT_THROW(graph.peekRow(forEach, 1), Fault);
+  const Node* row = graph.find(graph.peekRow(forEach, 1));
   ASSERT_TRUE(row);
   EXPECT_EQ(row->element.kind(), ElementKind::group);
-  EXPECT_TRUE(graph.find(graph.lookAtRow(forEach, 0)));
+  EXPECT_TRUE(graph.find(graph.peekRow(forEach, 0)));
   EXPECT_TRUE(window.tree.nodes().size() == 1) << "described rows get no patches";
   graph.detach();
 }
@@ -204,7 +204,7 @@ TEST_F(ExceptionTest, ABindingThatCannotBeReadInALookRemovesTheTreeAndItsSleepin
   graph.showRows(forEach, {{1, 2}});
   EXPECT_TRUE(state->isAttached()) << "it sleeps";
   fails = true;
-  EXPECT_THROW(graph.lookAtRow(forEach, 2), Fault);
+  EXPECT_THROW(graph.peekRow(forEach, 2), Fault);
   EXPECT_EQ(graph.root(), nullptr);
   EXPECT_FALSE(window.tree.root());
   EXPECT_FALSE(state->isAttached());

@@ -32,13 +32,13 @@ class ListInWindow : public ::testing::Test {
   std::vector<std::string> shown() { return texts(graph.root()); }
   /// Presses "+" in a row; looks at the row when it is not shown.
   void pressRow(std::size_t index) {
-    const Node* row = graph.find(graph.lookAtRow(forEach().id, index));
+    const Node* row = graph.find(graph.peekRow(forEach().id, index));
     ASSERT_TRUE(row);
     graph.deliver(buttonTitled(row, "+")->id, Press{});
     EXPECT_EQ(difference(graph, window.tree), "");
   }
-  std::vector<std::string> lookedAt(std::size_t index) {
-    return texts(graph.find(graph.lookAtRow(forEach().id, index)));
+  std::vector<std::string> peeked(std::size_t index) {
+    return texts(graph.find(graph.peekRow(forEach().id, index)));
   }
 
   Window window;

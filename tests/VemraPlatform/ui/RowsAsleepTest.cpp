@@ -75,7 +75,7 @@ TEST_F(RowsAsleepTest, ASleepingRowFollowsItsIdAndLosesItsStateWhenItLeavesTheLi
   EXPECT_EQ(shown(), (Texts{"a=0", "b=1"})) << "row a was removed while it slept";
 }
 
-TEST_F(RowsAsleepTest, RowsWithStateAreListedShownLookedAtOrAsleep) {
+TEST_F(RowsAsleepTest, RowsWithStateAreListedShownPeekedOrAsleep) {
   show(numbered(200));
   showRows(0, 3);
   EXPECT_EQ(graph.rowsWithState(forEach().id), std::vector<std::size_t>{});
@@ -152,7 +152,7 @@ TEST_F(RowsAsleepTest, StateInsideARowSleepsAndWakesWithIt) {
   graph.showRows(inner(), {{0, 2}});
   pressRow(0);  // its first "+": the counter beside the inner list
   graph.deliver(buttonTitled(graph.find(inner())->children[1], "+")->id, Press{});
-  graph.deliver(buttonTitled(graph.find(graph.lookAtRow(inner(), 2)), "+")->id, Press{});
+  graph.deliver(buttonTitled(graph.find(graph.peekRow(inner(), 2)), "+")->id, Press{});
   EXPECT_EQ(shown(), (Texts{"a", "x=1", "i=0", "j=1"}));
   for (int times = 0; times < 2; ++times) {
     showRows(1, 2);
@@ -196,7 +196,7 @@ TEST_F(RowsAsleepTest, AListInARowDoesNotCountAsStateOfTheRow) {
   showRows(0, 1);
   const NodeID inner = firstOf(forEach().children[0], ElementKind::forEach)->id;
   graph.showRows(inner, {{0, 1}});
-  graph.lookAtRow(inner, 1);
+  graph.peekRow(inner, 1);
   EXPECT_EQ(graph.rowsWithState(forEach().id), std::vector<std::size_t>{});
   const auto passes = graph.work().idPasses;
   showRows(1, 2);

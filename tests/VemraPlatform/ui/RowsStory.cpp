@@ -38,9 +38,9 @@ NodeID listOf(const Node* node) {
 
 /// The node of a counter; looks at the row when it is not shown.
 const Node* counterAt(ViewGraph& graph, std::size_t row, std::size_t counter) {
-  const Node* outer = graph.find(graph.lookAtRow(listOf(graph.root()), row));
+  const Node* outer = graph.find(graph.peekRow(listOf(graph.root()), row));
   if (!outer || counter == 0) return outer ? outer->children[0] : nullptr;
-  return graph.find(graph.lookAtRow(listOf(outer), counter - 1));
+  return graph.find(graph.peekRow(listOf(outer), counter - 1));
 }
 
 int countAt(ViewGraph& graph, std::size_t row, std::size_t counter) {

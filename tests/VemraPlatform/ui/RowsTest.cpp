@@ -69,11 +69,11 @@ TEST_F(RowsTest, ARequestForANodeThatIsNoListDoesNothing) {
   const NodeID gone = forEach().id;
   graph.showRows(graph.root()->children[0]->id, {{0, 1}});
   graph.showRows(NodeID{12345}, {{0, 1}});
-  EXPECT_FALSE(graph.lookAtRow(graph.root()->id, 0));
-  EXPECT_FALSE(graph.lookAtRow(gone, 3)) << "there is no such row";
+  EXPECT_FALSE(graph.peekRow(graph.root()->id, 0));
+  EXPECT_FALSE(graph.peekRow(gone, 3)) << "there is no such row";
   graph.setRoot(Text("y"));
   graph.showRows(gone, {{0, 1}});
-  EXPECT_FALSE(graph.lookAtRow(gone, 0));
+  EXPECT_FALSE(graph.peekRow(gone, 0));
   EXPECT_EQ(graph.work().rows, 0U);
 }
 
@@ -146,11 +146,11 @@ TEST_F(RowsTest, ARendererGetsTheRowsOfAListOnlyInTheirStateAfterThePatches) {
   EXPECT_EQ(window.lists[1].shown, (std::vector<RowRange>{{3, 5}}));
 }
 
-TEST_F(RowsTest, LookedAtRowsAreNotHandedToTheRenderer) {
+TEST_F(RowsTest, PeekedRowsAreNotHandedToTheRenderer) {
   const auto row = [](const Line&) { return list(numbered(2)); };
   show(numbered(5), row);
   window.takeLists();
-  graph.lookAtRow(forEach().id, 3);
+  graph.peekRow(forEach().id, 3);
   EXPECT_TRUE(window.lists.empty());
   EXPECT_EQ(graph.rowIDs(forEach().id)->count(), 5U);
   EXPECT_EQ(graph.rowIDs(graph.root()->id)->count(), 5U);
@@ -165,7 +165,7 @@ TEST_F(RowsTest, RequestsFromInsideApplyAreHandledAfterIt) {
     for (const Patch& patch : patches) {
       if (patch.kind != Kind::insert || patch.element->kind() != ElementKind::forEach) continue;
       graph.showRows(patch.node, {{0, 2}});
-      EXPECT_FALSE(graph.lookAtRow(patch.node, 1)) << "it is not there yet";
+      EXPECT_FALSE(graph.peekRow(patch.node, 1)) << "it is not there yet";
     }
   };
   show(numbered(5));

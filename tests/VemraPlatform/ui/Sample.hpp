@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VemraPlatform/ui/BehindNode.hpp"
+#include "VemraPlatform/ui/NodeAccess.hpp"
 #include "VemraPlatform/ui/ViewGraph.hpp"
 #include "VemraTesting/RenderedTree.hpp"
 #include "tests/Random.hpp"

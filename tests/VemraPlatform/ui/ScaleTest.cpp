@@ -149,18 +149,18 @@ TEST(ScaleTest, ManyRowsWithStateLeaveAndReturnInOnePassOverTheIds) {
   expectOnePassEach(allTheSame(numbered(2'000)));
 }
 
-TEST(ScaleTest, ManyLooksAtRowsWithStateEndInOnePass) {
+TEST(ScaleTest, ManyPeekedRowsWithStateEndInOnePass) {
   const View screen = list(numbered(100), [](const Line& line) { return View(Counter{line.id}); });
   ViewGraph graph;
   graph.setRoot(screen);
   for (std::size_t index = 0; index < 50; ++index) {
-    const NodeID row = graph.lookAtRow(graph.root()->id, index);
+    const NodeID row = graph.peekRow(graph.root()->id, index);
     writeInto(*graph.find(row), 1);
   }
   const auto before = graph.work();
   graph.setRoot(screen);
   EXPECT_EQ(graph.work().idPasses, before.idPasses + 2) << "one to sleep, one to follow the ids";
-  EXPECT_EQ(texts(graph.find(graph.lookAtRow(graph.root()->id, 49))).front(), "row49=1");
+  EXPECT_EQ(texts(graph.find(graph.peekRow(graph.root()->id, 49))).front(), "row49=1");
 }
 
 TEST(ScaleTest, AListInsideARowSleepsInOnePassOfItsOwn) {
@@ -176,7 +176,7 @@ TEST(ScaleTest, AListInsideARowSleepsInOnePassOfItsOwn) {
   const NodeID inner = graph.root()->children[0]->id;
   graph.showRows(inner, {{0, 400}});
   for (const Node* row : graph.find(inner)->children) writeInto(*row, 1);
-  writeInto(*graph.find(graph.lookAtRow(inner, 450)), 1);
+  writeInto(*graph.find(graph.peekRow(inner, 450)), 1);
   auto passes = graph.work().idPasses;
   graph.showRows(outer, {{1, 2}});
   EXPECT_EQ(graph.work().idPasses, passes + 2) << "one over the outer list, one over the inner one";

@@ -84,10 +84,10 @@ TEST_F(WakingExceptionTest, ARowThatThrowsWhileItWakesKeepsItsStateForTheNextTry
   EXPECT_EQ(texts(graph.root()), both) << "with the next request";
   graph.showRows(forEach, {});
   fails = true;
-  EXPECT_THROW(graph.lookAtRow(forEach, 0), Fault);
+  EXPECT_THROW(graph.peekRow(forEach, 0), Fault);
   fails = false;
   graph.setRoot(screen);
-  EXPECT_EQ(texts(graph.find(graph.lookAtRow(forEach, 0))), Texts{"a=1"}) << "with the next look";
+  EXPECT_EQ(texts(graph.find(graph.peekRow(forEach, 0))), Texts{"a=1"}) << "with the next look";
   EXPECT_EQ(difference(graph, window.tree), "");
 }
 

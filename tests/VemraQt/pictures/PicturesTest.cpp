@@ -208,9 +208,9 @@ TEST_F(Pictures, ATextMovedByOnePixelIsADifference) {
 TEST_F(Pictures, AnotherColourIsADifference) {
   WindowHost host(oneOfEach(), pageSize);
   const QImage light = pictureOf(host);
-  const qt::Looks& looks = pageOf(host.widget).looks();
-  const QColor secondary = looks.text(ui::ForegroundStyle::secondary);
-  const QColor tertiary = looks.text(ui::ForegroundStyle::tertiary);
+  const qt::Theme& theme = pageOf(host.widget).theme();
+  const QColor secondary = theme.text(ui::ForegroundStyle::secondary);
+  const QColor tertiary = theme.text(ui::ForegroundStyle::tertiary);
   QImage recoloured = light;
   int pixels = 0;
   for (int y = 0; y < light.height(); ++y) {

@@ -17,12 +17,12 @@ namespace vemra::qt {
 /// of at least 4.5 to 1 with the page, 7 to 1 in high contrast; the colour of links has at least
 /// 4.5 to 1. Frames and the focus ring have at least 3 to 1 (Web Content Accessibility Guidelines
 /// 2.2, "contrast").
-class VEMRA_EXPORT Looks {
+class VEMRA_EXPORT Theme {
  public:
   /// The fonts and colours of the application's font and palette, in the default environment.
-  Looks() : Looks(QFont(), QPalette(), {}) {}
+  Theme() : Theme(QFont(), QPalette(), {}) {}
   /// Takes the text scale and the colour scheme from `environment`.
-  Looks(const QFont& systemFont, const QPalette& systemPalette, const ui::Environment& environment);
+  Theme(const QFont& systemFont, const QPalette& systemPalette, const ui::Environment& environment);
 
   QFont font(const ui::Font& font) const;
   /// The colour of a text.

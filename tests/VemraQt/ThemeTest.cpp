@@ -1,5 +1,5 @@
 #include "VemraQt/Contrast.hpp"
-#include "VemraQt/Looks.hpp"
+#include "VemraQt/Theme.hpp"
 
 #include <array>
 
@@ -8,7 +8,7 @@
 
 using namespace vemra;
 using qt::contrast;
-using qt::Looks;
+using qt::Theme;
 using ui::ForegroundStyle;
 
 namespace {
@@ -35,7 +35,7 @@ TEST(Contrast, IsComputedAsInTheGuidelines) {
   EXPECT_NEAR(contrast(Qt::red, Qt::red), 1, 0.001);
 }
 
-TEST(Looks, TheThreeLevelsAreReadableAndDistinctOnEveryPalette) {
+TEST(Theme, TheThreeLevelsAreReadableAndDistinctOnEveryPalette) {
   const std::array palettes{
       paletteOf(Qt::black, Qt::white),
       paletteOf(Qt::white, Qt::black),
@@ -46,36 +46,36 @@ TEST(Looks, TheThreeLevelsAreReadableAndDistinctOnEveryPalette) {
   };
   for (const QPalette& system : palettes) {
     for (auto scheme : {ui::ColorScheme::light, ui::ColorScheme::dark}) {
-      const Looks looks(QFont(), system, inScheme(scheme));
-      const QColor page = looks.background();
-      const QColor primary = looks.text(ForegroundStyle::primary);
-      const QColor secondary = looks.text(ForegroundStyle::secondary);
-      const QColor tertiary = looks.text(ForegroundStyle::tertiary);
+      const Theme theme(QFont(), system, inScheme(scheme));
+      const QColor page = theme.background();
+      const QColor primary = theme.text(ForegroundStyle::primary);
+      const QColor secondary = theme.text(ForegroundStyle::secondary);
+      const QColor tertiary = theme.text(ForegroundStyle::tertiary);
       EXPECT_GE(contrast(secondary, page), 4.5) << qPrintable(page.name());
       EXPECT_GE(contrast(tertiary, page), 4.5) << qPrintable(page.name());
-      EXPECT_GE(contrast(looks.link(), page), 4.5) << qPrintable(page.name());
-      EXPECT_GE(contrast(looks.focusRing(), page), 3) << qPrintable(page.name());
-      EXPECT_GE(contrast(looks.outline(), page), 3) << qPrintable(page.name());
+      EXPECT_GE(contrast(theme.link(), page), 4.5) << qPrintable(page.name());
+      EXPECT_GE(contrast(theme.focusRing(), page), 3) << qPrintable(page.name());
+      EXPECT_GE(contrast(theme.outline(), page), 3) << qPrintable(page.name());
       EXPECT_GT(contrast(primary, page), contrast(secondary, page) + 0.5);
       EXPECT_GT(contrast(secondary, page), contrast(tertiary, page) + 0.5);
-      EXPECT_EQ(qt::colorSchemeOf(looks.palette()), scheme);
+      EXPECT_EQ(qt::colorSchemeOf(theme.palette()), scheme);
     }
   }
 }
 
-TEST(Looks, ASystemPaletteOfTheRightSchemeIsUsedUnchanged) {
+TEST(Theme, ASystemPaletteOfTheRightSchemeIsUsedUnchanged) {
   const QPalette contrasty = paletteOf(Qt::yellow, Qt::black);
-  const Looks looks(QFont(), contrasty, inScheme(ui::ColorScheme::dark));
-  EXPECT_EQ(looks.text(ForegroundStyle::primary), QColor(Qt::yellow));
-  EXPECT_EQ(looks.background(), QColor(Qt::black));
+  const Theme theme(QFont(), contrasty, inScheme(ui::ColorScheme::dark));
+  EXPECT_EQ(theme.text(ForegroundStyle::primary), QColor(Qt::yellow));
+  EXPECT_EQ(theme.background(), QColor(Qt::black));
 }
 
-TEST(Looks, APageInTheOtherSchemeHasTheColoursOfThisSystem) {
+TEST(Theme, APageInTheOtherSchemeHasTheColoursOfThisSystem) {
   const auto colours = [](ui::ColorScheme scheme) {
     const bool isDark = scheme == ui::ColorScheme::dark;
     const QPalette other =
         isDark ? paletteOf(Qt::black, Qt::white) : paletteOf(Qt::white, Qt::black);
-    const QPalette palette = Looks(QFont(), other, inScheme(scheme)).palette();
+    const QPalette palette = Theme(QFont(), other, inScheme(scheme)).palette();
     QStringList names;
     for (const auto role : {QPalette::Base, QPalette::Window, QPalette::Button, QPalette::Text,
                             QPalette::Highlight, QPalette::HighlightedText}) {
@@ -87,34 +87,34 @@ TEST(Looks, APageInTheOtherSchemeHasTheColoursOfThisSystem) {
   EXPECT_EQ(colours(ui::ColorScheme::dark), "#1e1f22 #2b2d30 #3a3d41 #ecedee #4c9af0 #000000");
 }
 
-TEST(Looks, TextStylesAreRatiosOfTheSystemFont) {
+TEST(Theme, TextStylesAreRatiosOfTheSystemFont) {
   QFont system("DejaVu Sans");
   system.setPixelSize(26);
-  const Looks looks(system, QPalette(), {});
-  EXPECT_EQ(looks.font(ui::Font::title2).pixelSize(), 34);
-  EXPECT_EQ(looks.font(ui::Font::headline).pixelSize(), 26);
-  EXPECT_EQ(looks.font(ui::Font::body).pixelSize(), 26);
-  EXPECT_EQ(looks.font(ui::Font::subheadline).pixelSize(), 22);
-  EXPECT_EQ(looks.font(ui::Font::caption).pixelSize(), 20);
-  EXPECT_EQ(looks.font(ui::Font::caption2).pixelSize(), 20);
+  const Theme theme(system, QPalette(), {});
+  EXPECT_EQ(theme.font(ui::Font::title2).pixelSize(), 34);
+  EXPECT_EQ(theme.font(ui::Font::headline).pixelSize(), 26);
+  EXPECT_EQ(theme.font(ui::Font::body).pixelSize(), 26);
+  EXPECT_EQ(theme.font(ui::Font::subheadline).pixelSize(), 22);
+  EXPECT_EQ(theme.font(ui::Font::caption).pixelSize(), 20);
+  EXPECT_EQ(theme.font(ui::Font::caption2).pixelSize(), 20);
   system.setPointSizeF(13);
-  EXPECT_DOUBLE_EQ(Looks(system, QPalette(), {}).font(ui::Font::title2).pointSizeF(), 17);
+  EXPECT_DOUBLE_EQ(Theme(system, QPalette(), {}).font(ui::Font::title2).pointSizeF(), 17);
 }
 
-TEST(Looks, WeightsAreTheStylesOwnUnlessSet) {
-  const Looks looks;
-  EXPECT_EQ(looks.font(ui::Font::title2).weight(), QFont::Normal);
-  EXPECT_EQ(looks.font(ui::Font::headline).weight(), QFont::Bold);
-  EXPECT_EQ(looks.font(ui::Font::caption2).weight(), QFont::Medium);
-  EXPECT_EQ(looks.font(ui::Font::title2.weight(ui::FontWeight::semibold)).weight(),
+TEST(Theme, WeightsAreTheStylesOwnUnlessSet) {
+  const Theme theme;
+  EXPECT_EQ(theme.font(ui::Font::title2).weight(), QFont::Normal);
+  EXPECT_EQ(theme.font(ui::Font::headline).weight(), QFont::Bold);
+  EXPECT_EQ(theme.font(ui::Font::caption2).weight(), QFont::Medium);
+  EXPECT_EQ(theme.font(ui::Font::title2.weight(ui::FontWeight::semibold)).weight(),
             QFont::DemiBold);
-  EXPECT_EQ(looks.font(ui::Font::body.weight(ui::FontWeight::medium)).weight(), QFont::Medium);
+  EXPECT_EQ(theme.font(ui::Font::body.weight(ui::FontWeight::medium)).weight(), QFont::Medium);
 }
 
-TEST(Looks, TextScaleMultiplies) {
+TEST(Theme, TextScaleMultiplies) {
   QFont system;
   system.setPixelSize(13);
-  EXPECT_EQ(Looks(system, QPalette(), inScheme(ui::ColorScheme::light, 3))
+  EXPECT_EQ(Theme(system, QPalette(), inScheme(ui::ColorScheme::light, 3))
                 .font(ui::Font::caption)
                 .pixelSize(),
             30);

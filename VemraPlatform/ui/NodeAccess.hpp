@@ -9,16 +9,16 @@ namespace vemra::ui {
 
 /// Gives the graph the part of a node that nothing else may use: its state, its rows, and marks of
 /// the running pass.
-struct BehindNode {
+struct NodeAccess {
   static auto& memory(Node& node) { return node.memory_; }
   static const auto& memory(const Node& node) { return node.memory_; }
 };
 
 inline auto& memoryOf(Node& node) {
-  return BehindNode::memory(node);
+  return NodeAccess::memory(node);
 }
 inline const auto& memoryOf(const Node& node) {
-  return BehindNode::memory(node);
+  return NodeAccess::memory(node);
 }
 
 }  // namespace vemra::ui

@@ -1,4 +1,4 @@
-#include "VemraQt/Looks.hpp"
+#include "VemraQt/Theme.hpp"
 
 #include "VemraQt/Contrast.hpp"
 
@@ -89,7 +89,7 @@ QPalette ownPalette(ColorScheme scheme) {
 
 }  // namespace
 
-Looks::Looks(const QFont& systemFont, const QPalette& systemPalette,
+Theme::Theme(const QFont& systemFont, const QPalette& systemPalette,
              const ui::Environment& environment)
     : systemFont_(systemFont),
       colours_(coloursOf(colorSchemeOf(systemPalette) == environment.colorScheme
@@ -97,13 +97,13 @@ Looks::Looks(const QFont& systemFont, const QPalette& systemPalette,
                              : ownPalette(environment.colorScheme))),
       textScale_(environment.textScale) {}
 
-const Looks::Colours& Looks::coloursOf(const QPalette& palette) {
+const Theme::Colours& Theme::coloursOf(const QPalette& palette) {
   static std::optional<Colours> last;
   if (!last || last->palette != palette) last.emplace(palette);
   return *last;
 }
 
-Looks::Colours::Colours(const QPalette& itsPalette) : palette(itsPalette), framing(itsPalette) {
+Theme::Colours::Colours(const QPalette& itsPalette) : palette(itsPalette), framing(itsPalette) {
   const QColor page = palette.color(QPalette::Base);
   const QColor ink = palette.color(QPalette::Text);
   const QColor face = palette.color(QPalette::Button);
@@ -129,7 +129,7 @@ Looks::Colours::Colours(const QPalette& itsPalette) : palette(itsPalette), frami
   }
 }
 
-QFont Looks::font(const ui::Font& font) const {
+QFont Theme::font(const ui::Font& font) const {
   QFont result = systemFont_;
   const double ratio = sizeOf(font.style) / bodySize * textScale_;
   if (systemFont_.pixelSize() > 0) {
@@ -142,7 +142,7 @@ QFont Looks::font(const ui::Font& font) const {
   return result;
 }
 
-QColor Looks::text(ForegroundStyle style) const {
+QColor Theme::text(ForegroundStyle style) const {
   switch (style) {
     case ForegroundStyle::secondary:
       return colours_.secondary;

@@ -1,4 +1,4 @@
-// Looks that change while the page is in use.
+// Themes that change while the page is in use.
 
 #include "VemraQt/Picture.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
@@ -24,7 +24,7 @@ QColor pageColor(const qt::ViewWidget& widget) {
 
 }  // namespace
 
-TEST(LiveLooks, TheEnvironmentsColourSchemeIsShown) {
+TEST(LiveTheme, TheEnvironmentsColourSchemeIsShown) {
   WindowHost host(resultWith(3));
   EXPECT_EQ(pageColor(host.widget), QApplication::palette().color(QPalette::Base));
   ui::Environment environment;
@@ -36,7 +36,7 @@ TEST(LiveLooks, TheEnvironmentsColourSchemeIsShown) {
   EXPECT_GT(pageColor(host.widget).lightness(), 200);
 }
 
-TEST(LiveLooks, AnEnvironmentThatAnActionSetsTakesEffect) {
+TEST(LiveTheme, AnEnvironmentThatAnActionSetsTakesEffect) {
   qt::ViewWidget widget;
   ui::Environment dark;
   dark.colorScheme = ui::ColorScheme::dark;
@@ -49,7 +49,7 @@ TEST(LiveLooks, AnEnvironmentThatAnActionSetsTakesEffect) {
   EXPECT_LT(widget.palette().color(QPalette::Base).lightness(), 60);
 }
 
-TEST(LiveLooks, AnEnvironmentThatTheGraphsOwnerSetsTakesEffect) {
+TEST(LiveTheme, AnEnvironmentThatTheGraphsOwnerSetsTakesEffect) {
   ui::ViewGraph graph;
   graph.setRoot(ui::Text("x"));
   qt::ViewWidget widget(graph);
@@ -59,10 +59,10 @@ TEST(LiveLooks, AnEnvironmentThatTheGraphsOwnerSetsTakesEffect) {
   graph.setEnvironment(environment);
   EXPECT_LT(widget.palette().color(QPalette::Base).lightness(), 60);
   EXPECT_EQ(widget.layoutDirection(), Qt::RightToLeft);
-  EXPECT_GT(pageOf(widget).looks().text(ui::ForegroundStyle::primary).lightness(), 200);
+  EXPECT_GT(pageOf(widget).theme().text(ui::ForegroundStyle::primary).lightness(), 200);
 }
 
-TEST(LiveLooks, AWindowThatFollowsTheSystemTurnsDarkAndHighContrastWithIt) {
+TEST(LiveTheme, AWindowThatFollowsTheSystemTurnsDarkAndHighContrastWithIt) {
   AsBefore asBefore;
   qt::ViewWidget widget;
   WindowHost host(resultWith(3));
@@ -73,15 +73,15 @@ TEST(LiveLooks, AWindowThatFollowsTheSystemTurnsDarkAndHighContrastWithIt) {
   QApplication::processEvents();
   EXPECT_EQ(widget.environment().colorScheme, ui::ColorScheme::dark);
   EXPECT_EQ(pageColor(widget), QColor(Qt::black));
-  EXPECT_EQ(pageOf(widget).looks().text(ui::ForegroundStyle::primary), QColor(Qt::white));
-  EXPECT_EQ(pageOf(widget).looks().link(), QColor(Qt::yellow));
+  EXPECT_EQ(pageOf(widget).theme().text(ui::ForegroundStyle::primary), QColor(Qt::white));
+  EXPECT_EQ(pageOf(widget).theme().link(), QColor(Qt::yellow));
   QApplication::setPalette(asBefore.palette);
   QApplication::processEvents();
   EXPECT_EQ(widget.environment().colorScheme, ui::ColorScheme::light);
   EXPECT_GT(pageColor(widget).lightness(), 200);
 }
 
-TEST(LiveLooks, TheSystemsDirectionIsFollowed) {
+TEST(LiveTheme, TheSystemsDirectionIsFollowed) {
   WindowHost host(resultWith(3));
   qt::ViewWidget following;
   following.setRoot(host.view());
@@ -100,7 +100,7 @@ TEST(LiveLooks, TheSystemsDirectionIsFollowed) {
   EXPECT_LT(place(), 200);
 }
 
-TEST(LiveLooks, TheSystemsFontSizeIsFollowed) {
+TEST(LiveTheme, TheSystemsFontSizeIsFollowed) {
   AsBefore asBefore;
   WindowHost host(resultWith(3));
   const auto& button = host.get<QPushButton>("vemra.goal.person.p0.outcome.start");
@@ -115,7 +115,7 @@ TEST(LiveLooks, TheSystemsFontSizeIsFollowed) {
   EXPECT_GT(host.widget.contentHeight(), height * 5 / 4);
 }
 
-TEST(LiveLooks, TypedTextSurvivesEveryChangeOfLooks) {
+TEST(LiveTheme, TypedTextSurvivesEveryChangeOfLooks) {
   WindowHost host(resultWith(30));
   host.press("vemra.goal.person.p1.outcome.start");
   auto& note = host.get<QLineEdit>("vemra.goal.person.p1.outcome.note");
@@ -135,7 +135,7 @@ TEST(LiveLooks, TypedTextSurvivesEveryChangeOfLooks) {
   }
 }
 
-TEST(LiveLooks, APictureIsMadeWithoutAWindow) {
+TEST(LiveTheme, APictureIsMadeWithoutAWindow) {
   WindowHost host(resultWith(3));
   ui::Environment environment;
   const QImage image = qt::picture(host.view(), environment, QSize(480, 640));
