@@ -14,8 +14,25 @@
 namespace vemra::ui {
 
 class StateCell;
+struct Node;
 struct Rows;
 struct SavedState;
+
+/// The children of a node, in order. Only the graph changes them, and the nodes themselves.
+class NodeChildren {
+ public:
+  const Node* const* begin() const { return nodes_.data(); }
+  const Node* const* end() const { return begin() + nodes_.size(); }
+  std::size_t size() const { return nodes_.size(); }
+  bool empty() const { return nodes_.empty(); }
+  const Node* operator[](std::size_t place) const { return nodes_[place]; }
+  const Node* front() const { return nodes_.front(); }
+
+ private:
+  friend struct NodeAccess;
+
+  std::vector<Node*> nodes_;
+};
 
 /// A node of the living tree: a view at its place, with its present description.
 ///
@@ -23,18 +40,24 @@ struct SavedState;
 /// read nodes through `ViewGraph::find`, which also reaches rows that are described without being
 /// shown. Only the graph changes them.
 struct Node {
-  Node(NodeID newID, Node* itsParent, Identity itsIdentity, Element newElement)
+  Node(NodeID newID, const Node* itsParent, Identity itsIdentity, Element newElement)
       : id(newID),
         parent(itsParent),
         identity(std::move(itsIdentity)),
         element(std::move(newElement)) {}
 
+  Node(const Node&) = delete;  // a copy could be changed, and its children with it
+  Node& operator=(const Node&) = delete;
+  Node(Node&&) = default;
+  Node& operator=(Node&&) = default;
+  ~Node() = default;
+
   NodeID id;
-  Node* parent;
+  const Node* parent;
   Identity identity;
   Element element;
   /// In order. For a `ForEach`: the shown rows.
-  std::vector<Node*> children;
+  NodeChildren children;
 
   /// For a row of a `ForEach`: its index among all rows, and its id byte for byte.
   bool isRow = false;

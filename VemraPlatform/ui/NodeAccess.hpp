@@ -2,6 +2,8 @@
 
 #include "VemraPlatform/ui/Node.hpp"
 
+#include <vector>
+
 /// \file
 /// Internal to the view graph.
 
@@ -12,6 +14,7 @@ namespace vemra::ui {
 struct NodeAccess {
   static auto& memory(Node& node) { return node.memory_; }
   static const auto& memory(const Node& node) { return node.memory_; }
+  static std::vector<Node*>& children(Node& node) { return node.children.nodes_; }
 };
 
 inline auto& memoryOf(Node& node) {
@@ -19,6 +22,9 @@ inline auto& memoryOf(Node& node) {
 }
 inline const auto& memoryOf(const Node& node) {
   return NodeAccess::memory(node);
+}
+inline std::vector<Node*>& childNodesOf(Node& node) {
+  return NodeAccess::children(node);
 }
 
 }  // namespace vemra::ui

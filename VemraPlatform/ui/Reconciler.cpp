@@ -41,7 +41,7 @@ std::vector<Wanted> wantedChildren(std::span<const View> views) {
   return wanted;
 }
 
-bool sameIdentities(const std::vector<Node*>& nodes, const std::vector<Wanted>& wanted) {
+bool sameIdentities(const NodeChildren& nodes, const std::vector<Wanted>& wanted) {
   return std::ranges::equal(nodes, wanted, [](const Node* node, const Wanted& child) {
     return node->identity == child.identity;
   });
@@ -172,7 +172,7 @@ void Reconciler::reconcileChildren(Node& parent, std::span<const View> views, Em
   std::vector<Wanted> wanted = wantedChildren(views);
   if (sameIdentities(parent.children, wanted)) {
     for (std::size_t i = 0; i < wanted.size(); ++i) {
-      update(*parent.children[i], *wanted[i].view, emission);
+      update(*childNodesOf(parent)[i], *wanted[i].view, emission);
     }
     return;
   }
@@ -183,7 +183,7 @@ void Reconciler::reconcileChildren(Node& parent, std::span<const View> views, Em
   if (parent.children.empty()) {
     for (Wanted& child : wanted) {
       child.node = &allocate(&parent, *child.view, std::move(child.identity));
-      parent.children.push_back(child.node);
+      childNodesOf(parent).push_back(child.node);
     }
     NodeID after;
     for (const Wanted& child : wanted) {
@@ -193,9 +193,9 @@ void Reconciler::reconcileChildren(Node& parent, std::span<const View> views, Em
     return;
   }
 
-  const std::vector<NodeID> before = idsOf(parent.children);
+  const std::vector<NodeID> before = idsOf(childNodesOf(parent));
   std::unordered_map<Identity, Node*, IdentityHash> there;
-  for (Node* node : parent.children) there.emplace(node->identity, node);
+  for (Node* node : childNodesOf(parent)) there.emplace(node->identity, node);
   std::vector<Node*> children;
   children.reserve(wanted.size());
   for (Wanted& child : wanted) {
@@ -206,7 +206,7 @@ void Reconciler::reconcileChildren(Node& parent, std::span<const View> views, Em
     children.push_back(child.node);
   }
   const std::vector<ListOperation> operations = diff(before, idsOf(children));
-  parent.children = children;
+  childNodesOf(parent) = children;
   for (const ListOperation& operation : operations) {
     Node& node = *find(operation.item);
     switch (operation.kind) {
@@ -228,7 +228,7 @@ void Reconciler::reconcileChildren(Node& parent, std::span<const View> views, Em
 }
 
 void Reconciler::remove(Node& node) {
-  for (Node* child : node.children) remove(*child);
+  for (Node* child : childNodesOf(node)) remove(*child);
   if (memoryOf(node).rows) {
     for (Node* row : memoryOf(node).rows->peeked) remove(*row);
   }

@@ -75,7 +75,7 @@ void RowStore::reconcile(Node& forEach, Emission emission) {
 
   // Describe the rows that are still in the list; remove the others with their state.
   std::vector<Place> kept;
-  const std::vector<Node*> shown = std::exchange(forEach.children, {});
+  const std::vector<Node*> shown = std::exchange(childNodesOf(forEach), {});
   for (std::size_t i = 0; i < shown.size(); ++i) {
     Node* row = shown[i];
     View view;
@@ -87,7 +87,7 @@ void RowStore::reconcile(Node& forEach, Emission emission) {
       kept.push_back({places[i], same ? row : nullptr, std::move(view)});
     }
     if (same) {
-      forEach.children.push_back(row);
+      childNodesOf(forEach).push_back(row);
     } else {
       patches_.record(Patch::Kind::remove, *row, {}, emission);
       nodes_.remove(*row);
@@ -147,7 +147,7 @@ void RowStore::place(Node& forEach, std::vector<Place> places, Emission emission
   }
   const std::vector<ListOperation> operations = diff(before, after);
   auto nextMounted = mounted.begin();  // in the order of the list, like the insertions
-  forEach.children = std::move(children);
+  childNodesOf(forEach) = std::move(children);
   WakingState::OfRows waking = waking_.take(forEach, mounted);
   for (const ListOperation& operation : operations) {
     Node& row = nodes_.at(operation.item);
@@ -177,12 +177,12 @@ void RowStore::place(Node& forEach, std::vector<Place> places, Emission emission
 /// and mounts one row after the other, so that a row's description is still in the processor's
 /// cache when its nodes are made.
 void RowStore::placeFirst(Node& forEach, const std::vector<Place>& places, Emission emission) {
-  forEach.children.reserve(places.size());
+  childNodesOf(forEach).reserve(places.size());
   WakingState::OfRows nothingAsleep;
   NodeID after;
   for (const Place& place : places) {
     Node& row = allocate(forEach, place);
-    forEach.children.push_back(&row);
+    childNodesOf(forEach).push_back(&row);
     mount(row, nothingAsleep, after, emission);
     after = row.id;
   }
@@ -192,14 +192,15 @@ void RowStore::placeFirst(Node& forEach, const std::vector<Place>& places, Emiss
 void RowStore::show(Node& forEach, std::vector<RowRange> ranges) {
   const std::size_t count = memoryOf(forEach).rows->source->count();
   std::ranges::sort(ranges, {}, &RowRange::first);
+  const std::vector<Node*>& children = childNodesOf(forEach);
   std::vector<Place> places;
-  places.reserve(forEach.children.size() + 1);
+  places.reserve(children.size() + 1);
   std::size_t next = 0;
-  auto shown = forEach.children.begin();
+  auto shown = children.begin();
   for (const RowRange& range : ranges) {
     for (next = std::max(next, range.first); next < std::min(range.last, count); ++next) {
-      while (shown != forEach.children.end() && (*shown)->rowIndex < next) ++shown;
-      const bool there = shown != forEach.children.end() && (*shown)->rowIndex == next;
+      while (shown != children.end() && (*shown)->rowIndex < next) ++shown;
+      const bool there = shown != children.end() && (*shown)->rowIndex == next;
       places.push_back({next, there ? *shown : nullptr, {}});
     }
   }
@@ -257,11 +258,13 @@ const Node& RowStore::peek(Node& forEach, std::size_t index) {
 std::vector<std::size_t> RowStore::withState(const Node& forEach) {
   std::vector<std::size_t> indexes;
   const Rows& rows = *memoryOf(forEach).rows;
-  for (const auto* present : {&forEach.children, &rows.peeked}) {
-    for (const Node* row : *present) {
+  const auto addIndexes = [&](const auto& present) {
+    for (const Node* row : present) {
       if (hasState(*row)) indexes.push_back(row->rowIndex);
     }
-  }
+  };
+  addIndexes(forEach.children);
+  addIndexes(rows.peeked);
   if (!rows.asleep.empty()) {
     ++work_.idPasses;
     std::vector<RowIdentity> identities;

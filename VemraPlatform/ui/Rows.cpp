@@ -16,7 +16,7 @@ std::uint64_t collectState(Node& node, IdentityPath& path, SavedState& saved) {
   }
   if (memory.asleepBelow) saved.takeBelow(path, *std::exchange(memory.asleepBelow, nullptr));
   if (memory.rows) {
-    std::vector<Node*> rows = node.children;
+    std::vector<Node*> rows = childNodesOf(node);
     rows.insert(rows.end(), memory.rows->peeked.begin(), memory.rows->peeked.end());
     const std::uint64_t idPasses = putToSleep(*memory.rows, std::move(rows));
     if (!memory.rows->asleep.empty()) {
@@ -25,7 +25,7 @@ std::uint64_t collectState(Node& node, IdentityPath& path, SavedState& saved) {
     return idPasses;
   }
   std::uint64_t idPasses = 0;
-  for (Node* child : node.children) {
+  for (Node* child : childNodesOf(node)) {
     path.push_back(child->identity);
     idPasses += collectState(*child, path, saved);
     path.pop_back();

@@ -28,7 +28,8 @@ class WakingExceptionTest : public ::testing::Test {
 /// Presses every "+" below a node once.
 void countUp(ViewGraph& graph, const Node* node) {
   if (node->element.shownLabel() == "+") graph.deliver(node->id, Press{});
-  for (const Node* child : std::vector<Node*>(node->children)) countUp(graph, child);
+  for (const Node* child : std::vector<const Node*>(node->children.begin(), node->children.end()))
+    countUp(graph, child);
 }
 
 /// Contains a counter, or throws when a test sets that.
