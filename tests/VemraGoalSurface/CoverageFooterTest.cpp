@@ -57,12 +57,6 @@ TEST_F(CoverageFooter, IsTheLastElementOfTheColumn) {
   EXPECT_EQ(column.lastChild, nodesOf(screen, ui::ElementKind::group).back());
 }
 
-TEST_F(CoverageFooter, PutsTheSentenceIntoASmallSecondaryGroup) {
-  EXPECT_THAT(footerOf(coverage(12, {"Mail", "Calendar"})),
-              ElementsAre("Group .font(caption) .foregroundStyle(secondary)",
-                          "  Text \"Based on 12 piece(s) of evidence from Mail, Calendar.\""));
-}
-
 TEST_F(CoverageFooter, GivesItsFontAndStyleToTheText) {
   const Screen screen(viewOf(ordinaryResult(), calls_));
   const auto& group = *nodesOf(screen, ui::ElementKind::group).back();

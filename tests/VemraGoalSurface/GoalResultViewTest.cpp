@@ -20,38 +20,6 @@ class WholeScreen : public ::testing::Test {
   Calls calls_;
 };
 
-TEST_F(WholeScreen, IsOneColumnOfTitlePeoplePathAndFooter) {
-  const Screen screen(viewOf(ordinaryResult(), calls_));
-  EXPECT_THAT(
-      shape(screen),
-      ElementsAre(
-          "GoalResultView",  //
-          "  ScrollView",    //
-          "    VStack leading 20 .padding(24)",
-          "      Text \"Find a design lead\" .font(title2) .fontWeight(semibold)",
-          "      VStack leading 10",
-          "        Text key \"People worth considering\" .font(headline)",
-          "        ForEach",  //
-          "          VStack leading 4 .padding(vertical 4)",
-          "            Button \"Ada\" .buttonStyle(plain) .font(body medium)",
-          "            Text \"Matches on name\" .font(subheadline) .foregroundStyle(secondary)",
-          "            Button key \"Show source\" .font(caption) "
-          ".accessibilityIdentifier(\"vemra.goal.person.p1.show-source\")",
-          "            GoalOutcomeRecordingControl",
-          "              Button key \"Record outcome\" .font(caption) "
-          ".accessibilityIdentifier(\"vemra.goal.person.p1.outcome.start\")",
-          "      VStack leading 10", "        Text key \"Supported path\" .font(headline)",
-          "        VStack leading 4",
-          "          Text \"Connected through 1 shared relationship\" .font(subheadline)",
-          "          Button key \"See in Starfold\" .font(caption) "
-          ".accessibilityIdentifier(\"vemra.goal.path.see-in-starfold\")",
-          "          GoalOutcomeRecordingControl",
-          "            Button key \"Record outcome\" .font(caption) "
-          ".accessibilityIdentifier(\"vemra.goal.path.outcome.start\")",
-          "      Group .font(caption) .foregroundStyle(secondary)",
-          "        Text \"Based on 12 piece(s) of evidence from Mail.\""));
-}
-
 TEST_F(WholeScreen, ScrollsVerticallyWithItsIndicatorsShown) {
   const Screen screen(viewOf(ordinaryResult(), calls_));
   const auto& scrollView = *nodesOf(screen, ui::ElementKind::scrollView).at(0);

@@ -11,10 +11,6 @@ using testing::Screen;
 
 const std::string prefix = "vemra.goal.person.p1";
 
-std::string id(const std::string& text) {
-  return ".accessibilityIdentifier(\"" + text + "\")";
-}
-
 /// The variants of one person's control, and the changes between them.
 class OutcomeControl : public ::testing::Test {
  protected:
@@ -40,32 +36,6 @@ class OutcomeControl : public ::testing::Test {
   Result result_ = ordinaryResult();
   Calls calls_;
 };
-
-TEST_F(OutcomeControl, ShowsOnlyRecordOutcomeWhileNothingIsRecorded) {
-  const Screen screen = screenOf(result_);
-  EXPECT_THAT(face(screen), ElementsAre("Button key \"Record outcome\" .font(caption) " +
-                                        id(prefix + ".outcome.start")));
-}
-
-TEST_F(OutcomeControl, ShowsThePlainLabelOfTheOutcomeInForceAndCorrect) {
-  EXPECT_THAT(
-      face(recorded(Value::helped)),
-      ElementsAre("VStack leading 2", "  HStack center 8",
-                  "    Text \"Helped\" .font(caption) .foregroundStyle(secondary)",
-                  "    Button key \"Correct\" .font(caption) " + id(prefix + ".outcome.correct")));
-}
-
-TEST_F(OutcomeControl, ShowsMarkerAndNoteBelow) {
-  EXPECT_THAT(
-      face(recorded(Value::notAFit, "too busy", "o0")),
-      ElementsAre("VStack leading 2", "  HStack center 8",
-                  "    Text \"Not a fit\" .font(caption) .foregroundStyle(secondary)",
-                  "    Text key \"\u00B7 corrected\" .font(caption2) "
-                  ".foregroundStyle(tertiary) " +
-                      id(prefix + ".outcome.corrected-marker"),
-                  "    Button key \"Correct\" .font(caption) " + id(prefix + ".outcome.correct"),
-                  "  Text \"too busy\" .font(caption) .foregroundStyle(secondary)"));
-}
 
 TEST_F(OutcomeControl, SpellsTheMarkerWithAMiddleDot) {
   const Screen screen = recorded(Value::helped, std::nullopt, "o0");

@@ -46,28 +46,6 @@ class OutcomeEditor : public ::testing::Test {
   std::unique_ptr<Screen> screen_;
 };
 
-TEST_F(OutcomeEditor, HasPickerNoteAndButtonsInThisOrder) {
-  EXPECT_THAT(
-      face(openFirst()),
-      ElementsAre(
-          "VStack leading 6",
-          "  Picker key \"Outcome\" selection=wasUseful .labelsHidden() "
-          ".pickerStyle(menu) .accessibilityIdentifier(\"" +
-              picker + "\")",
-          "    ForEach",  //
-          "      Text \"Reached out\" .tag(reachedOut)", "      Text \"Invited\" .tag(invited)",
-          "      Text \"Introduced\" .tag(introduced)", "      Text \"Helped\" .tag(helped)",
-          "      Text \"Was useful\" .tag(wasUseful)", "      Text \"Not a fit\" .tag(notAFit)",
-          "      Text \"No action taken\" .tag(noActionTaken)",
-          "      Text \"Something else\" .tag(somethingElse)",
-          "  TextField key \"Note (optional)\" text=\"\" .textFieldStyle(roundedBorder) "
-          ".accessibilityIdentifier(\"" +
-              note + "\")",
-          "  HStack center 12 .font(caption)",
-          "    Button key \"Save\" .disabled(false) .accessibilityIdentifier(\"" + save + "\")",
-          "    Button key \"Cancel\" .accessibilityIdentifier(\"" + cancel + "\")"));
-}
-
 TEST_F(OutcomeEditor, TagsEachRowWithItsCase) {
   const Screen& screen = openFirst();
   std::vector<Value> tags;

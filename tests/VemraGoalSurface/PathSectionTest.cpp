@@ -22,16 +22,6 @@ class PathSection : public ::testing::Test {
   Calls calls_;
 };
 
-TEST_F(PathSection, SaysThatTheGoalNamesNoPerson) {
-  result_.goal.targetPersonRef = std::nullopt;
-  const Screen screen = screenOf({});
-  EXPECT_THAT(pathSection(screen),
-              ElementsAre("VStack leading 10", "  Text key \"Supported path\" .font(headline)",
-                          "  Text \"This goal doesn't name someone to find a path to.\" "
-                          ".foregroundStyle(secondary)"));
-  EXPECT_THAT(screen.identifiers(), ElementsAre());
-}
-
 TEST_F(PathSection, SaysThatThereIsNoPathToANamedTargetAlsoWithAnEmptyReference) {
   for (const char* target : {"p9", ""}) {
     result_.goal.targetPersonRef = target;
@@ -40,18 +30,6 @@ TEST_F(PathSection, SaysThatThereIsNoPathToANamedTargetAlsoWithAnEmptyReference)
         ElementsAre("VStack leading 10", "  Text key \"Supported path\" .font(headline)",
                     "  Text \"No supported path to them yet.\" .foregroundStyle(secondary)"));
   }
-}
-
-TEST_F(PathSection, ShowsReasonButtonAndControlInThisOrder) {
-  EXPECT_THAT(pathSection(screenOf({path({"p1", "p9"}, GoalWhyDTO::connection(1))})),
-              ElementsAre("VStack leading 10",  //
-                          "  Text key \"Supported path\" .font(headline)", "  VStack leading 4",
-                          "    Text \"Direct relationship evidence\" .font(subheadline)",
-                          "    Button key \"See in Starfold\" .font(caption) "
-                          ".accessibilityIdentifier(\"vemra.goal.path.see-in-starfold\")",
-                          "    GoalOutcomeRecordingControl",
-                          "      Button key \"Record outcome\" .font(caption) "
-                          ".accessibilityIdentifier(\"vemra.goal.path.outcome.start\")"));
 }
 
 TEST_F(PathSection, ShowsOnlyTheFirstOfThreePaths) {

@@ -1,5 +1,7 @@
-// The variants of the screen as texts to read: tests/expected/screen-*.txt. VEMRA_UPDATE_EXPECTED=1
-// in the environment rewrites them.
+// The order, spacing, fonts and identifiers of all elements of the screen, as texts to read:
+// tests/expected/screen-*.txt is the only place with whole outlines. The tests of sections and
+// controls compare only the lines that their rule is about. VEMRA_UPDATE_EXPECTED=1 in the
+// environment rewrites the files.
 
 #include "tests/ExpectedFile.hpp"
 #include "tests/VemraGoalSurface/SampleScreen.hpp"
