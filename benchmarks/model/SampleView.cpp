@@ -1,6 +1,7 @@
 #include "benchmarks/model/SampleView.hpp"
 
 #include "VemraGoalSurface/GoalResultView.hpp"
+#include "VemraPlatform/ui/NodeAccess.hpp"
 
 #include <stdexcept>
 #include <vector>
