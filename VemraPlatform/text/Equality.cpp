@@ -1,5 +1,6 @@
 #include "VemraPlatform/text/Equality.hpp"
 
+#include "VemraPlatform/text/Decomposition.hpp"
 #include "VemraPlatform/text/KeyedHash.hpp"
 #include "VemraPlatform/text/UTF8.hpp"
 
@@ -28,10 +29,10 @@ const icu::Normalizer2& decomposition() {
   return instance;
 }
 
-/// Normalization Form D of well-formed text (UAX #15), as scalars.
-///
-/// ICU decomposes the characters; this function sorts the marks, because ICU's insertion sort takes
-/// half a minute for a hundred thousand marks on one letter, and a name may have that many.
+}  // namespace
+
+// ICU decomposes the characters; this function sorts the marks, because ICU's insertion sort takes
+// half a minute for a hundred thousand marks on one letter, and a name may have that many.
 std::u32string decomposed(std::string_view text) {
   const icu::Normalizer2& form = decomposition();
   // No character below U+0300 is a mark, and none below U+00C0 decomposes: that is most of a text.
@@ -67,6 +68,8 @@ std::u32string decomposed(std::string_view text) {
   orderMarks();
   return scalars;
 }
+
+namespace {
 
 bool isASCIIByte(char byte) noexcept {
   return static_cast<unsigned char>(byte) < 0x80;

@@ -14,31 +14,37 @@ namespace {
 // which is a programmer's error.
 constexpr int maximumPasses = 10'000;
 
-Delivery actOn(const Node* node, const Event& event) {
+/// What comes of an event, as long as nothing changes before the element handles it.
+Delivery answerOf(const Node* node, const Event& event) {
   if (!node) return Delivery::gone;
   if (!node->element.style().enabled) return Delivery::disabled;
+  const bool isAccepted = [&] {
+    switch (node->element.kind()) {
+      case ElementKind::button:
+        return std::holds_alternative<Press>(event);
+      case ElementKind::picker:
+        return std::holds_alternative<Select>(event);
+      case ElementKind::textField:
+        return std::holds_alternative<EditText>(event) || std::holds_alternative<Submit>(event);
+      default:
+        return false;
+    }
+  }();
+  return isAccepted ? Delivery::acted : Delivery::refused;
+}
+
+/// Runs the handler of an element for an event that it accepts.
+void actOn(const Node& node, const Event& event) {
   // Keeps the description alive: the action may replace the description that holds its handler.
-  const View held = ElementAccess::view(node->element);
+  const View held = ElementAccess::view(node.element);
   const Content& content = held.description().content;
   if (auto* button = std::get_if<ButtonContent>(&content)) {
-    if (!std::holds_alternative<Press>(event)) return Delivery::refused;
     if (button->action) button->action();
-    return Delivery::acted;
+  } else if (auto* picker = std::get_if<PickerContent>(&content)) {
+    picker->selection.set(std::get<Select>(event).tag);
+  } else if (auto* edit = std::get_if<EditText>(&event)) {
+    std::get<TextFieldContent>(content).text.set(edit->text);
   }
-  if (auto* picker = std::get_if<PickerContent>(&content)) {
-    auto* select = std::get_if<Select>(&event);
-    if (!select) return Delivery::refused;
-    picker->selection.set(select->tag);
-    return Delivery::acted;
-  }
-  if (auto* field = std::get_if<TextFieldContent>(&content)) {
-    if (std::holds_alternative<Submit>(event)) return Delivery::acted;
-    auto* edit = std::get_if<EditText>(&event);
-    if (!edit) return Delivery::refused;
-    field->text.set(edit->text);
-    return Delivery::acted;
-  }
-  return Delivery::refused;
 }
 
 }  // namespace
@@ -94,13 +100,20 @@ void EventQueue::stateChanged(NodeID id) {
   settleUnlessBusy();
 }
 
-Delivery EventQueue::act(NodeID node, const Event& event) {
-  try {
-    return actOn(reconciler_.find(node), event);
-  } catch (...) {
-    errors_.remember();
-    return Delivery::acted;
-  }
+Delivery EventQueue::act(NodeID id, const Event& event) {
+  const Node* const node = reconciler_.find(id);
+  const Delivery delivery = answerOf(node, event);
+  if (delivery != Delivery::acted) return delivery;
+  const auto attempt = [this](const auto& work) {
+    try {
+      work();
+    } catch (...) {
+      errors_.remember();
+    }
+  };
+  if (observer_) attempt([&] { observer_(*node, event); });
+  attempt([&] { actOn(*node, event); });
+  return delivery;
 }
 
 void EventQueue::settleUnlessBusy() {

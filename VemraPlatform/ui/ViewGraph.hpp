@@ -3,6 +3,7 @@
 #include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/Environment.hpp"
 #include "VemraPlatform/ui/Event.hpp"
+#include "VemraPlatform/ui/EventObserver.hpp"
 #include "VemraPlatform/ui/Node.hpp"
 #include "VemraPlatform/ui/Patch.hpp"
 #include "VemraPlatform/ui/WorkCount.hpp"
@@ -77,6 +78,10 @@ class VEMRA_EXPORT ViewGraph final {
   /// delivered from inside a callback is queued, and its result is not reported. Throws what the
   /// action or a description threw, after all work.
   Delivery deliver(NodeID node, Event event);
+
+  /// Calls `observer` for each event from now on, in place of the previous observer; an empty one
+  /// ends it. Must not be called by an observer. The graph's destructor destroys the observer.
+  void observeEvents(EventObserver observer);
 
   /// Makes exactly these rows of a `ForEach` the shown rows. Ranges may touch, overlap and have any
   /// order; indexes past the end are ignored. Does nothing when the renderer demands every row,
