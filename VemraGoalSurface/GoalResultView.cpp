@@ -3,6 +3,7 @@
 #include "VemraGoalSurface/GoalOutcomeRecordingControl.hpp"
 #include "VemraGoalSurface/presentation/GoalGapPresentation.hpp"
 #include "VemraGoalSurface/presentation/GoalWhyPresentation.hpp"
+#include "VemraGoalSurface/presentation/PersonName.hpp"
 #include "VemraPlatform/date/AbbreviatedDate.hpp"
 #include "VemraPlatform/date/InternetDateTime.hpp"
 #include "VemraPlatform/task/MainActor.hpp"
@@ -62,7 +63,7 @@ Children GoalResultView::personRow(const GoalPersonCandidateDTO& person) const {
   MainActor::assertIsolated("GoalResultView.personRow");
   const std::string identifierPrefix = "vemra.goal.person." + person.personRef;
   return {
-      Button(verbatim(person.displayName.value_or("Unnamed person")),
+      Button(verbatim(shownName(person)),
              [view = *this, &person] {
                MainActor::assertIsolated("GoalResultView.openPerson");
                if (const auto& open = view.callbacks_->onOpenPerson) open(person.personRef);

@@ -27,6 +27,11 @@ foreach(library IN LISTS libraries)
           FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development)
 endforeach()
 
+# Recordings are written with it. It has no headers for hosts, and shared libraries contain what they use.
+if(NOT BUILD_SHARED_LIBS)
+  install(TARGETS VemraDocuments EXPORT VemraTargets
+          ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development)
+endif()
 install(EXPORT VemraTargets NAMESPACE Vemra:: DESTINATION "${package_folder}" COMPONENT development)
 if(TARGET VemraQt)
   install(EXPORT VemraQtTargets NAMESPACE Vemra:: DESTINATION "${package_folder}" COMPONENT development)
@@ -72,6 +77,12 @@ vemra_pkg_config(vemra-goal-surface "The screen of a goal and the people who can
   LIBRARIES VemraGoalSurface VemraGoalEngine REQUIRES vemra-platform)
 vemra_pkg_config(vemra-testing "Views mounted without a window, for tests"
   LIBRARIES VemraTesting REQUIRES vemra-platform)
+set(documents "")
+if(NOT BUILD_SHARED_LIBS)
+  set(documents VemraDocuments)
+endif()
+vemra_pkg_config(vemra-recording "What a person does with the screen of a goal, as a case to replay"
+  LIBRARIES VemraRecording ${documents} REQUIRES vemra-goal-surface)
 if(TARGET VemraQt)
   vemra_pkg_config(vemra-qt "Views in a Qt window"
     LIBRARIES VemraQt REQUIRES vemra-platform Qt6Widgets Qt6DBus)

@@ -94,8 +94,12 @@ function(vemra_library target)
     set(kind STATIC)
     set(is_installed FALSE)
   endif()
+  set(header_scope PUBLIC)
+  if(NOT is_installed)
+    set(header_scope PRIVATE)
+  endif()
   add_library(${target} ${kind} ${sources})
-  target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS "${VEMRA_SOURCE_ROOT}" FILES ${headers})
+  target_sources(${target} ${header_scope} FILE_SET HEADERS BASE_DIRS "${VEMRA_SOURCE_ROOT}" FILES ${headers})
   set_target_properties(${target} PROPERTIES
     LINKER_LANGUAGE CXX POSITION_INDEPENDENT_CODE ON
     VERSION ${PROJECT_VERSION} SOVERSION ${VEMRA_SOVERSION}

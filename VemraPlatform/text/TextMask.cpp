@@ -180,7 +180,7 @@ std::u32string TextMask::candidate(const std::u32string& word, int attempt) {
     const char32_t scalar = word[i];
     if (isDigit(scalar)) {
       const auto zero = scalar - static_cast<char32_t>(u_charDigitValue(point(scalar)));
-      mask += zero + static_cast<char32_t>(random_() % 10);
+      mask += static_cast<char32_t>(zero + random_() % 10);
     } else if (isLetter(scalar)) {
       mask += replacement(std::u32string_view(word).substr(i), attempt);
     } else {

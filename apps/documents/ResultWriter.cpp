@@ -168,8 +168,7 @@ void writeOutcome(JsonWriter& out, const GoalOutcomeDTO& outcome) {
   out.endObject();
 }
 
-std::string writeResult(const GetGoalSnapshotResponse& result) {
-  JsonWriter out;
+void writeResult(JsonWriter& out, const GetGoalSnapshotResponse& result) {
   out.beginObject(Layout::lines);
   out.key("goal");
   writeGoal(out, result.goal);
@@ -184,6 +183,11 @@ std::string writeResult(const GetGoalSnapshotResponse& result) {
   out.key("outcomes");
   writeArray(out, result.outcomes, writeOutcome);
   out.endObject();
+}
+
+std::string writeResult(const GetGoalSnapshotResponse& result) {
+  JsonWriter out;
+  writeResult(out, result);
   return out.take() + '\n';
 }
 

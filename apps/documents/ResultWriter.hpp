@@ -21,6 +21,9 @@ std::string writeResult(const GetGoalSnapshotResponse& result);
 /// A JSON array of the outcomes in the given order, with a line break at its end.
 std::string writeOutcomes(const SharedArray<GoalOutcomeDTO>& outcomes);
 
+/// The same as the next value of a larger document.
+void writeResult(JsonWriter& writer, const GetGoalSnapshotResponse& result);
+
 /// One record as the next value of a larger document.
 void writePath(JsonWriter& writer, const GoalPathCandidateDTO& path);
 void writeOutcome(JsonWriter& writer, const GoalOutcomeDTO& outcome);

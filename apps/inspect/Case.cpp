@@ -2,11 +2,15 @@
 
 #include "VemraPlatform/date/Locale.hpp"
 #include "VemraPlatform/date/TimeZone.hpp"
+#include "apps/commandline/Version.hpp"
+#include "apps/documents/DocumentError.hpp"
 #include "apps/documents/JsonReader.hpp"
 #include "apps/documents/ResultReader.hpp"
 #include "apps/inspect/CaseStrings.hpp"
 #include "apps/inspect/StepReader.hpp"
 
+#include <array>
+#include <cstddef>
 #include <memory>
 #include <utility>
 
@@ -34,11 +38,21 @@ std::shared_ptr<const ui::StringsTable> readStrings(JsonReader& in) {
   return strings;
 }
 
-}  // namespace
+constexpr std::array<std::string_view, 2> textsNames{"plain", "masked"};
 
-Case readCase(std::string_view text, const std::string& file, ui::Environment defaults) {
+Recorded readRecorded(JsonReader& in) {
   using enum documents::Presence;
-  Case read{{}, std::move(defaults), {}};
+  Recorded recorded;
+  in.object({
+      {"program", required, [&] { recorded.program = in.string(); }},
+      {"version", required, [&] { recorded.version = in.string(); }},
+      {"texts", required, [&] { recorded.isMasked = in.name(textsNames) == 1; }},
+  });
+  return recorded;
+}
+
+void readInto(Case& read, std::string_view text, const std::string& file) {
+  using enum documents::Presence;
   ui::Environment& environment = read.environment;
   JsonReader in(text, file);
   const auto locale = [&] {
@@ -47,15 +61,38 @@ Case readCase(std::string_view text, const std::string& file, ui::Environment de
   const auto timeZone = [&] {
     environment.timeZone = readKnown(in, date::isKnownTimeZone, "a time zone that is known");
   };
+  std::size_t screenCount = 1;
+  const auto step = [&] { read.steps.push_back(readStep(in, screenCount)); };
   in.object({
       {"result", required, [&] { read.result = documents::readResult(in); }},
       {"locale", optional, locale},
       {"timeZone", optional, timeZone},
       {"strings", optional, [&] { environment.strings = readStrings(in); }},
-      {"steps", optional, [&] { in.array([&] { read.steps.push_back(readStep(in)); }); }},
+      {"steps", optional, [&] { in.array(step); }},
+      {"recorded", optional, [&] { read.recorded = readRecorded(in); }},
   });
   in.finish();
+}
+
+}  // namespace
+
+Case readCase(std::string_view text, const std::string& file, ui::Environment defaults) {
+  Case read{{}, std::move(defaults), {}, std::nullopt};
+  try {
+    readInto(read, text, file);
+  } catch (const documents::DocumentError& error) {
+    const auto other = otherVersion(read.recorded);
+    if (!other) throw;
+    const std::string problem = std::string(error.what()).substr(file.size() + 2);
+    throw documents::DocumentError(file, "", problem + "; " + *other);
+  }
   return read;
+}
+
+std::optional<std::string> otherVersion(const std::optional<Recorded>& recorded) {
+  if (!recorded || recorded->version == commandline::version()) return std::nullopt;
+  return "recorded by " + documents::shortened(recorded->program) + ' ' +
+         documents::shortened(recorded->version) + ", this is version " + commandline::version();
 }
 
 }  // namespace vemra::inspect

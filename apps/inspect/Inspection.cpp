@@ -2,12 +2,19 @@
 
 #include "VemraGoalSurface/GoalResultView.hpp"
 
+#include <utility>
 #include <variant>
 
 namespace vemra::inspect {
 
-Inspection::Inspection(const Case& inspected)
-    : screen_(view(inspected.result), inspected.environment) {}
+using recording::FocusPathInStarfold;
+using recording::OpenPerson;
+using recording::RecordOutcome;
+using recording::ShowEvidence;
+
+Inspection::Inspection(const Case& inspected) : environment_(inspected.environment) {
+  screens_.push_back(std::make_unique<testing::Screen>(view(inspected.result), environment_));
+}
 
 StepResult Inspection::carryOut(const Step& step) {
   using testing::byIdentifier;
@@ -16,27 +23,49 @@ StepResult Inspection::carryOut(const Step& step) {
     testing::Screen& screen;
 
     StepResult operator()(const PressIdentifier& press) {
-      return screen.attempt(byIdentifier(press.identifier), ui::Press{});
+      return screen.attempt(byIdentifier(press.identifier, press.index), ui::Press{});
     }
     StepResult operator()(const PressTitle& press) {
       return screen.attempt(testing::button(press.title, press.index), ui::Press{});
     }
     StepResult operator()(const Select& select) {
-      return screen.attempt(byIdentifier(select.identifier),
+      return screen.attempt(byIdentifier(select.identifier, select.index),
                             testing::Choose{std::string(caseName(select.value))});
     }
     StepResult operator()(const Type& type) {
-      return screen.attempt(byIdentifier(type.identifier), ui::EditText{type.text});
+      return screen.attempt(byIdentifier(type.identifier, type.index), ui::EditText{type.text});
     }
     StepResult operator()(const Submit& submit) {
-      return screen.attempt(byIdentifier(submit.identifier), ui::Submit{});
+      return screen.attempt(byIdentifier(submit.identifier, submit.index), ui::Submit{});
     }
     StepResult operator()(const NewResult& handedIn) {
-      screen.show(inspection.view(*handedIn.result));
+      auto& screens = inspection.screens_;
+      inspection.shown_ = handedIn.screen.value_or(inspection.shown_);
+      ui::View view = inspection.view(*handedIn.result);
+      if (inspection.shown_ == screens.size()) {
+        screens.push_back(
+            std::make_unique<testing::Screen>(std::move(view), inspection.environment_));
+      } else {
+        inspection.screen().show(std::move(view));
+      }
       return std::nullopt;
     }
+    StepResult operator()(const ShowScreen& show) {
+      inspection.shown_ = show.screen;
+      return std::nullopt;
+    }
+    StepResult operator()(const ExpectCall& expected) {
+      return inspection.nextCallIs(expected.call);
+    }
   };
-  return std::visit(Doer{*this, screen_}, step);
+  return std::visit(Doer{*this, screen()}, step);
+}
+
+StepResult Inspection::nextCallIs(const std::string& call) {
+  if (callsExpected_ == calls_.size()) return "expected the call " + call + "; found none";
+  const std::string made = recording::callText(calls_[callsExpected_++]);
+  if (made == call) return std::nullopt;
+  return "expected the call " + call + "; found " + made;
 }
 
 ui::View Inspection::view(const GetGoalSnapshotResponse& result) {

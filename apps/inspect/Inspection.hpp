@@ -1,9 +1,11 @@
 #pragma once
 
+#include "VemraRecording/Call.hpp"
 #include "VemraTesting/Screen.hpp"
-#include "apps/inspect/Call.hpp"
 #include "apps/inspect/Case.hpp"
 
+#include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -13,7 +15,7 @@ namespace vemra::inspect {
 /// What became of a step: nothing to say, or why it could not be carried out.
 using StepResult = std::optional<std::string>;
 
-/// A case, carried out: the screen, mounted without a window, and a host that only takes notes.
+/// A case, carried out: its screens, mounted without a window, and a host that only takes notes.
 ///
 /// Main thread only.
 class Inspection {
@@ -26,15 +28,21 @@ class Inspection {
   /// Carries out one step. A step that a user could not do does nothing and says why.
   StepResult carryOut(const Step& step);
 
-  const testing::Screen& screen() const { return screen_; }
-  testing::Screen& screen() { return screen_; }
-  const std::vector<Call>& calls() const { return calls_; }
+  /// The screen that is shown; a case may have several.
+  const testing::Screen& screen() const { return *screens_[shown_]; }
+  testing::Screen& screen() { return *screens_[shown_]; }
+  const std::vector<recording::Call>& calls() const { return calls_; }
 
  private:
   ui::View view(const GetGoalSnapshotResponse& result);
 
-  std::vector<Call> calls_;
-  testing::Screen screen_;
+  StepResult nextCallIs(const std::string& call);
+
+  const ui::Environment environment_;
+  std::vector<recording::Call> calls_;
+  std::size_t callsExpected_ = 0;
+  std::vector<std::unique_ptr<testing::Screen>> screens_;  ///< by number
+  std::size_t shown_ = 0;
 };
 
 }  // namespace vemra::inspect

@@ -32,7 +32,7 @@ std::string JsonReport::finish(const Inspection& inspection) {
   out_.endArray();
   out_.key("calls");
   out_.beginArray(Layout::lines);
-  for (const Call& call : inspection.calls()) writeCall(out_, call);
+  for (const recording::Call& call : inspection.calls()) recording::writeCall(out_, call);
   out_.endArray();
   out_.key("tree");
   writeElementTree(out_, inspection.screen());

@@ -3,6 +3,7 @@
 #include "apps/documents/DocumentError.hpp"
 #include "apps/documents/JsonWriter.hpp"
 
+#include <cstddef>
 #include <utility>
 #include <variant>
 
@@ -13,21 +14,35 @@ using documents::inQuotes;
 
 struct StepText {
   std::string operator()(const PressIdentifier& press) const {
-    return "press " + inQuotes(press.identifier);
+    return "press " + element(press.identifier, press.index);
   }
   std::string operator()(const PressTitle& press) const {
     return "press button " + inQuotes(press.title) + " at index " + std::to_string(press.index);
   }
   std::string operator()(const Select& select) const {
-    return "select " + std::string(caseName(select.value)) + " in " + inQuotes(select.identifier);
+    return "select " + std::string(caseName(select.value)) + " in " +
+           element(select.identifier, select.index);
   }
   std::string operator()(const Type& type) const {
-    return "type " + inQuotes(type.text) + " into " + inQuotes(type.identifier);
+    return "type " + inQuotes(type.text) + " into " + element(type.identifier, type.index);
   }
   std::string operator()(const Submit& submit) const {
-    return "submit " + inQuotes(submit.identifier);
+    return "submit " + element(submit.identifier, submit.index);
   }
-  std::string operator()(const NewResult&) const { return "hand in a new result"; }
+  std::string operator()(const NewResult& handedIn) const {
+    std::string text = "hand in a new result";
+    if (handedIn.screen) text += " on screen " + std::to_string(*handedIn.screen);
+    return text;
+  }
+  std::string operator()(const ShowScreen& show) const {
+    return "show screen " + std::to_string(show.screen);
+  }
+  std::string operator()(const ExpectCall& expected) const {
+    return "expect the call " + expected.call;
+  }
+  static std::string element(const std::string& identifier, std::size_t index) {
+    return inQuotes(identifier) + (index == 0 ? "" : " at index " + std::to_string(index));
+  }
 };
 
 }  // namespace
@@ -37,7 +52,7 @@ void OutlineReport::step(const Step& step, const StepResult& result, const Inspe
            (result ? "error: " + *result : "done") + '\n';
   for (; callsSaid_ < inspection.calls().size(); ++callsSaid_) {
     documents::JsonWriter call;
-    writeCall(call, inspection.calls()[callsSaid_]);
+    recording::writeCall(call, inspection.calls()[callsSaid_]);
     text_ += "call: " + call.take() + '\n';
   }
   if (trace_) text_ += '\n' + inspection.screen().outline() + '\n';

@@ -69,6 +69,9 @@ int run(int argumentCount, const char* const* arguments, std::ostream& output,
   try {
     const Case inspected =
         readCase(documents::readSource(options.file), options.file, ui::Environment::system());
+    if (const auto other = otherVersion(inspected.recorded)) {
+      diagnostics << options.file << ": " << *other << '\n';
+    }
     return inspect(options, inspected, output, diagnostics, drawPicture);
   } catch (const documents::DocumentError& error) {
     diagnostics << error.what() << '\n';

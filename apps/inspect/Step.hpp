@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <variant>
 
@@ -13,9 +14,11 @@ namespace vemra::inspect {
 /// The acts of a user or of the host. Identifiers and titles match byte for byte.
 /// @{
 
-/// Presses the element with this identifier.
+/// Presses the element with this identifier. Here and below, `index` counts the elements that share
+/// the identifier, in tree order.
 struct PressIdentifier {
   std::string identifier;
+  std::size_t index = 0;
 };
 
 /// Presses a button by its shown title; `index` counts the buttons of that title in tree order,
@@ -29,25 +32,40 @@ struct PressTitle {
 struct Select {
   std::string identifier;
   GoalOutcomeValue value;
+  std::size_t index = 0;
 };
 
 /// Replaces the whole text of a field.
 struct Type {
   std::string identifier;
   std::string text;
+  std::size_t index = 0;
 };
 
 /// Presses Return in a field.
 struct Submit {
   std::string identifier;
+  std::size_t index = 0;
 };
 
-/// The host shows a new result.
+/// The host shows a new result: on the present screen, on an earlier one, or on one more.
 struct NewResult {
   std::shared_ptr<const GetGoalSnapshotResponse> result;  ///< shared, to keep the other steps small
+  std::optional<std::size_t> screen = std::nullopt;       ///< by number; nil: the present one
+};
+
+/// The host shows an earlier screen again, as it is.
+struct ShowScreen {
+  std::size_t screen;
+};
+
+/// The next call that has left the screens, and that no step has named yet, is this one.
+struct ExpectCall {
+  std::string call;  ///< as `recording::callText` writes it
 };
 /// @}
 
-using Step = std::variant<PressIdentifier, PressTitle, Select, Type, Submit, NewResult>;
+using Step = std::variant<PressIdentifier, PressTitle, Select, Type, Submit, NewResult, ShowScreen,
+                          ExpectCall>;
 
 }  // namespace vemra::inspect

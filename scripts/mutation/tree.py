@@ -14,7 +14,7 @@ import mutants as finder
 import schema
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-FOLDERS = ["VemraPlatform", "VemraGoalEngine", "VemraGoalSurface", "VemraTesting", "VemraQt", "apps"]
+FOLDERS = ["VemraPlatform", "VemraGoalEngine", "VemraGoalSurface", "VemraTesting", "VemraRecording", "VemraQt", "apps"]
 QT = ("VemraQt/", "apps/desk/window/", "apps/toolkit/", "apps/inspect/picture/")
 WITHOUT_QT = ("apps/desk/windowless/", "apps/inspect/pictureless/")
 

@@ -1,3 +1,4 @@
+#include "VemraGoalSurface/presentation/ScreenKeys.hpp"
 #include "tests/VemraGoalSurface/SampleScreen.hpp"
 #include "tests/VemraGoalSurface/Shape.hpp"
 
@@ -76,6 +77,15 @@ TEST_F(Localization, TranslatesHeadingsAndTitlesAndNothingElse) {
                           "[Supported path]", "Connected through 1 shared relationship",
                           "[See in Starfold]", "[Record outcome]",
                           "Based on 12 piece(s) of evidence from Correct, through Jan 5, 2025."));
+}
+
+TEST_F(Localization, TheListOfKeysHasAllThatTheScreenLooksUpAndNoOthers) {
+  const auto table = everything();
+  Screen screen(viewOf(everyFace(), calls_), withStrings(table));
+  screen.press("vemra.goal.person.p2.outcome.start");
+  screen.show(viewOf(Result(), calls_));
+  EXPECT_EQ(table->asked(),
+            std::set<std::string>(goalResultScreenKeys.begin(), goalResultScreenKeys.end()));
 }
 
 TEST_F(Localization, NeverTranslatesGapsButTranslatesTheMissingEvidence) {

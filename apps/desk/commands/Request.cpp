@@ -17,6 +17,19 @@ void checkGoal(const commandline::CommandLine& line, const Request& request) {
   }
 }
 
+void checkRecording(const commandline::CommandLine& line, const Request& request) {
+  if (request.masksRecording && !request.recording) {
+    throw line.mistake("--mask: without --record there is nothing to mask");
+  }
+  if (!request.recording) return;
+  if (request.command != Command::showWindow) {
+    throw line.mistake("--record: only a window is recorded");
+  }
+  if (request.recording->empty() || *request.recording == "-") {
+    throw line.mistake("--record: a recording wants a file");
+  }
+}
+
 }  // namespace
 
 std::variant<Request, commandline::EarlyExit> readRequest(int argumentCount,
@@ -31,6 +44,9 @@ std::variant<Request, commandline::EarlyExit> readRequest(int argumentCount,
   };
   takeStore(line.syntax());
   line.syntax().option("--goal", "ID", request.goal, "Open this goal at once");
+  line.syntax().option("--record", "FILE", request.recording,
+                       "Record what the window shows and what you do, for vemra-inspect");
+  line.syntax().flag("--mask", request.masksRecording, "Mask private texts in the recording");
 
   const auto command = [&](Command value, const char* name, const char* description) {
     commandline::Syntax syntax =
@@ -49,6 +65,7 @@ std::variant<Request, commandline::EarlyExit> readRequest(int argumentCount,
   try {
     line.read(commandline::wordsOf(argumentCount, arguments));
     checkGoal(line, request);
+    checkRecording(line, request);
   } catch (const commandline::Ending& ending) {
     return ending.earlyExit;
   }

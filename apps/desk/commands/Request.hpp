@@ -19,6 +19,9 @@ struct Request {
   /// always nil for one that imports or lists, either for the window.
   std::optional<std::string> goal;
   std::vector<std::string> documents;  ///< files to import; at least one then
+  /// The file into which a window records what is shown and done; nil for none.
+  std::optional<std::string> recording;
+  bool masksRecording = false;  ///< only with a recording
 };
 
 /// Reads a command line. `--store` may stand before the name of a command or anywhere behind it.

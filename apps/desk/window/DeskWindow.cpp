@@ -2,6 +2,8 @@
 
 #include "VemraGoalSurface/GoalResultView.hpp"
 #include "VemraQt/ViewWidget.hpp"
+#include "VemraRecording/Recorder.hpp"
+#include "apps/desk/commands/Documents.hpp"
 #include "apps/desk/window/CloseQuestion.hpp"
 #include "apps/desk/window/FailurePage.hpp"
 #include "apps/desk/window/GoalList.hpp"
@@ -32,7 +34,8 @@ namespace vemra::desk {
 DeskWindow::DeskWindow(std::shared_ptr<StoreEngine> engine, std::optional<std::string> goalID)
     : DeskWindow(StoreOpening{engine->file(), engine, {}, false}, std::move(goalID)) {}
 
-DeskWindow::DeskWindow(StoreOpening opening, std::optional<std::string> goalID) {
+DeskWindow::DeskWindow(StoreOpening opening, std::optional<std::string> goalID,
+                       const std::optional<RecordingWish>& recording) {
   setObjectName("desk");
   // A fixed minimum size; otherwise panes that appear and disappear would change it.
   setMinimumSize(640, 360);
@@ -52,7 +55,19 @@ DeskWindow::DeskWindow(StoreOpening opening, std::optional<std::string> goalID) 
   setCentralWidget(page);
   connectPanes();
   connectMenus();
+  if (recording) record(*recording);
   use(std::move(opening), std::move(goalID));
+}
+
+void DeskWindow::record(const RecordingWish& wish) {
+  using recording::Texts;
+  recorder_ = std::make_unique<recording::Recorder>(
+      wish.file, recording::Program{"vemra-desk", programVersion()},
+      wish.isMasked ? Texts::masked : Texts::plain, [this](const std::string& reason) {
+        // An event may be running, in the middle of which the window's layout must not change.
+        QMetaObject::invokeMethod(
+            this, [this, reason] { showNotice(fromUTF8(reason), nullptr); }, Qt::QueuedConnection);
+      });
 }
 
 void DeskWindow::connectPanes() {
@@ -173,12 +188,19 @@ void DeskWindow::showGoals(const std::vector<GoalListing>& goals, const std::str
 }
 
 void DeskWindow::showGoal(const LoadedGoal& goal) {
-  const ui::View view = GoalResultView(
-      goal.snapshot, [this](const std::string& personRef) { controller_->openPerson(personRef); },
-      [this](const std::string& evidenceID) { controller_->openEvidence(evidenceID); },
-      [this, id = goal.id](const GoalPathCandidateDTO& path) { controller_->openPath(id, path); },
-      [this, goal](const GoalOutcomeRecordingInput& input) { controller_->record(goal, input); });
-  screens_->show(goal, view);
+  screens_->show(goal, [&](ui::ViewGraph& graph) {
+    const auto openPerson = [this](const std::string& ref) { controller_->openPerson(ref); };
+    const auto openEvidence = [this](const std::string& id) { controller_->openEvidence(id); };
+    const auto openPath = [this, id = goal.id](const GoalPathCandidateDTO& path) {
+      controller_->openPath(id, path);
+    };
+    const auto record = [this, goal](const GoalOutcomeRecordingInput& input) {
+      controller_->record(goal, input);
+    };
+    return recorder_
+               ? recorder_->view(graph, goal.snapshot, openPerson, openEvidence, openPath, record)
+               : GoalResultView(goal.snapshot, openPerson, openEvidence, openPath, record);
+  });
   showTitle(goal);
 }
 
@@ -190,6 +212,7 @@ void DeskWindow::showTitle(const LoadedGoal& goal) {
 bool DeskWindow::keepGoal(const std::string& goalID) {
   const LoadedGoal* kept = screens_->showAgain(goalID);
   if (kept == nullptr) return false;
+  if (recorder_) recorder_->showAgain(screen().graph());
   showTitle(*kept);
   return true;
 }

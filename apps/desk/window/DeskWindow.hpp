@@ -19,6 +19,9 @@
 namespace vemra::qt {
 class ViewWidget;
 }
+namespace vemra::recording {
+class Recorder;
+}
 
 namespace vemra::desk {
 
@@ -35,6 +38,12 @@ class StorePage;
 class WaitingBar;
 class Welcome;
 
+/// What a user wants to have recorded.
+struct RecordingWish {
+  std::string file;  ///< must not be there yet
+  bool isMasked = false;
+};
+
 /// The window of the reference host: the goals at the left, the result screen of the open one, and
 /// beside it the store's knowledge of a person, a source or a path.
 ///
@@ -49,7 +58,11 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   DeskWindow(std::shared_ptr<StoreEngine> engine, std::optional<std::string> goalID);
   /// The same for a store that may be open for reading only, or not at all: then the window shows
   /// the reason and the possible actions.
-  DeskWindow(StoreOpening opening, std::optional<std::string> goalID);
+  ///
+  /// With a recording, the window writes down what its screens show and what the user does with
+  /// them. A notice gives the reason when the recording ends too early.
+  DeskWindow(StoreOpening opening, std::optional<std::string> goalID,
+             const std::optional<RecordingWish>& recording = std::nullopt);
 
   ~DeskWindow() override;
 
@@ -72,6 +85,7 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   void dropEvent(QDropEvent* event) override;
 
  private:
+  void record(const RecordingWish& wish);
   QWidget* makePanes();
   void connectPanes();
   void connectMenus();
@@ -113,6 +127,7 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   GoalList* goals_;
   Pages* centre_;
   std::unique_ptr<GoalScreens> screens_;
+  std::unique_ptr<recording::Recorder> recorder_;  ///< none while nothing is recorded
   Welcome* welcome_;
   FailurePage* failure_;
   StorePage* storePage_;

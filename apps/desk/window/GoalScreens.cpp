@@ -18,7 +18,7 @@ GoalScreens::GoalScreens(Pages& pages, std::size_t most) : pages_(pages), most_(
   clear();
 }
 
-void GoalScreens::show(const LoadedGoal& goal, ui::View view) {
+void GoalScreens::show(const LoadedGoal& goal, const MakeView& makeView) {
   auto screen = std::find_if(screens_.begin(), screens_.end(), [&](const Screen& each) {
     return !each.goal || text::equal(each.goal->id, goal.id);
   });
@@ -28,7 +28,7 @@ void GoalScreens::show(const LoadedGoal& goal, ui::View view) {
     std::rotate(screens_.begin(), screen, std::next(screen));
   }
   screens_.front().goal = goal;
-  current().setRoot(std::move(view));
+  current().setRoot(makeView(current().graph()));
   showAgain();
   removeSome();
 }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "VemraPlatform/ui/View.hpp"
+#include "VemraPlatform/ui/ViewGraph.hpp"
 #include "apps/desk/window/DeskDisplay.hpp"
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -29,8 +31,11 @@ class GoalScreens {
   /// - Parameter most: the number of screens that may stay, at least 1.
   explicit GoalScreens(Pages& pages, std::size_t most = 8);
 
+  /// Makes a view for the graph of a screen.
+  using MakeView = std::function<ui::View(ui::ViewGraph& graph)>;
+
   /// Shows a goal's view, in the screen that the goal has already, if it has one.
-  void show(const LoadedGoal& goal, ui::View view);
+  void show(const LoadedGoal& goal, const MakeView& makeView);
   /// Shows the screen again that was shown last.
   void showAgain();
   /// Shows that goal's screen as it was shown last. Returns its goal; null when there is no screen.

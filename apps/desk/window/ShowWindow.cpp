@@ -10,8 +10,10 @@
 #include "apps/toolkit/ToolkitMessages.hpp"
 
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <optional>
+#include <system_error>
 #include <utility>
 
 #include <QApplication>
@@ -63,6 +65,12 @@ int showWindow(const Request& request, std::ostream& diagnostics) {
     diagnostics << "vemra-desk: there is no display to show the window on\n";
     return 2;
   }
+  std::error_code error;
+  if (request.recording &&
+      std::filesystem::exists(std::filesystem::symlink_status(*request.recording, error))) {
+    diagnostics << *request.recording << ": is there already; a recording makes a new file\n";
+    return 2;
+  }
   StoreOpening opening;
   try {
     opening = openRequested(request);
@@ -85,7 +93,9 @@ int showWindow(const Request& request, std::ostream& diagnostics) {
   std::shared_ptr<StoreEngine> engine;
   int exitCode = 0;
   {
-    DeskWindow window(std::move(opening), request.goal);
+    std::optional<RecordingWish> recording;
+    if (request.recording) recording = {*request.recording, request.masksRecording};
+    DeskWindow window(std::move(opening), request.goal, recording);
     window.show();
     exitCode = QApplication::exec();
     engine = window.engine();

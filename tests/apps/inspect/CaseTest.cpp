@@ -117,12 +117,14 @@ TEST(CaseTest, PointsIntoTheResult) {
 
 TEST(CaseTest, RefusesOtherKeysAndTypes) {
   EXPECT_EQ(errorIn(caseOf(nothing, R"(, "step": [])")),
-            "case.json: /step: expected one of the keys result, locale, timeZone, strings, steps; "
+            "case.json: /step: expected one of the keys result, locale, timeZone, strings, steps, "
+            "recorded; "
             "found \"step\"");
   EXPECT_EQ(errorIn(caseOf(nothing, ", \"result\": " + nothing)),
             "case.json: /result: expected each key once; found \"result\" again");
   EXPECT_EQ(errorIn(nothing),
-            "case.json: /goal: expected one of the keys result, locale, timeZone, strings, steps; "
+            "case.json: /goal: expected one of the keys result, locale, timeZone, strings, steps, "
+            "recorded; "
             "found \"goal\"");
   EXPECT_EQ(errorIn(caseOf(nothing) + "{}"),
             "case.json: line 2, column 94: expected the end of the document; found \"{\"");
@@ -153,13 +155,15 @@ TEST(StepTest, ReadsEveryForm) {
 
 TEST(StepTest, RefusesEveryOtherForm) {
   const std::pair<const char*, const char*> cases[] = {
-      {"{}", "/steps/0: expected one of the keys press, select, type, submit, result; found none"},
+      {"{}",
+       "/steps/0: expected one of the keys press, select, type, submit, result, screen, call; "
+       "found none"},
       {"[]", "/steps/0: expected an object; found an array"},
       {"\"press\"", "/steps/0: expected an object; found \"press\""},
       {"null", "/steps/0: expected an object; found null"},
       {R"({"tap": "a"})",
-       "/steps/0/tap: expected one of the keys press, select, value, type, text, submit, result; "
-       "found \"tap\""},
+       "/steps/0/tap: expected one of the keys press, select, value, type, text, submit, result, "
+       "screen, index, call; found \"tap\""},
       {R"({"press": null})",
        "/steps/0/press: expected an identifier or an object with a title; found null"},
       {R"({"press": 1})",
@@ -177,7 +181,7 @@ TEST(StepTest, RefusesEveryOtherForm) {
        "/steps/0/press/index: expected an integer from -9223372036854775808 to "
        "9223372036854775807, without fraction or exponent; found null"},
       {R"({"press": {"title": "a", "role": "b"}})",
-       "/steps/0/press/role: expected one of the keys title, index; found \"role\""},
+       "/steps/0/press/role: expected one of the keys title, index, identifier; found \"role\""},
       {R"({"press": "a", "press": "b"})",
        "/steps/0/press: expected each key once; found \"press\" again"},
       {R"({"press": "a", "submit": "b"})",
@@ -188,7 +192,8 @@ TEST(StepTest, RefusesEveryOtherForm) {
        "/steps/0/text: expected no such key beside \"press\"; found \"text\""},
       {R"({"select": "a"})", "/steps/0: expected the key \"value\"; found none"},
       {R"({"value": "helped"})",
-       "/steps/0: expected one of the keys press, select, type, submit, result; found none"},
+       "/steps/0: expected one of the keys press, select, type, submit, result, screen, call; "
+       "found none"},
       {R"({"select": "a", "value": "Helped"})",
        "/steps/0/value: expected one of reachedOut, invited, introduced, helped, wasUseful, "
        "notAFit, noActionTaken, somethingElse; found \"Helped\""},

@@ -1,13 +1,19 @@
 #include "VemraGoalSurface/GoalResultView.hpp"
+#include "VemraRecording/Recorder.hpp"
 #include "VemraTesting/Screen.hpp"
 
 #include <iostream>
+#include <string>
 
 extern "C" [[gnu::visibility("default")]] void showScreen() {
   vemra::GetGoalSnapshotResponse answer;
   answer.goal.title = "Shown by a plugin";
   const auto ignore = [](const auto&) {};
-  const vemra::testing::Screen screen(
-      vemra::GoalResultView(vemra::GoalResultSnapshotV1(answer), ignore, ignore, ignore, ignore));
+  vemra::testing::Screen screen(vemra::ui::Group({}));
+  vemra::recording::Recorder recorder(
+      "/dev/null", {"a plugin", "1"}, vemra::recording::Texts::masked,
+      [](const std::string& reason) { std::cout << reason << "\n"; });
+  screen.show(recorder.view(screen.graph(), vemra::GoalResultSnapshotV1(answer), ignore, ignore,
+                            ignore, ignore));
   std::cout << screen.outline();
 }

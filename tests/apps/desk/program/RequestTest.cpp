@@ -39,6 +39,17 @@ TEST(RequestTest, AGoalIsNeededForACommandAboutOneAndRefusedForTheOthers) {
   EXPECT_EQ(diagnosticOf({"--goal", "g1"}), "") << "the window is about the goal";
 }
 
+TEST(RequestTest, OnlyAWindowIsRecordedIntoAFileAndOnlyARecordingIsMasked) {
+  EXPECT_EQ(diagnosticOf({"--record", "case.json"}), "");
+  EXPECT_EQ(diagnosticOf({"--mask", "--record", "case.json"}), "");
+  EXPECT_THAT(diagnosticOf({"--mask"}), HasSubstr("--mask: without --record"));
+  EXPECT_THAT(diagnosticOf({"--record", "case.json", "goals"}),
+              HasSubstr("--record: only a window is recorded"));
+  for (const char* none : {"", "-"}) {
+    EXPECT_THAT(diagnosticOf({"--record", none}), HasSubstr("--record: a recording wants a file"));
+  }
+}
+
 TEST(RequestTest, ACommandLineHasOneCommandOrNone) {
   EXPECT_EQ(diagnosticOf({}), "");
   EXPECT_EQ(diagnosticOf({"goals"}), "");

@@ -28,8 +28,9 @@ class GoalScreensTest : public ::testing::Test {
   void show(const GetGoalSnapshotResponse& result) {
     const auto ignore = [](const auto&) {};
     const GoalResultSnapshotV1 snapshot(result);
-    screens.show({result.goal.id, snapshot, 0},
-                 GoalResultView(snapshot, ignore, ignore, ignore, ignore));
+    screens.show({result.goal.id, snapshot, 0}, [&](ui::ViewGraph&) {
+      return GoalResultView(snapshot, ignore, ignore, ignore, ignore);
+    });
     QApplication::processEvents();
   }
   void show(const std::string& goalID) { show(goal(goalID, "Goal " + goalID)); }

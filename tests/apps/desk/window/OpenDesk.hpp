@@ -25,7 +25,7 @@
 namespace vemra::desk {
 
 /// A store, and the window on it.
-class OpenDesk : public testing::Test {
+class OpenDesk : public ::testing::Test {
  protected:
   ~OpenDesk() override { close(); }
 

@@ -26,5 +26,19 @@ TEST(ShowWindowTest, WithoutADisplayTheProgramSaysSoAndMakesNoStore) {
   }
 }
 
+TEST(ShowWindowTest, ARecordingNeverReplacesAFile) {
+  const TemporaryFolder folder;
+  const std::string store = folder.file("goals.sqlite");
+  const std::string there = folder.write("case.json", "an earlier recording");
+  Invocation invocation{{"--store", store, "--record", there}};
+  invocation.environment = {{"QT_QPA_PLATFORM", "offscreen"}};
+  const Ending ending = run(invocation);
+  EXPECT_EQ(ending.exitCode, 2);
+  EXPECT_EQ(ending.output, "");
+  EXPECT_EQ(ending.diagnostics, there + ": is there already; a recording makes a new file\n");
+  EXPECT_EQ(folder.read("case.json"), "an earlier recording");
+  EXPECT_FALSE(std::filesystem::exists(store)) << "nothing is done";
+}
+
 }  // namespace
 }  // namespace vemra::desk

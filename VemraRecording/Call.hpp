@@ -2,12 +2,13 @@
 
 #include "VemraGoalEngine/GoalRecords.hpp"
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
+#include "VemraPlatform/Export.hpp"
 #include "apps/documents/JsonWriter.hpp"
 
 #include <string>
 #include <variant>
 
-namespace vemra::inspect {
+namespace vemra::recording {
 
 /// \name Calls
 /// What the screen asked of its host. @{
@@ -28,6 +29,9 @@ struct RecordOutcome {
 using Call = std::variant<OpenPerson, ShowEvidence, FocusPathInStarfold, RecordOutcome>;
 
 /// Writes `{"callback": …, "argument": …}`.
-void writeCall(documents::JsonWriter& out, const Call& call);
+VEMRA_EXPORT void writeCall(documents::JsonWriter& out, const Call& call);
 
-}  // namespace vemra::inspect
+/// The same as a text on one line.
+VEMRA_EXPORT std::string callText(const Call& call);
+
+}  // namespace vemra::recording

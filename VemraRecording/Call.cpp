@@ -1,10 +1,10 @@
-#include "apps/inspect/Call.hpp"
+#include "VemraRecording/Call.hpp"
 
 #include "apps/documents/ResultWriter.hpp"
 
 #include <string_view>
 
-namespace vemra::inspect {
+namespace vemra::recording {
 namespace {
 
 using documents::JsonWriter;
@@ -56,4 +56,10 @@ void writeCall(JsonWriter& out, const Call& call) {
   out.endObject();
 }
 
-}  // namespace vemra::inspect
+std::string callText(const Call& call) {
+  JsonWriter out;
+  writeCall(out, call);
+  return out.take();
+}
+
+}  // namespace vemra::recording

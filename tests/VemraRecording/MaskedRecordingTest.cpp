@@ -1,0 +1,105 @@
+#include "VemraPlatform/text/UTF8.hpp"
+#include "tests/VemraRecording/RecordedHost.hpp"
+
+#include <algorithm>
+#include <filesystem>
+#include <string_view>
+
+namespace vemra::recording {
+namespace {
+
+using build::outcome;
+using build::person;
+
+std::size_t codePoints(std::string_view text) {
+  std::size_t count = 0;
+  for (text::Step step = text::firstStep(text); step.length > 0; step = text::firstStep(text)) {
+    text.remove_prefix(step.length);
+    ++count;
+  }
+  return count;
+}
+
+/// The number of code points of each line.
+std::vector<std::size_t> lengths(const std::string& text) {
+  std::vector<std::size_t> lengths;
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t end = std::min(text.find('\n', begin), text.size());
+    lengths.push_back(codePoints(std::string_view(text).substr(begin, end - begin)));
+    begin = end + 1;
+  }
+  return lengths;
+}
+
+class MaskedRecordingTest : public RecordedHost {
+ protected:
+  /// A session in which every word is one that the format of a case does not have.
+  void session() {
+    record(Texts::masked);
+    testing::Screen& screen = addScreen();
+    GetGoalSnapshotResponse result;
+    result.goal = {.id = "gx1", .title = "Berlin umziehen", .targetPersonRef = "wer-zo\u00eb"};
+    result.goal.keywords = {"geheim"};
+    result.people = {person("wer-ada", "Ada Lovelace", {"beleg7"},
+                            GoalWhyDTO::evidence("Brief", "schrieb dir", "verweis3")),
+                     person("wer-zo\u00eb", "Zoe\u0308", {"beleg8"}),
+                     person("wer-ada", "Ada Lovelace"), person("leer", std::nullopt)};
+    result.paths = {build::path({"wer-ada", "wer-zoe\u0308"})};
+    result.group = {{"gruppe2", {"wer-ada"}}};
+    result.coverage = {{"Postfach"}, 3, "2025-01-05T23:30:00Z"};
+    result.outcomes = {outcome("out9", GoalOutcomeSubjectKind::person, "wer-zoe\u0308",
+                               GoalOutcomeValue::helped, "am Bahnhof", "out4")};
+    show(screen, result);
+    screen.press(testing::button("Ada Lovelace", 1));
+    screen.press(of("wer-ada", ".show-source"));
+    screen.press(testing::button("Unnamed person"));
+    screen.press("vemra.goal.path.see-in-starfold");
+    screen.press(of("wer-zo\u00eb", ".outcome.correct"));
+    screen.type(of("wer-zo\u00eb", ".outcome.note"), "  gestern am Markt ");
+    screen.press(of("wer-zo\u00eb", ".outcome.save"));
+    screen.press(testing::byIdentifier(of("wer-ada", ".outcome.start"), 1));
+    screen.type(testing::byIdentifier(of("wer-ada", ".outcome.note")), "vertraulich");
+    ASSERT_EQ(failures, std::vector<std::string>{});
+  }
+};
+
+TEST_F(MaskedRecordingTest, HoldsNoWordOfTheRecordsOrOfWhatWasTyped) {
+  session();
+  const std::string text = TemporaryFolder::readFile(file);
+  for (const char* word :
+       {"gx1",    "Berlin",   "umziehen", "wer",   "ada",     "zo\u00eb", "zoe",   "geheim",
+        "Ada",    "Lovelace", "beleg7",   "Brief", "schrieb", "verweis",  "Zoe",   "leer",
+        "gruppe", "Postfach", "out9",     "out4",  "Bahnhof", "gestern",  "Markt", "vertraulich"}) {
+    EXPECT_EQ(text.find(word), std::string::npos) << word << " in\n" << text;
+  }
+}
+
+TEST_F(MaskedRecordingTest, ReplaysToAScreenOfTheSameFormWithTheSameCalls) {
+  session();
+  const Replayed replayed(file);
+  EXPECT_TRUE(replayed.read.recorded->isMasked);
+  EXPECT_EQ(lengths(replayed.outline()), lengths(screens[0].outline()))
+      << replayed.outline() << screens[0].outline();
+  ASSERT_EQ(replayed.calls().size(), calls.size());
+  for (std::size_t i = 0; i < calls.size(); ++i) {
+    EXPECT_EQ(codePoints(replayed.calls()[i]), codePoints(calls[i]))
+        << replayed.calls()[i] << calls[i];
+  }
+}
+
+TEST_F(MaskedRecordingTest, TheDateStays) {
+  session();
+  EXPECT_NE(Replayed(file).outline().find("Jan 5, 2025"), std::string::npos);
+}
+
+TEST_F(MaskedRecordingTest, OneRecordingSaysNothingOfTheMasksOfAnother) {
+  session();
+  const std::string first = TemporaryFolder::readFile(file);
+  screens.clear();
+  std::filesystem::remove(file);
+  session();
+  EXPECT_NE(TemporaryFolder::readFile(file), first);
+}
+
+}  // namespace
+}  // namespace vemra::recording
