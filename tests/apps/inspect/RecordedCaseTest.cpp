@@ -96,7 +96,8 @@ TEST_F(RecordedCaseTest, EveryCallOfAReportIsACallStep) {
       R"({"press": "vemra.goal.person.p1.outcome.correct"},)"
       R"({"press": "vemra.goal.person.p1.outcome.save"})";
   std::string steps = act;
-  for (const auto& call : inspect(withSteps(oneOfEach, act))["calls"]) {
+  const auto acted = inspect(withSteps(oneOfEach, act));
+  for (const auto& call : acted["calls"]) {
     steps += R"(, {"call": )" + call.dump() + '}';
   }
   const auto report = inspect(withSteps(oneOfEach, steps));
