@@ -19,7 +19,7 @@ struct Ran : Ending {
 };
 
 /// Runs the built program in a process of its own, in a folder of its own.
-class ProgramTest : public testing::Test {
+class ProgramTest : public ::testing::Test {
  protected:
   /// Writes a file of that content into the folder.
   void file(const std::string& name, const std::string& content) const {
