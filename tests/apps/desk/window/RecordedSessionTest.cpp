@@ -33,7 +33,7 @@ void writeOutline(std::string& text, ui::ViewGraph& graph, ui::NodeID id, std::s
     return;
   }
   for (std::size_t row = 0; row < rows; ++row) {
-    writeOutline(text, graph, graph.lookAtRow(id, row), depth + 1);
+    writeOutline(text, graph, graph.peekRow(id, row), depth + 1);
   }
 }
 
