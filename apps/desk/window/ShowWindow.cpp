@@ -65,9 +65,9 @@ int showWindow(const Request& request, std::ostream& diagnostics) {
     diagnostics << "vemra-desk: there is no display to show the window on\n";
     return 2;
   }
-  std::error_code error;
+  std::error_code ignored;
   if (request.recording &&
-      std::filesystem::exists(std::filesystem::symlink_status(*request.recording, error))) {
+      std::filesystem::exists(std::filesystem::symlink_status(*request.recording, ignored))) {
     diagnostics << *request.recording << ": is there already; a recording makes a new file\n";
     return 2;
   }
