@@ -25,8 +25,7 @@ class EachText {
   /// A date that the screen reads has no words.
   template <class Date>
   Date date(const Date& text) const {
-    const std::optional<std::string> value = text;
-    return value && date::parseInternetDateTime(*value) ? text : (*this)(text);
+    return isReadable(text) ? text : (*this)(text);
   }
   template <class Element>
   SharedArray<Element> operator()(const SharedArray<Element>& elements) const {
@@ -83,6 +82,13 @@ class EachText {
   }
 
  private:
+  static bool isReadable(const std::string& text) {
+    return date::parseInternetDateTime(text).has_value();
+  }
+  static bool isReadable(const std::optional<std::string>& text) {
+    return text && isReadable(*text);
+  }
+
   Change change_;
 };
 
