@@ -112,7 +112,7 @@ function(vemra_library target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_libraries(${target} PUBLIC Vemra::PlatformExport ${arg_PUBLIC}
                                   PRIVATE ${arg_PRIVATE} ${flags})
-  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND NOT CMAKE_AUTOMOC)  # Qt's generated files have such names
     target_compile_options(${target} PRIVATE -Wreserved-identifier)
   endif()
   if("Qt6::Widgets" IN_LIST arg_PUBLIC OR "Vemra::Qt" IN_LIST arg_PUBLIC)

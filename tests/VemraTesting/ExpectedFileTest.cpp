@@ -36,7 +36,7 @@ TEST_F(ExpectedFileTest, ADifferentTextIsAFailure) {
 
 TEST_F(ExpectedFileTest, AMissingFileIsAFailure) {
   ::unsetenv(variable);
-  EXPECT_FATAL_FAILURE(expectAsInFile("", "none.txt"), "none.txt is not there");
+  EXPECT_FATAL_FAILURE(expectAsInFile("", "none.txt"), "none.txt is missing");
 }
 
 TEST_F(ExpectedFileTest, AFileThatCannotBeWrittenIsAFailure) {
