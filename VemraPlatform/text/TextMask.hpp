@@ -29,8 +29,8 @@ namespace vemra::text {
 /// which of them are equal remain.
 class VEMRA_EXPORT TextMask {
  public:
-  /// - Parameter seed: decides which letters are used. A caller that wants masks which nobody can
-  ///   foresee takes it from `std::random_device`.
+  /// - Parameter seed: decides which letters are used. For masks that cannot be foreseen, take it
+  ///   from `std::random_device`.
   explicit TextMask(std::uint64_t seed);
 
   /// No word of this text is used as a mask from now on, in any case of its letters; numbers are,
