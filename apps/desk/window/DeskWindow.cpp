@@ -3,8 +3,6 @@
 #include "VemraGoalSurface/GoalResultView.hpp"
 #include "VemraQt/ViewWidget.hpp"
 #include "VemraRecording/Recorder.hpp"
-#include "apps/desk/commands/Documents.hpp"
-#include "apps/desk/window/CloseQuestion.hpp"
 #include "apps/desk/window/FailurePage.hpp"
 #include "apps/desk/window/GoalList.hpp"
 #include "apps/desk/window/GoalRow.hpp"
@@ -22,9 +20,7 @@
 
 #include <utility>
 
-#include <QCloseEvent>
 #include <QFileDialog>
-#include <QMessageBox>
 #include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -55,19 +51,11 @@ DeskWindow::DeskWindow(StoreOpening opening, std::optional<std::string> goalID,
   setCentralWidget(page);
   connectPanes();
   connectMenus();
-  if (recording) record(*recording);
+  if (recording) {
+    recorder_ = makeRecorder(*recording, *this,
+                             [this](const QString& reason) { showNotice(reason, nullptr); });
+  }
   use(std::move(opening), std::move(goalID));
-}
-
-void DeskWindow::record(const RecordingWish& wish) {
-  using recording::Texts;
-  recorder_ = std::make_unique<recording::Recorder>(
-      wish.file, recording::Program{"vemra-desk", programVersion()},
-      wish.isMasked ? Texts::masked : Texts::plain, [this](const std::string& reason) {
-        // An event may be running, in the middle of which the window's layout must not change.
-        QMetaObject::invokeMethod(
-            this, [this, reason] { showNotice(fromUTF8(reason), nullptr); }, Qt::QueuedConnection);
-      });
 }
 
 void DeskWindow::connectPanes() {
@@ -244,69 +232,6 @@ void DeskWindow::closeDetails() {
   const bool hadFocus = side_->isAncestorOf(focusWidget());
   side_->hide();
   if (hadFocus) screen().setFocus();
-}
-
-Unfinished DeskWindow::unfinished() const {
-  return {screens_->drafts(), controller_ ? controller_->waiting() : std::vector<WaitingNote>()};
-}
-
-void DeskWindow::closeEvent(QCloseEvent* event) {
-  if (mayClose_ || unfinished().isEmpty()) {
-    QMainWindow::closeEvent(event);
-    return;
-  }
-  event->ignore();
-  leaveThen([this] { closeAnyway(); });
-}
-
-void DeskWindow::leaveThen(std::function<void()> next) {
-  const Unfinished what = unfinished();
-  if (what.isEmpty()) {
-    next();
-    return;
-  }
-  if (question_) return;
-  auto* question = new CloseQuestion(what, this);
-  question_ = question;
-  connect(question, &CloseQuestion::closeWanted, this, std::move(next));
-  connect(question, &CloseQuestion::waitWanted, this, &DeskWindow::closeWhenStored);
-  question->open();
-}
-
-void DeskWindow::closeAnyway() {
-  mayClose_ = true;
-  // The question closes first, which makes the window active once more.
-  QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
-}
-
-void DeskWindow::closeWhenStored() {
-  auto* wait = new CloseWait(this);
-  question_ = wait;
-  closesWhenStored_ = true;
-  connect(wait, &CloseWait::closeWanted, this, &DeskWindow::closeAnyway);
-  connect(wait, &CloseWait::cancelled, this, [this] { closesWhenStored_ = false; });
-  wait->open();
-  showWaiting(controller_->waiting());  // it may have been stored meanwhile
-}
-
-void DeskWindow::askToDiscardWaiting() {
-  if (question_) return;
-  const std::vector<WaitingNote> waiting = controller_->waiting();
-  if (waiting.empty()) return;
-  std::vector<std::string> ids;
-  ids.reserve(waiting.size());
-  for (const WaitingNote& note : waiting) ids.push_back(note.id);
-  auto* question = new DiscardQuestion(waiting, this);
-  question_ = question;
-  connect(question, &DiscardQuestion::discardWanted, this, [this, ids] {
-    if (controller_) controller_->discardWaiting(ids);
-  });
-  question->open();
-}
-
-void DeskWindow::showWaiting(const std::vector<WaitingNote>& waiting) {
-  waiting_->setWaiting(waiting);
-  if (waiting.empty() && closesWhenStored_) closeAnyway();
 }
 
 }  // namespace vemra::desk

@@ -3,6 +3,7 @@
 #include "apps/desk/window/CloseQuestion.hpp"
 #include "apps/desk/window/DeskController.hpp"
 #include "apps/desk/window/DeskDisplay.hpp"
+#include "apps/desk/window/SessionRecording.hpp"
 #include "apps/desk/window/StoreOpening.hpp"
 #include "apps/desk/window/TextSize.hpp"
 
@@ -19,9 +20,6 @@
 namespace vemra::qt {
 class ViewWidget;
 }
-namespace vemra::recording {
-class Recorder;
-}
 
 namespace vemra::desk {
 
@@ -37,12 +35,6 @@ class SidePane;
 class StorePage;
 class WaitingBar;
 class Welcome;
-
-/// What a user wants to have recorded.
-struct RecordingWish {
-  std::string file;  ///< must not be there yet
-  bool isMasked = false;
-};
 
 /// The window of the reference host: the goals at the left, the result screen of the open one, and
 /// beside it the store's knowledge of a person, a source or a path.
@@ -85,7 +77,6 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   void dropEvent(QDropEvent* event) override;
 
  private:
-  void record(const RecordingWish& wish);
   QWidget* makePanes();
   void connectPanes();
   void connectMenus();
