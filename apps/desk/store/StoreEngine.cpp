@@ -75,7 +75,7 @@ task::Task<GoalOutcomeDTO> StoreEngine::record(WaitingOutcome outcome,
   return onThread<GoalOutcomeDTO>(
       thread_, [outcome = std::move(outcome), tried = std::move(store)](StoreThread& thread) {
         refuseReading(thread);
-        return thread.use<GoalOutcomeDTO>([&](GoalStore& open) {
+        const auto record = [&](GoalStore& open) {
           const std::uint64_t number = thread.storeNumber();
           tried->number = number;
           tried->mark = thread.storeMark(number);
@@ -88,7 +88,15 @@ task::Task<GoalOutcomeDTO> StoreEngine::record(WaitingOutcome outcome,
             throw StoreError(thread.file(), "is not the store that the outcome was saved in");
           }
           return open.record(outcome.goalID, outcome.input, outcome.id, outcome.savedAt);
-        });
+        };
+        const bool mayEnterAny = !tried->wantedNumber && !tried->wantedMark;
+        try {
+          return thread.use<GoalOutcomeDTO>(record);
+        } catch (const StoreMoved&) {
+          if (!mayEnterAny) throw;
+        }
+        // The call above found out that the open store is not the one at the path, which is meant.
+        return thread.use<GoalOutcomeDTO>(record);
       });
 }
 

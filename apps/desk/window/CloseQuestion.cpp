@@ -35,9 +35,45 @@ void prepare(QMessageBox& box, const QString& text, const QString& more) {
   box.setAttribute(Qt::WA_DeleteOnClose);
 }
 
+/// What becomes of outcomes that are not stored when the user leaves the store.
+QString fateOf(const std::vector<WaitingNote>& waiting) {
+  const auto isLost = [](const WaitingNote& note) { return !note.unkept.isEmpty(); };
+  if (std::ranges::any_of(waiting, isLost)) {
+    return localized("What is not stored yet would be lost.");
+  }
+  const auto deciding = std::ranges::count_if(waiting, &WaitingNote::needsDecision);
+  if (deciding == 0) {
+    return localized(
+        "What is not stored yet is kept beside the store, and stored when the store is opened "
+        "again.");
+  }
+  if (deciding == static_cast<std::ptrdiff_t>(waiting.size())) {
+    return localized(
+        "What is not stored yet is kept beside the store, until you try again or discard it.");
+  }
+  return localized(
+      "What is not stored yet is kept beside the store. Some of it is stored when the store is "
+      "opened again; the rest waits until you try again or discard it.");
+}
+
+QString questionOf(Leaving leaving, bool hasDrafts) {
+  if (leaving == Leaving::closeWindow) {
+    return hasDrafts ? localized("Outcomes are still being written. Close without them?")
+                     : localized("Outcomes are not stored yet. Close now?");
+  }
+  return hasDrafts
+             ? localized("Outcomes are still being written. Open the other store without them?")
+             : localized("Outcomes are not stored yet. Open the other store now?");
+}
+
+QString nowTitle(Leaving leaving) {
+  return leaving == Leaving::closeWindow ? localized("Close now") : localized("Open now");
+}
+
 }  // namespace
 
-CloseQuestion::CloseQuestion(const Unfinished& unfinished, QWidget* parent) : QMessageBox(parent) {
+CloseQuestion::CloseQuestion(Leaving leaving, const Unfinished& unfinished, QWidget* parent)
+    : QMessageBox(parent) {
   const auto& [drafts, waiting] = unfinished;
   setObjectName("desk.question");
   QStringList paragraphs;
@@ -45,40 +81,36 @@ CloseQuestion::CloseQuestion(const Unfinished& unfinished, QWidget* parent) : QM
   if (!waiting.empty()) {
     if (!drafts.isEmpty()) paragraphs.append(localized("Not stored yet:"));
     paragraphs.append(some(linesOf(waiting)));
-    const bool allKept = std::all_of(waiting.begin(), waiting.end(),
-                                     [](const WaitingNote& note) { return note.unkept.isEmpty(); });
-    paragraphs.append(allKept ? localized("What is not stored yet is kept beside the store, and "
-                                          "stored when the store is opened again.")
-                              : localized("What is not stored yet would be lost."));
+    paragraphs.append(fateOf(waiting));
   }
-  prepare(*this,
-          drafts.isEmpty() ? localized("Outcomes are not stored yet. Close now?")
-                           : localized("Outcomes are still being written. Close without them?"),
-          paragraphs.join("\n\n"));
+  prepare(*this, questionOf(leaving, !drafts.isEmpty()), paragraphs.join("\n\n"));
   QPushButton* wait = nullptr;
-  if (drafts.isEmpty()) {
+  if (drafts.isEmpty() && std::ranges::none_of(waiting, &WaitingNote::needsDecision)) {
     wait = addButton(localized("Wait until stored"), QMessageBox::AcceptRole);
     wait->setObjectName("desk.question.wait");
   }
-  QPushButton* close = drafts.isEmpty()
-                           ? addButton(localized("Close now"), QMessageBox::DestructiveRole)
-                           : addButton(QMessageBox::Discard);
-  close->setObjectName("desk.question.close");
+  QPushButton* leave = drafts.isEmpty() ? addButton(nowTitle(leaving), QMessageBox::DestructiveRole)
+                                        : addButton(QMessageBox::Discard);
+  leave->setObjectName("desk.question.close");
   QPushButton* cancel = addButton(QMessageBox::Cancel);
   setDefaultButton(wait != nullptr ? wait : cancel);
   setEscapeButton(cancel);
-  connect(close, &QPushButton::clicked, this, &CloseQuestion::closeWanted);
+  connect(leave, &QPushButton::clicked, this, &CloseQuestion::leaveWanted);
   if (wait != nullptr) connect(wait, &QPushButton::clicked, this, &CloseQuestion::waitWanted);
 }
 
-CloseWait::CloseWait(QWidget* parent) : QMessageBox(parent) {
+CloseWait::CloseWait(Leaving leaving, QWidget* parent) : QMessageBox(parent) {
   setObjectName("desk.wait");
-  prepare(*this, localized("The window closes as soon as everything is stored."), {});
+  prepare(*this,
+          leaving == Leaving::closeWindow
+              ? localized("The window closes as soon as everything is stored.")
+              : localized("The other store is opened as soon as everything is stored."),
+          {});
   setIcon(QMessageBox::Information);
-  QPushButton* close = addButton(localized("Close now"), QMessageBox::DestructiveRole);
-  close->setObjectName("desk.wait.close");
+  QPushButton* leave = addButton(nowTitle(leaving), QMessageBox::DestructiveRole);
+  leave->setObjectName("desk.wait.close");
   setEscapeButton(addButton(QMessageBox::Cancel));
-  connect(close, &QPushButton::clicked, this, &CloseWait::closeWanted);
+  connect(leave, &QPushButton::clicked, this, &CloseWait::leaveWanted);
   connect(this, &QDialog::rejected, this, &CloseWait::cancelled);
 }
 

@@ -16,29 +16,33 @@ struct Unfinished {
   bool isEmpty() const { return drafts.isEmpty() && waiting.empty(); }
 };
 
-/// Asks whether to close a window that has something unfinished, and names it. Deletes itself after
-/// the answer. Show it with `open`.
+/// The user's request that ends the work with the open store.
+enum class Leaving { closeWindow, openAnotherStore };
+
+/// Asks whether to leave a store with something unfinished, and names it. Deletes itself after the
+/// answer. Show it with `open`.
 class CloseQuestion : public QMessageBox {
   Q_OBJECT
 
  public:
-  CloseQuestion(const Unfinished& unfinished, QWidget* parent);
+  CloseQuestion(Leaving leaving, const Unfinished& unfinished, QWidget* parent);
 
  Q_SIGNALS:
-  void closeWanted();
-  /// Close as soon as everything is stored. Only offered when no editor is open.
+  void leaveWanted();
+  /// Leave as soon as everything is stored. Only offered when no editor is open, and no outcome
+  /// needs a decision of the user.
   void waitWanted();
 };
 
-/// Shown while a window stays open until everything is stored. Deletes itself after the answer.
+/// Shown while a window waits until everything is stored. Deletes itself after the answer.
 class CloseWait : public QMessageBox {
   Q_OBJECT
 
  public:
-  explicit CloseWait(QWidget* parent);
+  CloseWait(Leaving leaving, QWidget* parent);
 
  Q_SIGNALS:
-  void closeWanted();
+  void leaveWanted();
   void cancelled();
 };
 

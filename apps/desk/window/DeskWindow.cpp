@@ -10,6 +10,7 @@
 #include "apps/desk/window/ImportDialog.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/Notice.hpp"
+#include "apps/desk/window/OnMainThread.hpp"
 #include "apps/desk/window/Pages.hpp"
 #include "apps/desk/window/PlainText.hpp"
 #include "apps/desk/window/ReadOnlyBar.hpp"
@@ -88,6 +89,7 @@ void DeskWindow::use(StoreOpening opening, std::optional<std::string> goalID) {
   side_->hide();
   delete importing_;
   controller_.reset();
+  retireEngine();
   engine_ = opening.engine;
   if (!engine_) {
     goals_->hide();
@@ -101,6 +103,20 @@ void DeskWindow::use(StoreOpening opening, std::optional<std::string> goalID) {
   controller_ = std::make_unique<DeskController>(engine_, display);
   controller_->start(std::move(goalID));
   for (WaitingOutcome& outcome : kept) controller_->keepWaiting(std::move(outcome));
+}
+
+/// Keeps the engine until its tasks have ended: they need it, and the application.
+void DeskWindow::retireEngine() {
+  if (!engine_) return;
+  const std::shared_ptr<StoreEngine> engine = std::exchange(engine_, nullptr);
+  replaced_.push_back(engine);
+  startOnMainThread(*this, engine->version(),
+                    [this, engine](const auto&) { std::erase(replaced_, engine); });
+}
+
+void DeskWindow::finish() {
+  for (const auto& engine : replaced_) engine->finish();
+  if (engine_) engine_->finish();
 }
 
 void DeskWindow::open(const std::string& file) {
@@ -128,8 +144,14 @@ void DeskWindow::chooseStore() {
   dialog->setAttribute(Qt::WA_DeleteOnClose);
   dialog->setFileMode(QFileDialog::ExistingFile);
   dialog->setNameFilters({localized("Stores (*.sqlite)"), localized("All files (*)")});
-  connect(dialog, &QFileDialog::fileSelected, this,
-          [this](const QString& file) { leaveThen([this, file] { open(file.toStdString()); }); });
+  connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& chosen) {
+    const std::string file = chosen.toStdString();
+    if (file == file_) {
+      open(file);  // keeps the unfinished work
+    } else {
+      leaveThen(Leaving::openAnotherStore, [this, file] { open(file); });
+    }
+  });
   dialog->open();
 }
 

@@ -66,6 +66,9 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   void exportGoal(const QString& file);
   /// The engine of the open store; none while no store is open.
   std::shared_ptr<StoreEngine> engine() const { return engine_; }
+  /// Blocks until the tasks of all stores have ended that were open in this window. Call it at the
+  /// end of a program.
+  void finish();
 
   /// The screen of the goal that is open, or was open last.
   qt::ViewWidget& screen();
@@ -87,14 +90,15 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   void openNeighbour(int step);
   void focusPane(int step);
   void closeSide();
+  void retireEngine();
   void use(StoreOpening opening, std::optional<std::string> goalID);
   void chooseStore();
   void showTitle(const LoadedGoal& goal);
   Unfinished unfinished() const;
   /// Does the next step now, or after the user has agreed to lose unfinished work.
-  void leaveThen(std::function<void()> next);
-  void closeAnyway();
-  void closeWhenStored();
+  void leaveThen(Leaving leaving, std::function<void()> next);
+  void leave(std::function<void()> next);
+  void leaveWhenStored(Leaving leaving, std::function<void()> next);
   void askToDiscardWaiting();
 
   void showGoals(const std::vector<GoalListing>& goals, const std::string& chosen) override;
@@ -110,6 +114,7 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   void closeDetails() override;
 
   std::shared_ptr<StoreEngine> engine_;
+  std::vector<std::shared_ptr<StoreEngine>> replaced_;  ///< the engines with tasks that still run
   std::string file_;  ///< of the store that is open, or could not be opened
   std::unique_ptr<DeskController> controller_;  ///< none while no store is open
   MenuBar* menus_;
@@ -126,9 +131,9 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   Notice* notice_;
   WaitingBar* waiting_;
   ReadOnlyBar* readOnly_;
-  QPointer<QMessageBox> question_;  ///< whether to close, or to discard; one at a time
-  bool mayClose_ = false;           ///< the user has decided to
-  bool closesWhenStored_ = false;
+  QPointer<QMessageBox> question_;    ///< whether to close, or to discard; one at a time
+  bool mayClose_ = false;             ///< the user has decided to
+  std::function<void()> whenStored_;  ///< the next step once everything is stored
 };
 
 }  // namespace vemra::desk

@@ -22,35 +22,46 @@ void DeskWindow::closeEvent(QCloseEvent* event) {
     return;
   }
   event->ignore();
-  leaveThen([this] { closeAnyway(); });
+  leaveThen(Leaving::closeWindow, [this] {
+    mayClose_ = true;
+    close();
+  });
 }
 
-void DeskWindow::leaveThen(std::function<void()> next) {
+void DeskWindow::leaveThen(Leaving leaving, std::function<void()> next) {
   const Unfinished what = unfinished();
   if (what.isEmpty()) {
     next();
     return;
   }
   if (question_) return;
-  auto* question = new CloseQuestion(what, this);
+  auto* question = new CloseQuestion(leaving, what, this);
   question_ = question;
-  connect(question, &CloseQuestion::closeWanted, this, std::move(next));
-  connect(question, &CloseQuestion::waitWanted, this, &DeskWindow::closeWhenStored);
+  connect(question, &CloseQuestion::leaveWanted, this, [this, next] { leave(next); });
+  connect(question, &CloseQuestion::waitWanted, this,
+          [this, leaving, next] { leaveWhenStored(leaving, next); });
   question->open();
 }
 
-void DeskWindow::closeAnyway() {
-  mayClose_ = true;
-  // The question closes first, which makes the window active once more.
-  QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+void DeskWindow::leave(std::function<void()> next) {
+  whenStored_ = nullptr;
+  // The question closes first, which makes the window active once more. An event of the controller,
+  // which `next` may destroy, may be running.
+  QMetaObject::invokeMethod(
+      this,
+      [this, next = std::move(next)] {
+        if (question_) question_->reject();
+        next();
+      },
+      Qt::QueuedConnection);
 }
 
-void DeskWindow::closeWhenStored() {
-  auto* wait = new CloseWait(this);
+void DeskWindow::leaveWhenStored(Leaving leaving, std::function<void()> next) {
+  auto* wait = new CloseWait(leaving, this);
   question_ = wait;
-  closesWhenStored_ = true;
-  connect(wait, &CloseWait::closeWanted, this, &DeskWindow::closeAnyway);
-  connect(wait, &CloseWait::cancelled, this, [this] { closesWhenStored_ = false; });
+  whenStored_ = std::move(next);
+  connect(wait, &CloseWait::leaveWanted, this, [this] { leave(whenStored_); });
+  connect(wait, &CloseWait::cancelled, this, [this] { whenStored_ = nullptr; });
   wait->open();
   showWaiting(controller_->waiting());  // it may have been stored meanwhile
 }
@@ -72,7 +83,7 @@ void DeskWindow::askToDiscardWaiting() {
 
 void DeskWindow::showWaiting(const std::vector<WaitingNote>& waiting) {
   waiting_->setWaiting(waiting);
-  if (waiting.empty() && closesWhenStored_) closeAnyway();
+  if (waiting.empty() && whenStored_) leave(whenStored_);
 }
 
 }  // namespace vemra::desk

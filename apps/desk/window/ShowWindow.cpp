@@ -90,19 +90,13 @@ int showWindow(const Request& request, std::ostream& diagnostics) {
 
   if (!opening.engine && !isSeen()) return 2;
 
-  std::shared_ptr<StoreEngine> engine;
-  int exitCode = 0;
-  {
-    std::optional<RecordingWish> recording;
-    if (request.recording) recording = {*request.recording, request.masksRecording};
-    DeskWindow window(std::move(opening), request.goal, recording);
-    window.show();
-    exitCode = QApplication::exec();
-    engine = window.engine();
-  }
-  if (!engine) return 2;
-  engine->finish();
-  return exitCode;
+  std::optional<RecordingWish> recording;
+  if (request.recording) recording = {*request.recording, request.masksRecording};
+  DeskWindow window(std::move(opening), request.goal, recording);
+  window.show();
+  const int exitCode = QApplication::exec();
+  window.finish();
+  return window.engine() ? exitCode : 2;
 }
 
 }  // namespace vemra::desk

@@ -12,27 +12,47 @@
 namespace vemra::desk {
 namespace {
 
-constexpr std::size_t mostNamed = 3;
+/// The first lines of many.
+QStringList firstOf(const QStringList& lines) {
+  constexpr qsizetype mostNamed = 3;
+  QStringList first = lines.mid(0, mostNamed);
+  if (lines.size() > mostNamed) {
+    first.append(localized("and %1 more").arg(lines.size() - mostNamed));
+  }
+  return first;
+}
 
+/// Whether all outcomes share that text.
+bool isShared(const std::vector<WaitingNote>& waiting, QString WaitingNote::*text) {
+  return std::ranges::all_of(
+      waiting, [&](const WaitingNote& note) { return note.*text == waiting.front().*text; });
+}
+
+/// A reason stands at the end when it is that of every outcome; else each outcome's line has its
+/// own.
 QString messageOf(const std::vector<WaitingNote>& waiting) {
-  QStringList lines{waiting.size() == 1 ? localized("Not stored yet:")
-                                        : localized("Not stored yet (%1):").arg(waiting.size())};
-  for (std::size_t i = 0; i < std::min(mostNamed, waiting.size()); ++i) {
-    lines.append(lineOf(waiting[i]));
+  QStringList lines;
+  QStringList lost;
+  const bool isOneReason = isShared(waiting, &WaitingNote::reason);
+  const bool isOneLoss = isShared(waiting, &WaitingNote::unkept);
+  for (const WaitingNote& note : waiting) {
+    QString line = lineOf(note);
+    if (!isOneLoss && !note.unkept.isEmpty()) {
+      lost.append(localized("It would be lost if the program ended now: %1.").arg(line) + ' ' +
+                  note.unkept);
+    }
+    if (!isOneReason && !note.reason.isEmpty()) line = localized("%1: %2").arg(line, note.reason);
+    lines.append(line);
   }
-  if (waiting.size() > mostNamed) {
-    lines.append(localized("and %1 more").arg(waiting.size() - mostNamed));
+  lines = firstOf(lines);
+  lines.prepend(waiting.size() == 1 ? localized("Not stored yet:")
+                                    : localized("Not stored yet (%1):").arg(waiting.size()));
+  const WaitingNote& first = waiting.front();
+  if (isOneReason && !first.reason.isEmpty()) lines.append(first.reason);
+  if (isOneLoss && !first.unkept.isEmpty()) {
+    lines.append(localized("It would be lost if the program ended now.") + ' ' + first.unkept);
   }
-  const auto reasoned = std::find_if(waiting.begin(), waiting.end(), [](const WaitingNote& note) {
-    return !note.reason.isEmpty();
-  });
-  if (reasoned != waiting.end()) lines.append(reasoned->reason);
-  const auto unkept = std::find_if(waiting.begin(), waiting.end(),
-                                   [](const WaitingNote& note) { return !note.unkept.isEmpty(); });
-  if (unkept != waiting.end()) {
-    lines.append(localized("It would be lost if the program ended now.") + ' ' + unkept->unkept);
-  }
-  return lines.join('\n');
+  return (lines + firstOf(lost)).join('\n');
 }
 
 }  // namespace

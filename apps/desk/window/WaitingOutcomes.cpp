@@ -188,6 +188,7 @@ void WaitingOutcomes::take(const std::string& id, std::uint64_t pass, const Trie
   const Failure failure = failureOf(result.exception());
   if (entry != entries_.end()) {
     entry->reason = failure.reason;
+    entry->needsDecision = !failure.passes;
     if (!tried.wantedNumber && !tried.wantedMark && tried.number) {
       entry->store = tried.number;
       entry->outcome.store = tried.mark;
@@ -284,7 +285,7 @@ std::vector<WaitingNote> WaitingOutcomes::notes() const {
     notes.push_back({entry.outcome.id,
                      fromUTF8(GoalOutcomeRecordingFormLogic::label(entry.outcome.input.outcome)),
                      fromUTF8(entry.outcome.subjectName), fromUTF8(entry.outcome.goalTitle),
-                     entry.reason, entry.unkept});
+                     entry.reason, entry.unkept, entry.needsDecision});
   }
   return notes;
 }

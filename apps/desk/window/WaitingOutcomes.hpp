@@ -28,6 +28,7 @@ struct WaitingNote {
   QString reason;     ///< why the last try failed; "" during the first try
   QString
       unkept;  ///< why it is not in the journal and would be lost at the end of the program; or ""
+  bool needsDecision = false;  ///< no later try succeeds until the user asks for it
 };
 
 /// The outcomes between "Save" and the store. Each is first written into the store's journal and
@@ -103,6 +104,7 @@ class WaitingOutcomes : public QObject {
     std::uint64_t pass = 0;         ///< the pass in which it is still to be tried; 0: none
     bool mayEnterAnyStore = false;  ///< in that pass
     bool isDiscarded = false;       ///< discarded when the running try has failed
+    bool needsDecision = false;     ///< after the last try
   };
   using Entries = std::list<Entry>;  // the inputs inside cannot be assigned
 

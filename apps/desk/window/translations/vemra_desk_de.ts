@@ -511,5 +511,37 @@
         <source>the text</source>
         <translation>den Text</translation>
     </message>
+    <message>
+        <source>What is not stored yet is kept beside the store, until you try again or discard it.</source>
+        <translation>Was noch nicht gespeichert ist, bleibt neben dem Speicher aufbewahrt, bis Sie es noch einmal versuchen oder verwerfen.</translation>
+    </message>
+    <message>
+        <source>What is not stored yet is kept beside the store. Some of it is stored when the store is opened again; the rest waits until you try again or discard it.</source>
+        <translation>Was noch nicht gespeichert ist, wird neben dem Speicher aufbewahrt. Ein Teil wird gespeichert, sobald der Speicher wieder geöffnet wird; der Rest wartet, bis Sie es noch einmal versuchen oder ihn verwerfen.</translation>
+    </message>
+    <message>
+        <source>Outcomes are still being written. Open the other store without them?</source>
+        <translation>Es werden noch Ergebnisse geschrieben. Den anderen Speicher ohne sie öffnen?</translation>
+    </message>
+    <message>
+        <source>Outcomes are not stored yet. Open the other store now?</source>
+        <translation>Ergebnisse sind noch nicht gespeichert. Den anderen Speicher jetzt öffnen?</translation>
+    </message>
+    <message>
+        <source>Open now</source>
+        <translation>Jetzt öffnen</translation>
+    </message>
+    <message>
+        <source>The other store is opened as soon as everything is stored.</source>
+        <translation>Der andere Speicher wird geöffnet, sobald alles gespeichert ist.</translation>
+    </message>
+    <message>
+        <source>It would be lost if the program ended now: %1.</source>
+        <translation>Beim Ende des Programms ginge das jetzt verloren: %1.</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
 </context>
 </TS>

@@ -1,12 +1,15 @@
 // Closing a window with outcomes that are not stored yet.
 
+#include "apps/desk/window/MenuBar.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
 #include <chrono>
 #include <filesystem>
 #include <memory>
+#include <thread>
 
+#include <QFileDialog>
 #include <QMessageBox>
 
 namespace vemra::desk {
@@ -31,6 +34,23 @@ class WaitingCloseTest : public OpenDesk {
   std::size_t recorded() const { return GoalStore::open(file).outcomes("a").size(); }
   bool isClosed() const {
     return becomes([&] { return !window->isVisible(); });
+  }
+
+  /// Chooses a store in the dialog of the menu, as a user does.
+  void choose(const std::string& store) const {
+    Q_EMIT window->findChild<MenuBar*>()->openStoreWanted();
+    auto* dialog = wait<QFileDialog>("desk.chooseStore");
+    ASSERT_NE(dialog, nullptr);
+    dialog->hide();
+    Q_EMIT dialog->fileSelected(QString::fromStdString(store));
+  }
+  std::string otherStore() const {
+    const std::string store = folder.file("other.sqlite");
+    GoalStore::open(store).import({goal("o", "Other")});
+    return store;
+  }
+  bool showsOther() const {
+    return becomes([&] { return shows("Other", "desk.goals"); });
   }
 
   const std::string person = "vemra.goal.person.p1";
@@ -100,6 +120,78 @@ TEST_F(WaitingCloseTest, AnOutcomeDiscardedByAnotherProgramIsNotAskedAbout) {
   for (const WaitingOutcome& each : journal.read()) journal.settle(each.id);
   window->close();
   EXPECT_TRUE(isClosed());
+}
+
+TEST_F(WaitingCloseTest, AnotherStoreIsOpenedAfterWaitingAndTheWindowStays) {
+  choose(otherStore());
+  auto* question = wait<QMessageBox>("desk.question");
+  ASSERT_NE(question, nullptr);
+  EXPECT_EQ(question->text(), "Outcomes are not stored yet. Open the other store now?");
+  press("desk.question.wait");
+  auto* waiting = wait<QMessageBox>("desk.wait");
+  ASSERT_NE(waiting, nullptr);
+  EXPECT_EQ(waiting->text(), "The other store is opened as soon as everything is stored.");
+  unlock();
+  EXPECT_TRUE(showsOther());
+  EXPECT_TRUE(becomes([&] { return find<QMessageBox>("desk.wait") == nullptr; }));
+  EXPECT_TRUE(window->isVisible());
+  EXPECT_EQ(recorded(), 1u);
+}
+
+TEST_F(WaitingCloseTest, AnotherStoreIsOpenedAtOnceOnRequest) {
+  choose(otherStore());
+  press("desk.question.wait");
+  press("desk.wait.close");
+  EXPECT_TRUE(showsOther());
+  EXPECT_TRUE(window->isVisible());
+  EXPECT_TRUE(std::filesystem::exists(file + "-waiting"));
+}
+
+TEST_F(WaitingCloseTest, TheStoreThatIsOpenIsOpenedAgainWithoutAQuestion) {
+  unlock();
+  choose(file);
+  EXPECT_EQ(find<QMessageBox>("desk.question"), nullptr);
+  EXPECT_TRUE(becomes([&] { return recorded() == 1; }));
+}
+
+TEST_F(WaitingCloseTest, AnOutcomeThatNeedsADecisionIsNotSaidToBeStoredLater) {
+  unlock();
+  ASSERT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") == nullptr; }));
+  close();
+  OutcomeJournal(file).add(
+      {"x", "inode 1", "2025-01-05T10:00:00Z", "a", "First", "Ada",
+       GoalOutcomeRecordingInput{GoalOutcomeSubjectKind::person, "p1", GoalOutcomeValue::helped,
+                                 std::nullopt, std::nullopt}});
+  open("a");
+  wait<QWidget>("desk.waiting");
+  window->close();
+  auto* question = wait<QMessageBox>("desk.question");
+  ASSERT_NE(question, nullptr);
+  EXPECT_TRUE(question->informativeText().endsWith(
+      "What is not stored yet is kept beside the store, until you try again or discard it."))
+      << question->informativeText().toStdString();
+  EXPECT_EQ(find<QAbstractButton>("desk.question.wait"), nullptr) << "it would wait for ever";
+}
+
+TEST_F(WaitingCloseTest, TheEndWaitsForTheTasksOfAStoreThatWasReplaced) {
+  unlock();
+  ASSERT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") == nullptr; }));
+  close();
+  patience = std::chrono::seconds(60);
+  open("a");
+  wait<QAbstractButton>(person + ".outcome.correct");
+  ASSERT_EQ(other->run("BEGIN IMMEDIATE"), "");
+  press(person + ".outcome.correct");
+  press(person + ".outcome.save");
+  engine.reset();
+  window->open(otherStore());
+  std::thread unlocking([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    unlock();
+  });
+  window->finish();
+  EXPECT_EQ(recorded(), 2u);
+  unlocking.join();
 }
 
 TEST_F(WaitingCloseTest, AnOpenEditorIsNamedInTheSameQuestion) {

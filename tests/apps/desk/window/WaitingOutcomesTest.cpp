@@ -136,6 +136,7 @@ TEST_F(WaitingOutcomesTest, AStoreThatIsLockedIsTriedAgainByItselfInTheOrderOfTh
   EXPECT_EQ(waiting->notes()[0].outcome, "Helped");
   EXPECT_EQ(waiting->notes()[0].goalTitle, "Title of g1");
   EXPECT_EQ(waiting->notes()[0].unkept, "");
+  EXPECT_FALSE(waiting->notes()[0].needsDecision);
   ASSERT_EQ(other.run("ROLLBACK"), "");
   ASSERT_TRUE(isDone());
   EXPECT_THAT(recorded(), ElementsAre("a", "b", "c"));
@@ -402,6 +403,19 @@ TEST_F(WaitingOutcomesTest, AfterARestartNoOutcomeIsRecordedInAnotherStoreUnaske
   waiting->tryAgain();
   ASSERT_TRUE(isDone());
   EXPECT_THAT(recorded(), ElementsAre("a"));
+}
+
+TEST_F(WaitingOutcomesTest, TryingAgainReachesAStoreThatCameAMomentAgo) {
+  start();
+  add("a", "gone");
+  ASSERT_TRUE(waitsWith("has no goal"));
+  EXPECT_TRUE(waiting->notes()[0].needsDecision);
+  replaceStore("gone");  // the engine has the previous one open
+  waiting->tryAgain();
+  engine->finish();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(waiting->isEmpty());
+  EXPECT_THAT(recorded("gone"), ElementsAre("a"));
 }
 
 TEST_F(WaitingOutcomesTest, TryingAgainAppliesToThePresentStoreOnly) {
