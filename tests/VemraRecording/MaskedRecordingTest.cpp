@@ -1,35 +1,15 @@
-#include "VemraPlatform/text/UTF8.hpp"
+#include "tests/LineLengths.hpp"
 #include "tests/VemraRecording/RecordedHost.hpp"
 
-#include <algorithm>
 #include <filesystem>
-#include <string_view>
 
 namespace vemra::recording {
 namespace {
 
 using build::outcome;
 using build::person;
-
-std::size_t codePoints(std::string_view text) {
-  std::size_t count = 0;
-  for (text::Step step = text::firstStep(text); step.length > 0; step = text::firstStep(text)) {
-    text.remove_prefix(step.length);
-    ++count;
-  }
-  return count;
-}
-
-/// The number of code points of each line.
-std::vector<std::size_t> lengths(const std::string& text) {
-  std::vector<std::size_t> lengths;
-  for (std::size_t begin = 0; begin < text.size();) {
-    const std::size_t end = std::min(text.find('\n', begin), text.size());
-    lengths.push_back(codePoints(std::string_view(text).substr(begin, end - begin)));
-    begin = end + 1;
-  }
-  return lengths;
-}
+using testing::codePoints;
+using testing::lineLengths;
 
 class MaskedRecordingTest : public RecordedHost {
  protected:
@@ -78,7 +58,7 @@ TEST_F(MaskedRecordingTest, ReplaysToAScreenOfTheSameFormWithTheSameCalls) {
   session();
   const Replayed replayed(file);
   EXPECT_TRUE(replayed.read.recorded->isMasked);
-  EXPECT_EQ(lengths(replayed.outline()), lengths(screens[0].outline()))
+  EXPECT_EQ(lineLengths(replayed.outline()), lineLengths(screens[0].outline()))
       << replayed.outline() << screens[0].outline();
   ASSERT_EQ(replayed.calls().size(), calls.size());
   for (std::size_t i = 0; i < calls.size(); ++i) {

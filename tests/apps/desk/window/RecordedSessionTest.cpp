@@ -1,11 +1,8 @@
-#include "VemraQt/ViewWidget.hpp"
 #include "VemraRecording/Call.hpp"
-#include "VemraTesting/Outline.hpp"
-#include "apps/documents/ResultWriter.hpp"
 #include "apps/documents/SourceFile.hpp"
 #include "apps/inspect/Case.hpp"
 #include "apps/inspect/Inspection.hpp"
-#include "tests/apps/desk/window/OpenDesk.hpp"
+#include "tests/apps/desk/window/RecordedDesk.hpp"
 
 #include <cctype>
 #include <set>
@@ -18,30 +15,6 @@
 
 namespace vemra::desk {
 namespace {
-
-/// The whole tree as indented text, also the rows that a window has not made.
-void writeOutline(std::string& text, ui::ViewGraph& graph, ui::NodeID id, std::size_t depth) {
-  const ui::Node* const node = graph.find(id);
-  if (node == nullptr) return;
-  text += std::string(2 * depth, ' ') + testing::outlineLine(node->element) + '\n';
-  std::vector<ui::NodeID> children;
-  const bool isList = node->element.kind() == ui::ElementKind::forEach;
-  const std::size_t rows = node->element.rowCount();
-  for (const ui::Node* child : node->children) children.push_back(child->id);
-  if (!isList || children.size() == rows) {
-    for (const ui::NodeID child : children) writeOutline(text, graph, child, depth + 1);
-    return;
-  }
-  for (std::size_t row = 0; row < rows; ++row) {
-    writeOutline(text, graph, graph.peekRow(id, row), depth + 1);
-  }
-}
-
-std::string outlineOf(ui::ViewGraph& graph) {
-  std::string text;
-  if (const ui::Node* root = graph.root()) writeOutline(text, graph, root->id, 0);
-  return text;
-}
 
 /// The words with letters in the texts of a result.
 void addWords(std::set<std::string>& words, const std::string& text) {
@@ -97,20 +70,8 @@ std::set<std::string> wordsOf(const GetGoalSnapshotResponse& result) {
   return words;
 }
 
-class RecordedSessionTest : public OpenDesk {
+class RecordedSessionTest : public RecordedDesk {
  protected:
-  RecordedSessionTest() { GoalStore::open(file).import(sampleGoals()); }
-
-  void openAndRecord(bool isMasked = false, int height = 1500) {
-    engine = std::make_shared<StoreEngine>(file, patience);
-    window = std::make_unique<DeskWindow>(StoreOpening{engine->file(), engine, {}, false},
-                                          std::nullopt, RecordingWish{recording, isMasked});
-    window->resize(1200, height);
-    window->show();
-  }
-
-  ui::ViewGraph& graph() const { return window->screen().graph(); }
-
   void type(const std::string& name, const char* text) const {
     auto* field = wait<QLineEdit>(name);
     ASSERT_NE(field, nullptr);
@@ -147,16 +108,6 @@ class RecordedSessionTest : public OpenDesk {
     ASSERT_NE(wait<QLineEdit>(tomas + ".outcome.note"), nullptr) << "as it was left";
     window->screen().verticalScrollBar()->setValue(0);
   }
-
-  void importAsAnotherProgram(const GetGoalSnapshotResponse& result) const {
-    const Ending ending = run({{"import", "--store", file,
-                                folder.write("changed.json", documents::writeResult(result))}});
-    ASSERT_EQ(ending.exitCode, 0) << ending.diagnostics;
-  }
-
-  const std::string recording = folder.file("case.json");
-  const std::string mai = "vemra.goal.person.nguyen-thi-mai";
-  const std::string tomas = "vemra.goal.person.tomas-lindqvist";
 };
 
 /// The case after its last step; every step must have been carried out.
