@@ -6,6 +6,7 @@
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/OnMainThread.hpp"
 #include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/Reasons.hpp"
 #include "apps/desk/window/SubjectName.hpp"
 
 #include <chrono>
@@ -34,7 +35,7 @@ QString failureOf(const task::Result<T>& result) {
   try {
     std::rethrow_exception(result.exception());
   } catch (const std::exception& error) {
-    return fromUTF8(error.what());
+    return reasonOf(error);
   } catch (...) {
     return localized("an unknown failure");
   }

@@ -14,6 +14,7 @@
 #include "apps/desk/window/Pages.hpp"
 #include "apps/desk/window/PlainText.hpp"
 #include "apps/desk/window/ReadOnlyBar.hpp"
+#include "apps/desk/window/Reasons.hpp"
 #include "apps/desk/window/SidePane.hpp"
 #include "apps/desk/window/StorePage.hpp"
 #include "apps/desk/window/WaitingBar.hpp"
@@ -97,7 +98,7 @@ void DeskWindow::use(StoreOpening opening, std::optional<std::string> goalID) {
     centre_->showPage(*storePage_);
     return;
   }
-  if (opening.isReadOnly()) readOnly_->show(fromUTF8(opening.problem));
+  if (opening.isReadOnly()) readOnly_->show(localizedReason(fromUTF8(opening.problem)));
   screens_->showAgain();
   DeskDisplay& display = *this;
   controller_ = std::make_unique<DeskController>(engine_, display);
@@ -123,12 +124,12 @@ void DeskWindow::open(const std::string& file) {
   StoreOpening opening = openStore(file);
   const bool isSameFile = file == file_;
   if (isSameFile && opening.isReadOnly() && engine_) {
-    readOnly_->show(fromUTF8(opening.problem));  // nothing has changed
+    readOnly_->show(localizedReason(fromUTF8(opening.problem)));  // nothing has changed
     return;
   }
   if (isSameFile && engine_ && !opening.engine) {
     // The screens and the waiting outcomes belong to the store that was open.
-    showNotice(fromUTF8(opening.problem), nullptr);
+    showNotice(localizedReason(fromUTF8(opening.problem)), nullptr);
     return;
   }
   use(std::move(opening), isSameFile && controller_ ? controller_->openGoalID() : std::nullopt);

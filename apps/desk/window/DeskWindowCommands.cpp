@@ -12,6 +12,7 @@
 #include "apps/desk/window/OnMainThread.hpp"
 #include "apps/desk/window/Pages.hpp"
 #include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/Reasons.hpp"
 #include "apps/desk/window/SidePane.hpp"
 
 #include <algorithm>
@@ -130,9 +131,9 @@ void DeskWindow::exportGoal(const QString& file) {
                                  out.write(text.data(), static_cast<qint64>(text.size())) ==
                                      static_cast<qint64>(text.size()) &&
                                  out.commit();
-          if (!isWritten) failure = file + ": " + out.errorString();
+          if (!isWritten) failure = localizedReason(file + ": " + out.errorString());
         } catch (const std::exception& error) {
-          failure = fromUTF8(error.what());
+          failure = reasonOf(error);
         }
         notice_->show(failure.isEmpty() ? localized("The goal was exported to %1").arg(file)
                                         : localized("The goal was not exported.") + ' ' + failure);

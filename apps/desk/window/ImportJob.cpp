@@ -3,6 +3,7 @@
 #include "apps/desk/commands/Documents.hpp"
 #include "apps/desk/window/OnMainThread.hpp"
 #include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/Reasons.hpp"
 
 #include <exception>
 #include <utility>
@@ -48,7 +49,7 @@ void ImportJob::readAll() {
         if (isCancelled_) {
           Q_EMIT cancelled();
         } else if (!failure.isEmpty()) {
-          Q_EMIT failed(failure);
+          Q_EMIT failed(localizedReason(failure));
         } else {
           store(std::move(*results));
         }
@@ -64,14 +65,14 @@ void ImportJob::store(Results results) {
       try {
         std::rethrow_exception(result.exception());
       } catch (const std::exception& error) {
-        Q_EMIT failed(fromUTF8(error.what()));
+        Q_EMIT failed(reasonOf(error));
       }
       return;
     }
     QStringList remarks;
     for (const LeftOutOutcome& leftOut : std::move(result).take()) {
-      remarks.append(
-          fromUTF8(lineOf(leftOut, files_[leftOut.document], (*kept)[leftOut.document])));
+      const std::size_t i = leftOut.document;
+      remarks.append(localizedReason(fromUTF8(lineOf(leftOut, files_[i], (*kept)[i]))));
     }
     Q_EMIT imported(remarks);
   });

@@ -1,7 +1,9 @@
 #include "apps/desk/window/Localized.hpp"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QLibraryInfo>
+#include <QLocale>
 #include <QTranslator>
 
 // The resources of a static library are linked only when the program uses Q_INIT_RESOURCE, which
@@ -19,6 +21,7 @@ QString localized(const char* english) {
 void installTranslations(const QStringList& languages) {
   bringInDeskTranslations();
   QCoreApplication* const application = QCoreApplication::instance();
+  QGuiApplication::setLayoutDirection(Qt::LeftToRight);  // that of English
   for (const QString& language : languages) {
     const QString plain = QString(language).replace(u'_', u'-').section(u'-', 0, 0).toLower();
     if (plain == QLatin1String("en") || plain == QLatin1String("c")) return;
@@ -28,6 +31,7 @@ void installTranslations(const QStringList& languages) {
       continue;
     }
     QCoreApplication::installTranslator(ours);
+    QGuiApplication::setLayoutDirection(QLocale(plain).textDirection());
     auto* toolkits = new QTranslator(application);
     const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
     if (toolkits->load("qtbase_" + plain, folder)) QCoreApplication::installTranslator(toolkits);

@@ -13,7 +13,8 @@ QString localized(const char* english);
 
 /// Loads this program's texts and Qt's own texts for the running application, in the first of
 /// `languages` ("de-AT", "en") that this program supports. When that is English, or none, all texts
-/// stay English, Qt's too: a window speaks one language.
+/// stay English, Qt's too: a window speaks one language, and its layout has the direction of that
+/// language.
 void installTranslations(const QStringList& languages);
 
 }  // namespace vemra::desk

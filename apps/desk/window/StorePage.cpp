@@ -3,6 +3,7 @@
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/Pieces.hpp"
 #include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/Reasons.hpp"
 
 #include <QAccessible>
 #include <QHBoxLayout>
@@ -39,7 +40,7 @@ StorePage::StorePage(QWidget* parent) : QWidget(parent), reason_(makeLabel({}, T
 }
 
 void StorePage::setProblem(const StoreOpening& opening) {
-  const QString reason = firstPiece(fromUTF8(opening.problem));
+  const QString reason = firstPiece(localizedReason(fromUTF8(opening.problem)));
   reason_->setText(reason);
   read_->setVisible(opening.mayBeRead);
   setAccessibleName(localized("This store cannot be opened") + ". " + reason);

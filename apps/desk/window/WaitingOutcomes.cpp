@@ -6,6 +6,7 @@
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/OnMainThread.hpp"
 #include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/Reasons.hpp"
 
 #include <algorithm>
 #include <exception>
@@ -33,11 +34,11 @@ Failure failureOf(const std::exception_ptr& exception) {
   try {
     std::rethrow_exception(exception);
   } catch (const StoreBusy& busy) {
-    return {fromUTF8(busy.what()), true};
+    return {reasonOf(busy), true};
   } catch (const StoreFailure& failure) {
-    return {fromUTF8(failure.what()), true};
+    return {reasonOf(failure), true};
   } catch (const std::exception& error) {
-    return {fromUTF8(error.what()), false};
+    return {reasonOf(error), false};
   }
 }
 
@@ -104,7 +105,7 @@ void WaitingOutcomes::readJournal() {
 }
 
 void WaitingOutcomes::noteJournalFailure(const std::exception& error) {
-  const QString reason = fromUTF8(error.what());
+  const QString reason = reasonOf(error);
   const bool isBusy = dynamic_cast<const StoreBusy*>(&error) != nullptr;
   for (Entry& entry : entries_) {
     // A journal that another program has locked keeps its content.
@@ -134,7 +135,7 @@ void WaitingOutcomes::keepInJournal(Entry& entry) const {
     entry.isKept = true;
     entry.unkept.clear();
   } catch (const std::exception& error) {
-    entry.unkept = fromUTF8(error.what());
+    entry.unkept = reasonOf(error);
   }
 }
 
@@ -168,7 +169,7 @@ void WaitingOutcomes::tryNext() {
         [this, id, pass, tried](auto result) { take(id, pass, *tried, std::move(result)); });
     trying_ = std::move(id);
   } catch (const std::exception& error) {  // no memory for the task
-    due->reason = fromUTF8(error.what());
+    due->reason = reasonOf(error);
     pause_.start(nextPause_);
   }
 }
@@ -230,7 +231,7 @@ void WaitingOutcomes::finish(Entries::iterator entry) {
     } catch (const StoreBusy&) {
       // The next start tries it again; the store finds the id and records nothing.
     } catch (const std::exception& error) {
-      Q_EMIT journalFailed(fromUTF8(error.what()));
+      Q_EMIT journalFailed(reasonOf(error));
     }
   }
   entries_.erase(entry);
@@ -242,7 +243,7 @@ void WaitingOutcomes::giveUp(Entries::iterator entry) {
     try {
       journal_->settle(entry->outcome.id, JournalFile::Sync::now);
     } catch (const std::exception& error) {
-      entry->reason = localized("It could not be discarded.") + ' ' + fromUTF8(error.what());
+      entry->reason = localized("It could not be discarded.") + ' ' + reasonOf(error);
       return;
     }
   }

@@ -543,5 +543,545 @@
         <source>%1: %2</source>
         <translation>%1: %2</translation>
     </message>
+    <message>
+        <source>is in use by another program that does not let go of it</source>
+        <translation>wird von einem anderen Programm benutzt und nicht freigegeben</translation>
+    </message>
+    <message>
+        <source>has no goal with the id %1</source>
+        <translation>enthält kein Ziel mit der Kennung %1</translation>
+    </message>
+    <message>
+        <source>is damaged</source>
+        <translation>ist beschädigt</translation>
+    </message>
+    <message>
+        <source>is damaged: the %1 is not part of a store</source>
+        <translation>ist beschädigt: %1 gehört in keinen Speicher</translation>
+    </message>
+    <message>
+        <source>is damaged: the %1 is not as a store has it</source>
+        <translation>ist beschädigt: %1 ist anders als in einem Speicher</translation>
+    </message>
+    <message>
+        <source>is damaged: the %1 is missing</source>
+        <translation>ist beschädigt: %1 fehlt</translation>
+    </message>
+    <message>
+        <source>is damaged: it has no version</source>
+        <translation>ist beschädigt: die Version fehlt</translation>
+    </message>
+    <message>
+        <source>is damaged: it has no tables</source>
+        <translation>ist beschädigt: die Tabellen fehlen</translation>
+    </message>
+    <message>
+        <source>is damaged: it ends too early</source>
+        <translation>ist beschädigt: die Datei endet zu früh</translation>
+    </message>
+    <message>
+        <source>is damaged: a goal is gone</source>
+        <translation>ist beschädigt: ein Ziel fehlt</translation>
+    </message>
+    <message>
+        <source>is damaged: coverage has no row of the goal %1</source>
+        <translation>ist beschädigt: coverage hat keine Zeile des Ziels %1</translation>
+    </message>
+    <message>
+        <source>is damaged: SQLite found %1</source>
+        <translation>ist beschädigt: SQLite meldet %1</translation>
+    </message>
+    <message>
+        <source>is damaged: %1: expected %2; found %3</source>
+        <translation>ist beschädigt: %1: erwartet: %2; gefunden: %3</translation>
+    </message>
+    <message>
+        <source>table %1</source>
+        <translation>die Tabelle %1</translation>
+    </message>
+    <message>
+        <source>index %1</source>
+        <translation>der Index %1</translation>
+    </message>
+    <message>
+        <source>trigger %1</source>
+        <translation>der Trigger %1</translation>
+    </message>
+    <message>
+        <source>view %1</source>
+        <translation>die Sicht %1</translation>
+    </message>
+    <message>
+        <source>is an SQLite database, but not a store of goals</source>
+        <translation>ist eine SQLite-Datenbank, aber kein Speicher für Ziele</translation>
+    </message>
+    <message>
+        <source>is not an SQLite database</source>
+        <translation>ist keine SQLite-Datenbank</translation>
+    </message>
+    <message>
+        <source>was written by a newer vemra-desk: its version is %1, this one knows %2</source>
+        <translation>wurde von einem neueren vemra-desk geschrieben: in der Version %1, dieses kennt %2</translation>
+    </message>
+    <message>
+        <source>has no place: there is no home folder</source>
+        <translation>hat keinen Platz: es gibt keinen persönlichen Ordner</translation>
+    </message>
+    <message>
+        <source>is not the name of a file</source>
+        <translation>ist kein Name einer Datei</translation>
+    </message>
+    <message>
+        <source>is a symbolic link to %1, where there is no file</source>
+        <translation>ist ein symbolischer Verweis auf %1, wo es keine Datei gibt</translation>
+    </message>
+    <message>
+        <source>is read-only</source>
+        <translation>ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>is open for reading only</source>
+        <translation>ist nur zum Lesen geöffnet</translation>
+    </message>
+    <message>
+        <source>is not there, or is empty</source>
+        <translation>fehlt oder ist leer</translation>
+    </message>
+    <message>
+        <source>is empty, and was a store before</source>
+        <translation>ist leer und war vorher ein Speicher</translation>
+    </message>
+    <message>
+        <source>has changes in a log beside it, which only its owner can take up</source>
+        <translation>hat Änderungen in einem Protokoll daneben, die nur der Besitzer aufnehmen kann</translation>
+    </message>
+    <message>
+        <source>has changes in a log beside it, which cannot be read in a folder that is read-only</source>
+        <translation>hat Änderungen in einem Protokoll daneben, das sich in einem schreibgeschützten Ordner nicht lesen lässt</translation>
+    </message>
+    <message>
+        <source>was changed by another program while it was read</source>
+        <translation>wurde von einem anderen Programm geändert, während er gelesen wurde</translation>
+    </message>
+    <message>
+        <source>was moved or removed while it was open</source>
+        <translation>wurde verschoben oder entfernt, während er geöffnet war</translation>
+    </message>
+    <message>
+        <source>was replaced by another file while it was open</source>
+        <translation>wurde durch eine andere Datei ersetzt, während er geöffnet war</translation>
+    </message>
+    <message>
+        <source>was open while the file %1 beside it was moved, removed or replaced</source>
+        <translation>war geöffnet, während die Datei %1 daneben verschoben, entfernt oder ersetzt wurde</translation>
+    </message>
+    <message>
+        <source>is not the store that the outcome was saved in</source>
+        <translation>ist nicht der Speicher, für den das Ergebnis gedacht war</translation>
+    </message>
+    <message>
+        <source>has another outcome of the id %1, which stays</source>
+        <translation>hat unter der Kennung %1 schon ein anderes Ergebnis, das bleibt</translation>
+    </message>
+    <message>
+        <source>takes in texts in UTF-8 only; found %1</source>
+        <translation>nimmt nur Texte in UTF-8 auf; gefunden: %1</translation>
+    </message>
+    <message>
+        <source>does not take in the result of the goal %1: %2: expected %3; found %4</source>
+        <translation>nimmt das Resultat des Ziels %1 nicht auf: %2: erwartet: %3; gefunden: %4</translation>
+    </message>
+    <message>
+        <source>holds a result that cannot be shown, of the goal %1: %2: expected %3; found %4</source>
+        <translation>enthält ein Resultat des Ziels %1, das sich nicht zeigen lässt: %2: erwartet: %3; gefunden: %4</translation>
+    </message>
+    <message>
+        <source>cannot be made: %1</source>
+        <translation>kann nicht angelegt werden: %1</translation>
+    </message>
+    <message>
+        <source>cannot be opened: %1</source>
+        <translation>kann nicht geöffnet werden: %1</translation>
+    </message>
+    <message>
+        <source>cannot be opened</source>
+        <translation>kann nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>cannot be opened for writing: %1</source>
+        <translation>kann nicht zum Schreiben geöffnet werden: %1</translation>
+    </message>
+    <message>
+        <source>not a file</source>
+        <translation>keine Datei</translation>
+    </message>
+    <message>
+        <source>its folder may be read-only</source>
+        <translation>der Ordner ist vielleicht schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>its log cannot be made</source>
+        <translation>das Protokoll daneben kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>cannot be changed: its folder is read-only</source>
+        <translation>kann nicht geändert werden: der Ordner ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>cannot be changed: the disk is full</source>
+        <translation>kann nicht geändert werden: der Datenträger ist voll</translation>
+    </message>
+    <message>
+        <source>cannot be read</source>
+        <translation>kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>cannot be locked</source>
+        <translation>kann nicht gesperrt werden</translation>
+    </message>
+    <message>
+        <source>cannot be locked: %1</source>
+        <translation>kann nicht gesperrt werden: %1</translation>
+    </message>
+    <message>
+        <source>cannot be written</source>
+        <translation>kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>cannot be written: %1</source>
+        <translation>kann nicht geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>cannot be written, and may end in half a line: %1</source>
+        <translation>kann nicht geschrieben werden und endet vielleicht mitten in einer Zeile: %1</translation>
+    </message>
+    <message>
+        <source>cannot be rewritten: %1</source>
+        <translation>kann nicht neu geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>cannot be removed: %1</source>
+        <translation>kann nicht entfernt werden: %1</translation>
+    </message>
+    <message>
+        <source>cannot be examined: %1</source>
+        <translation>kann nicht untersucht werden: %1</translation>
+    </message>
+    <message>
+        <source>needs more memory than there is</source>
+        <translation>braucht mehr Arbeitsspeicher, als es gibt</translation>
+    </message>
+    <message>
+        <source>cannot hold a text as long as that</source>
+        <translation>kann keinen so langen Text aufnehmen</translation>
+    </message>
+    <message>
+        <source>failed: %1</source>
+        <translation>ist fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>is not a file</source>
+        <translation>ist keine Datei</translation>
+    </message>
+    <message>
+        <source>is longer than 64 MiB</source>
+        <translation>ist länger als 64 MiB</translation>
+    </message>
+    <message>
+        <source>has no room for more</source>
+        <translation>hat keinen Platz für mehr</translation>
+    </message>
+    <message>
+        <source>belongs to another user</source>
+        <translation>gehört einem anderen Benutzer</translation>
+    </message>
+    <message>
+        <source>may be written by other users</source>
+        <translation>kann von anderen Benutzern geschrieben werden</translation>
+    </message>
+    <message>
+        <source>belongs to another user (user id %1)</source>
+        <translation>gehört einem anderen Benutzer (Nummer %1)</translation>
+    </message>
+    <message>
+        <source>belongs to another user (user id %1), and everybody may write it or its folder, so its content may be anybody's; use a copy in a folder of your own</source>
+        <translation>gehört einem anderen Benutzer (Nummer %1), und alle können ihn oder seinen Ordner ändern, sodass sein Inhalt von jedem stammen kann; benutzen Sie eine Kopie in einem eigenen Ordner</translation>
+    </message>
+    <message>
+        <source>belongs to another user (user id %1), and a whole group may write it; it can be read, and for recording use a store of your own</source>
+        <translation>gehört einem anderen Benutzer (Nummer %1), und eine ganze Gruppe kann ihn ändern; lesen lässt er sich, und zum Aufzeichnen benutzen Sie einen eigenen Speicher</translation>
+    </message>
+    <message>
+        <source>cannot be used with the file %1 beside it, which %2; find out who put it there, and remove it</source>
+        <translation>kann mit der Datei %1 daneben nicht benutzt werden: sie %2; finden Sie heraus, von wem sie ist, und entfernen Sie sie</translation>
+    </message>
+    <message>
+        <source>is a symbolic link</source>
+        <translation>ist ein symbolischer Verweis</translation>
+    </message>
+    <message>
+        <source>is not a regular file</source>
+        <translation>ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>the outcome %1 is recorded with another content, which stays</source>
+        <translation>das Ergebnis %1 ist mit anderem Inhalt aufgezeichnet, der bleibt</translation>
+    </message>
+    <message>
+        <source>expected %1; found %2</source>
+        <translation>erwartet: %1; gefunden: %2</translation>
+    </message>
+    <message>
+        <source>line %1</source>
+        <translation>Zeile %1</translation>
+    </message>
+    <message>
+        <source>line %1, column %2</source>
+        <translation>Zeile %1, Spalte %2</translation>
+    </message>
+    <message>
+        <source>a file of at most 1 GiB</source>
+        <translation>eine Datei von höchstens 1 GiB</translation>
+    </message>
+    <message>
+        <source>a longer one</source>
+        <translation>eine längere</translation>
+    </message>
+    <message>
+        <source>a file that can be read</source>
+        <translation>eine lesbare Datei</translation>
+    </message>
+    <message>
+        <source>an error: %1</source>
+        <translation>ein Fehler: %1</translation>
+    </message>
+    <message>
+        <source>UTF-8 without a byte-order mark</source>
+        <translation>UTF-8 ohne Bytereihenfolge-Zeichen</translation>
+    </message>
+    <message>
+        <source>a control character to be written as an escape</source>
+        <translation>ein Steuerzeichen in Escape-Schreibweise</translation>
+    </message>
+    <message>
+        <source>the end of the string</source>
+        <translation>das Ende der Zeichenkette</translation>
+    </message>
+    <message>
+        <source>both halves of a surrogate pair</source>
+        <translation>beide Hälften eines Ersatzpaares</translation>
+    </message>
+    <message>
+        <source>one of the escapes %1</source>
+        <translation>eine der Escape-Folgen %1</translation>
+    </message>
+    <message>
+        <source>four hexadecimal digits after \u</source>
+        <translation>vier Hexadezimalziffern nach \u</translation>
+    </message>
+    <message>
+        <source>a digit</source>
+        <translation>eine Ziffer</translation>
+    </message>
+    <message>
+        <source>a number without leading zeros</source>
+        <translation>eine Zahl ohne führende Nullen</translation>
+    </message>
+    <message>
+        <source>the end of the document</source>
+        <translation>das Ende des Dokuments</translation>
+    </message>
+    <message>
+        <source>the end of the file</source>
+        <translation>das Ende der Datei</translation>
+    </message>
+    <message>
+        <source>the byte %1</source>
+        <translation>das Byte %1</translation>
+    </message>
+    <message>
+        <source>a value</source>
+        <translation>ein Wert</translation>
+    </message>
+    <message>
+        <source>an array</source>
+        <translation>eine Liste</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>ein Objekt</translation>
+    </message>
+    <message>
+        <source>a key</source>
+        <translation>ein Schlüssel</translation>
+    </message>
+    <message>
+        <source>a string</source>
+        <translation>eine Zeichenkette</translation>
+    </message>
+    <message>
+        <source>a string or null</source>
+        <translation>eine Zeichenkette oder null</translation>
+    </message>
+    <message>
+        <source>an integer</source>
+        <translation>eine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>an integer from %1 to %2, without fraction or exponent</source>
+        <translation>eine ganze Zahl von %1 bis %2, ohne Nachkommastellen oder Exponent</translation>
+    </message>
+    <message>
+        <source>an integer from %1, which a screen can show</source>
+        <translation>eine ganze Zahl ab %1, die sich zeigen lässt</translation>
+    </message>
+    <message>
+        <source>at most %1 texts in the lists of a result</source>
+        <translation>höchstens %1 Texte in den Listen eines Resultats</translation>
+    </message>
+    <message>
+        <source>%1 up to here</source>
+        <translation>%1 bis hier</translation>
+    </message>
+    <message>
+        <source>each key once</source>
+        <translation>jeder Schlüssel einmal</translation>
+    </message>
+    <message>
+        <source>%1 again</source>
+        <translation>%1 noch einmal</translation>
+    </message>
+    <message>
+        <source>one of the keys %1</source>
+        <translation>einer der Schlüssel %1</translation>
+    </message>
+    <message>
+        <source>one of waiting, settled</source>
+        <translation>waiting oder settled</translation>
+    </message>
+    <message>
+        <source>one of %1</source>
+        <translation>eines von %1</translation>
+    </message>
+    <message>
+        <source>the key %1</source>
+        <translation>der Schlüssel %1</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keiner</translation>
+    </message>
+    <message>
+        <source>no such key with the kind %1, which has %2</source>
+        <translation>kein solcher Schlüssel bei der Art %1; sie hat %2</translation>
+    </message>
+    <message>
+        <source>no such key with the kind %1</source>
+        <translation>kein solcher Schlüssel bei der Art %1</translation>
+    </message>
+    <message>
+        <source>another version</source>
+        <translation>eine andere Version</translation>
+    </message>
+    <message>
+        <source>another entry</source>
+        <translation>ein anderer Eintrag</translation>
+    </message>
+    <message>
+        <source>a text</source>
+        <translation>ein Text</translation>
+    </message>
+    <message>
+        <source>a text in UTF-8</source>
+        <translation>ein Text in UTF-8</translation>
+    </message>
+    <message>
+        <source>a text or NULL</source>
+        <translation>ein Text oder NULL</translation>
+    </message>
+    <message>
+        <source>0 or more</source>
+        <translation>0 oder mehr</translation>
+    </message>
+    <message>
+        <source>a blob</source>
+        <translation>ein BLOB</translation>
+    </message>
+    <message>
+        <source>something that the goal has</source>
+        <translation>etwas, das zum Ziel gehört</translation>
+    </message>
+    <message>
+        <source>a number that leaves one for another outcome</source>
+        <translation>eine Nummer, die eine für ein weiteres Ergebnis übrig lässt</translation>
+    </message>
+    <message>
+        <source>a number that leaves one for another goal</source>
+        <translation>eine Nummer, die eine für ein weiteres Ziel übrig lässt</translation>
+    </message>
+    <message>
+        <source>No such file or directory</source>
+        <translation>Datei oder Ordner nicht gefunden</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>keine Berechtigung</translation>
+    </message>
+    <message>
+        <source>Operation not permitted</source>
+        <translation>nicht erlaubt</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>kein Platz auf dem Datenträger</translation>
+    </message>
+    <message>
+        <source>Disk quota exceeded</source>
+        <translation>das Kontingent des Datenträgers ist erschöpft</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>das Dateisystem ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>Ein- oder Ausgabefehler</translation>
+    </message>
+    <message>
+        <source>Is a directory</source>
+        <translation>es ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>Not a directory</source>
+        <translation>es ist kein Ordner</translation>
+    </message>
+    <message>
+        <source>File exists</source>
+        <translation>die Datei gibt es schon</translation>
+    </message>
+    <message>
+        <source>File name too long</source>
+        <translation>der Dateiname ist zu lang</translation>
+    </message>
+    <message>
+        <source>Too many open files</source>
+        <translation>zu viele offene Dateien</translation>
+    </message>
+    <message>
+        <source>Too many levels of symbolic links</source>
+        <translation>zu viele symbolische Verweise</translation>
+    </message>
+    <message>
+        <source>std::bad_alloc</source>
+        <translation>der Arbeitsspeicher reicht nicht</translation>
+    </message>
+    <message>
+        <source>it is read-only</source>
+        <translation>sie ist schreibgeschützt</translation>
+    </message>
 </context>
 </TS>

@@ -37,6 +37,7 @@ class OpenDesk : public ::testing::Test {
   }
 
   void close() {
+    if (window) window->finish();
     window.reset();
     if (engine) engine->finish();
     engine.reset();
