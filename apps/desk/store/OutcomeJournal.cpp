@@ -221,8 +221,9 @@ bool isMostlySettled(const Content& content, std::size_t waiting) {
 
 }  // namespace
 
-OutcomeJournal::OutcomeJournal(const std::string& store, std::chrono::milliseconds patience)
-    : patience_(patience) {
+OutcomeJournal::OutcomeJournal(const std::string& store, std::chrono::milliseconds patience,
+                               std::size_t room)
+    : patience_(patience), room_(room) {
   std::error_code error;
   std::filesystem::path path = std::filesystem::canonical(store, error);
   if (error) path = std::filesystem::absolute(store, error);
@@ -242,9 +243,9 @@ void OutcomeJournal::add(const WaitingOutcome& outcome) const {
   const std::string line = waitingLine(outcome);
   std::size_t needed = line.size() + settledLine(outcome.id).size();
   for (const WaitingOutcome& each : content.waiting) needed += settledLine(each.id).size();
-  if (before.size() + headLine().size() + needed > JournalFile::most) {
+  if (before.size() + headLine().size() + needed > room_) {
     const std::string rest = textOf(content.waiting);
-    if (rest.size() + needed > JournalFile::most) throw StoreError(file_, "has no room for more");
+    if (rest.size() + needed > room_) throw StoreError(file_, "has no room for more");
     file->replaceBy(rest + line);
     return;
   }

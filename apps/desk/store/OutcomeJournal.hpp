@@ -4,6 +4,7 @@
 #include "apps/desk/store/JournalFile.hpp"
 
 #include <chrono>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -33,8 +34,9 @@ struct WaitingOutcome {
 ///     {"settled": "outcome-7"}
 ///
 /// Lines are appended; when settled outcomes take most of the file, it is replaced by one without
-/// them. The file is removed when nothing waits in it. A text after the last line feed is a line that was not written to its end: it counts if it lacks the line feed only,
-/// otherwise it is left out and the next line replaces it.
+/// them. The file is removed when nothing waits in it. A text after the last line feed is a line
+/// that was not written to its end: it counts if it lacks the line feed only, otherwise it is left
+/// out and the next line replaces it.
 ///
 /// Several programs may use a journal at once: each call locks the file. An outcome may be read by
 /// two of them, and recorded by both: `GoalStore::record` records an id once.
@@ -49,8 +51,10 @@ class OutcomeJournal {
   ///   file that it leads to, so that one store has one journal.
   /// - Parameter patience: how long each call waits for other programs before it throws a
   ///   `StoreBusy`.
+  /// - Parameter room: how many bytes the file may have; at most what can be read.
   explicit OutcomeJournal(const std::string& store,
-                          std::chrono::milliseconds patience = std::chrono::seconds(2));
+                          std::chrono::milliseconds patience = std::chrono::seconds(2),
+                          std::size_t room = JournalFile::most);
 
   const std::string& file() const { return file_; }
 
@@ -58,7 +62,7 @@ class OutcomeJournal {
   std::vector<WaitingOutcome> read() const;
 
   /// Adds an outcome. When this returns, it is on the disk. Refuses an outcome for which there is
-  /// no room in a file that can be read (`JournalFile::most`).
+  /// no room in the file.
   void add(const WaitingOutcome& outcome) const;
 
   /// The outcome with that id waits no longer. Does nothing when it is not in the journal.
@@ -71,6 +75,7 @@ class OutcomeJournal {
  private:
   std::string file_;
   std::chrono::milliseconds patience_;
+  std::size_t room_;
 };
 
 }  // namespace vemra::desk

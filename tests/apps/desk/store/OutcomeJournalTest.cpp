@@ -335,21 +335,23 @@ TEST_F(OutcomeJournalTest, WhileItIsRewrittenAFailureLosesNothing) {
   EXPECT_FALSE(fs::exists(journal.file() + "-new"));
 }
 
-TEST_F(OutcomeJournalTest, AnOutcomeThatWouldMakeItUnreadableIsRefused) {
-  journal.add(waitingOutcome("small"));
-  std::string text = fileText();
-  const std::string note(15u << 20, 'n');
-  for (const char* id : {"a", "b", "c", "d"}) {
-    OutcomeJournal other(folder.file(id));
-    other.add(waitingOutcome(id, note));
-    text += TemporaryFolder::readFile(other.file()).substr(head.size());
-  }
-  write(text);
-  EXPECT_EQ(failureOf([&] { journal.add(waitingOutcome("e", note)); }),
-            journal.file() + ": has no room for more");
-  EXPECT_EQ(fileText().size(), text.size());
-  journal.settle("a");
-  journal.add(waitingOutcome("e", note));
+TEST_F(OutcomeJournalTest, AFileThatIsLongerThanAJournalIsRefused) {
+  journal.add(waitingOutcome("a"));
+  fs::resize_file(journal.file(), JournalFile::most + 1);
+  EXPECT_EQ(refusal(), journal.file() + ": is longer than 64 MiB");
+}
+
+TEST_F(OutcomeJournalTest, AnOutcomeForWhichThereIsNoRoomIsRefused) {
+  const OutcomeJournal small(folder.file("goals.sqlite"), 2s, 64 << 10);
+  const std::string note(15 << 10, 'n');
+  small.add(waitingOutcome("small"));
+  for (const char* id : {"a", "b", "c", "d"}) small.add(waitingOutcome(id, note));
+  const std::string text = fileText();
+  EXPECT_EQ(failureOf([&] { small.add(waitingOutcome("e", note)); }),
+            small.file() + ": has no room for more");
+  EXPECT_EQ(fileText(), text);
+  small.settle("a");
+  small.add(waitingOutcome("e", note));
   EXPECT_THAT(waiting(), ElementsAre("small", "b", "c", "d", "e")) << "it was rewritten without a";
 }
 
