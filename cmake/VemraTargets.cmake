@@ -137,12 +137,14 @@ function(vemra_program target)
   target_link_libraries(${target} PRIVATE ${arg_LINK} vemra_flags vemra_cold_flags)
 endfunction()
 
-# vemra_test(<target> LINK <targets> [LABELS <labels>] [MAIN_OWN] [ENVIRONMENT <pairs>]): the
-# current folder's *Test.cpp and *Tests.cpp files (and the other .cpp files there) as one GoogleTest
-# program.
+# vemra_test(<target> LINK <targets> [WITHOUT <files>] [LABELS <labels>] [MAIN_OWN]
+#            [ENVIRONMENT <pairs>]): the .cpp files of the current folder, WITHOUT those that a linked
+# target compiles, as one GoogleTest program.
 function(vemra_test target)
-  cmake_parse_arguments(arg "MAIN_OWN" "TIMEOUT" "LINK;LABELS;ENVIRONMENT" ${ARGN})
+  cmake_parse_arguments(arg "MAIN_OWN" "TIMEOUT" "LINK;WITHOUT;LABELS;ENVIRONMENT" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+  list(TRANSFORM arg_WITHOUT PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
+  list(REMOVE_ITEM sources ${arg_WITHOUT})
   if(NOT sources)
     return()
   endif()
@@ -162,9 +164,7 @@ function(vemra_test target)
   if("Vemra::Qt" IN_LIST arg_LINK)
     vemra_qt_test_precompiled_header(${target})
   else()
-    vemra_precompiled_header(${target} vemra_test_precompiled
-                             LINK vemra_flags vemra_test_flags GTest::gmock Threads::Threads
-                             HEADERS <gmock/gmock.h> <gtest/gtest.h> <string> <vector>)
+    vemra_test_precompiled_header(${target})
   endif()
   string(REPLACE ";" "\\;" labels "${arg_LABELS}")
   string(REPLACE ";" "\\;" environment "${arg_ENVIRONMENT}")
@@ -189,6 +189,15 @@ function(vemra_precompiled_header target name)
     endif()
   endif()
   target_precompile_headers(${target} REUSE_FROM ${name})
+endfunction()
+
+# The precompiled header of all test programs without Qt.
+function(vemra_test_precompiled_header target)
+  vemra_precompiled_header(${target} vemra_test_precompiled
+                           LINK vemra_flags vemra_test_flags GTest::gmock Threads::Threads
+                           HEADERS <gmock/gmock.h> <gtest/gtest.h> <algorithm> <filesystem> <fstream>
+                                   <functional> <map> <memory> <optional> <random> <set> <string>
+                                   <string_view> <thread> <variant> <vector>)
 endfunction()
 
 # The precompiled header of all test programs with Qt.

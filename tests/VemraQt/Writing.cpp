@@ -26,12 +26,43 @@ QLineEdit& noteWith(WindowHost& host, const QString& text, double scale) {
   return note;
 }
 
-Writing writingIn(const QImage& picture, const QRect& inside) {
+namespace {
+
+const QRgb* pixelsOf(const QImage& picture, int y) {
+  return reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+}
+
+/// How often each colour is in the area of a picture of 32 bits a pixel.
+std::map<QRgb, int> coloursIn(const QImage& picture, const QRect& area) {
   std::map<QRgb, int> counts;
-  const QRect area = inside & picture.rect();
   for (int y = area.top(); y <= area.bottom(); ++y) {
-    for (int x = area.left(); x <= area.right(); ++x) ++counts[picture.pixel(x, y)];
+    const QRgb* line = pixelsOf(picture, y);
+    for (int x = area.left(), end = x; x <= area.right(); x = end) {
+      while (end <= area.right() && line[end] == line[x]) ++end;
+      counts[line[x]] += end - x;
+    }
   }
+  return counts;
+}
+
+/// The smallest rectangle with all pixels of that colour in the area.
+QRect placeOf(QRgb colour, const QImage& picture, const QRect& area) {
+  QRect place;
+  for (int y = area.top(); y <= area.bottom(); ++y) {
+    const QRgb* line = pixelsOf(picture, y);
+    for (int x = area.left(); x <= area.right(); ++x) {
+      if (line[x] == colour) place |= QRect(x, y, 1, 1);
+    }
+  }
+  return place;
+}
+
+}  // namespace
+
+Writing writingIn(const QImage& original, const QRect& inside) {
+  const QImage picture = original.convertToFormat(QImage::Format_RGB32);
+  const QRect area = inside & picture.rect();
+  const std::map<QRgb, int> counts = coloursIn(picture, area);
   Writing writing;
   if (counts.empty()) return writing;
   const QColor ground(picture.pixel(area.topLeft()));
@@ -40,18 +71,11 @@ Writing writingIn(const QImage& picture, const QRect& inside) {
   writing.ink = QColor(strongest->first);
   if (writing.ink == ground) return writing;
   writing.pixels = strongest->second;
-  for (int y = area.top(); y <= area.bottom(); ++y) {
-    for (int x = area.left(); x <= area.right(); ++x) {
-      if (picture.pixel(x, y) == strongest->first) writing.place |= QRect(x, y, 1, 1);
-    }
-  }
+  writing.place = placeOf(strongest->first, picture, area);
   writing.contrast = 21;
-  for (int y = writing.place.top(); y <= writing.place.bottom(); ++y) {
-    for (int x = writing.place.left(); x <= writing.place.right(); ++x) {
-      const QRgb pixel = picture.pixel(x, y);
-      if (pixel == strongest->first) continue;
-      writing.contrast = std::min(writing.contrast, qt::contrast(QColor(pixel), writing.ink));
-    }
+  for (const auto& [colour, count] : coloursIn(picture, writing.place)) {
+    if (colour == strongest->first) continue;
+    writing.contrast = std::min(writing.contrast, qt::contrast(QColor(colour), writing.ink));
   }
   return writing;
 }

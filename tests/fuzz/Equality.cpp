@@ -14,7 +14,7 @@ namespace vemra {
 namespace {
 
 void compare(const std::string& a, const std::string& b) {
-  const bool areSame = testing::areSameByDefinition(a, b);
+  const bool areSame = vemra::testing::areSameByDefinition(a, b);
   fuzz::require(text::equal(a, b) == areSame, "texts are equal when ICU says so", a, b);
   fuzz::require(text::equal(b, a) == areSame, "equality is symmetric", a, b);
   fuzz::require(text::equal(a, a) && text::equal(b, b), "a text equals itself", a, b);
@@ -30,8 +30,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace vemra;
   if (size < 2) return 0;
   const std::string_view rest = fuzz::textOf(data + 2, size - 2);
-  testing::Random random(std::span(data + 2, size - 2));
-  testing::RandomText texts(random);
+  vemra::testing::Random random(std::span(data + 2, size - 2));
+  vemra::testing::RandomText texts(random);
   switch (data[0] % 4) {
     case 0: {  // as they are
       const std::size_t cut = data[1] % (rest.size() + 1);
@@ -41,8 +41,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     case 1: {  // a text as it is, and the same in another form
       const std::size_t choices = std::min<std::size_t>(rest.size(), 6);
       const std::string text(rest.substr(choices));
-      testing::Random choice(std::span(data + 2, choices));
-      compare(text, testing::RandomText(choice).variantOf(text));
+      vemra::testing::Random choice(std::span(data + 2, choices));
+      compare(text, vemra::testing::RandomText(choice).variantOf(text));
       break;
     }
     case 2: {  // chosen characters, and the same in another form

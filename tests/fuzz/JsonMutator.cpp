@@ -54,7 +54,7 @@ std::vector<Span> valuesIn(std::string_view text) {
 }
 
 std::string changed(std::string_view text, const std::vector<Span>& values,
-                    testing::Random& random) {
+                    vemra::testing::Random& random) {
   static constexpr std::array<std::string_view, 14> others{
       "null", "\"\"", "0",  "1",  "-1",   "9223372036854775807", "9223372036854775808",
       "1.0",  "[]",   "{}", "[[", "true", "\"\\u0000\"",         "\"e\\u0301\""};

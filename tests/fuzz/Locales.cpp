@@ -47,8 +47,8 @@ void useArguments(date::Instant instant, const std::string& locale, const std::s
 }
 
 void useEnvironment(date::Instant instant, const std::string& locale, const std::string& timeZone) {
-  const testing::Environment all("LC_ALL", locale.c_str());
-  const testing::Environment zone("TZ", timeZone.c_str());
+  const vemra::testing::Environment all("LC_ALL", locale.c_str());
+  const vemra::testing::Environment zone("TZ", timeZone.c_str());
   const std::string own = date::systemLocale();
   fuzz::require(own == "root" || date::isKnownLocale(own), "the user's own locale is known", own);
   const std::string ownZone = date::systemTimeZone();

@@ -116,7 +116,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace vemra;
   const std::string_view text = fuzz::textOf(data, size);
   compareSteps(text);
-  fuzz::require(text::isWellFormed(text) == testing::isWellFormedByDefinition(text),
+  fuzz::require(text::isWellFormed(text) == vemra::testing::isWellFormedByDefinition(text),
                 "a text is well-formed when ICU says so", text);
   const std::string_view trimmed = text::trimmed(text);
   const std::string_view expected = trimmedByICU(text);
