@@ -17,7 +17,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t linesOfATree = 300;
-constexpr int widths[] = {720, 320};
 
 std::vector<std::string> firstLines(const std::string& text) {
   std::vector<std::string> lines;
@@ -49,12 +48,14 @@ std::vector<std::string> eachOnce(std::vector<std::string> texts) {
 
 void takePictures(const Gallery& gallery, std::size_t number, testing::Screen& screen,
                   std::size_t language, const fs::path& folder, BookEntry& entry) {
-  for (const ui::ColorScheme scheme : {ui::ColorScheme::light, ui::ColorScheme::dark}) {
-    for (const int width : widths) {
-      const Variant variant{language, scheme, width};
-      ui::Environment environment = environmentFor(gallery.languages()[language]);
-      environment.colorScheme = scheme;
-      screen.setEnvironment(environment);
+  PaletteSwitch palette;
+  for (const Colours colours : allColours) {
+    palette.set(colours);
+    ui::Environment environment = environmentFor(gallery.languages()[language]);
+    environment.colorScheme = schemeOf(colours);
+    screen.setEnvironment(environment);
+    for (const int width : bookWidths) {
+      const Variant variant{language, colours, width};
       const QImage image = qt::picture(screen.graph(), QSize(width, entry.specimen->height));
       const std::string file = "pictures/" + pictureName(number, gallery, variant) + ".png";
       if (!image.save(QString::fromStdString((folder / file).string()), "PNG")) {

@@ -2,7 +2,7 @@
 
 #include "VemraGallery/BookParts.hpp"
 
-#include <set>
+#include <array>
 
 namespace vemra::gallery {
 namespace {
@@ -45,8 +45,10 @@ std::string slug(std::string_view text) {
   return word;
 }
 
-const char* nameOf(ui::ColorScheme scheme) {
-  return scheme == ui::ColorScheme::dark ? "dark" : "light";
+/// The colours as a word of an attribute.
+std::string wordOf(Colours colours) {
+  constexpr std::array<const char*, allColours.size()> words{"light", "dark", "contrast"};
+  return words.at(static_cast<std::size_t>(colours));
 }
 
 std::string languageWord(const Gallery& gallery, std::size_t language) {
@@ -54,7 +56,7 @@ std::string languageWord(const Gallery& gallery, std::size_t language) {
 }
 
 std::string variantWord(const Gallery& gallery, const Variant& variant) {
-  return languageWord(gallery, variant.language) + '-' + nameOf(variant.scheme) + '-' +
+  return languageWord(gallery, variant.language) + '-' + wordOf(variant.colours) + '-' +
          std::to_string(variant.width);
 }
 
@@ -113,16 +115,14 @@ void addHeader(std::string& html, const Gallery& gallery, const std::vector<Book
     languages.emplace_back(languageWord(gallery, i), gallery.languages()[i].name);
   }
   if (languages.size() > 1) addSwitch(html, "Language", "language", languages);
-  std::vector<std::pair<std::string, std::string>> schemes, widths;
-  std::set<std::string> seen;
-  for (const BookPicture& picture :
-       entries.empty() ? std::vector<BookPicture>{} : entries[0].pictures) {
-    const std::string scheme = nameOf(picture.variant.scheme);
-    const std::string width = std::to_string(picture.variant.width);
-    if (seen.insert(scheme).second) schemes.emplace_back(scheme, scheme);
-    if (seen.insert(width).second) widths.emplace_back(width, width + " pixels");
+  addSwitch(html, "Colours", "colours",
+            {{wordOf(Colours::light), "light"},
+             {wordOf(Colours::dark), "dark"},
+             {wordOf(Colours::highContrast), "high contrast"}});
+  std::vector<std::pair<std::string, std::string>> widths;
+  for (const int width : bookWidths) {
+    widths.emplace_back(std::to_string(width), std::to_string(width) + " pixels");
   }
-  addSwitch(html, "Colours", "scheme", schemes);
   addSwitch(html, "Width", "width", widths);
   html += "</header>\n";
 }
@@ -156,7 +156,7 @@ std::string pictureName(std::size_t entry, const Gallery& gallery, const Variant
 
 std::string bookPage(const Gallery& gallery, const std::vector<BookEntry>& entries) {
   std::string html =
-      "<!DOCTYPE html>\n<html lang=\"en\" data-scheme=\"light\">\n<head>\n<meta "
+      "<!DOCTYPE html>\n<html lang=\"en\" data-colours=\"light\">\n<head>\n<meta "
       "charset=\"utf-8\">\n"
       "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
       "<link rel=\"icon\" href=\"data:,\">\n<title>" +

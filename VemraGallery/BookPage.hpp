@@ -1,7 +1,9 @@
 #pragma once
 
+#include "VemraGallery/Colours.hpp"
 #include "VemraGallery/Gallery.hpp"
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -10,11 +12,15 @@
 
 namespace vemra::gallery {
 
+/// The widths of the windows in which a book shows its specimens, in pixels, the smallest last. Two
+/// of the widest fit beside each other into a window of 1,400 pixels.
+inline constexpr std::array<int, 2> bookWidths{600, 320};
+
 /// The settings of a picture.
 struct Variant {
   std::size_t language = 0;  ///< its place among the gallery's languages
-  ui::ColorScheme scheme = ui::ColorScheme::light;
-  int width = 720;  ///< of the window, in pixels
+  Colours colours = Colours::light;
+  int width = bookWidths[0];  ///< of the window, in pixels
 };
 
 /// A picture of a specimen, as a file of the book.

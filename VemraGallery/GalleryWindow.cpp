@@ -1,10 +1,10 @@
 #include "VemraGallery/GalleryWindow.hpp"
 
 #include "VemraGallery/Card.hpp"
+#include "VemraGallery/Colours.hpp"
 
 #include <algorithm>
 
-#include <QApplication>
 #include <QComboBox>
 #include <QFontInfo>
 #include <QHBoxLayout>
@@ -19,23 +19,10 @@ namespace {
 
 constexpr int gap = 12;  // between cards, in pixels
 
-enum Colours { light, dark, highContrast };
-
-QPalette paletteOfHighContrast() {
-  QPalette palette(Qt::white, Qt::black, Qt::white, Qt::white, Qt::gray, Qt::white, Qt::white,
-                   Qt::black, Qt::black);
-  palette.setColor(QPalette::ButtonText, Qt::white);
-  palette.setColor(QPalette::Highlight, QColor(0x1a, 0xeb, 0xff));
-  palette.setColor(QPalette::HighlightedText, Qt::black);
-  palette.setColor(QPalette::Link, Qt::yellow);
-  palette.setColor(QPalette::PlaceholderText, Qt::white);
-  return palette;
-}
-
 }  // namespace
 
 GalleryWindow::GalleryWindow(const Gallery& gallery, QWidget* parent)
-    : QWidget(parent), gallery_(gallery), systemPalette_(QApplication::palette()) {
+    : QWidget(parent), gallery_(gallery), palette_(std::make_unique<PaletteSwitch>()) {
   setWindowTitle(QString::fromStdString(gallery.title()));
   auto* const layout = new QVBoxLayout(this);
   switches_ = new QWidget;
@@ -76,9 +63,7 @@ GalleryWindow::GalleryWindow(const Gallery& gallery, QWidget* parent)
   restyle();
 }
 
-GalleryWindow::~GalleryWindow() {
-  if (QApplication::palette() != systemPalette_) QApplication::setPalette(systemPalette_);
-}
+GalleryWindow::~GalleryWindow() = default;
 
 QComboBox* GalleryWindow::addSwitch(const QString& title, const QString& name,
                                     const QStringList& choices) {
@@ -110,12 +95,11 @@ void GalleryWindow::addCards(const Gallery& gallery) {
 }
 
 void GalleryWindow::restyle() {
-  const int colours = colours_->currentIndex();
-  const QPalette palette = colours == highContrast ? paletteOfHighContrast() : systemPalette_;
-  if (QApplication::palette() != palette) QApplication::setPalette(palette);
+  const Colours colours = allColours.at(static_cast<std::size_t>(colours_->currentIndex()));
+  palette_->set(colours);
   ui::Environment environment =
       environmentFor(gallery_.languages()[static_cast<std::size_t>(language_->currentIndex())]);
-  environment.colorScheme = colours == light ? ui::ColorScheme::light : ui::ColorScheme::dark;
+  environment.colorScheme = schemeOf(colours);
   environment.textScale = textSize_->currentText().section(' ', 0, 0).toInt() / 100.0;
   if (direction_->currentIndex() > 0) {
     environment.layoutDirection = direction_->currentIndex() == 1

@@ -6,7 +6,6 @@
 #include <memory>
 #include <vector>
 
-#include <QPalette>
 #include <QWidget>
 
 class QComboBox;
@@ -17,6 +16,7 @@ class QScrollArea;
 namespace vemra::gallery {
 
 class Card;
+class PaletteSwitch;
 
 /// A window that shows all specimens of a gallery side by side, with switches for the language, the
 /// colours, the text size, the direction and the width, and a field to search for a specimen.
@@ -40,7 +40,7 @@ class VEMRA_EXPORT GalleryWindow : public QWidget {
   void arrange();
 
   const Gallery& gallery_;
-  const QPalette systemPalette_;
+  const std::unique_ptr<PaletteSwitch> palette_;
   QWidget* switches_ = nullptr;
   QComboBox *language_ = nullptr, *colours_ = nullptr, *textSize_ = nullptr, *direction_ = nullptr,
             *width_ = nullptr;

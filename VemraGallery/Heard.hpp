@@ -11,11 +11,11 @@ namespace vemra::gallery {
 /// The text that assistive technology gets from a view in a window: one line for each object, in
 /// the order of the accessible tree, indented by two spaces for each level.
 ///
-///     heading "Find a design lead"
+///     static text "Find a design lead"
 ///     push button "Save", unavailable
 ///
-/// At most `limit` lines; then one that counts the others. The graph has no renderer afterwards. Needs a
-/// `QApplication`.
+/// At most `limit` lines; then one that counts the others. The graph has no renderer afterwards.
+/// Needs a `QApplication`.
 std::vector<std::string> heard(ui::ViewGraph& graph, std::size_t limit);
 
 }  // namespace vemra::gallery

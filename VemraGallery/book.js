@@ -25,13 +25,13 @@ function choose() {
     const radio = document.querySelector(`input[name="${name}"]:checked`);
     return radio ? radio.value : null;
   };
-  const scheme = value("scheme");
+  const colours = value("colours");
   const language = value("language");
-  document.documentElement.dataset.scheme = scheme;
+  document.documentElement.dataset.colours = colours;
   for (const image of document.querySelectorAll("img[data-variant]")) {
     const variant = image.dataset.variant;
-    image.hidden = !(variant.endsWith(`-${scheme}-${value("width")}`) &&
-      (language === null || variant.startsWith(`${language}-${scheme}`)));
+    image.hidden = !(variant.endsWith(`-${colours}-${value("width")}`) &&
+      (language === null || variant.startsWith(`${language}-${colours}-`)));
   }
 }
 
@@ -48,9 +48,18 @@ document.addEventListener("keydown", (event) => {
     find();
   }
 });
-if (matchMedia("(prefers-color-scheme: dark)").matches) {
-  const dark = document.querySelector('input[name="scheme"][value="dark"]');
-  if (dark) dark.checked = true;
+// The system's colours are the first choice, and again when the system's choice changes.
+const isDark = matchMedia("(prefers-color-scheme: dark)");
+const isContrast = ["(prefers-contrast: more)", "(forced-colors: active)"].map((query) => matchMedia(query));
+function followSystem() {
+  const colours = isContrast.some((query) => query.matches) ? "contrast" : isDark.matches ? "dark" : "light";
+  document.querySelector(`input[name="colours"][value="${colours}"]`).checked = true;
+  choose();
 }
-choose();
+for (const query of [isDark, ...isContrast]) query.addEventListener("change", followSystem);
+// A wide picture in a narrow window would be too small to read.
+if (matchMedia("(max-width: 40rem)").matches) {
+  Array.from(document.querySelectorAll('input[name="width"]')).pop().checked = true;
+}
+followSystem();
 find();

@@ -109,6 +109,14 @@ bool ViewWidget::event(QEvent* event) {
   return handled;
 }
 
+bool ViewWidget::eventFilter(QObject* watched, QEvent* event) {
+  // Of the system's new palette, Qt notifies windows alone, and the widgets inside that inherit it:
+  // not this one while the environment sets another colour scheme than the system's.
+  const bool isNews = event->type() == QEvent::ApplicationPaletteChange;
+  if (isNews && watched == window() && watched != this && !page_->isRestyling()) followSystem();
+  return QAbstractScrollArea::eventFilter(watched, event);
+}
+
 void ViewWidget::resizeEvent(QResizeEvent* event) {
   QAbstractScrollArea::resizeEvent(event);
   // The scroll area is laying itself out. If the page hid the scroll bar now, the scroll area would
@@ -118,6 +126,7 @@ void ViewWidget::resizeEvent(QResizeEvent* event) {
 }
 
 void ViewWidget::showEvent(QShowEvent* event) {
+  window()->installEventFilter(this);
   QAbstractScrollArea::showEvent(event);
   page_->shown();
 }

@@ -65,6 +65,7 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   void runAsHostCall(const std::function<void()>& work);
 
   bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;

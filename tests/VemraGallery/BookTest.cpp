@@ -4,7 +4,9 @@
 #include <fstream>
 #include <regex>
 
+#include <QApplication>
 #include <QImage>
+#include <QPalette>
 #include <gtest/gtest.h>
 
 namespace vemra::gallery {
@@ -49,14 +51,14 @@ class BookTest : public ::testing::Test {
   const fs::path folder_ = temporary_.path() / "book";
 };
 
-TEST_F(BookTest, HasAPictureOfEverySpecimenInEveryLanguageSchemeAndWidth) {
+TEST_F(BookTest, HasAPictureOfEverySpecimenInEveryLanguageInAllColoursAndWidths) {
   writeBook(gallery_, folder_);
   const std::vector<std::string> files = sources();
-  ASSERT_EQ(files.size(), 2U * 2 * 2 * 2);
+  ASSERT_EQ(files.size(), 2U * 2 * 3 * 2);
   for (const std::string& file : files) {
     const QImage image(QString::fromStdString((folder_ / file).string()));
     ASSERT_FALSE(image.isNull()) << file;
-    EXPECT_EQ(image.width(), file.find("-320.") != std::string::npos ? 320 : 720) << file;
+    EXPECT_EQ(image.width(), file.find("-320.") != std::string::npos ? 320 : 600) << file;
   }
   const auto background = [&](std::size_t number) {
     const QImage image(QString::fromStdString((folder_ / files[number]).string()));
@@ -64,6 +66,15 @@ TEST_F(BookTest, HasAPictureOfEverySpecimenInEveryLanguageSchemeAndWidth) {
   };
   EXPECT_GT(background(0), 200) << "light first";
   EXPECT_LT(background(2), 80) << "then dark";
+  EXPECT_GT(background(2), 0) << "but not black";
+  EXPECT_EQ(background(4), 0) << "then high contrast";
+  EXPECT_GT(background(6), 200) << "and the next language";
+}
+
+TEST_F(BookTest, LeavesTheApplicationsPaletteAsItWas) {
+  const QPalette before = QApplication::palette();
+  writeBook(gallery_, folder_);
+  EXPECT_EQ(QApplication::palette(), before);
 }
 
 TEST_F(BookTest, WritesTextsAsTextsAndNotAsHTML) {

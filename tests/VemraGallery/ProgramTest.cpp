@@ -7,8 +7,8 @@
 namespace vemra::gallery {
 namespace {
 
-Ending run(std::vector<std::string> arguments) {
-  return Process(VEMRA_GALLERY, {.arguments = std::move(arguments)}).wait();
+Ending run(std::vector<std::string> arguments, const char* program = VEMRA_GALLERY) {
+  return Process(program, {.arguments = std::move(arguments)}).wait();
 }
 
 TEST(GalleryProgramTest, ItsManualPageHasTheOptionsOfItsHelp) {
@@ -23,6 +23,17 @@ TEST(GalleryProgramTest, WritesItsNameAndVersion) {
   const Ending version = run({"--version"});
   EXPECT_EQ(version.exitCode, 0);
   EXPECT_EQ(version.output, "vemra-gallery " + commandline::sample::fileText("VERSION"));
+}
+
+TEST(GalleryProgramTest, TheHostInItsPageMakesABookOfItsOwnViews) {
+  const TemporaryFolder folder;
+  const Ending exported = run({"--export", folder.file("book")}, VEMRA_CONTACTS);
+  EXPECT_EQ(exported.exitCode, 0) << exported.diagnostics;
+  const std::string page = folder.read("book/index.html");
+  for (const char* text : {"<title>Contacts</title>", ">A long name</a>", "Editing Ada",
+                           ">The editor</a>", "> Deutsch</label>"}) {
+    EXPECT_NE(page.find(text), std::string::npos) << text;
+  }
 }
 
 TEST(GalleryProgramTest, EndsWithTwoForAWrongCommandLineAndForAFolderThatIsNotEmpty) {

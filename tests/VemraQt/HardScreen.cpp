@@ -1,7 +1,7 @@
 #include "tests/VemraQt/HardScreen.hpp"
 
+#include "VemraQt/HighContrast.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
-#include "tests/VemraQt/Palettes.hpp"
 #include "tests/VemraQt/Strings.hpp"
 
 #include <QApplication>
@@ -95,12 +95,12 @@ std::vector<Colours> colours() {
   return {
       {"light", ui::ColorScheme::light, system},
       {"dark", ui::ColorScheme::dark, system},
-      {"light, on a system of high contrast", ui::ColorScheme::light, highContrast()},
+      {"light, on a system of high contrast", ui::ColorScheme::light, qt::highContrastPalette()},
       {"a dark system", ui::ColorScheme::dark,
        QPalette(QColor(0xef, 0xf0, 0xf1), QColor(0x31, 0x36, 0x3b), QColor(0x40, 0x46, 0x4c),
                 QColor(0x18, 0x1b, 0x1d), QColor(0x25, 0x29, 0x2c), QColor(0xef, 0xf0, 0xf1),
                 Qt::white, QColor(0x23, 0x26, 0x29), QColor(0x31, 0x36, 0x3b))},
-      {"high contrast", ui::ColorScheme::dark, highContrast()},
+      {"high contrast", ui::ColorScheme::dark, qt::highContrastPalette()},
   };
 }
 

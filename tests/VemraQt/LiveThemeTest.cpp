@@ -1,5 +1,6 @@
 // Themes that change while the page is in use.
 
+#include "VemraQt/HighContrast.hpp"
 #include "VemraQt/Picture.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/Palettes.hpp"
@@ -11,6 +12,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QWidget>
 #include <gtest/gtest.h>
 
 using namespace vemra;
@@ -69,7 +71,7 @@ TEST(LiveTheme, AWindowThatFollowsTheSystemTurnsDarkAndHighContrastWithIt) {
   widget.setRoot(host.view());
   widget.resize(400, 400);
   widget.show();
-  QApplication::setPalette(highContrast());
+  QApplication::setPalette(qt::highContrastPalette());
   QApplication::processEvents();
   EXPECT_EQ(widget.environment().colorScheme, ui::ColorScheme::dark);
   EXPECT_EQ(pageColor(widget), QColor(Qt::black));
@@ -79,6 +81,26 @@ TEST(LiveTheme, AWindowThatFollowsTheSystemTurnsDarkAndHighContrastWithIt) {
   QApplication::processEvents();
   EXPECT_EQ(widget.environment().colorScheme, ui::ColorScheme::light);
   EXPECT_GT(pageColor(widget).lightness(), 200);
+}
+
+TEST(LiveTheme, ADarkViewInALightWindowTurnsHighContrastWithTheSystem) {
+  AsBefore asBefore;
+  ui::ViewGraph graph;
+  graph.setRoot(ui::Text("x"));
+  QWidget window;
+  qt::ViewWidget widget(graph, &window);
+  window.show();
+  ui::Environment environment;
+  environment.colorScheme = ui::ColorScheme::dark;
+  graph.setEnvironment(environment);
+  QApplication::setPalette(qt::highContrastPalette());
+  QApplication::processEvents();
+  EXPECT_EQ(pageColor(widget), QColor(Qt::black));
+  EXPECT_EQ(pageOf(widget).theme().link(), QColor(Qt::yellow));
+  QApplication::setPalette(asBefore.palette);
+  QApplication::processEvents();
+  EXPECT_GT(pageColor(widget).lightness(), 0) << "dark, as the environment wants";
+  EXPECT_LT(pageColor(widget).lightness(), 60);
 }
 
 TEST(LiveTheme, TheSystemsDirectionIsFollowed) {

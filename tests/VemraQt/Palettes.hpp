@@ -8,9 +8,6 @@
 
 namespace vemra::qttest {
 
-/// A high-contrast system palette: white on black, buttons as black as the page.
-QPalette highContrast();
-
 /// Restores the application's own style, palette and font in its destructor.
 class AsBefore {
  public:

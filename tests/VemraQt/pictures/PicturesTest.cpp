@@ -1,6 +1,7 @@
 // Compares pictures of the screen with tests/expected/pictures/*.png. VEMRA_UPDATE_EXPECTED=1 in
 // the environment rewrites them; look at them before you commit them.
 
+#include "VemraQt/HighContrast.hpp"
 #include "tests/RecordBuilders.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/Palettes.hpp"
@@ -121,7 +122,7 @@ TEST_F(Pictures, Dark) {
 
 TEST_F(Pictures, HighContrast) {
   AsBefore asBefore;
-  QApplication::setPalette(highContrast());
+  QApplication::setPalette(qt::highContrastPalette());
   WindowHost host(oneOfEach(), pageSize);
   host.widget.setEnvironment(in(ui::ColorScheme::dark));
   host.press("vemra.goal.person.p3.outcome.correct");
