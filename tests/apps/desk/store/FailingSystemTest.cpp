@@ -152,7 +152,7 @@ TEST_F(FailingSystemTest, ALockThatOnceCouldNotBeReleasedStopsOneCallAtMost) {
   using Clock = std::chrono::steady_clock;
   const auto start = Clock::now();
   record();
-  EXPECT_LT(Clock::now() - start, std::chrono::milliseconds(250));
+  EXPECT_LT(Clock::now() - start, std::chrono::seconds(5)) << "it waited for the lock";
 }
 
 TEST_F(FailingSystemTest, ALockThatOnceCouldNotBeTakenStopsOneCallAtMost) {
