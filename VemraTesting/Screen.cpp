@@ -39,6 +39,15 @@ std::string subject(const Query& query) {
                                            : query.description();
 }
 
+/// The names that `select` takes, quoted, in the order of the choices.
+std::string namesOfChoices(const RenderedTree::Node& picker) {
+  std::string names;
+  for (const page::Choice& choice : page::choicesOf(picker)) {
+    names += (names.empty() ? "" : ", ") + text::quotedOnOneLine(choice.tag.name());
+  }
+  return names.empty() ? "none" : names;
+}
+
 }  // namespace
 
 Screen::Screen(ui::View root, ui::Environment environment) : graph_(std::move(environment)) {
@@ -86,7 +95,8 @@ std::optional<std::string> Screen::attempt(const Query& query, const Act& act) {
   if (!event) {
     if (!node->element.style().enabled) return who + " is disabled";
     if (node->element.kind() != ui::ElementKind::picker) return who + " is not a picker";
-    return "no choice " + text::quotedOnOneLine(choose->tagName) + " in " + who;
+    return "no choice " + text::quotedOnOneLine(choose->tagName) + " in " + who + ": it has " +
+           namesOfChoices(*node);
   }
   switch (graph_.deliver(node->id, *event)) {
     case ui::Delivery::acted:

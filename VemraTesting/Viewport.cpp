@@ -152,7 +152,13 @@ void Viewport::choose(std::string_view label) {
   const std::vector<page::Choice> choices = page::choicesOf(picker);
   const auto choice = std::ranges::find(choices, label, &page::Choice::label);
   if (choice == choices.end()) {
-    throw ElementError("no choice " + text::quotedOnOneLine(label), "\n" + text());
+    std::string labels;
+    for (const page::Choice& each : choices) {
+      labels += (labels.empty() ? "" : ", ") + text::quotedOnOneLine(each.label);
+    }
+    throw ElementError("no choice " + text::quotedOnOneLine(label) + ": there are " +
+                           (labels.empty() ? "none" : labels),
+                       "\n" + text());
   }
   deliver(picker.id, ui::Select{choice->tag});
 }

@@ -176,5 +176,5 @@ TEST(Strings, AnotherLanguageTakesEffectAtOnceAndKeepsTypedText) {
   note.setFocus();
   host.widget.setEnvironment(with(qt::QtStringsTable::builtIn({"de"})));
   EXPECT_TRUE(note.hasFocus());
-  EXPECT_THAT(host.visibleTexts(), Contains("Sichern"));
+  EXPECT_THAT(host.visibleTexts(), Contains("Speichern"));
 }

@@ -18,7 +18,7 @@ class RecorderTest : public RecordedHost {};
 class Table final : public ui::StringsTable {
  public:
   std::optional<std::string> lookup(std::string_view key) const override {
-    if (key == "Save") return "Sichern";
+    if (key == "Save") return "Speichern";
     if (key == "Cancel") return "";
     return std::nullopt;
   }

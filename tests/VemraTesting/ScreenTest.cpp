@@ -116,8 +116,9 @@ TEST_F(ScreenTest, AReasonIsOneLineForAnySearch) {
   EXPECT_EQ(reasonOf([&] { screen.press(button("a\"\r\n\\")); }),
             R"(no button titled "a\"\r\n\\")");
   EXPECT_EQ(reasonOf([&] { screen.get(byText("\u2028")); }), R"(no text "\u2028")");
-  EXPECT_EQ(reasonOf([&] { screen.select("ask.Ada.mood", "good\nbad"); }),
-            R"(no choice "good\nbad" in element with identifier "ask.Ada.mood")");
+  EXPECT_EQ(
+      reasonOf([&] { screen.select("ask.Ada.mood", "good\nbad"); }),
+      R"(no choice "good\nbad" in element with identifier "ask.Ada.mood": it has "good", "fair")");
   screen.show(ui::Text("bare").accessibilityIdentifier("one\ntwo"));
   reasonOf([&] { screen.get("x"); });
   EXPECT_THAT(what, HasSubstr("\nnearest: one\\ntwo\nthe tree:\n"));
@@ -180,10 +181,11 @@ TEST_F(ScreenTest, AnElementOfTheWrongKindIsAnErrorAndNothingHappens) {
             "element with identifier \"ask.Ada.mood\" is not a text field");
   EXPECT_EQ(reasonOf([&] { screen.select("ask.Ada.note", "good"); }),
             "element with identifier \"ask.Ada.note\" is not a picker");
-  EXPECT_EQ(reasonOf([&] { screen.select("ask.Ada.mood", "bad"); }),
-            "no choice \"bad\" in element with identifier \"ask.Ada.mood\"");
+  EXPECT_EQ(
+      reasonOf([&] { screen.select("ask.Ada.mood", "bad"); }),
+      "no choice \"bad\" in element with identifier \"ask.Ada.mood\": it has \"good\", \"fair\"");
   EXPECT_EQ(reasonOf([&] { screen.select(byTitle(ElementKind::picker, "Mood"), "bad"); }),
-            "no choice \"bad\" in Picker titled \"Mood\"");
+            "no choice \"bad\" in Picker titled \"Mood\": it has \"good\", \"fair\"");
   EXPECT_EQ(reasonOf([&] { screen.press(byText("How are you?")); }),
             "text \"How are you?\" is not a button");
 }
@@ -225,8 +227,9 @@ TEST_F(ScreenTest, AnAttemptReturnsTheReasonThatTheOtherFunctionsThrow) {
             "element with identifier \"ask.Ada.send\" is disabled");
   EXPECT_EQ(screen.attempt(note, ui::Press{}),
             "element with identifier \"ask.Ada.note\" is not a button");
-  EXPECT_EQ(screen.attempt(mood, Choose{"bad"}),
-            "no choice \"bad\" in element with identifier \"ask.Ada.mood\"");
+  EXPECT_EQ(
+      screen.attempt(mood, Choose{"bad"}),
+      "no choice \"bad\" in element with identifier \"ask.Ada.mood\": it has \"good\", \"fair\"");
   EXPECT_EQ(screen.attempt(mood, Choose{"good"}), std::nullopt);
   EXPECT_EQ(screen.attempt(note, ui::EditText{"x"}), std::nullopt);
   EXPECT_EQ(screen.attempt(note, ui::Submit{}), std::nullopt);
