@@ -50,7 +50,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
                                                     -Wno-stringop-overflow)
 endif()
 
-# Libraries and programs that no test waits for: where VEMRA_OPTIMIZE_COLD is off, they are not optimised.
+# Libraries and programs whose speed no test depends on: not optimised where VEMRA_OPTIMIZE_COLD is off.
 add_library(vemra_cold_flags INTERFACE)
 if(NOT VEMRA_OPTIMIZE_COLD)
   target_compile_options(vemra_cold_flags INTERFACE -O0)
@@ -62,7 +62,8 @@ endif()
 # shared with BUILD_SHARED_LIBS. A host may be a plugin, so the static ones are position independent too.
 # Its PUBLIC_HEADERS are installed; without that list, all its headers but the PRIVATE_HEADERS.
 # Every installed header compiles on its own (preset check). The libraries in apps/ are static and not installed.
-# COLD marks one whose speed no test waits for; a library with a window must be, for its precompiled header.
+# COLD marks a library whose speed no test depends on. A library with a window must be COLD, because of its
+# precompiled header.
 function(vemra_library target)
   cmake_parse_arguments(arg "COLD" "ALIAS" "PUBLIC;PRIVATE;FOLDERS;PUBLIC_HEADERS;PRIVATE_HEADERS" ${ARGN})
   set(flags "$<BUILD_INTERFACE:vemra_flags>")

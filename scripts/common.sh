@@ -1,4 +1,4 @@
-# Read by the other scripts: where the repository is, and how they speak.
+# Sourced by the other scripts: changes to the repository's root and defines their common functions.
 # shellcheck shell=bash
 
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
@@ -49,8 +49,8 @@ is_configured() {
   done
 }
 
-# configure PRESET: quiet while it works, everything when it does not.
-# What is in configure_options, as NAME=VALUE, overrides the preset.
+# configure PRESET: prints nothing when it succeeds, all output when it fails. The entries of
+# configure_options, NAME=VALUE, override the preset.
 configure_options=()
 configure() {
   local preset=$1 log options
@@ -68,7 +68,7 @@ configure() {
   fi
 }
 
-# configure_and_build PRESET [NINJA ARGUMENT...]: quiet while it works, everything when it does not.
+# configure_and_build PRESET [NINJA ARGUMENT...]: prints nothing when it succeeds, all output when it fails.
 configure_and_build() {
   local preset=$1
   shift

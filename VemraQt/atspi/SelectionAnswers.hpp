@@ -15,7 +15,7 @@ namespace vemra::qt::atspi {
 
 inline constexpr char selectionInterface[] = "org.a11y.atspi.Selection";
 
-/// Whether the element lets choose among its children: whether it is a picker.
+/// Whether the element has selectable children, as a picker has.
 bool offersSelection(QAccessible::Id element);
 
 /// Answers a call of the selection interface; false when the message is not a known one.

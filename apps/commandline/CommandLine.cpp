@@ -12,7 +12,7 @@
 
 namespace vemra::commandline {
 
-/// One option that takes a value, in all its places.
+/// One option with a value; a program and its command may both have it.
 struct ValueOption {
   std::string name;
   std::optional<std::string>* value;

@@ -44,7 +44,8 @@ class Syntax {
   CLI::App* app;
 };
 
-/// Thrown for a command line that needs no work: it is wrong, or requests help or the version.
+/// Thrown for a command line after which the program ends at once: it has a mistake, or requests help
+/// or the version.
 struct Ending : std::exception {
   explicit Ending(EarlyExit exit) : earlyExit(std::move(exit)) {}
   const char* what() const noexcept override { return earlyExit.diagnostic.c_str(); }
@@ -67,13 +68,13 @@ class CommandLine {
   /// The program's own options and words.
   Syntax syntax();
 
-  /// A command of the program, of which a command line has at most one; `chosen` is called for it.
+  /// A command of the program. A command line has at most one; `chosen` is called when it is given.
   Syntax command(const char* name, const char* description, std::function<void()> chosen);
 
   /// Reads the words behind the program's name. Throws an `Ending`.
   void read(const std::vector<std::string>& words);
 
-  /// The ending with exit code 2 for a mistake that the parser does not know.
+  /// The ending for a mistake that the parser cannot find, with exit code 2.
   Ending mistake(const std::string& text) const;
 
  private:

@@ -22,7 +22,8 @@ using enum documents::Presence;
 constexpr std::array<std::string_view, 4> callbackNames{"onOpenPerson", "onShowEvidence",
                                                         "onFocusPathInStarfold", "onRecordOutcome"};
 
-/// Everything an argument may have; the callback, which may come behind it, decides what it has.
+/// The keys of every kind of argument. The callback decides which of them must be present; its key may
+/// come after the argument.
 struct Argument {
   std::optional<std::string> text;
   std::optional<std::vector<std::string>> personRefs;
@@ -88,7 +89,8 @@ recording::Call readCall(JsonReader& in) {
                                      *argument.outcome, std::move(argument.note),
                                      std::move(argument.correctsOutcomeID)}};
   }
-  in.failAt("argument", "the argument of " + std::string(callbackNames[callback]), "another one");
+  in.failAt("argument", "the argument of " + std::string(callbackNames[callback]),
+            "the argument of another callback");
 }
 
 }  // namespace vemra::inspect

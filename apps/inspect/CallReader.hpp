@@ -5,8 +5,8 @@
 
 namespace vemra::inspect {
 
-/// Reads a call as a report has it: an object with `callback` and the `argument` of that callback,
-/// whose keys are all there but those that may be null.
+/// Reads a call in the form in which a report writes it: an object with `callback` and the `argument`
+/// of that callback. Only keys of the argument that may be null may be absent.
 recording::Call readCall(documents::JsonReader& in);
 
 }  // namespace vemra::inspect

@@ -10,17 +10,18 @@
 #include <vector>
 
 /// \file
-/// What `vemra-inspect` is asked to do: a result, what it is shown in, and what is done to it.
+/// A case document, the input of `vemra-inspect`: a result, the environment in which it is shown, and
+/// the steps to carry out on the screen.
 
 namespace vemra::inspect {
 
-/// What recorded a case.
+/// The program that recorded a case.
 struct Recorded {
   std::string program, version;
   bool isMasked = false;
 };
 
-/// A case document, read and found to be sound.
+/// The content of a valid case document.
 struct Case {
   GetGoalSnapshotResponse result;
   ui::Environment environment;
@@ -30,15 +31,15 @@ struct Case {
 
 /// Reads a case document. `file` is its name in errors.
 ///
-/// `result` is required. `locale` and `timeZone` are by default those of `defaults`; `strings`, the
-/// default strings table, is empty; `steps` are none. Throws a `documents::DocumentError` for
-/// whatever is not a case document, an unknown locale or time zone, a step of no known form, and
-/// two keys of `strings` that are canonically equal; its line ends with the version that recorded
-/// the case where another one did.
+/// Only `result` is required. Without `locale` and `timeZone` the case has those of `defaults`; without
+/// `strings` its strings table is empty; without `steps` it has none. Throws a
+/// `documents::DocumentError` for a text that is not a case document, an unknown locale or time zone,
+/// a step of no known form, and two keys of `strings` that are canonically equal. When another version
+/// recorded the case, the error's line ends with that version.
 Case readCase(std::string_view text, const std::string& file, ui::Environment defaults);
 
-/// "recorded by vemra-desk 1.2.3, this is version 1.3.0"; nil when this version has recorded the
-/// case, or none.
+/// "recorded by vemra-desk 1.2.3, this is version 1.3.0"; nil when this version recorded the case,
+/// or the case was not recorded.
 std::optional<std::string> otherVersion(const std::optional<Recorded>& recorded);
 
 }  // namespace vemra::inspect

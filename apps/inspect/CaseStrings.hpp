@@ -14,8 +14,8 @@ namespace vemra::inspect {
 
 /// The strings table of a case: its keys match under canonical equality, as the platform's do.
 ///
-/// A case may bring millions of strings, wrong ones at that; so they are only kept at first, and put
-/// in order in one go.
+/// A case may contain millions of strings. So `add` only stores a string, and `putInOrder` sorts all
+/// of them at once.
 class CaseStrings final : public ui::StringsTable {
  public:
   void add(std::string key, std::string translation);
@@ -26,8 +26,8 @@ class CaseStrings final : public ui::StringsTable {
     std::string second;
   };
 
-  /// To be called when all strings are there: makes them ready to be looked up.
-  /// - Returns: two keys of which there may be one only, if there are such.
+  /// Call it after the last `add` and before the first `lookup`.
+  /// - Returns: two keys that are canonically equal, which is an error in the case; nil without such.
   std::optional<Repetition> putInOrder();
 
   std::optional<std::string> lookup(std::string_view key) const override;

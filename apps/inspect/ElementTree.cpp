@@ -49,7 +49,7 @@ void writeProperties(JsonWriter& out, const ui::Properties& properties) {
   }
 }
 
-/// The keys that are an element's own, but for a composite's.
+/// Writes the keys that only this kind of element has. For a composite, `writeProperties` does.
 void writeOwnKeys(JsonWriter& out, const Element& element) {
   switch (element.kind()) {
     case ElementKind::text:

@@ -5,12 +5,12 @@
 
 namespace vemra::inspect {
 
-/// Writes the tree of a screen as the next value: an object an element.
+/// Writes the tree of a screen as the next value, with one object for each element.
 ///
-/// Each has `element` (its kind), `id` when it is a row, its own keys, `modifiers` in the order in
-/// which they were applied, and `children` when it is of a kind that holds others. A composite that
-/// tells its properties is an element with these as its keys; another one is written as what it
-/// shows. Null when nothing is shown.
+/// An object has `element` (the kind), `id` for a row, the keys of its kind, `modifiers` in the order in
+/// which they were applied, and `children` for a kind that can have children. A composite with
+/// properties is an object with the properties as its keys. For a composite without properties, its
+/// content is written in its place. An empty screen is written as null.
 void writeElementTree(documents::JsonWriter& out, const testing::Screen& screen);
 
 }  // namespace vemra::inspect

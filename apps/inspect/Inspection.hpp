@@ -12,10 +12,11 @@
 
 namespace vemra::inspect {
 
-/// What became of a step: nothing to say, or why it could not be carried out.
+/// The result of a step: nil when it was carried out, otherwise the reason why it was not.
 using StepResult = std::optional<std::string>;
 
-/// A case, carried out: its screens, mounted without a window, and a host that only takes notes.
+/// Carries out a case: mounts its screens without a window, in a host that only records the calls of
+/// their callbacks.
 ///
 /// Main thread only.
 class Inspection {
@@ -25,7 +26,7 @@ class Inspection {
   Inspection(const Inspection&) = delete;
   Inspection& operator=(const Inspection&) = delete;
 
-  /// Carries out one step. A step that a user could not do does nothing and says why.
+  /// Carries out one step. A step that a user could not do changes nothing; the result is the reason.
   StepResult carryOut(const Step& step);
 
   /// The screen that is shown; a case may have several.

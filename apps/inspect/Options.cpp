@@ -58,7 +58,7 @@ std::variant<Options, commandline::EarlyExit> readOptions(int argumentCount,
     }
     line.read(words);
     if (options.png && (options.png->empty() || options.png == "-")) {
-      throw line.mistake("--png: a picture wants a file; standard output has the report");
+      throw line.mistake("--png: a picture needs a file; standard output has the report");
     }
     if (options.png && pictures == Pictures::notDrawn) {
       throw line.mistake("--png: this build has no window and draws no pictures");
@@ -70,7 +70,7 @@ std::variant<Options, commandline::EarlyExit> readOptions(int argumentCount,
                            text::quotedOnOneLine(*viewport));
       }
       if (options.trace || options.outline) {
-        throw line.mistake("--viewport: takes the place of --outline and --trace");
+        throw line.mistake("--viewport: cannot be combined with --outline or --trace");
       }
     }
   } catch (const commandline::Ending& ending) {

@@ -9,7 +9,7 @@
 
 namespace vemra::inspect {
 
-/// What the command line asks for.
+/// The options of a command line.
 struct Options {
   std::string file;  ///< "-" is standard input
   bool trace = false;

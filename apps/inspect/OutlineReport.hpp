@@ -6,7 +6,7 @@
 
 namespace vemra::inspect {
 
-/// The same for people: a line a step and a call, and the outline of the tree.
+/// A report for people: a line for each step and each call, then the outline of the tree.
 ///
 ///     step 1: press "vemra.goal.person.p1.show-source": done
 ///     call: {"callback": "onShowEvidence", "argument": "ev9"}
@@ -16,7 +16,7 @@ namespace vemra::inspect {
 ///         …
 class OutlineReport final : public Report {
  public:
-  /// With `trace`, the outline after each step follows its line.
+  /// With `trace`, each step's line is followed by the outline of the tree after that step.
   explicit OutlineReport(bool trace) : trace_(trace) {}
 
   void step(const Step& step, const StepResult& result, const Inspection& inspection) override;

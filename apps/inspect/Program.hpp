@@ -6,13 +6,12 @@
 
 namespace vemra::inspect {
 
-/// The program `vemra-inspect`, but for its process.
+/// Runs `vemra-inspect` with these arguments.
 ///
-/// Reads the arguments and the case document, carries out its steps, and writes what came of it to
-/// `output`, in one piece and only when everything has gone well so far; diagnostics go to
-/// `diagnostics`. `drawPicture` is empty in a build that cannot draw.
-/// - Returns: 0: done; 1: ran, but a step could not be carried out (or a picture not be drawn);
-///   2: unusable arguments or input, nothing on `output`.
+/// Reads the case document, carries out its steps, and writes the report to `output` in one piece, and
+/// errors to `diagnostics`. `drawPicture` is empty in a build that cannot draw.
+/// - Returns: the exit code. 0: done. 1: a step could not be carried out, a picture not drawn, or the
+///   report not written. 2: the arguments or the input cannot be used; then nothing is on `output`.
 int run(int argumentCount, const char* const* arguments, std::ostream& output,
         std::ostream& diagnostics, const DrawPicture& drawPicture = {});
 

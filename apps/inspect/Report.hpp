@@ -11,10 +11,10 @@ class Report {
  public:
   virtual ~Report() = default;
 
-  /// Right after each step.
+  /// Adds a step. Call it right after the step, before the next one.
   virtual void step(const Step& step, const StepResult& result, const Inspection& inspection) = 0;
 
-  /// After the last one: the whole text.
+  /// Returns the whole text. Call it once, after the last step.
   virtual std::string finish(const Inspection& inspection) = 0;
 };
 

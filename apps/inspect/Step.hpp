@@ -48,18 +48,19 @@ struct Submit {
   std::size_t index = 0;
 };
 
-/// The host shows a new result: on the present screen, on an earlier one, or on one more.
+/// The host shows a new result: on the current screen, on another existing screen, or on a new one.
 struct NewResult {
   std::shared_ptr<const GetGoalSnapshotResponse> result;  ///< shared, to keep the other steps small
-  std::optional<std::size_t> screen = std::nullopt;       ///< by number; nil: the present one
+  std::optional<std::size_t> screen = std::nullopt;       ///< its number; nil: the current screen
 };
 
-/// The host shows an earlier screen again, as it is.
+/// The host shows another existing screen, unchanged.
 struct ShowScreen {
   std::size_t screen;
 };
 
-/// The next call that has left the screens, and that no step has named yet, is this one.
+/// Compares the next call of a callback with an expected one. The calls are compared in their order,
+/// each once.
 struct ExpectCall {
   std::string call;  ///< as `recording::callText` writes it
 };

@@ -18,7 +18,7 @@ using documents::JsonKind;
 using documents::JsonReader;
 using enum documents::Presence;
 
-/// Everything a step may say. Which of it belongs together is known when all of it has been read.
+/// The keys of every kind of step. Whether they may stand together is checked when all are read.
 struct Said {
   std::optional<Step> press;
   std::optional<std::string> select, type, submit, text;
@@ -50,7 +50,7 @@ Step readPress(JsonReader& in) {
   return PressTitle{*std::move(title), index};
 }
 
-/// The one key that says what the step does.
+/// The one key that names the action of the step.
 std::string_view readVerb(const JsonReader& in, const Said& said) {
   const std::array<std::pair<std::string_view, bool>, 7> verbs{{
       {"press", said.press.has_value()},
@@ -74,7 +74,7 @@ std::string_view readVerb(const JsonReader& in, const Said& said) {
   return given;
 }
 
-/// `key` belongs to steps of `owner` and to no others.
+/// Checks that `key` is given for the action `owner`, and for no other.
 void checkCompanion(const JsonReader& in, std::string_view key, bool isGiven,
                     std::string_view owner, std::string_view verb) {
   if (verb == owner && !isGiven) in.fail("the key " + inQuotes(key), "none");
@@ -83,7 +83,8 @@ void checkCompanion(const JsonReader& in, std::string_view key, bool isGiven,
   }
 }
 
-/// A result may be shown on a screen more than there are; a screen is shown again when it is there.
+/// Checks the number of a screen: a result may be shown on an existing screen or on the next new one,
+/// and only an existing screen can be shown again. Counts a new screen.
 void checkScreen(const JsonReader& in, const Said& said, std::size_t& screenCount) {
   if (!said.screen) return;
   const std::size_t last = said.result ? screenCount : screenCount - 1;

@@ -16,7 +16,7 @@ gi.require_version("Atspi", "2.0")
 warnings.simplefilter("ignore", DeprecationWarning)
 from gi.repository import Atspi  # noqa: E402
 
-LONGEST = 300  # seconds for one walk; what a longer one would come by counts as missing
+LONGEST = 300  # seconds for one walk; elements that it has not reached by then count as missing
 
 
 class Screen:

@@ -5,9 +5,9 @@ from candidates import BIN, OUT, output_of
 
 COUNTED = {"scan": "countedScan", "equality": "countedEquality", "resolve": "countedResolve"}
 
-# The counts when they were last recorded, with g++ 12.2 at -O2 on x86-64. A count is the same run
-# for run, so a difference beyond TOLERANCE is a change of the code, for the worse or the better (or
-# of the compiler): find out which, and then record the new count here.
+# The counts when they were last recorded, with g++ 12.2 at -O2 on x86-64. A count is the same in every
+# run, so a difference beyond TOLERANCE comes from a change of the code or of the compiler: find the
+# cause, and then record the new count here.
 RECORDED = {"scan": 23.016, "equality": 292.391, "resolve": 2853.2}
 TOLERANCE = 0.02
 

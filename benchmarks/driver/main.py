@@ -147,7 +147,7 @@ def main():
     file = QUICK if wanted.quick else FULL
     for part in parts(wanted.quick):
         part(results)
-        results.write(file)  # after each, so that a part that fails takes no other with it
+        results.write(file)  # after each part, so that a part that fails loses no earlier figures
     report(results)
     say(f"took {time.monotonic() - started:.0f} s; every figure is in {file.relative_to(ROOT)}"
         + (", the last full run still in " + FULL.name if wanted.quick and FULL.exists() else ""))

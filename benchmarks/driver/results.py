@@ -16,7 +16,7 @@ class Results:
         return statistics.median(values) if values else None
 
     def most(self, candidate, size, measure):
-        """The worst count of all runs: a median would hide three bad ones of seven."""
+        """The highest count of all runs: a median would hide three bad runs of seven."""
         values = self.runs.get((candidate, size, measure, 0))
         return int(max(values)) if values else None
 

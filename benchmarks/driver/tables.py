@@ -65,7 +65,7 @@ def targets_table(results):
         verdict = "" if value is None or most is None else "met" if value <= most else "MISSED"
         lines.append([what, against, "" if most is None else ratio(most), ratio(value), verdict])
     for what, recorded, change in changes(results):
-        # Fewer instructions are flagged, too: the recorded count is then outdated.
+        # Fewer instructions get a mark too, because the recorded count is then outdated.
         verdict = "" if change is None else "met" if abs(change) <= TOLERANCE else "MISSED"
         lines.append([what, f"those recorded, {number(recorded)}", f"±{100 * TOLERANCE:.0f} %",
                       ratio(None) if change is None else f"{100 * change:+.1f} %", verdict])

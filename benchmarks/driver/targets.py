@@ -1,5 +1,5 @@
-"""The targets: a ratio of two medians of one interleaved run, and the most it may be (or nothing,
-where a ratio is reported and no target set)."""
+"""The targets: a ratio of two medians of one interleaved run, and its maximum (None where the ratio is
+only reported)."""
 from candidates import WITH_STRAY
 from instructions import RECORDED
 
@@ -85,8 +85,8 @@ def rows(results):
                2.0 if measure == "saved" else None,
                ratio(("vemra-desk", 100_000, f"{measure}.hot"), ("vemra-desk", 100_000, "bare.hot")))
     share = results.median("vemra", 10_000, "own share")
-    # Warm compared with warm: a cold scroll area pays for fonts and style that our warm frame has
-    # behind it, and would make any frame look small.
+    # Compare warm with warm: a cold scroll area also loads fonts and the style, so our warm frame would
+    # look small beside it.
     for measure, when, most in (("firstFrame.hot", "warm", 0.3),
                                 ("firstFrame.first", "the first in its process", None)):
         frame = ratio(("vemra", 10_000, "firstFrame.hot"), ("empty-scroll-area", 100, measure))

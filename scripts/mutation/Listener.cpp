@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-// Linked into every test program of the build that `scripts/mutate` makes: tells the switch, and the
-// programs that a test starts, which test is running.
+// Linked into every test program of the build that `scripts/mutate` makes. Passes the name of the running
+// test to the switch, and to the programs that the test starts.
 namespace {
 
 class Listener : public testing::EmptyTestEventListener {

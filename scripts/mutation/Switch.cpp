@@ -43,7 +43,7 @@ bool note(std::uint32_t number) {
   }
 }
 
-/// Writes a line, also while a test limits how long files may become.
+/// Writes a line, also while a test limits the size of files.
 bool writeDown(std::string_view line) {
   const auto write = [&line] {
     if (const ssize_t count = ::write(file, line.data(), line.size()); count > 0) {
@@ -67,7 +67,7 @@ bool slow(std::uint32_t number) {
   if (active.load() == undecided) begin();
   if (active.load() != recording) return active.load() == number;
   if (note(number)) {
-    // One write a line: a test that ends its process, or a program that it starts, loses nothing.
+    // One write for each line, so that no line is lost when a test ends its process.
     std::array<char, 600> line{};
     const int length = std::snprintf(line.data(), line.size(), "%08x %s\n", number, test.data());
     if (!writeDown({line.data(), static_cast<std::size_t>(length)})) std::abort();

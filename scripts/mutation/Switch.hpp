@@ -4,20 +4,20 @@
 #include <cstdint>
 #include <type_traits>
 
-/// Included by the sources that `scripts/mutate` has changed, and by nothing else. Such a source holds
-/// all its mutants beside its own text; which of them runs is decided when the program runs.
+/// Included only by the sources that `scripts/mutate` has changed. Such a source contains all its mutants
+/// beside its own text; the environment decides at run time which of them runs.
 namespace vemra_mutants {
 
-/// The mutant that is on, `undecided` before the first question, `recording` while reached ones are
-/// written down.
+/// The mutant that is on; `undecided` before the first call of `on`; `recording` while the reached
+/// mutants are recorded.
 inline constexpr std::uint64_t undecided = std::uint64_t{1} << 33;
 inline constexpr std::uint64_t recording = std::uint64_t{1} << 34;
 extern std::atomic<std::uint64_t> active;
 
-/// Answers what `on` cannot: reads the environment, or writes down that `number` was reached.
+/// The slow path of `on`: reads the environment, or records that `number` was reached.
 bool slow(std::uint32_t number);
 
-/// Begins a new account of what is reached. \param test its name, copied
+/// Starts a new test: mutants reached from now on are recorded for it. \param test its name, copied
 void beginTest(const char* test);
 
 /// Whether the mutant `number` is the one of this run (VEMRA_MUTANT in the environment, in hexadecimal).

@@ -1,4 +1,4 @@
-"""scripts/mutate: see there."""
+"""The program behind scripts/mutate, which describes it."""
 import argparse
 import concurrent.futures
 import json
@@ -116,7 +116,7 @@ def place(mutant):
 
 
 def verdict(copy, mutant, runnable):
-    """What became of a mutant, and what killed it: ("killed", "SomeTest.name")."""
+    """The verdict on a mutant, and the test that killed it: ("killed", "SomeTest.name")."""
     if mutant.id in copy.refused:
         return "does not compile", ""
     return programs.attempt(mutant, runnable)

@@ -20,7 +20,7 @@ for number in (152, 153, 154, 155, 604):
     if number >= len(Kind._kinds) or Kind._kinds[number] is None:
         Kind(number)
 VARIABLES = {Kind.VAR_DECL, Kind.FIELD_DECL, Kind.PARM_DECL}
-# What these hold is decided by the compiler, or names a type.
+# Their content is evaluated by the compiler, or names a type.
 NOT_ENTERED = {Kind.STATIC_ASSERT, Kind.ENUM_DECL, Kind.TYPEDEF_DECL, Kind.TYPE_ALIAS_DECL,
                Kind.TYPE_ALIAS_TEMPLATE_DECL, Kind.TEMPLATE_TYPE_PARAMETER,
                Kind.TEMPLATE_NON_TYPE_PARAMETER, Kind.from_id(153), Kind.from_id(154), Kind.from_id(604),
@@ -124,14 +124,14 @@ class Finder:
     # What the rules add
 
     def plain(self, start, end):
-        """Whether a text is there and has no macro in it."""
+        """Whether the range has a text, and no macro in it."""
         return end > start and not MACRO.search(self.text, start, end)
 
     def add(self, form, start, end, text, change, kind):
         if form != "insertion" and not self.plain(start, end):
             return
         if form == "expression" and "co_await" in self.text[start:end]:
-            return  # g++ 12 does not get a co_await within a conditional expression right
+            return  # g++ 12 compiles a co_await within a conditional expression wrongly
         if (form, start, end, text) in self.seen:
             return
         self.seen.add((form, start, end, text))
@@ -153,7 +153,7 @@ class Finder:
 
 
 def read(path):
-    """A file's text with one character a byte, because libclang counts bytes."""
+    """A file's text with one character for each byte, because libclang counts bytes."""
     with open(path, "rb") as source:
         return source.read().decode("latin-1")
 

@@ -1,4 +1,4 @@
-"""The test programs of the build: what reaches which mutant, and what a mutant does to them."""
+"""The test programs of the build: which tests reach a mutant, and whether they fail with it."""
 import collections
 import contextlib
 import dataclasses
@@ -160,7 +160,7 @@ def distance(file, folder):
 
 
 def run_tests(program, mutant, tests):
-    """Runs tests of a program (None: all) with a mutant; what killed it, or None."""
+    """Runs tests of a program (None: all) with a mutant; returns the test that killed it, or None."""
     seconds = sum(program.seconds[t] for t in (tests or program.seconds))
     chosen = ":".join(tests) if tests else "*"
     if len(chosen) > LONGEST_FILTER:
@@ -175,7 +175,7 @@ def run_tests(program, mutant, tests):
             errors="replace", start_new_session=True, preexec_fn=lambda: limit(processor),
             env=confined(folder, program, {"VEMRA_MUTANT": mutant.id}))
         try:
-            # The machine may be busy with other things: the time of the processor is what is limited.
+            # Limit the processor time, because the machine may be busy with other programs.
             output, _ = process.communicate(timeout=60 + 30 * seconds)
         except subprocess.TimeoutExpired:
             end(process)

@@ -16,11 +16,11 @@ NEUTRAL = {"&&": "true", "||": "false"}
 LOOPS = {Kind.FOR_STMT, Kind.WHILE_STMT, Kind.DO_STMT, Kind.CXX_FOR_RANGE_STMT}
 INTEGER = re.compile(r"(0[xX][0-9a-fA-F']+|0[bB][01']+|[0-9][0-9']*)(([uU]?([lL]{0,2}|[zZ]))|[lL]{1,2}[uU])$")
 NUMBER = re.compile(r"[0-9][0-9'.eE+-]*[fFlL]?$")
-# A result that is what an empty pair of braces gives anyway.
+# Results that are equal to an empty pair of braces.
 EMPTY = {"{}", "nullptr", "std::nullopt", '""', "0", "false"}
-# What follows the last statement of the last case.
+# The text after the last statement of the last case.
 LAST_CASE = re.compile(r"\s*\}(?!\s*(case|default)\b)")
-# Calls that make later ones faster and change nothing else.
+# Calls that only make later calls faster.
 SPEED_ONLY = re.compile(r"[\w.>\[\]()-]*(\.|->)(reserve|shrink_to_fit)\(")
 
 
@@ -157,7 +157,7 @@ def binary(finder, cursor, token, at, left, right):
 
 
 def condition(finder, cursor, values):
-    """A condition that is decided before it is looked at."""
+    """A condition with a constant value."""
     start, end = finder.span(cursor)
     if finder.text[start:end] in ("true", "false"):
         return

@@ -124,8 +124,8 @@ class Tree:
     # The build
 
     def choose(self, chosen):
-        """Has these mutants compiled, and those that are compiled already: to leave one out means to compile
-        its source again. The others of a sample's folder would cost much and serve nothing."""
+        """Compiles these mutants, and keeps those that are compiled already: leaving one out would compile its
+        source again. Other mutants of a sample's folder are not compiled."""
         self.compiled |= {mutant.id for mutant in chosen}
         replace(self.compiled_file, json.dumps(sorted(self.compiled), indent=0).encode())
 

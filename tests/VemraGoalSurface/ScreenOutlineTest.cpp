@@ -49,14 +49,14 @@ class ScreenOutline : public ::testing::Test {
 };
 
 TEST_F(ScreenOutline, WithoutAnyEvidence) {
-  expectOutline(Screen(viewOf(Result{}, calls_)), "nothing-known");
+  expectOutline(Screen(viewOf(Result{}, calls_)), "without-evidence");
 }
 
-TEST_F(ScreenOutline, WithEvidenceButNoPeople) {
+TEST_F(ScreenOutline, WithEvidenceAndNoPeople) {
   Result result = ordinaryResult();
   result.people = {};
   result.paths = {};
-  expectOutline(Screen(viewOf(result, calls_)), "evidence-but-nobody");
+  expectOutline(Screen(viewOf(result, calls_)), "without-people");
 }
 
 TEST_F(ScreenOutline, FullResult) {

@@ -26,7 +26,7 @@ void checkRecording(const commandline::CommandLine& line, const Request& request
     throw line.mistake("--record: only a window is recorded");
   }
   if (request.recording->empty() || *request.recording == "-") {
-    throw line.mistake("--record: a recording wants a file");
+    throw line.mistake("--record: a recording needs a file");
   }
 }
 

@@ -16,7 +16,7 @@ namespace {
 constexpr int pictureWidth = 720;
 
 void drawPicture(ui::ViewGraph& graph, const std::string& path) {
-  // No display is needed, and one that is there is left alone.
+  // The platform "offscreen" needs no display, and does not use an existing one.
   std::array<char, 14> program{"vemra-inspect"};
   std::array<char, 10> option{"-platform"};
   std::array<char, 10> platform{"offscreen"};

@@ -121,9 +121,11 @@ TEST_F(RecordedCaseTest, WrongStepsOfARecordingAreInputErrors) {
        "/steps/0/call/callback: expected one of onOpenPerson, onShowEvidence, "
        "onFocusPathInStarfold, onRecordOutcome; found \"onClose\""},
       {R"({"call": {"callback": "onOpenPerson", "argument": {}}})",
-       "/steps/0/call/argument: expected the argument of onOpenPerson; found another one"},
+       "/steps/0/call/argument: expected the argument of onOpenPerson; found the argument of "
+       "another callback"},
       {R"({"call": {"callback": "onRecordOutcome", "argument": "a"}})",
-       "/steps/0/call/argument: expected the argument of onRecordOutcome; found another one"},
+       "/steps/0/call/argument: expected the argument of onRecordOutcome; found the argument of "
+       "another callback"},
   };
   for (const auto& [step, message] : cases) EXPECT_EQ(errorOf(step), "case.json: " + message);
 }

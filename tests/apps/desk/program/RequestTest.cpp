@@ -46,7 +46,7 @@ TEST(RequestTest, OnlyAWindowIsRecordedIntoAFileAndOnlyARecordingIsMasked) {
   EXPECT_THAT(diagnosticOf({"--record", "case.json", "goals"}),
               HasSubstr("--record: only a window is recorded"));
   for (const char* none : {"", "-"}) {
-    EXPECT_THAT(diagnosticOf({"--record", none}), HasSubstr("--record: a recording wants a file"));
+    EXPECT_THAT(diagnosticOf({"--record", none}), HasSubstr("--record: a recording needs a file"));
   }
 }
 
