@@ -26,7 +26,6 @@ class AccessibleElement : public AccessibleObject, public QAccessibleActionInter
   void doAction(const QString& name) override;
   QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
-  AccessibleRow* row() const { return row_; }
   /// The element's current node; nullptr when the element is gone.
   const ui::Node* node() const;
 

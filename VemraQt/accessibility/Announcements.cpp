@@ -135,13 +135,6 @@ void Announcements::compareName(AccessibleRow& row, std::vector<Change>& changes
   if (row.updateReportedName()) changes.push_back({row.id(), Change::What::name});
 }
 
-bool Announcements::isShowing(AccessibleObject& object) {
-  auto* element = dynamic_cast<AccessibleElement*>(&object);
-  // Skip the elements of a row outside the viewport: they cannot be visible, and may have no nodes.
-  if (element && element->row() && !tree_.isInViewport(element->row()->rect())) return false;
-  return tree_.isInViewport(object.rect());
-}
-
 /// Adds a change for each object that is now visible but was last reported as hidden, or the other
 /// way round.
 void Announcements::compareShowing(std::vector<Change>& changes) {
@@ -149,13 +142,13 @@ void Announcements::compareShowing(std::vector<Change>& changes) {
   std::erase_if(tree_.shownObjects(), [&](QAccessible::Id id) {
     AccessibleObject* object = AccessibleObject::living(id);
     if (!object) return true;
-    if (isShowing(*object)) return false;
+    if (tree_.isInViewport(object->rect())) return false;
     object->showing = Reported::no;
     changes.push_back({id, Change::What::hidden});
     return true;
   });
   for (AccessibleObject* object : tree_.knownNearViewport()) {
-    if (object->showing != Reported::no || !isShowing(*object)) continue;
+    if (object->showing != Reported::no || !tree_.isInViewport(object->rect())) continue;
     tree_.noteShowing(*object, true);
     changes.push_back({object->id(), Change::What::shown});
   }

@@ -54,7 +54,6 @@ class Announcements final : public PageObserver {
   void compare(ElementSlot& slot, std::vector<Change>& changes) const;
   void compareName(AccessibleRow& row, std::vector<Change>& changes) const;
   void compareShowing(std::vector<Change>& changes);
-  bool isShowing(AccessibleObject& object);
   ElementSlot* knownSlot(ui::NodeID node);
 
   AccessibleTree& tree_;

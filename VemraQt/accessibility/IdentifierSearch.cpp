@@ -37,24 +37,21 @@ bool IdentifierSearch::scrollIn(QAccessible::Id id) {
   return true;
 }
 
-QList<QAccessible::Id> IdentifierSearch::find(const QString& sought, int most) {
+QList<QAccessible::Id> IdentifierSearch::find(const QString& sought) {
   if (sought.isEmpty()) return {};  // an element without an identifier never matches
   // A host may keep a page that it hides, for instance behind another page with the same elements.
   if (tree_.area().isHidden()) return {};
   const std::string identifier = sought.toStdString();
   // Drop the notes of lists whose rows have changed.
   std::erase_if(noted_, [&](const auto& of) { return !notedIdentifiers(of.first); });
-  const auto found = findIn(Search::rowsNamedInIt, identifier, most);
-  return found.isEmpty() ? findIn(Search::everyRow, identifier, most) : found;
+  const auto found = findIn(Search::rowsNamedInIt, identifier);
+  return found.isEmpty() ? findIn(Search::everyRow, identifier) : found;
 }
 
-QList<QAccessible::Id> IdentifierSearch::findIn(Search search, const std::string& identifier,
-                                                int most) {
+QList<QAccessible::Id> IdentifierSearch::findIn(Search search, const std::string& identifier) {
   QList<QAccessible::Id> found;
-  const auto enough = [&] { return most > 0 && found.size() >= most; };
   const std::vector<PageSegment> segments = tree_.segments();  // a copy: it may change below
   for (const PageSegment& segment : segments) {
-    if (enough()) break;
     if (!segment.list) {
       std::vector<ElementSlot>& elements = tree_.elementsOf(nullptr);
       if (segment.slot >= elements.size()) break;
@@ -66,7 +63,6 @@ QList<QAccessible::Id> IdentifierSearch::findIn(Search search, const std::string
       continue;
     }
     for (const std::size_t index : rowsToSearch(segment.list, identifier, search)) {
-      if (enough()) break;
       findInRow(segment.list, index, identifier, found);
     }
   }

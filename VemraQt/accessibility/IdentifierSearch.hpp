@@ -29,14 +29,14 @@ class IdentifierSearch final : public atspi::IdentifierSource {
   IdentifierSearch& operator=(const IdentifierSearch&) = delete;
 
   QString identifier(QAccessible::Id element) const override;
-  QList<QAccessible::Id> find(const QString& identifier, int most) override;
+  QList<QAccessible::Id> find(const QString& identifier) override;
   bool scrollIn(QAccessible::Id element) override;
 
  private:
   /// The rows in which to search for an identifier.
   enum class Search { rowsNamedInIt, everyRow };
 
-  QList<QAccessible::Id> findIn(Search search, const std::string& identifier, int most);
+  QList<QAccessible::Id> findIn(Search search, const std::string& identifier);
   std::vector<std::size_t> rowsToSearch(ui::NodeID list, const std::string& identifier,
                                         Search search);
   std::vector<std::size_t> rowsWithState(ui::NodeID list);

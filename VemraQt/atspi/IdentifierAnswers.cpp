@@ -167,7 +167,7 @@ bool answerMatches(const QDBusMessage& message, const QDBusConnection& connectio
   const int most = std::max(0, arguments[2].toInt());
   QList<BusReference> found;
   for (IdentifierSource* source : identifierSources()) {
-    for (const QAccessible::Id element : source->find(identifier, 0)) {
+    for (const QAccessible::Id element : source->find(identifier)) {
       if (within && !isWithin(element, within)) continue;
       if (!most || found.size() < most) found.push_back(busReference(connection, element));
     }

@@ -16,9 +16,9 @@ class IdentifierSource {
   /// The identifier of an element of this tree, byte for byte; "" when it has none; a null string
   /// when the id is not of this tree.
   virtual QString identifier(QAccessible::Id element) const = 0;
-  /// Finds the elements with that identifier, in tree order, at most `most` of them (0: all). Does
-  /// not walk the accessibility tree: it costs only the source's own look-up.
-  virtual QList<QAccessible::Id> find(const QString& identifier, int most) = 0;
+  /// Finds the elements with that identifier, in tree order. Does not walk the accessibility tree:
+  /// it costs only the source's own look-up.
+  virtual QList<QAccessible::Id> find(const QString& identifier) = 0;
   /// Scrolls the element into view; false when the element is not in this tree, or gone.
   virtual bool scrollIn(QAccessible::Id element) = 0;
 

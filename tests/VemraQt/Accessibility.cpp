@@ -12,7 +12,7 @@ QAccessibleInterface& accessiblePage(const WindowHost& host) {
 }
 
 QAccessibleInterface* accessible(const WindowHost& host, const std::string& identifier) {
-  const auto found = identifiersOf(host.widget).find(QString::fromStdString(identifier), 1);
+  const auto found = identifiersOf(host.widget).find(QString::fromStdString(identifier));
   return found.isEmpty() ? nullptr : QAccessible::accessibleInterface(found.front());
 }
 

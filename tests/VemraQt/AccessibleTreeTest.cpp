@@ -272,9 +272,9 @@ TEST(AccessibleTree, FindsAllElementsWithEqualIdentifiers) {
   people[2].personRef = "p0";
   result.people = people;
   WindowHost host(result);
-  const auto found = identifiersOf(host.widget).find("vemra.goal.person.p0.outcome.start", 0);
+  const auto found = identifiersOf(host.widget).find("vemra.goal.person.p0.outcome.start");
   EXPECT_EQ(found.size(), 2);
-  EXPECT_EQ(identifiersOf(host.widget).find("nobody", 0).size(), 0);
+  EXPECT_EQ(identifiersOf(host.widget).find("nobody").size(), 0);
 }
 
 TEST(AccessibleTree, FindingOneElementAmongManyDescribesFewRows) {
@@ -347,10 +347,10 @@ TEST(AccessibleTree, AnIdentifierNeedNotContainItsRowsId) {
   qt::IdentifierSearch& identifiers = identifiersOf(widget);
   for (int again = 0; again < 2; ++again) {
     for (const char* text : {"text 499", "text 0"}) {
-      const auto found = identifiers.find(QString::fromLatin1(text), 0);
+      const auto found = identifiers.find(QString::fromLatin1(text));
       ASSERT_EQ(found.size(), 1) << text;
       EXPECT_EQ(identifier(*QAccessible::accessibleInterface(found.front())), text);
     }
-    EXPECT_TRUE(identifiers.find("text 500", 0).isEmpty());
+    EXPECT_TRUE(identifiers.find("text 500").isEmpty());
   }
 }

@@ -72,7 +72,7 @@ class ChoiceBoxTest : public ::testing::Test {
   }
   static QMenu* menu() { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); }
   QAccessibleInterface& element() const {
-    return *QAccessible::accessibleInterface(identifiersOf(widget).find("picker", 1).front());
+    return *QAccessible::accessibleInterface(identifiersOf(widget).find("picker").front());
   }
 
   int selected = 1;

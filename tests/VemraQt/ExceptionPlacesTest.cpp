@@ -61,7 +61,7 @@ class ExceptionPlaces : public PageException {
     return *widget.viewport()->findChild<Widget*>();
   }
   QAccessibleInterface& element(const char* identifier) const {
-    return *QAccessible::accessibleInterface(identifiersOf(widget).find(identifier, 1).front());
+    return *QAccessible::accessibleInterface(identifiersOf(widget).find(identifier).front());
   }
 
   int chosen = 0;
@@ -96,7 +96,7 @@ TEST_F(ExceptionPlaces, ANumberOfRowsThatCannotBeReadAgainKeepsThePreviousNumber
     faultsOf([&] { widget.setRoot(rows("a", {.count = after})); });
     faultsOf([&] {
       page.childCount();
-      identifiersOf(widget).find("a1", 0);
+      identifiersOf(widget).find("a1");
     });
     reads = 1000;
     expectThePageGoesOn();

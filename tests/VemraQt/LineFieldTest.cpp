@@ -53,7 +53,7 @@ class LineFieldTest : public ::testing::Test {
 
   qt::LineField& edit() const { return *widget.viewport()->findChild<qt::LineField*>("field"); }
   QAccessibleInterface& element() const {
-    return *QAccessible::accessibleInterface(identifiersOf(widget).find("field", 1).front());
+    return *QAccessible::accessibleInterface(identifiersOf(widget).find("field").front());
   }
 
   std::string text;

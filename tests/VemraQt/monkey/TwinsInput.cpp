@@ -2,6 +2,7 @@
 
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
 #include "VemraQt/accessibility/AccessibleElement.hpp"
+#include "VemraQt/accessibility/AccessibleRow.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
@@ -10,7 +11,6 @@
 #include <algorithm>
 #include <cctype>
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QMenu>
 #include <QScrollBar>
@@ -239,10 +239,10 @@ void Twins::pressHeld(const Step& step) {
     return;  // it must have no effect
   }
   if (node->element.kind() != ElementKind::button) return;
-  const Place place{
-      element->row() ? std::optional(element->row()->index) : std::nullopt,
-      static_cast<std::size_t>(element->parent()->indexOfChild(element)) -
-          (element->row() || element->parent()->indexOfChild(element) < 2 ? 0 : rowCount())};
+  const auto* row = dynamic_cast<const qt::AccessibleRow*>(element->parent());
+  const Place place{row ? std::optional(row->index) : std::nullopt,
+                    static_cast<std::size_t>(element->parent()->indexOfChild(element)) -
+                        (row || element->parent()->indexOfChild(element) < 2 ? 0 : rowCount())};
   const Element* its = at(place);
   if (!its || !(its->element == node->element)) {
     throw Disagreement("a held object stands for another element");
