@@ -1,6 +1,5 @@
 #include "VemraGoalEngine/GoalOutcomeValue.hpp"
 
-#include <functional>
 #include <unordered_set>
 
 #include <gtest/gtest.h>

@@ -67,12 +67,6 @@ TEST_F(WholeScreen, HasExactlyTheseIdentifiersWithoutOpenEditors) {
                   "vemra.goal.path.see-in-starfold", "vemra.goal.path.outcome.correct"));
 }
 
-TEST_F(WholeScreen, ACopyOfTheViewShowsTheSame) {
-  const GoalResultView view = viewOf(ordinaryResult(), calls_);
-  const GoalResultView copy = view;
-  EXPECT_EQ(shape(Screen(copy)), shape(Screen(view)));
-}
-
 TEST_F(WholeScreen, HandingInAnEqualSnapshotChangesNothing) {
   Screen screen(viewOf(ordinaryResult(), calls_));
   const std::size_t patches = screen.tree().patchCount();

@@ -13,7 +13,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using testing::Screen;
-using ::testing::UnorderedElementsAreArray;
 
 /// A strings table made from a function; it logs the keys that are looked up.
 class Table final : public ui::StringsTable {
@@ -95,18 +94,6 @@ TEST_F(Localization, NeverTranslatesGapsButTranslatesTheMissingEvidence) {
               ElementsAre("", "[People worth considering]", "No relevant people found yet.",
                           "[Supported path]", "This goal doesn't name someone to find a path to.",
                           "[No source evidence yet.]"));
-}
-
-TEST_F(Localization, LooksUpItsOwnKeysOnly) {
-  auto table = everything();
-  Screen screen(viewOf(everyFace(), calls_), withStrings(table));
-  screen.press("vemra.goal.path.outcome.start");
-  screen.show(viewOf(Result{}, calls_));
-  EXPECT_THAT(table->asked(),
-              UnorderedElementsAreArray({"People worth considering", "Show source",
-                                         "Record outcome", "\u00B7 corrected", "Correct", "Outcome",
-                                         "Note (optional)", "Save", "Cancel", "Supported path",
-                                         "See in Starfold", "No source evidence yet."}));
 }
 
 TEST_F(Localization, ShowsTheKeyWithoutATranslation) {

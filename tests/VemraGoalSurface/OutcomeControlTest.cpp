@@ -43,19 +43,6 @@ TEST_F(OutcomeControl, SpellsTheMarkerWithAMiddleDot) {
             "\xC2\xB7 corrected");
 }
 
-TEST_F(OutcomeControl, LabelsEveryValue) {
-  const std::vector<std::pair<Value, std::string>> labels{
-      {Value::reachedOut, "Reached out"},        {Value::invited, "Invited"},
-      {Value::introduced, "Introduced"},         {Value::helped, "Helped"},
-      {Value::wasUseful, "Was useful"},          {Value::notAFit, "Not a fit"},
-      {Value::noActionTaken, "No action taken"}, {Value::somethingElse, "Something else"},
-  };
-  for (const auto& [value, label] : labels) {
-    EXPECT_EQ(face(recorded(value)).at(2),
-              "    Text \"" + label + "\" .font(caption) .foregroundStyle(secondary)");
-  }
-}
-
 TEST_F(OutcomeControl, ShowsNoSecondLineForANoteThatIsNilOrEmpty) {
   EXPECT_EQ(face(recorded(Value::helped, std::nullopt)).size(), 4u);
   EXPECT_EQ(face(recorded(Value::helped, "")).size(), 4u);
@@ -78,24 +65,6 @@ TEST_F(OutcomeControl, UsesTheIdentifiersOfItsSubject) {
   EXPECT_TRUE(screen.has("vemra.goal.person.p1.outcome.correct"));
 }
 
-TEST_F(OutcomeControl, OpensOnWasUsefulWithAnEmptyNote) {
-  Screen screen = screenOf(result_);
-  screen.press(prefix + ".outcome.start");
-  EXPECT_EQ(screen.get(prefix + ".outcome.picker").element.selection()->name(), "wasUseful");
-  EXPECT_EQ(screen.get(prefix + ".outcome.note").element.text(), "");
-}
-
-TEST_F(OutcomeControl, OpensOnWasUsefulAlsoAfterACancelledChoice) {
-  Screen screen = screenOf(result_);
-  screen.press(prefix + ".outcome.start");
-  screen.select(prefix + ".outcome.picker", "notAFit");
-  screen.type(prefix + ".outcome.note", "no time");
-  screen.press(prefix + ".outcome.cancel");
-  screen.press(prefix + ".outcome.start");
-  EXPECT_EQ(screen.get(prefix + ".outcome.picker").element.selection()->name(), "wasUseful");
-  EXPECT_EQ(screen.get(prefix + ".outcome.note").element.text(), "");
-}
-
 TEST_F(OutcomeControl, ShowsTheEditorAndNoSummaryWhileEditing) {
   Screen screen = recorded(Value::notAFit, "too busy", "o0");
   screen.press(prefix + ".outcome.correct");
@@ -104,46 +73,6 @@ TEST_F(OutcomeControl, ShowsTheEditorAndNoSummaryWhileEditing) {
   EXPECT_FALSE(screen.has(prefix + ".outcome.correct"));
   EXPECT_FALSE(screen.has(prefix + ".outcome.corrected-marker"));
   EXPECT_FALSE(screen.has(testing::byText("too busy")));
-}
-
-TEST_F(OutcomeControl, ShowsTheEditorWhenAnOutcomeArrivesWhileEditing) {
-  Screen screen = screenOf(result_);
-  screen.press(prefix + ".outcome.start");
-  screen.show(viewOf(withOutcome(outcome("o1", SubjectKind::person, "p1", Value::helped)), calls_));
-  EXPECT_TRUE(screen.has(prefix + ".outcome.save"));
-  EXPECT_FALSE(screen.has(prefix + ".outcome.correct"));
-  screen.press(prefix + ".outcome.cancel");
-  EXPECT_EQ(face(screen).at(2), "    Text \"Helped\" .font(caption) .foregroundStyle(secondary)");
-}
-
-TEST_F(OutcomeControl, CorrectOpensOnTheOutcomeInForceAndCancelReturnsToItUnchanged) {
-  Screen screen = recorded(Value::notAFit, "too busy");
-  screen.press(prefix + ".outcome.correct");
-  EXPECT_EQ(screen.get(prefix + ".outcome.picker").element.selection()->name(), "notAFit");
-  EXPECT_EQ(screen.get(prefix + ".outcome.note").element.text(), "too busy");
-  const Lines summary = face(recorded(Value::notAFit, "too busy"));
-  screen.press(prefix + ".outcome.cancel");
-  EXPECT_EQ(face(screen), summary);
-  EXPECT_THAT(calls_.log, ElementsAre());
-}
-
-TEST_F(OutcomeControl, CorrectShowsTheNoteAsStored) {
-  for (const OptionalText& note : {OptionalText("  two \n"), OptionalText(""), OptionalText()}) {
-    Screen screen = recorded(Value::helped, note);
-    screen.press(prefix + ".outcome.correct");
-    EXPECT_EQ(screen.get(prefix + ".outcome.note").element.text(), note.value_or(""));
-  }
-}
-
-TEST_F(OutcomeControl, CorrectStartsFromTheOutcomeInForceAlsoAfterACancelledEdit) {
-  Screen screen = recorded(Value::helped, "met");
-  screen.press(prefix + ".outcome.correct");
-  screen.select(prefix + ".outcome.picker", "invited");
-  screen.type(prefix + ".outcome.note", "changed my mind");
-  screen.press(prefix + ".outcome.cancel");
-  screen.press(prefix + ".outcome.correct");
-  EXPECT_EQ(screen.get(prefix + ".outcome.picker").element.selection()->name(), "helped");
-  EXPECT_EQ(screen.get(prefix + ".outcome.note").element.text(), "met");
 }
 
 TEST_F(OutcomeControl, ShowsRecordOutcomeAfterSaveUntilASnapshotHasTheOutcome) {

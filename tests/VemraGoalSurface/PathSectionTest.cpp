@@ -49,12 +49,6 @@ TEST_F(PathSection, CallsTheHostWithTheWholeShownRecord) {
   EXPECT_EQ(calls_.focusedPaths.at(0).personRefs.back(), decomposed);
 }
 
-TEST_F(PathSection, KeepsTheDefaultButtonStyle) {
-  const Screen screen = screenOf({path({"p9"})});
-  EXPECT_EQ(screen.get("vemra.goal.path.see-in-starfold").element.buttonStyle(),
-            ui::ButtonStyle::automatic);
-}
-
 TEST_F(PathSection, ShowsTheLatestOutcomeOfThePathsLastPersonAndNoOther) {
   result_.outcomes = {
       outcome("o1", SubjectKind::path, "p9", Value::reachedOut),

@@ -126,23 +126,6 @@ TEST_F(PersonRow, ShowsTheStrongestPieceOfEvidence) {
   EXPECT_THAT(calls_.log, ElementsAre("evidence \"ev9\""));
 }
 
-TEST_F(PersonRow, GivesTheNameButtonNoIdentifierAndTheSourceButtonTheDefaultStyle) {
-  const Screen screen = screenOf({person("p1", "Ada", {"ev9"})});
-  EXPECT_EQ(screen.get(button("Ada")).element.accessibilityIdentifier(), "");
-  EXPECT_EQ(screen.get(button("Show source")).element.buttonStyle(), ui::ButtonStyle::automatic);
-}
-
-TEST_F(PersonRow, PutsTheReferenceIntoIdentifiersUnchanged) {
-  result_.outcomes = {outcome("o1", SubjectKind::person, "p1", Value::helped)};
-  for (const std::string& ref :
-       {std::string("a.b c"), decomposed, std::string("\"<&\n"), std::string(), std::string("💡")}) {
-    const Screen screen = screenOf({person(ref, "Ada", {"ev9"})});
-    EXPECT_TRUE(screen.has("vemra.goal.person." + ref + ".show-source")) << screen.outline();
-    EXPECT_TRUE(screen.has("vemra.goal.person." + ref + ".outcome.start")) << screen.outline();
-  }
-  EXPECT_TRUE(screenOf({person("p1")}).has("vemra.goal.person.p1.outcome.correct"));
-}
-
 TEST_F(PersonRow, GivesItsControlTheSubject) {
   result_.outcomes = {outcome("o1", SubjectKind::person, "p1", Value::helped)};
   const Screen screen = screenOf({person("p1", "Ada")});
@@ -151,24 +134,6 @@ TEST_F(PersonRow, GivesItsControlTheSubject) {
       ::testing::HasSubstr("GoalOutcomeRecordingControl subjectKind=\"person\" subjectRef=\"p1\" "
                            "effectiveOutcome=\"o1\" identifierPrefix=\"vemra.goal.person.p1\" "
                            "state={isEditing=false selectedValue=\"wasUseful\" noteText=\"\"}"));
-}
-
-TEST_F(PersonRow, ShowsOutcomesOfItsKindOnly) {
-  result_.outcomes = {outcome("o1", SubjectKind::person, "p1", Value::helped),
-                      outcome("o2", SubjectKind::path, "p1", Value::invited)};
-  const Screen screen = screenOf({person("p1", "Ada")});
-  EXPECT_TRUE(screen.has(testing::byText("Helped")));
-  EXPECT_FALSE(screen.has(testing::byText("Invited")));
-}
-
-TEST_F(PersonRow, ShowsTheLatestOutcomeOfThatPersonOnly) {
-  result_.outcomes = {outcome("o1", SubjectKind::person, "p1", Value::helped),
-                      outcome("o2", SubjectKind::person, "p1", Value::introduced),
-                      outcome("o3", SubjectKind::person, "p2", Value::invited)};
-  const Screen screen = screenOf({person("p1", "Ada")});
-  EXPECT_TRUE(screen.has(testing::byText("Introduced")));
-  EXPECT_FALSE(screen.has(testing::byText("Helped")));
-  EXPECT_FALSE(screen.has(testing::byText("Invited")));
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 /// Results to show, and a host that only logs its calls.

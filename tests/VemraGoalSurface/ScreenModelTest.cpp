@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <sstream>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace vemra::screentest {
 namespace {

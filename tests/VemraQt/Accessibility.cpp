@@ -3,6 +3,7 @@
 #include "VemraQt/accessibility/AccessibleObject.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 
+#include <map>
 #include <utility>
 
 namespace vemra::qttest {
@@ -53,38 +54,15 @@ void writeDown(QAccessibleEvent* event) {
   }
   QAccessibleInterface* about = event->accessibleInterface();
   const std::string whom = about ? name(*about) : "nothing";
-  switch (event->type()) {
-    case QAccessible::ObjectCreated:
-      announcements.push_back("created " + whom);
-      break;
-    case QAccessible::ObjectDestroyed:
-      announcements.push_back("destroyed " + whom);
-      break;
-    case QAccessible::Focus:
-      announcements.push_back("focus " + whom);
-      break;
-    case QAccessible::NameChanged:
-      announcements.push_back("name " + whom);
-      break;
-    case QAccessible::StateChanged:
-      announcements.push_back("state " + whom);
-      break;
-    case QAccessible::ValueChanged:
-      announcements.push_back("value " + whom);
-      break;
-    case QAccessible::ObjectShow:
-      announcements.push_back("shows " + whom);
-      break;
-    case QAccessible::ObjectHide:
-      announcements.push_back("hides " + whom);
-      break;
-    case QAccessible::TextInserted:
-    case QAccessible::TextUpdated:
-      announcements.push_back("typed in " + whom);
-      break;
-    default:
-      break;
-  }
+  static const std::map<QAccessible::Event, std::string> verbs{
+      {QAccessible::ObjectCreated, "created "}, {QAccessible::ObjectDestroyed, "destroyed "},
+      {QAccessible::Focus, "focus "},           {QAccessible::NameChanged, "name "},
+      {QAccessible::StateChanged, "state "},    {QAccessible::ValueChanged, "value "},
+      {QAccessible::ObjectShow, "shows "},      {QAccessible::ObjectHide, "hides "},
+      {QAccessible::TextInserted, "typed in "}, {QAccessible::TextUpdated, "typed in "},
+  };
+  const auto verb = verbs.find(event->type());
+  if (verb != verbs.end()) announcements.push_back(verb->second + whom);
 }
 
 }  // namespace

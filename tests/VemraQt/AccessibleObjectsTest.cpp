@@ -6,17 +6,16 @@
 #include "tests/VemraPlatform/ui/Sample.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
+#include "tests/VemraQt/ShownPage.hpp"
 
 #include <memory>
 #include <string>
-#include <vector>
 
 #include <QApplication>
 #include <QLabel>
 #include <QMainWindow>
 #include <QScrollBar>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace vemra;
 using namespace vemra::qttest;
@@ -35,16 +34,9 @@ struct Letter {
   friend const std::string& caseName(const Letter& letter) { return letter.value; }
 };
 
-class AccessibleObjectsTest : public ::testing::Test {
+class AccessibleObjectsTest : public ShownWidget {
  protected:
-  AccessibleObjectsTest() {
-    widget.setEnvironment({});
-    widget.resize(300, 400);
-    widget.setObjectName("the.page");
-    widget.show();
-    widget.activateWindow();
-    QApplication::setActiveWindow(&widget);
-  }
+  AccessibleObjectsTest() { widget.setObjectName("the.page"); }
 
   /// A text, a button, a picker and a field, whose actions change values that the test reads.
   ui::View controls(const std::string& prefix = "") {
@@ -72,7 +64,6 @@ class AccessibleObjectsTest : public ::testing::Test {
   }
 
   std::string done;
-  qt::ViewWidget widget;
 };
 
 }  // namespace

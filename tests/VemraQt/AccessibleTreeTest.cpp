@@ -1,37 +1,22 @@
 // One tree over the whole page: it contains every row and control, drawn or not, and all of them
 // act.
 
-#include "VemraQt/atspi/LaterQt.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QScrollBar>
-#include <QTest>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace vemra;
 using namespace vemra::qttest;
-using ::testing::Contains;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::Not;
 
 namespace {
 
 const std::string far = "vemra.goal.person.p4000";
-
-void erasePerson(WindowHost& host, std::size_t index) {
-  host.change([&](Result& result) {
-    std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
-    people.erase(people.begin() + static_cast<long>(index));
-    result.people = people;
-  });
-}
 
 /// The deletions that wait for the event loop's next turn.
 void letGo() {
@@ -126,22 +111,6 @@ TEST(AccessibleTree, RolesStatesAndValuesOfAnOpenEditor) {
   EXPECT_THAT(host.log, ElementsAre("record p1 somethingElse Hello nil"));
 }
 
-TEST(AccessibleTree, APickerChoosesAmongItsChildren) {
-  WindowHost host(resultWith(2));
-  host.press("vemra.goal.person.p1.outcome.start");
-  QAccessibleInterface& picker = *accessible(host, "vemra.goal.person.p1.outcome.picker");
-  auto& selection = dynamic_cast<qt::atspi::SelectionInterface&>(picker);
-  EXPECT_THAT(selection.selectedItems(), ElementsAre(picker.child(4)));
-  EXPECT_EQ(selection.selectedItemCount(), 1);
-  EXPECT_TRUE(selection.select(picker.child(2)));
-  EXPECT_TRUE(selection.isSelected(picker.child(2)));
-  EXPECT_FALSE(selection.isSelected(picker.child(4)));
-  EXPECT_EQ(picker.text(QAccessible::Value), "Introduced");
-  EXPECT_FALSE(selection.select(&picker)) << "it is no choice of its own";
-  EXPECT_FALSE(selection.unselect(picker.child(2)) || selection.selectAll() || selection.clear());
-  EXPECT_THAT(selection.selectedItems(), ElementsAre(picker.child(2)));
-}
-
 TEST(AccessibleTree, AnElementThatIsNotDrawnLacksOnlyShowingAndActs) {
   WindowHost host(resultWith(5000));
   QAccessibleInterface& source = *accessible(host, far + ".show-source");
@@ -206,24 +175,14 @@ TEST(AccessibleTree, FocusingScrollsIn) {
   EXPECT_TRUE(start.state().focused);
 }
 
-TEST(AccessibleTree, ADisabledControlRefuses) {
-  WindowHost host(resultWith(1));
-  host.press("vemra.goal.person.p0.outcome.start");
-  press(*accessible(host, "vemra.goal.person.p0.outcome.picker")->child(7));
-  QAccessibleInterface& save = *accessible(host, "vemra.goal.person.p0.outcome.save");
-  EXPECT_FALSE(save.state().focusable);
-  press(save);
-  EXPECT_THAT(host.log, IsEmpty());
-}
-
 TEST(AccessibleTree, AnObjectFollowsItsRow) {
   WindowHost host(resultWith(3000));
   QAccessibleInterface& page = accessiblePage(host);
   QAccessibleInterface* row = page.child(2 + 2000);
   QAccessibleInterface* start = accessible(host, "vemra.goal.person.p2000.outcome.start");
   const QAccessible::Id id = QAccessible::uniqueId(start);
-  erasePerson(host, 10);
-  erasePerson(host, 2500);
+  host.erasePerson(10);
+  host.erasePerson(2500);
   EXPECT_EQ(name(*row), "Person Number 2000");
   EXPECT_EQ(page.indexOfChild(row), 2 + 1999);
   EXPECT_EQ(page.child(2 + 1999), row);
@@ -242,7 +201,7 @@ TEST(AccessibleTree, ObjectsOfARemovedRowAnswerEmptyAndAreDeleted) {
     QAccessibleInterface* start = accessible(host, "vemra.goal.person." + ref + ".outcome.start");
     const QAccessible::Id rowID = QAccessible::uniqueId(row);
     const QAccessible::Id startID = QAccessible::uniqueId(start);
-    erasePerson(host, static_cast<std::size_t>(index));
+    host.erasePerson(static_cast<std::size_t>(index));
     EXPECT_EQ(name(*start), "");
     EXPECT_TRUE(start->state().invalid);
     EXPECT_EQ(accessiblePage(host).indexOfChild(row), -1);
@@ -264,93 +223,4 @@ TEST(AccessibleTree, EveryObjectIsDeletedWithTheWindow) {
     EXPECT_GT(ids.size(), 200u);
   }
   for (const QAccessible::Id id : ids) EXPECT_EQ(QAccessible::accessibleInterface(id), nullptr);
-}
-
-TEST(AccessibleTree, FindsAllElementsWithEqualIdentifiers) {
-  Result result = resultWith(3);
-  std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
-  people[2].personRef = "p0";
-  result.people = people;
-  WindowHost host(result);
-  const auto found = identifiersOf(host.widget).find("vemra.goal.person.p0.outcome.start");
-  EXPECT_EQ(found.size(), 2);
-  EXPECT_EQ(identifiersOf(host.widget).find("nobody").size(), 0);
-}
-
-TEST(AccessibleTree, FindingOneElementAmongManyDescribesFewRows) {
-  WindowHost host(resultWith(10'000));
-  const auto before = host.widget.graph().work().rows;
-  ASSERT_NE(accessible(host, "vemra.goal.person.p9999.outcome.start"), nullptr);
-  EXPECT_LE(host.widget.graph().work().rows - before, 5u);
-}
-
-TEST(AccessibleTree, AMissingIdentifierIsSearchedInEveryRowOnlyOnce) {
-  WindowHost host(resultWith(10'000));
-  const auto described = [&] {
-    return host.widget.graph().work().rows + host.widget.graph().work().bodies;
-  };
-  EXPECT_EQ(accessible(host, "nobody"), nullptr);
-  auto before = described();
-  EXPECT_EQ(accessible(host, "nobody"), nullptr);
-  EXPECT_EQ(accessible(host, "vemra.goal.person.p4000.outcome.picker"), nullptr);
-  EXPECT_EQ(accessible(host, ""), nullptr);
-  EXPECT_EQ(described(), before) << "every kind has been checked";
-  host.widget.verticalScrollBar()->setValue(100'000);
-  before = described();
-  EXPECT_EQ(accessible(host, "nobody else"), nullptr);
-  EXPECT_EQ(described(), before) << "scrolling brings no new rows";
-}
-
-TEST(AccessibleTree, AnIdentifierThatWasMissingIsFoundWhenItAppears) {
-  WindowHost host(resultWith(300));
-  const std::string near = "vemra.goal.person.p1", away = "vemra.goal.person.p200";
-  press(*accessible(host, near + ".outcome.start"));
-  EXPECT_EQ(accessible(host, away + ".outcome.picker"), nullptr);
-  EXPECT_NE(accessible(host, near + ".outcome.picker"), nullptr);
-  EXPECT_EQ(accessible(host, near + ".outcome.start"), nullptr);
-  press(*accessible(host, away + ".outcome.start"));
-  EXPECT_NE(accessible(host, away + ".outcome.picker"), nullptr);
-  EXPECT_EQ(accessible(host, away + ".outcome.start"), nullptr);
-  host.widget.verticalScrollBar()->setValue(0);
-  EXPECT_NE(accessible(host, away + ".outcome.picker"), nullptr) << "also while its row is away";
-  press(*accessible(host, away + ".outcome.cancel"));
-  press(*accessible(host, near + ".outcome.cancel"));
-  host.widget.verticalScrollBar()->setValue(host.widget.verticalScrollBar()->maximum() / 3);
-  for (const std::string& person : {near, away}) {
-    EXPECT_EQ(accessible(host, person + ".outcome.picker"), nullptr) << person;
-    EXPECT_NE(accessible(host, person + ".outcome.start"), nullptr) << person;
-  }
-  EXPECT_EQ(accessible(host, "vemra.goal.person.fresh.outcome.start"), nullptr);
-  host.change([](Result& result) {
-    std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
-    people[250].personRef = "fresh";
-    result.people = people;
-  });
-  EXPECT_NE(accessible(host, "vemra.goal.person.fresh.outcome.start"), nullptr);
-  EXPECT_EQ(accessible(host, "vemra.goal.person.p250.outcome.start"), nullptr);
-}
-
-TEST(AccessibleTree, AnIdentifierNeedNotContainItsRowsId) {
-  struct Item {
-    std::string id, text;
-  };
-  const auto items = std::make_shared<std::vector<Item>>();
-  for (int i = 0; i < 500; ++i) {
-    items->push_back({"row " + std::to_string(i), std::to_string(i)});
-  }
-  qt::ViewWidget widget;
-  widget.resize(320, 400);
-  widget.setRoot(ui::ForEach(std::span<const Item>(*items), &Item::id, [](const Item& item) {
-    return ui::Text(ui::verbatim(item.text)).accessibilityIdentifier("text " + item.text);
-  }));
-  widget.show();
-  qt::IdentifierSearch& identifiers = identifiersOf(widget);
-  for (int again = 0; again < 2; ++again) {
-    for (const char* text : {"text 499", "text 0"}) {
-      const auto found = identifiers.find(QString::fromLatin1(text));
-      ASSERT_EQ(found.size(), 1) << text;
-      EXPECT_EQ(identifier(*QAccessible::accessibleInterface(found.front())), text);
-    }
-    EXPECT_TRUE(identifiers.find("text 500").isEmpty());
-  }
 }

@@ -6,7 +6,6 @@
 
 #include <QTest>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace vemra;
 using namespace vemra::qttest;

@@ -12,7 +12,6 @@
 #include <QComboBox>
 #include <QMenu>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace vemra;
 using namespace vemra::qttest;

@@ -7,7 +7,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QTest>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace vemra;

@@ -6,7 +6,6 @@
 #include <QApplication>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QTest>
 #include <gtest/gtest.h>
 
 using namespace vemra;

@@ -166,11 +166,7 @@ TEST(Focus, AnEditorOpenedAtTheLowerEdgeIsScrolledIn) {
 TEST(Focus, ARemovedRowPassesTheFocusToTheRowAtItsPlace) {
   WindowHost host(resultWith(20));
   host.press("vemra.goal.person.p3.outcome.start");
-  host.change([](Result& result) {
-    std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
-    people.erase(people.begin() + 3);
-    result.people = people;
-  });
+  host.changePeople([](People& people) { people.erase(people.begin() + 3); });
   EXPECT_EQ(focusedName(host.widget), "Person Number 4");
   host.change([](Result& result) { result.people = {}; });
   EXPECT_EQ(focusedName(host.widget), "vemra.goal.path.see-in-starfold");

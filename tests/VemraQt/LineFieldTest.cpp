@@ -4,6 +4,7 @@
 #include "tests/VemraPlatform/ui/Sample.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
+#include "tests/VemraQt/ShownPage.hpp"
 
 #include <algorithm>
 #include <string>
@@ -13,7 +14,6 @@
 #include <QApplication>
 #include <QTest>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace vemra;
 using namespace vemra::qttest;
@@ -22,18 +22,13 @@ using ::testing::IsEmpty;
 
 namespace {
 
-class LineFieldTest : public ::testing::Test {
+class LineFieldTest : public ShownWidget {
  protected:
   LineFieldTest() {
-    widget.setEnvironment({});
-    widget.resize(300, 400);
     pageOf(widget).onDeliver = [this](ui::NodeID, const ui::Event& event) {
       if (const auto* edit = std::get_if<ui::EditText>(&event)) said.push_back(edit->text);
       if (std::holds_alternative<ui::Submit>(event)) said.emplace_back("submit");
     };
-    widget.show();
-    widget.activateWindow();
-    QApplication::setActiveWindow(&widget);
     show();
   }
 
@@ -59,7 +54,6 @@ class LineFieldTest : public ::testing::Test {
   std::string text;
   bool disabled = false;
   std::vector<std::string> said;
-  qt::ViewWidget widget;
 };
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include "tests/VemraQt/WindowHost.hpp"
 
 #include <cstddef>
-#include <string>
 #include <vector>
 
 #include <QScrollBar>

@@ -16,7 +16,6 @@
 #include <QLabel>
 #include <QScrollBar>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 /// \file
 /// A page whose description throws.

@@ -2,6 +2,7 @@
 
 #include "VemraPlatform/ui/View.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
+#include "tests/VemraQt/ShownPage.hpp"
 
 #include <deque>
 #include <functional>
@@ -12,7 +13,6 @@
 
 #include <QScrollBar>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace vemra;
 using namespace vemra::qttest;
@@ -22,14 +22,9 @@ using ::testing::IsEmpty;
 
 namespace {
 
-class PageObserverTest : public ::testing::Test, private qt::PageObserver {
+class PageObserverTest : public ShownWidget, private qt::PageObserver {
  protected:
-  PageObserverTest() {
-    widget.setEnvironment({});
-    widget.resize(300, 400);
-    widget.show();
-    pageOf(widget).setObserver(this);
-  }
+  PageObserverTest() { pageOf(widget).setObserver(this); }
   ~PageObserverTest() override {
     pageOf(widget).setObserver(&accessiblePageOf(widget).announcements());
   }
@@ -47,10 +42,6 @@ class PageObserverTest : public ::testing::Test, private qt::PageObserver {
  private:
   std::deque<std::vector<std::string>> shown_;
 
- protected:
-  qt::ViewWidget widget;
-
- private:
   void patched(const ui::Changes& changes) override {
     heard.emplace_back(changes.lists.empty() ? "patched" : "patched, with rows");
   }

@@ -1,8 +1,8 @@
 // The button's widget: the keys that press it, and the events that end a press.
 
-#include "VemraQt/ViewWidget.hpp"
 #include "VemraQt/widgets/PushButton.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
+#include "tests/VemraQt/ShownPage.hpp"
 
 #include <stdexcept>
 #include <string>
@@ -16,16 +16,8 @@ using namespace vemra;
 
 namespace {
 
-class PushButtonTest : public ::testing::Test {
+class PushButtonTest : public qttest::ShownWidget {
  protected:
-  PushButtonTest() {
-    widget.setEnvironment({});
-    widget.resize(300, 400);
-    widget.show();
-    widget.activateWindow();
-    QApplication::setActiveWindow(&widget);
-  }
-
   ui::View button(const std::string& title, ui::ButtonStyle style = ui::ButtonStyle::automatic) {
     return ui::Button(ui::verbatim(title), [this, title] { pressed += title; }).buttonStyle(style);
   }
@@ -37,7 +29,6 @@ class PushButtonTest : public ::testing::Test {
   }
 
   std::string pressed;
-  qt::ViewWidget widget;
 };
 
 }  // namespace

@@ -7,7 +7,6 @@
 #include <random>
 
 #include <QApplication>
-#include <QScreen>
 #include <QScrollBar>
 #include <QTest>
 #include <QWindow>
@@ -86,11 +85,7 @@ TEST(Repaint, NoOldPixelsStayOnTheScreen) {
         host.widget.resize(440 + static_cast<int>(random() % 60), 600);
         break;
       default:
-        host.change([&](Result& result) {
-          std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
-          std::ranges::rotate(people, people.begin() + 1);
-          result.people = people;
-        });
+        host.changePeople([&](People& people) { std::ranges::rotate(people, people.begin() + 1); });
     }
     ASSERT_EQ(shown(host), painted(host)) << "after step " << step;
   }

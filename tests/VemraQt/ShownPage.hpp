@@ -16,10 +16,10 @@ struct Choice {
   friend std::string caseName(const Choice& choice) { return std::to_string(choice.value); }
 };
 
-/// A page in a window with the focus, and one control of each kind for it.
-class ShownPage : public ::testing::Test {
+/// A page in a window with the focus.
+class ShownWidget : public ::testing::Test {
  protected:
-  ShownPage() {
+  ShownWidget() {
     widget.setEnvironment({});
     widget.resize(300, 400);
     widget.show();
@@ -27,6 +27,12 @@ class ShownPage : public ::testing::Test {
     QApplication::setActiveWindow(&widget);
   }
 
+  qt::ViewWidget widget;
+};
+
+/// The same, and one control of each kind for it.
+class ShownPage : public ShownWidget {
+ protected:
   /// The actions of the controls.
   virtual void act(const std::string&) {}
 
@@ -58,7 +64,6 @@ class ShownPage : public ::testing::Test {
 
   int place = 2;
   std::string note;
-  qt::ViewWidget widget;
 };
 
 }  // namespace vemra::qttest

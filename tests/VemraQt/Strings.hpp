@@ -2,7 +2,6 @@
 
 #include "VemraPlatform/ui/Environment.hpp"
 
-#include <memory>
 #include <optional>
 #include <set>
 #include <string>

@@ -9,9 +9,7 @@
 #include <regex>
 #include <sstream>
 
-#include <QLocale>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace vemra;
 using namespace vemra::qttest;

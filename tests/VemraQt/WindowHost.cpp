@@ -92,6 +92,18 @@ void WindowHost::change(const std::function<void(Result&)>& edit) {
   show();
 }
 
+void WindowHost::changePeople(const std::function<void(People&)>& edit) {
+  change([&](Result& changed) {
+    People people(changed.people.begin(), changed.people.end());
+    edit(people);
+    changed.people = std::move(people);
+  });
+}
+
+void WindowHost::erasePerson(std::size_t index) {
+  changePeople([&](People& people) { people.erase(people.begin() + static_cast<long>(index)); });
+}
+
 QWidget* WindowHost::find(const std::string& identifier) const {
   const QString name = QString::fromStdString(identifier);
   for (QWidget* child : widget.viewport()->findChildren<QWidget*>(name)) {

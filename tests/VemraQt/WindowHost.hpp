@@ -14,6 +14,7 @@
 namespace vemra::qttest {
 
 using Result = GetGoalSnapshotResponse;
+using People = std::vector<GoalPersonCandidateDTO>;
 
 /// A result with that many people, whose names and reasons go through all variants of the screen.
 Result resultWith(std::size_t people);
@@ -30,6 +31,8 @@ class WindowHost {
   GoalResultView view();
   /// Changes the result as another source would, and shows it.
   void change(const std::function<void(Result&)>& edit);
+  void changePeople(const std::function<void(People&)>& edit);
+  void erasePerson(std::size_t index);
   void show() { widget.setRoot(view()); }
 
   /// The widget that shows the element now; nullptr when it has none.

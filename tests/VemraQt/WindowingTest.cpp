@@ -4,13 +4,10 @@
 #include "tests/VemraQt/LongList.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 
-#include <random>
-
 #include <QLineEdit>
 #include <QPointer>
 #include <QTest>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace vemra;
 using namespace vemra::qttest;
@@ -19,12 +16,6 @@ using ::testing::Contains;
 namespace {
 
 const std::string noteOfP1 = "vemra.goal.person.p1.outcome.note";
-
-void expectNoGap(const std::vector<int>& people, const std::string& where) {
-  for (std::size_t i = 1; i < people.size(); ++i) {
-    ASSERT_EQ(people[i], people[i - 1] + 1) << where;
-  }
-}
 
 }  // namespace
 
@@ -59,28 +50,6 @@ TEST(Windowing, TheEndIsReachable) {
     EXPECT_EQ(last.bottom() + 1 + 24, host.widget.contentHeight());
     bar(host).setValue(0);
     EXPECT_EQ(host.visibleTexts().front(), "Find a design lead");
-  }
-}
-
-TEST(Windowing, NoScrollPositionLeavesAGap) {
-  WindowHost host(numbered(3000));
-  std::mt19937 random(3);
-  for (int step = 0; step < 400; ++step) {
-    const auto kind = random() % 4;
-    if (kind == 0) {
-      bar(host).setValue(static_cast<int>(random() % static_cast<unsigned>(bar(host).maximum())));
-    } else if (kind == 1) {
-      bar(host).triggerAction(QAbstractSlider::SliderPageStepAdd);
-    } else if (kind == 2) {
-      wheel(*host.widget.viewport(), -1);
-    } else {
-      wheel(*host.widget.viewport(), 2);
-    }
-    const std::vector<int> people = peopleInView(host);
-    ASSERT_FALSE(people.empty() && bar(host).value() < bar(host).maximum() - 800 &&
-                 bar(host).value() > 200);
-    expectNoGap(people, "step " + std::to_string(step));
-    if (step % 20 == 0) expectNothingOverlaps(host);
   }
 }
 
@@ -134,33 +103,6 @@ TEST(Windowing, AnEditorWithoutFocusKeepsAllOfItsStateAcrossTheList) {
   EXPECT_EQ(note.text(), "kept words");
 }
 
-TEST(Windowing, ANewSnapshotTouchesVisibleRowsOnly) {
-  WindowHost host(resultWith(10'000));
-  const ui::WorkCount before = host.widget.graph().work();
-  host.change([](Result& result) {
-    GoalOutcomeDTO outcome;
-    outcome.id = "o1";
-    outcome.subjectRef = "p2";
-    result.outcomes = {outcome};
-  });
-  const ui::WorkCount after = host.widget.graph().work();
-  EXPECT_LT(after.rows - before.rows, 40u);
-  EXPECT_LT(after.patches - before.patches, 40u);
-}
-
-TEST(Windowing, AKeyInANoteDescribesOneControl) {
-  WindowHost host(resultWith(10'000));
-  host.press("vemra.goal.person.p1.outcome.start");
-  auto& note = host.get<QLineEdit>("vemra.goal.person.p1.outcome.note");
-  note.setFocus();
-  const ui::WorkCount before = host.widget.graph().work();
-  QTest::keyClicks(&note, "k");
-  const ui::WorkCount after = host.widget.graph().work();
-  EXPECT_EQ(after.bodies - before.bodies, 1u);
-  EXPECT_LE(after.rows - before.rows, 8u) << "no more than the picker's own choices";
-  EXPECT_EQ(after.patches - before.patches, 1u);
-}
-
 TEST(Windowing, ManyOpenEditorsDoNotBecomeManyWidgets) {
   WindowHost host(numbered(400));
   for (int i = 0; i < 120; ++i) {
@@ -173,25 +115,6 @@ TEST(Windowing, ManyOpenEditorsDoNotBecomeManyWidgets) {
   EXPECT_LT(host.widget.widgetCount(), 320u);
   bar(host).setValue(0);
   EXPECT_NE(host.find("vemra.goal.person.p0.outcome.note"), nullptr);
-}
-
-TEST(Windowing, OfManyOpenEditorsTheLastUsedKeepTheirWidgets) {
-  WindowHost host(numbered(400));
-  for (int person = 0; person < 20; ++person) {
-    const std::string start = "vemra.goal.person.p" + std::to_string(person) + ".outcome.start";
-    ASSERT_TRUE(press(*accessible(host, start)));
-  }
-  const std::string last = "vemra.goal.person.p19.outcome.note";
-  auto& note = host.get<QLineEdit>(last);
-  note.setFocus();
-  QTest::keyClicks(&note, "kept");
-  note.setCursorPosition(2);
-  host.widget.setFocus();
-  const QPointer<QLineEdit> same = &note;
-  for (const int to : {0, bar(host).maximum(), 0}) bar(host).setValue(to);
-  ASSERT_TRUE(act(*accessible(host, last), QAccessibleActionInterface::setFocusAction()));
-  ASSERT_EQ(host.find(last), same) << "another widget shows the note";
-  EXPECT_TRUE(note.isUndoAvailable());
 }
 
 TEST(Windowing, TheScrollBarIsVisibleWhileThePageCanScroll) {

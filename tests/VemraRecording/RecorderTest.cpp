@@ -2,7 +2,6 @@
 #include "tests/VemraRecording/RecordedHost.hpp"
 
 #include <filesystem>
-#include <map>
 #include <memory>
 #include <sys/stat.h>
 

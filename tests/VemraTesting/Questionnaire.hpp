@@ -5,8 +5,6 @@
 #include <functional>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 /// \file
 /// A small screen with every kind of element, for the tests of the harness.

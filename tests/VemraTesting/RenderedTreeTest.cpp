@@ -1,9 +1,7 @@
 #include "VemraTesting/RenderedTree.hpp"
 #include "tests/VemraPlatform/ui/Patches.hpp"
 
-#include <stdexcept>
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -40,10 +38,6 @@ TEST_F(RenderedTreeTest, KeepsTheTreeAndCountsThePatches) {
   EXPECT_EQ(tree.patchCount(), 9U);
   tree.apply({{removal(1)}});
   EXPECT_TRUE(tree.nodes().empty());
-}
-
-TEST_F(RenderedTreeTest, APatchForAnUnknownNodeThrows) {
-  EXPECT_THROW(tree.apply({{removal(99)}}), std::out_of_range);
 }
 
 }  // namespace vemra::testing

@@ -218,13 +218,6 @@ TEST(Viewport, ScrollsByLinesAndPagesUpToItsEnds) {
   EXPECT_EQ(screen.position(), 0);
 }
 
-TEST(Viewport, DescribesOnlyTheRowsNearby) {
-  Viewport screen(list(100'000), {20, 10});
-  screen.end();
-  EXPECT_THAT(screen.text(), HasSubstr("P99999 [Open]\nThe end\n"));
-  EXPECT_LT(screen.graph().work().rows, 200U);
-}
-
 TEST(Viewport, TabGoesThroughRowsWithoutNodesAndScrollsThemIn) {
   std::vector<std::string> opened;
   Viewport screen(list(60, &opened), {20, 4});
@@ -254,16 +247,6 @@ TEST(Viewport, AKeyScrollsTheFocusedControlIntoViewBeforeItActs) {
   screen.press();
   EXPECT_THAT(screen.text(), HasSubstr("P0 >Open<\n"));
   EXPECT_THAT(opened, ElementsAre("P0"));
-}
-
-TEST(Viewport, ElementsInViewStayInPlaceWhenRowsAreAddedAbove) {
-  Viewport screen(list(60, nullptr, 100), {20, 4});
-  screen.wheel(31);
-  const std::string before = screen.text();
-  EXPECT_THAT(before, HasSubstr("P130 [Open]\n"));
-  screen.show(list(70, nullptr, 90));
-  EXPECT_EQ(screen.text(), before);
-  EXPECT_EQ(screen.position(), 41);
 }
 
 TEST(Viewport, ClicksOnlyButtonsInView) {

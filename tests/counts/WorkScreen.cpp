@@ -3,8 +3,6 @@
 #include "benchmarks/data/SampleResult.hpp"
 #include "tests/Allocations.hpp"
 
-#include <vector>
-
 #include <QApplication>
 #include <QLineEdit>
 #include <QScrollBar>

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <string>
 #include <string_view>
 
 /// The entry of a fuzz target; the fuzzer, or the replay of a corpus, calls it with one input after

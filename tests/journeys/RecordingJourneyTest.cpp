@@ -169,13 +169,6 @@ TEST_P(RecordingJourney, APersonAndAPathOfTheSameReferenceAreTwoSubjects) {
                                     "path \"p9\" wasUseful note=nil corrects=nil"));
 }
 
-TEST_P(RecordingJourney, EveryOtherButtonCallsTheHost) {
-  host.screen.press(testing::button("Bo"));
-  host.screen.press("vemra.goal.person.p1.show-source");
-  host.screen.press("vemra.goal.path.see-in-starfold");
-  EXPECT_THAT(host.log, ElementsAre("open \"p2\"", "evidence \"ev9\"", "focus"));
-}
-
 TEST(SavePressedAgain, FromInsideTheCallbackRecordsOnce) {
   testing::Screen* shown = nullptr;
   int recordings = 0;

@@ -1,7 +1,6 @@
 #include "VemraGoalSurface/model/GoalResultSnapshotV1.hpp"
 #include "tests/VemraGoalSurface/model/SampleSnapshot.hpp"
 
-#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>

@@ -1,8 +1,6 @@
 #include "VemraPlatform/date/TimeZone.hpp"
 #include "VemraPlatform/date/ZoneinfoFolder.hpp"
 
-#include <string>
-
 #include <gtest/gtest.h>
 
 namespace vemra::testing {

@@ -4,7 +4,7 @@
 #include "VemraTesting/RenderedTree.hpp"
 #include "tests/VemraTesting/Questionnaire.hpp"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace vemra::page {
 namespace {

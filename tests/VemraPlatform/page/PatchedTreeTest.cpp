@@ -4,7 +4,6 @@
 #include <ranges>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,6 @@
 #include "tests/VemraPlatform/page/Laid.hpp"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace vemra::ui {
 

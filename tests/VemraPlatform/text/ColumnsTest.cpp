@@ -1,7 +1,6 @@
 #include "VemraPlatform/text/Columns.hpp"
 
 #include <string>
-#include <vector>
 
 #include <gmock/gmock.h>
 

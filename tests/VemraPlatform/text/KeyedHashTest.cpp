@@ -3,7 +3,6 @@
 #include "VemraPlatform/text/TextMap.hpp"
 #include "tests/VemraPlatform/text/CollidingTexts.hpp"
 
-#include <algorithm>
 #include <functional>
 #include <set>
 #include <string>

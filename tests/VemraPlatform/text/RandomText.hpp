@@ -5,7 +5,6 @@
 
 #include <array>
 #include <string>
-#include <string_view>
 
 #include <unicode/normalizer2.h>
 #include <unicode/unistr.h>

@@ -1,10 +1,9 @@
 #include "tests/VemraPlatform/ui/Lending.hpp"
+#include "tests/VemraPlatform/ui/OnGraph.hpp"
 
 #include <stdexcept>
 #include <string>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 namespace vemra::ui {
 
@@ -49,10 +48,11 @@ View buttons(std::vector<std::pair<const char*, Action>> actions) {
   return Group(std::move(children));
 }
 
+using EventTest = OnGraph;
+
 }  // namespace
 
-TEST(EventTest, EachControlHandlesItsOwnKindsOfEvents) {
-  ViewGraph graph;
+TEST_F(EventTest, EachControlHandlesItsOwnKindsOfEvents) {
   graph.setRoot(Form{});
   const NodeID picker = idOf(graph, ElementKind::picker);
   const NodeID field = idOf(graph, ElementKind::textField);
@@ -81,8 +81,7 @@ TEST(EventTest, EachControlHandlesItsOwnKindsOfEvents) {
   EXPECT_EQ(graph.find(picker)->element.selection()->name(), "large");
 }
 
-TEST(EventTest, ADisabledOrRemovedNodeGetsNoEvents) {
-  ViewGraph graph;
+TEST_F(EventTest, ADisabledOrRemovedNodeGetsNoEvents) {
   graph.setRoot(Form{});
   EXPECT_EQ(press(graph, "off"), Delivery::disabled);
   const NodeID field = idOf(graph, ElementKind::textField);
@@ -94,8 +93,7 @@ TEST(EventTest, ADisabledOrRemovedNodeGetsNoEvents) {
   EXPECT_EQ(graph.deliver(NodeID{}, Press{}), Delivery::gone);
 }
 
-TEST(EventTest, ATagOfAnotherTypeChangesNothing) {
-  ViewGraph graph;
+TEST_F(EventTest, ATagOfAnotherTypeChangesNothing) {
   graph.setRoot(Form{});
   const NodeID picker = idOf(graph, ElementKind::picker);
   graph.deliver(picker, Select{Tag(Size::large)});
@@ -105,8 +103,7 @@ TEST(EventTest, ATagOfAnotherTypeChangesNothing) {
   EXPECT_EQ(Tag(Size::small).as<Shape>(), nullptr);
 }
 
-TEST(EventTest, NewHandlersAloneSendNoPatchAndStillRun) {
-  ViewGraph graph;
+TEST_F(EventTest, NewHandlersAloneSendNoPatchAndStillRun) {
   testing::RenderedTree tree;
   graph.attach(tree);
   std::string pressed;
@@ -121,12 +118,11 @@ TEST(EventTest, NewHandlersAloneSendNoPatchAndStillRun) {
   EXPECT_EQ(pressed, "new");
 }
 
-TEST(EventTest, EventsFromInsideAnActionAreHandledAfterItOnceAndInOrder) {
-  ViewGraph graph;
+TEST_F(EventTest, EventsFromInsideAnActionAreHandledAfterItOnceAndInOrder) {
   std::string log;
   int depth = 0;
   const auto logged = [&](char letter, std::string then) -> Action {
-    return [&graph, &log, &depth, letter, then] {
+    return [this, &log, &depth, letter, then] {
       EXPECT_EQ(++depth, 1) << "an action runs inside another";
       log += letter;
       for (const char next : then) {
@@ -144,8 +140,7 @@ TEST(EventTest, EventsFromInsideAnActionAreHandledAfterItOnceAndInOrder) {
   EXPECT_EQ(log, "aAbBcCdDcC");
 }
 
-TEST(EventTest, EventsFromInsideApplyAreQueuedToo) {
-  ViewGraph graph;
+TEST_F(EventTest, EventsFromInsideApplyAreQueuedToo) {
   Window window;
   std::string log;
   graph.setRoot(Group({Counter{}, Button("later", [&] { log += "later "; })}));
@@ -162,7 +157,7 @@ TEST(EventTest, EventsFromInsideApplyAreQueuedToo) {
   EXPECT_EQ(log, "apply later ");
 }
 
-TEST(EventTest, SavePressedTwiceInOneCallActsOnce) {
+TEST_F(EventTest, SavePressedTwiceInOneCallActsOnce) {
   struct Editor {
     using State = Counter::State;
     int* saved;
@@ -176,7 +171,6 @@ TEST(EventTest, SavePressedTwiceInOneCallActsOnce) {
     }
   };
   int saved = 0;
-  ViewGraph graph;
   NodeID save;
   graph.setRoot(Group({Editor{&saved}, Button("twice", [&] {
                          graph.deliver(save, Press{});
@@ -188,8 +182,7 @@ TEST(EventTest, SavePressedTwiceInOneCallActsOnce) {
   EXPECT_EQ(graph.deliver(save, Press{}), Delivery::gone);
 }
 
-TEST(EventTest, AnExceptionOfAnActionIsRethrownAfterSettling) {
-  ViewGraph graph;
+TEST_F(EventTest, AnExceptionOfAnActionIsRethrownAfterSettling) {
   testing::RenderedTree tree;
   graph.attach(tree);
   std::string log;
@@ -214,7 +207,7 @@ TEST(EventTest, AnExceptionOfAnActionIsRethrownAfterSettling) {
   EXPECT_EQ(press(graph, "+"), Delivery::acted) << "no error remains";
 }
 
-TEST(EventTest, WritesOfAnActionBeforeItsExceptionStay) {
+TEST_F(EventTest, WritesOfAnActionBeforeItsExceptionStay) {
   struct Failing {
     using State = Counter::State;
     View body(const LocalState<State>& state) const {
@@ -224,14 +217,12 @@ TEST(EventTest, WritesOfAnActionBeforeItsExceptionStay) {
       });
     }
   };
-  ViewGraph graph;
   graph.setRoot(Failing{});
   EXPECT_THROW(press(graph, "0"), std::runtime_error);
   EXPECT_TRUE(buttonTitled(graph.root(), "7"));
 }
 
-TEST(EventTest, ManyQueuedEventsAreNotMistakenForALoop) {
-  ViewGraph graph;
+TEST_F(EventTest, ManyQueuedEventsAreNotMistakenForALoop) {
   graph.setRoot(Group({Counter{}, Button("many", [&] {
                          for (int i = 0; i < 25'000; ++i) press(graph, "+");
                        })}));
@@ -239,10 +230,9 @@ TEST(EventTest, ManyQueuedEventsAreNotMistakenForALoop) {
   EXPECT_EQ(texts(graph.root()), std::vector<std::string>{"counter=25000"});
 }
 
-using EventDeathTest = ::testing::Test;
+using EventDeathTest = OnGraph;
 
-TEST(EventDeathTest, ATreeThatNeverComesToRestStopsTheProcess) {
-  ViewGraph graph;
+TEST_F(EventDeathTest, ATreeThatNeverComesToRestStopsTheProcess) {
   std::function<View()> again;
   again = [&]() -> View {
     graph.setRoot(Body{again});
@@ -251,8 +241,7 @@ TEST(EventDeathTest, ATreeThatNeverComesToRestStopsTheProcess) {
   EXPECT_DEATH(graph.setRoot(Body{again}), "vemra::ui: the tree never comes to rest in Body");
 }
 
-TEST(EventDeathTest, AViewWhoseStateIsWrittenWithoutEndIsNamed) {
-  ViewGraph graph;
+TEST_F(EventDeathTest, AViewWhoseStateIsWrittenWithoutEndIsNamed) {
   Window window;
   const auto lent = borrowed();
   graph.setRoot(Group({Text("x"), Lending{lent}}));
@@ -262,10 +251,10 @@ TEST(EventDeathTest, AViewWhoseStateIsWrittenWithoutEndIsNamed) {
   EXPECT_DEATH(graph.attach(window), "vemra::ui: the tree never comes to rest in Lending");
 }
 
-TEST(EventDeathTest, DestroyingTheGraphFromInsideStopsTheProcess) {
-  auto graph = std::make_unique<ViewGraph>();
-  graph->setRoot(Button("end", [&] { graph.reset(); }));
-  EXPECT_DEATH(press(*graph, "end"), "a view graph was destroyed by what it called in Button");
+TEST_F(EventDeathTest, DestroyingTheGraphFromInsideStopsTheProcess) {
+  auto ending = std::make_unique<ViewGraph>();
+  ending->setRoot(Button("end", [&] { ending.reset(); }));
+  EXPECT_DEATH(press(*ending, "end"), "a view graph was destroyed by what it called in Button");
 }
 
 }  // namespace vemra::ui

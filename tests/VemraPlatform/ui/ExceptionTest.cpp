@@ -1,6 +1,5 @@
 #include "tests/VemraPlatform/ui/Fault.hpp"
 
-#include <memory>
 #include <string>
 #include <vector>
 

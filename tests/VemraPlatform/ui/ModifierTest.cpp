@@ -1,6 +1,5 @@
 #include "tests/VemraPlatform/ui/Sample.hpp"
 
-#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>

@@ -1,10 +1,7 @@
-#include "tests/VemraPlatform/ui/Sample.hpp"
+#include "tests/VemraPlatform/ui/OnGraph.hpp"
 
 #include <stdexcept>
-#include <string>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 namespace vemra::ui {
 
@@ -18,10 +15,11 @@ View screen() {
   return Group({Counter{"it"}, list(numbered(5)), Text("end")});
 }
 
+using RendererTest = OnGraph;
+
 }  // namespace
 
-TEST(RendererTest, GetsTheWholeTreeParentsFirst) {
-  ViewGraph graph;
+TEST_F(RendererTest, GetsTheWholeTreeParentsFirst) {
   Window window;
   graph.setRoot(screen());
   graph.attach(window);
@@ -31,8 +29,7 @@ TEST(RendererTest, GetsTheWholeTreeParentsFirst) {
   EXPECT_EQ(difference(graph, window.tree), "");
 }
 
-TEST(RendererTest, ALateRendererGetsThePresentTreeWithItsState) {
-  ViewGraph graph;
+TEST_F(RendererTest, ALateRendererGetsThePresentTreeWithItsState) {
   graph.setRoot(screen());
   press(graph, "+");
   testing::RenderedTree late;
@@ -42,8 +39,7 @@ TEST(RendererTest, ALateRendererGetsThePresentTreeWithItsState) {
   EXPECT_EQ(texts(graph.root()).front(), "it=1");
 }
 
-TEST(RendererTest, WithoutARendererNoRowIsDescribedAndNoStateIsLost) {
-  ViewGraph graph;
+TEST_F(RendererTest, WithoutARendererNoRowIsDescribedAndNoStateIsLost) {
   graph.setRoot(screen());
   EXPECT_EQ(graph.work().rows, 0U);
   EXPECT_EQ(graph.work().patches, 0U);
@@ -52,8 +48,7 @@ TEST(RendererTest, WithoutARendererNoRowIsDescribedAndNoStateIsLost) {
   EXPECT_EQ(graph.work().patches, 0U);
 }
 
-TEST(RendererTest, ADetachedRendererGetsNoFurtherPatches) {
-  ViewGraph graph;
+TEST_F(RendererTest, ADetachedRendererGetsNoFurtherPatches) {
   {
     testing::RenderedTree first;
     graph.attach(first);
@@ -68,21 +63,7 @@ TEST(RendererTest, ADetachedRendererGetsNoFurtherPatches) {
   EXPECT_EQ(texts(graph.root()).front(), "it=1");
 }
 
-TEST(RendererTest, AnotherRendererReplacesTheFirst) {
-  ViewGraph graph;
-  Window first;
-  testing::RenderedTree second;
-  graph.attach(first);
-  graph.setRoot(screen());
-  graph.attach(second);
-  const std::size_t heard = first.log.size();
-  press(graph, "+");
-  EXPECT_EQ(first.log.size(), heard);
-  EXPECT_EQ(difference(graph, second), "");
-}
-
-TEST(RendererTest, ThePreviousRendererGetsOneRemovalAndMayBeAttachedAgain) {
-  ViewGraph graph;
+TEST_F(RendererTest, ThePreviousRendererGetsOneRemovalAndMayBeAttachedAgain) {
   testing::RenderedTree first;
   Window second;
   graph.attach(first);
@@ -97,8 +78,7 @@ TEST(RendererTest, ThePreviousRendererGetsOneRemovalAndMayBeAttachedAgain) {
   EXPECT_FALSE(second.tree.root());
 }
 
-TEST(RendererTest, AttachingThePresentRendererAgainSendsNoPatches) {
-  ViewGraph graph;
+TEST_F(RendererTest, AttachingThePresentRendererAgainSendsNoPatches) {
   testing::RenderedTree tree;
   Window other;
   graph.attach(tree);
@@ -115,8 +95,7 @@ TEST(RendererTest, AttachingThePresentRendererAgainSendsNoPatches) {
   EXPECT_EQ(difference(graph, tree), "");
 }
 
-TEST(RendererTest, DetachingThePreviousRendererKeepsThePresentOne) {
-  ViewGraph graph;
+TEST_F(RendererTest, DetachingThePreviousRendererKeepsThePresentOne) {
   testing::RenderedTree second;
   {
     Window first;
@@ -133,8 +112,7 @@ TEST(RendererTest, DetachingThePreviousRendererKeepsThePresentOne) {
   EXPECT_TRUE(second.root());
 }
 
-TEST(RendererTest, DetachingAQueuedRendererKeepsThePresentOne) {
-  ViewGraph graph;
+TEST_F(RendererTest, DetachingAQueuedRendererKeepsThePresentOne) {
   testing::RenderedTree first;
   graph.attach(first);
   graph.setRoot(Group({Counter{}, Button("try", [&] {
@@ -148,8 +126,7 @@ TEST(RendererTest, DetachingAQueuedRendererKeepsThePresentOne) {
   EXPECT_TRUE(first.root());
 }
 
-TEST(RendererTest, APreviousRendererThatThrowsDoesNotStopTheNext) {
-  ViewGraph graph;
+TEST_F(RendererTest, APreviousRendererThatThrowsDoesNotStopTheNext) {
   Window first;
   testing::RenderedTree second;
   graph.attach(first);
@@ -160,8 +137,7 @@ TEST(RendererTest, APreviousRendererThatThrowsDoesNotStopTheNext) {
   EXPECT_TRUE(second.root());
 }
 
-TEST(RendererTest, ARendererAttachedFromInsideACallbackGetsTheNewRootToo) {
-  ViewGraph graph;
+TEST_F(RendererTest, ARendererAttachedFromInsideACallbackGetsTheNewRootToo) {
   testing::RenderedTree first;
   Window second;
   graph.attach(first);
@@ -175,8 +151,7 @@ TEST(RendererTest, ARendererAttachedFromInsideACallbackGetsTheNewRootToo) {
   EXPECT_EQ(texts(graph.root()).front().substr(0, 3), "new");
 }
 
-TEST(RendererTest, ARendererDetachedInsideApplyGetsNoFurtherCalls) {
-  ViewGraph graph;
+TEST_F(RendererTest, ARendererDetachedInsideApplyGetsNoFurtherCalls) {
   Window window;
   graph.attach(window);
   window.onApply = [&](const std::vector<Patch>&) { graph.detach(); };
@@ -186,8 +161,7 @@ TEST(RendererTest, ARendererDetachedInsideApplyGetsNoFurtherCalls) {
   EXPECT_EQ(window.log.size(), heard);
 }
 
-TEST(RendererTest, DetachingInsideApplyKeepsTheNextRenderer) {
-  ViewGraph graph;
+TEST_F(RendererTest, DetachingInsideApplyKeepsTheNextRenderer) {
   Window first;
   Window next;
   first.onApply = [&](const std::vector<Patch>&) {
@@ -201,8 +175,7 @@ TEST(RendererTest, DetachingInsideApplyKeepsTheNextRenderer) {
   graph.detach();
 }
 
-TEST(RendererTest, ALateRendererGetsTheRowsOfThePresentLists) {
-  ViewGraph graph;
+TEST_F(RendererTest, ALateRendererGetsTheRowsOfThePresentLists) {
   Window first, next;
   graph.attach(first);
   graph.setRoot(Group({list(numbered(9))}));
@@ -216,22 +189,21 @@ TEST(RendererTest, ALateRendererGetsTheRowsOfThePresentLists) {
   EXPECT_EQ(next.lists[0].shown, (std::vector<RowRange>{{1, 3}, {5, 6}}));
 }
 
-TEST(RendererTest, EachRendererGetsTheEnvironmentWithItsFirstChanges) {
+TEST_F(RendererTest, EachRendererGetsTheEnvironmentWithItsFirstChanges) {
   Environment dark;
   dark.colorScheme = ColorScheme::dark;
-  ViewGraph graph(dark);
+  ViewGraph darkGraph(dark);
   Window first, next;
-  graph.attach(first);
-  graph.setRoot(Text("x"));
+  darkGraph.attach(first);
+  darkGraph.setRoot(Text("x"));
   EXPECT_EQ(first.environments, std::vector{dark});
-  graph.attach(next);
-  graph.attach(next);
+  darkGraph.attach(next);
+  darkGraph.attach(next);
   EXPECT_EQ(next.environments, std::vector{dark});
   EXPECT_EQ(first.environments, std::vector{dark}) << "it gets only the removal of its root";
 }
 
-TEST(RendererTest, AnotherEnvironmentReachesTheRendererOnceAndTogetherWithTheTextsThatItChanges) {
-  ViewGraph graph;
+TEST_F(RendererTest, AnotherEnvironmentReachesTheRendererOnceAndTogetherWithTheTextsThatItChanges) {
   Window window;
   graph.attach(window);
   Environment german;
@@ -251,8 +223,7 @@ TEST(RendererTest, AnotherEnvironmentReachesTheRendererOnceAndTogetherWithTheTex
   EXPECT_EQ(window.environments.size(), 1U) << "an equal environment is no change";
 }
 
-TEST(RendererTest, AnEnvironmentThatIsSetWithoutARendererReachesTheNextOne) {
-  ViewGraph graph;
+TEST_F(RendererTest, AnEnvironmentThatIsSetWithoutARendererReachesTheNextOne) {
   graph.setRoot(Text("x"));
   Environment right;
   right.layoutDirection = LayoutDirection::rightToLeft;
@@ -262,8 +233,7 @@ TEST(RendererTest, AnEnvironmentThatIsSetWithoutARendererReachesTheNextOne) {
   EXPECT_EQ(window.environments, std::vector{right});
 }
 
-TEST(RendererTest, AnEmptyScreenSendsNoPatch) {
-  ViewGraph graph;
+TEST_F(RendererTest, AnEmptyScreenSendsNoPatch) {
   testing::RenderedTree tree;
   graph.attach(tree);
   graph.setRoot(View());
@@ -274,8 +244,7 @@ TEST(RendererTest, AnEmptyScreenSendsNoPatch) {
   EXPECT_FALSE(tree.root());
 }
 
-TEST(RendererTest, APatchHasOnlyTheFieldsOfItsKind) {
-  ViewGraph graph;
+TEST_F(RendererTest, APatchHasOnlyTheFieldsOfItsKind) {
   Window window;
   graph.attach(window);
   const auto show = [&](std::vector<View> children) {
@@ -312,8 +281,7 @@ TEST(RendererTest, APatchHasOnlyTheFieldsOfItsKind) {
   EXPECT_FALSE(patches[0].element);
 }
 
-TEST(RendererTest, ARemovedSubtreeIsOnePatch) {
-  ViewGraph graph;
+TEST_F(RendererTest, ARemovedSubtreeIsOnePatch) {
   Window window;
   graph.attach(window);
   const auto show = [&](bool all) {

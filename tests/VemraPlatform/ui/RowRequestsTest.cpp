@@ -2,11 +2,9 @@
 
 #include "tests/VemraPlatform/ui/Sample.hpp"
 
-#include <string>
 #include <vector>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace vemra::ui {
 

@@ -2,7 +2,6 @@
 
 #include "tests/VemraPlatform/ui/ListInWindow.hpp"
 
-#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>

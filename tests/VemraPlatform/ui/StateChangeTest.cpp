@@ -1,14 +1,13 @@
 // Which views the graph describes again after a write, and when no write is allowed.
 
 #include "tests/VemraPlatform/ui/Lending.hpp"
+#include "tests/VemraPlatform/ui/OnGraph.hpp"
 
 #include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 namespace vemra::ui {
 
@@ -18,9 +17,11 @@ using namespace sample;
 
 using Texts = std::vector<std::string>;
 
+using StateChangeTest = OnGraph;
+
 }  // namespace
 
-TEST(StateChangeTest, WritesOfSeveralViewsDescribeEachOnceOuterOnesFirst) {
+TEST_F(StateChangeTest, WritesOfSeveralViewsDescribeEachOnceOuterOnesFirst) {
   struct Outer {
     using State = Counter::State;
     std::shared_ptr<std::optional<CounterState>> lent;
@@ -35,7 +36,6 @@ TEST(StateChangeTest, WritesOfSeveralViewsDescribeEachOnceOuterOnesFirst) {
   std::string order;
   const auto outer = borrowed();
   const auto inner = borrowed();
-  ViewGraph graph;
   graph.setRoot(column({Outer{outer, inner, &order}, Button("both", [&] {
                           (*inner)->set(&Counter::State::count, 1);
                           (*outer)->set(&Counter::State::count, 1);
@@ -46,8 +46,7 @@ TEST(StateChangeTest, WritesOfSeveralViewsDescribeEachOnceOuterOnesFirst) {
   EXPECT_EQ(order, "oioi") << "the inner one is described with the outer one, not again";
 }
 
-TEST(StateChangeTest, AWriteAfterTheDescriptionInTheSamePassIsShown) {
-  ViewGraph graph;
+TEST_F(StateChangeTest, AWriteAfterTheDescriptionInTheSamePassIsShown) {
   testing::RenderedTree tree;
   graph.attach(tree);
   const auto lent = borrowed();
@@ -69,21 +68,7 @@ TEST(StateChangeTest, AWriteAfterTheDescriptionInTheSamePassIsShown) {
   EXPECT_EQ(difference(graph, tree), "");
 }
 
-TEST(StateChangeTest, AWriteAfterTheDescriptionInTheFirstPassIsShown) {
-  ViewGraph graph;
-  const auto lent = borrowed();
-  bool writes = true;
-  const Binding<std::string> field(
-      [&] {
-        if (std::exchange(writes, false)) (*lent)->set(&Counter::State::count, 7);
-        return std::string();
-      },
-      [](const std::string&) {});
-  graph.setRoot(column({Lending{lent}, Group({TextField("field", field)})}));
-  EXPECT_EQ(texts(graph.root()), Texts{"7"});
-}
-
-TEST(StateChangeTest, AnInnerViewThatTheOuterViewRemovesIsNotDescribed) {
+TEST_F(StateChangeTest, AnInnerViewThatTheOuterViewRemovesIsNotDescribed) {
   struct Outer {
     using State = Counter::State;
     std::shared_ptr<std::optional<CounterState>> lent;
@@ -95,7 +80,6 @@ TEST(StateChangeTest, AnInnerViewThatTheOuterViewRemovesIsNotDescribed) {
   };
   const auto outer = borrowed();
   const auto inner = borrowed();
-  ViewGraph graph;
   graph.setRoot(column({Outer{outer, inner}, Button("both", [&] {
                           (*inner)->set(&Counter::State::count, 1);
                           (*outer)->set(&Counter::State::count, 1);
@@ -106,8 +90,7 @@ TEST(StateChangeTest, AnInnerViewThatTheOuterViewRemovesIsNotDescribed) {
   EXPECT_TRUE(texts(graph.root()).empty());
 }
 
-TEST(StateChangeTest, ALocalChangeDescribesOneCompositeOnly) {
-  ViewGraph graph;
+TEST_F(StateChangeTest, ALocalChangeDescribesOneCompositeOnly) {
   testing::RenderedTree tree;
   graph.attach(tree);
   graph.setRoot(list(numbered(200), [](const Line& line) { return View(Counter{line.id}); }));
@@ -121,21 +104,18 @@ TEST(StateChangeTest, ALocalChangeDescribesOneCompositeOnly) {
   EXPECT_EQ(difference(graph, tree), "");
 }
 
-using StateChangeDeathTest = ::testing::Test;
+using StateChangeDeathTest = OnGraph;
 
-TEST(StateChangeDeathTest, WritingWhileDescribingStopsTheProcessAndNamesTheView) {
+TEST_F(StateChangeDeathTest, WritingWhileDescribingStopsTheProcessAndNamesTheView) {
   const auto write = [](const CounterState& state) {
     state.set(&Counter::State::count, state->count + 1);
   };
   EXPECT_DEATH(
-      {
-        ViewGraph graph;
-        graph.setRoot(View(Lending{borrowed(), write}).accessibilityIdentifier("the.one"));
-      },
+      graph.setRoot(View(Lending{borrowed(), write}).accessibilityIdentifier("the.one")),
       "vemra::ui: state was written while a view was being described in Lending \"the.one\"");
 }
 
-TEST(StateChangeDeathTest, TheMessageNamesTheRow) {
+TEST_F(StateChangeDeathTest, TheMessageNamesTheRow) {
   const auto lent = borrowed();
   const auto row = [&](const Line& line) {
     return line.id == "b" ? View(Body{[&] {
@@ -144,33 +124,24 @@ TEST(StateChangeDeathTest, TheMessageNamesTheRow) {
     }})
                           : View(Lending{lent});
   };
-  EXPECT_DEATH(
-      {
-        ViewGraph graph;
-        testing::RenderedTree tree;
-        graph.attach(tree);
-        graph.setRoot(list({{"a"}, {"b"}}, row));
-      },
-      "in Lending of row \"a\"");
+  testing::RenderedTree tree;
+  graph.attach(tree);
+  EXPECT_DEATH(graph.setRoot(list({{"a"}, {"b"}}, row)), "in Lending of row \"a\"");
 }
 
-TEST(StateChangeDeathTest, WritingFromARowsClosureStopsTheProcessToo) {
+TEST_F(StateChangeDeathTest, WritingFromARowsClosureStopsTheProcessToo) {
   const auto lent = borrowed();
-  EXPECT_DEATH(
-      {
-        ViewGraph graph;
-        testing::RenderedTree tree;
-        graph.attach(tree);
-        graph.setRoot(column({Lending{lent}, list({{"a"}}, [&](const Line&) {
-                                (*lent)->set(&Counter::State::count, 1);
-                                return View();
-                              })}));
-      },
-      "while a view was being described in Lending");
+  testing::RenderedTree tree;
+  graph.attach(tree);
+  const auto row = [&](const Line&) {
+    (*lent)->set(&Counter::State::count, 1);
+    return View();
+  };
+  EXPECT_DEATH(graph.setRoot(column({Lending{lent}, list({{"a"}}, row)})),
+               "while a view was being described in Lending");
 }
 
-TEST(StateChangeDeathTest, AnEqualWriteWhileDescribingIsAllowed) {
-  ViewGraph graph;
+TEST_F(StateChangeDeathTest, AnEqualWriteWhileDescribingIsAllowed) {
   graph.setRoot(
       Lending{borrowed(), [](const CounterState& state) { state.set(&Counter::State::count, 0); }});
   EXPECT_EQ(texts(graph.root()), Texts{"0"});

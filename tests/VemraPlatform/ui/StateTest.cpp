@@ -1,12 +1,11 @@
 // Where state is stored, how long it is kept, and which code reads and writes it.
 
 #include "tests/VemraPlatform/ui/Lending.hpp"
+#include "tests/VemraPlatform/ui/OnGraph.hpp"
 
 #include <string>
 #include <utility>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 namespace vemra::ui {
 
@@ -26,10 +25,11 @@ struct AccentedNote {
   }
 };
 
+using StateTest = OnGraph;
+
 }  // namespace
 
-TEST(StateTest, IsInitialAtFirstMountOnly) {
-  ViewGraph graph;
+TEST_F(StateTest, IsInitialAtFirstMountOnly) {
   graph.setRoot(Counter{"a"});
   EXPECT_EQ(texts(graph.root()), Texts{"a=0"});
   press(graph, "+");
@@ -37,22 +37,7 @@ TEST(StateTest, IsInitialAtFirstMountOnly) {
   EXPECT_EQ(texts(graph.root()), Texts{"b=1"});
 }
 
-TEST(StateTest, IsKeptWhenSiblingsAreAddedAndRemoved) {
-  ViewGraph graph;
-  const auto screen = [](bool above, bool below) {
-    return column({If(above, [] { return Text("above"); }), Counter{"it"},
-                   If(below, [] { return Text("below"); })});
-  };
-  graph.setRoot(screen(false, false));
-  press(graph, "+");
-  graph.setRoot(screen(true, true));
-  EXPECT_EQ(texts(graph.root()), (Texts{"above", "it=1", "below"}));
-  graph.setRoot(screen(false, true));
-  EXPECT_EQ(texts(graph.root()), (Texts{"it=1", "below"}));
-}
-
-TEST(StateTest, IsKeptOverInsertMoveAndReorder) {
-  ViewGraph graph;
+TEST_F(StateTest, IsKeptOverInsertMoveAndReorder) {
   testing::RenderedTree tree;
   graph.attach(tree);
   const auto show = [&](std::vector<Line> lines) {
@@ -70,8 +55,7 @@ TEST(StateTest, IsKeptOverInsertMoveAndReorder) {
       << "a person who was removed and added again has new state";
 }
 
-TEST(StateTest, IsLostOnRemovalAndReturn) {
-  ViewGraph graph;
+TEST_F(StateTest, IsLostOnRemovalAndReturn) {
   const auto screen = [](bool shown) {
     return column({If(shown, [] { return View(Counter{"it"}); })});
   };
@@ -83,8 +67,7 @@ TEST(StateTest, IsLostOnRemovalAndReturn) {
   EXPECT_EQ(texts(graph.root()), Texts{"it=0"});
 }
 
-TEST(StateTest, IsLostOnAChangeOfBranchAndBack) {
-  ViewGraph graph;
+TEST_F(StateTest, IsLostOnAChangeOfBranchAndBack) {
   const auto screen = [](bool first) {
     return If(first, [] { return View(Counter{"one"}); }).otherwise([] {
       return View(Counter{"two"});
@@ -98,8 +81,7 @@ TEST(StateTest, IsLostOnAChangeOfBranchAndBack) {
   EXPECT_EQ(texts(graph.root()), Texts{"one=0"});
 }
 
-TEST(StateTest, AWriteIsVisibleToTheNextReadAndTheBodyRunsOnce) {
-  ViewGraph graph;
+TEST_F(StateTest, AWriteIsVisibleToTheNextReadAndTheBodyRunsOnce) {
   const auto lent = borrowed();
   std::vector<int> read;
   graph.setRoot(column({Lending{lent}, Button("go", [&] {
@@ -115,8 +97,7 @@ TEST(StateTest, AWriteIsVisibleToTheNextReadAndTheBodyRunsOnce) {
   EXPECT_EQ(texts(graph.root()).front(), "3");
 }
 
-TEST(StateTest, AnEqualWriteIsNoChange) {
-  ViewGraph graph;
+TEST_F(StateTest, AnEqualWriteIsNoChange) {
   const auto lent = borrowed();
   graph.setRoot(Lending{lent});
   (*lent)->set(&Counter::State::count, 5);
@@ -128,16 +109,14 @@ TEST(StateTest, AnEqualWriteIsNoChange) {
   EXPECT_EQ(texts(graph.root()), Texts{"6"}) << "a write outside an event settles at once";
 }
 
-TEST(StateTest, TextIsComparedByteForByte) {
-  ViewGraph graph;
+TEST_F(StateTest, TextIsComparedByteForByte) {
   graph.setRoot(AccentedNote{});
   graph.deliver(graph.root()->children[0]->id, EditText{"e\u0301"});
   EXPECT_EQ(graph.root()->children[0]->element.text(), "e\u0301") << "typed text is not normalised";
 }
 
-TEST(StateTest, AfterTheViewIsGoneAWriteDoesNothingAndAReadGivesTheLastValue) {
+TEST_F(StateTest, AfterTheViewIsGoneAWriteDoesNothingAndAReadGivesTheLastValue) {
   const auto lent = borrowed();
-  ViewGraph graph;
   graph.setRoot(Lending{lent});
   const CounterState late = **lent;
   const Binding<int> binding = late.binding(&Counter::State::count);
@@ -154,15 +133,15 @@ TEST(StateTest, AfterTheViewIsGoneAWriteDoesNothingAndAReadGivesTheLastValue) {
   EXPECT_EQ(texts(graph.root()), Texts{"0"});
 }
 
-TEST(StateTest, CanStillBeReadAfterItsGraph) {
+TEST_F(StateTest, CanStillBeReadAfterItsGraph) {
   const auto lent = borrowed();
   {
-    ViewGraph graph;
-    graph.setRoot(list({{"a"}}, [&](const Line&) { return View(Lending{lent}); }));
+    ViewGraph brief;
+    brief.setRoot(list({{"a"}}, [&](const Line&) { return View(Lending{lent}); }));
     testing::RenderedTree tree;
-    graph.attach(tree);
+    brief.attach(tree);
     (*lent)->set(&Counter::State::count, 4);
-    graph.detach();
+    brief.detach();
   }
   (*lent)->set(&Counter::State::count, 9);
   EXPECT_EQ((**lent)->count, 4);

@@ -14,7 +14,6 @@
 #include <QScrollBar>
 #include <QTest>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace vemra;
 using namespace vemra::qttest;
@@ -23,14 +22,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 namespace {
-
-void erasePerson(WindowHost& host, std::size_t index) {
-  host.change([&](Result& result) {
-    std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
-    people.erase(people.begin() + static_cast<long>(index));
-    result.people = people;
-  });
-}
 
 class Announcements : public ::testing::Test {
  protected:
@@ -73,13 +64,10 @@ TEST_F(Announcements, ReportAddedAndRemovedRowsButNotScrolledRows) {
   host.widget.verticalScrollBar()->setValue(10'000);
   host.widget.verticalScrollBar()->setValue(0);
   EXPECT_THAT(listener.heard(), IsEmpty());
-  erasePerson(host, 2);
+  host.erasePerson(2);
   EXPECT_THAT(listener.heard(), Contains("destroyed "));
-  host.change([](Result& result) {
-    std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
-    people.insert(people.begin() + 1, build::person("fresh", "Fresh"));
-    result.people = people;
-  });
+  host.changePeople(
+      [](People& people) { people.insert(people.begin() + 1, build::person("fresh", "Fresh")); });
   EXPECT_THAT(listener.heard(), Contains("created Fresh"));
 }
 
@@ -172,10 +160,8 @@ TEST_F(Announcements, ReportNewNamesNearAndFarAway) {
   for (const int row : {3, 3 + 150})
     (void)name(*page.child(row));  // of the third only the button's
   (void)listener.heard();
-  host.change([](Result& result) {
-    std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
+  host.changePeople([](People& people) {
     for (const std::size_t person : {1, 151, 251}) people[person].displayName = "Ada";
-    result.people = people;
   });
   std::vector<std::string> heard;
   ASSERT_TRUE(QTest::qWaitFor([&] {
@@ -188,11 +174,7 @@ TEST_F(Announcements, ReportNewNamesNearAndFarAway) {
   host.change([](Result& result) { result.goal.title = "Another"; });
   QTest::qWait(20);
   EXPECT_THAT(listener.heard(), IsEmpty()) << "no client knows the title, and Ada is unchanged";
-  host.change([](Result& result) {
-    std::vector<GoalPersonCandidateDTO> people(result.people.begin(), result.people.end());
-    people[151].displayName = "Bo";
-    result.people = people;
-  });
+  host.changePeople([](People& people) { people[151].displayName = "Bo"; });
   QTest::qWait(20);
   EXPECT_THAT(listener.heard(), ElementsAre("name Bo", "name Bo")) << "nothing in view has changed";
 }

@@ -15,7 +15,6 @@
 #include <QScrollBar>
 #include <QTest>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace vemra;
 using namespace vemra::qttest;

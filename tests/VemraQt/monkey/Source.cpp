@@ -4,7 +4,6 @@
 #include "tests/RecordedOutcomes.hpp"
 
 #include <algorithm>
-#include <array>
 
 namespace vemra::monkey {
 

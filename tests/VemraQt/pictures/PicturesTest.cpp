@@ -14,7 +14,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QFontInfo>
-#include <QLineEdit>
 #include <QPainter>
 #include <gtest/gtest.h>
 

@@ -5,11 +5,8 @@
 #include "tests/apps/documents/SampleResult.hpp"
 
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
-#include <filesystem>
 #include <fstream>
-#include <functional>
 #include <random>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -41,17 +38,6 @@ TEST(DeepNestingTest, DeepNestingIsRefusedAtTheFirstImpossibleBracket) {
             "case.json: /goal/title: expected a string; found an array");
   EXPECT_EQ(errorIn(replacing(sampleResult, "[\"Mail\"]", repeated("[", depth))),
             "case.json: /coverage/sources/0: expected a string; found an array");
-}
-
-TEST(NoiseTest, FiftyMegabytesAreRefused) {
-  std::mt19937 random(50);
-  std::string noise(fiftyMegabytes, '\0');
-  for (char& byte : noise) byte = static_cast<char>(random());
-  EXPECT_NE(errorIn(noise), "");
-  EXPECT_NE(errorIn("{\"goal\": {\"id\": \"" + noise), "");
-  for (char& byte : noise) byte = 'x';
-  EXPECT_NE(errorIn(noise), "");
-  EXPECT_NE(errorIn("{\"goal\": {\"id\": \"" + noise), "");
 }
 
 TEST(NoiseTest, ALongRunOfOneKindIsRefusedWithAShortMessage) {

@@ -13,67 +13,24 @@ TEST_P(MalformedJsonTest, NamesFilePlaceAndExpectation) {
   EXPECT_EQ(errorIn(replacing(sampleResult, what, by)), message);
 }
 
+// The tests of the reader list the ways in which a document can be broken.
 const Malformed syntax[] = {
     {"{\n  \"goal\"", "\xEF\xBB\xBF{\n  \"goal\"",
      "case.json: line 1, column 1: expected UTF-8 without a byte-order mark; found U+FEFF"},
-    {"{\n  \"goal\"", "[\n  \"goal\"", "case.json: expected an object; found an array"},
-    {"{\n  \"goal\"", "\"goal\"", "case.json: expected an object; found \"goal\""},
-    {"{\n  \"goal\"", "x\n  \"goal\"",
-     "case.json: line 1, column 1: expected an object; found \"x\""},
-    {"{\n  \"goal\"", "{\n  goal", "case.json: line 2, column 3: expected a key; found \"goal\""},
-    {"{\n  \"goal\"", "{\n  'goal'", "case.json: line 2, column 3: expected a key; found \"'\""},
-    {"{\n  \"goal\"", "{\n  // a goal\n  \"goal\"",
-     "case.json: line 2, column 3: expected a key; found \"/\""},
-    {"\"g1\",", "\"g1\"",
-     "case.json: /goal: line 2, column 23: expected \",\" or \"}\"; found \"\\\"\""},
-    {"\"g1\",", "\"g1\",,", "case.json: /goal: line 2, column 23: expected a key; found \",\""},
-    {"\"id\": \"g1\"", "\"id\" \"g1\"",
-     "case.json: /goal: line 2, column 17: expected \":\"; found \"\\\"\""},
-    {"\"g1\"", "\"g\t1\"",
-     "case.json: /goal/id: line 2, column 20: expected a control character to be written as an "
-     "escape; found \"\\t\""},
-    {"\"g1\"", "\"g\\q\"",
-     "case.json: /goal/id: line 2, column 21: expected one of the escapes \\\" \\\\ \\/ \\b \\f "
-     "\\n "
-     "\\r \\t \\u; found \"q\""},
-    {"\"g1\"", "\"\\ud83d\"",
-     "case.json: /goal/id: line 2, column 19: expected both halves of a surrogate pair; found "
-     "\\ud83d"},
-    {"\"g1\"", "\"\\ude00x\"",
-     "case.json: /goal/id: line 2, column 19: expected both halves of a surrogate pair; found "
-     "\\ude00"},
     {"Ada", "Ad\xC3",
      "case.json: /people/0/displayName: line 7, column 43: expected UTF-8; found the byte 0xC3"},
-    {"Ada", "A\xED\xA0\x80",
-     "case.json: /people/0/displayName: line 7, column 42: expected UTF-8; found the byte 0xED"},
     {"\"personRef\": \"p1\"", "\"person\xFFRef\": \"p1\"",
      "case.json: /people/0: line 7, column 13: expected UTF-8; found the byte 0xFF"},
     {"\"people\": [", "\"people\": \xFF[",
      "case.json: /people: line 6, column 13: expected UTF-8; found the byte 0xFF"},
-    {"\"hopCount\": 2", "\"hopCount\": 02",
-     "case.json: /people/0/why/hopCount: line 7, column 90: expected a number without leading "
-     "zeros; found \"2\""},
-    {"\"hopCount\": 2", "\"hopCount\": +2",
-     "case.json: /people/0/why/hopCount: line 7, column 89: expected an integer from "
-     "-9223372036854775808 to 9223372036854775807, without fraction or exponent; found \"+\""},
     {"\"hopCount\": 2", "\"hopCount\": 2x",
      "case.json: /people/0/why: line 7, column 90: expected \",\" or \"}\"; found \"x\""},
     {"\"hopCount\": 2", "\"hopCount\": ",
      "case.json: /people/0/why/hopCount: line 7, column 89: expected an integer from "
      "-9223372036854775808 to 9223372036854775807, without fraction or exponent; found \"}\""},
-    {"[\"ev9\", \"ev3\"]", "[\"ev9\", ]",
-     "case.json: /people/0/evidenceIDs/1: line 8, column 29: expected a string; found \"]\""},
-    {"[\"ev9\", \"ev3\"]", "[\"ev9\" \"ev3\"]",
-     "case.json: /people/0/evidenceIDs: line 8, column 28: expected \",\" or \"]\"; found "
-     "\"\\\"\""},
-    {"\"displayName\": null", "\"displayName\": nil",
-     "case.json: /people/1/displayName: line 9, column 40: expected null; found \"nil\""},
     {"\"displayName\": null", "\"displayName\": Null",
      "case.json: /people/1/displayName: line 9, column 40: expected a string or null; found "
      "\"Null\""},
-    {"\"displayName\": null", "\"displayName\": NaN",
-     "case.json: /people/1/displayName: line 9, column 40: expected a string or null; found "
-     "\"NaN\""},
 };
 INSTANTIATE_TEST_SUITE_P(syntax, MalformedJsonTest, testing::ValuesIn(syntax));
 

@@ -2,6 +2,7 @@
 
 #include "apps/documents/DocumentError.hpp"
 #include "apps/documents/ResultReader.hpp"
+#include "tests/apps/Replacing.hpp"
 
 #include <string>
 #include <string_view>
@@ -33,13 +34,6 @@ inline const std::string sampleResult = R"json({
     {"id": "o2", "subjectKind": "path", "value": "somethingElse", "correctsOutcomeID": ""}
   ]
 })json";
-
-/// `text` with the first occurrence of `what` replaced; it must contain `what`.
-inline std::string replacing(std::string text, std::string_view what, std::string_view by) {
-  const std::size_t at = text.find(what);
-  if (at == std::string::npos) throw std::logic_error("the sample has no " + std::string(what));
-  return text.replace(at, what.size(), by);
-}
 
 /// The message for a document named "case.json", or "" when it is read without one.
 inline std::string errorIn(std::string_view text) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/apps/Replacing.hpp"
+
 #include <string>
 
 namespace vemra::inspect {
@@ -20,6 +22,13 @@ inline const std::string oneOfEach = R"json({
 /// A result without people, paths, evidence and outcomes.
 inline const std::string nothing = R"json({"goal": {"id": "", "title": ""}, "people": [],
   "paths": [], "group": [], "coverage": {"sources": [], "evidenceCount": 0}, "outcomes": []})json";
+
+/// A result with these people, the elements of a JSON array, and some evidence.
+inline std::string people(const std::string& elements) {
+  return R"({"goal": {"id": "g", "title": ""}, "people": [)" + elements +
+         R"(], "paths": [], "group": [], "coverage": {"sources": [], "evidenceCount": 1},
+            "outcomes": []})";
+}
 
 /// A case document: a result, and the keys that follow it (", …" or "").
 inline std::string caseOf(const std::string& result, const std::string& more = "") {

@@ -154,10 +154,9 @@ TEST_F(ElementTreeTest, WritesDisabledFalseForAnEnabledButton) {
 }
 
 TEST_F(ElementTreeTest, NumbersNoEqualRowsAndKeepsTheBytesOfTheirIds) {
-  const std::string twice = R"json({"goal": {"id": "g", "title": ""}, "people": [
+  const std::string twice = people(R"(
       {"personRef": "\u00e9", "why": {"kind": "generic"}}, {"personRef": "e\u0301", "why": {"kind": "generic"}},
-      {"personRef": "", "why": {"kind": "generic"}}, {"personRef": "", "why": {"kind": "generic"}}
-    ], "paths": [], "group": [], "coverage": {"sources": [], "evidenceCount": 1}, "outcomes": []})json";
+      {"personRef": "", "why": {"kind": "generic"}}, {"personRef": "", "why": {"kind": "generic"}})");
   std::vector<std::string> ids;
   const auto rows = find(tree(twice), "element", "ForEach");
   for (const auto& row : rows["children"]) ids.push_back(row["id"]);
@@ -177,9 +176,7 @@ TEST_F(ElementTreeTest, ShowsTranslationsBesideTheirKeys) {
 }
 
 TEST_F(ElementTreeTest, OmitsAbsentViews) {
-  std::string result = oneOfEach;
-  result.replace(result.find("\"ev9\", \"ev3\""), 12, "");
-  const auto row = find(tree(result), "id", "p1");
+  const auto row = find(tree(replacing(oneOfEach, "\"ev9\", \"ev3\"", "")), "id", "p1");
   EXPECT_EQ(row["children"].size(), 3U) << lines(row);
 }
 

@@ -1,8 +1,6 @@
 #include "tests/apps/inspect/CaseText.hpp"
 #include "tests/apps/inspect/Ran.hpp"
 
-#include <csignal>
-
 namespace vemra::inspect {
 namespace {
 
@@ -12,7 +10,6 @@ const std::string onPerson = "vemra.goal.person.p1.outcome.";
 
 TEST_F(ProgramTest, WritesOneDocument) {
   const ordered_json document = inspect(withSteps(oneOfEach, ""));
-  ASSERT_EQ(document.size(), 3U);
   EXPECT_EQ(document["steps"], ordered_json::array());
   EXPECT_EQ(document["calls"], ordered_json::array());
   EXPECT_EQ(document["tree"]["element"], "ScrollView");
@@ -22,15 +19,13 @@ TEST_F(ProgramTest, WritesOneDocument) {
 }
 
 TEST_F(ProgramTest, WritesTheCallbacksOfTheScreen) {
-  const Ran ran = run("-", withSteps(oneOfEach, R"({"press": {"title": "Ada"}},
+  const auto document = inspect(withSteps(oneOfEach, R"({"press": {"title": "Ada"}},
       {"press": "vemra.goal.person.p1.show-source"}, {"press": "vemra.goal.path.see-in-starfold"},)" +
-                                                    press(onPerson + "correct") + R"(,
+                                                         press(onPerson + "correct") + R"(,
       {"select": "vemra.goal.person.p1.outcome.picker", "value": "somethingElse"},
       {"type": "vemra.goal.person.p1.outcome.note", "text": " met at the fair\n"},
       {"submit": "vemra.goal.person.p1.outcome.note"},)" +
-                                                    press(onPerson + "save")));
-  EXPECT_EQ(ran.exitCode, 0) << ran.diagnostics;
-  const ordered_json document = ran.json();
+                                                         press(onPerson + "save")));
   for (const auto& step : document["steps"]) EXPECT_EQ(step.dump(), R"({"ok":true})");
   EXPECT_EQ(document["steps"].size(), 8U);
   EXPECT_EQ(document["calls"].dump(1), ordered_json::parse(R"json([
@@ -78,8 +73,7 @@ TEST_F(ProgramTest, WritesWhatAPersonSeesInAViewport) {
 }
 
 TEST_F(ProgramTest, WritesNilsOfARecordingAsNull) {
-  std::string result = oneOfEach;
-  result.replace(result.find(R"(["p1", "p9"])"), 12, "[]");
+  const std::string result = replacing(oneOfEach, R"(["p1", "p9"])", "[]");
   const auto document = inspect(withSteps(result, press("vemra.goal.path.outcome.start") + "," +
                                                       press("vemra.goal.path.outcome.save")));
   EXPECT_EQ(document["calls"][0]["argument"].dump(),
@@ -88,9 +82,8 @@ TEST_F(ProgramTest, WritesNilsOfARecordingAsNull) {
 }
 
 TEST_F(ProgramTest, WritesAnEngineFieldOfThePathOnlyWhenItIsSet) {
-  std::string result = oneOfEach;
-  result.replace(result.find(R"("why": {"kind": "nameMatch"})"), 28,
-                 R"("strength": -7, "why": {"kind": "nameMatch"})");
+  const std::string result = replacing(oneOfEach, R"("why": {"kind": "nameMatch"})",
+                                       R"("strength": -7, "why": {"kind": "nameMatch"})");
   const auto document = inspect(withSteps(result, press("vemra.goal.path.see-in-starfold")));
   EXPECT_EQ(document["calls"][0]["argument"].dump(),
             R"({"personRefs":["p1","p9"],"why":{"kind":"nameMatch"},"strength":-7})");
@@ -127,9 +120,8 @@ TEST_F(ProgramTest, ReportsAStepThatCannotBeCarriedOutAndContinues) {
 }
 
 TEST_F(ProgramTest, CountsDisabledButtonsAmongThoseOfATitle) {
-  const std::string two = R"json({"goal": {"id": "g", "title": ""}, "people": [
-      {"personRef": "p1", "why": {"kind": "generic"}}, {"personRef": "p2", "why": {"kind": "generic"}}
-    ], "paths": [], "group": [], "coverage": {"sources": [], "evidenceCount": 1}, "outcomes": []})json";
+  const std::string two = people(R"({"personRef": "p1", "why": {"kind": "generic"}},
+                                    {"personRef": "p2", "why": {"kind": "generic"}})");
   const Ran ran = run("-", withSteps(two, press("vemra.goal.person.p1.outcome.start") + "," +
                                               press("vemra.goal.person.p2.outcome.start") + R"(,
       {"select": "vemra.goal.person.p1.outcome.picker", "value": "somethingElse"},
@@ -150,19 +142,9 @@ TEST_F(ProgramTest, TakesAButtonsShownTitle) {
             1);
 }
 
-TEST_F(ProgramTest, PressesTheFirstOfTwoElementsWithOneIdentifier) {
-  const std::string two = R"json({"goal": {"id": "g", "title": ""}, "people": [
-      {"personRef": "p1", "why": {"kind": "generic"}, "evidenceIDs": ["first"]},
-      {"personRef": "p1", "why": {"kind": "generic"}, "evidenceIDs": ["second"]}
-    ], "paths": [], "group": [], "coverage": {"sources": [], "evidenceCount": 1}, "outcomes": []})json";
-  const auto document = inspect(withSteps(two, press("vemra.goal.person.p1.show-source")));
-  EXPECT_EQ(document["calls"].dump(), R"([{"callback":"onShowEvidence","argument":"first"}])");
-}
-
 TEST_F(ProgramTest, TypesSelectsAndSubmitsInTheFirstOfTwoElementsWithOneIdentifier) {
-  const std::string two = R"json({"goal": {"id": "g", "title": ""}, "people": [
-      {"personRef": "p1", "why": {"kind": "generic"}}, {"personRef": "p1", "why": {"kind": "generic"}}
-    ], "paths": [], "group": [], "coverage": {"sources": [], "evidenceCount": 1}, "outcomes": []})json";
+  const std::string two = people(R"({"personRef": "p1", "why": {"kind": "generic"}},
+                                    {"personRef": "p1", "why": {"kind": "generic"}})");
   const Ran ran = run("-", withSteps(two, R"({"press": {"title": "Record outcome", "index": 0}},
       {"press": {"title": "Record outcome", "index": 0}},
       {"select": "vemra.goal.person.p1.outcome.picker", "value": "helped"},
@@ -179,23 +161,18 @@ TEST_F(ProgramTest, TypesSelectsAndSubmitsInTheFirstOfTwoElementsWithOneIdentifi
 }
 
 TEST_F(ProgramTest, MatchesIdentifiersAndTitlesByteForByte) {
-  const std::string accented = R"json({"goal": {"id": "g", "title": ""}, "people": [
-      {"personRef": "\u00e9", "displayName": "\u00e9", "why": {"kind": "generic"}, "evidenceIDs": ["e"]}
-    ], "paths": [], "group": [], "coverage": {"sources": [], "evidenceCount": 1}, "outcomes": []})json";
+  const std::string accented = people(R"({"personRef": "\u00e9", "displayName": "\u00e9",
+                                          "why": {"kind": "generic"}, "evidenceIDs": ["e"]})");
   const Ran ran = run("-", withSteps(accented, R"({"press": "vemra.goal.person.\u00e9.show-source"},
       {"press": "vemra.goal.person.e\u0301.show-source"}, {"press": {"title": "\u00e9"}},
       {"press": {"title": "e\u0301"}})"));
   EXPECT_EQ(ran.exitCode, 1);
   const auto steps = ran.json()["steps"];
-  EXPECT_TRUE(steps[0].contains("ok"));
-  EXPECT_TRUE(steps[1].contains("error"));
-  EXPECT_TRUE(steps[2].contains("ok"));
-  EXPECT_TRUE(steps[3].contains("error"));
+  for (std::size_t i = 0; i < 4; ++i) EXPECT_TRUE(steps[i].contains(i % 2 ? "error" : "ok")) << i;
 }
 
 TEST_F(ProgramTest, TakesANewResultFromTheHost) {
-  std::string later = oneOfEach;
-  later.replace(later.find("\"o1\""), 4, "\"o2\"");
+  const std::string later = replacing(oneOfEach, "\"o1\"", "\"o2\"");
   const auto document = inspect(withSteps(oneOfEach, press(onPerson + "correct") + R"(,
         {"type": "vemra.goal.person.p1.outcome.note", "text": "typed"},
         {"result": )" + later + "}," + press(onPerson + "save") +
@@ -286,8 +263,8 @@ TEST_F(ProgramTest, FindsABadStepBeforeTheFirstOneRuns) {
 }
 
 TEST_F(ProgramTest, EndsByASignalWhenAHopCountOverflows) {
-  std::string result = oneOfEach;
-  result.replace(result.find("\"hopCount\": 2"), 13, "\"hopCount\": -9223372036854775808");
+  const std::string result =
+      replacing(oneOfEach, "\"hopCount\": 2", "\"hopCount\": -9223372036854775808");
   const Ran first = run("-", withSteps(result, ""));
   EXPECT_NE(first.signal, 0);
   EXPECT_EQ(first.output, "");
@@ -316,13 +293,6 @@ TEST_F(ProgramTest, TakesLocaleAndTimeZoneFromTheEnvironment) {
       << "the case's own come first";
   EXPECT_NE(footer("LC_ALL=xx_YY.UTF-8 TZ=Mars/Olympus"), "")
       << "an unknown name in the environment is no error";
-}
-
-TEST_F(ProgramTest, Helps) {
-  const Ran ran = run("--help");
-  EXPECT_EQ(ran.exitCode, 0);
-  EXPECT_EQ(ran.diagnostics, "");
-  EXPECT_NE(ran.output.find("--trace"), std::string::npos);
 }
 
 }  // namespace

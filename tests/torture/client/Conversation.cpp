@@ -8,7 +8,6 @@
 #include "apps/documents/ResultWriter.hpp"
 
 #include <algorithm>
-#include <chrono>
 #include <new>
 #include <sstream>
 #include <stdexcept>

@@ -9,7 +9,6 @@
 #include <map>
 #include <string>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace vemra::desk {

@@ -2,9 +2,9 @@
 
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/store/StoreError.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 
 #include <functional>
 #include <string>
@@ -12,9 +12,8 @@
 #include <gtest/gtest.h>
 
 namespace vemra::desk {
-
 /// A store with rows in every table, and another program that damages it.
-class DamagedStore : public testing::Test {
+class DamagedStore : public StoreFile {
  protected:
   DamagedStore() { GoalStore::open(file).import({rich()}); }
 
@@ -80,9 +79,6 @@ class DamagedStore : public testing::Test {
     std::filesystem::remove(file + "-shm");
     GoalStore::open(file).import({rich()});
   }
-
-  TemporaryFolder folder;
-  std::string file = folder.file("goals.sqlite");
 };
 
 }  // namespace vemra::desk

@@ -3,7 +3,6 @@
 #include "tests/apps/TemporaryFolder.hpp"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sqlite3.h>
 
 namespace vemra::desk {

@@ -1,10 +1,10 @@
 #include "VemraPlatform/task/Start.hpp"
 #include "apps/desk/store/StoreEngine.hpp"
 #include "tests/apps/Repeated.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/store/ErrorOf.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 #include "tests/apps/desk/store/SystemCallFault.hpp"
 
 #include <cerrno>
@@ -14,12 +14,11 @@
 
 namespace vemra::desk {
 namespace {
-
 using Call = SystemCallFault::Call;
 
 /// A store on a machine on which a system call fails. For each cause: the message names it, nothing
 /// is half done, and when the cause is over everything works again.
-class FailingSystemTest : public ::testing::Test {
+class FailingSystemTest : public StoreFile {
  protected:
   FailingSystemTest() { GoalStore::open(file).import({goal("g1", "One")}); }
 
@@ -29,8 +28,6 @@ class FailingSystemTest : public ::testing::Test {
   void record() { task::wait(engine.record("g1", input())); }
   std::size_t recorded() const { return GoalStore::open(file).outcomes("g1").size(); }
 
-  TemporaryFolder folder;
-  std::string file = folder.file("goals.sqlite");
   StoreEngine engine{file, Patience(300)};
 };
 

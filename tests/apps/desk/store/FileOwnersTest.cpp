@@ -1,22 +1,20 @@
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/store/Transaction.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/store/AsNobody.hpp"
 #include "tests/apps/desk/store/AtCommit.hpp"
 #include "tests/apps/desk/store/ErrorOf.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 
 #include <filesystem>
 #include <functional>
 #include <unistd.h>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace vemra::desk {
 namespace {
-
 namespace fs = std::filesystem;
 
 using ::testing::HasSubstr;
@@ -31,7 +29,7 @@ void asRoot(const std::function<void()>& act) {
 }
 
 /// Files of several users: needs the rights of root.
-class FileOwnersTest : public ::testing::Test {
+class FileOwnersTest : public StoreFile {
  protected:
   void SetUp() override {
     if (::geteuid() != 0) GTEST_SKIP() << "only root can give files to other users";
@@ -59,8 +57,6 @@ class FileOwnersTest : public ::testing::Test {
     return errorOf([&] { GoalStore::open(file).import({goal("g1", "One")}); });
   }
 
-  TemporaryFolder folder;
-  std::string file = folder.file("goals.sqlite");
   const std::string theirs = file + ": belongs to another user (user id 4711), and ";
 };
 

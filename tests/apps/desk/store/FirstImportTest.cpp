@@ -1,10 +1,10 @@
 #include "apps/desk/store/Database.hpp"
 #include "apps/desk/store/GoalStore.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/store/AtCommit.hpp"
 #include "tests/apps/desk/store/ErrorOf.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 #include "tests/apps/desk/store/SystemCallFault.hpp"
 
 #include <cerrno>
@@ -15,15 +15,11 @@
 
 namespace vemra::desk {
 namespace {
-
 using Call = SystemCallFault::Call;
 
-class FirstImportTest : public ::testing::Test {
+class FirstImportTest : public StoreFile {
  protected:
   bool isEmptyFolder() const { return std::filesystem::is_empty(folder.path()); }
-
-  TemporaryFolder folder;
-  std::string file = folder.file("goals.sqlite");
 };
 
 TEST_F(FirstImportTest, MakesAStoreWithALog) {

@@ -1,17 +1,16 @@
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/store/StoreError.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 
 #include <gtest/gtest.h>
 
 namespace vemra::desk {
 namespace {
-
 using enum GoalOutcomeValue;
 
-class ImportTest : public ::testing::Test {
+class ImportTest : public StoreFile {
  protected:
   std::vector<std::string> recordedIDs(const std::string& goalID) {
     std::vector<std::string> ids;
@@ -20,8 +19,6 @@ class ImportTest : public ::testing::Test {
   }
 
   using IDs = std::vector<std::string>;
-  TemporaryFolder folder;
-  std::string file = folder.file("goals.sqlite");
   GoalStore store = GoalStore::open(file);
 };
 

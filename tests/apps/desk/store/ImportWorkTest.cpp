@@ -1,8 +1,8 @@
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/store/StoreError.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/store/ErrorOf.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 
 #include <algorithm>
 #include <string>
@@ -52,18 +52,18 @@ GetGoalSnapshotResponse crowd(std::size_t people) {
   return result;
 }
 
-TEST(ImportWork, EachPersonTakesFewStepsOfSQLite) {
-  const TemporaryFolder folder;
+using ImportWork = StoreFile;
+
+TEST_F(ImportWork, EachPersonTakesFewStepsOfSQLite) {
   const InsertionSteps steps("people");
-  GoalStore::open(folder.file("goals.sqlite")).import({crowd(500)});
+  GoalStore::open(file).import({crowd(500)});
   ASSERT_EQ(steps.ofEachRow().size(), 500u);
   // With the table of names that SQLite would make for each row, they are more than 100.
   EXPECT_LT(*std::ranges::max_element(steps.ofEachRow()), 80);
 }
 
-TEST(ImportWork, TheConstraintsApplyToLaterRecords) {
-  const TemporaryFolder folder;
-  GoalStore store = GoalStore::open(folder.file("goals.sqlite"));
+TEST_F(ImportWork, TheConstraintsApplyToLaterRecords) {
+  GoalStore store = GoalStore::open(file);
   store.import({crowd(1)});
   const auto noValue = static_cast<GoalOutcomeValue>(99);
   const std::string error = errorOf([&] {

@@ -1,18 +1,17 @@
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/store/StoreError.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/store/AtCommit.hpp"
 #include "tests/apps/desk/store/ErrorOf.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 
 #include <gtest/gtest.h>
 
 namespace vemra::desk {
 namespace {
-
 /// A store keeps the result that it read last, and never returns it when the file has changed.
-class KeptResultTest : public ::testing::Test {
+class KeptResultTest : public StoreFile {
  protected:
   KeptResultTest() {
     auto one = goal("g1", "One", {outcome("o1", "p1", GoalOutcomeValue::helped)});
@@ -30,8 +29,6 @@ class KeptResultTest : public ::testing::Test {
     return GoalStore::open(file).result(goalID);
   }
 
-  TemporaryFolder folder;
-  std::string file = folder.file("goals.sqlite");
   GoalStore store = GoalStore::open(file);
 };
 

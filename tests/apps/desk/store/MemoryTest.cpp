@@ -1,8 +1,8 @@
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/store/StoreError.hpp"
 #include "tests/apps/Repeated.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 
 #include <atomic>
 #include <cstdint>
@@ -40,9 +40,9 @@ std::atomic<std::int64_t> granted{INT64_MAX};
 namespace vemra::desk {
 namespace {
 
-TEST(MemoryTest, TextsThatCannotBeComparedFailOnlyTheirQuery) {
-  const TemporaryFolder folder;
-  const std::string file = folder.file("goals.sqlite");
+using MemoryTest = StoreFile;
+
+TEST_F(MemoryTest, TextsThatCannotBeComparedFailOnlyTheirQuery) {
   // Comparing decomposes the texts, with four bytes for each character; all other allocations are
   // smaller.
   const std::string composed = repeated("\u00e9", 50'000);
@@ -67,9 +67,8 @@ TEST(MemoryTest, TextsThatCannotBeComparedFailOnlyTheirQuery) {
   EXPECT_EQ(store.goals().size(), 1u);
 }
 
-TEST(MemoryTest, AnAllocationThatFailsLeavesNoTransactionOpen) {
-  const TemporaryFolder folder;
-  GoalStore store = GoalStore::open(folder.file("goals.sqlite"));
+TEST_F(MemoryTest, AnAllocationThatFailsLeavesNoTransactionOpen) {
+  GoalStore store = GoalStore::open(file);
   store.import({goal("g", "There")});
   int failures = 0;
   for (int number = 0; number < 100; ++number) {
@@ -86,9 +85,7 @@ TEST(MemoryTest, AnAllocationThatFailsLeavesNoTransactionOpen) {
   EXPECT_LT(failures, 100) << "beyond the last allocation nothing fails";
 }
 
-TEST(MemoryTest, ARecordedOutcomeIsNotRefusedWhenMemoryRunsOut) {
-  const TemporaryFolder folder;
-  const std::string file = folder.file("goals.sqlite");
+TEST_F(MemoryTest, ARecordedOutcomeIsNotRefusedWhenMemoryRunsOut) {
   GoalStore store = GoalStore::open(file);
   store.import({goal("g1", "t")});
   const GoalOutcomeRecordingInput input{

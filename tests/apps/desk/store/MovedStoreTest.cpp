@@ -2,10 +2,10 @@
 #include "apps/desk/store/StoreEngine.hpp"
 #include "apps/desk/store/StoreError.hpp"
 #include "apps/desk/store/Transaction.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/store/ErrorOf.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 
 #include <chrono>
 #include <filesystem>
@@ -16,11 +16,10 @@
 
 namespace vemra::desk {
 namespace {
-
 namespace fs = std::filesystem;
 
 /// A store that is moved, removed or replaced while an engine has it open.
-class MovedStoreTest : public ::testing::Test {
+class MovedStoreTest : public StoreFile {
  protected:
   MovedStoreTest() {
     GoalStore::open(file).import({goal("g1", "One")});
@@ -45,8 +44,6 @@ class MovedStoreTest : public ::testing::Test {
     return name;
   }
 
-  TemporaryFolder folder;
-  std::string file = folder.file("goals.sqlite");
   const std::string away = folder.file("away.sqlite");
   const std::string gone = file + ": was moved or removed while it was open";
   const std::string replaced = file + ": was replaced by another file while it was open";

@@ -1,8 +1,8 @@
 #include "apps/desk/store/GoalStore.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/store/ErrorOf.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 
 #include <chrono>
 #include <filesystem>
@@ -12,16 +12,12 @@
 
 namespace vemra::desk {
 namespace {
-
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-class OpeningTest : public ::testing::Test {
+class OpeningTest : public StoreFile {
  protected:
   OpeningTest() { GoalStore::open(file).import({goal("g1", "One")}); }
-
-  TemporaryFolder folder;
-  std::string file = folder.file("goals.sqlite");
 };
 
 TEST_F(OpeningTest, AFinishedStoreIsOpenedWhileAnotherProgramWrites) {

@@ -1,9 +1,9 @@
 #include "VemraPlatform/date/InternetDateTime.hpp"
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/store/StoreError.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 
 #include <ctime>
 #include <set>
@@ -12,13 +12,10 @@
 
 namespace vemra::desk {
 namespace {
-
-class OutcomesTest : public ::testing::Test {
+class OutcomesTest : public StoreFile {
  protected:
   OutcomesTest() { store.import({goal("g1", "t")}); }
 
-  TemporaryFolder folder;
-  std::string file = folder.file("goals.sqlite");
   GoalStore store = GoalStore::open(file);
 };
 

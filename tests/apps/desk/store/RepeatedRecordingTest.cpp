@@ -1,10 +1,10 @@
 #include "VemraPlatform/task/Start.hpp"
 #include "apps/desk/store/StoreEngine.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/AfterCommit.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/store/ErrorOf.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 
 #include <filesystem>
 
@@ -12,10 +12,9 @@
 
 namespace vemra::desk {
 namespace {
-
 namespace fs = std::filesystem;
 
-class RepeatedRecordingTest : public testing::Test {
+class RepeatedRecordingTest : public StoreFile {
  protected:
   RepeatedRecordingTest() { GoalStore::open(file).import({goal("g1", "One"), goal("g2", "Two")}); }
 
@@ -24,8 +23,6 @@ class RepeatedRecordingTest : public testing::Test {
   }
   std::size_t recorded() const { return GoalStore::open(file).outcomes("g1").size(); }
 
-  TemporaryFolder folder;
-  std::string file = folder.file("goals.sqlite");
   const std::string id = newOutcomeID();
 };
 

@@ -1,8 +1,8 @@
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/store/ResultFault.hpp"
 #include "apps/desk/store/StoreError.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 
 #include <cstdint>
 
@@ -11,7 +11,9 @@
 namespace vemra::desk {
 namespace {
 
-TEST(ResultFault, IsOnlyTheSmallestHopCount) {
+using ResultFault = StoreFile;
+
+TEST_F(ResultFault, IsOnlyTheSmallestHopCount) {
   GetGoalSnapshotResponse result = goal("g", "t");
   for (const GoalWhyDTO& why :
        {GoalWhyDTO::connection(INT64_MIN + 1), GoalWhyDTO::connection(INT64_MAX),
@@ -25,7 +27,7 @@ TEST(ResultFault, IsOnlyTheSmallestHopCount) {
   }
 }
 
-TEST(ResultFault, NamesTheFirstPlace) {
+TEST_F(ResultFault, NamesTheFirstPlace) {
   const GoalWhyDTO fatal = GoalWhyDTO::connection(INT64_MIN);
   GetGoalSnapshotResponse result = goal("g", "t");
   result.paths = {{{"p"}, {}, 0}, {{"p"}, fatal, 0}, {{"p"}, fatal, 0}};
@@ -44,7 +46,7 @@ SharedArray<std::string> many(std::size_t count) {
   return SharedArray<std::string>(std::vector<std::string>(count));
 }
 
-TEST(ResultFault, IsTheListThatMakesTheTextsTooMany) {
+TEST_F(ResultFault, IsTheListThatMakesTheTextsTooMany) {
   const auto fill = [](GetGoalSnapshotResponse& result, int list, std::size_t count) {
     if (list == 0) result.goal.keywords = many(count);
     if (list == 1) result.goal.constraints = many(count);
@@ -75,7 +77,7 @@ TEST(ResultFault, IsTheListThatMakesTheTextsTooMany) {
   }
 }
 
-TEST(ResultFault, AllowsTenMoreTextsForEachPersonPathAndGroup) {
+TEST_F(ResultFault, AllowsTenMoreTextsForEachPersonPathAndGroup) {
   GetGoalSnapshotResponse result;
   EXPECT_EQ(mostTexts(result), 1'000'000U);
   result.people = std::vector<GoalPersonCandidateDTO>(200'000, {"p", {}, {}, many(10)});
@@ -87,9 +89,7 @@ TEST(ResultFault, AllowsTenMoreTextsForEachPersonPathAndGroup) {
   EXPECT_EQ(mostTexts(result), 3'000'020U);
 }
 
-TEST(ResultFault, KeepsEveryResultOfOneImportOutOfTheStore) {
-  const TemporaryFolder folder;
-  const std::string file = folder.file("goals.sqlite");
+TEST_F(ResultFault, KeepsEveryResultOfOneImportOutOfTheStore) {
   GoalStore store = GoalStore::open(file);
   GetGoalSnapshotResponse fatal = goal("fatal", "t");
   fatal.people = {{"p", {}, GoalWhyDTO::connection(INT64_MIN), {}}};

@@ -1,8 +1,8 @@
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/store/ResultFault.hpp"
 #include "apps/documents/ResultWriter.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 #include "tests/apps/documents/RandomResult.hpp"
 
 #include <gtest/gtest.h>
@@ -10,10 +10,11 @@
 namespace vemra::desk {
 namespace {
 
+using StoreRoundTrip = StoreFile;
+
 // Documents are compared as text, byte for byte; records would compare canonically.
-TEST(StoreRoundTrip, AnImportedResultIsReadBackUnchanged) {
-  const TemporaryFolder folder;
-  GoalStore store = GoalStore::open(folder.file("goals.sqlite"));
+TEST_F(StoreRoundTrip, AnImportedResultIsReadBackUnchanged) {
+  GoalStore store = GoalStore::open(file);
   documents::RandomResult random(20250105);
   std::vector<GetGoalSnapshotResponse> results;
   for (int i = 0; i < 400; ++i) {
@@ -29,9 +30,7 @@ TEST(StoreRoundTrip, AnImportedResultIsReadBackUnchanged) {
   }
 }
 
-TEST(StoreRoundTrip, SurvivesClosingAndOpening) {
-  const TemporaryFolder folder;
-  const std::string file = folder.file("goals.sqlite");
+TEST_F(StoreRoundTrip, SurvivesClosingAndOpening) {
   GetGoalSnapshotResponse result = documents::RandomResult(7).result();
   result.goal.id = "g";
   GoalStore::open(file).import({result});
@@ -39,9 +38,8 @@ TEST(StoreRoundTrip, SurvivesClosingAndOpening) {
             documents::writeResult(result));
 }
 
-TEST(StoreRoundTrip, KeepsEveryByteOfEveryText) {
-  const TemporaryFolder folder;
-  GoalStore store = GoalStore::open(folder.file("goals.sqlite"));
+TEST_F(StoreRoundTrip, KeepsEveryByteOfEveryText) {
+  GoalStore store = GoalStore::open(file);
   using namespace std::string_literals;
   const std::string texts[] = {""s,
                                "\0"s,
@@ -71,9 +69,8 @@ TEST(StoreRoundTrip, KeepsEveryByteOfEveryText) {
   }
 }
 
-TEST(StoreRoundTrip, FindsAGoalByAnyBytesOfItsId) {
-  const TemporaryFolder folder;
-  GoalStore store = GoalStore::open(folder.file("goals.sqlite"));
+TEST_F(StoreRoundTrip, FindsAGoalByAnyBytesOfItsId) {
+  GoalStore store = GoalStore::open(file);
   using namespace std::string_literals;
   for (const std::string& id : {""s, "\0"s, "a\0b"s, "a\0c"s, "a"s, "\u00FF"s, "\u00FE"s}) {
     store.import({goal(id, "title of " + id)});
@@ -84,9 +81,8 @@ TEST(StoreRoundTrip, FindsAGoalByAnyBytesOfItsId) {
   }
 }
 
-TEST(StoreRoundTrip, DistinguishesNilFromEmpty) {
-  const TemporaryFolder folder;
-  GoalStore store = GoalStore::open(folder.file("goals.sqlite"));
+TEST_F(StoreRoundTrip, DistinguishesNilFromEmpty) {
+  GoalStore store = GoalStore::open(file);
   GetGoalSnapshotResponse result = goal("g", "t");
   GoalOutcomeDTO bare = outcome("o1", "", GoalOutcomeValue::helped);
   bare.subjectRef = std::nullopt;
@@ -104,9 +100,8 @@ TEST(StoreRoundTrip, DistinguishesNilFromEmpty) {
               read.outcomes[1].correctsOutcomeID);
 }
 
-TEST(StoreRoundTrip, KeepsTheOrderAndPeopleWithEqualReferences) {
-  const TemporaryFolder folder;
-  GoalStore store = GoalStore::open(folder.file("goals.sqlite"));
+TEST_F(StoreRoundTrip, KeepsTheOrderAndPeopleWithEqualReferences) {
+  GoalStore store = GoalStore::open(file);
   GetGoalSnapshotResponse result = goal("g", "t");
   std::vector<GoalPersonCandidateDTO> people;
   for (int i = 0; i < 300; ++i) {

@@ -1,13 +1,12 @@
 #include "apps/desk/store/GoalStore.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/store/ErrorOf.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 
 #include <sys/stat.h>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace vemra::desk {
 namespace {
@@ -22,9 +21,9 @@ std::string errorOfOpening(const std::string& file) {
   return writing;
 }
 
-TEST(Schema, AStoreHasItsMarksAndUsesAWriteAheadLog) {
-  const TemporaryFolder folder;
-  const std::string file = folder.file("goals.sqlite");
+using Schema = StoreFile;
+
+TEST_F(Schema, AStoreHasItsMarksAndUsesAWriteAheadLog) {
   GoalStore store = GoalStore::open(file);
   EXPECT_THAT(folder.read("goals.sqlite"), StartsWith("SQLite format 3"));
   RawDatabase raw(file);
@@ -37,9 +36,7 @@ TEST(Schema, AStoreHasItsMarksAndUsesAWriteAheadLog) {
             "0");
 }
 
-TEST(Schema, AReasonHasAllColumnsOfItsKindAndNoOthers) {
-  const TemporaryFolder folder;
-  const std::string file = folder.file("goals.sqlite");
+TEST_F(Schema, AReasonHasAllColumnsOfItsKindAndNoOthers) {
   GoalStore::open(file).import({goal("g", "t")});
   RawDatabase raw(file);
   // One bit for each column: label, detail, reference, hop count, thread count, meeting count.
@@ -60,9 +57,7 @@ TEST(Schema, AReasonHasAllColumnsOfItsKindAndNoOthers) {
   }
 }
 
-TEST(Schema, OnlyItsOwnerMayReadANewFile) {
-  const TemporaryFolder folder;
-  const std::string file = folder.file("goals.sqlite");
+TEST_F(Schema, OnlyItsOwnerMayReadANewFile) {
   GoalStore store = GoalStore::open(file);
   store.import({goal("g", "t")});
   for (const char* suffix : {"", "-wal", "-shm"}) {
@@ -72,24 +67,20 @@ TEST(Schema, OnlyItsOwnerMayReadANewFile) {
   }
 }
 
-TEST(Schema, AnEmptyFileIsANewStore) {
-  const TemporaryFolder folder;
-  const std::string file = folder.write("empty", "");
+TEST_F(Schema, AnEmptyFileIsANewStore) {
+  folder.write("goals.sqlite", "");
   EXPECT_FALSE(GoalStore::openExisting(file));
-  EXPECT_EQ(folder.read("empty"), "") << "reading must not write";
+  EXPECT_EQ(folder.read("goals.sqlite"), "") << "reading must not write";
   GoalStore::open(file).import({goal("g", "t")});
   EXPECT_EQ(GoalStore::openExisting(file)->goals().size(), 1u);
 }
 
-TEST(Schema, ReadingAMissingStoreMakesNoFile) {
-  const TemporaryFolder folder;
+TEST_F(Schema, ReadingAMissingStoreMakesNoFile) {
   EXPECT_FALSE(GoalStore::openExisting(folder.file("new")));
   EXPECT_FALSE(std::filesystem::exists(folder.file("new")));
 }
 
-TEST(Schema, ANewerVersionIsRefusedUntouched) {
-  const TemporaryFolder folder;
-  const std::string file = folder.file("goals.sqlite");
+TEST_F(Schema, ANewerVersionIsRefusedUntouched) {
   GoalStore::open(file).import({goal("g", "t")});
   RawDatabase(file).run("PRAGMA user_version = 2");
   const std::string before = folder.read("goals.sqlite");
@@ -99,13 +90,11 @@ TEST(Schema, ANewerVersionIsRefusedUntouched) {
   EXPECT_EQ(folder.read("goals.sqlite"), before);
 }
 
-TEST(Schema, AnotherProgramsDatabaseIsRefusedUntouched) {
-  const TemporaryFolder folder;
-  const std::string file = folder.file("other.sqlite");
+TEST_F(Schema, AnotherProgramsDatabaseIsRefusedUntouched) {
   RawDatabase(file).run("CREATE TABLE recipes (name)");
-  const std::string before = folder.read("other.sqlite");
+  const std::string before = folder.read("goals.sqlite");
   EXPECT_EQ(errorOfOpening(file), file + ": is an SQLite database, but not a store of goals");
-  EXPECT_EQ(folder.read("other.sqlite"), before);
+  EXPECT_EQ(folder.read("goals.sqlite"), before);
 
   for (const char* mark : {"PRAGMA user_version = 1", "PRAGMA application_id = 77"}) {
     const std::string half = folder.file("half.sqlite");
@@ -122,35 +111,31 @@ TEST(Schema, AnotherProgramsDatabaseIsRefusedUntouched) {
   EXPECT_EQ(errorOfOpening(marked), marked + ": is an SQLite database, but not a store of goals");
 }
 
-TEST(Schema, AFileThatIsNoDatabaseIsRefusedUntouched) {
-  const TemporaryFolder folder;
+TEST_F(Schema, AFileThatIsNoDatabaseIsRefusedUntouched) {
   for (const std::string& bytes : {std::string("hello"), std::string(100'000, 'x'),
                                    std::string("SQLite format 3\0", 16), std::string(4096, '\0')}) {
-    const std::string file = folder.write("letter.txt", bytes);
+    folder.write("goals.sqlite", bytes);
     EXPECT_EQ(errorOfOpening(file), file + ": is not an SQLite database");
-    EXPECT_EQ(folder.read("letter.txt"), bytes);
+    EXPECT_EQ(folder.read("goals.sqlite"), bytes);
   }
 }
 
 // A header takes 100 bytes. SQLite itself reads a file of one byte as an empty database.
-TEST(Schema, AFileTooShortForAHeaderIsRefusedUntouchedUnlessItIsEmpty) {
-  const TemporaryFolder folder;
-  GoalStore::open(folder.file("goals.sqlite"));
+TEST_F(Schema, AFileTooShortForAHeaderIsRefusedUntouchedUnlessItIsEmpty) {
+  GoalStore::open(file);
   const std::string whole = folder.read("goals.sqlite");
   ASSERT_GE(whole.size(), 100u);
   for (std::size_t size = 1; size < 100; ++size) {
     for (const std::string& bytes :
          {std::string(size, 'x'), std::string(size, '\0'), whole.substr(0, size)}) {
-      const std::string file = folder.write("short", bytes);
-      ASSERT_EQ(errorOfOpening(file), file + ": is not an SQLite database") << size;
+      const std::string cut = folder.write("short", bytes);
+      ASSERT_EQ(errorOfOpening(cut), cut + ": is not an SQLite database") << size;
       ASSERT_EQ(folder.read("short"), bytes) << size;
     }
   }
 }
 
-TEST(Schema, ADamagedStoreIsAnErrorAndNotACrash) {
-  const TemporaryFolder folder;
-  const std::string file = folder.file("goals.sqlite");
+TEST_F(Schema, ADamagedStoreIsAnErrorAndNotACrash) {
   auto big = goal("g", "t");
   std::vector<GoalPersonCandidateDTO> people(2000, big.people[0]);
   big.people = people;
@@ -162,8 +147,7 @@ TEST(Schema, ADamagedStoreIsAnErrorAndNotACrash) {
   EXPECT_THAT(errorOf([&] { GoalStore::open(file).result("g"); }), StartsWith(file + ": "));
 }
 
-TEST(Schema, PlacesThatCannotHoldAStoreAreRefused) {
-  const TemporaryFolder folder;
+TEST_F(Schema, PlacesThatCannotHoldAStoreAreRefused) {
   const std::string missing = folder.file("no/such/folder/goals.sqlite");
   EXPECT_THAT(errorOf([&] { GoalStore::open(missing); }),
               ::testing::AllOf(StartsWith(missing + ": "), HasSubstr("No such file or directory")));
@@ -178,8 +162,7 @@ TEST(Schema, PlacesThatCannotHoldAStoreAreRefused) {
 }
 
 // SQLite has a meaning of its own for these; to a user they are files.
-TEST(Schema, SpecialNamesAreFiles) {
-  const TemporaryFolder folder;
+TEST_F(Schema, SpecialNamesAreFiles) {
   const auto before = std::filesystem::current_path();
   std::filesystem::current_path(folder.path());
   for (const char* name : {":memory:", "file:x?mode=memory", "with space ' \" é"}) {

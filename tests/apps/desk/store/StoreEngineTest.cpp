@@ -2,9 +2,9 @@
 #include "VemraPlatform/task/Start.hpp"
 #include "apps/desk/store/StoreEngine.hpp"
 #include "apps/desk/store/StoreError.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 
 #include <chrono>
 #include <coroutine>
@@ -17,13 +17,10 @@
 
 namespace vemra::desk {
 namespace {
-
-class StoreEngineTest : public ::testing::Test {
+class StoreEngineTest : public StoreFile {
  protected:
   StoreEngineTest() { GoalStore::open(file).import({goal("g1", "One"), goal("g2", "Two")}); }
 
-  TemporaryFolder folder;
-  std::string file = folder.file("goals.sqlite");
   std::shared_ptr<StoreEngine> engine = std::make_shared<StoreEngine>(file);
 };
 

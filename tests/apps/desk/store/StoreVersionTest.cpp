@@ -1,12 +1,11 @@
 #include "VemraPlatform/task/Start.hpp"
 #include "apps/desk/store/StoreEngine.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/store/ErrorOf.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 #include "tests/apps/desk/store/SystemCallFault.hpp"
 
-#include <cerrno>
 #include <chrono>
 #include <filesystem>
 #include <thread>
@@ -15,13 +14,12 @@
 
 namespace vemra::desk {
 namespace {
-
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 using Call = SystemCallFault::Call;
 
 /// The number by which a window notices that a store has changed, and how failures affect it.
-class StoreVersionTest : public ::testing::Test {
+class StoreVersionTest : public StoreFile {
  protected:
   StoreVersionTest() {
     GoalStore::open(file).import({goal("g1", "One")});
@@ -46,8 +44,6 @@ class StoreVersionTest : public ::testing::Test {
   }
   static void waitForTheFirstPause() { std::this_thread::sleep_for(600ms); }
 
-  TemporaryFolder folder;
-  std::string file = folder.file("goals.sqlite");
   StoreEngine engine{file, Patience(300)};
 };
 

@@ -2,9 +2,9 @@
 #include "apps/desk/store/ResultRows.hpp"
 #include "apps/desk/store/Transaction.hpp"
 #include "tests/apps/Repeated.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/store/ErrorOf.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 
 #include <fstream>
 #include <string>
@@ -15,11 +15,10 @@
 
 namespace vemra::desk {
 namespace {
-
 constexpr std::size_t textSize = 20'000;
 
 /// A store of one goal with three long keywords, which continue on pages of their own.
-class TextBoundTest : public ::testing::Test {
+class TextBoundTest : public StoreFile {
  protected:
   TextBoundTest() {
     GetGoalSnapshotResponse result = goal("g", "t");
@@ -68,8 +67,6 @@ class TextBoundTest : public ::testing::Test {
     return 0;
   }
 
-  TemporaryFolder folder;
-  std::string file = folder.file("goals.sqlite");
   int checks = 0;
 };
 

@@ -1,16 +1,16 @@
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/store/Transaction.hpp"
-#include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/store/StoreFile.hpp"
 
 #include <gtest/gtest.h>
 
 namespace vemra::desk {
 namespace {
 
-TEST(TransactionTest, ReadsInOneTransactionAreOfOneMoment) {
-  const TemporaryFolder folder;
-  const std::string file = folder.file("goals.sqlite");
+using TransactionTest = StoreFile;
+
+TEST_F(TransactionTest, ReadsInOneTransactionAreOfOneMoment) {
   GoalStore others = GoalStore::open(file);
   others.import({goal("g1", "One")});
   Database reader(file, Database::Opening::existing, usualPatience);

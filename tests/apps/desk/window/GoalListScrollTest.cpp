@@ -67,18 +67,6 @@ TEST_F(GoalListScrollTest, ARowThatIsInViewToItsEdgeIsNotScrolledTo) {
   EXPECT_EQ(bar().value(), 0) << "the heading comes with the first row";
 }
 
-TEST_F(GoalListScrollTest, ArrowKeysReachBothEndsAndStayThere) {
-  show(3, "g1");
-  list.row(1)->setFocus();
-  pressKey(*list.focusWidget(), Qt::Key_Down);
-  EXPECT_EQ(list.focusWidget(), list.row(2));
-  pressKey(*list.focusWidget(), Qt::Key_Down);
-  EXPECT_EQ(list.focusWidget(), list.row(2));
-  for (int i = 0; i < 3; ++i) pressKey(*list.focusWidget(), Qt::Key_Up);
-  EXPECT_EQ(list.focusWidget(), list.row(0));
-  EXPECT_EQ(chosen, (std::vector<std::string>{"g2", "g1", "g0"}));
-}
-
 TEST_F(GoalListScrollTest, WithoutAnOpenGoalNoneIsMarked) {
   show(10, "g3");
   EXPECT_TRUE(list.row(3)->isChecked());

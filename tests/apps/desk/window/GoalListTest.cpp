@@ -12,7 +12,6 @@
 #include <QLabel>
 #include <QToolTip>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace vemra::desk {
 namespace {
@@ -97,17 +96,6 @@ TEST_F(GoalListTest, AListenerMayChangeTheList) {
   });
   rows()[1]->click();
   EXPECT_THAT(chosen, ElementsAre("b", "still b"));
-}
-
-TEST_F(GoalListTest, ArrowKeysOpenTheNeighbourAndTabLeavesTheList) {
-  list.setGoals({{"a", "First"}, {"b", "Second"}, {"c", "Third"}}, "a");
-  QApplication::processEvents();
-  rows()[0]->setFocus();
-  pressKey(*rows()[0], Qt::Key_Down);
-  EXPECT_THAT(chosen, ElementsAre("b"));
-  EXPECT_TRUE(rows()[1]->hasFocus());
-  pressKey(*rows()[1], Qt::Key_Up);
-  EXPECT_THAT(chosen, ElementsAre("b", "a"));
 }
 
 TEST_F(GoalListTest, ArrowKeysGoToEitherEndAndNoFurther) {

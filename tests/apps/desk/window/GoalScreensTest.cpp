@@ -5,7 +5,6 @@
 #include "tests/apps/desk/SampleResults.hpp"
 
 #include <string>
-#include <utility>
 #include <vector>
 
 #include <QAbstractButton>

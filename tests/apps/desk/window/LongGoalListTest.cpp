@@ -15,7 +15,6 @@
 #include <QLabel>
 #include <QScrollBar>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace vemra::desk {
 namespace {

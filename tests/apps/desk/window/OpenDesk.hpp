@@ -9,7 +9,6 @@
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/window/Becomes.hpp"
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>

@@ -5,7 +5,6 @@
 
 #include <QApplication>
 #include <QPushButton>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace vemra::desk {

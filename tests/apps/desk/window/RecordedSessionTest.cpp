@@ -6,8 +6,6 @@
 
 #include <cctype>
 #include <set>
-#include <string_view>
-#include <utility>
 #include <vector>
 
 #include <QLineEdit>

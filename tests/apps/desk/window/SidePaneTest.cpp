@@ -11,7 +11,6 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace vemra::desk {
 namespace {

@@ -44,21 +44,6 @@ TEST_F(WindowTest, AStoreWithGoalsOffersNothing) {
   EXPECT_EQ(find<QWidget>("desk.addSampleGoals"), nullptr);
 }
 
-TEST_F(WindowTest, OpensTheRequestedGoal) {
-  addSamples();
-  open("sample-sail-the-baltic");
-  ASSERT_TRUE(becomes([&] { return shows("No source evidence yet."); }));
-  EXPECT_TRUE(shows("No relevant people found yet."));
-  EXPECT_TRUE(shows("This goal doesn't name someone to find a path to."));
-}
-
-TEST_F(WindowTest, TheThirdSampleHasEvidenceThatPointsAtNoPerson) {
-  addSamples();
-  open("sample-meet-the-curator");
-  ASSERT_TRUE(becomes([&] { return shows("Nothing points to a specific person for this yet."); }));
-  EXPECT_TRUE(shows("No supported path to them yet."));
-}
-
 TEST_F(WindowTest, OpensGoalsByPressAndByArrowKey) {
   addSamples();
   open();
