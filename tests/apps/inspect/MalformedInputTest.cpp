@@ -23,7 +23,7 @@ constexpr double secondsAllowed = 3;
 constexpr std::size_t longest = 54'000'000;
 #else
 constexpr double secondsAllowed = 20;  // checked or counted at every step
-constexpr std::size_t longest = 6'000'000;
+constexpr std::size_t longest = 2'000'000;
 #endif
 
 double seconds(const timeval& time) {
