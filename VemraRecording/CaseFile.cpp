@@ -29,7 +29,8 @@ int write(int descriptor, std::string_view text, std::size_t offset) {
 
 CaseFile::CaseFile(const std::string& path, std::string_view head)
     : descriptor_(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR)),
-      end_(head.size()) {
+      end_(head.size()),
+      last_(head.size()) {
   if (descriptor_ < 0) throw std::system_error(errno, std::generic_category());
   int error = write(descriptor_, head, 0);
   if (error == 0) error = write(descriptor_, tail, end_);
@@ -44,6 +45,15 @@ CaseFile::~CaseFile() {
 }
 
 void CaseFile::add(std::string_view step) {
+  last_ = end_;
+  append(step);
+}
+
+void CaseFile::addToLast(std::string_view step) {
+  append(step);
+}
+
+void CaseFile::append(std::string_view step) {
   if (descriptor_ < 0) throw std::system_error(EBADF, std::generic_category());
   std::string text = isFirst_ ? "\n    " : ",\n    ";
   text += step;
@@ -56,11 +66,12 @@ void CaseFile::add(std::string_view step) {
   isFirst_ = false;
 }
 
-/// Makes the file what it was before a step that could not be written, and gives the file up.
+/// Makes the file what it was before a step and what followed from it, and gives the file up.
 void CaseFile::restore(int error) {
-  write(descriptor_, tail, end_);
+  write(descriptor_, tail, last_);
   // Where this fails too, no more can be done.
-  [[maybe_unused]] const int cut = ::ftruncate(descriptor_, static_cast<off_t>(end_ + tail.size()));
+  [[maybe_unused]] const int cut =
+      ::ftruncate(descriptor_, static_cast<off_t>(last_ + tail.size()));
   ::close(descriptor_);
   descriptor_ = -1;
   throw std::system_error(error, std::generic_category());

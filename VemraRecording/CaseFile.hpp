@@ -27,6 +27,9 @@ class CaseFile {
 
   /// Adds a step, a JSON text.
   void add(std::string_view step);
+  /// Adds a step that follows from the last one of `add`. When it cannot be written, the file loses
+  /// that one, too: a replay would else do what the case does not have.
+  void addToLast(std::string_view step);
   /// @}
 
   CaseFile(const CaseFile&) = delete;
@@ -34,10 +37,12 @@ class CaseFile {
   ~CaseFile();
 
  private:
+  void append(std::string_view step);
   [[noreturn]] void restore(int error);
 
   int descriptor_ = -1;
-  std::size_t end_ = 0;  ///< where the document's last brackets begin
+  std::size_t end_ = 0;   ///< where the document's last brackets begin
+  std::size_t last_ = 0;  ///< where they began before the last step of `add`
   bool isFirst_ = true;
 };
 

@@ -52,17 +52,21 @@ struct Recorder::Parts : std::enable_shared_from_this<Parts> {
     try {
       work();
     } catch (const std::system_error& error) {
-      end(error.code().value() == EEXIST ? "a file of this name is there already"
-                                         : error.code().message());
+      const bool isThere = error.code().value() == EEXIST;
+      end(isThere ? Failure::Reason::fileExists : Failure::Reason::notWritten,
+          error.code().message());
     } catch (const std::exception& error) {
-      end(error.what());
+      end(Failure::Reason::notWritten, error.what());
     }
   }
 
-  void end(const std::string& reason) {
+  void end(Failure::Reason reason, const std::string& detail = "") noexcept {
     isOver = true;
     file.reset();
-    if (onFailure) onFailure(path + ": the recording has ended: " + reason);
+    try {
+      if (onFailure) onFailure({reason, path, detail});
+    } catch (...) {  // the screen works on, as without a recorder
+    }
   }
 
   void show(ui::ViewGraph& graph, const GoalResultSnapshotV1& snapshot) {
@@ -79,7 +83,7 @@ struct Recorder::Parts : std::enable_shared_from_this<Parts> {
       locale = environment.locale;
       timeZone = environment.timeZone;
     } else if (environment.locale != locale || environment.timeZone != timeZone) {
-      return end("the locale or the time zone has changed, which a case cannot hold");
+      return end(Failure::Reason::environmentChanged);
     } else if (screen && screen->text == text) {
       showScreen(screen->number);
     } else {
@@ -118,7 +122,7 @@ struct Recorder::Parts : std::enable_shared_from_this<Parts> {
   }
 
   void called(const Call& call) {
-    attempt([&] { file->add(callStep(mask ? masked(call, *mask) : call)); });
+    attempt([&] { file->addToLast(callStep(mask ? masked(call, *mask) : call)); });
   }
 
   void showScreen(std::size_t number) {

@@ -3,6 +3,7 @@
 #include "VemraGoalSurface/GoalResultView.hpp"
 #include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/ViewGraph.hpp"
+#include "VemraRecording/Failure.hpp"
 
 #include <functional>
 #include <memory>
@@ -26,7 +27,7 @@ enum class Texts { plain, masked };
 ///
 ///     vemra::recording::Recorder recorder(
 ///         "bug.json", {"my-host", "1.2"}, vemra::recording::Texts::masked,
-///         [&](const std::string& reason) { host.showNotice(reason); });
+///         [&](const vemra::recording::Failure& failure) { host.showNotice(failure.text()); });
 ///
 ///     vemra::qt::ViewWidget widget;
 ///     const auto show = [&](const vemra::GoalResultSnapshotV1& snapshot) {
@@ -37,7 +38,8 @@ enum class Texts { plain, masked };
 /// The case holds the first result with the locale, the time zone and the translations in which it
 /// is shown; then, in their order, each further result, each event that an element handles, and
 /// each call that leaves through a callback. The file is a whole case after every step, and a step
-/// is written before it is done: a step that ends the process is in the case.
+/// is written before it is done: a step that ends the process is in the case. A call that cannot be
+/// written takes the event that made it out of the case.
 ///
 /// A host with several screens, one graph each, passes all of them; steps name the screen where it
 /// changes. Recording ends with the recorder, with the first failure, and when a screen gets
@@ -46,10 +48,10 @@ enum class Texts { plain, masked };
 /// Main thread only. The recorder may be destroyed before the graphs or after them.
 class VEMRA_EXPORT Recorder {
  public:
-  /// Hears why the recording has ended too early, once: one line that names the file. It is called
-  /// from inside the call or the event that could not be written, which goes on as without a
-  /// recorder. A host that shows a widget for it does that later, from its event loop.
-  using OnFailure = std::function<void(const std::string& reason)>;
+  /// Hears once why the recording has ended too early. It is called from inside the call or the
+  /// event that could not be written, which goes on as without a recorder: an exception of it is
+  /// dropped. A host that shows a widget for it does that later, from its event loop.
+  using OnFailure = std::function<void(const Failure&)>;
 
   /// - Parameter file: the case. It is created with the first result; a file that is there already
   ///   stays as it is, and the recording fails.

@@ -2,6 +2,7 @@
 
 #include "VemraGoalSurface/GoalResultView.hpp"
 
+#include <algorithm>
 #include <utility>
 #include <variant>
 
@@ -12,7 +13,12 @@ using recording::OpenPerson;
 using recording::RecordOutcome;
 using recording::ShowEvidence;
 
-Inspection::Inspection(const Case& inspected) : environment_(inspected.environment) {
+Inspection::Inspection(const Case& inspected)
+    : environment_(inspected.environment),
+      namesCalls_(inspected.recorded.has_value() ||
+                  std::ranges::any_of(inspected.steps, [](const Step& step) {
+                    return std::holds_alternative<ExpectCall>(step);
+                  })) {
   screens_.push_back(std::make_unique<testing::Screen>(view(inspected.result), environment_));
 }
 
@@ -66,6 +72,13 @@ StepResult Inspection::nextCallIs(const std::string& call) {
   const std::string made = recording::callText(calls_[callsExpected_++]);
   if (made == call) return std::nullopt;
   return "expected the call " + call + "; found " + made;
+}
+
+StepResult Inspection::finish() const {
+  if (!namesCalls_ || callsExpected_ == calls_.size()) return std::nullopt;
+  const std::size_t more = calls_.size() - callsExpected_ - 1;
+  return "expected no further call; found " + recording::callText(calls_[callsExpected_]) +
+         (more > 0 ? " and " + std::to_string(more) + " more" : "");
 }
 
 ui::View Inspection::view(const GetGoalSnapshotResponse& result) {

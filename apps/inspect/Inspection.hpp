@@ -29,6 +29,10 @@ class Inspection {
   /// Carries out one step. A step that a user could not do changes nothing; the result is the reason.
   StepResult carryOut(const Step& step);
 
+  /// To be called after the last step. Where the case names its calls (it is recorded, or has a step
+  /// for a call), a call that no step has named is an error.
+  StepResult finish() const;
+
   /// The screen that is shown; a case may have several.
   const testing::Screen& screen() const { return *screens_[shown_]; }
   testing::Screen& screen() { return *screens_[shown_]; }
@@ -41,6 +45,7 @@ class Inspection {
 
   const ui::Environment environment_;
   std::vector<recording::Call> calls_;
+  const bool namesCalls_;
   std::size_t callsExpected_ = 0;
   std::vector<std::unique_ptr<testing::Screen>> screens_;  ///< by number
   std::size_t shown_ = 0;

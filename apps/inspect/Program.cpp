@@ -35,6 +35,10 @@ int inspect(const Options& options, const Case& inspected, std::ostream& output,
       diagnostics << options.file << ": step " << number << ": " << *result << '\n';
     }
   }
+  if (const StepResult result = inspection.finish()) {
+    code = notAllDone;
+    diagnostics << options.file << ": after the last step: " << *result << '\n';
+  }
   if (options.viewport) {
     output << testing::Viewport(inspection.screen().graph(), *options.viewport).text()
            << std::flush;

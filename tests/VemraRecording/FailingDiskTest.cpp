@@ -2,6 +2,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <stdexcept>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -65,6 +66,40 @@ TEST_F(FailingDiskTest, WhereverTheDiskIsFullTheFileIsTheCaseUntilThen) {
   }
 }
 
+TEST_F(FailingDiskTest, WithoutRoomForACallTheEventThatMadeItIsNotInTheCaseEither) {
+  record();
+  show(addScreen(), resultOf({person("ada", "Ada")}));
+  const std::string before = TemporaryFolder::readFile(file);
+  screens[0].press(testing::button("Ada"));
+  const std::size_t after = std::filesystem::file_size(file);
+  for (std::size_t room = before.size(); room < after; ++room) {
+    screens.clear();
+    std::filesystem::remove(file);
+    calls.clear();
+    record();
+    show(addScreen(), resultOf({person("ada", "Ada")}));
+    {
+      const Room limited(room);
+      screens[0].press(testing::button("Ada"));
+    }
+    ASSERT_EQ(TemporaryFolder::readFile(file), before) << "with room for " << room << " bytes";
+    EXPECT_EQ(calls.size(), 1U) << "the host gets the call";
+  }
+}
+
+TEST_F(FailingDiskTest, AnExceptionOfTheHostsNoticeDisturbsNothing) {
+  folder.write("case.json", "an earlier recording");
+  int notices = 0;
+  recorder.emplace(file, Program{"a host", "1"}, Texts::plain, [&](const Failure&) {
+    ++notices;
+    throw std::runtime_error("no window for a notice");
+  });
+  show(addScreen(), resultOf({person("ada", "Ada")}));
+  screens[0].press(testing::button("Ada"));
+  EXPECT_EQ(notices, 1);
+  EXPECT_EQ(calls.size(), 1U);
+}
+
 TEST_F(FailingDiskTest, WithoutRoomForTheFirstResultThereIsNoFile) {
   record();
   {
@@ -89,7 +124,7 @@ TEST_F(FailingDiskTest, AFileThatIsThereStaysAsItIs) {
 
 TEST_F(FailingDiskTest, AFolderThatIsNotThereIsAFailureOfTheRecordingAlone) {
   recorder.emplace(folder.file("no/case.json"), Program{"a host", "1"}, Texts::plain,
-                   [this](const std::string& reason) { failures.push_back(reason); });
+                   [this](const Failure& failure) { failures.push_back(failure.text()); });
   show(addScreen(), resultOf({person("ada", "Ada")}));
   EXPECT_EQ(failures,
             std::vector<std::string>{folder.file("no/case.json") +

@@ -22,7 +22,7 @@ class RecordedHost : public ::testing::Test {
  protected:
   void record(Texts texts = Texts::plain) {
     recorder.emplace(file, Program{"a host", "1.2"}, texts,
-                     [this](const std::string& reason) { failures.push_back(reason); });
+                     [this](const Failure& failure) { failures.push_back(failure.text()); });
   }
   /// A screen more, which shows nothing yet.
   testing::Screen& addScreen(ui::Environment environment = {}) {

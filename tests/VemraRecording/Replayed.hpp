@@ -22,6 +22,7 @@ class Replayed {
           << "in step " << ++stepsDone_ << " of\n"
           << documents::readSource(file);
     }
+    EXPECT_EQ(inspection.finish().value_or(""), "");
   }
 
   std::string outline() const { return inspection.screen().outline(); }

@@ -2,13 +2,32 @@
 
 #include "VemraRecording/Recorder.hpp"
 #include "apps/desk/commands/Documents.hpp"
+#include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/Reasons.hpp"
 
 #include <utility>
 
 #include <QMetaObject>
 
 namespace vemra::desk {
+namespace {
+
+using recording::Failure;
+
+QString reasonText(const Failure& failure) {
+  switch (failure.reason) {
+    case Failure::Reason::fileExists:
+      return localized("a file of this name is there already");
+    case Failure::Reason::environmentChanged:
+      return localized("the locale or the time zone has changed, which a case cannot hold");
+    case Failure::Reason::notWritten:
+      break;
+  }
+  return localizedReason(fromUTF8(failure.detail));
+}
+
+}  // namespace
 
 std::unique_ptr<recording::Recorder> makeRecorder(
     const RecordingWish& wish, QObject& window,
@@ -16,10 +35,11 @@ std::unique_ptr<recording::Recorder> makeRecorder(
   return std::make_unique<recording::Recorder>(
       wish.file, recording::Program{"vemra-desk", programVersion()},
       wish.isMasked ? recording::Texts::masked : recording::Texts::plain,
-      [&window, showNotice = std::move(showNotice)](const std::string& reason) {
+      [&window, showNotice = std::move(showNotice)](const Failure& failure) {
+        const QString text = localized("%1: the recording has ended: %2")
+                                 .arg(fromUTF8(failure.file), reasonText(failure));
         QMetaObject::invokeMethod(
-            &window, [showNotice, text = fromUTF8(reason)] { showNotice(text); },
-            Qt::QueuedConnection);
+            &window, [showNotice, text] { showNotice(text); }, Qt::QueuedConnection);
       });
 }
 

@@ -45,6 +45,7 @@ inline ReplayedUse replay(const Case& read, const std::string& moments) {
     replayed.moments += momentText(steps, testing::outlineOf(inspection.screen().graph()));
   }
   carryOutUpTo(read.steps.size());
+  EXPECT_EQ(inspection.finish().value_or(""), "");
   for (const recording::Call& call : inspection.calls()) {
     replayed.calls += recording::callText(call) + '\n';
   }

@@ -89,6 +89,27 @@ TEST_F(RecordedCaseTest, ACallStepNamesTheNextCallThatNoStepHasNamed) {
           "found {\"callback\": \"onOpenPerson\", \"argument\": \"p1\"}"}));
 }
 
+TEST_F(RecordedCaseTest, ACallThatNoStepOfARecordingNamesIsAnError) {
+  const std::string twice = R"("steps": [{"press": {"title": "Ada"}}, {"press": {"title": "Ada"}})";
+  const std::string opened = R"({"callback": "onOpenPerson", "argument": "p1"})";
+  const std::string recorded = recordedBy(commandline::version()) + ", " + twice;
+  const std::string message = "-: after the last step: expected no further call; found ";
+  for (const char* const options : {"-", "--outline -", "--viewport 80x24 -"}) {
+    const Ran none = run(options, caseOf(oneOfEach, recorded + "]"));
+    EXPECT_EQ(none.exitCode, 1) << options;
+    EXPECT_EQ(none.diagnostics, message + opened + " and 1 more\n");
+    const Ran one = run(options, caseOf(oneOfEach, recorded + R"(, {"call": )" + opened + "}]"));
+    EXPECT_EQ(one.exitCode, 1) << options;
+    EXPECT_EQ(one.diagnostics, message + opened + "\n");
+  }
+  const std::string call = R"(, {"call": )" + opened + "}";
+  EXPECT_EQ(run("-", caseOf(oneOfEach, recorded + call + call + "]")).exitCode, 0);
+  EXPECT_EQ(run("-", caseOf(oneOfEach, ", " + twice + call + "]")).exitCode, 1)
+      << "a case that names one call names all";
+  EXPECT_EQ(run("-", caseOf(oneOfEach, ", " + twice + "]")).exitCode, 0)
+      << "a case that names none is no recording";
+}
+
 TEST_F(RecordedCaseTest, EveryCallOfAReportIsACallStep) {
   const std::string act =
       R"({"press": {"title": "Ada"}}, {"press": "vemra.goal.person.p1.show-source"},)"

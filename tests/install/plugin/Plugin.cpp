@@ -12,7 +12,7 @@ extern "C" [[gnu::visibility("default")]] void showScreen() {
   vemra::testing::Screen screen(vemra::ui::Group({}));
   vemra::recording::Recorder recorder(
       "/dev/null", {"a plugin", "1"}, vemra::recording::Texts::masked,
-      [](const std::string& reason) { std::cout << reason << "\n"; });
+      [](const vemra::recording::Failure& failure) { std::cout << failure.text() << "\n"; });
   screen.show(recorder.view(screen.graph(), vemra::GoalResultSnapshotV1(answer), ignore, ignore,
                             ignore, ignore));
   std::cout << screen.outline();

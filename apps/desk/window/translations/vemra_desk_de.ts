@@ -1083,5 +1083,17 @@
         <source>it is read-only</source>
         <translation>sie ist schreibgeschützt</translation>
     </message>
+    <message>
+        <source>%1: the recording has ended: %2</source>
+        <translation>%1: Die Aufnahme ist beendet: %2</translation>
+    </message>
+    <message>
+        <source>a file of this name is there already</source>
+        <translation>eine Datei dieses Namens gibt es schon</translation>
+    </message>
+    <message>
+        <source>the locale or the time zone has changed, which a case cannot hold</source>
+        <translation>Sprache oder Zeitzone haben sich geändert; das kann ein Fall nicht festhalten</translation>
+    </message>
 </context>
 </TS>

@@ -247,5 +247,17 @@ TEST_F(GermanWindowTest, QtsOwnTextsAreGermanWhereItsTranslationsAreInstalled) {
   EXPECT_EQ(box.button(QMessageBox::Cancel)->text().remove(u'&'), "Abbrechen");
 }
 
+TEST_F(GermanWindowTest, TheNoticeOfARecordingThatHasEndedIsGerman) {
+  const std::string nowhere = folder.file("missing/case.json");
+  GoalStore::open(file).import({goal("a", "First")});
+  engine = std::make_shared<StoreEngine>(file, patience);
+  window = std::make_unique<DeskWindow>(StoreOpening{engine->file(), engine, {}, false},
+                                        std::nullopt, RecordingWish{nowhere, false});
+  window->show();
+  const QString notice =
+      fromUTF8(nowhere) + ": Die Aufnahme ist beendet: Datei oder Ordner nicht gefunden";
+  EXPECT_TRUE(becomes([&] { return shows(notice); })) << texts().join("\n").toStdString();
+}
+
 }  // namespace
 }  // namespace vemra::desk

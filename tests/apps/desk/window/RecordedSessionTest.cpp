@@ -115,6 +115,7 @@ struct Replay {
     for (const inspect::Step& step : read.steps) {
       EXPECT_EQ(inspection.carryOut(step).value_or("done"), "done");
     }
+    EXPECT_EQ(inspection.finish().value_or(""), "");
   }
   std::string outline() { return outlineOf(inspection.screen().graph()); }
 
