@@ -4,6 +4,7 @@
 #include "VemraQt/ViewWidget.hpp"
 #include "VemraRecording/Recorder.hpp"
 #include "apps/desk/window/FailurePage.hpp"
+#include "apps/desk/window/FindPeople.hpp"
 #include "apps/desk/window/GoalList.hpp"
 #include "apps/desk/window/GoalRow.hpp"
 #include "apps/desk/window/GoalScreens.hpp"
@@ -48,6 +49,7 @@ DeskWindow::DeskWindow(StoreOpening opening, std::optional<std::string> goalID,
   readOnly_ = new ReadOnlyBar;
   column->addWidget(readOnly_);
   column->addWidget(makePanes(), 1);
+  column->addWidget(&find_->bar());
   column->addWidget(waiting_);
   column->addWidget(notice_);
   setCentralWidget(page);
@@ -69,8 +71,9 @@ void DeskWindow::connectPanes() {
   connect(waiting_, &WaitingBar::tryAgainWanted, this, [this] { controller_->recordWaiting(); });
   connect(waiting_, &WaitingBar::discardWanted, this, &DeskWindow::askToDiscardWaiting);
   connect(side_, &SidePane::closed, this, &DeskWindow::closeSide);
-  connect(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, this,
-          &DeskWindow::closeSide);
+  connect(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, this, [this] {
+    if (!find_->close()) closeSide();
+  });
   connect(storePage_, &StorePage::anotherWanted, this, &DeskWindow::chooseStore);
   connect(storePage_, &StorePage::tryAgainWanted, this, [this] { open(file_); });
   connect(storePage_, &StorePage::readingWanted, this,
@@ -83,6 +86,7 @@ void DeskWindow::use(StoreOpening opening, std::optional<std::string> goalID) {
   std::vector<WaitingOutcome> kept;
   if (controller_ && isSameFile) kept = controller_->takeWaiting();
   if (!isSameFile) screens_->clear();
+  find_->screenChanged();
   setWindowTitle("Vemra Desk");
   notice_->hide();
   waiting_->setWaiting({});
@@ -96,6 +100,7 @@ void DeskWindow::use(StoreOpening opening, std::optional<std::string> goalID) {
     goals_->hide();
     storePage_->setProblem(opening);
     centre_->showPage(*storePage_);
+    find_->screenChanged();
     return;
   }
   if (opening.isReadOnly()) readOnly_->show(localizedReason(fromUTF8(opening.problem)));
@@ -169,6 +174,7 @@ QWidget* DeskWindow::makePanes() {
   goals_ = new GoalList;
   centre_ = new Pages;
   screens_ = std::make_unique<GoalScreens>(*centre_);
+  find_ = std::make_unique<FindPeople>(*screens_);
   welcome_ = new Welcome;
   failure_ = new FailurePage;
   storePage_ = new StorePage;
@@ -193,6 +199,7 @@ void DeskWindow::showGoals(const std::vector<GoalListing>& goals, const std::str
   goals_->setVisible(!goals.empty());
   if (goals.empty()) {
     centre_->showPage(*welcome_);
+    find_->screenChanged();
   } else if (centre_->currentWidget() == welcome_) {
     screens_->showAgain();
   }
@@ -212,6 +219,7 @@ void DeskWindow::showGoal(const LoadedGoal& goal) {
                ? recorder_->view(graph, goal.snapshot, openPerson, openEvidence, openPath, record)
                : GoalResultView(goal.snapshot, openPerson, openEvidence, openPath, record);
   });
+  find_->screenChanged();
   showTitle(goal);
 }
 
@@ -224,6 +232,7 @@ bool DeskWindow::keepGoal(const std::string& goalID) {
   const LoadedGoal* kept = screens_->showAgain(goalID);
   if (kept == nullptr) return false;
   if (recorder_) recorder_->showAgain(screen().graph());
+  find_->screenChanged();
   showTitle(*kept);
   return true;
 }
@@ -231,6 +240,7 @@ bool DeskWindow::keepGoal(const std::string& goalID) {
 void DeskWindow::showFailure(const QString& reason) {
   failure_->setReason(reason);
   centre_->showPage(*failure_);
+  find_->screenChanged();
 }
 
 void DeskWindow::showNotice(const QString& text, std::function<void()> tryAgain) {

@@ -24,6 +24,7 @@ class ViewWidget;
 namespace vemra::desk {
 
 class FailurePage;
+class FindPeople;
 class GoalList;
 class GoalScreens;
 class ImportDialog;
@@ -123,6 +124,7 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   GoalList* goals_;
   Pages* centre_;
   std::unique_ptr<GoalScreens> screens_;
+  std::unique_ptr<FindPeople> find_;
   std::unique_ptr<recording::Recorder> recorder_;  ///< none while nothing is recorded
   Welcome* welcome_;
   FailurePage* failure_;

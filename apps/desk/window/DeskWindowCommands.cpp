@@ -3,6 +3,7 @@
 #include "VemraQt/ViewWidget.hpp"
 #include "apps/desk/commands/Documents.hpp"
 #include "apps/desk/window/DeskWindow.hpp"
+#include "apps/desk/window/FindPeople.hpp"
 #include "apps/desk/window/GoalList.hpp"
 #include "apps/desk/window/HelpBoxes.hpp"
 #include "apps/desk/window/ImportDialog.hpp"
@@ -64,6 +65,9 @@ void DeskWindow::connectMenus() {
   connect(menus_, &MenuBar::exportWanted, this, &DeskWindow::chooseExport);
   connect(menus_, &MenuBar::closeWanted, this, &QWidget::close);
   connect(menus_, &MenuBar::quitWanted, qApp, &QApplication::closeAllWindows);
+  connect(menus_, &MenuBar::findWanted, find_.get(), &FindPeople::open);
+  connect(menus_, &MenuBar::findNextWanted, find_.get(), &FindPeople::next);
+  connect(menus_, &MenuBar::findPreviousWanted, find_.get(), &FindPeople::previous);
   connect(menus_, &MenuBar::largerTextWanted, this, [this] { textSize_.enlarge(); });
   connect(menus_, &MenuBar::smallerTextWanted, this, [this] { textSize_.reduce(); });
   connect(menus_, &MenuBar::usualTextWanted, this, [this] { textSize_.reset(); });

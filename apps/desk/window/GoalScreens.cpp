@@ -51,6 +51,11 @@ qt::ViewWidget& GoalScreens::current() const {
   return *screens_.front().widget;
 }
 
+const LoadedGoal* GoalScreens::currentGoal() const {
+  const std::optional<LoadedGoal>& goal = screens_.front().goal;
+  return goal ? &*goal : nullptr;
+}
+
 void GoalScreens::removeSome() {
   for (std::size_t i = screens_.size(); screens_.size() > most_ && i-- > 1;) {
     if (!openEditors(screens_[i].widget->graph()).empty()) continue;

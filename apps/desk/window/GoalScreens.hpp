@@ -42,6 +42,8 @@ class GoalScreens {
   const LoadedGoal* showAgain(const std::string& goalID);
   /// The screen that was shown last; an empty one before the first.
   qt::ViewWidget& current() const;
+  /// The goal of that screen, as it was shown last; null for an empty screen.
+  const LoadedGoal* currentGoal() const;
   std::size_t count() const { return screens_.size(); }
 
   /// One line for each open editor of any goal: the outcome's subject, and the goal's title.

@@ -41,6 +41,9 @@ void showKeyboardHelp(QWidget& parent) {
           .arg(keys(Qt::CTRL | Qt::Key_PageDown), keys(Qt::CTRL | Qt::Key_PageUp)),
       localized("Up, Down, Home, End in the list: another goal"),
       localized("Tab: the next control; Space: press it"),
+      localized("%1: find people; %2, %3: the next one and the one before it")
+          .arg(keys(QKeySequence::Find), keys(QKeySequence::FindNext),
+               keys(QKeySequence::FindPrevious)),
       localized("%1: close the details").arg(keys(Qt::Key_Escape)),
       localized("%1: the menus").arg(keys(Qt::Key_F10)),
       localized("%1, %2, %3: larger, smaller and usual text")

@@ -87,6 +87,18 @@ void MenuBar::addEditMenu() {
   addEdit(*edit, localized("&Paste"), QKeySequence::Paste, "paste");
   edit->addSeparator();
   addEdit(*edit, localized("Select &All"), QKeySequence::SelectAll, "selectAll");
+  edit->addSeparator();
+  addFinding(*edit);
+}
+
+void MenuBar::addFinding(QMenu& edit) {
+  finding_ = {
+      add(edit, localized("&Find…"), QKeySequence::keyBindings(QKeySequence::Find),
+          &MenuBar::findWanted),
+      add(edit, localized("Find &Next"), QKeySequence::keyBindings(QKeySequence::FindNext),
+          &MenuBar::findNextWanted),
+      add(edit, localized("Find Pre&vious"), QKeySequence::keyBindings(QKeySequence::FindPrevious),
+          &MenuBar::findPreviousWanted)};
 }
 
 void MenuBar::addEdit(QMenu& menu, const QString& title, QKeySequence::StandardKey key,
@@ -119,6 +131,7 @@ QWidget* MenuBar::textWithFocus(const char* slot) const {
 void MenuBar::setUses(const Uses& uses) {
   import_->setEnabled(uses.mayImport);
   export_->setEnabled(uses.hasGoal);
+  for (QAction* action : finding_) action->setEnabled(uses.hasGoal);
   details_->setEnabled(uses.hasDetails);
   next_->setEnabled(uses.hasStore);
   previous_->setEnabled(uses.hasStore);

@@ -31,6 +31,9 @@ class MenuBar : public QMenuBar {
   void exportWanted();
   void closeWanted();
   void quitWanted();
+  void findWanted();
+  void findNextWanted();
+  void findPreviousWanted();
   void largerTextWanted();
   void smallerTextWanted();
   void usualTextWanted();
@@ -51,12 +54,14 @@ class MenuBar : public QMenuBar {
   QAction* add(QMenu& menu, const QString& title, const QList<QKeySequence>& keys,
                Signal wanted) const;
   void addEditMenu();
+  void addFinding(QMenu& edit);
   /// A command that calls a slot of the text with the focus, such as "copy".
   void addEdit(QMenu& menu, const QString& title, QKeySequence::StandardKey key, const char* slot);
   QWidget* textWithFocus(const char* slot) const;
 
   QPointer<QWidget> focus_;  ///< in the window, outside the menus
 
+  QList<QAction*> finding_;
   QAction* import_;
   QAction* export_;
   QAction* details_;

@@ -173,6 +173,7 @@ Rule ruleOf(const char* pattern) {
 const std::vector<Rule>& rules() {
   static const auto made = [] {
     std::vector<Rule> rules;
+    rules.reserve(patterns.size());
     for (const char* pattern : patterns) rules.push_back(ruleOf(pattern));
     // Of two patterns that match, the longer one says more.
     std::ranges::stable_sort(rules, [](const Rule& a, const Rule& b) {

@@ -1095,5 +1095,53 @@
         <source>the locale or the time zone has changed, which a case cannot hold</source>
         <translation>Sprache oder Zeitzone haben sich geändert; das kann ein Fall nicht festhalten</translation>
     </message>
+    <message>
+        <source>Names, reasons and notes</source>
+        <translation>Namen, Gründe und Notizen</translation>
+    </message>
+    <message>
+        <source>Find people</source>
+        <translation>Menschen suchen</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Go there</source>
+        <translation>Hingehen</translation>
+    </message>
+    <message>
+        <source>Searching…</source>
+        <translation>Suche läuft …</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>Nicht gefunden</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>&amp;Find…</source>
+        <translation>&amp;Suchen …</translation>
+    </message>
+    <message>
+        <source>Find &amp;Next</source>
+        <translation>&amp;Weitersuchen</translation>
+    </message>
+    <message>
+        <source>Find Pre&amp;vious</source>
+        <translation>&amp;Rückwärts weitersuchen</translation>
+    </message>
+    <message>
+        <source>%1: find people; %2, %3: the next one and the one before it</source>
+        <translation>%1: Menschen suchen; %2, %3: der nächste Treffer und der davor</translation>
+    </message>
 </context>
 </TS>

@@ -7,9 +7,10 @@
 namespace vemra::desk {
 
 /// Presses and releases a key on a widget.
-inline void pressKey(QWidget& widget, Qt::Key key) {
+inline void pressKey(QWidget& widget, Qt::Key key,
+                     Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
   for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-    QKeyEvent event(type, key, Qt::NoModifier);
+    QKeyEvent event(type, key, modifiers);
     QApplication::sendEvent(&widget, &event);
   }
 }

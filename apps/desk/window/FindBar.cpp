@@ -1,0 +1,67 @@
+#include "apps/desk/window/FindBar.hpp"
+
+#include "apps/desk/window/Localized.hpp"
+#include "apps/desk/window/PlainText.hpp"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace vemra::desk {
+
+FindBar::FindBar(QWidget* parent) : QFrame(parent), field_(new QLineEdit), result_(new QLabel) {
+  setObjectName("desk.find");
+  setFrameShape(QFrame::StyledPanel);
+  setAutoFillBackground(true);
+  setBackgroundRole(QPalette::AlternateBase);
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(16, 8, 12, 8);
+  field_->setObjectName("desk.find.text");
+  field_->setPlaceholderText(localized("Names, reasons and notes"));
+  field_->setAccessibleName(localized("Find people"));
+  field_->setClearButtonEnabled(true);
+  field_->installEventFilter(this);
+  result_->setObjectName("desk.find.result");
+  result_->setTextFormat(Qt::PlainText);
+  row->addWidget(field_, 1);
+  row->addWidget(result_);
+  const auto add = [&](const QString& title, const char* name, void (FindBar::*wanted)()) {
+    auto* button = new QPushButton(title);
+    button->setObjectName(QLatin1String(name));
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, wanted);
+    row->addWidget(button);
+  };
+  add(localized("Previous"), "desk.find.previous", &FindBar::previousWanted);
+  add(localized("Next"), "desk.find.next", &FindBar::nextWanted);
+  add(localized("Go there"), "desk.find.go", &FindBar::hitWanted);
+  add(localized("Close"), "desk.find.close", &FindBar::closeWanted);
+  connect(field_, &QLineEdit::textChanged, this, &FindBar::textChanged);
+  hide();
+}
+
+QString FindBar::text() const {
+  return field_->text();
+}
+
+void FindBar::open() {
+  show();
+  field_->setFocus(Qt::ShortcutFocusReason);
+  field_->selectAll();
+}
+
+void FindBar::setResult(const QString& result) {
+  result_->setText(result);
+  field_->setAccessibleDescription(result);
+}
+
+bool FindBar::eventFilter(QObject* object, QEvent* event) {
+  if (object != field_ || event->type() != QEvent::KeyPress) return false;
+  const auto* key = static_cast<QKeyEvent*>(event);
+  if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter) return false;
+  key->modifiers().testFlag(Qt::ShiftModifier) ? Q_EMIT previousWanted() : Q_EMIT nextWanted();
+  return true;
+}
+
+}  // namespace vemra::desk
