@@ -51,8 +51,18 @@ void ViewWidget::setRoot(ui::View root) {
                            [this] { page_->settleIfNeeded(); });
 }
 
+void ViewWidget::setOverrides(ui::EnvironmentOverrides overrides) {
+  overrides_ = std::move(overrides);
+  followsSystem_ = true;
+  changeEnvironment(overrides_.over(systemEnvironment()));
+}
+
 void ViewWidget::setEnvironment(ui::Environment environment) {
   followsSystem_ = false;
+  changeEnvironment(std::move(environment));
+}
+
+void ViewWidget::changeEnvironment(ui::Environment environment) {
   page_->errors().hostCall([&] { graph_.setEnvironment(std::move(environment)); },
                            [this] { page_->settleIfNeeded(); });
 }
@@ -79,7 +89,8 @@ std::size_t ViewWidget::widgetCount() const {
 
 void ViewWidget::followSystem() {
   if (followsSystem_) {
-    page_->errors().attempt([this] { graph_.setEnvironment(systemEnvironment()); });
+    page_->errors().attempt(
+        [this] { graph_.setEnvironment(overrides_.over(systemEnvironment())); });
   }
   page_->restyle();
 }

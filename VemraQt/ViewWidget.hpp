@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VemraPlatform/Export.hpp"
+#include "VemraPlatform/ui/EnvironmentOverrides.hpp"
 #include "VemraPlatform/ui/ViewGraph.hpp"
 
 #include <functional>
@@ -31,8 +32,8 @@ class Page;
 /// that stops the process. Both may call `deleteLater` or close the widget's window.
 ///
 /// A widget that owns its graph uses the system's environment (`systemEnvironment`: palette,
-/// direction, locale and time zone) and follows its changes until the host calls `setEnvironment`.
-/// Main thread only.
+/// direction, language, locale and time zone) and follows its changes, but for the values that the
+/// host sets with `setOverrides`, until the host calls `setEnvironment`. Main thread only.
 class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   Q_OBJECT
 
@@ -47,6 +48,10 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
 
   /// Replaces the shown tree by `root`. An action of the tree may call this.
   void setRoot(ui::View root);
+  /// Shows the tree in the system's environment with these values in place of its own, instead of
+  /// the previous overrides or environment; state is kept. The widget follows the changes of all
+  /// other values, also where it shows a graph of the caller.
+  void setOverrides(ui::EnvironmentOverrides overrides);
   /// Shows the tree in this environment; state is kept. The widget no longer follows the system's.
   void setEnvironment(ui::Environment environment);
   const ui::Environment& environment() const;
@@ -76,11 +81,13 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
  private:
   void prepare();
   void followSystem();
+  void changeEnvironment(ui::Environment environment);
 
   std::unique_ptr<ui::ViewGraph> ownGraph_;
   ui::ViewGraph& graph_;
   std::unique_ptr<Page> page_;
   std::unique_ptr<AccessiblePage> accessible_;
+  ui::EnvironmentOverrides overrides_;
   bool followsSystem_ = true;
   bool leaving_ = false;
   bool inEvent_ = false, resized_ = false;
