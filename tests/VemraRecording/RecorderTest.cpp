@@ -95,6 +95,21 @@ TEST_F(RecorderTest, RecordsLocaleTimeZoneAndTranslations) {
   expectSameReplay(screen);
 }
 
+TEST_F(RecorderTest, LeavesOutALocaleAndATimeZoneThatACaseCannotName) {
+  record();
+  ui::Environment environment;
+  environment.locale = "root";
+  environment.timeZone = "CET-1CEST";
+  testing::Screen& screen = addScreen(environment);
+  GetGoalSnapshotResponse result = resultOf({person("ada", "Ada")});
+  result.coverage.latestEvidenceAt = std::nullopt;
+  show(screen, result);
+  const std::string text = TemporaryFolder::readFile(file);
+  EXPECT_EQ(text.find("\"locale\""), std::string::npos) << text;
+  EXPECT_EQ(text.find("\"timeZone\""), std::string::npos) << text;
+  expectSameReplay(screen);
+}
+
 TEST_F(RecorderTest, ScreensKeepTheirEditorsWhileOthersAreShown) {
   record();
   testing::Screen& first = addScreen();
