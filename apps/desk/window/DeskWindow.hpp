@@ -1,6 +1,7 @@
 #pragma once
 
 #include "apps/desk/window/CloseQuestion.hpp"
+#include "apps/desk/window/ColourChoice.hpp"
 #include "apps/desk/window/DeskController.hpp"
 #include "apps/desk/window/DeskDisplay.hpp"
 #include "apps/desk/window/SessionRecording.hpp"
@@ -120,6 +121,7 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   std::unique_ptr<DeskController> controller_;  ///< none while no store is open
   MenuBar* menus_;
   TextSize textSize_;
+  ColourChoice colourChoice_;
   QPointer<ImportDialog> importing_;
   GoalList* goals_;
   Pages* centre_;

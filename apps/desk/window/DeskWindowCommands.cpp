@@ -71,6 +71,8 @@ void DeskWindow::connectMenus() {
   connect(menus_, &MenuBar::largerTextWanted, this, [this] { textSize_.enlarge(); });
   connect(menus_, &MenuBar::smallerTextWanted, this, [this] { textSize_.reduce(); });
   connect(menus_, &MenuBar::usualTextWanted, this, [this] { textSize_.reset(); });
+  menus_->setColours(colourChoice_.colours());
+  connect(menus_, &MenuBar::coloursWanted, &colourChoice_, &ColourChoice::choose);
   connect(menus_, &MenuBar::closeDetailsWanted, this, &DeskWindow::closeSide);
   connect(menus_, &MenuBar::nextGoalWanted, this, [this] { openNeighbour(1); });
   connect(menus_, &MenuBar::previousGoalWanted, this, [this] { openNeighbour(-1); });

@@ -3,6 +3,7 @@
 #include "apps/desk/window/Localized.hpp"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QLineEdit>
 #include <QMenu>
@@ -36,6 +37,7 @@ MenuBar::MenuBar(QWidget* window) : QMenuBar(window) {
   add(*view, localized("&Usual Text"), {QKeySequence(Qt::CTRL | Qt::Key_0)},
       &MenuBar::usualTextWanted);
   view->addSeparator();
+  addColours(*view);
   // Escape does the same, but not only: a menu or a dialog takes it first.
   details_ = add(*view, localized("Close &Details"), {}, &MenuBar::closeDetailsWanted);
 
@@ -99,6 +101,23 @@ void MenuBar::addFinding(QMenu& edit) {
           &MenuBar::findNextWanted),
       add(edit, localized("Find Pre&vious"), QKeySequence::keyBindings(QKeySequence::FindPrevious),
           &MenuBar::findPreviousWanted)};
+}
+
+void MenuBar::addColours(QMenu& view) {
+  QMenu* menu = view.addMenu(localized("&Colours"));
+  auto* group = new QActionGroup(menu);
+  const QStringList titles{localized("Like the &System"), localized("&Light"), localized("&Dark")};
+  for (const QString& title : titles) {
+    QAction* action = group->addAction(menu->addAction(title));
+    action->setCheckable(true);
+    const auto colours = static_cast<Colours>(colours_.size());
+    connect(action, &QAction::triggered, this, [this, colours] { Q_EMIT coloursWanted(colours); });
+    colours_.append(action);
+  }
+}
+
+void MenuBar::setColours(Colours colours) {
+  colours_[static_cast<qsizetype>(colours)]->setChecked(true);
 }
 
 void MenuBar::addEdit(QMenu& menu, const QString& title, QKeySequence::StandardKey key,

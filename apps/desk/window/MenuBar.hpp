@@ -1,5 +1,7 @@
 #pragma once
 
+#include "apps/desk/window/ColourChoice.hpp"
+
 #include <QMenuBar>
 #include <QPointer>
 
@@ -24,6 +26,8 @@ class MenuBar : public QMenuBar {
     bool hasDetails = false;  ///< the pane with details is shown
   };
   void setUses(const Uses& uses);
+  /// Checks the command for these colours.
+  void setColours(Colours colours);
 
  Q_SIGNALS:
   void openStoreWanted();
@@ -37,6 +41,7 @@ class MenuBar : public QMenuBar {
   void largerTextWanted();
   void smallerTextWanted();
   void usualTextWanted();
+  void coloursWanted(Colours colours);
   void closeDetailsWanted();
   void nextGoalWanted();
   void previousGoalWanted();
@@ -55,6 +60,7 @@ class MenuBar : public QMenuBar {
                Signal wanted) const;
   void addEditMenu();
   void addFinding(QMenu& edit);
+  void addColours(QMenu& view);
   /// A command that calls a slot of the text with the focus, such as "copy".
   void addEdit(QMenu& menu, const QString& title, QKeySequence::StandardKey key, const char* slot);
   QWidget* textWithFocus(const char* slot) const;
@@ -62,6 +68,7 @@ class MenuBar : public QMenuBar {
   QPointer<QWidget> focus_;  ///< in the window, outside the menus
 
   QList<QAction*> finding_;
+  QList<QAction*> colours_;  ///< in the order of `Colours`
   QAction* import_;
   QAction* export_;
   QAction* details_;

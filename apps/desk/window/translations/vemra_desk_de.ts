@@ -1143,5 +1143,21 @@
         <source>%1: find people; %2, %3: the next one and the one before it</source>
         <translation>%1: Menschen suchen; %2, %3: der nächste Treffer und der davor</translation>
     </message>
+    <message>
+        <source>&amp;Colours</source>
+        <translation>&amp;Farben</translation>
+    </message>
+    <message>
+        <source>Like the &amp;System</source>
+        <translation>Wie das &amp;System</translation>
+    </message>
+    <message>
+        <source>&amp;Light</source>
+        <translation>&amp;Hell</translation>
+    </message>
+    <message>
+        <source>&amp;Dark</source>
+        <translation>&amp;Dunkel</translation>
+    </message>
 </context>
 </TS>

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -13,6 +14,7 @@ int main(int argumentCount, char** arguments) {
   if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
     qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
   }
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, runtime.path());
   qputenv("LC_ALL", "C.UTF-8");
   vemra::qttest::watchQtMessages();
   QApplication::setStyle("fusion");

@@ -1,0 +1,47 @@
+#include "apps/desk/window/ColourChoice.hpp"
+
+#include "VemraQt/Theme.hpp"
+
+#include <array>
+
+#include <QApplication>
+#include <QSettings>
+
+namespace vemra::desk {
+namespace {
+
+constexpr std::array names{"system", "light", "dark"};  // in the order of `Colours`
+
+/// The user's settings; for this program only, whatever name the application has.
+QSettings settings() {
+  return QSettings(QSettings::NativeFormat, QSettings::UserScope, "vemra", "vemra-desk");
+}
+
+}  // namespace
+
+ColourChoice::ColourChoice(QObject* parent) : QObject(parent) {
+  const QString remembered = settings().value("colours").toString();
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (remembered == QLatin1String(names[i])) colours_ = static_cast<Colours>(i);
+  }
+  if (colours_ != Colours::system) apply();
+}
+
+void ColourChoice::choose(Colours colours) {
+  colours_ = colours;
+  settings().setValue("colours", QLatin1String(names[static_cast<std::size_t>(colours)]));
+  apply();
+}
+
+void ColourChoice::apply() {
+  QApplication::setPalette(QPalette());  // the system's again
+  if (colours_ == Colours::system) return;
+  ui::Environment wanted;
+  wanted.colorScheme = colours_ == Colours::dark ? ui::ColorScheme::dark : ui::ColorScheme::light;
+  QPalette palette = qt::Theme({}, QApplication::palette(), wanted).palette();
+  // Only a palette of which every colour is set stays when the system's colours change.
+  palette.setResolveMask(~QPalette::ResolveMask(0));
+  QApplication::setPalette(palette);
+}
+
+}  // namespace vemra::desk
