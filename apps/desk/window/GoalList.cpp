@@ -7,7 +7,9 @@
 #include "apps/desk/window/PlainText.hpp"
 
 #include <algorithm>
+#include <string_view>
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
 
@@ -96,7 +98,12 @@ bool GoalList::eventFilter(QObject* object, QEvent* event) {
   auto* row = qobject_cast<GoalRow*>(object);
   const auto index = row ? indexOf(*row) : std::nullopt;
   if (index && event->type() == QEvent::KeyPress) {
-    return handleKey(*index, static_cast<QKeyEvent*>(event)->key());
+    const auto* key = static_cast<QKeyEvent*>(event);
+    constexpr auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    const bool isText =
+        !(key->modifiers() & commands) && !key->text().isEmpty() && key->text().front().isPrint();
+    if (isText && handleText(*index, key->text())) return true;
+    return handleKey(*index, key->key());
   }
   if (index && event->type() == QEvent::FocusIn) {
     const auto reason = static_cast<QFocusEvent*>(event)->reason();
@@ -133,8 +140,39 @@ bool GoalList::handleKey(std::size_t index, int key) {
     default:
       return false;
   }
-  focusRow(next);
-  if (next != open_) choose(next);
+  goTo(next);
+  return true;
+}
+
+void GoalList::goTo(std::size_t index) {
+  focusRow(index);
+  if (index != open_) choose(index);
+}
+
+/// Goes to the next goal whose title begins with the letters typed in one go. One letter, typed
+/// again, goes to the next such goal. Returns false for a blank, which presses the row, unless it is
+/// inside the typed text.
+bool GoalList::handleText(std::size_t index, const QString& text) {
+  const bool goesOn =
+      sinceTyped_.isValid() && sinceTyped_.elapsed() < QApplication::keyboardInputInterval();
+  if (!goesOn) typed_.clear();
+  if (typed_.isEmpty() && text.front().isSpace()) return false;
+  sinceTyped_.start();
+  typed_ += text;
+  const bool isOneLetter = typed_.count(typed_.front()) == typed_.size();
+  const QString sought =
+      (isOneLetter ? typed_.left(1) : typed_).normalized(QString::NormalizationForm_C);
+  const std::size_t first = isOneLetter ? index + 1 : index;
+  constexpr std::size_t mostBytes = 1000;  // titles may be megabytes long
+  for (std::size_t i = 0; i < goals_.size(); ++i) {
+    const std::size_t candidate = (first + i) % goals_.size();
+    const std::string_view start = std::string_view(goals_[candidate].title).substr(0, mostBytes);
+    const QString shown =
+        GoalRow::nameOf(fromUTF8(start)).simplified().normalized(QString::NormalizationForm_C);
+    if (!shown.startsWith(sought, Qt::CaseInsensitive)) continue;
+    goTo(candidate);
+    break;
+  }
   return true;
 }
 

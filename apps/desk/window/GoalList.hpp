@@ -9,6 +9,8 @@
 #include <vector>
 
 #include <QAbstractScrollArea>
+#include <QElapsedTimer>
+#include <QString>
 
 namespace vemra::desk {
 
@@ -17,7 +19,8 @@ class GoalColumn;
 /// The goals of the store in a column; one of them is open.
 ///
 /// The Up and Down keys move to the next goal and open it, Home and End open the first and the last
-/// goal; the list is one stop of the Tab key. Only the rows near the viewport, the open row and the
+/// goal, and typing the beginning of a title opens the next goal with it; the list is one stop of the
+/// Tab key. Only the rows near the viewport, the open row and the
 /// focused row have a widget. Assistive technology sees all goals (`AccessibleGoals`).
 class GoalList : public QAbstractScrollArea, public ListedGoals {
   Q_OBJECT
@@ -71,6 +74,8 @@ class GoalList : public QAbstractScrollArea, public ListedGoals {
   void showOpen();
   void scrollTo(std::size_t index);
   bool handleKey(std::size_t index, int key);
+  bool handleText(std::size_t index, const QString& text);
+  void goTo(std::size_t index);
 
   std::vector<GoalListing> goals_;
   std::optional<std::size_t> open_;
@@ -79,6 +84,8 @@ class GoalList : public QAbstractScrollArea, public ListedGoals {
   std::map<std::size_t, GoalRow*> rows_;
   std::vector<GoalRow*> spare_;
   GoalRow* measured_;           ///< never shown: used to measure the height of rows
+  QString typed_;               ///< the beginning of a title
+  QElapsedTimer sinceTyped_;    ///< its last letter
   bool wantsOpenSeen_ = false;  ///< scroll to the open goal once the list has its size
   bool layingOut_ = false;
 };
