@@ -6,7 +6,6 @@
 namespace vemra::screentest {
 namespace {
 
-using ::testing::ElementsAre;
 using testing::Screen;
 
 const std::string prefix = "vemra.goal.person.p1";
