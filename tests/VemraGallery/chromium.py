@@ -19,6 +19,8 @@ def find():
 class Chromium:
     """One page of a browser of its own, which ends with it (a context manager).
 
+    `profile` is a folder to be made, for everything that the browser writes.
+
     `problems` has what the console got: errors, warnings, exceptions and requests that failed.
     """
 
@@ -35,8 +37,8 @@ class Chromium:
         self._process = subprocess.Popen(
             [find(), "--headless", "--no-sandbox", "--disable-gpu", "--remote-debugging-pipe",
              "--no-first-run", f"--user-data-dir={profile}", "about:blank"],
-            preexec_fn=in_the_child, close_fds=False, stdin=subprocess.DEVNULL,
-            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            preexec_fn=in_the_child, close_fds=False, env={**os.environ, "HOME": str(profile)},
+            stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         os.close(to_browser)
         os.close(from_browser)
         self._bytes, self._number, self._session = b"", 0, None
