@@ -6,6 +6,7 @@
 #include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/ShownPage.hpp"
 
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <gtest/gtest.h>
@@ -36,4 +37,23 @@ TEST_F(FocusLost, AmongRowsWithoutControlsThePageItselfGetsTheFocus) {
   EXPECT_FALSE(qttest::pageOf(widget).focusedNode());
   EXPECT_TRUE(widget.hasFocus());
   EXPECT_EQ(bar.value(), before) << "a search without a result moves nothing";
+}
+
+// Qt by itself would move it to the next widget of the window.
+TEST(FocusLostInAWindow, ThePageItselfGetsTheFocusAndNotTheWidgetAfterIt) {
+  QWidget window;
+  window.resize(300, 200);
+  QLineEdit before(&window);
+  qt::ViewWidget page(&window);
+  page.setGeometry(0, 40, 300, 100);
+  QLineEdit after(&window);
+  after.move(0, 150);
+  page.setRoot(page::sample::Once{"only"});
+  window.show();
+  QApplication::setActiveWindow(&window);
+  auto* button = page.findChild<QPushButton*>("only");
+  ASSERT_TRUE(button);
+  button->setFocus();
+  button->click();
+  EXPECT_TRUE(page.hasFocus());
 }

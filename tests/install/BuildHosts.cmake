@@ -27,11 +27,15 @@ function(expect output)
   endforeach()
 endfunction()
 
-# Builds the host in the folder of that name.
+# Builds the host in the folder of that name, here or in the work folder.
 function(build_host name host_compiler)
   get_filename_component(compiler_name "${host_compiler}" NAME)
   set(folder "${work}/${name}-${compiler_name}")
-  run("${CMAKE_COMMAND}" -S "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/${name}" -B "${folder}" -G "${generator}"
+  set(sources "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/${name}")
+  if(NOT EXISTS "${sources}")
+    set(sources "${work}/${name}")
+  endif()
+  run("${CMAKE_COMMAND}" -S "${sources}" -B "${folder}" -G "${generator}"
       "-DCMAKE_CXX_COMPILER=${host_compiler}" "-DCMAKE_PREFIX_PATH=${prefix}"
       "-DCMAKE_CXX_FLAGS=${warnings}" ${ARGN})
   run("${CMAKE_COMMAND}" --build "${folder}")
@@ -117,6 +121,26 @@ foreach(host_compiler IN ITEMS "${compiler}" "${other_compiler}")
     expect("${output}" "Opened: p1\n")
   endif()
 endforeach()
+
+# The project on the page for new hosts, with the output that the page promises.
+if(window AND kind STREQUAL "static")
+  include("${repository}/tests/pages/CodeBlock.cmake")
+  file(READ "${repository}/docs/embedding.md" page)
+  code_block("${page}" cmake 1 block)
+  file(WRITE "${work}/embedding/CMakeLists.txt" "${block}")
+  set(number 0)
+  foreach(file Notebook.hpp GoalWindow.hpp main.cpp test.cpp)
+    math(EXPR number "${number} + 1")
+    code_block("${page}" cpp ${number} block)
+    file(WRITE "${work}/embedding/${file}" "${block}")
+  endforeach()
+  build_host(embedding "${compiler}")
+  run("${CMAKE_COMMAND}" -E env QT_QPA_PLATFORM=offscreen "${folder}/compass-test")
+  code_block("${page}" text 1 block)
+  if(NOT output STREQUAL block)
+    message(FATAL_ERROR "docs/embedding.md promises\n${block}\nand its test prints\n${output}")
+  endif()
+endif()
 
 # The same without CMake.
 find_program(pkg_config NAMES pkg-config pkgconf REQUIRED)

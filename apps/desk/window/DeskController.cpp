@@ -2,9 +2,9 @@
 
 #include "VemraGoalSurface/model/GoalResultProjectionReader.hpp"
 #include "VemraPlatform/text/Equality.hpp"
+#include "VemraQt/StartOnMainThread.hpp"
 #include "apps/desk/store/SampleGoals.hpp"
 #include "apps/desk/window/Localized.hpp"
-#include "apps/desk/window/OnMainThread.hpp"
 #include "apps/desk/window/PlainText.hpp"
 #include "apps/desk/window/Reasons.hpp"
 #include "apps/desk/window/SubjectName.hpp"
@@ -78,7 +78,8 @@ void DeskController::start(std::optional<std::string> goalID) {
 }
 
 void DeskController::loadGoals() {
-  startOnMainThread(*this, engine_->goals(), [this](auto result) { takeGoals(std::move(result)); });
+  qt::startOnMainThread(*this, engine_->goals(),
+                        [this](auto result) { takeGoals(std::move(result)); });
 }
 
 void DeskController::takeGoals(task::Result<std::vector<GoalListing>> result) {
@@ -104,14 +105,14 @@ void DeskController::openGoal(const std::string& goalID) {
 void DeskController::loadGoal() {
   const std::string goalID = *goalID_;
   const std::uint64_t store = engine_->storeNumber();
-  startOnMainThread(*this, GoalResultProjectionReader::makeSnapshot(engine_, goalID),
-                    [this, goalID, store](auto result) {
-                      if (engine_->storeNumber() == store) {
-                        takeGoal(goalID, store, std::move(result));
-                      } else if (goalID_ == goalID) {
-                        loadGoal();  // another store is there; the result may be from either
-                      }
-                    });
+  qt::startOnMainThread(*this, GoalResultProjectionReader::makeSnapshot(engine_, goalID),
+                        [this, goalID, store](auto result) {
+                          if (engine_->storeNumber() == store) {
+                            takeGoal(goalID, store, std::move(result));
+                          } else if (goalID_ == goalID) {
+                            loadGoal();  // another store is there; the result may be from either
+                          }
+                        });
 }
 
 void DeskController::takeGoal(const std::string& goalID, std::uint64_t store,
@@ -142,7 +143,7 @@ std::vector<WaitingNote> DeskController::waiting() {
 }
 
 void DeskController::addSampleGoals() {
-  startOnMainThread(*this, engine_->import(sampleGoals()), [this](auto result) {
+  qt::startOnMainThread(*this, engine_->import(sampleGoals()), [this](auto result) {
     if (const QString failure = failureOf(result); !failure.isEmpty()) {
       display_.showNotice(localized("The sample goals were not added.") + ' ' + failure,
                           [this] { addSampleGoals(); });
@@ -155,15 +156,17 @@ void DeskController::addSampleGoals() {
 template <class Ask, class Show>
 void DeskController::lookUp(Ask ask, const QString& failure, Show show) {
   refreshDetails_ = [this, ask, failure, show] {
-    startOnMainThread(*this, ask(), [this, failure, show, wanted = ++detailsRequest_](auto result) {
-      if (wanted != detailsRequest_) return;  // closed, or another look-up has begun since
-      if (const QString why = failureOf(result); !why.isEmpty()) {
-        showLoadingFailure(failure, why);
-      } else {
-        shownBefore_.remove(failure);
-        show(std::move(result).take());
-      }
-    });
+    qt::startOnMainThread(*this, ask(),
+                          [this, failure, show, wanted = ++detailsRequest_](auto result) {
+                            if (wanted != detailsRequest_)
+                              return;  // closed, or another look-up has begun since
+                            if (const QString why = failureOf(result); !why.isEmpty()) {
+                              showLoadingFailure(failure, why);
+                            } else {
+                              shownBefore_.remove(failure);
+                              show(std::move(result).take());
+                            }
+                          });
   };
   shownBefore_.remove(failure);
   refreshDetails_();
@@ -197,8 +200,8 @@ void DeskController::closeDetails() {
 
 void DeskController::lookForChanges() {
   if (std::exchange(looking_, true)) return;  // one look at a time, however slow the disk
-  startOnMainThread(*this, engine_->version(),
-                    [this](auto result) { takeVersion(std::move(result)); });
+  qt::startOnMainThread(*this, engine_->version(),
+                        [this](auto result) { takeVersion(std::move(result)); });
 }
 
 void DeskController::takeVersion(task::Result<std::int64_t> result) {

@@ -1,6 +1,7 @@
 #include "apps/desk/window/DeskWindow.hpp"
 
 #include "VemraGoalSurface/GoalResultView.hpp"
+#include "VemraQt/StartOnMainThread.hpp"
 #include "VemraQt/ViewWidget.hpp"
 #include "VemraRecording/Recorder.hpp"
 #include "apps/desk/window/FailurePage.hpp"
@@ -11,7 +12,6 @@
 #include "apps/desk/window/ImportDialog.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/Notice.hpp"
-#include "apps/desk/window/OnMainThread.hpp"
 #include "apps/desk/window/Pages.hpp"
 #include "apps/desk/window/PlainText.hpp"
 #include "apps/desk/window/ReadOnlyBar.hpp"
@@ -116,8 +116,8 @@ void DeskWindow::retireEngine() {
   if (!engine_) return;
   const std::shared_ptr<StoreEngine> engine = std::exchange(engine_, nullptr);
   replaced_.push_back(engine);
-  startOnMainThread(*this, engine->version(),
-                    [this, engine](const auto&) { std::erase(replaced_, engine); });
+  qt::startOnMainThread(*this, engine->version(),
+                        [this, engine](const auto&) { std::erase(replaced_, engine); });
 }
 
 void DeskWindow::finish() {

@@ -1,5 +1,6 @@
 // The commands of the window, from its menus and from dropped files.
 
+#include "VemraQt/StartOnMainThread.hpp"
 #include "VemraQt/ViewWidget.hpp"
 #include "apps/desk/commands/Documents.hpp"
 #include "apps/desk/window/DeskWindow.hpp"
@@ -10,7 +11,6 @@
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/MenuBar.hpp"
 #include "apps/desk/window/Notice.hpp"
-#include "apps/desk/window/OnMainThread.hpp"
 #include "apps/desk/window/Pages.hpp"
 #include "apps/desk/window/PlainText.hpp"
 #include "apps/desk/window/Reasons.hpp"
@@ -126,7 +126,7 @@ void DeskWindow::chooseExport() {
 
 void DeskWindow::exportGoal(const QString& file) {
   if (!controller_ || !controller_->openGoalID()) return;
-  startOnMainThread(
+  qt::startOnMainThread(
       *this, engine_->getGoalSnapshot(*controller_->openGoalID()), [this, file](auto result) {
         QString failure;
         try {

@@ -1,5 +1,6 @@
 #include "apps/desk/window/GoalRow.hpp"
 
+#include "VemraQt/Contrast.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/Pieces.hpp"
 #include "apps/desk/window/PlainText.hpp"
@@ -40,6 +41,13 @@ QString forToolTip(const QString& title) {
 
 int widthOfText(int widthOfRow) {
   return std::max(1, widthOfRow - 2 * margin);
+}
+
+/// The palette's background of what is selected, changed as far as needed for a title in `ink` to be
+/// readable on it: many palettes give it less contrast than text needs.
+QColor selectedGround(const QColor& highlight, const QColor& ink) {
+  const bool isInkLight = qt::contrast(ink, Qt::black) > qt::contrast(ink, Qt::white);
+  return qt::readable(highlight, isInkLight ? Qt::black : Qt::white, ink, 4.5);
 }
 
 /// A text broken into lines of a width.
@@ -139,9 +147,11 @@ void GoalRow::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const QRectF ground = QRectF(rect()).adjusted(1, 1, -1, -1);
   const auto group = isActiveWindow() ? QPalette::Active : QPalette::Inactive;
+  const QColor ink =
+      palette().color(group, isChecked() ? QPalette::HighlightedText : QPalette::WindowText);
   if (isChecked()) {
     painter.setPen(Qt::NoPen);
-    painter.setBrush(palette().color(group, QPalette::Highlight));
+    painter.setBrush(selectedGround(palette().color(group, QPalette::Highlight), ink));
     painter.drawRoundedRect(ground, 6, 6);
   } else if (underMouse()) {
     QColor hover = palette().color(QPalette::WindowText);
@@ -150,8 +160,6 @@ void GoalRow::paintEvent(QPaintEvent*) {
     painter.setBrush(hover);
     painter.drawRoundedRect(ground, 6, 6);
   }
-  const QColor ink =
-      palette().color(group, isChecked() ? QPalette::HighlightedText : QPalette::WindowText);
   if (hasFocus()) {
     QColor ring = isChecked() ? ink : palette().color(QPalette::Highlight);
     painter.setPen(QPen(ring, 1.5));

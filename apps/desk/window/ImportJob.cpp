@@ -1,7 +1,7 @@
 #include "apps/desk/window/ImportJob.hpp"
 
+#include "VemraQt/StartOnMainThread.hpp"
 #include "apps/desk/commands/Documents.hpp"
-#include "apps/desk/window/OnMainThread.hpp"
 #include "apps/desk/window/PlainText.hpp"
 #include "apps/desk/window/Reasons.hpp"
 
@@ -60,7 +60,7 @@ void ImportJob::readAll() {
 void ImportJob::store(Results results) {
   Q_EMIT storing();
   const auto kept = std::make_shared<const Results>(std::move(results));
-  startOnMainThread(*this, engine_->import(*kept), [this, kept](auto result) {
+  qt::startOnMainThread(*this, engine_->import(*kept), [this, kept](auto result) {
     if (!result.hasValue()) {
       try {
         std::rethrow_exception(result.exception());

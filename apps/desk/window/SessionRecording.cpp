@@ -13,15 +13,13 @@
 namespace vemra::desk {
 namespace {
 
-using recording::Failure;
-
-QString reasonText(const Failure& failure) {
+QString reasonText(const recording::Failure& failure) {
   switch (failure.reason) {
-    case Failure::Reason::fileExists:
+    case recording::Failure::Reason::fileExists:
       return localized("a file of this name is there already");
-    case Failure::Reason::environmentChanged:
+    case recording::Failure::Reason::environmentChanged:
       return localized("the locale or the time zone has changed, which a case cannot hold");
-    case Failure::Reason::notWritten:
+    case recording::Failure::Reason::notWritten:
       break;
   }
   return localizedReason(fromUTF8(failure.detail));
@@ -35,7 +33,7 @@ std::unique_ptr<recording::Recorder> makeRecorder(
   return std::make_unique<recording::Recorder>(
       wish.file, recording::Program{"vemra-desk", programVersion()},
       wish.isMasked ? recording::Texts::masked : recording::Texts::plain,
-      [&window, showNotice = std::move(showNotice)](const Failure& failure) {
+      [&window, showNotice = std::move(showNotice)](const recording::Failure& failure) {
         const QString text = localized("%1: the recording has ended: %2")
                                  .arg(fromUTF8(failure.file), reasonText(failure));
         QMetaObject::invokeMethod(

@@ -1,10 +1,10 @@
 #include "apps/desk/window/WaitingOutcomes.hpp"
 
 #include "VemraPlatform/text/Equality.hpp"
+#include "VemraQt/StartOnMainThread.hpp"
 #include "apps/desk/store/FileIdentity.hpp"
 #include "apps/desk/store/StoreError.hpp"
 #include "apps/desk/window/Localized.hpp"
-#include "apps/desk/window/OnMainThread.hpp"
 #include "apps/desk/window/PlainText.hpp"
 #include "apps/desk/window/Reasons.hpp"
 
@@ -164,7 +164,7 @@ void WaitingOutcomes::tryNext() {
       tried->wantedMark = due->outcome.store;
     }
     std::string id = due->outcome.id;
-    startOnMainThread(
+    qt::startOnMainThread(
         *this, engine_->record(due->outcome, tried),
         [this, id, pass, tried](auto result) { take(id, pass, *tried, std::move(result)); });
     trying_ = std::move(id);

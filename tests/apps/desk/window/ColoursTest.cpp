@@ -1,4 +1,5 @@
 #include "VemraQt/ViewWidget.hpp"
+#include "apps/desk/window/GoalRow.hpp"
 #include "apps/desk/window/PlainText.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
@@ -90,6 +91,23 @@ TEST_F(ColoursTest, TextsFollowTheUserFromLightToDarkAndBack) {
   QApplication::setPalette(before);
   pass(50);
   expectReadable();
+}
+
+TEST_F(ColoursTest, TheTitleOfTheOpenGoalIsReadable) {
+  QPalette pale = before;
+  pale.setColor(QPalette::Highlight, QColor(0x9c, 0xc9, 0xe8));
+  QPalette dim = darkPalette();
+  dim.setColor(QPalette::Highlight, QColor(0x50, 0x50, 0x50));
+  dim.setColor(QPalette::HighlightedText, Qt::black);
+  for (const QPalette& palette : {before, darkPalette(), pale, dim}) {
+    GoalRow row;
+    row.setPalette(palette);
+    row.setChecked(true);
+    row.resize(200, 60);
+    const QColor ground = row.grab().toImage().pixelColor(6, 30);
+    EXPECT_GE(contrast(ground, palette.color(QPalette::Inactive, QPalette::HighlightedText)), 4.5)
+        << ground.name().toStdString();
+  }
 }
 
 TEST_F(ColoursTest, QuieterLevelsAreTakenFromThePaletteInUse) {

@@ -140,10 +140,15 @@ class GoalRowPaint : public ::testing::Test {
   GoalRow row;
 };
 
+// A highlight with too little contrast is changed (ColoursTest).
 TEST_F(GoalRowPaint, TheOpenGoalIsHighlighted) {
-  EXPECT_EQ(pixels(inactive(QPalette::Highlight)), 0);
+  QPalette palette = row.palette();
+  palette.setColor(QPalette::Highlight, QColor(0, 60, 120));
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  row.setPalette(palette);
+  EXPECT_EQ(pixels(QColor(0, 60, 120)), 0);
   row.setChecked(true);
-  EXPECT_GT(pixels(inactive(QPalette::Highlight)), 220 * 40 / 2);
+  EXPECT_GT(pixels(QColor(0, 60, 120)), 220 * 40 / 2);
 }
 
 TEST_F(GoalRowPaint, TheMouseAndTheFocusAreShown) {

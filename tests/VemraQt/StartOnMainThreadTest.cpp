@@ -1,5 +1,4 @@
-#include "VemraPlatform/task/Task.hpp"
-#include "apps/desk/window/OnMainThread.hpp"
+#include "VemraQt/StartOnMainThread.hpp"
 
 #include <memory>
 #include <stdexcept>
@@ -9,7 +8,7 @@
 #include <QThread>
 #include <gtest/gtest.h>
 
-namespace vemra::desk {
+namespace vemra::qt {
 namespace {
 
 task::Task<std::string> ends(std::string with) {
@@ -21,7 +20,7 @@ task::Task<std::string> fails() {
   co_return "";
 }
 
-class OnMainThreadTest : public ::testing::Test {
+class StartOnMainThread : public ::testing::Test {
  protected:
   /// Starts a task and records its end.
   void start(task::Task<std::string> task) {
@@ -39,7 +38,7 @@ class OnMainThreadTest : public ::testing::Test {
   std::string heard;
 };
 
-TEST_F(OnMainThreadTest, TheCallbackComesFromTheEventLoopAndNeverAtOnce) {
+TEST_F(StartOnMainThread, TheCallbackComesFromTheEventLoopAndNeverAtOnce) {
   start(ends("done"));
   EXPECT_EQ(heard, "") << "the task has ended, but its caller continues first";
   QApplication::processEvents();
@@ -48,20 +47,20 @@ TEST_F(OnMainThreadTest, TheCallbackComesFromTheEventLoopAndNeverAtOnce) {
   EXPECT_EQ(heard, "done ") << "once";
 }
 
-TEST_F(OnMainThreadTest, AFailureIsPassedOn) {
+TEST_F(StartOnMainThread, AFailureIsPassedOn) {
   start(fails());
   QApplication::processEvents();
   EXPECT_EQ(heard, "failed: it failed ");
 }
 
-TEST_F(OnMainThreadTest, SeveralEndInTheirOrder) {
+TEST_F(StartOnMainThread, SeveralEndInTheirOrder) {
   start(ends("one"));
   start(ends("two"));
   QApplication::processEvents();
   EXPECT_EQ(heard, "one two ");
 }
 
-TEST_F(OnMainThreadTest, ADestroyedReceiverGetsNoCall) {
+TEST_F(StartOnMainThread, ADestroyedReceiverGetsNoCall) {
   start(ends("done"));
   receiver.reset();
   QApplication::processEvents();
@@ -69,4 +68,4 @@ TEST_F(OnMainThreadTest, ADestroyedReceiverGetsNoCall) {
 }
 
 }  // namespace
-}  // namespace vemra::desk
+}  // namespace vemra::qt
