@@ -10,7 +10,7 @@
 namespace vemra::desk {
 namespace {
 
-constexpr std::array names{"system", "light", "dark"};  // in the order of `Colours`
+constexpr std::array valuesInSettings{"system", "light", "dark"};  // in the order of `Colours`
 
 /// The user's settings; for this program only, whatever name the application has.
 QSettings settings() {
@@ -21,15 +21,16 @@ QSettings settings() {
 
 ColourChoice::ColourChoice(QObject* parent) : QObject(parent) {
   const QString remembered = settings().value("colours").toString();
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    if (remembered == QLatin1String(names[i])) colours_ = static_cast<Colours>(i);
+  for (std::size_t i = 0; i < valuesInSettings.size(); ++i) {
+    if (remembered == QLatin1String(valuesInSettings[i])) colours_ = static_cast<Colours>(i);
   }
   if (colours_ != Colours::system) apply();
 }
 
 void ColourChoice::choose(Colours colours) {
   colours_ = colours;
-  settings().setValue("colours", QLatin1String(names[static_cast<std::size_t>(colours)]));
+  settings().setValue("colours",
+                      QLatin1String(valuesInSettings[static_cast<std::size_t>(colours)]));
   apply();
 }
 
