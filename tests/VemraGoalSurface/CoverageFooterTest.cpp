@@ -49,6 +49,14 @@ class CoverageFooter : public ::testing::Test {
   Calls calls_;
 };
 
+TEST_F(CoverageFooter, GivesItsFontAndStyleToTheText) {
+  const Screen screen(viewOf(ordinaryResult(), calls_));
+  const auto& group = *nodesOf(screen, ui::ElementKind::group).back();
+  const ui::Style& style = group.firstChild->element.style();
+  EXPECT_EQ(style.font, ui::Font::caption);
+  EXPECT_EQ(style.foreground, ui::ForegroundStyle::secondary);
+}
+
 TEST_F(CoverageFooter, SaysNoSourceEvidenceForACountOfZeroWhateverTheSources) {
   const auto noEvidence = ElementsAre("Group .font(caption) .foregroundStyle(secondary)",
                                       "  Text key \"No source evidence yet.\"");
@@ -79,6 +87,11 @@ TEST_F(CoverageFooter, ShowsAnEmptySourceAsAnEmptyEntry) {
   EXPECT_EQ(sentenceOf(coverage(2, {"A", "", "B"})),
             "Based on 2 piece(s) of evidence from A, , B.");
   EXPECT_EQ(sentenceOf(coverage(2, {""})), "Based on 2 piece(s) of evidence from .");
+}
+
+TEST_F(CoverageFooter, ShowsSourcesUnchanged) {
+  EXPECT_EQ(sentenceOf(coverage(2, {" Mail ", "<b>&"})),
+            "Based on 2 piece(s) of evidence from  Mail , <b>&.");
 }
 
 TEST_F(CoverageFooter, WritesTheCountWithoutASeparator) {

@@ -74,6 +74,16 @@ TEST_F(OutcomeControl, ShowsTheEditorAndNoSummaryWhileEditing) {
   EXPECT_FALSE(screen.has(testing::byText("too busy")));
 }
 
+TEST_F(OutcomeControl, ShowsTheEditorWhenAnOutcomeArrivesWhileEditing) {
+  Screen screen = screenOf(result_);
+  screen.press(prefix + ".outcome.start");
+  screen.show(viewOf(withOutcome(outcome("o1", SubjectKind::person, "p1", Value::helped)), calls_));
+  EXPECT_TRUE(screen.has(prefix + ".outcome.save"));
+  EXPECT_FALSE(screen.has(prefix + ".outcome.correct"));
+  screen.press(prefix + ".outcome.cancel");
+  EXPECT_EQ(face(screen).at(2), "    Text \"Helped\" .font(caption) .foregroundStyle(secondary)");
+}
+
 TEST_F(OutcomeControl, ShowsRecordOutcomeAfterSaveUntilASnapshotHasTheOutcome) {
   Screen screen = screenOf(result_);
   screen.press(prefix + ".outcome.start");

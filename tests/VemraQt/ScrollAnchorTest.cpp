@@ -71,6 +71,39 @@ TEST(ScrollAnchor, UpwardsPastRowsOfUnknownHeightEverythingMovesByTheStep) {
   EXPECT_LT(peopleInView(host).front(), first - 10) << "rows that were never in view have come in";
 }
 
+TEST(ScrollAnchor, DownwardsPastRowsOfUnknownHeightEverythingMovesByTheStep) {
+  WindowHost host(numberedUnevenly(2000));
+  bar(host).setValue(70'000);
+  const int first = peopleInView(host).front();
+  expectEvenSteps(host, 53);
+  EXPECT_GT(peopleInView(host).front(), first + 10) << "rows that were never in view have come in";
+}
+
+TEST(ScrollAnchor, AJumpToTheEndEndsThereAlsoWhenThePageGrows) {
+  Result result = numbered(500);
+  People people(result.people.begin(), result.people.end());
+  for (std::size_t i = 450; i < 500; ++i) *people[i].displayName += " " + std::string(150, 'W');
+  result.people = people;
+  WindowHost host(result);
+  const int estimated = bar(host).maximum();
+  bar(host).setValue(estimated);
+  EXPECT_GT(bar(host).maximum(), estimated) << "the last rows are not higher than estimated";
+  EXPECT_EQ(bar(host).value(), bar(host).maximum());
+  EXPECT_THAT(peopleInView(host), Contains(499));
+}
+
+TEST(ScrollAnchor, PeopleAddedAboveDoNotMoveTheElementsInView) {
+  WindowHost host(numbered(500));
+  bar(host).setValue(20'000);
+  const std::vector<std::string> before = host.visibleTexts();
+  host.changePeople([](People& people) {
+    for (int i = 0; i < 7; ++i) {
+      people.insert(people.begin() + i * 3, build::person("fresh" + std::to_string(i), "Fresh"));
+    }
+  });
+  EXPECT_EQ(host.visibleTexts(), before);
+}
+
 TEST(ScrollAnchor, ResizingKeepsTheSameRowInView) {
   WindowHost host(numbered(2000));
   bar(host).setValue(60'000);

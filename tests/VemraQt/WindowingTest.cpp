@@ -4,6 +4,8 @@
 #include "tests/VemraQt/LongList.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 
+#include <random>
+
 #include <QLineEdit>
 #include <QPointer>
 #include <QTest>
@@ -50,6 +52,28 @@ TEST(Windowing, TheEndIsReachable) {
     EXPECT_EQ(last.bottom() + 1 + 24, host.widget.contentHeight());
     bar(host).setValue(0);
     EXPECT_EQ(host.visibleTexts().front(), "Find a design lead");
+  }
+}
+
+TEST(Windowing, NoScrollPositionLeavesAGap) {
+  WindowHost host(numbered(3000));
+  std::mt19937 random(3);
+  for (unsigned step = 0; step < 400; ++step) {
+    const auto kind = random() % 4;
+    if (kind == 0) {
+      bar(host).setValue(static_cast<int>(random() % static_cast<unsigned>(bar(host).maximum())));
+    } else if (kind == 1) {
+      bar(host).triggerAction(QAbstractSlider::SliderPageStepAdd);
+    } else {
+      wheel(*host.widget.viewport(), kind == 2 ? -1 : 2);
+    }
+    const std::vector<int> people = peopleInView(host);
+    ASSERT_FALSE(people.empty() && bar(host).value() < bar(host).maximum() - 800 &&
+                 bar(host).value() > 200);
+    for (std::size_t i = 1; i < people.size(); ++i) {
+      ASSERT_EQ(people[i], people[i - 1] + 1) << "step " << step;
+    }
+    if (step % 20 == 0) expectNothingOverlaps(host);
   }
 }
 

@@ -218,6 +218,13 @@ TEST(Viewport, ScrollsByLinesAndPagesUpToItsEnds) {
   EXPECT_EQ(screen.position(), 0);
 }
 
+TEST(Viewport, DescribesOnlyTheRowsNearby) {
+  Viewport screen(list(100'000), {20, 10});
+  screen.end();
+  EXPECT_THAT(screen.text(), HasSubstr("P99999 [Open]\nThe end\n"));
+  EXPECT_LT(screen.graph().work().rows, 200U);
+}
+
 TEST(Viewport, TabGoesThroughRowsWithoutNodesAndScrollsThemIn) {
   std::vector<std::string> opened;
   Viewport screen(list(60, &opened), {20, 4});

@@ -90,6 +90,7 @@ TEST_P(RecordingJourney, CancelAndOpenAgain) {
 
 TEST_P(RecordingJourney, CancellingACorrectionChangesNothing) {
   ada.recordOutcome();
+  ada.choose("helped");
   ada.write("met");
   ada.save();
   host.catchUp();
@@ -100,7 +101,7 @@ TEST_P(RecordingJourney, CancellingACorrectionChangesNothing) {
   ada.cancel();
   EXPECT_EQ(shape(host.screen), before);
   ada.correct();
-  EXPECT_EQ(ada.chosen(), "wasUseful");
+  EXPECT_EQ(ada.chosen(), "helped");
   EXPECT_EQ(ada.note(), "met");
   EXPECT_EQ(host.log.size(), 1u);
 }

@@ -136,5 +136,17 @@ TEST(NormalForms, AreOneSubjectAndKeepTheirBytes) {
   }
 }
 
+TEST(IllFormedReferences, AreShownAndRecordedUnchanged) {
+  Result result = ordinaryResult();
+  result.people = {person("a\xC3", "Half"), person("a\xE9", "Latin")};
+  result.outcomes = {outcome("o1", SubjectKind::person, "a\xE9", Value::helped)};
+  MemoryHost host{result};
+  EXPECT_TRUE(personControl(host, "a\xE9").isRecorded());
+  ControlOnScreen half = personControl(host, "a\xC3");
+  half.recordOutcome();
+  half.save();
+  EXPECT_THAT(host.log, ElementsAre("person \"a\xC3\" wasUseful note=nil corrects=nil"));
+}
+
 }  // namespace
 }  // namespace vemra::screentest

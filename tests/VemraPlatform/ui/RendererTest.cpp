@@ -71,7 +71,9 @@ TEST_F(RendererTest, ThePreviousRendererGetsOneRemovalAndMayBeAttachedAgain) {
   graph.attach(second);
   EXPECT_FALSE(first.root());
   EXPECT_TRUE(first.nodes().empty());
+  const std::size_t heard = first.patchCount();
   press(graph, "+");
+  EXPECT_EQ(first.patchCount(), heard);
   graph.attach(first);
   EXPECT_EQ(difference(graph, first), "");
   EXPECT_EQ(texts(graph.root()).front(), "it=1");

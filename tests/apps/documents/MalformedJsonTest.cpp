@@ -42,6 +42,8 @@ TEST(MalformedJsonTest, RefusesTextBehindTheDocument) {
             "case.json: line 25, column 1: expected the end of the document; found \"{\"");
   EXPECT_EQ(errorIn(sampleResult + std::string(1, '\0')),
             "case.json: line 24, column 2: expected the end of the document; found \"\\x00\"");
+  EXPECT_EQ(errorIn(sampleResult + "\xFF"),
+            "case.json: line 24, column 2: expected UTF-8; found the byte 0xFF");
 }
 
 TEST(MalformedJsonTest, RefusesEveryBeginningOfADocument) {

@@ -109,6 +109,19 @@ TEST_F(MalformedInputTest, InputThatIsWrongOnlyAtItsEnd) {
                     ": expected UTF-8; found the byte 0xFF");
 }
 
+TEST_F(MalformedInputTest, Nesting) {
+  constexpr std::size_t deep = 100'000;
+  for (const char* bracket : {"[", "{\"result\": "}) {
+    for (const char* before :
+         {"", "{\"result\": ", "{\"steps\": [{\"press\": ", "{\"strings\": "}) {
+      expectRefused(before + repeated(bracket, deep), "expected ");
+    }
+  }
+  expectRefused(
+      caseOf(nothing, ", \"strings\": {\"a\": " + repeated("[", deep) + repeated("]", deep) + "}"),
+      "/strings/a: expected a string; found an array");
+}
+
 TEST_F(MalformedInputTest, KeysGivenTwice) {
   expectRefused(caseOf(nothing, ", \"result\": " + nothing),
                 "case.json: /result: expected each key once; found \"result\" again");

@@ -142,6 +142,14 @@ TEST_F(ProgramTest, TakesAButtonsShownTitle) {
             1);
 }
 
+TEST_F(ProgramTest, PressesTheFirstOfTwoElementsWithOneIdentifier) {
+  const std::string two =
+      people(R"({"personRef": "p1", "why": {"kind": "generic"}, "evidenceIDs": ["first"]},
+                {"personRef": "p1", "why": {"kind": "generic"}, "evidenceIDs": ["second"]})");
+  const auto document = inspect(withSteps(two, press("vemra.goal.person.p1.show-source")));
+  EXPECT_EQ(document["calls"].dump(), R"([{"callback":"onShowEvidence","argument":"first"}])");
+}
+
 TEST_F(ProgramTest, TypesSelectsAndSubmitsInTheFirstOfTwoElementsWithOneIdentifier) {
   const std::string two = people(R"({"personRef": "p1", "why": {"kind": "generic"}},
                                     {"personRef": "p1", "why": {"kind": "generic"}})");
