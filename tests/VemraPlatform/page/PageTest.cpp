@@ -207,6 +207,7 @@ TEST_F(PageTest, ARowThatDoesNotExistIsNotScrolledTo) {
 TEST_F(PageTest, FocusInPlaceFocusesTheControlBehindThatPlace) {
   show([](const std::string& id) { return ui::View(button(id)); });
   const Node* const row = rowOf(find("row3"));
+  ASSERT_TRUE(row);
   host.page.focusInPlace(row->parent->id, row->id);
   EXPECT_EQ(focused(), "row4");
 }

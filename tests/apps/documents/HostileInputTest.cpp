@@ -7,7 +7,6 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <fstream>
-#include <random>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
