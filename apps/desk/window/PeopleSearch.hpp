@@ -30,7 +30,7 @@ class PeopleSearch : public QObject {
   /// first. The first slice is done before this returns. Nothing contains a text without a letter
   /// that counts.
   void start(const GoalResultSnapshotV1& goal, const QString& text, std::size_t from);
-  /// Ends the search; there are no hits then.
+  /// Ends the search and forgets its hits.
   void stop();
 
   /// The indexes of the people found so far, in the order of the search.
