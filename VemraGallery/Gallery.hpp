@@ -14,9 +14,9 @@ namespace vemra::gallery {
 
 /// One state of a view in the gallery.
 struct Specimen {
-  std::string section;  ///< the heading above it; the gallery groups specimens by section
-  std::string name;     ///< unique in its section
-  ui::View view;
+  std::string section;        ///< the heading above it; the gallery groups specimens by section
+  std::string name;           ///< unique in its section
+  ui::View view;              ///< what the specimen shows
   std::string description{};  ///< a sentence about the state, or ""
   /// Acts like a person to reach the state, for example opens an editor. Empty: no action.
   std::function<void(testing::Screen&)> prepare{};
@@ -29,6 +29,7 @@ struct Language {
   std::string name;                                   ///< in the language itself: "Deutsch"
   std::string locale = "en_US";                       ///< an ICU locale identifier
   std::shared_ptr<const ui::StringsTable> strings{};  ///< none: every key is shown unchanged
+  /// Of the whole specimen; the strings alone do not decide it.
   ui::LayoutDirection direction = ui::LayoutDirection::leftToRight;
 };
 
@@ -54,11 +55,13 @@ class VEMRA_EXPORT Gallery {
   /// Adds a language to the choices. The first choice is always English.
   Gallery& addLanguage(Language language);
 
+  /// The title of the window and of the web pages.
   const std::string& title() const { return title_; }
   /// The version, or "".
   const std::string& version() const { return version_; }
   /// All specimens, grouped by section; the sections are in the order of their first specimens.
   const std::vector<Specimen>& specimens() const { return specimens_; }
+  /// The languages to choose from, in the order in which they were added; English is the first.
   const std::vector<Language>& languages() const { return languages_; }
 
   /// Runs the program of a gallery: shows the window, or with `--export FOLDER` writes the web pages

@@ -25,6 +25,7 @@ class PaletteSwitch;
 /// Main thread only.
 class VEMRA_EXPORT GalleryWindow : public QWidget {
  public:
+  /// Shows `gallery` in English, with the colours and the text size of the system.
   explicit GalleryWindow(const Gallery& gallery, QWidget* parent = nullptr);
   ~GalleryWindow() override;
 

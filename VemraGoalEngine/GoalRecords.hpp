@@ -33,26 +33,30 @@ enum class GoalPriority : std::uint8_t { normal, high, low };
 
 /// A goal.
 struct GoalDTO {
-  std::string id;
-  std::string title{};
-  GoalStatus status = GoalStatus::active;
+  std::string id;       ///< the engine's id; `GoalToolExecutor::getGoalSnapshot` takes it
+  std::string title{};  ///< the first line of the screen, shown as it is
+  GoalStatus status = GoalStatus::active;        ///< for the host; the screen does not show it
   std::optional<std::string> targetPersonRef{};  ///< the person the goal is about, or nil
+  /// When the goal was made, as the engine writes it; the screen does not read it.
   std::string createdAt{};
-  std::string updatedAt{};
-  GoalPriority priority = GoalPriority::normal;
+  std::string updatedAt{};  ///< when the goal was last changed; the screen does not read it
+  GoalPriority priority = GoalPriority::normal;  ///< for the host; the screen does not show it
+  /// Words that describe the goal; the screen does not show them.
   SharedArray<std::string> keywords{};
-  std::int64_t keywordsRevision = 0;
+  std::int64_t keywordsRevision = 0;  ///< counts the changes of `keywords`
+  /// What the user rules out; the screen does not show them.
   SharedArray<std::string> constraints{};
-  std::int64_t constraintsRevision = 0;
+  std::int64_t constraintsRevision = 0;  ///< counts the changes of `constraints`
+  /// References to attachments; the screen does not show them.
   SharedArray<std::string> attachmentRefs{};
   friend VEMRA_EXPORT bool operator==(const GoalDTO& a, const GoalDTO& b);
 };
 
 /// One ranked person.
 struct VEMRA_EXPORT GoalPersonCandidateDTO {
-  std::string personRef;
-  std::optional<std::string> displayName{};
-  GoalWhyDTO why{};
+  std::string personRef;  ///< identifies the row, and is the argument of the callbacks
+  std::optional<std::string> displayName{};  ///< shown as it is; nil: "Unnamed person"
+  GoalWhyDTO why{};                          ///< why the engine suggests this person
   /// Ids of the evidence for this person, the strongest first. Only the engine sets them.
   SharedArray<std::string> evidenceIDs{};
 
@@ -66,15 +70,15 @@ struct VEMRA_EXPORT GoalPersonCandidateDTO {
 /// One chain of people towards the goal's target person.
 struct GoalPathCandidateDTO {
   SharedArray<std::string> personRefs{};  ///< in path order; the path leads to the last person
-  GoalWhyDTO why{};
-  std::int64_t strength = 0;  ///< the engine's ranking figure
+  GoalWhyDTO why{};                       ///< why the engine suggests this path
+  std::int64_t strength = 0;              ///< the engine's ranking figure
   friend bool operator==(const GoalPathCandidateDTO&, const GoalPathCandidateDTO&) = default;
 };
 
 /// A group of people that may help together. It is part of a result, but no screen shows it.
 struct GoalGroupCandidateDTO {
-  std::string id;
-  SharedArray<std::string> personRefs{};
+  std::string id;                         ///< the engine's id of the group
+  SharedArray<std::string> personRefs{};  ///< the people in the group
   friend VEMRA_EXPORT bool operator==(const GoalGroupCandidateDTO& a,
                                       const GoalGroupCandidateDTO& b);
 };
@@ -97,14 +101,17 @@ struct GoalOutcomeDTO {
   /// its usual alignment.
   static constexpr std::size_t arrayAlignment = 64;
 
-  std::string id;
-  std::string goalID{};
+  std::string id;        ///< identifies the record; a correction repeats it as `correctsOutcomeID`
+  std::string goalID{};  ///< the goal that the outcome belongs to; the screen does not read it
+  /// Whether the outcome is about a person or a path.
   GoalOutcomeSubjectKind subjectKind = GoalOutcomeSubjectKind::person;
-  std::optional<std::string> subjectRef{};
-  GoalOutcomeValue value = GoalOutcomeValue::reachedOut;
+  std::optional<std::string> subjectRef{};  ///< the person, or the last person of the path
+  GoalOutcomeValue value = GoalOutcomeValue::reachedOut;  ///< what came of it
+  /// The user's words, shown as they are; nil when there are none.
   std::optional<std::string> note{};
+  /// When it was recorded, as the engine writes it; the screen does not read it.
   std::optional<std::string> recordedAt{};
-  std::optional<std::string> recordedBy{};
+  std::optional<std::string> recordedBy{};         ///< who recorded it; the screen does not read it
   std::optional<std::string> correctsOutcomeID{};  ///< present (even when "") marks a correction
       // Padding, not members: they have no name and no value, and the equality ignores them.
   std::uint64_t : 64;
@@ -117,11 +124,14 @@ struct GoalOutcomeDTO {
 
 /// The engine's answer to a snapshot query.
 struct GetGoalSnapshotResponse {
-  GoalDTO goal{};
+  GoalDTO goal{};  ///< the goal that was asked for
+  /// The candidates, the best first; the screen keeps their order.
   SharedArray<GoalPersonCandidateDTO> people{};
+  /// The paths to the goal's target person, the best first.
   SharedArray<GoalPathCandidateDTO> paths{};
-  SharedArray<GoalGroupCandidateDTO> group{};
-  GoalCoverageDTO coverage{};
+  SharedArray<GoalGroupCandidateDTO> group{};  ///< groups of candidates; no screen shows them
+  GoalCoverageDTO coverage{};                  ///< what the answer is based on
+  /// All recorded outcomes of the goal, also corrected ones.
   SharedArray<GoalOutcomeDTO> outcomes{};
   friend bool operator==(const GetGoalSnapshotResponse&, const GetGoalSnapshotResponse&) = default;
 };

@@ -27,19 +27,25 @@ struct VEMRA_EXPORT GoalWhyDTO {
   };
   /// The user and the candidate took part in the same threads or meetings.
   struct SharedActivity {
-    std::int64_t threadCount = 0;
-    std::int64_t meetingCount = 0;
+    std::int64_t threadCount = 0;   ///< conversations that both took part in
+    std::int64_t meetingCount = 0;  ///< meetings that both took part in
     friend bool operator==(const SharedActivity&, const SharedActivity&) = default;
   };
   /// The reasons without figures.
   enum class Plain : std::uint8_t { nameMatch, generic };
 
+  /// The reason, with its figures or texts.
   std::variant<Evidence, Connection, SharedActivity, Plain> reason = Plain::generic;
 
+  /// A reason of the kind `Evidence`.
   static GoalWhyDTO evidence(std::string label, std::string detail, std::string reference);
+  /// A reason of the kind `Connection`; 1 is a direct relationship.
   static GoalWhyDTO connection(std::int64_t hopCount);
+  /// A reason of the kind `SharedActivity`.
   static GoalWhyDTO sharedActivity(std::int64_t threadCount, std::int64_t meetingCount);
+  /// The plain reason that the name matches the goal.
   static GoalWhyDTO nameMatch();
+  /// The plain reason without further details.
   static GoalWhyDTO generic();
 
   friend bool operator==(const GoalWhyDTO&, const GoalWhyDTO&) = default;

@@ -40,6 +40,7 @@ namespace vemra {
 /// Main thread only: `body` and every action stop the process when they run elsewhere.
 class VEMRA_EXPORT GoalResultView {
  public:
+  /// The name in reports and outlines.
   static constexpr std::string_view name = "GoalResultView";
 
   /// \name Callbacks

@@ -33,9 +33,10 @@ VEMRA_EXPORT std::optional<std::size_t> rowAtTop(const ViewWidget& widget, ui::N
 
 /// The place in a page where a reader is: what is in view, and the control with the focus.
 struct ReadingPlace {
+  /// A row at the viewport's top.
   struct Row {
-    ui::NodeID list;
-    std::size_t index = 0;
+    ui::NodeID list;        ///< the `ForEach` of the row
+    std::size_t index = 0;  ///< its index among all rows of the list
   };
   int scroll = 0;                ///< of the page
   std::optional<Row> top;        ///< the row at the top of the viewport
@@ -45,6 +46,7 @@ struct ReadingPlace {
   ui::NodeID focus;              ///< the control with the focus outside lists
 };
 
+/// The place that the reader sees, for `returnTo`. Main thread only.
 VEMRA_EXPORT ReadingPlace readingPlace(const ViewWidget& widget);
 /// Scrolls back to a place, and gives the focus back to the control that had it there.
 VEMRA_EXPORT void returnTo(ViewWidget& widget, const ReadingPlace& place);

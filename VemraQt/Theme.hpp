@@ -24,6 +24,7 @@ class VEMRA_EXPORT Theme {
   /// Takes the text scale and the colour scheme from `environment`.
   Theme(const QFont& systemFont, const QPalette& systemPalette, const ui::Environment& environment);
 
+  /// The system's font in the size and the weight of a text style, scaled by the text scale.
   QFont font(const ui::Font& font) const;
   /// The colour of a text.
   QColor text(ui::ForegroundStyle style) const;
@@ -33,6 +34,7 @@ class VEMRA_EXPORT Theme {
   QColor disabledText() const { return colours_.disabled; }
   /// The colour of the frames of buttons, pickers and text fields.
   QColor outline() const { return colours_.outline; }
+  /// The colour of the frame around the control with the keyboard focus.
   QColor focusRing() const { return colours_.focusRing; }
   /// The colour of the page.
   QColor background() const { return palette().color(QPalette::Base); }

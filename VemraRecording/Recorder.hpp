@@ -13,8 +13,8 @@ namespace vemra::recording {
 
 /// The program that records, as a recording names it.
 struct Program {
-  std::string name;
-  std::string version;
+  std::string name;     ///< as in its command line, such as "vemra-desk"
+  std::string version;  ///< as its `--version` prints it, such as "1.2.3"
 };
 
 /// Whether a recording has the texts of the records and what a person types as they are, or masked

@@ -11,6 +11,7 @@
 
 namespace vemra::testing {
 
+/// The name of a value as outlines and reports write it. The text is static.
 VEMRA_EXPORT std::string_view name(ui::TextStyle style);
 VEMRA_EXPORT std::string_view name(ui::FontWeight weight);
 VEMRA_EXPORT std::string_view name(ui::ForegroundStyle style);

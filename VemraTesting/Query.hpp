@@ -14,13 +14,15 @@ namespace vemra::testing {
 /// Texts and identifiers match byte for byte. `index` selects one of several matches, in tree
 /// order, from 0.
 struct VEMRA_EXPORT Query {
+  /// What an element is found by.
   enum class By { identifier, title, text };
-  By by = By::identifier;
+  By by = By::identifier;  ///< what `value` is
   /// The kind of element for a title or a text; ignored for an identifier.
   ui::ElementKind kind = ui::ElementKind::text;
-  std::string value;
-  std::size_t index = 0;
+  std::string value;      ///< the whole identifier, title or text, byte for byte
+  std::size_t index = 0;  ///< 0: the first element in tree order that matches
 
+  /// Whether the element has this identifier, title or text; `index` does not count.
   bool matches(const ui::Element& element) const;
   /// `identifier "x"`, `button titled "Ada"`, `text "…"`; one line, see `text::quotedOnOneLine`.
   std::string description() const;

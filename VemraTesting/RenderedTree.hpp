@@ -22,6 +22,7 @@ class VEMRA_EXPORT RenderedTree final : public ui::Renderer {
 
   /// The root, or nullptr while nothing is shown.
   const Node* root() const { return tree_.root(); }
+  /// The node with that id; nullptr when the tree has none.
   const Node* find(ui::NodeID id) const { return tree_.find(id); }
   /// All nodes in tree order, from the root.
   std::vector<const Node*> nodes() const;

@@ -16,7 +16,7 @@ namespace vemra::testing {
 
 /// Chooses the picker's row whose tag has this name.
 struct Choose {
-  std::string tagName;
+  std::string tagName;  ///< the name of the tag of the row to choose
 };
 
 /// An action of a person on an element: pressing it, choosing in it, replacing its whole text, or
@@ -91,6 +91,7 @@ class VEMRA_EXPORT Screen {
   const RenderedTree::Node& get(std::string_view identifier) const {
     return get(byIdentifier(std::string(identifier)));
   }
+  /// Whether there is such an element.
   bool has(const Query& query) const { return find(query) != nullptr; }
   bool has(std::string_view identifier) const { return find(identifier) != nullptr; }
   /// Whether the element is enabled, including the effect of the views around it; throws when there

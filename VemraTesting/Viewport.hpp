@@ -61,7 +61,8 @@ class VEMRA_EXPORT Viewport final : private page::PageHost {
   /// The visible lines, each with a line break and without blanks at its end.
   std::string text() const;
 
-  /// \name Scrolling @{
+  /// \name Scrolling
+  /// @{
   /// Turns the wheel by a number of lines; negative: upwards.
   void wheel(int lines);
   void pageDown() { wheel(size_.height - 1); }
@@ -75,7 +76,8 @@ class VEMRA_EXPORT Viewport final : private page::PageHost {
   int length() const { return page_.contentHeight(); }
   /// @}
 
-  /// \name The keyboard @{
+  /// \name The keyboard
+  /// @{
   /// Moves the focus to the next control in tree order; without a focus, to the first one. False at
   /// the end.
   bool tab() { return moveFocus(page::Page::Direction::forward); }

@@ -14,10 +14,10 @@ namespace vemra {
 /// The screen stores nothing: the host passes this to the engine and shows a new snapshot. The
 /// fields are constant.
 struct GoalOutcomeRecordingInput {
-  const GoalOutcomeSubjectKind subjectKind;
+  const GoalOutcomeSubjectKind subjectKind;     ///< whether the outcome is about a person or a path
   const std::optional<std::string> subjectRef;  ///< the reference in the snapshot, byte for byte
-  const GoalOutcomeValue outcome;
-  const std::optional<std::string> note;               ///< nil when the user wrote none
+  const GoalOutcomeValue outcome;               ///< the user's choice
+  const std::optional<std::string> note;        ///< nil when the user wrote none
   const std::optional<std::string> correctsOutcomeID;  ///< nil for a first recording
 
   /// Compares field by field in their order; strings canonically, nil only with nil.
@@ -30,8 +30,8 @@ namespace GoalOutcomeRecordingFormLogic {
 
 /// The values of the form.
 struct FormValues {
-  GoalOutcomeValue value;
-  std::string note;
+  GoalOutcomeValue value;  ///< the selected outcome
+  std::string note;        ///< the text of the note field, as typed
 };
 
 /// The values of the form when it opens.

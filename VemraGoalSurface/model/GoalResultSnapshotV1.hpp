@@ -35,10 +35,15 @@ class VEMRA_EXPORT GoalResultSnapshotV1 {
   GoalResultSnapshotV1(const GoalResultSnapshotV1&) = default;
   GoalResultSnapshotV1& operator=(const GoalResultSnapshotV1&) = default;
 
+  /// The goal that the result is about.
   const GoalDTO& goal() const { return fields_->goal; }
+  /// The suggested people, in the engine's order.
   const SharedArray<GoalPersonCandidateDTO>& people() const { return fields_->people; }
+  /// The suggested paths, in the engine's order.
   const SharedArray<GoalPathCandidateDTO>& paths() const { return fields_->paths; }
+  /// The groups of candidates, which the screen does not show.
   const SharedArray<GoalGroupCandidateDTO>& group() const { return fields_->group; }
+  /// What the result is based on; the screen's footer says it.
   const GoalCoverageDTO& coverage() const { return fields_->coverage; }
   /// The outcomes recorded for this goal; a later one replaces an earlier one of the same subject.
   const SharedArray<GoalOutcomeDTO>& outcomes() const { return fields_->outcomes; }

@@ -24,18 +24,23 @@ struct AlignedArrayAllocator {
 
   AlignedArrayAllocator() = default;
   template <class Other>
+  /// Allocators of this kind have no state, so one converts into another.
   AlignedArrayAllocator(const AlignedArrayAllocator<Other>&) noexcept {}
 
+  /// Storage for `count` elements. Throws `std::bad_alloc` when memory runs out.
   Element* allocate(std::size_t count) {
     return static_cast<Element*>(
         ::operator new(count * sizeof(Element), std::align_val_t(Element::arrayAlignment)));
   }
+  /// Frees what `allocate` has returned.
   void deallocate(Element* elements, std::size_t) noexcept {
     ::operator delete(elements, std::align_val_t(Element::arrayAlignment));
   }
   friend bool operator==(AlignedArrayAllocator, AlignedArrayAllocator) { return true; }
 };
 
+/// The allocator of a `SharedArray`: aligned where `Element` asks for it, otherwise the standard
+/// one.
 template <class Element>
 using ArrayAllocator = std::conditional_t<WantsAlignedArrays<Element>,
                                           AlignedArrayAllocator<Element>, std::allocator<Element>>;

@@ -38,8 +38,10 @@ class SharedArray {
   using const_iterator = const Element*;
 
   SharedArray() = default;
+  /// An array of copies of these elements; no elements need no storage.
   SharedArray(std::initializer_list<Element> elements)
       : SharedArray(std::vector<Element>(elements)) {}
+  /// An array that takes over the elements.
   SharedArray(std::vector<Element> elements) : SharedArray(std::move(elements), 0) {}
 
   /// Reserves storage for `room` more elements, which `appending` then adds without copying these.
@@ -49,15 +51,22 @@ class SharedArray {
     storage_ = std::make_shared<Storage>(stored(std::move(elements), room), size_);
   }
 
+  /// The number of elements.
   std::size_t size() const { return storage_ ? size_ : 0; }
+  /// Whether there are no elements.
   bool empty() const { return storage_ == nullptr; }
+  /// The first of the elements, which are contiguous; nullptr when there are none.
   const Element* data() const { return storage_ ? storage_->first : nullptr; }
+  /// The first element. Iterators stay valid as long as any array shares the storage.
   const Element* begin() const { return data(); }
+  /// The place behind the last element.
   const Element* end() const { return data() + size(); }
 
   /// The element at `index`, which must be below `size()`.
   const Element& operator[](std::size_t index) const { return storage_->first[index]; }
+  /// The first element; the array must not be empty.
   const Element& front() const { return *storage_->first; }
+  /// The last element; the array must not be empty.
   const Element& back() const { return storage_->first[size_ - 1]; }
 
   /// Whether both arrays are the same elements of the same storage (two empty arrays always are).

@@ -10,6 +10,7 @@ namespace vemra::date {
 
 /// A point in time, in whole seconds since 1970-01-01T00:00:00Z, without leap seconds.
 struct Instant {
+  /// Whole seconds since 1970-01-01T00:00:00Z, without leap seconds; negative before.
   std::int64_t secondsSinceEpoch = 0;
 
   friend bool operator==(Instant, Instant) = default;

@@ -16,6 +16,7 @@ namespace vemra::page {
 /// element is in view, that element comes first.
 class VEMRA_EXPORT Anchor {
  public:
+  /// The change that the page is about to make.
   enum class Reason {
     changed,        ///< patches will change the tree
     resized,        ///< the page will have another width, or its elements will have other sizes

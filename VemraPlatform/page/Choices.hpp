@@ -16,7 +16,7 @@ namespace vemra::page {
 struct Choice {
   std::string_view label;       ///< as shown
   std::string_view identifier;  ///< the accessibility identifier of its row, "" without one
-  ui::Tag tag;
+  ui::Tag tag;                  ///< the value that the choice stands for
 };
 
 /// The choices of a picker: its tagged rows, in tree order. The second function is for a picker in

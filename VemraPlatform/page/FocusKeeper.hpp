@@ -18,6 +18,7 @@ namespace vemra::page {
 /// resumes at that row; it never starts again, so it ends however long the page is.
 class VEMRA_EXPORT FocusKeeper {
  public:
+  /// Whether an element was in the viewport.
   enum class Sight { inView, outOfView };
 
   /// `tree` and `rows` must outlive the object.
@@ -41,6 +42,7 @@ class VEMRA_EXPORT FocusKeeper {
   const Node* control();
   /// Whether the search waits for a row, or has found a control that does not have the focus yet.
   bool isUnfinished(const Node* focused) const;
+  /// Ends the search: its control has the focus, or another one was focused meanwhile.
   void end() { search_.reset(); }
 
  private:

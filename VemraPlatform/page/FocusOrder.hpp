@@ -45,12 +45,13 @@ VEMRA_EXPORT bool isInside(const Node* node, const Node& holder);
 /// two rows.
 class VEMRA_EXPORT FocusOrder {
  public:
+  /// The direction of a step: to the next control in tree order, or to the previous one.
   enum class Direction { forward, backward };
   /// The row that a search waits for.
   struct Waiting {
-    ui::NodeID list;
-    std::size_t row;
-    Direction direction;
+    ui::NodeID list;          ///< the `ForEach` with the row
+    std::size_t row;          ///< the index of the row among all rows of the list
+    Direction direction;      ///< the direction in which the search continues
     std::size_t rowsVisited;  ///< rows of this list that were searched
   };
 

@@ -26,9 +26,11 @@ class ChildrenOf;
 /// the whole page. So moving a row, which happens to many rows when a list scrolls or an estimated
 /// height is corrected, costs one addition.
 struct VEMRA_EXPORT Node {
+  /// A node outside any tree, without children.
   Node(ui::NodeID newID, ui::Element newElement) : id(newID), element(std::move(newElement)) {}
 
-  /// \name The tree @{
+  /// \name The tree
+  /// @{
   ui::NodeID id;
   ui::Element element;
   Node* parent = nullptr;
@@ -43,19 +45,22 @@ struct VEMRA_EXPORT Node {
   static constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
   /// @}
 
-  /// \name Rows of windowed lists @{
+  /// \name Rows of windowed lists
+  /// @{
   std::unique_ptr<RowHeights> rows;  ///< for a `ForEach` whose rows are requested by range
   int rowWidth = -1;                 ///< for the same: the width that its rows were measured for
   std::uint64_t focusedAt = 0;       ///< for a row: larger the later it had the focus; 0: never
   /// @}
 
-  /// \name The layout @{
+  /// \name The layout
+  /// @{
   int measuredWidth = -1;  ///< the width `size` was measured for, with padding; -1: not measured
   Size size;               ///< with padding
   Rect frame;              ///< without padding; relative to its scope, from the leading edge
   bool isPlaced = false;   ///< for a leaf: a renderer draws it (`placeLeaves`)
   /// @}
 
+  /// The children, in order. They may not be inserted or removed while they are iterated.
   ChildrenOf<Node> children();
   ChildrenOf<const Node> children() const;
 
@@ -73,6 +78,7 @@ struct VEMRA_EXPORT Node {
 template <class AnyNode>
 class ChildrenOf : public std::ranges::view_interface<ChildrenOf<AnyNode>> {
  public:
+  /// Walks the children in either direction (`std::bidirectional_iterator`).
   class Iterator {
    public:
     using iterator_category = std::bidirectional_iterator_tag;
@@ -82,9 +88,12 @@ class ChildrenOf : public std::ranges::view_interface<ChildrenOf<AnyNode>> {
     using reference = AnyNode&;
 
     Iterator() = default;
+    /// At `child` of `parent`; a null `child` is the place behind the last one.
     Iterator(AnyNode* parent, AnyNode* child) : parent_(parent), child_(child) {}
 
+    /// The child.
     reference operator*() const { return *child_; }
+    /// The child.
     pointer operator->() const { return child_; }
     Iterator& operator++() { return child_ = child_->next, *this; }
     Iterator& operator--() {
@@ -100,9 +109,13 @@ class ChildrenOf : public std::ranges::view_interface<ChildrenOf<AnyNode>> {
     AnyNode* child_ = nullptr;  // none: past the last child
   };
 
+  /// The children of `parent`, which must outlive the object.
   explicit ChildrenOf(AnyNode& parent) : parent_(&parent) {}
+  /// The first child.
   Iterator begin() const { return {parent_, parent_->firstChild}; }
+  /// The place behind the last child.
   Iterator end() const { return {parent_, nullptr}; }
+  /// The number of children.
   std::size_t size() const { return parent_->childCount; }
 
  private:
@@ -132,6 +145,8 @@ void forEachLeaf(AnyNode& node, const Visit& visit) {
 
 }  // namespace vemra::page
 
-/// The range only refers to the parent, so its iterators may outlive it.
+/// \cond
+// The range only refers to the parent, so its iterators may outlive it.
 template <class AnyNode>
 inline constexpr bool std::ranges::enable_borrowed_range<vemra::page::ChildrenOf<AnyNode>> = true;
+/// \endcond

@@ -31,6 +31,7 @@ namespace vemra::page {
 /// A pass never throws: exceptions from descriptions go to `PageHost::failed`. Main thread only.
 class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
  public:
+  /// The direction of a step through the controls.
   using Direction = FocusOrder::Direction;
 
   /// `graph` and `host` must outlive the page. Attach the page to the graph to show the graph's
@@ -70,7 +71,8 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   void deliver(ui::NodeID node, ui::Event event);
   /// @}
 
-  /// \name The focus, in tree order over all rows @{
+  /// \name The focus, in tree order over all rows
+  /// @{
   /// Moves the focus to the next control; false at the end of the page, or without a focus on the
   /// page.
   bool focusNext(Direction direction);
@@ -154,7 +156,8 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   std::optional<Anchor> beforeSearch_;  ///< the view before a search scrolled the page
   ui::NodeID pressed_;
 
-  /// \name What is running now; each is restored at the end of its function @{
+  /// \name What is running now; each is restored at the end of its function
+  /// @{
   bool inGraph_ = false;  ///< in a call by the graph: requested rows arrive with its next pass
   bool filling_ = false;  ///< in a pass, which also handles changes that happen meanwhile
   bool restoringFocus_ = false;

@@ -68,7 +68,8 @@ class VEMRA_EXPORT PageHost : public LeafMetrics {
   /// focus to the page as a whole, or to nothing.
   virtual void loseFocus() = 0;
 
-  /// \name Notifications, for example for assistive technology @{
+  /// \name Notifications, for example for assistive technology
+  /// @{
   /// Called after the tree has changed, before it is laid out.
   virtual void patched(const ui::Changes&) {}
   /// Called after everything is placed. If the focused element was removed, the focus moves after

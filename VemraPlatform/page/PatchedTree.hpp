@@ -18,7 +18,9 @@ class VEMRA_EXPORT PatchedTree {
   /// Gets a call after every change, and before a removal. Must not throw.
   class VEMRA_EXPORT Observer {
    public:
+    /// The node was inserted; its children follow in calls of their own.
     virtual void inserted(Node&) {}
+    /// The node has another element, or another place.
     virtual void updated(Node&) {}
     /// The children of a list have these indexes among its rows. Called after all patches, before
     /// the children's `rowIndex` is set.

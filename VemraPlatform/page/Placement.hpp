@@ -10,7 +10,7 @@ namespace vemra::page {
 
 /// A leaf that is drawn, and its frame.
 struct Placement {
-  const Node* leaf;
+  const Node* leaf;  ///< the element to draw
   /// On the whole page, without padding, mirrored when the page reads from right to left. Subtract
   /// the scroll position from `y` for the place in the viewport.
   Rect frame;

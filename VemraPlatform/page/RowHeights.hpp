@@ -40,18 +40,24 @@ class VEMRA_EXPORT RowHeights {
   /// \param inserted The new indexes of the added rows, ascending.
   void follow(const std::vector<std::size_t>& removed, const std::vector<std::size_t>& inserted);
 
+  /// The number of rows.
   std::size_t count() const { return count_; }
+  /// The space between two rows.
   int gap() const { return gap_; }
+  /// The height that a row without a measurement has.
   int estimate() const { return estimate_; }
   /// Whether the estimate comes from measured rows.
   bool isCalibrated() const { return calibrated_; }
 
+  /// The top of a row, relative to the list's.
   std::int64_t top(std::size_t row) const;
+  /// The height of a row: measured, or the estimate.
   int height(std::size_t row) const;
   /// From the first row's top to the last row's bottom.
   std::int64_t total() const;
   /// `top` and `total` as coordinates on a page, `farthest` at most.
   int topOnPage(std::size_t row) const;
+  /// The height of all rows and the gaps between them, as far as the page reaches (`farthest`).
   int totalOnPage() const;
   /// The row at a distance from the first row's top; the nearest row for a distance outside the
   /// list. The list must not be empty.

@@ -6,6 +6,7 @@ namespace vemra::page {
 
 /// The visible part of a page.
 struct Viewport {
+  /// The extent of the visible part.
   int width = 0, height = 0;
   int position = 0;  ///< how far the page is scrolled: the viewport's top edge on the page
 

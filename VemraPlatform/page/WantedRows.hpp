@@ -10,7 +10,7 @@ namespace vemra::page {
 
 /// A request for the rows of a list.
 struct RowRequest {
-  ui::NodeID list;
+  ui::NodeID list;                   ///< the `ForEach` whose rows are requested
   std::vector<ui::RowRange> ranges;  ///< ascending; they do not touch
 };
 

@@ -30,8 +30,10 @@ class VEMRA_EXPORT WindowedTree final : private PatchedTree::Observer {
   /// applied.
   void apply(const ui::Changes& changes);
 
+  /// The top node; nullptr while the tree is empty.
   Node* root() { return tree_.root(); }
   const Node* root() const { return tree_.root(); }
+  /// The node with that id; nullptr when the tree has none.
   Node* find(ui::NodeID id) { return tree_.find(id); }
   const Node* find(ui::NodeID id) const { return tree_.find(id); }
   /// The windowed lists, in no particular order.

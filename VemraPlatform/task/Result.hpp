@@ -23,6 +23,7 @@ class Result {
     return Result(std::nullopt, std::move(exception));
   }
 
+  /// Whether there is a value rather than an exception.
   bool hasValue() const noexcept { return value_.has_value(); }
 
   /// The exception that the task threw, or null when it returned.

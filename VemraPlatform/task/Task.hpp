@@ -37,6 +37,7 @@ class [[nodiscard]] Task {
  public:
   using promise_type = coroutine::Promise<T>;
 
+  /// Takes over the coroutine; `other` is empty afterwards.
   Task(Task&& other) noexcept : coroutine_(std::exchange(other.coroutine_, nullptr)) {}
   Task& operator=(Task&& other) noexcept {
     Task(std::move(other)).swap(*this);

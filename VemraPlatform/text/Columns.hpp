@@ -13,7 +13,7 @@ namespace vemra::text {
 
 /// One character as a reader counts it (a grapheme cluster, Unicode Annex 29).
 struct Glyph {
-  std::string_view bytes;
+  std::string_view bytes;  ///< the character in UTF-8, part of the text that was read
   /// The number of columns: two where East Asian Width is W or F (Unicode Annex 11) and for an
   /// emoji of several parts, none for marks, else one for each letter in it.
   int columns = 0;

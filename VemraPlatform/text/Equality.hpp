@@ -89,13 +89,17 @@ VEMRA_EXPORT std::size_t hash(std::string_view text);
 
 /// Canonical equality as a function object for unordered containers, with lookup by view.
 struct Equal {
+  /// Allows lookup by `std::string_view`.
   using is_transparent = void;
+  /// Whether the texts are canonically equal.
   bool operator()(std::string_view a, std::string_view b) const { return equal(a, b); }
 };
 
 /// The hash that belongs to `Equal`.
 struct Hash {
+  /// Allows lookup by `std::string_view`.
   using is_transparent = void;
+  /// The hash of the text.
   std::size_t operator()(std::string_view text) const { return hash(text); }
 };
 

@@ -15,8 +15,10 @@ namespace vemra::text {
 /// object on one thread at a time.
 class VEMRA_EXPORT TextSearch {
  public:
+  /// Prepares the search for `sought`, in UTF-8.
   explicit TextSearch(std::string_view sought);
   ~TextSearch();
+  /// Takes over the search; the other object may only be destroyed or assigned to.
   TextSearch(TextSearch&&) noexcept;
   TextSearch& operator=(TextSearch&&) noexcept;
 

@@ -14,8 +14,8 @@ namespace vemra::text {
 /// An ill-formed byte is a step of its own, one byte long, so a walk always ends and never skips
 /// the well-formed text around it.
 struct Step {
-  std::optional<char32_t> scalar;
-  std::size_t length = 0;  ///< In bytes; 1 to 4, and 0 only for empty text.
+  std::optional<char32_t> scalar;  ///< nil: the byte is ill-formed, or the text is empty
+  std::size_t length = 0;          ///< In bytes; 1 to 4, and 0 only for empty text.
 };
 
 /// Reads the first scalar of a text.

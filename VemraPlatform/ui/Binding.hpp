@@ -13,10 +13,14 @@ namespace vemra::ui {
 template <class Value>
 class Binding {
  public:
+  /// Makes a binding from a function that reads the value and one that writes it. Both run on the
+  /// main thread.
   Binding(std::function<Value()> get, std::function<void(Value)> set)
       : get_(std::move(get)), set_(std::move(set)) {}
 
+  /// Reads the value.
   Value get() const { return get_(); }
+  /// Writes the value; when it belongs to a view, the view is described again.
   void set(Value value) const { set_(std::move(value)); }
 
  private:

@@ -57,16 +57,21 @@ class VEMRA_EXPORT AnyComposite {
   /// An address that is unique for each type: two composites have the same type when these are
   /// equal.
   virtual const void* type() const = 0;
+  /// The struct's `name`, or "View".
   virtual std::string_view name() const = 0;
   /// A new cell in its initial state, or nullptr when the composite has no state.
   virtual std::shared_ptr<StateCell> makeState() const = 0;
+  /// The struct's `body`. `state` is a cell of `makeState`.
   virtual View body(const std::shared_ptr<StateCell>& state, const Environment&) const = 0;
+  /// The struct's `properties`. Without a `state`, those that depend on one are left out.
   virtual Properties properties(const StateCell* state) const = 0;
 };
 
+/// A composite of one type. View.hpp makes it from a struct.
 template <class Struct>
 class ErasedComposite final : public AnyComposite {
  public:
+  /// Takes over the struct.
   explicit ErasedComposite(Struct value) : value_(std::move(value)) {}
 
   const void* type() const override {

@@ -31,9 +31,10 @@ enum class ElementKind {
 /// The innermost font, foreground style and weight win. Disabling adds up: inside a disabled view,
 /// nothing can be enabled again.
 struct Style {
-  Font font = Font::body;
+  Font font = Font::body;  ///< the innermost font around the element
+  /// The innermost level of the text colour.
   ForegroundStyle foreground = ForegroundStyle::primary;
-  bool enabled = true;
+  bool enabled = true;  ///< false inside a disabled view
   /// The weight that a `fontWeight` modifier sets; `font` already includes it. Stored so that it
   /// also applies to an inner font that sets no weight.
   std::optional<FontWeight> fontWeight = std::nullopt;
@@ -43,6 +44,7 @@ struct Style {
 /// The space around an element, by edge. `leading` is the side where lines begin: left, or right in
 /// a right-to-left layout.
 struct Insets {
+  /// The space on each side. Leading is where lines begin: left, or right from right to left.
   int top = 0, leading = 0, bottom = 0, trailing = 0;
   friend bool operator==(const Insets&, const Insets&) = default;
 };
@@ -57,10 +59,15 @@ struct Insets {
 /// points; a page converts them with its `page::Grid`.
 class VEMRA_EXPORT Element {
  public:
+  /// The element of a view, with the style that it inherits, and its keys translated for
+  /// `environment`.
   Element(View view, const Style& inherited, const Environment& environment);
 
+  /// The kind, which decides which of the functions below may be called.
   ElementKind kind() const { return static_cast<ElementKind>(description().content.index()); }
+  /// The view's own modifiers, in the order in which they were applied.
   const std::vector<Modifier>& modifiers() const { return description().modifiers; }
+  /// The style that holds for this element: inherited, and changed by its modifiers.
   const Style& style() const { return style_; }
 
   /// The text of a Text, the title of a Button, Picker or TextField; nullptr for other kinds.

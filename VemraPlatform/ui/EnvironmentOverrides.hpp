@@ -14,13 +14,14 @@ namespace vemra::ui {
 ///
 ///     widget.setOverrides({.locale = "de_DE", .strings = hostsTable});  // the palette stays the system's
 struct VEMRA_EXPORT EnvironmentOverrides {
-  std::optional<std::string> locale = {};
+  std::optional<std::string> locale = {};  ///< an ICU locale identifier, such as "de_DE"
+  /// A name of the tz database, or a POSIX rule as in TZ.
   std::optional<std::string> timeZone = {};
   /// Comes before the table of the environment below, which translates the keys that this one lacks.
   std::shared_ptr<const StringsTable> strings = {};
-  std::optional<double> textScale = {};
-  std::optional<ColorScheme> colorScheme = {};
-  std::optional<LayoutDirection> layoutDirection = {};
+  std::optional<double> textScale = {};         ///< the user's text size relative to the usual one
+  std::optional<ColorScheme> colorScheme = {};  ///< light or dark
+  std::optional<LayoutDirection> layoutDirection = {};  ///< the side where lines begin
 
   /// The environment with these values in place of its own.
   Environment over(Environment environment) const;

@@ -16,18 +16,19 @@ struct Press {};
 /// Chooses in a picker: sets its selection to the tag. The graph does not check that the picker has
 /// such a choice; a tag of another type than the selection's has no effect.
 struct Select {
-  Tag tag;
+  Tag tag;  ///< the tag of the chosen row
 };
 /// Replaces the whole text of a text field, byte for byte. The graph checks neither the length nor
 /// that the text is well-formed UTF-8. A view may refuse it: then the element keeps its text and no
 /// update is sent.
 struct EditText {
-  std::string text;
+  std::string text;  ///< the whole text of the field after the edit
 };
 /// The Return key in a text field. No view has a handler for it yet, so it changes nothing.
 struct Submit {};
 /// @}
 
+/// What a renderer reports: exactly one of these.
 using Event = std::variant<Press, Select, EditText, Submit>;
 
 /// The result of delivering an event.

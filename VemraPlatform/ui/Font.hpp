@@ -15,24 +15,26 @@ enum class TextStyle {
   caption2,     ///< 10/13, medium
 };
 
+/// The weight of the letters; a renderer takes the nearest weight of the system's font.
 enum class FontWeight { regular, medium, semibold, bold };
 
 /// A text style, with its usual weight unless another one is set: `Font::body.weight(medium)`.
 ///
 /// A font names a role, not a size: a renderer turns it into a size relative to the system's font.
 struct Font {
-  TextStyle style = TextStyle::body;
-  std::optional<FontWeight> explicitWeight;
+  TextStyle style = TextStyle::body;         ///< the role of the text
+  std::optional<FontWeight> explicitWeight;  ///< nil: the style's usual weight
 
+  /// The same style with another weight.
   constexpr Font weight(FontWeight weight) const { return {style, weight}; }
   friend constexpr bool operator==(const Font&, const Font&) = default;
 
-  static const Font title2;
-  static const Font headline;
-  static const Font body;
-  static const Font subheadline;
-  static const Font caption;
-  static const Font caption2;
+  static const Font title2;       ///< a title
+  static const Font headline;     ///< the name of a row, in bold
+  static const Font body;         ///< usual text
+  static const Font subheadline;  ///< text that is a little smaller
+  static const Font caption;      ///< small text
+  static const Font caption2;     ///< small text with more weight
 };
 
 inline constexpr Font Font::title2{TextStyle::title2, std::nullopt};

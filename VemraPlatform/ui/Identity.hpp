@@ -38,6 +38,7 @@ struct Identity {
 
 /// A hash that is consistent with the equality of identities.
 struct VEMRA_EXPORT IdentityHash {
+  /// Equal identities have equal hashes.
   std::size_t operator()(const Identity& identity) const;
 };
 
@@ -50,8 +51,8 @@ VEMRA_EXPORT Identity identityOf(const View& view, std::size_t slot);
 
 /// The identity of a row: its key and the number of equal keys before it.
 struct RowIdentity {
-  std::string_view key;
-  std::size_t occurrence = 0;
+  std::string_view key;        ///< the id; compared under canonical equivalence
+  std::size_t occurrence = 0;  ///< the number of rows before it with an equal id
 };
 
 /// The identities of the rows at `indexes` (ascending), in one pass over the ids up to the last.

@@ -11,7 +11,9 @@ namespace vemra::ui {
 /// Only a string literal can make one, so that a name or a note is never used as a key by accident.
 class LocalizedKey {
  public:
+  /// Makes a key from a literal. Text that is known only at run time does not compile.
   consteval LocalizedKey(const char* literal) : key_(literal) {}
+  /// The literal, byte for byte.
   constexpr std::string_view key() const { return key_; }
 
  private:
@@ -20,7 +22,7 @@ class LocalizedKey {
 
 /// A text that is shown byte for byte and never looked up.
 struct Verbatim {
-  std::string text;
+  std::string text;  ///< shown unchanged
 };
 
 /// Makes a text that is shown unchanged: `Text(verbatim(person.name))`.
@@ -37,12 +39,17 @@ inline Verbatim verbatim(const char* text) {
 /// The text or title of a view: a localised key or a verbatim string.
 class Label {
  public:
+  /// Where a label's text comes from.
   enum class Kind { localizedKey, verbatim };
 
+  /// A label that is translated.
   Label(LocalizedKey key) : kind_(Kind::localizedKey), source_(key.key()) {}
+  /// A label that is shown unchanged.
   Label(Verbatim text) : kind_(Kind::verbatim), source_(std::move(text.text)) {}
 
+  /// Whether the label is translated.
   Kind kind() const { return kind_; }
+  /// Whether the label is translated: `kind() == Kind::localizedKey`.
   bool isKey() const { return kind_ == Kind::localizedKey; }
   /// The key, or the verbatim text.
   const std::string& source() const { return source_; }

@@ -21,6 +21,7 @@ class VEMRA_EXPORT StateCell {
   /// Gets a call when the value of a cell changes. The view graph is an owner.
   class VEMRA_EXPORT Owner {
    public:
+    /// The state in `cell` has another value.
     virtual void stateChanged(StateCell& cell) = 0;
 
    protected:
@@ -35,9 +36,11 @@ class VEMRA_EXPORT StateCell {
   bool isAttached() const { return owner_ != nullptr; }
   /// \param place The value of the node's `NodeID`; 0 while the state has no node.
   void attach(Owner& owner, std::uint64_t place) { owner_ = &owner, place_ = place; }
+  /// Ends the notifications; the cell keeps its value.
   void detach() { owner_ = nullptr; }
   /// Keeps the cell alive and writable while it has no node.
   void sleep() { place_ = 0; }
+  /// The value of the node's `NodeID`; 0 while the state has no node.
   std::uint64_t place() const { return place_; }
 
  protected:
@@ -52,10 +55,12 @@ class VEMRA_EXPORT StateCell {
 template <std::equality_comparable State>
 class StateCellOf final : public StateCell {
  public:
+  /// The present value.
   const State& value() const { return value_; }
   bool isInitial() const override { return value_ == State{}; }
 
   template <class Field>
+  /// Sets one field, and notifies the owner when the value is another one (strings: other bytes).
   void set(Field State::*field, Field value) {
     if (!isAttached() || value_.*field == value) return;
     value_.*field = std::move(value);
@@ -74,9 +79,12 @@ class StateCellOf final : public StateCell {
 template <class State>
 class LocalState {
  public:
+  /// Access to the state in `cell`. The graph makes it; a view gets it as the argument of `body`.
   explicit LocalState(std::shared_ptr<StateCellOf<State>> cell) : cell_(std::move(cell)) {}
 
+  /// The present value.
   const State& operator*() const { return cell_->value(); }
+  /// A member of the present value.
   const State* operator->() const { return &cell_->value(); }
 
   /// Writes one field.

@@ -21,11 +21,17 @@ struct SavedState;
 /// The children of a node, in order. Only the graph changes them, and the nodes themselves.
 class NodeChildren {
  public:
+  /// The first child.
   const Node* const* begin() const { return nodes_.data(); }
+  /// The place behind the last child.
   const Node* const* end() const { return begin() + nodes_.size(); }
+  /// The number of children.
   std::size_t size() const { return nodes_.size(); }
+  /// Whether there are no children.
   bool empty() const { return nodes_.empty(); }
+  /// The child at `place`, which must be below `size()`.
   const Node* operator[](std::size_t place) const { return nodes_[place]; }
+  /// The first child; there must be one.
   const Node* front() const { return nodes_.front(); }
 
  private:
@@ -40,6 +46,7 @@ class NodeChildren {
 /// read nodes through `ViewGraph::find`, which also reaches rows that are described without being
 /// shown. Only the graph changes them.
 struct Node {
+  /// Only the graph makes nodes.
   Node(NodeID newID, const Node* itsParent, Identity itsIdentity, Element newElement)
       : id(newID),
         parent(itsParent),
@@ -52,18 +59,18 @@ struct Node {
   Node& operator=(Node&&) = default;
   ~Node() = default;
 
-  NodeID id;
-  const Node* parent;
-  Identity identity;
-  Element element;
+  NodeID id;           ///< names the node in patches and events; never used again
+  const Node* parent;  ///< nullptr for the root
+  Identity identity;   ///< decides whether a new description is this node's
+  Element element;     ///< the present content and style
   /// In order. For a `ForEach`: the shown rows.
   NodeChildren children;
 
   /// For a row of a `ForEach`: its index among all rows, and its id byte for byte.
   bool isRow = false;
-  std::size_t rowIndex = 0;
-  std::string rowID;
-  bool isShown = true;  ///< false for a row that was described without being shown
+  std::size_t rowIndex = 0;  ///< 0 for a node that is no row
+  std::string rowID;         ///< "" for a node that is no row
+  bool isShown = true;       ///< false for a row that was described without being shown
 
  private:
   friend struct NodeAccess;

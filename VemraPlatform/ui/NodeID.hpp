@@ -9,7 +9,8 @@ namespace vemra::ui {
 ///
 /// A default-constructed id identifies no node.
 struct NodeID {
-  std::uint64_t value = 0;
+  std::uint64_t value = 0;  ///< 0: no node
+  /// Whether this names a node.
   explicit operator bool() const { return value != 0; }
   friend bool operator==(NodeID, NodeID) = default;
   friend auto operator<=>(NodeID, NodeID) = default;

@@ -18,9 +18,10 @@ namespace vemra::ui {
 /// Apply patches in order. A patch names a place by the parent and the sibling right before it.
 /// `remove` removes the whole subtree; a subtree is inserted node by node, parents first.
 struct Patch {
+  /// What happens to the node.
   enum class Kind { insert, move, update, remove };
-  Kind kind;
-  NodeID node;
+  Kind kind;                       ///< decides which members below have a value
+  NodeID node;                     ///< the node that is new, changed or gone
   NodeID parent;                   ///< for insert and move; none: the root
   NodeID after;                    ///< for insert and move; none: first among its siblings
   std::optional<Element> element;  ///< for insert and update: the node's new element
@@ -28,14 +29,14 @@ struct Patch {
 
 /// The rows of a `ForEach` from `first` up to, but not including, `last`.
 struct RowRange {
-  std::size_t first = 0;
-  std::size_t last = 0;
+  std::size_t first = 0;  ///< the first index
+  std::size_t last = 0;   ///< the index behind the last
   friend bool operator==(const RowRange&, const RowRange&) = default;
 };
 
 /// The rows of a `ForEach`, and which of them are its children.
 struct ListRows {
-  NodeID list;
+  NodeID list;  ///< the `ForEach`
   /// All its rows. When this is a new object, the list was described again, and rows that are not
   /// shown may have changed although no patch reports it.
   std::shared_ptr<const RowIDs> ids;
@@ -47,7 +48,7 @@ struct ListRows {
 /// The changes of one pass of the graph. The graph and a renderer exchange nothing but changes,
 /// events and requests for rows.
 struct Changes {
-  std::vector<Patch> patches;
+  std::vector<Patch> patches;  ///< in the order in which a renderer applies them
   /// The lists that have changed, in their state after all patches: each list that is new or has
   /// new rows, and each list with a child that is new or has another index among all rows.
   std::vector<ListRows> lists = {};

@@ -14,6 +14,7 @@ namespace vemra::ui {
 class VEMRA_EXPORT RowIDs {
  public:
   virtual ~RowIDs() = default;
+  /// The number of rows.
   virtual std::size_t count() const = 0;
   /// The id of the row at `index`; valid while this object lives.
   virtual std::string_view key(std::size_t index) const = 0;

@@ -18,6 +18,7 @@ class View;
 /// The rows of a `ForEach`; each row is made only on request.
 class VEMRA_EXPORT RowSource : public RowIDs {
  public:
+  /// Describes the row at `index`, which is below `count()`. An exception leaves the row empty.
   virtual View row(std::size_t index) const = 0;
 };
 
@@ -36,15 +37,19 @@ concept RowIDOf = requires(const ID& id, const Elements& elements) {
 template <class Elements, class ID, class Row>
 class RowsOf final : public RowSource {
  public:
+  /// Copies the elements, the function that gives an element's id, and the function that makes its
+  /// row.
   RowsOf(Elements elements, ID id, Row row)
       : elements_(std::move(elements)), id_(std::move(id)), row_(std::move(row)) {}
 
+  /// The number of elements.
   std::size_t count() const override { return elements_.size(); }
 
   std::string_view key(std::size_t index) const override {
     return std::invoke(id_, elements_[index]);
   }
 
+  /// Calls the function that makes a row.
   View row(std::size_t index) const override;
 
  private:

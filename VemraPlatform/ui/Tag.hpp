@@ -25,8 +25,10 @@ concept Taggable = !std::same_as<Value, Tag> && Choice<Value>;
 class Tag {
  public:
   template <Taggable Value>
+  /// Makes a tag from a value of any type with `==` and a name.
   explicit Tag(Value value) : name_(caseName(value)), value_(std::move(value)) {}
 
+  /// The name of the value in reports and tests.
   const std::string& name() const { return name_; }
 
   /// The value, or nullptr when the tag holds another type.

@@ -110,6 +110,7 @@ class VEMRA_EXPORT View {
   View id(std::string key) const;
   /// @}
 
+  /// Whether this is the absent view, which shows nothing and holds its slot.
   bool isAbsent() const { return description_ == nullptr; }
   /// The view's description (Description.hpp); the view must not be absent.
   const Description& description() const { return *description_; }
@@ -138,7 +139,9 @@ enum class VerticalAlignment { top, center };
 /// that is shown unchanged.
 class VEMRA_EXPORT Text : public View {
  public:
+  /// A text of the screen itself, translated by the environment's strings table.
   explicit Text(LocalizedKey key);
+  /// A text that is shown unchanged, such as a name.
   explicit Text(Verbatim text);
 };
 
@@ -146,22 +149,27 @@ class VEMRA_EXPORT Text : public View {
 /// the whole tree.
 class VEMRA_EXPORT Button : public View {
  public:
+  /// A button with a title of the screen itself. An empty action does nothing.
   Button(LocalizedKey title, Action action);
+  /// A button whose title is shown unchanged. An empty action does nothing.
   Button(Verbatim title, Action action);
 };
 
 /// A choice among tagged rows, shown as a menu.
 class VEMRA_EXPORT Picker : public View {
  public:
+  /// A picker of values. The views in `content` with a `tag` of the same type are its choices.
   template <Choice Value>
   Picker(LocalizedKey title, Binding<Value> selection, Children content)
       : Picker(title, asTag(std::move(selection)), std::move(content)) {}
+  /// The same with tags of any type.
   Picker(LocalizedKey title, Binding<Tag> selection, Children content);
 };
 
 /// A single-line text field; its title is the placeholder.
 class VEMRA_EXPORT TextField : public View {
  public:
+  /// A field for `text`. Every keystroke sets the binding.
   TextField(LocalizedKey title, Binding<std::string> text);
 };
 
@@ -183,6 +191,7 @@ class VEMRA_EXPORT HStack : public View {
 /// Groups views without laying them out, to apply modifiers to several views at once.
 class VEMRA_EXPORT Group : public View {
  public:
+  /// The children keep their slots in the group.
   explicit Group(Children children);
 };
 
@@ -199,6 +208,7 @@ enum class ScrollIndicators { hidden, shown };
 /// reached from the root through views with one child each.
 class VEMRA_EXPORT ScrollView : public View {
  public:
+  /// The children from top to bottom.
   explicit ScrollView(Children children, Axis axis = Axis::vertical,
                       ScrollIndicators indicators = ScrollIndicators::shown);
 };
@@ -211,10 +221,12 @@ class VEMRA_EXPORT ScrollView : public View {
 /// order.
 class VEMRA_EXPORT ForEach : public View {
  public:
+  /// Copies `elements`; `id` and `row` are called on the main thread, for the rows that are needed.
   template <class Elements, RowIDOf<Elements> ID, class Row>
   ForEach(Elements elements, ID id, Row row)
       : ForEach(std::make_shared<RowsOf<Elements, ID, Row>>(std::move(elements), std::move(id),
                                                             std::move(row))) {}
+  /// Takes rows from a source, for lists that are not in memory.
   explicit ForEach(std::shared_ptr<const RowSource> rows);
 };
 
@@ -228,11 +240,13 @@ class VEMRA_EXPORT ForEach : public View {
 /// is made.
 class VEMRA_EXPORT If : public View {
  public:
+  /// Shows what `make` returns when the condition holds; otherwise `make` is not called.
   template <class Make>
   If(bool condition, Make make) {
     branch(condition, make);
   }
 
+  /// Adds a branch that is taken when no earlier one is and its condition holds.
   template <class Make>
   If elseIf(bool condition, Make make) const {
     If next = *this;
@@ -240,6 +254,7 @@ class VEMRA_EXPORT If : public View {
     return next;
   }
 
+  /// Adds the branch that is taken when no other one is.
   template <class Make>
   View otherwise(Make make) const {
     return elseIf(true, make);
