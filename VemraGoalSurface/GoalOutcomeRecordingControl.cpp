@@ -15,10 +15,10 @@ namespace {
 
 void beginEditing(const LocalState<Control::State>& state,
                   const std::optional<GoalOutcomeDTO>& outcome) {
-  const auto [value, note] = Form::initialFormValues(outcome);
-  state.set(&Control::State::selectedValue, value);
-  state.set(&Control::State::noteText, note);
-  state.set(&Control::State::isEditing, true);
+  state.update([&](Control::State& next) {
+    const auto [value, note] = Form::initialFormValues(outcome);
+    next = {.isEditing = true, .selectedValue = value, .noteText = note};
+  });
 }
 
 }  // namespace

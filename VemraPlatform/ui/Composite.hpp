@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VemraPlatform/Export.hpp"
+#include "VemraPlatform/ui/BodyShape.hpp"
 #include "VemraPlatform/ui/Environment.hpp"
 #include "VemraPlatform/ui/LocalState.hpp"
 #include "VemraPlatform/ui/Property.hpp"
@@ -14,31 +15,15 @@ namespace vemra::ui {
 
 class View;
 
-/// A struct whose `body` takes its `LocalState`.
-template <class Struct>
-concept StatefulComposite = requires(const Struct& view,
-                                     const LocalState<typename Struct::State>& state) {
-  { view.body(state) } -> std::convertible_to<View>;
-};
-
-/// A struct whose `body` takes the environment, or nothing.
-template <class Struct>
-concept StatelessComposite = requires(const Struct& view, const Environment& environment) {
-  { view.body(environment) } -> std::convertible_to<View>;
-}
-|| requires(const Struct& view) {
-  { view.body() } -> std::convertible_to<View>;
-};
-
-/// A struct with a `body` in one of the three shapes.
-template <class Struct>
-concept HasBody = StatefulComposite<Struct> || StatelessComposite<Struct>;
-
-/// A plain struct with a `body`, in one of three shapes:
+/// A plain struct with a `body`, in one of four shapes:
 ///
 ///     View body() const;
 ///     View body(const Environment&) const;
 ///     View body(const LocalState<State>&) const;   // with a nested `struct State`
+///     View body(const LocalState<State>&, const Environment&) const;
+///
+/// For a body of another shape, the compiler's message says which rule it breaks. Of several
+/// bodies, the graph calls the one that takes most.
 ///
 /// It may have a name (`static constexpr std::string_view name`) and properties (`Properties
 /// properties() const`, or `properties(const State&)`). The screen does not depend on either; they
@@ -49,6 +34,10 @@ template <class Struct>
 concept CompositeView = HasBody<Struct> && std::copy_constructible<Struct>;
 // Check `HasBody` first: whether a class that can be constructed from a view is copyable may depend
 // on whether the class itself is a view.
+
+/// A struct that declares a `body` and is not a composite: using it as a view does not compile.
+template <class Struct>
+concept MisshapenComposite = !CompositeView<Struct> && DeclaresBody<Struct>;
 
 /// A type-erased composite, as the view graph sees it.
 class VEMRA_EXPORT AnyComposite {

@@ -67,6 +67,16 @@ class StateCellOf final : public StateCell {
     changed();
   }
 
+  template <class Change>
+  void update(Change& change) {
+    if (!isAttached()) return;
+    State next = value_;
+    change(next);
+    if (!isAttached() || next == value_) return;
+    value_ = std::move(next);
+    changed();
+  }
+
  private:
   State value_{};
 };
@@ -91,6 +101,24 @@ class LocalState {
   template <class Field>
   void set(Field State::*field, std::type_identity_t<Field> value) const {
     cell_->set(field, std::move(value));
+  }
+
+  /// Writes several fields at once:
+  ///
+  ///     state.update([&](State& next) {
+  ///       next.draft = contact.name;
+  ///       next.isEditing = true;
+  ///     });
+  ///
+  /// `change` gets a copy of the state, which replaces the state when `change` has returned, so that
+  /// nothing reads a state of which one half is old; when it throws, nothing has changed. A result
+  /// that is equal to the state changes nothing. `change` reads and writes its argument only: a
+  /// write to this state by another way meanwhile is replaced too.
+  template <class Change>
+  void update(Change change) const {
+    static_assert(std::invocable<Change&, State&> && !std::invocable<Change&, State>,
+                  "the function of update takes the state by reference: [](State& state) { ... }");
+    cell_->update(change);
   }
 
   /// A binding to one field, for a control that edits it.

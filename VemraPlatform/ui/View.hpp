@@ -57,6 +57,12 @@ class VEMRA_EXPORT View {
       : View(std::shared_ptr<const AnyComposite>(
             std::make_shared<ErasedComposite<Struct>>(std::move(composite)))) {}
 
+  /// Does not compile: the message says what is wrong with the struct's `body`.
+  template <class Struct>
+  requires(!std::derived_from<Struct, View> && MisshapenComposite<Struct>) View(Struct) {
+    explainBody<Struct>();
+  }
+
   /// \name Modifiers
   /// Applied to an lvalue, each makes a new view; applied to a temporary, it changes the temporary,
   /// so that a chain of modifiers copies nothing. On an absent view they do nothing.
@@ -284,9 +290,14 @@ template <class Struct>
 View ErasedComposite<Struct>::body(const std::shared_ptr<StateCell>& state,
                                    const Environment& environment) const {
   if constexpr (StatefulComposite<Struct>) {
-    using State = typename Struct::State;
-    return value_.body(LocalState<State>(std::static_pointer_cast<StateCellOf<State>>(state)));
-  } else if constexpr (requires { value_.body(environment); }) {
+    using State = LocalState<typename Struct::State>;
+    const State local(std::static_pointer_cast<StateCellOf<typename Struct::State>>(state));
+    if constexpr (HasBodyOf<Struct, State, Environment>) {
+      return value_.body(local, environment);
+    } else {
+      return value_.body(local);
+    }
+  } else if constexpr (HasBodyOf<Struct, Environment>) {
     return value_.body(environment);
   } else {
     return value_.body();

@@ -1,6 +1,6 @@
 # cmake -D file=<file.cpp> -P Refuse.cmake -- <compiler and flags>
 # Compiles a file without and with MUST_NOT_COMPILE and checks that exactly the part behind it is
-# refused; see CMakeLists.txt.
+# refused, with the message that the file demands; see CMakeLists.txt.
 set(compile "")
 set(found_separator FALSE)
 math(EXPR last "${CMAKE_ARGC} - 1")
@@ -50,3 +50,13 @@ endforeach()
 if(NOT points_at_part)
   message(FATAL_ERROR "Refused, but not for the part that must be refused:\n${output}")
 endif()
+
+# A line "// Message: text" demands the text in the compiler's message.
+file(STRINGS "${file}" messages REGEX "^// Message: ")
+foreach(message IN LISTS messages)
+  string(REGEX REPLACE "^// Message: " "" message "${message}")
+  string(FIND "${output}" "${message}" place)
+  if(place EQUAL -1)
+    message(FATAL_ERROR "Refused, but without the message \"${message}\":\n${output}")
+  endif()
+endforeach()
