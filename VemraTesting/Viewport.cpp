@@ -172,6 +172,10 @@ void Viewport::clear() {
   deliver(focusedControl(ui::ElementKind::textField, "text field").id, ui::EditText{});
 }
 
+void Viewport::submit() {
+  deliver(focusedControl(ui::ElementKind::textField, "text field").id, ui::Submit{});
+}
+
 const page::Node& Viewport::focusedControl(ui::ElementKind kind, std::string_view name) {
   page_.scrollIn(focus_);
   rethrow();

@@ -95,6 +95,8 @@ class VEMRA_EXPORT Viewport final : private page::PageHost {
   void type(std::string_view text);
   /// Deletes all text of the focused field.
   void clear();
+  /// Presses Return in the focused field.
+  void submit();
   /// @}
 
   /// Presses a visible button and gives it the focus, like a mouse. Throws `ElementError` when

@@ -44,6 +44,7 @@ concept HasBody = StatefulComposite<Struct> || StatelessComposite<Struct>;
 
 /// Has the member whose name the next concept looks for.
 struct NamesBody {
+  /// Never called.
   void body();
 };
 /// Has two members called `body`, which makes the name ambiguous, if the struct declares one.

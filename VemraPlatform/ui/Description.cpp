@@ -119,7 +119,15 @@ Picker::Picker(LocalizedKey title, Binding<Tag> selection, Children content)
     : View(Description{PickerContent{title, std::move(selection), std::move(content)}, {}, {}}) {}
 
 TextField::TextField(LocalizedKey title, Binding<std::string> text)
-    : View(Description{TextFieldContent{title, std::move(text)}, {}, {}}) {}
+    : View(Description{TextFieldContent{title, std::move(text), nullptr}, {}, {}}) {}
+
+TextField TextField::onSubmit(Action action) const& {
+  return TextField(*this).onSubmit(std::move(action));
+}
+TextField TextField::onSubmit(Action action) && {
+  std::get<TextFieldContent>(ownDescription().content).submit = std::move(action);
+  return std::move(*this);
+}
 
 VStack::VStack(HorizontalAlignment alignment, int spacing, Children children)
     : View(Description{VStackContent{alignment, spacing, std::move(children)}, {}, {}}) {}

@@ -38,6 +38,7 @@ struct PickerContent {
 struct TextFieldContent {
   Label title;                ///< its name and placeholder
   Binding<std::string> text;  ///< reads and writes the typed text
+  Action submit;              ///< what Return does
 };
 /// A `VStack`.
 struct VStackContent {

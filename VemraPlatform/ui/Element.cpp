@@ -22,6 +22,11 @@ const Label* labelOf(const Content& content) {
   return nullptr;
 }
 
+bool submitsIn(const Content& content) {
+  auto* field = std::get_if<TextFieldContent>(&content);
+  return field && field->submit;
+}
+
 Style styleInside(const std::vector<Modifier>& modifiers, const Style& inherited) {
   Style style = inherited;
   // From the outermost modifier inwards, so that the innermost one wins.
@@ -58,6 +63,8 @@ bool sameOwnValues(const Content& a, const Content& b) {
   if (auto* composite = std::get_if<CompositeContent>(&a)) {
     return composite->composite->type() == std::get<CompositeContent>(b).composite->type();
   }
+
+  if (submitsIn(a) != submitsIn(b)) return false;
   const Label* label = labelOf(a);
   return !label || *label == *labelOf(b);
 }
@@ -102,6 +109,10 @@ std::string_view Element::shownLabel() const {
 const std::string& Element::text() const {
   static const std::string none;
   return found_ ? found_->text : none;
+}
+
+bool Element::submits() const {
+  return submitsIn(description().content);
 }
 
 const std::optional<Tag>& Element::selection() const {

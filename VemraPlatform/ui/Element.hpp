@@ -77,6 +77,8 @@ class VEMRA_EXPORT Element {
 
   /// The text in a TextField; "" for other kinds.
   const std::string& text() const;
+  /// Whether Return in a TextField runs an action; false for other kinds.
+  bool submits() const;
   /// The selected tag of a Picker; nil for other kinds.
   const std::optional<Tag>& selection() const;
 

@@ -24,7 +24,8 @@ struct Select {
 struct EditText {
   std::string text;  ///< the whole text of the field after the edit
 };
-/// The Return key in a text field. No view has a handler for it yet, so it changes nothing.
+/// The Return key in a text field: runs its `onSubmit` action, if it has one. The field's text is
+/// what the last `EditText` wrote.
 struct Submit {};
 /// @}
 

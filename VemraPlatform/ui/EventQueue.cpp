@@ -44,6 +44,8 @@ void actOn(const Node& node, const Event& event) {
     picker->selection.set(std::get<Select>(event).tag);
   } else if (auto* edit = std::get_if<EditText>(&event)) {
     std::get<TextFieldContent>(content).text.set(edit->text);
+  } else if (const Action& submit = std::get<TextFieldContent>(content).submit) {
+    submit();
   }
 }
 

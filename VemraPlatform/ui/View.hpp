@@ -24,7 +24,7 @@ class View;
 
 /// The children of a container, in order. An absent view keeps its slot.
 using Children = std::vector<View>;
-/// The action of a button; an empty one does nothing.
+/// The action of a button, or of Return in a text field; an empty one does nothing.
 using Action = std::function<void()>;
 
 /// A view: a description of a piece of the screen, not the piece itself.
@@ -173,10 +173,17 @@ class VEMRA_EXPORT Picker : public View {
 };
 
 /// A single-line text field; its title is the placeholder.
+///
+///     TextField("Name", state.binding(&State::draft)).onSubmit(keep)
 class VEMRA_EXPORT TextField : public View {
  public:
   /// A field for `text`. Every keystroke sets the binding.
   TextField(LocalizedKey title, Binding<std::string> text);
+
+  /// Runs `action` when the user presses Return in the field; without an action, Return does
+  /// nothing. Comes before the modifiers, which return a `View`; the last one applied wins.
+  TextField onSubmit(Action action) const&;
+  TextField onSubmit(Action action) &&;
 };
 
 /// A column of its children, the first on top.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <vector>
 
 #include <QAbstractScrollArea>
@@ -12,20 +13,33 @@ namespace vemra::qt {
 
 namespace {
 
+/// The action of a field that has an `onSubmit`: what Return does.
+QString submitAction() {
+  return QStringLiteral("Submit");
+}
+
+/// The event of an action that the element itself runs; nil for another action.
+std::optional<ui::Event> eventOf(const ui::Element& element, const QString& action) {
+  const bool isButton = element.kind() == ui::ElementKind::button;
+  if (isButton && action == QAccessibleActionInterface::pressAction()) return ui::Press{};
+  if (element.submits() && action == submitAction()) return ui::Submit{};
+  return std::nullopt;
+}
+
 /// Runs the element's own action. When the action removes the element, the focus moves to the control
 /// that takes its place. The page moves it for an element that has a node on the page; for another
 /// element, this function first scrolls its row into view. `row` is nullptr outside lists.
-void press(ObjectHost& tree, AccessibleRow* row, ui::NodeID pressed) {
+void act(ObjectHost& tree, AccessibleRow* row, ui::NodeID used, const ui::Event& event) {
   Page& page = tree.page();
-  if (!row || page.tree().find(pressed)) {
-    page.deliver(pressed, ui::Press{});
+  if (!row || page.tree().find(used)) {
+    page.deliver(used, event);
     return;
   }
   struct Place {
     ui::NodeID within, after;
   };
   std::vector<Place> places;
-  for (const ui::Node* node = tree.find(pressed); node && !node->isRow; node = node->parent) {
+  for (const ui::Node* node = tree.find(used); node && !node->isRow; node = node->parent) {
     const auto& siblings = node->parent->children;
     const auto self = std::ranges::find(siblings, node);
     const ui::NodeID before =
@@ -33,10 +47,10 @@ void press(ObjectHost& tree, AccessibleRow* row, ui::NodeID pressed) {
     places.push_back({node->parent->id, before});
   }
   const QAccessible::Id id = row->id();
-  page.deliver(pressed, ui::Press{});
+  page.deliver(used, event);
   // The action may have run the event loop and deleted the row's object, so find it again.
   row = dynamic_cast<AccessibleRow*>(AccessibleObject::living(id));
-  if (!row || tree.find(pressed)) return;
+  if (!row || tree.find(used)) return;
   tree.refreshList(row->list);
   if (row->isLeaving()) return;
   for (const Place& place : places) {
@@ -126,6 +140,8 @@ QStringList AccessibleElement::actionNames() const {
   if (!element || element->element.kind() == ui::ElementKind::text) return {};
   QStringList names;
   if (element->element.kind() == ui::ElementKind::button) names << pressAction();
+  if (element->element.submits()) names << submitAction();
+
   if (element->element.kind() == ui::ElementKind::picker) names << showMenuAction();
   return names << setFocusAction();
 }
@@ -133,12 +149,11 @@ QStringList AccessibleElement::actionNames() const {
 void AccessibleElement::doAction(const QString& name) {
   const ui::Node* element = node();
   if (!element) return;
-  const bool isButton = element->element.kind() == ui::ElementKind::button;
   // Either action may delete this object, so do not use it afterwards.
   if (name == setFocusAction()) {
     focus(tree().page(), rowPlace(), element->id);
-  } else if (name == pressAction() && isButton && element->element.style().enabled) {
-    press(tree(), row_, element->id);
+  } else if (element->element.style().enabled) {
+    if (const auto event = eventOf(element->element, name)) act(tree(), row_, element->id, *event);
   }
 }
 

@@ -10,7 +10,8 @@ namespace vemra::qt {
 ///
 /// The widget holds the element's exact text. Qt shows a line break as a blank; this widget makes
 /// the blank wide enough and draws a mark there. It sets the tree's text only when that differs
-/// from its own, so that the cursor and the selection stay. Return only delivers `Submit`.
+/// from its own, so that the cursor and the selection stay. Return delivers `Submit` and changes no
+/// text.
 class LineField final : public QLineEdit, public ElementWidget {
   Q_OBJECT
 

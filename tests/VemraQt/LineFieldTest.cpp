@@ -32,12 +32,13 @@ class LineFieldTest : public ShownWidget {
     show();
   }
 
-  ui::View field(const std::string& id = "field") {
+  ui::View field(const std::string& id = "field", ui::Action submit = nullptr) {
     return ui::TextField("Note", ui::Binding<std::string>([this] { return text; },
                                                           [this](std::string edited) {
                                                             text = std::move(edited);
                                                             show();
                                                           }))
+        .onSubmit(std::move(submit))
         .accessibilityIdentifier(id);
   }
   void show() { widget.setRoot(field().disabled(disabled)); }
@@ -74,6 +75,29 @@ TEST_F(LineFieldTest, ReturnIsSubmittedAndChangesNothing) {
   QTest::keyClick(&edit(), Qt::Key_Enter);
   EXPECT_THAT(said, ElementsAre("submit", "submit"));
   EXPECT_EQ(edit().text(), "note");
+}
+
+TEST_F(LineFieldTest, ReturnRunsTheSubmitActionWithTheTypedText) {
+  std::vector<std::string> submitted;
+  widget.setRoot(field("field", [&] { submitted.push_back(text); }));
+  edit().setFocus();
+  QTest::keyClicks(&edit(), "a");
+  widget.setRoot(field("field", [&] { submitted.push_back(text + '!'); }));
+  QTest::keyClick(&edit(), Qt::Key_Return);
+  EXPECT_THAT(submitted, ElementsAre("a!")) << "of the last description";
+}
+
+TEST_F(LineFieldTest, AFieldWithASubmitActionHasItForAClientToo) {
+  EXPECT_EQ(element().actionInterface()->actionNames(), QStringList("SetFocus"));
+  EXPECT_FALSE(qttest::act(element(), "Submit"));
+  bool submitted = false;
+  widget.setRoot(field("field", [&] { submitted = true; }).disabled(true));
+  EXPECT_EQ(element().actionInterface()->actionNames(), QStringList({"Submit", "SetFocus"}));
+  act(element(), "Submit");
+  EXPECT_FALSE(submitted) << "of a disabled field";
+  widget.setRoot(field("field", [&] { submitted = true; }));
+  act(element(), "Submit");
+  EXPECT_TRUE(submitted);
 }
 
 TEST_F(LineFieldTest, TheCursorStaysInPlaceAndIsAtTheEndAtFirst) {

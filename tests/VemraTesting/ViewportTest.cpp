@@ -100,6 +100,20 @@ TEST(Viewport, ShowsAFormWhileItIsFilledIn) {
             "(Save)\n");
 }
 
+TEST(Viewport, ReturnSubmitsTheFocusedField) {
+  std::string text;
+  std::vector<std::string> submitted;
+  Viewport screen(TextField("Name", Binding<std::string>([&] { return text; },
+                                                         [&](std::string typed) { text = typed; }))
+                      .onSubmit([&] { submitted.push_back(text); }),
+                  {24, 2});
+  EXPECT_THROW(screen.submit(), ElementError) << "without the focus";
+  ASSERT_TRUE(screen.tab());
+  screen.type("Ada");
+  screen.submit();
+  EXPECT_THAT(submitted, ElementsAre("Ada"));
+}
+
 TEST(Viewport, AFieldShowsTheEndOfALongText) {
   Viewport screen(Form{}, {24, 3});
   screen.tab();

@@ -25,9 +25,13 @@ std::string_view caseName(Pet pet) {
 View picker(Pet chosen, Children rows = {}) {
   return Picker("Pet", Binding<Pet>([chosen] { return chosen; }, [](Pet) {}), std::move(rows));
 }
-View field(const std::string& text) {
+TextField field(const std::string& text) {
   return TextField("Note",
                    Binding<std::string>([text] { return text; }, [](const std::string&) {}));
+}
+
+View submitting(const TextField& field) {
+  return field.onSubmit([] {});
 }
 
 struct OtherComposite : Counter {};
@@ -56,6 +60,7 @@ TEST(ElementTest, ReportsTheFieldsOfItsKind) {
             ScrollIndicators::hidden);
   EXPECT_EQ(elementOf(picker(Pet::dog)).selection()->name(), "dog");
   EXPECT_EQ(elementOf(field("a\nb")).text(), "a\nb");
+  EXPECT_TRUE(elementOf(submitting(field("a"))).submits());
   EXPECT_EQ(elementOf(list(numbered(7))).rowCount(), 7U);
   EXPECT_EQ(elementOf(Counter{}).compositeName(), "Counter");
   EXPECT_EQ(elementOf(Button("Go", nullptr)).shownLabel(), "Go");
@@ -110,6 +115,7 @@ TEST(ElementTest, IsEqualExactlyWhenAllShownAndSpokenValuesAreEqual) {
       [] { return picker(Pet::dog); },
       [] { return field(""); },
       [] { return field("x"); },
+      [] { return submitting(field("x")); },
       [] { return VStack(HorizontalAlignment::leading, 1, {}); },
       [] { return VStack(HorizontalAlignment::leading, 2, {}); },
       [] { return VStack(HorizontalAlignment::center, 1, {}); },
@@ -131,6 +137,7 @@ TEST(ElementTest, IsEqualExactlyWhenAllShownAndSpokenValuesAreEqual) {
   }
   // A view's children and its action are not part of its element.
   EXPECT_EQ(elementOf(Group({Text("a")})), elementOf(Group({})));
+  EXPECT_EQ(elementOf(submitting(field("a"))), elementOf(submitting(field("a"))));
   EXPECT_EQ(elementOf(Counter{"a"}), elementOf(Counter{"b"}));
   EXPECT_FALSE(Element(Text("a"), Style{}, {}) ==
                Element(Text("a"), Style{.font = Font::caption}, {}));

@@ -64,7 +64,7 @@ TEST_F(EventTest, EachControlHandlesItsOwnKindsOfEvents) {
   EXPECT_EQ(graph.deliver(field, EditText{"a\nb"}), Delivery::acted);
   EXPECT_EQ(graph.find(field)->element.text(), "a\nb") << "line breaks are kept";
   EXPECT_EQ(graph.deliver(field, Submit{}), Delivery::acted);
-  EXPECT_EQ(graph.find(field)->element.text(), "a\nb") << "Return does nothing";
+  EXPECT_EQ(graph.find(field)->element.text(), "a\nb") << "without an action, Return does nothing";
   EXPECT_EQ(graph.deliver(button, Press{}), Delivery::acted) << "also without an action";
 
   for (const Event& event : {Event(Select{Tag(Size::small)}), Event(EditText{}), Event(Submit{})}) {
@@ -79,6 +79,45 @@ TEST_F(EventTest, EachControlHandlesItsOwnKindsOfEvents) {
   EXPECT_EQ(graph.deliver(text, Press{}), Delivery::refused);
   EXPECT_EQ(graph.deliver(graph.root()->id, Press{}), Delivery::refused);
   EXPECT_EQ(graph.find(picker)->element.selection()->name(), "large");
+}
+
+TEST_F(EventTest, ReturnRunsTheSubmitActionOfItsFieldOnlyAndAfterTheTypedText) {
+  std::string text;
+  std::vector<std::string> submitted;
+  const auto fieldWith = [&](Action submit) {
+    return TextField("a", Binding<std::string>([&] { return text; },
+                                               [&](std::string typed) { text = std::move(typed); }))
+        .onSubmit(std::move(submit));
+  };
+  graph.setRoot(Group({
+      fieldWith([&] { submitted.push_back("first " + text); }),
+      fieldWith([&] { submitted.push_back("second " + text); }).disabled(true),
+      fieldWith(nullptr),
+  }));
+  const auto& fields = graph.root()->children;
+  graph.deliver(fields[0]->id, EditText{"typed"});
+  EXPECT_EQ(graph.deliver(fields[0]->id, Submit{}), Delivery::acted);
+  EXPECT_EQ(graph.deliver(fields[1]->id, Submit{}), Delivery::disabled);
+  EXPECT_EQ(graph.deliver(fields[2]->id, Submit{}), Delivery::acted);
+  EXPECT_EQ(submitted, std::vector<std::string>{"first typed"});
+
+  const TextField shared = fieldWith([&] { submitted.push_back("shared"); });
+  graph.setRoot(shared.onSubmit([&] { submitted.push_back("own"); }));
+  graph.deliver(graph.root()->id, Submit{});
+  graph.setRoot(shared);
+  graph.deliver(graph.root()->id, Submit{});
+  EXPECT_EQ(submitted, (std::vector<std::string>{"first typed", "own", "shared"}));
+}
+
+TEST_F(EventTest, ASubmitActionMayReplaceTheTree) {
+  Binding<std::string> text([] { return std::string(); }, [](const std::string&) {});
+  graph.setRoot(TextField("a", text).onSubmit([&, note = std::string(100, 'n')] {
+    graph.setRoot(Text("done"));
+    EXPECT_EQ(note, std::string(100, 'n')) << "the action lives until it has returned";
+  }));
+  const NodeID field = graph.root()->id;
+  EXPECT_EQ(graph.deliver(field, Submit{}), Delivery::acted);
+  EXPECT_EQ(graph.deliver(field, Submit{}), Delivery::gone);
 }
 
 TEST_F(EventTest, ADisabledOrRemovedNodeGetsNoEvents) {
