@@ -15,9 +15,9 @@ namespace vemra {
 struct VEMRA_EXPORT GoalWhyDTO {
   /// A piece of evidence speaks for the candidate.
   struct Evidence {
-    std::string label;      ///< the kind of evidence ("Email")
-    std::string detail;     ///< its content in a few words
-    std::string reference;  ///< the engine's own reference to it; no screen shows it
+    std::string label{};      ///< the kind of evidence ("Email")
+    std::string detail{};     ///< its content in a few words
+    std::string reference{};  ///< the engine's own reference to it; no screen shows it
     friend VEMRA_EXPORT bool operator==(const Evidence& a, const Evidence& b);
   };
   /// A chain of relationships leads to the candidate.

@@ -35,15 +35,15 @@ struct CallWriter {
     const GoalOutcomeRecordingInput& input = call.input;
     out.beginObject(Layout::inLine);
     out.key("subjectKind");
-    out.string(caseName(input.subjectKind));
+    out.string(caseName(input.subjectKind()));
     out.key("subjectRef");
-    out.stringOrNull(input.subjectRef);
+    out.stringOrNull(input.subjectRef());
     out.key("outcome");
-    out.string(caseName(input.outcome));
+    out.string(caseName(input.outcome()));
     out.key("note");
-    out.stringOrNull(input.note);
+    out.stringOrNull(input.note());
     out.key("correctsOutcomeID");
-    out.stringOrNull(input.correctsOutcomeID);
+    out.stringOrNull(input.correctsOutcomeID());
     out.endObject();
   }
 };

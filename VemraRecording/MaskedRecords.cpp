@@ -121,8 +121,8 @@ Call masked(const Call& call, text::TextMask& mask) {
           return FocusPathInStarfold{texts(made.path)};
         } else {
           const GoalOutcomeRecordingInput& input = made.input;
-          return RecordOutcome{{input.subjectKind, texts(input.subjectRef), input.outcome,
-                                texts(input.note), texts(input.correctsOutcomeID)}};
+          return RecordOutcome{{input.subjectKind(), texts(input.subjectRef()), input.outcome(),
+                                texts(input.note()), texts(input.correctsOutcomeID())}};
         }
       },
       call);

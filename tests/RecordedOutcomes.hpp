@@ -22,9 +22,9 @@ inline void appendOutcome(GetGoalSnapshotResponse& result, GoalOutcomeDTO outcom
 
 /// Appends the recorded outcome to the result. The id of the first outcome is "o1".
 inline void append(GetGoalSnapshotResponse& result, const GoalOutcomeRecordingInput& input) {
-  appendOutcome(
-      result, build::outcome("o" + std::to_string(result.outcomes.size() + 1), input.subjectKind,
-                             input.subjectRef, input.outcome, input.note, input.correctsOutcomeID));
+  appendOutcome(result, build::outcome("o" + std::to_string(result.outcomes.size() + 1),
+                                       input.subjectKind(), input.subjectRef(), input.outcome(),
+                                       input.note(), input.correctsOutcomeID()));
 }
 
 }  // namespace vemra

@@ -8,9 +8,9 @@
 namespace vemra {
 
 bool operator==(const GoalOutcomeRecordingInput& a, const GoalOutcomeRecordingInput& b) {
-  return a.subjectKind == b.subjectKind && text::equal(a.subjectRef, b.subjectRef) &&
-         a.outcome == b.outcome && text::equal(a.note, b.note) &&
-         text::equal(a.correctsOutcomeID, b.correctsOutcomeID);
+  return a.subjectKind_ == b.subjectKind_ && text::equal(a.subjectRef_, b.subjectRef_) &&
+         a.outcome_ == b.outcome_ && text::equal(a.note_, b.note_) &&
+         text::equal(a.correctsOutcomeID_, b.correctsOutcomeID_);
 }
 
 namespace GoalOutcomeRecordingFormLogic {
@@ -29,16 +29,12 @@ GoalOutcomeRecordingInput recordingInput(GoalOutcomeSubjectKind subjectKind,
                                          GoalOutcomeValue selectedValue, std::string_view noteText,
                                          const std::optional<GoalOutcomeDTO>& correcting) {
   const std::string_view note = text::trimmed(noteText);
-  return {
-      .subjectKind = subjectKind,
-      .subjectRef = std::move(subjectRef),
-      .outcome = selectedValue,
-      .note = note.empty() ? std::nullopt : std::optional<std::string>(note),
-      .correctsOutcomeID = correcting.has_value() ? std::optional(correcting->id) : std::nullopt,
-  };
+  return {subjectKind, std::move(subjectRef), selectedValue,
+          note.empty() ? std::nullopt : std::optional<std::string>(note),
+          correcting.has_value() ? std::optional(correcting->id) : std::nullopt};
 }
 
-std::string_view label(GoalOutcomeValue value) {
+std::string label(GoalOutcomeValue value) {
   switch (value) {
     case GoalOutcomeValue::reachedOut:
       return "Reached out";

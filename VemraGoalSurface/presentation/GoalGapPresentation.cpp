@@ -2,7 +2,7 @@
 
 namespace vemra::GoalGapPresentation {
 
-std::string_view text(GoalPeopleGap gap) {
+std::string text(GoalPeopleGap gap) {
   switch (gap) {
     case GoalPeopleGap::noEvidenceYet:
       return "No relevant people found yet.";
@@ -12,7 +12,7 @@ std::string_view text(GoalPeopleGap gap) {
   return "";
 }
 
-std::string_view text(GoalPathGap gap) {
+std::string text(GoalPathGap gap) {
   switch (gap) {
     case GoalPathGap::noTargetPerson:
       return "This goal doesn't name someone to find a path to.";

@@ -4,7 +4,7 @@
 #include "VemraGoalSurface/model/GoalPeopleGap.hpp"
 #include "VemraPlatform/Export.hpp"
 
-#include <string_view>
+#include <string>
 
 /// The sentences that the screen shows instead of an empty list.
 ///
@@ -12,9 +12,9 @@
 namespace vemra::GoalGapPresentation {
 
 /// Why the engine proposes no people.
-VEMRA_EXPORT std::string_view text(GoalPeopleGap gap);
+VEMRA_EXPORT std::string text(GoalPeopleGap gap);
 
 /// Why no path is shown.
-VEMRA_EXPORT std::string_view text(GoalPathGap gap);
+VEMRA_EXPORT std::string text(GoalPathGap gap);
 
 }  // namespace vemra::GoalGapPresentation

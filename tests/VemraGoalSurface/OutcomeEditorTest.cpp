@@ -102,8 +102,8 @@ TEST(OutcomeEditorSave, SaveDoesNotCheckTheNoteAgain) {
           [&](const GoalOutcomeRecordingInput& input) { recorded.push_back(input); })};
   runActions(control.body(state), "Save");
   ASSERT_EQ(recorded.size(), 1U);
-  EXPECT_EQ(recorded[0].outcome, Value::somethingElse);
-  EXPECT_EQ(recorded[0].note, std::nullopt);
+  EXPECT_EQ(recorded[0].outcome(), Value::somethingElse);
+  EXPECT_EQ(recorded[0].note(), std::nullopt);
   EXPECT_FALSE(state->isEditing) << "the editor closes";
 }
 

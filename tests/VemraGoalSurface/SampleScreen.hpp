@@ -29,9 +29,9 @@ inline std::string inQuotes(const OptionalText& text) {
 
 /// A recording, byte for byte: `person "p1" helped note="met" corrects=nil`.
 inline std::string described(const GoalOutcomeRecordingInput& input) {
-  return std::string(caseName(input.subjectKind)) + ' ' + inQuotes(input.subjectRef) + ' ' +
-         std::string(caseName(input.outcome)) + " note=" + inQuotes(input.note) +
-         " corrects=" + inQuotes(input.correctsOutcomeID);
+  return std::string(caseName(input.subjectKind())) + ' ' + inQuotes(input.subjectRef()) + ' ' +
+         std::string(caseName(input.outcome())) + " note=" + inQuotes(input.note()) +
+         " corrects=" + inQuotes(input.correctsOutcomeID());
 }
 
 /// The screen's calls of its host, in order and byte for byte.

@@ -74,9 +74,9 @@ GoalResultView WindowHost::view() {
       [this](const std::string& id) { note("evidence " + id); },
       [this](const GoalPathCandidateDTO&) { note("focus"); },
       [this](const GoalOutcomeRecordingInput& input) {
-        note("record " + input.subjectRef.value_or("nil") + " " +
-             std::string(caseName(input.outcome)) + " " + input.note.value_or("nil") + " " +
-             input.correctsOutcomeID.value_or("nil"));
+        note("record " + input.subjectRef().value_or("nil") + " " +
+             std::string(caseName(input.outcome())) + " " + input.note().value_or("nil") + " " +
+             input.correctsOutcomeID().value_or("nil"));
         append(result, input);
         show();
       });

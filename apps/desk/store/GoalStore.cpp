@@ -208,12 +208,12 @@ GoalOutcomeDTO GoalStore::record(const std::string& goalID, const GoalOutcomeRec
   GoalOutcomeDTO outcome;
   outcome.id = outcomeID;
   outcome.goalID = idOf(goal);
-  outcome.subjectKind = input.subjectKind;
-  outcome.subjectRef = input.subjectRef;
-  outcome.value = input.outcome;
-  outcome.note = input.note;
+  outcome.subjectKind = input.subjectKind();
+  outcome.subjectRef = input.subjectRef();
+  outcome.value = input.outcome();
+  outcome.note = input.note();
   outcome.recordedAt = recordedAt;
-  outcome.correctsOutcomeID = input.correctsOutcomeID;
+  outcome.correctsOutcomeID = input.correctsOutcomeID();
   std::optional<GoalOutcomeDTO> before = recordedBefore(database_, goal, outcome);
   if (!before) OutcomeInsertion(database_).append(goal, outcome);
   const Database::Revision end = database_.revision();

@@ -67,11 +67,11 @@ std::string waitingLine(const WaitingOutcome& outcome) {
   text("goalID", outcome.goalID);
   text("goalTitle", outcome.goalTitle);
   text("subjectName", outcome.subjectName);
-  text("subjectKind", std::string(caseName(outcome.input.subjectKind)));
-  textOrNull("subjectRef", outcome.input.subjectRef);
-  text("value", std::string(caseName(outcome.input.outcome)));
-  textOrNull("note", outcome.input.note);
-  textOrNull("correctsOutcomeID", outcome.input.correctsOutcomeID);
+  text("subjectKind", std::string(caseName(outcome.input.subjectKind())));
+  textOrNull("subjectRef", outcome.input.subjectRef());
+  text("value", std::string(caseName(outcome.input.outcome())));
+  textOrNull("note", outcome.input.note());
+  textOrNull("correctsOutcomeID", outcome.input.correctsOutcomeID());
   out.endObject();
   out.endObject();
   return out.take() + '\n';

@@ -131,7 +131,7 @@ void DeskController::takeGoal(const std::string& goalID, std::uint64_t store,
 }
 
 void DeskController::record(const LoadedGoal& goal, const GoalOutcomeRecordingInput& input) {
-  const QString subject = subjectName(goal.snapshot, input.subjectKind, input.subjectRef);
+  const QString subject = subjectName(goal.snapshot, input.subjectKind(), input.subjectRef());
   waiting_.add({newOutcomeID(), engine_->storeMark(goal.store), now(), goal.id,
                 goal.snapshot.goal().title, subject.toStdString(), input},
                goal.store);

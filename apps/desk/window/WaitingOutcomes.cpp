@@ -284,7 +284,7 @@ std::vector<WaitingNote> WaitingOutcomes::notes() const {
     const bool isNew = entry.reason.isEmpty() && now < entry.since + unnoticed;
     if (isNew && entry.isKept && entry.unkept.isEmpty()) continue;
     notes.push_back({entry.outcome.id,
-                     fromUTF8(GoalOutcomeRecordingFormLogic::label(entry.outcome.input.outcome)),
+                     fromUTF8(GoalOutcomeRecordingFormLogic::label(entry.outcome.input.outcome())),
                      fromUTF8(entry.outcome.subjectName), fromUTF8(entry.outcome.goalTitle),
                      entry.reason, entry.unkept, entry.needsDecision});
   }

@@ -106,7 +106,7 @@ class WaitingOutcomes : public QObject {
     bool isDiscarded = false;       ///< discarded when the running try has failed
     bool needsDecision = false;     ///< after the last try
   };
-  using Entries = std::list<Entry>;  // the inputs inside cannot be assigned
+  using Entries = std::list<Entry>;  // those of a journal are spliced in front of it
 
   Entries::iterator find(const std::string& id);
   void adopt(std::vector<WaitingOutcome> outcomes);

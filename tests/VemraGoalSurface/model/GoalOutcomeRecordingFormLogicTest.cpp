@@ -88,7 +88,7 @@ TEST(CanSave, SomethingElseNeedsMoreThanBlanks) {
 
 std::optional<std::string> recordedNote(const std::string& noteText) {
   return form::recordingInput(person, "anna", GoalOutcomeValue::helped, noteText, std::nullopt)
-      .note;
+      .note();
 }
 
 TEST(RecordingInput, TheNoteLosesTheBlanksAtEitherEnd) {
@@ -116,7 +116,7 @@ TEST(RecordingInput, ALongNoteIsNotCut) {
 TEST(RecordingInput, NamesTheOutcomeItCorrects) {
   const auto correctedID = [](const std::optional<GoalOutcomeDTO>& correcting) {
     return form::recordingInput(person, "anna", GoalOutcomeValue::helped, "", correcting)
-        .correctsOutcomeID;
+        .correctsOutcomeID();
   };
   EXPECT_EQ(correctedID(std::nullopt), std::nullopt);
   GoalOutcomeDTO outcome = earlier(GoalOutcomeValue::helped, std::nullopt);
@@ -135,10 +135,10 @@ TEST(RecordingInput, TheSubjectAndTheValueArePassedOnUnchanged) {
         // The corrected record has another subject; only its id is used.
         const GoalOutcomeRecordingInput input =
             form::recordingInput(kind, ref, value, "note", sample::outcome());
-        EXPECT_EQ(input.subjectKind, kind);
-        EXPECT_EQ(input.subjectRef, ref);
-        EXPECT_EQ(input.outcome, value);
-        EXPECT_EQ(input.note, "note");
+        EXPECT_EQ(input.subjectKind(), kind);
+        EXPECT_EQ(input.subjectRef(), ref);
+        EXPECT_EQ(input.outcome(), value);
+        EXPECT_EQ(input.note(), "note");
       }
     }
   }

@@ -1,6 +1,8 @@
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
 
-#include <type_traits>
+#include <algorithm>
+#include <concepts>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -14,11 +16,11 @@ constexpr GoalOutcomeValue helped = GoalOutcomeValue::helped;
 
 TEST(GoalOutcomeRecordingInput, StoresTheFiveValuesAsGiven) {
   const Input input{path, "  Rene\u0301 ", GoalOutcomeValue::somethingElse, " \n ", ""};
-  EXPECT_EQ(input.subjectKind, path);
-  EXPECT_EQ(input.subjectRef, "  Rene\u0301 ");
-  EXPECT_EQ(input.outcome, GoalOutcomeValue::somethingElse);
-  EXPECT_EQ(input.note, " \n ") << "nothing is trimmed here";
-  EXPECT_EQ(input.correctsOutcomeID, "");
+  EXPECT_EQ(input.subjectKind(), path);
+  EXPECT_EQ(input.subjectRef(), "  Rene\u0301 ");
+  EXPECT_EQ(input.outcome(), GoalOutcomeValue::somethingElse);
+  EXPECT_EQ(input.note(), " \n ") << "nothing is trimmed here";
+  EXPECT_EQ(input.correctsOutcomeID(), "");
 }
 
 TEST(GoalOutcomeRecordingInput, EveryFieldTakesPartInEquality) {
@@ -53,13 +55,23 @@ TEST(GoalOutcomeRecordingInput, StringsAreComparedUnderCanonicalEquivalence) {
                Input{person, "e\u0301", helped, "A\u030a", "\u1100\u1161"}));
 }
 
-TEST(GoalOutcomeRecordingInput, CanBeCopiedButNotChanged) {
-  static_assert(std::is_copy_constructible_v<Input>);
-  static_assert(!std::is_copy_assignable_v<Input> && !std::is_move_assignable_v<Input>);
-  const Input input{person, "anna", helped, {}, {}};
-  std::vector<Input> kept{input};
-  kept.push_back(input);
-  EXPECT_TRUE(kept[0] == kept[1]);
+TEST(GoalOutcomeRecordingInput, IsAFirstRecordingWithoutANoteUnlessGivenMore) {
+  EXPECT_TRUE((Input{person, "anna", helped} == Input{person, "anna", helped, {}, {}}));
+}
+
+TEST(GoalOutcomeRecordingInput, IsCopiedAssignedSwappedAndErasedLikeAnyValue) {
+  static_assert(std::copyable<Input> && std::swappable<Input>);
+  const Input anna{person, "anna", helped, "thanks", "o-1"}, bo{path, "bo", helped};
+  Input first = anna, second = bo;
+  std::swap(first, second);
+  EXPECT_TRUE(first == bo && second == anna);
+  second = first;
+  EXPECT_TRUE(second == bo);
+
+  std::vector<Input> kept{anna, bo, anna};
+  kept.erase(kept.begin());
+  std::ranges::reverse(kept);
+  EXPECT_TRUE((kept == std::vector{anna, bo}));
 }
 
 }  // namespace

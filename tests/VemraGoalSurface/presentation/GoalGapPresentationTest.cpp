@@ -1,4 +1,8 @@
+#include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
 #include "VemraGoalSurface/presentation/GoalGapPresentation.hpp"
+#include "VemraGoalSurface/presentation/GoalWhyPresentation.hpp"
+
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -22,6 +26,14 @@ TEST(GoalGapPresentation, SaysWhyThereIsNoPath) {
 TEST(GoalGapPresentation, AnInvalidValueHasNoSentence) {
   EXPECT_EQ(GoalGapPresentation::text(GoalPeopleGap(2)), "");
   EXPECT_EQ(GoalGapPresentation::text(GoalPathGap(2)), "");
+}
+
+TEST(GoalGapPresentation, AllTextsOfTheScreenAreStringsOfOneKind) {
+  const std::string gap = GoalGapPresentation::text(GoalPathGap::noTargetPerson);
+  const std::string label = GoalOutcomeRecordingFormLogic::label(GoalOutcomeValue::helped);
+  const std::string why = GoalWhyPresentation::text(GoalWhyDTO::nameMatch());
+  EXPECT_EQ(label + ", " + why, "Helped, Matches on name");
+  EXPECT_FALSE(gap.empty());
 }
 
 }  // namespace

@@ -217,15 +217,15 @@ GoalResultView Host::view() {
 }
 
 void Host::record(const GoalOutcomeRecordingInput& input) {
-  log.push_back("record " + std::string(caseName(input.subjectKind)) + " " +
-                input.subjectRef.value_or("nil") + " " + std::string(caseName(input.outcome)) +
-                " \"" + input.note.value_or("nil") + "\" " +
-                input.correctsOutcomeID.value_or("nil"));
+  log.push_back("record " + std::string(caseName(input.subjectKind())) + " " +
+                input.subjectRef().value_or("nil") + " " + std::string(caseName(input.outcome())) +
+                " \"" + input.note().value_or("nil") + "\" " +
+                input.correctsOutcomeID().value_or("nil"));
   append(result, input);
   if (answer == Answer::later) return;
-  if (answer == Answer::drops && input.subjectKind == GoalOutcomeSubjectKind::person) {
+  if (answer == Answer::drops && input.subjectKind() == GoalOutcomeSubjectKind::person) {
     People people(result.people.begin(), result.people.end());
-    const auto subject = std::ranges::find(people, input.subjectRef.value_or(""),
+    const auto subject = std::ranges::find(people, input.subjectRef().value_or(""),
                                            &GoalPersonCandidateDTO::personRef);
     if (subject != people.end()) people.erase(subject);
     result.people = std::move(people);

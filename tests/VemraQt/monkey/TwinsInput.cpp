@@ -36,7 +36,7 @@ void act(QAccessibleInterface* object, const QString& action) {
 /// Mostly one that some choice begins with, in either case.
 char letterFor(const Step& step) {
   if (step.c % 8 == 0) return static_cast<char>('a' + step.a % 26);
-  const std::string_view label = GoalOutcomeRecordingFormLogic::label(
+  const std::string label = GoalOutcomeRecordingFormLogic::label(
       allGoalOutcomeValues[step.a % allGoalOutcomeValues.size()]);
   return static_cast<char>(step.c % 2 ? label.front() : std::tolower(label.front()));
 }
@@ -45,8 +45,7 @@ char letterFor(const Step& step) {
 std::optional<std::size_t> choiceByLetter(std::size_t current, char letter) {
   const std::size_t count = allGoalOutcomeValues.size();
   for (std::size_t index = (current + 1) % count; index != current; index = (index + 1) % count) {
-    const std::string_view label =
-        GoalOutcomeRecordingFormLogic::label(allGoalOutcomeValues[index]);
+    const std::string label = GoalOutcomeRecordingFormLogic::label(allGoalOutcomeValues[index]);
     if (std::tolower(label.front()) == std::tolower(letter)) return index;
   }
   return std::nullopt;

@@ -11,8 +11,8 @@ int main() {
 
   const auto ignore = [](const auto&) {};
   const auto record = [](const vemra::GoalOutcomeRecordingInput& input) {
-    std::cout << "Recorded for " << input.subjectRef.value_or("nobody") << ": "
-              << vemra::GoalOutcomeRecordingFormLogic::label(input.outcome) << "\n";
+    std::cout << "Recorded for " << input.subjectRef().value_or("nobody") << ": "
+              << vemra::GoalOutcomeRecordingFormLogic::label(input.outcome()) << "\n";
   };
   vemra::testing::Screen screen(
       vemra::GoalResultView(vemra::GoalResultSnapshotV1(answer), ignore, ignore, ignore, record));

@@ -104,10 +104,16 @@ TEST_F(ForeignSchemaTest, ATriggerAddedWhileAStoreIsOpenNeverRuns) {
                       "END"),
             "");
   const std::function<void()> acts[] = {
-      [&] { store.record("g", {}); },   [&] { store.import({rich()}); },
-      [&] { store.goals(); },           [&] { store.hasGoal("g"); },
-      [&] { store.result("g"); },       [&] { store.outcomes("g"); },
-      [&] { store.person("p1"); },      [&] { store.evidence("e1"); },
+      [&] {
+        store.record("g", {GoalOutcomeSubjectKind::person, {}, GoalOutcomeValue::reachedOut});
+      },
+      [&] { store.import({rich()}); },
+      [&] { store.goals(); },
+      [&] { store.hasGoal("g"); },
+      [&] { store.result("g"); },
+      [&] { store.outcomes("g"); },
+      [&] { store.person("p1"); },
+      [&] { store.evidence("e1"); },
       [&] { store.names("g", {"p1"}); }};
   for (const auto& act : acts) {
     try {
@@ -120,7 +126,7 @@ TEST_F(ForeignSchemaTest, ATriggerAddedWhileAStoreIsOpenNeverRuns) {
   EXPECT_EQ(other.value("SELECT count(*) FROM people"), "3");
   EXPECT_EQ(other.value("SELECT count(*) FROM outcomes"), "1");
   ASSERT_EQ(other.run("DROP TRIGGER thief"), "");
-  store.record("g", {});
+  store.record("g", {GoalOutcomeSubjectKind::person, {}, GoalOutcomeValue::reachedOut});
   EXPECT_EQ(store.outcomes("g").size(), 2u) << "the store must still work";
 }
 
@@ -180,7 +186,7 @@ TEST_F(ForeignSchemaTest, AStoreOfVersion1IsReadAndWritten) {
 }
 )");
   store.import({documents::readResultText(text, "again")});
-  store.record("g", {});
+  store.record("g", {GoalOutcomeSubjectKind::person, {}, GoalOutcomeValue::reachedOut});
   EXPECT_EQ(store.outcomes("g").size(), 2u);
 }
 

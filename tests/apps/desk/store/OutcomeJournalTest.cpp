@@ -104,11 +104,11 @@ TEST_F(OutcomeJournalTest, EveryFieldIsReadBackByteForByte) {
   EXPECT_EQ(read[0].goalID, written.goalID);
   EXPECT_EQ(read[0].goalTitle, written.goalTitle);
   EXPECT_EQ(read[0].subjectName, written.subjectName);
-  EXPECT_EQ(read[0].input.subjectKind, written.input.subjectKind);
-  EXPECT_EQ(*read[0].input.subjectRef, "");
-  EXPECT_EQ(read[0].input.outcome, written.input.outcome);
-  EXPECT_EQ(*read[0].input.note, "two\nlines\u2028");
-  EXPECT_EQ(*read[0].input.correctsOutcomeID, "o1");
+  EXPECT_EQ(read[0].input.subjectKind(), written.input.subjectKind());
+  EXPECT_EQ(*read[0].input.subjectRef(), "");
+  EXPECT_EQ(read[0].input.outcome(), written.input.outcome());
+  EXPECT_EQ(*read[0].input.note(), "two\nlines\u2028");
+  EXPECT_EQ(*read[0].input.correctsOutcomeID(), "o1");
 }
 
 TEST_F(OutcomeJournalTest, OutcomesWaitInTheirOrderUntilTheyAreSettled) {
@@ -133,7 +133,7 @@ TEST_F(OutcomeJournalTest, TheSameOutcomeTwiceWaitsOnce) {
   journal.add(waitingOutcome("a", "first"));
   journal.add(waitingOutcome("a", "second"));
   ASSERT_THAT(waiting(), ElementsAre("a"));
-  EXPECT_EQ(journal.read()[0].input.note, "first");
+  EXPECT_EQ(journal.read()[0].input.note(), "first");
 }
 
 TEST_F(OutcomeJournalTest, OnlyItsOwnerMayReadIt) {

@@ -79,7 +79,8 @@ TEST_F(OutcomesTest, AreInTheOrderOfRecordingWithIdsOfTheirOwn) {
 TEST_F(OutcomesTest, AnIdHas128RandomBitsInHexadecimalDigits) {
   std::set<char> seen[32];
   for (int i = 0; i < 300; ++i) {
-    const std::string id = store.record("g1", {}).id;
+    const std::string id =
+        store.record("g1", {GoalOutcomeSubjectKind::person, {}, GoalOutcomeValue::reachedOut}).id;
     ASSERT_EQ(id.substr(0, 8), "outcome-");
     ASSERT_EQ(id.size(), 40u) << id;
     for (std::size_t digit = 0; digit < 32; ++digit) seen[digit].insert(id[8 + digit]);

@@ -130,8 +130,8 @@ TEST_F(RecordedSessionTest, ASessionWithTwoGoalsReplaysToTheSameScreenAndTheSame
   EXPECT_EQ(replay.outline(), outlineOf(graph()));
   ASSERT_EQ(replay.inspection.calls().size(), 3U);
   const auto& saved = std::get<recording::RecordOutcome>(replay.inspection.calls()[0]).input;
-  EXPECT_EQ(saved.note, "Wirklich privat");
-  EXPECT_EQ(saved.subjectRef, "nguyen-thi-mai");
+  EXPECT_EQ(saved.note(), "Wirklich privat");
+  EXPECT_EQ(saved.subjectRef(), "nguyen-thi-mai");
 }
 
 TEST_F(RecordedSessionTest, RowsThatWereScrolledAwayReplayToo) {
