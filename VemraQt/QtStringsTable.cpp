@@ -1,5 +1,7 @@
 #include "VemraQt/QtStringsTable.hpp"
 
+#include <utility>
+
 #include <QDir>
 #include <QTranslator>
 
@@ -11,15 +13,17 @@ static void bringInTranslations() {
 
 namespace vemra::qt {
 
-QtStringsTable::QtStringsTable(std::unique_ptr<QTranslator> translator)
-    : translator_(std::move(translator)) {}
+QtStringsTable::QtStringsTable(std::unique_ptr<QTranslator> translator, std::string context)
+    : translator_(std::move(translator)), context_(std::move(context)) {}
 
 QtStringsTable::~QtStringsTable() = default;
 
-std::shared_ptr<const QtStringsTable> QtStringsTable::load(const QString& file) {
+std::shared_ptr<const QtStringsTable> QtStringsTable::load(const QString& file,
+                                                           std::string context) {
   auto translator = std::make_unique<QTranslator>();
   if (!translator->load(file)) return nullptr;
-  return std::shared_ptr<const QtStringsTable>(new QtStringsTable(std::move(translator)));
+  return std::shared_ptr<const QtStringsTable>(
+      new QtStringsTable(std::move(translator), std::move(context)));
 }
 
 std::shared_ptr<const QtStringsTable> QtStringsTable::builtIn(const QStringList& languages) {
@@ -35,7 +39,7 @@ std::shared_ptr<const QtStringsTable> QtStringsTable::builtIn(const QStringList&
 
 std::optional<std::string> QtStringsTable::lookup(std::string_view key) const {
   const std::string terminated(key);
-  const QString found = translator_->translate("VemraScreen", terminated.c_str());
+  const QString found = translator_->translate(context_.c_str(), terminated.c_str());
   if (found.isNull()) return std::nullopt;
   return found.toStdString();
 }

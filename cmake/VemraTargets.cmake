@@ -128,6 +128,25 @@ function(vemra_library target)
   endif()
 endfunction()
 
+# vemra_translations(<target> <name>)
+# Compiles every translation in the current folder, translations/<name>_<language>.ts, into the target as the
+# resource :/<prefix>/<name>_<language>.qm, so that no file is needed at run time. The prefix is the name with
+# hyphens. A new language is a new file.
+function(vemra_translations target name)
+  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/translations/${name}_*.ts")
+  qt_add_translation(compiled ${sources} OPTIONS -silent)
+  set(files "")
+  foreach(file IN LISTS compiled)
+    get_filename_component(file "${file}" NAME)
+    string(APPEND files "<file>${file}</file>")
+  endforeach()
+  string(REPLACE "_" "-" prefix "${name}")
+  set(list "${CMAKE_CURRENT_BINARY_DIR}/${name}_translations.qrc")
+  file(CONFIGURE OUTPUT "${list}" CONTENT "<RCC><qresource prefix=\"/${prefix}\">${files}</qresource></RCC>\n")
+  qt_add_resources(code "${list}")
+  target_sources(${target} PRIVATE ${code})
+endfunction()
+
 # vemra_program(<target> NAME <file name> LINK <targets>): the current folder's .cpp files as a program.
 function(vemra_program target)
   cmake_parse_arguments(arg "" "NAME" "LINK" ${ARGN})

@@ -23,8 +23,8 @@ struct AlignedArrayAllocator {
   using value_type = Element;
 
   AlignedArrayAllocator() = default;
-  template <class Other>
   /// Allocators of this kind have no state, so one converts into another.
+  template <class Other>
   AlignedArrayAllocator(const AlignedArrayAllocator<Other>&) noexcept {}
 
   /// Storage for `count` elements. Throws `std::bad_alloc` when memory runs out.

@@ -20,6 +20,15 @@ class LocalizedKey {
   std::string_view key_;
 };
 
+/// Marks a view's own text so that translation tools find it: `Text(translatable("Contacts", "No
+/// friends yet"))`. It is the key `literal`, like the literal alone.
+///
+/// \param context The name under which the tools list the text. It is for them only: the strings
+/// table looks up `literal`, so two contexts share a translation.
+consteval LocalizedKey translatable([[maybe_unused]] const char* context, const char* literal) {
+  return literal;
+}
+
 /// A text that is shown byte for byte and never looked up.
 struct Verbatim {
   std::string text;  ///< shown unchanged

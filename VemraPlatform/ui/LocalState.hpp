@@ -59,14 +59,16 @@ class StateCellOf final : public StateCell {
   const State& value() const { return value_; }
   bool isInitial() const override { return value_ == State{}; }
 
-  template <class Field>
   /// Sets one field, and notifies the owner when the value is another one (strings: other bytes).
+  template <class Field>
   void set(Field State::*field, Field value) {
     if (!isAttached() || value_.*field == value) return;
     value_.*field = std::move(value);
     changed();
   }
 
+  /// Sets what `change` has made of a copy of the value, and notifies the owner when that is another
+  /// value. When `change` throws, nothing has changed.
   template <class Change>
   void update(Change& change) {
     if (!isAttached()) return;

@@ -24,8 +24,8 @@ concept Taggable = !std::same_as<Value, Tag> && Choice<Value>;
 /// The value that a picker's row represents: a value of the picker's own type, and its name.
 class Tag {
  public:
-  template <Taggable Value>
   /// Makes a tag from a value of any type with `==` and a name.
+  template <Taggable Value>
   explicit Tag(Value value) : name_(caseName(value)), value_(std::move(value)) {}
 
   /// The name of the value in reports and tests.

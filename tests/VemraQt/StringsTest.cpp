@@ -1,6 +1,7 @@
 // The translated screen: every key is translated, and no verbatim text.
 
 #include "VemraQt/QtStringsTable.hpp"
+#include "tests/TranslationFiles.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
 #include "tests/VemraQt/Strings.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
@@ -15,6 +16,7 @@ using namespace vemra;
 using namespace vemra::qttest;
 using ::testing::Contains;
 using ::testing::ElementsAreArray;
+using ::testing::IsSupersetOf;
 
 namespace {
 
@@ -44,28 +46,34 @@ std::set<std::string> keysOfTheScreen() {
 
 }  // namespace
 
-TEST(Strings, GermanHasExactlyTheScreensKeys) {
-  auto german = qt::QtStringsTable::builtIn({"de-AT", "en"});
-  ASSERT_NE(german, nullptr);
+TEST(Strings, EachLanguageHasExactlyTheScreensKeys) {
   const std::set<std::string> keys = keysOfTheScreen();
   EXPECT_EQ(keys.size(), 12u);
-  for (const std::string& key : keys) {
-    const auto translation = german->lookup(key);
-    ASSERT_TRUE(translation) << key;
-    EXPECT_FALSE(translation->empty()) << key;
-    EXPECT_NE(*translation, key);
+  const auto languages = translatedLanguages("VemraQt/translations", "vemra");
+  EXPECT_THAT(languages, IsSupersetOf({"de", "he"}));
+  for (const std::string& language : languages) {
+    SCOPED_TRACE(language);
+    const QString name = QString::fromStdString(language);
+    auto table = qt::QtStringsTable::builtIn({name + "-XX", "en"});
+    ASSERT_NE(table, nullptr);
+    for (const std::string& key : keys) {
+      const auto translation = table->lookup(key);
+      ASSERT_TRUE(translation) << key;
+      EXPECT_FALSE(translation->empty()) << key;
+      EXPECT_NE(*translation, key);
+    }
+    std::ifstream file(VEMRA_REPOSITORY "/VemraQt/translations/vemra_" + language + ".ts");
+    std::stringstream text;
+    text << file.rdbuf();
+    const std::string content = text.str();
+    const std::regex source("<source>([^<]*)</source>");
+    std::set<std::string> sources;
+    for (std::sregex_iterator match(content.begin(), content.end(), source), end; match != end;
+         ++match) {
+      sources.insert((*match)[1]);
+    }
+    EXPECT_EQ(sources, keys);
   }
-  std::ifstream file(std::string(VEMRA_REPOSITORY) + "/VemraQt/translations/vemra_de.ts");
-  std::stringstream text;
-  text << file.rdbuf();
-  const std::string content = text.str();
-  const std::regex source("<source>([^<]*)</source>");
-  std::set<std::string> sources;
-  for (std::sregex_iterator match(content.begin(), content.end(), source), end; match != end;
-       ++match) {
-    sources.insert((*match)[1]);
-  }
-  EXPECT_EQ(sources, keys);
 }
 
 TEST(Strings, TheScreenInGerman) {
@@ -78,11 +86,20 @@ TEST(Strings, TheScreenInGerman) {
   EXPECT_THAT(host.visibleTexts(), Contains("Person Number 0"));
 }
 
+TEST(Strings, TheScreenInHebrew) {
+  WindowHost host(resultWith(1));
+  host.widget.setEnvironment(with(qt::QtStringsTable::builtIn({"he"})));
+  for (const char* word : {"אנשים שכדאי לשקול", "הצגת המקור", "רישום תוצאה"}) {
+    EXPECT_THAT(host.visibleTexts(), Contains(word));
+  }
+}
+
 TEST(Strings, TheUsersLanguageDecides) {
   EXPECT_EQ(qt::QtStringsTable::builtIn({"en-GB", "de"}), nullptr);
   EXPECT_EQ(qt::QtStringsTable::builtIn({"C"}), nullptr);
   EXPECT_EQ(qt::QtStringsTable::builtIn({"xx"}), nullptr);
   EXPECT_NE(qt::QtStringsTable::builtIn({"fr_FR", "de_DE"}), nullptr);
+  EXPECT_EQ(qt::QtStringsTable::builtIn({"he_IL", "de"})->lookup("Save"), "שמירה");
   EXPECT_EQ(qt::QtStringsTable::load("/no/such/file.qm"), nullptr);
 }
 

@@ -6,7 +6,7 @@
 namespace vemra::desk {
 
 /// A text of this program in the user's language: the translation of `english` in the built-in
-/// table (`translations/vemra_desk_de.ts`), or `english` itself. `installTranslations` comes first.
+/// table (`translations/`), or `english` itself. `installTranslations` comes first.
 ///
 /// A test finds every call by the name of this function, so the argument is a literal.
 QString localized(const char* english);

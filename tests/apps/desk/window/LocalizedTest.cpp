@@ -1,5 +1,6 @@
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/Reasons.hpp"
+#include "tests/TranslationFiles.hpp"
 #include "tests/apps/TemporaryFolder.hpp"
 
 #include <algorithm>
@@ -50,14 +51,26 @@ class LocalizedTest : public ::testing::Test {
   }
 };
 
-TEST_F(LocalizedTest, EveryTextOfTheWindowExistsInGerman) {
+/// The languages that the window speaks besides English.
+QStringList languages() {
+  QStringList languages;
+  for (const auto& each : translatedLanguages("apps/desk/window/translations", "vemra_desk")) {
+    languages.append(QString::fromStdString(each));
+  }
+  return languages;
+}
+
+TEST_F(LocalizedTest, EveryTextOfTheWindowExistsInEachLanguage) {
   const std::set<std::string> texts = textsInSources();
   EXPECT_GT(texts.size(), 4u) << "the search finds the calls";
-  installTranslations({"de-AT", "de"});
-  for (const std::string& text : texts) {
-    const QString found = QCoreApplication::translate("VemraDesk", text.c_str());
-    const bool isSameInBoth = text == "%1 (%2)" || text == "%1: %2" || text == "Vemra Desk %1";
-    EXPECT_EQ(found == QString::fromStdString(text), isSameInBoth) << text;
+  for (const QString& language : languages()) {
+    installTranslations({language + "-XX", language});
+    for (const std::string& text : texts) {
+      const QString found = QCoreApplication::translate("VemraDesk", text.c_str());
+      const bool isSameInBoth = text == "%1 (%2)" || text == "%1: %2" || text == "Vemra Desk %1";
+      EXPECT_EQ(found == QString::fromStdString(text), isSameInBoth)
+          << language.toStdString() << ": " << text;
+    }
   }
 }
 
@@ -114,14 +127,16 @@ TEST_F(LocalizedTest, EveryMessageOfTheStoreAndOfDocumentsIsPartOfAPattern) {
   }
 }
 
-TEST_F(LocalizedTest, EveryPatternOfAReasonExistsInGermanWithTheSameGaps) {
-  static const QRegularExpression gap("%[1-9]");
-  installTranslations({"de"});
-  for (const char* pattern : reasonPatterns()) {
-    const QString found = QCoreApplication::translate("VemraDesk", pattern);
-    EXPECT_NE(found, QString(pattern));
-    for (const char* each : {"%1", "%2", "%3", "%4"}) {
-      EXPECT_EQ(found.count(each), QString(pattern).count(each)) << pattern;
+TEST_F(LocalizedTest, EveryPatternOfAReasonExistsInEachLanguageWithTheSameGaps) {
+  for (const QString& language : languages()) {
+    installTranslations({language});
+    for (const char* pattern : reasonPatterns()) {
+      const QString found = QCoreApplication::translate("VemraDesk", pattern);
+      EXPECT_NE(found, QString(pattern)) << language.toStdString();
+      for (const char* each : {"%1", "%2", "%3", "%4"}) {
+        EXPECT_EQ(found.count(each), QString(pattern).count(each))
+            << language.toStdString() << ": " << pattern;
+      }
     }
   }
 }
@@ -146,8 +161,13 @@ TEST_F(LocalizedTest, AReasonKeepsItsFileItsPlaceAndTheTextsFromFiles) {
 
 TEST_F(LocalizedTest, TheLayoutHasTheDirectionOfTheLanguage) {
   QApplication::setLayoutDirection(Qt::RightToLeft);
-  installTranslations({"he", "de"});
+  installTranslations({"ar", "de"});
   EXPECT_EQ(QApplication::layoutDirection(), Qt::LeftToRight) << "the window speaks German";
+  installTranslations({"he-IL", "de"});
+  EXPECT_EQ(QApplication::layoutDirection(), Qt::RightToLeft);
+  EXPECT_EQ(localized("the path"), "המסלול");
+  installTranslations({"en"});
+  EXPECT_EQ(QApplication::layoutDirection(), Qt::LeftToRight);
 }
 
 TEST_F(LocalizedTest, AnUnknownLanguageIsSkippedAndEnglishEndsTheSearch) {

@@ -1,4 +1,4 @@
-// The window in German: no text of it has an English sentence in any of its states.
+// The window in each language that has a translation: no text of it has an English sentence in any of its states.
 
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
 #include "VemraQt/ViewWidget.hpp"
@@ -6,10 +6,12 @@
 #include "apps/desk/window/MenuBar.hpp"
 #include "apps/desk/window/PlainText.hpp"
 #include "apps/documents/ResultWriter.hpp"
+#include "tests/TranslationFiles.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
 #include <filesystem>
+#include <string>
 
 #include <QFile>
 #include <QFileDialog>
@@ -26,12 +28,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The English words that German texts do not have, and the English texts of the translations.
-QRegularExpression english() {
+/// The English words that no other language has, and the English texts of a translation.
+QRegularExpression english(const std::string& language) {
   QStringList expressions{"the",  "is",     "are",      "of",   "and",    "not",
                           "with", "cannot", "expected", "open", "close",  "goal",
                           "path", "try",    "for",      "to",   "nothing"};
-  QFile file(VEMRA_REPOSITORY "/apps/desk/window/translations/vemra_desk_de.ts");
+  QFile file(QString::fromStdString(VEMRA_REPOSITORY "/apps/desk/window/translations/vemra_desk_" +
+                                    language + ".ts"));
   EXPECT_TRUE(file.open(QIODevice::ReadOnly));
   QXmlStreamReader xml(&file);
   QString source;
@@ -77,19 +80,26 @@ QStringList textsOf(const QWidget& root) {
   return texts;
 }
 
-class GermanWindowTest : public OpenDesk {
+class TranslatedWindowTest : public OpenDesk, public ::testing::WithParamInterface<std::string> {
  protected:
-  GermanWindowTest() { installTranslations({"de"}); }
-  ~GermanWindowTest() override {
+  TranslatedWindowTest() { installTranslations({QString::fromStdString(GetParam())}); }
+  ~TranslatedWindowTest() override {
+    close();
+    installTranslations({"en"});
     for (auto* translator : QCoreApplication::instance()->findChildren<QTranslator*>()) {
       QCoreApplication::removeTranslator(translator);
       delete translator;
     }
   }
 
+  /// The translation of a text of the window, or of a pattern of `Reasons.hpp`.
+  static QString own(const char* english) {
+    const QString translated = QCoreApplication::translate("VemraDesk", english);
+    EXPECT_NE(translated, english);
+    return translated;
+  }
   /// Fails when the window, in the state of that name, has an English text.
   void check(const std::string& state) const {
-    static const QRegularExpression sentence = english();
     QStringList texts = textsOf(*window);
     EXPECT_GT(texts.join("").size(), 20) << state;
     for (QString& text : texts) {
@@ -107,26 +117,29 @@ class GermanWindowTest : public OpenDesk {
     open();
     wait<QAbstractButton>("vemra.goal.person.p1.show-source");
   }
+  bool isWaitingBecause(const char* reason) const {
+    return becomes([&] { return texts("desk.waiting").join("\n").contains(own(reason)); });
+  }
   MenuBar& menus() const { return *window->findChild<MenuBar*>(); }
-  QString noticeOf(const std::string& text) const {
-    EXPECT_TRUE(becomes([&] {
-      return texts("desk.notice").join("\n").contains(QString::fromStdString(text));
-    })) << texts("desk.notice").join("\n").toStdString();
+  QString noticeOf(const QString& text) const {
+    EXPECT_TRUE(becomes([&] { return texts("desk.notice").join("\n").contains(text); }))
+        << texts("desk.notice").join("\n").toStdString();
     return texts("desk.notice").join("\n");
   }
 
+  const QRegularExpression sentence = english(GetParam());
   const std::string person = "vemra.goal.person.p1";
 };
 
-TEST_F(GermanWindowTest, AStoreWithoutGoalsAndTheMenus) {
+TEST_P(TranslatedWindowTest, AStoreWithoutGoalsAndTheMenus) {
   GoalStore::open(file);
   open();
   wait<QWidget>("desk.welcome");
   check("welcome");
-  EXPECT_EQ(menus().actions().constFirst()->text(), "&Datei");
+  EXPECT_EQ(menus().actions().constFirst()->text(), own("&File"));
 }
 
-TEST_F(GermanWindowTest, TheDetailsOfAPersonASourceAndAPath) {
+TEST_P(TranslatedWindowTest, TheDetailsOfAPersonASourceAndAPath) {
   GetGoalSnapshotResponse result = goal("g1", "Ziel", {outcome("o1", "p1", {})});
   result.people = {build::person("p1", "Ada", {"ev9"}, GoalWhyDTO::connection(2))};
   result.paths = {build::path({"p0", "p1"})};
@@ -141,11 +154,11 @@ TEST_F(GermanWindowTest, TheDetailsOfAPersonASourceAndAPath) {
   for (auto* each : window->findChildren<QAbstractButton*>()) {
     if (each->text() == "Ada" && each->isVisible()) each->click();
   }
-  EXPECT_TRUE(becomes([&] { return shows("Kennung: p1", "desk.side"); }));
+  EXPECT_TRUE(becomes([&] { return shows(own("Reference: %1").arg("p1"), "desk.side"); }));
   check("person");
 }
 
-TEST_F(GermanWindowTest, TheHelpAndTheDialogsForFiles) {
+TEST_P(TranslatedWindowTest, TheHelpAndTheDialogsForFiles) {
   openWith(goal("g1", "Ziel"));
   using Signal = void (MenuBar::*)();
   for (const Signal wanted :
@@ -159,16 +172,14 @@ TEST_F(GermanWindowTest, TheHelpAndTheDialogsForFiles) {
   }
 }
 
-TEST_F(GermanWindowTest, WhatIsWaitingAndTheQuestionsAboutIt) {
+TEST_P(TranslatedWindowTest, WhatIsWaitingAndTheQuestionsAboutIt) {
   patience = std::chrono::milliseconds(50);
   openWith(goal("g1", "Ziel"));
   RawDatabase other(file);
   ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
   press(person + ".outcome.start");
   press(person + ".outcome.save");
-  EXPECT_TRUE(becomes([&] {
-    return texts("desk.waiting").join("\n").contains("wird von einem anderen Programm benutzt");
-  }));
+  EXPECT_TRUE(isWaitingBecause("is in use by another program that does not let go of it"));
   check("waiting");
   press("desk.waiting.discard");
   check("discard");
@@ -182,7 +193,7 @@ TEST_F(GermanWindowTest, WhatIsWaitingAndTheQuestionsAboutIt) {
   EXPECT_TRUE(becomes([&] { return !window->isVisible(); }));
 }
 
-TEST_F(GermanWindowTest, TheQuestionAboutOpenEditors) {
+TEST_P(TranslatedWindowTest, TheQuestionAboutOpenEditors) {
   openWith(goal("g1", "Ziel"));
   press(person + ".outcome.start");
   window->close();
@@ -190,16 +201,16 @@ TEST_F(GermanWindowTest, TheQuestionAboutOpenEditors) {
   check("drafts");
 }
 
-TEST_F(GermanWindowTest, AStoreThatCannotBeOpened) {
+TEST_P(TranslatedWindowTest, AStoreThatCannotBeOpened) {
   folder.write("goals.sqlite", std::string(200, 'x'));
   window = std::make_unique<DeskWindow>(openStore(file), std::nullopt);
   window->show();
-  EXPECT_TRUE(shows(QString::fromStdString(file) + ": ist keine SQLite-Datenbank"))
+  EXPECT_TRUE(texts().join("\n").contains(own("is not an SQLite database")))
       << texts().join("\n").toStdString();
   check("store");
 }
 
-TEST_F(GermanWindowTest, AStoreForReadingOnly) {
+TEST_P(TranslatedWindowTest, AStoreForReadingOnly) {
   GoalStore::open(file).import({goal("g1", "Ziel")});
   StoreOpening opening = openStore(file, StoreUse::reading);
   opening.problem = file + ": is read-only";
@@ -207,17 +218,15 @@ TEST_F(GermanWindowTest, AStoreForReadingOnly) {
   window->show();
   press(person + ".outcome.start");
   press(person + ".outcome.save");
-  EXPECT_TRUE(becomes([&] {
-    return texts("desk.waiting").join("\n").contains("ist nur zum Lesen geöffnet");
-  })) << texts("desk.waiting").join("\n").toStdString();
+  EXPECT_TRUE(isWaitingBecause("is open for reading only"));
   check("read-only");
 }
 
-TEST_F(GermanWindowTest, TheNoticesAfterAnImportAndAnExport) {
+TEST_P(TranslatedWindowTest, TheNoticesAfterAnImportAndAnExport) {
   openWith(goal("g1", "Ziel"));
   const std::string bad = folder.write("bad.json", "{\"goal\": 1}");
   window->importDocuments({QString::fromStdString(bad)});
-  noticeOf("/goal: erwartet: ein Objekt; gefunden:");
+  noticeOf(own("expected %1; found %2").arg(own("an object"), ""));
   check("failed import");
   const std::string good = folder.write("good.json", documents::writeResult(goal("g2", "Zwei")));
   window->importDocuments({QString::fromStdString(good)});
@@ -228,7 +237,7 @@ TEST_F(GermanWindowTest, TheNoticesAfterAnImportAndAnExport) {
   check("failed export");
 }
 
-TEST_F(GermanWindowTest, AStoreThatHasMovedAndAGoalThatCannotBeLoaded) {
+TEST_P(TranslatedWindowTest, AStoreThatHasMovedAndAGoalThatCannotBeLoaded) {
   openWith(goal("g1", "Ziel"));
   GoalStore::open(file).import({goal("g2", "Zwei")});
   ASSERT_EQ(RawDatabase(file).run("DELETE FROM coverage WHERE goal = 2"), "");
@@ -236,28 +245,35 @@ TEST_F(GermanWindowTest, AStoreThatHasMovedAndAGoalThatCannotBeLoaded) {
   wait<QWidget>("desk.failure");
   check("failure");
   fs::remove(file);
-  noticeOf("wurde verschoben oder entfernt");
+  noticeOf(own("was moved or removed while it was open"));
   check("moved");
 }
 
-TEST_F(GermanWindowTest, QtsOwnTextsAreGermanWhereItsTranslationsAreInstalled) {
+TEST_P(TranslatedWindowTest, QtsOwnTextsAreTranslatedWhereItsTranslationsAreInstalled) {
   const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-  if (!QFile::exists(folder + "/qtbase_de.qm")) GTEST_SKIP() << "no translations of Qt";
+  if (!QFile::exists(folder + "/qtbase_" + QString::fromStdString(GetParam()) + ".qm")) {
+    GTEST_SKIP() << "no translations of Qt";
+  }
   const QMessageBox box(QMessageBox::NoIcon, "", "", QMessageBox::Cancel);
-  EXPECT_EQ(box.button(QMessageBox::Cancel)->text().remove(u'&'), "Abbrechen");
+  EXPECT_EQ(box.button(QMessageBox::Cancel)->text().remove(u'&'), own("Cancel"));
 }
 
-TEST_F(GermanWindowTest, TheNoticeOfARecordingThatHasEndedIsGerman) {
+TEST_P(TranslatedWindowTest, TheNoticeOfARecordingThatHasEnded) {
   const std::string nowhere = folder.file("missing/case.json");
-  GoalStore::open(file).import({goal("a", "First")});
+  GoalStore::open(file).import({goal("a", "Ziel")});
   engine = std::make_shared<StoreEngine>(file, patience);
   window = std::make_unique<DeskWindow>(StoreOpening{engine->file(), engine, {}, false},
                                         std::nullopt, RecordingWish{nowhere, false});
   window->show();
-  const QString notice =
-      fromUTF8(nowhere) + ": Die Aufnahme ist beendet: Datei oder Ordner nicht gefunden";
-  EXPECT_TRUE(becomes([&] { return shows(notice); })) << texts().join("\n").toStdString();
+  const QString notice = noticeOf(own("No such file or directory"));
+  EXPECT_TRUE(notice.contains("missing/case.json")) << notice.toStdString();
+  check("recording");
 }
+
+INSTANTIATE_TEST_SUITE_P(, TranslatedWindowTest,
+                         ::testing::ValuesIn(translatedLanguages("apps/desk/window/translations",
+                                                                 "vemra_desk")),
+                         [](const auto& language) { return language.param; });
 
 }  // namespace
 }  // namespace vemra::desk
