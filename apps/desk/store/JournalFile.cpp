@@ -150,6 +150,11 @@ void JournalFile::replaceBy(std::string_view text) const {
   syncFolder();
 }
 
+void JournalFile::sync() const {
+  if (::fsync(descriptor_) != 0) fail("cannot be written", errno);
+  syncFolder();
+}
+
 void JournalFile::remove(Sync sync) const {
   if (::unlink(path_.c_str()) != 0 && errno != ENOENT) fail("cannot be removed", errno);
   if (sync == Sync::now) syncFolder();

@@ -42,6 +42,8 @@ class JournalFile {
   /// Replaces the whole content at once, by a new file on the disk: a program or a system that
   /// ends meanwhile leaves one of the two contents. This object must not be used afterwards.
   void replaceBy(std::string_view text) const;
+  /// Puts the content and the name of the file onto the disk.
+  void sync() const;
   /// Removes the file.
   void remove(Sync sync) const;
 

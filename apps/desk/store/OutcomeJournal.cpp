@@ -236,7 +236,7 @@ std::vector<WaitingOutcome> OutcomeJournal::read() const {
   return readContent(file->read(), file_).waiting;
 }
 
-void OutcomeJournal::add(const WaitingOutcome& outcome) const {
+void OutcomeJournal::add(const WaitingOutcome& outcome, JournalFile::Sync sync) const {
   const auto file = JournalFile::open(file_, JournalFile::Missing::isCreated, patience_);
   const std::string before = file->read();
   const Content content = readContent(before, file_);
@@ -250,11 +250,16 @@ void OutcomeJournal::add(const WaitingOutcome& outcome) const {
     return;
   }
   try {
-    file->replaceFrom(content.length, addition(content, line), JournalFile::Sync::now);
+    file->replaceFrom(content.length, addition(content, line), sync);
   } catch (const StoreError&) {
     if (before.empty()) file->remove(JournalFile::Sync::later);
     throw;
   }
+}
+
+void OutcomeJournal::sync() const {
+  const auto file = JournalFile::open(file_, JournalFile::Missing::stays, patience_);
+  if (file) file->sync();
 }
 
 void OutcomeJournal::settle(const std::string& id, JournalFile::Sync sync) const {

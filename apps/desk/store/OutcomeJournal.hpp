@@ -61,9 +61,14 @@ class OutcomeJournal {
   /// The outcomes that wait, in the order in which they were added. Creates no file.
   std::vector<WaitingOutcome> read() const;
 
-  /// Adds an outcome. When this returns, it is on the disk. Refuses an outcome for which there is
-  /// no room in the file.
-  void add(const WaitingOutcome& outcome) const;
+  /// Adds an outcome. Refuses an outcome for which there is no room in the file.
+  ///
+  /// - Parameter sync: with `now`, the outcome is on the disk when this returns. With `later`, the
+  ///   file outlives the program, but not a power cut before the next `sync`.
+  void add(const WaitingOutcome& outcome, JournalFile::Sync sync = JournalFile::Sync::now) const;
+
+  /// Puts everything that was added onto the disk. Does nothing without a file.
+  void sync() const;
 
   /// The outcome with that id waits no longer. Does nothing when it is not in the journal.
   ///

@@ -2,7 +2,6 @@
 
 #include "VemraPlatform/text/Equality.hpp"
 #include "VemraQt/StartOnMainThread.hpp"
-#include "apps/desk/store/FileIdentity.hpp"
 #include "apps/desk/store/StoreError.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/PlainText.hpp"
@@ -11,7 +10,6 @@
 #include <algorithm>
 #include <exception>
 #include <iterator>
-#include <set>
 #include <utility>
 
 namespace vemra::desk {
@@ -21,7 +19,6 @@ using namespace std::chrono_literals;
 
 /// An outcome that is stored within this time is not shown as waiting.
 constexpr std::chrono::milliseconds unnoticed = 250ms;
-constexpr int shortestPause = 500;
 constexpr int longestPause = 5'000;
 
 /// A failure to record: the reason, and whether a later try may succeed without the user.
@@ -49,6 +46,15 @@ WaitingOutcomes::WaitingOutcomes(std::shared_ptr<StoreEngine> engine,
     : engine_(std::move(engine)), journal_(std::move(journal)), nextPause_(shortestPause) {
   pause_.setSingleShot(true);
   connect(&pause_, &QTimer::timeout, this, &WaitingOutcomes::tryInTheirStore);
+  unsynced_.setSingleShot(true);
+  connect(&unsynced_, &QTimer::timeout, this, [this] {
+    syncJournal();
+    Q_EMIT changed();
+  });
+}
+
+WaitingOutcomes::~WaitingOutcomes() {
+  syncJournal();
 }
 
 void WaitingOutcomes::start() {
@@ -65,78 +71,6 @@ void WaitingOutcomes::add(WaitingOutcome outcome, std::optional<std::uint64_t> s
   entries_.push_back({std::move(outcome), store, Clock::now()});
   QTimer::singleShot(unnoticed, this, &WaitingOutcomes::changed);
   tryInTheirStore();
-}
-
-void WaitingOutcomes::readJournal() {
-  if (!journal_) {
-    for (Entry& entry : entries_) entry.unkept = localized("The store is open for reading only.");
-    return;
-  }
-  if (isJournalRead_ && entries_.empty()) return;
-  std::vector<WaitingOutcome> outcomes;
-  try {
-    outcomes = journal_->read();
-  } catch (const std::exception& error) {
-    noteJournalFailure(error);
-    return;
-  }
-  journalFailure_.clear();
-  std::set<std::string> ids;
-  for (const WaitingOutcome& outcome : outcomes) ids.insert(outcome.id);
-  // On a disk that is not mounted, the journal is missing like the store.
-  const bool isStoreThere = identityAt(engine_->file()).has_value();
-  bool isLess = false;
-  for (auto entry = entries_.begin(); entry != entries_.end();) {
-    const auto next = std::next(entry);
-    if (!entry->isKept) {
-      keepInJournal(*entry);
-    } else if (ids.contains(entry->outcome.id)) {
-      entry->unkept.clear();
-    } else if (!isStoreThere) {
-      entry->unkept = localized("The journal is not there.");
-    } else if (entry->outcome.id != trying_) {
-      entries_.erase(entry);  // another program has recorded or discarded it
-      isLess = true;
-    }
-    entry = next;
-  }
-  if (!std::exchange(isJournalRead_, true)) adopt(std::move(outcomes));
-  if (isLess) Q_EMIT changed();
-}
-
-void WaitingOutcomes::noteJournalFailure(const std::exception& error) {
-  const QString reason = reasonOf(error);
-  const bool isBusy = dynamic_cast<const StoreBusy*>(&error) != nullptr;
-  for (Entry& entry : entries_) {
-    // A journal that another program has locked keeps its content.
-    if (!entry.isKept || !isBusy) entry.unkept = reason;
-  }
-  const bool isNews = std::exchange(journalFailure_, reason) != reason;
-  if (isJournalRead_) return;
-  if (isBusy) {
-    pause_.start(shortestPause);
-  } else if (isNews) {
-    Q_EMIT journalFailed(reason);
-  }
-}
-
-void WaitingOutcomes::adopt(std::vector<WaitingOutcome> outcomes) {
-  Entries adopted;
-  for (WaitingOutcome& outcome : outcomes) {
-    if (find(outcome.id) != entries_.end()) continue;
-    adopted.push_back({std::move(outcome), std::nullopt, Clock::now(), true});
-  }
-  entries_.splice(entries_.begin(), adopted);  // they were saved before
-}
-
-void WaitingOutcomes::keepInJournal(Entry& entry) const {
-  try {
-    journal_->add(entry.outcome);
-    entry.isKept = true;
-    entry.unkept.clear();
-  } catch (const std::exception& error) {
-    entry.unkept = reasonOf(error);
-  }
 }
 
 void WaitingOutcomes::tryAgain() {
@@ -197,6 +131,7 @@ void WaitingOutcomes::take(const std::string& id, std::uint64_t pass, const Trie
     holdBack(*entry, pass, tried, failure.passes);
     if (entry->isDiscarded) giveUp(entry);
   }
+  syncJournal();
   Q_EMIT changed();
   tryNext();
   if (failure.passes && trying_.empty()) {

@@ -33,7 +33,11 @@ struct WaitingNote {
 
 /// The outcomes between "Save" and the store. Each is first written into the store's journal and
 /// then recorded, always with the same id, in the order in which they were saved: of two outcomes
-/// for one person the later one counts. An outcome that cannot be recorded waits; it is tried again
+/// for one person the later one counts. The journal does not wait for the disk at once, because the
+/// store's own transaction puts the outcome there; an outcome that is not recorded a moment later, or
+/// whose try fails, is put onto the disk in the journal, before it is shown as waiting.
+///
+/// An outcome that cannot be recorded waits; it is tried again
 ///
 /// - by itself, at growing intervals, while the store is locked or the system fails;
 /// - when `tryAgain` is called, and then once in the store that is at the path;
@@ -52,6 +56,8 @@ class WaitingOutcomes : public QObject {
  public:
   /// - Parameter journal: none for a store that is open for reading only.
   WaitingOutcomes(std::shared_ptr<StoreEngine> engine, std::optional<OutcomeJournal> journal);
+  /// Puts the journal onto the disk if outcomes wait in it.
+  ~WaitingOutcomes() override;
 
   /// Tries the outcomes of the journal. Emits `journalFailed` when it cannot be read, and reads it
   /// again at the next pass. Call once.
@@ -93,12 +99,15 @@ class WaitingOutcomes : public QObject {
   void journalFailed(const QString& reason);
 
  private:
+  static constexpr int shortestPause = 500;  // in milliseconds
+
   using Clock = std::chrono::steady_clock;
   struct Entry {
     WaitingOutcome outcome;
     std::optional<std::uint64_t> store;  ///< nil: the store of the mark in `outcome`
     Clock::time_point since;
     bool isKept = false;            ///< it is in the journal
+    bool isSynced = false;          ///< and on the disk there
     QString reason = {};            ///< why the last try failed
     QString unkept = {};            ///< why it is not in the journal
     std::uint64_t pass = 0;         ///< the pass in which it is still to be tried; 0: none
@@ -110,7 +119,8 @@ class WaitingOutcomes : public QObject {
 
   Entries::iterator find(const std::string& id);
   void adopt(std::vector<WaitingOutcome> outcomes);
-  void keepInJournal(Entry& entry) const;
+  void keepInJournal(Entry& entry);
+  void syncJournal();
   void noteJournalFailure(const std::exception& error);
   void tryNext();
   void take(const std::string& id, std::uint64_t pass, const TriedStore& tried,
@@ -127,6 +137,7 @@ class WaitingOutcomes : public QObject {
   std::uint64_t pass_ = 0;  ///< the number of the last pass over the entries
   std::string trying_;      ///< the id of the outcome that a task is recording; ""
   QTimer pause_;            ///< until the next pass by itself
+  QTimer unsynced_;         ///< until the journal is put onto the disk
   int nextPause_;           ///< in milliseconds
 };
 

@@ -292,6 +292,19 @@ TEST_F(OutcomeJournalTest, AnAddedOutcomeIsSyncedAndARecordedOneIsNot) {
   EXPECT_EQ(FileCalls::syncs(), added);
 }
 
+TEST_F(OutcomeJournalTest, AnOutcomeThatIsSyncedLaterIsReadAtOnceAndSyncedOnRequest) {
+  const int before = FileCalls::syncs();
+  journal.sync();  // without a file
+  journal.add(waitingOutcome("a"), JournalFile::Sync::later);
+  EXPECT_EQ(FileCalls::syncs(), before);
+  EXPECT_THAT(waiting(), ElementsAre("a"));
+  journal.sync();
+  EXPECT_EQ(FileCalls::syncs(), before + 2) << "the file and its folder";
+  FileCalls::fail(FileCalls::Call::fsync, EIO);
+  EXPECT_THAT(failureOf([&] { journal.sync(); }), HasSubstr("cannot be written"));
+  FileCalls::succeed();
+}
+
 // A power cut must not bring back an outcome that the user has discarded.
 TEST_F(OutcomeJournalTest, AnOutcomeThatMustNotBeRecordedIsRemovedOnTheDisk) {
   journal.add(waitingOutcome("a"));

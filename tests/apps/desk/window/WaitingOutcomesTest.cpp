@@ -6,8 +6,10 @@
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/store/AtCommit.hpp"
+#include "tests/apps/desk/store/FileCalls.hpp"
 #include "tests/apps/desk/window/Becomes.hpp"
 
+#include <cerrno>
 #include <chrono>
 #include <cstdint>
 #include <fcntl.h>
@@ -37,8 +39,8 @@ class WaitingOutcomesTest : public ::testing::Test {
   WaitingOutcomesTest() { GoalStore::open(file).import({goal("g1", "One"), goal("g2", "Two")}); }
   ~WaitingOutcomesTest() override { stop(); }
 
-  void start() {
-    engine = std::make_shared<StoreEngine>(file, std::chrono::milliseconds(50));
+  void start(Patience patience = std::chrono::milliseconds(50)) {
+    engine = std::make_shared<StoreEngine>(file, patience);
     waiting = std::make_unique<WaitingOutcomes>(engine, journal);
     QObject::connect(waiting.get(), &WaitingOutcomes::journalFailed,
                      [this](const QString& reason) { failure = reason.toStdString(); });
@@ -115,6 +117,65 @@ TEST_F(WaitingOutcomesTest, AnOutcomeIsInTheJournalBeforeItIsTried) {
   ASSERT_TRUE(isDone());
   EXPECT_THAT(atCommit, HasSubstr("note of a"));
   EXPECT_FALSE(fs::exists(journal.file()));
+  EXPECT_THAT(recorded(), ElementsAre("a"));
+}
+
+TEST_F(WaitingOutcomesTest, AnOutcomeThatIsStoredAtOnceIsNotSyncedInTheJournalToo) {
+  start();
+  int syncs = -1;
+  // On a busy machine, storing may take so long that the journal is synced after all.
+  for (int i = 0; i < 50 && syncs != 0; ++i) {
+    const int before = FileCalls::syncs();
+    add("a" + std::to_string(i));
+    ASSERT_TRUE(isDone());
+    syncs = FileCalls::syncs() - before;
+  }
+  EXPECT_EQ(syncs, 0);
+}
+
+TEST_F(WaitingOutcomesTest, AnOutcomeWhoseTryFailsIsSyncedInTheJournalBeforeItIsShown) {
+  start();
+  RawDatabase other(file);
+  ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
+  const int before = FileCalls::syncs();
+  int whenShown = before;
+  QObject::connect(waiting.get(), &WaitingOutcomes::changed, [&] {
+    if (whenShown == before && !waiting->notes().empty()) whenShown = FileCalls::syncs();
+  });
+  add("a");
+  ASSERT_TRUE(becomes([&] { return !waiting->notes().empty(); }));
+  EXPECT_GT(whenShown, before);
+  ASSERT_EQ(other.run("ROLLBACK"), "");
+  ASSERT_TRUE(isDone());
+}
+
+TEST_F(WaitingOutcomesTest, AnOutcomeWhoseTryTakesLongIsSyncedInTheJournalMeanwhile) {
+  start(std::chrono::seconds(20));
+  RawDatabase other(file);
+  ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
+  const int before = FileCalls::syncs();
+  add("a");
+  EXPECT_TRUE(becomes([&] { return FileCalls::syncs() > before; }));
+  ASSERT_EQ(other.run("ROLLBACK"), "");
+  ASSERT_TRUE(isDone());
+}
+
+TEST_F(WaitingOutcomesTest, AnOutcomeThatCannotBeSyncedInTheJournalIsMarkedAndWrittenAgain) {
+  start();
+  RawDatabase other(file);
+  ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
+  FileCalls::fail(FileCalls::Call::fsync, EIO);
+  add("a");
+  const auto isMarked = [&] {
+    const auto notes = waiting->notes();
+    return !notes.empty() && !notes[0].unkept.isEmpty();
+  };
+  EXPECT_TRUE(becomes(isMarked));
+  FileCalls::succeed();
+  EXPECT_TRUE(becomes([&] { return !isMarked(); }));
+  EXPECT_EQ(journal.read().size(), 1U);
+  ASSERT_EQ(other.run("ROLLBACK"), "");
+  ASSERT_TRUE(isDone());
   EXPECT_THAT(recorded(), ElementsAre("a"));
 }
 

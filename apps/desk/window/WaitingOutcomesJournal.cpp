@@ -1,0 +1,117 @@
+#include "apps/desk/store/FileIdentity.hpp"
+#include "apps/desk/store/StoreError.hpp"
+#include "apps/desk/window/Localized.hpp"
+#include "apps/desk/window/Reasons.hpp"
+#include "apps/desk/window/WaitingOutcomes.hpp"
+
+#include <algorithm>
+#include <exception>
+#include <iterator>
+#include <set>
+#include <utility>
+
+// The part of `WaitingOutcomes` that reads and writes the journal.
+
+namespace vemra::desk {
+namespace {
+
+/// An outcome that is stored within this time is not put onto the disk in the journal too.
+constexpr std::chrono::milliseconds withoutSync{50};
+
+}  // namespace
+
+void WaitingOutcomes::readJournal() {
+  if (!journal_) {
+    for (Entry& entry : entries_) entry.unkept = localized("The store is open for reading only.");
+    return;
+  }
+  if (isJournalRead_ && entries_.empty()) return;
+  std::vector<WaitingOutcome> outcomes;
+  try {
+    outcomes = journal_->read();
+  } catch (const std::exception& error) {
+    noteJournalFailure(error);
+    return;
+  }
+  journalFailure_.clear();
+  std::set<std::string> ids;
+  for (const WaitingOutcome& outcome : outcomes) ids.insert(outcome.id);
+  // On a disk that is not mounted, the journal is missing like the store.
+  const bool isStoreThere = identityAt(engine_->file()).has_value();
+  bool isLess = false;
+  for (auto entry = entries_.begin(); entry != entries_.end();) {
+    const auto next = std::next(entry);
+    if (!entry->isKept) {
+      keepInJournal(*entry);
+    } else if (ids.contains(entry->outcome.id)) {
+      entry->unkept.clear();
+    } else if (!isStoreThere) {
+      entry->unkept = localized("The journal is not there.");
+    } else if (entry->outcome.id != trying_) {
+      entries_.erase(entry);  // another program has recorded or discarded it
+      isLess = true;
+    }
+    entry = next;
+  }
+  if (!std::exchange(isJournalRead_, true)) adopt(std::move(outcomes));
+  if (isLess) Q_EMIT changed();
+}
+
+void WaitingOutcomes::noteJournalFailure(const std::exception& error) {
+  const QString reason = reasonOf(error);
+  const bool isBusy = dynamic_cast<const StoreBusy*>(&error) != nullptr;
+  for (Entry& entry : entries_) {
+    // A journal that another program has locked keeps its content.
+    if (!entry.isKept || !isBusy) entry.unkept = reason;
+  }
+  const bool isNews = std::exchange(journalFailure_, reason) != reason;
+  if (isJournalRead_) return;
+  if (isBusy) {
+    pause_.start(shortestPause);
+  } else if (isNews) {
+    Q_EMIT journalFailed(reason);
+  }
+}
+
+void WaitingOutcomes::adopt(std::vector<WaitingOutcome> outcomes) {
+  Entries adopted;
+  for (WaitingOutcome& outcome : outcomes) {
+    if (find(outcome.id) != entries_.end()) continue;
+    adopted.push_back({std::move(outcome), std::nullopt, Clock::now(), true, true});
+  }
+  entries_.splice(entries_.begin(), adopted);  // they were saved before
+}
+
+void WaitingOutcomes::keepInJournal(Entry& entry) {
+  const bool isFirstTry = entry.unkept.isEmpty();
+  try {
+    journal_->add(entry.outcome, isFirstTry ? JournalFile::Sync::later : JournalFile::Sync::now);
+    entry.isKept = true;
+    entry.isSynced = !isFirstTry;
+    entry.unkept.clear();
+  } catch (const std::exception& error) {
+    entry.unkept = reasonOf(error);
+  }
+  if (entry.isKept && !entry.isSynced && !unsynced_.isActive()) unsynced_.start(withoutSync);
+}
+
+void WaitingOutcomes::syncJournal() {
+  unsynced_.stop();
+  const auto waits = [](const Entry& entry) { return entry.isKept && !entry.isSynced; };
+  if (!journal_ || std::none_of(entries_.begin(), entries_.end(), waits)) return;
+  QString failure;
+  try {
+    journal_->sync();
+  } catch (const std::exception& error) {
+    failure = reasonOf(error);
+  }
+  for (Entry& entry : entries_) {
+    if (!waits(entry)) continue;
+    entry.isSynced = failure.isEmpty();
+    // After a failure the system may have dropped what was written: the next pass writes it again.
+    entry.isKept = entry.isSynced;
+    entry.unkept = failure;
+  }
+}
+
+}  // namespace vemra::desk
