@@ -35,20 +35,21 @@ void JsonReader::object(std::initializer_list<Field> fields) {
   assert(fields.size() <= 64);
   std::uint64_t seen = 0;
   const Field* next = fields.begin();  // most documents have the keys in this order
-  expectKind(JsonKind::object, "an object");
-  members([&](std::string_view key) {
-    for (std::size_t i = 0; i < fields.size(); ++i) {
+  std::string unescaped;
+  members([&] {
+    const std::string_view found = key(unescaped);
+    const Field* field = nullptr;
+    for (std::size_t i = 0; i < fields.size() && field == nullptr; ++i) {
       if (next == fields.end()) next = fields.begin();
-      const Field& field = *next++;
-      if (field.key != key) continue;
-      const std::uint64_t bit = std::uint64_t{1} << (&field - fields.begin());
-      if ((seen & bit) != 0) failAt(key, "each key once", inQuotes(key) + " again");
-      seen |= bit;
-      const JsonPlace::Step step(place_, field.key);
-      field.read();
-      return;
+      if (next->key == found) field = next;
+      ++next;
     }
-    failAt(key, listed("one of the keys", fields), inQuotes(key));
+    if (field == nullptr) failAt(found, listed("one of the keys", fields), inQuotes(found));
+    const std::uint64_t bit = std::uint64_t{1} << (field - fields.begin());
+    if ((seen & bit) != 0) failAt(field->key, "each key once", inQuotes(field->key) + " again");
+    seen |= bit;
+    const JsonPlace::Step step(place_, field->key);
+    field->read();
   });
   std::uint64_t bit = 1;
   for (const Field& field : fields) {
@@ -60,31 +61,38 @@ void JsonReader::object(std::initializer_list<Field> fields) {
 }
 
 void JsonReader::dictionary(FunctionReference<void(const std::string& key)> readValue) {
-  expectKind(JsonKind::object, "an object");
-  members([&](std::string_view key) {
-    const std::string own(key);
+  std::string unescaped;
+  members([&] {
+    const std::string own(key(unescaped));
     const JsonPlace::Step step(place_, own);
     readValue(own);
   });
 }
 
-/// Reads the braces, keys, colons and commas of an object; a key is valid until its value is read.
-void JsonReader::members(FunctionReference<void(std::string_view key)> readMember) {
-  tokens_.expect('{', "an object");
+/// Reads the braces and commas of an object; `readMember` reads a key, its colon and its value.
+template <class ReadMember>
+void JsonReader::members(const ReadMember& readMember) {
+  if (!tokens_.take('{')) failNext("an object");
   if (tokens_.take('}')) return;
-  std::string unescaped;
   do {
-    if (tokens_.kind("a key") != JsonKind::string) tokens_.expect('"', "a key");
-    const std::string_view key = tokens_.string(unescaped);
-    tokens_.expect(':', "\":\"");
-    readMember(key);
+    readMember();
   } while (tokens_.take(','));
   tokens_.expect('}', "\",\" or \"}\"");
 }
 
+/// Reads a key and its colon. The key is valid as long as `unescaped` stays.
+std::string_view JsonReader::key(std::string& unescaped) {
+  if (!tokens_.comes('"')) {
+    tokens_.kind("a key");
+    tokens_.expect('"', "a key");
+  }
+  const std::string_view key = tokens_.string(unescaped);
+  tokens_.expect(':', "\":\"");
+  return key;
+}
+
 void JsonReader::array(FunctionReference<void()> readElement) {
-  expectKind(JsonKind::array, "an array");
-  tokens_.expect('[', "an array");
+  if (!tokens_.take('[')) failNext("an array");
   if (tokens_.take(']')) return;
   {
     JsonPlace::Step step(place_);
@@ -97,18 +105,18 @@ void JsonReader::array(FunctionReference<void()> readElement) {
 }
 
 std::string JsonReader::string() {
-  expectKind(JsonKind::string, "a string");
+  if (!tokens_.comes('"')) failNext("a string");
   std::string unescaped;
   return std::string(tokens_.string(unescaped));
 }
 
 std::optional<std::string> JsonReader::stringOrNull() {
   constexpr std::string_view expected = "a string or null";
-  if (tokens_.kind(expected) == JsonKind::null) {
+  if (tokens_.comes('n')) {
     tokens_.literal("null");
     return std::nullopt;
   }
-  expectKind(JsonKind::string, expected);
+  if (!tokens_.comes('"')) failNext(expected);
   std::string unescaped;
   return std::string(tokens_.string(unescaped));
 }
@@ -116,7 +124,7 @@ std::optional<std::string> JsonReader::stringOrNull() {
 std::int64_t JsonReader::integer() {
   constexpr std::string_view expected =
       "an integer from -9223372036854775808 to 9223372036854775807, without fraction or exponent";
-  expectKind(JsonKind::number, expected);
+  if (tokens_.kind(expected) != JsonKind::number) failNext(expected);
   const std::string_view token = tokens_.number();
   const char* const end = token.data() + token.size();
   std::int64_t value = 0;
@@ -126,7 +134,7 @@ std::int64_t JsonReader::integer() {
 }
 
 std::size_t JsonReader::name(std::span<const std::string_view> names) {
-  if (next() != JsonKind::string) failNext(listed("one of", names));
+  if (!tokens_.comes('"')) failNext(listed("one of", names));
   std::string unescaped;
   const std::string_view found = tokens_.string(unescaped);
   std::size_t index = 0;
@@ -153,10 +161,6 @@ void JsonReader::failAt(std::string_view key, std::string_view expected,
 void JsonReader::failNext(std::string_view expected) {
   tokens_.kind(expected);
   fail(expected, tokens_.describeValue());
-}
-
-void JsonReader::expectKind(JsonKind kind, std::string_view expected) {
-  if (tokens_.kind(expected) != kind) failNext(expected);
 }
 
 }  // namespace vemra::documents

@@ -89,8 +89,9 @@ class JsonReader {
   [[noreturn]] void failNext(std::string_view expected);
 
  private:
-  void expectKind(JsonKind kind, std::string_view expected);
-  void members(FunctionReference<void(std::string_view key)> readMember);
+  template <class ReadMember>
+  void members(const ReadMember& readMember);
+  std::string_view key(std::string& unescaped);
 
   JsonPlace place_;
   JsonTokens tokens_;

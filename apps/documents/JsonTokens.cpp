@@ -3,9 +3,6 @@
 #include "VemraPlatform/text/UTF8.hpp"
 
 #include <algorithm>
-#include <bit>
-#include <cstdint>
-#include <cstring>
 #include <utility>
 
 namespace vemra::documents {
@@ -15,42 +12,14 @@ bool isWord(char c) {
   return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
-/// The number of bytes at the beginning of a text that need no escape in a JSON string: ASCII, but
-/// no control character, quotation mark or reverse solidus.
-///
-/// Examines eight bytes in one step. In `lessThan` a borrow can mark bytes above the first one that
-/// is less, but never one below it, so that the lowest mark is right.
-std::size_t plainLength(std::string_view text) {
-  constexpr std::uint64_t ones = 0x0101010101010101U;
-  constexpr std::uint64_t highBits = 0x80 * ones;
-  const auto lessThan = [](std::uint64_t word, std::uint64_t limit) {
-    return (word - limit * ones) & ~word & highBits;
-  };
-  std::size_t at = 0;
-  if constexpr (std::endian::native == std::endian::little) {
-    for (; text.size() - at >= sizeof(std::uint64_t); at += sizeof(std::uint64_t)) {
-      std::uint64_t word = 0;
-      std::memcpy(&word, text.data() + at, sizeof word);
-      const std::uint64_t marks = (word & highBits) | lessThan(word, 0x20) |
-                                  lessThan(word ^ ('"' * ones), 1) |
-                                  lessThan(word ^ ('\\' * ones), 1);
-      if (marks != 0) return at + static_cast<std::size_t>(std::countr_zero(marks)) / 8;
-    }
-  }
-  for (; at < text.size(); ++at) {
-    const auto c = static_cast<unsigned char>(text[at]);
-    if (c < 0x20 || c >= 0x80 || c == '"' || c == '\\') break;
-  }
-  return at;
-}
-
 }  // namespace
 
 JsonTokens::JsonTokens(std::string_view text, const JsonPlace& place) : text_(text), place_(place) {
   if (text_.starts_with("\xEF\xBB\xBF")) fail(0, "UTF-8 without a byte-order mark", "U+FEFF");
 }
 
-std::string_view JsonTokens::string(std::string& unescaped) {
+/// Reads a string that may have escapes, other characters than ASCII, or a fault.
+std::string_view JsonTokens::stringWithMore(std::string& unescaped) {
   const std::size_t start = ++at_;
   std::size_t copied = start;
   bool hasEscapes = false;

@@ -23,7 +23,7 @@ Enumeration readCase(JsonReader& reader, std::span<const std::string_view> names
 }
 
 /// From this length on, the reader estimates the length of an array.
-constexpr std::size_t longArray = std::size_t{1} << 16;
+constexpr std::size_t longArray = 256;
 /// An estimate reserves no more memory than this, since it may be wrong.
 constexpr std::size_t mostGuessedBytes = std::size_t{1} << 30;
 

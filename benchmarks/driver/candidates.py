@@ -44,7 +44,8 @@ class Job:
         if self.candidate == "vemra-desk":
             return figures(output_of([BIN / "vemra-bench-desk", str(self.size)]))
         if self.candidate == "reading":
-            return figures(output_of([BIN / "vemra-bench-reading", str(self.size)]))
+            return {measure: value for reader in ("vemra", "nlohmann", "simdjson") for measure, value
+                    in figures(output_of([BIN / "vemra-bench-reading", reader, str(self.size)])).items()}
         mode = "check" if checking and self.mode == "times" else self.mode
         command = [BIN / "vemra-bench-screen", self.candidate, mode, str(self.size),
                    str(self.stray)]
