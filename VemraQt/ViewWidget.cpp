@@ -6,6 +6,7 @@
 #include "VemraQt/widgets/PageScrollBar.hpp"
 
 #include <utility>
+#include <variant>
 
 #include <QApplication>
 #include <QEvent>
@@ -28,6 +29,7 @@ ViewWidget::ViewWidget(ui::ViewGraph& graph, QWidget* parent)
 }
 
 ViewWidget::~ViewWidget() {
+  hearing_ = {};
   accessible_.reset();
   page_.reset();
 }
@@ -43,6 +45,11 @@ void ViewWidget::prepare() {
   page_ = std::make_unique<Page>(*this, graph_);
   accessible_ = std::make_unique<AccessiblePage>(*this, *page_);
   page_->attach();
+  hearing_ = graph_.observeEvents([this](const ui::Node& element, const ui::Event& event) {
+    const std::string identifier(element.element.accessibilityIdentifier());
+    if (std::holds_alternative<ui::Press>(event)) Q_EMIT pressed(identifier);
+    Q_EMIT acted(identifier, event);
+  });
   connect(qApp, &QGuiApplication::layoutDirectionChanged, this, [this] { followSystem(); });
 }
 
@@ -77,6 +84,34 @@ const ui::Environment& ViewWidget::environment() const {
 
 ui::ViewGraph& ViewWidget::graph() const {
   return graph_;
+}
+
+bool ViewWidget::reveal(std::string_view identifier) {
+  return visit(Visit::reveal, std::string(identifier));
+}
+
+bool ViewWidget::focus(std::string_view identifier) {
+  return visit(Visit::focus, std::string(identifier));
+}
+
+bool ViewWidget::visit(Visit visit, std::string identifier) {
+  bool succeeds = false;
+  page_->errors().hostCall([&] {
+    const auto found = accessible_->identifiers().rows().first(identifier);
+    const ui::Node* const node = found ? graph_.find(found->node) : nullptr;
+    waiting_.reset();
+    if (!node) return;
+    const bool isControl = node->element.kind() != ui::ElementKind::text;
+    succeeds = visit == Visit::reveal || (isControl && node->element.style().enabled);
+    if (!isVisible()) {
+      waiting_ = Waiting{visit, std::move(identifier)};
+    } else if (visit == Visit::focus) {
+      qt::focus(*page_, found->row, found->node);
+    } else {
+      scrollIn(*page_, found->row, found->node);
+    }
+  });
+  return succeeds;
 }
 
 int ViewWidget::contentHeight() const {
@@ -140,6 +175,10 @@ void ViewWidget::showEvent(QShowEvent* event) {
   window()->installEventFilter(this);
   QAbstractScrollArea::showEvent(event);
   page_->shown();
+  if (const auto waiting = std::exchange(waiting_, std::nullopt)) {
+    // No exception may pass through Qt's show event; the event loop rethrows it.
+    page_->errors().attempt([&] { visit(waiting->visit, waiting->identifier); });
+  }
 }
 
 void ViewWidget::scrollContentsBy(int, int) {

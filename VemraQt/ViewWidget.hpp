@@ -6,6 +6,9 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
 
 #include <QAbstractScrollArea>
 
@@ -28,8 +31,11 @@ class Page;
 /// rethrows the exception at the end of that call; during an event, it rethrows it from the event
 /// loop, never into Qt (`PageErrors`).
 ///
-/// Neither an action of the tree nor a handler of its accessibility events may destroy the widget:
-/// that stops the process. Both may call `deleteLater` or close the widget's window.
+/// Neither an action of the tree, nor a slot of its signals, nor a handler of its accessibility
+/// events may destroy the widget: that stops the process. They may call `deleteLater` or close the
+/// widget's window.
+///
+/// `setAccessibleName` names the page for assistive technology, such as "What came of it".
 ///
 /// A widget that owns its graph uses the system's environment (`systemEnvironment`: palette,
 /// direction, language, locale and time zone) and follows its changes, but for the values that the
@@ -60,11 +66,42 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   /// The graph that the widget shows.
   ui::ViewGraph& graph() const;
 
+  /// \name Elements by their accessibility identifiers, byte for byte
+  ///
+  ///     widget.focus("vemra.goal.person.p90.outcome.start");
+  ///     connect(&widget, &vemra::qt::ViewWidget::pressed, this,
+  ///             [](const std::string& identifier) { qInfo() << identifier.c_str(); });
+  ///
+  /// They find an element wherever the page is scrolled, also in a row without widgets; of several
+  /// elements with the identifier, the first. A widget that is hidden scrolls and focuses when it is
+  /// shown, for the last of these calls. While an event is being handled (inside an action of the
+  /// tree or a slot of `pressed`), elements of rows without widgets are not found: connect the slot
+  /// with `Qt::QueuedConnection` to reach them. Like every call of the host, they rethrow what a
+  /// description throws.
+  /// @{
+
+  /// Scrolls an element into view, only as far as needed; the focus stays. Returns whether there is
+  /// such an element.
+  bool reveal(std::string_view identifier);
+  /// Gives a control the keyboard focus and scrolls it into view. Returns whether it can have the
+  /// focus; an element that cannot, such as a text or a disabled button, is scrolled into view.
+  bool focus(std::string_view identifier);
+  /// @}
+
   /// The length of the page in pixels: measured rows count with their height, other rows with an
   /// estimate.
   int contentHeight() const;
   /// The number of widgets for the page's elements, including unused ones kept for reuse.
   std::size_t widgetCount() const;
+
+ Q_SIGNALS:
+  /// A button is pressed, by a person, by assistive technology or by a call of
+  /// `ViewGraph::deliver`. Comes right before the button's action. A button without an identifier
+  /// has "". A slot must not throw.
+  void pressed(const std::string& identifier);
+  /// An element is about to handle this event: a press, a choice, a changed text, the Return key.
+  /// Comes after `pressed`, and follows the same rules.
+  void acted(const std::string& identifier, const vemra::ui::Event& event);
 
  protected:
   /// Runs `work` as a call of the host: at its end rethrows the first exception that a description
@@ -81,7 +118,15 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   bool focusNextPrevChild(bool next) override;
 
  private:
+  enum class Visit { reveal, focus };
+  /// A visit that waits until the widget is shown.
+  struct Waiting {
+    Visit visit;
+    std::string identifier;
+  };
+
   void prepare();
+  bool visit(Visit visit, std::string identifier);
   void followSystem();
   void changeEnvironment(ui::Environment environment);
 
@@ -91,6 +136,8 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   std::unique_ptr<AccessiblePage> accessible_;
   ui::EnvironmentOverrides overrides_;
   bool followsSystem_ = true;
+  std::optional<Waiting> waiting_;
+  ui::EventObservation hearing_;
   bool leaving_ = false;
   bool inEvent_ = false, resized_ = false;
 };

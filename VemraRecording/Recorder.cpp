@@ -100,13 +100,13 @@ struct Recorder::Parts : std::enable_shared_from_this<Parts> {
 
   void observe(ui::ViewGraph& graph, ScreenShown first) {
     // The graph's observer alone owns the screen: when the graph is gone, so is the screen.
-    auto screen = std::make_shared<ScreenShown>(std::move(first));
-    std::erase_if(screens, [](const auto& each) { return each.second.expired(); });
-    screens[&graph] = screen;
-    graph.observeEvents([parts = shared_from_this(), screen = std::move(screen), &graph](
-                            const ui::Node& element, const ui::Event& event) {
-      parts->attempt([&] { parts->handle(*screen, graph, element, event); });
-    });
+    const auto screen = std::make_shared<ScreenShown>(std::move(first));
+    std::erase_if(screens, [](const auto& each) { return each.second.screen.expired(); });
+    screens[&graph] = {screen,
+                       graph.observeEvents([parts = shared_from_this(), screen, &graph](
+                                               const ui::Node& element, const ui::Event& event) {
+                         parts->attempt([&] { parts->handle(*screen, graph, element, event); });
+                       })};
   }
 
   void handle(const ScreenShown& screen, ui::ViewGraph& graph, const ui::Node& element,
@@ -133,7 +133,7 @@ struct Recorder::Parts : std::enable_shared_from_this<Parts> {
 
   std::shared_ptr<ScreenShown> screenOf(const ui::ViewGraph& graph) const {
     const auto found = screens.find(&graph);
-    return found == screens.end() ? nullptr : found->second.lock();
+    return found == screens.end() ? nullptr : found->second.screen.lock();
   }
 
   const std::string path;
@@ -143,7 +143,12 @@ struct Recorder::Parts : std::enable_shared_from_this<Parts> {
   std::optional<CaseFile> file;  ///< none before the first result, and when the recording is over
   bool isOver = false;
   std::string locale, timeZone;
-  std::map<const ui::ViewGraph*, std::weak_ptr<ScreenShown>> screens;
+  /// A screen, as long as its graph lives.
+  struct Observed {
+    std::weak_ptr<ScreenShown> screen;
+    ui::EventObservation observation;
+  };
+  std::map<const ui::ViewGraph*, Observed> screens;
   std::size_t screenCount = 0, shownScreen = 0;
 };
 
@@ -155,6 +160,7 @@ Recorder::Recorder(std::string file, Program program, Texts texts, OnFailure onF
 Recorder::~Recorder() {
   parts_->isOver = true;
   parts_->file.reset();
+  parts_->screens.clear();
 }
 
 ui::View Recorder::view(ui::ViewGraph& graph, const GoalResultSnapshotV1& snapshot,

@@ -61,7 +61,7 @@ class VEMRA_EXPORT Recorder {
   Recorder& operator=(const Recorder&) = delete;
 
   /// Writes down that a result is shown, and returns its view, to be the next root of `graph`. From
-  /// the first call on, the recorder is the graph's observer of events.
+  /// the first call on, the recorder observes the graph's events.
   ///
   /// - Parameters: as those of `GoalResultView`.
   ui::View view(ui::ViewGraph& graph, const GoalResultSnapshotV1& snapshot,

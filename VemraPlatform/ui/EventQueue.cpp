@@ -113,7 +113,7 @@ Delivery EventQueue::act(NodeID id, const Event& event) {
       errors_.remember();
     }
   };
-  if (observer_) attempt([&] { observer_(*node, event); });
+  observers_->call(*node, event, attempt);
   attempt([&] { actOn(*node, event); });
   return delivery;
 }

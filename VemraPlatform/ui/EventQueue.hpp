@@ -2,11 +2,12 @@
 
 #include "VemraPlatform/ui/Environment.hpp"
 #include "VemraPlatform/ui/Event.hpp"
-#include "VemraPlatform/ui/EventObserver.hpp"
+#include "VemraPlatform/ui/EventObservers.hpp"
 #include "VemraPlatform/ui/Patch.hpp"
 #include "VemraPlatform/ui/View.hpp"
 
 #include <deque>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -40,7 +41,7 @@ class EventQueue {
   void setEnvironment(Environment environment);
   void showRows(NodeID forEach, std::vector<RowRange> ranges);
   Delivery deliver(NodeID node, Event event);
-  void observe(EventObserver observer) { observer_ = std::move(observer); }
+  EventObservation observe(EventObserver observer) { return observers_->add(std::move(observer)); }
   void stateChanged(NodeID node);
 
   /// Runs `work`, which changes the tree and records no patch, and then handles the requests that
@@ -77,7 +78,7 @@ class EventQueue {
 
   Reconciler& reconciler_;
   FirstError& errors_;
-  EventObserver observer_;
+  std::shared_ptr<EventObservers> observers_ = std::make_shared<EventObservers>();
   bool busy_ = false;
   Renderer* renderer_ = nullptr;
   std::optional<View> root_;

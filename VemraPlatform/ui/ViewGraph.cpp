@@ -67,8 +67,8 @@ Delivery ViewGraph::deliver(NodeID node, Event event) {
   return parts_->queue.deliver(node, std::move(event));
 }
 
-void ViewGraph::observeEvents(EventObserver observer) {
-  parts_->queue.observe(std::move(observer));
+EventObservation ViewGraph::observeEvents(EventObserver observer) {
+  return parts_->queue.observe(std::move(observer));
 }
 
 void ViewGraph::showRows(NodeID forEach, std::vector<RowRange> ranges) {

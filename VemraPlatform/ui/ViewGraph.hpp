@@ -79,9 +79,10 @@ class VEMRA_EXPORT ViewGraph final {
   /// action or a description threw, after all work.
   Delivery deliver(NodeID node, Event event);
 
-  /// Calls `observer` for each event from now on, in place of the previous observer; an empty one
-  /// ends it. Must not be called by an observer. The graph's destructor destroys the observer.
-  void observeEvents(EventObserver observer);
+  /// Calls `observer` for each event from now on, after the observers before it, until the returned
+  /// object or the graph is destroyed; both destroy the observer. Called by an observer, it begins
+  /// with the next event.
+  EventObservation observeEvents(EventObserver observer);
 
   /// Makes exactly these rows of a `ForEach` the shown rows. Ranges may touch, overlap and have any
   /// order; indexes past the end are ignored. Does nothing when the renderer demands every row,

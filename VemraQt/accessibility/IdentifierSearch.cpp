@@ -6,13 +6,13 @@
 #include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
-#include <utility>
+#include <vector>
 
 #include <QAbstractScrollArea>
 
 namespace vemra::qt {
 
-IdentifierSearch::IdentifierSearch(AccessibleTree& tree) : tree_(tree) {
+IdentifierSearch::IdentifierSearch(AccessibleTree& tree) : tree_(tree), rows_(tree.page()) {
   atspi::publishIdentifiers();
   atspi::addIdentifierSource(*this);
 }
@@ -42,13 +42,13 @@ QList<QAccessible::Id> IdentifierSearch::find(const QString& sought) {
   // A host may keep a page that it hides, for instance behind another page with the same elements.
   if (tree_.area().isHidden()) return {};
   const std::string identifier = sought.toStdString();
-  // Drop the notes of lists whose rows have changed.
-  std::erase_if(noted_, [&](const auto& of) { return !notedIdentifiers(of.first); });
-  const auto found = findIn(Search::rowsNamedInIt, identifier);
-  return found.isEmpty() ? findIn(Search::everyRow, identifier) : found;
+  rows_.dropOutdated();
+  const auto found = findIn(RowSearch::Rows::namedInIt, identifier);
+  return found.isEmpty() ? findIn(RowSearch::Rows::every, identifier) : found;
 }
 
-QList<QAccessible::Id> IdentifierSearch::findIn(Search search, const std::string& identifier) {
+QList<QAccessible::Id> IdentifierSearch::findIn(RowSearch::Rows rows,
+                                                const std::string& identifier) {
   QList<QAccessible::Id> found;
   const std::vector<PageSegment> segments = tree_.segments();  // a copy: it may change below
   for (const PageSegment& segment : segments) {
@@ -62,79 +62,11 @@ QList<QAccessible::Id> IdentifierSearch::findIn(Search search, const std::string
       }
       continue;
     }
-    for (const std::size_t index : rowsToSearch(segment.list, identifier, search)) {
+    for (const std::size_t index : rows_.rows(segment.list, identifier, rows)) {
       findInRow(segment.list, index, identifier, found);
     }
   }
   return found;
-}
-
-std::vector<std::size_t> IdentifierSearch::rowsToSearch(ui::NodeID listID,
-                                                        const std::string& identifier,
-                                                        Search search) {
-  if (search == Search::everyRow) noteIdentifiers(listID);
-  const ui::Node* node = tree_.find(listID);
-  if (!node) return {};
-  const auto source = tree_.page().graph().rowIDs(listID);
-  const auto mayHold = [&](std::size_t row) {
-    bool holds = search == Search::everyRow;
-    if (!holds) {
-      tree_.page().errors().attempt(
-          [&] { holds = identifier.find(source->key(row)) != std::string::npos; });
-    }
-    return holds;
-  };
-  std::vector<std::size_t> rows;
-  if (const RowIdentifiers* noted = notedIdentifiers(listID)) {
-    rows = noted->rowsWith(identifier);
-    const std::vector<std::size_t> changed = rowsWithState(listID);
-    rows.insert(rows.end(), changed.begin(), changed.end());
-    std::ranges::sort(rows);
-    const auto repeated = std::ranges::unique(rows);
-    rows.erase(repeated.begin(), repeated.end());
-    std::erase_if(rows, [&](std::size_t row) { return !mayHold(row); });
-  } else {
-    for (std::size_t row = 0; row < node->element.rowCount(); ++row) {
-      if (mayHold(row)) rows.push_back(row);
-    }
-  }
-  return rows;
-}
-
-std::vector<std::size_t> IdentifierSearch::rowsWithState(ui::NodeID list) {
-  std::vector<std::size_t> rows;
-  tree_.page().errors().attempt([&] { rows = tree_.page().graph().rowsWithState(list); });
-  return rows;
-}
-
-const RowIdentifiers* IdentifierSearch::notedIdentifiers(ui::NodeID listID) const {
-  const auto known = noted_.find(listID);
-  const ui::Node* node = tree_.find(listID);
-  if (known == noted_.end() || !node) return nullptr;
-  const RowIdentifiers& noted = known->second;
-  return noted.areOf(tree_.page().graph().rowIDs(listID), tree_.page().graph().environment())
-             ? &noted
-             : nullptr;
-}
-
-void IdentifierSearch::noteIdentifiers(ui::NodeID listID) {
-  const ui::Node* list = tree_.find(listID);
-  if (!list || notedIdentifiers(listID)) return;
-  const auto source = tree_.page().graph().rowIDs(listID);
-  RowIdentifiers notes(source, tree_.page().graph().environment(), rowsWithState(listID));
-  const std::size_t count = list->element.rowCount();  // the list may go meanwhile
-  for (std::size_t index = 0; index < count; ++index) {
-    const ui::NodeID row = peekRow(listID, index, tree_.page());
-    if (!tree_.find(row)) return;  // an event is being handled, or the list has changed
-    for (const ElementSlot& slot : elementsUnder(row, tree_.page())) {
-      const ui::Node* element = tree_.find(slot.node);
-      if (!element) continue;
-      const auto& identifier = element->element.accessibilityIdentifier();
-      if (!identifier.empty()) notes.note(identifier, index);
-    }
-  }
-  notes.finish();
-  noted_.insert_or_assign(listID, std::move(notes));
 }
 
 void IdentifierSearch::findInRow(ui::NodeID list, std::size_t index, const std::string& identifier,

@@ -25,7 +25,7 @@ class EventObserverTest : public ::testing::Test {
                }),
         Button("off", nullptr).disabled(true),
     }));
-    graph.observeEvents([this](const Node& node, const Event&) {
+    hearing = graph.observeEvents([this](const Node& node, const Event&) {
       log.push_back("observed " + std::string(node.element.shownLabel()));
     });
   }
@@ -34,6 +34,7 @@ class EventObserverTest : public ::testing::Test {
 
   std::vector<std::string> log;
   ViewGraph graph;
+  EventObservation hearing;
 };
 
 TEST_F(EventObserverTest, HearsOfEachEventJustBeforeItsElementHandlesIt) {
@@ -51,23 +52,57 @@ TEST_F(EventObserverTest, DoesNotHearOfEventsThatNoElementHandles) {
 }
 
 TEST_F(EventObserverTest, WhatItThrowsComesOutOfTheCallAndTheElementHandlesTheEvent) {
-  graph.observeEvents(
+  hearing = graph.observeEvents(
       [](const Node&, const Event&) { throw std::runtime_error("of the observer"); });
+  const EventObservation second =
+      graph.observeEvents([this](const Node&, const Event&) { log.emplace_back("second"); });
   EXPECT_THROW(graph.deliver(id("first"), Press{}), std::runtime_error);
-  EXPECT_EQ(log, std::vector<std::string>{"first"});
+  EXPECT_EQ(log, (std::vector<std::string>{"second", "first"}));
 }
 
-TEST_F(EventObserverTest, AnEmptyOneEndsThePreviousOne) {
-  graph.observeEvents(nullptr);
+TEST_F(EventObserverTest, SeveralHearOfAnEventInTheirOrder) {
+  const EventObservation second =
+      graph.observeEvents([this](const Node&, const Event&) { log.emplace_back("second"); });
+  const EventObservation empty = graph.observeEvents(nullptr);
   graph.deliver(id("first"), Press{});
-  EXPECT_EQ(log, std::vector<std::string>{"first"});
+  EXPECT_EQ(log, (std::vector<std::string>{"observed first", "second", "first"}));
+}
+
+TEST_F(EventObserverTest, EndsWithTheReturnedObject) {
+  {
+    const EventObservation second =
+        graph.observeEvents([this](const Node&, const Event&) { log.emplace_back("second"); });
+  }
+  graph.deliver(id("first"), Press{});
+  EXPECT_EQ(log, (std::vector<std::string>{"observed first", "first"}));
+  hearing = {};
+  graph.deliver(id("first"), Press{});
+  EXPECT_EQ(log.size(), 3u) << "only the button";
+}
+
+TEST_F(EventObserverTest, MayEndItselfAndOthersAndBeginAnotherDuringAnEvent) {
+  EventObservation own, later;
+  own = graph.observeEvents([&, text = std::string("ends, a text that needs storage of its own")](
+                                const Node&, const Event&) {
+    own = {};
+    hearing = {};
+    log.push_back(text.substr(0, 4));
+    later = graph.observeEvents([this](const Node&, const Event&) { log.emplace_back("later"); });
+  });
+  EventObservation third =
+      graph.observeEvents([this](const Node&, const Event&) { log.emplace_back("third"); });
+  graph.deliver(id("first"), Press{});
+  graph.deliver(id("first"), Press{});
+  EXPECT_EQ(log, (std::vector<std::string>{"observed first", "ends", "third", "first", "third",
+                                           "later", "first"}));
 }
 
 TEST(EventObserverLifeTest, TheGraphDestroysItsObserver) {
   auto owned = std::make_shared<int>(0);
   const std::weak_ptr<int> watched = owned;
   auto graph = std::make_unique<ViewGraph>();
-  graph->observeEvents([owned = std::move(owned)](const Node&, const Event&) {});
+  const EventObservation hearing =
+      graph->observeEvents([owned = std::move(owned)](const Node&, const Event&) {});
   ASSERT_FALSE(watched.expired());
   graph.reset();
   EXPECT_TRUE(watched.expired());

@@ -371,6 +371,26 @@ def enabling_is_heard(window):
     act(window.get(prefix + ".cancel"), "Press")
 
 
+def the_host_names_the_page(window):
+    equal(window.page.get_name(), "Goal")
+    with Ear("object:property-change:accessible-name") as ear:
+        window.tell("call What came of it")
+        equal([about.path for _, _, _, about in ear.heard(0.4)], [window.page.path])
+    window.page.clear_cache()
+    equal(window.page.get_name(), "What came of it")
+
+
+def the_hosts_focus_is_heard_far_away(window):
+    window.tell("scroll 0")
+    far = window.get("vemra.goal.person.p130.outcome.start")
+    with Ear("object:state-changed:focused") as ear:
+        equal(window.tell("focus vemra.goal.person.p130.outcome.start"), [])
+        equal([(gained, about.path) for _, gained, _, about in ear.heard() if gained],
+              [(1, far.path)])
+    assert has(far, SHOWING)
+    equal(window.tell("focus vemra.goal.person.p999.outcome.start"), ["nothing to focus"])
+
+
 CHECKS = [
     every_row_is_there_in_order,
     what_is_outside_the_viewport_only_lacks_showing,
@@ -385,6 +405,8 @@ CHECKS = [
     enabling_is_heard,
     names_focus_and_text_are_heard,
     what_scrolls_is_heard_to_show,
+    the_host_names_the_page,
+    the_hosts_focus_is_heard_far_away,
 ]
 
 

@@ -4,6 +4,7 @@
 //     remove REF       the person leaves        insert REF     a new person comes first
 //     shuffle          the order is reversed    scroll TO      the page scrolls, to pixels
 //     rename REF NAME  a person's name          size W H       the window's size
+//     call NAME        the page's name          focus ID       the host focuses an element
 //     quit
 
 #include "tests/RecordBuilders.hpp"
@@ -54,6 +55,13 @@ void obey(WindowHost& host, const std::string& line) {
     int width = 0, height = 0;
     words >> width >> height;
     host.widget.resize(width, height);
+  } else if (what == "call") {
+    std::string name;
+    std::getline(words >> std::ws, name);
+    host.widget.setAccessibleName(QString::fromStdString(name));
+  } else if (what == "focus") {
+    words >> ref;
+    if (!host.widget.focus(ref)) std::cout << "nothing to focus" << std::endl;
   } else {
     std::string name;
     std::getline(words >> ref >> std::ws, name);
