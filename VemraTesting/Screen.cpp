@@ -1,6 +1,7 @@
 #include "VemraTesting/Screen.hpp"
 
 #include "VemraPlatform/page/Choices.hpp"
+#include "VemraPlatform/task/MainActor.hpp"
 #include "VemraPlatform/text/OneLine.hpp"
 #include "VemraTesting/Outline.hpp"
 
@@ -51,6 +52,7 @@ std::string namesOfChoices(const RenderedTree::Node& picker) {
 }  // namespace
 
 Screen::Screen(ui::View root, ui::Environment environment) : graph_(std::move(environment)) {
+  task::MainActor::assertIsolated("testing::Screen");
   graph_.attach(tree_);
   graph_.setRoot(std::move(root));
 }

@@ -2,6 +2,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
+#include <string>
 
 namespace vemra::task::coroutine {
 namespace {
@@ -10,6 +12,12 @@ namespace {
 // keep the variable's address of the first thread, although the coroutine continues on another
 // thread.
 thread_local Call* innermost = nullptr;
+
+[[noreturn]] void stop(const std::string& message) noexcept {
+  std::fprintf(stderr, "%s\n", message.c_str());
+  std::fflush(stderr);
+  std::abort();
+}
 
 }  // namespace
 
@@ -31,9 +39,28 @@ bool Call::noteEnd(const PromiseBase& task) noexcept {
 }
 
 void stopForTaskWithoutWork() noexcept {
-  std::fputs("A task was awaited that was moved from or has been awaited before.\n", stderr);
-  std::fflush(stderr);
-  std::abort();
+  stop(
+      "A task was awaited that was moved from or has been awaited before. Await each task once; "
+      "for "
+      "the work to be done again, call its function again.");
+}
+
+void stopForTaskUnderWay() noexcept {
+  stop(
+      "A task was destroyed while it was under way. Keep it until it has ended: task::start and "
+      "qt::startOnMainThread do so, and a coroutine that awaits it must not be destroyed either.");
+}
+
+void stopForThrowingCallback() noexcept {
+  std::string what = "an exception";
+  try {
+    throw;
+  } catch (const std::exception& error) {
+    what = error.what();
+  } catch (...) {  // of another type, without a text
+  }
+  stop("The callback of task::start threw: " + what +
+       ". Catch it in the callback: Result::take rethrows the exception of the task.");
 }
 
 }  // namespace vemra::task::coroutine

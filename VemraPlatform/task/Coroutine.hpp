@@ -74,6 +74,8 @@ class PromiseBase {
   FinalAwaiter final_suspend() const noexcept { return {}; }
 
   void setWaiter(std::coroutine_handle<> waiter) noexcept { waiter_ = waiter; }
+  /// Whether the task has been awaited, and so has begun.
+  bool hasBegun() const noexcept { return static_cast<bool>(waiter_); }
 
  private:
   std::coroutine_handle<> waiter_;
@@ -151,6 +153,14 @@ using Start = std::conditional_t<transferIsAJump, JumpingStart<T>, CallingStart<
 
 /// Stops the process: the task has no coroutine to await.
 [[noreturn]] VEMRA_EXPORT void stopForTaskWithoutWork() noexcept;
+
+/// Stops the process: a task is being destroyed before its coroutine has ended, which something
+/// else is going to resume.
+[[noreturn]] VEMRA_EXPORT void stopForTaskUnderWay() noexcept;
+
+/// Stops the process: the callback of a started task has thrown the current exception, which has no
+/// caller.
+[[noreturn]] VEMRA_EXPORT void stopForThrowingCallback() noexcept;
 
 }  // namespace coroutine
 }  // namespace vemra::task

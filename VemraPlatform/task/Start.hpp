@@ -20,7 +20,7 @@ struct Detached {
     std::suspend_never initial_suspend() const noexcept { return {}; }
     std::suspend_never final_suspend() const noexcept { return {}; }
     void return_void() const noexcept {}
-    void unhandled_exception() const noexcept { std::terminate(); }
+    void unhandled_exception() const noexcept { stopForThrowingCallback(); }
   };
 };
 
@@ -45,7 +45,7 @@ Detached run(Task<T> task, Callback callback) {
 ///
 /// - Parameter callback: called exactly once with a `Result<T>`, on the thread on which the task
 ///   ends; that may be the caller's thread, before this function returns. It must not throw: an
-///   exception stops the process.
+///   exception stops the process with a message.
 template <class T, std::invocable<Result<T>> Callback>
 void start(Task<T> task, Callback callback) {
   coroutine::run(std::move(task), std::move(callback));

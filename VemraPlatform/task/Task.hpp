@@ -28,8 +28,10 @@ namespace vemra::task {
 ///
 /// Take a coroutine's arguments by value: a reference in the coroutine may outlive the object that
 /// it refers to. Name the awaited task before awaiting it, as above: GCC 12 destroys an owning
-/// temporary inside a `co_await` expression, such as a lambda with captures, twice. A task that has
-/// started must end before it is destroyed.
+/// temporary inside a `co_await` expression, such as a lambda with captures, twice.
+///
+/// A task that has started must end before it is destroyed: to destroy it earlier is a programmer's
+/// error that stops the process with a message.
 template <class T = void>
 class [[nodiscard]] Task {
   static_assert(!std::is_reference_v<T>, "A task gives a value.");
@@ -46,7 +48,9 @@ class [[nodiscard]] Task {
   Task(const Task&) = delete;
   Task& operator=(const Task&) = delete;
   ~Task() {
-    if (coroutine_) coroutine_.destroy();
+    if (!coroutine_) return;
+    if (coroutine_.promise().hasBegun() && !coroutine_.done()) coroutine::stopForTaskUnderWay();
+    coroutine_.destroy();
   }
 
   /// Starts the task and waits for its value; rethrows the task's exception.

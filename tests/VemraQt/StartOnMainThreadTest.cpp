@@ -1,8 +1,11 @@
 #include "VemraQt/StartOnMainThread.hpp"
 
+#include <coroutine>
 #include <memory>
+#include <semaphore>
 #include <stdexcept>
 #include <string>
+#include <thread>
 
 #include <QApplication>
 #include <QThread>
@@ -58,6 +61,59 @@ TEST_F(StartOnMainThread, SeveralEndInTheirOrder) {
   start(ends("two"));
   QApplication::processEvents();
   EXPECT_EQ(heard, "one two ");
+}
+
+/// Awaited, it continues the coroutine on that thread when the semaphore lets it.
+struct OnThread {
+  std::thread& thread;
+  std::binary_semaphore& mayGoOn;
+
+  bool await_ready() const noexcept { return false; }
+  void await_suspend(std::coroutine_handle<> waiting) const {
+    thread = std::thread([&mayGoOn = mayGoOn, waiting] {
+      mayGoOn.acquire();
+      waiting.resume();
+    });
+  }
+  void await_resume() const noexcept {}
+};
+
+task::Task<std::string> endsOn(OnThread elsewhere, std::shared_ptr<bool> hasEnded) {
+  co_await elsewhere;
+  *hasEnded = true;
+  co_return "late";
+}
+
+TEST_F(StartOnMainThread, AReceiverThatIsDestroyedWhileTheTaskIsUnderWayGetsNoCall) {
+  std::thread thread;
+  std::binary_semaphore mayGoOn(0);
+  const auto hasEnded = std::make_shared<bool>(false);
+  QThread* freedOn = nullptr;
+  auto held = std::shared_ptr<QObject>(new QObject, [&](QObject* object) {
+    freedOn = QThread::currentThread();
+    delete object;
+  });
+  bool isCalled = false;
+  startOnMainThread(*receiver, endsOn(OnThread{thread, mayGoOn}, hasEnded),
+                    [&, held = std::move(held)](task::Result<std::string>) { isCalled = true; });
+  receiver.reset();
+  mayGoOn.release();
+  thread.join();
+  EXPECT_TRUE(*hasEnded) << "the task runs to its end";
+  EXPECT_EQ(freedOn, nullptr);
+  QApplication::processEvents();
+  EXPECT_FALSE(isCalled);
+  EXPECT_EQ(freedOn, QApplication::instance()->thread()) << "with what the callback holds";
+}
+
+TEST_F(StartOnMainThread, ATaskThatEndsOnAnotherThreadCallsBackOnTheMainThread) {
+  std::thread thread;
+  std::binary_semaphore mayGoOn(1);
+  start(endsOn(OnThread{thread, mayGoOn}, std::make_shared<bool>(false)));
+  thread.join();
+  EXPECT_EQ(heard, "");
+  QApplication::processEvents();
+  EXPECT_EQ(heard, "late ");
 }
 
 TEST_F(StartOnMainThread, ADestroyedReceiverGetsNoCall) {

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -293,6 +294,12 @@ TEST_F(ScreenTest, CanBeMadeLaterInAnOptional) {
   EXPECT_FALSE(late.has_value());
   late.emplace(ui::Text("here"));
   EXPECT_THAT(late->shownTexts(), ElementsAre("here"));
+}
+
+TEST(ScreenDeathTest, MadeOffTheMainThreadStopsTheProcessAndSaysWhatToDo) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_DEATH(std::thread([] { const Screen screen(ui::Text("here")); }).join(),
+               "testing::Screen was called off the main thread.*MainActor::adoptCurrentThread");
 }
 
 }  // namespace vemra::testing

@@ -158,7 +158,23 @@ TEST(Wait, IsPossibleOnManyThreadsAtOnce) {
 TEST(StartDeathTest, StopsWhenTheCallbackThrows) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   EXPECT_EXIT(start(give(1), [](Result<int>) { throw std::runtime_error("no"); }),
-              ::testing::KilledBySignal(SIGABRT), "");
+              ::testing::KilledBySignal(SIGABRT),
+              "The callback of task::start threw: no. Catch it in the callback");
+  EXPECT_EXIT(start(give(1), [](Result<int>) { throw 1; }), ::testing::KilledBySignal(SIGABRT),
+              "The callback of task::start threw: an exception. Catch it");
+}
+
+TEST(StartDeathTest, StopsForAnExceptionOfTheTaskThatNothingCatches) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  struct Engine {
+    static Task<int> fails() {
+      throw std::runtime_error("the engine is away");
+      co_return 1;
+    }
+  };
+  EXPECT_EXIT(start(Engine::fails(), [](Result<int> result) { std::move(result).take(); }),
+              ::testing::KilledBySignal(SIGABRT),
+              "threw: the engine is away. .*Result::take rethrows the exception of the task");
 }
 
 }  // namespace

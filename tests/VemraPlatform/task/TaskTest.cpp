@@ -252,6 +252,46 @@ TEST(Task, MayEndInsideATaskThatItStarted) {
   EXPECT_EQ(calls, 1);
 }
 
+/// A coroutine that its owner may destroy at any time.
+class Owned {
+ public:
+  struct promise_type {
+    Owned get_return_object() { return Owned(Handle::from_promise(*this)); }
+    std::suspend_never initial_suspend() const noexcept { return {}; }
+    std::suspend_always final_suspend() const noexcept { return {}; }
+    void return_void() const noexcept {}
+    void unhandled_exception() const noexcept { std::abort(); }
+  };
+
+  Owned(const Owned&) = delete;
+  Owned& operator=(const Owned&) = delete;
+  ~Owned() { coroutine_.destroy(); }
+
+ private:
+  using Handle = std::coroutine_handle<promise_type>;
+  explicit Owned(Handle coroutine) : coroutine_(coroutine) {}
+
+  Handle coroutine_;
+};
+
+Owned awaitThroughGate(Gate* gate) {
+  auto task = throughGate(gate, 3);
+  co_await std::move(task);
+}
+
+TEST(Task, IsDestroyedWithTheCoroutineThatAwaitedItWhenItHasEnded) {
+  Gate gate;
+  const Owned owned = awaitThroughGate(&gate);
+  gate.open();
+}
+
+TEST(TaskDeathTest, DestroyedWhileItIsUnderWayStopsTheProcessAndSaysWhatToDo) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  Gate gate;
+  EXPECT_EXIT({ const Owned owned = awaitThroughGate(&gate); }, ::testing::KilledBySignal(SIGABRT),
+              "A task was destroyed while it was under way. Keep it until it has ended");
+}
+
 TEST(TaskDeathTest, AwaitedTwiceStopsTheProcess) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   struct Source {
