@@ -141,8 +141,9 @@ void DeskWindow::exportGoal(const QString& file) {
         } catch (const std::exception& error) {
           failure = reasonOf(error);
         }
-        notice_->show(failure.isEmpty() ? localized("The goal was exported to %1").arg(file)
-                                        : localized("The goal was not exported.") + ' ' + failure);
+        notice_->show(failure.isEmpty()
+                          ? localized("The goal was exported to %1").arg(isolated(file))
+                          : localized("The goal was not exported.") + ' ' + failure);
       });
 }
 

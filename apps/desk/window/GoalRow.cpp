@@ -74,7 +74,9 @@ Lines linesOf(const QString& text, const QFont& font, int width) {
       lines.texts.append(last);
       break;
     }
-    lines.texts.append(text.mid(line.textStart(), line.textLength()));
+    QString shown = text.mid(line.textStart(), line.textLength());
+    while (shown.endsWith(u' ')) shown.chop(1);  // the blank at which the line was broken
+    lines.texts.append(shown);
   }
   layout.endLayout();
   if (lines.texts.isEmpty()) lines.texts.append(QString());
@@ -168,8 +170,13 @@ void GoalRow::paintEvent(QPaintEvent*) {
   }
   painter.setPen(ink);
   QRect line(margin, margin - 2, width() - 2 * margin, fontMetrics().lineSpacing());
+  // The title begins at the leading edge and has its own direction.
+  const int flags = (layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft) |
+                    Qt::AlignAbsolute |
+                    (shown_.isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight) |
+                    Qt::AlignVCenter | Qt::TextSingleLine;
   for (const QString& text : linesOf(shown_, font(), widthOfText(width())).texts) {
-    painter.drawText(line, Qt::AlignLeading | Qt::AlignVCenter | Qt::TextSingleLine, text);
+    painter.drawText(line, flags, text);
     line.translate(0, line.height());
   }
 }

@@ -22,7 +22,7 @@ void show(QWidget& parent, const char* name, const QString& title, const QString
 }
 
 QString keys(const QKeySequence& sequence) {
-  return sequence.toString(QKeySequence::NativeText);
+  return isolated(sequence.toString(QKeySequence::NativeText));
 }
 
 }  // namespace

@@ -93,7 +93,10 @@ void PathGraph::paintEvent(QPaintEvent*) {
     painter.drawEllipse(stars[i].centre, radius, radius);
     painter.setPen(palette().color(QPalette::WindowText));
     const int side = mirrored ? Qt::AlignRight : Qt::AlignLeft;
-    painter.drawText(stars[i].name, (nameFlags & ~Qt::AlignLeft) | side | Qt::AlignAbsolute,
+    const int direction =
+        names_[i].isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
+    painter.drawText(stars[i].name,
+                     (nameFlags & ~Qt::AlignLeft) | side | Qt::AlignAbsolute | direction,
                      names_[i]);
   }
 }

@@ -1,6 +1,9 @@
 #include "apps/desk/window/PlainText.hpp"
 
 #include "VemraQt/Theme.hpp"
+#include "apps/desk/window/LeadingEdge.hpp"
+
+#include <algorithm>
 
 #include <QApplication>
 #include <QEvent>
@@ -70,6 +73,7 @@ QLabel* makeLabel(const QString& text, TextRole role) {
       break;
   }
   label->setFont(font);
+  alignAtLeadingEdge(*label);
   return label;
 }
 
@@ -95,6 +99,19 @@ QString nameInMessage(const QString& name) {
     return (c >= QChar(0x202a) && c <= QChar(0x202e)) || (c >= QChar(0x2066) && c <= QChar(0x2069));
   });
   return QChar(0x2068) + line + QChar(0x2069);
+}
+
+QString isolated(const QString& text) {
+  const bool isMirrored = QGuiApplication::layoutDirection() == Qt::RightToLeft;
+  const auto isOfOtherDirection = [&](char32_t c) {
+    const QChar::Direction direction = QChar::direction(c);
+    const bool isLeftToRight = direction == QChar::DirL;
+    const bool isRightToLeft = direction == QChar::DirR || direction == QChar::DirAL;
+    return isMirrored ? isLeftToRight : isRightToLeft;
+  };
+  const QList<uint> characters = text.toUcs4();
+  if (std::ranges::none_of(characters, isOfOtherDirection)) return text;
+  return QChar(0x2068) + text + QChar(0x2069);
 }
 
 QString asButtonTitle(QString text) {

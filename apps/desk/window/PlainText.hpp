@@ -37,6 +37,10 @@ QString onOneShortLine(const QString& text);
 /// left out, because one without its end would reach beyond the name.
 QString nameInMessage(const QString& name);
 
+/// The text inside another one: isolated when it contains characters of the other direction than the
+/// window's texts, so that neither changes the order of the other (U+2068, U+2069).
+QString isolated(const QString& text);
+
 /// The text as the title of a button, where Qt would interpret "&".
 QString asButtonTitle(QString text);
 

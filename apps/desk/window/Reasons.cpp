@@ -204,14 +204,14 @@ QString part(const QString& english) {
       return filled(rule, match, 0);
     }
   }
-  return english;
+  return isolated(english);
 }
 
 /// A file and the place in it, such as `b.json: line 2, column 7`.
 QString place(const QString& english) {
   QStringList steps = english.split(": ");
   for (QString& step : steps) {
-    if (step.startsWith("line ")) step = part(step);
+    step = step.startsWith("line ") ? part(step) : isolated(step);
   }
   return steps.join(": ");
 }

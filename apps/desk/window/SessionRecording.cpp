@@ -35,7 +35,7 @@ std::unique_ptr<recording::Recorder> makeRecorder(
       wish.isMasked ? recording::Texts::masked : recording::Texts::plain,
       [&window, showNotice = std::move(showNotice)](const recording::Failure& failure) {
         const QString text = localized("%1: the recording has ended: %2")
-                                 .arg(fromUTF8(failure.file), reasonText(failure));
+                                 .arg(isolated(fromUTF8(failure.file)), reasonText(failure));
         QMetaObject::invokeMethod(
             &window, [showNotice, text] { showNotice(text); }, Qt::QueuedConnection);
       });

@@ -163,9 +163,9 @@ void SidePane::addSuggestion(QVBoxLayout& page,
 
 void SidePane::addOutcome(QVBoxLayout& page, const PersonKnowledge::Outcome& recorded) const {
   const GoalOutcomeDTO& outcome = recorded.outcome;
-  QString line = fromUTF8(GoalOutcomeRecordingFormLogic::label(outcome.value));
+  QString line = isolated(fromUTF8(GoalOutcomeRecordingFormLogic::label(outcome.value)));
   if (const QString when = day(outcome.recordedAt, environment_); !when.isEmpty()) {
-    line += ", " + when;
+    line += ", " + isolated(when);
   }
   if (outcome.correctsOutcomeID) line += ' ' + localized("· corrected");
   addText(page, line, TextRole::strong);

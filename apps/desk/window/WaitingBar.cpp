@@ -59,7 +59,7 @@ QString messageOf(const std::vector<WaitingNote>& waiting) {
 
 QString lineOf(const WaitingNote& note) {
   return localized("“%1” for %2 (%3)")
-      .arg(note.outcome, nameInMessage(note.subject), nameInMessage(note.goalTitle));
+      .arg(isolated(note.outcome), nameInMessage(note.subject), nameInMessage(note.goalTitle));
 }
 
 WaitingBar::WaitingBar(QWidget* parent)
