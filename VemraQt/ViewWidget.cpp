@@ -194,6 +194,11 @@ void ViewWidget::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_End:
       bar->setValue(bar->maximum());
       return;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      if (page_->focusNextRow(event->key() == Qt::Key_Down)) return;
+      QAbstractScrollArea::keyPressEvent(event);
+      return;
     case Qt::Key_Left:
     case Qt::Key_Right:
       event->ignore();

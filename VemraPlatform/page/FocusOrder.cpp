@@ -41,6 +41,11 @@ Node* FocusOrder::next(Node& from, Direction direction) {
   return searchFrom(from, direction);
 }
 
+Node* FocusOrder::firstOfRows(Node& list, std::size_t row, Direction direction) {
+  waiting_.reset();
+  return list.rows ? searchRows({list.id, row, direction, 0}, Direction::forward) : nullptr;
+}
+
 Node* FocusOrder::nextTo(const LostPlace& lost, Direction direction) {
   waiting_.reset();
   const bool forward = direction == Direction::forward;
@@ -52,7 +57,7 @@ Node* FocusOrder::nextTo(const LostPlace& lost, Direction direction) {
     // If there is no such row, the index wraps around, and the search finds nothing.
     const std::size_t row =
         forward ? std::min(*lost.row, count - 1) : std::min(*lost.row, count) - 1;
-    control = searchRows({within->id, row, direction, 0});
+    control = searchRows({within->id, row, direction, 0}, direction);
   } else {
     Node* const after = tree_.find(lost.after);
     const bool isKnown = after && after->parent == within;
@@ -66,7 +71,7 @@ Node* FocusOrder::nextTo(const LostPlace& lost, Direction direction) {
 
 Node* FocusOrder::resume(const Waiting& waiting) {
   waiting_.reset();
-  if (Node* const control = searchRows(waiting)) return control;
+  if (Node* const control = searchRows(waiting, waiting.direction)) return control;
   Node* const list = tree_.find(waiting.list);
   return list && !waiting_ ? searchFrom(*list, waiting.direction) : nullptr;
 }
@@ -76,7 +81,8 @@ Node* FocusOrder::searchIn(Node& node, Direction direction) {
   const bool forward = direction == Direction::forward;
   if (!node.rows) return searchSiblings(forward ? node.firstChild : node.lastChild, direction);
   const std::size_t count = node.rows->count();
-  return count > 0 ? searchRows({node.id, forward ? 0 : count - 1, direction, 0}) : nullptr;
+  return count > 0 ? searchRows({node.id, forward ? 0 : count - 1, direction, 0}, direction)
+                   : nullptr;
 }
 
 Node* FocusOrder::searchFrom(Node& from, Direction direction) {
@@ -88,7 +94,7 @@ Node* FocusOrder::searchFrom(Node& from, Direction direction) {
       control = searchSiblings(forward ? node->next : node->previous, direction);
     } else if (forward || node->rowIndex > 0) {
       const std::size_t row = forward ? node->rowIndex + 1 : node->rowIndex - 1;
-      control = searchRows({id, row, direction, 0});
+      control = searchRows({id, row, direction, 0}, direction);
     }
     if (control || waiting_ || !tree_.find(id)) return control;
   }
@@ -107,8 +113,7 @@ Node* FocusOrder::searchSiblings(Node* first, Direction direction) {
   return nullptr;
 }
 
-/// Searches at most 64 rows of a list, from the given row on.
-Node* FocusOrder::searchRows(const Waiting& from) {
+Node* FocusOrder::searchRows(const Waiting& from, Direction within) {
   Waiting at = from;
   for (; at.rowsVisited < mostRowsWithoutControl; ++at.rowsVisited) {
     Node* const list = tree_.find(at.list);
@@ -118,7 +123,7 @@ Node* FocusOrder::searchRows(const Waiting& from) {
       waiting_ = at;
       return nullptr;
     }
-    Node* const control = row ? searchIn(*row, at.direction) : nullptr;
+    Node* const control = row ? searchIn(*row, within) : nullptr;
     if (control || waiting_) return control;
     if (at.direction == Direction::backward && at.row == 0) return nullptr;
     at.row = at.direction == Direction::forward ? at.row + 1 : at.row - 1;

@@ -62,6 +62,9 @@ class VEMRA_EXPORT FocusOrder {
   Node* firstIn(Node& node, Direction direction = Direction::forward);
   /// The next or previous control in tree order; nullptr at the end of the page.
   Node* next(Node& from, Direction direction);
+  /// The first control of the next or previous row of a windowed list that has one, beginning with
+  /// that row; nullptr at the end of the list.
+  Node* firstOfRows(Node& list, std::size_t row, Direction direction);
   /// The control for a lost focus: at the place or after it (`forward`), or before it (`backward`).
   /// At the place means the row with the lost index, or the last row; or the node behind the same
   /// sibling. nullptr when there is none, or when the parent has been removed.
@@ -77,7 +80,9 @@ class VEMRA_EXPORT FocusOrder {
   Node* searchIn(Node& node, Direction direction);
   Node* searchFrom(Node& from, Direction direction);
   Node* searchSiblings(Node* first, Direction direction);
-  Node* searchRows(const Waiting& from);
+  /// Searches at most 64 rows of a list, from the given row on; `within` decides which control of a
+  /// row it takes, the first or the last one.
+  Node* searchRows(const Waiting& from, Direction within);
 
   WindowedTree& tree_;
   RowSupply& rows_;

@@ -184,6 +184,16 @@ bool Page::focusNext(Direction direction) {
   return from && moveFocus(FocusOrder(tree_, *this).next(*from, direction), direction);
 }
 
+bool Page::focusNextRow(Direction direction) {
+  const Node* row = focused();
+  if (!row || row->element.kind() != ui::ElementKind::button) return false;
+  while (row && !row->isWindowedRow()) row = row->parent;
+  const bool forward = direction == Direction::forward;
+  if (!row || (!forward && row->rowIndex == 0)) return false;
+  const std::size_t next = forward ? row->rowIndex + 1 : row->rowIndex - 1;
+  return moveFocus(FocusOrder(tree_, *this).firstOfRows(*row->parent, next, direction), direction);
+}
+
 bool Page::focusFirst(Direction direction) {
   Node* const root = tree_.root();
   return root && moveFocus(FocusOrder(tree_, *this).firstIn(*root, direction), direction);

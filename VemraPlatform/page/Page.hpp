@@ -76,6 +76,10 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   /// Moves the focus to the next control; false at the end of the page, or without a focus on the
   /// page.
   bool focusNext(Direction direction);
+  /// Moves the focus from a button in a row of a windowed list to the first control of the next or
+  /// previous row that has one; false when the focus is elsewhere, or at the end of the list. Other
+  /// controls keep the keys for this move to themselves.
+  bool focusNextRow(Direction direction);
   /// Focuses the first (`forward`) or last control of the page; false when there is none.
   bool focusFirst(Direction direction);
   /// Focuses the element; false when it is not in the tree or cannot have the focus.

@@ -1,5 +1,7 @@
 #include "VemraQt/accessibility/AccessibleControls.hpp"
 
+#include "VemraQt/accessibility/AccessibleList.hpp"
+#include "VemraQt/accessibility/AccessibleSection.hpp"
 #include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "VemraQt/widgets/LineField.hpp"
@@ -7,6 +9,18 @@
 #include <algorithm>
 
 namespace vemra::qt {
+
+QAccessible::Role AccessibleText::role() const {
+  const ui::Node* shown = node();
+  return shown && headingLevel(shown->element) ? QAccessible::Heading : QAccessible::StaticText;
+}
+
+QMap<QString, QString> AccessibleText::attributes() const {
+  const ui::Node* shown = node();
+  const int level = shown ? headingLevel(shown->element) : 0;
+  if (!level) return {};
+  return {{QStringLiteral("level"), QString::number(level)}};
+}
 
 std::vector<page::Choice> AccessiblePicker::choices() const {
   const ui::Node* picker = node();
@@ -208,10 +222,17 @@ void AccessibleField::replaceText(int start, int end, const QString& text) {
   QAccessible::updateAccessibility(&event);
 }
 
-AccessibleElement* makeAccessibleElement(ObjectHost& tree, AccessibleRow* row,
-                                         const ElementSlot& slot) {
-  AccessibleElement* made = nullptr;
+AccessibleObject* makeAccessibleObject(ObjectHost& tree, AccessibleRow* row,
+                                       const ElementSlot& slot) {
+  AccessibleObject* made = nullptr;
   switch (slot.kind) {
+    case ui::ElementKind::forEach:
+      made = new AccessibleList(tree, slot.path, slot.node);
+      break;
+    case ui::ElementKind::vStack:
+    case ui::ElementKind::hStack:
+      made = new AccessibleSection(tree, slot.path);
+      break;
     case ui::ElementKind::button:
       made = new AccessibleButton(tree, row, slot.path);
       break;

@@ -11,11 +11,14 @@ class QLineEdit;
 
 namespace vemra::qt {
 
-/// A Text: a label whose name is the text that it shows.
+/// A Text: a label, or in the title or headline font a heading, whose name is the text that it
+/// shows.
 class AccessibleText final : public AccessibleElement {
  public:
   using AccessibleElement::AccessibleElement;
-  QAccessible::Role role() const override { return QAccessible::StaticText; }
+  QAccessible::Role role() const override;
+  /// The level of a heading.
+  QMap<QString, QString> attributes() const override;
 };
 
 /// A Button.
@@ -123,8 +126,8 @@ class AccessibleField final : public AccessibleElement,
   QLineEdit* widget() const;
 };
 
-/// Makes the object for an element of that kind and registers it.
-AccessibleElement* makeAccessibleElement(ObjectHost& tree, AccessibleRow* row,
-                                         const ElementSlot& slot);
+/// Makes the object for an element, list or section of that kind and registers it.
+AccessibleObject* makeAccessibleObject(ObjectHost& tree, AccessibleRow* row,
+                                       const ElementSlot& slot);
 
 }  // namespace vemra::qt

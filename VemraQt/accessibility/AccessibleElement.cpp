@@ -71,7 +71,7 @@ const ui::Node* AccessibleElement::node() const {
 }
 
 QAccessibleInterface* AccessibleElement::parent() const {
-  return row_ ? static_cast<QAccessibleInterface*>(row_) : tree().pageObject();
+  return row_ ? static_cast<QAccessibleInterface*>(row_) : tree().sectionAround(path_);
 }
 
 QString AccessibleElement::textOf(QAccessible::Text kind) const {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <QAccessibleInterface>
+#include <QMap>
 
 namespace vemra::qt {
 
@@ -33,6 +34,8 @@ class AccessibleObject : public QAccessibleInterface {
   virtual QString identifier() const { return QStringLiteral(""); }
   /// The object's name or value; a null string for a kind of text that the object does not have.
   virtual QString textOf(QAccessible::Text kind) const = 0;
+  /// The attributes that assistive technology gets, without the identifier.
+  virtual QMap<QString, QString> attributes() const { return {}; }
   virtual void scrollIn() {}
   /// The objects of a picker's choices, which leave together with the picker.
   virtual std::vector<AccessibleObject*> ownObjects() const { return {}; }

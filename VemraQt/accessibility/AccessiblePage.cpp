@@ -1,6 +1,5 @@
 #include "VemraQt/accessibility/AccessiblePage.hpp"
 
-#include "VemraQt/accessibility/AccessibleRow.hpp"
 #include "VemraQt/page/Page.hpp"
 
 #include <unordered_map>
@@ -14,7 +13,7 @@ namespace vemra::qt {
 
 namespace {
 
-/// The page's widget: its children are the elements and rows of the page.
+/// The page's widget: its children are the elements, lists and sections of the page.
 class AccessibleArea final : public QAccessibleWidget {
  public:
   explicit AccessibleArea(AccessibleTree& tree)
@@ -26,12 +25,12 @@ class AccessibleArea final : public QAccessibleWidget {
   QString text(QAccessible::Text kind) const override {
     return atspi::asksForIdentifier(kind) ? widget()->objectName() : QAccessibleWidget::text(kind);
   }
-  int childCount() const override { return tree_ ? tree_->childCount() : 0; }
+  int childCount() const override { return tree_ ? tree_->childCountOf(0) : 0; }
   QAccessibleInterface* child(int index) const override {
-    return tree_ ? tree_->child(index) : nullptr;
+    return tree_ ? tree_->childOf(0, index) : nullptr;
   }
   int indexOfChild(const QAccessibleInterface* child) const override {
-    return tree_ ? tree_->indexOf(child) : -1;
+    return tree_ ? tree_->indexIn(0, child) : -1;
   }
   QAccessibleInterface* focusChild() const override {
     const page::Node* focused = tree_ ? tree_->page().focusedNode() : nullptr;
@@ -46,8 +45,9 @@ class AccessibleArea final : public QAccessibleWidget {
       if (found || !tree_->page().shown(leaf).widget) return;
       AccessibleObject* object = tree_->objectOf(leaf);
       if (!object || !object->rect().contains(x, y)) return;
-      auto* row = dynamic_cast<AccessibleRow*>(object->parent());
-      found = row ? static_cast<QAccessibleInterface*>(row) : object;
+      found = object;
+      const QAccessibleInterface* page = tree_->pageObject();
+      while (found->parent() && found->parent() != page) found = found->parent();
     });
     return found;
   }

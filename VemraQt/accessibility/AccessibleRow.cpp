@@ -9,6 +9,18 @@
 
 namespace vemra::qt {
 
+QAccessibleInterface* AccessibleRow::parent() const {
+  return isLeaving() ? tree().pageObject() : tree().listObject(list);
+}
+
+QMap<QString, QString> AccessibleRow::attributes() const {
+  tree().refreshList(list);
+  const ui::Node* node = isLeaving() ? nullptr : tree().find(list);
+  if (!node) return {};
+  return {{QStringLiteral("posinset"), QString::number(index + 1)},
+          {QStringLiteral("setsize"), QString::number(node->element.rowCount())}};
+}
+
 int AccessibleRow::childCount() const {
   return static_cast<int>(tree().elementsOf(const_cast<AccessibleRow*>(this)).size());
 }

@@ -13,13 +13,13 @@
 
 namespace vemra::qt {
 
-/// A row of a list: a group, named by the first text or title in it.
+/// A row of a list: a list item, named by the first text or title in it.
 class AccessibleRow final : public AccessibleObject {
  public:
   AccessibleRow(ObjectHost& tree, ui::NodeID itsList, std::size_t itsIndex, std::string itsID)
       : AccessibleObject(tree), list(itsList), index(itsIndex), rowID(std::move(itsID)) {}
 
-  QAccessibleInterface* parent() const override { return tree().pageObject(); }
+  QAccessibleInterface* parent() const override;
   int childCount() const override;
   QAccessibleInterface* child(int index) const override;
   int indexOfChild(const QAccessibleInterface* object) const override;
@@ -29,9 +29,11 @@ class AccessibleRow final : public AccessibleObject {
   bool updateReportedName();
   /// Estimated when the row has no frame now.
   QRect rect() const override;
-  QAccessible::Role role() const override { return QAccessible::Grouping; }
+  QAccessible::Role role() const override { return QAccessible::ListItem; }
   QAccessible::State state() const override;
   QString identifier() const override;
+  /// The row's place in its list, counted from 1, and the number of rows.
+  QMap<QString, QString> attributes() const override;
   void scrollIn() override;
 
   RowPlace place() const { return {list, index}; }

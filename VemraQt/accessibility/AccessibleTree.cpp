@@ -22,41 +22,6 @@ AccessibleTree::~AccessibleTree() {
   }
 }
 
-int AccessibleTree::childCount() {
-  refresh();
-  return segments_.empty() ? 0 : static_cast<int>(segments_.back().first + segments_.back().count);
-}
-
-QAccessibleInterface* AccessibleTree::child(int index) {
-  refresh();
-  if (index < 0) return nullptr;
-  const auto place = static_cast<std::size_t>(index);
-  auto segment = std::ranges::upper_bound(segments_, place, {}, &PageSegment::first);
-  if (segment == segments_.begin()) return nullptr;
-  --segment;
-  if (place >= segment->first + segment->count) return nullptr;
-  if (segment->list) return rowAt(segment->list, place - segment->first);
-  return object(nullptr, slots_[segment->slot]);
-}
-
-int AccessibleTree::indexOf(const QAccessibleInterface* object) {
-  refresh();
-  if (auto* row = dynamic_cast<const AccessibleRow*>(object)) {
-    for (const PageSegment& segment : segments_) {
-      if (segment.list != row->list) continue;
-      refreshList(row->list);
-      return row->isLeaving() ? -1 : static_cast<int>(segment.first + row->index);
-    }
-    return -1;
-  }
-  for (const PageSegment& segment : segments_) {
-    if (!segment.list && slots_[segment.slot].object == object) {
-      return static_cast<int>(segment.first);
-    }
-  }
-  return -1;
-}
-
 AccessibleObject* AccessibleTree::objectOf(const page::Node& leaf) {
   const ui::Node* rowNode = rowHolding(leaf.id, page());
   AccessibleRow* row = rowNode ? rowAt(rowNode->parent->id, rowNode->rowIndex) : nullptr;
@@ -84,14 +49,14 @@ std::vector<ElementSlot>& AccessibleTree::elementsOf(AccessibleRow* row) {
       const bool wasKnown = !row->known.empty();
       const ChildSteps steps = adopt(row->known, elementsUnder(node->id, page()), leaving_);
       row->knownAt = described();
-      if (wasKnown) note(row, steps);
+      if (wasKnown) noteInRow(*row, steps);
     }
   }
   return row->known;
 }
 
 AccessibleObject* AccessibleTree::object(AccessibleRow* row, ElementSlot& slot) {
-  if (!slot.object) slot.object = makeAccessibleElement(*this, row, slot);
+  if (!slot.object) slot.object = makeAccessibleObject(*this, row, slot);
   return slot.object;
 }
 
@@ -128,9 +93,9 @@ void AccessibleTree::noteShowing(AccessibleObject& object, bool isShowing) {
   object.showing = isShowing ? Reported::yes : Reported::no;
 }
 
-const std::vector<PageSegment>& AccessibleTree::segments() {
+const PageOutline& AccessibleTree::outline() {
   refresh();
-  return segments_;
+  return outline_;
 }
 
 void AccessibleTree::refresh() {
@@ -139,23 +104,26 @@ void AccessibleTree::refresh() {
   pageVersion_ = page().version();
   // When another page has attached to the graph, this page has no root and shows nothing.
   const ui::Node* root = page().tree().root() ? page().graph().root() : nullptr;
-  const ChildSteps ofElements =
+  const ChildSteps ofSlots =
       adopt(slots_, root ? elementsUnder(root->id, page()) : std::vector<ElementSlot>(), leaving_);
-  const auto before = std::exchange(segments_, segmentsOf(slots_, page().graph()));
+  const PageOutline before = std::exchange(outline_, PageOutline(slots_));
   std::unordered_map<NodeID, KnownRows> gone = std::exchange(lists_, {});
-  std::unordered_map<NodeID, ChildSteps> ofRows;
-  for (const PageSegment& segment : segments_) {
-    if (!segment.list) continue;
-    auto known = gone.extract(segment.list);
+  std::vector<std::pair<NodeID, ChildSteps>> ofRows;
+  for (const ElementSlot& slot : slots_) {
+    if (slot.kind != ui::ElementKind::forEach) continue;
+    auto known = gone.extract(slot.node);
     if (known) lists_.insert(std::move(known));
-    KnownRows& rows = lists_[segment.list];
-    ChildSteps& steps = ofRows[segment.list];
-    if (const auto ids = page().graph().rowIDs(segment.list)) {
-      steps = rows.follow(ids, page().errors(), leaving_);
+    KnownRows& rows = lists_[slot.node];
+    if (const auto ids = page().graph().rowIDs(slot.node)) {
+      ofRows.emplace_back(slot.node, rows.follow(ids, page().errors(), leaving_));
     }
   }
-  for (auto& [id, list] : gone) ofRows[id] = list.leave(page().errors(), leaving_);
-  if (wasKnown) note(nullptr, stepsOfPage(before, segments_, ofElements, ofRows));
+  for (auto& [id, list] : gone) list.leave(leaving_);
+  if (!wasKnown) return;
+  for (const auto& [section, steps] : stepsBySection(before, outline_, ofSlots)) {
+    noteInSection(section, steps);
+  }
+  for (const auto& [list, steps] : ofRows) noteInList(list, steps);
 }
 
 void AccessibleTree::refreshList(NodeID listID) {
@@ -165,12 +133,7 @@ void AccessibleTree::refreshList(NodeID listID) {
   if (known == lists_.end() || !ids) return;
   // The source can change without a new version of the page, but only while the graph handles an
   // event.
-  ChildSteps steps = known->second.follow(ids, page().errors(), leaving_);
-  const auto segment = std::ranges::find(segments_, listID, &PageSegment::list);
-  if (segment == segments_.end()) return;
-  for (ChildSteps::Removed& removed : steps.removed) removed.index += segment->first;
-  for (std::size_t& index : steps.inserted) index += segment->first;
-  note(nullptr, steps);
+  noteInList(listID, known->second.follow(ids, page().errors(), leaving_));
 }
 
 bool AccessibleTree::hasNewRows(const ui::ListRows& rows) const {
@@ -213,27 +176,48 @@ std::vector<AccessibleObject*> AccessibleTree::knownNearViewport() {
   return objects;
 }
 
+void AccessibleTree::noteInRow(AccessibleRow& row, const ChildSteps& steps) {
+  note(row.id(), steps, [&](std::size_t index) {
+    return index < row.known.size() ? object(&row, row.known[index]) : nullptr;
+  });
+}
+
+/// Changes in a list are announced only when a client has asked for the list.
+void AccessibleTree::noteInList(NodeID list, const ChildSteps& steps) {
+  const auto slot = std::ranges::find(slots_, list, &ElementSlot::node);
+  if (slot == slots_.end() || !slot->object) return;
+  note(slot->object->id(), steps, [&](std::size_t index) { return rowAt(list, index); });
+}
+
+/// Changes in a section are announced only when a client has asked for the section.
+void AccessibleTree::noteInSection(std::uint64_t path, const ChildSteps& steps) {
+  const auto slot = std::ranges::find(slots_, path, &ElementSlot::path);
+  const bool isKnown = path == 0 || (slot != slots_.end() && slot->object);
+  if (!isKnown) return;
+  note(path ? slot->object->id() : 0, steps, [&](std::size_t index) {
+    return dynamic_cast<AccessibleObject*>(childOf(path, static_cast<int>(index)));
+  });
+}
+
 /// Notes removed children from the last to the first, then added ones from the first to the last.
-/// So each index is right when its change is announced.
-void AccessibleTree::note(AccessibleRow* row, const ChildSteps& steps) {
+/// So each index is right when its change is announced. `childAt` returns the child at an index,
+/// nullptr when there is none.
+template <class ChildAt>
+void AccessibleTree::note(QAccessible::Id parent, const ChildSteps& steps, ChildAt childAt) {
   using Kind = atspi::ChildChange::Kind;
-  const QAccessible::Id parent = row ? row->id() : 0;
-  const auto childAt = [&](std::size_t index) {
-    QAccessibleInterface* at =
-        !row ? child(static_cast<int>(index))
-             : (index < row->known.size() ? object(row, row->known[index]) : nullptr);
-    const auto* known = dynamic_cast<AccessibleObject*>(at);
+  const auto idAt = [&](std::size_t index) {
+    const AccessibleObject* known = childAt(index);
     return known ? known->id() : 0;
   };
   if (!steps.areComplete || steps.removed.size() + steps.inserted.size() > mostSentOneByOne) {
-    childChanges_.push_back({Kind::unlisted, parent, 0, childAt(0)});
+    childChanges_.push_back({Kind::unlisted, parent, 0, idAt(0)});
     return;
   }
   for (const auto& [index, gone] : steps.removed | std::views::reverse) {
     childChanges_.push_back({Kind::removed, parent, index, gone});
   }
   for (const std::size_t index : steps.inserted) {
-    childChanges_.push_back({Kind::added, parent, index, childAt(index)});
+    childChanges_.push_back({Kind::added, parent, index, idAt(index)});
   }
 }
 

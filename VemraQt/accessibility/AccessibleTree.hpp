@@ -4,7 +4,7 @@
 #include "VemraQt/accessibility/KnownRows.hpp"
 #include "VemraQt/accessibility/LeavingObjects.hpp"
 #include "VemraQt/accessibility/ObjectHost.hpp"
-#include "VemraQt/accessibility/PageSegments.hpp"
+#include "VemraQt/accessibility/PageOutline.hpp"
 #include "VemraQt/atspi/ChildSignals.hpp"
 
 #include <cstdint>
@@ -25,10 +25,13 @@ namespace vemra::qt {
 /// with or without a widget.
 ///
 ///     page
-///       text, button, …           the elements outside lists, in tree order
-///       row "Ada"                 a group named by its first text or title
-///         button, text, …         its elements, in tree order
-///       row "Bo"
+///       heading, text, button, …    the elements outside lists, in tree order
+///       section "People"            a stack that begins with a headline: a group with its name
+///         heading, text, …          the elements of the section, in tree order
+///         list
+///           row "Ada"               a list item named by its first text or title
+///             button, text, …       its elements, in tree order
+///           row "Bo"
 ///
 /// The tree makes an object when a client first asks for it. An element's object lives as long as
 /// the element's identity; a row's object lives as long as the row's id is in the list, even while
@@ -41,12 +44,6 @@ class AccessibleTree final : public QObject, public ObjectHost {
   AccessibleTree(QAbstractScrollArea& area, Page& page);
   ~AccessibleTree() override;
 
-  /// \name The page's children: elements and rows @{
-  int childCount();
-  QAccessibleInterface* child(int index);
-  int indexOf(const QAccessibleInterface* object);
-  /// @}
-
   /// The object of a shown element; nullptr when the element is not accessible.
   AccessibleObject* objectOf(const page::Node& leaf);
   /// Whether there may be a client to notify: accessibility is active, or a client has asked this
@@ -58,12 +55,10 @@ class AccessibleTree final : public QObject, public ObjectHost {
   /// clients.
   void refresh();
   void refreshList(ui::NodeID list) override;
-  /// The current children of the page.
-  const std::vector<PageSegment>& segments();
+  const PageOutline& outline() override;
   std::vector<ElementSlot>& elementsOf(AccessibleRow* row) override;
   AccessibleObject* object(AccessibleRow* row, ElementSlot& slot) override;
-  /// The row's object, made if needed; nullptr when the list has no such row.
-  AccessibleRow* rowAt(ui::NodeID list, std::size_t index);
+  AccessibleRow* rowAt(ui::NodeID list, std::size_t index) override;
   /// The object of the row with that node; nullptr when no client has asked for the row.
   AccessibleRow* knownRow(ui::NodeID rowNode) const;
   /// Whether rows without nodes may have changed since they were last reported to clients.
@@ -84,13 +79,17 @@ class AccessibleTree final : public QObject, public ObjectHost {
 
  private:
   bool hasBeenAsked() const { return pageVersion_ != neverAsked; }
-  void note(AccessibleRow* row, const ChildSteps& steps);
+  void noteInRow(AccessibleRow& row, const ChildSteps& steps);
+  void noteInList(ui::NodeID list, const ChildSteps& steps);
+  void noteInSection(std::uint64_t path, const ChildSteps& steps);
+  template <class ChildAt>
+  void note(QAccessible::Id parent, const ChildSteps& steps, ChildAt childAt);
 
   static constexpr std::uint64_t neverAsked = ~std::uint64_t{0};
 
   std::uint64_t pageVersion_ = neverAsked;  ///< the page's version at the last refresh
   std::vector<ElementSlot> slots_;
-  std::vector<PageSegment> segments_;
+  PageOutline outline_;
   std::unordered_map<ui::NodeID, KnownRows> lists_;
   LeavingObjects leaving_;
   std::vector<atspi::ChildChange> childChanges_;

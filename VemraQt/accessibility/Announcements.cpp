@@ -1,6 +1,7 @@
 #include "VemraQt/accessibility/Announcements.hpp"
 
 #include "VemraQt/accessibility/AccessibleElement.hpp"
+#include "VemraQt/accessibility/AccessibleSection.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
 #include "VemraQt/page/Page.hpp"
 
@@ -90,8 +91,7 @@ void Announcements::announceNews() {
     ElementSlot* slot = knownSlot(updated);
     if (!slot) continue;
     compare(*slot, changes);
-    if (auto* row = dynamic_cast<AccessibleRow*>(slot->object->parent()))
-      compareName(*row, changes);
+    compareNameAround(*slot->object, changes);
   }
   compareShowing(changes);
   send(changes);
@@ -129,6 +129,17 @@ void Announcements::compare(ElementSlot& slot, std::vector<Change>& changes) con
   if (std::exchange(slot.shown, shown) == shown || slot.kind == ElementKind::textField) return;
   changes.push_back({slot.object->id(),
                      slot.kind == ElementKind::picker ? Change::What::value : Change::What::name});
+}
+
+/// An element may name the row or the section that holds it.
+void Announcements::compareNameAround(const AccessibleObject& element,
+                                      std::vector<Change>& changes) const {
+  QAccessibleInterface* holder = element.parent();
+  if (auto* row = dynamic_cast<AccessibleRow*>(holder)) compareName(*row, changes);
+  auto* section = dynamic_cast<AccessibleSection*>(holder);
+  if (section && section->updateReportedName()) {
+    changes.push_back({section->id(), Change::What::name});
+  }
 }
 
 void Announcements::compareName(AccessibleRow& row, std::vector<Change>& changes) const {

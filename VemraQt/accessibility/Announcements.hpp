@@ -52,6 +52,7 @@ class Announcements final : public PageObserver {
   void send(const atspi::ChildChange& change) const;
   void send(const std::vector<Change>& changes);
   void compare(ElementSlot& slot, std::vector<Change>& changes) const;
+  void compareNameAround(const AccessibleObject& element, std::vector<Change>& changes) const;
   void compareName(AccessibleRow& row, std::vector<Change>& changes) const;
   void compareShowing(std::vector<Change>& changes);
   ElementSlot* knownSlot(ui::NodeID node);

@@ -50,25 +50,56 @@ struct Collected {
   std::vector<ui::NodeID> incomplete;  ///< lists inside rows that do not have all their rows yet
 };
 
-void collect(const ui::Node& node, std::uint64_t path, Collected& collected) {
+/// `section` is the path of the section around the node.
+void collect(const ui::Node& node, std::uint64_t path, std::uint64_t section,
+             Collected& collected) {
   path = step(path, node);
   const ElementKind kind = node.element.kind();
   if (isElement(kind)) {
-    collected.elements.push_back(
-        {path, kind, node.id, nullptr, node.element.style().enabled, hashOfShown(node.element)});
+    collected.elements.push_back({path, section, kind, node.id, nullptr,
+                                  node.element.style().enabled, hashOfShown(node.element)});
     return;
   }
   if (kind == ElementKind::forEach) {
     if (!isInsideRow(node)) {
-      collected.elements.push_back({path, kind, node.id, nullptr, true, 0});
+      collected.elements.push_back({path, section, kind, node.id, nullptr, true, 0});
       return;
     }
     if (node.children.size() < node.element.rowCount()) collected.incomplete.push_back(node.id);
   }
-  for (const ui::Node* child : node.children) collect(*child, path, collected);
+  if (isSection(node) && !isInsideRow(node)) {
+    collected.elements.push_back({path, section, kind, node.id, nullptr, true, 0});
+    section = path;
+  }
+  for (const ui::Node* child : node.children) collect(*child, path, section, collected);
 }
 
 }  // namespace
+
+int headingLevel(const ui::Element& element) {
+  if (element.kind() != ElementKind::text) return 0;
+  switch (element.style().font.style) {
+    case ui::TextStyle::title2:
+      return 1;
+    case ui::TextStyle::headline:
+      return 2;
+    default:
+      return 0;
+  }
+}
+
+bool isSection(const ui::Node& node) {
+  const ElementKind kind = node.element.kind();
+  const bool isStack = kind == ElementKind::vStack || kind == ElementKind::hStack;
+  if (!isStack || node.children.size() < 2) return false;
+  const ui::Node* first = node.children.front();
+  while (first->element.kind() == ElementKind::group ||
+         first->element.kind() == ElementKind::composite) {
+    if (first->children.empty()) return false;
+    first = first->children.front();
+  }
+  return headingLevel(first->element) == 2;
+}
 
 std::size_t hashOfShown(const ui::Element& element) {
   if (element.kind() == ElementKind::picker) {
@@ -84,7 +115,7 @@ std::vector<ElementSlot> elementsUnder(ui::NodeID top, Page& page) {
   for (;;) {
     Collected collected;
     const ui::Node* node = graph.find(top);
-    if (node) collect(*node, 0, collected);
+    if (node) collect(*node, 0, 0, collected);
     // Ask for each list's rows only once: during an event they come later, and new rows may hold
     // more lists.
     std::erase_if(collected.incomplete,

@@ -16,9 +16,11 @@ class AccessibleObject;
 class Page;
 
 /// One element of a page or of a row as assistive technology sees it, and its accessible object
-/// once a client has asked for it.
+/// once a client has asked for it. Outside rows, lists and sections have slots too.
 struct ElementSlot {
   std::uint64_t path = 0;  ///< the place in the page or row; constant as long as the identity is
+  /// The path of the section around it; 0 directly in the page or in a row.
+  std::uint64_t section = 0;
   ui::ElementKind kind = ui::ElementKind::text;
   ui::NodeID node;
   AccessibleObject* object = nullptr;
@@ -31,8 +33,16 @@ struct ElementSlot {
 /// The hash for `ElementSlot::shown`.
 std::size_t hashOfShown(const ui::Element& element);
 
+/// Whether the node is a section: a stack of several views that begins with a text in the headline
+/// font.
+bool isSection(const ui::Node& node);
+
+/// The heading level of an element: 1 for a text in the title font, 2 for one in the headline font,
+/// 0 for an element that is no heading.
+int headingLevel(const ui::Element& element);
+
 /// The elements under a node, in tree order; none when the node is gone. Outside rows a list is one
-/// entry. Inside a row, the rows of a list count as ordinary content, and the graph is asked for
+/// entry, and a section is an entry before its content. Inside a row, the rows of a list count as ordinary content, and the graph is asked for
 /// missing ones.
 std::vector<ElementSlot> elementsUnder(ui::NodeID node, Page& page);
 

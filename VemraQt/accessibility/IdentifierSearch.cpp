@@ -30,6 +30,11 @@ QString IdentifierSearch::identifier(QAccessible::Id id) const {
   return isPage ? tree_.area().objectName() + QStringLiteral("") : QString();
 }
 
+QMap<QString, QString> IdentifierSearch::attributes(QAccessible::Id id) const {
+  const AccessibleObject* object = AccessibleObject::living(id);
+  return object && &object->tree() == &tree_ ? object->attributes() : QMap<QString, QString>();
+}
+
 bool IdentifierSearch::scrollIn(QAccessible::Id id) {
   AccessibleObject* object = AccessibleObject::living(id);
   if (!object || &object->tree() != &tree_) return false;
@@ -50,20 +55,18 @@ QList<QAccessible::Id> IdentifierSearch::find(const QString& sought) {
 QList<QAccessible::Id> IdentifierSearch::findIn(RowSearch::Rows rows,
                                                 const std::string& identifier) {
   QList<QAccessible::Id> found;
-  const std::vector<PageSegment> segments = tree_.segments();  // a copy: it may change below
-  for (const PageSegment& segment : segments) {
-    if (!segment.list) {
-      std::vector<ElementSlot>& elements = tree_.elementsOf(nullptr);
-      if (segment.slot >= elements.size()) break;
-      ElementSlot& slot = elements[segment.slot];
-      const ui::Node* node = tree_.find(slot.node);
-      if (node && node->element.accessibilityIdentifier() == identifier) {
-        found << tree_.object(nullptr, slot)->id();
-      }
-      continue;
+  const std::vector<ElementSlot> elements =
+      tree_.elementsOf(nullptr);  // a copy: it may change below
+  for (const ElementSlot& slot : elements) {
+    const ui::Node* node = tree_.find(slot.node);
+    if (node && node->element.accessibilityIdentifier() == identifier) {
+      std::vector<ElementSlot>& now = tree_.elementsOf(nullptr);
+      const auto still = std::ranges::find(now, slot.node, &ElementSlot::node);
+      if (still != now.end()) found << tree_.object(nullptr, *still)->id();
     }
-    for (const std::size_t index : rows_.rows(segment.list, identifier, rows)) {
-      findInRow(segment.list, index, identifier, found);
+    if (slot.kind != ui::ElementKind::forEach) continue;
+    for (const std::size_t index : rows_.rows(slot.node, identifier, rows)) {
+      findInRow(slot.node, index, identifier, found);
     }
   }
   return found;

@@ -22,6 +22,7 @@ class IdentifierSearch final : public atspi::IdentifierSource {
   IdentifierSearch& operator=(const IdentifierSearch&) = delete;
 
   QString identifier(QAccessible::Id element) const override;
+  QMap<QString, QString> attributes(QAccessible::Id element) const override;
   QList<QAccessible::Id> find(const QString& identifier) override;
   bool scrollIn(QAccessible::Id element) override;
   /// For a search that makes no accessible objects.

@@ -45,17 +45,9 @@ ChildSteps KnownRows::follow(const std::shared_ptr<const ui::RowIDs>& source, Pa
   return steps;
 }
 
-ChildSteps KnownRows::leave(PageErrors& errors, LeavingObjects& leaving) {
-  ChildSteps steps;
-  std::size_t count = 0;
-  const bool isCounted = source_ && errors.attempt([&] { count = source_->count(); });
-  steps.areComplete = isCounted && count <= mostSentOneByOne;
-  for (std::size_t row = 0; steps.areComplete && row < count; ++row) {
-    steps.removed.push_back({row, idAt(row)});
-  }
+void KnownRows::leave(LeavingObjects& leaving) {
   for (auto& [index, row] : rows_) leaving.addRow(*row);
   rows_.clear();
-  return steps;
 }
 
 void KnownRows::takeUncompared(std::vector<QAccessible::Id>& rows, std::size_t most) {

@@ -30,7 +30,7 @@ class KnownRows {
   ChildSteps follow(const std::shared_ptr<const ui::RowIDs>& source, PageErrors& errors,
                     LeavingObjects& leaving);
   /// Removes all rows, because the list has gone.
-  ChildSteps leave(PageErrors& errors, LeavingObjects& leaving);
+  void leave(LeavingObjects& leaving);
   /// Adds known rows that have not been compared since their list changed to `rows`, until it has
   /// `most` entries; each row once after every `follow`.
   void takeUncompared(std::vector<QAccessible::Id>& rows, std::size_t most);

@@ -19,6 +19,9 @@ std::optional<FoundElement> RowSearch::firstIn(Rows rows, const std::string& ide
   const ui::Node* const root = page_.graph().root();
   if (!root) return std::nullopt;
   for (const ElementSlot& slot : elementsUnder(root->id, page_)) {
+    const bool isSection =
+        slot.kind == ui::ElementKind::vStack || slot.kind == ui::ElementKind::hStack;
+    if (isSection) continue;  // a host visits elements alone
     if (slot.kind != ui::ElementKind::forEach) {
       if (has(slot.node, identifier)) return FoundElement{{}, slot.node};
       continue;

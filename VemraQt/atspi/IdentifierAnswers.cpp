@@ -96,9 +96,14 @@ bool answerProperty(const QDBusMessage& message, const QDBusConnection& connecti
 }
 
 bool answerAttributes(const QDBusMessage& message, const QDBusConnection& connection) {
-  const QString identifier = identifierOf(elementAt(message.path()));
-  if (identifier.isEmpty()) return false;
-  const QMap<QString, QString> attributes{{QStringLiteral("id"), identifier}};
+  const QAccessible::Id element = elementAt(message.path());
+  QMap<QString, QString> attributes;
+  for (const IdentifierSource* source : identifierSources()) {
+    attributes.insert(source->attributes(element));
+  }
+  const QString identifier = identifierOf(element);
+  if (!identifier.isEmpty()) attributes.insert(QStringLiteral("id"), identifier);
+  if (attributes.isEmpty()) return false;
   return connection.send(message.createReply(QVariant::fromValue(attributes)));
 }
 
@@ -146,7 +151,7 @@ bool answerState(const QDBusMessage& message, const QDBusConnection& connection)
       {state.focusable, 11},  {state.focused, 12},
       {state.selectable, 22}, {state.selected, 23},
       {!state.disabled, 24},  {!state.invisible && !state.offscreen, 25},
-      {state.editable, 26},   {interface->role() == QAccessible::ListItem, 28},
+      {state.editable, 26},   {state.selectable, 28},
       {!state.invisible, 30}, {state.selectableText, 38},
       {state.hasPopup, 42},
   };

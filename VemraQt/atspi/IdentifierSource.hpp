@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QList>
+#include <QMap>
 #include <QString>
 
 namespace vemra::qt::atspi {
@@ -16,6 +17,9 @@ class IdentifierSource {
   /// The identifier of an element of this tree, byte for byte; "" when it has none; a null string
   /// when the id is not of this tree.
   virtual QString identifier(QAccessible::Id element) const = 0;
+  /// The other attributes of an element of this tree: the level of a heading, the position of a
+  /// row. Empty when the id is not of this tree.
+  virtual QMap<QString, QString> attributes(QAccessible::Id element) const = 0;
   /// Finds the elements with that identifier, in tree order. Does not walk the accessibility tree:
   /// it costs only the source's own look-up.
   virtual QList<QAccessible::Id> find(const QString& identifier) = 0;

@@ -84,6 +84,10 @@ bool Page::focusNext(bool forward) {
   return page_.focusNext(directionOf(forward));
 }
 
+bool Page::focusNextRow(bool forward) {
+  return page_.focusNextRow(directionOf(forward));
+}
+
 bool Page::focusEnd(bool first) {
   return page_.focusFirst(directionOf(first));
 }

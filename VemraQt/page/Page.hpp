@@ -52,6 +52,9 @@ class Page final : public EventSink, private page::PageHost {
   /// \name Focus, in tree order over all rows @{
   /// Moves the focus to the next control; false at the end of the page.
   bool focusNext(bool forward);
+  /// Moves the focus from a button in a row to the first control of the next or previous row; false
+  /// when the focus is elsewhere, or at the end of the list.
+  bool focusNextRow(bool forward);
   /// Gives the focus to the first control of the page, or to the last one.
   bool focusEnd(bool first);
   bool focusElement(ui::NodeID node, Qt::FocusReason reason);

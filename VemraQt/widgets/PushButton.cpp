@@ -77,7 +77,7 @@ void PushButton::keyPressEvent(QKeyEvent* event) {
       if (scrollIn()) QPushButton::keyPressEvent(event);
       return;
     default:
-      event->ignore();  // arrow keys scroll the page
+      event->ignore();  // arrow keys move among the rows or scroll the page
   }
 }
 

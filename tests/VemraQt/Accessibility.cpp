@@ -4,12 +4,31 @@
 #include "tests/VemraQt/PageBehind.hpp"
 
 #include <map>
+#include <stdexcept>
 #include <utility>
 
 namespace vemra::qttest {
 
 QAccessibleInterface& accessiblePage(const WindowHost& host) {
   return *QAccessible::queryAccessibleInterface(const_cast<qt::ViewWidget*>(&host.widget));
+}
+
+QAccessibleInterface* listIn(QAccessibleInterface& element) {
+  if (element.role() == QAccessible::List) return &element;
+  for (int i = 0; i < element.childCount(); ++i) {
+    QAccessibleInterface* child = element.child(i);
+    const bool isHolder = child->role() == QAccessible::Grouping;
+    if (!isHolder && child->role() != QAccessible::List) continue;
+    if (QAccessibleInterface* list = listIn(*child)) return list;
+  }
+  return nullptr;
+}
+
+QAccessibleInterface& rowIn(QAccessibleInterface& element, int index) {
+  QAccessibleInterface* list = listIn(element);
+  QAccessibleInterface* row = list ? list->child(index) : nullptr;
+  if (!row) throw std::out_of_range("no row " + std::to_string(index));
+  return *row;
 }
 
 QAccessibleInterface* accessible(const WindowHost& host, const std::string& identifier) {

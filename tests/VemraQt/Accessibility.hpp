@@ -15,6 +15,11 @@ namespace vemra::qttest {
 /// The accessible object of a window's page.
 QAccessibleInterface& accessiblePage(const WindowHost& host);
 
+/// The first list of a page or of an element below; nullptr when there is none.
+QAccessibleInterface* listIn(QAccessibleInterface& element);
+/// A row of that list. A page without a list is an error of the test.
+QAccessibleInterface& rowIn(QAccessibleInterface& element, int index);
+
 /// The element with that identifier, drawn or not; nullptr when there is none.
 QAccessibleInterface* accessible(const WindowHost& host, const std::string& identifier);
 

@@ -1,6 +1,8 @@
 // One tree over the whole page: it contains every row and control, drawn or not, and all of them
 // act.
 
+#include "VemraPlatform/ui/View.hpp"
+#include "VemraQt/accessibility/AccessibleObject.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 
@@ -41,39 +43,101 @@ TEST(AccessibleTree, HasEveryRowAndControlInTreeOrder) {
   EXPECT_EQ(identifiers, expected);
 }
 
+namespace {
+
+/// Checks the indexes and the parents of everything below; of a long list, of some rows.
+void expectConsistent(QAccessibleInterface& holder) {
+  for (int i = 0; i < holder.childCount(); i += i < 20 ? 1 : 37) {
+    QAccessibleInterface* child = holder.child(i);
+    ASSERT_TRUE(child);
+    ASSERT_EQ(holder.indexOfChild(child), i) << name(*child);
+    ASSERT_EQ(child->parent(), &holder) << name(*child);
+    expectConsistent(*child);
+  }
+  EXPECT_EQ(holder.child(-1), nullptr);
+  EXPECT_EQ(holder.child(holder.childCount()), nullptr);
+}
+
+}  // namespace
+
 TEST(AccessibleTree, EveryIndexIsConsistent) {
   WindowHost host(resultWith(2000));
   host.press("vemra.goal.person.p2.outcome.start");
-  QAccessibleInterface& page = accessiblePage(host);
-  for (int i = 0; i < page.childCount(); i += i < 20 ? 1 : 37) {
-    QAccessibleInterface* child = page.child(i);
-    ASSERT_EQ(page.indexOfChild(child), i);
-    ASSERT_EQ(child->parent(), &page);
-    for (int k = 0; k < child->childCount(); ++k) {
-      QAccessibleInterface* element = child->child(k);
-      ASSERT_EQ(child->indexOfChild(element), k) << name(*element);
-      ASSERT_EQ(element->parent(), child);
-      for (int c = 0; c < element->childCount(); ++c) {
-        ASSERT_EQ(element->indexOfChild(element->child(c)), c);
-        ASSERT_EQ(element->child(c)->parent(), element);
-      }
-    }
-  }
-  EXPECT_EQ(page.child(-1), nullptr);
-  EXPECT_EQ(page.child(page.childCount()), nullptr);
+  expectConsistent(accessiblePage(host));
 }
 
-TEST(AccessibleTree, ARowIsAGroupNamedAfterItsFirstText) {
+TEST(AccessibleTree, ARowIsAListItemNamedAfterItsFirstText) {
   WindowHost host(resultWith(100));
   QAccessibleInterface& page = accessiblePage(host);
-  QAccessibleInterface* row = page.child(2 + 90);
-  EXPECT_EQ(row->role(), QAccessible::Grouping);
-  EXPECT_EQ(name(*row), "Person Number 90");
-  EXPECT_EQ(name(*page.child(2 + 10)), "Unnamed person");
+  QAccessibleInterface& row = rowIn(page, 90);
+  EXPECT_EQ(row.role(), QAccessible::ListItem);
+  EXPECT_EQ(name(row), "Person Number 90");
+  EXPECT_EQ(name(rowIn(page, 10)), "Unnamed person");
   std::vector<std::string> names;
-  for (QAccessibleInterface* element : elementsBelow(*row)) names.push_back(name(*element));
+  for (QAccessibleInterface* element : elementsBelow(row)) names.push_back(name(*element));
   EXPECT_THAT(names, ElementsAre("Person Number 90", "Email: Asked about design leads in March",
                                  "Show source", "Record outcome"));
+}
+
+TEST(AccessibleTree, ARowKnowsItsPlaceInTheWholeList) {
+  WindowHost host(resultWith(3000));
+  const auto& row = dynamic_cast<qt::AccessibleObject&>(rowIn(accessiblePage(host), 2000));
+  const auto place = [&] {
+    return row.attributes()["posinset"].toStdString() + " of " +
+           row.attributes()["setsize"].toStdString();
+  };
+  EXPECT_EQ(place(), "2001 of 3000");
+  host.erasePerson(10);
+  EXPECT_EQ(place(), "2000 of 2999");
+  host.change([](Result& result) { result.people = {}; });
+  EXPECT_TRUE(row.attributes().isEmpty()) << "the row is gone";
+}
+
+TEST(AccessibleTree, ASectionIsAGroupWithTheNameOfItsHeading) {
+  WindowHost host(resultWith(3));
+  QAccessibleInterface& page = accessiblePage(host);
+  ASSERT_EQ(page.childCount(), 4);
+  EXPECT_EQ(page.child(0)->role(), QAccessible::Heading);
+  EXPECT_EQ(dynamic_cast<qt::AccessibleObject&>(*page.child(0)).attributes()["level"], "1");
+  for (const int place : {1, 2}) {
+    QAccessibleInterface& section = *page.child(place);
+    EXPECT_EQ(section.role(), QAccessible::Grouping);
+    EXPECT_EQ(name(section), place == 1 ? "People worth considering" : "Supported path");
+    EXPECT_EQ(section.child(0)->role(), QAccessible::Heading);
+    EXPECT_EQ(name(*section.child(0)), name(section));
+    EXPECT_EQ(dynamic_cast<qt::AccessibleObject&>(*section.child(0)).attributes()["level"], "2");
+    for (int i = 0; i < section.childCount(); ++i) {
+      EXPECT_TRUE(section.rect().contains(section.child(i)->rect())) << i;
+    }
+  }
+  EXPECT_EQ(page.child(1)->child(1)->role(), QAccessible::List);
+  EXPECT_EQ(accessible(host, "vemra.goal.path.outcome.start")->parent(), page.child(2));
+  EXPECT_EQ(page.child(3)->role(), QAccessible::StaticText) << "the footer is in no section";
+}
+
+TEST(AccessibleTree, AStackIsASectionOnlyWithContentBehindItsHeadline) {
+  const auto text = [](const char* words) { return ui::Text(ui::verbatim(words)); };
+  const auto stack = [](ui::Children children) {
+    return ui::VStack(ui::HorizontalAlignment::leading, 0, std::move(children));
+  };
+  qt::ViewWidget widget;
+  widget.resize(300, 300);
+  widget.setEnvironment({});
+  widget.setRoot(
+      stack({stack({text("alone").font(ui::Font::headline)}), stack({text("plain"), text("below")}),
+             stack({stack({text("outer").font(ui::Font::headline),
+                           stack({text("inner").font(ui::Font::headline), text("x")})}),
+                    text("behind")})}));
+  widget.show();
+  std::vector<std::string> groups;
+  for (QAccessibleInterface* below :
+       elementsBelow(*QAccessible::queryAccessibleInterface(&widget))) {
+    if (below->role() != QAccessible::Grouping) continue;
+    groups.push_back(
+        name(*below) + " in " +
+        (below->parent()->role() == QAccessible::Grouping ? name(*below->parent()) : "the page"));
+  }
+  EXPECT_THAT(groups, ElementsAre("outer in the page", "inner in outer"));
 }
 
 TEST(AccessibleTree, RolesStatesAndValuesOfAnOpenEditor) {
@@ -142,13 +206,16 @@ TEST(AccessibleTree, EveryRowContainsItsElementsInEitherDirection) {
     widget.setRoot(ui::HStack(ui::VerticalAlignment::top, 8, {text("beside"), rows}));
     widget.show();
     QAccessibleInterface& page = *QAccessible::queryAccessibleInterface(&widget);
-    ASSERT_EQ(page.childCount(), 4);
-    for (int i = 1; i < 4; ++i) {
-      QAccessibleInterface& row = *page.child(i);
+    ASSERT_EQ(page.childCount(), 2);
+    QAccessibleInterface& list = *page.child(1);
+    ASSERT_EQ(list.childCount(), 3);
+    for (int i = 0; i < 3; ++i) {
+      QAccessibleInterface& row = *list.child(i);
       EXPECT_TRUE(row.rect().contains(row.child(0)->rect())) << name(row);
       EXPECT_FALSE(row.state().offscreen);
       const QPoint middle = row.child(0)->rect().center();
-      EXPECT_EQ(page.childAt(middle.x(), middle.y()), &row) << name(row);
+      EXPECT_EQ(page.childAt(middle.x(), middle.y()), &list);
+      EXPECT_EQ(list.childAt(middle.x(), middle.y()), &row) << name(row);
     }
   }
 }
@@ -178,14 +245,15 @@ TEST(AccessibleTree, FocusingScrollsIn) {
 TEST(AccessibleTree, AnObjectFollowsItsRow) {
   WindowHost host(resultWith(3000));
   QAccessibleInterface& page = accessiblePage(host);
-  QAccessibleInterface* row = page.child(2 + 2000);
+  QAccessibleInterface& list = *listIn(page);
+  QAccessibleInterface* row = list.child(2000);
   QAccessibleInterface* start = accessible(host, "vemra.goal.person.p2000.outcome.start");
   const QAccessible::Id id = QAccessible::uniqueId(start);
   host.erasePerson(10);
   host.erasePerson(2500);
   EXPECT_EQ(name(*row), "Person Number 2000");
-  EXPECT_EQ(page.indexOfChild(row), 2 + 1999);
-  EXPECT_EQ(page.child(2 + 1999), row);
+  EXPECT_EQ(list.indexOfChild(row), 1999);
+  EXPECT_EQ(list.child(1999), row);
   host.widget.verticalScrollBar()->setValue(host.widget.verticalScrollBar()->maximum() * 2 / 3);
   letGo();
   EXPECT_EQ(QAccessible::accessibleInterface(id), start);
@@ -197,14 +265,15 @@ TEST(AccessibleTree, ObjectsOfARemovedRowAnswerEmptyAndAreDeleted) {
   WindowHost host(resultWith(3000));
   for (const int index : {1, 2000}) {
     const std::string ref = host.result.people[static_cast<std::size_t>(index)].personRef;
-    QAccessibleInterface* row = accessiblePage(host).child(2 + index);
+    QAccessibleInterface& list = *listIn(accessiblePage(host));
+    QAccessibleInterface* row = list.child(index);
     QAccessibleInterface* start = accessible(host, "vemra.goal.person." + ref + ".outcome.start");
     const QAccessible::Id rowID = QAccessible::uniqueId(row);
     const QAccessible::Id startID = QAccessible::uniqueId(start);
     host.erasePerson(static_cast<std::size_t>(index));
     EXPECT_EQ(name(*start), "");
     EXPECT_TRUE(start->state().invalid);
-    EXPECT_EQ(accessiblePage(host).indexOfChild(row), -1);
+    EXPECT_EQ(list.indexOfChild(row), -1);
     EXPECT_FALSE(press(*start));
     letGo();
     EXPECT_EQ(QAccessible::accessibleInterface(rowID), nullptr);

@@ -187,9 +187,51 @@ TEST(Focus, KeysScrollThePage) {
   EXPECT_NEAR(bar.value(), host.widget.viewport()->height(), 2);
   key(host.widget, Qt::Key_PageUp);
   EXPECT_EQ(bar.value(), 0);
+  EXPECT_EQ(focusedName(host.widget), "Person Number 0") << "scrolling moves no focus";
+  host.widget.setFocus();
+  key(host.widget, Qt::Key_Down);
+  EXPECT_GT(bar.value(), 0) << "the page itself has the focus";
+}
+
+TEST(Focus, ArrowsMoveFromAButtonToTheNextRow) {
+  WindowHost host(resultWith(300));
+  const std::string prefix = "vemra.goal.person.p";
+  host.get<QWidget>(prefix + "0.outcome.start").setFocus();
+  key(host.widget, Qt::Key_Down);
+  EXPECT_EQ(focusedName(host.widget), "Person Number 1");
+  for (int i = 0; i < 150; ++i) key(host.widget, Qt::Key_Down);
+  EXPECT_EQ(focusedName(host.widget), "Person Number 151") << "also to rows without nodes";
+  EXPECT_TRUE(isInView(host.widget, *host.widget.focusWidget()));
+  key(host.widget, Qt::Key_Tab);
+  key(host.widget, Qt::Key_Up);
+  EXPECT_EQ(focusedName(host.widget), "Person Number 150") << "the first control of the row before";
+}
+
+TEST(Focus, ArrowsScrollAtTheEndsOfAListAndOutsideIt) {
+  WindowHost host(resultWith(30));
+  QScrollBar& bar = *host.widget.verticalScrollBar();
+  host.widget.setFocus();
+  key(host.widget, Qt::Key_Tab);
+  bar.setValue(200);
+  key(host.widget, Qt::Key_Up);
+  EXPECT_LT(bar.value(), 200);
+  EXPECT_EQ(focusedName(host.widget), "Person Number 0");
+  key(host.widget, Qt::Key_Backtab);
+  const std::string last = focusedName(host.widget);
+  EXPECT_EQ(last, "vemra.goal.path.outcome.start");
+  bar.setValue(0);
   key(host.widget, Qt::Key_Down);
   EXPECT_GT(bar.value(), 0);
-  EXPECT_EQ(focusedName(host.widget), "Person Number 0") << "scrolling moves no focus";
+  EXPECT_EQ(focusedName(host.widget), last);
+}
+
+TEST(Focus, ArrowsStayWithAnOpenNote) {
+  WindowHost host(resultWith(30));
+  host.press("vemra.goal.person.p3.outcome.start");
+  auto& note = host.get<QWidget>("vemra.goal.person.p3.outcome.note");
+  note.setFocus();
+  key(host.widget, Qt::Key_Down);
+  EXPECT_TRUE(note.hasFocus());
 }
 
 TEST(Focus, PageKeysScrollFromThePickerAndTheNoteToo) {

@@ -129,13 +129,15 @@ TEST(Strings, VerbatimTextsStayUnchangedWithATableThatTranslatesEveryKey) {
   }
   const std::vector<std::string> expected{
       "Save",
+      own("People worth considering"),  // the section
       own("People worth considering"),
-      "Cancel",  // the group
+      "",        // the list
+      "Cancel",  // the row
       "Cancel",
       "Email: Asked about design leads in March",
       own("Show source"),
       own("Record outcome"),
-      "Record outcome",  // the group
+      "Record outcome",  // the row
       "Record outcome",
       "Connected through 1 shared relationship",
       own("Outcome"),
@@ -150,7 +152,7 @@ TEST(Strings, VerbatimTextsStayUnchangedWithATableThatTranslatesEveryKey) {
       own("Note (optional)"),
       own("Save"),
       own("Cancel"),
-      "Unnamed person",  // the group
+      "Unnamed person",  // the row
       "Unnamed person",
       "4 shared threads, 2 shared meetings",
       own("Show source"),
@@ -158,6 +160,7 @@ TEST(Strings, VerbatimTextsStayUnchangedWithATableThatTranslatesEveryKey) {
       own("\u00b7 corrected"),
       own("Correct"),
       "Outcome",
+      own("Supported path"),  // the section
       own("Supported path"),
       "Connected through 1 shared relationship",
       own("See in Starfold"),

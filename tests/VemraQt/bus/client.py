@@ -53,6 +53,12 @@ class Window:
         """The calls of the host since the last time."""
         return self.tell("size 720 800")
 
+    def list(self):
+        """The list of people, in the first section."""
+        people = self.page.get_child_at_index(1).get_child_at_index(1)
+        equal(people.get_role_name(), "list")
+        return people
+
     def find(self, identifier):
         return find(self.page, identifier)
 
@@ -66,6 +72,12 @@ class Window:
         self.process.stdin.flush()
         stderr = self.process.communicate(timeout=20)[1]
         return self.process.returncode, stderr
+
+
+def place_of(row):
+    """The row's place in its list and the number of rows, as a screen reader reads them."""
+    attributes = row.get_attributes()
+    return attributes.get("posinset"), attributes.get("setsize")
 
 
 def expected_identifiers():
@@ -84,18 +96,34 @@ def expected_identifiers():
 def every_row_is_there_in_order(window):
     found = [node.get_accessible_id() for node in walk(window.page)]
     equal([i for i in found if i], expected_identifiers())
-    rows = [n for n in (window.page.get_child_at_index(i)
-                        for i in range(window.page.get_child_count()))
-            if n.get_role_name() == "panel"]
-    equal(len(rows), PEOPLE)
+    people = window.list()
+    equal(people.get_child_count(), PEOPLE)
+    rows = [people.get_child_at_index(i) for i in range(PEOPLE)]
+    equal({row.get_role_name() for row in rows}, {"list item"})
+    equal([place_of(rows[i]) for i in (0, 150)], [("1", str(PEOPLE)), ("151", str(PEOPLE))])
     equal(rows[7].get_name(), "Person Number 7")
     equal(rows[10].get_name(), "Unnamed person")
     equal([role_of(c) for c in walk(rows[150])],
           ["push button", "label", "push button", "push button"])
-    for place in (0, 1, 2, 60, 199, 203, 206):
+    for place in (0, 60, 199):
+        equal(people.get_child_at_index(place).get_index_in_parent(), place)
+    for place in range(4):
         equal(window.page.get_child_at_index(place).get_index_in_parent(), place)
     equal(rows[150].get_child_at_index(2).get_index_in_parent(), 2)
     equal(rows[150].get_child_at_index(2).get_parent().get_name(), rows[150].get_name())
+
+
+def headings_name_their_sections(window):
+    title, people, path, footer = (window.page.get_child_at_index(i) for i in range(4))
+    equal([node.get_role_name() for node in (title, people, path, footer)],
+          ["heading", "panel", "panel", "label"])
+    equal(title.get_attributes().get("level"), "1")
+    for section in (people, path):
+        heading = section.get_child_at_index(0)
+        equal(heading.get_role_name(), "heading")
+        equal(heading.get_attributes().get("level"), "2")
+        equal(section.get_name(), heading.get_name())
+    equal(window.get("vemra.goal.path.outcome.start").get_parent().get_name(), "Supported path")
 
 
 def what_is_outside_the_viewport_only_lacks_showing(window):
@@ -271,19 +299,19 @@ def comings_and_goings_are_heard(window):
             row = window.get(f"vemra.goal.person.{ref}.outcome.start").get_parent()
             return row.get_index_in_parent(), row.path
 
-        page = window.page.path
+        people = window.list().path
         heard()
         for ref in ("p199", "p20"):  # at the top by now, and far away
             index, row = row_of(ref)
             window.tell("remove " + ref)
-            equal(heard(), [("remove", index, row, page)])
+            equal(heard(), [("remove", index, row, people)])
         window.tell("scroll 5000")
         equal(heard(), [])
         window.tell("insert outside")
-        equal(heard(), [("add", 2, row_of("outside")[1], page)])
+        equal(heard(), [("add", 0, row_of("outside")[1], people)])
         window.tell("scroll 0")
         window.tell("insert inside")
-        equal(heard(), [("add", 2, row_of("inside")[1], page)])
+        equal(heard(), [("add", 0, row_of("inside")[1], people)])
         start = window.get("vemra.goal.person.inside.outcome.start")
         row, gone, place = start.get_parent(), start.path, start.get_index_in_parent()
         act(start, "Press")
@@ -292,13 +320,13 @@ def comings_and_goings_are_heard(window):
         equal(heard(), [("remove", place, gone, row.path)] +
               [("add", place + i, path, row.path) for i, path in enumerate(editor)])
         window.tell("shuffle")
-        equal(heard(), [("remove", -1, None, page),
-                        ("add", -1, window.page.get_child_at_index(0).path, page)])
+        equal(heard(), [("remove", -1, None, people),
+                        ("add", -1, window.list().get_child_at_index(0).path, people)])
         # A client that also listens to states would get a removal from the toolkit, too.
         with Ear("object:state-changed"):
             index, row = row_of("p30")
             window.tell("remove p30")
-            equal(heard(), [("remove", index, row, page)])
+            equal(heard(), [("remove", index, row, people)])
 
 
 def names_focus_and_text_are_heard(window):
@@ -393,6 +421,7 @@ def the_hosts_focus_is_heard_far_away(window):
 
 CHECKS = [
     every_row_is_there_in_order,
+    headings_name_their_sections,
     what_is_outside_the_viewport_only_lacks_showing,
     an_identifier_is_found_without_a_walk,
     the_keyboard_alone,

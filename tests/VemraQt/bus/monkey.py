@@ -29,12 +29,27 @@ class Client:
 
     def hold(self):
         """The object of a random row, and all objects in it."""
-        count = self.page.get_child_count()
-        row = self.page.get_child_at_index(self.random.randrange(max(1, count)))
+        self.page.get_child_count()  # the page itself answers always
+        self.use(self.hold_below, self.page)
+        del self.held[:-60]
+
+    def hold_below(self, page):
+        holder = self.random.choice(self.holders(page))
+        count = holder.get_child_count()
+        row = holder.get_child_at_index(self.random.randrange(max(1, count)))
         if row:
             self.held.append(row)
-            self.use(self.hold_children, row)
-        del self.held[:-60]
+            self.hold_children(row)
+
+    @staticmethod
+    def holders(page):
+        """The page, its sections, and the list of people when there is one."""
+        holders = [page]
+        for holder in holders:
+            children = map(holder.get_child_at_index, range(min(4, holder.get_child_count())))
+            holders += [child for child in children
+                        if child and child.get_role_name() in ("panel", "list")]
+        return holders
 
     def hold_children(self, row):
         children = map(row.get_child_at_index, range(row.get_child_count()))

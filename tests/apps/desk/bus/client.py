@@ -122,7 +122,7 @@ def every_identifier_is_there_and_no_other(desk):
 
 def names_are_shown_as_they_are(desk):
     row = desk.get(f"vemra.goal.person.{reference(150)}.outcome.start").get_parent()
-    equal(row.get_role_name(), "panel")
+    equal(row.get_role_name(), "list item")
     equal(row.get_name(), "Person <b>150</b> & more")
     equal(row.get_child_at_index(0).get_name(), "Person <b>150</b> & more")
 
