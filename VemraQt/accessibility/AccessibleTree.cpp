@@ -22,6 +22,49 @@ AccessibleTree::~AccessibleTree() {
   }
 }
 
+int AccessibleTree::childCountOf(std::uint64_t section) {
+  refresh();
+  return static_cast<int>(outline_.under(section).size());
+}
+
+QAccessibleInterface* AccessibleTree::childOf(std::uint64_t section, int index) {
+  refresh();
+  const std::vector<std::size_t>& children = outline_.under(section);
+  if (index < 0 || index >= static_cast<int>(children.size())) return nullptr;
+  return object(nullptr, slots_[children[static_cast<std::size_t>(index)]]);
+}
+
+int AccessibleTree::indexIn(std::uint64_t section, const QAccessibleInterface* sought) {
+  refresh();
+  const std::vector<std::size_t>& children = outline_.under(section);
+  const auto found = std::ranges::find_if(
+      children, [&](std::size_t slot) { return slots_[slot].object == sought; });
+  const bool isThere = sought && found != children.end();
+  return isThere ? static_cast<int>(found - children.begin()) : -1;
+}
+
+QAccessibleInterface* AccessibleTree::sectionAround(std::uint64_t path) {
+  refresh();
+  const auto inside = std::ranges::find(slots_, path, &ElementSlot::path);
+  if (inside == slots_.end() || inside->section == 0) return pageObject();
+  const auto section = std::ranges::find(slots_, inside->section, &ElementSlot::path);
+  return section == slots_.end() ? pageObject() : object(nullptr, *section);
+}
+
+QString AccessibleTree::identifierAt(std::uint64_t path) {
+  refresh();
+  const auto slot = std::ranges::find(slots_, path, &ElementSlot::path);
+  const ui::Node* node = slot == slots_.end() ? nullptr : find(slot->node);
+  return (node ? toQString(node->element.accessibilityIdentifier()) : QString()) +
+         QStringLiteral("");
+}
+
+QAccessibleInterface* AccessibleTree::listObject(ui::NodeID list) {
+  refresh();
+  const auto slot = std::ranges::find(slots_, list, &ElementSlot::node);
+  return slot == slots_.end() ? pageObject() : object(nullptr, *slot);
+}
+
 AccessibleObject* AccessibleTree::objectOf(const page::Node& leaf) {
   const ui::Node* rowNode = rowHolding(leaf.id, page());
   AccessibleRow* row = rowNode ? rowAt(rowNode->parent->id, rowNode->rowIndex) : nullptr;
@@ -91,11 +134,6 @@ void AccessibleTree::noteShowing(AccessibleObject& object, bool isShowing) {
   using Reported = AccessibleObject::Reported;
   if (isShowing && object.showing != Reported::yes) showing_.push_back(object.id());
   object.showing = isShowing ? Reported::yes : Reported::no;
-}
-
-const PageOutline& AccessibleTree::outline() {
-  refresh();
-  return outline_;
 }
 
 void AccessibleTree::refresh() {

@@ -55,7 +55,12 @@ class AccessibleTree final : public QObject, public ObjectHost {
   /// clients.
   void refresh();
   void refreshList(ui::NodeID list) override;
-  const PageOutline& outline() override;
+  int childCountOf(std::uint64_t section) override;
+  QAccessibleInterface* childOf(std::uint64_t section, int index) override;
+  int indexIn(std::uint64_t section, const QAccessibleInterface* object) override;
+  QAccessibleInterface* sectionAround(std::uint64_t path) override;
+  QString identifierAt(std::uint64_t path) override;
+  QAccessibleInterface* listObject(ui::NodeID list) override;
   std::vector<ElementSlot>& elementsOf(AccessibleRow* row) override;
   AccessibleObject* object(AccessibleRow* row, ElementSlot& slot) override;
   AccessibleRow* rowAt(ui::NodeID list, std::size_t index) override;

@@ -23,7 +23,6 @@ namespace vemra::qt {
 class AccessibleObject;
 class AccessibleRow;
 class Page;
-class PageOutline;
 struct ElementSlot;
 
 /// The functions of the tree that its accessible objects call. Main thread only.
@@ -42,22 +41,20 @@ class ObjectHost {
   bool isInViewport(const QRect& onScreen) const;
 
   /// \name The elements, lists and sections outside lists; the path 0 stands for the page @{
-  int childCountOf(std::uint64_t section);
-  QAccessibleInterface* childOf(std::uint64_t section, int index);
+  virtual int childCountOf(std::uint64_t section) = 0;
+  virtual QAccessibleInterface* childOf(std::uint64_t section, int index) = 0;
   /// -1 when the object is not directly in the section.
-  int indexIn(std::uint64_t section, const QAccessibleInterface* object);
+  virtual int indexIn(std::uint64_t section, const QAccessibleInterface* object) = 0;
   /// The object of the section around a path: the page when there is none, or no such path.
-  QAccessibleInterface* sectionAround(std::uint64_t path);
+  virtual QAccessibleInterface* sectionAround(std::uint64_t path) = 0;
   /// The accessibility identifier at a path; "" when there is none.
-  QString identifierAt(std::uint64_t path);
+  virtual QString identifierAt(std::uint64_t path) = 0;
   /// @}
 
   /// The row's object, made if needed; nullptr when the list has no such row.
   virtual AccessibleRow* rowAt(ui::NodeID list, std::size_t index) = 0;
   /// The object of a list; the page's when there is no such list.
-  QAccessibleInterface* listObject(ui::NodeID list);
-  /// How the slots of `elementsOf(nullptr)` are divided among the page and its sections.
-  virtual const PageOutline& outline() = 0;
+  virtual QAccessibleInterface* listObject(ui::NodeID list) = 0;
   /// The elements of the page (`row` is nullptr) or of a row, updated first.
   virtual std::vector<ElementSlot>& elementsOf(AccessibleRow* row) = 0;
   /// The object of an element, made if needed.

@@ -203,22 +203,6 @@ void expectHeard(QAccessibleInterface* object, const Element& element) {
   }
 }
 
-/// Collects the elements of the page and of its sections in order, and finds the list.
-void collectOutside(QAccessibleInterface& holder, std::vector<QAccessibleInterface*>& elements,
-                    QAccessibleInterface*& list) {
-  for (int i = 0; i < holder.childCount(); ++i) {
-    QAccessibleInterface* child = holder.child(i);
-    if (!child) fail("a child is missing");
-    if (child->role() == QAccessible::List) {
-      list = child;
-    } else if (child->role() == QAccessible::Grouping) {
-      collectOutside(*child, elements, list);
-    } else {
-      elements.push_back(child);
-    }
-  }
-}
-
 void expectHeardRow(Twins& twins, QAccessibleInterface& list, std::size_t row) {
   QAccessibleInterface* group = list.child(static_cast<int>(row));
   const auto elements = twins.elementsOf(row);
@@ -239,7 +223,27 @@ void expectHeardRow(Twins& twins, QAccessibleInterface& list, std::size_t row) {
   }
 }
 
+void collectHeard(QAccessibleInterface& holder, HeardPage& heard) {
+  for (int i = 0; i < holder.childCount(); ++i) {
+    QAccessibleInterface* child = holder.child(i);
+    if (!child) fail("a child is missing");
+    if (child->role() == QAccessible::List) {
+      heard.list = child;
+    } else if (child->role() == QAccessible::Grouping) {
+      collectHeard(*child, heard);
+    } else {
+      heard.elements.push_back(child);
+    }
+  }
+}
+
 }  // namespace
+
+HeardPage heardPage(QAccessibleInterface& page) {
+  HeardPage heard;
+  collectHeard(page, heard);
+  return heard;
+}
 
 void expectAgreement(Twins& twins) {
   expectSameLogs(twins);
@@ -261,9 +265,7 @@ void expectAgreementEverywhere(Twins& twins) {
   QAccessibleInterface& page = *QAccessible::queryAccessibleInterface(&twins.widget);
   const auto outside = twins.elementsOf(std::nullopt);
   const std::size_t rows = twins.rowCount();
-  std::vector<QAccessibleInterface*> heard;
-  QAccessibleInterface* list = nullptr;
-  collectOutside(page, heard, list);
+  const auto [heard, list] = heardPage(page);
   if (heard.size() != outside.size()) {
     fail("assistive technology counts " + std::to_string(heard.size()) +
          " elements outside the list, not " + std::to_string(outside.size()));

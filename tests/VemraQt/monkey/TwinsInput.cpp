@@ -6,6 +6,7 @@
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
+#include "tests/VemraQt/monkey/Agreement.hpp"
 #include "tests/VemraQt/monkey/Twins.hpp"
 
 #include <algorithm>
@@ -239,9 +240,11 @@ void Twins::pressHeld(const Step& step) {
   }
   if (node->element.kind() != ElementKind::button) return;
   const auto* row = dynamic_cast<const qt::AccessibleRow*>(element->parent());
+  const auto outside = heardPage(*QAccessible::queryAccessibleInterface(&widget)).elements;
+  const auto index =
+      row ? row->indexOfChild(element) : std::ranges::find(outside, object) - outside.begin();
   const Place place{row ? std::optional(row->index) : std::nullopt,
-                    static_cast<std::size_t>(element->parent()->indexOfChild(element)) -
-                        (row || element->parent()->indexOfChild(element) < 2 ? 0 : rowCount())};
+                    static_cast<std::size_t>(index)};
   const Element* its = at(place);
   if (!its || !(its->element == node->element)) {
     throw Disagreement("a held object stands for another element");

@@ -1,6 +1,7 @@
 // The places of the elements of both screens, and which elements correspond.
 
 #include "tests/VemraQt/PageBehind.hpp"
+#include "tests/VemraQt/monkey/Agreement.hpp"
 #include "tests/VemraQt/monkey/Twins.hpp"
 
 #include <algorithm>
@@ -149,12 +150,13 @@ std::optional<Place> Twins::focus() const {
 QAccessibleInterface* Twins::accessible(const Place& place) const {
   QAccessibleInterface* page =
       QAccessible::queryAccessibleInterface(const_cast<qt::ViewWidget*>(&widget));
-  const std::size_t rows = rowCount();
+  const HeardPage heard = heardPage(*page);
   if (place.row) {
-    QAccessibleInterface* row = page->child(static_cast<int>(2 + *place.row));
+    QAccessibleInterface* row =
+        heard.list ? heard.list->child(static_cast<int>(*place.row)) : nullptr;
     return row ? row->child(static_cast<int>(place.element)) : nullptr;
   }
-  return page->child(static_cast<int>(place.element < 2 ? place.element : place.element + rows));
+  return place.element < heard.elements.size() ? heard.elements[place.element] : nullptr;
 }
 
 std::optional<Place> Twins::drawControl(const Step& step, ElementKind kind) const {
