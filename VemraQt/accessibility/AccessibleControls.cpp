@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+#include <QAbstractScrollArea>
+
 namespace vemra::qt {
 
 QAccessible::Role AccessibleText::role() const {
@@ -15,11 +17,25 @@ QAccessible::Role AccessibleText::role() const {
   return shown && headingLevel(shown->element) ? QAccessible::Heading : QAccessible::StaticText;
 }
 
-QMap<QString, QString> AccessibleText::attributes() const {
+QMap<QString, QString> AccessibleText::objectAttributes() const {
   const ui::Node* shown = node();
   const int level = shown ? headingLevel(shown->element) : 0;
   if (!level) return {};
   return {{QStringLiteral("level"), QString::number(level)}};
+}
+
+void* AccessibleText::interface_cast(QAccessible::InterfaceType type) {
+  if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
+  return AccessibleElement::interface_cast(type);
+}
+
+QRect AccessibleText::drawnRect(int offset) const {
+  const ui::Node* shown = node();
+  const Page& page = tree().page();
+  const page::Node* leaf = shown ? page.tree().find(shown->id) : nullptr;
+  if (!leaf || leaf->measuredWidth < 0) return {};
+  return page.shown(*leaf).shape.characterRect(wholeText(), offset, rect(),
+                                               tree().area().layoutDirection());
 }
 
 std::vector<page::Choice> AccessiblePicker::choices() const {
@@ -140,10 +156,17 @@ void AccessibleChoice::doAction(const QString& name) {
   tree().page().deliver(picker->id, ui::Select{own->tag});
 }
 
-QLineEdit* AccessibleField::widget() const {
+LineField* AccessibleField::widget() const {
   const ui::Node* field = node();
   const page::Node* leaf = field ? tree().page().tree().find(field->id) : nullptr;
   return leaf ? dynamic_cast<LineField*>(tree().page().shown(*leaf).widget) : nullptr;
+}
+
+QRect AccessibleField::drawnRect(int offset) const {
+  const LineField* edit = widget();
+  if (!edit || !edit->isVisible()) return {};
+  const QRect drawn = edit->characterRect(offset);
+  return {edit->mapToGlobal(drawn.topLeft()), drawn.size()};
 }
 
 QString AccessibleField::wholeText() const {

@@ -7,18 +7,26 @@
 #include <optional>
 #include <vector>
 
-class QLineEdit;
-
 namespace vemra::qt {
+
+class LineField;
 
 /// A Text: a label, or in the title or headline font a heading, whose name is the text that it
 /// shows.
-class AccessibleText final : public AccessibleElement {
+class AccessibleText final : public AccessibleElement, public ReadOnlyText {
  public:
   using AccessibleElement::AccessibleElement;
   QAccessible::Role role() const override;
+  using AccessibleElement::text;
+  using ReadOnlyText::text;
   /// The level of a heading.
-  QMap<QString, QString> attributes() const override;
+  QMap<QString, QString> objectAttributes() const override;
+  void* interface_cast(QAccessible::InterfaceType type) override;
+
+ protected:
+  QString wholeText() const override { return textOf(QAccessible::Name); }
+  QRect textRect() const override { return rect(); }
+  QRect drawnRect(int offset) const override;
 };
 
 /// A Button.
@@ -121,9 +129,10 @@ class AccessibleField final : public AccessibleElement,
  protected:
   QString wholeText() const override;
   QRect textRect() const override { return rect(); }
+  QRect drawnRect(int offset) const override;
 
  private:
-  QLineEdit* widget() const;
+  LineField* widget() const;
 };
 
 /// Makes the object for an element, list or section of that kind and registers it.

@@ -1,10 +1,13 @@
 #include "VemraQt/accessibility/AccessibleElement.hpp"
 
+#include "VemraPlatform/text/Trim.hpp"
 #include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include <QAbstractScrollArea>
@@ -24,6 +27,22 @@ std::optional<ui::Event> eventOf(const ui::Element& element, const QString& acti
   if (isButton && action == QAccessibleActionInterface::pressAction()) return ui::Press{};
   if (element.submits() && action == submitAction()) return ui::Submit{};
   return std::nullopt;
+}
+
+/// Whether the node only holds the elements below it together, without laying them out.
+bool isTransparent(const ui::Node& node) {
+  const ui::ElementKind kind = node.element.kind();
+  return kind == ui::ElementKind::group || kind == ui::ElementKind::composite;
+}
+
+/// Collects the texts directly in a stack that are not blank.
+void collectTexts(const ui::Node& stack, QStringList& texts) {
+  for (const ui::Node* child : stack.children) {
+    if (isTransparent(*child)) collectTexts(*child, texts);
+    if (child->element.kind() != ui::ElementKind::text) continue;
+    const std::string_view shown = child->element.shownLabel();
+    if (!text::isBlank(shown)) texts << toQString(shown);
+  }
 }
 
 /// Runs the element's own action. When the action removes the element, the focus moves to the control
@@ -75,9 +94,38 @@ QAccessibleInterface* AccessibleElement::parent() const {
 }
 
 QString AccessibleElement::textOf(QAccessible::Text kind) const {
+  if (kind == QAccessible::Description) {
+    QString described = description();
+    reportedDescription_ = qHash(described);
+    return described;
+  }
   const ui::Node* element = node();
   if (!element || kind != QAccessible::Name) return {};
   return toQString(element->element.shownLabel());
+}
+
+/// A button beside texts acts on what they say, and buttons of several rows have one title. So the
+/// texts beside it describe it, and the name of its row or section.
+QString AccessibleElement::description() const {
+  const ui::Node* element = node();
+  if (!element || element->element.kind() != ui::ElementKind::button) return {};
+  const ui::Node* beside = element->parent;
+  while (beside && isTransparent(*beside)) beside = beside->parent;
+  if (!beside || beside->element.kind() != ui::ElementKind::hStack) return {};
+  QStringList texts;
+  collectTexts(*beside, texts);
+  if (texts.isEmpty()) return {};
+  const QAccessibleInterface* holder = parent();
+  const QString whose = holder != tree().pageObject() ? holder->text(QAccessible::Name) : QString();
+  QStringList parts{texts.join(QLatin1Char(' '))};
+  if (!whose.isEmpty()) parts << whose;
+  return parts.join(QStringLiteral(", "));
+}
+
+bool AccessibleElement::updateReportedDescription() {
+  if (!reportedDescription_) return false;
+  const std::size_t now = qHash(description());
+  return std::exchange(*reportedDescription_, now) != now;
 }
 
 QRect AccessibleElement::rect() const {

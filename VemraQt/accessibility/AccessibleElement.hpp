@@ -2,7 +2,9 @@
 
 #include "VemraQt/accessibility/AccessibleRow.hpp"
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 
 namespace vemra::qt {
 
@@ -26,6 +28,10 @@ class AccessibleElement : public AccessibleObject, public QAccessibleActionInter
   void doAction(const QString& name) override;
   QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
+  /// Whether the description differs from the one last reported to clients. Stores the new one,
+  /// because the caller announces it next. False when no client has asked for it.
+  bool updateReportedDescription();
+
   /// The element's current node; nullptr when the element is gone.
   const ui::Node* node() const;
 
@@ -35,9 +41,11 @@ class AccessibleElement : public AccessibleObject, public QAccessibleActionInter
 
  private:
   QRect rectOf(ui::NodeID node) const;
+  QString description() const;
 
   AccessibleRow* row_;
   std::uint64_t path_;
+  mutable std::optional<std::size_t> reportedDescription_;  ///< hash of the one last reported
 };
 
 }  // namespace vemra::qt

@@ -35,7 +35,7 @@ class AccessibleObject : public QAccessibleInterface {
   /// The object's name or value; a null string for a kind of text that the object does not have.
   virtual QString textOf(QAccessible::Text kind) const = 0;
   /// The attributes that assistive technology gets, without the identifier.
-  virtual QMap<QString, QString> attributes() const { return {}; }
+  virtual QMap<QString, QString> objectAttributes() const { return {}; }
   virtual void scrollIn() {}
   /// The objects of a picker's choices, which leave together with the picker.
   virtual std::vector<AccessibleObject*> ownObjects() const { return {}; }

@@ -13,7 +13,7 @@ QAccessibleInterface* AccessibleRow::parent() const {
   return isLeaving() ? tree().pageObject() : tree().listObject(list);
 }
 
-QMap<QString, QString> AccessibleRow::attributes() const {
+QMap<QString, QString> AccessibleRow::objectAttributes() const {
   tree().refreshList(list);
   const ui::Node* node = isLeaving() ? nullptr : tree().find(list);
   if (!node) return {};

@@ -33,7 +33,7 @@ class AccessibleRow final : public AccessibleObject {
   QAccessible::State state() const override;
   QString identifier() const override;
   /// The row's place in its list, counted from 1, and the number of rows.
-  QMap<QString, QString> attributes() const override;
+  QMap<QString, QString> objectAttributes() const override;
   void scrollIn() override;
 
   RowPlace place() const { return {list, index}; }

@@ -82,11 +82,17 @@ void Announcements::announceNews() {
   std::ranges::sort(changedRows_);
   const auto same = std::ranges::unique(changedRows_);
   changedRows_.erase(same.begin(), same.end());
-  for (const NodeID changed : std::exchange(changedRows_, {})) {
+  const std::vector<NodeID> changedRows = std::exchange(changedRows_, {});
+  for (const NodeID changed : changedRows) {
     if (AccessibleRow* row = tree_.knownRow(changed)) tree_.elementsOf(row);
   }
   send(tree_.takeChildChanges());
   std::vector<Change> changes;
+  compareDescriptions(tree_.elementsOf(nullptr), changes);
+  for (const NodeID changed : changedRows) {
+    AccessibleRow* row = tree_.knownRow(changed);
+    if (row) compareDescriptions(tree_.elementsOf(row), changes);
+  }
   for (const NodeID updated : std::exchange(updated_, {})) {
     ElementSlot* slot = knownSlot(updated);
     if (!slot) continue;
@@ -108,6 +114,7 @@ void Announcements::compareSomeRows() {
     auto* row = dynamic_cast<AccessibleRow*>(AccessibleObject::living(id));
     if (!row) continue;
     for (ElementSlot& slot : tree_.elementsOf(row)) compare(slot, changes);
+    compareDescriptions(tree_.elementsOf(row), changes);
     compareName(*row, changes);
   }
   notify([&] {
@@ -146,6 +153,19 @@ void Announcements::compareName(AccessibleRow& row, std::vector<Change>& changes
   if (row.updateReportedName()) changes.push_back({row.id(), Change::What::name});
 }
 
+void Announcements::compareDescriptions(const std::vector<ElementSlot>& elements,
+                                        std::vector<Change>& changes) {
+  std::vector<AccessibleElement*> known;  // describing one may change the elements
+  for (const ElementSlot& slot : elements) {
+    if (auto* element = dynamic_cast<AccessibleElement*>(slot.object)) known.push_back(element);
+  }
+  for (AccessibleElement* element : known) {
+    if (element->updateReportedDescription()) {
+      changes.push_back({element->id(), Change::What::description});
+    }
+  }
+}
+
 /// Adds a change for each object that is now visible but was last reported as hidden, or the other
 /// way round.
 void Announcements::compareShowing(std::vector<Change>& changes) {
@@ -162,6 +182,19 @@ void Announcements::compareShowing(std::vector<Change>& changes) {
     if (object->showing != Reported::no || !tree_.isInViewport(object->rect())) continue;
     tree_.noteShowing(*object, true);
     changes.push_back({object->id(), Change::What::shown});
+  }
+}
+
+QAccessible::Event Announcements::eventOf(Change::What what) {
+  switch (what) {
+    case Change::What::name:
+      return QAccessible::NameChanged;
+    case Change::What::description:
+      return QAccessible::DescriptionChanged;
+    case Change::What::shown:
+      return QAccessible::ObjectShow;
+    default:
+      return QAccessible::ObjectHide;
   }
 }
 
@@ -182,9 +215,7 @@ void Announcements::send(const std::vector<Change>& changes) {
       QAccessibleValueChangeEvent event(object, object->text(QAccessible::Value));
       QAccessible::updateAccessibility(&event);
     } else {
-      QAccessibleEvent event(object, what == Change::What::name    ? QAccessible::NameChanged
-                                     : what == Change::What::shown ? QAccessible::ObjectShow
-                                                                   : QAccessible::ObjectHide);
+      QAccessibleEvent event(object, eventOf(what));
       QAccessible::updateAccessibility(&event);
     }
   }

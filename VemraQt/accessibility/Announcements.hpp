@@ -38,11 +38,12 @@ class Announcements final : public PageObserver {
  private:
   /// A difference between an object and its state last reported to clients.
   struct Change {
-    enum class What { name, value, enabled, shown, hidden };
+    enum class What { name, description, value, enabled, shown, hidden };
     QAccessible::Id object;
     What what;
   };
 
+  static QAccessible::Event eventOf(Change::What what);
   void childrenChanged(const page::Node& parent);
   void announceNews();
   void compareSomeRows();
@@ -54,6 +55,8 @@ class Announcements final : public PageObserver {
   void compare(ElementSlot& slot, std::vector<Change>& changes) const;
   void compareNameAround(const AccessibleObject& element, std::vector<Change>& changes) const;
   void compareName(AccessibleRow& row, std::vector<Change>& changes) const;
+  static void compareDescriptions(const std::vector<ElementSlot>& elements,
+                                  std::vector<Change>& changes);
   void compareShowing(std::vector<Change>& changes);
   ElementSlot* knownSlot(ui::NodeID node);
 

@@ -32,7 +32,8 @@ QString IdentifierSearch::identifier(QAccessible::Id id) const {
 
 QMap<QString, QString> IdentifierSearch::attributes(QAccessible::Id id) const {
   const AccessibleObject* object = AccessibleObject::living(id);
-  return object && &object->tree() == &tree_ ? object->attributes() : QMap<QString, QString>();
+  return object && &object->tree() == &tree_ ? object->objectAttributes()
+                                             : QMap<QString, QString>();
 }
 
 bool IdentifierSearch::scrollIn(QAccessible::Id id) {

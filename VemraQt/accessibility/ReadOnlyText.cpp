@@ -14,7 +14,7 @@ QString ReadOnlyText::text(int start, int end) const {
 }
 
 QRect ReadOnlyText::characterRect(int offset) const {
-  // An even share of the element: a text without a widget has no visible characters to measure.
+  if (const QRect drawn = drawnRect(offset); !drawn.isNull()) return drawn;
   const int count = std::max(1, characterCount());
   const QRect whole = textRect();
   const int width = std::max(1, whole.width() / count);
@@ -25,6 +25,12 @@ QRect ReadOnlyText::characterRect(int offset) const {
 int ReadOnlyText::offsetAtPoint(const QPoint& point) const {
   const QRect whole = textRect();
   if (!whole.contains(point)) return -1;
+  if (!drawnRect(0).isNull()) {
+    for (int offset = 0; offset < characterCount(); ++offset) {
+      if (drawnRect(offset).contains(point)) return offset;
+    }
+    return -1;
+  }
   const std::int64_t along = point.x() - whole.x();
   return static_cast<int>(along * characterCount() / std::max(1, whole.width()));
 }

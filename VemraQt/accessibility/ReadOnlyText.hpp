@@ -6,7 +6,8 @@
 
 namespace vemra::qt {
 
-/// Implements Qt's text interface for a text that clients can only read.
+/// Implements Qt's text interface for a text that clients can only read. A character that is not
+/// drawn gets an even share of the element.
 class ReadOnlyText : public QAccessibleTextInterface {
  public:
   void selection(int, int* start, int* end) const override { *start = *end = 0; }
@@ -26,6 +27,11 @@ class ReadOnlyText : public QAccessibleTextInterface {
  protected:
   virtual QString wholeText() const = 0;
   virtual QRect textRect() const = 0;
+  /// Where the character is drawn on the screen; a null rectangle when it is not drawn.
+  virtual QRect drawnRect(int offset) const {
+    static_cast<void>(offset);
+    return {};
+  }
 };
 
 }  // namespace vemra::qt

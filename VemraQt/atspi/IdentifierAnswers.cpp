@@ -3,6 +3,7 @@
 #include "VemraQt/atspi/BusReference.hpp"
 #include "VemraQt/atspi/IdentifierSource.hpp"
 #include "VemraQt/atspi/LaterQt.hpp"
+#include "VemraQt/atspi/PropertyAnswers.hpp"
 #include "VemraQt/atspi/SelectionAnswers.hpp"
 
 #include <algorithm>
@@ -198,6 +199,9 @@ bool answer(const QDBusMessage& message, const QDBusConnection& connection, QAcc
             const QDBusVirtualObject* original) {
   const QString member = message.member();
   if (message.interface() == propertiesInterface) {
+    if (member == QLatin1String("GetAll")) {
+      return answerAllProperties(message, connection, element, identifierOf(element));
+    }
     return member == QLatin1String("Get") && answerProperty(message, connection, element);
   }
   if (message.interface() == QLatin1String(selectionInterface)) {

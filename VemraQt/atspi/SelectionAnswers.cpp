@@ -21,6 +21,11 @@ bool offersSelection(QAccessible::Id element) {
   return selectionOf(element) != nullptr;
 }
 
+int selectedChildren(QAccessible::Id element) {
+  const SelectionInterface* selection = selectionOf(element);
+  return selection ? selection->selectedItemCount() : 0;
+}
+
 bool answerSelection(const QDBusMessage& message, const QDBusConnection& connection,
                      QAccessible::Id element) {
   SelectionInterface* selection = selectionOf(element);

@@ -18,6 +18,9 @@ inline constexpr char selectionInterface[] = "org.a11y.atspi.Selection";
 /// Whether the element has selectable children, as a picker has.
 bool offersSelection(QAccessible::Id element);
 
+/// The number of the element's selected children; 0 when it offers no selection.
+int selectedChildren(QAccessible::Id element);
+
 /// Answers a call of the selection interface; false when the message is not a known one.
 bool answerSelection(const QDBusMessage& message, const QDBusConnection& connection,
                      QAccessible::Id element);

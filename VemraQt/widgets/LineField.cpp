@@ -68,6 +68,17 @@ QList<QTextLayout::FormatRange> wideBreaks(const QString& text, const QFont& fon
   return ranges;
 }
 
+/// Lays out a text as a line edit shows it; returns its only line.
+QTextLine layOut(QTextLayout& layout, const QString& text, const QFont& font) {
+  layout.setText(displayed(text));
+  layout.setFont(font);
+  layout.setFormats(wideBreaks(text, font));
+  layout.beginLayout();
+  QTextLine line = layout.createLine();
+  layout.endLayout();
+  return line;
+}
+
 }  // namespace
 
 LineField::LineField(QWidget* parent, const PageContext& page)
@@ -147,20 +158,34 @@ void LineField::widenLineBreaks() {
   QLineEdit::inputMethodEvent(&event);
 }
 
+/// The position where the line of the text begins, computed from the cursor: the only position that
+/// a line edit reveals.
+qreal LineField::startOfText(const QTextLine& line) const {
+  return cursorRect().center().x() - std::round(line.cursorToX(cursorPosition()));
+}
+
+QRect LineField::characterRect(int offset) const {
+  QTextLayout layout;
+  const QTextLine line = layOut(layout, text(), font());
+  if (!line.isValid()) return cursorRect();
+  offset = std::clamp(offset, 0, static_cast<int>(text().size()));
+  const qreal start = startOfText(line);
+  const qreal one = line.cursorToX(offset), other = line.cursorToX(offset + 1);
+  const QRect cursor = cursorRect();
+  return QRectF(start + std::min(one, other), cursor.top(), std::abs(other - one), cursor.height())
+      .toAlignedRect();
+}
+
 /// Draws an arrow, pointing back to the start of the line, in the middle of every blank that stands
-/// for a line break. The start of the text is computed from the cursor, the only position that a
-/// line edit reveals.
+/// for a line break.
 void LineField::paintLineBreaks(QPainter& painter) {
   if (isComposing_) return;
-  QTextLayout layout(displayed(text()), font());
-  layout.setFormats(wideBreaks(text(), font()));
-  layout.beginLayout();
-  QTextLine line = layout.createLine();
-  layout.endLayout();
+  QTextLayout layout;
+  const QTextLine line = layOut(layout, text(), font());
   if (!line.isValid()) return;
   const QRect cursor = cursorRect();
   const QFontMetrics metrics(font());
-  const qreal start = cursor.center().x() - std::round(line.cursorToX(cursorPosition()));
+  const qreal start = startOfText(line);
   const qreal size = metrics.capHeight();
   const qreal foot = cursor.top() + metrics.ascent() - size / 4;
   painter.setClipRect(rect().adjusted(4, 2, -4, -2));

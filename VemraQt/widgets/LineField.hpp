@@ -4,6 +4,8 @@
 
 #include <QLineEdit>
 
+class QTextLine;
+
 namespace vemra::qt {
 
 /// A TextField: a line of any length.
@@ -18,6 +20,10 @@ class LineField final : public QLineEdit, public ElementWidget {
  public:
   LineField(QWidget* parent, const PageContext& page);
   QWidget& widget() override { return *this; }
+  /// Where the character at that offset of the text is drawn, in the widget's coordinates; at the
+  /// end of the text, where the next one would begin. It may be outside the visible part of a long
+  /// text.
+  QRect characterRect(int offset) const;
 
  protected:
   void updateTo(const page::Node& leaf, const TextShape& shape) override;
@@ -33,6 +39,7 @@ class LineField final : public QLineEdit, public ElementWidget {
   void paintFrame(QPainter& painter);
   void paintPrompt(QPainter& painter);
   void paintLineBreaks(QPainter& painter);
+  qreal startOfText(const QTextLine& line) const;
 
   TextShape prompt_;
   bool isComposing_ = false;  ///< an input method shows text that is not part of `text()` yet

@@ -108,4 +108,18 @@ void TextShape::underline(QPainter& painter, const QRect& place,
   }
 }
 
+QRect TextShape::characterRect(const QString& text, int offset, const QRect& place,
+                               Qt::LayoutDirection direction) const {
+  if (!layout_ || offset < 0 || offset >= text.size()) return {};
+  if (layout_->text().size() != text.size()) return {};
+  const QTextLine line = layout_->lineForTextPosition(offset);
+  if (!line.isValid()) return {};
+  const qreal start =
+      startOf(line, place, direction, Qt::AlignLeading) - line.naturalTextRect().left();
+  const qreal one = line.cursorToX(offset), other = line.cursorToX(offset + 1);
+  const QRectF drawn(start + std::min(one, other), place.top() + line.y(), std::abs(other - one),
+                     line.height());
+  return drawn.toAlignedRect();
+}
+
 }  // namespace vemra::qt

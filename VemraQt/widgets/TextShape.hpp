@@ -33,6 +33,10 @@ class TextShape {
             Qt::Alignment alignment = Qt::AlignLeading) const;
   /// Draws a line under each line of the text, where `draw` has put it.
   void underline(QPainter& painter, const QRect& place, Qt::LayoutDirection direction) const;
+  /// Where `draw` puts the character at that offset of the text; a null rectangle without such a
+  /// character, and for a text with line breaks of two characters.
+  QRect characterRect(const QString& text, int offset, const QRect& place,
+                      Qt::LayoutDirection direction) const;
 
  private:
   std::shared_ptr<QTextLayout> layout_;

@@ -83,14 +83,14 @@ TEST(AccessibleTree, ARowKnowsItsPlaceInTheWholeList) {
   WindowHost host(resultWith(3000));
   const auto& row = dynamic_cast<qt::AccessibleObject&>(rowIn(accessiblePage(host), 2000));
   const auto place = [&] {
-    return row.attributes()["posinset"].toStdString() + " of " +
-           row.attributes()["setsize"].toStdString();
+    return row.objectAttributes()["posinset"].toStdString() + " of " +
+           row.objectAttributes()["setsize"].toStdString();
   };
   EXPECT_EQ(place(), "2001 of 3000");
   host.erasePerson(10);
   EXPECT_EQ(place(), "2000 of 2999");
   host.change([](Result& result) { result.people = {}; });
-  EXPECT_TRUE(row.attributes().isEmpty()) << "the row is gone";
+  EXPECT_TRUE(row.objectAttributes().isEmpty()) << "the row is gone";
 }
 
 TEST(AccessibleTree, ASectionIsAGroupWithTheNameOfItsHeading) {
@@ -98,14 +98,15 @@ TEST(AccessibleTree, ASectionIsAGroupWithTheNameOfItsHeading) {
   QAccessibleInterface& page = accessiblePage(host);
   ASSERT_EQ(page.childCount(), 4);
   EXPECT_EQ(page.child(0)->role(), QAccessible::Heading);
-  EXPECT_EQ(dynamic_cast<qt::AccessibleObject&>(*page.child(0)).attributes()["level"], "1");
+  EXPECT_EQ(dynamic_cast<qt::AccessibleObject&>(*page.child(0)).objectAttributes()["level"], "1");
   for (const int place : {1, 2}) {
     QAccessibleInterface& section = *page.child(place);
     EXPECT_EQ(section.role(), QAccessible::Grouping);
     EXPECT_EQ(name(section), place == 1 ? "People worth considering" : "Supported path");
     EXPECT_EQ(section.child(0)->role(), QAccessible::Heading);
     EXPECT_EQ(name(*section.child(0)), name(section));
-    EXPECT_EQ(dynamic_cast<qt::AccessibleObject&>(*section.child(0)).attributes()["level"], "2");
+    EXPECT_EQ(dynamic_cast<qt::AccessibleObject&>(*section.child(0)).objectAttributes()["level"],
+              "2");
     for (int i = 0; i < section.childCount(); ++i) {
       EXPECT_TRUE(section.rect().contains(section.child(i)->rect())) << i;
     }
@@ -138,6 +139,65 @@ TEST(AccessibleTree, AStackIsASectionOnlyWithContentBehindItsHeadline) {
         (below->parent()->role() == QAccessible::Grouping ? name(*below->parent()) : "the page"));
   }
   EXPECT_THAT(groups, ElementsAre("outer in the page", "inner in outer"));
+}
+
+TEST(AccessibleTree, AButtonIsDescribedByTheTextsBesideItAndItsRowOrSection) {
+  WindowHost host(resultWith(4));
+  host.change([](Result& result) { result.outcomes = {correctedOutcome("p2", "by phone")}; });
+  const auto described = [&](const std::string& element) {
+    return accessible(host, element)->text(QAccessible::Description).toStdString();
+  };
+  EXPECT_EQ(described("vemra.goal.person.p2.outcome.correct"),
+            "Reached out \u00b7 corrected, Person Number 2");
+  EXPECT_EQ(described("vemra.goal.person.p2.show-source"), "") << "it stands alone in its line";
+  EXPECT_EQ(described("vemra.goal.path.see-in-starfold"), "");
+  host.press("vemra.goal.path.outcome.start");
+  EXPECT_EQ(described("vemra.goal.path.outcome.save"), "") << "no text is beside it";
+}
+
+TEST(AccessibleTree, TheDescriptionInASectionEndsWithTheSectionsName) {
+  qt::ViewWidget widget;
+  widget.resize(300, 300);
+  widget.setEnvironment({});
+  const auto text = [](const char* words) { return ui::Text(ui::verbatim(words)); };
+  widget.setRoot(ui::VStack(
+      ui::HorizontalAlignment::leading, 0,
+      {text("Supported path").font(ui::Font::headline),
+       ui::HStack(ui::VerticalAlignment::center, 0,
+                  {text("Helped"), ui::Group({text(" ")}), ui::Button("Correct", [] {})})}));
+  widget.show();
+  for (QAccessibleInterface* below :
+       elementsBelow(*QAccessible::queryAccessibleInterface(&widget))) {
+    if (below->role() != QAccessible::Button) continue;
+    EXPECT_EQ(below->text(QAccessible::Description).toStdString(), "Helped, Supported path");
+  }
+}
+
+TEST(AccessibleTree, ALabelsCharactersHaveTheExtentsOfTheirDrawing) {
+  WindowHost host(resultWith(3));
+  QAccessibleInterface& title = *accessiblePage(host).child(0);
+  QAccessibleTextInterface* text = title.textInterface();
+  ASSERT_TRUE(text);
+  EXPECT_EQ(text->text(0, 4), "Find");
+  const QRect first = text->characterRect(0), second = text->characterRect(1);
+  EXPECT_EQ(first.left(), title.rect().left());
+  EXPECT_GT(first.width(), second.width()) << "an F is wider than an i";
+  EXPECT_EQ(text->offsetAtPoint(second.center()), 1);
+}
+
+TEST(AccessibleTree, ANotesCharactersHaveTheExtentsOfTheirDrawing) {
+  WindowHost host(resultWith(3));
+  host.press("vemra.goal.person.p1.outcome.start");
+  const std::string identifier = "vemra.goal.person.p1.outcome.note";
+  QAccessibleInterface& note = *accessible(host, identifier);
+  note.editableTextInterface()->insertText(0, "iiiiWWWW");
+  QAccessibleTextInterface* text = note.textInterface();
+  const QRect narrow = text->characterRect(1), wide = text->characterRect(6);
+  EXPECT_GT(wide.width(), 2 * narrow.width());
+  EXPECT_TRUE(note.rect().contains(narrow) && note.rect().contains(wide));
+  EXPECT_LT(text->characterRect(7).right(), note.rect().center().x())
+      << "a short text is at the beginning of the field";
+  EXPECT_EQ(text->offsetAtPoint(wide.center()), 6);
 }
 
 TEST(AccessibleTree, RolesStatesAndValuesOfAnOpenEditor) {

@@ -11,7 +11,7 @@ import time
 from accessible import (
     BACKTAB, DOWN, ENTER, TAB, UP, Atspi, Ear, act, actions, application, complaints, equal, find,
     go_to, has, key, role_of, run_checks, text_of, type_note, wait_for, walk)
-from gi.repository import GLib
+from gi.repository import Gio, GLib
 
 PEOPLE = 200
 SHOWING = Atspi.StateType.SHOWING
@@ -74,6 +74,15 @@ class Window:
         return self.process.returncode, stderr
 
 
+def accessibility_bus():
+    session = Gio.bus_get_sync(Gio.BusType.SESSION)
+    address = session.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress",
+                                None, None, Gio.DBusCallFlags.NONE, 5000, None).unpack()[0]
+    return Gio.DBusConnection.new_for_address_sync(
+        address, Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT
+        | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
+
+
 def place_of(row):
     """The row's place in its list and the number of rows, as a screen reader reads them."""
     attributes = row.get_attributes()
@@ -124,6 +133,24 @@ def headings_name_their_sections(window):
         equal(heading.get_attributes().get("level"), "2")
         equal(section.get_name(), heading.get_name())
     equal(window.get("vemra.goal.path.outcome.start").get_parent().get_name(), "Supported path")
+
+
+def all_properties_of_any_object_are_answered(window):
+    picker = window.get("vemra.goal.person.p1.outcome.start")
+    bus = accessibility_bus()
+
+    def properties(node, interface):
+        return bus.call_sync(
+            node.app.bus_name, node.path, "org.freedesktop.DBus.Properties", "GetAll",
+            GLib.Variant("(s)", (interface,)), None, Gio.DBusCallFlags.NONE, 5000, None).unpack()[0]
+
+    for node in (window.root, window.page, window.list(), picker, picker.get_parent()):
+        own = properties(node, "org.a11y.atspi.Accessible")
+        equal((own["Name"], own["ChildCount"]), (node.get_name(), node.get_child_count()))
+        equal(properties(node, "org.a11y.atspi.Nothing"), {})
+    equal(properties(picker, "org.a11y.atspi.Accessible")["AccessibleId"],
+          "vemra.goal.person.p1.outcome.start")
+    equal(properties(picker, "org.a11y.atspi.Action"), {"NActions": 2})
 
 
 def what_is_outside_the_viewport_only_lacks_showing(window):
@@ -196,6 +223,9 @@ def recording_and_correcting(window, ref="p1"):
     heard = window.heard()
     assert heard[0].startswith(f"record {ref} somethingElse metagain  at the fair o"), heard
     equal(window.get(prefix + ".corrected-marker").get_name(), "\u00b7 corrected")
+    correct = window.get(prefix + ".correct")
+    equal(correct.get_description(),
+          "Something else \u00b7 corrected, " + correct.get_parent().get_name())
 
 
 def recording_far_away(window):
@@ -422,6 +452,7 @@ def the_hosts_focus_is_heard_far_away(window):
 CHECKS = [
     every_row_is_there_in_order,
     headings_name_their_sections,
+    all_properties_of_any_object_are_answered,
     what_is_outside_the_viewport_only_lacks_showing,
     an_identifier_is_found_without_a_walk,
     the_keyboard_alone,

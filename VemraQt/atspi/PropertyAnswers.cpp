@@ -1,0 +1,78 @@
+#include "VemraQt/atspi/PropertyAnswers.hpp"
+
+#include "VemraQt/atspi/BusReference.hpp"
+#include "VemraQt/atspi/SelectionAnswers.hpp"
+
+#include <QAccessibleInterface>
+#include <QCoreApplication>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QLocale>
+#include <QVariantMap>
+
+namespace vemra::qt::atspi {
+
+namespace {
+
+/// A text that is never null: a null one has no form on the bus.
+QString shown(const QString& text) {
+  return text.isNull() ? QStringLiteral("") : text;
+}
+
+BusReference parentOf(const QAccessibleInterface& object, const QDBusConnection& connection) {
+  QAccessibleInterface* parent = object.parent();
+  if (!parent || !parent->isValid()) return referenceToNothing();
+  if (parent->object() == qApp) {
+    return {connection.baseService(), QDBusObjectPath(accessiblePath + QStringLiteral("/root"))};
+  }
+  return busReference(connection, QAccessible::uniqueId(parent));
+}
+
+QVariantMap propertiesOf(QAccessibleInterface& object, const QString& interface,
+                         const QDBusConnection& connection, QAccessible::Id element,
+                         const QString& identifier) {
+  if (interface == QLatin1String("org.a11y.atspi.Accessible")) {
+    return {{QStringLiteral("Name"), shown(object.text(QAccessible::Name))},
+            {QStringLiteral("Description"), shown(object.text(QAccessible::Description))},
+            {QStringLiteral("Parent"), QVariant::fromValue(parentOf(object, connection))},
+            {QStringLiteral("ChildCount"), object.childCount()},
+            {QStringLiteral("Locale"), QLocale().name()},
+            {QStringLiteral("AccessibleId"), shown(identifier)}};
+  }
+  const QAccessibleTextInterface* text = object.textInterface();
+  if (interface == QLatin1String("org.a11y.atspi.Text") && text) {
+    return {{QStringLiteral("CharacterCount"), text->characterCount()},
+            {QStringLiteral("CaretOffset"), text->cursorPosition()}};
+  }
+  QAccessibleActionInterface* actions = object.actionInterface();
+  if (interface == QLatin1String("org.a11y.atspi.Action") && actions) {
+    return {{QStringLiteral("NActions"), static_cast<int>(actions->actionNames().size())}};
+  }
+  const QAccessibleValueInterface* value = object.valueInterface();
+  if (interface == QLatin1String("org.a11y.atspi.Value") && value) {
+    return {{QStringLiteral("CurrentValue"), value->currentValue().toDouble()},
+            {QStringLiteral("MinimumValue"), value->minimumValue().toDouble()},
+            {QStringLiteral("MaximumValue"), value->maximumValue().toDouble()},
+            {QStringLiteral("MinimumIncrement"), value->minimumStepSize().toDouble()}};
+  }
+  if (interface == QLatin1String(selectionInterface) && offersSelection(element)) {
+    return {{QStringLiteral("NSelectedChildren"), selectedChildren(element)}};
+  }
+  return {};
+}
+
+}  // namespace
+
+bool answerAllProperties(const QDBusMessage& message, const QDBusConnection& connection,
+                         QAccessible::Id element, const QString& identifier) {
+  QAccessibleInterface* object = element ? QAccessible::accessibleInterface(element)
+                                         : QAccessible::queryAccessibleInterface(qApp);
+  const QString interface = message.arguments().value(0).toString();
+  QVariantMap properties;
+  if (object && object->isValid()) {
+    properties = propertiesOf(*object, interface, connection, element, identifier);
+  }
+  return connection.send(message.createReply(QVariant::fromValue(properties)));
+}
+
+}  // namespace vemra::qt::atspi
