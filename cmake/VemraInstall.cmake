@@ -39,7 +39,7 @@ endif()
 # Only static libraries leave ICU to the host's linker.
 set(VEMRA_FIND_ICU "")
 if(NOT BUILD_SHARED_LIBS)
-  set(VEMRA_FIND_ICU "find_dependency(ICU 70 COMPONENTS uc i18n)")
+  set(VEMRA_FIND_ICU "vemra_find_dependency(ICU libicu-dev Vemra 70 COMPONENTS uc i18n)")
 endif()
 configure_package_config_file("${CMAKE_CURRENT_LIST_DIR}/VemraConfig.cmake.in"
                               "${CMAKE_BINARY_DIR}/VemraConfig.cmake"

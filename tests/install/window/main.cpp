@@ -2,6 +2,7 @@
 
 int main(int count, char** arguments) {
   QApplication application(count, arguments);
+  QApplication::setPalette(QPalette(QColor(50, 50, 60), QColor(30, 30, 35)));
   People people;
   QStringList opened;
   QObject::connect(&people, &People::opened, [&](const QString& person) { opened << person; });
@@ -11,6 +12,8 @@ int main(int count, char** arguments) {
       {.personRef = "p1", .displayName = "Ada", .why = vemra::GoalWhyDTO::connection(2)}};
   const auto ignore = [](const auto&) {};
   vemra::qt::ViewWidget screen;
+  screen.setOverrides(
+      {.locale = "de_DE", .strings = vemra::qt::QtStringsTable::builtIn({QStringLiteral("de")})});
   screen.setRoot(vemra::GoalResultView(
       vemra::GoalResultSnapshotV1(answer), [&](const std::string& person) { people.open(person); },
       ignore, ignore, ignore));
@@ -19,4 +22,8 @@ int main(int count, char** arguments) {
     if (button->text() == "Ada") button->click();
   }
   std::cout << "Opened: " << opened.join(' ').toStdString() << "\n";
+  std::cout << "Dark: " << (screen.palette().color(QPalette::Base).lightness() < 64) << "\n";
+  auto* record =
+      screen.findChild<QAbstractButton*>(QStringLiteral("vemra.goal.person.p1.outcome.start"));
+  if (record) std::cout << "Record: " << record->text().toStdString() << "\n";
 }
