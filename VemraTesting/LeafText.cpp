@@ -43,15 +43,23 @@ Lines framed(Lines lines, std::pair<char, char> frame) {
   return lines;
 }
 
+/// The title before the content of a control; empty when it would take more than half the columns.
+std::string titleOf(const page::Node& leaf, int columns) {
+  std::string title = text::onOneLine(leaf.element.shownLabel()) + ": ";
+  return text::columns(title) > columns / 2 ? "" : title;
+}
+
 std::string pickerText(const page::Node& leaf, int room) {
   const std::vector<page::Choice> choices = page::choicesOf(leaf);
   int widest = 0;
   for (const page::Choice& choice : choices) {
     widest = std::max(widest, text::columns(text::onOneLine(choice.label)));
   }
+  const std::string title = leaf.element.labelsHidden() ? "" : titleOf(leaf, room);
+  const int left = std::max(1, room - 2 - text::columns(title));
   const auto chosen = page::chosenAmong(choices, leaf.element);
-  std::string shown = chosen ? text::linesOf(choices[*chosen].label, room - 2).front() : "";
-  return padded(std::move(shown), std::min(widest, room - 2)) + " v";
+  std::string shown = chosen ? text::linesOf(choices[*chosen].label, left).front() : "";
+  return title + padded(std::move(shown), std::min(widest, left)) + " v";
 }
 
 /// The end of a text, where the cursor is, in at most `columns` columns.
@@ -69,8 +77,7 @@ std::string endOf(const std::string& text, int columns) {
 
 std::string fieldText(const page::Node& leaf, int room) {
   const int columns = std::min(room, widestField);
-  std::string title = text::onOneLine(leaf.element.shownLabel()) + ": ";
-  if (text::columns(title) > columns / 2) title.clear();
+  const std::string title = titleOf(leaf, columns);
   const int left = std::max(1, columns - text::columns(title));
   return title + padded(endOf(text::onOneLine(leaf.element.text()), left - 1), left, '_');
 }

@@ -28,7 +28,8 @@ namespace vemra::testing {
 /// padding are whole cells, one for 8 points of width and one for 20 points of height.
 ///
 ///     [Save]  <Ada>                a button, with a frame and plain
-///     [Helped.  v]                 a picker, as wide as its widest choice
+///     [Helped.  v]                 a picker, as wide as its widest choice; its title is hidden
+///     [Mood: Good     v]           a picker with its title
 ///     [Note: met at the f_]        a text field with its title
 ///     >Save<                       any control with the focus
 ///     (Save)                       any disabled control

@@ -85,41 +85,98 @@ Size measureColumn(Node& node, int width, int spacing, LeafMetrics& metrics) {
   return size;
 }
 
-/// One line of an HStack.
-struct Line {
-  std::vector<Item> items;
-  int width = 0, height = 0;
-};
+/// Whether the node is or holds a text field, outside windowed lists.
+bool holdsField(const Node& node) {
+  if (node.isLeaf()) return node.element.kind() == ElementKind::textField;
+  return !node.rows && std::ranges::any_of(node.children(), holdsField);
+}
 
-std::vector<Line> linesOf(Node& node, const Grid& grid, int width, int spacing) {
-  std::vector<Line> lines(1);
+int leastWidth(Node& node, int width, LeafMetrics& metrics);
+
+/// The same for a node that holds a field, or is one. `width` is at least 1.
+int leastWidthAroundFields(Node& node, int width, LeafMetrics& metrics) {
+  const Grid grid = metrics.grid();
+  const int padded = across(paddingIn(grid, node));
+  const int room = std::max(1, width - padded);
+  if (node.isLeaf()) return padded + std::min(metrics.narrowestField(node), room);
+  node.measuredWidth = -1;  // the nodes below are measured for other widths now
+  const bool isLine = node.element.kind() == ElementKind::hStack;
+  const int gap = isLine ? grid.across(node.element.spacing()) : 0;
+  int sum = -gap, widest = 0;
   for (const Item& item : itemsOf(node, grid)) {
-    const int itemWidth = item.node->size.width + across(item.around);
-    const int itemHeight = item.node->size.height + along(item.around);
-    const bool first = lines.back().items.empty();
-    if (!first && lines.back().width + spacing + itemWidth > width) {
-      lines.emplace_back();
-    } else if (!first) {
-      lines.back().width += spacing;
-    }
-    Line& line = lines.back();
-    line.items.push_back(item);
-    line.width += itemWidth;
-    line.height = std::max(line.height, itemHeight);
+    const int around = across(item.around);
+    const int least = leastWidth(*item.node, room - around, metrics) + around;
+    sum += least + gap;
+    widest = std::max(widest, least);
+  }
+  return padded + (isLine && sum <= room ? sum : std::max(widest, isLine ? room : 0));
+}
+
+/// The width that a node needs at least in a line of an HStack: as much as it likes, except that
+/// text fields are at their narrowest.
+int leastWidth(Node& node, int width, LeafMetrics& metrics) {
+  width = std::max(width, 1);
+  if (!holdsField(node)) {
+    node.leastWidth = measure(node, width, 0, metrics).width;
+  } else if (node.measuredWidth < 0 || node.leastWidthIn != width) {
+    node.leastWidth = leastWidthAroundFields(node, width, metrics);
+    node.leastWidthIn = width;
+  }
+  return node.leastWidth;
+}
+
+/// One line of an HStack.
+using Line = std::vector<Item>;
+
+/// Breaks the measured items of an HStack into lines, by the least widths of the items.
+std::vector<Line> linesOf(Node& node, const Grid& grid, int width) {
+  const int spacing = grid.across(node.element.spacing());
+  std::vector<Line> lines(1);
+  int used = 0;
+  for (const Item& item : itemsOf(node, grid)) {
+    const int least = item.node->leastWidth + across(item.around);
+    if (!lines.back().empty() && used + spacing + least > width) lines.emplace_back();
+    used = lines.back().empty() ? least : used + spacing + least;
+    lines.back().push_back(item);
   }
   return lines;
 }
 
+int heightOf(const Line& line) {
+  int height = 0;
+  for (const Item& item : line) {
+    height = std::max(height, item.node->size.height + along(item.around));
+  }
+  return height;
+}
+
+/// Gives the text fields of a line the room that is left in it, and returns the width of the line.
+int fillLine(const Line& line, int width, int spacing, LeafMetrics& metrics) {
+  int used = -spacing, fields = 0;
+  for (const Item& item : line) {
+    used += spacing + item.node->leastWidth + across(item.around);
+    fields += holdsField(*item.node) ? 1 : 0;
+  }
+  for (const Item& item : line) {
+    if (!holdsField(*item.node)) continue;
+    const int least = item.node->leastWidth;
+    const int share = std::max(0, width - used) / fields--;
+    used += measure(*item.node, least + share, 0, metrics).width - least;
+  }
+  return used;
+}
+
 Size measureFlow(Node& node, int width, LeafMetrics& metrics) {
   const Grid grid = metrics.grid();
-  const int spacing = node.element.spacing();
+  const int spacing = grid.across(node.element.spacing());
   for (const Item& item : itemsOf(node, grid)) {
-    measure(*item.node, width - across(item.around), 0, metrics);
+    leastWidth(*item.node, width - across(item.around), metrics);
   }
   Size size;
-  for (const Line& line : linesOf(node, grid, width, grid.across(spacing))) {
-    size.width = std::max(size.width, line.width);
-    size.height += line.height + (size.height > 0 ? grid.down(spacing) : 0);
+  for (const Line& line : linesOf(node, grid, width)) {
+    if (line.empty()) continue;
+    size.width = std::max(size.width, fillLine(line, width, spacing, metrics));
+    size.height += heightOf(line) + (size.height > 0 ? grid.down(node.element.spacing()) : 0);
   }
   return size;
 }
@@ -166,15 +223,16 @@ void arrangeFlow(Node& node, const Grid& grid, Point corner, int width) {
   const int spacing = grid.across(node.element.spacing());
   const bool centred = node.element.verticalAlignment() == ui::VerticalAlignment::center;
   int y = corner.y;
-  for (const Line& line : linesOf(node, grid, width, spacing)) {
+  for (const Line& line : linesOf(node, grid, width)) {
+    const int height = heightOf(line);
     int x = corner.x;
-    for (const Item& item : line.items) {
-      const int slack = line.height - item.node->size.height - along(item.around);
+    for (const Item& item : line) {
+      const int slack = height - item.node->size.height - along(item.around);
       const int top = y + item.around.top + (centred ? slack / 2 : 0);
       arrange(*item.node, grid, {x + item.around.leading, top}, 0);
       x += item.node->size.width + across(item.around) + spacing;
     }
-    y += line.height + grid.down(node.element.spacing());
+    y += height + grid.down(node.element.spacing());
   }
 }
 

@@ -17,8 +17,10 @@
 /// of the row's height in `RowHeights`, and not of the list's own `size` or `frame`.
 ///
 /// A column is as wide as its widest child and offers each child its whole width. A row of elements
-/// that does not fit its width continues in a further line, so that nothing is ever cut off or
-/// pushed off the page. Groups, lists and composites add nothing: their children stand in their
+/// is broken into lines with its text fields at their narrowest; the fields of a line, and columns
+/// with fields, then share the room that is left in it, each at most as wide as it would be alone.
+/// So a row continues in a further line only when it has to, and nothing is ever cut off or pushed
+/// off the page. Groups, lists and composites add nothing: their children stand in their
 /// parent, and their padding applies to each child.
 ///
 /// Everything is laid out from the leading edge; `mirrored` converts a frame for right-to-left.
@@ -36,6 +38,12 @@ class VEMRA_EXPORT LeafMetrics {
   /// leaf below it or the width has changed, or after `WindowedTree::invalidateAll`; so a renderer
   /// may keep the lines of the text until it draws them.
   virtual Size measure(const Node& leaf, int width) = 0;
+  /// The width that a text field keeps when it shares a line with other elements, without padding,
+  /// as long as the page is as wide. May depend on the field's font, never on its text.
+  virtual int narrowestField(const Node& field) {
+    static_cast<void>(field);
+    return grid().across(120);
+  }
   /// The units of the renderer. Must not change.
   virtual Grid grid() const { return {}; }
 

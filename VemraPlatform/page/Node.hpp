@@ -54,6 +54,8 @@ struct VEMRA_EXPORT Node {
 
   /// \name The layout
   /// @{
+  int leastWidth = 0;      ///< in a line of an HStack, with padding: see `measureScope`
+  int leastWidthIn = -1;   ///< the width of the HStack that `leastWidth` is for
   int measuredWidth = -1;  ///< the width `size` was measured for, with padding; -1: not measured
   Size size;               ///< with padding
   Rect frame;              ///< without padding; relative to its scope, from the leading edge

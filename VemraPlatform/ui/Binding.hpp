@@ -28,13 +28,20 @@ class Binding {
   std::function<void(Value)> set_;
 };
 
-/// The same binding with the value as a tag. Writing a tag of another type changes nothing.
-template <Choice Value>
-Binding<Tag> asTag(Binding<Value> binding) {
-  return Binding<Tag>([binding] { return Tag(binding.get()); },
+/// The same binding with the value as the tag that `tagOf` makes of it. Writing a tag of another
+/// type changes nothing.
+template <ChoiceValue Value, class TagOf>
+Binding<Tag> asTag(Binding<Value> binding, TagOf tagOf) {
+  return Binding<Tag>([binding, tagOf] { return tagOf(binding.get()); },
                       [binding](const Tag& tag) {
                         if (const Value* value = tag.as<Value>()) binding.set(*value);
                       });
+}
+
+/// The same binding with the value as a tag.
+template <Choice Value>
+Binding<Tag> asTag(Binding<Value> binding) {
+  return asTag(std::move(binding), [](Value value) { return Tag(std::move(value)); });
 }
 
 }  // namespace vemra::ui

@@ -108,6 +108,7 @@ View View::id(std::string key) const {
 }
 
 Text::Text(LocalizedKey key) : View(Description{TextContent{key}, {}, {}}) {}
+Text::Text(Label label) : View(Description{TextContent{std::move(label)}, {}, {}}) {}
 Text::Text(Verbatim text) : View(Description{TextContent{std::move(text)}, {}, {}}) {}
 
 Button::Button(LocalizedKey title, Action action)

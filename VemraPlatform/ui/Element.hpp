@@ -97,9 +97,8 @@ class VEMRA_EXPORT Element {
   std::string_view accessibilityIdentifier() const;
   /// How to draw a Button.
   ButtonStyle buttonStyle() const;
-  /// Whether a title beside the control is hidden from view; assistive technology reads it in any
-  /// case. The renderers here never draw the title of a picker, and draw that of a text field as
-  /// its placeholder, so none of them reads this.
+  /// Whether the title of a picker is hidden from view; assistive technology reads it in any case.
+  /// The title of a text field is its placeholder, which is shown in any case.
   bool labelsHidden() const;
   /// The sum of all paddings, in points.
   Insets padding() const;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "VemraPlatform/Export.hpp"
+#include "VemraPlatform/ui/CanonicalText.hpp"
 #include "VemraPlatform/ui/RowIDs.hpp"
 
 #include <concepts>
@@ -9,6 +10,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <unordered_map>
 #include <utility>
 
 namespace vemra::ui {
@@ -22,23 +24,39 @@ class VEMRA_EXPORT RowSource : public RowIDs {
   virtual View row(std::size_t index) const = 0;
 };
 
-/// A function from an element to its id: a member pointer or a callable. The id must be stored in
-/// the element, so that the result is a reference or a string_view, never a temporary string; and
-/// the element must be stored in the range, never a temporary either.
+/// A function from an element to its id: a member pointer or a callable. It may return anything with
+/// a canonical text (`HasCanonicalText`), by reference or made on the spot.
 template <class ID, class Elements>
 concept RowIDOf = requires(const ID& id, const Elements& elements) {
+  requires HasCanonicalText<std::remove_cvref_t<decltype(std::invoke(id, elements[0]))>>;
+};
+
+/// An id that is a text in the element: a reference to a text, or a string_view, which is taken to
+/// point into the element. Lists read it there, without a copy.
+template <class ID, class Elements>
+concept StoredRowIDOf = requires(const ID& id, const Elements& elements) {
   { std::invoke(id, elements[0]) } -> std::convertible_to<std::string_view>;
-  requires std::is_lvalue_reference_v<decltype(elements[0])>;
   requires std::is_lvalue_reference_v<decltype(std::invoke(id, elements[0]))> ||
       std::is_same_v<decltype(std::invoke(id, elements[0])), std::string_view>;
 };
 
-/// Rows over a range that is cheap to copy (a shared array, a span over constants).
+/// A range whose elements are stored in it: a row may refer to its element.
+template <class Elements>
+concept StoresElements = requires(const Elements& elements) {
+  requires std::is_lvalue_reference_v<decltype(elements[0])>;
+};
+
+/// Whether a list takes the range over without copying an element: a copy shares or refers to the
+/// elements, or the range is moved.
+template <class Elements>
+concept CopiesNoElement = std::is_nothrow_constructible_v<std::remove_cvref_t<Elements>, Elements>;
+
+/// The rows of a range.
 template <class Elements, class ID, class Row>
 class RowsOf final : public RowSource {
  public:
-  /// Copies the elements, the function that gives an element's id, and the function that makes its
-  /// row.
+  /// Takes over the elements, the function that gives an element's id, and the function that makes
+  /// its row.
   RowsOf(Elements elements, ID id, Row row)
       : elements_(std::move(elements)), id_(std::move(id)), row_(std::move(row)) {}
 
@@ -46,16 +64,28 @@ class RowsOf final : public RowSource {
   std::size_t count() const override { return elements_.size(); }
 
   std::string_view key(std::size_t index) const override {
-    return std::invoke(id_, elements_[index]);
+    if constexpr (StoredRowIDOf<ID, Elements>) {
+      return std::invoke(id_, elements_[index]);
+    } else {
+      const auto known = made_.find(index);
+      if (known != made_.end()) return known->second;
+      return made_.emplace(index, canonicalText(std::invoke(id_, elements_[index]))).first->second;
+    }
   }
 
   /// Calls the function that makes a row.
   View row(std::size_t index) const override;
 
  private:
+  struct Nothing {};
+  /// The ids that were made on the spot, by index: only those that were needed.
+  using Made = std::conditional_t<StoredRowIDOf<ID, Elements>, Nothing,
+                                  std::unordered_map<std::size_t, std::string>>;
+
   Elements elements_;
   ID id_;
   Row row_;
+  [[no_unique_address]] mutable Made made_;
 };
 
 }  // namespace vemra::ui

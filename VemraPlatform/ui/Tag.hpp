@@ -1,32 +1,39 @@
 #pragma once
 
+#include "VemraPlatform/ui/CanonicalText.hpp"
+
 #include <any>
 #include <concepts>
 #include <string>
-#include <string_view>
+#include <type_traits>
 #include <utility>
 
 namespace vemra::ui {
 
-/// A type whose values can be choices: copyable, with a name from `caseName`.
-template <class Value>
-concept Choice = std::copyable<Value> && requires(const Value& value) {
-  { caseName(value) } -> std::convertible_to<std::string_view>;
-};
-
 class Tag;
 
-/// A choice that is not itself a tag; checked first, so that copying a tag never depends on
-/// `Choice`.
+/// A type whose values can be compared as the values of a picker.
 template <class Value>
-concept Taggable = !std::same_as<Value, Tag> && Choice<Value>;
+concept ChoiceValue =
+    !std::same_as<Value, Tag> && !std::is_pointer_v<Value> && std::copyable<Value> &&
+    (std::equality_comparable<Value> || HasCaseName<Value>);
+
+/// A type whose values can be choices by themselves: copyable, with a name, which is the canonical
+/// text, and with `==`, unless `caseName` gives the name.
+template <class Value>
+concept Choice = ChoiceValue<Value> && HasCanonicalText<Value>;
 
 /// The value that a picker's row represents: a value of the picker's own type, and its name.
 class Tag {
  public:
-  /// Makes a tag from a value of any type with `==` and a name.
-  template <Taggable Value>
-  explicit Tag(Value value) : name_(caseName(value)), value_(std::move(value)) {}
+  /// Makes a tag whose name is the canonical text of the value.
+  template <Choice Value>
+  explicit Tag(Value value) : Tag(std::move(value), Name{canonicalText(value)}) {}
+
+  /// Makes a tag of a value without a canonical text. Reports, recordings and tests find the choice
+  /// by `name`, so it should differ from those of the other choices.
+  template <ChoiceValue Value>
+  Tag(Value value, std::string name) : Tag(std::move(value), Name{std::move(name)}) {}
 
   /// The name of the value in reports and tests.
   const std::string& name() const { return name_; }
@@ -37,14 +44,35 @@ class Tag {
     return std::any_cast<Value>(&value_);
   }
 
-  /// Tags are equal when their types and names are equal.
+  /// Tags are equal when their types and values are equal; values without `==` are equal when their
+  /// names are.
   friend bool operator==(const Tag& a, const Tag& b) {
-    return a.name_ == b.name_ && a.value_.type() == b.value_.type();
+    return a.value_.type() == b.value_.type() && a.isSame_(a, b);
   }
 
  private:
+  struct Name {
+    std::string text;
+  };
+
+  // By reference, so that the name is made before the value is moved.
+  template <class Value>
+  Tag(Value&& value, Name name)
+      : name_(std::move(name.text)), value_(std::move(value)), isSame_(&isSame<Value>) {}
+
+  /// Both tags hold a `Value`.
+  template <class Value>
+  static bool isSame(const Tag& a, const Tag& b) {
+    if constexpr (std::equality_comparable<Value>) {
+      return *a.as<Value>() == *b.as<Value>();
+    } else {
+      return a.name_ == b.name_;
+    }
+  }
+
   std::string name_;
   std::any value_;
+  bool (*isSame_)(const Tag&, const Tag&);
 };
 
 }  // namespace vemra::ui

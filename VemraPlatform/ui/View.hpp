@@ -2,138 +2,23 @@
 
 #include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/ui/Binding.hpp"
-#include "VemraPlatform/ui/Composite.hpp"
 #include "VemraPlatform/ui/Label.hpp"
-#include "VemraPlatform/ui/Modifier.hpp"
 #include "VemraPlatform/ui/RowSource.hpp"
+#include "VemraPlatform/ui/ViewValue.hpp"
 
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
 namespace vemra::ui {
-
-struct Description;
-class View;
-
-/// The children of a container, in order. An absent view keeps its slot.
-using Children = std::vector<View>;
-/// The action of a button, or of Return in a text field; an empty one does nothing.
-using Action = std::function<void()>;
-
-/// A view: a description of a piece of the screen, not the piece itself.
-///
-/// A view is a value. Making a view shows nothing and stores nothing; copying one costs one
-/// reference count. A screen consists of the nodes of a `ViewGraph`, and *identity*, never the view
-/// object, decides which node a view describes:
-///
-///     return VStack(HorizontalAlignment::leading, 4,
-///         {
-///             Button(verbatim(name), open),                   // slot 0
-///             If(hasSource, [&] { return sourceButton(); }),  // slot 1, also while absent
-///             NoteEditor{name},                               // slot 2: keeps its state
-///         });
-///
-/// The editor stays the same node, with its typed text, when the source button above it appears or
-/// disappears, because an absent view still holds its slot. Two branches of an `If` are two
-/// identities: switching branches discards the state of the previous branch. A row of a `ForEach`
-/// is identified by its id.
-///
-/// Modifiers are applied with dots and kept in order; each call returns a new view.
-class VEMRA_EXPORT View {
- public:
-  /// The absent view: it shows nothing and holds its slot.
-  View() = default;
-
-  /// A composite: a plain struct with a `body`.
-  template <class Struct>
-  requires(!std::derived_from<Struct, View> && CompositeView<Struct>) View(Struct composite)
-      : View(std::shared_ptr<const AnyComposite>(
-            std::make_shared<ErasedComposite<Struct>>(std::move(composite)))) {}
-
-  /// Does not compile: the message says what is wrong with the struct's `body`.
-  template <class Struct>
-  requires(!std::derived_from<Struct, View> && MisshapenComposite<Struct>) View(Struct) {
-    explainBody<Struct>();
-  }
-
-  /// \name Modifiers
-  /// Applied to an lvalue, each makes a new view; applied to a temporary, it changes the temporary,
-  /// so that a chain of modifiers copies nothing. On an absent view they do nothing.
-  ///
-  /// Font, weight, foreground style and disabled also apply to all views inside; the others apply
-  /// to the view only. Of two modifiers of the same kind, the inner one, which is applied first,
-  /// wins unless stated otherwise. Lengths are in points.
-  /// @{
-
-  /// The font of all texts and titles; also applies to the views inside.
-  View font(Font font) const&;
-  View font(Font font) &&;
-  /// The weight of all texts and titles; also applies to the views inside. A font with an explicit
-  /// weight counts as a weight modifier too.
-  View fontWeight(FontWeight weight) const&;
-  View fontWeight(FontWeight weight) &&;
-  /// The level of the text colour; also applies to the views inside.
-  View foregroundStyle(ForegroundStyle style) const&;
-  View foregroundStyle(ForegroundStyle style) &&;
-  /// Adds space around the view, in points, on all or some edges. Several paddings add up. On a
-  /// Group, a ForEach or a composite, which have no layout, it applies to each child.
-  View padding(int length) const& { return padding(Edges::all, length); }
-  View padding(int length) && { return std::move(*this).padding(Edges::all, length); }
-  View padding(Edges edges, int length) const&;
-  View padding(Edges edges, int length) &&;
-  /// How a button is drawn: with the platform's frame, or as its bare title.
-  View buttonStyle(ButtonStyle style) const&;
-  View buttonStyle(ButtonStyle style) &&;
-  /// How a picker offers its choices.
-  View pickerStyle(PickerStyle style) const&;
-  View pickerStyle(PickerStyle style) &&;
-  /// How a text field is drawn.
-  View textFieldStyle(TextFieldStyle style) const&;
-  View textFieldStyle(TextFieldStyle style) &&;
-  /// Hides the view's title visually; assistive technology still reads it.
-  View labelsHidden() const&;
-  View labelsHidden() &&;
-  /// With `true`, nothing in the view accepts events, and no view inside can be enabled again.
-  View disabled(bool disabled) const&;
-  View disabled(bool disabled) &&;
-  /// Sets the view's identifier for automation, byte for byte. The last one applied wins.
-  View accessibilityIdentifier(std::string identifier) const&;
-  View accessibilityIdentifier(std::string identifier) &&;
-  /// The value that the view represents as a row of a picker.
-  template <Choice Value>
-  View tag(Value value) const {
-    return View(*this).modified(TagModifier{Tag(std::move(value))});
-  }
-  /// Gives the view an explicit identity among its siblings, instead of its slot. Keys are compared
-  /// under canonical equivalence.
-  View id(std::string key) const;
-  /// @}
-
-  /// Whether this is the absent view, which shows nothing and holds its slot.
-  bool isAbsent() const { return description_ == nullptr; }
-  /// The view's description (Description.hpp); the view must not be absent.
-  const Description& description() const { return *description_; }
-
- protected:
-  explicit View(std::shared_ptr<const AnyComposite> composite);
-  explicit View(Description description);
-  /// The description for a change: this view's own, or a copy when other views share it. The view
-  /// must not be absent.
-  Description& ownDescription();
-
- private:
-  friend class Element;
-  View modified(Modifier modifier) &&;
-
-  std::shared_ptr<Description> description_;
-};
 
 /// How a column aligns children that are narrower than itself; `leading` is the side where lines
 /// begin: left, or right in a right-to-left layout.
@@ -149,6 +34,8 @@ class VEMRA_EXPORT Text : public View {
   explicit Text(LocalizedKey key);
   /// A text that is shown unchanged, such as a name.
   explicit Text(Verbatim text);
+  /// Shows a label, which is one or the other.
+  explicit Text(Label label);
 };
 
 /// A button with a title. The action runs on the main thread, once for each press, and may replace
@@ -161,7 +48,14 @@ class VEMRA_EXPORT Button : public View {
   Button(Verbatim title, Action action);
 };
 
-/// A choice among tagged rows, shown as a menu.
+/// A function that makes the label of a choice: a `LocalizedKey`, or a text through `verbatim`.
+template <class MakeLabel, class Value>
+concept ChoiceLabelOf = requires(const MakeLabel& label, const Value& value) {
+  { std::invoke(label, value) } -> std::convertible_to<Label>;
+};
+
+/// A choice among tagged rows, shown as a menu. Its title is shown before the choice, unless
+/// `labelsHidden` hides it.
 class VEMRA_EXPORT Picker : public View {
  public:
   /// A picker of values. The views in `content` with a `tag` of the same type are its choices.
@@ -170,6 +64,46 @@ class VEMRA_EXPORT Picker : public View {
       : Picker(title, asTag(std::move(selection)), std::move(content)) {}
   /// The same with tags of any type.
   Picker(LocalizedKey title, Binding<Tag> selection, Children content);
+
+  /// A picker of `values`, each shown as its label:
+  ///
+  ///     Picker("Team", state.binding(&State::team), teams,
+  ///            [](const Team& team) { return verbatim(team.name); })
+  ///
+  /// The values need `==` only. The name of a choice in reports and tests is its canonical text if
+  /// it has one, else its label.
+  template <ChoiceValue Value, class Values, ChoiceLabelOf<Value> MakeLabel>
+  Picker(LocalizedKey title, Binding<Value> selection, const Values& values, MakeLabel label)
+      : Picker(title, asTag(std::move(selection), tagsLabelled<Value>(label)),
+               choices<Value>(values, label)) {}
+  /// The same with the values in braces.
+  template <ChoiceValue Value, ChoiceLabelOf<Value> MakeLabel>
+  Picker(LocalizedKey title, Binding<Value> selection,
+         std::initializer_list<std::type_identity_t<Value>> values, MakeLabel label)
+      : Picker(title, asTag(std::move(selection), tagsLabelled<Value>(label)),
+               choices<Value>(values, label)) {}
+
+ private:
+  /// A function that makes the tag of a value.
+  template <class Value, class MakeLabel>
+  static auto tagsLabelled(const MakeLabel& label) {
+    return [label](Value value) {
+      if constexpr (HasCanonicalText<Value>) {
+        return Tag(std::move(value));
+      } else {
+        std::string name = Label(std::invoke(label, std::as_const(value))).source();
+        return Tag(std::move(value), std::move(name));
+      }
+    };
+  }
+  template <class Value, class Values, class MakeLabel>
+  static Children choices(const Values& values, const MakeLabel& label) {
+    Children rows;
+    for (const Value& value : values) {
+      rows.push_back(Text(Label(std::invoke(label, value))).tag(tagsLabelled<Value>(label)(value)));
+    }
+    return rows;
+  }
 };
 
 /// A single-line text field; its title is the placeholder.
@@ -193,8 +127,10 @@ class VEMRA_EXPORT VStack : public View {
   VStack(HorizontalAlignment alignment, int spacing, Children children);
 };
 
-/// A row of its children, beginning at the leading edge. A child that does not fit the width begins
-/// a further line, with the same spacing below the previous one, so that nothing is cut off.
+/// A row of its children, beginning at the leading edge. Text fields take the room that the other
+/// children leave, and give it back. Only when even the narrowest fields leave too little room, the
+/// next child begins a further line, with the same spacing below the previous one, so that nothing
+/// is cut off.
 class VEMRA_EXPORT HStack : public View {
  public:
   /// `spacing` is the space between two neighbours, in points; an absent child takes none.
@@ -226,21 +162,52 @@ class VEMRA_EXPORT ScrollView : public View {
                       ScrollIndicators indicators = ScrollIndicators::shown);
 };
 
-/// One row for each element, described on request.
+/// One row for each element, described on request:
 ///
-/// `elements` is copied and must be cheap to copy; `id` returns each element's id (a member
-/// pointer, or a function that returns a reference or a string_view into the element); `row` makes
-/// the view. Ids are compared under canonical equivalence; equal ids are distinguished by their
-/// order.
+///     ForEach(contacts, &Contact::id, [](const Contact& each) { return ContactRow{each}; })
+///
+/// The list takes `elements` over without copying one of them; the type or the call says how:
+///
+///     a SharedArray              shares its elements
+///     a std::span                refers to elements that outlive the list
+///     std::move(v), or a result  is moved into the list (a std::vector, a std::array, …)
+///     std::vector(v)             copies every element, on purpose
+///
+/// `id` returns an element's id: a text, a whole number, an enumerator, or a value with an `idText`
+/// (CanonicalText.hpp). A text in the element costs nothing; of other ids the list keeps the texts
+/// that it has needed. Ids are compared under canonical equivalence; equal ids are distinguished by
+/// their order. `row` makes the view, and may refer to the element as long as the view lives in the
+/// list.
 class VEMRA_EXPORT ForEach : public View {
  public:
-  /// Copies `elements`; `id` and `row` are called on the main thread, for the rows that are needed.
-  template <class Elements, RowIDOf<Elements> ID, class Row>
-  ForEach(Elements elements, ID id, Row row)
-      : ForEach(std::make_shared<RowsOf<Elements, ID, Row>>(std::move(elements), std::move(id),
-                                                            std::move(row))) {}
+  /// `id` and `row` are called on the main thread, for the rows that are needed.
+  template <class Elements, class ID, class Row>
+  ForEach(Elements&& elements, ID id, Row row)
+      : ForEach(rowsOf(std::forward<Elements>(elements), std::move(id), std::move(row))) {
+    using Range = std::remove_cvref_t<Elements>;
+    static_assert(StoresElements<Range>, "a list needs a range that stores its elements");
+    static_assert(CopiesNoElement<Elements>,
+                  "this would copy every element of the range: share the elements (SharedArray), "
+                  "refer to them (std::span), move the range (std::move), or copy it on purpose "
+                  "(std::vector(range))");
+    static_assert(RowIDOf<ID, Range>,
+                  "the id of a row is a text, a whole number, an enumerator, or a value with a "
+                  "function std::string idText(const Value&) beside its type");
+  }
   /// Takes rows from a source, for lists that are not in memory.
   explicit ForEach(std::shared_ptr<const RowSource> rows);
+
+ private:
+  template <class Elements, class ID, class Row>
+  static std::shared_ptr<const RowSource> rowsOf(Elements&& elements, ID id, Row row) {
+    using Range = std::remove_cvref_t<Elements>;
+    if constexpr (StoresElements<Range> && CopiesNoElement<Elements> && RowIDOf<ID, Range>) {
+      return std::make_shared<RowsOf<Range, ID, Row>>(std::forward<Elements>(elements),
+                                                      std::move(id), std::move(row));
+    } else {
+      return nullptr;
+    }
+  }
 };
 
 /// Conditional content. Every branch is an identity of its own:
@@ -291,24 +258,6 @@ class VEMRA_EXPORT If : public View {
 template <class Value, class Make>
 If IfPresent(const std::optional<Value>& value, Make make) {
   return If(value.has_value(), [&]() -> View { return make(*value); });
-}
-
-template <class Struct>
-View ErasedComposite<Struct>::body(const std::shared_ptr<StateCell>& state,
-                                   const Environment& environment) const {
-  if constexpr (StatefulComposite<Struct>) {
-    using State = LocalState<typename Struct::State>;
-    const State local(std::static_pointer_cast<StateCellOf<typename Struct::State>>(state));
-    if constexpr (HasBodyOf<Struct, State, Environment>) {
-      return value_.body(local, environment);
-    } else {
-      return value_.body(local);
-    }
-  } else if constexpr (HasBodyOf<Struct, Environment>) {
-    return value_.body(environment);
-  } else {
-    return value_.body();
-  }
 }
 
 template <class Elements, class ID, class Row>

@@ -89,6 +89,7 @@ class Page final : public EventSink, private page::PageHost {
   page::Size measure(const page::Node& leaf, int width) override {
     return metrics_.measure(leaf, width);
   }
+  int narrowestField(const page::Node& field) override { return metrics_.narrowestField(field); }
   bool isShown() const override;
   page::Size viewportSize() const override;
   void showScrollRange(int maximum, int position) override;

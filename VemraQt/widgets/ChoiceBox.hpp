@@ -12,7 +12,8 @@ class QMenu;
 
 namespace vemra::qt {
 
-/// A Picker: a button that shows the current choice and opens a menu.
+/// A Picker: a button that shows the title, unless it is hidden, and the current choice, and opens
+/// a menu.
 ///
 /// It ignores the wheel, which scrolls the page. Its menu is a plain menu instead of an item view,
 /// because the item view's accessible table does not survive a change of its rows; so typing a

@@ -19,6 +19,14 @@ namespace {
 constexpr int fieldMargin = 6;
 // A field is at most wide enough for a sentence, even on a wide screen.
 constexpr int widestFieldInEms = 34;
+// Beside other elements, a field stays wide enough for a short name.
+constexpr int narrowestFieldInEms = 8;
+
+/// The title of a picker as it is shown before the choice.
+QString shownTitle(const ui::Element& picker) {
+  const QString title = toQString(picker.shownLabel());
+  return picker.labelsHidden() || title.isEmpty() ? QString() : title + QLatin1String(": ");
+}
 
 template <class Option>
 Option optionFor(const QWidget& page, const QFont& font) {
@@ -84,14 +92,16 @@ QSize StyleMetrics::picker(const page::Node& leaf, TextShape& shape, int width) 
   auto option = optionFor<QStyleOptionComboBox>(page_, font);
   const std::vector<Choice> choices = qt::choicesOf(leaf);
   // As wide as the widest choice, so that choosing moves no other element.
-  const int widest = widestOf(choices, font);
+  const QString title = shownTitle(leaf.element);
+  const int widest =
+      widestOf(choices, font) + (title.isEmpty() ? 0 : QFontMetrics(font).horizontalAdvance(title));
   const auto framed = [&](QSize text) {
     return page_.style()->sizeFromContents(QStyle::CT_ComboBox, &option, text, nullptr);
   };
   const int frame = framed(QSize(1000, 20)).width() - 1000 + 8;
   const int current = currentChoice(leaf, choices);
   const QString shown = current < 0 ? QString() : choices[static_cast<std::size_t>(current)].label;
-  shape = TextShape(shown, font, std::max(1, std::min(widest + 4, width - frame)));
+  shape = TextShape(title + shown, font, std::max(1, std::min(widest + 4, width - frame)));
   QSize size = framed(QSize(widest + 8, shape.size().height()));
   size.setHeight(std::max(size.height(), shape.size().height() + 8));
   size.setWidth(std::min(size.width(), std::max(width, smallestTarget)));
@@ -110,6 +120,11 @@ int StyleMetrics::widestOf(const std::vector<Choice>& choices, const QFont& font
     }
   }
   return widestChoice_;
+}
+
+int StyleMetrics::narrowestField(const page::Node& leaf) const {
+  const QFontMetrics metrics(theme_.font(leaf.element.style().font));
+  return metrics.horizontalAdvance(u'm') * narrowestFieldInEms;
 }
 
 QSize StyleMetrics::field(const page::Node& leaf, TextShape& shape, int width) const {

@@ -29,6 +29,7 @@ class StyleMetrics final {
       : page_(page), theme_(theme), leaves_(leaves) {}
 
   page::Size measure(const page::Node& leaf, int width);
+  int narrowestField(const page::Node& leaf) const;
 
  private:
   QSize text(const page::Node& leaf, TextShape& shape, int width) const;

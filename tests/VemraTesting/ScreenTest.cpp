@@ -138,7 +138,7 @@ TEST_F(ScreenTest, NearestIdentifiersAreAtMostThreeAndMayBeNone) {
 TEST_F(ScreenTest, NearestIdentifiersHaveTheFewestBytesAddedLeftOutOrReplaced) {
   const auto nearest = [&](const std::vector<std::string>& identifiers, const std::string& sought) {
     screen.show(ui::ForEach(
-        identifiers, [](const std::string& id) -> const std::string& { return id; },
+        std::vector(identifiers), [](const std::string& id) -> const std::string& { return id; },
         [](const std::string& id) { return ui::Text("x").accessibilityIdentifier(id); }));
     reasonOf([&] { screen.get(sought); });
     const std::size_t from = what.find("\nnearest: ") + 10;

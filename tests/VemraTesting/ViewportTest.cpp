@@ -30,7 +30,7 @@ View list(std::size_t count, std::vector<std::string>* opened = nullptr, std::si
   const auto itself = [](const std::string& name) -> const std::string& { return name; };
   return VStack(HorizontalAlignment::leading, 0,
                 {line("People"),
-                 ForEach(names, itself,
+                 ForEach(std::move(names), itself,
                          [opened](const std::string& name) {
                            return HStack(VerticalAlignment::center, 8,
                                          {line(name), Button(verbatim("Open"), [opened, name] {
@@ -79,7 +79,7 @@ TEST(Viewport, ShowsTextsAndControlsInCells) {
 TEST(Viewport, ShowsAFormWhileItIsFilledIn) {
   Viewport screen(Form{}, {24, 3});
   EXPECT_EQ(screen.text(),
-            "[Good     v]\n"
+            "[Mood: Good     v]\n"
             "[Note: ________________]\n"
             "(Save)\n");
   ASSERT_TRUE(screen.tab());
@@ -89,13 +89,13 @@ TEST(Viewport, ShowsAFormWhileItIsFilledIn) {
   screen.type("Ada");
   ASSERT_TRUE(screen.tab());
   EXPECT_EQ(screen.text(),
-            "[Very bad v]\n"
+            "[Mood: Very bad v]\n"
             "[Note: met Ada_________]\n"
             ">Save<\n");
   ASSERT_TRUE(screen.backTab());
   screen.clear();
   EXPECT_EQ(screen.text(),
-            "[Very bad v]\n"
+            "[Mood: Very bad v]\n"
             ">Note: ________________<\n"
             "(Save)\n");
 }
@@ -112,6 +112,24 @@ TEST(Viewport, ReturnSubmitsTheFocusedField) {
   screen.type("Ada");
   screen.submit();
   EXPECT_THAT(submitted, ElementsAre("Ada"));
+}
+
+TEST(Viewport, APickerShowsItsTitleUnlessItIsHidden) {
+  const View picker = Picker("Mood", Binding<Mood>([] { return Mood::good; }, [](Mood) {}),
+                             {line("Good").tag(Mood::good), line("Very bad").tag(Mood::bad)});
+  const auto shown = [](const View& view, int width) { return Viewport(view, {width, 1}).text(); };
+  EXPECT_EQ(shown(picker, 30), "[Mood: Good     v]\n");
+  EXPECT_EQ(shown(picker.labelsHidden(), 30), "[Good     v]\n");
+  EXPECT_EQ(shown(picker, 15), "[Mood: Good  v]\n");
+  EXPECT_EQ(shown(picker, 12), "[Good     v]\n") << "a choice needs half the room";
+}
+
+TEST(Viewport, AFieldAndAButtonStandInOneLine) {
+  const View row = HStack(VerticalAlignment::center, 8,
+                          {TextField("Name", Binding<std::string>([] { return std::string("Ada"); },
+                                                                  [](const std::string&) {})),
+                           Button("Keep", [] {})});
+  EXPECT_EQ(Viewport(row, {30, 1}).text(), "[Name: Ada____________] [Keep]\n");
 }
 
 TEST(Viewport, AFieldShowsTheEndOfALongText) {
@@ -200,7 +218,7 @@ TEST(Viewport, EndShowsTheEndWhateverTheHeightOfTheLastRows) {
   const auto itself = [](const std::string& text) -> const std::string& { return text; };
   Viewport screen(
       VStack(HorizontalAlignment::leading, 0,
-             {ForEach(texts, itself, [](const std::string& text) { return line(text); }),
+             {ForEach(std::move(texts), itself, [](const std::string& text) { return line(text); }),
               line("The end")}),
       {10, 4});
   screen.end();
@@ -293,7 +311,7 @@ TEST(Viewport, ReportsWhyAKeyCannotAct) {
       FAIL() << "expected: " << reason;
     } catch (const ElementError& error) {
       EXPECT_EQ(error.reason(), reason);
-      EXPECT_THAT(error.what(), HasSubstr(">Good     v<")) << "and shows the screen";
+      EXPECT_THAT(error.what(), HasSubstr(">Mood: Good     v<")) << "and shows the screen";
     }
   };
   expectError([&] { screen.choose("Splendid"); },

@@ -1,3 +1,4 @@
+// Message: a list needs a range that stores its elements
 // The id of a temporary element would be destroyed with the element: the range must store its
 // elements.
 

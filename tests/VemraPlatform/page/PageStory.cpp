@@ -10,6 +10,10 @@ using ui::View;
 
 namespace {
 
+View line(ui::Children children) {
+  return ui::HStack(ui::VerticalAlignment::center, 5, std::move(children));
+}
+
 /// A button that is replaced by an editor; Save closes the editor.
 struct Editor {
   static constexpr std::string_view name = "Editor";
@@ -25,8 +29,9 @@ struct Editor {
       return ui::Button(ui::verbatim("open " + id), [state] { state.set(&State::isOpen, true); })
           .disabled(!isEnabled);
     }
-    return column({field("note " + id), ui::Button(ui::verbatim("save " + id),
-                                                   [state] { state.set(&State::isOpen, false); })});
+    return line(
+        {column({text("note"), field("note " + id)}),
+         ui::Button(ui::verbatim("save " + id), [state] { state.set(&State::isOpen, false); })});
   }
   ui::Properties properties(const State&) const { return {}; }
 };
@@ -38,7 +43,7 @@ View Story::view() const {
     const Row& row = *std::ranges::find(rows, id, &Row::id);
     ui::Children children{text(std::string(static_cast<std::size_t>(row.lines) * 12, 'x')),
                           View(Editor{id, row.isEnabled})};
-    if (row.hasField) children.push_back(field("field " + id));
+    if (row.hasField) children.push_back(line({text("name"), field("field " + id)}));
     return column(std::move(children), 2);
   };
   IDs ids;

@@ -14,7 +14,7 @@ namespace {
 using namespace sample;
 
 /// A form whose state the test writes from outside. Keeps what each of its bodies has read.
-struct Form {
+struct DraftForm {
   struct State {
     std::string name;
     bool isOpen = false;
@@ -33,11 +33,11 @@ struct Form {
 class StateUpdateTest : public OnGraph {
  protected:
   StateUpdateTest() {
-    graph.setRoot(Form{reached, described});
+    graph.setRoot(DraftForm{reached, described});
     described.clear();
   }
 
-  std::optional<LocalState<Form::State>> reached;
+  std::optional<LocalState<DraftForm::State>> reached;
   std::vector<std::string> described;
 };
 
@@ -46,7 +46,7 @@ using Described = std::vector<std::string>;
 }  // namespace
 
 TEST_F(StateUpdateTest, IsOneBodyOutsideAnyEventToo) {
-  reached->update([](Form::State& next) {
+  reached->update([](DraftForm::State& next) {
     next.name = "Ada";
     next.isOpen = true;
   });
@@ -56,14 +56,14 @@ TEST_F(StateUpdateTest, IsOneBodyOutsideAnyEventToo) {
 
 TEST_F(StateUpdateTest, IsReadBySetsAndUpdatesAfterIt) {
   for (int round = 0; round < 2; ++round) {
-    reached->update([](Form::State& next) { next.name += 'x'; });
+    reached->update([](DraftForm::State& next) { next.name += 'x'; });
   }
-  reached->set(&Form::State::isOpen, true);
+  reached->set(&DraftForm::State::isOpen, true);
   EXPECT_EQ(described, (Described{"x closed", "xx closed", "xx open"}));
 }
 
 TEST_F(StateUpdateTest, ToAnEqualStateIsNoChange) {
-  reached->update([](Form::State& next) {
+  reached->update([](DraftForm::State& next) {
     next.name = "Ada";
     next.name.clear();
   });
@@ -71,7 +71,7 @@ TEST_F(StateUpdateTest, ToAnEqualStateIsNoChange) {
 }
 
 TEST_F(StateUpdateTest, ThatThrowsChangesNothing) {
-  EXPECT_THROW(reached->update([](Form::State& next) {
+  EXPECT_THROW(reached->update([](DraftForm::State& next) {
     next.name = "half";
     throw std::runtime_error("no");
   }),
@@ -81,7 +81,7 @@ TEST_F(StateUpdateTest, ThatThrowsChangesNothing) {
 }
 
 TEST_F(StateUpdateTest, ShowsNoHalfOfItToAReaderMeanwhile) {
-  reached->update([&](Form::State& next) {
+  reached->update([&](DraftForm::State& next) {
     next.name = "Ada";
     EXPECT_EQ((*reached)->name, "");
     next.isOpen = true;
@@ -90,10 +90,10 @@ TEST_F(StateUpdateTest, ShowsNoHalfOfItToAReaderMeanwhile) {
 }
 
 TEST_F(StateUpdateTest, AfterTheNodeIsGoneIsIgnored) {
-  const LocalState<Form::State> late = *reached;
+  const LocalState<DraftForm::State> late = *reached;
   graph.setRoot(View());
   bool ran = false;
-  late.update([&](Form::State& next) {
+  late.update([&](DraftForm::State& next) {
     next.name = "late";
     ran = true;
   });

@@ -1,4 +1,4 @@
-// Compiles and runs the example in View.hpp.
+// Compiles and runs the example in ViewValue.hpp.
 
 #include "tests/VemraPlatform/ui/Sample.hpp"
 
@@ -65,7 +65,7 @@ TEST(ViewTest, TheExamplesEditorKeepsItsTextWhenTheButtonAboveItAppearsAndDisapp
 }
 
 TEST(ViewTest, TheExampleInTheCommentCompiles) {
-  const std::string header = words("VemraPlatform/ui/View.hpp");
+  const std::string header = words("VemraPlatform/ui/ViewValue.hpp");
   const std::size_t begin = header.find("return VStack(");
   const std::size_t end = header.find("}); The editor stays", begin);
   ASSERT_NE(begin, std::string::npos);

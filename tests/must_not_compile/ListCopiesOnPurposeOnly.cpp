@@ -1,0 +1,19 @@
+// Message: this would copy every element of the range: share the elements (SharedArray)
+
+#include "VemraPlatform/ui/View.hpp"
+
+namespace vemra::ui {
+
+struct Names {
+  std::vector<std::string> names;
+
+  View body() const {
+    const auto row = [](const std::string& name) { return Text(verbatim(name)); };
+#ifdef MUST_NOT_COMPILE
+    return ForEach(names, std::identity(), row);
+#endif
+    return ForEach(std::vector(names), std::identity(), row);
+  }
+};
+
+}  // namespace vemra::ui
