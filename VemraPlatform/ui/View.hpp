@@ -87,14 +87,14 @@ class VEMRA_EXPORT Picker : public View {
   /// A function that makes the tag of a value.
   template <class Value, class MakeLabel>
   static auto tagsLabelled(const MakeLabel& label) {
-    return [label](Value value) {
-      if constexpr (HasCanonicalText<Value>) {
-        return Tag(std::move(value));
-      } else {
+    if constexpr (HasCanonicalText<Value>) {
+      return [](Value value) { return Tag(std::move(value)); };
+    } else {
+      return [label](Value value) {
         std::string name = Label(std::invoke(label, std::as_const(value))).source();
         return Tag(std::move(value), std::move(name));
-      }
-    };
+      };
+    }
   }
   template <class Value, class Values, class MakeLabel>
   static Children choices(const Values& values, const MakeLabel& label) {
