@@ -111,7 +111,9 @@ QString isolated(const QString& text) {
   };
   const QList<uint> characters = text.toUcs4();
   if (std::ranges::none_of(characters, isOfOtherDirection)) return text;
-  return QChar(0x2068) + text + QChar(0x2069);
+  // Qt takes the direction of a paragraph that begins with an isolate from the isolate's content.
+  const QString mark = QChar(isMirrored ? 0x200f : 0x200e);
+  return mark + QChar(0x2068) + text + QChar(0x2069);
 }
 
 QString asButtonTitle(QString text) {

@@ -321,7 +321,7 @@
     </message>
     <message>
         <source>Tab: the next control; Space: press it</source>
-        <translation>⁨Tab⁩: הפקד הבא; רווח: לחיצה עליו</translation>
+        <translation>‏⁨Tab⁩: הפקד הבא; רווח: לחיצה עליו</translation>
     </message>
     <message>
         <source>%1: close the details</source>

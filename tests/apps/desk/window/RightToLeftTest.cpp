@@ -19,6 +19,8 @@
 #include <QImage>
 #include <QLabel>
 #include <QMessageBox>
+#include <QTextBlock>
+#include <QTextDocument>
 #include <QTranslator>
 #include <gtest/gtest.h>
 
@@ -43,7 +45,13 @@ class RightToLeftTest : public OpenDesk {
     font.setStyleStrategy(QFont::NoAntialias);
     return font;
   }
-  static QString isolate(const QString& text) { return QChar(0x2068) + text + QChar(0x2069); }
+  static QString isolate(const QString& text, char16_t mark = 0x200f) {
+    return QString(QChar(mark)) + QChar(0x2068) + text + QChar(0x2069);
+  }
+  /// Whether a label with that text reads from right to left.
+  static bool readsFromRightToLeft(const QString& text) {
+    return QTextDocument(text).firstBlock().textDirection() == Qt::RightToLeft;
+  }
 
   /// The part of a picture that differs from its corner's colour.
   static QRect inkOf(const QImage& image) {
@@ -145,7 +153,7 @@ TEST_F(RightToLeftTest, AReasonIsASentenceFromRightToLeftWithItsFileIsolated) {
   EXPECT_EQ(reason, isolate("/a/b.sqlite") +
                         ": \u05de\u05d5\u05d2\u05df \u05de\u05e4\u05e0\u05d9 "
                         "\u05db\u05ea\u05d9\u05d1\u05d4");
-  EXPECT_TRUE(reason.isRightToLeft());
+  EXPECT_TRUE(readsFromRightToLeft(reason));
   EXPECT_TRUE(localizedReason("b.json: /goal: line 2, column 7: expected an object; found \"c\"")
                   .contains(isolate("\"c\"")));
 }
@@ -156,7 +164,7 @@ TEST_F(RightToLeftTest, EveryLineAboutTheKeyboardReadsFromRightToLeft) {
   const auto* box = parent.findChild<QMessageBox*>();
   ASSERT_NE(box, nullptr);
   for (const QString& line : box->informativeText().split('\n')) {
-    EXPECT_TRUE(line.isRightToLeft()) << line.toStdString();
+    EXPECT_TRUE(readsFromRightToLeft(line)) << line.toStdString();
   }
 }
 
@@ -166,7 +174,7 @@ TEST_F(RightToLeftTest, OnlyTextsOfTheOtherDirectionAreIsolated) {
   EXPECT_EQ(isolated("12"), "12");
   installTranslations({"en"});
   EXPECT_EQ(isolated("Ada"), "Ada");
-  EXPECT_EQ(isolated("\u05d0\u05d3\u05d4"), isolate("\u05d0\u05d3\u05d4"));
+  EXPECT_EQ(isolated("\u05d0\u05d3\u05d4"), isolate("\u05d0\u05d3\u05d4", 0x200e));
 }
 
 }  // namespace
