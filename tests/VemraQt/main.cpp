@@ -1,11 +1,13 @@
 #include "tests/VemraQt/QuietQt.hpp"
 
 #include <QApplication>
+#include <QCursor>
 #include <QFont>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-/// The tests run without a display, with the same font, size and style on every machine.
+/// The tests run without a display, with the same font, size and style on every machine. The environment
+/// variable VEMRA_TEST_STYLE names another style to try them with.
 int main(int argumentCount, char** arguments) {
   ::testing::InitGoogleTest(&argumentCount, arguments);
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -16,11 +18,13 @@ int main(int argumentCount, char** arguments) {
   }
   vemra::qttest::watchQtMessages();
   QApplication application(argumentCount, arguments);
-  QApplication::setStyle("fusion");     // not before: then the application would not own it
+  // Not before the application: it would not own the style.
+  QApplication::setStyle(qEnvironmentVariable("VEMRA_TEST_STYLE", QStringLiteral("fusion")));
   QApplication::setCursorFlashTime(0);  // no painting except for the test's own actions
   QFont font("DejaVu Sans");
   font.setPixelSize(13);
   QApplication::setFont(font);
+  QCursor::setPos(-100, -100);  // no test's window is under the pointer
   ::testing::UnitTest::GetInstance()->listeners().Append(new vemra::qttest::QuietQt);
   return RUN_ALL_TESTS();
 }

@@ -20,9 +20,10 @@ SHOWING = Atspi.StateType.SHOWING
 class Window:
     """The program, and its root on the bus."""
 
-    def __init__(self, program, people):
+    def __init__(self, program, people, environment=None):
         self.process = subprocess.Popen(
             [program, str(people)],
+            env=environment,
             stdin=subprocess.PIPE,
             stdout=subprocess.PIPE,
             stderr=subprocess.PIPE,
@@ -500,7 +501,8 @@ def measure(program, people):
     return 0
 
 
-Atspi.init()
-if len(sys.argv) > 3 and sys.argv[2] == "walk":
-    sys.exit(measure(sys.argv[1], int(sys.argv[3])))
-sys.exit(1 if check(sys.argv[1]) else 0)
+if __name__ == "__main__":
+    Atspi.init()
+    if len(sys.argv) > 3 and sys.argv[2] == "walk":
+        sys.exit(measure(sys.argv[1], int(sys.argv[3])))
+    sys.exit(1 if check(sys.argv[1]) else 0)
