@@ -1,7 +1,10 @@
-// vemra-bench-desk PEOPLE: from "Save" in the window of vemra-desk until the recorded outcome is shown.
+// vemra-bench-desk PEOPLE [OUTCOMES [CORRECTIONS [GOALS]]]: from "Save" in the window of vemra-desk until
+// the recorded outcome is shown.
 //
-// The store is a new file in the folder for temporary files, with one goal of so many people. A person
-// in view gets an outcome, ten times, each time another person: the press of "Save" starts the clock,
+// The store is a new file in the folder for temporary files, with one goal of so many people. Besides the
+// sample's own, it has so many outcomes about people who are not in the list, and so many corrections of
+// the outcome of one person who is; and other goals without people, so many goals in all. A person
+// in view gets an outcome, eight times, each time another person: the press of "Save" starts the clock,
 // and the end of the frame in which the outcome stands in the row stops it. By then the outcome is
 // stored durably, the goal has been loaded from the store again, and the window shows it. Between two
 // saves SQLite alone writes one row durably into a file beside the store.
@@ -21,6 +24,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <QAbstractButton>
@@ -30,7 +34,7 @@ using namespace vemra;
 
 namespace {
 
-constexpr std::size_t wantedSaves = 10;
+constexpr std::size_t wantedSaves = 8;
 constexpr std::size_t mostInView = 20;
 
 QAbstractButton* button(const QWidget& window, const std::string& name) {
@@ -47,6 +51,32 @@ void print(const std::string& measure, std::vector<double> times) {
             << measure << ".least\t" << times.front() << '\n';
 }
 
+/// What the store holds.
+struct Content {
+  bench::SampleSize size;
+  std::size_t corrections = 0;
+  std::size_t goals = 1;
+};
+
+std::vector<GetGoalSnapshotResponse> resultsOf(const Content& content) {
+  std::vector<GetGoalSnapshotResponse> results{bench::sampleResult(content.size)};
+  std::vector<GoalOutcomeDTO> corrections;
+  for (std::size_t i = 0; i < content.corrections; ++i) {
+    GoalOutcomeDTO correction = results[0].outcomes.front();
+    correction.correctsOutcomeID = i == 0 ? correction.id : "c" + std::to_string(i - 1);
+    correction.id = "c" + std::to_string(i);
+    corrections.push_back(std::move(correction));
+  }
+  results[0].outcomes = results[0].outcomes.appending(std::move(corrections));
+  for (std::size_t i = 1; i < content.goals; ++i) {
+    GetGoalSnapshotResponse other;
+    other.goal.id = "other" + std::to_string(i);
+    other.goal.title = "Goal Number " + std::to_string(i);
+    results.push_back(std::move(other));
+  }
+  return results;
+}
+
 double timed(bench::FrameClock& clock, QWidget& window, const std::function<void()>& act,
              const std::string& untilShown) {
   const auto time = clock.timeToFrame(act, [&] { return button(window, untilShown) != nullptr; });
@@ -54,10 +84,10 @@ double timed(bench::FrameClock& clock, QWidget& window, const std::function<void
   return time->count();
 }
 
-void measure(bench::FrameClock& clock, std::size_t people) {
+void measure(bench::FrameClock& clock, const Content& content) {
   const QTemporaryDir folder;
   const std::string file = folder.filePath("goals.sqlite").toStdString();
-  desk::GoalStore::open(file).import({bench::sampleResult({.people = people})});
+  desk::GoalStore::open(file).import(resultsOf(content));
   const bench::BareTransaction bare(folder.filePath("bare.sqlite").toStdString());
 
   auto engine = std::make_shared<desk::StoreEngine>(file);
@@ -68,6 +98,7 @@ void measure(bench::FrameClock& clock, std::size_t people) {
 
   std::vector<double> saves;
   std::vector<double> bareTimes;
+  std::vector<double> ratios;
   for (std::size_t person = 0; saves.size() < wantedSaves; ++person) {
     if (person > mostInView) throw std::runtime_error("too few people are in view");
     auto* start = button(window, bench::identifierOf(person, "outcome.start"));
@@ -79,6 +110,7 @@ void measure(bench::FrameClock& clock, std::size_t people) {
     if (save == nullptr) throw std::runtime_error("no editor is open");
     saves.push_back(timed(
         clock, window, [&] { save->click(); }, bench::identifierOf(person, "outcome.correct")));
+    ratios.push_back(saves.back() / bareTimes.back());
   }
   std::vector<double> records;
   std::vector<double> loads;
@@ -93,6 +125,8 @@ void measure(bench::FrameClock& clock, std::size_t people) {
   std::cout << "opened.first\t" << opened << "\nsaved.first\t" << saves.front() << '\n';
   saves.erase(saves.begin());
   print("saved", saves);
+  // Each save beside the transaction right before it: the speed of a shared disk changes by the second.
+  print("saved per transaction", ratios);
   print("recorded", records);
   print("loaded", loads);
   print("bare", bareTimes);
@@ -103,13 +137,18 @@ void measure(bench::FrameClock& clock, std::size_t people) {
 
 int main(int argumentCount, char** arguments) {
   if (argumentCount < 2) {
-    std::cerr << "usage: vemra-bench-desk PEOPLE\n";
+    std::cerr << "usage: vemra-bench-desk PEOPLE [OUTCOMES [CORRECTIONS [GOALS]]]\n";
     return 1;
   }
+  const auto number = [&](int place, std::size_t absent) {
+    return argumentCount > place ? std::stoul(arguments[place]) : absent;
+  };
   qputenv("QT_QPA_PLATFORM", "offscreen");
   bench::FrameClock clock(argumentCount, arguments);
   try {
-    measure(clock, std::stoul(arguments[1]));
+    measure(clock, {.size = {.people = number(1, 0), .strayOutcomes = number(2, 0)},
+                    .corrections = number(3, 0),
+                    .goals = number(4, 1)});
   } catch (const std::exception& error) {
     std::cerr << "vemra-bench-desk: " << error.what() << '\n';
     return 1;

@@ -20,6 +20,11 @@ PEERS = ["widgets-column", "widgets-rows", "listview", "quick-listview", "quick-
 LARGEST = {"widgets-column": 10_000, "widgets-rows": 10_000, "quick-repeater": 10_000}
 # Peers that are also measured with stray outcomes: those whose first frame does not take seconds.
 WITH_STRAY = ["listview", "quick-listview"]
+# The other lengths of a store: a candidate, its sizes, and what is counted.
+DESK_LENGTHS = [("desk-outcomes", [10, 10_000, 100_000], "outcomes"),
+                ("desk-corrections", [10, 10_000], "corrections of one person"),
+                ("desk-goals", [10, 10_000], "goals")]
+READERS = ["vemra", "nlohmann", "simdjson"]
 
 
 @dataclasses.dataclass(frozen=True)
@@ -42,14 +47,24 @@ class Job:
         if self.candidate == "vemra-headless":
             return self.run_headless()
         if self.candidate == "vemra-desk":
-            return figures(output_of([BIN / "vemra-bench-desk", str(self.size)]))
+            return self.run_desk(self.size)
+        if self.candidate == "desk-outcomes":
+            return self.run_desk(10, self.size)
+        if self.candidate == "desk-corrections":
+            return self.run_desk(10, 0, self.size)
+        if self.candidate == "desk-goals":
+            return self.run_desk(10, 0, 0, self.size)
         if self.candidate == "reading":
-            return {measure: value for reader in ("vemra", "nlohmann", "simdjson") for measure, value
-                    in figures(output_of([BIN / "vemra-bench-reading", reader, str(self.size)])).items()}
+            return {measure: value for reader in READERS for measure, value in figures(output_of(
+                [BIN / "vemra-bench-reading", reader, str(self.size)])).items()}
         mode = "check" if checking and self.mode == "times" else self.mode
         command = [BIN / "vemra-bench-screen", self.candidate, mode, str(self.size),
                    str(self.stray)]
         return figures(output_of(command, notes=sys.stderr if mode == "check" else None))
+
+    def run_desk(self, *lengths):
+        """By the numbers of people, outcomes, corrections and goals."""
+        return figures(output_of([BIN / "vemra-bench-desk", *map(str, lengths)]))
 
     def run_inspect(self):
         command = [BIN / "vemra-inspect", document(self.size, self.stray)]
@@ -155,7 +170,9 @@ def jobs(quick):
               for candidate in ("vemra", *WITH_STRAY)]
     every.append(Job("vemra-headless", 10_000, "headless"))
     every += [Job("vemra-desk", size, "desk") for size in SIZES]
-    every += [Job("reading", size, "reading") for size in SIZES]
+    every += [Job(candidate, size, "desk") for candidate, sizes, _ in DESK_LENGTHS
+              for size in sizes]
+    every += [Job("reading", size, "reading") for size in (*SIZES, *(() if quick else (1_000_000,)))]
     if quick:
         every.append(Job("vemra-inspect", 10_000, "inspect"))
     return every

@@ -6,15 +6,18 @@ import sys
 import time
 
 import instructions
+import picture
 import tables
-from candidates import (BIN, OUT, ROOT, SIZES, WITH_STRAY, figures, jobs, micro_benchmarks,
-                        output_of)
+from candidates import (BIN, DESK_LENGTHS, OUT, ROOT, SIZES, WITH_STRAY, figures, jobs,
+                        micro_benchmarks, output_of)
 from results import Results
 
 # The candidates that are walked on the accessibility bus, by people: the two that expose everything
 # also where the calls inside a program weigh more than the bus.
 WALKED = {1_000: ["vemra", "widgets-rows", "listview", "quick-listview"],
           10_000: ["vemra", "widgets-rows"]}
+
+PICTURE = OUT / "performance.svg"
 
 # A quick run omits so much that it must not replace a full one.
 FULL = OUT / "results.json"
@@ -97,6 +100,11 @@ def report(results):
                                   ("recorded.hot", "the outcome stored"),
                                   ("loaded.hot", "the goal loaded again"),
                                   ("bare.hot", "one bare durable transaction"))]),
+        tables.list_table(results, ["vemra-desk, one goal of ten people", "median, ms"], [
+            (f"{size:,} {what}: {measured}", candidate, size, measure)
+            for candidate, sizes, what in DESK_LENGTHS for size in sizes
+            for measure, measured in (("opened.first", "the window until its first row is shown"),
+                                      ("saved.hot", "from Save to the outcome shown"))]),
         *(tables.list_table(results, [f"accessibility bus, {people:,} people", "median"], [
             (f"{candidate}: {measure}", candidate, people, measure) for candidate in candidates
             for measure in ("elements", "missing", "exposed", "walk per 1,000 elements",
@@ -139,7 +147,10 @@ def main():
     if wanted.report:
         if not FULL.exists():
             raise SystemExit(f"there is no {FULL.relative_to(ROOT)} yet; scripts/bench writes it")
-        report(Results.read(FULL))
+        results = Results.read(FULL)
+        report(results)
+        if picture.is_possible():
+            picture.draw(results, PICTURE)
         return
     results = Results()
     say(f"{machine()}, load {os.getloadavg()[0]:.1f}")
@@ -149,6 +160,9 @@ def main():
         part(results)
         results.write(file)  # after each part, so that a part that fails loses no earlier figures
     report(results)
+    if not wanted.quick and picture.is_possible():
+        picture.draw(results, PICTURE)
+        say(f"the picture is {PICTURE.relative_to(ROOT)}; docs/images/performance.svg is a copy of one")
     say(f"took {time.monotonic() - started:.0f} s; every figure is in {file.relative_to(ROOT)}"
         + (", the last full run still in " + FULL.name if wanted.quick and FULL.exists() else ""))
 
