@@ -5,6 +5,7 @@
 #include "VemraQt/accessibility/AccessibleObject.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
+#include "tests/VemraQt/ActiveWindow.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/ShownPage.hpp"
 
@@ -108,8 +109,7 @@ TEST_F(AccessibleObjectsTest, ThePageOfADestroyedWidgetIsEmpty) {
   auto going = std::make_unique<qt::ViewWidget>();
   going->setRoot(controls());
   going->show();
-  going->activateWindow();
-  QApplication::setActiveWindow(going.get());
+  activate(*going);
   going->setFocus();
   const QAccessible::Id id =
       QAccessible::uniqueId(QAccessible::queryAccessibleInterface(going.get()));

@@ -1,9 +1,9 @@
 // The keyboard focus away from the viewport, or on rows that must be requested first.
 
 #include "tests/VemraQt/Accessibility.hpp"
+#include "tests/VemraQt/ActiveWindow.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 
-#include <QApplication>
 #include <QPushButton>
 #include <QScrollBar>
 #include <gtest/gtest.h>
@@ -88,7 +88,7 @@ TEST(FocusFarAway, AnInactiveWindowKeepsTheFocusForItsReturn) {
   WindowHost host(resultWith(200));
   act(*accessible(host, "vemra.goal.path.see-in-starfold"),
       QAccessibleActionInterface::setFocusAction());
-  QApplication::setActiveWindow(nullptr);
+  const OtherWindow other;
   host.widget.verticalScrollBar()->setValue(0);
   EXPECT_EQ(focusedIdentifier(host), "vemra.goal.path.see-in-starfold");
 }

@@ -3,6 +3,7 @@
 #include "VemraPlatform/ui/View.hpp"
 #include "tests/VemraPlatform/page/Once.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
+#include "tests/VemraQt/ActiveWindow.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/ShownPage.hpp"
 
@@ -50,7 +51,7 @@ TEST(FocusLostInAWindow, ThePageItselfGetsTheFocusAndNotTheWidgetAfterIt) {
   after.move(0, 150);
   page.setRoot(page::sample::Once{"only"});
   window.show();
-  QApplication::setActiveWindow(&window);
+  activate(window);
   auto* button = page.findChild<QPushButton*>("only");
   ASSERT_TRUE(button);
   button->setFocus();

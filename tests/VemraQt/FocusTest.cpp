@@ -1,10 +1,10 @@
 // The keyboard focus: it visits every row in reading order, moves to the control that replaces an
 // element, and is never trapped.
 
+#include "tests/VemraQt/ActiveWindow.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/WindowHost.hpp"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -99,7 +99,7 @@ TEST(Focus, ThePageIsOneStopBetweenItsNeighbours) {
   window.resize(900, 700);
   window.show();
   host.widget.show();
-  QApplication::setActiveWindow(&window);
+  activate(window);
   before->setFocus();
   std::vector<std::string> walked;
   for (int i = 0; i < 9; ++i) {

@@ -3,6 +3,7 @@
 #include "VemraQt/widgets/LineField.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
+#include "tests/VemraQt/ActiveWindow.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/ShownPage.hpp"
 
@@ -134,7 +135,7 @@ TEST_F(LineFieldTest, ThePlaceholderOfADisabledFieldIsFainter) {
     return darkest;
   };
   const qt::Theme theme(QFont(), QApplication::palette(), {});
-  QApplication::setActiveWindow(nullptr);
+  const OtherWindow other;
   EXPECT_NEAR(ink(), theme.text(ui::ForegroundStyle::tertiary).lightness(), 8);
   disabled = true;
   show();

@@ -2,10 +2,10 @@
 
 #include "VemraPlatform/ui/View.hpp"
 #include "VemraQt/ViewWidget.hpp"
+#include "tests/VemraQt/ActiveWindow.hpp"
 
 #include <string>
 
-#include <QApplication>
 #include <gtest/gtest.h>
 
 namespace vemra::qttest {
@@ -23,8 +23,7 @@ class ShownWidget : public ::testing::Test {
     widget.setEnvironment({});
     widget.resize(300, 400);
     widget.show();
-    widget.activateWindow();
-    QApplication::setActiveWindow(&widget);
+    activate(widget);
   }
 
   qt::ViewWidget widget;

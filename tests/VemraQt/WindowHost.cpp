@@ -3,6 +3,7 @@
 #include "VemraQt/widgets/ElementWidget.hpp"
 #include "tests/RecordBuilders.hpp"
 #include "tests/RecordedOutcomes.hpp"
+#include "tests/VemraQt/ActiveWindow.hpp"
 
 #include <algorithm>
 
@@ -64,8 +65,7 @@ WindowHost::WindowHost(Result newResult, QSize size) : result(std::move(newResul
   widget.resize(size);
   show();
   widget.show();
-  widget.activateWindow();
-  QApplication::setActiveWindow(&widget);
+  activate(widget);
 }
 
 GoalResultView WindowHost::view() {
