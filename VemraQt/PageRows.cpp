@@ -117,18 +117,24 @@ ReadingPlace readingPlace(const ViewWidget& widget) {
   return place;
 }
 
-void returnTo(ViewWidget& widget, const ReadingPlace& place) {
+bool returnFocusTo(ViewWidget& widget, const ReadingPlace& place) {
   Page& page = pageOf(widget);
-  if (place.focusRow && revealRow(widget, place.focusRow->list, place.focusRow->index)) {
-    const page::Node* const row = rowNode(page, place.focusRow->list, place.focusRow->index);
-    const std::vector<ui::NodeID> leaves = row ? leavesOf(*row) : std::vector<ui::NodeID>();
-    if (place.controlInRow >= leaves.size() ||
-        !page.focusElement(leaves[place.controlInRow], Qt::OtherFocusReason)) {
-      focusRow(widget, place.focusRow->list, place.focusRow->index);
-    }
-  } else if (place.focus) {
-    page.focusElement(place.focus, Qt::OtherFocusReason);
+  if (place.focus && page.focusElement(place.focus, Qt::OtherFocusReason)) {
+    page.scrollIn(place.focus);
+    return true;
   }
+  if (!place.focusRow || !revealRow(widget, place.focusRow->list, place.focusRow->index)) {
+    return false;
+  }
+  const page::Node* const row = rowNode(page, place.focusRow->list, place.focusRow->index);
+  const std::vector<ui::NodeID> leaves = row ? leavesOf(*row) : std::vector<ui::NodeID>();
+  return (place.controlInRow < leaves.size() &&
+          page.focusElement(leaves[place.controlInRow], Qt::OtherFocusReason)) ||
+         focusRow(widget, place.focusRow->list, place.focusRow->index);
+}
+
+void returnTo(ViewWidget& widget, const ReadingPlace& place) {
+  returnFocusTo(widget, place);
   QScrollBar& bar = *widget.verticalScrollBar();
   if (!place.top) {
     bar.setValue(place.scroll);

@@ -48,6 +48,10 @@ struct ReadingPlace {
 
 /// The place that the reader sees, for `returnTo`. Main thread only.
 VEMRA_EXPORT ReadingPlace readingPlace(const ViewWidget& widget);
+/// Gives the focus back to the control that had it at a place, and scrolls only as far as needed to
+/// show it. If the control is gone and was in a row, the focus goes into that row. Returns whether a
+/// control had the focus there, and there still is one.
+VEMRA_EXPORT bool returnFocusTo(ViewWidget& widget, const ReadingPlace& place);
 /// Scrolls back to a place, and gives the focus back to the control that had it there.
 VEMRA_EXPORT void returnTo(ViewWidget& widget, const ReadingPlace& place);
 
