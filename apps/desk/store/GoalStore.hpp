@@ -3,6 +3,7 @@
 #include "VemraGoalEngine/GoalRecords.hpp"
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
 #include "apps/desk/store/Database.hpp"
+#include "apps/desk/store/GoalListing.hpp"
 #include "apps/desk/store/KeptResult.hpp"
 #include "apps/desk/store/Knowledge.hpp"
 #include "apps/desk/store/Now.hpp"
@@ -16,13 +17,6 @@
 #include <vector>
 
 namespace vemra::desk {
-
-/// A goal in a list of goals.
-struct GoalListing {
-  std::string id;
-  std::string title;
-  friend bool operator==(const GoalListing&, const GoalListing&) = default;  // byte for byte
-};
 
 /// An outcome of an imported document that differs from the record with the same id.
 struct LeftOutOutcome {

@@ -9,19 +9,25 @@
 namespace vemra::desk {
 namespace {
 
-/// The titles of goals, from a query that returns number and title.
-std::vector<std::string> titles(Database& database, const char* sql, const std::string& value) {
+/// The id and the title of a goal, from two neighbouring columns.
+GoalListing goalFrom(Statement& row, int column) {
+  return {row.text(column), row.text(column + 1)};
+}
+
+/// The goals from a query that returns number, id and title.
+std::vector<GoalListing> goalsFrom(Database& database, const char* sql, const std::string& value) {
   Statement row(database, sql, {"goals", 1});
-  std::vector<std::string> titles;
+  std::vector<GoalListing> goals;
   row.query(value);
-  while (row.next()) titles.push_back(row.text(1));
-  return titles;
+  while (row.next()) goals.push_back(goalFrom(row, 1));
+  return goals;
 }
 
 std::vector<PersonKnowledge::Suggestion> suggestions(Database& database,
                                                      const std::string& personRef) {
   Statement row(database,
-                std::string("SELECT goal, position, title, display_name, ") + reasonColumnNames +
+                std::string("SELECT goal, position, goals.id, title, display_name, ") +
+                    reasonColumnNames +
                     " FROM people JOIN goals ON number = goal "
                     "WHERE same_text(person_ref, ?1) ORDER BY goal, position",
                 {"people", 2});
@@ -32,7 +38,7 @@ std::vector<PersonKnowledge::Suggestion> suggestions(Database& database,
   std::vector<PersonKnowledge::Suggestion> suggestions;
   row.query(personRef);
   while (row.next()) {
-    suggestions.push_back({row.text(2), row.optionalText(3), readReason(row, 4), {}});
+    suggestions.push_back({goalFrom(row, 2), row.optionalText(4), readReason(row, 5), {}});
     std::vector<std::string>& evidenceIDs = suggestions.back().evidenceIDs;
     const std::int64_t goal = row.integer(0);
     const std::int64_t person = row.integer(1);
@@ -47,14 +53,14 @@ std::vector<PersonKnowledge::Suggestion> suggestions(Database& database,
 
 std::vector<PersonKnowledge::Outcome> outcomes(Database& database, const std::string& personRef) {
   Statement row(database,
-                std::string("SELECT outcomes.number, title, ") + outcomeColumnNames +
+                std::string("SELECT outcomes.number, goals.id, title, ") + outcomeColumnNames +
                     " FROM outcomes JOIN goals ON goals.number = goal "
                     "WHERE subject_kind = 'person' AND same_text(subject_ref, ?1) "
                     "ORDER BY outcomes.number",
                 {"outcomes", 1});
   std::vector<PersonKnowledge::Outcome> outcomes;
   row.query(personRef);
-  while (row.next()) outcomes.push_back({row.text(1), readOutcome(row, 2)});
+  while (row.next()) outcomes.push_back({goalFrom(row, 1), readOutcome(row, 3)});
   return outcomes;
 }
 
@@ -67,15 +73,15 @@ PersonKnowledge readPersonKnowledge(Database& database, const std::string& perso
   for (const auto& suggestion : person.suggestions) {
     if (!person.name) person.name = suggestion.displayName;
   }
-  person.goalsTowards = titles(database,
-                               "SELECT number, title FROM goals "
-                               "WHERE same_text(target_person_ref, ?1) ORDER BY number",
-                               personRef);
+  person.goalsTowards = goalsFrom(database,
+                                  "SELECT number, id, title FROM goals "
+                                  "WHERE same_text(target_person_ref, ?1) ORDER BY number",
+                                  personRef);
   person.goalsWithPaths =
-      titles(database,
-             "SELECT number, title FROM goals WHERE number IN "
-             "(SELECT goal FROM path_people WHERE same_text(person_ref, ?1)) ORDER BY number",
-             personRef);
+      goalsFrom(database,
+                "SELECT number, id, title FROM goals WHERE number IN "
+                "(SELECT goal FROM path_people WHERE same_text(person_ref, ?1)) ORDER BY number",
+                personRef);
   person.outcomes = outcomes(database, personRef);
   return person;
 }
@@ -84,7 +90,7 @@ EvidenceKnowledge readEvidenceKnowledge(Database& database, const std::string& e
   EvidenceKnowledge evidence;
   evidence.evidenceID = evidenceID;
   Statement statement(database,
-                      "SELECT DISTINCT title, why_label, why_detail FROM "
+                      "SELECT DISTINCT goals.id, title, why_label, why_detail FROM "
                       "(SELECT goal, 0 AS part, position, why_label, why_detail, why_reference "
                       "FROM people UNION ALL "
                       "SELECT goal, 1, position, why_label, why_detail, why_reference FROM paths) "
@@ -93,23 +99,24 @@ EvidenceKnowledge readEvidenceKnowledge(Database& database, const std::string& e
                       {"people or paths", 1});
   statement.query(evidenceID);
   while (statement.next()) {
-    evidence.statements.push_back({statement.text(0), statement.text(1), statement.text(2)});
+    evidence.statements.push_back({goalFrom(statement, 0), statement.text(2), statement.text(3)});
   }
-  Statement person(database,
-                   std::string("SELECT people.goal, person, person_evidence.position, title, "
-                               "person_ref, display_name, ") +
-                       reasonColumnNames +
-                       " FROM person_evidence "
-                       "JOIN people ON people.goal = person_evidence.goal "
-                       "AND people.position = person "
-                       "JOIN goals ON number = people.goal "
-                       "WHERE same_text(evidence_id, ?1) "
-                       "ORDER BY people.goal, people.position",
-                   {"person_evidence", 3});
+  Statement person(
+      database,
+      std::string("SELECT people.goal, person, person_evidence.position, goals.id, title, "
+                  "person_ref, display_name, ") +
+          reasonColumnNames +
+          " FROM person_evidence "
+          "JOIN people ON people.goal = person_evidence.goal "
+          "AND people.position = person "
+          "JOIN goals ON number = people.goal "
+          "WHERE same_text(evidence_id, ?1) "
+          "ORDER BY people.goal, people.position",
+      {"person_evidence", 3});
   person.query(evidenceID);
   while (person.next()) {
-    evidence.people.push_back({person.text(3), person.text(4), person.optionalText(5),
-                               person.index(2), readReason(person, 6)});
+    evidence.people.push_back({goalFrom(person, 3), person.text(5), person.optionalText(6),
+                               person.index(2), readReason(person, 7)});
   }
   return evidence;
 }

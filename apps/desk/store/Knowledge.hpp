@@ -2,6 +2,7 @@
 
 #include "VemraGoalEngine/GoalRecords.hpp"
 #include "apps/desk/store/Database.hpp"
+#include "apps/desk/store/GoalListing.hpp"
 
 #include <cstddef>
 #include <cstdint>
@@ -19,21 +20,21 @@ namespace vemra::desk {
 struct PersonKnowledge {
   /// The person in the list of people of a goal.
   struct Suggestion {
-    std::string goalTitle;
+    GoalListing goal;
     std::optional<std::string> displayName;
     GoalWhyDTO why;
     std::vector<std::string> evidenceIDs;  ///< strongest first
   };
   struct Outcome {
-    std::string goalTitle;
+    GoalListing goal;
     GoalOutcomeDTO outcome;
   };
 
   std::string personRef;
   std::optional<std::string> name;          ///< the first name in any goal
   std::vector<Suggestion> suggestions;      ///< in the order of the goals
-  std::vector<std::string> goalsTowards;    ///< titles of the goals that aim at the person
-  std::vector<std::string> goalsWithPaths;  ///< titles of the goals with a path through the person
+  std::vector<GoalListing> goalsTowards;    ///< the goals that aim at the person
+  std::vector<GoalListing> goalsWithPaths;  ///< the goals with a path through the person
   std::vector<Outcome> outcomes;            ///< recorded about the person, oldest first
 };
 
@@ -41,13 +42,13 @@ struct PersonKnowledge {
 struct EvidenceKnowledge {
   /// The reason of a person or a path that is based on it.
   struct Statement {
-    std::string goalTitle;
+    GoalListing goal;
     std::string label;
     std::string detail;
   };
   /// A person whom the evidence supports.
   struct Person {
-    std::string goalTitle;
+    GoalListing goal;
     std::string personRef;
     std::optional<std::string> displayName;
     std::size_t rank;  ///< 0: the strongest evidence for that person

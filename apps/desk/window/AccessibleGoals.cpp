@@ -1,6 +1,7 @@
 #include "apps/desk/window/AccessibleGoals.hpp"
 
 #include "VemraQt/atspi/ChildSignals.hpp"
+#include "VemraQt/atspi/LaterQt.hpp"
 #include "apps/desk/window/GoalRow.hpp"
 #include "apps/desk/window/ListedGoals.hpp"
 #include "apps/desk/window/PlainText.hpp"
@@ -59,8 +60,8 @@ class AccessibleGoal final : public QAccessibleInterface, public QAccessibleActi
     QAccessible::State state;
     state.invalid = state.disabled = !isValid();
     if (!isValid()) return state;
-    state.checkable = state.focusable = true;
-    state.checked = isOpen();
+    state.checkable = state.selectable = state.focusable = true;
+    state.checked = state.selected = isOpen();
     announcedOpen_ = isOpen();
     state.offscreen = true;
     state.invisible = !column_->isVisible();
@@ -112,8 +113,8 @@ class AccessibleRow final : public QAccessibleWidget {
 
   QAccessible::State state() const override {
     QAccessible::State state = QAccessibleWidget::state();
-    state.checkable = true;
-    state.checked = row().isChecked();
+    state.checkable = state.selectable = true;
+    state.checked = state.selected = row().isChecked();
     return state;
   }
   QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
@@ -130,9 +131,11 @@ class AccessibleRow final : public QAccessibleWidget {
 };
 
 /// The heading, then the goals. Counting the goals or finding one examines no other goal.
-class AccessibleColumn final : public QAccessibleWidget {
+///
+/// One goal is selected, the open one. A client can select another one, and it is opened.
+class AccessibleColumn final : public QAccessibleWidget, public qt::atspi::SelectionInterface {
  public:
-  explicit AccessibleColumn(GoalColumn& column) : QAccessibleWidget(&column) {}
+  explicit AccessibleColumn(GoalColumn& column) : QAccessibleWidget(&column, QAccessible::List) {}
   ~AccessibleColumn() override {
     for (const auto& [index, id] : known_) QAccessible::deleteAccessibleInterface(id);
   }
@@ -163,6 +166,26 @@ class AccessibleColumn final : public QAccessibleWidget {
     const auto index = row ? list()->indexOf(*row) : std::nullopt;
     return index ? 1 + static_cast<int>(*index) : -1;
   }
+
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    if (qt::atspi::asksForSelection(type)) return static_cast<SelectionInterface*>(this);
+    return QAccessibleWidget::interface_cast(type);
+  }
+  int selectedItemCount() const override { return static_cast<int>(selectedItems().size()); }
+  QList<QAccessibleInterface*> selectedItems() const override {
+    const auto open = list() ? list()->openIndex() : std::nullopt;
+    if (!open) return {};
+    return {child(1 + static_cast<int>(*open))};
+  }
+  bool select(QAccessibleInterface* goal) override {
+    const int place = indexOfChild(goal);
+    if (place < 1) return false;
+    list()->choose(static_cast<std::size_t>(place - 1));
+    return true;
+  }
+  bool unselect(QAccessibleInterface*) override { return false; }
+  bool selectAll() override { return false; }
+  bool clear() override { return false; }
 
   QAccessibleInterface* childAt(int x, int y) const override {
     QWidget* at = column().childAt(column().mapFromGlobal(QPoint(x, y)));

@@ -28,4 +28,24 @@ void AlertFrame::announce(const QString& message) {
   QAccessible::updateAccessibility(&alert);
 }
 
+void AlertFrame::rename(const QString& message) {
+  if (accessibleName() == message) return;
+  setAccessibleName(message);
+  QAccessibleEvent alert(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
+}
+
+Announcement::Announcement(QWidget* parent) : AlertFrame(parent) {
+  setFrameShape(QFrame::NoFrame);
+  setAutoFillBackground(false);
+  setAttribute(Qt::WA_TransparentForMouseEvents);
+  resize(1, 1);
+  hide();
+}
+
+void Announcement::announce(const QString& message) {
+  hide();
+  AlertFrame::announce(message);
+}
+
 }  // namespace vemra::desk

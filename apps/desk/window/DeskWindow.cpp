@@ -1,18 +1,20 @@
 #include "apps/desk/window/DeskWindow.hpp"
 
 #include "VemraGoalSurface/GoalResultView.hpp"
+#include "VemraPlatform/text/Equality.hpp"
 #include "VemraQt/StartOnMainThread.hpp"
-#include "VemraQt/ViewWidget.hpp"
 #include "VemraRecording/Recorder.hpp"
 #include "apps/desk/window/FailurePage.hpp"
 #include "apps/desk/window/FindPeople.hpp"
 #include "apps/desk/window/GoalList.hpp"
 #include "apps/desk/window/GoalRow.hpp"
 #include "apps/desk/window/GoalScreens.hpp"
+#include "apps/desk/window/GoalsBar.hpp"
 #include "apps/desk/window/ImportDialog.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/Notice.hpp"
 #include "apps/desk/window/Pages.hpp"
+#include "apps/desk/window/Panes.hpp"
 #include "apps/desk/window/PlainText.hpp"
 #include "apps/desk/window/ReadOnlyBar.hpp"
 #include "apps/desk/window/Reasons.hpp"
@@ -21,11 +23,12 @@
 #include "apps/desk/window/WaitingBar.hpp"
 #include "apps/desk/window/Welcome.hpp"
 
+#include <algorithm>
 #include <utility>
 
 #include <QFileDialog>
+#include <QScreen>
 #include <QShortcut>
-#include <QSplitter>
 #include <QVBoxLayout>
 
 namespace vemra::desk {
@@ -37,8 +40,8 @@ DeskWindow::DeskWindow(StoreOpening opening, std::optional<std::string> goalID,
                        const std::optional<RecordingWish>& recording) {
   setObjectName("desk");
   // A fixed minimum size; otherwise panes that appear and disappear would change it.
-  setMinimumSize(640, 360);
-  resize(1080, 760);
+  setMinimumSize(360, 320);
+  fitToScreen();
 
   auto* page = new QWidget;
   auto* column = new QVBoxLayout(page);
@@ -47,8 +50,11 @@ DeskWindow::DeskWindow(StoreOpening opening, std::optional<std::string> goalID,
   notice_ = new Notice;
   waiting_ = new WaitingBar;
   readOnly_ = new ReadOnlyBar;
+  goalsBar_ = new GoalsBar;
+  makePanes();
   column->addWidget(readOnly_);
-  column->addWidget(makePanes(), 1);
+  column->addWidget(goalsBar_);
+  column->addWidget(panes_, 1);
   column->addWidget(&find_->bar());
   column->addWidget(waiting_);
   column->addWidget(notice_);
@@ -65,12 +71,20 @@ DeskWindow::DeskWindow(StoreOpening opening, std::optional<std::string> goalID,
 void DeskWindow::connectPanes() {
   connect(goals_, &GoalList::goalChosen, this,
           [this](const std::string& goalID) { controller_->openGoal(goalID); });
+  connect(goals_, &GoalList::goalPressed, this, [this] {
+    if (panes_->leaveGoals()) focusPage();
+  });
+  connect(panes_, &Panes::goalsGaveWay, goalsBar_, &QWidget::setVisible);
+  connect(goalsBar_, &GoalsBar::goalsWanted, this, &DeskWindow::goToGoals);
   connect(welcome_, &Welcome::importWanted, this, &DeskWindow::chooseDocuments);
   connect(welcome_, &Welcome::samplesWanted, this, [this] { controller_->addSampleGoals(); });
   connect(failure_, &FailurePage::tryAgainWanted, this, [this] { controller_->loadGoal(); });
   connect(waiting_, &WaitingBar::tryAgainWanted, this, [this] { controller_->recordWaiting(); });
   connect(waiting_, &WaitingBar::discardWanted, this, &DeskWindow::askToDiscardWaiting);
   connect(side_, &SidePane::closed, this, &DeskWindow::closeSide);
+  connect(side_, &SidePane::goalWanted, this, &DeskWindow::goToGoal);
+  connect(side_, &SidePane::personWanted, this,
+          [this](const std::string& ref) { controller_->openPerson(ref); });
   connect(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, this, [this] {
     if (!find_->close()) closeSide();
   });
@@ -97,7 +111,7 @@ void DeskWindow::use(StoreOpening opening, std::optional<std::string> goalID) {
   retireEngine();
   engine_ = opening.engine;
   if (!engine_) {
-    goals_->hide();
+    panes_->setGoalsWanted(false);
     storePage_->setProblem(opening);
     centre_->showPage(*storePage_);
     find_->screenChanged();
@@ -140,6 +154,34 @@ void DeskWindow::open(const std::string& file) {
   use(std::move(opening), isSameFile && controller_ ? controller_->openGoalID() : std::nullopt);
 }
 
+void DeskWindow::goToGoals() {
+  closeSide();
+  panes_->goToGoals();
+  if (goals_->openIndex()) goals_->focusRow(*goals_->openIndex());
+}
+
+void DeskWindow::noteOpener() {
+  opener_ = {&screen(), qt::readingPlace(screen())};
+}
+
+void DeskWindow::focusPage() {
+  centre_->currentWidget()->setFocus(Qt::OtherFocusReason);
+}
+
+void DeskWindow::goToGoal(const std::string& goalID) {
+  const auto& goals = goals_->goals();
+  const auto goal = std::ranges::find_if(
+      goals, [&](const GoalListing& listed) { return text::equal(listed.id, goalID); });
+  if (goal == goals.end()) return;  // removed since; the details will follow
+  const auto index = static_cast<std::size_t>(goal - goals.begin());
+  if (index == goals_->openIndex()) {
+    focusPage();
+    return;
+  }
+  goals_->choose(index);
+  goals_->focusRow(index);
+}
+
 void DeskWindow::closeSide() {
   if (controller_) controller_->closeDetails();
 }
@@ -167,10 +209,14 @@ qt::ViewWidget& DeskWindow::screen() {
   return screens_->current();
 }
 
-QWidget* DeskWindow::makePanes() {
-  auto* panes = new QSplitter;
-  panes->setChildrenCollapsible(false);
-  panes->setHandleWidth(1);
+/// A size that is comfortable, and no larger than the screen.
+void DeskWindow::fitToScreen() {
+  constexpr QSize comfortable(1080, 760);
+  constexpr QSize frame(24, 48);  // of the window manager, which is not known yet
+  resize(comfortable.boundedTo(QWidget::screen()->availableSize() - frame));
+}
+
+void DeskWindow::makePanes() {
   goals_ = new GoalList;
   centre_ = new Pages;
   screens_ = std::make_unique<GoalScreens>(*centre_);
@@ -183,20 +229,12 @@ QWidget* DeskWindow::makePanes() {
   centre_->addWidget(welcome_);
   centre_->addWidget(failure_);
   centre_->addWidget(storePage_);
-  for (QWidget* pane : {static_cast<QWidget*>(goals_), static_cast<QWidget*>(centre_),
-                        static_cast<QWidget*>(side_)}) {
-    panes->addWidget(pane);
-  }
-  goals_->setMinimumWidth(140);
-  centre_->setMinimumWidth(260);
-  panes->setStretchFactor(1, 1);
-  panes->setSizes({230, 560, 290});
-  return panes;
+  panes_ = new Panes(goals_, centre_, side_);
 }
 
 void DeskWindow::showGoals(const std::vector<GoalListing>& goals, const std::string& chosen) {
   goals_->setGoals(goals, chosen);
-  goals_->setVisible(!goals.empty());
+  panes_->setGoalsWanted(!goals.empty());
   if (goals.empty()) {
     centre_->showPage(*welcome_);
     find_->screenChanged();
@@ -207,9 +245,16 @@ void DeskWindow::showGoals(const std::vector<GoalListing>& goals, const std::str
 
 void DeskWindow::showGoal(const LoadedGoal& goal) {
   screens_->show(goal, [&](ui::ViewGraph& graph) {
-    const auto openPerson = [this](const std::string& ref) { controller_->openPerson(ref); };
-    const auto openEvidence = [this](const std::string& id) { controller_->openEvidence(id); };
+    const auto openPerson = [this](const std::string& ref) {
+      noteOpener();
+      controller_->openPerson(ref);
+    };
+    const auto openEvidence = [this](const std::string& id) {
+      noteOpener();
+      controller_->openEvidence(id);
+    };
     const auto openPath = [this, id = goal.id](const GoalPathCandidateDTO& path) {
+      noteOpener();
       controller_->openPath(id, path);
     };
     const auto record = [this, goal](const GoalOutcomeRecordingInput& input) {
@@ -264,7 +309,9 @@ void DeskWindow::closeDetails() {
   if (side_->isHidden()) return;
   const bool hadFocus = side_->isAncestorOf(focusWidget());
   side_->hide();
-  if (hadFocus) screen().setFocus();
+  if (!hadFocus) return;
+  const bool isOpenerShown = opener_.page == &screen() && opener_.page->isVisible();
+  if (!isOpenerShown || !qt::returnFocusTo(screen(), opener_.place)) focusPage();
 }
 
 }  // namespace vemra::desk

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraQt/PageRows.hpp"
+#include "VemraQt/ViewWidget.hpp"
 #include "apps/desk/window/CloseQuestion.hpp"
 #include "apps/desk/window/ColourChoice.hpp"
 #include "apps/desk/window/DeskController.hpp"
@@ -18,20 +20,18 @@
 #include <QPointer>
 #include <QStringList>
 
-namespace vemra::qt {
-class ViewWidget;
-}
-
 namespace vemra::desk {
 
 class FailurePage;
 class FindPeople;
+class GoalsBar;
 class GoalList;
 class GoalScreens;
 class ImportDialog;
 class MenuBar;
 class Notice;
 class Pages;
+class Panes;
 class ReadOnlyBar;
 class SidePane;
 class StorePage;
@@ -82,7 +82,9 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   void dropEvent(QDropEvent* event) override;
 
  private:
-  QWidget* makePanes();
+  void makePanes();
+  void fitToScreen();
+  void goToGoals();
   void connectPanes();
   void connectMenus();
   void updateMenus();
@@ -92,6 +94,11 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   void openNeighbour(int step);
   void focusPane(int step);
   void closeSide();
+  /// Opens a goal of the list and gives its row the focus.
+  void goToGoal(const std::string& goalID);
+  void focusPage();
+  /// Notes which element of the page the user has used to open details.
+  void noteOpener();
   void retireEngine();
   void use(StoreOpening opening, std::optional<std::string> goalID);
   void chooseStore();
@@ -115,6 +122,12 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
                 const std::vector<std::optional<std::string>>& names) override;
   void closeDetails() override;
 
+  /// The element that opened the details, in the page of a goal.
+  struct Opener {
+    QPointer<qt::ViewWidget> page;
+    qt::ReadingPlace place;
+  };
+
   std::shared_ptr<StoreEngine> engine_;
   std::vector<std::shared_ptr<StoreEngine>> replaced_;  ///< the engines with tasks that still run
   std::string file_;  ///< of the store that is open, or could not be opened
@@ -123,6 +136,8 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   TextSize textSize_;
   ColourChoice colourChoice_;
   QPointer<ImportDialog> importing_;
+  Panes* panes_;
+  GoalsBar* goalsBar_;
   GoalList* goals_;
   Pages* centre_;
   std::unique_ptr<GoalScreens> screens_;
@@ -132,6 +147,7 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   FailurePage* failure_;
   StorePage* storePage_;
   SidePane* side_;
+  Opener opener_;
   Notice* notice_;
   WaitingBar* waiting_;
   ReadOnlyBar* readOnly_;

@@ -12,6 +12,7 @@
 #include "apps/desk/window/MenuBar.hpp"
 #include "apps/desk/window/Notice.hpp"
 #include "apps/desk/window/Pages.hpp"
+#include "apps/desk/window/Panes.hpp"
 #include "apps/desk/window/PlainText.hpp"
 #include "apps/desk/window/Reasons.hpp"
 #include "apps/desk/window/SidePane.hpp"
@@ -159,7 +160,7 @@ void DeskWindow::focusPane(int step) {
   std::vector<QWidget*> panes;
   for (QWidget* pane : {static_cast<QWidget*>(goals_), static_cast<QWidget*>(centre_),
                         static_cast<QWidget*>(side_)}) {
-    if (pane->isVisible()) panes.push_back(pane);
+    if (pane->isVisible() || (pane == goals_ && panes_->hideGoals())) panes.push_back(pane);
   }
   const auto now = std::find_if(panes.begin(), panes.end(), [](QWidget* pane) {
     return pane->isAncestorOf(pane->window()->focusWidget());
@@ -167,7 +168,9 @@ void DeskWindow::focusPane(int step) {
   const auto count = static_cast<std::ptrdiff_t>(panes.size());
   const std::ptrdiff_t before = now == panes.end() ? (step > 0 ? -1 : 0) : now - panes.begin();
   QWidget* pane = panes[static_cast<std::size_t>((before + step + count) % count)];
-  if (pane == goals_ && goals_->openIndex()) {
+  if (pane == goals_ && !pane->isVisible()) {
+    goToGoals();
+  } else if (pane == goals_ && goals_->openIndex()) {
     goals_->focusRow(*goals_->openIndex());
   } else if (pane == centre_ && centre_->currentWidget() == &screen()) {
     screen().setFocus(Qt::ShortcutFocusReason);

@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 namespace vemra::desk {
@@ -28,6 +29,7 @@ GoalList::GoalList(QWidget* parent) : QAbstractScrollArea(parent) {
   heading_ = makeLabel(localized("Goals"), TextRole::heading);
   heading_->setContentsMargins(10, 0, 10, 6);
   heading_->setParent(viewport());
+  heading_->installEventFilter(this);
   heading_->show();
   measureAnew();
 }
@@ -95,6 +97,10 @@ bool GoalList::event(QEvent* event) {
 
 /// The rows pass their keys and the focus to the list, which also knows the rows without a widget.
 bool GoalList::eventFilter(QObject* object, QEvent* event) {
+  if (object == heading_ && event->type() == QEvent::FontChange) {
+    measureAnew();
+    layOut();
+  }
   auto* row = qobject_cast<GoalRow*>(object);
   const auto index = row ? indexOf(*row) : std::nullopt;
   if (index && event->type() == QEvent::KeyPress) {
@@ -145,6 +151,7 @@ bool GoalList::handleKey(std::size_t index, int key) {
 }
 
 void GoalList::goTo(std::size_t index) {
+  const QScopedValueRollback<bool> moving(moving_, true);
   focusRow(index);
   if (index != open_) choose(index);
 }

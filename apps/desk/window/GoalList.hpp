@@ -44,6 +44,8 @@ class GoalList : public QAbstractScrollArea, public ListedGoals {
 
  Q_SIGNALS:
   void goalChosen(const std::string& goalID);
+  /// Emitted when the user presses a goal, in contrast to moving on to it with the keyboard.
+  void goalPressed();
 
  protected:
   bool event(QEvent* event) override;
@@ -88,6 +90,7 @@ class GoalList : public QAbstractScrollArea, public ListedGoals {
   QElapsedTimer sinceTyped_;    ///< its last letter
   bool wantsOpenSeen_ = false;  ///< scroll to the open goal once the list has its size
   bool layingOut_ = false;
+  bool moving_ = false;  ///< a key moves on to another goal
 };
 
 }  // namespace vemra::desk

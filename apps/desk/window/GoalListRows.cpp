@@ -150,6 +150,7 @@ GoalRow& GoalList::makeRow(std::size_t index) {
       column().announce();
       // Emit a copy of the id: a slot may give the row another goal.
       if (open_) Q_EMIT goalChosen(std::string(row->goalID()));
+      if (!moving_) Q_EMIT goalPressed();
     });
   } else {
     row = spare_.back();

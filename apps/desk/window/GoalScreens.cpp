@@ -2,6 +2,7 @@
 
 #include "VemraPlatform/text/Equality.hpp"
 #include "VemraQt/ViewWidget.hpp"
+#include "apps/desk/window/GoalPage.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/OpenEditors.hpp"
 #include "apps/desk/window/Pages.hpp"
@@ -23,7 +24,7 @@ void GoalScreens::show(const LoadedGoal& goal, const MakeView& makeView) {
     return !each.goal || text::equal(each.goal->id, goal.id);
   });
   if (screen == screens_.end()) {
-    screen = screens_.insert(screens_.begin(), {new qt::ViewWidget, std::nullopt});
+    screen = screens_.insert(screens_.begin(), {new GoalPage, std::nullopt});
   } else {
     std::rotate(screens_.begin(), screen, std::next(screen));
   }
@@ -81,7 +82,7 @@ QStringList GoalScreens::drafts() const {
 
 void GoalScreens::clear() {
   std::vector<Screen> before = std::exchange(screens_, {});
-  screens_.push_back({new qt::ViewWidget, std::nullopt});
+  screens_.push_back({new GoalPage, std::nullopt});
   showAgain();
   for (const Screen& screen : before) {
     pages_.removeWidget(screen.widget);

@@ -5,13 +5,14 @@
 #include <QScrollArea>
 
 namespace vemra::desk {
-namespace {
 
 void scrollIn(QWidget& widget) {
   for (QWidget* above = widget.parentWidget(); above; above = above->parentWidget()) {
     if (auto* area = qobject_cast<QScrollArea*>(above)) area->ensureWidgetVisible(&widget);
   }
 }
+
+namespace {
 
 class ScrollIn : public QObject {
  public:

@@ -1,11 +1,13 @@
 #include "apps/desk/window/Pieces.hpp"
 
 #include "apps/desk/window/KeyInView.hpp"
+#include "apps/desk/window/LinkLabel.hpp"
 #include "apps/desk/window/Localized.hpp"
 
 #include <algorithm>
 #include <utility>
 
+#include <QHBoxLayout>
 #include <QPushButton>
 #include <QTextBoundaryFinder>
 #include <QVBoxLayout>
@@ -13,6 +15,12 @@
 namespace vemra::desk {
 
 namespace {
+
+QLabel* paneLabel(const QString& text, TextRole role) {
+  QLabel* label = makeLabel(text, role);
+  label->setContentsMargins(besideTexts, 0, besideTexts, 0);
+  return label;
+}
 
 /// A piece ends behind a blank if there is one this near to its end, so that words stay whole.
 constexpr qsizetype farthestBlank = 80;
@@ -63,7 +71,11 @@ Pieces::Pieces(const QString& what, AddNext addNext, QWidget* parent)
   more_->setFocusPolicy(Qt::StrongFocus);
   more_->setAutoDefault(false);
   scrollInBeforeKeys(*more_);
-  column->addWidget(more_, 0, Qt::AlignLeading);
+  auto* line = new QHBoxLayout;
+  line->setContentsMargins(besideTexts, 0, 0, 0);
+  line->addWidget(more_, 0, Qt::AlignLeading);
+  line->addStretch(1);
+  column->addLayout(line);
   connect(more_, &QPushButton::clicked, this, &Pieces::showNext);
   showNext();
 }
@@ -101,18 +113,26 @@ void Pieces::showNext() {
 void addText(QVBoxLayout& column, const QString& text, TextRole role) {
   if (text.isEmpty()) return;
   if (endOfPiece(text, 0) == text.size()) {
-    column.addWidget(makeLabel(text, role));
+    column.addWidget(paneLabel(text, role));
     return;
   }
   auto* made = new Pieces(localized("the text"),
                           [text, role, from = qsizetype{0}](QVBoxLayout& pieces) mutable {
                             const qsizetype end = endOfPiece(text, from);
-                            pieces.addWidget(makeLabel(text.mid(from, end - from), role));
+                            pieces.addWidget(paneLabel(text.mid(from, end - from), role));
                             from = end;
                             return from < text.size();
                           });
   made->setKey("the text\n" + text);
   column.addWidget(made);
+}
+
+void addLink(QVBoxLayout& column, const QString& text, TextRole role,
+             std::function<void()> pressed) {
+  auto* link = new LinkLabel(firstPiece(text), role);
+  link->setContentsMargins(besideTexts, 0, besideTexts, 0);
+  QObject::connect(link, &LinkLabel::pressed, link, std::move(pressed));
+  column.addWidget(link);
 }
 
 Pieces* addEntries(QVBoxLayout& column, const QString& what, std::size_t count,

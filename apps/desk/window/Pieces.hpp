@@ -26,6 +26,8 @@ constexpr qsizetype mostUnitsAtOnce = 2000;
 constexpr qsizetype mostUnitsOfACharacter = 100;
 /// The number of list entries in a piece.
 constexpr std::size_t mostEntriesAtOnce = 20;
+/// The space on both sides of each text, where the focus ring of a link is.
+constexpr int besideTexts = 4;
 
 /// The end of the piece of `text` that begins at `from`: the end of the text, else behind a blank
 /// near the limits, else between two characters. Only a character that exceeds its own limit is
@@ -72,6 +74,12 @@ class Pieces : public QWidget {
 
 /// Adds a text to a column; of a long text, the first piece. Adds nothing for an empty text.
 void addText(QVBoxLayout& column, const QString& text, TextRole role);
+
+/// Adds a link to a column; of a long text, the first piece.
+///
+/// - Parameter pressed: runs when the link is pressed; lives as long as the link.
+void addLink(QVBoxLayout& column, const QString& text, TextRole role,
+             std::function<void()> pressed);
 
 /// Adds the entries 0 to `count` of a list to a column; of a long list, the first few.
 ///

@@ -1,78 +1,32 @@
 #include "apps/desk/window/PlainText.hpp"
 
-#include "VemraQt/Theme.hpp"
 #include "apps/desk/window/LeadingEdge.hpp"
 
 #include <algorithm>
 
-#include <QApplication>
-#include <QEvent>
-#include <QFont>
+#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QWidget>
 
 namespace vemra::desk {
 
-namespace {
-
-/// A label in the quieter text colour, which stays readable when the user's colours change.
-class QuietLabel : public QLabel {
- public:
-  QuietLabel() { takeColour(); }
-
- protected:
-  void changeEvent(QEvent* event) override {
-    QLabel::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) takeColour();
-  }
-
- private:
-  void takeColour() {
-    // The label's own palette already has the quiet colour; the application's palette has the
-    // user's.
-    const QColor quiet = inkOf(ui::ForegroundStyle::secondary, QApplication::palette());
-    if (palette().color(QPalette::WindowText) == quiet) return;
-    QPalette own = palette();
-    own.setColor(QPalette::WindowText, quiet);
-    own.setColor(QPalette::Text, quiet);  // used on a background in the page's colour
-    setPalette(own);
-  }
-};
-
-}  // namespace
-
-QColor inkOf(ui::ForegroundStyle style, const QPalette& palette) {
+qt::Theme themeOf(const QPalette& palette) {
   ui::Environment environment;
   environment.colorScheme = qt::colorSchemeOf(palette);
-  return qt::Theme({}, palette, environment).text(style);
+  return {{}, palette, environment};
+}
+
+QColor inkOf(ui::ForegroundStyle style, const QPalette& palette) {
+  return themeOf(palette).text(style);
+}
+
+int longestLine(const QWidget& widget) {
+  constexpr int wideCharacters = 66;  // the average counts all letters alike, and texts do not
+  return wideCharacters * widget.fontMetrics().averageCharWidth();
 }
 
 QLabel* makeLabel(const QString& text, TextRole role) {
-  const bool isQuiet = role == TextRole::quiet || role == TextRole::heading;
-  QLabel* label = isQuiet ? new QuietLabel : new QLabel;
-  label->setTextFormat(Qt::PlainText);
-  label->setText(text);
-  label->setWordWrap(true);
-  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  policy.setHeightForWidth(true);
-  label->setSizePolicy(policy);
-  QFont font = label->font();
-  switch (role) {
-    case TextRole::title:
-      font.setPointSizeF(font.pointSizeF() * 1.25);
-      font.setWeight(QFont::DemiBold);
-      break;
-    case TextRole::heading:
-      font.setPointSizeF(font.pointSizeF() * 0.9);
-      font.setWeight(QFont::DemiBold);
-      break;
-    case TextRole::strong:
-      font.setWeight(QFont::DemiBold);
-      break;
-    case TextRole::body:
-    case TextRole::quiet:
-      break;
-  }
-  label->setFont(font);
+  auto* label = new RoleLabel(text, role);
   alignAtLeadingEdge(*label);
   return label;
 }

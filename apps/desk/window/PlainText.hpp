@@ -1,12 +1,13 @@
 #pragma once
 
 #include "VemraPlatform/ui/Font.hpp"
+#include "VemraQt/Theme.hpp"
+#include "apps/desk/window/RoleLabel.hpp"
 
 #include <string>
 #include <string_view>
 
 #include <QColor>
-#include <QLabel>
 #include <QPalette>
 #include <QString>
 
@@ -19,14 +20,17 @@ inline QString fromUTF8(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// The roles of text in the panes.
-enum class TextRole { title, heading, strong, body, quiet };
+/// The fonts and colours of the screen under a palette, so that both look like one window.
+qt::Theme themeOf(const QPalette& palette);
 
 /// The colour of a text level, equal to that of the screen under the same palette, so that both
 /// look like one window.
 QColor inkOf(ui::ForegroundStyle style, const QPalette& palette);
 
-/// A label with wrapped, literal text.
+/// The width of the longest line of text that is easy to read, about 75 characters.
+int longestLine(const QWidget& widget);
+
+/// A label with wrapped, literal text in a role (`RoleLabel`).
 QLabel* makeLabel(const QString& text, TextRole role);
 
 /// The text on one line, for a message: line breaks are blanks, and after 80 characters comes "…".

@@ -1,14 +1,12 @@
 #pragma once
 
-#include "apps/desk/window/AlertFrame.hpp"
-
-class QLabel;
+#include "apps/desk/window/MessageFrame.hpp"
 
 namespace vemra::desk {
 
 /// A bar above the panes of a store that is open for reading only: the reason, and the possible
 /// actions.
-class ReadOnlyBar : public AlertFrame {
+class ReadOnlyBar : public MessageFrame {
   Q_OBJECT
 
  public:
@@ -19,9 +17,6 @@ class ReadOnlyBar : public AlertFrame {
 
  Q_SIGNALS:
   void tryAgainWanted();
-
- private:
-  QLabel* label_;
 };
 
 }  // namespace vemra::desk

@@ -3,7 +3,8 @@
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
 #include "VemraGoalSurface/presentation/GoalWhyPresentation.hpp"
 #include "VemraPlatform/date/AbbreviatedDate.hpp"
-#include "apps/desk/window/KeyInView.hpp"
+#include "apps/desk/window/FocusRing.hpp"
+#include "apps/desk/window/GoalRow.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/PathGraph.hpp"
 #include "apps/desk/window/Pieces.hpp"
@@ -15,10 +16,8 @@
 #include <memory>
 #include <utility>
 
-#include <QAccessible>
 #include <QApplication>
 #include <QHBoxLayout>
-#include <QPushButton>
 #include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -27,6 +26,7 @@ namespace vemra::desk {
 namespace {
 
 constexpr const char* unnamed = "Unnamed person";
+constexpr int belowEntry = 6;
 
 /// The reason in the words of the screen. The smallest hop count, which would stop the screen, is
 /// no reason to stop here.
@@ -38,8 +38,8 @@ QString reason(const GoalWhyDTO& why) {
   return fromUTF8(GoalWhyPresentation::text(why));
 }
 
-QString nameOr(const std::optional<std::string>& name, const QString& otherwise) {
-  return name ? fromUTF8(*name) : otherwise;
+QString nameOf(const std::optional<std::string>& name) {
+  return name && !name->empty() ? fromUTF8(*name) : QString(unnamed);
 }
 
 QString day(const std::optional<std::string>& time, const ui::Environment& environment) {
@@ -49,29 +49,13 @@ QString day(const std::optional<std::string>& time, const ui::Environment& envir
   return fromUTF8(date::abbreviatedDate(*instant, environment.locale, environment.timeZone));
 }
 
-/// Adds the sources of a reason; at once only as many as fit on a few lines.
-void addSources(QVBoxLayout& page, const std::shared_ptr<const std::vector<std::string>>& ids) {
-  constexpr std::size_t mostAtOnce = 50;
-  const auto line = [](const std::vector<std::string>& all, std::size_t first, std::size_t last) {
-    QStringList some;
-    for (std::size_t i = first; i < last; ++i) some.append(fromUTF8(all[i]));
-    return some.join(", ");
-  };
-  if (ids->empty()) return;
-  if (ids->size() <= mostAtOnce) {
-    addText(page, localized("Sources: %1").arg(line(*ids, 0, ids->size())), TextRole::quiet);
-    return;
+/// The name of a source: the kind of its first statement, such as "Email".
+QString sourceName(const EvidenceKnowledge& evidence) {
+  for (const EvidenceKnowledge::Statement& statement : evidence.statements) {
+    const QString label = fromUTF8(statement.label).simplified();
+    if (!label.isEmpty()) return label;
   }
-  auto* sources = new Pieces(
-      localized("the sources"), [ids, line, next = std::size_t{0}](QVBoxLayout& pieces) mutable {
-        const std::size_t end = std::min(ids->size(), next + mostAtOnce);
-        const QString some = line(*ids, next, end);
-        addText(pieces, next == 0 ? localized("Sources: %1").arg(some) : some, TextRole::quiet);
-        next = end;
-        return next < ids->size();
-      });
-  sources->setKey("the sources\n" + line(*ids, 0, mostAtOnce));
-  page.addWidget(sources);
+  return localized("Unnamed source");
 }
 
 }  // namespace
@@ -83,6 +67,7 @@ SidePane::SidePane(QWidget* parent) : QScrollArea(parent) {
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setFocusPolicy(Qt::NoFocus);
   setMinimumWidth(220);
+  announcement_ = new Announcement(this);
   hide();
 }
 
@@ -97,21 +82,19 @@ QVBoxLayout* SidePane::begin(const QString& kind, const QString& title, const QS
   if (std::exchange(subject_, what) == what && !isHidden()) reading_ = reading();
   auto* content = new QWidget;
   auto* page = new QVBoxLayout(content);
-  page->setContentsMargins(18, 14, 14, 18);
+  page->setContentsMargins(18 - besideTexts, 14, 14 - besideTexts, 18);
   page->setSpacing(4);
   auto* head = new QHBoxLayout;
-  head->addWidget(makeLabel(kind, TextRole::quiet), 1);
-  auto* close = new QToolButton;
+  QLabel* kindLabel = makeLabel(kind, TextRole::quiet);
+  kindLabel->setContentsMargins(besideTexts, 0, besideTexts, 0);
+  head->addWidget(kindLabel, 1);
+  auto* close = new QuietButton(localized("Close"));
   close->setObjectName("desk.side.close");
-  close->setText(localized("Close"));
-  close->setAutoRaise(true);
-  close->setFocusPolicy(Qt::StrongFocus);
-  scrollInBeforeKeys(*close);
   connect(close, &QToolButton::clicked, this, &SidePane::closed);
   head->addWidget(close);
   page->addLayout(head);
   addText(*page, title, TextRole::title);
-  setAccessibleName(kind + ": " + firstPiece(title));
+  setAccessibleName(kind + ": " + isolated(firstPiece(title)));
   return page;
 }
 
@@ -123,6 +106,7 @@ void SidePane::end(QVBoxLayout* page) {
   setWidget(content);  // replaces the previous content
   content->setAutoFillBackground(false);
   viewport()->setAutoFillBackground(false);
+  if (!reading_) announcement_->announce(accessibleName());
   show();
   if (!reading_) return;
   content->layout()->activate();
@@ -141,27 +125,31 @@ void SidePane::section(QVBoxLayout* page, const QString& heading, const QString&
                        std::size_t count, Add add) {
   if (count == 0) return;
   page->addSpacing(14);
-  page->addWidget(makeLabel(heading, TextRole::heading));
+  addText(*page, heading, TextRole::heading);
   Pieces* pieces = addEntries(*page, what, count, std::move(add));
   if (pieces) pieces->setKey(heading);
 }
 
-/// `person` is shared, because pieces that are opened later are made from it.
-void SidePane::addSuggestion(QVBoxLayout& page,
-                             const std::shared_ptr<const PersonKnowledge>& person,
-                             std::size_t index) {
-  const PersonKnowledge::Suggestion& suggestion = person->suggestions[index];
-  const QString name = nameOr(person->name, unnamed);
-  addText(page, fromUTF8(suggestion.goalTitle), TextRole::strong);
-  if (suggestion.displayName && fromUTF8(*suggestion.displayName) != name) {
-    addText(page, localized("As %1").arg(fromUTF8(*suggestion.displayName)), TextRole::quiet);
-  }
-  addText(page, reason(suggestion.why), TextRole::body);
-  addSources(page, {person, &suggestion.evidenceIDs});
-  page.addSpacing(6);
+void SidePane::addGoal(QVBoxLayout& page, const GoalListing& goal, TextRole role) {
+  addLink(page, GoalRow::nameOf(fromUTF8(goal.title)), role,
+          [this, id = goal.id] { Q_EMIT goalWanted(id); });
 }
 
-void SidePane::addOutcome(QVBoxLayout& page, const PersonKnowledge::Outcome& recorded) const {
+void SidePane::addSuggestion(QVBoxLayout& page, const PersonKnowledge& person,
+                             const PersonKnowledge::Suggestion& suggestion) {
+  addGoal(page, suggestion.goal, TextRole::strong);
+  if (suggestion.displayName && fromUTF8(*suggestion.displayName) != nameOf(person.name)) {
+    addText(page, localized("As %1").arg(isolated(fromUTF8(*suggestion.displayName))),
+            TextRole::quiet);
+  }
+  addText(page, reason(suggestion.why), TextRole::body);
+  if (const std::size_t sources = suggestion.evidenceIDs.size(); sources > 0) {
+    addText(page, localized("Sources: %1").arg(sources), TextRole::quiet);
+  }
+  page.addSpacing(belowEntry);
+}
+
+void SidePane::addOutcome(QVBoxLayout& page, const PersonKnowledge::Outcome& recorded) {
   const GoalOutcomeDTO& outcome = recorded.outcome;
   QString line = isolated(fromUTF8(GoalOutcomeRecordingFormLogic::label(outcome.value)));
   if (const QString when = day(outcome.recordedAt, environment_); !when.isEmpty()) {
@@ -170,56 +158,65 @@ void SidePane::addOutcome(QVBoxLayout& page, const PersonKnowledge::Outcome& rec
   if (outcome.correctsOutcomeID) line += ' ' + localized("· corrected");
   addText(page, line, TextRole::strong);
   if (outcome.note) addText(page, fromUTF8(*outcome.note), TextRole::body);
-  addText(page, fromUTF8(recorded.goalTitle), TextRole::quiet);
-  page.addSpacing(6);
+  addGoal(page, recorded.goal, TextRole::body);
+  page.addSpacing(belowEntry);
 }
 
+void SidePane::addPerson(QVBoxLayout& page, const EvidenceKnowledge::Person& person) {
+  addLink(page, nameOf(person.displayName), TextRole::strong,
+          [this, ref = person.personRef] { Q_EMIT personWanted(ref); });
+  addText(page, reason(person.why), TextRole::body);
+  addText(page,
+          person.rank == 0 ? localized("The strongest source for them")
+                           : localized("One of several sources"),
+          TextRole::quiet);
+  addGoal(page, person.goal, TextRole::body);
+  page.addSpacing(belowEntry);
+}
+
+/// What is shown is shared, because pieces that are opened later are made from it.
 void SidePane::showPerson(PersonKnowledge known) {
   const auto person = std::make_shared<const PersonKnowledge>(std::move(known));
-  QVBoxLayout* page =
-      begin(localized("Person"), nameOr(person->name, unnamed), fromUTF8(person->personRef));
-  addText(*page, localized("Reference: %1").arg(fromUTF8(person->personRef)), TextRole::quiet);
+  QVBoxLayout* page = begin(localized("Person"), nameOf(person->name), fromUTF8(person->personRef));
   section(page, localized("Worth considering for"), localized("the goals"),
-          person->suggestions.size(),
-          [person](QVBoxLayout& column, std::size_t i) { addSuggestion(column, person, i); });
+          person->suggestions.size(), [this, person](QVBoxLayout& column, std::size_t i) {
+            addSuggestion(column, *person, person->suggestions[i]);
+          });
   section(page, localized("The person to reach for"), localized("the goals"),
-          person->goalsTowards.size(), [person](QVBoxLayout& column, std::size_t i) {
-            addText(column, fromUTF8(person->goalsTowards[i]), TextRole::body);
+          person->goalsTowards.size(), [this, person](QVBoxLayout& column, std::size_t i) {
+            addGoal(column, person->goalsTowards[i], TextRole::body);
           });
   section(page, localized("On a path for"), localized("the goals"), person->goalsWithPaths.size(),
-          [person](QVBoxLayout& column, std::size_t i) {
-            addText(column, fromUTF8(person->goalsWithPaths[i]), TextRole::body);
+          [this, person](QVBoxLayout& column, std::size_t i) {
+            addGoal(column, person->goalsWithPaths[i], TextRole::body);
           });
   section(page, localized("Recorded"), localized("the outcomes"), person->outcomes.size(),
           [this, person](QVBoxLayout& column, std::size_t i) {
             addOutcome(column, person->outcomes[i]);
           });
+  const bool isEmpty = person->suggestions.empty() && person->goalsTowards.empty() &&
+                       person->goalsWithPaths.empty() && person->outcomes.empty();
+  if (isEmpty) {
+    addText(*page, localized("The store holds nothing more about this person."), TextRole::body);
+  }
   end(page);
 }
 
 void SidePane::showEvidence(EvidenceKnowledge known) {
   const auto evidence = std::make_shared<const EvidenceKnowledge>(std::move(known));
   QVBoxLayout* page =
-      begin(localized("Source"), fromUTF8(evidence->evidenceID), fromUTF8(evidence->evidenceID));
+      begin(localized("Source"), sourceName(*evidence), fromUTF8(evidence->evidenceID));
   section(page, localized("What it says"), localized("the statements"), evidence->statements.size(),
-          [evidence](QVBoxLayout& column, std::size_t i) {
+          [this, evidence](QVBoxLayout& column, std::size_t i) {
             const EvidenceKnowledge::Statement& statement = evidence->statements[i];
             addText(column, fromUTF8(statement.label), TextRole::strong);
             addText(column, fromUTF8(statement.detail), TextRole::body);
-            addText(column, fromUTF8(statement.goalTitle), TextRole::quiet);
-            column.addSpacing(6);
+            addGoal(column, statement.goal, TextRole::body);
+            column.addSpacing(belowEntry);
           });
   section(page, localized("Whom it speaks for"), localized("the people"), evidence->people.size(),
-          [evidence](QVBoxLayout& column, std::size_t i) {
-            const EvidenceKnowledge::Person& person = evidence->people[i];
-            addText(column, nameOr(person.displayName, unnamed), TextRole::strong);
-            addText(column, reason(person.why), TextRole::body);
-            addText(column,
-                    person.rank == 0 ? localized("The strongest source for them")
-                                     : localized("One of several sources"),
-                    TextRole::body);
-            addText(column, fromUTF8(person.goalTitle), TextRole::quiet);
-            column.addSpacing(6);
+          [this, evidence](QVBoxLayout& column, std::size_t i) {
+            addPerson(column, evidence->people[i]);
           });
   if (evidence->statements.empty() && evidence->people.empty()) {
     addText(*page, localized("The store holds nothing more about this source."), TextRole::body);
@@ -232,12 +229,13 @@ void SidePane::showPath(const GoalPathCandidateDTO& path,
   std::vector<QString> shown;
   for (std::size_t i = 0; i < path.personRefs.size(); ++i) {
     const auto& name = i < names.size() ? names[i] : std::nullopt;
-    shown.push_back(nameOr(name, fromUTF8(path.personRefs[i])));
+    shown.push_back(nameOf(name));
   }
   const QString target = shown.empty() ? localized("Nobody") : shown.back();
   QStringList refs;
   for (const std::string& ref : path.personRefs) refs.append(fromUTF8(ref));
-  QVBoxLayout* page = begin("Starfold", localized("Path to %1").arg(target), refs.join('\n'));
+  QVBoxLayout* page =
+      begin("Starfold", localized("Path to %1").arg(isolated(target)), refs.join('\n'));
   addText(*page, reason(path.why), TextRole::quiet);
   page->addSpacing(12);
   if (shown.size() <= mostEntriesAtOnce) {

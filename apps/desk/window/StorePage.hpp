@@ -1,22 +1,18 @@
 #pragma once
 
+#include "apps/desk/window/MessageFrame.hpp"
 #include "apps/desk/window/StoreOpening.hpp"
-
-#include <QWidget>
-
-class QLabel;
-class QPushButton;
 
 namespace vemra::desk {
 
 /// Shown in place of the goals when a store cannot be opened: the reason, and the possible actions.
-class StorePage : public QWidget {
+class StorePage : public MessageFrame {
   Q_OBJECT
 
  public:
   explicit StorePage(QWidget* parent = nullptr);
 
-  /// Shows why the store of `opening` is not open, and announces it.
+  /// Shows why the store of `opening` is not open.
   void setProblem(const StoreOpening& opening);
 
  Q_SIGNALS:
@@ -25,7 +21,6 @@ class StorePage : public QWidget {
   void anotherWanted();
 
  private:
-  QLabel* reason_;
   QPushButton* read_;
 };
 

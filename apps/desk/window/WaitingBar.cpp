@@ -1,13 +1,9 @@
 #include "apps/desk/window/WaitingBar.hpp"
 
 #include "apps/desk/window/Localized.hpp"
-#include "apps/desk/window/Pieces.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
 #include <algorithm>
-
-#include <QHBoxLayout>
-#include <QPushButton>
 
 namespace vemra::desk {
 namespace {
@@ -62,21 +58,9 @@ QString lineOf(const WaitingNote& note) {
       .arg(isolated(note.outcome), nameInMessage(note.subject), nameInMessage(note.goalTitle));
 }
 
-WaitingBar::WaitingBar(QWidget* parent)
-    : AlertFrame(parent), label_(makeLabel({}, TextRole::body)) {
-  setObjectName("desk.waiting");
-  auto* row = new QHBoxLayout(this);
-  row->setContentsMargins(16, 8, 12, 8);
-  row->addWidget(label_, 1);
-  auto* again = new QPushButton(localized("Try again"));
-  again->setObjectName("desk.waiting.again");
-  auto* discard = new QPushButton(localized("Discard…"));
-  discard->setObjectName("desk.waiting.discard");
-  row->addWidget(again, 0, Qt::AlignTop);
-  row->addWidget(discard, 0, Qt::AlignTop);
-  connect(again, &QPushButton::clicked, this, &WaitingBar::tryAgainWanted);
-  connect(discard, &QPushButton::clicked, this, &WaitingBar::discardWanted);
-  hide();
+WaitingBar::WaitingBar(QWidget* parent) : MessageFrame(MessageForm::bar, "desk.waiting", parent) {
+  addButton(localized("Try again"), "desk.waiting.again", [this] { Q_EMIT tryAgainWanted(); });
+  addButton(localized("Discard…"), "desk.waiting.discard", [this] { Q_EMIT discardWanted(); });
 }
 
 void WaitingBar::setWaiting(const std::vector<WaitingNote>& waiting) {
@@ -84,9 +68,7 @@ void WaitingBar::setWaiting(const std::vector<WaitingNote>& waiting) {
     hide();
     return;
   }
-  const QString message = firstPiece(messageOf(waiting));
-  label_->setText(message);
-  announce(message);
+  setMessage(messageOf(waiting));
 }
 
 }  // namespace vemra::desk

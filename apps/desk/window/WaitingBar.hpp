@@ -1,12 +1,9 @@
 #pragma once
 
-#include "apps/desk/window/AlertFrame.hpp"
+#include "apps/desk/window/MessageFrame.hpp"
 #include "apps/desk/window/WaitingOutcomes.hpp"
 
 #include <vector>
-
-class QLabel;
-class QPushButton;
 
 namespace vemra::desk {
 
@@ -15,7 +12,7 @@ QString lineOf(const WaitingNote& note);
 
 /// A bar that names the outcomes that are not stored yet, the reason, and what will happen to them.
 /// Hidden without such outcomes.
-class WaitingBar : public AlertFrame {
+class WaitingBar : public MessageFrame {
   Q_OBJECT
 
  public:
@@ -26,9 +23,6 @@ class WaitingBar : public AlertFrame {
  Q_SIGNALS:
   void tryAgainWanted();
   void discardWanted();
-
- private:
-  QLabel* label_;
 };
 
 }  // namespace vemra::desk

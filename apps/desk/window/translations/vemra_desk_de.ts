@@ -396,8 +396,8 @@
         <translation>Quellen: %1</translation>
     </message>
     <message>
-        <source>the sources</source>
-        <translation>die Quellen</translation>
+        <source>Unnamed source</source>
+        <translation>Quelle ohne Namen</translation>
     </message>
     <message>
         <source>Close</source>
@@ -414,10 +414,6 @@
     <message>
         <source>Person</source>
         <translation>Mensch</translation>
-    </message>
-    <message>
-        <source>Reference: %1</source>
-        <translation>Kennung: %1</translation>
     </message>
     <message>
         <source>Worth considering for</source>
@@ -470,6 +466,10 @@
     <message>
         <source>One of several sources</source>
         <translation>Eine von mehreren Quellen</translation>
+    </message>
+    <message>
+        <source>The store holds nothing more about this person.</source>
+        <translation>Mehr enthält der Speicher über diese Person nicht.</translation>
     </message>
     <message>
         <source>The store holds nothing more about this source.</source>

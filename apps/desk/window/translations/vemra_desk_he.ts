@@ -396,8 +396,8 @@
         <translation>מקורות: %1</translation>
     </message>
     <message>
-        <source>the sources</source>
-        <translation>המקורות</translation>
+        <source>Unnamed source</source>
+        <translation>מקור ללא שם</translation>
     </message>
     <message>
         <source>Close</source>
@@ -414,10 +414,6 @@
     <message>
         <source>Person</source>
         <translation>אדם</translation>
-    </message>
-    <message>
-        <source>Reference: %1</source>
-        <translation>מזהה: %1</translation>
     </message>
     <message>
         <source>Worth considering for</source>
@@ -470,6 +466,10 @@
     <message>
         <source>One of several sources</source>
         <translation>אחד מכמה מקורות</translation>
+    </message>
+    <message>
+        <source>The store holds nothing more about this person.</source>
+        <translation>המאגר אינו מכיל דבר נוסף על האדם הזה.</translation>
     </message>
     <message>
         <source>The store holds nothing more about this source.</source>

@@ -10,6 +10,7 @@ import sqlite3
 import subprocess
 import sys
 import tempfile
+import time
 
 sys.path.insert(0, sys.argv[2])
 from accessible import (  # noqa: E402
@@ -159,6 +160,29 @@ def a_recording_and_its_correction_reach_the_store(desk):
     correct(desk, 1, record(desk, 1, "  bei der Messe getroffen ", 4), 5)
 
 
+def the_details_are_announced_once_and_their_goals_are_links(desk):
+    """The first text of a row is the name of the person, which opens the details."""
+    row = desk.get(f"vemra.goal.person.{reference(1)}.outcome.correct").get_parent()
+    details = "Person: Person <b>1</b> & more"
+
+    def notifications(ear):
+        return [event for event in ear.heard() if event[3].get_role_name() == "notification"
+                and event[3].get_name() == details and event[1] == 1]
+
+    with Ear("object:state-changed:showing") as ear:
+        act(row.get_child_at_index(0), "Press")
+        hears(ear, lambda event: event[3].get_name() == details)
+        link = wait_for(lambda: next((node for node in walk(desk.root)
+                                      if node.get_role_name() == "link"), None), "a link")
+        equal(link.get_name(), "Find a design lead")
+        desk.import_goals([document()])
+        time.sleep(1.5)
+        equal(notifications(ear), [])
+    close = next(node for node in walk(desk.root) if node.get_name() == "Close"
+                 and node.get_role_name() == "push button")
+    act(close, "Press")
+
+
 def so_they_do_outside_the_viewport(desk):
     assert not has(desk.get(f"vemra.goal.person.{reference(170)}.outcome.start"), SHOWING)
     correct(desk, 170, record(desk, 170, "far away", 6), 7)
@@ -265,6 +289,22 @@ def open_goal(desk, place):
                          for node in walk(desk.root)), title)
 
 
+def a_goal_is_chosen_by_selecting_it(desk):
+    column = column_of_goals(desk)
+    equal(column.get_role_name(), "list")
+    selection = column.get_selection_iface()
+    for place in (2, 150, 1):  # with a widget, and without
+        goal = column.get_child_at_index(place)
+        assert selection.select_child(place), place
+        wait_for(lambda: selection.get_selected_child(0) == goal, f"goal {place} selected")
+        equal(selection.get_n_selected_children(), 1)
+        title = goal.get_name()
+        wait_for(lambda: desk.root.get_child_at_index(0).clear_cache()
+                 or desk.root.get_child_at_index(0).get_name().startswith(title), title)
+    assert not selection.select_child(0), "the heading"
+    assert not selection.deselect_child(1)
+
+
 def an_identifier_is_found_in_the_open_goal_only(desk):
     """The screens of goals that were open before stay alive, with the same identifiers."""
     both = [dict(document(), goal={"id": name, "title": name}) for name in ("twin1", "twin2")]
@@ -314,9 +354,11 @@ CHECKS = [
     names_are_shown_as_they_are,
     the_keyboard_alone_records_and_corrects,
     a_recording_and_its_correction_reach_the_store,
+    the_details_are_announced_once_and_their_goals_are_links,
     so_they_do_outside_the_viewport,
     the_store_is_whole,
     more_goals_are_announced_and_so_are_new_names_of_goals_out_of_view,
+    a_goal_is_chosen_by_selecting_it,
     an_identifier_is_found_in_the_open_goal_only,
     what_a_killed_program_could_not_store_is_stored_by_the_next_one,
 ]

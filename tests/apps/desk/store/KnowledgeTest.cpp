@@ -31,14 +31,14 @@ TEST_F(KnowledgeTest, OfAPersonIsCollectedAcrossGoalsAndNormalForms) {
   const PersonKnowledge person = store.person("ren\u00E9e");
   EXPECT_EQ(person.name, "Renée");
   ASSERT_EQ(person.suggestions.size(), 2u);
-  EXPECT_EQ(person.suggestions[0].goalTitle, "First");
+  EXPECT_EQ(person.suggestions[0].goal, (GoalListing{"g1", "First"}));
   EXPECT_EQ(person.suggestions[0].evidenceIDs, (std::vector<std::string>{"ev1", "ev2"}));
   EXPECT_EQ(person.suggestions[1].why, GoalWhyDTO::nameMatch());
-  EXPECT_EQ(person.goalsTowards, std::vector<std::string>{"Second"});
-  EXPECT_EQ(person.goalsWithPaths, std::vector<std::string>{"First"});
+  EXPECT_EQ(person.goalsTowards, (std::vector<GoalListing>{{"g2", "Second"}}));
+  EXPECT_EQ(person.goalsWithPaths, (std::vector<GoalListing>{{"g1", "First"}}));
   ASSERT_EQ(person.outcomes.size(), 1u);
   EXPECT_EQ(person.outcomes[0].outcome.id, "o1");
-  EXPECT_EQ(person.outcomes[0].goalTitle, "First");
+  EXPECT_EQ(person.outcomes[0].goal, (GoalListing{"g1", "First"}));
 }
 
 TEST_F(KnowledgeTest, OfAnUnknownPersonIsEmpty) {
@@ -55,6 +55,7 @@ TEST_F(KnowledgeTest, OfEvidenceContainsItsStatementsAndItsPeople) {
   EXPECT_EQ(evidence.statements[1].detail, "Met");
   ASSERT_EQ(evidence.people.size(), 2u);
   EXPECT_EQ(evidence.people[0].personRef, "ren\u00E9e");
+  EXPECT_EQ(evidence.people[0].goal, (GoalListing{"g1", "First"}));
   EXPECT_EQ(evidence.people[0].rank, 1u);
   EXPECT_EQ(evidence.people[1].displayName, "Bo");
   EXPECT_EQ(evidence.people[1].rank, 0u);
@@ -67,7 +68,7 @@ TEST_F(KnowledgeTest, OfAPersonContainsNoOutcomeOfAPath) {
   store.record("g2", {GoalOutcomeSubjectKind::person, "bo", GoalOutcomeValue::invited, "n", "o"});
   const auto outcomes = store.person("bo").outcomes;
   ASSERT_EQ(outcomes.size(), 1u);
-  EXPECT_EQ(outcomes[0].goalTitle, "Second");
+  EXPECT_EQ(outcomes[0].goal, (GoalListing{"g2", "Second"}));
   EXPECT_EQ(outcomes[0].outcome, store.outcomes("g2")[0]);
 }
 
@@ -81,12 +82,13 @@ TEST_F(KnowledgeTest, OfAPersonIsInTheOrderOfGoalsAndOfRecording) {
   store.record("g1", {GoalOutcomeSubjectKind::person, "ren\u00E9e", {}, "third", {}});
   const PersonKnowledge person = store.person("ren\u00E9e");
   std::vector<std::string> titles;
-  for (const auto& suggestion : person.suggestions) titles.push_back(suggestion.goalTitle);
+  for (const auto& suggestion : person.suggestions) titles.push_back(suggestion.goal.title);
   EXPECT_EQ(titles, (std::vector<std::string>{"First", "Second", "Third", "Third"}));
   EXPECT_EQ(person.suggestions[3].evidenceIDs, std::vector<std::string>{"ev5"});
   EXPECT_EQ(person.name, "Ren\u00E9e") << "the first one";
-  EXPECT_EQ(person.goalsTowards, (std::vector<std::string>{"Second", "Third"}));
-  EXPECT_EQ(person.goalsWithPaths, (std::vector<std::string>{"First", "Third"})) << "each once";
+  EXPECT_EQ(person.goalsTowards, (std::vector<GoalListing>{{"g2", "Second"}, {"g0", "Third"}}));
+  EXPECT_EQ(person.goalsWithPaths, (std::vector<GoalListing>{{"g1", "First"}, {"g0", "Third"}}))
+      << "each once";
   ASSERT_EQ(person.outcomes.size(), 3u);
   EXPECT_EQ(person.outcomes[1].outcome.note, "second");
   EXPECT_EQ(person.outcomes[2].outcome.note, "third");
@@ -100,7 +102,7 @@ TEST_F(KnowledgeTest, OfEvidenceHasEachStatementOnceAndPeopleBeforePaths) {
   store.import({third});
   const auto statements = store.evidence("ev8").statements;
   ASSERT_EQ(statements.size(), 2u);
-  EXPECT_EQ(statements[0].goalTitle, "Third");
+  EXPECT_EQ(statements[0].goal, (GoalListing{"g3", "Third"}));
   EXPECT_EQ(statements[0].label, "Email");
   EXPECT_EQ(statements[0].detail, "Twice");
   EXPECT_EQ(statements[1].label, "Call");

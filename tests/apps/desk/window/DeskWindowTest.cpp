@@ -1,6 +1,7 @@
 // The panes of the window, and where the focus is among them.
 
 #include "VemraQt/ViewWidget.hpp"
+#include "apps/desk/window/LinkLabel.hpp"
 #include "apps/documents/ResultWriter.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
@@ -44,7 +45,7 @@ TEST_F(DeskWindowTest, HasThePanesSideBySideAndASizeThatFitsThem) {
   open();
   EXPECT_EQ(window->windowTitle(), "Vemra Desk");
   EXPECT_EQ(window->objectName(), "desk");
-  EXPECT_EQ(window->minimumSize(), QSize(640, 360));
+  EXPECT_EQ(window->minimumSize(), QSize(360, 320));
   auto* panes = window->findChild<QSplitter*>();
   ASSERT_TRUE(panes);
   EXPECT_EQ(panes->count(), 3);
@@ -84,6 +85,50 @@ TEST_F(DeskWindowTest, AnotherGoalClosesTheSidePaneAndTheSameOneDoesNot) {
   EXPECT_NE(find<QWidget>("desk.side"), nullptr);
   press("desk.goal.b");
   EXPECT_EQ(find<QWidget>("desk.side"), nullptr);
+}
+
+TEST_F(DeskWindowTest, EscapeGivesTheFocusBackToTheElementThatOpenedTheSidePane) {
+  open("a");
+  auto* source = wait<QAbstractButton>("vemra.goal.person.p1.show-source");
+  ASSERT_NE(source, nullptr);
+  QApplication::setActiveWindow(window.get());
+  source->setFocus();
+  press("vemra.goal.person.p1.show-source");
+  auto* close = wait<QAbstractButton>("desk.side.close");
+  ASSERT_NE(close, nullptr);
+  close->setFocus();
+  changeElsewhere("First, changed");
+  ASSERT_TRUE(find<QWidget>("desk.side")->isAncestorOf(window->focusWidget()));
+  pressEscape();
+  EXPECT_EQ(find<QWidget>("desk.side"), nullptr);
+  ASSERT_NE(window->focusWidget(), nullptr);
+  EXPECT_EQ(window->focusWidget()->objectName(), "vemra.goal.person.p1.show-source");
+}
+
+TEST_F(DeskWindowTest, AGoalInTheSidePaneIsOpenedAndItsRowGetsTheFocus) {
+  open("a");
+  openPerson();
+  QApplication::setActiveWindow(window.get());
+  const auto link = [&](const QString& title) {
+    return becomes([&] {
+      for (auto* each : window->findChildren<LinkLabel*>()) {
+        if (!each->isVisible() || each->text() != title) continue;
+        each->setFocus();
+        Q_EMIT each->pressed();
+        return true;
+      }
+      return false;
+    });
+  };
+  ASSERT_TRUE(link("First")) << texts().join("\n").toStdString();
+  EXPECT_NE(find<QWidget>("desk.side"), nullptr) << "this goal is open already";
+  EXPECT_EQ(window->focusWidget(), &window->screen());
+  ASSERT_TRUE(link("Second"));
+  EXPECT_EQ(find<QWidget>("desk.side"), nullptr);
+  auto* second = find<QAbstractButton>("desk.goal.b");
+  EXPECT_TRUE(second->isChecked());
+  EXPECT_EQ(window->focusWidget(), second);
+  EXPECT_TRUE(becomes([&] { return window->windowTitle().startsWith("Second"); }));
 }
 
 TEST_F(DeskWindowTest, TheFocusGoesFromAClosedSidePaneToTheScreen) {

@@ -27,10 +27,10 @@ class LongSidePaneTest : public ::testing::Test {
     for (int i = 0; i < 50; ++i) {
       GoalOutcomeDTO outcome;
       outcome.note = "note " + std::to_string(i) + (i == 2 ? std::string(3000, 'w') : "");
-      person.outcomes.push_back({"Goal", outcome});
+      person.outcomes.push_back({{"g", "Goal"}, outcome});
     }
-    person.goalsTowards = std::vector<std::string>(50, "Towards");
-    person.goalsWithPaths = std::vector<std::string>(50, "With a path");
+    person.goalsTowards = std::vector<GoalListing>(50, {"t", "Towards"});
+    person.goalsWithPaths = std::vector<GoalListing>(50, {"w", "With a path"});
     show();
     pane.activateWindow();
     QApplication::setActiveWindow(&pane);
@@ -88,8 +88,8 @@ TEST_F(LongSidePaneTest, OpenedPiecesStayOpenWhenTheSamePersonIsShownAgain) {
   more("the outcomes").click();
   more("the text").click();
   settle();
-  person.outcomes.push_back({"Goal", GoalOutcomeDTO()});
-  person.goalsTowards.insert(person.goalsTowards.begin(), "New");
+  person.outcomes.push_back({{"g", "Goal"}, GoalOutcomeDTO()});
+  person.goalsTowards.insert(person.goalsTowards.begin(), {"n", "New"});
   show();
   EXPECT_EQ(count("Towards"), 19);
   EXPECT_EQ(count("With a path"), 40);
@@ -139,8 +139,8 @@ TEST_F(LongSidePaneTest, SelectedTextsStaySelectedWhenTheSamePersonIsShownAgain)
   label("note 7").setSelection(2, 3);
   label("note 25").setSelection(0, 7);
   label("note 25").setFocus();
-  person.outcomes.insert(person.outcomes.begin() + 3, {"Goal", GoalOutcomeDTO()});
-  person.goalsTowards.push_back("New");
+  person.outcomes.insert(person.outcomes.begin() + 3, {{"g", "Goal"}, GoalOutcomeDTO()});
+  person.goalsTowards.push_back({"n", "New"});
   show();
   EXPECT_EQ(label("note 7").selectedText(), "te ");
   EXPECT_EQ(label("note 25").selectedText(), "note 25");
@@ -152,7 +152,7 @@ TEST_F(LongSidePaneTest, OfEqualTextsTheOneAtTheSamePlaceStaysSelected) {
   label("Goal", 5).setSelection(0, 2);
   GoalOutcomeDTO first;
   first.note = "first";
-  person.outcomes.insert(person.outcomes.begin(), {"Goal", first});
+  person.outcomes.insert(person.outcomes.begin(), {{"g", "Goal"}, first});
   show();
   EXPECT_TRUE(label("Goal", 6).hasSelectedText()) << "below note 5";
   person.outcomes.erase(person.outcomes.begin(), person.outcomes.begin() + 4);

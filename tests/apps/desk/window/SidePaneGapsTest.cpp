@@ -42,16 +42,15 @@ class SidePaneGapsTest : public ::testing::Test {
 TEST_F(SidePaneGapsTest, KnowledgeOfAPersonIsShownInEntriesUnderHeadings) {
   PersonKnowledge person;
   person.personRef = "p1";
-  person.suggestions = {{"First", std::nullopt, GoalWhyDTO::nameMatch(), {"e1"}},
-                        {"Second", std::nullopt, GoalWhyDTO::nameMatch(), {"e2"}}};
+  person.suggestions = {{{"g1", "First"}, std::nullopt, GoalWhyDTO::nameMatch(), {"e1"}},
+                        {{"g2", "Second"}, std::nullopt, GoalWhyDTO::nameMatch(), {"e2"}}};
   GoalOutcomeDTO noted;
   noted.note = "a note";
   GoalOutcomeDTO next;
   next.note = "another";
-  person.outcomes = {{"Goal one", noted}, {"Goal two", next}};
+  person.outcomes = {{{"g1", "Goal one"}, noted}, {{"g2", "Goal two"}, next}};
   pane.showPerson(person);
-  EXPECT_EQ(gapAbove("Reference: p1"), betweenLines);
-  EXPECT_EQ(gapAbove("Sources: e1"), betweenLines);
+  EXPECT_EQ(gapAbove("Sources: 1"), betweenLines);
   EXPECT_EQ(gapAbove("Worth considering for"), aboveHeading);
   EXPECT_EQ(gapAbove("Second"), betweenEntries);
   EXPECT_EQ(gapAbove("Recorded"), aboveHeadingBehindAnEntry);
@@ -61,9 +60,10 @@ TEST_F(SidePaneGapsTest, KnowledgeOfAPersonIsShownInEntriesUnderHeadings) {
 TEST_F(SidePaneGapsTest, KnowledgeOfASourceIsShownInEntriesUnderHeadings) {
   EvidenceKnowledge evidence;
   evidence.evidenceID = "mail-1";
-  evidence.statements = {{"Goal", "Label", "Detail"}, {"Other goal", "Second label", "Second"}};
-  evidence.people = {{"Goal", "p1", "Ada", 0, GoalWhyDTO::nameMatch()},
-                     {"Other goal", "p2", "Bo", 1, GoalWhyDTO::nameMatch()}};
+  evidence.statements = {{{"g1", "Goal"}, "Label", "Detail"},
+                         {{"g2", "Other goal"}, "Second label", "Second"}};
+  evidence.people = {{{"g1", "Goal"}, "p1", "Ada", 0, GoalWhyDTO::nameMatch()},
+                     {{"g2", "Other goal"}, "p2", "Bo", 1, GoalWhyDTO::nameMatch()}};
   pane.showEvidence(evidence);
   EXPECT_EQ(gapAbove("What it says"), aboveHeading);
   EXPECT_EQ(gapAbove("Detail"), betweenLines);
@@ -77,7 +77,7 @@ TEST_F(SidePaneGapsTest, ATextInPiecesHasThePlaceOfAShortText) {
   person.personRef = "p1";
   GoalOutcomeDTO noted;
   noted.note = std::string(1500, 'w');
-  person.outcomes = {{"The goal", noted}};
+  person.outcomes = {{{"g", "The goal"}, noted}};
   pane.showPerson(person);
   QApplication::processEvents();
   const auto place = [&](const QWidget& widget) {

@@ -20,7 +20,7 @@ class SidePanePathTest : public ::testing::Test {
       people.push_back("p" + std::to_string(i));
     }
     path.personRefs = people;
-    pane.showPath(path, {});
+    pane.showPath(path, {people.begin(), people.end()});
   }
 
   QList<PathGraph*> stretches() const { return pane.findChildren<PathGraph*>(); }

@@ -154,7 +154,7 @@ TEST_P(TranslatedWindowTest, TheDetailsOfAPersonASourceAndAPath) {
   for (auto* each : window->findChildren<QAbstractButton*>()) {
     if (each->text() == "Ada" && each->isVisible()) each->click();
   }
-  EXPECT_TRUE(becomes([&] { return shows(own("Reference: %1").arg("p1"), "desk.side"); }));
+  EXPECT_TRUE(becomes([&] { return shows(own("Sources: %1").arg(1), "desk.side"); }));
   check("person");
 }
 

@@ -62,9 +62,8 @@ TEST_F(WindowTest, APersonOpensBesideTheScreen) {
   open();
   pressTitled("Søren Ångström");
   ASSERT_NE(wait<QWidget>("desk.side"), nullptr);
-  for (const char* text :
-       {"Søren Ångström", "Direct relationship evidence", "Sources: calendar-880",
-        "He did write after all, and put Tomas in copy."}) {
+  for (const char* text : {"Søren Ångström", "Direct relationship evidence", "Sources: 1",
+                           "He did write after all, and put Tomas in copy."}) {
     EXPECT_TRUE(becomes([&] { return shows(text, "desk.side"); }))
         << text << "\n"
         << texts("desk.side").join("\n").toStdString();
@@ -78,7 +77,7 @@ TEST_F(WindowTest, ASourceOpensBesideTheScreen) {
   open();
   press("vemra.goal.person.amara-okafor.show-source");
   EXPECT_TRUE(becomes([&] {
-    return shows("mail-2291", "desk.side") &&
+    return shows("Email", "desk.side") &&
            shows("Asked who is leading design for the launch", "desk.side");
   })) << texts("desk.side").join("\n").toStdString();
 }
@@ -94,7 +93,7 @@ TEST_F(WindowTest, APathIsDrawnWithTheNamesOfItsPeople) {
   auto* graph = wait<PathGraph>("desk.path");
   ASSERT_NE(graph, nullptr);
   EXPECT_EQ(graph->accessibleName(), "Path to Tomas <Lindqvist>");
-  EXPECT_EQ(graph->accessibleDescription(), "Ada, then nameless, then Tomas <Lindqvist>");
+  EXPECT_EQ(graph->accessibleDescription(), "Ada, then Unnamed person, then Tomas <Lindqvist>");
   EXPECT_GE(graph->height(), graph->heightForWidth(graph->width()));
 }
 
@@ -150,7 +149,7 @@ TEST_F(WindowTest, UnusualTextsAreShownLiterally) {
   open();
   const QString name = "<i>&amp;</i> & Co";
   press("vemra.goal.person.p.show-source");
-  EXPECT_TRUE(becomes([&] { return shows(name, "desk.side") && shows("<ev>", "desk.side"); }))
+  EXPECT_TRUE(becomes([&] { return shows(name, "desk.side"); }))
       << texts("desk.side").join("\n").toStdString();
   for (const auto* label : window->findChildren<QLabel*>()) {
     EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();

@@ -1,0 +1,39 @@
+#include "apps/desk/window/FocusRing.hpp"
+
+#include "VemraQt/Theme.hpp"
+#include "apps/desk/window/KeyInView.hpp"
+#include "apps/desk/window/PlainText.hpp"
+
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
+
+namespace vemra::desk {
+
+void drawFocusRing(QPainter& painter, const QWidget& widget) {
+  constexpr double width = 2;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(themeOf(widget.palette()).focusRing(), width));
+  painter.setBrush(Qt::NoBrush);
+  const double inset = width / 2;
+  painter.drawRoundedRect(QRectF(widget.rect()).adjusted(inset, inset, -inset, -inset), 4, 4);
+  painter.restore();
+}
+
+QuietButton::QuietButton(const QString& title, QWidget* parent) : QToolButton(parent) {
+  setText(asButtonTitle(title));
+  setAutoRaise(true);
+  setFocusPolicy(Qt::StrongFocus);
+  scrollInBeforeKeys(*this);
+}
+
+void QuietButton::paintEvent(QPaintEvent*) {
+  QStylePainter painter(this);
+  QStyleOptionToolButton option;
+  initStyleOption(&option);
+  option.state &= ~QStyle::State_HasFocus;
+  painter.drawComplexControl(QStyle::CC_ToolButton, option);
+  if (hasFocus()) drawFocusRing(painter, *this);
+}
+
+}  // namespace vemra::desk

@@ -1,0 +1,98 @@
+#include "apps/desk/window/MessageFrame.hpp"
+
+#include "apps/desk/window/Pieces.hpp"
+#include "apps/desk/window/PlainText.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace vemra::desk {
+namespace {
+
+constexpr int besidePage = 40;
+constexpr int abovePage = 24;
+constexpr int fewestCharactersBesideButtons = 36;
+
+}  // namespace
+
+MessageFrame::MessageFrame(MessageForm form, const QString& name, QWidget* parent)
+    : AlertFrame(parent),
+      form_(form),
+      message_(makeLabel({}, TextRole::body)),
+      buttons_(new QHBoxLayout) {
+  setObjectName(name);
+  if (form_ == MessageForm::page) {
+    setFrameShape(QFrame::NoFrame);
+    setBackgroundRole(QPalette::Base);
+    content_ = new QVBoxLayout(this);
+    content_->setContentsMargins(besidePage, abovePage, besidePage, abovePage);
+    content_->setSpacing(8);
+    content_->addWidget(message_);
+    content_->addSpacing(10);
+    content_->addLayout(buttons_);
+    content_->addStretch(1);
+    buttons_->addStretch(1);
+  } else {
+    content_ = new QHBoxLayout(this);
+    content_->setContentsMargins(16, 8, 12, 8);
+    content_->addWidget(message_, 1);
+    content_->addLayout(buttons_);
+    content_->setAlignment(buttons_, Qt::AlignTop);
+    hide();
+  }
+}
+
+void MessageFrame::setTitle(const QString& title) {
+  title_ = title;
+  content_->insertWidget(0, makeLabel(title, TextRole::title));
+}
+
+void MessageFrame::addRemark(const QString& remark) {
+  content_->insertWidget(content_->indexOf(message_) + 1, makeLabel(remark, TextRole::quiet));
+}
+
+QPushButton* MessageFrame::addButton(const QString& title, const QString& name,
+                                     std::function<void()> pressed) {
+  auto* button = new QPushButton(title);
+  button->setObjectName(name);
+  connect(button, &QPushButton::clicked, this, std::move(pressed));
+  const int stretches = form_ == MessageForm::page ? 1 : 0;
+  buttons_->insertWidget(buttons_->count() - stretches, button);
+  return button;
+}
+
+void MessageFrame::setMessage(const QString& whole) {
+  const QString message = firstPiece(whole);
+  message_->setText(message);
+  if (form_ == MessageForm::bar) {
+    announce(message);
+    placeButtons();
+  } else {
+    rename(title_ + ". " + message);
+  }
+}
+
+void MessageFrame::resizeEvent(QResizeEvent* event) {
+  AlertFrame::resizeEvent(event);
+  form_ == MessageForm::page ? limitLines() : placeButtons();
+}
+
+void MessageFrame::limitLines() {
+  const int beyond = width() - besidePage - longestLine(*this);
+  QMargins margins(besidePage, abovePage, std::max(besidePage, beyond), abovePage);
+  if (isRightToLeft()) margins = {margins.right(), abovePage, margins.left(), abovePage};
+  content_->setContentsMargins(margins);
+}
+
+void MessageFrame::placeButtons() {
+  const int text = fewestCharactersBesideButtons * fontMetrics().averageCharWidth();
+  const bool isNarrow = width() < buttons_->sizeHint().width() + text;
+  content_->setDirection(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+  content_->setAlignment(buttons_, isNarrow ? Qt::AlignLeading | Qt::AlignTop : Qt::AlignTop);
+}
+
+}  // namespace vemra::desk

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "apps/desk/window/AlertFrame.hpp"
+
+#include <functional>
+
+class QBoxLayout;
+class QLabel;
+class QPushButton;
+
+namespace vemra::desk {
+
+/// The place of a message: a bar beside the content, or a page in place of the content.
+enum class MessageForm { bar, page };
+
+/// A message with buttons for what can be done about it. A long text is cut; a screen reader hears
+/// the message when it appears and when it changes.
+///
+/// A bar is hidden until it has a message; where it is too narrow, its buttons stand below the text.
+/// A page shows its text in lines that are no longer than a reader likes.
+class MessageFrame : public AlertFrame {
+  Q_OBJECT
+
+ protected:
+  /// - Parameter name: the object name.
+  MessageFrame(MessageForm form, const QString& name, QWidget* parent);
+
+  /// \name For the constructor of a subclass @{
+  /// The title of a page.
+  void setTitle(const QString& title);
+  /// A quieter line below the message of a page.
+  void addRemark(const QString& remark);
+  /// A button behind the others.
+  QPushButton* addButton(const QString& title, const QString& name, std::function<void()> pressed);
+  /// @}
+
+  /// Shows a message, and announces one that differs from the shown one.
+  void setMessage(const QString& whole);
+
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void limitLines();
+  void placeButtons();
+
+  MessageForm form_;
+  QString title_;
+  QLabel* message_;
+  QBoxLayout* content_;
+  QBoxLayout* buttons_;
+};
+
+}  // namespace vemra::desk

@@ -1,0 +1,156 @@
+// Which panes a window has room for, and the way between them in a narrow one.
+
+#include "apps/desk/window/GoalPage.hpp"
+#include "apps/desk/window/Panes.hpp"
+#include "apps/desk/window/PlainText.hpp"
+#include "tests/apps/desk/window/OpenDesk.hpp"
+
+#include <string>
+
+#include <QScrollBar>
+#include <QToolButton>
+
+namespace vemra::desk {
+namespace {
+
+/// Three empty panes; a character is as wide as it is on average.
+class PanesTest : public ::testing::Test {
+ protected:
+  PanesTest() {
+    panes.setParent(&window);
+    details->hide();
+    panes.setGoalsWanted(true);
+  }
+
+  /// The letters of the panes that are shown in a window of so many characters.
+  std::string shownAt(int characters) {
+    panes.resize(characters * panes.fontMetrics().averageCharWidth(), 400);
+    window.show();
+    std::string shown;
+    if (goals->isVisible()) shown += 'g';
+    if (page->isVisible()) shown += 'p';
+    if (details->isVisible()) shown += 'd';
+    return shown;
+  }
+
+  QWidget window;  // a splitter that is a window itself keeps the room for all panes
+  QWidget* goals = new QWidget;
+  QWidget* page = new QWidget;
+  QWidget* details = new QWidget;
+  Panes panes{goals, page, details};
+};
+
+TEST_F(PanesTest, TheGoalsGiveWayFirstAndThenThePage) {
+  EXPECT_EQ(shownAt(70), "gp");
+  EXPECT_EQ(shownAt(45), "p");
+  details->show();
+  EXPECT_EQ(shownAt(105), "gpd");
+  EXPECT_EQ(shownAt(80), "pd");
+  EXPECT_EQ(shownAt(45), "d");
+  details->hide();
+  EXPECT_EQ(shownAt(45), "p");
+  EXPECT_EQ(shownAt(70), "gp");
+}
+
+TEST_F(PanesTest, LargerTextsTakeMoreRoom) {
+  const int before = panes.fontMetrics().averageCharWidth();
+  EXPECT_EQ(shownAt(70), "gp");
+  QFont large = panes.font();
+  large.setPointSizeF(large.pointSizeF() * 2);
+  panes.setFont(large);
+  ASSERT_GT(panes.fontMetrics().averageCharWidth(), before);
+  EXPECT_TRUE(goals->isHidden());
+  EXPECT_FALSE(page->isHidden());
+}
+
+TEST_F(PanesTest, WithoutRoomTheUserGoesToTheGoalsAndBack) {
+  ASSERT_EQ(shownAt(45), "p");
+  EXPECT_TRUE(panes.hideGoals());
+  panes.goToGoals();
+  EXPECT_EQ(shownAt(45), "g");
+  EXPECT_FALSE(panes.hideGoals());
+  EXPECT_TRUE(panes.leaveGoals());
+  EXPECT_EQ(shownAt(45), "p");
+  EXPECT_FALSE(panes.leaveGoals());
+  panes.goToGoals();
+  EXPECT_EQ(shownAt(70), "gp");
+  EXPECT_FALSE(panes.leaveGoals()) << "both have room";
+  panes.goToGoals();
+  ASSERT_EQ(shownAt(45), "g");
+  details->show();
+  EXPECT_EQ(shownAt(45), "d");
+  details->hide();
+  EXPECT_EQ(shownAt(45), "p");
+}
+
+TEST_F(PanesTest, GoalsThatAreNotWantedStayHidden) {
+  panes.setGoalsWanted(false);
+  EXPECT_EQ(shownAt(90), "p");
+  EXPECT_FALSE(panes.hideGoals());
+  panes.goToGoals();
+  EXPECT_EQ(shownAt(45), "p");
+}
+
+class NarrowWindowTest : public OpenDesk {
+ protected:
+  NarrowWindowTest() {
+    GoalStore::open(file).import({goal("a", "First"), goal("b", "Second")});
+    open("a");
+    window->resize(360, 700);
+    QApplication::setActiveWindow(window.get());
+  }
+};
+
+TEST_F(NarrowWindowTest, OneGoesIntoAGoalAndBackToTheGoals) {
+  auto* show = wait<QToolButton>("desk.goals.show");
+  ASSERT_NE(show, nullptr);
+  EXPECT_EQ(window->width(), 360);
+  EXPECT_EQ(find<QWidget>("desk.goals"), nullptr);
+  show->click();
+  ASSERT_NE(find<QWidget>("desk.goals"), nullptr);
+  EXPECT_FALSE(window->screen().isVisible());
+  ASSERT_NE(window->focusWidget(), nullptr);
+  EXPECT_EQ(window->focusWidget()->objectName(), "desk.goal.a");
+  EXPECT_EQ(find<QToolButton>("desk.goals.show"), nullptr);
+  QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+  QApplication::sendEvent(window->focusWidget(), &down);
+  EXPECT_NE(find<QWidget>("desk.goals"), nullptr) << "the arrow keys move on in the list";
+  press("desk.goal.b");
+  EXPECT_EQ(find<QWidget>("desk.goals"), nullptr);
+  EXPECT_TRUE(becomes([&] { return window->screen().isVisible(); }));
+  EXPECT_EQ(window->focusWidget(), &window->screen());
+}
+
+TEST_F(NarrowWindowTest, TheDetailsFillTheWindowAndGiveTheFocusBack) {
+  pressTitled("Ada");
+  auto* close = wait<QToolButton>("desk.side.close");
+  ASSERT_NE(close, nullptr);
+  EXPECT_FALSE(window->screen().isVisible());
+  EXPECT_LE(find<QWidget>("desk.side")->width(), 360);
+  close->setFocus();
+  close->click();
+  EXPECT_TRUE(window->screen().isVisible());
+  EXPECT_TRUE(window->screen().isAncestorOf(window->focusWidget()) ||
+              window->focusWidget() == &window->screen());
+}
+
+TEST(GoalPageTest, ItsLinesAreNoLongerThanAReaderLikes) {
+  GoalPage page;
+  page.resize(2000, 500);
+  page.setRoot(ui::Text(ui::verbatim(std::string(4000, 'w'))));
+  page.show();
+  QApplication::processEvents();
+  EXPECT_LE(page.viewport()->width(), longestLine(page) + 60);
+  EXPECT_GE(page.viewport()->width(), longestLine(page));
+  EXPECT_EQ(page.viewport()->x(), 0);
+  page.setLayoutDirection(Qt::RightToLeft);
+  QApplication::processEvents();
+  EXPECT_GT(page.viewport()->x(), 1000);
+  page.setLayoutDirection(Qt::LeftToRight);
+  page.resize(400, 500);
+  QApplication::processEvents();
+  EXPECT_GT(page.viewport()->width(), 370);
+}
+
+}  // namespace
+}  // namespace vemra::desk
