@@ -1,6 +1,6 @@
 #include "apps/desk/window/FocusRing.hpp"
 
-#include "VemraQt/Theme.hpp"
+#include "apps/desk/window/Ink.hpp"
 #include "apps/desk/window/KeyInView.hpp"
 #include "apps/desk/window/PlainText.hpp"
 

@@ -137,9 +137,12 @@ bool GoalList::handleKey(std::size_t index, int key) {
     case Qt::Key_End:
       next = goals_.size() - 1;
       break;
-    case Qt::Key_Space:
-    case Qt::Key_Return:
+    case Qt::Key_Return:  // Qt presses a button with these two on some desktops only
     case Qt::Key_Enter:
+      scrollTo(index);
+      choose(index);
+      return true;
+    case Qt::Key_Space:
     case Qt::Key_Select:
       scrollTo(index);
       return false;

@@ -10,16 +10,6 @@
 
 namespace vemra::desk {
 
-qt::Theme themeOf(const QPalette& palette) {
-  ui::Environment environment;
-  environment.colorScheme = qt::colorSchemeOf(palette);
-  return {{}, palette, environment};
-}
-
-QColor inkOf(ui::ForegroundStyle style, const QPalette& palette) {
-  return themeOf(palette).text(style);
-}
-
 int longestLine(const QWidget& widget) {
   constexpr int wideCharacters = 66;  // the average counts all letters alike, and texts do not
   return wideCharacters * widget.fontMetrics().averageCharWidth();

@@ -1,14 +1,11 @@
 #pragma once
 
-#include "VemraPlatform/ui/Font.hpp"
-#include "VemraQt/Theme.hpp"
+#include "apps/desk/window/Ink.hpp"
 #include "apps/desk/window/RoleLabel.hpp"
 
 #include <string>
 #include <string_view>
 
-#include <QColor>
-#include <QPalette>
 #include <QString>
 
 /// \file
@@ -19,13 +16,6 @@ namespace vemra::desk {
 inline QString fromUTF8(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
-
-/// The fonts and colours of the screen under a palette, so that both look like one window.
-qt::Theme themeOf(const QPalette& palette);
-
-/// The colour of a text level, equal to that of the screen under the same palette, so that both
-/// look like one window.
-QColor inkOf(ui::ForegroundStyle style, const QPalette& palette);
 
 /// The width of the longest line of text that is easy to read, about 75 characters.
 int longestLine(const QWidget& widget);

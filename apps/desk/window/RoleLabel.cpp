@@ -1,6 +1,6 @@
 #include "apps/desk/window/RoleLabel.hpp"
 
-#include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/Ink.hpp"
 
 #include <QApplication>
 #include <QEvent>
