@@ -1,6 +1,7 @@
 #include "apps/desk/window/Pieces.hpp"
 
 #include "apps/desk/window/KeyInView.hpp"
+#include "apps/desk/window/LeadingEdge.hpp"
 #include "apps/desk/window/LinkLabel.hpp"
 #include "apps/desk/window/Localized.hpp"
 
@@ -130,6 +131,7 @@ void addText(QVBoxLayout& column, const QString& text, TextRole role) {
 void addLink(QVBoxLayout& column, const QString& text, TextRole role,
              std::function<void()> pressed) {
   auto* link = new LinkLabel(firstPiece(text), role);
+  alignAtLeadingEdge(*link);
   link->setContentsMargins(besideTexts, 0, besideTexts, 0);
   QObject::connect(link, &LinkLabel::pressed, link, std::move(pressed));
   column.addWidget(link);
