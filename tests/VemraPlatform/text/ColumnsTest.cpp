@@ -66,6 +66,11 @@ TEST(Columns, AWordThatIsWiderThanALineIsBroken) {
   EXPECT_THAT(linesOf("\u7530\u4E2D", 1), ElementsAre("\u7530", "\u4E2D")) << "wider than a line";
 }
 
+TEST(Columns, AWideCharacterThatDoesNotFitBehindASingleColumnGoesOnTheNextLine) {
+  EXPECT_THAT(linesOf("a\u2060\u4E2D", 2), ElementsAre("a\u2060", "\u4E2D"))
+      << "a word joiner forbids the break, but the line has two columns only";
+}
+
 TEST(Columns, NoLineIsWiderThanItMayBe) {
   const std::string text =
       "One, two\u2014three \u7530\u4E2D\u82B1\u5B50 e\u0301e\u0301e\u0301e\u0301e\u0301 "
