@@ -33,7 +33,7 @@ VEMRA_EXPORT std::optional<std::size_t> rowAtTop(const ViewWidget& widget, ui::N
 
 /// The place in a page where a reader is: what is in view, and the control with the focus.
 struct ReadingPlace {
-  /// A row at the viewport's top.
+  /// A row of a list.
   struct Row {
     ui::NodeID list;        ///< the `ForEach` of the row
     std::size_t index = 0;  ///< its index among all rows of the list
@@ -43,14 +43,14 @@ struct ReadingPlace {
   int offset = 0;                ///< from the top of that row to the top of the viewport
   std::optional<Row> focusRow;   ///< the row with the focus
   std::size_t controlInRow = 0;  ///< counts the texts and controls of that row
-  ui::NodeID focus;              ///< the control with the focus outside lists
+  ui::NodeID focus;              ///< the control with the focus, in a list or outside
 };
 
 /// The place that the reader sees, for `returnTo`. Main thread only.
 VEMRA_EXPORT ReadingPlace readingPlace(const ViewWidget& widget);
 /// Gives the focus back to the control that had it at a place, and scrolls only as far as needed to
 /// show it. If the control is gone and was in a row, the focus goes into that row. Returns whether a
-/// control had the focus there, and there still is one.
+/// control has the focus afterwards.
 VEMRA_EXPORT bool returnFocusTo(ViewWidget& widget, const ReadingPlace& place);
 /// Scrolls back to a place, and gives the focus back to the control that had it there.
 VEMRA_EXPORT void returnTo(ViewWidget& widget, const ReadingPlace& place);

@@ -9,6 +9,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <type_traits>
 #include <unordered_map>
 #include <utility>
@@ -49,7 +50,9 @@ concept StoresElements = requires(const Elements& elements) {
 /// Whether a list takes the range over without copying an element: a copy shares or refers to the
 /// elements, or the range is moved.
 template <class Elements>
-concept CopiesNoElement = std::is_nothrow_constructible_v<std::remove_cvref_t<Elements>, Elements>;
+concept CopiesNoElement = (!std::is_lvalue_reference_v<Elements> && !std::is_const_v<Elements>) ||
+                          (std::is_nothrow_copy_constructible_v<std::remove_cvref_t<Elements>> &&
+                           !requires { std::tuple_size<std::remove_cvref_t<Elements>>::value; });
 
 /// The rows of a range.
 template <class Elements, class ID, class Row>

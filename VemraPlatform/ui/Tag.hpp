@@ -58,13 +58,14 @@ class Tag {
   // By reference, so that the name is made before the value is moved.
   template <class Value>
   Tag(Value&& value, Name name)
-      : name_(std::move(name.text)), value_(std::move(value)), isSame_(&isSame<Value>) {}
+      : name_(std::move(name.text)), value_(std::forward<Value>(value)), isSame_(&isSame<Value>) {}
 
   /// Both tags hold a `Value`.
   template <class Value>
   static bool isSame(const Tag& a, const Tag& b) {
     if constexpr (std::equality_comparable<Value>) {
-      return *a.as<Value>() == *b.as<Value>();
+      const Value *first = a.as<Value>(), *second = b.as<Value>();
+      return first && second ? *first == *second : first == second;
     } else {
       return a.name_ == b.name_;
     }

@@ -1,6 +1,8 @@
 #include "VemraQt/accessibility/AccessibleElement.hpp"
 
 #include "VemraPlatform/text/Trim.hpp"
+#include "VemraQt/accessibility/AccessibleRow.hpp"
+#include "VemraQt/accessibility/AccessibleSection.hpp"
 #include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
@@ -104,8 +106,8 @@ QString AccessibleElement::textOf(QAccessible::Text kind) const {
   return toQString(element->element.shownLabel());
 }
 
-/// A button beside texts acts on what they say, and buttons of several rows have one title. So the
-/// texts beside it describe it, and the name of its row or section.
+/// The texts beside a button say what it acts on, and the buttons of several rows have one title. So
+/// those texts describe it, and the name of its row or section.
 QString AccessibleElement::description() const {
   const ui::Node* element = node();
   if (!element || element->element.kind() != ui::ElementKind::button) return {};
@@ -115,8 +117,9 @@ QString AccessibleElement::description() const {
   QStringList texts;
   collectTexts(*beside, texts);
   if (texts.isEmpty()) return {};
-  const QAccessibleInterface* holder = parent();
-  const QString whose = holder != tree().pageObject() ? holder->text(QAccessible::Name) : QString();
+  QString whose;
+  if (auto* row = dynamic_cast<AccessibleRow*>(parent())) whose = row->shownName();
+  if (auto* section = dynamic_cast<AccessibleSection*>(parent())) whose = section->shownName();
   QStringList parts{texts.join(QLatin1Char(' '))};
   if (!whose.isEmpty()) parts << whose;
   return parts.join(QStringLiteral(", "));

@@ -24,6 +24,8 @@ class AccessibleRow final : public AccessibleObject {
   QAccessibleInterface* child(int index) const override;
   int indexOfChild(const QAccessibleInterface* object) const override;
   QString textOf(QAccessible::Text kind) const override;
+  /// The name now, without noting it as reported to clients.
+  QString shownName() const;
   /// Whether the row's name differs from the one last reported to clients. Stores the new name,
   /// because the caller announces it next. False when no client has asked for the name.
   bool updateReportedName();
@@ -46,8 +48,6 @@ class AccessibleRow final : public AccessibleObject {
   std::uint64_t knownAt = 0;  ///< the graph's count of described bodies and rows at that time
 
  private:
-  QString shownName() const;
-
   mutable std::optional<std::size_t> reportedName_;  ///< hash of the name last reported
 };
 

@@ -21,6 +21,8 @@ class AccessibleSection final : public AccessibleObject {
   }
   QAccessible::Role role() const override { return QAccessible::Grouping; }
   QString textOf(QAccessible::Text kind) const override;
+  /// The name now, without noting it as reported to clients.
+  QString shownName() const;
   QRect rect() const override;
   QAccessible::State state() const override;
   QString identifier() const override;
@@ -30,8 +32,6 @@ class AccessibleSection final : public AccessibleObject {
   bool updateReportedName();
 
  private:
-  QString shownName() const;
-
   std::uint64_t path_;
   mutable std::optional<std::size_t> reportedName_;  ///< hash of the name last reported
 };

@@ -42,8 +42,8 @@ bool isSection(const ui::Node& node);
 int headingLevel(const ui::Element& element);
 
 /// The elements under a node, in tree order; none when the node is gone. Outside rows a list is one
-/// entry, and a section is an entry before its content. Inside a row, the rows of a list count as ordinary content, and the graph is asked for
-/// missing ones.
+/// entry, and a section is an entry before its content. Inside a row, the rows of a list count as
+/// ordinary content, and the graph is asked for missing ones.
 std::vector<ElementSlot> elementsUnder(ui::NodeID node, Page& page);
 
 /// The outermost row around a node, because all elements of a row are on one level; nullptr outside

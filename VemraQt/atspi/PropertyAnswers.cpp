@@ -72,7 +72,8 @@ bool answerAllProperties(const QDBusMessage& message, const QDBusConnection& con
   if (object && object->isValid()) {
     properties = propertiesOf(*object, interface, connection, element, identifier);
   }
-  return connection.send(message.createReply(QVariant::fromValue(properties)));
+  connection.send(message.createReply(QVariant::fromValue(properties)));
+  return true;  // also when it cannot be sent: Qt's own answer would end the program
 }
 
 }  // namespace vemra::qt::atspi

@@ -220,7 +220,8 @@ void LineField::changeEvent(QEvent* event) {
 
 void LineField::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-    if (scrollIn()) deliver(ui::Submit{});
+    // Held down, the key would submit again and again.
+    if (!event->isAutoRepeat() && scrollIn()) deliver(ui::Submit{});
     return;
   }
   if (actsOn(*event) && !scrollIn()) return;

@@ -124,6 +124,7 @@ void measure(bench::FrameClock& clock, const Content& content) {
   }
   std::cout << "opened.first\t" << opened << "\nsaved.first\t" << saves.front() << '\n';
   saves.erase(saves.begin());
+  ratios.erase(ratios.begin());
   print("saved", saves);
   // Each save beside the transaction right before it: the speed of a shared disk changes by the second.
   print("saved per transaction", ratios);

@@ -78,6 +78,16 @@ TEST_F(LineFieldTest, ReturnIsSubmittedAndChangesNothing) {
   EXPECT_EQ(edit().text(), "note");
 }
 
+TEST_F(LineFieldTest, ReturnThatIsHeldDownIsSubmittedOnce) {
+  int submitted = 0;
+  widget.setRoot(field("field", [&] { ++submitted; }));
+  QKeyEvent first(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r");
+  QKeyEvent again(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+  QApplication::sendEvent(&edit(), &first);
+  QApplication::sendEvent(&edit(), &again);
+  EXPECT_EQ(submitted, 1);
+}
+
 TEST_F(LineFieldTest, ReturnRunsTheSubmitActionWithTheTypedText) {
   std::vector<std::string> submitted;
   widget.setRoot(field("field", [&] { submitted.push_back(text); }));

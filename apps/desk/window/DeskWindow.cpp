@@ -86,7 +86,12 @@ void DeskWindow::connectPanes() {
   connect(side_, &SidePane::personWanted, this,
           [this](const std::string& ref) { controller_->openPerson(ref); });
   connect(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, this, [this] {
-    if (!find_->close()) closeSide();
+    if (find_->close()) return;
+    if (panes_->leaveGoals()) {
+      focusPage();
+    } else {
+      closeSide();
+    }
   });
   connect(storePage_, &StorePage::anotherWanted, this, &DeskWindow::chooseStore);
   connect(storePage_, &StorePage::tryAgainWanted, this, [this] { open(file_); });
@@ -157,7 +162,7 @@ void DeskWindow::open(const std::string& file) {
 void DeskWindow::goToGoals() {
   closeSide();
   panes_->goToGoals();
-  if (goals_->openIndex()) goals_->focusRow(*goals_->openIndex());
+  goals_->focusRow(goals_->openIndex().value_or(0));
 }
 
 void DeskWindow::noteOpener() {
@@ -175,11 +180,16 @@ void DeskWindow::goToGoal(const std::string& goalID) {
   if (goal == goals.end()) return;  // removed since; the details will follow
   const auto index = static_cast<std::size_t>(goal - goals.begin());
   if (index == goals_->openIndex()) {
+    if (centre_->isHidden()) closeSide();  // the details fill the window
     focusPage();
     return;
   }
   goals_->choose(index);
-  goals_->focusRow(index);
+  if (goals_->isVisible()) {
+    goals_->focusRow(index);
+  } else {
+    focusPage();
+  }
 }
 
 void DeskWindow::closeSide() {

@@ -29,11 +29,11 @@ bool GoalPage::event(QEvent* event) {
 }
 
 void GoalPage::limitLines() {
-  const QScrollBar& bar = *verticalScrollBar();
-  const int room = width() - (bar.isVisible() ? bar.width() : 0);
+  const QScrollBar& scrollBar = *verticalScrollBar();
+  const int room = width() - (scrollBar.isVisible() ? scrollBar.width() : 0);
   const int beyond = std::max(0, room - besideLines - longestLine(*this));
-  const QMargins margins = isRightToLeft() ? QMargins(beyond, 0, 0, 0) : QMargins(0, 0, beyond, 0);
-  if (viewportMargins() != margins) setViewportMargins(margins);
+  const QMargins aside = isRightToLeft() ? QMargins(beyond, 0, 0, 0) : QMargins(0, 0, beyond, 0);
+  if (viewportMargins() != aside) setViewportMargins(aside);
 }
 
 }  // namespace vemra::desk

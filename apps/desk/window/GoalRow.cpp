@@ -171,10 +171,11 @@ void GoalRow::paintEvent(QPaintEvent*) {
   painter.setPen(ink);
   QRect line(margin, margin - 2, width() - 2 * margin, fontMetrics().lineSpacing());
   // The title begins at the leading edge and has its own direction.
-  const int flags = (layoutDirection() == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft) |
-                    Qt::AlignAbsolute |
-                    (shown_.isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight) |
-                    Qt::AlignVCenter | Qt::TextSingleLine;
+  const Qt::Alignment edge = isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft;
+  const Qt::TextFlag direction =
+      shown_.isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
+  const int flags =
+      int(edge | Qt::AlignAbsolute | Qt::AlignVCenter) | int(direction) | int(Qt::TextSingleLine);
   for (const QString& text : linesOf(shown_, font(), widthOfText(width())).texts) {
     painter.drawText(line, flags, text);
     line.translate(0, line.height());

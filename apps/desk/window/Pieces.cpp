@@ -94,19 +94,20 @@ void Pieces::showUpTo(int count) {
 }
 
 void Pieces::showNext() {
-  const QList<QPushButton*> before = findChildren<QPushButton*>();
+  const QList<QWidget*> before = findChildren<QWidget*>();
   hasMore_ = addNext_(*pieces_);
   ++shown_;
-  // Put the buttons of the new piece before "Show more" in the Tab order, as in the reading order.
-  for (QPushButton* button : findChildren<QPushButton*>()) {
-    if (before.contains(button)) continue;
+  // Put the links and buttons of the new piece before "Show more" in the Tab order, as in the reading
+  // order.
+  for (QWidget* control : findChildren<QWidget*>()) {
+    if (before.contains(control) || !(control->focusPolicy() & Qt::TabFocus)) continue;
     QWidget* last = more_->previousInFocusChain();
     while (last != window() && !(last->focusPolicy() & Qt::TabFocus)) {
       last = last->previousInFocusChain();
     }
     // The focus chain begins at the window: `last` is the window when no other widget precedes this
-    // button.
-    last == window() ? setTabOrder(button, more_) : setTabOrder(last, button);
+    // control.
+    last == window() ? setTabOrder(control, more_) : setTabOrder(last, control);
   }
   if (!hasMore_) more_->hide();  // the focus moves to the next control
 }

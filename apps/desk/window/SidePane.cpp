@@ -52,7 +52,7 @@ QString day(const std::optional<std::string>& time, const ui::Environment& envir
 /// The name of a source: the kind of its first statement, such as "Email".
 QString sourceName(const EvidenceKnowledge& evidence) {
   for (const EvidenceKnowledge::Statement& statement : evidence.statements) {
-    const QString label = fromUTF8(statement.label).simplified();
+    QString label = fromUTF8(statement.label).simplified();
     if (!label.isEmpty()) return label;
   }
   return localized("Unnamed source");

@@ -54,7 +54,11 @@ WaitingOutcomes::WaitingOutcomes(std::shared_ptr<StoreEngine> engine,
 }
 
 WaitingOutcomes::~WaitingOutcomes() {
-  syncJournal();
+  try {
+    syncJournal();
+  } catch (const std::exception&) {
+    // There is no memory for the reason of a failure, which no window shows any more.
+  }
 }
 
 void WaitingOutcomes::start() {
@@ -160,7 +164,7 @@ void WaitingOutcomes::holdBack(const Entry& failed, std::uint64_t pass, const Tr
 }
 
 void WaitingOutcomes::finish(Entries::iterator entry) {
-  if (journal_ && entry->isKept) {
+  if (journal_ && (entry->isKept || entry->mayBeWritten)) {
     try {
       journal_->settle(entry->outcome.id);
     } catch (const StoreBusy&) {
@@ -174,7 +178,7 @@ void WaitingOutcomes::finish(Entries::iterator entry) {
 
 void WaitingOutcomes::giveUp(Entries::iterator entry) {
   entry->isDiscarded = false;
-  if (journal_ && entry->isKept) {
+  if (journal_ && (entry->isKept || entry->mayBeWritten)) {
     try {
       journal_->settle(entry->outcome.id, JournalFile::Sync::now);
     } catch (const std::exception& error) {

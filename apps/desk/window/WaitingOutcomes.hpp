@@ -108,6 +108,7 @@ class WaitingOutcomes : public QObject {
     Clock::time_point since;
     bool isKept = false;            ///< it is in the journal
     bool isSynced = false;          ///< and on the disk there
+    bool mayBeWritten = false;      ///< the journal may hold it, also after a failed sync
     QString reason = {};            ///< why the last try failed
     QString unkept = {};            ///< why it is not in the journal
     std::uint64_t pass = 0;         ///< the pass in which it is still to be tried; 0: none

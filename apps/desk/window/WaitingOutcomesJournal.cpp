@@ -85,6 +85,7 @@ void WaitingOutcomes::adopt(std::vector<WaitingOutcome> outcomes) {
 void WaitingOutcomes::keepInJournal(Entry& entry) {
   const bool isFirstTry = entry.unkept.isEmpty();
   try {
+    entry.mayBeWritten = true;
     journal_->add(entry.outcome, isFirstTry ? JournalFile::Sync::later : JournalFile::Sync::now);
     entry.isKept = true;
     entry.isSynced = !isFirstTry;
@@ -102,6 +103,10 @@ void WaitingOutcomes::syncJournal() {
   QString failure;
   try {
     journal_->sync();
+  } catch (const StoreBusy&) {
+    // A journal that another program has locked keeps its content.
+    unsynced_.start(withoutSync);
+    return;
   } catch (const std::exception& error) {
     failure = reasonOf(error);
   }

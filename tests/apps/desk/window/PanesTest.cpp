@@ -1,6 +1,7 @@
 // Which panes a window has room for, and the way between them in a narrow one.
 
 #include "apps/desk/window/GoalPage.hpp"
+#include "apps/desk/window/LinkLabel.hpp"
 #include "apps/desk/window/Panes.hpp"
 #include "apps/desk/window/PlainText.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
@@ -8,6 +9,7 @@
 #include <string>
 
 #include <QScrollBar>
+#include <QShortcut>
 #include <QToolButton>
 
 namespace vemra::desk {
@@ -134,7 +136,40 @@ TEST_F(NarrowWindowTest, TheDetailsFillTheWindowAndGiveTheFocusBack) {
               window->focusWidget() == &window->screen());
 }
 
-TEST(GoalPageTest, ItsLinesAreNoLongerThanAReaderLikes) {
+TEST_F(NarrowWindowTest, ALinkToAGoalLeavesTheDetailsThatFillTheWindow) {
+  pressTitled("Ada");
+  ASSERT_NE(wait<QToolButton>("desk.side.close"), nullptr);
+  const auto press = [&](const QString& title) {
+    for (auto* link : find<QWidget>("desk.side")->findChildren<LinkLabel*>()) {
+      if (link->text() != title) continue;
+      QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+      QApplication::sendEvent(link, &enter);
+      return;
+    }
+    FAIL() << "there is no link " << title.toStdString();
+  };
+  press("First");
+  EXPECT_TRUE(becomes([&] { return window->screen().isVisible(); })) << "the open goal";
+  pressTitled("Ada");
+  ASSERT_NE(wait<QToolButton>("desk.side.close"), nullptr);
+  press("Second");
+  EXPECT_TRUE(becomes([&] { return window->screen().isVisible(); }));
+  ASSERT_NE(window->focusWidget(), nullptr);
+  EXPECT_TRUE(window->focusWidget()->isVisible()) << "no hidden row of the goals";
+}
+
+TEST_F(NarrowWindowTest, EscapeGoesBackFromTheGoalsToThePage) {
+  auto* show = wait<QToolButton>("desk.goals.show");
+  ASSERT_NE(show, nullptr);
+  show->click();
+  ASSERT_FALSE(window->screen().isVisible());
+  for (auto* shortcut : window->findChildren<QShortcut*>()) {
+    if (shortcut->key() == QKeySequence(QKeySequence::Cancel)) Q_EMIT shortcut->activated();
+  }
+  EXPECT_TRUE(window->screen().isVisible());
+}
+
+TEST(GoalPageTest, ItsLinesHaveAboutSeventyFiveCharacters) {
   GoalPage page;
   page.resize(2000, 500);
   page.setRoot(ui::Text(ui::verbatim(std::string(4000, 'w'))));

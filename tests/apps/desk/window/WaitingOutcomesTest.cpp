@@ -301,6 +301,20 @@ TEST_F(WaitingOutcomesTest, ADiscardedOutcomeStaysDiscardedInTheNextProgram) {
   EXPECT_FALSE(fs::exists(journal.file()));
 }
 
+TEST_F(WaitingOutcomesTest, ADiscardedOutcomeThatCouldNotBeSyncedLeavesTheJournalToo) {
+  start();
+  FileCalls::fail(FileCalls::Call::fsync, EIO);
+  add("a", "gone");
+  ASSERT_TRUE(becomes([&] {
+    return !waiting->isEmpty() && !waiting->notes().empty() &&
+           !waiting->notes()[0].unkept.isEmpty();
+  }));
+  FileCalls::succeed();
+  waiting->discard({"a"});
+  EXPECT_TRUE(waiting->isEmpty());
+  EXPECT_TRUE(journal.read().empty());
+}
+
 TEST_F(WaitingOutcomesTest, OnlyTheNamedOutcomesAreDiscarded) {
   start();
   add("a", "gone");
