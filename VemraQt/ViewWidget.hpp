@@ -72,8 +72,9 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   ///     connect(&widget, &vemra::qt::ViewWidget::pressed, this,
   ///             [](const std::string& identifier) { qInfo() << identifier.c_str(); });
   ///
-  /// They find an element wherever the page is scrolled, also in a row without widgets; of several
-  /// elements with the identifier, the first. A widget that is hidden scrolls and focuses when it is
+  /// They find an element wherever the page is scrolled, also in a row without widgets. Identifiers
+  /// should be unique: of several elements with the identifier, one outside lists, or in a row whose
+  /// id the identifier contains, comes before those in other rows. A widget that is hidden scrolls and focuses when it is
   /// shown, for the last of these calls. While an event is being handled (inside an action of the
   /// tree or a slot of `pressed`), elements of rows without widgets are not found: connect the slot
   /// with `Qt::QueuedConnection` to reach them. Like every call of the host, they rethrow what a

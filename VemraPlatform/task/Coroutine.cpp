@@ -40,9 +40,8 @@ bool Call::noteEnd(const PromiseBase& task) noexcept {
 
 void stopForTaskWithoutWork() noexcept {
   stop(
-      "A task was awaited that was moved from or has been awaited before. Await each task once; "
-      "for "
-      "the work to be done again, call its function again.");
+      "A task was awaited that was moved from or was awaited before. Await each task once; to do "
+      "the work again, call its function again.");
 }
 
 void stopForTaskUnderWay() noexcept {

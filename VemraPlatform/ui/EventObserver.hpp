@@ -31,7 +31,7 @@ using EventObserver = std::function<void(const Node& element, const Event& event
 /// May outlive its graph, and may be destroyed by an observer. Main thread only.
 class [[nodiscard]] EventObservation {
  public:
-  /// Of no graph.
+  /// An object that observes no graph.
   EventObservation() = default;
   EventObservation(EventObservation&&) noexcept = default;
   EventObservation& operator=(EventObservation&&) noexcept = default;

@@ -21,7 +21,7 @@ std::optional<FoundElement> RowSearch::firstIn(Rows rows, const std::string& ide
   for (const ElementSlot& slot : elementsUnder(root->id, page_)) {
     const bool isSection =
         slot.kind == ui::ElementKind::vStack || slot.kind == ui::ElementKind::hStack;
-    if (isSection) continue;  // a host visits elements alone
+    if (isSection) continue;  // a host asks for elements only
     if (slot.kind != ui::ElementKind::forEach) {
       if (has(slot.node, identifier)) return FoundElement{{}, slot.node};
       continue;

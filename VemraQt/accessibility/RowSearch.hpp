@@ -36,8 +36,9 @@ class RowSearch {
   /// The rows of a list that may hold the identifier, ascending; none when the list is gone.
   std::vector<std::size_t> rows(ui::NodeID list, const std::string& identifier, Rows rows);
 
-  /// The first element of the page with the identifier, in tree order; nil when there is none. While
-  /// an event is being handled, only rows with nodes are searched.
+  /// The first element of the page with the identifier, in tree order; nil when there is none. Of
+  /// several, one outside lists, or in a row whose id the identifier contains, comes before those in
+  /// other rows. While an event is being handled, only rows with nodes are searched.
   std::optional<FoundElement> first(const std::string& identifier);
 
   /// Drops the notes of lists whose rows have changed.

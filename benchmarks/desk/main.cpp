@@ -1,13 +1,13 @@
 // vemra-bench-desk PEOPLE [OUTCOMES [CORRECTIONS [GOALS]]]: from "Save" in the window of vemra-desk until
 // the recorded outcome is shown.
 //
-// The store is a new file in the folder for temporary files, with one goal of so many people. Besides the
-// sample's own, it has so many outcomes about people who are not in the list, and so many corrections of
-// the outcome of one person who is; and other goals without people, so many goals in all. A person
+// The store is a new file in the folder for temporary files, with one goal of PEOPLE people. Besides the
+// sample's own outcomes, it has OUTCOMES about people who are not in the list, and CORRECTIONS of the
+// outcome of one person who is; and other goals without people, GOALS in all. A person
 // in view gets an outcome, eight times, each time another person: the press of "Save" starts the clock,
 // and the end of the frame in which the outcome stands in the row stops it. By then the outcome is
-// stored durably, the goal has been loaded from the store again, and the window shows it. Between two
-// saves SQLite alone writes one row durably into a file beside the store.
+// stored durably, the goal has been loaded from the store again, and the window shows it. Before each
+// save SQLite alone writes one row durably into a file beside the store.
 
 #include "VemraPlatform/task/Start.hpp"
 #include "apps/desk/store/GoalStore.hpp"

@@ -4,7 +4,7 @@
 
 namespace vemra::desk {
 
-/// A screen whose lines are no longer than a reader likes, however wide the window is. The scroll
+/// A screen whose lines have at most about 75 characters, however wide the window is. The scroll
 /// bar stays at the edge of the window.
 class GoalPage : public qt::ViewWidget {
   Q_OBJECT

@@ -17,7 +17,7 @@ enum class MessageForm { bar, page };
 /// the message when it appears and when it changes.
 ///
 /// A bar is hidden until it has a message; where it is too narrow, its buttons stand below the text.
-/// A page shows its text in lines that are no longer than a reader likes.
+/// A page shows its text in lines of at most about 75 characters.
 class MessageFrame : public AlertFrame {
   Q_OBJECT
 

@@ -66,7 +66,7 @@ void RoleLabel::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange) takeLook();
 }
 
-/// Of a new font, Qt does not notify a label that has a size of its own.
+/// Qt does not notify a label that has its own font size when the inherited font changes.
 void RoleLabel::watchParent() {
   if (parent_) parent_->removeEventFilter(this);
   parent_ = parentWidget();
