@@ -1,5 +1,7 @@
 #include "VemraQt/accessibility/AccessiblePage.hpp"
 
+#include "VemraQt/accessibility/AccessibleObject.hpp"
+#include "VemraQt/atspi/LaterQt.hpp"
 #include "VemraQt/page/Page.hpp"
 
 #include <unordered_map>
