@@ -53,7 +53,7 @@ class SharedArray {
 
   /// The number of elements.
   std::size_t size() const { return storage_ ? size_ : 0; }
-  /// Whether there are no elements.
+  /// Whether the array is empty.
   bool empty() const { return storage_ == nullptr; }
   /// The first of the elements, which are contiguous; nullptr when there are none.
   const Element* data() const { return storage_ ? storage_->first : nullptr; }

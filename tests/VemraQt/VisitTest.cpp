@@ -83,7 +83,7 @@ TEST(Reveal, AMissingElementIsRefusedAndNothingMoves) {
   WindowHost host(resultWith(300));
   host.widget.verticalScrollBar()->setValue(5000);
   const int before = host.widget.verticalScrollBar()->value();
-  for (const char* missing : {"vemra.goal.person.p300.outcome.start", "nobody", ""}) {
+  for (const char* missing : {"vemra.goal.person.p300.outcome.start", "no.such.element", ""}) {
     EXPECT_FALSE(host.widget.reveal(missing)) << missing;
     EXPECT_FALSE(host.widget.focus(missing)) << missing;
   }
@@ -130,7 +130,7 @@ TEST(Focus, AHiddenWidgetDoesTheLastVisitWhenItIsShown) {
   EXPECT_FALSE(widget.focus("off"));
   EXPECT_TRUE(widget.reveal("text"));
   EXPECT_TRUE(widget.focus("on"));
-  EXPECT_FALSE(widget.reveal("nobody")) << "and so nothing waits";
+  EXPECT_FALSE(widget.reveal("no.such.element")) << "and so nothing waits";
   widget.show();
   EXPECT_EQ(widget.verticalScrollBar()->value(), 0);
   widget.hide();

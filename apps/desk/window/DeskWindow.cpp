@@ -159,43 +159,6 @@ void DeskWindow::open(const std::string& file) {
   use(std::move(opening), isSameFile && controller_ ? controller_->openGoalID() : std::nullopt);
 }
 
-void DeskWindow::goToGoals() {
-  closeSide();
-  panes_->goToGoals();
-  goals_->focusRow(goals_->openIndex().value_or(0));
-}
-
-void DeskWindow::noteOpener() {
-  opener_ = {&screen(), qt::readingPlace(screen())};
-}
-
-void DeskWindow::focusPage() {
-  centre_->currentWidget()->setFocus(Qt::OtherFocusReason);
-}
-
-void DeskWindow::goToGoal(const std::string& goalID) {
-  const auto& goals = goals_->goals();
-  const auto goal = std::ranges::find_if(
-      goals, [&](const GoalListing& listed) { return text::equal(listed.id, goalID); });
-  if (goal == goals.end()) return;  // removed since; the details will follow
-  const auto index = static_cast<std::size_t>(goal - goals.begin());
-  if (index == goals_->openIndex()) {
-    if (centre_->isHidden()) closeSide();  // the details fill the window
-    focusPage();
-    return;
-  }
-  goals_->choose(index);
-  if (goals_->isVisible()) {
-    goals_->focusRow(index);
-  } else {
-    focusPage();
-  }
-}
-
-void DeskWindow::closeSide() {
-  if (controller_) controller_->closeDetails();
-}
-
 void DeskWindow::chooseStore() {
   auto* dialog = new QFileDialog(this, localized("Open a store"));
   dialog->setObjectName("desk.chooseStore");
@@ -217,29 +180,6 @@ DeskWindow::~DeskWindow() = default;
 
 qt::ViewWidget& DeskWindow::screen() {
   return screens_->current();
-}
-
-/// A size that is comfortable, and no larger than the screen.
-void DeskWindow::fitToScreen() {
-  constexpr QSize comfortable(1080, 760);
-  constexpr QSize frame(24, 48);  // of the window manager, which is not known yet
-  resize(comfortable.boundedTo(QWidget::screen()->availableSize() - frame));
-}
-
-void DeskWindow::makePanes() {
-  goals_ = new GoalList;
-  centre_ = new Pages;
-  screens_ = std::make_unique<GoalScreens>(*centre_);
-  find_ = std::make_unique<FindPeople>(*screens_);
-  welcome_ = new Welcome;
-  failure_ = new FailurePage;
-  storePage_ = new StorePage;
-  side_ = new SidePane;
-  side_->setEnvironment(screen().environment());
-  centre_->addWidget(welcome_);
-  centre_->addWidget(failure_);
-  centre_->addWidget(storePage_);
-  panes_ = new Panes(goals_, centre_, side_);
 }
 
 void DeskWindow::showGoals(const std::vector<GoalListing>& goals, const std::string& chosen) {
