@@ -45,12 +45,14 @@ View GoalResultView::peopleSection() const {
 
                     If(!snapshot_.people().empty(),
                        [&] {
-                         return ForEach(snapshot_.people(), &GoalPersonCandidateDTO::personRef,
-                                        [view = *this](const GoalPersonCandidateDTO& person) {
-                                          return VStack(HorizontalAlignment::leading, 4,
-                                                        view.personRow(person))
-                                              .padding(Edges::vertical, 4);
-                                        });
+                         return ForEach(
+                             snapshot_.people(), &GoalPersonCandidateDTO::personRef,
+                             [view = *this](const GoalPersonCandidateDTO& person) {
+                               return VStack(HorizontalAlignment::leading, 4,
+                                             view.personRow(person))
+                                   .padding(Edges::vertical, 4);
+                             },
+                             IdentifiersInRows::containRowID);
                        })
                         .otherwise([&] {
                           return Text(verbatim(GoalGapPresentation::text(*snapshot_.peopleGap())))

@@ -59,9 +59,12 @@ template <class Elements, class ID, class Row>
 class RowsOf final : public RowSource {
  public:
   /// Takes over the elements, the function that gives an element's id, and the function that makes
-  /// its row.
-  RowsOf(Elements elements, ID id, Row row)
-      : elements_(std::move(elements)), id_(std::move(id)), row_(std::move(row)) {}
+  /// its row; `identifiers` is what the host promises about the identifiers in the rows.
+  RowsOf(Elements elements, ID id, Row row, IdentifiersInRows identifiers = IdentifiersInRows::any)
+      : elements_(std::move(elements)),
+        id_(std::move(id)),
+        row_(std::move(row)),
+        identifiers_(identifiers) {}
 
   /// The number of elements.
   std::size_t count() const override { return elements_.size(); }
@@ -76,6 +79,9 @@ class RowsOf final : public RowSource {
     }
   }
 
+  /// As given to the constructor.
+  IdentifiersInRows identifiers() const override { return identifiers_; }
+
   /// Calls the function that makes a row.
   View row(std::size_t index) const override;
 
@@ -88,6 +94,7 @@ class RowsOf final : public RowSource {
   Elements elements_;
   ID id_;
   Row row_;
+  IdentifiersInRows identifiers_;
   [[no_unique_address]] mutable Made made_;
 };
 

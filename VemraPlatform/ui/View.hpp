@@ -181,9 +181,18 @@ class VEMRA_EXPORT ScrollView : public View {
 class VEMRA_EXPORT ForEach : public View {
  public:
   /// `id` and `row` are called on the main thread, for the rows that are needed.
+  ///
+  /// With `IdentifiersInRows::containRowID` the host promises that every accessibility identifier in
+  /// a row contains the text of the row's id, byte for byte. A search for an identifier then describes
+  /// only the rows whose id the identifier contains, and one that is missing costs no more than one
+  /// that is there. A row that breaks the promise is shown as ever, but a search for its identifier
+  /// does not find it; so a host that composes identifiers by hand must put in the unchanged id, not
+  /// a shortened, escaped, normalized or differently cased one.
   template <class Elements, class ID, class Row>
-  ForEach(Elements&& elements, ID id, Row row)
-      : ForEach(rowsOf(std::forward<Elements>(elements), std::move(id), std::move(row))) {
+  ForEach(Elements&& elements, ID id, Row row,
+          IdentifiersInRows identifiers = IdentifiersInRows::any)
+      : ForEach(
+            rowsOf(std::forward<Elements>(elements), std::move(id), std::move(row), identifiers)) {
     using Range = std::remove_cvref_t<Elements>;
     static_assert(StoresElements<Range>, "a list needs a range that stores its elements");
     static_assert(CopiesNoElement<Elements>,
@@ -199,11 +208,12 @@ class VEMRA_EXPORT ForEach : public View {
 
  private:
   template <class Elements, class ID, class Row>
-  static std::shared_ptr<const RowSource> rowsOf(Elements&& elements, ID id, Row row) {
+  static std::shared_ptr<const RowSource> rowsOf(Elements&& elements, ID id, Row row,
+                                                 IdentifiersInRows identifiers) {
     using Range = std::remove_cvref_t<Elements>;
     if constexpr (StoresElements<Range> && CopiesNoElement<Elements> && RowIDOf<ID, Range>) {
       return std::make_shared<RowsOf<Range, ID, Row>>(std::forward<Elements>(elements),
-                                                      std::move(id), std::move(row));
+                                                      std::move(id), std::move(row), identifiers);
     } else {
       return nullptr;
     }

@@ -46,10 +46,13 @@ void RowSearch::dropOutdated() {
 
 std::vector<std::size_t> RowSearch::rows(ui::NodeID listID, const std::string& identifier,
                                          Rows rows) {
-  if (rows == Rows::every) noteIdentifiers(listID);
+  const auto source = page_.graph().rowIDs(listID);
+  if (rows == Rows::every) {
+    if (source && source->identifiers() == ui::IdentifiersInRows::containRowID) return {};
+    noteIdentifiers(listID);
+  }
   const ui::Node* node = page_.graph().find(listID);
   if (!node) return {};
-  const auto source = page_.graph().rowIDs(listID);
   const auto mayHold = [&](std::size_t row) {
     bool holds = rows == Rows::every;
     if (!holds) {

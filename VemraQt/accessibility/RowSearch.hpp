@@ -24,7 +24,8 @@ struct FoundElement {
 ///
 /// There are many rows, and describing one is expensive. An identifier inside a row usually
 /// contains the row's id, so a search first describes only the rows whose id the identifier
-/// contains. If that finds nothing, it describes all rows once and notes where each identifier is;
+/// contains. If that finds nothing, it describes the rows of each list that does not promise such
+/// identifiers (`ui::IdentifiersInRows::containRowID`), once, and notes where each identifier is;
 /// later searches cost next to nothing.
 class RowSearch {
  public:

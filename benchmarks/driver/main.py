@@ -109,7 +109,8 @@ def report(results):
             (f"{candidate}: {measure}", candidate, people, measure) for candidate in candidates
             for measure in ("elements", "missing", "exposed", "walk per 1,000 elements",
                             "program per 1,000 elements", "find by walking",
-                            "find by collection, first", "find by collection")])
+                            "find by collection, first", "find by collection",
+                            "miss by collection, first", "miss by collection")])
           for people, candidates in WALKED.items()),
         tables.list_table(results, ["first frames", "median, ms"], [
             ("an empty QScrollArea, cold", "empty-scroll-area", 100, "firstFrame.first"),

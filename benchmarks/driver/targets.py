@@ -114,6 +114,10 @@ def rows(results):
                                  ("find by collection", "after that", None)):
         yield (f"AT-SPI: finding an identifier by collection, {which}", "by walking", most,
                ratio(("vemra", 10_000, measure), ("vemra", 10_000, "find by walking")))
+    for which in (", first", ""):
+        yield (f"AT-SPI: a missing identifier by collection{which}", "one that is there", 10,
+               ratio(("vemra", 10_000, f"miss by collection{which}"),
+                     ("vemra", 10_000, f"find by collection{which}")))
     yield ("effectiveOutcome, ASCII, all miss", "with std::string's ==", 1.0,
            ratio((*model, "effectiveOutcome/miss/ascii"),
                  (*model, "effectiveOutcome/miss/ascii/std::string")))

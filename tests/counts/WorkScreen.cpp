@@ -2,6 +2,7 @@
 
 #include "benchmarks/data/SampleResult.hpp"
 #include "tests/Allocations.hpp"
+#include "tests/VemraQt/Accessibility.hpp"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -65,6 +66,10 @@ QLineEdit& WorkScreen::noteOf(std::size_t person) {
 void WorkScreen::scrollToEnd() {
   QScrollBar& bar = *host_->widget.verticalScrollBar();
   bar.setValue(bar.maximum());
+}
+
+bool WorkScreen::has(const std::string& identifier) {
+  return qttest::accessible(*host_, identifier) != nullptr;
 }
 
 void WorkScreen::wheelDown() {

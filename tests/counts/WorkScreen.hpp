@@ -41,6 +41,8 @@ class WorkScreen {
   void press(const std::string& identifier) { host_->press(identifier); }
   QLineEdit& noteOf(std::size_t person);
   void scrollToEnd();
+  /// Whether a search of assistive technology finds an element with the identifier.
+  bool has(const std::string& identifier);
   void wheelDown();
   /// Records an outcome for a person in the data; `show` then shows it.
   void recordOutcome(std::size_t person);

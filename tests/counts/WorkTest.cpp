@@ -182,3 +182,27 @@ TEST(Work, OfAJumpToTheEnd) {
     return butAllocations(work);
   });
 }
+
+TEST(Work, OfSearchingAnIdentifierThatIsMissing) {
+  expectTheSame([](std::size_t people) {
+    WorkScreen screen(people);
+    screen.has(bench::identifierOf(1, "outcome.start"));  // makes what every search needs
+    const Work work = screen.costOf([&] { EXPECT_FALSE(screen.has("vemra.goal.nobody")); });
+    EXPECT_EQ(work.rowsDescribed, 0U) << "no row's id is in it";
+    EXPECT_EQ(work.bodiesDescribed, 0U);
+    EXPECT_EQ(work.nodesMade, 0U);
+    return work;
+  });
+}
+
+TEST(Work, OfSearchingAnIdentifierOfTheLastPerson) {
+  expectTheSame([](std::size_t people) {
+    WorkScreen screen(people);
+    const std::string last = bench::identifierOf(people - 1, "outcome.start");
+    const Work work = screen.costOf([&] { EXPECT_TRUE(screen.has(last)); });
+    EXPECT_LE(work.rowsDescribed, 5U) << "p9, p99, p999, p9999";
+    Work same;  // the last person of 10,000 has two more prefixes that are people
+    same.widgetsAlive = work.widgetsAlive;
+    return same;
+  });
+}
