@@ -70,7 +70,7 @@ class Statement {
 
   template <class... Values>
   void bindAll(const Values&... values) {
-    int index = 0;
+    [[maybe_unused]] int index = 0;  // there may be no value
     (bind(++index, values), ...);
   }
   void bind(int index, std::string_view text);

@@ -168,7 +168,7 @@ class AccessibleColumn final : public QAccessibleWidget, public qt::atspi::Selec
   }
 
   void* interface_cast(QAccessible::InterfaceType type) override {
-    if (qt::atspi::asksForSelection(type)) return static_cast<SelectionInterface*>(this);
+    if (qt::atspi::asksForSelection(type)) return static_cast<qt::atspi::SelectionInterface*>(this);
     return QAccessibleWidget::interface_cast(type);
   }
   int selectedItemCount() const override { return static_cast<int>(selectedItems().size()); }
