@@ -3,6 +3,7 @@
 #include "VemraPlatform/ui/View.hpp"
 #include "tests/VemraPlatform/ui/Sample.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
+#include "tests/VemraQt/ActiveWindow.hpp"
 
 #include <functional>
 #include <map>
@@ -174,7 +175,7 @@ TEST_F(ChangeMeanwhile, AnElementThatScrollsBackMeanwhileIsAnnouncedLastInItsPre
 TEST_F(ChangeMeanwhile, ARootMayBeSetWhileTheFocusIsAnnounced) {
   const auto button = [](const char* title) { return ui::Button(ui::verbatim(title), [] {}); };
   widget->setRoot(ui::Group({button("One"), button("Two")}));
-  QApplication::setActiveWindow(widget.get());
+  activate(*widget);
   askForStates();
   int focused = 0;
   const Observer observer([&](QAccessibleEvent& event) {

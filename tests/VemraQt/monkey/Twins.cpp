@@ -1,5 +1,6 @@
 #include "tests/VemraQt/monkey/Twins.hpp"
 
+#include "tests/VemraQt/ActiveWindow.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/Strings.hpp"
 
@@ -20,8 +21,7 @@ Twins::Twins(std::size_t people)
   windowHost.show();
   screenHost.show();
   widget.show();
-  widget.activateWindow();
-  QApplication::setActiveWindow(&widget);
+  qttest::activate(widget);
 }
 
 void Twins::deliver(const Place& place, ui::Event event) {
@@ -115,8 +115,7 @@ void Twins::perform(const Step& step) {
       widget.hide();
       changeBoth(step);
       widget.show();
-      widget.activateWindow();
-      QApplication::setActiveWindow(&widget);
+      widget.activateWindow();  // which is complete after a turn
       break;
   }
   expectKept(before);

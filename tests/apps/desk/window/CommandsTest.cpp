@@ -4,6 +4,7 @@
 #include "apps/desk/commands/Documents.hpp"
 #include "apps/desk/window/MenuBar.hpp"
 #include "apps/documents/ResultWriter.hpp"
+#include "tests/VemraQt/ActiveWindow.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
 #include <QDropEvent>
@@ -25,7 +26,7 @@ class CommandsTest : public OpenDesk {
   void openWindow() {
     open();
     wait<QAbstractButton>("vemra.goal.person.p1.outcome.start");
-    QApplication::setActiveWindow(window.get());
+    qttest::activate(*window);
   }
   /// The command of that title, in a menu that has been opened.
   QAction* command(const QString& menuTitle, const QString& title) const {

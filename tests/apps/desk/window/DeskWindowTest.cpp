@@ -3,6 +3,7 @@
 #include "VemraQt/ViewWidget.hpp"
 #include "apps/desk/window/LinkLabel.hpp"
 #include "apps/documents/ResultWriter.hpp"
+#include "tests/VemraQt/ActiveWindow.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
 #include <string>
@@ -91,7 +92,7 @@ TEST_F(DeskWindowTest, EscapeGivesTheFocusBackToTheElementThatOpenedTheSidePane)
   open("a");
   auto* source = wait<QAbstractButton>("vemra.goal.person.p1.show-source");
   ASSERT_NE(source, nullptr);
-  QApplication::setActiveWindow(window.get());
+  qttest::activate(*window);
   source->setFocus();
   press("vemra.goal.person.p1.show-source");
   auto* close = wait<QAbstractButton>("desk.side.close");
@@ -108,7 +109,7 @@ TEST_F(DeskWindowTest, EscapeGivesTheFocusBackToTheElementThatOpenedTheSidePane)
 TEST_F(DeskWindowTest, AGoalInTheSidePaneIsOpenedAndItsRowGetsTheFocus) {
   open("a");
   openPerson();
-  QApplication::setActiveWindow(window.get());
+  qttest::activate(*window);
   const auto link = [&](const QString& title) {
     return becomes([&] {
       for (auto* each : window->findChildren<LinkLabel*>()) {
@@ -134,8 +135,7 @@ TEST_F(DeskWindowTest, AGoalInTheSidePaneIsOpenedAndItsRowGetsTheFocus) {
 TEST_F(DeskWindowTest, TheFocusGoesFromAClosedSidePaneToTheScreen) {
   open("a");
   openPerson();
-  window->activateWindow();
-  QApplication::setActiveWindow(window.get());
+  qttest::activate(*window);
   auto* close = find<QAbstractButton>("desk.side.close");
   close->setFocus();
   ASSERT_EQ(window->focusWidget(), close);

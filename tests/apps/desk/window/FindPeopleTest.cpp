@@ -3,6 +3,7 @@
 #include "VemraQt/PageRows.hpp"
 #include "VemraQt/ViewWidget.hpp"
 #include "apps/desk/window/MenuBar.hpp"
+#include "tests/VemraQt/ActiveWindow.hpp"
 #include "tests/WholeOutline.hpp"
 #include "tests/apps/desk/window/Keys.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
@@ -30,7 +31,7 @@ class FindPeopleTest : public OpenDesk {
     open("g1");
     window->resize(900, 600);
     wait<QAbstractButton>("vemra.goal.person.p1.outcome.start");
-    QApplication::setActiveWindow(window.get());
+    qttest::activate(*window);
   }
 
   void type(const QString& text) const {

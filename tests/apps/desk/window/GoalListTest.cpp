@@ -1,4 +1,5 @@
 #include "apps/desk/window/GoalRow.hpp"
+#include "tests/VemraQt/ActiveWindow.hpp"
 #include "tests/apps/desk/window/Keys.hpp"
 #include "tests/apps/desk/window/ShownGoalList.hpp"
 
@@ -166,8 +167,7 @@ TEST_F(GoalRowPaint, TheMouseAndTheFocusAreShown) {
 TEST_F(GoalRowPaint, TheFocusHasARing) {
   const QImage without = row.grab().toImage();
   row.show();
-  row.activateWindow();
-  QApplication::setActiveWindow(&row);
+  qttest::activate(row);
   row.setFocus();
   ASSERT_TRUE(row.hasFocus());
   const QImage with = row.grab().toImage();

@@ -2,6 +2,7 @@
 // buttons are in view when a key presses them.
 
 #include "apps/desk/window/SidePane.hpp"
+#include "tests/VemraQt/ActiveWindow.hpp"
 #include "tests/apps/desk/window/Keys.hpp"
 
 #include <string>
@@ -32,8 +33,7 @@ class LongSidePaneTest : public ::testing::Test {
     person.goalsTowards = std::vector<GoalListing>(50, {"t", "Towards"});
     person.goalsWithPaths = std::vector<GoalListing>(50, {"w", "With a path"});
     show();
-    pane.activateWindow();
-    QApplication::setActiveWindow(&pane);
+    qttest::activate(pane);
   }
 
   void show() {

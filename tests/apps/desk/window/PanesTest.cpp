@@ -4,6 +4,7 @@
 #include "apps/desk/window/LinkLabel.hpp"
 #include "apps/desk/window/Panes.hpp"
 #include "apps/desk/window/PlainText.hpp"
+#include "tests/VemraQt/ActiveWindow.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
 #include <string>
@@ -99,7 +100,7 @@ class NarrowWindowTest : public OpenDesk {
     GoalStore::open(file).import({goal("a", "First"), goal("b", "Second")});
     open("a");
     window->resize(360, 700);
-    QApplication::setActiveWindow(window.get());
+    qttest::activate(*window);
   }
 };
 

@@ -3,6 +3,7 @@
 #include "apps/desk/window/Notice.hpp"
 #include "apps/desk/window/PathGraph.hpp"
 #include "apps/desk/window/Pieces.hpp"
+#include "tests/VemraQt/ActiveWindow.hpp"
 #include "tests/apps/desk/window/Keys.hpp"
 
 #include <vector>
@@ -23,8 +24,7 @@ class PiecesTest : public ::testing::Test {
   PiecesTest() {
     window.resize(300, 600);
     window.show();
-    window.activateWindow();
-    QApplication::setActiveWindow(&window);
+    qttest::activate(window);
   }
 
   QStringList texts() const {

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "apps/desk/window/GoalList.hpp"
+#include "tests/VemraQt/ActiveWindow.hpp"
 
 #include <string>
 #include <vector>
 
-#include <QApplication>
 #include <gtest/gtest.h>
 
 namespace vemra::desk {
@@ -18,8 +18,7 @@ class ShownGoalList : public ::testing::Test {
                      [this](const std::string& goalID) { chosen.push_back(goalID); });
     list.resize(230, 500);
     list.show();
-    list.activateWindow();
-    QApplication::setActiveWindow(&list);
+    qttest::activate(list);
   }
 
   GoalList list;
