@@ -127,6 +127,24 @@ TEST_F(DeskControllerTest, OpensTheRequestedGoal) {
   EXPECT_EQ(display.chosen, "g2");
 }
 
+// The controller is not started, so it does not look for changes, which would load everything again.
+TEST_F(DeskControllerTest, AGoalThatWasReadAcrossTwoStoresIsReadAgain) {
+  import({goal("g1", "One"), goal("g2", "Two")});
+  controller = std::make_unique<DeskController>(engine, display);
+  controller->openGoal("g1");
+  ASSERT_TRUE(opens("g1"));
+  const std::string backup = folder.file("backup.sqlite");
+  GoalStore::open(backup).import({goal("g2", "Of the backup")});
+  std::filesystem::rename(backup, file);
+  controller->openGoal("g2");
+  ASSERT_TRUE(becomes([&] { return !display.failure.empty(); }));
+  EXPECT_THAT(display.failure, HasSubstr("was replaced by another file"));
+  controller->loadGoal();
+  ASSERT_TRUE(opens("g2"));
+  EXPECT_EQ(display.goal->snapshot.goal().title, "Of the backup");
+  EXPECT_EQ(display.goal->store, engine->storeNumber());
+}
+
 TEST_F(DeskControllerTest, OpensTheFirstSampleGoalOfAStoreThatHasNone) {
   GoalStore::open(file);
   start();

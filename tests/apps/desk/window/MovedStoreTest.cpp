@@ -6,7 +6,6 @@
 #include <filesystem>
 
 #include <QLineEdit>
-#include <QTimer>
 
 namespace vemra::desk {
 namespace {
@@ -141,21 +140,6 @@ TEST_F(MovedStoreWindowTest, AnOutcomeOnAScreenOfTheOldStoreIsNotRecordedInTheNe
   press(person + ".outcome.save");
   EXPECT_TRUE(waits("was replaced by another file while it was open")) << notice();
   EXPECT_EQ(recorded(), 0u);
-}
-
-TEST_F(MovedStoreWindowTest, AGoalThatWasReadAcrossTwoStoresIsReadAgain) {
-  GoalStore::open(file).import({goal("g2", "Two")});
-  open();
-  wait<QAbstractButton>(person + ".outcome.start");
-  // Otherwise the window would soon load everything again because the store has changed.
-  for (auto* timer : window->findChildren<QTimer*>(Qt::FindDirectChildrenOnly)) timer->stop();
-  pass(100);
-  replaceBy("g2", "Of the backup");
-  press("desk.goal.g2");
-  EXPECT_NE(wait<QWidget>("desk.failure"), nullptr) << "the store has moved";
-  press("desk.failure.again");
-  EXPECT_TRUE(becomes([&] { return find<QWidget>("desk.failure") == nullptr; }));
-  EXPECT_TRUE(shows("Of the backup")) << texts().join("\n").toStdString();
 }
 
 TEST_F(MovedStoreWindowTest, AFailureToLoadIsShownOnceWhileTheWindowTriesByItself) {
