@@ -223,7 +223,9 @@ bool ViewWidget::focusNextPrevChild(bool next) {
   bool left = false;
   {
     const QScopedValueRollback<bool> leaving(leaving_, true);
+    accessible_->setFocusLeaving(true);
     setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    accessible_->setFocusLeaving(false);
     left = QAbstractScrollArea::focusNextPrevChild(next);
   }
   if (left && window()->focusWidget() != this) return true;

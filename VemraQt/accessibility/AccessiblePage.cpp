@@ -19,13 +19,16 @@ namespace {
 class AccessibleArea final : public QAccessibleWidget {
  public:
   explicit AccessibleArea(AccessibleTree& tree)
-      : QAccessibleWidget(&tree.area(), QAccessible::Client), tree_(&tree) {}
+      : QAccessibleWidget(&tree.area(), QAccessible::Pane), tree_(&tree) {}
 
   QAccessible::Role role() const override {
-    return widget()->isWindow() ? QAccessible::Window : QAccessible::Client;
+    return widget()->isWindow() ? QAccessible::Window : QAccessible::Pane;
   }
   QString text(QAccessible::Text kind) const override {
-    return atspi::asksForIdentifier(kind) ? widget()->objectName() : QAccessibleWidget::text(kind);
+    if (atspi::asksForIdentifier(kind)) return widget()->objectName();
+    const QString given = QAccessibleWidget::text(kind);
+    const bool isUnnamed = kind == QAccessible::Name && given.isEmpty();
+    return isUnnamed && tree_ ? tree_->title() : given;
   }
   int childCount() const override { return tree_ ? tree_->childCountOf(0) : 0; }
   QAccessibleInterface* child(int index) const override {
@@ -148,11 +151,29 @@ QObject* objectOf(const QAccessibleEvent& event) {
   return about ? about->object() : nullptr;
 }
 
+/// Whether the event reports the focus of a page itself while another widget has it, or is about to
+/// get it. Tab gives the focus to the page first, which passes it on, and Qt reports the focus of
+/// the page after that of the control.
+bool isFocusOnTheWay(const QAccessibleEvent& event) {
+  if (event.type() != QAccessible::Focus) return false;
+  AccessiblePage* page = AccessiblePage::in(event.object());
+  if (!page) return false;
+  const QWidget& area = page->tree().area();
+  return page->isFocusLeaving() || area.window()->focusWidget() != &area;
+}
+
+/// Whether the event reports the cursor or the selection of a field that is about to get or lose the
+/// focus: a field selects its text then, and clients read the selection when the focus is reported.
+bool isSelectedByFocus(const QAccessibleEvent& event, const ElementWidget& shown) {
+  return shown.isChangingFocus() && (event.type() == QAccessible::TextSelectionChanged ||
+                                     event.type() == QAccessible::TextCaretMoved);
+}
+
 /// Handles all events of Qt's accessibility. The widgets on a page are not part of the accessible
 /// tree, so this sends their focus and text events for the elements that they show and drops the
 /// others.
 void handle(QAccessibleEvent* event) {
-  if (isSentOtherwise(*event)) return;
+  if (isSentOtherwise(*event) || isFocusOnTheWay(*event)) return;
   QObject* object = objectOf(*event);
   AccessiblePage* page = object ? pageAround(object) : nullptr;
   if (!page) {
@@ -161,6 +182,7 @@ void handle(QAccessibleEvent* event) {
   }
   auto* shown = dynamic_cast<ElementWidget*>(event->object());
   if (!shown || !shown->node() || shown->isUpdating()) return;
+  if (isSelectedByFocus(*event, *shown)) return;
   AccessibleTree& tree = page->tree();
   if (!tree.isWatched()) return;
   if (event->type() == QAccessible::Focus) {

@@ -22,6 +22,11 @@ class AccessiblePage final {
   IdentifierSearch& identifiers() { return identifiers_; }
   Announcements& announcements() { return announcements_; }
 
+  /// While true, the page has the focus only on the way to another widget, and its focus is not
+  /// reported to clients.
+  void setFocusLeaving(bool isLeaving) { isFocusLeaving_ = isLeaving; }
+  bool isFocusLeaving() const { return isFocusLeaving_; }
+
   /// The page in that scroll area; nullptr when `area` is null or has no such page.
   static AccessiblePage* in(const QObject* area);
 
@@ -29,6 +34,7 @@ class AccessiblePage final {
   AccessibleTree tree_;
   IdentifierSearch identifiers_{tree_};
   Announcements announcements_{tree_};
+  bool isFocusLeaving_ = false;
 };
 
 }  // namespace vemra::qt

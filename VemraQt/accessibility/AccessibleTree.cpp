@@ -65,6 +65,15 @@ QAccessibleInterface* AccessibleTree::listObject(ui::NodeID list) {
   return slot == slots_.end() ? pageObject() : object(nullptr, *slot);
 }
 
+QString AccessibleTree::title() {
+  refresh();
+  for (const ElementSlot& slot : slots_) {
+    const ui::Node* node = slot.kind == ui::ElementKind::text ? find(slot.node) : nullptr;
+    if (node && headingLevel(node->element) == 1) return toQString(node->element.shownLabel());
+  }
+  return {};
+}
+
 AccessibleObject* AccessibleTree::objectOf(const page::Node& leaf) {
   const ui::Node* rowNode = rowHolding(leaf.id, page());
   AccessibleRow* row = rowNode ? rowAt(rowNode->parent->id, rowNode->rowIndex) : nullptr;

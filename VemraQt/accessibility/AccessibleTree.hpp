@@ -46,6 +46,8 @@ class AccessibleTree final : public QObject, public ObjectHost {
 
   /// The object of a shown element; nullptr when the element is not accessible.
   AccessibleObject* objectOf(const page::Node& leaf);
+  /// The text of the first title on the page, outside lists; "" without one.
+  QString title();
   /// Whether there may be a client to notify: accessibility is active, or a client has asked this
   /// tree before.
   bool isWatched() const { return hasBeenAsked() || QAccessible::isActive(); }

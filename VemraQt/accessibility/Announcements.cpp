@@ -101,6 +101,18 @@ void Announcements::announceNews() {
   }
   compareShowing(changes);
   send(changes);
+  announceTitle();
+}
+
+/// The title names a page without a name of its own.
+void Announcements::announceTitle() {
+  const QString title = tree_.title();
+  const std::optional<QString> before = std::exchange(title_, title);
+  const QAccessibleInterface* page = tree_.pageObject();
+  const bool isName = page && page->text(QAccessible::Name) == title;
+  if (!isName || !before || *before == title) return;
+  QAccessibleEvent event(&tree_.area(), QAccessible::NameChanged);
+  QAccessible::updateAccessibility(&event);
 }
 
 /// Rows without nodes get no patches. So this describes the rows that clients know, a few in each

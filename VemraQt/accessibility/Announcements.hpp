@@ -3,9 +3,11 @@
 #include "VemraQt/atspi/ChildSignals.hpp"
 #include "VemraQt/page/PageObserver.hpp"
 
+#include <optional>
 #include <vector>
 
 #include <QAccessible>
+#include <QString>
 #include <QTimer>
 
 namespace vemra::qt {
@@ -46,6 +48,7 @@ class Announcements final : public PageObserver {
   static QAccessible::Event eventOf(Change::What what);
   void childrenChanged(const page::Node& parent);
   void announceNews();
+  void announceTitle();
   void compareSomeRows();
   template <class Send>
   void notify(Send send);
@@ -62,6 +65,7 @@ class Announcements final : public PageObserver {
 
   AccessibleTree& tree_;
   std::vector<ui::NodeID> changedRows_, updated_;
+  std::optional<QString> title_;  ///< of the page, as last reported
   QTimer comparing_;
   bool notifying_ = false;  ///< clients are being notified and may ask or change anything
   bool hasNews_ = false;    ///< something may have changed since the last notification

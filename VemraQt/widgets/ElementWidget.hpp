@@ -39,6 +39,8 @@ class ElementWidget {
   /// Whether the widget is being updated: ignore Qt's signals meanwhile, because no person caused
   /// them.
   bool isUpdating() const { return updating_; }
+  /// Whether the widget is handling that it gets or loses the focus.
+  bool isChangingFocus() const { return changingFocus_; }
   /// Shows a leaf of the widget's kind; `shape` is the leaf's text in its measured lines.
   void show(const page::Node& leaf, const TextShape& shape);
   /// Ends any interaction, because the widget stops showing its element.
@@ -56,6 +58,9 @@ class ElementWidget {
   /// \return Whether the widget still shows an element. Scrolling may bring in rows, and these may
   /// remove the tree.
   bool scrollIn() const;
+
+ protected:
+  bool changingFocus_ = false;
 
  private:
   const PageContext& page_;

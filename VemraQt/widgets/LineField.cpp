@@ -8,6 +8,7 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QStyleOptionFrame>
 #include <QTextLayout>
 
@@ -104,6 +105,16 @@ void LineField::updateTo(const page::Node& leaf, const TextShape& shape) {
   if (accessibleName() != title) setAccessibleName(title);
   prompt_ = shape;
   update();
+}
+
+void LineField::focusInEvent(QFocusEvent* event) {
+  const QScopedValueRollback<bool> changing(changingFocus_, true);
+  QLineEdit::focusInEvent(event);
+}
+
+void LineField::focusOutEvent(QFocusEvent* event) {
+  const QScopedValueRollback<bool> changing(changingFocus_, true);
+  QLineEdit::focusOutEvent(event);
 }
 
 void LineField::endInteraction() {

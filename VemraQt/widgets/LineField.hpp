@@ -28,6 +28,8 @@ class LineField final : public QLineEdit, public ElementWidget {
  protected:
   void updateTo(const page::Node& leaf, const TextShape& shape) override;
   void endInteraction() override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;

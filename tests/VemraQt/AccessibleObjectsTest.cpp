@@ -92,7 +92,7 @@ TEST_F(AccessibleObjectsTest, ThePageIsAWindowOnlyWhenItIsOne) {
   QMainWindow window;
   auto* inside = new qt::ViewWidget;
   window.setCentralWidget(inside);
-  EXPECT_EQ(QAccessible::queryAccessibleInterface(inside)->role(), QAccessible::Client);
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(inside)->role(), QAccessible::Pane);
 }
 
 TEST_F(AccessibleObjectsTest, AChoiceHasTheNameOfItsMenuItem) {

@@ -85,10 +85,10 @@ def equal(got, wanted):
 
 
 class Ear:
-    """Listens to one kind of event for a while."""
+    """Listens to some kinds of events for a while."""
 
-    def __init__(self, kind):
-        self.kind = kind
+    def __init__(self, *kinds):
+        self.kinds = kinds
         self.events = []
         self.listener = Atspi.EventListener.new(self.hear)
 
@@ -97,12 +97,14 @@ class Ear:
         self.events.append((what, event.detail1, event.any_data, event.source))
 
     def __enter__(self):
-        assert self.listener.register(self.kind)
+        for kind in self.kinds:
+            assert self.listener.register(kind)
         self.heard(0.5)  # until the program knows that somebody listens
         return self
 
     def __exit__(self, *_):
-        self.listener.deregister(self.kind)
+        for kind in self.kinds:
+            self.listener.deregister(kind)
 
     def heard(self, seconds=0.2):
         """(what, detail, any data, source) of each event since the last time."""

@@ -183,6 +183,46 @@ def the_details_are_announced_once_and_their_goals_are_links(desk):
     act(close, "Press")
 
 
+def tab_reports_the_control_with_the_focus_and_nothing_else(desk):
+    """Into the page, into a note with a text, out of it, and out of the page."""
+    first = desk.get(f"vemra.goal.person.{reference(0)}.show-source").get_parent()
+    prefix = f"vemra.goal.person.{reference(1)}.outcome"
+    with Ear("object:state-changed:focused", "object:text-selection-changed",
+             "object:text-caret-moved") as ear:
+        def press(symbol):
+            """What is reported of the key, in this order; without what loses the focus."""
+            ear.heard(0.1)
+            key(symbol)
+            return [(what, about.get_name()) for what, number, _, about in ear.heard()
+                    if what != "focused" or number == 1]
+
+        assert first.get_child_at_index(0).grab_focus()
+        equal(press(BACKTAB), [("focused", "Find a design lead")])
+        equal(press(TAB), [("focused", "Person <b>0</b> & more")])
+        act(desk.get(prefix + ".correct"), "Press")
+        equal(press(TAB), [("focused", "Note (optional)")])
+        equal(press(TAB), [("focused", "Save")])
+        act(desk.get(prefix + ".cancel"), "Press")
+
+
+def the_page_has_the_name_of_its_title(desk):
+    page = desk.get(f"vemra.goal.person.{reference(0)}.show-source")
+    while page.get_role_name() != "heading":
+        page = page.get_parent()
+        heading = page.get_child_at_index(0)
+        if heading.get_role_name() == "heading" and heading.get_attributes()["level"] == "1":
+            break
+    equal((page.get_role_name(), page.get_name()), ("panel", "Find a design lead"))
+    for title in ("Find two", "Find a design lead"):
+        with Ear("object:property-change:accessible-name") as ear:
+            renamed = document()
+            renamed["goal"]["title"] = title
+            desk.import_goals([renamed])
+            hears(ear, lambda event: event[3] == page)
+        page.clear_cache()
+        equal(page.get_name(), title)
+
+
 def so_they_do_outside_the_viewport(desk):
     assert not has(desk.get(f"vemra.goal.person.{reference(170)}.outcome.start"), SHOWING)
     correct(desk, 170, record(desk, 170, "far away", 6), 7)
@@ -247,7 +287,7 @@ def hears(ear, wanted):
         found.extend(event for event in ear.heard() if wanted(event))
         return found
 
-    return wait_for(heard, f"an event of {ear.kind}", 10)[0]
+    return wait_for(heard, f"an event of {ear.kinds}", 10)[0]
 
 
 def column_of_goals(desk):
@@ -357,6 +397,8 @@ CHECKS = [
     the_keyboard_alone_records_and_corrects,
     a_recording_and_its_correction_reach_the_store,
     the_details_are_announced_once_and_their_goals_are_links,
+    tab_reports_the_control_with_the_focus_and_nothing_else,
+    the_page_has_the_name_of_its_title,
     so_they_do_outside_the_viewport,
     the_store_is_whole,
     more_goals_are_announced_and_so_are_new_names_of_goals_out_of_view,
