@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/task/Start.hpp"
 
 #include <concepts>
@@ -12,6 +13,10 @@
 
 namespace vemra::qt {
 
+/// Writes to Qt's log that the callback of `startOnMainThread` let this exception out, and what to
+/// do. Called in a `catch` block.
+VEMRA_EXPORT void logThrowingCallback() noexcept;
+
 /// Starts a task and passes its result to the main thread, whichever thread the task ends on.
 ///
 ///     qt::startOnMainThread(*this, GoalResultProjectionReader::makeSnapshot(engine, goalID),
@@ -20,7 +25,9 @@ namespace vemra::qt {
 /// - Parameter receiver: when it has been destroyed, the task runs to its end and the callback is not
 ///   called.
 /// - Parameter callback: called once with a `Result<T>`, from the event loop, never before this
-///   function returns. An exception of it is one of the event loop's: Qt does not handle those.
+///   function returns. It catches what `Result::take` throws, which is the task's failure: an
+///   exception that leaves the callback is logged with its text and goes on into the event loop,
+///   where it ends the process unless `QApplication::notify` is overridden to catch it.
 ///
 /// Main thread only. The task must end before the application object is destroyed.
 template <class T, std::invocable<task::Result<T>> Callback>
@@ -33,7 +40,13 @@ void startOnMainThread(QObject& receiver, task::Task<T> task, Callback callback)
     QMetaObject::invokeMethod(
         QCoreApplication::instance(),
         [call = std::move(call), ending] {
-          if (call->first) call->second(std::move(*ending));
+          if (!call->first) return;
+          try {
+            call->second(std::move(*ending));
+          } catch (...) {
+            logThrowingCallback();
+            throw;
+          }
         },
         Qt::QueuedConnection);
   });

@@ -106,7 +106,7 @@ bool ViewWidget::visit(Visit visit, std::string identifier) {
     if (!isVisible()) {
       waiting_ = Waiting{visit, std::move(identifier)};
     } else if (visit == Visit::focus) {
-      qt::focus(*page_, found->row, found->node);
+      succeeds = qt::focus(*page_, found->row, found->node);
     } else {
       scrollIn(*page_, found->row, found->node);
     }

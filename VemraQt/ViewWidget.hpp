@@ -72,20 +72,22 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   ///     connect(&widget, &vemra::qt::ViewWidget::pressed, this,
   ///             [](const std::string& identifier) { qInfo() << identifier.c_str(); });
   ///
-  /// They find an element wherever the page is scrolled, also in a row without widgets. Identifiers
+  /// They find a text or a control wherever the page is scrolled, also in a row without widgets, and
+  /// no stack or group, which assistive technology does not find either. Identifiers
   /// should be unique: of several elements with the identifier, one outside lists, or in a row whose
-  /// id the identifier contains, comes before those in other rows. A widget that is hidden scrolls and focuses when it is
-  /// shown, for the last of these calls. While an event is being handled (inside an action of the
-  /// tree or a slot of `pressed`), elements of rows without widgets are not found: connect the slot
-  /// with `Qt::QueuedConnection` to reach them. Like every call of the host, they rethrow what a
-  /// description throws.
+  /// id the identifier contains, comes before those in other rows. A widget that is hidden scrolls
+  /// and focuses when it is shown, for the last of these calls. While an event is being handled
+  /// (inside an action of the tree or a slot of `pressed`), elements of rows without widgets are not
+  /// found: connect the slot with `Qt::QueuedConnection` to reach them. Like every call of the host,
+  /// they rethrow what a description throws.
   /// @{
 
   /// Scrolls an element into view, only as far as needed; the focus stays. Returns whether there is
   /// such an element.
   bool reveal(std::string_view identifier);
-  /// Gives a control the keyboard focus and scrolls it into view. Returns whether it can have the
-  /// focus; an element that cannot, such as a text or a disabled button, is scrolled into view.
+  /// Gives a control the keyboard focus and scrolls it into view. Returns whether the control took
+  /// the focus, or will take it when the widget is shown; an element that cannot have it, such as a
+  /// text or a disabled button, is scrolled into view.
   bool focus(std::string_view identifier);
   /// @}
 

@@ -17,7 +17,7 @@ namespace vemra::GoalResultProjectionReader {
 /// and continues on the thread on which the engine resumes it. It never changes to the main thread:
 /// the host does that before it shows the snapshot. There is no cancellation here; an engine may
 /// have its own.
-/// - Parameter executor: not null; kept until the query has ended, with a value or an exception,
+/// - Parameter executor: null stops the process with a message. Kept until the query has ended, with a value or an exception,
 ///   and released before the awaiting caller continues. When the reader is its last owner, its
 ///   destructor runs on the thread on which the query ends, which may be a thread of the engine: an
 ///   executor that joins its own thread must be able to end on it. A task that is destroyed before

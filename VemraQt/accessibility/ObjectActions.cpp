@@ -4,9 +4,11 @@
 
 namespace vemra::qt {
 
-void focus(Page& page, RowPlace row, ui::NodeID node) {
+bool focus(Page& page, RowPlace row, ui::NodeID node) {
   if (row.list && !page.tree().find(node)) page.bringRow(row.list, row.index);
-  if (!page.focusElement(node, Qt::OtherFocusReason)) scrollIn(page, row, node);
+  if (page.focusElement(node, Qt::OtherFocusReason)) return true;
+  scrollIn(page, row, node);
+  return false;
 }
 
 void scrollIn(Page& page, RowPlace row, ui::NodeID node) {

@@ -28,6 +28,13 @@ QString shownTitle(const ui::Element& picker) {
   return picker.labelsHidden() || title.isEmpty() ? QString() : title + QLatin1String(": ");
 }
 
+/// The choice after the title, isolated: it keeps its reading direction, and the title its own.
+QString afterTitle(const QString& title, const QString& choice) {
+  constexpr QChar firstStrongIsolate(0x2068), popDirectionalIsolate(0x2069);
+  if (title.isEmpty()) return choice;
+  return title + firstStrongIsolate + choice + popDirectionalIsolate;
+}
+
 template <class Option>
 Option optionFor(const QWidget& page, const QFont& font) {
   Option option;
@@ -101,7 +108,8 @@ QSize StyleMetrics::picker(const page::Node& leaf, TextShape& shape, int width) 
   const int frame = framed(QSize(1000, 20)).width() - 1000 + 8;
   const int current = currentChoice(leaf, choices);
   const QString shown = current < 0 ? QString() : choices[static_cast<std::size_t>(current)].label;
-  shape = TextShape(title + shown, font, std::max(1, std::min(widest + 4, width - frame)));
+  shape =
+      TextShape(afterTitle(title, shown), font, std::max(1, std::min(widest + 4, width - frame)));
   QSize size = framed(QSize(widest + 8, shape.size().height()));
   size.setHeight(std::max(size.height(), shape.size().height() + 8));
   size.setWidth(std::min(size.width(), std::max(width, smallestTarget)));

@@ -116,6 +116,31 @@ TEST_F(StartOnMainThread, ATaskThatEndsOnAnotherThreadCallsBackOnTheMainThread) 
   EXPECT_EQ(heard, "late ");
 }
 
+/// Runs the event loop's waiting work, and returns the text of the exception that leaves it.
+std::string exceptionOfTheEventLoop() {
+  try {
+    QApplication::processEvents();
+  } catch (const std::exception& error) {
+    return error.what();
+  }
+  return "";
+}
+
+TEST_F(StartOnMainThread, AnExceptionThatLeavesTheCallbackIsLoggedWithTheWayOutAndGoesOn) {
+  static QStringList log;
+  log.clear();
+  const auto former = qInstallMessageHandler(
+      [](QtMsgType, const QMessageLogContext&, const QString& text) { log << text; });
+  startOnMainThread(*receiver, fails(),
+                    [](task::Result<std::string> result) { std::move(result).take(); });
+  EXPECT_EQ(exceptionOfTheEventLoop(), "it failed");
+  qInstallMessageHandler(former);
+  ASSERT_EQ(log.size(), 1);
+  EXPECT_EQ(log.front(),
+            "The callback of qt::startOnMainThread threw: it failed. Catch it in the callback: "
+            "Result::take rethrows the exception of the task.");
+}
+
 TEST_F(StartOnMainThread, ADestroyedReceiverGetsNoCall) {
   start(ends("done"));
   receiver.reset();

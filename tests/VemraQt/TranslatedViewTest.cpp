@@ -3,12 +3,14 @@
 #include "VemraPlatform/ui/EnvironmentOverrides.hpp"
 #include "VemraPlatform/ui/View.hpp"
 #include "VemraQt/QtStringsTable.hpp"
+#include "VemraQt/ViewWidget.hpp"
 #include "VemraTesting/Screen.hpp"
 
 #include <memory>
 #include <optional>
 #include <string>
 
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -68,12 +70,11 @@ class TranslatedView : public ::testing::Test {
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(QByteArray::fromStdString(messages));
     file.close();
-    const QString qm = folder_.filePath("contacts_de.qm");
+    const QString qm = folder_.filePath("compass_de.qm");
     runTool(VEMRA_LRELEASE, {file.fileName(), "-qm", qm});
     return qt::QtStringsTable::load(qm, "Contacts");
   }
 
- private:
   QTemporaryDir folder_;
 };
 
@@ -122,3 +123,21 @@ TEST_F(TranslatedView, AMarkedTextIsTheKeyItself) {
 }
 
 }  // namespace
+
+// The lines of docs/window.md, which the build takes from the page.
+TEST_F(TranslatedView, TheLinesOfThePageShowATextInGerman) {
+  std::string messages = collected();
+  translate(messages, "No friends yet", "Noch keine Freunde");
+  ASSERT_NE(compiled(messages), nullptr) << "compass_de.qm";
+  const QString former = QDir::currentPath();
+  ASSERT_TRUE(QDir::setCurrent(folder_.path()));
+  qt::ViewWidget shown;
+  qt::ViewWidget* const widget = &shown;
+#include "pages/window_2.inc"
+  QDir::setCurrent(former);
+  const ui::View text =
+#include "pages/window_1.inc"
+      ;
+  vemra::testing::Screen screen(text, shown.environment());
+  EXPECT_TRUE(screen.has(vemra::testing::byText("Noch keine Freunde"))) << screen.outline();
+}

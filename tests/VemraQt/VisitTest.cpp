@@ -122,6 +122,23 @@ TEST(Focus, AnElementThatCannotHaveItIsOnlyScrolledIntoView) {
   }
 }
 
+TEST(Reveal, AStackIsNotFound) {
+  qt::ViewWidget widget;
+  widget.setEnvironment({});
+  widget.resize(300, 400);
+  widget.setRoot(ui::VStack(ui::HorizontalAlignment::leading, 4,
+                            {
+                                ui::VStack(ui::HorizontalAlignment::leading, 4, {ui::Text("in it")})
+                                    .accessibilityIdentifier("stack"),
+                                ui::Button("on", [] {}).accessibilityIdentifier("on"),
+                            }));
+  EXPECT_FALSE(widget.reveal("stack"));
+  widget.show();
+  EXPECT_FALSE(widget.reveal("stack"));
+  EXPECT_FALSE(widget.focus("stack"));
+  EXPECT_TRUE(widget.reveal("on"));
+}
+
 TEST(Focus, AHiddenWidgetDoesTheLastVisitWhenItIsShown) {
   qt::ViewWidget widget;
   widget.setEnvironment({});

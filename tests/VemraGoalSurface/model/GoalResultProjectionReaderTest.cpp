@@ -2,6 +2,7 @@
 #include "VemraPlatform/task/MainActor.hpp"
 #include "VemraPlatform/task/Start.hpp"
 #include "tests/VemraGoalSurface/model/SampleSnapshot.hpp"
+#include "tests/VemraGoalSurface/presentation/CoverageOfDeath.hpp"
 
 #include <coroutine>
 #include <stdexcept>
@@ -291,6 +292,15 @@ TEST(MakeSnapshot, NeedsNoMainThread) {
   }).join();
   ASSERT_TRUE(snapshot.has_value());
   EXPECT_TRUE(*snapshot == sample::snapshot());
+}
+
+TEST(MakeSnapshotDeathTest, ANullExecutorStopsTheProcessInTheCallThatPassesIt) {
+  EXPECT_DEATH(
+      {
+        testing::keepCoverageOnAbort();
+        const auto task = makeSnapshot(nullptr, "goal");
+      },
+      "makeSnapshot: the executor is null. Pass the object that answers the query");
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 int main(int count, char** arguments) {
   QApplication application(count, arguments);
-  QApplication::setPalette(QPalette(QColor(50, 50, 60), QColor(30, 30, 35)));
   People people;
   QStringList opened;
   QObject::connect(&people, &People::opened, [&](const QString& person) { opened << person; });
@@ -22,7 +21,15 @@ int main(int count, char** arguments) {
     if (button->text() == "Ada") button->click();
   }
   std::cout << "Opened: " << opened.join(' ').toStdString() << "\n";
-  std::cout << "Dark: " << (screen.palette().color(QPalette::Base).lightness() < 64) << "\n";
+  // The palette turns dark while the window is open, as the system's does in the evening.
+  const auto isDark = [&] {
+    const QImage page = screen.viewport()->grab().toImage();
+    return page.pixelColor(page.width() - 1, page.height() - 1).lightness() < 64;
+  };
+  std::cout << "Dark: " << isDark();
+  QApplication::setPalette(QPalette(QColor(50, 50, 60), QColor(30, 30, 35)));
+  QApplication::processEvents();
+  std::cout << ", then " << isDark() << "\n";
   auto* record =
       screen.findChild<QAbstractButton*>(QStringLiteral("vemra.goal.person.p1.outcome.start"));
   if (record) std::cout << "Record: " << record->text().toStdString() << "\n";
