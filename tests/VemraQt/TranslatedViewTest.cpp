@@ -133,10 +133,10 @@ TEST_F(TranslatedView, TheLinesOfThePageShowATextInGerman) {
   ASSERT_TRUE(QDir::setCurrent(folder_.path()));
   qt::ViewWidget shown;
   qt::ViewWidget* const widget = &shown;
-#include "pages/window_2.inc"
+#include "docs/window_2.inc"
   QDir::setCurrent(former);
   const ui::View text =
-#include "pages/window_1.inc"
+#include "docs/window_1.inc"
       ;
   vemra::testing::Screen screen(text, shown.environment());
   EXPECT_TRUE(screen.has(vemra::testing::byText("Noch keine Freunde"))) << screen.outline();

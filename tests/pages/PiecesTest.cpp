@@ -42,7 +42,7 @@ class PagePieces : public ::testing::Test {
 
 TEST_F(PagePieces, TheScreenOfATest) {
   const GoalResultSnapshotV1 snapshot = goalOf({"Ada", "Bo", "Cleo"}), next = snapshot;
-#include "pages/testing_1.inc"
+#include "docs/testing_1.inc"
   ASSERT_EQ(stored.size(), 1U);
   EXPECT_EQ(stored[0].note(), "met at the fair");
 }
@@ -52,7 +52,7 @@ TEST_F(PagePieces, TheViewportOfATest) {
   goal.goal.title = "Find a design lead";
   goal.people = {build::person("p0", "Person 0", {}, GoalWhyDTO::connection(2))};
   const GoalResultSnapshotV1 snapshot(goal);
-#include "pages/testing_2.inc"
+#include "docs/testing_2.inc"
 }
 
 /// The four shapes of a body, declared.
@@ -62,7 +62,7 @@ struct Shapes {
   struct State {};
   template <class Values>
   using LocalState = ui::LocalState<Values>;
-#include "pages/view-layer_1.inc"
+#include "docs/view-layer_1.inc"
 };
 
 /// What a recorder needs of a widget.
@@ -85,7 +85,7 @@ TEST_F(PagePieces, TheRecorderOfAHost) {
   Widget widget;
   const Ignore openPerson, showSource, showPath;
   const GoalResultView::OnRecordOutcome recordOutcome = record;
-#include "pages/recording_1.inc"
+#include "docs/recording_1.inc"
   show(goalOf({"Ada"}));
   EXPECT_TRUE(std::filesystem::exists("bug.json"));
   show(goalOf({"Ada", "Bo"}));
