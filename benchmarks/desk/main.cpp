@@ -7,7 +7,8 @@
 // in view gets an outcome, eight times, each time another person: the press of "Save" starts the clock,
 // and the end of the frame in which the outcome stands in the row stops it. By then the outcome is
 // stored durably, the goal has been loaded from the store again, and the window shows it. Before each
-// save SQLite alone writes one row durably into a file beside the store.
+// save SQLite alone writes one row durably into a file beside the store. At the end another connection
+// records outcomes, and the engine loads the goal after each of them.
 
 #include "VemraPlatform/task/Start.hpp"
 #include "apps/desk/store/GoalStore.hpp"
@@ -122,6 +123,14 @@ void measure(bench::FrameClock& clock, const Content& content) {
     records.push_back(bench::Milliseconds(middle - start).count());
     loads.push_back(bench::Milliseconds(std::chrono::steady_clock::now() - middle).count());
   }
+  desk::GoalStore other = desk::GoalStore::open(file);
+  std::vector<double> changes;
+  for (std::size_t i = 0; i < wantedSaves; ++i) {
+    other.record("g1", {GoalOutcomeSubjectKind::path, {}, {}, {}, {}});
+    const auto start = std::chrono::steady_clock::now();
+    task::wait(engine->getGoalSnapshot("g1"));
+    changes.push_back(bench::Milliseconds(std::chrono::steady_clock::now() - start).count());
+  }
   std::cout << "opened.first\t" << opened << "\nsaved.first\t" << saves.front() << '\n';
   saves.erase(saves.begin());
   ratios.erase(ratios.begin());
@@ -130,6 +139,7 @@ void measure(bench::FrameClock& clock, const Content& content) {
   print("saved per transaction", ratios);
   print("recorded", records);
   print("loaded", loads);
+  print("changed", changes);
   print("bare", bareTimes);
   engine->finish();
 }

@@ -99,6 +99,7 @@ def report(results):
                                   ("saved.hot", "from Save to the outcome shown"),
                                   ("recorded.hot", "the outcome stored"),
                                   ("loaded.hot", "the goal loaded again"),
+                                  ("changed.hot", "the goal loaded after another program's outcome"),
                                   ("bare.hot", "one bare durable transaction"))]),
         tables.list_table(results, ["vemra-desk, one goal of ten people", "median, ms"], [
             (f"{size:,} {what}: {measured}", candidate, size, measure)

@@ -1,6 +1,5 @@
 #include "apps/desk/store/GoalStore.hpp"
 
-#include "apps/desk/store/ForeignFile.hpp"
 #include "apps/desk/store/OutcomeRows.hpp"
 #include "apps/desk/store/ResultFault.hpp"
 #include "apps/desk/store/ResultRows.hpp"
@@ -10,48 +9,14 @@
 #include "apps/desk/store/Transaction.hpp"
 #include "apps/documents/DocumentError.hpp"
 
-#include <chrono>
-#include <filesystem>
-#include <system_error>
-#include <thread>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace vemra::desk {
 namespace {
 
 using enum Transaction::Kind;
-
-/// Sets the write-ahead mode, in which readers and a writer do not wait for each other; the file
-/// keeps this mode.
-///
-/// SQLite itself does not wait for other connections here, because it would have to upgrade a lock
-/// that it already holds.
-void useWriteAheadLog(Database& database) {
-  const auto deadline = std::chrono::steady_clock::now() + database.patience();
-  while (true) {
-    try {
-      Statement(database, "PRAGMA journal_mode = WAL").run();
-      return;
-    } catch (const StoreBusy&) {
-      if (std::chrono::steady_clock::now() > deadline) throw;
-      std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
-  }
-}
-
-/// Retries, because another process may remove its own new empty file just after this process has
-/// opened it.
-template <class Open>
-auto despiteRemovals(const Open& open) {
-  constexpr int tries = 3;
-  for (int i = 1; i < tries; ++i) {
-    try {
-      return open();
-    } catch (const StoreMoved&) {
-    }
-  }
-  return open();
-}
 
 /// A transaction on a database whose schema has been confirmed.
 class Work : public Transaction {
@@ -72,69 +37,6 @@ void refuseFault(const Database& database, const GetGoalSnapshotResponse& result
 
 }  // namespace
 
-GoalStore GoalStore::open(const std::string& file, Patience patience) {
-  return despiteRemovals([&] {
-    Database database(file, Database::Opening::orCreate, patience);
-    prepareSchema(database);
-    useWriteAheadLog(database);
-    database.accept();
-    return GoalStore(std::move(database));
-  });
-}
-
-GoalStore GoalStore::reopen(const std::string& file, Patience patience) {
-  if (!identityAt(file)) throw StoreMoved(file, "was moved or removed while it was open");
-  Database database(file, Database::Opening::existingToWrite, patience);
-  // Do not create tables here: the user may be about to copy a store into an empty file.
-  if (!hasSchema(database)) throw StoreError(file, "is empty, and was a store before");
-  useWriteAheadLog(database);
-  database.accept();
-  return GoalStore(std::move(database));
-}
-
-std::vector<LeftOutOutcome> GoalStore::importInto(
-    const std::string& file, const std::vector<GetGoalSnapshotResponse>& results,
-    Patience patience) {
-  return despiteRemovals([&] {
-    GoalStore store(Database(file, Database::Opening::orCreate, patience));
-    if (hasSchema(store.database_)) {
-      useWriteAheadLog(store.database_);
-      store.database_.accept();
-      return store.import(results);
-    }
-    Transaction transaction(store.database_, writing);
-    prepareSchemaWithin(store.database_);
-    std::vector<LeftOutOutcome> leftOut = store.importWithin(results);
-    transaction.commit();
-    try {
-      useWriteAheadLog(store.database_);
-    } catch (const std::exception&) {
-      // The import has succeeded; the next program that opens the store sets the mode.
-    }
-    try {
-      store.database_.confirmOwners();  // SQLite has just opened the log
-    } catch (const ForeignFile&) {
-      throw;
-    } catch (const std::exception&) {
-      // The import has succeeded, even if the files cannot be examined now.
-    }
-    return leftOut;
-  });
-}
-
-std::optional<GoalStore> GoalStore::openExisting(const std::string& file) {
-  std::error_code error;
-  const auto path = std::filesystem::absolute(file.empty() ? "." : file, error);
-  // A dangling link is an error: its store may be on a disk that is not mounted today.
-  const auto status = std::filesystem::symlink_status(path, error);
-  const bool missing = !file.empty() && status.type() == std::filesystem::file_type::not_found;
-  if (missing && std::filesystem::is_directory(path.parent_path(), error)) return std::nullopt;
-  Database database(file, Database::Opening::existing, usualPatience);
-  if (!hasSchema(database)) return std::nullopt;
-  database.accept();
-  return GoalStore(std::move(database));
-}
-
 std::vector<GoalListing> GoalStore::goals() {
   const Work work(database_, schema_, reading);
   Statement row(database_, "SELECT number, id, title FROM goals ORDER BY number", {"goals", 1});
@@ -153,17 +55,48 @@ bool GoalStore::hasGoal(const std::string& goalID) {
 GetGoalSnapshotResponse GoalStore::result(const std::string& goalID) {
   const Work work(database_, schema_, reading);
   const std::int64_t goal = findOrThrow(goalID);
+  GetGoalSnapshotResponse result = readShown(goal);
+  if (!kept_.hasAllOutcomes()) {
+    result.outcomes = readOutcomes(database_, goal);
+    database_.confirm();
+  }
+  return result;
+}
+
+GetGoalSnapshotResponse GoalStore::shownResult(const std::string& goalID) {
+  const Work work(database_, schema_, reading);
+  return readShown(findOrThrow(goalID));
+}
+
+GetGoalSnapshotResponse GoalStore::readShown(std::int64_t goal) {
   const Database::Revision revision = database_.revision();
   if (auto kept = kept_.find(goal, revision)) {
     database_.confirm();
     return *std::move(kept);
   }
+  const std::optional<ResultStamp> stamp = stampOf(goal);
+  if (const auto last = kept_.lastOutcome(goal, stamp)) {
+    std::vector<GoalOutcomeDTO> more;
+    const std::int64_t newLast = readOutcomesAbove(database_, goal, *last, more);
+    database_.confirm();
+    return kept_.complete(std::move(more), newLast, revision);
+  }
   GetGoalSnapshotResponse result = readResultRows(database_, goal);
-  result.outcomes = readOutcomes(database_, goal);
+  const ShownOutcomes shown = readShownOutcomes(database_, goal, result, schema_.version());
+  result.outcomes = shown.outcomes;
   database_.confirm();
   refuseFault(database_, result, faultIn(result), "holds a result that cannot be shown, of");
-  kept_.keep(goal, revision, result);
+  kept_.keep(goal, revision, stamp, shown, result);
   return result;
+}
+
+std::optional<ResultStamp> GoalStore::stampOf(std::int64_t goal) {
+  if (schema_.version() < 2) return std::nullopt;
+  Statement row(database_, "SELECT goal, stamp FROM result_stamps WHERE goal = ?1",
+                {"result_stamps", 1});
+  row.query(goal);
+  if (!row.next()) return std::nullopt;  // another program has removed it
+  return ResultStamp{schema_.change(), row.integer(1)};
 }
 
 SharedArray<GoalOutcomeDTO> GoalStore::outcomes(const std::string& goalID) {
@@ -215,11 +148,12 @@ GoalOutcomeDTO GoalStore::record(const std::string& goalID, const GoalOutcomeRec
   outcome.recordedAt = recordedAt;
   outcome.correctsOutcomeID = input.correctsOutcomeID();
   std::optional<GoalOutcomeDTO> before = recordedBefore(database_, goal, outcome);
-  if (!before) OutcomeInsertion(database_).append(goal, outcome);
+  std::int64_t number = 0;
+  if (!before) number = OutcomeInsertion(database_).append(goal, outcome);
   const Database::Revision end = database_.revision();
   work.commit();
   if (!before) {
-    kept_.addOutcome(goal, outcome, start, end);
+    kept_.addOutcome(goal, outcome, number, start, end);
     return outcome;
   }
   // The earlier try may have failed while SQLite wrote the outcome to the disk.

@@ -8,6 +8,9 @@
 #include <algorithm>
 #include <limits>
 #include <string>
+#include <utility>
+
+#include <sqlite3.h>
 
 namespace vemra::desk {
 namespace {
@@ -47,14 +50,28 @@ GoalOutcomeDTO readOutcome(Statement& row, int first) {
           row.optionalText(first + 8)};
 }
 
-SharedArray<GoalOutcomeDTO> readOutcomes(Database& database, std::int64_t goal) {
+std::int64_t readOutcomesAbove(Database& database, std::int64_t goal, std::int64_t last,
+                               std::vector<GoalOutcomeDTO>& outcomes) {
   Statement row(database,
                 std::string("SELECT number, ") + outcomeColumnNames +
-                    " FROM outcomes WHERE goal = ?1 ORDER BY number",
+                    " FROM outcomes INDEXED BY outcomes_of_goal WHERE goal = ?1 AND number > ?2 "
+                    "ORDER BY number",
                 {"outcomes", 1});
+  row.query(goal, last);
+  while (row.next()) {
+    last = row.integer(0);
+    outcomes.push_back(readOutcome(row, 1));
+  }
+  return last;
+}
+
+SharedArray<GoalOutcomeDTO> readOutcomes(Database& database, std::int64_t goal) {
   std::vector<GoalOutcomeDTO> outcomes;
-  row.query(goal);
-  while (row.next()) outcomes.push_back(readOutcome(row, 1));
+  readOutcomesAbove(database, goal, beforeAllOutcomes, outcomes);
+  return withRoom(std::move(outcomes));
+}
+
+SharedArray<GoalOutcomeDTO> withRoom(std::vector<GoalOutcomeDTO> outcomes) {
   const std::size_t room = 16 + outcomes.size() / 8;
   return {std::move(outcomes), room};
 }
@@ -64,12 +81,13 @@ OutcomeInsertion::OutcomeInsertion(Database& database)
       insert_(database,
               "INSERT INTO outcomes VALUES (NULL, ?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10)") {}
 
-void OutcomeInsertion::append(std::int64_t goal, const GoalOutcomeDTO& outcome) {
+std::int64_t OutcomeInsertion::append(std::int64_t goal, const GoalOutcomeDTO& outcome) {
   if (numbersLeft_ == 0) numbersLeft_ = numbersAbove(database_);
   --numbersLeft_;
   insert_.run(goal, outcome.id, outcome.goalID, caseName(outcome.subjectKind), outcome.subjectRef,
               caseName(outcome.value), outcome.note, outcome.recordedAt, outcome.recordedBy,
               outcome.correctsOutcomeID);
+  return sqlite3_last_insert_rowid(database_.handle());
 }
 
 std::vector<std::size_t> mergeOutcomes(Database& database, std::int64_t goal,

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <vector>
 
@@ -25,6 +26,17 @@ GoalOutcomeDTO readOutcome(Statement& row, int first);
 /// The outcomes of a goal in the order in which they were recorded, with room for some more.
 SharedArray<GoalOutcomeDTO> readOutcomes(Database& database, std::int64_t goal);
 
+/// A list that can take some more outcomes without copying these.
+SharedArray<GoalOutcomeDTO> withRoom(std::vector<GoalOutcomeDTO> outcomes);
+
+/// Below the number of every outcome.
+inline constexpr std::int64_t beforeAllOutcomes = std::numeric_limits<std::int64_t>::min();
+
+/// Adds the outcomes of a goal whose numbers are above `last` to `outcomes`, in their order, and
+/// returns the number of the last one, or `last`.
+std::int64_t readOutcomesAbove(Database& database, std::int64_t goal, std::int64_t last,
+                               std::vector<GoalOutcomeDTO>& outcomes);
+
 /// Records outcomes; several with one statement, because preparing it takes most of the time.
 class OutcomeInsertion {
  public:
@@ -33,7 +45,8 @@ class OutcomeInsertion {
   /// Records an outcome after all others of its goal. Throws a `StoreError` that names table and
   /// row when another program has changed the store so that it has no free number for another
   /// outcome.
-  void append(std::int64_t goal, const GoalOutcomeDTO& outcome);
+  /// - Returns: the number of the outcome.
+  std::int64_t append(std::int64_t goal, const GoalOutcomeDTO& outcome);
 
  private:
   Database& database_;

@@ -25,25 +25,35 @@ constexpr const char* tablesOfAGoal[] = {"goal_texts",  "person_evidence", "peop
                                          "path_people", "paths",           "group_people",
                                          "groups",      "coverage",        "outcomes"};
 
-/// Leaves out the CHECK constraints of the rows that are written in its scope.
+/// Leaves out the CHECK constraints and the triggers of the rows that are written in its scope.
 ///
 /// SQLite makes a temporary table of the names in `why_kind IN (…)` for every row, which takes longer
 /// than the row itself. Rows that are made of a record satisfy the constraints: positions count up from
-/// 0, and `ReasonColumns` fills the columns of one kind. Types, keys, owners and triggers are checked
-/// as ever; rows of other programs are checked when they are read.
+/// 0, and `ReasonColumns` fills the columns of one kind. Types, keys and owners are checked as ever;
+/// rows of other programs are checked when they are read.
+///
+/// The triggers on these rows change the stamp of their goal. One statement on the goal's own row, outside
+/// the scope, does that for all of them.
 class WithoutChecks {
  public:
   explicit WithoutChecks(Database& database) : database_(database) {
     database.run("PRAGMA ignore_check_constraints = ON");
+    useTriggers(0);
   }
   WithoutChecks(const WithoutChecks&) = delete;
   WithoutChecks& operator=(const WithoutChecks&) = delete;
   ~WithoutChecks() {
     sqlite3_exec(database_.handle(), "PRAGMA ignore_check_constraints = OFF", nullptr, nullptr,
                  nullptr);
+    useTriggers(1);
   }
 
  private:
+  void useTriggers(int value) {
+    sqlite3_db_config(database_.handle(), SQLITE_DBCONFIG_ENABLE_TRIGGER, value,
+                      static_cast<int*>(nullptr));
+  }
+
   Database& database_;
 };
 
@@ -152,9 +162,13 @@ std::int64_t addResult(Database& database, const GetGoalSnapshotResponse& result
 void replaceResult(Database& database, std::int64_t number, const GetGoalSnapshotResponse& result) {
   // Delete inner rows by their goal, not by their owners, so that rows without an owner are deleted
   // too.
-  for (const std::string_view table : tablesOfAGoal) {
-    if (table == "outcomes") continue;
-    Statement(database, std::string("DELETE FROM ").append(table) + " WHERE goal = ?1").run(number);
+  {
+    const WithoutChecks withoutChecks(database);
+    for (const std::string_view table : tablesOfAGoal) {
+      if (table == "outcomes") continue;
+      Statement(database, std::string("DELETE FROM ").append(table) + " WHERE goal = ?1")
+          .run(number);
+    }
   }
   const GoalDTO& goal = result.goal;
   Statement(database,

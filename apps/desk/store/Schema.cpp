@@ -7,7 +7,9 @@
 #include "apps/documents/DocumentError.hpp"
 
 #include <set>
+#include <span>
 #include <string>
+#include <string_view>
 #include <tuple>
 
 namespace vemra::desk {
@@ -27,12 +29,13 @@ bool isOfSQLite(const std::string& type, const std::string& name,
   return objects.contains({type, name, sql});
 }
 
-/// Throws unless the schema has every table, index and trigger of a store and no other object: a
-/// foreign trigger could remove recorded outcomes, and a table without checks could contain
-/// anything.
-void confirmObjects(Database& database) {
-  std::set<std::string> missing{"sqlite_sequence"};
-  for (const SchemaObject& object : tablesOfVersion1()) missing.insert(object.name);
+/// Throws unless the schema has every table, index and trigger of that version of a store and no
+/// other object: a foreign trigger could remove recorded outcomes, and a table without checks could
+/// contain anything.
+void confirmObjects(Database& database, int version) {
+  const std::span<const SchemaObject> objects = tablesOfVersion(version);
+  std::set<std::string_view> missing{"sqlite_sequence"};
+  for (const SchemaObject& object : objects) missing.insert(object.name);
   Statement row(database, "SELECT type, name, sql FROM sqlite_schema", {"sqlite_schema", 2});
   row.query();
   while (row.next()) {
@@ -47,13 +50,13 @@ void confirmObjects(Database& database) {
     if (missing.erase(name) == 0) {
       throw StoreError(database.file(), "is damaged: " + named + " is not part of a store");
     }
-    for (const SchemaObject& object : tablesOfVersion1()) {
+    for (const SchemaObject& object : objects) {
       if (object.name == name && (object.type != type || object.sql != sql)) {
         throw StoreError(database.file(), "is damaged: " + named + " is not as a store has it");
       }
     }
   }
-  for (const SchemaObject& object : tablesOfVersion1()) {
+  for (const SchemaObject& object : objects) {
     if (!missing.contains(object.name)) continue;
     throw StoreError(database.file(), std::string("is damaged: the ") + object.type + ' ' +
                                           documents::inQuotes(object.name) + " is missing");
@@ -63,12 +66,13 @@ void confirmObjects(Database& database) {
   }
 }
 
-/// Reads in several steps; the caller must hold a transaction, so that all steps see one state.
-bool hasSchemaNow(Database& database) {
+/// The version of the tables, 0 for a file without tables. Reads in several steps; the caller must
+/// hold a transaction, so that all steps see one state.
+int versionNow(Database& database) {
   const std::int64_t owner = database.number("PRAGMA application_id");
   const std::int64_t version = database.number("PRAGMA user_version");
   const bool isEmpty = database.number("SELECT count(*) FROM sqlite_schema") == 0;
-  if (owner == 0 && version == 0 && isEmpty) return false;
+  if (owner == 0 && version == 0 && isEmpty) return 0;
   if (owner != applicationID) {
     throw StoreError(database.file(), "is an SQLite database, but not a store of goals");
   }
@@ -77,9 +81,13 @@ bool hasSchemaNow(Database& database) {
                                           std::to_string(version) + ", this one knows " +
                                           std::to_string(schemaVersion));
   }
-  if (version < schemaVersion) throw StoreError(database.file(), "is damaged: it has no version");
-  confirmObjects(database);
-  return true;
+  if (version < 1) throw StoreError(database.file(), "is damaged: it has no version");
+  confirmObjects(database, static_cast<int>(version));
+  return static_cast<int>(version);
+}
+
+void setVersion(Database& database) {
+  database.run(("PRAGMA user_version = " + std::to_string(schemaVersion)).c_str());
 }
 
 }  // namespace
@@ -87,27 +95,43 @@ bool hasSchemaNow(Database& database) {
 bool hasSchema(Database& database) {
   // Another process may be creating the schema now: the transaction sees all of it, or nothing.
   const Transaction transaction(database, Transaction::Kind::reading);
-  return hasSchemaNow(database);
+  return versionNow(database) != 0;
 }
 
 void prepareSchema(Database& database) {
-  if (hasSchema(database)) return;
+  if (hasSchema(database)) {
+    upgradeSchema(database);
+    return;
+  }
   Transaction transaction(database, Transaction::Kind::writing);
   prepareSchemaWithin(database);
   transaction.commit();
 }
 
 void prepareSchemaWithin(Database& database) {
-  if (hasSchemaNow(database)) return;  // another process has created the tables
-  for (const SchemaObject& object : tablesOfVersion1()) database.run(object.sql.c_str());
+  if (versionNow(database) != 0) return;  // another process has created the tables
+  for (const SchemaObject& object : tablesOfVersion(schemaVersion)) {
+    database.run(object.sql.c_str());
+  }
   database.run(("PRAGMA application_id = " + std::to_string(applicationID)).c_str());
-  database.run(("PRAGMA user_version = " + std::to_string(schemaVersion)).c_str());
+  setVersion(database);
+}
+
+void upgradeSchema(Database& database) {
+  if (database.number("PRAGMA user_version") >= schemaVersion) return;
+  Transaction transaction(database, Transaction::Kind::writing);
+  if (versionNow(database) != 1) return;  // another process has changed it meanwhile
+  for (const SchemaObject& object : addedByVersion2()) database.run(object.sql.c_str());
+  database.run("INSERT INTO result_stamps SELECT number, random() FROM goals");
+  setVersion(database);
+  transaction.commit();
 }
 
 void SchemaWatch::confirm(Database& database) {
   const std::int64_t change = database.number("PRAGMA schema_version");
   if (change == confirmed_) return;
-  if (!hasSchemaNow(database)) throw StoreError(database.file(), "is damaged: it has no tables");
+  version_ = versionNow(database);
+  if (version_ == 0) throw StoreError(database.file(), "is damaged: it has no tables");
   confirmed_ = change;
 }
 

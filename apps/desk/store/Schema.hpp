@@ -16,11 +16,13 @@
 
 namespace vemra::desk {
 
-/// The version of the tables that this program reads and writes.
-inline constexpr int schemaVersion = 1;
+/// The version of the tables that this program writes. It reads every earlier one too, and a
+/// program that opens an earlier one for writing first adds what is missing.
+inline constexpr int schemaVersion = 2;
 
 /// Creates the tables in a file without tables, and checks that the file is a store of a known
-/// version. Several processes may do so at once.
+/// version; one of an earlier version becomes one of this version. Several processes may do so at
+/// once.
 ///
 /// Throws a `StoreError` for any other file, and leaves that file unchanged.
 void prepareSchema(Database& database);
@@ -32,6 +34,10 @@ void prepareSchemaWithin(Database& database);
 /// something else. Changes nothing.
 bool hasSchema(Database& database);
 
+/// Adds to a store of an earlier version what this version has more. Several processes may do so at
+/// once. A store keeps its version when it may be read only.
+void upgradeSchema(Database& database);
+
 /// Watches the schema of an open store, because another program may change it meanwhile.
 class SchemaWatch {
  public:
@@ -39,8 +45,15 @@ class SchemaWatch {
   /// store. Reads only the file's header unless the schema has changed.
   void confirm(Database& database);
 
+  /// The version of the tables, since the first check.
+  int version() const { return version_; }
+  /// SQLite's counter of schema changes at the last check; another number means that a program may
+  /// have changed rows while triggers were missing.
+  std::int64_t change() const { return confirmed_.value_or(0); }
+
  private:
-  std::optional<std::int64_t> confirmed_;  // SQLite's counter of schema changes, at the last check
+  std::optional<std::int64_t> confirmed_;
+  int version_ = 0;
 };
 
 }  // namespace vemra::desk

@@ -51,6 +51,12 @@ StoreEngine::StoreEngine(std::string file, Patience patience, StoreUse use)
 
 task::Task<GetGoalSnapshotResponse> StoreEngine::getGoalSnapshot(std::string goalID) {
   return withStore<GetGoalSnapshotResponse>(
+      thread_,
+      [goalID = std::move(goalID)](GoalStore& store) { return store.shownResult(goalID); });
+}
+
+task::Task<GetGoalSnapshotResponse> StoreEngine::wholeResult(std::string goalID) {
+  return withStore<GetGoalSnapshotResponse>(
       thread_, [goalID = std::move(goalID)](GoalStore& store) { return store.result(goalID); });
 }
 

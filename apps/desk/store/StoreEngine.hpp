@@ -44,7 +44,11 @@ class StoreEngine final : public GoalToolExecutor {
   /// The file of the store, as it was given.
   const std::string& file() const { return thread_->file(); }
 
+  /// Answers with the outcomes that a screen needs (`GoalStore::shownResult`).
   task::Task<GetGoalSnapshotResponse> getGoalSnapshot(std::string goalID) override;
+
+  /// Answers with all outcomes (`GoalStore::result`), for an export.
+  task::Task<GetGoalSnapshotResponse> wholeResult(std::string goalID);
 
   /// Records an outcome from the screen and returns the record.
   ///

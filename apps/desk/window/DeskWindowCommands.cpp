@@ -128,7 +128,7 @@ void DeskWindow::chooseExport() {
 void DeskWindow::exportGoal(const QString& file) {
   if (!controller_ || !controller_->openGoalID()) return;
   qt::startOnMainThread(
-      *this, engine_->getGoalSnapshot(*controller_->openGoalID()), [this, file](auto result) {
+      *this, engine_->wholeResult(*controller_->openGoalID()), [this, file](auto result) {
         QString failure;
         try {
           if (!result.hasValue()) std::rethrow_exception(result.exception());

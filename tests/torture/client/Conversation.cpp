@@ -83,8 +83,7 @@ std::string Conversation::obey(const std::vector<std::string>& words) {
   }
   if (verb == "goals") return listed(task::wait(engine().goals()));
   if (verb == "export") {
-    return withoutLineBreaks(
-        documents::writeResult(task::wait(engine().getGoalSnapshot(words.at(1)))));
+    return withoutLineBreaks(documents::writeResult(task::wait(engine().wholeResult(words.at(1)))));
   }
   if (verb == "content") return content(words.at(1));
   throw std::invalid_argument("unknown line: " + verb);

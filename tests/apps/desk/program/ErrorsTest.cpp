@@ -139,7 +139,7 @@ TEST_F(ErrorsTest, AStoreOfANewerVersion) {
   RawDatabase(store).run("PRAGMA user_version = 7");
   expectEachCommandRefused(store, store +
                                       ": was written by a newer vemra-desk: its version is 7, "
-                                      "this one knows 1\n");
+                                      "this one knows 2\n");
 }
 
 TEST_F(ErrorsTest, AStoreThatMayNotBeWritten) {

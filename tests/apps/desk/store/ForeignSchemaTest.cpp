@@ -1,3 +1,4 @@
+#include "apps/desk/store/Schema.hpp"
 #include "apps/desk/store/Tables.hpp"
 #include "apps/documents/ResultReader.hpp"
 #include "apps/documents/ResultWriter.hpp"
@@ -38,7 +39,7 @@ TEST_F(ForeignSchemaTest, AnObjectThatIsNotPartOfAStoreIsRefusedByName) {
 }
 
 TEST_F(ForeignSchemaTest, EveryObjectOfAStoreIsRequired) {
-  for (const SchemaObject& object : tablesOfVersion1()) {
+  for (const SchemaObject& object : tablesOfVersion(schemaVersion)) {
     const std::string named = std::string(object.type) + " \"" + object.name + "\"";
     ASSERT_EQ(RawDatabase(file).run(std::string("DROP ") + object.type + ' ' + object.name), "");
     EXPECT_EQ(errorOfOpening(), "the " + named + " is missing");
@@ -55,7 +56,7 @@ TEST_F(ForeignSchemaTest, TheTableOfSQLiteForOutcomeNumbersIsRequired) {
 }
 
 TEST_F(ForeignSchemaTest, EveryObjectOfAStoreMustBeUnchanged) {
-  for (const SchemaObject& object : tablesOfVersion1()) {
+  for (const SchemaObject& object : tablesOfVersion(schemaVersion)) {
     const std::string named = std::string(object.type) + " \"" + object.name + "\"";
     ASSERT_EQ(RawDatabase(file).run("PRAGMA writable_schema = ON; "
                                     "UPDATE sqlite_schema SET sql = sql || ' ' WHERE name = '" +
@@ -136,7 +137,7 @@ TEST_F(ForeignSchemaTest, AStoreThatIsEmptiedWhileItIsOpenIsAnError) {
   std::string drops =
       "PRAGMA application_id = 0; PRAGMA user_version = 0; "
       "PRAGMA writable_schema = RESET; DROP TRIGGER outcomes_stay; ";
-  for (const SchemaObject& object : tablesOfVersion1()) {
+  for (const SchemaObject& object : tablesOfVersion(schemaVersion)) {
     if (object.type == std::string_view("table"))
       drops += std::string("DROP TABLE ") + object.name + ";";
   }

@@ -5,6 +5,11 @@
 #include "tests/apps/desk/store/AtCommit.hpp"
 #include "tests/apps/desk/store/ErrorOf.hpp"
 #include "tests/apps/desk/store/StoreFile.hpp"
+#include "tests/apps/desk/store/StoreSteps.hpp"
+
+#include <string>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -121,13 +126,90 @@ TEST_F(KeptResultTest, AChangeByAForeignProgramIsNeverMissed) {
         "INSERT INTO goal_texts VALUES (1, 'keyword', 0, 'x')",
         "INSERT INTO outcomes SELECT -5, goal, 'o0', goal_id, subject_kind, "
         "subject_ref, value, note, recorded_at, recorded_by, corrects_outcome_id "
-        "FROM outcomes"}) {
-    const auto before = store.result("g1");
+        "FROM outcomes",
+        "UPDATE goals SET title = 'Eve'", "DELETE FROM person_evidence",
+        "INSERT OR REPLACE INTO coverage VALUES (1, 98, NULL)", "DELETE FROM group_people",
+        "DELETE FROM groups", "DELETE FROM paths", "DELETE FROM goal_texts",
+        "DELETE FROM people"}) {
+    const auto before = store.shownResult("g1");
     ASSERT_EQ(other.run(sql), "") << sql;
-    const auto after = store.result("g1");
+    const auto after = store.shownResult("g1");
     EXPECT_FALSE(after == before) << sql;
     EXPECT_EQ(after, inTheFile("g1")) << sql;
   }
+}
+
+TEST_F(KeptResultTest, AnOutcomeOfAnotherProgramIsReadAlone) {
+  const auto before = store.shownResult("g1");
+  GoalStore::open(file).record("g1", {GoalOutcomeSubjectKind::path, {}, {}, {}, {}});
+  const auto after = store.shownResult("g1");
+  EXPECT_TRUE(after.people.sharesStorage(before.people));
+  EXPECT_TRUE(after.paths.sharesStorage(before.paths));
+  EXPECT_TRUE(after.group.sharesStorage(before.group));
+  EXPECT_EQ(after.outcomes.data(), before.outcomes.data());
+  EXPECT_EQ(after.outcomes.size(), before.outcomes.size() + 1);
+  EXPECT_EQ(after, inTheFile("g1"));
+}
+
+TEST_F(KeptResultTest, AChangeOfAnotherGoalByAnotherProgramReadsNoPerson) {
+  const auto before = store.shownResult("g1");
+  GoalStore::open(file).import({goal("g2", "Another"), goal("g3", "Three")});
+  const auto after = store.shownResult("g1");
+  EXPECT_TRUE(after.people.sharesStorage(before.people));
+  EXPECT_EQ(after, inTheFile("g1"));
+}
+
+// The work is counted: it is the same for 3,000 people as for 30.
+TEST_F(KeptResultTest, TheWorkAfterAChangeByAnotherProgramDoesNotGrowWithThePeople) {
+  std::vector<std::pair<int, int>> work;
+  for (const std::size_t people : {30, 3'000}) {
+    const std::string one = folder.file(std::to_string(people));
+    auto crowd = goal("g1", "One");
+    crowd.people = std::vector<GoalPersonCandidateDTO>(people, crowd.people[0]);
+    const StoreSteps counted;
+    GoalStore watching = GoalStore::open(one);
+    watching.import({crowd, goal("g2", "Two")});
+    GoalStore other = GoalStore::open(one);
+    watching.shownResult("g1");
+    other.import({goal("g2", "Another")});
+    other.record("g1", {GoalOutcomeSubjectKind::path, {}, {}, {}, {}});
+    StoreSteps::start();
+    EXPECT_EQ(watching.shownResult("g1").outcomes.size(), 1u);
+    work.emplace_back(StoreSteps::rows(), StoreSteps::steps());
+  }
+  EXPECT_EQ(work[0], work[1]);
+  EXPECT_LT(work[0].first, 10) << "rows";
+}
+
+TEST_F(KeptResultTest, AChangeWhileATriggerWasMissingIsNeverMissed) {
+  store.shownResult("g1");
+  RawDatabase other(file);
+  const std::string trigger =
+      other.value("SELECT sql FROM sqlite_schema WHERE name = 'stamp_people_changed'");
+  ASSERT_EQ(other.run("DROP TRIGGER stamp_people_changed; "
+                      "UPDATE people SET display_name = 'Eve'; " +
+                      trigger),
+            "");
+  EXPECT_EQ(store.shownResult("g1").people[0].displayName, "Eve");
+}
+
+TEST_F(KeptResultTest, AGoalWithoutAStampIsReadAnewAfterAChange) {
+  store.shownResult("g1");
+  RawDatabase other(file);
+  ASSERT_EQ(other.run("DELETE FROM result_stamps"), "");
+  ASSERT_EQ(store.shownResult("g1").people[0].displayName, "Ada");
+  ASSERT_EQ(other.run("UPDATE people SET display_name = 'Eve'"), "");
+  EXPECT_EQ(store.shownResult("g1").people[0].displayName, "Eve");
+}
+
+TEST_F(KeptResultTest, AReplacedGoalIsNeverMissed) {
+  store.shownResult("g1");
+  RawDatabase other(file);
+  ASSERT_EQ(other.run("INSERT OR REPLACE INTO goals SELECT number, id, 'Eve', status, "
+                      "target_person_ref, created_at, updated_at, priority, keywords_revision, "
+                      "constraints_revision FROM goals WHERE number = 1"),
+            "");
+  EXPECT_EQ(store.shownResult("g1").goal.title, "Eve");
 }
 
 TEST_F(KeptResultTest, AnOutcomeWhoseCommitFailsIsNotInIt) {

@@ -27,7 +27,7 @@ TEST_F(Schema, AStoreHasItsMarksAndUsesAWriteAheadLog) {
   GoalStore store = GoalStore::open(file);
   EXPECT_THAT(folder.read("goals.sqlite"), StartsWith("SQLite format 3"));
   RawDatabase raw(file);
-  EXPECT_EQ(raw.value("PRAGMA user_version"), "1");
+  EXPECT_EQ(raw.value("PRAGMA user_version"), "2");
   EXPECT_EQ(raw.value("PRAGMA application_id"), std::to_string(0x566D446B));
   EXPECT_EQ(raw.value("PRAGMA journal_mode"), "wal");
   EXPECT_EQ(raw.value("PRAGMA integrity_check"), "ok");
@@ -82,11 +82,11 @@ TEST_F(Schema, ReadingAMissingStoreMakesNoFile) {
 
 TEST_F(Schema, ANewerVersionIsRefusedUntouched) {
   GoalStore::open(file).import({goal("g", "t")});
-  RawDatabase(file).run("PRAGMA user_version = 2");
+  RawDatabase(file).run("PRAGMA user_version = 3");
   const std::string before = folder.read("goals.sqlite");
   EXPECT_EQ(errorOfOpening(file), file +
-                                      ": was written by a newer vemra-desk: its version is 2, "
-                                      "this one knows 1");
+                                      ": was written by a newer vemra-desk: its version is 3, "
+                                      "this one knows 2");
   EXPECT_EQ(folder.read("goals.sqlite"), before);
 }
 
