@@ -15,7 +15,7 @@ import time
 sys.path.insert(0, sys.argv[2])
 from accessible import (  # noqa: E402
     BACKTAB, DOWN, ENTER, TAB, UP, Atspi, Ear, act, application, complaints, equal, find, go_to,
-    has, key, run_checks, text_of, type_note, wait_for, walk)
+    has, key, role_of, run_checks, text_of, type_note, wait_for, walk)
 
 PEOPLE = 200
 SHOWING, FOCUSED = Atspi.StateType.SHOWING, Atspi.StateType.FOCUSED
@@ -179,7 +179,7 @@ def the_details_are_announced_once_and_their_goals_are_links(desk):
         time.sleep(1.5)
         equal(notifications(ear), [])
     close = next(node for node in walk(desk.root) if node.get_name() == "Close"
-                 and node.get_role_name() == "push button")
+                 and role_of(node) == "push button")
     act(close, "Press")
 
 
