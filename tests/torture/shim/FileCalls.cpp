@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdarg>
+#include <ctime>
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
@@ -195,6 +196,12 @@ int close(int descriptor) {
   if (verdict != Verdict::fail) return result;
   errno = error;
   return -1;
+}
+
+// Later versions of SQLite call this one instead of `usleep`.
+int nanosleep(const timespec* time, timespec* rest) {
+  static const auto next = following<int(const timespec*, timespec*)>("nanosleep");
+  return Shim::instance().isInAHurry() ? 0 : next(time, rest);
 }
 
 int usleep(useconds_t time) {

@@ -20,7 +20,7 @@
 ///     VEMRA_SHIM_MEMORY_AT=N  after the first call the N-th allocation fails, and so many in all:
 ///     VEMRA_SHIM_MEMORY_TIMES=N
 ///     VEMRA_SHIM_QUOTA=N    files may grow by N bytes, then the disk is full
-///     VEMRA_SHIM_HURRY=1    usleep returns at once: the database asks again without a pause
+///     VEMRA_SHIM_HURRY=1    usleep and nanosleep return at once: the database asks again without a pause
 ///     VEMRA_SHIM_OFF=FILE   nothing fails any more once this file is there
 ///     VEMRA_SHIM_LOG=FILE   every call is appended to this file, as `Shim::log` describes
 
