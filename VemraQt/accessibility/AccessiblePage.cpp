@@ -19,10 +19,13 @@ namespace {
 class AccessibleArea final : public QAccessibleWidget {
  public:
   explicit AccessibleArea(AccessibleTree& tree)
-      : QAccessibleWidget(&tree.area(), QAccessible::Pane), tree_(&tree) {}
+      : QAccessibleWidget(&tree.area(), QAccessible::Client), tree_(&tree) {}
 
   QAccessible::Role role() const override {
-    return widget()->isWindow() ? QAccessible::Window : QAccessible::Pane;
+    if (widget()->isWindow()) return QAccessible::Window;
+    // Orca reads a layered pane by its name alone, before a control that gets the focus in it; with
+    // a panel it would also read many of its texts then. It passes over a client without a name.
+    return text(QAccessible::Name).isEmpty() ? QAccessible::Client : QAccessible::LayeredPane;
   }
   QString text(QAccessible::Text kind) const override {
     if (atspi::asksForIdentifier(kind)) return widget()->objectName();

@@ -92,7 +92,19 @@ TEST_F(AccessibleObjectsTest, ThePageIsAWindowOnlyWhenItIsOne) {
   QMainWindow window;
   auto* inside = new qt::ViewWidget;
   window.setCentralWidget(inside);
-  EXPECT_EQ(QAccessible::queryAccessibleInterface(inside)->role(), QAccessible::Pane);
+  const QAccessibleInterface* pane = QAccessible::queryAccessibleInterface(inside);
+  EXPECT_EQ(pane->role(), QAccessible::Client) << "nothing to read";
+  inside->setAccessibleName("Contacts");
+  EXPECT_EQ(pane->role(), QAccessible::LayeredPane);
+}
+
+TEST_F(AccessibleObjectsTest, ThePageIsNamedByItsFirstTitleUnlessTheHostNamesIt) {
+  widget.setRoot(ui::VStack(ui::HorizontalAlignment::leading, 4,
+                            {ui::Text("quiet"), ui::Text("Contacts").font(ui::Font::title2),
+                             ui::Text("Friends").font(ui::Font::headline)}));
+  EXPECT_EQ(name(page()), "Contacts");
+  widget.setAccessibleName("People");
+  EXPECT_EQ(name(page()), "People");
 }
 
 TEST_F(AccessibleObjectsTest, AChoiceHasTheNameOfItsMenuItem) {

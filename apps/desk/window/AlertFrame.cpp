@@ -1,9 +1,13 @@
 #include "apps/desk/window/AlertFrame.hpp"
 
+#include <utility>
+
 #include <QAccessibleWidget>
 
 namespace vemra::desk {
 namespace {
+
+constexpr int millisecondsOfAMoment = 400;
 
 QAccessibleInterface* makeAlert(const QString&, QObject* object) {
   auto* frame = qobject_cast<AlertFrame*>(object);
@@ -20,19 +24,26 @@ AlertFrame::AlertFrame(QWidget* parent) : QFrame(parent) {
   setBackgroundRole(QPalette::AlternateBase);
 }
 
-void AlertFrame::announce(const QString& message) {
-  if (!isHidden() && accessibleName() == message) return;
+void AlertFrame::announce(const QString& message, const QString& news) {
+  const bool wasShown = !isHidden();
   setAccessibleName(message);
   show();
-  QAccessibleEvent alert(this, QAccessible::Alert);
-  QAccessible::updateAccessibility(&alert);
+  if (wasShown) say(news);
 }
 
 void AlertFrame::rename(const QString& message) {
   if (accessibleName() == message) return;
   setAccessibleName(message);
-  QAccessibleEvent alert(this, QAccessible::Alert);
-  QAccessible::updateAccessibility(&alert);
+  if (isVisible()) say(message);
+}
+
+/// A screen reader reads a notification when it appears. It reads no name that changes later, and
+/// Qt 6.4 does not send the event of an alert to the accessibility bus. So another notification
+/// appears, with the news as its name.
+void AlertFrame::say(const QString& news) {
+  if (news.isEmpty()) return;
+  if (!news_) news_ = new Announcement(this);
+  news_->announce(news);
 }
 
 Announcement::Announcement(QWidget* parent) : AlertFrame(parent) {
@@ -41,11 +52,20 @@ Announcement::Announcement(QWidget* parent) : AlertFrame(parent) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
   resize(1, 1);
   hide();
+  moment_.setSingleShot(true);
+  moment_.setInterval(millisecondsOfAMoment);
+  connect(&moment_, &QTimer::timeout, this,
+          [this] { announce(std::exchange(soon_, {}).join(QLatin1Char(' '))); });
 }
 
 void Announcement::announce(const QString& message) {
   hide();
-  AlertFrame::announce(message);
+  AlertFrame::announce(message, {});
+}
+
+void Announcement::announceSoon(const QString& message) {
+  soon_.append(message);
+  moment_.start();
 }
 
 }  // namespace vemra::desk

@@ -1,8 +1,12 @@
 #pragma once
 
 #include <QFrame>
+#include <QStringList>
+#include <QTimer>
 
 namespace vemra::desk {
+
+class Announcement;
 
 /// A bar with a message: for assistive technology a notification, which a screen reader reads when
 /// it appears. Its name is the message.
@@ -13,11 +17,16 @@ class AlertFrame : public QFrame {
   explicit AlertFrame(QWidget* parent = nullptr);
 
  protected:
-  /// Shows the bar, with this message as its name. Announces a message that differs from the
-  /// previous one, or appears again.
-  void announce(const QString& message);
-  /// The same for a frame that its parent shows and hides.
+  /// Shows the bar, with this message as its name. A screen reader reads the message when the bar
+  /// appears, and `news` when the bar was visible before; "" says nothing then.
+  void announce(const QString& message, const QString& news);
+  /// The same for a frame that its parent shows and hides; a changed message is all news.
   void rename(const QString& message);
+
+ private:
+  void say(const QString& news);
+
+  Announcement* news_ = nullptr;  ///< made with the first news
 };
 
 /// A notification that is only heard: it takes no room and draws nothing. It is inside the widget
@@ -31,6 +40,14 @@ class Announcement : public AlertFrame {
   /// Announces a text, also one that was announced before. Before its parent is shown, a screen
   /// reader hears it when that is shown.
   void announce(const QString& message);
+  /// Announces a text together with those that follow within a moment: a screen reader reads the
+  /// name of a notification some time after it has appeared, and would read the last of several
+  /// names several times.
+  void announceSoon(const QString& message);
+
+ private:
+  QStringList soon_;
+  QTimer moment_;
 };
 
 }  // namespace vemra::desk

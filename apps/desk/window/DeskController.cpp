@@ -4,6 +4,7 @@
 #include "VemraPlatform/text/Equality.hpp"
 #include "VemraQt/StartOnMainThread.hpp"
 #include "apps/desk/store/SampleGoals.hpp"
+#include "apps/desk/window/GoalNews.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/PlainText.hpp"
 #include "apps/desk/window/Reasons.hpp"
@@ -55,7 +56,8 @@ DeskController::DeskController(std::shared_ptr<StoreEngine> engine, DeskDisplay&
     : engine_(std::move(engine)), display_(display), waiting_(engine_, journalOf(*engine_)) {
   connect(&waiting_, &WaitingOutcomes::changed, this,
           [this] { display_.showWaiting(waiting_.notes()); });
-  connect(&waiting_, &WaitingOutcomes::recorded, this, [this] {
+  connect(&waiting_, &WaitingOutcomes::recorded, this, [this](const std::string& id) {
+    display_.noteStored(id);
     if (goalID_) loadGoal();
     if (refreshDetails_) refreshDetails_();
   });
@@ -88,9 +90,10 @@ void DeskController::takeGoals(task::Result<std::vector<GoalListing>> result) {
     return;
   }
   shownBefore_.remove(loadingGoals());
-  const std::vector<GoalListing> goals = std::move(result).take();
-  if (!goalID_ && !goals.empty()) goalID_ = goals.front().id;
-  display_.showGoals(goals, goalID_.value_or(""));
+  const std::vector<GoalListing> before = std::exchange(goals_, std::move(result).take());
+  if (!goalID_ && !goals_.empty()) goalID_ = goals_.front().id;
+  display_.showGoals(goals_, goalID_.value_or(""));
+  if (std::exchange(hasNewGoals_, false)) announce(newsOf(before, goals_));
   if (goalID_) loadGoal();
 }
 
@@ -127,7 +130,16 @@ void DeskController::takeGoal(const std::string& goalID, std::uint64_t store,
     return;
   }
   shownBefore_.remove(loadingGoal());
-  display_.showGoal({goalID, std::move(result).take(), store});
+  std::optional<LoadedGoal> before =
+      std::exchange(shown_, LoadedGoal{goalID, std::move(result).take(), store});
+  display_.showGoal(*shown_);
+  const bool isNews = std::exchange(hasNewResult_, false);
+  const bool isSameGoal = before && before->id == goalID && before->store == store;
+  if (isNews && isSameGoal) announce(newsOf(before->snapshot, shown_->snapshot));
+}
+
+void DeskController::announce(const QString& news) {
+  if (!news.isEmpty()) display_.announce(news);
 }
 
 void DeskController::record(const LoadedGoal& goal, const GoalOutcomeRecordingInput& input) {
@@ -222,6 +234,7 @@ void DeskController::takeVersion(task::Result<std::int64_t> result) {
   const std::int64_t version = std::move(result).take();
   const bool isSame = std::exchange(version_, version).value_or(version) == version;
   if (isSame && before.isEmpty()) return;
+  hasNewGoals_ = hasNewResult_ = !isSame;  // of another program
   loadGoals();
   if (refreshDetails_) refreshDetails_();
   waiting_.tryInTheirStore();

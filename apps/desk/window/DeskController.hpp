@@ -67,6 +67,7 @@ class DeskController : public QObject {
   void takeGoals(task::Result<std::vector<GoalListing>> result);
   void takeGoal(const std::string& goalID, std::uint64_t store,
                 task::Result<GoalResultSnapshotV1> result);
+  void announce(const QString& news);
   void lookForChanges();
   void takeVersion(task::Result<std::int64_t> result);
 
@@ -83,6 +84,10 @@ class DeskController : public QObject {
   DeskDisplay& display_;
   WaitingOutcomes waiting_;
   std::optional<std::string> goalID_;     // of the open goal
+  std::vector<GoalListing> goals_;        // as shown last
+  std::optional<LoadedGoal> shown_;       // as shown last
+  bool hasNewGoals_ = false;              // the next list may have news of another program
+  bool hasNewResult_ = false;             // so may the next result
   std::uint64_t detailsRequest_ = 0;      // the last look-up
   std::function<void()> refreshDetails_;  // looks up the shown details again
   std::optional<std::int64_t> version_;   // of the store, at the last check

@@ -42,6 +42,11 @@ class DeskDisplay {
   /// The outcomes that are not stored yet, oldest first; none when all are.
   virtual void showWaiting(const std::vector<WaitingNote>& waiting) = 0;
 
+  /// The outcome with that id is stored; `showWaiting` without it follows.
+  virtual void noteStored(const std::string& id) = 0;
+  /// A sentence for assistive technology about something that the window shows by itself.
+  virtual void announce(const QString& sentence) = 0;
+
   virtual void showPerson(PersonKnowledge person) = 0;
   virtual void showEvidence(EvidenceKnowledge evidence) = 0;
   /// `names` are those of the people on the path, nil where a person has none.

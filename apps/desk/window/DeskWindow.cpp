@@ -4,6 +4,7 @@
 #include "VemraPlatform/text/Equality.hpp"
 #include "VemraQt/StartOnMainThread.hpp"
 #include "VemraRecording/Recorder.hpp"
+#include "apps/desk/window/AlertFrame.hpp"
 #include "apps/desk/window/FailurePage.hpp"
 #include "apps/desk/window/FindPeople.hpp"
 #include "apps/desk/window/GoalList.hpp"
@@ -58,6 +59,7 @@ DeskWindow::DeskWindow(StoreOpening opening, std::optional<std::string> goalID,
   column->addWidget(&find_->bar());
   column->addWidget(waiting_);
   column->addWidget(notice_);
+  announcement_ = new Announcement(page);
   setCentralWidget(page);
   connectPanes();
   connectMenus();
@@ -240,6 +242,10 @@ void DeskWindow::showFailure(const QString& reason) {
 
 void DeskWindow::showNotice(const QString& text, std::function<void()> tryAgain) {
   notice_->show(text, std::move(tryAgain));
+}
+
+void DeskWindow::announce(const QString& sentence) {
+  announcement_->announceSoon(sentence);
 }
 
 void DeskWindow::showPerson(PersonKnowledge person) {

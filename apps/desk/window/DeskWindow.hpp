@@ -22,6 +22,7 @@
 
 namespace vemra::desk {
 
+class Announcement;
 class FailurePage;
 class FindPeople;
 class GoalsBar;
@@ -116,6 +117,8 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   void showFailure(const QString& reason) override;
   void showNotice(const QString& text, std::function<void()> tryAgain) override;
   void showWaiting(const std::vector<WaitingNote>& waiting) override;
+  void noteStored(const std::string& id) override;
+  void announce(const QString& sentence) override;
   void showPerson(PersonKnowledge person) override;
   void showEvidence(EvidenceKnowledge evidence) override;
   void showPath(const GoalPathCandidateDTO& path,
@@ -151,6 +154,7 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   Notice* notice_;
   WaitingBar* waiting_;
   ReadOnlyBar* readOnly_;
+  Announcement* announcement_;        // of changes that the window shows by themselves
   QPointer<QMessageBox> question_;    ///< whether to close, or to discard; one at a time
   bool mayClose_ = false;             ///< the user has decided to
   std::function<void()> whenStored_;  ///< the next step once everything is stored

@@ -86,4 +86,9 @@ void DeskWindow::showWaiting(const std::vector<WaitingNote>& waiting) {
   if (waiting.empty() && whenStored_) leave(whenStored_);
 }
 
+void DeskWindow::noteStored(const std::string& id) {
+  const QString news = waiting_->newsOfStored(id);
+  if (!news.isEmpty()) announce(news);
+}
+
 }  // namespace vemra::desk

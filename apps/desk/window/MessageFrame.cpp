@@ -1,5 +1,6 @@
 #include "apps/desk/window/MessageFrame.hpp"
 
+#include "apps/desk/window/NextTabStop.hpp"
 #include "apps/desk/window/Pieces.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
@@ -23,7 +24,8 @@ MessageFrame::MessageFrame(MessageForm form, const QString& name, QWidget* paren
     : AlertFrame(parent),
       form_(form),
       message_(makeLabel({}, TextRole::body)),
-      buttons_(new QHBoxLayout) {
+      buttons_(new QHBoxLayout),
+      tabStop_(new NextTabStop(*this)) {
   setObjectName(name);
   if (form_ == MessageForm::page) {
     setFrameShape(QFrame::NoFrame);
@@ -66,14 +68,29 @@ QPushButton* MessageFrame::addButton(const QString& title, const QString& name,
 }
 
 void MessageFrame::setMessage(const QString& whole) {
+  setMessage(whole, firstPiece(whole) == message_->text() ? QString() : firstPiece(whole));
+}
+
+void MessageFrame::setMessage(const QString& whole, const QString& news) {
   const QString message = firstPiece(whole);
   message_->setText(message);
-  if (form_ == MessageForm::bar) {
-    announce(message);
-    placeButtons();
-  } else {
+  if (form_ == MessageForm::page) {
     rename(title_ + ". " + message);
+    return;
   }
+  const bool isNews = isHidden() || !news.isEmpty();
+  announce(message, news);
+  placeButtons();
+  if (!nextTabStop_) {
+    tabStop_->forget();
+  } else if (isNews) {
+    tabStop_->expect(*nextTabStop_);
+  }
+}
+
+void MessageFrame::dismiss() {
+  tabStop_->giveBack();
+  hide();
 }
 
 void MessageFrame::resizeEvent(QResizeEvent* event) {

@@ -10,6 +10,8 @@ class QPushButton;
 
 namespace vemra::desk {
 
+class NextTabStop;
+
 /// The place of a message: a bar beside the content, or a page in place of the content.
 enum class MessageForm { bar, page };
 
@@ -36,6 +38,12 @@ class MessageFrame : public AlertFrame {
 
   /// Shows a message, and announces one that differs from the shown one.
   void setMessage(const QString& whole);
+  /// Shows a message. Announces all of it when the bar appears, and else only `news`, if not "".
+  void setMessage(const QString& whole, const QString& news);
+  /// With the next announcement that button of the bar becomes the next Tab stop; none with nullptr.
+  void setNextTabStop(QPushButton* button) { nextTabStop_ = button; }
+  /// Hides a bar; a control that had the focus before one of its buttons has it again.
+  void dismiss();
 
   void resizeEvent(QResizeEvent* event) override;
 
@@ -48,6 +56,8 @@ class MessageFrame : public AlertFrame {
   QLabel* message_;
   QBoxLayout* content_;
   QBoxLayout* buttons_;
+  QPushButton* nextTabStop_ = nullptr;
+  NextTabStop* tabStop_;
 };
 
 }  // namespace vemra::desk

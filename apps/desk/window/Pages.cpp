@@ -7,7 +7,7 @@ namespace {
 
 class AccessiblePages final : public QAccessibleWidget {
  public:
-  explicit AccessiblePages(Pages& pages) : QAccessibleWidget(&pages, QAccessible::LayeredPane) {}
+  explicit AccessiblePages(Pages& pages) : QAccessibleWidget(&pages, QAccessible::Client) {}
 
   int childCount() const override { return current() != nullptr ? 1 : 0; }
   QAccessibleInterface* child(int index) const override {

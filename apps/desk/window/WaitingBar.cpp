@@ -53,22 +53,21 @@ QString messageOf(const std::vector<WaitingNote>& waiting) {
 
 }  // namespace
 
-QString lineOf(const WaitingNote& note) {
-  return localized("“%1” for %2 (%3)")
-      .arg(isolated(note.outcome), nameInMessage(note.subject), nameInMessage(note.goalTitle));
-}
-
 WaitingBar::WaitingBar(QWidget* parent) : MessageFrame(MessageForm::bar, "desk.waiting", parent) {
-  addButton(localized("Try again"), "desk.waiting.again", [this] { Q_EMIT tryAgainWanted(); });
+  setNextTabStop(addButton(localized("Try again"), "desk.waiting.again", [this] {
+    news_.expectReasons();
+    Q_EMIT tryAgainWanted();
+  }));
   addButton(localized("Discard…"), "desk.waiting.discard", [this] { Q_EMIT discardWanted(); });
 }
 
 void WaitingBar::setWaiting(const std::vector<WaitingNote>& waiting) {
+  const QString news = news_.of(waiting);
   if (waiting.empty()) {
-    hide();
-    return;
+    dismiss();
+  } else {
+    setMessage(messageOf(waiting), news);
   }
-  setMessage(messageOf(waiting));
 }
 
 }  // namespace vemra::desk

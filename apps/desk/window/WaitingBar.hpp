@@ -1,14 +1,13 @@
 #pragma once
 
 #include "apps/desk/window/MessageFrame.hpp"
+#include "apps/desk/window/WaitingNews.hpp"
 #include "apps/desk/window/WaitingOutcomes.hpp"
 
+#include <string>
 #include <vector>
 
 namespace vemra::desk {
-
-/// One line for an outcome that is not stored yet: the outcome, the person and the goal.
-QString lineOf(const WaitingNote& note);
 
 /// A bar that names the outcomes that are not stored yet, the reason, and what will happen to them.
 /// Hidden without such outcomes.
@@ -19,10 +18,16 @@ class WaitingBar : public MessageFrame {
   explicit WaitingBar(QWidget* parent = nullptr);
 
   void setWaiting(const std::vector<WaitingNote>& waiting);
+  /// The sentence for assistive technology when that outcome is stored; "" when the bar has not
+  /// shown it. Call it before `setWaiting` leaves the outcome out.
+  QString newsOfStored(const std::string& id) { return news_.ofStored(id); }
 
  Q_SIGNALS:
   void tryAgainWanted();
   void discardWanted();
+
+ private:
+  WaitingNews news_;
 };
 
 }  // namespace vemra::desk

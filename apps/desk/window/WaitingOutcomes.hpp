@@ -91,8 +91,8 @@ class WaitingOutcomes : public QObject {
   bool isEmpty() const { return entries_.empty(); }
 
  Q_SIGNALS:
-  /// An outcome is in the store now.
-  void recorded();
+  /// The outcome with that id is in the store now.
+  void recorded(const std::string& id);
   /// `notes` may have changed.
   void changed();
   /// The journal cannot be used; `reason` is a line that names the file and the place.

@@ -1159,5 +1159,25 @@
         <source>&amp;Dark</source>
         <translation>&amp;Dunkel</translation>
     </message>
+    <message>
+        <source>Stored: %1</source>
+        <translation>Gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>New goals: %1.</source>
+        <translation>Neue Ziele: %1.</translation>
+    </message>
+    <message>
+        <source>New in this goal: %1.</source>
+        <translation>Neu in diesem Ziel: %1.</translation>
+    </message>
+    <message>
+        <source>No longer in this goal: %1.</source>
+        <translation>Nicht mehr in diesem Ziel: %1.</translation>
+    </message>
+    <message>
+        <source>This goal has changed.</source>
+        <translation>Dieses Ziel hat sich geändert.</translation>
+    </message>
 </context>
 </TS>

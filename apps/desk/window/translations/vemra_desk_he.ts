@@ -1159,5 +1159,25 @@
         <source>&amp;Dark</source>
         <translation>&amp;כהה</translation>
     </message>
+    <message>
+        <source>Stored: %1</source>
+        <translation>נשמר: %1</translation>
+    </message>
+    <message>
+        <source>New goals: %1.</source>
+        <translation>מטרות חדשות: %1.</translation>
+    </message>
+    <message>
+        <source>New in this goal: %1.</source>
+        <translation>חדש במטרה הזאת: %1.</translation>
+    </message>
+    <message>
+        <source>No longer in this goal: %1.</source>
+        <translation>כבר לא במטרה הזאת: %1.</translation>
+    </message>
+    <message>
+        <source>This goal has changed.</source>
+        <translation>המטרה הזאת השתנתה.</translation>
+    </message>
 </context>
 </TS>

@@ -58,6 +58,11 @@ struct Written final : DeskDisplay {
     ++timesDetailed;
   }
   void closeDetails() override { ++timesClosed; }
+  void noteStored(const std::string& id) override { stored.push_back(id); }
+  void announce(const QString& sentence) override {
+    announced.push_back(
+        QString(sentence).remove(QChar(0x2068)).remove(QChar(0x2069)).toStdString());
+  }
 
   std::string goalID() const { return goal ? goal->id : ""; }
 
@@ -67,7 +72,7 @@ struct Written final : DeskDisplay {
   std::set<std::string> shown;  // the goals that have been shown
   std::vector<std::optional<std::string>> namesOnPath;
   std::string failure;
-  std::vector<std::string> notices;
+  std::vector<std::string> notices, announced, stored;
   std::function<void()> tryAgain;
   std::vector<WaitingNote> waiting;
   std::size_t mostWaiting = 0;
@@ -174,6 +179,8 @@ TEST_F(DeskControllerTest, ARecordedOutcomeAppearsInTheGoal) {
   EXPECT_TRUE(becomes([&] { return !(display.goal->snapshot == before); }));
   EXPECT_EQ(outcomes("g1").size(), 1u);
   EXPECT_THAT(display.notices, IsEmpty());
+  EXPECT_EQ(display.stored.size(), 1u);
+  EXPECT_THAT(display.announced, IsEmpty());
   EXPECT_EQ(display.mostWaiting, 0u) << "an outcome that is stored at once is not shown as waiting";
 }
 

@@ -1,11 +1,19 @@
+#include "VemraPlatform/ui/View.hpp"
+#include "VemraQt/ViewWidget.hpp"
 #include "apps/desk/window/Notice.hpp"
+#include "tests/VemraQt/ActiveWindow.hpp"
+#include "tests/apps/desk/window/HeardAlerts.hpp"
+#include "tests/apps/desk/window/Keys.hpp"
 
 #include <QLabel>
 #include <QPushButton>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace vemra::desk {
 namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 class NoticeTest : public ::testing::Test {
  protected:
@@ -75,6 +83,75 @@ TEST_F(NoticeTest, ItsContentKeepsItsDistanceFromTheEdges) {
   EXPECT_EQ(notice.width() - 1 - dismiss().geometry().right(), frame + 12);
   EXPECT_EQ(dismiss().y(), frame + 8);
   EXPECT_EQ(notice.height() - 1 - dismiss().geometry().bottom(), frame + 8);
+}
+
+TEST_F(NoticeTest, TheNextTabGoesToTryAgainAndPressingItGivesTheFocusBack) {
+  QPushButton before("before", &window), after("after", &window);
+  window.show();
+  qttest::activate(window);
+  before.setFocus();
+  notice.show("failed", [this] { ++tries; });
+  EXPECT_TRUE(before.hasFocus()) << "a message takes no focus";
+  pressKey(before, Qt::Key_Tab);
+  EXPECT_TRUE(again().hasFocus());
+  pressKey(again(), Qt::Key_Space);
+  EXPECT_EQ(tries, 1);
+  EXPECT_TRUE(before.hasFocus());
+  pressKey(before, Qt::Key_Tab);
+  EXPECT_TRUE(after.hasFocus()) << "Tab is as usual";
+}
+
+TEST_F(NoticeTest, ShiftTabOnTryAgainGoesBackAndTheFollowingTabIsAsUsual) {
+  QPushButton before("before", &window), after("after", &window);
+  window.show();
+  qttest::activate(window);
+  before.setFocus();
+  notice.show("failed", [this] { ++tries; });
+  pressKey(before, Qt::Key_Tab);
+  pressKey(again(), Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_TRUE(before.hasFocus());
+  pressKey(before, Qt::Key_Tab);
+  EXPECT_TRUE(after.hasFocus());
+}
+
+TEST_F(NoticeTest, AMessageWithoutAnythingToTryChangesNoTab) {
+  QPushButton before("before", &window), after("after", &window);
+  window.show();
+  qttest::activate(window);
+  before.setFocus();
+  notice.show("failed", [this] { ++tries; });
+  notice.show("exported");
+  pressKey(before, Qt::Key_Tab);
+  EXPECT_TRUE(after.hasFocus());
+}
+
+TEST_F(NoticeTest, PressingTryAgainGivesTheFocusBackToAnElementOfAPage) {
+  qt::ViewWidget page(&window);
+  page.setEnvironment({});
+  page.resize(200, 200);
+  page.setRoot(ui::VStack(ui::HorizontalAlignment::leading, 4,
+                          {ui::Button("One", [] {}).accessibilityIdentifier("one"),
+                           ui::Button("Two", [] {}).accessibilityIdentifier("two")}));
+  window.show();
+  qttest::activate(window);
+  ASSERT_TRUE(page.focus("two"));
+  const QWidget* two = window.focusWidget();
+  notice.show("failed", [this] { ++tries; });
+  pressKey(*window.focusWidget(), Qt::Key_Tab);
+  ASSERT_TRUE(again().hasFocus());
+  pressKey(again(), Qt::Key_Space);
+  EXPECT_EQ(window.focusWidget(), two);
+}
+
+TEST_F(NoticeTest, AnotherMessageOfAVisibleNoticeIsAnnouncedAndTheSameOneIsNot) {
+  window.show();
+  HeardAlerts alerts;
+  notice.show("failed");
+  EXPECT_THAT(alerts.take(), ElementsAre("failed"));
+  notice.show("failed differently");
+  EXPECT_THAT(alerts.take(), ElementsAre("failed differently"));
+  notice.show("failed differently");
+  EXPECT_THAT(alerts.take(), IsEmpty());
 }
 
 TEST_F(NoticeTest, DismissingHidesItAndTriesNothing) {

@@ -1,10 +1,14 @@
 #include "apps/desk/window/WaitingBar.hpp"
+#include "tests/apps/desk/window/HeardAlerts.hpp"
 
 #include <QLabel>
-#include <gtest/gtest.h>
+#include <QPushButton>
+#include <gmock/gmock.h>
 
 namespace vemra::desk {
 namespace {
+
+using ::testing::ElementsAre;
 
 WaitingNote note(const QString& person, const QString& reason, const QString& unkept = {}) {
   return {"id", "Helped", person, "Sail", reason, unkept};
@@ -33,6 +37,49 @@ TEST(WaitingBarTest, AnOutcomeThatWouldBeLostIsNamedAlsoBehindMany) {
             "Not stored yet (5):\n“Helped” for Ada (Sail)\n“Helped” for Ada (Sail)\n“Helped” for "
             "Ada (Sail)\nand 2 more\ns: is locked\nIt would be lost if the program ended now: "
             "“Helped” for Zoe (Sail). The journal is not there.");
+}
+
+WaitingNote noteOf(const std::string& id, const QString& person, const QString& reason) {
+  WaitingNote one = note(person, reason);
+  one.id = id;
+  return one;
+}
+
+TEST(WaitingBarTest, AVisibleBarAnnouncesNewOutcomesAndNewReasonsOnly) {
+  QWidget window;
+  WaitingBar bar(&window);
+  window.show();
+  HeardAlerts alerts;
+  bar.setWaiting({noteOf("1", "Ada", "")});
+  EXPECT_THAT(alerts.take(), ElementsAre("Not stored yet:\n“Helped” for Ada (Sail)"));
+  bar.setWaiting({noteOf("1", "Ada", "s: is locked")});
+  EXPECT_THAT(alerts.take(), ElementsAre("s: is locked"));
+  bar.setWaiting({noteOf("1", "Ada", "s: is locked"), noteOf("2", "Bob", "s: is locked")});
+  EXPECT_THAT(alerts.take(), ElementsAre("Not stored yet:\n“Helped” for Bob (Sail)"));
+  bar.setWaiting({noteOf("2", "Bob", "s: is locked")});
+  bar.setWaiting({noteOf("2", "Bob", "s: is full")});
+  bar.setWaiting({noteOf("2", "Bob", "s: is locked")});
+  EXPECT_THAT(alerts.take(), ElementsAre("s: is full"));
+}
+
+TEST(WaitingBarTest, TryingAgainAnnouncesItsFailureAgain) {
+  QWidget window;
+  WaitingBar bar(&window);
+  window.show();
+  bar.setWaiting({noteOf("1", "Ada", "s: is locked")});
+  HeardAlerts alerts;
+  bar.findChild<QPushButton*>("desk.waiting.again")->click();
+  bar.setWaiting({noteOf("1", "Ada", "s: is locked")});
+  EXPECT_THAT(alerts.take(), ElementsAre("s: is locked"));
+}
+
+TEST(WaitingBarTest, TheStoringOfAnOutcomeIsNewsIfItWasShownAsWaiting) {
+  WaitingBar bar;
+  bar.setWaiting({noteOf("1", "Ada", "")});
+  EXPECT_EQ(bar.newsOfStored("2"), "");
+  EXPECT_EQ(bar.newsOfStored("1").remove(QChar(0x2068)).remove(QChar(0x2069)),
+            "Stored: “Helped” for Ada (Sail)");
+  EXPECT_EQ(bar.newsOfStored("1"), "") << "once";
 }
 
 }  // namespace

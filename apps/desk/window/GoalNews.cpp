@@ -1,0 +1,73 @@
+#include "apps/desk/window/GoalNews.hpp"
+
+#include "VemraPlatform/text/Equality.hpp"
+#include "apps/desk/window/GoalRow.hpp"
+#include "apps/desk/window/Localized.hpp"
+#include "apps/desk/window/PlainText.hpp"
+
+#include <string>
+#include <string_view>
+#include <unordered_set>
+
+namespace vemra::desk {
+namespace {
+
+using Ids = std::unordered_set<std::string_view, text::Hash, text::Equal>;
+
+template <class Things, class IdOf>
+Ids idsOf(const Things& things, IdOf idOf) {
+  Ids ids;
+  ids.reserve(things.size());
+  for (const auto& thing : things) ids.insert(idOf(thing));
+  return ids;
+}
+
+/// The names of the things that are not in `others`: the first of them, and the number of the rest.
+template <class Things, class IdOf, class NameOf>
+QString namesOfOthers(const Things& things, const Things& others, IdOf idOf, NameOf nameOf) {
+  constexpr std::size_t mostNamed = 3;
+  const Ids known = idsOf(others, idOf);
+  QStringList names;
+  std::size_t unnamed = 0;
+  for (const auto& thing : things) {
+    if (known.contains(idOf(thing))) continue;
+    if (static_cast<std::size_t>(names.size()) < mostNamed) {
+      names.append(nameInMessage(nameOf(thing)));
+    } else {
+      ++unnamed;
+    }
+  }
+  if (unnamed > 0) names.append(localized("and %1 more").arg(unnamed));
+  return names.join(QStringLiteral(", "));
+}
+
+QString nameOfPerson(const GoalPersonCandidateDTO& person) {
+  return fromUTF8(person.displayName.value_or(person.personRef));
+}
+
+}  // namespace
+
+QString newsOf(const std::vector<GoalListing>& before, const std::vector<GoalListing>& after) {
+  const QString names = namesOfOthers(
+      after, before, [](const GoalListing& goal) -> std::string_view { return goal.id; },
+      [](const GoalListing& goal) { return GoalRow::nameOf(fromUTF8(goal.title)); });
+  return names.isEmpty() ? QString() : localized("New goals: %1.").arg(names);
+}
+
+QString newsOf(const GoalResultSnapshotV1& before, const GoalResultSnapshotV1& after) {
+  const auto refOf = [](const GoalPersonCandidateDTO& person) -> std::string_view {
+    return person.personRef;
+  };
+  const QString added = namesOfOthers(after.people(), before.people(), refOf, nameOfPerson);
+  const QString gone = namesOfOthers(before.people(), after.people(), refOf, nameOfPerson);
+  QStringList sentences;
+  if (!added.isEmpty()) sentences.append(localized("New in this goal: %1.").arg(added));
+  if (!gone.isEmpty()) sentences.append(localized("No longer in this goal: %1.").arg(gone));
+  const bool isSame = before.goal() == after.goal() && before.people() == after.people() &&
+                      before.paths() == after.paths() && before.group() == after.group() &&
+                      before.coverage() == after.coverage();
+  if (sentences.isEmpty() && !isSame) sentences.append(localized("This goal has changed."));
+  return sentences.join(QLatin1Char(' '));
+}
+
+}  // namespace vemra::desk

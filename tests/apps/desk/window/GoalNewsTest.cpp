@@ -1,0 +1,57 @@
+#include "apps/desk/window/GoalNews.hpp"
+#include "tests/apps/desk/SampleResults.hpp"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace vemra::desk {
+namespace {
+
+std::string withoutIsolates(QString text) {
+  return text.remove(QChar(0x2068)).remove(QChar(0x2069)).toStdString();
+}
+
+GoalResultSnapshotV1 resultWith(std::vector<std::string> refs) {
+  auto result = goal("g1", "One");
+  std::vector<GoalPersonCandidateDTO> people;
+  for (const std::string& ref : refs) people.push_back(build::person(ref, "Name of " + ref));
+  result.people = std::move(people);
+  return GoalResultSnapshotV1(std::move(result));
+}
+
+std::string news(std::vector<std::string> before, std::vector<std::string> after) {
+  return withoutIsolates(newsOf(resultWith(std::move(before)), resultWith(std::move(after))));
+}
+
+TEST(GoalNewsTest, NamesNewGoalsAndCountsMany) {
+  const std::vector<GoalListing> one{{"g1", "One"}};
+  EXPECT_EQ(newsOf(one, one), "");
+  EXPECT_EQ(withoutIsolates(newsOf({}, one)), "New goals: One.");
+  const std::vector<GoalListing> five{
+      {"g2", "Two"}, {"g1", "Eins"}, {"g3", "Three"}, {"g4", "Four"}, {"g5", "Five"}};
+  EXPECT_EQ(withoutIsolates(newsOf(one, five)), "New goals: Two, Three, Four, and 1 more.");
+  EXPECT_EQ(newsOf(five, one), "");
+}
+
+TEST(GoalNewsTest, NamesPeopleWhoAreNewAndGone) {
+  EXPECT_EQ(news({"a", "b"}, {"b", "a"}), "This goal has changed.") << "another order";
+  EXPECT_EQ(news({"a", "b"}, {"a", "b"}), "");
+  EXPECT_EQ(news({"a", "b"}, {"c", "b"}),
+            "New in this goal: Name of c. No longer in this goal: Name of a.");
+  EXPECT_EQ(news({}, {"é"}), "New in this goal: Name of é.");
+  EXPECT_EQ(news({"\u00e9"}, {"e\u0301"}), "") << "one person under canonical equivalence";
+}
+
+TEST(GoalNewsTest, OutcomesAreNoNewsAndAnotherTitleIs) {
+  const GoalResultSnapshotV1 before(goal("g1", "One"));
+  const GoalResultSnapshotV1 recorded(
+      goal("g1", "One", {outcome("o1", "p1", GoalOutcomeValue::helped)}));
+  EXPECT_EQ(newsOf(before, recorded), "");
+  EXPECT_EQ(newsOf(before, GoalResultSnapshotV1(goal("g1", "Two"))), "This goal has changed.");
+}
+
+}  // namespace
+}  // namespace vemra::desk

@@ -1,0 +1,86 @@
+#include "apps/documents/ResultWriter.hpp"
+#include "tests/apps/desk/RawDatabase.hpp"
+#include "tests/apps/desk/window/HeardAlerts.hpp"
+#include "tests/apps/desk/window/OpenDesk.hpp"
+
+#include <gmock/gmock.h>
+
+namespace vemra::desk {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// The notifications that a screen reader reads while a person uses the window.
+class HeardStoryTest : public OpenDesk {
+ protected:
+  HeardStoryTest() { GoalStore::open(file).import({goal("g1", "One")}); }
+
+  void record() {
+    press("vemra.goal.person.p1.outcome.start");
+    press("vemra.goal.person.p1.outcome.save");
+  }
+
+  /// Whether that many notifications have appeared, and no more follow.
+  bool hears(std::size_t count) {
+    const bool isComplete = becomes([&] { return alerts.heard.size() >= count; });
+    pass(900);
+    return isComplete && alerts.heard.size() == count;
+  }
+
+  HeardAlerts alerts;
+};
+
+TEST_F(HeardStoryTest, AnOutcomeThatIsStoredAtOnceIsAnnouncedByNoNotification) {
+  open();
+  record();
+  ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.correct"), nullptr);
+  EXPECT_TRUE(hears(0)) << alerts.heard.front();
+}
+
+TEST_F(HeardStoryTest, AnOutcomeThatWaitsIsAnnouncedOnceItsReasonOnceAndItsStoringOnce) {
+  patience = Patience(20);
+  open();
+  ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.start"), nullptr);
+  RawDatabase other(file);
+  other.run("BEGIN IMMEDIATE");
+  record();
+  ASSERT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") != nullptr; }));
+  pass(2500);  // several tries fail for the same reason
+  const std::vector<std::string> waiting = alerts.take();
+  std::size_t outcomes = 0, reasons = 0;
+  for (const std::string& one : waiting) {
+    if (one.find("“Was useful” for Ada (One)") != std::string::npos) ++outcomes;
+    if (one.find("is in use") != std::string::npos) ++reasons;
+  }
+  EXPECT_EQ(outcomes, 1u);
+  EXPECT_EQ(reasons, 1u);
+  other.run("ROLLBACK");
+  EXPECT_TRUE(hears(1));
+  EXPECT_THAT(alerts.take(), ElementsAre("Stored: “Was useful” for Ada (One)"));
+}
+
+TEST_F(HeardStoryTest, ChangesOfAnotherProgramAreAnnouncedTogetherAndOnce) {
+  open();
+  ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.start"), nullptr);
+  pass(600);
+  EXPECT_THAT(alerts.take(), IsEmpty()) << "the first goals are no news";
+  auto changed = goal("g1", "One");
+  changed.people = {changed.people[0], build::person("p2", "Bo")};
+  GoalStore::open(file).import({changed, goal("g2", "Two"), goal("g3", "Three")});
+  EXPECT_TRUE(hears(1));
+  EXPECT_THAT(alerts.take(), ElementsAre("New goals: Two, Three. New in this goal: Bo."));
+}
+
+TEST_F(HeardStoryTest, AnImportOfThisWindowIsAnnouncedByItsNoticeAlone) {
+  open();
+  ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.start"), nullptr);
+  alerts.take();
+  const std::string document = folder.write("new.json", documents::writeResult(goal("g2", "Two")));
+  window->importDocuments({QString::fromStdString(document)});
+  EXPECT_TRUE(hears(1));
+  EXPECT_THAT(alerts.take(), ElementsAre("Documents imported: 1."));
+}
+
+}  // namespace
+}  // namespace vemra::desk
