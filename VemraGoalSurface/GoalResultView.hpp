@@ -34,8 +34,8 @@ namespace vemra {
 /// ".outcome.corrected-marker".
 ///
 /// The graph's environment decides the locale, the time zone and the translations. Its default is
-/// fixed (en_US, UTC, no translations); a host passes the user's environment,
-/// `ui::Environment::system()`.
+/// fixed (en_US, UTC, no translations). A `qt::ViewWidget` sets the system's; a host without one
+/// passes `ui::Environment::system()` with a strings table of its own.
 ///
 /// Main thread only: `body` and every action stop the process when they run elsewhere.
 class VEMRA_EXPORT GoalResultView {
