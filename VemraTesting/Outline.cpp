@@ -64,12 +64,33 @@ std::string propertyText(const Property& property) {
   return property.name + '=' + std::visit(ValueText{}, property.value);
 }
 
+void writeLine(const Element& element, const Properties& properties, std::size_t depth,
+               std::string& out) {
+  out.append(2 * depth, ' ').append(outlineLine(element));
+  for (const Property& property : properties) out.append(" ").append(propertyText(property));
+  out += '\n';
+}
+
 void write(const RenderedTree::Node& node, const ViewGraph& graph, std::size_t depth,
            std::string& out) {
-  out += std::string(2 * depth, ' ') + outlineLine(node.element);
-  for (const Property& property : graph.properties(node.id)) out += ' ' + propertyText(property);
-  out += '\n';
+  writeLine(node.element, graph.properties(node.id), depth, out);
   for (const RenderedTree::Node& child : node.children()) write(child, graph, depth + 1, out);
+}
+
+void write(const Node& node, ViewGraph& graph, std::size_t depth, std::string& out) {
+  writeLine(node.element, graph.properties(node.id), depth, out);
+  const bool isList = node.element.kind() == ElementKind::forEach;
+  const std::size_t rows = isList ? node.element.rowCount() : 0;
+  if (!isList || node.children.size() == rows) {
+    for (const Node* child : node.children) write(*child, graph, depth + 1, out);
+    return;
+  }
+  const NodeID list = node.id;
+  for (std::size_t row = 0; row < rows; ++row) {
+    if (const Node* shown = graph.find(graph.peekRow(list, row))) {
+      write(*shown, graph, depth + 1, out);
+    }
+  }
 }
 
 }  // namespace
@@ -103,6 +124,12 @@ std::string outlineLine(const Element& element) {
 std::string outline(const RenderedTree& tree, const ViewGraph& graph) {
   std::string out;
   if (tree.root()) write(*tree.root(), graph, 0, out);
+  return out;
+}
+
+std::string outline(ViewGraph& graph) {
+  std::string out;
+  if (graph.root()) write(*graph.root(), graph, 0, out);
   return out;
 }
 

@@ -2,6 +2,9 @@
 
 #include "VemraPlatform/text/UTF8.hpp"
 
+#include <algorithm>
+#include <cstddef>
+
 namespace vemra::text {
 namespace {
 
@@ -42,9 +45,22 @@ bool appendEscape(std::string& out, char32_t scalar) {
   return true;
 }
 
-/// Appends the text with escapes, and with a backslash before each character of `marked`.
+/// The length of the text's beginning that appears as it is: printable ASCII without a mark.
+std::size_t plainLength(std::string_view text, std::string_view marked) {
+  const auto isPlain = [marked](char byte) {
+    return byte >= 0x20 && byte < 0x7F && std::ranges::find(marked, byte) == marked.end();
+  };
+  return static_cast<std::size_t>(std::ranges::find_if_not(text, isPlain) - text.begin());
+}
+
+/// Appends the text with escapes, and with a backslash before each character of `marked`, which are
+/// ASCII.
 void appendOnOneLine(std::string& out, std::string_view text, std::string_view marked) {
-  while (!text.empty()) {
+  while (true) {
+    const std::size_t plain = plainLength(text, marked);
+    out += text.substr(0, plain);
+    text.remove_prefix(plain);
+    if (text.empty()) return;
     const auto [scalar, length] = firstStep(text);
     const std::string_view bytes = text.substr(0, length);
     text.remove_prefix(length);

@@ -1,6 +1,7 @@
 #include "apps/inspect/Inspection.hpp"
 
 #include "VemraGoalSurface/GoalResultView.hpp"
+#include "VemraTesting/Outline.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -16,10 +17,21 @@ using recording::ShowEvidence;
 Inspection::Inspection(const Case& inspected)
     : environment_(inspected.environment),
       namesCalls_(inspected.recorded.has_value() ||
-                  std::ranges::any_of(inspected.steps, [](const Step& step) {
-                    return std::holds_alternative<ExpectCall>(step);
-                  })) {
-  screens_.push_back(std::make_unique<testing::Screen>(view(inspected.result), environment_));
+                  std::ranges::any_of(
+                      inspected.steps,
+                      [](const Step& step) { return std::holds_alternative<ExpectCall>(step); })),
+      first_(view(inspected.result)) {}
+
+Inspection::Screens& Inspection::mounted() const {
+  if (screens_.empty()) screens_.push_back(std::make_unique<testing::Screen>(first_, environment_));
+  return screens_;
+}
+
+std::string Inspection::outline() const {
+  if (!screens_.empty()) return screen().outline();
+  ui::ViewGraph graph(environment_);
+  graph.setRoot(first_);
+  return testing::outline(graph);
 }
 
 StepResult Inspection::carryOut(const Step& step) {

@@ -21,7 +21,7 @@ using StepResult = std::optional<std::string>;
 /// Main thread only.
 class Inspection {
  public:
-  /// Mounts the screen of the case's result.
+  /// Mounts no screen yet: the first one is mounted when a step or a report needs it.
   explicit Inspection(const Case& inspected);
   Inspection(const Inspection&) = delete;
   Inspection& operator=(const Inspection&) = delete;
@@ -34,12 +34,18 @@ class Inspection {
   StepResult finish() const;
 
   /// The screen that is shown; a case may have several.
-  const testing::Screen& screen() const { return *screens_[shown_]; }
-  testing::Screen& screen() { return *screens_[shown_]; }
+  const testing::Screen& screen() const { return *mounted()[shown_]; }
+  testing::Screen& screen() { return *mounted()[shown_]; }
+  /// The outline of the screen that is shown. While no screen is mounted, it describes the rows one
+  /// after the other and keeps none, so a result of any length takes little memory.
+  std::string outline() const;
   const std::vector<recording::Call>& calls() const { return calls_; }
 
  private:
+  using Screens = std::vector<std::unique_ptr<testing::Screen>>;
+
   ui::View view(const GetGoalSnapshotResponse& result);
+  Screens& mounted() const;
 
   StepResult nextCallIs(const std::string& call);
 
@@ -47,7 +53,8 @@ class Inspection {
   std::vector<recording::Call> calls_;
   const bool namesCalls_;
   std::size_t callsExpected_ = 0;
-  std::vector<std::unique_ptr<testing::Screen>> screens_;  ///< by number
+  ui::View first_;           ///< of the case's result
+  mutable Screens screens_;  ///< by number; empty until one is needed
   std::size_t shown_ = 0;
 };
 

@@ -55,13 +55,14 @@ void OutlineReport::step(const Step& step, const StepResult& result, const Inspe
     recording::writeCall(call, inspection.calls()[callsSaid_]);
     text_ += "call: " + call.take() + '\n';
   }
-  if (trace_) text_ += '\n' + inspection.screen().outline() + '\n';
+  if (trace_) text_ += '\n' + inspection.outline() + '\n';
 }
 
 std::string OutlineReport::finish(const Inspection& inspection) {
   if (stepNumber_ > 0 && !trace_) text_ += '\n';
   // With a trace, the last step's outline is the one after the last step.
-  if (stepNumber_ == 0 || !trace_) text_ += inspection.screen().outline();
+  if (stepNumber_ == 0) return inspection.outline();
+  if (!trace_) text_ += inspection.outline();
   return std::exchange(text_, {});
 }
 

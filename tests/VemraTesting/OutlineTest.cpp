@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -40,6 +42,39 @@ TEST(OutlineTest, DistinguishesKeysFromTheirTranslations) {
   screen.type("ask.Ada.note", "x");
   screen.press("ask.Ada.send");
   expectAsInFile(screen.outline(), "outline-german.txt");
+}
+
+TEST(OutlineTest, OfAGraphThatDescribesRowByRowIsThatOfAScreen) {
+  std::vector<std::string> groups;
+  for (int i = 0; i < 200; ++i) groups.push_back("group " + std::to_string(i));
+  // Lists in the rows of a list, more rows than a graph keeps described at once, and pickers.
+  const ui::View lists = ui::ForEach(
+      std::move(groups), [](const std::string& id) -> const std::string& { return id; },
+      [](const std::string&) {
+        return ui::VStack(
+            ui::HorizontalAlignment::leading, 2,
+            {questionnaires([](const std::string&) {}), ui::Text(ui::verbatim("end"))});
+      });
+  const Screen screen(lists);
+  ui::ViewGraph graph;
+  EXPECT_EQ(outline(graph), "");
+  graph.setRoot(lists);
+  EXPECT_EQ(outline(graph), screen.outline());
+  EXPECT_EQ(outline(graph), screen.outline()) << "again";
+}
+
+TEST(OutlineTest, OfAGraphKeepsNoRows) {
+  std::vector<std::string> ids;
+  for (int i = 0; i < 5'000; ++i) ids.push_back(std::to_string(i));
+  ui::ViewGraph graph;
+  graph.setRoot(ui::ForEach(
+      std::move(ids), [](const std::string& id) -> const std::string& { return id; },
+      [](const std::string& id) { return ui::Text(ui::verbatim(id)); }));
+  EXPECT_NE(outline(graph).find("Text \"4999\""), std::string::npos);
+  const auto described = graph.work().rows;
+  EXPECT_EQ(described, 5'000u);
+  graph.peekRow(graph.root()->id, 0);
+  EXPECT_EQ(graph.work().rows, described + 1) << "the first row has been dropped";
 }
 
 TEST(OutlineTest, HasOneLineForEachElementWhateverItsTextContains) {

@@ -48,6 +48,13 @@ TEST(ImpossibleStepTest, ReportsTheReasonAndDoesNothing) {
   EXPECT_TRUE(inspection.calls().empty());
 }
 
+TEST(InspectionTest, AnOutlineWithoutAMountedScreenIsThatOfTheScreen) {
+  Inspection inspection = inspectionOf(300);
+  const std::string outline = inspection.outline();
+  EXPECT_EQ(outline, inspection.screen().outline());
+  EXPECT_EQ(outline, inspection.outline());
+}
+
 // A script may have a thousand such steps on a screen of ten thousand people.
 TEST(ImpossibleStepTest, CostsASearchAndNoDescriptionOfTheTree) {
 #ifdef VEMRA_ALLOCATIONS_ARE_NOT_COUNTED
@@ -55,6 +62,7 @@ TEST(ImpossibleStepTest, CostsASearchAndNoDescriptionOfTheTree) {
 #endif
   Inspection small = inspectionOf(10);
   Inspection large = inspectionOf(1000);
+  large.screen();  // mounts it
   for (const auto& [step, reason] : impossible) {
     allocationsOf(small, step);  // so that later calls make no first-time allocations
     EXPECT_EQ(allocationsOf(large, step), allocationsOf(small, step)) << reason;
