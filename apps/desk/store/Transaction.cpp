@@ -26,7 +26,11 @@ Transaction::~Transaction() {
 }
 
 void Transaction::rollBack() noexcept {
-  sqlite3_exec(database_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+  // `ROLLBACK` takes memory too. When that fails once, the second try ends the transaction, which
+  // would otherwise stand in the way of the next one.
+  for (int tries = 0; tries < 2 && sqlite3_get_autocommit(database_.handle()) == 0; ++tries) {
+    sqlite3_exec(database_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+  }
 }
 
 void Transaction::commit() {
