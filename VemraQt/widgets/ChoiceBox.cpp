@@ -140,6 +140,7 @@ void ChoiceBox::paintEvent(QPaintEvent*) {
   frameIn(theme(), option);
   option.state &= ~QStyle::State_HasFocus;
   painter.drawComplexControl(QStyle::CC_ComboBox, option);
+  strengthenFrame(painter, *this, theme());
   const QRect field =
       style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
   painter.setPen(option.palette.color(QPalette::ButtonText));

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QPen>
 #include <QScopedValueRollback>
+#include <QStyle>
 
 namespace vemra::qt {
 
@@ -41,6 +42,22 @@ void frameIn(const Theme& theme, QStyleOption& option) {
   const QPalette::ColorGroup group = option.palette.currentColorGroup();
   option.palette = theme.paletteForFrames();
   option.palette.setCurrentColorGroup(group);
+}
+
+void drawOutline(QPainter& painter, const QWidget& control, const QRect& place,
+                 const Theme& theme) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(control.isEnabled() ? theme.outline() : theme.disabledText());
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+  painter.restore();
+}
+
+void strengthenFrame(QPainter& painter, const QWidget& control, const Theme& theme) {
+  if (control.style()->name() == QLatin1String("fusion")) return;
+  // These styles leave the outermost line to a shadow.
+  drawOutline(painter, control, control.rect().adjusted(1, 1, -1, -1), theme);
 }
 
 void drawFocusRing(QPainter& painter, const QRect& place, const Theme& theme, RingAround what) {

@@ -75,6 +75,13 @@ QMargins overhang(const ui::Element& element, const TextShape& shape);
 /// Makes the style draw the control's frame in the page's outline colour.
 void frameIn(const Theme& theme, QStyleOption& option);
 
+/// Draws a frame just inside `place` in the page's outline colour.
+void drawOutline(QPainter& painter, const QWidget& control, const QRect& place, const Theme& theme);
+
+/// Draws an outline over the frame of a button or picker, unless `frameIn` was enough: other styles
+/// than Qt's Fusion have colours of their own for frames, which may be too faint on the page.
+void strengthenFrame(QPainter& painter, const QWidget& control, const Theme& theme);
+
 /// The shape inside a focus ring; the ring is wider around a frame, because it has to cover the
 /// frame.
 enum class RingAround { text, frame };

@@ -132,13 +132,9 @@ void LineField::paintEvent(QPaintEvent* event) {
 void LineField::paintFrame(QPainter& painter) {
   if (hasFocus()) {
     drawFocusRing(painter, rect(), theme(), RingAround::frame);
-    return;
+  } else {
+    drawOutline(painter, *this, rect(), theme());
   }
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(isEnabled() ? theme().outline() : theme().disabledText());
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
-  painter.restore();
 }
 
 void LineField::paintPrompt(QPainter& painter) {

@@ -61,6 +61,7 @@ void PushButton::paintFramed(QPainter& painter) {
   frameIn(theme(), option);
   option.state &= ~QStyle::State_HasFocus;
   style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
+  strengthenFrame(painter, *this, theme());
   painter.setPen(option.palette.color(QPalette::ButtonText));
   const int above = (height() - shape_.size().height()) / 2;
   shape_.draw(painter, QRect(0, above, width(), shape_.size().height()), layoutDirection(),
