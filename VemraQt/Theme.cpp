@@ -160,4 +160,9 @@ ColorScheme colorSchemeOf(const QPalette& palette) {
              : ColorScheme::light;
 }
 
+QPalette inheritedPalette(const QWidget& widget) {
+  const QWidget* const parent = widget.parentWidget();
+  return parent ? parent->palette() : QApplication::palette();
+}
+
 }  // namespace vemra::qt

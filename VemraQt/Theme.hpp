@@ -8,6 +8,8 @@
 #include <QFont>
 #include <QPalette>
 
+class QWidget;
+
 namespace vemra::qt {
 
 /// The fonts and colours of the page, computed from the system's font and palette.
@@ -61,5 +63,8 @@ class VEMRA_EXPORT Theme {
 
 /// The colour scheme of a palette: dark when its text is lighter than its page.
 VEMRA_EXPORT ui::ColorScheme colorSchemeOf(const QPalette& palette);
+
+/// The palette of a widget that sets no colours itself: its parent's, or the application's.
+VEMRA_EXPORT QPalette inheritedPalette(const QWidget& widget);
 
 }  // namespace vemra::qt

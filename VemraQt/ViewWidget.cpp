@@ -18,7 +18,7 @@ namespace vemra::qt {
 
 ViewWidget::ViewWidget(QWidget* parent)
     : QAbstractScrollArea(parent),
-      ownGraph_(std::make_unique<ui::ViewGraph>(systemEnvironment())),
+      ownGraph_(std::make_unique<ui::ViewGraph>(environmentAround(*this))),
       graph_(*ownGraph_) {
   prepare();
 }
@@ -51,6 +51,7 @@ void ViewWidget::prepare() {
     Q_EMIT acted(identifier, event);
   });
   connect(qApp, &QGuiApplication::layoutDirectionChanged, this, [this] { followSystem(); });
+  watchParent();
 }
 
 void ViewWidget::setRoot(ui::View root) {
@@ -61,7 +62,7 @@ void ViewWidget::setRoot(ui::View root) {
 void ViewWidget::setOverrides(ui::EnvironmentOverrides overrides) {
   overrides_ = std::move(overrides);
   followsSystem_ = true;
-  changeEnvironment(overrides_.over(systemEnvironment()));
+  changeEnvironment(overrides_.over(environmentAround(*this)));
 }
 
 void ViewWidget::setEnvironment(ui::Environment environment) {
@@ -125,7 +126,7 @@ std::size_t ViewWidget::widgetCount() const {
 void ViewWidget::followSystem() {
   if (followsSystem_) {
     page_->errors().attempt(
-        [this] { graph_.setEnvironment(overrides_.over(systemEnvironment())); });
+        [this] { graph_.setEnvironment(overrides_.over(environmentAround(*this))); });
   }
   page_->restyle();
 }
@@ -149,6 +150,10 @@ bool ViewWidget::event(QEvent* event) {
     case QEvent::StyleChange:
       if (page_) page_->restyle();
       break;
+    case QEvent::ParentChange:
+      watchParent();
+      followSystem();
+      break;
     default:
       break;
   }
@@ -156,11 +161,22 @@ bool ViewWidget::event(QEvent* event) {
 }
 
 bool ViewWidget::eventFilter(QObject* watched, QEvent* event) {
-  // Of the system's new palette, Qt notifies windows alone, and the widgets inside that inherit it:
-  // not this one while the environment sets another colour scheme than the system's.
-  const bool isNews = event->type() == QEvent::ApplicationPaletteChange;
-  if (isNews && watched == window() && watched != this && !page_->isRestyling()) followSystem();
+  // Of a new palette, Qt notifies windows, and the widgets inside that inherit it: not this one
+  // while the environment sets another colour scheme. The direction is always set on this one.
+  const QEvent::Type type = event->type();
+  const bool isOfWindow = watched == window() && type == QEvent::ApplicationPaletteChange;
+  const bool isOfParent =
+      watched == parentWidget() &&
+      (type == QEvent::LayoutDirectionChange ||
+       (type == QEvent::PaletteChange && testAttribute(Qt::WA_SetPalette)));
+  if ((isOfWindow || isOfParent) && watched != this && !page_->isRestyling()) followSystem();
   return QAbstractScrollArea::eventFilter(watched, event);
+}
+
+void ViewWidget::watchParent() {
+  if (parent_) parent_->removeEventFilter(this);
+  parent_ = parentWidget();
+  if (parent_) parent_->installEventFilter(this);
 }
 
 void ViewWidget::resizeEvent(QResizeEvent* event) {

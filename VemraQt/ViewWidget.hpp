@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include <QAbstractScrollArea>
+#include <QPointer>
 
 namespace vemra::qt {
 
@@ -37,9 +38,11 @@ class Page;
 ///
 /// `setAccessibleName` names the page for assistive technology, such as "What came of it".
 ///
-/// A widget that owns its graph uses the system's environment (`systemEnvironment`: palette,
-/// direction, language, locale and time zone) and follows its changes, but for the values that the
-/// host sets with `setOverrides`, until the host calls `setEnvironment`. Main thread only.
+/// A widget that owns its graph uses the environment around it (`environmentAround`: the palette and
+/// the direction of its parent widget, the system's language, locale and time zone) and follows its
+/// changes, but for the values that the host sets with `setOverrides`, until the host calls
+/// `setEnvironment`. The page decides its own palette and direction: set them on its parent or in the
+/// overrides, not on this widget. Main thread only.
 class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   Q_OBJECT
 
@@ -54,8 +57,8 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
 
   /// Replaces the shown tree by `root`. An action of the tree may call this.
   void setRoot(ui::View root);
-  /// Shows the tree in the system's environment with these values in place of its own, instead of
-  /// the previous overrides or environment; state is kept. The widget follows the changes of all
+  /// Shows the tree in the environment around the widget with these values in place of its own,
+  /// instead of the previous overrides or environment; state is kept. The widget follows the changes of all
   /// other values, also where it shows a graph of the caller.
   void setOverrides(ui::EnvironmentOverrides overrides);
   /// Shows the tree in this environment; state is kept. The widget no longer follows the system's.
@@ -131,6 +134,7 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   void prepare();
   bool visit(Visit visit, std::string identifier);
   void followSystem();
+  void watchParent();
   void changeEnvironment(ui::Environment environment);
 
   std::unique_ptr<ui::ViewGraph> ownGraph_;
@@ -140,6 +144,7 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   ui::EnvironmentOverrides overrides_;
   bool followsSystem_ = true;
   std::optional<Waiting> waiting_;
+  QPointer<QWidget> parent_;  ///< watched for its palette and direction
   ui::EventObservation hearing_;
   bool leaving_ = false;
   bool inEvent_ = false, resized_ = false;

@@ -72,10 +72,10 @@ void Page::environmentChanged(const ui::Environment& environment) {
   area_.setLayoutDirection(environment.layoutDirection == ui::LayoutDirection::rightToLeft
                                ? Qt::RightToLeft
                                : Qt::LeftToRight);
-  // The area inherits the system's own palette, so Qt applies later changes to it.
-  const QPalette system = QApplication::palette();
-  const bool fits = colorSchemeOf(system) == environment.colorScheme;
-  area_.setPalette(fits ? QPalette() : Theme(area_.font(), system, environment).palette());
+  // The area inherits the palette around it, so Qt applies later changes to it.
+  const QPalette inherited = inheritedPalette(area_);
+  const bool fits = colorSchemeOf(inherited) == environment.colorScheme;
+  area_.setPalette(fits ? QPalette() : Theme(area_.font(), inherited, environment).palette());
   context_.theme = Theme(area_.font(), area_.palette(), environment);
   pool_.restyle();
 }

@@ -68,6 +68,67 @@ TEST(Overrides, TheDirectionFollowsTheApplicationUnlessItIsSet) {
   QApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
+/// A window of a host with its own palette, and a page in it.
+struct OwnWindow {
+  explicit OwnWindow(const QPalette& palette) {
+    window.setPalette(palette);
+    window.resize(400, 300);
+    page->setGeometry(window.rect());
+    page->setRoot(ui::Text("A text"));
+    window.show();
+  }
+  QColor text() const { return pageOf(*page).theme().text(ui::ForegroundStyle::primary); }
+  QColor background() const {
+    const QImage picture = page->grab().toImage();
+    return picture.pixelColor(picture.width() - 1, picture.height() - 1);
+  }
+
+  QWidget window;
+  qt::ViewWidget* page = new qt::ViewWidget(&window);
+};
+
+TEST(Overrides, ThePaletteOfTheWindowAroundThePageIsThePages) {
+  OwnWindow own(qt::highContrastPalette());
+  EXPECT_EQ(own.page->environment().colorScheme, ui::ColorScheme::dark);
+  EXPECT_EQ(own.text(), QColor(Qt::white));
+  EXPECT_EQ(own.background(), QColor(Qt::black));
+  own.window.setPalette(QApplication::palette());
+  EXPECT_EQ(own.page->environment().colorScheme, ui::ColorScheme::light);
+  EXPECT_EQ(own.background(), QColor(Qt::white));
+}
+
+TEST(Overrides, AColourSchemeOfTheHostStaysWhateverTheWindowsPaletteIs) {
+  OwnWindow own(qt::highContrastPalette());
+  own.page->setOverrides({.colorScheme = ui::ColorScheme::light});
+  EXPECT_GT(own.background().lightness(), 200);
+  EXPECT_LT(own.text().lightness(), 60);
+  own.window.setPalette(QApplication::palette());
+  EXPECT_EQ(own.background(), QColor(Qt::white)) << "the window's, which has that scheme now";
+  own.window.setPalette(qt::highContrastPalette());
+  EXPECT_GT(own.background().lightness(), 200);
+  own.page->setOverrides({});
+  EXPECT_EQ(own.background(), QColor(Qt::black));
+}
+
+TEST(Overrides, APageThatIsMovedToAnotherWindowTakesItsPalette) {
+  OwnWindow light(QApplication::palette()), dark(qt::highContrastPalette());
+  light.page->setParent(&dark.window);
+  light.page->show();
+  EXPECT_EQ(light.page->environment().colorScheme, ui::ColorScheme::dark);
+  light.window.setPalette(qt::highContrastPalette());
+  dark.window.setPalette(QApplication::palette());
+  EXPECT_EQ(light.page->environment().colorScheme, ui::ColorScheme::light);
+}
+
+TEST(Overrides, TheDirectionOfTheWindowAroundThePageIsThePages) {
+  OwnWindow own(QApplication::palette());
+  own.window.setLayoutDirection(Qt::RightToLeft);
+  EXPECT_EQ(own.page->environment().layoutDirection, ui::LayoutDirection::rightToLeft);
+  EXPECT_EQ(own.page->layoutDirection(), Qt::RightToLeft);
+  own.page->setOverrides({.layoutDirection = ui::LayoutDirection::leftToRight});
+  EXPECT_EQ(own.page->layoutDirection(), Qt::LeftToRight);
+}
+
 TEST(Overrides, ReplaceTheOverridesOrTheEnvironmentBefore) {
   WindowHost host(resultWith(2));
   host.widget.setOverrides({.locale = "de_DE"});
