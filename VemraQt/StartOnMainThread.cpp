@@ -2,9 +2,23 @@
 
 #include <exception>
 
+#include <QCoreApplication>
 #include <QDebug>
+#include <QThread>
 
 namespace vemra::qt {
+
+void requireMainThread() {
+  const QCoreApplication* const application = QCoreApplication::instance();
+  if (!application) {
+    qFatal("qt::startOnMainThread needs an application object: make the QApplication first.");
+  }
+  if (QThread::currentThread() != application->thread()) {
+    qFatal(
+        "qt::startOnMainThread was called off the main thread. Call it on the thread of the "
+        "application object; the task itself may run on any.");
+  }
+}
 
 void logThrowingCallback() noexcept {
   const char* const way =

@@ -13,6 +13,10 @@
 
 namespace vemra::qt {
 
+/// Stops the process with a message when there is no application object, or when it belongs to
+/// another thread.
+VEMRA_EXPORT void requireMainThread();
+
 /// Writes to Qt's log that the callback of `startOnMainThread` let this exception out, and what to
 /// do. Called in a `catch` block.
 VEMRA_EXPORT void logThrowingCallback() noexcept;
@@ -29,9 +33,11 @@ VEMRA_EXPORT void logThrowingCallback() noexcept;
 ///   exception that leaves the callback is logged with its text and goes on into the event loop,
 ///   where it ends the process unless `QApplication::notify` is overridden to catch it.
 ///
-/// Main thread only. The task must end before the application object is destroyed.
+/// Main thread only: stops the process on another thread, and without an application object. The
+/// task must end before the application object is destroyed.
 template <class T, std::invocable<task::Result<T>> Callback>
 void startOnMainThread(QObject& receiver, task::Task<T> task, Callback callback) {
+  requireMainThread();
   // Only the main thread makes and reads this pair; other threads only pass the pointer on.
   auto call =
       std::make_shared<std::pair<QPointer<QObject>, Callback>>(&receiver, std::move(callback));

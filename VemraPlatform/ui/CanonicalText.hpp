@@ -26,6 +26,10 @@ concept HasIDText = requires(const Value& value) {
   { idText(value) } -> std::convertible_to<std::string_view>;
 };
 
+/// An enumeration without a text of its own.
+template <class Value>
+concept PlainEnumerator = std::is_enum_v<Value> && !HasIDText<Value> && !HasCaseName<Value>;
+
 /// A whole number; neither a truth value nor a character.
 template <class Value>
 concept WholeNumber = std::integral<Value> && !std::same_as<Value, bool> && requires(Value value) {

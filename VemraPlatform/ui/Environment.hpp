@@ -33,7 +33,7 @@ class VEMRA_EXPORT StringsTable {
 struct VEMRA_EXPORT Environment {
   std::string locale = "en_US";  ///< an ICU locale identifier; decides how dates are written
   std::string timeZone = "UTC";  ///< a name of the tz database, or a POSIX rule as in TZ
-  std::shared_ptr<const StringsTable> strings;   ///< none: every key is shown unchanged
+  std::shared_ptr<const StringsTable> strings = {};  ///< none: every key is shown unchanged
   double textScale = 1.0;                        ///< the user's text size relative to the usual one
   ColorScheme colorScheme = ColorScheme::light;  ///< light or dark
   LayoutDirection layoutDirection = LayoutDirection::leftToRight;  ///< the side where lines begin

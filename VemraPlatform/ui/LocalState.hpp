@@ -51,8 +51,8 @@ class VEMRA_EXPORT StateCell {
   std::uint64_t place_ = 0;
 };
 
-/// A cell for one type of state, which begins as `State{}`.
-template <std::equality_comparable State>
+/// A cell for one type of state, which begins as `State{}` and has `==` (`HasState`).
+template <class State>
 class StateCellOf final : public StateCell {
  public:
   /// The present value.

@@ -47,6 +47,12 @@ concept StoresElements = requires(const Elements& elements) {
   requires std::is_lvalue_reference_v<decltype(elements[0])>;
 };
 
+/// A function that makes the view of a row.
+template <class Row, class Elements>
+concept RowViewOf = requires(const Row& row, const Elements& elements) {
+  { std::invoke(row, elements[0]) } -> std::convertible_to<View>;
+};
+
 /// Whether a list takes the range over without copying an element: a copy shares or refers to the
 /// elements, or the range is moved.
 template <class Elements>

@@ -71,27 +71,41 @@ class VEMRA_EXPORT Picker : public View {
   ///            [](const Team& team) { return verbatim(team.name); })
   ///
   /// The values need `==` only. The name of a choice in reports and tests is its canonical text if
-  /// it has one, else its label.
-  template <ChoiceValue Value, class Values, ChoiceLabelOf<Value> MakeLabel>
+  /// it has one, else its label without translation. A plain enumerator, whose text would be its
+  /// number, has the name of its label.
+  template <ChoiceValue Value, class Values, class MakeLabel>
   Picker(LocalizedKey title, Binding<Value> selection, const Values& values, MakeLabel label)
       : Picker(title, asTag(std::move(selection), tagsLabelled<Value>(label)),
                choices<Value>(values, label)) {}
   /// The same with the values in braces.
-  template <ChoiceValue Value, ChoiceLabelOf<Value> MakeLabel>
+  template <ChoiceValue Value, class MakeLabel>
   Picker(LocalizedKey title, Binding<Value> selection,
          std::initializer_list<std::type_identity_t<Value>> values, MakeLabel label)
       : Picker(title, asTag(std::move(selection), tagsLabelled<Value>(label)),
                choices<Value>(values, label)) {}
 
  private:
+  /// The label of a value; stops the compiler with the reason when `make` makes none.
+  template <class Value, class MakeLabel>
+  static Label labelOf(const MakeLabel& make, const Value& value) {
+    constexpr bool isLabel = ChoiceLabelOf<MakeLabel, Value>;
+    static_assert(isLabel,
+                  "the label of a choice is a LocalizedKey, or a text that is shown unchanged: "
+                  "verbatim(text)");
+    if constexpr (isLabel) {
+      return Label(std::invoke(make, value));
+    } else {
+      return Label(LocalizedKey(""));
+    }
+  }
   /// A function that makes the tag of a value.
   template <class Value, class MakeLabel>
   static auto tagsLabelled(const MakeLabel& label) {
-    if constexpr (HasCanonicalText<Value>) {
+    if constexpr (HasCanonicalText<Value> && !PlainEnumerator<Value>) {
       return [](Value value) { return Tag(std::move(value)); };
     } else {
       return [label](Value value) {
-        std::string name = Label(std::invoke(label, std::as_const(value))).source();
+        std::string name = labelOf<Value>(label, value).source();
         return Tag(std::move(value), std::move(name));
       };
     }
@@ -100,7 +114,7 @@ class VEMRA_EXPORT Picker : public View {
   static Children choices(const Values& values, const MakeLabel& label) {
     Children rows;
     for (const Value& value : values) {
-      rows.push_back(Text(Label(std::invoke(label, value))).tag(tagsLabelled<Value>(label)(value)));
+      rows.push_back(Text(labelOf<Value>(label, value)).tag(tagsLabelled<Value>(label)(value)));
     }
     return rows;
   }
@@ -169,7 +183,8 @@ class VEMRA_EXPORT ScrollView : public View {
 /// The list takes `elements` over without copying one of them; the type or the call says how:
 ///
 ///     a SharedArray              shares its elements
-///     a std::span                refers to elements that outlive the list
+///     a std::span                refers to elements that outlive the list, so not to a member of
+///                                the view, which ends with the view
 ///     std::move(v), or a result  is moved into the list (a std::vector, a std::array, …)
 ///     std::vector(v)             copies every element, on purpose
 ///
@@ -195,13 +210,21 @@ class VEMRA_EXPORT ForEach : public View {
             rowsOf(std::forward<Elements>(elements), std::move(id), std::move(row), identifiers)) {
     using Range = std::remove_cvref_t<Elements>;
     static_assert(StoresElements<Range>, "a list needs a range that stores its elements");
-    static_assert(CopiesNoElement<Elements>,
+    constexpr bool isConst = std::is_const_v<std::remove_reference_t<Elements>>;
+    static_assert(CopiesNoElement<Elements> || isConst,
                   "this would copy every element of the range: share the elements (SharedArray), "
                   "refer to them (std::span), move the range (std::move), or copy it on purpose "
                   "(std::vector(range))");
+    static_assert(CopiesNoElement<Elements> || !isConst,
+                  "this would copy every element of a range that is const, such as a member of a "
+                  "view in its body, and a const range cannot be moved: keep the elements in a "
+                  "SharedArray, or copy them on purpose (std::vector(range))");
     static_assert(RowIDOf<ID, Range>,
                   "the id of a row is a text, a whole number, an enumerator, or a value with a "
                   "function std::string idText(const Value&) beside its type");
+    static_assert(RowViewOf<Row, Range>,
+                  "the row of a list is a view: return one from the function, such as "
+                  "Text(verbatim(text))");
   }
   /// Takes rows from a source, for lists that are not in memory.
   explicit ForEach(std::shared_ptr<const RowSource> rows);
@@ -211,7 +234,8 @@ class VEMRA_EXPORT ForEach : public View {
   static std::shared_ptr<const RowSource> rowsOf(Elements&& elements, ID id, Row row,
                                                  IdentifiersInRows identifiers) {
     using Range = std::remove_cvref_t<Elements>;
-    if constexpr (StoresElements<Range> && CopiesNoElement<Elements> && RowIDOf<ID, Range>) {
+    if constexpr (StoresElements<Range> && CopiesNoElement<Elements> && RowIDOf<ID, Range> &&
+                  RowViewOf<Row, Range>) {
       return std::make_shared<RowsOf<Range, ID, Row>>(std::forward<Elements>(elements),
                                                       std::move(id), std::move(row), identifiers);
     } else {

@@ -141,6 +141,13 @@ TEST_F(StartOnMainThread, AnExceptionThatLeavesTheCallbackIsLoggedWithTheWayOutA
             "Result::take rethrows the exception of the task.");
 }
 
+using StartOnMainThreadDeathTest = StartOnMainThread;
+
+TEST_F(StartOnMainThreadDeathTest, AnotherThreadIsRefused) {
+  EXPECT_DEATH(std::thread([this] { start(ends("done")); }).join(),
+               "startOnMainThread was called off the main thread. Call it on the thread of the");
+}
+
 TEST_F(StartOnMainThread, ADestroyedReceiverGetsNoCall) {
   start(ends("done"));
   receiver.reset();

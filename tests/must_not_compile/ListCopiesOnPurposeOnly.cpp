@@ -2,18 +2,16 @@
 
 #include "VemraPlatform/ui/View.hpp"
 
+#include <array>
+
 namespace vemra::ui {
 
-struct Names {
-  std::vector<std::string> names;
-
-  View body() const {
-    const auto row = [](const std::string& name) { return Text(verbatim(name)); };
+View names(std::array<std::string, 2> names) {
+  const auto row = [](const std::string& name) { return Text(verbatim(name)); };
 #ifdef MUST_NOT_COMPILE
-    return ForEach(names, std::identity(), row);
+  return ForEach(names, std::identity(), row);
 #endif
-    return ForEach(std::vector(names), std::identity(), row);
-  }
-};
+  return ForEach(std::move(names), std::identity(), row);
+}
 
 }  // namespace vemra::ui

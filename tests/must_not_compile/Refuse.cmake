@@ -51,7 +51,8 @@ if(NOT points_at_part)
   message(FATAL_ERROR "Refused, but not for the part that must be refused:\n${output}")
 endif()
 
-# A line "// Message: text" demands the text in the compiler's message.
+# A line "// Message: text" demands the text in the compiler's first error.
+string(REGEX MATCH "error: [^\n]*" output "${output}")
 file(STRINGS "${file}" messages REGEX "^// Message: ")
 foreach(message IN LISTS messages)
   string(REGEX REPLACE "^// Message: " "" message "${message}")

@@ -80,7 +80,7 @@ TEST_F(PickerTest, OfAnEnumerationNeedsNoNamesOfCases) {
   EXPECT_TRUE(picker(1).children[0]->element.label()->isKey()) << "labels are translated";
   choose(1, 1);
   EXPECT_EQ(*picker(1).element.selection()->as<Speed>(), Speed::fast);
-  EXPECT_EQ(picker(1).element.selection()->name(), "1");
+  EXPECT_EQ(picker(1).element.selection()->name(), "Fast") << "not the number";
 }
 
 TEST_F(PickerTest, OfTextsAndOptionalValues) {
