@@ -61,6 +61,7 @@ QPushButton* MessageFrame::addButton(const QString& title, const QString& name,
                                      std::function<void()> pressed) {
   auto* button = new QPushButton(title);
   button->setObjectName(name);
+  button->setAutoDefault(true);  // otherwise Return presses it on some desktops only
   connect(button, &QPushButton::clicked, this, std::move(pressed));
   const int stretches = form_ == MessageForm::page ? 1 : 0;
   buttons_->insertWidget(buttons_->count() - stretches, button);

@@ -101,6 +101,14 @@ TEST_F(NoticeTest, TheNextTabGoesToTryAgainAndPressingItGivesTheFocusBack) {
   EXPECT_TRUE(after.hasFocus()) << "Tab is as usual";
 }
 
+TEST_F(NoticeTest, ReturnPressesAButtonToo) {
+  window.show();
+  notice.show("failed", [this] { ++tries; });
+  again().setFocus();
+  pressKey(again(), Qt::Key_Return);
+  EXPECT_EQ(tries, 1);
+}
+
 TEST_F(NoticeTest, ShiftTabOnTryAgainGoesBackAndTheFollowingTabIsAsUsual) {
   QPushButton before("before", &window), after("after", &window);
   window.show();

@@ -1,0 +1,244 @@
+"""A person visits the program with the Orca screen reader; compares what Orca says with transcript.txt.
+
+    visit.py PROGRAM FOLDER [--write]
+
+FOLDER holds accessible.py. With --write the script writes the transcript instead. Orca has a voice
+that writes down its words and makes no sound (recorded_voice.py). In the transcript, a line after
+">" is what the person or another program does, and the lines below are what Orca says, one for each
+utterance; "(cut off)" means that Orca interrupted itself or a key did.
+"""
+
+import contextlib
+import difflib
+import json
+import os
+import shutil
+import sqlite3
+import subprocess
+import sys
+import tempfile
+import time
+
+sys.path.insert(0, sys.argv[2])
+from accessible import (  # noqa: E402
+    BACKTAB, DOWN, ENTER, TAB, UP, Atspi, application, key, wait_for)
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+EXPECTED = os.path.join(HERE, "transcript.txt")
+SAY_ALL = 0xFFAB  # the plus of the number pad
+ESCAPE = 0xFF1B
+QUIET = 1.0  # seconds without a word after which a step has ended
+SKIPPED = 77  # the exit code of a test that was not run
+
+
+def document():
+    people = [
+        {"personRef": f"p{i}", "displayName": name, "why": {"kind": "nameMatch"},
+         **({"evidenceIDs": [f"ev{i}"]} if i == 0 else {})}
+        for i, name in enumerate(["Ada Berg", "Bo Carlsen", "Cem Demir"])
+    ]
+    return {
+        "goal": {"id": "g1", "title": "Find a design lead", "targetPersonRef": "p2"},
+        "people": people,
+        "paths": [{"personRefs": ["p1", "p2"], "why": {"kind": "connection", "hopCount": 2}}],
+        "group": [],
+        "coverage": {"sources": ["Mail"], "evidenceCount": 12},
+        "outcomes": [],
+    }
+
+
+class Orca:
+    """The screen reader, with a voice that writes down its words (recorded_voice.py)."""
+
+    def __init__(self, folder):
+        preferences = os.path.join(folder, "orca")
+        os.mkdir(preferences)
+        shutil.copy(os.path.join(HERE, "orca-customizations.py"), preferences)
+        self.words = os.path.join(folder, "words")
+        open(self.words, "w", encoding="utf-8").close()
+        environment = dict(
+            os.environ, VEMRA_RECORDED_VOICE=self.words, PYTHONPATH=HERE, PYTHONDONTWRITEBYTECODE="1",
+            LC_ALL="C.UTF-8", GSETTINGS_BACKEND="memory", XDG_CONFIG_HOME=folder,
+            XDG_DATA_HOME=folder, XDG_CACHE_HOME=folder)
+        self.process = subprocess.Popen(
+            ["orca", "--user-prefs", preferences], env=environment, stdin=subprocess.DEVNULL,
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.read = 0
+
+    def lines(self):
+        """The lines of the voice since the last step."""
+        with open(self.words, encoding="utf-8") as words:
+            return [json.loads(line) for line in words][self.read:]
+
+    def is_heard(self, text=""):
+        return any(line[0] == "say" and text in line[1] for line in self.lines())
+
+    def step(self, until):
+        """What Orca says in a step that has just begun: until it has said the text and is quiet;
+        with None, whatever it says within the time in which it is otherwise quiet."""
+        if until is not None:
+            wait_for(lambda: self.is_heard(until), f"Orca to say {until!r}, after {self.lines()}", 30)
+        count, since = -1, time.monotonic()
+        while time.monotonic() < since + QUIET:
+            now = len(self.lines())
+            if now != count:
+                count, since = now, time.monotonic()
+            time.sleep(0.05)
+        lines = self.lines()
+        self.read += len(lines)
+        return lines
+
+    def quit(self):
+        self.process.terminate()
+        try:
+            self.process.wait(10)
+        except subprocess.TimeoutExpired:
+            self.process.kill()
+            self.process.wait()
+
+
+class Visit:
+    """The program with a store of its own, Orca, and the transcript."""
+
+    def __init__(self, program, folder):
+        self.program, self.folder = program, folder
+        self.store = os.path.join(folder, "goals.sqlite")
+        self.lines = []
+        self.process = None
+        self.run_import(document())
+        self.orca = Orca(folder)
+        self.orca.step("")
+
+    def run_import(self, content):
+        file = os.path.join(self.folder, "result.json")
+        with open(file, "w", encoding="utf-8") as out:
+            json.dump(content, out)
+        subprocess.run([self.program, "import", "--store", self.store, file], check=True)
+
+    def start(self):
+        self.process = subprocess.Popen(
+            [self.program, "--store", self.store], stdin=subprocess.DEVNULL,
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        wait_for(lambda: application("vemra-desk"), "the program on the bus", 20)
+        self.note("open the program")
+
+    def note(self, what, until=""):
+        """Ends a step: writes down what happens, and what Orca says about it."""
+        self.lines.append(f"> {what}")
+        spoken = self.orca.step(until)
+        stops = [place for place, line in enumerate(spoken) if line[0] == "stop"]
+        for place, line in enumerate(spoken):
+            if line[0] == "stop":
+                continue
+            text = line[1].replace(self.folder, "FOLDER").replace("\n", " / ")
+            text = "".join(character for character in text if character not in "\u2068\u2069")
+            cut = "(cut off) " if any(stop > place for stop in stops) else ""
+            self.lines.append(f"    {cut}{text}")
+
+    def press(self, symbol, what, until="", times=1):
+        """Presses a key, and ends the step."""
+        for _ in range(times):
+            key(symbol)
+            self.note(what, until)
+
+    def type(self, text):
+        for letter in text:
+            key(ord(letter))
+        self.note(f"type {text!r}", None)
+
+    def quit(self):
+        if self.process:
+            self.process.terminate()
+            self.process.wait(20)
+        self.orca.quit()
+
+
+@contextlib.contextmanager
+def locked(file):
+    """Another program keeps the store to itself meanwhile."""
+    other = sqlite3.connect(file, isolation_level=None)
+    other.execute("BEGIN IMMEDIATE")
+    try:
+        yield
+    finally:
+        other.execute("ROLLBACK")
+        other.close()
+
+
+def story(visit):
+    visit.start()
+    visit.press(TAB, "Tab", times=3)
+    visit.press(SAY_ALL, "say all")
+    for _ in range(2):  # within half a second
+        Atspi.generate_keyboard_event(SAY_ALL, None, Atspi.KeySynthType.SYM)
+    visit.note("say all, twice: all that is in view", "Based on")
+    visit.press(ENTER, "Return: record an outcome", "combo box")
+    visit.press(DOWN, "Down")
+    visit.press(TAB, "Tab")
+    visit.type("met")
+    visit.press(TAB, "Tab")
+    visit.press(ENTER, "Return: Save", "Ada Berg")
+    visit.press(ENTER, "Return: correct it", "combo box")
+    visit.press(UP, "Up")
+    visit.press(TAB, "Tab", times=3)
+    visit.press(ENTER, "Return: Cancel", "Ada Berg")
+    visit.press(ENTER, "Return: correct it", "combo box")
+    visit.press(UP, "Up")
+    visit.press(TAB, "Tab", times=2)
+    visit.press(ENTER, "Return: Save", "corrected")
+    visit.press(TAB, "Tab", times=2)
+    visit.press(ENTER, "Return: record an outcome for the next person", "combo box")
+    visit.press(TAB, "Tab", times=2)
+    with locked(visit.store):
+        visit.press(ENTER, "Return: Save, while another program keeps the store", "is in use")
+        visit.press(TAB, "Tab")
+        visit.press(ENTER, "Return: try again", "is in use")
+    visit.note("the other program lets go of the store", "Stored")
+    changed = document()
+    changed["people"].append({"personRef": "p9", "displayName": "Dana Eide",
+                              "why": {"kind": "nameMatch"}})
+    visit.run_import(changed)
+    visit.note("another program imports one more person")
+    visit.run_import({**document(), "goal": {"id": "g2", "title": "Sail"}})
+    visit.note("another program imports another goal")
+    visit.press(BACKTAB, "Shift+Tab")
+    visit.press(ENTER, "Return: open the person")
+    visit.press(ESCAPE, "Escape: close the details", None)
+
+
+def heard_in_a_visit(program):
+    """The lines of the transcript of one visit."""
+    with tempfile.TemporaryDirectory() as folder:
+        visit = Visit(os.path.abspath(program), folder)
+        try:
+            story(visit)
+        finally:
+            visit.quit()
+            if "--print" in sys.argv:
+                print("\n".join(visit.lines))
+        return visit.lines
+
+
+def main():
+    if not shutil.which("orca"):
+        print("skipped: Orca is not installed (docs/testing.md)")
+        return SKIPPED
+    version = subprocess.run(["orca", "--version"], capture_output=True, text=True).stdout.strip()
+    Atspi.init()
+    heard = heard_in_a_visit(sys.argv[1])
+    if not version.startswith("43"):
+        print("\n".join(heard))
+        print(f"skipped: the transcript is of Orca 43; this is {version}")
+        return SKIPPED
+    if "--write" in sys.argv:
+        with open(EXPECTED, "w", encoding="utf-8") as out:
+            out.write("\n".join(heard) + "\n")
+        return 0
+    with open(EXPECTED, encoding="utf-8") as expected:
+        difference = list(difflib.unified_diff(
+            expected.read().splitlines(), heard, "the transcript", "heard", "", "", 3, ""))
+    print("\n".join(difference))
+    return 1 if difference else 0
+
+
+sys.exit(main())
