@@ -37,14 +37,23 @@ void JsonReader::object(std::initializer_list<Field> fields) {
   const Field* next = fields.begin();  // most documents have the keys in this order
   std::string unescaped;
   members([&] {
-    const std::string_view found = key(unescaped);
     const Field* field = nullptr;
-    for (std::size_t i = 0; i < fields.size() && field == nullptr; ++i) {
-      if (next == fields.end()) next = fields.begin();
-      if (next->key == found) field = next;
-      ++next;
+    const auto find = [&](const auto& isKey) {
+      for (std::size_t i = 0; i < fields.size() && field == nullptr; ++i) {
+        if (next == fields.end()) next = fields.begin();
+        if (isKey(next->key)) field = next;
+        ++next;
+      }
+      return field != nullptr;
+    };
+    if (tokens_.comes('"') && find([&](auto name) { return tokens_.takeString(name); })) {
+      tokens_.expect(':', "\":\"");
+    } else {  // a key with escapes, or an error
+      const std::string_view found = key(unescaped);
+      if (!find([&](auto name) { return name == found; })) {
+        failAt(found, listed("one of the keys", fields), inQuotes(found));
+      }
     }
-    if (field == nullptr) failAt(found, listed("one of the keys", fields), inQuotes(found));
     const std::uint64_t bit = std::uint64_t{1} << (field - fields.begin());
     if ((seen & bit) != 0) failAt(field->key, "each key once", inQuotes(field->key) + " again");
     seen |= bit;

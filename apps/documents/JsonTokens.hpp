@@ -65,11 +65,23 @@ class JsonTokens {
   /// Reads a string. The result points into the text, or into `unescaped` if it has escapes.
   std::string_view string(std::string& unescaped) {
     const std::size_t start = at_ + 1;
-    const std::size_t length = plainLength(text_.substr(start));
-    const std::size_t end = start + length;
-    if (end == text_.size() || text_[end] != '"') return stringWithMore(unescaped);
-    at_ = end + 1;
-    return text_.substr(start, length);
+    const std::string_view rest(text_.data() + start, text_.size() - start);
+    const std::size_t length = plainLength(rest);
+    if (length == rest.size() || rest[length] != '"') return stringWithMore(unescaped);
+    at_ = start + length + 1;
+    return {rest.data(), length};
+  }
+
+  /// Reads the string `plain`, written without escapes, if it comes at once, without white space.
+  /// Returns whether it came. `plain` is ASCII, not empty, and needs no escapes.
+  bool takeString(std::string_view plain) {
+    const std::size_t length = plain.size() + 2;
+    if (text_.size() - at_ < length) return false;
+    const char* const here = text_.data() + at_;
+    const bool comes = here[0] == '"' && here[1] == plain.front() && here[length - 1] == '"' &&
+                       std::memcmp(here + 1, plain.data(), plain.size()) == 0;
+    if (comes) at_ += length;
+    return comes;
   }
 
   /// Reads a number and returns its text unchanged.

@@ -40,8 +40,19 @@ std::span<const std::string_view> keysOf(WhyKind kind) {
   return {};
 }
 
-/// Compares the given keys with those of the kind.
-void checkKeys(const JsonReader& reader, const Payload& payload) {
+/// Whether the given keys are those of the kind.
+bool hasItsKeys(const Payload& payload) {
+  const bool isEvidence = payload.kind == WhyKind::evidence;
+  const bool isActivity = payload.kind == WhyKind::sharedActivity;
+  return payload.label.has_value() == isEvidence && payload.detail.has_value() == isEvidence &&
+         payload.reference.has_value() == isEvidence &&
+         payload.hopCount.has_value() == (payload.kind == WhyKind::connection) &&
+         payload.threadCount.has_value() == isActivity &&
+         payload.meetingCount.has_value() == isActivity;
+}
+
+/// Throws the error for the first given key that the kind has not, or for one that is missing.
+void failForKeys(const JsonReader& reader, const Payload& payload) {
   const std::array<std::pair<std::string_view, bool>, 6> given{{
       {"label", payload.label.has_value()},
       {"detail", payload.detail.has_value()},
@@ -82,7 +93,7 @@ GoalWhyDTO readWhy(JsonReader& in) {
       {"threadCount", optional, [&] { payload.threadCount = in.integer(); }},
       {"meetingCount", optional, [&] { payload.meetingCount = in.integer(); }},
   });
-  checkKeys(in, payload);
+  if (!hasItsKeys(payload)) failForKeys(in, payload);
   switch (payload.kind) {
     case WhyKind::evidence:
       return GoalWhyDTO::evidence(std::move(*payload.label), std::move(*payload.detail),

@@ -42,6 +42,31 @@ TEST(JsonReaderTest, NamesTheExpectedValueWhereNoValueBegins) {
             "t: line 1, column 2: expected a colour; found \"]\"");
 }
 
+TEST(JsonReaderTest, FindsAKeyInAnyOrderAndWithEscapes) {
+  const auto read = [](std::string_view text) {
+    std::string values;
+    const std::string error = errorOf(text, [&](JsonReader& reader) {
+      reader.object({
+          {"name", Presence::required, [&] { values += "name " + reader.string() + ' '; }},
+          {"names", Presence::optional, [&] { values += "names " + reader.string() + ' '; }},
+      });
+    });
+    return values + error;
+  };
+  EXPECT_EQ(read(R"({"name": "a", "names": "b"})"), "name a names b ");
+  EXPECT_EQ(read(R"({ "names" :"b","name":"a"})"), "names b name a ");
+  EXPECT_EQ(read(R"({"\u006eames": "b", "nam\u0065": "a"})"), "names b name a ");
+  EXPECT_EQ(read(R"({"nam": "a"})"),
+            "t: /nam: expected one of the keys name, names; found \"nam\"");
+  EXPECT_EQ(read(R"({"namesx": "a"})"),
+            "t: /namesx: expected one of the keys name, names; found \"namesx\"");
+  EXPECT_EQ(read(R"({"name": "a", "name": "b"})"),
+            "name a t: /name: expected each key once; found \"name\" again");
+  EXPECT_EQ(read(R"({"name)"),
+            "t: line 1, column 7: expected the end of the string; found the end "
+            "of the file");
+}
+
 TEST(JsonReaderTest, RefusesAByteOrderMark) {
   EXPECT_EQ(stringError("\xEF\xBB\xBF\"a\""),
             "t: line 1, column 1: expected UTF-8 without a byte-order mark; found U+FEFF");
