@@ -146,7 +146,7 @@ void ChoiceBox::paintEvent(QPaintEvent*) {
   painter.setPen(option.palette.color(QPalette::ButtonText));
   const int above = (height() - shape_.size().height()) / 2;
   shape_.draw(painter, QRect(field.x() + 2, above, field.width() - 4, shape_.size().height()),
-              layoutDirection());
+              rect(), layoutDirection());
   if (hasFocus()) drawFocusRing(painter, rect(), theme(), RingAround::frame);
 }
 

@@ -147,7 +147,7 @@ void LineField::paintPrompt(QPainter& painter) {
                              : theme().disabledText());
   const int above = (height() - prompt_.size().height()) / 2;
   prompt_.draw(painter, QRect(inside.x() + 2, above, inside.width() - 4, prompt_.size().height()),
-               layoutDirection());
+               rect(), layoutDirection());
 }
 
 /// Widens the blanks of line breaks. A line edit accepts text formats only as an input method sends

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include <QKeyEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -33,28 +34,28 @@ void PushButton::endInteraction() {
   if (isDown()) setDown(false);
 }
 
-void PushButton::paintEvent(QPaintEvent*) {
+void PushButton::paintEvent(QPaintEvent* event) {
   QStylePainter painter(this);
   const bool isPlain = style_ == ui::ButtonStyle::plain;
-  isPlain ? paintPlain(painter) : paintFramed(painter);
+  isPlain ? paintPlain(painter, event->rect()) : paintFramed(painter, event->rect());
   if (hasFocus()) {
     drawFocusRing(painter, rect(), theme(), isPlain ? RingAround::text : RingAround::frame);
   }
 }
 
-void PushButton::paintPlain(QPainter& painter) {
+void PushButton::paintPlain(QPainter& painter, const QRect& visible) {
   const QColor color = isEnabled() ? theme().link() : theme().disabledText();
   painter.setPen(color);
   const QRect inside = rect().marginsRemoved(QMargins(4, 0, 4, 0));
   const int above = (inside.height() - shape_.size().height()) / 2;
   const QRect lines(inside.x(), inside.y() + above, inside.width(), shape_.size().height());
-  shape_.draw(painter, lines, layoutDirection());
+  shape_.draw(painter, lines, visible, layoutDirection());
   if (isEnabled() && (underMouse() || isDown())) {
-    shape_.underline(painter, lines, layoutDirection());
+    shape_.underline(painter, lines, visible, layoutDirection());
   }
 }
 
-void PushButton::paintFramed(QPainter& painter) {
+void PushButton::paintFramed(QPainter& painter, const QRect& visible) {
   QStyleOptionButton option;
   initStyleOption(&option);
   option.text.clear();
@@ -64,7 +65,7 @@ void PushButton::paintFramed(QPainter& painter) {
   strengthenFrame(painter, *this, theme());
   painter.setPen(option.palette.color(QPalette::ButtonText));
   const int above = (height() - shape_.size().height()) / 2;
-  shape_.draw(painter, QRect(0, above, width(), shape_.size().height()), layoutDirection(),
+  shape_.draw(painter, QRect(0, above, width(), shape_.size().height()), visible, layoutDirection(),
               Qt::AlignHCenter);
 }
 

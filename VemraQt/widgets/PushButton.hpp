@@ -24,8 +24,8 @@ class PushButton final : public QPushButton, public ElementWidget {
   void leaveEvent(QEvent* event) override;
 
  private:
-  void paintPlain(QPainter& painter);
-  void paintFramed(QPainter& painter);
+  void paintPlain(QPainter& painter, const QRect& visible);
+  void paintFramed(QPainter& painter, const QRect& visible);
 
   TextShape shape_;
   ui::ButtonStyle style_ = ui::ButtonStyle::automatic;

@@ -1,5 +1,6 @@
 #include "VemraQt/widgets/TextLabel.hpp"
 
+#include <QPaintEvent>
 #include <QPainter>
 
 namespace vemra::qt {
@@ -19,10 +20,10 @@ void TextLabel::updateTo(const page::Node& leaf, const TextShape& shape) {
   update();
 }
 
-void TextLabel::paintEvent(QPaintEvent*) {
+void TextLabel::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.setPen(isEnabled() ? theme().text(foreground_) : theme().disabledText());
-  shape_.draw(painter, rect().marginsRemoved(margins_), layoutDirection());
+  shape_.draw(painter, rect().marginsRemoved(margins_), event->rect(), layoutDirection());
 }
 
 }  // namespace vemra::qt

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ranges>
 
 #include <QPainter>
 #include <QTextLayout>
@@ -72,6 +73,9 @@ TextShape::TextShape(const QString& text, const QFont& font, int width)
 
 namespace {
 
+/// The lines that are drawn on each side of the visible ones.
+constexpr int linesOfReach = 64;
+
 /// The x position of a line: at the leading edge of `place`, or so that the line is centred.
 qreal startOf(const QTextLine& line, const QRect& place, Qt::LayoutDirection direction,
               Qt::Alignment alignment) {
@@ -86,26 +90,39 @@ qreal startOf(const QTextLine& line, const QRect& place, Qt::LayoutDirection dir
 
 }  // namespace
 
-void TextShape::draw(QPainter& painter, const QRect& place, Qt::LayoutDirection direction,
-                     Qt::Alignment alignment) const {
+template <class Act>
+void TextShape::eachLine(const QRect& place, const QRect& visible, const Act& act) const {
   if (!layout_) return;
-  for (int i = 0; i < layout_->lineCount(); ++i) {
+  // Marks above and below a letter may reach far out of its line.
+  const int reach = linesOfReach * lineHeight_;
+  const qreal top = visible.top() - reach - place.top();
+  const qreal bottom = visible.bottom() + reach - place.top();
+  const auto lines = std::views::iota(0, layout_->lineCount());
+  const auto isAbove = [&](int i) { return layout_->lineAt(i).y() < top; };
+  const auto first = std::ranges::partition_point(lines, isAbove);
+  for (const int i : std::ranges::subrange(first, lines.end())) {
     const QTextLine line = layout_->lineAt(i);
-    // Qt lays out a right-to-left paragraph against the far end of its line.
-    const qreal x = startOf(line, place, direction, alignment) - line.naturalTextRect().left();
-    line.draw(&painter, QPointF(x, place.top()));
+    if (line.y() > bottom) return;
+    act(line);
   }
 }
 
-void TextShape::underline(QPainter& painter, const QRect& place,
+void TextShape::draw(QPainter& painter, const QRect& place, const QRect& visible,
+                     Qt::LayoutDirection direction, Qt::Alignment alignment) const {
+  eachLine(place, visible, [&](const QTextLine& line) {
+    // Qt lays out a right-to-left paragraph against the far end of its line.
+    const qreal x = startOf(line, place, direction, alignment) - line.naturalTextRect().left();
+    line.draw(&painter, QPointF(x, place.top()));
+  });
+}
+
+void TextShape::underline(QPainter& painter, const QRect& place, const QRect& visible,
                           Qt::LayoutDirection direction) const {
-  if (!layout_) return;
-  for (int i = 0; i < layout_->lineCount(); ++i) {
-    const QTextLine line = layout_->lineAt(i);
+  eachLine(place, visible, [&](const QTextLine& line) {
     const qreal x = startOf(line, place, direction, Qt::AlignLeading);
     const qreal y = std::floor(place.top() + line.y() + line.ascent() + 2) + 0.5;
     painter.drawLine(QPointF(x, y), QPointF(x + line.naturalTextWidth(), y));
-  }
+  });
 }
 
 QRect TextShape::characterRect(const QString& text, int offset, const QRect& place,

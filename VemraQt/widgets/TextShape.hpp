@@ -28,17 +28,24 @@ class TextShape {
   QSize size() const { return size_; }
   /// The height of the first line, in pixels.
   int lineHeight() const { return lineHeight_; }
-  /// Draws with the painter's pen. Lines begin at the leading edge, or are centred.
-  void draw(QPainter& painter, const QRect& place, Qt::LayoutDirection direction,
-            Qt::Alignment alignment = Qt::AlignLeading) const;
+  /// Draws with the painter's pen. Lines begin at the leading edge, or are centred. Lines far from
+  /// `visible`, which has the painter's coordinates, are left out: drawing costs what is seen of a
+  /// text, however long it is.
+  void draw(QPainter& painter, const QRect& place, const QRect& visible,
+            Qt::LayoutDirection direction, Qt::Alignment alignment = Qt::AlignLeading) const;
   /// Draws a line under each line of the text, where `draw` has put it.
-  void underline(QPainter& painter, const QRect& place, Qt::LayoutDirection direction) const;
+  void underline(QPainter& painter, const QRect& place, const QRect& visible,
+                 Qt::LayoutDirection direction) const;
   /// Where `draw` puts the character at that offset of the text; a null rectangle without such a
   /// character, and for a text with line breaks of two characters.
   QRect characterRect(const QString& text, int offset, const QRect& place,
                       Qt::LayoutDirection direction) const;
 
  private:
+  /// Calls `act` for each line that may show in `visible`.
+  template <class Act>
+  void eachLine(const QRect& place, const QRect& visible, const Act& act) const;
+
   std::shared_ptr<QTextLayout> layout_;
   QSize size_;
   int lineHeight_ = 0;

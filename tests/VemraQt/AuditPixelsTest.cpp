@@ -83,7 +83,7 @@ int pixelsOf(const page::Node& leaf, const qt::TextShape& shape, Qt::LayoutDirec
   QPainter painter(&canvas);
   painter.setPen(Qt::black);
   const bool isCentred = kindOf(leaf).ends_with("button");
-  shape.draw(painter, QRect(QPoint(100, 100), shape.size()), direction,
+  shape.draw(painter, QRect(QPoint(100, 100), shape.size()), canvas.rect(), direction,
              isCentred ? Qt::AlignHCenter : Qt::AlignLeading);
   painter.end();
   return writingIn(canvas, canvas.rect()).pixels;
@@ -249,7 +249,7 @@ TEST_F(AuditPixels, TheNotesTextFitsItsFieldAtEveryScale) {
     canvas.fill(Qt::white);
     QPainter painter(&canvas);
     painter.setPen(Qt::black);
-    free.draw(painter, QRect(QPoint(100, 100), free.size()), Qt::LeftToRight);
+    free.draw(painter, QRect(QPoint(100, 100), free.size()), canvas.rect(), Qt::LeftToRight);
     painter.end();
     const Writing whole = writingIn(canvas, canvas.rect());
     EXPECT_EQ(writing.pixels, whole.pixels)

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QImage>
 #include <QPainter>
+#include <QPicture>
 #include <gtest/gtest.h>
 
 using vemra::qt::TextShape;
@@ -56,7 +57,7 @@ TEST(TextShape, RightToLeftTextIsAtTheLeadingEdgeOfThePage) {
     QImage image(200, 30, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
-    shape.draw(painter, image.rect(), direction);
+    shape.draw(painter, image.rect(), image.rect(), direction);
     painter.end();
     int left = 200, right = 0;
     for (int y = 0; y < image.height(); ++y) {
@@ -68,4 +69,33 @@ TEST(TextShape, RightToLeftTextIsAtTheLeadingEdgeOfThePage) {
   };
   EXPECT_LT(inkAt(Qt::LeftToRight).second, 60);
   EXPECT_GT(inkAt(Qt::RightToLeft).first, 140);
+}
+
+// Drawing a long text costs what is seen of it.
+TEST(TextShape, DrawsOnlyTheLinesNearTheVisiblePart) {
+  QString text;
+  for (int i = 0; i < 3000; ++i) text += QStringLiteral("line %1 a\u0301\u0301\n").arg(i);
+  const TextShape shape = shaped(text, 200);
+  const QRect everything(0, -1'000'000, 200, 2'000'000);
+  const auto picture = [&](int from, const QRect& visible) {
+    QImage image(200, 300, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    const QRect place(0, -from, 200, shape.size().height());
+    shape.draw(painter, place, visible, Qt::LeftToRight);
+    shape.underline(painter, place, visible, Qt::LeftToRight);
+    return image;
+  };
+  const int end = shape.size().height();
+  for (const int from : {0, 1, 777, end / 2, end - 300, end - 10, end + 5'000}) {
+    EXPECT_EQ(picture(from, QRect(0, 0, 200, 300)), picture(from, everything)) << from;
+  }
+  const auto commands = [&](const QRect& visible) {
+    QPicture recorded;
+    QPainter painter(&recorded);
+    shape.draw(painter, QRect(QPoint(0, -end / 2), shape.size()), visible, Qt::LeftToRight);
+    painter.end();
+    return recorded.size();
+  };
+  EXPECT_LT(commands(QRect(0, 0, 200, 300)) * 10, commands(everything));
 }
