@@ -4,6 +4,7 @@
 #include "VemraQt/page/Page.hpp"
 
 #include <algorithm>
+#include <optional>
 #include <ranges>
 #include <utility>
 
@@ -45,16 +46,16 @@ int AccessibleTree::indexIn(std::uint64_t section, const QAccessibleInterface* s
 
 QAccessibleInterface* AccessibleTree::sectionAround(std::uint64_t path) {
   refresh();
-  const auto inside = std::ranges::find(slots_, path, &ElementSlot::path);
-  if (inside == slots_.end() || inside->section == 0) return pageObject();
-  const auto section = std::ranges::find(slots_, inside->section, &ElementSlot::path);
-  return section == slots_.end() ? pageObject() : object(nullptr, *section);
+  const std::optional<std::size_t> inside = outline_.slotAt(path);
+  if (!inside || slots_[*inside].section == 0) return pageObject();
+  const std::optional<std::size_t> section = outline_.slotAt(slots_[*inside].section);
+  return section ? object(nullptr, slots_[*section]) : pageObject();
 }
 
 QString AccessibleTree::identifierAt(std::uint64_t path) {
   refresh();
-  const auto slot = std::ranges::find(slots_, path, &ElementSlot::path);
-  const ui::Node* node = slot == slots_.end() ? nullptr : find(slot->node);
+  const std::optional<std::size_t> slot = outline_.slotAt(path);
+  const ui::Node* node = slot ? find(slots_[*slot].node) : nullptr;
   return (node ? toQString(node->element.accessibilityIdentifier()) : QString()) +
          QStringLiteral("");
 }
@@ -238,10 +239,10 @@ void AccessibleTree::noteInList(NodeID list, const ChildSteps& steps) {
 
 /// Changes in a section are announced only when a client has asked for the section.
 void AccessibleTree::noteInSection(std::uint64_t path, const ChildSteps& steps) {
-  const auto slot = std::ranges::find(slots_, path, &ElementSlot::path);
-  const bool isKnown = path == 0 || (slot != slots_.end() && slot->object);
+  const std::optional<std::size_t> slot = outline_.slotAt(path);
+  const bool isKnown = path == 0 || (slot && slots_[*slot].object);
   if (!isKnown) return;
-  note(path ? slot->object->id() : 0, steps, [&](std::size_t index) {
+  note(path ? slots_[*slot].object->id() : 0, steps, [&](std::size_t index) {
     return dynamic_cast<AccessibleObject*>(childOf(path, static_cast<int>(index)));
   });
 }

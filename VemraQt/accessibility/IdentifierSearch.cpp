@@ -2,6 +2,7 @@
 
 #include "VemraQt/accessibility/AccessibleRow.hpp"
 #include "VemraQt/accessibility/AccessibleTree.hpp"
+#include "VemraQt/accessibility/ElementsByRole.hpp"
 #include "VemraQt/atspi/IdentifierBus.hpp"
 #include "VemraQt/page/Page.hpp"
 
@@ -34,6 +35,13 @@ QMap<QString, QString> IdentifierSearch::attributes(QAccessible::Id id) const {
   const AccessibleObject* object = AccessibleObject::living(id);
   return object && &object->tree() == &tree_ ? object->objectAttributes()
                                              : QMap<QString, QString>();
+}
+
+bool IdentifierSearch::findByRole(const QAccessibleInterface& page, const atspi::RoleTest& isSought,
+                                  QList<QAccessible::Id>& found) {
+  if (page.object() != &tree_.area()) return false;
+  found += elementsByRole(tree_, isSought);
+  return true;
 }
 
 bool IdentifierSearch::scrollIn(QAccessible::Id id) {

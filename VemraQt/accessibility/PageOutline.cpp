@@ -5,10 +5,12 @@ namespace vemra::qt {
 PageOutline::PageOutline(const std::vector<ElementSlot>& elements) {
   under_[0];
   places_.reserve(elements.size());
+  slots_.reserve(elements.size());
   for (std::size_t slot = 0; slot < elements.size(); ++slot) {
     std::vector<std::size_t>& siblings = under_[elements[slot].section];
     places_.push_back({elements[slot].section, siblings.size()});
     siblings.push_back(slot);
+    slots_.try_emplace(elements[slot].path, slot);
   }
 }
 
@@ -16,6 +18,11 @@ const std::vector<std::size_t>& PageOutline::under(std::uint64_t section) const 
   static const std::vector<std::size_t> none;
   const auto found = under_.find(section);
   return found == under_.end() ? none : found->second;
+}
+
+std::optional<std::size_t> PageOutline::slotAt(std::uint64_t path) const {
+  const auto found = slots_.find(path);
+  return found == slots_.end() ? std::nullopt : std::optional(found->second);
 }
 
 std::vector<std::uint64_t> PageOutline::sections() const {

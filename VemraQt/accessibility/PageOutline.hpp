@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -18,6 +19,8 @@ class PageOutline {
 
   /// The slots directly in the section with that path, in order.
   const std::vector<std::size_t>& under(std::uint64_t section) const;
+  /// The first slot with that path; nil when there is none.
+  std::optional<std::size_t> slotAt(std::uint64_t path) const;
   /// The section that holds a slot.
   std::uint64_t sectionOf(std::size_t slot) const { return places_[slot].section; }
   /// The index of a slot among those of its section.
@@ -33,6 +36,7 @@ class PageOutline {
   };
   std::vector<Place> places_;
   std::unordered_map<std::uint64_t, std::vector<std::size_t>> under_;
+  std::unordered_map<std::uint64_t, std::size_t> slots_;  ///< by their paths
 };
 
 /// Divides the changes of all slots of a page among the page and its sections, with indexes among

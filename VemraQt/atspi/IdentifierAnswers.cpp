@@ -3,14 +3,16 @@
 #include "VemraQt/atspi/BusReference.hpp"
 #include "VemraQt/atspi/IdentifierSource.hpp"
 #include "VemraQt/atspi/LaterQt.hpp"
+#include "VemraQt/atspi/MatchRule.hpp"
 #include "VemraQt/atspi/PropertyAnswers.hpp"
+#include "VemraQt/atspi/RoleSearch.hpp"
 #include "VemraQt/atspi/SelectionAnswers.hpp"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 #include <QCoreApplication>
-#include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusMetaType>
@@ -54,28 +56,10 @@ bool isWithin(QAccessible::Id element, QAccessible::Id ancestor) {
 }
 
 /// The identifier that a match rule looks for; null when the rule looks for anything else.
-///
-/// The rule is read through a const argument: the other overloads would write to it.
-QString identifierSought(const QVariant& rule) {
-  const QDBusArgument argument = rule.value<QDBusArgument>();
-  if (argument.currentType() != QDBusArgument::StructureType) return QString();
-  QList<int> states, roles;
-  int statesMatch = 0, attributesMatch = 0, rolesMatch = 0, interfacesMatch = 0;
-  QMap<QString, QString> attributes;
-  QStringList interfaces;
-  bool isInverted = false;
-  argument.beginStructure();
-  argument >> states >> statesMatch >> attributes >> attributesMatch >> roles >> rolesMatch >>
-      interfaces >> interfacesMatch >> isInverted;
-  argument.endStructure();
-  const bool asksStates =
-      std::any_of(states.begin(), states.end(), [](int bits) { return bits != 0; });
-  const bool asksRoles =
-      std::any_of(roles.begin(), roles.end(), [](int bits) { return bits != 0; });
-  if (isInverted || asksStates || asksRoles || !interfaces.isEmpty() || attributes.size() != 1) {
-    return QString();
-  }
-  return attributes.value(QStringLiteral("id"));
+QString identifierSought(const MatchRule& rule) {
+  const bool isOther = rule.isInverted || rule.states != 0 || !rule.roles.isEmpty() ||
+                       rule.hasInterfaces || rule.attributes.size() != 1;
+  return isOther ? QString() : rule.attributes.value(QStringLiteral("id"));
 }
 
 /// Answers `AccessibleId`. For an element outside our trees, Qt answers if its version can, else
@@ -144,33 +128,32 @@ bool answerState(const QDBusMessage& message, const QDBusConnection& connection)
   QAccessibleInterface* interface = QAccessible::accessibleInterface(element);
   if (!interface || identifierOf(element).isNull()) return false;
   const QAccessible::State state = interface->state();
-  // The numbers of the bits are those of AtspiStateType.
-  const std::pair<bool, int> bits[] = {
-      {state.active, 1},      {state.collapsed, 5},
-      {state.editable, 7},    {!state.disabled, 8},
-      {state.expandable, 9},  {state.expanded, 10},
-      {state.focusable, 11},  {state.focused, 12},
-      {state.selectable, 22}, {state.selected, 23},
-      {!state.disabled, 24},  {!state.invisible && !state.offscreen, 25},
-      {state.editable, 26},   {state.selectable, 28},
-      {!state.invisible, 30}, {state.selectableText, 38},
-      {state.hasPopup, 42},
-  };
-  quint64 set = 0;
-  for (const auto& [isSet, bit] : bits) {
-    if (isSet) set |= quint64{1} << bit;
-  }
+  const quint64 set = stateBits(state);
   const QList<uint> words{static_cast<uint>(set), static_cast<uint>(set >> 32)};
   return connection.send(message.createReply(QVariant::fromValue(words)));
+}
+
+bool answerRoles(const MatchRule& rule, int most, const QDBusMessage& message,
+                 const QDBusConnection& connection, QAccessible::Id within) {
+  QAccessibleInterface* top = within ? QAccessible::accessibleInterface(within)
+                                     : QAccessible::queryAccessibleInterface(qApp);
+  if (!top || !top->isValid()) return false;
+  const auto matches = findByRole(*top, rule, most);
+  if (!matches) return false;
+  QList<BusReference> found;
+  for (const QAccessible::Id id : *matches) found.push_back(busReference(connection, id));
+  return connection.send(message.createReply(QVariant::fromValue(found)));
 }
 
 bool answerMatches(const QDBusMessage& message, const QDBusConnection& connection,
                    QAccessible::Id within) {
   const QList<QVariant> arguments = message.arguments();
   if (arguments.size() < 3) return false;
-  const QString identifier = identifierSought(arguments[0]);
-  if (identifier.isNull()) return false;
+  const std::optional<MatchRule> rule = matchRuleIn(arguments[0]);
+  if (!rule) return false;
+  const QString identifier = identifierSought(*rule);
   const int most = std::max(0, arguments[2].toInt());
+  if (identifier.isNull()) return answerRoles(*rule, most, message, connection, within);
   QList<BusReference> found;
   for (IdentifierSource* source : identifierSources()) {
     for (const QAccessible::Id element : source->find(identifier)) {

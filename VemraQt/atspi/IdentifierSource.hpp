@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include <QAccessible>
@@ -8,6 +9,9 @@
 #include <QString>
 
 namespace vemra::qt::atspi {
+
+/// Whether a search looks for objects of that role.
+using RoleTest = std::function<bool(QAccessible::Role)>;
 
 /// Knows the identifiers of one tree of accessible elements.
 ///
@@ -23,6 +27,10 @@ class IdentifierSource {
   /// Finds the elements with that identifier, in tree order. Does not walk the accessibility tree:
   /// it costs only the source's own look-up.
   virtual QList<QAccessible::Id> find(const QString& identifier) = 0;
+  /// Adds the elements of this tree with a sought role, in tree order, if `page` is the object of
+  /// this tree's page; returns whether it is.
+  virtual bool findByRole(const QAccessibleInterface& page, const RoleTest& isSought,
+                          QList<QAccessible::Id>& found) = 0;
   /// Scrolls the element into view; false when the element is not in this tree, or gone.
   virtual bool scrollIn(QAccessible::Id element) = 0;
 

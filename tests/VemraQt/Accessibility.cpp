@@ -74,11 +74,17 @@ void writeDown(QAccessibleEvent* event) {
   QAccessibleInterface* about = event->accessibleInterface();
   const std::string whom = about ? name(*about) : "nothing";
   static const std::map<QAccessible::Event, std::string> verbs{
-      {QAccessible::ObjectCreated, "created "}, {QAccessible::ObjectDestroyed, "destroyed "},
-      {QAccessible::Focus, "focus "},           {QAccessible::NameChanged, "name "},
-      {QAccessible::StateChanged, "state "},    {QAccessible::ValueChanged, "value "},
-      {QAccessible::ObjectShow, "shows "},      {QAccessible::ObjectHide, "hides "},
-      {QAccessible::TextInserted, "typed in "}, {QAccessible::TextUpdated, "typed in "},
+      {QAccessible::ObjectCreated, "created "},
+      {QAccessible::ObjectDestroyed, "destroyed "},
+      {QAccessible::Focus, "focus "},
+      {QAccessible::NameChanged, "name "},
+      {QAccessible::DescriptionChanged, "describes "},
+      {QAccessible::StateChanged, "state "},
+      {QAccessible::ValueChanged, "value "},
+      {QAccessible::ObjectShow, "shows "},
+      {QAccessible::ObjectHide, "hides "},
+      {QAccessible::TextInserted, "typed in "},
+      {QAccessible::TextUpdated, "typed in "},
   };
   const auto verb = verbs.find(event->type());
   if (verb != verbs.end()) announcements.push_back(verb->second + whom);

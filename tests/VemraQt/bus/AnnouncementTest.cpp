@@ -201,3 +201,26 @@ TEST_F(Announcements, ReportScrollingInAndOutOnlyToClientsThatReadTheState) {
                                             "focus " + name(*far.child(0))));
   EXPECT_FALSE(far.state().offscreen);
 }
+
+TEST_F(Announcements, ReportANewDescriptionOnceAndOnlyToClientsThatReadIt) {
+  Listener listener;
+  WindowHost host(resultWith(3));
+  const std::string identifier = "vemra.goal.person.p1.outcome.";
+  host.press(identifier + "start");
+  host.press(identifier + "save");
+  QAccessibleInterface* correct = accessible(host, identifier + "correct");
+  (void)name(*correct);
+  (void)listener.heard();
+  const auto rename = [&](const char* to) {
+    host.changePeople([&](People& people) { people[1].displayName = to; });
+    QTest::qWait(20);
+    std::vector<std::string> heard = listener.heard();
+    std::erase_if(heard, [](const std::string& one) { return !one.starts_with("describes"); });
+    return heard;
+  };
+  EXPECT_THAT(rename("Ada"), IsEmpty()) << "no client has read the description";
+  EXPECT_EQ(correct->text(QAccessible::Description), "Was useful, Ada");
+  EXPECT_THAT(rename("Bo"), ElementsAre("describes Correct"));
+  EXPECT_THAT(rename("Bo"), IsEmpty());
+  EXPECT_EQ(correct->text(QAccessible::Description), "Was useful, Bo");
+}

@@ -287,6 +287,35 @@ def an_identifier_is_found_without_a_walk(window):
     equal(first.get_attributes().get("id"), "vemra.goal.path.outcome.start")
 
 
+def objects_are_found_by_role_without_a_walk(window):
+    """As a screen reader does that lists headings or buttons; also rows that are not drawn."""
+    def found(roles, states=(), most=0, below=window.page):
+        rule = Atspi.MatchRule.new(
+            Atspi.StateSet.new(list(states)), Atspi.CollectionMatchType.ALL,
+            {}, Atspi.CollectionMatchType.ALL, roles, Atspi.CollectionMatchType.ANY,
+            [], Atspi.CollectionMatchType.ALL, False)
+        return below.get_matches(rule, Atspi.CollectionSortOrder.CANONICAL, most, True)
+
+    act(window.get("vemra.goal.person.p1.outcome.start"), "Press")  # a picker, and its choices
+    role = Atspi.Role
+    everything = list(walk(window.page))
+    for sought in ([role.HEADING], [role.LIST_ITEM], [role.PUSH_BUTTON], [role.LABEL],
+                   [role.COMBO_BOX, role.TEXT, role.LIST], [role.PANEL]):
+        equal([node.path for node in found(sought)],
+              [node.path for node in everything if node.get_role() in sought])
+    equal([node.get_name() for node in found([role.HEADING], below=window.root)],
+          [node.get_name() for node in everything if node.get_role() == role.HEADING])
+    equal(len(found([role.LIST_ITEM], most=3)), 3)
+    showing = [node.path for node in found([role.PUSH_BUTTON], [SHOWING])]
+    equal(showing, [node.path for node in everything
+                    if node.get_role() == role.PUSH_BUTTON and has(node, SHOWING)])
+    assert 0 < len(showing) < PEOPLE
+    row = window.get("vemra.goal.person.p150.outcome.start").get_parent()
+    equal([node.path for node in found([role.PUSH_BUTTON], below=row)],
+          [node.path for node in walk(row) if node.get_role() == role.PUSH_BUTTON])
+    act(window.get("vemra.goal.person.p1.outcome.cancel"), "Press")
+
+
 def the_keyboard_alone(window):
     """From a new window to a recorded and a corrected outcome, without setting the focus over the bus."""
     prefix = "vemra.goal.person.p0.outcome"
@@ -457,6 +486,7 @@ CHECKS = [
     what_is_outside_the_viewport_only_lacks_showing,
     an_identifier_is_found_without_a_walk,
     the_keyboard_alone,
+    objects_are_found_by_role_without_a_walk,
     pressing_far_away_acts,
     recording_and_correcting,
     recording_far_away,
