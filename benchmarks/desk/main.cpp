@@ -8,12 +8,14 @@
 // and the end of the frame in which the outcome stands in the row stops it. By then the outcome is
 // stored durably, the goal has been loaded from the store again, and the window shows it. Before each
 // save SQLite alone writes one row durably into a file beside the store. At the end another connection
-// records outcomes, and the engine loads the goal after each of them.
+// records outcomes, and the engine loads the goal after each of them. Before that, letters are typed
+// into the bar that finds people: a time ends with the frame that shows the letter.
 
 #include "VemraPlatform/task/Start.hpp"
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/store/StoreEngine.hpp"
 #include "apps/desk/window/DeskWindow.hpp"
+#include "apps/desk/window/MenuBar.hpp"
 #include "benchmarks/data/SampleResult.hpp"
 #include "benchmarks/desk/BareTransaction.hpp"
 #include "benchmarks/frames/FrameClock.hpp"
@@ -29,6 +31,7 @@
 #include <vector>
 
 #include <QAbstractButton>
+#include <QLineEdit>
 #include <QTemporaryDir>
 
 using namespace vemra;
@@ -113,6 +116,16 @@ void measure(bench::FrameClock& clock, const Content& content) {
         clock, window, [&] { save->click(); }, bench::identifierOf(person, "outcome.correct")));
     ratios.push_back(saves.back() / bareTimes.back());
   }
+  std::vector<double> letters;
+  Q_EMIT window.findChild<desk::MenuBar*>()->findWanted();
+  clock.settle();
+  auto* field = window.findChild<QLineEdit*>("desk.find.text");
+  if (field == nullptr) throw std::runtime_error("there is no field to find people");
+  for (const char* text : {"p", "pe", "per", "9", "99", "q", "qx", "\u00e9"}) {
+    const auto time = clock.timeToFrame([&] { field->setText(QString::fromUtf8(text)); });
+    if (!time) throw std::runtime_error("a typed letter did not show");
+    letters.push_back(time->count());
+  }
   std::vector<double> records;
   std::vector<double> loads;
   for (std::size_t i = 0; i < wantedSaves; ++i) {
@@ -137,6 +150,8 @@ void measure(bench::FrameClock& clock, const Content& content) {
   print("saved", saves);
   // Each save beside the transaction right before it: the speed of a shared disk changes by the second.
   print("saved per transaction", ratios);
+  print("letter", letters);
+  std::cout << "letter.most\t" << *std::ranges::max_element(letters) << '\n';
   print("recorded", records);
   print("loaded", loads);
   print("changed", changes);

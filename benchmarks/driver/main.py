@@ -100,6 +100,8 @@ def report(results):
                                   ("recorded.hot", "the outcome stored"),
                                   ("loaded.hot", "the goal loaded again"),
                                   ("changed.hot", "the goal loaded after another program's outcome"),
+                                  ("letter.hot", "a letter typed to find people, until its frame"),
+                                  ("letter.most", "the longest of eight such letters"),
                                   ("bare.hot", "one bare durable transaction"))]),
         tables.list_table(results, ["vemra-desk, one goal of ten people", "median, ms"], [
             (f"{size:,} {what}: {measured}", candidate, size, measure)
