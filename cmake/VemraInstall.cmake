@@ -35,6 +35,9 @@ endif()
 install(EXPORT VemraTargets NAMESPACE Vemra:: DESTINATION "${package_folder}" COMPONENT development)
 if(TARGET VemraQt)
   install(EXPORT VemraQtTargets NAMESPACE Vemra:: DESTINATION "${package_folder}" COMPONENT development)
+  # For hosts that translate the screen into another language: docs/window.md.
+  file(GLOB translations CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/VemraQt/translations/vemra_*.ts")
+  install(FILES ${translations} DESTINATION "${CMAKE_INSTALL_DATADIR}/vemra/translations" COMPONENT development)
 endif()
 # Only static libraries leave ICU to the host's linker.
 set(VEMRA_FIND_ICU "")

@@ -10,9 +10,9 @@
 #include <optional>
 #include <string>
 
-#include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QResource>
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -46,6 +46,27 @@ std::string runTool(const char* program, const QStringList& arguments) {
   EXPECT_EQ(process.exitCode(), 0) << program;
   return process.readAll().toStdString();
 }
+
+/// A file of the folder as a resource of the program, until the object is destroyed.
+class Resource {
+ public:
+  Resource(const QTemporaryDir& folder, const QString& name)
+      : data_(folder.filePath(name + ".rcc")) {
+    QFile list(folder.filePath(name + ".qrc"));
+    EXPECT_TRUE(list.open(QIODevice::WriteOnly));
+    list.write(
+        ("<RCC><qresource prefix=\"/\"><file>" + name + "</file></qresource></RCC>").toUtf8());
+    list.close();
+    runTool(VEMRA_RCC, {"-binary", list.fileName(), "-o", data_});
+    EXPECT_TRUE(QResource::registerResource(data_));
+  }
+  ~Resource() { QResource::unregisterResource(data_); }
+  Resource(const Resource&) = delete;
+  Resource& operator=(const Resource&) = delete;
+
+ private:
+  QString data_;
+};
 
 class TranslatedView : public ::testing::Test {
  protected:
@@ -118,6 +139,26 @@ TEST_F(TranslatedView, MessagesOfAnotherContextAreLeftOut) {
   EXPECT_EQ(compiled(messages)->lookup("No friends yet"), std::nullopt);
 }
 
+TEST_F(TranslatedView, AHostTranslatesACopyOfTheScreensTextsIntoAnotherLanguage) {
+  QFile original(VEMRA_REPOSITORY "/VemraQt/translations/vemra_de.ts");
+  ASSERT_TRUE(original.open(QIODevice::ReadOnly));
+  QFile copy(folder_.filePath("screen_fr.ts"));
+  ASSERT_TRUE(copy.open(QIODevice::WriteOnly));
+  copy.write(original.readAll()
+                 .replace("de_DE", "fr_FR")
+                 .replace("Quelle anzeigen", "Afficher la source"));
+  copy.close();
+  runTool(VEMRA_LRELEASE, {copy.fileName(), "-qm", folder_.filePath("screen_fr.qm")});
+  const Resource resource(folder_, "screen_fr.qm");
+  qt::ViewWidget shown;
+  qt::ViewWidget* const widget = &shown;
+#include "docs/window_1.inc"
+  const ui::Environment& environment = shown.environment();
+  EXPECT_EQ(environment.locale, "fr_FR");
+  ASSERT_NE(environment.strings, nullptr);
+  EXPECT_EQ(environment.strings->lookup("Show source"), "Afficher la source");
+}
+
 TEST_F(TranslatedView, AMarkedTextIsTheKeyItself) {
   static_assert(ui::translatable("Contacts", "No friends yet").key() == "No friends yet");
 }
@@ -129,14 +170,12 @@ TEST_F(TranslatedView, TheLinesOfThePageShowATextInGerman) {
   std::string messages = collected();
   translate(messages, "No friends yet", "Noch keine Freunde");
   ASSERT_NE(compiled(messages), nullptr) << "compass_de.qm";
-  const QString former = QDir::currentPath();
-  ASSERT_TRUE(QDir::setCurrent(folder_.path()));
+  const Resource resource(folder_, "compass_de.qm");
   qt::ViewWidget shown;
   qt::ViewWidget* const widget = &shown;
-#include "docs/window_2.inc"
-  QDir::setCurrent(former);
+#include "docs/window_3.inc"
   const ui::View text =
-#include "docs/window_1.inc"
+#include "docs/window_2.inc"
       ;
   vemra::testing::Screen screen(text, shown.environment());
   EXPECT_TRUE(screen.has(vemra::testing::byText("Noch keine Freunde"))) << screen.outline();

@@ -3,9 +3,7 @@
 #
 # Installs the libraries of one kind and builds hosts against the installed files, with each
 # compiler and with warnings as errors. The static libraries are those of the build; the shared ones
-# are built here, without optimisation, since only their exports are tested. The headers are the
-# same for both kinds: the other compiler builds every host for the static libraries, and one of
-# them for the shared ones.
+# are built here, without optimisation, since only their exports are tested.
 get_filename_component(repository "${CMAKE_CURRENT_LIST_DIR}/../.." ABSOLUTE)
 set(prefix "${work}/prefix")
 set(warnings "-Wall -Wextra -Wpedantic -Wconversion -Wmissing-field-initializers -Werror")
@@ -27,13 +25,13 @@ function(expect output)
   endforeach()
 endfunction()
 
-# Builds the host in the folder of that name, here or in the work folder.
+# Builds the host in the folder of that name, in the work folder or here.
 function(build_host name host_compiler)
   get_filename_component(compiler_name "${host_compiler}" NAME)
   set(folder "${work}/${name}-${compiler_name}")
-  set(sources "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/${name}")
+  set(sources "${work}/${name}")
   if(NOT EXISTS "${sources}")
-    set(sources "${work}/${name}")
+    set(sources "${CMAKE_CURRENT_FUNCTION_LIST_DIR}/${name}")
   endif()
   run("${CMAKE_COMMAND}" -S "${sources}" -B "${folder}" -G "${generator}"
       "-DCMAKE_CXX_COMPILER=${host_compiler}" "-DCMAKE_PREFIX_PATH=${prefix}"
@@ -91,79 +89,107 @@ else()
   expect("${surface}" "libVemraGoalSurface.a")
 endif()
 
-# The headers are the same for both kinds, so the hosts of one kind read all of them.
-if(kind STREQUAL "static")
-  set(qt "#include <QtWidgets/QtWidgets>")
-  file(GLOB_RECURSE headers RELATIVE "${prefix}/include" "${prefix}/include/*.hpp")
-else()
-  set(qt "#include <QtWidgets/QAbstractButton>\n#include <QtWidgets/QApplication>")
-  set(headers VemraGoalSurface/GoalResultView.hpp VemraQt/QtStringsTable.hpp VemraQt/ViewWidget.hpp)
-endif()
-list(TRANSFORM headers REPLACE "(.+)" "#include \"\\1\"")
-list(JOIN headers "\n" headers)
-file(WRITE "${work}/every_header.hpp"
-     "#include <iostream>\n${qt}\n${headers}\n")
+include("${repository}/tests/pages/CodeBlock.cmake")
+file(READ "${repository}/docs/embedding.md" page)
+file(READ "${repository}/docs/window.md" window_page)
 
-set(expected_lines "Recorded for p1: Was useful\n" "\"Find a design lead\"" "\"Ada\"")
-foreach(host_compiler IN ITEMS "${compiler}" "${other_compiler}")
-  if(NOT host_compiler)
-    message(STATUS "no second compiler: its hosts are left out")
-    continue()
+# Writes a block of docs/embedding.md or docs/window.md into the work folder.
+function(write_block text language number file)
+  code_block("${text}" ${language} ${number} block)
+  file(WRITE "${work}/${file}" "${block}")
+endfunction()
+
+# Fails unless the output is the block of text with that number on docs/embedding.md.
+function(expect_promise number what)
+  code_block("${page}" text ${number} block)
+  if(NOT output STREQUAL block)
+    message(FATAL_ERROR "docs/embedding.md promises\n${block}\nand ${what} prints\n${output}")
   endif()
-  build_host(host "${host_compiler}")
+endfunction()
+
+# The projects on docs/embedding.md: with a window, without Qt, and a plugin. Each block of C++ begins with the
+# name of its file.
+write_blocks("${page}" cpp "${work}/blocks" files)
+write_blocks("${page}" python "${work}/blocks" files)
+write_block("${page}" cmake 1 compass/CMakeLists.txt)
+foreach(file Notebook.hpp GoalWindow.hpp main.cpp screen_test.cpp window_test.cpp)
+  file(COPY "${work}/blocks/${file}" DESTINATION "${work}/compass")
+endforeach()
+write_block("${page}" cmake 2 report/CMakeLists.txt)
+file(COPY "${work}/blocks/report.cpp" DESTINATION "${work}/report")
+file(COPY "${CMAKE_CURRENT_LIST_DIR}/plugin" DESTINATION "${work}")
+write_block("${page}" cmake 3 plugin/page/CMakeLists.txt)
+file(COPY "${work}/blocks/plugin.cpp" DESTINATION "${work}/plugin/page")
+
+# A host without Qt for each compiler: the page's, and the README's.
+set(expected_lines "Recorded for p1: Was useful\n" "\"Find a design lead\"" "\"Ada\"")
+build_host(report "${compiler}")
+run("${folder}/compass-report")
+expect_promise(4 "the host without Qt")
+if(other_compiler)
+  build_host(host "${other_compiler}")
   run("${folder}/host")
   expect("${output}" ${expected_lines})
-  if(kind STREQUAL "shared" AND host_compiler STREQUAL other_compiler)
-    continue()
-  endif()
+else()
+  message(STATUS "no second compiler: its hosts are left out")
+endif()
 
+# The headers are the same for both kinds, so the other compiler builds these hosts for one kind only.
+set(host_compilers "${compiler}")
+if(kind STREQUAL "static" AND other_compiler)
+  list(APPEND host_compilers "${other_compiler}")
+endif()
+foreach(host_compiler IN LISTS host_compilers)
   build_host(plugin "${host_compiler}")
   run("${folder}/loader")
   expect("${output}" "\"Shown by a plugin\"" "/dev/null: the recording has ended: a file of this name is")
 
-  # A host with a window may use Qt's keywords, and include every header that is installed after them.
-  if(window)
-    build_host(window "${host_compiler}" "-DVEMRA_EVERY_HEADER=${work}/every_header.hpp")
-    run("${CMAKE_COMMAND}" -E env QT_QPA_PLATFORM=offscreen "${folder}/window")
-    expect("${output}" "Opened: p1\n" "Dark: 0, then 1\n" "Record: Ergebnis festhalten\n")
+  # A host may use Qt's keywords, and include every header that is installed after them.
+  if(window AND kind STREQUAL "static")
+    file(GLOB_RECURSE headers RELATIVE "${prefix}/include" "${prefix}/include/*.hpp")
+    list(TRANSFORM headers REPLACE "(.+)" "#include \"\\1\"")
+    list(JOIN headers "\n" headers)
+    file(WRITE "${work}/every_header.hpp" "#include <iostream>\n#include <QtWidgets/QtWidgets>\n${headers}\n")
+    build_host(headers "${host_compiler}" "-DVEMRA_EVERY_HEADER=${work}/every_header.hpp")
+    run("${CMAKE_COMMAND}" -E env QT_QPA_PLATFORM=offscreen "${folder}/headers")
+    expect("${output}" "Opened: p1\n")
   endif()
 endforeach()
 
-# The project on the page for new hosts, with the outputs that the page promises.
-if(window AND kind STREQUAL "static")
-  include("${repository}/tests/pages/CodeBlock.cmake")
-  file(READ "${repository}/docs/embedding.md" page)
-  set(embedding "${work}/embedding")
-  code_block("${page}" cmake 1 block)
-  file(WRITE "${embedding}/CMakeLists.txt" "${block}")
-  set(number 0)
-  foreach(file Notebook.hpp GoalWindow.hpp main.cpp screen_test.cpp window_test.cpp)
-    math(EXPR number "${number} + 1")
-    code_block("${page}" cpp ${number} block)
-    file(WRITE "${embedding}/${file}" "${block}")
-  endforeach()
-  code_block("${page}" python 1 block)
-  file(WRITE "${embedding}/drive.py" "${block}")
-  build_host(embedding "${compiler}")
-  run("${CMAKE_COMMAND}" --install "${folder}" --prefix "${embedding}/installed")
+# The commands on the page ask for English, also where the user's language is another one.
+set(ENV{LANGUAGE} de)
+set(in_english "LC_ALL=C.UTF-8" "LANGUAGE=")
 
-  set(number 0)
-  function(expect_promise what)
-    math(EXPR number "${number} + 1")
-    code_block("${page}" text ${number} block)
-    if(NOT output STREQUAL block)
-      message(FATAL_ERROR "docs/embedding.md promises\n${block}\nand ${what} prints\n${output}")
-    endif()
-    set(number ${number} PARENT_SCOPE)
-  endfunction()
+# A window in its own colours and languages. Its French translation begins as a copy of the installed file.
+if(window AND kind STREQUAL "shared")
+  file(COPY "${CMAKE_CURRENT_LIST_DIR}/window" DESTINATION "${work}")
+  write_block("${page}" cpp 3 window/docs/Languages.inc)
+  write_block("${window_page}" cmake 1 window/translations.cmake)
+  write_block("${window_page}" cpp 1 window/docs/French.inc)
+  write_block("${window_page}" cpp 3 window/docs/Contacts.inc)
+  file(READ "${prefix}/share/vemra/translations/vemra_de.ts" messages)
+  string(REPLACE "de_DE" "fr_FR" messages "${messages}")
+  string(REPLACE "Ergebnis festhalten" "Noter le résultat" messages "${messages}")
+  file(WRITE "${work}/window/screen_fr.ts" "${messages}")
+  build_host(window "${compiler}")
+  run("${CMAKE_COMMAND}" -E env ${in_english} QT_QPA_PLATFORM=offscreen "${folder}/compass")
+  expect("${output}" "German: Ergebnis festhalten\n" "Hebrew: רישום תוצאה\n" "French: Noter le résultat\n"
+         "Contacts: Noch keine Freunde\n" "Dark: 0, then 1\n")
+endif()
+
+# The window on the page.
+if(window AND kind STREQUAL "static")
+  build_host(compass "${compiler}")
+  run("${CMAKE_COMMAND}" --install "${folder}" --prefix "${work}/compass-installed")
   run("${folder}/compass-screen-test")
-  expect_promise("the test without a window")
-  run("${CMAKE_COMMAND}" -E env QT_QPA_PLATFORM=offscreen "${folder}/compass-window-test")
-  expect_promise("the test of the window")
+  expect_promise(1 "the test without a window")
+  run("${CMAKE_COMMAND}" -E env ${in_english} QT_QPA_PLATFORM=offscreen "${folder}/compass-window-test")
+  expect_promise(2 "the test of the window")
   set(start "vemra.goal.person.p1.outcome")
-  run("${repository}/tests/VemraQt/bus/run" "${CMAKE_CURRENT_LIST_DIR}/drive" "${embedding}/installed/bin/compass"
-      "${embedding}/drive.py" "${start}.start" "${start}.save" "${start}.correct")
-  expect_promise("the script on the accessibility bus")
+  run("${CMAKE_COMMAND}" -E env ${in_english} "${repository}/tests/VemraQt/bus/run"
+      "${CMAKE_CURRENT_LIST_DIR}/drive" "${work}/compass-installed/bin/compass"
+      "${work}/blocks/drive.py" "${start}.start" "${start}.save" "${start}.correct")
+  expect_promise(3 "the script on the accessibility bus")
 endif()
 
 # The same without CMake.
