@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include <QActionGroup>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
@@ -38,13 +39,19 @@ bool isTyped(const QKeyEvent& event) {
 }
 
 /// A menu whose Home and End keys go to the first and the last item. In Qt's own menus these keys
-/// only scroll, and only menus that are too long for the screen.
+/// only scroll, and only menus that are too long for the screen. Its keys start from the chosen item
+/// where none is highlighted: a pointer that leaves the menu takes the highlight with it.
 class ChoiceMenu final : public QMenu {
  public:
   using QMenu::QMenu;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
+    if (!activeAction()) {
+      for (QAction* action : actions()) {
+        if (action->isChecked()) setActiveAction(action);
+      }
+    }
     if (event->key() == Qt::Key_Home) {
       setActiveAction(actions().front());
     } else if (event->key() == Qt::Key_End) {
@@ -108,9 +115,10 @@ void ChoiceBox::showPopup() {
   menu_->setFont(font());
   menu_->setPalette(theme().palette());  // a popup window does not inherit it from the page
   menu_->setMinimumWidth(width());
+  auto* group = new QActionGroup(menu_);  // exclusive: marks of a choice, not of switches
   QAction* current = nullptr;
   for (int i = 0; i < count(); ++i) {
-    QAction* action = menu_->addAction(literal(itemText(i)));
+    QAction* action = group->addAction(menu_->addAction(literal(itemText(i))));
     action->setCheckable(true);
     action->setChecked(i == currentIndex());
     if (i == currentIndex()) current = action;

@@ -3,6 +3,7 @@
 #include "tests/VemraQt/ShownPicker.hpp"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QMenu>
 #include <QTest>
@@ -155,6 +156,43 @@ TEST_F(ChoiceBoxTest, HomeAndEndGoToTheEndsOfTheOpenMenu) {
   EXPECT_THAT(chosen, IsEmpty());
   QTest::keyClick(menu(), Qt::Key_Return);
   EXPECT_EQ(selected, 0);
+}
+
+TEST_F(ChoiceBoxTest, TheMenuIsAGroupOfWhichOneIsChosen) {
+  show({{"One", 1}, {"Two", 2}});
+  box().showPopup();
+  ASSERT_TRUE(menu());
+  const QActionGroup* group = menu()->actions()[0]->actionGroup();
+  ASSERT_TRUE(group) << "the marks are those of a choice, not of switches";
+  EXPECT_TRUE(group->isExclusive());
+  EXPECT_EQ(menu()->actions()[1]->actionGroup(), group);
+  menu()->actions()[0]->trigger();
+  EXPECT_EQ(selected, 1) << "the present choice stays";
+}
+
+TEST_F(ChoiceBoxTest, TheArrowsStartFromTheChoiceAlsoAfterThePointerHasLeftTheMenu) {
+  show({{"One", 1}, {"Two", 2}, {"Three", 3}, {"Four", 4}});
+  selected = 2;
+  show({{"One", 1}, {"Two", 2}, {"Three", 3}, {"Four", 4}});
+  box().showPopup();
+  ASSERT_TRUE(menu());
+  QTest::keyClick(menu(), Qt::Key_Escape);
+  ASSERT_FALSE(menu());
+  for (const auto& [key, expected] : {std::pair(Qt::Key_Down, 2), std::pair(Qt::Key_Up, 0)}) {
+    box().showPopup();
+    ASSERT_TRUE(menu());
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(menu(), &leave);
+    QTest::keyClick(menu(), key);
+    EXPECT_EQ(menu()->activeAction(), menu()->actions()[expected]);
+    QTest::keyClick(menu(), Qt::Key_Escape);
+  }
+  box().showPopup();
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(menu(), &leave);
+  QTest::keyClick(menu(), Qt::Key_Down);
+  QTest::keyClick(menu(), Qt::Key_Return);
+  EXPECT_EQ(selected, 3);
 }
 
 TEST_F(ChoiceBoxTest, AnOpenMenuFollowsTheView) {
