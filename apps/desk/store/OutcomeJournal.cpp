@@ -162,14 +162,13 @@ class Waiting {
 };
 
 /// Reads the lines. Ends at a line that was not written to its end.
-void readLines(const std::string& text, const std::string& file, Content& content,
-               Waiting& waiting) {
+void readLines(std::string_view text, const std::string& file, Content& content, Waiting& waiting) {
   std::size_t number = 0;
   while (content.length < text.size()) {
     const std::size_t end = text.find('\n', content.length);
-    const bool isWhole = end != std::string::npos;
-    const std::string_view line = std::string_view(text).substr(
-        content.length, isWhole ? end - content.length : std::string::npos);
+    const bool isWhole = end != std::string_view::npos;
+    const std::string_view line =
+        text.substr(content.length, isWhole ? end - content.length : std::string_view::npos);
     JsonReader in(line, file + ": line " + std::to_string(++number));
     try {
       if (number == 1) {
@@ -192,10 +191,17 @@ void readLines(const std::string& text, const std::string& file, Content& conten
   }
 }
 
-Content readContent(const std::string& text, const std::string& file) {
+/// The text without the null bytes at its end. A power cut leaves them where the system had made the
+/// file longer and had not written the text yet.
+std::string_view withoutNullTail(std::string_view text) {
+  const std::size_t last = text.find_last_not_of('\0');
+  return text.substr(0, last == std::string_view::npos ? 0 : last + 1);
+}
+
+Content readContent(std::string_view text, const std::string& file) {
   Content content;
   Waiting waiting;
-  readLines(text, file, content, waiting);
+  readLines(withoutNullTail(text), file, content, waiting);
   content.waiting = std::move(waiting).take();
   return content;
 }

@@ -36,7 +36,8 @@ struct WaitingOutcome {
 /// Lines are appended; when settled outcomes take most of the file, it is replaced by one without
 /// them. The file is removed when nothing waits in it. A text after the last line feed is a line
 /// that was not written to its end: it counts if it lacks the line feed only, otherwise it is left
-/// out and the next line replaces it.
+/// out and the next line replaces it. Null bytes at the end of the file, which a power cut may leave,
+/// are left out too.
 ///
 /// Several programs may use a journal at once: each call locks the file. An outcome may be read by
 /// two of them, and recorded by both: `GoalStore::record` records an id once.

@@ -47,10 +47,7 @@ WaitingOutcomes::WaitingOutcomes(std::shared_ptr<StoreEngine> engine,
   pause_.setSingleShot(true);
   connect(&pause_, &QTimer::timeout, this, &WaitingOutcomes::tryInTheirStore);
   unsynced_.setSingleShot(true);
-  connect(&unsynced_, &QTimer::timeout, this, [this] {
-    syncJournal();
-    Q_EMIT changed();
-  });
+  connect(&unsynced_, &QTimer::timeout, this, &WaitingOutcomes::syncWhenDue);
 }
 
 WaitingOutcomes::~WaitingOutcomes() {

@@ -81,6 +81,9 @@ class WaitingOutcomes : public QObject {
 
   /// Compares with the journal, as at the beginning of a pass.
   void readJournal();
+  /// Puts what waits in the journal onto the disk. An outcome that the disk does not take is noted
+  /// as one that would be lost.
+  void syncJournal();
 
   /// Hands out the outcomes that are not in the journal, and drops them.
   std::vector<WaitingOutcome> takeUnkept();
@@ -115,13 +118,15 @@ class WaitingOutcomes : public QObject {
     bool mayEnterAnyStore = false;  ///< in that pass
     bool isDiscarded = false;       ///< discarded when the running try has failed
     bool needsDecision = false;     ///< after the last try
+
+    bool waitsForSync() const { return isKept && !isSynced; }
   };
   using Entries = std::list<Entry>;  // those of a journal are spliced in front of it
 
   Entries::iterator find(const std::string& id);
   void adopt(std::vector<WaitingOutcome> outcomes);
   void keepInJournal(Entry& entry);
-  void syncJournal();
+  void syncWhenDue();
   void noteJournalFailure(const std::exception& error);
   void tryNext();
   void take(const std::string& id, std::uint64_t pass, const TriedStore& tried,

@@ -96,10 +96,24 @@ void WaitingOutcomes::keepInJournal(Entry& entry) {
   if (entry.isKept && !entry.isSynced && !unsynced_.isActive()) unsynced_.start(withoutSync);
 }
 
+/// The time counts from the saving of the oldest outcome that is not on the disk, so that later ones
+/// neither postpone its sync nor are put onto the disk before their time.
+void WaitingOutcomes::syncWhenDue() {
+  const auto oldest = std::ranges::find_if(entries_, &Entry::waitsForSync);
+  if (oldest == entries_.end()) return;
+  const auto left =
+      std::chrono::ceil<std::chrono::milliseconds>(oldest->since + withoutSync - Clock::now());
+  if (left > std::chrono::milliseconds::zero()) {
+    unsynced_.start(left);
+    return;
+  }
+  syncJournal();
+  Q_EMIT changed();
+}
+
 void WaitingOutcomes::syncJournal() {
   unsynced_.stop();
-  const auto waits = [](const Entry& entry) { return entry.isKept && !entry.isSynced; };
-  if (!journal_ || std::none_of(entries_.begin(), entries_.end(), waits)) return;
+  if (!journal_ || std::ranges::none_of(entries_, &Entry::waitsForSync)) return;
   QString failure;
   try {
     journal_->sync();
@@ -111,7 +125,7 @@ void WaitingOutcomes::syncJournal() {
     failure = reasonOf(error);
   }
   for (Entry& entry : entries_) {
-    if (!waits(entry)) continue;
+    if (!entry.waitsForSync()) continue;
     entry.isSynced = failure.isEmpty();
     // After a failure the system may have dropped what was written: the next pass writes it again.
     entry.isKept = entry.isSynced;

@@ -173,6 +173,34 @@ TEST_F(OutcomeJournalTest, APartlyWrittenFirstLineIsAnEmptyJournal) {
   EXPECT_THAT(waiting(), ElementsAre("a"));
 }
 
+TEST_F(OutcomeJournalTest, ATailOfNullBytesIsATailThatWasNotWritten) {
+  journal.add(waitingOutcome("a"));
+  const std::string whole = fileText();
+  const std::string nulls(4096, '\0');
+  const std::string withoutLineFeed = whole.substr(0, whole.size() - 1);
+  for (const std::string& before :
+       {whole, whole + "{\"waiting\": {\"id\": \"b\", \"goal", withoutLineFeed}) {
+    write(before + nulls);
+    EXPECT_THAT(waiting(), ElementsAre("a"));
+    journal.add(waitingOutcome("c"));
+    EXPECT_THAT(waiting(), ElementsAre("a", "c"));
+    EXPECT_EQ(fileText().find('\0'), std::string::npos);
+  }
+  write(whole + nulls);
+  journal.settle("a");
+  EXPECT_THAT(waiting(), IsEmpty());
+}
+
+TEST_F(OutcomeJournalTest, AFirstLineThatEndsInNullBytesIsAnEmptyJournal) {
+  for (const std::size_t length : {std::size_t{0}, std::size_t{5}, head.size() - 1, head.size()}) {
+    write(head.substr(0, length) + std::string(100, '\0'));
+    EXPECT_THAT(waiting(), IsEmpty()) << length;
+    journal.add(waitingOutcome("a"));
+    EXPECT_THAT(waiting(), ElementsAre("a"));
+    EXPECT_EQ(fileText().find('\0'), std::string::npos);
+  }
+}
+
 TEST_F(OutcomeJournalTest, AForeignFileIsRefusedAndStays) {
   for (const char* text :
        {"SQLite format 3", "# notes\n", "{\"format\": \"other\", \"version\": 1}\n"}) {

@@ -2,8 +2,10 @@
 
 #include "apps/desk/window/MenuBar.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
+#include "tests/apps/desk/store/FileCalls.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
+#include <cerrno>
 #include <chrono>
 #include <filesystem>
 #include <memory>
@@ -205,6 +207,28 @@ TEST_F(WaitingCloseTest, AnOpenEditorIsNamedInTheSameQuestion) {
       << question->informativeText().toStdString();
   question->button(QMessageBox::Discard)->click();
   EXPECT_TRUE(isClosed());
+}
+
+TEST_F(WaitingCloseTest, ClosingAtOnceWaitsForTheDiskAndSaysWhatItDidNotTake) {
+  unlock();
+  ASSERT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") == nullptr; }));
+  close();
+  patience = std::chrono::seconds(20);
+  open("a");
+  wait<QAbstractButton>(person + ".outcome.correct");
+  ASSERT_EQ(other->run("BEGIN IMMEDIATE"), "");
+  press(person + ".outcome.correct");
+  auto* save = wait<QAbstractButton>(person + ".outcome.save");
+  FileCalls::fail(FileCalls::Call::fsync, EIO);
+  save->click();
+  window->close();
+  FileCalls::succeed();
+  EXPECT_TRUE(window->isVisible());
+  auto* question = wait<QMessageBox>("desk.question");
+  ASSERT_NE(question, nullptr);
+  EXPECT_TRUE(question->informativeText().endsWith("What is not stored yet would be lost."))
+      << question->informativeText().toStdString();
+  unlock();
 }
 
 }  // namespace
