@@ -32,7 +32,6 @@ void AlertFrame::announce(const QString& message, const QString& news) {
 }
 
 void AlertFrame::rename(const QString& message) {
-  if (accessibleName() == message) return;
   setAccessibleName(message);
   if (isVisible()) say(message);
 }

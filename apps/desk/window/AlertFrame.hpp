@@ -20,7 +20,8 @@ class AlertFrame : public QFrame {
   /// Shows the bar, with this message as its name. A screen reader reads the message when the bar
   /// appears, and `news` when the bar was visible before; "" says nothing then.
   void announce(const QString& message, const QString& news);
-  /// The same for a frame that its parent shows and hides; a changed message is all news.
+  /// The same for a frame that its parent shows and hides; the whole message is news, also in the
+  /// words of the previous one.
   void rename(const QString& message);
 
  private:

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -69,7 +70,7 @@ QPushButton* MessageFrame::addButton(const QString& title, const QString& name,
 }
 
 void MessageFrame::setMessage(const QString& whole) {
-  setMessage(whole, firstPiece(whole) == message_->text() ? QString() : firstPiece(whole));
+  setMessage(whole, firstPiece(whole));
 }
 
 void MessageFrame::setMessage(const QString& whole, const QString& news) {
@@ -94,8 +95,25 @@ void MessageFrame::dismiss() {
   hide();
 }
 
+void MessageFrame::changeEvent(QEvent* event) {
+  AlertFrame::changeEvent(event);
+  switch (event->type()) {
+    case QEvent::FontChange:
+    case QEvent::StyleChange:
+    case QEvent::LayoutDirectionChange:
+      arrange();
+      break;
+    default:
+      break;
+  }
+}
+
 void MessageFrame::resizeEvent(QResizeEvent* event) {
   AlertFrame::resizeEvent(event);
+  arrange();
+}
+
+void MessageFrame::arrange() {
   form_ == MessageForm::page ? limitLines() : placeButtons();
 }
 

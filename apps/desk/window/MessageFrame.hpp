@@ -16,7 +16,7 @@ class NextTabStop;
 enum class MessageForm { bar, page };
 
 /// A message with buttons for what can be done about it. A long text is cut; a screen reader hears
-/// the message when it appears and when it changes.
+/// each message, also one in the words of the previous one: something has failed once more.
 ///
 /// A bar is hidden until it has a message; where it is too narrow, its buttons stand below the text.
 /// A page shows its text in lines of at most about 75 characters.
@@ -36,7 +36,7 @@ class MessageFrame : public AlertFrame {
   QPushButton* addButton(const QString& title, const QString& name, std::function<void()> pressed);
   /// @}
 
-  /// Shows a message, and announces one that differs from the shown one.
+  /// Shows a message and announces all of it.
   void setMessage(const QString& whole);
   /// Shows a message. Announces all of it when the bar appears, and else only `news`, if not "".
   void setMessage(const QString& whole, const QString& news);
@@ -45,9 +45,11 @@ class MessageFrame : public AlertFrame {
   /// Hides a bar; a control that had the focus before one of its buttons has it again.
   void dismiss();
 
+  void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void arrange();
   void limitLines();
   void placeButtons();
 

@@ -1,9 +1,10 @@
 #include "apps/desk/window/FailurePage.hpp"
+#include "tests/apps/desk/window/HeardAlerts.hpp"
 
 #include <QApplication>
 #include <QLabel>
 #include <QPushButton>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace vemra::desk {
 namespace {
@@ -42,6 +43,28 @@ TEST_F(FailurePageTest, IsAtTheTopOfItsPageInLinesThatKeepTheirHeight) {
   EXPECT_EQ(again().geometry().top() - reason.bottom() - 1, 8 + 10);
   EXPECT_EQ(again().size(), again().sizeHint());
   EXPECT_EQ(again().x(), 40);
+}
+
+TEST_F(FailurePageTest, EachFailureIsAnnouncedAlsoInTheSameWords) {
+  HeardAlerts alerts;
+  page.setReason("The store is <b>away</b>.");
+  EXPECT_THAT(alerts.take(),
+              ::testing::ElementsAre("The goal could not be loaded. The store is <b>away</b>."));
+}
+
+TEST_F(FailurePageTest, ItsLinesFollowTheFontAndTheDirection) {
+  page.resize(1600, 500);
+  QApplication::processEvents();
+  const int line = label("The store is <b>away</b>.").width();
+  QFont large = page.font();
+  large.setPointSizeF(large.pointSizeF() * 1.5);
+  page.setFont(large);
+  QApplication::processEvents();
+  EXPECT_GT(label("The store is <b>away</b>.").width(), line);
+  EXPECT_EQ(label("The store is <b>away</b>.").x(), 40);
+  page.setLayoutDirection(Qt::RightToLeft);
+  QApplication::processEvents();
+  EXPECT_EQ(label("The store is <b>away</b>.").geometry().right() + 1, 1600 - 40);
 }
 
 }  // namespace

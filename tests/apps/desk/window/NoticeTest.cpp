@@ -5,6 +5,7 @@
 #include "tests/apps/desk/window/HeardAlerts.hpp"
 #include "tests/apps/desk/window/Keys.hpp"
 
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <gmock/gmock.h>
@@ -151,7 +152,7 @@ TEST_F(NoticeTest, PressingTryAgainGivesTheFocusBackToAnElementOfAPage) {
   EXPECT_EQ(window.focusWidget(), two);
 }
 
-TEST_F(NoticeTest, AnotherMessageOfAVisibleNoticeIsAnnouncedAndTheSameOneIsNot) {
+TEST_F(NoticeTest, EachMessageOfAVisibleNoticeIsAnnouncedAlsoInTheSameWords) {
   window.show();
   HeardAlerts alerts;
   notice.show("failed");
@@ -159,7 +160,22 @@ TEST_F(NoticeTest, AnotherMessageOfAVisibleNoticeIsAnnouncedAndTheSameOneIsNot) 
   notice.show("failed differently");
   EXPECT_THAT(alerts.take(), ElementsAre("failed differently"));
   notice.show("failed differently");
-  EXPECT_THAT(alerts.take(), IsEmpty());
+  EXPECT_THAT(alerts.take(), ElementsAre("failed differently"));
+}
+
+TEST_F(NoticeTest, ItsButtonsMoveBelowATextThatBecomesLarge) {
+  window.resize(600, 400);
+  notice.resize(520, 200);
+  window.show();
+  notice.show("failed", [this] { ++tries; });
+  QApplication::processEvents();
+  ASSERT_LT(dismiss().y(), notice.findChild<QLabel*>()->geometry().bottom());
+  QFont large = notice.font();
+  large.setPointSizeF(large.pointSizeF() * 2);
+  notice.setFont(large);
+  QApplication::processEvents();
+  EXPECT_EQ(notice.width(), 520);
+  EXPECT_GT(dismiss().y(), notice.findChild<QLabel*>()->geometry().bottom());
 }
 
 TEST_F(NoticeTest, DismissingHidesItAndTriesNothing) {
