@@ -3,6 +3,8 @@
 #include "apps/desk/window/FocusRing.hpp"
 #include "apps/desk/window/KeyInView.hpp"
 
+#include <utility>
+
 #include <QAccessibleWidget>
 #include <QApplication>
 #include <QKeyEvent>
@@ -59,22 +61,31 @@ void LinkLabel::paintEvent(QPaintEvent* event) {
 }
 
 void LinkLabel::mousePressEvent(QMouseEvent* event) {
-  pressedAt_ = event->pos();
+  if (event->button() == Qt::LeftButton) pressedAt_ = event->pos();
   RoleLabel::mousePressEvent(event);
 }
 
 /// A drag selects text.
 void LinkLabel::mouseReleaseEvent(QMouseEvent* event) {
   RoleLabel::mouseReleaseEvent(event);
-  const bool isClick =
-      (event->pos() - pressedAt_).manhattanLength() < QApplication::startDragDistance();
-  if (event->button() == Qt::LeftButton && isClick && rect().contains(event->pos())) {
-    Q_EMIT pressed();
-  }
+  if (event->button() != Qt::LeftButton) return;
+  const auto pressedAt = std::exchange(pressedAt_, std::nullopt);
+  if (!pressedAt || !rect().contains(event->pos())) return;
+  const int distance = (event->pos() - *pressedAt).manhattanLength();
+  if (distance < QApplication::startDragDistance()) Q_EMIT pressed();
 }
 
+/// The first click has pressed the link; the second one selects a word.
+void LinkLabel::mouseDoubleClickEvent(QMouseEvent* event) {
+  RoleLabel::mouseDoubleClickEvent(event);
+  pressedAt_.reset();
+}
+
+/// Keys with Ctrl, Alt or Meta are commands of the window.
 void LinkLabel::keyPressEvent(QKeyEvent* event) {
-  switch (event->key()) {
+  const bool isPlain =
+      !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+  switch (isPlain ? event->key() : 0) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:

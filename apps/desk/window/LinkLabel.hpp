@@ -2,6 +2,8 @@
 
 #include "apps/desk/window/RoleLabel.hpp"
 
+#include <optional>
+
 #include <QPoint>
 
 namespace vemra::desk {
@@ -22,6 +24,7 @@ class LinkLabel : public RoleLabel {
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
@@ -30,7 +33,7 @@ class LinkLabel : public RoleLabel {
  private:
   void underline(bool on);
 
-  QPoint pressedAt_;
+  std::optional<QPoint> pressedAt_;  ///< while the left button is down, and not for a double click
 };
 
 }  // namespace vemra::desk

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QLabel>
 #include <QPainter>
 
 namespace vemra::desk {
@@ -14,8 +15,9 @@ namespace {
 
 constexpr double radius = 7;
 constexpr double swing = 22;  // stars alternate left and right, like a constellation
-constexpr double gapBetweenNames = 34;
-constexpr int nameFlags = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap | Qt::TextWrapAnywhere;
+constexpr int above = 8;
+constexpr int gapBetweenNames = 34;
+constexpr int leastName = 40;
 
 QString inWords(const std::vector<QString>& names) {
   QString words;
@@ -33,32 +35,38 @@ PathGraph::PathGraph(std::vector<QString> names, QWidget* parent)
 
 PathGraph::PathGraph(std::vector<QString> names, const QString& target, PathEnd end,
                      QWidget* parent)
-    : QWidget(parent), names_(std::move(names)), end_(end) {
+    : QWidget(parent), end_(end) {
   setObjectName("desk.path");
-  for (QString& name : names_) name = firstPiece(name);
-  setAccessibleName(names_.empty() ? localized("A path over nobody")
-                                   : localized("Path to %1").arg(firstPiece(target)));
-  setAccessibleDescription(inWords(names_));
-  QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  for (QString& name : names) {
+    name = firstPiece(name);
+    QLabel* label = makeLabel(name, TextRole::body);
+    label->setParent(this);
+    names_.push_back(label);
+  }
+  setAccessibleName(names.empty() ? localized("A path over nobody")
+                                  : localized("Path to %1").arg(firstPiece(target)));
+  setAccessibleDescription(inWords(names));
+  QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);  // see `RoleLabel`
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
 }
 
 std::vector<PathGraph::Star> PathGraph::layout(int width, double& height) const {
   std::vector<Star> stars;
-  double top = 8;
+  const bool isMirrored = isRightToLeft();
+  const int line = fontMetrics().height();
+  int top = above;
   for (std::size_t i = 0; i < names_.size(); ++i) {
     const double x = radius + 4 + (i % 2 == 0 ? 0 : swing);
-    const double nameLeft = x + radius + 10;
-    const double nameWidth = std::max(40.0, width - nameLeft - 4);
-    const QRectF text =
-        QFontMetricsF(font()).boundingRect(QRectF(0, 0, nameWidth, 100'000), nameFlags, names_[i]);
-    const double nameHeight = std::max(text.height(), QFontMetricsF(font()).height());
-    const double firstLine = QFontMetricsF(font()).height() / 2;
-    stars.push_back({{x, top + firstLine}, {nameLeft, top, nameWidth, nameHeight}});
+    const int nameLeft = static_cast<int>(x + radius + 10);
+    const int nameWidth = std::max(leastName, width - nameLeft - 4);
+    const int nameHeight = std::max(names_[i]->heightForWidth(nameWidth), line);
+    const QRect name(isMirrored ? width - nameLeft - nameWidth : nameLeft, top, nameWidth,
+                     nameHeight);
+    stars.push_back({{isMirrored ? width - x : x, top + line / 2.0}, name});
     top += nameHeight + gapBetweenNames;
   }
-  height = names_.empty() ? 0 : top - gapBetweenNames + 8;
+  height = names_.empty() ? 0 : top - gapBetweenNames + above;
   return stars;
 }
 
@@ -68,16 +76,26 @@ int PathGraph::heightForWidth(int width) const {
   return static_cast<int>(std::ceil(height));
 }
 
+void PathGraph::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::FontChange) updateGeometry();
+  placeNames();
+}
+
+void PathGraph::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  placeNames();
+}
+
+void PathGraph::placeNames() {
+  double height = 0;
+  const std::vector<Star> stars = layout(width(), height);
+  for (std::size_t i = 0; i < stars.size(); ++i) names_[i]->setGeometry(stars[i].name);
+}
+
 void PathGraph::paintEvent(QPaintEvent*) {
   double height = 0;
-  std::vector<Star> stars = layout(width(), height);
-  const bool mirrored = layoutDirection() == Qt::RightToLeft;
-  if (mirrored) {
-    for (Star& star : stars) {
-      star.centre.setX(width() - star.centre.x());
-      star.name.moveLeft(width() - star.name.right());
-    }
-  }
+  const std::vector<Star> stars = layout(width(), height);
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const QColor quiet = inkOf(ui::ForegroundStyle::tertiary, palette());
@@ -91,13 +109,6 @@ void PathGraph::paintEvent(QPaintEvent*) {
     painter.setPen(QPen(isTarget ? bright : quiet, 2));
     painter.setBrush(isTarget ? bright : palette().color(QPalette::Base));
     painter.drawEllipse(stars[i].centre, radius, radius);
-    painter.setPen(palette().color(QPalette::WindowText));
-    const int side = mirrored ? Qt::AlignRight : Qt::AlignLeft;
-    const int direction =
-        names_[i].isRightToLeft() ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight;
-    painter.drawText(stars[i].name,
-                     (nameFlags & ~Qt::AlignLeft) | side | Qt::AlignAbsolute | direction,
-                     names_[i]);
   }
 }
 

@@ -5,13 +5,16 @@
 #include <QString>
 #include <QWidget>
 
+class QLabel;
+
 namespace vemra::desk {
 
 /// Whether a path ends with the last drawn person.
 enum class PathEnd { here, later };
 
 /// A path as a small graph: a star for each person, in path order, joined by lines, with the
-/// person's name beside it. The star of the path's target is bright. A very long name is shortened.
+/// person's name beside it, which can be selected and copied. The star of the path's target is
+/// bright. A very long name is shortened.
 class PathGraph : public QWidget {
   Q_OBJECT
 
@@ -27,17 +30,20 @@ class PathGraph : public QWidget {
   QSize minimumSizeHint() const override { return {120, heightForWidth(220)}; }
 
  protected:
+  void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
   struct Star {
     QPointF centre;
-    QRectF name;
+    QRect name;
   };
   /// Computes all positions for that width, and then the height.
   std::vector<Star> layout(int width, double& height) const;
+  void placeNames();
 
-  std::vector<QString> names_;
+  std::vector<QLabel*> names_;
   PathEnd end_;
 };
 

@@ -57,7 +57,7 @@ QString firstPiece(const QString& text) {
 
 Pieces::Pieces(const QString& what, AddNext addNext, QWidget* parent)
     : QWidget(parent), addNext_(std::move(addNext)), key_(what) {
-  QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Minimum);  // see `RoleLabel`
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
   auto* column = new QVBoxLayout(this);

@@ -37,15 +37,24 @@ QString onOneShortLine(const QString& text) {
   return line.size() > most ? start(line, most) + u'…' : line;
 }
 
-QString nameInMessage(const QString& name) {
-  QString line = onOneShortLine(name);
-  line.removeIf([](QChar c) {
+namespace {
+
+/// The text without the characters that set a direction for what follows them.
+QString withoutDirections(QString text) {
+  text.removeIf([](QChar c) {
     return (c >= QChar(0x202a) && c <= QChar(0x202e)) || (c >= QChar(0x2066) && c <= QChar(0x2069));
   });
-  return QChar(0x2068) + line + QChar(0x2069);
+  return text;
 }
 
-QString isolated(const QString& text) {
+}  // namespace
+
+QString nameInMessage(const QString& name) {
+  return QChar(0x2068) + withoutDirections(onOneShortLine(name)) + QChar(0x2069);
+}
+
+QString isolated(const QString& whole) {
+  const QString text = withoutDirections(whole);
   const bool isMirrored = QGuiApplication::layoutDirection() == Qt::RightToLeft;
   const auto isOfOtherDirection = [&](char32_t c) {
     const QChar::Direction direction = QChar::direction(c);

@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QEvent>
 #include <QScopedValueRollback>
+#include <QTextDocument>
+#include <QTextOption>
 
 namespace vemra::desk {
 namespace {
@@ -50,7 +52,8 @@ RoleLabel::RoleLabel(const QString& text, TextRole role, TextInk ink) : role_(ro
   setText(text);
   setWordWrap(true);
   setTextInteractionFlags(Qt::TextSelectableByMouse);
-  QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  // A layout cuts a widget that cannot grow at the height of its size hint, which is for more width.
+  QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Minimum);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
   takeLook();
@@ -59,6 +62,24 @@ RoleLabel::RoleLabel(const QString& text, TextRole role, TextInk ink) : role_(ro
 bool RoleLabel::event(QEvent* event) {
   if (event->type() == QEvent::ParentChange) watchParent();
   return QLabel::event(event);
+}
+
+/// Qt's label breaks lines between words only, and resets its document to that with each layout: so
+/// this first lets it lay out the text.
+int RoleLabel::heightForWidth(int width) const {
+  const int height = QLabel::heightForWidth(width);
+  auto* document = findChild<QTextDocument*>();
+  if (!document) return height;
+  QTextOption option = document->defaultTextOption();
+  if (option.wrapMode() != QTextOption::WordWrap) return height;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  document->setDefaultTextOption(option);
+  return QLabel::heightForWidth(width);
+}
+
+void RoleLabel::paintEvent(QPaintEvent* event) {
+  heightForWidth(width());  // the size may have changed since the last layout
+  QLabel::paintEvent(event);
 }
 
 void RoleLabel::changeEvent(QEvent* event) {

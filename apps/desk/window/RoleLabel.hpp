@@ -10,16 +10,20 @@ enum class TextRole { title, heading, strong, body, quiet };
 /// The colour of a text: that of its role, or that of links.
 enum class TextInk { ofRole, ofLinks };
 
-/// A label with wrapped, literal text that can be selected and copied. It keeps the look of its
-/// role when the user changes the size of texts or the colours.
+/// A label with wrapped, literal text that can be selected and copied; a word that is longer than a
+/// line is broken too. It keeps the look of its role when the user changes the size of texts or the
+/// colours.
 class RoleLabel : public QLabel {
   Q_OBJECT
 
  public:
   RoleLabel(const QString& text, TextRole role, TextInk ink = TextInk::ofRole);
 
+  int heightForWidth(int width) const override;
+
  protected:
   bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;
   bool eventFilter(QObject* object, QEvent* event) override;
 

@@ -18,6 +18,7 @@
 
 #include <QApplication>
 #include <QHBoxLayout>
+#include <QLocale>
 #include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -144,7 +145,9 @@ void SidePane::addSuggestion(QVBoxLayout& page, const PersonKnowledge& person,
   }
   addText(page, reason(suggestion.why), TextRole::body);
   if (const std::size_t sources = suggestion.evidenceIDs.size(); sources > 0) {
-    addText(page, localized("Sources: %1").arg(sources), TextRole::quiet);
+    const QLocale locale(fromUTF8(environment_.locale));
+    const QString number = locale.toString(static_cast<qulonglong>(sources));
+    addText(page, localized("Sources: %1").arg(number), TextRole::quiet);
   }
   page.addSpacing(belowEntry);
 }

@@ -9,8 +9,8 @@
 
 namespace vemra::desk {
 
-/// The subject of an outcome in words: the name of the person in this goal, the reference where the
-/// goal has no name for it, or the path to that person.
+/// The subject of an outcome in words: the name of the person in this goal, "Unnamed person" where
+/// the goal has none, as on the screen, or the path to that person.
 QString subjectName(const GoalResultSnapshotV1& goal, GoalOutcomeSubjectKind kind,
                     const std::optional<std::string>& subjectRef);
 

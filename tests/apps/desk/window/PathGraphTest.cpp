@@ -7,6 +7,7 @@
 
 #include <QAccessible>
 #include <QImage>
+#include <QLabel>
 #include <gtest/gtest.h>
 
 namespace vemra::desk {
@@ -82,7 +83,7 @@ TEST_F(PathGraphTest, StarsAlternateBetweenLeftAndRight) {
 }
 
 TEST_F(PathGraphTest, ItIsAsHighAsItsNamesAndTheirGaps) {
-  const qreal name = QFontMetricsF(graph.font()).height();
+  const qreal name = std::ceil(QFontMetricsF(graph.font()).height());
   EXPECT_EQ(PathGraph({"Ada"}).heightForWidth(220), std::ceil(name + 16));
   EXPECT_EQ(graph.heightForWidth(220), std::ceil(3 * name + 2 * 34 + 16));
   EXPECT_EQ(PathGraph(std::vector<QString>()).heightForWidth(220), 0);
@@ -146,6 +147,20 @@ TEST_F(PathGraphTest, APartThatIsContinuedHasNoBrightStar) {
 
 TEST_F(PathGraphTest, NamesAreWrittenInTheTextsColour) {
   EXPECT_GT(pixels(graph, graph.palette().color(QPalette::WindowText)), 3);
+}
+
+TEST_F(PathGraphTest, ANameCanBeSelectedAndCopied) {
+  graph.resize(220, graph.heightForWidth(220));
+  graph.show();
+  const auto names = graph.findChildren<QLabel*>();
+  ASSERT_EQ(names.size(), 3);
+  QStringList texts;
+  for (const QLabel* name : names) {
+    texts.append(name->text());
+    EXPECT_TRUE(name->textInteractionFlags() & Qt::TextSelectableByMouse);
+    EXPECT_TRUE(graph.rect().contains(name->geometry())) << name->text().toStdString();
+  }
+  EXPECT_EQ(texts, (QStringList{"Ada", "Bo", "Dee"}));
 }
 
 TEST_F(PathGraphTest, APathWithoutPeopleIsReported) {

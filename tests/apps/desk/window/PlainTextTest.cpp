@@ -4,6 +4,8 @@
 #include <memory>
 
 #include <QApplication>
+#include <QImage>
+#include <QLabel>
 #include <QPushButton>
 #include <gtest/gtest.h>
 
@@ -17,7 +19,7 @@ TEST(PlainText, ALabelShowsItsTextLiterallyAndWraps) {
   EXPECT_TRUE(label->wordWrap());
   EXPECT_EQ(label->textInteractionFlags(), Qt::TextSelectableByMouse);
   EXPECT_EQ(label->sizePolicy().horizontalPolicy(), QSizePolicy::Ignored);
-  EXPECT_EQ(label->sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
+  EXPECT_EQ(label->sizePolicy().verticalPolicy(), QSizePolicy::Minimum);
   EXPECT_TRUE(label->sizePolicy().hasHeightForWidth());
 }
 
@@ -65,6 +67,22 @@ TEST(PlainText, AShortLineEndsBehindAWholeCharacter) {
 TEST(PlainText, ANameInAMessageIsIsolatedFromTheTextAroundIt) {
   EXPECT_EQ(nameInMessage("Ada\nB."), "\u2068Ada B.\u2069");
   EXPECT_EQ(nameInMessage("A\u2069\u202eda"), "\u2068Ada\u2069") << "and cannot end that early";
+}
+
+TEST(PlainText, ALabelBreaksAWordThatIsLongerThanALine) {
+  const std::unique_ptr<QLabel> label(makeLabel(QString(200, 'w'), TextRole::body));
+  const int line = label->heightForWidth(100'000);
+  EXPECT_GT(label->heightForWidth(100), 5 * line);
+  label->resize(100, label->heightForWidth(100));
+  const QImage image = label->grab().toImage();
+  const auto isBlank = [&](int x, int y) { return image.pixel(x, y) == image.pixel(99, 0); };
+  bool isLastLineBlank = true;
+  for (int x = 0; x < 20; ++x) {
+    for (int y = image.height() - line; y < image.height(); ++y) {
+      isLastLineBlank = isLastLineBlank && isBlank(x, y);
+    }
+  }
+  EXPECT_FALSE(isLastLineBlank) << "it is drawn as it is measured";
 }
 
 TEST(PlainText, ATitleOfAButtonHasNoMnemonic) {

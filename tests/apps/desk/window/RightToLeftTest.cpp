@@ -172,6 +172,7 @@ TEST_F(RightToLeftTest, OnlyTextsOfTheOtherDirectionAreIsolated) {
   EXPECT_EQ(isolated("Ada"), isolate("Ada"));
   EXPECT_EQ(isolated("\u05d0\u05d3\u05d4"), "\u05d0\u05d3\u05d4");
   EXPECT_EQ(isolated("12"), "12");
+  EXPECT_EQ(isolated("A\u2069\u202eda"), isolate("Ada")) << "it cannot end its isolation";
   installTranslations({"en"});
   EXPECT_EQ(isolated("Ada"), "Ada");
   EXPECT_EQ(isolated("\u05d0\u05d3\u05d4"), isolate("\u05d0\u05d3\u05d4", 0x200e));

@@ -100,6 +100,23 @@ TEST_F(SidePaneGapsTest, ATextInPiecesHasThePlaceOfAShortText) {
   EXPECT_EQ(below.top() - place(more).bottom() - 1, betweenLines);
 }
 
+TEST_F(SidePaneGapsTest, ATextOfManyLinesIsShownToItsEnd) {
+  PersonKnowledge person;
+  person.personRef = "p1";
+  GoalOutcomeDTO noted;
+  noted.note = QString("word and more ").repeated(70).toStdString();
+  person.outcomes = {{{"g", "The goal"}, noted}};
+  for (const auto& note : {*noted.note, std::string(900, 'w'), *noted.note + *noted.note}) {
+    person.outcomes[0].outcome.note = note;
+    pane.showPerson(person);
+    QApplication::processEvents();
+    for (const auto* each : pane.widget()->findChildren<QLabel*>()) {
+      EXPECT_GE(each->height(), each->heightForWidth(each->width()))
+          << each->text().left(20).toStdString();
+    }
+  }
+}
+
 // Otherwise a scroll area gives its content a background of its own.
 TEST_F(SidePaneGapsTest, ThePaneHasTheBackgroundOfItsWindow) {
   pane.showPerson({});

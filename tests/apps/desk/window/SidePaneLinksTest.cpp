@@ -75,6 +75,45 @@ TEST_F(SidePaneLinksTest, AClickReturnSpaceAndAnActionPressAGoal) {
   EXPECT_THAT(wanted, ElementsAre("goal g1", "goal g2", "goal g1", "goal g1"));
 }
 
+TEST_F(SidePaneLinksTest, ADoubleClickPressesOnce) {
+  pane.showPerson(person);
+  LinkLabel& first = link("First");
+  const QPoint at(6, 6);
+  mouse(first, QEvent::MouseButtonPress, at, Qt::LeftButton);
+  mouse(first, QEvent::MouseButtonRelease, at, Qt::LeftButton);
+  mouse(first, QEvent::MouseButtonDblClick, at, Qt::LeftButton);
+  mouse(first, QEvent::MouseButtonRelease, at, Qt::LeftButton);
+  EXPECT_THAT(wanted, ElementsAre("goal g1"));
+}
+
+TEST_F(SidePaneLinksTest, KeysWithControlAndOtherMouseButtonsPressNothing) {
+  pane.showPerson(person);
+  LinkLabel& first = link("First");
+  for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+    pressKey(first, key, Qt::ControlModifier);
+    pressKey(first, key, Qt::AltModifier);
+  }
+  mouse(first, QEvent::MouseButtonPress, {6, 6}, Qt::RightButton);
+  mouse(first, QEvent::MouseButtonRelease, {6, 6}, Qt::LeftButton);
+  EXPECT_THAT(wanted, ElementsAre());
+  pressKey(first, Qt::Key_Enter, Qt::KeypadModifier);
+  EXPECT_THAT(wanted, ElementsAre("goal g1"));
+}
+
+TEST_F(SidePaneLinksTest, TheNumberOfSourcesIsWrittenAsInTheLocale) {
+  person.suggestions = {
+      {{"g1", "First"}, {}, GoalWhyDTO::nameMatch(), std::vector<std::string>(1234, "e")}};
+  ui::Environment environment;
+  environment.locale = "de_DE@calendar=buddhist";
+  pane.setEnvironment(environment);
+  pane.showPerson(person);
+  EXPECT_NO_THROW(label("Sources: 1.234"));
+  environment.locale = "en_US";
+  pane.setEnvironment(environment);
+  pane.showPerson(person);
+  EXPECT_NO_THROW(label("Sources: 1,234"));
+}
+
 TEST_F(SidePaneLinksTest, ADragSelectsTheTextOfAGoalAndPressesNothing) {
   pane.showPerson(person);
   pane.show();

@@ -90,7 +90,7 @@ TEST_F(SidePanePiecesTest, AMillionSourcesAreCounted) {
   person.suggestions = {{{"g", "goal"}, "Ada", GoalWhyDTO::nameMatch(), ids(1'000'000)}};
   pane.showPerson(std::move(person));
   expectBounded();
-  EXPECT_TRUE(texts().contains("Sources: 1000000")) << texts().join("\n").toStdString();
+  EXPECT_TRUE(texts().contains("Sources: 1,000,000")) << texts().join("\n").toStdString();
 }
 
 TEST_F(SidePanePiecesTest, EverythingOfASourceIsShownInPieces) {
