@@ -2,12 +2,14 @@
 
 #include "VemraQt/atspi/ChildSignals.hpp"
 #include "VemraQt/atspi/LaterQt.hpp"
+#include "VemraQt/atspi/SelectionSignal.hpp"
 #include "apps/desk/window/GoalRow.hpp"
 #include "apps/desk/window/ListedGoals.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
 #include <cstdlib>
 #include <optional>
+#include <string>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -195,6 +197,7 @@ class AccessibleColumn final : public QAccessibleWidget, public qt::atspi::Selec
   /// Announces all changes. A client that handles an event may do anything, even destroy the list,
   /// so this collects the changed goals before it announces them.
   void announce() {
+    const QPointer<GoalColumn> alive(&column());
     announceCount();
     std::vector<QAccessible::Id> renamed, opened;
     for (const auto& [index, id] : known_) {
@@ -220,6 +223,7 @@ class AccessibleColumn final : public QAccessibleWidget, public qt::atspi::Selec
       QAccessibleStateChangeEvent event(goal, changed);
       QAccessible::updateAccessibility(&event);
     }
+    if (alive) announceSelection();
   }
 
  private:
@@ -248,6 +252,15 @@ class AccessibleColumn final : public QAccessibleWidget, public qt::atspi::Selec
                                  {Kind::added, self, static_cast<std::size_t>(place), idAt(place)});
     }
   }
+  /// Announces that another goal is the selected one.
+  void announceSelection() {
+    const auto open = list() ? list()->openIndex() : std::nullopt;
+    std::string now = open ? list()->goals()[*open].id : std::string();
+    if (std::exchange(announcedSelection_, now) == now || !open) return;
+    qt::atspi::sendSelectionSignal(QAccessible::uniqueId(this));
+    QAccessibleEvent event(child(1 + static_cast<int>(*open)), QAccessible::Selection);
+    QAccessible::updateAccessibility(&event);
+  }
   void announceUnlisted() {
     const QAccessible::Id self = QAccessible::uniqueId(this);
     if (!qt::atspi::sendsChildSignals()) return;
@@ -263,6 +276,7 @@ class AccessibleColumn final : public QAccessibleWidget, public qt::atspi::Selec
 
   mutable std::unordered_map<std::size_t, QAccessible::Id> known_;
   mutable std::optional<int> announcedCount_;
+  std::string announcedSelection_;  // the id of the goal
 };
 
 QAccessibleInterface* makeColumnOrRow(const QString&, QObject* object) {

@@ -12,7 +12,7 @@ class ListedGoals;
 /// A goal without a widget has a name, a state and a position (estimated if it has never been in
 /// view); `Press` opens it, `SetFocus` scrolls it into view and gives it the focus. Clients get an
 /// event when the number of goals, or the name or state of a goal, differs from the last
-/// announcement.
+/// announcement, and when another goal is the selected one.
 class GoalColumn : public QWidget {
   Q_OBJECT
 

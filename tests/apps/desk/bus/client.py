@@ -347,6 +347,16 @@ def a_goal_is_chosen_by_selecting_it(desk):
     assert not selection.deselect_child(1)
 
 
+def a_goal_chosen_by_the_keyboard_is_announced_as_the_selected_one(desk):
+    column = column_of_goals(desk)
+    open_goal(desk, 1)
+    assert column.get_child_at_index(1).grab_focus()
+    with Ear("object:selection-changed") as ear:
+        key(DOWN)
+        hears(ear, lambda event: event[3] == column)
+    equal(column.get_selection_iface().get_selected_child(0).get_name(), "Further goal 0")
+
+
 def an_identifier_is_found_in_the_open_goal_only(desk):
     """The screens of goals that were open before stay alive, with the same identifiers."""
     both = [dict(document(), goal={"id": name, "title": name}) for name in ("twin1", "twin2")]
@@ -380,6 +390,11 @@ def what_a_killed_program_could_not_store_is_stored_by_the_next_one(desk):
     # The name and the title are isolated from the text around them.
     person, title = "\u2068Person <b>5</b> & more\u2069", "\u2068Find a design lead\u2069"
     assert f"“Was useful” for {person} ({title})" in name, name
+    again = next(node for node in walk(desk.root) if node.get_name() == "Try again"
+                 and has(node, SHOWING))
+    with Ear("object:state-changed:showing") as ear:
+        act(again, "Press")
+        hears(ear, lambda event: event[1] == 1 and event[3].get_name() == bar().get_name())
     desk.process.kill()
     desk.process.communicate(timeout=20)
     equal(len(desk.outcomes()), before)
@@ -403,6 +418,7 @@ CHECKS = [
     the_store_is_whole,
     more_goals_are_announced_and_so_are_new_names_of_goals_out_of_view,
     a_goal_is_chosen_by_selecting_it,
+    a_goal_chosen_by_the_keyboard_is_announced_as_the_selected_one,
     an_identifier_is_found_in_the_open_goal_only,
     what_a_killed_program_could_not_store_is_stored_by_the_next_one,
 ]

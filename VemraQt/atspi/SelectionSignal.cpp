@@ -1,0 +1,26 @@
+#include "VemraQt/atspi/SelectionSignal.hpp"
+
+#include "VemraQt/atspi/BusReference.hpp"
+#include "VemraQt/atspi/IdentifierBus.hpp"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+
+namespace vemra::qt::atspi {
+
+void sendSelectionSignal(QAccessible::Id container) {
+  if (!areIdentifiersPublished()) return;
+  const QDBusConnection connection(accessibilityConnection);
+  const BusReference root{connection.baseService(),
+                          QDBusObjectPath(accessiblePath + QStringLiteral("/root"))};
+  const BusReference changed = busReference(connection, container);
+  QDBusMessage signal =
+      QDBusMessage::createSignal(changed.path.path(), QStringLiteral("org.a11y.atspi.Event.Object"),
+                                 QStringLiteral("SelectionChanged"));
+  signal << QString() << 0 << 0 << QVariant::fromValue(QDBusVariant(QVariant::fromValue(changed)))
+         << QVariant::fromValue(root);
+  connection.send(signal);
+}
+
+}  // namespace vemra::qt::atspi
