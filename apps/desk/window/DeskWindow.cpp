@@ -250,15 +250,18 @@ void DeskWindow::announce(const QString& sentence) {
 
 void DeskWindow::showPerson(PersonKnowledge person) {
   side_->showPerson(std::move(person));
+  bringDetails();
 }
 
 void DeskWindow::showEvidence(EvidenceKnowledge evidence) {
   side_->showEvidence(std::move(evidence));
+  bringDetails();
 }
 
 void DeskWindow::showPath(const GoalPathCandidateDTO& path,
                           const std::vector<std::optional<std::string>>& names) {
   side_->showPath(path, names);
+  bringDetails();
 }
 
 void DeskWindow::closeDetails() {

@@ -98,6 +98,8 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   /// Opens a goal of the list and gives its row the focus.
   void goToGoal(const std::string& goalID);
   void focusPage();
+  void showScreen();
+  void bringDetails();
   /// Notes which element of the page the user has used to open details.
   void noteOpener();
   void retireEngine();
@@ -151,6 +153,7 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   StorePage* storePage_;
   SidePane* side_;
   Opener opener_;
+  bool detailsAsked_ = false;  ///< the user has asked for details that are not shown yet
   Notice* notice_;
   WaitingBar* waiting_;
   ReadOnlyBar* readOnly_;

@@ -157,25 +157,19 @@ void DeskWindow::openNeighbour(int step) {
 }
 
 void DeskWindow::focusPane(int step) {
-  std::vector<QWidget*> panes;
-  for (QWidget* pane : {static_cast<QWidget*>(goals_), static_cast<QWidget*>(centre_),
-                        static_cast<QWidget*>(side_)}) {
-    if (pane->isVisible() || (pane == goals_ && panes_->hideGoals())) panes.push_back(pane);
-  }
-  const auto now = std::find_if(panes.begin(), panes.end(), [](QWidget* pane) {
-    return pane->isAncestorOf(pane->window()->focusWidget());
-  });
+  const std::vector<Panes::Pane> panes = panes_->panes();
+  const auto now = std::ranges::find_if(
+      panes, [&](Panes::Pane pane) { return panes_->widget(pane).isAncestorOf(focusWidget()); });
   const auto count = static_cast<std::ptrdiff_t>(panes.size());
   const std::ptrdiff_t before = now == panes.end() ? (step > 0 ? -1 : 0) : now - panes.begin();
-  QWidget* pane = panes[static_cast<std::size_t>((before + step + count) % count)];
-  if (pane == goals_ && !pane->isVisible()) {
-    goToGoals();
-  } else if (pane == goals_ && goals_->openIndex()) {
-    goals_->focusRow(*goals_->openIndex());
-  } else if (pane == centre_ && centre_->currentWidget() == &screen()) {
+  const Panes::Pane pane = panes[static_cast<std::size_t>((before + step + count) % count)];
+  panes_->bringToFront(pane);
+  if (pane == Panes::Pane::goals) {
+    goals_->focusRow(goals_->openIndex().value_or(0));
+  } else if (pane == Panes::Pane::page && centre_->currentWidget() == &screen()) {
     screen().setFocus(Qt::ShortcutFocusReason);
   } else {
-    focusFirstInside(*pane);
+    focusFirstInside(panes_->widget(pane));
   }
 }
 

@@ -16,6 +16,7 @@
 #include "apps/desk/window/Welcome.hpp"
 
 #include <algorithm>
+#include <utility>
 
 #include <QScreen>
 #include <QStackedWidget>
@@ -24,12 +25,25 @@ namespace vemra::desk {
 
 void DeskWindow::goToGoals() {
   closeSide();
-  panes_->goToGoals();
+  panes_->bringToFront(Panes::Pane::goals);
   goals_->focusRow(goals_->openIndex().value_or(0));
 }
 
 void DeskWindow::noteOpener() {
-  opener_ = {&screen(), qt::readingPlace(screen())};
+  opener_ = {&screen(), screens_->current().placeOfPress()};
+  detailsAsked_ = true;
+}
+
+/// Uncovers the page for a search in it.
+void DeskWindow::showScreen() {
+  if (centre_->currentWidget() != &screen()) return;
+  panes_->bringToFront(Panes::Pane::page);
+  if (!find_->bar().isAncestorOf(focusWidget())) focusPage();
+}
+
+/// Details that the user asks for are in front, also when they have been there and were covered.
+void DeskWindow::bringDetails() {
+  if (std::exchange(detailsAsked_, false)) panes_->bringToFront(Panes::Pane::details);
 }
 
 void DeskWindow::focusPage() {
@@ -71,6 +85,7 @@ void DeskWindow::makePanes() {
   centre_ = new Pages;
   screens_ = std::make_unique<GoalScreens>(*centre_);
   find_ = std::make_unique<FindPeople>(*screens_);
+  connect(find_.get(), &FindPeople::screenWanted, this, &DeskWindow::showScreen);
   welcome_ = new Welcome;
   failure_ = new FailurePage;
   storePage_ = new StorePage;

@@ -43,9 +43,16 @@ ui::NodeID FindPeople::list() const {
   return goal && root ? listUnder(*root, goal->snapshot.people().size()) : ui::NodeID();
 }
 
+/// Whether a screen is shown, after another pane that covers it has given way.
+bool FindPeople::hasScreen() {
+  if (!screens_.currentGoal()) return false;
+  if (!screens_.current().isVisible()) Q_EMIT screenWanted();
+  return screens_.current().isVisible();
+}
+
 void FindPeople::open() {
+  if (!hasScreen()) return;
   const LoadedGoal* goal = screens_.currentGoal();
-  if (!goal || !screens_.current().isVisible()) return;
   if (!origin_) {
     QWidget* focus = bar_->window()->focusWidget();
     origin_ = Origin{goal->id, qt::readingPlace(screens_.current()), focus};
@@ -75,7 +82,7 @@ void FindPeople::step(int by) {
     return;
   }
   const std::size_t count = search_.hits().size();
-  if (!hit_) return;
+  if (!hit_ || !hasScreen()) return;
   if (by > 0 && *hit_ + 1 < count) {
     show(*hit_ + 1);
   } else if (by < 0 && *hit_ > 0) {
@@ -108,7 +115,7 @@ void FindPeople::showResult() {
 }
 
 void FindPeople::goToHit() {
-  if (!hit_) return;
+  if (!hit_ || !hasScreen()) return;
   const ui::NodeID people = list();
   hideBar();
   qt::focusRow(screens_.current(), people, row_);
@@ -138,7 +145,8 @@ bool FindPeople::close() {
 void FindPeople::screenChanged() {
   if (!origin_) return;
   const LoadedGoal* goal = screens_.currentGoal();
-  if (!goal || !screens_.current().isVisible() || !text::equal(goal->id, origin_->goalID)) {
+  const bool isShown = goal && !screens_.current().isHidden();  // another pane may cover it
+  if (!isShown || !text::equal(goal->id, origin_->goalID)) {
     hideBar();
     return;
   }

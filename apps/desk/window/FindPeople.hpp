@@ -20,6 +20,8 @@ class GoalScreens;
 /// Finding people on the screen that is shown: the bar, the search, and the hit in the page. The
 /// screen's tree and state stay as they are; only its scroll position and a mark over it change.
 class FindPeople : public QObject {
+  Q_OBJECT
+
  public:
   /// - Parameter screens: outlives this object.
   explicit FindPeople(GoalScreens& screens, QObject* parent = nullptr);
@@ -27,7 +29,7 @@ class FindPeople : public QObject {
   /// For the window to place.
   FindBar& bar() const { return *bar_; }
 
-  /// Shows the bar, with the text of the last search.
+  /// Shows the bar, with the text of the last search; first the screen, if it is covered.
   void open();
   /// Shows the next hit, or the first one behind the last; opens the bar where it is closed.
   void next() { step(1); }
@@ -39,6 +41,10 @@ class FindPeople : public QObject {
   /// the bar for another goal or when no screen is shown.
   void screenChanged();
 
+ Q_SIGNALS:
+  /// Emitted when the user searches while the screen is covered; the receiver shows it.
+  void screenWanted();
+
  private:
   /// What the user had before the bar opened.
   struct Origin {
@@ -47,6 +53,7 @@ class FindPeople : public QObject {
     QPointer<QWidget> focus;  ///< outside the page
   };
 
+  bool hasScreen();
   void search(std::size_t from);
   void step(int by);
   void show(std::size_t hit);

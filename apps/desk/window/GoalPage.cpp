@@ -3,6 +3,8 @@
 #include "apps/desk/window/PlainText.hpp"
 
 #include <algorithm>
+#include <cstddef>
+#include <variant>
 
 #include <QEvent>
 #include <QScrollBar>
@@ -12,11 +14,59 @@ namespace {
 
 constexpr int besideLines = 48;  // the margins of the page, both together
 
+bool isLeaf(const ui::Node& node) {
+  switch (node.element.kind()) {
+    case ui::ElementKind::text:
+    case ui::ElementKind::button:
+    case ui::ElementKind::picker:
+    case ui::ElementKind::textField:
+      return true;
+    default:
+      return false;
+  }
+}
+
+/// Counts the texts and controls below `node` up to `leaf`. Returns whether it is among them.
+bool countTo(const ui::Node& leaf, const ui::Node& node, std::size_t& count) {
+  if (&node == &leaf) return true;
+  if (isLeaf(node)) {
+    ++count;
+    return false;
+  }
+  return std::ranges::any_of(node.children,
+                             [&](const ui::Node* child) { return countTo(leaf, *child, count); });
+}
+
+qt::ReadingPlace placeOf(const ui::Node& control) {
+  qt::ReadingPlace place;
+  place.focus = control.id;
+  for (const ui::Node* node = &control; node; node = node->parent) {
+    if (!node->isRow || !node->parent) continue;
+    place.focusRow = qt::ReadingPlace::Row{node->parent->id, node->rowIndex};
+    place.controlInRow = 0;
+    countTo(control, *node, place.controlInRow);
+  }
+  return place;
+}
+
 }  // namespace
 
 GoalPage::GoalPage() {
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);
+  verticalScrollBar()->installEventFilter(this);
+  presses_ = graph().observeEvents([this](const ui::Node& element, const ui::Event& event) {
+    if (std::holds_alternative<ui::Press>(event)) placeOfPress_ = placeOf(element);
+  });
+}
+
+/// The lines keep their width when the scroll bar comes or goes.
+bool GoalPage::eventFilter(QObject* watched, QEvent* event) {
+  const bool handled = qt::ViewWidget::eventFilter(watched, event);
+  const bool isScrollBar = watched == verticalScrollBar();
+  const auto type = event->type();
+  if (isScrollBar && (type == QEvent::Show || type == QEvent::Hide)) limitLines();
+  return handled;
 }
 
 bool GoalPage::event(QEvent* event) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "VemraQt/PageRows.hpp"
 #include "VemraQt/ViewWidget.hpp"
 
 namespace vemra::desk {
@@ -12,11 +13,19 @@ class GoalPage : public qt::ViewWidget {
  public:
   GoalPage();
 
+  /// The place of the button that was pressed last, by a person or by assistive technology, as if
+  /// it had the focus.
+  const qt::ReadingPlace& placeOfPress() const { return placeOfPress_; }
+
  protected:
   bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void limitLines();
+
+  qt::ReadingPlace placeOfPress_;
+  ui::EventObservation presses_;
 };
 
 }  // namespace vemra::desk

@@ -1,8 +1,6 @@
 #include "apps/desk/window/GoalScreens.hpp"
 
 #include "VemraPlatform/text/Equality.hpp"
-#include "VemraQt/ViewWidget.hpp"
-#include "apps/desk/window/GoalPage.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/OpenEditors.hpp"
 #include "apps/desk/window/Pages.hpp"
@@ -48,7 +46,7 @@ const LoadedGoal* GoalScreens::showAgain(const std::string& goalID) {
   return &*screens_.front().goal;
 }
 
-qt::ViewWidget& GoalScreens::current() const {
+GoalPage& GoalScreens::current() const {
   return *screens_.front().widget;
 }
 

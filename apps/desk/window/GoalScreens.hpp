@@ -3,6 +3,7 @@
 #include "VemraPlatform/ui/View.hpp"
 #include "VemraPlatform/ui/ViewGraph.hpp"
 #include "apps/desk/window/DeskDisplay.hpp"
+#include "apps/desk/window/GoalPage.hpp"
 
 #include <cstddef>
 #include <functional>
@@ -12,15 +13,11 @@
 
 #include <QStringList>
 
-namespace vemra::qt {
-class ViewWidget;
-}
-
 namespace vemra::desk {
 
 class Pages;
 
-/// The screens of the goals that were opened: one `ViewWidget` for each goal. A screen that another
+/// The screens of the goals that were opened: one `GoalPage` for each goal. A screen that another
 /// goal replaces stays alive, with its open editors and its scroll position.
 ///
 /// Beyond a number of screens, those without open editors are destroyed, the one that was shown
@@ -41,7 +38,7 @@ class GoalScreens {
   /// Shows that goal's screen as it was shown last. Returns its goal; null when there is no screen.
   const LoadedGoal* showAgain(const std::string& goalID);
   /// The screen that was shown last; an empty one before the first.
-  qt::ViewWidget& current() const;
+  GoalPage& current() const;
   /// The goal of that screen, as it was shown last; null for an empty screen.
   const LoadedGoal* currentGoal() const;
   std::size_t count() const { return screens_.size(); }
@@ -53,7 +50,7 @@ class GoalScreens {
 
  private:
   struct Screen {
-    qt::ViewWidget* widget;
+    GoalPage* widget;
     std::optional<LoadedGoal> goal;  ///< as it was shown last; nil for an empty screen
   };
 

@@ -5,6 +5,7 @@
 
 #include <QEvent>
 #include <QScopedValueRollback>
+#include <QVBoxLayout>
 
 namespace vemra::desk {
 namespace {
@@ -17,10 +18,13 @@ constexpr int detailsLeast = 32;
 }  // namespace
 
 Panes::Panes(QWidget* goals, QWidget* page, QWidget* details)
-    : goals_(goals), page_(page), details_(details) {
+    : goals_(goals), page_(page), details_(details), detailsPane_(new QWidget) {
   setChildrenCollapsible(false);
   setHandleWidth(1);
-  for (QWidget* pane : {goals_, page_, details_}) addWidget(pane);
+  auto* around = new QVBoxLayout(detailsPane_);
+  around->setContentsMargins(0, 0, 0, 0);
+  around->addWidget(details_);
+  for (QWidget* pane : {goals_, page_, detailsPane_}) addWidget(pane);
   details_->installEventFilter(this);
   setStretchFactor(1, 1);
   setSizes({230, 560, 290});
@@ -28,18 +32,39 @@ Panes::Panes(QWidget* goals, QWidget* page, QWidget* details)
 
 void Panes::setGoalsWanted(bool wanted) {
   goalsWanted_ = wanted;
-  if (!wanted) inGoals_ = false;
+  if (!wanted && front_ == Pane::goals) front_ = Pane::page;
   arrange();
 }
 
-void Panes::goToGoals() {
-  inGoals_ = goalsWanted_;
+std::vector<Panes::Pane> Panes::panes() const {
+  std::vector<Pane> panes;
+  if (goalsWanted_) panes.push_back(Pane::goals);
+  panes.push_back(Pane::page);
+  if (hasDetails()) panes.push_back(Pane::details);
+  return panes;
+}
+
+QWidget& Panes::widget(Pane pane) const {
+  switch (pane) {
+    case Pane::goals:
+      return *goals_;
+    case Pane::page:
+      return *page_;
+    case Pane::details:
+      return *details_;
+  }
+  return *page_;
+}
+
+void Panes::bringToFront(Pane pane) {
+  const std::vector<Pane> there = panes();
+  if (std::ranges::find(there, pane) != there.end()) front_ = pane;
   arrange();
 }
 
 bool Panes::leaveGoals() {
-  const bool wasOnlyGoals = page_->isHidden() && inGoals_;
-  inGoals_ = false;
+  const bool wasOnlyGoals = page_->isHidden() && front_ == Pane::goals;
+  if (front_ == Pane::goals) front_ = Pane::page;
   arrange();
   return wasOnlyGoals;
 }
@@ -51,7 +76,11 @@ bool Panes::hideGoals() const {
 bool Panes::eventFilter(QObject* object, QEvent* event) {
   const auto type = event->type();
   if (object == details_ && (type == QEvent::ShowToParent || type == QEvent::HideToParent)) {
-    if (type == QEvent::ShowToParent) inGoals_ = false;
+    if (type == QEvent::ShowToParent) {
+      front_ = Pane::details;
+    } else if (front_ == Pane::details) {
+      front_ = Pane::page;
+    }
     arrange();
   }
   return QSplitter::eventFilter(object, event);
@@ -74,20 +103,29 @@ void Panes::arrange() {
   const int goals = goalsLeast * character;
   const int page = pageLeast * character;
   const int details = detailsLeast * character;
-  const bool hasDetails = !details_->isHidden();
-  const int beside = hasDetails ? details + handleWidth() : 0;
-  const bool haveGoalsRoom = width() >= goals + handleWidth() + page + beside;
-  const bool hasPageRoom = !hasDetails || width() >= page + beside;
-  const bool areGoalsAlone = inGoals_ && !haveGoalsRoom && !hasDetails;
-  const bool showGoals = goalsWanted_ && (haveGoalsRoom || areGoalsAlone);
-  // Show before hiding: a pane that is hidden with the focus must find another one.
-  const bool showPage = hasPageRoom && !areGoalsAlone;
+  const auto hasRoom = [&](int first, int second) {
+    return width() >= first + handleWidth() + second;
+  };
+  const int wanted = page + (goalsWanted_ ? goals + handleWidth() : 0) +
+                     (hasDetails() ? details + handleWidth() : 0);
+  const bool showAll = width() >= wanted;
+  if (showAll) front_ = hasDetails() ? Pane::details : Pane::page;
+  const bool isPageInFront = front_ == Pane::page;
+  const bool showDetails = hasDetails() && (showAll || front_ == Pane::details ||
+                                            (isPageInFront && hasRoom(page, details)));
+  const bool showGoals = goalsWanted_ && (showAll || front_ == Pane::goals ||
+                                          (isPageInFront && !showDetails && hasRoom(goals, page)));
+  const bool showPage =
+      showAll || isPageInFront || hasRoom(page, front_ == Pane::goals ? goals : details);
   goals_->setMinimumWidth(std::min(goals, width()));
   page_->setMinimumWidth(std::min(page, width()));
   details_->setMinimumWidth(std::min(details, width()));
+  // Show before hiding: a pane that is hidden with the focus must find another one.
   if (showGoals) goals_->show();
+  if (showDetails) detailsPane_->show();
   page_->setVisible(showPage);
   if (!showGoals) goals_->hide();
+  if (!showDetails) detailsPane_->hide();
   const bool areHidden = hideGoals();
   if (std::exchange(gaveWay_, areHidden) != areHidden) Q_EMIT goalsGaveWay(areHidden);
 }

@@ -1,25 +1,35 @@
 #pragma once
 
+#include <vector>
+
 #include <QSplitter>
 
 namespace vemra::desk {
 
 /// The goals, the page of the open goal, and the details, side by side. Where the window is too
-/// narrow for all of them, the goals give way first, then the page: at the narrowest, one pane fills
-/// the window. The widths count characters, so panes also give way to large texts.
+/// narrow for all of them, the pane in front is shown, with the page beside it if there is room; the
+/// page in front has the details beside it, or else the goals. At the narrowest, one pane fills the
+/// window. The widths count characters, so panes also give way to large texts.
 ///
-/// The details are shown while they are not hidden; the goals while they are wanted and there is
-/// room, or the user has gone to them.
+/// In front are the details while they are not hidden, else the page, until the user goes to another
+/// pane. A window with room for all panes ends that choice: when it is narrowed again, the open
+/// details or the page are in front.
 class Panes : public QSplitter {
   Q_OBJECT
 
  public:
+  enum class Pane { goals, page, details };
+
   Panes(QWidget* goals, QWidget* page, QWidget* details);
 
   /// Whether there are goals to show.
   void setGoalsWanted(bool wanted);
-  /// Shows the goals, in a narrow window in place of the page. The details must be hidden.
-  void goToGoals();
+  /// The panes that there are, also those that give way: the goals while they are wanted, the page,
+  /// and the details while they are not hidden.
+  std::vector<Pane> panes() const;
+  QWidget& widget(Pane pane) const;
+  /// Shows a pane that there is, in a narrow window in place of others.
+  void bringToFront(Pane pane);
   /// Shows the page in place of the goals where they have no room beside each other. Returns whether
   /// it has done so.
   bool leaveGoals();
@@ -39,13 +49,15 @@ class Panes : public QSplitter {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  bool hasDetails() const { return !details_->isHidden(); }
   void arrange();
 
   QWidget* goals_;
   QWidget* page_;
   QWidget* details_;
+  QWidget* detailsPane_;  ///< around the details: hidden while they give way
   bool goalsWanted_ = false;
-  bool inGoals_ = false;  ///< the user has gone to the goals in a narrow window
+  Pane front_ = Pane::page;
   bool gaveWay_ = false;
   bool arranging_ = false;
 };

@@ -87,6 +87,30 @@ TEST_F(GoalScreensTest, AScreenWithAnOpenEditorIsNeverDestroyed) {
   EXPECT_EQ(screens.drafts(), QStringList{"\u2068Ada\u2069 (\u2068Goal a\u2069)"});
 }
 
+TEST_F(GoalScreensTest, ScreensWithoutAnEditorGoAsSoonAsThereAreTooMany) {
+  for (const char* id : {"a", "b", "c", "d"}) {
+    show(id);
+    openEditor("vemra.goal.person.p1");
+  }
+  EXPECT_EQ(screens.count(), 4u) << "no draft is lost";
+  show("e");
+  EXPECT_EQ(screens.count(), 5u);
+  show("f");
+  EXPECT_EQ(screens.count(), 5u) << "the one without an editor goes, though it was shown last";
+  ASSERT_NE(screens.showAgain("a"), nullptr);
+  ASSERT_NE(screens.showAgain("b"), nullptr);
+  for (const char* id : {"a", "b", "c", "d"}) {
+    ASSERT_NE(screens.showAgain(id), nullptr);
+    QApplication::processEvents();
+    auto* cancel =
+        screens.current().findChild<QAbstractButton*>("vemra.goal.person.p1.outcome.cancel");
+    ASSERT_NE(cancel, nullptr);
+    cancel->click();
+  }
+  show("g");
+  EXPECT_EQ(screens.count(), 3u) << "the usual number, once the editors are closed";
+}
+
 TEST_F(GoalScreensTest, OpenEditorsAreFoundInRowsOutOfViewAndInThePath) {
   auto longer = goal("l", "Long");
   std::vector<GoalPersonCandidateDTO> people;

@@ -2,13 +2,16 @@
 
 #include "apps/desk/window/GoalPage.hpp"
 #include "apps/desk/window/LinkLabel.hpp"
+#include "apps/desk/window/MenuBar.hpp"
 #include "apps/desk/window/Panes.hpp"
 #include "apps/desk/window/PlainText.hpp"
 #include "tests/VemraQt/ActiveWindow.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
 #include <string>
+#include <vector>
 
+#include <QPointer>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QToolButton>
@@ -69,28 +72,69 @@ TEST_F(PanesTest, LargerTextsTakeMoreRoom) {
 TEST_F(PanesTest, WithoutRoomTheUserGoesToTheGoalsAndBack) {
   ASSERT_EQ(shownAt(45), "p");
   EXPECT_TRUE(panes.hideGoals());
-  panes.goToGoals();
+  panes.bringToFront(Panes::Pane::goals);
   EXPECT_EQ(shownAt(45), "g");
   EXPECT_FALSE(panes.hideGoals());
   EXPECT_TRUE(panes.leaveGoals());
   EXPECT_EQ(shownAt(45), "p");
   EXPECT_FALSE(panes.leaveGoals());
-  panes.goToGoals();
+  panes.bringToFront(Panes::Pane::goals);
   EXPECT_EQ(shownAt(70), "gp");
   EXPECT_FALSE(panes.leaveGoals()) << "both have room";
-  panes.goToGoals();
-  ASSERT_EQ(shownAt(45), "g");
+  ASSERT_EQ(shownAt(45), "p");
+  panes.bringToFront(Panes::Pane::goals);
   details->show();
   EXPECT_EQ(shownAt(45), "d");
   details->hide();
   EXPECT_EQ(shownAt(45), "p");
 }
 
+TEST_F(PanesTest, EachPaneThatThereIsCanBeInFront) {
+  ASSERT_EQ(shownAt(45), "p");
+  EXPECT_EQ(panes.panes(), (std::vector{Panes::Pane::goals, Panes::Pane::page}));
+  panes.bringToFront(Panes::Pane::details);
+  EXPECT_EQ(shownAt(45), "p") << "there are no details";
+  details->show();
+  EXPECT_EQ(panes.panes(),
+            (std::vector{Panes::Pane::goals, Panes::Pane::page, Panes::Pane::details}));
+  EXPECT_EQ(shownAt(45), "d");
+  panes.bringToFront(Panes::Pane::goals);
+  EXPECT_EQ(shownAt(45), "g");
+  panes.bringToFront(Panes::Pane::page);
+  EXPECT_EQ(shownAt(45), "p");
+  EXPECT_FALSE(details->isHidden()) << "they are there and covered";
+  panes.bringToFront(Panes::Pane::details);
+  EXPECT_EQ(shownAt(45), "d");
+}
+
+TEST_F(PanesTest, ThePaneInFrontHasCompanyWhereThereIsRoom) {
+  details->show();
+  ASSERT_EQ(shownAt(80), "pd");
+  panes.bringToFront(Panes::Pane::goals);
+  EXPECT_EQ(shownAt(80), "gp");
+  panes.bringToFront(Panes::Pane::page);
+  EXPECT_EQ(shownAt(80), "pd");
+  EXPECT_EQ(shownAt(70), "gp") << "no room for the details";
+}
+
+TEST_F(PanesTest, AWindowWithRoomForAllPanesEndsTheChoiceOfOne) {
+  ASSERT_EQ(shownAt(45), "p");
+  panes.bringToFront(Panes::Pane::goals);
+  ASSERT_EQ(shownAt(45), "g");
+  ASSERT_EQ(shownAt(70), "gp");
+  EXPECT_EQ(shownAt(45), "p");
+  details->show();
+  panes.bringToFront(Panes::Pane::page);
+  ASSERT_EQ(shownAt(45), "p");
+  ASSERT_EQ(shownAt(105), "gpd");
+  EXPECT_EQ(shownAt(45), "d");
+}
+
 TEST_F(PanesTest, GoalsThatAreNotWantedStayHidden) {
   panes.setGoalsWanted(false);
   EXPECT_EQ(shownAt(90), "p");
   EXPECT_FALSE(panes.hideGoals());
-  panes.goToGoals();
+  panes.bringToFront(Panes::Pane::goals);
   EXPECT_EQ(shownAt(45), "p");
 }
 
@@ -137,6 +181,18 @@ TEST_F(NarrowWindowTest, TheDetailsFillTheWindowAndGiveTheFocusBack) {
               window->focusWidget() == &window->screen());
 }
 
+TEST_F(NarrowWindowTest, TheFocusReturnsToTheElementThatOpenedTheDetails) {
+  wait<QAbstractButton>("vemra.goal.person.p1.outcome.start")->setFocus();
+  pressTitled("Ada");  // as assistive technology does: the focus stays
+  auto* close = wait<QToolButton>("desk.side.close");
+  ASSERT_NE(close, nullptr);
+  close->setFocus();
+  close->click();
+  auto* opener = qobject_cast<QAbstractButton*>(window->focusWidget());
+  ASSERT_NE(opener, nullptr);
+  EXPECT_EQ(opener->text(), "Ada");
+}
+
 TEST_F(NarrowWindowTest, ALinkToAGoalLeavesTheDetailsThatFillTheWindow) {
   pressTitled("Ada");
   ASSERT_NE(wait<QToolButton>("desk.side.close"), nullptr);
@@ -170,6 +226,75 @@ TEST_F(NarrowWindowTest, EscapeGoesBackFromTheGoalsToThePage) {
   EXPECT_TRUE(window->screen().isVisible());
 }
 
+TEST_F(NarrowWindowTest, F6GoesRoundThePanesAndShowsThem) {
+  pressTitled("Ada");
+  ASSERT_NE(wait<QToolButton>("desk.side.close"), nullptr);
+  auto* menus = window->findChild<MenuBar*>();
+  const auto hasFocus = [&](const QWidget& pane) {
+    const QWidget* focus = window->focusWidget();
+    return pane.isVisible() && focus != nullptr && focus->isVisible() &&
+           (focus == &pane || pane.isAncestorOf(focus));
+  };
+  const QWidget& side = *window->findChild<QWidget*>("desk.side");
+  const QWidget& goals = *window->findChild<QWidget*>("desk.goals");
+  for (int round = 0; round < 2; ++round) {
+    while (!hasFocus(side)) Q_EMIT menus->nextPaneWanted();
+    Q_EMIT menus->nextPaneWanted();
+    EXPECT_TRUE(hasFocus(goals));
+    Q_EMIT menus->nextPaneWanted();
+    EXPECT_TRUE(hasFocus(window->screen()));
+    Q_EMIT menus->nextPaneWanted();
+    EXPECT_TRUE(hasFocus(side));
+    Q_EMIT menus->previousPaneWanted();
+    EXPECT_TRUE(hasFocus(window->screen()));
+  }
+}
+
+TEST_F(NarrowWindowTest, FindingPeopleShowsThePage) {
+  auto* menus = window->findChild<MenuBar*>();
+  ASSERT_NE(wait<QWidget>("vemra.goal.person.p1.outcome.start"), nullptr);
+  press("desk.goals.show");
+  ASSERT_FALSE(window->screen().isVisible());
+  Q_EMIT menus->findWanted();
+  EXPECT_TRUE(window->screen().isVisible()) << "in place of the goals";
+  auto* field = find<QWidget>("desk.find.text");
+  ASSERT_NE(field, nullptr);
+  EXPECT_EQ(window->focusWidget(), field);
+  pressTitled("Ada");
+  ASSERT_NE(wait<QToolButton>("desk.side.close"), nullptr);
+  ASSERT_FALSE(window->screen().isVisible());
+  Q_EMIT menus->findWanted();
+  EXPECT_TRUE(window->screen().isVisible()) << "in place of the details";
+  EXPECT_EQ(window->focusWidget(), field);
+  press("desk.find.close");
+  EXPECT_TRUE(window->screen().isVisible());
+  ASSERT_NE(window->focusWidget(), nullptr);
+  EXPECT_TRUE(window->focusWidget()->isVisible());
+}
+
+TEST_F(NarrowWindowTest, DetailsThatAreCoveredComeBackWhenTheUserAsksForThem) {
+  pressTitled("Ada");
+  auto* close = wait<QToolButton>("desk.side.close");
+  ASSERT_NE(close, nullptr);
+  Q_EMIT window->findChild<MenuBar*>()->findWanted();
+  ASSERT_FALSE(close->isVisible());
+  pressTitled("Ada");
+  EXPECT_TRUE(becomes([&] { return find<QToolButton>("desk.side.close") != nullptr; }));
+}
+
+TEST_F(NarrowWindowTest, AStoreThatChangesUncoversNothing) {
+  pressTitled("Ada");
+  ASSERT_NE(wait<QToolButton>("desk.side.close"), nullptr);
+  Q_EMIT window->findChild<MenuBar*>()->findWanted();
+  const auto side = [&] { return window->findChild<QWidget*>("desk.side.close"); };
+  const QPointer<QWidget> before(side());
+  GoalStore::open(file).import({goal("c", "Third")});
+  ASSERT_TRUE(becomes([&] { return before.isNull() && side() != nullptr; })) << "shown anew";
+  EXPECT_FALSE(side()->isVisible());
+  EXPECT_TRUE(window->screen().isVisible());
+  EXPECT_NE(find<QWidget>("desk.find.text"), nullptr);
+}
+
 TEST(GoalPageTest, ItsLinesHaveAboutSeventyFiveCharacters) {
   GoalPage page;
   page.resize(2000, 500);
@@ -186,6 +311,24 @@ TEST(GoalPageTest, ItsLinesHaveAboutSeventyFiveCharacters) {
   page.resize(400, 500);
   QApplication::processEvents();
   EXPECT_GT(page.viewport()->width(), 370);
+}
+
+TEST(GoalPageTest, ItsLinesKeepTheirWidthWhenTheScrollBarComesAndGoes) {
+  GoalPage page;
+  page.resize(2000, 500);
+  page.setRoot(ui::Text(ui::verbatim(std::string(4000, 'w'))));
+  page.show();
+  QApplication::processEvents();
+  ASSERT_TRUE(page.verticalScrollBar()->isVisible());
+  const int width = page.viewport()->width();
+  page.setRoot(ui::Text("short"));
+  QApplication::processEvents();
+  ASSERT_FALSE(page.verticalScrollBar()->isVisible());
+  EXPECT_EQ(page.viewport()->width(), width);
+  page.setRoot(ui::Text(ui::verbatim(std::string(4000, 'w'))));
+  QApplication::processEvents();
+  ASSERT_TRUE(page.verticalScrollBar()->isVisible());
+  EXPECT_EQ(page.viewport()->width(), width);
 }
 
 }  // namespace
