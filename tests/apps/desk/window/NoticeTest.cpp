@@ -14,7 +14,6 @@ namespace vemra::desk {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 class NoticeTest : public ::testing::Test {
  protected:
