@@ -252,11 +252,12 @@ class AccessibleColumn final : public QAccessibleWidget, public qt::atspi::Selec
                                  {Kind::added, self, static_cast<std::size_t>(place), idAt(place)});
     }
   }
-  /// Announces that another goal is the selected one.
+  /// Announces that another goal is the selected one; the first one is no news.
   void announceSelection() {
     const auto open = list() ? list()->openIndex() : std::nullopt;
     std::string now = open ? list()->goals()[*open].id : std::string();
-    if (std::exchange(announcedSelection_, now) == now || !open) return;
+    const std::string before = std::exchange(announcedSelection_, now);
+    if (before.empty() || before == now || !open) return;
     qt::atspi::sendSelectionSignal(QAccessible::uniqueId(this));
     QAccessibleEvent event(child(1 + static_cast<int>(*open)), QAccessible::Selection);
     QAccessible::updateAccessibility(&event);
