@@ -188,7 +188,11 @@ function(vemra_test target)
   endif()
   string(REPLACE ";" "\\;" labels "${arg_LABELS}")
   string(REPLACE ";" "\\;" environment "${arg_ENVIRONMENT}")
-  gtest_discover_tests(${target} TEST_PREFIX "${VEMRA_TEST_PREFIX}" DISCOVERY_TIMEOUT 60
+  set(prefix "")  # CMake 3.31 warns of an empty one
+  if(VEMRA_TEST_PREFIX)
+    set(prefix TEST_PREFIX "${VEMRA_TEST_PREFIX}")
+  endif()
+  gtest_discover_tests(${target} ${prefix} DISCOVERY_TIMEOUT 60
     PROPERTIES LABELS "${labels}" TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${environment}")
 endfunction()
 
