@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include <QKeyEvent>
 #include <QPointer>
 #include <QScrollBar>
 #include <QShortcut>
