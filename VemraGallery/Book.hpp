@@ -17,8 +17,8 @@ struct BookError : std::runtime_error {
 enum class Replace { no, yes };
 
 /// Writes a gallery as web pages that need no network: `index.html` and a picture of each specimen
-/// in each language, light, dark and in high contrast, 320 and 600 pixels wide, with its outline, its identifiers and
-/// the text that assistive technology gets.
+/// in each language, light, dark and in high contrast, 320 and 600 pixels wide, with its outline,
+/// its identifiers and the text that assistive technology gets.
 ///
 /// Makes the folder if it does not exist. Refuses a folder that is not empty; with `Replace::yes`
 /// replaces the older book in it (`index.html` and `pictures`) and keeps its other files. Needs a

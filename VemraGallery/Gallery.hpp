@@ -64,8 +64,9 @@ class VEMRA_EXPORT Gallery {
   /// The languages to choose from, in the order in which they were added; English is the first.
   const std::vector<Language>& languages() const { return languages_; }
 
-  /// Runs the program of a gallery: shows the window, or with `--export FOLDER` writes the web pages
-  /// (`writeBook`) without a display. Makes its own `QApplication`. Writes errors to standard error.
+  /// Runs the program of a gallery: shows the window, or with `--export FOLDER` writes the web
+  /// pages (`writeBook`) without a display. Makes its own `QApplication`. Writes errors to standard
+  /// error.
   /// - Returns: the exit code: 0; 2 for an unusable command line, or a folder that cannot be
   ///   written.
   int run(int argumentCount, char** arguments) const;

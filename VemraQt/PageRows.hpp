@@ -28,7 +28,8 @@ VEMRA_EXPORT bool focusRow(ViewWidget& widget, ui::NodeID list, std::size_t inde
 /// estimated. Empty when there is no such row.
 VEMRA_EXPORT QRect rowFrame(const ViewWidget& widget, ui::NodeID list, std::size_t index);
 
-/// The row of that list at the top of the viewport, or the nearest one; nil for a list without rows.
+/// The row of that list at the top of the viewport, or the nearest one; nil for a list without
+/// rows.
 VEMRA_EXPORT std::optional<std::size_t> rowAtTop(const ViewWidget& widget, ui::NodeID list);
 
 /// The place in a page where a reader is: what is in view, and the control with the focus.
@@ -49,8 +50,8 @@ struct ReadingPlace {
 /// The place that the reader sees, for `returnTo`. Main thread only.
 VEMRA_EXPORT ReadingPlace readingPlace(const ViewWidget& widget);
 /// Gives the focus back to the control that had it at a place, and scrolls only as far as needed to
-/// show it. If the control is gone and was in a row, the focus goes into that row. Returns whether a
-/// control has the focus afterwards.
+/// show it. If the control is gone and was in a row, the focus goes into that row. Returns whether
+/// a control has the focus afterwards.
 VEMRA_EXPORT bool returnFocusTo(ViewWidget& widget, const ReadingPlace& place);
 /// Scrolls back to a place, and gives the focus back to the control that had it there.
 VEMRA_EXPORT void returnTo(ViewWidget& widget, const ReadingPlace& place);

@@ -26,8 +26,8 @@ VEMRA_EXPORT void logThrowingCallback() noexcept;
 ///     qt::startOnMainThread(*this, GoalResultProjectionReader::makeSnapshot(engine, goalID),
 ///                           [this](task::Result<GoalResultSnapshotV1> loaded) { … });
 ///
-/// - Parameter receiver: when it has been destroyed, the task runs to its end and the callback is not
-///   called.
+/// - Parameter receiver: when it has been destroyed, the task runs to its end and the callback is
+///   not called.
 /// - Parameter callback: called once with a `Result<T>`, from the event loop, never before this
 ///   function returns. It catches what `Result::take` throws, which is the task's failure: an
 ///   exception that leaves the callback is logged with its text and goes on into the event loop,

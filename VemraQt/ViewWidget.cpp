@@ -165,10 +165,9 @@ bool ViewWidget::eventFilter(QObject* watched, QEvent* event) {
   // while the environment sets another colour scheme. The direction is always set on this one.
   const QEvent::Type type = event->type();
   const bool isOfWindow = watched == window() && type == QEvent::ApplicationPaletteChange;
-  const bool isOfParent =
-      watched == parentWidget() &&
-      (type == QEvent::LayoutDirectionChange ||
-       (type == QEvent::PaletteChange && testAttribute(Qt::WA_SetPalette)));
+  const bool isOfParent = watched == parentWidget() &&
+                          (type == QEvent::LayoutDirectionChange ||
+                           (type == QEvent::PaletteChange && testAttribute(Qt::WA_SetPalette)));
   if ((isOfWindow || isOfParent) && watched != this && !page_->isRestyling()) followSystem();
   return QAbstractScrollArea::eventFilter(watched, event);
 }

@@ -38,11 +38,11 @@ class Page;
 ///
 /// `setAccessibleName` names the page for assistive technology, such as "What came of it".
 ///
-/// A widget that owns its graph uses the environment around it (`environmentAround`: the palette and
-/// the direction of its parent widget, the system's language, locale and time zone) and follows its
-/// changes, but for the values that the host sets with `setOverrides`, until the host calls
-/// `setEnvironment`. The page decides its own palette and direction: set them on its parent or in the
-/// overrides, not on this widget. Main thread only.
+/// A widget that owns its graph uses the environment around it (`environmentAround`: the palette
+/// and the direction of its parent widget, the system's language, locale and time zone) and follows
+/// its changes, but for the values that the host sets with `setOverrides`, until the host calls
+/// `setEnvironment`. The page decides its own palette and direction: set them on its parent or in
+/// the overrides, not on this widget. Main thread only.
 class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   Q_OBJECT
 
@@ -58,8 +58,8 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   /// Replaces the shown tree by `root`. An action of the tree may call this.
   void setRoot(ui::View root);
   /// Shows the tree in the environment around the widget with these values in place of its own,
-  /// instead of the previous overrides or environment; state is kept. The widget follows the changes of all
-  /// other values, also where it shows a graph of the caller.
+  /// instead of the previous overrides or environment; state is kept. The widget follows the
+  /// changes of all other values, also where it shows a graph of the caller.
   void setOverrides(ui::EnvironmentOverrides overrides);
   /// Shows the tree in this environment; state is kept. The widget no longer follows the system's.
   void setEnvironment(ui::Environment environment);
@@ -75,14 +75,14 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   ///     connect(&widget, &vemra::qt::ViewWidget::pressed, this,
   ///             [](const std::string& identifier) { qInfo() << identifier.c_str(); });
   ///
-  /// They find a text or a control wherever the page is scrolled, also in a row without widgets, and
-  /// no stack or group, which assistive technology does not find either. Identifiers
-  /// should be unique: of several elements with the identifier, one outside lists, or in a row whose
-  /// id the identifier contains, comes before those in other rows. A widget that is hidden scrolls
-  /// and focuses when it is shown, for the last of these calls. While an event is being handled
-  /// (inside an action of the tree or a slot of `pressed`), elements of rows without widgets are not
-  /// found: connect the slot with `Qt::QueuedConnection` to reach them. Like every call of the host,
-  /// they rethrow what a description throws.
+  /// They find a text or a control wherever the page is scrolled, also in a row without widgets,
+  /// and no stack or group, which assistive technology does not find either. Identifiers should be
+  /// unique: of several elements with the identifier, one outside lists, or in a row whose id the
+  /// identifier contains, comes before those in other rows. A widget that is hidden scrolls and
+  /// focuses when it is shown, for the last of these calls. While an event is being handled (inside
+  /// an action of the tree or a slot of `pressed`), elements of rows without widgets are not found:
+  /// connect the slot with `Qt::QueuedConnection` to reach them. Like every call of the host, they
+  /// rethrow what a description throws.
   /// @{
 
   /// Scrolls an element into view, only as far as needed; the focus stays. Returns whether there is

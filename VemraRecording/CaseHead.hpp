@@ -14,8 +14,8 @@ struct CaseHead {
   const ui::Environment& environment;  ///< in which the first result is shown
 };
 
-/// The beginning of a recorded case, up to the bracket that begins its steps. What recorded it comes
-/// first, so that a reader knows it when it finds something it does not know.
+/// The beginning of a recorded case, up to the bracket that begins its steps. What recorded it
+/// comes first, so that a reader knows it when it finds something it does not know.
 ///
 /// - Parameter document: the first result.
 std::string headText(const CaseHead& head, std::string_view document);

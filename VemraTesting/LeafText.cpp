@@ -43,8 +43,8 @@ Lines framed(Lines lines, std::pair<char, char> frame) {
   return lines;
 }
 
-/// The title before the content of a control; empty when the control has none, or when it would take
-/// more than half the columns.
+/// The title before the content of a control; empty when the control has none, or when it would
+/// take more than half the columns.
 std::string titleOf(const page::Node& leaf, int columns) {
   if (leaf.element.shownLabel().empty()) return "";
   std::string title = text::onOneLine(leaf.element.shownLabel()) + ": ";

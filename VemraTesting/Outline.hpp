@@ -19,8 +19,8 @@ namespace vemra::testing {
 VEMRA_EXPORT std::string outline(const RenderedTree& tree, const ui::ViewGraph& graph);
 
 /// The outline of a graph whose rows need not be described yet: each row is described, written and
-/// dropped again, so the tree of all rows is never in memory. The graph may have a renderer or none.
-/// Throws what the descriptions throw.
+/// dropped again, so the tree of all rows is never in memory. The graph may have a renderer or
+/// none. Throws what the descriptions throw.
 VEMRA_EXPORT std::string outline(ui::ViewGraph& graph);
 
 /// One element as a line of an outline, without its children.

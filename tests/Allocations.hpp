@@ -4,8 +4,8 @@
 
 namespace vemra::testing {
 
-/// The number of calls of `operator new` of the calling thread so far, with or without an alignment,
-/// in all libraries.
+/// The number of calls of `operator new` of the calling thread so far, with or without an
+/// alignment, in all libraries.
 ///
 /// Always 0 where the program cannot replace it (under the sanitizers).
 std::uint64_t allocations();

@@ -18,8 +18,8 @@ namespace vemra::date {
 /// one of its region, and the digits are its own. Gregorian dates are proleptic: no change to the
 /// Julian calendar before 1582.
 ///
-/// - Parameter locale: a known locale (`isKnownLocale`). For any other text the root locale is used,
-///   never the locale of the process.
+/// - Parameter locale: a known locale (`isKnownLocale`). For any other text the root locale is
+///   used, never the locale of the process.
 /// - Parameter timeZone: a known time zone (`isKnownTimeZone`) or a POSIX rule, which counts
 ///   westward: `<+03>-3`, `CET-1CEST,M3.5.0,M10.5.0/3`. For any other text UTC is used.
 /// - Returns: the date as UTF-8.

@@ -62,8 +62,8 @@ std::unique_ptr<icu::Calendar> makeCalendar(const icu::Locale& locale) {
   return calendar;
 }
 
-/// The calendar of ISO 8601 is the Gregorian one, and its months have the same names: ICU 78 has none
-/// for it, and would leave the month out.
+/// The calendar of ISO 8601 is the Gregorian one, and its months have the same names: ICU 78 has
+/// none for it, and would leave the month out.
 void nameMonths(icu::SimpleDateFormat& format, icu::Locale locale) {
   UErrorCode status = U_ZERO_ERROR;
   if (locale.getKeywordValue<std::string>("calendar", status) != "iso8601") return;
@@ -82,7 +82,8 @@ DateFormat::DateFormat(const std::string& localeName) {
   const std::unique_ptr<icu::DateTimePatternGenerator> generator(
       icu::DateTimePatternGenerator::createInstance(locale, status));
   require(status);
-  // From char16_t, ICU 78 would take a string view of the standard library that it was compiled with.
+  // From char16_t, ICU 78 would take a string view of the standard library that it was compiled
+  // with.
   const icu::UnicodeString skeleton("yMMMd", -1, US_INV);
   const icu::UnicodeString pattern =
       generator->getBestPattern(skeleton, UDATPG_MATCH_ALL_FIELDS_LENGTH, status);

@@ -12,8 +12,8 @@ namespace vemra::date {
 /// TZ, without a leading colon, is the first of these that fits:
 /// - empty: UTC, as in POSIX;
 /// - a known name. A name that only ICU has (`JST`) means UTC, unless it is also a POSIX rule
-///   (`PST8PDT`), because the C library, and so `date`, reads it like that. On a machine without time
-///   zone files, all names are ICU's;
+///   (`PST8PDT`), because the C library, and so `date`, reads it like that. On a machine without
+///   time zone files, all names are ICU's;
 /// - the path of a time zone file, absolute or below `/usr/share/zoneinfo`. A path or a symbolic
 ///   link with a `zoneinfo` folder names the zone, below `posix` and `right` too. Any other file,
 ///   such as a copy, is the zone of the database with the same content; without one, the rule that

@@ -11,7 +11,8 @@
 
 namespace vemra::text {
 
-/// Replaces the words of texts, so that a reader sees how the texts are built and not what they say.
+/// Replaces the words of texts, so that a reader sees how the texts are built and not what they
+/// say.
 ///
 /// A word is a run of letters and digits, with the marks on them. Each of its letters becomes a
 /// letter of the same case, of the same direction and of the same width on a terminal; each digit
@@ -20,8 +21,8 @@ namespace vemra::text {
 ///
 /// - One word always has one mask, and two words never have the same: texts are equal when their
 ///   masks are. Both hold under canonical equivalence (Unicode Standard Annex #15).
-/// - A masked text has as many code points as the text, in the same normalization form, except where
-///   a letter with marks has no counterpart. The number of bytes may differ.
+/// - A masked text has as many code points as the text, in the same normalization form, except
+///   where a letter with marks has no counterpart. The number of bytes may differ.
 /// - Masking goes word by word: the mask of a text that is put together from others is put together
 ///   from their masks, and blanks may be trimmed before or after.
 ///

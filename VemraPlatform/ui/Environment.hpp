@@ -28,8 +28,8 @@ class VEMRA_EXPORT StringsTable {
 /// it as an argument.
 ///
 /// The default is fixed (en_US, UTC, no translations), so that tests and reproducible output do not
-/// depend on the machine. It is not the user's environment: a `qt::ViewWidget` takes the system's; a
-/// host without one passes `Environment::system()` with its own strings table.
+/// depend on the machine. It is not the user's environment: a `qt::ViewWidget` takes the system's;
+/// a host without one passes `Environment::system()` with its own strings table.
 struct VEMRA_EXPORT Environment {
   std::string locale = "en_US";  ///< an ICU locale identifier; decides how dates are written
   std::string timeZone = "UTC";  ///< a name of the tz database, or a POSIX rule as in TZ

@@ -67,8 +67,8 @@ class StateCellOf final : public StateCell {
     changed();
   }
 
-  /// Sets what `change` has made of a copy of the value, and notifies the owner when that is another
-  /// value. When `change` throws, nothing has changed.
+  /// Sets what `change` has made of a copy of the value, and notifies the owner when that is
+  /// another value. When `change` throws, nothing has changed.
   template <class Change>
   void update(Change& change) {
     if (!isAttached()) return;
@@ -112,10 +112,10 @@ class LocalState {
   ///       next.isEditing = true;
   ///     });
   ///
-  /// `change` gets a copy of the state, which replaces the state when `change` has returned, so that
-  /// nothing reads a state of which one half is old; when it throws, nothing has changed. A result
-  /// that is equal to the state changes nothing. `change` reads and writes its argument only: a
-  /// write to this state by another way meanwhile is replaced too.
+  /// `change` gets a copy of the state, which replaces the state when `change` has returned, so
+  /// that nothing reads a state of which one half is old; when it throws, nothing has changed. A
+  /// result that is equal to the state changes nothing. `change` reads and writes its argument
+  /// only: a write to this state by another way meanwhile is replaced too.
   template <class Change>
   void update(Change change) const {
     static_assert(std::invocable<Change&, State&> && !std::invocable<Change&, State>,

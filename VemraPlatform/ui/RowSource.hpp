@@ -25,8 +25,8 @@ class VEMRA_EXPORT RowSource : public RowIDs {
   virtual View row(std::size_t index) const = 0;
 };
 
-/// A function from an element to its id: a member pointer or a callable. It may return anything with
-/// a canonical text (`HasCanonicalText`), by reference or made on the spot.
+/// A function from an element to its id: a member pointer or a callable. It may return anything
+/// with a canonical text (`HasCanonicalText`), by reference or made on the spot.
 template <class ID, class Elements>
 concept RowIDOf = requires(const ID& id, const Elements& elements) {
   requires HasCanonicalText<std::remove_cvref_t<decltype(std::invoke(id, elements[0]))>>;

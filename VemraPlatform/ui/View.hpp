@@ -197,12 +197,12 @@ class VEMRA_EXPORT ForEach : public View {
  public:
   /// `id` and `row` are called on the main thread, for the rows that are needed.
   ///
-  /// With `IdentifiersInRows::containRowID` the host promises that every accessibility identifier in
-  /// a row contains the text of the row's id, byte for byte. A search for an identifier then describes
-  /// only the rows whose id the identifier contains, and one that is missing costs no more than one
-  /// that is there. A row that breaks the promise is shown as ever, but a search for its identifier
-  /// does not find it; so a host that composes identifiers by hand must put in the unchanged id, not
-  /// a shortened, escaped, normalized or differently cased one.
+  /// With `IdentifiersInRows::containRowID` the host promises that every accessibility identifier
+  /// in a row contains the text of the row's id, byte for byte. A search for an identifier then
+  /// describes only the rows whose id the identifier contains, and one that is missing costs no
+  /// more than one that is there. A row that breaks the promise is shown as ever, but a search for
+  /// its identifier does not find it; so a host that composes identifiers by hand must put in the
+  /// unchanged id, not a shortened, escaped, normalized or differently cased one.
   template <class Elements, class ID, class Row>
   ForEach(Elements&& elements, ID id, Row row,
           IdentifiersInRows identifiers = IdentifiersInRows::any)

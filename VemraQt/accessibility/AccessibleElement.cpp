@@ -47,9 +47,9 @@ void collectTexts(const ui::Node& stack, QStringList& texts) {
   }
 }
 
-/// Runs the element's own action. When the action removes the element, the focus moves to the control
-/// that takes its place. The page moves it for an element that has a node on the page; for another
-/// element, this function first scrolls its row into view. `row` is nullptr outside lists.
+/// Runs the element's own action. When the action removes the element, the focus moves to the
+/// control that takes its place. The page moves it for an element that has a node on the page; for
+/// another element, this function first scrolls its row into view. `row` is nullptr outside lists.
 void act(ObjectHost& tree, AccessibleRow* row, ui::NodeID used, const ui::Event& event) {
   Page& page = tree.page();
   if (!row || page.tree().find(used)) {
@@ -106,8 +106,8 @@ QString AccessibleElement::textOf(QAccessible::Text kind) const {
   return toQString(element->element.shownLabel());
 }
 
-/// The texts beside a button say what it acts on, and the buttons of several rows have one title. So
-/// those texts describe it, and the name of its row or section.
+/// The texts beside a button say what it acts on, and the buttons of several rows have one title.
+/// So those texts describe it, and the name of its row or section.
 QString AccessibleElement::description() const {
   const ui::Node* element = node();
   if (!element || element->element.kind() != ui::ElementKind::button) return {};

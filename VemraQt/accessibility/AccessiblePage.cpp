@@ -165,8 +165,9 @@ bool isFocusOnTheWay(const QAccessibleEvent& event) {
   return page->isFocusLeaving() || area.window()->focusWidget() != &area;
 }
 
-/// Whether the event reports the cursor or the selection of a field that is about to get or lose the
-/// focus: a field selects its text then, and clients read the selection when the focus is reported.
+/// Whether the event reports the cursor or the selection of a field that is about to get or lose
+/// the focus: a field selects its text then, and clients read the selection when the focus is
+/// reported.
 bool isSelectedByFocus(const QAccessibleEvent& event, const ElementWidget& shown) {
   return shown.isChangingFocus() && (event.type() == QAccessible::TextSelectionChanged ||
                                      event.type() == QAccessible::TextCaretMoved);

@@ -18,7 +18,8 @@ struct RowPlace {
   std::size_t index = 0;
 };
 
-/// Scrolls an element into view and gives it the focus if it can have it. Returns whether it took it.
+/// Scrolls an element into view and gives it the focus if it can have it. Returns whether it took
+/// it.
 bool focus(Page& page, RowPlace row, ui::NodeID node);
 void scrollIn(Page& page, RowPlace row, ui::NodeID node);
 

@@ -38,8 +38,8 @@ class RowSearch {
   std::vector<std::size_t> rows(ui::NodeID list, const std::string& identifier, Rows rows);
 
   /// The first element of the page with the identifier, in tree order; nil when there is none. Of
-  /// several, one outside lists, or in a row whose id the identifier contains, comes before those in
-  /// other rows. While an event is being handled, only rows with nodes are searched.
+  /// several, one outside lists, or in a row whose id the identifier contains, comes before those
+  /// in other rows. While an event is being handled, only rows with nodes are searched.
   std::optional<FoundElement> first(const std::string& identifier);
 
   /// Drops the notes of lists whose rows have changed.

@@ -39,8 +39,8 @@ bool isTyped(const QKeyEvent& event) {
 }
 
 /// A menu whose Home and End keys go to the first and the last item. In Qt's own menus these keys
-/// only scroll, and only menus that are too long for the screen. Its keys start from the chosen item
-/// where none is highlighted: a pointer that leaves the menu takes the highlight with it.
+/// only scroll, and only menus that are too long for the screen. Its keys start from the chosen
+/// item where none is highlighted: a pointer that leaves the menu takes the highlight with it.
 class ChoiceMenu final : public QMenu {
  public:
   using QMenu::QMenu;

@@ -44,8 +44,8 @@ class Syntax {
   CLI::App* app;
 };
 
-/// Thrown for a command line after which the program ends at once: it has a mistake, or requests help
-/// or the version.
+/// Thrown for a command line after which the program ends at once: it has a mistake, or requests
+/// help or the version.
 struct Ending : std::exception {
   explicit Ending(EarlyExit exit) : earlyExit(std::move(exit)) {}
   const char* what() const noexcept override { return earlyExit.diagnostic.c_str(); }

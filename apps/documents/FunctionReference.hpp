@@ -9,8 +9,8 @@ namespace vemra::documents {
 
 /// A reference to a function or lambda, for parameters that are called before the callee returns.
 ///
-/// Unlike `std::function` it copies and allocates nothing: a document has millions of values, and each
-/// is read by such a call. It must not outlive the expression that makes the lambda.
+/// Unlike `std::function` it copies and allocates nothing: a document has millions of values, and
+/// each is read by such a call. It must not outlive the expression that makes the lambda.
 template <class Signature>
 class FunctionReference;
 

@@ -112,11 +112,11 @@ class JsonTokens {
     ++at_;
     return true;
   }
-  /// The number of bytes at the beginning of a text that need no escape in a JSON string: ASCII, but
-  /// no control character, quotation mark or reverse solidus.
+  /// The number of bytes at the beginning of a text that need no escape in a JSON string: ASCII,
+  /// but no control character, quotation mark or reverse solidus.
   ///
-  /// Examines eight bytes in one step. In `lessThan` a borrow can mark bytes above the first one that
-  /// is less, but never one below it, so that the lowest mark is right.
+  /// Examines eight bytes in one step. In `lessThan` a borrow can mark bytes above the first one
+  /// that is less, but never one below it, so that the lowest mark is right.
   static std::size_t plainLength(std::string_view text) {
     constexpr std::uint64_t ones = 0x0101010101010101U;
     constexpr std::uint64_t highBits = 0x80 * ones;

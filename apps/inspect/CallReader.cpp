@@ -22,8 +22,8 @@ using enum documents::Presence;
 constexpr std::array<std::string_view, 4> callbackNames{"onOpenPerson", "onShowEvidence",
                                                         "onFocusPathInStarfold", "onRecordOutcome"};
 
-/// The keys of every kind of argument. The callback decides which of them must be present; its key may
-/// come after the argument.
+/// The keys of every kind of argument. The callback decides which of them must be present; its key
+/// may come after the argument.
 struct Argument {
   std::optional<std::string> text;
   std::optional<std::vector<std::string>> personRefs;

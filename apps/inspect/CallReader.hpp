@@ -5,8 +5,8 @@
 
 namespace vemra::inspect {
 
-/// Reads a call in the form in which a report writes it: an object with `callback` and the `argument`
-/// of that callback. Only keys of the argument that may be null may be absent.
+/// Reads a call in the form in which a report writes it: an object with `callback` and the
+/// `argument` of that callback. Only keys of the argument that may be null may be absent.
 recording::Call readCall(documents::JsonReader& in);
 
 }  // namespace vemra::inspect

@@ -10,8 +10,8 @@
 #include <vector>
 
 /// \file
-/// A case document, the input of `vemra-inspect`: a result, the environment in which it is shown, and
-/// the steps to carry out on the screen.
+/// A case document, the input of `vemra-inspect`: a result, the environment in which it is shown,
+/// and the steps to carry out on the screen.
 
 namespace vemra::inspect {
 
@@ -31,11 +31,11 @@ struct Case {
 
 /// Reads a case document. `file` is its name in errors.
 ///
-/// Only `result` is required. Without `locale` and `timeZone` the case has those of `defaults`; without
-/// `strings` its strings table is empty; without `steps` it has none. Throws a
-/// `documents::DocumentError` for a text that is not a case document, an unknown locale or time zone,
-/// a step of no known form, and two keys of `strings` that are canonically equal. When another version
-/// recorded the case, the error's line ends with that version.
+/// Only `result` is required. Without `locale` and `timeZone` the case has those of `defaults`;
+/// without `strings` its strings table is empty; without `steps` it has none. Throws a
+/// `documents::DocumentError` for a text that is not a case document, an unknown locale or time
+/// zone, a step of no known form, and two keys of `strings` that are canonically equal. When
+/// another version recorded the case, the error's line ends with that version.
 Case readCase(std::string_view text, const std::string& file, ui::Environment defaults);
 
 /// "recorded by vemra-desk 1.2.3, this is version 1.3.0"; nil when this version recorded the case,

@@ -16,8 +16,8 @@ std::optional<CaseStrings::Repetition> CaseStrings::putInOrder() {
     order_.emplace_back(text::hash(entries_[i].key), i);
   }
   std::ranges::sort(order_);
-  // Report the first repetition in the document. The order of the hashes differs from run to run, so
-  // finding it takes a look at all of them.
+  // Report the first repetition in the document. The order of the hashes differs from run to run,
+  // so finding it takes a look at all of them.
   std::size_t repeated = entries_.size();
   std::optional<Repetition> repetition;
   for (std::size_t i = 0; i < order_.size(); ++i) {

@@ -14,8 +14,8 @@ namespace vemra::inspect {
 
 /// The strings table of a case: its keys match under canonical equality, as the platform's do.
 ///
-/// A case may contain millions of strings. So `add` only stores a string, and `putInOrder` sorts all
-/// of them at once.
+/// A case may contain millions of strings. So `add` only stores a string, and `putInOrder` sorts
+/// all of them at once.
 class CaseStrings final : public ui::StringsTable {
  public:
   void add(std::string key, std::string translation);
@@ -27,7 +27,8 @@ class CaseStrings final : public ui::StringsTable {
   };
 
   /// Call it after the last `add` and before the first `lookup`.
-  /// - Returns: two keys that are canonically equal, which is an error in the case; nil without such.
+  /// - Returns: two keys that are canonically equal, which is an error in the case; nil without
+  ///   such.
   std::optional<Repetition> putInOrder();
 
   std::optional<std::string> lookup(std::string_view key) const override;

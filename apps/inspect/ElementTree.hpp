@@ -7,10 +7,10 @@ namespace vemra::inspect {
 
 /// Writes the tree of a screen as the next value, with one object for each element.
 ///
-/// An object has `element` (the kind), `id` for a row, the keys of its kind, `modifiers` in the order in
-/// which they were applied, and `children` for a kind that can have children. A composite with
-/// properties is an object with the properties as its keys. For a composite without properties, its
-/// content is written in its place. An empty screen is written as null.
+/// An object has `element` (the kind), `id` for a row, the keys of its kind, `modifiers` in the
+/// order in which they were applied, and `children` for a kind that can have children. A composite
+/// with properties is an object with the properties as its keys. For a composite without
+/// properties, its content is written in its place. An empty screen is written as null.
 void writeElementTree(documents::JsonWriter& out, const testing::Screen& screen);
 
 }  // namespace vemra::inspect

@@ -15,8 +15,8 @@ namespace vemra::inspect {
 /// The result of a step: nil when it was carried out, otherwise the reason why it was not.
 using StepResult = std::optional<std::string>;
 
-/// Carries out a case: mounts its screens without a window, in a host that only records the calls of
-/// their callbacks.
+/// Carries out a case: mounts its screens without a window, in a host that only records the calls
+/// of their callbacks.
 ///
 /// Main thread only.
 class Inspection {
@@ -26,11 +26,12 @@ class Inspection {
   Inspection(const Inspection&) = delete;
   Inspection& operator=(const Inspection&) = delete;
 
-  /// Carries out one step. A step that a user could not do changes nothing; the result is the reason.
+  /// Carries out one step. A step that a user could not do changes nothing; the result is the
+  /// reason.
   StepResult carryOut(const Step& step);
 
-  /// To be called after the last step. Where the case names its calls (it is recorded, or has a step
-  /// for a call), a call that no step has named is an error.
+  /// To be called after the last step. Where the case names its calls (it is recorded, or has a
+  /// step for a call), a call that no step has named is an error.
   StepResult finish() const;
 
   /// The screen that is shown; a case may have several.

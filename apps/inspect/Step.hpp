@@ -59,8 +59,8 @@ struct ShowScreen {
   std::size_t screen;
 };
 
-/// Compares the next call of a callback with an expected one. The calls are compared in their order,
-/// each once.
+/// Compares the next call of a callback with an expected one. The calls are compared in their
+/// order, each once.
 struct ExpectCall {
   std::string call;  ///< as `recording::callText` writes it
 };

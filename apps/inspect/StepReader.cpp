@@ -83,8 +83,8 @@ void checkCompanion(const JsonReader& in, std::string_view key, bool isGiven,
   }
 }
 
-/// Checks the number of a screen: a result may be shown on an existing screen or on the next new one,
-/// and only an existing screen can be shown again. Counts a new screen.
+/// Checks the number of a screen: a result may be shown on an existing screen or on the next new
+/// one, and only an existing screen can be shown again. Counts a new screen.
 void checkScreen(const JsonReader& in, const Said& said, std::size_t& screenCount) {
   if (!said.screen) return;
   const std::size_t last = said.result ? screenCount : screenCount - 1;

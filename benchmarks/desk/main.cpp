@@ -1,15 +1,16 @@
-// vemra-bench-desk PEOPLE [OUTCOMES [CORRECTIONS [GOALS]]]: from "Save" in the window of vemra-desk until
-// the recorded outcome is shown.
+// vemra-bench-desk PEOPLE [OUTCOMES [CORRECTIONS [GOALS]]]: from "Save" in the window of vemra-desk
+// until the recorded outcome is shown.
 //
-// The store is a new file in the folder for temporary files, with one goal of PEOPLE people. Besides the
-// sample's own outcomes, it has OUTCOMES about people who are not in the list, and CORRECTIONS of the
-// outcome of one person who is; and other goals without people, GOALS in all. A person
-// in view gets an outcome, eight times, each time another person: the press of "Save" starts the clock,
-// and the end of the frame in which the outcome stands in the row stops it. By then the outcome is
-// stored durably, the goal has been loaded from the store again, and the window shows it. Before each
-// save SQLite alone writes one row durably into a file beside the store. At the end another connection
-// records outcomes, and the engine loads the goal after each of them. Before that, letters are typed
-// into the bar that finds people: a time ends with the frame that shows the letter.
+// The store is a new file in the folder for temporary files, with one goal of PEOPLE people.
+// Besides the sample's own outcomes, it has OUTCOMES about people who are not in the list, and
+// CORRECTIONS of the outcome of one person who is; and other goals without people, GOALS in all. A
+// person in view gets an outcome, eight times, each time another person: the press of "Save" starts
+// the clock, and the end of the frame in which the outcome stands in the row stops it. By then the
+// outcome is stored durably, the goal has been loaded from the store again, and the window shows
+// it. Before each save SQLite alone writes one row durably into a file beside the store. At the end
+// another connection records outcomes, and the engine loads the goal after each of them. Before
+// that, letters are typed into the bar that finds people: a time ends with the frame that shows the
+// letter.
 
 #include "VemraPlatform/task/Start.hpp"
 #include "apps/desk/store/GoalStore.hpp"
@@ -148,7 +149,8 @@ void measure(bench::FrameClock& clock, const Content& content) {
   saves.erase(saves.begin());
   ratios.erase(ratios.begin());
   print("saved", saves);
-  // Each save beside the transaction right before it: the speed of a shared disk changes by the second.
+  // Each save beside the transaction right before it: the speed of a shared disk changes by the
+  // second.
   print("saved per transaction", ratios);
   print("letter", letters);
   std::cout << "letter.most\t" << *std::ranges::max_element(letters) << '\n';

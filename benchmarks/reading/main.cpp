@@ -1,8 +1,8 @@
-// vemra-bench-reading READER PEOPLE [TIMES]: the sample as a result document, read five times, or TIMES
-// times, by one reader: into the engine's records ("vemra"), or into a tree ("nlohmann", "simdjson"). A
-// time starts with nothing and ends when what was read has been freed. The trees are not checked for
-// what a result document may have. Each reader has a process of its own, because one that frees
-// millions of small pieces of memory leaves the next one a slower allocator.
+// vemra-bench-reading READER PEOPLE [TIMES]: the sample as a result document, read five times, or
+// TIMES times, by one reader: into the engine's records ("vemra"), or into a tree ("nlohmann",
+// "simdjson"). A time starts with nothing and ends when what was read has been freed. The trees are
+// not checked for what a result document may have. Each reader has a process of its own, because
+// one that frees millions of small pieces of memory leaves the next one a slower allocator.
 
 #include "apps/documents/ResultReader.hpp"
 #include "apps/documents/ResultWriter.hpp"

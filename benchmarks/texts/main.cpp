@@ -1,9 +1,9 @@
 // vemra-bench-texts: a page with one very long text, beside the same page without it.
 //
-// The first person has the text as a name, as the detail of a reason or as the note of an outcome. A line
-// of the output has the kind of the text, its place, and the milliseconds of the first frame and of a
-// wheel step (the median of eleven), for the page with and without it. With the arguments KIND and PLACE it
-// measures that text alone.
+// The first person has the text as a name, as the detail of a reason or as the note of an outcome.
+// A line of the output has the kind of the text, its place, and the milliseconds of the first frame
+// and of a wheel step (the median of eleven), for the page with and without it. With the arguments
+// KIND and PLACE it measures that text alone.
 
 #include "VemraGoalSurface/GoalResultView.hpp"
 #include "VemraQt/ViewWidget.hpp"

@@ -40,7 +40,8 @@ std::vector<QAccessibleInterface*> elementsBelow(QAccessibleInterface& element);
 bool isOfAnElement(const QAccessibleEvent& event);
 
 /// Records, while it lives, the announcements of a page's elements: "created Ada", "focus Outcome",
-/// "name …", "describes …", "state …", "value …", "shows …", "hides …", "typed in …", "destroyed …".
+/// "name …", "describes …", "state …", "value …", "shows …", "hides …", "typed in …", "destroyed
+/// …".
 class Listener {
  public:
   Listener();

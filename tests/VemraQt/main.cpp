@@ -6,8 +6,8 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-/// The tests run without a display, with the same font, size and style on every machine. The environment
-/// variable VEMRA_TEST_STYLE names another style to try them with.
+/// The tests run without a display, with the same font, size and style on every machine. The
+/// environment variable VEMRA_TEST_STYLE names another style to try them with.
 int main(int argumentCount, char** arguments) {
   ::testing::InitGoogleTest(&argumentCount, arguments);
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");

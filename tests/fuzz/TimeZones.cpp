@@ -1,5 +1,6 @@
 // Any bytes as a POSIX rule and as a compiled time zone file: they are refused, or local time is at
-// most 26 hours from UTC at any instant. A rule is the same again after 400 years, as the calendar is.
+// most 26 hours from UTC at any instant. A rule is the same again after 400 years, as the calendar
+// is.
 
 #include "VemraPlatform/date/TimeZoneFile.hpp"
 #include "VemraPlatform/date/TimeZoneRule.hpp"

@@ -1,4 +1,5 @@
-// Message: a public body takes nothing, the environment, its state, or its state and the environment
+// Message: a public body takes nothing, the environment, its state, or its state and the
+// environment
 
 #include "VemraPlatform/ui/View.hpp"
 

@@ -1,4 +1,5 @@
-// Message: the label of a choice is a LocalizedKey, or a text that is shown unchanged: verbatim(text)
+// Message: the label of a choice is a LocalizedKey, or a text that is shown unchanged:
+// verbatim(text)
 
 #include "VemraPlatform/ui/View.hpp"
 

@@ -1,5 +1,5 @@
-// The short pieces of code on the pages, each in the place for which it is meant. The build takes them
-// from the pages.
+// The short pieces of code on the pages, each in the place for which it is meant. The build takes
+// them from the pages.
 
 #include "VemraGoalSurface/GoalResultView.hpp"
 #include "VemraRecording/Recorder.hpp"

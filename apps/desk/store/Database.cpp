@@ -102,7 +102,8 @@ std::int64_t Database::version() {
 }
 
 Database::Revision Database::revision() {
-  // Changes that were rolled back count too; then the revision differs although the content does not.
+  // Changes that were rolled back count too; then the revision differs although the content does
+  // not.
   return {number("PRAGMA data_version"), sqlite3_total_changes64(handle())};
 }
 

@@ -18,8 +18,8 @@ struct FileIdentity {
 /// cannot be examined.
 std::optional<FileIdentity> identityAt(const std::string& path);
 
-/// A text that identifies the file at a path also after a restart of the system; "" when there is no
-/// file or it cannot be examined.
+/// A text that identifies the file at a path also after a restart of the system; "" when there is
+/// no file or it cannot be examined.
 ///
 /// It consists of the inode and the time at which the file was made: a copy of a file, and a file
 /// that gets the inode of a removed one, have other texts. The number of a device may change when

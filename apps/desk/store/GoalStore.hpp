@@ -59,16 +59,16 @@ class GoalStore {
 
   bool hasGoal(const std::string& goalID);
 
-  /// The current result of a goal, with all its outcomes. Throws `UnknownGoal`. Throws a `StoreError`
-  /// that names the goal and the place when the result has a `ResultFault`.
+  /// The current result of a goal, with all its outcomes. Throws `UnknownGoal`. Throws a
+  /// `StoreError` that names the goal and the place when the result has a `ResultFault`.
   GetGoalSnapshotResponse result(const std::string& goalID);
 
   /// The current result of a goal, with the outcomes that a screen of it needs (`ShownOutcomes`);
   /// otherwise as `result`. Its outcomes in force are those of the whole result.
   ///
-  /// Its lists share the storage of the last result of that goal, while nothing but recorded outcomes
-  /// has been added to the goal: whichever program has recorded them, and whatever has changed in
-  /// other goals, the call then reads these outcomes alone.
+  /// Its lists share the storage of the last result of that goal, while nothing but recorded
+  /// outcomes has been added to the goal: whichever program has recorded them, and whatever has
+  /// changed in other goals, the call then reads these outcomes alone.
   GetGoalSnapshotResponse shownResult(const std::string& goalID);
 
   /// The outcomes recorded for a goal, oldest first. Throws `UnknownGoal`.

@@ -23,10 +23,10 @@ struct ResultStamp {
 /// The result that a store read last, kept so that only what has changed is read again.
 ///
 /// It is given out only while nothing in it can have changed since it was read. At the same
-/// `Database::Revision` nothing in the file has changed. At another revision, a change of the goal's
-/// result would have changed its `ResultStamp`; recorded outcomes are only appended, so those with
-/// higher numbers complete the list. Results share their lists with it, so keeping one takes no more
-/// memory than showing it.
+/// `Database::Revision` nothing in the file has changed. At another revision, a change of the
+/// goal's result would have changed its `ResultStamp`; recorded outcomes are only appended, so
+/// those with higher numbers complete the list. Results share their lists with it, so keeping one
+/// takes no more memory than showing it.
 class KeptResult {
  public:
   /// The result of the goal at this revision; nil when another goal or revision is kept.
@@ -62,8 +62,8 @@ class KeptResult {
   /// Whether the kept result has all outcomes of its goal.
   bool hasAllOutcomes() const { return kept_ && kept_->hasAllOutcomes; }
 
-  /// Call it after a commit which did nothing but record an outcome. Never fails, because the outcome is
-  /// recorded: without memory for it, no result is kept.
+  /// Call it after a commit which did nothing but record an outcome. Never fails, because the
+  /// outcome is recorded: without memory for it, no result is kept.
   ///
   /// - Parameter number: of the outcome.
   /// - Parameters before, after: the revisions at the beginning and at the end of the transaction.

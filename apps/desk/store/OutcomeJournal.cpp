@@ -191,8 +191,8 @@ void readLines(std::string_view text, const std::string& file, Content& content,
   }
 }
 
-/// The text without the null bytes at its end. A power cut leaves them where the system had made the
-/// file longer and had not written the text yet.
+/// The text without the null bytes at its end. A power cut leaves them where the system had made
+/// the file longer and had not written the text yet.
 std::string_view withoutNullTail(std::string_view text) {
   const std::size_t last = text.find_last_not_of('\0');
   return text.substr(0, last == std::string_view::npos ? 0 : last + 1);

@@ -36,8 +36,8 @@ struct WaitingOutcome {
 /// Lines are appended; when settled outcomes take most of the file, it is replaced by one without
 /// them. The file is removed when nothing waits in it. A text after the last line feed is a line
 /// that was not written to its end: it counts if it lacks the line feed only, otherwise it is left
-/// out and the next line replaces it. Null bytes at the end of the file, which a power cut may leave,
-/// are left out too.
+/// out and the next line replaces it. Null bytes at the end of the file, which a power cut may
+/// leave, are left out too.
 ///
 /// Several programs may use a journal at once: each call locks the file. An outcome may be read by
 /// two of them, and recorded by both: `GoalStore::record` records an id once.
@@ -74,8 +74,8 @@ class OutcomeJournal {
   /// The outcome with that id waits no longer. Does nothing when it is not in the journal.
   ///
   /// - Parameter sync: `later` for an outcome that the store has: should the system end before the
-  ///   line is on the disk, the outcome is tried once more, and the store finds its id. `now` for an
-  ///   outcome that must not be recorded.
+  ///   line is on the disk, the outcome is tried once more, and the store finds its id. `now` for
+  ///   an outcome that must not be recorded.
   void settle(const std::string& id, JournalFile::Sync sync = JournalFile::Sync::later) const;
 
  private:

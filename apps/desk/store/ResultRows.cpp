@@ -27,13 +27,13 @@ constexpr const char* tablesOfAGoal[] = {"goal_texts",  "person_evidence", "peop
 
 /// Leaves out the CHECK constraints and the triggers of the rows that are written in its scope.
 ///
-/// SQLite makes a temporary table of the names in `why_kind IN (…)` for every row, which takes longer
-/// than the row itself. Rows that are made of a record satisfy the constraints: positions count up from
-/// 0, and `ReasonColumns` fills the columns of one kind. Types, keys and owners are checked as ever;
-/// rows of other programs are checked when they are read.
+/// SQLite makes a temporary table of the names in `why_kind IN (…)` for every row, which takes
+/// longer than the row itself. Rows that are made of a record satisfy the constraints: positions
+/// count up from 0, and `ReasonColumns` fills the columns of one kind. Types, keys and owners are
+/// checked as ever; rows of other programs are checked when they are read.
 ///
-/// The triggers on these rows change the stamp of their goal. One statement on the goal's own row, outside
-/// the scope, does that for all of them.
+/// The triggers on these rows change the stamp of their goal. One statement on the goal's own row,
+/// outside the scope, does that for all of them.
 class WithoutChecks {
  public:
   explicit WithoutChecks(Database& database) : database_(database) {

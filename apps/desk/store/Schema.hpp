@@ -27,7 +27,8 @@ inline constexpr int schemaVersion = 2;
 /// Throws a `StoreError` for any other file, and leaves that file unchanged.
 void prepareSchema(Database& database);
 
-/// Does what `prepareSchema` does, inside a writing transaction, which then includes the new tables.
+/// Does what `prepareSchema` does, inside a writing transaction, which then includes the new
+/// tables.
 void prepareSchemaWithin(Database& database);
 
 /// Whether the file is a store; false when it has no tables yet. Throws a `StoreError` when it is

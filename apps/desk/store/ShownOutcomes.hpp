@@ -7,7 +7,8 @@
 
 namespace vemra::desk {
 
-/// The outcomes of a goal that a screen needs: of each subject that it shows, at least the last one.
+/// The outcomes of a goal that a screen needs: of each subject that it shows, at least the last
+/// one.
 struct ShownOutcomes {
   SharedArray<GoalOutcomeDTO> outcomes;  ///< in the order in which they were recorded
   std::int64_t last;                     ///< the number of the goal's last outcome, shown or not

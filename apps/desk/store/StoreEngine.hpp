@@ -17,7 +17,8 @@ namespace vemra::desk {
 struct TriedStore {
   /// The number of the only store that the outcome may be recorded in.
   std::optional<std::uint64_t> wantedNumber;
-  /// Without a number, the mark of that store. With neither, the store at the path is the right one.
+  /// Without a number, the mark of that store. With neither, the store at the path is the right
+  /// one.
   std::optional<std::string> wantedMark;
   /// \name Set by the task once it has opened a store; read them after its end @{
   std::optional<std::uint64_t> number;

@@ -46,16 +46,16 @@ END)sql"},
       {"trigger", "stamp_goals_removed",
        R"sql(CREATE TRIGGER stamp_goals_removed AFTER DELETE ON goals
 BEGIN DELETE FROM result_stamps WHERE goal = OLD.number; END)sql"},
-      // Outcomes are only added, and nearly always with the highest number: whoever has read up to a
-      // number then reads those above it. Another program may choose a lower number.
+      // Outcomes are only added, and nearly always with the highest number: whoever has read up to
+      // a number then reads those above it. Another program may choose a lower number.
       {"trigger", "stamp_outcomes_added_before",
        R"sql(CREATE TRIGGER stamp_outcomes_added_before AFTER INSERT ON outcomes
 WHEN NEW.number < (SELECT max(number) FROM outcomes)
 BEGIN UPDATE result_stamps SET stamp = random() WHERE goal = NEW.goal; END)sql"},
       {"index", "outcomes_of_subject",
        R"sql(CREATE INDEX outcomes_of_subject ON outcomes (goal, subject_kind, subject_ref, number))sql"},
-      // References that may be canonically equivalent to a text with other bytes. For an ASCII text,
-      // length() counts as many characters as there are bytes; it ends at U+0000.
+      // References that may be canonically equivalent to a text with other bytes. For an ASCII
+      // text, length() counts as many characters as there are bytes; it ends at U+0000.
       {"index", "outcomes_beyond_ascii",
        R"sql(CREATE INDEX outcomes_beyond_ascii ON outcomes (goal, subject_kind, subject_ref, number)
 WHERE length(subject_ref) <> length(CAST(subject_ref AS BLOB)))sql"},

@@ -13,8 +13,8 @@ class ViewWidget;
 
 namespace vemra::desk {
 
-/// A frame around a row of a screen. It lies over the screen, which it neither changes nor covers for
-/// the mouse, and stays with the row while the screen scrolls or gets another size.
+/// A frame around a row of a screen. It lies over the screen, which it neither changes nor covers
+/// for the mouse, and stays with the row while the screen scrolls or gets another size.
 class FoundMark : public QWidget {
  public:
   FoundMark(qt::ViewWidget& screen, ui::NodeID list, std::size_t index);

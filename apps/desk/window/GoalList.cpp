@@ -160,8 +160,8 @@ void GoalList::goTo(std::size_t index) {
 }
 
 /// Goes to the next goal whose title begins with the letters typed in one go. One letter, typed
-/// again, goes to the next such goal. Returns false for a blank, which presses the row, unless it is
-/// inside the typed text.
+/// again, goes to the next such goal. Returns false for a blank, which presses the row, unless it
+/// is inside the typed text.
 bool GoalList::handleText(std::size_t index, const QString& text) {
   const bool goesOn =
       sinceTyped_.isValid() && sinceTyped_.elapsed() < QApplication::keyboardInputInterval();

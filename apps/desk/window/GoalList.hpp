@@ -19,9 +19,9 @@ class GoalColumn;
 /// The goals of the store in a column; one of them is open.
 ///
 /// The Up and Down keys move to the next goal and open it, Home and End open the first and the last
-/// goal, and typing the beginning of a title opens the next goal with it; the list is one stop of the
-/// Tab key. Only the rows near the viewport, the open row and the
-/// focused row have a widget. Assistive technology sees all goals (`AccessibleGoals`).
+/// goal, and typing the beginning of a title opens the next goal with it; the list is one stop of
+/// the Tab key. Only the rows near the viewport, the open row and the focused row have a widget.
+/// Assistive technology sees all goals (`AccessibleGoals`).
 class GoalList : public QAbstractScrollArea, public ListedGoals {
   Q_OBJECT
 

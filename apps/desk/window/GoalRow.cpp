@@ -43,8 +43,8 @@ int widthOfText(int widthOfRow) {
   return std::max(1, widthOfRow - 2 * margin);
 }
 
-/// The palette's background of what is selected, changed as far as needed for a title in `ink` to be
-/// readable on it: many palettes give it less contrast than text needs.
+/// The palette's background of what is selected, changed as far as needed for a title in `ink` to
+/// be readable on it: many palettes give it less contrast than text needs.
 QColor selectedGround(const QColor& highlight, const QColor& ink) {
   const bool isInkLight = qt::contrast(ink, Qt::black) > qt::contrast(ink, Qt::white);
   return qt::readable(highlight, isInkLight ? Qt::black : Qt::white, ink, 4.5);

@@ -18,8 +18,8 @@ enum class MessageForm { bar, page };
 /// A message with buttons for what can be done about it. A long text is cut; a screen reader hears
 /// each message, also one in the words of the previous one: something has failed once more.
 ///
-/// A bar is hidden until it has a message; where it is too narrow, its buttons stand below the text.
-/// A page shows its text in lines of at most about 75 characters.
+/// A bar is hidden until it has a message; where it is too narrow, its buttons stand below the
+/// text. A page shows its text in lines of at most about 75 characters.
 class MessageFrame : public AlertFrame {
   Q_OBJECT
 
@@ -40,7 +40,8 @@ class MessageFrame : public AlertFrame {
   void setMessage(const QString& whole);
   /// Shows a message. Announces all of it when the bar appears, and else only `news`, if not "".
   void setMessage(const QString& whole, const QString& news);
-  /// With the next announcement that button of the bar becomes the next Tab stop; none with nullptr.
+  /// With the next announcement that button of the bar becomes the next Tab stop; none with
+  /// nullptr.
   void setNextTabStop(QPushButton* button) { nextTabStop_ = button; }
   /// Hides a bar; a control that had the focus before one of its buttons has it again.
   void dismiss();

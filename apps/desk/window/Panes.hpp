@@ -7,13 +7,13 @@
 namespace vemra::desk {
 
 /// The goals, the page of the open goal, and the details, side by side. Where the window is too
-/// narrow for all of them, the pane in front is shown, with the page beside it if there is room; the
-/// page in front has the details beside it, or else the goals. At the narrowest, one pane fills the
-/// window. The widths count characters, so panes also give way to large texts.
+/// narrow for all of them, the pane in front is shown, with the page beside it if there is room;
+/// the page in front has the details beside it, or else the goals. At the narrowest, one pane fills
+/// the window. The widths count characters, so panes also give way to large texts.
 ///
-/// In front are the details while they are not hidden, else the page, until the user goes to another
-/// pane. A window with room for all panes ends that choice: when it is narrowed again, the open
-/// details or the page are in front.
+/// In front are the details while they are not hidden, else the page, until the user goes to
+/// another pane. A window with room for all panes ends that choice: when it is narrowed again, the
+/// open details or the page are in front.
 class Panes : public QSplitter {
   Q_OBJECT
 
@@ -30,8 +30,8 @@ class Panes : public QSplitter {
   QWidget& widget(Pane pane) const;
   /// Shows a pane that there is, in a narrow window in place of others.
   void bringToFront(Pane pane);
-  /// Shows the page in place of the goals where they have no room beside each other. Returns whether
-  /// it has done so.
+  /// Shows the page in place of the goals where they have no room beside each other. Returns
+  /// whether it has done so.
   bool leaveGoals();
   /// Whether goals are wanted and not shown.
   bool hideGoals() const;

@@ -13,7 +13,8 @@
 
 namespace vemra::desk {
 
-/// Finds the people of a goal in whose name, reason or note a text occurs, as the screen shows them.
+/// Finds the people of a goal in whose name, reason or note a text occurs, as the screen shows
+/// them.
 ///
 /// `text::TextSearch` compares, so neither case nor accents count. The search works in slices of a
 /// few milliseconds between the events of the main thread, so that a window answers a typed letter

@@ -97,8 +97,8 @@ void Pieces::showNext() {
   const QList<QWidget*> before = findChildren<QWidget*>();
   hasMore_ = addNext_(*pieces_);
   ++shown_;
-  // Put the links and buttons of the new piece before "Show more" in the Tab order, as in the reading
-  // order.
+  // Put the links and buttons of the new piece before "Show more" in the Tab order, as in the
+  // reading order.
   for (QWidget* control : findChildren<QWidget*>()) {
     if (before.contains(control) || !(control->focusPolicy() & Qt::TabFocus)) continue;
     QWidget* last = more_->previousInFocusChain();

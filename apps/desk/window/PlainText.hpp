@@ -31,10 +31,10 @@ QString onOneShortLine(const QString& text);
 /// left out, because one without its end would reach beyond the name.
 QString nameInMessage(const QString& name);
 
-/// The text inside another one: isolated when it contains characters of the other direction than the
-/// window's texts, so that neither changes the order of the other (U+2068, U+2069). A mark before it
-/// (U+200E, U+200F) gives the sentence the direction of the window. Characters that set a direction
-/// are left out, as in `nameInMessage`.
+/// The text inside another one: isolated when it contains characters of the other direction than
+/// the window's texts, so that neither changes the order of the other (U+2068, U+2069). A mark
+/// before it (U+200E, U+200F) gives the sentence the direction of the window. Characters that set a
+/// direction are left out, as in `nameInMessage`.
 QString isolated(const QString& whole);
 
 /// The text as the title of a button, where Qt would interpret "&".

@@ -52,7 +52,8 @@ RoleLabel::RoleLabel(const QString& text, TextRole role, TextInk ink) : role_(ro
   setText(text);
   setWordWrap(true);
   setTextInteractionFlags(Qt::TextSelectableByMouse);
-  // A layout cuts a widget that cannot grow at the height of its size hint, which is for more width.
+  // A layout cuts a widget that cannot grow at the height of its size hint, which is for more
+  // width.
   QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Minimum);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);

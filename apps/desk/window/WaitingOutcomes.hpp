@@ -34,8 +34,8 @@ struct WaitingNote {
 /// The outcomes between "Save" and the store. Each is first written into the store's journal and
 /// then recorded, always with the same id, in the order in which they were saved: of two outcomes
 /// for one person the later one counts. The journal does not wait for the disk at once, because the
-/// store's own transaction puts the outcome there; an outcome that is not recorded a moment later, or
-/// whose try fails, is put onto the disk in the journal, before it is shown as waiting.
+/// store's own transaction puts the outcome there; an outcome that is not recorded a moment later,
+/// or whose try fails, is put onto the disk in the journal, before it is shown as waiting.
 ///
 /// An outcome that cannot be recorded waits; it is tried again
 ///

@@ -96,8 +96,8 @@ void WaitingOutcomes::keepInJournal(Entry& entry) {
   if (entry.isKept && !entry.isSynced && !unsynced_.isActive()) unsynced_.start(withoutSync);
 }
 
-/// The time counts from the saving of the oldest outcome that is not on the disk, so that later ones
-/// neither postpone its sync nor are put onto the disk before their time.
+/// The time counts from the saving of the oldest outcome that is not on the disk, so that later
+/// ones neither postpone its sync nor are put onto the disk before their time.
 void WaitingOutcomes::syncWhenDue() {
   const auto oldest = std::ranges::find_if(entries_, &Entry::waitsForSync);
   if (oldest == entries_.end()) return;

@@ -8,8 +8,8 @@
 
 namespace vemra::testing {
 
-/// Reads an internet date-time by other means than the product: a regular expression, a table of months, and counting.
-/// Gives the seconds since the epoch, nothing for unreadable text.
+/// Reads an internet date-time by other means than the product: a regular expression, a table of
+/// months, and counting. Gives the seconds since the epoch, nothing for unreadable text.
 inline std::optional<std::int64_t> readByGrammar(const std::string& text) {
   static const std::regex grammar(
       "([0-9]{4})-(0[1-9]|1[0-2])-([0-9]{2})T([01][0-9]|2[0-3]):([0-5][0-9]):([0-5][0-9])"

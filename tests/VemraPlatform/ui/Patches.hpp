@@ -12,7 +12,8 @@
 
 namespace vemra::ui::sample {
 
-/// Inserts a text that shows the number of its node; 0 stands for no parent or no sibling before it.
+/// Inserts a text that shows the number of its node; 0 stands for no parent or no sibling before
+/// it.
 inline Patch insert(std::uint64_t node, std::uint64_t parent, std::uint64_t after) {
   const View view = Text(verbatim(std::to_string(node)));
   return {Patch::Kind::insert, NodeID{node}, NodeID{parent}, NodeID{after}, Element(view, {}, {})};

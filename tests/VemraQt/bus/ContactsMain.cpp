@@ -1,5 +1,5 @@
-// The list with an editor of docs/views.md in a window, for a client on the accessibility bus. Writes
-// each contact that the list reports to standard output, and ends with its standard input.
+// The list with an editor of docs/views.md in a window, for a client on the accessibility bus.
+// Writes each contact that the list reports to standard output, and ends with its standard input.
 
 #include "VemraQt/ViewWidget.hpp"
 #include "tests/VemraQt/bus/Contacts.hpp"  // made from the page

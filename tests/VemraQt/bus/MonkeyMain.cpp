@@ -1,8 +1,8 @@
 // Random steps on a window that clients on the accessibility bus use meanwhile. Writes "ready",
 // waits for a line on standard input, and carries out one long story; the actions of clients are
-// also carried out on the screen without a window. While clients have done little, because the machine
-// is busy with other things, the story goes on, up to four times as long. At the end writes the number
-// of the clients' actions, or the disagreement.
+// also carried out on the screen without a window. While clients have done little, because the
+// machine is busy with other things, the story goes on, up to four times as long. At the end writes
+// the number of the clients' actions, or the disagreement.
 
 #include "tests/VemraQt/monkey/Agreement.hpp"
 #include "tests/VemraQt/monkey/Twins.hpp"

@@ -14,8 +14,8 @@
 namespace vemra::inspect {
 namespace {
 
-/// Ten minutes' use of the window of vemra-desk on two goals, recorded twice: with the words as they
-/// are, and masked. tests/apps/desk/window/TenMinutesTest.cpp is the use, and wrote the files.
+/// Ten minutes' use of the window of vemra-desk on two goals, recorded twice: with the words as
+/// they are, and masked. tests/apps/desk/window/TenMinutesTest.cpp is the use, and wrote the files.
 class RecordedUseTest : public ::testing::Test {
  protected:
   static std::string nameOf(const std::string& file) {

@@ -61,8 +61,8 @@ class Shim {
   void giveBack(std::size_t shrinkage);
   bool hasQuota() const { return quota_ >= 0; }
 
-  /// Appends to the log: call, path, inode, offset and length with tabs between them and a line feed
-  /// behind them, then that many bytes of data.
+  /// Appends to the log: call, path, inode, offset and length with tabs between them and a line
+  /// feed behind them, then that many bytes of data.
   void log(const char* call, const char* path, ino_t inode, off_t offset = 0,
            const void* data = nullptr, std::size_t length = 0);
   void log(const char* call, int descriptor, off_t offset = 0, const void* data = nullptr,

@@ -8,7 +8,8 @@
 
 namespace vemra::desk {
 
-/// Runs the event loop until the condition is met, for at most half a minute. Returns whether it was met.
+/// Runs the event loop until the condition is met, for at most half a minute. Returns whether it
+/// was met.
 inline bool becomes(const std::function<bool()>& condition) {
   QElapsedTimer timer;
   timer.start();

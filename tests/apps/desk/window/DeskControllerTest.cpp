@@ -132,7 +132,8 @@ TEST_F(DeskControllerTest, OpensTheRequestedGoal) {
   EXPECT_EQ(display.chosen, "g2");
 }
 
-// The controller is not started, so it does not look for changes, which would load everything again.
+// The controller is not started, so it does not look for changes, which would load everything
+// again.
 TEST_F(DeskControllerTest, AGoalThatWasReadAcrossTwoStoresIsReadAgain) {
   import({goal("g1", "One"), goal("g2", "Two")});
   controller = std::make_unique<DeskController>(engine, display);

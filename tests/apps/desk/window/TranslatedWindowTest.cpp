@@ -1,4 +1,5 @@
-// The window in each language that has a translation: no text of it has an English sentence in any of its states.
+// The window in each language that has a translation: no text of it has an English sentence in any
+// of its states.
 
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
 #include "VemraQt/ViewWidget.hpp"
