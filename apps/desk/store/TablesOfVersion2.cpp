@@ -46,7 +46,7 @@ END)sql"},
       {"trigger", "stamp_goals_removed",
        R"sql(CREATE TRIGGER stamp_goals_removed AFTER DELETE ON goals
 BEGIN DELETE FROM result_stamps WHERE goal = OLD.number; END)sql"},
-      // Outcomes are only added, and nearly always with the highest number: whoever has read up to
+      // Outcomes are only added, and nearly always with the highest number: a program that has read up to
       // a number then reads those above it. Another program may choose a lower number.
       {"trigger", "stamp_outcomes_added_before",
        R"sql(CREATE TRIGGER stamp_outcomes_added_before AFTER INSERT ON outcomes

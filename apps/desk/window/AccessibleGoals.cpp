@@ -3,6 +3,7 @@
 #include "VemraQt/atspi/ChildSignals.hpp"
 #include "VemraQt/atspi/LaterQt.hpp"
 #include "VemraQt/atspi/SelectionSignal.hpp"
+#include "apps/desk/window/AccessibleGoalRow.hpp"
 #include "apps/desk/window/GoalRow.hpp"
 #include "apps/desk/window/ListedGoals.hpp"
 #include "apps/desk/window/PlainText.hpp"
@@ -105,31 +106,6 @@ class AccessibleGoal final : public QAccessibleInterface, public QAccessibleActi
   std::size_t index_;
   mutable std::optional<std::size_t> announcedName_;  // a hash of the name
   mutable std::optional<bool> announcedOpen_;
-};
-
-/// A goal with a widget: the same actions as without. Qt's own for such a button would check it
-/// without opening its goal.
-class AccessibleRow final : public QAccessibleWidget {
- public:
-  explicit AccessibleRow(GoalRow& row) : QAccessibleWidget(&row, QAccessible::RadioButton) {}
-
-  QAccessible::State state() const override {
-    QAccessible::State state = QAccessibleWidget::state();
-    state.checkable = state.selectable = true;
-    state.checked = state.selected = row().isChecked();
-    return state;
-  }
-  QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
-  void doAction(const QString& action) override {
-    if (action == pressAction()) {
-      row().click();
-    } else {
-      QAccessibleWidget::doAction(action);
-    }
-  }
-
- private:
-  GoalRow& row() const { return *static_cast<GoalRow*>(widget()); }
 };
 
 /// The heading, then the goals. Counting the goals or finding one examines no other goal.
@@ -252,7 +228,7 @@ class AccessibleColumn final : public QAccessibleWidget, public qt::atspi::Selec
                                  {Kind::added, self, static_cast<std::size_t>(place), idAt(place)});
     }
   }
-  /// Announces that another goal is the selected one; the first one is no news.
+  /// Announces that another goal is the selected one, but not the first one.
   void announceSelection() {
     const auto open = list() ? list()->openIndex() : std::nullopt;
     std::string now = open ? list()->goals()[*open].id : std::string();
@@ -284,7 +260,7 @@ QAccessibleInterface* makeColumnOrRow(const QString&, QObject* object) {
   auto* column = qobject_cast<GoalColumn*>(object);
   if (column) return new AccessibleColumn(*column);
   auto* row = qobject_cast<GoalRow*>(object);
-  return row ? new AccessibleRow(*row) : nullptr;
+  return row ? new AccessibleGoalRow(*row) : nullptr;
 }
 
 }  // namespace

@@ -43,7 +43,7 @@ PathGraph::PathGraph(std::vector<QString> names, const QString& target, PathEnd 
     label->setParent(this);
     names_.push_back(label);
   }
-  setAccessibleName(names.empty() ? localized("A path over nobody")
+  setAccessibleName(names.empty() ? localized("A path without people")
                                   : localized("Path to %1").arg(firstPiece(target)));
   setAccessibleDescription(inWords(names));
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);  // see `RoleLabel`

@@ -496,7 +496,7 @@
         <translation>, dann </translation>
     </message>
     <message>
-        <source>A path over nobody</source>
+        <source>A path without people</source>
         <translation>Ein Weg über niemanden</translation>
     </message>
     <message>

@@ -496,7 +496,7 @@
         <translation>, ואז </translation>
     </message>
     <message>
-        <source>A path over nobody</source>
+        <source>A path without people</source>
         <translation>מסלול ללא אנשים</translation>
     </message>
     <message>

@@ -64,7 +64,7 @@ TEST_F(HeardStoryTest, ChangesOfAnotherProgramAreAnnouncedTogetherAndOnce) {
   open();
   ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.start"), nullptr);
   pass(600);
-  EXPECT_THAT(alerts.take(), IsEmpty()) << "the first goals are no news";
+  EXPECT_THAT(alerts.take(), IsEmpty()) << "the first goals are not announced";
   auto changed = goal("g1", "One");
   changed.people = {changed.people[0], build::person("p2", "Bo")};
   GoalStore::open(file).import({changed, goal("g2", "Two"), goal("g3", "Three")});

@@ -94,7 +94,7 @@ TEST_F(PanesTest, EachPaneThatThereIsCanBeInFront) {
   ASSERT_EQ(shownAt(45), "p");
   EXPECT_EQ(panes.panes(), (std::vector{Panes::Pane::goals, Panes::Pane::page}));
   panes.bringToFront(Panes::Pane::details);
-  EXPECT_EQ(shownAt(45), "p") << "there are no details";
+  EXPECT_EQ(shownAt(45), "p") << "the details are closed";
   details->show();
   EXPECT_EQ(panes.panes(),
             (std::vector{Panes::Pane::goals, Panes::Pane::page, Panes::Pane::details}));

@@ -165,7 +165,7 @@ TEST_F(PathGraphTest, ANameCanBeSelectedAndCopied) {
 
 TEST_F(PathGraphTest, APathWithoutPeopleIsReported) {
   const PathGraph nobody{std::vector<QString>()};
-  EXPECT_EQ(nobody.accessibleName(), "A path over nobody");
+  EXPECT_EQ(nobody.accessibleName(), "A path without people");
   EXPECT_EQ(nobody.accessibleDescription(), "");
 }
 
