@@ -8,7 +8,7 @@
 
 namespace vemra::qt {
 
-void requireMainThread() {
+void MainThreadCall::requireMainThread() {
   const QCoreApplication* const application = QCoreApplication::instance();
   if (!application) {
     qFatal("qt::startOnMainThread needs an application object: make the QApplication first.");
@@ -20,15 +20,15 @@ void requireMainThread() {
   }
 }
 
-void logThrowingCallback() noexcept {
-  const char* const way =
+void MainThreadCall::logException() noexcept {
+  const char* const advice =
       "Catch it in the callback: Result::take rethrows the exception of the task.";
   try {
     throw;
   } catch (const std::exception& error) {
-    qCritical("The callback of qt::startOnMainThread threw: %s. %s", error.what(), way);
+    qCritical("The callback of qt::startOnMainThread threw: %s. %s", error.what(), advice);
   } catch (...) {
-    qCritical("The callback of qt::startOnMainThread threw an exception. %s", way);
+    qCritical("The callback of qt::startOnMainThread threw an exception. %s", advice);
   }
 }
 

@@ -13,13 +13,16 @@
 
 namespace vemra::qt {
 
-/// Stops the process with a message when there is no application object, or when it belongs to
-/// another thread.
-VEMRA_EXPORT void requireMainThread();
+/// The checks of `startOnMainThread`, which alone calls them.
+class VEMRA_EXPORT MainThreadCall {
+  template <class T, std::invocable<task::Result<T>> Callback>
+  friend void startOnMainThread(QObject& receiver, task::Task<T> task, Callback callback);
 
-/// Writes to Qt's log that the callback of `startOnMainThread` let this exception out, and what to
-/// do. Called in a `catch` block.
-VEMRA_EXPORT void logThrowingCallback() noexcept;
+  /// Stops the process when there is no application object, or when it belongs to another thread.
+  static void requireMainThread();
+  /// Logs the exception that is being handled, and what to do.
+  static void logException() noexcept;
+};
 
 /// Starts a task and passes its result to the main thread, whichever thread the task ends on.
 ///
@@ -37,7 +40,7 @@ VEMRA_EXPORT void logThrowingCallback() noexcept;
 /// task must end before the application object is destroyed.
 template <class T, std::invocable<task::Result<T>> Callback>
 void startOnMainThread(QObject& receiver, task::Task<T> task, Callback callback) {
-  requireMainThread();
+  MainThreadCall::requireMainThread();
   // Only the main thread makes and reads this pair; other threads only pass the pointer on.
   auto call =
       std::make_shared<std::pair<QPointer<QObject>, Callback>>(&receiver, std::move(callback));
@@ -50,7 +53,7 @@ void startOnMainThread(QObject& receiver, task::Task<T> task, Callback callback)
           try {
             call->second(std::move(*ending));
           } catch (...) {
-            logThrowingCallback();
+            MainThreadCall::logException();
             throw;
           }
         },

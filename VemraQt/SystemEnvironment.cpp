@@ -28,8 +28,8 @@ ui::Environment systemEnvironment() {
 ui::Environment environmentAround(const QWidget& widget) {
   ui::Environment environment = systemEnvironment();
   environment.colorScheme = colorSchemeOf(inheritedPalette(widget));
-  if (const QWidget* const parent = widget.parentWidget()) {
-    environment.layoutDirection = fromQt(parent->layoutDirection());
+  if (!widget.isWindow()) {
+    environment.layoutDirection = fromQt(widget.parentWidget()->layoutDirection());
   }
   return environment;
 }

@@ -13,8 +13,7 @@ namespace vemra::qt {
 VEMRA_EXPORT ui::Environment systemEnvironment();
 
 /// The system's settings where a widget is: with the colour scheme and the layout direction that it
-/// inherits from its parent widget. Those of a widget without a parent are the application's. Main
-/// thread only.
+/// inherits from its parent widget. Those of a window are the application's. Main thread only.
 VEMRA_EXPORT ui::Environment environmentAround(const QWidget& widget);
 
 }  // namespace vemra::qt

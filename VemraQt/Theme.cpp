@@ -161,7 +161,8 @@ ColorScheme colorSchemeOf(const QPalette& palette) {
 }
 
 QPalette inheritedPalette(const QWidget& widget) {
-  const QWidget* const parent = widget.parentWidget();
+  const bool inherits = !widget.isWindow() || widget.testAttribute(Qt::WA_WindowPropagation);
+  const QWidget* const parent = inherits ? widget.parentWidget() : nullptr;
   return parent ? parent->palette() : QApplication::palette();
 }
 

@@ -64,7 +64,8 @@ class VEMRA_EXPORT Theme {
 /// The colour scheme of a palette: dark when its text is lighter than its page.
 VEMRA_EXPORT ui::ColorScheme colorSchemeOf(const QPalette& palette);
 
-/// The palette of a widget that sets no colours itself: its parent's, or the application's.
+/// The palette of a widget that sets no colours itself: that of its parent, or of the application
+/// for a window.
 VEMRA_EXPORT QPalette inheritedPalette(const QWidget& widget);
 
 }  // namespace vemra::qt

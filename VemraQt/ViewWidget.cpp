@@ -151,8 +151,10 @@ bool ViewWidget::event(QEvent* event) {
       if (page_) page_->restyle();
       break;
     case QEvent::ParentChange:
-      watchParent();
-      followSystem();
+      if (page_) {
+        watchParent();
+        followSystem();
+      }
       break;
     default:
       break;
@@ -161,8 +163,9 @@ bool ViewWidget::event(QEvent* event) {
 }
 
 bool ViewWidget::eventFilter(QObject* watched, QEvent* event) {
-  // Of a new palette, Qt notifies windows, and the widgets inside that inherit it: not this one
-  // while the environment sets another colour scheme. The direction is always set on this one.
+  // Qt sends a change of the palette to windows and to the widgets that inherit it. While the
+  // environment sets another colour scheme, this widget has a palette of its own and gets none. It
+  // never inherits a direction, because the page sets it.
   const QEvent::Type type = event->type();
   const bool isOfWindow = watched == window() && type == QEvent::ApplicationPaletteChange;
   const bool isOfParent = watched == parentWidget() &&

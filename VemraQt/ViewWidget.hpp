@@ -63,7 +63,7 @@ class VEMRA_EXPORT ViewWidget : public QAbstractScrollArea {
   void setOverrides(ui::EnvironmentOverrides overrides);
   /// Shows the tree in this environment; state is kept. The widget no longer follows the system's.
   void setEnvironment(ui::Environment environment);
-  /// The environment of the shown tree: the system's with the overrides, or that of
+  /// The environment of the shown tree: the one around the widget with the overrides, or that of
   /// `setEnvironment`.
   const ui::Environment& environment() const;
   /// The graph that the widget shows.

@@ -20,7 +20,8 @@ VEMRA_EXPORT std::string outline(const RenderedTree& tree, const ui::ViewGraph& 
 
 /// The outline of a graph whose rows need not be described yet: each row is described, written and
 /// dropped again, so the tree of all rows is never in memory. The graph may have a renderer or
-/// none. Throws what the descriptions throw.
+/// none. Throws what the descriptions throw. Not inside an action of the tree, where the graph
+/// describes no row.
 VEMRA_EXPORT std::string outline(ui::ViewGraph& graph);
 
 /// One element as a line of an outline, without its children.

@@ -51,8 +51,8 @@ bool hasItsKeys(const Payload& payload) {
          payload.meetingCount.has_value() == isActivity;
 }
 
-/// Throws the error for the first given key that the kind has not, or for one that is missing.
-void failForKeys(const JsonReader& reader, const Payload& payload) {
+/// Throws the error for the first given key that the kind does not have, or for one that is missing.
+[[noreturn]] void failForKeys(const JsonReader& reader, const Payload& payload) {
   const std::array<std::pair<std::string_view, bool>, 6> given{{
       {"label", payload.label.has_value()},
       {"detail", payload.detail.has_value()},
@@ -77,6 +77,7 @@ void failForKeys(const JsonReader& reader, const Payload& payload) {
     }
     if (isWanted && !isGiven) reader.fail("the key " + inQuotes(key), "none");
   }
+  reader.fail("the keys of the kind " + inQuotes(kind), "others");
 }
 
 }  // namespace

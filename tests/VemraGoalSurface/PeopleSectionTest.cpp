@@ -1,3 +1,4 @@
+#include "VemraPlatform/ui/Node.hpp"
 #include "tests/VemraGoalSurface/SampleScreen.hpp"
 #include "tests/VemraGoalSurface/Shape.hpp"
 
@@ -134,6 +135,43 @@ TEST_F(PersonRow, GivesItsControlTheSubject) {
       ::testing::HasSubstr("GoalOutcomeRecordingControl subjectKind=\"person\" subjectRef=\"p1\" "
                            "effectiveOutcome=\"o1\" identifierPrefix=\"vemra.goal.person.p1\" "
                            "state={isEditing=false selectedValue=\"wasUseful\" noteText=\"\"}"));
+}
+
+/// The identifiers in a node and below it.
+void addIdentifiers(const ui::Node& node, Lines& identifiers) {
+  const auto own = node.element.accessibilityIdentifier();
+  if (!own.empty()) identifiers.emplace_back(own);
+  for (const auto& child : node.children) addIdentifiers(*child, identifiers);
+}
+
+const ui::Node* listIn(const ui::Node& node) {
+  if (node.element.kind() == ui::ElementKind::forEach) return &node;
+  for (const auto& child : node.children) {
+    if (const ui::Node* found = listIn(*child)) return found;
+  }
+  return nullptr;
+}
+
+// The list promises it, and a search for an identifier relies on it.
+TEST_F(PersonRow, EachOfItsIdentifiersContainsTheReferenceByteForByte) {
+  const Lines refs{"p1", decomposed, composed, "a \"b\"\n.", "p1", ""};
+  std::vector<GoalPersonCandidateDTO> people;
+  for (const std::string& ref : refs) people.push_back(person(ref, "Ada", {"ev1"}));
+  result_.outcomes = {outcome("o1", SubjectKind::person, decomposed, Value::helped),
+                      outcome("o2", SubjectKind::person, decomposed, Value::helped, "note", "o1")};
+  Screen screen = screenOf(people);
+  screen.press("vemra.goal.person.p1.outcome.start");
+  const ui::Node* list = listIn(*screen.graph().root());
+  ASSERT_NE(list, nullptr);
+  ASSERT_EQ(list->children.size(), refs.size());
+  for (std::size_t row = 0; row < refs.size(); ++row) {
+    Lines identifiers;
+    addIdentifiers(*list->children[row], identifiers);
+    EXPECT_GE(identifiers.size(), 2u);
+    for (const std::string& identifier : identifiers) {
+      EXPECT_THAT(identifier, ::testing::HasSubstr(refs[row]));
+    }
+  }
 }
 
 }  // namespace

@@ -120,6 +120,27 @@ TEST(Overrides, APageThatIsMovedToAnotherWindowTakesItsPalette) {
   EXPECT_EQ(light.page->environment().colorScheme, ui::ColorScheme::light);
 }
 
+TEST(Overrides, APageThatIsAWindowItselfTakesNothingFromItsParent) {
+  OwnWindow own(qt::highContrastPalette());
+  own.window.setLayoutDirection(Qt::RightToLeft);
+  qt::ViewWidget dialog(&own.window);
+  dialog.setWindowFlag(Qt::Dialog);
+  dialog.setRoot(ui::Text("A text"));
+  dialog.show();
+  EXPECT_EQ(dialog.environment().colorScheme, ui::ColorScheme::light);
+  EXPECT_EQ(dialog.environment().layoutDirection, ui::LayoutDirection::leftToRight);
+  EXPECT_LT(pageOf(dialog).theme().text(ui::ForegroundStyle::primary).lightness(), 60);
+}
+
+TEST(Overrides, APageWithTheEnvironmentOfItsHostKeepsItInAnotherWindow) {
+  OwnWindow light(QApplication::palette()), dark(qt::highContrastPalette());
+  light.page->setEnvironment({});
+  light.page->setParent(&dark.window);
+  light.page->show();
+  EXPECT_EQ(light.page->environment().colorScheme, ui::ColorScheme::light);
+  EXPECT_GT(light.background().lightness(), 200);
+}
+
 TEST(Overrides, TheDirectionOfTheWindowAroundThePageIsThePages) {
   OwnWindow own(QApplication::palette());
   own.window.setLayoutDirection(Qt::RightToLeft);

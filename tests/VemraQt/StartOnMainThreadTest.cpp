@@ -126,7 +126,7 @@ std::string exceptionOfTheEventLoop() {
   return "";
 }
 
-TEST_F(StartOnMainThread, AnExceptionThatLeavesTheCallbackIsLoggedWithTheWayOutAndGoesOn) {
+TEST_F(StartOnMainThread, AnExceptionThatLeavesTheCallbackIsLoggedWithAdviceAndLeavesTheEventLoop) {
   static QStringList log;
   log.clear();
   const auto former = qInstallMessageHandler(

@@ -77,10 +77,16 @@ struct Host {
   std::vector<std::string> notices;
 };
 
-TEST_F(PagePieces, TheRecorderOfAHost) {
-  const TemporaryFolder folder;
+/// A new folder, the current one during a test.
+struct CurrentFolder {
+  CurrentFolder() { std::filesystem::current_path(folder.path()); }
+  ~CurrentFolder() { std::filesystem::current_path(former); }
   const std::filesystem::path former = std::filesystem::current_path();
-  std::filesystem::current_path(folder.path());
+  const TemporaryFolder folder;
+};
+
+TEST_F(PagePieces, TheRecorderOfAHost) {
+  const CurrentFolder here;
   Host host;
   Widget widget;
   const Ignore openPerson, showSource, showPath;
@@ -90,7 +96,6 @@ TEST_F(PagePieces, TheRecorderOfAHost) {
   EXPECT_TRUE(std::filesystem::exists("bug.json"));
   show(goalOf({"Ada", "Bo"}));
   EXPECT_TRUE(host.notices.empty());
-  std::filesystem::current_path(former);
 }
 
 }  // namespace
