@@ -8,6 +8,8 @@ namespace vemra::desk {
 namespace {
 
 constexpr int millisecondsOfAMoment = 400;
+/// Longer than a screen reader takes until it reads the name.
+constexpr int millisecondsInTheTree = 5000;
 
 QAccessibleInterface* makeAlert(const QString&, QObject* object) {
   auto* frame = qobject_cast<AlertFrame*>(object);
@@ -55,16 +57,25 @@ Announcement::Announcement(QWidget* parent) : AlertFrame(parent) {
   moment_.setInterval(millisecondsOfAMoment);
   connect(&moment_, &QTimer::timeout, this,
           [this] { announce(std::exchange(soon_, {}).join(QLatin1Char(' '))); });
+  heard_.setSingleShot(true);
+  heard_.setInterval(millisecondsInTheTree);
+  connect(&heard_, &QTimer::timeout, this, &QWidget::hide);
 }
 
 void Announcement::announce(const QString& message) {
+  heard_.stop();  // of the announcement before: this one may have to wait for its parent
   hide();
   AlertFrame::announce(message, {});
 }
 
 void Announcement::announceSoon(const QString& message) {
   soon_.append(message);
-  moment_.start();
+  if (!moment_.isActive()) moment_.start();  // not again: sentences may follow without an end
+}
+
+void Announcement::showEvent(QShowEvent* event) {
+  AlertFrame::showEvent(event);
+  heard_.start();
 }
 
 }  // namespace vemra::desk

@@ -31,7 +31,8 @@ class AlertFrame : public QFrame {
 };
 
 /// A notification that is only heard: it takes no room and draws nothing. It is inside the widget
-/// that it announces.
+/// that it announces, and hides itself some seconds after it has appeared, so that no old
+/// sentence stays in the accessible tree.
 class Announcement : public AlertFrame {
   Q_OBJECT
 
@@ -41,14 +42,18 @@ class Announcement : public AlertFrame {
   /// Announces a text, also one that was announced before. Before its parent is shown, a screen
   /// reader hears it when that is shown.
   void announce(const QString& message);
-  /// Announces a text together with those that follow within a moment: a screen reader reads the
-  /// name of a notification some time after it has appeared, and would read the last of several
-  /// names several times.
+  /// Announces a text together with those that follow within a moment of the first: a screen reader
+  /// reads the name of a notification some time after it has appeared, and would read the last of
+  /// several names several times.
   void announceSoon(const QString& message);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
 
  private:
   QStringList soon_;
-  QTimer moment_;
+  QTimer moment_;  ///< runs since the first of `soon_`
+  QTimer heard_;   ///< runs since the notification has appeared
 };
 
 }  // namespace vemra::desk

@@ -93,7 +93,9 @@ void DeskController::takeGoals(task::Result<std::vector<GoalListing>> result) {
   const std::vector<GoalListing> before = std::exchange(goals_, std::move(result).take());
   if (!goalID_ && !goals_.empty()) goalID_ = goals_.front().id;
   display_.showGoals(goals_, goalID_.value_or(""));
-  if (std::exchange(hasNewGoals_, false)) announce(newsOf(before, goals_));
+  if (std::exchange(hasNewGoals_, false) && display_.isHeard()) {
+    announce(newsOf(before, goals_));
+  }
   if (goalID_) loadGoal();
 }
 
@@ -135,7 +137,9 @@ void DeskController::takeGoal(const std::string& goalID, std::uint64_t store,
   display_.showGoal(*shown_);
   const bool isNews = std::exchange(hasNewResult_, false);
   const bool isSameGoal = before && before->id == goalID && before->store == store;
-  if (isNews && isSameGoal) announce(newsOf(before->snapshot, shown_->snapshot));
+  if (isNews && isSameGoal && display_.isHeard()) {  // a comparison of all people
+    announce(newsOf(before->snapshot, shown_->snapshot));
+  }
 }
 
 void DeskController::announce(const QString& news) {

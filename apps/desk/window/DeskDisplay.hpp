@@ -44,6 +44,8 @@ class DeskDisplay {
 
   /// The outcome with that id is stored; `showWaiting` without it follows.
   virtual void noteStored(const std::string& id) = 0;
+  /// Whether assistive technology reads the display now. Without it, nothing has to be announced.
+  virtual bool isHeard() const = 0;
   /// A sentence for assistive technology about something that the window shows by itself.
   virtual void announce(const QString& sentence) = 0;
 

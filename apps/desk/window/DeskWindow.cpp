@@ -27,6 +27,7 @@
 #include <algorithm>
 #include <utility>
 
+#include <QAccessible>
 #include <QFileDialog>
 #include <QScreen>
 #include <QShortcut>
@@ -242,6 +243,10 @@ void DeskWindow::showFailure(const QString& reason) {
 
 void DeskWindow::showNotice(const QString& text, std::function<void()> tryAgain) {
   notice_->show(text, std::move(tryAgain));
+}
+
+bool DeskWindow::isHeard() const {
+  return QAccessible::isActive();
 }
 
 void DeskWindow::announce(const QString& sentence) {

@@ -120,6 +120,7 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   void showNotice(const QString& text, std::function<void()> tryAgain) override;
   void showWaiting(const std::vector<WaitingNote>& waiting) override;
   void noteStored(const std::string& id) override;
+  bool isHeard() const override;
   void announce(const QString& sentence) override;
   void showPerson(PersonKnowledge person) override;
   void showEvidence(EvidenceKnowledge evidence) override;

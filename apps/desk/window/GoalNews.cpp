@@ -58,12 +58,15 @@ QString newsOf(const GoalResultSnapshotV1& before, const GoalResultSnapshotV1& a
   const auto refOf = [](const GoalPersonCandidateDTO& person) -> std::string_view {
     return person.personRef;
   };
-  const QString added = namesOfOthers(after.people(), before.people(), refOf, nameOfPerson);
-  const QString gone = namesOfOthers(before.people(), after.people(), refOf, nameOfPerson);
+  const bool hasSamePeople = before.people() == after.people();  // at once for a shared list
   QStringList sentences;
-  if (!added.isEmpty()) sentences.append(localized("New in this goal: %1.").arg(added));
-  if (!gone.isEmpty()) sentences.append(localized("No longer in this goal: %1.").arg(gone));
-  const bool isSame = before.goal() == after.goal() && before.people() == after.people() &&
+  if (!hasSamePeople) {
+    const QString added = namesOfOthers(after.people(), before.people(), refOf, nameOfPerson);
+    const QString gone = namesOfOthers(before.people(), after.people(), refOf, nameOfPerson);
+    if (!added.isEmpty()) sentences.append(localized("New in this goal: %1.").arg(added));
+    if (!gone.isEmpty()) sentences.append(localized("No longer in this goal: %1.").arg(gone));
+  }
+  const bool isSame = hasSamePeople && before.goal() == after.goal() &&
                       before.paths() == after.paths() && before.group() == after.group() &&
                       before.coverage() == after.coverage();
   if (sentences.isEmpty() && !isSame) sentences.append(localized("This goal has changed."));

@@ -59,6 +59,7 @@ struct Written final : DeskDisplay {
   }
   void closeDetails() override { ++timesClosed; }
   void noteStored(const std::string& id) override { stored.push_back(id); }
+  bool isHeard() const override { return heard; }
   void announce(const QString& sentence) override {
     announced.push_back(
         QString(sentence).remove(QChar(0x2068)).remove(QChar(0x2069)).toStdString());
@@ -68,6 +69,7 @@ struct Written final : DeskDisplay {
 
   std::vector<std::string> goals;
   std::string chosen;
+  bool heard = true;
   std::optional<LoadedGoal> goal;
   std::set<std::string> shown;  // the goals that have been shown
   std::vector<std::optional<std::string>> namesOnPath;
@@ -169,6 +171,20 @@ TEST_F(DeskControllerTest, AnotherGoalClosesTheDetails) {
   controller->openGoal("g2");
   EXPECT_EQ(display.timesClosed, 1);
   EXPECT_TRUE(opens("g2"));
+}
+
+TEST_F(DeskControllerTest, ChangesOfAnotherProgramAreAnnouncedOnlyWhileTheDisplayIsHeard) {
+  import({goal("g1", "One")});
+  start();
+  ASSERT_TRUE(opens("g1"));
+  display.heard = false;
+  import({goal("g1", "Two"), goal("g2", "Second")});
+  ASSERT_TRUE(becomes([&] { return display.goal->snapshot.goal().title == "Two"; }));
+  EXPECT_THAT(display.announced, IsEmpty());
+  display.heard = true;
+  import({goal("g1", "Three"), goal("g3", "Third")});
+  ASSERT_TRUE(becomes([&] { return display.goal->snapshot.goal().title == "Three"; }));
+  EXPECT_THAT(display.announced, ElementsAre("New goals: Third.", "This goal has changed."));
 }
 
 TEST_F(DeskControllerTest, ARecordedOutcomeAppearsInTheGoal) {

@@ -1,4 +1,5 @@
 #include "apps/desk/window/GoalNews.hpp"
+#include "tests/Allocations.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 
 #include <string>
@@ -43,6 +44,29 @@ TEST(GoalNewsTest, NamesPeopleWhoAreNewAndGone) {
             "New in this goal: Name of c. No longer in this goal: Name of a.");
   EXPECT_EQ(news({}, {"é"}), "New in this goal: Name of é.");
   EXPECT_EQ(news({"\u00e9"}, {"e\u0301"}), "") << "one person under canonical equivalence";
+}
+
+TEST(GoalNewsTest, APersonWhoseReasonChangesChangesTheGoal) {
+  auto changed = goal("g1", "One");
+  const GoalResultSnapshotV1 before(changed);
+  std::vector<GoalPersonCandidateDTO> people(changed.people.begin(), changed.people.end());
+  people[0].displayName = "Another name";
+  changed.people = std::move(people);
+  EXPECT_EQ(newsOf(before, GoalResultSnapshotV1(changed)), "This goal has changed.");
+}
+
+TEST(GoalNewsTest, PeopleInOneStorageAreNotCompared) {
+  std::vector<GoalPersonCandidateDTO> people;
+  for (int i = 0; i < 1'000; ++i) people.push_back(build::person("p" + std::to_string(i), "Name"));
+  auto result = goal("g1", "One");
+  result.people = std::move(people);
+  const GoalResultSnapshotV1 before(result);
+  result.outcomes = {outcome("o1", "p1", GoalOutcomeValue::helped)};
+  const GoalResultSnapshotV1 after(result);
+  ASSERT_TRUE(before.people().sharesStorage(after.people()));
+  const auto allocations = testing::allocations();
+  EXPECT_EQ(newsOf(before, after), "");
+  EXPECT_LE(testing::allocations() - allocations, 10u);
 }
 
 TEST(GoalNewsTest, OutcomesAreNoNewsAndAnotherTitleIs) {

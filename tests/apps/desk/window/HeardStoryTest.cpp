@@ -11,10 +11,23 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
+/// A window that assistive technology reads: without a display, Qt's accessibility is never active.
+class HeardWindow final : public DeskWindow {
+ public:
+  using DeskWindow::DeskWindow;
+
+ private:
+  bool isHeard() const override { return true; }
+};
+
 /// The notifications that a screen reader reads while a person uses the window.
 class HeardStoryTest : public OpenDesk {
  protected:
   HeardStoryTest() { GoalStore::open(file).import({goal("g1", "One")}); }
+
+  std::unique_ptr<DeskWindow> makeWindow(std::optional<std::string> goalID) override {
+    return std::make_unique<HeardWindow>(engine, std::move(goalID));
+  }
 
   void record() {
     press("vemra.goal.person.p1.outcome.start");

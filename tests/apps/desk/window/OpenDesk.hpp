@@ -30,9 +30,13 @@ class OpenDesk : public ::testing::Test {
 
   void open(std::optional<std::string> goalID = std::nullopt) {
     engine = std::make_shared<StoreEngine>(file, patience);
-    window = std::make_unique<DeskWindow>(engine, std::move(goalID));
+    window = makeWindow(std::move(goalID));
     window->resize(1200, 1500);  // every row of the samples is in view, and so has its widgets
     window->show();
+  }
+
+  virtual std::unique_ptr<DeskWindow> makeWindow(std::optional<std::string> goalID) {
+    return std::make_unique<DeskWindow>(engine, std::move(goalID));
   }
 
   void close() {
