@@ -1,6 +1,8 @@
 #include "apps/desk/store/ShownOutcomes.hpp"
 
+#include "VemraPlatform/text/UTF8.hpp"
 #include "apps/desk/store/CaseNames.hpp"
+#include "apps/desk/store/EquivalentASCII.hpp"
 #include "apps/desk/store/OutcomeRows.hpp"
 
 #include <algorithm>
@@ -44,9 +46,12 @@ class LastOfSubjects {
               "ORDER BY number DESC LIMIT 1",
               {"outcomes", 1}) {}
 
+  /// Finds the outcomes of which the reference has the bytes of this one, or is equivalent to it and
+  /// ASCII. `addThoseBeyondASCII` finds all others.
   void add(GoalOutcomeSubjectKind kind, const std::optional<std::string>& ref) {
-    last_.query(goal_, caseName(kind), ref);
-    if (last_.next()) numbers_.push_back(last_.integer(0));
+    addLastOf(kind, ref);
+    if (!ref || text::isASCII(*ref)) return;
+    if (const auto ascii = equivalentASCII(*ref)) addLastOf(kind, ascii);
   }
 
   void addThoseBeyondASCII() {
@@ -78,6 +83,11 @@ class LastOfSubjects {
   }
 
  private:
+  void addLastOf(GoalOutcomeSubjectKind kind, const std::optional<std::string>& ref) {
+    last_.query(goal_, caseName(kind), ref);
+    if (last_.next()) numbers_.push_back(last_.integer(0));
+  }
+
   Database& database_;
   std::int64_t goal_;
   Statement last_;

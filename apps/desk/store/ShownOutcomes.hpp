@@ -22,9 +22,10 @@ inline constexpr std::size_t fewOutcomes = 500;
 /// Reads the outcomes that a screen needs for these people and paths. Call it inside a transaction.
 ///
 /// A long history costs nothing: with more than a few outcomes, an index finds the last one of each
-/// subject. References of outcomes that another spelling may be canonically equivalent to (those
-/// that are not ASCII) have an index of their own; the last outcome of each of them is read,
-/// whether its subject is shown or not.
+/// subject. Two references with other bytes may be one text. If that of the outcome is not ASCII, it
+/// is in an index of its own: the last outcome of each of these is read, whether its subject is
+/// shown or not. If only that of the subject is not ASCII, the search is repeated with its ASCII
+/// form (`equivalentASCII`).
 ///
 /// - Parameter schemaVersion: of the store; one of version 1 lacks the indexes, so all are read.
 ShownOutcomes readShownOutcomes(Database& database, std::int64_t goal,

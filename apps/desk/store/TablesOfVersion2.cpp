@@ -54,8 +54,9 @@ WHEN NEW.number < (SELECT max(number) FROM outcomes)
 BEGIN UPDATE result_stamps SET stamp = random() WHERE goal = NEW.goal; END)sql"},
       {"index", "outcomes_of_subject",
        R"sql(CREATE INDEX outcomes_of_subject ON outcomes (goal, subject_kind, subject_ref, number))sql"},
-      // References that may be canonically equivalent to a text with other bytes. For an ASCII
-      // text, length() counts as many characters as there are bytes; it ends at U+0000.
+      // References that are not ASCII: a search by bytes may miss them, since a text with other
+      // bytes may be canonically equivalent. For an ASCII text, length() counts as many characters
+      // as there are bytes; it ends at U+0000.
       {"index", "outcomes_beyond_ascii",
        R"sql(CREATE INDEX outcomes_beyond_ascii ON outcomes (goal, subject_kind, subject_ref, number)
 WHERE length(subject_ref) <> length(CAST(subject_ref AS BLOB)))sql"},
