@@ -90,6 +90,16 @@ void setVersion(Database& database) {
   database.run(("PRAGMA user_version = " + std::to_string(schemaVersion)).c_str());
 }
 
+/// Makes a store of version 1 one of version 2, in one transaction.
+void addWhatIsMissing(Database& database) {
+  Transaction transaction(database, Transaction::Kind::writing);
+  if (versionNow(database) != 1) return;  // another process has changed it meanwhile
+  for (const SchemaObject& object : addedByVersion2()) database.run(object.sql.c_str());
+  database.run("INSERT INTO result_stamps SELECT number, random() FROM goals");
+  setVersion(database);
+  transaction.commit();
+}
+
 }  // namespace
 
 bool hasSchema(Database& database) {
@@ -119,12 +129,13 @@ void prepareSchemaWithin(Database& database) {
 
 void upgradeSchema(Database& database) {
   if (database.number("PRAGMA user_version") >= schemaVersion) return;
-  Transaction transaction(database, Transaction::Kind::writing);
-  if (versionNow(database) != 1) return;  // another process has changed it meanwhile
-  for (const SchemaObject& object : addedByVersion2()) database.run(object.sql.c_str());
-  database.run("INSERT INTO result_stamps SELECT number, random() FROM goals");
-  setVersion(database);
-  transaction.commit();
+  try {
+    addWhatIsMissing(database);
+  } catch (const StoreBusy&) {
+    // A store of version 1 can be used too; the next opening upgrades it.
+  } catch (const StoreFailure&) {
+    // So it is on a full disk, for example.
+  }
 }
 
 void SchemaWatch::confirm(Database& database) {

@@ -21,7 +21,7 @@ namespace vemra::desk {
 inline constexpr int schemaVersion = 2;
 
 /// Creates the tables in a file without tables, and checks that the file is a store of a known
-/// version; one of an earlier version becomes one of this version. Several processes may do so at
+/// version; one of an earlier version is upgraded (`upgradeSchema`). Several processes may do so at
 /// once.
 ///
 /// Throws a `StoreError` for any other file, and leaves that file unchanged.
@@ -35,8 +35,12 @@ void prepareSchemaWithin(Database& database);
 /// something else. Changes nothing.
 bool hasSchema(Database& database);
 
-/// Adds to a store of an earlier version what this version has more. Several processes may do so at
-/// once. A store keeps its version when it may be read only.
+/// Adds to a store of an earlier version what this version has more, all of it or nothing. Several
+/// processes may do so at once.
+///
+/// A store keeps its version when it may be read only, while another program writes it for longer
+/// than the connection waits, and when the system fails (a full disk): all code reads and writes
+/// earlier versions too, so these are no errors. The next opening for writing upgrades the store.
 void upgradeSchema(Database& database);
 
 /// Watches the schema of an open store, because another program may change it meanwhile.
