@@ -263,9 +263,10 @@ void OutcomeJournal::add(const WaitingOutcome& outcome, JournalFile::Sync sync) 
   }
 }
 
-void OutcomeJournal::sync() const {
+bool OutcomeJournal::sync() const {
   const auto file = JournalFile::open(file_, JournalFile::Missing::stays, patience_);
   if (file) file->sync();
+  return file.has_value();
 }
 
 void OutcomeJournal::settle(const std::string& id, JournalFile::Sync sync) const {

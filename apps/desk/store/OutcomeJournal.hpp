@@ -68,8 +68,9 @@ class OutcomeJournal {
   ///   file outlives the program, but not a power cut before the next `sync`.
   void add(const WaitingOutcome& outcome, JournalFile::Sync sync = JournalFile::Sync::now) const;
 
-  /// Puts everything that was added onto the disk. Does nothing without a file.
-  void sync() const;
+  /// Puts everything that was added onto the disk. Returns whether there is a file; without one, it
+  /// does nothing.
+  [[nodiscard]] bool sync() const;
 
   /// The outcome with that id waits no longer. Does nothing when it is not in the journal.
   ///

@@ -154,8 +154,7 @@ void DeskController::record(const LoadedGoal& goal, const GoalOutcomeRecordingIn
 }
 
 std::vector<WaitingNote> DeskController::waiting() {
-  waiting_.readJournal();
-  waiting_.syncJournal();
+  if (waiting_.readJournal()) waiting_.syncJournal();
   return waiting_.notes();
 }
 

@@ -130,7 +130,7 @@ void WaitingOutcomes::take(const std::string& id, std::uint64_t pass, const Trie
       entry->outcome.store = tried.mark;
     }
     holdBack(*entry, pass, tried, failure.passes);
-    if (entry->isDiscarded) giveUp(entry);
+    if (entry->isDiscarded) entries_.erase(entry);
   }
   syncJournal();
   Q_EMIT changed();
@@ -173,27 +173,14 @@ void WaitingOutcomes::finish(Entries::iterator entry) {
   entries_.erase(entry);
 }
 
-void WaitingOutcomes::giveUp(Entries::iterator entry) {
-  entry->isDiscarded = false;
-  if (journal_ && (entry->isKept || entry->mayBeWritten)) {
-    try {
-      journal_->settle(entry->outcome.id, JournalFile::Sync::now);
-    } catch (const std::exception& error) {
-      entry->reason = localized("It could not be discarded.") + ' ' + reasonOf(error);
-      return;
-    }
-  }
-  entries_.erase(entry);
-}
-
 void WaitingOutcomes::discard(const std::vector<std::string>& ids) {
   for (const std::string& id : ids) {
     const auto entry = find(id);
-    if (entry == entries_.end()) continue;
+    if (entry == entries_.end() || !removeFromJournal(*entry)) continue;
     if (id == trying_) {
       entry->isDiscarded = true;
     } else {
-      giveUp(entry);
+      entries_.erase(entry);
     }
   }
   if (entries_.empty()) pause_.stop();
@@ -204,7 +191,7 @@ std::vector<WaitingOutcome> WaitingOutcomes::takeUnkept() {
   std::vector<WaitingOutcome> outcomes;
   for (auto entry = entries_.begin(); entry != entries_.end();) {
     const auto next = std::next(entry);
-    if (!entry->isKept || !entry->unkept.isEmpty()) {
+    if (!entry->isDiscarded && (!entry->isKept || !entry->unkept.isEmpty())) {
       outcomes.push_back(std::move(entry->outcome));
       entries_.erase(entry);
     }
@@ -217,6 +204,7 @@ std::vector<WaitingNote> WaitingOutcomes::notes() const {
   const Clock::time_point now = Clock::now();
   std::vector<WaitingNote> notes;
   for (const Entry& entry : entries_) {
+    if (entry.isDiscarded) continue;
     const bool isNew = entry.reason.isEmpty() && now < entry.since + unnoticed;
     if (isNew && entry.isKept && entry.unkept.isEmpty()) continue;
     notes.push_back({entry.outcome.id,

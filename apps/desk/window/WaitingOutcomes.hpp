@@ -74,15 +74,16 @@ class WaitingOutcomes : public QObject {
   void tryAgain();
   /// Tries them now, each in its own store only; for example after the store has changed.
   void tryInTheirStore();
-  /// Discards the outcomes with these ids, also in the journal. An outcome that cannot be taken out
-  /// of the journal stays, with the reason. An outcome that is being tried is discarded when that
-  /// try has failed.
+  /// Discards the outcomes with these ids: they leave the journal and the notes at once. An outcome
+  /// that cannot be taken out of the journal stays, with the reason. A try that is running goes on,
+  /// and may still record its outcome.
   void discard(const std::vector<std::string>& ids);
 
-  /// Compares with the journal, as at the beginning of a pass.
-  void readJournal();
+  /// Compares with the journal, as at the beginning of a pass. Returns false when the journal cannot
+  /// be read now.
+  bool readJournal();
   /// Puts what waits in the journal onto the disk. An outcome that the disk does not take is noted
-  /// as one that would be lost.
+  /// as one that would be lost. While another program has the journal locked, tries again later.
   void syncJournal();
 
   /// Hands out the outcomes that are not in the journal, and drops them.
@@ -91,6 +92,7 @@ class WaitingOutcomes : public QObject {
   /// The outcomes to show as waiting, oldest first: all except those that were saved a moment ago,
   /// have not failed and are in the journal.
   std::vector<WaitingNote> notes() const;
+  /// Whether no outcome waits and none is being tried.
   bool isEmpty() const { return entries_.empty(); }
 
  Q_SIGNALS:
@@ -116,7 +118,7 @@ class WaitingOutcomes : public QObject {
     QString unkept = {};            ///< why it is not in the journal
     std::uint64_t pass = 0;         ///< the pass in which it is still to be tried; 0: none
     bool mayEnterAnyStore = false;  ///< in that pass
-    bool isDiscarded = false;       ///< discarded when the running try has failed
+    bool isDiscarded = false;       ///< no longer in the journal; dropped after the running try
     bool needsDecision = false;     ///< after the last try
 
     bool waitsForSync() const { return isKept && !isSynced; }
@@ -133,7 +135,7 @@ class WaitingOutcomes : public QObject {
             task::Result<GoalOutcomeDTO> result);
   void holdBack(const Entry& failed, std::uint64_t pass, const TriedStore& tried, bool all);
   void finish(Entries::iterator entry);
-  void giveUp(Entries::iterator entry);
+  bool removeFromJournal(Entry& entry);
 
   std::shared_ptr<StoreEngine> engine_;
   std::optional<OutcomeJournal> journal_;

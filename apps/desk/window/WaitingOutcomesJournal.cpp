@@ -20,18 +20,18 @@ constexpr std::chrono::milliseconds withoutSync{50};
 
 }  // namespace
 
-void WaitingOutcomes::readJournal() {
+bool WaitingOutcomes::readJournal() {
   if (!journal_) {
     for (Entry& entry : entries_) entry.unkept = localized("The store is open for reading only.");
-    return;
+    return true;
   }
-  if (isJournalRead_ && entries_.empty()) return;
+  if (isJournalRead_ && entries_.empty()) return true;
   std::vector<WaitingOutcome> outcomes;
   try {
     outcomes = journal_->read();
   } catch (const std::exception& error) {
     noteJournalFailure(error);
-    return;
+    return false;
   }
   journalFailure_.clear();
   std::set<std::string> ids;
@@ -41,7 +41,9 @@ void WaitingOutcomes::readJournal() {
   bool isLess = false;
   for (auto entry = entries_.begin(); entry != entries_.end();) {
     const auto next = std::next(entry);
-    if (!entry->isKept) {
+    if (entry->isDiscarded) {
+      // It has left the journal, and waits only for the end of its try.
+    } else if (!entry->isKept) {
       keepInJournal(*entry);
     } else if (ids.contains(entry->outcome.id)) {
       entry->unkept.clear();
@@ -55,6 +57,7 @@ void WaitingOutcomes::readJournal() {
   }
   if (!std::exchange(isJournalRead_, true)) adopt(std::move(outcomes));
   if (isLess) Q_EMIT changed();
+  return true;
 }
 
 void WaitingOutcomes::noteJournalFailure(const std::exception& error) {
@@ -73,12 +76,18 @@ void WaitingOutcomes::noteJournalFailure(const std::exception& error) {
   }
 }
 
+/// The program that wrote these outcomes may have ended before it put them onto the disk.
 void WaitingOutcomes::adopt(std::vector<WaitingOutcome> outcomes) {
   Entries adopted;
   for (WaitingOutcome& outcome : outcomes) {
     if (find(outcome.id) != entries_.end()) continue;
-    adopted.push_back({std::move(outcome), std::nullopt, Clock::now(), true, true});
+    adopted.push_back({.outcome = std::move(outcome),
+                       .store = std::nullopt,
+                       .since = Clock::now(),
+                       .isKept = true,
+                       .mayBeWritten = true});
   }
+  if (!adopted.empty()) unsynced_.start(withoutSync);
   entries_.splice(entries_.begin(), adopted);  // they were saved before
 }
 
@@ -116,10 +125,11 @@ void WaitingOutcomes::syncJournal() {
   if (!journal_ || std::ranges::none_of(entries_, &Entry::waitsForSync)) return;
   QString failure;
   try {
-    journal_->sync();
+    if (!journal_->sync()) return;  // `readJournal` notes that the journal is missing
   } catch (const StoreBusy&) {
-    // A journal that another program has locked keeps its content.
-    unsynced_.start(withoutSync);
+    // A journal that another program has locked keeps its content. Each try stops the main thread
+    // while it waits for the lock.
+    unsynced_.start(shortestPause);
     return;
   } catch (const std::exception& error) {
     failure = reasonOf(error);
@@ -131,6 +141,20 @@ void WaitingOutcomes::syncJournal() {
     entry.isKept = entry.isSynced;
     entry.unkept = failure;
   }
+}
+
+/// Returns false, with the reason in the entry, when the journal keeps the outcome.
+bool WaitingOutcomes::removeFromJournal(Entry& entry) {
+  if (journal_ && (entry.isKept || entry.mayBeWritten)) {
+    try {
+      journal_->settle(entry.outcome.id, JournalFile::Sync::now);
+    } catch (const std::exception& error) {
+      entry.reason = localized("It could not be discarded.") + ' ' + reasonOf(error);
+      return false;
+    }
+  }
+  entry.isKept = entry.isSynced = entry.mayBeWritten = false;
+  return true;
 }
 
 }  // namespace vemra::desk

@@ -322,14 +322,15 @@ TEST_F(OutcomeJournalTest, AnAddedOutcomeIsSyncedAndARecordedOneIsNot) {
 
 TEST_F(OutcomeJournalTest, AnOutcomeThatIsSyncedLaterIsReadAtOnceAndSyncedOnRequest) {
   const int before = FileCalls::syncs();
-  journal.sync();  // without a file
+  EXPECT_FALSE(journal.sync()) << "without a file";
   journal.add(waitingOutcome("a"), JournalFile::Sync::later);
   EXPECT_EQ(FileCalls::syncs(), before);
   EXPECT_THAT(waiting(), ElementsAre("a"));
-  journal.sync();
+  EXPECT_TRUE(journal.sync());
   EXPECT_EQ(FileCalls::syncs(), before + 2) << "the file and its folder";
   FileCalls::fail(FileCalls::Call::fsync, EIO);
-  EXPECT_THAT(failureOf([&] { journal.sync(); }), HasSubstr("cannot be written"));
+  EXPECT_THAT(failureOf([&] { static_cast<void>(journal.sync()); }),
+              HasSubstr("cannot be written"));
   FileCalls::succeed();
 }
 

@@ -9,6 +9,7 @@
 #include "tests/apps/desk/store/FileCalls.hpp"
 #include "tests/apps/desk/window/Becomes.hpp"
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdint>
@@ -86,6 +87,11 @@ class WaitingOutcomesTest : public ::testing::Test {
       const auto notes = waiting->notes();
       return !notes.empty() && notes[0].reason.toStdString().find(reason) != std::string::npos;
     });
+  }
+  /// Each outcome is in its first try.
+  bool hasNotFailed() const {
+    const auto notes = waiting->notes();
+    return std::ranges::all_of(notes, [](const auto& note) { return note.reason.isEmpty(); });
   }
   bool isDone() const {
     return becomes([&] { return waiting->isEmpty(); });
@@ -174,6 +180,43 @@ TEST_F(WaitingOutcomesTest, AnOutcomeWhoseTryTakesLongIsSyncedInTheJournalMeanwh
   ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
   const int before = FileCalls::syncs();
   add("a");
+  EXPECT_TRUE(becomes([&] { return FileCalls::syncs() > before; }));
+  EXPECT_TRUE(hasNotFailed());
+  ASSERT_EQ(other.run("ROLLBACK"), "");
+  ASSERT_TRUE(isDone());
+}
+
+TEST_F(WaitingOutcomesTest, AnOutcomeOfAPreviousProgramIsSyncedInTheJournalMeanwhile) {
+  journal.add(entry("a"), JournalFile::Sync::later);
+  RawDatabase other(file);
+  ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
+  start(std::chrono::seconds(20));
+  const int before = FileCalls::syncs();
+  EXPECT_TRUE(becomes([&] { return FileCalls::syncs() > before; }));
+  EXPECT_TRUE(hasNotFailed());
+  ASSERT_EQ(other.run("ROLLBACK"), "");
+  ASSERT_TRUE(isDone());
+}
+
+TEST_F(WaitingOutcomesTest, AJournalThatAnotherProgramHasLockedIsSyncedAfterAPause) {
+  start(std::chrono::seconds(20));
+  RawDatabase other(file);
+  ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
+  add("a");
+  const int locked = ::open(journal.file().c_str(), O_RDWR);
+  ASSERT_EQ(::flock(locked, LOCK_EX), 0);
+  EXPECT_FALSE(waiting->readJournal());
+  int changes = 0;
+  QObject::connect(waiting.get(), &WaitingOutcomes::changed, [&] { ++changes; });
+  QElapsedTimer sinceLock;
+  sinceLock.start();
+  while (sinceLock.elapsed() < 1'100) {
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  EXPECT_LE(changes, 3) << "a note, and two tries of 200 ms with a pause between them";
+  const int before = FileCalls::syncs();
+  ::close(locked);
   EXPECT_TRUE(becomes([&] { return FileCalls::syncs() > before; }));
   ASSERT_EQ(other.run("ROLLBACK"), "");
   ASSERT_TRUE(isDone());
@@ -314,7 +357,7 @@ TEST_F(WaitingOutcomesTest, AnOutcomeThatIsNotInTheJournalIsMarked) {
 TEST_F(WaitingOutcomesTest, ADiscardedOutcomeStaysDiscardedInTheNextProgram) {
   start();
   add("a", "gone");
-  ASSERT_TRUE(becomes([&] { return waiting->notes().size() == 1; }));
+  ASSERT_TRUE(waitsWith("has no goal"));
   waiting->discard({"a"});
   EXPECT_TRUE(waiting->isEmpty());
   EXPECT_FALSE(fs::exists(journal.file()));
@@ -324,10 +367,20 @@ TEST_F(WaitingOutcomesTest, ADiscardedOutcomeThatCouldNotBeSyncedLeavesTheJourna
   start();
   FileCalls::fail(FileCalls::Call::fsync, EIO);
   add("a", "gone");
-  ASSERT_TRUE(becomes([&] {
-    return !waiting->isEmpty() && !waiting->notes().empty() &&
-           !waiting->notes()[0].unkept.isEmpty();
-  }));
+  ASSERT_TRUE(waitsWith("has no goal"));
+  EXPECT_NE(waiting->notes()[0].unkept, "");
+  FileCalls::succeed();
+  waiting->discard({"a"});
+  EXPECT_TRUE(waiting->isEmpty());
+  EXPECT_TRUE(journal.read().empty());
+}
+
+TEST_F(WaitingOutcomesTest, AnOutcomeOfAPreviousProgramThatCouldNotBeSyncedLeavesTheJournalToo) {
+  journal.add(entry("a", "gone"), JournalFile::Sync::later);
+  FileCalls::fail(FileCalls::Call::fsync, EIO);
+  start();
+  ASSERT_TRUE(waitsWith("has no goal"));
+  EXPECT_NE(waiting->notes()[0].unkept, "");
   FileCalls::succeed();
   waiting->discard({"a"});
   EXPECT_TRUE(waiting->isEmpty());
@@ -338,6 +391,7 @@ TEST_F(WaitingOutcomesTest, OnlyTheNamedOutcomesAreDiscarded) {
   start();
   add("a", "gone");
   add("b", "gone");
+  ASSERT_TRUE(waitsWith("has no goal"));
   ASSERT_TRUE(becomes([&] { return waiting->notes().size() == 2; }));
   waiting->discard({"a"});
   ASSERT_EQ(waiting->notes().size(), 1u);
@@ -371,6 +425,28 @@ TEST_F(WaitingOutcomesTest, AnOutcomeBeingTriedIsDiscardedAfterTheTryHasFailed) 
   EXPECT_THAT(recorded(), IsEmpty());
 }
 
+TEST_F(WaitingOutcomesTest, AnOutcomeDiscardedDuringItsTryLeavesTheJournalAndTheNotesAtOnce) {
+  start();
+  {
+    RawDatabase other(file);
+    ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
+    add("a");
+    waiting->discard({"a"});
+    EXPECT_FALSE(fs::exists(journal.file()));
+    std::this_thread::sleep_for(std::chrono::milliseconds(260));  // it would be shown by now
+    EXPECT_THAT(waiting->notes(), IsEmpty());
+    EXPECT_TRUE(waiting->readJournal());
+    EXPECT_FALSE(fs::exists(journal.file())) << "written again";
+    EXPECT_THAT(waiting->takeUnkept(), IsEmpty());
+    EXPECT_FALSE(waiting->isEmpty()) << "the try may still succeed";
+    stop();
+    ASSERT_EQ(other.run("ROLLBACK"), "");
+  }
+  start();
+  EXPECT_TRUE(waiting->isEmpty());
+  EXPECT_THAT(recorded(), IsEmpty());
+}
+
 TEST_F(WaitingOutcomesTest, AnOutcomeDiscardedByAnotherProgramIsNoLongerTriedHere) {
   start();
   add("a", "gone");
@@ -379,7 +455,7 @@ TEST_F(WaitingOutcomesTest, AnOutcomeDiscardedByAnotherProgramIsNoLongerTriedHer
   {
     WaitingOutcomes other(otherEngine, journal);
     other.start();
-    ASSERT_TRUE(becomes([&] { return other.notes().size() == 1; }));
+    ASSERT_TRUE(becomes([&] { return !other.notes().empty() && other.notes()[0].reason != ""; }));
     other.discard({"a"});
   }
   otherEngine->finish();
@@ -404,6 +480,19 @@ TEST_F(WaitingOutcomesTest, WhileTheDiskOfTheStoreIsMissingNoOutcomeIsDropped) {
   waiting->readJournal();
   ASSERT_EQ(waiting->notes().size(), 1u);
   EXPECT_EQ(waiting->notes()[0].unkept, "");
+}
+
+TEST_F(WaitingOutcomesTest, ASyncWithoutAJournalLeavesTheOutcomesMarked) {
+  start();
+  RawDatabase other(file);
+  ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
+  add("a");  // not on the disk yet
+  fs::rename(file, file + ".away");
+  fs::rename(journal.file(), folder.file("journal.away"));
+  EXPECT_TRUE(waiting->readJournal());
+  waiting->syncJournal();
+  ASSERT_EQ(waiting->notes().size(), 1u);
+  EXPECT_EQ(waiting->notes()[0].unkept, "The journal is not there.");
 }
 
 TEST_F(WaitingOutcomesTest, AnOutcomeThatTheJournalRefusedIsWrittenToItAgain) {
