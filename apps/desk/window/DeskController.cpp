@@ -177,8 +177,11 @@ void DeskController::lookUp(Ask ask, const QString& failure, Show show) {
                             if (wanted != detailsRequest_)
                               return;  // closed, or another look-up has begun since
                             if (const QString why = failureOf(result); !why.isEmpty()) {
+                              refreshDetails_ = refreshShown_;
                               showLoadingFailure(failure, why);
+                              display_.noteMissingDetails();
                             } else {
+                              refreshShown_ = refreshDetails_;
                               shownBefore_.remove(failure);
                               show(std::move(result).take());
                             }
@@ -209,7 +212,7 @@ void DeskController::openPath(const std::string& goalID, const GoalPathCandidate
 }
 
 void DeskController::closeDetails() {
-  refreshDetails_ = nullptr;
+  refreshDetails_ = refreshShown_ = nullptr;
   ++detailsRequest_;
   display_.closeDetails();
 }

@@ -89,7 +89,8 @@ class DeskController : public QObject {
   bool hasNewGoals_ = false;              // the next list may have news of another program
   bool hasNewResult_ = false;             // so may the next result
   std::uint64_t detailsRequest_ = 0;      // the last look-up
-  std::function<void()> refreshDetails_;  // looks up the shown details again
+  std::function<void()> refreshDetails_;  // looks up the details again that were asked for last
+  std::function<void()> refreshShown_;    // the same for those that are shown
   std::optional<std::int64_t> version_;   // of the store, at the last check
   bool looking_ = false;
   QString lookingFailed_;                // why looking for changes failed last; "" if it did not

@@ -54,6 +54,9 @@ class DeskDisplay {
   /// `names` are those of the people on the path, nil where a person has none.
   virtual void showPath(const GoalPathCandidateDTO& path,
                         const std::vector<std::optional<std::string>>& names) = 0;
+  /// The details that the user has asked for could not be looked up; a notice gives the reason.
+  /// Those that are shown stay.
+  virtual void noteMissingDetails() = 0;
   /// Removes the details of a person, a source or a path.
   virtual void closeDetails() = 0;
 

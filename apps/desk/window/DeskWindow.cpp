@@ -269,7 +269,12 @@ void DeskWindow::showPath(const GoalPathCandidateDTO& path,
   bringDetails();
 }
 
+void DeskWindow::noteMissingDetails() {
+  detailsAsked_ = false;
+}
+
 void DeskWindow::closeDetails() {
+  detailsAsked_ = false;
   if (side_->isHidden()) return;
   const bool hadFocus = side_->isAncestorOf(focusWidget());
   side_->hide();

@@ -126,6 +126,7 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   void showEvidence(EvidenceKnowledge evidence) override;
   void showPath(const GoalPathCandidateDTO& path,
                 const std::vector<std::optional<std::string>>& names) override;
+  void noteMissingDetails() override;
   void closeDetails() override;
 
   /// The element that opened the details, in the page of a goal.

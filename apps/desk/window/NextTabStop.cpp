@@ -10,7 +10,9 @@
 
 namespace vemra::desk {
 
-NextTabStop::NextTabStop(QWidget& message) : QObject(&message), message_(message) {}
+NextTabStop::NextTabStop(QWidget& message) : QObject(&message), message_(message) {
+  connect(qApp, &QApplication::focusChanged, this, &NextTabStop::endWhenLeft);
+}
 
 void NextTabStop::expect(QPushButton& button) {
   if (!button_ && !entered_) qApp->installEventFilter(this);
@@ -35,6 +37,16 @@ void NextTabStop::noteFocus() {
     page_ = qobject_cast<qt::ViewWidget*>(around);
   }
   if (page_) place_ = qt::readingPlace(*page_);
+}
+
+/// Where the focus was before the visit says nothing once the focus has gone elsewhere. In a window
+/// that is not active, the control that had the focus keeps it.
+void NextTabStop::endWhenLeft() {
+  if (hasFocus()) return;
+  entered_ = nullptr;
+  before_ = nullptr;
+  page_ = nullptr;
+  if (!button_) qApp->removeEventFilter(this);
 }
 
 bool NextTabStop::returnFocus() {

@@ -27,7 +27,7 @@ class NextTabStop : public QObject {
   explicit NextTabStop(QWidget& message);
 
   /// The next Tab in the window goes to that button, if it is visible then. Shift+Tab on the button
-  /// goes back.
+  /// goes back, until the focus has left the message.
   void expect(QPushButton& button);
   /// Tab is as usual.
   void forget();
@@ -41,6 +41,7 @@ class NextTabStop : public QObject {
  private:
   bool hasFocus() const;
   void noteFocus();
+  void endWhenLeft();
   bool returnFocus();
 
   QWidget& message_;

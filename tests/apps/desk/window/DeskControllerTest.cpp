@@ -57,6 +57,7 @@ struct Written final : DeskDisplay {
     namesOnPath = names;
     ++timesDetailed;
   }
+  void noteMissingDetails() override { ++timesMissing; }
   void closeDetails() override { ++timesClosed; }
   void noteStored(const std::string& id) override { stored.push_back(id); }
   bool isHeard() const override { return heard; }
@@ -78,7 +79,7 @@ struct Written final : DeskDisplay {
   std::function<void()> tryAgain;
   std::vector<WaitingNote> waiting;
   std::size_t mostWaiting = 0;
-  int timesListed = 0, timesKept = 0, timesDetailed = 0, timesClosed = 0;
+  int timesListed = 0, timesKept = 0, timesDetailed = 0, timesMissing = 0, timesClosed = 0;
 };
 
 class DeskControllerTest : public ::testing::Test {
@@ -281,6 +282,21 @@ TEST_F(DeskControllerTest, OpenDetailsAreReadAgainWhenTheStoreChanges) {
   import({goal("g3", "Three")});
   ASSERT_TRUE(becomes([&] { return display.goals.size() == 3; }));
   EXPECT_EQ(display.timesDetailed, 2);
+}
+
+TEST_F(DeskControllerTest, DetailsThatCouldNotBeLookedUpDoNotAppearLater) {
+  import({goal("g1", "One")});
+  start();
+  ASSERT_TRUE(opens("g1"));
+  ASSERT_EQ(RawDatabase(file).run("UPDATE person_evidence SET position = 5"), "");
+  controller->openPerson("p1");
+  ASSERT_TRUE(becomes([&] { return display.timesMissing == 1; }));
+  ASSERT_EQ(RawDatabase(file).run("UPDATE person_evidence SET position = 0"), "");
+  import({goal("g2", "Two")});
+  ASSERT_TRUE(becomes([&] { return display.goals.size() == 2; }));
+  import({goal("g3", "Three")});
+  ASSERT_TRUE(becomes([&] { return display.goals.size() == 3; }));
+  EXPECT_EQ(display.timesDetailed, 0);
 }
 
 }  // namespace

@@ -122,6 +122,20 @@ TEST_F(NoticeTest, ShiftTabOnTryAgainGoesBackAndTheFollowingTabIsAsUsual) {
   EXPECT_TRUE(after.hasFocus());
 }
 
+TEST_F(NoticeTest, ShiftTabIsAsUsualOnceTheFocusHasLeftTheMessage) {
+  QPushButton before("before", &window), after("after", &window);
+  window.show();
+  qttest::activate(window);
+  before.setFocus();
+  notice.show("failed", [this] { ++tries; });
+  pressKey(before, Qt::Key_Tab);
+  ASSERT_TRUE(again().hasFocus());
+  after.setFocus(Qt::MouseFocusReason);
+  again().setFocus(Qt::MouseFocusReason);
+  pressKey(again(), Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_TRUE(after.hasFocus()) << "the previous control of the window";
+}
+
 TEST_F(NoticeTest, AMessageWithoutAnythingToTryChangesNoTab) {
   QPushButton before("before", &window), after("after", &window);
   window.show();

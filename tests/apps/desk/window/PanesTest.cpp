@@ -6,6 +6,7 @@
 #include "apps/desk/window/Panes.hpp"
 #include "apps/desk/window/PlainText.hpp"
 #include "tests/VemraQt/ActiveWindow.hpp"
+#include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
 #include <string>
@@ -294,6 +295,29 @@ TEST_F(NarrowWindowTest, AStoreThatChangesUncoversNothing) {
   EXPECT_FALSE(side()->isVisible());
   EXPECT_TRUE(window->screen().isVisible());
   EXPECT_NE(find<QWidget>("desk.find.text"), nullptr);
+}
+
+TEST_F(NarrowWindowTest, DetailsThatCouldNotBeLookedUpDoNotComeInFrontLater) {
+  pressTitled("Ada");
+  ASSERT_NE(wait<QToolButton>("desk.side.close"), nullptr);
+  Q_EMIT window->findChild<MenuBar*>()->findWanted();
+  ASSERT_TRUE(window->screen().isVisible());
+  const auto isNoticed = [&](const char* text) {
+    return becomes([&] {
+      auto* notice = find<QWidget>("desk.notice");
+      return notice != nullptr && notice->accessibleName().contains(text);
+    });
+  };
+  ASSERT_EQ(RawDatabase(file).run("UPDATE person_evidence SET position = 5"), "");
+  ASSERT_TRUE(isNoticed("The goal could not be loaded."));
+  pressTitled("Ada");
+  ASSERT_TRUE(isNoticed("The person could not be looked up."));
+  ASSERT_EQ(RawDatabase(file).run("UPDATE person_evidence SET position = 0"), "");
+  const auto side = [&] { return window->findChild<QWidget*>("desk.side.close"); };
+  const QPointer<QWidget> before(side());
+  ASSERT_TRUE(becomes([&] { return before.isNull() && side() != nullptr; })) << "shown anew";
+  EXPECT_FALSE(side()->isVisible());
+  EXPECT_TRUE(window->screen().isVisible());
 }
 
 TEST(GoalPageTest, ItsLinesHaveAboutSeventyFiveCharacters) {
