@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -77,7 +78,7 @@ bool hasItsKeys(const Payload& payload) {
     }
     if (isWanted && !isGiven) reader.fail("the key " + inQuotes(key), "none");
   }
-  reader.fail("the keys of the kind " + inQuotes(kind), "others");
+  throw std::logic_error("hasItsKeys and keysOf disagree");
 }
 
 }  // namespace
