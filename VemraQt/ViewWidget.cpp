@@ -12,6 +12,7 @@
 #include <QEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 namespace vemra::qt {
@@ -241,9 +242,11 @@ bool ViewWidget::focusNextPrevChild(bool next) {
   bool left = false;
   {
     const QScopedValueRollback<bool> leaving(leaving_, true);
-    accessible_->setFocusLeaving(true);
-    setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-    accessible_->setFocusLeaving(false);
+    {
+      accessible_->setFocusLeaving(true);
+      const auto stay = qScopeGuard([this] { accessible_->setFocusLeaving(false); });
+      setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    }
     left = QAbstractScrollArea::focusNextPrevChild(next);
   }
   if (left && window()->focusWidget() != this) return true;

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPen>
+#include <QProxyStyle>
 #include <QScopedValueRollback>
 #include <QStyle>
 
@@ -55,7 +56,11 @@ void drawOutline(QPainter& painter, const QWidget& control, const QRect& place,
 }
 
 void strengthenFrame(QPainter& painter, const QWidget& control, const Theme& theme) {
-  if (control.style()->name() == QLatin1String("fusion")) return;
+  const QStyle* style = control.style();
+  // The style that Qt makes for a style sheet of the control, of a parent or of the application.
+  if (style->inherits("QStyleSheetStyle")) return;
+  while (const auto* proxy = qobject_cast<const QProxyStyle*>(style)) style = proxy->baseStyle();
+  if (style->name() == QLatin1String("fusion")) return;
   // These styles leave the outermost line to a shadow.
   drawOutline(painter, control, control.rect().adjusted(1, 1, -1, -1), theme);
 }

@@ -39,8 +39,9 @@ class ElementWidget {
   /// Whether the widget is being updated: ignore Qt's signals meanwhile, because no person caused
   /// them.
   bool isUpdating() const { return updating_; }
-  /// Whether the widget is handling that it gets or loses the focus.
-  bool isChangingFocus() const { return changingFocus_; }
+  /// Whether the widget is handling that it gets or loses the focus, and may report its selection
+  /// for that reason. A widget without a selection never is.
+  virtual bool isChangingFocus() const { return false; }
   /// Shows a leaf of the widget's kind; `shape` is the leaf's text in its measured lines.
   void show(const page::Node& leaf, const TextShape& shape);
   /// Ends any interaction, because the widget stops showing its element.
@@ -59,9 +60,6 @@ class ElementWidget {
   /// remove the tree.
   bool scrollIn() const;
 
- protected:
-  bool changingFocus_ = false;
-
  private:
   const PageContext& page_;
   ui::NodeID node_;
@@ -79,7 +77,8 @@ void frameIn(const Theme& theme, QStyleOption& option);
 void drawOutline(QPainter& painter, const QWidget& control, const QRect& place, const Theme& theme);
 
 /// Draws an outline over the frame of a button or picker, unless `frameIn` was enough: other styles
-/// than Qt's Fusion have colours of their own for frames, which may be too faint on the page.
+/// than Qt's Fusion have colours of their own for frames, which may be too faint on the page. Leaves
+/// a control with a style sheet as its author wants it.
 void strengthenFrame(QPainter& painter, const QWidget& control, const Theme& theme);
 
 /// The shape inside a focus ring; the ring is wider around a frame, because it has to cover the

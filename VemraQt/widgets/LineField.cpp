@@ -108,12 +108,12 @@ void LineField::updateTo(const page::Node& leaf, const TextShape& shape) {
 }
 
 void LineField::focusInEvent(QFocusEvent* event) {
-  const QScopedValueRollback<bool> changing(changingFocus_, true);
+  const QScopedValueRollback<bool> changing(isChangingFocus_, true);
   QLineEdit::focusInEvent(event);
 }
 
 void LineField::focusOutEvent(QFocusEvent* event) {
-  const QScopedValueRollback<bool> changing(changingFocus_, true);
+  const QScopedValueRollback<bool> changing(isChangingFocus_, true);
   QLineEdit::focusOutEvent(event);
 }
 

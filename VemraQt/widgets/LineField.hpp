@@ -20,6 +20,7 @@ class LineField final : public QLineEdit, public ElementWidget {
  public:
   LineField(QWidget* parent, const PageContext& page);
   QWidget& widget() override { return *this; }
+  bool isChangingFocus() const override { return isChangingFocus_; }
   /// Where the character at that offset of the text is drawn, in the widget's coordinates; at the
   /// end of the text, where the next one would begin. It may be outside the visible part of a long
   /// text.
@@ -44,6 +45,7 @@ class LineField final : public QLineEdit, public ElementWidget {
   qreal startOfText(const QTextLine& line) const;
 
   TextShape prompt_;
+  bool isChangingFocus_ = false;
   bool isComposing_ = false;  ///< an input method shows text that is not part of `text()` yet
   bool hasWideBreaks_ = false;
 };
