@@ -33,8 +33,8 @@ QAccessible::Role roleOf(const ElementSlot& slot, const ui::Node& node) {
 
 class Search {
  public:
-  Search(AccessibleTree& tree, const atspi::RoleTest& isSought)
-      : tree_(tree), isSought_(isSought), seeksRows_(isSought(QAccessible::ListItem)) {
+  Search(AccessibleTree& tree, const atspi::RoleTest& isSought, const atspi::FoundObject& take)
+      : tree_(tree), isSought_(isSought), take_(take), seeksRows_(isSought(QAccessible::ListItem)) {
     for (const QAccessible::Role role :
          {QAccessible::Heading, QAccessible::StaticText, QAccessible::Button, QAccessible::ComboBox,
           QAccessible::EditableText}) {
@@ -42,7 +42,7 @@ class Search {
     }
   }
 
-  QList<QAccessible::Id> found;
+  bool isOver() const { return isOver_; }
 
   void add(AccessibleRow* row, const ElementSlot& slot) {
     const ui::Node* node = tree_.find(slot.node);
@@ -54,19 +54,20 @@ class Search {
     const auto still = std::ranges::find(now, slot.node, &ElementSlot::node);
     if (still == now.end()) return;
     AccessibleObject* object = tree_.object(row, *still);
-    if (isFound) found.push_back(object->id());
-    for (int i = 0; hasChoices && i < object->childCount(); ++i) {
-      found.push_back(QAccessible::uniqueId(object->child(i)));
+    if (isFound) take(object->id());
+    for (int i = 0; hasChoices && !isOver_ && i < object->childCount(); ++i) {
+      take(QAccessible::uniqueId(object->child(i)));
     }
   }
 
   void addRow(ui::NodeID list, std::size_t index) {
     AccessibleRow* row = seeksRows_ ? tree_.rowAt(list, index) : nullptr;
-    if (row) found.push_back(row->id());
+    if (row) take(row->id());
     // A picker in a row has choices, which are list items.
-    if (!seeksElements_ && !seeksRows_) return;
+    if (isOver_ || (!seeksElements_ && !seeksRows_)) return;
     for (const ElementSlot& slot :
          elementsUnder(peekRow(list, index, tree_.page()), tree_.page())) {
+      if (isOver_) return;
       const ui::Node* node = tree_.find(slot.node);
       const bool hasChoices = seeksRows_ && slot.kind == ui::ElementKind::picker;
       if (!node || (!hasChoices && !isSought_(roleOf(slot, *node)))) continue;
@@ -76,25 +77,32 @@ class Search {
   }
 
  private:
+  void take(QAccessible::Id found) { isOver_ = !take_(found); }
+
   AccessibleTree& tree_;
   const atspi::RoleTest& isSought_;
+  const atspi::FoundObject& take_;
+  bool isOver_ = false;
   bool seeksRows_;
   bool seeksElements_ = false;
 };
 
 }  // namespace
 
-QList<QAccessible::Id> elementsByRole(AccessibleTree& tree, const atspi::RoleTest& isSought) {
-  if (tree.area().isHidden()) return {};
-  Search search(tree, isSought);
+void findElementsByRole(AccessibleTree& tree, const atspi::RoleTest& isSought,
+                        const atspi::FoundObject& take) {
+  if (tree.area().isHidden()) return;
+  Search search(tree, isSought, take);
   const std::vector<ElementSlot> elements = tree.elementsOf(nullptr);  // a copy: it may change
   for (const ElementSlot& slot : elements) {
+    if (search.isOver()) return;
     search.add(nullptr, slot);
     const ui::Node* list = slot.kind == ui::ElementKind::forEach ? tree.find(slot.node) : nullptr;
     const std::size_t rows = list ? list->element.rowCount() : 0;
-    for (std::size_t index = 0; index < rows; ++index) search.addRow(slot.node, index);
+    for (std::size_t index = 0; index < rows && !search.isOver(); ++index) {
+      search.addRow(slot.node, index);
+    }
   }
-  return search.found;
 }
 
 }  // namespace vemra::qt

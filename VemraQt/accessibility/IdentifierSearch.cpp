@@ -38,9 +38,9 @@ QMap<QString, QString> IdentifierSearch::attributes(QAccessible::Id id) const {
 }
 
 bool IdentifierSearch::findByRole(const QAccessibleInterface& page, const atspi::RoleTest& isSought,
-                                  QList<QAccessible::Id>& found) {
+                                  const atspi::FoundObject& take) {
   if (page.object() != &tree_.area()) return false;
-  found += elementsByRole(tree_, isSought);
+  findElementsByRole(tree_, isSought, take);
   return true;
 }
 

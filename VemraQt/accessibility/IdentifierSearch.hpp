@@ -25,7 +25,7 @@ class IdentifierSearch final : public atspi::IdentifierSource {
   QMap<QString, QString> attributes(QAccessible::Id element) const override;
   QList<QAccessible::Id> find(const QString& identifier) override;
   bool findByRole(const QAccessibleInterface& page, const atspi::RoleTest& isSought,
-                  QList<QAccessible::Id>& found) override;
+                  const atspi::FoundObject& take) override;
   bool scrollIn(QAccessible::Id element) override;
   /// For a search that makes no accessible objects.
   RowSearch& rows() { return rows_; }

@@ -12,6 +12,8 @@ namespace vemra::qt::atspi {
 
 /// Whether a search looks for objects of that role.
 using RoleTest = std::function<bool(QAccessible::Role)>;
+/// Receives an object that a search has found; false ends the search.
+using FoundObject = std::function<bool(QAccessible::Id)>;
 
 /// Knows the identifiers of one tree of accessible elements.
 ///
@@ -27,10 +29,10 @@ class IdentifierSource {
   /// Finds the elements with that identifier, in tree order. Does not walk the accessibility tree:
   /// it costs only the source's own look-up.
   virtual QList<QAccessible::Id> find(const QString& identifier) = 0;
-  /// Adds the elements of this tree with a sought role, in tree order, if `page` is the object of
-  /// this tree's page; returns whether it is.
+  /// Passes the elements of this tree with a sought role to `take`, in tree order and each as soon
+  /// as it is found, if `page` is the object of this tree's page; returns whether it is.
   virtual bool findByRole(const QAccessibleInterface& page, const RoleTest& isSought,
-                          QList<QAccessible::Id>& found) = 0;
+                          const FoundObject& take) = 0;
   /// Scrolls the element into view; false when the element is not in this tree, or gone.
   virtual bool scrollIn(QAccessible::Id element) = 0;
 

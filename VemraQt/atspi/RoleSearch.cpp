@@ -45,17 +45,21 @@ bool agrees(const QAccessible::State& state, const MatchRule& rule) {
   }
 }
 
-void collect(QAccessibleInterface& top, const RoleTest& isSought, QList<QAccessible::Id>& found) {
+/// Passes the objects below `top` with a sought role to `take`; returns whether to go on.
+bool collect(QAccessibleInterface& top, const RoleTest& isSought, const FoundObject& take) {
+  bool goesOn = true;
+  const FoundObject takeOne = [&](QAccessible::Id found) { return goesOn = take(found); };
   const bool isPage = std::ranges::any_of(identifierSources(), [&](IdentifierSource* source) {
-    return source->findByRole(top, isSought, found);
+    return source->findByRole(top, isSought, takeOne);
   });
-  if (isPage) return;
+  if (isPage) return goesOn;
   for (int i = 0; i < top.childCount(); ++i) {
     QAccessibleInterface* child = top.child(i);
     if (!child || !child->isValid()) continue;
-    if (isSought(child->role())) found.push_back(QAccessible::uniqueId(child));
-    collect(*child, isSought, found);
+    if (isSought(child->role()) && !take(QAccessible::uniqueId(child))) return false;
+    if (!collect(*child, isSought, take)) return false;
   }
+  return true;
 }
 
 }  // namespace
@@ -87,15 +91,14 @@ std::optional<QList<QAccessible::Id>> findByRole(QAccessibleInterface& top, cons
       rule.isInverted || !std::ranges::all_of(rule.roles, isRoleOfPages)) {
     return std::nullopt;
   }
-  QList<QAccessible::Id> found;
-  collect(
-      top, [&](QAccessible::Role role) { return rule.roles.contains(numberOf(role)); }, found);
   QList<QAccessible::Id> matches;
-  for (const QAccessible::Id id : found) {
-    if (most > 0 && matches.size() == most) break;
-    const QAccessibleInterface* object = QAccessible::accessibleInterface(id);
-    if (object && agrees(object->state(), rule)) matches.push_back(id);
-  }
+  collect(
+      top, [&](QAccessible::Role role) { return rule.roles.contains(numberOf(role)); },
+      [&](QAccessible::Id id) {
+        const QAccessibleInterface* object = QAccessible::accessibleInterface(id);
+        if (object && agrees(object->state(), rule)) matches.push_back(id);
+        return most <= 0 || matches.size() < most;
+      });
   return matches;
 }
 

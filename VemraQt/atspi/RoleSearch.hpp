@@ -21,7 +21,8 @@ quint64 stateBits(const QAccessible::State& state);
 /// order. A page answers for its rows, drawn or not. Nil when the rule looks for anything else, or
 /// for a role that no page has.
 ///
-/// - Parameter most: the largest number of objects; 0 for all.
+/// - Parameter most: the largest number of objects; 0 for all. The search ends with the last of
+///   them, and makes no further objects.
 std::optional<QList<QAccessible::Id>> findByRole(QAccessibleInterface& top, const MatchRule& rule,
                                                  int most);
 

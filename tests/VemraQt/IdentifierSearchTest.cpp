@@ -1,6 +1,8 @@
 // Elements by identifier: in rows with and without widgets, before and after changes.
 
 #include "VemraPlatform/ui/View.hpp"
+#include "VemraQt/atspi/MatchRule.hpp"
+#include "VemraQt/atspi/RoleSearch.hpp"
 #include "tests/VemraQt/Accessibility.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 
@@ -33,6 +35,26 @@ TEST(IdentifierSearch, FindingOneElementAmongManyDescribesFewRows) {
   const auto before = host.widget.graph().work().rows;
   ASSERT_NE(accessible(host, "vemra.goal.person.p9999.outcome.start"), nullptr);
   EXPECT_LE(host.widget.graph().work().rows - before, 5u);
+}
+
+TEST(IdentifierSearch, FindingTheFirstButtonsDescribesFewRows) {
+  WindowHost host(resultWith(10'000));
+  qt::atspi::MatchRule rule;
+  rule.roles = {43};  // a button
+  const auto before = host.widget.graph().work().rows;
+  const auto few = qt::atspi::findByRole(accessiblePage(host), rule, 3);
+  ASSERT_TRUE(few);
+  EXPECT_EQ(few->size(), 3);
+  rule.states = quint64{1} << 8;  // enabled
+  EXPECT_EQ(qt::atspi::findByRole(accessiblePage(host), rule, 3), few);
+  EXPECT_LE(host.widget.graph().work().rows - before, 10u);
+  rule.statesAgree = qt::atspi::Agreement::none;
+  EXPECT_TRUE(qt::atspi::findByRole(accessiblePage(host), rule, 3)->isEmpty());
+  rule = {};
+  rule.roles = {43};
+  const auto all = qt::atspi::findByRole(accessiblePage(host), rule, 0);
+  EXPECT_GE(all->size(), 10'000);
+  EXPECT_EQ(all->first(3), *few);
 }
 
 TEST(IdentifierSearch, AMissingIdentifierDescribesNoRowWhereEachOneContainsTheIdOfItsRow) {
