@@ -1,24 +1,24 @@
 #include "apps/desk/window/GoalNews.hpp"
 
-#include "VemraPlatform/text/Equality.hpp"
+#include "VemraPlatform/text/TextMap.hpp"
 #include "apps/desk/window/GoalRow.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
 #include <string>
 #include <string_view>
-#include <unordered_set>
 
 namespace vemra::desk {
 namespace {
 
-using Ids = std::unordered_set<std::string_view, text::Hash, text::Equal>;
+/// The ids as keys.
+using Ids = text::TextMap<std::string_view, bool>;
 
 template <class Things, class IdOf>
 Ids idsOf(const Things& things, IdOf idOf) {
   Ids ids;
   ids.reserve(things.size());
-  for (const auto& thing : things) ids.insert(idOf(thing));
+  for (const auto& thing : things) ids.emplace(idOf(thing), true);
   return ids;
 }
 

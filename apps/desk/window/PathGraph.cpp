@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QEvent>
 #include <QLabel>
 #include <QPainter>
 

@@ -54,7 +54,7 @@ QString nameInMessage(const QString& name) {
 }
 
 QString isolated(const QString& whole) {
-  const QString text = withoutDirections(whole);
+  QString text = withoutDirections(whole);
   const bool isMirrored = QGuiApplication::layoutDirection() == Qt::RightToLeft;
   const auto isOfOtherDirection = [&](char32_t c) {
     const QChar::Direction direction = QChar::direction(c);
