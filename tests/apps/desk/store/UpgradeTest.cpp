@@ -91,12 +91,11 @@ TEST_F(UpgradeTest, AnUpgradeThatFailsAtItsEndLeavesAWholeStoreOfVersion1) {
 TEST_F(UpgradeTest, ProgramsThatUpgradeAtOnceAllSucceed) {
   for (int round = 0; round < 10; ++round) {
     std::vector<std::string> errors(4);
-    {
-      std::vector<std::jthread> programs;
-      for (std::string& error : errors) {
-        programs.emplace_back([&] { error = errorOf([&] { GoalStore::open(file); }); });
-      }
+    std::vector<std::thread> programs;
+    for (std::string& error : errors) {
+      programs.emplace_back([&] { error = errorOf([&] { GoalStore::open(file); }); });
     }
+    for (std::thread& program : programs) program.join();
     EXPECT_EQ(errors, std::vector<std::string>(4, "no error"));
     EXPECT_EQ(version(), "2");
     EXPECT_EQ(RawDatabase(file).value("SELECT count(*) FROM result_stamps"), "1");
