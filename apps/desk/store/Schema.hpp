@@ -40,7 +40,7 @@ bool hasSchema(Database& database);
 ///
 /// A store keeps its version when it may be read only, while another program writes it for longer
 /// than the connection waits, and when the system fails (a full disk): all code reads and writes
-/// earlier versions too, so these are no errors. The next opening for writing upgrades the store.
+/// earlier versions too, so this throws nothing then. The next opening for writing upgrades the store.
 void upgradeSchema(Database& database);
 
 /// Watches the schema of an open store, because another program may change it meanwhile.

@@ -164,9 +164,9 @@ TEST_F(PathGraphTest, ANameCanBeSelectedAndCopied) {
 }
 
 TEST_F(PathGraphTest, APathWithoutPeopleIsReported) {
-  const PathGraph nobody{std::vector<QString>()};
-  EXPECT_EQ(nobody.accessibleName(), "A path without people");
-  EXPECT_EQ(nobody.accessibleDescription(), "");
+  const PathGraph empty{std::vector<QString>()};
+  EXPECT_EQ(empty.accessibleName(), "A path without people");
+  EXPECT_EQ(empty.accessibleDescription(), "");
 }
 
 }  // namespace

@@ -88,6 +88,15 @@ class WaitingOutcomesTest : public ::testing::Test {
       return !notes.empty() && notes[0].reason.toStdString().find(reason) != std::string::npos;
     });
   }
+  /// Discards the outcome "a", which could be stored nowhere, and expects no trace of it.
+  void expectDiscardLeavesTheJournal() {
+    ASSERT_TRUE(waitsWith("has no goal"));
+    EXPECT_NE(waiting->notes()[0].unkept, "");
+    FileCalls::succeed();
+    waiting->discard({"a"});
+    EXPECT_TRUE(waiting->isEmpty());
+    EXPECT_TRUE(journal.read().empty());
+  }
   /// Each outcome is in its first try.
   bool hasNotFailed() const {
     const auto notes = waiting->notes();
@@ -367,24 +376,14 @@ TEST_F(WaitingOutcomesTest, ADiscardedOutcomeThatCouldNotBeSyncedLeavesTheJourna
   start();
   FileCalls::fail(FileCalls::Call::fsync, EIO);
   add("a", "gone");
-  ASSERT_TRUE(waitsWith("has no goal"));
-  EXPECT_NE(waiting->notes()[0].unkept, "");
-  FileCalls::succeed();
-  waiting->discard({"a"});
-  EXPECT_TRUE(waiting->isEmpty());
-  EXPECT_TRUE(journal.read().empty());
+  expectDiscardLeavesTheJournal();
 }
 
 TEST_F(WaitingOutcomesTest, AnOutcomeOfAPreviousProgramThatCouldNotBeSyncedLeavesTheJournalToo) {
   journal.add(entry("a", "gone"), JournalFile::Sync::later);
   FileCalls::fail(FileCalls::Call::fsync, EIO);
   start();
-  ASSERT_TRUE(waitsWith("has no goal"));
-  EXPECT_NE(waiting->notes()[0].unkept, "");
-  FileCalls::succeed();
-  waiting->discard({"a"});
-  EXPECT_TRUE(waiting->isEmpty());
-  EXPECT_TRUE(journal.read().empty());
+  expectDiscardLeavesTheJournal();
 }
 
 TEST_F(WaitingOutcomesTest, OnlyTheNamedOutcomesAreDiscarded) {
