@@ -5,18 +5,19 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
+#include <string_view>
 
 namespace vemra::desk {
 
 /// A reason as the columns of a row: its kind, and nil in every column that the kind does not use.
+/// The texts are those of the reason, which must outlive the columns.
 struct ReasonColumns {
   explicit ReasonColumns(const GoalWhyDTO& why);
 
-  std::string kind;
-  std::optional<std::string> label;
-  std::optional<std::string> detail;
-  std::optional<std::string> reference;
+  std::string_view kind;
+  std::optional<std::string_view> label;
+  std::optional<std::string_view> detail;
+  std::optional<std::string_view> reference;
   std::optional<std::int64_t> hopCount;
   std::optional<std::int64_t> threadCount;
   std::optional<std::int64_t> meetingCount;

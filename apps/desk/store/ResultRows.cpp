@@ -2,6 +2,7 @@
 
 #include "apps/desk/store/CaseNames.hpp"
 #include "apps/desk/store/Reason.hpp"
+#include "apps/desk/store/RowInsertion.hpp"
 #include "apps/desk/store/Statement.hpp"
 
 #include <algorithm>
@@ -25,12 +26,14 @@ constexpr const char* tablesOfAGoal[] = {"goal_texts",  "person_evidence", "peop
                                          "path_people", "paths",           "group_people",
                                          "groups",      "coverage",        "outcomes"};
 
-/// Leaves out the CHECK constraints and the triggers of the rows that are written in its scope.
+/// Leaves out the CHECK constraints, the foreign keys and the triggers of the rows that are written
+/// in its scope.
 ///
-/// SQLite makes a temporary table of the names in `why_kind IN (…)` for every row, which takes
-/// longer than the row itself. Rows that are made of a record satisfy the constraints: positions
-/// count up from 0, and `ReasonColumns` fills the columns of one kind. Types, keys and owners are
-/// checked as ever; rows of other programs are checked when they are read.
+/// For every row SQLite makes a temporary table of the names in `why_kind IN (…)` and looks for the
+/// row's owner; both take longer than the row itself. Rows that are made of a record satisfy the
+/// constraints: positions count up from 0, `ReasonColumns` fills the columns of one kind, and each
+/// row is written with its owner and deleted with it. Types and keys are checked as ever; rows of
+/// other programs are checked when they are read.
 ///
 /// The triggers on these rows change the stamp of their goal. One statement on the goal's own row,
 /// outside the scope, does that for all of them.
@@ -38,20 +41,21 @@ class WithoutChecks {
  public:
   explicit WithoutChecks(Database& database) : database_(database) {
     database.run("PRAGMA ignore_check_constraints = ON");
-    useTriggers(0);
+    use(0);
   }
   WithoutChecks(const WithoutChecks&) = delete;
   WithoutChecks& operator=(const WithoutChecks&) = delete;
   ~WithoutChecks() {
     sqlite3_exec(database_.handle(), "PRAGMA ignore_check_constraints = OFF", nullptr, nullptr,
                  nullptr);
-    useTriggers(1);
+    use(1);
   }
 
  private:
-  void useTriggers(int value) {
-    sqlite3_db_config(database_.handle(), SQLITE_DBCONFIG_ENABLE_TRIGGER, value,
-                      static_cast<int*>(nullptr));
+  void use(int value) {
+    for (const int setting : {SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_ENABLE_FKEY}) {
+      sqlite3_db_config(database_.handle(), setting, value, static_cast<int*>(nullptr));
+    }
   }
 
   Database& database_;
@@ -63,50 +67,55 @@ class Writing {
   Writing(Database& database, std::int64_t goal) : database_(database), goal_(goal) {}
 
   void lists(const GetGoalSnapshotResponse& result) {
-    Statement insert(database_, "INSERT INTO goal_texts VALUES (?1, ?2, ?3, ?4)");
+    RowInsertion insertion(database_, "goal_texts");
     const auto list = [&](std::string_view name, const Texts& texts) {
-      for (std::size_t i = 0; i < texts.size(); ++i) insert.run(goal_, name, i, texts[i]);
+      for (std::size_t i = 0; i < texts.size(); ++i) insertion.add(goal_, name, i, texts[i]);
     };
-    list("keyword", result.goal.keywords);
-    list("constraint", result.goal.constraints);
     list("attachment", result.goal.attachmentRefs);
+    list("constraint", result.goal.constraints);
+    list("keyword", result.goal.keywords);
     list("source", result.coverage.sources);
+    insertion.finish();
     Statement(database_, "INSERT INTO coverage VALUES (?1, ?2, ?3)")
         .run(goal_, result.coverage.evidenceCount, result.coverage.latestEvidenceAt);
   }
 
   void people(const SharedArray<GoalPersonCandidateDTO>& people) {
-    Statement insert(database_,
-                     "INSERT INTO people VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11)");
-    Statement insertEvidence(database_, "INSERT INTO person_evidence VALUES (?1, ?2, ?3, ?4)");
+    RowInsertion insertion(database_, "people");
+    RowInsertion evidence(database_, "person_evidence");
     for (std::size_t i = 0; i < people.size(); ++i) {
       const GoalPersonCandidateDTO& person = people[i];
       const ReasonColumns why(person.why);
-      insert.run(goal_, i, person.personRef, person.displayName, why.kind, why.label, why.detail,
-                 why.reference, why.hopCount, why.threadCount, why.meetingCount);
-      each(insertEvidence, i, person.evidenceIDs);
+      insertion.add(goal_, i, person.personRef, person.displayName, why.kind, why.label, why.detail,
+                    why.reference, why.hopCount, why.threadCount, why.meetingCount);
+      each(evidence, i, person.evidenceIDs);
     }
+    insertion.finish();
+    evidence.finish();
   }
 
   void paths(const SharedArray<GoalPathCandidateDTO>& paths) {
-    Statement insert(database_,
-                     "INSERT INTO paths VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10)");
-    Statement insertPerson(database_, "INSERT INTO path_people VALUES (?1, ?2, ?3, ?4)");
+    RowInsertion insertion(database_, "paths");
+    RowInsertion people(database_, "path_people");
     for (std::size_t i = 0; i < paths.size(); ++i) {
       const ReasonColumns why(paths[i].why);
-      insert.run(goal_, i, paths[i].strength, why.kind, why.label, why.detail, why.reference,
-                 why.hopCount, why.threadCount, why.meetingCount);
-      each(insertPerson, i, paths[i].personRefs);
+      insertion.add(goal_, i, paths[i].strength, why.kind, why.label, why.detail, why.reference,
+                    why.hopCount, why.threadCount, why.meetingCount);
+      each(people, i, paths[i].personRefs);
     }
+    insertion.finish();
+    people.finish();
   }
 
   void groups(const SharedArray<GoalGroupCandidateDTO>& groups) {
-    Statement insert(database_, "INSERT INTO groups VALUES (?1, ?2, ?3)");
-    Statement insertPerson(database_, "INSERT INTO group_people VALUES (?1, ?2, ?3, ?4)");
+    RowInsertion insertion(database_, "groups");
+    RowInsertion people(database_, "group_people");
     for (std::size_t i = 0; i < groups.size(); ++i) {
-      insert.run(goal_, i, groups[i].id);
-      each(insertPerson, i, groups[i].personRefs);
+      insertion.add(goal_, i, groups[i].id);
+      each(people, i, groups[i].personRefs);
     }
+    insertion.finish();
+    people.finish();
   }
 
   void everything(const GetGoalSnapshotResponse& result) {
@@ -118,8 +127,8 @@ class Writing {
   }
 
  private:
-  void each(Statement& insert, std::size_t owner, const Texts& texts) const {
-    for (std::size_t i = 0; i < texts.size(); ++i) insert.run(goal_, owner, i, texts[i]);
+  void each(RowInsertion& insertion, std::size_t owner, const Texts& texts) const {
+    for (std::size_t i = 0; i < texts.size(); ++i) insertion.add(goal_, owner, i, texts[i]);
   }
 
   Database& database_;

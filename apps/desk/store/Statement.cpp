@@ -21,6 +21,21 @@ Statement::Statement(Database& database, std::string_view sql, RowsOf rows)
   check(code);
 }
 
+void Statement::runWith(std::span<const SQLValue> values) {
+  int index = 0;
+  for (const SQLValue& value : values) {
+    ++index;
+    if (const auto* text = std::get_if<std::string_view>(&value)) {
+      bind(index, *text);
+    } else if (const auto* number = std::get_if<std::int64_t>(&value)) {
+      bind(index, *number);
+    } else {
+      check(sqlite3_bind_null(statement_.get(), index));
+    }
+  }
+  runBound();
+}
+
 bool Statement::next() {
   const int code = sqlite3_step(statement_.get());
   if (code == SQLITE_ROW) return true;

@@ -6,8 +6,10 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <variant>
 
 struct sqlite3_stmt;
 
@@ -18,6 +20,9 @@ struct RowsOf {
   const char* table = "";
   int keyColumns = 0;  ///< the number of key columns, which come first in the query
 };
+
+/// A value of a row that a statement writes; a text must live until the statement has run.
+using SQLValue = std::variant<std::monostate, std::int64_t, std::string_view>;
 
 /// A prepared statement.
 ///
@@ -33,6 +38,9 @@ class Statement {
     bindAll(values...);
     runBound();
   }
+
+  /// The same with as many values as the statement has.
+  void runWith(std::span<const SQLValue> values);
 
   /// Binds the values; then fetch the rows with `next`. The values must live until the last row.
   template <class... Values>
