@@ -1,11 +1,15 @@
 #include "apps/documents/JsonReader.hpp"
 
+#include <algorithm>
 #include <cassert>
 #include <charconv>
 #include <utility>
 
 namespace vemra::documents {
 namespace {
+
+/// The file is given back in pieces of about this many bytes.
+constexpr std::size_t pieceLength = std::size_t{4} << 20;
 
 template <class Names>
 std::string listed(std::string_view what, const Names& names) {
@@ -26,6 +30,12 @@ std::string listed(std::string_view what, const Names& names) {
 
 JsonReader::JsonReader(std::string_view text, std::string file)
     : place_(std::move(file)), tokens_(text, place_) {}
+
+JsonReader::JsonReader(SourceFile& source, std::string file)
+    : JsonReader(source.text(), std::move(file)) {
+  source_ = &source;
+  keptUntil_ = unread() - std::min(unread(), pieceLength);
+}
 
 JsonKind JsonReader::next() {
   return tokens_.kind("a value");
@@ -108,9 +118,15 @@ void JsonReader::array(FunctionReference<void()> readElement) {
     do {
       readElement();
       step.next();
+      if (unread() < keptUntil_) releaseWhatWasRead();
     } while (tokens_.take(','));
   }
   tokens_.expect(']', "\",\" or \"]\"");
+}
+
+void JsonReader::releaseWhatWasRead() {
+  source_->release(tokens_.leaveBehind());
+  keptUntil_ = unread() - std::min(unread(), pieceLength);
 }
 
 std::string JsonReader::string() {

@@ -3,6 +3,7 @@
 #include "apps/documents/FunctionReference.hpp"
 #include "apps/documents/JsonPlace.hpp"
 #include "apps/documents/JsonTokens.hpp"
+#include "apps/documents/SourceFile.hpp"
 
 #include <cstddef>
 #include <cstdint>
@@ -43,6 +44,10 @@ class JsonReader {
  public:
   /// `text` must outlive the reader; `file` is only the name in errors.
   JsonReader(std::string_view text, std::string file);
+
+  /// Reads the text of a file and releases its pieces when they have been read. `source` must outlive
+  /// the reader.
+  JsonReader(SourceFile& source, std::string file);
   JsonReader(const JsonReader&) = delete;
   JsonReader& operator=(const JsonReader&) = delete;
 
@@ -93,8 +98,12 @@ class JsonReader {
   void members(const ReadMember& readMember);
   std::string_view key(std::string& unescaped);
 
+  void releaseWhatWasRead();
+
   JsonPlace place_;
   JsonTokens tokens_;
+  SourceFile* source_ = nullptr;
+  std::size_t keptUntil_ = 0;  // the number of unread bytes at which the next piece has been read
 };
 
 }  // namespace vemra::documents

@@ -190,19 +190,30 @@ void JsonTokens::failHere(std::string_view expected) const {
 }
 
 void JsonTokens::fail(std::size_t offset, std::string_view expected, std::string_view found) const {
-  std::size_t line = 1;
-  std::size_t lineStart = 0;
-  for (std::size_t i = text_.find('\n'); i < offset; i = text_.find('\n', i + 1)) {
-    ++line;
-    lineStart = i + 1;
+  const Place place = placeOf(offset);
+  place_.failSyntax(place.line, place.column, expected, found);
+}
+
+std::size_t JsonTokens::leaveBehind() {
+  leftBehind_ = placeOf(at_);
+  return at_;
+}
+
+/// The place at an offset that is not before `leftBehind_`.
+JsonTokens::Place JsonTokens::placeOf(std::size_t offset) const {
+  Place place = leftBehind_;
+  std::string_view passed = text_.substr(place.offset, offset - place.offset);
+  if (const std::size_t lineEnd = passed.rfind('\n'); lineEnd != std::string_view::npos) {
+    place.line += static_cast<std::size_t>(std::ranges::count(passed.substr(0, lineEnd + 1), '\n'));
+    place.column = 1;
+    passed.remove_prefix(lineEnd + 1);
   }
   // Everything before the offset has been read and is UTF-8: each byte that continues no character
   // begins one.
   const auto begins = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
-  const auto characters =
-      std::ranges::count_if(text_.substr(lineStart, offset - lineStart), begins);
-  const auto column = static_cast<std::size_t>(characters) + 1;
-  place_.failSyntax(line, column, expected, found);
+  place.column += static_cast<std::size_t>(std::ranges::count_if(passed, begins));
+  place.offset = offset;
+  return place;
 }
 
 }  // namespace vemra::documents

@@ -93,6 +93,10 @@ class JsonTokens {
   /// The number of unread bytes.
   std::size_t unread() const { return text_.size() - at_; }
 
+  /// Notes the line and the column of the next character, and returns its offset: from now on the
+  /// bytes before it may change, but none of the unread ones.
+  std::size_t leaveBehind();
+
   /// An error unless nothing but white space is left.
   void end();
 
@@ -142,6 +146,14 @@ class JsonTokens {
     return byte >= 0x20 && byte < 0x80 && c != '"' && c != '\\';
   }
 
+  /// A place between two characters.
+  struct Place {
+    std::size_t offset = 0;
+    std::size_t line = 1;
+    std::size_t column = 1;  ///< in characters
+  };
+  Place placeOf(std::size_t offset) const;
+
   std::string_view stringWithMore(std::string& unescaped);
   void readEscape(std::string& unescaped);
   char32_t readHexDigits();
@@ -153,6 +165,7 @@ class JsonTokens {
   std::string_view text_;
   const JsonPlace& place_;
   std::size_t at_ = 0;
+  Place leftBehind_;  // the bytes before it may have changed
 };
 
 }  // namespace vemra::documents

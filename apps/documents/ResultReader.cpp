@@ -154,7 +154,11 @@ GetGoalSnapshotResponse readResultText(std::string_view text, const std::string&
 }
 
 GetGoalSnapshotResponse readResultFile(const std::string& path) {
-  return readResultText(readSource(path), path);
+  SourceFile source(path);
+  JsonReader reader(source, path);
+  GetGoalSnapshotResponse result = readResult(reader);
+  reader.finish();
+  return result;
 }
 
 }  // namespace vemra::documents

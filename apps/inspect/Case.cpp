@@ -6,6 +6,7 @@
 #include "apps/documents/DocumentError.hpp"
 #include "apps/documents/JsonReader.hpp"
 #include "apps/documents/ResultReader.hpp"
+#include "apps/documents/SourceFile.hpp"
 #include "apps/inspect/CaseStrings.hpp"
 #include "apps/inspect/StepReader.hpp"
 
@@ -51,10 +52,9 @@ Recorded readRecorded(JsonReader& in) {
   return recorded;
 }
 
-void readInto(Case& read, std::string_view text, const std::string& file) {
+void readInto(Case& read, JsonReader& in) {
   using enum documents::Presence;
   ui::Environment& environment = read.environment;
-  JsonReader in(text, file);
   const auto locale = [&] {
     environment.locale = readKnown(in, date::isKnownLocale, "a locale that is known");
   };
@@ -74,12 +74,13 @@ void readInto(Case& read, std::string_view text, const std::string& file) {
   in.finish();
 }
 
-}  // namespace
-
-Case readCase(std::string_view text, const std::string& file, ui::Environment defaults) {
+/// `Text` is the text, or the file that has it.
+template <class Text>
+Case readFrom(Text& text, const std::string& file, ui::Environment defaults) {
   Case read{{}, std::move(defaults), {}, std::nullopt};
   try {
-    readInto(read, text, file);
+    JsonReader in(text, file);
+    readInto(read, in);
   } catch (const documents::DocumentError& error) {
     const auto other = otherVersion(read.recorded);
     if (!other) throw;
@@ -87,6 +88,17 @@ Case readCase(std::string_view text, const std::string& file, ui::Environment de
     throw documents::DocumentError(file, "", problem + "; " + *other);
   }
   return read;
+}
+
+}  // namespace
+
+Case readCase(std::string_view text, const std::string& file, ui::Environment defaults) {
+  return readFrom(text, file, std::move(defaults));
+}
+
+Case readCaseFile(const std::string& path, ui::Environment defaults) {
+  documents::SourceFile source(path);
+  return readFrom(source, path, std::move(defaults));
 }
 
 std::optional<std::string> otherVersion(const std::optional<Recorded>& recorded) {

@@ -38,6 +38,9 @@ struct Case {
 /// another version recorded the case, the error's line ends with that version.
 Case readCase(std::string_view text, const std::string& file, ui::Environment defaults);
 
+/// The same with the text of a file, which is also its name in errors; "-" for standard input.
+Case readCaseFile(const std::string& path, ui::Environment defaults);
+
 /// "recorded by vemra-desk 1.2.3, this is version 1.3.0"; nil when this version recorded the case,
 /// or the case was not recorded.
 std::optional<std::string> otherVersion(const std::optional<Recorded>& recorded);

@@ -2,7 +2,6 @@
 
 #include "VemraTesting/Viewport.hpp"
 #include "apps/documents/DocumentError.hpp"
-#include "apps/documents/SourceFile.hpp"
 #include "apps/inspect/Case.hpp"
 #include "apps/inspect/Inspection.hpp"
 #include "apps/inspect/MakeReport.hpp"
@@ -71,8 +70,7 @@ int run(int argumentCount, const char* const* arguments, std::ostream& output,
   }
   const Options& options = std::get<Options>(read);
   try {
-    const Case inspected =
-        readCase(documents::readSource(options.file), options.file, ui::Environment::system());
+    const Case inspected = readCaseFile(options.file, ui::Environment::system());
     if (const auto other = otherVersion(inspected.recorded)) {
       diagnostics << options.file << ": " << *other << '\n';
     }

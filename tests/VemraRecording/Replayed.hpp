@@ -16,11 +16,11 @@ namespace vemra::recording {
 class Replayed {
  public:
   explicit Replayed(const std::string& file)
-      : read(inspect::readCase(documents::readSource(file), file, {})), inspection(read) {
+      : read(inspect::readCaseFile(file, {})), inspection(read) {
     for (const inspect::Step& step : read.steps) {
       EXPECT_EQ(inspection.carryOut(step).value_or("done"), "done")
           << "in step " << ++stepsDone_ << " of\n"
-          << documents::readSource(file);
+          << documents::SourceFile(file).text();
     }
     EXPECT_EQ(inspection.finish().value_or(""), "");
   }

@@ -95,8 +95,8 @@ class SourceFileTest : public testing::Test {
 TEST_F(SourceFileTest, ReadsAFile) {
   EXPECT_EQ(readResultFile(folder.write("case.json", sampleResult)).goal.id, "g1");
   const std::string content = "a\0b\r\n\xFF" + std::string(3'000'000, 'x');
-  EXPECT_EQ(readSource(folder.write("bytes", content)), content);
-  EXPECT_EQ(readSource(folder.write("empty", "")), "");
+  EXPECT_EQ(SourceFile(folder.write("bytes", content)).text(), content);
+  EXPECT_EQ(SourceFile(folder.write("empty", "")).text(), "");
 }
 
 TEST_F(SourceFileTest, ReportsWhyAFileCannotBeRead) {
@@ -128,13 +128,13 @@ TEST_F(SourceFileTest, RefusesMoreThanAGibibyteWithoutReadingIt) {
 TEST_F(SourceFileTest, ReadsAGibibyteToItsLastByte) {
   const std::string path = folder.write("long", "");
   ASSERT_EQ(::truncate(path.c_str(), off_t{1} << 30), 0);
-  EXPECT_EQ(readSource(path).size(), std::size_t{1} << 30);
+  EXPECT_EQ(SourceFile(path).text().size(), std::size_t{1} << 30);
 }
 
 TEST_F(SourceFileTest, IsNotMisledByAnInterruptionOfAnEarlierCall) {
   const std::string path = folder.write("file", "text");
   errno = EINTR;
-  EXPECT_EQ(readSource(path), "text");
+  EXPECT_EQ(SourceFile(path).text(), "text");
 }
 
 TEST_F(SourceFileTest, LeavesNoFileOpen) {
@@ -145,7 +145,7 @@ TEST_F(SourceFileTest, LeavesNoFileOpen) {
     return descriptor;
   };
   const int before = nextDescriptor();
-  for (int i = 0; i < 3; ++i) readSource(path);
+  for (int i = 0; i < 3; ++i) EXPECT_FALSE(SourceFile(path).text().empty());
   EXPECT_NE(error(folder.path().string()), "");
   EXPECT_EQ(nextDescriptor(), before);
 }
@@ -159,7 +159,7 @@ TEST_F(SourceFileTest, ReadsAPipeOfUnknownLength) {
     std::ofstream(path, std::ios::binary) << content;
     ::_exit(0);
   }
-  EXPECT_EQ(readSource(path), content);
+  EXPECT_EQ(SourceFile(path).text(), content);
   ::waitpid(writer, nullptr, 0);
 }
 

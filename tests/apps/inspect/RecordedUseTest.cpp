@@ -21,7 +21,9 @@ class RecordedUseTest : public ::testing::Test {
   static std::string nameOf(const std::string& file) {
     return VEMRA_REPOSITORY "/tests/apps/inspect/recordings/" + file;
   }
-  static std::string textOf(const std::string& file) { return documents::readSource(nameOf(file)); }
+  static std::string textOf(const std::string& file) {
+    return std::string(documents::SourceFile(nameOf(file)).text());
+  }
   ReplayedUse replayOf(const std::string& file) const {
     return replay(readCase(textOf(file), nameOf(file), {}), moments);
   }

@@ -111,7 +111,7 @@ class RecordedSessionTest : public RecordedDesk {
 /// The case after its last step; every step must have been carried out.
 struct Replay {
   explicit Replay(const std::string& file)
-      : read(inspect::readCase(documents::readSource(file), file, {})), inspection(read) {
+      : read(inspect::readCaseFile(file, {})), inspection(read) {
     for (const inspect::Step& step : read.steps) {
       EXPECT_EQ(inspection.carryOut(step).value_or("done"), "done");
     }
@@ -165,7 +165,7 @@ TEST_F(RecordedSessionTest, AMaskedSessionHoldsNoWordOfTheStoreOrOfWhatWasTyped)
   EXPECT_GT(left.size(), 50U);
   for (const std::string& word : left) EXPECT_FALSE(words.contains(word)) << word;
   // In the file as a whole only such words are left that the form of a case has itself.
-  const std::string text = documents::readSource(recording);
+  const std::string text(documents::SourceFile(recording).text());
   for (const char* word : {"Wirklich", "privat", "Halbfertig", "Umbenannt", "neuling", "Jemand",
                            "Mai", "tomas", "Lindqvist", "sample", "spring"}) {
     EXPECT_EQ(text.find(word), std::string::npos) << word;

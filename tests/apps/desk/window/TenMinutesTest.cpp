@@ -169,7 +169,7 @@ class TenMinutesTest : public RecordedDesk {
 
   /// Notes what the screen shows after so many steps of the recording.
   void moment() {
-    const auto read = inspect::readCase(documents::readSource(recording), recording, {});
+    const auto read = inspect::readCaseFile(recording, {});
     moments_ += inspect::momentText(read.steps.size(), outlineOf(graph()));
   }
 
@@ -177,7 +177,7 @@ class TenMinutesTest : public RecordedDesk {
 
   /// Compares what the window showed and what it asked of the store with a replay.
   void expectSameReplay(bool isMasked) {
-    const std::string text = documents::readSource(recording);
+    const std::string text(documents::SourceFile(recording).text());
     if (const char* const folder = folderToWrite()) {
       const auto write = [&](const char* name, const std::string& content) {
         std::ofstream(std::string(folder) + name, std::ios::binary) << content;
