@@ -118,6 +118,12 @@ class AccessibleColumn final : public QAccessibleWidget, public qt::atspi::Selec
     for (const auto& [index, id] : known_) QAccessible::deleteAccessibleInterface(id);
   }
 
+  /// The list has the name of its heading.
+  QString text(QAccessible::Text kind) const override {
+    if (kind == QAccessible::Name && list()) return list()->heading().text();
+    return QAccessibleWidget::text(kind);
+  }
+
   int childCount() const override {
     announcedCount_ = count();
     return *announcedCount_;

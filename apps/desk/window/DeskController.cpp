@@ -4,7 +4,6 @@
 #include "VemraPlatform/text/Equality.hpp"
 #include "VemraQt/StartOnMainThread.hpp"
 #include "apps/desk/store/SampleGoals.hpp"
-#include "apps/desk/window/GoalNews.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/PlainText.hpp"
 #include "apps/desk/window/Reasons.hpp"
@@ -57,10 +56,12 @@ DeskController::DeskController(std::shared_ptr<StoreEngine> engine, DeskDisplay&
   connect(&waiting_, &WaitingOutcomes::changed, this,
           [this] { display_.showWaiting(waiting_.notes()); });
   connect(&waiting_, &WaitingOutcomes::recorded, this, [this](const std::string& id) {
+    announcedOutcomes_.emplace(id, true);
     display_.noteStored(id);
     if (goalID_) loadGoal();
     if (refreshDetails_) refreshDetails_();
   });
+  connect(&waiting_, &WaitingOutcomes::settledElsewhere, this, &DeskController::announceStored);
   connect(&waiting_, &WaitingOutcomes::journalFailed, this, [this](const QString& reason) {
     display_.showNotice(
         localized("Outcomes of an earlier time may wait in a journal that cannot be used.") + ' ' +
@@ -139,11 +140,28 @@ void DeskController::takeGoal(const std::string& goalID, std::uint64_t store,
   const bool isSameGoal = before && before->id == goalID && before->store == store;
   if (isNews && isSameGoal && display_.isHeard()) {  // a comparison of all people
     announce(newsOf(before->snapshot, shown_->snapshot));
+    announce(newsOfOutcomes(before->snapshot, shown_->snapshot, announcedOutcomes_));
   }
 }
 
 void DeskController::announce(const QString& news) {
   if (!news.isEmpty()) display_.announce(news);
+}
+
+void DeskController::announceStored(const std::string& goalID,
+                                    std::vector<std::string> outcomeIDs) {
+  for (const std::string& id : outcomeIDs) announcedOutcomes_.emplace(id, true);
+  if (!display_.isHeard()) return;
+  const auto take = [this, ids = std::move(outcomeIDs)](auto result) {
+    if (!result.hasValue()) return;  // reading the store fails with a message of its own
+    const GetGoalSnapshotResponse whole = std::move(result).take();
+    OutcomeIDs stored;
+    for (const GoalOutcomeDTO& outcome : whole.outcomes) stored.emplace(outcome.id, true);
+    for (const std::string& id : ids) {
+      if (stored.contains(id)) display_.noteStored(id);  // otherwise it was discarded
+    }
+  };
+  qt::startOnMainThread(*this, engine_->wholeResult(goalID), take);
 }
 
 void DeskController::record(const LoadedGoal& goal, const GoalOutcomeRecordingInput& input) {

@@ -4,6 +4,7 @@
 #include "VemraPlatform/task/Result.hpp"
 #include "apps/desk/store/StoreEngine.hpp"
 #include "apps/desk/window/DeskDisplay.hpp"
+#include "apps/desk/window/GoalNews.hpp"
 #include "apps/desk/window/WaitingOutcomes.hpp"
 
 #include <cstdint>
@@ -68,6 +69,9 @@ class DeskController : public QObject {
   void takeGoal(const std::string& goalID, std::uint64_t store,
                 task::Result<GoalResultSnapshotV1> result);
   void announce(const QString& news);
+  /// Announces which of these outcomes are in the store, after another program has taken them out of
+  /// the journal.
+  void announceStored(const std::string& goalID, std::vector<std::string> outcomeIDs);
   void lookForChanges();
   void takeVersion(task::Result<std::int64_t> result);
 
@@ -86,6 +90,7 @@ class DeskController : public QObject {
   std::optional<std::string> goalID_;     // of the open goal
   std::vector<GoalListing> goals_;        // as shown last
   std::optional<LoadedGoal> shown_;       // as shown last
+  OutcomeIDs announcedOutcomes_;          // recorded here, or announced as stored
   bool hasNewGoals_ = false;              // the next list may have news of another program
   bool hasNewResult_ = false;             // so may the next result
   std::uint64_t detailsRequest_ = 0;      // the last look-up

@@ -42,7 +42,8 @@ class DeskDisplay {
   /// The outcomes that are not stored yet, oldest first; none when all are.
   virtual void showWaiting(const std::vector<WaitingNote>& waiting) = 0;
 
-  /// The outcome with that id is stored; `showWaiting` without it follows.
+  /// The outcome with that id is stored, by this program or by another one that shares the journal.
+  /// It has ended to wait, or `showWaiting` without it follows.
   virtual void noteStored(const std::string& id) = 0;
   /// Whether assistive technology reads the display now. Without it, nothing has to be announced.
   virtual bool isHeard() const = 0;

@@ -1,5 +1,6 @@
 #include "apps/desk/window/FindBar.hpp"
 
+#include "apps/desk/window/AlertFrame.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
@@ -10,7 +11,18 @@
 
 namespace vemra::desk {
 
-FindBar::FindBar(QWidget* parent) : QFrame(parent), field_(new QLineEdit), result_(new QLabel) {
+namespace {
+
+/// Longer than a person takes from one letter to the next.
+constexpr int millisecondsUntilSettled = 600;
+
+}  // namespace
+
+FindBar::FindBar(QWidget* parent)
+    : QFrame(parent),
+      field_(new QLineEdit),
+      result_(new QLabel),
+      announcement_(new Announcement(this)) {
   setObjectName("desk.find");
   setFrameShape(QFrame::StyledPanel);
   setAutoFillBackground(true);
@@ -38,6 +50,11 @@ FindBar::FindBar(QWidget* parent) : QFrame(parent), field_(new QLineEdit), resul
   add(localized("Go there"), "desk.find.go", &FindBar::hitWanted);
   add(localized("Close"), "desk.find.close", &FindBar::closeWanted);
   connect(field_, &QLineEdit::textChanged, this, &FindBar::textChanged);
+  settled_.setSingleShot(true);
+  settled_.setInterval(millisecondsUntilSettled);
+  connect(&settled_, &QTimer::timeout, this, [this] {
+    if (isVisible()) announcement_->announce(news_);
+  });
   hide();
 }
 
@@ -51,9 +68,11 @@ void FindBar::open() {
   field_->selectAll();
 }
 
-void FindBar::setResult(const QString& result) {
+void FindBar::setResult(const QString& result, const QString& news) {
   result_->setText(result);
   field_->setAccessibleDescription(result);
+  news_ = news;
+  news.isEmpty() ? settled_.stop() : settled_.start();
 }
 
 bool FindBar::eventFilter(QObject* object, QEvent* event) {

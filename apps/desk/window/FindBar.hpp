@@ -1,11 +1,15 @@
 #pragma once
 
 #include <QFrame>
+#include <QString>
+#include <QTimer>
 
 class QLabel;
 class QLineEdit;
 
 namespace vemra::desk {
+
+class Announcement;
 
 /// A bar with a field for the text to find, the number of the shown hit among all, and buttons.
 class FindBar : public QFrame {
@@ -18,7 +22,10 @@ class FindBar : public QFrame {
   /// Shows the bar, gives its field the focus and selects the text in it.
   void open();
   /// A line such as "3 of 17"; assistive technology reads it with the field.
-  void setResult(const QString& result);
+  ///
+  /// - Parameter news: announced when no other result follows within a moment, so that a person who
+  ///   types hears the result of the whole text; "" announces nothing.
+  void setResult(const QString& result, const QString& news);
 
  Q_SIGNALS:
   void textChanged(const QString& text);
@@ -34,6 +41,9 @@ class FindBar : public QFrame {
  private:
   QLineEdit* field_;
   QLabel* result_;
+  Announcement* announcement_;
+  QString news_;
+  QTimer settled_;  ///< runs since the last result
 };
 
 }  // namespace vemra::desk

@@ -5,6 +5,7 @@
 #include "apps/desk/window/FoundMark.hpp"
 #include "apps/desk/window/GoalScreens.hpp"
 #include "apps/desk/window/Localized.hpp"
+#include "apps/desk/window/PlainText.hpp"
 
 #include <utility>
 
@@ -104,14 +105,24 @@ void FindPeople::show(std::size_t hit) {
 
 void FindPeople::showResult() {
   if (bar_->text().isEmpty()) {
-    bar_->setResult({});
+    bar_->setResult({}, {});
   } else if (!search_.isDone()) {
-    bar_->setResult(localized("Searching…"));
+    bar_->setResult(localized("Searching…"), {});
   } else if (!hit_) {
-    bar_->setResult(localized("Not found"));
+    const QString nothing = localized("Not found");
+    bar_->setResult(nothing, nothing);
   } else {
-    bar_->setResult(localized("%1 of %2").arg(search_.position(*hit_)).arg(search_.hits().size()));
+    const QString place =
+        localized("%1 of %2").arg(search_.position(*hit_)).arg(search_.hits().size());
+    bar_->setResult(place, localized("%1: %2").arg(place, nameOfHit()));
   }
+}
+
+QString FindPeople::nameOfHit() const {
+  const LoadedGoal* goal = screens_.currentGoal();
+  if (!goal || row_ >= goal->snapshot.people().size()) return {};
+  const GoalPersonCandidateDTO& person = goal->snapshot.people()[row_];
+  return nameInMessage(fromUTF8(person.displayName.value_or(person.personRef)));
 }
 
 void FindPeople::goToHit() {

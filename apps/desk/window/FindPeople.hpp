@@ -58,6 +58,8 @@ class FindPeople : public QObject {
   void step(int by);
   void show(std::size_t hit);
   void showResult();
+  /// The person of the shown hit, for a sentence.
+  QString nameOfHit() const;
   void goToHit();
   void hideBar();
   ui::NodeID list() const;

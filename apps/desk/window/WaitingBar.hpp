@@ -19,7 +19,7 @@ class WaitingBar : public MessageFrame {
 
   void setWaiting(const std::vector<WaitingNote>& waiting);
   /// The sentence for assistive technology when that outcome is stored; "" when the bar has not
-  /// shown it. Call it before `setWaiting` leaves the outcome out.
+  /// shown it, or for the second time.
   QString newsOfStored(const std::string& id) { return news_.ofStored(id); }
 
  Q_SIGNALS:

@@ -3,8 +3,6 @@
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
-#include <algorithm>
-
 namespace vemra::desk {
 
 QString lineOf(const WaitingNote& note) {
@@ -23,9 +21,6 @@ QString WaitingNews::of(const std::vector<WaitingNote>& waiting) {
       reasons.append(reason);
     }
   }
-  std::erase_if(announced_, [&](const auto& announced) {
-    return std::ranges::find(waiting, announced.first, &WaitingNote::id) == waiting.end();
-  });
   if (waiting.empty()) reasons_.clear();
   if (!outcomes.isEmpty()) outcomes.prepend(localized("Not stored yet:"));
   return (outcomes + reasons).join('\n');

@@ -18,13 +18,12 @@ QString lineOf(const WaitingNote& note);
 /// storing is announced once.
 class WaitingNews {
  public:
-  /// The news of the outcomes that wait now; "" without any. They count as announced afterwards,
-  /// and outcomes that do not wait any more are forgotten.
+  /// The news of the outcomes that wait now; "" without any. They count as announced afterwards.
   QString of(const std::vector<WaitingNote>& waiting);
   /// The reasons are news again at the next failure, because the user has asked for another try.
   void expectReasons() { reasons_.clear(); }
-  /// The news that an outcome is stored; "" when it was not announced as waiting. Call it
-  /// before `of` leaves the outcome out.
+  /// The news that an outcome is stored; "" when it was not announced as waiting. It may have ended
+  /// to wait some time before: another program may have stored it.
   QString ofStored(const std::string& id);
 
  private:

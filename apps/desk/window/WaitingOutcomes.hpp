@@ -98,6 +98,9 @@ class WaitingOutcomes : public QObject {
  Q_SIGNALS:
   /// The outcome with that id is in the store now.
   void recorded(const std::string& id);
+  /// Another program has taken these outcomes of a goal out of the journal: it has recorded or
+  /// discarded them.
+  void settledElsewhere(const std::string& goalID, const std::vector<std::string>& ids);
   /// `notes` may have changed.
   void changed();
   /// The journal cannot be used; `reason` is a line that names the file and the place.

@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <exception>
 #include <iterator>
+#include <map>
 #include <set>
+#include <string>
 #include <utility>
 
 // The part of `WaitingOutcomes` that reads and writes the journal.
@@ -38,7 +40,7 @@ bool WaitingOutcomes::readJournal() {
   for (const WaitingOutcome& outcome : outcomes) ids.insert(outcome.id);
   // On a disk that is not mounted, the journal is missing like the store.
   const bool isStoreThere = identityAt(engine_->file()).has_value();
-  bool isLess = false;
+  std::map<std::string, std::vector<std::string>> settled;  // by another program, in each goal
   for (auto entry = entries_.begin(); entry != entries_.end();) {
     const auto next = std::next(entry);
     if (entry->isDiscarded) {
@@ -50,13 +52,14 @@ bool WaitingOutcomes::readJournal() {
     } else if (!isStoreThere) {
       entry->unkept = localized("The journal is not there.");
     } else if (entry->outcome.id != trying_) {
-      entries_.erase(entry);  // another program has recorded or discarded it
-      isLess = true;
+      settled[entry->outcome.goalID].push_back(entry->outcome.id);
+      entries_.erase(entry);
     }
     entry = next;
   }
   if (!std::exchange(isJournalRead_, true)) adopt(std::move(outcomes));
-  if (isLess) Q_EMIT changed();
+  for (const auto& [goalID, settledIDs] : settled) Q_EMIT settledElsewhere(goalID, settledIDs);
+  if (!settled.empty()) Q_EMIT changed();
   return true;
 }
 

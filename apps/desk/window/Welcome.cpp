@@ -16,26 +16,31 @@ Welcome::Welcome(QWidget* parent) : QWidget(parent) {
   page->setContentsMargins(40, 24, 40, 24);
   page->setSpacing(8);
   page->addStretch(2);
-  for (QLabel* label :
-       {makeLabel(localized("No goals yet"), TextRole::title),
-        makeLabel(localized("Goals come from result documents. Import them, or drop them here."),
-                  TextRole::quiet),
-        makeLabel(localized("To look around first, add the sample goals. Nothing else is "
-                            "changed."),
-                  TextRole::quiet)}) {
+  const QString title = localized("No goals yet");
+  const QString import =
+      localized("Goals come from result documents. Import them, or drop them here.");
+  const QString samples =
+      localized("To look around first, add the sample goals. Nothing else is changed.");
+  for (QLabel* label : {makeLabel(title, TextRole::title), makeLabel(import, TextRole::quiet),
+                        makeLabel(samples, TextRole::quiet)}) {
     label->setAlignment(Qt::AlignHCenter);
     page->addWidget(label);
   }
   page->addSpacing(10);
-  const auto addButton = [&](const QString& title, const char* name, void (Welcome::*wanted)()) {
+  // A screen reader that goes from control to control does not pass the texts above: it reads the
+  // description of the button that gets the focus.
+  const auto addButton = [&](const QString& title, const QString& description, const char* name,
+                             void (Welcome::*wanted)()) {
     auto* button = new QPushButton(title);
     button->setObjectName(QLatin1String(name));
+    button->setAccessibleDescription(description);
     button->setMinimumSize(button->sizeHint() + QSize(28, 8));
     connect(button, &QPushButton::clicked, this, wanted);
     page->addWidget(button, 0, Qt::AlignHCenter);
   };
-  addButton(localized("Import…"), "desk.import", &Welcome::importWanted);
-  addButton(localized("Add sample goals"), "desk.addSampleGoals", &Welcome::samplesWanted);
+  addButton(localized("Import…"), title + QStringLiteral(". ") + import, "desk.import",
+            &Welcome::importWanted);
+  addButton(localized("Add sample goals"), samples, "desk.addSampleGoals", &Welcome::samplesWanted);
   page->addStretch(3);
 }
 

@@ -1164,6 +1164,14 @@
         <translation>Gespeichert: %1</translation>
     </message>
     <message>
+        <source>“%1” for %2</source>
+        <translation>„%1“ für %2</translation>
+    </message>
+    <message>
+        <source>Recorded by another program: %1.</source>
+        <translation>Von einem anderen Programm festgehalten: %1.</translation>
+    </message>
+    <message>
         <source>New goals: %1.</source>
         <translation>Neue Ziele: %1.</translation>
     </message>

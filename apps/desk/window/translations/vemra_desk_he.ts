@@ -1164,6 +1164,14 @@
         <translation>נשמר: %1</translation>
     </message>
     <message>
+        <source>“%1” for %2</source>
+        <translation>„%1” עבור %2</translation>
+    </message>
+    <message>
+        <source>Recorded by another program: %1.</source>
+        <translation>נרשם על ידי תוכנית אחרת: %1.</translation>
+    </message>
+    <message>
         <source>New goals: %1.</source>
         <translation>מטרות חדשות: %1.</translation>
     </message>

@@ -21,42 +21,56 @@ class SpeechServer(speechserver.SpeechServer):
     """Orca's one voice."""
 
     @staticmethod
-    def getFactoryName():
+    def get_factory_name():
         return "Recorded voice"
 
-    @staticmethod
-    def getSpeechServers():
-        return [SpeechServer.getSpeechServer()]
+    @classmethod
+    def get_speech_servers(cls):
+        return [cls.get_speech_server()]
 
-    @staticmethod
-    def getSpeechServer(_info=None):
+    @classmethod
+    def get_speech_server(cls, _info=None):
         global _voice
-        _voice = _voice or SpeechServer()
+        _voice = _voice or cls()
         return _voice
 
-    @staticmethod
-    def shutdownActiveServers():
+    @classmethod
+    def shutdown_active_servers(cls):
         pass
 
-    def getInfo(self):
+    def get_info(self):
         return ["Recorded voice", "recorded"]
 
-    def getVoiceFamilies(self):
+    def get_voice_families(self):
         return []
 
     def speak(self, text=None, acss=None, interrupt=True):
         if text:
             _write("say", text)
 
-    def speakCharacter(self, character, acss=None):
+    def speak_character(self, character, acss=None):
         _write("say", character)
 
-    def speakKeyEvent(self, event, acss=None):
+    def speak_key_event(self, event, acss=None):
         pass
 
-    def sayAll(self, utteranceIterator, progressCallback):
-        for context, _acss in utteranceIterator:
+    def say_all(self, utterances, _progress):
+        for context, _acss in utterances:
             _write("say", context.utterance)
 
     def stop(self):
         _write("stop")
+
+    def is_responsive(self, timeout=2.0):
+        return True
+
+    # Orca 43 has other names for some of them, and Orca 48 for a few.
+    getFactoryName = get_factory_name
+    getSpeechServers = get_speech_servers
+    getSpeechServer = get_speech_server
+    shutdownActiveServers = shutdown_active_servers
+    getInfo = get_info
+    getVoiceFamilies = get_voice_families
+    speakCharacter = speak_character
+    speakKeyEvent = speak_key_event
+    sayAll = say_all

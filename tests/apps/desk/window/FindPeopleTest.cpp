@@ -5,6 +5,7 @@
 #include "apps/desk/window/MenuBar.hpp"
 #include "tests/VemraQt/ActiveWindow.hpp"
 #include "tests/WholeOutline.hpp"
+#include "tests/apps/desk/window/HeardAlerts.hpp"
 #include "tests/apps/desk/window/Keys.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
@@ -65,6 +66,26 @@ class FindPeopleTest : public OpenDesk {
   }
   int scroll() const { return window->screen().verticalScrollBar()->value(); }
 };
+
+TEST_F(FindPeopleTest, AnnouncesTheHitWhenThePersonHasTypedOrMovesOn) {
+  HeardAlerts alerts;
+  const auto hears = [&](const std::string& news) {
+    const bool isHeard = becomes([&] { return !alerts.heard.empty(); });
+    return isHeard && alerts.take() == std::vector<std::string>{news};
+  };
+  type("Zo");
+  field().setText("Zo\u00eb 29");
+  EXPECT_TRUE(hears("1 of 1: Zo\u00eb 295"));
+  field().setText("Zo\u00eb");
+  EXPECT_TRUE(hears("30 of 30: Zo\u00eb 295")) << "the search goes on from the hit";
+  pressKey(field(), Qt::Key_Return);
+  EXPECT_TRUE(hears("1 of 30: Zo\u00eb 5"));
+  field().setText("nobody");
+  EXPECT_TRUE(hears("Not found"));
+  field().clear();
+  pass(900);
+  EXPECT_TRUE(alerts.take().empty());
+}
 
 TEST_F(FindPeopleTest, ALetterShowsTheFirstHitAndItsNumber) {
   type("ZOE");

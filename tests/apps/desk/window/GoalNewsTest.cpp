@@ -69,7 +69,30 @@ TEST(GoalNewsTest, PeopleInOneStorageAreNotCompared) {
   EXPECT_LE(testing::allocations() - allocations, 10u);
 }
 
-TEST(GoalNewsTest, OutcomesAreNoNewsAndAnotherTitleIs) {
+TEST(GoalNewsTest, NamesOutcomesThatAreNewAndCountsMany) {
+  const auto heard = [](std::vector<GoalOutcomeDTO> before, std::vector<GoalOutcomeDTO> after,
+                        const OutcomeIDs& known = {}) {
+    return withoutIsolates(
+        newsOfOutcomes(GoalResultSnapshotV1(goal("g1", "One", std::move(before))),
+                       GoalResultSnapshotV1(goal("g1", "One", std::move(after))), known));
+  };
+  const auto helped = [](const std::string& id) {
+    return outcome(id, "p1", GoalOutcomeValue::helped);
+  };
+  EXPECT_EQ(heard({}, {}), "");
+  EXPECT_EQ(heard({}, {helped("o1")}), "Recorded by another program: “Helped” for Ada.");
+  EXPECT_EQ(heard({helped("o1")}, {}), "");
+  EXPECT_EQ(heard({helped("\u00e9")}, {helped("e\u0301")}), "")
+      << "one id under canonical equivalence";
+  EXPECT_EQ(heard({}, {helped("o1"), helped("o2")}, {{"o1", true}, {"o2", true}}), "")
+      << "of this program";
+  EXPECT_EQ(
+      heard({helped("1")}, {helped("2"), helped("3"), helped("1"), helped("4"), helped("5")}),
+      "Recorded by another program: “Helped” for Ada, “Helped” for Ada, “Helped” for Ada, and "
+      "1 more.");
+}
+
+TEST(GoalNewsTest, OutcomesChangeNoPartOfTheResultAndAnotherTitleDoes) {
   const GoalResultSnapshotV1 before(goal("g1", "One"));
   const GoalResultSnapshotV1 recorded(
       goal("g1", "One", {outcome("o1", "p1", GoalOutcomeValue::helped)}));

@@ -85,6 +85,59 @@ TEST_F(HeardStoryTest, ChangesOfAnotherProgramAreAnnouncedTogetherAndOnce) {
   EXPECT_THAT(alerts.take(), ElementsAre("New goals: Two, Three. New in this goal: Bo."));
 }
 
+TEST_F(HeardStoryTest, AnOutcomeOfAnotherProgramIsAnnouncedOnceAndOneOfThisWindowIsNot) {
+  open();
+  record();
+  ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.correct"), nullptr);
+  pass(600);
+  alerts.take();
+  GoalStore::open(file).import(
+      {goal("g1", "One", {outcome("o7", "p1", GoalOutcomeValue::helped)})});
+  EXPECT_TRUE(hears(1));
+  EXPECT_THAT(alerts.take(), ElementsAre("Recorded by another program: “Helped” for Ada."));
+}
+
+TEST_F(HeardStoryTest, AnOutcomeThatAnotherProgramTakesOutOfTheJournalIsAnnouncedIfItIsStored) {
+  patience = Patience(20);
+  open();
+  ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.start"), nullptr);
+  RawDatabase other(file);
+  other.run("BEGIN IMMEDIATE");
+  record();
+  ASSERT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") != nullptr; }));
+  const OutcomeJournal journal(file, std::chrono::milliseconds(200));
+  const std::vector<WaitingOutcome> waiting = journal.read();
+  ASSERT_EQ(waiting.size(), 1u);
+  pass(600);
+  alerts.take();
+  other.run("ROLLBACK");
+  GoalStore::open(file).record(waiting[0].goalID, waiting[0].input, waiting[0].id,
+                               waiting[0].savedAt);
+  journal.settle(waiting[0].id);
+  EXPECT_TRUE(hears(1));
+  EXPECT_THAT(alerts.take(), ElementsAre("Stored: “Was useful” for Ada (One)"));
+}
+
+TEST_F(HeardStoryTest, AnOutcomeThatAnotherProgramDiscardsIsNotAnnouncedAsStored) {
+  patience = Patience(20);
+  open();
+  ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.start"), nullptr);
+  RawDatabase other(file);
+  other.run("BEGIN IMMEDIATE");
+  record();
+  ASSERT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") != nullptr; }));
+  const OutcomeJournal journal(file, std::chrono::milliseconds(200));
+  const std::vector<WaitingOutcome> waiting = journal.read();
+  ASSERT_EQ(waiting.size(), 1u);
+  pass(600);
+  alerts.take();
+  journal.settle(waiting[0].id);
+  ASSERT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") == nullptr; }));
+  other.run("ROLLBACK");
+  pass(900);
+  EXPECT_THAT(alerts.take(), IsEmpty());
+}
+
 TEST_F(HeardStoryTest, AnImportOfThisWindowIsAnnouncedByItsNoticeAlone) {
   open();
   ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.start"), nullptr);
