@@ -1,6 +1,7 @@
 #include "VemraTesting/Outline.hpp"
 
 #include "VemraPlatform/text/OneLine.hpp"
+#include "VemraTesting/EachChild.hpp"
 #include "VemraTesting/Names.hpp"
 
 #include <variant>
@@ -79,18 +80,7 @@ void write(const RenderedTree::Node& node, const ViewGraph& graph, std::size_t d
 
 void write(const Node& node, ViewGraph& graph, std::size_t depth, std::string& out) {
   writeLine(node.element, graph.properties(node.id), depth, out);
-  const bool isList = node.element.kind() == ElementKind::forEach;
-  const std::size_t rows = isList ? node.element.rowCount() : 0;
-  if (!isList || node.children.size() == rows) {
-    for (const Node* child : node.children) write(*child, graph, depth + 1, out);
-    return;
-  }
-  const NodeID list = node.id;
-  for (std::size_t row = 0; row < rows; ++row) {
-    if (const Node* shown = graph.find(graph.peekRow(list, row))) {
-      write(*shown, graph, depth + 1, out);
-    }
-  }
+  eachChild(graph, node, [&](const Node& child) { write(child, graph, depth + 1, out); });
 }
 
 }  // namespace

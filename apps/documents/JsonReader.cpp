@@ -130,20 +130,30 @@ void JsonReader::releaseWhatWasRead() {
 }
 
 std::string JsonReader::string() {
+  std::string text;
+  string(text);
+  return text;
+}
+
+void JsonReader::string(std::string& text) {
   if (!tokens_.comes('"')) failNext("a string");
-  std::string unescaped;
-  return std::string(tokens_.string(unescaped));
+  text = tokens_.string(unescaped_);
 }
 
 std::optional<std::string> JsonReader::stringOrNull() {
-  constexpr std::string_view expected = "a string or null";
+  std::optional<std::string> text;
+  stringOrNull(text);
+  return text;
+}
+
+void JsonReader::stringOrNull(std::optional<std::string>& text) {
   if (tokens_.comes('n')) {
     tokens_.literal("null");
-    return std::nullopt;
+    text.reset();
+    return;
   }
-  if (!tokens_.comes('"')) failNext(expected);
-  std::string unescaped;
-  return std::string(tokens_.string(unescaped));
+  if (!tokens_.comes('"')) failNext("a string or null");
+  text.emplace(tokens_.string(unescaped_));
 }
 
 std::int64_t JsonReader::integer() {

@@ -66,9 +66,13 @@ class JsonReader {
 
   /// Reads a string. Nothing is normalised: its bytes are those of the text, escapes resolved.
   std::string string();
+  /// The same into an existing text, which is faster.
+  void string(std::string& text);
 
   /// Reads a string, or null as nil.
   std::optional<std::string> stringOrNull();
+  /// The same into an existing text.
+  void stringOrNull(std::optional<std::string>& text);
 
   /// Reads a signed 64-bit integer. `-0` is 0; a fraction or an exponent is an error, whatever its
   /// value (`1.0`, `1e2`).
@@ -102,6 +106,7 @@ class JsonReader {
 
   JsonPlace place_;
   JsonTokens tokens_;
+  std::string unescaped_;  // of the string that is being read
   SourceFile* source_ = nullptr;
   std::size_t keptUntil_ = 0;  // the number of unread bytes at which the next piece has been read
 };

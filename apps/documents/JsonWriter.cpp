@@ -1,6 +1,7 @@
 #include "apps/documents/JsonWriter.hpp"
 
 #include "VemraPlatform/text/UTF8.hpp"
+#include "apps/documents/PlainLength.hpp"
 
 #include <utility>
 
@@ -38,7 +39,7 @@ void appendJsonEscaped(std::string& out, std::string_view utf8) {
   std::size_t copied = 0;
   std::size_t i = 0;
   const auto copyUpTo = [&](std::size_t end) { out += utf8.substr(copied, end - copied); };
-  while (i < utf8.size()) {
+  while ((i += plainLength(utf8.substr(i))) < utf8.size()) {
     const auto c = static_cast<unsigned char>(utf8[i]);
     if (c >= 0x80) {
       const text::Step step = text::firstStep(utf8.substr(i));
@@ -50,17 +51,14 @@ void appendJsonEscaped(std::string& out, std::string_view utf8) {
       i += step.length;
       continue;
     }
-    if (c < 0x20 || c == '"' || c == '\\') {
-      copyUpTo(i);
-      if (c < 0x20) {
-        appendControl(out, c);
-      } else {
-        out += '\\';
-        out += utf8[i];
-      }
-      copied = i + 1;
+    copyUpTo(i);
+    if (c < 0x20) {
+      appendControl(out, c);
+    } else {
+      out += '\\';
+      out += utf8[i];
     }
-    ++i;
+    copied = ++i;
   }
   copyUpTo(utf8.size());
 }

@@ -53,7 +53,7 @@ SharedArray<Element> readArray(JsonReader& reader, void (*readElement)(JsonReade
 }
 
 void readString(JsonReader& reader, std::string& text) {
-  text = reader.string();
+  reader.string(text);
 }
 
 SharedArray<std::string> readStrings(JsonReader& reader) {
@@ -63,12 +63,12 @@ SharedArray<std::string> readStrings(JsonReader& reader) {
 GoalDTO readGoal(JsonReader& in) {
   GoalDTO goal;
   in.object({
-      {"id", required, [&] { goal.id = in.string(); }},
-      {"title", required, [&] { goal.title = in.string(); }},
+      {"id", required, [&] { in.string(goal.id); }},
+      {"title", required, [&] { in.string(goal.title); }},
       {"status", optional, [&] { goal.status = readCase<GoalStatus>(in, statusNames); }},
-      {"targetPersonRef", optional, [&] { goal.targetPersonRef = in.stringOrNull(); }},
-      {"createdAt", optional, [&] { goal.createdAt = in.string(); }},
-      {"updatedAt", optional, [&] { goal.updatedAt = in.string(); }},
+      {"targetPersonRef", optional, [&] { in.stringOrNull(goal.targetPersonRef); }},
+      {"createdAt", optional, [&] { in.string(goal.createdAt); }},
+      {"updatedAt", optional, [&] { in.string(goal.updatedAt); }},
       {"priority", optional, [&] { goal.priority = readCase<GoalPriority>(in, priorityNames); }},
       {"keywords", optional, [&] { goal.keywords = readStrings(in); }},
       {"keywordsRevision", optional, [&] { goal.keywordsRevision = in.integer(); }},
@@ -81,8 +81,8 @@ GoalDTO readGoal(JsonReader& in) {
 
 void readPerson(JsonReader& in, GoalPersonCandidateDTO& person) {
   in.object({
-      {"personRef", required, [&] { person.personRef = in.string(); }},
-      {"displayName", optional, [&] { person.displayName = in.stringOrNull(); }},
+      {"personRef", required, [&] { in.string(person.personRef); }},
+      {"displayName", optional, [&] { in.stringOrNull(person.displayName); }},
       {"why", required, [&] { person.why = readWhy(in); }},
       {"evidenceIDs", optional, [&] { person.evidenceIDs = readStrings(in); }},
   });
@@ -98,7 +98,7 @@ void readPath(JsonReader& in, GoalPathCandidateDTO& path) {
 
 void readGroup(JsonReader& in, GoalGroupCandidateDTO& group) {
   in.object({
-      {"id", required, [&] { group.id = in.string(); }},
+      {"id", required, [&] { in.string(group.id); }},
       {"personRefs", optional, [&] { group.personRefs = readStrings(in); }},
   });
 }
@@ -108,7 +108,7 @@ GoalCoverageDTO readCoverage(JsonReader& in) {
   in.object({
       {"sources", required, [&] { coverage.sources = readStrings(in); }},
       {"evidenceCount", required, [&] { coverage.evidenceCount = in.integer(); }},
-      {"latestEvidenceAt", optional, [&] { coverage.latestEvidenceAt = in.stringOrNull(); }},
+      {"latestEvidenceAt", optional, [&] { in.stringOrNull(coverage.latestEvidenceAt); }},
   });
   return coverage;
 }
@@ -119,15 +119,15 @@ void readOutcome(JsonReader& in, GoalOutcomeDTO& outcome) {
   };
   const auto value = [&] { outcome.value = readCase<GoalOutcomeValue>(in, outcomeValueNames); };
   in.object({
-      {"id", required, [&] { outcome.id = in.string(); }},
-      {"goalID", optional, [&] { outcome.goalID = in.string(); }},
+      {"id", required, [&] { in.string(outcome.id); }},
+      {"goalID", optional, [&] { in.string(outcome.goalID); }},
       {"subjectKind", required, subjectKind},
-      {"subjectRef", optional, [&] { outcome.subjectRef = in.stringOrNull(); }},
+      {"subjectRef", optional, [&] { in.stringOrNull(outcome.subjectRef); }},
       {"value", required, value},
-      {"note", optional, [&] { outcome.note = in.stringOrNull(); }},
-      {"recordedAt", optional, [&] { outcome.recordedAt = in.stringOrNull(); }},
-      {"recordedBy", optional, [&] { outcome.recordedBy = in.stringOrNull(); }},
-      {"correctsOutcomeID", optional, [&] { outcome.correctsOutcomeID = in.stringOrNull(); }},
+      {"note", optional, [&] { in.stringOrNull(outcome.note); }},
+      {"recordedAt", optional, [&] { in.stringOrNull(outcome.recordedAt); }},
+      {"recordedBy", optional, [&] { in.stringOrNull(outcome.recordedBy); }},
+      {"correctsOutcomeID", optional, [&] { in.stringOrNull(outcome.correctsOutcomeID); }},
   });
 }
 

@@ -88,9 +88,9 @@ GoalWhyDTO readWhy(JsonReader& in) {
   Payload payload;
   in.object({
       {"kind", required, [&] { payload.kind = static_cast<WhyKind>(in.name(whyKindNames)); }},
-      {"label", optional, [&] { payload.label = in.string(); }},
-      {"detail", optional, [&] { payload.detail = in.string(); }},
-      {"reference", optional, [&] { payload.reference = in.string(); }},
+      {"label", optional, [&] { in.string(payload.label.emplace()); }},
+      {"detail", optional, [&] { in.string(payload.detail.emplace()); }},
+      {"reference", optional, [&] { in.string(payload.reference.emplace()); }},
       {"hopCount", optional, [&] { payload.hopCount = in.integer(); }},
       {"threadCount", optional, [&] { payload.threadCount = in.integer(); }},
       {"meetingCount", optional, [&] { payload.meetingCount = in.integer(); }},

@@ -1,5 +1,6 @@
 #include "apps/inspect/ElementTree.hpp"
 
+#include "VemraTesting/EachChild.hpp"
 #include "VemraTesting/Names.hpp"
 #include "apps/inspect/ModifierWriter.hpp"
 
@@ -13,7 +14,6 @@ namespace {
 
 using documents::JsonWriter;
 using documents::Layout;
-using testing::RenderedTree;
 using ui::Element;
 using ui::ElementKind;
 
@@ -94,16 +94,15 @@ bool holdsOthers(ElementKind kind) {
 
 class TreeWriter {
  public:
-  TreeWriter(JsonWriter& out, const testing::Screen& screen) : out_(out), graph_(screen.graph()) {}
+  TreeWriter(JsonWriter& out, ui::ViewGraph& graph) : out_(out), graph_(graph) {}
 
   /// Writes the element; `row` is the id of the row whose root it is.
-  void write(const RenderedTree::Node& node, const std::string* row) {
-    const ui::Node* place = graph_.find(node.id);
-    if (place != nullptr && place->isRow) row = &place->rowID;
+  void write(const ui::Node& node, const std::string* row) {
+    if (node.isRow) row = &node.rowID;
     const ElementKind kind = node.element.kind();
     const ui::Properties properties = graph_.properties(node.id);
     if (kind == ElementKind::composite && properties.empty()) {
-      for (const RenderedTree::Node& child : node.children()) write(child, row);
+      for (const ui::Node* child : node.children) write(*child, row);
       return;
     }
     out_.beginObject(Layout::inLine);
@@ -117,7 +116,7 @@ class TreeWriter {
     if (holdsOthers(kind)) {
       out_.key("children");
       out_.beginArray(Layout::lines);
-      for (const RenderedTree::Node& child : node.children()) write(child, nullptr);
+      testing::eachChild(graph_, node, [&](const ui::Node& child) { write(child, nullptr); });
       out_.endArray();
     }
     out_.endObject();
@@ -125,18 +124,17 @@ class TreeWriter {
 
  private:
   JsonWriter& out_;
-  const ui::ViewGraph& graph_;
+  ui::ViewGraph& graph_;
 };
 
 }  // namespace
 
-void writeElementTree(JsonWriter& out, const testing::Screen& screen) {
-  const RenderedTree::Node* const root = screen.tree().root();
-  if (!root) {
+void writeElementTree(JsonWriter& out, ui::ViewGraph& graph) {
+  if (graph.root() == nullptr) {
     out.null();
     return;
   }
-  TreeWriter(out, screen).write(*root, nullptr);
+  TreeWriter(out, graph).write(*graph.root(), nullptr);
 }
 
 }  // namespace vemra::inspect

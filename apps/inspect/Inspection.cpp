@@ -27,11 +27,20 @@ Inspection::Screens& Inspection::mounted() const {
   return screens_;
 }
 
-std::string Inspection::outline() const {
-  if (!screens_.empty()) return screen().outline();
+void Inspection::readGraph(const std::function<void(ui::ViewGraph&)>& read) const {
+  if (!screens_.empty()) {
+    read(mounted()[shown_]->graph());
+    return;
+  }
   ui::ViewGraph graph(environment_);
   graph.setRoot(first_);
-  return testing::outline(graph);
+  read(graph);
+}
+
+std::string Inspection::outline() const {
+  std::string outline;
+  readGraph([&](ui::ViewGraph& graph) { outline = testing::outline(graph); });
+  return outline;
 }
 
 StepResult Inspection::carryOut(const Step& step) {

@@ -5,6 +5,7 @@
 #include "apps/inspect/Case.hpp"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -37,8 +38,11 @@ class Inspection {
   /// The screen that is shown; a case may have several.
   const testing::Screen& screen() const { return *mounted()[shown_]; }
   testing::Screen& screen() { return *mounted()[shown_]; }
-  /// The outline of the screen that is shown. While no screen is mounted, it describes the rows one
-  /// after the other and keeps none, so a result of any length takes little memory.
+  /// Calls `read` with the graph of the screen that is shown. While no screen is mounted, the graph
+  /// has no rows yet: a reader that describes one after the other (`testing::eachChild`) takes
+  /// little memory for a result of any length.
+  void readGraph(const std::function<void(ui::ViewGraph&)>& read) const;
+  /// The outline of the screen that is shown, read in this way.
   std::string outline() const;
   const std::vector<recording::Call>& calls() const { return calls_; }
 

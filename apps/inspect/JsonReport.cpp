@@ -23,9 +23,13 @@ void JsonReport::step(const Step&, const StepResult& result, const Inspection& i
   }
   if (trace_) {
     out_.key("tree");
-    writeElementTree(out_, inspection.screen());
+    writeTree(inspection);
   }
   out_.endObject();
+}
+
+void JsonReport::writeTree(const Inspection& inspection) {
+  inspection.readGraph([&](ui::ViewGraph& graph) { writeElementTree(out_, graph); });
 }
 
 std::string JsonReport::finish(const Inspection& inspection) {
@@ -35,7 +39,7 @@ std::string JsonReport::finish(const Inspection& inspection) {
   for (const recording::Call& call : inspection.calls()) recording::writeCall(out_, call);
   out_.endArray();
   out_.key("tree");
-  writeElementTree(out_, inspection.screen());
+  writeTree(inspection);
   out_.endObject();
   return out_.take() + '\n';
 }

@@ -15,6 +15,8 @@ class JsonReport final : public Report {
   std::string finish(const Inspection& inspection) override;
 
  private:
+  void writeTree(const Inspection& inspection);
+
   bool trace_;
   documents::JsonWriter out_;
 };

@@ -10,6 +10,26 @@
 namespace vemra::documents {
 namespace {
 
+TEST(JsonReaderTest, TellsKeysApartAtEveryByte) {
+  for (std::size_t length = 1; length <= 20; ++length) {
+    const std::string key = std::string("abcdefghijklmnopqrst").substr(0, length);
+    for (std::size_t place = 0; place < length; ++place) {
+      std::string other = key;
+      other[place] = 'X';
+      const std::string text = "{\"" + other + "\": 7, \"" + key + "\": 8}";
+      JsonReader reader(text, "t");
+      std::int64_t first = 0;
+      std::int64_t second = 0;
+      reader.object({
+          {key, Presence::required, [&] { second = reader.integer(); }},
+          {other, Presence::required, [&] { first = reader.integer(); }},
+      });
+      EXPECT_EQ(first, 7) << text;
+      EXPECT_EQ(second, 8) << text;
+    }
+  }
+}
+
 TEST(JsonReaderTest, NamesTheKindOfAnUnexpectedValue) {
   EXPECT_EQ(stringError("null"), "t: expected a string; found null");
   EXPECT_EQ(stringError("true"), "t: expected a string; found true");

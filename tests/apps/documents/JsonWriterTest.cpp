@@ -14,6 +14,22 @@ std::string written(std::string_view text) {
   return out.take();
 }
 
+TEST(JsonWriterTest, CharactersAreEscapedAtEveryPlace) {
+  for (const std::string_view special :
+       {"\"", "\\", "\n", "\x01", "\x1f", " ", "\x7f", "\u00e9", "\xFF"}) {
+    for (std::size_t before = 0; before < 20; ++before) {
+      for (std::size_t after = 0; after < 10; ++after) {
+        const std::string start(before, 'a');
+        const std::string end(after, 'z');
+        const std::string wanted =
+            start + (special == "\xFF" ? "\uFFFD" : std::string(special)) + end;
+        const auto parsed = nlohmann::json::parse(written(start + std::string(special) + end));
+        EXPECT_EQ(parsed.get<std::string>(), wanted) << before << ' ' << after;
+      }
+    }
+  }
+}
+
 TEST(JsonWriterTest, LayoutsAreTheCallers) {
   JsonWriter out;
   out.beginObject(Layout::lines);

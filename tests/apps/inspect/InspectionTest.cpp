@@ -1,4 +1,5 @@
 #include "apps/inspect/Inspection.hpp"
+#include "apps/inspect/JsonReport.hpp"
 #include "tests/Allocations.hpp"
 #include "tests/apps/inspect/CaseText.hpp"
 
@@ -53,6 +54,22 @@ TEST(InspectionTest, AnOutlineWithoutAMountedScreenIsThatOfTheScreen) {
   const std::string outline = inspection.outline();
   EXPECT_EQ(outline, inspection.screen().outline());
   EXPECT_EQ(outline, inspection.outline());
+}
+
+TEST(InspectionTest, AReportWithoutAMountedScreenIsThatOfTheScreen) {
+  Inspection inspection = inspectionOf(300);
+  const std::string report = JsonReport(false).finish(inspection);
+  EXPECT_EQ(inspection.screen().find("nowhere"), nullptr) << "the screen is mounted from now on";
+  EXPECT_EQ(JsonReport(false).finish(inspection), report);
+  EXPECT_NE(report.find("vemra.goal.person.p299.outcome.start"), std::string::npos);
+}
+
+TEST(InspectionTest, AReportMountsNoScreen) {
+  const Inspection inspection = inspectionOf(300);
+  const std::string report = JsonReport(false).finish(inspection);
+  std::size_t nodes = 0;
+  inspection.readGraph([&](const ui::ViewGraph& graph) { nodes = graph.work().nodes; });
+  EXPECT_LT(nodes, 100U) << "the graph of a mounted screen has made those of every row";
 }
 
 // A script may have a thousand such steps on a screen of ten thousand people.
