@@ -62,25 +62,33 @@ RoleLabel::RoleLabel(const QString& text, TextRole role, TextInk ink) : role_(ro
 
 bool RoleLabel::event(QEvent* event) {
   if (event->type() == QEvent::ParentChange) watchParent();
-  return QLabel::event(event);
+  const bool isHandled = QLabel::event(event);
+  if (event->type() == QEvent::Resize) heightForWidth(width());  // before it is painted
+  return isHandled;
 }
 
 /// Qt's label breaks lines between words only, and resets its document to that with each layout: so
 /// this first lets it lay out the text.
 int RoleLabel::heightForWidth(int width) const {
   const int height = QLabel::heightForWidth(width);
-  auto* document = findChild<QTextDocument*>();
-  if (!document) return height;
-  QTextOption option = document->defaultTextOption();
-  if (option.wrapMode() != QTextOption::WordWrap) return height;
-  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-  document->setDefaultTextOption(option);
-  return QLabel::heightForWidth(width);
+  return breakWords() ? QLabel::heightForWidth(width) : height;
 }
 
+/// True when this has changed something. A document that is changed asks to be painted again.
+bool RoleLabel::breakWords() const {
+  auto* document = findChild<QTextDocument*>();
+  if (!document) return false;
+  QTextOption option = document->defaultTextOption();
+  if (option.wrapMode() != QTextOption::WordWrap) return false;
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  document->setDefaultTextOption(option);
+  return true;
+}
+
+/// Measuring here would ask for the next painting each time, because it sets the document's width.
 void RoleLabel::paintEvent(QPaintEvent* event) {
-  heightForWidth(width());  // the size may have changed since the last layout
   QLabel::paintEvent(event);
+  breakWords();  // Qt has laid out a text that was new
 }
 
 void RoleLabel::changeEvent(QEvent* event) {

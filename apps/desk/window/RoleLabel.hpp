@@ -28,6 +28,7 @@ class RoleLabel : public QLabel {
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
+  bool breakWords() const;
   void takeLook();
   void watchParent();
 
