@@ -112,8 +112,8 @@ void FindPeople::showResult() {
     const QString nothing = localized("Not found");
     bar_->setResult(nothing, nothing);
   } else {
-    const QString place =
-        localized("%1 of %2").arg(search_.position(*hit_)).arg(search_.hits().size());
+    const QString place = localized("%1 of %2").arg(localizedNumber(search_.position(*hit_)),
+                                                    localizedNumber(search_.hits().size()));
     bar_->setResult(place, localized("%1: %2").arg(place, nameOfHit()));
   }
 }

@@ -30,10 +30,11 @@ ImportDialog::ImportDialog(std::shared_ptr<StoreEngine> engine, const QStringLis
   connect(&job_, &ImportJob::failed, this, [this](const QString& reason) {
     end(localized("Nothing was imported.") + ' ' + reason);
   });
-  connect(&job_, &ImportJob::imported, this, [this, count = files.size()](QStringList remarks) {
-    remarks.prepend(localized("Documents imported: %1.").arg(count));
-    end(remarks.join('\n'));
-  });
+  connect(&job_, &ImportJob::imported, this,
+          [this, count = static_cast<std::size_t>(files.size())](QStringList remarks) {
+            remarks.prepend(localized("Documents imported: %1.").arg(localizedNumber(count)));
+            end(remarks.join('\n'));
+          });
 }
 
 void ImportDialog::end(const QString& message) {

@@ -18,6 +18,10 @@ QString localized(const char* english) {
   return QCoreApplication::translate("VemraDesk", english);
 }
 
+QString localizedNumber(std::size_t number) {
+  return QLocale().toString(static_cast<qulonglong>(number));
+}
+
 void installTranslations(const QStringList& languages) {
   bringInDeskTranslations();
   QCoreApplication* const application = QCoreApplication::instance();

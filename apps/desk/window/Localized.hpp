@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include <QString>
 #include <QStringList>
 
@@ -10,6 +12,9 @@ namespace vemra::desk {
 ///
 /// A test finds every call by the name of this function, so the argument is a literal.
 QString localized(const char* english);
+
+/// A number as the user's system writes numbers: in its digits, with its separators.
+QString localizedNumber(std::size_t number);
 
 /// Loads this program's texts and Qt's own texts for the running application, in the first of
 /// `languages` ("de-AT", "en") that this program supports. When that is English, or none, all texts

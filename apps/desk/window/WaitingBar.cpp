@@ -13,7 +13,8 @@ QStringList firstOf(const QStringList& lines) {
   constexpr qsizetype mostNamed = 3;
   QStringList first = lines.mid(0, mostNamed);
   if (lines.size() > mostNamed) {
-    first.append(localized("and %1 more").arg(lines.size() - mostNamed));
+    first.append(localized("and %1 more")
+                     .arg(localizedNumber(static_cast<std::size_t>(lines.size() - mostNamed))));
   }
   return first;
 }
@@ -41,8 +42,9 @@ QString messageOf(const std::vector<WaitingNote>& waiting) {
     lines.append(line);
   }
   lines = firstOf(lines);
-  lines.prepend(waiting.size() == 1 ? localized("Not stored yet:")
-                                    : localized("Not stored yet (%1):").arg(waiting.size()));
+  lines.prepend(waiting.size() == 1
+                    ? localized("Not stored yet:")
+                    : localized("Not stored yet (%1):").arg(localizedNumber(waiting.size())));
   const WaitingNote& first = waiting.front();
   if (isOneReason && !first.reason.isEmpty()) lines.append(first.reason);
   if (isOneLoss && !first.unkept.isEmpty()) {

@@ -10,6 +10,7 @@
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
 #include <QLineEdit>
+#include <QLocale>
 #include <QScrollBar>
 #include <QShortcut>
 
@@ -85,6 +86,14 @@ TEST_F(FindPeopleTest, AnnouncesTheHitWhenThePersonHasTypedOrMovesOn) {
   field().clear();
   pass(900);
   EXPECT_TRUE(alerts.take().empty());
+}
+
+TEST_F(FindPeopleTest, TheNumbersHaveTheDigitsOfTheUsersLocale) {
+  const QLocale before;
+  QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
+  type("ZOE");
+  EXPECT_TRUE(results(QStringLiteral("١ of ٣٠")));
+  QLocale::setDefault(before);
 }
 
 TEST_F(FindPeopleTest, ALetterShowsTheFirstHitAndItsNumber) {

@@ -2,6 +2,7 @@
 #include "tests/apps/desk/window/HeardAlerts.hpp"
 
 #include <QLabel>
+#include <QLocale>
 #include <QPushButton>
 #include <gmock/gmock.h>
 
@@ -37,6 +38,15 @@ TEST(WaitingBarTest, AnOutcomeThatWouldBeLostIsNamedAlsoBehindMany) {
             "Not stored yet (5):\n“Helped” for Ada (Sail)\n“Helped” for Ada (Sail)\n“Helped” for "
             "Ada (Sail)\nand 2 more\ns: is locked\nIt would be lost if the program ended now: "
             "“Helped” for Zoe (Sail). The journal is not there.");
+}
+
+TEST(WaitingBarTest, ItsNumbersHaveTheDigitsOfTheUsersLocale) {
+  const QLocale before;
+  QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
+  const QString text = textOf(std::vector<WaitingNote>(5, note("Ada", "")));
+  QLocale::setDefault(before);
+  EXPECT_TRUE(text.startsWith(QStringLiteral("Not stored yet (٥):"))) << text.toStdString();
+  EXPECT_TRUE(text.endsWith(QStringLiteral("and ٢ more"))) << text.toStdString();
 }
 
 WaitingNote noteOf(const std::string& id, const QString& person, const QString& reason) {
