@@ -122,7 +122,9 @@ void WaitingOutcomes::take(const std::string& id, std::uint64_t pass, const Trie
     return;
   }
   const Failure failure = failureOf(result.exception());
-  if (entry != entries_.end()) {
+  if (entry != entries_.end() && entry->isDiscarded) {
+    entries_.erase(entry);  // no later outcome waits for it
+  } else if (entry != entries_.end()) {
     entry->reason = failure.reason;
     entry->needsDecision = !failure.passes;
     if (!tried.wantedNumber && !tried.wantedMark && tried.number) {
@@ -130,7 +132,6 @@ void WaitingOutcomes::take(const std::string& id, std::uint64_t pass, const Trie
       entry->outcome.store = tried.mark;
     }
     holdBack(*entry, pass, tried, failure.passes);
-    if (entry->isDiscarded) entries_.erase(entry);
   }
   syncJournal();
   Q_EMIT changed();

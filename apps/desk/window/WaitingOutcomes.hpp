@@ -138,6 +138,7 @@ class WaitingOutcomes : public QObject {
             task::Result<GoalOutcomeDTO> result);
   void holdBack(const Entry& failed, std::uint64_t pass, const TriedStore& tried, bool all);
   void finish(Entries::iterator entry);
+  bool isDiskMissing() const;
   bool removeFromJournal(Entry& entry);
 
   std::shared_ptr<StoreEngine> engine_;

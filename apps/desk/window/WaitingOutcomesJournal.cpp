@@ -6,10 +6,12 @@
 
 #include <algorithm>
 #include <exception>
+#include <filesystem>
 #include <iterator>
 #include <map>
 #include <set>
 #include <string>
+#include <system_error>
 #include <utility>
 
 // The part of `WaitingOutcomes` that reads and writes the journal.
@@ -146,9 +148,20 @@ void WaitingOutcomes::syncJournal() {
   }
 }
 
+/// Whether neither the store nor the journal is there, as on a disk that is not mounted.
+bool WaitingOutcomes::isDiskMissing() const {
+  std::error_code unknown;  // counts as missing
+  return !identityAt(engine_->file()) && !std::filesystem::exists(journal_->file(), unknown);
+}
+
 /// Returns false, with the reason in the entry, when the journal keeps the outcome.
 bool WaitingOutcomes::removeFromJournal(Entry& entry) {
   if (journal_ && (entry.isKept || entry.mayBeWritten)) {
+    if (isDiskMissing()) {  // the journal there would bring the outcome back
+      entry.reason =
+          localized("It could not be discarded.") + ' ' + localized("The journal is not there.");
+      return false;
+    }
     try {
       journal_->settle(entry.outcome.id, JournalFile::Sync::now);
     } catch (const std::exception& error) {

@@ -424,6 +424,19 @@ TEST_F(WaitingOutcomesTest, AnOutcomeBeingTriedIsDiscardedAfterTheTryHasFailed) 
   EXPECT_THAT(recorded(), IsEmpty());
 }
 
+TEST_F(WaitingOutcomesTest, AnOutcomeDiscardedDuringItsTryHoldsNoLaterOneBack) {
+  GoalStore::open(file).record("g2", entry("a", "g2").input, "a");  // the id is taken
+  start();
+  add("a");
+  add("b");
+  ASSERT_TRUE(becomes([&] { return waiting->notes().size() == 2; }));
+  ASSERT_THAT(recorded(), IsEmpty());
+  waiting->tryInTheirStore();
+  waiting->discard({"a"});
+  EXPECT_TRUE(isDone());
+  EXPECT_THAT(recorded(), ElementsAre("b"));
+}
+
 TEST_F(WaitingOutcomesTest, AnOutcomeDiscardedDuringItsTryLeavesTheJournalAndTheNotesAtOnce) {
   start();
   {
@@ -479,6 +492,22 @@ TEST_F(WaitingOutcomesTest, WhileTheDiskOfTheStoreIsMissingNoOutcomeIsDropped) {
   waiting->readJournal();
   ASSERT_EQ(waiting->notes().size(), 1u);
   EXPECT_EQ(waiting->notes()[0].unkept, "");
+}
+
+TEST_F(WaitingOutcomesTest, WhileTheDiskOfTheStoreIsMissingNoOutcomeIsDiscarded) {
+  start();
+  add("a", "gone");
+  ASSERT_TRUE(waitsWith("has no goal"));
+  fs::rename(file, file + ".away");
+  fs::rename(journal.file(), folder.file("journal.away"));
+  waiting->discard({"a"});
+  ASSERT_EQ(waiting->notes().size(), 1u) << "the journal on the disk would bring it back";
+  EXPECT_EQ(waiting->notes()[0].reason, "It could not be discarded. The journal is not there.");
+  fs::rename(file + ".away", file);
+  fs::rename(folder.file("journal.away"), journal.file());
+  waiting->discard({"a"});
+  EXPECT_TRUE(waiting->isEmpty());
+  EXPECT_FALSE(fs::exists(journal.file()));
 }
 
 TEST_F(WaitingOutcomesTest, ASyncWithoutAJournalLeavesTheOutcomesMarked) {
