@@ -129,8 +129,8 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   void noteMissingDetails() override;
   void closeDetails() override;
 
-  /// The element that opened the details, in the page of a goal.
-  struct Opener {
+  /// A control in the page of a goal.
+  struct PlaceInPage {
     QPointer<qt::ViewWidget> page;
     qt::ReadingPlace place;
   };
@@ -154,7 +154,8 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   FailurePage* failure_;
   StorePage* storePage_;
   SidePane* side_;
-  Opener opener_;
+  PlaceInPage opener_;         ///< the control that opened the details
+  PlaceInPage leftPlace_;      ///< the control that had the focus before F6 left the page
   bool detailsAsked_ = false;  ///< the user has asked for details that are not shown yet
   Notice* notice_;
   WaitingBar* waiting_;

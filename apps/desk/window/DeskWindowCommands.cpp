@@ -1,5 +1,6 @@
 // The commands of the window, from its menus and from dropped files.
 
+#include "VemraQt/PageRows.hpp"
 #include "VemraQt/StartOnMainThread.hpp"
 #include "VemraQt/ViewWidget.hpp"
 #include "apps/desk/commands/Documents.hpp"
@@ -20,6 +21,7 @@
 #include <algorithm>
 #include <exception>
 #include <iterator>
+#include <utility>
 
 #include <QApplication>
 #include <QDragEnterEvent>
@@ -163,11 +165,15 @@ void DeskWindow::focusPane(int step) {
   const auto count = static_cast<std::ptrdiff_t>(panes.size());
   const std::ptrdiff_t before = now == panes.end() ? (step > 0 ? -1 : 0) : now - panes.begin();
   const Panes::Pane pane = panes[static_cast<std::size_t>((before + step + count) % count)];
+  if (screen().isAncestorOf(focusWidget())) leftPlace_ = {&screen(), qt::readingPlace(screen())};
   panes_->bringToFront(pane);
   if (pane == Panes::Pane::goals) {
     goals_->focusRow(goals_->openIndex().value_or(0));
   } else if (pane == Panes::Pane::page && centre_->currentWidget() == &screen()) {
-    screen().setFocus(Qt::ShortcutFocusReason);
+    const PlaceInPage left = std::exchange(leftPlace_, {});
+    if (left.page != &screen() || !qt::returnFocusTo(screen(), left.place)) {
+      screen().setFocus(Qt::ShortcutFocusReason);
+    }
   } else {
     focusFirstInside(panes_->widget(pane));
   }

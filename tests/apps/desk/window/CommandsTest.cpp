@@ -84,6 +84,23 @@ TEST_F(CommandsTest, NextOpensTheNextGoalAndStopsAtTheLastGoal) {
   EXPECT_TRUE(isOpen("a"));
 }
 
+TEST_F(CommandsTest, F6ReturnsToTheControlOfThePageThatItLeft) {
+  openWindow();
+  auto* control = wait<QAbstractButton>("vemra.goal.person.p1.outcome.start");
+  ASSERT_NE(control, nullptr);
+  qttest::activate(*window);
+  control->setFocus();
+  choose("&Go", "Next P&ane");
+  ASSERT_FALSE(window->screen().isAncestorOf(window->focusWidget()));
+  choose("&Go", "Next P&ane");
+  EXPECT_EQ(window->focusWidget(), control);
+  choose("&Go", "Next P&ane");
+  choose("&Go", "&Next Goal");
+  ASSERT_TRUE(isOpen("b"));
+  choose("&Go", "Next P&ane");
+  EXPECT_EQ(window->focusWidget(), &window->screen()) << "a place in another goal";
+}
+
 TEST_F(CommandsTest, ThePanesAreVisitedInTheirOrder) {
   openWindow();
   pressTitled("Ada");
