@@ -140,6 +140,30 @@ void ChoiceBox::hidePopup() {
   if (menu_) menu_->close();
 }
 
+namespace {
+
+/// Draws the frame and the arrow. From right to left some styles mirror the room for the text and
+/// not the arrow, so that it covers the text; then their picture from left to right is mirrored.
+void drawMirrored(QStylePainter& painter, const QStyleOptionComboBox& option,
+                  const QComboBox& box) {
+  const QRect arrow =
+      box.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, &box);
+  const bool isAtTheRight = arrow.center().x() > box.rect().center().x();
+  if (option.direction == Qt::LeftToRight || !isAtTheRight) {
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    return;
+  }
+  QStyleOptionComboBox unmirrored(option);
+  unmirrored.direction = Qt::LeftToRight;
+  painter.save();
+  painter.translate(box.width(), 0);
+  painter.scale(-1, 1);
+  painter.drawComplexControl(QStyle::CC_ComboBox, unmirrored);
+  painter.restore();
+}
+
+}  // namespace
+
 void ChoiceBox::paintEvent(QPaintEvent*) {
   QStylePainter painter(this);
   QStyleOptionComboBox option;
@@ -147,7 +171,7 @@ void ChoiceBox::paintEvent(QPaintEvent*) {
   option.currentText.clear();
   frameIn(theme(), option);
   option.state &= ~QStyle::State_HasFocus;
-  painter.drawComplexControl(QStyle::CC_ComboBox, option);
+  drawMirrored(painter, option, *this);
   strengthenFrame(painter, *this, theme());
   const QRect field =
       style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);

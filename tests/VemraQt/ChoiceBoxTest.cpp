@@ -5,7 +5,10 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
+#include <QImage>
 #include <QMenu>
+#include <QProxyStyle>
+#include <QStyleOptionComboBox>
 #include <QTest>
 #include <gmock/gmock.h>
 
@@ -18,7 +21,46 @@ namespace {
 
 class ChoiceBoxTest : public ShownPicker {};
 
+/// From right to left it mirrors the room for the text, and not the arrow.
+class UnmirroredArrow : public QProxyStyle {
+ public:
+  UnmirroredArrow() : QProxyStyle("fusion") {}
+
+  QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                       const QWidget* box) const override {
+    const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (combo == nullptr || part != SC_ComboBoxArrow) {
+      return QProxyStyle::subControlRect(control, option, part, box);
+    }
+    QStyleOptionComboBox unmirrored(*combo);
+    unmirrored.direction = Qt::LeftToRight;
+    return QProxyStyle::subControlRect(control, &unmirrored, part, box);
+  }
+};
+
+/// How many dark pixels the columns have from `first` on, the frame left out.
+int darkPixels(const QImage& image, int first, int columns) {
+  int count = 0;
+  for (int x = first; x < first + columns; ++x) {
+    for (int y = 6; y < image.height() - 6; ++y) count += qGray(image.pixel(x, y)) < 140 ? 1 : 0;
+  }
+  return count;
+}
+
 }  // namespace
+
+TEST_F(ChoiceBoxTest, FromRightToLeftTheArrowIsAtTheLeftAlsoWhereAStyleDoesNotMirrorIt) {
+  show({{"i", 1}, {"A much longer choice", 2}});
+  UnmirroredArrow style;
+  QStyle* before = box().style();
+  box().setStyle(&style);
+  box().setLayoutDirection(Qt::RightToLeft);
+  const QImage image = box().grab().toImage();
+  box().setStyle(before);
+  constexpr int room = 24;  // of the arrow
+  EXPECT_GT(darkPixels(image, 4, room), 0);
+  EXPECT_EQ(darkPixels(image, room + 4, image.width() / 2 - room), 0);
+}
 
 TEST_F(ChoiceBoxTest, ItsChoicesFollowTheView) {
   show({{"One", 1}, {"Two", 2}});
