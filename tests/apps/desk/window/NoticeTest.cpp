@@ -21,9 +21,19 @@ class NoticeTest : public ::testing::Test {
   QPushButton& again() { return button("desk.notice.again"); }
   QPushButton& dismiss() { return button("desk.notice.dismiss"); }
 
+  /// Shows a failure with "Try again" while the focus is on the control `before`.
+  void failBesideControls() {
+    window.show();
+    qttest::activate(window);
+    before.setFocus();
+    notice.show("failed", [this] { ++tries; });
+  }
+
   int tries = 0;
   QWidget window;
   Notice notice{&window};
+  QPushButton before{"before", &window};
+  QPushButton after{"after", &window};
 };
 
 TEST_F(NoticeTest, IsHiddenUntilThereIsAFailure) {
@@ -86,11 +96,7 @@ TEST_F(NoticeTest, ItsContentKeepsItsDistanceFromTheEdges) {
 }
 
 TEST_F(NoticeTest, TheNextTabGoesToTryAgainAndPressingItGivesTheFocusBack) {
-  QPushButton before("before", &window), after("after", &window);
-  window.show();
-  qttest::activate(window);
-  before.setFocus();
-  notice.show("failed", [this] { ++tries; });
+  failBesideControls();
   EXPECT_TRUE(before.hasFocus()) << "a message takes no focus";
   pressKey(before, Qt::Key_Tab);
   EXPECT_TRUE(again().hasFocus());
@@ -110,11 +116,7 @@ TEST_F(NoticeTest, ReturnPressesAButtonToo) {
 }
 
 TEST_F(NoticeTest, ShiftTabOnTryAgainGoesBackAndTheFollowingTabIsAsUsual) {
-  QPushButton before("before", &window), after("after", &window);
-  window.show();
-  qttest::activate(window);
-  before.setFocus();
-  notice.show("failed", [this] { ++tries; });
+  failBesideControls();
   pressKey(before, Qt::Key_Tab);
   pressKey(again(), Qt::Key_Backtab, Qt::ShiftModifier);
   EXPECT_TRUE(before.hasFocus());
@@ -123,11 +125,7 @@ TEST_F(NoticeTest, ShiftTabOnTryAgainGoesBackAndTheFollowingTabIsAsUsual) {
 }
 
 TEST_F(NoticeTest, ShiftTabIsAsUsualOnceTheFocusHasLeftTheMessage) {
-  QPushButton before("before", &window), after("after", &window);
-  window.show();
-  qttest::activate(window);
-  before.setFocus();
-  notice.show("failed", [this] { ++tries; });
+  failBesideControls();
   pressKey(before, Qt::Key_Tab);
   ASSERT_TRUE(again().hasFocus());
   after.setFocus(Qt::MouseFocusReason);
@@ -137,11 +135,7 @@ TEST_F(NoticeTest, ShiftTabIsAsUsualOnceTheFocusHasLeftTheMessage) {
 }
 
 TEST_F(NoticeTest, AMessageWithoutAnythingToTryChangesNoTab) {
-  QPushButton before("before", &window), after("after", &window);
-  window.show();
-  qttest::activate(window);
-  before.setFocus();
-  notice.show("failed", [this] { ++tries; });
+  failBesideControls();
   notice.show("exported");
   pressKey(before, Qt::Key_Tab);
   EXPECT_TRUE(after.hasFocus());
