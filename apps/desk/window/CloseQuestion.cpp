@@ -1,11 +1,15 @@
 #include "apps/desk/window/CloseQuestion.hpp"
 
+#include "apps/desk/window/LeadingEdge.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/WaitingBar.hpp"
 
 #include <algorithm>
 
+#include <QDialogButtonBox>
+#include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 
 namespace vemra::desk {
 namespace {
@@ -15,7 +19,8 @@ QString some(const QStringList& lines) {
   constexpr int mostNamed = 5;
   QStringList named = lines.mid(0, mostNamed);
   if (lines.size() > mostNamed) {
-    named.append(localized("and %1 more").arg(lines.size() - mostNamed));
+    named.append(localized("and %1 more")
+                     .arg(localizedNumber(static_cast<std::size_t>(lines.size() - mostNamed))));
   }
   return named.join('\n');
 }
@@ -33,6 +38,25 @@ void prepare(QMessageBox& box, const QString& text, const QString& more) {
   box.setText(text);
   box.setInformativeText(more);
   box.setAttribute(Qt::WA_DeleteOnClose);
+  for (const char* name : {"qt_msgbox_label", "qt_msgbox_informativelabel"}) {
+    if (auto* label = box.findChild<QLabel*>(QLatin1String(name))) alignAtLeadingEdge(*label);
+  }
+}
+
+/// Qt's own button with the word of the waiting bar; Qt's translations have other words for it.
+QPushButton* addDiscard(QMessageBox& box) {
+  QPushButton* button = box.addButton(QMessageBox::Discard);
+  button->setText(localized("Discard"));
+  return button;
+}
+
+/// Stacks the buttons of a box where the screen has no room for a row of them; Qt would cut their
+/// titles.
+void stackWithoutRoom(QMessageBox& box) {
+  constexpr int around = 48;  // the margins of the box, and the frame of the window manager
+  auto* buttons = box.findChild<QDialogButtonBox*>();
+  const int room = box.screen()->availableSize().width() - around;
+  if (buttons->sizeHint().width() > room) buttons->setOrientation(Qt::Vertical);
 }
 
 /// What becomes of outcomes that are not stored when the user leaves the store.
@@ -90,13 +114,14 @@ CloseQuestion::CloseQuestion(Leaving leaving, const Unfinished& unfinished, QWid
     wait->setObjectName("desk.question.wait");
   }
   QPushButton* leave = drafts.isEmpty() ? addButton(nowTitle(leaving), QMessageBox::DestructiveRole)
-                                        : addButton(QMessageBox::Discard);
+                                        : addDiscard(*this);
   leave->setObjectName("desk.question.close");
   QPushButton* cancel = addButton(QMessageBox::Cancel);
   setDefaultButton(wait != nullptr ? wait : cancel);
   setEscapeButton(cancel);
   connect(leave, &QPushButton::clicked, this, &CloseQuestion::leaveWanted);
   if (wait != nullptr) connect(wait, &QPushButton::clicked, this, &CloseQuestion::waitWanted);
+  stackWithoutRoom(*this);
 }
 
 CloseWait::CloseWait(Leaving leaving, QWidget* parent) : QMessageBox(parent) {
@@ -112,15 +137,17 @@ CloseWait::CloseWait(Leaving leaving, QWidget* parent) : QMessageBox(parent) {
   setEscapeButton(addButton(QMessageBox::Cancel));
   connect(leave, &QPushButton::clicked, this, &CloseWait::leaveWanted);
   connect(this, &QDialog::rejected, this, &CloseWait::cancelled);
+  stackWithoutRoom(*this);
 }
 
 DiscardQuestion::DiscardQuestion(const std::vector<WaitingNote>& waiting, QWidget* parent)
     : QMessageBox(parent) {
   setObjectName("desk.discard");
   prepare(*this, localized("Discard what is not stored yet?"), some(linesOf(waiting)));
-  QPushButton* discard = addButton(QMessageBox::Discard);
+  QPushButton* discard = addDiscard(*this);
   setDefaultButton(addButton(QMessageBox::Cancel));
   connect(discard, &QPushButton::clicked, this, &DiscardQuestion::discardWanted);
+  stackWithoutRoom(*this);
 }
 
 }  // namespace vemra::desk

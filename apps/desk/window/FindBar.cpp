@@ -3,6 +3,7 @@
 #include "apps/desk/window/AlertFrame.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/WrappingRow.hpp"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -22,13 +23,14 @@ FindBar::FindBar(QWidget* parent)
     : QFrame(parent),
       field_(new QLineEdit),
       result_(new QLabel),
-      announcement_(new Announcement(this)) {
+      announcement_(new Announcement(this)),
+      content_(new QHBoxLayout(this)),
+      buttons_(new WrappingRow) {
   setObjectName("desk.find");
   setFrameShape(QFrame::StyledPanel);
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::AlternateBase);
-  auto* row = new QHBoxLayout(this);
-  row->setContentsMargins(16, 8, 12, 8);
+  content_->setContentsMargins(16, 8, 12, 8);
   field_->setObjectName("desk.find.text");
   field_->setPlaceholderText(localized("Names, reasons and notes"));
   field_->setAccessibleName(localized("Find people"));
@@ -36,14 +38,17 @@ FindBar::FindBar(QWidget* parent)
   field_->installEventFilter(this);
   result_->setObjectName("desk.find.result");
   result_->setTextFormat(Qt::PlainText);
-  row->addWidget(field_, 1);
-  row->addWidget(result_);
+  auto* search = new QHBoxLayout;
+  search->addWidget(field_, 1);
+  search->addWidget(result_);
+  content_->addLayout(search, 1);
+  content_->addLayout(buttons_);
   const auto add = [&](const QString& title, const char* name, void (FindBar::*wanted)()) {
     auto* button = new QPushButton(title);
     button->setObjectName(QLatin1String(name));
     button->setAutoDefault(false);
     connect(button, &QPushButton::clicked, this, wanted);
-    row->addWidget(button);
+    buttons_->addWidget(button);
   };
   add(localized("Previous"), "desk.find.previous", &FindBar::previousWanted);
   add(localized("Next"), "desk.find.next", &FindBar::nextWanted);
@@ -73,6 +78,23 @@ void FindBar::setResult(const QString& result, const QString& news) {
   field_->setAccessibleDescription(result);
   news_ = news;
   news.isEmpty() ? settled_.stop() : settled_.start();
+}
+
+void FindBar::changeEvent(QEvent* event) {
+  QFrame::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) placeButtons();
+}
+
+void FindBar::resizeEvent(QResizeEvent* event) {
+  QFrame::resizeEvent(event);
+  placeButtons();
+}
+
+/// The result counts as a dozen characters, so that no button moves when it appears or changes.
+void FindBar::placeButtons() {
+  constexpr int fewestCharactersBesideButtons = 36;
+  placeBesideOrBelow(*content_, *buttons_, width(),
+                     fewestCharactersBesideButtons * fontMetrics().averageCharWidth());
 }
 
 bool FindBar::eventFilter(QObject* object, QEvent* event) {

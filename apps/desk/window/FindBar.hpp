@@ -4,14 +4,17 @@
 #include <QString>
 #include <QTimer>
 
+class QBoxLayout;
 class QLabel;
 class QLineEdit;
 
 namespace vemra::desk {
 
 class Announcement;
+class WrappingRow;
 
-/// A bar with a field for the text to find, the number of the shown hit among all, and buttons.
+/// A bar with a field for the text to find, the number of the shown hit among all, and buttons;
+/// where it is too narrow, the buttons stand below the field.
 class FindBar : public QFrame {
   Q_OBJECT
 
@@ -37,13 +40,19 @@ class FindBar : public QFrame {
 
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void placeButtons();
+
   QLineEdit* field_;
   QLabel* result_;
   Announcement* announcement_;
   QString news_;
   QTimer settled_;  ///< runs since the last result
+  QBoxLayout* content_;
+  WrappingRow* buttons_;
 };
 
 }  // namespace vemra::desk

@@ -4,16 +4,59 @@
 #include "apps/desk/window/Localized.hpp"
 
 #include <QHBoxLayout>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
 
 namespace vemra::desk {
+namespace {
+
+/// A title behind an arrow that points to the leading edge, as large as the title's letters. Qt's
+/// own arrow of a tool button keeps its size and stays at the left from right to left.
+class BackButton : public QuietButton {
+ public:
+  using QuietButton::QuietButton;
+
+  QSize sizeHint() const override { return QuietButton::sizeHint() + QSize(arrowRoom(), 0); }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QStylePainter painter(this);
+    QStyleOptionToolButton option;
+    initStyleOption(&option);
+    option.state &= ~QStyle::State_HasFocus;
+    option.text.clear();
+    painter.drawComplexControl(QStyle::CC_ToolButton, option);
+    option.text = text();
+    option.rect =
+        QStyle::visualRect(layoutDirection(), rect(), rect().adjusted(arrowRoom(), 0, 0, 0));
+    painter.drawControl(QStyle::CE_ToolButtonLabel, option);
+    drawArrow(painter);
+    if (hasFocus()) drawFocusRing(painter, *this);
+  }
+
+ private:
+  int arrowRoom() const { return fontMetrics().height() / 2 + 4; }
+
+  void drawArrow(QPainter& painter) const {
+    const double half = fontMetrics().xHeight() / 2.0;
+    const double step = isRightToLeft() ? half : -half;
+    QRect room(0, 0, arrowRoom() + 4, height());
+    room = QStyle::visualRect(layoutDirection(), rect(), room);
+    const QPointF tip = QRectF(room).center() + QPointF(step / 2, 0);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette().color(QPalette::ButtonText), 1.5));
+    painter.drawPolyline(QPolygonF{tip + QPointF(-step, -half), tip, tip + QPointF(-step, half)});
+  }
+};
+
+}  // namespace
 
 GoalsBar::GoalsBar(QWidget* parent) : QWidget(parent) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(8, 4, 8, 4);
-  auto* goals = new QuietButton(localized("Goals"));
+  auto* goals = new BackButton(localized("Goals"));
   goals->setObjectName("desk.goals.show");
-  goals->setArrowType(isRightToLeft() ? Qt::RightArrow : Qt::LeftArrow);
-  goals->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  goals->setToolButtonStyle(Qt::ToolButtonTextOnly);
   connect(goals, &QToolButton::clicked, this, &GoalsBar::goalsWanted);
   row->addWidget(goals);
   row->addStretch(1);

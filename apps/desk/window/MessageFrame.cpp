@@ -3,6 +3,7 @@
 #include "apps/desk/window/NextTabStop.hpp"
 #include "apps/desk/window/Pieces.hpp"
 #include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/WrappingRow.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -25,7 +26,7 @@ MessageFrame::MessageFrame(MessageForm form, const QString& name, QWidget* paren
     : AlertFrame(parent),
       form_(form),
       message_(makeLabel({}, TextRole::body)),
-      buttons_(new QHBoxLayout),
+      buttons_(new WrappingRow),
       tabStop_(new NextTabStop(*this)) {
   setObjectName(name);
   if (form_ == MessageForm::page) {
@@ -38,7 +39,6 @@ MessageFrame::MessageFrame(MessageForm form, const QString& name, QWidget* paren
     content_->addSpacing(10);
     content_->addLayout(buttons_);
     content_->addStretch(1);
-    buttons_->addStretch(1);
   } else {
     content_ = new QHBoxLayout(this);
     content_->setContentsMargins(16, 8, 12, 8);
@@ -64,8 +64,7 @@ QPushButton* MessageFrame::addButton(const QString& title, const QString& name,
   button->setObjectName(name);
   button->setAutoDefault(true);  // otherwise Return presses it on some desktops only
   connect(button, &QPushButton::clicked, this, std::move(pressed));
-  const int stretches = form_ == MessageForm::page ? 1 : 0;
-  buttons_->insertWidget(buttons_->count() - stretches, button);
+  buttons_->addWidget(button);
   return button;
 }
 
@@ -126,9 +125,7 @@ void MessageFrame::limitLines() {
 
 void MessageFrame::placeButtons() {
   const int text = fewestCharactersBesideButtons * fontMetrics().averageCharWidth();
-  const bool isNarrow = width() < buttons_->sizeHint().width() + text;
-  content_->setDirection(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
-  content_->setAlignment(buttons_, isNarrow ? Qt::AlignLeading | Qt::AlignTop : Qt::AlignTop);
+  placeBesideOrBelow(*content_, *buttons_, width(), text);
 }
 
 }  // namespace vemra::desk

@@ -11,6 +11,7 @@ class QPushButton;
 namespace vemra::desk {
 
 class NextTabStop;
+class WrappingRow;
 
 /// The place of a message: a bar beside the content, or a page in place of the content.
 enum class MessageForm { bar, page };
@@ -58,7 +59,7 @@ class MessageFrame : public AlertFrame {
   QString title_;
   QLabel* message_;
   QBoxLayout* content_;
-  QBoxLayout* buttons_;
+  WrappingRow* buttons_;
   QPushButton* nextTabStop_ = nullptr;
   NextTabStop* tabStop_;
 };

@@ -52,4 +52,9 @@ void Pages::showPage(QWidget& page) {
   announce(&page, QAccessible::ObjectCreated);
 }
 
+QSize Pages::minimumSizeHint() const {
+  const QWidget* page = currentWidget();
+  return page == nullptr ? QSize() : page->minimumSizeHint().expandedTo(page->minimumSize());
+}
+
 }  // namespace vemra::desk

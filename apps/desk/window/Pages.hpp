@@ -16,6 +16,10 @@ class Pages : public QStackedWidget {
 
   /// Shows a page, which it adds if it is new, and announces the change of its only child.
   void showPage(QWidget& page);
+
+  /// The least size of the visible page. Qt would take the largest of all pages, and a message
+  /// below them would be cut in a low window.
+  QSize minimumSizeHint() const override;
 };
 
 }  // namespace vemra::desk

@@ -104,6 +104,10 @@
         <translation>Verwerfen …</translation>
     </message>
     <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
         <source>What is not stored yet is kept beside the store, and stored when the store is opened again.</source>
         <translation>Was noch nicht gespeichert ist, wird neben dem Speicher aufbewahrt und gespeichert, sobald er wieder geöffnet wird.</translation>
     </message>

@@ -104,6 +104,10 @@
         <translation>מחיקה…</translation>
     </message>
     <message>
+        <source>Discard</source>
+        <translation>מחיקה</translation>
+    </message>
+    <message>
         <source>What is not stored yet is kept beside the store, and stored when the store is opened again.</source>
         <translation>מה שטרם נשמר מוחזק ליד המאגר, ויישמר כשהמאגר ייפתח שוב.</translation>
     </message>

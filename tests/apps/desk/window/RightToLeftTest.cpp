@@ -1,6 +1,7 @@
 // The window from right to left: it is mirrored as a whole, and texts keep their own direction.
 
 #include "VemraGoalSurface/model/GoalOutcomeRecording.hpp"
+#include "apps/desk/window/CloseQuestion.hpp"
 #include "apps/desk/window/GoalRow.hpp"
 #include "apps/desk/window/HelpBoxes.hpp"
 #include "apps/desk/window/LeadingEdge.hpp"
@@ -166,6 +167,15 @@ TEST_F(RightToLeftTest, EveryLineAboutTheKeyboardReadsFromRightToLeft) {
   for (const QString& line : box->informativeText().split('\n')) {
     EXPECT_TRUE(readsFromRightToLeft(line)) << line.toStdString();
   }
+}
+
+TEST_F(RightToLeftTest, ANameInAQuestionBeginsAtTheLeadingEdge) {
+  QWidget parent;
+  const CloseQuestion question(Leaving::closeWindow, {{"Ada"}, {}}, &parent);
+  auto* names = question.findChild<QLabel*>("qt_msgbox_informativelabel");
+  ASSERT_NE(names, nullptr);
+  names->resize(400, 40);
+  EXPECT_GT(inkOf(names->grab().toImage()).left(), 300);
 }
 
 TEST_F(RightToLeftTest, OnlyTextsOfTheOtherDirectionAreIsolated) {
