@@ -46,7 +46,7 @@ FindBar::FindBar(QWidget* parent)
   const auto add = [&](const QString& title, const char* name, void (FindBar::*wanted)()) {
     auto* button = new QPushButton(title);
     button->setObjectName(QLatin1String(name));
-    button->setAutoDefault(false);
+    button->setAutoDefault(true);  // otherwise Return presses it on some desktops only
     connect(button, &QPushButton::clicked, this, wanted);
     buttons_->addWidget(button);
   };

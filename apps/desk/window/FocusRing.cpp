@@ -4,6 +4,7 @@
 #include "apps/desk/window/KeyInView.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
+#include <QKeyEvent>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
 
@@ -25,6 +26,15 @@ QuietButton::QuietButton(const QString& title, QWidget* parent) : QToolButton(pa
   setAutoRaise(true);
   setFocusPolicy(Qt::StrongFocus);
   scrollInBeforeKeys(*this);
+}
+
+void QuietButton::keyPressEvent(QKeyEvent* event) {
+  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (isReturn && !event->isAutoRepeat()) {
+    click();
+  } else {
+    QToolButton::keyPressEvent(event);
+  }
 }
 
 void QuietButton::paintEvent(QPaintEvent*) {

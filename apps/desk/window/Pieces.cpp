@@ -70,7 +70,7 @@ Pieces::Pieces(const QString& what, AddNext addNext, QWidget* parent)
   more_->setObjectName("desk.side.more");
   more_->setAccessibleName(localized("Show more of %1").arg(what));
   more_->setFocusPolicy(Qt::StrongFocus);
-  more_->setAutoDefault(false);
+  more_->setAutoDefault(true);  // otherwise Return presses it on some desktops only
   scrollInBeforeKeys(*more_);
   auto* line = new QHBoxLayout;
   line->setContentsMargins(besideTexts, 0, 0, 0);

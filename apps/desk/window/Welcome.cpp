@@ -34,6 +34,7 @@ Welcome::Welcome(QWidget* parent) : QWidget(parent) {
     auto* button = new QPushButton(title);
     button->setObjectName(QLatin1String(name));
     button->setAccessibleDescription(description);
+    button->setAutoDefault(true);  // otherwise Return presses it on some desktops only
     button->setMinimumSize(button->sizeHint() + QSize(28, 8));
     connect(button, &QPushButton::clicked, this, wanted);
     page->addWidget(button, 0, Qt::AlignHCenter);

@@ -64,6 +64,13 @@ TEST_F(PiecesTest, EveryPressShowsMoreOfALongText) {
   EXPECT_TRUE(mores().empty()) << "there is no more";
 }
 
+TEST_F(PiecesTest, ReturnShowsMoreToo) {
+  addText(*column, QString(1000, u'a') + QString(7, u'b'), TextRole::body);
+  ASSERT_EQ(mores().size(), 1u);
+  pressKey(*mores()[0], Qt::Key_Return);
+  EXPECT_EQ(texts(), QStringList({QString(1000, u'a'), QString(7, u'b')}));
+}
+
 TEST_F(PiecesTest, AListUpToTheBoundIsShownWhole) {
   addEntries(*column, "the goals", 20, [](QVBoxLayout& list, std::size_t i) {
     addText(list, QString::number(i), TextRole::body);
