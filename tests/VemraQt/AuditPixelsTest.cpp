@@ -226,8 +226,12 @@ TEST_F(AuditPixels, ThePickersLabelIsNotUnderItsArrow) {
       QStyleOptionComboBox option;
       option.initFrom(&picker);
       option.subControls = QStyle::SC_All;
-      const QRect arrow = picker.style()->subControlRect(QStyle::CC_ComboBox, &option,
-                                                         QStyle::SC_ComboBoxArrow, &picker);
+      QRect arrow = picker.style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                   QStyle::SC_ComboBoxArrow, &picker);
+      const bool isAtTheRight = arrow.center().x() > picker.rect().center().x();
+      if (picker.isRightToLeft() && isAtTheRight) {  // the picker mirrors it
+        arrow.moveRight(picker.rect().right() - arrow.left());
+      }
       const Writing label =
           writingIn(pictureOf(host, picker), picker.rect().adjusted(3, 3, -3, -3));
       ASSERT_GE(label.pixels, 10) << look.name;
