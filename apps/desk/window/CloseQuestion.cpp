@@ -50,9 +50,11 @@ QPushButton* addDiscard(QMessageBox& box) {
   return button;
 }
 
-/// Stacks the buttons of a box where the screen has no room for a row of them; Qt would cut their
-/// titles.
-void stackWithoutRoom(QMessageBox& box) {
+/// Keeps the titles of the buttons whole: stacks them where the screen has no room for a row, and
+/// leaves out the icons that some styles add. From right to left Qt moves a title beside an icon
+/// onto the edge of its button.
+void keepTitlesWhole(QMessageBox& box) {
+  for (QAbstractButton* button : box.buttons()) button->setIcon({});
   constexpr int around = 48;  // the margins of the box, and the frame of the window manager
   auto* buttons = box.findChild<QDialogButtonBox*>();
   const int room = box.screen()->availableSize().width() - around;
@@ -121,7 +123,7 @@ CloseQuestion::CloseQuestion(Leaving leaving, const Unfinished& unfinished, QWid
   setEscapeButton(cancel);
   connect(leave, &QPushButton::clicked, this, &CloseQuestion::leaveWanted);
   if (wait != nullptr) connect(wait, &QPushButton::clicked, this, &CloseQuestion::waitWanted);
-  stackWithoutRoom(*this);
+  keepTitlesWhole(*this);
 }
 
 CloseWait::CloseWait(Leaving leaving, QWidget* parent) : QMessageBox(parent) {
@@ -137,7 +139,7 @@ CloseWait::CloseWait(Leaving leaving, QWidget* parent) : QMessageBox(parent) {
   setEscapeButton(addButton(QMessageBox::Cancel));
   connect(leave, &QPushButton::clicked, this, &CloseWait::leaveWanted);
   connect(this, &QDialog::rejected, this, &CloseWait::cancelled);
-  stackWithoutRoom(*this);
+  keepTitlesWhole(*this);
 }
 
 DiscardQuestion::DiscardQuestion(const std::vector<WaitingNote>& waiting, QWidget* parent)
@@ -147,7 +149,7 @@ DiscardQuestion::DiscardQuestion(const std::vector<WaitingNote>& waiting, QWidge
   QPushButton* discard = addDiscard(*this);
   setDefaultButton(addButton(QMessageBox::Cancel));
   connect(discard, &QPushButton::clicked, this, &DiscardQuestion::discardWanted);
-  stackWithoutRoom(*this);
+  keepTitlesWhole(*this);
 }
 
 }  // namespace vemra::desk

@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QFont>
 #include <QImage>
@@ -171,11 +172,28 @@ TEST_F(RightToLeftTest, EveryLineAboutTheKeyboardReadsFromRightToLeft) {
 
 TEST_F(RightToLeftTest, ANameInAQuestionBeginsAtTheLeadingEdge) {
   QWidget parent;
-  const CloseQuestion question(Leaving::closeWindow, {{"Ada"}, {}}, &parent);
+  CloseQuestion question(Leaving::closeWindow, {{"Ada"}, {}}, &parent);
+  question.show();
+  QApplication::processEvents();
   auto* names = question.findChild<QLabel*>("qt_msgbox_informativelabel");
   ASSERT_NE(names, nullptr);
-  names->resize(400, 40);
-  EXPECT_GT(inkOf(names->grab().toImage()).left(), 300);
+  EXPECT_GT(inkOf(names->grab().toImage()).left(), names->width() / 2);
+}
+
+TEST_F(RightToLeftTest, NoTitleInAQuestionTouchesTheEdgeOfItsButton) {
+  QWidget parent;
+  const CloseQuestion question(Leaving::closeWindow, {{"Ada"}, {}}, &parent);
+  for (QAbstractButton* button : question.buttons()) {
+    button->resize(button->sizeHint());
+    const QImage image = button->grab().toImage();
+    const int last = image.width() - 1;
+    for (int y = 6; y < image.height() - 6; ++y) {
+      for (int x = 4; x < 8; ++x) {
+        ASSERT_EQ(image.pixel(x, y), image.pixel(3, y)) << button->text().toStdString();
+        ASSERT_EQ(image.pixel(last - x, y), image.pixel(last - 3, y));
+      }
+    }
+  }
 }
 
 TEST_F(RightToLeftTest, OnlyTextsOfTheOtherDirectionAreIsolated) {
