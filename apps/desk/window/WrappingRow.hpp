@@ -9,9 +9,9 @@ class QBoxLayout;
 
 namespace vemra::desk {
 
-/// Widgets in a row from the leading edge, in further lines below where the row is too wide; no
-/// widget is narrower than it wants to be, except one that is wider than the whole row. For buttons:
-/// in a narrow window with large text, Qt's own row cuts their titles.
+/// Widgets in a row from the leading edge, in further lines below where the row is too wide. No
+/// widget is narrower than it wants to be, except one that is wider than the whole row. It is for
+/// buttons: in a narrow window with large text, Qt's own row cuts their titles.
 class WrappingRow : public QLayout {
   Q_OBJECT
 
@@ -40,8 +40,8 @@ class WrappingRow : public QLayout {
   std::vector<std::unique_ptr<QLayoutItem>> items_;
 };
 
-/// Lets `row`, the last part of `content`, stand beside the other parts, or below them if fewer than
-/// `least` pixels of `width` would be left for them.
+/// Lets `row`, the last part of `content`, stand beside the other parts, or below them if fewer
+/// than `least` pixels of `width` would be left for them.
 void placeBesideOrBelow(QBoxLayout& content, WrappingRow& row, int width, int least);
 
 }  // namespace vemra::desk
