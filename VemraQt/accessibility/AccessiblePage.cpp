@@ -9,6 +9,9 @@
 
 #include <QAbstractScrollArea>
 #include <QAccessibleWidget>
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPointer>
 
 namespace vemra::qt {
@@ -165,6 +168,16 @@ bool isFocusOnTheWay(const QAccessibleEvent& event) {
   return page->isFocusLeaving() || area.window()->focusWidget() != &area;
 }
 
+/// Whether the event reports the focus of a widget while a menu is open, which has the keyboard.
+/// Between two menus of a menu bar, Qt reports the focus of the widget behind them after that of the
+/// second menu.
+bool isFocusBehindMenu(const QAccessibleEvent& event) {
+  if (event.type() != QAccessible::Focus) return false;
+  const auto* widget = qobject_cast<QWidget*>(event.object());
+  if (!widget || !qobject_cast<QMenu*>(QApplication::activePopupWidget())) return false;
+  return !qobject_cast<const QMenuBar*>(widget) && !qobject_cast<QMenu*>(widget->window());
+}
+
 /// Whether the event reports the cursor or the selection of a field that is about to get or lose
 /// the focus: a field selects its text then, and clients read the selection when the focus is
 /// reported.
@@ -177,7 +190,7 @@ bool isSelectedByFocus(const QAccessibleEvent& event, const ElementWidget& shown
 /// tree, so this sends their focus and text events for the elements that they show and drops the
 /// others.
 void handle(QAccessibleEvent* event) {
-  if (isSentOtherwise(*event) || isFocusOnTheWay(*event)) return;
+  if (isSentOtherwise(*event) || isFocusOnTheWay(*event) || isFocusBehindMenu(*event)) return;
   QObject* object = objectOf(*event);
   AccessiblePage* page = object ? pageAround(object) : nullptr;
   if (!page) {

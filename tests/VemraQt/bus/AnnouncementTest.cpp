@@ -10,6 +10,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
@@ -223,4 +224,25 @@ TEST_F(Announcements, ReportANewDescriptionOnceAndOnlyToClientsThatReadIt) {
   EXPECT_THAT(rename("Bo"), ElementsAre("describes Correct"));
   EXPECT_THAT(rename("Bo"), IsEmpty());
   EXPECT_EQ(correct->text(QAccessible::Description), "Was useful, Bo");
+}
+
+TEST_F(Announcements, ReportNoFocusOnThePageWhileAMenuIsOpen) {
+  Listener listener;
+  WindowHost host(resultWith(2));
+  elementsBelow(accessiblePage(host));
+  auto& button = host.get<QWidget>("vemra.goal.person.p1.outcome.start");
+  const auto report = [&] {
+    QAccessibleEvent event(&button, QAccessible::Focus);
+    QAccessible::updateAccessibility(&event);
+  };
+  QMenu menu;
+  menu.addAction("Entry");
+  menu.popup(QPoint());
+  (void)listener.heard();
+  report();
+  EXPECT_THAT(listener.heard(), IsEmpty());
+  menu.close();
+  (void)listener.heard();
+  report();
+  EXPECT_THAT(listener.heard(), ElementsAre("focus Record outcome"));
 }

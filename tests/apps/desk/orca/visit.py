@@ -27,7 +27,7 @@ from accessible import (  # noqa: E402
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 SAY_ALL = 0xFFAB  # the plus of the number pad
-ESCAPE = 0xFF1B
+ESCAPE, RIGHT, F6, F10 = 0xFF1B, 0xFF53, 0xFFC3, 0xFFC7
 QUIET = 1.0  # seconds without a word after which a step has ended
 SKIPPED = 77  # the exit code of a test that was not run
 
@@ -206,6 +206,17 @@ def story(visit):
     visit.press(BACKTAB, "Shift+Tab")
     visit.press(ENTER, "Return: open the person")
     visit.press(ESCAPE, "Escape: close the details", None)
+    changed["outcomes"] = [{"id": "o9", "subjectKind": "person", "subjectRef": "p2",
+                            "value": "helped"}]
+    visit.run_import(changed)
+    visit.note("another program records an outcome", "Helped")
+    visit.press(F6, "F6: the goals", "Find a design lead")
+    visit.press(DOWN, "Down", "Sail")
+    visit.press(F10, "F10: the menus", "File")
+    visit.press(DOWN, "Down")
+    visit.press(RIGHT, "Right: the next menu", times=2)
+    visit.press(ESCAPE, "Escape")
+    visit.press(ESCAPE, "Escape: back to the goals")
 
 
 def heard_in_a_visit(program):
