@@ -1,6 +1,7 @@
 #include "apps/desk/store/Knowledge.hpp"
 
 #include "VemraPlatform/text/TextMap.hpp"
+#include "apps/desk/store/EquivalentASCII.hpp"
 #include "apps/desk/store/OutcomeRows.hpp"
 #include "apps/desk/store/Reason.hpp"
 
@@ -51,15 +52,25 @@ std::vector<PersonKnowledge::Suggestion> suggestions(Database& database,
   return suggestions;
 }
 
+/// Finds the outcomes by the indexes of subjects, goal after goal: those whose reference has the
+/// bytes of this one or its equivalent in ASCII, and among the few that are not ASCII the equivalent
+/// ones. No other text is equivalent (`EquivalentASCII`).
 std::vector<PersonKnowledge::Outcome> outcomes(Database& database, const std::string& personRef) {
   Statement row(database,
                 std::string("SELECT outcomes.number, goals.id, title, ") + outcomeColumnNames +
-                    " FROM outcomes JOIN goals ON goals.number = goal "
-                    "WHERE subject_kind = 'person' AND same_text(subject_ref, ?1) "
+                    " FROM outcomes JOIN goals ON goals.number = goal WHERE outcomes.number IN ("
+                    "SELECT found.number FROM goals CROSS JOIN outcomes AS found "
+                    "ON found.goal = goals.number AND found.subject_kind = 'person' "
+                    "AND found.subject_ref IN (?1, ?2) UNION "
+                    "SELECT found.number FROM goals CROSS JOIN outcomes AS found "
+                    "ON found.goal = goals.number AND found.subject_kind = 'person' "
+                    "AND length(found.subject_ref) <> length(CAST(found.subject_ref AS BLOB)) "
+                    "AND same_text(found.subject_ref, ?1)) "
                     "ORDER BY outcomes.number",
                 {"outcomes", 1});
+  const std::string ascii = equivalentASCII(personRef).value_or(personRef);
   std::vector<PersonKnowledge::Outcome> outcomes;
-  row.query(personRef);
+  row.query(personRef, ascii);
   while (row.next()) outcomes.push_back({goalFrom(row, 1), readOutcome(row, 3)});
   return outcomes;
 }

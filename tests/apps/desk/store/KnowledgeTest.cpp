@@ -1,6 +1,8 @@
+#include "VemraPlatform/text/Equality.hpp"
 #include "apps/desk/store/GoalStore.hpp"
 #include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
+#include "tests/apps/desk/store/StoreSteps.hpp"
 
 #include <algorithm>
 #include <chrono>
@@ -39,6 +41,60 @@ TEST_F(KnowledgeTest, OfAPersonIsCollectedAcrossGoalsAndNormalForms) {
   ASSERT_EQ(person.outcomes.size(), 1u);
   EXPECT_EQ(person.outcomes[0].outcome.id, "o1");
   EXPECT_EQ(person.outcomes[0].goal, (GoalListing{"g1", "First"}));
+}
+
+TEST_F(KnowledgeTest, OfAPersonHasTheOutcomesOfEachEquivalentReference) {
+  const std::vector<std::string> refs{"K",
+                                      "\u212A",
+                                      "k",
+                                      "ren\u00E9e",
+                                      "rene\u0301e",
+                                      "rene",
+                                      "ren\u00E9\u00E9",
+                                      "",
+                                      "a;b",
+                                      "a\u037Eb",
+                                      std::string("K\0", 2),
+                                      std::string("K\0\u00E9", 4)};
+  for (const std::string& ref : refs) {
+    store.record("g2", {GoalOutcomeSubjectKind::person, ref, GoalOutcomeValue::helped, {}, {}});
+    store.record("g2", {GoalOutcomeSubjectKind::path, ref, GoalOutcomeValue::helped, {}, {}});
+  }
+  for (const std::string& wanted : refs) {
+    std::vector<std::string> expected;
+    for (const char* id : {"g1", "g2"}) {
+      for (const GoalOutcomeDTO& outcome : store.outcomes(id)) {
+        if (outcome.subjectKind == GoalOutcomeSubjectKind::person &&
+            text::equal(*outcome.subjectRef, wanted)) {
+          expected.push_back(outcome.id);
+        }
+      }
+    }
+    std::vector<std::string> found;
+    for (const auto& outcome : store.person(wanted).outcomes) found.push_back(outcome.outcome.id);
+    EXPECT_EQ(found, expected) << wanted;
+    EXPECT_FALSE(found.empty());
+  }
+}
+
+TEST(KnowledgeWork, OfAPersonIsTheSameForFewAndManyOutcomesOfOthers) {
+  const auto stepsWith = [](std::size_t strays) {
+    const TemporaryFolder folder;
+    GetGoalSnapshotResponse result = goal("g1", "t");
+    std::vector<GoalOutcomeDTO> outcomes{outcome("mine", "p1", GoalOutcomeValue::helped)};
+    for (std::size_t i = 0; i < strays; ++i) {
+      outcomes.push_back(
+          outcome("s" + std::to_string(i), "stray" + std::to_string(i), GoalOutcomeValue::invited));
+    }
+    result.outcomes = std::move(outcomes);
+    const StoreSteps steps;
+    GoalStore store = GoalStore::open(folder.file("goals.sqlite"));
+    store.import({result});
+    StoreSteps::start();
+    EXPECT_EQ(store.person("p1").outcomes.size(), 1u);
+    return StoreSteps::steps();
+  };
+  EXPECT_EQ(stepsWith(20'000), stepsWith(20));
 }
 
 TEST_F(KnowledgeTest, OfAnUnknownPersonIsEmpty) {
