@@ -6,7 +6,7 @@
 namespace vemra::page {
 
 Anchor::Anchor(Reason reason, const WindowedTree& tree, const Frames& frames,
-               const Viewport& viewport, const Node* focused) {
+               const Viewport& viewport, const Node* focused, const LeafMetrics& metrics) {
   if (focused && !viewport.shows(frames.of(*focused))) focused = nullptr;
   if (reason == Reason::scrolledToEnd && viewport.position > 0) {
     kind_ = Kind::bottom;
@@ -16,7 +16,12 @@ Anchor::Anchor(Reason reason, const WindowedTree& tree, const Frames& frames,
   kind_ = Kind::inside;
   const auto add = [&](const Node& leaf) {
     const Rect frame = frames.of(leaf);
-    points_.push_back({leaf.id, frame.y - viewport.position, frame.height});
+    Point& point = points_.emplace_back();
+    point.node = leaf.id;
+    point.top = frame.y - viewport.position;
+    point.height = frame.height;
+    if (point.top >= 0 || !(point.part = metrics.partAt(leaf, -point.top))) return;
+    point.topOfPart = point.top + metrics.topOfPart(leaf, *point.part).value_or(0);
   };
   if (focused) add(*focused);
   if (tree.root()) {
@@ -33,19 +38,24 @@ Anchor::Anchor(Reason reason, const WindowedTree& tree, const Frames& frames,
   }
 }
 
-int Anchor::position(const WindowedTree& tree, const Frames& frames,
-                     const Viewport& viewport) const {
+/// The previous position of the leaf's top, if the part in view is to keep its place.
+int Anchor::topOf(const Point& point, const Node& node, const Rect& frame,
+                  const LeafMetrics& metrics) const {
+  const auto part = point.part ? metrics.topOfPart(node, *point.part) : std::nullopt;
+  if (part) return point.topOfPart - *part;
+  if (point.top >= 0 || point.height <= 0) return point.top;
+  return static_cast<int>(std::int64_t{point.top} * frame.height / point.height);
+}
+
+int Anchor::position(const WindowedTree& tree, const Frames& frames, const Viewport& viewport,
+                     const LeafMetrics& metrics) const {
   if (kind_ == Kind::top) return 0;
   if (kind_ == Kind::bottom) return tree.root() ? tree.root()->size.height : 0;
   for (const Point& point : points_) {
     const Node* const node = tree.find(point.node);
     if (!node) continue;
     const Rect frame = frames.of(*node);
-    // For a tall text whose top is above the viewport, keep the same part of it in view.
-    const std::int64_t top = point.top < 0 && point.height > 0
-                                 ? std::int64_t{point.top} * frame.height / point.height
-                                 : point.top;
-    return static_cast<int>(frame.y - top);
+    return frame.y - topOf(point, *node, frame, metrics);
   }
   const Node* const list = tree.find(list_);
   if (!list || list->rows->count() == 0) return viewport.position;

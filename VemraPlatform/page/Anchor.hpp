@@ -2,8 +2,10 @@
 
 #include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/page/Frames.hpp"
+#include "VemraPlatform/page/Layout.hpp"
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace vemra::page {
@@ -25,11 +27,13 @@ class VEMRA_EXPORT Anchor {
   };
 
   /// \param focused The element that has the focus, or nullptr.
+  /// \param metrics Knows the parts of tall leaves.
   Anchor(Reason reason, const WindowedTree& tree, const Frames& frames, const Viewport& viewport,
-         const Node* focused);
+         const Node* focused, const LeafMetrics& metrics);
 
   /// The new scroll position, after the tree has been laid out. May be beyond the page's end.
-  int position(const WindowedTree& tree, const Frames& frames, const Viewport& viewport) const;
+  int position(const WindowedTree& tree, const Frames& frames, const Viewport& viewport,
+               const LeafMetrics& metrics) const;
 
  private:
   /// An element and its position, relative to the top of the viewport.
@@ -37,7 +41,13 @@ class VEMRA_EXPORT Anchor {
     ui::NodeID node;
     int top;
     int height;
+    /// The part of a tall leaf at the top of the viewport, and its position.
+    std::optional<std::size_t> part;
+    int topOfPart = 0;
   };
+  int topOf(const Point& point, const Node& node, const Rect& frame,
+            const LeafMetrics& metrics) const;
+
   enum class Kind {
     top,     // the page's top stays at the top
     bottom,  // the page's end stays at the end

@@ -3,6 +3,9 @@
 #include "VemraPlatform/Export.hpp"
 #include "VemraPlatform/page/Node.hpp"
 
+#include <cstddef>
+#include <optional>
+
 /// \file
 /// The layout of a page: whole units, two passes, no state except in the nodes.
 ///
@@ -38,6 +41,24 @@ class VEMRA_EXPORT LeafMetrics {
   /// leaf below it or the width has changed, or after `WindowedTree::invalidateAll`; so a renderer
   /// may keep the lines of the text until it draws them.
   virtual Size measure(const Node& leaf, int width) = 0;
+  /// \name Parts of a tall leaf
+  /// A renderer may estimate the height of a very long text, and lay out only the lines in view
+  /// (`PageHost::arranged`). The page keeps the part at the top of the viewport in place. A part is
+  /// a number of the renderer, such as the offset of the first character in a line.
+  /// @{
+  /// The part at a distance from the leaf's top; nil when the page may assume that all parts of the
+  /// leaf keep their proportion.
+  virtual std::optional<std::size_t> partAt(const Node& leaf, int y) const {
+    static_cast<void>(leaf), static_cast<void>(y);
+    return std::nullopt;
+  }
+  /// The distance of a part from the leaf's top, estimated where it is not laid out; nil when the
+  /// leaf no longer has such parts.
+  virtual std::optional<int> topOfPart(const Node& leaf, std::size_t part) const {
+    static_cast<void>(leaf), static_cast<void>(part);
+    return std::nullopt;
+  }
+  /// @}
   /// The width that a text field keeps when it shares a line with other elements, without padding,
   /// as long as the page is as wide. May depend on the field's font, never on its text.
   virtual int narrowestField(const Node& field) {

@@ -76,6 +76,18 @@ void Page::restyled() {
   settle();
 }
 
+void Page::remeasure(ui::NodeID leaf) {
+  Node* const node = tree_.find(leaf);
+  if (!node) return;
+  remeasured_ = true;
+  if (!filling_ && (!pass_ || !pass_->anchor)) {
+    const bool isAtEnd = maximum_ > 0 && position_ == maximum_;
+    beginPass(isAtEnd ? Anchor::Reason::scrolledToEnd : Anchor::Reason::resized);
+  }
+  tree_.invalidate(*node);
+  if (!filling_) settle();
+}
+
 void Page::scrolled(int position) {
   position_ = position;
   beginPass(position == maximum_ ? Anchor::Reason::scrolledToEnd : Anchor::Reason::scrolled);
@@ -99,7 +111,7 @@ void Page::beginPass(Anchor::Reason reason) {
   const Node* const control = focused();
   Pass pass;
   pass.focusWasSeen = control && viewport().shows(frames().of(*control));
-  pass.anchor.emplace(reason, tree_, frames(), viewport(), control);
+  pass.anchor.emplace(reason, tree_, frames(), viewport(), control, host_);
   pass_ = std::move(pass);
 }
 
@@ -119,13 +131,20 @@ bool Page::fill() {
     const Size size = host_.viewportSize();
     layout();
     takeAnchorPosition();
-    if (host_.viewportSize() != size) continue;
+    if (host_.viewportSize() != size || layOutParts()) continue;
     if (!askForRows()) break;
     if (inGraph_) return false;  // the rows come in the graph's next pass
   }
   pass_.reset();
   place();
   return true;
+}
+
+/// Whether leaves with estimated sizes have new ones.
+bool Page::layOutParts() {
+  remeasured_ = false;
+  host_.arranged();
+  return remeasured_;
 }
 
 void Page::layout() {
@@ -142,7 +161,8 @@ void Page::layout() {
 }
 
 void Page::takeAnchorPosition() {
-  if (pass_ && pass_->anchor) position_ = pass_->anchor->position(tree_, frames(), viewport());
+  if (pass_ && pass_->anchor)
+    position_ = pass_->anchor->position(tree_, frames(), viewport(), host_);
   maximum_ = std::max(0, contentHeight() - viewport().height);
   position_ = std::clamp(position_, 0, maximum_);
   host_.showScrollRange(maximum_, position_);
@@ -209,7 +229,7 @@ bool Page::moveFocus(const Node* control, Direction direction) {
 /// Ends a search for a control; scrolls back if the search has found none.
 void Page::endSearch(const Node* control) {
   const std::optional<Anchor> before = std::exchange(beforeSearch_, std::nullopt);
-  if (!control && before) host_.scrollTo(before->position(tree_, frames(), viewport()));
+  if (!control && before) host_.scrollTo(before->position(tree_, frames(), viewport(), host_));
 }
 
 bool Page::focus(ui::NodeID element, FocusReason reason) {
@@ -262,7 +282,7 @@ Node* Page::bringRow(Node& list, std::size_t index) {
   if (Node* const row = find()) return row;
   if (filling_) return nullptr;
   if (!beforeSearch_) {
-    beforeSearch_.emplace(Anchor::Reason::scrolled, tree_, frames(), viewport(), nullptr);
+    beforeSearch_.emplace(Anchor::Reason::scrolled, tree_, frames(), viewport(), nullptr, host_);
   }
   host_.scrollTo(list.frame.y + list.rows->topOnPage(index) - viewport().height / 3);
   return find();

@@ -55,6 +55,11 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   /// Call it when the leaves have new sizes for another reason than another environment: another
   /// system font or widget style. `LeafMetrics::measure` must already return the new sizes.
   void restyled();
+  /// Call it when the host has laid out more of a leaf whose size was an estimate, in
+  /// `PageHost::arranged` or at any other time: the page measures the leaf again, and the elements
+  /// in view stay in place. Outside a pass, `LeafMetrics::topOfPart` must not change before the page
+  /// calls `LeafMetrics::measure`.
+  void remeasure(ui::NodeID leaf);
   /// Call it when a person has scrolled the page, and from `PageHost::scrollTo`, but not from
   /// `PageHost::showScrollRange`. `position` is in units of the page, from 0 to the maximum that
   /// `PageHost::showScrollRange` got last.
@@ -122,6 +127,7 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   void beginPass(Anchor::Reason reason);
   void takeEnvironment(const ui::Environment& environment);
   bool fill();
+  bool layOutParts();
   void layout();
   void takeAnchorPosition();
   bool askForRows();
@@ -165,6 +171,7 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   bool inGraph_ = false;  ///< in a call by the graph: requested rows arrive with its next pass
   bool filling_ = false;  ///< in a pass, which also handles changes that happen meanwhile
   bool restoringFocus_ = false;
+  bool remeasured_ = false;  ///< since `PageHost::arranged` was called
   /// @}
 };
 

@@ -47,6 +47,11 @@ class VEMRA_EXPORT PageHost : public LeafMetrics {
   /// change `viewportSize`. Needs no call of `Page::restyled`.
   virtual void environmentChanged(const ui::Environment&) {}
 
+  /// Called in a pass when every leaf has its frame and the viewport its position. A host that
+  /// estimates the sizes of leaves lays out their parts near the viewport now, and calls
+  /// `Page::remeasure` for each leaf that has changed: the pass then measures it again.
+  virtual void arranged() {}
+
   /// Draws the placed leaves at their present frames, and stops drawing the released ones. Called
   /// at the end of every pass with all leaves that are to be drawn, whether or not they have
   /// changed: compare with what is drawn. A leaf has changed when `measure` was called for it. A

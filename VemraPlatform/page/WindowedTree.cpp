@@ -32,10 +32,6 @@ bool standsInColumn(const Node& node) {
   return true;
 }
 
-void invalidate(Node* node) {
-  for (; node; node = node->parent) node->measuredWidth = -1;
-}
-
 }  // namespace
 
 void WindowedTree::apply(const ui::Changes& changes) {
@@ -51,7 +47,7 @@ void WindowedTree::inserted(Node& node) {
 }
 
 void WindowedTree::updated(Node& node) {
-  invalidate(&node);
+  invalidate(node);
 }
 
 /// This reads ids only when the length of the list has changed or a present row has moved: a new
@@ -72,11 +68,11 @@ void WindowedTree::rowsPlaced(Node& list, const ui::ListRows& rows) {
     list.rows->reset(list.element.rowCount(), list.rows->gap());
   }
   measured = rows.ids;
-  invalidate(&list);
+  invalidate(list);
 }
 
 void WindowedTree::childrenChanged(Node& parent) {
-  invalidate(&parent);
+  invalidate(parent);
 }
 
 void WindowedTree::removing(Node& node) {
@@ -90,6 +86,10 @@ void WindowedTree::forgetLists(Node& node) {
     measured_.erase(node.id);
   }
   for (Node& child : node.children()) forgetLists(child);
+}
+
+void WindowedTree::invalidate(Node& node) {
+  for (Node* place = &node; place; place = place->parent) place->measuredWidth = -1;
 }
 
 void WindowedTree::invalidateAll() {

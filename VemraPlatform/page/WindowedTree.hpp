@@ -41,6 +41,8 @@ class VEMRA_EXPORT WindowedTree final : private PatchedTree::Observer {
   /// The lists that are shown whole, including those in pickers. The page requests all their rows.
   const std::vector<Node*>& wholeLists() const { return wholeLists_; }
 
+  /// Discards the measurements of a node and of all nodes around it.
+  void invalidate(Node& node);
   /// Discards every measurement, because the sizes of all leaves may have changed.
   void invalidateAll();
 

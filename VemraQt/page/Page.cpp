@@ -46,6 +46,8 @@ Page::Page(QAbstractScrollArea& area, ui::ViewGraph& graph)
       pool_(area.viewport(), context_),
       page_(graph, *this) {
   context_.sink = this;
+  idle_.setSingleShot(true);
+  idle_.callOnTimeout([this] { settleTexts(); });
 }
 
 void Page::attach() {
@@ -131,6 +133,7 @@ void Page::removing(page::Node& node) {
   forEachLeaf(node, [&](const page::Node& leaf) {
     ElementWidget* const widget = shown(leaf).widget;
     leaves_.erase(leaf);
+    std::erase(longTexts_, leaf.id);
     if (!widget) return;
     if (leaf.id == focused) {
       if (orphan_) pool_.recycle(*orphan_);

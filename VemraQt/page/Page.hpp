@@ -10,7 +10,11 @@
 #include <cstdint>
 #include <exception>
 #include <functional>
+#include <optional>
 #include <vector>
+
+#include <QElapsedTimer>
+#include <QTimer>
 
 class QAbstractScrollArea;
 
@@ -86,10 +90,11 @@ class Page final : public EventSink, private page::PageHost {
   std::size_t widgetCount() const { return pool_.size(); }
 
  private:
-  page::Size measure(const page::Node& leaf, int width) override {
-    return metrics_.measure(leaf, width);
-  }
+  page::Size measure(const page::Node& leaf, int width) override;
   int narrowestField(const page::Node& field) override { return metrics_.narrowestField(field); }
+  std::optional<std::size_t> partAt(const page::Node& leaf, int y) const override;
+  std::optional<int> topOfPart(const page::Node& leaf, std::size_t part) const override;
+  void arranged() override;
   bool isShown() const override;
   page::Size viewportSize() const override;
   void showScrollRange(int maximum, int position) override;
@@ -108,6 +113,7 @@ class Page final : public EventSink, private page::PageHost {
 
   void place(const page::Node& leaf, const QRect& widgetFrame);
   void showScrollBar(bool needed);
+  void settleTexts();
 
   QAbstractScrollArea& area_;
   ui::ViewGraph& graph_;
@@ -118,7 +124,10 @@ class Page final : public EventSink, private page::PageHost {
   WidgetPool pool_;
   page::Page page_;
   PageObserver* observer_ = nullptr;
-  ElementWidget* orphan_ = nullptr;  ///< has the focus, but its element has gone
+  ElementWidget* orphan_ = nullptr;    ///< has the focus, but its element has gone
+  std::vector<ui::NodeID> longTexts_;  ///< leaves with a text that is laid out in parts
+  QTimer idle_;                        ///< for the parts that are not in view
+  QElapsedTimer sinceTextsGrew_;
   bool settingScroll_ = false;
   bool restyling_ = false;
 };

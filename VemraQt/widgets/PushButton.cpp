@@ -20,9 +20,11 @@ PushButton::PushButton(QWidget* parent, const PageContext& page)
 }
 
 void PushButton::updateTo(const page::Node& leaf, const TextShape& shape) {
-  QString title = toQString(leaf.element.shownLabel());
-  title.replace(u'&', QLatin1String("&&"));
-  if (text() != title) setText(title);
+  if (!shape.hasPartsOf(shape_)) {
+    QString title = toQString(leaf.element.shownLabel());
+    if (title.contains(u'&')) title.replace(u'&', QLatin1String("&&"));
+    if (text() != title) setText(title);
+  }
   shape_ = shape;
   if (std::exchange(style_, leaf.element.buttonStyle()) != style_) {
     style_ == ui::ButtonStyle::plain ? setCursor(Qt::PointingHandCursor) : unsetCursor();

@@ -4,15 +4,18 @@
 #include "VemraPlatform/ui/NodeTable.hpp"
 #include "VemraQt/widgets/TextShape.hpp"
 
+#include <optional>
+
 namespace vemra::qt {
 
 class ElementWidget;
 
 /// The data that the window keeps for a text or a control, apart from its place in the tree.
 struct ShownLeaf {
-  TextShape shape;                  ///< the text in lines, broken for the measured width
-  ElementWidget* widget = nullptr;  ///< shows the element while that is near the viewport
-  bool stale = true;                ///< the widget does not show the measured element yet
+  TextShape shape;                      ///< the text in lines, broken for the measured width
+  ElementWidget* widget = nullptr;      ///< shows the element while that is near the viewport
+  bool stale = true;                    ///< the widget does not show the measured element yet
+  std::optional<ui::Element> longText;  ///< the element whose text `shape` has, if it is long
 };
 
 /// One `ShownLeaf` for every leaf that has been measured.

@@ -2,6 +2,7 @@
 
 #include "VemraQt/widgets/Choices.hpp"
 #include "VemraQt/widgets/ElementWidget.hpp"
+#include "VemraQt/widgets/LongText.hpp"
 
 #include <algorithm>
 
@@ -35,6 +36,25 @@ QString afterTitle(const QString& title, const QString& choice) {
   return title + firstStrongIsolate + choice + popDirectionalIsolate;
 }
 
+bool haveSameLabel(const ui::Element& a, const ui::Element& b) {
+  const std::string_view one = a.shownLabel(), other = b.shownLabel();
+  return one.size() == other.size() && (one.data() == other.data() || one == other);
+}
+
+/// Breaks the label of a text or button into lines. What is laid out of a long text stays, while
+/// the text, its font and its width are the same.
+void breakLines(const page::Node& leaf, ShownLeaf& shown, const QFont& font, int width) {
+  LongText* const parts = shown.shape.parts();
+  if (parts && parts->width() == std::max(1, width) && parts->font() == font &&
+      haveSameLabel(*shown.longText, leaf.element)) {
+    parts->adopt();
+    return;
+  }
+  shown.shape = TextShape::ofAnyLength(toQString(leaf.element.shownLabel()), font, width);
+  shown.longText.reset();
+  if (shown.shape.parts()) shown.longText = leaf.element;
+}
+
 template <class Option>
 Option optionFor(const QWidget& page, const QFont& font) {
   Option option;
@@ -51,7 +71,7 @@ page::Size StyleMetrics::measure(const page::Node& leaf, int width) {
   QSize size;
   switch (leaf.element.kind()) {
     case ui::ElementKind::button:
-      size = button(leaf, shown.shape, width);
+      size = button(leaf, shown, width);
       break;
     case ui::ElementKind::picker:
       size = picker(leaf, shown.shape, width);
@@ -60,22 +80,21 @@ page::Size StyleMetrics::measure(const page::Node& leaf, int width) {
       size = field(leaf, shown.shape, width);
       break;
     default:
-      size = text(leaf, shown.shape, width);
+      size = text(leaf, shown, width);
   }
   return {size.width(), size.height()};
 }
 
-QSize StyleMetrics::text(const page::Node& leaf, TextShape& shape, int width) const {
-  shape = TextShape(toQString(leaf.element.shownLabel()), theme_.font(leaf.element.style().font),
-                    width);
-  return shape.size();
+QSize StyleMetrics::text(const page::Node& leaf, ShownLeaf& shown, int width) const {
+  breakLines(leaf, shown, theme_.font(leaf.element.style().font), width);
+  return shown.shape.size();
 }
 
-QSize StyleMetrics::button(const page::Node& leaf, TextShape& shape, int width) const {
-  const QString title = toQString(leaf.element.shownLabel());
+QSize StyleMetrics::button(const page::Node& leaf, ShownLeaf& shown, int width) const {
+  TextShape& shape = shown.shape;
   const QFont font = theme_.font(leaf.element.style().font);
   if (leaf.element.buttonStyle() == ui::ButtonStyle::plain) {
-    shape = TextShape(title, font, width);
+    breakLines(leaf, shown, font, width);
     return shape.size().expandedTo(QSize(smallestTarget, smallestTarget));
   }
   auto option = optionFor<QStyleOptionButton>(page_, font);
@@ -86,7 +105,7 @@ QSize StyleMetrics::button(const page::Node& leaf, TextShape& shape, int width) 
   const int frame = framed(QSize(1000, 20)).width() - 1000;
   // Some styles leave hardly any space beside a title.
   const int air = option.fontMetrics.height() / 2;
-  shape = TextShape(title, font, width - frame - 2 * air);
+  breakLines(leaf, shown, font, width - frame - 2 * air);
   QSize size = framed(shape.size() + QSize(2 * air, 0));
   size.setHeight(std::max(size.height(), shape.size().height() + air));
   size = size.expandedTo(QSize(smallestTarget, smallestTarget));

@@ -32,8 +32,8 @@ class StyleMetrics final {
   int narrowestField(const page::Node& leaf) const;
 
  private:
-  QSize text(const page::Node& leaf, TextShape& shape, int width) const;
-  QSize button(const page::Node& leaf, TextShape& shape, int width) const;
+  QSize text(const page::Node& leaf, ShownLeaf& shown, int width) const;
+  QSize button(const page::Node& leaf, ShownLeaf& shown, int width) const;
   QSize picker(const page::Node& leaf, TextShape& shape, int width);
   QSize field(const page::Node& leaf, TextShape& shape, int width) const;
 

@@ -12,8 +12,10 @@ TextLabel::TextLabel(QWidget* parent, const PageContext& page)
 }
 
 void TextLabel::updateTo(const page::Node& leaf, const TextShape& shape) {
-  const QString shown = toQString(leaf.element.shownLabel());
-  if (text() != shown) setText(shown);
+  if (!shape.hasPartsOf(shape_)) {
+    const QString shown = toQString(leaf.element.shownLabel());
+    if (text() != shown) setText(shown);
+  }
   shape_ = shape;
   margins_ = overhang(leaf.element, shape);
   foreground_ = leaf.element.style().foreground;

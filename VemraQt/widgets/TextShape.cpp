@@ -1,5 +1,8 @@
 #include "VemraQt/widgets/TextShape.hpp"
 
+#include "VemraQt/widgets/LongText.hpp"
+#include "VemraQt/widgets/TextCuts.hpp"
+
 #include <algorithm>
 #include <cmath>
 #include <ranges>
@@ -9,27 +12,6 @@
 #include <QTextOption>
 
 namespace vemra::qt {
-
-namespace {
-
-// At every line of a word, Qt searches the rest of the word for its end, which takes quadratic
-// time. A text with a longer word than this is not for reading, so it breaks wherever a line is
-// full.
-constexpr qsizetype endlessWord = 2000;
-
-qsizetype longestWord(const QString& text) {
-  if (text.size() < endlessWord) return text.size() - 1;
-  qsizetype longest = 0;
-  qsizetype start = 0;
-  for (qsizetype i = 0; i < text.size(); ++i) {
-    if (!text[i].isSpace()) continue;
-    longest = std::max(longest, i - start);
-    start = i + 1;
-  }
-  return std::max(longest, text.size() - start);
-}
-
-}  // namespace
 
 QString withLineSeparators(const QString& text) {
   // The mandatory breaks of Unicode Standard Annex #14.
@@ -50,8 +32,10 @@ QString withLineSeparators(const QString& text) {
 TextShape::TextShape(const QString& text, const QFont& font, int width)
     : layout_(std::make_shared<QTextLayout>(withLineSeparators(text), font)) {
   QTextOption option;
-  option.setWrapMode(longestWord(text) < endlessWord ? QTextOption::WrapAtWordBoundaryOrAnywhere
-                                                     : QTextOption::WrapAnywhere);
+  // At every line of a word, Qt searches the rest of the word for its end, which takes quadratic
+  // time. A text with an endless word is not for reading, so it breaks wherever a line is full.
+  option.setWrapMode(hasEndlessWord(text) ? QTextOption::WrapAnywhere
+                                          : QTextOption::WrapAtWordBoundaryOrAnywhere);
   option.setTextDirection(Qt::LayoutDirectionAuto);
   option.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
   layout_->setTextOption(option);
@@ -69,6 +53,18 @@ TextShape::TextShape(const QString& text, const QFont& font, int width)
   layout_->endLayout();
   if (text.isEmpty()) height = TextShape(QStringLiteral(" "), font, width).size().height();
   size_ = QSize(static_cast<int>(std::ceil(widest)), static_cast<int>(height));
+}
+
+TextShape TextShape::ofAnyLength(const QString& text, const QFont& font, int width) {
+  if (text.size() <= LongText::shortest) return TextShape(text, font, width);
+  TextShape shape;
+  shape.long_ = std::make_shared<LongText>(text, font, width);
+  shape.lineHeight_ = shape.long_->lineHeight();
+  return shape;
+}
+
+QSize TextShape::size() const {
+  return long_ ? long_->size() : size_;
 }
 
 namespace {
@@ -92,9 +88,16 @@ qreal startOf(const QTextLine& line, const QRect& place, Qt::LayoutDirection dir
 
 template <class Act>
 void TextShape::eachLine(const QRect& place, const QRect& visible, const Act& act) const {
-  if (!layout_) return;
   // Marks above and below a letter may reach far out of its line.
   const int reach = linesOfReach * lineHeight_;
+  if (long_) {
+    const int from = visible.top() - reach - place.top();
+    for (const LongText::PlacedLine& found :
+         long_->linesBetween(from, from + visible.height() + 2 * reach)) {
+      act(found.line, found.top);
+    }
+  }
+  if (!layout_) return;
   const qreal top = visible.top() - reach - place.top();
   const qreal bottom = visible.bottom() + reach - place.top();
   const auto lines = std::views::iota(0, layout_->lineCount());
@@ -103,40 +106,54 @@ void TextShape::eachLine(const QRect& place, const QRect& visible, const Act& ac
   for (const int i : std::ranges::subrange(first, lines.end())) {
     const QTextLine line = layout_->lineAt(i);
     if (line.y() > bottom) return;
-    act(line);
+    act(line, 0);
   }
+}
+
+bool TextShape::layOut(const QRect& place, const QRect& visible) const {
+  if (!long_) return false;
+  const int reach = linesOfReach * lineHeight_;
+  const int from = visible.top() - reach - place.top();
+  return long_->layOut(from, from + visible.height() + 2 * reach);
 }
 
 void TextShape::draw(QPainter& painter, const QRect& place, const QRect& visible,
                      Qt::LayoutDirection direction, Qt::Alignment alignment) const {
-  eachLine(place, visible, [&](const QTextLine& line) {
+  eachLine(place, visible, [&](const QTextLine& line, int top) {
     // Qt lays out a right-to-left paragraph against the far end of its line.
     const qreal x = startOf(line, place, direction, alignment) - line.naturalTextRect().left();
-    line.draw(&painter, QPointF(x, place.top()));
+    line.draw(&painter, QPointF(x, place.top() + top));
   });
 }
 
 void TextShape::underline(QPainter& painter, const QRect& place, const QRect& visible,
                           Qt::LayoutDirection direction) const {
-  eachLine(place, visible, [&](const QTextLine& line) {
+  eachLine(place, visible, [&](const QTextLine& line, int top) {
     const qreal x = startOf(line, place, direction, Qt::AlignLeading);
-    const qreal y = std::floor(place.top() + line.y() + line.ascent() + 2) + 0.5;
+    const qreal y = std::floor(place.top() + top + line.y() + line.ascent() + 2) + 0.5;
     painter.drawLine(QPointF(x, y), QPointF(x + line.naturalTextWidth(), y));
   });
 }
 
 QRect TextShape::characterRect(const QString& text, int offset, const QRect& place,
                                Qt::LayoutDirection direction) const {
-  if (!layout_ || offset < 0 || offset >= text.size()) return {};
+  if (isEmpty() || offset < 0 || offset >= text.size()) return {};
+  const auto rectIn = [&](const QTextLine& line, int top, qreal one, qreal other) {
+    const qreal start =
+        startOf(line, place, direction, Qt::AlignLeading) - line.naturalTextRect().left();
+    return QRectF(start + std::min(one, other), place.top() + top + line.y(), std::abs(other - one),
+                  line.height())
+        .toAlignedRect();
+  };
+  if (long_) {
+    if (long_->text().size() != text.size()) return {};
+    const LongText::PlacedCharacter found = long_->character(offset);
+    return rectIn(found.place.line, found.place.top, found.edges.one, found.edges.other);
+  }
   if (layout_->text().size() != text.size()) return {};
   const QTextLine line = layout_->lineForTextPosition(offset);
   if (!line.isValid()) return {};
-  const qreal start =
-      startOf(line, place, direction, Qt::AlignLeading) - line.naturalTextRect().left();
-  const qreal one = line.cursorToX(offset), other = line.cursorToX(offset + 1);
-  const QRectF drawn(start + std::min(one, other), place.top() + line.y(), std::abs(other - one),
-                     line.height());
-  return drawn.toAlignedRect();
+  return rectIn(line, 0, line.cursorToX(offset), line.cursorToX(offset + 1));
 }
 
 }  // namespace vemra::qt
