@@ -57,6 +57,22 @@ bool beginsWord(QStringView text, qsizetype place) {
 
 }  // namespace
 
+QString withLineSeparators(const QString& text) {
+  // The mandatory breaks of Unicode Standard Annex #14.
+  const auto breaks = [](QChar c) {
+    const char16_t u = c.unicode();
+    return (u >= 0x0A && u <= 0x0D) || u == 0x85 || u == 0x2029;
+  };
+  if (std::none_of(text.begin(), text.end(), breaks)) return text;
+  QString lines;
+  lines.reserve(text.size());
+  for (qsizetype i = 0; i < text.size(); ++i) {
+    if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') continue;
+    lines += breaks(text[i]) ? QChar(QChar::LineSeparator) : text[i];
+  }
+  return lines;
+}
+
 bool hasEndlessWord(QStringView text) {
   qsizetype start = 0;
   while (text.size() - start >= endlessWord) {

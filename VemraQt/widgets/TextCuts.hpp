@@ -3,8 +3,8 @@
 #include <QString>
 
 /// \file
-/// The places where a text that is too long to be laid out at once may be cut. Positions count
-/// UTF-16 units.
+/// How a text is prepared for a layout: its line breaks, and the places where one that is too long
+/// to be laid out at once may be cut. Positions count UTF-16 units.
 
 namespace vemra::qt {
 
@@ -17,6 +17,9 @@ constexpr qsizetype unitsAtOnce = 4096;
 constexpr qsizetype mostMarks = 100;
 /// A text with a word of at least this many units breaks wherever a line is full.
 constexpr qsizetype endlessWord = 2000;
+
+/// The text with U+2028 for every line break: a text layout breaks lines only there.
+QString withLineSeparators(const QString& text);
 
 /// Whether a run of `endlessWord` or more units has no blank. It skips most of the text: the cost
 /// is that of a few units in each `endlessWord`.

@@ -1,7 +1,6 @@
 #include "VemraQt/widgets/TextLines.hpp"
 
 #include "VemraQt/widgets/TextCuts.hpp"
-#include "VemraQt/widgets/TextShape.hpp"
 
 #include <algorithm>
 #include <cmath>

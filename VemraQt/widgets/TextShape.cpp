@@ -13,22 +13,6 @@
 
 namespace vemra::qt {
 
-QString withLineSeparators(const QString& text) {
-  // The mandatory breaks of Unicode Standard Annex #14.
-  const auto breaks = [](QChar c) {
-    const char16_t u = c.unicode();
-    return (u >= 0x0A && u <= 0x0D) || u == 0x85 || u == 0x2029;
-  };
-  if (std::none_of(text.begin(), text.end(), breaks)) return text;
-  QString lines;
-  lines.reserve(text.size());
-  for (qsizetype i = 0; i < text.size(); ++i) {
-    if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') continue;
-    lines += breaks(text[i]) ? QChar(QChar::LineSeparator) : text[i];
-  }
-  return lines;
-}
-
 TextShape::TextShape(const QString& text, const QFont& font, int width)
     : layout_(std::make_shared<QTextLayout>(withLineSeparators(text), font)) {
   QTextOption option;

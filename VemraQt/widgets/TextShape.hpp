@@ -68,7 +68,4 @@ class TextShape {
   int lineHeight_ = 0;
 };
 
-/// The text with U+2028 for every line break: a text layout breaks lines only there.
-QString withLineSeparators(const QString& text);
-
 }  // namespace vemra::qt
