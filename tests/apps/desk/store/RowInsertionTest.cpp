@@ -47,10 +47,11 @@ TEST_F(RowInsertionTest, InsertsEachRowOnceWhateverTheirNumber) {
 
 TEST_F(RowInsertionTest, KeepsTextsNumbersAndNilsAsTheyAre) {
   const std::string withNull("a\0b", 3);
+  const std::optional<std::string> maybe("x");
   RowInsertion insertion(database, "rows");
   insertion.add(0, withNull, std::optional<std::int64_t>());
   insertion.add(1, std::string_view(), std::optional<std::int64_t>(-1));
-  insertion.add(2, std::optional<std::string>("x"), std::int64_t{5});
+  insertion.add(2, maybe, std::int64_t{5});
   insertion.finish();
   EXPECT_EQ(texts(), (std::vector<std::string>{withNull, "", "x"}));
   EXPECT_EQ(database.number("SELECT count(*) FROM rows WHERE other IS NULL"), 1);
