@@ -1,5 +1,7 @@
 #include "VemraQt/widgets/ElementWidget.hpp"
 
+#include "VemraQt/widgets/LongText.hpp"
+
 #include <QPainter>
 #include <QPen>
 #include <QProxyStyle>
@@ -74,6 +76,10 @@ void drawFocusRing(QPainter& painter, const QRect& place, const Theme& theme, Ri
   painter.setBrush(Qt::NoBrush);
   painter.drawRoundedRect(QRectF(place).adjusted(inset, inset, -inset, -inset), 4, 4);
   painter.restore();
+}
+
+QString labelOf(const page::Node& leaf, const TextShape& shape) {
+  return shape.parts() ? shape.parts()->text() : toQString(leaf.element.shownLabel());
 }
 
 }  // namespace vemra::qt

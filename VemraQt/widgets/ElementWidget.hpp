@@ -92,4 +92,7 @@ inline QString toQString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+/// The label of a leaf whose lines are `shape`. It shares the characters of a long text.
+QString labelOf(const page::Node& leaf, const TextShape& shape);
+
 }  // namespace vemra::qt

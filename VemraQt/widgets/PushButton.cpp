@@ -21,7 +21,7 @@ PushButton::PushButton(QWidget* parent, const PageContext& page)
 
 void PushButton::updateTo(const page::Node& leaf, const TextShape& shape) {
   if (!shape.hasPartsOf(shape_)) {
-    QString title = toQString(leaf.element.shownLabel());
+    QString title = labelOf(leaf, shape);
     if (title.contains(u'&')) title.replace(u'&', QLatin1String("&&"));
     if (text() != title) setText(title);
   }

@@ -13,7 +13,7 @@ TextLabel::TextLabel(QWidget* parent, const PageContext& page)
 
 void TextLabel::updateTo(const page::Node& leaf, const TextShape& shape) {
   if (!shape.hasPartsOf(shape_)) {
-    const QString shown = toQString(leaf.element.shownLabel());
+    const QString shown = labelOf(leaf, shape);
     if (text() != shown) setText(shown);
   }
   shape_ = shape;
