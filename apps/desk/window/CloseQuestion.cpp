@@ -3,13 +3,12 @@
 #include "apps/desk/window/LeadingEdge.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/WaitingBar.hpp"
+#include "apps/desk/window/WholeTitles.hpp"
 
 #include <algorithm>
 
-#include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 
 namespace vemra::desk {
 namespace {
@@ -48,17 +47,6 @@ QPushButton* addDiscard(QMessageBox& box) {
   QPushButton* button = box.addButton(QMessageBox::Discard);
   button->setText(localized("Discard"));
   return button;
-}
-
-/// Keeps the titles of the buttons whole: stacks them where the screen has no room for a row, and
-/// leaves out the icons that some styles add. From right to left Qt moves a title beside an icon
-/// onto the edge of its button.
-void keepTitlesWhole(QMessageBox& box) {
-  for (QAbstractButton* button : box.buttons()) button->setIcon({});
-  constexpr int around = 48;  // the margins of the box, and the frame of the window manager
-  auto* buttons = box.findChild<QDialogButtonBox*>();
-  const int room = box.screen()->availableSize().width() - around;
-  if (buttons->sizeHint().width() > room) buttons->setOrientation(Qt::Vertical);
 }
 
 /// What becomes of outcomes that are not stored when the user leaves the store.

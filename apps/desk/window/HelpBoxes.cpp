@@ -3,6 +3,7 @@
 #include "apps/desk/commands/Documents.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/WholeTitles.hpp"
 
 #include <QKeySequence>
 #include <QMessageBox>
@@ -18,6 +19,7 @@ void show(QWidget& parent, const char* name, const QString& title, const QString
   box->setTextFormat(Qt::PlainText);
   box->setInformativeText(more);
   box->setAttribute(Qt::WA_DeleteOnClose);
+  keepTitlesWhole(*box);
   box->open();
 }
 
@@ -40,7 +42,7 @@ void showKeyboardHelp(QWidget& parent) {
       localized("%1: the next goal; %2: the one before it")
           .arg(keys(Qt::CTRL | Qt::Key_PageDown), keys(Qt::CTRL | Qt::Key_PageUp)),
       localized("Up, Down, Home, End in the list: another goal"),
-      localized("Tab: the next control; Space: press it"),
+      localized("Tab: the next control; Space or Return: press it"),
       localized("%1: find people; %2, %3: the next one and the one before it")
           .arg(keys(QKeySequence::Find), keys(QKeySequence::FindNext),
                keys(QKeySequence::FindPrevious)),

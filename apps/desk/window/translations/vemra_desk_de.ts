@@ -324,8 +324,8 @@
         <translation>Auf, Ab, Pos1, Ende in der Liste: ein anderes Ziel</translation>
     </message>
     <message>
-        <source>Tab: the next control; Space: press it</source>
-        <translation>Tab: das nächste Bedienelement; Leertaste: es drücken</translation>
+        <source>Tab: the next control; Space or Return: press it</source>
+        <translation>Tab: das nächste Bedienelement; Leertaste oder Eingabe: es drücken</translation>
     </message>
     <message>
         <source>%1: close the details</source>

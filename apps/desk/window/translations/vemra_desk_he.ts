@@ -324,8 +324,8 @@
         <translation>חץ למעלה, חץ למטה, Home ו-End ברשימה: מטרה אחרת</translation>
     </message>
     <message>
-        <source>Tab: the next control; Space: press it</source>
-        <translation>‏⁨Tab⁩: הפקד הבא; רווח: לחיצה עליו</translation>
+        <source>Tab: the next control; Space or Return: press it</source>
+        <translation>‏⁨Tab⁩: הפקד הבא; רווח או ‏⁨Enter⁩: לחיצה עליו</translation>
     </message>
     <message>
         <source>%1: close the details</source>

@@ -21,6 +21,8 @@
 #include <QImage>
 #include <QLabel>
 #include <QMessageBox>
+#include <QProxyStyle>
+#include <QPushButton>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTranslator>
@@ -180,10 +182,27 @@ TEST_F(RightToLeftTest, ANameInAQuestionBeginsAtTheLeadingEdge) {
   EXPECT_GT(inkOf(names->grab().toImage()).left(), names->width() / 2);
 }
 
+/// Gives the buttons of questions icons, as some desktops do.
+class IconsInQuestions : public QProxyStyle {
+ public:
+  IconsInQuestions() : QProxyStyle("fusion") {}
+
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* more) const override {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 1;
+    return QProxyStyle::styleHint(hint, option, widget, more);
+  }
+};
+
 TEST_F(RightToLeftTest, NoTitleInAQuestionTouchesTheEdgeOfItsButton) {
   QWidget parent;
+  QApplication::setStyle(new IconsInQuestions);
   const CloseQuestion question(Leaving::closeWindow, {{"Ada"}, {}}, &parent);
-  for (QAbstractButton* button : question.buttons()) {
+  showAbout(parent);
+  QApplication::setStyle("fusion");
+  const auto buttons = parent.findChildren<QPushButton*>();
+  EXPECT_EQ(buttons.size(), 3);
+  for (QAbstractButton* button : buttons) {
     button->resize(button->sizeHint());
     const QImage image = button->grab().toImage();
     const int last = image.width() - 1;

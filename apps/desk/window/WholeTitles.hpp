@@ -1,0 +1,12 @@
+#pragma once
+
+class QMessageBox;
+
+namespace vemra::desk {
+
+/// Keeps the titles of the buttons of a box whole: stacks them where the screen has no room for a
+/// row, and leaves out the icons that some styles add. From right to left Qt moves a title beside
+/// an icon onto the edge of its button. Call it when the box has all its buttons.
+void keepTitlesWhole(QMessageBox& box);
+
+}  // namespace vemra::desk
