@@ -13,13 +13,19 @@ endif()
 add_library(vemra_flags INTERFACE)
 target_compile_options(vemra_flags INTERFACE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor)
 if(NOT CMAKE_UNITY_BUILD)
-  # Files that are compiled as one may shadow each other's local names without an error.
   target_compile_options(vemra_flags INTERFACE -Wshadow)
 elseif(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # g++ treats an included file as a header, in which it warns of a local base class.
-  target_compile_options(vemra_flags INTERFACE -Wno-subobject-linkage)
+  # Where files are compiled as one, a name in a function may hide a name of another file, but no other name
+  # of its function. g++ treats an included file as a header, in which it warns of a local base class.
+  target_compile_options(vemra_flags INTERFACE -Wshadow=local -Wno-subobject-linkage)
 endif()
-if(VEMRA_WERROR AND NOT VEMRA_SANITIZE)
+# Other compilers have other warnings.
+set(known_compiler OFF)
+if((CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION MATCHES "^12\\.")
+   OR (CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND CMAKE_CXX_COMPILER_VERSION MATCHES "^16\\."))
+  set(known_compiler ON)
+endif()
+if(VEMRA_WERROR AND known_compiler AND NOT VEMRA_SANITIZE)
   # Not under the sanitizers, whose instrumentation makes GCC 12 give false warnings.
   target_compile_options(vemra_flags INTERFACE -Werror)
 endif()

@@ -29,9 +29,9 @@ Welcome::Welcome(QWidget* parent) : QWidget(parent) {
   page->addSpacing(10);
   // A screen reader that goes from control to control does not pass the texts above: it reads the
   // description of the button that gets the focus.
-  const auto addButton = [&](const QString& title, const QString& description, const char* name,
+  const auto addButton = [&](const QString& label, const QString& description, const char* name,
                              void (Welcome::*wanted)()) {
-    auto* button = new QPushButton(title);
+    auto* button = new QPushButton(label);
     button->setObjectName(QLatin1String(name));
     button->setAccessibleDescription(description);
     button->setAutoDefault(true);  // otherwise Return presses it on some desktops only
