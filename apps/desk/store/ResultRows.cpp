@@ -32,8 +32,8 @@ constexpr const char* tablesOfAGoal[] = {"goal_texts",  "person_evidence", "peop
 /// For every row SQLite makes a temporary table of the names in `why_kind IN (…)` and looks for the
 /// row's owner; both take longer than the row itself. Rows that are made of a record satisfy the
 /// constraints: positions count up from 0, `ReasonColumns` fills the columns of one kind, and each
-/// row is written with its owner and deleted with it. Types and keys are checked as ever; rows of
-/// other programs are checked when they are read.
+/// row is written with its owner and deleted with it. SQLite still checks types,
+/// NOT NULL, UNIQUE and primary keys; rows of other programs are checked when they are read.
 ///
 /// The triggers on these rows change the stamp of their goal. One statement on the goal's own row,
 /// outside the scope, does that for all of them.
@@ -53,6 +53,7 @@ class WithoutChecks {
 
  private:
   void use(int value) {
+    // PRAGMA foreign_keys does nothing inside a transaction; this does.
     for (const int setting : {SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_ENABLE_FKEY}) {
       sqlite3_db_config(database_.handle(), setting, value, static_cast<int*>(nullptr));
     }

@@ -9,17 +9,23 @@ void RowInsertion::finish() {
 }
 
 void RowInsertion::insert() {
+  // Drops the rows also when they are refused, and keeps the memory for the next ones.
+  struct Dropping {
+    RowInsertion& insertion;
+    ~Dropping() {
+      insertion.values_.clear();
+      insertion.rows_ = 0;
+    }
+  } const dropping{*this};
   if (rows_ == rowsAtOnce) {
     if (!full_) full_ = statement();
     full_->runWith(values_);
   } else {
     statement().runWith(values_);
   }
-  values_.clear();
-  rows_ = 0;
 }
 
-/// The statement that inserts as many rows as are missing.
+/// The statement that inserts as many rows as are pending.
 Statement RowInsertion::statement() const {
   std::string row = "(?";
   for (std::size_t i = 1; i < values_.size() / rows_; ++i) row += ",?";

@@ -2,8 +2,10 @@
 
 #include "apps/desk/store/Statement.hpp"
 
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
+#include <exception>
 #include <optional>
 #include <string_view>
 #include <variant>
@@ -19,11 +21,17 @@ namespace vemra::desk {
 ///     insertion.finish();
 ///
 /// Rows should come in the order of the table's key. Their texts must live until `finish`. A
-/// failure is a `StoreError`; it may come from a later call than the row that causes it.
+/// failure is a `StoreError`; it may come from a later call than the row that causes it. After a
+/// failure the pending rows are dropped.
 class RowInsertion {
  public:
   /// The table must outlive the object.
   RowInsertion(Database& database, std::string_view table) : database_(database), table_(table) {}
+  RowInsertion(const RowInsertion&) = delete;
+  RowInsertion& operator=(const RowInsertion&) = delete;
+  /// Rows that were added since the last `finish` are a mistake of the caller, unless an exception
+  /// is under way.
+  ~RowInsertion() { assert(rows_ == 0 || std::uncaught_exceptions() > 0); }
 
   /// Adds a row with these values; every row has the same number of them.
   template <class... Values>
@@ -32,7 +40,7 @@ class RowInsertion {
     if (++rows_ == rowsAtOnce) insert();
   }
 
-  /// Inserts the rows that are still missing.
+  /// Inserts the pending rows.
   void finish();
 
  private:
@@ -51,7 +59,7 @@ class RowInsertion {
 
   Database& database_;
   std::string_view table_;
-  std::vector<SQLValue> values_;   // of the rows that are still missing
+  std::vector<SQLValue> values_;   // of the pending rows
   std::size_t rows_ = 0;           // their number
   std::optional<Statement> full_;  // inserts `rowsAtOnce` rows
 };

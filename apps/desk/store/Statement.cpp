@@ -22,6 +22,7 @@ Statement::Statement(Database& database, std::string_view sql, RowsOf rows)
 }
 
 void Statement::runWith(std::span<const SQLValue> values) {
+  reset();
   int index = 0;
   for (const SQLValue& value : values) {
     ++index;
@@ -65,14 +66,6 @@ void Statement::bind(int index, const std::optional<std::string>& text) {
 
 void Statement::bind(int index, std::int64_t number) {
   check(sqlite3_bind_int64(statement_.get(), index, number));
-}
-
-void Statement::bind(int index, const std::optional<std::int64_t>& number) {
-  if (number) {
-    bind(index, *number);
-  } else {
-    check(sqlite3_bind_null(statement_.get(), index));
-  }
 }
 
 void Statement::check(int code) {

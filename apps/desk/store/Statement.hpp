@@ -32,10 +32,11 @@ class Statement {
  public:
   Statement(Database& database, std::string_view sql, RowsOf rows = {});
 
-  /// Binds the values to ?1, ?2, … and runs the statement to its end. May be called repeatedly.
+  /// Binds the values to ?1, ?2, … and runs the statement to its end. May be called repeatedly, also
+  /// after a failure.
   template <class... Values>
   void run(const Values&... values) {
-    bindAll(values...);
+    query(values...);
     runBound();
   }
 
@@ -85,7 +86,6 @@ class Statement {
   void bind(int index, const std::string& text) { bind(index, std::string_view(text)); }
   void bind(int index, const std::optional<std::string>& text);
   void bind(int index, std::int64_t number);
-  void bind(int index, const std::optional<std::int64_t>& number);
   void check(int code);
   void runBound();
   void reset();

@@ -1,5 +1,7 @@
 #include "apps/desk/store/GoalStore.hpp"
+#include "apps/desk/store/ResultRows.hpp"
 #include "apps/desk/store/StoreError.hpp"
+#include "apps/desk/store/Transaction.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
 #include "tests/apps/desk/store/StoreFile.hpp"
@@ -16,6 +18,18 @@ class ImportTest : public StoreFile {
     std::vector<std::string> ids;
     for (const auto& outcome : store.outcomes(goalID)) ids.push_back(outcome.id);
     return ids;
+  }
+
+  /// A goal whose people all have evidence.
+  static GetGoalSnapshotResponse crowd(std::size_t count, const std::string& name) {
+    GetGoalSnapshotResponse result = goal("g1", name);
+    std::vector<GoalPersonCandidateDTO> people;
+    for (std::size_t i = 0; i < count; ++i) {
+      const std::string id = std::to_string(i);
+      people.push_back(build::person("p" + id, name + id, {"e" + id, "f" + id}));
+    }
+    result.people = std::move(people);
+    return result;
   }
 
   using IDs = std::vector<std::string>;
@@ -118,6 +132,37 @@ TEST_F(ImportTest, StoresAllOrNone) {
   refused = goal("g3", "t");
   store.import({goal("g2", "t"), refused});
   EXPECT_EQ(store.result("g3"), refused) << "the store must work after a failure";
+}
+
+TEST_F(ImportTest, KeepsTheOldPeopleWhenARowIsRefusedBehindManyOthers) {
+  const GetGoalSnapshotResponse before = crowd(500, "before");
+  store.import({before});
+  GetGoalSnapshotResponse refused = crowd(120, "after");
+  std::vector<GoalPersonCandidateDTO> people(refused.people.begin(), refused.people.end());
+  people.back().displayName = "\xFF";
+  refused.people = std::move(people);
+  EXPECT_THROW(store.import({refused}), StoreError);
+  EXPECT_EQ(store.result("g1"), before);
+}
+
+// While a result is written, no trigger runs; SQLite still refuses a row that is not unique.
+TEST_F(ImportTest, KeepsTheOldPeopleWhenSQLiteRefusesABatch) {
+  const GetGoalSnapshotResponse before = crowd(500, "before");
+  store.import({before});
+  RawDatabase other(file);
+  ASSERT_EQ(other.run("CREATE UNIQUE INDEX single ON people (display_name)"), "");
+  GetGoalSnapshotResponse refused = crowd(120, "after");
+  std::vector<GoalPersonCandidateDTO> people(refused.people.begin(), refused.people.end());
+  people.back().displayName = people.front().displayName;
+  refused.people = std::move(people);
+  {
+    Database database(file, Database::Opening::orCreate, usualPatience);
+    Transaction transaction(database, Transaction::Kind::writing);
+    EXPECT_THROW(replaceResult(database, 1, refused), StoreError);
+    EXPECT_EQ(database.number("SELECT count(*) FROM people"), 100) << "two batches were inserted";
+  }
+  ASSERT_EQ(other.run("DROP INDEX single"), "");
+  EXPECT_EQ(store.result("g1"), before);
 }
 
 }  // namespace

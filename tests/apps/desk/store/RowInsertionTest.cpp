@@ -79,5 +79,44 @@ TEST_F(RowInsertionTest, ReportsRowsThatTheTableRefuses) {
   EXPECT_TRUE(texts().empty());
 }
 
+TEST_F(RowInsertionTest, DropsTheRowsThatTheTableRefuses) {
+  for (const std::size_t rowsOfAFailure : {2, 50, 100}) {
+    database.run("DELETE FROM rows");
+    RowInsertion insertion(database, "rows");
+    const auto addRefused = [&] {
+      for (std::size_t i = 0; i + 1 < rowsOfAFailure; ++i) insertion.add(i, "refused", 1);
+      insertion.add(rowsOfAFailure - 2, "refused", 1);
+      insertion.finish();
+    };
+    EXPECT_NE(errorOf(addRefused), "no error");
+    database.run("DELETE FROM rows");
+    const std::vector<std::string> wanted(120, "taken");
+    for (std::size_t i = 0; i < wanted.size(); ++i) insertion.add(i, wanted[i], 1);
+    insertion.finish();
+    EXPECT_EQ(texts(), wanted) << rowsOfAFailure;
+  }
+}
+
+#ifndef NDEBUG
+TEST_F(RowInsertionTest, AForgottenFinishIsAMistake) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto forget = [&] {
+    RowInsertion insertion(database, "rows");
+    insertion.add(0, "a", 1);
+  };
+  EXPECT_DEATH(forget(), "rows_ == 0");
+}
+
+TEST_F(RowInsertionTest, AnExceptionMayDropTheRows) {
+  const auto interrupted = [&] {
+    RowInsertion insertion(database, "rows");
+    insertion.add(0, "a", 1);
+    throw StoreError(file, "interrupted");
+  };
+  EXPECT_NE(errorOf(interrupted), "no error");
+  EXPECT_TRUE(texts().empty());
+}
+#endif
+
 }  // namespace
 }  // namespace vemra::desk

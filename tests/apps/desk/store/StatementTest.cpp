@@ -38,7 +38,7 @@ TEST_F(StatementTest, ValuesOfTheirTypesAreRead) {
   const std::string text = "a\0b"s;
   const std::optional<std::string> none;
   const std::optional<std::string> empty = "";
-  row.query(text, none, empty, INT64_MIN, std::optional<std::int64_t>(7));
+  row.query(text, none, empty, INT64_MIN, std::int64_t{7});
   ASSERT_TRUE(row.next());
   EXPECT_EQ(row.text(0), text);
   EXPECT_EQ(row.optionalText(0), text);
