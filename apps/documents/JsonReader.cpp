@@ -34,7 +34,7 @@ JsonReader::JsonReader(std::string_view text, std::string file)
 JsonReader::JsonReader(SourceFile& source, std::string file)
     : JsonReader(source.text(), std::move(file)) {
   source_ = &source;
-  keptUntil_ = unread() - std::min(unread(), pieceLength);
+  releaseBelow_ = unread() - std::min(unread(), pieceLength);
 }
 
 JsonKind JsonReader::next() {
@@ -118,15 +118,15 @@ void JsonReader::array(FunctionReference<void()> readElement) {
     do {
       readElement();
       step.next();
-      if (unread() < keptUntil_) releaseWhatWasRead();
+      if (unread() < releaseBelow_) releaseWhatWasRead();
     } while (tokens_.take(','));
   }
   tokens_.expect(']', "\",\" or \"]\"");
 }
 
 void JsonReader::releaseWhatWasRead() {
-  source_->release(tokens_.leaveBehind());
-  keptUntil_ = unread() - std::min(unread(), pieceLength);
+  source_->release(tokens_.markRead());
+  releaseBelow_ = unread() - std::min(unread(), pieceLength);
 }
 
 std::string JsonReader::string() {
@@ -137,7 +137,13 @@ std::string JsonReader::string() {
 
 void JsonReader::string(std::string& text) {
   if (!tokens_.comes('"')) failNext("a string");
-  text = tokens_.string(unescaped_);
+  const std::string_view found = tokens_.string(unescaped_);
+  // An assignment would let a text of 16 to 29 bytes grow to 30.
+  if (found.size() > text.capacity()) {
+    text = std::string(found);
+  } else {
+    text.assign(found);
+  }
 }
 
 std::optional<std::string> JsonReader::stringOrNull() {

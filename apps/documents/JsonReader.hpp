@@ -108,7 +108,8 @@ class JsonReader {
   JsonTokens tokens_;
   std::string unescaped_;  // of the string that is being read
   SourceFile* source_ = nullptr;
-  std::size_t keptUntil_ = 0;  // the number of unread bytes at which the next piece has been read
+  // With fewer unread bytes than this, release what was read; 0: never.
+  std::size_t releaseBelow_ = 0;
 };
 
 }  // namespace vemra::documents

@@ -190,30 +190,31 @@ void JsonTokens::failHere(std::string_view expected) const {
 }
 
 void JsonTokens::fail(std::size_t offset, std::string_view expected, std::string_view found) const {
-  const Place place = placeOf(offset);
-  place_.failSyntax(place.line, place.column, expected, found);
+  const Position position = positionOf(offset);
+  place_.failSyntax(position.line, position.column, expected, found);
 }
 
-std::size_t JsonTokens::leaveBehind() {
-  leftBehind_ = placeOf(at_);
+std::size_t JsonTokens::markRead() {
+  releasable_ = positionOf(at_);
   return at_;
 }
 
-/// The place at an offset that is not before `leftBehind_`.
-JsonTokens::Place JsonTokens::placeOf(std::size_t offset) const {
-  Place place = leftBehind_;
-  std::string_view passed = text_.substr(place.offset, offset - place.offset);
+/// The position at an offset that is not before `releasable_`.
+JsonTokens::Position JsonTokens::positionOf(std::size_t offset) const {
+  Position position = releasable_;
+  std::string_view passed = text_.substr(position.offset, offset - position.offset);
   if (const std::size_t lineEnd = passed.rfind('\n'); lineEnd != std::string_view::npos) {
-    place.line += static_cast<std::size_t>(std::ranges::count(passed.substr(0, lineEnd + 1), '\n'));
-    place.column = 1;
+    position.line +=
+        static_cast<std::size_t>(std::ranges::count(passed.substr(0, lineEnd + 1), '\n'));
+    position.column = 1;
     passed.remove_prefix(lineEnd + 1);
   }
   // Everything before the offset has been read and is UTF-8: each byte that continues no character
   // begins one.
   const auto begins = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
-  place.column += static_cast<std::size_t>(std::ranges::count_if(passed, begins));
-  place.offset = offset;
-  return place;
+  position.column += static_cast<std::size_t>(std::ranges::count_if(passed, begins));
+  position.offset = offset;
+  return position;
 }
 
 }  // namespace vemra::documents

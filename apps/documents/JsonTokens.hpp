@@ -95,7 +95,7 @@ class JsonTokens {
 
   /// Notes the line and the column of the next character, and returns its offset: from now on the
   /// bytes before it may change, but none of the unread ones.
-  std::size_t leaveBehind();
+  std::size_t markRead();
 
   /// An error unless nothing but white space is left.
   void end();
@@ -135,13 +135,13 @@ class JsonTokens {
     return areSameAs(char{});
   }
 
-  /// A place between two characters.
-  struct Place {
+  /// A position between two characters.
+  struct Position {
     std::size_t offset = 0;
     std::size_t line = 1;
     std::size_t column = 1;  ///< in characters
   };
-  Place placeOf(std::size_t offset) const;
+  Position positionOf(std::size_t offset) const;
 
   std::string_view stringWithMore(std::string& unescaped);
   void readEscape(std::string& unescaped);
@@ -154,7 +154,7 @@ class JsonTokens {
   std::string_view text_;
   const JsonPlace& place_;
   std::size_t at_ = 0;
-  Place leftBehind_;  // the bytes before it may have changed
+  Position releasable_;  // the bytes before it may have changed
 };
 
 }  // namespace vemra::documents

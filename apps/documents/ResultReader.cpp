@@ -131,6 +131,13 @@ void readOutcome(JsonReader& in, GoalOutcomeDTO& outcome) {
   });
 }
 
+/// Reads a document that has nothing but a result.
+GetGoalSnapshotResponse readWhole(JsonReader&& in) {
+  GetGoalSnapshotResponse result = readResult(in);
+  in.finish();
+  return result;
+}
+
 }  // namespace
 
 GetGoalSnapshotResponse readResult(JsonReader& in) {
@@ -147,18 +154,12 @@ GetGoalSnapshotResponse readResult(JsonReader& in) {
 }
 
 GetGoalSnapshotResponse readResultText(std::string_view text, const std::string& file) {
-  JsonReader reader(text, file);
-  GetGoalSnapshotResponse result = readResult(reader);
-  reader.finish();
-  return result;
+  return readWhole(JsonReader(text, file));
 }
 
 GetGoalSnapshotResponse readResultFile(const std::string& path) {
   SourceFile source(path);
-  JsonReader reader(source, path);
-  GetGoalSnapshotResponse result = readResult(reader);
-  reader.finish();
-  return result;
+  return readWhole(JsonReader(source, path));
 }
 
 }  // namespace vemra::documents

@@ -73,7 +73,7 @@ void SourceFile::read(int file, const std::string& path) {
 
 void SourceFile::release(std::size_t count) {
   const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
-  const std::size_t end = count / page * page;
+  const std::size_t end = std::min(count, length_) / page * page;
   if (end <= released_) return;
   ::madvise(bytes_ + released_, end - released_, MADV_DONTNEED);
   released_ = end;

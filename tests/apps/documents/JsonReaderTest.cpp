@@ -87,6 +87,31 @@ TEST(JsonReaderTest, FindsAKeyInAnyOrderAndWithEscapes) {
             "of the file");
 }
 
+TEST(JsonReaderTest, ATextTakesNoMoreMemoryThanItNeeds) {
+  for (std::size_t length = 0; length < 70; ++length) {
+    const std::string expected(length, 'x');
+    const std::string inJson = '"' + expected + '"';
+    std::string text;
+    JsonReader(inJson, "t").string(text);
+    EXPECT_EQ(text, expected);
+    EXPECT_EQ(text.capacity(), expected.capacity()) << length;
+    std::optional<std::string> optional;
+    JsonReader(inJson, "t").stringOrNull(optional);
+    EXPECT_EQ(optional, expected);
+    EXPECT_EQ(optional->capacity(), expected.capacity()) << length;
+  }
+}
+
+TEST(JsonReaderTest, ReplacesATextOfAnyLength) {
+  for (const std::size_t before : {0, 5, 20, 40}) {
+    std::string text(before, 'b');
+    JsonReader(R"("after\n, and more than fifteen bytes")", "t").string(text);
+    EXPECT_EQ(text, "after\n, and more than fifteen bytes");
+    JsonReader(R"("")", "t").string(text);
+    EXPECT_EQ(text, "");
+  }
+}
+
 TEST(JsonReaderTest, RefusesAByteOrderMark) {
   EXPECT_EQ(stringError("\xEF\xBB\xBF\"a\""),
             "t: line 1, column 1: expected UTF-8 without a byte-order mark; found U+FEFF");

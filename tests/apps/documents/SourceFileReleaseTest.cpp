@@ -48,6 +48,20 @@ TEST(SourceFileRelease, ReturnsWholePagesAndKeepsTheRest) {
   EXPECT_EQ(bytesInMemory(source), 7 * pageLength());
 }
 
+TEST(SourceFileRelease, StopsAtTheEndOfTheText) {
+  const TemporaryFolder folder;
+  const std::size_t hundredPages = 100 * pageLength();
+  const std::string content(10 * pageLength() + 1, 'x');
+  const SourceFile neighbour(folder.write("neighbour", std::string(2 * hundredPages, 'n')));
+  SourceFile source(folder.write("file", content));
+  const SourceFile another(folder.write("another", std::string(2 * hundredPages, 'a')));
+  source.release(content.size() + hundredPages);
+  EXPECT_EQ(source.text().size(), content.size());
+  EXPECT_EQ(source.text().back(), 'x') << "its page is not a whole one";
+  EXPECT_EQ(neighbour.text(), std::string(2 * hundredPages, 'n'));
+  EXPECT_EQ(another.text(), std::string(2 * hundredPages, 'a'));
+}
+
 TEST(SourceFileRelease, AReaderReleasesWhatItHasRead) {
   const TemporaryFolder folder;
   SourceFile source(folder.write("list", longList("  \"last\"]")));
