@@ -8,6 +8,8 @@
 namespace vemra::documents {
 namespace {
 
+thread_local std::uint64_t parsedInThisThread = 0;
+
 bool isWord(char c) {
   return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
@@ -16,6 +18,14 @@ bool isWord(char c) {
 
 JsonTokens::JsonTokens(std::string_view text, const JsonPlace& place) : text_(text), place_(place) {
   if (text_.starts_with("\xEF\xBB\xBF")) fail(0, "UTF-8 without a byte-order mark", "U+FEFF");
+}
+
+JsonTokens::~JsonTokens() {
+  parsedInThisThread += at_;
+}
+
+std::uint64_t JsonTokens::bytesParsed() {
+  return parsedInThisThread;
 }
 
 /// Reads a string that may have escapes, other characters than ASCII, or a fault.

@@ -21,6 +21,13 @@ class JsonTokens {
  public:
   /// Both must outlive the object. A byte-order mark is an error at once.
   JsonTokens(std::string_view text, const JsonPlace& place);
+  JsonTokens(const JsonTokens&) = delete;
+  JsonTokens& operator=(const JsonTokens&) = delete;
+  ~JsonTokens();
+
+  /// The number of bytes that objects of this thread have read, those of each object when it is
+  /// destroyed: tests count how often a document is parsed.
+  static std::uint64_t bytesParsed();
 
   /// The kind of the next value, without reading it. Without a next value, the error says that
   /// `expected` was expected.
