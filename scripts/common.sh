@@ -42,7 +42,9 @@ llvm() {
 is_configured() {
   local folder=build/$1 option
   shift
-  # Ninja configures again by itself when a CMakeLists.txt changes, but it does not know the presets.
+  # Ninja configures again by itself when a CMakeLists.txt changes or a file is new, but it does not know the
+  # presets; and Ninja never runs for the preset check.
+  [[ $folder != build/check ]] || return
   [[ $folder/build.ninja -nt CMakePresets.json ]] || return
   for option in "$@"; do
     grep -q "^${option%%=*}:[A-Z]*=\(.*/\)\?${option#*=}\$" "$folder/CMakeCache.txt" || return

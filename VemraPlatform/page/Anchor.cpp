@@ -20,8 +20,8 @@ Anchor::Anchor(Reason reason, const WindowedTree& tree, const Frames& frames,
     point.node = leaf.id;
     point.top = frame.y - viewport.position;
     point.height = frame.height;
-    if (point.top >= 0 || !(point.part = metrics.partAt(leaf, -point.top))) return;
-    point.topOfPart = point.top + metrics.topOfPart(leaf, *point.part).value_or(0);
+    if (point.top < 0) point.part = metrics.partAt(leaf, -point.top);
+    if (point.part) point.topOfPart = point.top + metrics.topOfPart(leaf, *point.part).value_or(0);
   };
   if (focused) add(*focused);
   if (tree.root()) {
