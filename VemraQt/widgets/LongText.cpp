@@ -16,17 +16,20 @@ LongText::LongText(QString text, const QFont& font, int width)
   lineHeight_ = known_.front().lines->top(1);
 }
 
-/// The lines that certainly end before `limit`, where a line begins anyhow.
+/// The lines that certainly end before `limit`, where a line begins in any case.
 LongText::Part LongText::partFrom(qsizetype start, int top, qsizetype limit) const {
   Part part;
   part.start = start;
   part.top = top;
+  part.limit = limit;
   for (qsizetype units = unitsAtOnce;; units *= 2) {
     const Stretch stretch = stretchFrom(QStringView(text_).left(limit), start, units);
     part.lines = std::make_shared<TextLines>(text_, start, stretch.end, breaking_);
     const int count = part.lines->count();
     if (!stretch.endsLine && count < 2) continue;  // a very wide page
-    const int whole = stretch.endsLine ? count : count - 1;
+    // Behind a line break, a layout makes a line for the text that follows.
+    const bool emptyLast = stretch.end < text_.size() && endsWithLineBreak(text_, stretch.end);
+    const int whole = stretch.endsLine && !emptyLast ? count : count - 1;
     part.end = stretch.endsLine ? stretch.end : part.lines->start(whole);
     part.height = part.lines->top(whole);
     for (int i = 0; i < whole; ++i) {
@@ -38,7 +41,7 @@ LongText::Part LongText::partFrom(qsizetype start, int top, qsizetype limit) con
 }
 
 TextLines& LongText::keepLines(Part& part) const {
-  if (!part.lines) part.lines = partFrom(part.start, part.top, text_.size()).lines;
+  if (!part.lines) part.lines = partFrom(part.start, part.top, part.limit).lines;
   return *part.lines;
 }
 
@@ -116,6 +119,9 @@ bool LongText::layOut(int top, int bottom) {
   bottom = std::min(bottom, size().height());
   top = std::max(0, std::min(top, bottom - 1));
   const int near = 2 * (bottom - top);
+  // Provisional lines move the place of the text at `top`, and the client has to follow them before
+  // others can begin there.
+  bool moved = false;
   while (bottom > knownBottom() && !isSettled()) {
     const bool reaches = !provisional_.empty() && bottom > provisional_.front().top - near &&
                          top < provisional_.back().bottom() + near;
@@ -123,8 +129,10 @@ bool LongText::layOut(int top, int bottom) {
     if (top < knownBottom() + near && (top < gapEnd || !reaches)) {
       extendKnown();
     } else if (!reaches) {
+      if (std::exchange(moved, true)) break;
       beginProvisional(offsetAt(top));
     } else if (top < provisional_.front().top) {
+      moved = true;
       prependProvisional();
     } else if (bottom > provisional_.back().bottom() && provisional_.back().end < text_.size()) {
       appendProvisional();
@@ -169,11 +177,13 @@ void LongText::prependProvisional() {
 
 /// Glyphs take far more memory than the text.
 void LongText::keepLinesNear(int top, int bottom) {
-  for (Part& part : known_) {
-    if (part.bottom() < top || part.top > bottom) {
-      part.lines.reset();
-    } else {
-      keepLines(part);
+  for (std::vector<Part>* const parts : {&known_, &provisional_}) {
+    for (Part& part : *parts) {
+      if (part.bottom() < top || part.top > bottom) {
+        part.lines.reset();
+      } else {
+        keepLines(part);
+      }
     }
   }
 }

@@ -49,8 +49,9 @@ class LongText {
   /// Whether all lines are known, so that nothing is estimated.
   bool isSettled() const { return known_.back().end == text_.size(); }
 
-  /// Makes sure that the lines from `top` to `bottom` are laid out. Returns whether the height of
-  /// the text or the place of a line has changed.
+  /// Lays out the lines from `top` to `bottom`. Returns whether the height of the text or the place
+  /// of a line has changed: then the text in view may be elsewhere now (`topOf`), and the client
+  /// calls again with its new place.
   bool layOut(int top, int bottom);
   /// Lays out the parts that are not known, in order: one, and more until the deadline. What it
   /// finds changes nothing before `adopt`. Returns whether all is found.
@@ -80,6 +81,7 @@ class LongText {
  private:
   struct Part {
     qsizetype start = 0, end = 0;  ///< the units of its whole lines
+    qsizetype limit = 0;           ///< the lines are those of the text before this unit
     int top = 0, height = 0, widest = 0;
     std::shared_ptr<TextLines> lines = nullptr;  ///< null: only the numbers are known
     int bottom() const { return top + height; }

@@ -10,6 +10,12 @@ namespace {
 /// How far a search for a blank or for a letter goes.
 constexpr qsizetype farthestSearch = endlessWord;
 
+/// The mandatory breaks of Unicode Standard Annex #14.
+bool isLineBreak(QChar c) {
+  const char16_t u = c.unicode();
+  return (u >= 0x0A && u <= 0x0D) || u == 0x85 || u == 0x2028 || u == 0x2029;
+}
+
 bool continuesCharacter(QChar c) {
   return c.isMark() || c == QChar(0x200D);  // ZERO WIDTH JOINER
 }
@@ -49,7 +55,7 @@ QChar inDirectionOf(QChar mark, bool rightToLeft) {
   return mark == (rightToLeft ? rightToLeftMark : leftToRightMark) ? QChar() : mark;
 }
 
-/// Whether a line may begin right before `place`.
+/// Whether a line may begin right before `place`, behind a blank; never between \r and \n.
 bool beginsWord(QStringView text, qsizetype place) {
   if (text[place - 1] == u'\r' && text[place] == u'\n') return false;
   return text[place - 1].isSpace() && !continuesCharacter(text[place]);
@@ -58,19 +64,19 @@ bool beginsWord(QStringView text, qsizetype place) {
 }  // namespace
 
 QString withLineSeparators(const QString& text) {
-  // The mandatory breaks of Unicode Standard Annex #14.
-  const auto breaks = [](QChar c) {
-    const char16_t u = c.unicode();
-    return (u >= 0x0A && u <= 0x0D) || u == 0x85 || u == 0x2029;
-  };
-  if (std::none_of(text.begin(), text.end(), breaks)) return text;
+  if (std::none_of(text.begin(), text.end(), isLineBreak)) return text;
   QString lines;
   lines.reserve(text.size());
   for (qsizetype i = 0; i < text.size(); ++i) {
     if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') continue;
-    lines += breaks(text[i]) ? QChar(QChar::LineSeparator) : text[i];
+    lines += isLineBreak(text[i]) ? QChar(QChar::LineSeparator) : text[i];
   }
   return lines;
+}
+
+bool endsWithLineBreak(QStringView text, qsizetype end) {
+  if (end <= 0 || !isLineBreak(text[end - 1])) return false;
+  return text[end - 1] != u'\r' || end == text.size() || text[end] != u'\n';
 }
 
 bool hasEndlessWord(QStringView text) {
@@ -103,11 +109,7 @@ qsizetype lineStartBefore(QStringView text, qsizetype at) {
   if (at >= text.size()) at = text.size() - 1;
   qsizetype word = 0;
   for (qsizetype i = at; i > 0 && i > at - farthestSearch; --i) {
-    const char16_t before = text[i - 1].unicode();
-    const bool inBreak = before == u'\r' && text[i] == u'\n';
-    if (!inBreak && (before == u'\n' || before == u'\r' || before == 0x2028 || before == 0x2029)) {
-      return i;
-    }
+    if (endsWithLineBreak(text, i)) return i;
     if (word == 0 && beginsWord(text, i)) word = i;
   }
   return word > 0 ? word : betweenCharacters(text, 0, at);

@@ -21,6 +21,9 @@ constexpr qsizetype endlessWord = 2000;
 /// The text with U+2028 for every line break: a text layout breaks lines only there.
 QString withLineSeparators(const QString& text);
 
+/// Whether a line break ends right before `end`; not between the two characters of one.
+bool endsWithLineBreak(QStringView text, qsizetype end);
+
 /// Whether a run of `endlessWord` or more units has no blank. It skips most of the text: the cost
 /// is that of a few units in each `endlessWord`.
 bool hasEndlessWord(QStringView text);

@@ -60,3 +60,9 @@ TEST(LongTextWork, ALongerTextLaysOutNoMoreCharacters) {
     EXPECT_LT(tenTimes[2], 60'000) << words;
   }
 }
+
+TEST(LongTextWork, AJumpInAnUnevenTextLaysOutNoMoreThanTheView) {
+  const std::string paragraph = repeated("design lead ", 250) + "\n";
+  const auto counts = charactersOf(repeated("a\n", 12'000) + repeated(paragraph, 60));
+  EXPECT_LT(counts[2], 60'000);
+}
