@@ -80,8 +80,7 @@ void Page::remeasure(ui::NodeID leaf) {
   if (!node) return;
   remeasured_ = true;
   if (!filling_ && (!pass_ || !pass_->anchor)) {
-    const bool isAtEnd = maximum_ > 0 && position_ == maximum_;
-    beginPass(isAtEnd ? Anchor::Reason::scrolledToEnd : Anchor::Reason::resized);
+    beginPassAtRest();
   }
   tree_.invalidate(*node);
   if (!filling_) settle();
@@ -114,8 +113,15 @@ void Page::beginPass(Anchor::Reason reason) {
   pass_ = std::move(pass);
 }
 
+/// Begins a pass in which only sizes change: the elements in view stay in place, and the page's end
+/// if the page is there.
+void Page::beginPassAtRest() {
+  const bool isAtEnd = maximum_ > 0 && position_ == maximum_;
+  beginPass(isAtEnd ? Anchor::Reason::scrolledToEnd : Anchor::Reason::resized);
+}
+
 void Page::settle() {
-  if (!pass_) pass_ = Pass{};
+  if (!pass_) beginPassAtRest();
   if (!host_.isShown() || filling_) return;
   if (!fill()) return;
   host_.placed();

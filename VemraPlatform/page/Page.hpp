@@ -125,6 +125,7 @@ class VEMRA_EXPORT Page final : public ui::Renderer, private RowSupply {
   };
 
   void beginPass(Anchor::Reason reason);
+  void beginPassAtRest();
   void takeEnvironment(const ui::Environment& environment);
   bool fill();
   bool layOutParts();

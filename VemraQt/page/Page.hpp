@@ -87,6 +87,8 @@ class Page final : public EventSink, private page::PageHost {
   QRect rowFrameOnPage(const page::Node& list, std::size_t index) const;
   int contentHeight() const { return page_.contentHeight(); }
   int scrollPosition() const { return page_.viewport().position; }
+  /// Whether the page lays out texts away from the view when no other event waits.
+  bool isLayingOutTexts() const { return idle_.isActive(); }
   std::size_t widgetCount() const { return pool_.size(); }
 
  private:

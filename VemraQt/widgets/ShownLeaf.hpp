@@ -13,9 +13,10 @@ class ElementWidget;
 /// The data that the window keeps for a text or a control, apart from its place in the tree.
 struct ShownLeaf {
   TextShape shape;                      ///< the text in lines, broken for the measured width
+  TextShape otherWidth;                 ///< a long text in the lines of the width before
   ElementWidget* widget = nullptr;      ///< shows the element while that is near the viewport
   bool stale = true;                    ///< the widget does not show the measured element yet
-  std::optional<ui::Element> longText;  ///< the element whose text `shape` has, if it is long
+  std::optional<ui::Element> longText;  ///< the element whose text both have, if it is long
 };
 
 /// One `ShownLeaf` for every leaf that has been measured.

@@ -5,6 +5,7 @@
 #include "VemraQt/widgets/LongText.hpp"
 
 #include <algorithm>
+#include <utility>
 
 #include <QFontMetrics>
 #include <QStyle>
@@ -41,15 +42,26 @@ bool haveSameLabel(const ui::Element& a, const ui::Element& b) {
   return one.size() == other.size() && (one.data() == other.data() || one == other);
 }
 
-/// Breaks the label of a text or button into lines. What is laid out of a long text stays, while
-/// the text, its font and its width are the same.
+bool isBrokenFor(const TextShape& shape, const QFont& font, int width) {
+  const LongText* const parts = shape.parts();
+  return parts && parts->width() == std::max(1, width) && parts->font() == font;
+}
+
+/// Breaks the label of a text or button into lines. What is laid out of a long text stays while the
+/// text and its font are the same, for two widths: a row of elements may measure a leaf alone and
+/// then in the room that is left.
 void breakLines(const page::Node& leaf, ShownLeaf& shown, const QFont& font, int width) {
-  LongText* const parts = shown.shape.parts();
-  if (parts && parts->width() == std::max(1, width) && parts->font() == font &&
-      haveSameLabel(*shown.longText, leaf.element)) {
-    parts->adopt();
+  if (shown.shape.parts() && haveSameLabel(*shown.longText, leaf.element)) {
+    shown.longText = leaf.element;
+    if (!isBrokenFor(shown.shape, font, width)) std::swap(shown.shape, shown.otherWidth);
+    if (isBrokenFor(shown.shape, font, width)) {
+      shown.shape.parts()->adopt();
+      return;
+    }
+    shown.shape = TextShape::ofAnyLength(shown.otherWidth.parts()->text(), font, width);
     return;
   }
+  shown.otherWidth = {};
   shown.shape = TextShape::ofAnyLength(toQString(leaf.element.shownLabel()), font, width);
   shown.longText.reset();
   if (shown.shape.parts()) shown.longText = leaf.element;

@@ -5,6 +5,8 @@
 #include "VemraQt/widgets/LongText.hpp"
 #include "tests/VemraQt/ShownPage.hpp"
 
+#include <memory>
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QLabel>
@@ -14,6 +16,27 @@ using namespace vemra;
 using namespace vemra::qttest;
 
 namespace {
+
+std::string shortLines(int count) {
+  std::string text;
+  for (int i = 0; i < count; ++i) text += "a line\n";
+  return text;
+}
+
+/// Each line is longer than the one before, so that every estimate of the height is wrong.
+std::string growingLines() {
+  std::string text;
+  for (std::size_t i = 0; i < 3'000; ++i) text += std::string(i / 8, 'x') + "\n";
+  return text;
+}
+
+/// Short lines, then long paragraphs: the mean height of the beginning misleads.
+std::string unevenText() {
+  std::string text;
+  for (int i = 0; i < 12'000; ++i) text += "a\n";
+  for (int i = 0; i < 60 * 250; ++i) text += i % 250 == 249 ? "design lead \n" : "design lead ";
+  return text;
+}
 
 std::string words(std::size_t count) {
   std::string text;
@@ -87,6 +110,17 @@ TEST_F(LongTextPage, ScrollingMovesTheTextByEachStep) {
   }
 }
 
+TEST_F(LongTextPage, AJumpInAnUnevenTextEndsAndEachStepUpMovesTheText) {
+  show(unevenText());
+  bar().setValue(bar().maximum() / 2);
+  for (int i = 0; i < 200; ++i) {
+    const qsizetype offset = text().offsetAt(page().scrollPosition() + 100);
+    const int before = seenAt(offset);
+    bar().setValue(bar().value() - 53);
+    ASSERT_EQ(seenAt(offset), before + 53) << "step " << i;
+  }
+}
+
 TEST_F(LongTextPage, AJumpToTheEndShowsTheEndOfTheText) {
   show(words(60'000));
   bar().setValue(bar().maximum());
@@ -127,4 +161,67 @@ TEST_F(LongTextPage, AShortTextInItsPlaceHasNoParts) {
   page::forEachLeaf(*page().tree().root(), [&](const page::Node& each) {
     EXPECT_FALSE(page().shown(each).shape.parts());
   });
+}
+
+TEST_F(LongTextPage, NothingRunsInIdleTimeWhenAllIsLaidOut) {
+  show(words(30'000));
+  EXPECT_TRUE(page().isLayingOutTexts());
+  settle();
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(page().isLayingOutTexts());
+}
+
+TEST_F(LongTextPage, ATextThatIsMeasuredForTwoWidthsIsLaidOutOnce) {
+  std::string note;
+  widget.setRoot(ui::HStack(
+      ui::VerticalAlignment::top, 8,
+      {ui::VStack(ui::HorizontalAlignment::leading, 8,
+                  {ui::TextField("Note", ui::Binding<std::string>(
+                                             [&] { return note; },
+                                             [&](const std::string& text) { note = text; })),
+                   ui::Text(ui::verbatim(shortLines(6'000)))}),
+       ui::Button("Button", [] {})}));
+  settle();
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(page().isLayingOutTexts());
+}
+
+TEST_F(LongTextPage, AHiddenPageLaysOutNothingAndGoesOnWhenItIsShown) {
+  show(words(60'000));
+  widget.hide();
+  const std::int64_t before = qt::TextLines::unitsLaidOut();
+  for (QElapsedTimer time; !time.isValid() || time.elapsed() < 50;) {
+    if (!time.isValid()) time.start();
+    QCoreApplication::processEvents();
+  }
+  EXPECT_EQ(qt::TextLines::unitsLaidOut(), before);
+  EXPECT_FALSE(page().isLayingOutTexts());
+  widget.show();
+  settle();
+}
+
+TEST_F(LongTextPage, TheCharacterInViewStaysWhileThePageIsHidden) {
+  show(growingLines());
+  bar().setValue(bar().maximum() / 2);
+  const qsizetype offset = place().first;
+  const int before = seenAt(offset);
+  for (int turn = 0; turn < 10; ++turn) QCoreApplication::processEvents();
+  ASSERT_FALSE(text().isSettled());
+  widget.hide();
+  widget.show();
+  EXPECT_NEAR(seenAt(offset), before, text().lineHeight());
+}
+
+TEST_F(LongTextPage, AChangedButtonWithAnEqualLongTitleKeepsNoEarlierAction) {
+  const std::string title = words(30'000);
+  const auto showButton = [&](bool disabled, std::shared_ptr<int> captured) {
+    widget.setRoot(
+        ui::Button(ui::verbatim(title), [captured = std::move(captured)] {}).disabled(disabled));
+  };
+  auto first = std::make_shared<int>();
+  const std::weak_ptr<int> watched = first;
+  showButton(false, std::move(first));
+  EXPECT_FALSE(watched.expired());
+  showButton(true, std::make_shared<int>());
+  EXPECT_TRUE(watched.expired());
 }
