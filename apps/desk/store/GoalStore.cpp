@@ -177,6 +177,13 @@ std::vector<std::optional<std::string>> GoalStore::names(
   return readNames(database_, find(goalID).value_or(0), personRefs);
 }
 
+std::vector<std::string> GoalStore::storedOutcomes(const std::string& goalID,
+                                                   const std::vector<std::string>& outcomeIDs) {
+  const Work work(database_, schema_, reading);
+  const std::optional<std::int64_t> goal = find(goalID);
+  return goal ? recordedAmong(database_, *goal, outcomeIDs) : std::vector<std::string>();
+}
+
 std::int64_t GoalStore::version() {
   database_.confirmPlace();
   return database_.version();

@@ -74,6 +74,11 @@ class GoalStore {
   /// The outcomes recorded for a goal, oldest first. Throws `UnknownGoal`.
   SharedArray<GoalOutcomeDTO> outcomes(const std::string& goalID);
 
+  /// Those of these ids that recorded outcomes of the goal have, in their order; none for an unknown
+  /// goal. Reads no other outcome.
+  std::vector<std::string> storedOutcomes(const std::string& goalID,
+                                          const std::vector<std::string>& outcomeIDs);
+
   /// Stores results one after the other, all or none. Refuses a result with a `ResultFault`.
   ///
   /// A result of a known goal replaces the goal's result. The recorded outcomes stay, and the

@@ -114,6 +114,18 @@ std::vector<std::size_t> mergeOutcomes(Database& database, std::int64_t goal,
   return leftOut;
 }
 
+std::vector<std::string> recordedAmong(Database& database, std::int64_t goal,
+                                       const std::vector<std::string>& outcomeIDs) {
+  Statement row(database, "SELECT number FROM outcomes WHERE id = ?1 AND goal = ?2",
+                {"outcomes", 1});
+  std::vector<std::string> recorded;
+  for (const std::string& id : outcomeIDs) {
+    row.query(id, goal);
+    if (row.next()) recorded.push_back(id);
+  }
+  return recorded;
+}
+
 std::optional<GoalOutcomeDTO> recordedBefore(Database& database, std::int64_t goal,
                                              const GoalOutcomeDTO& outcome) {
   Statement row(

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <string>
 #include <vector>
 
 /// \file
@@ -63,6 +64,10 @@ class OutcomeInsertion {
 /// - Returns: the indices of the document's outcomes that were skipped because they differ.
 std::vector<std::size_t> mergeOutcomes(Database& database, std::int64_t goal,
                                        const SharedArray<GoalOutcomeDTO>& outcomes);
+
+/// Those of these ids that recorded outcomes of the goal have, in their order.
+std::vector<std::string> recordedAmong(Database& database, std::int64_t goal,
+                                       const std::vector<std::string>& outcomeIDs);
 
 /// Finds the record that an earlier try to record an outcome has left.
 ///

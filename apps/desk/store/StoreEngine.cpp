@@ -60,6 +60,14 @@ task::Task<GetGoalSnapshotResponse> StoreEngine::wholeResult(std::string goalID)
       thread_, [goalID = std::move(goalID)](GoalStore& store) { return store.result(goalID); });
 }
 
+task::Task<std::vector<std::string>> StoreEngine::storedOutcomes(
+    std::string goalID, std::vector<std::string> outcomeIDs) {
+  return withStore<std::vector<std::string>>(
+      thread_, [goalID = std::move(goalID), outcomeIDs = std::move(outcomeIDs)](GoalStore& store) {
+        return store.storedOutcomes(goalID, outcomeIDs);
+      });
+}
+
 task::Task<GoalOutcomeDTO> StoreEngine::record(std::string goalID, GoalOutcomeRecordingInput input,
                                                std::optional<std::uint64_t> storeNumber,
                                                std::string outcomeID) {

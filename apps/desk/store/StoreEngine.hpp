@@ -51,6 +51,10 @@ class StoreEngine final : public GoalToolExecutor {
   /// Answers with all outcomes (`GoalStore::result`), for an export.
   task::Task<GetGoalSnapshotResponse> wholeResult(std::string goalID);
 
+  /// Those of these ids that the store has outcomes of the goal with (`GoalStore::storedOutcomes`).
+  task::Task<std::vector<std::string>> storedOutcomes(std::string goalID,
+                                                      std::vector<std::string> outcomeIDs);
+
   /// Records an outcome from the screen and returns the record.
   ///
   /// - Parameter storeNumber: the store that the screen shows. When another store has replaced it

@@ -53,10 +53,9 @@ std::optional<OutcomeJournal> journalOf(const StoreEngine& engine) {
 
 DeskController::DeskController(std::shared_ptr<StoreEngine> engine, DeskDisplay& display)
     : engine_(std::move(engine)), display_(display), waiting_(engine_, journalOf(*engine_)) {
-  connect(&waiting_, &WaitingOutcomes::changed, this,
-          [this] { display_.showWaiting(waiting_.notes()); });
+  connect(&waiting_, &WaitingOutcomes::changed, this, &DeskController::showWaiting);
   connect(&waiting_, &WaitingOutcomes::recorded, this, [this](const std::string& id) {
-    announcedOutcomes_.emplace(id, true);
+    ownOutcomes_.emplace(id, true);
     display_.noteStored(id);
     if (goalID_) loadGoal();
     if (refreshDetails_) refreshDetails_();
@@ -140,7 +139,7 @@ void DeskController::takeGoal(const std::string& goalID, std::uint64_t store,
   const bool isSameGoal = before && before->id == goalID && before->store == store;
   if (isNews && isSameGoal && display_.isHeard()) {  // a comparison of all people
     announce(newsOf(before->snapshot, shown_->snapshot));
-    announce(newsOfOutcomes(before->snapshot, shown_->snapshot, announcedOutcomes_));
+    announce(newsOfOutcomes(before->snapshot, shown_->snapshot, ownOutcomes_));
   }
 }
 
@@ -149,26 +148,30 @@ void DeskController::announce(const QString& news) {
 }
 
 void DeskController::announceStored(const std::string& goalID,
-                                    std::vector<std::string> outcomeIDs) {
-  for (const std::string& id : outcomeIDs) announcedOutcomes_.emplace(id, true);
+                                    const std::vector<std::string>& outcomeIDs) {
+  for (const std::string& id : outcomeIDs) ownOutcomes_.emplace(id, true);
   if (!display_.isHeard()) return;
-  const auto take = [this, ids = std::move(outcomeIDs)](auto result) {
+  const auto take = [this](auto result) {
     if (!result.hasValue()) return;  // reading the store fails with a message of its own
-    const GetGoalSnapshotResponse whole = std::move(result).take();
-    OutcomeIDs stored;
-    for (const GoalOutcomeDTO& outcome : whole.outcomes) stored.emplace(outcome.id, true);
-    for (const std::string& id : ids) {
-      if (stored.contains(id)) display_.noteStored(id);  // otherwise it was discarded
-    }
+    // The others were discarded.
+    for (const std::string& id : std::move(result).take()) display_.noteStored(id);
   };
-  qt::startOnMainThread(*this, engine_->wholeResult(goalID), take);
+  qt::startOnMainThread(*this, engine_->storedOutcomes(goalID, outcomeIDs), take);
 }
 
 void DeskController::record(const LoadedGoal& goal, const GoalOutcomeRecordingInput& input) {
   const QString subject = subjectName(goal.snapshot, input.subjectKind(), input.subjectRef());
-  waiting_.add({newOutcomeID(), engine_->storeMark(goal.store), now(), goal.id,
-                goal.snapshot.goal().title, subject.toStdString(), input},
+  const std::string id = newOutcomeID();
+  ownOutcomes_.emplace(id, true);
+  waiting_.add({id, engine_->storeMark(goal.store), now(), goal.id, goal.snapshot.goal().title,
+                subject.toStdString(), input},
                goal.store);
+}
+
+void DeskController::showWaiting() {
+  const std::vector<WaitingNote> notes = waiting_.notes();
+  for (const WaitingNote& note : notes) ownOutcomes_.emplace(note.id, true);
+  display_.showWaiting(notes);
 }
 
 std::vector<WaitingNote> DeskController::waiting() {

@@ -71,7 +71,8 @@ class DeskController : public QObject {
   void announce(const QString& news);
   /// Announces which of these outcomes are in the store, after another program has taken them out of
   /// the journal.
-  void announceStored(const std::string& goalID, std::vector<std::string> outcomeIDs);
+  void announceStored(const std::string& goalID, const std::vector<std::string>& outcomeIDs);
+  void showWaiting();
   void lookForChanges();
   void takeVersion(task::Result<std::int64_t> result);
 
@@ -90,7 +91,7 @@ class DeskController : public QObject {
   std::optional<std::string> goalID_;     // of the open goal
   std::vector<GoalListing> goals_;        // as shown last
   std::optional<LoadedGoal> shown_;       // as shown last
-  OutcomeIDs announcedOutcomes_;          // recorded here, or announced as stored
+  OutcomeIDs ownOutcomes_;                // saved, or waiting, in this window; also discarded ones
   bool hasNewGoals_ = false;              // the next list may have news of another program
   bool hasNewResult_ = false;             // so may the next result
   std::uint64_t detailsRequest_ = 0;      // the last look-up

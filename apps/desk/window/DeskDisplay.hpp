@@ -43,7 +43,7 @@ class DeskDisplay {
   virtual void showWaiting(const std::vector<WaitingNote>& waiting) = 0;
 
   /// The outcome with that id is stored, by this program or by another one that shares the journal.
-  /// It has ended to wait, or `showWaiting` without it follows.
+  /// It no longer waits, or `showWaiting` without it follows.
   virtual void noteStored(const std::string& id) = 0;
   /// Whether assistive technology reads the display now. Without it, nothing has to be announced.
   virtual bool isHeard() const = 0;

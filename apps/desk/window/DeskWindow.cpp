@@ -111,7 +111,7 @@ void DeskWindow::use(StoreOpening opening, std::optional<std::string> goalID) {
   find_->screenChanged();
   setWindowTitle("Vemra Desk");
   notice_->hide();
-  waiting_->setWaiting({});
+  isSameFile ? waiting_->setWaiting({}) : waiting_->forget();
   readOnly_->hide();
   side_->hide();
   delete importing_;

@@ -49,16 +49,23 @@ FindBar::FindBar(QWidget* parent)
     button->setAutoDefault(true);  // otherwise Return presses it on some desktops only
     connect(button, &QPushButton::clicked, this, wanted);
     buttons_->addWidget(button);
+    return button;
   };
-  add(localized("Previous"), "desk.find.previous", &FindBar::previousWanted);
-  add(localized("Next"), "desk.find.next", &FindBar::nextWanted);
-  add(localized("Go there"), "desk.find.go", &FindBar::hitWanted);
+  ofHit_.push_back(add(localized("Previous"), "desk.find.previous", &FindBar::previousWanted));
+  ofHit_.push_back(add(localized("Next"), "desk.find.next", &FindBar::nextWanted));
+  ofHit_.push_back(add(localized("Go there"), "desk.find.go", &FindBar::hitWanted));
   add(localized("Close"), "desk.find.close", &FindBar::closeWanted);
-  connect(field_, &QLineEdit::textChanged, this, &FindBar::textChanged);
+  setHasHit(false);
+  connect(field_, &QLineEdit::textChanged, this, [this](const QString& text) {
+    expectNews();
+    Q_EMIT textChanged(text);
+  });
   settled_.setSingleShot(true);
   settled_.setInterval(millisecondsUntilSettled);
   connect(&settled_, &QTimer::timeout, this, [this] {
-    if (isVisible()) announcement_->announce(news_);
+    if (!isVisible()) return;
+    announced_ = news_;
+    announcement_->announce(news_);
   });
   hide();
 }
@@ -77,7 +84,14 @@ void FindBar::setResult(const QString& result, const QString& news) {
   result_->setText(result);
   field_->setAccessibleDescription(result);
   news_ = news;
-  news.isEmpty() ? settled_.stop() : settled_.start();
+  news.isEmpty() || news == announced_ ? settled_.stop() : settled_.start();
+}
+
+void FindBar::setHasHit(bool hasHit) {
+  for (QPushButton* button : ofHit_) {
+    if (!hasHit && button->hasFocus()) field_->setFocus();
+    button->setEnabled(hasHit);
+  }
 }
 
 void FindBar::changeEvent(QEvent* event) {

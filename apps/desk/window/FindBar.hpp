@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include <QFrame>
 #include <QString>
 #include <QTimer>
@@ -7,6 +9,7 @@
 class QBoxLayout;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 
 namespace vemra::desk {
 
@@ -27,8 +30,14 @@ class FindBar : public QFrame {
   /// A line such as "3 of 17"; assistive technology reads it with the field.
   ///
   /// - Parameter news: announced when no other result follows within a moment, so that a person who
-  ///   types hears the result of the whole text; "" announces nothing.
+  ///   types hears the result of the whole text, and when it differs from the news before; ""
+  ///   announces nothing.
   void setResult(const QString& result, const QString& news);
+  /// The next result is news, also in the words of the one before: the person has asked for it.
+  void expectNews() { announced_.clear(); }
+  /// Enables the buttons that need a hit. When one of them loses its use and has the focus, the
+  /// field gets it.
+  void setHasHit(bool hasHit);
 
  Q_SIGNALS:
   void textChanged(const QString& text);
@@ -50,9 +59,11 @@ class FindBar : public QFrame {
   QLabel* result_;
   Announcement* announcement_;
   QString news_;
-  QTimer settled_;  ///< runs since the last result
+  QString announced_;  ///< the news before, for the same text and the same hit
+  QTimer settled_;     ///< runs since the last result
   QBoxLayout* content_;
   WrappingRow* buttons_;
+  std::vector<QPushButton*> ofHit_;  ///< the buttons that need a hit
 };
 
 }  // namespace vemra::desk

@@ -59,9 +59,12 @@ void FindPeople::open() {
     origin_ = Origin{goal->id, qt::readingPlace(screens_.current()), focus};
     row_ = qt::rowAtTop(screens_.current(), list()).value_or(0);
     bar_->open();
+    bar_->expectNews();
     search(row_);
   } else {
     bar_->open();
+    bar_->expectNews();
+    showResult();
   }
 }
 
@@ -84,6 +87,7 @@ void FindPeople::step(int by) {
   }
   const std::size_t count = search_.hits().size();
   if (!hit_ || !hasScreen()) return;
+  bar_->expectNews();
   if (by > 0 && *hit_ + 1 < count) {
     show(*hit_ + 1);
   } else if (by < 0 && *hit_ > 0) {
@@ -104,6 +108,9 @@ void FindPeople::show(std::size_t hit) {
 }
 
 void FindPeople::showResult() {
+  // During a search the buttons stay as they are: each change of the store starts one.
+  const bool isSearching = !bar_->text().isEmpty() && !search_.isDone();
+  if (hit_ || !isSearching) bar_->setHasHit(hit_.has_value());
   if (bar_->text().isEmpty()) {
     bar_->setResult({}, {});
   } else if (!search_.isDone()) {
@@ -112,8 +119,9 @@ void FindPeople::showResult() {
     const QString nothing = localized("Not found");
     bar_->setResult(nothing, nothing);
   } else {
-    const QString place = localized("%1 of %2").arg(localizedNumber(search_.position(*hit_)),
-                                                    localizedNumber(search_.hits().size()));
+    const QString place =
+        localized("%1 of %2")
+            .arg(localizedNumber(search_.position(*hit_)), localizedNumber(search_.hits().size()));
     bar_->setResult(place, localized("%1: %2").arg(place, nameOfHit()));
   }
 }

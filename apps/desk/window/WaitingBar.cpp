@@ -72,4 +72,9 @@ void WaitingBar::setWaiting(const std::vector<WaitingNote>& waiting) {
   }
 }
 
+void WaitingBar::forget() {
+  news_.forget();
+  dismiss();
+}
+
 }  // namespace vemra::desk

@@ -18,6 +18,8 @@ class WaitingBar : public MessageFrame {
   explicit WaitingBar(QWidget* parent = nullptr);
 
   void setWaiting(const std::vector<WaitingNote>& waiting);
+  /// Hides the bar, and forgets what it has announced, because the window opens another store.
+  void forget();
   /// The sentence for assistive technology when that outcome is stored; "" when the bar has not
   /// shown it, or for the second time.
   QString newsOfStored(const std::string& id) { return news_.ofStored(id); }

@@ -26,6 +26,11 @@ QString WaitingNews::of(const std::vector<WaitingNote>& waiting) {
   return (outcomes + reasons).join('\n');
 }
 
+void WaitingNews::forget() {
+  announced_.clear();
+  reasons_.clear();
+}
+
 QString WaitingNews::ofStored(const std::string& id) {
   const auto announced = announced_.find(id);
   if (announced == announced_.end()) return {};

@@ -22,8 +22,10 @@ class WaitingNews {
   QString of(const std::vector<WaitingNote>& waiting);
   /// The reasons are news again at the next failure, because the user has asked for another try.
   void expectReasons() { reasons_.clear(); }
-  /// The news that an outcome is stored; "" when it was not announced as waiting. It may have ended
-  /// to wait some time before: another program may have stored it.
+  /// Everything is news again, because the window opens another store.
+  void forget();
+  /// The news that an outcome is stored; "" when it was not announced as waiting. It may be some
+  /// time since it waited: another program may have stored it.
   QString ofStored(const std::string& id);
 
  private:

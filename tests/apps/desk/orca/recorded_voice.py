@@ -64,7 +64,7 @@ class SpeechServer(speechserver.SpeechServer):
     def is_responsive(self, timeout=2.0):
         return True
 
-    # Orca 43 has other names for some of them, and Orca 48 for a few.
+    # The names that Orca 43 calls; Orca 48 still calls a few of them.
     getFactoryName = get_factory_name
     getSpeechServers = get_speech_servers
     getSpeechServer = get_speech_server

@@ -245,7 +245,11 @@ def main():
         print("skipped: Orca is not installed (docs/testing.md)")
         return SKIPPED
     words = subprocess.run(["orca", "--version"], capture_output=True, text=True).stdout
-    version = re.search(r"\d+", words).group()
+    found = re.search(r"\d+", words)
+    if not found:
+        print("skipped: Orca names no version (orca --version)")
+        return SKIPPED
+    version = found.group()
     transcript = os.path.join(HERE, f"transcript-{version}.txt")
     Atspi.init()
     heard = heard_in_a_visit(sys.argv[1])

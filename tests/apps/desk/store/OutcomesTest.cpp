@@ -44,6 +44,16 @@ TEST_F(OutcomesTest, HaveTheGoalsIdAsTheStoreHasIt) {
   EXPECT_TRUE(composed.goalID == "e\u0301") << composed.goalID;
 }
 
+TEST_F(OutcomesTest, OfSomeIdsThoseAreStoredThatAnOutcomeOfTheGoalHas) {
+  store.import({goal("g2", "t")});
+  const GoalOutcomeRecordingInput input{GoalOutcomeSubjectKind::path, {}, {}, {}, {}};
+  for (const char* id : {"a", "b", "c"}) store.record("g1", input, id);
+  store.record("g2", input, "d");
+  EXPECT_EQ(store.storedOutcomes("g1", {"c", "x", "d", "a"}), (std::vector<std::string>{"c", "a"}));
+  EXPECT_TRUE(store.storedOutcomes("g1", {}).empty());
+  EXPECT_TRUE(store.storedOutcomes("unknown", {"a"}).empty());
+}
+
 TEST_F(OutcomesTest, KeepsNilNil) {
   store.record("g1", {GoalOutcomeSubjectKind::path, {}, GoalOutcomeValue::helped, {}, {}});
   const auto recorded = store.outcomes("g1")[0];

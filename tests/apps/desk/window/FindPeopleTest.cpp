@@ -88,6 +88,47 @@ TEST_F(FindPeopleTest, AnnouncesTheHitWhenThePersonHasTypedOrMovesOn) {
   EXPECT_TRUE(alerts.take().empty());
 }
 
+TEST_F(FindPeopleTest, AHitIsAnnouncedAgainOnlyWhenTheNewsDifferOrThePersonAsks) {
+  HeardAlerts alerts;
+  const auto hears = [&](const std::string& news) {
+    const bool isHeard = becomes([&] { return !alerts.heard.empty(); });
+    return isHeard && alerts.take() == std::vector<std::string>{news};
+  };
+  type("zo\u00eb 29");
+  ASSERT_TRUE(hears("1 of 1: Zo\u00eb 295"));
+  GoalStore::open(file).import({goal("g3", "Drei")});
+  ASSERT_NE(wait<QAbstractButton>("desk.goal.g3"), nullptr);
+  pass(1500);
+  EXPECT_TRUE(alerts.take().empty()) << "another program has changed something else";
+  pressKey(field(), Qt::Key_Return);
+  EXPECT_TRUE(hears("1 of 1: Zo\u00eb 295")) << "the person asks for the next one";
+  GoalStore::open(file).record("g1", {GoalOutcomeSubjectKind::person, "p200",
+                                      GoalOutcomeValue::helped, "as Zoe 29 asked", std::nullopt});
+  ASSERT_TRUE(results("2 of 2"));
+  EXPECT_TRUE(hears("2 of 2: Zo\u00eb 295"));
+}
+
+TEST_F(FindPeopleTest, WithoutAHitThereIsNothingToGoTo) {
+  const auto areEnabled = [&](bool expected) {
+    return becomes([&] {
+      for (const char* name : {"desk.find.previous", "desk.find.next", "desk.find.go"}) {
+        if (window->findChild<QPushButton*>(name)->isEnabled() != expected) return false;
+      }
+      return true;
+    });
+  };
+  type("");
+  EXPECT_TRUE(areEnabled(false));
+  field().setText("zoe");
+  EXPECT_TRUE(areEnabled(true));
+  auto* next = find<QPushButton>("desk.find.next");
+  next->setFocus();
+  field().setText("nobody");
+  EXPECT_TRUE(areEnabled(false));
+  EXPECT_TRUE(field().hasFocus()) << "a button without a use gives it back";
+  EXPECT_TRUE(find<QPushButton>("desk.find.close")->isEnabled());
+}
+
 TEST_F(FindPeopleTest, TheNumbersHaveTheDigitsOfTheUsersLocale) {
   const QLocale before;
   QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));

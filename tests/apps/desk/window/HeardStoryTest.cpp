@@ -118,6 +118,33 @@ TEST_F(HeardStoryTest, AnOutcomeThatAnotherProgramTakesOutOfTheJournalIsAnnounce
   EXPECT_THAT(alerts.take(), ElementsAre("Stored: “Was useful” for Ada (One)"));
 }
 
+TEST_F(HeardStoryTest, OutcomesThatAnotherProgramTakesOneAfterAnotherAreNeverItsOwn) {
+  patience = Patience(20);
+  open();
+  ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.start"), nullptr);
+  RawDatabase other(file);
+  other.run("BEGIN IMMEDIATE");
+  for (int i = 0; i < 3; ++i) record();
+  const OutcomeJournal journal(file, std::chrono::milliseconds(200));
+  ASSERT_TRUE(becomes([&] { return journal.read().size() == 3; }));
+  const std::vector<WaitingOutcome> waiting = journal.read();
+  pass(2500);  // the window tries again in a second
+  alerts.take();
+  other.run("ROLLBACK");
+  GoalStore store = GoalStore::open(file);
+  for (const WaitingOutcome& one : waiting) {
+    store.record(one.goalID, one.input, one.id, one.savedAt);
+  }
+  ASSERT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") == nullptr; }));
+  pass(1500);
+  std::string heard;
+  for (const std::string& one : alerts.take()) heard += one + '\n';
+  std::size_t stored = 0;
+  for (std::size_t at = 0; (at = heard.find("Stored: ", at)) != std::string::npos; ++at) ++stored;
+  EXPECT_EQ(stored, 3u) << heard;
+  EXPECT_EQ(heard.find("Recorded by another program"), std::string::npos) << heard;
+}
+
 TEST_F(HeardStoryTest, AnOutcomeThatAnotherProgramDiscardsIsNotAnnouncedAsStored) {
   patience = Patience(20);
   open();

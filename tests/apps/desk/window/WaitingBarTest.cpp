@@ -92,5 +92,13 @@ TEST(WaitingBarTest, TheStoringOfAnOutcomeIsNewsIfItWasShownAsWaiting) {
   EXPECT_EQ(bar.newsOfStored("1"), "") << "once";
 }
 
+TEST(WaitingBarTest, AnotherStoreBeginsWithoutTheNewsOfTheOneBefore) {
+  WaitingBar bar;
+  bar.setWaiting({noteOf("1", "Ada", "s: is locked")});
+  bar.forget();
+  EXPECT_TRUE(bar.isHidden());
+  EXPECT_EQ(bar.newsOfStored("1"), "") << "an outcome of the other store";
+}
+
 }  // namespace
 }  // namespace vemra::desk

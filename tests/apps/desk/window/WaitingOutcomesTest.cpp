@@ -512,6 +512,7 @@ TEST_F(WaitingOutcomesTest, WhileTheDiskOfTheStoreIsMissingNoOutcomeIsDiscarded)
 
 TEST_F(WaitingOutcomesTest, ASyncWithoutAJournalLeavesTheOutcomesMarked) {
   start();
+  engine->finish();  // it has opened the store, so it makes no new one where the store is missing
   RawDatabase other(file);
   ASSERT_EQ(other.run("BEGIN IMMEDIATE"), "");
   add("a");  // not on the disk yet
