@@ -31,7 +31,9 @@ TEST(ReturnKeyTest, PressesTheButtonsOfAnEmptyStore) {
 }
 
 TEST(ReturnKeyTest, PressesTheButtonsOfTheFindBar) {
-  expectReturnPresses(FindBar(), 4);
+  FindBar bar;
+  bar.setHasHit(true);
+  expectReturnPresses(bar, 4);
 }
 
 TEST(ReturnKeyTest, PressesTheWayToTheGoals) {
