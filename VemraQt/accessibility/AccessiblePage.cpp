@@ -4,11 +4,13 @@
 #include "VemraQt/atspi/LaterQt.hpp"
 #include "VemraQt/page/Page.hpp"
 
+#include <algorithm>
 #include <unordered_map>
 #include <utility>
 
 #include <QAbstractScrollArea>
 #include <QAccessibleWidget>
+#include <QAction>
 #include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
@@ -168,13 +170,20 @@ bool isFocusOnTheWay(const QAccessibleEvent& event) {
   return page->isFocusLeaving() || area.window()->focusWidget() != &area;
 }
 
-/// Whether the event reports the focus of a widget while a menu is open, which has the keyboard.
-/// Between two menus of a menu bar, Qt reports the focus of the widget behind them after that of the
-/// second menu.
+bool isOfMenuBar(const QMenu& menu) {
+  return std::ranges::any_of(menu.menuAction()->associatedObjects(), [](const QObject* object) {
+    return qobject_cast<const QMenuBar*>(object) != nullptr;
+  });
+}
+
+/// Whether the event reports the focus of a widget while a menu of a menu bar is open, which has the
+/// keyboard. Between two such menus, Qt reports the focus of the widget behind them after that of
+/// the second menu.
 bool isFocusBehindMenu(const QAccessibleEvent& event) {
   if (event.type() != QAccessible::Focus) return false;
   const auto* widget = qobject_cast<QWidget*>(event.object());
-  if (!widget || !qobject_cast<QMenu*>(QApplication::activePopupWidget())) return false;
+  const auto* menu = qobject_cast<const QMenu*>(QApplication::activePopupWidget());
+  if (!widget || !menu || !isOfMenuBar(*menu)) return false;
   return !qobject_cast<const QMenuBar*>(widget) && !qobject_cast<QMenu*>(widget->window());
 }
 

@@ -13,7 +13,7 @@
 
 namespace vemra::qt::atspi {
 
-/// Whether Qt itself publishes `Selection` on the bus.
+/// Whether Qt itself publishes `Selection` on the bus, and `selection-changed`.
 inline constexpr bool qtPublishesSelections = QT_VERSION >= QT_VERSION_CHECK(6, 5, 0);
 /// Whether Qt asks an object for its identifier.
 inline constexpr bool qtPublishesIdentifiers = QT_VERSION >= QT_VERSION_CHECK(6, 9, 0);

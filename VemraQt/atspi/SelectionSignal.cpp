@@ -2,6 +2,7 @@
 
 #include "VemraQt/atspi/BusReference.hpp"
 #include "VemraQt/atspi/IdentifierBus.hpp"
+#include "VemraQt/atspi/LaterQt.hpp"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -10,7 +11,7 @@
 namespace vemra::qt::atspi {
 
 void sendSelectionSignal(QAccessible::Id container) {
-  if (!areIdentifiersPublished()) return;
+  if (qtPublishesSelections || !areIdentifiersPublished()) return;
   const QDBusConnection connection(accessibilityConnection);
   const BusReference root{connection.baseService(),
                           QDBusObjectPath(accessiblePath + QStringLiteral("/root"))};

@@ -146,10 +146,13 @@ namespace {
 /// not the arrow, so that it covers the text; then their picture from left to right is mirrored.
 void drawMirrored(QStylePainter& painter, const QStyleOptionComboBox& option,
                   const QComboBox& box) {
-  const QRect arrow =
-      box.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, &box);
+  const auto rectOf = [&](QStyle::SubControl part) {
+    return box.style()->subControlRect(QStyle::CC_ComboBox, &option, part, &box);
+  };
+  const QRect arrow = rectOf(QStyle::SC_ComboBoxArrow);
   const bool isAtTheRight = arrow.center().x() > box.rect().center().x();
-  if (option.direction == Qt::LeftToRight || !isAtTheRight) {
+  const bool coversText = isAtTheRight && arrow.intersects(rectOf(QStyle::SC_ComboBoxEditField));
+  if (option.direction == Qt::LeftToRight || !coversText) {
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     return;
   }

@@ -228,8 +228,11 @@ TEST_F(AuditPixels, ThePickersLabelIsNotUnderItsArrow) {
       option.subControls = QStyle::SC_All;
       QRect arrow = picker.style()->subControlRect(QStyle::CC_ComboBox, &option,
                                                    QStyle::SC_ComboBoxArrow, &picker);
+      const QRect field = picker.style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                         QStyle::SC_ComboBoxEditField, &picker);
       const bool isAtTheRight = arrow.center().x() > picker.rect().center().x();
-      if (picker.isRightToLeft() && isAtTheRight) {  // the picker mirrors it
+      if (picker.isRightToLeft() && isAtTheRight && arrow.intersects(field)) {
+        // the picker mirrors it
         arrow.moveRight(picker.rect().right() - arrow.left());
       }
       const Writing label =

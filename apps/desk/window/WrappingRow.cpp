@@ -32,6 +32,11 @@ QLayoutItem* WrappingRow::takeAt(int index) {
   return item;
 }
 
+/// A style may have no spacing of its own, which Qt reports as -1.
+int WrappingRow::gap() const {
+  return std::max(spacing(), 0);
+}
+
 int WrappingRow::heightForWidth(int width) const {
   return arrange({0, 0, width, 0}, Moves::no);
 }
@@ -41,7 +46,7 @@ QSize WrappingRow::sizeHint() const {
   for (const auto& item : items_) {
     if (item->isEmpty()) continue;
     const QSize wanted = item->sizeHint();
-    if (size.width() > 0) size.rwidth() += spacing();
+    if (size.width() > 0) size.rwidth() += gap();
     size = {size.width() + wanted.width(), std::max(size.height(), wanted.height())};
   }
   return size;
@@ -73,12 +78,12 @@ int WrappingRow::arrange(const QRect& area, Moves moves) const {
     const int width = std::min(wanted.width(), area.width());
     if (x > 0 && x + width > area.width()) {
       x = 0;
-      y += lineHeight + spacing();
+      y += lineHeight + gap();
       lineHeight = 0;
     }
     const QRect place(area.x() + x, area.y() + y, width, wanted.height());
     if (moves == Moves::yes) item->setGeometry(QStyle::visualRect(direction, area, place));
-    x += width + spacing();
+    x += width + gap();
     lineHeight = std::max(lineHeight, wanted.height());
   }
   return y + lineHeight;

@@ -11,7 +11,7 @@ namespace vemra::desk {
 
 /// Widgets in a row from the leading edge, in further lines below where the row is too wide. No
 /// widget is narrower than it wants to be, except one that is wider than the whole row. It is for
-/// buttons: in a narrow window with large text, Qt's own row cuts their titles.
+/// buttons: in a narrow window with large text, Qt's own row cuts their titles. It has no margins.
 class WrappingRow : public QLayout {
   Q_OBJECT
 
@@ -35,6 +35,7 @@ class WrappingRow : public QLayout {
 
  private:
   enum class Moves { yes, no };
+  int gap() const;
   int arrange(const QRect& area, Moves moves) const;
 
   std::vector<std::unique_ptr<QLayoutItem>> items_;

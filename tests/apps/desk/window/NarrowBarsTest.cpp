@@ -5,6 +5,7 @@
 #include "apps/desk/window/GoalsBar.hpp"
 #include "apps/desk/window/Pages.hpp"
 #include "apps/desk/window/WaitingBar.hpp"
+#include "apps/desk/window/WholeTitles.hpp"
 
 #include <cstdlib>
 
@@ -118,6 +119,15 @@ TEST_F(NarrowBarsTest, AQuestionStacksTheButtonsThatItsScreenHasNoRoomFor) {
   };
   EXPECT_EQ(orientation(1), Qt::Horizontal);
   EXPECT_EQ(orientation(8), Qt::Vertical);
+}
+
+/// A box that is shown is measured only on the test's screen of 800 pixels.
+TEST(WidestBox, QtKeepsABoxNarrowerThanALargeScreen) {
+  EXPECT_EQ(widestBox(800), 800);
+  EXPECT_EQ(widestBox(1024), 1024);
+  EXPECT_EQ(widestBox(1100), 620);
+  EXPECT_EQ(widestBox(1280), 800);
+  EXPECT_EQ(widestBox(1920), 1000);
 }
 
 /// The columns of a picture that differ from its background, in its first and second half.
