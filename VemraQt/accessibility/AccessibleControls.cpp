@@ -5,6 +5,7 @@
 #include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/ChoiceBox.hpp"
 #include "VemraQt/widgets/LineField.hpp"
+#include "VemraQt/widgets/LongText.hpp"
 
 #include <algorithm>
 
@@ -29,13 +30,26 @@ void* AccessibleText::interface_cast(QAccessible::InterfaceType type) {
   return AccessibleElement::interface_cast(type);
 }
 
-QRect AccessibleText::drawnRect(int offset) const {
+/// The text in lines; nullptr until it has been measured.
+const TextShape* AccessibleText::shape() const {
   const ui::Node* shown = node();
   const Page& page = tree().page();
   const page::Node* leaf = shown ? page.tree().find(shown->id) : nullptr;
-  if (!leaf || leaf->measuredWidth < 0) return {};
-  return page.shown(*leaf).shape.characterRect(wholeText(), offset, rect(),
-                                               tree().area().layoutDirection());
+  return leaf && leaf->measuredWidth >= 0 ? &page.shown(*leaf).shape : nullptr;
+}
+
+std::optional<int> AccessibleText::drawnAt(const QPoint& point) const {
+  const TextShape* const text = shape();
+  if (!text || !text->parts()) return std::nullopt;
+  return text->offsetAt(point, rect(), tree().area().layoutDirection());
+}
+
+QRect AccessibleText::drawnRect(int offset) const {
+  const TextShape* const text = shape();
+  if (!text) return {};
+  // A long text is not converted for each character.
+  return text->characterRect(text->parts() ? text->parts()->text() : wholeText(), offset, rect(),
+                             tree().area().layoutDirection());
 }
 
 std::vector<page::Choice> AccessiblePicker::choices() const {

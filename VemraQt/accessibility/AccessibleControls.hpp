@@ -10,6 +10,7 @@
 namespace vemra::qt {
 
 class LineField;
+class TextShape;
 
 /// A Text: a label, or in the title or headline font a heading, whose name is the text that it
 /// shows.
@@ -26,7 +27,11 @@ class AccessibleText final : public AccessibleElement, public ReadOnlyText {
  protected:
   QString wholeText() const override { return textOf(QAccessible::Name); }
   QRect textRect() const override { return rect(); }
+  std::optional<int> drawnAt(const QPoint& point) const override;
   QRect drawnRect(int offset) const override;
+
+ private:
+  const TextShape* shape() const;
 };
 
 /// A Button.

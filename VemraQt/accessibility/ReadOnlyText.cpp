@@ -25,6 +25,7 @@ QRect ReadOnlyText::characterRect(int offset) const {
 int ReadOnlyText::offsetAtPoint(const QPoint& point) const {
   const QRect whole = textRect();
   if (!whole.contains(point)) return -1;
+  if (const std::optional<int> drawn = drawnAt(point)) return *drawn;
   if (!drawnRect(0).isNull()) {
     for (int offset = 0; offset < characterCount(); ++offset) {
       if (drawnRect(offset).contains(point)) return offset;

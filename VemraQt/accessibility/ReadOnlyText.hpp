@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include <QAccessible>
 #include <QRect>
 #include <QString>
@@ -27,6 +29,9 @@ class ReadOnlyText : public QAccessibleTextInterface {
  protected:
   virtual QString wholeText() const = 0;
   virtual QRect textRect() const = 0;
+  /// The character that is drawn at a point of the screen, -1 for none; nil if each character is to
+  /// be asked for its rectangle.
+  virtual std::optional<int> drawnAt(const QPoint& /*point*/) const { return std::nullopt; }
   /// Where the character is drawn on the screen; a null rectangle when it is not drawn.
   virtual QRect drawnRect(int offset) const {
     static_cast<void>(offset);

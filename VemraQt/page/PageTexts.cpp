@@ -14,17 +14,17 @@ using namespace std::chrono_literals;
 
 /// How long the page lays out texts before it handles events again.
 constexpr auto slice = 4ms;
-/// How often the page grows or shrinks by what was laid out out of view.
-constexpr qint64 growth = 100;  // milliseconds
+/// How often the page takes over the heights of lines out of view.
+constexpr auto growth = 100ms;
 
 }  // namespace
 
 page::Size Page::measure(const page::Node& leaf, int width) {
+  const bool wasLong = shown(leaf).shape.parts();
   const page::Size size = metrics_.measure(leaf, width);
   const bool isLong = shown(leaf).shape.parts();
-  const auto known = std::ranges::find(longTexts_, leaf.id);
-  if (!isLong && known != longTexts_.end()) longTexts_.erase(known);
-  if (isLong && known == longTexts_.end()) longTexts_.push_back(leaf.id);
+  if (wasLong && !isLong) std::erase(longTexts_, leaf.id);
+  if (isLong && !wasLong) longTexts_.push_back(leaf.id);
   return size;
 }
 
@@ -59,11 +59,15 @@ void Page::arranged() {
 void Page::settleTexts() {
   if (!isShown()) return;
   const QDeadlineTimer deadline(slice);
-  const bool grows = !sinceTextsGrew_.isValid() || sinceTextsGrew_.hasExpired(growth);
+  const bool grows = !sinceTextsGrew_.isValid() || sinceTextsGrew_.hasExpired(growth.count());
   for (const ui::NodeID id : std::vector(longTexts_)) {
     const page::Node* const leaf = tree().find(id);
     LongText* const text = leaf ? shown(*leaf).shape.parts() : nullptr;
     if (!text || text->isSettled()) continue;
+    if (deadline.hasExpired()) {
+      idle_.start();
+      break;
+    }
     const bool all = text->settle(deadline);
     if (!all) idle_.start();
     if (!all && !grows) continue;

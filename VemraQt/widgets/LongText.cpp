@@ -224,6 +224,13 @@ qsizetype LongText::offsetAt(int y) {
   return std::min(start + units, text_.size() - 1);
 }
 
+qsizetype LongText::offsetAt(int y, qreal x) {
+  const qsizetype start = offsetAt(y);
+  Part* const laidOut = partWith(start);
+  const TextLines& lines = linesOf(laidOut ? *laidOut : guessedPart(start));
+  return lines.offsetAt(lines.lineWith(start), x);
+}
+
 int LongText::topOf(qsizetype offset) {
   if (Part* const part = partWith(offset)) {
     const TextLines& lines = linesOf(*part);

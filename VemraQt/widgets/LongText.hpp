@@ -61,6 +61,9 @@ class LongText {
 
   /// The first unit of the line at that distance.
   qsizetype offsetAt(int y);
+  /// The unit in the line at that distance whose character is nearest to `x`, a distance from the
+  /// line's left edge.
+  qsizetype offsetAt(int y, qreal x);
   /// The top of the line with that unit; estimated where the lines are not laid out.
   int topOf(qsizetype offset);
 

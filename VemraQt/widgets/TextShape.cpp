@@ -140,4 +140,14 @@ QRect TextShape::characterRect(const QString& text, int offset, const QRect& pla
   return rectIn(line, 0, line.cursorToX(offset), line.cursorToX(offset + 1));
 }
 
+int TextShape::offsetAt(QPoint point, const QRect& place, Qt::LayoutDirection direction) const {
+  if (!long_) return -1;
+  const int y = point.y() - place.top();
+  const QTextLine line = long_->character(long_->offsetAt(y)).place.line;
+  const qreal start =
+      startOf(line, place, direction, Qt::AlignLeading) - line.naturalTextRect().left();
+  const auto offset = static_cast<int>(long_->offsetAt(y, point.x() - start));
+  return characterRect(long_->text(), offset, place, direction).contains(point) ? offset : -1;
+}
+
 }  // namespace vemra::qt

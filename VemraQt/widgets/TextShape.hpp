@@ -3,6 +3,7 @@
 #include <memory>
 
 #include <QFont>
+#include <QPoint>
 #include <QSize>
 #include <QString>
 #include <Qt>
@@ -48,6 +49,8 @@ class TextShape {
   /// character, and for a short text with line breaks of two characters.
   QRect characterRect(const QString& text, int offset, const QRect& place,
                       Qt::LayoutDirection direction) const;
+  /// The offset of the character of a long text that `draw` puts at `point`, -1 where it puts none.
+  int offsetAt(QPoint point, const QRect& place, Qt::LayoutDirection direction) const;
 
   /// The parts of a long text, which all copies share; nullptr for a short one.
   LongText* parts() const { return long_.get(); }

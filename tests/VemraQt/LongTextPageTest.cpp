@@ -3,6 +3,7 @@
 #include "VemraQt/accessibility/AccessiblePage.hpp"
 #include "VemraQt/page/Page.hpp"
 #include "VemraQt/widgets/LongText.hpp"
+#include "VemraQt/widgets/TextLines.hpp"
 #include "tests/VemraQt/ShownPage.hpp"
 
 #include <memory>
@@ -224,4 +225,20 @@ TEST_F(LongTextPage, AChangedButtonWithAnEqualLongTitleKeepsNoEarlierAction) {
   EXPECT_FALSE(watched.expired());
   showButton(true, std::make_shared<int>());
   EXPECT_TRUE(watched.expired());
+}
+
+TEST_F(LongTextPage, AClientFindsTheCharacterAtAPointWithoutAskingEachOne) {
+  show(words(60'000));
+  bar().setValue(bar().maximum() / 2);
+  QAccessibleInterface* const root = QAccessible::queryAccessibleInterface(&widget);
+  const QPoint inView = widget.viewport()->mapToGlobal(QPoint(60, 200));
+  QAccessibleInterface* found = root;
+  while (QAccessibleInterface* const child = found->childAt(inView.x(), inView.y())) found = child;
+  QAccessibleTextInterface* const client = found->textInterface();
+  ASSERT_TRUE(client);
+  const std::int64_t before = TextLines::unitsLaidOut();
+  const int offset = client->offsetAtPoint(inView);
+  EXPECT_LT(TextLines::unitsLaidOut() - before, 60'000) << "each character was asked";
+  ASSERT_GE(offset, 0);
+  EXPECT_TRUE(client->characterRect(offset).contains(inView));
 }
