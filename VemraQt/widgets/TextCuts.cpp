@@ -11,7 +11,7 @@ namespace {
 constexpr qsizetype farthestSearch = endlessWord;
 
 /// The mandatory breaks of Unicode Standard Annex #14.
-bool isLineBreak(QChar c) {
+bool mustBreak(QChar c) {
   const char16_t u = c.unicode();
   return (u >= 0x0A && u <= 0x0D) || u == 0x85 || u == 0x2028 || u == 0x2029;
 }
@@ -64,18 +64,18 @@ bool beginsWord(QStringView text, qsizetype place) {
 }  // namespace
 
 QString withLineSeparators(const QString& text) {
-  if (std::none_of(text.begin(), text.end(), isLineBreak)) return text;
+  if (std::none_of(text.begin(), text.end(), mustBreak)) return text;
   QString lines;
   lines.reserve(text.size());
   for (qsizetype i = 0; i < text.size(); ++i) {
     if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') continue;
-    lines += isLineBreak(text[i]) ? QChar(QChar::LineSeparator) : text[i];
+    lines += mustBreak(text[i]) ? QChar(QChar::LineSeparator) : text[i];
   }
   return lines;
 }
 
 bool endsWithLineBreak(QStringView text, qsizetype end) {
-  if (end <= 0 || !isLineBreak(text[end - 1])) return false;
+  if (end <= 0 || !mustBreak(text[end - 1])) return false;
   return text[end - 1] != u'\r' || end == text.size() || text[end] != u'\n';
 }
 
