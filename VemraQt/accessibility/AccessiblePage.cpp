@@ -170,9 +170,11 @@ bool isFocusOnTheWay(const QAccessibleEvent& event) {
   return page->isFocusLeaving() || area.window()->focusWidget() != &area;
 }
 
+/// Whether a menu bar has the menu, or the menu in which it is.
 bool isOfMenuBar(const QMenu& menu) {
-  return std::ranges::any_of(menu.menuAction()->associatedObjects(), [](const QObject* object) {
-    return qobject_cast<const QMenuBar*>(object) != nullptr;
+  return std::ranges::any_of(menu.menuAction()->associatedObjects(), [](const QObject* owner) {
+    const auto* outer = qobject_cast<const QMenu*>(owner);
+    return qobject_cast<const QMenuBar*>(owner) || (outer && isOfMenuBar(*outer));
   });
 }
 

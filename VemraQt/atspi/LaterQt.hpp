@@ -13,8 +13,10 @@
 
 namespace vemra::qt::atspi {
 
-/// Whether Qt itself publishes `Selection` on the bus, and `selection-changed`.
+/// Whether Qt itself publishes `Selection` on the bus.
 inline constexpr bool qtPublishesSelections = QT_VERSION >= QT_VERSION_CHECK(6, 5, 0);
+/// Whether Qt itself sends `selection-changed`: measured with 6.8 and 6.11, not with 6.5 to 6.7.
+inline constexpr bool qtSendsSelectionChanged = QT_VERSION >= QT_VERSION_CHECK(6, 8, 0);
 /// Whether Qt asks an object for its identifier.
 inline constexpr bool qtPublishesIdentifiers = QT_VERSION >= QT_VERSION_CHECK(6, 9, 0);
 

@@ -11,7 +11,7 @@
 namespace vemra::qt::atspi {
 
 void sendSelectionSignal(QAccessible::Id container) {
-  if (qtPublishesSelections || !areIdentifiersPublished()) return;
+  if (qtSendsSelectionChanged || !areIdentifiersPublished()) return;
   const QDBusConnection connection(accessibilityConnection);
   const BusReference root{connection.baseService(),
                           QDBusObjectPath(accessiblePath + QStringLiteral("/root"))};

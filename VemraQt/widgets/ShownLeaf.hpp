@@ -5,6 +5,7 @@
 #include "VemraQt/widgets/TextShape.hpp"
 
 #include <optional>
+#include <vector>
 
 namespace vemra::qt {
 
@@ -12,11 +13,12 @@ class ElementWidget;
 
 /// The data that the window keeps for a text or a control, apart from its place in the tree.
 struct ShownLeaf {
-  TextShape shape;                      ///< the text in lines, broken for the measured width
-  TextShape otherWidth;                 ///< a long text in the lines of the width before
+  TextShape shape;  ///< the text in lines, broken for the measured width
+  /// A long text in the lines of the widths before, the last one first.
+  std::vector<TextShape> otherWidths;
   ElementWidget* widget = nullptr;      ///< shows the element while that is near the viewport
   bool stale = true;                    ///< the widget does not show the measured element yet
-  std::optional<ui::Element> longText;  ///< the element whose text both have, if it is long
+  std::optional<ui::Element> longText;  ///< the element whose text all shapes have, if it is long
 };
 
 /// One `ShownLeaf` for every leaf that has been measured.

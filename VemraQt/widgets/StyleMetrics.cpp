@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include <QFontMetrics>
 #include <QStyle>
@@ -47,21 +48,37 @@ bool isBrokenFor(const TextShape& shape, const QFont& font, int width) {
   return parts && parts->width() == std::max(1, width) && parts->font() == font;
 }
 
+/// For how many widths the lines of a long text are kept: a row of elements may measure a leaf alone
+/// and then in the room that is left, and each row inside another adds a width.
+constexpr std::size_t mostWidths = 4;
+
+/// Gives a long text that has been measured the lines for another width: those that it had before,
+/// or new ones.
+void changeWidth(ShownLeaf& shown, const QFont& font, int width) {
+  std::vector<TextShape>& others = shown.otherWidths;
+  const auto known = std::ranges::find_if(
+      others, [&](const TextShape& shape) { return isBrokenFor(shape, font, width); });
+  TextShape wanted;
+  if (known != others.end()) {
+    wanted = std::move(*known);
+    others.erase(known);
+  } else {
+    wanted = TextShape::ofAnyLength(shown.shape.parts()->text(), font, width);
+    if (others.size() + 1 == mostWidths) others.pop_back();
+  }
+  others.insert(others.begin(), std::exchange(shown.shape, std::move(wanted)));
+}
+
 /// Breaks the label of a text or button into lines. What is laid out of a long text stays while the
-/// text and its font are the same, for two widths: a row of elements may measure a leaf alone and
-/// then in the room that is left.
+/// text and its font are the same.
 void breakLines(const page::Node& leaf, ShownLeaf& shown, const QFont& font, int width) {
   if (shown.shape.parts() && haveSameLabel(*shown.longText, leaf.element)) {
     shown.longText = leaf.element;
-    if (!isBrokenFor(shown.shape, font, width)) std::swap(shown.shape, shown.otherWidth);
-    if (isBrokenFor(shown.shape, font, width)) {
-      shown.shape.parts()->adopt();
-      return;
-    }
-    shown.shape = TextShape::ofAnyLength(shown.otherWidth.parts()->text(), font, width);
+    if (!isBrokenFor(shown.shape, font, width)) changeWidth(shown, font, width);
+    shown.shape.parts()->adopt();
     return;
   }
-  shown.otherWidth = {};
+  shown.otherWidths.clear();
   shown.shape = TextShape::ofAnyLength(toQString(leaf.element.shownLabel()), font, width);
   shown.longText.reset();
   if (shown.shape.parts()) shown.longText = leaf.element;

@@ -24,8 +24,9 @@ class SourceFile {
   /// The content, byte for byte. It must not outlive the object.
   std::string_view text() const { return {bytes_, length_}; }
 
-  /// Gives the memory of the first `count` bytes back to the system, at most that of the text. The text keeps its length; the
-  /// values of these bytes are unspecified from now on.
+  /// Gives the memory of the first `count` bytes back to the system, or that of the whole text if
+  /// `count` is larger. The text keeps its length; the values of these bytes are unspecified from
+  /// now on.
   void release(std::size_t count);
 
  private:

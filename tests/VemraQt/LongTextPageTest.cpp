@@ -187,6 +187,26 @@ TEST_F(LongTextPage, ATextThatIsMeasuredForTwoWidthsIsLaidOutOnce) {
   EXPECT_FALSE(page().isLayingOutTexts());
 }
 
+TEST_F(LongTextPage, ATextInARowInsideARowIsLaidOutOnce) {
+  std::string note;
+  const auto field = [&] {
+    return ui::TextField("Note",
+                         ui::Binding<std::string>([&] { return note; },
+                                                  [&](const std::string& text) { note = text; }));
+  };
+  const auto row = [](ui::View first) {
+    return ui::HStack(ui::VerticalAlignment::top, 8, {std::move(first), ui::Button("B", [] {})});
+  };
+  const auto column = [](ui::View first, ui::View second) {
+    return ui::VStack(ui::HorizontalAlignment::leading, 8, {std::move(first), std::move(second)});
+  };
+  widget.setRoot(
+      row(column(field(), row(column(field(), ui::Text(ui::verbatim(shortLines(6'000))))))));
+  settle();
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(page().isLayingOutTexts());
+}
+
 TEST_F(LongTextPage, AHiddenPageLaysOutNothingAndGoesOnWhenItIsShown) {
   show(words(60'000));
   widget.hide();

@@ -21,8 +21,8 @@ namespace vemra::desk {
 ///     insertion.finish();
 ///
 /// Rows should come in the order of the table's key. Their texts must live until `finish`. A
-/// failure is a `StoreError`; it may come from a later call than the row that causes it. After a
-/// failure the pending rows are dropped.
+/// failure is a `StoreError`; it may come from a later call than the row that causes it, and the
+/// pending rows are dropped.
 class RowInsertion {
  public:
   /// The table must outlive the object.

@@ -89,7 +89,8 @@ void FindBar::setResult(const QString& result, const QString& news) {
 
 void FindBar::setHasHit(bool hasHit) {
   for (QPushButton* button : ofHit_) {
-    if (!hasHit && button->hasFocus()) field_->setFocus();
+    // Also in an inactive window, in which no widget has the focus.
+    if (!hasHit && window()->focusWidget() == button) field_->setFocus();
     button->setEnabled(hasHit);
   }
 }

@@ -126,6 +126,13 @@ TEST_F(FindPeopleTest, WithoutAHitThereIsNothingToGoTo) {
   field().setText("nobody");
   EXPECT_TRUE(areEnabled(false));
   EXPECT_TRUE(field().hasFocus()) << "a button without a use gives it back";
+  field().setText("zoe");
+  EXPECT_TRUE(areEnabled(true));
+  next->setFocus();
+  const qttest::OtherWindow elsewhere;
+  field().setText("nobody");
+  EXPECT_TRUE(areEnabled(false));
+  EXPECT_EQ(window->focusWidget(), &field()) << "also while another window is active";
   EXPECT_TRUE(find<QPushButton>("desk.find.close")->isEnabled());
 }
 
