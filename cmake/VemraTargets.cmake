@@ -19,14 +19,17 @@ elseif(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # of its function. g++ treats an included file as a header, in which it warns of a local base class.
   target_compile_options(vemra_flags INTERFACE -Wshadow=local -Wno-subobject-linkage)
 endif()
-# Other compilers have other warnings.
+# Those of the supported releases of Debian; other compilers have other warnings.
 set(known_compiler OFF)
-if((CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION MATCHES "^12\\.")
-   OR (CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND CMAKE_CXX_COMPILER_VERSION MATCHES "^16\\."))
+if((CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION MATCHES "^(12|14|16)\\.")
+   OR (CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND CMAKE_CXX_COMPILER_VERSION MATCHES "^(16|19|21)\\."))
   set(known_compiler ON)
 endif()
-if(VEMRA_WERROR AND known_compiler AND NOT VEMRA_SANITIZE)
-  # Not under the sanitizers, whose instrumentation makes GCC 12 give false warnings.
+if(VEMRA_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # The sanitizers' instrumentation makes it give false warnings.
+  set(known_compiler OFF)
+endif()
+if(VEMRA_WERROR AND known_compiler)
   target_compile_options(vemra_flags INTERFACE -Werror)
 endif()
 if(VEMRA_SANITIZE)

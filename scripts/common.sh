@@ -25,16 +25,23 @@ repository_files() {
   fi
 }
 
-# llvm PROGRAM: the name of clang++, clang-tidy … in the version that scripts/bootstrap installs.
+# llvm PROGRAM: the name of clang++, clang-tidy … in the version that scripts/bootstrap installs: the first
+# version of which the standard library is there too.
 llvm() {
   local version versions
   read -ra versions <scripts/packages/llvm-versions
   for version in "${versions[@]}"; do
-    if command -v "$1-$version" >/dev/null; then
+    if command -v "$1-$version" >/dev/null &&
+      { [[ $1 != clang++ ]] || [[ -e /usr/lib/llvm-$version/include/c++/v1/version ]]; }; then
       echo "$1-$version"
       return
     fi
   done
+  # Distributions that have one version only give its programs no number.
+  if command -v "$1" >/dev/null; then
+    echo "$1"
+    return
+  fi
   fail "there is no $1 of any version in scripts/packages/llvm-versions"
 }
 

@@ -172,19 +172,42 @@ class BootstrapTest(unittest.TestCase):
         self.assertIn("the disk is on fire", done.stderr)
         self.assertIn("could not install cmake", done.stderr)
 
-    def test_without_apt_it_says_what_to_install(self):
+    def without_apt(self, *programs):
+        """A machine with these programs, whose pkg-config knows every module."""
         (self.folder / "bin/apt-get").unlink()
+        for name in programs:
+            self.program(name, "#!/bin/bash\n")
+
+    BUILD_PROGRAMS = ("cmake", "ninja", "g++", "pkg-config", "lrelease6")
+
+    def test_without_apt_it_names_what_is_missing_and_how_other_systems_call_it(self):
+        self.without_apt("cmake", "ninja")
         done = self.run_it()
         self.assertEqual(done.returncode, 1)
-        for words in ("there is no apt here", "CMake 3.25", "Qt 6.4", "dnf install", "pacman -S"):
+        for words in ("there is no apt here", "  a compiler for C++20 (g++ 12 or clang 16, or newer)\n", "  ICU\n",
+                      "  CLI11\n", "  Qt 6.4\n", "dnf install", "zypper install", "pacman -S"):
             self.assertIn(words, done.stderr)
+        self.assertNotIn("  Ninja\n", done.stderr)
+
+    def test_without_apt_each_program_is_needed(self):
+        self.without_apt(*self.BUILD_PROGRAMS)
+        for name in self.BUILD_PROGRAMS[:-1]:  # this machine may have lrelease where Qt puts it
+            with self.subTest(name):
+                (self.folder / "bin" / name).rename(self.folder / "away")
+                self.assertEqual(self.run_it().returncode, 1)
+                (self.folder / "away").rename(self.folder / "bin" / name)
 
     def test_without_apt_it_is_content_when_all_is_there(self):
-        (self.folder / "bin/apt-get").unlink()
-        for name in ("cmake", "ninja", "pkg-config"):
-            self.program(name, "#!/bin/bash\n")
+        self.without_apt(*self.BUILD_PROGRAMS)
         done = self.run_it()
         self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
+
+    def test_without_apt_the_tests_need_more(self):
+        self.without_apt(*self.BUILD_PROGRAMS)
+        done = self.run_it("--test")
+        self.assertEqual(done.returncode, 1)
+        for words in ("  Xvfb\n", "  matchbox-window-manager\n", "  pyatspi\n"):
+            self.assertIn(words, done.stderr)
 
     def test_refuses_what_it_does_not_know(self):
         done = self.run_it("--everything")

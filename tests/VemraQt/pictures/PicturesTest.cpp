@@ -49,8 +49,6 @@ Result oneOfEach() {
 class Pictures : public ::testing::Test {
  protected:
   void SetUp() override {
-    const QString version = QString::fromLatin1(qVersion());
-    if (!version.startsWith("6.4.")) GTEST_SKIP() << "the expected pictures are those of Qt 6.4";
     QFont font("DejaVu Sans");
     font.setPixelSize(13);
     // Independent of the machine's own settings.
@@ -75,6 +73,8 @@ class Pictures : public ::testing::Test {
   }
 
   static void expectPicture(const char* name, const QImage& actual) {
+    const QString version = QString::fromLatin1(qVersion());
+    if (!version.startsWith("6.4.")) GTEST_SKIP() << "the expected pictures are those of Qt 6.4";
     const QString file = expectedFile(name);
     const char* update = std::getenv("VEMRA_UPDATE_EXPECTED");
     if (update && *update == '1') {
