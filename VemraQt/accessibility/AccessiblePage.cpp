@@ -28,9 +28,10 @@ class AccessibleArea final : public QAccessibleWidget {
 
   QAccessible::Role role() const override {
     if (widget()->isWindow()) return QAccessible::Window;
-    // Orca reads a layered pane by its name alone, before a control that gets the focus in it; with
-    // a panel it would also read many of its texts then. It passes over a client without a name.
-    return text(QAccessible::Name).isEmpty() ? QAccessible::Client : QAccessible::LayeredPane;
+    // Orca reads a form by its name, before a control that gets the focus in it. With a panel or a
+    // landmark it would also read many of its texts then; of a layered pane, Orca 48 and 51 count
+    // the icons. It passes over a client without a name.
+    return text(QAccessible::Name).isEmpty() ? QAccessible::Client : QAccessible::Form;
   }
   QString text(QAccessible::Text kind) const override {
     if (atspi::asksForIdentifier(kind)) return widget()->objectName();

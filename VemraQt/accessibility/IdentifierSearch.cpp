@@ -37,6 +37,11 @@ QMap<QString, QString> IdentifierSearch::attributes(QAccessible::Id id) const {
                                              : QMap<QString, QString>();
 }
 
+bool IdentifierSearch::isLandmark(QAccessible::Id id) const {
+  const AccessibleObject* object = AccessibleObject::living(id);
+  return object && &object->tree() == &tree_ && object->role() == QAccessible::Grouping;
+}
+
 bool IdentifierSearch::findByRole(const QAccessibleInterface& page, const atspi::RoleTest& isSought,
                                   const atspi::FoundObject& take) {
   if (page.object() != &tree_.area()) return false;

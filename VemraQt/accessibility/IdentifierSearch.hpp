@@ -23,6 +23,7 @@ class IdentifierSearch final : public atspi::IdentifierSource {
 
   QString identifier(QAccessible::Id element) const override;
   QMap<QString, QString> attributes(QAccessible::Id element) const override;
+  bool isLandmark(QAccessible::Id element) const override;
   QList<QAccessible::Id> find(const QString& identifier) override;
   bool findByRole(const QAccessibleInterface& page, const atspi::RoleTest& isSought,
                   const atspi::FoundObject& take) override;

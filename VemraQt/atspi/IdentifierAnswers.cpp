@@ -2,6 +2,7 @@
 
 #include "VemraQt/atspi/BusReference.hpp"
 #include "VemraQt/atspi/IdentifierSource.hpp"
+#include "VemraQt/atspi/Landmarks.hpp"
 #include "VemraQt/atspi/LaterQt.hpp"
 #include "VemraQt/atspi/MatchRule.hpp"
 #include "VemraQt/atspi/PropertyAnswers.hpp"
@@ -203,7 +204,7 @@ bool answer(const QDBusMessage& message, const QDBusConnection& connection, QAcc
   if (!element) return false;
   if (member == QLatin1String("GetAttributes")) return answerAttributes(message, connection);
   if (member == QLatin1String("GetState")) return answerState(message, connection);
-  return false;
+  return answerLandmark(message, connection, element);
 }
 
 }  // namespace

@@ -26,6 +26,8 @@ class IdentifierSource {
   /// The other attributes of an element of this tree: the level of a heading, the position of a
   /// row. Empty when the id is not of this tree.
   virtual QMap<QString, QString> attributes(QAccessible::Id element) const = 0;
+  /// Whether an element is a section of this tree's page.
+  virtual bool isLandmark(QAccessible::Id element) const = 0;
   /// Finds the elements with that identifier, in tree order. Does not walk the accessibility tree:
   /// it costs only the source's own look-up.
   virtual QList<QAccessible::Id> find(const QString& identifier) = 0;

@@ -28,6 +28,7 @@ std::optional<MatchRule> matchRuleIn(const QVariant& argument) {
     }
   }
   rule.statesAgree = static_cast<Agreement>(statesAgree);
+  rule.attributesAgree = static_cast<Agreement>(attributesAgree);
   rule.rolesAgree = static_cast<Agreement>(rolesAgree);
   rule.hasInterfaces = !interfaces.isEmpty();
   return rule;

@@ -20,6 +20,7 @@ struct MatchRule {
   quint64 states = 0;  ///< one bit for each AtspiStateType
   Agreement statesAgree = Agreement::all;
   QMap<QString, QString> attributes;
+  Agreement attributesAgree = Agreement::all;
   QList<int> roles;  ///< numbers of AtspiRole, ascending
   Agreement rolesAgree = Agreement::any;
   bool hasInterfaces = false;

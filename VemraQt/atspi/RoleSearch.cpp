@@ -1,6 +1,7 @@
 #include "VemraQt/atspi/RoleSearch.hpp"
 
 #include "VemraQt/atspi/IdentifierSource.hpp"
+#include "VemraQt/atspi/Landmarks.hpp"
 #include "VemraQt/atspi/MatchRule.hpp"
 
 #include <algorithm>
@@ -25,8 +26,13 @@ int numberOf(QAccessible::Role role) {
   return number == numbers.end() ? -1 : number->second;
 }
 
+/// The number of AtspiRole for an element of a page: its sections are landmarks.
+int numberOnPage(QAccessible::Role role) {
+  return role == QAccessible::Grouping ? landmarkNumber : numberOf(role);
+}
+
 bool isRoleOfPages(int number) {
-  static const QList<int> known{7, 11, 29, 31, 32, 39, 43, 44, 61, 83, 88};
+  static const QList<int> known{7, 11, 29, 31, 32, 39, 43, 44, 61, 83, 88, landmarkNumber};
   return known.contains(number);
 }
 
@@ -45,19 +51,36 @@ bool agrees(const QAccessible::State& state, const MatchRule& rule) {
   }
 }
 
-/// Passes the objects below `top` with a sought role to `take`; returns whether to go on.
-bool collect(QAccessibleInterface& top, const RoleTest& isSought, const FoundObject& take) {
+/// Whether the element has all of the rule's attributes, for instance the level of a heading.
+bool hasAttributes(QAccessible::Id element, const MatchRule& rule) {
+  if (rule.attributes.isEmpty()) return true;
+  QMap<QString, QString> own;
+  for (const IdentifierSource* source : identifierSources()) {
+    own.insert(source->attributes(element));
+  }
+  const QStringList sought = rule.attributes.keys();
+  return std::ranges::all_of(sought, [&](const QString& name) {
+    return own.contains(name) && own.value(name) == rule.attributes.value(name);
+  });
+}
+
+/// Passes the objects below `top` with one of the roles to `take`; returns whether to go on.
+bool collect(QAccessibleInterface& top, const QList<int>& roles, const FoundObject& take) {
+  const RoleTest isSoughtOnPage = [&](QAccessible::Role role) {
+    return roles.contains(numberOnPage(role));
+  };
   bool goesOn = true;
   const FoundObject takeOne = [&](QAccessible::Id found) { return goesOn = take(found); };
   const bool isPage = std::ranges::any_of(identifierSources(), [&](IdentifierSource* source) {
-    return source->findByRole(top, isSought, takeOne);
+    return source->findByRole(top, isSoughtOnPage, takeOne);
   });
   if (isPage) return goesOn;
   for (int i = 0; i < top.childCount(); ++i) {
     QAccessibleInterface* child = top.child(i);
     if (!child || !child->isValid()) continue;
-    if (isSought(child->role()) && !take(QAccessible::uniqueId(child))) return false;
-    if (!collect(*child, isSought, take)) return false;
+    const bool isFound = roles.contains(numberOf(child->role()));
+    if (isFound && !take(QAccessible::uniqueId(child))) return false;
+    if (!collect(*child, roles, take)) return false;
   }
   return true;
 }
@@ -87,18 +110,19 @@ std::optional<QList<QAccessible::Id>> findByRole(QAccessibleInterface& top, cons
                                                  int most) {
   const bool asksForAny = rule.rolesAgree == Agreement::any ||
                           (rule.rolesAgree == Agreement::all && rule.roles.size() == 1);
-  if (rule.roles.isEmpty() || !asksForAny || !rule.attributes.isEmpty() || rule.hasInterfaces ||
+  const bool asksForOtherAttributes =
+      !rule.attributes.isEmpty() &&
+      (rule.attributesAgree != Agreement::all || rule.attributes.contains(QStringLiteral("id")));
+  if (rule.roles.isEmpty() || !asksForAny || asksForOtherAttributes || rule.hasInterfaces ||
       rule.isInverted || !std::ranges::all_of(rule.roles, isRoleOfPages)) {
     return std::nullopt;
   }
   QList<QAccessible::Id> matches;
-  collect(
-      top, [&](QAccessible::Role role) { return rule.roles.contains(numberOf(role)); },
-      [&](QAccessible::Id id) {
-        const QAccessibleInterface* object = QAccessible::accessibleInterface(id);
-        if (object && agrees(object->state(), rule)) matches.push_back(id);
-        return most <= 0 || matches.size() < most;
-      });
+  collect(top, rule.roles, [&](QAccessible::Id id) {
+    const QAccessibleInterface* object = QAccessible::accessibleInterface(id);
+    if (object && agrees(object->state(), rule) && hasAttributes(id, rule)) matches.push_back(id);
+    return most <= 0 || matches.size() < most;
+  });
   return matches;
 }
 

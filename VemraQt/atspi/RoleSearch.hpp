@@ -17,8 +17,8 @@ struct MatchRule;
 /// invisible instead.
 quint64 stateBits(const QAccessible::State& state);
 
-/// The objects below `top` that have one of the rule's roles and agree with its states, in tree
-/// order. A page answers for its rows, drawn or not. Nil when the rule looks for anything else, or
+/// The objects below `top` that have one of the rule's roles, agree with its states and have
+/// its attributes, in tree order. A page answers for its rows, drawn or not. Nil when the rule looks for anything else, or
 /// for a role that no page has.
 ///
 /// - Parameter most: the largest number of objects; 0 for all. The search ends with the last of

@@ -95,7 +95,7 @@ TEST_F(AccessibleObjectsTest, ThePageIsAWindowOnlyWhenItIsOne) {
   const QAccessibleInterface* pane = QAccessible::queryAccessibleInterface(inside);
   EXPECT_EQ(pane->role(), QAccessible::Client) << "nothing to read";
   inside->setAccessibleName("Contacts");
-  EXPECT_EQ(pane->role(), QAccessible::LayeredPane);
+  EXPECT_EQ(pane->role(), QAccessible::Form);
 }
 
 TEST_F(AccessibleObjectsTest, ThePageIsNamedByItsFirstTitleUnlessTheHostNamesIt) {

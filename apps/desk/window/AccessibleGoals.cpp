@@ -4,6 +4,7 @@
 #include "VemraQt/atspi/LaterQt.hpp"
 #include "VemraQt/atspi/SelectionSignal.hpp"
 #include "apps/desk/window/AccessibleGoalRow.hpp"
+#include "apps/desk/window/GoalPositions.hpp"
 #include "apps/desk/window/GoalRow.hpp"
 #include "apps/desk/window/ListedGoals.hpp"
 #include "apps/desk/window/PlainText.hpp"
@@ -260,6 +261,7 @@ class AccessibleColumn final : public QAccessibleWidget, public qt::atspi::Selec
   mutable std::unordered_map<std::size_t, QAccessible::Id> known_;
   mutable std::optional<int> announcedCount_;
   std::string announcedSelection_;  // the id of the goal
+  GoalPositions positions_{*this};
 };
 
 QAccessibleInterface* makeColumnOrRow(const QString&, QObject* object) {

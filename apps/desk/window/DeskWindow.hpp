@@ -89,6 +89,8 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   void connectPanes();
   void connectMenus();
   void updateMenus();
+  /// Lets a person who cannot see it hear the new size of the texts.
+  void announceTextSize();
   bool mayImport() const;
   void chooseDocuments();
   void chooseExport();

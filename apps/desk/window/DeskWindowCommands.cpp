@@ -71,9 +71,18 @@ void DeskWindow::connectMenus() {
   connect(menus_, &MenuBar::findWanted, find_.get(), &FindPeople::open);
   connect(menus_, &MenuBar::findNextWanted, find_.get(), &FindPeople::next);
   connect(menus_, &MenuBar::findPreviousWanted, find_.get(), &FindPeople::previous);
-  connect(menus_, &MenuBar::largerTextWanted, this, [this] { textSize_.enlarge(); });
-  connect(menus_, &MenuBar::smallerTextWanted, this, [this] { textSize_.reduce(); });
-  connect(menus_, &MenuBar::usualTextWanted, this, [this] { textSize_.reset(); });
+  connect(menus_, &MenuBar::largerTextWanted, this, [this] {
+    textSize_.enlarge();
+    announceTextSize();
+  });
+  connect(menus_, &MenuBar::smallerTextWanted, this, [this] {
+    textSize_.reduce();
+    announceTextSize();
+  });
+  connect(menus_, &MenuBar::usualTextWanted, this, [this] {
+    textSize_.reset();
+    announceTextSize();
+  });
   menus_->setColours(colourChoice_.colours());
   connect(menus_, &MenuBar::coloursWanted, &colourChoice_, &ColourChoice::choose);
   connect(menus_, &MenuBar::closeDetailsWanted, this, &DeskWindow::closeSide);
@@ -83,6 +92,11 @@ void DeskWindow::connectMenus() {
   connect(menus_, &MenuBar::previousPaneWanted, this, [this] { focusPane(-1); });
   connect(menus_, &MenuBar::keyboardHelpWanted, this, [this] { showKeyboardHelp(*this); });
   connect(menus_, &MenuBar::aboutWanted, this, [this] { showAbout(*this); });
+}
+
+void DeskWindow::announceTextSize() {
+  const auto percent = static_cast<std::size_t>(textSize_.percent());
+  if (isHeard()) announce(localized("Text size: %1 %").arg(localizedNumber(percent)));
 }
 
 void DeskWindow::updateMenus() {

@@ -6,16 +6,27 @@
 #include <QApplication>
 
 namespace vemra::desk {
+namespace {
+
+double scaleAt(int step) {
+  constexpr double factor = 1.1;
+  return std::pow(factor, step);
+}
+
+}  // namespace
 
 TextSize::TextSize(QObject* parent) : QObject(parent), usual_(QApplication::font()) {}
+
+int TextSize::percent() const {
+  return static_cast<int>(std::lround(100 * scaleAt(step_)));
+}
 
 void TextSize::setStep(int step) {
   constexpr int smallest = -3;  // 73 % of the usual size
   constexpr int largest = 8;    // 214 %
-  constexpr double factor = 1.1;
   step_ = std::clamp(step, smallest, largest);
   QFont font = usual_;
-  const double scale = std::pow(factor, step_);
+  const double scale = scaleAt(step_);
   if (usual_.pointSizeF() > 0) {
     font.setPointSizeF(usual_.pointSizeF() * scale);
   } else {

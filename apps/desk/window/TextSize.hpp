@@ -14,6 +14,8 @@ class TextSize : public QObject {
   void enlarge() { setStep(step_ + 1); }
   void reduce() { setStep(step_ - 1); }
   void reset() { setStep(0); }
+  /// The present size in percent of the usual one.
+  int percent() const;
 
  private:
   void setStep(int step);

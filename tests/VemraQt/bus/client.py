@@ -126,7 +126,7 @@ def every_row_is_there_in_order(window):
 def headings_name_their_sections(window):
     title, people, path, footer = (window.page.get_child_at_index(i) for i in range(4))
     equal([node.get_role_name() for node in (title, people, path, footer)],
-          ["heading", "panel", "panel", "label"])
+          ["heading", "landmark", "landmark", "label"])
     equal(title.get_attributes().get("level"), "1")
     for section in (people, path):
         heading = section.get_child_at_index(0)
@@ -289,10 +289,10 @@ def an_identifier_is_found_without_a_walk(window):
 
 def objects_are_found_by_role_without_a_walk(window):
     """As a screen reader does that lists headings or buttons; also rows that are not drawn."""
-    def found(roles, states=(), most=0, below=window.page):
+    def found(roles, states=(), most=0, below=window.page, attributes=None):
         rule = Atspi.MatchRule.new(
             Atspi.StateSet.new(list(states)), Atspi.CollectionMatchType.ALL,
-            {}, Atspi.CollectionMatchType.ALL, roles, Atspi.CollectionMatchType.ANY,
+            attributes or {}, Atspi.CollectionMatchType.ALL, roles, Atspi.CollectionMatchType.ANY,
             [], Atspi.CollectionMatchType.ALL, False)
         return below.get_matches(rule, Atspi.CollectionSortOrder.CANONICAL, most, True)
 
@@ -300,11 +300,14 @@ def objects_are_found_by_role_without_a_walk(window):
     role = Atspi.Role
     everything = list(walk(window.page))
     for sought in ([role.HEADING], [role.LIST_ITEM], [role.PUSH_BUTTON], [role.LABEL],
-                   [role.COMBO_BOX, role.TEXT, role.LIST], [role.PANEL]):
+                   [role.COMBO_BOX, role.TEXT, role.LIST], [role.LANDMARK]):
         equal([node.path for node in found(sought)],
               [node.path for node in everything if node.get_role() in sought])
     equal([node.get_name() for node in found([role.HEADING], below=window.root)],
           [node.get_name() for node in everything if node.get_role() == role.HEADING])
+    for level in ("1", "2", "3"):
+        equal([node.path for node in found([role.HEADING], attributes={"level": level})],
+              [node.path for node in everything if node.get_attributes().get("level") == level])
     equal(len(found([role.LIST_ITEM], most=3)), 3)
     showing = [node.path for node in found([role.PUSH_BUTTON], [SHOWING])]
     equal(showing, [node.path for node in everything

@@ -48,7 +48,7 @@ class Client:
         for holder in holders:
             children = map(holder.get_child_at_index, range(min(4, holder.get_child_count())))
             holders += [child for child in children
-                        if child and child.get_role_name() in ("panel", "list")]
+                        if child and child.get_role_name() in ("landmark", "list")]
         return holders
 
     def hold_children(self, row):

@@ -1176,6 +1176,10 @@
         <translation>Von einem anderen Programm festgehalten: %1.</translation>
     </message>
     <message>
+        <source>Text size: %1 %</source>
+        <translation>Textgröße: %1 %</translation>
+    </message>
+    <message>
         <source>New goals: %1.</source>
         <translation>Neue Ziele: %1.</translation>
     </message>

@@ -1176,6 +1176,10 @@
         <translation>נרשם על ידי תוכנית אחרת: %1.</translation>
     </message>
     <message>
+        <source>Text size: %1 %</source>
+        <translation>גודל הטקסט: %1 %</translation>
+    </message>
+    <message>
         <source>New goals: %1.</source>
         <translation>מטרות חדשות: %1.</translation>
     </message>

@@ -212,7 +212,7 @@ def the_page_has_the_name_of_its_title(desk):
         heading = page.get_child_at_index(0)
         if heading.get_role_name() == "heading" and heading.get_attributes()["level"] == "1":
             break
-    equal((page.get_role_name(), page.get_name()), ("layered pane", "Find a design lead"))
+    equal((page.get_role_name(), page.get_name()), ("form", "Find a design lead"))
     for title in ("Find two", "Find a design lead"):
         with Ear("object:property-change:accessible-name") as ear:
             renamed = document()

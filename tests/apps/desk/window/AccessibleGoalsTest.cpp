@@ -1,5 +1,6 @@
 // The accessible object of a goal without a widget.
 
+#include "VemraQt/atspi/IdentifierSource.hpp"
 #include "apps/desk/window/GoalRow.hpp"
 #include "tests/apps/desk/window/ShownGoalList.hpp"
 
@@ -35,6 +36,20 @@ TEST_F(AccessibleGoalsTest, AGoalHasNoChildren) {
   EXPECT_EQ(far.childAt(far.rect().x(), far.rect().y()), nullptr);
   EXPECT_EQ(far.indexOfChild(&goal(0)), -1);
   EXPECT_EQ(far.window(), list.windowHandle());
+}
+
+TEST_F(AccessibleGoalsTest, AGoalHasItsPositionAmongTheGoals) {
+  using Attributes = QMap<QString, QString>;
+  const auto attributes = [](QAccessibleInterface& object) {
+    Attributes all;
+    for (const auto* source : qt::atspi::identifierSources()) {
+      all.insert(source->attributes(QAccessible::uniqueId(&object)));
+    }
+    return all;
+  };
+  EXPECT_EQ(attributes(goal(0)), (Attributes{{"posinset", "1"}, {"setsize", "1000"}}));
+  EXPECT_EQ(attributes(goal(900)), (Attributes{{"posinset", "901"}, {"setsize", "1000"}}));
+  EXPECT_EQ(attributes(goal(-1)), Attributes()) << "the heading";
 }
 
 TEST_F(AccessibleGoalsTest, AGoalIsInvisibleWhileItsListIs) {

@@ -1,3 +1,4 @@
+#include "apps/desk/window/MenuBar.hpp"
 #include "apps/documents/ResultWriter.hpp"
 #include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/window/HeardAlerts.hpp"
@@ -29,6 +30,15 @@ class HeardStoryTest : public OpenDesk {
     return std::make_unique<HeardWindow>(engine, std::move(goalID));
   }
 
+  /// Opens the window; afterwards another program keeps the store to itself until its ROLLBACK.
+  void openWhileStoreIsKept() {
+    patience = Patience(20);
+    open();
+    ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.start"), nullptr);
+    other = std::make_unique<RawDatabase>(file);
+    other->run("BEGIN IMMEDIATE");
+  }
+
   void record() {
     press("vemra.goal.person.p1.outcome.start");
     press("vemra.goal.person.p1.outcome.save");
@@ -41,6 +51,7 @@ class HeardStoryTest : public OpenDesk {
     return isComplete && alerts.heard.size() == count;
   }
 
+  std::unique_ptr<RawDatabase> other;  ///< the other program's connection
   HeardAlerts alerts;
 };
 
@@ -52,11 +63,7 @@ TEST_F(HeardStoryTest, AnOutcomeThatIsStoredAtOnceIsAnnouncedByNoNotification) {
 }
 
 TEST_F(HeardStoryTest, AnOutcomeThatWaitsIsAnnouncedOnceItsReasonOnceAndItsStoringOnce) {
-  patience = Patience(20);
-  open();
-  ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.start"), nullptr);
-  RawDatabase other(file);
-  other.run("BEGIN IMMEDIATE");
+  openWhileStoreIsKept();
   record();
   ASSERT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") != nullptr; }));
   pass(2500);  // several tries fail for the same reason
@@ -68,7 +75,7 @@ TEST_F(HeardStoryTest, AnOutcomeThatWaitsIsAnnouncedOnceItsReasonOnceAndItsStori
   }
   EXPECT_EQ(outcomes, 1u);
   EXPECT_EQ(reasons, 1u);
-  other.run("ROLLBACK");
+  other->run("ROLLBACK");
   EXPECT_TRUE(hears(1));
   EXPECT_THAT(alerts.take(), ElementsAre("Stored: “Was useful” for Ada (One)"));
 }
@@ -98,11 +105,7 @@ TEST_F(HeardStoryTest, AnOutcomeOfAnotherProgramIsAnnouncedOnceAndOneOfThisWindo
 }
 
 TEST_F(HeardStoryTest, AnOutcomeThatAnotherProgramTakesOutOfTheJournalIsAnnouncedIfItIsStored) {
-  patience = Patience(20);
-  open();
-  ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.start"), nullptr);
-  RawDatabase other(file);
-  other.run("BEGIN IMMEDIATE");
+  openWhileStoreIsKept();
   record();
   ASSERT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") != nullptr; }));
   const OutcomeJournal journal(file, std::chrono::milliseconds(200));
@@ -110,7 +113,7 @@ TEST_F(HeardStoryTest, AnOutcomeThatAnotherProgramTakesOutOfTheJournalIsAnnounce
   ASSERT_EQ(waiting.size(), 1u);
   pass(600);
   alerts.take();
-  other.run("ROLLBACK");
+  other->run("ROLLBACK");
   GoalStore::open(file).record(waiting[0].goalID, waiting[0].input, waiting[0].id,
                                waiting[0].savedAt);
   journal.settle(waiting[0].id);
@@ -119,18 +122,14 @@ TEST_F(HeardStoryTest, AnOutcomeThatAnotherProgramTakesOutOfTheJournalIsAnnounce
 }
 
 TEST_F(HeardStoryTest, OutcomesThatAnotherProgramTakesOneAfterAnotherAreNeverItsOwn) {
-  patience = Patience(20);
-  open();
-  ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.start"), nullptr);
-  RawDatabase other(file);
-  other.run("BEGIN IMMEDIATE");
+  openWhileStoreIsKept();
   for (int i = 0; i < 3; ++i) record();
   const OutcomeJournal journal(file, std::chrono::milliseconds(200));
   ASSERT_TRUE(becomes([&] { return journal.read().size() == 3; }));
   const std::vector<WaitingOutcome> waiting = journal.read();
   pass(2500);  // the window tries again in a second
   alerts.take();
-  other.run("ROLLBACK");
+  other->run("ROLLBACK");
   GoalStore store = GoalStore::open(file);
   for (const WaitingOutcome& one : waiting) {
     store.record(one.goalID, one.input, one.id, one.savedAt);
@@ -146,11 +145,7 @@ TEST_F(HeardStoryTest, OutcomesThatAnotherProgramTakesOneAfterAnotherAreNeverIts
 }
 
 TEST_F(HeardStoryTest, AnOutcomeThatAnotherProgramDiscardsIsNotAnnouncedAsStored) {
-  patience = Patience(20);
-  open();
-  ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.start"), nullptr);
-  RawDatabase other(file);
-  other.run("BEGIN IMMEDIATE");
+  openWhileStoreIsKept();
   record();
   ASSERT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") != nullptr; }));
   const OutcomeJournal journal(file, std::chrono::milliseconds(200));
@@ -160,9 +155,22 @@ TEST_F(HeardStoryTest, AnOutcomeThatAnotherProgramDiscardsIsNotAnnouncedAsStored
   alerts.take();
   journal.settle(waiting[0].id);
   ASSERT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") == nullptr; }));
-  other.run("ROLLBACK");
+  other->run("ROLLBACK");
   pass(900);
   EXPECT_THAT(alerts.take(), IsEmpty());
+}
+
+TEST_F(HeardStoryTest, ANewTextSizeIsAnnounced) {
+  open();
+  ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.start"), nullptr);
+  alerts.take();
+  auto* menus = window->findChild<MenuBar*>();
+  Q_EMIT menus->largerTextWanted();
+  EXPECT_TRUE(hears(1));
+  EXPECT_THAT(alerts.take(), ElementsAre("Text size: 110 %"));
+  Q_EMIT menus->usualTextWanted();
+  EXPECT_TRUE(hears(1));
+  EXPECT_THAT(alerts.take(), ElementsAre("Text size: 100 %"));
 }
 
 TEST_F(HeardStoryTest, AnImportOfThisWindowIsAnnouncedByItsNoticeAlone) {
