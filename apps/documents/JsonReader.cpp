@@ -11,16 +11,11 @@ namespace {
 /// The file is given back in pieces of about this many bytes.
 constexpr std::size_t pieceLength = std::size_t{4} << 20;
 
-template <class Names>
-std::string listed(std::string_view what, const Names& names) {
+std::string listed(std::string_view what, std::span<const std::string_view> names) {
   std::string out(what);
   std::string_view separator = " ";
-  for (const auto& name : names) {
-    if constexpr (std::is_same_v<std::decay_t<decltype(name)>, Field>) {
-      out.append(separator).append(name.key);
-    } else {
-      out.append(separator).append(name);
-    }
+  for (std::string_view name : names) {
+    out.append(separator).append(name);
     separator = ", ";
   }
   return out;
@@ -42,41 +37,20 @@ JsonKind JsonReader::next() {
 }
 
 void JsonReader::object(std::initializer_list<Field> fields) {
-  assert(fields.size() <= 64);
-  std::uint64_t seen = 0;
-  const Field* next = fields.begin();  // most documents have the keys in this order
-  std::string unescaped;
-  members([&] {
-    const Field* field = nullptr;
-    const auto find = [&](const auto& isKey) {
-      for (std::size_t i = 0; i < fields.size() && field == nullptr; ++i) {
-        if (next == fields.end()) next = fields.begin();
-        if (isKey(next->key)) field = next;
-        ++next;
-      }
-      return field != nullptr;
-    };
-    if (tokens_.comes('"') && find([&](auto name) { return tokens_.takeString(name); })) {
-      tokens_.expect(':', "\":\"");
-    } else {  // a key with escapes, or an error
-      const std::string_view found = key(unescaped);
-      if (!find([&](auto name) { return name == found; })) {
-        failAt(found, listed("one of the keys", fields), inQuotes(found));
-      }
-    }
-    const std::uint64_t bit = std::uint64_t{1} << (field - fields.begin());
-    if ((seen & bit) != 0) failAt(field->key, "each key once", inQuotes(field->key) + " again");
-    seen |= bit;
-    const JsonPlace::Step step(place_, field->key);
-    field->read();
-  });
-  std::uint64_t bit = 1;
-  for (const Field& field : fields) {
-    if (field.presence == Presence::required && (seen & bit) == 0) {
-      fail("the key " + inQuotes(field.key), "none");
-    }
-    bit <<= 1;
-  }
+  assert(fields.size() <= mostFields);
+  readObject(std::span(fields.begin(), fields.size()), [](const Field& field) { field.read(); });
+}
+
+void JsonReader::failUnknownKey(std::string_view found, std::span<const std::string_view> keys) {
+  failAt(found, listed("one of the keys", keys), inQuotes(found));
+}
+
+void JsonReader::failDuplicateKey(std::string_view key) {
+  failAt(key, "each key once", inQuotes(key) + " again");
+}
+
+void JsonReader::failMissingKey(std::string_view key) {
+  fail("the key " + inQuotes(key), "none");
 }
 
 void JsonReader::dictionary(FunctionReference<void(const std::string& key)> readValue) {

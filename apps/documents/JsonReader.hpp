@@ -5,6 +5,7 @@
 #include "apps/documents/JsonTokens.hpp"
 #include "apps/documents/SourceFile.hpp"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
@@ -12,6 +13,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vemra::documents {
 
@@ -23,6 +25,20 @@ struct Field {
   std::string_view key;  ///< must outlive the reading of the object
   Presence presence = Presence::required;
   FunctionReference<void()> read;  ///< reads exactly one value from the reader
+};
+
+class JsonReader;
+
+/// One key of the objects that become a `Record`, and a function that reads its value into the
+/// record: exactly one value.
+///
+/// A table of them is a constant, so an object costs no more than its members. Make it with
+/// `std::to_array`, in the order in which most documents have the keys.
+template <class Record>
+struct RecordField {
+  std::string_view key;
+  Presence presence = Presence::required;
+  void (*read)(JsonReader& reader, Record& record) = nullptr;
 };
 
 /// Reads a JSON text strictly (RFC 8259, UTF-8), as values of the types that the caller expects.
@@ -56,6 +72,13 @@ class JsonReader {
 
   /// Reads an object with these keys and no others, in any order.
   void object(std::initializer_list<Field> fields);
+
+  /// The same into a record. `fields` is a constant table.
+  template <class Record, std::size_t count>
+  void object(const std::array<RecordField<Record>, count>& fields, Record& record) {
+    static_assert(count <= mostFields);
+    readObject(fields, [&](const RecordField<Record>& field) { field.read(*this, record); });
+  }
 
   /// Reads an object whose keys are data. `readValue` reads the value of its key; it is called
   /// twice for a duplicate key, which the caller may refuse.
@@ -98,6 +121,15 @@ class JsonReader {
   [[noreturn]] void failNext(std::string_view expected);
 
  private:
+  static constexpr std::size_t mostFields = 64;
+
+  template <class Fields, class Read>
+  void readObject(const Fields& fields, const Read& read);
+  template <class Fields>
+  std::size_t fieldOfOtherKey(const Fields& fields);
+  [[noreturn]] void failUnknownKey(std::string_view found, std::span<const std::string_view> keys);
+  [[noreturn]] void failDuplicateKey(std::string_view key);
+  [[noreturn]] void failMissingKey(std::string_view key);
   template <class ReadMember>
   void members(const ReadMember& readMember);
   std::string_view key(std::string& unescaped);
@@ -111,5 +143,61 @@ class JsonReader {
   // With fewer unread bytes than this, release what was read; 0: never.
   std::size_t releaseBelow_ = 0;
 };
+
+/// Reads an object; `read` reads the value of a field. The functions that throw are elsewhere, so
+/// that little code is left for the members of millions of objects.
+template <class Fields, class Read>
+void JsonReader::readObject(const Fields& fields, const Read& read) {
+  const std::size_t count = fields.size();
+  const auto* const table = fields.data();
+  std::uint64_t seen = 0;
+  std::size_t expected = 0;  // most documents have the keys in the order of the table
+  if (!tokens_.take('{')) failNext("an object");
+  if (!tokens_.take('}')) {
+    do {
+      std::size_t index = count;
+      if (tokens_.comes('"')) {
+        for (std::size_t tries = 0; tries < count; ++tries) {
+          if (expected == count) expected = 0;
+          const std::size_t candidate = expected++;
+          if (tokens_.takeString(table[candidate].key)) {
+            index = candidate;
+            break;
+          }
+        }
+      }
+      if (index != count) {
+        tokens_.expect(':', "\":\"");
+      } else {  // a key with escapes, or an error
+        index = fieldOfOtherKey(fields);
+        expected = index + 1;
+      }
+      const std::string_view key = table[index].key;
+      const std::uint64_t bit = std::uint64_t{1} << index;
+      if ((seen & bit) != 0) failDuplicateKey(key);
+      seen |= bit;
+      const JsonPlace::Step step(place_, key);
+      read(table[index]);
+    } while (tokens_.take(','));
+    tokens_.expect('}', "\",\" or \"}\"");
+  }
+  for (std::size_t i = 0; i < count; ++i) {
+    const bool isThere = ((seen >> i) & 1) != 0;
+    if (!isThere && table[i].presence == Presence::required) failMissingKey(table[i].key);
+  }
+}
+
+/// Reads a key and its colon; the index of its field.
+template <class Fields>
+std::size_t JsonReader::fieldOfOtherKey(const Fields& fields) {
+  std::string unescaped;
+  const std::string_view found = key(unescaped);
+  std::vector<std::string_view> keys;
+  for (const auto& field : fields) {
+    if (field.key == found) return keys.size();
+    keys.push_back(field.key);
+  }
+  failUnknownKey(found, keys);
+}
 
 }  // namespace vemra::documents

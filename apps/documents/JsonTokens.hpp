@@ -53,24 +53,24 @@ class JsonTokens {
   }
 
   /// Reads white space and, if it comes next, the character. Returns whether it came.
-  bool take(char c) {
+  [[gnu::always_inline]] bool take(char c) {
     skipWhiteSpace();
     return takeHere(c);
   }
 
   /// Reads white space and the character; an error when another one comes.
-  void expect(char c, std::string_view expected) {
+  [[gnu::always_inline]] void expect(char c, std::string_view expected) {
     if (!take(c)) failHere(expected);
   }
 
   /// Whether the character comes next, behind white space.
-  bool comes(char c) {
+  [[gnu::always_inline]] bool comes(char c) {
     skipWhiteSpace();
     return at_ < text_.size() && text_[at_] == c;
   }
 
   /// Reads a string. The result points into the text, or into `unescaped` if it has escapes.
-  std::string_view string(std::string& unescaped) {
+  [[gnu::always_inline]] std::string_view string(std::string& unescaped) {
     const std::size_t start = at_ + 1;
     const std::string_view rest(text_.data() + start, text_.size() - start);
     const std::size_t length = plainLength(rest);
@@ -81,7 +81,7 @@ class JsonTokens {
 
   /// Reads the string `plain`, written without escapes, if it comes at once, without white space.
   /// Returns whether it came. `plain` is ASCII, not empty, and needs no escapes.
-  bool takeString(std::string_view plain) {
+  [[gnu::always_inline]] bool takeString(std::string_view plain) {
     const std::size_t length = plain.size() + 2;
     if (text_.size() - at_ < length) return false;
     const char* const here = text_.data() + at_;
@@ -114,7 +114,7 @@ class JsonTokens {
  private:
   // In the header, as `kind` and `take` are, because each value calls these several times.
   static bool isDigit(char c) { return c >= '0' && c <= '9'; }
-  void skipWhiteSpace() {
+  [[gnu::always_inline]] void skipWhiteSpace() {
     const auto isWhite = [](char c) { return c == ' ' || c == '\n' || c == '\r' || c == '\t'; };
     while (at_ < text_.size() && isWhite(text_[at_])) ++at_;
   }
@@ -125,21 +125,26 @@ class JsonTokens {
   }
   /// Whether both texts of `length` bytes, at least one, are the same. Faster than a call of
   /// `memcmp`, since keys are short.
-  static bool areSame(const char* a, const char* b, std::size_t length) {
-    const auto word = []<class Word>(const char* bytes, Word value) {
-      std::memcpy(&value, bytes, sizeof value);
-      return value;
+  [[gnu::always_inline]] static bool areSame(const char* a, const char* b, std::size_t length) {
+    if (length >= sizeof(std::uint64_t)) return areSameWords<std::uint64_t>(a, b, length);
+    if (length >= sizeof(std::uint32_t)) return areSameWords<std::uint32_t>(a, b, length);
+    return areSameWords<char>(a, b, length);
+  }
+  /// The same for at least one word. The last word may overlap the one before.
+  template <class Word>
+  [[gnu::always_inline]] static bool areSameWords(const char* a, const char* b,
+                                                  std::size_t length) {
+    const auto areSameAt = [a, b](std::size_t at) {
+      Word wordOfA = 0;
+      Word wordOfB = 0;
+      std::memcpy(&wordOfA, a + at, sizeof(Word));
+      std::memcpy(&wordOfB, b + at, sizeof(Word));
+      return wordOfA == wordOfB;
     };
-    const auto areSameAs = [&]<class Word>(Word zero) {
-      std::size_t at = 0;
-      for (; at + sizeof(Word) < length; at += sizeof(Word)) {
-        if (word(a + at, zero) != word(b + at, zero)) return false;
-      }
-      return word(a + length - sizeof(Word), zero) == word(b + length - sizeof(Word), zero);
-    };
-    if (length >= sizeof(std::uint64_t)) return areSameAs(std::uint64_t{});
-    if (length >= sizeof(std::uint32_t)) return areSameAs(std::uint32_t{});
-    return areSameAs(char{});
+    for (std::size_t at = 0; at + sizeof(Word) < length; at += sizeof(Word)) {
+      if (!areSameAt(at)) return false;
+    }
+    return areSameAt(length - sizeof(Word));
   }
 
   /// A position between two characters.

@@ -19,7 +19,7 @@ inline bool isPlain(char c) {
 ///
 /// Examines eight bytes in one step. In `lessThan` a borrow can mark bytes above the first one that
 /// is less, but never one below it, so that the lowest mark is right.
-inline std::size_t plainLength(std::string_view text) {
+[[gnu::always_inline]] inline std::size_t plainLength(std::string_view text) {
   constexpr std::uint64_t ones = 0x0101010101010101U;
   constexpr std::uint64_t highBits = 0x80 * ones;
   const auto lessThan = [](std::uint64_t word, std::uint64_t limit) {

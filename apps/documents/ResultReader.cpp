@@ -5,6 +5,7 @@
 #include "apps/documents/WhyReader.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -60,76 +61,103 @@ SharedArray<std::string> readStrings(JsonReader& reader) {
   return readArray(reader, readString);
 }
 
-GoalDTO readGoal(JsonReader& in) {
-  GoalDTO goal;
-  in.object({
-      {"id", required, [&] { in.string(goal.id); }},
-      {"title", required, [&] { in.string(goal.title); }},
-      {"status", optional, [&] { goal.status = readCase<GoalStatus>(in, statusNames); }},
-      {"targetPersonRef", optional, [&] { in.stringOrNull(goal.targetPersonRef); }},
-      {"createdAt", optional, [&] { in.string(goal.createdAt); }},
-      {"updatedAt", optional, [&] { in.string(goal.updatedAt); }},
-      {"priority", optional, [&] { goal.priority = readCase<GoalPriority>(in, priorityNames); }},
-      {"keywords", optional, [&] { goal.keywords = readStrings(in); }},
-      {"keywordsRevision", optional, [&] { goal.keywordsRevision = in.integer(); }},
-      {"constraints", optional, [&] { goal.constraints = readStrings(in); }},
-      {"constraintsRevision", optional, [&] { goal.constraintsRevision = in.integer(); }},
-      {"attachmentRefs", optional, [&] { goal.attachmentRefs = readStrings(in); }},
-  });
-  return goal;
+template <class Record>
+using Field = RecordField<Record>;
+
+constexpr auto goalFields = std::to_array<Field<GoalDTO>>({
+    {"id", required, [](auto& in, auto& goal) { in.string(goal.id); }},
+    {"title", required, [](auto& in, auto& goal) { in.string(goal.title); }},
+    {"status", optional,
+     [](auto& in, auto& goal) { goal.status = readCase<GoalStatus>(in, statusNames); }},
+    {"targetPersonRef", optional,
+     [](auto& in, auto& goal) { in.stringOrNull(goal.targetPersonRef); }},
+    {"createdAt", optional, [](auto& in, auto& goal) { in.string(goal.createdAt); }},
+    {"updatedAt", optional, [](auto& in, auto& goal) { in.string(goal.updatedAt); }},
+    {"priority", optional,
+     [](auto& in, auto& goal) { goal.priority = readCase<GoalPriority>(in, priorityNames); }},
+    {"keywords", optional, [](auto& in, auto& goal) { goal.keywords = readStrings(in); }},
+    {"keywordsRevision", optional,
+     [](auto& in, auto& goal) { goal.keywordsRevision = in.integer(); }},
+    {"constraints", optional, [](auto& in, auto& goal) { goal.constraints = readStrings(in); }},
+    {"constraintsRevision", optional,
+     [](auto& in, auto& goal) { goal.constraintsRevision = in.integer(); }},
+    {"attachmentRefs", optional,
+     [](auto& in, auto& goal) { goal.attachmentRefs = readStrings(in); }},
+});
+
+constexpr auto personFields = std::to_array<Field<GoalPersonCandidateDTO>>({
+    {"personRef", required, [](auto& in, auto& person) { in.string(person.personRef); }},
+    {"displayName", optional, [](auto& in, auto& person) { in.stringOrNull(person.displayName); }},
+    {"why", required, [](auto& in, auto& person) { person.why = readWhy(in); }},
+    {"evidenceIDs", optional, [](auto& in, auto& person) { person.evidenceIDs = readStrings(in); }},
+});
+
+constexpr auto pathFields = std::to_array<Field<GoalPathCandidateDTO>>({
+    {"personRefs", required, [](auto& in, auto& path) { path.personRefs = readStrings(in); }},
+    {"why", required, [](auto& in, auto& path) { path.why = readWhy(in); }},
+    {"strength", optional, [](auto& in, auto& path) { path.strength = in.integer(); }},
+});
+
+constexpr auto groupFields = std::to_array<Field<GoalGroupCandidateDTO>>({
+    {"id", required, [](auto& in, auto& group) { in.string(group.id); }},
+    {"personRefs", optional, [](auto& in, auto& group) { group.personRefs = readStrings(in); }},
+});
+
+constexpr auto coverageFields = std::to_array<Field<GoalCoverageDTO>>({
+    {"sources", required, [](auto& in, auto& coverage) { coverage.sources = readStrings(in); }},
+    {"evidenceCount", required,
+     [](auto& in, auto& coverage) { coverage.evidenceCount = in.integer(); }},
+    {"latestEvidenceAt", optional,
+     [](auto& in, auto& coverage) { in.stringOrNull(coverage.latestEvidenceAt); }},
+});
+
+constexpr auto outcomeFields = std::to_array<Field<GoalOutcomeDTO>>({
+    {"id", required, [](auto& in, auto& outcome) { in.string(outcome.id); }},
+    {"goalID", optional, [](auto& in, auto& outcome) { in.string(outcome.goalID); }},
+    {"subjectKind", required,
+     [](auto& in, auto& outcome) {
+       outcome.subjectKind = readCase<GoalOutcomeSubjectKind>(in, subjectKindNames);
+     }},
+    {"subjectRef", optional, [](auto& in, auto& outcome) { in.stringOrNull(outcome.subjectRef); }},
+    {"value", required,
+     [](auto& in, auto& outcome) {
+       outcome.value = readCase<GoalOutcomeValue>(in, outcomeValueNames);
+     }},
+    {"note", optional, [](auto& in, auto& outcome) { in.stringOrNull(outcome.note); }},
+    {"recordedAt", optional, [](auto& in, auto& outcome) { in.stringOrNull(outcome.recordedAt); }},
+    {"recordedBy", optional, [](auto& in, auto& outcome) { in.stringOrNull(outcome.recordedBy); }},
+    {"correctsOutcomeID", optional,
+     [](auto& in, auto& outcome) { in.stringOrNull(outcome.correctsOutcomeID); }},
+});
+
+/// Reads an array whose elements have these fields.
+template <const auto& fields, class Element>
+SharedArray<Element> readRecords(JsonReader& in) {
+  return readArray<Element>(
+      in, [](JsonReader& reader, Element& element) { reader.object(fields, element); });
 }
 
-void readPerson(JsonReader& in, GoalPersonCandidateDTO& person) {
-  in.object({
-      {"personRef", required, [&] { in.string(person.personRef); }},
-      {"displayName", optional, [&] { in.stringOrNull(person.displayName); }},
-      {"why", required, [&] { person.why = readWhy(in); }},
-      {"evidenceIDs", optional, [&] { person.evidenceIDs = readStrings(in); }},
-  });
-}
-
-void readPath(JsonReader& in, GoalPathCandidateDTO& path) {
-  in.object({
-      {"personRefs", required, [&] { path.personRefs = readStrings(in); }},
-      {"why", required, [&] { path.why = readWhy(in); }},
-      {"strength", optional, [&] { path.strength = in.integer(); }},
-  });
-}
-
-void readGroup(JsonReader& in, GoalGroupCandidateDTO& group) {
-  in.object({
-      {"id", required, [&] { in.string(group.id); }},
-      {"personRefs", optional, [&] { group.personRefs = readStrings(in); }},
-  });
-}
-
-GoalCoverageDTO readCoverage(JsonReader& in) {
-  GoalCoverageDTO coverage;
-  in.object({
-      {"sources", required, [&] { coverage.sources = readStrings(in); }},
-      {"evidenceCount", required, [&] { coverage.evidenceCount = in.integer(); }},
-      {"latestEvidenceAt", optional, [&] { in.stringOrNull(coverage.latestEvidenceAt); }},
-  });
-  return coverage;
-}
-
-void readOutcome(JsonReader& in, GoalOutcomeDTO& outcome) {
-  const auto subjectKind = [&] {
-    outcome.subjectKind = readCase<GoalOutcomeSubjectKind>(in, subjectKindNames);
-  };
-  const auto value = [&] { outcome.value = readCase<GoalOutcomeValue>(in, outcomeValueNames); };
-  in.object({
-      {"id", required, [&] { in.string(outcome.id); }},
-      {"goalID", optional, [&] { in.string(outcome.goalID); }},
-      {"subjectKind", required, subjectKind},
-      {"subjectRef", optional, [&] { in.stringOrNull(outcome.subjectRef); }},
-      {"value", required, value},
-      {"note", optional, [&] { in.stringOrNull(outcome.note); }},
-      {"recordedAt", optional, [&] { in.stringOrNull(outcome.recordedAt); }},
-      {"recordedBy", optional, [&] { in.stringOrNull(outcome.recordedBy); }},
-      {"correctsOutcomeID", optional, [&] { in.stringOrNull(outcome.correctsOutcomeID); }},
-  });
-}
+constexpr auto resultFields = std::to_array<Field<GetGoalSnapshotResponse>>({
+    {"goal", required, [](auto& in, auto& result) { in.object(goalFields, result.goal); }},
+    {"people", required,
+     [](auto& in, auto& result) {
+       result.people = readRecords<personFields, GoalPersonCandidateDTO>(in);
+     }},
+    {"paths", required,
+     [](auto& in, auto& result) {
+       result.paths = readRecords<pathFields, GoalPathCandidateDTO>(in);
+     }},
+    {"group", required,
+     [](auto& in, auto& result) {
+       result.group = readRecords<groupFields, GoalGroupCandidateDTO>(in);
+     }},
+    {"coverage", required,
+     [](auto& in, auto& result) { in.object(coverageFields, result.coverage); }},
+    {"outcomes", required,
+     [](auto& in, auto& result) {
+       result.outcomes = readRecords<outcomeFields, GoalOutcomeDTO>(in);
+     }},
+});
 
 /// Reads a document that has nothing but a result.
 GetGoalSnapshotResponse readWhole(JsonReader&& in) {
@@ -142,14 +170,7 @@ GetGoalSnapshotResponse readWhole(JsonReader&& in) {
 
 GetGoalSnapshotResponse readResult(JsonReader& in) {
   GetGoalSnapshotResponse result;
-  in.object({
-      {"goal", required, [&] { result.goal = readGoal(in); }},
-      {"people", required, [&] { result.people = readArray(in, readPerson); }},
-      {"paths", required, [&] { result.paths = readArray(in, readPath); }},
-      {"group", required, [&] { result.group = readArray(in, readGroup); }},
-      {"coverage", required, [&] { result.coverage = readCoverage(in); }},
-      {"outcomes", required, [&] { result.outcomes = readArray(in, readOutcome); }},
-  });
+  in.object(resultFields, result);
   return result;
 }
 

@@ -81,20 +81,26 @@ bool hasItsKeys(const Payload& payload) {
   throw std::logic_error("hasItsKeys and keysOf disagree");
 }
 
+using enum Presence;
+
+constexpr auto payloadFields = std::to_array<RecordField<Payload>>({
+    {"kind", required,
+     [](auto& in, auto& payload) { payload.kind = static_cast<WhyKind>(in.name(whyKindNames)); }},
+    {"label", optional, [](auto& in, auto& payload) { in.string(payload.label.emplace()); }},
+    {"detail", optional, [](auto& in, auto& payload) { in.string(payload.detail.emplace()); }},
+    {"reference", optional,
+     [](auto& in, auto& payload) { in.string(payload.reference.emplace()); }},
+    {"hopCount", optional, [](auto& in, auto& payload) { payload.hopCount = in.integer(); }},
+    {"threadCount", optional, [](auto& in, auto& payload) { payload.threadCount = in.integer(); }},
+    {"meetingCount", optional,
+     [](auto& in, auto& payload) { payload.meetingCount = in.integer(); }},
+});
+
 }  // namespace
 
 GoalWhyDTO readWhy(JsonReader& in) {
-  using enum Presence;
   Payload payload;
-  in.object({
-      {"kind", required, [&] { payload.kind = static_cast<WhyKind>(in.name(whyKindNames)); }},
-      {"label", optional, [&] { in.string(payload.label.emplace()); }},
-      {"detail", optional, [&] { in.string(payload.detail.emplace()); }},
-      {"reference", optional, [&] { in.string(payload.reference.emplace()); }},
-      {"hopCount", optional, [&] { payload.hopCount = in.integer(); }},
-      {"threadCount", optional, [&] { payload.threadCount = in.integer(); }},
-      {"meetingCount", optional, [&] { payload.meetingCount = in.integer(); }},
-  });
+  in.object(payloadFields, payload);
   if (!hasItsKeys(payload)) failForKeys(in, payload);
   switch (payload.kind) {
     case WhyKind::evidence:
