@@ -7,7 +7,8 @@
 // person in view gets an outcome, eight times, each time another person: the press of "Save" starts
 // the clock, and the end of the frame in which the outcome stands in the row stops it. By then the
 // outcome is stored durably, the goal has been loaded from the store again, and the window shows
-// it. Before each save SQLite alone writes one row durably into a file beside the store. At the end
+// it. Before each save SQLite alone writes one row durably into a file beside the store, and one
+// outcome into a copy of the store, without this program's checks. At the end
 // another connection records outcomes, and the engine loads the goal after each of them. Before
 // that, letters are typed into the bar that finds people: a time ends with the frame that shows the
 // letter.
@@ -23,6 +24,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
 #include <functional>
 #include <iostream>
 #include <memory>
@@ -93,7 +95,10 @@ void measure(bench::FrameClock& clock, const Content& content) {
   const QTemporaryDir folder;
   const std::string file = folder.filePath("goals.sqlite").toStdString();
   desk::GoalStore::open(file).import(resultsOf(content));
-  const bench::BareTransaction bare(folder.filePath("bare.sqlite").toStdString());
+  const auto bare = bench::BareTransaction::ofOneRow(folder.filePath("bare.sqlite").toStdString());
+  const std::string copy = folder.filePath("copy.sqlite").toStdString();
+  std::filesystem::copy_file(file, copy);
+  const auto bareOutcome = bench::BareTransaction::ofAnOutcome(copy);
 
   auto engine = std::make_shared<desk::StoreEngine>(file);
   desk::DeskWindow window(engine, "g1");
@@ -103,7 +108,9 @@ void measure(bench::FrameClock& clock, const Content& content) {
 
   std::vector<double> saves;
   std::vector<double> bareTimes;
+  std::vector<double> bareOutcomeTimes;
   std::vector<double> ratios;
+  std::vector<double> outcomeRatios;
   for (std::size_t person = 0; saves.size() < wantedSaves; ++person) {
     if (person > mostInView) throw std::runtime_error("too few people are in view");
     auto* start = button(window, bench::identifierOf(person, "outcome.start"));
@@ -111,11 +118,13 @@ void measure(bench::FrameClock& clock, const Content& content) {
     start->click();
     clock.settle();
     bareTimes.push_back(bare.run());
+    bareOutcomeTimes.push_back(bareOutcome.run());
     auto* save = button(window, bench::identifierOf(person, "outcome.save"));
     if (save == nullptr) throw std::runtime_error("no editor is open");
     saves.push_back(timed(
         clock, window, [&] { save->click(); }, bench::identifierOf(person, "outcome.correct")));
     ratios.push_back(saves.back() / bareTimes.back());
+    outcomeRatios.push_back(saves.back() / bareOutcomeTimes.back());
   }
   std::vector<double> letters;
   Q_EMIT window.findChild<desk::MenuBar*>()->findWanted();
@@ -148,16 +157,19 @@ void measure(bench::FrameClock& clock, const Content& content) {
   std::cout << "opened.first\t" << opened << "\nsaved.first\t" << saves.front() << '\n';
   saves.erase(saves.begin());
   ratios.erase(ratios.begin());
+  outcomeRatios.erase(outcomeRatios.begin());
   print("saved", saves);
   // Each save beside the transaction right before it: the speed of a shared disk changes by the
   // second.
   print("saved per transaction", ratios);
+  print("saved per outcome's transaction", outcomeRatios);
   print("letter", letters);
   std::cout << "letter.most\t" << *std::ranges::max_element(letters) << '\n';
   print("recorded", records);
   print("loaded", loads);
   print("changed", changes);
   print("bare", bareTimes);
+  print("bare outcome", bareOutcomeTimes);
   engine->finish();
 }
 

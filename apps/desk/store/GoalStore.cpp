@@ -135,6 +135,13 @@ std::vector<LeftOutOutcome> GoalStore::importWithin(
 
 GoalOutcomeDTO GoalStore::record(const std::string& goalID, const GoalOutcomeRecordingInput& input,
                                  const std::string& outcomeID, const std::string& recordedAt) {
+  return recordAndShow(goalID, input, outcomeID, recordedAt).record;
+}
+
+RecordedOutcome GoalStore::recordAndShow(const std::string& goalID,
+                                         const GoalOutcomeRecordingInput& input,
+                                         const std::string& outcomeID,
+                                         const std::string& recordedAt) {
   Work work(database_, schema_, writing);
   const std::int64_t goal = findOrThrow(goalID);
   const Database::Revision start = database_.revision();
@@ -154,11 +161,11 @@ GoalOutcomeDTO GoalStore::record(const std::string& goalID, const GoalOutcomeRec
   work.commit();
   if (!before) {
     kept_.addOutcome(goal, outcome, number, start, end);
-    return outcome;
+    return {std::move(outcome), kept_.findAfterCommit(goal, end)};
   }
   // The earlier try may have failed while SQLite wrote the outcome to the disk.
   database_.makeDurable();
-  return *std::move(before);
+  return {*std::move(before), std::nullopt};
 }
 
 PersonKnowledge GoalStore::person(const std::string& personRef) {

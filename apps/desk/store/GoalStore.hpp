@@ -24,6 +24,14 @@ struct LeftOutOutcome {
   std::size_t outcome;   ///< the index among the document's outcomes, from 0
 };
 
+/// What `GoalStore::recordAndShow` has recorded.
+struct RecordedOutcome {
+  GoalOutcomeDTO record;
+  /// The goal's result right after the record, as `shownResult` would read it. Nil when the store
+  /// would have to read rows for it.
+  std::optional<GetGoalSnapshotResponse> result;
+};
+
 /// The user's data in one SQLite file: goals with their evaluated results, and the outcomes
 /// recorded for them.
 ///
@@ -97,6 +105,11 @@ class GoalStore {
   GoalOutcomeDTO record(const std::string& goalID, const GoalOutcomeRecordingInput& input,
                         const std::string& outcomeID = newOutcomeID(),
                         const std::string& recordedAt = now());
+
+  /// Records an outcome like `record`, and returns the goal's result with it where that takes no
+  /// reading: a screen of the goal can then show the outcome at once.
+  RecordedOutcome recordAndShow(const std::string& goalID, const GoalOutcomeRecordingInput& input,
+                                const std::string& outcomeID, const std::string& recordedAt);
 
   PersonKnowledge person(const std::string& personRef);
   EvidenceKnowledge evidence(const std::string& evidenceID);

@@ -36,6 +36,16 @@ class KeptResult {
     return kept_->result;
   }
 
+  /// The same after a commit, which must not fail any more: nil also without memory for a copy.
+  std::optional<GetGoalSnapshotResponse> findAfterCommit(
+      std::int64_t goal, Database::Revision revision) const noexcept {
+    try {
+      return find(goal, revision);
+    } catch (const std::bad_alloc&) {
+      return std::nullopt;
+    }
+  }
+
   /// The number of the last outcome that was read, when the kept result is the goal's with the same
   /// stamp: only outcomes after it are missing. Nil when the whole result has to be read.
   std::optional<std::int64_t> lastOutcome(std::int64_t goal,

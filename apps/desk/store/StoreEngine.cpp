@@ -101,7 +101,10 @@ task::Task<GoalOutcomeDTO> StoreEngine::record(WaitingOutcome outcome,
           } else if (mark && (mark->empty() || *mark != tried->mark)) {
             throw StoreError(thread.file(), "is not the store that the outcome was saved in");
           }
-          return open.record(outcome.goalID, outcome.input, outcome.id, outcome.savedAt);
+          RecordedOutcome recorded =
+              open.recordAndShow(outcome.goalID, outcome.input, outcome.id, outcome.savedAt);
+          tried->result = std::move(recorded.result);
+          return std::move(recorded.record);
         };
         const bool mayEnterAny = !tried->wantedNumber && !tried->wantedMark;
         try {

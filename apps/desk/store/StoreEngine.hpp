@@ -13,7 +13,8 @@
 
 namespace vemra::desk {
 
-/// The store that a try to record an outcome is meant for, and the one that it reached.
+/// The store that a try to record an outcome is meant for, the one that it reached, and what a
+/// screen shows then.
 struct TriedStore {
   /// The number of the only store that the outcome may be recorded in.
   std::optional<std::uint64_t> wantedNumber;
@@ -23,6 +24,9 @@ struct TriedStore {
   /// \name Set by the task once it has opened a store; read them after its end @{
   std::optional<std::uint64_t> number;
   std::string mark;
+  /// The goal's result with the recorded outcome, if the store had it at hand
+  /// (`RecordedOutcome::result`). Nil after a failure.
+  std::optional<GetGoalSnapshotResponse> result;
   /// @}
 };
 

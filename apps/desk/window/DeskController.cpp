@@ -54,12 +54,13 @@ std::optional<OutcomeJournal> journalOf(const StoreEngine& engine) {
 DeskController::DeskController(std::shared_ptr<StoreEngine> engine, DeskDisplay& display)
     : engine_(std::move(engine)), display_(display), waiting_(engine_, journalOf(*engine_)) {
   connect(&waiting_, &WaitingOutcomes::changed, this, &DeskController::showWaiting);
-  connect(&waiting_, &WaitingOutcomes::recorded, this, [this](const std::string& id) {
-    ownOutcomes_.emplace(id, true);
-    display_.noteStored(id);
-    if (goalID_) loadGoal();
-    if (refreshDetails_) refreshDetails_();
-  });
+  connect(&waiting_, &WaitingOutcomes::recorded, this,
+          [this](const std::string& id, const TriedStore& tried) {
+            ownOutcomes_.emplace(id, true);
+            display_.noteStored(id);
+            showRecorded(tried);
+            if (refreshDetails_) refreshDetails_();
+          });
   connect(&waiting_, &WaitingOutcomes::settledElsewhere, this, &DeskController::announceStored);
   connect(&waiting_, &WaitingOutcomes::journalFailed, this, [this](const QString& reason) {
     display_.showNotice(
@@ -118,6 +119,19 @@ void DeskController::loadGoal() {
                             loadGoal();  // another store is there; the result may be from either
                           }
                         });
+}
+
+void DeskController::showRecorded(const TriedStore& tried) {
+  if (!goalID_) return;
+  // The tasks of the engine end in the order of their starts: no result that was read earlier comes
+  // after this one.
+  if (tried.result && text::equal(tried.result->goal.id, *goalID_) &&
+      tried.number == engine_->storeNumber()) {
+    takeGoal(*goalID_, *tried.number,
+             task::Result<GoalResultSnapshotV1>::returned(GoalResultSnapshotV1(*tried.result)));
+  } else {
+    loadGoal();
+  }
 }
 
 void DeskController::takeGoal(const std::string& goalID, std::uint64_t store,

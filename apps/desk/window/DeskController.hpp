@@ -66,6 +66,9 @@ class DeskController : public QObject {
 
  private:
   void takeGoals(task::Result<std::vector<GoalListing>> result);
+  /// Shows the open goal after an outcome has been recorded: with the result of the recording, if
+  /// it has one and is of that goal, or else loads the goal again.
+  void showRecorded(const TriedStore& tried);
   void takeGoal(const std::string& goalID, std::uint64_t store,
                 task::Result<GoalResultSnapshotV1> result);
   void announce(const QString& news);

@@ -116,7 +116,7 @@ void WaitingOutcomes::take(const std::string& id, std::uint64_t pass, const Trie
   if (result.hasValue()) {
     nextPause_ = shortestPause;
     if (entry != entries_.end()) finish(entry);
-    Q_EMIT recorded(id);
+    Q_EMIT recorded(id, tried);
     Q_EMIT changed();
     tryNext();
     return;

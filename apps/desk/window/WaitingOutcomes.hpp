@@ -96,8 +96,9 @@ class WaitingOutcomes : public QObject {
   bool isEmpty() const { return entries_.empty(); }
 
  Q_SIGNALS:
-  /// The outcome with that id is in the store now.
-  void recorded(const std::string& id);
+  /// The outcome with that id is in the store now. `tried` names the store, and has the goal's result
+  /// with the outcome if the store had it at hand.
+  void recorded(const std::string& id, const TriedStore& tried);
   /// Another program has taken these outcomes of a goal out of the journal: it has recorded or
   /// discarded them.
   void settledElsewhere(const std::string& goalID, const std::vector<std::string>& ids);

@@ -9,7 +9,7 @@
 
 namespace {
 
-std::atomic<int> errorOfSync, errorOfStat, countOfSyncs;
+std::atomic<int> errorOfSync, errorOfStat, countOfSyncs, countOfDataSyncs;
 
 }  // namespace
 
@@ -20,6 +20,12 @@ extern "C" int fsync(int descriptor) {
     return -1;
   }
   return static_cast<int>(::syscall(SYS_fsync, descriptor));
+}
+
+// Visible to SQLite's library.
+extern "C" [[gnu::visibility("default")]] int fdatasync(int descriptor) {
+  ++countOfDataSyncs;
+  return static_cast<int>(::syscall(SYS_fdatasync, descriptor));
 }
 
 extern "C" int stat(const char* path, struct stat* status) noexcept {
@@ -43,6 +49,10 @@ void FileCalls::succeed() {
 
 int FileCalls::syncs() {
   return countOfSyncs;
+}
+
+int FileCalls::dataSyncs() {
+  return countOfDataSyncs;
 }
 
 }  // namespace vemra::desk

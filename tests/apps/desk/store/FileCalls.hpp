@@ -13,6 +13,8 @@ struct FileCalls {
 
   /// The number of calls of `fsync` so far.
   static int syncs();
+  /// The number of calls of `fdatasync` so far, which SQLite makes for a durable transaction.
+  static int dataSyncs();
 };
 
 }  // namespace vemra::desk

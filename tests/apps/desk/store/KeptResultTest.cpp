@@ -30,6 +30,13 @@ class KeptResultTest : public StoreFile {
                                  note, std::nullopt});
   }
 
+  RecordedOutcome recordAndShow(const std::string& goalID) {
+    return store.recordAndShow(goalID,
+                               {GoalOutcomeSubjectKind::person, "p1", GoalOutcomeValue::invited,
+                                std::nullopt, std::nullopt},
+                               newOutcomeID(), now());
+  }
+
   GetGoalSnapshotResponse inTheFile(const std::string& goalID) const {
     return GoalStore::open(file).result(goalID);
   }
@@ -59,6 +66,27 @@ TEST_F(KeptResultTest, ARecordedOutcomeCopiesNoPersonAndNoOutcome) {
   EXPECT_EQ(after.outcomes.back(), recorded);
   EXPECT_EQ(before.outcomes.size(), 1u);
   EXPECT_EQ(after, inTheFile("g1"));
+}
+
+TEST_F(KeptResultTest, RecordingAnOutcomeReturnsTheResultThatTheNextLoadReads) {
+  const auto before = store.shownResult("g1");
+  const auto recorded = recordAndShow("g1");
+  ASSERT_TRUE(recorded.result);
+  EXPECT_TRUE(recorded.result->people.sharesStorage(before.people));
+  EXPECT_EQ(recorded.result->outcomes.back(), recorded.record);
+  EXPECT_EQ(*recorded.result, store.shownResult("g1"));
+  EXPECT_EQ(*recorded.result, inTheFile("g1"));
+}
+
+TEST_F(KeptResultTest, RecordingAnOutcomeReturnsNoResultThatIsNotKept) {
+  EXPECT_FALSE(recordAndShow("g1").result) << "nothing has been read";
+  store.shownResult("g1");
+  EXPECT_FALSE(recordAndShow("g2").result) << "another goal is kept";
+  GoalStore::open(file).import({goal("g1", "Another")});
+  EXPECT_FALSE(recordAndShow("g1").result) << "another program has changed the goal";
+  store.shownResult("g1");
+  GoalStore::open(file).record("g1", {GoalOutcomeSubjectKind::path, {}, {}, {}, {}});
+  EXPECT_FALSE(recordAndShow("g1").result) << "another program has recorded an outcome";
 }
 
 TEST_F(KeptResultTest, ARecordedOutcomeOfAnotherGoalKeepsTheResult) {

@@ -1,5 +1,6 @@
 // Waiting outcomes and their store: the order of the tries, and a store that is replaced.
 
+#include "VemraPlatform/task/Start.hpp"
 #include "apps/desk/store/GoalStore.hpp"
 #include "apps/desk/window/WaitingOutcomes.hpp"
 #include "tests/Allocations.hpp"
@@ -12,6 +13,8 @@
 #include <filesystem>
 #include <memory>
 #include <new>
+#include <optional>
+#include <string>
 
 #include <gmock/gmock.h>
 
@@ -30,6 +33,23 @@ TEST_F(WaitingOutcomesTest, TheDateIsThatOfSavingAndNotOfTheSuccessfulTry) {
   start();
   ASSERT_TRUE(isDone());
   EXPECT_EQ(GoalStore::open(file).outcomes("g1")[0].recordedAt, "2025-01-05T10:00:00Z");
+}
+
+TEST_F(WaitingOutcomesTest, AnOutcomeComesWithTheResultOfItsGoal) {
+  start();
+  const auto shown = task::wait(engine->getGoalSnapshot("g1"));
+  std::optional<GetGoalSnapshotResponse> result;
+  QObject::connect(waiting.get(), &WaitingOutcomes::recorded,
+                   [&](const std::string&, const TriedStore& tried) { result = tried.result; });
+  add("a");
+  ASSERT_TRUE(isDone());
+  ASSERT_TRUE(result);
+  EXPECT_TRUE(result->people.sharesStorage(shown.people));
+  EXPECT_EQ(*result, task::wait(engine->getGoalSnapshot("g1")));
+  result.reset();
+  add("b", "g2");
+  ASSERT_TRUE(isDone());
+  EXPECT_FALSE(result) << "its rows have not been read";
 }
 
 TEST_F(WaitingOutcomesTest, AStoreThatIsLockedIsTriedAgainByItselfInTheOrderOfTheOutcomes) {
