@@ -16,12 +16,7 @@ namespace {
 /// The first lines of many.
 QString some(const QStringList& lines) {
   constexpr int mostNamed = 5;
-  QStringList named = lines.mid(0, mostNamed);
-  if (lines.size() > mostNamed) {
-    named.append(localized("and %1 more")
-                     .arg(localizedNumber(static_cast<std::size_t>(lines.size() - mostNamed))));
-  }
-  return named.join('\n');
+  return firstAndMore(lines, mostNamed).join('\n');
 }
 
 QStringList linesOf(const std::vector<WaitingNote>& waiting) {

@@ -179,7 +179,11 @@ void DeskWindow::focusPane(int step) {
   const auto count = static_cast<std::ptrdiff_t>(panes.size());
   const std::ptrdiff_t before = now == panes.end() ? (step > 0 ? -1 : 0) : now - panes.begin();
   const Panes::Pane pane = panes[static_cast<std::size_t>((before + step + count) % count)];
-  if (screen().isAncestorOf(focusWidget())) leftPlace_ = {&screen(), qt::readingPlace(screen())};
+  if (screen().isAncestorOf(focusWidget())) {
+    leftPlace_ = {&screen(), qt::readingPlace(screen())};
+  } else if (focusWidget() == &screen()) {
+    leftPlace_ = {};  // the page itself has the focus, no control of it
+  }
   panes_->bringToFront(pane);
   if (pane == Panes::Pane::goals) {
     goals_->focusRow(goals_->openIndex().value_or(0));

@@ -25,6 +25,7 @@ FindBar::FindBar(QWidget* parent)
       result_(new QLabel),
       announcement_(new Announcement(this)),
       content_(new QHBoxLayout(this)),
+      search_(new QHBoxLayout),
       buttons_(new WrappingRow) {
   setObjectName("desk.find");
   setFrameShape(QFrame::StyledPanel);
@@ -38,10 +39,9 @@ FindBar::FindBar(QWidget* parent)
   field_->installEventFilter(this);
   result_->setObjectName("desk.find.result");
   result_->setTextFormat(Qt::PlainText);
-  auto* search = new QHBoxLayout;
-  search->addWidget(field_, 1);
-  search->addWidget(result_);
-  content_->addLayout(search, 1);
+  search_->addWidget(field_, 1);
+  search_->addWidget(result_);
+  content_->addLayout(search_, 1);
   content_->addLayout(buttons_);
   const auto add = [&](const QString& title, const char* name, void (FindBar::*wanted)()) {
     auto* button = new QPushButton(title);
@@ -105,11 +105,21 @@ void FindBar::resizeEvent(QResizeEvent* event) {
   placeButtons();
 }
 
-/// The result counts as a dozen characters, so that no button moves when it appears or changes.
+/// The result counts with the width of a long one, so that nothing moves when it appears or
+/// changes.
 void FindBar::placeButtons() {
-  constexpr int fewestCharactersBesideButtons = 36;
+  constexpr int charactersOfResult = 16;
+  constexpr int charactersOfText = 24;
+  constexpr int fewestCharactersOfText = 12;
+  constexpr int aroundText = 40;  // the frame of the field, its button that clears it, and gaps
+  const QMargins margins = content_->contentsMargins();
+  const int character = fontMetrics().averageCharWidth();
+  const int around = margins.left() + margins.right() + aroundText;
+  const int room = width() - around;
+  const bool isTight = room < (charactersOfResult + fewestCharactersOfText) * character;
+  search_->setDirection(isTight ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
   placeBesideOrBelow(*content_, *buttons_, width(),
-                     fewestCharactersBesideButtons * fontMetrics().averageCharWidth());
+                     around + (charactersOfResult + charactersOfText) * character);
 }
 
 bool FindBar::eventFilter(QObject* object, QEvent* event) {

@@ -17,7 +17,7 @@ class Announcement;
 class WrappingRow;
 
 /// A bar with a field for the text to find, the number of the shown hit among all, and buttons;
-/// where it is too narrow, the buttons stand below the field.
+/// where it is too narrow, the buttons stand below the field, and so does the number.
 class FindBar : public QFrame {
   Q_OBJECT
 
@@ -62,6 +62,7 @@ class FindBar : public QFrame {
   QString announced_;  ///< the news before, for the same text and the same hit
   QTimer settled_;     ///< runs since the last result
   QBoxLayout* content_;
+  QBoxLayout* search_;  ///< the field and the result
   WrappingRow* buttons_;
   std::vector<QPushButton*> ofHit_;  ///< the buttons that need a hit
 };

@@ -42,8 +42,15 @@ void QuietButton::paintEvent(QPaintEvent*) {
   QStyleOptionToolButton option;
   initStyleOption(&option);
   option.state &= ~QStyle::State_HasFocus;
+  option.text.clear();
   painter.drawComplexControl(QStyle::CC_ToolButton, option);
+  option.text = text();
+  option.rect = titleRect();
+  painter.drawControl(QStyle::CE_ToolButtonLabel, option);
+  drawBesideTitle(painter);
   if (hasFocus()) drawFocusRing(painter, *this);
 }
+
+void QuietButton::drawBesideTitle(QPainter&) const {}
 
 }  // namespace vemra::desk

@@ -19,6 +19,11 @@ class QuietButton : public QToolButton {
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  /// The part of the button that its title is centred in; all of it unless a subclass draws beside
+  /// the title.
+  virtual QRect titleRect() const { return rect(); }
+  /// Draws what stands beside the title; nothing here.
+  virtual void drawBesideTitle(QPainter& painter) const;
 };
 
 }  // namespace vemra::desk

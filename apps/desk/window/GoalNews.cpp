@@ -37,7 +37,7 @@ QString namesOfNew(const Things& things, IsNew isNew, NameOf nameOf) {
       ++unnamed;
     }
   }
-  if (unnamed > 0) names.append(localized("and %1 more").arg(localizedNumber(unnamed)));
+  if (unnamed > 0) names.append(andMore(unnamed));
   return names.join(QStringLiteral(", "));
 }
 

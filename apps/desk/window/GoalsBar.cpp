@@ -4,8 +4,8 @@
 #include "apps/desk/window/Localized.hpp"
 
 #include <QHBoxLayout>
-#include <QStyleOptionToolButton>
-#include <QStylePainter>
+#include <QPainter>
+#include <QStyle>
 
 namespace vemra::desk {
 namespace {
@@ -19,25 +19,11 @@ class BackButton : public QuietButton {
   QSize sizeHint() const override { return QuietButton::sizeHint() + QSize(arrowRoom(), 0); }
 
  protected:
-  void paintEvent(QPaintEvent*) override {
-    QStylePainter painter(this);
-    QStyleOptionToolButton option;
-    initStyleOption(&option);
-    option.state &= ~QStyle::State_HasFocus;
-    option.text.clear();
-    painter.drawComplexControl(QStyle::CC_ToolButton, option);
-    option.text = text();
-    option.rect =
-        QStyle::visualRect(layoutDirection(), rect(), rect().adjusted(arrowRoom(), 0, 0, 0));
-    painter.drawControl(QStyle::CE_ToolButtonLabel, option);
-    drawArrow(painter);
-    if (hasFocus()) drawFocusRing(painter, *this);
+  QRect titleRect() const override {
+    return QStyle::visualRect(layoutDirection(), rect(), rect().adjusted(arrowRoom(), 0, 0, 0));
   }
 
- private:
-  int arrowRoom() const { return fontMetrics().height() / 2 + 4; }
-
-  void drawArrow(QPainter& painter) const {
+  void drawBesideTitle(QPainter& painter) const override {
     const double half = fontMetrics().xHeight() / 2.0;
     const double step = isRightToLeft() ? half : -half;
     QRect room(0, 0, arrowRoom() + 4, height());
@@ -47,6 +33,9 @@ class BackButton : public QuietButton {
     painter.setPen(QPen(palette().color(QPalette::ButtonText), 1.5));
     painter.drawPolyline(QPolygonF{tip + QPointF(-step, -half), tip, tip + QPointF(-step, half)});
   }
+
+ private:
+  int arrowRoom() const { return fontMetrics().height() / 2 + 4; }
 };
 
 }  // namespace

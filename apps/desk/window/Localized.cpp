@@ -22,6 +22,16 @@ QString localizedNumber(std::size_t number) {
   return QLocale().toString(static_cast<qulonglong>(number));
 }
 
+QString andMore(std::size_t others) {
+  return localized("and %1 more").arg(localizedNumber(others));
+}
+
+QStringList firstAndMore(const QStringList& texts, qsizetype most) {
+  QStringList first = texts.mid(0, most);
+  if (texts.size() > most) first.append(andMore(static_cast<std::size_t>(texts.size() - most)));
+  return first;
+}
+
 void installTranslations(const QStringList& languages) {
   bringInDeskTranslations();
   QCoreApplication* const application = QCoreApplication::instance();

@@ -16,6 +16,12 @@ QString localized(const char* english);
 /// A number as the user's system writes numbers: in its digits, with its separators.
 QString localizedNumber(std::size_t number);
 
+/// The end of a list that names only the first of many: "and 2 more".
+QString andMore(std::size_t others);
+
+/// The first `most` of these texts, and `andMore` where there are others.
+QStringList firstAndMore(const QStringList& texts, qsizetype most);
+
 /// Loads this program's texts and Qt's own texts for the running application, in the first of
 /// `languages` ("de-AT", "en") that this program supports. When that is English, or none, all texts
 /// stay English, Qt's too: a window speaks one language, and its layout has the direction of that

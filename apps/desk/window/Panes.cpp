@@ -15,7 +15,35 @@ constexpr int goalsLeast = 22;
 constexpr int pageLeast = 44;
 constexpr int detailsLeast = 32;
 
+/// The line between two panes, with a grip for the mouse that is wider than the line. It lies over
+/// the margin of the pane behind the line: before the line there may be a scroll bar.
+class Edge : public QSplitterHandle {
+ public:
+  explicit Edge(QSplitter* panes) : QSplitterHandle(Qt::Horizontal, panes) {}
+
+ protected:
+  void resizeEvent(QResizeEvent*) override { makeGrip(); }
+  void changeEvent(QEvent* event) override {
+    QSplitterHandle::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange) makeGrip();
+  }
+
+ private:
+  // The mouse can grasp the margins of a handle too; a mask keeps them from being drawn. Qt's own
+  // margins reach two pixels to either side.
+  void makeGrip() {
+    constexpr int grip = 6;
+    setAttribute(Qt::WA_MouseNoMask);
+    setContentsMargins(isRightToLeft() ? grip : 0, 0, isRightToLeft() ? 0 : grip, 0);
+    setMask(contentsRect());
+  }
+};
+
 }  // namespace
+
+QSplitterHandle* Panes::createHandle() {
+  return new Edge(this);
+}
 
 Panes::Panes(QWidget* goals, QWidget* page, QWidget* details)
     : goals_(goals), page_(page), details_(details), detailsPane_(new QWidget) {

@@ -44,6 +44,7 @@ class Panes : public QSplitter {
   void goalsGaveWay(bool areHidden);
 
  protected:
+  QSplitterHandle* createHandle() override;
   bool eventFilter(QObject* object, QEvent* event) override;
   void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;

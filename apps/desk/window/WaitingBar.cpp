@@ -8,16 +8,7 @@
 namespace vemra::desk {
 namespace {
 
-/// The first lines of many.
-QStringList firstOf(const QStringList& lines) {
-  constexpr qsizetype mostNamed = 3;
-  QStringList first = lines.mid(0, mostNamed);
-  if (lines.size() > mostNamed) {
-    first.append(localized("and %1 more")
-                     .arg(localizedNumber(static_cast<std::size_t>(lines.size() - mostNamed))));
-  }
-  return first;
-}
+constexpr qsizetype mostNamed = 3;
 
 /// Whether all outcomes share that text.
 bool isShared(const std::vector<WaitingNote>& waiting, QString WaitingNote::*text) {
@@ -41,7 +32,7 @@ QString messageOf(const std::vector<WaitingNote>& waiting) {
     if (!isOneReason && !note.reason.isEmpty()) line = localized("%1: %2").arg(line, note.reason);
     lines.append(line);
   }
-  lines = firstOf(lines);
+  lines = firstAndMore(lines, mostNamed);
   lines.prepend(waiting.size() == 1
                     ? localized("Not stored yet:")
                     : localized("Not stored yet (%1):").arg(localizedNumber(waiting.size())));
@@ -50,7 +41,7 @@ QString messageOf(const std::vector<WaitingNote>& waiting) {
   if (isOneLoss && !first.unkept.isEmpty()) {
     lines.append(localized("It would be lost if the program ended now.") + ' ' + first.unkept);
   }
-  return (lines + firstOf(lost)).join('\n');
+  return (lines + firstAndMore(lost, mostNamed)).join('\n');
 }
 
 }  // namespace

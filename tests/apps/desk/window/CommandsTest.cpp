@@ -102,6 +102,18 @@ TEST_F(CommandsTest, F6ReturnsToTheControlOfThePageThatItLeft) {
   EXPECT_EQ(window->focusWidget(), &window->screen()) << "a place in another goal";
 }
 
+TEST_F(CommandsTest, F6ReturnsToThePageItselfWhenNoControlOfItHadTheFocusLast) {
+  openWindow();
+  wait<QAbstractButton>("vemra.goal.person.p1.outcome.start")->setFocus();
+  choose("&Go", "Next P&ane");
+  window->screen().setFocus(Qt::MouseFocusReason);  // as a click beside the controls does
+  choose("&Go", "Next P&ane");
+  ASSERT_FALSE(window->screen().isAncestorOf(window->focusWidget()));
+  ASSERT_NE(window->focusWidget(), &window->screen());
+  choose("&Go", "Next P&ane");
+  EXPECT_EQ(window->focusWidget(), &window->screen());
+}
+
 TEST_F(CommandsTest, ThePanesAreVisitedInTheirOrder) {
   openWindow();
   pressTitled("Ada");

@@ -69,6 +69,23 @@ TEST_F(NarrowBarsTest, TheFindBarKeepsItsButtonsWholeAndItsFieldWide) {
   EXPECT_GE(field->width(), 10 * field->fontMetrics().averageCharWidth());
 }
 
+TEST_F(NarrowBarsTest, TheFieldOfAFindBarHasRoomForANameAtEveryWidthAndSizeOfText) {
+  for (const double scale : {0.6, 1.0, 1.5, 2.0}) {
+    FindBar bar;
+    bar.setFont(fontOf(scale));
+    bar.show();
+    bar.setResult("1,234 of 12,345", {});
+    const auto* field = bar.findChild<QLineEdit*>();
+    for (int width = 360; width <= 1400; width += 20) {
+      bar.resize(width, bar.sizeHint().height());
+      QApplication::processEvents();
+      const bool isOneLine = bar.findChild<QPushButton*>()->y() < field->geometry().bottom();
+      const int characters = field->width() / field->fontMetrics().averageCharWidth();
+      EXPECT_GE(characters, isOneLine ? 24 : 10) << scale << " at " << width;
+    }
+  }
+}
+
 TEST_F(NarrowBarsTest, AWideFindBarHasOneLine) {
   FindBar bar;
   bar.resize(1000, bar.sizeHint().height());

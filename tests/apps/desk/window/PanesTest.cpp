@@ -1,8 +1,12 @@
 #include "apps/desk/window/Panes.hpp"
 
 #include <string>
+#include <utility>
 #include <vector>
 
+#include <QApplication>
+#include <QMouseEvent>
+#include <QSplitterHandle>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -27,6 +31,20 @@ class PanesTest : public ::testing::Test {
     if (page->isVisible()) shown += 'p';
     if (details->isVisible()) shown += 'd';
     return shown;
+  }
+
+  /// The pixels around the edge between two panes at which the mouse can move it: those before the
+  /// edge and those behind it, in the direction of the layout.
+  std::pair<int, int> gripAround(const QWidget& first) {
+    const bool isMirrored = panes.isRightToLeft();
+    const int edge = isMirrored ? first.x() - 1 : first.x() + first.width();
+    std::pair<int, int> grip{0, 0};
+    for (int step = -20; step <= 20; ++step) {
+      const QPoint at(isMirrored ? edge - step : edge + step, panes.height() / 2);
+      const QWidget* under = window.childAt(panes.mapTo(&window, at));
+      if (qobject_cast<const QSplitterHandle*>(under)) ++(step < 0 ? grip.first : grip.second);
+    }
+    return grip;
   }
 
   QWidget window;  // a splitter that is a window itself keeps the room for all panes
@@ -118,6 +136,39 @@ TEST_F(PanesTest, AWindowWithRoomForAllPanesEndsTheChoiceOfOne) {
   ASSERT_EQ(shownAt(45), "p");
   ASSERT_EQ(shownAt(105), "gpd");
   EXPECT_EQ(shownAt(45), "d");
+}
+
+TEST_F(PanesTest, TheEdgeBetweenTwoPanesHasAWideGripThatSparesTheScrollBarBeforeIt) {
+  details->show();
+  for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+    panes.setLayoutDirection(direction);
+    for (const int characters : {105, 120}) {
+      ASSERT_EQ(shownAt(characters), "gpd");
+      for (const QWidget* pane : {goals, page}) {
+        const auto [before, behind] = gripAround(*pane);
+        EXPECT_GE(before + behind, 6);
+        EXPECT_LE(before, 1) << "the scroll bar of the pane is there";
+      }
+    }
+  }
+}
+
+TEST_F(PanesTest, AnEdgeThatIsPressedAndNotMovedStays) {
+  ASSERT_EQ(shownAt(90), "gp");
+  const int width = goals->width();
+  QWidget* grip = window.childAt(panes.mapTo(&window, QPoint(width + 4, 200)));
+  ASSERT_NE(qobject_cast<QSplitterHandle*>(grip), nullptr);
+  const auto send = [&](QEvent::Type type, int x, Qt::MouseButtons buttons) {
+    const QPointF at(grip->mapFrom(&panes, QPoint(x, 200)));
+    QMouseEvent event(type, at, grip->mapToGlobal(at), Qt::LeftButton, buttons, Qt::NoModifier);
+    QApplication::sendEvent(grip, &event);
+  };
+  send(QEvent::MouseButtonPress, width + 4, Qt::LeftButton);
+  send(QEvent::MouseMove, width + 4, Qt::LeftButton);
+  EXPECT_EQ(goals->width(), width);
+  send(QEvent::MouseMove, width + 14, Qt::LeftButton);
+  EXPECT_EQ(goals->width(), width + 10);
+  send(QEvent::MouseButtonRelease, width + 14, Qt::NoButton);
 }
 
 TEST_F(PanesTest, GoalsThatAreNotWantedStayHidden) {
