@@ -106,6 +106,9 @@ CloseQuestion::CloseQuestion(Leaving leaving, const Unfinished& unfinished, QWid
   setEscapeButton(cancel);
   connect(leave, &QPushButton::clicked, this, &CloseQuestion::leaveWanted);
   if (wait != nullptr) connect(wait, &QPushButton::clicked, this, &CloseQuestion::waitWanted);
+  connect(this, &QDialog::finished, this, [this, cancel] {
+    if (clickedButton() == cancel) Q_EMIT cancelled();
+  });
   keepTitlesWhole(*this);
 }
 

@@ -32,6 +32,8 @@ class CloseQuestion : public QMessageBox {
   /// Leave as soon as everything is stored. Only offered when no editor is open, and no outcome
   /// needs a decision of the user.
   void waitWanted();
+  /// The user stays: with the button, with Escape, or by closing the question.
+  void cancelled();
 };
 
 /// Shown while a window waits until everything is stored. Deletes itself after the answer.

@@ -112,6 +112,8 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   /// Does the next step now, or after the user has agreed to lose unfinished work.
   void leaveThen(Leaving leaving, std::function<void()> next);
   void leave(std::function<void()> next);
+  /// Shows an editor that is still open, with the focus in it.
+  void goToDraft();
   void leaveWhenStored(Leaving leaving, std::function<void()> next);
   void askToDiscardWaiting();
 

@@ -3,6 +3,7 @@
 #include "apps/desk/window/CloseQuestion.hpp"
 #include "apps/desk/window/DeskWindow.hpp"
 #include "apps/desk/window/GoalScreens.hpp"
+#include "apps/desk/window/Panes.hpp"
 #include "apps/desk/window/WaitingBar.hpp"
 
 #include <utility>
@@ -40,7 +41,16 @@ void DeskWindow::leaveThen(Leaving leaving, std::function<void()> next) {
   connect(question, &CloseQuestion::leaveWanted, this, [this, next] { leave(next); });
   connect(question, &CloseQuestion::waitWanted, this,
           [this, leaving, next] { leaveWhenStored(leaving, next); });
+  connect(question, &CloseQuestion::cancelled, this, &DeskWindow::goToDraft);
   question->open();
+}
+
+void DeskWindow::goToDraft() {
+  const std::optional<GoalScreens::Draft> draft = screens_->draftToFinish();
+  if (!draft) return;
+  if (draft->page != &screen()) goToGoal(draft->goalID);
+  panes_->bringToFront(Panes::Pane::page);
+  draft->page->focus(draft->identifier);  // when the page is shown
 }
 
 void DeskWindow::leave(std::function<void()> next) {

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string_view>
 #include <utility>
 
 namespace vemra::desk {
@@ -76,6 +77,26 @@ QStringList GoalScreens::drafts() const {
     }
   }
   return lines;
+}
+
+std::optional<GoalScreens::Draft> GoalScreens::draftToFinish() const {
+  std::optional<Draft> first;
+  const QWidget* focus = current().window()->focusWidget();
+  const std::string focused =
+      focus && current().isAncestorOf(focus) ? focus->objectName().toStdString() : "";
+  for (const Screen& screen : screens_) {
+    if (!screen.goal) continue;
+    for (const OpenEditor& editor : openEditors(screen.widget->graph())) {
+      // The identifiers of one editor's controls differ in their last word only.
+      const std::string& note = editor.noteIdentifier;
+      const std::string_view ofEditor(note.data(), note.rfind('.') + 1);
+      if (screen.widget == &current() && !note.empty() && focused.starts_with(ofEditor)) {
+        return Draft{screen.goal->id, screen.widget, focused};
+      }
+      if (!first) first = Draft{screen.goal->id, screen.widget, note};
+    }
+  }
+  return first;
 }
 
 void GoalScreens::clear() {

@@ -45,6 +45,15 @@ class GoalScreens {
 
   /// One line for each open editor of any goal: the outcome's subject, and the goal's title.
   QStringList drafts() const;
+  /// A control of an open editor.
+  struct Draft {
+    std::string goalID;
+    GoalPage* page;          ///< the screen of the goal
+    std::string identifier;  ///< of the control
+  };
+  /// The control of an open editor that has the focus; else the note of the first open editor in
+  /// the order of `drafts`; nil when no editor is open.
+  std::optional<Draft> draftToFinish() const;
   /// Removes every screen, with its editors.
   void clear();
 

@@ -17,6 +17,17 @@ std::optional<Value> valueOf(const ui::Properties& properties, std::string_view 
   return std::nullopt;
 }
 
+/// The identifier of the first text field below a node; "" when there is none.
+std::string fieldBelow(const ui::Node& node) {
+  if (node.element.kind() == ui::ElementKind::textField) {
+    return std::string(node.element.accessibilityIdentifier());
+  }
+  for (const ui::Node* child : node.children) {
+    if (std::string found = fieldBelow(*child); !found.empty()) return found;
+  }
+  return {};
+}
+
 void collect(ui::ViewGraph& graph, ui::NodeID id, std::vector<OpenEditor>& found) {
   const ui::Node* node = graph.find(id);
   if (node == nullptr) return;
@@ -35,7 +46,7 @@ void collect(ui::ViewGraph& graph, ui::NodeID id, std::vector<OpenEditor>& found
       state && valueOf<bool>(*state, "isEditing").value_or(false)) {
     const bool isOfPath = valueOf<std::string>(properties, "subjectKind") == "path";
     found.push_back({isOfPath ? GoalOutcomeSubjectKind::path : GoalOutcomeSubjectKind::person,
-                     valueOf<std::string>(properties, "subjectRef")});
+                     valueOf<std::string>(properties, "subjectRef"), fieldBelow(*node)});
   }
   for (const ui::NodeID child : children) collect(graph, child, found);
 }

@@ -13,6 +13,7 @@ namespace vemra::desk {
 struct OpenEditor {
   GoalOutcomeSubjectKind subjectKind = GoalOutcomeSubjectKind::person;
   std::optional<std::string> subjectRef;  ///< the outcome's subject
+  std::string noteIdentifier;             ///< of the field for the note; "" when there is none
 };
 
 /// The open editors of a goal's screen, in the order of the screen; also those in rows that are not

@@ -1,12 +1,14 @@
 // Typed text stays with its goal while the program runs.
 
 #include "VemraQt/ViewWidget.hpp"
+#include "tests/apps/desk/window/Keys.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
 #include <string>
 
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QScrollBar>
 
 namespace vemra::desk {
 namespace {
@@ -93,6 +95,68 @@ TEST_F(ClosingTest, CancellingKeepsTheWindowAndTheTypedText) {
   EXPECT_EQ(wait<QLineEdit>(person + ".outcome.note")->text(), "half");
   window->close();
   EXPECT_NE(question(), nullptr) << "the question is asked again";
+}
+
+TEST_F(ClosingTest, CancellingLeadsToTheEditorThatIsOpenInAnotherGoal) {
+  open("a");
+  typeNote("half");
+  openGoal("b", "Second");
+  const QWidget* second = &window->screen();
+  window->close();
+  answer(QMessageBox::Cancel);
+  ASSERT_TRUE(becomes([&] { return &window->screen() != second; }));
+  auto* note = wait<QLineEdit>(person + ".outcome.note");
+  ASSERT_NE(note, nullptr);
+  EXPECT_TRUE(becomes([&] { return window->focusWidget() == note; }));
+}
+
+TEST_F(ClosingTest, CancellingWithEscapeScrollsTheOpenEditorIntoView) {
+  auto many = goal("m", "Many");
+  std::vector<GoalPersonCandidateDTO> people{{"p1", "Ada", {}, {}}};
+  for (int i = 0; i < 60; ++i) people.push_back({"q" + std::to_string(i), "Q", {}, {}});
+  many.people = people;
+  GoalStore::open(file).import({many});
+  open("m");
+  window->resize(1000, 400);
+  typeNote("half");
+  QScrollBar& bar = *window->screen().verticalScrollBar();
+  bar.setValue(bar.maximum());
+  window->screen().setFocus();
+  window->close();
+  ASSERT_NE(question(), nullptr);
+  pressKey(*question(), Qt::Key_Escape);
+  auto* note = wait<QLineEdit>(person + ".outcome.note");
+  ASSERT_NE(note, nullptr);
+  EXPECT_TRUE(becomes([&] { return window->focusWidget() == note; }));
+  EXPECT_FALSE(note->visibleRegion().isEmpty());
+}
+
+TEST_F(ClosingTest, CancellingLeavesTheFocusInTheEditorThatHasIt) {
+  auto two = goal("t", "Two");
+  two.people = {{"p1", "Ada", {}, {}}, {"p2", "Bo", {}, {}}};
+  GoalStore::open(file).import({two});
+  open("t");
+  typeNote("half");
+  press("vemra.goal.person.p2.outcome.start");
+  auto* picker = wait<QWidget>("vemra.goal.person.p2.outcome.picker");
+  ASSERT_NE(picker, nullptr);
+  picker->setFocus();
+  window->close();
+  answer(QMessageBox::Cancel);
+  pass(50);
+  EXPECT_EQ(window->focusWidget(), picker);
+}
+
+TEST_F(ClosingTest, CancellingShowsThePageThatTheGoalsHaveReplaced) {
+  open("a");
+  typeNote("half");
+  window->resize(360, 700);
+  press("desk.goals.show");
+  ASSERT_FALSE(window->screen().isVisible());
+  window->close();
+  answer(QMessageBox::Cancel);
+  auto* note = wait<QLineEdit>(person + ".outcome.note");
+  EXPECT_TRUE(becomes([&] { return window->focusWidget() == note; }));
 }
 
 TEST_F(ClosingTest, DiscardingClosesTheWindow) {
