@@ -191,7 +191,7 @@ void DeskWindow::showGoals(const std::vector<GoalListing>& goals, const std::str
   if (goals.empty()) {
     centre_->showPage(*welcome_);
     find_->screenChanged();
-  } else if (centre_->currentWidget() == welcome_) {
+  } else if (centre_->currentPage() == welcome_) {
     screens_->showAgain();
   }
 }

@@ -9,6 +9,7 @@
 #include "apps/desk/window/GoalList.hpp"
 #include "apps/desk/window/HelpBoxes.hpp"
 #include "apps/desk/window/ImportDialog.hpp"
+#include "apps/desk/window/KeyInView.hpp"
 #include "apps/desk/window/Localized.hpp"
 #include "apps/desk/window/MenuBar.hpp"
 #include "apps/desk/window/Notice.hpp"
@@ -51,6 +52,7 @@ void focusFirstInside(QWidget& page) {
     const bool takesFocus = next->focusPolicy() & Qt::TabFocus;
     if (takesFocus && page.isAncestorOf(next) && next->isVisible() && next->isEnabled()) {
       next->setFocus(Qt::ShortcutFocusReason);
+      scrollIn(*next);
       return;
     }
   }
@@ -187,7 +189,7 @@ void DeskWindow::focusPane(int step) {
   panes_->bringToFront(pane);
   if (pane == Panes::Pane::goals) {
     goals_->focusRow(goals_->openIndex().value_or(0));
-  } else if (pane == Panes::Pane::page && centre_->currentWidget() == &screen()) {
+  } else if (pane == Panes::Pane::page && centre_->currentPage() == &screen()) {
     const PlaceInPage left = std::exchange(leftPlace_, {});
     if (left.page != &screen() || !qt::returnFocusTo(screen(), left.place)) {
       screen().setFocus(Qt::ShortcutFocusReason);

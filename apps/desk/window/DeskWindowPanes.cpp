@@ -36,7 +36,7 @@ void DeskWindow::noteOpener() {
 
 /// Uncovers the page for a search in it.
 void DeskWindow::showScreen() {
-  if (centre_->currentWidget() != &screen()) return;
+  if (centre_->currentPage() != &screen()) return;
   panes_->bringToFront(Panes::Pane::page);
   if (!find_->bar().isAncestorOf(focusWidget())) focusPage();
 }
@@ -47,7 +47,7 @@ void DeskWindow::bringDetails() {
 }
 
 void DeskWindow::focusPage() {
-  centre_->currentWidget()->setFocus(Qt::OtherFocusReason);
+  centre_->currentPage()->setFocus(Qt::OtherFocusReason);
 }
 
 void DeskWindow::goToGoal(const std::string& goalID) {
@@ -91,9 +91,9 @@ void DeskWindow::makePanes() {
   storePage_ = new StorePage;
   side_ = new SidePane;
   side_->setEnvironment(screen().environment());
-  centre_->addWidget(welcome_);
-  centre_->addWidget(failure_);
-  centre_->addWidget(storePage_);
+  centre_->addScrolledPage(*welcome_);
+  centre_->addScrolledPage(*failure_);
+  centre_->addScrolledPage(*storePage_);
   panes_ = new Panes(goals_, centre_, side_);
 }
 

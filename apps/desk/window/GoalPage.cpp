@@ -1,5 +1,7 @@
 #include "apps/desk/window/GoalPage.hpp"
 
+#include "apps/desk/window/FocusRing.hpp"
+#include "apps/desk/window/LastInput.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
 #include <algorithm>
@@ -7,6 +9,8 @@
 #include <variant>
 
 #include <QEvent>
+#include <QFocusEvent>
+#include <QPainter>
 #include <QScrollBar>
 
 namespace vemra::desk {
@@ -49,9 +53,26 @@ qt::ReadingPlace placeOf(const ui::Node& control) {
   return place;
 }
 
+/// The focus ring around a page, over its content.
+class Ring : public QWidget {
+ public:
+  explicit Ring(QWidget* page) : QWidget(page) {
+    setObjectName("desk.page.ring");
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    hide();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    drawFocusRing(painter, *this);
+  }
+};
+
 }  // namespace
 
-GoalPage::GoalPage() {
+GoalPage::GoalPage() : ring_(new Ring(this)) {
+  lastInput();  // observes from now on
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);
   verticalScrollBar()->installEventFilter(this);
@@ -75,7 +96,26 @@ bool GoalPage::event(QEvent* event) {
                             event->type() == QEvent::LayoutDirectionChange ||
                             event->type() == QEvent::Resize;
   if (changesLines) limitLines();
+  if (event->type() == QEvent::Resize) ring_->setGeometry(rect());
   return handled;
+}
+
+/// A click beside the controls gives the page the focus too; that needs no ring. A window that
+/// becomes active, or a menu that closes, changes nothing of this.
+void GoalPage::focusInEvent(QFocusEvent* event) {
+  qt::ViewWidget::focusInEvent(event);
+  const Qt::FocusReason reason = event->reason();
+  if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason) return;
+  const bool isByKeyboard =
+      reason == Qt::OtherFocusReason ? lastInput() == Input::key : reason != Qt::MouseFocusReason;
+  ring_->setVisible(isByKeyboard && hasFocus());
+  ring_->raise();
+}
+
+void GoalPage::focusOutEvent(QFocusEvent* event) {
+  qt::ViewWidget::focusOutEvent(event);
+  const Qt::FocusReason reason = event->reason();
+  if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) ring_->hide();
 }
 
 void GoalPage::limitLines() {

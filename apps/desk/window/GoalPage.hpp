@@ -6,7 +6,8 @@
 namespace vemra::desk {
 
 /// A screen whose lines have at most about 75 characters, however wide the window is. The scroll
-/// bar stays at the edge of the window.
+/// bar stays at the edge of the window. When the keyboard gives the page itself the focus, and no
+/// control of it, a ring around the page shows that.
 class GoalPage : public qt::ViewWidget {
   Q_OBJECT
 
@@ -20,9 +21,13 @@ class GoalPage : public qt::ViewWidget {
  protected:
   bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   void limitLines();
+
+  QWidget* ring_;
 
   qt::ReadingPlace placeOfPress_;
   ui::EventObservation presses_;

@@ -1,8 +1,10 @@
 #include "apps/desk/window/MessageFrame.hpp"
 
 #include "apps/desk/window/NextTabStop.hpp"
+#include "apps/desk/window/Pages.hpp"
 #include "apps/desk/window/Pieces.hpp"
 #include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/WrappingButton.hpp"
 #include "apps/desk/window/WrappingRow.hpp"
 
 #include <algorithm>
@@ -16,7 +18,6 @@
 namespace vemra::desk {
 namespace {
 
-constexpr int besidePage = 40;
 constexpr int abovePage = 24;
 constexpr int fewestCharactersBesideButtons = 36;
 
@@ -33,7 +34,6 @@ MessageFrame::MessageFrame(MessageForm form, const QString& name, QWidget* paren
     setFrameShape(QFrame::NoFrame);
     setBackgroundRole(QPalette::Base);
     content_ = new QVBoxLayout(this);
-    content_->setContentsMargins(besidePage, abovePage, besidePage, abovePage);
     content_->setSpacing(8);
     content_->addWidget(message_);
     content_->addSpacing(10);
@@ -60,7 +60,7 @@ void MessageFrame::addRemark(const QString& remark) {
 
 QPushButton* MessageFrame::addButton(const QString& title, const QString& name,
                                      std::function<void()> pressed) {
-  auto* button = new QPushButton(title);
+  auto* button = new WrappingButton(title);
   button->setObjectName(name);
   button->setAutoDefault(true);  // otherwise Return presses it on some desktops only
   connect(button, &QPushButton::clicked, this, std::move(pressed));
@@ -117,6 +117,7 @@ void MessageFrame::arrange() {
 }
 
 void MessageFrame::limitLines() {
+  const int besidePage = marginBesidePage(width());
   const int beyond = width() - besidePage - longestLine(*this);
   QMargins margins(besidePage, abovePage, std::max(besidePage, beyond), abovePage);
   if (isRightToLeft()) margins = {margins.right(), abovePage, margins.left(), abovePage};

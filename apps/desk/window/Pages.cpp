@@ -1,6 +1,7 @@
 #include "apps/desk/window/Pages.hpp"
 
 #include <QAccessibleWidget>
+#include <QScrollArea>
 
 namespace vemra::desk {
 namespace {
@@ -37,19 +38,55 @@ void announce(QWidget* page, QAccessible::Event what) {
   QAccessible::updateAccessibility(&event);
 }
 
+/// Scrolls a page that is higher than its place.
+class PageArea : public QScrollArea {
+ public:
+  explicit PageArea(QWidget& page) {
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);
+    setWidget(&page);
+    viewport()->setBackgroundRole(QPalette::Base);
+  }
+
+  QSize minimumSizeHint() const override { return {widget()->minimumSizeHint().width(), 1}; }
+};
+
+QWidget* pageOf(QWidget* shown) {
+  auto* area = dynamic_cast<PageArea*>(shown);
+  return area != nullptr ? area->widget() : shown;
+}
+
 }  // namespace
+
+int marginBesidePage(int width) {
+  return width < 480 ? 16 : 40;
+}
 
 Pages::Pages(QWidget* parent) : QStackedWidget(parent) {
   static const bool installed = (QAccessible::installFactory(makePages), true);
   static_cast<void>(installed);
 }
 
+void Pages::addScrolledPage(QWidget& page) {
+  addWidget(new PageArea(page));
+}
+
 void Pages::showPage(QWidget& page) {
-  if (indexOf(&page) < 0) addWidget(&page);
-  if (currentWidget() == &page) return;
+  QWidget* shown = &page;
+  for (int i = 0; i < count(); ++i) {
+    if (pageOf(widget(i)) == &page) shown = widget(i);
+  }
+  if (indexOf(shown) < 0) addWidget(shown);
+  if (currentWidget() == shown) return;
   announce(currentWidget(), QAccessible::ObjectDestroyed);  // while it is still the child
-  setCurrentWidget(&page);
-  announce(&page, QAccessible::ObjectCreated);
+  setCurrentWidget(shown);
+  announce(shown, QAccessible::ObjectCreated);
+}
+
+QWidget* Pages::currentPage() const {
+  return pageOf(currentWidget());
 }
 
 QSize Pages::minimumSizeHint() const {

@@ -1,9 +1,10 @@
 #include "apps/desk/window/Welcome.hpp"
 
 #include "apps/desk/window/Localized.hpp"
+#include "apps/desk/window/Pages.hpp"
 #include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/WrappingButton.hpp"
 
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace vemra::desk {
@@ -13,7 +14,6 @@ Welcome::Welcome(QWidget* parent) : QWidget(parent) {
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);
   auto* page = new QVBoxLayout(this);
-  page->setContentsMargins(40, 24, 40, 24);
   page->setSpacing(8);
   page->addStretch(2);
   const QString title = localized("No goals yet");
@@ -31,11 +31,10 @@ Welcome::Welcome(QWidget* parent) : QWidget(parent) {
   // description of the button that gets the focus.
   const auto addButton = [&](const QString& label, const QString& description, const char* name,
                              void (Welcome::*wanted)()) {
-    auto* button = new QPushButton(label);
+    auto* button = new WrappingButton(label, QSize(28, 8));
     button->setObjectName(QLatin1String(name));
     button->setAccessibleDescription(description);
     button->setAutoDefault(true);  // otherwise Return presses it on some desktops only
-    button->setMinimumSize(button->sizeHint() + QSize(28, 8));
     connect(button, &QPushButton::clicked, this, wanted);
     page->addWidget(button, 0, Qt::AlignHCenter);
   };
@@ -43,6 +42,12 @@ Welcome::Welcome(QWidget* parent) : QWidget(parent) {
             &Welcome::importWanted);
   addButton(localized("Add sample goals"), samples, "desk.addSampleGoals", &Welcome::samplesWanted);
   page->addStretch(3);
+}
+
+void Welcome::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  const int beside = marginBesidePage(width());
+  layout()->setContentsMargins(beside, 24, beside, 24);
 }
 
 }  // namespace vemra::desk

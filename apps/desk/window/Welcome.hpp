@@ -14,6 +14,9 @@ class Welcome : public QWidget {
  Q_SIGNALS:
   void importWanted();
   void samplesWanted();
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
 };
 
 }  // namespace vemra::desk

@@ -55,7 +55,7 @@ QSize WrappingRow::sizeHint() const {
 QSize WrappingRow::minimumSize() const {
   QSize size(0, 0);
   for (const auto& item : items_) {
-    if (!item->isEmpty()) size = size.expandedTo(item->sizeHint());
+    if (!item->isEmpty()) size = size.expandedTo(item->minimumSize());
   }
   return size;
 }
@@ -76,15 +76,17 @@ int WrappingRow::arrange(const QRect& area, Moves moves) const {
     if (item->isEmpty()) continue;
     const QSize wanted = item->sizeHint();
     const int width = std::min(wanted.width(), area.width());
+    const bool isHigher = width < wanted.width() && item->hasHeightForWidth();
+    const int height = isHigher ? item->heightForWidth(width) : wanted.height();
     if (x > 0 && x + width > area.width()) {
       x = 0;
       y += lineHeight + gap();
       lineHeight = 0;
     }
-    const QRect place(area.x() + x, area.y() + y, width, wanted.height());
+    const QRect place(area.x() + x, area.y() + y, width, height);
     if (moves == Moves::yes) item->setGeometry(QStyle::visualRect(direction, area, place));
     x += width + gap();
-    lineHeight = std::max(lineHeight, wanted.height());
+    lineHeight = std::max(lineHeight, height);
   }
   return y + lineHeight;
 }

@@ -10,8 +10,8 @@ class QBoxLayout;
 namespace vemra::desk {
 
 /// Widgets in a row from the leading edge, in further lines below where the row is too wide. No
-/// widget is narrower than it wants to be, except one that is wider than the whole row. It is for
-/// buttons: in a narrow window with large text, Qt's own row cuts their titles. It has no margins.
+/// widget is narrower than it wants to be, except one that is wider than the whole row; that one may
+/// become higher. It is for buttons: in a narrow window with large text, Qt's own row cuts their titles. It has no margins.
 class WrappingRow : public QLayout {
   Q_OBJECT
 
@@ -29,7 +29,7 @@ class WrappingRow : public QLayout {
   int heightForWidth(int width) const override;
   /// The size of one line with all widgets.
   QSize sizeHint() const override;
-  /// As wide as the widest widget.
+  /// The widest and the highest minimum size of a widget.
   QSize minimumSize() const override;
   void setGeometry(const QRect& area) override;
 

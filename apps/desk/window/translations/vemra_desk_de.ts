@@ -312,32 +312,68 @@
         <translation>Zeigt Ziele, die Menschen, die dabei helfen können, und was daraus wurde.</translation>
     </message>
     <message>
-        <source>%1: the next pane; %2: the one before it</source>
-        <translation>%1: der nächste Bereich; %2: der davor</translation>
+        <source>The next pane</source>
+        <translation>Der nächste Bereich</translation>
     </message>
     <message>
-        <source>%1: the next goal; %2: the one before it</source>
-        <translation>%1: das nächste Ziel; %2: das davor</translation>
+        <source>The previous pane</source>
+        <translation>Der vorige Bereich</translation>
     </message>
     <message>
-        <source>Up, Down, Home, End in the list: another goal</source>
-        <translation>Auf, Ab, Pos1, Ende in der Liste: ein anderes Ziel</translation>
+        <source>The next goal</source>
+        <translation>Das nächste Ziel</translation>
     </message>
     <message>
-        <source>Tab: the next control; Space or Return: press it</source>
-        <translation>Tab: das nächste Bedienelement; Leertaste oder Eingabe: es drücken</translation>
+        <source>The previous goal</source>
+        <translation>Das vorige Ziel</translation>
     </message>
     <message>
-        <source>%1: close the details</source>
-        <translation>%1: die Einzelheiten schließen</translation>
+        <source>Up, Down, Home, End</source>
+        <translation>Auf, Ab, Pos1, Ende</translation>
     </message>
     <message>
-        <source>%1: the menus</source>
-        <translation>%1: die Menüs</translation>
+        <source>Another goal, in the list</source>
+        <translation>Ein anderes Ziel, in der Liste</translation>
     </message>
     <message>
-        <source>%1, %2, %3: larger, smaller and usual text</source>
-        <translation>%1, %2, %3: größerer, kleinerer und üblicher Text</translation>
+        <source>The next control</source>
+        <translation>Das nächste Bedienelement</translation>
+    </message>
+    <message>
+        <source>Space, Return</source>
+        <translation>Leertaste, Eingabe</translation>
+    </message>
+    <message>
+        <source>Press the control</source>
+        <translation>Das Bedienelement drücken</translation>
+    </message>
+    <message>
+        <source>The next person who was found</source>
+        <translation>Der nächste Treffer</translation>
+    </message>
+    <message>
+        <source>The previous person who was found</source>
+        <translation>Der vorige Treffer</translation>
+    </message>
+    <message>
+        <source>Close the details</source>
+        <translation>Die Einzelheiten schließen</translation>
+    </message>
+    <message>
+        <source>The menus</source>
+        <translation>Die Menüs</translation>
+    </message>
+    <message>
+        <source>Larger text</source>
+        <translation>Größerer Text</translation>
+    </message>
+    <message>
+        <source>Smaller text</source>
+        <translation>Kleinerer Text</translation>
+    </message>
+    <message>
+        <source>Usual text</source>
+        <translation>Üblicher Text</translation>
     </message>
     <message>
         <source>Keyboard</source>
@@ -1142,10 +1178,6 @@
     <message>
         <source>Find Pre&amp;vious</source>
         <translation>&amp;Rückwärts weitersuchen</translation>
-    </message>
-    <message>
-        <source>%1: find people; %2, %3: the next one and the one before it</source>
-        <translation>%1: Menschen suchen; %2, %3: der nächste Treffer und der davor</translation>
     </message>
     <message>
         <source>&amp;Colours</source>

@@ -312,32 +312,68 @@
         <translation>מציג מטרות, את האנשים שעשויים לעזור בהן ומה יצא מזה.</translation>
     </message>
     <message>
-        <source>%1: the next pane; %2: the one before it</source>
-        <translation>%1: החלונית הבאה; %2: הקודמת</translation>
+        <source>The next pane</source>
+        <translation>החלונית הבאה</translation>
     </message>
     <message>
-        <source>%1: the next goal; %2: the one before it</source>
-        <translation>%1: המטרה הבאה; %2: הקודמת</translation>
+        <source>The previous pane</source>
+        <translation>החלונית הקודמת</translation>
     </message>
     <message>
-        <source>Up, Down, Home, End in the list: another goal</source>
-        <translation>חץ למעלה, חץ למטה, Home ו-End ברשימה: מטרה אחרת</translation>
+        <source>The next goal</source>
+        <translation>המטרה הבאה</translation>
     </message>
     <message>
-        <source>Tab: the next control; Space or Return: press it</source>
-        <translation>‏⁨Tab⁩: הפקד הבא; רווח או ‏⁨Enter⁩: לחיצה עליו</translation>
+        <source>The previous goal</source>
+        <translation>המטרה הקודמת</translation>
     </message>
     <message>
-        <source>%1: close the details</source>
-        <translation>%1: סגירת הפרטים</translation>
+        <source>Up, Down, Home, End</source>
+        <translation>חץ למעלה, חץ למטה, Home, End</translation>
     </message>
     <message>
-        <source>%1: the menus</source>
-        <translation>%1: התפריטים</translation>
+        <source>Another goal, in the list</source>
+        <translation>מטרה אחרת, ברשימה</translation>
     </message>
     <message>
-        <source>%1, %2, %3: larger, smaller and usual text</source>
-        <translation>%1, %2, %3: טקסט גדול יותר, קטן יותר ורגיל</translation>
+        <source>The next control</source>
+        <translation>הפקד הבא</translation>
+    </message>
+    <message>
+        <source>Space, Return</source>
+        <translation>רווח, Enter</translation>
+    </message>
+    <message>
+        <source>Press the control</source>
+        <translation>לחיצה על הפקד</translation>
+    </message>
+    <message>
+        <source>The next person who was found</source>
+        <translation>התוצאה הבאה</translation>
+    </message>
+    <message>
+        <source>The previous person who was found</source>
+        <translation>התוצאה הקודמת</translation>
+    </message>
+    <message>
+        <source>Close the details</source>
+        <translation>סגירת הפרטים</translation>
+    </message>
+    <message>
+        <source>The menus</source>
+        <translation>התפריטים</translation>
+    </message>
+    <message>
+        <source>Larger text</source>
+        <translation>טקסט גדול יותר</translation>
+    </message>
+    <message>
+        <source>Smaller text</source>
+        <translation>טקסט קטן יותר</translation>
+    </message>
+    <message>
+        <source>Usual text</source>
+        <translation>טקסט בגודל הרגיל</translation>
     </message>
     <message>
         <source>Keyboard</source>
@@ -1142,10 +1178,6 @@
     <message>
         <source>Find Pre&amp;vious</source>
         <translation>חיפוש ה&amp;קודם</translation>
-    </message>
-    <message>
-        <source>%1: find people; %2, %3: the next one and the one before it</source>
-        <translation>%1: חיפוש אנשים; %2, %3: הבא והקודם</translation>
     </message>
     <message>
         <source>&amp;Colours</source>

@@ -5,13 +5,18 @@
 #include "apps/desk/window/MenuBar.hpp"
 #include "apps/documents/ResultWriter.hpp"
 #include "tests/VemraQt/ActiveWindow.hpp"
+#include "tests/apps/desk/window/Keys.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
+#include <QClipboard>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QScrollBar>
+#include <QTextEdit>
+#include <QTextTable>
 #include <QUrl>
 #include <gmock/gmock.h>
 
@@ -238,7 +243,30 @@ TEST_F(CommandsTest, AboutNamesTheVersion) {
   ASSERT_NE(about, nullptr);
   EXPECT_EQ(about->text(), "Vemra Desk " + QString::fromStdString(programVersion()));
   choose("&Help", "&Keyboard");
-  EXPECT_NE(wait<QMessageBox>("desk.keyboard"), nullptr);
+}
+
+TEST_F(CommandsTest, TheKeysAreInATableThatCanBeCopied) {
+  openWindow();
+  choose("&Help", "&Keyboard");
+  auto* help = wait<QDialog>("desk.keyboard");
+  ASSERT_NE(help, nullptr);
+  auto* text = help->findChild<QTextEdit*>("desk.keyboard.table");
+  ASSERT_EQ(text->document()->rootFrame()->childFrames().size(), 1);
+  auto* table =
+      qobject_cast<QTextTable*>(text->document()->rootFrame()->childFrames().constFirst());
+  ASSERT_NE(table, nullptr);
+  EXPECT_EQ(table->columns(), 2);
+  const auto cell = [&](int row, int column) {
+    const QTextTableCell found = table->cellAt(row, column);
+    return found.firstCursorPosition().block().text();
+  };
+  EXPECT_EQ(cell(0, 0), "F6");
+  EXPECT_EQ(cell(0, 1), "The next pane");
+  EXPECT_FALSE(text->verticalScrollBar()->isVisible()) << "all of it has room";
+  pressKey(*text, Qt::Key_A, Qt::ControlModifier);
+  pressKey(*text, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_TRUE(QApplication::clipboard()->text().contains("F6"));
+  EXPECT_TRUE(QApplication::clipboard()->text().contains("Usual text"));
 }
 
 TEST_F(CommandsTest, AWindowWithoutAStoreImportsAndExportsNothing) {

@@ -21,6 +21,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QRegularExpression>
+#include <QTextEdit>
 #include <QTranslator>
 #include <QXmlStreamReader>
 
@@ -65,6 +66,7 @@ QStringList textsOf(const QWidget& root) {
   if (const auto* field = qobject_cast<const QLineEdit*>(&root)) {
     texts.append(field->placeholderText());
   }
+  if (const auto* text = qobject_cast<const QTextEdit*>(&root)) texts.append(text->toPlainText());
   if (const auto* box = qobject_cast<const QMessageBox*>(&root)) {
     texts << box->text() << box->informativeText();
   }
