@@ -12,6 +12,7 @@
 #include <QKeySequence>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTextCursor>
 #include <QTextEdit>
 #include <QTextTable>
@@ -65,38 +66,44 @@ KeyboardHelp::KeyboardHelp(QWidget* parent) : QDialog(parent), table_(new QTextE
   buttons->button(QDialogButtonBox::Close)->setIcon({});
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   column->addWidget(buttons);
-  fill();
   fit();
 }
 
-void KeyboardHelp::fill() {
+/// In a table of one column, the meaning stands below its keys.
+void KeyboardHelp::fill(Columns columns) {
   const Rows lines = rows();
+  const bool isStacked = columns == Columns::one;
   QTextTableFormat format;
   format.setBorder(0);
   format.setCellSpacing(0);
   format.setCellPadding(fontMetrics().height() / 5.0);
-  format.setLayoutDirection(layoutDirection());
   format.setWidth(QTextLength(QTextLength::PercentageLength, 100));
   // Qt never mirrors the columns of a table.
-  const int ofKeys = isRightToLeft() ? 1 : 0;
-  QList<QTextLength> widths{QTextLength(QTextLength::PercentageLength, 64),
-                            QTextLength(QTextLength::PercentageLength, 64)};
-  widths[ofKeys] = QTextLength(QTextLength::PercentageLength, 36);
-  format.setColumnWidthConstraints(widths);
+  const int ofKeys = !isStacked && isRightToLeft() ? 1 : 0;
+  if (!isStacked) {
+    QList<QTextLength> widths(2, QTextLength(QTextLength::PercentageLength, 64));
+    widths[ofKeys] = QTextLength(QTextLength::PercentageLength, 36);
+    format.setColumnWidthConstraints(widths);
+  }
+  table_->clear();
   QTextCursor cursor(table_->document());
-  QTextTable* table = cursor.insertTable(static_cast<int>(lines.size()), 2, format);
-  QTextCharFormat key;
-  key.setFontWeight(QFont::DemiBold);
+  QTextTable* table = cursor.insertTable(static_cast<int>(lines.size()), isStacked ? 1 : 2, format);
+  QTextCharFormat bold;
+  bold.setFontWeight(QFont::DemiBold);
   QTextBlockFormat leading;
   leading.setLayoutDirection(layoutDirection());
   for (int i = 0; i < table->rows(); ++i) {
     const auto& [name, meaning] = lines[static_cast<std::size_t>(i)];
-    for (int column = 0; column < 2; ++column) {
-      QTextCursor cell = table->cellAt(i, column).firstCursorPosition();
+    QTextCursor cell = table->cellAt(i, ofKeys).firstCursorPosition();
+    cell.setBlockFormat(leading);
+    cell.insertText(name, bold);
+    if (isStacked) {
+      cell.insertBlock(leading);
+    } else {
+      cell = table->cellAt(i, 1 - ofKeys).firstCursorPosition();
       cell.setBlockFormat(leading);
-      cell.insertText(column == ofKeys ? name : meaning,
-                      column == ofKeys ? key : QTextCharFormat());
     }
+    cell.insertText(meaning, QTextCharFormat());
   }
   table_->moveCursor(QTextCursor::Start);
 }
@@ -104,16 +111,21 @@ void KeyboardHelp::fill() {
 /// As large as the table, and no larger than the screen.
 void KeyboardHelp::fit() {
   constexpr int characters = 52;
-  constexpr int around = 48;  // the margins of the dialog, and the frame of the window manager
-  const QSize most = screen()->availableSize() - QSize(around, around);
-  const int width = std::min(characters * fontMetrics().averageCharWidth(), most.width());
-  table_->document()->setTextWidth(width);
+  constexpr int fewestCharactersOfTwoColumns = 40;
+  constexpr QSize frame(16, 40);  // of the window manager
+  const int character = fontMetrics().averageCharWidth();
   const QMargins margins = layout()->contentsMargins();
+  const int scrollBar = table_->verticalScrollBar()->sizeHint().width();
+  const QSize most = screen()->availableSize() - frame;
+  const int beside = margins.left() + margins.right() + 2 * table_->frameWidth();
+  const int width = std::min(characters * character, most.width() - beside);
+  const bool isNarrow = width - scrollBar < fewestCharactersOfTwoColumns * character;
+  fill(isNarrow ? Columns::one : Columns::two);
+  table_->document()->setTextWidth(width);
   const int rest = 2 * table_->frameWidth() + margins.top() + margins.bottom() +
                    layout()->spacing() + layout()->itemAt(1)->sizeHint().height();
   const int height = static_cast<int>(table_->document()->size().height()) + rest + 4;
-  resize(QSize(width + margins.left() + margins.right() + 2 * table_->frameWidth(), height)
-             .boundedTo(most));
+  resize(QSize(width + beside, height).boundedTo(most));
 }
 
 void KeyboardHelp::changeEvent(QEvent* event) {

@@ -6,7 +6,8 @@ class QTextEdit;
 
 namespace vemra::desk {
 
-/// The keys of the window and their meanings, in a table of two columns. Its text can be selected
+/// The keys of the window and their meanings, in a table of two columns, or of one where
+/// the screen is too narrow. Its text can be selected
 /// and copied, with the keyboard too; it scrolls where the screen is too small. Deletes itself when
 /// it is closed. Show it with `open`.
 class KeyboardHelp : public QDialog {
@@ -19,7 +20,8 @@ class KeyboardHelp : public QDialog {
   void changeEvent(QEvent* event) override;
 
  private:
-  void fill();
+  enum class Columns { one, two };
+  void fill(Columns columns);
   void fit();
 
   QTextEdit* table_;

@@ -1,6 +1,6 @@
 // The pages of a small window with large text: no text and no title of a button is cut.
 
-#include "apps/desk/window/Localized.hpp"
+#include "apps/desk/window/KeyboardHelp.hpp"
 #include "apps/desk/window/Pages.hpp"
 #include "apps/desk/window/StorePage.hpp"
 #include "apps/desk/window/Welcome.hpp"
@@ -11,6 +11,8 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyleOptionButton>
+#include <QTextEdit>
+#include <QTextTable>
 #include <gtest/gtest.h>
 
 namespace vemra::desk {
@@ -80,6 +82,22 @@ TEST_F(NarrowPagesTest, ThePageOfAStoreThatCannotBeOpenedScrolls) {
                     true});
   show(*page);
   expectNothingCut(*page);
+}
+
+TEST_F(NarrowPagesTest, TheMeaningOfAKeyStandsBelowItWhereTwoColumnsHaveNoRoom) {
+  const QFont before = QApplication::font();
+  const auto columnsAt = [&](double scale) {
+    QFont font = before;
+    font.setPointSizeF(before.pointSizeF() * scale);
+    QApplication::setFont(font);
+    const KeyboardHelp help(&pages);
+    QApplication::setFont(before);
+    const auto* text = help.findChild<QTextEdit*>();
+    const auto frames = text->document()->rootFrame()->childFrames();
+    return qobject_cast<const QTextTable*>(frames.constFirst())->columns();
+  };
+  EXPECT_EQ(columnsAt(1), 2);
+  EXPECT_EQ(columnsAt(4), 1) << "the screen has 800 pixels";
 }
 
 TEST_F(NarrowPagesTest, AButtonBreaksATitleThatIsWiderThanItAtBlanks) {
