@@ -168,15 +168,17 @@ void DeskWindow::chooseStore() {
   dialog->setAttribute(Qt::WA_DeleteOnClose);
   dialog->setFileMode(QFileDialog::ExistingFile);
   dialog->setNameFilters({localized("Stores (*.sqlite)"), localized("All files (*)")});
-  connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& chosen) {
-    const std::string file = chosen.toStdString();
-    if (file == file_) {
-      open(file);  // keeps the unfinished work
-    } else {
-      leaveThen(Leaving::openAnotherStore, [this, file] { open(file); });
-    }
-  });
+  connect(dialog, &QFileDialog::fileSelected, this, &DeskWindow::openInstead);
   dialog->open();
+}
+
+void DeskWindow::openInstead(const QString& store) {
+  const std::string file = store.toStdString();
+  if (file == file_) {
+    open(file);  // keeps the unfinished work
+  } else {
+    leaveThen(Leaving::openAnotherStore, [this, file] { open(file); });
+  }
 }
 
 DeskWindow::~DeskWindow() = default;

@@ -107,6 +107,8 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   void retireEngine();
   void use(StoreOpening opening, std::optional<std::string> goalID);
   void chooseStore();
+  /// Opens a store that the user has chosen, after the question about unfinished work.
+  void openInstead(const QString& store);
   void showTitle(const LoadedGoal& goal);
   Unfinished unfinished() const;
   /// Does the next step now, or after the user has agreed to lose unfinished work.

@@ -22,12 +22,15 @@
 #include <algorithm>
 #include <exception>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMimeData>
 #include <QSaveFile>
 #include <QToolButton>
@@ -44,6 +47,19 @@ QStringList droppedFiles(const QMimeData& data) {
     files.append(url.toLocalFile());
   }
   return files;
+}
+
+/// Whether a file begins as every SQLite database does.
+bool isDatabase(const QString& file) {
+  QFile opened(file);
+  return QFileInfo(file).isFile() && opened.open(QIODevice::ReadOnly) &&
+         opened.read(16) == QByteArray("SQLite format 3", 16);
+}
+
+/// The store among dropped files: a database that was dropped alone.
+std::optional<QString> droppedStore(const QStringList& files) {
+  if (files.size() != 1 || !isDatabase(files.constFirst())) return std::nullopt;
+  return files.constFirst();
 }
 
 /// Gives the focus to the first control inside a page that takes it by the Tab key.
@@ -152,10 +168,11 @@ void DeskWindow::exportGoal(const QString& file) {
           if (!result.hasValue()) std::rethrow_exception(result.exception());
           QSaveFile out(file);
           const std::string text = documentText(std::move(result).take());
+          // `commit` takes no notice when the buffer cannot be written, as on a full disk.
           const bool isWritten = out.open(QIODevice::WriteOnly) &&
                                  out.write(text.data(), static_cast<qint64>(text.size())) ==
                                      static_cast<qint64>(text.size()) &&
-                                 out.commit();
+                                 out.flush() && out.commit();
           if (!isWritten) failure = localizedReason(file + ": " + out.errorString());
         } catch (const std::exception& error) {
           failure = reasonOf(error);
@@ -200,12 +217,18 @@ void DeskWindow::focusPane(int step) {
 }
 
 void DeskWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (mayImport() && !droppedFiles(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+  const QStringList files = droppedFiles(*event->mimeData());
+  if (droppedStore(files) || (mayImport() && !files.isEmpty())) event->acceptProposedAction();
 }
 
 void DeskWindow::dropEvent(QDropEvent* event) {
-  importDocuments(droppedFiles(*event->mimeData()));
   event->acceptProposedAction();
+  const QStringList files = droppedFiles(*event->mimeData());
+  if (const std::optional<QString> store = droppedStore(files)) {
+    openInstead(*store);
+  } else {
+    importDocuments(files);
+  }
 }
 
 }  // namespace vemra::desk

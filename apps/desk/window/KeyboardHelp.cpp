@@ -105,7 +105,7 @@ void KeyboardHelp::fill(Columns columns) {
     }
     cell.insertText(meaning, QTextCharFormat());
   }
-  table_->moveCursor(QTextCursor::Start);
+  table_->setTextCursor(table->firstCursorPosition());
 }
 
 /// As large as the table, and no larger than the screen.

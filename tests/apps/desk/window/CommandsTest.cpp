@@ -1,4 +1,4 @@
-// The menus of the window, its keys, and files that are dropped on it.
+// The menus of the window and its keys.
 
 #include "VemraQt/ViewWidget.hpp"
 #include "apps/desk/commands/Documents.hpp"
@@ -9,15 +9,12 @@
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
 #include <QClipboard>
-#include <QDropEvent>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QMimeData>
 #include <QScrollBar>
 #include <QTextEdit>
 #include <QTextTable>
-#include <QUrl>
 #include <gmock/gmock.h>
 
 namespace vemra::desk {
@@ -188,36 +185,6 @@ TEST_F(CommandsTest, AnImportThatFailsNamesTheDocumentAndImportsNothing) {
         .startsWith("Nothing was imported. " + QString::fromStdString(folder.path()));
   })) << texts("desk.notice").join(" ").toStdString();
   EXPECT_EQ(GoalStore::open(file).goals().size(), 2u);
-}
-
-TEST_F(CommandsTest, DroppedDocumentsAreImported) {
-  openWindow();
-  QMimeData data;
-  data.setUrls({QUrl::fromLocalFile(document("c.json", "c"))});
-  QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(window.get(), &enter);
-  EXPECT_TRUE(enter.isAccepted());
-  QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(window.get(), &drop);
-  EXPECT_TRUE(becomes([&] { return shows("Goal c", "desk.goals"); }));
-
-  QMimeData web;
-  web.setUrls({QUrl("https://example.org/a.json")});
-  QDragEnterEvent other(QPoint(5, 5), Qt::CopyAction, &web, Qt::LeftButton, Qt::NoModifier);
-  other.ignore();
-  QApplication::sendEvent(window.get(), &other);
-  EXPECT_FALSE(other.isAccepted());
-}
-
-TEST_F(CommandsTest, TheOpenGoalIsExported) {
-  openWindow();
-  const std::string target = folder.file("out.json");
-  window->exportGoal(QString::fromStdString(target));
-  EXPECT_TRUE(becomes([&] { return find<QWidget>("desk.notice") != nullptr; }));
-  EXPECT_EQ(TemporaryFolder::readFile(target), documentText(GoalStore::open(file).result("a")));
-  window->exportGoal(QString::fromStdString(folder.file("nowhere/out.json")));
-  EXPECT_TRUE(becomes(
-      [&] { return texts("desk.notice").join(" ").startsWith("The goal was not exported. "); }));
 }
 
 TEST_F(CommandsTest, AnEmptyStoreOffersToImport) {
