@@ -3,17 +3,25 @@
 #include "apps/desk/window/CloseQuestion.hpp"
 #include "apps/desk/window/FindBar.hpp"
 #include "apps/desk/window/GoalsBar.hpp"
+#include "apps/desk/window/HelpBoxes.hpp"
 #include "apps/desk/window/Pages.hpp"
 #include "apps/desk/window/WaitingBar.hpp"
 #include "apps/desk/window/WholeTitles.hpp"
+#include "tests/apps/TemporaryFolder.hpp"
 
 #include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <iterator>
+#include <regex>
+#include <string>
 
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QToolButton>
@@ -27,6 +35,20 @@ QFont fontOf(double scale) {
   QFont font = QApplication::font();
   font.setPointSizeF(font.pointSizeF() * scale);
   return font;
+}
+
+/// The number of message boxes that the sources of the window make.
+std::size_t boxesInSources() {
+  static const std::regex made(R"rx(new QMessageBox\(|: QMessageBox\()rx");
+  std::size_t count = 0;
+  for (const auto& entry :
+       std::filesystem::directory_iterator(VEMRA_REPOSITORY "/apps/desk/window")) {
+    if (entry.path().extension() != ".cpp") continue;
+    const std::string source = TemporaryFolder::readFile(entry.path().string());
+    count += static_cast<std::size_t>(
+        std::distance(std::sregex_iterator(source.begin(), source.end(), made), {}));
+  }
+  return count;
 }
 
 /// A window of 360 by 700 pixels with text of 200 % and a bar at its bottom.
@@ -125,17 +147,32 @@ TEST_F(NarrowBarsTest, AHiddenPageTakesNoRoomFromTheBars) {
   EXPECT_EQ(pages.minimumSizeHint(), QSize(400, 500));
 }
 
-TEST_F(NarrowBarsTest, AQuestionStacksTheButtonsThatItsScreenHasNoRoomFor) {
-  const QFont before = QApplication::font();
+TEST_F(NarrowBarsTest, EachBoxStacksTheButtonsThatItsScreenHasNoRoomFor) {
   const std::vector<WaitingNote> waiting{{"1", "Helped", "Ada", "Sail", {}, {}}};
-  const auto orientation = [&](double scale) {
-    QApplication::setFont(fontOf(scale));
-    const CloseQuestion question(Leaving::closeWindow, {{}, waiting}, &window);
-    QApplication::setFont(before);
-    return question.findChild<QDialogButtonBox*>()->orientation();
+  const std::vector<std::function<void()>> boxes{
+      [&] {
+        new CloseQuestion(Leaving::closeWindow, {{}, waiting}, &window);
+      },
+      [&] { new CloseWait(Leaving::openAnotherStore, &window); },
+      [&] { new DiscardQuestion(waiting, &window); },
+      [&] { showAbout(window); },
   };
-  EXPECT_EQ(orientation(1), Qt::Horizontal);
-  EXPECT_EQ(orientation(8), Qt::Vertical);
+  EXPECT_EQ(boxes.size(), boxesInSources()) << "a box is missing here";
+  const QFont before = QApplication::font();
+  for (const double scale : {1.0, 16.0}) {
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
+      QApplication::setFont(fontOf(scale));
+      boxes[i]();
+      QApplication::setFont(before);
+      auto* box = window.findChild<QMessageBox*>();
+      ASSERT_NE(box, nullptr);
+      EXPECT_EQ(box->findChild<QDialogButtonBox*>()->orientation(),
+                scale > 1 && box->buttons().size() > 1 ? Qt::Vertical : Qt::Horizontal)
+          << box->objectName().toStdString();
+      for (const QAbstractButton* button : box->buttons()) EXPECT_TRUE(button->icon().isNull());
+      delete box;
+    }
+  }
 }
 
 /// A box that is shown is measured only on the test's screen of 800 pixels.
