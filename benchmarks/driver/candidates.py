@@ -24,6 +24,11 @@ WITH_STRAY = ["listview", "quick-listview"]
 DESK_LENGTHS = [("desk-outcomes", [10, 10_000, 100_000], "outcomes"),
                 ("desk-corrections", [10, 10_000], "corrections of one person"),
                 ("desk-goals", [10, 10_000], "goals")]
+# The very long texts of vemra-bench-texts, and where they stand on the page.
+TEXTS = {"words-1M": "1 MB of words", "letters-1M": "1 MB without a blank",
+         "words-10M": "10 MB of words", "marks": "a million marks on one letter",
+         "emoji": "100,000 emoji"}
+TEXT_PLACES = ["reason", "note"]
 READERS = ["vemra", "nlohmann", "simdjson"]
 
 
@@ -54,6 +59,8 @@ class Job:
             return self.run_desk(10, 0, self.size)
         if self.candidate == "desk-goals":
             return self.run_desk(10, 0, 0, self.size)
+        if self.candidate == "texts":
+            return self.run_texts()
         if self.candidate == "reading":
             return {measure: value for reader in READERS for measure, value in figures(output_of(
                 [BIN / "vemra-bench-reading", reader, str(self.size)])).items()}
@@ -65,6 +72,16 @@ class Job:
     def run_desk(self, *lengths):
         """By the numbers of people, outcomes, corrections and goals."""
         return figures(output_of([BIN / "vemra-bench-desk", *map(str, lengths)]))
+
+    def run_texts(self):
+        """Each text beside the same page with a short one, in one process."""
+        found = {}
+        for kind in TEXTS:
+            for place in TEXT_PLACES:
+                line = output_of([BIN / "vemra-bench-texts", kind, place]).split()
+                for name, value in zip(("first", "short first", "wheel", "short wheel"), line[2:]):
+                    found[f"{kind} {place} {name}"] = float(value)
+        return found
 
     def run_inspect(self):
         command = [BIN / "vemra-inspect", document(self.size, self.stray)]
@@ -175,4 +192,6 @@ def jobs(quick):
     every += [Job("reading", size, "reading") for size in (*SIZES, *(() if quick else (1_000_000,)))]
     if quick:
         every.append(Job("vemra-inspect", 10_000, "inspect"))
+    else:
+        every.append(Job("texts", 0, "texts"))
     return every

@@ -8,8 +8,8 @@ import time
 import instructions
 import picture
 import tables
-from candidates import (BIN, DESK_LENGTHS, OUT, ROOT, SIZES, WITH_STRAY, figures, jobs,
-                        micro_benchmarks, output_of)
+from candidates import (BIN, DESK_LENGTHS, OUT, ROOT, SIZES, TEXT_PLACES, TEXTS, WITH_STRAY,
+                        figures, jobs, micro_benchmarks, output_of)
 from results import Results
 
 # The candidates that are walked on the accessibility bus, by people: the two that expose everything
@@ -102,12 +102,20 @@ def report(results):
                                   ("changed.hot", "the goal loaded after another program's outcome"),
                                   ("letter.hot", "a letter typed to find people, until its frame"),
                                   ("letter.most", "the longest of eight such letters"),
-                                  ("bare.hot", "one bare durable transaction"))]),
+                                  ("bare.hot", "one bare durable transaction"),
+                                  ("bare outcome.hot", "the same outcome, by SQLite alone"))]),
         tables.list_table(results, ["vemra-desk, one goal of ten people", "median, ms"], [
             (f"{size:,} {what}: {measured}", candidate, size, measure)
             for candidate, sizes, what in DESK_LENGTHS for size in sizes
             for measure, measured in (("opened.first", "the window until its first row is shown"),
                                       ("saved.hot", "from Save to the outcome shown"))]),
+        tables.list_table(results, ["one very long text", "median, ms"], [
+            (f"{what} as a {place}: {measured}", "texts", 0, f"{kind} {place} {measure}")
+            for kind, what in TEXTS.items() for place in TEXT_PLACES
+            for measure, measured in (("first", "first frame"),
+                                      ("short first", "with a short text"),
+                                      ("wheel", "wheel step"),
+                                      ("short wheel", "wheel step with a short text"))]),
         *(tables.list_table(results, [f"accessibility bus, {people:,} people", "median"], [
             (f"{candidate}: {measure}", candidate, people, measure) for candidate in candidates
             for measure in ("elements", "missing", "exposed", "walk per 1,000 elements",

@@ -1,6 +1,6 @@
 """The targets: a ratio of two medians of one interleaved run, and its maximum (None where the ratio is
 only reported)."""
-from candidates import DESK_LENGTHS, WITH_STRAY
+from candidates import DESK_LENGTHS, TEXT_PLACES, TEXTS, WITH_STRAY
 from instructions import RECORDED
 
 MEASURES = [
@@ -94,6 +94,13 @@ def rows(results):
                               ("saved.hot", "from Save to the outcome shown")):
             yield (f"{name}, {sizes[-1]:,} {what}", f"{sizes[0]}", 1.5,
                    ratio((candidate, sizes[-1], measure), (candidate, sizes[0], measure)))
+    for kind, what in TEXTS.items():
+        for place in TEXT_PLACES:
+            for measure, name, most in (("first", "first frame", 10.0),
+                                        ("wheel", "wheel step", None)):
+                yield (f"{name}, {what} as a {place}", "a short text", most,
+                       ratio(("texts", 0, f"{kind} {place} {measure}"),
+                             ("texts", 0, f"{kind} {place} short {measure}")))
     share = results.median("vemra", 10_000, "own share")
     # Compare warm with warm: a cold scroll area also loads fonts and the style, so our warm frame would
     # look small beside it.
