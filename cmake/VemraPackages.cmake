@@ -35,6 +35,10 @@ if(VEMRA_BUILD_PROGRAMS)
             DESTINATION "${CMAKE_INSTALL_DATADIR}/applications" COMPONENT programs)
     install(FILES "${packaging}/org.vemra.Desk.svg"
             DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps" COMPONENT programs)
+    foreach(size 48 256)
+      install(FILES "${packaging}/icons/org.vemra.Desk-${size}.png" RENAME org.vemra.Desk.png
+              DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps" COMPONENT programs)
+    endforeach()
   endif()
 endif()
 

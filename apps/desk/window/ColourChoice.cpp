@@ -1,26 +1,21 @@
 #include "apps/desk/window/ColourChoice.hpp"
 
 #include "VemraQt/Theme.hpp"
+#include "apps/desk/window/UserSettings.hpp"
 
 #include <array>
 
 #include <QApplication>
-#include <QSettings>
 
 namespace vemra::desk {
 namespace {
 
 constexpr std::array valuesInSettings{"system", "light", "dark"};  // in the order of `Colours`
 
-/// The user's settings; for this program only, whatever name the application has.
-QSettings settings() {
-  return QSettings(QSettings::NativeFormat, QSettings::UserScope, "vemra", "vemra-desk");
-}
-
 }  // namespace
 
 ColourChoice::ColourChoice(QObject* parent) : QObject(parent) {
-  const QString remembered = settings().value("colours").toString();
+  const QString remembered = userSettings().value("colours").toString();
   for (std::size_t i = 0; i < valuesInSettings.size(); ++i) {
     if (remembered == QLatin1String(valuesInSettings[i])) colours_ = static_cast<Colours>(i);
   }
@@ -29,8 +24,8 @@ ColourChoice::ColourChoice(QObject* parent) : QObject(parent) {
 
 void ColourChoice::choose(Colours colours) {
   colours_ = colours;
-  settings().setValue("colours",
-                      QLatin1String(valuesInSettings[static_cast<std::size_t>(colours)]));
+  userSettings().setValue("colours",
+                          QLatin1String(valuesInSettings[static_cast<std::size_t>(colours)]));
   apply();
 }
 

@@ -9,6 +9,7 @@
 #include "apps/desk/window/Reasons.hpp"
 #include "apps/desk/window/SubjectName.hpp"
 
+#include <algorithm>
 #include <chrono>
 #include <exception>
 #include <utility>
@@ -70,8 +71,10 @@ DeskController::DeskController(std::shared_ptr<StoreEngine> engine, DeskDisplay&
   });
 }
 
-void DeskController::start(std::optional<std::string> goalID) {
+void DeskController::start(std::optional<std::string> goalID,
+                           std::optional<std::string> preferred) {
   goalID_ = std::move(goalID);
+  preferred_ = std::move(preferred);
   auto* timer = new QTimer(this);
   connect(timer, &QTimer::timeout, this, &DeskController::lookForChanges);
   timer->start(millisecondsBetweenLooks);
@@ -92,7 +95,12 @@ void DeskController::takeGoals(task::Result<std::vector<GoalListing>> result) {
   }
   shownBefore_.remove(loadingGoals());
   const std::vector<GoalListing> before = std::exchange(goals_, std::move(result).take());
-  if (!goalID_ && !goals_.empty()) goalID_ = goals_.front().id;
+  if (!goalID_ && !goals_.empty()) {
+    const auto preferred = std::ranges::find_if(goals_, [&](const GoalListing& goal) {
+      return preferred_ && text::equal(goal.id, *preferred_);
+    });
+    goalID_ = preferred == goals_.end() ? goals_.front().id : preferred->id;
+  }
   display_.showGoals(goals_, goalID_.value_or(""));
   if (std::exchange(hasNewGoals_, false) && display_.isHeard()) {
     announce(newsOf(before, goals_));

@@ -31,8 +31,10 @@ class DeskController : public QObject {
   DeskController(std::shared_ptr<StoreEngine> engine, DeskDisplay& display);
 
   /// Starts to load, to look for changes and to record the outcomes that wait in the journal; opens
-  /// the goal with that id, or else the first goal. Call once.
-  void start(std::optional<std::string> goalID);
+  /// the goal with that id, or else the preferred one if the store has it, or else the first goal.
+  /// Call once.
+  void start(std::optional<std::string> goalID,
+             std::optional<std::string> preferred = std::nullopt);
 
   /// Closes the details and loads the goal, unless it is open.
   void openGoal(const std::string& goalID);
@@ -92,6 +94,7 @@ class DeskController : public QObject {
   DeskDisplay& display_;
   WaitingOutcomes waiting_;
   std::optional<std::string> goalID_;     // of the open goal
+  std::optional<std::string> preferred_;  // to open when the goals are there
   std::vector<GoalListing> goals_;        // as shown last
   std::optional<LoadedGoal> shown_;       // as shown last
   OutcomeIDs ownOutcomes_;                // saved, or waiting, in this window; also discarded ones

@@ -17,12 +17,14 @@
 #include "apps/desk/window/Pages.hpp"
 #include "apps/desk/window/Panes.hpp"
 #include "apps/desk/window/PlainText.hpp"
+#include "apps/desk/window/ProgramIcon.hpp"
 #include "apps/desk/window/ReadOnlyBar.hpp"
 #include "apps/desk/window/Reasons.hpp"
 #include "apps/desk/window/SidePane.hpp"
 #include "apps/desk/window/StorePage.hpp"
 #include "apps/desk/window/WaitingBar.hpp"
 #include "apps/desk/window/Welcome.hpp"
+#include "apps/desk/window/WindowMemory.hpp"
 
 #include <algorithm>
 #include <utility>
@@ -43,7 +45,8 @@ DeskWindow::DeskWindow(StoreOpening opening, std::optional<std::string> goalID,
   setObjectName("desk");
   // A fixed minimum size; otherwise panes that appear and disappear would change it.
   setMinimumSize(360, 320);
-  fitToScreen();
+  setWindowIcon(programIcon());
+  memory::restoreWindow(*this);
 
   auto* page = new QWidget;
   auto* column = new QVBoxLayout(page);
@@ -54,6 +57,7 @@ DeskWindow::DeskWindow(StoreOpening opening, std::optional<std::string> goalID,
   readOnly_ = new ReadOnlyBar;
   goalsBar_ = new GoalsBar;
   makePanes();
+  memory::restorePanes(*panes_);
   column->addWidget(readOnly_);
   column->addWidget(goalsBar_);
   column->addWidget(panes_, 1);
@@ -104,7 +108,7 @@ void DeskWindow::connectPanes() {
 }
 
 void DeskWindow::use(StoreOpening opening, std::optional<std::string> goalID) {
-  const bool isSameFile = std::exchange(file_, opening.file) == opening.file;
+  const bool isSameFile = isSameStore(std::exchange(file_, opening.file), opening.file);
   std::vector<WaitingOutcome> kept;
   if (controller_ && isSameFile) kept = controller_->takeWaiting();
   if (!isSameFile) screens_->clear();
@@ -129,7 +133,7 @@ void DeskWindow::use(StoreOpening opening, std::optional<std::string> goalID) {
   screens_->showAgain();
   DeskDisplay& display = *this;
   controller_ = std::make_unique<DeskController>(engine_, display);
-  controller_->start(std::move(goalID));
+  controller_->start(std::move(goalID), memory::goalOf(file_));
   for (WaitingOutcome& outcome : kept) controller_->keepWaiting(std::move(outcome));
 }
 
@@ -149,7 +153,7 @@ void DeskWindow::finish() {
 
 void DeskWindow::open(const std::string& file) {
   StoreOpening opening = openStore(file);
-  const bool isSameFile = file == file_;
+  const bool isSameFile = isSameStore(file, file_);
   if (isSameFile && opening.isReadOnly() && engine_) {
     readOnly_->show(localizedReason(fromUTF8(opening.problem)));  // nothing has changed
     return;
@@ -174,7 +178,7 @@ void DeskWindow::chooseStore() {
 
 void DeskWindow::openInstead(const QString& store) {
   const std::string file = store.toStdString();
-  if (file == file_) {
+  if (isSameStore(file, file_)) {
     open(file);  // keeps the unfinished work
   } else {
     leaveThen(Leaving::openAnotherStore, [this, file] { open(file); });
@@ -224,6 +228,7 @@ void DeskWindow::showGoal(const LoadedGoal& goal) {
 }
 
 void DeskWindow::showTitle(const LoadedGoal& goal) {
+  memory::rememberGoal(file_, goal.id);
   setWindowTitle(onOneShortLine(GoalRow::nameOf(fromUTF8(goal.snapshot.goal().title))) +
                  " – Vemra Desk");
 }

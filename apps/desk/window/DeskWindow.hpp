@@ -84,7 +84,6 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
 
  private:
   void makePanes();
-  void fitToScreen();
   void goToGoals();
   void connectPanes();
   void connectMenus();

@@ -5,6 +5,7 @@
 #include "apps/desk/window/GoalScreens.hpp"
 #include "apps/desk/window/Panes.hpp"
 #include "apps/desk/window/WaitingBar.hpp"
+#include "apps/desk/window/WindowMemory.hpp"
 
 #include <utility>
 
@@ -19,6 +20,7 @@ Unfinished DeskWindow::unfinished() const {
 
 void DeskWindow::closeEvent(QCloseEvent* event) {
   if (mayClose_ || unfinished().isEmpty()) {
+    memory::remember(*this, *panes_);
     QMainWindow::closeEvent(event);
     return;
   }

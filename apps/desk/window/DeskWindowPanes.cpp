@@ -18,7 +18,6 @@
 #include <algorithm>
 #include <utility>
 
-#include <QScreen>
 #include <QStackedWidget>
 
 namespace vemra::desk {
@@ -71,13 +70,6 @@ void DeskWindow::goToGoal(const std::string& goalID) {
 
 void DeskWindow::closeSide() {
   if (controller_) controller_->closeDetails();
-}
-
-/// A size that is comfortable, and no larger than the screen.
-void DeskWindow::fitToScreen() {
-  constexpr QSize comfortable(1080, 760);
-  constexpr QSize frame(24, 48);  // of the window manager, which is not known yet
-  resize(comfortable.boundedTo(QWidget::screen()->availableSize() - frame));
 }
 
 void DeskWindow::makePanes() {

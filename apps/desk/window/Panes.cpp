@@ -55,12 +55,35 @@ Panes::Panes(QWidget* goals, QWidget* page, QWidget* details)
   for (QWidget* pane : {goals_, page_, detailsPane_}) addWidget(pane);
   details_->installEventFilter(this);
   setStretchFactor(1, 1);
-  setSizes({230, 560, 290});
+  setSideWidths(sideWidths_);
+  connect(this, &QSplitter::splitterMoved, this, &Panes::noteWidths);
+}
+
+void Panes::setSideWidths(SideWidths widths) {
+  if (widths.goals > 0) sideWidths_.goals = widths.goals;
+  if (widths.details > 0) sideWidths_.details = widths.details;
+  applySideWidths();
+}
+
+/// The page gets what the others leave. A splitter would scale widths that do not fill it.
+void Panes::applySideWidths() {
+  int page = width();
+  if (!goals_->isHidden()) page -= sideWidths_.goals + handleWidth();
+  if (!detailsPane_->isHidden()) page -= sideWidths_.details + handleWidth();
+  setSizes({sideWidths_.goals, std::max(page, 1), sideWidths_.details});
+}
+
+/// The user has dragged a grip. A pane that has the page's room too has no width of its own.
+void Panes::noteWidths() {
+  if (page_->isHidden()) return;
+  if (!goals_->isHidden()) sideWidths_.goals = goals_->width();
+  if (!detailsPane_->isHidden()) sideWidths_.details = detailsPane_->width();
 }
 
 void Panes::setGoalsWanted(bool wanted) {
   goalsWanted_ = wanted;
   if (!wanted && front_ == Pane::goals) front_ = Pane::page;
+  if (wanted && std::exchange(goalsPreferred_, false)) front_ = Pane::goals;
   arrange();
 }
 
@@ -117,6 +140,12 @@ bool Panes::eventFilter(QObject* object, QEvent* event) {
 void Panes::changeEvent(QEvent* event) {
   QSplitter::changeEvent(event);
   if (event->type() == QEvent::FontChange) arrange();
+}
+
+void Panes::showEvent(QShowEvent* event) {
+  QSplitter::showEvent(event);
+  if (!wasShown_) applySideWidths();
+  wasShown_ = true;
 }
 
 void Panes::resizeEvent(QResizeEvent* event) {

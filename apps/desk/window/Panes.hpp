@@ -33,6 +33,19 @@ class Panes : public QSplitter {
   /// Shows the page in place of the goals where they have no room beside each other. Returns
   /// whether it has done so.
   bool leaveGoals();
+  /// The widths that the user, or the first arrangement, has given to the panes beside the page; also
+  /// while they give way.
+  struct SideWidths {
+    int goals = 0;
+    int details = 0;
+  };
+  SideWidths sideWidths() const { return sideWidths_; }
+  /// Call before the panes are shown. A width that is not positive leaves that pane as it is.
+  void setSideWidths(SideWidths widths);
+  /// Whether the goals are in front, in place of others.
+  bool areGoalsInFront() const { return front_ == Pane::goals; }
+  /// Brings the goals to the front once there are any.
+  void preferGoals(bool prefer) { goalsPreferred_ = prefer; }
   /// Whether goals are wanted and not shown.
   bool hideGoals() const;
 
@@ -47,11 +60,14 @@ class Panes : public QSplitter {
   QSplitterHandle* createHandle() override;
   bool eventFilter(QObject* object, QEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
   bool hasDetails() const { return !details_->isHidden(); }
   void arrange();
+  void applySideWidths();
+  void noteWidths();
 
   QWidget* goals_;
   QWidget* page_;
@@ -61,6 +77,9 @@ class Panes : public QSplitter {
   Pane front_ = Pane::page;
   bool gaveWay_ = false;
   bool arranging_ = false;
+  bool goalsPreferred_ = false;
+  bool wasShown_ = false;
+  SideWidths sideWidths_{230, 290};
 };
 
 }  // namespace vemra::desk

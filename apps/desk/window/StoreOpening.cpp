@@ -3,7 +3,9 @@
 #include "apps/desk/store/StoreError.hpp"
 
 #include <chrono>
+#include <filesystem>
 #include <optional>
+#include <system_error>
 
 namespace vemra::desk {
 namespace {
@@ -25,6 +27,11 @@ std::string problemOfReading(const std::string& file) {
 }
 
 }  // namespace
+
+bool isSameStore(const std::string& file, const std::string& other) {
+  std::error_code error;
+  return file == other || (std::filesystem::equivalent(file, other, error) && !error);
+}
 
 StoreOpening openStore(const std::string& file, StoreUse use) {
   StoreOpening opening{file, nullptr, {}, false};

@@ -21,6 +21,9 @@ struct StoreOpening {
   bool isReadOnly() const { return engine && engine->storeUse() == StoreUse::reading; }
 };
 
+/// Whether both paths lead to one store, as a relative path and a link do.
+bool isSameStore(const std::string& file, const std::string& other);
+
 /// Opens a store as a window does: for everything, or else, because of rights or a file system that
 /// is read-only, for reading. Creates a store that is missing, but not its folder.
 ///

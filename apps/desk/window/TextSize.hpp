@@ -6,9 +6,10 @@
 namespace vemra::desk {
 
 /// The size of all texts of the application: the user's usual font, larger or smaller in steps.
+/// The step is remembered for the next start.
 class TextSize : public QObject {
  public:
-  /// Takes the application's present font as the usual one.
+  /// Takes the application's present font as the usual one, and sets the remembered size.
   explicit TextSize(QObject* parent = nullptr);
 
   void enlarge() { setStep(step_ + 1); }
@@ -19,6 +20,7 @@ class TextSize : public QObject {
 
  private:
   void setStep(int step);
+  void apply();
 
   QFont usual_;
   int step_ = 0;
