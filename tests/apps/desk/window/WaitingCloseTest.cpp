@@ -156,6 +156,15 @@ TEST_F(WaitingCloseTest, TheStoreThatIsOpenIsOpenedAgainWithoutAQuestion) {
   EXPECT_TRUE(becomes([&] { return recorded() == 1; }));
 }
 
+TEST_F(WaitingCloseTest, TheStoreThatIsOpenIsTheSameThroughALinkAndARelativePath) {
+  const std::string link = folder.file("link.sqlite");
+  std::filesystem::create_symlink(file, link);
+  for (const std::string& path : {link, std::filesystem::relative(file).string()}) {
+    choose(path);
+    EXPECT_EQ(find<QMessageBox>("desk.question"), nullptr) << path;
+  }
+}
+
 TEST_F(WaitingCloseTest, AnOutcomeThatNeedsADecisionIsNotSaidToBeStoredLater) {
   unlock();
   ASSERT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") == nullptr; }));
