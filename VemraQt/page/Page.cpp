@@ -79,6 +79,7 @@ void Page::environmentChanged(const ui::Environment& environment) {
   const bool fits = colorSchemeOf(inherited) == environment.colorScheme;
   area_.setPalette(fits ? QPalette() : Theme(area_.font(), inherited, environment).palette());
   context_.theme = Theme(area_.font(), area_.palette(), environment);
+  metrics_.restyle();
   pool_.restyle();
 }
 

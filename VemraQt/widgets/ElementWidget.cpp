@@ -57,12 +57,24 @@ void drawOutline(QPainter& painter, const QWidget& control, const QRect& place,
   painter.restore();
 }
 
-void strengthenFrame(QPainter& painter, const QWidget& control, const Theme& theme) {
-  const QStyle* style = control.style();
-  // The style that Qt makes for a style sheet of the control, of a parent or of the application.
-  if (style->inherits("QStyleSheetStyle")) return;
+namespace {
+
+/// Whether a style sheet of the widget, of a parent or of the application draws the widget.
+bool hasStyleSheet(const QWidget& widget) {
+  return widget.style()->inherits("QStyleSheetStyle");
+}
+
+}  // namespace
+
+bool isDrawnByFusion(const QWidget& widget) {
+  if (hasStyleSheet(widget)) return false;
+  const QStyle* style = widget.style();
   while (const auto* proxy = qobject_cast<const QProxyStyle*>(style)) style = proxy->baseStyle();
-  if (style->name() == QLatin1String("fusion")) return;
+  return style->name() == QLatin1String("fusion");
+}
+
+void strengthenFrame(QPainter& painter, const QWidget& control, const Theme& theme) {
+  if (hasStyleSheet(control) || isDrawnByFusion(control)) return;
   // These styles leave the outermost line to a shadow.
   drawOutline(painter, control, control.rect().adjusted(1, 1, -1, -1), theme);
 }

@@ -76,6 +76,9 @@ void frameIn(const Theme& theme, QStyleOption& option);
 /// Draws a frame just inside `place` in the page's outline colour.
 void drawOutline(QPainter& painter, const QWidget& control, const QRect& place, const Theme& theme);
 
+/// Whether Qt's Fusion draws the widget, and no style sheet changes it.
+bool isDrawnByFusion(const QWidget& widget);
+
 /// Draws an outline over the frame of a button or picker, unless `frameIn` was enough: other styles
 /// than Qt's Fusion have colours of their own for frames, which may be too faint on the page. Leaves
 /// a control with a style sheet as its author wants it.

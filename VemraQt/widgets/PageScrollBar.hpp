@@ -1,15 +1,18 @@
 #pragma once
 
 #include <QRect>
+#include <QRegion>
 #include <QScrollBar>
+#include <QStyle>
 
 namespace vemra::qt {
 
-/// A scroll bar that repaints only when its appearance changes.
+/// A scroll bar that repaints only what changes of its appearance.
 ///
-/// Qt repaints a scroll bar for every change of its value and range. On a long page most changes do
-/// not move the handle by a pixel, and a style may take longer to paint the groove, with its
-/// gradients over the whole height of the window, than to paint the changed rows.
+/// Qt repaints a whole scroll bar for every change of its value and range. On a long page most
+/// changes do not move the handle by a pixel, and the others move it by a few. But a style may take
+/// longer to paint the groove, with its gradients over the whole height of the window, than to paint
+/// the changed rows: Qt divides such long gradients among threads, and waits for them.
 class PageScrollBar final : public QScrollBar {
  public:
   using QScrollBar::QScrollBar;
@@ -27,6 +30,9 @@ class PageScrollBar final : public QScrollBar {
     friend bool operator==(const Look&, const Look&) = default;
   };
   Look look() const;
+  /// The part that looks different.
+  QRegion between(const Look& before, const Look& after) const;
+  QRect part(QStyle::SubControl control) const;
 
   Look painted_;
 };

@@ -52,6 +52,10 @@ bool isBrokenFor(const TextShape& shape, const QFont& font, int width) {
 /// and then in the room that is left, and each row inside another adds a width.
 constexpr std::size_t mostWidths = 4;
 
+/// The titles of how many framed buttons are kept, and the longest of them in bytes.
+constexpr std::size_t mostKnownButtons = 16;
+constexpr std::size_t longestKnownTitle = 100;
+
 /// Gives a long text that has been measured the lines for another width: those that it had before,
 /// or new ones.
 void changeWidth(ShownLeaf& shown, const QFont& font, int width) {
@@ -114,18 +118,56 @@ page::Size StyleMetrics::measure(const page::Node& leaf, int width) {
   return {size.width(), size.height()};
 }
 
-QSize StyleMetrics::text(const page::Node& leaf, ShownLeaf& shown, int width) const {
-  breakLines(leaf, shown, theme_.font(leaf.element.style().font), width);
+void StyleMetrics::restyle() {
+  fonts_.clear();
+  buttons_.clear();
+  choices_.clear();
+  choicesFont_ = QFont();
+  widestChoice_ = 0;
+}
+
+const QFont& StyleMetrics::fontOf(const page::Node& leaf) {
+  const ui::Font& wanted = leaf.element.style().font;
+  const auto known = std::ranges::find(fonts_, wanted, &std::pair<ui::Font, QFont>::first);
+  if (known != fonts_.end()) return known->second;
+  return fonts_.emplace_back(wanted, theme_.font(wanted)).second;
+}
+
+QSize StyleMetrics::text(const page::Node& leaf, ShownLeaf& shown, int width) {
+  breakLines(leaf, shown, fontOf(leaf), width);
   return shown.shape.size();
 }
 
-QSize StyleMetrics::button(const page::Node& leaf, ShownLeaf& shown, int width) const {
-  TextShape& shape = shown.shape;
-  const QFont font = theme_.font(leaf.element.style().font);
-  if (leaf.element.buttonStyle() == ui::ButtonStyle::plain) {
-    breakLines(leaf, shown, font, width);
-    return shape.size().expandedTo(QSize(smallestTarget, smallestTarget));
+QSize StyleMetrics::button(const page::Node& leaf, ShownLeaf& shown, int width) {
+  if (leaf.element.buttonStyle() != ui::ButtonStyle::plain) return knownButton(leaf, shown, width);
+  breakLines(leaf, shown, fontOf(leaf), width);
+  return shown.shape.size().expandedTo(QSize(smallestTarget, smallestTarget));
+}
+
+/// Measures a framed button, unless one with the same title has just been measured.
+QSize StyleMetrics::knownButton(const page::Node& leaf, ShownLeaf& shown, int width) {
+  const std::string_view title = leaf.element.shownLabel();
+  if (title.size() > longestKnownTitle) return framedButton(leaf, shown, width);
+  const ui::Font& font = leaf.element.style().font;
+  const auto known = std::ranges::find_if(buttons_, [&](const Measured& button) {
+    return button.width == width && button.title == title && button.font == font;
+  });
+  if (known != buttons_.end()) {
+    std::rotate(buttons_.begin(), known, known + 1);
+    shown.shape = buttons_.front().shape;
+    shown.otherWidths.clear();
+    shown.longText.reset();
+    return buttons_.front().size;
   }
+  const QSize size = framedButton(leaf, shown, width);
+  if (buttons_.size() == mostKnownButtons) buttons_.pop_back();
+  buttons_.insert(buttons_.begin(), {std::string(title), font, width, shown.shape, size});
+  return size;
+}
+
+QSize StyleMetrics::framedButton(const page::Node& leaf, ShownLeaf& shown, int width) {
+  TextShape& shape = shown.shape;
+  const QFont& font = fontOf(leaf);
   auto option = optionFor<QStyleOptionButton>(page_, font);
   const auto framed = [&](QSize text) {
     return page_.style()->sizeFromContents(QStyle::CT_PushButton, &option, text, nullptr);
@@ -143,7 +185,7 @@ QSize StyleMetrics::button(const page::Node& leaf, ShownLeaf& shown, int width) 
 }
 
 QSize StyleMetrics::picker(const page::Node& leaf, TextShape& shape, int width) {
-  const QFont font = theme_.font(leaf.element.style().font);
+  const QFont& font = fontOf(leaf);
   auto option = optionFor<QStyleOptionComboBox>(page_, font);
   const std::vector<Choice> choices = qt::choicesOf(leaf);
   // As wide as the widest choice, so that choosing moves no other element.
@@ -178,13 +220,13 @@ int StyleMetrics::widestOf(const std::vector<Choice>& choices, const QFont& font
   return widestChoice_;
 }
 
-int StyleMetrics::narrowestField(const page::Node& leaf) const {
-  const QFontMetrics metrics(theme_.font(leaf.element.style().font));
+int StyleMetrics::narrowestField(const page::Node& leaf) {
+  const QFontMetrics metrics(fontOf(leaf));
   return metrics.horizontalAdvance(u'm') * narrowestFieldInEms;
 }
 
-QSize StyleMetrics::field(const page::Node& leaf, TextShape& shape, int width) const {
-  const QFont font = theme_.font(leaf.element.style().font);
+QSize StyleMetrics::field(const page::Node& leaf, TextShape& shape, int width) {
+  const QFont& font = fontOf(leaf);
   const QFontMetrics metrics(font);
   const int wide = std::min(width, metrics.horizontalAdvance(u'm') * widestFieldInEms);
   auto option = optionFor<QStyleOptionFrame>(page_, font);

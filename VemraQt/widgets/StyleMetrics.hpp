@@ -3,9 +3,12 @@
 #include "VemraQt/Theme.hpp"
 #include "VemraQt/widgets/ShownLeaf.hpp"
 
+#include <string>
+#include <utility>
 #include <vector>
 
 #include <QFont>
+#include <QSize>
 #include <QStringList>
 
 class QWidget;
@@ -29,19 +32,37 @@ class StyleMetrics final {
       : page_(page), theme_(theme), leaves_(leaves) {}
 
   page::Size measure(const page::Node& leaf, int width);
-  int narrowestField(const page::Node& leaf) const;
+  int narrowestField(const page::Node& leaf);
+  /// Call it when the theme or the style has changed: nothing measured before is used again.
+  void restyle();
 
  private:
-  QSize text(const page::Node& leaf, ShownLeaf& shown, int width) const;
-  QSize button(const page::Node& leaf, ShownLeaf& shown, int width) const;
-  QSize picker(const page::Node& leaf, TextShape& shape, int width);
-  QSize field(const page::Node& leaf, TextShape& shape, int width) const;
+  /// A framed button as it was measured.
+  struct Measured {
+    std::string title;
+    ui::Font font;
+    int width = 0;
+    TextShape shape;
+    QSize size;
+  };
 
+  QSize text(const page::Node& leaf, ShownLeaf& shown, int width);
+  QSize button(const page::Node& leaf, ShownLeaf& shown, int width);
+  QSize framedButton(const page::Node& leaf, ShownLeaf& shown, int width);
+  QSize knownButton(const page::Node& leaf, ShownLeaf& shown, int width);
+  QSize picker(const page::Node& leaf, TextShape& shape, int width);
+  QSize field(const page::Node& leaf, TextShape& shape, int width);
+
+  const QFont& fontOf(const page::Node& leaf);
   int widestOf(const std::vector<Choice>& choices, const QFont& font);
 
   const QWidget& page_;
   const Theme& theme_;
   ShownLeaves& leaves_;
+  /// The theme's fonts. Qt finds the files of a font once for each `QFont` and its copies.
+  std::vector<std::pair<ui::Font, QFont>> fonts_;
+  /// The last framed buttons, since most rows have buttons with the same titles.
+  std::vector<Measured> buttons_;
   /// The choices of the last picker and their width: most pickers of a page have the same choices.
   QFont choicesFont_;
   QStringList choices_;

@@ -4,10 +4,13 @@
 #include "tests/VemraQt/WindowHost.hpp"
 
 #include <algorithm>
+#include <memory>
 #include <random>
 
 #include <QApplication>
+#include <QPaintEvent>
 #include <QScrollBar>
+#include <QStyleFactory>
 #include <QTest>
 #include <QWindow>
 #include <gtest/gtest.h>
@@ -17,15 +20,19 @@ using namespace vemra::qttest;
 
 namespace {
 
-/// Counts how often a widget is painted.
+/// Counts how often a widget is painted, and how many lines of pixels of it.
 class PaintCount final : public QObject {
  public:
   explicit PaintCount(QWidget& widget) { widget.installEventFilter(this); }
   bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::Paint) ++count;
+    if (event->type() == QEvent::Paint) {
+      ++count;
+      for (const QRect& rect : static_cast<QPaintEvent*>(event)->region()) lines += rect.height();
+    }
     return false;
   }
   int count = 0;
+  int lines = 0;
 };
 
 /// The flushed pixels of the window.
@@ -89,6 +96,40 @@ TEST(Repaint, NoOldPixelsStayOnTheScreen) {
     }
     ASSERT_EQ(shown(host), painted(host)) << "after step " << step;
   }
+}
+
+TEST(Repaint, NoOldPixelsOfTheScrollBarStayInOtherStyles) {
+  const std::unique_ptr<QStyle> style(QStyleFactory::create("windows"));
+  ASSERT_TRUE(style);
+  WindowHost host(resultWith(60), QSize(480, 600));
+  bar(host).setStyle(style.get());
+  host.widget.resize(500, 600);  // lays out the scroll bar, whose width is another one
+  shown(host);
+  std::mt19937 random(3);
+  for (int step = 0; step < 30; ++step) {
+    const int maximum = bar(host).maximum();
+    bar(host).setValue(step % 9 == 0 ? (step % 2) * maximum
+                                     : static_cast<int>(random() % static_cast<unsigned>(maximum)));
+    ASSERT_EQ(shown(host), painted(host)) << "after step " << step;
+  }
+  bar(host).setStyle(nullptr);
+}
+
+TEST(Repaint, OfAMovedHandleOnlyItsOldAndItsNewPlaceArePainted) {
+  WindowHost host(resultWith(100));
+  bar(host).setValue(200);
+  shown(host);
+  PaintCount paints(bar(host));
+  bar(host).setValue(260);
+  shown(host);
+  EXPECT_EQ(paints.count, 1);
+  EXPECT_GT(paints.lines, 20);
+  EXPECT_LT(paints.lines, 100) << "of 800";
+  paints.lines = 0;
+  bar(host).setValue(bar(host).maximum());
+  shown(host);
+  EXPECT_GT(paints.lines, 40);
+  EXPECT_LT(paints.lines, 200) << "of 800";
 }
 
 TEST(Repaint, TheScrollBarIsRepaintedOnlyWhereItsHandleMoves) {

@@ -68,6 +68,10 @@ void WorkScreen::scrollToEnd() {
   bar.setValue(bar.maximum());
 }
 
+void WorkScreen::scrollTo(int position) {
+  host_->widget.verticalScrollBar()->setValue(position);
+}
+
 bool WorkScreen::has(const std::string& identifier) {
   return qttest::accessible(*host_, identifier) != nullptr;
 }

@@ -10,6 +10,7 @@
 #include <string>
 
 class QLineEdit;
+class QStyle;
 
 namespace vemra::work {
 
@@ -41,6 +42,9 @@ class WorkScreen {
   void press(const std::string& identifier) { host_->press(identifier); }
   QLineEdit& noteOf(std::size_t person);
   void scrollToEnd();
+  void scrollTo(int position);
+  /// The style of the page, which outlives it; nullptr for the application's.
+  void setStyle(QStyle* style) { host_->widget.setStyle(style); }
   /// Whether a search of assistive technology finds an element with the identifier.
   bool has(const std::string& identifier);
   void wheelDown();

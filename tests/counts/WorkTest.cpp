@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QProxyStyle>
 #include <gtest/gtest.h>
 
 namespace bench = vemra::bench;
@@ -181,6 +182,32 @@ TEST(Work, OfAJumpToTheEnd) {
     EXPECT_GT(work.rowsDescribed, 5U);
     return butAllocations(work);
   });
+}
+
+/// Fusion, with a count of the buttons that it has measured.
+class ButtonMeasures final : public QProxyStyle {
+ public:
+  ButtonMeasures() : QProxyStyle(QStringLiteral("fusion")) {}
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                         const QWidget* widget) const override {
+    if (type == CT_PushButton) ++count;
+    return QProxyStyle::sizeFromContents(type, option, size, widget);
+  }
+  mutable int count = 0;
+};
+
+// The same buttons stand in every row: their titles are shaped once.
+TEST(Work, OfMeasuringTheButtonsOfNewRows) {
+  ButtonMeasures style;
+  WorkScreen screen(few);
+  screen.setStyle(&style);
+  screen.costOf([&] { screen.scrollToEnd(); });
+  EXPECT_GT(style.count, 0);
+  screen.costOf([&] { screen.scrollTo(200); });
+  style.count = 0;
+  EXPECT_GT(screen.costOf([&] { screen.scrollTo(2000); }).nodesMade, 0U);
+  EXPECT_EQ(style.count, 0);
+  screen.setStyle(nullptr);
 }
 
 TEST(Work, OfSearchingAnIdentifierThatIsMissing) {
