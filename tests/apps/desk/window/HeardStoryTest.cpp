@@ -55,11 +55,34 @@ class HeardStoryTest : public OpenDesk {
   HeardAlerts alerts;
 };
 
+/// A window notices a wait of 250 ms. A busy machine may take longer to store an outcome, so the rule
+/// is checked with the first outcome that it stores in time.
 TEST_F(HeardStoryTest, AnOutcomeThatIsStoredAtOnceIsAnnouncedByNoNotification) {
+  constexpr int people = 6;
+  auto wide = goal("g1", "One");
+  std::vector<GoalPersonCandidateDTO> candidates{wide.people[0]};
+  for (int i = 2; i <= people; ++i) {
+    candidates.push_back(build::person("p" + std::to_string(i), "Bo"));
+  }
+  wide.people = std::move(candidates);
+  GoalStore::open(file).import({wide});
   open();
-  record();
-  ASSERT_NE(wait<QAbstractButton>("vemra.goal.person.p1.outcome.correct"), nullptr);
-  EXPECT_TRUE(hears(0)) << alerts.heard.front();
+  for (int i = 1; i <= people; ++i) {
+    const std::string prefix = "vemra.goal.person.p" + std::to_string(i) + ".outcome.";
+    ASSERT_NE(wait<QAbstractButton>(prefix + "start"), nullptr);
+    press(prefix + "start");
+    alerts.take();
+    QElapsedTimer sinceSave;
+    sinceSave.start();
+    press(prefix + "save");
+    ASSERT_NE(wait<QAbstractButton>(prefix + "correct"), nullptr);
+    const bool isInTime = sinceSave.elapsed() < 250;
+    pass(900);
+    if (!isInTime) continue;
+    EXPECT_THAT(alerts.take(), IsEmpty());
+    return;
+  }
+  GTEST_SKIP() << "this machine stores no outcome within 250 ms now";
 }
 
 TEST_F(HeardStoryTest, AnOutcomeThatWaitsIsAnnouncedOnceItsReasonOnceAndItsStoringOnce) {
