@@ -1,13 +1,13 @@
 #include "VemraQt/atspi/PropertyAnswers.hpp"
 
 #include "VemraQt/atspi/BusReference.hpp"
+#include "VemraQt/atspi/LaterQt.hpp"
 #include "VemraQt/atspi/SelectionAnswers.hpp"
 
 #include <QAccessibleInterface>
 #include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusMetaType>
-#include <QLocale>
 #include <QVariantMap>
 
 namespace vemra::qt::atspi {
@@ -32,12 +32,31 @@ QVariantMap propertiesOf(QAccessibleInterface& object, const QString& interface,
                          const QDBusConnection& connection, QAccessible::Id element,
                          const QString& identifier) {
   if (interface == QLatin1String("org.a11y.atspi.Accessible")) {
-    return {{QStringLiteral("Name"), shown(object.text(QAccessible::Name))},
-            {QStringLiteral("Description"), shown(object.text(QAccessible::Description))},
-            {QStringLiteral("Parent"), QVariant::fromValue(parentOf(object, connection))},
-            {QStringLiteral("ChildCount"), object.childCount()},
-            {QStringLiteral("Locale"), QLocale().name()},
-            {QStringLiteral("AccessibleId"), shown(identifier)}};
+    QVariantMap properties{
+        {QStringLiteral("Name"), shown(object.text(QAccessible::Name))},
+        {QStringLiteral("Description"), shown(object.text(QAccessible::Description))},
+        {QStringLiteral("ChildCount"), object.childCount()}};
+    // The application's parent is in another process, and only Qt knows it.
+    if (element) {
+      properties.insert(QStringLiteral("Parent"),
+                        QVariant::fromValue(parentOf(object, connection)));
+    }
+    // Later versions of Qt make up identifiers of other objects, and only `Get` can ask for them.
+    if (!identifier.isNull() || !qtPublishesIdentifiers) {
+      properties.insert(QStringLiteral("AccessibleId"), shown(identifier));
+    }
+    return properties;
+  }
+  if (interface == QLatin1String("org.a11y.atspi.Application") && !element) {
+    return {{QStringLiteral("ToolkitName"), QStringLiteral("Qt")},
+            {QStringLiteral("Version"), QString::fromLatin1(qVersion())}};
+  }
+  const QAccessibleTableInterface* table = object.tableInterface();
+  if (interface == QLatin1String("org.a11y.atspi.Table") && table) {
+    return {{QStringLiteral("NRows"), table->rowCount()},
+            {QStringLiteral("NColumns"), table->columnCount()},
+            {QStringLiteral("NSelectedRows"), table->selectedRowCount()},
+            {QStringLiteral("NSelectedColumns"), table->selectedColumnCount()}};
   }
   const QAccessibleTextInterface* text = object.textInterface();
   if (interface == QLatin1String("org.a11y.atspi.Text") && text) {
