@@ -2,6 +2,9 @@
 # shellcheck shell=bash
 
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
+# This script, whatever folder it was called from.
+# shellcheck disable=SC2034 # those that source this use it
+script="$(cd "$(dirname "$0")" && pwd)/${0##*/}"
 cd "$root" || exit
 
 say() { printf '%s: %s\n' "scripts/${0##*/}" "$*"; }

@@ -14,14 +14,22 @@ namespace vemra::task {
 namespace coroutine {
 
 /// A coroutine without a waiter; it frees itself when it ends.
+///
+/// It waits for its first `resume`, which comes after the call that makes it has returned. For g++ 16
+/// counts in the frame, not atomically, whether that call still needs the frame; a body that began
+/// inside of it could end on another thread at the same time.
 struct Detached {
   struct promise_type {
-    Detached get_return_object() const noexcept { return {}; }
-    std::suspend_never initial_suspend() const noexcept { return {}; }
+    Detached get_return_object() noexcept {
+      return {std::coroutine_handle<promise_type>::from_promise(*this)};
+    }
+    std::suspend_always initial_suspend() const noexcept { return {}; }
     std::suspend_never final_suspend() const noexcept { return {}; }
     void return_void() const noexcept {}
     void unhandled_exception() const noexcept { stopForThrowingCallback(); }
   };
+
+  std::coroutine_handle<promise_type> frame;
 };
 
 template <class T, class Callback>
@@ -48,7 +56,7 @@ Detached run(Task<T> task, Callback callback) {
 ///   exception stops the process with a message.
 template <class T, std::invocable<Result<T>> Callback>
 void start(Task<T> task, Callback callback) {
-  coroutine::run(std::move(task), std::move(callback));
+  coroutine::run(std::move(task), std::move(callback)).frame.resume();
 }
 
 /// Starts a task and blocks the calling thread until it has ended.

@@ -21,6 +21,12 @@ AccessibleTree::~AccessibleTree() {
   for (auto& [node, list] : lists_) {
     for (AccessibleRow* row : list.all()) leaving_.addRow(*row);
   }
+  // A client that hears of one deleted object may ask the next one, which must not find the first.
+  hasEnded_ = true;
+  slots_.clear();
+  outline_ = PageOutline();
+  lists_.clear();
+  leaving_.deleteAll();
 }
 
 int AccessibleTree::childCountOf(std::uint64_t section) {
@@ -116,7 +122,7 @@ AccessibleObject* AccessibleTree::object(AccessibleRow* row, ElementSlot& slot) 
 AccessibleRow* AccessibleTree::rowAt(NodeID listID, std::size_t index) {
   refreshList(listID);
   const ui::Node* node = find(listID);
-  if (!node || index >= node->element.rowCount()) return nullptr;
+  if (hasEnded_ || !node || index >= node->element.rowCount()) return nullptr;
   KnownRows& list = lists_[listID];
   list.follow(page().graph().rowIDs(listID), page().errors(), leaving_);
   if (AccessibleRow* known = list.at(index)) return known;
@@ -147,7 +153,7 @@ void AccessibleTree::noteShowing(AccessibleObject& object, bool isShowing) {
 }
 
 void AccessibleTree::refresh() {
-  if (pageVersion_ == page().version()) return;
+  if (hasEnded_ || pageVersion_ == page().version()) return;
   const bool wasKnown = hasBeenAsked();
   pageVersion_ = page().version();
   // When another page has attached to the graph, this page has no root and shows nothing.

@@ -92,6 +92,7 @@ class AccessibleTree final : public QObject, public ObjectHost {
   template <class ChildAt>
   void note(QAccessible::Id parent, const ChildSteps& steps, ChildAt childAt);
 
+  bool hasEnded_ = false;  ///< the objects that are left answer like empty ones
   static constexpr std::uint64_t neverAsked = ~std::uint64_t{0};
 
   std::uint64_t pageVersion_ = neverAsked;  ///< the page's version at the last refresh

@@ -24,10 +24,11 @@ class LeavingObjects {
   void add(AccessibleObject& object);
   /// Takes a row, together with the objects of its elements.
   void addRow(AccessibleRow& row);
-
- private:
+  /// Deletes the objects now. From Qt 6.11 on, Qt reports each of them to clients, which may then ask
+  /// those that are left.
   void deleteAll();
 
+ private:
   std::vector<QAccessible::Id> objects_;
   QTimer deleting_;
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "VemraPlatform/Export.hpp"
+
 #include <functional>
 #include <vector>
 
@@ -43,8 +45,8 @@ class IdentifierSource {
 };
 
 /// Adds or removes a tree whose identifiers are published.
-void addIdentifierSource(IdentifierSource& source);
-void removeIdentifierSource(IdentifierSource& source);
+VEMRA_EXPORT void addIdentifierSource(IdentifierSource& source);
+VEMRA_EXPORT void removeIdentifierSource(IdentifierSource& source);
 
 /// The registered trees, which know the identifiers of their elements.
 std::vector<IdentifierSource*>& identifierSources();

@@ -13,13 +13,13 @@ TRIAL = """#!/bin/bash
 suite=$2 machine=$4
 echo "$suite ${*:5}" >>asked
 case "$suite $*" in
-  broken*) echo "scripts/build: cannot build" >&2; exit 1 ;;
-  *scripts/run) mkdir -p $machine/src/vemra/build/run; echo picture >$machine/src/vemra/build/run/screen.png ;;
+  broken*) echo "scripts/build: cannot build" >&2; echo "scripts/fresh-machine-trial: ended with 1 after 3 s"; exit 1 ;;
+  *scripts/run) echo "scripts/fresh-machine-trial: fine after 5 s"; mkdir -p $machine/src/vemra/build/run; echo picture >$machine/src/vemra/build/run/screen.png ;;
   *scripts/package*) mkdir -p $machine/src/vemra/build/package
     for name in libvemra vemra; do head -c 5000 /dev/zero >$machine/src/vemra/build/package/$name.deb; done ;;
   *scripts/try-packages*) [[ ! -e $machine/src ]] ;;
-  red*) echo "scripts/test: 12 tests in 1 build(s): 9 passed, 2 failed, 1 skipped by themselves; built"; exit 8 ;;
-  *scripts/test*) echo "scripts/test: 10 tests in 1 build(s): 9 passed, 0 failed, 1 skipped by themselves; built" ;;
+  red*) echo "scripts/fresh-machine-trial: ended with 8 after 9 s"; echo "scripts/test: 12 tests in 1 build(s): 9 passed, 2 failed, 1 skipped by themselves; built"; exit 8 ;;
+  *scripts/test*) echo "scripts/fresh-machine-trial: fine after 7 s"; echo "scripts/test: 10 tests in 1 build(s): 9 passed, 0 failed, 1 skipped by themselves; built" ;;
 esac
 """
 

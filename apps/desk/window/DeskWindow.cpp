@@ -31,7 +31,6 @@
 
 #include <QAccessible>
 #include <QFileDialog>
-#include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -58,6 +57,7 @@ DeskWindow::DeskWindow(StoreOpening opening, std::optional<std::string> goalID,
   goalsBar_ = new GoalsBar;
   makePanes();
   memory::restorePanes(*panes_);
+  if (goalID) panes_->preferGoals(false);
   column->addWidget(readOnly_);
   column->addWidget(goalsBar_);
   column->addWidget(panes_, 1);
@@ -108,6 +108,7 @@ void DeskWindow::connectPanes() {
 }
 
 void DeskWindow::use(StoreOpening opening, std::optional<std::string> goalID) {
+  rememberGoal();
   const bool isSameFile = isSameStore(std::exchange(file_, opening.file), opening.file);
   std::vector<WaitingOutcome> kept;
   if (controller_ && isSameFile) kept = controller_->takeWaiting();
@@ -135,6 +136,13 @@ void DeskWindow::use(StoreOpening opening, std::optional<std::string> goalID) {
   controller_ = std::make_unique<DeskController>(engine_, display);
   controller_->start(std::move(goalID), memory::goalOf(file_));
   for (WaitingOutcome& outcome : kept) controller_->keepWaiting(std::move(outcome));
+}
+
+/// Not at each choice of a goal, since it writes the user's settings.
+void DeskWindow::rememberGoal() const {
+  if (controller_ && controller_->openGoalID()) {
+    memory::rememberGoal(file_, *controller_->openGoalID());
+  }
 }
 
 /// Keeps the engine until its tasks have ended: they need it, and the application.
@@ -228,7 +236,6 @@ void DeskWindow::showGoal(const LoadedGoal& goal) {
 }
 
 void DeskWindow::showTitle(const LoadedGoal& goal) {
-  memory::rememberGoal(file_, goal.id);
   setWindowTitle(onOneShortLine(GoalRow::nameOf(fromUTF8(goal.snapshot.goal().title))) +
                  " – Vemra Desk");
 }

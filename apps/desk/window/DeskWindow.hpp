@@ -103,6 +103,7 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   void bringDetails();
   /// Notes which element of the page the user has used to open details.
   void noteOpener();
+  void rememberGoal() const;
   void retireEngine();
   void use(StoreOpening opening, std::optional<std::string> goalID);
   void chooseStore();

@@ -21,6 +21,7 @@ Unfinished DeskWindow::unfinished() const {
 void DeskWindow::closeEvent(QCloseEvent* event) {
   if (mayClose_ || unfinished().isEmpty()) {
     memory::remember(*this, *panes_);
+    rememberGoal();
     QMainWindow::closeEvent(event);
     return;
   }

@@ -56,7 +56,7 @@ Panes::Panes(QWidget* goals, QWidget* page, QWidget* details)
   details_->installEventFilter(this);
   setStretchFactor(1, 1);
   setSideWidths(sideWidths_);
-  connect(this, &QSplitter::splitterMoved, this, &Panes::noteWidths);
+  connect(this, &QSplitter::splitterMoved, this, [this](int, int index) { noteWidth(index); });
 }
 
 void Panes::setSideWidths(SideWidths widths) {
@@ -73,11 +73,15 @@ void Panes::applySideWidths() {
   setSizes({sideWidths_.goals, std::max(page, 1), sideWidths_.details});
 }
 
-/// The user has dragged a grip. A pane that has the page's room too has no width of its own.
-void Panes::noteWidths() {
+/// The user has dragged the grip before the pane of that index. A pane that has the page's room too
+/// has no width of its own.
+void Panes::noteWidth(int index) {
   if (page_->isHidden()) return;
-  if (!goals_->isHidden()) sideWidths_.goals = goals_->width();
-  if (!detailsPane_->isHidden()) sideWidths_.details = detailsPane_->width();
+  if (index == 1) {
+    sideWidths_.goals = goals_->width();
+  } else {
+    sideWidths_.details = detailsPane_->width();
+  }
 }
 
 void Panes::setGoalsWanted(bool wanted) {

@@ -67,7 +67,7 @@ class Panes : public QSplitter {
   bool hasDetails() const { return !details_->isHidden(); }
   void arrange();
   void applySideWidths();
-  void noteWidths();
+  void noteWidth(int index);
 
   QWidget* goals_;
   QWidget* page_;

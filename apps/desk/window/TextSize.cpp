@@ -25,6 +25,10 @@ TextSize::TextSize(QObject* parent) : QObject(parent), usual_(QApplication::font
   if (step_ != 0) apply();
 }
 
+TextSize::~TextSize() {
+  if (step_ != 0) QApplication::setFont(usual_);
+}
+
 int TextSize::percent() const {
   return static_cast<int>(std::lround(100 * scaleAt(step_)));
 }

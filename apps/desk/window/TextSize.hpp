@@ -11,6 +11,8 @@ class TextSize : public QObject {
  public:
   /// Takes the application's present font as the usual one, and sets the remembered size.
   explicit TextSize(QObject* parent = nullptr);
+  /// Gives the application its usual font back.
+  ~TextSize() override;
 
   void enlarge() { setStep(step_ + 1); }
   void reduce() { setStep(step_ - 1); }

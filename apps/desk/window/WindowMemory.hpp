@@ -7,8 +7,8 @@
 
 #include <QWidget>
 
-/// What the window has at its next start as it had when it was closed last, in the user's settings.
-/// The colours and the text size are remembered by `ColourChoice` and `TextSize`.
+/// Stores and restores the size and place of the window, the widths of its panes and the open goal of
+/// each store, in the user's settings. `ColourChoice` and `TextSize` do so for colours and text.
 ///
 /// Settings that cannot be read, or that another program has damaged, count as absent. Main thread
 /// only.
@@ -20,7 +20,7 @@ void restoreWindow(QWidget& window);
 /// Gives the panes beside the page the widths that they had, and brings the goals to the front if
 /// they were there in a window that has no room for all panes.
 void restorePanes(Panes& panes);
-/// Remembers both.
+/// Stores the size and place of the window and the widths of its panes.
 void remember(const QWidget& window, const Panes& panes);
 
 /// The goal that was open last in that store; none for a store of which nothing is remembered.

@@ -4,6 +4,7 @@
 #include "apps/desk/store/SampleGoals.hpp"
 #include "apps/desk/store/StoreEngine.hpp"
 #include "apps/desk/window/DeskWindow.hpp"
+#include "apps/desk/window/UserSettings.hpp"
 #include "tests/apps/TemporaryFolder.hpp"
 #include "tests/apps/desk/RunDesk.hpp"
 #include "tests/apps/desk/SampleResults.hpp"
@@ -26,6 +27,7 @@ namespace vemra::desk {
 /// A store, and the window on it.
 class OpenDesk : public ::testing::Test {
  protected:
+  OpenDesk() { userSettings().clear(); }  // an earlier test has closed a window
   ~OpenDesk() override { close(); }
 
   void open(std::optional<std::string> goalID = std::nullopt) {

@@ -163,6 +163,8 @@ TEST_F(WaitingCloseTest, TheStoreThatIsOpenIsTheSameThroughALinkAndARelativePath
     choose(path);
     EXPECT_EQ(find<QMessageBox>("desk.question"), nullptr) << path;
   }
+  unlock();
+  EXPECT_TRUE(becomes([&] { return recorded() == 1; })) << "the waiting outcome stays";
 }
 
 TEST_F(WaitingCloseTest, AnOutcomeThatNeedsADecisionIsNotSaidToBeStoredLater) {

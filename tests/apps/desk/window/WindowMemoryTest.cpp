@@ -1,13 +1,14 @@
 // What the window has again at its next start.
 
+#include "apps/desk/window/MenuBar.hpp"
 #include "apps/desk/window/Panes.hpp"
-#include "apps/desk/window/TextSize.hpp"
 #include "apps/desk/window/UserSettings.hpp"
 #include "apps/desk/window/WindowMemory.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
 #include <filesystem>
 
+#include <QAction>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QSplitter>
@@ -18,14 +19,9 @@ namespace {
 class WindowMemoryTest : public OpenDesk {
  protected:
   WindowMemoryTest() {
-    userSettings().clear();
     GoalStore::open(file).import({goal("a", "First"), goal("b", "Second"), goal("c", "Third")});
   }
-  ~WindowMemoryTest() override {
-    close();
-    userSettings().clear();
-    QApplication::setFont(font);
-  }
+  ~WindowMemoryTest() override { close(); }
 
   /// The window as the program opens it: with its own size.
   void start(std::optional<std::string> goalID = std::nullopt) {
@@ -134,6 +130,15 @@ TEST_F(WindowMemoryTest, AGoalThatIsAskedForIsOpenedInstead) {
   EXPECT_TRUE(opens("Third")) << title().toStdString();
 }
 
+TEST_F(WindowMemoryTest, AGoalThatIsAskedForIsShownInANarrowWindowToo) {
+  start();
+  window->resize(360, 600);
+  panes().bringToFront(Panes::Pane::goals);
+  startAgain("b");
+  EXPECT_TRUE(opens("Second"));
+  EXPECT_TRUE(window->screen().isVisible());
+}
+
 TEST_F(WindowMemoryTest, AGoalThatIsNotInTheStoreAnyMoreGivesWayToTheFirst) {
   memory::rememberGoal(file, "gone");
   start();
@@ -162,12 +167,17 @@ TEST_F(WindowMemoryTest, TwentyStoresAreRemembered) {
 
 TEST_F(WindowMemoryTest, TheSizeOfTheText) {
   start();
-  TextSize(nullptr).enlarge();
+  for (QAction* action : window->findChild<MenuBar*>()->findChildren<QAction*>()) {
+    if (action->text() == "&Larger Text") action->trigger();
+  }
   const double larger = QApplication::font().pointSizeF();
   ASSERT_GT(larger, font.pointSizeF());
-  QApplication::setFont(font);
-  startAgain();
-  EXPECT_DOUBLE_EQ(QApplication::font().pointSizeF(), larger);
+  for (int i = 0; i < 2; ++i) {
+    startAgain();
+    EXPECT_DOUBLE_EQ(QApplication::font().pointSizeF(), larger);
+  }
+  close();
+  EXPECT_DOUBLE_EQ(QApplication::font().pointSizeF(), font.pointSizeF());
 }
 
 TEST_F(WindowMemoryTest, DamagedSettingsCountAsAbsent) {

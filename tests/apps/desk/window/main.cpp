@@ -15,6 +15,7 @@ int main(int argumentCount, char** arguments) {
     qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
   }
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, runtime.path());
+  qputenv("XDG_CONFIG_HOME", runtime.path().toUtf8());  // of programs that a test starts
   qputenv("LC_ALL", "C.UTF-8");
   vemra::qttest::watchQtMessages();
   QApplication::setStyle("fusion");
