@@ -1,5 +1,6 @@
 #include "VemraQt/widgets/ChoiceBox.hpp"
 
+#include "VemraQt/widgets/ControlStyle.hpp"
 #include "VemraQt/widgets/StyleMetrics.hpp"
 
 #include <algorithm>
@@ -11,7 +12,6 @@
 #include <QPainter>
 #include <QProxyStyle>
 #include <QStyleOptionComboBox>
-#include <QStylePainter>
 #include <QWheelEvent>
 
 namespace vemra::qt {
@@ -109,7 +109,7 @@ void ChoiceBox::showPopup() {
   if (menu_ || choices_.empty()) return;
   menu_ = new ChoiceMenu(this);
   menu_->setAttribute(Qt::WA_DeleteOnClose);
-  auto* large = new LargeChoices(style()->name());
+  auto* large = new LargeChoices(controlStyle(*this, theme()).name());
   large->setParent(menu_);
   menu_->setStyle(large);
   menu_->setFont(font());
@@ -144,16 +144,16 @@ namespace {
 
 /// Draws the frame and the arrow. From right to left some styles mirror the room for the text and
 /// not the arrow, so that it covers the text; then their picture from left to right is mirrored.
-void drawMirrored(QStylePainter& painter, const QStyleOptionComboBox& option,
-                  const QComboBox& box) {
+void drawMirrored(QPainter& painter, const QStyleOptionComboBox& option, const QComboBox& box,
+                  QStyle& style) {
   const auto rectOf = [&](QStyle::SubControl part) {
-    return box.style()->subControlRect(QStyle::CC_ComboBox, &option, part, &box);
+    return style.subControlRect(QStyle::CC_ComboBox, &option, part, &box);
   };
   const QRect arrow = rectOf(QStyle::SC_ComboBoxArrow);
   const bool isAtTheRight = arrow.center().x() > box.rect().center().x();
   const bool coversText = isAtTheRight && arrow.intersects(rectOf(QStyle::SC_ComboBoxEditField));
   if (option.direction == Qt::LeftToRight || !coversText) {
-    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    style.drawComplexControl(QStyle::CC_ComboBox, &option, &painter, &box);
     return;
   }
   QStyleOptionComboBox unmirrored(option);
@@ -161,23 +161,33 @@ void drawMirrored(QStylePainter& painter, const QStyleOptionComboBox& option,
   painter.save();
   painter.translate(box.width(), 0);
   painter.scale(-1, 1);
-  painter.drawComplexControl(QStyle::CC_ComboBox, unmirrored);
+  style.drawComplexControl(QStyle::CC_ComboBox, &unmirrored, &painter, &box);
   painter.restore();
 }
 
 }  // namespace
 
+QStyle& ChoiceBox::drawingStyle() const {
+  QStyle& usual = controlStyle(*this, theme());
+  QStyleOptionComboBox option;
+  initStyleOption(&option);
+  const QRect field =
+      usual.subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+  return field.width() - 4 < shape_.size().width() ? fusionStyle() : usual;
+}
+
 void ChoiceBox::paintEvent(QPaintEvent*) {
-  QStylePainter painter(this);
+  QStyle& drawing = drawingStyle();
+  QPainter painter(this);
   QStyleOptionComboBox option;
   initStyleOption(&option);
   option.currentText.clear();
   frameIn(theme(), option);
   option.state &= ~QStyle::State_HasFocus;
-  drawMirrored(painter, option, *this);
-  strengthenFrame(painter, *this, theme());
+  drawMirrored(painter, option, *this, drawing);
+  strengthenFrame(painter, *this, drawing, theme());
   const QRect field =
-      style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+      drawing.subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
   painter.setPen(option.palette.color(QPalette::ButtonText));
   const int above = (height() - shape_.size().height()) / 2;
   shape_.draw(painter, QRect(field.x() + 2, above, field.width() - 4, shape_.size().height()),

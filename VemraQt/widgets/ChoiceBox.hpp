@@ -25,6 +25,10 @@ class ChoiceBox final : public QComboBox, public ElementWidget {
   ChoiceBox(QWidget* parent, const PageContext& page);
   QWidget& widget() override { return *this; }
 
+  /// The style that draws the picker: `controlStyle`, or Fusion where that style leaves too little
+  /// room for the text. Adwaita's arrow is as wide as the picker is high, and several lines are high.
+  QStyle& drawingStyle() const;
+
   void showPopup() override;
   void hidePopup() override;
 

@@ -59,22 +59,27 @@ void drawOutline(QPainter& painter, const QWidget& control, const QRect& place,
 
 namespace {
 
-/// Whether a style sheet of the widget, of a parent or of the application draws the widget.
-bool hasStyleSheet(const QWidget& widget) {
-  return widget.style()->inherits("QStyleSheetStyle");
+/// Whether the style is Qt's Fusion, or a proxy of it.
+bool isFusion(const QStyle* style) {
+  while (const auto* proxy = qobject_cast<const QProxyStyle*>(style)) style = proxy->baseStyle();
+  return style->name() == QLatin1String("fusion");
+}
+
+/// Whether it is the style that Qt makes for a style sheet of a widget, of a parent or of the
+/// application.
+bool isOfStyleSheet(const QStyle* style) {
+  return style->inherits("QStyleSheetStyle");
 }
 
 }  // namespace
 
 bool isDrawnByFusion(const QWidget& widget) {
-  if (hasStyleSheet(widget)) return false;
-  const QStyle* style = widget.style();
-  while (const auto* proxy = qobject_cast<const QProxyStyle*>(style)) style = proxy->baseStyle();
-  return style->name() == QLatin1String("fusion");
+  return !isOfStyleSheet(widget.style()) && isFusion(widget.style());
 }
 
-void strengthenFrame(QPainter& painter, const QWidget& control, const Theme& theme) {
-  if (hasStyleSheet(control) || isDrawnByFusion(control)) return;
+void strengthenFrame(QPainter& painter, const QWidget& control, const QStyle& drawing,
+                     const Theme& theme) {
+  if (isOfStyleSheet(&drawing) || isFusion(&drawing)) return;
   // These styles leave the outermost line to a shadow.
   drawOutline(painter, control, control.rect().adjusted(1, 1, -1, -1), theme);
 }

@@ -79,10 +79,11 @@ void drawOutline(QPainter& painter, const QWidget& control, const QRect& place, 
 /// Whether Qt's Fusion draws the widget, and no style sheet changes it.
 bool isDrawnByFusion(const QWidget& widget);
 
-/// Draws an outline over the frame of a button or picker, unless `frameIn` was enough: other styles
-/// than Qt's Fusion have colours of their own for frames, which may be too faint on the page. Leaves
-/// a control with a style sheet as its author wants it.
-void strengthenFrame(QPainter& painter, const QWidget& control, const Theme& theme);
+/// Draws an outline over the frame of a button or picker that the style `drawing` has drawn, unless
+/// `frameIn` was enough: other styles than Qt's Fusion have colours of their own for frames, which
+/// may be too faint on the page. Leaves a control with a style sheet as its author wants it.
+void strengthenFrame(QPainter& painter, const QWidget& control, const QStyle& drawing,
+                     const Theme& theme);
 
 /// The shape inside a focus ring; the ring is wider around a frame, because it has to cover the
 /// frame.

@@ -1,5 +1,7 @@
 #include "VemraQt/widgets/PushButton.hpp"
 
+#include "VemraQt/widgets/ControlStyle.hpp"
+
 #include <utility>
 
 #include <QKeyEvent>
@@ -63,8 +65,9 @@ void PushButton::paintFramed(QPainter& painter, const QRect& visible) {
   option.text.clear();
   frameIn(theme(), option);
   option.state &= ~QStyle::State_HasFocus;
-  style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
-  strengthenFrame(painter, *this, theme());
+  QStyle& drawing = controlStyle(*this, theme());
+  drawing.drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
+  strengthenFrame(painter, *this, drawing, theme());
   painter.setPen(option.palette.color(QPalette::ButtonText));
   const int above = (height() - shape_.size().height()) / 2;
   shape_.draw(painter, QRect(0, above, width(), shape_.size().height()), visible, layoutDirection(),

@@ -1,6 +1,7 @@
 #include "VemraQt/widgets/StyleMetrics.hpp"
 
 #include "VemraQt/widgets/Choices.hpp"
+#include "VemraQt/widgets/ControlStyle.hpp"
 #include "VemraQt/widgets/ElementWidget.hpp"
 #include "VemraQt/widgets/LongText.hpp"
 
@@ -20,6 +21,7 @@ namespace vemra::qt {
 namespace {
 
 constexpr int fieldMargin = 6;
+constexpr int fieldFrame = 2;
 // A field is at most wide enough for a sentence, even on a wide screen.
 constexpr int widestFieldInEms = 34;
 // Beside other elements, a field stays wide enough for a short name.
@@ -170,7 +172,8 @@ QSize StyleMetrics::framedButton(const page::Node& leaf, ShownLeaf& shown, int w
   const QFont& font = fontOf(leaf);
   auto option = optionFor<QStyleOptionButton>(page_, font);
   const auto framed = [&](QSize text) {
-    return page_.style()->sizeFromContents(QStyle::CT_PushButton, &option, text, nullptr);
+    return controlStyle(page_, theme_)
+        .sizeFromContents(QStyle::CT_PushButton, &option, text, nullptr);
   };
   // The style's own margins, measured without the minimum width that it gives to short titles.
   const int frame = framed(QSize(1000, 20)).width() - 1000;
@@ -193,7 +196,8 @@ QSize StyleMetrics::picker(const page::Node& leaf, TextShape& shape, int width) 
   const int widest =
       widestOf(choices, font) + (title.isEmpty() ? 0 : QFontMetrics(font).horizontalAdvance(title));
   const auto framed = [&](QSize text) {
-    return page_.style()->sizeFromContents(QStyle::CT_ComboBox, &option, text, nullptr);
+    return controlStyle(page_, theme_)
+        .sizeFromContents(QStyle::CT_ComboBox, &option, text, nullptr);
   };
   const int frame = framed(QSize(1000, 20)).width() - 1000 + 8;
   const int current = currentChoice(leaf, choices);
@@ -236,7 +240,9 @@ QSize StyleMetrics::field(const page::Node& leaf, TextShape& shape, int width) {
   // High accents extend past a font's ascent.
   const QSize text(wide, lines + std::max(4, metrics.height() / 4));
   const QSize size = page_.style()->sizeFromContents(QStyle::CT_LineEdit, &option, text, nullptr);
-  return QSize(wide, std::max(size.height(), smallestTarget));
+  // The field draws its own frame, also where the style adds no height for one.
+  const int framed = text.height() + 2 * fieldFrame;
+  return QSize(wide, std::max({size.height(), framed, smallestTarget}));
 }
 
 }  // namespace vemra::qt

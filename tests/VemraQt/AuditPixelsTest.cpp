@@ -1,6 +1,7 @@
 // Checks the visible page by its pixels: contrast, no cut text, the focus ring.
 
 #include "VemraQt/Contrast.hpp"
+#include "VemraQt/widgets/ChoiceBox.hpp"
 #include "tests/VemraQt/HardScreen.hpp"
 #include "tests/VemraQt/PageBehind.hpp"
 #include "tests/VemraQt/Palettes.hpp"
@@ -219,17 +220,18 @@ TEST_F(AuditPixels, ThePickersLabelIsNotUnderItsArrow) {
     dress(host, look);
     host.press(p0 + ".start");
     withoutFocus(host);
-    auto& picker = host.get<QComboBox>(p0 + ".picker");
+    auto& picker = host.get<qt::ChoiceBox>(p0 + ".picker");
     for (int choice = 0; choice < picker.count(); ++choice) {
       picker.setCurrentIndex(choice);
       Q_EMIT picker.activated(choice);
       QStyleOptionComboBox option;
       option.initFrom(&picker);
       option.subControls = QStyle::SC_All;
-      QRect arrow = picker.style()->subControlRect(QStyle::CC_ComboBox, &option,
-                                                   QStyle::SC_ComboBoxArrow, &picker);
-      const QRect field = picker.style()->subControlRect(QStyle::CC_ComboBox, &option,
-                                                         QStyle::SC_ComboBoxEditField, &picker);
+      const auto place = [&](QStyle::SubControl part) {
+        return picker.drawingStyle().subControlRect(QStyle::CC_ComboBox, &option, part, &picker);
+      };
+      QRect arrow = place(QStyle::SC_ComboBoxArrow);
+      const QRect field = place(QStyle::SC_ComboBoxEditField);
       const bool isAtTheRight = arrow.center().x() > picker.rect().center().x();
       if (picker.isRightToLeft() && isAtTheRight && arrow.intersects(field)) {
         // the picker mirrors it

@@ -24,7 +24,7 @@ bool isStrengthened(QPushButton& button) {
   picture.fill(Qt::transparent);
   const QImage before = picture.copy();
   QPainter painter(&picture);
-  qt::strengthenFrame(painter, button, qt::Theme());
+  qt::strengthenFrame(painter, button, *button.style(), qt::Theme());
   painter.end();
   return picture != before;
 }

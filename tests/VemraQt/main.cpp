@@ -1,13 +1,19 @@
 #include "tests/VemraQt/QuietQt.hpp"
 
+#include <cstdio>
+
 #include <QApplication>
 #include <QCursor>
 #include <QFont>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+/// The exit code that CTest reports as a skipped test, also in CMakeLists.txt.
+constexpr int styleIsMissing = 77;
+
 /// The tests run without a display, with the same font, size and style on every machine. The
-/// environment variable VEMRA_TEST_STYLE names another style to try them with.
+/// environment variable VEMRA_TEST_STYLE names another style to try them with;
+/// where it is not installed, no test runs.
 int main(int argumentCount, char** arguments) {
   ::testing::InitGoogleTest(&argumentCount, arguments);
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -19,7 +25,11 @@ int main(int argumentCount, char** arguments) {
   vemra::qttest::watchQtMessages();
   QApplication application(argumentCount, arguments);
   // Not before the application: it would not own the style.
-  QApplication::setStyle(qEnvironmentVariable("VEMRA_TEST_STYLE", QStringLiteral("fusion")));
+  const QString style = qEnvironmentVariable("VEMRA_TEST_STYLE", QStringLiteral("fusion"));
+  if (QApplication::setStyle(style) == nullptr) {
+    std::fprintf(stderr, "The style %s is not installed.\n", qPrintable(style));
+    return styleIsMissing;
+  }
   QApplication::setCursorFlashTime(0);  // no painting except for the test's own actions
   QFont font("DejaVu Sans");
   font.setPixelSize(13);

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QPalette>
+#include <QString>
 
 namespace vemra::desk {
 
@@ -9,6 +10,9 @@ namespace vemra::desk {
 enum class Colours { system, light, dark };
 
 /// The colours of the application, remembered for its next start.
+///
+/// A style with colours of its own (Adwaita) cannot draw in every palette. While the user has chosen
+/// a colour scheme that the style cannot draw in, Qt's style Fusion draws the program.
 ///
 /// Main thread only.
 class ColourChoice : public QObject {
@@ -24,6 +28,7 @@ class ColourChoice : public QObject {
   void apply();
 
   Colours colours_ = Colours::system;
+  QString styleOfSystem_;
 };
 
 }  // namespace vemra::desk

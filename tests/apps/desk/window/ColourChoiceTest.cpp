@@ -7,6 +7,9 @@
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
 #include <QMenu>
+#include <QScopeGuard>
+#include <QStyle>
+#include <QStyleFactory>
 
 namespace vemra::desk {
 namespace {
@@ -64,6 +67,20 @@ TEST_F(ColourChoiceTest, TheNextStartHasTheSameColours) {
   EXPECT_EQ(scheme(), ColorScheme::dark);
   open();
   EXPECT_TRUE(command("&Dark").isChecked());
+}
+
+TEST_F(ColourChoiceTest, FusionDrawsTheColoursThatAdwaitaCannot) {
+  if (QApplication::setStyle("adwaita") == nullptr) GTEST_SKIP() << "adwaita-qt6 is not installed";
+  const auto end = qScopeGuard([] { QApplication::setStyle("fusion"); });
+  ColourChoice choice;
+  choice.choose(Colours::dark);
+  EXPECT_EQ(QApplication::style()->name(), "fusion");
+  EXPECT_EQ(scheme(), ColorScheme::dark);
+  choice.choose(Colours::light);
+  EXPECT_EQ(QApplication::style()->name(), "adwaita");
+  choice.choose(Colours::dark);
+  choice.choose(Colours::system);
+  EXPECT_EQ(QApplication::style()->name(), "adwaita");
 }
 
 }  // namespace
