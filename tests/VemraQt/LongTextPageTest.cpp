@@ -256,9 +256,9 @@ TEST_F(LongTextPage, AClientFindsTheCharacterAtAPointWithoutAskingEachOne) {
   while (QAccessibleInterface* const child = found->childAt(inView.x(), inView.y())) found = child;
   QAccessibleTextInterface* const client = found->textInterface();
   ASSERT_TRUE(client);
-  const std::int64_t before = TextLines::unitsLaidOut();
+  const std::int64_t before = qt::TextLines::unitsLaidOut();
   const int offset = client->offsetAtPoint(inView);
-  EXPECT_LT(TextLines::unitsLaidOut() - before, 60'000) << "each character was asked";
+  EXPECT_LT(qt::TextLines::unitsLaidOut() - before, 60'000) << "each character was asked";
   ASSERT_GE(offset, 0);
   EXPECT_TRUE(client->characterRect(offset).contains(inView));
 }
