@@ -106,8 +106,10 @@ CloseQuestion::CloseQuestion(Leaving leaving, const Unfinished& unfinished, QWid
   setEscapeButton(cancel);
   connect(leave, &QPushButton::clicked, this, &CloseQuestion::leaveWanted);
   if (wait != nullptr) connect(wait, &QPushButton::clicked, this, &CloseQuestion::waitWanted);
-  connect(this, &QDialog::finished, this, [this, cancel] {
-    if (clickedButton() == cancel) Q_EMIT cancelled();
+  // A question that is closed without a button has no clicked button yet.
+  connect(this, &QDialog::finished, this, [this, leave, wait] {
+    const QAbstractButton* clicked = clickedButton();
+    if (clicked == nullptr || (clicked != leave && clicked != wait)) Q_EMIT cancelled();
   });
   keepTitlesWhole(*this);
 }

@@ -166,9 +166,13 @@ void DeskWindow::open(const std::string& file) {
     readOnly_->show(localizedReason(fromUTF8(opening.problem)));  // nothing has changed
     return;
   }
-  if (isSameFile && engine_ && !opening.engine) {
-    // The screens and the waiting outcomes belong to the store that was open.
-    showNotice(localizedReason(fromUTF8(opening.problem)), nullptr);
+  if (engine_ && !opening.engine) {
+    // The screens and the waiting outcomes belong to the store that is open.
+    std::function<void()> tryAgain;
+    if (!isSameFile && opening.mayBeRead) {
+      tryAgain = [this, file] { openInstead(QString::fromStdString(file)); };
+    }
+    showNotice(localizedReason(fromUTF8(opening.problem)), std::move(tryAgain));
     return;
   }
   use(std::move(opening), isSameFile && controller_ ? controller_->openGoalID() : std::nullopt);

@@ -61,7 +61,8 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
 
   ~DeskWindow() override;
 
-  /// Opens a store in place of the one that is open.
+  /// Opens a store in place of the one that is open. A store that cannot be opened leaves the open
+  /// one as it is, and a notice gives the reason.
   void open(const std::string& file);
   /// Imports documents into the open store and shows the result.
   void importDocuments(const QStringList& files);
@@ -91,6 +92,9 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   /// Lets a person who cannot see it hear the new size of the texts.
   void announceTextSize();
   bool mayImport() const;
+  /// Whether the window can take a drop now. A store has to wait for the end of an import and for
+  /// the answer to a question, which both belong to the open store.
+  bool mayTake(const QDropEvent& drop) const;
   void chooseDocuments();
   void chooseExport();
   void openNeighbour(int step);

@@ -62,6 +62,13 @@ std::optional<QString> droppedStore(const QStringList& files) {
   return files.constFirst();
 }
 
+/// Accepts a drop as a copy, also where the source proposes to move the files: after a move it
+/// would delete the file of the store that is now open.
+void acceptCopy(QDropEvent& drop) {
+  drop.setDropAction(Qt::CopyAction);
+  drop.accept();
+}
+
 /// Gives the focus to the first control inside a page that takes it by the Tab key.
 void focusFirstInside(QWidget& page) {
   for (QWidget* next = page.nextInFocusChain(); next != &page; next = next->nextInFocusChain()) {
@@ -216,16 +223,28 @@ void DeskWindow::focusPane(int step) {
   }
 }
 
+bool DeskWindow::mayTake(const QDropEvent& drop) const {
+  if (!(drop.possibleActions() & Qt::CopyAction)) return false;
+  const QStringList files = droppedFiles(*drop.mimeData());
+  if (droppedStore(files)) return !importing_ && !question_;
+  return mayImport() && !files.isEmpty();
+}
+
 void DeskWindow::dragEnterEvent(QDragEnterEvent* event) {
-  const QStringList files = droppedFiles(*event->mimeData());
-  if (droppedStore(files) || (mayImport() && !files.isEmpty())) event->acceptProposedAction();
+  if (mayTake(*event)) acceptCopy(*event);
 }
 
 void DeskWindow::dropEvent(QDropEvent* event) {
-  event->acceptProposedAction();
+  if (!mayTake(*event)) {
+    event->ignore();
+    return;
+  }
+  acceptCopy(*event);
   const QStringList files = droppedFiles(*event->mimeData());
   if (const std::optional<QString> store = droppedStore(files)) {
-    openInstead(*store);
+    // The source of the drop waits for the end of this event; opening may wait for a locked store.
+    QMetaObject::invokeMethod(
+        this, [this, store = *store] { openInstead(store); }, Qt::QueuedConnection);
   } else {
     importDocuments(files);
   }

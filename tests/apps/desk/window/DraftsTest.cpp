@@ -110,6 +110,18 @@ TEST_F(ClosingTest, CancellingLeadsToTheEditorThatIsOpenInAnotherGoal) {
   EXPECT_TRUE(becomes([&] { return window->focusWidget() == note; }));
 }
 
+TEST_F(ClosingTest, ClosingTheQuestionLeadsToTheEditorThatIsOpen) {
+  open("a");
+  auto* note = typeNote("half");
+  ASSERT_NE(note, nullptr);
+  window->screen().setFocus();
+  window->close();
+  ASSERT_NE(question(), nullptr);
+  question()->close();
+  EXPECT_TRUE(becomes([&] { return window->focusWidget() == note; }));
+  EXPECT_TRUE(window->isVisible());
+}
+
 TEST_F(ClosingTest, CancellingWithEscapeScrollsTheOpenEditorIntoView) {
   auto many = goal("m", "Many");
   std::vector<GoalPersonCandidateDTO> people{{"p1", "Ada", {}, {}}};

@@ -3,6 +3,7 @@
 #include "apps/desk/commands/Documents.hpp"
 #include "apps/documents/ResultWriter.hpp"
 #include "tests/VemraQt/ActiveWindow.hpp"
+#include "tests/apps/desk/RawDatabase.hpp"
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
 #include <csignal>
@@ -45,18 +46,27 @@ class FilesTest : public OpenDesk {
     enter.ignore();
     QApplication::sendEvent(window.get(), &enter);
     if (!enter.isAccepted()) return false;
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    return answerToDrop(data, Qt::CopyAction, Qt::NoModifier) != Qt::IgnoreAction;
+  }
+  /// The action that the window answers to a drop; `IgnoreAction` when it refuses the drop.
+  Qt::DropAction answerToDrop(const QMimeData& data, Qt::DropActions offered,
+                              Qt::KeyboardModifiers modifiers) const {
+    QDropEvent drop(QPointF(5, 5), offered, &data, Qt::LeftButton, modifiers);
+    drop.ignore();
     QApplication::sendEvent(window.get(), &drop);
-    return true;
+    return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
   }
   bool drop(const std::vector<std::string>& files) const {
     QMimeData data;
+    setFiles(data, files);
+    return dropData(data);
+  }
+  static void setFiles(QMimeData& data, const std::vector<std::string>& files) {
     QList<QUrl> urls;
     for (const std::string& each : files) {
       urls.append(QUrl::fromLocalFile(QString::fromStdString(each)));
     }
     data.setUrls(urls);
-    return dropData(data);
   }
 };
 
@@ -119,6 +129,87 @@ TEST_F(DroppedFilesTest, TextsAndLinksToTheWebAreNotAccepted) {
   QMimeData web;
   web.setUrls({QUrl("https://example.org/a.json")});
   EXPECT_FALSE(dropData(web));
+}
+
+TEST_F(DroppedFilesTest, ADropThatWouldMoveTheFileIsAnsweredWithACopy) {
+  openWindow();
+  QMimeData store;
+  setFiles(store, {otherStore()});
+  const Qt::DropActions both = Qt::CopyAction | Qt::MoveAction;
+  QDragEnterEvent enter(QPoint(5, 5), both, &store, Qt::LeftButton, Qt::ShiftModifier);
+  enter.setDropAction(Qt::MoveAction);
+  enter.ignore();
+  QApplication::sendEvent(window.get(), &enter);
+  EXPECT_TRUE(enter.isAccepted());
+  EXPECT_EQ(enter.dropAction(), Qt::CopyAction);
+  QDropEvent drop(QPointF(5, 5), both, &store, Qt::LeftButton, Qt::ShiftModifier);
+  drop.setDropAction(Qt::MoveAction);
+  drop.ignore();
+  QApplication::sendEvent(window.get(), &drop);
+  EXPECT_TRUE(drop.isAccepted());
+  EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
+  EXPECT_TRUE(becomes([&] { return shows("Other", "desk.goals"); }));
+}
+
+TEST_F(DroppedFilesTest, ADropThatCanOnlyMoveTheFileIsRefused) {
+  openWindow();
+  QMimeData store;
+  setFiles(store, {otherStore()});
+  QDragEnterEvent enter(QPoint(5, 5), Qt::MoveAction, &store, Qt::LeftButton, Qt::NoModifier);
+  enter.ignore();
+  QApplication::sendEvent(window.get(), &enter);
+  EXPECT_FALSE(enter.isAccepted());
+  EXPECT_EQ(answerToDrop(store, Qt::MoveAction, Qt::NoModifier), Qt::IgnoreAction);
+  pass(100);
+  EXPECT_FALSE(shows("Other", "desk.goals"));
+}
+
+TEST_F(DroppedFilesTest, AStoreIsRefusedWhileDocumentsAreImported) {
+  openWindow();
+  ASSERT_TRUE(drop({document("c.json", "c")}));
+  QMimeData store;
+  setFiles(store, {otherStore()});
+  EXPECT_EQ(answerToDrop(store, Qt::CopyAction, Qt::NoModifier), Qt::IgnoreAction);
+  EXPECT_FALSE(drop({otherStore()}));
+  EXPECT_TRUE(notice().contains("Documents imported: 1.")) << notice().toStdString();
+  EXPECT_TRUE(becomes([&] { return shows("Goal c", "desk.goals"); }));
+}
+
+TEST_F(DroppedFilesTest, AStoreIsRefusedWhileAQuestionIsOpen) {
+  openWindow();
+  press("vemra.goal.person.p1.outcome.start");
+  wait<QWidget>("vemra.goal.person.p1.outcome.note");
+  window->close();
+  auto* question = wait<QMessageBox>("desk.question");
+  ASSERT_NE(question, nullptr);
+  EXPECT_FALSE(drop({otherStore()}));
+  QMimeData store;
+  setFiles(store, {otherStore()});
+  EXPECT_EQ(answerToDrop(store, Qt::CopyAction, Qt::NoModifier), Qt::IgnoreAction);
+}
+
+TEST_F(DroppedFilesTest, ADatabaseThatIsNoStoreKeepsTheOpenStoreAndItsEditors) {
+  openWindow();
+  press("vemra.goal.person.p1.outcome.start");
+  wait<QWidget>("vemra.goal.person.p1.outcome.note");
+  const std::string foreign = folder.file("foreign.sqlite");
+  ASSERT_EQ(RawDatabase(foreign).run("CREATE TABLE songs (title TEXT)"), "");
+  ASSERT_TRUE(drop({foreign}));
+  auto* question = wait<QMessageBox>("desk.question");
+  ASSERT_NE(question, nullptr);
+  question->button(QMessageBox::Discard)->click();
+  EXPECT_TRUE(notice().contains("foreign.sqlite")) << notice().toStdString();
+  EXPECT_TRUE(shows("First", "desk.goals"));
+  EXPECT_NE(find<QWidget>("vemra.goal.person.p1.outcome.note"), nullptr);
+  EXPECT_EQ(find<QWidget>("desk.store"), nullptr);
+}
+
+TEST_F(DroppedFilesTest, AStoreIsOpenedAfterTheDropHasEnded) {
+  openWindow();
+  const std::shared_ptr<StoreEngine> before = window->engine();
+  ASSERT_TRUE(drop({otherStore()}));
+  EXPECT_EQ(window->engine(), before) << "opening may wait for a store that is locked";
+  EXPECT_TRUE(becomes([&] { return window->engine() != before; }));
 }
 
 class ExportTest : public FilesTest {

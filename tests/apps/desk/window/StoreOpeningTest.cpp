@@ -112,9 +112,41 @@ TEST_F(StoreOpeningTest, AnotherStoreReplacesOneThatCannotBeOpened) {
   ASSERT_TRUE(hasPage());
   window->open(other);
   EXPECT_TRUE(becomes([&] { return shows("Other", "desk.goals"); }));
+}
+
+TEST_F(StoreOpeningTest, AStoreThatCannotBeOpenedLeavesTheOpenStoreAndGivesTheReason) {
+  const std::string other = folder.file("other.sqlite");
+  GoalStore::open(other).import({goal("o", "Other")});
+  damage();
+  openWindow(openStore(other));
+  EXPECT_TRUE(becomes([&] { return shows("Other", "desk.goals"); }));
   window->open(file);
-  EXPECT_TRUE(hasPage()) << "and back";
-  EXPECT_EQ(find<QWidget>("desk.goals"), nullptr);
+  EXPECT_TRUE(becomes([&] {
+    return texts("desk.notice").join("\n").contains("goals.sqlite: is not an SQLite database");
+  }));
+  EXPECT_TRUE(shows("Other", "desk.goals"));
+  EXPECT_EQ(find<QWidget>("desk.store"), nullptr);
+  press("desk.notice.dismiss");
+  window->open(other);
+  EXPECT_EQ(find<QWidget>("desk.notice"), nullptr) << "the window still knows its store";
+  closeWindow();
+}
+
+TEST_F(StoreOpeningTest, AStoreThatIsLockedCanBeTriedAgainFromTheOpenStore) {
+  const std::string other = folder.write("other.sqlite", "");
+  openWindow(openStore(file));
+  EXPECT_TRUE(becomes([&] { return shows("One", "desk.goals"); }));
+  {
+    RawDatabase program(other);
+    ASSERT_EQ(program.run("BEGIN EXCLUSIVE"), "");
+    window->open(other);
+    EXPECT_TRUE(becomes(
+        [&] { return texts("desk.notice").join("\n").contains("is in use by another program"); }));
+    EXPECT_TRUE(shows("One", "desk.goals"));
+  }
+  press("desk.notice.again");
+  EXPECT_TRUE(becomes([&] { return find<QWidget>("desk.welcome") != nullptr; }));
+  closeWindow();
 }
 
 TEST_F(StoreOpeningTest, AStoreForReadingOnlyHasABarAndItsGoals) {
