@@ -14,7 +14,7 @@
 namespace vemra::desk::memory {
 namespace {
 
-constexpr int mostStores = 20;
+constexpr qsizetype mostStores = 20;
 
 /// One name for a store, whatever path leads to it.
 QString nameOf(const std::string& storeFile) {
@@ -72,7 +72,7 @@ void remember(const QWidget& window, const Panes& panes) {
 std::optional<std::string> goalOf(const std::string& storeFile) {
   const QStringList list = storesAndGoals();
   const QString store = nameOf(storeFile);
-  for (int i = 0; i < list.size(); i += 2) {
+  for (qsizetype i = 0; i < list.size(); i += 2) {
     if (list[i] == store) return list[i + 1].toStdString();
   }
   return std::nullopt;
@@ -82,7 +82,7 @@ void rememberGoal(const std::string& storeFile, const std::string& goalID) {
   const QString store = nameOf(storeFile);
   const QStringList before = storesAndGoals();
   QStringList list{store, fromUTF8(goalID)};
-  for (int i = 0; i < before.size() && list.size() < 2 * mostStores; i += 2) {
+  for (qsizetype i = 0; i < before.size() && list.size() < 2 * mostStores; i += 2) {
     if (before[i] != store) list << before[i] << before[i + 1];
   }
   if (list != before) userSettings().setValue("goals", list);
