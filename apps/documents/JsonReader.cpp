@@ -41,15 +41,16 @@ void JsonReader::object(std::initializer_list<Field> fields) {
   readObject(std::span(fields.begin(), fields.size()), [](const Field& field) { field.read(); });
 }
 
-void JsonReader::failUnknownKey(std::string_view found, std::span<const std::string_view> keys) {
+void JsonReader::failUnknownKey(std::string_view found,
+                                std::span<const std::string_view> keys) const {
   failAt(found, listed("one of the keys", keys), inQuotes(found));
 }
 
-void JsonReader::failDuplicateKey(std::string_view key) {
+void JsonReader::failDuplicateKey(std::string_view key) const {
   failAt(key, "each key once", inQuotes(key) + " again");
 }
 
-void JsonReader::failMissingKey(std::string_view key) {
+void JsonReader::failMissingKey(std::string_view key) const {
   fail("the key " + inQuotes(key), "none");
 }
 

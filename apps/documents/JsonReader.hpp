@@ -127,9 +127,10 @@ class JsonReader {
   void readObject(const Fields& fields, const Read& read);
   template <class Fields>
   std::size_t fieldOfOtherKey(const Fields& fields);
-  [[noreturn]] void failUnknownKey(std::string_view found, std::span<const std::string_view> keys);
-  [[noreturn]] void failDuplicateKey(std::string_view key);
-  [[noreturn]] void failMissingKey(std::string_view key);
+  [[noreturn]] void failUnknownKey(std::string_view found,
+                                   std::span<const std::string_view> keys) const;
+  [[noreturn]] void failDuplicateKey(std::string_view key) const;
+  [[noreturn]] void failMissingKey(std::string_view key) const;
   template <class ReadMember>
   void members(const ReadMember& readMember);
   std::string_view key(std::string& unescaped);
