@@ -138,13 +138,6 @@ void DeskWindow::use(StoreOpening opening, std::optional<std::string> goalID) {
   for (WaitingOutcome& outcome : kept) controller_->keepWaiting(std::move(outcome));
 }
 
-/// Not at each choice of a goal, since it writes the user's settings.
-void DeskWindow::rememberGoal() const {
-  if (controller_ && controller_->openGoalID()) {
-    memory::rememberGoal(file_, *controller_->openGoalID());
-  }
-}
-
 /// Keeps the engine until its tasks have ended: they need it, and the application.
 void DeskWindow::retireEngine() {
   if (!engine_) return;

@@ -18,6 +18,13 @@ Unfinished DeskWindow::unfinished() const {
   return {screens_->drafts(), controller_ ? controller_->waiting() : std::vector<WaitingNote>()};
 }
 
+/// Not at each choice of a goal, since it writes the user's settings.
+void DeskWindow::rememberGoal() const {
+  if (controller_ && controller_->openGoalID()) {
+    memory::rememberGoal(file_, *controller_->openGoalID());
+  }
+}
+
 void DeskWindow::closeEvent(QCloseEvent* event) {
   if (mayClose_ || unfinished().isEmpty()) {
     memory::remember(*this, *panes_);
