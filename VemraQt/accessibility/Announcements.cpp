@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include <QAbstractScrollArea>
 #include <QScopedValueRollback>
 
 namespace vemra::qt {
