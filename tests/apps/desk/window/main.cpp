@@ -18,8 +18,8 @@ int main(int argumentCount, char** arguments) {
   qputenv("XDG_CONFIG_HOME", runtime.path().toUtf8());  // of programs that a test starts
   qputenv("LC_ALL", "C.UTF-8");
   vemra::qttest::watchQtMessages();
-  QApplication::setStyle("fusion");
   QApplication application(argumentCount, arguments);
+  QApplication::setStyle("fusion");  // owned by the application, as it is there already
   QFont font("DejaVu Sans");
   font.setPointSizeF(10);
   QApplication::setFont(font);
