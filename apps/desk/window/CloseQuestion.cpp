@@ -37,10 +37,10 @@ void prepare(QMessageBox& box, const QString& text, const QString& more) {
   }
 }
 
-/// Qt's own button with the word of the waiting bar; Qt's translations have other words for it.
-QPushButton* addDiscard(QMessageBox& box) {
+/// Qt's own button with a word of this program; Qt's translations have other words for it.
+QPushButton* addDiscard(QMessageBox& box, const QString& title) {
   QPushButton* button = box.addButton(QMessageBox::Discard);
-  button->setText(localized("Discard"));
+  button->setText(title);
   return button;
 }
 
@@ -79,6 +79,27 @@ QString nowTitle(Leaving leaving) {
   return leaving == Leaving::closeWindow ? localized("Close now") : localized("Open now");
 }
 
+/// Names what the button discards where the question lists more than that.
+QString discardTitle(Leaving leaving, bool hasWaiting) {
+  if (!hasWaiting) return localized("Discard");
+  return leaving == Leaving::closeWindow ? localized("Discard drafts and close now")
+                                         : localized("Discard drafts and open now");
+}
+
+QString endOfWait(Leaving leaving, WaitFor what) {
+  const bool forAll = what == WaitFor::everything;
+  if (leaving == Leaving::closeWindow) {
+    return forAll ? localized("The window closes as soon as everything is stored.")
+                  : localized(
+                        "The window closes as soon as everything is stored that does not "
+                        "need your decision.");
+  }
+  return forAll ? localized("The other store is opened as soon as everything is stored.")
+                : localized(
+                      "The other store is opened as soon as everything is stored that does "
+                      "not need your decision.");
+}
+
 }  // namespace
 
 CloseQuestion::CloseQuestion(Leaving leaving, const Unfinished& unfinished, QWidget* parent)
@@ -94,15 +115,18 @@ CloseQuestion::CloseQuestion(Leaving leaving, const Unfinished& unfinished, QWid
   }
   prepare(*this, questionOf(leaving, !drafts.isEmpty()), paragraphs.join("\n\n"));
   QPushButton* wait = nullptr;
-  if (drafts.isEmpty() && std::ranges::none_of(waiting, &WaitingNote::needsDecision)) {
-    wait = addButton(localized("Wait until stored"), QMessageBox::AcceptRole);
+  if (!std::ranges::all_of(waiting, &WaitingNote::needsDecision)) {
+    wait = addButton(drafts.isEmpty() ? localized("Wait until stored")
+                                      : localized("Discard drafts and wait until stored"),
+                     QMessageBox::AcceptRole);
     wait->setObjectName("desk.question.wait");
   }
-  QPushButton* leave = drafts.isEmpty() ? addButton(nowTitle(leaving), QMessageBox::DestructiveRole)
-                                        : addDiscard(*this);
+  QPushButton* leave = drafts.isEmpty()
+                           ? addButton(nowTitle(leaving), QMessageBox::DestructiveRole)
+                           : addDiscard(*this, discardTitle(leaving, !waiting.empty()));
   leave->setObjectName("desk.question.close");
   QPushButton* cancel = addButton(QMessageBox::Cancel);
-  setDefaultButton(wait != nullptr ? wait : cancel);
+  setDefaultButton(wait != nullptr && drafts.isEmpty() ? wait : cancel);
   setEscapeButton(cancel);
   connect(leave, &QPushButton::clicked, this, &CloseQuestion::leaveWanted);
   if (wait != nullptr) connect(wait, &QPushButton::clicked, this, &CloseQuestion::waitWanted);
@@ -114,13 +138,9 @@ CloseQuestion::CloseQuestion(Leaving leaving, const Unfinished& unfinished, QWid
   keepTitlesWhole(*this);
 }
 
-CloseWait::CloseWait(Leaving leaving, QWidget* parent) : QMessageBox(parent) {
+CloseWait::CloseWait(Leaving leaving, WaitFor what, QWidget* parent) : QMessageBox(parent) {
   setObjectName("desk.wait");
-  prepare(*this,
-          leaving == Leaving::closeWindow
-              ? localized("The window closes as soon as everything is stored.")
-              : localized("The other store is opened as soon as everything is stored."),
-          {});
+  prepare(*this, endOfWait(leaving, what), {});
   setIcon(QMessageBox::Information);
   QPushButton* leave = addButton(nowTitle(leaving), QMessageBox::DestructiveRole);
   leave->setObjectName("desk.wait.close");
@@ -134,7 +154,7 @@ DiscardQuestion::DiscardQuestion(const std::vector<WaitingNote>& waiting, QWidge
     : QMessageBox(parent) {
   setObjectName("desk.discard");
   prepare(*this, localized("Discard what is not stored yet?"), some(linesOf(waiting)));
-  QPushButton* discard = addDiscard(*this);
+  QPushButton* discard = addDiscard(*this, localized("Discard"));
   setDefaultButton(addButton(QMessageBox::Cancel));
   connect(discard, &QPushButton::clicked, this, &DiscardQuestion::discardWanted);
   keepTitlesWhole(*this);

@@ -29,19 +29,22 @@ class CloseQuestion : public QMessageBox {
 
  Q_SIGNALS:
   void leaveWanted();
-  /// Leave as soon as everything is stored. Only offered when no editor is open, and no outcome
-  /// needs a decision of the user.
+  /// Leave as soon as every outcome is stored that needs no decision of the user; open editors are
+  /// discarded. Only offered when there is such an outcome.
   void waitWanted();
   /// The user stays: with the button, with Escape, or by closing the question.
   void cancelled();
 };
 
-/// Shown while a window waits until everything is stored. Deletes itself after the answer.
+/// The outcomes that a window waits for before it leaves a store.
+enum class WaitFor { everything, outcomesWithoutDecision };
+
+/// Shown while a window waits until outcomes are stored. Deletes itself after the answer.
 class CloseWait : public QMessageBox {
   Q_OBJECT
 
  public:
-  CloseWait(Leaving leaving, QWidget* parent);
+  CloseWait(Leaving leaving, WaitFor what, QWidget* parent);
 
  Q_SIGNALS:
   void leaveWanted();

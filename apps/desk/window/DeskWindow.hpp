@@ -170,10 +170,11 @@ class DeskWindow : public QMainWindow, private DeskDisplay {
   Notice* notice_;
   WaitingBar* waiting_;
   ReadOnlyBar* readOnly_;
-  Announcement* announcement_;        // of changes that the window shows by themselves
-  QPointer<QMessageBox> question_;    ///< whether to close, or to discard; one at a time
-  bool mayClose_ = false;             ///< the user has decided to
-  std::function<void()> whenStored_;  ///< the next step once everything is stored
+  Announcement* announcement_;      // of changes that the window shows by themselves
+  QPointer<QMessageBox> question_;  ///< whether to close, or to discard; one at a time
+  bool mayClose_ = false;           ///< the user has decided to
+  /// The next step once every outcome is stored that needs no decision; called with the others.
+  std::function<void(const std::vector<WaitingNote>&)> whenStored_;
 };
 
 }  // namespace vemra::desk

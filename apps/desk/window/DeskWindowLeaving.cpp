@@ -7,6 +7,7 @@
 #include "apps/desk/window/WaitingBar.hpp"
 #include "apps/desk/window/WindowMemory.hpp"
 
+#include <algorithm>
 #include <utility>
 
 #include <QCloseEvent>
@@ -71,19 +72,34 @@ void DeskWindow::leave(std::function<void()> next) {
       this,
       [this, next = std::move(next)] {
         if (question_) question_->reject();
+        question_ = nullptr;  // it may still exist, and `next` may ask again
         next();
       },
       Qt::QueuedConnection);
 }
 
 void DeskWindow::leaveWhenStored(Leaving leaving, std::function<void()> next) {
-  auto* wait = new CloseWait(leaving, this);
+  const std::vector<WaitingNote> waiting = controller_->waiting();
+  std::vector<std::string> left;  // the outcomes that the user knows to stay in the journal
+  for (const WaitingNote& note : waiting) {
+    if (note.needsDecision && note.unkept.isEmpty()) left.push_back(note.id);
+  }
+  const bool forAll = std::ranges::none_of(waiting, &WaitingNote::needsDecision);
+  auto* wait =
+      new CloseWait(leaving, forAll ? WaitFor::everything : WaitFor::outcomesWithoutDecision, this);
   question_ = wait;
-  whenStored_ = std::move(next);
-  connect(wait, &CloseWait::leaveWanted, this, [this] { leave(whenStored_); });
+  connect(wait, &CloseWait::leaveWanted, this, [this, next] { leave(next); });
   connect(wait, &CloseWait::cancelled, this, [this] { whenStored_ = nullptr; });
+  whenStored_ = [this, leaving, left = std::move(left),
+                 next = std::move(next)](const std::vector<WaitingNote>& rest) {
+    const bool isAsAgreed = std::ranges::all_of(rest, [&](const WaitingNote& note) {
+      return note.unkept.isEmpty() && std::ranges::find(left, note.id) != left.end();
+    });
+    // An outcome that came to need a decision meanwhile is another question.
+    leave(isAsAgreed ? next : [this, leaving, next] { leaveThen(leaving, next); });
+  };
   wait->open();
-  showWaiting(controller_->waiting());  // it may have been stored meanwhile
+  showWaiting(controller_->waiting());  // they may have been stored meanwhile
 }
 
 void DeskWindow::askToDiscardWaiting() {
@@ -103,7 +119,9 @@ void DeskWindow::askToDiscardWaiting() {
 
 void DeskWindow::showWaiting(const std::vector<WaitingNote>& waiting) {
   waiting_->setWaiting(waiting);
-  if (waiting.empty() && whenStored_) leave(whenStored_);
+  if (!whenStored_ || !std::ranges::all_of(waiting, &WaitingNote::needsDecision)) return;
+  const auto end = std::exchange(whenStored_, nullptr);
+  end(waiting);
 }
 
 void DeskWindow::noteStored(const std::string& id) {

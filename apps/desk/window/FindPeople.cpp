@@ -27,7 +27,10 @@ ui::NodeID listUnder(const ui::Node& node, std::size_t count) {
 
 FindPeople::FindPeople(GoalScreens& screens, QObject* parent)
     : QObject(parent), screens_(screens), bar_(new FindBar) {
-  connect(bar_, &FindBar::textChanged, this, [this] { search(row_); });
+  connect(bar_, &FindBar::textChanged, this, [this] {
+    search(row_);
+    bar_->setHasHit(hit_.has_value());
+  });
   connect(bar_, &FindBar::nextWanted, this, &FindPeople::next);
   connect(bar_, &FindBar::previousWanted, this, &FindPeople::previous);
   connect(bar_, &FindBar::hitWanted, this, &FindPeople::goToHit);
@@ -75,9 +78,8 @@ void FindPeople::search(std::size_t from) {
   const LoadedGoal* goal = screens_.currentGoal();
   if (goal && origin_ && !bar_->text().isEmpty()) {
     search_.start(goal->snapshot, bar_->text(), from);
-  } else {
-    showResult();
   }
+  showResult();
 }
 
 void FindPeople::step(int by) {
@@ -108,7 +110,8 @@ void FindPeople::show(std::size_t hit) {
 }
 
 void FindPeople::showResult() {
-  // During a search the buttons stay as they are: each change of the store starts one.
+  // During a search the buttons stay as they are: each change of the store starts one. Another text
+  // disables them until its first hit.
   const bool isSearching = !bar_->text().isEmpty() && !search_.isDone();
   if (hit_ || !isSearching) bar_->setHasHit(hit_.has_value());
   if (bar_->text().isEmpty()) {

@@ -204,14 +204,22 @@ std::vector<WaitingOutcome> WaitingOutcomes::takeUnkept() {
 std::vector<WaitingNote> WaitingOutcomes::notes() const {
   const Clock::time_point now = Clock::now();
   std::vector<WaitingNote> notes;
+  std::vector<const WaitingOutcome*> undecided;
   for (const Entry& entry : entries_) {
     if (entry.isDiscarded) continue;
+    // Each pass holds back the later outcomes of the same goal.
+    const bool isBehind = std::ranges::any_of(undecided, [&](const WaitingOutcome* earlier) {
+      return text::equal(earlier->goalID, entry.outcome.goalID) &&
+             earlier->store == entry.outcome.store;
+    });
+    const bool needsDecision = entry.needsDecision || isBehind;
+    if (needsDecision) undecided.push_back(&entry.outcome);
     const bool isNew = entry.reason.isEmpty() && now < entry.since + unnoticed;
     if (isNew && entry.isKept && entry.unkept.isEmpty()) continue;
     notes.push_back({entry.outcome.id,
                      fromUTF8(GoalOutcomeRecordingFormLogic::label(entry.outcome.input.outcome())),
                      fromUTF8(entry.outcome.subjectName), fromUTF8(entry.outcome.goalTitle),
-                     entry.reason, entry.unkept, entry.needsDecision});
+                     entry.reason, entry.unkept, needsDecision});
   }
   return notes;
 }

@@ -28,7 +28,8 @@ struct WaitingNote {
   QString reason;     ///< why the last try failed; "" during the first try
   QString
       unkept;  ///< why it is not in the journal and would be lost at the end of the program; or ""
-  bool needsDecision = false;  ///< no later try succeeds until the user asks for it
+  /// It is not stored until the user decides, about it or about an earlier outcome of its goal.
+  bool needsDecision = false;
 };
 
 /// The outcomes between "Save" and the store. Each is first written into the store's journal and

@@ -1227,5 +1227,25 @@
         <source>This goal has changed.</source>
         <translation>Dieses Ziel hat sich geändert.</translation>
     </message>
+    <message>
+        <source>Discard drafts and close now</source>
+        <translation>Entwürfe verwerfen und jetzt schließen</translation>
+    </message>
+    <message>
+        <source>Discard drafts and open now</source>
+        <translation>Entwürfe verwerfen und jetzt öffnen</translation>
+    </message>
+    <message>
+        <source>Discard drafts and wait until stored</source>
+        <translation>Entwürfe verwerfen und warten, bis gespeichert ist</translation>
+    </message>
+    <message>
+        <source>The window closes as soon as everything is stored that does not need your decision.</source>
+        <translation>Das Fenster schließt sich, sobald alles gespeichert ist, was keine Entscheidung von Ihnen braucht.</translation>
+    </message>
+    <message>
+        <source>The other store is opened as soon as everything is stored that does not need your decision.</source>
+        <translation>Der andere Speicher wird geöffnet, sobald alles gespeichert ist, was keine Entscheidung von Ihnen braucht.</translation>
+    </message>
 </context>
 </TS>

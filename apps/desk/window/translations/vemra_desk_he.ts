@@ -1227,5 +1227,25 @@
         <source>This goal has changed.</source>
         <translation>המטרה הזאת השתנתה.</translation>
     </message>
+    <message>
+        <source>Discard drafts and close now</source>
+        <translation>מחיקת הטיוטות וסגירה עכשיו</translation>
+    </message>
+    <message>
+        <source>Discard drafts and open now</source>
+        <translation>מחיקת הטיוטות ופתיחה עכשיו</translation>
+    </message>
+    <message>
+        <source>Discard drafts and wait until stored</source>
+        <translation>מחיקת הטיוטות והמתנה עד לשמירה</translation>
+    </message>
+    <message>
+        <source>The window closes as soon as everything is stored that does not need your decision.</source>
+        <translation>החלון ייסגר ברגע שיישמר כל מה שאינו דורש את החלטתך.</translation>
+    </message>
+    <message>
+        <source>The other store is opened as soon as everything is stored that does not need your decision.</source>
+        <translation>המאגר האחר ייפתח ברגע שיישמר כל מה שאינו דורש את החלטתך.</translation>
+    </message>
 </context>
 </TS>

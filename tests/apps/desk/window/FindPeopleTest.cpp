@@ -21,21 +21,24 @@ namespace {
 class FindPeopleTest : public OpenDesk {
  protected:
   FindPeopleTest() {
-    GetGoalSnapshotResponse result = goal("g1", "Ziel");
-    std::vector<GoalPersonCandidateDTO> people;
-    for (int i = 0; i < 300; ++i) {
-      people.push_back(build::person("p" + std::to_string(i),
-                                     (i % 10 == 5 ? "Zo\u00eb " : "Ada ") + std::to_string(i), {},
-                                     GoalWhyDTO::connection(2)));
-    }
-    result.people = people;
-    GoalStore::open(file).import({result, goal("g2", "Zwei")});
+    GoalStore::open(file).import({goalWith(300), goal("g2", "Zwei")});
     open("g1");
     window->resize(900, 600);
     wait<QAbstractButton>("vemra.goal.person.p1.outcome.start");
     qttest::activate(*window);
   }
 
+  static GetGoalSnapshotResponse goalWith(int count, const std::string& id = "g1") {
+    GetGoalSnapshotResponse result = goal(id, "Ziel");
+    std::vector<GoalPersonCandidateDTO> people;
+    for (int i = 0; i < count; ++i) {
+      people.push_back(build::person("p" + std::to_string(i),
+                                     (i % 10 == 5 ? "Zo\u00eb " : "Ada ") + std::to_string(i), {},
+                                     GoalWhyDTO::connection(2)));
+    }
+    result.people = people;
+    return result;
+  }
   void type(const QString& text) const {
     Q_EMIT window->findChild<MenuBar*>()->findWanted();
     if (auto* field = wait<QLineEdit>("desk.find.text")) field->setText(text);
@@ -134,6 +137,26 @@ TEST_F(FindPeopleTest, WithoutAHitThereIsNothingToGoTo) {
   EXPECT_TRUE(areEnabled(false));
   EXPECT_EQ(window->focusWidget(), &field()) << "also while another window is active";
   EXPECT_TRUE(find<QPushButton>("desk.find.close")->isEnabled());
+}
+
+TEST_F(FindPeopleTest, AnotherTextEndsTheAnswerOfThePreviousTextAtOnce) {
+  GoalStore::open(file).import({goalWith(30'000, "many")});
+  press("desk.goal.many");
+  ASSERT_TRUE(becomes([&] { return window->screen().contentHeight() > 1'000'000; }));
+  type("ada 19");
+  ASSERT_TRUE(
+      becomes([&] { return find<QLabel>("desk.find.result")->text().startsWith("1 of "); }));
+  for (const char* text : {"nobody", "zo\u00eb 15"}) {
+    field().setText("ada 2999");
+    ASSERT_TRUE(becomes([&] { return find<QPushButton>("desk.find.next")->isEnabled(); }));
+    field().setText(QString::fromUtf8(text));
+    EXPECT_EQ(find<QLabel>("desk.find.result")->text(), "Searching…") << text;
+    EXPECT_EQ(field().accessibleDescription(), "Searching…") << text;
+    EXPECT_FALSE(find<QPushButton>("desk.find.next")->isEnabled()) << text;
+    EXPECT_EQ(find<QWidget>("desk.find.mark"), nullptr) << text;
+  }
+  EXPECT_TRUE(becomes([&] { return find<QLabel>("desk.find.result")->text().contains(" of "); }))
+      << "the end of the search has its own answer";
 }
 
 TEST_F(FindPeopleTest, TheNumbersHaveTheDigitsOfTheUsersLocale) {

@@ -153,7 +153,7 @@ TEST_F(NarrowBarsTest, EachBoxStacksTheButtonsThatItsScreenHasNoRoomFor) {
       [&] {
         new CloseQuestion(Leaving::closeWindow, {{}, waiting}, &window);
       },
-      [&] { new CloseWait(Leaving::openAnotherStore, &window); },
+      [&] { new CloseWait(Leaving::openAnotherStore, WaitFor::everything, &window); },
       [&] { new DiscardQuestion(waiting, &window); },
       [&] { showAbout(window); },
   };

@@ -51,6 +51,35 @@ class WaitingCloseTest : public OpenDesk {
     GoalStore::open(store).import({goal("o", "Other")});
     return store;
   }
+  /// Adds an outcome of another store to the journal of the locked store, and opens a window on both.
+  void waitWithAnOutcomeThatNeedsADecision() {
+    unlock();
+    ASSERT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") == nullptr; }));
+    close();
+    OutcomeJournal(file).add(ofAnotherStore());
+    open("a");
+    wait<QWidget>("desk.waiting");
+    ASSERT_EQ(other->run("BEGIN IMMEDIATE"), "");
+    press(person + ".outcome.correct");
+    press(person + ".outcome.save");
+    EXPECT_TRUE(becomes([&] {
+      return texts("desk.waiting").join('\n').contains("Not stored yet (2):");
+    })) << texts("desk.waiting").join('\n').toStdString();
+  }
+  static WaitingOutcome ofAnotherStore() {
+    return {"x",
+            "inode 1",
+            "2025-01-05T10:00:00Z",
+            "a",
+            "First",
+            "Ada",
+            GoalOutcomeRecordingInput{GoalOutcomeSubjectKind::person, "p1",
+                                      GoalOutcomeValue::helped, std::nullopt, std::nullopt}};
+  }
+  QString titleOf(const std::string& button) const {
+    auto* found = wait<QAbstractButton>(button);
+    return found != nullptr ? found->text().simplified() : QString();
+  }
   bool showsOther() const {
     return becomes([&] { return shows("Other", "desk.goals"); });
   }
@@ -171,10 +200,7 @@ TEST_F(WaitingCloseTest, AnOutcomeThatNeedsADecisionIsNotSaidToBeStoredLater) {
   unlock();
   ASSERT_TRUE(becomes([&] { return find<QWidget>("desk.waiting") == nullptr; }));
   close();
-  OutcomeJournal(file).add(
-      {"x", "inode 1", "2025-01-05T10:00:00Z", "a", "First", "Ada",
-       GoalOutcomeRecordingInput{GoalOutcomeSubjectKind::person, "p1", GoalOutcomeValue::helped,
-                                 std::nullopt, std::nullopt}});
+  OutcomeJournal(file).add(ofAnotherStore());
   open("a");
   wait<QWidget>("desk.waiting");
   window->close();
@@ -184,6 +210,69 @@ TEST_F(WaitingCloseTest, AnOutcomeThatNeedsADecisionIsNotSaidToBeStoredLater) {
       "What is not stored yet is kept beside the store, until you try again or discard it."))
       << question->informativeText().toStdString();
   EXPECT_EQ(find<QAbstractButton>("desk.question.wait"), nullptr) << "it would wait for ever";
+}
+
+TEST_F(WaitingCloseTest, TheWindowWaitsForWhatNeedsNoDecisionAndLeavesTheRestInTheJournal) {
+  waitWithAnOutcomeThatNeedsADecision();
+  window->close();
+  press("desk.question.wait");
+  auto* waiting = wait<QMessageBox>("desk.wait");
+  ASSERT_NE(waiting, nullptr);
+  EXPECT_EQ(waiting->text(),
+            "The window closes as soon as everything is stored that does not need your decision.");
+  pass(300);
+  EXPECT_TRUE(window->isVisible());
+  unlock();
+  EXPECT_TRUE(isClosed());
+  EXPECT_EQ(recorded(), 2u);
+  const auto kept = OutcomeJournal(file).read();
+  ASSERT_EQ(kept.size(), 1u);
+  EXPECT_EQ(kept[0].id, "x");
+}
+
+TEST_F(WaitingCloseTest, AnOutcomeThatComesToNeedADecisionEndsTheWaitWithAQuestion) {
+  window->close();
+  press("desk.question.wait");
+  ASSERT_NE(wait<QMessageBox>("desk.wait"), nullptr);
+  std::filesystem::rename(otherStore(), file);
+  unlock();
+  auto* question = wait<QMessageBox>("desk.question");
+  ASSERT_NE(question, nullptr);
+  EXPECT_TRUE(question->informativeText().endsWith("until you try again or discard it."))
+      << question->informativeText().toStdString();
+  EXPECT_EQ(find<QAbstractButton>("desk.question.wait"), nullptr);
+  EXPECT_EQ(find<QMessageBox>("desk.wait"), nullptr);
+  EXPECT_TRUE(window->isVisible());
+  press("desk.question.close");
+  EXPECT_TRUE(isClosed());
+  EXPECT_EQ(OutcomeJournal(file).read().size(), 1u);
+}
+
+TEST_F(WaitingCloseTest, WithAnOpenEditorTheWindowWaitsOnceThePersonGivesTheDraftUp) {
+  press(person + ".outcome.start");
+  window->close();
+  auto* question = wait<QMessageBox>("desk.question");
+  ASSERT_NE(question, nullptr);
+  EXPECT_EQ(titleOf("desk.question.wait"), "Discard drafts and wait until stored");
+  EXPECT_EQ(titleOf("desk.question.close"), "Discard drafts and close now");
+  EXPECT_EQ(question->defaultButton(), question->button(QMessageBox::Cancel));
+  press("desk.question.wait");
+  ASSERT_NE(wait<QMessageBox>("desk.wait"), nullptr);
+  pass(300);
+  EXPECT_TRUE(window->isVisible());
+  unlock();
+  EXPECT_TRUE(isClosed());
+  EXPECT_EQ(recorded(), 1u);
+}
+
+TEST_F(WaitingCloseTest, AnotherStoreIsOpenedWithoutTheDraftAndTheJournalKeepsTheOutcome) {
+  press(person + ".outcome.start");
+  choose(otherStore());
+  EXPECT_EQ(titleOf("desk.question.wait"), "Discard drafts and wait until stored");
+  EXPECT_EQ(titleOf("desk.question.close"), "Discard drafts and open now");
+  press("desk.question.close");
+  EXPECT_TRUE(showsOther());
+  EXPECT_EQ(OutcomeJournal(file).read().size(), 1u);
 }
 
 TEST_F(WaitingCloseTest, TheEndWaitsForTheTasksOfAStoreThatWasReplaced) {

@@ -212,6 +212,14 @@ TEST_F(WaitingOutcomesTest, AfterARestartNoOutcomeIsRecordedInAnotherStoreUnaske
   EXPECT_THAT(recorded(), ElementsAre("a"));
 }
 
+TEST_F(WaitingOutcomesTest, AnOutcomeBehindOneThatNeedsADecisionNeedsItToo) {
+  for (const char* id : {"a", "b"}) journal.add(entry(id, "gone"));
+  start();
+  ASSERT_TRUE(waitsWith("has no goal"));
+  EXPECT_TRUE(becomes([&] { return waiting->notes().size() == 2; }));
+  EXPECT_TRUE(waiting->notes()[1].needsDecision) << "no pass comes to it";
+}
+
 TEST_F(WaitingOutcomesTest, TryingAgainReachesAStoreThatCameAMomentAgo) {
   start();
   add("a", "gone");
