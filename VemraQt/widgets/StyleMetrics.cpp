@@ -86,8 +86,11 @@ void breakLines(const page::Node& leaf, ShownLeaf& shown, const QFont& font, int
   }
   shown.otherWidths.clear();
   shown.shape = TextShape::ofAnyLength(toQString(leaf.element.shownLabel()), font, width);
-  shown.longText.reset();
-  if (shown.shape.parts()) shown.longText.emplace(leaf.element);
+  if (shown.shape.parts()) {
+    shown.longText = leaf.element;
+  } else {
+    shown.longText.reset();
+  }
 }
 
 template <class Option>

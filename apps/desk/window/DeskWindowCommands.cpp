@@ -206,9 +206,8 @@ void DeskWindow::focusPane(int step) {
   const std::ptrdiff_t before = now == panes.end() ? (step > 0 ? -1 : 0) : now - panes.begin();
   const Panes::Pane pane = panes[static_cast<std::size_t>((before + step + count) % count)];
   if (screen().isAncestorOf(focusWidget())) {
-    leftPlace_ = {&screen(), qt::readingPlace(screen())};
-  } else if (focusWidget() == &screen()) {
-    leftPlace_ = {};  // the page itself has the focus, no control of it
+    leftPlace_ = {&screen(),
+                  qt::readingPlace(screen())};  // also where the page itself has the focus
   }
   panes_->bringToFront(pane);
   if (pane == Panes::Pane::goals) {
