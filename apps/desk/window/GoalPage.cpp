@@ -1,11 +1,11 @@
 #include "apps/desk/window/GoalPage.hpp"
 
 #include "apps/desk/window/FocusRing.hpp"
-#include "apps/desk/window/LastInput.hpp"
 #include "apps/desk/window/PlainText.hpp"
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 #include <variant>
 
 #include <QEvent>
@@ -97,25 +97,43 @@ bool GoalPage::event(QEvent* event) {
                             event->type() == QEvent::Resize;
   if (changesLines) limitLines();
   if (event->type() == QEvent::Resize) ring_->setGeometry(rect());
+  if (event->type() == QEvent::WindowActivate) updateRing(lastInput());
   return handled;
 }
 
-/// A click beside the controls gives the page the focus too; that needs no ring. A window that
-/// becomes active, or a menu that closes, changes nothing of this.
+/// A click beside the controls gives the page the focus too; that needs no ring.
 void GoalPage::focusInEvent(QFocusEvent* event) {
   qt::ViewWidget::focusInEvent(event);
   const Qt::FocusReason reason = event->reason();
-  if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason) return;
-  const bool isByKeyboard =
-      reason == Qt::OtherFocusReason ? lastInput() == Input::key : reason != Qt::MouseFocusReason;
-  ring_->setVisible(isByKeyboard && hasFocus());
-  ring_->raise();
+  const bool isReturn = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+  if (isReturn || reason == Qt::OtherFocusReason) {
+    if (!isReturn) isFocusOfWindow_ = false;  // a new focus
+    updateRing(lastInput());
+  } else {
+    isFocusOfWindow_ = false;
+    updateRing(reason == Qt::MouseFocusReason ? Input::mouse : Input::key);
+  }
 }
 
 void GoalPage::focusOutEvent(QFocusEvent* event) {
   qt::ViewWidget::focusOutEvent(event);
-  const Qt::FocusReason reason = event->reason();
-  if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) ring_->hide();
+  updateRing(lastInput());
+}
+
+void GoalPage::hideEvent(QHideEvent* event) {
+  qt::ViewWidget::hideEvent(event);
+  isFocusOfWindow_ = false;
+  ring_->hide();
+}
+
+/// While another window or a menu has the focus, the window remembers its focus widget. So the ring
+/// stays if that is still the page, and the focus can also be moved meanwhile.
+void GoalPage::updateRing(Input cause) {
+  const bool isNow = isVisible() && window()->focusWidget() == this;
+  const bool wasBefore = std::exchange(isFocusOfWindow_, isNow);
+  if (isNow == wasBefore) return;
+  ring_->setVisible(isNow && cause == Input::key);
+  ring_->raise();
 }
 
 void GoalPage::limitLines() {

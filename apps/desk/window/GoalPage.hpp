@@ -2,6 +2,7 @@
 
 #include "VemraQt/PageRows.hpp"
 #include "VemraQt/ViewWidget.hpp"
+#include "apps/desk/window/LastInput.hpp"
 
 namespace vemra::desk {
 
@@ -23,11 +24,16 @@ class GoalPage : public qt::ViewWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
 
  private:
   void limitLines();
+  /// Shows or hides the ring when the page has become or is no longer the focus widget of its
+  /// window.
+  void updateRing(Input cause);
 
   QWidget* ring_;
+  bool isFocusOfWindow_ = false;  ///< when the ring was updated last
 
   qt::ReadingPlace placeOfPress_;
   ui::EventObservation presses_;

@@ -6,6 +6,7 @@
 #include "tests/apps/desk/window/OpenDesk.hpp"
 
 #include <QImage>
+#include <QMessageBox>
 #include <QMouseEvent>
 
 namespace vemra::desk {
@@ -83,6 +84,49 @@ TEST_F(PageRingTest, TheRingIsStillThereAfterAnotherWindowWasActive) {
   { const qttest::OtherWindow other; }
   qttest::activate(*window);
   EXPECT_TRUE(hasRing());
+}
+
+TEST_F(PageRingTest, TheRingEndsWhenAnAnswerMovesTheFocusToAnotherPage) {
+  GoalStore::open(file).import({goal("b", "Second")});
+  press("vemra.goal.person.p1.outcome.start");
+  wait<QWidget>("vemra.goal.person.p1.outcome.note");
+  press("desk.goal.b");
+  const QWidget* first = &window->screen();
+  ASSERT_TRUE(becomes([&] { return &window->screen() != first; }));
+  wait<QWidget>("desk.goal.b")->setFocus();
+  pressF6();
+  ASSERT_EQ(window->focusWidget(), &window->screen());
+  ASSERT_TRUE(hasRing());
+  window->close();
+  auto* question = wait<QMessageBox>("desk.question");
+  ASSERT_NE(question, nullptr);
+  question->button(QMessageBox::Cancel)->click();
+  ASSERT_TRUE(becomes([&] { return &window->screen() == first; }));
+  auto* note = wait<QWidget>("vemra.goal.person.p1.outcome.note");
+  EXPECT_TRUE(becomes([&] { return window->focusWidget() == note; }));
+  EXPECT_FALSE(hasRing());
+  press("desk.goal.b");
+  ASSERT_TRUE(becomes([&] { return &window->screen() != first; }));
+  EXPECT_FALSE(window->screen().hasFocus());
+  EXPECT_FALSE(hasRing()) << "the ring of the second page stays hidden";
+}
+
+TEST_F(PageRingTest, AFocusThatMovesWhileAnotherWindowIsActiveShowsOrHidesTheRing) {
+  QWidget& row = *window->findChild<QWidget*>("desk.goal.a");
+  row.setFocus();
+  pressKey(row, Qt::Key_F1);
+  {
+    const qttest::OtherWindow other;
+    window->screen().setFocus(Qt::OtherFocusReason);
+  }
+  qttest::activate(*window);
+  EXPECT_TRUE(hasRing());
+  {
+    const qttest::OtherWindow other;
+    row.setFocus();
+  }
+  qttest::activate(*window);
+  EXPECT_FALSE(hasRing());
 }
 
 }  // namespace
