@@ -64,6 +64,14 @@ class TryReleases(unittest.TestCase):
         self.assertEqual(self.asked(), ["trixie -- scripts/test --quick"])
         self.assertEqual(self.rows(run), [["trixie", "-", "s", "10", "9", "0", "1", "-", "fine"]])
 
+    def test_the_run_of_a_new_machine_has_no_cache_of_the_compilers(self):
+        run = self.run_with("--cache", "kept", "trixie")
+        self.assertEqual(run.returncode, 0, run.stderr)
+        cache = f"--cache {self.root.resolve()}/kept/trixie"
+        self.assertEqual(self.asked(), [
+            "trixie -- scripts/run", f"trixie {cache} -- scripts/test", f"trixie {cache} -- scripts/package --check",
+            "trixie --with build/releases/trixie-packages -- scripts/try-packages /src/with"])
+
     def test_a_release_that_fails_is_in_the_table_and_the_next_is_tried(self):
         run = self.run_with("--working-tree", "red", "broken", "trixie", "--", "scripts/test")
         self.assertEqual(run.returncode, 1)
